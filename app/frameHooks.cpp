@@ -1,0 +1,12 @@
+#include "app/frameHooks.h"
+
+FrameHooks& TheFrameHooks()
+{
+    static FrameHooks hooks;
+    return hooks;
+}
+
+void FrameHooksReset()
+{
+    TheFrameHooks() = {};
+}

@@ -1,0 +1,24 @@
+// app/help.h: the help commands. The viewer stands behind hooks, so that a module can ask for a topic.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+/// What the help viewer offers; each answers false when it can't show what was asked. Bound by the composition.
+struct HelpHooks {
+    std::function<bool()> ShowContents;
+    std::function<bool()> ShowIndex;
+    std::function<bool(const QString& query)> ShowSearch;
+    std::function<bool(int helpNumber)> ShowTopic;
+    std::function<void()> EnterWhatsThis;
+    std::function<void()> ShowAbout;
+};
+HelpHooks& TheHelpHooks();
+
+/// The help commands of the frame by help number: 11901 About, 11971 contents, 11973 index, 11975 search,
+/// 11979 the maker's site. Any other number does nothing.
+void HelpCommand(int id);
+
+/// Shows the topic of a help number. When the viewer can't and no message is showing: message 12702 with the number.
+void ShowHelp(int helpNumber);

@@ -1,0 +1,47 @@
+#include "app/seams.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QThread>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+Seams Defaults()
+{
+    Seams seams;
+    seams.Now = [] { return QDateTime::currentDateTime(); };
+    seams.PumpEvents = [] { QCoreApplication::processEvents(); };
+    seams.PumpUntil = [](const std::function<bool()>& done) {
+        while (!done())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    };
+    seams.StartTimer = [](int milliseconds, std::function<void()> tick) {
+        QTimer::singleShot(milliseconds, qApp, std::move(tick));
+    };
+    seams.Sleep = [](int milliseconds) { QThread::msleep(static_cast<unsigned long>(milliseconds)); };
+    seams.BrowseFolder = [](const FolderQuestion&) { return QString(); };
+    seams.OpenFile = [](const OpenFileQuestion&) { return QString(); };
+    seams.SystemBox = [](const QString& title, const QString& text) {
+        std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
+    };
+    seams.MoveToTrash = [](const QString& path) { return QFile::moveToTrash(path); };
+    seams.OpenUrl = [](const QUrl&) { return false; };
+    seams.ArrowKeyIsHeld = [] { return false; };
+    return seams;
+}
+
+} // namespace
+
+Seams& TheSeams()
+{
+    static Seams seams = Defaults();
+    return seams;
+}
+
+void SeamsReset()
+{
+    TheSeams() = Defaults();
+}

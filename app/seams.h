@@ -1,0 +1,57 @@
+// app/seams.h: what the program asks of the outside world, so that a test can answer in its place.
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+#include <QUrl>
+
+#include <functional>
+
+/// The question of the folder browser.
+struct FolderQuestion {
+    QString Title;
+    QString Start; ///< folder selected at open
+};
+
+/// The question of an open dialog. `Filters` are "description|pattern" pairs, the first one selected.
+struct OpenFileQuestion {
+    QString Title;
+    QString InitialFolder;
+    QStringList Filters;
+};
+
+/// Every member has a default that works without a display: no dialog is answered, time is the system's.
+struct Seams {
+    std::function<QDateTime()> Now;
+
+    /// Runs the events that wait and returns.
+    std::function<void()> PumpEvents;
+
+    /// Runs events, sleeping between them, until `done` answers true.
+    std::function<void(const std::function<bool()>& done)> PumpUntil;
+
+    /// Calls `tick` once, `milliseconds` from now, from the message loop.
+    std::function<void(int milliseconds, std::function<void()> tick)> StartTimer;
+
+    /// Stops the thread, without events.
+    std::function<void(int milliseconds)> Sleep;
+
+    /// Full path, or empty when the user cancelled.
+    std::function<QString(const FolderQuestion&)> BrowseFolder;
+    std::function<QString(const OpenFileQuestion&)> OpenFile;
+
+    /// A plain system box with the exclamation icon, for what is said before texts are up.
+    std::function<void(const QString& title, const QString& text)> SystemBox;
+
+    std::function<bool(const QString& path)> MoveToTrash;
+    std::function<bool(const QUrl&)> OpenUrl;
+
+    /// True while one of the arrow keys Up and Down is held.
+    std::function<bool()> ArrowKeyIsHeld;
+};
+
+Seams& TheSeams();
+
+/// Puts every seam back to its default.
+void SeamsReset();

@@ -1,0 +1,185 @@
+#include "closed/loader.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QLibrary>
+#include <QStringList>
+
+#include <cstring>
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr int kModuleCount = 6;
+
+struct ModuleTables {
+    TvGenApi Gen{};
+    TvLngApi Lng{};
+    TvScpiApi Scpi{};
+    TvFioApi Fio{};
+    TvSwpApi Swp{};
+    TvImgApi Img{};
+    std::array<bool, kModuleCount> Bound{};
+};
+
+ModuleTables& Tables()
+{
+    static ModuleTables tables;
+    return tables;
+}
+
+constexpr std::array<const char*, kModuleCount> kBaseNames{ "tvgen", "tvlng", "tvscpi", "tvfio", "tvswp", "tvimg" };
+
+QString ModuleSuffix()
+{
+#if defined(Q_OS_WIN)
+    return QStringLiteral(".dll");
+#elif defined(Q_OS_MACOS)
+    return QStringLiteral(".dylib");
+#else
+    return QStringLiteral(".so");
+#endif
+}
+
+using BindEntry = int16_t (*)(void* api);
+
+/// Binds into a fresh table and takes it over only when every operation is there.
+template <typename Api>
+bool BindTable(BindEntry entry, Api& target)
+{
+    Api fresh{};
+    fresh.Size = sizeof(Api);
+    if (entry(&fresh) != 0)
+        return false;
+    target = fresh;
+    return true;
+}
+
+bool BindModule(Module module, BindEntry entry)
+{
+    ModuleTables& tables = Tables();
+    switch (module) {
+    case Module::General:
+        return BindTable(entry, tables.Gen);
+    case Module::Language:
+        return BindTable(entry, tables.Lng);
+    case Module::Channel:
+        return BindTable(entry, tables.Scpi);
+    case Module::ListStore:
+        return BindTable(entry, tables.Fio);
+    case Module::Traces:
+        return BindTable(entry, tables.Swp);
+    case Module::Pictures:
+        return BindTable(entry, tables.Img);
+    }
+    return false;
+}
+
+/// The text before each version record, joined here so that this file does not hold it as a literal.
+QByteArray VersionMagic()
+{
+    QByteArray magic("Tv-Version");
+    magic.append("-Mark");
+    magic.append('\x01');
+    return magic;
+}
+
+QString VersionText(const uint16_t (&parts)[4])
+{
+    QStringList texts;
+    for (const uint16_t part : parts)
+        texts.append(QString::number(part));
+    return texts.join(u'.');
+}
+
+} // namespace
+
+QString ModuleFileName(Module module)
+{
+    return QString::fromLatin1(kBaseNames[static_cast<size_t>(module)]) + ModuleSuffix();
+}
+
+bool ModuleLoad(Module module, const QString& folder)
+{
+    const QString path = folder + ModuleFileName(module);
+    if (!QFileInfo(path).isFile())
+        return false;
+
+    QLibrary check(path);
+    check.setLoadHints(QLibrary::ResolveAllSymbolsHint);
+    if (!check.load())
+        return false;
+    const auto entry = reinterpret_cast<BindEntry>(check.resolve("VbLoad"));
+    if (entry == nullptr || !BindModule(module, entry)) {
+        check.unload();
+        return false;
+    }
+
+    // The bound operations point into the library, so one reference outlives the check's own.
+    static std::vector<std::unique_ptr<QLibrary>> bound;
+    auto& keeper = bound.emplace_back(std::make_unique<QLibrary>(path));
+    keeper->load();
+    check.unload();
+    ModuleMarkBound(module);
+    return true;
+}
+
+bool ModuleIsBound(Module module)
+{
+    return Tables().Bound[static_cast<size_t>(module)];
+}
+
+void ModuleMarkBound(Module module)
+{
+    Tables().Bound[static_cast<size_t>(module)] = true;
+}
+
+TvGenApi& TvGen()
+{
+    return Tables().Gen;
+}
+
+TvLngApi& TvLng()
+{
+    return Tables().Lng;
+}
+
+TvScpiApi& TvScpi()
+{
+    return Tables().Scpi;
+}
+
+TvFioApi& TvFio()
+{
+    return Tables().Fio;
+}
+
+TvSwpApi& TvSwp()
+{
+    return Tables().Swp;
+}
+
+TvImgApi& TvImg()
+{
+    return Tables().Img;
+}
+
+void ModulesReset()
+{
+    Tables() = {};
+}
+
+std::optional<FileVersion> ReadFileVersion(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray bytes = file.readAll();
+    const qsizetype at = bytes.indexOf(VersionMagic());
+    if (at < 0 || bytes.size() - at < static_cast<qsizetype>(sizeof(TvVersionRecord)))
+        return std::nullopt;
+    TvVersionRecord record;
+    std::memcpy(&record, bytes.constData() + at, sizeof record);
+    return FileVersion{ VersionText(record.FileVersion), VersionText(record.ProductVersion) };
+}

@@ -1,0 +1,52 @@
+// closed/loader.h: finds the closed modules beside the executable, loads and binds them, and gives their operations.
+#pragma once
+
+#include "closed/tvfio.h"
+#include "closed/tvgen.h"
+#include "closed/tvimg.h"
+#include "closed/tvlng.h"
+#include "closed/tvscpi.h"
+#include "closed/tvswp.h"
+
+#include <QString>
+
+#include <array>
+#include <optional>
+
+/// The modules, in the order in which the start-up checks them; the picture module is never checked at start.
+enum class Module { General, Language, Channel, ListStore, Traces, Pictures };
+
+inline constexpr std::array kModulesCheckedAtStart{ Module::General, Module::Language, Module::Channel,
+    Module::ListStore, Module::Traces };
+
+/// File name with the platform's suffix, for example "tvgen.so".
+QString ModuleFileName(Module module);
+
+/// Loads `module` from `folder` and binds its operations. False when the file is missing, is no library, has no
+/// `VbLoad`, or refuses the table; what was bound before then stays in force.
+[[nodiscard]] bool ModuleLoad(Module module, const QString& folder);
+
+/// True once the operations of `module` are bound.
+bool ModuleIsBound(Module module);
+
+/// The bound operations. Before binding every pointer is null, so callers that can run without a module ask
+/// `ModuleIsBound` first.
+TvGenApi& TvGen();
+TvLngApi& TvLng();
+TvScpiApi& TvScpi();
+TvFioApi& TvFio();
+TvSwpApi& TvSwp();
+TvImgApi& TvImg();
+
+/// Forgets what is bound. The libraries stay mapped for the life of the process.
+void ModulesReset();
+
+/// Marks `module` as bound after its table was filled by other means (a program that links the library).
+void ModuleMarkBound(Module module);
+
+/// File and product version as "a.b.c.d", read from the version record inside the file without loading it.
+struct FileVersion {
+    QString File;
+    QString Product;
+};
+std::optional<FileVersion> ReadFileVersion(const QString& path);

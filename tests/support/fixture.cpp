@@ -1,0 +1,80 @@
+#include "tests/support/fixture.h"
+
+#include "app/dialog.h"
+#include "app/frameHooks.h"
+#include "app/project.h"
+#include "app/seams.h"
+#include "closed/loader.h"
+
+#include <QFile>
+
+#include <ostream>
+
+namespace {
+
+template <typename Api>
+void Bind(Module module, Api& table, int16_t (*bind)(Api*))
+{
+    table = {};
+    table.Size = sizeof(Api);
+    ASSERT_EQ(bind(&table), 0);
+    ModuleMarkBound(module);
+}
+
+} // namespace
+
+void BindModules()
+{
+    Bind(Module::General, TvGen(), TvGenBind);
+    Bind(Module::Language, TvLng(), TvLngBind);
+    Bind(Module::Channel, TvScpi(), TvScpiBind);
+    Bind(Module::ListStore, TvFio(), TvFioBind);
+    Bind(Module::Traces, TvSwp(), TvSwpBind);
+    Bind(Module::Pictures, TvImg(), TvImgBind);
+}
+
+ProgramTest::ProgramTest()
+{
+    SeamsReset();
+    FrameHooksReset();
+    DialogReset();
+    ProgramReset();
+    TheMessage() = {};
+    BindModules();
+    Program().AppPath = Folder();
+}
+
+ProgramTest::~ProgramTest()
+{
+    DialogReset();
+    ModulesReset();
+}
+
+void ProgramTest::TearDown()
+{
+    answers_.Verify();
+}
+
+QString ProgramTest::Folder() const
+{
+    return folder_.path() + QLatin1Char('/');
+}
+
+QByteArray ProgramTest::Contents(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+void ProgramTest::Store(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}

@@ -1,0 +1,42 @@
+// tests/support/fixture.h: every test starts from the program's start values, with the modules bound in-process.
+#pragma once
+
+#include "tests/support/messages.h"
+
+#include <QString>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+/// Binds the operations of all modules from the libraries that the test links.
+void BindModules();
+
+class ProgramTest : public testing::Test {
+protected:
+    ProgramTest();
+    ~ProgramTest() override;
+
+    void TearDown() override;
+
+    MessageScript& Answers()
+    {
+        return answers_;
+    }
+
+    /// A folder of this test's own, ending in the separator.
+    QString Folder() const;
+    QString FilePath(const QString& name) const
+    {
+        return Folder() + name;
+    }
+
+    static QByteArray Contents(const QString& path);
+    static void Store(const QString& path, const QByteArray& bytes);
+
+private:
+    MessageScript answers_;
+    QTemporaryDir folder_;
+};
+
+/// So that a failed comparison prints texts and not bytes.
+void PrintTo(const QString& text, std::ostream* out);

@@ -1,0 +1,44 @@
+// tests/support/messages.h: a script of the messages that a test expects, with the answer to each.
+#pragma once
+
+#include "app/message.h"
+
+#include <QStringList>
+
+#include <deque>
+#include <functional>
+
+/// Stands in for the message form. A message that is not the next expected one fails the test, and so does an
+/// expected one that never came (checked at the end of the test by the fixture).
+class MessageScript {
+public:
+    MessageScript();
+    ~MessageScript();
+
+    /// Expects message `id` next and answers it. `args`, where given, must equal the arguments of the message.
+    void Expect(int id, int answer);
+    void Expect(int id, const QStringList& args, int answer);
+
+    /// The same; `during` runs while the message is showing.
+    void ExpectWhile(int id, int answer, std::function<void()> during);
+
+    /// Fails the test for each message that is still expected.
+    void Verify();
+
+private:
+    struct Step {
+        int Id = 0;
+        bool HasArgs = false;
+        QStringList Args;
+        int Answer = MsgNone;
+        std::function<void()> During;
+    };
+    void Present(MessageRequest& request);
+
+    std::deque<Step> steps_;
+};
+
+inline constexpr int Ok = MsgResultOk;
+inline constexpr int Cancel = MsgResultCancel;
+inline constexpr int Yes = MsgResultYes;
+inline constexpr int No = MsgResultNo;

@@ -1,0 +1,9 @@
+#pragma once
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <gtest/gtest.h>
+#include <vector>

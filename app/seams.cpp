@@ -27,6 +27,11 @@ Seams Defaults()
     seams.SystemBox = [](const QString& title, const QString& text) {
         std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
     };
+    seams.Region = [] {
+        static const QLocale system = QLocale::system(); // asking it reads the environment anew each time
+        return system;
+    };
+    seams.DefaultPrinter = [] { return QString(); };
     seams.MoveToTrash = [](const QString& path) { return QFile::moveToTrash(path); };
     seams.OpenUrl = [](const QUrl&) { return false; };
     seams.ArrowKeyIsHeld = [] { return false; };

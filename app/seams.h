@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QLocale>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
@@ -43,6 +44,12 @@ struct Seams {
 
     /// A plain system box with the exclamation icon, for what is said before texts are up.
     std::function<void(const QString& title, const QString& text)> SystemBox;
+
+    /// The region whose date, number and measurement habits the program follows.
+    std::function<QLocale()> Region;
+
+    /// Name of the system's default printer; empty without one.
+    std::function<QString()> DefaultPrinter;
 
     std::function<bool(const QString& path)> MoveToTrash;
     std::function<bool(const QUrl&)> OpenUrl;

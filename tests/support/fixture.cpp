@@ -36,6 +36,7 @@ void BindModules()
 ProgramTest::ProgramTest()
 {
     SeamsReset();
+    SetRegion(QLocale(QLocale::English, QLocale::UnitedStates));
     FrameHooksReset();
     DialogReset();
     ProgramReset();
@@ -48,6 +49,11 @@ ProgramTest::~ProgramTest()
 {
     DialogReset();
     ModulesReset();
+}
+
+void ProgramTest::SetRegion(const QLocale& region)
+{
+    TheSeams().Region = [region] { return region; };
 }
 
 void ProgramTest::TearDown()

@@ -3,6 +3,7 @@
 
 #include "tests/support/messages.h"
 
+#include <QLocale>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -29,6 +30,9 @@ protected:
     {
         return Folder() + name;
     }
+
+    /// The region that the program sees; English (United States) at the start of each test.
+    static void SetRegion(const QLocale& region);
 
     static QByteArray Contents(const QString& path);
     static void Store(const QString& path, const QByteArray& bytes);

@@ -12,6 +12,7 @@
 
 #define TVFIO_MAX_NAME 32 /* characters of a list's name, description, and of a record's texts */
 #define TVFIO_MAX_LINK_NAME 40 /* characters of the name of a linked K-factor table or correction set */
+#define TVFIO_MAX_ANGLES 1000 /* angles of one azimuth entry */
 #define TVFIO_TEXT_SIZE 256 /* a buffer of this size holds every text of the store */
 #define TVFIO_CORR_ENTRIES 1000 /* entries in each table of a correction set */
 

@@ -1,0 +1,128 @@
+// closed/tvfio/bytes.h: little-endian numbers and short texts in a run of bytes.
+#pragma once
+
+#include <bit>
+#include <concepts>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <string_view>
+#include <vector>
+
+using Bytes = std::vector<uint8_t>;
+using ByteView = std::span<const uint8_t>;
+
+class ByteWriter {
+public:
+    explicit ByteWriter(Bytes& target)
+        : target_(target)
+    {
+    }
+
+    template <std::integral Number>
+    void Int(Number value)
+    {
+        uint8_t* place = Grow(sizeof(Number));
+        auto rest = static_cast<std::make_unsigned_t<Number>>(value);
+        for (size_t i = 0; i < sizeof(Number); ++i)
+            place[i] = static_cast<uint8_t>(static_cast<uint64_t>(rest) >> (8 * i));
+    }
+
+    void Double(double value)
+    {
+        Int(std::bit_cast<uint64_t>(value));
+    }
+
+    /// A length byte, then the characters; `text` has at most 255.
+    void Text(std::string_view text)
+    {
+        Int(static_cast<uint8_t>(text.size()));
+        if (!text.empty())
+            std::memcpy(Grow(text.size()), text.data(), text.size());
+    }
+
+    /// Leaves room for a number that is known later; gives its place for `Patch`.
+    template <std::integral Number>
+    size_t Reserve()
+    {
+        const size_t at = target_.size();
+        Int(Number{});
+        return at;
+    }
+
+    /// Puts into the room at `at` the count of bytes that were written behind it.
+    template <std::integral Number>
+    void PatchLength(size_t at)
+    {
+        const uint64_t length = target_.size() - at - sizeof(Number);
+        for (size_t i = 0; i < sizeof(Number); ++i)
+            target_[at + i] = static_cast<uint8_t>(length >> (8 * i));
+    }
+
+private:
+    uint8_t* Grow(size_t count)
+    {
+        const size_t at = target_.size();
+        target_.resize(at + count);
+        return target_.data() + at;
+    }
+
+    Bytes& target_;
+};
+
+/// Reads what a ByteWriter wrote. Reading past the end gives zeros and leaves `Failed` true for good.
+class ByteReader {
+public:
+    explicit ByteReader(ByteView source)
+        : rest_(source)
+    {
+    }
+
+    [[nodiscard]] bool Failed() const
+    {
+        return failed_;
+    }
+
+    [[nodiscard]] size_t Remaining() const
+    {
+        return rest_.size();
+    }
+
+    template <std::integral Number>
+    Number Int()
+    {
+        const ByteView bytes = Take(sizeof(Number));
+        uint64_t value = 0;
+        for (size_t i = 0; i < bytes.size(); ++i)
+            value |= static_cast<uint64_t>(bytes[i]) << (8 * i);
+        return static_cast<Number>(value);
+    }
+
+    double Double()
+    {
+        return std::bit_cast<double>(Int<uint64_t>());
+    }
+
+    std::string_view Text()
+    {
+        const ByteView bytes = Take(Int<uint8_t>());
+        return { reinterpret_cast<const char*>(bytes.data()), bytes.size() };
+    }
+
+    /// The next `count` bytes, or nothing when there are fewer.
+    ByteView Take(size_t count)
+    {
+        if (count > rest_.size()) {
+            failed_ = true;
+            rest_ = {};
+            return {};
+        }
+        const ByteView taken = rest_.first(count);
+        rest_ = rest_.subspan(count);
+        return taken;
+    }
+
+private:
+    ByteView rest_;
+    bool failed_ = false;
+};

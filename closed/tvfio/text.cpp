@@ -1,0 +1,48 @@
+#include "closed/tvfio/text.h"
+
+namespace {
+
+bool IsControl(unsigned char letter)
+{
+    return (letter < 0x20 && letter != '\t') || letter == 0x7F;
+}
+
+/// The small letter of a Windows-1252 letter.
+unsigned char Fold(char letter)
+{
+    const auto code = static_cast<unsigned char>(letter);
+    if ((code >= 'A' && code <= 'Z') || (code >= 0xC0 && code <= 0xDE && code != 0xD7))
+        return static_cast<unsigned char>(code + 0x20);
+    switch (code) {
+    case 0x8A: // S, O-E and Z with their marks
+    case 0x8C:
+    case 0x8E:
+        return static_cast<unsigned char>(code + 0x10);
+    case 0x9F: // Y with two dots
+        return 0xFF;
+    default:
+        return code;
+    }
+}
+
+} // namespace
+
+FioStatus CheckText(std::string_view text, const TextRule& rule)
+{
+    if (text.size() > static_cast<size_t>(rule.MaxLength))
+        return rule.TooLong;
+    const bool hasControl = std::any_of(
+        text.begin(), text.end(), [](char letter) { return IsControl(static_cast<unsigned char>(letter)); });
+    return hasControl ? rule.Characters : FioStatus::Ok;
+}
+
+int CompareNoCase(std::string_view left, std::string_view right)
+{
+    const size_t common = std::min(left.size(), right.size());
+    for (size_t i = 0; i < common; ++i) {
+        const int difference = Fold(left[i]) - Fold(right[i]);
+        if (difference != 0)
+            return difference;
+    }
+    return left.size() == right.size() ? 0 : (left.size() < right.size() ? -1 : 1);
+}

@@ -10,7 +10,9 @@ typedef struct TvLngApi {
     uint32_t Size; /* set by the caller to the size of this structure; a module refuses a smaller one */
 
     /* Text `id`, or `fallback` for a number without text, into `out` of `outSize` bytes; returns the length.
-       A longer text is cut. The forms with arguments replace %1, %2 and %3. */
+       A longer text is cut. The forms with arguments replace %1, %2 and %3; what an argument holds is taken as it is.
+       A part of a text in braces is shown only when each place in it has its argument, and a place without argument
+       outside braces shows nothing: so one text serves callers with and without arguments, and none shows "%1". */
     int32_t (*LngGetStr)(int32_t id, const char* fallback, char* out, int32_t outSize);
     int32_t (*LngGetStr1Arg)(int32_t id, const char* fallback, const char* arg1, char* out, int32_t outSize);
     int32_t (*LngGetStr2Arg)(

@@ -49,21 +49,60 @@ private:
 
 using Arguments = std::array<const char*, 3>;
 
-/// Fills %1, %2 and %3; what an argument holds is not read again.
+/// Index of the argument whose place begins at `at`, or -1.
+int PlaceAt(std::string_view text, size_t at)
+{
+    const bool isPlace = text[at] == '%' && at + 1 < text.size() && text[at + 1] >= '1' && text[at + 1] <= '3';
+    return isPlace ? text[at + 1] - '1' : -1;
+}
+
+const char* ArgumentOf(const Arguments& arguments, int place)
+{
+    return arguments[static_cast<size_t>(place)];
+}
+
+/// True if every place in `part` has its argument.
+bool IsFilled(std::string_view part, const Arguments& arguments)
+{
+    for (size_t at = 0; at < part.size(); ++at) {
+        const int place = PlaceAt(part, at);
+        if (place >= 0 && ArgumentOf(arguments, place) == nullptr)
+            return false;
+    }
+    return true;
+}
+
+/// Writes a text without braces. What an argument holds is not read again.
+void AddPart(Output& output, std::string_view part, const Arguments& arguments)
+{
+    for (size_t at = 0; at < part.size(); ++at) {
+        const int place = PlaceAt(part, at);
+        if (place < 0) {
+            output.Add(part.substr(at, 1));
+            continue;
+        }
+        const char* argument = ArgumentOf(arguments, place);
+        output.Add(argument == nullptr ? std::string_view() : std::string_view(argument));
+        ++at;
+    }
+}
+
 int32_t Fill(const char* text, const Arguments& arguments, char* out, int32_t outSize)
 {
     Output output(out, outSize);
-    const std::string_view source(text == nullptr ? "" : text);
-    for (size_t at = 0; at < source.size(); ++at) {
-        const bool isMark = source[at] == '%' && at + 1 < source.size();
-        const int place = isMark ? source[at + 1] - '1' : -1;
-        const bool hasArgument = place >= 0 && place < 3 && arguments[static_cast<size_t>(place)] != nullptr;
-        if (!hasArgument) {
-            output.Add(source.substr(at, 1));
-            continue;
+    std::string_view rest(text == nullptr ? "" : text);
+    while (!rest.empty()) {
+        const size_t open = rest.find('{');
+        const size_t close = open == rest.npos ? rest.npos : rest.find('}', open);
+        if (close == rest.npos) {
+            AddPart(output, rest, arguments);
+            break;
         }
-        output.Add(arguments[static_cast<size_t>(place)]);
-        ++at;
+        AddPart(output, rest.substr(0, open), arguments);
+        const std::string_view optional = rest.substr(open + 1, close - open - 1);
+        if (IsFilled(optional, arguments))
+            AddPart(output, optional, arguments);
+        rest.remove_prefix(close + 1);
     }
     return output.Finish();
 }

@@ -10,12 +10,6 @@ namespace {
 
 constexpr int kStatusClosedByOtherMeans = 1;
 
-std::vector<DialogForm*>& Stack()
-{
-    static std::vector<DialogForm*> stack;
-    return stack;
-}
-
 } // namespace
 
 int DialogShow(DialogForm& form)
@@ -44,7 +38,7 @@ int DialogShow(DialogForm& form)
 
 void DialogPush(DialogForm& form, bool removeClose)
 {
-    Stack().push_back(&form);
+    DialogStackPush(form);
     form.PrepareWindow(removeClose);
     TheFrameHooks().MenuUpdate();
 }
@@ -52,8 +46,7 @@ void DialogPush(DialogForm& form, bool removeClose)
 void DialogPop()
 {
     StatusClear();
-    if (!Stack().empty())
-        Stack().pop_back();
+    DialogStackPop();
     TheFrameHooks().MenuUpdate();
 }
 
@@ -63,35 +56,11 @@ void DialogEnd(DialogForm& form, int status)
     form.Unload();
 }
 
-void DialogReset()
-{
-    Stack().clear();
-}
-
-bool DialogIsOpen()
-{
-    return !Stack().empty();
-}
-
-bool DialogIsActive()
-{
-    return std::any_of(Stack().rbegin(), Stack().rend(), [](DialogForm* form) { return form->HasActivation(); });
-}
-
 void DialogCancelActive()
 {
+    const auto& stack = DialogStack();
     const auto active =
-        std::find_if(Stack().begin(), Stack().end(), [](DialogForm* form) { return form->HasActivation(); });
-    if (active != Stack().end())
+        std::find_if(stack.begin(), stack.end(), [](DialogForm* form) { return form->HasActivation(); });
+    if (active != stack.end())
         DialogEnd(**active, kStatusClosedByOtherMeans);
-}
-
-DialogForm* DialogTop()
-{
-    return Stack().empty() ? nullptr : Stack().back();
-}
-
-const std::vector<DialogForm*>& DialogStack()
-{
-    return Stack();
 }

@@ -1,6 +1,6 @@
 #include "app/project.h"
 
-#include "app/dialog.h"
+#include "app/dialogStack.h"
 
 #include <QDir>
 #include <QFileInfo>

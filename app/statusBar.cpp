@@ -1,6 +1,6 @@
 #include "app/statusBar.h"
 
-#include "app/dialog.h"
+#include "app/dialogStack.h"
 #include "app/frameHooks.h"
 #include "app/lang.h"
 #include "app/project.h"

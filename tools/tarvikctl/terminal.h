@@ -1,0 +1,44 @@
+// tools/tarvikctl/terminal.h: the program's messages and results on a terminal.
+#pragma once
+
+#include "app/message.h"
+
+#include <QString>
+
+#include <cstdio>
+
+/// Shows messages on standard error as "FILE: NUMBER: TEXT" and answers questions. One line each: a line end inside
+/// a text becomes a blank.
+class Terminal {
+public:
+    explicit Terminal(bool answerYes)
+        : answerYes_(answerYes)
+    {
+    }
+
+    /// The file that is being worked on, as the user wrote it.
+    void SetFile(const QString& file)
+    {
+        file_ = file;
+    }
+
+    /// Shows the request and answers it: a question with No (Yes where the user said so), the rest with OK.
+    void Present(MessageRequest& request);
+
+    /// What no message number stands for, as "FILE: TEXT". Counts as a message.
+    void Refuse(const QString& text);
+
+    /// True once anything but an answered question was shown.
+    bool HasShownMessage() const
+    {
+        return hasShownMessage_;
+    }
+
+private:
+    QString file_;
+    bool answerYes_ = false;
+    bool hasShownMessage_ = false;
+};
+
+/// Writes `text` to `stream` as UTF-8.
+void TerminalWrite(std::FILE* stream, const QString& text);

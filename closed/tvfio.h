@@ -3,9 +3,23 @@
    The store holds one current list for each family, process-wide. A calling sequence is: Clear, LoadFile, then the
    getters; or Clear, SetName, SetDescription, then for each used row the field setters and the commit, then SaveFile.
 
-   Status words: 0 is success, anything else the number of an exception whose text GetExceptionStringTV returns.
-   A getter of text writes at most `outSize` bytes with the closing zero. Indexes count from 0; antenna index 0 is
-   never used. Frequencies and offsets are in Hz, levels in dB/m or dBuV, times in seconds, angles in degrees. */
+   Status words: 0 is success, anything else the number of an exception whose text GetExceptionStringTV returns (the
+   numbers and their meanings are told in tvfio/status.h). Nothing that a call stores counts after another status.
+   After a failed load the current list is empty; after a failed save the file is what it was before.
+
+   Paths are UTF-8, so that every file name can be passed; all other text is single-byte (Windows-1252). A getter of
+   text writes at most `outSize` bytes with the closing zero; a longer text is cut and gives a status.
+
+   Indexes count from 0; antenna index 0 is never used. Frequencies and offsets are in Hz, levels in dB/m or dBuV,
+   times in seconds, angles in degrees. Numbers must be finite and codes inside their tables; the limits of the
+   instrument generation are published here and kept by the editors, not by the store.
+
+   The field setters of antennas, memory entries and suppressed ranges fill one staging record, and the commit puts it
+   into a place and begins a fresh record of defaults. A place that is not used can be read and answers the defaults:
+   zeros and empty texts, or for a memory entry FM at 100 MHz with 15 kHz bandwidth, switches off, 0.5 s measurement
+   time, 1 MHz span, 1 kHz step and 15 kHz DF bandwidth. The number of an unused memory place is its own index unless
+   a used entry bears that number, and then one of the numbers left over, in ascending order: the numbers of unused
+   places differ from all others. */
 #pragma once
 
 #include "closed/module.h"

@@ -1,6 +1,11 @@
-#include "closed/tvfio.h"
+#include "closed/tvfio/calls.h"
 
 int16_t TvFioBind(TvFioApi* api)
 {
-    return api == nullptr || api->Size < sizeof(TvFioApi) ? 1 : 0;
+    if (api == nullptr || api->Size < sizeof(TvFioApi))
+        return 1;
+    BindMemoryCalls(*api);
+    BindLimitCalls(*api);
+    BindCheckCalls(*api);
+    return 0;
 }

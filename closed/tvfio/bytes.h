@@ -50,13 +50,19 @@ public:
         return at;
     }
 
+    /// Puts `value` into the room at `at`.
+    template <std::integral Number>
+    void Patch(size_t at, Number value)
+    {
+        for (size_t i = 0; i < sizeof(Number); ++i)
+            target_[at + i] = static_cast<uint8_t>(static_cast<uint64_t>(value) >> (8 * i));
+    }
+
     /// Puts into the room at `at` the count of bytes that were written behind it.
     template <std::integral Number>
     void PatchLength(size_t at)
     {
-        const uint64_t length = target_.size() - at - sizeof(Number);
-        for (size_t i = 0; i < sizeof(Number); ++i)
-            target_[at + i] = static_cast<uint8_t>(length >> (8 * i));
+        Patch(at, static_cast<Number>(target_.size() - at - sizeof(Number)));
     }
 
 private:

@@ -1,0 +1,206 @@
+// closed/tvfio/calls.h: the forms that the operations of the module share, over the lists of the library.
+#pragma once
+
+#include "closed/tvfio.h"
+#include "closed/tvfio/fileaccess.h"
+#include "closed/tvfio/record.h"
+
+#include <new>
+
+/// The current list of each family.
+template <typename List>
+List& Current();
+
+/// Stores `result` as the status word of a call.
+inline void Answer(int16_t* status, FioStatus result)
+{
+    if (status != nullptr)
+        *status = static_cast<int16_t>(result);
+}
+
+/// Runs `work`, which gives a status; lack of memory becomes one too, since no exception leaves the module.
+template <typename Work>
+FioStatus Guarded(Work work)
+{
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        return Fail(FioStatus::OutOfMemory);
+    }
+}
+
+/// Copies `text` out with its closing zero.
+[[nodiscard]] FioStatus CopyOut(std::string_view text, char* out, int32_t outSize);
+
+/// Takes `text` over if `rule` allows it.
+template <int N>
+[[nodiscard]] FioStatus CopyIn(const char* text, const TextRule& rule, FixedText<N>& target)
+{
+    if (text == nullptr)
+        return Fail(FioStatus::MissingArgument);
+    if (const FioStatus status = CheckText(text, rule); status != FioStatus::Ok)
+        return Fail(status);
+    target.Assign(text);
+    return FioStatus::Ok;
+}
+
+template <typename Value>
+[[nodiscard]] FioStatus CopyOut(Value value, std::type_identity_t<Value>* out)
+{
+    if (out == nullptr)
+        return Fail(FioStatus::MissingArgument);
+    *out = value;
+    return FioStatus::Ok;
+}
+
+template <typename Value>
+[[nodiscard]] FioStatus CopyIn(Value value, const auto& rule, Value& target)
+{
+    if (const FioStatus status = CheckField(value, rule); status != FioStatus::Ok)
+        return Fail(status);
+    target = value;
+    return FioStatus::Ok;
+}
+
+// List level.
+
+template <typename List>
+void CallClear(int16_t* status)
+{
+    Current<List>().Clear();
+    Answer(status, FioStatus::Ok);
+}
+
+/// Makes the bytes of a file the current list. After a failure the current list is empty.
+template <typename List>
+[[nodiscard]] FioStatus LoadBytes(ByteView file)
+{
+    List& list = Current<List>();
+    list.Clear();
+    const FioStatus result = list.Decode(file);
+    if (result != FioStatus::Ok)
+        list.Clear();
+    return result;
+}
+
+template <typename List>
+void CallLoadFile(int16_t* status, const char* path)
+{
+    Current<List>().Clear();
+    Answer(status, Guarded([path] {
+        Bytes bytes;
+        const FioStatus result = ReadFileBytes(path, bytes);
+        return result == FioStatus::Ok ? LoadBytes<List>(bytes) : result;
+    }));
+}
+
+template <typename List>
+void CallSaveFile(int16_t* status, const char* path)
+{
+    Answer(status, Guarded([path] { return SaveFileBytes(path, Current<List>().Encode()); }));
+}
+
+template <typename List>
+void CallGetName(int16_t* status, char* out, int32_t outSize)
+{
+    Answer(status, CopyOut(Current<List>().Info.Name.View(), out, outSize));
+}
+
+template <typename List>
+void CallSetName(int16_t* status, const char* text)
+{
+    Answer(status, CopyIn(text, kListName, Current<List>().Info.Name));
+}
+
+template <typename List>
+void CallGetDescription(int16_t* status, char* out, int32_t outSize)
+{
+    Answer(status, CopyOut(Current<List>().Info.Description.View(), out, outSize));
+}
+
+template <typename List>
+void CallSetDescription(int16_t* status, const char* text)
+{
+    Answer(status, CopyIn(text, kListDescription, Current<List>().Info.Description));
+}
+
+/// Fills the seven list operations of `Prefix` in the table `api`.
+#define FIO_BIND_LIST(api, Prefix, List)                                                                               \
+    (api).Prefix##Clear = CallClear<List>;                                                                             \
+    (api).Prefix##LoadFile = CallLoadFile<List>;                                                                       \
+    (api).Prefix##SaveFile = CallSaveFile<List>;                                                                       \
+    (api).Prefix##GetName = CallGetName<List>;                                                                         \
+    (api).Prefix##SetName = CallSetName<List>;                                                                         \
+    (api).Prefix##GetDescription = CallGetDescription<List>;                                                           \
+    (api).Prefix##SetDescription = CallSetDescription<List>
+
+// Record level of the lists with places.
+
+template <typename Member>
+struct MemberType;
+template <typename Record, typename Value>
+struct MemberType<Value Record::*> {
+    using Type = Value;
+};
+template <auto Member>
+using FieldType = typename MemberType<decltype(Member)>::Type;
+
+template <typename List>
+void CallGetCapacity(int16_t* status, int16_t* count)
+{
+    Answer(status, CopyOut<int16_t>(List::kCapacity, count));
+}
+
+template <typename List>
+void CallIsUsed(int16_t* status, int16_t index, int16_t* used)
+{
+    if (!List::IsIndex(index))
+        return Answer(status, Fail(List::kNoSuchIndex));
+    Answer(status, CopyOut<int16_t>(Current<List>().Used[static_cast<size_t>(index)] ? 1 : 0, used));
+}
+
+template <typename List>
+void CallCommit(int16_t* status, int16_t index)
+{
+    if (!List::IsIndex(index))
+        return Answer(status, Fail(List::kNoSuchIndex));
+    Current<List>().Commit(index);
+    Answer(status, FioStatus::Ok);
+}
+
+template <typename List, auto Member>
+void CallGet(int16_t* status, int16_t index, FieldType<Member>* value)
+{
+    if (!List::IsIndex(index))
+        return Answer(status, Fail(List::kNoSuchIndex));
+    Answer(status, CopyOut(Current<List>().Records[static_cast<size_t>(index)].*Member, value));
+}
+
+template <typename List, auto Member, const auto& Rule>
+void CallStage(int16_t* status, FieldType<Member> value)
+{
+    Answer(status, CopyIn(value, Rule, Current<List>().Staged.*Member));
+}
+
+template <typename List, auto Member>
+void CallGetText(int16_t* status, int16_t index, char* out, int32_t outSize)
+{
+    if (!List::IsIndex(index))
+        return Answer(status, Fail(List::kNoSuchIndex));
+    Answer(status, CopyOut((Current<List>().Records[static_cast<size_t>(index)].*Member).View(), out, outSize));
+}
+
+template <typename List, auto Member, const auto& Rule>
+void CallStageText(int16_t* status, const char* text)
+{
+    Answer(status, CopyIn(text, Rule, Current<List>().Staged.*Member));
+}
+
+/// Each fills its part of the table.
+void BindAntennaCalls(TvFioApi& api);
+void BindKfactorCalls(TvFioApi& api);
+void BindMemoryCalls(TvFioApi& api);
+void BindSuppressCalls(TvFioApi& api);
+void BindCorrectionCalls(TvFioApi& api);
+void BindLimitCalls(TvFioApi& api);
+void BindCheckCalls(TvFioApi& api);

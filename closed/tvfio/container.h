@@ -1,0 +1,60 @@
+// closed/tvfio/container.h: the outer form of list files: header with check sum, then sections, then records.
+#pragma once
+
+#include "closed/tvfio/bytes.h"
+#include "closed/tvfio/status.h"
+
+#include <array>
+#include <optional>
+
+/// What a file holds; the number stands in the file.
+enum class Family : uint16_t { Antenna = 1, Kfactor = 2, Memory = 3, Suppress = 4, Correction = 6 };
+
+/// The noun of `family` as the exception texts use it, for example "memory list".
+const char* FamilyName(Family family);
+
+/// The parts of a file; the number stands in the file. Numbers that are not here are skipped.
+enum class SectionId : uint16_t {
+    Info = 1, ///< name and description of the list
+    Records = 2, ///< the entries of a list
+    Identity = 3, ///< a correction set: its identity
+    Header = 4, ///< a correction set: its header
+    Kfactor = 5, ///< a correction set: its tables
+    Omniphase = 6,
+    Azimuth = 7,
+};
+inline constexpr size_t kSectionIds = 8;
+
+/// The sections that were found, by number.
+using Sections = std::array<std::optional<ByteView>, kSectionIds>;
+
+inline constexpr size_t kHeaderBytes = 20;
+inline constexpr uint16_t kFormatVersion = 1;
+
+/// Larger than the largest file that can be written: a correction set with all angles.
+inline constexpr size_t kMaxFileBytes = size_t{ 32 } << 20;
+
+/// Builds the bytes of one file.
+class ListFileWriter {
+public:
+    explicit ListFileWriter(Family family);
+
+    /// Begins a section; everything written until the next call belongs to it.
+    ByteWriter& Section(SectionId id);
+
+    /// Ends the file and gives its bytes.
+    Bytes Finish();
+
+private:
+    void EndSection();
+
+    Bytes bytes_;
+    ByteWriter writer_{ bytes_ };
+    size_t openSection_ = 0;
+};
+
+/// Checks the header and cuts `file` into its sections, which point into it.
+[[nodiscard]] FioStatus ReadListFile(ByteView file, Family family, Sections& sections);
+
+/// The section `id`, whose absence is an error.
+[[nodiscard]] FioStatus NeedSection(const Sections& sections, SectionId id, ByteView& section);

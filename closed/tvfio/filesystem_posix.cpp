@@ -1,0 +1,196 @@
+// The system calls behind fileaccess.h where the system is POSIX. A path's bytes are taken as they are.
+#include "closed/tvfio/fileaccess.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <ctime>
+#include <fcntl.h>
+#include <memory>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+constexpr mode_t kEveryonesHabit = 0666; // less what the user's mask takes away
+constexpr mode_t kOwnerOnly = 0600;
+constexpr mode_t kAnyoneWrites = 0222;
+constexpr long kPauseNanoseconds = 5'000'000;
+
+class Descriptor {
+public:
+    explicit Descriptor(int number)
+        : number_(number)
+    {
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor()
+    {
+        if (number_ >= 0)
+            (void)::close(number_);
+    }
+    [[nodiscard]] int Number() const
+    {
+        return number_;
+    }
+    int Release()
+    {
+        return std::exchange(number_, -1);
+    }
+
+private:
+    int number_;
+};
+
+int ReadUpTo(int descriptor, size_t maxBytes, Bytes& bytes)
+{
+    size_t filled = 0;
+    for (;;) {
+        if (filled > maxBytes)
+            return EFBIG;
+        if (filled == bytes.size())
+            bytes.resize(filled + 4096); // grew since it was asked
+        const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return errno;
+        if (got == 0)
+            break;
+        filled += static_cast<size_t>(got);
+    }
+    bytes.resize(filled);
+    return 0;
+}
+
+/// True if `path` still names the open file.
+bool IsStillNamed(int descriptor, const std::string& path)
+{
+    struct stat open { };
+    struct stat named { };
+    return ::fstat(descriptor, &open) == 0 && ::lstat(path.c_str(), &named) == 0 && open.st_ino == named.st_ino
+        && open.st_dev == named.st_dev;
+}
+
+/// Removes a file that a process left which is gone. The lock dies with its process, so who gets it finds no owner.
+int ClearLeftOver(const std::string& path)
+{
+    const Descriptor file(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    if (file.Number() < 0 && errno == ENOENT)
+        return 0;
+    if (file.Number() >= 0 && ::flock(file.Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        return EBUSY;
+    if (file.Number() >= 0 && !IsStillNamed(file.Number(), path))
+        return 0;
+    return ::unlink(path.c_str()) == 0 || errno == ENOENT ? 0 : errno;
+}
+
+} // namespace
+
+int FileSystem::Describe(const std::string& path, FileInfo& info)
+{
+    info = {};
+    info.RealPath = path;
+    struct stat status { };
+    if (::stat(path.c_str(), &status) != 0)
+        return errno == ENOENT ? 0 : errno;
+    info.Exists = true;
+    info.IsFolder = S_ISDIR(status.st_mode);
+    info.IsRegular = S_ISREG(status.st_mode);
+    // The superuser may write everything; a file without any write bit was protected on purpose all the same.
+    info.IsWritable = (status.st_mode & kAnyoneWrites) != 0 && ::access(path.c_str(), W_OK) == 0;
+    info.Permissions = status.st_mode & 0777;
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
+    if (real == nullptr)
+        return errno;
+    info.RealPath = real.get();
+    return 0;
+}
+
+int FileSystem::ReadAll(const std::string& path, size_t maxBytes, Bytes& bytes)
+{
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (file.Number() < 0)
+        return errno;
+    struct stat status { };
+    if (::fstat(file.Number(), &status) != 0)
+        return errno;
+    if (S_ISDIR(status.st_mode))
+        return EISDIR;
+    if (!S_ISREG(status.st_mode))
+        return EINVAL;
+    if (static_cast<uint64_t>(status.st_size) > maxBytes)
+        return EFBIG;
+    bytes.resize(static_cast<size_t>(status.st_size) + 1); // one more, so that the end shows without another read
+    return ReadUpTo(file.Number(), maxBytes, bytes);
+}
+
+int FileSystem::Create(const std::string& path, uint32_t permissions, intptr_t& handle)
+{
+    const bool hasPermissions = permissions != 0;
+    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW,
+        hasPermissions ? kOwnerOnly : kEveryonesHabit));
+    if (file.Number() < 0 && errno != EEXIST)
+        return errno;
+    if (file.Number() < 0) {
+        const int error = ClearLeftOver(path);
+        return error != 0 ? error : EBUSY; // the next try makes it
+    }
+    // A file system without locks leaves the name alone as protection.
+    if (::flock(file.Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        return EBUSY;
+    if (!IsStillNamed(file.Number(), path))
+        return EBUSY; // another process took it for a left-over before it was locked
+    if (hasPermissions)
+        (void)::fchmod(file.Number(), static_cast<mode_t>(permissions));
+    handle = file.Release();
+    return 0;
+}
+
+int FileSystem::Write(intptr_t handle, ByteView bytes, size_t& written)
+{
+    const ssize_t count = ::write(static_cast<int>(handle), bytes.data(), bytes.size());
+    written = count > 0 ? static_cast<size_t>(count) : 0;
+    return count >= 0 || errno == EINTR ? 0 : errno;
+}
+
+int FileSystem::Flush(intptr_t handle)
+{
+    while (::fsync(static_cast<int>(handle)) != 0) {
+        if (errno != EINTR)
+            return errno;
+    }
+    return 0;
+}
+
+int FileSystem::Replace(intptr_t handle, const std::string& from, const std::string& to)
+{
+    const Descriptor file(static_cast<int>(handle)); // its lock holds until the name has moved
+    if (::rename(from.c_str(), to.c_str()) == 0)
+        return 0;
+    const int error = errno;
+    (void)::unlink(from.c_str());
+    return error;
+}
+
+void FileSystem::Discard(intptr_t handle, const std::string& path)
+{
+    const Descriptor file(static_cast<int>(handle));
+    (void)::unlink(path.c_str());
+}
+
+void FileSystem::FlushFolder(const std::string& folder)
+{
+    const Descriptor file(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC | O_DIRECTORY));
+    // The list is whole either way, and some file systems cannot flush a folder: nothing to report.
+    if (file.Number() >= 0)
+        (void)::fsync(file.Number());
+}
+
+void FileSystem::Pause()
+{
+    const timespec pause{ 0, kPauseNanoseconds };
+    (void)::nanosleep(&pause, nullptr);
+}

@@ -1,0 +1,157 @@
+// closed/tvfio/record.h: rules of record fields, and how records pass to a file and back.
+#pragma once
+
+#include "closed/tvfio/container.h"
+#include "closed/tvfio/text.h"
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+/// Smallest and largest value of a whole number or code, and the status of one outside.
+struct IntRule {
+    int32_t Min;
+    int32_t Max;
+    FioStatus Status;
+};
+
+/// A number that must be finite. The limits of values are those of the instrument generation, which the editors keep;
+/// a list that was made under others stays readable.
+struct ValueRule {
+    FioStatus Status;
+};
+
+/// A field that is carried and means nothing here.
+inline constexpr IntRule kAnyInt{ std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max(),
+    FioStatus::Ok };
+
+[[nodiscard]] inline FioStatus CheckField(int32_t value, const IntRule& rule)
+{
+    return value < rule.Min || value > rule.Max ? rule.Status : FioStatus::Ok;
+}
+
+[[nodiscard]] inline FioStatus CheckField(double value, const ValueRule& rule)
+{
+    return std::isfinite(value) ? FioStatus::Ok : rule.Status;
+}
+
+/// Writes the fields of a record in the order in which they are visited.
+class FieldWriter {
+public:
+    explicit FieldWriter(ByteWriter& target)
+        : target_(target)
+    {
+    }
+
+    template <std::integral Number>
+    void operator()(Number value, const IntRule&)
+    {
+        target_.Int(value);
+    }
+
+    void operator()(double value, const ValueRule&)
+    {
+        target_.Double(value);
+    }
+
+    template <int N>
+    void operator()(const FixedText<N>& text, const TextRule&)
+    {
+        target_.Text(text.View());
+    }
+
+private:
+    ByteWriter& target_;
+};
+
+/// Reads the fields of a record in the order in which they are visited, and keeps the first objection.
+class FieldReader {
+public:
+    explicit FieldReader(ByteReader& source)
+        : source_(source)
+    {
+    }
+
+    template <std::integral Number>
+    void operator()(Number& value, const IntRule& rule)
+    {
+        value = source_.Int<Number>();
+        Note(CheckField(value, rule));
+    }
+
+    void operator()(double& value, const ValueRule& rule)
+    {
+        value = source_.Double();
+        Note(CheckField(value, rule));
+    }
+
+    template <int N>
+    void operator()(FixedText<N>& text, const TextRule& rule)
+    {
+        const std::string_view found = source_.Text();
+        Note(CheckText(found, rule));
+        // A zero is a control character, so a text that passed ends where C says it ends.
+        text.Assign(found);
+    }
+
+    [[nodiscard]] FioStatus Objection() const
+    {
+        return objection_;
+    }
+
+private:
+    void Note(FioStatus status)
+    {
+        if (objection_ == FioStatus::Ok)
+            objection_ = status;
+    }
+
+    ByteReader& source_;
+    FioStatus objection_ = FioStatus::Ok;
+};
+
+/// Fails with FileRecord, telling the record (`position` counts from 0 in the file) and what is wrong with it.
+FioStatus FailRecord(size_t position, const char* complaint);
+
+/// Ok, or the failure for a record that ended too early or holds what a field must not hold.
+[[nodiscard]] FioStatus CheckRecord(const ByteReader& record, const FieldReader& fields, size_t position);
+
+/// The list of records in a section: a count, then for each record its length and its bytes. `readOne` gets a reader
+/// of one record and its position, and returns a status. What follows its fields in a record is of a later version.
+template <typename ReadOne>
+[[nodiscard]] FioStatus ReadRecords(ByteView section, size_t maxCount, ReadOne readOne)
+{
+    ByteReader reader(section);
+    const size_t count = reader.Int<uint32_t>();
+    if (!reader.Failed() && count > maxCount)
+        return Fail(FioStatus::FileCount);
+    for (size_t position = 0; position < count; ++position) {
+        ByteReader record(reader.Take(reader.Int<uint32_t>()));
+        if (reader.Failed())
+            return Fail(FioStatus::FileStructure);
+        if (const FioStatus status = readOne(record, position); status != FioStatus::Ok)
+            return status;
+    }
+    return reader.Failed() || reader.Remaining() > 0 ? Fail(FioStatus::FileStructure) : FioStatus::Ok;
+}
+
+/// Writes the length of a record before what `writeOne` writes.
+template <typename WriteOne>
+void WriteRecord(ByteWriter& writer, WriteOne writeOne)
+{
+    const size_t lengthAt = writer.Reserve<uint32_t>();
+    writeOne();
+    writer.PatchLength<uint32_t>(lengthAt);
+}
+
+/// Name and description of a list: the section Info.
+struct ListInfo {
+    FixedText<32> Name;
+    FixedText<32> Description;
+};
+inline constexpr TextRule kListName{ 32, FioStatus::ListNameTooLong, FioStatus::ListNameCharacters };
+inline constexpr TextRule kListDescription{ 32, FioStatus::ListDescriptionTooLong,
+    FioStatus::ListDescriptionCharacters };
+
+void WriteInfo(ListFileWriter& file, const ListInfo& info);
+[[nodiscard]] FioStatus ReadInfo(const Sections& sections, ListInfo& info);

@@ -1,0 +1,72 @@
+// tests/closed/storefixture.h: the list store through its table of operations, empty at the start of each test.
+#pragma once
+
+#include "closed/tvfio.h"
+#include "closed/tvfio/status.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <type_traits>
+#include <vector>
+
+using FileBytes = std::vector<uint8_t>;
+
+/// Calls an operation that has a status word and gives that status.
+template <typename... Parameters>
+FioStatus Call(void (*operation)(int16_t*, Parameters...), std::type_identity_t<Parameters>... arguments)
+{
+    int16_t status = -1;
+    operation(&status, arguments...);
+    return static_cast<FioStatus>(status);
+}
+
+/// What the getters store; another status than success fails the test.
+inline double GetDouble(void (*operation)(int16_t*, int16_t, double*), int16_t index)
+{
+    double value = -1;
+    EXPECT_EQ(Call(operation, index, &value), FioStatus::Ok);
+    return value;
+}
+
+inline int16_t GetShort(void (*operation)(int16_t*, int16_t, int16_t*), int16_t index)
+{
+    int16_t value = -1;
+    EXPECT_EQ(Call(operation, index, &value), FioStatus::Ok);
+    return value;
+}
+
+inline std::string GetText(void (*operation)(int16_t*, char*, int32_t))
+{
+    char text[TVFIO_TEXT_SIZE] = "unset";
+    EXPECT_EQ(Call(operation, text, TVFIO_TEXT_SIZE), FioStatus::Ok);
+    return text;
+}
+
+inline std::string GetText(void (*operation)(int16_t*, int16_t, char*, int32_t), int16_t index)
+{
+    char text[TVFIO_TEXT_SIZE] = "unset";
+    EXPECT_EQ(Call(operation, index, text, TVFIO_TEXT_SIZE), FioStatus::Ok);
+    return text;
+}
+
+class StoreTest : public testing::Test {
+protected:
+    StoreTest();
+
+    /// The full UTF-8 path of `name` in a folder of this test's own.
+    [[nodiscard]] std::string Path(const std::string& name = "list") const;
+
+    static FileBytes Contents(const std::string& path);
+    static void Store(const std::string& path, const FileBytes& bytes);
+
+    /// The names in the test's folder, sorted.
+    [[nodiscard]] std::vector<std::string> Names() const;
+
+    TvFioApi fio{};
+
+private:
+    QTemporaryDir folder_;
+};

@@ -16,8 +16,12 @@ struct HelpHooks {
 };
 HelpHooks& TheHelpHooks();
 
+/// What the search command asks the viewer for: nobody's words, so the viewer shows its search page with an empty box.
+inline constexpr const char* kHelpSearchQuery = "help-1";
+
 /// The help commands of the frame by help number: 11901 About, 11971 contents, 11973 index, 11975 search,
-/// 11979 the maker's site. Any other number does nothing.
+/// 11979 the maker's site. Any other number does nothing. When the viewer can't show the contents, the index or the
+/// search page and no message is showing: message 12702 with the number.
 void HelpCommand(int id);
 
 /// Shows the topic of a help number. When the viewer can't and no message is showing: message 12702 with the number.

@@ -3,7 +3,9 @@
 #include "app/ansi.h"
 #include "closed/loader.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
 namespace {
 
@@ -12,9 +14,15 @@ constexpr int kGeometryOffset = 10000;
 
 using TextBuffer = std::array<char, TVLNG_MAX_TEXT>;
 
+/// A module is free to say more than it wrote; nothing outside the buffer is read.
+QString RawText(const TextBuffer& buffer, int32_t length)
+{
+    return FromAnsi(QByteArrayView(buffer.data(), std::clamp<int32_t>(length, 0, TVLNG_MAX_TEXT - 1)));
+}
+
 QString Taken(const TextBuffer& buffer, int32_t length)
 {
-    return LngExpandMacros(FromAnsi(QByteArrayView(buffer.data(), length)));
+    return LngExpandMacros(RawText(buffer, length));
 }
 
 /// Text number that stands for the macro character, or 0.
@@ -34,6 +42,44 @@ int MacroText(QChar character)
         return 0;
     }
 }
+
+/// Replaces the macros of one text and those in their replacements. A replacement that leads back to itself keeps
+/// the pair as it stands, and so do all pairs past a number that no sensible text reaches: texts come from outside.
+class MacroExpansion {
+public:
+    QString Expand(const QString& text)
+    {
+        QString result;
+        for (qsizetype at = 0; at < text.size(); ++at) {
+            const bool mayBeMacro = text[at] == u'@' && at + 1 < text.size();
+            const int macro = mayBeMacro ? MacroText(text[at + 1]) : 0;
+            if (macro == 0 || left_ == 0 || std::ranges::find(open_, macro) != open_.end()) {
+                result.append(text[at]);
+                continue;
+            }
+            result.append(Replacement(macro));
+            ++at;
+        }
+        return result;
+    }
+
+private:
+    QString Replacement(int macro)
+    {
+        if (!ModuleIsBound(Module::Language))
+            return {};
+        --left_;
+        TextBuffer buffer;
+        const int32_t length = TvLng().LngGetStr(macro, "", buffer.data(), TVLNG_MAX_TEXT);
+        open_.push_back(macro);
+        const QString replacement = Expand(RawText(buffer, length));
+        open_.pop_back();
+        return replacement;
+    }
+
+    int left_ = 64;
+    std::vector<int> open_; ///< texts that are being expanded
+};
 
 } // namespace
 
@@ -65,18 +111,7 @@ QString LngStr2(int id, const QString& arg1, const QString& arg2)
 
 QString LngExpandMacros(const QString& text)
 {
-    QString result;
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        const bool mayBeMacro = text[at] == u'@' && at + 1 < text.size();
-        const int macro = mayBeMacro ? MacroText(text[at + 1]) : 0;
-        if (macro == 0) {
-            result.append(text[at]);
-            continue;
-        }
-        result.append(LngStr(macro));
-        ++at;
-    }
-    return result;
+    return MacroExpansion().Expand(text);
 }
 
 QString LngUnescapeMenu(const QString& text)

@@ -10,7 +10,8 @@ QString LngStr(int id);
 QString LngStr1(int id, const QString& arg);
 QString LngStr2(int id, const QString& arg1, const QString& arg2);
 
-/// Replaces "@1" to "@5"; any other "@" stays. Used after every fetch.
+/// Replaces "@1" to "@5", also inside the replacements; any other "@" stays, and so does a pair inside a replacement
+/// that leads back to itself. Used after every fetch.
 QString LngExpandMacros(const QString& text);
 
 /// Takes the first "&&" out of a caption.

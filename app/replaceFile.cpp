@@ -1,0 +1,157 @@
+#include "app/replaceFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryFile>
+
+#include <filesystem>
+#include <system_error>
+
+#if defined(Q_OS_UNIX)
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#elif defined(Q_OS_WIN)
+#include <io.h>
+#endif
+
+namespace {
+
+const QString kTemporarySuffix = QStringLiteral(".part");
+
+/// Where the bytes shall stand at last: behind any links.
+QString FinalPath(const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.isSymLink())
+        return path;
+    const QString target = info.canonicalFilePath();
+    return target.isEmpty() ? info.symLinkTarget() : target;
+}
+
+QString TemporaryPrefix(const QFileInfo& target)
+{
+    return QLatin1Char('.') + target.fileName() + QLatin1Char('.');
+}
+
+bool IsReadOnly(const QFileInfo& target)
+{
+    constexpr QFile::Permissions kAnyWriter = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    return target.exists() && !(target.permissions() & kAnyWriter);
+}
+
+#if defined(Q_OS_UNIX)
+
+/// A writer at work holds the lock on its temporary file; one that was killed does not.
+bool LockAgainstOthers(int handle)
+{
+    return flock(handle, LOCK_EX | LOCK_NB) == 0;
+}
+
+bool FlushToDisk(int handle)
+{
+    return fsync(handle) == 0;
+}
+
+void FlushFolder(const QString& folder)
+{
+    const int handle = open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    fsync(handle);
+    close(handle);
+}
+
+QFile::Permissions PermissionsOfNewFiles()
+{
+    const mode_t mask = umask(0);
+    umask(mask);
+    QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner;
+    const auto grant = [&permissions, mask](mode_t bit, QFile::Permission permission) {
+        if ((mask & bit) == 0)
+            permissions |= permission;
+    };
+    grant(S_IRGRP, QFile::ReadGroup);
+    grant(S_IWGRP, QFile::WriteGroup);
+    grant(S_IROTH, QFile::ReadOther);
+    grant(S_IWOTH, QFile::WriteOther);
+    return permissions;
+}
+
+#else
+
+bool LockAgainstOthers(int)
+{
+    return true; // an open file can't be removed here
+}
+
+bool FlushToDisk(int handle)
+{
+#if defined(Q_OS_WIN)
+    return _commit(handle) == 0;
+#else
+    return true;
+#endif
+}
+
+void FlushFolder(const QString&) { }
+
+QFile::Permissions PermissionsOfNewFiles()
+{
+    return QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther;
+}
+
+#endif
+
+void RemoveLeftovers(const QFileInfo& target)
+{
+    const QString prefix = TemporaryPrefix(target);
+    QDir folder(target.absolutePath());
+    const QStringList names = folder.entryList(QDir::Files | QDir::Hidden, QDir::NoSort);
+    for (const QString& name : names) {
+        if (!name.startsWith(prefix) || !name.endsWith(kTemporarySuffix))
+            continue;
+        QFile leftover(folder.filePath(name));
+        if (leftover.open(QIODevice::ReadOnly) && LockAgainstOthers(leftover.handle())) {
+            leftover.close();
+            leftover.remove();
+        }
+    }
+}
+
+bool WriteWhole(QTemporaryFile& file, QByteArrayView bytes)
+{
+    return file.write(bytes.data(), bytes.size()) == bytes.size() && file.flush() && FlushToDisk(file.handle());
+}
+
+bool RenameOver(const QString& from, const QString& to)
+{
+    std::error_code error;
+    std::filesystem::rename(
+        QFileInfo(from).filesystemAbsoluteFilePath(), QFileInfo(to).filesystemAbsoluteFilePath(), error);
+    return !error;
+}
+
+} // namespace
+
+bool ReplaceFile(const QString& path, QByteArrayView bytes)
+{
+    const QFileInfo target(FinalPath(path));
+    if (target.isDir() || IsReadOnly(target))
+        return false;
+    RemoveLeftovers(target);
+
+    const QString folder = target.absolutePath();
+    QTemporaryFile file(folder + u'/' + TemporaryPrefix(target) + QStringLiteral("XXXXXX") + kTemporarySuffix);
+    if (!file.open() || !LockAgainstOthers(file.handle()) || !WriteWhole(file, bytes))
+        return false;
+    file.setPermissions(target.exists() ? target.permissions() : PermissionsOfNewFiles());
+    const QString temporary = file.fileName();
+    file.close();
+    if (!RenameOver(temporary, target.absoluteFilePath()))
+        return false; // the temporary file removes itself
+    file.setAutoRemove(false);
+    FlushFolder(folder);
+    return true;
+}

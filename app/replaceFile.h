@@ -1,0 +1,11 @@
+// app/replaceFile.h: writes a file so that at any moment the old or the new one is there whole.
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+/// Puts `bytes` into `path`: a temporary file in the same folder, flushed to the disk, renamed over. A link is
+/// followed; an existing file keeps its permissions. What an earlier writer of this file left behind when it was killed
+/// is removed. False, with the old file as it was, when the folder can't be written, the disk is full, or the file
+/// bears the read-only attribute (also for a user whom the system would let through).
+[[nodiscard]] bool ReplaceFile(const QString& path, QByteArrayView bytes);

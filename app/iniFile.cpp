@@ -85,8 +85,6 @@ IniFile IniFile::Parse(const QByteArray& bytes)
         file.TakeLine(bytes.sliced(at, end - at), bytes.sliced(end, next - end));
         at = next;
     }
-    if (file.lineEnd_.isEmpty())
-        file.lineEnd_ = kNativeLineEnd;
     return file;
 }
 
@@ -152,9 +150,9 @@ size_t IniFile::SectionNamed(const QString& section)
     if (found != sectionAt_.constEnd())
         return *found;
     if (!sections_.back().Lines.empty() && sections_.back().Lines.back().End.isEmpty())
-        sections_.back().Lines.back().End = lineEnd_;
+        sections_.back().Lines.back().End = LineEnd();
     sectionAt_.insert(name, sections_.size());
-    sections_.push_back({ { { '[' + section.toUtf8() + ']', lineEnd_ } } });
+    sections_.push_back({ { { '[' + section.toUtf8() + ']', LineEnd() } } });
     return sections_.size() - 1;
 }
 
@@ -165,8 +163,15 @@ size_t IniFile::AddLine(Section& section, const QByteArray& text)
     while (IsBlank(std::prev(place)->Text)) // ends at the header
         --place;
     if (std::prev(place)->End.isEmpty())
-        std::prev(place)->End = lineEnd_;
-    return static_cast<size_t>(section.Lines.insert(place, { text, lineEnd_ }) - section.Lines.begin());
+        std::prev(place)->End = LineEnd();
+    const auto at = static_cast<size_t>(place - section.Lines.begin());
+    section.Lines.insert(place, { text, LineEnd() });
+    return at;
+}
+
+QByteArray IniFile::LineEnd() const
+{
+    return lineEnd_.isEmpty() ? QByteArray(kNativeLineEnd) : lineEnd_;
 }
 
 QByteArray IniFile::Bytes() const

@@ -44,11 +44,12 @@ private:
     void TakeLine(const QByteArray& text, const QByteArray& end);
     void ChangeLine(Line& line, const QString& value);
     size_t AddLine(Section& section, const QByteArray& text);
+    QByteArray LineEnd() const;
     size_t SectionNamed(const QString& section);
 
     std::vector<Section> sections_ = std::vector<Section>(1);
     QHash<QString, size_t> sectionAt_; ///< folded name, to the first section of that name
     QHash<QString, Place> keyAt_; ///< folded "section LF key"
     QString currentName_;
-    QByteArray lineEnd_;
+    QByteArray lineEnd_; ///< the first one in the file; empty in a file without lines
 };

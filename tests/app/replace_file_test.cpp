@@ -1,0 +1,73 @@
+#include "app/replaceFile.h"
+#include "tests/support/fixture.h"
+
+#include <QFileInfo>
+
+class ReplaceFileTest : public ProgramTest {
+protected:
+    QStringList Names() const
+    {
+        return QDir(Folder()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+};
+
+TEST_F(ReplaceFileTest, MakesAFileThatEveryoneMayReadAsUsual)
+{
+    QFile plain(FilePath("plain"));
+    ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
+    plain.close();
+    ASSERT_TRUE(ReplaceFile(FilePath("a"), "text"));
+    EXPECT_EQ(Contents(FilePath("a")), "text");
+    EXPECT_EQ(QFile::permissions(FilePath("a")), QFile::permissions(FilePath("plain")));
+    EXPECT_EQ(Names(), QStringList({ "a", "plain" }));
+}
+
+TEST_F(ReplaceFileTest, KeepsThePermissionsOfTheOldFile)
+{
+    Store(FilePath("a"), "old");
+    QFile::setPermissions(FilePath("a"), QFile::ReadOwner | QFile::WriteOwner);
+    const QFile::Permissions before = QFile::permissions(FilePath("a"));
+    ASSERT_TRUE(ReplaceFile(FilePath("a"), "new"));
+    EXPECT_EQ(Contents(FilePath("a")), "new");
+    EXPECT_EQ(QFile::permissions(FilePath("a")), before);
+}
+
+TEST_F(ReplaceFileTest, RefusesAReadOnlyFile)
+{
+    Store(FilePath("a"), "old");
+    QFile::setPermissions(FilePath("a"), QFile::ReadOwner);
+    EXPECT_FALSE(ReplaceFile(FilePath("a"), "new"));
+    EXPECT_EQ(Contents(FilePath("a")), "old");
+    EXPECT_EQ(Names(), QStringList("a"));
+}
+
+TEST_F(ReplaceFileTest, RefusesAFolderAndAPlaceThatIsNotThere)
+{
+    EXPECT_FALSE(ReplaceFile(Folder(), "x"));
+    EXPECT_FALSE(ReplaceFile(FilePath("none/a"), "x"));
+    EXPECT_TRUE(Names().isEmpty());
+}
+
+TEST_F(ReplaceFileTest, FollowsALink)
+{
+    Store(FilePath("target"), "old");
+    ASSERT_TRUE(QFile::link(FilePath("target"), FilePath("link")));
+    ASSERT_TRUE(ReplaceFile(FilePath("link"), "new"));
+    EXPECT_TRUE(QFileInfo(FilePath("link")).isSymLink());
+    EXPECT_EQ(Contents(FilePath("target")), "new");
+}
+
+TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeft)
+{
+    Store(FilePath(".a.AbCdEf.part"), "half");
+    Store(FilePath(".ab.AbCdEf.part"), "of another file");
+    Store(FilePath("a.txt"), "of the user");
+    ASSERT_TRUE(ReplaceFile(FilePath("a"), "x"));
+    EXPECT_EQ(Names(), QStringList({ ".ab.AbCdEf.part", "a", "a.txt" }));
+}
+
+TEST_F(ReplaceFileTest, WritesNothingAsAnEmptyFile)
+{
+    ASSERT_TRUE(ReplaceFile(FilePath("a"), {}));
+    EXPECT_EQ(QFileInfo(FilePath("a")).size(), 0);
+}

@@ -2,7 +2,7 @@
 
 #include "app/iniFile.h"
 #include "app/replaceFile.h"
-#include "app/strings.h"
+#include "app/picture.h"
 
 #include <QFile>
 

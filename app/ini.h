@@ -1,10 +1,11 @@
-// app/ini.h: the settings file, value by value, and the habits of the system's region.
+// app/ini.h: the settings file, value by value. The habits of the system's region come with it.
 //
 // Nothing here reports anything: a file that can't be read gives the defaults, one that can't be written stays as it
 // is. A file of more than 1 MiB is no settings file: it is neither read nor replaced.
 #pragma once
 
-#include <QDateTime>
+#include "app/region.h"
+
 #include <QString>
 
 /// Reads and writes `file` as one: every reader and writer that names the same file uses the copy in memory, until the
@@ -69,20 +70,3 @@ void IniWriteString(const QString& file, const QString& section, const QString& 
 void IniWriteRect(const QString& file, const QString& section, const QString& prefix, const IniRect& value);
 void IniWriteModelPcPath(const QString& file, int fileClass, const QString& path);
 void IniWriteModelInstrPath(const QString& file, int fileClass, const QString& path);
-
-/// Order of the parts in the region's short date: 0 month first, 1 day first, 2 year first; -1 if it can't be told.
-int IniDateOrder();
-
-/// The region's decimal character, "." where it has none.
-QString IniDecimalChar();
-
-/// What parts the fields of a list. The regions that the system knows don't name it, so it follows the habit of
-/// spreadsheets: ";" where the decimal character is a comma, "," where it is a point; ";" when no region is set.
-QString IniListSeparator();
-
-/// Name of the system's default printer, trimmed; empty without one.
-QString IniDefaultPrinter();
-
-/// The region's short date, and its time with seconds.
-QString IniDateText(const QDateTime& date);
-QString IniTimeText(const QDateTime& date);

@@ -1,6 +1,6 @@
-// The decimal digits of a number and their way into a text.
-#include "app/ini.h"
-#include "app/strings.h"
+#include "app/picture.h"
+
+#include "app/region.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,7 +1,7 @@
 #include "app/strings.h"
 
-#include "app/ini.h"
 #include "app/lang.h"
+#include "app/region.h"
 #include "closed/loader.h"
 
 #include <algorithm>

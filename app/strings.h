@@ -1,19 +1,11 @@
 // app/strings.h: numbers, units, paths and dates as text.
 #pragma once
 
+#include "app/picture.h"
+
 #include <QDate>
 #include <QDir>
 #include <QString>
-
-/// `value` by a picture of "0" (digit always shown), "#" (digit shown when needed) and one ".", which comes out as the
-/// region's decimal character, even with no digit behind it. Rounds to nearest, halves away from zero, on the number's
-/// 15 significant decimal digits, so that 0.0000005 in "#0.000000" is 0.000001. A result of zero bears no sign; a value
-/// that is no number gives an empty text.
-QString FormatPicture(double value, QStringView picture);
-
-/// `value` in plain notation with a point and no exponent, with at most `significantDigits` (1 to 17) digits; trailing
-/// zeros behind the point are left out. No region applies.
-QString PlainNumberText(double value, int significantDigits = 15);
 
 /// FormatPicture without a decimal character at the end. The last two arguments of the classic form have no meaning
 /// for a number.

@@ -1,4 +1,4 @@
-#include "app/strings.h"
+#include "app/picture.h"
 #include "tests/support/fixture.h"
 
 #include <limits>

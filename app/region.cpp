@@ -1,5 +1,5 @@
-// What the settings module reads of the system's region.
-#include "app/ini.h"
+#include "app/region.h"
+
 #include "app/seams.h"
 
 namespace {

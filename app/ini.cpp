@@ -1,8 +1,8 @@
 #include "app/ini.h"
 
 #include "app/iniFile.h"
-#include "app/replaceFile.h"
 #include "app/picture.h"
+#include "app/replaceFile.h"
 
 #include <QFile>
 

@@ -29,9 +29,12 @@ struct SettingsGroup {
     std::function<void(const QString& iniFile)> Write;
 };
 
-/// The groups behind frame and last file, in the order of reading and writing: folders, print, connection, screen,
-/// window. Set by the program's composition.
+/// The groups between the last file and the window switches, in the order of reading and writing: folders, print,
+/// connection, screen. Set by the program's composition.
 void SettingsSetGroups(std::vector<SettingsGroup> groups);
+
+/// Forgets groups and frame.
+void SettingsReset();
 
 /// `AppPath` + "Tarvik" + ".ini".
 QString IniFileName();

@@ -46,7 +46,7 @@ void FileClassesReset();
 /// Selects `fileClass`; any value outside 1 to 6 selects FileClassUnknown.
 void ModFileInit(int fileClass);
 
-/// Text number in `slot` of the present class.
+/// Text number in `slot` of the present class; 0 while no class is selected.
 int ModCaption(CaptionSlot slot);
 
 /// Extension text of classes 1 to 4 and 6, with its point; empty for any other.

@@ -3,7 +3,7 @@
 
 namespace {
 
-using Record = MemoryRecord;
+using Record = StoredMemory;
 
 template <auto Member, const auto& Rule>
 constexpr auto kStage = CallStage<MemoryList, Member, Rule>;

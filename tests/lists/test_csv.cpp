@@ -28,7 +28,7 @@ protected:
     }
 };
 
-/// A language whose antenna lists bear the CSV extension, so that files follow the region.
+/// A language whose memory lists bear the CSV extension, so that files follow the region.
 class CsvOfRegion : public Csv {
 protected:
     CsvOfRegion()
@@ -37,11 +37,7 @@ protected:
         TvLng().LngGetStr = [](int32_t id, const char* fallback, char* out, int32_t size) {
             return realGetStr(id == 10760 ? 11003 : id, fallback, out, size);
         };
-        QLocale::setDefault(QLocale(QLocale::German));
-    }
-    ~CsvOfRegion() override
-    {
-        QLocale::setDefault(QLocale::c());
+        TheSeams().Region = [] { return QLocale(QLocale::German); };
     }
 
 private:
@@ -52,11 +48,10 @@ private:
 
 TEST_F(Csv, FilesHaveCommasAndPointsWhateverTheRegion)
 {
-    QLocale::setDefault(QLocale(QLocale::German));
+    TheSeams().Region = [] { return QLocale(QLocale::German); };
     EXPECT_FALSE(CsvUseLocaleForm());
     EXPECT_EQ(CsvListSeparator(), ',');
     EXPECT_EQ(CsvNumberText(0.5), " 0.5");
-    QLocale::setDefault(QLocale::c());
 }
 
 TEST_F(CsvOfRegion, AListThatIsItselfCsvFollowsTheRegion)

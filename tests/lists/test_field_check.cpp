@@ -83,14 +83,30 @@ TEST_F(FieldCheck, FieldsOfFilesAreJudgedLikeTypedText)
     }
 }
 
-TEST_F(FieldCheck, ALocaleWithAMarkOfItsOwnIsUnderstood)
+TEST_F(FieldCheck, ARegionWithADecimalCommaTakesBothNotationsToo)
 {
-    QLocale::setDefault(QLocale(QLocale::German));
+    TheSeams().Region = [] { return QLocale(QLocale::German); };
     EXPECT_EQ(DecimalSeparator(), u',');
     EXPECT_EQ(Number("12,5"), 12.5);
     EXPECT_EQ(Number("12.5"), 12.5);
-    QLocale::setDefault(QLocale::c());
-    EXPECT_EQ(DecimalSeparator(), u'.');
+    QString text = QStringLiteral("145.5");
+    double hertz = 0;
+    ASSERT_TRUE(CheckCellScaled(text, hertz, kWide, kMegahertzCell));
+    EXPECT_EQ(text, "145,500000");
+    ASSERT_TRUE(CheckCellScaled(text, hertz, kWide, kMegahertzCell));
+    EXPECT_EQ(hertz, 145500000.0);
+}
+
+TEST_F(FieldCheck, ARegionWithAMarkOfItsOwnReadsWhatItWrites)
+{
+    TheSeams().Region = [] { return QLocale(QLocale::Arabic, QLocale::Egypt); };
+    ASSERT_NE(DecimalSeparator(), u'.');
+    ASSERT_NE(DecimalSeparator(), u',');
+    QString text = QStringLiteral("145.5");
+    double hertz = 0;
+    ASSERT_TRUE(CheckCellScaled(text, hertz, kWide, kMegahertzCell));
+    ASSERT_TRUE(CheckCellScaled(text, hertz, kWide, kMegahertzCell));
+    EXPECT_EQ(hertz, 145500000.0);
 }
 
 TEST_F(FieldCheck, MegahertzBecomeHertzAndComeBackInTheFormat)

@@ -6,8 +6,6 @@
 #include <QStringList>
 
 #include <cstring>
-#include <memory>
-#include <vector>
 
 namespace {
 
@@ -106,23 +104,17 @@ bool ModuleLoad(Module module, const QString& folder)
     if (!QFileInfo(path).isFile())
         return false;
 
-    QLibrary check(path);
-    check.setLoadHints(QLibrary::ResolveAllSymbolsHint);
-    if (!check.load())
+    // The bound operations point into the library, so it stays mapped when the handle is given back.
+    QLibrary library(path);
+    library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
+    if (!library.load())
         return false;
-    const auto entry = reinterpret_cast<BindEntry>(check.resolve("VbLoad"));
-    if (entry == nullptr || !BindModule(module, entry)) {
-        check.unload();
-        return false;
-    }
-
-    // The bound operations point into the library, so one reference outlives the check's own.
-    static std::vector<std::unique_ptr<QLibrary>> bound;
-    auto& keeper = bound.emplace_back(std::make_unique<QLibrary>(path));
-    keeper->load();
-    check.unload();
-    ModuleMarkBound(module);
-    return true;
+    const auto entry = reinterpret_cast<BindEntry>(library.resolve("VbLoad"));
+    const bool isBound = entry != nullptr && BindModule(module, entry);
+    library.unload();
+    if (isBound)
+        ModuleMarkBound(module);
+    return isBound;
 }
 
 bool ModuleIsBound(Module module)

@@ -1,8 +1,37 @@
 // main.cpp: composition: the one place that sees every folder.
+#include "app/FmMessage.h"
+#include "app/MfMain.h"
+#include "app/PlatformSeams.h"
+#include "app/dropFiles.h"
+#include "app/lang.h"
+#include "app/project.h"
+#include "link/connect.h"
+#include "link/file.h"
+#include "print/allSettings.h"
+
 #include <QApplication>
+
+namespace {
+
+/// What lower folders ask of higher ones.
+void BindFolders()
+{
+    TheLangHooks().InstrumentAccepted = [] { return Connection().InstrumentAccepted == 1; };
+    TheProjectHooks().FileOpen = [](const QString& path) { return FileOpen(path, true, true); };
+    TheDropHooks().IsKnownFile = FileCanBeDropped;
+    SettingsSetGroups(AllSettingsGroups());
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
+    BindPlatformSeams();
+    BindMessageForm();
+    BindFolders();
+    MfMain frame;
+    if (!frame.Load())
+        return EXIT_FAILURE;
     return QApplication::exec();
 }

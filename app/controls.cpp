@@ -18,20 +18,13 @@
 namespace {
 
 constexpr double kTwipsPerInch = 1440.0;
-
-int PixelsFromTwips(const QWidget* control, int twips)
-{
-    const QScreen* screen = control->screen();
-    const double dotsPerInch = screen == nullptr ? 96.0 : screen->logicalDotsPerInch();
-    return qRound(twips * dotsPerInch / kTwipsPerInch);
-}
+constexpr double kUsualDotsPerInch = 96.0;
 
 /// Shows the control's hint on the status line while the pointer is over it.
 class HintFilter final : public QObject {
 public:
-    HintFilter(QWidget* control, int hint)
+    explicit HintFilter(QWidget* control)
         : QObject(control)
-        , hint_(hint)
     {
         control->installEventFilter(this);
     }
@@ -39,14 +32,11 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (event->type() == QEvent::Enter)
-            StatusSetId(hint_);
+            StatusSetId(watched->property(kHintNumberProperty).toInt());
         if (event->type() == QEvent::Leave)
             StatusSet({});
         return QObject::eventFilter(watched, event);
     }
-
-private:
-    int hint_;
 };
 
 class AnsiValidator final : public QValidator {
@@ -97,7 +87,7 @@ Control* Prepared(Control* control, const char* name, const ControlTexts& texts)
     if (texts.Help != 0)
         SetControlHelp(control, texts.Help);
     if (texts.Hint != 0)
-        new HintFilter(control, texts.Hint);
+        SetControlHint(control, texts.Hint);
     return control;
 }
 
@@ -118,6 +108,25 @@ int HelpNumberOf(const QWidget* control)
 void SetControlHelp(QWidget* control, int help)
 {
     control->setProperty(kHelpNumberProperty, help);
+}
+
+void SetControlHint(QWidget* control, int hint)
+{
+    const bool isNew = !control->property(kHintNumberProperty).isValid();
+    control->setProperty(kHintNumberProperty, hint);
+    if (isNew)
+        new HintFilter(control);
+}
+
+double TwipsPerPixel(const QWidget* control)
+{
+    const QScreen* screen = control->screen();
+    return kTwipsPerInch / (screen == nullptr ? kUsualDotsPerInch : screen->logicalDotsPerInch());
+}
+
+int PixelsFromTwips(const QWidget* control, double twips)
+{
+    return qRound(twips / TwipsPerPixel(control));
 }
 
 void LngSetCtrl(QWidget* control, int id)

@@ -35,6 +35,11 @@ public:
         return loaded_;
     }
 
+    bool IsClosed() const
+    {
+        return !loaded_;
+    }
+
     /// Help number of the form itself: what F1 shows where no control has a number of its own.
     int HelpNumber() const;
 
@@ -83,6 +88,16 @@ inline constexpr const char* kHelpNumberProperty = "HelpNumber";
 int HelpNumberOf(const QWidget* control);
 
 void SetControlHelp(QWidget* control, int help);
+
+/// Property of a control that holds its hint number.
+inline constexpr const char* kHintNumberProperty = "HintNumber";
+
+/// Shows text `hint` on the status line while the pointer is over `control`; may be called again with another one.
+void SetControlHint(QWidget* control, int hint);
+
+/// Twips in one pixel of the control's screen: 15 at 96 dpi.
+double TwipsPerPixel(const QWidget* control);
+int PixelsFromTwips(const QWidget* control, double twips);
 
 /// Sets a control's text and geometry by text number, by the kind of the control: a combo box gets no text; a text
 /// box gets it as its content; labels, buttons and frames as their caption; scroll bars, lists and pictures none.

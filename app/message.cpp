@@ -31,10 +31,8 @@ struct Question {
 int Show(const Question& question)
 {
     MessageRequest& request = TheMessage();
-    const bool waits = request.Showing;
-    if (waits)
+    if (request.Showing)
         TheSeams().PumpUntil([&request] { return !request.Showing; });
-    const int answerBefore = request.Result;
     request.Style = question.Style;
     request.Text = question.Text;
     request.HelpNumber = question.HelpNumber;
@@ -44,10 +42,7 @@ int Show(const Question& question)
     if (Presenter())
         Presenter()(request);
     request.DefaultToNo = false;
-    const int answer = request.Result;
-    if (waits) // whoever asked the first question has not read its answer yet
-        request.Result = answerBefore;
-    return answer;
+    return request.Result;
 }
 
 int Ask(int style, int id, bool defaultToNo = false)

@@ -3,7 +3,7 @@
 
 namespace {
 
-using Record = StoredMemory;
+using Record = MemoryRecord;
 
 template <auto Member, const auto& Rule>
 constexpr auto kStage = CallStage<MemoryList, Member, Rule>;

@@ -1,0 +1,134 @@
+#include "app/FrameStatusBar.h"
+
+#include "app/Pictures.h"
+#include "app/ProgressPicture.h"
+#include "app/form.h"
+#include "app/lang.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace {
+
+constexpr int kPicturePx = 18;
+constexpr int kNarrowPanelPx = 150;
+
+constexpr int kHelpBar = 13600;
+constexpr int kHelpPanels = 13602;
+constexpr std::array<int, kStatusPanels> kPanelHints{ 13601, 13605, 13603, 13604 };
+
+constexpr int kHintProgress = 13605;
+constexpr int kHelpProgress = 13606;
+constexpr int kHintConnected = 13607;
+constexpr int kHelpConnected = 13608;
+constexpr int kHintNotConnected = 13609;
+constexpr int kHelpNotConnected = 13610;
+
+constexpr int kProgressPanel = 2;
+
+void SetStatusControl(QWidget* control, int hint, int help)
+{
+    SetControlHelp(control, help);
+    SetControlHint(control, hint);
+    control->setAccessibleName(LngStr(hint));
+}
+
+} // namespace
+
+FrameStatusBar::FrameStatusBar(QWidget* frame)
+    : QStatusBar(frame)
+{
+    setObjectName(QStringLiteral("PbStatusBar"));
+    setSizeGripEnabled(true);
+    panels_ = new QWidget(this);
+    panels_->setObjectName(QStringLiteral("StatusBar"));
+    auto* row = new QHBoxLayout(panels_);
+    row->setContentsMargins(4, 0, 4, 0);
+    row->setSpacing(8);
+    for (int panel = 1; panel <= kStatusPanels; ++panel)
+        row->addWidget(NewPanel(panel), panel == 1 ? 1 : 0);
+    addWidget(panels_, 1);
+
+    progress_ = new ProgressPicture(this);
+    auto* inPanel = new QHBoxLayout(Panels[kProgressPanel - 1]);
+    inPanel->setContentsMargins(0, 0, 0, 0);
+    inPanel->addWidget(progress_);
+    ImConnect = NewConnectionPicture("ImConnect", QStringLiteral("connected"));
+    ImNoConnect = NewConnectionPicture("ImNoConnect", QStringLiteral("notconnected"));
+    ShowConnectionPictures();
+    ShowLinkState(false);
+}
+
+QLabel* FrameStatusBar::NewPanel(int panel)
+{
+    auto* label = new QLabel(panels_);
+    NameControl(label, QStringLiteral("Panel[%1]").arg(panel));
+    label->setTextFormat(Qt::PlainText);
+    if (panel == 1)
+        label->setMinimumWidth(1); // a long status text is cut, and does not widen the frame
+    else
+        label->setFixedWidth(kNarrowPanelPx);
+    Panels[static_cast<size_t>(panel - 1)] = label;
+    return label;
+}
+
+QLabel* FrameStatusBar::NewConnectionPicture(const char* name, const QString& picture)
+{
+    auto* label = new QLabel(this);
+    NameControl(label, QString::fromLatin1(name));
+    label->setProperty("Picture", picture);
+    addPermanentWidget(label);
+    return label;
+}
+
+/// Drawn anew when the palette changes, since their lines follow its text colour.
+void FrameStatusBar::ShowConnectionPictures()
+{
+    for (QLabel* label : { ImConnect, ImNoConnect }) {
+        const QIcon icon = PictureIcon(label->property("Picture").toString());
+        label->setPixmap(icon.pixmap(QSize(kPicturePx, kPicturePx), devicePixelRatioF()));
+    }
+}
+
+void FrameStatusBar::changeEvent(QEvent* event)
+{
+    QStatusBar::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && ImNoConnect != nullptr)
+        ShowConnectionPictures();
+}
+
+void FrameStatusBar::SetTexts()
+{
+    SetControlHelp(this, kHelpBar);
+    SetControlHelp(panels_, kHelpPanels);
+    for (size_t at = 0; at < Panels.size(); ++at) {
+        SetControlHint(Panels[at], kPanelHints[at]);
+        Panels[at]->setAccessibleName(LngStr(kPanelHints[at]));
+    }
+    SetStatusControl(progress_, kHintProgress, kHelpProgress);
+    SetStatusControl(ImConnect, kHintConnected, kHelpConnected);
+    SetStatusControl(ImNoConnect, kHintNotConnected, kHelpNotConnected);
+}
+
+void FrameStatusBar::SetPanelText(int panel, const QString& text)
+{
+    if (panel >= 1 && panel <= kStatusPanels)
+        Panels[static_cast<size_t>(panel - 1)]->setText(text);
+}
+
+QString FrameStatusBar::PanelText(int panel) const
+{
+    return panel >= 1 && panel <= kStatusPanels ? Panels[static_cast<size_t>(panel - 1)]->text() : QString();
+}
+
+void FrameStatusBar::ShowLinkState(bool linkUp)
+{
+    ImConnect->setVisible(linkUp);
+    ImNoConnect->setVisible(!linkUp);
+}
+
+void FrameStatusBar::EnablePanels(bool enabled)
+{
+    panels_->setEnabled(enabled);
+}

@@ -1,0 +1,113 @@
+#include "app/KeyboardFilter.h"
+
+#include "app/dialog.h"
+#include "app/form.h"
+#include "app/help.h"
+#include "app/keyboardHook.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QWidget>
+
+#include <utility>
+
+namespace {
+
+/// An event goes to its window, then to the widget with the focus, then to that one's parents: one object all the
+/// way. The top bit of its time marks it as handled.
+constexpr quint64 kHandledMark = quint64(1) << 63;
+
+bool& ArrowHeld()
+{
+    static bool held = false;
+    return held;
+}
+
+void NoteArrow(const QKeyEvent& event)
+{
+    if (event.key() == Qt::Key_Up || event.key() == Qt::Key_Down)
+        ArrowHeld() = event.type() == QEvent::KeyPress;
+}
+
+QWidget* ControlOf(QObject* watched)
+{
+    if (auto* control = qobject_cast<QWidget*>(watched))
+        return control;
+    return QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : QApplication::activeWindow();
+}
+
+} // namespace
+
+KeyboardFilter::KeyboardFilter(QObject* parent)
+    : QObject(parent)
+{
+}
+
+void KeyboardFilter::Install()
+{
+    qApp->installEventFilter(this);
+}
+
+void KeyboardFilter::Remove()
+{
+    qApp->removeEventFilter(this);
+}
+
+bool KeyboardFilter::ArrowKeyIsHeld()
+{
+    return ArrowHeld();
+}
+
+bool KeyboardFilter::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        return OnKey(watched, *static_cast<QKeyEvent*>(event));
+    case QEvent::ApplicationDeactivate:
+        ArrowHeld() = false;
+        escapeIsOurs_ = false;
+        return false;
+    case QEvent::QueryWhatsThis:
+        event->setAccepted(HelpNumberOf(qobject_cast<QWidget*>(watched)) != 0);
+        return event->isAccepted();
+    case QEvent::WhatsThis:
+        return ShowTopicOf(watched);
+    default:
+        return false;
+    }
+}
+
+bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
+{
+    const bool isRepeatedRelease = event.type() == QEvent::KeyRelease && event.isAutoRepeat();
+    if ((event.timestamp() & kHandledMark) != 0 || isRepeatedRelease) // a held key has not been released
+        return false;
+    event.setTimestamp(event.timestamp() | kHandledMark);
+    NoteArrow(event);
+    if (event.key() == Qt::Key_Escape && !IsOurEscape(event))
+        return false;
+    const HookKey key{ event.key(), event.type() == QEvent::KeyRelease, event.isAutoRepeat() };
+    if (KeyboardHookKey(key))
+        return true;
+    const bool goesDown = !key.Released && !key.AutoRepeat;
+    return key.Key == Qt::Key_F1 && goesDown && ShowTopicOf(watched);
+}
+
+/// An Escape that closes a list, a menu or a file dialog must not, with its release, close the form below as well.
+bool KeyboardFilter::IsOurEscape(const QKeyEvent& event)
+{
+    if (event.type() == QEvent::KeyRelease)
+        return std::exchange(escapeIsOurs_, false);
+    escapeIsOurs_ = QApplication::activePopupWidget() == nullptr && (DialogIsActive() || !DialogIsOpen());
+    return escapeIsOurs_;
+}
+
+bool KeyboardFilter::ShowTopicOf(QObject* watched)
+{
+    const int help = HelpNumberOf(ControlOf(watched));
+    if (help != 0)
+        ShowHelp(help);
+    return help != 0;
+}

@@ -1,0 +1,225 @@
+#include "app/MfMain.h"
+
+#include "app/FmLogo.h"
+#include "app/FrameMenus.h"
+#include "app/FrameStatusBar.h"
+#include "app/FrameToolbar.h"
+#include "app/KeyboardFilter.h"
+#include "app/Pictures.h"
+#include "app/form.h"
+#include "app/keyboardHook.h"
+#include "app/placement.h"
+#include "app/project.h"
+#include "app/settings.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScreen>
+
+namespace {
+
+constexpr int kHelpFrame = 11801;
+
+} // namespace
+
+MfMain::MfMain()
+{
+    setObjectName(QStringLiteral("MfMain"));
+    setWindowTitle(ProductTitle());
+    setWindowIcon(ProgramIcon());
+    setAcceptDrops(true);
+    SetControlHelp(this, kHelpFrame);
+    BuildAreas();
+    BindHooks();
+    BindCommands();
+    BindPlacement();
+}
+
+MfMain::~MfMain()
+{
+    UnbindHooks();
+}
+
+void MfMain::BuildAreas()
+{
+    MdiArea = new QMdiArea(this);
+    MdiArea->setObjectName(QStringLiteral("MdiArea"));
+    MdiArea->viewport()->installEventFilter(this);
+    setCentralWidget(MdiArea);
+    connect(MdiArea, &QMdiArea::subWindowActivated, this, [this] { MenuUpdate(); });
+
+    menus_ = new FrameMenus(this);
+    toolbar_ = new FrameToolbar(this);
+    toolbar_->installEventFilter(this);
+    toolbar_->ReturnFocus = [this] { ReturnFocus(); };
+    addToolBar(Qt::TopToolBarArea, toolbar_);
+    statusBar_ = new FrameStatusBar(this);
+    statusBar_->installEventFilter(this);
+    setStatusBar(statusBar_);
+    keyboard_ = new KeyboardFilter(this);
+
+    ImLogoMr = new QLabel(this);
+    ImLogoMr->setObjectName(QStringLiteral("ImLogoMr"));
+    ImLogoMr->setPixmap(PicturePixmap(QStringLiteral("logo"), devicePixelRatioF()));
+    ImLogoMr->hide();
+}
+
+bool MfMain::Load()
+{
+    if (!ProjectInit(*this))
+        return false;
+    toolbar_->LayOut();
+    return ProjectStart(*this);
+}
+
+QString MfMain::CommandLine() const
+{
+    return QCoreApplication::arguments().mid(1).join(u' ');
+}
+
+QString MfMain::ExecutableFolder() const
+{
+    return QCoreApplication::applicationDirPath();
+}
+
+bool MfMain::LoadModule(Module module, const QString& folder)
+{
+    return ModuleLoad(module, folder);
+}
+
+void MfMain::BuildTexts()
+{
+    setWindowTitle(Program().ProgramTitle);
+    setAccessibleName(Program().ProgramTitle);
+    MdiArea->setAccessibleName(Program().ProgramTitle);
+    menus_->SetTexts();
+    toolbar_->SetTexts();
+    statusBar_->SetTexts();
+}
+
+int MfMain::ShowLogo()
+{
+    FmLogo logo(ImLogoMr->pixmap(Qt::ReturnByValue));
+    return DialogShow(logo);
+}
+
+void MfMain::FreeLogo()
+{
+    ImLogoMr->setPixmap({});
+}
+
+void MfMain::InstallKeyboardHook()
+{
+    keyboard_->Install();
+}
+
+void MfMain::RemoveKeyboardHook()
+{
+    keyboard_->Remove();
+}
+
+void MfMain::ApplyBars()
+{
+    ShowBar(toolbar_, Program().ToolbarOn);
+    ShowBar(statusBar_, Program().StatusBarOn);
+    menus_->ShowToggles();
+}
+
+/// The child windows are arranged anew when the room for them has changed.
+void MfMain::ShowBar(QWidget* bar, bool on)
+{
+    if (bar->isHidden() == !on)
+        return;
+    bar->setVisible(on);
+    TheDocumentHooks().Retile();
+}
+
+void MfMain::ShowFrame()
+{
+    QVector<QRect> screens;
+    for (const QScreen* one : QGuiApplication::screens())
+        screens.append(one->availableGeometry());
+    if (placement_.isValid())
+        setGeometry(PlacementOnScreens(placement_, screens));
+    setVisible(true);
+    toolbar_->StartTips();
+}
+
+void MfMain::FocusFirstButton()
+{
+    toolbar_->FocusFirstButton();
+}
+
+void MfMain::ReturnFocus()
+{
+    if (QMdiSubWindow* child = MdiArea->activeSubWindow())
+        child->setFocus();
+}
+
+void MfMain::MenuUpdate()
+{
+    const auto outcome = MenuCompute(MenuInputNow(), Program().MenusDisabled);
+    if (!outcome)
+        return;
+    menus_->Apply(*outcome);
+    toolbar_->Apply(*outcome);
+    statusBar_->ShowLinkState(outcome->LinkUp);
+    TheDocumentHooks().Enable(outcome->MenusEnabled);
+}
+
+void MfMain::Popup(const QString& name, const QPoint& at)
+{
+    menus_->Popup(name, at);
+}
+
+bool MfMain::FrameKeyDown(const QKeyEvent& event)
+{
+    const bool isCopy = event.key() == Qt::Key_C && event.modifiers() == Qt::ControlModifier;
+    return isCopy && RuleHolds(EnableRule::Document, MenuInputNow()) && CommandRun(Command::EditCopyGraph);
+}
+
+void MfMain::keyPressEvent(QKeyEvent* event)
+{
+    if (!FrameKeyDown(*event))
+        QMainWindow::keyPressEvent(event);
+}
+
+void MfMain::closeEvent(QCloseEvent* event)
+{
+    if (!ProjectQueryUnload()) {
+        event->ignore();
+        return;
+    }
+    ProjectUnload(*this);
+    event->accept();
+    QCoreApplication::quit();
+}
+
+QMenu* MfMain::createPopupMenu()
+{
+    return nullptr; // the bars have menus of their own
+}
+
+bool MfMain::eventFilter(QObject* watched, QEvent* event)
+{
+    return PopupForBar(watched, event) || QMainWindow::eventFilter(watched, event);
+}
+
+/// `ClMn` opens when the button goes up over the empty area, the menus of the bars when it goes down.
+bool MfMain::PopupForBar(QObject* watched, QEvent* event)
+{
+    const bool isArea = watched == MdiArea->viewport() && event->type() == QEvent::MouseButtonRelease;
+    const bool isBar = watched != MdiArea->viewport() && event->type() == QEvent::MouseButtonPress;
+    if (!isArea && !isBar)
+        return false;
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (mouse->button() != Qt::RightButton)
+        return false;
+    const char* name = isArea ? "ClMn" : watched == toolbar_ ? "TbMn" : "SbMn";
+    Popup(QString::fromLatin1(name), mouse->globalPosition().toPoint());
+    return true;
+}

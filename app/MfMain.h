@@ -1,0 +1,77 @@
+// app/MfMain.h: the main frame. It is the start object: loading it runs the whole start-up, and it lives until the
+// process ends. It shows and passes on; the rules are in startup.h, menu.h, tip.h and dropFiles.h.
+#pragma once
+
+#include "app/startup.h"
+
+#include <QMainWindow>
+
+class FrameMenus;
+class FrameStatusBar;
+class FrameToolbar;
+class KeyboardFilter;
+class QLabel;
+class QMdiArea;
+
+class MfMain final : public QMainWindow, public ProjectHost {
+    Q_OBJECT
+public:
+    MfMain();
+    ~MfMain() override;
+
+    /// The load event: start-up from the first step to the last. False ends the process.
+    [[nodiscard]] bool Load();
+
+    /// Opens a right-click menu at a place on the screen, if the program can act.
+    void Popup(const QString& name, const QPoint& at);
+
+    /// What a child window does with a key of its own: Ctrl+C copies. True when the key has run a command.
+    bool FrameKeyDown(const QKeyEvent& event);
+
+    QMdiArea* ChildArea() const
+    {
+        return MdiArea;
+    }
+
+    QString CommandLine() const override;
+    QString ExecutableFolder() const override;
+    bool LoadModule(Module module, const QString& folder) override;
+    void BuildTexts() override;
+    int ShowLogo() override;
+    void FreeLogo() override;
+    void InstallKeyboardHook() override;
+    void ApplyBars() override;
+    void ShowFrame() override;
+    void FocusFirstButton() override;
+    void RemoveKeyboardHook() override;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    QMenu* createPopupMenu() override;
+
+private:
+    void BuildAreas();
+    void BindHooks();
+    static void UnbindHooks();
+    void BindProgress();
+    void BindCommands();
+    void BindPlacement();
+    void MenuUpdate();
+    void ShowBar(QWidget* bar, bool on);
+    bool PopupForBar(QObject* watched, QEvent* event);
+    void ReturnFocus();
+
+    QMdiArea* MdiArea = nullptr;
+    QLabel* ImLogoMr = nullptr;
+    FrameMenus* menus_ = nullptr;
+    FrameToolbar* toolbar_ = nullptr;
+    FrameStatusBar* statusBar_ = nullptr;
+    KeyboardFilter* keyboard_ = nullptr;
+    QRect placement_; ///< the restored rectangle that the settings ask for
+};

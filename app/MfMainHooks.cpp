@@ -1,0 +1,163 @@
+// The frame's side of the hooks: what modules below ask of it, its own commands, its place in the settings, and what
+// is dropped on it.
+#include "app/MfMain.h"
+
+#include "app/FrameMenus.h"
+#include "app/FrameStatusBar.h"
+#include "app/FrameToolbar.h"
+#include "app/ProgressPicture.h"
+#include "app/dropFiles.h"
+#include "app/form.h"
+#include "app/frameHooks.h"
+#include "app/help.h"
+#include "app/keyboardHook.h"
+#include "app/progressBar.h"
+#include "app/project.h"
+#include "app/settings.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QScreen>
+#include <QTimer>
+#include <QWhatsThis>
+
+namespace {
+
+constexpr int kHelpContents = 11971;
+constexpr int kHelpIndex = 11973;
+constexpr int kHelpSearch = 11975;
+constexpr int kHelpSupport = 11979;
+constexpr int kHelpAbout = 11901;
+
+QStringList LocalFiles(const QMimeData& data)
+{
+    QStringList files;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile())
+            files.append(url.toLocalFile());
+    }
+    return files;
+}
+
+bool DropIsAllowedFor(const QMimeData& data)
+{
+    return data.hasUrls() ? DropIsAllowed(LocalFiles(data)) : DropIsAllowed(data);
+}
+
+void Accept(QDropEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+} // namespace
+
+void MfMain::BindHooks()
+{
+    FrameHooks& hooks = TheFrameHooks();
+    hooks.MenuUpdate = [this] { MenuUpdate(); };
+    hooks.SetStatusText = [this](const QString& text) { statusBar_->SetPanelText(1, text); };
+    hooks.StatusText = [this] { return statusBar_->PanelText(1); };
+    hooks.SetPanelText = [this](int panel, const QString& text) { statusBar_->SetPanelText(panel, text); };
+    hooks.HasActivation = [this] { return isActiveWindow(); };
+    hooks.ShowBusyPointer = [this](bool busy) { busy ? setCursor(Qt::WaitCursor) : unsetCursor(); };
+    hooks.CloseTip = [this] { toolbar_->CloseTip(); };
+    hooks.EnableStatusBar = [this](bool on) { statusBar_->EnablePanels(on); };
+    toolbar_->OnTick = [] { TheDocumentHooks().CheckPendingResize(); };
+    TheMenuTracker() = [this] { return menus_->HighlightedHelp(); };
+    TheHelpHooks().EnterWhatsThis = [] { QWhatsThis::enterWhatsThisMode(); };
+    BindProgress();
+}
+
+void MfMain::BindProgress()
+{
+    auto* timer = new QTimer(this);
+    timer->setObjectName(QStringLiteral("TmProgress"));
+    timer->setInterval(kProgressTimerMs);
+    connect(timer, &QTimer::timeout, this, [] { ProgressRefresh(); });
+    ProgressHooks& hooks = TheProgressHooks();
+    hooks.Show = [this](int percent, const QString& text) { statusBar_->Progress()->ShowPercent(percent, text); };
+    hooks.Clear = [this] { statusBar_->Progress()->Clear(); };
+    hooks.EnableTimer = [timer](bool on) { on ? timer->start() : timer->stop(); };
+}
+
+/// The hooks outlive the frame, and what they call does not.
+void MfMain::UnbindHooks()
+{
+    FrameHooksReset();
+    CommandHooksReset();
+    TheFramePlacement() = {};
+    TheProgressHooks() = {};
+    TheMenuTracker() = {};
+    TheHelpHooks().EnterWhatsThis = {};
+}
+
+void MfMain::BindCommands()
+{
+    CommandHooks& run = TheCommandHooks();
+    run[Command::FileExit] = [this] { close(); };
+    run[Command::ViewToolbar] = [this] {
+        Program().ToolbarOn = !Program().ToolbarOn;
+        ApplyBars();
+    };
+    run[Command::ViewStatusBar] = [this] {
+        Program().StatusBarOn = !Program().StatusBarOn;
+        ApplyBars();
+    };
+    run[Command::HelpContents] = [] { HelpCommand(kHelpContents); };
+    run[Command::HelpIndex] = [] { HelpCommand(kHelpIndex); };
+    run[Command::HelpSearch] = [] { HelpCommand(kHelpSearch); };
+    run[Command::HelpSupport] = [] { HelpCommand(kHelpSupport); };
+    run[Command::HelpAbout] = [] { HelpCommand(kHelpAbout); };
+    run[Command::HelpWhatsThis] = [] {
+        if (TheHelpHooks().EnterWhatsThis)
+            TheHelpHooks().EnterWhatsThis();
+    };
+}
+
+void MfMain::BindPlacement()
+{
+    const auto pixels = [this](double twips) { return PixelsFromTwips(this, twips); };
+    FramePlacementHooks& hooks = TheFramePlacement();
+    hooks.ScreenSizeTwips = [this] { return QSizeF(screen()->availableSize()) * TwipsPerPixel(this); };
+    hooks.SetState = [this](int state) {
+        setWindowState(state == WinStateMaximised ? Qt::WindowMaximized
+                : state == WinStateMinimised      ? Qt::WindowMinimized
+                                                  : Qt::WindowNoState);
+    };
+    hooks.SetWidthTwips = [this, pixels](double twips) { placement_.setWidth(pixels(twips)); };
+    hooks.SetHeightTwips = [this, pixels](double twips) { placement_.setHeight(pixels(twips)); };
+    hooks.SetLeftTwips = [this, pixels](double twips) { placement_.moveLeft(pixels(twips)); };
+    hooks.SetTopTwips = [this, pixels](double twips) { placement_.moveTop(pixels(twips)); };
+    hooks.SizeTwips = [this] { return QSizeF(placement_.size()) * TwipsPerPixel(this); };
+    hooks.State = [this] {
+        return isMinimized() ? WinStateMinimised : isMaximized() ? WinStateMaximised : WinStateNormal;
+    };
+    hooks.NormalRectTwips = [this] {
+        const QRect rect = isMaximized() || isMinimized() ? normalGeometry() : geometry();
+        const double twips = TwipsPerPixel(this);
+        return QRectF(QPointF(rect.topLeft()) * twips, QSizeF(rect.size()) * twips);
+    };
+}
+
+void MfMain::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (DropIsAllowedFor(*event->mimeData()))
+        Accept(event);
+    else
+        event->ignore();
+}
+
+void MfMain::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (DropIsAllowedFor(*event->mimeData()))
+        Accept(event);
+    else
+        event->ignore();
+}
+
+void MfMain::dropEvent(QDropEvent* event)
+{
+    Accept(event);
+    DropOpenFiles(LocalFiles(*event->mimeData()));
+}

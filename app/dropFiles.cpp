@@ -1,0 +1,39 @@
+#include "app/dropFiles.h"
+
+#include "app/project.h"
+#include "app/startup.h"
+
+#include <algorithm>
+
+namespace {
+
+bool IsKnown(const QString& file)
+{
+    return TheDropHooks().IsKnownFile && TheDropHooks().IsKnownFile(file);
+}
+
+} // namespace
+
+DropHooks& TheDropHooks()
+{
+    static DropHooks hooks;
+    return hooks;
+}
+
+bool DropIsAllowed(const QStringList& files)
+{
+    return CanAct() && std::any_of(files.begin(), files.end(), IsKnown);
+}
+
+bool DropIsAllowed(const QMimeData& data)
+{
+    return CanAct() && TheDropHooks().IsRecognised && TheDropHooks().IsRecognised(data);
+}
+
+void DropOpenFiles(const QStringList& files)
+{
+    for (const QString& file : files) {
+        if (IsKnown(file) && !OpenStartFile(file))
+            return;
+    }
+}

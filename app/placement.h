@@ -1,0 +1,12 @@
+// app/placement.h: where the frame stands: what the settings ask for, and what the screens can show.
+#pragma once
+
+#include <QRect>
+#include <QSize>
+#include <QVector>
+
+/// Least part of the frame that must be on a screen, so that the user can take hold of it.
+inline constexpr QSize kLeastVisiblePx{ 120, 40 };
+
+/// `asked` where enough of it is on one of `screens`; else moved, and made smaller if need be, onto the first one.
+QRect PlacementOnScreens(const QRect& asked, const QVector<QRect>& screens);

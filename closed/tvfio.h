@@ -163,8 +163,12 @@ typedef struct CorrModIdent {
     TVFIO_STAGED(X, Suppress, StopFrequency, double)                                                                   \
     TVFIO_STAGED_TEXT(X, Suppress, Description)
 
-/* Correction sets: the status is the result. The arrays hold TVFIO_CORR_ENTRIES entries; a count is the number of
-   entries in use, which stand first after a sort. */
+/* Correction sets: the status is the result. Every array holds TVFIO_CORR_ENTRIES entries, used or not, and a count is
+   the number of the used ones among them. Getting a table fills the whole array, used entries first; the angles of an
+   azimuth entry are a new block then, which the caller releases (the pointers that were in the array are overwritten).
+   Sorting looks at the whole array, refuses a wrong count, orders the used entries by frequency before the unused ones
+   in the array itself, and takes them over as the current table; the angles stay the caller's. The file name is the
+   last part of the path of the last load or save, as UTF-8; empty for a new set. */
 #define TVFIO_CORRECTION_OPERATIONS(X)                                                                                 \
     X(int16_t, AntCorrClear, (void))                                                                                   \
     X(int16_t, AntCorrLoadFile, (const char* path))                                                                    \

@@ -7,10 +7,6 @@
 
 #include <new>
 
-/// The current list of each family.
-template <typename List>
-List& Current();
-
 /// Stores `result` as the status word of a call.
 inline void Answer(int16_t* status, FioStatus result)
 {
@@ -62,12 +58,12 @@ template <typename Value>
     return FioStatus::Ok;
 }
 
-// List level.
+// List level. Each list type has its current list in the function `Current`.
 
 template <typename List>
 void CallClear(int16_t* status)
 {
-    Current<List>().Clear();
+    List::Current().Clear();
     Answer(status, FioStatus::Ok);
 }
 
@@ -75,7 +71,7 @@ void CallClear(int16_t* status)
 template <typename List>
 [[nodiscard]] FioStatus LoadBytes(ByteView file)
 {
-    List& list = Current<List>();
+    List& list = List::Current();
     list.Clear();
     const FioStatus result = list.Decode(file);
     if (result != FioStatus::Ok)
@@ -86,7 +82,7 @@ template <typename List>
 template <typename List>
 void CallLoadFile(int16_t* status, const char* path)
 {
-    Current<List>().Clear();
+    List::Current().Clear();
     Answer(status, Guarded([path] {
         Bytes bytes;
         const FioStatus result = ReadFileBytes(path, bytes);
@@ -97,31 +93,31 @@ void CallLoadFile(int16_t* status, const char* path)
 template <typename List>
 void CallSaveFile(int16_t* status, const char* path)
 {
-    Answer(status, Guarded([path] { return SaveFileBytes(path, Current<List>().Encode()); }));
+    Answer(status, Guarded([path] { return SaveFileBytes(path, List::Current().Encode()); }));
 }
 
 template <typename List>
 void CallGetName(int16_t* status, char* out, int32_t outSize)
 {
-    Answer(status, CopyOut(Current<List>().Info.Name.View(), out, outSize));
+    Answer(status, CopyOut(List::Current().Info.Name.View(), out, outSize));
 }
 
 template <typename List>
 void CallSetName(int16_t* status, const char* text)
 {
-    Answer(status, CopyIn(text, kListName, Current<List>().Info.Name));
+    Answer(status, CopyIn(text, kListName, List::Current().Info.Name));
 }
 
 template <typename List>
 void CallGetDescription(int16_t* status, char* out, int32_t outSize)
 {
-    Answer(status, CopyOut(Current<List>().Info.Description.View(), out, outSize));
+    Answer(status, CopyOut(List::Current().Info.Description.View(), out, outSize));
 }
 
 template <typename List>
 void CallSetDescription(int16_t* status, const char* text)
 {
-    Answer(status, CopyIn(text, kListDescription, Current<List>().Info.Description));
+    Answer(status, CopyIn(text, kListDescription, List::Current().Info.Description));
 }
 
 /// Fills the seven list operations of `Prefix` in the table `api`.
@@ -156,7 +152,7 @@ void CallIsUsed(int16_t* status, int16_t index, int16_t* used)
 {
     if (!List::IsIndex(index))
         return Answer(status, Fail(List::kNoSuchIndex));
-    Answer(status, CopyOut<int16_t>(Current<List>().Used[static_cast<size_t>(index)] ? 1 : 0, used));
+    Answer(status, CopyOut<int16_t>(List::Current().Used[static_cast<size_t>(index)] ? 1 : 0, used));
 }
 
 template <typename List>
@@ -164,7 +160,7 @@ void CallCommit(int16_t* status, int16_t index)
 {
     if (!List::IsIndex(index))
         return Answer(status, Fail(List::kNoSuchIndex));
-    Current<List>().Commit(index);
+    List::Current().Commit(index);
     Answer(status, FioStatus::Ok);
 }
 
@@ -173,13 +169,13 @@ void CallGet(int16_t* status, int16_t index, FieldType<Member>* value)
 {
     if (!List::IsIndex(index))
         return Answer(status, Fail(List::kNoSuchIndex));
-    Answer(status, CopyOut(Current<List>().Records[static_cast<size_t>(index)].*Member, value));
+    Answer(status, CopyOut(List::Current().Records[static_cast<size_t>(index)].*Member, value));
 }
 
 template <typename List, auto Member, const auto& Rule>
 void CallStage(int16_t* status, FieldType<Member> value)
 {
-    Answer(status, CopyIn(value, Rule, Current<List>().Staged.*Member));
+    Answer(status, CopyIn(value, Rule, List::Current().Staged.*Member));
 }
 
 template <typename List, auto Member>
@@ -187,13 +183,13 @@ void CallGetText(int16_t* status, int16_t index, char* out, int32_t outSize)
 {
     if (!List::IsIndex(index))
         return Answer(status, Fail(List::kNoSuchIndex));
-    Answer(status, CopyOut((Current<List>().Records[static_cast<size_t>(index)].*Member).View(), out, outSize));
+    Answer(status, CopyOut((List::Current().Records[static_cast<size_t>(index)].*Member).View(), out, outSize));
 }
 
 template <typename List, auto Member, const auto& Rule>
 void CallStageText(int16_t* status, const char* text)
 {
-    Answer(status, CopyIn(text, Rule, Current<List>().Staged.*Member));
+    Answer(status, CopyIn(text, Rule, List::Current().Staged.*Member));
 }
 
 /// Each fills its part of the table.

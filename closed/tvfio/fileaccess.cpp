@@ -107,8 +107,10 @@ std::string TemporaryPath(const std::string& path)
     const std::string name = FileNameOfPath(path);
     // A name near the system's limit must not pass it; the end is what tells files of a series apart.
     constexpr size_t kMaxKept = 200;
-    const std::string kept = name.size() > kMaxKept ? name.substr(name.size() - kMaxKept) : name;
-    return path.substr(0, path.size() - name.size()) + "." + kept + ".tvnew";
+    size_t start = name.size() > kMaxKept ? name.size() - kMaxKept : 0;
+    while (start < name.size() && (static_cast<unsigned char>(name[start]) & 0xC0U) == 0x80U)
+        ++start; // not in the middle of a character
+    return path.substr(0, path.size() - name.size()) + "." + name.substr(start) + ".tvnew";
 }
 
 FioStatus ReadFileBytes(const char* path, Bytes& bytes)

@@ -14,12 +14,12 @@ void GetNumber(int16_t* status, int16_t index, int16_t* value)
 {
     if (!MemoryList::IsIndex(index))
         return Answer(status, Fail(MemoryList::kNoSuchIndex));
-    Answer(status, CopyOut(CurrentMemoryList().Number(index), value));
+    Answer(status, CopyOut(MemoryList::Current().Number(index), value));
 }
 
 void SortList(int16_t* status, int16_t key)
 {
-    Answer(status, Guarded([key] { return CurrentMemoryList().SortByKey(key); }));
+    Answer(status, Guarded([key] { return MemoryList::Current().SortByKey(key); }));
 }
 
 void BindReceiverFields(TvFioApi& api)
@@ -69,12 +69,6 @@ void BindDirectionFields(TvFioApi& api)
 }
 
 } // namespace
-
-template <>
-MemoryList& Current<MemoryList>()
-{
-    return CurrentMemoryList();
-}
 
 void BindMemoryCalls(TvFioApi& api)
 {

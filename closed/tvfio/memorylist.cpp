@@ -79,7 +79,7 @@ FioStatus MemoryList::SortByKey(int key)
     return FioStatus::Ok;
 }
 
-MemoryList& CurrentMemoryList()
+MemoryList& MemoryList::Current()
 {
     static MemoryList list;
     return list;

@@ -79,6 +79,8 @@ struct MemoryList : SlotList<MemoryRecord, 0, kMemoryItems> {
     static constexpr Family kFamily = Family::Memory;
     static constexpr FioStatus kNoSuchIndex = FioStatus::MemoryIndex;
 
+    static MemoryList& Current();
+
     [[nodiscard]] Bytes Encode() const
     {
         return EncodeSlots(kFamily, *this);
@@ -106,5 +108,3 @@ private:
     std::array<int16_t, kMemoryItems> numbers_{};
     uint32_t numbersOf_ = 0; ///< state of `Changes` that `numbers_` belongs to; 0 for none
 };
-
-MemoryList& CurrentMemoryList();

@@ -1,13 +1,28 @@
 #include "tests/closed/storefixture.h"
 
+#include "closed/tvfio/antennalist.h"
+#include "closed/tvfio/correctionset.h"
+#include "closed/tvfio/kfactortable.h"
+#include "closed/tvfio/memorylist.h"
+#include "closed/tvfio/suppresslist.h"
+
 #include <QDir>
 #include <QFile>
+
+void ClearStore()
+{
+    AntennaList::Current().Clear();
+    KfactorTable::Current().Clear();
+    MemoryList::Current().Clear();
+    SuppressList::Current().Clear();
+    CorrectionSet::Current().Clear();
+}
 
 StoreTest::StoreTest()
 {
     fio.Size = sizeof fio;
     EXPECT_EQ(TvFioBind(&fio), 0);
-    EXPECT_EQ(Call(fio.MemoryListClear), FioStatus::Ok);
+    ClearStore();
 }
 
 std::string StoreTest::Path(const std::string& name) const
@@ -31,7 +46,7 @@ void StoreTest::Store(const std::string& path, const FileBytes& bytes)
     ASSERT_EQ(file.write(reinterpret_cast<const char*>(bytes.data()), size), size);
 }
 
-std::vector<std::string> StoreTest::Names() const
+std::vector<std::string> StoreTest::FolderNames() const
 {
     std::vector<std::string> names;
     const QDir folder(folder_.path());

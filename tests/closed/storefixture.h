@@ -52,6 +52,9 @@ inline std::string GetText(void (*operation)(int16_t*, int16_t, char*, int32_t),
     return text;
 }
 
+/// Every list of the store, empty.
+void ClearStore();
+
 class StoreTest : public testing::Test {
 protected:
     StoreTest();
@@ -63,7 +66,7 @@ protected:
     static void Store(const std::string& path, const FileBytes& bytes);
 
     /// The names in the test's folder, sorted.
-    [[nodiscard]] std::vector<std::string> Names() const;
+    [[nodiscard]] std::vector<std::string> FolderNames() const;
 
     TvFioApi fio{};
 

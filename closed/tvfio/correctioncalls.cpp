@@ -1,0 +1,218 @@
+#include "closed/tvfio/calls.h"
+#include "closed/tvfio/correctionset.h"
+
+#include <cstdlib>
+
+namespace {
+
+/// The result of an operation whose status is its result.
+int16_t Word(FioStatus status)
+{
+    return static_cast<int16_t>(status);
+}
+
+// How an entry of the caller's array becomes a record of the set, checked, and back.
+
+FioStatus ToRecord(const KfactorCorrEntry& entry, CorrKfactorRecord& record)
+{
+    record = { entry.FrequencyHz, entry.ActiveLevel, entry.PassiveLevel };
+    const bool sound = std::isfinite(record.Frequency) && std::isfinite(record.Active) && std::isfinite(record.Passive);
+    return sound ? FioStatus::Ok : FioStatus::CorrectionKfactorEntry;
+}
+
+FioStatus ToRecord(const OmniphaseEntry& entry, CorrPhaseRecord& record)
+{
+    record = { entry.FrequencyHz, entry.PhaseDegrees };
+    return std::isfinite(record.Frequency) && std::isfinite(record.Phase) ? FioStatus::Ok
+                                                                          : FioStatus::CorrectionOmniphaseEntry;
+}
+
+FioStatus ToRecord(const AzimuthEntry& entry, CorrAzimuthRecord& record)
+{
+    const int count = entry.AngleCount;
+    if (count < 0 || count > TVFIO_MAX_ANGLES || (count > 0 && entry.AnglesDegrees == nullptr))
+        return FioStatus::CorrectionAngleCount;
+    record.Frequency = entry.FrequencyHz;
+    if (count > 0)
+        record.Angles.assign(entry.AnglesDegrees, entry.AnglesDegrees + count);
+    const bool sound = std::isfinite(record.Frequency)
+        && std::all_of(record.Angles.begin(), record.Angles.end(), [](double angle) { return std::isfinite(angle); });
+    return sound ? FioStatus::Ok : FioStatus::CorrectionAzimuthEntry;
+}
+
+bool ToEntry(const CorrKfactorRecord& record, KfactorCorrEntry& entry)
+{
+    entry = { 1, 0, record.Frequency, record.Active, record.Passive };
+    return true;
+}
+
+bool ToEntry(const CorrPhaseRecord& record, OmniphaseEntry& entry)
+{
+    entry = { 1, 0, record.Frequency, record.Phase };
+    return true;
+}
+
+double* NewAngles(int16_t count)
+{
+    if (count <= 0 || count > TVFIO_MAX_ANGLES)
+        return nullptr;
+    return static_cast<double*>(std::calloc(static_cast<size_t>(count), sizeof(double)));
+}
+
+void FreeAngles(double* angles)
+{
+    std::free(angles);
+}
+
+/// False if there is no memory for the angles.
+bool ToEntry(const CorrAzimuthRecord& record, AzimuthEntry& entry)
+{
+    const auto count = static_cast<int16_t>(record.Angles.size());
+    double* angles = NewAngles(count);
+    if (count > 0 && angles == nullptr)
+        return false;
+    std::copy(record.Angles.begin(), record.Angles.end(), angles);
+    entry = { 1, count, record.Frequency, angles };
+    return true;
+}
+
+template <typename Entry>
+void Erase(Entry* entries, size_t)
+{
+    std::fill_n(entries, TVFIO_CORR_ENTRIES, Entry{});
+}
+
+void Erase(AzimuthEntry* entries, size_t filled)
+{
+    for (size_t i = 0; i < filled; ++i)
+        FreeAngles(entries[i].AnglesDegrees);
+    std::fill_n(entries, TVFIO_CORR_ENTRIES, AzimuthEntry{});
+}
+
+template <auto Table, typename Entry>
+int16_t GetTable(Entry* entries, int16_t* count)
+{
+    if (entries == nullptr || count == nullptr)
+        return Word(Fail(FioStatus::MissingArgument));
+    const auto& table = CorrectionSet::Current().*Table;
+    Erase(entries, 0);
+    *count = 0;
+    for (size_t i = 0; i < table.size(); ++i) {
+        if (!ToEntry(table[i], entries[i])) {
+            Erase(entries, i);
+            return Word(Fail(FioStatus::OutOfMemory));
+        }
+    }
+    *count = static_cast<int16_t>(table.size());
+    return Word(FioStatus::Ok);
+}
+
+/// Copies the used entries into `records`; Ok if they are sound and as many as `count` says.
+template <typename Entry, typename Record>
+FioStatus CollectUsed(const Entry* entries, int16_t count, std::vector<Record>& records)
+{
+    for (size_t i = 0; i < TVFIO_CORR_ENTRIES; ++i) {
+        if (entries[i].Used == 0)
+            continue;
+        if (const FioStatus status = ToRecord(entries[i], records.emplace_back()); status != FioStatus::Ok)
+            return status;
+    }
+    return static_cast<int>(records.size()) == count ? FioStatus::Ok : FioStatus::CorrectionCount;
+}
+
+template <typename Entry>
+bool ComesBefore(const Entry& left, const Entry& right)
+{
+    if (left.Used == 0 || right.Used == 0)
+        return left.Used != 0 && right.Used == 0;
+    return left.FrequencyHz < right.FrequencyHz;
+}
+
+template <auto Table, typename Entry>
+int16_t SortTable(Entry* entries, int16_t count)
+{
+    if (entries == nullptr)
+        return Word(Fail(FioStatus::MissingArgument));
+    return Word(Guarded([entries, count] {
+        auto& table = CorrectionSet::Current().*Table;
+        std::remove_reference_t<decltype(table)> records;
+        if (const FioStatus status = CollectUsed(entries, count, records); status != FioStatus::Ok)
+            return Fail(status);
+        std::stable_sort(entries, entries + TVFIO_CORR_ENTRIES, ComesBefore<Entry>);
+        SortByFrequency(records);
+        table = std::move(records);
+        return FioStatus::Ok;
+    }));
+}
+
+int16_t ClearSet()
+{
+    CorrectionSet::Current().Clear();
+    return Word(FioStatus::Ok);
+}
+
+int16_t LoadSet(const char* path)
+{
+    CorrectionSet::Current().Clear();
+    return Word(Guarded([path] {
+        Bytes bytes;
+        FioStatus status = ReadFileBytes(path, bytes);
+        if (status == FioStatus::Ok)
+            status = LoadBytes<CorrectionSet>(bytes);
+        if (status == FioStatus::Ok)
+            CorrectionSet::Current().FileName = FileNameOfPath(path);
+        return status;
+    }));
+}
+
+int16_t SaveSet(const char* path)
+{
+    return Word(Guarded([path] {
+        CorrectionSet& set = CorrectionSet::Current();
+        const FioStatus status = SaveFileBytes(path, set.Encode());
+        if (status == FioStatus::Ok)
+            set.FileName = FileNameOfPath(path);
+        return status;
+    }));
+}
+
+int16_t GetHeader(CorrHeader* header)
+{
+    return Word(CopyOut(CorrectionSet::Current().Header, header));
+}
+
+int16_t SetHeader(const CorrHeader* header)
+{
+    return Word(header != nullptr ? CorrectionSet::Current().TakeHeader(*header) : Fail(FioStatus::MissingArgument));
+}
+
+int16_t GetIdentity(CorrModIdent* identity)
+{
+    return Word(CopyOut(CorrectionSet::Current().Identity, identity));
+}
+
+int16_t GetFileName(char* out, int32_t outSize)
+{
+    return Word(CopyOut(std::string_view(CorrectionSet::Current().FileName), out, outSize));
+}
+
+} // namespace
+
+void BindCorrectionCalls(TvFioApi& api)
+{
+    api.AntCorrClear = ClearSet;
+    api.AntCorrLoadFile = LoadSet;
+    api.AntCorrSaveFile = SaveSet;
+    api.AntCorrGetHeader = GetHeader;
+    api.AntCorrSetHeader = SetHeader;
+    api.AntCorrGetModIdent = GetIdentity;
+    api.AntCorrGetKFactor = GetTable<&CorrectionSet::Kfactor, KfactorCorrEntry>;
+    api.AntCorrGetOmniphase = GetTable<&CorrectionSet::Omniphase, OmniphaseEntry>;
+    api.AntCorrGetAzimuth = GetTable<&CorrectionSet::Azimuth, AzimuthEntry>;
+    api.AntCorrGetFileName = GetFileName;
+    api.AntCorrSortKFactor = SortTable<&CorrectionSet::Kfactor, KfactorCorrEntry>;
+    api.AntCorrSortOmniphase = SortTable<&CorrectionSet::Omniphase, OmniphaseEntry>;
+    api.AntCorrSortAzimuth = SortTable<&CorrectionSet::Azimuth, AzimuthEntry>;
+    api.AntCorrNewAngles = NewAngles;
+    api.AntCorrFreeAngles = FreeAngles;
+}

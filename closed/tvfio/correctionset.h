@@ -1,0 +1,70 @@
+// closed/tvfio/correctionset.h: the correction set: header and three frequency tables of one antenna.
+#pragma once
+
+#include "closed/tvfio.h"
+#include "closed/tvfio/record.h"
+
+#include <string>
+
+struct CorrKfactorRecord {
+    double Frequency = 0; ///< Hz
+    double Active = 0; ///< dB/m
+    double Passive = 0; ///< dB/m
+};
+
+struct CorrPhaseRecord {
+    double Frequency = 0; ///< Hz
+    double Phase = 0; ///< degrees
+};
+
+struct CorrAzimuthRecord {
+    double Frequency = 0; ///< Hz
+    std::vector<double> Angles; ///< degrees; at most TVFIO_MAX_ANGLES
+};
+
+namespace correctionRules {
+inline constexpr TextRule kHeaderText{ TVFIO_MAX_NAME, FioStatus::CorrectionHeaderText,
+    FioStatus::CorrectionHeaderText };
+inline constexpr ValueRule kHeaderFrequency{ FioStatus::CorrectionHeaderFrequency };
+inline constexpr ValueRule kKfactor{ FioStatus::CorrectionKfactorEntry };
+inline constexpr ValueRule kPhase{ FioStatus::CorrectionOmniphaseEntry };
+inline constexpr ValueRule kAzimuth{ FioStatus::CorrectionAzimuthEntry };
+} // namespace correctionRules
+
+/// The marker in the identity of every correction set.
+inline constexpr std::string_view kCorrectionMarker = "TARVIK_CORRECTIONFILE";
+
+struct CorrectionSet {
+    static constexpr Family kFamily = Family::Correction;
+    static constexpr size_t kCapacity = TVFIO_CORR_ENTRIES; ///< of each table
+
+    static CorrectionSet& Current();
+
+    CorrectionSet()
+    {
+        Clear();
+    }
+
+    CorrModIdent Identity{};
+    CorrHeader Header{};
+    std::vector<CorrKfactorRecord> Kfactor;
+    std::vector<CorrPhaseRecord> Omniphase;
+    std::vector<CorrAzimuthRecord> Azimuth;
+    std::string FileName; ///< without folder; UTF-8
+
+    /// Makes it a new set: no entries, version 1, the date 2012-01-01.
+    void Clear();
+    [[nodiscard]] Bytes Encode() const;
+    [[nodiscard]] FioStatus Decode(ByteView file);
+
+    /// Takes `header` over if its texts and frequencies are sound.
+    [[nodiscard]] FioStatus TakeHeader(const CorrHeader& header);
+};
+
+/// Orders a table by frequency, ascending.
+template <typename Record>
+void SortByFrequency(std::vector<Record>& table)
+{
+    std::stable_sort(table.begin(), table.end(),
+        [](const Record& left, const Record& right) { return left.Frequency < right.Frequency; });
+}

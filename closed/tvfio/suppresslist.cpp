@@ -1,0 +1,56 @@
+#include "closed/tvfio/suppresslist.h"
+
+#include <utility>
+
+namespace {
+
+bool ComesBefore(const SuppressRecord& left, const SuppressRecord& right)
+{
+    return left.StartFrequency != right.StartFrequency ? left.StartFrequency < right.StartFrequency
+                                                       : left.StopFrequency < right.StopFrequency;
+}
+
+/// Widens the last range of `merged` with the setting of `next` by `next`, if they meet.
+bool Absorb(std::vector<SuppressRecord>& merged, const SuppressRecord& next)
+{
+    const auto last = std::find_if(
+        merged.rbegin(), merged.rend(), [&](const SuppressRecord& range) { return range.Include == next.Include; });
+    if (last == merged.rend() || next.StartFrequency > last->StopFrequency)
+        return false;
+    last->StopFrequency = std::max(last->StopFrequency, next.StopFrequency);
+    if (last->Description.Length == 0)
+        last->Description = next.Description;
+    return true;
+}
+
+} // namespace
+
+SuppressList& SuppressList::Current()
+{
+    static SuppressList list;
+    return list;
+}
+
+void SuppressList::SortByRange()
+{
+    Sort(ComesBefore);
+}
+
+void SuppressList::SortAndMerge()
+{
+    std::vector<SuppressRecord> ranges = UsedRecords();
+    for (SuppressRecord& range : ranges) {
+        if (range.StopFrequency < range.StartFrequency)
+            std::swap(range.StartFrequency, range.StopFrequency);
+    }
+    std::stable_sort(ranges.begin(), ranges.end(), ComesBefore);
+
+    std::vector<SuppressRecord> merged;
+    for (const SuppressRecord& range : ranges) {
+        if (!Absorb(merged, range))
+            merged.push_back(range);
+    }
+    // Ranges of the two settings that start together may have grown past each other.
+    std::stable_sort(merged.begin(), merged.end(), ComesBefore);
+    Refill(merged);
+}

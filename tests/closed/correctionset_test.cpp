@@ -1,0 +1,249 @@
+#include "tests/closed/storefixture.h"
+
+#include <cstring>
+#include <limits>
+
+namespace {
+
+constexpr int16_t kOk = 0;
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+int16_t Word(FioStatus status)
+{
+    return static_cast<int16_t>(status);
+}
+
+class CorrectionStore : public StoreTest {
+protected:
+    CorrectionStore()
+        : kfactor(TVFIO_CORR_ENTRIES)
+        , omniphase(TVFIO_CORR_ENTRIES)
+        , azimuth(TVFIO_CORR_ENTRIES)
+    {
+    }
+
+    ~CorrectionStore() override
+    {
+        for (const AzimuthEntry& entry : azimuth)
+            fio.AntCorrFreeAngles(entry.AnglesDegrees);
+    }
+
+    void PutAngles(size_t row, double frequencyHz, const std::vector<double>& angles)
+    {
+        const auto angleCount = static_cast<int16_t>(angles.size());
+        azimuth[row] = { 1, angleCount, frequencyHz, fio.AntCorrNewAngles(angleCount) };
+        std::copy(angles.begin(), angles.end(), azimuth[row].AnglesDegrees);
+    }
+
+    [[nodiscard]] std::vector<double> Angles(size_t row) const
+    {
+        return { azimuth[row].AnglesDegrees, azimuth[row].AnglesDegrees + azimuth[row].AngleCount };
+    }
+
+    std::vector<KfactorCorrEntry> kfactor;
+    std::vector<OmniphaseEntry> omniphase;
+    std::vector<AzimuthEntry> azimuth;
+    int16_t count = -1;
+};
+
+} // namespace
+
+TEST_F(CorrectionStore, EntriesAreLaidOutAsTheInstrumentFamilyPacksThem)
+{
+    EXPECT_EQ(sizeof(KfactorCorrEntry), 28U);
+    EXPECT_EQ(offsetof(KfactorCorrEntry, FrequencyHz), 4U);
+    EXPECT_EQ(offsetof(KfactorCorrEntry, ActiveLevel), 12U);
+    EXPECT_EQ(offsetof(KfactorCorrEntry, PassiveLevel), 20U);
+    EXPECT_EQ(sizeof(OmniphaseEntry), 20U);
+    EXPECT_EQ(offsetof(OmniphaseEntry, PhaseDegrees), 12U);
+    EXPECT_EQ(offsetof(AzimuthEntry, FrequencyHz), 4U);
+    EXPECT_EQ(offsetof(AzimuthEntry, AnglesDegrees), 12U);
+}
+
+TEST_F(CorrectionStore, NewSetHasTheGivenHeaderAndIdentity)
+{
+    CorrHeader header{};
+    EXPECT_EQ(fio.AntCorrGetHeader(&header), kOk);
+    EXPECT_STREQ(header.AntennaName, "");
+    EXPECT_EQ(header.Version, 1);
+    EXPECT_EQ(header.Year, 2012);
+    EXPECT_EQ(header.Month, 1);
+    EXPECT_EQ(header.Day, 1);
+    CorrModIdent identity{};
+    EXPECT_EQ(fio.AntCorrGetModIdent(&identity), kOk);
+    const std::vector<int32_t> values(std::begin(identity.Values), std::end(identity.Values));
+    EXPECT_EQ(values, (std::vector<int32_t>{ 4090, 1000, 1, 1, 1, 0, 1, 0, 1, 1, 0 }));
+    EXPECT_STREQ(identity.Text, "TARVIK_CORRECTIONFILE");
+}
+
+TEST_F(CorrectionStore, NewSetHasEmptyTablesAndNoFileName)
+{
+    EXPECT_EQ(fio.AntCorrGetKFactor(kfactor.data(), &count), kOk);
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(fio.AntCorrGetOmniphase(omniphase.data(), &count), kOk);
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(fio.AntCorrGetAzimuth(azimuth.data(), &count), kOk);
+    EXPECT_EQ(count, 0);
+    char name[TVFIO_TEXT_SIZE] = "unset";
+    EXPECT_EQ(fio.AntCorrGetFileName(name, TVFIO_TEXT_SIZE), kOk);
+    EXPECT_STREQ(name, "");
+}
+
+TEST_F(CorrectionStore, SortsTheUsedEntriesToTheFrontInTheArrayAndInTheSet)
+{
+    kfactor[3] = { 1, 0, 30e6, 3, 30 };
+    kfactor[999] = { -1, 0, 10e6, 1, 10 };
+    kfactor[500] = { 1, 0, 20e6, 2, 20 };
+    EXPECT_EQ(fio.AntCorrSortKFactor(kfactor.data(), 3), kOk);
+    EXPECT_EQ(double{ kfactor[0].FrequencyHz }, 10e6);
+    EXPECT_EQ(double{ kfactor[2].PassiveLevel }, 30);
+    EXPECT_EQ(kfactor[3].Used, 0);
+
+    std::vector<KfactorCorrEntry> stored(TVFIO_CORR_ENTRIES);
+    EXPECT_EQ(fio.AntCorrGetKFactor(stored.data(), &count), kOk);
+    EXPECT_EQ(count, 3);
+    EXPECT_NE(stored[1].Used, 0);
+    EXPECT_EQ(double{ stored[1].FrequencyHz }, 20e6);
+    EXPECT_EQ(double{ stored[1].ActiveLevel }, 2);
+    EXPECT_EQ(double{ stored[1].PassiveLevel }, 20);
+    EXPECT_EQ(stored[3].Used, 0);
+}
+
+TEST_F(CorrectionStore, SortsPhases)
+{
+    omniphase[1] = { 1, 0, 20e6, 180 };
+    omniphase[2] = { 1, 0, 10e6, -180 };
+    EXPECT_EQ(fio.AntCorrSortOmniphase(omniphase.data(), 2), kOk);
+    EXPECT_EQ(double{ omniphase[0].PhaseDegrees }, -180);
+    EXPECT_EQ(double{ omniphase[1].PhaseDegrees }, 180);
+}
+
+TEST_F(CorrectionStore, SortCarriesTheAnglesOfAnEntryAlong)
+{
+    PutAngles(1, 20e6, { 12, -5.5 });
+    PutAngles(2, 10e6, {});
+    EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 2), kOk);
+    EXPECT_EQ(azimuth[0].AngleCount, 0);
+    EXPECT_EQ(Angles(1), (std::vector<double>{ 12, -5.5 }));
+    EXPECT_EQ(azimuth[2].AnglesDegrees, nullptr);
+}
+
+TEST_F(CorrectionStore, GettingAzimuthsGivesAnglesOfTheCallersOwn)
+{
+    PutAngles(0, 10e6, { 1, 2, 3 });
+    EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), kOk);
+    azimuth[0].AnglesDegrees[0] = 99;
+    std::vector<AzimuthEntry> stored(TVFIO_CORR_ENTRIES);
+    EXPECT_EQ(fio.AntCorrGetAzimuth(stored.data(), &count), kOk);
+    ASSERT_EQ(count, 1);
+    EXPECT_EQ(stored[0].AngleCount, 3);
+    EXPECT_EQ(stored[0].AnglesDegrees[0], 1);
+    fio.AntCorrFreeAngles(stored[0].AnglesDegrees);
+}
+
+TEST_F(CorrectionStore, RefusesACountThatIsNotTheNumberOfUsedEntries)
+{
+    kfactor[0] = { 1, 0, 10e6, 0, 0 };
+    kfactor[7] = { 1, 0, 5e6, 0, 0 };
+    EXPECT_EQ(fio.AntCorrSortKFactor(kfactor.data(), 1), Word(FioStatus::CorrectionCount));
+    EXPECT_EQ(double{ kfactor[0].FrequencyHz }, 10e6);
+    EXPECT_EQ(fio.AntCorrGetKFactor(kfactor.data(), &count), kOk);
+    EXPECT_EQ(count, 0);
+}
+
+TEST_F(CorrectionStore, RefusesEntriesThatCannotBe)
+{
+    kfactor[0] = { 1, 0, 10e6, kNaN, 0 };
+    EXPECT_EQ(fio.AntCorrSortKFactor(kfactor.data(), 1), Word(FioStatus::CorrectionKfactorEntry));
+    omniphase[0] = { 1, 0, kNaN, 0 };
+    EXPECT_EQ(fio.AntCorrSortOmniphase(omniphase.data(), 1), Word(FioStatus::CorrectionOmniphaseEntry));
+    PutAngles(0, 10e6, { kNaN });
+    EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), Word(FioStatus::CorrectionAzimuthEntry));
+}
+
+TEST_F(CorrectionStore, RefusesAnAngleCountWithoutAngles)
+{
+    azimuth[0] = { 1, 5, 10e6, nullptr };
+    EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), Word(FioStatus::CorrectionAngleCount));
+    azimuth[0] = { 1, -1, 10e6, nullptr };
+    EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), Word(FioStatus::CorrectionAngleCount));
+}
+
+TEST_F(CorrectionStore, MakesAnglesOnlyForACountThatAnEntryCanHave)
+{
+    EXPECT_EQ(fio.AntCorrNewAngles(0), nullptr);
+    EXPECT_EQ(fio.AntCorrNewAngles(-1), nullptr);
+    EXPECT_EQ(fio.AntCorrNewAngles(TVFIO_MAX_ANGLES + 1), nullptr);
+    double* angles = fio.AntCorrNewAngles(TVFIO_MAX_ANGLES);
+    ASSERT_NE(angles, nullptr);
+    EXPECT_EQ(angles[TVFIO_MAX_ANGLES - 1], 0);
+    fio.AntCorrFreeAngles(angles);
+    fio.AntCorrFreeAngles(nullptr);
+}
+
+TEST_F(CorrectionStore, RefusesAHeaderThatCannotBeAndKeepsTheOldOne)
+{
+    CorrHeader header{};
+    header.Version = 9;
+    header.StartFrequencyHz = kNaN;
+    EXPECT_EQ(fio.AntCorrSetHeader(&header), Word(FioStatus::CorrectionHeaderFrequency));
+    header.StartFrequencyHz = 0;
+    std::memset(header.AntennaName, 'x', sizeof header.AntennaName);
+    EXPECT_EQ(fio.AntCorrSetHeader(&header), Word(FioStatus::CorrectionHeaderText));
+    EXPECT_EQ(fio.AntCorrSetHeader(nullptr), Word(FioStatus::MissingArgument));
+    CorrHeader kept{};
+    EXPECT_EQ(fio.AntCorrGetHeader(&kept), kOk);
+    EXPECT_EQ(kept.Version, 1);
+}
+
+TEST_F(CorrectionStore, SavedSetReadsBackWhole)
+{
+    CorrHeader header{ "Loop", "Maker", 17, 4, 1e6, 30e6, 2031, 12, 24 };
+    EXPECT_EQ(fio.AntCorrSetHeader(&header), kOk);
+    kfactor[0] = { 1, 0, 10e6, 1.25, 2.5 };
+    EXPECT_EQ(fio.AntCorrSortKFactor(kfactor.data(), 1), kOk);
+    omniphase[0] = { 1, 0, 10e6, -12.5 };
+    EXPECT_EQ(fio.AntCorrSortOmniphase(omniphase.data(), 1), kOk);
+    PutAngles(0, 10e6, { 12, -5.5, 360 });
+    EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), kOk);
+    fio.AntCorrFreeAngles(azimuth[0].AnglesDegrees);
+    ASSERT_EQ(fio.AntCorrSaveFile(Path("loop.tvc").c_str()), kOk);
+    EXPECT_EQ(fio.AntCorrClear(), kOk);
+    ASSERT_EQ(fio.AntCorrLoadFile(Path("loop.tvc").c_str()), kOk);
+
+    CorrHeader read{};
+    EXPECT_EQ(fio.AntCorrGetHeader(&read), kOk);
+    EXPECT_EQ(std::memcmp(&read, &header, sizeof header), 0);
+    EXPECT_EQ(fio.AntCorrGetKFactor(kfactor.data(), &count), kOk);
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(double{ kfactor[0].PassiveLevel }, 2.5);
+    EXPECT_EQ(fio.AntCorrGetOmniphase(omniphase.data(), &count), kOk);
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(double{ omniphase[0].PhaseDegrees }, -12.5);
+    EXPECT_EQ(fio.AntCorrGetAzimuth(azimuth.data(), &count), kOk);
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(Angles(0), (std::vector<double>{ 12, -5.5, 360 }));
+}
+
+TEST_F(CorrectionStore, TellsTheFileNameOfTheLastLoadOrSaveWithoutFolder)
+{
+    const std::string greek = "\xCE\xB2.tvc";
+    ASSERT_EQ(fio.AntCorrSaveFile(Path(greek).c_str()), kOk);
+    char name[TVFIO_TEXT_SIZE] = "";
+    EXPECT_EQ(fio.AntCorrGetFileName(name, TVFIO_TEXT_SIZE), kOk);
+    EXPECT_EQ(name, greek);
+    EXPECT_EQ(fio.AntCorrLoadFile(Path("missing").c_str()), Word(FioStatus::FileOpen));
+    EXPECT_EQ(fio.AntCorrGetFileName(name, TVFIO_TEXT_SIZE), kOk);
+    EXPECT_STREQ(name, "");
+}
+
+TEST_F(CorrectionStore, RefusesMissingArguments)
+{
+    EXPECT_EQ(fio.AntCorrGetHeader(nullptr), Word(FioStatus::MissingArgument));
+    EXPECT_EQ(fio.AntCorrGetModIdent(nullptr), Word(FioStatus::MissingArgument));
+    EXPECT_EQ(fio.AntCorrGetKFactor(nullptr, &count), Word(FioStatus::MissingArgument));
+    EXPECT_EQ(fio.AntCorrGetAzimuth(azimuth.data(), nullptr), Word(FioStatus::MissingArgument));
+    EXPECT_EQ(fio.AntCorrSortOmniphase(nullptr, 0), Word(FioStatus::MissingArgument));
+    EXPECT_EQ(fio.AntCorrLoadFile(nullptr), Word(FioStatus::MissingArgument));
+    EXPECT_EQ(fio.AntCorrSaveFile(""), Word(FioStatus::PathEmpty));
+}

@@ -1,0 +1,26 @@
+#include "closed/tvfio/crc32.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+ByteView View(std::string_view text)
+{
+    return { reinterpret_cast<const uint8_t*>(text.data()), text.size() };
+}
+
+} // namespace
+
+TEST(Checksum, IsTheUsualOne)
+{
+    EXPECT_EQ(Crc32(View("")), 0U);
+    EXPECT_EQ(Crc32(View("123456789")), 0xCBF43926U);
+    EXPECT_EQ(Crc32(View("The quick brown fox jumps over the lazy dog")), 0x414FA339U);
+}
+
+TEST(Checksum, GoesOnWhereItEnded)
+{
+    const std::string_view text = "The quick brown fox jumps over the lazy dog";
+    for (size_t cut = 0; cut <= text.size(); ++cut)
+        EXPECT_EQ(Crc32(View(text.substr(cut)), Crc32(View(text.substr(0, cut)))), 0x414FA339U) << cut;
+}

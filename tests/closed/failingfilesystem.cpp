@@ -1,0 +1,41 @@
+#include "tests/closed/failingfilesystem.h"
+
+#include <algorithm>
+#include <cerrno>
+
+int FailingFileSystem::Create(const std::string& path, uint32_t permissions, intptr_t& handle)
+{
+    return CreateError != 0 ? CreateError : FileSystem::Create(path, permissions, handle);
+}
+
+int FailingFileSystem::Write(intptr_t handle, ByteView bytes, size_t& written)
+{
+    const size_t count = std::min({ bytes.size(), BytesLeft, MaxChunk });
+    if (count == 0)
+        return ENOSPC;
+    const int error = FileSystem::Write(handle, bytes.first(count), written);
+    BytesLeft -= written;
+    return error;
+}
+
+int FailingFileSystem::Flush(intptr_t handle)
+{
+    if (AtFlush)
+        AtFlush();
+    return FlushError != 0 ? FlushError : FileSystem::Flush(handle);
+}
+
+int FailingFileSystem::Replace(intptr_t handle, const std::string& from, const std::string& to)
+{
+    if (ReplaceError == 0)
+        return FileSystem::Replace(handle, from, to);
+    Discard(handle, from);
+    return ReplaceError;
+}
+
+void FailingFileSystem::Pause()
+{
+    ++Pauses;
+    if (DuringPause)
+        DuringPause();
+}

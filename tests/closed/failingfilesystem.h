@@ -1,0 +1,35 @@
+// tests/closed/failingfilesystem.h: a disk that fails where a test wants it to.
+#pragma once
+
+#include "closed/tvfio/fileaccess.h"
+
+#include <functional>
+#include <limits>
+
+/// Stands in for the system while it lives. What is not told to fail works on the real disk.
+class FailingFileSystem final : public FileSystem {
+public:
+    FailingFileSystem()
+    {
+        SetFileSystem(this);
+    }
+    ~FailingFileSystem() override
+    {
+        SetFileSystem(nullptr);
+    }
+
+    size_t BytesLeft = std::numeric_limits<size_t>::max(); ///< bytes that can be written before the disk is full
+    size_t MaxChunk = std::numeric_limits<size_t>::max(); ///< most bytes that one write takes
+    int CreateError = 0;
+    int FlushError = 0;
+    int ReplaceError = 0;
+    int Pauses = 0;
+    std::function<void()> DuringPause;
+    std::function<void()> AtFlush;
+
+    int Create(const std::string& path, uint32_t permissions, intptr_t& handle) override;
+    int Write(intptr_t handle, ByteView bytes, size_t& written) override;
+    int Flush(intptr_t handle) override;
+    int Replace(intptr_t handle, const std::string& from, const std::string& to) override;
+    void Pause() override;
+};

@@ -1,0 +1,9 @@
+// A module of another generation: it refuses every table.
+#include "closed/module.h"
+
+static int16_t Refuse(void*)
+{
+    return 1;
+}
+
+TV_MODULE(void, Refuse, 1, 20, 300, 4000)

@@ -1,0 +1,374 @@
+// Saving replaces a file whole or not at all, whatever fails and whoever else is at work.
+#include "tests/closed/failingfilesystem.h"
+#include "tests/closed/samples.h"
+#include "tests/closed/storefixture.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+class Saving : public StoreTest {
+protected:
+    Saving()
+    {
+        FillSample(MemoryList::Current());
+    }
+
+    FioStatus Save(const std::string& path)
+    {
+        return Call(fio.MemoryListSaveFile, path.c_str());
+    }
+
+    FioStatus Load(const std::string& path)
+    {
+        return Call(fio.MemoryListLoadFile, path.c_str());
+    }
+
+    static mode_t Mode(const std::string& path)
+    {
+        struct stat status { };
+        EXPECT_EQ(::stat(path.c_str(), &status), 0);
+        return status.st_mode & 07777;
+    }
+
+    /// The file that a save which was killed leaves beside `path`.
+    static std::string LeftOver(const std::string& path)
+    {
+        return TemporaryPath(path);
+    }
+
+    const FileBytes sample = SampleFile<MemoryList>();
+    const FileBytes old = { 'o', 'l', 'd' };
+};
+
+using Text = std::string;
+using Names = std::vector<std::string>;
+
+} // namespace
+
+TEST_F(Saving, WritesAllBytesUnderTheGivenNameOnly)
+{
+    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
+    EXPECT_EQ(Contents(Path("list")), sample);
+    EXPECT_EQ(FolderNames(), (Names{ "list" }));
+}
+
+TEST_F(Saving, ReplacesAnOlderFile)
+{
+    Store(Path("list"), old);
+    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
+    EXPECT_EQ(Contents(Path("list")), sample);
+    EXPECT_EQ(FolderNames(), (Names{ "list" }));
+}
+
+TEST_F(Saving, DiskThatFillsUpAtAnyByteLeavesTheOldFile)
+{
+    Store(Path("list"), old);
+    for (size_t bytes = 0; bytes < sample.size(); ++bytes) {
+        FailingFileSystem disk;
+        disk.BytesLeft = bytes;
+        ASSERT_EQ(Save(Path("list")), FioStatus::FileWrite) << bytes;
+        ASSERT_EQ(Contents(Path("list")), old) << bytes;
+        ASSERT_EQ(FolderNames(), (Names{ "list" })) << bytes;
+    }
+    EXPECT_EQ(GetText(fio.GetExceptionStringTV),
+        "The file cannot be written; what was there before is unchanged. The medium is full.");
+}
+
+TEST_F(Saving, DiskThatTakesAFewBytesAtATimeGetsThemAll)
+{
+    FailingFileSystem disk;
+    disk.MaxChunk = 7;
+    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
+    EXPECT_EQ(Contents(Path("list")), sample);
+}
+
+TEST_F(Saving, FlushThatFailsLeavesTheOldFile)
+{
+    Store(Path("list"), old);
+    FailingFileSystem disk;
+    disk.FlushError = EIO;
+    EXPECT_EQ(Save(Path("list")), FioStatus::FileWrite);
+    EXPECT_EQ(Contents(Path("list")), old);
+    EXPECT_EQ(FolderNames(), (Names{ "list" }));
+}
+
+TEST_F(Saving, RenameThatFailsLeavesTheOldFile)
+{
+    Store(Path("list"), old);
+    FailingFileSystem disk;
+    disk.ReplaceError = EACCES;
+    EXPECT_EQ(Save(Path("list")), FioStatus::FileReplace);
+    EXPECT_EQ(Contents(Path("list")), old);
+    EXPECT_EQ(FolderNames(), (Names{ "list" }));
+}
+
+TEST_F(Saving, FileThatCannotBeMadeLeavesTheOldFile)
+{
+    Store(Path("list"), old);
+    FailingFileSystem disk;
+    disk.CreateError = EROFS;
+    EXPECT_EQ(Save(Path("list")), FioStatus::FileCreate);
+    EXPECT_EQ(Contents(Path("list")), old);
+    EXPECT_EQ(GetText(fio.GetExceptionStringTV), "No file can be made in this folder. The medium is read-only.");
+}
+
+TEST_F(Saving, TheOldFileIsWholeUntilTheNewOneIsOnTheDisk)
+{
+    Store(Path("list"), old);
+    FailingFileSystem disk;
+    disk.AtFlush = [&] { EXPECT_EQ(Contents(Path("list")), old); };
+    EXPECT_EQ(Save(Path("list")), FioStatus::Ok);
+    EXPECT_EQ(Contents(Path("list")), sample);
+}
+
+TEST_F(Saving, FailedSaveKeepsTheCurrentList)
+{
+    FailingFileSystem disk;
+    disk.BytesLeft = 5;
+    EXPECT_EQ(Save(Path("list")), FioStatus::FileWrite);
+    EXPECT_EQ(MemoryList::Current().Encode(), sample);
+}
+
+TEST_F(Saving, EveryFamilySavesThisWay)
+{
+    FailingFileSystem disk;
+    disk.BytesLeft = 0;
+    const std::string path = Path("list");
+    EXPECT_EQ(Call(fio.AntennaListSaveFile, path.c_str()), FioStatus::FileWrite);
+    EXPECT_EQ(Call(fio.KfactorTableSaveFile, path.c_str()), FioStatus::FileWrite);
+    EXPECT_EQ(Call(fio.SuppressListSaveFile, path.c_str()), FioStatus::FileWrite);
+    EXPECT_EQ(fio.AntCorrSaveFile(path.c_str()), static_cast<int16_t>(FioStatus::FileWrite));
+    EXPECT_TRUE(FolderNames().empty());
+}
+
+// What a killed save leaves, and what others do meanwhile.
+
+TEST_F(Saving, KilledSaveLeavesTheOldFileAndTheNextSaveClearsTheRest)
+{
+    Store(Path("list"), old);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        FailingFileSystem disk;
+        disk.AtFlush = [] { ::_exit(9); };
+        (void)Save(Path("list"));
+        ::_exit(0);
+    }
+    int result = 0;
+    ASSERT_EQ(::waitpid(child, &result, 0), child);
+    ASSERT_EQ(WEXITSTATUS(result), 9);
+    EXPECT_EQ(Contents(Path("list")), old);
+    EXPECT_EQ(FolderNames().size(), 2U);
+
+    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
+    EXPECT_EQ(Contents(Path("list")), sample);
+    EXPECT_EQ(FolderNames(), (Names{ "list" }));
+}
+
+TEST_F(Saving, LeftOverThatMayNotBeWrittenIsClearedToo)
+{
+    Store(LeftOver(Path("list")), old);
+    ASSERT_EQ(::chmod(LeftOver(Path("list")).c_str(), 0), 0);
+    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
+    EXPECT_EQ(FolderNames(), (Names{ "list" }));
+}
+
+TEST_F(Saving, LinkInThePlaceOfTheLeftOverIsNotFollowed)
+{
+    Store(Path("victim"), old);
+    ASSERT_EQ(::symlink(Path("victim").c_str(), LeftOver(Path("list")).c_str()), 0);
+    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
+    EXPECT_EQ(Contents(Path("victim")), old);
+    EXPECT_EQ(FolderNames(), (Names{ "list", "victim" }));
+}
+
+TEST_F(Saving, WaitsForAnotherProcessThatSavesTheSameFile)
+{
+    const std::string busy = LeftOver(Path("list"));
+    Store(busy, old);
+    int other = ::open(busy.c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(other, LOCK_EX), 0);
+    FailingFileSystem disk;
+    disk.DuringPause = [&] {
+        if (disk.Pauses == 3)
+            ::close(other);
+    };
+    EXPECT_EQ(Save(Path("list")), FioStatus::Ok);
+    EXPECT_GE(disk.Pauses, 3);
+    EXPECT_EQ(Contents(Path("list")), sample);
+}
+
+TEST_F(Saving, GivesUpWhenTheOtherProcessNeverEnds)
+{
+    const std::string busy = LeftOver(Path("list"));
+    Store(busy, old);
+    const int other = ::open(busy.c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(other, LOCK_EX), 0);
+    FailingFileSystem disk;
+    EXPECT_EQ(Save(Path("list")), FioStatus::FileBusy);
+    ::close(other);
+    EXPECT_EQ(Contents(busy), old);
+}
+
+TEST_F(Saving, TwoProcessesAtOnceLeaveOneOfTheirFilesWhole)
+{
+    constexpr int kSaves = 60;
+    const FileBytes other = EmptyFile<MemoryList>();
+    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        MemoryList::Current().Clear();
+        for (int i = 0; i < kSaves; ++i) {
+            if (Save(Path("list")) != FioStatus::Ok)
+                ::_exit(1);
+        }
+        ::_exit(0);
+    }
+    for (int i = 0; i < kSaves; ++i) {
+        ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
+        const FileBytes found = Contents(Path("list"));
+        ASSERT_TRUE(found == sample || found == other);
+    }
+    int result = 0;
+    ASSERT_EQ(::waitpid(child, &result, 0), child);
+    EXPECT_EQ(WEXITSTATUS(result), 0);
+    EXPECT_EQ(FolderNames(), (Names{ "list" }));
+}
+
+// Targets.
+
+TEST_F(Saving, KeepsThePermissionsOfTheOldFile)
+{
+    Store(Path("list"), old);
+    ASSERT_EQ(::chmod(Path("list").c_str(), 0640), 0);
+    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
+    EXPECT_EQ(Mode(Path("list")), 0640U);
+}
+
+TEST_F(Saving, NewFileFollowsTheUsersMask)
+{
+    const mode_t before = ::umask(027);
+    EXPECT_EQ(Save(Path("list")), FioStatus::Ok);
+    ::umask(before);
+    EXPECT_EQ(Mode(Path("list")), 0640U);
+}
+
+TEST_F(Saving, SavesIntoTheFileBehindALink)
+{
+    Store(Path("real"), old);
+    ASSERT_EQ(::symlink("real", Path("list").c_str()), 0);
+    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
+    EXPECT_EQ(Contents(Path("real")), sample);
+    struct stat status { };
+    ASSERT_EQ(::lstat(Path("list").c_str(), &status), 0);
+    EXPECT_TRUE(S_ISLNK(status.st_mode));
+}
+
+TEST_F(Saving, RefusesAWriteProtectedFile)
+{
+    Store(Path("list"), old);
+    ASSERT_EQ(::chmod(Path("list").c_str(), 0444), 0);
+    EXPECT_EQ(Save(Path("list")), FioStatus::FileReadOnly);
+    EXPECT_EQ(Contents(Path("list")), old);
+}
+
+TEST_F(Saving, RefusesAFolderAndWhatIsNoOrdinaryFile)
+{
+    EXPECT_EQ(Save(Path("")), FioStatus::PathIsFolder);
+    ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(Save(Path("pipe")), FioStatus::FileReplace);
+    EXPECT_EQ(GetText(fio.GetExceptionStringTV),
+        "The old file cannot be replaced; it is unchanged. It is not an ordinary file.");
+}
+
+TEST_F(Saving, RefusesAFolderThatIsNotThere)
+{
+    EXPECT_EQ(Save(Path("nowhere/list")), FioStatus::FileCreate);
+    EXPECT_EQ(
+        GetText(fio.GetExceptionStringTV), "No file can be made in this folder. There is no such file or folder.");
+}
+
+TEST_F(Saving, RefusesAnEmptyOrMissingPath)
+{
+    EXPECT_EQ(Save(""), FioStatus::PathEmpty);
+    EXPECT_EQ(Call(fio.MemoryListSaveFile, nullptr), FioStatus::MissingArgument);
+    EXPECT_EQ(Load(""), FioStatus::PathEmpty);
+    EXPECT_EQ(Call(fio.MemoryListLoadFile, nullptr), FioStatus::MissingArgument);
+}
+
+TEST_F(Saving, TakesNamesOfEveryScript)
+{
+    const Text name = "\xD0\x9F\xD0\xBB\xD0\xB0\xD0\xBD \xCE\xB1\xCE\xB2 \xE5\x91\xA8\xE6\xB3\xA2.tvm";
+    ASSERT_EQ(Save(Path(name)), FioStatus::Ok);
+    EXPECT_TRUE(QFile::exists(QString::fromUtf8(Path(name).c_str())));
+    EXPECT_EQ(Load(Path(name)), FioStatus::Ok);
+}
+
+TEST_F(Saving, TakesTheLongestNameThatTheSystemTakes)
+{
+    Text name;
+    while (name.size() < 254)
+        name += "\xC3\xA9";
+    name += "x";
+    ASSERT_EQ(Save(Path(name)), FioStatus::Ok);
+    EXPECT_EQ(FolderNames(), (Names{ name }));
+}
+
+TEST_F(Saving, TakesANameWithoutFolder)
+{
+    const Text before = std::filesystem::current_path().string();
+    ASSERT_EQ(::chdir(Path("").c_str()), 0);
+    EXPECT_EQ(Save("list"), FioStatus::Ok);
+    EXPECT_EQ(Save("list"), FioStatus::Ok);
+    ASSERT_EQ(::chdir(before.c_str()), 0);
+    EXPECT_EQ(FolderNames(), (Names{ "list" }));
+}
+
+TEST_F(Saving, NamesTheNewFileAfterTheTargetAlone)
+{
+    EXPECT_EQ(TemporaryPath("/a/b.tvm"), "/a/.b.tvm.tvnew");
+    EXPECT_EQ(TemporaryPath("b.tvm"), ".b.tvm.tvnew");
+    EXPECT_EQ(TemporaryPath("/a/" + Text(255, 'x')), "/a/." + Text(200, 'x') + ".tvnew");
+}
+
+// Reading.
+
+TEST_F(Saving, LoadRefusesAFolder)
+{
+    EXPECT_EQ(Load(Path("")), FioStatus::PathIsFolder);
+}
+
+TEST_F(Saving, LoadOfAPipeEndsAtOnce)
+{
+    ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(Load(Path("pipe")), FioStatus::FileOpen);
+}
+
+TEST_F(Saving, LoadRefusesAnEmptyFile)
+{
+    Store(Path("list"), {});
+    EXPECT_EQ(Load(Path("list")), FioStatus::FileTruncated);
+}
+
+TEST_F(Saving, LoadRefusesAFileThatIsFarTooLargeUnread)
+{
+    Store(Path("list"), sample);
+    ASSERT_EQ(::truncate(Path("list").c_str(), off_t{ 1 } << 40), 0);
+    EXPECT_EQ(Load(Path("list")), FioStatus::FileTooLarge);
+}
+
+TEST_F(Saving, LoadedListStaysWhenItsFileIsGone)
+{
+    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
+    ASSERT_EQ(Load(Path("list")), FioStatus::Ok);
+    ASSERT_EQ(::unlink(Path("list").c_str()), 0);
+    EXPECT_EQ(MemoryList::Current().Encode(), sample);
+}

@@ -6,6 +6,9 @@
 #include <QStringList>
 
 #include <cstring>
+#if defined(Q_OS_LINUX)
+#include <link.h>
+#endif
 
 namespace {
 
@@ -74,6 +77,22 @@ bool BindModule(Module module, BindEntry entry)
     return false;
 }
 
+/// False for a library of which the end is missing, as an interrupted copy leaves it: the system's loader takes the
+/// sizes in its head for granted and would touch pages that are not there.
+bool IsWholeLibrary(const QString& path)
+{
+#if defined(Q_OS_LINUX)
+    QFile file(path);
+    ElfW(Ehdr) head{};
+    if (!file.open(QIODevice::ReadOnly) || file.read(reinterpret_cast<char*>(&head), sizeof head) != sizeof head)
+        return false;
+    // The table of sections stands last in the file.
+    return head.e_shoff + quint64{ head.e_shnum } * head.e_shentsize <= static_cast<quint64>(file.size());
+#else
+    return QFileInfo::exists(path);
+#endif
+}
+
 /// The text before each version record, joined here so that this file does not hold it as a literal.
 QByteArray VersionMagic()
 {
@@ -101,7 +120,7 @@ QString ModuleFileName(Module module)
 bool ModuleLoad(Module module, const QString& folder)
 {
     const QString path = folder + ModuleFileName(module);
-    if (!QFileInfo(path).isFile())
+    if (!QFileInfo(path).isFile() || !IsWholeLibrary(path))
         return false;
 
     // The bound operations point into the library, so it stays mapped when the handle is given back.

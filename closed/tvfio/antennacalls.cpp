@@ -1,6 +1,8 @@
 #include "closed/tvfio/antennalist.h"
 #include "closed/tvfio/calls.h"
 
+namespace tvfio {
+
 namespace {
 
 using Record = AntennaRecord;
@@ -56,3 +58,5 @@ void BindAntennaCalls(TvFioApi& api)
     api.AntennaSetData = CallCommit<AntennaList>;
     BindFields(api);
 }
+
+} // namespace tvfio

@@ -3,6 +3,8 @@
 
 #include "closed/tvfio/slotlist.h"
 
+namespace tvfio {
+
 struct AntennaRecord {
     int16_t Include = 0; ///< flag: 0, or 1 or -1 for set
     FixedText<32> Name;
@@ -65,3 +67,5 @@ struct AntennaList : SlotList<AntennaRecord, 1, 100> {
         return DecodeSlots(file, kFamily, *this);
     }
 };
+
+} // namespace tvfio

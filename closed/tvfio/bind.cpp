@@ -4,12 +4,12 @@ int16_t TvFioBind(TvFioApi* api)
 {
     if (api == nullptr || api->Size < sizeof(TvFioApi))
         return 1;
-    BindAntennaCalls(*api);
-    BindKfactorCalls(*api);
-    BindMemoryCalls(*api);
-    BindSuppressCalls(*api);
-    BindCorrectionCalls(*api);
-    BindLimitCalls(*api);
-    BindCheckCalls(*api);
+    tvfio::BindAntennaCalls(*api);
+    tvfio::BindKfactorCalls(*api);
+    tvfio::BindMemoryCalls(*api);
+    tvfio::BindSuppressCalls(*api);
+    tvfio::BindCorrectionCalls(*api);
+    tvfio::BindLimitCalls(*api);
+    tvfio::BindCheckCalls(*api);
     return 0;
 }

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tvfio {
+
 using Bytes = std::vector<uint8_t>;
 using ByteView = std::span<const uint8_t>;
 
@@ -132,3 +134,5 @@ private:
     ByteView rest_;
     bool failed_ = false;
 };
+
+} // namespace tvfio

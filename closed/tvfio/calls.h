@@ -7,6 +7,8 @@
 
 #include <new>
 
+namespace tvfio {
+
 /// Stores `result` as the status word of a call.
 inline void Answer(int16_t* status, FioStatus result)
 {
@@ -200,3 +202,5 @@ void BindSuppressCalls(TvFioApi& api);
 void BindCorrectionCalls(TvFioApi& api);
 void BindLimitCalls(TvFioApi& api);
 void BindCheckCalls(TvFioApi& api);
+
+} // namespace tvfio

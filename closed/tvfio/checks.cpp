@@ -1,5 +1,7 @@
 #include "closed/tvfio/calls.h"
 
+namespace tvfio {
+
 namespace {
 
 /// The instrument firmware whose values and codes these lists hold.
@@ -77,3 +79,5 @@ void BindCheckCalls(TvFioApi& api)
     api.GetTvFwVersion = GetTvFwVersion;
     api.GetExceptionStringTV = GetExceptionStringTV;
 }
+
+} // namespace tvfio

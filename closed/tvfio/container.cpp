@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <string>
 
+namespace tvfio {
+
 namespace {
 
 /// The line ends and the end-of-text mark show a transfer that changed them.
@@ -129,3 +131,5 @@ FioStatus NeedSection(const Sections& sections, SectionId id, ByteView& section)
     section = *found;
     return FioStatus::Ok;
 }
+
+} // namespace tvfio

@@ -7,6 +7,8 @@
 #include <array>
 #include <optional>
 
+namespace tvfio {
+
 /// What a file holds; the number stands in the file.
 enum class Family : uint16_t { Antenna = 1, Kfactor = 2, Memory = 3, Suppress = 4, Correction = 6 };
 
@@ -58,3 +60,5 @@ private:
 
 /// The section `id`, whose absence is an error.
 [[nodiscard]] FioStatus NeedSection(const Sections& sections, SectionId id, ByteView& section);
+
+} // namespace tvfio

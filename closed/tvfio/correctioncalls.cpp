@@ -3,6 +3,8 @@
 
 #include <cstdlib>
 
+namespace tvfio {
+
 namespace {
 
 /// The result of an operation whose status is its result.
@@ -216,3 +218,5 @@ void BindCorrectionCalls(TvFioApi& api)
     api.AntCorrNewAngles = NewAngles;
     api.AntCorrFreeAngles = FreeAngles;
 }
+
+} // namespace tvfio

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+namespace tvfio {
+
 namespace {
 
 constexpr std::array<int32_t, 11> kNewIdentity{ 4090, 1000, 1, 1, 1, 0, 1, 0, 1, 1, 0 };
@@ -226,3 +228,5 @@ FioStatus CorrectionSet::TakeHeader(const CorrHeader& header)
     Header = header;
     return FioStatus::Ok;
 }
+
+} // namespace tvfio

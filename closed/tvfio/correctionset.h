@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace tvfio {
+
 struct CorrKfactorRecord {
     double Frequency = 0; ///< Hz
     double Active = 0; ///< dB/m
@@ -68,3 +70,5 @@ void SortByFrequency(std::vector<Record>& table)
     std::stable_sort(table.begin(), table.end(),
         [](const Record& left, const Record& right) { return left.Frequency < right.Frequency; });
 }
+
+} // namespace tvfio

@@ -2,6 +2,8 @@
 
 #include <array>
 
+namespace tvfio {
+
 namespace {
 
 constexpr uint32_t kPolynomial = 0xEDB88320U;
@@ -47,3 +49,5 @@ uint32_t Crc32(ByteView bytes, uint32_t previous)
         sum = (sum >> 8) ^ kTable[0][(sum ^ bytes[at]) & 0xFFU];
     return ~sum;
 }
+
+} // namespace tvfio

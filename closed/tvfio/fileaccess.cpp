@@ -5,6 +5,8 @@
 #include <array>
 #include <cerrno>
 
+namespace tvfio {
+
 namespace {
 
 /// Another process needs a few milliseconds for a save; a second is more than a slow disk takes.
@@ -162,3 +164,5 @@ FioStatus SaveFileBytes(const char* path, ByteView bytes)
         target.RealPath.substr(0, target.RealPath.size() - FileNameOfPath(target.RealPath).size()));
     return FioStatus::Ok;
 }
+
+} // namespace tvfio

@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace tvfio {
+
 /// What is there under a path.
 struct FileInfo {
     bool Exists = false;
@@ -65,3 +67,5 @@ std::string TemporaryPath(const std::string& path);
 
 /// The last part of a path.
 std::string FileNameOfPath(const std::string& path);
+
+} // namespace tvfio

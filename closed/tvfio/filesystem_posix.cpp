@@ -11,6 +11,8 @@
 #include <unistd.h>
 #include <utility>
 
+namespace tvfio {
+
 namespace {
 
 constexpr mode_t kEveryonesHabit = 0666; // less what the user's mask takes away
@@ -194,3 +196,5 @@ void FileSystem::Pause()
     const timespec pause{ 0, kPauseNanoseconds };
     (void)::nanosleep(&pause, nullptr);
 }
+
+} // namespace tvfio

@@ -8,6 +8,8 @@
 #define NOMINMAX
 #include <windows.h>
 
+namespace tvfio {
+
 namespace {
 
 constexpr DWORD kPauseMs = 5;
@@ -168,3 +170,5 @@ void FileSystem::Pause()
 {
     Sleep(kPauseMs);
 }
+
+} // namespace tvfio

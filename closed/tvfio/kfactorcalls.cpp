@@ -1,6 +1,8 @@
 #include "closed/tvfio/calls.h"
 #include "closed/tvfio/kfactortable.h"
 
+namespace tvfio {
+
 namespace {
 
 using Record = KfactorRecord;
@@ -58,3 +60,5 @@ void BindKfactorCalls(TvFioApi& api)
     api.KfactorGetActive = GetEntry<&Record::Active>;
     api.KfactorSetActive = SetEntry<&Record::Active, kfactorRules::kActive>;
 }
+
+} // namespace tvfio

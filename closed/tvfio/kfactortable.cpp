@@ -1,5 +1,7 @@
 #include "closed/tvfio/kfactortable.h"
 
+namespace tvfio {
+
 KfactorTable& KfactorTable::Current()
 {
     static KfactorTable table;
@@ -58,3 +60,5 @@ void KfactorTable::SortByFrequency()
     std::stable_sort(Entries.begin(), Entries.end(),
         [](const KfactorRecord& left, const KfactorRecord& right) { return left.Frequency < right.Frequency; });
 }
+
+} // namespace tvfio

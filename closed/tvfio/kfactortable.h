@@ -3,6 +3,8 @@
 
 #include "closed/tvfio/record.h"
 
+namespace tvfio {
+
 struct KfactorRecord {
     double Frequency = 0; ///< Hz
     double Passive = 0; ///< dB/m
@@ -43,3 +45,5 @@ struct KfactorTable {
     /// Orders by frequency, ascending.
     void SortByFrequency();
 };
+
+} // namespace tvfio

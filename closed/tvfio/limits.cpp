@@ -1,5 +1,7 @@
 #include "closed/tvfio/calls.h"
 
+namespace tvfio {
+
 namespace {
 
 constexpr double kMinFrequencyHz = 8'000;
@@ -67,3 +69,5 @@ void BindLimitCalls(TvFioApi& api)
     BindValueLimits(api);
     BindNumberLimits(api);
 }
+
+} // namespace tvfio

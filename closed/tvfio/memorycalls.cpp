@@ -1,6 +1,8 @@
 #include "closed/tvfio/calls.h"
 #include "closed/tvfio/memorylist.h"
 
+namespace tvfio {
+
 namespace {
 
 using Record = MemoryRecord;
@@ -80,3 +82,5 @@ void BindMemoryCalls(TvFioApi& api)
     BindReceiverFields(api);
     BindDirectionFields(api);
 }
+
+} // namespace tvfio

@@ -2,6 +2,8 @@
 
 #include <numeric>
 
+namespace tvfio {
+
 namespace {
 
 bool StatusThenNumber(const MemoryRecord& left, const MemoryRecord& right)
@@ -84,3 +86,5 @@ MemoryList& MemoryList::Current()
     static MemoryList list;
     return list;
 }
+
+} // namespace tvfio

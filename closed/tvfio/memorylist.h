@@ -3,6 +3,8 @@
 
 #include "closed/tvfio/slotlist.h"
 
+namespace tvfio {
+
 /// One entry. The defaults are what a new entry starts with: FM at 100 MHz in 15 kHz, squelches, attenuator and AFC
 /// off, 0.5 s direction finding over 1 MHz in steps of 1 kHz. They lie inside all limits and pass the checks.
 struct MemoryRecord {
@@ -108,3 +110,5 @@ private:
     std::array<int16_t, kMemoryItems> numbers_{};
     uint32_t numbersOf_ = 0; ///< state of `Changes` that `numbers_` belongs to; 0 for none
 };
+
+} // namespace tvfio

@@ -1,5 +1,7 @@
 #include "closed/tvfio/record.h"
 
+namespace tvfio {
+
 FioStatus FailRecord(size_t position, const char* complaint)
 {
     return Fail(FioStatus::FileRecord, "Record " + std::to_string(position + 1) + ": " + complaint);
@@ -36,3 +38,5 @@ FioStatus ReadInfo(const Sections& sections, ListInfo& info)
         return Fail(FioStatus::FileRecord, FioStatusText(read.Objection()));
     return FioStatus::Ok;
 }
+
+} // namespace tvfio

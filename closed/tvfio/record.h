@@ -8,6 +8,8 @@
 #include <limits>
 #include <string>
 
+namespace tvfio {
+
 /// Smallest and largest value of a whole number or code, and the status of one outside.
 struct IntRule {
     int32_t Min;
@@ -155,3 +157,5 @@ inline constexpr TextRule kListDescription{ 32, FioStatus::ListDescriptionTooLon
 
 void WriteInfo(ListFileWriter& file, const ListInfo& info);
 [[nodiscard]] FioStatus ReadInfo(const Sections& sections, ListInfo& info);
+
+} // namespace tvfio

@@ -5,6 +5,8 @@
 
 #include <bitset>
 
+namespace tvfio {
+
 /// A list whose records stand at the indexes `First` to `Capacity` - 1; a place that is not used holds a default
 /// record. `Staged` is filled field by field and put into a place by `Commit`.
 ///
@@ -135,3 +137,5 @@ template <typename List>
     return ReadRecords(section, List::kCapacity - List::kFirst,
         [&](ByteReader& record, size_t position) { return DecodeSlot(record, position, list); });
 }
+
+} // namespace tvfio

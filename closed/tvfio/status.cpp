@@ -6,6 +6,8 @@
 #include <array>
 #include <cstdio>
 
+namespace tvfio {
+
 namespace {
 
 struct StatusText {
@@ -134,3 +136,5 @@ const char* LastExceptionText()
 {
     return lastException.data();
 }
+
+} // namespace tvfio

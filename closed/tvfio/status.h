@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace tvfio {
+
 /// Result of every operation. A value up to 82 that `FioStatusHasOwnText` accepts is one for which the program has a
 /// text by number; with all others it shows what `LastExceptionText` says, so these carry details of their own (which
 /// record, what the system answered).
@@ -119,3 +121,5 @@ FioStatus Fail(FioStatus status, std::string_view detail = {});
 
 /// The sentence of the last exception; empty before the first. Windows-1252.
 const char* LastExceptionText();
+
+} // namespace tvfio

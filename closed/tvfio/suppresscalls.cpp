@@ -1,6 +1,8 @@
 #include "closed/tvfio/calls.h"
 #include "closed/tvfio/suppresslist.h"
 
+namespace tvfio {
+
 namespace {
 
 using Record = SuppressRecord;
@@ -45,3 +47,5 @@ void BindSuppressCalls(TvFioApi& api)
     api.SuppressGetDescription = CallGetText<SuppressList, &Record::Description>;
     api.SuppressSetDescription = CallStageText<SuppressList, &Record::Description, suppressRules::kDescription>;
 }
+
+} // namespace tvfio

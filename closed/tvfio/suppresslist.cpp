@@ -2,6 +2,8 @@
 
 #include <utility>
 
+namespace tvfio {
+
 namespace {
 
 bool ComesBefore(const SuppressRecord& left, const SuppressRecord& right)
@@ -54,3 +56,5 @@ void SuppressList::SortAndMerge()
     std::stable_sort(merged.begin(), merged.end(), ComesBefore);
     Refill(merged);
 }
+
+} // namespace tvfio

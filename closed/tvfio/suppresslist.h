@@ -3,6 +3,8 @@
 
 #include "closed/tvfio/slotlist.h"
 
+namespace tvfio {
+
 struct SuppressRecord {
     int16_t Include = 0; ///< 0 or 1; a CSV file with another word stores 255
     double StartFrequency = 0; ///< Hz
@@ -50,3 +52,5 @@ struct SuppressList : SlotList<SuppressRecord, 0, 100> {
     /// not empty stays. A range whose stop lies below its start means the same band the other way round and is turned.
     void SortAndMerge();
 };
+
+} // namespace tvfio

@@ -1,5 +1,7 @@
 #include "closed/tvfio/text.h"
 
+namespace tvfio {
+
 namespace {
 
 bool IsControl(unsigned char letter)
@@ -46,3 +48,5 @@ int CompareNoCase(std::string_view left, std::string_view right)
     }
     return left.size() == right.size() ? 0 : (left.size() < right.size() ? -1 : 1);
 }
+
+} // namespace tvfio

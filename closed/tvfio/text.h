@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace tvfio {
+
 /// What a text field may hold, and the status of a text that it may not.
 struct TextRule {
     int MaxLength; ///< characters
@@ -42,3 +44,5 @@ struct FixedText {
         Length = static_cast<uint8_t>(length);
     }
 };
+
+} // namespace tvfio

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace tvfio;
+
 namespace {
 
 ByteView View(std::string_view text)

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 
+namespace tvfio {
+
 int FailingFileSystem::Create(const std::string& path, uint32_t permissions, intptr_t& handle)
 {
     return CreateError != 0 ? CreateError : FileSystem::Create(path, permissions, handle);
@@ -39,3 +41,5 @@ void FailingFileSystem::Pause()
     if (DuringPause)
         DuringPause();
 }
+
+} // namespace tvfio

@@ -6,6 +6,8 @@
 #include <functional>
 #include <limits>
 
+namespace tvfio {
+
 /// Stands in for the system while it lives. What is not told to fail works on the real disk.
 class FailingFileSystem final : public FileSystem {
 public:
@@ -33,3 +35,5 @@ public:
     int Replace(intptr_t handle, const std::string& from, const std::string& to) override;
     void Pause() override;
 };
+
+} // namespace tvfio

@@ -92,12 +92,15 @@ TEST_F(Loader, EmptyFileIsNotBound)
     EXPECT_FALSE(ModuleLoad(Module::General, Folder()));
 }
 
-TEST_F(Loader, HalfALibraryIsNotBound)
+TEST_F(Loader, LibraryOfWhichTheEndIsMissingIsNotBound)
 {
     QFile whole(QString::fromUtf8(TVGEN_FILE));
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
-    Write(ModuleFileName(Module::General), whole.read(whole.size() / 2));
-    EXPECT_FALSE(ModuleLoad(Module::General, Folder()));
+    const QByteArray bytes = whole.readAll();
+    for (const qsizetype length : { qsizetype{ 10 }, qsizetype{ 100 }, bytes.size() / 8, bytes.size() - 1 }) {
+        Write(ModuleFileName(Module::General), bytes.first(length));
+        EXPECT_FALSE(ModuleLoad(Module::General, Folder())) << length;
+    }
 }
 
 TEST_F(Loader, LibraryWithoutEntryIsNotBound)

@@ -2,6 +2,8 @@
 
 #include "closed/tvfio/crc32.h"
 
+namespace tvfio {
+
 namespace {
 
 void SetInfo(ListInfo& info)
@@ -88,3 +90,5 @@ void RepairHeader(Bytes& file)
     const ByteView view(file);
     writer.Patch(16, Crc32(view.subspan(kHeaderBytes), Crc32(view.first(16))));
 }
+
+} // namespace tvfio

@@ -7,6 +7,8 @@
 #include "closed/tvfio/memorylist.h"
 #include "closed/tvfio/suppresslist.h"
 
+namespace tvfio {
+
 /// Each puts a few records into an empty list.
 void FillSample(AntennaList& list);
 void FillSample(KfactorTable& table);
@@ -33,3 +35,5 @@ Bytes EmptyFile()
 
 /// Puts the length and the check sum into the header that the bytes behind it ask for.
 void RepairHeader(Bytes& file);
+
+} // namespace tvfio

@@ -12,6 +12,9 @@
 #include <type_traits>
 #include <vector>
 
+// A program that holds the store holds other types of such names; tests of the store hold no others.
+using namespace tvfio;
+
 using FileBytes = std::vector<uint8_t>;
 
 /// Calls an operation that has a status word and gives that status.

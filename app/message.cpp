@@ -31,8 +31,10 @@ struct Question {
 int Show(const Question& question)
 {
     MessageRequest& request = TheMessage();
-    if (request.Showing)
+    const bool waits = request.Showing;
+    if (waits)
         TheSeams().PumpUntil([&request] { return !request.Showing; });
+    const int answerBefore = request.Result;
     request.Style = question.Style;
     request.Text = question.Text;
     request.HelpNumber = question.HelpNumber;
@@ -42,7 +44,10 @@ int Show(const Question& question)
     if (Presenter())
         Presenter()(request);
     request.DefaultToNo = false;
-    return request.Result;
+    const int answer = request.Result;
+    if (waits) // whoever asked the first question has not read its answer yet
+        request.Result = answerBefore;
+    return answer;
 }
 
 int Ask(int style, int id, bool defaultToNo = false)

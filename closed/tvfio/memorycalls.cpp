@@ -5,7 +5,7 @@ namespace tvfio {
 
 namespace {
 
-using Record = MemoryRecord;
+using Record = StoredMemory;
 
 template <auto Member, const auto& Rule>
 constexpr auto kStage = CallStage<MemoryList, Member, Rule>;

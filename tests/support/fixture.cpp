@@ -2,9 +2,18 @@
 
 #include "app/dialog.h"
 #include "app/frameHooks.h"
+#include "app/info.h"
+#include "app/progressBar.h"
 #include "app/project.h"
 #include "app/seams.h"
+#include "app/settings.h"
 #include "closed/loader.h"
+#include "link/connect.h"
+#include "link/file.h"
+#include "link/model.h"
+#include "print/printSettings.h"
+#include "screen/color.h"
+#include "screen/description.h"
 
 #include <QFile>
 
@@ -19,6 +28,20 @@ void Bind(Module module, Api& table, int16_t (*bind)(Api*))
     table.Size = sizeof(Api);
     ASSERT_EQ(bind(&table), 0);
     ModuleMarkBound(module);
+}
+
+/// Every record that outlives a form.
+void ResetModules()
+{
+    InfoReset();
+    ProgressReset();
+    SettingsReset();
+    FileClassesReset();
+    FileOpenersReset();
+    ConnectionReset();
+    ColorReset();
+    DescrReset();
+    PrintSettingsReset();
 }
 
 } // namespace
@@ -40,6 +63,7 @@ ProgramTest::ProgramTest()
     FrameHooksReset();
     DialogReset();
     ProgramReset();
+    ResetModules();
     TheMessage() = {};
     BindModules();
     Program().AppPath = Folder();

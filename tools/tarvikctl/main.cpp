@@ -2,7 +2,10 @@
 #include "app/lang.h"
 #include "app/project.h"
 #include "closed/loader.h"
+#include "link/model.h"
+#include "lists/editorGeneral.h"
 #include "tools/tarvikctl/arguments.h"
+#include "tools/tarvikctl/lists.h"
 #include "tools/tarvikctl/terminal.h"
 
 #include <QCoreApplication>
@@ -45,12 +48,44 @@ void PrintTexts(const QStringList& numbers)
     }
 }
 
-void Run(const CtlArguments& arguments, Terminal& terminal)
+/// What the name of a file to write must end in is known once the texts are there.
+bool OutputNameFits(const CtlArguments& arguments)
 {
+    const bool writes = arguments.Command == CtlCommand::Convert || arguments.Command == CtlCommand::Sort;
+    return !writes || CtlCanBeWritten(arguments.Operands[1]);
+}
+
+ExitStatus UsageError(const QString& error)
+{
+    TerminalWrite(stderr, QStringLiteral("tarvikctl: %1\nTry 'tarvikctl --help'.\n").arg(error));
+    return ExitUsage;
+}
+
+ExitStatus Run(const CtlArguments& arguments)
+{
+    Terminal terminal(arguments.Yes);
+    terminal.SetFile(QStringLiteral("tarvikctl"));
     if (!LoadModules(terminal))
-        return;
+        return ExitRefused;
+    if (!OutputNameFits(arguments))
+        return UsageError(
+            QStringLiteral("%1: the name of a memory list ends in %2 or %3")
+                .arg(arguments.Operands[1], ModGetExtension(FileClassMemoryList), LngStr(kTextCsvExtension)));
+    MsgSetPresenter([&terminal](MessageRequest& request) { terminal.Present(request); });
     if (arguments.Command == CtlCommand::Text)
         PrintTexts(arguments.Operands);
+    else
+        CtlRunLists(arguments, terminal);
+    return terminal.HasFailed() ? ExitRefused : ExitDone;
+}
+
+ExitStatus RunCommand(const CtlArguments& arguments)
+{
+    if (arguments.Command != CtlCommand::Help && arguments.Command != CtlCommand::Version)
+        return Run(arguments);
+    const bool help = arguments.Command == CtlCommand::Help;
+    TerminalWrite(stdout, help ? CtlHelpText() : QStringLiteral("tarvikctl %1\n").arg(ProductVersionText()));
+    return ExitDone;
 }
 
 /// False when the reader of standard output has not got all of it.
@@ -66,20 +101,6 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QString error;
     const auto arguments = CtlParse(QCoreApplication::arguments().mid(1), error);
-    if (!arguments) {
-        TerminalWrite(stderr, QStringLiteral("tarvikctl: %1\nTry 'tarvikctl --help'.\n").arg(error));
-        return ExitUsage;
-    }
-
-    Terminal terminal(arguments->Yes);
-    terminal.SetFile(QStringLiteral("tarvikctl"));
-    MsgSetPresenter([&terminal](MessageRequest& request) { terminal.Present(request); });
-    if (arguments->Command == CtlCommand::Help)
-        TerminalWrite(stdout, CtlHelpText());
-    else if (arguments->Command == CtlCommand::Version)
-        TerminalWrite(stdout, QStringLiteral("tarvikctl %1\n").arg(ProductVersionText()));
-    else
-        Run(*arguments, terminal);
-    const bool arrived = OutputArrived();
-    return arrived && !terminal.HasShownMessage() ? ExitDone : ExitRefused;
+    const ExitStatus status = arguments ? RunCommand(*arguments) : UsageError(error);
+    return OutputArrived() ? status : ExitRefused;
 }

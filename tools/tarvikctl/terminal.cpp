@@ -14,13 +14,13 @@ void Terminal::Present(MessageRequest& request)
         request.Result = answerYes_ ? MsgResultYes : MsgResultNo;
     else
         request.Result = MsgResultOk;
-    hasShownMessage_ = hasShownMessage_ || !question;
+    hasFailed_ = hasFailed_ || !question;
 }
 
 void Terminal::Refuse(const QString& text)
 {
     TerminalWrite(stderr, file_ + QStringLiteral(": ") + text + u'\n');
-    hasShownMessage_ = true;
+    hasFailed_ = true;
 }
 
 void TerminalWrite(std::FILE* stream, const QString& text)

@@ -28,16 +28,22 @@ public:
     /// What no message number stands for, as "FILE: TEXT". Counts as a message.
     void Refuse(const QString& text);
 
-    /// True once anything but an answered question was shown.
-    bool HasShownMessage() const
+    /// The work was not done, by an answer that the user knows of.
+    void SetFailed()
     {
-        return hasShownMessage_;
+        hasFailed_ = true;
+    }
+
+    /// True once a message was shown or work not done.
+    bool HasFailed() const
+    {
+        return hasFailed_;
     }
 
 private:
     QString file_;
     bool answerYes_ = false;
-    bool hasShownMessage_ = false;
+    bool hasFailed_ = false;
 };
 
 /// Writes `text` to `stream` as UTF-8.

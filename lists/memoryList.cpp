@@ -1,0 +1,226 @@
+#include "lists/memoryList.h"
+
+#include "app/ansi.h"
+#include "app/message.h"
+#include "closed/loader.h"
+#include "lists/editorGeneral.h"
+#include "lists/listError.h"
+
+#include <QDir>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int kTextRowsNotTaken = 12726;
+
+/// Runs the store's calls one after another until the first failure, which it shows with `Item`.
+class StoreRun {
+public:
+    int Item = kNoItem;
+
+    template <typename... Parameters, typename... Arguments>
+    bool operator()(void (*call)(std::int16_t*, Parameters...), Arguments&&... arguments)
+    {
+        if (status_ != 0)
+            return false;
+        call(&status_, std::forward<Arguments>(arguments)...);
+        ShowListError(status_, Item, true);
+        return status_ == 0;
+    }
+
+    /// A getter of text.
+    bool Text(void (*call)(std::int16_t*, char*, std::int32_t), QString& text)
+    {
+        std::array<char, TVFIO_TEXT_SIZE> buffer{};
+        if (!(*this)(call, buffer.data(), TVFIO_TEXT_SIZE))
+            return false;
+        text = Taken(buffer);
+        return true;
+    }
+
+    /// A getter of a record's text.
+    bool Text(void (*call)(std::int16_t*, std::int16_t, char*, std::int32_t), std::int16_t index, QString& text)
+    {
+        std::array<char, TVFIO_TEXT_SIZE> buffer{};
+        if (!(*this)(call, index, buffer.data(), TVFIO_TEXT_SIZE))
+            return false;
+        text = Taken(buffer);
+        return true;
+    }
+
+    bool Succeeded() const
+    {
+        return status_ == 0;
+    }
+
+private:
+    static QString Taken(const std::array<char, TVFIO_TEXT_SIZE>& buffer)
+    {
+        return FromAnsi(QByteArrayView(buffer.data(), qstrnlen(buffer.data(), TVFIO_TEXT_SIZE)));
+    }
+
+    std::int16_t status_ = 0;
+};
+
+/// The fields in the order of the record; every row is read, used or not.
+void ReadRecord(StoreRun& run, std::int16_t index, MemoryRecord& record)
+{
+    const TvFioApi& store = TvFio();
+    std::int16_t used = 0;
+    run(store.MemoryGetMemItemNumber, index, &record.Number);
+    run(store.MemoryListItemIsInUse, index, &used);
+    run(store.MemoryGetFrequency, index, &record.Frequency);
+    run(store.MemoryGetDemodulation, index, &record.Demodulation);
+    run(store.MemoryGetBandWidth, index, &record.Bandwidth);
+    run(store.MemoryGetSquelchLevel, index, &record.SquelchLevel);
+    run(store.MemoryGetSquelchSetting, index, &record.SquelchStatus);
+    run(store.MemoryGetAntennaNumber, index, &record.AntennaNumber);
+    run(store.MemoryGetAttenuatorSetting, index, &record.AttenuatorStatus);
+    run(store.MemoryGetAFCSetting, index, &record.AfcStatus);
+    run.Text(store.MemoryGetDescription, index, record.Description);
+    run(store.MemoryGetSuppressed, index, &record.Status);
+    run(store.MemoryGetDfSquelchSetting, index, &record.DfSquelchStatus);
+    run(store.MemoryGetDfSquelchLevel, index, &record.DfSquelchLevel);
+    run(store.MemoryGetDfMeasurementTime, index, &record.DfMeasurementTime);
+    run(store.MemoryGetFrequencySpan, index, &record.FrequencySpan);
+    run(store.MemoryGetDfStep, index, &record.DfStep);
+    run(store.MemoryGetReserved1, index, &record.DfBandwidth);
+    run(store.MemoryGetReserved2, index, &record.Reserved2);
+    run(store.MemoryGetReserved3, index, &record.Reserved3);
+    record.Used = used != 0;
+}
+
+void WriteRecord(StoreRun& run, std::int16_t index, const MemoryRecord& record)
+{
+    const TvFioApi& store = TvFio();
+    run(store.MemorySetMemItemNumber, record.Number);
+    run(store.MemorySetFrequency, record.Frequency);
+    run(store.MemorySetDemodulation, record.Demodulation);
+    run(store.MemorySetBandWidth, record.Bandwidth);
+    run(store.MemorySetSquelchLevel, record.SquelchLevel);
+    run(store.MemorySetSquelchSetting, record.SquelchStatus);
+    run(store.MemorySetAntennaNumber, record.AntennaNumber);
+    run(store.MemorySetAttenuatorSetting, record.AttenuatorStatus);
+    run(store.MemorySetAFCSetting, record.AfcStatus);
+    run(store.MemorySetDescription, ToAnsi(record.Description).constData());
+    run(store.MemorySetSuppressed, record.Status);
+    run(store.MemorySetDfSquelchSetting, record.DfSquelchStatus);
+    run(store.MemorySetDfSquelchLevel, record.DfSquelchLevel);
+    run(store.MemorySetDfMeasurementTime, record.DfMeasurementTime);
+    run(store.MemorySetFrequencySpan, record.FrequencySpan);
+    run(store.MemorySetDfStep, record.DfStep);
+    run(store.MemorySetReserved1, record.DfBandwidth);
+    run(store.MemorySetReserved2, record.Reserved2);
+    run(store.MemorySetReserved3, record.Reserved3);
+    run(store.MemorySetData, index);
+}
+
+/// Number of a row in messages, counted from 1.
+int ItemOfRow(int row)
+{
+    return row + 1;
+}
+
+QByteArray StorePath(const QString& path)
+{
+    return QDir::toNativeSeparators(path).toUtf8();
+}
+
+} // namespace
+
+bool ClearMemoryList(MemoryTable& table)
+{
+    StoreRun run;
+    return run(TvFio().MemoryListClear) && ReadMemoryListDll(table);
+}
+
+bool ReadMemoryListDll(MemoryTable& table)
+{
+    StoreRun run;
+    std::int16_t count = 0;
+    run.Text(TvFio().MemoryListGetName, table.MemoryListName);
+    run.Text(TvFio().MemoryListGetDescription, table.MemoryListDescription);
+    run(TvFio().MemoryListGetMaxNumberOfItems, &count);
+    const int rows = std::min<int>(count, kMemoryRows);
+    for (int row = 0; row < rows && run.Succeeded(); ++row) {
+        run.Item = ItemOfRow(row);
+        ReadRecord(run, static_cast<std::int16_t>(row), table.Row(row));
+    }
+    return run.Succeeded();
+}
+
+bool WriteMemoryListDll(const MemoryTable& table)
+{
+    StoreRun run;
+    run(TvFio().MemoryListClear);
+    run(TvFio().MemoryListSetName, ToAnsi(table.MemoryListName).constData());
+    run(TvFio().MemoryListSetDescription, ToAnsi(table.MemoryListDescription).constData());
+    for (int row = 0; row < kMemoryRows && run.Succeeded(); ++row) {
+        if (!table.Row(row).Used)
+            continue;
+        run.Item = ItemOfRow(row);
+        WriteRecord(run, static_cast<std::int16_t>(row), table.Row(row));
+    }
+    return run.Succeeded();
+}
+
+bool OpenMemoryList(const QString& path, MemoryTable& table)
+{
+    const bool isRead = IsCsvFile(path) ? ReadMemoryListCSVFile(path, table) : ReadMemoryListMRFile(path, table);
+    if (!isRead) {
+        table = {};
+        static_cast<void>(ClearMemoryList(table)); // a failure has been shown, and the table is empty in any case
+    }
+    return isRead;
+}
+
+bool ReadMemoryListMRFile(const QString& path, MemoryTable& table)
+{
+    if (!ListFileExists(path))
+        return false;
+    StoreRun run;
+    return run(TvFio().MemoryListClear) && run(TvFio().MemoryListLoadFile, StorePath(path).constData())
+        && ReadMemoryListDll(table);
+}
+
+bool WriteMemoryList(const QString& path, MemoryTable& table)
+{
+    MemoryTable kept = table;
+    if (!WriteMemoryListDll(table) || !ReadMemoryListDll(kept)) {
+        MsgOk1(kTextRowsNotTaken, path);
+        return false;
+    }
+    const bool isWritten = IsCsvFile(path) ? WriteMemoryListCSVFile(path, kept) : WriteMemoryListMRFile(path);
+    if (isWritten)
+        table = std::move(kept);
+    return isWritten;
+}
+
+bool WriteMemoryListMRFile(const QString& path)
+{
+    StoreRun run;
+    return MayWriteFile(path) && run(TvFio().MemoryListSaveFile, StorePath(path).constData());
+}
+
+bool SortMemoryList(MemoryTable& table, int key)
+{
+    MemoryTable sorted = table;
+    StoreRun run;
+    const bool isSorted = WriteMemoryListDll(table) && run(TvFio().MemoryListSort, static_cast<std::int16_t>(key))
+        && ReadMemoryListDll(sorted);
+    if (isSorted)
+        table = std::move(sorted);
+    return isSorted;
+}
+
+int MemorySortKeyOfHeader(int column, int present)
+{
+    constexpr std::array<int, 6> kFirstKeys{ -1, -1, MemorySortNumberUp, MemorySortFrequencyUp, -1,
+        MemorySortDescriptionUp };
+    if (column < 0 || column >= static_cast<int>(kFirstKeys.size()))
+        return -1;
+    const int first = kFirstKeys[static_cast<size_t>(column)];
+    return first >= 0 && present == first ? first + 1 : first;
+}

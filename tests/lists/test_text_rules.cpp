@@ -1,0 +1,113 @@
+#include "tests/lists/listTest.h"
+
+#include "lists/editorGeneral.h"
+#include "lists/textRules.h"
+#include "lists/translate.h"
+
+namespace {
+class TextRules : public ListTest { };
+class Translate : public ListTest { };
+} // namespace
+
+TEST_F(TextRules, ANameTakesLettersDigitsAndTheSafeCharacters)
+{
+    EXPECT_TRUE(ValidNameChars("ABCXYZabcxyz0189"));
+    EXPECT_TRUE(ValidNameChars(" -+_=&~()[]"));
+}
+
+TEST_F(TextRules, ANameRefusesEveryOtherCharacter)
+{
+    for (const char16_t character : u"./\\:*?\"<>|;,'#%!@\u00e4\u20ac\t")
+        EXPECT_FALSE(ValidNameChars(QStringLiteral("a") + QChar(character)));
+}
+
+TEST_F(TextRules, ANameHasOneTo32Characters)
+{
+    EXPECT_FALSE(ValidNameChars({}));
+    EXPECT_TRUE(ValidNameChars("a"));
+    EXPECT_TRUE(ValidNameChars(QString(32, u'a')));
+    EXPECT_FALSE(ValidNameChars(QString(33, u'a')));
+}
+
+TEST_F(TextRules, ABadListNameIsReportedWithTheNounOfItsClass)
+{
+    Answers().Expect(12766, { QStringLiteral("memory list") }, Ok);
+    EXPECT_FALSE(ValidListName("a/b"));
+    SetEditorType(1);
+    Answers().Expect(12766, { QStringLiteral("antenna list") }, Ok);
+    EXPECT_FALSE(ValidListName({}));
+}
+
+TEST_F(TextRules, NoneIsReservedInAnyCase)
+{
+    for (const char* name : { "none", "None", "NONE", " nOnE " }) {
+        Answers().Expect(12770, { QStringLiteral("memory list") }, Ok);
+        EXPECT_FALSE(ValidListName(QString::fromLatin1(name)));
+    }
+    EXPECT_TRUE(ValidListName("nonE1"));
+}
+
+TEST_F(TextRules, FreeTextMayNotHoldSeparatorsAndQuotes)
+{
+    for (const char* text : { "a\"b", "a;b", "a'b", "a,b" }) {
+        EXPECT_FALSE(ValidText(QString::fromLatin1(text)));
+        EXPECT_FALSE(ValidText(QByteArrayView(text)));
+    }
+    EXPECT_TRUE(ValidText(QStringLiteral("Tower 1 / \u00c4 (north)")));
+    EXPECT_TRUE(ValidText(QString()));
+    EXPECT_TRUE(ValidText(QByteArrayView("Tower 1")));
+}
+
+TEST_F(Translate, EveryCodeComesBackFromItsText)
+{
+    for (const CodeTable& table : { kMemoryStatusCodes, kSquelchStatusCodes, kAttenuatorStatusCodes, kAfcStatusCodes,
+             kUsedStatusCodes, kDfSquelchStatusCodes, kDemodulationCodes, kBandwidthCodes, kFrequencySpanCodes,
+             kDfStepCodes, kDfBandwidthCodes }) {
+        const CodeTexts texts(table);
+        for (int code = 0; code < table.Count; ++code) {
+            EXPECT_EQ(StrToCode(table, CodeToStr(table, code)), code);
+            EXPECT_EQ(texts.CodeOf(texts.TextOf(code)), code);
+        }
+    }
+}
+
+TEST_F(Translate, ACodeOutOfRangeIsUnknownOrEmpty)
+{
+    EXPECT_EQ(CodeToStr(kDemodulationCodes, 8), "?");
+    EXPECT_EQ(CodeToStr(kBandwidthCodes, -1), "?");
+    EXPECT_EQ(CodeToStr(kFrequencySpanCodes, 13), "?");
+    EXPECT_EQ(CodeToStr(kDfStepCodes, 34), "?");
+    EXPECT_EQ(CodeToStr(kDfBandwidthCodes, 33), "?");
+    EXPECT_EQ(CodeTexts(kDfBandwidthCodes).TextOf(33), QByteArrayView("?"));
+    EXPECT_EQ(MemoryStatusToStr(2), "");
+    EXPECT_EQ(SquelchStatusToStr(-1), "");
+    EXPECT_EQ(AttenuatorStatusToStr(2), "");
+    EXPECT_EQ(AFCStatusToStr(2), "");
+    EXPECT_EQ(DFSquelchStatusToStr(3), "");
+}
+
+TEST_F(Translate, AnUnknownTextIsMinusOneOrOnePastTheLast)
+{
+    EXPECT_EQ(StrToMemoryStatus("x"), -1);
+    EXPECT_EQ(StrToSquelchStatus("x"), -1);
+    EXPECT_EQ(StrToAttenuatorStatus("x"), -1);
+    EXPECT_EQ(StrToAFCStatus("x"), -1);
+    EXPECT_EQ(StrToUsedStatus("x"), -1);
+    EXPECT_EQ(StrToCode(kDemodulationCodes, "x"), 8);
+    EXPECT_EQ(StrToCode(kBandwidthCodes, "x"), 16);
+    EXPECT_EQ(StrToCode(kFrequencySpanCodes, "x"), 13);
+    EXPECT_EQ(StrToCode(kDfStepCodes, "x"), 34);
+    EXPECT_EQ(StrToCode(kDfBandwidthCodes, "x"), 33);
+    EXPECT_EQ(CodeTexts(kDfBandwidthCodes).CodeOf("x"), 33);
+}
+
+TEST_F(Translate, TheNamedConversionsUseTheirTexts)
+{
+    EXPECT_EQ(MemoryStatusToStr(0), "Active");
+    EXPECT_EQ(MemoryStatusToStr(1), "Suppressed");
+    EXPECT_EQ(UsedStatusToStr(false), "Free");
+    EXPECT_EQ(UsedStatusToStr(true), "Used");
+    EXPECT_EQ(DFSquelchStatusToStr(2), "Gate");
+    EXPECT_EQ(CodeToStr(kDemodulationCodes, 0), "FM");
+    EXPECT_EQ(CodeToStr(kBandwidthCodes, 15), "500 kHz");
+}

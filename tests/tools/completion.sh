@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# completion.sh FILE: what the completion of tarvikctl offers.
+set -u
+# shellcheck source=/dev/null
+source "$1"
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+mkdir lists
+touch a.tvm b.CSV c.tva d.txt
+failed=0
+
+# offers EXPECTED WORD...: completes the last word.
+offers() {
+  local expected=$1
+  shift
+  COMP_WORDS=(tarvikctl "$@")
+  COMP_CWORD=$#
+  _tarvikctl
+  local found
+  found=$(printf '%s\n' "${COMPREPLY[@]}" | LC_ALL=C sort | xargs)
+  [ "$found" = "$expected" ] || { echo "tarvikctl $*: '$found', not '$expected'"; failed=1; }
+}
+
+offers "check convert" c
+offers "--help --version" --
+offers "--all --json" show -
+offers "--key --yes" sort --
+offers "0 1 2 3 4 5 6" sort --key ""
+offers "a.tvm b.CSV lists" convert ""
+offers "a.tvm b.CSV c.tva lists" check ""
+offers "" text ""
+exit "$failed"

@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# install.sh BUILD_FOLDER: the installed folder works wherever it is moved to.
+set -eu
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cmake --install "$1" --prefix "$folder/first" >/dev/null
+mv "$folder/first" "$folder/moved here"
+cd "$folder/moved here"
+for file in tarvik tarvikctl tvgen.so tvlng.so tvscpi.so tvfio.so tvswp.so tvimg.so LICENSE \
+  examples/Marine-VHF.tvm share/man/man1/tarvikctl.1 share/bash-completion/completions/tarvikctl \
+  share/applications/tarvik.desktop; do
+  [ -f "$file" ] || { echo "not installed: $file"; exit 1; }
+done
+./tarvikctl check examples/*.tvm examples/*.csv
+./tarvikctl convert examples/Marine-VHF.tvm "$folder/out.csv"
+cmp "$folder/out.csv" examples/Marine-VHF.csv

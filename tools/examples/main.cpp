@@ -1,0 +1,63 @@
+// tools/examples/main.cpp: writes every list of examples/ in both file forms, by the program's own writers.
+#include "app/message.h"
+#include "app/project.h"
+#include "closed/loader.h"
+#include "link/model.h"
+#include "lists/editorGeneral.h"
+#include "lists/limits.h"
+#include "lists/memoryList.h"
+#include "tools/examples/plans.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTextStream>
+
+#include <cstdio>
+
+namespace {
+
+/// Replaces former files without asking; anything else that is said goes to standard error.
+void Present(MessageRequest& request)
+{
+    request.Result = request.IsQuestion() ? MsgResultYes : MsgResultOk;
+    if (!request.IsQuestion())
+        QTextStream(stderr) << request.HelpNumber << ": " << request.Text << '\n';
+}
+
+bool WritePlan(const ChannelPlan& plan, const QString& folder)
+{
+    MemoryTable empty;
+    if (plan.Channels.size() > static_cast<size_t>(kMemoryRows) || !ClearMemoryList(empty))
+        return false;
+    for (const QString& extension : { ModGetExtension(FileClassMemoryList), QStringLiteral(".csv") }) {
+        MemoryTable table = TableOfPlan(plan, empty);
+        if (!WriteMemoryList(folder + QLatin1Char('/') + plan.Name + extension, table))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 2) {
+        QTextStream(stderr) << "Usage: tarvik_examples FOLDER\n";
+        return 2;
+    }
+    Program().AppPath = QCoreApplication::applicationDirPath() + QDir::separator();
+    MsgSetPresenter(Present);
+    for (const Module module : { Module::Language, Module::ListStore, Module::General }) {
+        if (!ModuleLoad(module, Program().AppPath))
+            return 1;
+    }
+    ReadInstrumentLimits();
+    SetEditorType(FileClassMemoryList);
+    for (const ChannelPlan& plan : AllPlans()) {
+        if (!WritePlan(plan, arguments[1]))
+            return 1;
+    }
+    return 0;
+}

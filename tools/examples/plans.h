@@ -1,0 +1,26 @@
+// tools/examples/plans.h: real channel plans, each computed from the rule or the table of the standard that it names.
+#pragma once
+
+#include "lists/memoryRecord.h"
+#include "tools/examples/receptions.h"
+
+#include <vector>
+
+struct Channel {
+    double FrequencyHz;
+    QString Description;
+    const Reception* Settings;
+};
+
+/// One list. The file is called after the list's name.
+struct ChannelPlan {
+    QString Name;
+    QString Description; ///< names the source
+    std::vector<Channel> Channels;
+};
+
+/// Every plan under examples/.
+std::vector<ChannelPlan> AllPlans();
+
+/// The channels as a memory list: numbers count from 0, the rows behind the last channel are those of `empty`.
+MemoryTable TableOfPlan(const ChannelPlan& plan, const MemoryTable& empty);

@@ -1,0 +1,143 @@
+#include "tools/tarvikctl/lists.h"
+
+#include "app/lang.h"
+#include "closed/loader.h"
+#include "link/model.h"
+#include "lists/editorGeneral.h"
+#include "lists/limits.h"
+#include "lists/listError.h"
+#include "lists/memoryList.h"
+#include "tools/tarvikctl/show.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr std::array kListClasses{ FileClassAntennaList, FileClassKfactorTable, FileClassMemoryList,
+    FileClassSuppressList, FileClassCorrectionSet };
+
+/// The family whose binary form bears this extension.
+FileClass ClassOfExtension(const QString& path)
+{
+    const auto* const found = std::find_if(
+        kListClasses.begin(), kListClasses.end(), [&path](FileClass each) { return FileExtMatches(path, 1 << each); });
+    return found == kListClasses.end() ? FileClassUnknown : *found;
+}
+
+/// Noun of a family as messages use it.
+QString FamilyNoun(int fileClass)
+{
+    ModFileInit(fileClass);
+    return LngStr(ModCaption(CaptionNoun));
+}
+
+/// Loads a file of a family that has no rows to show here. The store's word is shown when it refuses the file.
+bool LoadThroughStore(FileClass fileClass, const QString& path)
+{
+    const QByteArray bytes = QFile::encodeName(path);
+    const TvFioApi& store = TvFio();
+    std::int16_t status = 0;
+    switch (fileClass) {
+    case FileClassAntennaList:
+        store.AntennaListLoadFile(&status, bytes.constData());
+        break;
+    case FileClassKfactorTable:
+        store.KfactorTableLoadFile(&status, bytes.constData());
+        break;
+    case FileClassSuppressList:
+        store.SuppressListLoadFile(&status, bytes.constData());
+        break;
+    default:
+        status = store.AntCorrLoadFile(bytes.constData());
+        break;
+    }
+    ShowListError(status, kNoItem, true);
+    return status == 0;
+}
+
+/// Reads a CSV file by its first line. A line without any list's keyword is read as that of a memory list, whose
+/// reader then says what is wrong with it.
+bool ReadCsv(const QString& path, MemoryTable& table, Terminal& terminal)
+{
+    const int type = ListTypeOfFile(path);
+    if (type == FileClassMemoryList || type == FileClassUnknown) {
+        SetEditorType(FileClassMemoryList);
+        return ReadMemoryListCSVFile(path, table);
+    }
+    terminal.Refuse(QStringLiteral("CSV file of a %1, which this program does not read").arg(FamilyNoun(type)));
+    return false;
+}
+
+/// Reads a memory list of either form; a file of another family is refused.
+bool ReadMemory(const QString& path, MemoryTable& table, Terminal& terminal)
+{
+    terminal.SetFile(path);
+    SetEditorType(FileClassMemoryList);
+    if (!ListFileExists(path))
+        return false;
+    const FileClass binary = ClassOfExtension(path);
+    if (binary == FileClassUnknown)
+        return ReadCsv(path, table, terminal);
+    if (binary == FileClassMemoryList)
+        return ReadMemoryListMRFile(path, table);
+    terminal.Refuse(QStringLiteral("%1; only memory lists can be shown, converted or sorted").arg(FamilyNoun(binary)));
+    return false;
+}
+
+void Check(const QString& path, Terminal& terminal)
+{
+    terminal.SetFile(path);
+    const FileClass binary = ClassOfExtension(path);
+    if (binary == FileClassMemoryList || binary == FileClassUnknown) {
+        MemoryTable table;
+        if (ReadMemory(path, table, terminal))
+            TerminalWrite(stdout, path + QStringLiteral(": ") + CtlSummary(table) + u'\n');
+        return;
+    }
+    SetEditorType(binary);
+    if (ListFileExists(path) && LoadThroughStore(binary, path))
+        TerminalWrite(stdout, path + QStringLiteral(": ") + LngStr(ModCaption(CaptionEditor)) + u'\n');
+}
+
+void Show(const CtlArguments& arguments, Terminal& terminal)
+{
+    MemoryTable table;
+    if (!ReadMemory(arguments.Operands[0], table, terminal))
+        return;
+    TerminalWrite(stdout, arguments.Json ? CtlJson(table, arguments.All) : CtlTable(table, arguments.All));
+}
+
+void Rewrite(const CtlArguments& arguments, Terminal& terminal)
+{
+    MemoryTable table;
+    if (!ReadMemory(arguments.Operands[0], table, terminal))
+        return;
+    if (arguments.Command == CtlCommand::Sort && !SortMemoryList(table, arguments.SortKey))
+        return;
+    terminal.SetFile(arguments.Operands[1]);
+    if (!WriteMemoryList(arguments.Operands[1], table))
+        terminal.SetFailed();
+}
+
+} // namespace
+
+void CtlRunLists(const CtlArguments& arguments, Terminal& terminal)
+{
+    ReadInstrumentLimits();
+    if (arguments.Command == CtlCommand::Check) {
+        for (const QString& file : arguments.Operands)
+            Check(file, terminal);
+    } else if (arguments.Command == CtlCommand::Show) {
+        Show(arguments, terminal);
+    } else {
+        Rewrite(arguments, terminal);
+    }
+}
+
+bool CtlCanBeWritten(const QString& path)
+{
+    return IsCsvFile(path) || FileExtMatches(path, 1 << FileClassMemoryList);
+}

@@ -5,7 +5,7 @@ namespace tvfio {
 
 namespace {
 
-using Record = StoredMemory;
+using Record = MemoryRecord;
 
 template <auto Member, const auto& Rule>
 constexpr auto kStage = CallStage<MemoryList, Member, Rule>;

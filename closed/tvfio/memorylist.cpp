@@ -6,28 +6,28 @@ namespace tvfio {
 
 namespace {
 
-bool StatusThenNumber(const StoredMemory& left, const StoredMemory& right)
+bool StatusThenNumber(const MemoryRecord& left, const MemoryRecord& right)
 {
     return left.Suppressed != right.Suppressed ? left.Suppressed < right.Suppressed
                                                : left.MemItemNumber < right.MemItemNumber;
 }
 
-int CompareNumber(const StoredMemory& left, const StoredMemory& right)
+int CompareNumber(const MemoryRecord& left, const MemoryRecord& right)
 {
     return left.MemItemNumber - right.MemItemNumber;
 }
 
-int CompareFrequency(const StoredMemory& left, const StoredMemory& right)
+int CompareFrequency(const MemoryRecord& left, const MemoryRecord& right)
 {
     return left.Frequency < right.Frequency ? -1 : (left.Frequency > right.Frequency ? 1 : 0);
 }
 
-int CompareDescription(const StoredMemory& left, const StoredMemory& right)
+int CompareDescription(const MemoryRecord& left, const MemoryRecord& right)
 {
     return CompareNoCase(left.Description.View(), right.Description.View());
 }
 
-using Compare = int (*)(const StoredMemory& left, const StoredMemory& right);
+using Compare = int (*)(const MemoryRecord& left, const MemoryRecord& right);
 constexpr std::array<Compare, 3> kCompares{ CompareNumber, CompareFrequency, CompareDescription };
 
 } // namespace
@@ -77,7 +77,7 @@ FioStatus MemoryList::SortByKey(int key)
     }
     const Compare compare = kCompares[static_cast<size_t>(key - 1) / 2];
     const int direction = key % 2 == 1 ? 1 : -1;
-    Sort([&](const StoredMemory& left, const StoredMemory& right) { return direction * compare(left, right) < 0; });
+    Sort([&](const MemoryRecord& left, const MemoryRecord& right) { return direction * compare(left, right) < 0; });
     return FioStatus::Ok;
 }
 

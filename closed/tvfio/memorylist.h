@@ -7,7 +7,7 @@ namespace tvfio {
 
 /// One entry. The defaults are what a new entry starts with: FM at 100 MHz in 15 kHz, squelches, attenuator and AFC
 /// off, 0.5 s direction finding over 1 MHz in steps of 1 kHz. They lie inside all limits and pass the checks.
-struct StoredMemory {
+struct MemoryRecord {
     int16_t MemItemNumber = -1; ///< -1 in the staging record: the number that the place has while unused
     double Frequency = 100e6; ///< Hz
     int16_t Demodulation = 0; ///< code, 0 is FM
@@ -51,7 +51,7 @@ inline constexpr IntRule kDfBandwidth{ 0, 32, FioStatus::MemoryDfBandwidth };
 } // namespace memoryRules
 
 template <typename Visitor, typename Record>
-requires std::same_as<std::remove_const_t<Record>, StoredMemory>
+requires std::same_as<std::remove_const_t<Record>, MemoryRecord>
 void VisitFields(Visitor& visit, Record& record)
 {
     visit(record.MemItemNumber, memoryRules::kNumber);
@@ -77,7 +77,7 @@ void VisitFields(Visitor& visit, Record& record)
 
 inline constexpr int kMemoryItems = 1024;
 
-struct MemoryList : SlotList<StoredMemory, 0, kMemoryItems> {
+struct MemoryList : SlotList<MemoryRecord, 0, kMemoryItems> {
     static constexpr Family kFamily = Family::Memory;
     static constexpr FioStatus kNoSuchIndex = FioStatus::MemoryIndex;
 

@@ -25,7 +25,10 @@ QByteArrayView Relevant(QByteArrayView text)
 
 QString Decoded(QByteArrayView bytes)
 {
-    return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : FromAnsi(bytes);
+    if (!bytes.isValidUtf8())
+        return FromAnsi(bytes);
+    const QString text = QString::fromUtf8(bytes);
+    return bytes.startsWith(kByteOrderMark) ? QChar(0xFEFF) + text : text; // the conversion drops a mark in front
 }
 
 QString Folded(QByteArrayView name)

@@ -6,6 +6,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -31,9 +32,13 @@ bool HasFrame()
     return static_cast<bool>(TheFramePlacement().ScreenSizeTwips);
 }
 
+/// Beyond this no screen reaches, and a frame could not turn the length into pixels.
+constexpr double kLargestTwips = 1'000'000;
+
 double ReadLength(const QString& file, const QString& key, double fallback)
 {
-    return static_cast<double>(IniReadSingle(file, ProductTitle(), key, static_cast<float>(fallback)));
+    const float twips = IniReadSingle(file, ProductTitle(), key, static_cast<float>(fallback));
+    return std::clamp(static_cast<double>(twips), -kLargestTwips, kLargestTwips);
 }
 
 void ReadFrame(const QString& file)

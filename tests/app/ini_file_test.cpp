@@ -118,9 +118,9 @@ TEST(IniFile, KeepsTheOrderOfWritingInANewFile)
 
 TEST(IniFile, ReadsBackEveryValueThatItWrites)
 {
-    for (const QString& value :
-        { QStringLiteral("\"Van\""), QStringLiteral("'x'"), QStringLiteral("\"\""), QStringLiteral("\""),
-            QStringLiteral("a;b"), QStringLiteral("[x]"), QStringLiteral("/home/Ö/Ж漢/=x"), QStringLiteral("") }) {
+    for (const QString& value : { QStringLiteral("\"Van\""), QStringLiteral("'x'"), QStringLiteral("\"\""),
+             QStringLiteral("\""), QStringLiteral("a;b"), QStringLiteral("[x]"), QStringLiteral("/home/Ö/Ж漢/=x"),
+             QStringLiteral(""), QStringLiteral("\uFEFFmark") }) {
         const QByteArray bytes = Changed("[A]\nk=0\n", "A", "k", value);
         EXPECT_EQ(Read(bytes, "A", "k"), value) << bytes.constData();
     }

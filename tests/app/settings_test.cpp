@@ -82,6 +82,14 @@ TEST_F(Settings, FrameIsReadInItsOrder)
     EXPECT_EQ(Program().MainWindowState, WinStateNormal);
 }
 
+TEST_F(Settings, FrameLengthsStayWithinReach)
+{
+    BindFrame();
+    StoreIni("[Tarvik]\nWinWidth=1e30\nWinHeight=6000\nWinLeft=-1e30\nWinTop=0\n");
+    IniRead();
+    EXPECT_EQ(Log, QStringList({ "state 2", "width 1e+06", "height 6000", "left -1e+06", "top 0" }));
+}
+
 TEST_F(Settings, FrameIsWrittenFirstWithItsNormalPlace)
 {
     BindFrame();

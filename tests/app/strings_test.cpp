@@ -155,6 +155,16 @@ TEST_F(Strings, DateThatDoesNotExistIsRefused)
     EXPECT_EQ(Parsed("31/2/2024"), "refused");
 }
 
+TEST_F(Strings, DateIsCheckedByTheGeneralModule)
+{
+    BindModules();
+    bool ok = false;
+    EXPECT_EQ(StrToDate("2/29/2024", ok), QDate(2024, 2, 29));
+    EXPECT_TRUE(ok);
+    EXPECT_FALSE(StrToDate("2/29/2023", ok).isValid());
+    EXPECT_FALSE(ok);
+}
+
 TEST_F(Strings, DateNeedsTheGeneralModule)
 {
     ModulesReset();

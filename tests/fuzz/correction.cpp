@@ -1,0 +1,8 @@
+#include "closed/tvfio/correctionset.h"
+#include "tests/fuzz/liststore.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    FuzzList<tvfio::CorrectionSet>({ data, size });
+    return 0;
+}

@@ -1,0 +1,20 @@
+// tests/fuzz/liststore.h: what must hold for any bytes that are loaded as a list file.
+#pragma once
+
+#include "closed/tvfio/calls.h"
+
+#include <cstdlib>
+
+/// A refused file leaves an empty list; an accepted one saves to bytes that load as the same list.
+template <typename List>
+void FuzzList(tvfio::ByteView file)
+{
+    if (tvfio::LoadBytes<List>(file) != tvfio::FioStatus::Ok) {
+        if (List::Current().Encode() != List().Encode())
+            std::abort();
+        return;
+    }
+    const tvfio::Bytes saved = List::Current().Encode();
+    if (tvfio::LoadBytes<List>(saved) != tvfio::FioStatus::Ok || List::Current().Encode() != saved)
+        std::abort();
+}

@@ -1,0 +1,36 @@
+#!/bin/bash
+# Builds the fuzz programs and runs each of them: tests/fuzz/smoke.sh SECONDS [NAME...]
+# What a run learns stays in build/fuzz/corpus; an input that fails is kept in build/fuzz/findings.
+set -eu
+seconds=${1:?usage: smoke.sh SECONDS [NAME...]}
+shift
+cd "$(dirname "$0")/../.."
+
+cmake --preset fuzz >/dev/null
+cmake --build --preset fuzz --target fuzz_targets
+mkdir -p build/fuzz/findings
+
+if [ $# -eq 0 ]; then
+  for program in build/fuzz/fuzz/fuzz_*; do
+    set -- "$@" "${program##*/fuzz_}"
+  done
+fi
+
+failed=0
+for name in "$@"; do
+  learned=build/fuzz/corpus/$name
+  log=build/fuzz/findings/$name.log
+  mkdir -p "$learned"
+  if ASAN_OPTIONS=allocator_may_return_null=0 build/fuzz/fuzz/fuzz_"$name" -max_total_time="$seconds" -rss_limit_mb=1024 \
+      -timeout=10 -print_final_stats=1 -artifact_prefix="build/fuzz/findings/$name-" \
+      "$learned" "tests/fuzz/corpus/$name" >"$log" 2>&1; then
+    runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
+    coverage=$(grep -o 'cov: [0-9]*' "$log" | tail -1)
+    echo "$name: ${seconds} s, $runs runs, $coverage, no finding"
+  else
+    echo "$name: FINDING" >&2
+    tail -40 "$log" >&2
+    failed=1
+  fi
+done
+exit $failed

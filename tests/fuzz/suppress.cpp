@@ -1,0 +1,8 @@
+#include "closed/tvfio/suppresslist.h"
+#include "tests/fuzz/liststore.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    FuzzList<tvfio::SuppressList>({ data, size });
+    return 0;
+}

@@ -14,6 +14,18 @@ namespace tvfio {
 using Bytes = std::vector<uint8_t>;
 using ByteView = std::span<const uint8_t>;
 
+/// Stores `value` at `place`, lowest byte first.
+template <std::integral Number>
+void PutInt(uint8_t* place, Number value)
+{
+    if constexpr (std::endian::native == std::endian::little) {
+        std::memcpy(place, &value, sizeof value);
+    } else {
+        for (size_t i = 0; i < sizeof value; ++i)
+            place[i] = static_cast<uint8_t>(static_cast<uint64_t>(value) >> (8 * i));
+    }
+}
+
 class ByteWriter {
 public:
     explicit ByteWriter(Bytes& target)
@@ -24,10 +36,7 @@ public:
     template <std::integral Number>
     void Int(Number value)
     {
-        uint8_t* place = Grow(sizeof(Number));
-        auto rest = static_cast<std::make_unsigned_t<Number>>(value);
-        for (size_t i = 0; i < sizeof(Number); ++i)
-            place[i] = static_cast<uint8_t>(static_cast<uint64_t>(rest) >> (8 * i));
+        PutInt(Grow(sizeof(Number)), value);
     }
 
     void Double(double value)
@@ -56,8 +65,7 @@ public:
     template <std::integral Number>
     void Patch(size_t at, Number value)
     {
-        for (size_t i = 0; i < sizeof(Number); ++i)
-            target_[at + i] = static_cast<uint8_t>(static_cast<uint64_t>(value) >> (8 * i));
+        PutInt(target_.data() + at, value);
     }
 
     /// Puts into the room at `at` the count of bytes that were written behind it.

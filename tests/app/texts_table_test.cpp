@@ -1,4 +1,5 @@
 // The English texts as a table: what they say is free, what they must hold is not.
+#include "app/helpFile.h"
 #include "app/lang.h"
 #include "closed/tvlng/table.h"
 #include "tests/app/texts_scan.h"
@@ -238,6 +239,20 @@ TEST_F(TextTable, NamesAKeyOnlyForTheCommandThatHasOne)
 {
     for (int caption = 11900; caption <= 12000; caption += 2)
         EXPECT_EQ(LngStr(caption).contains(u'\t'), caption == 11924) << caption;
+}
+
+TEST_F(TextTable, GivesEveryNumberInTheProgramATextOrAHelpTopic)
+{
+    const std::set<int> otherNumbers{ 10000 }; // what a geometry number lies behind its text number
+    const SourceScan scan = ScanTree(kSourceTree);
+    EXPECT_GE(scan.Numbers.size(), 100U);
+    const std::map<int, QString> texts = AllTexts();
+    HelpFile book;
+    ASSERT_TRUE(book.Open(QStringLiteral(HELP_BOOK)));
+    for (const NumberUse& use : scan.Numbers) {
+        const bool isKnown = texts.contains(use.Number) || !book.TopicPath(use.Number).isEmpty();
+        EXPECT_TRUE(isKnown || otherNumbers.contains(use.Number)) << use.Number << " at " << use.Place.toStdString();
+    }
 }
 
 TEST_F(TextTable, HasATextForEveryNumberThatTheProgramFetches)

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::array kFolders{ "app", "link", "screen", "lists", "print", "tools" };
+constexpr std::array kFolders{ "app", "link", "screen", "lists", "print", "tools/tarvikctl" };
 constexpr int kLowestText = 10000;
 constexpr int kHighestText = 14600;
 

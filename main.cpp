@@ -7,6 +7,7 @@
 #include "app/project.h"
 #include "link/connect.h"
 #include "link/file.h"
+#include "lists/bindEditors.h"
 #include "print/allSettings.h"
 
 #include <QApplication>
@@ -18,6 +19,7 @@ void BindFolders()
 {
     TheLangHooks().InstrumentAccepted = [] { return Connection().InstrumentAccepted == 1; };
     TheProjectHooks().FileOpen = [](const QString& path) { return FileOpen(path, true, true); };
+    BindListEditors();
     TheDropHooks().IsKnownFile = FileCanBeDropped;
     SettingsSetGroups(AllSettingsGroups());
 }

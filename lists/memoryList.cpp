@@ -5,6 +5,7 @@
 #include "closed/loader.h"
 #include "lists/editorGeneral.h"
 #include "lists/listError.h"
+#include "lists/memoryCells.h"
 
 #include <QDir>
 
@@ -217,10 +218,31 @@ bool SortMemoryList(MemoryTable& table, int key)
 
 int MemorySortKeyOfHeader(int column, int present)
 {
-    constexpr std::array<int, 6> kFirstKeys{ -1, -1, MemorySortNumberUp, MemorySortFrequencyUp, -1,
-        MemorySortDescriptionUp };
-    if (column < 0 || column >= static_cast<int>(kFirstKeys.size()))
+    for (const int ascending : { MemorySortNumberUp, MemorySortFrequencyUp, MemorySortDescriptionUp }) {
+        if (MemoryHeaderOfSortKey(ascending) == column)
+            return present == ascending ? ascending + 1 : ascending;
+    }
+    return -1;
+}
+
+int MemoryHeaderOfSortKey(int key)
+{
+    switch (key) {
+    case MemorySortNumberUp:
+    case MemorySortNumberDown:
+        return MemoryColumnNumber;
+    case MemorySortFrequencyUp:
+    case MemorySortFrequencyDown:
+        return MemoryColumnFrequency;
+    case MemorySortDescriptionUp:
+    case MemorySortDescriptionDown:
+        return MemoryColumnDescription;
+    default:
         return -1;
-    const int first = kFirstKeys[static_cast<size_t>(column)];
-    return first >= 0 && present == first ? first + 1 : first;
+    }
+}
+
+bool MemorySortIsAscending(int key)
+{
+    return key == MemorySortNumberUp || key == MemorySortFrequencyUp || key == MemorySortDescriptionUp;
 }

@@ -44,3 +44,7 @@ inline constexpr int kTextMemoryKeyword = 10763;
 
 /// The key that a click on a column's header selects while `present` is selected, or -1 for a column without one.
 int MemorySortKeyOfHeader(int column, int present);
+
+/// The column whose header shows that the list is sorted by `key`, or -1.
+int MemoryHeaderOfSortKey(int key);
+bool MemorySortIsAscending(int key);

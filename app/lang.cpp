@@ -69,7 +69,7 @@ private:
         if (!ModuleIsBound(Module::Language))
             return {};
         --left_;
-        TextBuffer buffer;
+        TextBuffer buffer{};
         const int32_t length = TvLng().LngGetStr(macro, "", buffer.data(), TVLNG_MAX_TEXT);
         open_.push_back(macro);
         const QString replacement = Expand(RawText(buffer, length));
@@ -87,7 +87,7 @@ QString LngStr(int id)
 {
     if (!ModuleIsBound(Module::Language))
         return {};
-    TextBuffer buffer;
+    TextBuffer buffer{};
     return Taken(buffer, TvLng().LngGetStr(id, "", buffer.data(), TVLNG_MAX_TEXT));
 }
 
@@ -95,7 +95,7 @@ QString LngStr1(int id, const QString& arg)
 {
     if (!ModuleIsBound(Module::Language))
         return {};
-    TextBuffer buffer;
+    TextBuffer buffer{};
     return Taken(buffer, TvLng().LngGetStr1Arg(id, "", ToAnsi(arg).constData(), buffer.data(), TVLNG_MAX_TEXT));
 }
 
@@ -103,7 +103,7 @@ QString LngStr2(int id, const QString& arg1, const QString& arg2)
 {
     if (!ModuleIsBound(Module::Language))
         return {};
-    TextBuffer buffer;
+    TextBuffer buffer{};
     return Taken(buffer,
         TvLng().LngGetStr2Arg(
             id, "", ToAnsi(arg1).constData(), ToAnsi(arg2).constData(), buffer.data(), TVLNG_MAX_TEXT));

@@ -181,6 +181,18 @@ TEST_F(Tarvikctl, RefusesACutBinaryFile)
     EXPECT_EQ(result.ExitCode, 1);
 }
 
+TEST_F(Tarvikctl, RefusesAMemoryListUnderTheNameOfAnotherFamily)
+{
+    StoreThree("three.csv");
+    ASSERT_EQ(Ctl({ "convert", "three.csv", "three.tvm" }).ExitCode, 0);
+    for (const char* name : { "x.tva", "x.tvk", "x.tvs", "x.tvc" }) {
+        Store(name, Bytes("three.tvm"));
+        const CtlResult result = Ctl({ "check", name });
+        EXPECT_TRUE(result.Err.startsWith(QLatin1String(name) + QStringLiteral(": 128"))) << result.Err.toStdString();
+        EXPECT_EQ(result.ExitCode, 1);
+    }
+}
+
 TEST_F(Tarvikctl, ShowsOnlyMemoryLists)
 {
     Store("x.tva", "any");

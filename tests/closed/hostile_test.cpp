@@ -28,6 +28,24 @@ protected:
 
 using Families = testing::Types<AntennaList, KfactorTable, MemoryList, SuppressList, CorrectionSet>;
 
+/// The folder of seeds of the family's fuzz program.
+const char* CorpusName(Family family)
+{
+    switch (family) {
+    case Family::Antenna:
+        return "antenna";
+    case Family::Kfactor:
+        return "kfactor";
+    case Family::Memory:
+        return "memory";
+    case Family::Suppress:
+        return "suppress";
+    case Family::Correction:
+        return "correction";
+    }
+    return "";
+}
+
 Bytes WithByte(Bytes file, size_t at, uint8_t value)
 {
     file[at] = value;
@@ -49,6 +67,14 @@ TYPED_TEST(HostileFile, SampleLoadsAndSavesToTheSameBytes)
     const Bytes file = SampleFile<TypeParam>();
     EXPECT_EQ(this->Load(file), FioStatus::Ok);
     EXPECT_EQ(TypeParam::Current().Encode(), file);
+}
+
+TYPED_TEST(HostileFile, FileFormIsStillTheOneOfEarlierFiles)
+{
+    const std::string folder = std::string(CORPUS_FOLDER "/") + CorpusName(TypeParam::kFamily);
+    EXPECT_EQ(this->Contents(folder + "/sample"), SampleFile<TypeParam>());
+    EXPECT_EQ(this->Contents(folder + "/empty"), EmptyFile<TypeParam>());
+    EXPECT_EQ(this->Load(this->Contents(folder + "/later")), FioStatus::Ok);
 }
 
 TYPED_TEST(HostileFile, EveryTruncationIsRefused)

@@ -9,8 +9,9 @@
 template <typename List>
 void FuzzList(tvfio::ByteView file)
 {
+    static const tvfio::Bytes empty = List().Encode();
     if (tvfio::LoadBytes<List>(file) != tvfio::FioStatus::Ok) {
-        if (List::Current().Encode() != List().Encode())
+        if (List::Current().Encode() != empty)
             std::abort();
         return;
     }

@@ -58,6 +58,7 @@ QWidget* FmEditorBase::BuildHead()
     CbExt->setAccessibleName(PlainCaption(LngStr(kTextFileType)));
     QLabel* descriptionLabel = NewLabel(head, "LbDescr", {});
     descriptionLabel->setText(LngStr(kTextDescription) + LngStr(kTextColon));
+    descriptionLabel->setAccessibleName(PlainCaption(descriptionLabel->text()));
     TbDescr = NewTextBox(head, "TbDescr", kHelpDescription, kTextLength);
     BindLabel(nameLabel, TbName);
     BindLabel(descriptionLabel, TbDescr);
@@ -77,11 +78,24 @@ QWidget* FmEditorBase::BuildList(const GridShape& shape, std::vector<GridColumn>
     auto* layout = new QVBoxLayout(list);
     grid_ = new EditorGrid(list, *this, shape, std::move(columns));
     grid_->setObjectName(QStringLiteral("Grid"));
+    lastInTabOrder_ = grid_->LastInput();
     commandRow_ = new QHBoxLayout;
     layout->addWidget(grid_);
     layout->addLayout(commandRow_);
     layout->addStretch(1);
     return list;
+}
+
+void FmEditorBase::AddCommand(QWidget* command)
+{
+    commandRow_->addWidget(command);
+    setTabOrder(lastInTabOrder_, command);
+    lastInTabOrder_ = command;
+}
+
+void FmEditorBase::AddCommandSpace()
+{
+    commandRow_->addStretch(1);
 }
 
 QWidget* FmEditorBase::BuildFrameCommands()

@@ -72,11 +72,10 @@ protected:
     /// Shows the rows from the first one on.
     void ShowFromTop();
 
-    /// The row of commands below the grid: those of the editor, left to right.
-    QHBoxLayout& CommandRow()
-    {
-        return *commandRow_;
-    }
+    /// Adds a command of the editor to the row below the grid, left to right; Tab reaches it behind the grid and
+    /// before the commands of the frame.
+    void AddCommand(QWidget* command);
+    void AddCommandSpace();
 
     void SetDirty();
 
@@ -106,6 +105,7 @@ private:
     bool NameInvalid = false;
     EditorGrid* grid_ = nullptr;
     QHBoxLayout* commandRow_ = nullptr;
+    QWidget* lastInTabOrder_ = nullptr; // of the grid and the commands below it
     QLineEdit* TbName = nullptr;
     QLineEdit* TbDescr = nullptr;
     QComboBox* CbExt = nullptr;

@@ -53,11 +53,11 @@ void FmEditorMemory::BuildCommands()
     BtDel = NewButton(list, "BtDel", { 10711, 10712 });
     CbSort->setAccessibleName(LngStr(10724));
     LeaveFreely(BtDel);
-    CommandRow().addWidget(CbSort);
-    CommandRow().addWidget(BtSort);
-    CommandRow().addStretch(1);
-    CommandRow().addWidget(BtEdit);
-    CommandRow().addWidget(BtDel);
+    AddCommand(CbSort);
+    AddCommand(BtSort);
+    AddCommandSpace();
+    AddCommand(BtEdit);
+    AddCommand(BtDel);
     connect(BtSort, &QPushButton::clicked, this, &FmEditorMemory::OnSort);
     connect(BtEdit, &QPushButton::clicked, this, &FmEditorMemory::ShowEditorDialog);
     connect(BtDel, &QPushButton::clicked, this, &FmEditorMemory::OnDelete);

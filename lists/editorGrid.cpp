@@ -377,6 +377,13 @@ void EditorGrid::FocusCurrent()
         CellAt(index, currentColumn_).Control->setFocus(Qt::OtherFocusReason);
 }
 
+QWidget* EditorGrid::LastInput() const
+{
+    const auto last =
+        std::find_if(cells_.rbegin(), cells_.rend(), [this](const Cell& cell) { return HasInput(cell.Column); });
+    return last->Control;
+}
+
 void EditorGrid::ShowSortMark(int column, bool ascending)
 {
     for (int at = 0; at < static_cast<int>(headers_.size()); ++at) {

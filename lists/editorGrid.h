@@ -113,6 +113,9 @@ public:
     /// Gives the focus back to the current cell, or to the grid when that is out of view.
     void FocusCurrent();
 
+    /// The control that Tab reaches last.
+    QWidget* LastInput() const;
+
     /// The arrow on a header; column -1 for none.
     void ShowSortMark(int column, bool ascending);
 
@@ -176,6 +179,7 @@ private:
     int topRow_ = -1;
     int currentRow_ = 0;
     int currentColumn_ = 0;
+    int wheelTurn_ = 0; // of the wheel, not yet a whole row
     int pendingRow_ = -1; // a cell whose text the editor has not checked yet
     int pendingColumn_ = -1;
     bool filling_ = false;

@@ -88,7 +88,11 @@ void EditorGrid::keyPressEvent(QKeyEvent* event)
 
 void EditorGrid::wheelEvent(QWheelEvent* event)
 {
-    QApplication::sendEvent(VScroll1, event);
+    constexpr int kNotch = 120; // eighths of a degree
+    const int rows = QApplication::wheelScrollLines();
+    wheelTurn_ += event->angleDelta().y() * rows;
+    VScroll1->setValue(VScroll1->value() - wheelTurn_ / kNotch);
+    wheelTurn_ %= kNotch; // fine turns of a touch pad add up
     event->accept(); // at the table's ends the wheel moves nothing else
 }
 

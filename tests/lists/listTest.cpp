@@ -6,7 +6,7 @@
 
 #include <QTemporaryDir>
 
-ListTest::ListTest()
+ListStart::ListStart()
 {
     EditorReset();
     FileClassesReset();
@@ -14,7 +14,7 @@ ListTest::ListTest()
     ReadInstrumentLimits();
 }
 
-ListTest::~ListTest()
+ListStart::~ListStart()
 {
     EditorReset();
     FileClassesReset();
@@ -22,7 +22,7 @@ ListTest::~ListTest()
     SeamsReset();
 }
 
-void ListTest::AnswerFolder(const QString& folder)
+void ListStart::AnswerFolder(const QString& folder)
 {
     TheSeams().BrowseFolder = [this, folder](const FolderQuestion& question) {
         AskedFolder = question;
@@ -31,7 +31,7 @@ void ListTest::AnswerFolder(const QString& folder)
     };
 }
 
-void ListTest::AnswerFile(const QString& path)
+void ListStart::AnswerFile(const QString& path)
 {
     TheSeams().OpenFile = [this, path](const OpenFileQuestion& question) {
         AskedFile = question;

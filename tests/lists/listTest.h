@@ -8,10 +8,13 @@
 
 #include <QByteArrayList>
 
-class ListTest : public ProgramTest {
-protected:
-    ListTest();
-    ~ListTest() override;
+/// Start values of the list modules, and answers to the file questions.
+class ListStart {
+public:
+    ListStart();
+    ~ListStart();
+    ListStart(const ListStart&) = delete;
+    ListStart& operator=(const ListStart&) = delete;
 
     /// Answers the folder browser with `folder` and keeps the question.
     void AnswerFolder(const QString& folder);
@@ -22,6 +25,8 @@ protected:
     int FolderQuestions = 0;
     int FileQuestions = 0;
 };
+
+class ListTest : public ProgramTest, protected ListStart { };
 
 /// A table of the store's start values.
 MemoryTable EmptyMemoryTable();

@@ -28,6 +28,10 @@ if(MSVC)
 else()
   target_compile_options(tarvik_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 endif()
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  # The same meaning of -Wconversion as with the other compiler.
+  target_compile_options(tarvik_options INTERFACE -Wno-sign-conversion)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 sees overflows in optimised copies of short strings where there are none; the other builds keep the checks.
   target_compile_options(

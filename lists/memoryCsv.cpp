@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <bitset>
+#include <optional>
 
 namespace {
 
@@ -241,31 +242,31 @@ bool CanBeReadBack(const MemoryTable& table, int rowWithNumberTwice)
     return rowWithNumberTwice < 0;
 }
 
-bool WriteFile(const QString& path, const MemoryTable& table)
+/// A file in memory, or nothing after a message.
+std::optional<CsvWriter> BuildFile(const MemoryTable& table)
 {
     int rowWithNumberTwice = -1;
     const std::vector<std::int16_t> numbers = DistinctMemoryNumbers(table, rowWithNumberTwice);
     if (!CanBeReadBack(table, rowWithNumberTwice))
-        return false;
+        return {};
     const MemoryTexts texts;
     CsvWriter writer(kMemoryRows * kTypicalLineBytes);
     CsvWriteHeader(writer, kTextMemoryKeyword, { table.MemoryListName, table.MemoryListDescription });
     for (int row = 0; row < kMemoryRows; ++row)
         WriteRow(writer, texts, row, numbers[static_cast<size_t>(row)], table.Row(row));
-    return CsvSaveFile(path, writer);
+    return writer;
 }
 
 bool ReadFile(const QString& path, MemoryTable& table)
 {
     CsvSource source;
-    CsvHeader header;
-    const bool hasHeader = CsvLoadFile(path, source) && ClearMemoryList(table) && CsvFindSeparator(source)
-        && CsvReadHeader(source, kTextMemoryKeyword, header);
-    if (!hasHeader || !MemoryCsvReader(table).ReadRows(source))
-        return false;
-    table.MemoryListName = header.Name;
-    table.MemoryListDescription = header.Description;
-    return true;
+    return CsvLoadFile(path, source) && ReadMemoryListCsv(source, table);
+}
+
+bool WriteFile(const QString& path, const MemoryTable& table)
+{
+    const std::optional<CsvWriter> writer = BuildFile(table);
+    return writer.has_value() && CsvSaveFile(path, *writer);
 }
 
 } // namespace
@@ -278,4 +279,22 @@ bool ReadMemoryListCSVFile(const QString& path, MemoryTable& table)
 bool WriteMemoryListCSVFile(const QString& path, const MemoryTable& table)
 {
     return CsvGuard(QFileInfo(path).fileName(), [&] { return MayWriteFile(path) && WriteFile(path, table); });
+}
+
+bool ReadMemoryListCsv(CsvSource& source, MemoryTable& table)
+{
+    CsvHeader header;
+    const bool hasHeader =
+        ClearMemoryList(table) && CsvFindSeparator(source) && CsvReadHeader(source, kTextMemoryKeyword, header);
+    if (!hasHeader || !MemoryCsvReader(table).ReadRows(source))
+        return false;
+    table.MemoryListName = header.Name;
+    table.MemoryListDescription = header.Description;
+    return true;
+}
+
+QByteArray MemoryListCsv(const MemoryTable& table)
+{
+    const std::optional<CsvWriter> writer = BuildFile(table);
+    return writer.has_value() ? writer->Bytes() : QByteArray();
 }

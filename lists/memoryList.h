@@ -4,6 +4,10 @@
 
 #include "lists/memoryRecord.h"
 
+#include <QByteArray>
+
+struct CsvSource;
+
 /// Keys of a sort, as the store knows them and in the order in which the editor offers them.
 enum MemorySortKey {
     MemorySortStatus = 0, ///< status, then number
@@ -30,6 +34,11 @@ inline constexpr int kTextMemoryKeyword = 10763;
 [[nodiscard]] bool OpenMemoryList(const QString& path, MemoryTable& table);
 [[nodiscard]] bool ReadMemoryListMRFile(const QString& path, MemoryTable& table);
 [[nodiscard]] bool ReadMemoryListCSVFile(const QString& path, MemoryTable& table);
+
+/// The CSV form in memory. Reading begins at the start of `source`; writing gives no bytes, after a message, for a
+/// list that could not be read back.
+[[nodiscard]] bool ReadMemoryListCsv(CsvSource& source, MemoryTable& table);
+[[nodiscard]] QByteArray MemoryListCsv(const MemoryTable& table);
 
 /// Writes a list file in the form that its name tells, after a way through the store, which leaves in the table what
 /// the store keeps. Asks before it replaces a file.

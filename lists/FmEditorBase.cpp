@@ -68,7 +68,7 @@ QWidget* FmEditorBase::BuildHead()
     layout->addWidget(descriptionLabel, 1, 0);
     layout->addWidget(TbDescr, 1, 1);
     layout->setColumnStretch(3, 1);
-    TbName->setMinimumWidth(fontMetrics().averageCharWidth() * (kTextLength + 2));
+    TbName->setMinimumWidth(fontMetrics().horizontalAdvance(u'0') * (kTextLength + 2));
     return head;
 }
 
@@ -246,8 +246,10 @@ void FmEditorBase::ShowHead(const QString& name, const QString& description)
 {
     const QScopedValueRollback filling(filling_, true);
     NameInvalid = false;
-    TbName->setText(name);
-    TbDescr->setText(description);
+    for (QLineEdit* textBox : { TbName, TbDescr }) {
+        textBox->setText(textBox == TbName ? name : description);
+        textBox->setCursorPosition(0); // a long text shows its beginning
+    }
 }
 
 void FmEditorBase::ShowFromTop()

@@ -370,11 +370,10 @@ void EditorGrid::ResetCurrent()
 
 void EditorGrid::FocusCurrent()
 {
-    const int index = IndexOfRow(currentRow_);
-    if (index < 0)
+    if (IndexOfRow(currentRow_) < 0)
         setFocus(Qt::OtherFocusReason);
     else
-        CellAt(index, currentColumn_).Control->setFocus(Qt::OtherFocusReason);
+        CellSetFocus(currentRow_, currentColumn_);
 }
 
 QWidget* EditorGrid::LastInput() const

@@ -113,7 +113,7 @@ QWidget* fmEditorMemoryListProp::BuildEntry()
     auto* layout = new QGridLayout(group);
     TbDescription = AddText(layout, "LbDescr", 10920, "TbDescription", kTextLength);
     CbStatus = AddCombo(layout, "LbStatus", 10921, "CbStatus", kMemoryStatusCodes);
-    TbDescription->setMinimumWidth(fontMetrics().averageCharWidth() * (kTextLength + 4));
+    TbDescription->setMinimumWidth(fontMetrics().horizontalAdvance(u'0') * (kTextLength + 2));
     layout->setAlignment(CbStatus, Qt::AlignLeft);
     layout->setColumnStretch(2, 1);
     return group;

@@ -65,58 +65,72 @@ private:
     std::int16_t status_ = 0;
 };
 
-/// The fields in the order of the record; every row is read, used or not.
-void ReadRecord(StoreRun& run, std::int16_t index, MemoryRecord& record)
+/// The fields in the order in which the store is asked and told.
+template <typename Visitor, typename Record>
+void VisitFields(Visitor&& visit, Record& record)
 {
     const TvFioApi& store = TvFio();
-    std::int16_t used = 0;
-    run(store.MemoryGetMemItemNumber, index, &record.Number);
-    run(store.MemoryListItemIsInUse, index, &used);
-    run(store.MemoryGetFrequency, index, &record.Frequency);
-    run(store.MemoryGetDemodulation, index, &record.Demodulation);
-    run(store.MemoryGetBandWidth, index, &record.Bandwidth);
-    run(store.MemoryGetSquelchLevel, index, &record.SquelchLevel);
-    run(store.MemoryGetSquelchSetting, index, &record.SquelchStatus);
-    run(store.MemoryGetAntennaNumber, index, &record.AntennaNumber);
-    run(store.MemoryGetAttenuatorSetting, index, &record.AttenuatorStatus);
-    run(store.MemoryGetAFCSetting, index, &record.AfcStatus);
-    run.Text(store.MemoryGetDescription, index, record.Description);
-    run(store.MemoryGetSuppressed, index, &record.Status);
-    run(store.MemoryGetDfSquelchSetting, index, &record.DfSquelchStatus);
-    run(store.MemoryGetDfSquelchLevel, index, &record.DfSquelchLevel);
-    run(store.MemoryGetDfMeasurementTime, index, &record.DfMeasurementTime);
-    run(store.MemoryGetFrequencySpan, index, &record.FrequencySpan);
-    run(store.MemoryGetDfStep, index, &record.DfStep);
-    run(store.MemoryGetReserved1, index, &record.DfBandwidth);
-    run(store.MemoryGetReserved2, index, &record.Reserved2);
-    run(store.MemoryGetReserved3, index, &record.Reserved3);
-    record.Used = used != 0;
+    visit(store.MemoryGetMemItemNumber, store.MemorySetMemItemNumber, record.Number);
+    visit.Used(record);
+    visit(store.MemoryGetFrequency, store.MemorySetFrequency, record.Frequency);
+    visit(store.MemoryGetDemodulation, store.MemorySetDemodulation, record.Demodulation);
+    visit(store.MemoryGetBandWidth, store.MemorySetBandWidth, record.Bandwidth);
+    visit(store.MemoryGetSquelchLevel, store.MemorySetSquelchLevel, record.SquelchLevel);
+    visit(store.MemoryGetSquelchSetting, store.MemorySetSquelchSetting, record.SquelchStatus);
+    visit(store.MemoryGetAntennaNumber, store.MemorySetAntennaNumber, record.AntennaNumber);
+    visit(store.MemoryGetAttenuatorSetting, store.MemorySetAttenuatorSetting, record.AttenuatorStatus);
+    visit(store.MemoryGetAFCSetting, store.MemorySetAFCSetting, record.AfcStatus);
+    visit(store.MemoryGetDescription, store.MemorySetDescription, record.Description);
+    visit(store.MemoryGetSuppressed, store.MemorySetSuppressed, record.Status);
+    visit(store.MemoryGetDfSquelchSetting, store.MemorySetDfSquelchSetting, record.DfSquelchStatus);
+    visit(store.MemoryGetDfSquelchLevel, store.MemorySetDfSquelchLevel, record.DfSquelchLevel);
+    visit(store.MemoryGetDfMeasurementTime, store.MemorySetDfMeasurementTime, record.DfMeasurementTime);
+    visit(store.MemoryGetFrequencySpan, store.MemorySetFrequencySpan, record.FrequencySpan);
+    visit(store.MemoryGetDfStep, store.MemorySetDfStep, record.DfStep);
+    visit(store.MemoryGetReserved1, store.MemorySetReserved1, record.DfBandwidth);
+    visit(store.MemoryGetReserved2, store.MemorySetReserved2, record.Reserved2);
+    visit(store.MemoryGetReserved3, store.MemorySetReserved3, record.Reserved3);
 }
 
-void WriteRecord(StoreRun& run, std::int16_t index, const MemoryRecord& record)
-{
-    const TvFioApi& store = TvFio();
-    run(store.MemorySetMemItemNumber, record.Number);
-    run(store.MemorySetFrequency, record.Frequency);
-    run(store.MemorySetDemodulation, record.Demodulation);
-    run(store.MemorySetBandWidth, record.Bandwidth);
-    run(store.MemorySetSquelchLevel, record.SquelchLevel);
-    run(store.MemorySetSquelchSetting, record.SquelchStatus);
-    run(store.MemorySetAntennaNumber, record.AntennaNumber);
-    run(store.MemorySetAttenuatorSetting, record.AttenuatorStatus);
-    run(store.MemorySetAFCSetting, record.AfcStatus);
-    run(store.MemorySetDescription, ToAnsi(record.Description).constData());
-    run(store.MemorySetSuppressed, record.Status);
-    run(store.MemorySetDfSquelchSetting, record.DfSquelchStatus);
-    run(store.MemorySetDfSquelchLevel, record.DfSquelchLevel);
-    run(store.MemorySetDfMeasurementTime, record.DfMeasurementTime);
-    run(store.MemorySetFrequencySpan, record.FrequencySpan);
-    run(store.MemorySetDfStep, record.DfStep);
-    run(store.MemorySetReserved1, record.DfBandwidth);
-    run(store.MemorySetReserved2, record.Reserved2);
-    run(store.MemorySetReserved3, record.Reserved3);
-    run(store.MemorySetData, index);
-}
+/// Every row is read, used or not.
+struct RecordReader {
+    StoreRun& Run;
+    std::int16_t Index;
+
+    template <typename Getter, typename Setter, typename Value>
+    void operator()(Getter getter, Setter, Value& value)
+    {
+        Run(getter, Index, &value);
+    }
+    template <typename Getter, typename Setter>
+    void operator()(Getter getter, Setter, QString& value)
+    {
+        Run.Text(getter, Index, value);
+    }
+    void Used(MemoryRecord& record)
+    {
+        std::int16_t used = 0;
+        Run(TvFio().MemoryListItemIsInUse, Index, &used);
+        record.Used = used != 0;
+    }
+};
+
+/// Fills the staging record; committing it marks the place as used.
+struct RecordWriter {
+    StoreRun& Run;
+
+    template <typename Getter, typename Setter, typename Value>
+    void operator()(Getter, Setter setter, const Value& value)
+    {
+        Run(setter, value);
+    }
+    template <typename Getter, typename Setter>
+    void operator()(Getter, Setter setter, const QString& value)
+    {
+        Run(setter, ToAnsi(value).constData());
+    }
+    void Used(const MemoryRecord&) { }
+};
 
 /// Number of a row in messages, counted from 1.
 int ItemOfRow(int row)
@@ -147,7 +161,7 @@ bool ReadMemoryListDll(MemoryTable& table)
     const int rows = std::min<int>(count, kMemoryRows);
     for (int row = 0; row < rows && run.Succeeded(); ++row) {
         run.Item = ItemOfRow(row);
-        ReadRecord(run, static_cast<std::int16_t>(row), table.Row(row));
+        VisitFields(RecordReader{ run, static_cast<std::int16_t>(row) }, table.Row(row));
     }
     return run.Succeeded();
 }
@@ -162,7 +176,8 @@ bool WriteMemoryListDll(const MemoryTable& table)
         if (!table.Row(row).Used)
             continue;
         run.Item = ItemOfRow(row);
-        WriteRecord(run, static_cast<std::int16_t>(row), table.Row(row));
+        VisitFields(RecordWriter{ run }, table.Row(row));
+        run(TvFio().MemorySetData, static_cast<std::int16_t>(row));
     }
     return run.Succeeded();
 }

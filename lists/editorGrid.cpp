@@ -364,8 +364,10 @@ void EditorGrid::ShowCurrentRow()
 void EditorGrid::ResetCurrent()
 {
     currentRow_ = 0;
-    while (!HasInput(currentColumn_) && currentColumn_ + 1 < static_cast<int>(columns_.size()))
-        ++currentColumn_;
+    if (HasInput(currentColumn_))
+        return;
+    const auto isTyped = [](const GridColumn& column) { return column.MaxLength > 0; };
+    currentColumn_ = static_cast<int>(std::find_if(columns_.begin(), columns_.end(), isTyped) - columns_.begin());
 }
 
 void EditorGrid::FocusCurrent()

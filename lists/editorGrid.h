@@ -107,7 +107,7 @@ public:
     /// Brings the current row into view.
     void ShowCurrentRow();
 
-    /// Makes row 0 the current one again; the column stays, unless it has no input.
+    /// Makes row 0 the current one again, in the same column, or at first in the one that is typed into.
     void ResetCurrent();
 
     /// Gives the focus back to the current cell, or to the grid when that is out of view.

@@ -114,6 +114,7 @@ TEST_F(EditorFrameTest, AFileIsOpenedWhileTheFormLoads)
     EXPECT_EQ(Ext().currentIndex(), 0);
     EXPECT_EQ(CellText(3, 3), "103.000000");
     EXPECT_FALSE(Editor().EditorDirty);
+    EXPECT_TRUE(Cell(3, 0).hasFocus());
 }
 
 TEST_F(EditorFrameTest, ACsvFileShowsItsForm)

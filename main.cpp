@@ -1,8 +1,10 @@
 // main.cpp: composition: the one place that sees every folder.
+#include "app/FmHelp.h"
 #include "app/FmMessage.h"
 #include "app/MfMain.h"
 #include "app/PlatformSeams.h"
 #include "app/dropFiles.h"
+#include "app/info.h"
 #include "app/lang.h"
 #include "app/project.h"
 #include "link/connect.h"
@@ -31,6 +33,8 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     BindPlatformSeams();
     BindMessageForm();
+    BindHelpViewer();
+    TheInfoHooks().HelpBookVersion = ReadHelpVersion;
     BindFolders();
     MfMain frame;
     if (!frame.Load())

@@ -5,6 +5,7 @@
 #include "app/lang.h"
 #include "app/project.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -470,10 +471,22 @@ void BindHelpViewer()
         const QString path = book == nullptr ? QString() : book->TopicPath(helpNumber);
         return !path.isEmpty() && withViewer([&path](FmHelp& viewer) { viewer.ShowPath(path); });
     };
-    hooks.EnterWhatsThis = [] { QWhatsThis::enterWhatsThisMode(); };
 }
 
 void ShowPopupHelp(QWidget* owner, int helpNumber, QPoint position)
 {
     QWhatsThis::showText(position, PopupHelpText(helpNumber).toHtmlEscaped(), owner);
+}
+
+/// A menu shows the texts of its own items; they are fetched now, so that the book stays unread until it is needed.
+void EnterWhatsThisMode()
+{
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        for (QAction* action : window->findChildren<QAction*>()) {
+            const int help = action->property(kHelpNumberProperty).toInt();
+            if (help != 0)
+                action->setWhatsThis(PopupHelpText(help).toHtmlEscaped());
+        }
+    }
+    QWhatsThis::enterWhatsThisMode();
 }

@@ -68,7 +68,7 @@ private:
     QTextBrowser* BrPage = nullptr;
 };
 
-/// Binds the viewer to the help commands (`TheHelpHooks`), all but About.
+/// Binds the viewer to the help commands (`TheHelpHooks`), all but About and What's This.
 void BindHelpViewer();
 
 /// The open or hidden viewer; null before it was first shown.
@@ -79,3 +79,6 @@ void CloseHelpViewer();
 
 /// Shows the pop-up text of a help number at `position` on the screen.
 void ShowPopupHelp(QWidget* owner, int helpNumber, QPoint position);
+
+/// Enters the What's This mode: the next click shows the pop-up text of a control or menu item instead of using it.
+void EnterWhatsThisMode();

@@ -1,5 +1,6 @@
 #include "app/KeyboardFilter.h"
 
+#include "app/FmHelp.h"
 #include "app/dialog.h"
 #include "app/form.h"
 #include "app/help.h"
@@ -73,7 +74,7 @@ bool KeyboardFilter::eventFilter(QObject* watched, QEvent* event)
         event->setAccepted(HelpNumberOf(qobject_cast<QWidget*>(watched)) != 0);
         return event->isAccepted();
     case QEvent::WhatsThis:
-        return ShowTopicOf(watched);
+        return PopUpHelpOf(watched, static_cast<QHelpEvent*>(event)->globalPos());
     default:
         return false;
     }
@@ -109,5 +110,14 @@ bool KeyboardFilter::ShowTopicOf(QObject* watched)
     const int help = HelpNumberOf(ControlOf(watched));
     if (help != 0)
         ShowHelp(help);
+    return help != 0;
+}
+
+bool KeyboardFilter::PopUpHelpOf(QObject* watched, QPoint position)
+{
+    auto* control = qobject_cast<QWidget*>(watched);
+    const int help = HelpNumberOf(control);
+    if (help != 0)
+        ShowPopupHelp(control, help, position);
     return help != 0;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
 
 class QKeyEvent;
 
@@ -23,6 +24,7 @@ private:
     bool OnKey(QObject* watched, QKeyEvent& event);
     bool IsOurEscape(const QKeyEvent& event);
     bool ShowTopicOf(QObject* watched);
+    bool PopUpHelpOf(QObject* watched, QPoint position);
 
     bool escapeIsOurs_ = false; ///< the Escape that is held went down in a form and not in a pop-up or file dialog
 };

@@ -2,6 +2,7 @@
 // is dropped on it.
 #include "app/MfMain.h"
 
+#include "app/FmHelp.h"
 #include "app/FrameMenus.h"
 #include "app/FrameStatusBar.h"
 #include "app/FrameToolbar.h"
@@ -19,7 +20,6 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QTimer>
-#include <QWhatsThis>
 
 namespace {
 
@@ -65,7 +65,7 @@ void MfMain::BindHooks()
     hooks.EnableStatusBar = [this](bool on) { statusBar_->EnablePanels(on); };
     toolbar_->OnTick = [] { TheDocumentHooks().CheckPendingResize(); };
     TheMenuTracker() = [this] { return menus_->HighlightedHelp(); };
-    TheHelpHooks().EnterWhatsThis = [] { QWhatsThis::enterWhatsThisMode(); };
+    TheHelpHooks().EnterWhatsThis = EnterWhatsThisMode;
     BindProgress();
 }
 

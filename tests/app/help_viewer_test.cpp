@@ -1,5 +1,7 @@
 // The help viewer: what its commands show, its keys, and that dialogs leave it usable.
 #include "app/FmHelp.h"
+#include "app/KeyboardFilter.h"
+#include "app/form.h"
 #include "app/help.h"
 #include "app/lang.h"
 #include "app/project.h"
@@ -10,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
@@ -318,13 +321,56 @@ TEST_F(HelpViewerTest, FitsTheScreen)
     EXPECT_LE(HelpViewer()->height(), HelpViewer()->screen()->availableSize().height());
 }
 
+namespace {
+
+bool IsPoppedUp()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::ranges::any_of(
+        windows, [](const QWidget* window) { return window->inherits("QWhatsThat") && window->isVisible(); });
+}
+
+} // namespace
+
 TEST_F(HelpViewerTest, PopsUpTheTextOfAHelpNumber)
 {
     QWidget owner;
     owner.show();
     ShowPopupHelp(&owner, 10724, QPoint(10, 10));
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    EXPECT_TRUE(std::ranges::any_of(
-        windows, [](const QWidget* window) { return window->inherits("QWhatsThat") && window->isVisible(); }));
+    EXPECT_TRUE(IsPoppedUp());
     QWhatsThis::hideText();
+}
+
+TEST_F(HelpViewerTest, PopsUpTheTextOfAButtonInWhatsThisModeInsteadOfPressingIt)
+{
+    KeyboardFilter filter;
+    filter.Install();
+    QPushButton button;
+    SetControlHelp(&button, 10724);
+    button.show();
+    QSignalSpy pressed(&button, &QPushButton::clicked);
+    EnterWhatsThisMode();
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_TRUE(IsPoppedUp());
+    EXPECT_EQ(pressed.count(), 0);
+    EXPECT_FALSE(HelpViewer() != nullptr && HelpViewer()->isVisible());
+    QWhatsThis::hideText();
+    QWhatsThis::leaveWhatsThisMode();
+    filter.Remove();
+}
+
+TEST_F(HelpViewerTest, PopsUpTheTextOfAMenuItemInWhatsThisModeInsteadOfRunningIt)
+{
+    QMenu menu;
+    QAction* action = menu.addAction(QStringLiteral("a"));
+    action->setProperty(kHelpNumberProperty, 11905);
+    QSignalSpy triggered(action, &QAction::triggered);
+    EnterWhatsThisMode();
+    EXPECT_EQ(action->whatsThis(), PopupHelpText(11905));
+    menu.popup(QPoint(10, 10));
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+    EXPECT_TRUE(IsPoppedUp());
+    EXPECT_EQ(triggered.count(), 0);
+    QWhatsThis::hideText();
+    QWhatsThis::leaveWhatsThisMode();
 }

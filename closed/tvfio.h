@@ -30,7 +30,8 @@
 #define TVFIO_TEXT_SIZE 256 /* a buffer of this size holds every text of the store */
 #define TVFIO_CORR_ENTRIES 1000 /* entries in each table of a correction set */
 
-/* Records of a correction set: little-endian, packed to 4 bytes. */
+/* Records of a correction set: little-endian, packed to 4 bytes. Their numbers may stand at odd places in memory, so
+   they are copied and never referred to. */
 #pragma pack(push, 4)
 
 typedef struct KfactorCorrEntry { /* 28 bytes */

@@ -13,7 +13,7 @@ namespace {
 constexpr std::array<uint8_t, 8> kMagic{ 'T', 'V', 'L', 'S', '\r', '\n', 0x1A, '\n' };
 constexpr size_t kLengthAt = 12;
 constexpr size_t kChecksumAt = 16;
-constexpr size_t kTypicalBytes = 128 * 1024;
+constexpr size_t kTypicalBytes = size_t{ 128 } << 10;
 
 uint32_t FileChecksum(ByteView file)
 {

@@ -1,5 +1,6 @@
 #include "app/FmHelp.h"
 
+#include "app/Pictures.h"
 #include "app/form.h"
 #include "app/help.h"
 #include "app/lang.h"
@@ -134,6 +135,7 @@ FmHelp::FmHelp(const HelpFile& book)
 {
     setObjectName(QStringLiteral("FmHelp"));
     setAttribute(Qt::WA_QuitOnClose, false);
+    setWindowIcon(ProgramIcon());
     SetControlHelp(this, kTitleText);
     LngSetForm(this, kTitleText);
     auto* halves = new QSplitter(this);

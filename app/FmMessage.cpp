@@ -53,7 +53,7 @@ void FmMessage::BuildButtons()
     for (int at = 0; at < kMsgButtonCount; ++at) {
         const auto button = static_cast<MsgButton>(at);
         const MsgButtonInfo info = MsgButtonInfoOf(button);
-        QPushButton* control = NewButton(this, info.Name, { info.Text, info.Text, 0 });
+        QPushButton* control = NewButton(this, info.Name, { info.Text, 0, 0 }); // F1 there is about the message
         control->setAutoDefault(true);
         connect(control, &QPushButton::clicked, this, [this, button] { Press(button); });
         buttons_[static_cast<size_t>(at)] = control;

@@ -122,6 +122,7 @@ TEST_F(MessageForm, ShowsTitleTextAndHelpNumbers)
         EXPECT_EQ(TextOf(form, "LbText"), "The file exists. Replace it?");
         EXPECT_EQ(form.HelpNumber(), kMessage);
         EXPECT_EQ(HelpNumberOf(&FindControl(form, "LbText")), kMessage);
+        EXPECT_EQ(HelpNumberOf(&FindControl(form, "BtNo")), kMessage);
         EXPECT_EQ(HelpNumberOf(&FindControl(form, "ImQuest")), 13108);
         EXPECT_EQ(HelpNumberOf(&FindControl(form, "ImExcl")), 13109);
         EXPECT_TRUE(TheMessage().Showing);

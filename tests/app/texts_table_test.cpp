@@ -245,7 +245,7 @@ TEST_F(TextTable, GivesEveryNumberInTheProgramATextOrAHelpTopic)
 {
     const std::set<int> otherNumbers{ 10000 }; // what a geometry number lies behind its text number
     const SourceScan scan = ScanTree(kSourceTree);
-    EXPECT_GE(scan.Numbers.size(), 100U);
+    EXPECT_GE(scan.Numbers.size(), 300U);
     const std::map<int, QString> texts = AllTexts();
     HelpFile book;
     ASSERT_TRUE(book.Open(QStringLiteral(HELP_BOOK)));
@@ -258,7 +258,7 @@ TEST_F(TextTable, GivesEveryNumberInTheProgramATextOrAHelpTopic)
 TEST_F(TextTable, HasATextForEveryNumberThatTheProgramFetches)
 {
     const SourceScan scan = ScanTree(kSourceTree);
-    EXPECT_GE(scan.Calls.size(), 1U);
+    EXPECT_GE(scan.Calls.size(), 50U);
     const std::map<int, QString> texts = AllTexts();
     for (const TextCall& call : scan.Calls)
         EXPECT_TRUE(texts.contains(call.Number)) << call.Number << " at " << call.Place.toStdString();

@@ -1,6 +1,7 @@
 #include "app/message.h"
 
 #include "app/lang.h"
+#include "app/picture.h"
 #include "app/seams.h"
 
 #include <utility>
@@ -60,11 +61,6 @@ int Ask1(int style, int id, const QString& arg, bool defaultToNo = false)
     return Show({ style, LngStr1(id, arg), id, { arg }, defaultToNo });
 }
 
-QString NumberText(double number)
-{
-    return QString::number(number, 'g', 15);
-}
-
 } // namespace
 
 MessageRequest& TheMessage()
@@ -95,12 +91,12 @@ void MsgOk2(int id, const QString& arg1, const QString& arg2)
 
 void MsgOkNum(int id, double number)
 {
-    MsgOk1(id, NumberText(number));
+    MsgOk1(id, PlainNumberText(number));
 }
 
 void MsgOkNum2(int id, double number1, double number2)
 {
-    MsgOk2(id, NumberText(number1), NumberText(number2));
+    MsgOk2(id, PlainNumberText(number1), PlainNumberText(number2));
 }
 
 int MsgYesNo(int id)

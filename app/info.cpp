@@ -1,6 +1,7 @@
 #include "app/info.h"
 
 #include "app/ansi.h"
+#include "app/helpFile.h"
 #include "app/lang.h"
 #include "app/project.h"
 
@@ -14,8 +15,7 @@ constexpr int kTextNoVersion = 11712;
 
 InfoHooks Defaults()
 {
-    return { [] { return QCoreApplication::applicationFilePath(); },
-        [](const QString&) { return std::optional<FileVersion>(); } };
+    return { [] { return QCoreApplication::applicationFilePath(); }, ReadHelpVersion };
 }
 
 InfoRow RowOf(const QString& name, const std::optional<FileVersion>& version)

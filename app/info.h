@@ -25,7 +25,7 @@ QString InfoText();
 /// Whose files are looked at.
 struct InfoHooks {
     std::function<QString()> ExecutablePath; ///< by default the running program
-    std::function<std::optional<FileVersion>(const QString& path)> HelpBookVersion; ///< by default none
+    std::function<std::optional<FileVersion>(const QString& path)> HelpBookVersion; ///< by default what the book tells
 };
 InfoHooks& TheInfoHooks();
 void InfoReset();

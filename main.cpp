@@ -1,9 +1,12 @@
 // main.cpp: composition: the one place that sees every folder.
+#include "app/FmAbout.h"
 #include "app/FmHelp.h"
 #include "app/FmMessage.h"
 #include "app/MfMain.h"
 #include "app/PlatformSeams.h"
 #include "app/dropFiles.h"
+#include "app/help.h"
+#include "app/helpFile.h"
 #include "app/info.h"
 #include "app/lang.h"
 #include "app/project.h"
@@ -16,12 +19,21 @@
 
 namespace {
 
+void ShowAbout()
+{
+    FmAbout about(QApplication::activeWindow());
+    DialogShow(about);
+}
+
 /// What lower folders ask of higher ones.
 void BindFolders()
 {
     TheLangHooks().InstrumentAccepted = [] { return Connection().InstrumentAccepted == 1; };
     TheProjectHooks().FileOpen = [](const QString& path) { return FileOpen(path, true, true); };
     BindListEditors();
+    BindHelpViewer();
+    TheHelpHooks().ShowAbout = ShowAbout;
+    TheInfoHooks().HelpBookVersion = ReadHelpVersion;
     TheDropHooks().IsKnownFile = FileCanBeDropped;
     SettingsSetGroups(AllSettingsGroups());
 }
@@ -33,10 +45,8 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     BindPlatformSeams();
     BindMessageForm();
-    BindHelpViewer();
-    TheInfoHooks().HelpBookVersion = ReadHelpVersion;
     BindFolders();
-    MfMain frame;
+    MfMain frame(QApplication::applicationDirPath());
     if (!frame.Load())
         return EXIT_FAILURE;
     return QApplication::exec();

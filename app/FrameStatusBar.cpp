@@ -14,6 +14,7 @@ namespace {
 constexpr int kPicturePx = 18;
 constexpr int kNarrowPanelPx = 150;
 
+constexpr int kTextStatusBar = 11932;
 constexpr int kHelpBar = 13600;
 constexpr int kHelpPanels = 13602;
 constexpr std::array<int, kStatusPanels> kPanelHints{ 13601, 13605, 13603, 13604 };
@@ -100,6 +101,8 @@ void FrameStatusBar::changeEvent(QEvent* event)
 
 void FrameStatusBar::SetTexts()
 {
+    setAccessibleName(PlainCaption(LngStr(kTextStatusBar)));
+    panels_->setAccessibleName(accessibleName());
     SetControlHelp(this, kHelpBar);
     SetControlHelp(panels_, kHelpPanels);
     for (size_t at = 0; at < Panels.size(); ++at) {

@@ -14,6 +14,7 @@
 namespace {
 
 constexpr int kPicturePx = 18;
+constexpr int kTextToolbar = 11930;
 
 } // namespace
 
@@ -62,6 +63,7 @@ void FrameToolbar::LayOut()
     layout->setContentsMargins(2, 1, 2, 1);
     layout->setSpacing(0);
     const int pitch = PixelsFromTwips(this, kToolButtonPitchTwips);
+    QWidget* before = nullptr;
     for (const std::vector<int>& group : ToolBarGroups()) {
         if (layout->count() > 0)
             layout->addSpacing(PixelsFromTwips(this, kToolGroupGapTwips));
@@ -70,14 +72,19 @@ void FrameToolbar::LayOut()
             button->setFixedSize(pitch, pitch);
             layout->addWidget(button);
             button->show();
+            if (before != nullptr)
+                setTabOrder(before, button);
+            before = button;
         }
     }
     layout->addStretch();
+    row->setMinimumWidth(row->sizeHint().width());
     addWidget(row);
 }
 
 void FrameToolbar::SetTexts()
 {
+    setAccessibleName(PlainCaption(LngStr(kTextToolbar)));
     for (size_t at = 0; at < Cm.size(); ++at)
         SetButtonTexts(static_cast<int>(at), ToolBarTable()[at].Tip, ToolBarTable()[at].Hint);
     ShowLinkState(linkUp_);

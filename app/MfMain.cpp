@@ -18,15 +18,24 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QScreen>
 
 namespace {
 
 constexpr int kHelpFrame = 11801;
 
+Qt::WindowStates WindowStateOf(int winState)
+{
+    if (winState == WinStateMaximised)
+        return Qt::WindowMaximized;
+    return winState == WinStateMinimised ? Qt::WindowMinimized : Qt::WindowNoState;
+}
+
 } // namespace
 
-MfMain::MfMain()
+MfMain::MfMain(const QString& programFolder)
+    : programFolder_(programFolder)
 {
     setObjectName(QStringLiteral("MfMain"));
     setWindowTitle(ProductTitle());
@@ -83,7 +92,7 @@ QString MfMain::CommandLine() const
 
 QString MfMain::ExecutableFolder() const
 {
-    return QCoreApplication::applicationDirPath();
+    return programFolder_;
 }
 
 bool MfMain::LoadModule(Module module, const QString& folder)
@@ -96,6 +105,7 @@ void MfMain::BuildTexts()
     setWindowTitle(Program().ProgramTitle);
     setAccessibleName(Program().ProgramTitle);
     MdiArea->setAccessibleName(Program().ProgramTitle);
+    menuBar()->setAccessibleName(Program().ProgramTitle);
     menus_->SetTexts();
     toolbar_->SetTexts();
     statusBar_->SetTexts();
@@ -145,6 +155,7 @@ void MfMain::ShowFrame()
         screens.append(one->availableGeometry());
     if (placement_.isValid())
         setGeometry(PlacementOnScreens(placement_, screens));
+    setWindowState(WindowStateOf(Program().MainWindowState)); // behind the geometry, which would end it
     setVisible(true);
     toolbar_->StartTips();
 }

@@ -16,7 +16,8 @@ class QMdiArea;
 class MfMain final : public QMainWindow, public ProjectHost {
     Q_OBJECT
 public:
-    MfMain();
+    /// `programFolder` holds the modules, the help book and the settings file.
+    explicit MfMain(const QString& programFolder);
     ~MfMain() override;
 
     /// The load event: start-up from the first step to the last. False ends the process.
@@ -67,6 +68,7 @@ private:
     bool PopupForBar(QObject* watched, QEvent* event);
     void ReturnFocus();
 
+    QString programFolder_;
     QMdiArea* MdiArea = nullptr;
     QLabel* ImLogoMr = nullptr;
     FrameMenus* menus_ = nullptr;

@@ -120,11 +120,7 @@ void MfMain::BindPlacement()
     const auto pixels = [this](double twips) { return PixelsFromTwips(this, twips); };
     FramePlacementHooks& hooks = TheFramePlacement();
     hooks.ScreenSizeTwips = [this] { return QSizeF(screen()->availableSize()) * TwipsPerPixel(this); };
-    hooks.SetState = [this](int state) {
-        setWindowState(state == WinStateMaximised ? Qt::WindowMaximized
-                : state == WinStateMinimised      ? Qt::WindowMinimized
-                                                  : Qt::WindowNoState);
-    };
+    hooks.SetState = [](int state) { Program().MainWindowState = state; };
     hooks.SetWidthTwips = [this, pixels](double twips) { placement_.setWidth(pixels(twips)); };
     hooks.SetHeightTwips = [this, pixels](double twips) { placement_.setHeight(pixels(twips)); };
     hooks.SetLeftTwips = [this, pixels](double twips) { placement_.moveLeft(pixels(twips)); };

@@ -9,9 +9,10 @@ namespace {
 
 constexpr int kWidthPx = 140;
 constexpr int kBarInsetPx = 1;
-constexpr QColor kTrack(0xF2, 0xF2, 0xF2);
-constexpr QColor kBar(0x1F, 0x5F, 0xA8);
-constexpr QColor kEdge(0x80, 0x88, 0x90);
+// Black and white can both be read on the track: the character at the bar's end stands on both.
+constexpr QColor kTrack(0xA3, 0xAD, 0xB7);
+constexpr QColor kBar(0x1B, 0x55, 0x98);
+constexpr QColor kEdge(0x6B, 0x76, 0x82);
 
 } // namespace
 

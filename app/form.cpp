@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QEventLoop>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QTimer>
@@ -30,10 +31,17 @@ void FormBase::RunDialog(bool blocking)
     }
     if (!loaded_) // unloaded itself while loading
         return;
-    if (blocking)
-        exec();
-    else
-        show();
+    show();
+    if (blocking && loaded_) // showing runs events, and one of them may have ended the form
+        RunLoop();
+}
+
+void FormBase::RunLoop()
+{
+    QEventLoop loop;
+    loop_ = &loop;
+    loop.exec(QEventLoop::DialogExec);
+    loop_ = nullptr;
 }
 
 bool FormBase::HasActivation() const
@@ -57,6 +65,8 @@ void FormBase::FinishUnload()
     OnUnload();
     loaded_ = false;
     done(0);
+    if (loop_ != nullptr)
+        loop_->exit();
     DialogPop();
 }
 

@@ -7,6 +7,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QEventLoop;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -68,7 +69,9 @@ protected:
 
 private:
     void FinishUnload();
+    void RunLoop();
 
+    QEventLoop* loop_ = nullptr; ///< of a form that is shown blocking
     bool loaded_ = false;
     bool activated_ = false;
     bool refusing_ = false;
@@ -80,6 +83,9 @@ struct ControlTexts {
     int Help = 0;
     int Hint = 0; ///< status line text while the pointer is over the control
 };
+
+/// Space around a form's contents.
+inline constexpr int kFormMarginPx = 16;
 
 /// Property of a control or action that holds its help number.
 inline constexpr const char* kHelpNumberProperty = "HelpNumber";

@@ -48,6 +48,11 @@ int ProductSecondBuild()
     return 0;
 }
 
+QString ProductVersionNumbers()
+{
+    return QStringLiteral("%1.%2.%3").arg(ProductMajor()).arg(ProductMinor()).arg(ProductBuild());
+}
+
 QString ProductPreRelease()
 {
     return {};

@@ -11,6 +11,7 @@ int ProductMajor();
 int ProductMinor();
 int ProductBuild();
 int ProductSecondBuild();
+QString ProductVersionNumbers(); ///< major, minor and build joined by points
 QString ProductPreRelease(); ///< empty in a released build
 
 /// Frame states as the settings file stores them.

@@ -84,8 +84,7 @@ void TellPreRelease()
 {
     if (ProductPreRelease().isEmpty())
         return;
-    const QString version = QStringLiteral("%1.%2.%3").arg(ProductMajor()).arg(ProductMinor()).arg(ProductBuild());
-    MsgOk1(kMsgPreRelease, Program().ProgramTitle + u' ' + version + u' ' + ProductVersionText());
+    MsgOk1(kMsgPreRelease, Program().ProgramTitle + u' ' + ProductVersionNumbers() + u' ' + ProductVersionText());
 }
 
 void OpenFileOrConnect()

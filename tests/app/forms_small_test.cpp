@@ -1,0 +1,433 @@
+#include "app/FmAbout.h"
+#include "app/FmDebug.h"
+#include "app/FmInfo.h"
+#include "app/FmLogo.h"
+#include "app/FmTip.h"
+#include "app/Pictures.h"
+#include "app/frameHooks.h"
+#include "app/help.h"
+#include "app/info.h"
+#include "app/lang.h"
+#include "app/menu.h"
+#include "app/project.h"
+#include "app/seams.h"
+#include "tests/support/forms.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <set>
+
+namespace {
+
+class About : public FormTest {
+protected:
+    About()
+    {
+        TheHelpHooks().ShowTopic = [this](int number) {
+            topics.append(number);
+            return true;
+        };
+        TheFrameHooks().HasActivation = [] { return true; };
+        TheFrameHooks().SetStatusText = [this](const QString& text) { status = text; };
+    }
+
+    ~About() override
+    {
+        TheHelpHooks() = {};
+        FrameHooksReset();
+        InfoReset();
+    }
+
+    QList<int> topics;
+    QString status;
+};
+
+using Info = About;
+
+} // namespace
+
+TEST_F(About, ShowsProductUseCopyrightAndVersion)
+{
+    FmAbout form;
+    ShowForm(form);
+    ExpectControls(form, { "LbProd", "LbUse1", "LbCopy", "LbVers", "BtClose", "BtInfo", "BtHelp" });
+    EXPECT_EQ(form.windowTitle(), LngStr(10000));
+    EXPECT_EQ(TextOf(form, "LbProd"), LngUnescapeMenu(LngStr(10002)));
+    EXPECT_EQ(TextOf(form, "LbUse1"), LngStr(10003));
+    EXPECT_EQ(TextOf(form, "LbCopy"), LngStr(10012));
+    EXPECT_EQ(TextOf(form, "LbVers"), LngStr1(10014, "4.3.0"));
+    EXPECT_EQ(TextOf(form, "BtClose"), LngStr(10004));
+    EXPECT_EQ(TextOf(form, "BtInfo"), LngStr(10009));
+    EXPECT_EQ(TextOf(form, "BtHelp"), LngStr(10006));
+    ExpectTabOrder(form);
+    ExpectNothingClipped(form);
+    Click(form, "BtClose");
+    EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(About, ShowsItsTopicByButtonAndByF1)
+{
+    FmAbout form;
+    ShowForm(form);
+    Click(form, "BtHelp");
+    EXPECT_EQ(topics, QList<int>{ form.HelpNumber() });
+    Key(form, "BtInfo", Qt::Key_F1);
+    EXPECT_EQ(topics.last(), 10009);
+    DialogEnd(form, 0);
+}
+
+TEST_F(About, ShowsTheHintOfAButtonUnderThePointer)
+{
+    FmAbout form;
+    ShowForm(form);
+    for (const auto& [name, hint] :
+        { std::pair("BtClose", 10005), std::pair("BtHelp", 10007), std::pair("BtInfo", 10010) }) {
+        PointAt(form, QLatin1String(name));
+        EXPECT_EQ(status, LngStr(hint)) << name;
+        PointAway(form, QLatin1String(name));
+        EXPECT_EQ(status, "") << name;
+    }
+    DialogEnd(form, 0);
+}
+
+TEST_F(About, ClosesByEscapeWithStatus1)
+{
+    FmAbout form;
+    EXPECT_EQ(RunForm(form, [] { Key(Qt::Key_Escape); }), 1);
+}
+
+TEST_F(About, OpensTheVersionList)
+{
+    FmAbout form;
+    ShowForm(form);
+    QString shown;
+    QTimer::singleShot(0, qApp, [&shown] {
+        auto* info = qobject_cast<FmInfo*>(QApplication::activeModalWidget());
+        ASSERT_NE(info, nullptr);
+        shown = TextOf(*info, "TbInfo");
+        Click(*info, "BtClose");
+    });
+    Click(form, "BtInfo");
+    EXPECT_TRUE(shown.contains("tvfio"));
+    EXPECT_FALSE(form.IsClosed());
+    DialogEnd(form, 0);
+}
+
+TEST_F(Info, ListsEachFileWithItsVersions)
+{
+    FmInfo form;
+    ShowForm(form);
+    ExpectControls(form, { "LbFileName", "LbFileVer", "LbProdVer", "TbInfo", "BtClose", "BtHelp" });
+    EXPECT_EQ(form.windowTitle(), LngStr(11700));
+    EXPECT_EQ(form.HelpNumber(), 11702);
+    EXPECT_EQ(TextOf(form, "LbFileName"), LngStr(11703));
+    EXPECT_EQ(TextOf(form, "LbFileVer"), LngStr(11705));
+    EXPECT_EQ(TextOf(form, "LbProdVer"), LngStr(11708));
+    EXPECT_EQ(TextOf(form, "BtClose"), LngStr(11709));
+    EXPECT_EQ(TextOf(form, "BtHelp"), LngStr(11710));
+    EXPECT_EQ(TextOf(form, "TbInfo"), InfoText().replace("\r\n", "\n"));
+    EXPECT_EQ(HelpNumberOf(&FindControl(form, "TbInfo")), 11702);
+    ExpectTabOrder(form);
+    ExpectNothingClipped(form);
+    DialogEnd(form, 0);
+}
+
+TEST_F(Info, OpensWithoutThePictureModuleAndSaysSo)
+{
+    FmInfo form; // the test's folder holds no module
+    ShowForm(form);
+    EXPECT_FALSE(form.IsClosed());
+    const QString none = LngStr(11712);
+    EXPECT_TRUE(TextOf(form, "TbInfo").contains(ModuleFileName(Module::Pictures) + u'\t' + none + u'\t' + none));
+    DialogEnd(form, 0);
+}
+
+TEST_F(Info, StopsItsTabsBehindTheWidestName)
+{
+    FmInfo form;
+    ShowForm(form);
+    auto& box = Find<QPlainTextEdit>(form, "TbInfo");
+    const QList<QTextOption::Tab> tabs = box.document()->defaultTextOption().tabs();
+    ASSERT_EQ(tabs.size(), 2);
+    int widest = 0;
+    for (const InfoRow& row : InfoRows())
+        widest = std::max(widest, box.fontMetrics().horizontalAdvance(row.Name));
+    EXPECT_GT(tabs[0].position, widest);
+    EXPECT_GT(tabs[1].position, tabs[0].position);
+    DialogEnd(form, 0);
+}
+
+TEST_F(Info, ShowsItsTopicAndCloses)
+{
+    FmInfo form;
+    ShowForm(form);
+    Click(form, "BtHelp");
+    EXPECT_EQ(topics, QList<int>{ 11702 });
+    Click(form, "BtClose");
+    EXPECT_TRUE(form.IsClosed());
+}
+
+namespace {
+
+class Logo : public FormTest { };
+class DebugForm : public FormTest { };
+class TipForm : public FormTest { };
+
+} // namespace
+
+TEST_F(Logo, EndsWithStatus0AfterOneTickOf5000Milliseconds)
+{
+    std::vector<int> intervals;
+    TheSeams().StartTimer = [&intervals](int milliseconds, std::function<void()> tick) {
+        intervals.push_back(milliseconds);
+        QTimer::singleShot(0, qApp, std::move(tick));
+    };
+    FmLogo form{ QPixmap(40, 30) };
+    EXPECT_EQ(DialogShow(form), 0);
+    EXPECT_EQ(intervals, std::vector<int>{ 5000 });
+    EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(Logo, TakesTheSizeOfItsPictureAndStandsOnTheStack)
+{
+    TheSeams().StartTimer = [](int, const std::function<void()>&) {};
+    FmLogo form{ QPixmap(240, 130) };
+    ShowForm(form);
+    EXPECT_EQ(form.size(), QSize(240, 130));
+    EXPECT_EQ(DialogTop(), &form);
+    EXPECT_EQ(form.objectName(), "FmLogo");
+    DialogEnd(form, 0);
+}
+
+TEST_F(Logo, OutlivesATickThatComesTooLate)
+{
+    std::function<void()> tick;
+    TheSeams().StartTimer = [&tick](int, std::function<void()> action) { tick = std::move(action); };
+    {
+        FmLogo form{ QPixmap(40, 30) };
+        ShowForm(form);
+        form.close();
+        EXPECT_TRUE(form.IsClosed());
+        tick();
+    }
+    tick();
+    EXPECT_FALSE(DialogIsOpen());
+}
+
+TEST_F(DebugForm, NamesTheFunctionAndGoesOn)
+{
+    for (const char* button : { "BtRetry", "BtIgnore" }) {
+        FmDebug form("MnBmpShow");
+        ShowForm(form);
+        ExpectControls(form, { "LbText1", "BtAbort", "BtRetry", "BtIgnore" });
+        EXPECT_EQ(TextOf(form, "LbText1"), "Function: MnBmpShow");
+        Click(form, QLatin1String(button));
+        EXPECT_TRUE(form.IsClosed()) << button;
+    }
+}
+
+TEST_F(TipForm, ShowsItsTextUnderTheButtonAndOnTheScreen)
+{
+    QWidget owner;
+    FmTip tip(&owner);
+    EXPECT_FALSE(tip.isVisible());
+    tip.ShowTip("Memory list editor", QRect(100, 50, 24, 24));
+    EXPECT_TRUE(tip.isVisible());
+    EXPECT_EQ(TextOf(tip, "LbTip"), "Memory list editor");
+    EXPECT_EQ(tip.geometry().topLeft(), QPoint(98, 79));
+    const int screenRight = tip.screen()->geometry().right();
+    tip.ShowTip("Memory list editor with a long tip", QRect(screenRight - 30, 50, 24, 24));
+    EXPECT_EQ(tip.geometry().right(), screenRight - 4);
+}
+
+TEST(ProgramPictures, EachToolButtonHasOneAndNoTwoAreAlike)
+{
+    std::set<QString> seen;
+    for (const ToolButton& button : ToolBarTable()) {
+        const QIcon icon = PictureIcon(QLatin1String(button.Picture));
+        EXPECT_FALSE(icon.isNull()) << button.Picture;
+        const QImage image = icon.pixmap(16, 16).toImage();
+        QByteArray bytes(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
+        EXPECT_NE(bytes.count('\0'), bytes.size()) << button.Picture;
+        if (button.Run != Command::None) {
+            EXPECT_TRUE(seen.insert(QString::fromLatin1(bytes.toHex())).second) << button.Picture;
+        }
+    }
+}
+
+TEST(ProgramPictures, AreDrawnInFullAtTwiceTheScale)
+{
+    const QPixmap logo = PicturePixmap("logo", 2.0);
+    EXPECT_EQ(logo.size(), QSize(1120, 640));
+    EXPECT_EQ(logo.deviceIndependentSize(), QSizeF(560, 320));
+    EXPECT_FALSE(ProgramIcon().isNull());
+    EXPECT_TRUE(PicturePixmap("no such picture", 1.0).isNull());
+    EXPECT_TRUE(PictureIcon("no such picture").isNull());
+}
+
+TEST(ProgramPictures, FollowTheColourOfTheText)
+{
+    const QPalette before = QGuiApplication::palette();
+    QPalette dark = before;
+    dark.setColor(QPalette::WindowText, Qt::white);
+    const QImage light = PictureIcon("connect").pixmap(24, 24).toImage();
+    QGuiApplication::setPalette(dark);
+    const QImage onDark = PictureIcon("connect").pixmap(24, 24).toImage();
+    QGuiApplication::setPalette(before);
+    EXPECT_NE(light, onDark);
+}
+
+namespace {
+
+class FormControls : public FormTest {
+protected:
+    /// The language module adjusts every control by these numbers, of which `count` exist.
+    static void Adjust(int16_t count)
+    {
+        static int16_t existing = 0;
+        existing = count;
+        TvLng().LngGetCtrlSize = [](int32_t, int32_t* left, int32_t* top, int32_t* width, int32_t* height) {
+            *left = 150;
+            *top = 300;
+            *width = 450;
+            *height = 600;
+            return existing;
+        };
+    }
+};
+
+} // namespace
+
+TEST_F(FormControls, NothingMovesWithThreeAdjustmentsButAComboBox)
+{
+    Adjust(3);
+    QWidget form;
+    QPushButton button(&form);
+    button.setGeometry(10, 10, 80, 30);
+    LngSetCtrl(&button, 10004);
+    EXPECT_EQ(button.geometry(), QRect(10, 10, 80, 30));
+    QComboBox combo(&form);
+    combo.setGeometry(10, 10, 80, 30);
+    LngSetCtrl(&combo, 10004);
+    EXPECT_EQ(combo.geometry(), QRect(20, 30, 110, 30));
+    EXPECT_EQ(combo.currentText(), "");
+}
+
+TEST_F(FormControls, FourAdjustmentsMoveAndSizeAControl)
+{
+    Adjust(4);
+    QWidget form;
+    QPushButton button(&form);
+    button.setGeometry(10, 10, 80, 30);
+    LngSetCtrl(&button, 10004);
+    EXPECT_EQ(button.geometry(), QRect(20, 30, 110, 70));
+    EXPECT_EQ(button.text(), LngStr(10004));
+}
+
+TEST_F(FormControls, HintsCanChangeLater)
+{
+    QString status;
+    TheFrameHooks().HasActivation = [] { return true; };
+    TheFrameHooks().SetStatusText = [&status](const QString& text) { status = text; };
+    QWidget form;
+    auto* button = NewButton(&form, "BtX", { 10004, 0, 10005 });
+    SetControlHint(button, 10007);
+    PointAt(form, "BtX");
+    EXPECT_EQ(status, LngStr(10007));
+    FrameHooksReset();
+}
+
+TEST_F(FormControls, TwipsAre15InAPixelAt96DotsPerInch)
+{
+    QWidget form;
+    EXPECT_DOUBLE_EQ(TwipsPerPixel(&form), 1440.0 / form.screen()->logicalDotsPerInch());
+    EXPECT_EQ(PixelsFromTwips(&form, TwipsPerPixel(&form) * 24), 24);
+}
+
+namespace {
+
+/// A form with a list, to try what a pop-up does to Escape.
+class ListForm final : public FormBase {
+public:
+    ListForm()
+        : FormBase("ListForm")
+    {
+        auto* combo = NewCombo(this, "CbList", 0);
+        combo->addItems({ "one", "two" });
+        auto* box = NewTextBox(this, "TbText", 0, 20);
+        auto* layout = new QVBoxLayout(this);
+        layout->addWidget(combo);
+        layout->addWidget(box);
+    }
+    bool OnLoad() override
+    {
+        DialogPush(*this, false);
+        return true;
+    }
+};
+
+class Escape : public FormTest { };
+
+} // namespace
+
+TEST_F(Escape, ClosesAFormThatHasNoCancelButton)
+{
+    ListForm form;
+    EXPECT_EQ(RunForm(form, [] { Key(Qt::Key_Escape); }), 1);
+}
+
+TEST_F(Escape, ClosesOneFormForEachPressAndRelease)
+{
+    ListForm lower;
+    ListForm upper;
+    ShowForm(lower);
+    ShowForm(upper);
+    KeyDown(Qt::Key_Escape);
+    EXPECT_TRUE(upper.IsClosed());
+    EXPECT_FALSE(lower.IsClosed());
+    lower.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&lower));
+    KeyUp(Qt::Key_Escape);
+    EXPECT_TRUE(lower.IsClosed());
+}
+
+TEST_F(Escape, IsSeenOnceThoughWidgetsAndWindowGetIt)
+{
+    ListForm lower;
+    ListForm upper;
+    ShowForm(lower);
+    ShowForm(upper);
+    FindControl(upper, "TbText").setFocus();
+    KeyDown(Qt::Key_Escape);
+    EXPECT_TRUE(upper.IsClosed());
+    EXPECT_FALSE(lower.IsClosed());
+    DialogEnd(lower, 0);
+}
+
+TEST_F(Escape, ThatClosesAListLeavesItsFormOpen)
+{
+    ListForm form;
+    ShowForm(form);
+    auto& combo = Find<QComboBox>(form, "CbList");
+    combo.showPopup();
+    QWidget* popup = QApplication::activePopupWidget();
+    ASSERT_NE(popup, nullptr);
+    QTest::keyPress(popup, Qt::Key_Escape);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    KeyUp(Qt::Key_Escape);
+    EXPECT_FALSE(form.IsClosed());
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(form.IsClosed());
+}

@@ -1,51 +1,13 @@
-// main.cpp: composition: the one place that sees every folder.
-#include "app/FmAbout.h"
-#include "app/FmHelp.h"
-#include "app/FmMessage.h"
+// main.cpp: the program: composition, the frame, the message loop.
 #include "app/MfMain.h"
-#include "app/PlatformSeams.h"
-#include "app/dropFiles.h"
-#include "app/help.h"
-#include "app/helpFile.h"
-#include "app/info.h"
-#include "app/lang.h"
-#include "app/project.h"
-#include "link/connect.h"
-#include "link/file.h"
-#include "lists/bindEditors.h"
-#include "print/allSettings.h"
+#include "composition.h"
 
 #include <QApplication>
-
-namespace {
-
-void ShowAbout()
-{
-    FmAbout about(QApplication::activeWindow());
-    DialogShow(about);
-}
-
-/// What lower folders ask of higher ones.
-void BindFolders()
-{
-    TheLangHooks().InstrumentAccepted = [] { return Connection().InstrumentAccepted == 1; };
-    TheProjectHooks().FileOpen = [](const QString& path) { return FileOpen(path, true, true); };
-    BindListEditors();
-    BindHelpViewer();
-    TheHelpHooks().ShowAbout = ShowAbout;
-    TheInfoHooks().HelpBookVersion = ReadHelpVersion;
-    TheDropHooks().IsKnownFile = FileCanBeDropped;
-    SettingsSetGroups(AllSettingsGroups());
-}
-
-} // namespace
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    BindPlatformSeams();
-    BindMessageForm();
-    BindFolders();
+    ComposeProgram();
     MfMain frame(QApplication::applicationDirPath());
     if (!frame.Load())
         return EXIT_FAILURE;

@@ -36,8 +36,7 @@ inline constexpr TextRule kCorrectionName{ 40, FioStatus::AntennaCorrectionNameT
 } // namespace antennaRules
 
 template <typename Visitor, typename Record>
-requires std::same_as<std::remove_const_t<Record>, AntennaRecord>
-void VisitFields(Visitor& visit, Record& record)
+requires std::same_as<std::remove_const_t<Record>, AntennaRecord> Visitor VisitFields(Visitor visit, Record& record)
 {
     visit(record.Include, antennaRules::kInclude);
     visit(record.Name, antennaRules::kName);
@@ -50,6 +49,7 @@ void VisitFields(Visitor& visit, Record& record)
     visit(record.AntennaCode, antennaRules::kCode);
     visit(record.NorthOffset, antennaRules::kNorthOffset);
     visit(record.CorrectionSetName, antennaRules::kCorrectionName);
+    return visit;
 }
 
 struct AntennaList : SlotList<AntennaRecord, 1, 100> {

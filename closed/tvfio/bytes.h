@@ -7,6 +7,7 @@
 #include <cstring>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tvfio {
@@ -26,10 +27,11 @@ void PutInt(uint8_t* place, Number value)
     }
 }
 
+/// Appends to a run of bytes of its own, which grows ahead of what is written.
 class ByteWriter {
 public:
-    explicit ByteWriter(Bytes& target)
-        : target_(target)
+    explicit ByteWriter(size_t expectedBytes = 0)
+        : bytes_(expectedBytes)
     {
     }
 
@@ -47,16 +49,29 @@ public:
     /// A length byte, then the characters; `text` has at most 255.
     void Text(std::string_view text)
     {
-        Int(static_cast<uint8_t>(text.size()));
+        uint8_t* place = Grow(text.size() + 1);
+        *place = static_cast<uint8_t>(text.size());
         if (!text.empty())
-            std::memcpy(Grow(text.size()), text.data(), text.size());
+            std::memcpy(place + 1, text.data(), text.size());
+    }
+
+    /// A place for up to `count` bytes behind what is written. `Advance` says where they end; only then they count.
+    uint8_t* Room(size_t count)
+    {
+        if (bytes_.size() - size_ < count)
+            bytes_.resize(2 * (bytes_.size() + count));
+        return bytes_.data() + size_;
+    }
+    void Advance(const uint8_t* end)
+    {
+        size_ = static_cast<size_t>(end - bytes_.data());
     }
 
     /// Leaves room for a number that is known later; gives its place for `Patch`.
     template <std::integral Number>
     size_t Reserve()
     {
-        const size_t at = target_.size();
+        const size_t at = size_;
         Int(Number{});
         return at;
     }
@@ -65,25 +80,38 @@ public:
     template <std::integral Number>
     void Patch(size_t at, Number value)
     {
-        PutInt(target_.data() + at, value);
+        PutInt(bytes_.data() + at, value);
     }
 
     /// Puts into the room at `at` the count of bytes that were written behind it.
     template <std::integral Number>
     void PatchLength(size_t at)
     {
-        Patch(at, static_cast<Number>(target_.size() - at - sizeof(Number)));
+        Patch(at, static_cast<Number>(size_ - at - sizeof(Number)));
+    }
+
+    [[nodiscard]] ByteView Written() const
+    {
+        return ByteView(bytes_).first(size_);
+    }
+
+    /// Gives up what was written.
+    Bytes Take()
+    {
+        bytes_.resize(std::exchange(size_, 0));
+        return std::move(bytes_);
     }
 
 private:
     uint8_t* Grow(size_t count)
     {
-        const size_t at = target_.size();
-        target_.resize(at + count);
-        return target_.data() + at;
+        uint8_t* place = Room(count);
+        size_ += count;
+        return place;
     }
 
-    Bytes& target_;
+    Bytes bytes_;
+    size_t size_ = 0;
 };
 
 /// Reads what a ByteWriter wrote. Reading past the end gives zeros and leaves `Failed` true for good.

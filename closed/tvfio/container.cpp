@@ -71,8 +71,8 @@ const char* FamilyName(Family family)
 }
 
 ListFileWriter::ListFileWriter(Family family)
+    : writer_(kTypicalBytes)
 {
-    bytes_.reserve(kTypicalBytes);
     for (const uint8_t byte : kMagic)
         writer_.Int(byte);
     writer_.Int(kFormatVersion);
@@ -99,9 +99,9 @@ void ListFileWriter::EndSection()
 Bytes ListFileWriter::Finish()
 {
     EndSection();
-    writer_.Patch(kLengthAt, static_cast<uint32_t>(bytes_.size() - kHeaderBytes));
-    writer_.Patch(kChecksumAt, FileChecksum(bytes_));
-    return std::move(bytes_);
+    writer_.Patch(kLengthAt, static_cast<uint32_t>(writer_.Written().size() - kHeaderBytes));
+    writer_.Patch(kChecksumAt, FileChecksum(writer_.Written()));
+    return writer_.Take();
 }
 
 FioStatus ReadListFile(ByteView file, Family family, Sections& sections)

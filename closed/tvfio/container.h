@@ -50,8 +50,7 @@ public:
 private:
     void EndSection();
 
-    Bytes bytes_;
-    ByteWriter writer_{ bytes_ };
+    ByteWriter writer_;
     size_t openSection_ = 0;
 };
 

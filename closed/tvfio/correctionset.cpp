@@ -8,23 +8,6 @@ namespace {
 
 constexpr std::array<int32_t, 11> kNewIdentity{ 4090, 1000, 1, 1, 1, 0, 1, 0, 1, 1, 0 };
 
-template <typename Visitor, typename Record>
-requires std::same_as<std::remove_const_t<Record>, CorrKfactorRecord>
-void VisitFields(Visitor& visit, Record& record)
-{
-    visit(record.Frequency, correctionRules::kKfactor);
-    visit(record.Active, correctionRules::kKfactor);
-    visit(record.Passive, correctionRules::kKfactor);
-}
-
-template <typename Visitor, typename Record>
-requires std::same_as<std::remove_const_t<Record>, CorrPhaseRecord>
-void VisitFields(Visitor& visit, Record& record)
-{
-    visit(record.Frequency, correctionRules::kPhase);
-    visit(record.Phase, correctionRules::kPhase);
-}
-
 template <size_t Size>
 void SetChars(char (&target)[Size], std::string_view text)
 {
@@ -109,10 +92,7 @@ void WriteTable(ListFileWriter& file, SectionId id, const std::vector<Record>& t
     ByteWriter& section = file.Section(id);
     section.Int(static_cast<uint32_t>(table.size()));
     for (const Record& entry : table) {
-        WriteRecord(section, [&] {
-            FieldWriter write(section);
-            VisitFields(write, entry);
-        });
+        WriteRecord(section, [&] { WriteFields(section, entry); });
     }
 }
 
@@ -133,8 +113,7 @@ void WriteAzimuths(ListFileWriter& file, const std::vector<CorrAzimuthRecord>& t
 template <typename Record>
 FioStatus ReadEntry(ByteReader& record, size_t position, Record& entry)
 {
-    FieldReader read(record);
-    VisitFields(read, entry);
+    const FieldReader read = ReadFields(record, entry);
     return CheckRecord(record, read, position);
 }
 

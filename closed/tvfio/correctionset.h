@@ -33,6 +33,23 @@ inline constexpr ValueRule kPhase{ FioStatus::CorrectionOmniphaseEntry };
 inline constexpr ValueRule kAzimuth{ FioStatus::CorrectionAzimuthEntry };
 } // namespace correctionRules
 
+template <typename Visitor, typename Record>
+requires std::same_as<std::remove_const_t<Record>, CorrKfactorRecord> Visitor VisitFields(Visitor visit, Record& record)
+{
+    visit(record.Frequency, correctionRules::kKfactor);
+    visit(record.Active, correctionRules::kKfactor);
+    visit(record.Passive, correctionRules::kKfactor);
+    return visit;
+}
+
+template <typename Visitor, typename Record>
+requires std::same_as<std::remove_const_t<Record>, CorrPhaseRecord> Visitor VisitFields(Visitor visit, Record& record)
+{
+    visit(record.Frequency, correctionRules::kPhase);
+    visit(record.Phase, correctionRules::kPhase);
+    return visit;
+}
+
 /// The marker in the identity of every correction set.
 inline constexpr std::string_view kCorrectionMarker = "TARVIK_CORRECTIONFILE";
 

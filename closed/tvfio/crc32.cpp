@@ -7,10 +7,10 @@ namespace tvfio {
 namespace {
 
 constexpr uint32_t kPolynomial = 0xEDB88320U;
-constexpr size_t kSlices = 8;
+constexpr size_t kSlices = 16;
 using CrcTable = std::array<std::array<uint32_t, 256>, kSlices>;
 
-/// Table k holds the sum of a byte with k zero bytes behind it, so that eight bytes take one step.
+/// Table k holds the sum of a byte with k zero bytes behind it, so that sixteen bytes take one step.
 constexpr CrcTable MakeTable()
 {
     CrcTable table{};
@@ -38,12 +38,12 @@ uint32_t Crc32(ByteView bytes, uint32_t previous)
     uint32_t sum = ~previous;
     size_t at = 0;
     for (; at + kSlices <= bytes.size(); at += kSlices) {
-        uint32_t mixed = 0;
-        for (size_t i = 0; i < kSlices; ++i) {
-            const uint32_t byte = i < 4 ? (bytes[at + i] ^ (sum >> (8 * i))) & 0xFFU : bytes[at + i];
-            mixed ^= kTable[kSlices - 1 - i][byte];
-        }
-        sum = mixed;
+        const uint32_t first = sum;
+        sum = 0;
+        for (size_t i = 0; i < sizeof first; ++i)
+            sum ^= kTable[kSlices - 1 - i][(bytes[at + i] ^ (first >> (8 * i))) & 0xFFU];
+        for (size_t i = sizeof first; i < kSlices; ++i)
+            sum ^= kTable[kSlices - 1 - i][bytes[at + i]];
     }
     for (; at < bytes.size(); ++at)
         sum = (sum >> 8) ^ kTable[0][(sum ^ bytes[at]) & 0xFFU];

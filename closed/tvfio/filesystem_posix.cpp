@@ -96,18 +96,20 @@ int FileSystem::Describe(const std::string& path, FileInfo& info)
     info = {};
     info.RealPath = path;
     struct stat status { };
-    if (::stat(path.c_str(), &status) != 0)
+    if (::lstat(path.c_str(), &status) != 0)
         return errno == ENOENT ? 0 : errno;
+    if (S_ISLNK(status.st_mode)) {
+        const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
+        if (real == nullptr || ::stat(real.get(), &status) != 0)
+            return errno;
+        info.RealPath = real.get();
+    }
     info.Exists = true;
     info.IsFolder = S_ISDIR(status.st_mode);
     info.IsRegular = S_ISREG(status.st_mode);
     // The superuser may write everything; a file without any write bit was protected on purpose all the same.
     info.IsWritable = (status.st_mode & kAnyoneWrites) != 0 && ::access(path.c_str(), W_OK) == 0;
     info.Permissions = status.st_mode & 0777;
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
-    if (real == nullptr)
-        return errno;
-    info.RealPath = real.get();
     return 0;
 }
 

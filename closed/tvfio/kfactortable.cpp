@@ -21,10 +21,7 @@ Bytes KfactorTable::Encode() const
     ByteWriter& section = file.Section(SectionId::Records);
     section.Int(static_cast<uint32_t>(Entries.size()));
     for (const KfactorRecord& entry : Entries) {
-        WriteRecord(section, [&] {
-            FieldWriter write(section);
-            VisitFields(write, entry);
-        });
+        WriteRecord(section, [&] { WriteFields(section, entry); });
     }
     return file.Finish();
 }
@@ -41,8 +38,7 @@ FioStatus KfactorTable::Decode(ByteView file)
     if (status != FioStatus::Ok)
         return status;
     return ReadRecords(section, kCapacity, [this](ByteReader& record, size_t position) {
-        FieldReader read(record);
-        VisitFields(read, Entries.emplace_back());
+        const FieldReader read = ReadFields(record, Entries.emplace_back());
         return CheckRecord(record, read, position);
     });
 }

@@ -18,12 +18,12 @@ inline constexpr ValueRule kActive{ FioStatus::KfactorActive };
 } // namespace kfactorRules
 
 template <typename Visitor, typename Record>
-requires std::same_as<std::remove_const_t<Record>, KfactorRecord>
-void VisitFields(Visitor& visit, Record& record)
+requires std::same_as<std::remove_const_t<Record>, KfactorRecord> Visitor VisitFields(Visitor visit, Record& record)
 {
     visit(record.Frequency, kfactorRules::kFrequency);
     visit(record.Passive, kfactorRules::kPassive);
     visit(record.Active, kfactorRules::kActive);
+    return visit;
 }
 
 struct KfactorTable {

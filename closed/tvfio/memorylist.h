@@ -51,8 +51,7 @@ inline constexpr IntRule kDfBandwidth{ 0, 32, FioStatus::MemoryDfBandwidth };
 } // namespace memoryRules
 
 template <typename Visitor, typename Record>
-requires std::same_as<std::remove_const_t<Record>, MemoryRecord>
-void VisitFields(Visitor& visit, Record& record)
+requires std::same_as<std::remove_const_t<Record>, MemoryRecord> Visitor VisitFields(Visitor visit, Record& record)
 {
     visit(record.MemItemNumber, memoryRules::kNumber);
     visit(record.Frequency, memoryRules::kFrequency);
@@ -73,6 +72,7 @@ void VisitFields(Visitor& visit, Record& record)
     visit(record.Reserved1, memoryRules::kDfBandwidth);
     visit(record.Reserved2, kAnyInt);
     visit(record.Reserved3, kAnyInt);
+    return visit;
 }
 
 inline constexpr int kMemoryItems = 1024;

@@ -10,7 +10,8 @@ namespace tvfio {
 /// A list whose records stand at the indexes `First` to `Capacity` - 1; a place that is not used holds a default
 /// record. `Staged` is filled field by field and put into a place by `Commit`.
 ///
-/// A record type has a function `VisitFields(visitor, record)` that names its fields and their rules in file order.
+/// A record type has a function `VisitFields(visitor, record)` that visits its fields, each with its
+/// rule, in file order and returns the visitor.
 template <typename Record, int First, int Capacity>
 struct SlotList {
     using RecordType = Record;
@@ -97,8 +98,7 @@ Bytes EncodeSlots(Family family, const List& list)
             continue;
         WriteRecord(section, [&] {
             section.Int(static_cast<uint16_t>(i));
-            FieldWriter write(section);
-            VisitFields(write, list.Records[i]);
+            WriteFields(section, list.Records[i]);
         });
     }
     return file.Finish();
@@ -113,8 +113,7 @@ template <typename List>
     if (list.Used[static_cast<size_t>(index)])
         return Fail(FioStatus::FileSameIndex);
     typename List::RecordType fields;
-    FieldReader read(record);
-    VisitFields(read, fields);
+    const FieldReader read = ReadFields(record, fields);
     if (const FioStatus status = CheckRecord(record, read, position); status != FioStatus::Ok)
         return status;
     list.Put(index, fields);

@@ -21,13 +21,13 @@ inline constexpr TextRule kDescription{ 32, FioStatus::SuppressDescriptionTooLon
 } // namespace suppressRules
 
 template <typename Visitor, typename Record>
-requires std::same_as<std::remove_const_t<Record>, SuppressRecord>
-void VisitFields(Visitor& visit, Record& record)
+requires std::same_as<std::remove_const_t<Record>, SuppressRecord> Visitor VisitFields(Visitor visit, Record& record)
 {
     visit(record.Include, suppressRules::kInclude);
     visit(record.StartFrequency, suppressRules::kStartFrequency);
     visit(record.StopFrequency, suppressRules::kStopFrequency);
     visit(record.Description, suppressRules::kDescription);
+    return visit;
 }
 
 struct SuppressList : SlotList<SuppressRecord, 0, 100> {

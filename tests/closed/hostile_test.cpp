@@ -204,8 +204,7 @@ protected:
     {
         WriteRecord(section, [&] {
             section.Int(index);
-            FieldWriter write(section);
-            VisitFields(write, entry);
+            WriteFields(section, entry);
         });
     }
 
@@ -283,8 +282,7 @@ TEST_F(HostileRecord, FieldsOfALaterVersionAreSkipped)
         section.Int(uint32_t{ 2 });
         WriteRecord(section, [&] {
             section.Int(uint16_t{ 4 });
-            FieldWriter write(section);
-            VisitFields(write, entry);
+            WriteFields(section, entry);
             section.Int(uint64_t{ 0x123456789ABCDEF0 });
         });
         WriteEntry(section, 5, entry);
@@ -324,8 +322,7 @@ TEST_F(HostileRecord, AnAntennaAtPlace0IsRefused)
     section.Int(uint32_t{ 1 });
     WriteRecord(section, [&] {
         section.Int(uint16_t{ 0 });
-        FieldWriter write(section);
-        VisitFields(write, antenna);
+        WriteFields(section, antenna);
     });
     EXPECT_EQ(LoadBytes<AntennaList>(file.Finish()), FioStatus::FileRecord);
 }

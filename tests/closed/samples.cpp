@@ -85,10 +85,9 @@ void FillSample(CorrectionSet& set)
 
 void RepairHeader(Bytes& file)
 {
-    ByteWriter writer(file);
-    writer.Patch(12, static_cast<uint32_t>(file.size() - kHeaderBytes));
+    PutInt(file.data() + 12, static_cast<uint32_t>(file.size() - kHeaderBytes));
     const ByteView view(file);
-    writer.Patch(16, Crc32(view.subspan(kHeaderBytes), Crc32(view.first(16))));
+    PutInt(file.data() + 16, Crc32(view.subspan(kHeaderBytes), Crc32(view.first(16))));
 }
 
 } // namespace tvfio

@@ -272,6 +272,15 @@ TEST_F(Saving, SavesIntoTheFileBehindALink)
     EXPECT_TRUE(S_ISLNK(status.st_mode));
 }
 
+TEST_F(Saving, RefusesALinkThatLeadsNowhere)
+{
+    ASSERT_EQ(::symlink("gone", Path("list").c_str()), 0);
+    EXPECT_EQ(Save(Path("list")), FioStatus::FileCreate);
+    struct stat status { };
+    ASSERT_EQ(::lstat(Path("list").c_str(), &status), 0);
+    EXPECT_TRUE(S_ISLNK(status.st_mode));
+}
+
 TEST_F(Saving, RefusesAWriteProtectedFile)
 {
     Store(Path("list"), old);

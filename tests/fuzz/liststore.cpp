@@ -8,12 +8,6 @@ namespace {
 
 constexpr unsigned kLeaveBroken = 16; // one in so many stays as it is
 
-void Store(uint8_t* place, uint32_t value)
-{
-    for (size_t i = 0; i < sizeof value; ++i)
-        place[i] = static_cast<uint8_t>(value >> (8 * i));
-}
-
 } // namespace
 
 extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t maxSize, unsigned seed)
@@ -22,7 +16,7 @@ extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t max
     if (mutated < tvfio::kHeaderBytes || seed % kLeaveBroken == 0)
         return mutated;
     const tvfio::ByteView file(data, mutated);
-    Store(data + 12, static_cast<uint32_t>(mutated - tvfio::kHeaderBytes));
-    Store(data + 16, tvfio::Crc32(file.subspan(tvfio::kHeaderBytes), tvfio::Crc32(file.first(16))));
+    tvfio::PutInt(data + 12, static_cast<uint32_t>(mutated - tvfio::kHeaderBytes));
+    tvfio::PutInt(data + 16, tvfio::Crc32(file.subspan(tvfio::kHeaderBytes), tvfio::Crc32(file.first(16))));
     return mutated;
 }

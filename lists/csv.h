@@ -15,7 +15,7 @@ inline constexpr int kTextCsvTooManyLines = 12781;
 inline constexpr int kTextCsvBadLine = 12782;
 
 /// No list comes near this size; a larger file is refused before it is read.
-inline constexpr qint64 kLargestCsvBytes = 16 * 1024 * 1024;
+inline constexpr qint64 kLargestCsvBytes = qint64{ 16 } * 1024 * 1024;
 
 /// True when the extension text of the present file class is the CSV extension 11003: then files follow the region.
 bool CsvUseLocaleForm();

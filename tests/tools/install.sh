@@ -6,7 +6,7 @@ trap 'rm -rf "$folder"' EXIT
 cmake --install "$1" --prefix "$folder/first" >/dev/null
 mv "$folder/first" "$folder/moved here"
 cd "$folder/moved here"
-for file in tarvik tarvikctl tvgen.so tvlng.so tvscpi.so tvfio.so tvswp.so tvimg.so LICENSE \
+for file in tarvik tarvikctl tvgen.so tvlng.so tvscpi.so tvfio.so tvswp.so tvimg.so TARVIK.chm LICENSE \
   examples/Marine-VHF.tvm share/man/man1/tarvikctl.1 share/bash-completion/completions/tarvikctl \
   share/applications/tarvik.desktop; do
   [ -f "$file" ] || { echo "not installed: $file"; exit 1; }

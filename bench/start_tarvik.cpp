@@ -1,0 +1,42 @@
+// bench/start_tarvik.cpp: the program's start to the first picture of its frame. What the logo takes is left out: its
+// timer ends it at once, and the time between its appearance and its end is taken off.
+#include "app/MfMain.h"
+#include "app/seams.h"
+#include "bench/firstPaint.h"
+#include "composition.h"
+
+#include <QApplication>
+
+namespace {
+
+class LogoClock final : public QObject {
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const bool isLogo = event->type() == QEvent::Show || event->type() == QEvent::Hide
+            ? watched->objectName() == QLatin1String("FmLogo")
+            : false;
+        if (isLogo && watched->isWidgetType())
+            ShownNs += event->type() == QEvent::Show ? -MonotonicNs() : MonotonicNs();
+        return false;
+    }
+
+    qint64 ShownNs = 0;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    ComposeProgram();
+    const auto startTimer = TheSeams().StartTimer;
+    TheSeams().StartTimer = [startTimer](int, std::function<void()> tick) { startTimer(0, std::move(tick)); };
+    LogoClock logo;
+    application.installEventFilter(&logo);
+    MfMain frame(QApplication::applicationDirPath());
+    const FirstPaint first(frame, [&logo] { ReportStart(logo.ShownNs); });
+    if (!frame.Load())
+        return EXIT_FAILURE;
+    return QApplication::exec();
+}

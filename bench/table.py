@@ -1,0 +1,52 @@
+#!/usr/bin/env python3
+"""Prints the figures that bench/run collected in a folder as one table, each beside what it must not exceed."""
+import json
+import sys
+
+
+def load(name):
+    with open(f"{sys.argv[1]}/{name}.json", encoding="utf-8") as file:
+        return json.load(file)
+
+
+rows = []
+
+
+def row(what, value, limit, unit, beside=""):
+    verdict = "" if limit is None else ("ok" if value <= limit else "TOO MUCH")
+    rows.append((what, f"{value:.2f} {unit}", "" if limit is None else f"{limit:.2f} {unit}", verdict, beside))
+
+
+for display in ("offscreen", "xvfb"):
+    start = load(f"start-{display}")
+    for column, (what, unit) in enumerate((("start to first paint", "ms"), ("peak memory at first paint", "MiB"))):
+        bare = start["start_bare"][column]
+        row(f"{what}, {display}", start["start_tarvik"][column], 1.5 * bare, unit, f"bare window {bare:.1f} {unit}")
+    editor = load(f"editor-{display}")
+    row(f"open the editor on 1024 rows, {display}", editor["open"], 80, "ms")
+    row(f"Page Down to finished repaint, {display}", editor["pageDown"], 4, "ms",
+        f"slowest {editor['slowestPageDown']:.2f} ms")
+
+def best(name):
+    """The shortest of the repeated runs of each benchmark, in ms."""
+    figures = {}
+    for bench in load(name)["benchmarks"]:
+        if bench["run_type"] == "iteration":
+            figures.setdefault(bench["run_name"].split("/")[0], []).append(bench["real_time"] / 1000)
+    return {run: min(times) for run, times in figures.items()}
+
+
+lists = best("lists")
+store = best("store")
+python = {name: us / 1000 for name, us in load("yardstick").items()}
+row("read CSV of 1024 rows", lists["ReadCsv"], 2, "ms", f"Python csv {python['PythonReadCsv']:.2f} ms")
+row("write CSV of 1024 rows", lists["WriteCsv"], 2, "ms", f"Python csv {python['PythonWriteCsv']:.2f} ms")
+row("read binary of 1024 rows into the table", lists["ReadBinary"], 0.5, "ms", f"store alone {store['Load']:.2f} ms")
+row("write binary of 1024 rows to disk", store["Save"], 1.5 * store["BareReplaceToLast"], "ms",
+    f"bare write, flush, rename {store['BareReplace']:.2f} ms, folder flushed too {store['BareReplaceToLast']:.2f} ms")
+
+print("| what | figure | at most | | beside |")
+print("|---|---|---|---|---|")
+for cells in rows:
+    print("| " + " | ".join(cells) + " |")
+sys.exit(any(cells[3] == "TOO MUCH" for cells in rows))

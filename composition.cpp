@@ -4,6 +4,7 @@
 #include "app/FmAbout.h"
 #include "app/FmHelp.h"
 #include "app/FmMessage.h"
+#include "app/Pictures.h"
 #include "app/PlatformSeams.h"
 #include "app/dropFiles.h"
 #include "app/help.h"
@@ -43,6 +44,7 @@ void BindFolders()
 
 void ComposeProgram()
 {
+    QApplication::setWindowIcon(ProgramIcon());
     BindPlatformSeams();
     BindMessageForm();
     BindFolders();

@@ -6,6 +6,7 @@
 #include "app/lang.h"
 #include "app/project.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QHBoxLayout>
 #include <QTimer>
@@ -147,7 +148,8 @@ void FrameToolbar::Tick()
 
 int FrameToolbar::ButtonUnderPointer() const
 {
-    if (!window()->isActiveWindow() || !Program().Idle || !isVisible())
+    const bool isCovered = QApplication::activePopupWidget() != nullptr; // by a menu or a What's This text
+    if (!window()->isActiveWindow() || !Program().Idle || !isVisible() || isCovered)
         return kNoButton;
     const QPoint pointer = QCursor::pos();
     for (size_t at = 0; at < Cm.size(); ++at) {

@@ -20,6 +20,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
+#include <QThread>
 
 namespace {
 
@@ -39,7 +40,6 @@ MfMain::MfMain(const QString& programFolder)
 {
     setObjectName(QStringLiteral("MfMain"));
     setWindowTitle(ProductTitle());
-    setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
     SetControlHelp(this, kHelpFrame);
     BuildAreas();
@@ -201,13 +201,14 @@ void MfMain::keyPressEvent(QKeyEvent* event)
 
 void MfMain::closeEvent(QCloseEvent* event)
 {
-    if (!ProjectQueryUnload()) {
+    if (!Program().Started || !ProjectQueryUnload()) { // a start runs to its end
         event->ignore();
         return;
     }
     ProjectUnload(*this);
     event->accept();
-    QCoreApplication::quit();
+    if (QThread::currentThread()->loopLevel() > 0)
+        QCoreApplication::exit(0);
 }
 
 QMenu* MfMain::createPopupMenu()

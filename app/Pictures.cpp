@@ -43,12 +43,19 @@ public:
     {
     }
 
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
+    /// A picture that is paler as a whole: its parts must not show through each other.
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
+        if (mode != QIcon::Disabled) {
+            Paint(*painter, InColour(picture_, QGuiApplication::palette().color(QPalette::WindowText)), rect);
+            return;
+        }
+        const qreal scale = painter->device()->devicePixelRatioF();
+        QPixmap whole = pixmap(rect.size() * scale, QIcon::Normal, state);
+        whole.setDevicePixelRatio(scale);
         painter->save();
-        if (mode == QIcon::Disabled)
-            painter->setOpacity(painter->opacity() * kDisabledOpacity);
-        Paint(*painter, InColour(picture_, QGuiApplication::palette().color(QPalette::WindowText)), rect);
+        painter->setOpacity(painter->opacity() * kDisabledOpacity);
+        painter->drawPixmap(rect.topLeft(), whole);
         painter->restore();
     }
 

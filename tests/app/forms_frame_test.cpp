@@ -240,6 +240,15 @@ TEST_F(Frame, RefusesToCloseWhileACommandRuns)
     EXPECT_TRUE(main.close());
 }
 
+TEST_F(Frame, RefusesToCloseBeforeTheStartIsOver)
+{
+    bool closed = true;
+    TheProjectHooks().AutoConnect = [this, &closed](bool) { closed = frame->close(); };
+    Start();
+    EXPECT_FALSE(closed);
+    EXPECT_TRUE(frame->isVisible());
+}
+
 TEST_F(Frame, ClosesByItsExitItem)
 {
     MfMain& main = Start();

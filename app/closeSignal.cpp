@@ -1,0 +1,56 @@
+#include "app/closeSignal.h"
+
+#include <QtGlobal>
+
+#if defined(Q_OS_UNIX)
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <utility>
+
+namespace {
+
+/// A handler may do next to nothing: it writes a byte here, and the message loop reads it.
+std::array<int, 2>& Pipe()
+{
+    static std::array<int, 2> pipe{ -1, -1 };
+    return pipe;
+}
+
+void Wake(int)
+{
+    const char byte = 0;
+    [[maybe_unused]] const ssize_t written = ::write(Pipe()[1], &byte, 1);
+}
+
+} // namespace
+
+void OnCloseSignal(std::function<void()> close)
+{
+    if (Pipe()[0] >= 0 || ::pipe(Pipe().data()) != 0)
+        return;
+    for (const int end : Pipe())
+        ::fcntl(end, F_SETFD, FD_CLOEXEC);
+    auto* notifier = new QSocketNotifier(Pipe()[0], QSocketNotifier::Read, QCoreApplication::instance());
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [notifier, run = std::move(close)] {
+        notifier->setEnabled(false);
+        run();
+    });
+    struct sigaction action { };
+    action.sa_handler = Wake;
+    action.sa_flags = SA_RESETHAND | SA_RESTART; // the second signal finds the system's own handler
+    for (const int signal : { SIGTERM, SIGINT, SIGHUP })
+        ::sigaction(signal, &action, nullptr);
+}
+
+#else
+
+void OnCloseSignal(std::function<void()>) { }
+
+#endif

@@ -1,0 +1,152 @@
+#!/usr/bin/env bash
+# startup.sh CASE BIN SUFFIX: starts the real program in a folder of its own and looks at what it does.
+# The program needs a display; the boxes it shows are answered by keys.
+set -euo pipefail
+
+case=$1 bin=$2 suffix=$3
+folder=$(mktemp -d)
+pid=
+trap 'kill -9 "${pid:-}" 2>/dev/null || true; rm -rf "$folder"' EXIT
+
+fail() {
+  echo "$case: $*" >&2
+  cat "$folder/errors" >&2 2>/dev/null || true
+  exit 1
+}
+
+# Copies the program and its modules, but none of those named.
+copy_without() {
+  local file
+  for file in tarvik tvgen tvlng tvscpi tvfio tvswp tvimg TARVIK.chm; do
+    [[ " $* " == *" $file "* ]] && continue
+    [[ $file == tv* ]] && file=$file$suffix
+    cp "$bin/$file" "$folder/"
+  done
+}
+
+start() {
+  "$folder/tarvik" "$@" 2>"$folder/errors" &
+  pid=$!
+}
+
+# True while the program runs.
+runs() {
+  kill -0 "$pid" 2>/dev/null
+}
+
+# Waits until the command succeeds, at most 30 s, and no longer than the program runs.
+wait_for() {
+  local tries
+  for ((tries = 0; tries < 300; ++tries)); do
+    "$@" && return
+    runs || fail "ended while waiting for: $*"
+    sleep 0.1
+  done
+  fail "in vain: $*"
+}
+
+# True when the program shows a window with this title and the keyboard speaks to it.
+has_active() {
+  [[ $(xdotool getactivewindow getwindowname 2>/dev/null) == "$1" ]]
+}
+
+# True when the frame is there: it alone bears the window class and can be made larger than any form.
+has_frame() {
+  local window
+  for window in $(xdotool search --onlyvisible --pid "$pid" --name '^Tarvik$' 2>/dev/null); do
+    [[ $(xdotool getwindowgeometry --shell "$window" | sed -n 's/^WIDTH=//p') -ge 1000 ]] && return
+  done
+  return 1
+}
+
+expect_exit() {
+  local code
+  wait "$pid" && code=0 || code=$?
+  [[ $code == "$1" ]] || fail "exit code $code instead of $1"
+}
+
+quit() {
+  wait_for has_frame
+  kill "$pid"
+  expect_exit 0
+}
+
+# A missing or broken module that the texts need: a plain box, told on standard error too.
+expect_plain_box() {
+  wait_for has_active Tarvik
+  local name=${1^^}${suffix^^}
+  printf 'Tarvik: Tarvik library %s can not be loaded.\nRun setup again.\nTarvik aborted.\n' "$name" |
+    diff - <(grep -v -e QStandardPaths "$folder/errors") || fail "another text in the box"
+  xdotool key Return
+  expect_exit 1
+}
+
+# Any other module: the message form.
+expect_message() {
+  wait_for has_active Tarvik
+  grep -q "can not be loaded" "$folder/errors" && fail "a plain box in place of the message form"
+  xdotool key Return
+  expect_exit 1
+}
+
+case $case in
+  Quits)
+    copy_without
+    start
+    quit
+    [[ -s $folder/Tarvik.ini ]] || fail "no settings file"
+    grep -q '^AutoTile=0' "$folder/Tarvik.ini" || fail "settings are not whole"
+    ;;
+  QuitsByItsCloseBox)
+    copy_without
+    start
+    wait_for has_frame
+    xdotool windowactivate --sync "$(xdotool search --onlyvisible --pid "$pid" --name '^Tarvik$' | tail -1)" key alt+F4
+    expect_exit 0
+    [[ -s $folder/Tarvik.ini ]] || fail "no settings file"
+    ;;
+  RemovesTemporaryFiles)
+    copy_without
+    touch "$folder"/temp{00.set,07.png,10.png}
+    start
+    quit
+    [[ ! -e $folder/temp07.png && ! -e $folder/temp00.set ]] || fail "a temporary file is still there"
+    [[ -e $folder/temp10.png ]] || fail "a file of another name is gone"
+    ;;
+  StartsWithoutPictureModule)
+    copy_without tvimg
+    start
+    quit
+    ;;
+  StartsWithTextInPlaceOfPictureModule)
+    copy_without tvimg
+    echo "no library" >"$folder/tvimg$suffix"
+    start
+    quit
+    ;;
+  OpensQuotedFile)
+    copy_without
+    cp "$(dirname "$0")/../../examples/PMR446.tvm" "$folder/my own list.tvm"
+    start "\"$folder/my own list.tvm\""
+    wait_for has_active "Memory List Editor - my own list.tvm"
+    xdotool key Escape
+    wait_for has_active Tarvik
+    quit
+    grep -q '^Name=my own list.tvm' "$folder/Tarvik.ini" || fail "the file is not remembered"
+    ;;
+  Missing-* | Text-*)
+    module=${case#*-}
+    copy_without "$module"
+    [[ $case == Text-* ]] && echo "no library" >"$folder/$module$suffix"
+    start
+    if [[ $module == tvgen || $module == tvlng ]]; then
+      expect_plain_box "$module"
+    else
+      expect_message
+    fi
+    [[ ! -e $folder/Tarvik.ini ]] || fail "settings were written"
+    ;;
+  *)
+    fail "no such case"
+    ;;
+esac

@@ -40,6 +40,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(tarvik_options INTERFACE -fpch-preprocess)
 endif()
 if(TARVIK_SANITIZE)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # The sanitizers' own code misleads this check, in the standard library's headers too.
+    target_compile_options(tarvik_options INTERFACE -Wno-maybe-uninitialized)
+  endif()
   target_compile_options(tarvik_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                   -fno-omit-frame-pointer)
   target_link_options(tarvik_options INTERFACE -fsanitize=address,undefined)

@@ -69,15 +69,15 @@ void FrameMenus::AddEntry(const MenuEntry& entry, QMenu* menu)
         CommandRun(command);
         ShowToggles(); // a checkable action has switched its mark by itself, whatever the command did
     });
-    connect(action, &QAction::hovered, this, [hint = MenuHint(entry)] {
-        if (hint != 0)
+    connect(action, &QAction::hovered, this, [entry] {
+        if (const int hint = MenuHint(entry, LinkIsUp()))
             StatusSetId(hint);
         else
             StatusSet({});
     });
 }
 
-/// A text behind a tab is the item's shortcut. A pop-up's twin only shows it: one key has one owner.
+/// A menu shows what stands behind a tab as the item's key; the key itself belongs to the frame's key handler.
 void FrameMenus::SetEntryText(QAction* action, int text, int help)
 {
     const QString caption = LngStr(text);
@@ -97,7 +97,7 @@ void FrameMenus::SetTexts()
             SetEntryText(Action(entry.Name), entry.Text, entry.Help);
             if (pictures && entry.Picture != kNoPicture) {
                 const auto& button = ToolBarTable()[static_cast<size_t>(entry.Picture)];
-                Action(entry.Name)->setIcon(PictureIcon(QString::fromLatin1(button.Picture)));
+                Action(entry.Name)->setIcon(MenuPictureIcon(QString::fromLatin1(button.Picture)));
             }
         }
     };
@@ -170,9 +170,12 @@ void FrameMenus::SetPopupStates(const MenuGroup& group)
 std::optional<int> FrameMenus::HighlightedHelp() const
 {
     const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    const QAction* action = menu == nullptr ? frame_->menuBar()->activeAction() : menu->activeAction();
-    if (action == nullptr && menu != nullptr)
-        action = menu->menuAction();
+    const QMenuBar* bar = frame_->menuBar();
+    const QAction* action = nullptr;
+    if (menu != nullptr)
+        action = menu->activeAction() != nullptr ? menu->activeAction() : menu->menuAction();
+    else if (bar->hasFocus()) // without it the action is only under the pointer
+        action = bar->activeAction();
     if (action == nullptr)
         return std::nullopt;
     return action->property(kHelpNumberProperty).toInt();

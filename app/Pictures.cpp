@@ -1,10 +1,13 @@
 #include "app/Pictures.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
+#include <QRegularExpression>
+#include <QStyle>
 #include <QSvgRenderer>
 
 void EnsureResources()
@@ -29,6 +32,20 @@ QByteArray InColour(QByteArray picture, const QColor& text)
     return picture.replace("currentColor", text.name().toLatin1());
 }
 
+/// The whole picture in one colour.
+QByteArray InOneColour(const QByteArray& picture, const QColor& colour)
+{
+    static const QRegularExpression colours(QStringLiteral("#[0-9a-fA-F]{6}"));
+    return InColour(QString::fromUtf8(picture).replace(colours, colour.name()).toUtf8(), colour);
+}
+
+/// Other styles only tint a highlighted item, and leave its text as it was.
+bool StyleFillsHighlight()
+{
+    const QString style = QApplication::style()->name();
+    return style == QLatin1String("fusion") || style == QLatin1String("windows");
+}
+
 void Paint(QPainter& painter, const QByteArray& picture, const QRectF& rect)
 {
     QSvgRenderer renderer(picture);
@@ -38,8 +55,9 @@ void Paint(QPainter& painter, const QByteArray& picture, const QRectF& rect)
 
 class PictureEngine final : public QIconEngine {
 public:
-    explicit PictureEngine(const QByteArray& picture)
+    PictureEngine(const QByteArray& picture, bool isForMenu)
         : picture_(picture)
+        , isForMenu_(isForMenu)
     {
     }
 
@@ -47,7 +65,7 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
         if (mode != QIcon::Disabled) {
-            Paint(*painter, InColour(picture_, QGuiApplication::palette().color(QPalette::WindowText)), rect);
+            Paint(*painter, Coloured(mode), rect);
             return;
         }
         const qreal scale = painter->device()->devicePixelRatioF();
@@ -79,15 +97,35 @@ public:
     }
 
 private:
+    /// A menu paints the picture of its highlighted item as an active one.
+    QByteArray Coloured(QIcon::Mode mode) const
+    {
+        const QPalette palette = QGuiApplication::palette();
+        if (isForMenu_ && mode == QIcon::Active && StyleFillsHighlight())
+            return InOneColour(picture_, palette.color(QPalette::HighlightedText));
+        return InColour(picture_, palette.color(QPalette::WindowText));
+    }
+
     QByteArray picture_;
+    bool isForMenu_;
 };
+
+QIcon MakeIcon(const QString& name, bool isForMenu)
+{
+    const QByteArray picture = ReadPicture(name);
+    return picture.isEmpty() ? QIcon() : QIcon(new PictureEngine(picture, isForMenu));
+}
 
 } // namespace
 
 QIcon PictureIcon(const QString& name)
 {
-    const QByteArray picture = ReadPicture(name);
-    return picture.isEmpty() ? QIcon() : QIcon(new PictureEngine(picture));
+    return MakeIcon(name, false);
+}
+
+QIcon MenuPictureIcon(const QString& name)
+{
+    return MakeIcon(name, true);
 }
 
 QPixmap PicturePixmap(const QString& name, qreal devicePixelRatio)

@@ -10,6 +10,10 @@
 /// painting, paler while disabled. An unknown name gives an empty icon.
 QIcon PictureIcon(const QString& name);
 
+/// The same for a menu item. Where the style fills a highlighted item with the highlight colour, the picture is all in
+/// the colour of that item's text, since its own colours would not stand out.
+QIcon MenuPictureIcon(const QString& name);
+
 /// Picture `name` in its natural size, in its own colours, for a screen of this scale. Empty for an unknown name.
 QPixmap PicturePixmap(const QString& name, qreal devicePixelRatio);
 

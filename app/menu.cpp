@@ -96,12 +96,15 @@ ConnectCaption ConnectCaptionFor(bool linkUp)
     return linkUp ? kDisconnect : kConnect;
 }
 
-int MenuHint(const MenuEntry& entry)
+int MenuHint(const MenuEntry& entry, bool linkUp)
 {
     if (entry.Run == Command::None)
         return 0;
+    if (entry.Run == Command::Connect && linkUp)
+        return kHintConnected;
+    const Command run = entry.Run == Command::FilePrint ? Command::FilePrintNow : entry.Run;
     for (const ToolButton& button : ToolBarTable()) {
-        if (button.Run == entry.Run)
+        if (button.Run == run)
             return button.Hint;
     }
     return 0;

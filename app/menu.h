@@ -89,9 +89,9 @@ struct ConnectCaption {
 };
 ConnectCaption ConnectCaptionFor(bool linkUp);
 
-/// Text of the status line while an item is highlighted: the hint of the button that runs the same command, 0
-/// without one.
-int MenuHint(const MenuEntry& entry);
+/// Text of the status line while an item is highlighted: the hint of the button that runs the same command or, for
+/// printing, the same with another argument; 0 without one. Connecting has another hint while the link is up.
+int MenuHint(const MenuEntry& entry, bool linkUp);
 
 /// A caption as the system shows it: the NT family has one blank at the end.
 QString FrameCaption(const QString& text, bool isNtFamily);

@@ -287,6 +287,20 @@ TEST(ProgramPictures, FollowTheColourOfTheText)
     EXPECT_NE(light, onDark);
 }
 
+TEST(ProgramPictures, TakeTheColourOfTheTextInAHighlightedMenuItem)
+{
+    const QPalette before = QGuiApplication::palette();
+    QPalette palette = before;
+    palette.setColor(QPalette::HighlightedText, QColor(1, 2, 3));
+    QGuiApplication::setPalette(palette);
+    const QImage inMenu = MenuPictureIcon("print").pixmap(24, 24, QIcon::Active).toImage();
+    const QImage onButton = PictureIcon("print").pixmap(24, 24, QIcon::Active).toImage();
+    QGuiApplication::setPalette(before);
+    EXPECT_EQ(inMenu.pixelColor(12, 17), QColor(1, 2, 3));
+    EXPECT_EQ(onButton.pixelColor(12, 17), QColor(0x2f, 0x80, 0xd1));
+    EXPECT_EQ(MenuPictureIcon("print").pixmap(24, 24).toImage(), PictureIcon("print").pixmap(24, 24).toImage());
+}
+
 namespace {
 
 class FormControls : public FormTest {

@@ -113,9 +113,16 @@ TEST_F(MenuTable, TwinsRunAndBearWhatTheirMainEntryDoes)
     const std::vector<std::array<const char*, 3>> twins{ { "ClMn", "ClMnFileOpen", "MnFileOpen" },
         { "ClMn", "ClMnViewToolbar", "MnViewToolbar" }, { "ClMn", "ClMnViewStatusBar", "MnViewStatusBar" },
         { "ClMn", "ClMnInstrDispSc", "MnInstrDispSc" }, { "ClMn", "ClMnInstrConnect", "MnInstrConnect" },
+        { "ClMn", "ClMnInstrAntennaListControl", "MnInstrAntennaListControl" },
+        { "ClMn", "ClMnInstrKfactorControl", "MnInstrKfactorControl" },
         { "ClMn", "ClMnInstrMemoryListControl", "MnInstrMemoryListControl" },
-        { "ScMn", "ScMnEditCopyGraphics", "MnEditCopyGraph" }, { "SwMn", "SwMnOptionsColor", "MnOptionsColor" },
-        { "SbMn", "SbMnHide", "MnViewStatusBar" }, { "TbMn", "TbMnHide", "MnViewToolbar" } };
+        { "ClMn", "ClMnInstrSuppressListControl", "MnInstrSuppressListControl" },
+        { "ClMn", "ClMnInstrCorrectionSetControl", "MnInstrCorrectionSetControl" },
+        { "ScMn", "ScMnEditCopyGraphics", "MnEditCopyGraph" }, { "ScMn", "ScMnViewDescription", "MnViewDescription" },
+        { "ScMn", "ScMnOptionsDescr", "MnOptionsDescr" }, { "SwMn", "SwMnEditCopyGraphics", "MnEditCopyGraph" },
+        { "SwMn", "SwMnViewDescription", "MnViewDescription" }, { "SwMn", "SwMnOptionsDescr", "MnOptionsDescr" },
+        { "SwMn", "SwMnOptionsColor", "MnOptionsColor" }, { "SbMn", "SbMnHide", "MnViewStatusBar" },
+        { "TbMn", "TbMnHide", "MnViewToolbar" } };
     for (const auto& [popup, name, main] : twins) {
         const MenuEntry& twin = PopupEntry(popup, name);
         const MenuEntry* entry = MenuFind(QLatin1String(main));
@@ -124,6 +131,8 @@ TEST_F(MenuTable, TwinsRunAndBearWhatTheirMainEntryDoes)
         EXPECT_EQ(twin.Help, entry->Help) << name;
         EXPECT_EQ(twin.Run, entry->Run) << name;
         EXPECT_EQ(twin.When, entry->When) << name;
+        EXPECT_EQ(twin.Picture, entry->Picture) << name;
+        EXPECT_EQ(twin.HasCheck, entry->HasCheck) << name;
     }
 }
 
@@ -197,10 +206,20 @@ TEST_F(MenuTable, ToolBarStandsInItsGroups)
 
 TEST_F(MenuTable, AnItemShowsTheHintOfTheButtonWithItsCommand)
 {
-    EXPECT_EQ(MenuHint(*MenuFind("MnFileOpen")), 13802);
-    EXPECT_EQ(MenuHint(*MenuFind("MnToolsMemoryListEditor")), 13853);
-    EXPECT_EQ(MenuHint(*MenuFind("MnFileExit")), 0);
-    EXPECT_EQ(MenuHint(*MenuFind("MnFile")), 0);
+    EXPECT_EQ(MenuHint(*MenuFind("MnFileOpen"), false), 13802);
+    EXPECT_EQ(MenuHint(*MenuFind("MnToolsMemoryListEditor"), false), 13853);
+    EXPECT_EQ(MenuHint(*MenuFind("MnFilePrint"), false), 13808);
+    EXPECT_EQ(MenuHint(PopupEntry("ScMn", "ScMnFilePrint"), false), 13811);
+    EXPECT_EQ(MenuHint(*MenuFind("MnFileExit"), false), 0);
+    EXPECT_EQ(MenuHint(*MenuFind("MnFile"), false), 0);
+}
+
+TEST_F(MenuTable, TheHintOfConnectingTellsTheLink)
+{
+    EXPECT_EQ(MenuHint(*MenuFind("MnInstrConnect"), false), 13821);
+    EXPECT_EQ(MenuHint(*MenuFind("MnInstrConnect"), true), 13823);
+    EXPECT_EQ(MenuHint(PopupEntry("ClMn", "ClMnInstrConnect"), true), 13823);
+    EXPECT_EQ(MenuHint(*MenuFind("MnFileOpen"), true), 13802);
 }
 
 TEST_F(MenuTable, CaptionsEndInABlankOnTheNtFamilyOnly)

@@ -119,6 +119,25 @@ TEST_F(MenuUpdate, TheConnectItemIsNeverTouched)
     EXPECT_EQ(State(input, "MnInstrConnect"), std::nullopt);
 }
 
+TEST_F(MenuUpdate, ItemsWithoutARuleAreNeverTouched)
+{
+    const QStringList free{ "MnFileOpen", "MnFileTvConvert", "MnFilePageSetup", "MnFilePrintSetup", "MnFileExit",
+        "MnViewToolbar", "MnViewStatusBar", "MnInstrConnect", "MnToolsAntennaListEditor", "MnToolsKfactorEditor",
+        "MnToolsMemoryListEditor", "MnToolsSuppressListEditor", "MnToolsCorrectionSetEditor", "MnWindowAutotile",
+        "MnHelpContents", "MnHelpIndex", "MnHelpSearch", "MnHelpWhatsThis", "MnHelpSupport", "MnHelpAbout" };
+    MenuInput nothing;
+    nothing.Started = true;
+    nothing.CanAct = true;
+    for (const MenuGroup& group : MenuBarTable()) {
+        for (const MenuEntry& entry : group.Items) {
+            if (entry.Name != nullptr) {
+                const bool isFree = free.contains(QLatin1String(entry.Name));
+                EXPECT_EQ(Compute(nothing).Entry(entry).has_value(), !isFree) << entry.Name;
+            }
+        }
+    }
+}
+
 TEST_F(MenuUpdate, ArrangingNeedsAWindowThatIsNotMinimised)
 {
     MenuInput input = AllOn();

@@ -4,9 +4,7 @@
 #include "app/form.h"
 #include "app/help.h"
 #include "app/lang.h"
-#include "app/project.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -18,13 +16,15 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QStyledItemDelegate>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTextBrowser>
 #include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-#include <QWhatsThis>
 #include <QWindow>
+
+#include <array>
 
 namespace {
 
@@ -112,21 +112,6 @@ QVBoxLayout* NewColumn(QWidget* parent)
     return column;
 }
 
-std::unique_ptr<FmHelp>& TheViewer()
-{
-    static std::unique_ptr<FmHelp> viewer;
-    return viewer;
-}
-
-/// The viewer over the book that is installed now; null without a readable book.
-FmHelp* ReadyViewer()
-{
-    const HelpFile* book = TheHelpFile();
-    if (book != nullptr && TheViewer() == nullptr)
-        TheViewer() = std::make_unique<FmHelp>(*book);
-    return book == nullptr ? nullptr : TheViewer().get();
-}
-
 } // namespace
 
 FmHelp::FmHelp(const HelpFile& book)
@@ -160,7 +145,15 @@ QWidget* FmHelp::BuildSide()
     TcHelp->addTab(BuildContents(), LngStr(kContentsText));
     TcHelp->addTab(BuildIndex(), LngStr(kIndexText));
     TcHelp->addTab(BuildSearch(), LngStr(kSearchText));
+    connect(TcHelp, &QTabWidget::currentChanged, this, &FmHelp::FocusTab);
     return TcHelp;
+}
+
+/// A tab that was chosen is ready to be typed into; but arrow keys on the tabs themselves go on to the next one.
+void FmHelp::FocusTab(int tab)
+{
+    if (focusWidget() != TcHelp->tabBar())
+        std::array<QWidget*, 3>{ TvContents, TbKeyword, TbWords }.at(static_cast<size_t>(tab))->setFocus();
 }
 
 QWidget* FmHelp::BuildContents()
@@ -263,6 +256,7 @@ void FmHelp::BuildShortcuts()
     add(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { BtBack->click(); });
     add(QKeySequence(Qt::ALT | Qt::Key_Right), [this] { BtForward->click(); });
     add(QKeySequence(Qt::ALT | Qt::Key_Home), [this] { BtHome->click(); });
+    add(QKeySequence(QKeySequence::Find), [this] { Present(kSearchTab, TbWords); });
     add(QKeySequence(QKeySequence::ZoomIn), [this] { BrPage->zoomIn(); });
     add(QKeySequence(QKeySequence::ZoomOut), [this] { BrPage->zoomOut(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_0), [this] { BrPage->setFont({}); });
@@ -442,53 +436,4 @@ void FmHelp::keyPressEvent(QKeyEvent* event)
         close();
     else
         QWidget::keyPressEvent(event);
-}
-
-FmHelp* HelpViewer()
-{
-    return TheViewer().get();
-}
-
-void CloseHelpViewer()
-{
-    TheViewer().reset();
-}
-
-void BindHelpViewer()
-{
-    HelpHooks& hooks = TheHelpHooks();
-    const auto withViewer = [](auto action) {
-        FmHelp* viewer = ReadyViewer();
-        if (viewer != nullptr)
-            action(*viewer);
-        return viewer != nullptr;
-    };
-    hooks.ShowContents = [withViewer] { return withViewer([](FmHelp& viewer) { viewer.ShowContents(); }); };
-    hooks.ShowIndex = [withViewer] { return withViewer([](FmHelp& viewer) { viewer.ShowIndex(); }); };
-    hooks.ShowSearch = [withViewer](const QString& query) {
-        return withViewer([&query](FmHelp& viewer) { viewer.ShowSearch(query); });
-    };
-    hooks.ShowTopic = [withViewer](int helpNumber) {
-        const HelpFile* book = TheHelpFile();
-        const QString path = book == nullptr ? QString() : book->TopicPath(helpNumber);
-        return !path.isEmpty() && withViewer([&path](FmHelp& viewer) { viewer.ShowPath(path); });
-    };
-}
-
-void ShowPopupHelp(QWidget* owner, int helpNumber, QPoint position)
-{
-    QWhatsThis::showText(position, PopupHelpText(helpNumber).toHtmlEscaped(), owner);
-}
-
-/// A menu shows the texts of its own items; they are fetched now, so that the book stays unread until it is needed.
-void EnterWhatsThisMode()
-{
-    for (const QWidget* window : QApplication::topLevelWidgets()) {
-        for (QAction* action : window->findChildren<QAction*>()) {
-            const int help = action->property(kHelpNumberProperty).toInt();
-            if (help != 0)
-                action->setWhatsThis(PopupHelpText(help).toHtmlEscaped());
-        }
-    }
-    QWhatsThis::enterWhatsThisMode();
 }

@@ -38,6 +38,7 @@ protected:
 
 private:
     QWidget* BuildSide();
+    void FocusTab(int tab);
     QWidget* BuildContents();
     QWidget* BuildIndex();
     QWidget* BuildSearch();

@@ -17,6 +17,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QTextBrowser>
@@ -312,6 +313,28 @@ TEST_F(HelpViewerTest, ReachesItsControlsByTab)
     }
     for (const char* name : { "TbWords", "LxFound", "BtHome", "BrPage" })
         EXPECT_TRUE(reached.contains(QLatin1String(name))) << name << " in " << reached.join(u' ').toStdString();
+}
+
+TEST_F(HelpViewerTest, TakesTheFocusIntoATabThatIsChosen)
+{
+    ShowHelp(10702);
+    EXPECT_EQ(HelpViewer()->focusWidget(), &Get<QTextBrowser>("BrPage"));
+    Get<QTabWidget>("TcHelp").setCurrentIndex(1);
+    EXPECT_EQ(HelpViewer()->focusWidget(), &Get<QLineEdit>("TbKeyword"));
+    Get<QTabWidget>("TcHelp").setCurrentIndex(2);
+    EXPECT_EQ(HelpViewer()->focusWidget(), &Get<QLineEdit>("TbWords"));
+    Get<QTabWidget>("TcHelp").tabBar()->setFocus();
+    Get<QTabWidget>("TcHelp").setCurrentIndex(0);
+    EXPECT_EQ(HelpViewer()->focusWidget(), Get<QTabWidget>("TcHelp").tabBar());
+}
+
+TEST_F(HelpViewerTest, GoesToTheSearchByCtrlF)
+{
+    ShowHelp(10702);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(HelpViewer()));
+    QTest::keyClick(HelpViewer()->windowHandle(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(Tab(), LngStr(10607));
+    EXPECT_EQ(HelpViewer()->focusWidget(), &Get<QLineEdit>("TbWords"));
 }
 
 TEST_F(HelpViewerTest, FitsTheScreen)

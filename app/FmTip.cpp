@@ -13,8 +13,6 @@ FmTip::FmTip(QWidget* parent)
 {
     setObjectName(QStringLiteral("FmTip"));
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setPalette(QToolTip::palette());
-    setFont(QToolTip::font());
     LbTip = new QLabel(this);
     LbTip->setObjectName(QStringLiteral("LbTip"));
     LbTip->setAlignment(Qt::AlignCenter);
@@ -28,6 +26,8 @@ void FmTip::ShowTip(const QString& text, const QRect& button)
 {
     if (isVisible() && LbTip->text() == text)
         return;
+    setPalette(QToolTip::palette());
+    setFont(QToolTip::font());
     LbTip->setText(text);
     setAccessibleName(text);
     LbTip->setAccessibleName(text);

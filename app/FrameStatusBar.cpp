@@ -8,11 +8,13 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
+#include <QStyle>
 
 namespace {
 
-constexpr int kPicturePx = 18;
-constexpr int kNarrowPanelPx = 150;
+constexpr int kPictureTwips = 270;
+constexpr int kNarrowPanelTwips = 2250;
 
 constexpr int kTextStatusBar = 11932;
 constexpr int kHelpBar = 13600;
@@ -27,6 +29,34 @@ constexpr int kHintNotConnected = 13609;
 constexpr int kHelpNotConnected = 13610;
 
 constexpr int kProgressPanel = 2;
+
+/// A text that is too long ends in dots, and does not widen the frame. All of it is in the tip.
+class StatusPanel final : public QLabel {
+public:
+    using QLabel::QLabel;
+
+    QSize minimumSizeHint() const override
+    {
+        return { 1, QLabel::minimumSizeHint().height() };
+    }
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::ToolTip)
+            setToolTip(fontMetrics().horizontalAdvance(text()) > width() ? text().toHtmlEscaped() : QString());
+        return QLabel::event(event);
+    }
+
+    void paintEvent(QPaintEvent* event) override
+    {
+        Q_UNUSED(event);
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+        style()->drawItemText(
+            &painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown, foregroundRole());
+    }
+};
 
 void SetStatusControl(QWidget* control, int hint, int help)
 {
@@ -63,13 +93,13 @@ FrameStatusBar::FrameStatusBar(QWidget* frame)
 
 QLabel* FrameStatusBar::NewPanel(int panel)
 {
-    auto* label = new QLabel(panels_);
+    auto* label = new StatusPanel(panels_);
     NameControl(label, QStringLiteral("Panel[%1]").arg(panel));
     label->setTextFormat(Qt::PlainText);
     if (panel == 1)
-        label->setMinimumWidth(1); // a long status text is cut, and does not widen the frame
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     else
-        label->setFixedWidth(kNarrowPanelPx);
+        label->setFixedWidth(PixelsFromTwips(this, kNarrowPanelTwips));
     Panels[static_cast<size_t>(panel - 1)] = label;
     return label;
 }
@@ -88,7 +118,8 @@ void FrameStatusBar::ShowConnectionPictures()
 {
     for (QLabel* label : { ImConnect, ImNoConnect }) {
         const QIcon icon = PictureIcon(label->property("Picture").toString());
-        label->setPixmap(icon.pixmap(QSize(kPicturePx, kPicturePx), devicePixelRatioF()));
+        const int side = PixelsFromTwips(this, kPictureTwips);
+        label->setPixmap(icon.pixmap(QSize(side, side), devicePixelRatioF()));
     }
 }
 

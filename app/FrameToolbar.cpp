@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kPicturePx = 18;
+constexpr int kPictureTwips = 270;
 constexpr int kTextToolbar = 11930;
 
 } // namespace
@@ -42,7 +42,6 @@ QToolButton* FrameToolbar::NewToolButton(int index)
     button->setObjectName(QStringLiteral("Cm[%1]").arg(index));
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
-    button->setIconSize(QSize(kPicturePx, kPicturePx));
     button->setIcon(PictureIcon(QString::fromLatin1(row.Picture)));
     button->setEnabled(false);
     button->hide();
@@ -64,6 +63,7 @@ void FrameToolbar::LayOut()
     layout->setContentsMargins(2, 1, 2, 1);
     layout->setSpacing(0);
     const int pitch = PixelsFromTwips(this, kToolButtonPitchTwips);
+    const int picture = PixelsFromTwips(this, kPictureTwips);
     QWidget* before = nullptr;
     for (const std::vector<int>& group : ToolBarGroups()) {
         if (layout->count() > 0)
@@ -71,6 +71,7 @@ void FrameToolbar::LayOut()
         for (const int index : group) {
             QToolButton* button = Cm[static_cast<size_t>(index)];
             button->setFixedSize(pitch, pitch);
+            button->setIconSize(QSize(picture, picture));
             layout->addWidget(button);
             button->show();
             if (before != nullptr)

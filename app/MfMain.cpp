@@ -14,8 +14,10 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -25,6 +27,8 @@
 namespace {
 
 constexpr int kHelpFrame = 11801;
+constexpr int kChildAreaPercent = 130; // how far its lightness is from the window colour's
+constexpr int kMiddleLightness = 128;
 
 Qt::WindowStates WindowStateOf(int winState)
 {
@@ -58,6 +62,7 @@ void MfMain::BuildAreas()
     MdiArea = new QMdiArea(this);
     MdiArea->setObjectName(QStringLiteral("MdiArea"));
     MdiArea->viewport()->installEventFilter(this);
+    ColourChildArea();
     setCentralWidget(MdiArea);
     connect(MdiArea, &QMdiArea::subWindowActivated, this, [this] { MenuUpdate(); });
 
@@ -75,6 +80,21 @@ void MfMain::BuildAreas()
     ImLogoMr->setObjectName(QStringLiteral("ImLogoMr"));
     ImLogoMr->setPixmap(PicturePixmap(QStringLiteral("logo"), devicePixelRatioF()));
     ImLogoMr->hide();
+}
+
+/// Set apart from the bars around it and, on a dark palette, from the menus, which are the darkest there.
+void MfMain::ColourChildArea()
+{
+    const QColor window = palette().color(QPalette::Window);
+    const bool isDark = window.lightness() < kMiddleLightness;
+    MdiArea->setBackground(isDark ? window.lighter(kChildAreaPercent) : window.darker(kChildAreaPercent));
+}
+
+void MfMain::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && MdiArea != nullptr)
+        ColourChildArea();
 }
 
 bool MfMain::Load()
@@ -145,6 +165,7 @@ void MfMain::ShowBar(QWidget* bar, bool on)
     if (bar->isHidden() == !on)
         return;
     bar->setVisible(on);
+    layout()->activate(); // the room changes now, not with the next event
     TheDocumentHooks().Retile();
 }
 
@@ -209,6 +230,14 @@ void MfMain::closeEvent(QCloseEvent* event)
     event->accept();
     if (QThread::currentThread()->loopLevel() > 0)
         QCoreApplication::exit(0);
+}
+
+/// The menu key opens the frame's menu: one of its entries stands in no other menu.
+void MfMain::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        Popup(QStringLiteral("ClMn"), MdiArea->mapToGlobal(QPoint()));
+    event->accept();
 }
 
 QMenu* MfMain::createPopupMenu()

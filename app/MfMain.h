@@ -49,6 +49,8 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
+    void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -58,6 +60,7 @@ protected:
 
 private:
     void BuildAreas();
+    void ColourChildArea();
     void BindHooks();
     static void UnbindHooks();
     void BindProgress();

@@ -152,8 +152,14 @@ void MfMain::dragMoveEvent(QDragMoveEvent* event)
         event->ignore();
 }
 
+/// The files open once the drag is over: the program that they come from waits for the end of this event, and an
+/// editor would keep it waiting until it is closed.
 void MfMain::dropEvent(QDropEvent* event)
 {
+    if (!DropIsAllowedFor(*event->mimeData())) {
+        event->ignore();
+        return;
+    }
     Accept(event);
-    DropOpenFiles(LocalFiles(*event->mimeData()));
+    QTimer::singleShot(0, this, [files = LocalFiles(*event->mimeData())] { DropOpenFiles(files); });
 }

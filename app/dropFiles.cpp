@@ -32,6 +32,8 @@ bool DropIsAllowed(const QMimeData& data)
 
 void DropOpenFiles(const QStringList& files)
 {
+    if (!CanAct()) // a command may have begun since the drop
+        return;
     for (const QString& file : files) {
         if (IsKnown(file) && !OpenStartFile(file))
             return;

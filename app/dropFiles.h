@@ -22,4 +22,5 @@ bool DropIsAllowed(const QStringList& files);
 bool DropIsAllowed(const QMimeData& data);
 
 /// Opens each file that passes the file test as the command line would; the first that fails ends it.
+/// Nothing while the program cannot act.
 void DropOpenFiles(const QStringList& files);

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QMdiArea>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMimeData>
 
 namespace {
@@ -93,6 +94,21 @@ TEST_F(Frame, F1ShowsTheTopicOfAnOpenMenuWithoutHighlightedEntry)
     menu->hide();
 }
 
+TEST_F(Frame, F1PassesOverAMenuThatIsOnlyUnderThePointer)
+{
+    MfMain& main = Start();
+    QMenuBar& bar = *main.menuBar();
+    const QPoint file = bar.actionGeometry(&Item("MnFile")).center();
+    QMouseEvent move(QEvent::MouseMove, file, bar.mapToGlobal(QPointF(file)), Qt::NoButton, Qt::NoButton, {});
+    QApplication::sendEvent(&bar, &move);
+    ASSERT_EQ(bar.activeAction(), &Item("MnFile"));
+    Key(Qt::Key_F1);
+    EXPECT_EQ(topics, QList<int>{ 13822 });
+    bar.setFocus();
+    Key(Qt::Key_F1);
+    EXPECT_EQ(topics, (QList<int>{ 13822, 11903 }));
+}
+
 TEST_F(Frame, ShiftF1EntersWhatsThis)
 {
     Start();
@@ -138,6 +154,20 @@ TEST_F(Frame, OpensTheMenuOfItsEmptyAreaWhenTheRightButtonGoesUp)
     OpenMenu()->hide();
 }
 
+TEST_F(Frame, OpensTheMenuOfItsEmptyAreaByTheMenuKey)
+{
+    Start();
+    const QPoint at(5, 5);
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, at, Cm(0).mapToGlobal(at));
+    QApplication::sendEvent(&Cm(0), &key);
+    ASSERT_NE(OpenMenu(), nullptr);
+    EXPECT_EQ(OpenMenu()->objectName(), "ClMn");
+    OpenMenu()->hide();
+    QContextMenuEvent mouse(QContextMenuEvent::Mouse, at, Cm(0).mapToGlobal(at));
+    QApplication::sendEvent(&Cm(0), &mouse);
+    EXPECT_EQ(OpenMenu(), nullptr);
+}
+
 TEST_F(Frame, OpensTheMenusOfItsBars)
 {
     MfMain& main = Start();
@@ -177,7 +207,29 @@ TEST_F(Frame, TakesADropOfKnownFilesAndOpensThem)
     QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&main, &drop);
     EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+    EXPECT_TRUE(opened.isEmpty()) << "the other program waits";
+    QCoreApplication::processEvents();
     EXPECT_EQ(opened, (QStringList{ "a.tvm", "b.tvm" }));
+}
+
+TEST_F(Frame, RefusesADropWhileACommandRuns)
+{
+    MfMain& main = Start();
+    QStringList opened;
+    TheDropHooks().IsKnownFile = [](const QString&) { return true; };
+    TheProjectHooks().FileOpen = [&opened](const QString& path) {
+        opened.append(path);
+        return true;
+    };
+    Store(FilePath("a.tvm"), "x");
+    QMimeData data;
+    data.setUrls({ QUrl::fromLocalFile(FilePath("a.tvm")) });
+    BeginBusy();
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&main, &drop);
+    EXPECT_FALSE(drop.isAccepted());
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(opened.isEmpty());
 }
 
 TEST_F(Frame, RefusesADragOfAnUnknownFile)

@@ -5,6 +5,9 @@
 #include "app/statusBar.h"
 #include "tests/app/formsFrame.h"
 
+#include <QApplication>
+#include <QHelpEvent>
+#include <QMdiArea>
 #include <QScreen>
 
 TEST_F(Frame, StartsWithAllItsControlsUnderTheirNames)
@@ -148,8 +151,14 @@ TEST_F(Frame, HidesTheToolBarByItsOwnMenuAndSavesThat)
 {
     MfMain& main = Start();
     int retiles = 0;
-    TheDocumentHooks().Retile = [&retiles] { ++retiles; };
+    int room = main.ChildArea()->height();
+    TheDocumentHooks().Retile = [&] {
+        ++retiles;
+        room = main.ChildArea()->height() - room;
+    };
+    const int barHeight = FindControl(main, "PbToolbar").height();
     Item("TbMnHide").trigger();
+    EXPECT_EQ(room, barHeight) << "the room that they are tiled in";
     EXPECT_FALSE(FindControl(main, "PbToolbar").isVisible());
     EXPECT_FALSE(Program().ToolbarOn);
     EXPECT_FALSE(Item("MnViewToolbar").isChecked());
@@ -311,6 +320,40 @@ TEST_F(Frame, TakesItsStatusBarOutOfUseWhileAnEditorIsOpen)
     EXPECT_FALSE(FindControl(main, "StatusBar").isEnabled());
     TheFrameHooks().EnableStatusBar(true);
     EXPECT_TRUE(FindControl(main, "StatusBar").isEnabled());
+}
+
+TEST_F(Frame, EndsALongStatusTextInDotsAndTellsAllOfItInATip)
+{
+    MfMain& main = Start();
+    const int width = main.width();
+    QWidget& panel = FindControl(main, "Panel[3]");
+    const QString text(200, u'm');
+    TheFrameHooks().SetPanelText(3, text);
+    TheFrameHooks().SetPanelText(1, text.repeated(20));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(main.width(), width);
+    EXPECT_EQ(TextOf(main, "Panel[3]"), text);
+    QHelpEvent ask(QEvent::ToolTip, QPoint(5, 5), panel.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&panel, &ask);
+    EXPECT_EQ(panel.toolTip(), text);
+    const QImage cut = panel.grab().toImage();
+    TheFrameHooks().SetPanelText(3, panel.fontMetrics().elidedText(text, Qt::ElideRight, panel.width()));
+    EXPECT_EQ(panel.grab().toImage(), cut);
+    QApplication::sendEvent(&panel, &ask);
+    EXPECT_EQ(panel.toolTip(), "");
+}
+
+TEST_F(Frame, SetsItsEmptyAreaApartFromItsBarsOnAnyPalette)
+{
+    MfMain& main = Start();
+    QPalette palette = main.palette();
+    const auto areaOn = [&](int lightness) {
+        palette.setColor(QPalette::Window, QColor(lightness, lightness, lightness));
+        main.setPalette(palette);
+        return main.ChildArea()->background().color().lightness();
+    };
+    EXPECT_LT(areaOn(0xEF), 0xEF - 20);
+    EXPECT_GT(areaOn(0x2A), 0x2A + 10);
 }
 
 TEST_F(Frame, TabReachesEveryButtonOnce)

@@ -285,6 +285,13 @@ TEST_F(Drop, OpensTheKnownFilesUpToTheFirstFailure)
     EXPECT_EQ(opened, (QStringList{ "a.tvm", "c.tvm", "bad.tvm" }));
 }
 
+TEST_F(Drop, OpensNothingWhileTheProgramCanNotAct)
+{
+    BeginBusy();
+    DropOpenFiles({ File("a.tvm") });
+    EXPECT_TRUE(opened.isEmpty());
+}
+
 TEST_F(Drop, EndsAtAFileThatIsGone)
 {
     DropOpenFiles({ FilePath("gone.tvm"), File("a.tvm") });

@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int kPictureTwips = 270;
-constexpr int kNarrowPanelTwips = 2250;
+constexpr std::array<int, kStatusPanels> kPanelTwips{ 0, 1800, 1800, 1500 }; ///< the first one takes the rest
 
 constexpr int kTextStatusBar = 11932;
 constexpr int kHelpBar = 13600;
@@ -99,7 +99,7 @@ QLabel* FrameStatusBar::NewPanel(int panel)
     if (panel == 1)
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     else
-        label->setFixedWidth(PixelsFromTwips(this, kNarrowPanelTwips));
+        label->setFixedWidth(PixelsFromTwips(this, kPanelTwips[static_cast<size_t>(panel - 1)]));
     Panels[static_cast<size_t>(panel - 1)] = label;
     return label;
 }

@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QWhatsThis>
 #include <QWidget>
 
 #include <utility>
@@ -75,6 +77,8 @@ bool KeyboardFilter::eventFilter(QObject* watched, QEvent* event)
         return event->isAccepted();
     case QEvent::WhatsThis:
         return PopUpHelpOf(watched, static_cast<QHelpEvent*>(event)->globalPos());
+    case QEvent::MouseButtonRelease:
+        return PopUpHelpOfDisabledItem(watched, *static_cast<QMouseEvent*>(event));
     default:
         return false;
     }
@@ -96,12 +100,14 @@ bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
     return key.Key == Qt::Key_F1 && goesDown && ShowTopicOf(watched);
 }
 
-/// An Escape that closes a list, a menu or a file dialog must not, with its release, close the form below as well.
+/// An Escape that closes a list, a menu or a file dialog, or leaves the What's This mode, must not close the form below
+/// as well, neither at once nor with its release.
 bool KeyboardFilter::IsOurEscape(const QKeyEvent& event)
 {
     if (event.type() == QEvent::KeyRelease)
         return std::exchange(escapeIsOurs_, false);
-    escapeIsOurs_ = QApplication::activePopupWidget() == nullptr && (DialogIsActive() || !DialogIsOpen());
+    const bool isForOther = QApplication::activePopupWidget() != nullptr || QWhatsThis::inWhatsThisMode();
+    escapeIsOurs_ = !isForOther && (DialogIsActive() || !DialogIsOpen());
     return escapeIsOurs_;
 }
 
@@ -120,4 +126,17 @@ bool KeyboardFilter::PopUpHelpOf(QObject* watched, QPoint position)
     if (help != 0)
         ShowPopupHelp(control, help, position);
     return help != 0;
+}
+
+/// A menu tells what its enabled items do; but it is a grey one that makes a user ask.
+bool KeyboardFilter::PopUpHelpOfDisabledItem(QObject* watched, const QMouseEvent& event)
+{
+    auto* menu = QWhatsThis::inWhatsThisMode() ? qobject_cast<QMenu*>(watched) : nullptr;
+    const QAction* action = menu == nullptr ? nullptr : menu->actionAt(event.position().toPoint());
+    const int help = action == nullptr || action->isEnabled() ? 0 : action->property(kHelpNumberProperty).toInt();
+    if (help == 0)
+        return false;
+    menu->close();
+    ShowPopupHelp(QApplication::activeWindow(), help, event.globalPosition().toPoint());
+    return true;
 }

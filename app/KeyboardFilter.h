@@ -6,6 +6,7 @@
 #include <QPoint>
 
 class QKeyEvent;
+class QMouseEvent;
 
 class KeyboardFilter final : public QObject {
     Q_OBJECT
@@ -25,6 +26,7 @@ private:
     bool IsOurEscape(const QKeyEvent& event);
     bool ShowTopicOf(QObject* watched);
     bool PopUpHelpOf(QObject* watched, QPoint position);
+    bool PopUpHelpOfDisabledItem(QObject* watched, const QMouseEvent& event);
 
     bool escapeIsOurs_ = false; ///< the Escape that is held went down in a form and not in a pop-up or file dialog
 };

@@ -24,6 +24,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWhatsThis>
 
 #include <set>
 
@@ -443,6 +444,18 @@ TEST_F(Escape, ThatClosesAListLeavesItsFormOpen)
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     KeyUp(Qt::Key_Escape);
     EXPECT_FALSE(form.IsClosed());
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(Escape, ThatLeavesTheWhatsThisModeLeavesItsFormOpen)
+{
+    ListForm form;
+    ShowForm(form);
+    QWhatsThis::enterWhatsThisMode();
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(QWhatsThis::inWhatsThisMode());
+    ASSERT_FALSE(form.IsClosed());
     Key(Qt::Key_Escape);
     EXPECT_TRUE(form.IsClosed());
 }

@@ -397,3 +397,23 @@ TEST_F(HelpViewerTest, PopsUpTheTextOfAMenuItemInWhatsThisModeInsteadOfRunningIt
     QWhatsThis::hideText();
     QWhatsThis::leaveWhatsThisMode();
 }
+
+TEST_F(HelpViewerTest, PopsUpTheTextOfADisabledMenuItemInWhatsThisMode)
+{
+    KeyboardFilter filter;
+    filter.Install();
+    QMenu menu;
+    QAction* action = menu.addAction(QStringLiteral("a"));
+    action->setProperty(kHelpNumberProperty, 11907);
+    action->setEnabled(false);
+    menu.popup(QPoint(10, 10));
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+    EXPECT_FALSE(IsPoppedUp());
+    EnterWhatsThisMode();
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+    EXPECT_TRUE(IsPoppedUp());
+    EXPECT_FALSE(menu.isVisible());
+    EXPECT_FALSE(QWhatsThis::inWhatsThisMode());
+    QWhatsThis::hideText();
+    filter.Remove();
+}

@@ -109,6 +109,20 @@ void FrameToolbar::SetButtonTexts(int index, int tip, int hint)
 
 void FrameToolbar::Apply(const MenuOutcome& outcome)
 {
+    QWidget* focus = window()->focusWidget();
+    WriteStates(outcome);
+    if (focus != nullptr && focus->parentWidget() == Cm.front()->parentWidget() && !focus->isEnabled()) {
+        switchedOff_ = focus;
+        focusMeanwhile_ = window()->focusWidget();
+    } else if (switchedOff_ != nullptr && switchedOff_->isEnabled()) {
+        if (focus == focusMeanwhile_) // else the command has given it away
+            switchedOff_->setFocus();
+        switchedOff_ = nullptr;
+    }
+}
+
+void FrameToolbar::WriteStates(const MenuOutcome& outcome)
+{
     for (size_t at = 0; at < Cm.size(); ++at) {
         if (Cm[at]->isEnabled() != outcome.Buttons[at])
             Cm[at]->setEnabled(outcome.Buttons[at]);

@@ -4,6 +4,7 @@
 #include "app/menu.h"
 #include "app/tip.h"
 
+#include <QPointer>
 #include <QToolBar>
 
 #include <functional>
@@ -28,7 +29,8 @@ public:
     /// Places the buttons in their groups; once.
     void LayOut();
 
-    /// Writes a button's state only where it differs, so that nothing flickers.
+    /// Writes a button's state only where it differs, so that nothing flickers. A button that had the focus when it was
+    /// switched off, as all are while a command runs, gets it back when it is switched on.
     void Apply(const MenuOutcome& outcome);
 
     void FocusFirstButton();
@@ -37,6 +39,7 @@ public:
 
 private:
     QToolButton* NewToolButton(int index);
+    void WriteStates(const MenuOutcome& outcome);
     void ShowLinkState(bool linkUp);
     void SetButtonTexts(int index, int tip, int hint);
     void Tick();
@@ -47,4 +50,6 @@ private:
     FmTip* tip_ = nullptr;
     TipCounter counter_;
     bool linkUp_ = false;
+    QWidget* switchedOff_ = nullptr; ///< the button that had the focus
+    QPointer<QWidget> focusMeanwhile_; ///< what has it since then
 };

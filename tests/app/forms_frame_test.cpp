@@ -7,7 +7,9 @@
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QScreen>
 
 TEST_F(Frame, StartsWithAllItsControlsUnderTheirNames)
@@ -179,6 +181,91 @@ TEST_F(Frame, TogglesTheStatusBarFromEachOfItsItems)
         EXPECT_EQ(Item("MnViewStatusBar").isChecked(), on) << item;
         EXPECT_EQ(Program().StatusBarOn, on) << item;
     }
+}
+
+TEST_F(Frame, EnablesTheDocumentWindowsWithTheMenus)
+{
+    Start();
+    QList<bool> enabled;
+    TheDocumentHooks().Enable = [&enabled](bool on) { enabled.append(on); };
+    BeginBusy();
+    EndBusy();
+    EXPECT_EQ(enabled, (QList<bool>{ false, true }));
+}
+
+TEST_F(Frame, UpdatesItsMenusWhenAChildIsActivated)
+{
+    MfMain& main = Start();
+    QMdiSubWindow* first = main.ChildArea()->addSubWindow(new QLineEdit);
+    QMdiSubWindow* second = main.ChildArea()->addSubWindow(new QLineEdit);
+    first->show();
+    second->show();
+    TheDocumentHooks().State = [] { return DocumentsState{ true, false, true, false, false, false }; };
+    EXPECT_FALSE(Cm(2).isEnabled());
+    main.ChildArea()->setActiveSubWindow(first);
+    EXPECT_TRUE(Cm(2).isEnabled());
+}
+
+TEST_F(Frame, GivesTheFocusBackToTheActiveChildAfterEachButtonButTheLast)
+{
+    MfMain& main = Start();
+    TheHelpHooks().EnterWhatsThis = {};
+    auto* box = new QLineEdit;
+    main.ChildArea()->addSubWindow(box)->show();
+    for (const int index : { 0, 11 }) {
+        Cm(index).setFocus();
+        Cm(index).click();
+        EXPECT_TRUE(box->hasFocus()) << index;
+    }
+    Cm(20).setFocus();
+    Cm(20).click();
+    EXPECT_TRUE(Cm(20).hasFocus());
+}
+
+TEST_F(Frame, LeavesTheFocusOnItsButtonWithoutAChild)
+{
+    Start();
+    Cm(11).setFocus();
+    Cm(11).click();
+    EXPECT_TRUE(Cm(11).hasFocus());
+    Item("MnToolsAntennaListEditor").trigger();
+    EXPECT_TRUE(Cm(11).hasFocus());
+}
+
+TEST_F(Frame, LeavesTheFocusWhereACommandHasPutIt)
+{
+    MfMain& main = Start();
+    auto* box = new QLineEdit;
+    TheCommandHooks()[Command::Editor1] = [&main, box] {
+        main.ChildArea()->addSubWindow(box)->show();
+        box->setFocus();
+    };
+    Cm(1).setFocus();
+    Item("MnToolsAntennaListEditor").trigger();
+    EXPECT_TRUE(box->hasFocus());
+}
+
+TEST_F(Frame, ChecksTheDescriptionOfTheActiveWindow)
+{
+    Start();
+    for (const bool isVisible : { true, false }) {
+        TheDocumentHooks().State = [isVisible] { return DocumentsState{ true, false, true, false, false, isVisible }; };
+        TheFrameHooks().MenuUpdate();
+        EXPECT_TRUE(Item("MnViewDescription").isEnabled());
+        EXPECT_EQ(Item("MnViewDescription").isChecked(), isVisible);
+        EXPECT_EQ(Item("MnOptionsDescr").isEnabled(), isVisible);
+    }
+}
+
+TEST_F(Frame, ResetsTheCaptionOfTheLiveScreenWhileTheLinkIsUp)
+{
+    Start();
+    Item("MnInstrDispSc").setText("another");
+    SetLink(false);
+    EXPECT_EQ(Item("MnInstrDispSc").text(), "another");
+    SetLink(true);
+    EXPECT_EQ(Item("MnInstrDispSc").text(), LngStr(11936));
+    EXPECT_EQ(Item("MnInstrDispSc").property(kHelpNumberProperty).toInt(), 11937);
 }
 
 TEST_F(Frame, KeepsACheckMarkThatItsCommandDidNotChange)

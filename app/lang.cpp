@@ -72,7 +72,7 @@ private:
         TextBuffer buffer{};
         const int32_t length = TvLng().LngGetStr(macro, "", buffer.data(), TVLNG_MAX_TEXT);
         open_.push_back(macro);
-        const QString replacement = Expand(RawText(buffer, length));
+        QString replacement = Expand(RawText(buffer, length));
         open_.pop_back();
         return replacement;
     }

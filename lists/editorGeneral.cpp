@@ -162,7 +162,7 @@ QString EditorDefaultFolder()
 {
     const QString& openFile = Editor().EditorOpenFile;
     if (!openFile.isEmpty()) {
-        const QString absolute = QFileInfo(openFile).absoluteFilePath();
+        QString absolute = QFileInfo(openFile).absoluteFilePath();
         if (QFileInfo(absolute).isDir())
             return absolute;
     }

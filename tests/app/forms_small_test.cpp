@@ -21,6 +21,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -140,6 +141,16 @@ TEST_F(Info, ListsEachFileWithItsVersions)
     EXPECT_EQ(HelpNumberOf(&FindControl(form, "TbInfo")), 11702);
     ExpectTabOrder(form);
     ExpectNothingClipped(form);
+    DialogEnd(form, 0);
+}
+
+TEST_F(Info, ShowsAllFilesWithoutScrolling)
+{
+    FmInfo form;
+    ShowForm(form);
+    const auto& box = Find<QPlainTextEdit>(form, "TbInfo");
+    EXPECT_EQ(box.verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(box.horizontalScrollBar()->maximum(), 0);
     DialogEnd(form, 0);
 }
 

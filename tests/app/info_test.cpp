@@ -4,7 +4,7 @@
 #include "app/project.h"
 #include "tests/support/fixture.h"
 
-#include <cstring>
+#include <cstdio>
 
 namespace {
 
@@ -15,16 +15,16 @@ QByteArray FileWithVersion(quint16 build)
     return "code before" + QByteArray(reinterpret_cast<const char*>(&record), sizeof record) + "and behind";
 }
 
-void FirmwareOf(int16_t* status, char* out, int32_t)
+void FirmwareOf(int16_t* status, char* out, int32_t outSize)
 {
     *status = 0;
-    std::strcpy(out, "V04.30");
+    std::snprintf(out, static_cast<size_t>(outSize), "V04.30");
 }
 
-void FirmwareFails(int16_t* status, char* out, int32_t)
+void FirmwareFails(int16_t* status, char* out, int32_t outSize)
 {
     *status = 3;
-    std::strcpy(out, "rest");
+    std::snprintf(out, static_cast<size_t>(outSize), "rest");
 }
 
 } // namespace

@@ -8,7 +8,7 @@ mv "$folder/first" "$folder/moved here"
 cd "$folder/moved here"
 for file in tarvik tarvikctl tvgen.so tvlng.so tvscpi.so tvfio.so tvswp.so tvimg.so TARVIK.chm LICENSE \
   examples/Marine-VHF.tvm share/man/man1/tarvikctl.1 share/bash-completion/completions/tarvikctl \
-  share/applications/tarvik.desktop; do
+  share/applications/tarvik.desktop share/icons/hicolor/scalable/apps/tarvik.svg; do
   [ -f "$file" ] || { echo "not installed: $file"; exit 1; }
 done
 ./tarvikctl check examples/*.tvm examples/*.csv

@@ -54,6 +54,7 @@ MfMain::MfMain(const QString& programFolder)
 
 MfMain::~MfMain()
 {
+    disconnect(MdiArea, nullptr, this, nullptr); // child windows are activated and left while the base closes
     UnbindHooks();
 }
 

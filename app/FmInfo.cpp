@@ -71,7 +71,7 @@ void FmInfo::FillInfo()
     LbFileName->setContentsMargins(edge, 0, 0, 0);
     LbFileName->setFixedWidth(edge + first);
     LbFileVer->setFixedWidth(second - first);
-    const int lines = TbInfo->blockCount();
+    const int lines = TbInfo->blockCount() + 1; // the bar stays away only with a line to spare
     TbInfo->setMinimumSize(second + LbProdVer->sizeHint().width() + 2 * edge + kColumnGapPx,
         lines * TbInfo->fontMetrics().lineSpacing() + 2 * edge);
 }

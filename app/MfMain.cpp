@@ -103,7 +103,18 @@ bool MfMain::Load()
     if (!ProjectInit(*this))
         return false;
     toolbar_->LayOut();
-    return ProjectStart(*this);
+    if (!ProjectStart(*this))
+        return false;
+    if (closeWished_)
+        CloseWhenStarted();
+    return true;
+}
+
+void MfMain::CloseWhenStarted()
+{
+    closeWished_ = true;
+    if (Program().Started)
+        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
 QString MfMain::CommandLine() const

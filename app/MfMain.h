@@ -23,6 +23,9 @@ public:
     /// The load event: start-up from the first step to the last. False ends the process.
     [[nodiscard]] bool Load();
 
+    /// Closes as the close box does; a wish that comes during the start waits for its end.
+    void CloseWhenStarted();
+
     /// Opens a right-click menu at a place on the screen, if the program can act.
     void Popup(const QString& name, const QPoint& at);
 
@@ -78,5 +81,6 @@ private:
     FrameToolbar* toolbar_ = nullptr;
     FrameStatusBar* statusBar_ = nullptr;
     KeyboardFilter* keyboard_ = nullptr;
+    bool closeWished_ = false;
     QRect placement_; ///< the restored rectangle that the settings ask for
 };

@@ -470,3 +470,19 @@ TEST_F(Frame, EndsAtOnceWithoutALibrary)
     EXPECT_FALSE(frame->Load());
     EXPECT_FALSE(frame->isVisible());
 }
+
+TEST_F(Frame, AWishToCloseDuringTheStartWaitsForItsEnd)
+{
+    TheSeams().StartTimer = [this](int, std::function<void()> tick) {
+        frame->CloseWhenStarted();
+        EXPECT_FALSE(Program().Started);
+        QTimer::singleShot(0, qApp, std::move(tick)); // ends the logo
+    };
+    frame = std::make_unique<MfMain>(Folder().chopped(1));
+    EXPECT_TRUE(frame->Load());
+    EXPECT_TRUE(Program().Started);
+    EXPECT_TRUE(frame->isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(frame->isVisible());
+    EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
+}

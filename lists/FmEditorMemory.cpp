@@ -135,7 +135,11 @@ void FmEditorMemory::OnChanged(int row, int column)
 
 bool FmEditorMemory::CheckCell(int row, int column, QString& text)
 {
-    return CheckMemoryCell(table_.Row(row), column, text);
+    const MemoryRecord before = table_.Row(row);
+    const bool passed = CheckMemoryCell(table_.Row(row), column, text);
+    if (table_.Row(row) != before)
+        SetDirty(); // a value beyond the limits is corrected also when nobody typed in its cell
+    return passed;
 }
 
 void FmEditorMemory::RowSelected(int row)
@@ -187,11 +191,11 @@ void FmEditorMemory::ShowEditorDialog()
     const MemoryRecord before = table_.Row(row);
     MemoryEntry() = before;
     fmEditorMemoryListProp dialog(this);
-    DialogShow(dialog);
-    table_.Row(row) = MemoryEntry();
+    const bool isCancelled = DialogShow(dialog) != 0;
+    table_.Row(row) = MemoryEntry(); // also after a cancel: what a refused OK had taken stays
     if (table_.Row(row).Used && !before.Used)
         UseMemoryRow(table_, row);
-    if (table_.Row(row) != before)
+    if (!isCancelled && table_.Row(row) != before)
         SetDirty(); // OK on an unused row changes it though no control was touched
     Grid().FillRows(true);
     RowSelected(row);

@@ -2,6 +2,7 @@
 
 #include "app/frameHooks.h"
 #include "app/help.h"
+#include "app/lang.h"
 #include "link/model.h"
 #include "lists/bindEditors.h"
 #include "lists/editorGeneral.h"
@@ -62,10 +63,13 @@ TEST_F(EditorFrameTest, ShowsEveryText)
 {
     Open();
     ExpectNothingClipped(form);
-    EXPECT_EQ(TextOf(form, "LbName"), "Memory List");
-    EXPECT_EQ(TextOf(form, "FrMemoryLst"), "Memory Entries");
-    EXPECT_EQ(TextOf(form, "LbHdr3"), "Frequency (MHz)");
-    EXPECT_TRUE(TextOf(form, "LbDescr").startsWith("Description"));
+    const QList<std::pair<QString, int>> texts{ { "BtClose", 10709 }, { "BtHelp", 10733 }, { "BtNew", 10717 },
+        { "BtOpen", 10713 }, { "BtSave", 10715 }, { "BtSort", 10723 }, { "BtEdit", 10741 }, { "BtDel", 10711 },
+        { "LbName", 10763 }, { "FrMemoryLst", 10810 }, { "LbHdr0", 10811 }, { "LbHdr1", 10812 }, { "LbHdr2", 10813 },
+        { "LbHdr3", 10814 }, { "LbHdr4", 10815 }, { "LbHdr5", 10816 } };
+    for (const auto& [name, text] : texts)
+        EXPECT_EQ(TextOf(form, name), LngStr(text)) << name.toStdString();
+    EXPECT_EQ(TextOf(form, "LbDescr"), LngStr(10744) + LngStr(10746));
 }
 
 TEST_F(EditorFrameTest, ControlsBearTheirHelpNumbers)
@@ -346,6 +350,24 @@ TEST_F(EditorFrameTest, SaveRefusesABadDescription)
     EXPECT_FALSE(form.Save());
     EXPECT_TRUE(HasFocus(form, "TbDescr"));
     EXPECT_EQ(FolderQuestions, 0);
+}
+
+TEST_F(EditorFrameTest, SaveChecksNameThenDescriptionThenCells)
+{
+    Open(StoredList({ 4 }));
+    Find<QLineEdit>(form, "TbCol5[4]").setText("a,b");
+    Find<QLineEdit>(form, "TbDescr").setText("a'b");
+    Find<QLineEdit>(form, "TbName").setText("a.b");
+    Answers().Expect(12766, Ok);
+    EXPECT_FALSE(form.Save());
+    Find<QLineEdit>(form, "TbName").setText("Van");
+    Answers().Expect(12764, Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(HasFocus(form, "TbDescr"));
+    Find<QLineEdit>(form, "TbDescr").setText("roof");
+    Answers().Expect(12764, Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(Cell(5, 4).hasFocus());
 }
 
 TEST_F(EditorFrameTest, SaveChecksTheCellsOfThePage)

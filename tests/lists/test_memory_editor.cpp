@@ -1,5 +1,6 @@
 #include "tests/lists/listFormTest.h"
 
+#include "app/lang.h"
 #include "closed/loader.h"
 #include "lists/editorGeneral.h"
 #include "lists/fmEditorMemoryListProp.h"
@@ -187,12 +188,59 @@ TEST_F(MemoryEditor, ABadFrequencyOutsideThePageDoesNotStopASave)
     EXPECT_EQ(Saved().Row(500).Frequency, 1);
 }
 
+TEST_F(MemoryEditor, AValueBeyondTheLimitsIsAnUnsavedChangeOnceItIsCorrected)
+{
+    MemoryTable table = EmptyMemoryTable();
+    table.MemoryListName = "Van";
+    UseRow(table, 5, 1); // below every limit, as another program may have written it
+    ASSERT_TRUE(WriteMemoryList(FilePath("Van.tvm"), table));
+    Open(FilePath("Van.tvm"));
+    form.CellSetFocus(5, 3);
+    EXPECT_FALSE(Editor().EditorDirty);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(CellText(3, 5), "0.008000");
+    EXPECT_TRUE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, AnUntouchedCellIsNoUnsavedChange)
+{
+    Open(StoredList({ 5 }));
+    form.CellSetFocus(5, 3);
+    Key(Qt::Key_Tab);
+    Key(Qt::Key_Down);
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, ADeletedRowShowsNoStatusAndComesBackWithIt)
+{
+    Open(StoredList({ 5 }));
+    Find<QCheckBox>(form, CellName(1, 5)).click();
+    form.CellSetFocus(5, 3);
+    Click(form, "BtDel");
+    EXPECT_FALSE(IsChecked(5));
+    TypeCell(3, 5, "200");
+    EXPECT_TRUE(IsChecked(5));
+}
+
+TEST_F(MemoryEditor, ThePointerIsBusyDuringASort)
+{
+    Open(StoredList({ 5 }));
+    static Qt::CursorShape shape;
+    static QWidget* sorted = nullptr;
+    sorted = &form;
+    TvFio().MemoryListSort = [](int16_t*, int16_t) { shape = sorted->cursor().shape(); };
+    Click(form, "BtSort");
+    EXPECT_EQ(shape, Qt::WaitCursor);
+    EXPECT_EQ(form.cursor().shape(), Qt::ArrowCursor);
+}
+
 TEST_F(MemoryEditor, SortOffersSevenKeys)
 {
     Open();
     EXPECT_EQ(Sort().count(), 7);
     EXPECT_EQ(Sort().currentIndex(), 0);
-    EXPECT_EQ(Sort().itemText(6), "Description, descending");
+    for (int key = 0; key < 7; ++key)
+        EXPECT_EQ(Sort().itemText(key), LngStr(10817 + key));
 }
 
 TEST_F(MemoryEditor, SortOrdersTheListAndGoesToItsTop)
@@ -301,6 +349,24 @@ TEST_F(MemoryEditor, CancelInTheDialogChangesNothing)
     });
     Click(form, "BtEdit");
     EXPECT_EQ(CellText(3, 5), "105.000000");
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, ACancelAfterARefusedOkLeavesTheNumbersButNoUnsavedChange)
+{
+    Open(StoredList({ 5 }));
+    form.CellSetFocus(5, 3);
+    Answers().Expect(12815, Ok);
+    InDialog([](QWidget& dialog) {
+        Type(dialog, "TbFrequency", "300");
+        Find<QComboBox>(dialog, "CbModulation").setCurrentIndex(5);
+        Find<QComboBox>(dialog, "CbBandwidth").setCurrentIndex(15);
+        Click(dialog, "BtOk");
+        Click(dialog, "BtCancel");
+    });
+    Click(form, "BtEdit");
+    EXPECT_EQ(CellText(3, 5), "300.000000");
+    EXPECT_EQ(CellText(4, 5), "FM");
     EXPECT_FALSE(Editor().EditorDirty);
 }
 

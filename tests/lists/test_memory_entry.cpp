@@ -1,6 +1,7 @@
 #include "tests/lists/listTest.h"
 
 #include "lists/editorGeneral.h"
+#include "lists/limits.h"
 #include "lists/memoryCells.h"
 #include "lists/memoryEntry.h"
 
@@ -133,41 +134,56 @@ TEST_F(MemoryEntryRules, ValuesOutsideTheLimitsAreClamped)
     EXPECT_EQ(MemoryEntry().DfMeasurementTime, 0.01);
 }
 
-TEST_F(MemoryEntryRules, BadNumbersAreReportedInTheirOrder)
+TEST_F(MemoryEntryRules, EachValueHasItsOwnLimits)
 {
-    MemoryEntryFields fields = FieldsOfMemoryEntry();
-    fields.DfMeasurementTime = "x";
-    Answers().Expect(12765, QStringList(), Ok);
-    EXPECT_EQ(AcceptMemoryEntry(fields), MemoryEntryField::DfMeasurementTime);
-    fields.DfSquelchLevel.clear();
-    Answers().Expect(12771, QStringList(), Ok);
-    EXPECT_EQ(AcceptMemoryEntry(fields), MemoryEntryField::DfSquelchLevel);
-    fields.AntennaNumber = "x";
-    Answers().Expect(12765, QStringList(), Ok);
-    EXPECT_EQ(AcceptMemoryEntry(fields), MemoryEntryField::AntennaNumber);
-    fields.SquelchLevel = "x";
-    Answers().Expect(12765, QStringList(), Ok);
-    EXPECT_EQ(AcceptMemoryEntry(fields), MemoryEntryField::SquelchLevel);
-    fields.Frequency.clear();
-    Answers().Expect(12771, QStringList(), Ok);
-    EXPECT_EQ(AcceptMemoryEntry(fields), MemoryEntryField::Frequency);
+    InstrumentLimits& limits = Limits();
+    limits.FrequencyHz = { 1e6, 10e6 };
+    limits.SquelchLevel = { 2, 20 };
+    limits.AntennaNr = { 3, 30 };
+    limits.DfSquelchLevel = { 4, 40 };
+    limits.DfMeasTimeSec = { 5, 50 };
+    const auto accept = [](const QString& typed) {
+        MemoryEntryFields fields = FieldsOfMemoryEntry();
+        for (QString* text : { &fields.Frequency, &fields.SquelchLevel, &fields.AntennaNumber, &fields.DfSquelchLevel,
+                 &fields.DfMeasurementTime })
+            *text = typed;
+        EXPECT_EQ(AcceptMemoryEntry(fields), MemoryEntryField::None);
+        return QStringList{ fields.Frequency, fields.SquelchLevel, fields.AntennaNumber, fields.DfSquelchLevel,
+            fields.DfMeasurementTime };
+    };
+    EXPECT_EQ(accept("-999"), QStringList({ "1.000000", "2.00", "3", "4.00", "5.00" }));
+    EXPECT_EQ(accept("9999"), QStringList({ "10.000000", "20.00", "30", "40.00", "50.00" }));
+    EXPECT_EQ(MemoryEntry().DfSquelchLevel, 40);
 }
 
-TEST_F(MemoryEntryRules, PairsThatTheInstrumentRefusesAreReported)
+TEST_F(MemoryEntryRules, OfSeveralFailuresOfOkTheFirstCheckIsReported)
 {
+    using Field = MemoryEntryField;
     MemoryEntryFields fields = FieldsOfMemoryEntry();
+    const auto expectFailure = [&](Field field, int messageId) {
+        Answers().Expect(messageId, QStringList(), Ok);
+        EXPECT_EQ(AcceptMemoryEntry(fields), field);
+    };
+    // From the last check to the first; what was broken before stays broken.
     fields.FrequencySpan = 12;
     fields.DfStep = 0;
-    Answers().Expect(12818, QStringList(), Ok);
-    EXPECT_EQ(AcceptMemoryEntry(fields), MemoryEntryField::FrequencySpan);
+    expectFailure(Field::FrequencySpan, 12818);
+    fields.DfMeasurementTime = "x";
+    expectFailure(Field::DfMeasurementTime, 12765);
+    fields.DfSquelchLevel.clear();
+    expectFailure(Field::DfSquelchLevel, 12771);
     fields.Demodulation = 3;
     fields.AfcStatus = 1;
-    Answers().Expect(12816, QStringList(), Ok);
-    EXPECT_EQ(AcceptMemoryEntry(fields), MemoryEntryField::AfcStatus);
+    expectFailure(Field::AfcStatus, 12816);
     fields.Demodulation = 5;
     fields.Bandwidth = 15;
-    Answers().Expect(12815, QStringList(), Ok);
-    EXPECT_EQ(AcceptMemoryEntry(fields), MemoryEntryField::Bandwidth);
+    expectFailure(Field::Bandwidth, 12815);
+    fields.AntennaNumber = "x";
+    expectFailure(Field::AntennaNumber, 12765);
+    fields.SquelchLevel = "x";
+    expectFailure(Field::SquelchLevel, 12765);
+    fields.Frequency.clear();
+    expectFailure(Field::Frequency, 12771);
     EXPECT_FALSE(MemoryEntry().Used);
 }
 

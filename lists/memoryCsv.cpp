@@ -223,11 +223,14 @@ void WriteRow(CsvWriter& writer, const MemoryTexts& texts, int row, std::int16_t
     writer.EndLine();
 }
 
-/// A file with a field that holds a separator, or with one number twice, could not be read back.
+/// A file with a field that holds a separator, with one number twice, or with a name of blanks, which the reader
+/// trims, could not be read back.
 bool CanBeReadBack(const MemoryTable& table, int rowWithNumberTwice)
 {
+    if (!ValidListName(table.MemoryListName.trimmed()))
+        return false;
     const auto carries = [](const QString& text) { return ValidText(text) && !text.contains(u'\n'); };
-    if (!carries(table.MemoryListName) || !carries(table.MemoryListDescription)) {
+    if (!carries(table.MemoryListDescription)) {
         MsgOk(kTextForbiddenCharacter);
         return false;
     }

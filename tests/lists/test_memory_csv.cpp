@@ -2,6 +2,7 @@
 
 #include "closed/loader.h"
 #include "lists/editorGeneral.h"
+#include "lists/limits.h"
 
 #include <QFile>
 
@@ -238,14 +239,25 @@ TEST_F(MemoryCsv, FieldsOfUnusedLinesAreCheckedToo)
     ExpectBadField(5, "XM", 12797);
 }
 
-TEST_F(MemoryCsv, TheOrderOfTheFieldsDecidesWhatIsReported)
+TEST_F(MemoryCsv, OfSeveralBadFieldsTheOneThatIsReadFirstIsReported)
 {
-    SetField(4, 2, "x");
-    SetField(4, 0, "x");
-    SetField(4, 3, "x");
-    ExpectRefused(12795, { QStringLiteral("5") });
-    SetField(4, 2, "4");
-    ExpectRefused(12805, { QStringLiteral("5") });
+    struct Step {
+        int Column;
+        const char* Field;
+        int MessageId;
+    };
+    // From the last check to the first; what was broken before stays broken. 0 only prepares the next step.
+    const std::vector<Step> steps{ { 18, "x", 12896 }, { 16, "80 MHz", 0 }, { 17, "0.625 Hz", 12814 },
+        { 17, "x", 12810 }, { 16, "x", 12809 }, { 15, "x", 12808 }, { 14, "x", 12807 }, { 13, "x", 12806 },
+        { 12, "a'b", 12804 }, { 5, "IQ", 0 }, { 11, "On", 12812 }, { 5, "USB", 12811 }, { 11, "x", 12803 },
+        { 10, "x", 12802 }, { 9, "x", 12801 }, { 8, "x", 12800 }, { 7, "x", 12799 }, { 6, "x", 12798 },
+        { 5, "x", 12797 }, { 4, "x", 12792 }, { 3, "x", 12796 }, { 0, "x", 12805 }, { 2, "x", 12795 },
+        { 1, "x", 12782 } };
+    for (const Step& step : steps) {
+        SetField(4, step.Column, step.Field);
+        if (step.MessageId != 0)
+            ExpectRefused(step.MessageId, { QStringLiteral("5") });
+    }
 }
 
 TEST_F(MemoryCsv, ABandwidthThatTheDemodulationDoesNotTakeIsRefused)
@@ -307,6 +319,43 @@ TEST_F(MemoryCsv, ValuesOutsideTheLimitsAreCorrected)
     EXPECT_EQ(record.AntennaNumber, 99);
     EXPECT_EQ(record.DfSquelchLevel, -30);
     EXPECT_EQ(record.DfMeasurementTime, 10);
+}
+
+TEST_F(MemoryCsv, EachValueHasItsOwnLimits)
+{
+    InstrumentLimits& limits = Limits();
+    limits.FrequencyHz = { 1, 10 };
+    limits.SquelchLevel = { 2, 20 };
+    limits.AntennaNr = { 3, 30 };
+    limits.DfSquelchLevel = { 4, 40 };
+    limits.DfMeasTimeSec = { 5, 50 };
+    for (const int column : { 4, 7, 9, 14, 15 }) {
+        SetField(4, column, "-999");
+        SetField(5, column, "9999");
+    }
+    const MemoryTable table = Read();
+    EXPECT_EQ(table.Row(4).Frequency, 1);
+    EXPECT_EQ(table.Row(5).Frequency, 10);
+    EXPECT_EQ(table.Row(4).SquelchLevel, 2);
+    EXPECT_EQ(table.Row(5).SquelchLevel, 20);
+    EXPECT_EQ(table.Row(4).AntennaNumber, 3);
+    EXPECT_EQ(table.Row(5).AntennaNumber, 30);
+    EXPECT_EQ(table.Row(4).DfSquelchLevel, 4);
+    EXPECT_EQ(table.Row(5).DfSquelchLevel, 40);
+    EXPECT_EQ(table.Row(4).DfMeasurementTime, 5);
+    EXPECT_EQ(table.Row(5).DfMeasurementTime, 50);
+}
+
+TEST_F(MemoryCsv, TheLowestMemoryNumberOfTheStoreIsNotUsed)
+{
+    Limits().MemoryNr = { 1, 1023 };
+    EXPECT_EQ(Read().Row(0).Number, 0);
+}
+
+TEST_F(MemoryCsv, TheHighestMemoryNumberIsTheStores)
+{
+    Limits().MemoryNr.Max = 1022; // to which the number of the last row is clamped, and the row before bears it
+    ExpectRefused(12795, { QStringLiteral("1024") });
 }
 
 TEST_F(MemoryCsv, ALongDescriptionIsCut)
@@ -399,6 +448,16 @@ TEST_F(MemoryCsv, ATextThatAFileCannotCarryIsNotWritten)
     table.Row(6).Description.clear();
     table.MemoryListDescription = "a;b";
     Answers().Expect(12764, QStringList(), Ok);
+    EXPECT_FALSE(WriteMemoryListCSVFile(path, table));
+    EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(MemoryCsv, ANameThatTheReaderWouldRefuseIsNotWritten)
+{
+    MemoryTable table = EmptyMemoryTable();
+    table.MemoryListName = "  "; // a valid name of a list, but a reader trims it
+    const QString path = FilePath("list.csv");
+    Answers().Expect(12766, { QStringLiteral("memory list") }, Ok);
     EXPECT_FALSE(WriteMemoryListCSVFile(path, table));
     EXPECT_FALSE(QFile::exists(path));
 }

@@ -7,8 +7,12 @@
 
 #include <algorithm>
 #include <set>
+#include <string>
+#include <vector>
 
 namespace {
+
+std::vector<std::string> calls; // NOLINT: the store's calls are plain functions
 
 /// Each field with a value of its own.
 MemoryRecord FullRecord()
@@ -55,7 +59,101 @@ protected:
     MemoryTable table;
 };
 
+/// The store writes down what it is asked instead of doing it.
+class MemoryStoreCalls : public MemoryListStore {
+protected:
+    MemoryStoreCalls()
+    {
+        calls.clear();
+        TvFio().MemoryListClear = [](int16_t*) { calls.push_back("Clear"); };
+        TvFio().MemoryListSetName = [](int16_t*, const char*) { calls.push_back("SetName"); };
+        TvFio().MemoryListSetDescription = [](int16_t*, const char*) { calls.push_back("SetDescription"); };
+        TvFio().MemorySetData = [](int16_t*, int16_t) { calls.push_back("SetData"); };
+        TvFio().MemoryListSaveFile = [](int16_t*, const char*) { calls.push_back("SaveFile"); };
+        TvFio().MemoryListLoadFile = [](int16_t*, const char*) { calls.push_back("LoadFile"); };
+        TvFio().MemoryListGetName = [](int16_t*, char*, int32_t) { calls.push_back("GetName"); };
+        TvFio().MemoryListGetDescription = [](int16_t*, char*, int32_t) { calls.push_back("GetDescription"); };
+        TvFio().MemoryListItemIsInUse = [](int16_t*, int16_t, int16_t*) { calls.push_back("IsInUse"); };
+        TvFio().MemoryListGetMaxNumberOfItems = [](int16_t*, int16_t* count) {
+            calls.push_back("GetMaxNumberOfItems");
+            *count = 1;
+        };
+        RecordFields();
+    }
+
+    /// The calls of one record, between `before` and `after`.
+    static std::vector<std::string> Expected(
+        const std::vector<std::string>& before, const std::vector<std::string>& after)
+    {
+        std::vector<std::string> expected = before;
+        for (const char* field :
+            { "Frequency", "Demodulation", "BandWidth", "SquelchLevel", "SquelchSetting", "AntennaNumber",
+                "AttenuatorSetting", "AFCSetting", "Description", "Suppressed", "DfSquelchSetting", "DfSquelchLevel",
+                "DfMeasurementTime", "FrequencySpan", "DfStep", "Reserved1", "Reserved2", "Reserved3" })
+            expected.emplace_back(field);
+        expected.insert(expected.end(), after.begin(), after.end());
+        return expected;
+    }
+
+private:
+#define RECORD_FIELD(Field, Type)                                                                                      \
+    TvFio().MemoryGet##Field = [](int16_t*, int16_t, Type*) { calls.push_back(#Field); };                              \
+    TvFio().MemorySet##Field = [](int16_t*, Type) { calls.push_back(#Field); }
+    static void RecordFields()
+    {
+        RECORD_FIELD(MemItemNumber, int16_t);
+        RECORD_FIELD(Frequency, double);
+        RECORD_FIELD(Demodulation, int16_t);
+        RECORD_FIELD(BandWidth, int16_t);
+        RECORD_FIELD(SquelchLevel, double);
+        RECORD_FIELD(SquelchSetting, int16_t);
+        RECORD_FIELD(AntennaNumber, int16_t);
+        RECORD_FIELD(AttenuatorSetting, int16_t);
+        RECORD_FIELD(AFCSetting, int16_t);
+        RECORD_FIELD(Suppressed, int16_t);
+        RECORD_FIELD(DfSquelchSetting, int16_t);
+        RECORD_FIELD(DfSquelchLevel, double);
+        RECORD_FIELD(DfMeasurementTime, double);
+        RECORD_FIELD(FrequencySpan, int16_t);
+        RECORD_FIELD(DfStep, int16_t);
+        RECORD_FIELD(Reserved1, int32_t);
+        RECORD_FIELD(Reserved2, int32_t);
+        RECORD_FIELD(Reserved3, int32_t);
+        TvFio().MemoryGetDescription = [](int16_t*, int16_t, char*, int32_t) { calls.push_back("Description"); };
+        TvFio().MemorySetDescription = [](int16_t*, const char*) { calls.push_back("Description"); };
+    }
+#undef RECORD_FIELD
+};
+
 } // namespace
+
+TEST_F(MemoryStoreCalls, AListIsHandedOverInTheStoresOrder)
+{
+    UseRow(table, 9, 1e8);
+    EXPECT_TRUE(WriteMemoryListDll(table));
+    EXPECT_EQ(calls, Expected({ "Clear", "SetName", "SetDescription", "MemItemNumber" }, { "SetData" }));
+}
+
+TEST_F(MemoryStoreCalls, AFileIsLoadedInTheStoresOrder)
+{
+    Store(FilePath("Van.tvm"), "any");
+    EXPECT_TRUE(ReadMemoryListMRFile(FilePath("Van.tvm"), table));
+    EXPECT_EQ(calls,
+        Expected(
+            { "Clear", "LoadFile", "GetName", "GetDescription", "GetMaxNumberOfItems", "MemItemNumber", "IsInUse" },
+            {}));
+}
+
+TEST_F(MemoryStoreCalls, NothingIsAskedAfterTheFirstFailure)
+{
+    UseRow(table, 9, 1e8);
+    UseRow(table, 10, 1e8);
+    RefuseFrequencies();
+    Answers().Expect(12840, { QStringLiteral("10") }, Ok);
+    Answers().Expect(12726, { FilePath("Van.tvm") }, Ok);
+    EXPECT_FALSE(WriteMemoryList(FilePath("Van.tvm"), table));
+    EXPECT_EQ(calls, std::vector<std::string>({ "Clear", "SetName", "SetDescription", "MemItemNumber" }));
+}
 
 TEST_F(MemoryListStore, AnEmptyListHasOneNumberForEachRow)
 {
@@ -179,6 +277,16 @@ TEST_F(MemoryListStore, RowsTheStoreRefusesAreReportedWithThePath)
     EXPECT_FALSE(WriteMemoryList(FilePath("Van.tvm"), table));
     EXPECT_EQ(table, before);
     EXPECT_FALSE(QFile::exists(FilePath("Van.tvm")));
+}
+
+TEST_F(MemoryListStore, AfterASaveTheTableHoldsWhatTheStoreKeeps)
+{
+    const QString path = FilePath("Van.tvm");
+    UseRow(table, 0, 1e8);
+    table.Row(3).Frequency = 2e8; // a deleted row, which no file holds
+    ASSERT_TRUE(WriteMemoryList(path, table));
+    EXPECT_EQ(table.Row(3), EmptyMemoryTable().Row(3));
+    EXPECT_EQ(table.Row(0).Frequency, 1e8);
 }
 
 TEST_F(MemoryListStore, AnExistingFileStaysWhenItMayNotBeReplaced)

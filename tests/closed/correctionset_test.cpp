@@ -122,6 +122,19 @@ TEST_F(CorrectionStore, SortsTheUsedEntriesToTheFrontInTheArrayAndInTheSet)
     EXPECT_EQ(stored[3].Used, 0);
 }
 
+TEST_F(CorrectionStore, EqualEntriesOfALongTableStayInOrderInTheArrayAndInTheSet)
+{
+    for (size_t i = 0; i < TVFIO_CORR_ENTRIES; ++i)
+        kfactor[i] = { 1, 0, 10e6, static_cast<double>(i), 0 };
+    EXPECT_EQ(fio.AntCorrSortKFactor(kfactor.data(), TVFIO_CORR_ENTRIES), kOk);
+    std::vector<KfactorCorrEntry> stored(TVFIO_CORR_ENTRIES);
+    EXPECT_EQ(fio.AntCorrGetKFactor(stored.data(), &count), kOk);
+    for (size_t i = 0; i < TVFIO_CORR_ENTRIES; ++i) {
+        ASSERT_EQ(double{ kfactor[i].ActiveLevel }, static_cast<double>(i));
+        ASSERT_EQ(double{ stored[i].ActiveLevel }, static_cast<double>(i));
+    }
+}
+
 TEST_F(CorrectionStore, SortsPhases)
 {
     omniphase[1] = { 1, 0, 20e6, 180 };

@@ -79,6 +79,15 @@ TEST_F(KfactorStore, SortsByFrequencyKeepingEqualOnesInOrder)
     EXPECT_EQ(Entry(2), (Values{ 300e6, 3, 3 }));
 }
 
+TEST_F(KfactorStore, EqualEntriesOfALongTableStayInOrder)
+{
+    for (int i = 0; i < 1000; ++i)
+        Append(100e6, i, 0);
+    EXPECT_EQ(Call(fio.KfactorTableSort), FioStatus::Ok);
+    for (int16_t i = 0; i < 1000; ++i)
+        ASSERT_EQ(Entry(i), (Values{ 100e6, static_cast<double>(i), 0 }));
+}
+
 TEST_F(KfactorStore, SavedTableReadsBackWhole)
 {
     EXPECT_EQ(Call(fio.KfactorTableSetName, "Discone"), FioStatus::Ok);

@@ -320,6 +320,20 @@ TEST_F(MemoryStore, SortsByFrequencyUpAndDownKeepingEqualOnesInOrder)
     EXPECT_EQ(Numbers(3), (std::vector<int>{ 1, 3, 2 }));
 }
 
+TEST_F(MemoryStore, EqualEntriesOfALongListStayInOrderByEveryKey)
+{
+    constexpr int16_t kEntries = 1024;
+    for (int16_t i = 0; i < kEntries; ++i) {
+        EXPECT_EQ(Call(fio.MemorySetAntennaNumber, i), FioStatus::Ok); // tells the equal ones apart
+        Put(i, 7);
+    }
+    for (int16_t key = 0; key <= 6; ++key) {
+        EXPECT_EQ(Call(fio.MemoryListSort, key), FioStatus::Ok);
+        for (int16_t i = 0; i < kEntries; ++i)
+            ASSERT_EQ(GetShort(fio.MemoryGetAntennaNumber, i), i) << key;
+    }
+}
+
 TEST_F(MemoryStore, SortsByDescriptionWithoutRegardToCase)
 {
     Put(0, 0, 1e6, "tower");

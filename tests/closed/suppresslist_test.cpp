@@ -111,6 +111,15 @@ TEST_F(SuppressStore, SortsByStartThenStopKeepingEqualOnesInOrder)
             { 1, 1e6, 2e6, "low" }, { 0, 5e6, 6e6, "first" }, { 1, 5e6, 6e6, "second" }, { 1, 5e6, 9e6, "late" } }));
 }
 
+TEST_F(SuppressStore, EqualRangesOfALongListStayInOrder)
+{
+    for (int16_t i = 0; i < 100; ++i)
+        Put(i, { 1, 5e6, 6e6, std::to_string(i) });
+    EXPECT_EQ(Call(fio.SuppressListSort), FioStatus::Ok);
+    for (int16_t i = 0; i < 100; ++i)
+        ASSERT_EQ(At(i).Description, std::to_string(i));
+}
+
 TEST_F(SuppressStore, SortLeavesAReversedRangeAsItIs)
 {
     Put(0, { 1, 9e6, 3e6, "reversed" });

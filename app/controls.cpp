@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
+#include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -49,12 +50,25 @@ public:
     }
 };
 
+/// A label that shows a picture is a picture: a text would take its place.
+void SetLabelText(QLabel* label, const QString& text)
+{
+    if (label->pixmap().isNull())
+        label->setText(text);
+}
+
+bool IsLine(const QWidget* control)
+{
+    const auto* frame = qobject_cast<const QFrame*>(control);
+    return frame != nullptr && (frame->frameShape() == QFrame::HLine || frame->frameShape() == QFrame::VLine);
+}
+
 void SetTextByKind(QWidget* control, const QString& text)
 {
     if (auto* textBox = qobject_cast<QLineEdit*>(control))
         textBox->setText(text);
     else if (auto* label = qobject_cast<QLabel*>(control))
-        label->setText(text);
+        SetLabelText(label, text);
     else if (auto* button = qobject_cast<QAbstractButton*>(control))
         button->setText(text);
     else if (auto* frame = qobject_cast<QGroupBox*>(control))
@@ -131,14 +145,19 @@ int PixelsFromTwips(const QWidget* control, double twips)
 
 void LngSetCtrl(QWidget* control, int id)
 {
-    const GeometryAdjustment adjustment = LngCtrlSize(id);
+    GeometryAdjustment adjustment = LngCtrlSize(id);
     if (auto* combo = qobject_cast<QComboBox*>(control)) {
         const bool isSimple = combo->isEditable() && combo->maxVisibleItems() == 0;
         if (adjustment.Count >= 3)
             AdjustGeometry(control, adjustment, isSimple);
         return;
     }
-    SetTextByKind(control, LngStr(id));
+    if (IsLine(control)) { // the four numbers move its two ends
+        adjustment.Width -= adjustment.Left;
+        adjustment.Height -= adjustment.Top;
+    } else {
+        SetTextByKind(control, LngStr(id));
+    }
     if (adjustment.Count == 4)
         AdjustGeometry(control, adjustment, true);
 }
@@ -147,8 +166,12 @@ void LngSetForm(QWidget* form, int id)
 {
     form->setWindowTitle(LngStr(id));
     const GeometryAdjustment adjustment = LngCtrlSize(id);
-    if (adjustment.Count == 4)
-        AdjustGeometry(form, adjustment, true);
+    if (adjustment.Count != 4)
+        return;
+    const QPoint by(PixelsFromTwips(form, adjustment.Left), PixelsFromTwips(form, adjustment.Top));
+    const QSize growth(PixelsFromTwips(form, adjustment.Width), PixelsFromTwips(form, adjustment.Height));
+    form->setProperty(kGrowthProperty, growth);
+    form->setGeometry(QRect(form->pos() + by, form->size() + growth));
 }
 
 void NameControl(QWidget* control, const QString& name)

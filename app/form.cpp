@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QTimer>
+#include <QVariant>
 
 FormBase::FormBase(const char* name, QWidget* parent)
     : QDialog(parent)
@@ -75,6 +76,8 @@ void FormBase::PrepareWindow(bool removeClose)
     setWindowFlag(Qt::WindowCloseButtonHint, !removeClose);
     setWindowFlag(Qt::WindowMinimizeButtonHint, false);
     adjustSize();
+    if (const QVariant growth = property(kGrowthProperty); growth.isValid())
+        resize(size() + growth.toSize());
     const QScreen* where = screen();
     if (where == nullptr)
         return;

@@ -106,11 +106,15 @@ double TwipsPerPixel(const QWidget* control);
 int PixelsFromTwips(const QWidget* control, double twips);
 
 /// Sets a control's text and geometry by text number, by the kind of the control: a combo box gets no text; a text
-/// box gets it as its content; labels, buttons and frames as their caption; scroll bars, lists and pictures none.
-/// Adjustments of the geometry apply when 4 exist (a combo box: at least 3).
+/// box gets it as its content; labels, buttons and frames as their caption; lines, scroll bars, lists and pictures
+/// none. Adjustments of the geometry apply when 4 exist (a combo box: at least 3); those of a line move its two ends.
 void LngSetCtrl(QWidget* control, int id);
 
-/// The same for a form: its window title, moved and sized when exactly 4 adjustments exist.
+/// Property of a form that holds by how much (QSize, pixels) its language makes it larger than its layout does.
+inline constexpr const char* kGrowthProperty = "LanguageGrowth";
+
+/// The same for a form: its window title, moved and sized when exactly 4 adjustments exist. A form whose layout fixes
+/// its size stays at that size, which grows with its controls.
 void LngSetForm(QWidget* form, int id);
 
 /// Names a control: object name, and an accessible name taken from `label` where the control shows no text.

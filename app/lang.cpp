@@ -3,6 +3,8 @@
 #include "app/ansi.h"
 #include "closed/loader.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <array>
 #include <vector>
@@ -24,6 +26,40 @@ QString Taken(const TextBuffer& buffer, int32_t length)
 {
     return LngExpandMacros(RawText(buffer, length));
 }
+
+/// Arguments on their way through the module, which takes 8-bit text. One that this way would change, such as a file
+/// name in another script or with a macro's sign in it, travels as a mark and is put in at the end.
+class Arguments {
+public:
+    QByteArray Pass(const QString& argument)
+    {
+        if (std::ranges::all_of(argument, Survives))
+            return ToAnsi(argument);
+        held_.append(argument);
+        return { 1, static_cast<char>(held_.size()) };
+    }
+
+    QString PutIn(const QString& text) const
+    {
+        QString result;
+        for (const QChar character : text) {
+            const int mark = character.unicode();
+            if (mark >= 1 && mark <= held_.size())
+                result.append(held_[mark - 1]);
+            else
+                result.append(character);
+        }
+        return result;
+    }
+
+private:
+    static bool Survives(QChar character)
+    {
+        return IsAnsi(character) && character >= u' ' && character != u'@';
+    }
+
+    QStringList held_; ///< by their mark, from character 1
+};
 
 /// Text number that stands for the macro character, or 0.
 int MacroText(QChar character)
@@ -96,7 +132,10 @@ QString LngStr1(int id, const QString& arg)
     if (!ModuleIsBound(Module::Language))
         return {};
     TextBuffer buffer{};
-    return Taken(buffer, TvLng().LngGetStr1Arg(id, "", ToAnsi(arg).constData(), buffer.data(), TVLNG_MAX_TEXT));
+    Arguments arguments;
+    const QByteArray passed = arguments.Pass(arg);
+    const int32_t length = TvLng().LngGetStr1Arg(id, "", passed.constData(), buffer.data(), TVLNG_MAX_TEXT);
+    return arguments.PutIn(Taken(buffer, length));
 }
 
 QString LngStr2(int id, const QString& arg1, const QString& arg2)
@@ -104,9 +143,12 @@ QString LngStr2(int id, const QString& arg1, const QString& arg2)
     if (!ModuleIsBound(Module::Language))
         return {};
     TextBuffer buffer{};
-    return Taken(buffer,
-        TvLng().LngGetStr2Arg(
-            id, "", ToAnsi(arg1).constData(), ToAnsi(arg2).constData(), buffer.data(), TVLNG_MAX_TEXT));
+    Arguments arguments;
+    const QByteArray first = arguments.Pass(arg1);
+    const QByteArray second = arguments.Pass(arg2);
+    const int32_t length =
+        TvLng().LngGetStr2Arg(id, "", first.constData(), second.constData(), buffer.data(), TVLNG_MAX_TEXT);
+    return arguments.PutIn(Taken(buffer, length));
 }
 
 QString LngExpandMacros(const QString& text)

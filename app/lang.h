@@ -5,7 +5,8 @@
 
 #include <functional>
 
-/// Text `id`; empty for a number without text. The forms with arguments fill %1 and %2.
+/// Text `id`; empty for a number without text. The forms with arguments fill %1 and %2; what an argument holds is shown
+/// as it is, in any script and with any "@" in it.
 QString LngStr(int id);
 QString LngStr1(int id, const QString& arg);
 QString LngStr2(int id, const QString& arg1, const QString& arg2);

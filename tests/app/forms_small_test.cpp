@@ -316,6 +316,24 @@ TEST(ProgramPictures, TakeTheColourOfTheTextInAHighlightedMenuItem)
 
 namespace {
 
+/// A form whose layout leaves its size free.
+class SizedForm final : public FormBase {
+public:
+    SizedForm()
+        : FormBase("SizedForm")
+    {
+        LngSetForm(this, 11700);
+        auto* box = new QPlainTextEdit;
+        box->setMinimumSize(400, 200);
+        (new QVBoxLayout(this))->addWidget(box);
+    }
+    bool OnLoad() override
+    {
+        DialogPush(*this, false);
+        return true;
+    }
+};
+
 class FormControls : public FormTest {
 protected:
     /// The language module adjusts every control by these numbers, of which `count` exist.
@@ -359,6 +377,25 @@ TEST_F(FormControls, FourAdjustmentsMoveAndSizeAControl)
     LngSetCtrl(&button, 10004);
     EXPECT_EQ(button.geometry(), QRect(20, 30, 110, 70));
     EXPECT_EQ(button.text(), LngStr(10004));
+}
+
+TEST_F(FormControls, FourAdjustmentsMakeAFormLargerThanItsLayout)
+{
+    SizedForm plain;
+    ShowForm(plain);
+    const QSize before = plain.size();
+    DialogEnd(plain, 0);
+    Adjust(4);
+    SizedForm larger;
+    ShowForm(larger);
+    EXPECT_EQ(larger.windowTitle(), LngStr(11700));
+    EXPECT_EQ(larger.size(), before + QSize(PixelsFromTwips(&larger, 450), PixelsFromTwips(&larger, 600)));
+    DialogEnd(larger, 0);
+    Adjust(3);
+    SizedForm same;
+    ShowForm(same);
+    EXPECT_EQ(same.size(), before);
+    DialogEnd(same, 0);
 }
 
 TEST_F(FormControls, HintsCanChangeLater)

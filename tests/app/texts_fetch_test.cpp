@@ -5,13 +5,16 @@
 #include "tests/support/fixture.h"
 
 #include <QComboBox>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPixmap>
 #include <QScrollBar>
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -167,6 +170,46 @@ TEST_F(Texts, TakeArgumentsAsTheyAre)
     EXPECT_EQ(FromModule(10102, "%2", "7"), QStringLiteral("Printing page %2 of 7..."));
 }
 
+TEST_F(Texts, LeaveMacroSignsInAnArgument)
+{
+    EXPECT_EQ(LngStr1(12714, QStringLiteral("a@1.tvm")), QStringLiteral("Save the changes to “a@1.tvm”?"));
+    EXPECT_EQ(LngStr2(12749, QStringLiteral("@4"), QStringLiteral("x@5")),
+        QStringLiteral("Enter a whole number from x@5 to @4."));
+}
+
+TEST_F(Texts, ExpandMacrosAroundAnArgument)
+{
+    TvLng().LngGetStr1Arg = [](int32_t, const char*, const char* arg, char* out, int32_t outSize) -> int32_t {
+        return std::snprintf(out, static_cast<size_t>(outSize), "@1: %s", arg);
+    };
+    EXPECT_EQ(LngStr1(12714, QStringLiteral("@2")), QStringLiteral("Tarvik: @2"));
+    EXPECT_EQ(LngStr1(12714, QStringLiteral("Ä")), QStringLiteral("Tarvik: Ä"));
+}
+
+TEST_F(Texts, KeepAnArgumentInAnotherScript)
+{
+    EXPECT_EQ(LngStr1(12714, QStringLiteral("Список")), QStringLiteral("Save the changes to “Список”?"));
+    EXPECT_EQ(
+        LngStr2(12749, QStringLiteral("β"), QStringLiteral("α")), QStringLiteral("Enter a whole number from α to β."));
+}
+
+TEST_F(Texts, KeepControlCharactersInAnArgument)
+{
+    EXPECT_EQ(LngStr2(12749, QString(QChar(2)), QString(QChar(1))),
+        QStringLiteral("Enter a whole number from ") + QChar(1) + QStringLiteral(" to ") + QChar(2) + u'.');
+}
+
+TEST_F(Texts, PassArgumentsAsEightBitText)
+{
+    static QByteArray passed;
+    TvLng().LngGetStr1Arg = [](int32_t, const char*, const char* arg, char*, int32_t) -> int32_t {
+        passed = arg;
+        return 0;
+    };
+    (void)LngStr1(12714, QStringLiteral("5 €"));
+    EXPECT_EQ(passed, QByteArray("5 \x80"));
+}
+
 TEST_F(Texts, ShowAnOptionalPartOnlyWithItsArgument)
 {
     EXPECT_EQ(LngStr1(12714, QStringLiteral("a")), QStringLiteral("Save the changes to “a”?"));
@@ -258,6 +301,46 @@ TEST_F(Texts, MoveAComboBoxWithThreeAdjustmentsAndGiveItNoText)
     EXPECT_EQ(combo.currentText(), QString());
     EXPECT_EQ(combo.pos(), QPoint(20, 40));
     EXPECT_EQ(combo.size(), QSize(230, 40));
+}
+
+TEST_F(Texts, ChangeTheHeightOfASimpleComboBoxOnly)
+{
+    UseAdjustments(4);
+    QComboBox combo;
+    combo.setGeometry(10, 20, 200, 40);
+    LngSetCtrl(&combo, 10744);
+    EXPECT_EQ(combo.geometry(), QRect(20, 40, 230, 40));
+    QComboBox simple;
+    simple.setEditable(true);
+    simple.setMaxVisibleItems(0);
+    simple.setGeometry(10, 20, 200, 40);
+    LngSetCtrl(&simple, 10744);
+    EXPECT_EQ(simple.geometry(), QRect(20, 40, 230, 80));
+}
+
+TEST_F(Texts, MoveTheEndsOfALine)
+{
+    QFrame line;
+    line.setFrameShape(QFrame::HLine);
+    line.setGeometry(10, 20, 100, 50);
+    UseAdjustments(3);
+    LngSetCtrl(&line, 10744);
+    EXPECT_EQ(line.geometry(), QRect(10, 20, 100, 50));
+    UseAdjustments(4);
+    LngSetCtrl(&line, 10744);
+    EXPECT_EQ(line.geometry(), QRect(QPoint(20, 40), QSize(120, 70)));
+}
+
+TEST_F(Texts, DoNotTakeThePlaceOfAPicture)
+{
+    QLabel picture;
+    picture.setPixmap(QPixmap(8, 8));
+    UseAdjustments(4);
+    picture.setGeometry(10, 20, 30, 40);
+    LngSetCtrl(&picture, 10744);
+    EXPECT_FALSE(picture.pixmap().isNull());
+    EXPECT_EQ(picture.text(), QString());
+    EXPECT_EQ(picture.pos(), QPoint(20, 40));
 }
 
 TEST_F(Texts, LeaveAComboBoxWithTwoAdjustments)

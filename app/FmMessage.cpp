@@ -104,11 +104,13 @@ bool FmMessage::OnLoad()
 
 void FmMessage::ShowText()
 {
-    const int screenWidth = screen() == nullptr ? width() : screen()->availableGeometry().width();
-    const int wrap = MsgWrapWidthPx(screenWidth);
-    const QString text = MsgBreakLongWords(request_.Text, LbText->fontMetrics(), wrap);
+    const QSize room = screen() == nullptr ? size() : screen()->size();
+    const QFontMetrics metrics = LbText->fontMetrics();
+    const int wrap = MsgWrapWidthPx(room.width());
+    const QString broken = MsgBreakLongWords(request_.Text, metrics, wrap);
+    const QString text = MsgCutToHeight(broken, metrics, wrap, MsgTextHeightPx(room.height()));
     LbText->setText(text);
-    LbText->setFixedSize(MsgTextSize(text, LbText->fontMetrics(), wrap));
+    LbText->setFixedSize(MsgTextSize(text, metrics, wrap));
     setAccessibleDescription(request_.Text);
 }
 

@@ -11,14 +11,18 @@ namespace {
 constexpr int kScreenReservePx = 274;
 constexpr int kLeastWrapPx = 200;
 constexpr int kUnlimitedPx = 1 << 20;
+constexpr int kHeightReservePx = 160;
+constexpr int kLeastTextHeightPx = 100;
 constexpr QChar kBreakMark(0x200B);
+constexpr QChar kEllipsis(0x2026);
 
 /// Appends `word`, broken into pieces that fit `widthPx`.
 void AppendBroken(QString& out, const QString& word, const QFontMetrics& metrics, int widthPx)
 {
     QString piece;
     for (const QChar character : word) {
-        if (!piece.isEmpty() && metrics.horizontalAdvance(piece + character) > widthPx) {
+        const bool mayBreak = !piece.isEmpty() && !character.isLowSurrogate();
+        if (mayBreak && metrics.horizontalAdvance(piece + character) > widthPx) {
             out += piece + kBreakMark;
             piece.clear();
         }
@@ -109,6 +113,26 @@ QString MsgBreakLongWords(const QString& text, const QFontMetrics& metrics, int 
     }
     AppendBroken(out, word, metrics, widthPx);
     return out;
+}
+
+QString MsgCutToHeight(const QString& text, const QFontMetrics& metrics, int wrapWidthPx, int heightPx)
+{
+    const auto fits = [&](const QString& candidate) {
+        return MsgTextSize(candidate, metrics, wrapWidthPx).height() <= heightPx;
+    };
+    if (fits(text))
+        return text;
+    qsizetype kept = 0;
+    for (qsizetype tooLong = text.size(); tooLong - kept > 1;) {
+        const qsizetype middle = (kept + tooLong) / 2;
+        (fits(text.first(middle) + kEllipsis) ? kept : tooLong) = middle;
+    }
+    return text.first(kept) + kEllipsis;
+}
+
+int MsgTextHeightPx(int screenHeightPx)
+{
+    return std::max(kLeastTextHeightPx, screenHeightPx - kHeightReservePx);
 }
 
 QSize MsgTextSize(const QString& text, const QFontMetrics& metrics, int wrapWidthPx)

@@ -42,5 +42,12 @@ int MsgWrapWidthPx(int screenWidthPx);
 /// `text` with break marks put into words that are wider than `widthPx`, so that a long path wraps too.
 QString MsgBreakLongWords(const QString& text, const QFontMetrics& metrics, int widthPx);
 
+/// `text`, cut behind the last character that still fits `heightPx` when wrapped and then ended by "...", as one sign;
+/// a text that fits comes back as it is. Keeps the buttons on the screen under a text without end.
+QString MsgCutToHeight(const QString& text, const QFontMetrics& metrics, int wrapWidthPx, int heightPx);
+
+/// Height that a screen leaves to the text; the rest is for title bar, margins and buttons.
+int MsgTextHeightPx(int screenHeightPx);
+
 /// Size of the wrapped text: no wider than needed, as high as its lines.
 QSize MsgTextSize(const QString& text, const QFontMetrics& metrics, int wrapWidthPx);

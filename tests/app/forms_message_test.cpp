@@ -261,7 +261,7 @@ TEST_F(MessageForm, WrapsALongTextAndGrowsDownwards)
 {
     TheMessage().Text = QStringLiteral("A frequency list that is far too long for a line. ").repeated(60);
     RunStyle(36, [](FmMessage& form) {
-        const int screenWidth = form.screen()->availableGeometry().width();
+        const int screenWidth = form.screen()->size().width();
         EXPECT_LE(FindControl(form, "LbText").width(), MsgWrapWidthPx(screenWidth));
         EXPECT_LE(form.width(), screenWidth);
         EXPECT_GT(FindControl(form, "LbText").height(), 3 * form.fontMetrics().height());
@@ -276,6 +276,17 @@ TEST_F(MessageForm, WrapsAPathWithoutBlanks)
     RunStyle(36, [](FmMessage& form) {
         EXPECT_LE(form.width(), form.screen()->availableGeometry().width());
         ExpectNothingClipped(form);
+        DialogEnd(form, 0);
+    });
+}
+
+TEST_F(MessageForm, KeepsItsButtonsOnTheScreenUnderATextWithoutEnd)
+{
+    TheMessage().Text = QStringLiteral("a\n").repeated(300);
+    RunStyle(36, [](FmMessage& form) {
+        EXPECT_LE(form.height(), form.screen()->availableGeometry().height());
+        EXPECT_TRUE(TextOf(form, "LbText").endsWith(QChar(0x2026)));
+        EXPECT_EQ(FindControl(form, "LbText").accessibleName(), TheMessage().Text);
         DialogEnd(form, 0);
     });
 }
@@ -323,4 +334,38 @@ TEST_F(MessageForm, AnswersAWrapperWithTheButtonPressed)
     });
     EXPECT_EQ(MsgAllChoices1(kMessage, "a.tvm"), Yes);
     EXPECT_TRUE(TheMessage().YesAll);
+}
+
+TEST(MessageFormText, IsCutOnlyWhereItDoesNotFit)
+{
+    const QFontMetrics metrics{ QFont() };
+    const int threeLines = MsgTextSize("1\n2\n3", metrics, 500).height();
+    EXPECT_EQ(MsgCutToHeight("1\n2\n3", metrics, 500, threeLines), "1\n2\n3");
+    const QString cut = MsgCutToHeight("1\n2\n3\n4", metrics, 500, threeLines);
+    EXPECT_TRUE(cut.startsWith("1\n2\n3")) << qPrintable(cut);
+    EXPECT_TRUE(cut.endsWith(QChar(0x2026)));
+    EXPECT_LE(MsgTextSize(cut, metrics, 500).height(), threeLines);
+}
+
+TEST(MessageFormText, BreaksNoCharacterInTwo)
+{
+    const QFontMetrics metrics{ QFont() };
+    const QString word = QString::fromUcs4(U"\U0001F4FB").repeated(40);
+    const QString broken = MsgBreakLongWords(word, metrics, 1);
+    EXPECT_EQ(QString(broken).remove(QChar(0x200B)), word);
+    EXPECT_EQ(broken.count(QChar(0x200B)), 39);
+}
+
+TEST(MessageFormText, LeavesRoomBesideAndBelow)
+{
+    EXPECT_EQ(MsgWrapWidthPx(1920), 1646);
+    EXPECT_EQ(MsgTextHeightPx(1080), 920);
+    EXPECT_GT(MsgWrapWidthPx(100), 0);
+    EXPECT_GT(MsgTextHeightPx(100), 0);
+}
+
+TEST(MessageFormText, RowOfButtonsHasGapsAndMarginsOfItsOwn)
+{
+    EXPECT_EQ(MsgRowWidthPx({ 80 }), 80 + 32);
+    EXPECT_EQ(MsgRowWidthPx({ 80, 90, 100 }), 270 + 2 * 16 + 32);
 }

@@ -206,3 +206,9 @@ TEST_F(Message, DebugChannelSaysNothing)
     DebugReport("ModFileInit");
     EXPECT_TRUE(Shown.empty());
 }
+
+TEST_F(Message, DiagnosticTextsNameTheRoutineAndTheError)
+{
+    EXPECT_EQ(DebugFailureText("MnBmpShow", "no picture"), "Program Failure: MnBmpShow( )\rno picture");
+    EXPECT_EQ(DebugErrorText(7, "out of memory"), "Error = 7\r -> out of memory");
+}

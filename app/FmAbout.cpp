@@ -3,6 +3,7 @@
 #include "app/FmInfo.h"
 #include "app/Pictures.h"
 #include "app/help.h"
+#include "app/info.h"
 #include "app/lang.h"
 #include "app/project.h"
 
@@ -14,17 +15,8 @@ namespace {
 
 constexpr int kTextForm = 10000;
 constexpr int kHelpForm = 10001;
-constexpr int kTextVersion = 10014;
 constexpr int kPicturePx = 64;
 constexpr double kProductFontScale = 1.7;
-
-QString VersionText()
-{
-    QString version = LngStr1(kTextVersion, ProductVersionNumbers());
-    if (!ProductPreRelease().isEmpty())
-        version += u' ' + ProductPreRelease();
-    return version;
-}
 
 } // namespace
 
@@ -53,7 +45,7 @@ void FmAbout::BuildLabels()
     LbUse1 = NewLabel(this, "LbUse1", { 10003, 0, 0 });
     LbCopy = NewLabel(this, "LbCopy", { 10012, 0, 0 });
     LbVers = NewLabel(this, "LbVers", { 10013, 0, 0 });
-    LbVers->setText(VersionText());
+    LbVers->setText(AboutVersionText(ProductPreRelease()));
     LbVers->setAccessibleName(LbVers->text());
     LbVers->setTextInteractionFlags(Qt::TextSelectableByMouse);
 }

@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr int kTextVersion = 10014;
 constexpr int kTextNoVersion = 11712;
 
 InfoHooks Defaults()
@@ -74,4 +75,10 @@ QString InfoText()
     for (const InfoRow& row : InfoRows())
         text += row.Name + u'\t' + row.FileVersion + u'\t' + row.ProductVersion + QStringLiteral("\r\n");
     return text;
+}
+
+QString AboutVersionText(const QString& preRelease)
+{
+    const QString version = LngStr1(kTextVersion, ProductVersionNumbers());
+    return preRelease.isEmpty() ? version : version + u' ' + preRelease;
 }

@@ -22,6 +22,9 @@ std::vector<InfoRow> InfoRows();
 /// The rows as lines: name, tab, file version, tab, product version, CR LF.
 QString InfoText();
 
+/// Product version as a sentence; a pre-release tag that is not empty follows behind a blank.
+QString AboutVersionText(const QString& preRelease);
+
 /// Whose files are looked at.
 struct InfoHooks {
     std::function<QString()> ExecutablePath; ///< by default the running program

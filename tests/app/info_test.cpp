@@ -4,6 +4,7 @@
 #include "app/project.h"
 #include "tests/support/fixture.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -113,4 +114,19 @@ TEST_F(Info, TextPartsItsColumnsByTabs)
     ASSERT_EQ(lines.size(), 10);
     EXPECT_EQ(lines[0], "TARVIK.EXE\t1.2.3.4\t4.3.0.0");
     EXPECT_EQ(lines[9], "");
+}
+
+TEST_F(Info, VersionSentenceBearsThePreReleaseTagBehindABlank)
+{
+    EXPECT_EQ(AboutVersionText({}), LngStr1(10014, "4.3.0"));
+    EXPECT_EQ(AboutVersionText("beta 2"), LngStr1(10014, "4.3.0") + " beta 2");
+}
+
+TEST_F(Info, FileThatIsThereWithAZeroVersionShowsIt)
+{
+    TvVersionRecord zero = TV_VERSION_RECORD(0, 0, 0, 0);
+    std::ranges::fill(zero.ProductVersion, 0);
+    Store(FilePath("program"), QByteArray(reinterpret_cast<const char*>(&zero), sizeof zero));
+    EXPECT_EQ(InfoRows()[0].FileVersion, "0.0.0.0");
+    EXPECT_EQ(InfoRows()[0].ProductVersion, "0.0.0.0");
 }

@@ -77,7 +77,8 @@ QStringList ArrayJoin(const QStringList& first, const QStringList& second)
 bool FileToBin(const QString& path)
 {
     TheSeams().MoveToTrash(path);
-    return !QFileInfo::exists(path);
+    const QFileInfo file(path);
+    return !file.exists() && !file.isSymLink(); // a link into nowhere is still there itself
 }
 
 QString BrowseFolder(const QString& title, const QString& start)

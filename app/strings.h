@@ -52,4 +52,6 @@ QString PathWithSlash(const QString& path, QChar separator = QDir::separator());
 
 /// Reads three numbers with anything but digits between them, in the order of the region's short date. `ok` is false,
 /// and the result invalid, for a text without three numbers or a day that doesn't exist.
+/// A region with the year first has the third number put in front (third, first, second), and only then are numbers
+/// exchanged that don't fit their place: "2024-03-05" is May 3, and a day above 12 makes the text no date.
 QDate StrToDate(const QString& text, bool& ok);

@@ -112,6 +112,13 @@ TEST_F(General, FileToBinTellsWhetherTheFileIsGone)
     EXPECT_TRUE(FileToBin(FilePath("a")));
 }
 
+TEST_F(General, FileToBinSeesALinkThatLeadsNowhere)
+{
+    ASSERT_TRUE(QFile::link(FilePath("gone"), FilePath("link")));
+    TheSeams().MoveToTrash = [](const QString&) { return false; };
+    EXPECT_FALSE(FileToBin(FilePath("link")));
+}
+
 TEST_F(General, BrowseFolderHandsTitleAndStartOver)
 {
     FolderQuestion asked;

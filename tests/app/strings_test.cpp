@@ -126,7 +126,29 @@ TEST_F(Strings, DateWithDayFirst)
 TEST_F(Strings, DateWithYearFirstTurnsTheThirdNumberToTheFront)
 {
     SetRegion(QLocale(QLocale::Swedish, QLocale::Sweden));
-    EXPECT_EQ(Parsed("2024-03-05"), "5 3 2024");
+    EXPECT_EQ(Parsed("2024-03-05"), "5 3 2024"); // turned to 5 2024 3, then the year leaves the day's place
+    EXPECT_EQ(Parsed("24-03-05"), "5 24 3");
+    EXPECT_EQ(Parsed("05/03/24"), "5 24 3"); // 24 5 3, then month and day change places
+    EXPECT_EQ(Parsed("2024-03-25"), "2024 25 3");
+}
+
+TEST_F(Strings, DateWithYearFirstAndADayAboveTwelveIsNone)
+{
+    BindModules();
+    SetRegion(QLocale(QLocale::Swedish, QLocale::Sweden));
+    bool ok = true;
+    EXPECT_FALSE(StrToDate("2024-03-25", ok).isValid());
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(StrToDate("2024-03-05", ok), QDate(2024, 5, 3));
+    EXPECT_TRUE(ok);
+}
+
+TEST_F(Strings, DateMovesANumberAbove31OnlyAfterMonthAndDay)
+{
+    EXPECT_EQ(Parsed("12/31/2024"), "12 31 2024");
+    EXPECT_EQ(Parsed("12/32/5"), "12 5 32");
+    EXPECT_EQ(Parsed("13/5/2024"), "5 13 2024");
+    EXPECT_EQ(Parsed("32/5/24"), "5 24 32");
 }
 
 TEST_F(Strings, DateExchangesNumbersThatDoNotFitTheirPlace)

@@ -3,6 +3,7 @@
 #include "tests/support/fixture.h"
 
 #include <limits>
+#include <set>
 
 class ValueFormat : public ProgramTest {
 protected:
@@ -91,6 +92,55 @@ TEST_F(ValueFormat, OtherUnitsHaveTheirOwnDecimals)
     EXPECT_EQ(Formatted(0.00004, 14152), Is("0.0000", 0, 14152));
     EXPECT_EQ(Formatted(64000, 14154), Is("64", 14108, 14154));
     EXPECT_EQ(Formatted(99.6, 14137), Is("100", 0, 14137));
+}
+
+TEST_F(ValueFormat, UnitsWithoutAWayOfTheirOwnHaveNeitherDecimalsNorPrefix)
+{
+    const std::set<int> own{ 14116, 14117, 14118, 14125, 14129, 14131, 14145, 14146, 14147, 14148, 14150, 14151, 14152,
+        14153, 14154, 14157, 14160, 14162 };
+    for (int unit = 14116; unit <= 14162; ++unit) {
+        if (own.contains(unit))
+            continue;
+        EXPECT_EQ(Formatted(1234.5, unit), Is("1235", 0, unit)) << unit;
+    }
+}
+
+TEST_F(ValueFormat, EachWritingKnowsItsUnitsWithoutPrefix)
+{
+    const std::set<int> never{ 14118, 14119, 14120, 14121, 14122, 14123, 14125, 14126, 14127, 14130, 14131, 14132,
+        14137, 14138, 14145, 14146, 14147 };
+    const std::set<int> neverWhenSignificant{ 14150, 14151, 14156 };
+    for (int id = 14116; id <= 14162; ++id) {
+        const QString unit = LngStr(id);
+        const auto expected = [&unit](bool takesNone) { return (takesNone ? QString() : LngStr(14108)) + unit; };
+        QString shown;
+        StrValueFixed(1500, 0, 3, unit, shown);
+        EXPECT_EQ(shown, expected(never.contains(id) || id == 14148)) << id;
+        StrValueOptional(1500, 0, 3, unit, shown);
+        EXPECT_EQ(shown, expected(never.contains(id) || id == 14148)) << id;
+        StrValueSignificant(1500, 4, unit, shown, true);
+        EXPECT_EQ(shown, expected(never.contains(id) || neverWhenSignificant.contains(id))) << id;
+    }
+}
+
+TEST_F(ValueFormat, EmptyUnitTakesAPrefixOnlyWithSignificantDigits)
+{
+    QString unit;
+    EXPECT_EQ(StrValueOptional(1500, 0, 3, "", unit), "1500");
+    EXPECT_EQ(unit, "");
+    EXPECT_EQ(StrValueSignificant(1500, 4, "", unit, true), "1.5");
+    EXPECT_EQ(unit, "k");
+}
+
+TEST_F(ValueFormat, ValueOfExactlyOneKeepsItsPower)
+{
+    QString unit;
+    EXPECT_EQ(StrValueFixed(1, 0, -3, LngStr(14148), unit), "1000");
+    EXPECT_EQ(unit, "ms");
+    EXPECT_EQ(StrValueOptional(1, 0, -3, LngStr(14148), unit), "1000");
+    EXPECT_EQ(unit, "ms");
+    EXPECT_EQ(StrValueFixed(1, 0, 3, LngStr(14152), unit), "0.001");
+    EXPECT_EQ(unit, "km");
 }
 
 TEST_F(ValueFormat, UnknownUnitHasNoDecimals)
@@ -182,6 +232,20 @@ TEST_F(ValueFormat, SignificantWithDigitsFarBelowThePointKeepsOneDecimal)
 {
     QString unit;
     EXPECT_EQ(StrValueSignificant(1.25e-27, 4, LngStr(14117), unit, false), "0");
+}
+
+TEST_F(ValueFormat, SignificantWritesDigitsDownToTheTwentySeventhPlace)
+{
+    QString unit;
+    EXPECT_EQ(StrValueSignificant(3e-27, 4, LngStr(14117), unit, false), "0." + QString(26, '0') + '3');
+    EXPECT_EQ(StrValueSignificant(3e-28, 4, LngStr(14117), unit, false), "0");
+}
+
+TEST_F(ValueFormat, OptionalHasAtMost36Decimals)
+{
+    QString unit;
+    EXPECT_EQ(StrValueOptional(3e-36, -50, 0, LngStr(14116), unit), "0." + QString(35, '0') + '3');
+    EXPECT_EQ(StrValueOptional(3e-37, -50, 0, LngStr(14116), unit), "0");
 }
 
 TEST_F(ValueFormat, SignificantDropsThePrefixOfMoreUnits)

@@ -43,7 +43,9 @@ TEST_F(Model, UnknownClassHasNoTexts)
     for (const int fileClass : { 0, 7, -1, 99 }) {
         ModFileInit(fileClass);
         EXPECT_EQ(FileClasses().CurrentFileClass, FileClassUnknown);
+        EXPECT_EQ(FileClasses().FileClassMask, 4);
         EXPECT_EQ(ModCaption(CaptionNoun), 0);
+        EXPECT_EQ(ModCaption(CaptionEditor), 0);
     }
 }
 

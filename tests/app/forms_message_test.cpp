@@ -180,6 +180,15 @@ TEST_F(MessageForm, EndsWithCancelWhenACharacterIsTypedOnOk)
     EXPECT_EQ(status, Cancel);
 }
 
+TEST_F(MessageForm, TakesABlankOnOkForACharacterToo)
+{
+    RunStyle(1, [](FmMessage& form) {
+        ASSERT_TRUE(HasFocus(form, "BtOk"));
+        Key(Qt::Key_Space);
+    });
+    EXPECT_EQ(TheMessage().Result, Cancel);
+}
+
 TEST_F(MessageForm, EndsWithOkOnEnterBecauseTheButtonTakesIt)
 {
     RunStyle(48, [](FmMessage&) { Key(Qt::Key_Return); });

@@ -19,7 +19,7 @@ public:
     IniSession& operator=(const IniSession&) = delete;
 
     /// False when the file could not be replaced: it is as it was.
-    bool Commit();
+    [[nodiscard]] bool Commit();
 };
 
 /// Longest text, in characters, that a reader returns; the rest of a value is cut.

@@ -57,7 +57,7 @@ bool CanAct();
 /// Splits a full path into `LastFile`.
 void SetLastFile(const QString& path);
 
-/// `AppPath` and the settings file's name, the help file's name.
+/// Name of the help file, which stands in `AppPath`.
 QString HelpFileName();
 
 /// What the spine asks of folders that stand above it; bound by the program's composition.

@@ -151,5 +151,5 @@ void IniWrite()
     for (const SettingsGroup& group : Groups())
         group.Write(file);
     WriteWindow(file);
-    session.Commit(); // a file that can't be replaced keeps the settings of the last run
+    static_cast<void>(session.Commit()); // a file that can't be replaced keeps the settings of the last run
 }

@@ -157,6 +157,7 @@ bool OpenStartFile(const QString& path)
     if (name.isEmpty() || !CanBeRead(name))
         return false;
 
+    name = QFileInfo(name).absoluteFilePath(); // it is remembered beyond this run, which may begin in another folder
     SetLastFile(name);
     BeginBusy();
     const auto open = TheProjectHooks().FileOpen;

@@ -40,8 +40,9 @@ CommonDialog& TheCommonDialog();
 [[nodiscard]] bool ProjectStart(ProjectHost& host);
 
 /// Opens the file that a command line names, with or without a pair of double quotes around it. False, without a
-/// word to the user, when there is none that can be read; else what opening it returned.
-bool OpenStartFile(const QString& path);
+/// word to the user, when there is none that can be read; else what opening it returned. A relative name is taken from
+/// the folder that the process works in.
+[[nodiscard]] bool OpenStartFile(const QString& path);
 
 /// Asked when the frame is about to close; false refuses. Settings are written whether or not the documents could
 /// be closed.

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -300,6 +301,22 @@ TEST_F(Frame, StandsWhereItStoodLast)
     main.close();
     EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinWidth", 0), static_cast<float>(main.width()) * 15.0F);
     EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinLeft", 0), 150.0F);
+}
+
+TEST_F(Frame, GivesItsPictureToTheLogoAndFreesIt)
+{
+    QSize shown;
+    QSize kept;
+    TheSeams().StartTimer = [&](int, std::function<void()> tick) {
+        kept = Find<QLabel>(*frame, "ImLogoMr").pixmap(Qt::ReturnByValue).size();
+        shown = Find<QLabel>(dynamic_cast<QWidget&>(*DialogTop()), "ImLogo").pixmap(Qt::ReturnByValue).size();
+        EXPECT_FALSE(frame->isVisible());
+        QTimer::singleShot(0, qApp, std::move(tick));
+    };
+    Start();
+    EXPECT_FALSE(kept.isEmpty());
+    EXPECT_EQ(shown, kept);
+    EXPECT_TRUE(Find<QLabel>(*frame, "ImLogoMr").pixmap(Qt::ReturnByValue).isNull());
 }
 
 TEST_F(Frame, IsMaximisedWithoutSettings)

@@ -154,6 +154,9 @@ TEST_F(KeyboardHook, HoldsShiftUntilAnyKeyIsReleased)
     EXPECT_TRUE(Program().ShiftDown);
     EXPECT_FALSE(Release(Qt::Key_A));
     EXPECT_FALSE(Program().ShiftDown);
+    EXPECT_FALSE(Press(Qt::Key_Shift));
+    EXPECT_FALSE(Release(Qt::Key_Shift));
+    EXPECT_FALSE(Program().ShiftDown);
 }
 
 TEST_F(KeyboardHook, EscapeEndsTheActiveDialogOnPressAndPassesOn)

@@ -7,9 +7,14 @@
 #include "app/settings.h"
 #include "app/startup.h"
 #include "app/statusBar.h"
+#include "tests/support/fakeDialog.h"
 #include "tests/support/fixture.h"
 
 #include <set>
+
+#if defined(Q_OS_UNIX)
+#include <sys/resource.h>
+#endif
 
 namespace {
 
@@ -144,12 +149,15 @@ TEST_F(Startup, PutsTheStateToItsStart)
     Program().NonModalDialogs = true;
     Program().Idle = false;
     Program().MenusDisabled = true;
+    FakeDialog dialog;
+    DialogPush(dialog, false);
     host.Line = QStringLiteral("some text");
     ASSERT_TRUE(Init());
     EXPECT_FALSE(Program().Started);
     EXPECT_FALSE(Program().NonModalDialogs);
     EXPECT_TRUE(Program().Idle);
     EXPECT_FALSE(Program().MenusDisabled);
+    EXPECT_FALSE(DialogIsOpen());
     EXPECT_EQ(Program().CommandLine, "some text");
     EXPECT_EQ(Program().ProgramTitle, LngStr(11800));
 }
@@ -357,7 +365,45 @@ TEST_F(StartFile, LosesOnePairOfQuotesAndTheBlanksAround)
     EXPECT_TRUE(OpenStartFile(QStringLiteral("  ") + FilePath("a b.tvm")));
     EXPECT_FALSE(OpenStartFile(QStringLiteral("\"\"") + FilePath("a b.tvm") + QStringLiteral("\"\"")));
     EXPECT_FALSE(OpenStartFile(u'"' + FilePath("a b.tvm")));
+    EXPECT_FALSE(OpenStartFile(QStringLiteral(" \"") + FilePath("a b.tvm") + u'"'));
 }
+
+TEST_F(StartFile, IsRememberedByItsFullPath)
+{
+    Store(FilePath("a.tvm"), "x");
+    QString opened;
+    TheProjectHooks().FileOpen = [&opened](const QString& path) {
+        opened = path;
+        return true;
+    };
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(Folder()));
+    const QString here = QDir::currentPath(); // without links
+    EXPECT_TRUE(OpenStartFile(QStringLiteral("a.tvm")));
+    ASSERT_TRUE(QDir::setCurrent(before));
+    EXPECT_EQ(opened, here + "/a.tvm");
+    EXPECT_EQ(Program().LastFile.Folder, QDir::toNativeSeparators(here + '/'));
+    EXPECT_EQ(Program().LastFile.Path, here + "/a.tvm");
+}
+
+#if defined(Q_OS_UNIX)
+
+TEST_F(StartFile, ThatCannotBeReadIsPassedOverWithoutAWord)
+{
+    Store(FilePath("a.tvm"), "x");
+    SetLastFile(FilePath("before.tvm"));
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none{ 0, before.rlim_max }; // so that no more files can be opened, not even by the administrator
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+    const bool opened = OpenStartFile(FilePath("a.tvm"));
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_FALSE(opened);
+    EXPECT_TRUE(host.Log.isEmpty());
+    EXPECT_EQ(Program().LastFile.Name, "before");
+}
+
+#endif
 
 TEST_F(StartFile, LeavesTheLastFileAloneWhenThereIsNoSuchFile)
 {
@@ -372,6 +418,18 @@ TEST_F(Shutdown, IsRefusedWithoutAWordWhileACommandRuns)
     EXPECT_FALSE(ProjectQueryUnload());
     EXPECT_TRUE(host.Log.isEmpty());
     EXPECT_FALSE(QFile::exists(FilePath("Tarvik.ini")));
+}
+
+TEST_F(Shutdown, IsRefusedWithoutAWordWhileADialogIsOpen)
+{
+    FakeDialog dialog;
+    DialogPush(dialog, false);
+    EXPECT_FALSE(ProjectQueryUnload());
+    EXPECT_TRUE(host.Log.isEmpty());
+    EXPECT_FALSE(QFile::exists(FilePath("Tarvik.ini")));
+    EXPECT_FALSE(dialog.WasUnloaded);
+    DialogPop();
+    EXPECT_TRUE(ProjectQueryUnload());
 }
 
 TEST_F(Shutdown, ClosesTheDocumentsThenWritesTheSettings)
@@ -398,15 +456,18 @@ TEST_F(Shutdown, WritesTheSettingsAlsoWhenAPromptWasCancelled)
     EXPECT_TRUE(CanAct());
 }
 
-TEST_F(Shutdown, GivesBackLinkAndHook)
+TEST_F(Shutdown, GivesBackTheLinkThenTheHook)
 {
-    static int disconnects = 0;
-    disconnects = 0;
-    TvScpi().scpiDisconnect = [] { ++disconnects; };
+    static QStringList* log = nullptr;
+    log = &host.Log;
+    TvScpi().scpiDisconnect = [] { log->append(QStringLiteral("disconnect")); };
     ProjectUnload(host);
-    EXPECT_EQ(disconnects, 1);
-    EXPECT_EQ(host.Log, QStringList{ "unhook" });
+    EXPECT_EQ(host.Log, QStringList({ "disconnect", "unhook" }));
+}
+
+TEST_F(Shutdown, GivesBackTheHookWithoutAChannel)
+{
     ModulesReset();
     ProjectUnload(host);
-    EXPECT_EQ(disconnects, 1);
+    EXPECT_EQ(host.Log, QStringList{ "unhook" });
 }

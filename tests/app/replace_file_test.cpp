@@ -3,6 +3,11 @@
 
 #include <QFileInfo>
 
+#if defined(Q_OS_UNIX)
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
 class ReplaceFileTest : public ProgramTest {
 protected:
     QStringList Names() const
@@ -71,3 +76,45 @@ TEST_F(ReplaceFileTest, WritesNothingAsAnEmptyFile)
     ASSERT_TRUE(ReplaceFile(FilePath("a"), {}));
     EXPECT_EQ(QFileInfo(FilePath("a")).size(), 0);
 }
+
+#if defined(Q_OS_UNIX)
+
+namespace {
+
+/// While it lives, no file takes more than `bytes`: what a full disk does to a writer.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes)
+        : handler_(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit small{ bytes, before_.rlim_max };
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    void (*handler_)(int);
+    rlimit before_{};
+};
+
+} // namespace
+
+TEST_F(ReplaceFileTest, LeavesTheOldFileAndNothingElseOnAFullDisk)
+{
+    Store(FilePath("a"), "old");
+    for (const qsizetype size : { 1000, 100000 }) { // in the buffer, and past it
+        const FullDisk disk(500);
+        EXPECT_FALSE(ReplaceFile(FilePath("a"), QByteArray(size, 'x'))) << size;
+    }
+    EXPECT_EQ(Contents(FilePath("a")), "old");
+    EXPECT_EQ(Names(), QStringList("a"));
+}
+
+#endif

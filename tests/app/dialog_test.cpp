@@ -75,6 +75,18 @@ TEST_F(Dialog, BringsAPlainStatusTextBack)
     EXPECT_EQ(frame_.Status, "hint");
 }
 
+TEST_F(Dialog, BringsOnlyTheTextOfAJobBackWhileAnotherProgramIsActive)
+{
+    StatusSet("hint");
+    FakeDialog form;
+    form.WhileOpen = [this] { frame_.Active = false; };
+    DialogShow(form);
+    EXPECT_EQ(frame_.Status, "");
+    StatusJob("working");
+    DialogShow(form);
+    EXPECT_EQ(frame_.Status, "working");
+}
+
 TEST_F(Dialog, ClosesTheTipOnlyForTheFirstDialog)
 {
     FakeDialog outer;

@@ -265,6 +265,15 @@ TEST_F(Startup, EndsWhenTheLogoEndsWith3)
     EXPECT_FALSE(Program().Started);
 }
 
+TEST_F(Startup, GoesOnWhenTheLogoWasClosedByOtherMeans)
+{
+    ASSERT_TRUE(Init());
+    host.LogoStatus = 1;
+    EXPECT_TRUE(ProjectStart(host));
+    EXPECT_TRUE(host.Log.contains("show"));
+    EXPECT_TRUE(Program().Started);
+}
+
 TEST_F(Startup, RemovesLeftOverTemporaryFilesBeforeTheFrameShows)
 {
     for (const char* name : { "temp00.set", "temp07.png", "temp09.set", "temp10.png", "temp7.png", "temp03.csv" })

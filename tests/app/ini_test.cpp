@@ -207,6 +207,14 @@ TEST_F(Ini, PcFolderThatIsGoneIsTheProgramFolder)
     EXPECT_EQ(IniReadModelPcPath(FilePath("x.ini"), 3), Program().AppPath);
 }
 
+TEST_F(Ini, PcFolderThatIsAFileIsTheProgramFolder)
+{
+    Store(FilePath("file"), "x");
+    Store(FilePath("x.ini"), "[File]\nPcPathMl=" + FilePath("file").toUtf8() + "\nPcPathAl=\n");
+    EXPECT_EQ(IniReadModelPcPath(FilePath("x.ini"), 3), Program().AppPath);
+    EXPECT_EQ(IniReadModelPcPath(FilePath("x.ini"), 1), Program().AppPath);
+}
+
 TEST_F(Ini, PcFolderThatExistsIsTaken)
 {
     ASSERT_TRUE(QDir(Folder()).mkdir("Örtlich"));

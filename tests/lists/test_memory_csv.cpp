@@ -19,7 +19,7 @@ protected:
 
     QString Written()
     {
-        const QString path = FilePath("list.csv");
+        QString path = FilePath("list.csv");
         Store(path, JoinLines(lines));
         return path;
     }

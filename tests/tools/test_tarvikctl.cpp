@@ -31,7 +31,7 @@ protected:
     {
         QList<int> numbers;
         const QJsonArray rows = Json(file)[QStringLiteral("rows")].toArray();
-        for (const QJsonValue& row : rows)
+        for (const auto& row : rows)
             numbers.append(row[QStringLiteral("number")].toInt());
         return numbers;
     }

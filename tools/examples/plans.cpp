@@ -96,10 +96,12 @@ ChannelPlan Cb()
 ChannelPlan Airband()
 {
     ChannelPlan plan{ QStringLiteral("Airband-25kHz"), QStringLiteral("ICAO Annex 10 Volume V"), {} };
-    for (double frequencyHz = 118e6; frequencyHz < 137e6; frequencyHz += 25 * kKilohertz)
+    for (int kilohertz = 118000; kilohertz < 137000; kilohertz += 25) {
+        const double frequencyHz = kilohertz * kKilohertz;
         plan.Channels.push_back({ frequencyHz,
             QStringLiteral("Air %1%2").arg(Megahertz(frequencyHz, 3), QLatin1String(AirbandUse(frequencyHz))),
             &kAirbandAm });
+    }
     return plan;
 }
 

@@ -45,9 +45,12 @@ wait_for() {
   fail "in vain: $*"
 }
 
-# True when the program shows a window with this title and the keyboard speaks to it.
+# True when the program shows a window with this title and the keyboard speaks to it. A busy window manager may have
+# left the keyboard where it was; it is then asked for it.
 has_active() {
-  [[ $(xdotool getactivewindow getwindowname 2>/dev/null) == "$1" ]]
+  [[ $(xdotool getactivewindow getwindowname 2>/dev/null) == "$1" ]] && return
+  xdotool search --onlyvisible --pid "$pid" --name "^$1\$" windowactivate >/dev/null 2>&1 || true
+  return 1
 }
 
 # True when the frame is there: it alone bears the window class and can be made larger than any form.

@@ -1,3 +1,4 @@
+#include "closed/files/files.h"
 #include "closed/tvfio/calls.h"
 #include "closed/tvfio/correctionset.h"
 
@@ -162,7 +163,7 @@ int16_t LoadSet(const char* path)
         if (status == FioStatus::Ok)
             status = LoadBytes<CorrectionSet>(bytes);
         if (status == FioStatus::Ok)
-            CorrectionSet::Current().FileName = FileNameOfPath(path);
+            CorrectionSet::Current().FileName = tvfile::FileNameOfPath(path);
         return status;
     }));
 }
@@ -173,7 +174,7 @@ int16_t SaveSet(const char* path)
         CorrectionSet& set = CorrectionSet::Current();
         const FioStatus status = SaveFileBytes(path, set.Encode());
         if (status == FioStatus::Ok)
-            set.FileName = FileNameOfPath(path);
+            set.FileName = tvfile::FileNameOfPath(path);
         return status;
     }));
 }

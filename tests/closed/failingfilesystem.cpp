@@ -3,7 +3,21 @@
 #include <algorithm>
 #include <cerrno>
 
-namespace tvfio {
+namespace tvfile {
+
+int FailingFileSystem::Read(intptr_t handle, std::span<uint8_t> room, size_t& got)
+{
+    const int error = FileSystem::Read(handle, room.first(std::min(room.size(), ReadableBytes)), got);
+    ReadableBytes -= got;
+    return error;
+}
+
+int FailingFileSystem::FreeBytes(const std::string& folder, uint64_t& bytes)
+{
+    const int error = FileSystem::FreeBytes(folder, bytes);
+    bytes = std::min(bytes, Free);
+    return error;
+}
 
 int FailingFileSystem::Create(const std::string& path, uint32_t permissions, intptr_t& handle)
 {
@@ -17,6 +31,7 @@ int FailingFileSystem::Write(intptr_t handle, ByteView bytes, size_t& written)
         return ENOSPC;
     const int error = FileSystem::Write(handle, bytes.first(count), written);
     BytesLeft -= written;
+    BytesWritten += written;
     return error;
 }
 
@@ -42,4 +57,4 @@ void FailingFileSystem::Pause()
         DuringPause();
 }
 
-} // namespace tvfio
+} // namespace tvfile

@@ -1,12 +1,12 @@
 // tests/closed/failingfilesystem.h: a disk that fails where a test wants it to.
 #pragma once
 
-#include "closed/tvfio/fileaccess.h"
+#include "closed/files/filesystem.h"
 
 #include <functional>
 #include <limits>
 
-namespace tvfio {
+namespace tvfile {
 
 /// Stands in for the system while it lives. What is not told to fail works on the real disk.
 class FailingFileSystem final : public FileSystem {
@@ -22,6 +22,9 @@ public:
 
     size_t BytesLeft = std::numeric_limits<size_t>::max(); ///< bytes that can be written before the disk is full
     size_t MaxChunk = std::numeric_limits<size_t>::max(); ///< most bytes that one write takes
+    size_t BytesWritten = 0;
+    size_t ReadableBytes = std::numeric_limits<size_t>::max(); ///< after which files seem to end
+    uint64_t Free = std::numeric_limits<uint64_t>::max(); ///< what the disk says that it has left
     int CreateError = 0;
     int FlushError = 0;
     int ReplaceError = 0;
@@ -29,11 +32,13 @@ public:
     std::function<void()> DuringPause;
     std::function<void()> AtFlush;
 
+    int Read(intptr_t handle, std::span<uint8_t> room, size_t& got) override;
     int Create(const std::string& path, uint32_t permissions, intptr_t& handle) override;
     int Write(intptr_t handle, ByteView bytes, size_t& written) override;
     int Flush(intptr_t handle) override;
     int Replace(intptr_t handle, const std::string& from, const std::string& to) override;
+    int FreeBytes(const std::string& folder, uint64_t& bytes) override;
     void Pause() override;
 };
 
-} // namespace tvfio
+} // namespace tvfile

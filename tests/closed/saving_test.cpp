@@ -1,4 +1,5 @@
 // Saving replaces a file whole or not at all, whatever fails and whoever else is at work.
+#include "closed/files/files.h"
 #include "tests/closed/failingfilesystem.h"
 #include "tests/closed/samples.h"
 #include "tests/closed/storefixture.h"
@@ -12,6 +13,9 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+using tvfile::FailingFileSystem;
+using tvfile::TemporaryPath;
 
 namespace {
 

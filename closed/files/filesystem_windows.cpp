@@ -1,5 +1,5 @@
-// The system calls behind fileaccess.h on Windows. UTF-8 paths become wide ones here.
-#include "closed/tvfio/fileaccess.h"
+// The calls of filesystem.h on Windows. UTF-8 paths become wide ones here.
+#include "closed/files/filesystem.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -8,11 +8,12 @@
 #define NOMINMAX
 #include <windows.h>
 
-namespace tvfio {
+namespace tvfile {
 
 namespace {
 
 constexpr DWORD kPauseMs = 5;
+constexpr size_t kMaxChunk = size_t{ 1 } << 20;
 
 bool ToWide(const std::string& path, std::wstring& wide)
 {
@@ -54,21 +55,6 @@ HANDLE AsHandle(intptr_t handle)
     return reinterpret_cast<HANDLE>(handle);
 }
 
-int ReadOpenFile(HANDLE file, size_t maxBytes, Bytes& bytes)
-{
-    LARGE_INTEGER size{};
-    if (GetFileSizeEx(file, &size) == 0)
-        return LastError();
-    if (static_cast<uint64_t>(size.QuadPart) > maxBytes)
-        return EFBIG;
-    bytes.resize(static_cast<size_t>(size.QuadPart));
-    DWORD got = 0;
-    if (ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &got, nullptr) == 0)
-        return EIO;
-    bytes.resize(got);
-    return 0;
-}
-
 } // namespace
 
 int FileSystem::Describe(const std::string& path, FileInfo& info)
@@ -90,7 +76,7 @@ int FileSystem::Describe(const std::string& path, FileInfo& info)
     return 0;
 }
 
-int FileSystem::ReadAll(const std::string& path, size_t maxBytes, Bytes& bytes)
+int FileSystem::OpenToRead(const std::string& path, intptr_t& handle, uint64_t& bytes)
 {
     FileInfo info;
     if (const int error = Describe(path, info); error != 0)
@@ -104,9 +90,30 @@ int FileSystem::ReadAll(const std::string& path, size_t maxBytes, Bytes& bytes)
         nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return LastError();
-    const int error = ReadOpenFile(file, maxBytes, bytes);
-    (void)CloseHandle(file);
-    return error;
+    LARGE_INTEGER size{};
+    if (GetFileSizeEx(file, &size) == 0) {
+        const int error = LastError();
+        (void)CloseHandle(file);
+        return error;
+    }
+    bytes = static_cast<uint64_t>(size.QuadPart);
+    handle = reinterpret_cast<intptr_t>(file);
+    return 0;
+}
+
+int FileSystem::Read(intptr_t handle, std::span<uint8_t> room, size_t& got)
+{
+    DWORD count = 0;
+    const auto chunk = static_cast<DWORD>(std::min(room.size(), kMaxChunk));
+    if (ReadFile(AsHandle(handle), room.data(), chunk, &count, nullptr) == 0)
+        return EIO;
+    got = count;
+    return 0;
+}
+
+void FileSystem::Close(intptr_t handle)
+{
+    (void)CloseHandle(AsHandle(handle));
 }
 
 int FileSystem::Create(const std::string& path, uint32_t, intptr_t& handle)
@@ -125,7 +132,6 @@ int FileSystem::Create(const std::string& path, uint32_t, intptr_t& handle)
 
 int FileSystem::Write(intptr_t handle, ByteView bytes, size_t& written)
 {
-    constexpr size_t kMaxChunk = size_t{ 1 } << 20;
     DWORD count = 0;
     const auto chunk = static_cast<DWORD>(std::min(bytes.size(), kMaxChunk));
     if (WriteFile(AsHandle(handle), bytes.data(), chunk, &count, nullptr) == 0)
@@ -166,9 +172,21 @@ void FileSystem::FlushFolder(const std::string&)
     // The move is written through already.
 }
 
+int FileSystem::FreeBytes(const std::string& folder, uint64_t& bytes)
+{
+    std::wstring wide;
+    if (!ToWide(folder.empty() ? "." : folder, wide))
+        return EILSEQ;
+    ULARGE_INTEGER free{};
+    if (GetDiskFreeSpaceExW(wide.c_str(), &free, nullptr, nullptr) == 0)
+        return LastError();
+    bytes = free.QuadPart;
+    return 0;
+}
+
 void FileSystem::Pause()
 {
     Sleep(kPauseMs);
 }
 
-} // namespace tvfio
+} // namespace tvfile

@@ -1,5 +1,5 @@
-// The system calls behind fileaccess.h where the system is POSIX. A path's bytes are taken as they are.
-#include "closed/tvfio/fileaccess.h"
+// The calls of filesystem.h where the system is POSIX. A path's bytes are taken as they are.
+#include "closed/files/filesystem.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -8,10 +8,11 @@
 #include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 #include <utility>
 
-namespace tvfio {
+namespace tvfile {
 
 namespace {
 
@@ -45,27 +46,6 @@ public:
 private:
     int number_;
 };
-
-int ReadUpTo(int descriptor, size_t maxBytes, Bytes& bytes)
-{
-    size_t filled = 0;
-    for (;;) {
-        if (filled > maxBytes)
-            return EFBIG;
-        if (filled == bytes.size())
-            bytes.resize(filled + 4096); // grew since it was asked
-        const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            return errno;
-        if (got == 0)
-            break;
-        filled += static_cast<size_t>(got);
-    }
-    bytes.resize(filled);
-    return 0;
-}
 
 /// True if `path` still names the open file.
 bool IsStillNamed(int descriptor, const std::string& path)
@@ -113,9 +93,9 @@ int FileSystem::Describe(const std::string& path, FileInfo& info)
     return 0;
 }
 
-int FileSystem::ReadAll(const std::string& path, size_t maxBytes, Bytes& bytes)
+int FileSystem::OpenToRead(const std::string& path, intptr_t& handle, uint64_t& bytes)
 {
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (file.Number() < 0)
         return errno;
     struct stat status { };
@@ -125,10 +105,25 @@ int FileSystem::ReadAll(const std::string& path, size_t maxBytes, Bytes& bytes)
         return EISDIR;
     if (!S_ISREG(status.st_mode))
         return EINVAL;
-    if (static_cast<uint64_t>(status.st_size) > maxBytes)
-        return EFBIG;
-    bytes.resize(static_cast<size_t>(status.st_size) + 1); // one more, so that the end shows without another read
-    return ReadUpTo(file.Number(), maxBytes, bytes);
+    bytes = static_cast<uint64_t>(status.st_size);
+    handle = file.Release();
+    return 0;
+}
+
+int FileSystem::Read(intptr_t handle, std::span<uint8_t> room, size_t& got)
+{
+    for (;;) {
+        const ssize_t count = ::read(static_cast<int>(handle), room.data(), room.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        got = count > 0 ? static_cast<size_t>(count) : 0;
+        return count >= 0 ? 0 : errno;
+    }
+}
+
+void FileSystem::Close(intptr_t handle)
+{
+    const Descriptor file(static_cast<int>(handle));
 }
 
 int FileSystem::Create(const std::string& path, uint32_t permissions, intptr_t& handle)
@@ -193,10 +188,19 @@ void FileSystem::FlushFolder(const std::string& folder)
         (void)::fsync(file.Number());
 }
 
+int FileSystem::FreeBytes(const std::string& folder, uint64_t& bytes)
+{
+    struct statvfs volume { };
+    if (::statvfs(folder.empty() ? "." : folder.c_str(), &volume) != 0)
+        return errno;
+    bytes = static_cast<uint64_t>(volume.f_bavail) * volume.f_frsize;
+    return 0;
+}
+
 void FileSystem::Pause()
 {
     const timespec pause{ 0, kPauseNanoseconds };
     (void)::nanosleep(&pause, nullptr);
 }
 
-} // namespace tvfio
+} // namespace tvfile

@@ -1,0 +1,183 @@
+#include "closed/files/files.h"
+
+#include <cerrno>
+#include <string_view>
+#include <utility>
+
+namespace tvfile {
+
+namespace {
+
+/// Another process needs a few milliseconds for a save; a second is more than a slow disk takes.
+constexpr int kBusyTries = 200;
+
+constexpr intptr_t kNoHandle = -1;
+
+#if defined(_WIN32)
+constexpr std::string_view kSeparators = "/\\";
+#else
+constexpr std::string_view kSeparators = "/";
+#endif
+
+FileSystem* replacement = nullptr;
+
+ReplaceResult CheckTarget(const FileInfo& info)
+{
+    if (!info.Exists)
+        return {};
+    if (info.IsFolder)
+        return { ReplaceStep::Folder, EISDIR };
+    if (!info.IsRegular)
+        return { ReplaceStep::NotRegular, EINVAL };
+    return info.IsWritable ? ReplaceResult{} : ReplaceResult{ ReplaceStep::ReadOnly, EACCES };
+}
+
+ReplaceResult CreateTemporary(const std::string& path, uint32_t permissions, intptr_t& handle)
+{
+    int error = EBUSY;
+    for (int tries = 0; tries < kBusyTries && error == EBUSY; ++tries) {
+        if (tries > 0)
+            TheFileSystem().Pause();
+        error = TheFileSystem().Create(path, permissions, handle);
+    }
+    if (error == 0)
+        return {};
+    return { error == EBUSY ? ReplaceStep::Busy : ReplaceStep::Create, error };
+}
+
+} // namespace
+
+FileSystem::~FileSystem() = default;
+
+FileSystem& TheFileSystem()
+{
+    static FileSystem system;
+    return replacement != nullptr ? *replacement : system;
+}
+
+void SetFileSystem(FileSystem* other)
+{
+    replacement = other;
+}
+
+NewFile::~NewFile()
+{
+    if (handle_ != kNoHandle)
+        TheFileSystem().Discard(handle_, temporary_);
+}
+
+ReplaceResult NewFile::Begin(const std::string& path)
+{
+    FileInfo target;
+    if (const int error = TheFileSystem().Describe(path, target); error != 0)
+        return { ReplaceStep::Describe, error };
+    if (const ReplaceResult result = CheckTarget(target); !result.Ok())
+        return result;
+    target_ = target.RealPath;
+    temporary_ = TemporaryPath(target_);
+    return CreateTemporary(temporary_, target.Permissions, handle_);
+}
+
+ReplaceResult NewFile::Write(ByteView bytes)
+{
+    while (!bytes.empty()) {
+        size_t written = 0;
+        if (const int error = TheFileSystem().Write(handle_, bytes, written); error != 0)
+            return { ReplaceStep::Write, error };
+        bytes = bytes.subspan(written);
+    }
+    return {};
+}
+
+ReplaceResult NewFile::Commit(bool flush)
+{
+    if (flush) {
+        if (const int error = TheFileSystem().Flush(handle_); error != 0)
+            return { ReplaceStep::Write, error };
+    }
+    const intptr_t handle = std::exchange(handle_, kNoHandle); // the move closes it, whatever comes of it
+    if (const int error = TheFileSystem().Replace(handle, temporary_, target_); error != 0)
+        return { ReplaceStep::Replace, error };
+    if (flush)
+        TheFileSystem().FlushFolder(Folder());
+    return {};
+}
+
+bool NewFile::HasRoomFor(uint64_t bytes) const
+{
+    uint64_t free = 0;
+    return TheFileSystem().FreeBytes(Folder(), free) != 0 || bytes <= free;
+}
+
+std::string NewFile::Folder() const
+{
+    return target_.substr(0, target_.size() - FileNameOfPath(target_).size());
+}
+
+SourceFile::~SourceFile()
+{
+    if (handle_ != kNoHandle)
+        TheFileSystem().Close(handle_);
+}
+
+int SourceFile::Open(const std::string& path)
+{
+    return TheFileSystem().OpenToRead(path, handle_, length_);
+}
+
+int SourceFile::Read(std::span<uint8_t> room, size_t& got)
+{
+    got = 0;
+    while (got < room.size()) {
+        size_t piece = 0;
+        if (const int error = TheFileSystem().Read(handle_, room.subspan(got), piece); error != 0)
+            return error;
+        if (piece == 0)
+            break;
+        got += piece;
+    }
+    return 0;
+}
+
+int ReadWholeFile(const std::string& path, size_t maxBytes, Bytes& bytes)
+{
+    SourceFile file;
+    if (const int error = file.Open(path); error != 0)
+        return error;
+    if (file.Length() > maxBytes)
+        return EFBIG;
+    size_t filled = 0;
+    bytes.resize(static_cast<size_t>(file.Length()) + 1); // one more, so that the end shows
+    for (;;) {
+        size_t got = 0;
+        if (const int error = file.Read(std::span(bytes).subspan(filled), got); error != 0)
+            return error;
+        filled += got;
+        if (filled > maxBytes)
+            return EFBIG;
+        if (filled < bytes.size())
+            break;
+        bytes.resize(filled + 4096); // grew since it was asked
+    }
+    bytes.resize(filled);
+    return 0;
+}
+
+std::string FileNameOfPath(const std::string& path)
+{
+    const size_t separator = path.find_last_of(kSeparators);
+    return separator == std::string::npos ? path : path.substr(separator + 1);
+}
+
+std::string TemporaryPath(const std::string& path)
+{
+    const std::string name = FileNameOfPath(path);
+    // A name near the system's limit must not pass it; the end is what tells files of a series apart.
+    constexpr size_t kMaxKept = 200;
+    size_t start = name.size() > kMaxKept ? name.size() - kMaxKept : 0;
+    while (start < name.size() && (static_cast<unsigned char>(name[start]) & 0xC0U) == 0x80U)
+        ++start; // not in the middle of a character
+    return path.substr(0, path.size() - name.size()) + "." + name.substr(start) + ".tvnew";
+}
+
+} // namespace tvfile

@@ -1,0 +1,288 @@
+#include "closed/tvscpi/channel.h"
+
+#include "closed/tvscpi/outbox.h"
+#include "closed/tvscpi/socket.h"
+
+#include <utility>
+
+namespace tvscpi {
+
+namespace {
+
+constexpr size_t kBufferBytes = size_t{ 256 } << 10;
+constexpr size_t kLongestLine = TVSCPI_TEXT_SIZE - 1;
+
+/// A quarter of a million files; more is no folder but an attack.
+constexpr size_t kLongestCatalogue = size_t{ 32 } << 20;
+
+/// Up to this length a download outlasts a power cut. The lists of an instrument are shorter; what is longer is there
+/// to be fetched again.
+constexpr uint64_t kMostFlushedBytes = uint64_t{ 1 } << 20;
+
+constexpr std::string_view kClearErrors = "*CLS\n";
+constexpr std::string_view kAskForError = "SYST:ERR?\n";
+
+/// A command with all that goes with it in one round trip.
+std::string Exchange(const std::string& command)
+{
+    return std::string(kClearErrors) + command + '\n' + std::string(kAskForError);
+}
+
+std::string BlockHead(uint64_t length)
+{
+    const std::string digits = std::to_string(length);
+    return '#' + std::to_string(digits.size()) + digits;
+}
+
+bool IsPath(const char* local)
+{
+    return local != nullptr && *local != '\0';
+}
+
+} // namespace
+
+Channel& TheChannel()
+{
+    static Channel channel;
+    return channel;
+}
+
+Status Channel::Connect(const char* address, uint16_t port, int32_t timeoutMs, std::string& identification)
+{
+    Disconnect();
+    const Deadline deadline(timeoutMs);
+    return Attach(ConnectSocket(address, port, deadline), deadline, identification);
+}
+
+Status Channel::Attach(std::unique_ptr<Wire> wire, const Deadline& deadline, std::string& identification)
+{
+    Disconnect();
+    wire_ = std::move(wire);
+    if (wire_ == nullptr)
+        return Status::LinkFailed;
+    buffer_.resize(kBufferBytes);
+    if (!SendAll("*IDN?\n", deadline))
+        return Drop();
+    Inbox inbox(*wire_, buffer_, deadline);
+    if (!inbox.Line(identification, kLongestLine) || identification.empty() || HasControlCharacter(identification))
+        return Drop();
+    return Finish(inbox, Status::Ok);
+}
+
+void Channel::Disconnect()
+{
+    wire_.reset();
+    hasRest_ = false;
+    walk_ = {};
+    nextEntry_ = 0;
+}
+
+Status Channel::Drop()
+{
+    Disconnect();
+    return Status::LinkFailed;
+}
+
+bool Channel::IsConnected()
+{
+    if (wire_ != nullptr && wire_->Look() == WireState::Closed)
+        Disconnect();
+    return wire_ != nullptr;
+}
+
+/// Bytes that wait before anything was asked belong to nothing: the next answer would be taken for another's.
+bool Channel::IsReady()
+{
+    return wire_ != nullptr && !hasRest_ && wire_->Look() == WireState::Quiet;
+}
+
+bool Channel::SendAll(std::string_view request, const Deadline& deadline)
+{
+    Outbox outbox(*wire_, buffer_, deadline);
+    return outbox.Add(request) && outbox.Flush();
+}
+
+Status Channel::Finish(Inbox& inbox, Status status)
+{
+    hasRest_ = inbox.HasRest();
+    return status;
+}
+
+/// Reads the line that ends every exchange.
+Status Channel::Outcome(Inbox& inbox)
+{
+    std::string line;
+    if (!inbox.Line(line, kLongestLine))
+        return Drop();
+    const std::optional<int> code = ParseErrorLine(line);
+    if (!code)
+        return Drop();
+    return Finish(inbox, *code == 0 ? Status::Ok : Status::Refused);
+}
+
+/// A query that is refused has no answer; only the error comes.
+Status Channel::ErrorInsteadOfAnswer(Inbox& inbox)
+{
+    const Status status = Outcome(inbox);
+    return status == Status::Ok ? Drop() : status;
+}
+
+Status Channel::Send(std::string_view line)
+{
+    if (line.empty() || HasControlCharacter(line))
+        return Status::Refused;
+    if (!IsReady())
+        return Drop();
+    const Deadline deadline(DefaultTimeoutMs);
+    return SendAll(std::string(line) + '\n', deadline) ? Status::Ok : Drop();
+}
+
+Status Channel::Command(const std::string& command)
+{
+    const Deadline deadline(DefaultTimeoutMs);
+    if (!IsReady() || !SendAll(Exchange(command), deadline))
+        return Drop();
+    Inbox inbox(*wire_, buffer_, deadline);
+    return Outcome(inbox);
+}
+
+Status Channel::Ask(const std::string& query, size_t longest, const Taker& take)
+{
+    const Deadline deadline(DefaultTimeoutMs);
+    if (!IsReady() || !SendAll(Exchange(query), deadline))
+        return Drop();
+    Inbox inbox(*wire_, buffer_, deadline);
+    char first = '\0';
+    if (!inbox.Peek(first))
+        return Drop();
+    if (first == '-')
+        return ErrorInsteadOfAnswer(inbox);
+    std::string line;
+    if (!inbox.Line(line, longest))
+        return Drop();
+    const Status status = Outcome(inbox);
+    if (status != Status::Ok)
+        return status;
+    return take(line) ? Status::Ok : Drop();
+}
+
+/// Takes a block off the stream to its end, also when the file can't be written any more: then the link goes on.
+Status Channel::TakeBlock(Inbox& inbox, tvfile::NewFile& file, bool& isLarge)
+{
+    uint64_t left = 0;
+    if (!inbox.BlockHead(left) || left > TVSCPI_MAX_BLOCK)
+        return Drop();
+    isLarge = left > kMostFlushedBytes;
+    bool isStored = file.HasRoomFor(left);
+    while (left > 0) {
+        const ByteView bytes = inbox.Bytes(left);
+        if (bytes.empty())
+            return Drop();
+        left -= bytes.size();
+        isStored = isStored && file.Write(bytes).Ok();
+    }
+    std::string lineEnd;
+    if (!inbox.Line(lineEnd, 0))
+        return Drop();
+    return isStored ? Status::Ok : Status::LocalFile;
+}
+
+Status Channel::Download(const std::string& query, const char* local, int32_t timeoutMs)
+{
+    const Deadline deadline(timeoutMs);
+    return IsReady() ? StoreAnswer(Exchange(query), OldErrors::None, local, deadline) : Drop();
+}
+
+/// The question for errors gives an end to wait for if the instrument has refused the line: then no block comes.
+Status Channel::DownloadPending(const char* local, int32_t timeoutMs)
+{
+    const Deadline deadline(timeoutMs);
+    return wire_ != nullptr && !hasRest_ ? StoreAnswer(kAskForError, OldErrors::MayBeThere, local, deadline) : Drop();
+}
+
+Status Channel::StoreAnswer(std::string_view request, OldErrors oldErrors, const char* local, const Deadline& deadline)
+{
+    tvfile::NewFile file;
+    if (!IsPath(local) || !file.Begin(local).Ok())
+        return Status::LocalFile;
+    if (!SendAll(request, deadline))
+        return Drop();
+    Inbox inbox(*wire_, buffer_, deadline);
+    char first = '\0';
+    if (!inbox.Peek(first))
+        return Drop();
+    if (first != '#')
+        return ErrorInsteadOfAnswer(inbox);
+    bool isLarge = false;
+    const Status stored = TakeBlock(inbox, file, isLarge);
+    if (stored == Status::LinkFailed)
+        return stored;
+    const Status outcome = Outcome(inbox);
+    if (outcome == Status::LinkFailed || (outcome == Status::Refused && oldErrors == OldErrors::None))
+        return outcome;
+    if (stored != Status::Ok)
+        return stored;
+    return file.Commit(!isLarge).Ok() ? Status::Ok : Status::LocalFile;
+}
+
+Status Channel::SendFile(const std::string& start, tvfile::SourceFile& file, const Deadline& deadline)
+{
+    Outbox outbox(*wire_, buffer_, deadline);
+    if (!outbox.Add(kClearErrors) || !outbox.Add(start) || !outbox.Add(BlockHead(file.Length())))
+        return Drop();
+    uint64_t left = file.Length();
+    while (left > 0) {
+        std::span<uint8_t> room = outbox.Room();
+        if (room.empty())
+            return Drop();
+        room = room.first(static_cast<size_t>(std::min<uint64_t>(left, room.size())));
+        size_t got = 0;
+        if (file.Read(room, got) != 0 || got < room.size()) {
+            // What was promised can't be sent any more: only the end of the link keeps the instrument from storing it.
+            return outbox.HasSent() ? Drop() : Status::LocalFile;
+        }
+        outbox.Advance(got);
+        left -= got;
+    }
+    return outbox.Add("\n") && outbox.Add(kAskForError) && outbox.Flush() ? Status::Ok : Drop();
+}
+
+Status Channel::Upload(const std::string& start, const char* local, int32_t timeoutMs)
+{
+    const Deadline deadline(timeoutMs);
+    if (!IsReady())
+        return Drop();
+    tvfile::SourceFile file;
+    if (!IsPath(local) || file.Open(local) != 0 || file.Length() > TVSCPI_MAX_BLOCK)
+        return Status::LocalFile;
+    if (const Status sent = SendFile(start, file, deadline); sent != Status::Ok)
+        return sent;
+    Inbox inbox(*wire_, buffer_, deadline);
+    return Outcome(inbox);
+}
+
+Status Channel::StartWalk(const std::string& query, Catalogue& totals)
+{
+    walk_ = {};
+    nextEntry_ = 0;
+    return Ask(query, kLongestCatalogue, [this, &totals](std::string_view line) {
+        std::optional<Catalogue> catalogue = ParseCatalogue(line);
+        if (!catalogue)
+            return false;
+        walk_ = std::move(catalogue->Entries);
+        totals = std::move(*catalogue);
+        return true;
+    });
+}
+
+Status Channel::NextEntry(CatalogueEntry& entry)
+{
+    if (wire_ == nullptr)
+        return Status::LinkFailed;
+    if (!HasNextEntry())
+        return Status::Refused;
+    entry = std::move(walk_[nextEntry_++]);
+    return Status::Ok;
+}
+
+} // namespace tvscpi

@@ -1,0 +1,64 @@
+// tests/closed/scriptedwire.h: a connection whose other end is a list of answers.
+#pragma once
+
+#include "closed/tvscpi/wire.h"
+
+#include <cstring>
+#include <deque>
+#include <string>
+
+namespace tvscpi {
+
+/// What a test shares with its wire, which belongs to the channel.
+struct WireScript {
+    std::deque<std::string> Answers; ///< each comes when a request has ended, in order
+    std::string Sent;
+    size_t MaxPiece = SIZE_MAX; ///< most bytes that come at once
+    size_t SendLimit = SIZE_MAX; ///< bytes after which sending fails
+    size_t Sends = 0;
+    bool IsClosed = false; ///< by the instrument
+    std::string Arrived; ///< came and was not read yet
+};
+
+/// A request ends with the question for errors or for the identification. Nothing more coming is the end of the time.
+class ScriptedWire final : public Wire {
+public:
+    explicit ScriptedWire(WireScript& script)
+        : script_(script)
+    {
+    }
+
+    bool Send(ByteView bytes, const Deadline&) override
+    {
+        ++script_.Sends;
+        if (script_.Sent.size() + bytes.size() > script_.SendLimit)
+            return false;
+        script_.Sent.append(bytes.begin(), bytes.end());
+        const bool isEnd = script_.Sent.ends_with("SYST:ERR?\n") || script_.Sent.ends_with("*IDN?\n");
+        if (isEnd && !script_.Answers.empty()) {
+            script_.Arrived += script_.Answers.front();
+            script_.Answers.pop_front();
+        }
+        return true;
+    }
+
+    bool Receive(std::span<uint8_t> room, size_t& got, const Deadline&) override
+    {
+        got = std::min({ room.size(), script_.Arrived.size(), script_.MaxPiece });
+        std::memcpy(room.data(), script_.Arrived.data(), got);
+        script_.Arrived.erase(0, got);
+        return got > 0;
+    }
+
+    WireState Look() override
+    {
+        if (!script_.Arrived.empty())
+            return WireState::HasBytes;
+        return script_.IsClosed ? WireState::Closed : WireState::Quiet;
+    }
+
+private:
+    WireScript& script_;
+};
+
+} // namespace tvscpi

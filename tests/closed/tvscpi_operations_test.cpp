@@ -1,0 +1,618 @@
+// Each operation: what it sends, in how many sends, and what it makes of the answer.
+#include "tests/closed/failingfilesystem.h"
+#include "tests/closed/scpifixture.h"
+
+#include <cerrno>
+#include <utility>
+
+namespace {
+
+using ScpiOperations = ScriptedScpiTest;
+
+using Names = std::vector<std::string>;
+
+/// The request of an exchange.
+std::string Exchange(const std::string& command)
+{
+    return "*CLS\n" + command + "\nSYST:ERR?\n";
+}
+
+/// An operation on files with its word on the wire.
+template <typename Operation>
+struct Worded {
+    Operation Call;
+    std::string Word;
+};
+
+struct Row {
+    int16_t Status = -1;
+    std::string Name;
+    int16_t Type = -1;
+    int16_t Last = -1;
+    std::vector<int16_t> Stamp;
+};
+
+class ScpiWalk : public ScriptedScpiTest {
+protected:
+    /// Starts a walk over a catalogue of `entries` and gives its status.
+    int16_t Start(const std::string& entries)
+    {
+        Answer("1000,2000" + entries + '\n' + kNoError);
+        return Call(scpi.scpiStartFindAllFiles, &nothing, &usedBytes, &freeBytes);
+    }
+
+    [[nodiscard]] Row Next() const
+    {
+        char name[TVSCPI_TEXT_SIZE] = "unset";
+        Row row;
+        row.Stamp.resize(6, -1);
+        std::vector<int16_t>& stamp = row.Stamp;
+        row.Status = Call(scpi.scpiGetNextFile, &row.Type, &row.Last, &stamp[0], &stamp[1], &stamp[2], &stamp[3],
+            &stamp[4], &stamp[5], name, TVSCPI_TEXT_SIZE);
+        row.Name = name;
+        return row;
+    }
+
+    /// The names of a whole walk.
+    Names Walk(const std::string& entries)
+    {
+        Names names;
+        if (Start(entries) != kOk || nothing != 0)
+            return names;
+        Row row;
+        do {
+            row = Next();
+            EXPECT_EQ(row.Status, kOk);
+            names.push_back(row.Name);
+        } while (row.Status == kOk && row.Last == 0);
+        return names;
+    }
+
+    int16_t nothing = -1;
+    int64_t usedBytes = -1;
+    int64_t freeBytes = -1;
+};
+
+constexpr const char* kStamp = ",12,2024,2,29,23,59,58";
+
+std::string Entry(const std::string& name, const std::string& type = "FILE")
+{
+    return ",\"" + name + "\"," + type + kStamp;
+}
+
+} // namespace
+
+TEST_F(ScpiOperations, ConnectedIsToldByZero)
+{
+    EXPECT_EQ(scpi.scpiGetConnected(), 0);
+    EXPECT_EQ(scpi.scpiCheckConnection(), 0);
+    scpi.scpiDisconnect();
+    EXPECT_NE(scpi.scpiGetConnected(), 0);
+    EXPECT_EQ(scpi.scpiCheckConnection(), 1);
+}
+
+TEST_F(ScpiOperations, ConnectionThatTheInstrumentClosesIsSeen)
+{
+    script.IsClosed = true;
+    EXPECT_NE(scpi.scpiGetConnected(), 0);
+    EXPECT_EQ(scpi.scpiCheckConnection(), 1);
+}
+
+TEST_F(ScpiOperations, SendWritesALineAndReadsNothing)
+{
+    EXPECT_EQ(Call(scpi.scpiSend, "MMEM:FILE:DATE \"a.tvc\", 2024, 2, 29"), kOk);
+    EXPECT_EQ(Call(scpi.scpiSendCommand, "SYST:SET:LOCK \"a.tvc\""), kOk);
+    EXPECT_EQ(TakeSent(), "MMEM:FILE:DATE \"a.tvc\", 2024, 2, 29\nSYST:SET:LOCK \"a.tvc\"\n");
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiOperations, SendOfMoreThanOneLineIsRefused)
+{
+    EXPECT_EQ(Call(scpi.scpiSend, "DISP:WIND:FETC?\nMMEM:DEL ALL,\"a\""), kRefused);
+    EXPECT_EQ(Call(scpi.scpiSend, ""), kRefused);
+    EXPECT_EQ(Call(scpi.scpiSend, nullptr), kRefused);
+    EXPECT_EQ(TakeSent(), "");
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiOperations, DirectoryIsOneRoundTrip)
+{
+    char path[TVSCPI_TEXT_SIZE] = "unset";
+    Answer(std::string("\"\\Public\\Memory List\"\n") + kNoError);
+    script.Sends = 0;
+    EXPECT_EQ(Call(scpi.scpiGetCurrentDirectory, path, TVSCPI_TEXT_SIZE), kOk);
+    EXPECT_STREQ(path, "\\Public\\Memory List");
+    EXPECT_EQ(TakeSent(), Exchange("MMEM:CDIR?"));
+    EXPECT_EQ(script.Sends, 1U);
+}
+
+TEST_F(ScpiOperations, DirectoryOfTheRootIsASingleBackslash)
+{
+    char path[TVSCPI_TEXT_SIZE] = "unset";
+    Answer(std::string("\"\\\"\r\n") + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetCurrentDirectory, path, TVSCPI_TEXT_SIZE), kOk);
+    EXPECT_STREQ(path, "\\");
+}
+
+TEST_F(ScpiOperations, DirectoryThatDoesNotFitIsAFailureOfTheLink)
+{
+    char path[8] = "unset";
+    Answer(std::string("\"\\Public\\Memory List\"\n") + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetCurrentDirectory, path, 8), kLinkFailed);
+    EXPECT_STREQ(path, "");
+    EXPECT_FALSE(IsUp());
+}
+
+TEST_F(ScpiOperations, CommandsOfFoldersAndNames)
+{
+    for (int i = 0; i < 4; ++i)
+        Answer(kNoError);
+    EXPECT_EQ(Call(scpi.scpiSetCurrentDirectory, "\\Public\\Screen Shots"), kOk);
+    EXPECT_EQ(TakeSent(), Exchange("MMEM:CDIR \"\\Public\\Screen Shots\""));
+    EXPECT_EQ(Call(scpi.scpiCreateDirectory, "New"), kOk);
+    EXPECT_EQ(TakeSent(), Exchange("MMEM:MDIR \"New\""));
+    EXPECT_EQ(Call(scpi.scpiRemoveDirectory, "New"), kOk);
+    EXPECT_EQ(TakeSent(), Exchange("MMEM:RDIR \"New\""));
+    EXPECT_EQ(Call(scpi.scpiRename, "old, 1", "new, 2"), kOk);
+    EXPECT_EQ(TakeSent(), Exchange("MMEM:MOVE \"old, 1\",\"new, 2\""));
+}
+
+TEST_F(ScpiOperations, ErrorInTheQueueIsARefusalAndTheLinkStays)
+{
+    Answer("-256,\"File name not found\"\n");
+    EXPECT_EQ(Call(scpi.scpiSetCurrentDirectory, "\\Nowhere"), kRefused);
+    EXPECT_TRUE(IsUp());
+    EXPECT_EQ(scpi.scpiCheckConnection(), 0);
+}
+
+TEST_F(ScpiOperations, QueryThatIsRefusedHasAnErrorLineOnly)
+{
+    char path[TVSCPI_TEXT_SIZE] = "unset";
+    Answer("-250,\"Mass storage error\"\r\n");
+    EXPECT_EQ(Call(scpi.scpiGetCurrentDirectory, path, TVSCPI_TEXT_SIZE), kRefused);
+    EXPECT_STREQ(path, "");
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiOperations, QueryWithoutAnAnswerAndWithoutAnErrorIsAFailureOfTheLink)
+{
+    char path[TVSCPI_TEXT_SIZE] = "unset";
+    Answer(kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetCurrentDirectory, path, TVSCPI_TEXT_SIZE), kLinkFailed);
+    EXPECT_FALSE(IsUp());
+}
+
+TEST_F(ScpiOperations, QuotesCommasAndUmlautsTravelUnharmed)
+{
+    const std::string name = "K\xFCste, \"Nord\".tvm";
+    Answer(std::string("1,FILE\n") + kNoError);
+    int16_t type = -1;
+    int16_t err = -1;
+    EXPECT_EQ(scpi.scpiFindFile(&err, name.c_str(), &type), 1);
+    EXPECT_EQ(TakeSent(), Exchange("MMEM:EXIS? ALL,\"K\xFCste, \"\"Nord\"\".tvm\""));
+}
+
+TEST_F(ScpiOperations, NamesThatAreNoNamesAreRefusedAndNotSent)
+{
+    for (const std::string& name :
+        Names{ "", ".", "..", "a\nb", "a\tb", "..\\x", "a/b", "C:x", "a\x7F", std::string(TVSCPI_MAX_NAME + 1, 'n') }) {
+        EXPECT_EQ(Call(scpi.scpiCreateDirectory, name.c_str()), kRefused) << name;
+        EXPECT_EQ(Call(scpi.scpiRemoveDirectory, name.c_str()), kRefused) << name;
+        EXPECT_EQ(Call(scpi.scpiRename, name.c_str(), "b"), kRefused) << name;
+        EXPECT_EQ(Call(scpi.scpiRename, "a", name.c_str()), kRefused) << name;
+        EXPECT_EQ(Call(scpi.scpiRemoveFile, name.c_str()), kRefused) << name;
+        EXPECT_EQ(Call(scpi.scpiGetFile, name.c_str(), Path().c_str(), 1000), kRefused) << name;
+        EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), name.c_str(), 1000), kRefused) << name;
+        EXPECT_EQ(Call(scpi.scpiFindFile, name.c_str(), nullptr), kRefused) << name;
+    }
+    EXPECT_EQ(Call(scpi.scpiSetCurrentDirectory, "a\nb"), kRefused);
+    EXPECT_EQ(Call(scpi.scpiSetCurrentDirectory, ""), kRefused);
+    EXPECT_EQ(TakeSent(), "");
+    EXPECT_TRUE(IsUp());
+    EXPECT_EQ(FolderNames(), Names{});
+}
+
+TEST_F(ScpiOperations, LongestNameIsSent)
+{
+    const std::string name(TVSCPI_MAX_NAME, 'n');
+    Answer(kNoError);
+    EXPECT_EQ(Call(scpi.scpiCreateDirectory, name.c_str()), kOk);
+    EXPECT_EQ(TakeSent(), Exchange("MMEM:MDIR \"" + name + '"'));
+}
+
+TEST_F(ScpiOperations, FindTellsFilesFoldersAndNothing)
+{
+    struct Case {
+        const char* Answer;
+        int16_t Result;
+        int16_t Type;
+    };
+    for (const Case& each : { Case{ "0", 0, 0 }, Case{ "1,FILE", 1, 0 }, Case{ "1,DIR", 1, 1 } }) {
+        Answer(std::string(each.Answer) + '\n' + kNoError);
+        int16_t err = -1;
+        int16_t type = -1;
+        EXPECT_EQ(scpi.scpiFindFile(&err, "a", &type), each.Result) << each.Answer;
+        EXPECT_EQ(err, kOk) << each.Answer;
+        EXPECT_EQ(type, each.Type) << each.Answer;
+    }
+}
+
+TEST_F(ScpiOperations, FindThatFailsIsNeitherThereNorNot)
+{
+    Answer("-257,\"File name error\"\n");
+    int16_t err = -1;
+    int16_t type = -1;
+    const int16_t result = scpi.scpiFindFile(&err, "a", &type);
+    EXPECT_EQ(err, kRefused);
+    EXPECT_NE(result, 0);
+    EXPECT_NE(result, 1);
+}
+
+TEST_F(ScpiOperations, FindsAndRemovesOfEachStore)
+{
+    using Find = decltype(scpi.scpiFindFile);
+    for (const Worded<Find>& each :
+        { Worded<Find>{ scpi.scpiFindFile, "ALL" }, Worded<Find>{ scpi.scpiFindInKfactorTableFiles, "KFAC" },
+            Worded<Find>{ scpi.scpiFindInCorrectionSetFiles, "CORR" } }) {
+        Answer(std::string("0\n") + kNoError);
+        EXPECT_EQ(Call(each.Call, "a", nullptr), kOk);
+        EXPECT_EQ(TakeSent(), Exchange("MMEM:EXIS? " + each.Word + ",\"a\""));
+    }
+    using Remove = decltype(scpi.scpiRemoveFile);
+    for (const Worded<Remove>& each :
+        { Worded<Remove>{ scpi.scpiRemoveFile, "ALL" }, Worded<Remove>{ scpi.scpiRemoveKfactorTableFile, "KFAC" },
+            Worded<Remove>{ scpi.scpiRemoveCorrectionSetFile, "CORR" } }) {
+        Answer(kNoError);
+        EXPECT_EQ(Call(each.Call, "a"), kOk);
+        EXPECT_EQ(TakeSent(), Exchange("MMEM:DEL " + each.Word + ",\"a\""));
+    }
+}
+
+TEST_F(ScpiOperations, DownloadsOfEachStore)
+{
+    using Get = decltype(scpi.scpiGetFile);
+    for (const Worded<Get>& each : { Worded<Get>{ scpi.scpiGetFile, "ALL" },
+             Worded<Get>{ scpi.scpiGetAntennaListFile, "ANT" }, Worded<Get>{ scpi.scpiGetKfactorTableFile, "KFAC" },
+             Worded<Get>{ scpi.scpiGetMemoryListFile, "MEM" }, Worded<Get>{ scpi.scpiGetSuppressListFile, "SUPP" },
+             Worded<Get>{ scpi.scpiGetCorrectionSetFile, "CORR" } }) {
+        Answer(Block("bytes of " + each.Word) + '\n' + kNoError);
+        EXPECT_EQ(Call(each.Call, "a", Path().c_str(), 1000), kOk);
+        EXPECT_EQ(TakeSent(), Exchange("MMEM:DATA? " + each.Word + ",\"a\""));
+        EXPECT_EQ(Contents(Path()), "bytes of " + each.Word);
+        EXPECT_EQ(FolderNames(), (Names{ "target" }));
+    }
+    Answer(Block("active") + '\n' + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetActiveDatasetFile, Path().c_str(), 1000), kOk);
+    EXPECT_EQ(TakeSent(), Exchange("MMEM:ACT:DATA?"));
+    EXPECT_EQ(Contents(Path()), "active");
+}
+
+TEST_F(ScpiOperations, UploadsOfEachStore)
+{
+    Store(Path(), "all of it");
+    using Put = decltype(scpi.scpiPutFile);
+    for (const Worded<Put>& each : { Worded<Put>{ scpi.scpiPutFile, "ALL" },
+             Worded<Put>{ scpi.scpiPutAntennaListFile, "ANT" }, Worded<Put>{ scpi.scpiPutKfactorTableFile, "KFAC" },
+             Worded<Put>{ scpi.scpiPutMemoryListFile, "MEM" }, Worded<Put>{ scpi.scpiPutSuppressListFile, "SUPP" },
+             Worded<Put>{ scpi.scpiPutCorrectionSetFile, "CORR" } }) {
+        Answer(kNoError);
+        script.Sends = 0;
+        EXPECT_EQ(Call(each.Call, Path().c_str(), "a", 1000), kOk);
+        EXPECT_EQ(TakeSent(), Exchange("MMEM:DATA " + each.Word + ",\"a\",#19all of it"));
+        EXPECT_EQ(script.Sends, 1U);
+    }
+    Answer(kNoError);
+    EXPECT_EQ(Call(scpi.scpiPutActiveDatasetFile, Path().c_str(), 1000), kOk);
+    EXPECT_EQ(TakeSent(), Exchange("MMEM:ACT:DATA #19all of it"));
+}
+
+TEST_F(ScpiOperations, EmptyFileTravelsBothWays)
+{
+    Answer(std::string("#10\n") + kNoError);
+    Answer(kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
+    EXPECT_EQ(Contents(Path()), "");
+    TakeSent();
+    EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", 1000), kOk);
+    EXPECT_EQ(TakeSent(), Exchange("MMEM:DATA ALL,\"a\",#10"));
+}
+
+TEST_F(ScpiOperations, BlockHoldsAnyBytes)
+{
+    std::string bytes = "#10\n0,\"No error\"\n\r\n";
+    for (int code = 0; code < 256; ++code)
+        bytes += static_cast<char>(code);
+    Answer(Block(bytes) + "\r\n" + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
+    EXPECT_EQ(Contents(Path()), bytes);
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiOperations, AnswerThatComesByteByByteIsTheSame)
+{
+    script.MaxPiece = 1;
+    Answer(Block("a file of some bytes") + '\n' + kNoError);
+    Answer(std::string("1,DIR\n") + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
+    EXPECT_EQ(Contents(Path()), "a file of some bytes");
+    EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kOk);
+}
+
+TEST_F(ScpiOperations, DownloadThatIsRefusedLeavesTheTarget)
+{
+    Store(Path(), "old");
+    Answer("#10\n-256,\"File name not found\"\n");
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kRefused);
+    Answer("-257,\"File name error\"\n");
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kRefused);
+    EXPECT_EQ(Contents(Path()), "old");
+    EXPECT_EQ(FolderNames(), (Names{ "target" }));
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiOperations, BlockThatIsNoneIsAFailureOfTheLink)
+{
+    Store(Path(), "old");
+    for (const std::string& answer : Names{ "#0abc\n", "#1x", "#x5abcde\n", "#15abcdefg\n", "#12ab", "#", "#9",
+             "#9268435457x", "#9999999999x", "hello\n", "#2-1\n", "#2 5\n" }) {
+        Connect();
+        Answer(answer + kNoError);
+        EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kLinkFailed) << answer;
+        EXPECT_FALSE(IsUp()) << answer;
+        EXPECT_EQ(Contents(Path()), "old") << answer;
+        EXPECT_EQ(FolderNames(), (Names{ "target" })) << answer;
+    }
+}
+
+TEST_F(ScpiOperations, DiskThatIsFullIsAFailureOfTheFileAndTheLinkStays)
+{
+    Store(Path(), "old");
+    tvfile::FailingFileSystem disk;
+    disk.BytesLeft = 5;
+    Answer(Block("ten bytes.") + '\n' + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kLocalFile);
+    EXPECT_EQ(Contents(Path()), "old");
+    EXPECT_EQ(FolderNames(), (Names{ "target" }));
+    Answer(std::string("0\n") + kNoError);
+    EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kOk);
+}
+
+TEST_F(ScpiOperations, BlockThatDoesNotFitOnTheDiskIsNotStored)
+{
+    tvfile::FailingFileSystem disk;
+    disk.Free = 9;
+    Answer(Block("ten bytes.") + '\n' + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kLocalFile);
+    EXPECT_EQ(disk.BytesWritten, 0U);
+    EXPECT_EQ(FolderNames(), Names{});
+    EXPECT_TRUE(IsUp());
+    disk.Free = 10;
+    Answer(Block("ten bytes.") + '\n' + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
+}
+
+TEST_F(ScpiOperations, TargetThatCannotBeReplacedIsAFailureOfTheFile)
+{
+    Store(Path(), "old");
+    tvfile::FailingFileSystem disk;
+    disk.ReplaceError = EACCES;
+    Answer(Block("new") + '\n' + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kLocalFile);
+    EXPECT_EQ(Contents(Path()), "old");
+    EXPECT_EQ(FolderNames(), (Names{ "target" }));
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiOperations, SmallDownloadIsFlushedAndLargeOneIsNot)
+{
+    tvfile::FailingFileSystem disk;
+    int flushes = 0;
+    disk.AtFlush = [&flushes] { ++flushes; };
+    Answer(Block("small") + '\n' + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
+    EXPECT_EQ(flushes, 1);
+    const std::string large(size_t{ 3 } << 20, 'x');
+    Answer(Block(large) + '\n' + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
+    EXPECT_EQ(flushes, 1);
+    EXPECT_TRUE(Contents(Path()) == large);
+}
+
+TEST_F(ScpiOperations, FolderThatIsNotThereIsAFailureOfTheFileAndNothingIsSent)
+{
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path("none/target").c_str(), 1000), kLocalFile);
+    EXPECT_EQ(Call(scpi.scpiPutFile, Path("none").c_str(), "a", 1000), kLocalFile);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", "", 1000), kLocalFile);
+    EXPECT_EQ(Call(scpi.scpiPutFile, nullptr, "a", 1000), kLocalFile);
+    EXPECT_EQ(TakeSent(), "");
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiOperations, UploadThatIsRefusedLeavesTheLink)
+{
+    Store(Path(), "bytes");
+    Answer("-258,\"Media protected\"\n");
+    EXPECT_EQ(Call(scpi.scpiPutMemoryListFile, Path().c_str(), "a", 1000), kRefused);
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiOperations, FileThatCannotBeReadIsAFailureOfTheFileAndNothingIsSent)
+{
+    Store(Path(), "bytes");
+    tvfile::FailingFileSystem disk;
+    disk.ReadableBytes = 0;
+    EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", 1000), kLocalFile);
+    EXPECT_EQ(TakeSent(), "");
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiOperations, FileThatEndsUnderWayEndsTheLink)
+{
+    Store(Path(), std::string(size_t{ 1 } << 20, 'x'));
+    tvfile::FailingFileSystem disk;
+    disk.ReadableBytes = size_t{ 600 } << 10;
+    EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", 1000), kLinkFailed);
+    EXPECT_FALSE(IsUp());
+    EXPECT_FALSE(TakeSent().ends_with("SYST:ERR?\n"));
+}
+
+TEST_F(ScpiOperations, SendThatFailsEndsTheLink)
+{
+    script.SendLimit = 3;
+    EXPECT_EQ(Call(scpi.scpiSend, "SYST:SET:LOCK \"a\""), kLinkFailed);
+    EXPECT_FALSE(IsUp());
+}
+
+TEST_F(ScpiOperations, BytesThatWaitBeforeACommandEndTheLink)
+{
+    script.Arrived = "0\n";
+    EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kLinkFailed);
+    EXPECT_FALSE(IsUp());
+    EXPECT_EQ(TakeSent(), "");
+}
+
+TEST_F(ScpiOperations, BytesBehindAnAnswerEndTheLinkAtTheNextCommand)
+{
+    Answer(std::string("0\n") + kNoError + "0\n");
+    EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kOk);
+    EXPECT_EQ(Call(scpi.scpiFindFile, "b", nullptr), kLinkFailed);
+    EXPECT_FALSE(IsUp());
+}
+
+TEST_F(ScpiOperations, ScreenIsStoredFromTheStream)
+{
+    EXPECT_EQ(Call(scpi.scpiSend, "DISP:WIND:FETC?"), kOk);
+    script.Arrived = Block("picture") + '\n';
+    Answer(kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kOk);
+    EXPECT_EQ(Contents(Path()), "picture");
+    EXPECT_EQ(TakeSent(), "DISP:WIND:FETC?\nSYST:ERR?\n");
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiOperations, ScreenIsStoredWhateverOlderErrorsWaitInTheQueue)
+{
+    Answer(Block("picture") + "\n-258,\"Media protected\"\n");
+    EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kOk);
+    EXPECT_EQ(Contents(Path()), "picture");
+}
+
+TEST_F(ScpiOperations, ScreenThatIsRefusedLeavesTargetAndLink)
+{
+    Store(Path(), "old");
+    Answer("-100,\"Command error\"\n");
+    EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kRefused);
+    EXPECT_EQ(Contents(Path()), "old");
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiOperations, WithoutALinkEveryOperationFails)
+{
+    scpi.scpiDisconnect();
+    char text[TVSCPI_TEXT_SIZE] = "unset";
+    int16_t nothing = 0;
+    EXPECT_EQ(Call(scpi.scpiSend, "x"), kLinkFailed);
+    EXPECT_EQ(Call(scpi.scpiGetCurrentDirectory, text, TVSCPI_TEXT_SIZE), kLinkFailed);
+    EXPECT_EQ(Call(scpi.scpiCreateDirectory, "a"), kLinkFailed);
+    EXPECT_EQ(Call(scpi.scpiStartFindMemoryListFiles, &nothing, nullptr, nullptr), kLinkFailed);
+    EXPECT_NE(nothing, 0);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kLinkFailed);
+    EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 1000), kLinkFailed);
+    EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", 1000), kLinkFailed);
+    EXPECT_EQ(FolderNames(), Names{});
+}
+
+TEST_F(ScpiWalk, WalksOfEachStore)
+{
+    using StartFind = decltype(scpi.scpiStartFindAllFiles);
+    for (const Worded<StartFind>& each : { Worded<StartFind>{ scpi.scpiStartFindAllFiles, "ALL" },
+             Worded<StartFind>{ scpi.scpiStartFindAntennaListFiles, "ANT" },
+             Worded<StartFind>{ scpi.scpiStartFindKfactorTableFiles, "KFAC" },
+             Worded<StartFind>{ scpi.scpiStartFindMemoryListFiles, "MEM" },
+             Worded<StartFind>{ scpi.scpiStartFindSuppressListFiles, "SUPP" },
+             Worded<StartFind>{ scpi.scpiStartFindCorrectionSetFiles, "CORR" } }) {
+        Answer("10,20" + Entry(each.Word) + '\n' + kNoError);
+        EXPECT_EQ(Call(each.Call, &nothing, nullptr, nullptr), kOk);
+        EXPECT_EQ(nothing, 0);
+        EXPECT_EQ(TakeSent(), Exchange("MMEM:CAT? " + each.Word));
+        EXPECT_EQ(Next().Name, each.Word);
+    }
+}
+
+TEST_F(ScpiWalk, RowsComeAsTheyAreAndTheLastIsValid)
+{
+    ASSERT_EQ(Start(Entry("a.tvm") + ",\"Folder\",DIR,0,1999,12,31,0,0,0"), kOk);
+    EXPECT_EQ(nothing, 0);
+    EXPECT_EQ(usedBytes, 1000);
+    EXPECT_EQ(freeBytes, 2000);
+    const Row first = Next();
+    EXPECT_EQ(first.Status, kOk);
+    EXPECT_EQ(first.Name, "a.tvm");
+    EXPECT_EQ(first.Type, 0);
+    EXPECT_EQ(first.Last, 0);
+    EXPECT_EQ(first.Stamp, (std::vector<int16_t>{ 2024, 2, 29, 23, 59, 58 }));
+    const Row second = Next();
+    EXPECT_EQ(second.Status, kOk);
+    EXPECT_EQ(second.Name, "Folder");
+    EXPECT_EQ(second.Type, 1);
+    EXPECT_NE(second.Last, 0);
+    EXPECT_EQ(second.Stamp, (std::vector<int16_t>{ 1999, 12, 31, 0, 0, 0 }));
+}
+
+TEST_F(ScpiWalk, EmptyFolderIsNothingToWalk)
+{
+    EXPECT_EQ(Start(""), kOk);
+    EXPECT_NE(nothing, 0);
+    const Row row = Next();
+    EXPECT_EQ(row.Status, kRefused);
+    EXPECT_NE(row.Last, 0);
+    EXPECT_TRUE(IsUp());
+}
+
+TEST_F(ScpiWalk, EntryOfAnUnknownKindIsNeitherFileNorFolder)
+{
+    ASSERT_EQ(Start(Entry("a", "LINK")), kOk);
+    const Row row = Next();
+    EXPECT_EQ(row.Status, kOk);
+    EXPECT_NE(row.Type, 0);
+    EXPECT_NE(row.Type, 1);
+}
+
+TEST_F(ScpiWalk, NamesThatCouldLeaveTheFolderAreLeftOut)
+{
+    EXPECT_EQ(Walk(Entry("good, \"\"one\"\"") + Entry("..\\x") + Entry("/etc/x") + Entry("..") + Entry(".") + Entry("")
+                  + Entry("C:x") + Entry("a\tb") + Entry(std::string(256, 'n')) + Entry("last")),
+        (Names{ "good, \"one\"", "last" }));
+}
+
+TEST_F(ScpiWalk, OnlyNamesThatAreLeftOutAreNothingToWalk)
+{
+    EXPECT_EQ(Start(Entry("..")), kOk);
+    EXPECT_NE(nothing, 0);
+}
+
+TEST_F(ScpiWalk, StampThatNoCalendarHasBecomesTheFirstOne)
+{
+    for (const std::string& stamp : Names{ "0,0,0,0,0,0", "2023,2,29,1,2,3", "2024,13,1,0,0,0", "2024,1,1,24,0,0",
+             "2024,1,1,0,60,0", "2024,1,1,0,0,60", "24,1,1,0,0,0", "12024,1,1,0,0,0" }) {
+        ASSERT_EQ(Start(",\"a\",FILE,1," + stamp), kOk) << stamp;
+        EXPECT_EQ(Next().Stamp, (std::vector<int16_t>{ 1980, 1, 1, 0, 0, 0 })) << stamp;
+    }
+}
+
+TEST_F(ScpiWalk, CatalogueThatIsNoneIsAFailureOfTheLink)
+{
+    EXPECT_EQ(Start(",\"a\",FILE,1,2024,1,1,0,0"), kLinkFailed);
+    EXPECT_NE(nothing, 0);
+    EXPECT_FALSE(IsUp());
+    EXPECT_EQ(Next().Status, kLinkFailed);
+}
+
+TEST_F(ScpiWalk, NewWalkThatIsRefusedEndsTheOldOne)
+{
+    ASSERT_EQ(Start(Entry("a") + Entry("b")), kOk);
+    Answer("-250,\"Mass storage error\"\n");
+    EXPECT_EQ(Call(scpi.scpiStartFindAllFiles, &nothing, nullptr, nullptr), kRefused);
+    EXPECT_NE(nothing, 0);
+    EXPECT_EQ(Next().Status, kRefused);
+}

@@ -12,6 +12,7 @@
 #include "app/info.h"
 #include "app/lang.h"
 #include "app/project.h"
+#include "link/bindLink.h"
 #include "link/connect.h"
 #include "link/file.h"
 #include "lists/bindEditors.h"
@@ -32,6 +33,7 @@ void BindFolders()
 {
     TheLangHooks().InstrumentAccepted = [] { return Connection().InstrumentAccepted == 1; };
     TheProjectHooks().FileOpen = [](const QString& path) { return FileOpen(path, true, true); };
+    BindLink();
     BindListEditors();
     BindHelpViewer();
     TheHelpHooks().ShowAbout = ShowAbout;

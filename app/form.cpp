@@ -25,6 +25,7 @@ void FormBase::RunDialog(bool blocking)
 {
     loaded_ = true;
     activated_ = false;
+    painted_ = false;
     if (!OnLoad()) {
         if (loaded_)
             FinishUnload();
@@ -103,6 +104,16 @@ void FormBase::SetHelpNumber(int number)
     setProperty(kHelpNumberProperty, number);
 }
 
+void FormBase::WaitUntilPainted()
+{
+    constexpr int kLongestMs = 500;
+    bool isTimeUp = false;
+    QTimer timer;
+    timer.callOnTimeout([&isTimeUp] { isTimeUp = true; });
+    timer.start(kLongestMs);
+    TheSeams().PumpUntil([this, &isTimeUp] { return painted_ || isTimeUp; });
+}
+
 void FormBase::closeEvent(QCloseEvent* event)
 {
     event->ignore(); // Unload decides, and closes by itself
@@ -127,4 +138,10 @@ void FormBase::keyPressEvent(QKeyEvent* event)
         event->accept(); // the keyboard hook has seen it
     else
         QDialog::keyPressEvent(event);
+}
+
+void FormBase::paintEvent(QPaintEvent* event)
+{
+    QDialog::paintEvent(event);
+    painted_ = true;
 }

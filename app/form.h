@@ -62,9 +62,14 @@ protected:
 
     void SetHelpNumber(int number);
 
+    /// Runs events until the form has been painted, but not for long: for an activation whose work keeps it from being
+    /// painted. A form that can't be seen is not waited for to the end.
+    void WaitUntilPainted();
+
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void reject() override { }
 
 private:
@@ -74,6 +79,7 @@ private:
     QEventLoop* loop_ = nullptr; ///< of a form that is shown blocking
     bool loaded_ = false;
     bool activated_ = false;
+    bool painted_ = false;
     bool refusing_ = false;
 };
 

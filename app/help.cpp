@@ -57,5 +57,7 @@ void HelpCommand(int id)
 void ShowHelp(int helpNumber)
 {
     const HelpHooks& hooks = TheHelpHooks();
+    if (hooks.IsRefused && hooks.IsRefused())
+        return;
     ReportUnless(hooks.ShowTopic && hooks.ShowTopic(helpNumber), helpNumber);
 }

@@ -11,6 +11,7 @@ struct HelpHooks {
     std::function<bool()> ShowIndex;
     std::function<bool(const QString& query)> ShowSearch;
     std::function<bool(int helpNumber)> ShowTopic;
+    std::function<bool()> IsRefused; ///< true while the program can show no topic and says nothing about it
     std::function<void()> EnterWhatsThis;
     std::function<void()> ShowAbout;
 };
@@ -24,5 +25,6 @@ inline constexpr const char* kHelpSearchQuery = "help-1";
 /// search page and no message is showing: message 12702 with the number.
 void HelpCommand(int id);
 
-/// Shows the topic of a help number. When the viewer can't and no message is showing: message 12702 with the number.
+/// Shows the topic of a help number, unless help is refused at this moment. When the viewer can't and no message is
+/// showing: message 12702 with the number.
 void ShowHelp(int helpNumber);

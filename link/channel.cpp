@@ -1,6 +1,7 @@
 #include "link/channel.h"
 
 #include "app/ansi.h"
+#include "app/menu.h"
 #include "closed/loader.h"
 #include "link/model.h"
 
@@ -77,7 +78,7 @@ ChannelStatus WithNames(Call call, const Names&... names)
 
 bool ChannelIsUp()
 {
-    return ModuleIsBound(Module::Channel) && TvScpi().scpiGetConnected() == 0;
+    return LinkIsUp();
 }
 
 ChannelStatus ChannelConnect(const QString& address, int port, QString& identification)

@@ -4,7 +4,7 @@
 #include "app/ini.h"
 #include "app/lang.h"
 #include "app/project.h"
-#include "closed/loader.h"
+#include "link/channel.h"
 
 #include <QStringList>
 
@@ -21,11 +21,6 @@ constexpr int kFields = 3;
 QString LanKey(int slot)
 {
     return QStringLiteral("ipAddressLan%1").arg(slot);
-}
-
-QString EntryOf(const QString& name, const QString& address, const QString& port)
-{
-    return name + u':' + address + u':' + port;
 }
 
 bool HasName(const QString& entry, const QString& name)
@@ -76,11 +71,23 @@ ConnectionState& Connection()
 void ConnectionReset()
 {
     Connection() = {};
+    TheConnectHooks() = {};
 }
 
-bool IsConnected()
+ConnectionFields conFieldsOf(const QString& entry)
 {
-    return ModuleIsBound(Module::Channel) && TvScpi().scpiGetConnected() == 0;
+    const QStringList fields = entry.split(u':');
+    return fields.size() == kFields ? ConnectionFields{ fields[0], fields[1], fields[2] } : ConnectionFields();
+}
+
+QString conEntryOf(const ConnectionFields& fields)
+{
+    return fields.Name + u':' + fields.Address + u':' + fields.Port;
+}
+
+QString conDefaultEntry()
+{
+    return kDefaultLanEntry;
 }
 
 void conLoadSettings(const QString& iniFile)
@@ -99,7 +106,7 @@ void conLoadSettings(const QString& iniFile)
 void conSaveSettings(const QString& iniFile)
 {
     const ConnectionState& state = Connection();
-    IniWriteBool(iniFile, kSection, QStringLiteral("Connected"), IsConnected());
+    IniWriteBool(iniFile, kSection, QStringLiteral("Connected"), ChannelIsUp());
     for (int slot = 0; slot < kLanEntries; ++slot)
         IniWriteString(iniFile, kSection, LanKey(slot), state.LanEntries[static_cast<size_t>(slot)]);
     IniWriteString(iniFile, kSection, QStringLiteral("ipAddressUsb0"), state.UsbEntry);
@@ -115,7 +122,7 @@ bool conEntryValid(const QString& entry)
 bool conEntryAdd(const QString& name, const QString& address, const QString& port)
 {
     ConnectionState& state = Connection();
-    const QString entry = EntryOf(name, address, port);
+    const QString entry = conEntryOf({ name, address, port });
     const auto free = std::find_if_not(state.LanEntries.begin(), state.LanEntries.end(), conEntryValid);
     if (!conEntryValid(entry) || free == state.LanEntries.end())
         return false;
@@ -127,7 +134,7 @@ bool conEntryAdd(const QString& name, const QString& address, const QString& por
 bool conEntryReplace(const QString& name, const QString& address, const QString& port)
 {
     ConnectionState& state = Connection();
-    const QString entry = EntryOf(name, address, port);
+    const QString entry = conEntryOf({ name, address, port });
     const auto slot = std::find(state.LanEntries.begin(), state.LanEntries.end(), state.SelectedEntry);
     if (!conEntryValid(entry) || slot == state.LanEntries.end())
         return false;

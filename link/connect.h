@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <array>
+#include <functional>
 
 inline constexpr int kLanEntries = 9;
 
@@ -13,16 +14,25 @@ struct ConnectionState {
     std::array<QString, kLanEntries> LanEntries; ///< packed: valid entries first, in their order
     QString UsbEntry; ///< the one entry of the USB adapter, which the user can neither add nor remove
     QString SelectedEntry; ///< what a connect uses; empty while an entry is being added
-    bool ConnectInProgress = false;
+    bool ConnectInProgress = false; ///< from the opening of FmConnecting to the end of the procedure
     int InstrumentAccepted = 0; ///< 1 when the instrument that answered last was recognised
     QString InstrumentSerial;
     double InstrumentFirmware = 0; ///< 0 for a version that is no number
 };
 ConnectionState& Connection();
-void ConnectionReset();
+void ConnectionReset(); ///< the hooks too
 
-/// True while the link to an instrument stands.
-bool IsConnected();
+/// What an entry is made of; all empty for a text that has not three fields.
+struct ConnectionFields {
+    QString Name;
+    QString Address;
+    QString Port;
+};
+ConnectionFields conFieldsOf(const QString& entry);
+QString conEntryOf(const ConnectionFields& fields);
+
+/// The address that instruments have on delivery.
+QString conDefaultEntry();
 
 /// Reads the entries, drops invalid ones, and puts the USB entry in order. A missing first LAN entry is the factory
 /// address; one that is there but empty stays empty. Stores whether the link was up into `Program().ConnectedAtExit`.
@@ -57,3 +67,27 @@ void conUsbEntryCheck();
 
 /// The instrument as texts name it: by `accepted` the one that was recognised, or instruments in general.
 QString conInstrumentName(bool accepted);
+
+/// The forms that this module opens; without one nothing is shown.
+struct ConnectHooks {
+    std::function<void()> ShowDialog; ///< FmConnect, modal
+    std::function<void()> ShowConnecting; ///< FmConnecting, modal; runs the connect procedure
+};
+ConnectHooks& TheConnectHooks();
+
+/// Opens the list of connections as one command.
+void conShowDialog();
+
+/// Connects to the selected entry, with a form that shows how it goes. Nothing while a connect runs.
+void conShowConnecting();
+
+/// Reconnects if asked to, and offers the list of connections where there is no link then.
+void conStart(bool reconnect);
+
+/// Where the connect procedure tells how far it is.
+using ConnectDisplay = std::function<void(const QString& text)>;
+
+/// The connect procedure: connects to the selected entry and ends the link again unless maker and model of the
+/// instrument that answers are known. `status` is for the user, `debug` for whoever looks for a fault. Blocks for up
+/// to about 6 s, and lets events run between its steps.
+void conHandleConnection(const ConnectDisplay& status, const ConnectDisplay& debug);

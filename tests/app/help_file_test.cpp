@@ -126,6 +126,16 @@ TEST_F(HelpBook, HasATopicForEditorAndEntryDialog)
         ExpectTopic(number);
 }
 
+TEST_F(HelpBook, HasATopicForTheConnectionForms)
+{
+    for (int number = 10300; number <= 10303; ++number)
+        ExpectTopic(number);
+    for (int number = 10400; number <= 10424; ++number)
+        ExpectTopic(number);
+    for (int number = 10436; number <= 10450; ++number)
+        ExpectTopic(number);
+}
+
 TEST_F(HelpBook, HasATopicForEachMessage)
 {
     int messages = 0;

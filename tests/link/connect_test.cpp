@@ -1,3 +1,4 @@
+#include "link/channel.h"
 #include "link/connect.h"
 
 #include "app/lang.h"
@@ -88,7 +89,7 @@ TEST_F(Connect, SavingTellsWhetherTheLinkIsUpNow)
     TvScpi().scpiGetConnected = LinkIsDown;
     EXPECT_TRUE(Saved().contains("Connected=0\n"));
     ModulesReset();
-    EXPECT_FALSE(IsConnected());
+    EXPECT_FALSE(ChannelIsUp());
 }
 
 TEST_F(Connect, EntryNeedsThreeFields)

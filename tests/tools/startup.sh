@@ -68,6 +68,12 @@ expect_exit() {
   [[ $code == "$1" ]] || fail "exit code $code instead of $1"
 }
 
+# A start without a file ends in the list of connections, since the link was not up before.
+close_connections() {
+  wait_for has_active Connect
+  xdotool key Escape
+}
+
 quit() {
   wait_for has_frame
   kill "$pid"
@@ -96,6 +102,7 @@ case $case in
   Quits)
     copy_without
     start
+    close_connections
     quit
     [[ -s $folder/Tarvik.ini ]] || fail "no settings file"
     grep -q '^AutoTile=0' "$folder/Tarvik.ini" || fail "settings are not whole"
@@ -103,7 +110,7 @@ case $case in
   QuitsByItsCloseBox)
     copy_without
     start
-    wait_for has_frame
+    close_connections
     # The close box does nothing until the start is over, which nothing shows to the outside.
     while runs; do
       xdotool search --onlyvisible --pid "$pid" --name '^Tarvik$' windowactivate key alt+F4 2>/dev/null || true
@@ -116,6 +123,7 @@ case $case in
     copy_without
     touch "$folder"/temp{00.set,07.png,10.png}
     start
+    close_connections
     quit
     [[ ! -e $folder/temp07.png && ! -e $folder/temp00.set ]] || fail "a temporary file is still there"
     [[ -e $folder/temp10.png ]] || fail "a file of another name is gone"
@@ -123,12 +131,14 @@ case $case in
   StartsWithoutPictureModule)
     copy_without tvimg
     start
+    close_connections
     quit
     ;;
   StartsWithTextInPlaceOfPictureModule)
     copy_without tvimg
     echo "no library" >"$folder/tvimg$suffix"
     start
+    close_connections
     quit
     ;;
   OpensQuotedFile)

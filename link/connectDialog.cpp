@@ -1,0 +1,91 @@
+#include "link/connectDialog.h"
+
+#include "app/message.h"
+#include "app/project.h"
+#include "link/channel.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kTextNotConnected = 10402;
+constexpr int kTextConnected = 10418;
+constexpr int kMsgNotStored = 10435;
+constexpr int kMsgNameInUse = 10451;
+
+std::vector<QString> EntriesOf(int tab)
+{
+    const ConnectionState& state = Connection();
+    if (tab == ConnectTabUsb)
+        return { state.UsbEntry };
+    return { state.LanEntries.begin(), state.LanEntries.end() };
+}
+
+QString IconOf(int tab, bool isConnected)
+{
+    if (tab == ConnectTabUsb)
+        return isConnected ? QStringLiteral("UsbConnected") : QStringLiteral("UsbNotConnected");
+    return isConnected ? QStringLiteral("LanConnected") : QStringLiteral("LanNotConnected");
+}
+
+/// A connection that keeps its name needs no other.
+bool NameMayBeUsed(const QString& name)
+{
+    const QString& selected = Connection().SelectedEntry;
+    const bool keepsName = !selected.isEmpty() && name == conFieldsOf(selected).Name;
+    return keepsName || conNameFree(name);
+}
+
+} // namespace
+
+int conStartTab()
+{
+    const ConnectionState& state = Connection();
+    const bool isLan =
+        std::find(state.LanEntries.begin(), state.LanEntries.end(), state.SelectedEntry) != state.LanEntries.end();
+    const bool isUsed = ChannelIsUp() || Program().ConnectedAtExit;
+    return isUsed && isLan && state.SelectedEntry != state.UsbEntry ? ConnectTabLan : ConnectTabUsb;
+}
+
+ConnectControls conControls(int tab, int rowsShown)
+{
+    ConnectControls controls;
+    controls.CanDisconnect = ChannelIsUp();
+    controls.CanConnect = !controls.CanDisconnect;
+    controls.CanAdd = controls.CanConnect && rowsShown < kLanEntries;
+    controls.HasEditButtons = tab == ConnectTabLan;
+    controls.Title = controls.CanDisconnect ? kTextConnected : kTextNotConnected;
+    return controls;
+}
+
+std::vector<ConnectRow> conRows(int tab)
+{
+    std::vector<ConnectRow> rows;
+    size_t selected = 0;
+    const bool isUp = ChannelIsUp();
+    for (const QString& entry : EntriesOf(tab)) {
+        if (!conEntryValid(entry))
+            continue;
+        const bool isSelected = entry == Connection().SelectedEntry;
+        if (isSelected)
+            selected = rows.size();
+        rows.push_back({ conFieldsOf(entry), IconOf(tab, isSelected && isUp), false });
+    }
+    if (!rows.empty())
+        rows[selected].Selected = true;
+    return rows;
+}
+
+bool conEntryAccept(const ConnectionFields& fields)
+{
+    if (!NameMayBeUsed(fields.Name)) {
+        MsgOk(kMsgNameInUse);
+        return false;
+    }
+    const bool isNew = Connection().SelectedEntry.isEmpty();
+    const bool isStored = isNew ? conEntryAdd(fields.Name, fields.Address, fields.Port)
+                                : conEntryReplace(fields.Name, fields.Address, fields.Port);
+    if (!isStored)
+        MsgOk(kMsgNotStored);
+    return isStored;
+}

@@ -1,0 +1,156 @@
+#include "link/connect.h"
+
+#include "app/general.h"
+#include "app/ini.h"
+#include "app/lang.h"
+#include "app/message.h"
+#include "app/seams.h"
+#include "app/statusBar.h"
+#include "link/channel.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int kTextConnecting = 10421;
+constexpr int kTextFailed = 10422;
+constexpr int kTextConnected = 10423;
+constexpr int kTextUnknownInstrument = 10433;
+constexpr int kTextUnsupported = 10434;
+constexpr std::array kMakers{ 10425, 10426 };
+constexpr std::array kModels{ 10427, 10428, 10431, 10429, 10430, 10432 };
+
+/// What a network needs to forget the last way to an address.
+constexpr int kRoutePauseMs = 800;
+
+/// Maker, model, serial number, firmware.
+constexpr int kIdentificationFields = 4;
+
+void Pump()
+{
+    TheSeams().PumpEvents();
+}
+
+/// At most four; the last one keeps its commas.
+QStringList IdentificationFields(const QString& reply)
+{
+    const QStringList fields = reply.split(u',');
+    if (fields.size() <= kIdentificationFields)
+        return fields;
+    return fields.mid(0, kIdentificationFields - 1) << reply.section(u',', kIdentificationFields - 1);
+}
+
+/// A number without a text fits nothing.
+template <typename Numbers>
+bool IsOneOf(const QString& text, const Numbers& textNumbers)
+{
+    return !text.isEmpty()
+        && std::any_of(textNumbers.begin(), textNumbers.end(), [&text](int number) { return text == LngStr(number); });
+}
+
+/// Keeps what a known maker's instrument tells of itself; true if its model is known too.
+bool AcceptInstrument(const QStringList& fields)
+{
+    if (fields.size() != kIdentificationFields || !IsOneOf(fields[0], kMakers))
+        return false;
+    ConnectionState& state = Connection();
+    const bool isKnownModel = IsOneOf(fields[1].trimmed(), kModels);
+    state.InstrumentAccepted = isKnownModel ? 1 : 0;
+    state.InstrumentSerial = fields[2];
+    state.InstrumentFirmware = IsNumberText(fields[3]) ? IniNumber(fields[3].trimmed()) : 0;
+    return isKnownModel;
+}
+
+void JudgeAnswer(const QString& reply, const ConnectDisplay& status)
+{
+    const QStringList fields = IdentificationFields(reply);
+    if (AcceptInstrument(fields)) {
+        status(LngStr(kTextConnected));
+        return;
+    }
+    ChannelDisconnect();
+    if (fields.size() == kIdentificationFields)
+        status(LngStr(kTextUnsupported) + fields[0] + u' ' + fields[1]);
+    else
+        status(LngStr(kTextUnknownInstrument));
+}
+
+/// The way to the instrument is given time to change, as a second one may have answered at the same address. Systems
+/// find the new way by themselves, so no command is needed for it.
+void RenewRoute(const ConnectDisplay& debug)
+{
+    debug(QStringLiteral("route delete"));
+    Pump();
+    TheSeams().Sleep(kRoutePauseMs);
+    Pump();
+}
+
+/// False when the selected entry is none that a connect can be tried with.
+bool TryConnection(const ConnectDisplay& status, const ConnectDisplay& debug)
+{
+    constexpr int kEntryFields = 3;
+    const QStringList fields = Connection().SelectedEntry.split(u':');
+    if (fields.size() != kEntryFields)
+        return false;
+    status(LngStr(kTextConnecting) + fields[0]);
+    Pump();
+    RenewRoute(debug);
+    bool isPort = false;
+    const int port = fields[2].toShort(&isPort);
+    if (!isPort)
+        return false;
+    QString reply;
+    if (ChannelConnect(fields[1], port, reply) != kChannelOk) {
+        status(LngStr(kTextFailed));
+        debug(QStringLiteral("SCPI connect not successfull."));
+        return true;
+    }
+    debug(reply);
+    JudgeAnswer(reply, status);
+    return true;
+}
+
+} // namespace
+
+ConnectHooks& TheConnectHooks()
+{
+    static ConnectHooks hooks;
+    return hooks;
+}
+
+void conShowDialog()
+{
+    BeginBusy();
+    if (TheConnectHooks().ShowDialog)
+        TheConnectHooks().ShowDialog();
+    EndBusy();
+}
+
+void conShowConnecting()
+{
+    if (Connection().ConnectInProgress || !TheConnectHooks().ShowConnecting)
+        return;
+    Connection().ConnectInProgress = true;
+    TheConnectHooks().ShowConnecting();
+}
+
+void conStart(bool reconnect)
+{
+    if (reconnect)
+        conShowConnecting();
+    if (!ChannelIsUp())
+        conShowDialog();
+}
+
+void conHandleConnection(const ConnectDisplay& status, const ConnectDisplay& debug)
+{
+    Connection().ConnectInProgress = true;
+    if (!TryConnection(status, debug)) {
+        status(LngStr(kTextFailed));
+        DebugReport("conHandleConnection_error");
+    }
+    Connection().ConnectInProgress = false;
+}

@@ -1,0 +1,104 @@
+#include "app/commands.h"
+#include "app/help.h"
+#include "app/lang.h"
+#include "app/project.h"
+#include "app/seams.h"
+#include "link/bindLink.h"
+#include "link/connect.h"
+#include "tests/support/fakeChannel.h"
+#include "tests/support/forms.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+/// The link as the composition binds it, without a frame.
+class BoundLink : public FormTest {
+protected:
+    BoundLink()
+    {
+        BindLink();
+        fake.Connected = false;
+        Program().Started = true;
+        Connection().LanEntries[0] = QStringLiteral("Van:10.0.0.7:5555");
+        Connection().SelectedEntry = Connection().LanEntries[0];
+        TheSeams().Sleep = [](int) {};
+        TheSeams().StartTimer = [](int, std::function<void()> tick) { QTimer::singleShot(0, qApp, std::move(tick)); };
+        fake.OnCall = [this](const QString& call) { calls.append(call.section(u' ', 0, 0) + u'@' + ActiveForm()); };
+    }
+    ~BoundLink() override
+    {
+        CommandHooksReset();
+        TheProjectHooks() = {};
+        TheHelpHooks() = {};
+    }
+
+    static QString ActiveForm()
+    {
+        const QWidget* form = QApplication::activeModalWidget();
+        return form == nullptr ? QString() : form->objectName();
+    }
+
+    /// Closes the form of that name when it comes up.
+    void CloseWhenShown(const QString& name)
+    {
+        QTimer::singleShot(0, qApp, [this, name] {
+            if (ActiveForm() != name) {
+                CloseWhenShown(name);
+                return;
+            }
+            shown.append(name);
+            EXPECT_TRUE(QTest::qWaitForWindowActive(QApplication::activeModalWidget()));
+            Click(*QApplication::activeModalWidget(), "BtCancel");
+        });
+    }
+
+    FakeChannel fake;
+    QStringList calls;
+    QStringList shown;
+};
+
+} // namespace
+
+TEST_F(BoundLink, CommandOpensTheConnections)
+{
+    CloseWhenShown("FmConnect");
+    EXPECT_TRUE(CommandRun(Command::Connect));
+    EXPECT_EQ(shown, QStringList{ "FmConnect" });
+    EXPECT_TRUE(CanAct());
+}
+
+TEST_F(BoundLink, StartReconnects)
+{
+    TheProjectHooks().AutoConnect(true);
+    EXPECT_EQ(calls, QStringList{ "Connect@FmConnecting" });
+    EXPECT_TRUE(fake.Connected);
+    EXPECT_TRUE(CanAct());
+}
+
+TEST_F(BoundLink, StartOffersTheConnectionsAfterAFailure)
+{
+    Program().ConnectedAtExit = true;
+    fake.Answer("Connect", kChannelLinkFailed);
+    CloseWhenShown("FmConnect");
+    TheProjectHooks().AutoConnect(true);
+    EXPECT_EQ(calls, QStringList{ "Connect@FmConnecting" });
+    EXPECT_EQ(shown, QStringList{ "FmConnect" });
+}
+
+TEST_F(BoundLink, HelpIsRefusedWhileAConnectRuns)
+{
+    int topics = 0;
+    TheHelpHooks().ShowTopic = [&](int) {
+        ++topics;
+        return true;
+    };
+    Connection().ConnectInProgress = true;
+    ShowHelp(10301);
+    EXPECT_EQ(topics, 0);
+    Connection().ConnectInProgress = false;
+    ShowHelp(10301);
+    EXPECT_EQ(topics, 1);
+}

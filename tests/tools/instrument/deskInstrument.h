@@ -1,0 +1,48 @@
+// tests/tools/instrument/deskInstrument.h: an instrument without a link: bytes in, bytes out.
+#pragma once
+
+#include "tools/instrument/instrument.h"
+
+#include <QTemporaryDir>
+
+#include <string>
+#include <string_view>
+
+class DeskInstrument {
+public:
+    static constexpr std::uint64_t kCapacityBytes = 100000;
+
+    DeskInstrument();
+
+    /// Everything that is answered to `bytes`.
+    std::string Say(std::string_view bytes);
+
+    /// The code of the oldest error: "0" when there is none.
+    std::string Error();
+
+    /// Path on the disk of a file, by its path with `/` between.
+    std::string Path(const std::string& name) const;
+
+    /// Puts a file onto the disk from outside.
+    void Put(const std::string& name, const std::string& content) const;
+
+    /// Content of a file on the disk; "(none)" if it is not there.
+    std::string Content(const std::string& name) const;
+
+    Storage& Disk()
+    {
+        return storage_;
+    }
+
+    void RefuseNext()
+    {
+        instrument_.RefuseNext();
+    }
+
+private:
+    QTemporaryDir folder_;
+    Storage storage_;
+    Instrument instrument_;
+    MessageReader reader_;
+    Answers answers_;
+};

@@ -1,0 +1,64 @@
+// tools/instrument/descriptor.h: a file descriptor that is closed by its owner.
+#pragma once
+
+#include <unistd.h>
+
+#include <utility>
+
+class Descriptor {
+public:
+    Descriptor() = default;
+
+    /// Takes over `number`; -1 is none.
+    explicit Descriptor(int number)
+        : number_(number)
+    {
+    }
+
+    Descriptor(Descriptor&& other) noexcept
+        : number_(std::exchange(other.number_, -1))
+    {
+    }
+
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        if (this != &other) {
+            Close();
+            number_ = std::exchange(other.number_, -1);
+        }
+        return *this;
+    }
+
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    ~Descriptor()
+    {
+        Close();
+    }
+
+    bool IsOpen() const
+    {
+        return number_ >= 0;
+    }
+
+    int Number() const
+    {
+        return number_;
+    }
+
+    void Close()
+    {
+        if (number_ >= 0)
+            ::close(std::exchange(number_, -1));
+    }
+
+    /// Gives up the descriptor without closing it.
+    int Release()
+    {
+        return std::exchange(number_, -1);
+    }
+
+private:
+    int number_ = -1;
+};

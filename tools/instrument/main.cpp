@@ -1,0 +1,111 @@
+// tools/instrument/main.cpp: a receiver without hardware, for training, demonstrations and tests.
+#include "app/ansi.h"
+#include "app/project.h"
+#include "tools/instrument/arguments.h"
+#include "tools/instrument/exampleFiles.h"
+#include "tools/instrument/receiver.h"
+#include "tools/instrument/server.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QStandardPaths>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+enum ExitStatus { ExitDone = 0, ExitFailed = 1, ExitUsage = 2 };
+
+volatile std::sig_atomic_t stopWanted = 0;
+
+void WantStop(int /*signal*/)
+{
+    stopWanted = 1;
+}
+
+/// Lets the two signals in only where the server waits for them. Answers the signals that were blocked before.
+sigset_t CatchStopSignals()
+{
+    struct sigaction action { };
+    action.sa_handler = WantStop;
+    sigset_t stopSignals{};
+    sigset_t before{};
+    sigemptyset(&stopSignals);
+    for (const int number : { SIGINT, SIGTERM }) {
+        sigaction(number, &action, nullptr);
+        sigaddset(&stopSignals, number);
+    }
+    sigprocmask(SIG_BLOCK, &stopSignals, &before);
+    return before;
+}
+
+void Print(std::FILE* stream, const QString& text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stream);
+    std::fflush(stream);
+}
+
+ExitStatus Fail(const QString& what, const QString& reason, ExitStatus status = ExitFailed)
+{
+    Print(stderr, QStringLiteral("tarvik-instrument: %1: %2\n").arg(what, reason));
+    return status;
+}
+
+QString RootOf(const InstrumentArguments& arguments)
+{
+    return !arguments.Root.isEmpty()
+        ? arguments.Root
+        : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tarvik-instrument");
+}
+
+/// A disk that was empty gets the examples.
+bool PrepareFiles(Storage& storage, const std::string& model)
+{
+    const bool isNew = storage.IsEmpty();
+    return MakeReceiverFolders(storage) == InstrumentError::None
+        && (!isNew || StoreExamples(storage, model) == InstrumentError::None);
+}
+
+ExitStatus Run(const InstrumentArguments& arguments)
+{
+    const QString root = RootOf(arguments);
+    Storage storage;
+    std::string reason;
+    if (!storage.Open(
+            QFile::encodeName(root).toStdString(), static_cast<std::uint64_t>(arguments.CapacityBytes), reason))
+        return Fail(root, QString::fromStdString(reason));
+    if (!PrepareFiles(storage, arguments.Names.Model))
+        return Fail(root, QStringLiteral("the example files can not be stored"));
+    Receiver receiver(storage, FromAnsi(QByteArrayView(arguments.Names.Model)));
+    Instrument instrument(storage, arguments.Names, [&receiver] { return receiver.FetchScreen(); });
+    Server server(instrument, arguments.Link);
+    if (!server.Listen(arguments.Address.toStdString(), arguments.FirstPort, arguments.LastPort))
+        return Fail(QStringLiteral("%1:%2").arg(arguments.Address).arg(arguments.FirstPort),
+            QString::fromLocal8Bit(std::strerror(errno)));
+    const sigset_t before = CatchStopSignals();
+    Print(stdout, QStringLiteral("port %1\n").arg(server.Port()));
+    return server.Serve(stopWanted, before) ? ExitDone : Fail(root, QString::fromLocal8Bit(std::strerror(errno)));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // fonts without a screen
+    const QGuiApplication application(argc, argv);
+    InstrumentArguments arguments;
+    QString error;
+    if (!ReadArguments(QCoreApplication::arguments().mid(1), arguments, error)) {
+        Print(stderr, QStringLiteral("tarvik-instrument: %1\nTry 'tarvik-instrument --help'.\n").arg(error));
+        return ExitUsage;
+    }
+    if (arguments.Help || arguments.Version) {
+        Print(stdout,
+            arguments.Help ? InstrumentHelpText() : QStringLiteral("tarvik-instrument %1\n").arg(ProductVersionText()));
+        return ExitDone;
+    }
+    return Run(arguments);
+}

@@ -1,0 +1,112 @@
+#include "tools/instrument/server.h"
+
+#include <arpa/inet.h>
+#include <array>
+#include <cerrno>
+#include <ctime>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/socket.h>
+
+namespace {
+
+constexpr int kWaitingConnections = 16;
+
+void SwitchOn(int socket, int level, int option)
+{
+    const int on = 1;
+    (void)::setsockopt(socket, level, option, &on, sizeof on);
+}
+
+bool BindAndListen(int socket, const sockaddr_in& address)
+{
+    return ::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0
+        && ::listen(socket, kWaitingConnections) == 0;
+}
+
+timespec TimeOf(int milliseconds)
+{
+    return { milliseconds / 1000, (milliseconds % 1000) * 1000000L };
+}
+
+} // namespace
+
+Server::Server(Instrument& instrument, const LinkOptions& options)
+    : instrument_(instrument)
+    , options_(options)
+    , plan_{ options.Faults }
+{
+}
+
+bool Server::Listen(const std::string& address, int firstPort, int lastPort)
+{
+    sockaddr_in socketAddress{};
+    socketAddress.sin_family = AF_INET;
+    if (::inet_pton(AF_INET, address.c_str(), &socketAddress.sin_addr) != 1) {
+        errno = EINVAL;
+        return false;
+    }
+    for (int port = firstPort; port <= lastPort; ++port) {
+        // A new socket for each port: one that could not listen stays bound.
+        listener_ = Descriptor(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+        if (!listener_.IsOpen())
+            return false;
+        SwitchOn(listener_.Number(), SOL_SOCKET, SO_REUSEADDR);
+        socketAddress.sin_port = htons(static_cast<std::uint16_t>(port));
+        if (BindAndListen(listener_.Number(), socketAddress))
+            return true;
+        if (errno != EADDRINUSE)
+            return false;
+    }
+    return false;
+}
+
+int Server::Port() const
+{
+    sockaddr_in address{};
+    socklen_t size = sizeof address;
+    if (::getsockname(listener_.Number(), reinterpret_cast<sockaddr*>(&address), &size) != 0)
+        return 0;
+    return ntohs(address.sin_port);
+}
+
+bool Server::Serve(const volatile std::sig_atomic_t& stop, const sigset_t& blocked)
+{
+    while (stop == 0) {
+        LinkTime now = std::chrono::steady_clock::now();
+        // A client that is about to end holds up the next one instead of having it turned away.
+        const bool listens = session_ == nullptr || !session_->IsEnding();
+        std::array<pollfd, 2> waits{ { { listener_.Number(), static_cast<short>(listens ? POLLIN : 0), 0 },
+            { -1, 0, 0 } } };
+        int timeoutMs = -1;
+        if (session_ != nullptr) {
+            waits[1] = { session_->Socket(), session_->WantedEvents(now), 0 };
+            timeoutMs = session_->TimeoutMs(now);
+        }
+        const timespec timeout = TimeOf(timeoutMs);
+        if (::ppoll(waits.data(), waits.size(), timeoutMs < 0 ? nullptr : &timeout, &blocked) < 0) {
+            if (errno != EINTR)
+                return false;
+            continue;
+        }
+        now = std::chrono::steady_clock::now();
+        if (session_ != nullptr && !session_->Service(waits[1].revents, now))
+            session_.reset();
+        const bool turnsAway = session_ != nullptr && !session_->IsEnding();
+        if ((waits[0].revents & POLLIN) != 0 && (session_ == nullptr || turnsAway))
+            AcceptClient();
+    }
+    session_.reset();
+    return true;
+}
+
+void Server::AcceptClient()
+{
+    Descriptor socket(::accept4(listener_.Number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    if (!socket.IsOpen() || session_ != nullptr)
+        return;
+    SwitchOn(socket.Number(), IPPROTO_TCP, TCP_NODELAY);
+    SwitchOn(socket.Number(), SOL_SOCKET, SO_KEEPALIVE);
+    session_ = std::make_unique<Session>(std::move(socket), instrument_, plan_, options_);
+}

@@ -1,0 +1,37 @@
+// tools/instrument/server.h: listens, and serves one client at a time.
+#pragma once
+
+#include "tools/instrument/instrument.h"
+#include "tools/instrument/linkOptions.h"
+#include "tools/instrument/session.h"
+
+#include <csignal>
+#include <memory>
+#include <string>
+
+class Server {
+public:
+    /// Both stay the caller's.
+    Server(Instrument& instrument, const LinkOptions& options);
+
+    /// Listens on the first port from `firstPort` to `lastPort` that is free; port 0 takes any. False, with `errno`,
+    /// when there is none.
+    [[nodiscard]] bool Listen(const std::string& address, int firstPort, int lastPort);
+
+    /// The port that it listens on.
+    int Port() const;
+
+    /// Serves until a signal sets `stop`. `blocked` are blocked while it waits. False when the system fails.
+    /// Serves until a signal sets `stop`. Only while it waits may signals other than `blocked` come. False when the
+    /// system fails.
+    [[nodiscard]] bool Serve(const volatile std::sig_atomic_t& stop, const sigset_t& blocked);
+
+private:
+    void AcceptClient();
+
+    Instrument& instrument_;
+    const LinkOptions& options_;
+    FaultPlan plan_;
+    Descriptor listener_;
+    std::unique_ptr<Session> session_;
+};

@@ -1,0 +1,412 @@
+#include "tools/instrument/storage.h"
+
+#include "tools/instrument/diskFolder.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+
+namespace {
+
+constexpr const char* kIncoming = "incoming";
+constexpr const char* kActive = "active";
+constexpr mode_t kFolderMode = 0777;
+constexpr mode_t kFileMode = 0666;
+constexpr mode_t kAnyoneWrites = 0222;
+constexpr mode_t kOwnerWrites = 0200;
+
+InstrumentError ErrorOf(int systemError)
+{
+    switch (systemError) {
+    case ENOSPC:
+    case EDQUOT:
+        return InstrumentError::MediaFull;
+    case ENOENT:
+    case ENOTDIR:
+    case ELOOP:
+        return InstrumentError::NotFound;
+    case ENAMETOOLONG:
+        return InstrumentError::FileName;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return InstrumentError::Protected;
+    default:
+        return InstrumentError::MassStorage;
+    }
+}
+
+InstrumentError ResultOf(int systemCall)
+{
+    return systemCall == 0 ? InstrumentError::None : ErrorOf(errno);
+}
+
+bool IsLocked(const struct stat& status)
+{
+    return (status.st_mode & kAnyoneWrites) == 0;
+}
+
+StorageEntry EntryOf(std::string name, const struct stat& status)
+{
+    StorageEntry entry;
+    entry.Name = std::move(name);
+    entry.IsFolder = S_ISDIR(status.st_mode);
+    entry.SizeBytes = entry.IsFolder ? 0 : static_cast<std::uint64_t>(status.st_size);
+    ::localtime_r(&status.st_mtime, &entry.Stamp);
+    return entry;
+}
+
+std::uint64_t BytesBelow(int folder, size_t depth)
+{
+    std::uint64_t bytes = 0;
+    for (const DiskEntry& entry : DiskEntries(folder)) {
+        bytes += S_ISREG(entry.Status.st_mode) ? static_cast<std::uint64_t>(entry.Status.st_size) : 0;
+        if (!S_ISDIR(entry.Status.st_mode) || depth > kMaxPathFolders)
+            continue;
+        const Descriptor inner = OpenDiskFolder(folder, entry.Name);
+        bytes += inner.IsOpen() ? BytesBelow(inner.Number(), depth + 1) : 0;
+    }
+    return bytes;
+}
+
+} // namespace
+
+bool Storage::Open(const std::string& folder, std::uint64_t capacityBytes, std::string& reason)
+{
+    root_ = folder;
+    capacityBytes_ = capacityBytes;
+    rootFolder_ = Descriptor(MakeDiskFolders(folder) ? ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC) : -1);
+    if (rootFolder_.IsOpen() && ::mkdirat(rootFolder_.Number(), kPrivateFolder, kFolderMode) != 0 && errno != EEXIST)
+        rootFolder_.Close();
+    if (rootFolder_.IsOpen())
+        privateFolder_ = OpenDiskFolder(rootFolder_.Number(), kPrivateFolder);
+    if (!rootFolder_.IsOpen() || !privateFolder_.IsOpen()) {
+        reason = std::strerror(errno);
+        return false;
+    }
+    if (::flock(privateFolder_.Number(), LOCK_EX | LOCK_NB) != 0) {
+        reason = "another receiver works in it";
+        return false;
+    }
+    return true;
+}
+
+bool Storage::IsEmpty() const
+{
+    const auto entries = DiskEntries(rootFolder_.Number());
+    return std::all_of(
+        entries.begin(), entries.end(), [](const DiskEntry& entry) { return entry.Name == kPrivateFolder; });
+}
+
+bool Storage::HasFolder(const WirePath& path) const
+{
+    Descriptor folder;
+    return OpenFolder(path, folder) == InstrumentError::None;
+}
+
+InstrumentError Storage::List(const WirePath& path, std::vector<StorageEntry>& entries) const
+{
+    Descriptor folder;
+    if (const auto error = OpenFolder(path, folder); error != InstrumentError::None)
+        return error;
+    for (const DiskEntry& entry : DiskEntries(folder.Number())) {
+        const bool isPlain = S_ISREG(entry.Status.st_mode) || S_ISDIR(entry.Status.st_mode);
+        const bool isPrivate = path.empty() && entry.Name == kPrivateFolder;
+        if (auto name = WireName(entry.Name); name && isPlain && !isPrivate)
+            entries.push_back(EntryOf(std::move(*name), entry.Status));
+    }
+    std::sort(entries.begin(), entries.end(),
+        [](const StorageEntry& left, const StorageEntry& right) { return left.Name < right.Name; });
+    return InstrumentError::None;
+}
+
+InstrumentError Storage::Find(const WirePath& path, std::string_view name, StorageEntry& entry) const
+{
+    Descriptor folder;
+    std::string diskName;
+    struct stat status { };
+    const auto error = Locate(path, name, folder, diskName, status);
+    if (error == InstrumentError::None)
+        entry = EntryOf(std::string(name), status);
+    return error;
+}
+
+InstrumentError Storage::MakeFolder(const WirePath& path, std::string_view name)
+{
+    Descriptor folder;
+    std::string diskName;
+    struct stat status { };
+    const auto found = Locate(path, name, folder, diskName, status);
+    if (found != InstrumentError::NotFound || !folder.IsOpen())
+        return found == InstrumentError::None ? InstrumentError::FileName : found;
+    const bool fits = PathText(path).size() + 1 + name.size() <= kMaxPathBytes && path.size() < kMaxPathFolders;
+    if (!fits)
+        return InstrumentError::FileName;
+    const int result = ::mkdirat(folder.Number(), diskName.c_str(), kFolderMode);
+    // Something that no client sees may stand there.
+    return result != 0 && errno == EEXIST ? InstrumentError::FileName : ResultOf(result);
+}
+
+InstrumentError Storage::RemoveFolder(const WirePath& path, std::string_view name)
+{
+    Descriptor folder;
+    std::string diskName;
+    struct stat status { };
+    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+        return error;
+    if (!S_ISDIR(status.st_mode))
+        return InstrumentError::NotFound;
+    return ResultOf(::unlinkat(folder.Number(), diskName.c_str(), AT_REMOVEDIR));
+}
+
+InstrumentError Storage::OpenFile(
+    const WirePath& path, std::string_view name, Descriptor& file, std::uint64_t& size) const
+{
+    Descriptor folder;
+    std::string diskName;
+    struct stat status { };
+    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+        return error;
+    return OpenDiskFile(folder.Number(), diskName, file, size) ? InstrumentError::None : ErrorOf(errno);
+}
+
+InstrumentError Storage::BeginStore(const WirePath& path, std::string_view name, StorePlace place, std::uint64_t size)
+{
+    AbandonStore();
+    const auto diskName = DiskName(name);
+    if (!diskName || (path.empty() && *diskName == kPrivateFolder))
+        return InstrumentError::FileName;
+    const Target target{ path, *diskName, place };
+    if (const auto error = CheckTarget(target); error != InstrumentError::None)
+        return error;
+    target_ = target;
+    return OpenIncoming(size);
+}
+
+InstrumentError Storage::BeginStoreActive(std::uint64_t size)
+{
+    AbandonStore();
+    target_ = {};
+    return OpenIncoming(size);
+}
+
+InstrumentError Storage::OpenIncoming(std::uint64_t size)
+{
+    if (size > kMaxFileBytes || size > Usage().FreeBytes)
+        return InstrumentError::MediaFull;
+    incoming_ = Descriptor(
+        ::openat(privateFolder_.Number(), kIncoming, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, kFileMode));
+    storeError_ = incoming_.IsOpen() ? InstrumentError::None : ErrorOf(errno);
+    return storeError_;
+}
+
+InstrumentError Storage::Store(std::string_view bytes)
+{
+    while (!bytes.empty() && storeError_ == InstrumentError::None) {
+        const ssize_t count = ::write(incoming_.Number(), bytes.data(), bytes.size());
+        if (count >= 0)
+            bytes.remove_prefix(static_cast<size_t>(count));
+        else if (errno != EINTR)
+            storeError_ = ErrorOf(errno);
+    }
+    return storeError_;
+}
+
+InstrumentError Storage::EndStore()
+{
+    if (!incoming_.IsOpen())
+        return InstrumentError::MassStorage;
+    InstrumentError error = storeError_;
+    if (error == InstrumentError::None && !target_.Name.empty())
+        error = CheckTarget(target_);
+    if (error == InstrumentError::None)
+        error = PlaceIncoming();
+    AbandonStore();
+    return error;
+}
+
+void Storage::AbandonStore()
+{
+    if (!incoming_.IsOpen())
+        return;
+    incoming_.Close();
+    ::unlinkat(privateFolder_.Number(), kIncoming, 0);
+}
+
+InstrumentError Storage::PlaceIncoming()
+{
+    const int from = privateFolder_.Number();
+    if (target_.Name.empty())
+        return ResultOf(::renameat(from, kIncoming, from, kActive));
+    Descriptor folder;
+    if (const auto error = OpenFolder(target_.Path, folder); error != InstrumentError::None)
+        return error;
+    if (::renameat(from, kIncoming, folder.Number(), target_.Name.c_str()) != 0)
+        return ErrorOf(errno);
+    if (target_.Place == StorePlace::Beside)
+        return InstrumentError::None;
+    for (const DiskEntry& entry : DiskEntries(folder.Number())) {
+        if (S_ISREG(entry.Status.st_mode) && entry.Name != target_.Name)
+            ::unlinkat(folder.Number(), entry.Name.c_str(), 0);
+    }
+    return InstrumentError::None;
+}
+
+InstrumentError Storage::CheckTarget(const Target& target) const
+{
+    Descriptor folder;
+    if (const auto error = OpenFolder(target.Path, folder); error != InstrumentError::None)
+        return error;
+    for (const DiskEntry& entry : DiskEntries(folder.Number())) {
+        const bool isSame = entry.Name == target.Name;
+        if (isSame && !S_ISREG(entry.Status.st_mode))
+            return InstrumentError::FileName;
+        const bool goes = isSame || (target.Place == StorePlace::Alone && S_ISREG(entry.Status.st_mode));
+        if (goes && IsLocked(entry.Status))
+            return InstrumentError::Protected;
+    }
+    return InstrumentError::None;
+}
+
+InstrumentError Storage::RemoveFile(const WirePath& path, std::string_view name)
+{
+    Descriptor folder;
+    std::string diskName;
+    struct stat status { };
+    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+        return error;
+    if (S_ISDIR(status.st_mode))
+        return InstrumentError::NotFound;
+    if (IsLocked(status))
+        return InstrumentError::Protected;
+    return ResultOf(::unlinkat(folder.Number(), diskName.c_str(), 0));
+}
+
+InstrumentError Storage::Rename(const WirePath& path, std::string_view oldName, std::string_view newName)
+{
+    Descriptor folder;
+    std::string oldDiskName;
+    struct stat status { };
+    if (const auto error = Locate(path, oldName, folder, oldDiskName, status); error != InstrumentError::None)
+        return error;
+    const auto newDiskName = DiskName(newName);
+    if (!newDiskName || PathText(path).size() + 1 + newName.size() > kMaxPathBytes)
+        return InstrumentError::FileName;
+    if (S_ISREG(status.st_mode) && IsLocked(status))
+        return InstrumentError::Protected;
+    struct stat other { };
+    if (::fstatat(folder.Number(), newDiskName->c_str(), &other, AT_SYMLINK_NOFOLLOW) == 0)
+        return InstrumentError::FileName;
+    return ResultOf(::renameat(folder.Number(), oldDiskName.c_str(), folder.Number(), newDiskName->c_str()));
+}
+
+InstrumentError Storage::SetLocked(const WirePath& path, std::string_view name, bool locked)
+{
+    Descriptor folder;
+    std::string diskName;
+    struct stat status { };
+    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+        return error;
+    if (S_ISDIR(status.st_mode))
+        return InstrumentError::NotFound;
+    const mode_t permissions = status.st_mode & 07777;
+    const mode_t wanted = locked ? permissions & ~kAnyoneWrites : permissions | kOwnerWrites;
+    return ResultOf(::fchmodat(folder.Number(), diskName.c_str(), wanted, 0));
+}
+
+InstrumentError Storage::GetLocked(const WirePath& path, std::string_view name, bool& locked) const
+{
+    Descriptor folder;
+    std::string diskName;
+    struct stat status { };
+    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+        return error;
+    if (S_ISDIR(status.st_mode))
+        return InstrumentError::NotFound;
+    locked = IsLocked(status);
+    return InstrumentError::None;
+}
+
+InstrumentError Storage::SetDate(const WirePath& path, std::string_view name, const std::tm& stamp)
+{
+    return SetStamp(path, name, stamp, true);
+}
+
+InstrumentError Storage::SetTime(const WirePath& path, std::string_view name, const std::tm& stamp)
+{
+    return SetStamp(path, name, stamp, false);
+}
+
+InstrumentError Storage::SetStamp(const WirePath& path, std::string_view name, const std::tm& stamp, bool isDate)
+{
+    Descriptor folder;
+    std::string diskName;
+    struct stat status { };
+    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+        return error;
+    if (S_ISDIR(status.st_mode))
+        return InstrumentError::NotFound;
+    std::tm old{};
+    ::localtime_r(&status.st_mtime, &old);
+    const std::tm& date = isDate ? stamp : old;
+    std::tm merged = isDate ? old : stamp;
+    merged.tm_year = date.tm_year;
+    merged.tm_mon = date.tm_mon;
+    merged.tm_mday = date.tm_mday;
+    merged.tm_isdst = -1;
+    const std::time_t changed = std::mktime(&merged);
+    const timespec times[2] = { { 0, UTIME_OMIT }, { changed, 0 } };
+    return ResultOf(::utimensat(folder.Number(), diskName.c_str(), times, AT_SYMLINK_NOFOLLOW));
+}
+
+StorageUsage Storage::Usage() const
+{
+    StorageUsage usage;
+    usage.UsedBytes = BytesBelow(rootFolder_.Number(), 0);
+    struct statvfs disk { };
+    const bool isKnown = ::fstatvfs(rootFolder_.Number(), &disk) == 0;
+    const std::uint64_t room = isKnown ? std::uint64_t{ disk.f_bavail } * disk.f_frsize : 0;
+    usage.FreeBytes = std::min(capacityBytes_ - std::min(usage.UsedBytes, capacityBytes_), room);
+    return usage;
+}
+
+InstrumentError Storage::OpenActive(Descriptor& file, std::uint64_t& size) const
+{
+    return OpenDiskFile(privateFolder_.Number(), kActive, file, size) ? InstrumentError::None : ErrorOf(errno);
+}
+
+InstrumentError Storage::OpenFolder(const WirePath& path, Descriptor& folder) const
+{
+    folder = Descriptor(::fcntl(rootFolder_.Number(), F_DUPFD_CLOEXEC, 0));
+    for (const std::string& part : path) {
+        const auto name = DiskName(part);
+        if (!name)
+            return InstrumentError::FileName;
+        folder = OpenDiskFolder(folder.Number(), *name);
+        if (!folder.IsOpen())
+            return ErrorOf(errno);
+    }
+    return folder.IsOpen() ? InstrumentError::None : ErrorOf(errno);
+}
+
+/// The folder is open on NotFound too, when it is only the name that is not there.
+InstrumentError Storage::Locate(
+    const WirePath& path, std::string_view name, Descriptor& folder, std::string& diskName, struct ::stat& status) const
+{
+    const auto converted = DiskName(name);
+    if (!converted || (path.empty() && *converted == kPrivateFolder))
+        return InstrumentError::FileName;
+    diskName = *converted;
+    if (const auto error = OpenFolder(path, folder); error != InstrumentError::None) {
+        folder.Close();
+        return error;
+    }
+    if (::fstatat(folder.Number(), diskName.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return ErrorOf(errno);
+    const bool isPlain = S_ISREG(status.st_mode) || S_ISDIR(status.st_mode);
+    return isPlain ? InstrumentError::None : InstrumentError::NotFound;
+}

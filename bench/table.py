@@ -45,6 +45,13 @@ row("read binary of 1024 rows into the table", lists["ReadBinary"], 0.5, "ms", f
 row("write binary of 1024 rows to disk", store["Save"], 1.5 * store["BareReplaceToLast"], "ms",
     f"bare write, flush, rename {store['BareReplace']:.2f} ms, folder flushed too {store['BareReplaceToLast']:.2f} ms")
 
+link = load("link")
+for way, bare in (("download", "bareDownload"), ("upload", "bareUpload")):
+    row(f"{way} of 64 MiB", link[way], link[bare] / 0.8, "ms", f"bare file to socket to file {link[bare]:.1f} ms")
+row("growth of peak memory by these transfers", link["growth"], 4, "MiB")
+row("find of a file", link["find"], 2 * link["bareLine"], "us", f"bare line there and back {link['bareLine']:.1f} us")
+row("walk of 10,000 files", link["listing"], 300, "ms")
+
 print("| what | figure | at most | | beside |")
 print("|---|---|---|---|---|")
 for cells in rows:

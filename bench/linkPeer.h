@@ -1,0 +1,30 @@
+// bench/linkPeer.h: the other end of the link benchmarks, in a process of its own: as little of an instrument as can be
+// measured against, and the bare ways of moving the same bytes.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <sys/types.h>
+
+/// What the bare ways and the peer move at once, in bytes.
+inline constexpr size_t kMoveBytes = size_t{ 256 } << 10;
+
+struct LinkPeer {
+    uint16_t Port = 0;
+    pid_t Process = -1;
+};
+
+/// Starts the peer. It sends the file `source` for every download, stores every upload in the file `target`, and lists
+/// `entries` files.
+LinkPeer StartLinkPeer(const std::string& source, const std::string& target, int entries);
+void StopLinkPeer(const LinkPeer& peer);
+
+/// A bare connection to the peer.
+int ConnectToPeer(uint16_t port);
+
+/// Move `bytes` bytes between a file and a socket. False when less comes.
+bool MoveToSocket(const std::string& path, int socket, uint64_t bytes);
+bool MoveToFile(int socket, const std::string& path, uint64_t bytes);
+
+/// Sends all of `text`.
+bool SendText(int socket, const std::string& text);

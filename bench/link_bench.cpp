@@ -1,0 +1,216 @@
+// The channel to the instrument: 64 MiB down and up, a find, a listing of 10,000 files; beside them the same bytes
+// moved from file to file over a bare socket, and a bare line there and back. Takes the folder for its files, prints
+// JSON.
+#include "bench/linkPeer.h"
+#include "closed/tvscpi.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr uint64_t kFileBytes = uint64_t{ 64 } << 20;
+constexpr int kEntries = 10000;
+constexpr int kTransfers = 9;
+constexpr int kRoundTrips = 20000;
+constexpr int32_t kTimeoutMs = 60000;
+
+TvScpiApi scpi;
+std::string folder;
+
+void Require(bool condition, const char* what)
+{
+    if (condition)
+        return;
+    (void)std::fprintf(stderr, "bench_link: %s\n", what);
+    std::_Exit(1);
+}
+
+template <typename Work>
+double Milliseconds(Work work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+double PeakMebibytes()
+{
+    rusage usage{};
+    (void)getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_maxrss) / 1024;
+}
+
+void WriteSource(const std::string& path)
+{
+    std::ofstream file(path, std::ios::binary);
+    std::array<uint32_t, 16384> piece{};
+    uint32_t state = 1;
+    for (uint64_t written = 0; written < kFileBytes; written += sizeof piece) {
+        for (uint32_t& word : piece)
+            word = state = state * 1664525U + 1013904223U;
+        file.write(reinterpret_cast<const char*>(piece.data()), sizeof piece);
+    }
+    Require(file.good(), "no room for the source");
+}
+
+bool IsSame(const std::string& left, const std::string& right)
+{
+    std::ifstream a(left, std::ios::binary);
+    std::ifstream b(right, std::ios::binary);
+    return std::equal(std::istreambuf_iterator<char>(a), {}, std::istreambuf_iterator<char>(b), {});
+}
+
+void Connect(const LinkPeer& peer)
+{
+    std::array<char, TVSCPI_TEXT_SIZE> reply{};
+    int16_t err = -1;
+    scpi.scpiConnect(&err, 1, "127.0.0.1", static_cast<int16_t>(peer.Port), kTimeoutMs, reply.data(), TVSCPI_TEXT_SIZE);
+    Require(err == TvScpiOk, "not connected");
+}
+
+void Download()
+{
+    int16_t err = -1;
+    scpi.scpiGetFile(&err, "x", (folder + "/down").c_str(), kTimeoutMs);
+    Require(err == TvScpiOk, "download failed");
+}
+
+void Upload()
+{
+    int16_t err = -1;
+    scpi.scpiPutFile(&err, (folder + "/source").c_str(), "x", kTimeoutMs);
+    Require(err == TvScpiOk, "upload failed");
+}
+
+std::string PeerAnswer(int socket)
+{
+    std::array<char, 16> answer{};
+    const ssize_t got = ::recv(socket, answer.data(), answer.size(), 0);
+    return { answer.data(), got > 0 ? static_cast<size_t>(got) : 0 };
+}
+
+void BareDownload(int socket)
+{
+    Require(SendText(socket, "GIVE " + std::to_string(kFileBytes) + '\n')
+            && MoveToFile(socket, folder + "/bare", kFileBytes),
+        "bare download failed");
+}
+
+void BareUpload(int socket)
+{
+    Require(SendText(socket, "TAKE " + std::to_string(kFileBytes) + '\n') && PeerAnswer(socket) == "0\n"
+            && MoveToSocket(folder + "/source", socket, kFileBytes) && PeerAnswer(socket) == "0\n",
+        "bare upload failed");
+}
+
+void Find()
+{
+    int16_t err = -1;
+    int16_t type = -1;
+    Require(scpi.scpiFindFile(&err, "x", &type) == 0 && err == TvScpiOk, "find failed");
+}
+
+void List()
+{
+    int16_t err = -1;
+    int16_t nothing = -1;
+    int16_t last = 0;
+    int count = 0;
+    scpi.scpiStartFindAllFiles(&err, &nothing, nullptr, nullptr);
+    while (err == TvScpiOk && last == 0) {
+        std::array<char, TVSCPI_TEXT_SIZE> name{};
+        int16_t type = -1;
+        std::array<int16_t, 6> stamp{};
+        scpi.scpiGetNextFile(&err, &type, &last, &stamp[0], &stamp[1], &stamp[2], &stamp[3], &stamp[4], &stamp[5],
+            name.data(), TVSCPI_TEXT_SIZE);
+        ++count;
+    }
+    Require(err == TvScpiOk && count == kEntries, "listing failed");
+}
+
+struct Figures {
+    double DownloadMs = 1e9;
+    double UploadMs = 1e9;
+    double BareDownloadMs = 1e9;
+    double BareUploadMs = 1e9;
+    double GrowthMebibytes = 0;
+    double FindUs = 1e9;
+    double BareLineUs = 1e9;
+    double ListMs = 1e9;
+};
+
+/// The best of several runs each. The channel's own way takes turns with the bare one, so that both meet the same
+/// machine; the peer serves one client at a time.
+void MeasureTransfers(const LinkPeer& peer, Figures& figures)
+{
+    for (int i = 0; i < kTransfers; ++i) {
+        const double before = PeakMebibytes();
+        Connect(peer);
+        figures.DownloadMs = std::min(figures.DownloadMs, Milliseconds(Download));
+        figures.UploadMs = std::min(figures.UploadMs, Milliseconds(Upload));
+        figures.GrowthMebibytes += PeakMebibytes() - before;
+        scpi.scpiDisconnect();
+        const int socket = ConnectToPeer(peer.Port);
+        figures.BareDownloadMs = std::min(figures.BareDownloadMs, Milliseconds([socket] { BareDownload(socket); }));
+        figures.BareUploadMs = std::min(figures.BareUploadMs, Milliseconds([socket] { BareUpload(socket); }));
+        (void)::close(socket);
+    }
+    Require(IsSame(folder + "/source", folder + "/down") && IsSame(folder + "/source", folder + "/up"),
+        "the bytes have changed");
+}
+
+void MeasureRoundTrips(const LinkPeer& peer, Figures& figures)
+{
+    constexpr int kRounds = 10;
+    for (int round = 0; round < kRounds; ++round) {
+        Connect(peer);
+        const double find = Milliseconds([] {
+            for (int i = 0; i < kRoundTrips / kRounds; ++i)
+                Find();
+        });
+        figures.ListMs = std::min(figures.ListMs, Milliseconds(List));
+        scpi.scpiDisconnect();
+        const int socket = ConnectToPeer(peer.Port);
+        const double bare = Milliseconds([socket] {
+            for (int i = 0; i < kRoundTrips / kRounds; ++i)
+                Require(SendText(socket, "PING\n") && PeerAnswer(socket) == "0\n", "no answer");
+        });
+        (void)::close(socket);
+        figures.FindUs = std::min(figures.FindUs, find * 1000 / (kRoundTrips / kRounds));
+        figures.BareLineUs = std::min(figures.BareLineUs, bare * 1000 / (kRoundTrips / kRounds));
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Require(argc == 2, "usage: bench_link FOLDER");
+    folder = argv[1];
+    WriteSource(folder + "/source");
+    const LinkPeer peer = StartLinkPeer(folder + "/source", folder + "/up", kEntries);
+    scpi.Size = sizeof scpi;
+    Require(TvScpiBind(&scpi) == 0, "not bound");
+
+    Figures figures;
+    MeasureTransfers(peer, figures);
+    MeasureRoundTrips(peer, figures);
+    StopLinkPeer(peer);
+    for (const char* name : { "/source", "/up", "/down", "/bare" })
+        std::filesystem::remove(folder + name);
+    std::printf("{\"download\": %.2f, \"bareDownload\": %.2f, \"upload\": %.2f, \"bareUpload\": %.2f, "
+                "\"growth\": %.2f, \"find\": %.2f, \"bareLine\": %.2f, \"listing\": %.2f}\n",
+        figures.DownloadMs, figures.BareDownloadMs, figures.UploadMs, figures.BareUploadMs, figures.GrowthMebibytes,
+        figures.FindUs, figures.BareLineUs, figures.ListMs);
+    return 0;
+}

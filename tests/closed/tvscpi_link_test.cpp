@@ -1,0 +1,200 @@
+// The channel on a real socket: connecting, deadlines, large files.
+#include "tests/closed/scpifixture.h"
+#include "tests/closed/scpiserver.h"
+
+#include <QFile>
+
+#include <chrono>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int32_t kLongMs = 20000; ///< never reached
+constexpr int32_t kShortMs = 50;
+
+class ScpiLink : public ScpiTest {
+protected:
+    int16_t Connect(int32_t timeoutMs = kLongMs, const char* host = "127.0.0.1", int16_t mode = 1)
+    {
+        return ConnectTo(server.Port(), timeoutMs, host, mode);
+    }
+
+    int16_t ConnectTo(int16_t port, int32_t timeoutMs, const char* host = "127.0.0.1", int16_t mode = 1)
+    {
+        return Call(scpi.scpiConnect, mode, host, port, timeoutMs, reply, TVSCPI_TEXT_SIZE);
+    }
+
+    /// Prepares the identification.
+    void Identify()
+    {
+        server.Answer(std::string(kIdentification) + '\n');
+    }
+
+    void ExpectConnected()
+    {
+        Identify();
+        ASSERT_EQ(Connect(), kOk);
+    }
+
+    /// True if a wait of `kShortMs` can have been all that it was, on a machine that has other work too.
+    static bool TookShort(Clock::time_point start)
+    {
+        const auto took = Clock::now() - start;
+        return took >= std::chrono::milliseconds(kShortMs) && took < std::chrono::milliseconds(kLongMs / 4);
+    }
+
+    ScpiServer server;
+    char reply[TVSCPI_TEXT_SIZE] = "unset";
+};
+
+} // namespace
+
+TEST_F(ScpiLink, ConnectAsksOnlyWhoIsThere)
+{
+    Identify();
+    EXPECT_EQ(Connect(), kOk);
+    EXPECT_STREQ(reply, kIdentification);
+    EXPECT_EQ(server.Received(), "*IDN?\n");
+    EXPECT_EQ(scpi.scpiGetConnected(), 0);
+    EXPECT_EQ(scpi.scpiCheckConnection(), 0);
+}
+
+TEST_F(ScpiLink, ConnectEndsTheConnectionThatStood)
+{
+    ExpectConnected();
+    Identify();
+    EXPECT_EQ(Connect(), kOk); // the server takes one client at a time: the first is gone
+}
+
+TEST_F(ScpiLink, ConnectWhereNobodyListensFails)
+{
+    EXPECT_EQ(ConnectTo(SilentPort(), kLongMs), kLinkFailed);
+    EXPECT_STREQ(reply, "");
+    EXPECT_NE(scpi.scpiGetConnected(), 0);
+    EXPECT_EQ(scpi.scpiCheckConnection(), 1);
+}
+
+TEST_F(ScpiLink, ConnectTakesAddressesAndOneModeOnly)
+{
+    for (const char* host : { "localhost", "", "127.0.0.1x", "::1", "127.0.0.256", "127.1" })
+        EXPECT_EQ(Connect(kLongMs, host), kLinkFailed) << host;
+    EXPECT_EQ(Connect(kLongMs, nullptr), kLinkFailed);
+    EXPECT_EQ(Connect(kLongMs, "127.0.0.1", 2), kLinkFailed);
+    EXPECT_EQ(server.Received(), "");
+}
+
+TEST_F(ScpiLink, ConnectToAnInstrumentThatIsBusyFails)
+{
+    server.Answer("", Afterwards::Drops);
+    EXPECT_EQ(Connect(), kLinkFailed);
+    EXPECT_NE(scpi.scpiGetConnected(), 0);
+}
+
+TEST_F(ScpiLink, ConnectToAnInstrumentThatSaysNothingEndsInTime)
+{
+    server.Answer("", Afterwards::Stalls);
+    const auto start = Clock::now();
+    EXPECT_EQ(Connect(kShortMs), kLinkFailed);
+    EXPECT_TRUE(TookShort(start));
+}
+
+TEST_F(ScpiLink, IdentificationThatDoesNotFitIsAFailure)
+{
+    Identify();
+    EXPECT_EQ(Call(scpi.scpiConnect, 1, "127.0.0.1", server.Port(), kLongMs, reply, 8), kLinkFailed);
+    EXPECT_NE(scpi.scpiGetConnected(), 0);
+    for (const std::string& text :
+        { std::string("\n"), std::string("tab\there\n"), std::string(TVSCPI_TEXT_SIZE, 'x') + '\n' }) {
+        server.Answer(text, Afterwards::Stalls);
+        EXPECT_EQ(Connect(kShortMs), kLinkFailed) << text;
+    }
+}
+
+TEST_F(ScpiLink, OperationThatGetsNoAnswerEndsInTimeAndTheLinkIsGone)
+{
+    ExpectConnected();
+    tvscpi::TheChannel().DefaultTimeoutMs = kShortMs;
+    server.Answer("", Afterwards::Stalls);
+    const auto start = Clock::now();
+    EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kLinkFailed);
+    EXPECT_TRUE(TookShort(start));
+    EXPECT_NE(scpi.scpiGetConnected(), 0);
+    EXPECT_EQ(scpi.scpiCheckConnection(), 1);
+}
+
+TEST_F(ScpiLink, TimeOutIsThatOfTheWholeOperation)
+{
+    ExpectConnected();
+    Store(Path(), "old");
+    server.Answer("#71000000", Afterwards::Trickles);
+    const auto start = Clock::now();
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), kShortMs), kLinkFailed);
+    EXPECT_TRUE(TookShort(start));
+    EXPECT_EQ(Contents(Path()), "old");
+    EXPECT_EQ(FolderNames(), (std::vector<std::string>{ "target" }));
+}
+
+TEST_F(ScpiLink, UploadToAnInstrumentThatDoesNotReadEndsInTime)
+{
+    QFile file(QString::fromStdString(Path()));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(qint64{ 64 } << 20));
+    server.Answer(std::string(kIdentification) + '\n', Afterwards::GoesDeaf);
+    ASSERT_EQ(Connect(), kOk);
+    const auto start = Clock::now();
+    EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", kShortMs), kLinkFailed);
+    EXPECT_TRUE(TookShort(start));
+    EXPECT_EQ(scpi.scpiCheckConnection(), 1);
+}
+
+TEST_F(ScpiLink, InstrumentThatHangsUpIsSeenWithoutACommand)
+{
+    server.Answer(std::string(kIdentification) + '\n', Afterwards::Drops);
+    ASSERT_EQ(Connect(), kOk);
+    const auto start = Clock::now();
+    while (scpi.scpiGetConnected() == 0 && Clock::now() - start < std::chrono::milliseconds(kLongMs))
+        std::this_thread::yield();
+    EXPECT_NE(scpi.scpiGetConnected(), 0);
+    EXPECT_EQ(scpi.scpiCheckConnection(), 1);
+    EXPECT_EQ(Call(scpi.scpiSend, "x"), kLinkFailed);
+}
+
+TEST_F(ScpiLink, LargeFileComesAsItIs)
+{
+    std::string bytes;
+    for (uint32_t i = 0; i < (3U << 20) + 7; ++i)
+        bytes += static_cast<char>((i * 2654435761U) >> 24);
+    ExpectConnected();
+    server.Answer(Block(bytes) + '\n' + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), kLongMs), kOk);
+    EXPECT_TRUE(Contents(Path()) == bytes);
+
+    server.Clear();
+    EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "b", kLongMs), kOk);
+    EXPECT_TRUE(server.Received() == "*CLS\nMMEM:DATA ALL,\"b\"," + Block(bytes) + "\nSYST:ERR?\n");
+}
+
+TEST_F(ScpiLink, CatalogueOfTenThousandFilesIsWalkedToItsEnd)
+{
+    constexpr int kFiles = 10000;
+    std::string answer = "1,2";
+    for (int i = 0; i < kFiles; ++i)
+        answer += ",\"file" + std::to_string(i) + ".png\",FILE,100,2024,1,2,3,4,5";
+    ExpectConnected();
+    server.Answer(answer + '\n' + kNoError);
+    int16_t nothing = -1;
+    ASSERT_EQ(Call(scpi.scpiStartFindAllFiles, &nothing, nullptr, nullptr), kOk);
+    int16_t last = 0;
+    int count = 0;
+    char name[TVSCPI_TEXT_SIZE] = "";
+    while (last == 0) {
+        int16_t part = 0;
+        int16_t type = -1;
+        ASSERT_EQ(
+            Call(scpi.scpiGetNextFile, &type, &last, &part, &part, &part, &part, &part, &part, name, TVSCPI_TEXT_SIZE),
+            kOk);
+        ++count;
+    }
+    EXPECT_EQ(count, kFiles);
+    EXPECT_STREQ(name, "file9999.png");
+}

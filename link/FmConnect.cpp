@@ -8,12 +8,13 @@
 #include "link/connectDialog.h"
 
 #include <QBoxLayout>
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QTreeWidget>
+
+#include <algorithm>
 
 namespace {
 
@@ -24,6 +25,7 @@ constexpr int kHelpTabs = 10405;
 constexpr int kTextLan = 10406;
 constexpr int kHelpList = 10408;
 constexpr int kHintList = 10400;
+constexpr int kTextFrame = 10411;
 constexpr int kHintClose = 10005;
 constexpr int kHintHelp = 10007;
 
@@ -31,7 +33,20 @@ enum Column { ColumnName, ColumnAddress, ColumnPort };
 
 constexpr int kNameCharacters = 34;
 constexpr int kColumnGapPx = 24;
+constexpr int kIconPx = 20;
 constexpr int kRowGapPx = 6;
+
+/// The connected row's is not pale while the list is off: it is the one thing to look at then.
+QIcon RowIcon(const ConnectRow& row, qreal devicePixelRatio)
+{
+    const QIcon icon = PictureIcon(row.Icon);
+    if (!row.Connected)
+        return icon;
+    const QPixmap picture = icon.pixmap(QSize(kIconPx, kIconPx), devicePixelRatio);
+    QIcon connected(picture);
+    connected.addPixmap(picture, QIcon::Disabled);
+    return connected;
+}
 
 } // namespace
 
@@ -45,6 +60,7 @@ FmConnect::FmConnect(QWidget* parent)
     auto* form = new QVBoxLayout(this);
     form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
     form->addWidget(TcConnect);
+    form->addSpacing(kRowGapPx);
     form->addWidget(FrIpConfig, 1);
     form->addSpacing(kFormMarginPx / 2);
     form->addLayout(BuildButtons());
@@ -67,12 +83,13 @@ void FmConnect::BuildList()
 {
     LvIpAddress = new QTreeWidget(FrIpConfig);
     NameControl(LvIpAddress, QStringLiteral("LvIpAddress"));
-    LvIpAddress->setAccessibleName(PlainCaption(FrIpConfig->title()));
+    LvIpAddress->setAccessibleName(FrIpConfig->accessibleName());
     SetControlHelp(LvIpAddress, kHelpList);
     SetControlHint(LvIpAddress, kHintList);
     LvIpAddress->setHeaderLabels({ LngStr(10408), LngStr(10409), LngStr(10410) });
     LvIpAddress->setRootIsDecorated(false);
     LvIpAddress->setUniformRowHeights(true);
+    LvIpAddress->setIconSize(QSize(kIconPx, kIconPx));
     LvIpAddress->setAllColumnsShowFocus(true);
     LvIpAddress->setEditTriggers(QAbstractItemView::NoEditTriggers);
     QHeaderView* header = LvIpAddress->header();
@@ -85,7 +102,8 @@ void FmConnect::BuildList()
     header->resizeSection(ColumnAddress, addressWidth);
     header->resizeSection(ColumnPort, portWidth);
     LvIpAddress->setMinimumWidth(kNameCharacters * font.averageCharWidth() + addressWidth + portWidth);
-    LvIpAddress->setMinimumHeight(header->sizeHint().height() + kLanEntries * (font.lineSpacing() + kRowGapPx));
+    LvIpAddress->setMinimumHeight(
+        header->sizeHint().height() + kLanEntries * (std::max(font.lineSpacing(), kIconPx) + kRowGapPx));
     connect(LvIpAddress, &QTreeWidget::itemDoubleClicked, this, [this] {
         if (TcConnect->currentIndex() == ConnectTabLan)
             OnEdit();
@@ -94,20 +112,20 @@ void FmConnect::BuildList()
 
 void FmConnect::BuildFrame()
 {
-    FrIpConfig = NewFrame(this, "FrIpConfig", { 10411, 10411, 0 });
+    FrIpConfig = new QWidget(this);
+    NameControl(FrIpConfig, QStringLiteral("FrIpConfig"));
+    FrIpConfig->setAccessibleName(LngStr(kTextFrame));
+    SetControlHelp(FrIpConfig, kTextFrame);
     BuildList();
     BtAdd = NewButton(FrIpConfig, "BtAdd", { 10414, 10414, 10446 });
     BtEdit = NewButton(FrIpConfig, "BtEdit", { 10415, 10415, 10447 });
     BtRemove = NewButton(FrIpConfig, "BtRemove", { 10416, 10416, 10448 });
     auto* buttons = new QVBoxLayout;
-    for (QPushButton* button : { BtAdd, BtEdit, BtRemove }) {
-        QSizePolicy policy = button->sizePolicy();
-        policy.setRetainSizeWhenHidden(true); // the list keeps its place on both tabs
-        button->setSizePolicy(policy);
+    for (QPushButton* button : { BtAdd, BtEdit, BtRemove })
         buttons->addWidget(button);
-    }
     buttons->addStretch();
     auto* frame = new QHBoxLayout(FrIpConfig);
+    frame->setContentsMargins({});
     frame->addWidget(LvIpAddress, 1);
     frame->addLayout(buttons);
 }
@@ -194,8 +212,10 @@ void FmConnect::ShowRows(const std::vector<ConnectRow>& rows)
     LvIpAddress->clear();
     for (const ConnectRow& row : rows) {
         auto* item = new QTreeWidgetItem(LvIpAddress, { row.Fields.Name, row.Fields.Address, row.Fields.Port });
-        item->setIcon(ColumnName, PictureIcon(row.Icon));
+        item->setIcon(ColumnName, RowIcon(row, devicePixelRatioF()));
         item->setData(ColumnName, Qt::UserRole, row.Icon);
+        if (row.Connected)
+            item->setData(ColumnName, Qt::AccessibleDescriptionRole, windowTitle());
         if (row.Selected)
             LvIpAddress->setCurrentItem(item);
     }

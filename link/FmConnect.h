@@ -42,7 +42,7 @@ private:
     void OnRemove();
 
     QTabBar* TcConnect = nullptr;
-    QGroupBox* FrIpConfig = nullptr;
+    QWidget* FrIpConfig = nullptr;
     QTreeWidget* LvIpAddress = nullptr;
     QPushButton* BtCon = nullptr;
     QPushButton* BtDisc = nullptr;

@@ -23,7 +23,7 @@ constexpr int kReadOutcomeMs = 2000;
 constexpr int kReadCancelMs = 1000;
 
 constexpr int kPicturePx = 32;
-constexpr int kStatusCharacters = 44;
+constexpr int kStatusCharacters = 48;
 constexpr int kStatusLines = 3;
 
 } // namespace
@@ -53,7 +53,7 @@ void FmConnecting::BuildControls()
     TbStatus->viewport()->setAutoFillBackground(false);
     TbStatus->document()->setDocumentMargin(0);
     const QFontMetrics font = TbStatus->fontMetrics();
-    TbStatus->setFixedSize(kStatusCharacters * font.averageCharWidth(), kStatusLines * font.lineSpacing() + 2);
+    TbStatus->setFixedSize(kStatusCharacters * font.averageCharWidth(), kStatusLines * font.lineSpacing());
     LbDebug = NewLabel(this, "LbDebug", {});
     LbDebug->setTextFormat(Qt::PlainText);
     LbDebug->setAccessibleName(LbDebug->objectName());

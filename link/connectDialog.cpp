@@ -69,7 +69,8 @@ std::vector<ConnectRow> conRows(int tab)
         const bool isSelected = entry == Connection().SelectedEntry;
         if (isSelected)
             selected = rows.size();
-        rows.push_back({ conFieldsOf(entry), IconOf(tab, isSelected && isUp), false });
+        const bool isConnected = isSelected && isUp;
+        rows.push_back({ conFieldsOf(entry), IconOf(tab, isConnected), isConnected, false });
     }
     if (!rows.empty())
         rows[selected].Selected = true;

@@ -25,6 +25,7 @@ ConnectControls conControls(int tab, int rowsShown);
 struct ConnectRow {
     ConnectionFields Fields;
     QString Icon; ///< key of the frame's image list
+    bool Connected = false;
     bool Selected = false;
 };
 

@@ -23,7 +23,7 @@ constexpr int kTextUnsupported = 10434;
 constexpr std::array kMakers{ 10425, 10426 };
 constexpr std::array kModels{ 10427, 10428, 10431, 10429, 10430, 10432 };
 
-/// What a network needs to forget the last way to an address.
+/// How long it may take until the way to an address is found again.
 constexpr int kRoutePauseMs = 800;
 
 /// Maker, model, serial number, firmware.
@@ -78,8 +78,8 @@ void JudgeAnswer(const QString& reply, const ConnectDisplay& status)
         status(LngStr(kTextUnknownInstrument));
 }
 
-/// The way to the instrument is given time to change, as a second one may have answered at the same address. Systems
-/// find the new way by themselves, so no command is needed for it.
+/// Leaves the system time to find the way to the address anew: another instrument may have had it on another network.
+/// No command is run, since systems drop a way that is gone by themselves.
 void RenewRoute(const ConnectDisplay& debug)
 {
     debug(QStringLiteral("route delete"));

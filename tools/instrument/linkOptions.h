@@ -8,7 +8,7 @@
 #include <vector>
 
 enum class FaultKind {
-    Drop, ///< the connection is closed
+    Drop, ///< the connection is closed behind the answers of former commands
     Stall, ///< nothing is read or answered any more
     Garbage, ///< the next answer is random bytes
     Cut, ///< the next block that is not empty ends after half of its bytes

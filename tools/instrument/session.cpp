@@ -87,7 +87,7 @@ Session::~Session()
 
 bool Session::MayReceive() const
 {
-    return !inputEnded_ && (isStalled_ || input_.empty());
+    return !inputEnded_ && !isDropped_ && (isStalled_ || input_.empty());
 }
 
 bool Session::MayRun(LinkTime now) const
@@ -132,7 +132,9 @@ bool Session::Service(short events, LinkTime now)
     if ((events & (POLLIN | POLLHUP)) != 0 && MayReceive() && !Receive(now))
         return false;
     Run(now);
-    if (isDropped_ || (isStalled_ && peerIsDone_) || (!isStalled_ && !Send(now)))
+    if ((isStalled_ && peerIsDone_) || (!isStalled_ && !Send(now)))
+        return false;
+    if (isDropped_ && answers_.IsEmpty())
         return false;
     return !(inputEnded_ && input_.empty() && answers_.IsEmpty());
 }

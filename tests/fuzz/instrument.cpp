@@ -1,0 +1,95 @@
+// The simulated receiver's command reader, and the receiver behind it, on any bytes. However the bytes are cut into
+// pieces, the same comes out; and nothing outside the receiver's folder is touched.
+#include "tools/instrument/instrument.h"
+#include "tools/instrument/exampleFiles.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace {
+
+constexpr std::uint64_t kDiskBytes = 64 * 1024;
+
+/// What the reader says of `bytes`, given to it in pieces; of blocks only their bytes count, not their cuts.
+std::string Events(std::string_view bytes, size_t pieceBytes)
+{
+    MessageReader reader;
+    std::string told;
+    while (!bytes.empty()) {
+        std::string_view piece = bytes.substr(0, pieceBytes);
+        bytes.remove_prefix(piece.size());
+        for (auto event = reader.Next(piece); event != ReaderEvent::NeedsBytes; event = reader.Next(piece)) {
+            if (event == ReaderEvent::BlockBytes) {
+                told += reader.BlockPiece();
+                continue;
+            }
+            told += static_cast<char>(event);
+            if (event != ReaderEvent::Bad)
+                told += reader.Current().Header;
+        }
+    }
+    return told;
+}
+
+void Require(bool condition)
+{
+    if (!condition)
+        std::abort();
+}
+
+/// A receiver in a folder of its own, beside a file that no client may reach.
+struct Bench {
+    std::filesystem::path Folder;
+    Storage Disk;
+
+    Bench()
+    {
+        std::string name = (std::filesystem::temp_directory_path() / "fuzzXXXXXX").string();
+        Require(::mkdtemp(name.data()) != nullptr);
+        Folder = name;
+        std::string reason;
+        Require(Disk.Open((Folder / "disk").string(), kDiskBytes, reason));
+    }
+
+    ~Bench()
+    {
+        std::filesystem::remove_all(Folder);
+    }
+};
+
+void Converse(Bench& bench, std::string_view bytes)
+{
+    Require(MakeReceiverFolders(bench.Disk) == InstrumentError::None);
+    Instrument instrument(bench.Disk, Identity(), [] { return std::string("picture"); });
+    instrument.Reset();
+    MessageReader reader;
+    Answers answers;
+    for (auto event = reader.Next(bytes); event != ReaderEvent::NeedsBytes; event = reader.Next(bytes)) {
+        if (event == ReaderEvent::BlockBegins)
+            instrument.BeginBlock(reader.Current(), reader.BlockLength());
+        else if (event == ReaderEvent::BlockBytes)
+            instrument.TakeBlock(reader.BlockPiece());
+        else if (event == ReaderEvent::Command)
+            instrument.Execute(reader.Current(), answers);
+        else
+            instrument.ReportBad();
+        while (!answers.IsEmpty()) {
+            Require(!answers.IsBroken());
+            answers.Sent(answers.Peek(4096).size());
+        }
+    }
+    instrument.Reset();
+    Require(std::distance(std::filesystem::directory_iterator(bench.Folder), {}) == 1);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    static Bench bench;
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    Require(Events(bytes, 1) == Events(bytes, size));
+    Require(Events(bytes, 7) == Events(bytes, size));
+    Converse(bench, bytes);
+    return 0;
+}

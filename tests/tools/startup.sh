@@ -5,8 +5,9 @@ set -euo pipefail
 
 case=$1 bin=$2 suffix=$3
 folder=$(mktemp -d)
-pid=
-trap 'kill -9 "${pid:-}" 2>/dev/null || true; rm -rf "$folder"' EXIT
+pid=''
+instrument=''
+trap 'kill -9 ${pid:-} ${instrument:-} 2>/dev/null || true; rm -rf "$folder"' EXIT
 
 fail() {
   echo "$case: $*" >&2
@@ -80,6 +81,27 @@ quit() {
   expect_exit 0
 }
 
+# A simulated receiver, and settings as a program leaves them that was connected to it.
+start_instrument() {
+  "$bin/tarvik-instrument" --root "$folder/root" --port 5600-9999 "$@" >"$folder/port" 2>>"$folder/errors" &
+  instrument=$!
+  pid=$instrument
+  wait_for grep -q '^port ' "$folder/port"
+  local entry
+  entry=Van:127.0.0.1:$(sed -n 's/^port //p' "$folder/port")
+  printf '[connection]\nConnected=1\nipAddressLan0=%s\nipAddressSelected=%s\n' "$entry" "$entry" >"$folder/Tarvik.ini"
+}
+
+stop_instrument() {
+  kill "$instrument"
+  wait "$instrument" || true
+  instrument=
+}
+
+expect_connected_at_exit() {
+  grep -q "^Connected=$1" "$folder/Tarvik.ini" || fail "the settings tell another state of the link"
+}
+
 # A missing or broken module that the texts need: a plain box, told on standard error too.
 expect_plain_box() {
   wait_for has_active Tarvik
@@ -150,6 +172,34 @@ case $case in
     wait_for has_active Tarvik
     quit
     grep -q '^Name=my own list.tvm' "$folder/Tarvik.ini" || fail "the file is not remembered"
+    ;;
+  Reconnects)
+    copy_without
+    start_instrument
+    start
+    wait_for has_active Connecting
+    wait_for has_active Tarvik
+    quit
+    expect_connected_at_exit 1
+    ;;
+  OffersConnectionsWithoutInstrument)
+    copy_without
+    start_instrument
+    stop_instrument
+    start
+    wait_for has_active Connecting
+    close_connections
+    quit
+    expect_connected_at_exit 0
+    ;;
+  OffersConnectionsForAnotherModel)
+    copy_without
+    start_instrument --model XY-9
+    start
+    wait_for has_active Connecting
+    close_connections
+    quit
+    expect_connected_at_exit 0
     ;;
   Missing-* | Text-*)
     module=${case#*-}

@@ -19,7 +19,7 @@ struct FileListRow {
     QString Key; ///< file name; for a folder "F" and the name
     QString Icon; ///< key of the frame's image list: "File", "ClosedFolder", ...
     std::array<QString, 3> SubItems; ///< date, time, sort key
-    QString Tag; ///< the date as it was shown, while the list sorts by it
+    QString Tag; ///< the date as it was listed, once a sort by date shows the region's form in its place
     bool Selected = false;
 };
 
@@ -36,21 +36,27 @@ enum class FileListOrder { Ascending, Descending };
 struct FileList {
     std::vector<FileListRow> Rows;
     bool HasDates = true; ///< false for the classes that show names only
-    bool Sorted = false;
+    bool Sorted = false; ///< the list is kept sorted, also when it is filled anew
     int SortKey = 0; ///< column that the list is sorted by
     FileListOrder SortOrder = FileListOrder::Descending; ///< flips at each sort, so the first one ascends
     int CurrentRow = -1;
     FileListView View;
 };
 
+/// Of a file name, which may hold several points: what stands before the last one and behind it. Unlike those of a
+/// path they keep separators, so that a name can't pass for one of another folder.
+QString FileBaseName(const QString& name);
+QString FileExtension(const QString& name);
+
 /// The folder of the PC side, without a separator at its end unless it is a root.
 QString& CurrentPcFolder();
 
-/// `CurrentPcFolder`, the separator and `name`.
+/// `CurrentPcFolder`, the separator and `name`; empty, which is no file's path, before there is a folder.
 QString PcFilePath(const QString& name);
 
 /// Clears and fills `list` with the folders of `CurrentPcFolder` and the files that fit `mask`, the bits of file
-/// classes. What can't be read, or has a name that the instrument has no letters for, isn't shown.
+/// classes. What can't be read, is hidden, or has a name that the instrument has no letters for, isn't shown. `sort`
+/// sorts the list by its sort column.
 void TransferListPc(FileList& list, int mask, bool sort = false);
 
 /// The same with the instrument's directory. Folders are shown for screen shots and unknown classes only.
@@ -63,13 +69,21 @@ struct FileMarkers {
     bool Locked = false;
 };
 
-/// Adds a row. `type` is 0 for a file and 1 for a folder, which has no date. Year of four digits.
+/// Adds a row at the end. `type` is 0 for a file and 1 for a folder, which has no date. What counts of `changed` are
+/// its numbers, whatever its time zone; an invalid one leaves date and time empty.
 void TransferAddRow(FileList& list, const QString& name, int type, const QDateTime& changed, FileMarkers markers = {});
 
 bool TransferIsFolderRow(const FileListRow& row);
 
-/// Sorts by a column; each call turns the order round. Sorting by date gives the dates the system's short form.
+/// Sorts by a column; each call turns the order round. Sorting by date (then time) gives the dates the region's short
+/// form until the list is filled anew. Rows that are equal there stand in the order of their names.
 void TransferSortColumn(FileList& list, int column);
+
+/// The same for one who has told the view that the list changes.
+void TransferSortBy(FileList& list, int column);
+
+/// Puts the rows of a list that is kept sorted into their order again, likewise without a word to the view.
+void TransferKeepSorted(FileList& list);
 
 /// What a click on a column header asks for: the name column sorts by the sort column, so that folders stay together.
 void TransferHeaderClick(FileList& list, int column);
@@ -82,13 +96,16 @@ int TransferFirstSelected(const FileList& list); ///< its index; -1 without one
 /// Selects the files and deselects the folders.
 void TransferSelectAllFiles(FileList& list);
 
-/// Time of last change of a row, local time; invalid for a folder or a date that can't be read.
+/// Time of last change of a row as its texts tell it, local time; invalid for a folder or a date that can't be read.
+/// The century, which they don't tell, is the one that keeps the year within 80 years back and 19 ahead.
 QDateTime TransferRowDate(const FileListRow& row);
 
-/// Renames what `row` stands for. `newName` is trimmed. `cancel` is set when the list is to keep the old text.
+/// Renames what `row` stands for. `newName` is trimmed. `cancel` tells whether the list is to keep the old text. A
+/// renamed file of the instrument bears the key of a folder until the list is filled anew, which every caller does.
 void TransferRenamePc(FileList& list, int row, QString& newName, bool& cancel);
 void TransferRenameInstr(FileList& list, int row, QString& newName, bool& cancel);
 
-/// Makes a folder, shows it and starts the edit of its name.
+/// Makes a folder under a name that is free, shows it and starts the edit of its name. Nothing is shown for one that
+/// could not be made; only the instrument's side tells so.
 void TransferNewFolderPc(FileList& list);
 void TransferNewFolderInstr(FileList& list);

@@ -82,6 +82,16 @@ QString ModGetExtension(int fileClass)
     return LngStr(texts->ExtensionId);
 }
 
+bool ModHoldsOneList(int fileClass)
+{
+    return fileClass == FileClassAntennaList || fileClass == FileClassMemoryList || fileClass == FileClassSuppressList;
+}
+
+bool ModHasInstrFolders(int fileClass)
+{
+    return fileClass == FileClassScreenShot || TextsOf(fileClass) == nullptr;
+}
+
 bool FileExtMatches(const QString& name, int mask)
 {
     const QString extension = u'.' + QFileInfo(name).suffix().toLower();

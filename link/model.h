@@ -52,6 +52,13 @@ int ModCaption(CaptionSlot slot);
 /// Extension text of classes 1 to 4 and 6, with its point; empty for any other.
 QString ModGetExtension(int fileClass);
 
+/// True for the classes of which the instrument holds one list, so that a new one replaces it whatever its name.
+bool ModHoldsOneList(int fileClass);
+
+/// True for screen shots and unknown classes: their files lie in folders that the user can choose. Those of any other
+/// class lie in one folder of the instrument.
+bool ModHasInstrFolders(int fileClass);
+
 /// True if the extension of `name`, ignoring case, belongs to a class whose bit is set in `mask`.
 bool FileExtMatches(const QString& name, int mask);
 

@@ -5,8 +5,8 @@
 #include "app/lang.h"
 #include "app/message.h"
 #include "link/model.h"
+#include "link/textRules.h"
 #include "lists/editorGeneral.h"
-#include "lists/textRules.h"
 
 #include <QComboBox>
 #include <QDir>

@@ -3,11 +3,11 @@
 #include "app/focusRules.h"
 #include "app/lang.h"
 #include "link/model.h"
+#include "link/textRules.h"
 #include "lists/fmEditorMemoryListProp.h"
 #include "lists/memoryCells.h"
 #include "lists/memoryEntry.h"
 #include "lists/memoryList.h"
-#include "lists/textRules.h"
 
 #include <QBoxLayout>
 #include <QComboBox>

@@ -7,8 +7,8 @@
 #include "app/replaceFile.h"
 #include "app/strings.h"
 #include "link/model.h"
+#include "link/textRules.h"
 #include "lists/editorGeneral.h"
-#include "lists/textRules.h"
 
 #include <QFile>
 #include <QFileInfo>

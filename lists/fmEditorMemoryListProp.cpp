@@ -3,8 +3,8 @@
 #include "app/focusRules.h"
 #include "app/help.h"
 #include "app/lang.h"
+#include "link/textRules.h"
 #include "lists/editorGeneral.h"
-#include "lists/textRules.h"
 
 #include <QBoxLayout>
 #include <QComboBox>

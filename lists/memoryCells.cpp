@@ -1,8 +1,8 @@
 #include "lists/memoryCells.h"
 
 #include "app/message.h"
+#include "link/textRules.h"
 #include "lists/fieldCheck.h"
-#include "lists/textRules.h"
 #include "lists/translate.h"
 
 namespace {

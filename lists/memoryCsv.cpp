@@ -2,11 +2,11 @@
 #include "app/ansi.h"
 #include "app/message.h"
 #include "closed/loader.h"
+#include "link/textRules.h"
 #include "lists/csv.h"
 #include "lists/editorGeneral.h"
 #include "lists/fieldCheck.h"
 #include "lists/memoryList.h"
-#include "lists/textRules.h"
 #include "lists/translate.h"
 
 #include <QFileInfo>

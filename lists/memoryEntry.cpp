@@ -3,9 +3,9 @@
 #include "app/lang.h"
 #include "app/message.h"
 #include "closed/loader.h"
+#include "link/textRules.h"
 #include "lists/editorGeneral.h"
 #include "lists/fieldCheck.h"
-#include "lists/textRules.h"
 
 namespace {
 

@@ -10,6 +10,7 @@
 #include "closed/loader.h"
 #include "link/connect.h"
 #include "link/file.h"
+#include "link/fileList.h"
 #include "link/model.h"
 #include "print/printSettings.h"
 #include "screen/color.h"
@@ -37,6 +38,7 @@ void ResetModules()
     ProgressReset();
     SettingsReset();
     FileClassesReset();
+    CurrentPcFolder().clear();
     FileOpenersReset();
     ConnectionReset();
     ColorReset();

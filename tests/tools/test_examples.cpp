@@ -3,7 +3,7 @@
 #include "link/model.h"
 #include "lists/limits.h"
 #include "lists/memoryList.h"
-#include "lists/textRules.h"
+#include "link/textRules.h"
 #include "tests/support/fixture.h"
 #include "tools/examples/plans.h"
 

@@ -1,4 +1,4 @@
-#include "lists/textRules.h"
+#include "link/textRules.h"
 
 #include "app/lang.h"
 #include "app/message.h"

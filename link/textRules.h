@@ -1,4 +1,4 @@
-// lists/textRules.h: what a list's name and its free texts may hold.
+// link/textRules.h: what a list's name and its free texts may hold.
 #pragma once
 
 #include <QByteArrayView>

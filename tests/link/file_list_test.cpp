@@ -1,0 +1,503 @@
+// The lists of files: what is listed on each side, how rows look, how they are sorted, counted and selected.
+#include "link/fileList.h"
+
+#include "app/seams.h"
+#include "link/model.h"
+#include "tests/support/fakeChannel.h"
+#include "tests/support/fixture.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+constexpr int kEveryClass[] = { FileClassAntennaList, FileClassKfactorTable, FileClassMemoryList, FileClassSuppressList,
+    FileClassScreenShot, FileClassCorrectionSet };
+
+class FileLists : public ProgramTest {
+protected:
+    FileLists()
+    {
+        CurrentPcFolder() = QDir::toNativeSeparators(Folder().chopped(1));
+        UseClass(FileClassMemoryList);
+        list_.View.BeginChange = [this] { Log.append("begin"); };
+        list_.View.EndChange = [this] { Log.append("end"); };
+    }
+
+    static void UseClass(int fileClass)
+    {
+        ModFileInit(fileClass);
+    }
+
+    static int Mask()
+    {
+        return FileClasses().FileClassMask;
+    }
+
+    void StoreAt(const QString& name, const QDateTime& changed) const
+    {
+        Store(FilePath(name), "x");
+        QFile file(FilePath(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(changed, QFileDevice::FileModificationTime));
+    }
+
+    void MakeFolder(const QString& name) const
+    {
+        ASSERT_TRUE(QDir().mkpath(FilePath(name)));
+    }
+
+    void AddFile(const QString& name, const QDate& day, const QTime& time = QTime(12, 0))
+    {
+        TransferAddRow(list_, name, kChannelFile, QDateTime(day, time));
+    }
+
+    void AddFolder(const QString& name)
+    {
+        TransferAddRow(list_, name, kChannelFolder, {});
+    }
+
+    QStringList Names() const
+    {
+        QStringList names;
+        for (const FileListRow& row : list_.Rows)
+            names.append(row.Text);
+        return names;
+    }
+
+    QStringList Dates() const
+    {
+        QStringList dates;
+        for (const FileListRow& row : list_.Rows)
+            dates.append(row.SubItems[0]);
+        return dates;
+    }
+
+    FileListRow& Row(size_t row)
+    {
+        return list_.Rows.at(row);
+    }
+
+    FileList list_;
+    QStringList Log;
+};
+
+class InstrumentLists : public FileLists {
+protected:
+    void Give(const QString& name, qint16 type, qint16 year = 2025, qint16 month = 4, qint16 day = 5)
+    {
+        ChannelRow row;
+        row.Name = name;
+        row.Type = type;
+        row.Year = year;
+        row.Month = month;
+        row.Day = day;
+        row.Hour = 6;
+        row.Minute = 7;
+        row.Second = 8;
+        fake_.Rows.push_back(row);
+    }
+
+    FakeChannel fake_;
+};
+
+} // namespace
+
+TEST_F(FileLists, FileRowBearsNameDateTimeAndSortKey)
+{
+    TransferAddRow(list_, "Plan 1.tvm", kChannelFile, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    EXPECT_EQ(Row(0).Text, "Plan 1.tvm");
+    EXPECT_EQ(Row(0).Key, "Plan 1.tvm");
+    EXPECT_EQ(Row(0).Icon, "File");
+    EXPECT_EQ(Row(0).SubItems[0], "05/04/25");
+    EXPECT_EQ(Row(0).SubItems[1], "06:07:08");
+    EXPECT_EQ(Row(0).SubItems[2], "-Plan 1.tvm");
+    EXPECT_FALSE(Row(0).Selected);
+    EXPECT_FALSE(TransferIsFolderRow(Row(0)));
+}
+
+TEST_F(FileLists, FolderRowHasNoDate)
+{
+    TransferAddRow(list_, "Old", kChannelFolder, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    EXPECT_EQ(Row(0).Text, "Old");
+    EXPECT_EQ(Row(0).Key, "FOld");
+    EXPECT_EQ(Row(0).Icon, "ClosedFolder");
+    EXPECT_EQ(Row(0).SubItems[0], "");
+    EXPECT_EQ(Row(0).SubItems[1], "");
+    EXPECT_EQ(Row(0).SubItems[2], "+Old");
+    EXPECT_TRUE(TransferIsFolderRow(Row(0)));
+}
+
+TEST_F(FileLists, FileNamedLikeTheKeyOfAFolderIsNoFolder)
+{
+    AddFile("FOld", QDate(2025, 1, 1));
+    EXPECT_FALSE(TransferIsFolderRow(Row(0)));
+}
+
+TEST_F(FileLists, YearIsShownWithoutItsCentury)
+{
+    AddFile("a.tvm", QDate(2000, 12, 31));
+    EXPECT_EQ(Row(0).SubItems[0], "31/12/00");
+}
+
+TEST_F(FileLists, MarkersChooseTheIconOfADataSetOnly)
+{
+    const FileMarkers restricted{ true, true, true };
+    const FileMarkers preset{ false, true, true };
+    const FileMarkers locked{ false, false, true };
+    TransferAddRow(list_, "a.set", kChannelFile, {}, restricted);
+    TransferAddRow(list_, "a.set", kChannelFile, {}, preset);
+    TransferAddRow(list_, "a.set", kChannelFile, {}, locked);
+    TransferAddRow(list_, "a.set", kChannelFile, {});
+    TransferAddRow(list_, "a.SET", kChannelFile, {}, restricted);
+    TransferAddRow(list_, "a.tvm", kChannelFile, {}, restricted);
+    QStringList icons;
+    for (const FileListRow& row : list_.Rows)
+        icons.append(row.Icon);
+    EXPECT_EQ(icons, QStringList({ "RestrictedFile", "PresetFile", "LockedFile", "File", "File", "File" }));
+}
+
+TEST_F(FileLists, PcListShowsFoldersThenTheFilesOfTheClass)
+{
+    MakeFolder("b");
+    MakeFolder("A");
+    StoreAt("z.tvm", QDateTime(QDate(2024, 2, 29), QTime(23, 59, 58)));
+    StoreAt("C.TVM", QDateTime(QDate(2024, 2, 28), QTime(1, 2, 3)));
+    StoreAt("other.tva", QDateTime(QDate(2024, 2, 28), QTime(1, 2, 3)));
+    TransferListPc(list_, Mask(), true);
+    EXPECT_EQ(Names(), QStringList({ "A", "b", "C.TVM", "z.tvm" }));
+    EXPECT_EQ(Row(3).SubItems[0], "29/02/24");
+    EXPECT_EQ(Row(3).SubItems[1], "23:59:58");
+    EXPECT_EQ(Row(3).Icon, "File");
+}
+
+TEST_F(FileLists, PcListShowsFoldersForEveryClass)
+{
+    MakeFolder("Sub");
+    for (const int fileClass : kEveryClass) {
+        UseClass(fileClass);
+        TransferListPc(list_, Mask());
+        EXPECT_EQ(Names(), QStringList({ "Sub" })) << fileClass;
+    }
+}
+
+TEST_F(FileLists, PcFileWithAPointInItsBaseNameIsNotShown)
+{
+    Store(FilePath("a.b.tvm"), "x");
+    Store(FilePath("ab.tvm"), "x");
+    TransferListPc(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "ab.tvm" }));
+}
+
+TEST_F(FileLists, PcFileWithLettersThatTheInstrumentLacksIsNotShown)
+{
+    Store(FilePath(QStringLiteral("Stra\u00dfe.tvm")), "x");
+    Store(FilePath(".tvm"), "x");
+    Store(FilePath("a;b.tvm"), "x");
+    Store(FilePath(QString(33, u'a') + ".tvm"), "x");
+    Store(FilePath(QString(32, u'a') + ".tvm"), "x");
+    TransferListPc(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ QString(32, u'a') + ".tvm" }));
+}
+
+TEST_F(FileLists, HiddenFoldersOfThePcAreNotShown)
+{
+    MakeFolder(".cache");
+    TransferListPc(list_, Mask());
+    EXPECT_TRUE(list_.Rows.empty());
+}
+
+TEST_F(FileLists, EmptyPcFolderGivesNoRowAndNoMessage)
+{
+    AddFile("old.tvm", QDate(2025, 1, 1));
+    TransferListPc(list_, Mask(), true);
+    EXPECT_TRUE(list_.Rows.empty());
+}
+
+TEST_F(FileLists, PcFolderThatIsNotThereGivesNoRowAndNoMessage)
+{
+    for (const QString& folder : { FilePath("gone"), QString() }) {
+        CurrentPcFolder() = folder;
+        AddFile("old.tvm", QDate(2025, 1, 1));
+        TransferListPc(list_, Mask());
+        EXPECT_TRUE(list_.Rows.empty());
+    }
+}
+
+TEST_F(FileLists, ListingLeavesNoCurrentRowAndDrawsOnce)
+{
+    Store(FilePath("a.tvm"), "x");
+    AddFile("old.tvm", QDate(2025, 1, 1));
+    Row(0).Selected = true;
+    list_.CurrentRow = 0;
+    TransferListPc(list_, Mask(), true);
+    EXPECT_EQ(list_.CurrentRow, -1);
+    EXPECT_FALSE(TransferAnySelected(list_));
+    EXPECT_EQ(Log, QStringList({ "begin", "end" }));
+}
+
+TEST_F(FileLists, PathOfAFileTakesTheSeparatorOnce)
+{
+    const QChar separator = QDir::separator();
+    EXPECT_EQ(PcFilePath("a.tvm"), CurrentPcFolder() + separator + "a.tvm");
+    CurrentPcFolder() = separator;
+    EXPECT_EQ(PcFilePath("a.tvm"), separator + QStringLiteral("a.tvm"));
+    CurrentPcFolder().clear();
+    EXPECT_EQ(PcFilePath("a.tvm"), "");
+}
+
+TEST_F(InstrumentLists, RowsComeInTheOrderOfTheWalk)
+{
+    Give("z.tvm", kChannelFile);
+    Give("a.tvm", kChannelFile);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "z.tvm", "a.tvm" }));
+    EXPECT_EQ(Row(0).SubItems[0], "05/04/25");
+    EXPECT_EQ(Row(0).SubItems[1], "06:07:08");
+    EXPECT_EQ(fake_.Log, QStringList({ "StartFindMemoryListFiles", "GetNextFile", "GetNextFile" }));
+}
+
+TEST_F(InstrumentLists, FilesPassTheSameFiltersAsThoseOfThePc)
+{
+    Give("good.tvm", kChannelFile);
+    Give("two.points.tvm", kChannelFile);
+    Give("other.tva", kChannelFile);
+    Give("../up.tvm", kChannelFile);
+    Give("..\\up.tvm", kChannelFile);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "good.tvm" }));
+}
+
+TEST_F(InstrumentLists, FoldersAreShownForScreenShotsAndUnknownClassesOnly)
+{
+    Give("Sub", kChannelFolder);
+    for (const int fileClass : { 1, 2, 3, 4, 5, 6, 7 }) {
+        UseClass(fileClass);
+        TransferListInstr(list_, Mask());
+        EXPECT_EQ(!list_.Rows.empty(), fileClass == 5 || fileClass == 7) << fileClass;
+    }
+}
+
+TEST_F(InstrumentLists, RowOfAnotherTypeIsDropped)
+{
+    UseClass(FileClassScreenShot);
+    Give("a.png", 2);
+    Give("b.png", -1);
+    Give("c.png", kChannelFile);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "c.png" }));
+}
+
+TEST_F(InstrumentLists, LastRowIsShown)
+{
+    Give("only.tvm", kChannelFile);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "only.tvm" }));
+    EXPECT_EQ(fake_.Count("GetNextFile"), 1);
+}
+
+TEST_F(InstrumentLists, NothingToWalkLeavesTheListEmptyWithoutAMessage)
+{
+    AddFile("old.tvm", QDate(2025, 1, 1));
+    Give("a.tvm", kChannelFile);
+    fake_.NothingToWalk = true;
+    TransferListInstr(list_, Mask());
+    EXPECT_TRUE(list_.Rows.empty());
+    EXPECT_EQ(fake_.Count("GetNextFile"), 0);
+}
+
+TEST_F(InstrumentLists, WalkThatCannotStartLeavesTheListEmptyWithoutAMessage)
+{
+    AddFile("old.tvm", QDate(2025, 1, 1));
+    Give("a.tvm", kChannelFile);
+    fake_.Answer("StartFindMemoryListFiles", kChannelLinkFailed);
+    TransferListInstr(list_, Mask());
+    EXPECT_TRUE(list_.Rows.empty());
+    EXPECT_EQ(fake_.Count("GetNextFile"), 0);
+}
+
+TEST_F(InstrumentLists, WalkThatBreaksKeepsTheRowsBefore)
+{
+    Give("a.tvm", kChannelFile);
+    Give("b.tvm", kChannelFile);
+    Give("c.tvm", kChannelFile);
+    fake_.Answer("GetNextFile", kChannelOk);
+    fake_.Answer("GetNextFile", kChannelLinkFailed);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "a.tvm" }));
+    EXPECT_EQ(fake_.Count("GetNextFile"), 2);
+}
+
+TEST_F(InstrumentLists, DateThatDoesNotExistIsLeftEmpty)
+{
+    Give("a.tvm", kChannelFile, 2025, 2, 30);
+    Give("b.tvm", kChannelFile, 0, 0, 0);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Dates(), QStringList({ "", "" }));
+}
+
+TEST_F(InstrumentLists, EveryClassStartsItsOwnWalk)
+{
+    const char* starts[] = { "StartFindAntennaListFiles", "StartFindKfactorTableFiles", "StartFindMemoryListFiles",
+        "StartFindSuppressListFiles", "StartFindAllFiles", "StartFindCorrectionSetFiles", "StartFindAllFiles" };
+    for (int fileClass = 1; fileClass <= 7; ++fileClass) {
+        fake_.Log.clear();
+        UseClass(fileClass);
+        TransferListInstr(list_, Mask());
+        EXPECT_EQ(fake_.Log, QStringList({ QString::fromLatin1(starts[fileClass - 1]) }));
+    }
+}
+
+TEST_F(FileLists, SortColumnListsFoldersFirstEachGroupByName)
+{
+    AddFile("b.tvm", QDate(2025, 1, 1));
+    AddFolder("z");
+    AddFile("A.tvm", QDate(2025, 1, 1));
+    AddFolder("Y");
+    TransferSortColumn(list_, FileListSort);
+    EXPECT_EQ(Names(), QStringList({ "Y", "z", "A.tvm", "b.tvm" }));
+    EXPECT_TRUE(list_.Sorted);
+    EXPECT_EQ(list_.SortKey, FileListSort);
+    EXPECT_EQ(Log, QStringList({ "begin", "end" }));
+}
+
+TEST_F(FileLists, EachSortTurnsTheOrderRoundWhateverTheColumn)
+{
+    AddFile("a.tvm", QDate(2025, 1, 1), QTime(8, 0));
+    AddFile("b.tvm", QDate(2025, 1, 1), QTime(9, 0));
+    TransferHeaderClick(list_, FileListName);
+    EXPECT_EQ(Names(), QStringList({ "a.tvm", "b.tvm" }));
+    TransferHeaderClick(list_, FileListTime);
+    EXPECT_EQ(Names(), QStringList({ "b.tvm", "a.tvm" }));
+    TransferHeaderClick(list_, FileListName);
+    EXPECT_EQ(Names(), QStringList({ "a.tvm", "b.tvm" }));
+    TransferHeaderClick(list_, FileListName);
+    EXPECT_EQ(Names(), QStringList({ "b.tvm", "a.tvm" }));
+}
+
+TEST_F(FileLists, ClickOnTheNameColumnSortsByTheSortColumn)
+{
+    AddFile("a.tvm", QDate(2025, 1, 1));
+    AddFolder("z");
+    TransferHeaderClick(list_, FileListName);
+    EXPECT_EQ(Names(), QStringList({ "z", "a.tvm" }));
+    EXPECT_EQ(list_.SortKey, FileListSort);
+}
+
+TEST_F(FileLists, SortByDateGoesByTheCalendarThenByTheClock)
+{
+    AddFile("c.tvm", QDate(2025, 2, 1));
+    AddFile("b.tvm", QDate(2024, 12, 31));
+    AddFile("d.tvm", QDate(2025, 2, 1), QTime(12, 0, 1));
+    AddFile("a.tvm", QDate(1999, 12, 31));
+    AddFolder("z");
+    TransferSortColumn(list_, FileListDate);
+    EXPECT_EQ(Names(), QStringList({ "z", "a.tvm", "b.tvm", "c.tvm", "d.tvm" }));
+    TransferSortColumn(list_, FileListDate);
+    EXPECT_EQ(Names(), QStringList({ "d.tvm", "c.tvm", "b.tvm", "a.tvm", "z" }));
+}
+
+TEST_F(FileLists, SortByDateShowsTheShortFormOfTheRegionUntilTheNextListing)
+{
+    StoreAt("a.tvm", QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    MakeFolder("z");
+    TransferListPc(list_, Mask());
+    TransferSortColumn(list_, FileListDate);
+    EXPECT_EQ(Dates(), QStringList({ "", "4/5/25" }));
+    TransferSortColumn(list_, FileListDate);
+    EXPECT_EQ(Dates(), QStringList({ "4/5/25", "" }));
+    EXPECT_EQ(TransferRowDate(Row(0)), QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    TransferListPc(list_, Mask());
+    EXPECT_EQ(Dates(), QStringList({ "05/04/25", "" }));
+}
+
+TEST_F(FileLists, SortByDateKeepsTheFormWhereTheRegionWritesTheSame)
+{
+    SetRegion(QLocale(QLocale::Italian, QLocale::Italy));
+    AddFile("a.tvm", QDate(2025, 4, 5));
+    TransferSortColumn(list_, FileListDate);
+    EXPECT_EQ(Dates(), QStringList({ "05/04/25" }));
+}
+
+TEST_F(FileLists, SortedListStaysSortedWhenItIsReadAgain)
+{
+    StoreAt("a.tvm", QDateTime(QDate(2025, 1, 2), QTime(1, 1)));
+    StoreAt("b.tvm", QDateTime(QDate(2024, 1, 2), QTime(1, 1)));
+    TransferListPc(list_, Mask(), true);
+    TransferSortColumn(list_, FileListDate);
+    EXPECT_EQ(Names(), QStringList({ "a.tvm", "b.tvm" }));
+    StoreAt("c.tvm", QDateTime(QDate(2024, 6, 2), QTime(1, 1)));
+    TransferListPc(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "a.tvm", "c.tvm", "b.tvm" }));
+    EXPECT_EQ(list_.SortKey, FileListDate);
+}
+
+TEST_F(FileLists, SortMovesSelectionAndCurrentRowWithTheirRows)
+{
+    AddFile("b.tvm", QDate(2025, 1, 1));
+    AddFile("a.tvm", QDate(2025, 1, 1));
+    Row(0).Selected = true;
+    list_.CurrentRow = 0;
+    TransferSortColumn(list_, FileListSort);
+    EXPECT_EQ(list_.CurrentRow, 1);
+    EXPECT_EQ(TransferFirstSelected(list_), 1);
+}
+
+TEST_F(FileLists, CountsSelectedRowsWithAndWithoutFolders)
+{
+    AddFolder("z");
+    AddFile("a.tvm", QDate(2025, 1, 1));
+    AddFile("b.tvm", QDate(2025, 1, 1));
+    EXPECT_FALSE(TransferAnySelected(list_));
+    EXPECT_EQ(TransferFirstSelected(list_), -1);
+    Row(0).Selected = true;
+    Row(2).Selected = true;
+    EXPECT_TRUE(TransferAnySelected(list_));
+    EXPECT_EQ(TransferCountSelected(list_), 2);
+    EXPECT_EQ(TransferCountSelectedFiles(list_), 1);
+    EXPECT_EQ(TransferFirstSelected(list_), 0);
+}
+
+TEST_F(FileLists, SelectAllTakesFilesAndDropsFolders)
+{
+    AddFolder("z");
+    AddFile("a.tvm", QDate(2025, 1, 1));
+    Row(0).Selected = true;
+    TransferSelectAllFiles(list_);
+    EXPECT_FALSE(Row(0).Selected);
+    EXPECT_TRUE(Row(1).Selected);
+    EXPECT_EQ(Log, QStringList({ "begin", "end" }));
+}
+
+TEST_F(FileLists, DateOfARowIsReadDayFirstWhateverTheRegion)
+{
+    AddFile("a.tvm", QDate(2025, 4, 5), QTime(6, 7, 8));
+    for (const QLocale& region : { QLocale(QLocale::English, QLocale::UnitedStates), QLocale(QLocale::Japanese) }) {
+        SetRegion(region);
+        EXPECT_EQ(TransferRowDate(Row(0)), QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    }
+}
+
+TEST_F(FileLists, CenturyOfADateIsTheNearestOne)
+{
+    TheSeams().Now = [] { return QDateTime(QDate(2026, 6, 1), QTime(12, 0)); };
+    FileListRow row;
+    row.SubItems = { QStringLiteral("01/02/45"), QStringLiteral("00:00:00"), QString() };
+    EXPECT_EQ(TransferRowDate(row).date(), QDate(2045, 2, 1));
+    row.SubItems[0] = "01/02/46";
+    EXPECT_EQ(TransferRowDate(row).date(), QDate(1946, 2, 1));
+    TheSeams().Now = [] { return QDateTime(QDate(2031, 6, 1), QTime(12, 0)); };
+    row.SubItems[0] = "01/02/31";
+    EXPECT_EQ(TransferRowDate(row).date(), QDate(2031, 2, 1));
+}
+
+TEST_F(FileLists, RowWithoutAReadableDateHasNone)
+{
+    FileListRow row;
+    for (const char* date : { "", "5/4/25", "32/01/25", "01/13/25", "aa/bb/cc" }) {
+        row.SubItems = { QString::fromLatin1(date), QStringLiteral("01:02:03"), QString() };
+        EXPECT_FALSE(TransferRowDate(row).isValid()) << date;
+    }
+    row.SubItems = { QStringLiteral("01/02/25"), QStringLiteral("25:00:00"), QString() };
+    EXPECT_FALSE(TransferRowDate(row).isValid());
+}

@@ -2,6 +2,7 @@
 
 #include "app/seams.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <cmath>
@@ -79,6 +80,23 @@ bool FileToBin(const QString& path)
     TheSeams().MoveToTrash(path);
     const QFileInfo file(path);
     return !file.exists() && !file.isSymLink(); // a link into nowhere is still there itself
+}
+
+namespace {
+
+constexpr QFile::Permissions kAnyWriter = QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
+
+} // namespace
+
+bool HasReadOnlyAttribute(const QString& path)
+{
+    const QFileInfo info(path);
+    return info.exists() && !(info.permissions() & (kAnyWriter & ~QFile::WriteUser));
+}
+
+void SetReadOnlyAttribute(const QString& path)
+{
+    QFile::setPermissions(path, QFileInfo(path).permissions() & ~kAnyWriter);
 }
 
 QString BrowseFolder(const QString& title, const QString& start)

@@ -66,5 +66,9 @@ QStringList ArrayJoin(const QStringList& first, const QStringList& second);
 /// Moves a file into the trash. True when it is gone from its place.
 bool FileToBin(const QString& path);
 
+/// A file or folder that nobody may write bears the read-only attribute, whoever the user is.
+bool HasReadOnlyAttribute(const QString& path);
+void SetReadOnlyAttribute(const QString& path);
+
 /// Asks for a folder; `start` is selected at open. Empty when the user cancelled.
 QString BrowseFolder(const QString& title, const QString& start);

@@ -1,5 +1,7 @@
 #include "app/replaceFile.h"
 
+#include "app/general.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryFile>
@@ -33,12 +35,6 @@ QString FinalPath(const QString& path)
 QString TemporaryPrefix(const QFileInfo& target)
 {
     return QLatin1Char('.') + target.fileName() + QLatin1Char('.');
-}
-
-bool IsReadOnly(const QFileInfo& target)
-{
-    constexpr QFile::Permissions kAnyWriter = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
-    return target.exists() && !(target.permissions() & kAnyWriter);
 }
 
 #if defined(Q_OS_UNIX)
@@ -138,7 +134,7 @@ bool RenameOver(const QString& from, const QString& to)
 bool ReplaceFile(const QString& path, QByteArrayView bytes)
 {
     const QFileInfo target(FinalPath(path));
-    if (target.isDir() || IsReadOnly(target))
+    if (target.isDir() || HasReadOnlyAttribute(target.filePath()))
         return false;
     RemoveLeftovers(target);
 

@@ -15,7 +15,8 @@ constexpr int kTextDataSetExtension = 11506;
 
 QString TwoDigits(int number)
 {
-    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+    const auto digit = [](int value) { return QChar(u'0' + value); };
+    return QString(digit(number / 10 % 10)) + digit(number % 10);
 }
 
 /// The number of two digits at a place of the text; -1 where there are others than digits.
@@ -59,14 +60,31 @@ QString IconOf(const QString& name, FileMarkers markers)
     return markers.Preset ? QStringLiteral("PresetFile") : QStringLiteral("LockedFile");
 }
 
+/// What the texts of a row tell, as numbers without a time zone; invalid where they tell nothing.
+QDateTime MomentOf(const FileListRow& row)
+{
+    const ThreeParts date = PartsOf(row.Tag.isEmpty() ? row.SubItems[0] : row.Tag);
+    const ThreeParts time = PartsOf(row.SubItems[1]);
+    const QDate day(date.Third < 0 ? -1 : YearOf(date.Third), date.Second, date.First);
+    const QTime moment(time.First, time.Second, time.Third);
+    if (!day.isValid() || !moment.isValid())
+        return {};
+    return { day, moment, Qt::UTC };
+}
+
 /// What a row is sorted by: for a date all its digits, the year's first.
 QString KeyOfColumn(const FileListRow& row, int column)
 {
     switch (column) {
     case FileListName:
         return row.Text;
-    case FileListDate:
-        return TransferRowDate(row).toString(QStringLiteral("yyyyMMddHHmmss"));
+    case FileListDate: {
+        const QDateTime moment = MomentOf(row);
+        const QDate date = moment.date();
+        return moment.isValid()
+            ? QString::number(date.year()) + TwoDigits(date.month()) + TwoDigits(date.day()) + row.SubItems[1]
+            : QString();
+    }
     case FileListTime:
         return row.SubItems[1];
     default:
@@ -99,7 +117,7 @@ void Rearrange(FileList& list, const std::vector<size_t>& places)
 void ShowRegionDates(FileList& list)
 {
     for (FileListRow& row : list.Rows) {
-        const QDateTime date = TransferRowDate(row);
+        const QDateTime date = MomentOf(row);
         if (!date.isValid())
             continue;
         if (row.Tag.isEmpty())
@@ -239,11 +257,6 @@ void TransferSelectAllFiles(FileList& list)
 
 QDateTime TransferRowDate(const FileListRow& row)
 {
-    const ThreeParts date = PartsOf(row.Tag.isEmpty() ? row.SubItems[0] : row.Tag);
-    const ThreeParts time = PartsOf(row.SubItems[1]);
-    const QDate day(date.Third < 0 ? -1 : YearOf(date.Third), date.Second, date.First);
-    const QTime moment(time.First, time.Second, time.Third);
-    if (!day.isValid() || !moment.isValid())
-        return {};
-    return { day, moment };
+    const QDateTime moment = MomentOf(row);
+    return moment.isValid() ? QDateTime(moment.date(), moment.time()) : QDateTime();
 }

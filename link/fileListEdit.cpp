@@ -2,9 +2,9 @@
 
 #include "app/lang.h"
 #include "app/message.h"
-#include "app/seams.h"
 #include "closed/loader.h"
 #include "link/channel.h"
+#include "link/linkFailure.h"
 #include "link/model.h"
 #include "link/textRules.h"
 
@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr int kTextTransferFailed = 12704;
 constexpr int kTextBadName = 12721;
 constexpr int kTextNameMissing = 12729;
 constexpr int kTextNameInUse = 12730;
@@ -209,9 +208,7 @@ bool RenameInstrRow(FileListRow& row, const QString& newName)
     const QString oldName = TransferIsFolderRow(row) ? row.Text : row.Key;
     ChannelFound found;
     if (ChannelFind(kAnyFile, oldName, found) != kChannelOk) {
-        MsgOk(kTextTransferFailed);
-        TheSeams().PumpEvents();
-        (void)ChannelEndIfGone();
+        (void)ReportLinkFailure();
         return false;
     }
     if (found.Result != kExists)

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr QDir::SortFlags kByName = QDir::Name | QDir::IgnoreCase;
-
 bool IsListed(const QString& fileName, int mask)
 {
     return FileExtMatches(fileName, mask) && ValidNameChars(FileBaseName(fileName));
@@ -20,14 +18,15 @@ void ReadPcFolder(FileList& list, int mask)
 {
     if (CurrentPcFolder().isEmpty())
         return; // would be the folder in which the program was started
-    const QDir folder(CurrentPcFolder());
-    const QFileInfoList folders = folder.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot, kByName);
-    for (const QFileInfo& entry : folders)
-        TransferAddRow(list, entry.fileName(), kChannelFolder, {});
-    const QFileInfoList files = folder.entryInfoList(QDir::Files, kByName);
-    for (const QFileInfo& entry : files) {
-        if (IsListed(entry.fileName(), mask))
-            TransferAddRow(list, entry.fileName(), kChannelFile, entry.lastModified());
+    const QFileInfoList entries = QDir(CurrentPcFolder())
+                                      .entryInfoList(QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot,
+                                          QDir::Name | QDir::IgnoreCase | QDir::DirsFirst);
+    for (const QFileInfo& entry : entries) {
+        const QString name = entry.fileName();
+        if (entry.isDir())
+            TransferAddRow(list, name, kChannelFolder, {});
+        else if (IsListed(name, mask))
+            TransferAddRow(list, name, kChannelFile, entry.lastModified());
     }
 }
 

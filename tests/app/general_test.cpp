@@ -119,6 +119,18 @@ TEST_F(General, FileToBinSeesALinkThatLeadsNowhere)
     EXPECT_FALSE(FileToBin(FilePath("link")));
 }
 
+TEST_F(General, ReadOnlyAttributeIsThatNobodyMayWrite)
+{
+    Store(FilePath("a"), "x");
+    EXPECT_FALSE(HasReadOnlyAttribute(FilePath("a")));
+    EXPECT_FALSE(HasReadOnlyAttribute(FilePath("gone")));
+    SetReadOnlyAttribute(FilePath("a"));
+    EXPECT_TRUE(HasReadOnlyAttribute(FilePath("a")));
+    QFile::setPermissions(FilePath("a"), QFile::ReadOwner | QFile::WriteGroup);
+    EXPECT_FALSE(HasReadOnlyAttribute(FilePath("a")));
+    EXPECT_EQ(Contents(FilePath("a")), "x");
+}
+
 TEST_F(General, BrowseFolderHandsTitleAndStartOver)
 {
     FolderQuestion asked;

@@ -102,3 +102,17 @@ TEST_F(Model, FolderThatIsGoneIsReplacedAtTheNextExit)
     EXPECT_TRUE(text.contains("PcPathMl=" + Program().AppPath.toUtf8() + "\n"));
     EXPECT_TRUE(text.contains("InstrPathMl=\\Public\n"));
 }
+
+TEST_F(Model, InstrumentHoldsOneListOfThreeClasses)
+{
+    for (int fileClass = 0; fileClass <= 7; ++fileClass)
+        EXPECT_EQ(ModHoldsOneList(fileClass), fileClass == 1 || fileClass == 3 || fileClass == 4) << fileClass;
+}
+
+TEST_F(Model, ScreenShotsAndUnknownClassesHaveFoldersOnTheInstrument)
+{
+    for (int fileClass = -1; fileClass <= 8; ++fileClass) {
+        const bool isList = fileClass >= 1 && fileClass <= 6 && fileClass != 5;
+        EXPECT_EQ(ModHasInstrFolders(fileClass), !isList) << fileClass;
+    }
+}

@@ -12,6 +12,7 @@
 #include "link/file.h"
 #include "link/fileList.h"
 #include "link/model.h"
+#include "link/transfer.h"
 #include "print/printSettings.h"
 #include "screen/color.h"
 #include "screen/description.h"
@@ -39,6 +40,7 @@ void ResetModules()
     SettingsReset();
     FileClassesReset();
     CurrentPcFolder().clear();
+    TransferReset();
     FileOpenersReset();
     ConnectionReset();
     ColorReset();

@@ -1,0 +1,137 @@
+#include "link/FmTransfer.h"
+
+#include "app/lang.h"
+#include "app/seams.h"
+#include "link/transfer.h"
+
+#include <QBoxLayout>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kTextCancel = 14004;
+constexpr int kHintCancel = 14005;
+constexpr int kTextStopping = 14009;
+constexpr int kLabelCharacters = 64; ///< a name of an instrument's file, and what is done to it
+constexpr int kLongestWaitForPaintMs = 500;
+
+} // namespace
+
+FmTransfer::FmTransfer(QWidget* parent)
+    : FormBase("FmTransfer", parent)
+{
+    BuildControls();
+    BuildLayout();
+}
+
+void FmTransfer::BuildControls()
+{
+    Label = NewLabel(this, "Label", {});
+    Label->setTextFormat(Qt::PlainText);
+    Label->setMinimumWidth(kLabelCharacters * fontMetrics().averageCharWidth());
+    Label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    progressBar = new QProgressBar(this);
+    NameControl(progressBar, QStringLiteral("progressBar"));
+    BtCancel = NewButton(this, "BtCancel", { kTextCancel, kTextCancel, kHintCancel });
+    BtCancel->setCursor(Qt::ArrowCursor); // it answers while the form is busy
+    connect(BtCancel, &QPushButton::clicked, this, [this] { AskToStop(); });
+}
+
+void FmTransfer::BuildLayout()
+{
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(BtCancel);
+
+    auto* form = new QVBoxLayout(this);
+    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    form->addWidget(Label);
+    form->addWidget(progressBar);
+    form->addSpacing(kFormMarginPx / 2);
+    form->addLayout(buttons);
+    form->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+bool FmTransfer::OnLoad()
+{
+    DialogPush(*this, false);
+    Transfer().TransferCancel = false;
+    const int type = Transfer().TransferType;
+    const int label = TransferLabelId(type);
+    if (label == 0)
+        return false;
+    LngSetForm(this, TransferTitleId(type));
+    SetHelpNumber(TransferTitleId(type));
+    progressBar->setAccessibleName(windowTitle());
+    progressBar->setRange(0, 1);
+    progressBar->setValue(0);
+    ShowLabel(LngStr1(label, QStringLiteral(" ...")));
+    BtCancel->setFocus();
+    BindProgress();
+    jobRuns_ = true;
+    return true;
+}
+
+void FmTransfer::BindProgress()
+{
+    TransferProgress& progress = Transfer().Progress;
+    progress.SetLabel = [this](const QString& text) { ShowLabel(text); };
+    progress.SetMaximum = [this](int maximum) { progressBar->setMaximum(std::max(maximum, 1)); }; // 0 would be a wait
+    progress.SetValue = [this](int value) { progressBar->setValue(value); };
+}
+
+void FmTransfer::ShowLabel(const QString& text)
+{
+    Label->setAccessibleName(text);
+    const int width = std::max(Label->width(), Label->minimumWidth());
+    Label->setText(fontMetrics().elidedText(text, Qt::ElideMiddle, width));
+}
+
+void FmTransfer::AskToStop()
+{
+    ShowLabel(LngStr(kTextStopping));
+    Transfer().TransferCancel = true;
+}
+
+bool FmTransfer::QueryUnload()
+{
+    if (jobRuns_)
+        AskToStop();
+    return !jobRuns_;
+}
+
+void FmTransfer::OnUnload()
+{
+    Transfer().Progress = {};
+}
+
+void FmTransfer::OnActivate()
+{
+    WaitUntilPainted();
+    ShowBusyPointer(true);
+    TransferRunJob();
+    ShowBusyPointer(false);
+    jobRuns_ = false;
+    Unload();
+}
+
+/// A file may take as long as its time-out, and nothing is drawn meanwhile.
+void FmTransfer::WaitUntilPainted()
+{
+    QElapsedTimer waited;
+    waited.start();
+    QTimer::singleShot(kLongestWaitForPaintMs, this, [] {}); // wakes the wait
+    TheSeams().PumpUntil([&] { return painted_ || waited.hasExpired(kLongestWaitForPaintMs); });
+}
+
+void FmTransfer::paintEvent(QPaintEvent* event)
+{
+    painted_ = true;
+    FormBase::paintEvent(event);
+}

@@ -1,0 +1,35 @@
+// link/FmTransfer.h: shows a job on files while it runs.
+#pragma once
+
+#include "app/form.h"
+
+class QProgressBar;
+
+/// Runs the job `TransferType` once it is on the screen, and closes when the job has ended. Until then Cancel, Escape
+/// and the close button ask the job to stop behind the file in work.
+class FmTransfer final : public FormBase {
+    Q_OBJECT
+public:
+    explicit FmTransfer(QWidget* parent = nullptr);
+
+protected:
+    bool OnLoad() override;
+    bool QueryUnload() override;
+    void OnUnload() override;
+    void OnActivate() override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void BuildControls();
+    void BuildLayout();
+    void BindProgress();
+    void ShowLabel(const QString& text);
+    void AskToStop();
+    void WaitUntilPainted();
+
+    QLabel* Label = nullptr;
+    QProgressBar* progressBar = nullptr;
+    QPushButton* BtCancel = nullptr;
+    bool jobRuns_ = false;
+    bool painted_ = false;
+};

@@ -1,0 +1,138 @@
+#include "link/transfer.h"
+
+#include "app/message.h"
+#include "app/seams.h"
+#include "link/channel.h"
+#include "link/linkFailure.h"
+#include "link/model.h"
+#include "link/transferRows.h"
+#include "link/transferTexts.h"
+
+namespace {
+
+/// The question that replaces a file of a class.
+int QuestionOf(int fileClass)
+{
+    switch (fileClass) {
+    case FileClassAntennaList:
+        return 12735;
+    case FileClassMemoryList:
+        return 12736;
+    case FileClassSuppressList:
+        return 12737;
+    default:
+        return kTextReplace;
+    }
+}
+
+/// Asks, and removes the old file of an instrument that would not replace it by itself. False: the row is left out.
+bool MakeWay(const FileListRow& row)
+{
+    const int fileClass = FileClasses().CurrentFileClass;
+    const bool holdsOne = ModHoldsOneList(fileClass);
+    if (!TransferMayReplace(QuestionOf(fileClass), row.Key, !holdsOne))
+        return false;
+    TheSeams().PumpEvents();
+    const ChannelStatus err = holdsOne ? kChannelOk : ChannelRemove(fileClass, row.Key);
+    TheSeams().PumpEvents();
+    if (err != kChannelOk)
+        MsgOk1(kTextOldFileStays, row.Key);
+    return err == kChannelOk;
+}
+
+TransferNext Put(const FileListRow& row, bool replaces)
+{
+    const int fileClass = FileClasses().CurrentFileClass;
+    switch (ChannelPut(fileClass, PcFilePath(row.Key), row.Key, replaces)) {
+    case kChannelOk:
+        if (ModHasInstrFolders(fileClass)) // the lists of the other classes bear the date of the moment
+            FileSetInstrDate(row.Key, TransferRowDate(row), TransferIsLocked(row));
+        return TransferNext::Count;
+    case kChannelRefused:
+        MsgOk1(kTextInstrRefuses, row.Key);
+        return TransferNext::Count;
+    default:
+        return ReportLinkFailure() ? TransferNext::End : TransferNext::Count;
+    }
+}
+
+TransferNext PutRow(const FileListRow& row)
+{
+    if (TransferIsFolderRow(row)) {
+        MsgOk1(kTextNoFolderUpload, row.Text);
+        return TransferNext::Pass;
+    }
+    constexpr qint16 kMissing = 0;
+    constexpr qint16 kExists = 1;
+    const int fileClass = FileClasses().CurrentFileClass;
+    ChannelFound found{ kExists, kChannelFile };
+    if (!ModHoldsOneList(fileClass) && ChannelFind(fileClass, row.Key, found) != kChannelOk) {
+        MsgOk(kTextConnectionLost);
+        return TransferNext::End;
+    }
+    if (found.Result == kMissing)
+        return Put(row, false);
+    if (found.Result != kExists || !MakeWay(row))
+        return TransferNext::Count;
+    return Put(row, true);
+}
+
+TransferNext PutActiveRow(const FileListRow& row)
+{
+    if (TransferIsFolderRow(row)) {
+        MsgOk1(kTextNoFolderUpload, row.Text);
+        return TransferNext::Pass;
+    }
+    const ChannelStatus err = ChannelPutActive(PcFilePath(row.Key));
+    if (err == kChannelLinkFailed) {
+        MsgOk(kTextConnectionLost);
+        ChannelDisconnect();
+        return TransferNext::End;
+    }
+    if (err == kChannelRefused)
+        MsgOk1(kTextInstrRefuses, row.Key);
+    else if (err != kChannelOk && ReportLinkFailure())
+        return TransferNext::End;
+    Transfer().Progress.SetValue(1);
+    return TransferNext::Pass;
+}
+
+/// As a string of the instrument's language.
+QString Quoted(QString name)
+{
+    return u'"' + name.replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
+} // namespace
+
+void TransferPutFiles(FileList& source, FileList& /*target*/)
+{
+    TransferForgetAnswers();
+    TransferEachRow(source, TransferCountSelectedFiles(source), kTextUploading, PutRow);
+    TransferForgetAnswers();
+}
+
+void TransferPutActive(FileList& source)
+{
+    TransferForgetAnswers();
+    TransferEachRow(source, TransferCountSelectedFiles(source), kTextUploading, PutActiveRow);
+}
+
+void FileSetInstrDate(const QString& name, const QDateTime& date, bool lock)
+{
+    if (date.isValid()) {
+        const QString command = QStringLiteral("MMEM:FILE:%1 %2, %3, %4, %5");
+        const QDate day = date.date();
+        const QTime time = date.time();
+        ChannelSend(command.arg(QStringLiteral("DATE"), Quoted(name)).arg(day.year()).arg(day.month()).arg(day.day()));
+        ChannelSend(
+            command.arg(QStringLiteral("TIME"), Quoted(name)).arg(time.hour()).arg(time.minute()).arg(time.second()));
+    }
+    if (lock)
+        TransferSetLock(name, true);
+}
+
+void TransferSetLock(const QString& name, bool lock)
+{
+    ChannelSendCommand((lock ? QStringLiteral("SYST:SET:LOCK ") : QStringLiteral("SYST:SET:UNLOCK ")) + Quoted(name));
+}

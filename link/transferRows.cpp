@@ -1,0 +1,48 @@
+#include "link/transferRows.h"
+
+#include "app/lang.h"
+#include "app/message.h"
+#include "app/seams.h"
+#include "link/transfer.h"
+
+void TransferEachRow(
+    FileList& list, int maximum, int labelId, const std::function<TransferNext(const FileListRow& row)>& work)
+{
+    const TransferState& state = Transfer();
+    TheSeams().PumpEvents();
+    state.Progress.SetMaximum(maximum);
+    int counter = 0;
+    for (size_t at = 0; at < list.Rows.size(); ++at) {
+        if (!list.Rows[at].Selected)
+            continue;
+        const FileListRow row = list.Rows[at]; // events run while the work is done
+        state.Progress.SetLabel(LngStr1(labelId, row.Text));
+        const TransferNext next = work(row);
+        if (next == TransferNext::End)
+            return;
+        if (next == TransferNext::Count)
+            state.Progress.SetValue(++counter);
+        TheSeams().PumpEvents();
+        if (state.TransferCancel)
+            return;
+    }
+}
+
+void TransferForgetAnswers()
+{
+    TheMessage().YesAll = false;
+    TheMessage().NoAll = false;
+}
+
+bool TransferMayReplace(int questionId, const QString& name, bool offersAll)
+{
+    if (TheMessage().YesAll || TheMessage().NoAll)
+        return TheMessage().YesAll;
+    const int answer = offersAll ? MsgAllChoices1(questionId, name) : MsgYesNoDefNo1(questionId, name);
+    return answer == MsgResultYes;
+}
+
+bool TransferIsLocked(const FileListRow& row)
+{
+    return row.Icon == QLatin1String("PresetFile") || row.Icon == QLatin1String("LockedFile");
+}

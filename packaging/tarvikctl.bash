@@ -1,31 +1,68 @@
 # bash completion for tarvikctl(1)
 _tarvikctl() {
-  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
+  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
   COMPREPLY=()
-  if [ "$COMP_CWORD" = 1 ]; then
-    mapfile -t COMPREPLY < <(compgen -W "check show convert sort text --version --help" -- "$current")
+
+  # The words before this one, without the instrument: its colon makes three words of it.
+  local words=() instrument="" i=1
+  while ((i < COMP_CWORD)); do
+    if [ "${COMP_WORDS[i]}" = --to ]; then
+      instrument=given
+      i=$((i + 2))
+      while [ "${COMP_WORDS[i]-}" = : ]; do i=$((i + 2)); done
+    else
+      words+=("${COMP_WORDS[i]}")
+      i=$((i + 1))
+    fi
+  done
+  ((i > COMP_CWORD)) && return
+
+  local command=${words[0]-}
+  if [ -z "$command" ]; then
+    local commands="check show convert sort text --to --version --help"
+    [ -n "$instrument" ] && commands="idn ls get put rm capture"
+    mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current")
     return
   fi
   if [ "$command" = sort ] && [ "$previous" = --key ]; then
     mapfile -t COMPREPLY < <(compgen -W "0 1 2 3 4 5 6" -- "$current")
     return
   fi
-  local options=
+  local options="" classes="" extensions="tvm|csv"
   case $command in
-  check) ;;
+  check) extensions="tva|tvk|tvm|tvs|tvc|csv" ;;
   show) options="--json --all" ;;
   convert) options="--yes" ;;
   sort) options="--key --yes" ;;
+  ls | rm) classes=needed ;;
+  get | put) options="--yes" classes=needed ;;
+  capture) options="--yes" extensions=png ;;
   *) return ;;
   esac
   if [ "${current:0:1}" = - ]; then
     mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
     return
   fi
-  # Folders, and the files that a list can be in.
+  local operands=() word
+  for word in "${words[@]:1}"; do [ "${word:0:1}" = - ] || operands+=("$word"); done
+  if [ -n "$classes" ]; then
+    if [ ${#operands[@]} = 0 ]; then
+      mapfile -t COMPREPLY < <(compgen -W "antenna kfactor memory suppress screen correction" -- "$current")
+      return
+    fi
+    # Names on the instrument are not known here.
+    [ "$command" = put ] || [ "$command${#operands[@]}" = get2 ] || return
+    case ${operands[0]} in
+    antenna) extensions=tva ;;
+    kfactor) extensions=tvk ;;
+    memory) extensions=tvm ;;
+    suppress) extensions=tvs ;;
+    screen) extensions=png ;;
+    correction) extensions=tvc ;;
+    esac
+  fi
+  # Folders, and the files that it can be.
   compopt -o filenames 2>/dev/null
-  local extensions="tvm|csv"
-  [ "$command" = check ] && extensions="tva|tvk|tvm|tvs|tvc|csv"
   mapfile -t COMPREPLY < <(shopt -s nocasematch
     compgen -f -- "$current" | while read -r file; do
       [[ -d $file || $file =~ \.($extensions)$ ]] && printf '%s\n' "$file"

@@ -2,7 +2,7 @@
 #include "closed/tvscpi.h"
 #include "closed/tvscpi/channel.h"
 
-#include <cstring>
+#include <algorithm>
 #include <exception>
 
 namespace {
@@ -82,8 +82,7 @@ bool CopyOut(std::string_view text, char* out, int32_t outSize)
 {
     if (out == nullptr || outSize <= 0 || text.size() >= static_cast<size_t>(outSize))
         return false;
-    std::memcpy(out, text.data(), text.size());
-    out[text.size()] = '\0';
+    *std::copy(text.begin(), text.end(), out) = '\0';
     return true;
 }
 

@@ -7,7 +7,7 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 mkdir lists
-touch a.tvm b.CSV c.tva d.txt
+touch a.tvm b.CSV c.tva d.txt e.png
 failed=0
 
 # offers EXPECTED WORD...: completes the last word.
@@ -23,11 +23,23 @@ offers() {
 }
 
 offers "check convert" c
-offers "--help --version" --
+offers "--help --to --version" --
 offers "--all --json" show -
 offers "--key --yes" sort --
 offers "0 1 2 3 4 5 6" sort --key ""
 offers "a.tvm b.CSV lists" convert ""
 offers "a.tvm b.CSV c.tva lists" check ""
 offers "" text ""
+offers "" --to ""
+offers "" --to 127.0.0.1 : ""
+offers "capture get idn ls put rm" --to 127.0.0.1 ""
+offers "put" --to 127.0.0.1 : 5555 p
+offers "antenna" --to 127.0.0.1 ls a
+offers "memory" --to 127.0.0.1 : 5555 put --yes m
+offers "a.tvm lists" --to 127.0.0.1 put memory ""
+offers "" --to 127.0.0.1 get memory ""
+offers "c.tva lists" --to 127.0.0.1 get antenna x ""
+offers "" --to 127.0.0.1 rm memory ""
+offers "--yes" --to 127.0.0.1 get --
+offers "e.png lists" --to 127.0.0.1 capture ""
 exit "$failed"

@@ -1,5 +1,8 @@
 #include "tools/tarvikctl/arguments.h"
 
+#include "link/connect.h"
+#include "link/model.h"
+
 #include <algorithm>
 #include <array>
 #include <climits>
@@ -8,6 +11,7 @@
 namespace {
 
 constexpr int kLastSortKey = 6;
+const QString kToOption = QStringLiteral("--to");
 
 struct CommandForm {
     const char* Name;
@@ -17,7 +21,7 @@ struct CommandForm {
     int MostOperands;
 };
 
-constexpr std::array<CommandForm, 7> kForms{ {
+constexpr std::array<CommandForm, 13> kForms{ {
     { "--help", CtlCommand::Help, "", 0, 0 },
     { "--version", CtlCommand::Version, "", 0, 0 },
     { "text", CtlCommand::Text, "", 1, INT_MAX },
@@ -25,7 +29,33 @@ constexpr std::array<CommandForm, 7> kForms{ {
     { "show", CtlCommand::Show, "--json --all", 1, 1 },
     { "convert", CtlCommand::Convert, "--yes", 2, 2 },
     { "sort", CtlCommand::Sort, "--key --yes", 2, 2 },
+    { "idn", CtlCommand::Idn, "--to", 0, 0 },
+    { "ls", CtlCommand::Ls, "--to", 0, 1 },
+    { "get", CtlCommand::Get, "--to --yes", 2, 3 },
+    { "put", CtlCommand::Put, "--to --yes", 2, 2 },
+    { "rm", CtlCommand::Rm, "--to", 2, 2 },
+    { "capture", CtlCommand::Capture, "--to --yes", 1, 1 },
 } };
+
+struct ClassWord {
+    const char* Word;
+    FileClass Class;
+};
+
+constexpr std::array<ClassWord, 6> kClassWords{ {
+    { "antenna", FileClassAntennaList },
+    { "kfactor", FileClassKfactorTable },
+    { "memory", FileClassMemoryList },
+    { "suppress", FileClassSuppressList },
+    { "screen", FileClassScreenShot },
+    { "correction", FileClassCorrectionSet },
+} };
+
+bool TakesClass(CtlCommand command)
+{
+    return command == CtlCommand::Ls || command == CtlCommand::Get || command == CtlCommand::Put
+        || command == CtlCommand::Rm;
+}
 
 class Parser {
 public:
@@ -50,7 +80,7 @@ public:
             else if (!TakeOption(word))
                 return std::nullopt;
         }
-        if (!OperandsFit() || !KeyIsGiven())
+        if (!OperandsFit() || !KeyIsGiven() || !InstrumentIsGiven() || !TakeClassWord())
             return std::nullopt;
         return result_;
     }
@@ -69,7 +99,9 @@ private:
         if (!known.contains(name))
             return Fail(QStringLiteral("%1: no such option here").arg(word));
         if (name == QStringLiteral("--key"))
-            return TakeKey(word);
+            return TakeKey(ValueOf(word));
+        if (name == kToOption)
+            return TakeInstrument(ValueOf(word));
         if (word != name)
             return Fail(QStringLiteral("%1 takes no value").arg(name));
         bool& flag = name == QStringLiteral("--json") ? result_.Json
@@ -79,15 +111,57 @@ private:
         return true;
     }
 
-    bool TakeKey(const QString& word)
+    /// What stands behind the option's "=", or else the next word.
+    QString ValueOf(const QString& option)
     {
-        QString value = word.section(u'=', 1);
-        if (!word.contains(u'=') && !words_.isEmpty())
-            value = words_.takeFirst();
+        if (option.contains(u'='))
+            return option.section(u'=', 1);
+        return words_.isEmpty() ? QString() : words_.takeFirst();
+    }
+
+    bool TakeKey(const QString& value)
+    {
         bool isNumber = false;
         result_.SortKey = value.toInt(&isNumber);
         keyGiven_ = isNumber && result_.SortKey >= 0 && result_.SortKey <= kLastSortKey;
         return keyGiven_ || Fail(QStringLiteral("--key takes a number from 0 to %1").arg(kLastSortKey));
+    }
+
+    bool TakeInstrument(const QString& value)
+    {
+        constexpr int kLastPort = 65535;
+        const bool hasPort = value.contains(u':');
+        const QString port = hasPort ? value.section(u':', 1) : conFieldsOf(conDefaultEntry()).Port;
+        bool isNumber = false;
+        result_.Address = value.section(u':', 0, 0);
+        result_.Port = port.toInt(&isNumber);
+        const bool isAddress = conEntryValid(conEntryOf({ QString(), result_.Address, QStringLiteral("1") }));
+        const bool isPort = isNumber && result_.Port > 0 && result_.Port <= kLastPort;
+        return (isAddress && isPort)
+            || Fail(QStringLiteral("--to takes four numbers from 0 to 255 with points between, and ':' and a port from "
+                                   "1 to %1")
+                        .arg(kLastPort));
+    }
+
+    bool InstrumentIsGiven()
+    {
+        const bool isNeeded = QString::fromLatin1(form_.Options).split(u' ').contains(kToOption);
+        return !isNeeded || !result_.Address.isEmpty()
+            || Fail(QStringLiteral("%1: --to is missing").arg(QLatin1String(form_.Name)));
+    }
+
+    /// Takes the word for a file class off the operands.
+    bool TakeClassWord()
+    {
+        if (!TakesClass(form_.Command) || result_.Operands.isEmpty())
+            return true;
+        const QString word = result_.Operands.takeFirst();
+        const auto* const found = std::find_if(kClassWords.begin(), kClassWords.end(),
+            [&word](const ClassWord& each) { return word == QLatin1String(each.Word); });
+        if (found == kClassWords.end())
+            return Fail(QStringLiteral("%1: no such kind of file").arg(word));
+        result_.FileClass = found->Class;
+        return true;
     }
 
     bool OperandsFit()
@@ -122,21 +196,31 @@ private:
     bool keyGiven_ = false;
 };
 
+/// Puts the instrument, where it is named first, behind the command.
+QStringList CommandFirst(const QStringList& arguments)
+{
+    if (arguments.isEmpty())
+        return {};
+    const qsizetype words = arguments.front() == kToOption ? 2 : arguments.front().startsWith(kToOption + u'=') ? 1 : 0;
+    return arguments.mid(words, 1) + arguments.mid(0, words) + arguments.mid(words + 1);
+}
+
 } // namespace
 
 std::optional<CtlArguments> CtlParse(const QStringList& arguments, QString& error)
 {
-    if (arguments.isEmpty()) {
+    const QStringList words = CommandFirst(arguments);
+    if (words.isEmpty() || words.front().startsWith(kToOption)) {
         error = QStringLiteral("no command");
         return std::nullopt;
     }
     const auto* const form = std::find_if(kForms.begin(), kForms.end(),
-        [&arguments](const CommandForm& each) { return arguments.front() == QLatin1String(each.Name); });
+        [&words](const CommandForm& each) { return words.front() == QLatin1String(each.Name); });
     if (form == kForms.end()) {
-        error = QStringLiteral("%1: no such command").arg(arguments.front());
+        error = QStringLiteral("%1: no such command").arg(words.front());
         return std::nullopt;
     }
-    return Parser(*form, arguments.mid(1), error).Run();
+    return Parser(*form, words.mid(1), error).Run();
 }
 
 QString CtlHelpText()
@@ -146,11 +230,20 @@ QString CtlHelpText()
                           "       tarvikctl convert [--yes] IN OUT        write IN in the form of OUT's extension\n"
                           "       tarvikctl sort --key N [--yes] IN OUT   sort a memory list\n"
                           "       tarvikctl text N...                     print the texts of these numbers\n"
+                          "       tarvikctl --to INSTRUMENT idn           print what the instrument says of itself\n"
+                          "       tarvikctl --to INSTRUMENT ls [CLASS]    list its files\n"
+                          "       tarvikctl --to INSTRUMENT get [--yes] CLASS NAME [OUT]   fetch a file\n"
+                          "       tarvikctl --to INSTRUMENT put [--yes] CLASS FILE         send a file\n"
+                          "       tarvikctl --to INSTRUMENT rm CLASS NAME                  remove a file\n"
+                          "       tarvikctl --to INSTRUMENT capture [--yes] OUT            fetch its display as PNG\n"
                           "       tarvikctl --version\n"
                           "       tarvikctl --help\n"
                           "\n"
                           "Sort keys: 0 status then number; 1, 2 number up, down; 3, 4 frequency up, down;\n"
                           "5, 6 description up, down.\n"
+                          "\n"
+                          "INSTRUMENT is ADDRESS[:PORT], an IPv4 address. CLASS is antenna, kfactor, memory,\n"
+                          "suppress, screen or correction.\n"
                           "\n"
                           "Messages go to standard error as FILE: NUMBER: TEXT. Questions are answered No,\n"
                           "with --yes Yes. Exit status: 0 all went well, 1 a file was refused or a message\n"

@@ -6,18 +6,22 @@
 
 #include <optional>
 
-enum class CtlCommand { Help, Version, Text, Check, Show, Convert, Sort };
+enum class CtlCommand { Help, Version, Text, Check, Show, Convert, Sort, Idn, Ls, Get, Put, Rm, Capture };
 
 struct CtlArguments {
     CtlCommand Command = CtlCommand::Help;
-    QStringList Operands; ///< files or text numbers, as typed
+    QStringList Operands; ///< files, names or text numbers, as typed, without the word for a file class
     bool Json = false;
     bool All = false; ///< unused rows too
     bool Yes = false; ///< questions are answered Yes
     int SortKey = 0; ///< 0 to 6
+    QString Address; ///< of the instrument
+    int Port = 0;
+    int FileClass = 0; ///< 0 where none was named
 };
 
-/// Reads the arguments behind the program's name. Options may stand anywhere behind the command; "--" ends them.
+/// Reads the arguments behind the program's name. Options may stand anywhere behind the command, `--to` before it
+/// too; "--" ends them.
 /// Empty for wrong usage, and `error` then says what is wrong.
 std::optional<CtlArguments> CtlParse(const QStringList& arguments, QString& error);
 

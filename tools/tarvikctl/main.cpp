@@ -5,13 +5,14 @@
 #include "link/model.h"
 #include "lists/editorGeneral.h"
 #include "tools/tarvikctl/arguments.h"
+#include "tools/tarvikctl/link.h"
 #include "tools/tarvikctl/lists.h"
 #include "tools/tarvikctl/terminal.h"
 
 #include <QCoreApplication>
 #include <QDir>
 
-#include <array>
+#include <vector>
 
 namespace {
 
@@ -24,10 +25,13 @@ QString ModuleMissingText(Module module)
         .arg(ProductTitle(), ModuleFileName(module).toUpper());
 }
 
-bool LoadModules(Terminal& terminal)
+bool LoadModules(CtlCommand command, Terminal& terminal)
 {
+    std::vector<Module> modules{ Module::Language, Module::ListStore, Module::General };
+    if (CtlIsLinkCommand(command))
+        modules.push_back(Module::Channel);
     Program().AppPath = QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();
-    for (const Module module : { Module::Language, Module::ListStore, Module::General }) {
+    for (const Module module : modules) {
         if (ModuleLoad(module, Program().AppPath))
             continue;
         terminal.Refuse(ModuleMissingText(module));
@@ -48,11 +52,17 @@ void PrintTexts(const QStringList& numbers)
     }
 }
 
-/// What the name of a file to write must end in is known once the texts are there.
+/// What the name of a memory list must end in is known once the texts are there.
 bool OutputNameFits(const CtlArguments& arguments)
 {
     const bool writes = arguments.Command == CtlCommand::Convert || arguments.Command == CtlCommand::Sort;
     return !writes || CtlCanBeWritten(arguments.Operands[1]);
+}
+
+/// The same of a file that is to be sent.
+bool InputNameFits(const CtlArguments& arguments)
+{
+    return arguments.Command != CtlCommand::Put || FileExtMatches(arguments.Operands[0], 1 << arguments.FileClass);
 }
 
 ExitStatus UsageError(const QString& error)
@@ -65,15 +75,19 @@ ExitStatus Run(const CtlArguments& arguments)
 {
     Terminal terminal(arguments.Yes);
     terminal.SetFile(QStringLiteral("tarvikctl"));
-    if (!LoadModules(terminal))
+    if (!LoadModules(arguments.Command, terminal))
         return ExitRefused;
     if (!OutputNameFits(arguments))
         return UsageError(
             QStringLiteral("%1: the name of a memory list ends in %2 or %3")
                 .arg(arguments.Operands[1], ModGetExtension(FileClassMemoryList), LngStr(kTextCsvExtension)));
+    if (!InputNameFits(arguments))
+        return UsageError(QStringLiteral("%1: by its extension it is no file of this kind").arg(arguments.Operands[0]));
     MsgSetPresenter([&terminal](MessageRequest& request) { terminal.Present(request); });
     if (arguments.Command == CtlCommand::Text)
         PrintTexts(arguments.Operands);
+    else if (CtlIsLinkCommand(arguments.Command))
+        CtlRunLink(arguments, terminal);
     else
         CtlRunLists(arguments, terminal);
     return terminal.HasFailed() ? ExitRefused : ExitDone;

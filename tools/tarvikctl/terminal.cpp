@@ -2,8 +2,37 @@
 
 #include <QRegularExpression>
 
+#if defined(Q_OS_WIN)
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace {
+
+bool ErrorIsTerminal()
+{
+#if defined(Q_OS_WIN)
+    return _isatty(_fileno(stderr)) != 0;
+#else
+    return isatty(STDERR_FILENO) == 1;
+#endif
+}
+
+} // namespace
+
+void Terminal::ShowProgress(const QString& text)
+{
+    static const bool isTerminal = ErrorIsTerminal();
+    if (!isTerminal || (text.isEmpty() && !hasProgress_))
+        return;
+    TerminalWrite(stderr, QStringLiteral("\r\033[K") + text);
+    hasProgress_ = !text.isEmpty();
+}
+
 void Terminal::Present(MessageRequest& request)
 {
+    ShowProgress({});
     static const QRegularExpression lineEnd(QStringLiteral("[\\r\\n]+"));
     const bool question = request.IsQuestion();
     const QString mark = question ? QStringLiteral("?") : QString();
@@ -15,6 +44,7 @@ void Terminal::Present(MessageRequest& request)
     else
         request.Result = MsgResultOk;
     hasFailed_ = hasFailed_ || !question;
+    wasAnsweredNo_ = wasAnsweredNo_ || request.Result == MsgResultNo;
 }
 
 void Terminal::Refuse(const QString& text)

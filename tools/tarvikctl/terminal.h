@@ -34,6 +34,16 @@ public:
         hasFailed_ = true;
     }
 
+    /// True once a question was answered with No.
+    bool WasAnsweredNo() const
+    {
+        return wasAnsweredNo_;
+    }
+
+    /// Tells people what goes on, in one line that the next one replaces and that is gone at the end; an empty text
+    /// takes it away. Nothing where standard error is no terminal.
+    void ShowProgress(const QString& text);
+
     /// True once a message was shown or work not done.
     bool HasFailed() const
     {
@@ -44,6 +54,8 @@ private:
     QString file_;
     bool answerYes_ = false;
     bool hasFailed_ = false;
+    bool wasAnsweredNo_ = false;
+    bool hasProgress_ = false;
 };
 
 /// Writes `text` to `stream` as UTF-8.

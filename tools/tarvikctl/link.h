@@ -1,0 +1,11 @@
+// tools/tarvikctl/link.h: the commands that work on an instrument.
+#pragma once
+
+#include "tools/tarvikctl/arguments.h"
+#include "tools/tarvikctl/terminal.h"
+
+/// True for the commands that need an instrument.
+bool CtlIsLinkCommand(CtlCommand command);
+
+/// Connects, runs the command and ends the link. What goes wrong has been shown on `terminal`.
+void CtlRunLink(const CtlArguments& arguments, Terminal& terminal);

@@ -33,6 +33,12 @@ void NoteArrow(const QKeyEvent& event)
         ArrowHeld() = event.type() == QEvent::KeyPress;
 }
 
+bool FocusKeepsEscape()
+{
+    const QWidget* focus = QApplication::focusWidget();
+    return focus != nullptr && focus->property(kKeepsEscapeProperty).toBool();
+}
+
 QWidget* ControlOf(QObject* watched)
 {
     if (auto* control = qobject_cast<QWidget*>(watched))
@@ -100,13 +106,14 @@ bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
     return key.Key == Qt::Key_F1 && goesDown && ShowTopicOf(watched);
 }
 
-/// An Escape that closes a list, a menu or a file dialog, or leaves the What's This mode, must not close the form below
+/// An Escape that closes a list, a menu or a file dialog, ends an edit in place, or leaves the What's This mode, must not close the form below
 /// as well, neither at once nor with its release.
 bool KeyboardFilter::IsOurEscape(const QKeyEvent& event)
 {
     if (event.type() == QEvent::KeyRelease)
         return std::exchange(escapeIsOurs_, false);
-    const bool isForOther = QApplication::activePopupWidget() != nullptr || QWhatsThis::inWhatsThisMode();
+    const bool isForOther =
+        QApplication::activePopupWidget() != nullptr || QWhatsThis::inWhatsThisMode() || FocusKeepsEscape();
     escapeIsOurs_ = !isForOther && (DialogIsActive() || !DialogIsOpen());
     return escapeIsOurs_;
 }

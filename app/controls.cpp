@@ -21,7 +21,20 @@ namespace {
 constexpr double kTwipsPerInch = 1440.0;
 constexpr double kUsualDotsPerInch = 96.0;
 
-/// Shows the control's hint on the status line while the pointer is over it.
+/// The hint of the nearest control around `control`; 0 without one.
+int HintAround(const QWidget* control)
+{
+    for (const QWidget* at = control; at != nullptr && !at->isWindow();) {
+        at = at->parentWidget();
+        const int hint = at == nullptr ? 0 : at->property(kHintNumberProperty).toInt();
+        if (hint != 0)
+            return hint;
+    }
+    return 0;
+}
+
+/// Shows the control's hint on the status line while the pointer is over it. A pointer that leaves a control inside
+/// another one is over that one; if it has left both, the outer one hears of it next.
 class HintFilter final : public QObject {
 public:
     explicit HintFilter(QWidget* control)
@@ -35,7 +48,7 @@ public:
         if (event->type() == QEvent::Enter)
             StatusSetId(watched->property(kHintNumberProperty).toInt());
         if (event->type() == QEvent::Leave)
-            StatusSet({});
+            StatusSet(LngStr(HintAround(qobject_cast<QWidget*>(watched))));
         return QObject::eventFilter(watched, event);
     }
 };

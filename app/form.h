@@ -96,6 +96,9 @@ inline constexpr int kFormMarginPx = 16;
 /// Property of a control or action that holds its help number.
 inline constexpr const char* kHelpNumberProperty = "HelpNumber";
 
+/// Property of a control that takes Escape for itself while it has the focus, so that the form stays open.
+inline constexpr const char* kKeepsEscapeProperty = "KeepsEscape";
+
 /// The help number that F1 shows for `control`: its own, else its nearest parent's; 0 without one.
 int HelpNumberOf(const QWidget* control);
 

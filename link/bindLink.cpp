@@ -3,9 +3,12 @@
 #include "app/commands.h"
 #include "app/help.h"
 #include "app/project.h"
+#include "app/statusBar.h"
 #include "link/FmConnect.h"
 #include "link/FmConnecting.h"
+#include "link/FmControlGeneral.h"
 #include "link/connect.h"
+#include "link/model.h"
 
 #include <QApplication>
 
@@ -26,9 +29,30 @@ void BindConnections()
     TheHelpHooks().IsRefused = [] { return Connection().ConnectInProgress; };
 }
 
+void OpenFileControl(int fileClass)
+{
+    BeginBusy();
+    ModFileInit(fileClass);
+    ShowLinkForm<FmControlGeneral>();
+    EndBusy();
+}
+
+/// One command for each class that has files on the instrument.
+void BindFileControl()
+{
+    CommandHooks& commands = TheCommandHooks();
+    commands[Command::Control1] = [] { OpenFileControl(FileClassAntennaList); };
+    commands[Command::Control2] = [] { OpenFileControl(FileClassKfactorTable); };
+    commands[Command::Control3] = [] { OpenFileControl(FileClassMemoryList); };
+    commands[Command::Control4] = [] { OpenFileControl(FileClassSuppressList); };
+    commands[Command::Control5] = [] { OpenFileControl(FileClassScreenShot); };
+    commands[Command::Control6] = [] { OpenFileControl(FileClassCorrectionSet); };
+}
+
 } // namespace
 
 void BindLink()
 {
     BindConnections();
+    BindFileControl();
 }

@@ -136,6 +136,19 @@ TEST_F(HelpBook, HasATopicForTheConnectionForms)
         ExpectTopic(number);
 }
 
+TEST_F(HelpBook, HasATopicForTheFileControlWindowOfEachKindOfFile)
+{
+    for (int number = 12400; number <= 12431; ++number) {
+        if (number < 12416 || number > 12418) // the captions of columns
+            ExpectTopic(number);
+    }
+    for (int number = 12443; number <= 12502; ++number) {
+        const int slot = (number - 12443) % 10 + 1;
+        if (slot != 7) // the class's name
+            ExpectTopic(number);
+    }
+}
+
 TEST_F(HelpBook, HasATopicForEachMessage)
 {
     int messages = 0;

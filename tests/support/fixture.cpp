@@ -9,6 +9,8 @@
 #include "app/settings.h"
 #include "closed/loader.h"
 #include "link/connect.h"
+#include "link/controlGeneral.h"
+#include "link/drives.h"
 #include "link/file.h"
 #include "link/fileList.h"
 #include "link/model.h"
@@ -43,6 +45,8 @@ void ResetModules()
     TransferReset();
     FileOpenersReset();
     ConnectionReset();
+    ControlReset();
+    DrivesReset();
     ColorReset();
     DescrReset();
     PrintSettingsReset();

@@ -1,0 +1,75 @@
+// link/FmControlGeneral.h: the file control window: the files of one class on the PC and on the instrument side by
+// side.
+#pragma once
+
+#include "app/form.h"
+#include "link/controlGeneral.h"
+
+#include <array>
+
+class FileListWidget;
+class FolderComboBox;
+class QBoxLayout;
+
+/// Shows two lists and sends every command to controlCommands.h.
+class FmControlGeneral final : public FormBase {
+    Q_OBJECT
+public:
+    explicit FmControlGeneral(QWidget* parent = nullptr);
+
+protected:
+    bool OnLoad() override;
+    void OnActivate() override;
+    bool QueryUnload() override;
+    void OnUnload() override;
+
+private:
+    /// The controls of one side; both have the same.
+    struct Pane {
+        ControlSide Side = ControlSide::Pc;
+        QGroupBox* Frame = nullptr;
+        FolderComboBox* Combo = nullptr;
+        QPushButton* DirUp = nullptr;
+        QPushButton* DirOpen = nullptr;
+        QPushButton* DirNew = nullptr;
+        FileListWidget* List = nullptr;
+        QPushButton* Sel = nullptr;
+        QPushButton* Del = nullptr;
+        QPushButton* Ref = nullptr;
+        QPushButton* Ren = nullptr;
+    };
+
+    void BuildPane(Pane& pane, const QString& side);
+    void BuildFolderRow(Pane& pane, const QString& side, QBoxLayout& layout);
+    void BuildCommandRow(Pane& pane, const QString& side, QBoxLayout& layout);
+    void BuildEditButtons(QBoxLayout& row);
+    QPushButton* NewFolderButton(QWidget* parent, const QString& name, int text, int hint, const char* picture);
+    QBoxLayout* BuildTransferColumn();
+    QBoxLayout* BuildFormRow();
+    void BuildLayout();
+
+    void ConnectPane(Pane& pane);
+    void ConnectList(Pane& pane);
+    void ConnectForm();
+    void BindView();
+
+    void ApplyClass();
+    void ApplyClassTexts();
+    void EnableBusySet(bool on);
+    std::vector<QPushButton*> BusyButtons() const;
+    void ShowCombo(ControlSide side);
+    Pane& PaneOf(ControlSide side);
+
+    FileControl control_;
+    Pane pc_;
+    Pane instr_;
+    std::array<QPushButton*, kEditButtons> BtPcEdit{};
+    QPushButton* BtUl = nullptr;
+    QPushButton* BtDl = nullptr;
+    QPushButton* BtNew = nullptr;
+    QPushButton* BtClose = nullptr;
+    QPushButton* BtHlp = nullptr;
+    QPushButton* BtWhatsThis = nullptr;
+    QLabel* LbFree = nullptr;
+    QWidget* focusBefore_ = nullptr; // had the focus when the buttons were disabled
+};

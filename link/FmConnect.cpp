@@ -39,7 +39,7 @@ constexpr int kRowGapPx = 6;
 /// The connected row's is not pale while the list is off: it is the one thing to look at then.
 QIcon RowIcon(const ConnectRow& row, qreal devicePixelRatio)
 {
-    const QIcon icon = PictureIcon(row.Icon);
+    QIcon icon = PictureIcon(row.Icon);
     if (!row.Connected)
         return icon;
     const QPixmap picture = icon.pixmap(QSize(kIconPx, kIconPx), devicePixelRatio);

@@ -37,7 +37,7 @@ void Pump()
 /// At most four; the last one keeps its commas.
 QStringList IdentificationFields(const QString& reply)
 {
-    const QStringList fields = reply.split(u',');
+    QStringList fields = reply.split(u',');
     if (fields.size() <= kIdentificationFields)
         return fields;
     return fields.mid(0, kIdentificationFields - 1) << reply.section(u',', kIdentificationFields - 1);

@@ -245,6 +245,8 @@ TEST_F(ConnectForm, ShowsAnIconForTheStateOfEachEntry)
         EXPECT_EQ(List().topLevelItem(1)->data(0, Qt::UserRole).toString(), "LanConnected");
         const QSize size(16, 16);
         EXPECT_FALSE(List().topLevelItem(0)->icon(0).isNull());
+        EXPECT_EQ(List().topLevelItem(0)->data(0, Qt::AccessibleDescriptionRole).toString(), "");
+        EXPECT_EQ(List().topLevelItem(1)->data(0, Qt::AccessibleDescriptionRole).toString(), LngStr(10418));
         EXPECT_NE(List().topLevelItem(0)->icon(0).pixmap(size).toImage(),
             List().topLevelItem(1)->icon(0).pixmap(size).toImage());
     });

@@ -8,6 +8,8 @@
 #include "link/transferRows.h"
 #include "link/transferTexts.h"
 
+#include <QFileInfo>
+
 namespace {
 
 /// The question that replaces a file of a class.
@@ -56,6 +58,13 @@ TransferNext Put(const FileListRow& row, bool replaces)
     }
 }
 
+/// Looked at before the instrument's file goes: what can't be read would leave it with neither.
+bool CanBeRead(const QString& local)
+{
+    const QFileInfo info(local);
+    return info.isFile() && info.isReadable();
+}
+
 TransferNext PutRow(const FileListRow& row)
 {
     if (TransferIsFolderRow(row)) {
@@ -72,9 +81,11 @@ TransferNext PutRow(const FileListRow& row)
     }
     if (found.Result == kMissing)
         return Put(row, false);
-    if (found.Result != kExists || !MakeWay(row))
+    if (found.Result != kExists)
         return TransferNext::Count;
-    return Put(row, true);
+    if (!ModHoldsOneList(fileClass) && !CanBeRead(PcFilePath(row.Key)))
+        return ReportLinkFailure() ? TransferNext::End : TransferNext::Count;
+    return MakeWay(row) ? Put(row, true) : TransferNext::Count;
 }
 
 TransferNext PutActiveRow(const FileListRow& row)

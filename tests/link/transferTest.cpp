@@ -53,8 +53,9 @@ void TransferTest::StoreLocal(const QString& name) const
     Store(FilePath(name), name.toUtf8());
 }
 
-void TransferTest::TakeOnInstr(const QString& name)
+void TransferTest::StoreOnBothSides(const QString& name)
 {
+    StoreLocal(name);
     fake_.Exists[name] = { 1, kChannelFile };
 }
 

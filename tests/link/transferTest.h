@@ -18,8 +18,8 @@ protected:
     /// Stores a file of the PC that bears its own name as contents.
     void StoreLocal(const QString& name) const;
 
-    /// The file is known to the instrument, in the folder of any class.
-    void TakeOnInstr(const QString& name);
+    /// The instrument knows the file too, in the folder of any class.
+    void StoreOnBothSides(const QString& name);
 
     QString Local(const QString& name) const
     {

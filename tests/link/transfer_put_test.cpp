@@ -139,7 +139,7 @@ TEST_F(Upload, AnotherAnswerThanYesAndNoSkipsTheFileWithoutAMessage)
 TEST_F(Upload, FileThatExistsIsReplacedOnYes)
 {
     AddFile(pc_, "a.png");
-    TakeOnInstr("a.png");
+    StoreOnBothSides("a.png");
     Answers().Expect(12734, { QStringLiteral("a.png") }, Yes);
     Run();
     EXPECT_EQ(fake_.Log,
@@ -151,7 +151,7 @@ TEST_F(Upload, AnyOtherAnswerThanYesSkipsTheFileAndTheJobGoesOn)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
-    TakeOnInstr("a.png");
+    StoreOnBothSides("a.png");
     for (const int answer : { No, Cancel, 0 }) {
         fake_.Log.clear();
         Answers().Expect(12734, { QStringLiteral("a.png") }, answer);
@@ -165,7 +165,7 @@ TEST_F(Upload, YesAllReplacesTheRestWithoutAsking)
 {
     for (const char* name : { "a.png", "b.png", "c.png" }) {
         AddFile(pc_, QString::fromLatin1(name));
-        TakeOnInstr(QString::fromLatin1(name));
+        StoreOnBothSides(QString::fromLatin1(name));
     }
     Answers().Expect(12734, No);
     ExpectYesAll(12734);
@@ -178,8 +178,8 @@ TEST_F(Upload, NoAllSkipsTheRestThatExistsWithoutAsking)
 {
     for (const char* name : { "a.png", "b.png", "new.png" })
         AddFile(pc_, QString::fromLatin1(name));
-    TakeOnInstr("a.png");
-    TakeOnInstr("b.png");
+    StoreOnBothSides("a.png");
+    StoreOnBothSides("b.png");
     ExpectNoAll(12734);
     Run();
     EXPECT_EQ(fake_.Count("PutFile"), 1);
@@ -190,7 +190,7 @@ TEST_F(Upload, NoAllSkipsTheRestThatExistsWithoutAsking)
 TEST_F(Upload, AnswersForAllDoNotCarryToTheNextJob)
 {
     AddFile(pc_, "a.png");
-    TakeOnInstr("a.png");
+    StoreOnBothSides("a.png");
     ExpectYesAll(12734);
     Run();
     EXPECT_FALSE(TheMessage().YesAll);
@@ -231,7 +231,7 @@ TEST_F(Upload, OneListIsKeptOnNo)
 
 TEST_F(Upload, OtherClassesOfferTheButtonsForAll)
 {
-    TakeOnInstr("list");
+    StoreOnBothSides("list");
     for (const int fileClass : { FileClassKfactorTable, FileClassScreenShot, FileClassCorrectionSet }) {
         ModFileInit(fileClass);
         pc_.Rows.clear();
@@ -247,7 +247,7 @@ TEST_F(Upload, KfactorTableIsLookedForReplacedAndNotStamped)
 {
     ModFileInit(FileClassKfactorTable);
     AddFile(pc_, "t.tvk");
-    TakeOnInstr("t.tvk");
+    StoreOnBothSides("t.tvk");
     Answers().Expect(12734, Yes);
     Run();
     EXPECT_EQ(fake_.Log,
@@ -260,7 +260,7 @@ TEST_F(Upload, CorrectionSetHasALongerTimeOutUnderANewName)
     ModFileInit(FileClassCorrectionSet);
     AddFile(pc_, "new.tvc");
     AddFile(pc_, "old.tvc");
-    TakeOnInstr("old.tvc");
+    StoreOnBothSides("old.tvc");
     Answers().Expect(12734, Yes);
     Run();
     EXPECT_EQ(fake_.Log,
@@ -289,11 +289,23 @@ TEST_F(Upload, OldFileThatTheInstrumentKeepsSkipsTheFile)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
-    TakeOnInstr("a.png");
+    StoreOnBothSides("a.png");
     fake_.Answer("RemoveFile", kChannelRefused);
     Answers().Expect(12734, Yes);
     Answers().Expect(12746, { QStringLiteral("a.png") }, Ok);
     Run();
+    EXPECT_EQ(fake_.Count("PutFile"), 1);
+    EXPECT_EQ(ShownOf("value"), QStringList({ "value 1", "value 2" }));
+}
+
+TEST_F(Upload, FileThatCannotBeReadLeavesTheOldOneOnTheInstrument)
+{
+    AddFile(pc_, "gone.png");
+    AddFile(pc_, "b.png");
+    fake_.Exists["gone.png"] = { 1, kChannelFile };
+    Answers().Expect(12704, Ok);
+    Run();
+    EXPECT_EQ(fake_.Count("Remove"), 0);
     EXPECT_EQ(fake_.Count("PutFile"), 1);
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1", "value 2" }));
 }

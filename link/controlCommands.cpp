@@ -4,10 +4,10 @@
 #include "app/lang.h"
 #include "app/message.h"
 #include "app/project.h"
-#include "app/seams.h"
 #include "app/statusBar.h"
 #include "link/channel.h"
 #include "link/file.h"
+#include "link/linkFailure.h"
 #include "link/model.h"
 #include "link/transfer.h"
 
@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr int kMessageTransferFailed = 12704;
 constexpr int kMessageNoFile = 12722;
 constexpr int kMessageNoFolderAbove = 12731;
 constexpr int kMessageDelete = 12732;
@@ -187,9 +186,7 @@ void PcFolderUp(FileControl& control)
 /// The instrument did not tell its directory.
 void EndIfLinkIsGone(FileControl& control)
 {
-    MsgOk(kMessageTransferFailed);
-    TheSeams().PumpEvents();
-    if (!ChannelEndIfGone())
+    if (!ReportLinkFailure())
         return;
     ControlUpdate(control);
     control.View.Close();

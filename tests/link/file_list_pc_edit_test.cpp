@@ -171,7 +171,7 @@ TEST_F(PcRename, ExtensionMayChangeItsCase)
     ExpectRow("b.TVM", "b.TVM");
 }
 
-TEST_F(PcRename, FileThatTheSystemRefusesIsReported)
+TEST_F(PcRename, FileCannotTakeTheNameOfALinkThatLeadsNowhere)
 {
     OneFile("a.tvm");
     ASSERT_TRUE(QFile::link(FilePath("nowhere"), FilePath("b.tvm")));

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <sys/prctl.h>
+
 namespace {
 
 constexpr int kPatienceMs = 60000;
@@ -25,6 +28,8 @@ InstrumentProcess::InstrumentProcess(const QStringList& arguments)
         root_ = ValueOf(arguments, QStringLiteral("--root"));
     else
         all << QStringLiteral("--root") << root_;
+    // It never outlives its test, which may crash.
+    process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     process_.start(QStringLiteral(TARVIK_INSTRUMENT), all);
     while (!process_.canReadLine() && process_.waitForReadyRead(kPatienceMs)) { }
     const QString line = QString::fromLatin1(process_.readLine()).trimmed();

@@ -1,7 +1,9 @@
-// tarvik_tour LIST FOLDER: plays the main job of the program with LIST and leaves a picture of each step in FOLDER.
+// tarvik_tour FOLDER: plays the main job of the program, connected to a simulated receiver, and leaves a picture of
+// each step in FOLDER.
 #include "app/MfMain.h"
 #include "app/seams.h"
 #include "composition.h"
+#include "tests/tour/instrument.h"
 #include "tests/tour/player.h"
 #include "tests/tour/results.h"
 #include "tests/tour/steps.h"
@@ -47,9 +49,29 @@ void ShortenTimers()
     };
 }
 
+/// The settings of a program that was connected to the receiver when it ended last.
+bool StoreSettings(const QString& programFolder, int port)
+{
+    QFile settings(programFolder + QStringLiteral("Tarvik.ini"));
+    const QByteArray entry = "Simulated receiver:127.0.0.1:" + QByteArray::number(port);
+    return settings.open(QIODevice::WriteOnly)
+        && settings.write(
+               "[connection]\r\nConnected=1\r\nipAddressLan0=" + entry + "\r\nipAddressSelected=" + entry + "\r\n")
+        > 0;
+}
+
 int Play(const QString& pictureFolder, const QString& workFolder)
 {
-    TourPlayer player(TourSteps(workFolder), pictureFolder);
+    const QString programFolder = workFolder + QStringLiteral("program/");
+    const QString pcFolder = programFolder + QStringLiteral("Memory List/");
+    TourInstrument instrument(workFolder + QStringLiteral("receiver"));
+    if (!instrument.Start() || !StoreSettings(programFolder, instrument.Port())) {
+        std::fprintf(stderr, "the simulated receiver does not start\n");
+        return EXIT_FAILURE;
+    }
+    const QString shotFolder = programFolder + QStringLiteral("Screen Shots/");
+    QDir::setCurrent(shotFolder); // where the file control window begins for a class without a folder of its own
+    TourPlayer player(TourSteps(pcFolder, instrument), pictureFolder);
     player.Start();
     MfMain frame(workFolder + QStringLiteral("program"));
     if (!frame.Load())
@@ -57,26 +79,27 @@ int Play(const QString& pictureFolder, const QString& workFolder)
     const int result = QApplication::exec();
     if (result != EXIT_SUCCESS || !player.IsDone())
         return EXIT_FAILURE;
-    return TourResultsHold(workFolder) ? EXIT_SUCCESS : EXIT_FAILURE;
+    return TourResultsHold(pcFolder, shotFolder, instrument) ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: tarvik_tour LIST FOLDER\n");
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: tarvik_tour FOLDER\n");
         return EXIT_FAILURE;
     }
-    const QString pictureFolder = QDir(QString::fromLocal8Bit(argv[2])).absolutePath() + u'/';
+    const QString pictureFolder = QDir(QString::fromLocal8Bit(argv[1])).absolutePath() + u'/';
     EmptyFolder(pictureFolder);
     QTemporaryDir work;
     const QString workFolder = work.path() + u'/';
-    QDir(workFolder).mkdir(QStringLiteral("program"));
+    for (const char* name : { "program", "program/Memory List", "program/Screen Shots", "home" })
+        QDir(workFolder).mkdir(QString::fromLatin1(name));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(workFolder + QStringLiteral("home"))); // where the trash is
     LinkProgram(workFolder + QStringLiteral("program/"));
 
-    // The program sees a command line with the list alone.
-    int programArgc = 2;
+    int programArgc = 1; // the folder is none of the program's business
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(programArgc, argv);
     ComposeProgram();

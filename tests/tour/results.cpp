@@ -1,7 +1,11 @@
 #include "tests/tour/results.h"
 
 #include "lists/memoryList.h"
+#include "tests/tour/instrument.h"
 #include "tests/tour/steps.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 #include <cstdio>
 
@@ -37,16 +41,48 @@ bool AreEqual(const MemoryTable& left, const MemoryTable& right)
     return left.MemoryListName == right.MemoryListName;
 }
 
-} // namespace
+QByteArray Content(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
 
-bool TourResultsHold(const QString& folder)
+bool ListsHold(const QString& folder, const TourInstrument& instrument)
 {
     const QString base = folder + QString::fromLatin1(kTourListName);
+    const QString memory = QStringLiteral("Public/Memory List/");
+    const QByteArray sent =
+        Content(instrument.Path(memory + QString::fromLatin1(kTourListName) + QStringLiteral(".tvm")));
     MemoryTable binary;
     MemoryTable csv;
     return Require(OpenMemoryList(base + QStringLiteral(".tvm"), binary), "the list file cannot be read")
         && Require(OpenMemoryList(base + QStringLiteral(".csv"), csv), "the CSV file cannot be read")
         && Require(binary.Row(0).Used && binary.Row(0).Frequency == kTourFrequencyHz, "the typed frequency is lost")
         && Require(IsSorted(binary), "the list is not sorted")
-        && Require(AreEqual(binary, csv), "the two forms hold different lists");
+        && Require(AreEqual(binary, csv), "the two forms hold different lists")
+        && Require(
+            !sent.isEmpty() && sent == Content(base + QStringLiteral(".tvm")), "the instrument holds another list")
+        && Require(!QFile::exists(instrument.Path(memory + QString::fromLatin1(kTourFirstList))),
+            "the instrument holds two memory lists");
+}
+
+/// One picture was removed, one stayed, and the new folder is gone again.
+bool ShotsAreLeft(const QStringList& found, const char* where)
+{
+    return Require(found == QStringList{ QStringLiteral("Navigation safety.png") }, where);
+}
+
+} // namespace
+
+bool TourResultsHold(const QString& listFolder, const QString& shotFolder, const TourInstrument& instrument)
+{
+    const QStringList pictures{ QStringLiteral("*.png") };
+    const QDir instrumentShots(instrument.Path(QStringLiteral("Public/Screen Shots")));
+    return ListsHold(listFolder, instrument)
+        && ShotsAreLeft(QDir(shotFolder).entryList(pictures, QDir::Files), "other screen shots on the PC")
+        && ShotsAreLeft(instrumentShots.entryList(pictures, QDir::Files), "other screen shots on the instrument")
+        && Require(!QFileInfo::exists(shotFolder + QStringLiteral("Tour shots")), "a folder is left on the PC")
+        && Require(instrumentShots.entryList(QDir::Dirs | QDir::NoDotAndDotDot)
+                == QStringList{ QStringLiteral("Harbour survey") },
+            "a folder is left on the instrument");
 }

@@ -1,108 +1,220 @@
 #include "tests/tour/steps.h"
 
-#include <QAbstractButton>
+#include "tests/tour/controls.h"
+#include "tests/tour/instrument.h"
+
 #include <QComboBox>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QTest>
 
 namespace {
 
+const QString kFrame = QStringLiteral("MfMain");
 const QString kEditor = QStringLiteral("FmEditorMemory");
+const QString kControl = QStringLiteral("FmControlGeneral");
+const QString kMessage = QStringLiteral("FmMessage");
+const QString kTourList = QString::fromLatin1(kTourListName) + QStringLiteral(".tvm");
+const QString kFirstList = QString::fromLatin1(kTourFirstList);
+const QString kShot = QStringLiteral("Channel 16.png");
+const QString kOtherShot = QStringLiteral("Navigation safety.png");
 
-template <typename Kind = QWidget>
-Kind& Control(QWidget& form, const QString& name)
-{
-    auto* control = form.findChild<Kind*>(name);
-    if (control == nullptr)
-        qFatal("%s has no %s", qPrintable(form.objectName()), qPrintable(name));
-    return *control;
-}
+using Action = std::function<void(QWidget& form)>;
+using Question = std::function<bool(QWidget& form)>;
 
-void Click(QWidget& form, const char* name)
+TourStep Step(
+    const char* picture, const QString& form, Action act, Question ready = [](QWidget&) { return true; })
 {
-    QTest::mouseClick(&Control(form, QString::fromLatin1(name)), Qt::LeftButton);
-}
-
-void Type(QWidget& form, const char* name, const QString& text)
-{
-    QWidget& box = Control(form, QString::fromLatin1(name));
-    QTest::mouseClick(&box, Qt::LeftButton);
-    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(&box, text);
-}
-
-QString Text(QWidget& form, const char* name)
-{
-    return Control<QLineEdit>(form, QString::fromLatin1(name)).text();
-}
-
-bool TitleEndsWith(QWidget& form, const QString& end)
-{
-    return form.windowTitle().endsWith(end);
-}
-
-void Choose(QWidget& dialog, const QString& path)
-{
-    auto& name = Control<QLineEdit>(dialog, QStringLiteral("fileNameEdit"));
-    name.setText(path);
-    QTest::keyClick(&name, Qt::Key_Return);
+    return { QString::fromLatin1(picture), form, std::move(act), std::move(ready) };
 }
 
 TourStep ChooseStep(const char* picture, const char* dialog, const QString& path)
 {
-    return { QString::fromLatin1(picture), QString::fromLatin1(dialog), [path](QWidget& form) { Choose(form, path); } };
+    return Step(picture, QString::fromLatin1(dialog), [path](QWidget& form) { Choose(form, path); });
+}
+
+Action ClickOn(const char* button)
+{
+    return [button](QWidget& form) { Click(form, button); };
+}
+
+Action ClickRowAnd(const char* list, const QString& row, const char* button)
+{
+    return [=](QWidget& form) {
+        ClickRow(form, list, row);
+        Click(form, button);
+    };
+}
+
+Action Open(const char* list, const QString& row)
+{
+    return [=](QWidget& form) { DoubleClickRow(form, list, row); };
+}
+
+Action Name(const char* list, const QString& name)
+{
+    return [=](QWidget& form) { TypeRowName(form, list, name); };
+}
+
+Action Menu(const char* item)
+{
+    return [item](QWidget& form) { ChooseMenu(form, item); };
+}
+
+Question Shows(const char* list, const QString& row)
+{
+    return [=](QWidget& form) { return HasRow(form, list, row); };
+}
+
+Question ShowsNot(const char* list, const QString& row)
+{
+    return [=](QWidget& form) { return !HasRow(form, list, row); };
+}
+
+TourStep Yes(const char* picture = "")
+{
+    return Step(picture, kMessage, ClickOn("BtYes"));
+}
+
+/// The outcome stands there for a while, and the form goes by itself.
+TourStep Connected(const char* picture)
+{
+    return Step(
+        picture, QStringLiteral("FmConnecting"), [](QWidget&) {},
+        [](QWidget& form) { return Text(form, "TbStatus") == QLatin1String("Connected."); });
+}
+
+std::vector<TourStep> FetchSteps()
+{
+    return {
+        Step("logo", QStringLiteral("FmLogo"), [](QWidget&) {}),
+        Connected("connected"),
+        Step("frame", kFrame, Menu("MnInstrMemoryListControl")),
+        Step("memory-control", kControl, ClickRowAnd("LvInstr", kFirstList, "BtDl"), Shows("LvInstr", kFirstList)),
+        Step("downloaded", kControl, ClickRowAnd("LvPc", kFirstList, "BtPcEdit[2]"), Shows("LvPc", kFirstList)),
+    };
 }
 
 std::vector<TourStep> EditSteps()
 {
     return {
-        { QStringLiteral("logo"), QStringLiteral("FmLogo"), [](QWidget&) {} },
-        { QStringLiteral("opened"), kEditor,
+        Step("opened", kEditor,
             [](QWidget& form) {
                 Type(form, "TbCol3[2]", QString::fromLatin1(kTourFrequencyMhz));
                 QTest::keyClick(&Control(form, QStringLiteral("TbCol3[2]")), Qt::Key_Down);
                 Type(form, "TbName", QString::fromLatin1(kTourListName));
                 QTest::keyClick(&Control(form, QStringLiteral("TbName")), Qt::Key_Return);
-            } },
-        { QStringLiteral("edited"), kEditor, [](QWidget& form) { Click(form, "BtEdit"); },
-            [](QWidget& form) { return Text(form, "TbCol3[2]") == QString::fromLatin1(kTourFrequencyMhz); } },
-        { QStringLiteral("entry"), QStringLiteral("fmEditorMemoryListProp"),
-            [](QWidget& form) { Click(form, "BtOk"); } },
-        { QStringLiteral("back"), kEditor, [](QWidget& form) { Click(form, "LbHdr3"); } },
+            }),
+        Step("edited", kEditor, ClickOn("BtEdit"),
+            [](QWidget& form) { return Text(form, "TbCol3[2]") == QLatin1String(kTourFrequencyMhz); }),
+        Step("entry", QStringLiteral("fmEditorMemoryListProp"), ClickOn("BtOk")),
+        Step("back", kEditor, ClickOn("LbHdr3")),
     };
 }
 
 std::vector<TourStep> SaveSteps(const QString& folder)
 {
-    const QString binary = QString::fromLatin1(kTourListName) + QStringLiteral(".tvm");
     const QString csv = QString::fromLatin1(kTourListName) + QStringLiteral(".csv");
+    const auto titled = [](const QString& end) { return [end](QWidget& form) { return TitleEndsWith(form, end); }; };
     return {
-        { QStringLiteral("sorted"), kEditor, [](QWidget& form) { Click(form, "BtSave"); },
-            [](QWidget& form) { return Text(form, "TbCol3[0]") == QString::fromLatin1(kTourFrequencyMhz); } },
+        Step("sorted", kEditor, ClickOn("BtSave"),
+            [](QWidget& form) { return Text(form, "TbCol3[0]") == QLatin1String(kTourFrequencyMhz); }),
         ChooseStep("folder", "FolderBrowser", folder),
-        { QStringLiteral("saved-binary"), kEditor, [](QWidget& form) { Click(form, "BtOpen"); },
-            [](QWidget& form) { return TitleEndsWith(form, QStringLiteral(".TVM")); } },
-        ChooseStep("open", "OpenDialog", folder + binary),
-        { QStringLiteral("opened-again"), kEditor,
+        Step("saved-binary", kEditor, ClickOn("BtOpen"), titled(QStringLiteral(".TVM"))),
+        ChooseStep("open", "OpenDialog", folder + kTourList),
+        Step(
+            "opened-again", kEditor,
             [](QWidget& form) {
                 Control<QComboBox>(form, QStringLiteral("CbExt")).setCurrentIndex(1);
                 Click(form, "BtSave");
             },
-            [binary](QWidget& form) { return TitleEndsWith(form, binary); } },
+            titled(kTourList)),
         ChooseStep("", "FolderBrowser", folder),
-        { QStringLiteral("saved-csv"), kEditor, [](QWidget& form) { Click(form, "BtClose"); },
-            [csv](QWidget& form) { return TitleEndsWith(form, csv); } },
-        { QStringLiteral("frame"), QStringLiteral("MfMain"), [](QWidget& form) { form.close(); } },
+        Step("saved-csv", kEditor, ClickOn("BtClose"), titled(csv)),
+    };
+}
+
+/// The instrument holds one memory list: the new one takes the place of the old one. Fetched again it is compared.
+std::vector<TourStep> SendSteps()
+{
+    return {
+        Step("listed", kControl, ClickRowAnd("LvPc", kTourList, "BtUl"), Shows("LvPc", kTourList)),
+        Yes("replace"),
+        Step("", kControl, ClickOn("BtInstrRef")),
+        Step("uploaded", kControl, ClickRowAnd("LvInstr", kTourList, "BtDl"), Shows("LvInstr", kTourList)),
+        Yes("replace-on-pc"),
+        Step("downloaded-again", kControl, ClickOn("BtClose"), Shows("LvPc", kTourList)),
+    };
+}
+
+/// The same with the files of both sides; the lists of the PC first.
+std::vector<TourStep> HouseSteps(const char* list, const char* newFolder, const char* rename, const char* remove)
+{
+    const QString fresh = QStringLiteral("New Folder");
+    const QString named = QStringLiteral("Tour shots");
+    const bool isPc = QLatin1String(list) == QLatin1String("LvPc");
+    return {
+        Step("", kControl, ClickOn(newFolder)),
+        Step(isPc ? "new-folder-pc" : "new-folder", kControl, Name(list, named), Shows(list, fresh)),
+        Step(isPc ? "renamed-folder-pc" : "renamed-folder", kControl, ClickRowAnd(list, kShot, rename),
+            Shows(list, named)),
+        Step("", kControl, Name(list, QStringLiteral("Renamed.png"))),
+        Step("", kControl, ClickRowAnd(list, QStringLiteral("Renamed.png"), remove),
+            Shows(list, QStringLiteral("Renamed.png"))),
+        Yes(isPc ? "delete-pc" : "delete"),
+        Step("", kControl, ClickRowAnd(list, named, remove), ShowsNot(list, QStringLiteral("Renamed.png"))),
+        Yes(),
+        Step(
+            isPc ? "deleted-pc" : "deleted", kControl, [](QWidget&) {}, ShowsNot(list, named)),
+    };
+}
+
+std::vector<TourStep> OpenShotsSteps()
+{
+    return {
+        Step("", kFrame, Menu("ClMnInstrScreenShotControl")),
+        Step("shots-root", kControl, Open("LvInstr", QStringLiteral("Public")),
+            Shows("LvInstr", QStringLiteral("Public"))),
+        Step("", kControl, Open("LvInstr", QStringLiteral("Screen Shots")),
+            Shows("LvInstr", QStringLiteral("Screen Shots"))),
+        Step(
+            "shots", kControl,
+            [](QWidget& form) {
+                Click(form, "BtInstrSel");
+                Click(form, "BtDl");
+            },
+            Shows("LvInstr", kShot)),
+        Step(
+            "shots-downloaded", kControl, [](QWidget&) {}, Shows("LvPc", kOtherShot)),
+    };
+}
+
+std::vector<TourStep> LostSteps(TourInstrument& instrument)
+{
+    return {
+        Step("", kControl,
+            [&instrument](QWidget& form) {
+                instrument.Stop();
+                Click(form, "BtInstrDirUp");
+            }),
+        Step("lost", kMessage, ClickOn("BtOk")),
+        Step("not-connected", kFrame,
+            [&instrument](QWidget& form) {
+                instrument.Start();
+                ChooseMenu(form, "MnInstrConnect");
+            }),
+        Step("connect", QStringLiteral("FmConnect"), ClickOn("BtCon")),
+        Connected("found-again"),
+        Step("end", kFrame, [](QWidget& form) { form.close(); }),
     };
 }
 
 } // namespace
 
-std::vector<TourStep> TourSteps(const QString& folder)
+std::vector<TourStep> TourSteps(const QString& folder, TourInstrument& instrument)
 {
-    std::vector<TourStep> steps = EditSteps();
-    const std::vector<TourStep> saving = SaveSteps(folder);
-    steps.insert(steps.end(), saving.begin(), saving.end());
+    std::vector<TourStep> steps;
+    for (const std::vector<TourStep>& part : { FetchSteps(), EditSteps(), SaveSteps(folder), SendSteps(),
+             OpenShotsSteps(), HouseSteps("LvPc", "BtPcDirNew", "BtPcRen", "BtPcDel"),
+             HouseSteps("LvInstr", "BtInstrDirNew", "BtInstrRen", "BtInstrDel"), LostSteps(instrument) })
+        steps.insert(steps.end(), part.begin(), part.end());
     return steps;
 }

@@ -1,12 +1,18 @@
-// tests/tour/steps.h: the main job: open a list, change it, sort it, save it in both forms.
+// tests/tour/steps.h: the main job: connect, fetch the memory list, change it, sort it, save it in both forms, send it
+// back, keep house among the screen shots, and find the instrument again after it was lost.
 #pragma once
 
 #include "tests/tour/player.h"
+
+class TourInstrument;
 
 /// What the tour types; in MHz, and lower than every frequency of the list, so that the sort brings it to the top.
 inline constexpr const char* kTourFrequencyMhz = "121.500000";
 inline constexpr double kTourFrequencyHz = 121500000.0;
 inline constexpr const char* kTourListName = "Tour";
 
-/// Everything is saved into `folder`.
-std::vector<TourStep> TourSteps(const QString& folder);
+/// The list that the instrument holds at the start.
+inline constexpr const char* kTourFirstList = "Marine-VHF.tvm";
+
+/// Files of the PC are in `folder`. `instrument` runs, and is stopped and started in between.
+std::vector<TourStep> TourSteps(const QString& folder, TourInstrument& instrument);

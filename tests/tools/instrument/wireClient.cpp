@@ -49,7 +49,7 @@ void WireClient::Send(std::string_view bytes) const
 
 char WireClient::Byte()
 {
-    if (received_.empty()) {
+    if (taken_ == received_.size()) {
         std::array<char, 65536> buffer{};
         const bool comes = WaitFor(socket_.Number(), POLLIN, kPatienceMs);
         const ssize_t count = comes ? ::recv(socket_.Number(), buffer.data(), buffer.size(), 0) : 0;
@@ -58,10 +58,9 @@ char WireClient::Byte()
             return '\n';
         }
         received_.assign(buffer.data(), static_cast<size_t>(count));
+        taken_ = 0;
     }
-    const char byte = received_.front();
-    received_.erase(0, 1);
-    return byte;
+    return received_[taken_++];
 }
 
 std::string WireClient::Line()
@@ -94,7 +93,7 @@ std::string WireClient::Block()
 
 bool WireClient::IsClosed()
 {
-    if (!received_.empty() || !WaitFor(socket_.Number(), POLLIN, kPatienceMs))
+    if (taken_ < received_.size() || !WaitFor(socket_.Number(), POLLIN, kPatienceMs))
         return false;
     char byte = 0;
     return ::recv(socket_.Number(), &byte, 1, 0) <= 0;
@@ -102,7 +101,7 @@ bool WireClient::IsClosed()
 
 bool WireClient::IsSilent(int milliseconds)
 {
-    return received_.empty() && !WaitFor(socket_.Number(), POLLIN, milliseconds);
+    return taken_ == received_.size() && !WaitFor(socket_.Number(), POLLIN, milliseconds);
 }
 
 void WireClient::EndSending() const

@@ -40,4 +40,5 @@ private:
 
     Descriptor socket_;
     std::string received_;
+    size_t taken_ = 0; ///< of received_
 };

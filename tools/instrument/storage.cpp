@@ -126,52 +126,44 @@ InstrumentError Storage::List(const WirePath& path, std::vector<StorageEntry>& e
 
 InstrumentError Storage::Find(const WirePath& path, std::string_view name, StorageEntry& entry) const
 {
-    Descriptor folder;
-    std::string diskName;
-    struct stat status { };
-    const auto error = Locate(path, name, folder, diskName, status);
+    Located found;
+    const auto error = Locate(path, name, found);
     if (error == InstrumentError::None)
-        entry = EntryOf(std::string(name), status);
+        entry = EntryOf(std::string(name), found.Status);
     return error;
 }
 
 InstrumentError Storage::MakeFolder(const WirePath& path, std::string_view name)
 {
-    Descriptor folder;
-    std::string diskName;
-    struct stat status { };
-    const auto found = Locate(path, name, folder, diskName, status);
-    if (found != InstrumentError::NotFound || !folder.IsOpen())
+    Located place;
+    const auto found = Locate(path, name, place);
+    if (found != InstrumentError::NotFound || !place.Folder.IsOpen())
         return found == InstrumentError::None ? InstrumentError::FileName : found;
     const bool fits = PathText(path).size() + 1 + name.size() <= kMaxPathBytes && path.size() < kMaxPathFolders;
     if (!fits)
         return InstrumentError::FileName;
-    const int result = ::mkdirat(folder.Number(), diskName.c_str(), kFolderMode);
+    const int result = ::mkdirat(place.Folder.Number(), place.DiskName.c_str(), kFolderMode);
     // Something that no client sees may stand there.
     return result != 0 && errno == EEXIST ? InstrumentError::FileName : ResultOf(result);
 }
 
 InstrumentError Storage::RemoveFolder(const WirePath& path, std::string_view name)
 {
-    Descriptor folder;
-    std::string diskName;
-    struct stat status { };
-    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+    Located found;
+    if (const auto error = Locate(path, name, found); error != InstrumentError::None)
         return error;
-    if (!S_ISDIR(status.st_mode))
+    if (!S_ISDIR(found.Status.st_mode))
         return InstrumentError::NotFound;
-    return ResultOf(::unlinkat(folder.Number(), diskName.c_str(), AT_REMOVEDIR));
+    return ResultOf(::unlinkat(found.Folder.Number(), found.DiskName.c_str(), AT_REMOVEDIR));
 }
 
 InstrumentError Storage::OpenFile(
     const WirePath& path, std::string_view name, Descriptor& file, std::uint64_t& size) const
 {
-    Descriptor folder;
-    std::string diskName;
-    struct stat status { };
-    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+    Located found;
+    if (const auto error = Locate(path, name, found); error != InstrumentError::None)
         return error;
-    return OpenDiskFile(folder.Number(), diskName, file, size) ? InstrumentError::None : ErrorOf(errno);
+    return OpenDiskFile(found.Folder.Number(), found.DiskName, file, size) ? InstrumentError::None : ErrorOf(errno);
 }
 
 InstrumentError Storage::BeginStore(const WirePath& path, std::string_view name, StorePlace place, std::uint64_t size)
@@ -274,60 +266,47 @@ InstrumentError Storage::CheckTarget(const Target& target) const
 
 InstrumentError Storage::RemoveFile(const WirePath& path, std::string_view name)
 {
-    Descriptor folder;
-    std::string diskName;
-    struct stat status { };
-    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+    Located found;
+    if (const auto error = LocateFile(path, name, found); error != InstrumentError::None)
         return error;
-    if (S_ISDIR(status.st_mode))
-        return InstrumentError::NotFound;
-    if (IsLocked(status))
+    if (IsLocked(found.Status))
         return InstrumentError::Protected;
-    return ResultOf(::unlinkat(folder.Number(), diskName.c_str(), 0));
+    return ResultOf(::unlinkat(found.Folder.Number(), found.DiskName.c_str(), 0));
 }
 
 InstrumentError Storage::Rename(const WirePath& path, std::string_view oldName, std::string_view newName)
 {
-    Descriptor folder;
-    std::string oldDiskName;
-    struct stat status { };
-    if (const auto error = Locate(path, oldName, folder, oldDiskName, status); error != InstrumentError::None)
+    Located found;
+    if (const auto error = Locate(path, oldName, found); error != InstrumentError::None)
         return error;
     const auto newDiskName = DiskName(newName);
     if (!newDiskName || PathText(path).size() + 1 + newName.size() > kMaxPathBytes)
         return InstrumentError::FileName;
-    if (S_ISREG(status.st_mode) && IsLocked(status))
+    if (S_ISREG(found.Status.st_mode) && IsLocked(found.Status))
         return InstrumentError::Protected;
     struct stat other { };
-    if (::fstatat(folder.Number(), newDiskName->c_str(), &other, AT_SYMLINK_NOFOLLOW) == 0)
+    if (::fstatat(found.Folder.Number(), newDiskName->c_str(), &other, AT_SYMLINK_NOFOLLOW) == 0)
         return InstrumentError::FileName;
-    return ResultOf(::renameat(folder.Number(), oldDiskName.c_str(), folder.Number(), newDiskName->c_str()));
+    return ResultOf(
+        ::renameat(found.Folder.Number(), found.DiskName.c_str(), found.Folder.Number(), newDiskName->c_str()));
 }
 
 InstrumentError Storage::SetLocked(const WirePath& path, std::string_view name, bool locked)
 {
-    Descriptor folder;
-    std::string diskName;
-    struct stat status { };
-    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+    Located found;
+    if (const auto error = LocateFile(path, name, found); error != InstrumentError::None)
         return error;
-    if (S_ISDIR(status.st_mode))
-        return InstrumentError::NotFound;
-    const mode_t permissions = status.st_mode & 07777;
+    const mode_t permissions = found.Status.st_mode & 07777;
     const mode_t wanted = locked ? permissions & ~kAnyoneWrites : permissions | kOwnerWrites;
-    return ResultOf(::fchmodat(folder.Number(), diskName.c_str(), wanted, 0));
+    return ResultOf(::fchmodat(found.Folder.Number(), found.DiskName.c_str(), wanted, 0));
 }
 
 InstrumentError Storage::GetLocked(const WirePath& path, std::string_view name, bool& locked) const
 {
-    Descriptor folder;
-    std::string diskName;
-    struct stat status { };
-    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+    Located found;
+    if (const auto error = LocateFile(path, name, found); error != InstrumentError::None)
         return error;
-    if (S_ISDIR(status.st_mode))
-        return InstrumentError::NotFound;
-    locked = IsLocked(status);
+    locked = IsLocked(found.Status);
     return InstrumentError::None;
 }
 
@@ -343,15 +322,11 @@ InstrumentError Storage::SetTime(const WirePath& path, std::string_view name, co
 
 InstrumentError Storage::SetStamp(const WirePath& path, std::string_view name, const std::tm& stamp, bool isDate)
 {
-    Descriptor folder;
-    std::string diskName;
-    struct stat status { };
-    if (const auto error = Locate(path, name, folder, diskName, status); error != InstrumentError::None)
+    Located found;
+    if (const auto error = LocateFile(path, name, found); error != InstrumentError::None)
         return error;
-    if (S_ISDIR(status.st_mode))
-        return InstrumentError::NotFound;
     std::tm old{};
-    ::localtime_r(&status.st_mtime, &old);
+    ::localtime_r(&found.Status.st_mtime, &old);
     const std::tm& date = isDate ? stamp : old;
     std::tm merged = isDate ? old : stamp;
     merged.tm_year = date.tm_year;
@@ -360,7 +335,7 @@ InstrumentError Storage::SetStamp(const WirePath& path, std::string_view name, c
     merged.tm_isdst = -1;
     const std::time_t changed = std::mktime(&merged);
     const timespec times[2] = { { 0, UTIME_OMIT }, { changed, 0 } };
-    return ResultOf(::utimensat(folder.Number(), diskName.c_str(), times, AT_SYMLINK_NOFOLLOW));
+    return ResultOf(::utimensat(found.Folder.Number(), found.DiskName.c_str(), times, AT_SYMLINK_NOFOLLOW));
 }
 
 StorageUsage Storage::Usage() const
@@ -393,20 +368,24 @@ InstrumentError Storage::OpenFolder(const WirePath& path, Descriptor& folder) co
     return folder.IsOpen() ? InstrumentError::None : ErrorOf(errno);
 }
 
-/// The folder is open on NotFound too, when it is only the name that is not there.
-InstrumentError Storage::Locate(
-    const WirePath& path, std::string_view name, Descriptor& folder, std::string& diskName, struct ::stat& status) const
+InstrumentError Storage::Locate(const WirePath& path, std::string_view name, Located& found) const
 {
     const auto converted = DiskName(name);
     if (!converted || (path.empty() && *converted == kPrivateFolder))
         return InstrumentError::FileName;
-    diskName = *converted;
-    if (const auto error = OpenFolder(path, folder); error != InstrumentError::None) {
-        folder.Close();
+    found.DiskName = *converted;
+    if (const auto error = OpenFolder(path, found.Folder); error != InstrumentError::None) {
+        found.Folder.Close();
         return error;
     }
-    if (::fstatat(folder.Number(), diskName.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+    if (::fstatat(found.Folder.Number(), found.DiskName.c_str(), &found.Status, AT_SYMLINK_NOFOLLOW) != 0)
         return ErrorOf(errno);
-    const bool isPlain = S_ISREG(status.st_mode) || S_ISDIR(status.st_mode);
+    const bool isPlain = S_ISREG(found.Status.st_mode) || S_ISDIR(found.Status.st_mode);
     return isPlain ? InstrumentError::None : InstrumentError::NotFound;
+}
+
+InstrumentError Storage::LocateFile(const WirePath& path, std::string_view name, Located& found) const
+{
+    const auto error = Locate(path, name, found);
+    return error == InstrumentError::None && S_ISDIR(found.Status.st_mode) ? InstrumentError::NotFound : error;
 }

@@ -202,6 +202,31 @@ LinkPeer StartLinkPeer(const std::string& source, const std::string& target, int
     return peer;
 }
 
+LinkPeer StartInstrument(const std::string& program, const std::string& root)
+{
+    std::array<int, 2> ends{};
+    if (::pipe(ends.data()) != 0)
+        std::abort();
+    LinkPeer peer;
+    peer.Process = ::fork();
+    if (peer.Process == 0) {
+        (void)::dup2(ends[1], STDOUT_FILENO);
+        (void)::execl(program.c_str(), program.c_str(), "--port", "0", "--root", root.c_str(), nullptr);
+        std::_Exit(1);
+    }
+    (void)::close(ends[1]);
+    std::string line;
+    char letter = 0;
+    while (::read(ends[0], &letter, 1) == 1 && letter != '\n')
+        line += letter;
+    (void)::close(ends[0]);
+    constexpr std::string_view kStart = "port ";
+    if (!line.starts_with(kStart))
+        std::abort();
+    peer.Port = static_cast<uint16_t>(std::stoi(line.substr(kStart.size())));
+    return peer;
+}
+
 void StopLinkPeer(const LinkPeer& peer)
 {
     (void)::kill(peer.Process, SIGTERM);

@@ -19,6 +19,9 @@ struct LinkPeer {
 LinkPeer StartLinkPeer(const std::string& source, const std::string& target, int entries);
 void StopLinkPeer(const LinkPeer& peer);
 
+/// Starts an instrument program on a port of its choice, with its files below `root`.
+LinkPeer StartInstrument(const std::string& program, const std::string& root);
+
 /// A bare connection to the peer.
 int ConnectToPeer(uint16_t port);
 

@@ -113,11 +113,13 @@ void BareUpload(int socket)
         "bare upload failed");
 }
 
-void Find()
+bool IsThere(const char* name)
 {
     int16_t err = -1;
     int16_t type = -1;
-    Require(scpi.scpiFindFile(&err, "x", &type) == 0 && err == TvScpiOk, "find failed");
+    const int16_t found = scpi.scpiFindFile(&err, name, &type);
+    Require(err == TvScpiOk, "find failed");
+    return found == 1;
 }
 
 void List()
@@ -139,6 +141,10 @@ void List()
 }
 
 struct Figures {
+    double InstrumentDownloadMs = 1e9;
+    double InstrumentUploadMs = 1e9;
+    double InstrumentListMs = 1e9;
+    double InstrumentFindUs = 1e9;
     double DownloadMs = 1e9;
     double UploadMs = 1e9;
     double BareDownloadMs = 1e9;
@@ -176,7 +182,7 @@ void MeasureRoundTrips(const LinkPeer& peer, Figures& figures)
         Connect(peer);
         const double find = Milliseconds([] {
             for (int i = 0; i < kRoundTrips / kRounds; ++i)
-                Find();
+                Require(!IsThere("x"), "find failed");
         });
         figures.ListMs = std::min(figures.ListMs, Milliseconds(List));
         scpi.scpiDisconnect();
@@ -191,11 +197,62 @@ void MeasureRoundTrips(const LinkPeer& peer, Figures& figures)
     }
 }
 
+/// Fills the instrument's folder of screen shots and goes there.
+LinkPeer StartFilledInstrument(const std::string& program)
+{
+    const std::string root = folder + "/instrument";
+    const std::string shots = root + "/Public/Screen Shots";
+    std::filesystem::create_directories(shots);
+    std::filesystem::copy_file(folder + "/source", shots + "/x");
+    for (int i = 1; i < kEntries; ++i)
+        std::ofstream(shots + "/Screen shot " + std::to_string(i) + ".png") << i;
+    const LinkPeer peer = StartInstrument(program, root);
+    Connect(peer);
+    int16_t err = -1;
+    scpi.scpiSetCurrentDirectory(&err, "\\Public\\Screen Shots");
+    Require(err == TvScpiOk, "no folder of screen shots");
+    return peer;
+}
+
+void MeasureInstrument(const std::string& program, Figures& figures)
+{
+    constexpr int kRounds = 5;
+    constexpr int kFinds = 1000;
+    const LinkPeer peer = StartFilledInstrument(program);
+    for (int round = 0; round < kRounds; ++round) {
+        figures.InstrumentListMs = std::min(figures.InstrumentListMs, Milliseconds(List));
+        figures.InstrumentDownloadMs = std::min(figures.InstrumentDownloadMs, Milliseconds(Download));
+        figures.InstrumentUploadMs = std::min(figures.InstrumentUploadMs, Milliseconds(Upload));
+        const double finds = Milliseconds([] {
+            for (int i = 0; i < kFinds; ++i)
+                Require(IsThere("x"), "find failed");
+        });
+        figures.InstrumentFindUs = std::min(figures.InstrumentFindUs, finds * 1000 / kFinds);
+    }
+    Require(IsSame(folder + "/source", folder + "/down")
+            && IsSame(folder + "/source", folder + "/instrument/Public/Screen Shots/x"),
+        "the bytes have changed");
+    scpi.scpiDisconnect();
+    StopLinkPeer(peer);
+    std::filesystem::remove_all(folder + "/instrument");
+}
+
+void Print(const Figures& figures)
+{
+    std::printf("{\"download\": %.2f, \"bareDownload\": %.2f, \"upload\": %.2f, \"bareUpload\": %.2f, "
+                "\"growth\": %.2f, \"find\": %.2f, \"bareLine\": %.2f, \"listing\": %.2f, ",
+        figures.DownloadMs, figures.BareDownloadMs, figures.UploadMs, figures.BareUploadMs, figures.GrowthMebibytes,
+        figures.FindUs, figures.BareLineUs, figures.ListMs);
+    std::printf("\"instrumentDownload\": %.2f, \"instrumentUpload\": %.2f, \"instrumentFind\": %.2f, "
+                "\"instrumentListing\": %.2f}\n",
+        figures.InstrumentDownloadMs, figures.InstrumentUploadMs, figures.InstrumentFindUs, figures.InstrumentListMs);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    Require(argc == 2, "usage: bench_link FOLDER");
+    Require(argc == 3, "usage: bench_link FOLDER INSTRUMENT");
     folder = argv[1];
     WriteSource(folder + "/source");
     const LinkPeer peer = StartLinkPeer(folder + "/source", folder + "/up", kEntries);
@@ -206,11 +263,9 @@ int main(int argc, char** argv)
     MeasureTransfers(peer, figures);
     MeasureRoundTrips(peer, figures);
     StopLinkPeer(peer);
+    MeasureInstrument(argv[2], figures);
     for (const char* name : { "/source", "/up", "/down", "/bare" })
         std::filesystem::remove(folder + name);
-    std::printf("{\"download\": %.2f, \"bareDownload\": %.2f, \"upload\": %.2f, \"bareUpload\": %.2f, "
-                "\"growth\": %.2f, \"find\": %.2f, \"bareLine\": %.2f, \"listing\": %.2f}\n",
-        figures.DownloadMs, figures.BareDownloadMs, figures.UploadMs, figures.BareUploadMs, figures.GrowthMebibytes,
-        figures.FindUs, figures.BareLineUs, figures.ListMs);
+    Print(figures);
     return 0;
 }

@@ -48,9 +48,12 @@ row("write binary of 1024 rows to disk", store["Save"], 1.5 * store["BareReplace
 link = load("link")
 for way, bare in (("download", "bareDownload"), ("upload", "bareUpload")):
     row(f"{way} of 64 MiB", link[way], link[bare] / 0.8, "ms", f"bare file to socket to file {link[bare]:.1f} ms")
+    row(f"{way} of 64 MiB, simulated receiver", link["instrument" + way.title()], None, "ms")
 row("growth of peak memory by these transfers", link["growth"], 4, "MiB")
 row("find of a file", link["find"], 2 * link["bareLine"], "us", f"bare line there and back {link['bareLine']:.1f} us")
-row("walk of 10,000 files", link["listing"], 300, "ms")
+row("find of a file, simulated receiver", link["instrumentFind"], None, "us")
+row("walk of 10,000 files, simulated receiver", link["instrumentListing"], 300, "ms",
+    f"catalogue at hand {link['listing']:.1f} ms")
 
 print("| what | figure | at most | | beside |")
 print("|---|---|---|---|---|")

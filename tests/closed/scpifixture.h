@@ -33,6 +33,19 @@ int16_t Call(Result (*operation)(int16_t*, Parameters...), std::type_identity_t<
 /// A block as it stands in a stream, without a line end.
 std::string Block(const std::string& bytes);
 
+/// The request of an exchange.
+inline std::string Exchange(const std::string& command)
+{
+    return "*CLS\n" + command + "\nSYST:ERR?\n";
+}
+
+/// An operation on files with its word on the wire.
+template <typename Operation>
+struct Worded {
+    Operation Call;
+    std::string Word;
+};
+
 class ScpiTest : public testing::Test {
 protected:
     ScpiTest();

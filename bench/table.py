@@ -27,6 +27,10 @@ for display in ("offscreen", "xvfb"):
     row(f"Page Down to finished repaint, {display}", editor["pageDown"], 4, "ms",
         f"slowest {editor['slowestPageDown']:.2f} ms")
 
+    fileList = load(f"fileList-{display}")
+    row(f"10,000 files in the list on the screen, {display}", fileList["show"], 200, "ms",
+        f"all of them selected {fileList['selectAll']:.2f} ms")
+
 def best(name):
     """The shortest of the repeated runs of each benchmark, in ms."""
     figures = {}

@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int kUsualNameCharacters = 34;
-constexpr int kUsualRows = 16;
+constexpr int kUsualRows = 20;
 constexpr int kCellMarginCharacters = 3;
 
 /// A line without the dotted frame around its first cell, and an edit of a name that keeps Escape for itself.

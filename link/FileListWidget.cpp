@@ -144,7 +144,8 @@ void FileListWidget::ShowSelection()
     list_.CurrentRow = hasCurrent ? current : -1;
 }
 
-/// Folders and names are sorted by the column that nobody sees.
+/// Folders and names are sorted by the column that nobody sees. The arrow points up for a rising order, as in the grid
+/// of the editors; the toolkit means it the other way round.
 void FileListWidget::ShowSortMark()
 {
     header()->setSortIndicatorShown(list_.Sorted);
@@ -152,7 +153,7 @@ void FileListWidget::ShowSortMark()
         return;
     const int column = list_.SortKey == FileListSort ? FileListName : list_.SortKey;
     const bool ascends = list_.SortOrder == FileListOrder::Ascending;
-    header()->setSortIndicator(column, ascends ? Qt::AscendingOrder : Qt::DescendingOrder);
+    header()->setSortIndicator(column, ascends ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void FileListWidget::OnSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected)

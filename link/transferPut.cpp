@@ -114,6 +114,14 @@ QString Quoted(QString name)
     return u'"' + name.replace(u'"', QStringLiteral("\"\"")) + u'"';
 }
 
+QString StampCommand(const char* what, const QString& name, std::initializer_list<int> numbers)
+{
+    QString command = QStringLiteral("MMEM:FILE:") + QLatin1String(what) + u' ' + Quoted(name);
+    for (const int number : numbers)
+        command += QStringLiteral(", ") + QString::number(number);
+    return command;
+}
+
 } // namespace
 
 void TransferPutFiles(FileList& source, FileList& /*target*/)
@@ -132,12 +140,10 @@ void TransferPutActive(FileList& source)
 void FileSetInstrDate(const QString& name, const QDateTime& date, bool lock)
 {
     if (date.isValid()) {
-        const QString command = QStringLiteral("MMEM:FILE:%1 %2, %3, %4, %5");
         const QDate day = date.date();
         const QTime time = date.time();
-        ChannelSend(command.arg(QStringLiteral("DATE"), Quoted(name)).arg(day.year()).arg(day.month()).arg(day.day()));
-        ChannelSend(
-            command.arg(QStringLiteral("TIME"), Quoted(name)).arg(time.hour()).arg(time.minute()).arg(time.second()));
+        ChannelSend(StampCommand("DATE", name, { day.year(), day.month(), day.day() }));
+        ChannelSend(StampCommand("TIME", name, { time.hour(), time.minute(), time.second() }));
     }
     if (lock)
         TransferSetLock(name, true);

@@ -422,8 +422,8 @@ TEST_F(Upload, PercentInANameIsNoPlaceForANumber)
 {
     FileSetInstrDate("a%1b%3.png", QDateTime(QDate(2025, 12, 31), QTime(23, 59, 58)), false);
     EXPECT_EQ(fake_.Log,
-        QStringList({ "Send MMEM:FILE:DATE \"a%1b%3.png\", 2025, 12, 31",
-            "Send MMEM:FILE:TIME \"a%1b%3.png\", 23, 59, 58" }));
+        QStringList(
+            { "Send MMEM:FILE:DATE \"a%1b%3.png\", 2025, 12, 31", "Send MMEM:FILE:TIME \"a%1b%3.png\", 23, 59, 58" }));
 }
 
 TEST_F(UploadActive, EachFileIsSentAndTheBarShowsOne)

@@ -16,6 +16,9 @@ namespace {
 constexpr int kLookMs = 20;
 constexpr int kPatienceMs = 30000;
 
+/// From then on a shown form is given the keyboard that a busy window manager has left to nobody.
+constexpr int kManagerPatienceMs = 3000;
+
 /// Looks that pass before a picture, so that what the last step changed has been painted.
 constexpr int kLooksToSettle = 5;
 
@@ -52,6 +55,8 @@ void TourPlayer::Look()
     if (waiting_.elapsed() > kPatienceMs)
         GiveUp(step);
     QWidget* form = ShownForm(step.Form);
+    if (form != nullptr && QApplication::activeWindow() == nullptr && waiting_.elapsed() > kManagerPatienceMs)
+        form->activateWindow();
     const bool isReady = form != nullptr && form->isActiveWindow() && step.Ready(*form);
     looksSinceReady_ = isReady ? looksSinceReady_ + 1 : 0;
     if (looksSinceReady_ > kLooksToSettle)

@@ -9,8 +9,8 @@ namespace {
 
 constexpr int kPatienceMs = 30000;
 
-/// Connections have ports of at most four digits.
-const QString kPorts = QStringLiteral("6000-9999");
+/// Connections have ports of at most four digits. No test takes these: the receiver, once stopped, finds its port free.
+const QString kPorts = QStringLiteral("4600-4999");
 
 } // namespace
 

@@ -106,8 +106,8 @@ bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
     return key.Key == Qt::Key_F1 && goesDown && ShowTopicOf(watched);
 }
 
-/// An Escape that closes a list, a menu or a file dialog, ends an edit in place, or leaves the What's This mode, must not close the form below
-/// as well, neither at once nor with its release.
+/// An Escape that closes a list, a menu or a file dialog, ends an edit in place, or leaves the What's This mode, must
+/// not close the form below as well, neither at once nor with its release.
 bool KeyboardFilter::IsOurEscape(const QKeyEvent& event)
 {
     if (event.type() == QEvent::KeyRelease)

@@ -60,7 +60,7 @@ enum TvScpiStatus { TvScpiOk = 0, TvScpiLinkFailed = 1, TvScpiRefused = 2, TvScp
     TVSCPI_START_FIND(X, scpiStartFindSuppressListFiles)                                                               \
     TVSCPI_START_FIND(X, scpiStartFindCorrectionSetFiles)                                                              \
     /* One row of the walk. `*type` is 0 for a file, 1 for a folder. A non-zero `*last`: this row is valid and no      \
-       further one follows. The year has four digits. */                                                                             \
+       further one follows. The year has four digits. */                                                               \
     X(void, scpiGetNextFile,                                                                                           \
         (int16_t * err, int16_t * type, int16_t * last, int16_t * year, int16_t * month, int16_t * day,                \
             int16_t * hour, int16_t * minute, int16_t * second, char* name, int32_t nameSize))

@@ -1,9 +1,9 @@
 // The channel plans of examples/, against frequencies looked up in the standards, and the files in the tree.
 #include "closed/loader.h"
 #include "link/model.h"
+#include "link/textRules.h"
 #include "lists/limits.h"
 #include "lists/memoryList.h"
-#include "link/textRules.h"
 #include "tests/support/fixture.h"
 #include "tools/examples/plans.h"
 

@@ -119,7 +119,8 @@ void RepairStamp(CatalogueEntry& entry)
     const std::chrono::year_month_day date(std::chrono::year(entry.Year),
         std::chrono::month(static_cast<unsigned>(entry.Month)), std::chrono::day(static_cast<unsigned>(entry.Day)));
     const bool isFourDigits = entry.Year >= 1000 && entry.Year <= 9999;
-    if (isFourDigits && date.ok() && entry.Hour < 24 && entry.Minute < 60 && entry.Second < 60)
+    const bool isShort = entry.Month <= 12 && entry.Day <= 31; // a calendar type keeps eight bits of a number
+    if (isFourDigits && isShort && date.ok() && entry.Hour < 24 && entry.Minute < 60 && entry.Second < 60)
         return;
     entry.Year = 1980;
     entry.Month = entry.Day = 1;

@@ -134,8 +134,9 @@ TEST_F(ScpiWalk, OnlyNamesThatAreLeftOutAreNothingToWalk)
 
 TEST_F(ScpiWalk, StampThatNoCalendarHasBecomesTheFirstOne)
 {
-    for (const std::string& stamp : Names{ "0,0,0,0,0,0", "2023,2,29,1,2,3", "2024,13,1,0,0,0", "2024,1,1,24,0,0",
-             "2024,1,1,0,60,0", "2024,1,1,0,0,60", "24,1,1,0,0,0", "12024,1,1,0,0,0" }) {
+    for (const std::string& stamp :
+        Names{ "0,0,0,0,0,0", "2023,2,29,1,2,3", "2024,13,1,0,0,0", "2024,1,1,24,0,0", "2024,1,1,0,60,0",
+            "2024,1,1,0,0,60", "24,1,1,0,0,0", "12024,1,1,0,0,0", "2023,12,262,1,2,3", "2024,257,1,0,0,0" }) {
         ASSERT_EQ(Start(",\"a\",FILE,1," + stamp), kOk) << stamp;
         EXPECT_EQ(Next().Stamp, (std::vector<int16_t>{ 1980, 1, 1, 0, 0, 0 })) << stamp;
     }

@@ -126,7 +126,10 @@ QString DriveText(const Drive& drive)
 
 Drive DriveAtRoot(const QString& path)
 {
-    return DriveOf(VolumeOf(QStorageInfo(path)));
+    MountedVolume volume = VolumeOf(QStorageInfo(path));
+    if (volume.Root.isEmpty()) // a container does not always tell what its root is mounted from
+        volume.Root = RootWithoutSlash(path);
+    return DriveOf(volume);
 }
 
 DriveSource& TheDriveSource()

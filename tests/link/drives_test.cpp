@@ -52,6 +52,14 @@ TEST_F(Drives, ShowTheirNameAndLetterOrPlace)
     EXPECT_EQ(DriveText({ "/", "", DriveKind::Fixed }), "File System (/)");
 }
 
+TEST_F(Drives, RootThatTheSystemTellsNothingOfIsStillADrive)
+{
+    const Drive drive = DriveAtRoot("/no/such/volume");
+    EXPECT_EQ(drive.Root, "/no/such/volume");
+    EXPECT_TRUE(drive.Name.isEmpty());
+    EXPECT_EQ(drive.Kind, DriveKind::Fixed);
+}
+
 TEST_F(Drives, OfThisSystemBeginWithTheRootAndHoldTheHomeFolder)
 {
     const std::vector<Drive> drives = TheDriveSource()();

@@ -1,0 +1,36 @@
+// screen/screenTable.h: the screen documents: one picture of a receiver's display each, in memory.
+#pragma once
+
+#include "screen/window.h"
+
+#include <QDateTime>
+#include <QImage>
+
+#include <array>
+
+/// Index of a colour of a document.
+enum ColourIndex { ColourBackground = 0, ColourForeground = 1, ColourMarker = 2, ColourText = 3 };
+inline constexpr int kColours = 4;
+
+struct ScreenRecord {
+    qint16 SourceTag = 0; ///< the window subtype at creation
+    qint16 DocumentIndex = 0;
+    QDateTime Date; ///< of the file, or the moment of opening or capture
+    std::array<quint32, kColours> Colours{}; ///< 0x00BBGGRR
+    qint16 ZoomState = 0;
+    qint16 PalNr = 0; ///< 0 colour, 1 black on white
+    QImage Master; ///< the picture at its own size: what `PbDefGraph` shows. Format_RGB32
+    QImage Graph; ///< the stretched copy: what `PbGraph` shows. Format_RGB32
+};
+
+/// Documents by index, 1 to kDocumentsOfType; element 0 is not used.
+std::array<ScreenRecord, kDocumentsOfType + 1>& ScreenTable();
+
+/// The document of a screen window in use; null for any other id.
+ScreenRecord* ScreenOf(WindowId id);
+
+/// A fresh document for a window: cleared, with the date of now and the colours and palette that were set last.
+ScreenRecord& ScreenInitialise(WindowId id);
+
+/// Releases what the document of this window holds.
+void ScreenFree(WindowId id);

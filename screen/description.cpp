@@ -1,11 +1,44 @@
 #include "screen/description.h"
 
 #include "app/ini.h"
+#include "app/project.h"
+
+#include <QFontMetrics>
+#include <QTextLayout>
+#include <QtMath>
+
+#include <algorithm>
 
 namespace {
 
 const QString kSection = QStringLiteral("Screen");
 const QString kViewKey = QStringLiteral("ViewDescr");
+const QString kLineEnd = QStringLiteral("\r\n");
+
+constexpr int kFontPixels = 12;
+constexpr int kSeparatorHeight = 1;
+
+/// Lines of one paragraph, which holds no line end.
+QStringList WrapParagraph(const QString& paragraph, const QFont& font, int width)
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    QTextLayout layout(paragraph, font);
+    layout.setTextOption(option);
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines.append(paragraph.mid(line.textStart(), line.textLength()));
+    }
+    layout.endLayout();
+    return lines.isEmpty() ? QStringList{ QString() } : lines;
+}
+
+QString WithLineFeeds(QString text)
+{
+    return text.replace(kLineEnd, QStringLiteral("\n")).replace(u'\r', u'\n').replace(QChar::ParagraphSeparator, u'\n');
+}
 
 } // namespace
 
@@ -28,4 +61,119 @@ void DescrLoadSettings(const QString& iniFile)
 void DescrSaveSettings(const QString& iniFile)
 {
     IniWriteByte(iniFile, kSection, kViewKey, TheDescriptionDefaults().ViewDescr);
+}
+
+DescriptionColumns DescrColumnsOf(qint16 windowType)
+{
+    switch (windowType) {
+    case WindowDataSet:
+        return { WindowDefaultColumns(windowType), 60, 110 };
+    case WindowScreen:
+        return { WindowDefaultColumns(windowType), 40, 100 };
+    default:
+        return {};
+    }
+}
+
+bool ValidInt(const QString& text, const DescriptionColumns& limits, int& value)
+{
+    bool isNumber = false;
+    const short number = text.trimmed().toShort(&isNumber);
+    if (!isNumber || number < limits.Least || number > limits.Most)
+        return false;
+    value = number;
+    return true;
+}
+
+bool DescrVisible(WindowId id)
+{
+    if (!WindowInUse(id) || !WindowAt(id).DescriptionVisible)
+        return false;
+    const ScreenView* view = ViewOf(id);
+    return view == nullptr || view->State() != WinStateMaximised;
+}
+
+QFont DescrFont(qint16 windowType)
+{
+    QFont font(QStringLiteral("Courier New"));
+    font.setStyleHint(QFont::TypeWriter);
+    font.setFixedPitch(true);
+    font.setPixelSize(kFontPixels);
+    font.setBold(windowType == WindowScreen);
+    return font;
+}
+
+int DescrWidth(WindowId id)
+{
+    if (!WindowInUse(id))
+        return 0;
+    const QFontMetricsF metrics(DescrFont(WindowTypeOf(id))); // a column can be a fraction of a pixel wide
+    return qCeil(metrics.horizontalAdvance(QString(WindowAt(id).DescriptionColumns, u' ')));
+}
+
+int DescrLineHeight(WindowId id)
+{
+    return QFontMetrics(DescrFont(WindowTypeOf(id))).height();
+}
+
+QStringList DescrLines(const QString& text, WindowId id)
+{
+    const QFont font = DescrFont(WindowTypeOf(id));
+    const int width = DescrWidth(id);
+    QStringList lines;
+    const QStringList paragraphs = WithLineFeeds(text).split(u'\n');
+    for (const QString& paragraph : paragraphs)
+        lines.append(WrapParagraph(paragraph, font, width));
+    return lines;
+}
+
+int DescrLineCount(WindowId id)
+{
+    return WindowInUse(id) ? static_cast<int>(DescrLines(WindowAt(id).Description, id).size()) : 0;
+}
+
+int DescrHeight(WindowId id)
+{
+    return DescrVisible(id) ? std::max(DescrLineCount(id), 1) * DescrLineHeight(id) + kSeparatorHeight : 0;
+}
+
+DescriptionLayout DescrLayout(WindowId id, QSize client)
+{
+    const int height = DescrHeight(id);
+    if (height == 0)
+        return { false, QRect(0, client.height(), client.width(), 0), client.height() };
+    const int width = DescrWidth(id);
+    const int lineTop = client.height() - height;
+    const QRect text((client.width() - width) / 2, lineTop + kSeparatorHeight, width, height - kSeparatorHeight);
+    return { true, text, lineTop };
+}
+
+QString DescrFit(const QString& text, int columns)
+{
+    qsizetype line = 1;
+    for (qsizetype position = 1; position <= text.size(); ++position) {
+        const bool atLineEnd = QStringView(text).sliced(position - 1).startsWith(kLineEnd);
+        if (atLineEnd || position == columns * line)
+            ++line;
+        if (line > kDescriptionLines)
+            return text.left(atLineEnd ? position - 1 : position);
+    }
+    return text;
+}
+
+QString DescrNormalised(const QString& text)
+{
+    QString result;
+    const QString lines = WithLineFeeds(text);
+    for (const QChar character : lines) {
+        if (character == u'\n')
+            result += kLineEnd;
+        else if (character.category() == QChar::Other_Control)
+            result += u' ';
+        else
+            result += character;
+    }
+    while (result.endsWith(u' '))
+        result.chop(1);
+    return result;
 }

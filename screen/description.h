@@ -1,9 +1,14 @@
-// screen/description.h: the user's text block under a picture.
+// screen/description.h: the user's text block under a picture: how it wraps, how high it is, where it stands. Changing
+// it is in descriptionEdit.h.
 #pragma once
 
-#include <QString>
+#include "screen/view.h"
 
-/// Whether a new window shows the block: the value set last. `ViewDescr`, 0 for hidden.
+#include <QFont>
+#include <QString>
+#include <QStringList>
+
+/// `ViewDescr` of the settings file, 0 for hidden: kept as it was read. A new window always begins with a hidden block.
 struct DescriptionDefaults {
     quint8 ViewDescr = 0;
 };
@@ -12,3 +17,47 @@ void DescrReset();
 
 void DescrLoadSettings(const QString& iniFile);
 void DescrSaveSettings(const QString& iniFile);
+
+inline constexpr int kDescriptionLines = 10;
+
+/// Columns that a description may have, both ends included, and what it has at first. All 0 for a type without one.
+struct DescriptionColumns {
+    int Default = 0;
+    int Least = 0;
+    int Most = 0;
+};
+DescriptionColumns DescrColumnsOf(qint16 windowType);
+
+/// Checks what was typed as columns; `value` is set only if it is valid.
+[[nodiscard]] bool ValidInt(const QString& text, const DescriptionColumns& limits, int& value);
+
+/// True for a window in use that shows its block: a maximised window shows none.
+bool DescrVisible(WindowId id);
+
+/// Font of the block: 9 points at 96 pixels an inch, so that a text wraps alike on every screen and in a saved picture;
+/// bold on a screen window.
+QFont DescrFont(qint16 windowType);
+
+/// Width of the text of a window's columns, and height of one line, in pixels.
+int DescrWidth(WindowId id);
+int DescrLineHeight(WindowId id);
+
+/// The lines of `text` as the block of a window shows them: broken by word where a line has a place for it, else
+/// anywhere. An empty text is one line. Line ends may be "\r\n" or "\n"; none are in the result.
+QStringList DescrLines(const QString& text, WindowId id);
+
+/// Number of lines of the window's text.
+int DescrLineCount(WindowId id);
+
+/// Height of the block with its line above, in pixels; 0 while it is not visible.
+int DescrHeight(WindowId id);
+
+/// Where the block stands in a window of this client size; below its bottom edge while not visible.
+DescriptionLayout DescrLayout(WindowId id, QSize client);
+
+/// Cuts a text to ten lines of `columns` characters. A line ends at each "\r\n", and at each position that is the
+/// columns times the number of the line: positions count from the start of the text, over line ends too.
+QString DescrFit(const QString& text, int columns);
+
+/// A text as the record holds it: lines parted by "\r\n", no other control characters, no blanks at the end.
+QString DescrNormalised(const QString& text);

@@ -3,13 +3,18 @@
 
 #include <QSize>
 
-/// The arrangement in progress.
-enum Arrangement { ArrangeCascade = 0, ArrangeTileHorizontally = 1, ArrangeTileVertically = 2, ArrangeIcons = 3,
-    ArrangeNone = 65535 };
+/// The arrangement in progress, and the codes of the commands.
+enum Arrangement {
+    ArrangeCascade = 0,
+    ArrangeTileHorizontally = 1,
+    ArrangeTileVertically = 2,
+    ArrangeIcons = 3,
+    ArrangeNone = 65535
+};
 
 /// Pixels.
 struct FitInput {
-    QSize Master; ///< picture at its own size
+    QSize Master; ///< picture at its own size; without one nothing is fitted
     QSize Client; ///< of the window, as it is now
     QSize Graph; ///< the visible picture, as it is now
     int DescriptionHeight = 0;
@@ -17,8 +22,13 @@ struct FitInput {
     int Arranging = ArrangeNone;
 };
 
-/// The client size that the window takes, by the rules for a window in normal state.
+/// The client size that the window takes, by the rules for a window in normal state. At least 1 by 1; a size that fits
+/// stays as it is.
+///
+/// Where the height leads, the width follows such that the picture above the description has its aspect. One step of
+/// "present width times height over needed height" leaves it a little too wide under a description; what is taken here
+/// is where these steps end, so that fitting twice is fitting once.
 QSize FitClient(const FitInput& input);
 
-/// Size of the picture above the description, for a window of this client size.
+/// Size of the picture in a window of this client size. `descriptionTop` is where the description's line stands.
 QSize GraphFor(QSize client, bool descriptionVisible, int descriptionTop);

@@ -1,8 +1,8 @@
-// screen/screenWindow.h: what happens to a document window: sizing, drawing, arranging, closing, copying. Decides; the
-// window itself is reached through screen/view.h.
+// screen/screenWindow.h: what happens to a document window: it comes to be, is sized, drawn, closed, copied. Decides;
+// the window itself is reached through screen/view.h.
 #pragma once
 
-#include "screen/window.h"
+#include "screen/screenTable.h"
 
 #include <QImage>
 #include <QString>
@@ -13,21 +13,35 @@
 struct ScreenWindowState {
     int Arranging = 65535; ///< Arrangement in progress
     bool ResizePending = false;
-    int PendingTicks = 0;
+    int PendingTicks = 0; ///< that a held mouse button has let go by
+    bool ClosingAll = false; ///< the windows that are left are not tiled after each one
     QVector<WindowId> Chosen; ///< by the last selection, in its order
 };
 ScreenWindowState& TheScreenWindows();
+
+/// No window, no document, no view, nothing pending, no hooks.
 void ScreenWindowsReset();
 
 /// Number of ticks that a held mouse button delays a resize.
 inline constexpr int kPendingTicks = 24;
 
-// Events of the window.
-void ScreenLoaded(WindowId id); ///< Sizing a new window
+/// A document on its way into a window.
+struct NewDocument {
+    QImage Master; ///< Format_RGB32
+    QDateTime Date; ///< invalid for the present moment
+    QString Caption; ///< until the first drawing, which a picture from a file keeps
+    bool Modified = false;
+};
+
+/// Puts a document into an allocated slot: record, view, size, drawing. It is in front afterwards if the main frame is
+/// the active window.
+void ScreenCreate(const WindowSlot& slot, const NewDocument& document);
+
+// Events of the window, raised by its form. The form does not raise the load event: ScreenCreate sizes a new window.
+
+/// Another size, whoever set it. While the left button is down it is only noted.
 void ScreenResized(WindowId id, bool leftButtonDown);
 void ScreenActivated(WindowId id, bool active);
-[[nodiscard]] bool ScreenMayClose(WindowId id); ///< the question; true lets it close
-void ScreenUnloaded(WindowId id); ///< frees the slot; text 11801 when it was the last one
 
 /// On each tick of the frame's timer.
 void CheckPendingResize(bool leftButtonDown);
@@ -37,19 +51,18 @@ void ApplySize(WindowId id);
 void FitWindow(WindowId id);
 void DrawScreenWindow(WindowId id); ///< nothing before the graphics are valid
 
+/// The picture is as large as in a new window. False while minimised or maximised.
 bool AtDefaultSize(WindowId id);
 void SetDefaultSize(WindowId id);
 
-void ArrangeWindows(int code);
-void ToggleAutoTile();
-void RetileIfWished(); ///< the number of windows, or their room, has changed
+/// What the window is called: its caption, or its title while it has none.
+QString ScreenTitle(WindowId id);
 
-/// Closing with its question. `single`: one window is closed by itself. False keeps the window.
-[[nodiscard]] bool CloseQuestion(WindowId id, bool single);
-bool CloseWindow(WindowId id, bool single);
-bool CloseAllWindows();
+/// Shows the window's title and a text as status; empties the status line.
+void ScreenStatus(WindowId id, int textId);
+void ScreenStatusClear();
 
-/// Shows the composed picture on the clipboard; text 12707 when that fails.
+/// Copies the composed picture to the clipboard; text 12707 when that fails.
 void CopyGraphics(WindowId id);
 
 /// What these need of the desktop and of other folders; bound by the composition.
@@ -59,6 +72,3 @@ struct ScreenWindowHooks {
     std::function<bool(const QVector<WindowId>& offered)> SelectWindows; ///< FmSelectWindow; fills Chosen
 };
 ScreenWindowHooks& TheScreenWindowHooks();
-
-/// Offers windows and leaves the chosen ones in `Chosen`; a single candidate is chosen without a form.
-void ChooseWindows(int mask, bool withImages);

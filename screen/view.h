@@ -1,5 +1,5 @@
-// screen/view.h: the window of a document as the modules see it: the form `MfScreen`, or nothing but its sizes where the
-// program has no windows. Whoever decides sizes, texts and colours is a module; the view applies them.
+// screen/view.h: the window of a document as the modules see it: the form `MfScreen`, or nothing but its sizes where
+// the program has no windows. Whoever decides sizes, texts and colours is a module; the view applies them.
 #pragma once
 
 #include "screen/window.h"
@@ -14,8 +14,8 @@
 /// Where the description stands below the picture. Pixels of the client area.
 struct DescriptionLayout {
     bool Visible = false;
-    QRect Text; ///< `TbDescription`
-    int LineTop = 0; ///< `LnDescr`, over the whole width
+    QRect Text; ///< `TbDescription`: as wide as its columns, which can be more than the window
+    int LineTop = 0; ///< `LnDescr`, over the whole width; the picture ends above it
 };
 
 class ScreenView {
@@ -38,26 +38,34 @@ public:
     virtual void SetCaption(const QString& caption) = 0;
     virtual void SetIcon(bool imageFromFile) = 0;
 
-    virtual void SetDescription(const QString& text) = 0; ///< the text of `TbDescription`, without a change event
+    /// The text of `TbDescription`, lines parted by "\r\n", without a change event; the caret goes to its end.
+    virtual void SetDescription(const QString& text) = 0;
     virtual void LayOutDescription(const DescriptionLayout& layout) = 0;
     virtual void SetColours(quint32 paper, quint32 text) = 0; ///< 0x00BBGGRR
     virtual void FillStatus(const QString& date, const QString& text, const QString& time) = 0;
 
-    virtual void Unload() = 0; ///< closes without a question; the view is gone afterwards
+    /// Closes without a question. The window is out of sight when this returns; ViewDrop follows.
+    virtual void Unload() = 0;
 };
 
-/// Makes the view of a window when it is created. The default is a view of sizes only, always in normal state.
+/// What makes the view of a window when it is created. It is visible from then on, behind the others until Show; its
+/// sizes, its picture and its texts follow. The default is a view of sizes only, always in normal state.
 struct ScreenViewHooks {
     std::function<std::unique_ptr<ScreenView>(WindowId)> Load;
     std::function<bool()> MainFrameIsActive = [] { return false; };
-    std::function<void(int code)> Arrange = [](int) {}; ///< 0 cascade, 1 and 2 tile, 3 icons: moves and sizes the windows
+    std::function<void(int code)> Arrange = [](int) {
+    }; ///< 0 cascade, 1 and 2 tile, 3 icons: moves and sizes the windows
 };
 ScreenViewHooks& TheScreenViewHooks();
 
 /// The view of a window, null without one.
 ScreenView* ViewOf(WindowId id);
 
-/// Loads and drops the view of a window. Dropping is for a view that has unloaded, or at the end.
-ScreenView* ViewLoad(WindowId id);
+/// The view of a window, which is made if there is none.
+ScreenView& ViewLoad(WindowId id);
+
+/// Deletes the view of a window.
 void ViewDrop(WindowId id);
+
+/// Deletes all views and forgets who makes them.
 void ViewsReset();

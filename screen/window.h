@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QSize>
 #include <QString>
 #include <QVector>
 
@@ -47,7 +48,7 @@ struct WindowRecord {
     bool ResizePending = false; ///< a resize came while the left mouse button was down
     qint16 Subtype = 0;
     bool DescriptionVisible = false;
-    QString Description; ///< at most kDescriptionLength characters, no trailing blanks
+    QString Description; ///< at most kDescriptionLength characters, lines parted by "\r\n", no trailing blanks
     qint16 DescriptionColumns = 0;
     qint16 OwnerTag = 0; ///< `InstrumentAccepted` when the window was made
 };
@@ -57,6 +58,8 @@ struct WindowState {
     WindowId Active = 0;
     bool NoQuestions = false; ///< questions of closing count as answered No
 };
+
+/// `WindowTable` with what goes along with it.
 WindowState& WindowTable();
 
 /// All slots free, no active window.
@@ -80,14 +83,16 @@ int WindowCount(int type); ///< 0 counts all types
 /// Makes a window in use the active one; any other id does nothing.
 void WindowSetActive(WindowId id);
 
-/// What a new window asked for.
+/// What a new window asked for. `Id` is 0 when there is none to be had.
 struct WindowSlot {
     WindowId Id = 0;
-    bool Reused = false; ///< the oldest window gave way
+    qint16 Subtype = 0;
+    bool Reused = false; ///< the oldest window gives way
 };
 
 /// A slot for a new window: text 12711 when all are in use, question 12713 when the type has no document index left.
-/// The slot has its type, index and subtype; a window that gives way keeps its index and its record.
+/// A fresh slot has its type and index from here on. A window that is to give way keeps its index, and is otherwise
+/// left as it is until WindowInitialise.
 WindowSlot WindowAllocate(qint16 type, qint16 subtype);
 
 /// Fills the record of an allocated slot and makes it the active one. What a reused window has as title template and
@@ -99,6 +104,9 @@ void WindowFreeSlot(WindowId id);
 
 /// Default client size of a type, pixels; `formSize` for a type that has none.
 QSize WindowDefaultSize(qint16 type, QSize formSize);
+
+/// Columns of the description of a fresh window.
+qint16 WindowDefaultColumns(qint16 type);
 
 /// Caption of a window from its template, with the type's name and the date and time of its document (the null date
 /// gives empty texts).

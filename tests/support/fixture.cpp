@@ -18,6 +18,8 @@
 #include "print/printSettings.h"
 #include "screen/color.h"
 #include "screen/description.h"
+#include "screen/palette.h"
+#include "screen/screenWindow.h"
 
 #include <QFile>
 
@@ -49,6 +51,8 @@ void ResetModules()
     DrivesReset();
     ColorReset();
     DescrReset();
+    PaletteReset();
+    ScreenWindowsReset();
     PrintSettingsReset();
 }
 

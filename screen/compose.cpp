@@ -1,0 +1,52 @@
+#include "screen/compose.h"
+
+#include "screen/color.h"
+#include "screen/description.h"
+#include "screen/screenStatus.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+/// Below the line that parts it from the picture, in the same place as in the window.
+void PaintDescription(QPainter& painter, WindowId id, QSize graph)
+{
+    QFont font = DescrFont(WindowTypeOf(id));
+    font.setStyleStrategy(QFont::NoSubpixelAntialias); // coloured edges are for the screen that they were made for
+    const QFontMetrics metrics(font);
+    const int left = std::max((graph.width() - DescrWidth(id)) / 2, 0);
+    painter.setPen(ColorOf(TextColor(id)));
+    painter.drawLine(0, graph.height(), graph.width() - 1, graph.height());
+    painter.setFont(font);
+    int top = graph.height() + 1;
+    const QStringList lines = DescrLines(WindowAt(id).Description, id);
+    for (const QString& line : lines) {
+        painter.drawText(left, top + metrics.ascent(), line);
+        top += metrics.height();
+    }
+}
+
+} // namespace
+
+QImage ComposeWindow(WindowId id)
+{
+    const ScreenRecord* record = ScreenOf(id);
+    if (record == nullptr || !WindowAt(id).GraphicsValid)
+        return {};
+    const QImage& graph = record->Graph;
+    const int below = StatusHeight(id) + DescrHeight(id);
+    if (below == 0)
+        return graph;
+
+    QImage whole(graph.width(), graph.height() + below, QImage::Format_RGB32);
+    if (whole.isNull())
+        return {};
+    whole.fill(ColorOf(PaperColor(id)));
+    QPainter painter(&whole);
+    painter.drawImage(0, 0, graph);
+    PaintDescription(painter, id, graph.size());
+    return whole;
+}

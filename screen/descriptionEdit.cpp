@@ -1,0 +1,181 @@
+#include "screen/descriptionEdit.h"
+
+#include "app/message.h"
+#include "app/project.h"
+#include "screen/fit.h"
+#include "screen/screenStatus.h"
+#include "screen/screenWindow.h"
+
+namespace {
+
+constexpr int kTextOutOfRange = 12749;
+
+/// The control's own changes are not the user's.
+bool& Storing()
+{
+    static bool storing = false;
+    return storing;
+}
+
+void ShowText(WindowId id)
+{
+    const bool before = Storing();
+    Storing() = true;
+    if (ScreenView* view = ViewOf(id))
+        view->SetDescription(WindowAt(id).Description);
+    Storing() = before;
+}
+
+/// The first ten lines of a text as the window shows it.
+QString TenLines(const QString& text, WindowId id)
+{
+    QString kept = text;
+    while (DescrLines(kept, id).size() > kDescriptionLines) {
+        const QStringList lines = DescrLines(kept, id);
+        kept.chop(std::max<qsizetype>(lines.last().size(), 1));
+        if (lines.last().isEmpty() && kept.endsWith(u'\r'))
+            kept.chop(1);
+    }
+    return kept;
+}
+
+/// A text that has more lines than there may be, cut by the rule; what the rule leaves can still break into more lines,
+/// as it counts characters and not words.
+QString Fitted(const QString& text, WindowId id)
+{
+    if (DescrLines(text, id).size() <= kDescriptionLines)
+        return text;
+    return TenLines(DescrFit(text, WindowAt(id).DescriptionColumns), id);
+}
+
+/// The picture fills what the description leaves.
+void RefitPicture(WindowId id, ScreenView& view)
+{
+    const DescriptionLayout layout = DescrLayout(id, view.ClientSize());
+    view.LayOutDescription(layout);
+    const QSize graph = GraphFor(view.ClientSize(), layout.Visible, layout.LineTop);
+    if (graph == view.GraphSize())
+        return;
+    view.SetGraphSize(graph);
+    DrawScreenWindow(id);
+}
+
+} // namespace
+
+void DescrSetVisible(bool visible, WindowId id)
+{
+    const ScreenView* view = ViewOf(id);
+    if (!WindowInUse(id) || view == nullptr)
+        return;
+    if (visible && view->State() == WinStateMaximised) {
+        WindowAt(id).Description.clear();
+        ShowText(id);
+    }
+    WindowAt(id).DescriptionVisible = visible;
+    if (view->State() == WinStateMinimised)
+        return;
+    DescrResize(id);
+    DrawScreenWindow(id);
+}
+
+void DescrToggle(WindowId id)
+{
+    if (WindowInUse(id))
+        DescrSetVisible(!WindowAt(id).DescriptionVisible, id);
+}
+
+void DescrTextChanged(WindowId id, const QString& text)
+{
+    if (Storing() || !WindowInUse(id))
+        return;
+    WindowRecord& record = WindowAt(id);
+    if (DescrLines(text, id).size() > kDescriptionLines) {
+        ShowText(id);
+        return;
+    }
+    const QString stored = DescrNormalised(text).left(kDescriptionLength);
+    record.Modified = record.Modified || stored != record.Description;
+    record.Description = stored;
+    DescrResize(id);
+    if (ScreenView* view = ViewOf(id))
+        RefitPicture(id, *view);
+}
+
+bool DescrSetText(WindowId id, const QString& text)
+{
+    if (!WindowInUse(id))
+        return false;
+    const QString wished = DescrNormalised(text);
+    WindowAt(id).Description = DescrNormalised(TenLines(wished, id)).left(kDescriptionLength);
+    ShowText(id);
+    DescrResize(id);
+    if (ScreenView* view = ViewOf(id))
+        RefitPicture(id, *view);
+    return WindowAt(id).Description == wished;
+}
+
+void DescrResize(WindowId id)
+{
+    ScreenView* view = ViewOf(id);
+    if (!WindowInUse(id) || view == nullptr || WindowAt(id).InResize)
+        return;
+    if (view->State() == WinStateMinimised) {
+        ApplySize(id);
+        return;
+    }
+    if (view->State() == WinStateMaximised)
+        return;
+    WindowRecord& record = WindowAt(id);
+    record.InResize = true;
+    const int height = view->GraphSize().height() + DescrHeight(id) + StatusHeight(id);
+    view->SetClientSize({ view->ClientSize().width(), height });
+    record.InResize = false;
+}
+
+DescriptionChoice::DescriptionChoice(WindowId id)
+    : id_(id)
+    , columns_(WindowInUse(id) ? WindowAt(id).DescriptionColumns : 0)
+    , text_(WindowInUse(id) ? WindowAt(id).Description : QString())
+    , modified_(WindowIsModified(id))
+{
+}
+
+DescriptionColumns DescriptionChoice::Limits() const
+{
+    return DescrColumnsOf(WindowTypeOf(id_));
+}
+
+int DescriptionChoice::Columns() const
+{
+    return WindowInUse(id_) ? WindowAt(id_).DescriptionColumns : 0;
+}
+
+bool DescriptionChoice::Apply(const QString& typed)
+{
+    const DescriptionColumns limits = Limits();
+    int columns = 0;
+    if (!ValidInt(typed, limits, columns)) {
+        MsgOkNum2(kTextOutOfRange, limits.Most, limits.Least);
+        return false;
+    }
+    Store(columns);
+    return true;
+}
+
+void DescriptionChoice::Cancel()
+{
+    Store(columns_);
+}
+
+void DescriptionChoice::Store(int columns)
+{
+    if (!WindowInUse(id_))
+        return;
+    WindowRecord& record = WindowAt(id_);
+    record.DescriptionColumns = static_cast<qint16>(columns);
+    record.Description = DescrNormalised(Fitted(text_, id_));
+    record.Modified = modified_ || record.Description != text_;
+    ShowText(id_);
+    DescrResize(id_);
+    ApplySize(id_);
+}

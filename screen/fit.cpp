@@ -1,0 +1,72 @@
+#include "screen/fit.h"
+
+#include <QtMath>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+/// The two directions of the aspect, with what stands below the picture.
+class Aspect {
+public:
+    explicit Aspect(const FitInput& input)
+        : ratio_(double(input.Master.width()) / input.Master.height())
+        , below_(input.DescriptionHeight + input.StatusHeight)
+    {
+    }
+
+    QSize ByWidth(int width) const
+    {
+        return { std::max(width, 1), std::max(qRound(width / ratio_), 1) + below_ };
+    }
+
+    QSize ByHeight(int height) const
+    {
+        return { std::max(qRound((height - below_) * ratio_), 1), height };
+    }
+
+private:
+    double ratio_;
+    int below_;
+};
+
+/// The user has dragged a border, or the description has another height.
+QSize FitDragged(const FitInput& input, const Aspect& aspect, QSize client)
+{
+    const QSize byWidth = aspect.ByWidth(client.width());
+    const QSize byHeight = aspect.ByHeight(client.height());
+    const int widthChange = std::abs(client.width() - input.Graph.width());
+    const int heightChange =
+        std::abs(input.Graph.height() + input.DescriptionHeight + input.StatusHeight - client.height());
+    if (widthChange == 0 && heightChange == 0 && (byWidth == client || byHeight == client))
+        return client;
+    return widthChange > heightChange ? byWidth : byHeight;
+}
+
+} // namespace
+
+QSize FitClient(const FitInput& input)
+{
+    const QSize client = input.Client.expandedTo({ 1, 1 });
+    if (input.Master.isEmpty())
+        return client;
+    const Aspect aspect(input);
+    switch (input.Arranging) {
+    case ArrangeCascade:
+        return client;
+    case ArrangeTileHorizontally:
+        return aspect.ByHeight(client.height());
+    case ArrangeTileVertically: {
+        const QSize byWidth = aspect.ByWidth(client.width());
+        return byWidth.height() > client.height() ? aspect.ByHeight(client.height()) : byWidth;
+    }
+    default:
+        return FitDragged(input, aspect, client);
+    }
+}
+
+QSize GraphFor(QSize client, bool descriptionVisible, int descriptionTop)
+{
+    return { std::max(client.width(), 1), std::max(descriptionVisible ? descriptionTop : client.height(), 1) };
+}

@@ -1,0 +1,53 @@
+#include "screen/screenStatus.h"
+
+#include "app/lang.h"
+#include "app/region.h"
+#include "screen/color.h"
+#include "screen/description.h"
+
+namespace {
+
+constexpr int kTextStatusHead = 14501;
+
+bool& Filling()
+{
+    static bool filling = false;
+    return filling;
+}
+
+} // namespace
+
+void StatusFill(WindowId id)
+{
+    ScreenView* view = ViewOf(id);
+    if (Filling() || view == nullptr)
+        return;
+    Filling() = true;
+    const ScreenRecord* record = ScreenOf(id);
+    const QDateTime date = record == nullptr ? QDateTime() : record->Date;
+    view->FillStatus(date.isValid() ? IniDateText(date) : QString(), LngStr(kTextStatusHead),
+        date.isValid() ? IniTimeText(date) : QString());
+    view->LayOutDescription(DescrLayout(id, view->ClientSize()));
+    Filling() = false;
+}
+
+void StatusColours(WindowId id)
+{
+    if (ScreenView* view = ViewOf(id))
+        view->SetColours(PaperColor(id), TextColor(id));
+}
+
+int StatusHeight(WindowId /*id*/)
+{
+    return 0;
+}
+
+int StatusLines(WindowId /*id*/)
+{
+    return -1;
+}
+
+int StatusCompose(WindowId /*id*/, QImage& /*target*/, quint32 /*paper*/)
+{
+    return 0;
+}

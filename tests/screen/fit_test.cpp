@@ -1,0 +1,134 @@
+#include "screen/fit.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+void PrintTo(const QSize& size, std::ostream* out)
+{
+    *out << size.width() << " by " << size.height();
+}
+
+namespace {
+
+constexpr QSize kMaster(642, 442);
+constexpr double kAspect = 642.0 / 442.0;
+
+FitInput Dragged(QSize client, QSize graph, int description = 0)
+{
+    return { kMaster, client, graph, description, 0, ArrangeNone };
+}
+
+/// Within a whole pixel of the picture's aspect.
+bool HasAspect(QSize graph)
+{
+    return std::abs(graph.width() - graph.height() * kAspect) <= kAspect / 2 + 0.5;
+}
+
+} // namespace
+
+TEST(Fit, WidthAloneLeadsToTheHeight)
+{
+    EXPECT_EQ(FitClient(Dragged({ 321, 442 }, kMaster)), QSize(321, 221));
+}
+
+TEST(Fit, WidthAloneLeadsToTheHeightWithTheDescription)
+{
+    EXPECT_EQ(FitClient(Dragged({ 321, 442 + 57 }, kMaster, 57)), QSize(321, 221 + 57));
+}
+
+TEST(Fit, HeightAloneLeadsToTheWidth)
+{
+    EXPECT_EQ(FitClient(Dragged({ 642, 221 }, kMaster)), QSize(321, 221));
+    EXPECT_EQ(FitClient(Dragged({ 642, 884 + 57 }, kMaster, 57)), QSize(1284, 884 + 57));
+}
+
+TEST(Fit, LargerDifferenceLeads)
+{
+    EXPECT_EQ(FitClient(Dragged({ 742, 452 }, kMaster)), QSize(742, 511));
+    EXPECT_EQ(FitClient(Dragged({ 652, 542 }, kMaster)), QSize(787, 542));
+}
+
+TEST(Fit, HeightLeadsOnEqualDifferences)
+{
+    EXPECT_EQ(FitClient(Dragged({ 742, 542 }, kMaster)), QSize(787, 542));
+    EXPECT_EQ(FitClient(Dragged({ 742, 342 }, kMaster)), QSize(497, 342));
+}
+
+TEST(Fit, KeepsTheAspectHoweverTheWindowIsDragged)
+{
+    for (const int description : { 0, 15, 141 }) {
+        QSize graph = kMaster;
+        for (const QSize client :
+            { QSize(300, 500), QSize(900, 300), QSize(901, 641), QSize(640, 642), QSize(400, 700) }) {
+            const QSize fitted = FitClient(Dragged(client, graph, description));
+            graph = fitted - QSize(0, description);
+            EXPECT_TRUE(HasAspect(graph)) << graph.width() << " by " << graph.height() << " over " << description;
+        }
+    }
+}
+
+TEST(Fit, OfAFittedWindowChangesNothing)
+{
+    for (const int description : { 0, 15 }) {
+        for (int width = 20; width < 700; ++width) {
+            const QSize once = FitClient(Dragged({ width, 442 + description }, { 642, 442 }, description));
+            EXPECT_EQ(FitClient(Dragged(once, once - QSize(0, description), description)), once);
+        }
+        for (int height = 160; height < 700; ++height) {
+            const QSize once = FitClient(Dragged({ 642, height }, { 642, 442 }, description));
+            EXPECT_EQ(FitClient(Dragged(once, once - QSize(0, description), description)), once);
+        }
+    }
+}
+
+TEST(Fit, AnotherPictureOfTheSameSizeIsFittedByTheHeight)
+{
+    EXPECT_EQ(FitClient({ QSize(100, 50), QSize(200, 200), QSize(200, 200), 0, 0, ArrangeNone }), QSize(400, 200));
+}
+
+TEST(Fit, CascadeKeepsTheSize)
+{
+    EXPECT_EQ(FitClient({ kMaster, QSize(500, 10), kMaster, 15, 0, ArrangeCascade }), QSize(500, 10));
+}
+
+TEST(Fit, TilingHorizontallyKeepsTheHeight)
+{
+    EXPECT_EQ(FitClient({ kMaster, QSize(900, 221), kMaster, 0, 0, ArrangeTileHorizontally }), QSize(321, 221));
+    EXPECT_EQ(FitClient({ kMaster, QSize(10, 221), kMaster, 0, 0, ArrangeTileHorizontally }), QSize(321, 221));
+    EXPECT_EQ(FitClient({ kMaster, QSize(900, 221 + 15), kMaster, 15, 0, ArrangeTileHorizontally }), QSize(321, 236));
+}
+
+TEST(Fit, TilingVerticallyKeepsTheWidthWhileTheHeightIsEnough)
+{
+    EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 0, 0, ArrangeTileVertically }), QSize(321, 221));
+    EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 15, 0, ArrangeTileVertically }), QSize(321, 236));
+    EXPECT_EQ(FitClient({ kMaster, QSize(321, 221), kMaster, 0, 0, ArrangeTileVertically }), QSize(321, 221));
+    EXPECT_EQ(FitClient({ kMaster, QSize(642, 221), kMaster, 0, 0, ArrangeTileVertically }), QSize(321, 221));
+    EXPECT_EQ(FitClient({ kMaster, QSize(642, 236), kMaster, 15, 0, ArrangeTileVertically }), QSize(321, 236));
+}
+
+TEST(Fit, StatusHeightCountsLikeTheDescription)
+{
+    EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 15, 5, ArrangeTileVertically }), QSize(321, 241));
+}
+
+TEST(Fit, NothingBecomesSmallerThanAPixel)
+{
+    EXPECT_EQ(FitClient(Dragged({ 0, 442 }, kMaster)), QSize(1, 1));
+    EXPECT_EQ(FitClient(Dragged({ 642, 0 }, kMaster)), QSize(1, 1));
+    EXPECT_EQ(FitClient({ kMaster, QSize(300, 10), kMaster, 141, 0, ArrangeTileHorizontally }), QSize(1, 10));
+    EXPECT_EQ(FitClient({ QSize(30000, 1), QSize(10, 10), QSize(10, 10), 0, 0, ArrangeTileVertically }), QSize(10, 1));
+}
+
+TEST(Fit, WithoutAPictureKeepsTheSize)
+{
+    EXPECT_EQ(FitClient({ QSize(), QSize(300, 200), QSize(), 0, 0, ArrangeNone }), QSize(300, 200));
+}
+
+TEST(Fit, PictureFillsWhatTheDescriptionLeaves)
+{
+    EXPECT_EQ(GraphFor({ 300, 200 }, false, 0), QSize(300, 200));
+    EXPECT_EQ(GraphFor({ 300, 200 }, true, 150), QSize(300, 150));
+    EXPECT_EQ(GraphFor({ 300, 20 }, true, -40), QSize(300, 1));
+}

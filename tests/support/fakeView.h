@@ -1,0 +1,127 @@
+// tests/support/fakeView.h: document windows without a form: what they were told is written down.
+#pragma once
+
+#include "app/project.h"
+#include "screen/view.h"
+
+#include <QStringList>
+
+#include <array>
+
+class FakeView final : public ScreenView {
+public:
+    int WindowState = WinStateNormal;
+    QSize Client{ 300, 200 };
+    QSize Graph{ 0, 0 };
+    QPoint Place{ -1, -1 };
+    QString Title;
+    QString Description;
+    DescriptionLayout Layout;
+    quint32 Paper = 0;
+    quint32 Ink = 0;
+    bool IconOfFile = false;
+    QStringList Status; ///< date, text, time
+    QSize Smallest{ 0, 0 }; ///< a window is not made smaller than this
+    int Drawings = 0;
+    int Sizings = 0; ///< how often a client size was set
+    int Shown = 0;
+    std::function<void()> OnSized = [] {}; ///< what a real window raises
+
+    int State() const override
+    {
+        return WindowState;
+    }
+    void SetNormal() override
+    {
+        WindowState = WinStateNormal;
+    }
+    void Show() override
+    {
+        ++Shown;
+    }
+    QSize ClientSize() const override
+    {
+        return Client;
+    }
+    void SetClientSize(QSize size) override
+    {
+        if (WindowState == WinStateMaximised)
+            return;
+        Client = size.expandedTo(Smallest);
+        ++Sizings;
+        OnSized();
+    }
+    void MoveTo(QPoint leftTop) override
+    {
+        Place = leftTop;
+    }
+    QSize GraphSize() const override
+    {
+        return Graph;
+    }
+    void SetGraphSize(QSize size) override
+    {
+        Graph = size;
+    }
+    void GraphChanged() override
+    {
+        ++Drawings;
+    }
+    QString Caption() const override
+    {
+        return Title;
+    }
+    void SetCaption(const QString& caption) override
+    {
+        Title = caption;
+    }
+    void SetIcon(bool imageFromFile) override
+    {
+        IconOfFile = imageFromFile;
+    }
+    void SetDescription(const QString& text) override
+    {
+        Description = text;
+    }
+    void LayOutDescription(const DescriptionLayout& layout) override
+    {
+        Layout = layout;
+    }
+    void SetColours(quint32 paper, quint32 text) override
+    {
+        Paper = paper;
+        Ink = text;
+    }
+    void FillStatus(const QString& date, const QString& text, const QString& time) override
+    {
+        Status = QStringList{ date, text, time };
+    }
+    void Unload() override { }
+};
+
+/// Every window that is made gets a fake view. The hooks are put back with the fixture.
+class FakeViews {
+public:
+    FakeViews()
+    {
+        TheScreenViewHooks().Load = [this](WindowId id) {
+            auto view = std::make_unique<FakeView>();
+            view->WindowState = FirstState;
+            views_.at(static_cast<size_t>(id)) = view.get();
+            ++Loaded;
+            return view;
+        };
+    }
+
+    int FirstState = WinStateNormal;
+    int Loaded = 0;
+
+    /// The view of a window that is open.
+    FakeView& operator[](WindowId id)
+    {
+        return *views_.at(static_cast<size_t>(id));
+    }
+
+private:
+    std::array<FakeView*, kWindowSlots + 1> views_{};
+};

@@ -1,6 +1,7 @@
 #include "link/FileListWidget.h"
 
 #include "app/form.h"
+#include "app/region.h"
 #include "link/FileListModel.h"
 #include "link/controlGeneral.h"
 
@@ -13,6 +14,8 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+
+#include <algorithm>
 
 namespace {
 
@@ -80,12 +83,14 @@ void FileListWidget::ShowColumns()
 {
     const QFontMetrics metrics = fontMetrics();
     const int margin = kCellMarginCharacters * metrics.horizontalAdvance(u'0');
+    const QDateTime longestDate(QDate(2000, 12, 30), QTime()); // as a sort by date shows it
     for (const int column : { FileListDate, FileListTime }) {
         setColumnHidden(column, !list_.HasDates);
         const QString caption = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
         const int digits = metrics.horizontalAdvance(QStringLiteral("00/00/00"));
         const int mark = style()->pixelMetric(QStyle::PM_HeaderMarkSize);
-        header()->resizeSection(column, std::max(digits, metrics.horizontalAdvance(caption) + mark) + margin);
+        const int date = column == FileListDate ? metrics.horizontalAdvance(IniDateText(longestDate)) : 0;
+        header()->resizeSection(column, std::max({ digits, date, metrics.horizontalAdvance(caption) + mark }) + margin);
     }
     setColumnHidden(FileListSort, true);
     ShowSortMark();

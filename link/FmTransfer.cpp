@@ -1,15 +1,12 @@
 #include "link/FmTransfer.h"
 
 #include "app/lang.h"
-#include "app/seams.h"
 #include "link/transfer.h"
 
 #include <QBoxLayout>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -19,7 +16,6 @@ constexpr int kTextCancel = 14004;
 constexpr int kHintCancel = 14005;
 constexpr int kTextStopping = 14009;
 constexpr int kLabelCharacters = 64; ///< a name of an instrument's file, and what is done to it
-constexpr int kLongestWaitForPaintMs = 500;
 
 } // namespace
 
@@ -86,11 +82,13 @@ void FmTransfer::BindProgress()
     progress.SetValue = [this](int value) { progressBar->setValue(value); };
 }
 
+/// Drawn at once: a file may take as long as its time-out, and no events run meanwhile.
 void FmTransfer::ShowLabel(const QString& text)
 {
     Label->setAccessibleName(text);
     const int width = std::max(Label->width(), Label->minimumWidth());
     Label->setText(fontMetrics().elidedText(text, Qt::ElideMiddle, width));
+    Label->repaint();
 }
 
 void FmTransfer::AskToStop()
@@ -119,19 +117,4 @@ void FmTransfer::OnActivate()
     ShowBusyPointer(false);
     jobRuns_ = false;
     Unload();
-}
-
-/// A file may take as long as its time-out, and nothing is drawn meanwhile.
-void FmTransfer::WaitUntilPainted()
-{
-    QElapsedTimer waited;
-    waited.start();
-    QTimer::singleShot(kLongestWaitForPaintMs, this, [] {}); // wakes the wait
-    TheSeams().PumpUntil([&] { return painted_ || waited.hasExpired(kLongestWaitForPaintMs); });
-}
-
-void FmTransfer::paintEvent(QPaintEvent* event)
-{
-    painted_ = true;
-    FormBase::paintEvent(event);
 }

@@ -17,7 +17,6 @@ protected:
     bool QueryUnload() override;
     void OnUnload() override;
     void OnActivate() override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     void BuildControls();
@@ -25,11 +24,9 @@ private:
     void BindProgress();
     void ShowLabel(const QString& text);
     void AskToStop();
-    void WaitUntilPainted();
 
     QLabel* Label = nullptr;
     QProgressBar* progressBar = nullptr;
     QPushButton* BtCancel = nullptr;
     bool jobRuns_ = false;
-    bool painted_ = false;
 };

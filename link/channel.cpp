@@ -105,6 +105,11 @@ bool ChannelEndIfGone()
     return true;
 }
 
+QString ChannelQuoted(const QString& name)
+{
+    return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
 ChannelStatus ChannelSend(const QString& text)
 {
     return WithNames(TvScpi().scpiSend, text);

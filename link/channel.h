@@ -31,6 +31,9 @@ void ChannelDisconnect();
 /// After a failed operation: ends the link if it is gone, and answers whether it was.
 [[nodiscard]] bool ChannelEndIfGone();
 
+/// A name as a string of the instrument's command language.
+QString ChannelQuoted(const QString& name);
+
 /// Sends a line and reads no answer. The second one is for the commands that lock and unlock files.
 ChannelStatus ChannelSend(const QString& text);
 ChannelStatus ChannelSendCommand(const QString& text);

@@ -1,9 +1,13 @@
 #include "link/file.h"
 
+#include "app/general.h"
 #include "app/lang.h"
 #include "app/message.h"
+#include "link/channel.h"
 #include "link/model.h"
+#include "link/transfer.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -31,6 +35,14 @@ template <typename Opener, typename... Arguments>
 bool Run(const Opener& opener, const Arguments&... arguments)
 {
     return opener && opener(arguments...);
+}
+
+QString StampCommand(const char* what, const QString& name, std::initializer_list<int> numbers)
+{
+    QString command = QStringLiteral("MMEM:FILE:") + QLatin1String(what) + u' ' + ChannelQuoted(name);
+    for (const int number : numbers)
+        command += QStringLiteral(", ") + QString::number(number);
+    return command;
 }
 
 } // namespace
@@ -105,4 +117,27 @@ bool FileOpen(const QString& path, bool resetFlag, bool showFlag)
     default:
         return Run(openers.OpenPicture, path, ImageKindOf(info.Kind));
     }
+}
+
+void FileSetPcDate(const QString& path, const QDateTime& date, bool readOnly)
+{
+    QFile file(path);
+    if (date.isValid() && file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
+        file.setFileTime(QDateTime(date.date(), date.time()), QFileDevice::FileModificationTime);
+        file.close();
+    }
+    if (readOnly)
+        SetReadOnlyAttribute(path);
+}
+
+void FileSetInstrDate(const QString& name, const QDateTime& date, bool lock)
+{
+    if (date.isValid()) {
+        const QDate day = date.date();
+        const QTime time = date.time();
+        ChannelSend(StampCommand("DATE", name, { day.year(), day.month(), day.day() }));
+        ChannelSend(StampCommand("TIME", name, { time.hour(), time.minute(), time.second() }));
+    }
+    if (lock)
+        TransferSetLock(name, true);
 }

@@ -1,6 +1,7 @@
-// link/file.h: what kind a file is, by its extension, and who opens it.
+// link/file.h: what kind a file is, by its extension, and who opens it; and the dates that copied files keep.
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 
 #include <functional>
@@ -38,3 +39,10 @@ void FileOpenersReset();
 /// `resetFlag` forgets the answer that MsgAskOnce keeps; while that answer is No nothing is opened. `showFlag` false
 /// only classifies a list text.
 bool FileOpen(const QString& path, bool resetFlag, bool showFlag);
+
+/// Gives a PC file its time of last change (local time), and the read-only attribute if asked. Other times stay. An
+/// invalid date leaves the time as it is, and so does a file that can't be written.
+void FileSetPcDate(const QString& path, const QDateTime& date, bool readOnly);
+
+/// Tells the instrument a file's time, unless that is invalid, and locks it if asked. No answer is read.
+void FileSetInstrDate(const QString& name, const QDateTime& date, bool lock);

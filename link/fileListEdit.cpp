@@ -1,5 +1,6 @@
 #include "link/fileList.h"
 
+#include "app/ansi.h"
 #include "app/lang.h"
 #include "app/message.h"
 #include "closed/loader.h"
@@ -172,9 +173,21 @@ bool RenamePcFile(FileListRow& row, const QString& newName)
     return true;
 }
 
+/// False for what is no name on the instrument, so that nothing is asked there about it.
+bool CanBeInstrName(const QString& name)
+{
+    const bool hasSeparator =
+        std::any_of(name.begin(), name.end(), [](QChar letter) { return QStringView(u"\\/:").contains(letter); });
+    return IsAnsi(name) && !hasSeparator && name != QLatin1String(".") && name != QLatin1String("..");
+}
+
 /// False when the list is to keep the old text.
 bool RenameInstrFolder(FileListRow& row, const QString& oldName, const QString& newName)
 {
+    if (!CanBeInstrName(newName)) {
+        MsgOk1(kTextInstrFolderNotRenamed, oldName);
+        return false;
+    }
     ChannelFound taken;
     if (ChannelFind(kAnyFile, newName, taken) != kChannelOk)
         return true;

@@ -58,11 +58,5 @@ void TransferRunJob();
 int TransferLabelId(int type);
 int TransferTitleId(int type);
 
-/// Gives a PC file its time of last change (local time), and the read-only attribute if asked. Other times stay.
-void FileSetPcDate(const QString& path, const QDateTime& date, bool readOnly);
-
-/// Tells the instrument a file's time, and locks it if asked. No answer is read.
-void FileSetInstrDate(const QString& name, const QDateTime& date, bool lock);
-
 /// Moves a file or folder into the trash. True when it is gone from its place.
 bool FileRecycle(const QString& path);

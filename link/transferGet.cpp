@@ -1,16 +1,15 @@
 #include "link/transfer.h"
 
-#include "app/general.h"
 #include "app/lang.h"
 #include "app/message.h"
 #include "app/seams.h"
 #include "link/channel.h"
+#include "link/file.h"
 #include "link/linkFailure.h"
 #include "link/model.h"
 #include "link/transferRows.h"
 #include "link/transferTexts.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -88,15 +87,4 @@ void TransferGetActive()
     if (ChannelGetActive(path) != kChannelOk)
         (void)ReportLinkFailure();
     progress.SetValue(1);
-}
-
-void FileSetPcDate(const QString& path, const QDateTime& date, bool readOnly)
-{
-    QFile file(path);
-    if (date.isValid() && file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
-        file.setFileTime(QDateTime(date.date(), date.time()), QFileDevice::FileModificationTime);
-        file.close();
-    }
-    if (readOnly)
-        SetReadOnlyAttribute(path);
 }

@@ -3,6 +3,7 @@
 #include "app/message.h"
 #include "app/seams.h"
 #include "link/channel.h"
+#include "link/file.h"
 #include "link/linkFailure.h"
 #include "link/model.h"
 #include "link/transferRows.h"
@@ -108,20 +109,6 @@ TransferNext PutActiveRow(const FileListRow& row)
     return TransferNext::Pass;
 }
 
-/// As a string of the instrument's language.
-QString Quoted(QString name)
-{
-    return u'"' + name.replace(u'"', QStringLiteral("\"\"")) + u'"';
-}
-
-QString StampCommand(const char* what, const QString& name, std::initializer_list<int> numbers)
-{
-    QString command = QStringLiteral("MMEM:FILE:") + QLatin1String(what) + u' ' + Quoted(name);
-    for (const int number : numbers)
-        command += QStringLiteral(", ") + QString::number(number);
-    return command;
-}
-
 } // namespace
 
 void TransferPutFiles(FileList& source, FileList& /*target*/)
@@ -137,19 +124,8 @@ void TransferPutActive(FileList& source)
     TransferEachRow(source, TransferCountSelectedFiles(source), kTextUploading, PutActiveRow);
 }
 
-void FileSetInstrDate(const QString& name, const QDateTime& date, bool lock)
-{
-    if (date.isValid()) {
-        const QDate day = date.date();
-        const QTime time = date.time();
-        ChannelSend(StampCommand("DATE", name, { day.year(), day.month(), day.day() }));
-        ChannelSend(StampCommand("TIME", name, { time.hour(), time.minute(), time.second() }));
-    }
-    if (lock)
-        TransferSetLock(name, true);
-}
-
 void TransferSetLock(const QString& name, bool lock)
 {
-    ChannelSendCommand((lock ? QStringLiteral("SYST:SET:LOCK ") : QStringLiteral("SYST:SET:UNLOCK ")) + Quoted(name));
+    ChannelSendCommand(
+        (lock ? QStringLiteral("SYST:SET:LOCK ") : QStringLiteral("SYST:SET:UNLOCK ")) + ChannelQuoted(name));
 }

@@ -108,6 +108,20 @@ TEST_F(InstrRename, FolderWhoseNewNameCannotBeLookedForIsLeftWithoutCancelling)
     ExpectRow("old", "Fold");
 }
 
+TEST_F(InstrRename, FolderCannotTakeWhatIsNoNameOnTheInstrument)
+{
+    OneFolder("old");
+    const QStringList names{ QStringLiteral("sub\\old"), QStringLiteral("sub/old"), QStringLiteral("C:old"),
+        QStringLiteral("."), QStringLiteral(".."), QStringLiteral("\u03b1") };
+    for (const QString& name : names) {
+        Answers().Expect(12742, { QStringLiteral("old") }, Ok);
+        EXPECT_TRUE(Cancels(name)) << name.toStdString();
+    }
+    EXPECT_EQ(fake_.Count("FindFile old"), names.size());
+    EXPECT_EQ(fake_.Log.size(), names.size());
+    ExpectRow("old", "Fold");
+}
+
 TEST_F(InstrRename, FolderCannotTakeANameInUse)
 {
     OneFolder("old");

@@ -163,6 +163,17 @@ TEST_F(PcRename, FileKeepsItsExtension)
     EXPECT_TRUE(Exists("a.tvm"));
 }
 
+TEST_F(PcRename, NameInUseIsToldBeforeABadNameAndThatBeforeAnotherExtension)
+{
+    OneFile("a.tvm");
+    Store(FilePath("b.x.txt"), "other");
+    Answers().Expect(12730, { QStringLiteral("b.x.txt") }, Ok);
+    EXPECT_TRUE(Cancels("b.x.txt"));
+    Answers().Expect(12721, { QStringLiteral("c.x.txt"), QStringLiteral("memory list") }, Ok);
+    EXPECT_TRUE(Cancels("c.x.txt"));
+    EXPECT_TRUE(Exists("a.tvm"));
+}
+
 TEST_F(PcRename, ExtensionMayChangeItsCase)
 {
     OneFile("a.tvm");

@@ -189,6 +189,21 @@ TEST_F(ControlForm, HeaderClicksTurnTheOrderRound)
     EXPECT_EQ(header.sortIndicatorOrder(), Qt::AscendingOrder) << "drawn as an arrow that points down";
 }
 
+TEST_F(ControlForm, DateColumnHoldsTheFormOfTheRegion)
+{
+    OnInstr({ "a.tvk" });
+    for (const QLocale::Language language : { QLocale::English, QLocale::Hungarian, QLocale::Japanese }) {
+        SetRegion(QLocale(language));
+        Open(FileClassKfactorTable);
+        TransferSortColumn(*Transfer().LvInstr, FileListDate);
+        const FileListWidget& list = List("LvInstr");
+        const QModelIndex date = list.model()->index(0, FileListDate);
+        EXPECT_EQ(date.data().toString(), QLocale(language).toString(QDate(2026, 3, 31), QLocale::ShortFormat));
+        EXPECT_LE(list.sizeHintForIndex(date).width(), list.header()->sectionSize(FileListDate)) << language;
+        DialogEnd(form, 1);
+    }
+}
+
 TEST_F(ControlForm, AListThatIsReadAgainStaysWhereItWas)
 {
     QStringList names;

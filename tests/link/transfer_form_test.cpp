@@ -13,9 +13,32 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDir>
+#include <QLabel>
 #include <QProgressBar>
 
 namespace {
+
+/// The text that a label showed when it was drawn last.
+class DrawnText final : public QObject {
+public:
+    explicit DrawnText(QLabel& label)
+        : label_(label)
+    {
+        label.installEventFilter(this);
+    }
+
+    QString Text;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            Text = label_.text();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QLabel& label_;
+};
 
 /// Runs the form over an upload of three files; `during` is called while the first one is being put.
 class TransferForm : public FormTest {
@@ -138,14 +161,39 @@ TEST_F(TransferForm, BarOfAJobWithoutFilesStaysAtItsStart)
 
 TEST_F(TransferForm, CancelStopsBehindTheFileInWork)
 {
+    const DrawnText drawn(Find<QLabel>(form, "Label"));
     Run([&] {
         Click(form, "BtCancel");
         EXPECT_EQ(TextOf(form, "Label"), LngStr(14009));
+        EXPECT_EQ(drawn.Text, LngStr(14009));
         EXPECT_TRUE(Transfer().TransferCancel);
     });
     EXPECT_EQ(fake_.Count("PutFile"), 1);
     EXPECT_EQ(fake_.Count("Send MMEM:FILE:TIME"), 1);
     EXPECT_EQ(fake_.Log.last(), "StartFindAllFiles");
+}
+
+TEST_F(TransferForm, DrawsTheNameOfAFileBeforeItIsMoved)
+{
+    const DrawnText drawn(Find<QLabel>(form, "Label"));
+    QStringList texts;
+    fake_.OnCall = [&](const QString& call) {
+        if (call.startsWith("PutFile"))
+            texts.append(drawn.Text);
+    };
+    DialogShow(form);
+    EXPECT_EQ(texts, QStringList({ LngStr1(14006, "a.png"), LngStr1(14006, "b.png"), LngStr1(14006, "c.png") }));
+}
+
+TEST_F(TransferForm, MoreClicksOnCancelChangeNothing)
+{
+    Run([&] {
+        for (int click = 0; click < 3; ++click)
+            Click(form, "BtCancel");
+        EXPECT_EQ(TextOf(form, "Label"), LngStr(14009));
+        EXPECT_FALSE(form.IsClosed());
+    });
+    EXPECT_EQ(fake_.Count("PutFile"), 1);
 }
 
 TEST_F(TransferForm, CancelByTheKeyboard)

@@ -2,6 +2,7 @@
 #include "tests/link/transferTest.h"
 
 #include "app/general.h"
+#include "link/file.h"
 #include "link/model.h"
 
 #include <QDir>

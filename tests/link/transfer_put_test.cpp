@@ -1,6 +1,7 @@
 // Upload of selected rows, and of one as the active data set.
 #include "tests/link/transferTest.h"
 
+#include "link/file.h"
 #include "link/model.h"
 
 namespace {

@@ -4,6 +4,7 @@
 #include "app/lang.h"
 #include "app/message.h"
 #include "link/channel.h"
+#include "link/file.h"
 #include "link/model.h"
 #include "link/transfer.h"
 #include "lists/editorGeneral.h"

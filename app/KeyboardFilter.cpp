@@ -5,6 +5,7 @@
 #include "app/form.h"
 #include "app/help.h"
 #include "app/keyboardHook.h"
+#include "app/project.h"
 
 #include <QApplication>
 #include <QHelpEvent>
@@ -76,6 +77,7 @@ bool KeyboardFilter::eventFilter(QObject* watched, QEvent* event)
         return OnKey(watched, *static_cast<QKeyEvent*>(event));
     case QEvent::ApplicationDeactivate:
         ArrowHeld() = false;
+        Program().ShiftDown = false; // its release goes to another program, and what is deleted with it is gone
         escapeIsOurs_ = false;
         return false;
     case QEvent::QueryWhatsThis:

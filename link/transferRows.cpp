@@ -5,17 +5,30 @@
 #include "app/seams.h"
 #include "link/transfer.h"
 
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+/// Taken once: events run while the job does.
+std::vector<FileListRow> SelectedRows(const FileList& list)
+{
+    std::vector<FileListRow> rows;
+    std::copy_if(list.Rows.begin(), list.Rows.end(), std::back_inserter(rows),
+        [](const FileListRow& row) { return row.Selected; });
+    return rows;
+}
+
+} // namespace
+
 void TransferEachRow(
-    FileList& list, int maximum, int labelId, const std::function<TransferNext(const FileListRow& row)>& work)
+    const FileList& list, int maximum, int labelId, const std::function<TransferNext(const FileListRow& row)>& work)
 {
     const TransferState& state = Transfer();
     TheSeams().PumpEvents();
     state.Progress.SetMaximum(maximum);
     int counter = 0;
-    for (size_t at = 0; at < list.Rows.size(); ++at) {
-        if (!list.Rows[at].Selected)
-            continue;
-        const FileListRow row = list.Rows[at]; // events run while the work is done
+    for (const FileListRow& row : SelectedRows(list)) {
         state.Progress.SetLabel(LngStr1(labelId, row.Text));
         const TransferNext next = work(row);
         if (next == TransferNext::End)

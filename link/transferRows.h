@@ -15,7 +15,7 @@ enum class TransferNext {
 /// Calls `work` for each selected row in the order of the list, with the row's text in text `labelId` as label, and
 /// moves the progress from 0 to `maximum`. Lets events run between rows, and ends behind one when that was asked for.
 void TransferEachRow(
-    FileList& list, int maximum, int labelId, const std::function<TransferNext(const FileListRow& row)>& work);
+    const FileList& list, int maximum, int labelId, const std::function<TransferNext(const FileListRow& row)>& work);
 
 /// Forgets the answers "to all" of an earlier job.
 void TransferForgetAnswers();

@@ -111,6 +111,16 @@ TEST_F(Frame, F1PassesOverAMenuThatIsOnlyUnderThePointer)
     EXPECT_EQ(topics, (QList<int>{ 13822, 11903 }));
 }
 
+TEST_F(Frame, ShiftIsNotHeldAnyMoreOnceAnotherProgramHasTheKeyboard)
+{
+    Start();
+    KeyDown(Qt::Key_Shift);
+    EXPECT_TRUE(Program().ShiftDown);
+    QEvent away(QEvent::ApplicationDeactivate);
+    QCoreApplication::sendEvent(qApp, &away);
+    EXPECT_FALSE(Program().ShiftDown);
+}
+
 TEST_F(Frame, ShiftF1EntersWhatsThis)
 {
     Start();

@@ -96,6 +96,21 @@ TEST_F(TransferToInstrument, FilesKeepContentsAndDateOnTheWayThereAndBack)
     EXPECT_EQ(QFileInfo(FilePath("back/c.png")).lastModified(), kChanged);
 }
 
+TEST_F(TransferToInstrument, ListsEveryExampleOfTheInstrument)
+{
+    const std::pair<FileClass, const char*> folders[] = { { FileClassAntennaList, "Antenna List" },
+        { FileClassKfactorTable, "K-Factor Table" }, { FileClassMemoryList, "Memory List" },
+        { FileClassSuppressList, "Suppress List" }, { FileClassCorrectionSet, "Correction Set" } };
+    for (const auto& [fileClass, folder] : folders) {
+        ModFileInit(fileClass);
+        FileList list;
+        TransferListInstr(list, FileClasses().FileClassMask, true);
+        const QDir onDisk(instrument_.Path(QStringLiteral("Public/") + QLatin1String(folder)));
+        EXPECT_EQ(NamesOf(list), onDisk.entryList(QDir::Files, QDir::Name | QDir::IgnoreCase)) << folder;
+        EXPECT_FALSE(list.Rows.empty()) << folder;
+    }
+}
+
 TEST_F(TransferToInstrument, CancelAnswersBetweenTheFiles)
 {
     Run(TransferUpload, [](FmTransfer& form, int done) {

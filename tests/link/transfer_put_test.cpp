@@ -335,6 +335,21 @@ TEST_F(Upload, FailureWithTheLinkStillThereGoesOn)
     EXPECT_TRUE(fake_.Connected);
 }
 
+TEST_F(Upload, EventsRunBehindTheMessageOfAFailureBeforeTheLinkIsLookedAt)
+{
+    AddFile(pc_, "a.png");
+    fake_.Answer("PutFile", kChannelLocalFile);
+    qsizetype pumpsAtMessage = -1;
+    qsizetype pumpsAtLook = -1;
+    fake_.OnCall = [&](const QString& call) {
+        if (call.startsWith("CheckConnection"))
+            pumpsAtLook = ShownOf("pump").size();
+    };
+    Answers().ExpectWhile(12704, Ok, [&] { pumpsAtMessage = ShownOf("pump").size(); });
+    Run();
+    EXPECT_EQ(pumpsAtLook, pumpsAtMessage + 1);
+}
+
 TEST_F(Upload, LostLinkEndsTheJobAndDisconnects)
 {
     AddFile(pc_, "a.png");
@@ -360,6 +375,16 @@ TEST_F(Upload, CancelWaitsForTheFileInWork)
     EXPECT_EQ(fake_.Log, QStringList({ "FindFile a.png", PutFile("a.png"), DateOf("a.png"), TimeOf("a.png") }));
     EXPECT_EQ(Shown.last(), "pump");
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1" }));
+}
+
+TEST_F(Upload, JobGoesOnWithTheRowsItBeganWith)
+{
+    AddFile(pc_, "a.png");
+    AddFile(pc_, "b.png");
+    fake_.OnCall = [this](const QString&) { pc_.Rows.clear(); }; // as an event between two files might
+    Run();
+    EXPECT_EQ(fake_.Count("PutFile"), 2);
+    EXPECT_EQ(ShownOf("value"), QStringList({ "value 1", "value 2" }));
 }
 
 TEST_F(Upload, CancelDuringTheLastFileHasNoVisibleEffect)

@@ -25,7 +25,7 @@ namespace {
 
 constexpr const char* kDiscone = "Discone 25-1300";
 constexpr const char* kLogPeriodic = "Log-periodic 80-1000";
-constexpr const char* kLoop = "Active loop 0.01-30";
+constexpr const char* kLoop = "Active loop 10k-30M";
 constexpr const char* kDfArray = "DF array 20-1300";
 
 /// A picture shows a station that is on the air.

@@ -138,8 +138,7 @@ bool RenamePcFolder(FileListRow& row, const QString& newName)
 /// True when the file may bear the new name, after a message where it may not.
 bool MayBearName(const FileListRow& row, const QString& newName)
 {
-    const bool isSame = IsSameButCase(newName, row.Key);
-    if (IsFolder(newName) || (IsFile(newName) && !isSame)) {
+    if (IsFolder(newName) || (IsFile(newName) && !IsSameButCase(newName, row.Key))) {
         MsgOk1(kTextNameInUse, newName);
         return false;
     }
@@ -147,7 +146,7 @@ bool MayBearName(const FileListRow& row, const QString& newName)
         MsgOk2(kTextBadName, newName, LngStr(ModCaption(CaptionNoun)));
         return false;
     }
-    if (!isSame && !IsSameButCase(FileExtension(newName), FileExtension(row.Key))) {
+    if (!IsSameButCase(FileExtension(newName), FileExtension(row.Key))) {
         MsgOk(kTextExtensionChanged);
         return false;
     }

@@ -42,7 +42,6 @@ TransferNext DeleteInstrRow(const FileListRow& row)
         MsgOk1(kTextInstrKeepsFolder, row.Text);
     else if (err == kChannelLinkFailed || err == kChannelRefused)
         MsgOk1(kTextInstrKeepsFile, row.Key);
-    TheSeams().PumpEvents();
     return mayDelete && ChannelEndIfGone() ? TransferNext::End : TransferNext::Count;
 }
 

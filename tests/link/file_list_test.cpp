@@ -96,6 +96,16 @@ TEST_F(FileLists, EachSortTurnsTheOrderRoundWhateverTheColumn)
     EXPECT_EQ(Names(), QStringList({ "b.tvm", "a.tvm" }));
 }
 
+TEST_F(FileLists, RowsOfTheSameTimeStandInTheOrderOfTheirNames)
+{
+    for (const char* name : { "b.tvm", "c.tvm", "a.tvm" })
+        AddFile(QString::fromLatin1(name));
+    for (int turn = 0; turn < 2; ++turn) {
+        TransferSortColumn(list_, FileListTime);
+        EXPECT_EQ(Names(), QStringList({ "a.tvm", "b.tvm", "c.tvm" }));
+    }
+}
+
 TEST_F(FileLists, ClickOnTheNameColumnSortsByTheSortColumn)
 {
     AddFile("a.tvm", QDate(2025, 1, 1));

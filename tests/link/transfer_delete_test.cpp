@@ -179,6 +179,17 @@ TEST_F(DeleteOnPc, FilesAndFoldersGoIntoTheTrash)
             "pump", "value 2", "pump" }));
 }
 
+TEST_F(DeleteOnPc, AnswersForAllOfAnEarlierJobAreForgottenOnEitherSide)
+{
+    for (void (*job)(FileList&) : { TransferDeletePc, TransferDeleteInstr }) {
+        TheMessage().YesAll = true;
+        TheMessage().NoAll = true;
+        job(pc_);
+        EXPECT_FALSE(TheMessage().YesAll);
+        EXPECT_FALSE(TheMessage().NoAll);
+    }
+}
+
 TEST_F(DeleteOnPc, OnlySelectedRowsGo)
 {
     OneFile("a.png");

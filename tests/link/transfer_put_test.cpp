@@ -472,7 +472,7 @@ TEST_F(UploadActive, FoldersAreRefused)
 TEST_F(UploadActive, FailedLinkDisconnectsAndEndsTheJob)
 {
     fake_.Answer("PutActiveDatasetFile", kChannelLinkFailed);
-    Answers().Expect(12703, Ok);
+    Answers().ExpectWhile(12703, Ok, [this] { EXPECT_TRUE(fake_.Connected); });
     TransferPutActive(pc_);
     EXPECT_EQ(fake_.Log, QStringList({ Put("a.set"), "Disconnect" }));
 }

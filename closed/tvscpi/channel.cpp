@@ -167,14 +167,12 @@ Status Channel::Ask(const std::string& query, size_t longest, const Taker& take)
 }
 
 /// Takes a block off the stream to its end, also when the file can't be written any more: then the link goes on.
-Status Channel::TakeBlock(Inbox& inbox, tvfile::NewFile& file, bool& isLarge)
+Status Channel::TakeBlock(Inbox& inbox, tvfile::NewFile& file, uint64_t& length)
 {
-    uint64_t left = 0;
-    if (!inbox.BlockHead(left) || left > TVSCPI_MAX_BLOCK)
+    if (!inbox.BlockHead(length) || length > TVSCPI_MAX_BLOCK)
         return Drop();
-    isLarge = left > kMostFlushedBytes;
-    bool isStored = file.HasRoomFor(left);
-    while (left > 0) {
+    bool isStored = file.HasRoomFor(length);
+    for (uint64_t left = length; left > 0;) {
         const ByteView bytes = inbox.Bytes(left);
         if (bytes.empty())
             return Drop();
@@ -213,16 +211,18 @@ Status Channel::StoreAnswer(std::string_view request, OldErrors oldErrors, const
         return Drop();
     if (first != '#')
         return ErrorInsteadOfAnswer(inbox);
-    bool isLarge = false;
-    const Status stored = TakeBlock(inbox, file, isLarge);
+    uint64_t length = 0;
+    const Status stored = TakeBlock(inbox, file, length);
     if (stored == Status::LinkFailed)
         return stored;
     const Status outcome = Outcome(inbox);
-    if (outcome == Status::LinkFailed || (outcome == Status::Refused && oldErrors == OldErrors::None))
+    // An instrument that refuses may send an empty block; an older error stands behind any.
+    const bool isOldError = oldErrors == OldErrors::MayBeThere && length > 0;
+    if (outcome == Status::LinkFailed || (outcome == Status::Refused && !isOldError))
         return outcome;
     if (stored != Status::Ok)
         return stored;
-    return file.Commit(!isLarge).Ok() ? Status::Ok : Status::LocalFile;
+    return file.Commit(length <= kMostFlushedBytes).Ok() ? Status::Ok : Status::LocalFile;
 }
 
 Status Channel::SendFile(const std::string& start, tvfile::SourceFile& file, const Deadline& deadline)

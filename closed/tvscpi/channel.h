@@ -78,7 +78,7 @@ private:
         std::string_view request, OldErrors oldErrors, const char* local, const Deadline& deadline);
     [[nodiscard]] Status Outcome(Inbox& inbox);
     [[nodiscard]] Status ErrorInsteadOfAnswer(Inbox& inbox);
-    [[nodiscard]] Status TakeBlock(Inbox& inbox, tvfile::NewFile& file, bool& isLarge);
+    [[nodiscard]] Status TakeBlock(Inbox& inbox, tvfile::NewFile& file, uint64_t& length);
     [[nodiscard]] Status SendFile(const std::string& start, tvfile::SourceFile& file, const Deadline& deadline);
     [[nodiscard]] Status Finish(Inbox& inbox, Status status);
 

@@ -431,10 +431,20 @@ TEST_F(ScpiOperations, ScreenIsStoredWhateverOlderErrorsWaitInTheQueue)
 TEST_F(ScpiOperations, ScreenThatIsRefusedLeavesTargetAndLink)
 {
     Store(Path(), "old");
-    Answer("-100,\"Command error\"\n");
-    EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kRefused);
-    EXPECT_EQ(Contents(Path()), "old");
-    EXPECT_TRUE(IsUp());
+    for (const char* answer : { "-100,\"Command error\"\n", "#10\n-250,\"Mass storage error\"\n" }) {
+        Answer(answer);
+        EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kRefused) << answer;
+        EXPECT_EQ(Contents(Path()), "old") << answer;
+        EXPECT_TRUE(IsUp()) << answer;
+    }
+    EXPECT_EQ(FolderNames(), (Names{ "target" }));
+}
+
+TEST_F(ScpiOperations, EmptyBlockOfTheStreamIsAnEmptyFile)
+{
+    Answer(std::string("#10\n") + kNoError);
+    EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kOk);
+    EXPECT_EQ(Contents(Path()), "");
 }
 
 TEST_F(ScpiOperations, WithoutALinkEveryOperationFails)

@@ -150,6 +150,9 @@ bool ScpiServer::SendReply(int client)
         while (!IsClosedByClient(client) && WaitFor(-1, wake_[0], kTrickleMs)
             && ::send(client, "x", 1, MSG_NOSIGNAL) == 1) { }
         return false;
+    case Afterwards::HangsUpOnTheNext:
+        (void)WaitFor(client, wake_[0], -1);
+        return false;
     case Afterwards::Stalls:
         while (WaitFor(client, wake_[0], -1) && !IsClosedByClient(client)) { }
         return false;

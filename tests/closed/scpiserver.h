@@ -15,6 +15,7 @@ enum class Afterwards {
     Stalls, ///< keeps the connection and says no more
     GoesDeaf, ///< the same, and reads no more either
     Trickles, ///< sends one byte a millisecond for ever
+    HangsUpOnTheNext, ///< closes the connection when the next request has begun, with most of it unread
 };
 
 /// Serves one client at a time on 127.0.0.1, in a thread of its own. The identification and the question for errors end

@@ -4,6 +4,7 @@
 #include "tests/closed/scpifixture.h"
 #include "tests/closed/scpiserver.h"
 
+#include <chrono>
 #include <functional>
 #include <random>
 
@@ -156,7 +157,9 @@ protected:
         for (const Operation& operation : Operations()) {
             for (size_t most = 0; most < operation.Answer.size() && !HasFatalFailure(); ++most, ++places) {
                 SCOPED_TRACE(operation.Name + " after " + std::to_string(most));
+                const auto start = std::chrono::steady_clock::now();
                 EXPECT_EQ(RunAgainst(operation, operation.Answer, afterwards, most), kLinkFailed);
+                EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(kLongMs / 2));
                 ExpectGone();
             }
         }

@@ -4,7 +4,11 @@
 
 #include <QFile>
 
+#include <arpa/inet.h>
 #include <chrono>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
 
 namespace {
 
@@ -12,6 +16,23 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int32_t kLongMs = 20000; ///< never reached
 constexpr int32_t kShortMs = 50;
+
+/// The no-delay option of this process's connection to a port of this machine; -1 without one.
+int NoDelayOfConnection(int16_t port)
+{
+    constexpr int kMostDescriptors = 256;
+    for (int socket = 0; socket < kMostDescriptors; ++socket) {
+        sockaddr_in peer{};
+        socklen_t size = sizeof peer;
+        const bool isConnected = ::getpeername(socket, reinterpret_cast<sockaddr*>(&peer), &size) == 0;
+        if (!isConnected || peer.sin_family != AF_INET || peer.sin_port != htons(static_cast<uint16_t>(port)))
+            continue;
+        int isOn = 0;
+        size = sizeof isOn;
+        return ::getsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &isOn, &size) == 0 && isOn != 0 ? 1 : 0;
+    }
+    return -1;
+}
 
 class ScpiLink : public ScpiTest {
 protected:
@@ -58,6 +79,12 @@ TEST_F(ScpiLink, ConnectAsksOnlyWhoIsThere)
     EXPECT_EQ(server.Received(), "*IDN?\n");
     EXPECT_EQ(scpi.scpiGetConnected(), 0);
     EXPECT_EQ(scpi.scpiCheckConnection(), 0);
+}
+
+TEST_F(ScpiLink, CommandsDoNotWaitForCompany)
+{
+    ExpectConnected();
+    EXPECT_EQ(NoDelayOfConnection(server.Port()), 1);
 }
 
 TEST_F(ScpiLink, ConnectEndsTheConnectionThatStood)
@@ -144,6 +171,16 @@ TEST_F(ScpiLink, UploadToAnInstrumentThatDoesNotReadEndsInTime)
     const auto start = Clock::now();
     EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", kShortMs), kLinkFailed);
     EXPECT_TRUE(TookShort(start));
+    EXPECT_EQ(scpi.scpiCheckConnection(), 1);
+}
+
+TEST_F(ScpiLink, InstrumentThatHangsUpInTheMiddleOfAnUploadEndsTheLink)
+{
+    QFile file(QString::fromStdString(Path()));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(qint64{ 64 } << 20));
+    server.Answer(std::string(kIdentification) + '\n', Afterwards::HangsUpOnTheNext);
+    ASSERT_EQ(Connect(), kOk);
+    EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", kLongMs), kLinkFailed);
     EXPECT_EQ(scpi.scpiCheckConnection(), 1);
 }
 

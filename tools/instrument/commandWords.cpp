@@ -1,13 +1,12 @@
 #include "tools/instrument/commandWords.h"
 
+#include "tools/instrument/storage.h"
+
 #include <algorithm>
 #include <charconv>
 #include <chrono>
 
 namespace {
-
-constexpr int kFirstYear = 1980;
-constexpr int kLastYear = 2107;
 
 bool IsSmall(char byte)
 {

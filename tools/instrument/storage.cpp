@@ -50,13 +50,26 @@ bool IsLocked(const struct stat& status)
     return (status.st_mode & kAnyoneWrites) == 0;
 }
 
+/// The time in local fields. One that a receiver's disk has no year for becomes its first day.
+std::tm StampOf(std::time_t changed)
+{
+    std::tm stamp{};
+    const bool isKnown = ::localtime_r(&changed, &stamp) != nullptr;
+    if (isKnown && stamp.tm_year >= kFirstYear - 1900 && stamp.tm_year <= kLastYear - 1900)
+        return stamp;
+    stamp = {};
+    stamp.tm_year = kFirstYear - 1900;
+    stamp.tm_mday = 1;
+    return stamp;
+}
+
 StorageEntry EntryOf(std::string name, const struct stat& status)
 {
     StorageEntry entry;
     entry.Name = std::move(name);
     entry.IsFolder = S_ISDIR(status.st_mode);
     entry.SizeBytes = entry.IsFolder ? 0 : static_cast<std::uint64_t>(status.st_size);
-    ::localtime_r(&status.st_mtime, &entry.Stamp);
+    entry.Stamp = StampOf(status.st_mtime);
     return entry;
 }
 
@@ -92,6 +105,7 @@ bool Storage::Open(const std::string& folder, std::uint64_t capacityBytes, std::
         reason = "another receiver works in it";
         return false;
     }
+    ::unlinkat(privateFolder_.Number(), kIncoming, 0); // of a receiver that ended while it stored
     return true;
 }
 
@@ -188,8 +202,11 @@ InstrumentError Storage::BeginStoreActive(std::uint64_t size)
 
 InstrumentError Storage::OpenIncoming(std::uint64_t size)
 {
-    if (size > kMaxFileBytes || size > Usage().FreeBytes)
+    if (size > roomLeft_)
+        roomLeft_ = Usage().FreeBytes;
+    if (size > kMaxFileBytes || size > roomLeft_)
         return InstrumentError::MediaFull;
+    roomLeft_ -= size;
     incoming_ = Descriptor(
         ::openat(privateFolder_.Number(), kIncoming, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, kFileMode));
     storeError_ = incoming_.IsOpen() ? InstrumentError::None : ErrorOf(errno);
@@ -253,15 +270,20 @@ InstrumentError Storage::CheckTarget(const Target& target) const
     Descriptor folder;
     if (const auto error = OpenFolder(target.Path, folder); error != InstrumentError::None)
         return error;
-    for (const DiskEntry& entry : DiskEntries(folder.Number())) {
-        const bool isSame = entry.Name == target.Name;
-        if (isSame && !S_ISREG(entry.Status.st_mode))
-            return InstrumentError::FileName;
-        const bool goes = isSame || (target.Place == StorePlace::Alone && S_ISREG(entry.Status.st_mode));
-        if (goes && IsLocked(entry.Status))
-            return InstrumentError::Protected;
-    }
-    return InstrumentError::None;
+    struct stat old { };
+    const bool isNew = ::fstatat(folder.Number(), target.Name.c_str(), &old, AT_SYMLINK_NOFOLLOW) != 0;
+    if (isNew && errno != ENOENT)
+        return ErrorOf(errno);
+    if (!isNew && !S_ISREG(old.st_mode))
+        return InstrumentError::FileName;
+    if (!isNew && IsLocked(old))
+        return InstrumentError::Protected;
+    if (target.Place == StorePlace::Beside)
+        return InstrumentError::None;
+    const std::vector<DiskEntry> others = DiskEntries(folder.Number());
+    const bool isHeld = std::any_of(others.begin(), others.end(),
+        [](const DiskEntry& entry) { return S_ISREG(entry.Status.st_mode) && IsLocked(entry.Status); });
+    return isHeld ? InstrumentError::Protected : InstrumentError::None;
 }
 
 InstrumentError Storage::RemoveFile(const WirePath& path, std::string_view name)
@@ -325,8 +347,7 @@ InstrumentError Storage::SetStamp(const WirePath& path, std::string_view name, c
     Located found;
     if (const auto error = LocateFile(path, name, found); error != InstrumentError::None)
         return error;
-    std::tm old{};
-    ::localtime_r(&found.Status.st_mtime, &old);
+    const std::tm old = StampOf(found.Status.st_mtime);
     const std::tm& date = isDate ? stamp : old;
     std::tm merged = isDate ? old : stamp;
     merged.tm_year = date.tm_year;

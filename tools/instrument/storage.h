@@ -1,9 +1,7 @@
-// tools/instrument/storage.h: the receiver's disk: a folder of this machine,
-// which no name leads out of.
+// tools/instrument/storage.h: the receiver's disk: a folder of this machine, which no name leads out of.
 //
-// Symbolic links, pipes and devices below that folder are not there for a
-// client. What is written becomes visible when it is complete, in one step. A
-// file without any permission to write counts as locked.
+// Symbolic links, pipes and devices below that folder are not there for a client. What is written becomes visible when
+// it is complete, in one step. A file without any permission to write counts as locked.
 #pragma once
 
 #include "tools/instrument/descriptor.h"
@@ -20,12 +18,15 @@
 /// Bytes of a file that is stored at most.
 inline constexpr std::uint64_t kMaxFileBytes = 256ULL * 1024 * 1024;
 
+/// Years that a stamp can have.
+inline constexpr int kFirstYear = 1980;
+inline constexpr int kLastYear = 2107;
+
 struct StorageEntry {
     std::string Name; ///< Windows-1252
     bool IsFolder = false;
     std::uint64_t SizeBytes = 0; ///< 0 of a folder
-    std::tm Stamp{}; ///< last change, local time; tm_year counts from 1900,
-                     ///< tm_mon from 0
+    std::tm Stamp{}; ///< last change, local time; tm_year counts from 1900, tm_mon from 0
 };
 
 struct StorageUsage {
@@ -41,8 +42,7 @@ enum class StorePlace {
 
 class Storage {
 public:
-    /// Opens `folder`, made if it is not there. False if that fails or another
-    /// receiver works in it; `reason` tells.
+    /// Opens `folder`, made if it is not there. False if that fails or another receiver works in it; `reason` tells.
     [[nodiscard]] bool Open(const std::string& folder, std::uint64_t capacityBytes, std::string& reason);
 
     /// Nothing but the receiver's own folder is there.
@@ -68,8 +68,8 @@ public:
     /// Opens a file to be read.
     InstrumentError OpenFile(const WirePath& path, std::string_view name, Descriptor& file, std::uint64_t& size) const;
 
-    /// Storing: the target and the room are checked, then the bytes come, then
-    /// the file takes its place.
+    /// Storing: the target and the room are checked, then the bytes come, then the file takes its place. Room that
+    /// was found is not looked for again until it is used up: it takes a walk over the whole disk.
     InstrumentError BeginStore(const WirePath& path, std::string_view name, StorePlace place, std::uint64_t size);
     InstrumentError Store(std::string_view bytes);
     InstrumentError EndStore();
@@ -98,8 +98,7 @@ private:
         StorePlace Place = StorePlace::Beside;
     };
 
-    /// What stands under a name. The folder is open even if it is only the name
-    /// that is not there.
+    /// What stands under a name. The folder is open even if it is only the name that is not there.
     struct Located {
         Descriptor Folder;
         std::string DiskName;
@@ -108,8 +107,7 @@ private:
 
     InstrumentError OpenFolder(const WirePath& path, Descriptor& folder) const;
     InstrumentError Locate(const WirePath& path, std::string_view name, Located& found) const;
-    InstrumentError LocateFile(const WirePath& path, std::string_view name,
-        Located& found) const; ///< no folder
+    InstrumentError LocateFile(const WirePath& path, std::string_view name, Located& found) const; ///< no folder
     InstrumentError CheckTarget(const Target& target) const;
     InstrumentError OpenIncoming(std::uint64_t size);
     InstrumentError PlaceIncoming();
@@ -117,6 +115,7 @@ private:
 
     std::string root_;
     std::uint64_t capacityBytes_ = 0;
+    std::uint64_t roomLeft_ = 0; ///< bytes of what the last walk found free, less what was stored since
     Descriptor rootFolder_;
     Descriptor privateFolder_;
     Descriptor incoming_;

@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <filesystem>
+#include <fstream>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -149,6 +152,14 @@ TEST_F(InstrumentFiles, StampsDateAndTimeApart)
     ExpectRefused("MMEM:FILE:DATE \"Public\",2024,2,29", "-256");
 }
 
+TEST_F(InstrumentFiles, ListsNoStampThatTheDiskCanNotHold)
+{
+    desk_.Put("f", "x");
+    const timespec times[2] = { { 0, UTIME_OMIT }, { 3 * 86400, 0 } }; // of 1970
+    ASSERT_EQ(::utimensat(AT_FDCWD, desk_.Path("f").c_str(), times, 0), 0);
+    EXPECT_NE(Say("MMEM:CAT? ALL\n").find("\"f\",FILE,1,1980,1,1,0,0,0"), std::string::npos);
+}
+
 TEST_F(InstrumentFiles, NamesTravelAsWindows1252)
 {
     EXPECT_EQ(Say("MMEM:DATA ALL,\"M\xE4rz, \"\"7\"\" \x80.png\",#11x\n"), "");
@@ -240,6 +251,28 @@ TEST_F(InstrumentFiles, RefusesWhatDoesNotFit)
     EXPECT_EQ(desk_.Error(), "0");
 }
 
+TEST_F(InstrumentFiles, RefusesASecondFileThatDoesNotFitBesideTheFirst)
+{
+    const std::string most(60000, 'x');
+    EXPECT_EQ(Say("MMEM:DATA ALL,\"f\",#560000" + most + '\n'), "");
+    ExpectRefused("MMEM:DATA ALL,\"g\",#560000" + most, "-254");
+    EXPECT_EQ(desk_.Content("g"), "(none)");
+}
+
+TEST_F(InstrumentFiles, FindsTheRoomThatARemovedFileLeaves)
+{
+    const std::string most(60000, 'x');
+    EXPECT_EQ(Say("MMEM:DATA ALL,\"f\",#560000" + most + ";:MMEM:DEL ALL,\"f\"\n"), "");
+    EXPECT_EQ(Say("MMEM:DATA ALL,\"g\",#560000" + most + '\n'), "");
+    EXPECT_EQ(desk_.Error(), "0");
+}
+
+TEST_F(InstrumentFiles, ANameThatIsTooLongIsRefusedBeforeItsBytesAreTaken)
+{
+    EXPECT_EQ(Say("MMEM:DATA ALL,\"" + std::string(300, 'n') + "\",#15he"), "");
+    EXPECT_FALSE(std::filesystem::exists(desk_.Path(".instrument/incoming")));
+}
+
 TEST_F(InstrumentFiles, StaysInStepBehindARefusedBlock)
 {
     EXPECT_EQ(Say("MMEM:DATA ALL,\"a\\b\",#18\n*IDN?\n;;*OPC?\n"), "1\n");
@@ -310,6 +343,18 @@ TEST_F(InstrumentFiles, KeepsItsActiveSettingsApart)
     EXPECT_EQ(Say("MMEM:ACT:DATA #13abc;DATA?\n"), "#13abc\n");
     EXPECT_EQ(desk_.Error(), "0");
     EXPECT_EQ(Say("MMEM:CAT? ALL\n").find("active"), std::string::npos);
+}
+
+TEST_F(InstrumentFiles, WhatAReceiverWithoutPowerLeftTakesNoRoom)
+{
+    const QTemporaryDir folder;
+    const std::filesystem::path own = folder.filePath(".instrument").toStdString();
+    ASSERT_TRUE(std::filesystem::create_directory(own));
+    std::ofstream(own / "incoming") << "half a file";
+    Storage storage;
+    std::string reason;
+    ASSERT_TRUE(storage.Open(folder.path().toStdString(), 1000, reason)) << reason;
+    EXPECT_EQ(storage.Usage().UsedBytes, 0U);
 }
 
 TEST_F(InstrumentFiles, OneReceiverWorksInAFolder)

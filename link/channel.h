@@ -24,7 +24,7 @@ inline constexpr int kStreamTimeoutMs = 5000;
 /// True while the link stands; false without the channel module.
 bool ChannelIsUp();
 
-/// Connects and stores the identification. `port` is 0 to 9999.
+/// Connects to an IPv4 address and stores the identification. `port` is 0 to 65535.
 [[nodiscard]] ChannelStatus ChannelConnect(const QString& address, int port, QString& identification);
 void ChannelDisconnect();
 

@@ -87,7 +87,9 @@ ExitStatus Run(const InstrumentArguments& arguments)
             QString::fromLocal8Bit(std::strerror(errno)));
     const sigset_t before = CatchStopSignals();
     Print(stdout, QStringLiteral("port %1\n").arg(server.Port()));
-    return server.Serve(stopWanted, before) ? ExitDone : Fail(root, QString::fromLocal8Bit(std::strerror(errno)));
+    return server.Serve(stopWanted, before)
+        ? ExitDone
+        : Fail(QStringLiteral("waiting for clients"), QString::fromLocal8Bit(std::strerror(errno)));
 }
 
 } // namespace

@@ -21,7 +21,6 @@ public:
     /// The port that it listens on.
     int Port() const;
 
-    /// Serves until a signal sets `stop`. `blocked` are blocked while it waits. False when the system fails.
     /// Serves until a signal sets `stop`. Only while it waits may signals other than `blocked` come. False when the
     /// system fails.
     [[nodiscard]] bool Serve(const volatile std::sig_atomic_t& stop, const sigset_t& blocked);

@@ -1,5 +1,7 @@
 #include "tools/instrument/session.h"
 
+#include "app/ansi.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
@@ -9,10 +11,19 @@
 
 namespace {
 
-constexpr size_t kReceiveBytes = 256 * 1024;
+constexpr size_t kReceiveBytes = size_t{ 256 } << 10;
 
 /// Time for which unused rate is kept, so that a slow link flows instead of jumping.
 constexpr double kSavedSeconds = 0.05;
+
+/// What a client says, for a terminal that must not obey it.
+QByteArray Printable(std::string_view line)
+{
+    QString text = FromAnsi(QByteArrayView(line.data(), static_cast<qsizetype>(line.size())));
+    std::replace_if(
+        text.begin(), text.end(), [](QChar character) { return !character.isPrint(); }, QChar(u'?'));
+    return text.toLocal8Bit();
+}
 
 bool WouldWait(int systemError)
 {
@@ -142,8 +153,10 @@ bool Session::Service(short events, LinkTime now)
 bool Session::Receive(LinkTime now)
 {
     buffer_.resize(kReceiveBytes);
-    const ssize_t count =
-        ::recv(socket_.Number(), buffer_.data(), receiving_.Allowed(now, kReceiveBytes), MSG_DONTWAIT);
+    const size_t allowed = receiving_.Allowed(now, kReceiveBytes);
+    if (allowed == 0)
+        return true; // nothing asked for would look like the end of the connection
+    const ssize_t count = ::recv(socket_.Number(), buffer_.data(), allowed, MSG_DONTWAIT);
     if (count < 0) {
         input_ = {};
         return WouldWait(errno);
@@ -205,7 +218,7 @@ void Session::Tell(const Command& command)
     for (const CommandParameter& parameter : command.Parameters)
         line += ' ' + (parameter.Kind == CommandParameter::Form::Block ? "(block)" : parameter.Value);
     const std::string error = ErrorAnswer(instrument_.Errors().Newest());
-    std::fprintf(stderr, "%s: %s\n", line.c_str(), error.c_str());
+    std::fprintf(stderr, "%s: %s\n", Printable(line).constData(), error.c_str());
 }
 
 bool Session::Send(LinkTime now)

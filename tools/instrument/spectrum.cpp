@@ -32,7 +32,7 @@ double Chance(std::uint32_t first, std::uint32_t second)
 
 std::uint32_t KeyOf(const Carrier& carrier)
 {
-    return static_cast<std::uint32_t>(std::fmod(std::round(carrier.FrequencyHz), 4294967296.0));
+    return static_cast<std::uint32_t>(std::fmod(std::round(std::abs(carrier.FrequencyHz)), 4294967296.0));
 }
 
 bool IsOnAir(const Carrier& carrier, SweepNumber sweep)

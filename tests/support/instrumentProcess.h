@@ -17,6 +17,11 @@ public:
         return port_;
     }
 
+    qint64 ProcessId() const
+    {
+        return process_.processId();
+    }
+
     /// Path of a file, by its path on the instrument with `/` between: "Public/Memory List/Marine-VHF.tvm".
     QString Path(const QString& name) const
     {

@@ -132,6 +132,19 @@ TEST(InstrumentAnswers, ACutBlockHasHalfItsBytes)
     EXPECT_EQ(answers.Peek(100), "first\n#10\n#16abc\n#12gh\n");
 }
 
+TEST(InstrumentAnswers, TellWhenEnoughIsWaiting)
+{
+    const std::string piece(300000, 'x');
+    Answers answers;
+    for (int i = 0; i < 3; ++i)
+        answers.Block(piece);
+    EXPECT_FALSE(answers.IsFull());
+    answers.Block(piece);
+    EXPECT_TRUE(answers.IsFull());
+    answers.Sent(answers.Peek(piece.size()).size());
+    EXPECT_FALSE(answers.IsFull());
+}
+
 TEST(InstrumentAnswers, SpoiledAnswersDiffer)
 {
     Answers answers;

@@ -8,6 +8,8 @@
 #include <QElapsedTimer>
 #include <QFile>
 
+#include <filesystem>
+
 namespace {
 
 QByteArray Content(const QString& path)
@@ -17,6 +19,12 @@ QByteArray Content(const QString& path)
 }
 
 constexpr int kShortTimeMs = 200;
+
+std::ptrdiff_t OpenFiles(qint64 processId)
+{
+    const std::filesystem::directory_iterator files("/proc/" + std::to_string(processId) + "/fd");
+    return std::distance(begin(files), end(files));
+}
 
 } // namespace
 
@@ -96,6 +104,28 @@ TEST(InstrumentProgram, UsageErrorsAreToldAndCounted)
     EXPECT_TRUE(process.readAllStandardOutput().startsWith("tarvik-instrument "));
 }
 
+TEST(InstrumentProgram, TellsNothingThatATerminalWouldObey)
+{
+    InstrumentProcess instrument({ "--verbose" });
+    WireClient client(instrument.Port());
+    EXPECT_EQ(client.Ask("MMEM:CDIR \"a\x1B]0;b\x07\x9D\";CDIR?"), "\"\\\"");
+    EXPECT_EQ(instrument.Stop(), 0);
+    EXPECT_TRUE(instrument.Told().contains("MMEM:CDIR a?]0;b??: -257,")) << instrument.Told().toStdString();
+}
+
+TEST(InstrumentProgram, RefusesARootThatIsNoFolder)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("file"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    QProcess process;
+    process.start(TARVIK_INSTRUMENT, { "--root", file.fileName(), "--port", "0" });
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_TRUE(process.readAllStandardError().contains("Not a directory"));
+    EXPECT_EQ(process.readAllStandardOutput(), QByteArray());
+}
+
 TEST(InstrumentProgram, SendsAPictureOfItsDisplay)
 {
     const InstrumentProcess instrument;
@@ -123,7 +153,7 @@ TEST(InstrumentLink, TheNextClientStartsAfresh)
     WireClient first(instrument.Port());
     EXPECT_EQ(first.Ask("NONSENSE;MMEM:CDIR \"\\Public\";CDIR?"), "\"\\Public\"");
     first.Close();
-    WireClient second(instrument.Port());
+    WireClient second = NextClient(instrument.Port());
     EXPECT_EQ(second.Ask("SYST:ERR?"), "0,\"No error\"");
     EXPECT_EQ(second.Ask("MMEM:CDIR?"), "\"\\\"");
 }
@@ -137,7 +167,7 @@ TEST(InstrumentLink, AClientThatVanishesInMidBlockLeavesTheFile)
     EXPECT_EQ(client.Ask("*OPC?"), "1");
     client.Send("MMEM:DATA MEM,\"Marine-VHF.tvm\",#6100000abc");
     client.Close();
-    WireClient next(instrument.Port());
+    WireClient next = NextClient(instrument.Port());
     EXPECT_EQ(next.Ask("MMEM:EXIS? MEM,\"Marine-VHF.tvm\""), "1,FILE");
     EXPECT_EQ(Content(path), before);
     EXPECT_FALSE(QFile::exists(instrument.Path(".instrument/incoming")));
@@ -151,7 +181,7 @@ TEST(InstrumentLink, AClientThatVanishesInMidAnswerFreesTheInstrument)
     EXPECT_EQ(client.Ask("MMEM:DATA ALL,\"f\",#74000000" + large + ";*OPC?"), "1");
     client.Send("MMEM:DATA? ALL,\"f\"\n");
     client.Close();
-    WireClient next(instrument.Port());
+    WireClient next = NextClient(instrument.Port());
     EXPECT_EQ(next.Ask("*OPC?"), "1");
 }
 
@@ -166,21 +196,22 @@ TEST(InstrumentLink, AClientThatSendsNoMoreStillGetsItsAnswers)
     EXPECT_TRUE(client.IsClosed());
 }
 
-TEST(InstrumentLink, AClientThatNeverReadsStopsBeingServedButFillsNoMemory)
+TEST(InstrumentLink, AClientThatNeverReadsStopsBeingServed)
 {
     const InstrumentProcess instrument;
     WireClient client(instrument.Port());
-    std::string large(1000000, 'x');
+    const std::string large(1000000, 'x');
     EXPECT_EQ(client.Ask("MMEM:DATA ALL,\"f\",#71000000" + large + ";*OPC?"), "1");
     std::string questions;
     for (int i = 0; i < 500; ++i)
         questions += "MMEM:DATA? ALL,\"f\"\n";
     client.Send(questions + "*OPC?\n");
     for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(client.Block(), large);
+        EXPECT_TRUE(client.Block() == large);
+    // An answer that waits keeps its file open.
+    EXPECT_LT(OpenFiles(instrument.ProcessId()), 60);
     client.Close();
-    WireClient next(instrument.Port());
-    EXPECT_EQ(next.Ask("*OPC?"), "1");
+    EXPECT_EQ(NextClient(instrument.Port()).Ask("*IDN?"), "TARVIK,TR-200DF,100042,4.30");
 }
 
 TEST(InstrumentLink, SurvivesRubbish)
@@ -191,7 +222,7 @@ TEST(InstrumentLink, SurvivesRubbish)
     EXPECT_EQ(client.Ask("*CLS;*OPC?"), "1");
     client.Send("MMEM:DA");
     client.Close();
-    WireClient next(instrument.Port());
+    WireClient next = NextClient(instrument.Port());
     EXPECT_EQ(next.Ask("*OPC?"), "1");
 }
 
@@ -231,7 +262,7 @@ TEST(InstrumentFaults, DropClosesTheConnectionAtItsCommandOnce)
     EXPECT_EQ(client.Line(), "1");
     EXPECT_EQ(client.Line(), "1");
     EXPECT_TRUE(client.IsClosed());
-    WireClient next(instrument.Port());
+    WireClient next = NextClient(instrument.Port());
     for (int i = 0; i < 5; ++i)
         EXPECT_EQ(next.Ask("*OPC?"), "1");
 }
@@ -255,7 +286,7 @@ TEST(InstrumentFaults, StallAnswersNothingMoreUntilTheClientLeaves)
     client.Send("*OPC?\n*OPC?\n");
     EXPECT_TRUE(client.IsSilent(kShortTimeMs));
     client.Close();
-    WireClient next(instrument.Port());
+    WireClient next = NextClient(instrument.Port());
     EXPECT_EQ(next.Ask("*OPC?"), "1");
 }
 

@@ -2,15 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <arpa/inet.h>
 #include <array>
+#include <chrono>
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
 
 namespace {
 
-constexpr int kPatienceMs = 10000;
+constexpr int kPatienceMs = 60000; // a busy machine may keep a file system waiting for long
 
 bool WaitFor(int socket, short events, int milliseconds)
 {
@@ -47,20 +49,24 @@ void WireClient::Send(std::string_view bytes) const
     EXPECT_TRUE(TrySend(bytes));
 }
 
+bool WireClient::HasBytes()
+{
+    if (taken_ < received_.size())
+        return true;
+    std::array<char, 65536> buffer{};
+    const bool comes = WaitFor(socket_.Number(), POLLIN, kPatienceMs);
+    const ssize_t count = comes ? ::recv(socket_.Number(), buffer.data(), buffer.size(), 0) : 0;
+    received_.assign(buffer.data(), count > 0 ? static_cast<size_t>(count) : 0);
+    taken_ = 0;
+    return count > 0;
+}
+
 char WireClient::Byte()
 {
-    if (taken_ == received_.size()) {
-        std::array<char, 65536> buffer{};
-        const bool comes = WaitFor(socket_.Number(), POLLIN, kPatienceMs);
-        const ssize_t count = comes ? ::recv(socket_.Number(), buffer.data(), buffer.size(), 0) : 0;
-        if (count <= 0) {
-            ADD_FAILURE() << (comes ? "the connection is closed" : "no answer");
-            return '\n';
-        }
-        received_.assign(buffer.data(), static_cast<size_t>(count));
-        taken_ = 0;
-    }
-    return received_[taken_++];
+    if (HasBytes())
+        return received_[taken_++];
+    ADD_FAILURE() << "the connection is closed, or no answer comes";
+    return '\n';
 }
 
 std::string WireClient::Line()
@@ -85,10 +91,18 @@ std::string WireClient::Block()
     for (int i = 0; i < digits; ++i)
         size = size * 10 + static_cast<size_t>(Byte() - '0');
     std::string content;
-    while (content.size() < size && !testing::Test::HasFailure())
-        content.push_back(Byte());
+    while (content.size() < size && HasBytes()) {
+        const size_t count = std::min(received_.size() - taken_, size - content.size());
+        content.append(received_, taken_, count);
+        taken_ += count;
+    }
     EXPECT_EQ(Byte(), '\n');
     return content;
+}
+
+bool WireClient::IsServed()
+{
+    return TrySend("*OPC?\n") && HasBytes() && Line() == "1";
 }
 
 bool WireClient::IsClosed()
@@ -112,4 +126,17 @@ void WireClient::EndSending() const
 void WireClient::Close()
 {
     socket_.Close();
+}
+
+WireClient NextClient(int port)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(kPatienceMs);
+    for (;;) {
+        WireClient client(port);
+        const bool isServed = client.IsServed();
+        const bool isOver = std::chrono::steady_clock::now() >= end;
+        EXPECT_TRUE(isServed || !isOver) << "the instrument serves nobody";
+        if (isServed || isOver)
+            return client;
+    }
 }

@@ -1,4 +1,4 @@
-// tests/tools/instrument/wireClient.h: a plain client on a socket. Every wait ends after ten seconds in a failure.
+// tests/tools/instrument/wireClient.h: a plain client on a socket. Every wait ends after a minute in a failure.
 #pragma once
 
 #include "tools/instrument/descriptor.h"
@@ -24,6 +24,9 @@ public:
     /// The content of a definite block with the line end behind it.
     std::string Block();
 
+    /// True if the instrument answers, false if it turns this client away.
+    bool IsServed();
+
     /// The other side has closed the connection, and nothing is left to read.
     bool IsClosed();
 
@@ -36,9 +39,13 @@ public:
     void Close();
 
 private:
+    bool HasBytes();
     char Byte();
 
     Descriptor socket_;
     std::string received_;
     size_t taken_ = 0; ///< of received_
 };
+
+/// Connects as soon as the instrument has noticed that its former client is gone; until then it turns others away.
+WireClient NextClient(int port);

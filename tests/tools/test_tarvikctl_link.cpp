@@ -1,4 +1,5 @@
 // tarvikctl on an instrument: the simulated receiver, as a program of its own, on a port that the system chose.
+#include "tests/closed/scpiserver.h"
 #include "tests/tools/ctl.h"
 
 #include <QDir>
@@ -87,6 +88,18 @@ protected:
 
 private:
     QProcess instrument_;
+};
+
+/// On an instrument whose answers the test has written down.
+class TarvikctlForeign : public CtlTest {
+protected:
+    CtlResult To(const QStringList& arguments) const
+    {
+        const auto port = static_cast<quint16>(server.Port());
+        return Ctl(QStringList{ QStringLiteral("--to"), QStringLiteral("127.0.0.1:%1").arg(port) } + arguments);
+    }
+
+    ScpiServer server;
 };
 
 const QDateTime kChange(QDate(2024, 2, 29), QTime(23, 59, 58));
@@ -213,6 +226,18 @@ TEST_F(TarvikctlLink, SendsANewTableWithoutAQuestion)
     EXPECT_EQ(OnInstrument("K-Factor Table/Loop.tvk"), "table");
 }
 
+TEST_F(TarvikctlLink, ScreenShotKeepsItsDateOnTheWayUp)
+{
+    StartInstrument();
+    Store(QStringLiteral("New.png"), "shot");
+    QFile file(Path(QStringLiteral("New.png")));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.setFileTime(kChange, QFileDevice::FileModificationTime));
+    ExpectDone(To({ "put", "screen", "New.png" }));
+    const CtlResult result = To({ "ls", "screen" });
+    ExpectDone(result);
+    EXPECT_TRUE(result.Out.contains(QStringLiteral("2024-02-29 23:59:58  New.png\n"))) << result.Out.toStdString();
+}
+
 TEST_F(TarvikctlLink, AsksBeforeItReplacesATable)
 {
     StartInstrument();
@@ -276,6 +301,25 @@ TEST_F(TarvikctlLink, CaptureAsksBeforeItReplacesALocalFile)
     EXPECT_EQ(Bytes(QStringLiteral("out.png")), "mine");
 }
 
+TEST_F(TarvikctlLink, CaptureThatIsRefusedLeavesTheTarget)
+{
+    StartInstrument({ "--fault", "refuse=1" });
+    Store(QStringLiteral("out.png"), "mine");
+    const CtlResult result = To({ "capture", "--yes", "out.png" });
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_TRUE(result.Err.contains(QStringLiteral("out.png: 12704: "))) << result.Err.toStdString();
+    EXPECT_EQ(Bytes(QStringLiteral("out.png")), "mine");
+}
+
+TEST_F(TarvikctlLink, FolderIsNoTarget)
+{
+    StartInstrument();
+    ASSERT_TRUE(QDir(Path({})).mkpath(QStringLiteral("folder/Marine.tvm")));
+    ExpectMessage(To({ "capture", "--yes", "folder" }), QStringLiteral("folder: folder is a folder"));
+    ExpectMessage(To({ "get", "--yes", "memory", "Marine.tvm", "folder" }),
+        QStringLiteral("Marine.tvm: folder/Marine.tvm is a folder"));
+}
+
 TEST_F(TarvikctlLink, NobodyThereIsAMessage)
 {
     StartInstrument({ "--fault", "drop=1" });
@@ -324,4 +368,15 @@ TEST_F(TarvikctlLink, RefusesWrongUsage)
         EXPECT_EQ(result.ExitCode, 2) << each.Reason.toStdString();
         EXPECT_EQ(result.Err, QStringLiteral("tarvikctl: %1\nTry 'tarvikctl --help'.\n").arg(each.Reason));
     }
+}
+
+TEST_F(TarvikctlForeign, WhatATerminalWouldObeyIsNotPrinted)
+{
+    server.Answer("maker,mo\x9D"
+                  "del,1,2\n");
+    EXPECT_EQ(To({ "idn" }).Out, QStringLiteral("maker,mo?del,1,2\n"));
+    server.Answer("maker,model,1,2\n");
+    server.Answer("1,2,\"a\x90"
+                  "b\",FILE,5,2024,1,2,3,4,5\n0,\"No error\"\n");
+    EXPECT_EQ(To({ "ls" }).Out, QStringLiteral("2024-01-02 03:04:05  a?b\n"));
 }

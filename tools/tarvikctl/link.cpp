@@ -56,7 +56,8 @@ ChannelStatus ReadRows(int fileClass, std::vector<ChannelRow>& rows)
 QString ListLine(const ChannelRow& row)
 {
     const QString end = row.Type == kChannelFolder ? QStringLiteral("\\\n") : QStringLiteral("\n");
-    return ChangeOf(row).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) + QStringLiteral("  ") + row.Name + end;
+    return ChangeOf(row).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) + QStringLiteral("  ")
+        + TerminalPrintable(row.Name) + end;
 }
 
 void List(int fileClass)
@@ -82,10 +83,14 @@ QString TargetPath(const QString& wish, const QString& name)
     return QFileInfo(wish).isDir() ? QDir(wish).filePath(name) : wish;
 }
 
-/// True unless a file of that name is there and shall stay.
+/// True unless a file of that name is there and shall stay, or a folder.
 bool MayBeWritten(const QString& path, Terminal& terminal)
 {
     const QFileInfo file(path);
+    if (file.isDir()) {
+        terminal.Refuse(QStringLiteral("%1 is a folder").arg(path));
+        return false;
+    }
     if (!file.exists() || MsgYesNoDefNo1(kTextOverwrite, file.fileName()) == MsgResultYes)
         return true;
     terminal.SetFailed();
@@ -181,7 +186,7 @@ void RunConnected(const CtlArguments& arguments, const QString& identification, 
         return;
     switch (arguments.Command) {
     case CtlCommand::Idn:
-        TerminalWrite(stdout, identification + u'\n');
+        TerminalWrite(stdout, TerminalPrintable(identification) + u'\n');
         break;
     case CtlCommand::Ls:
         List(fileClass);

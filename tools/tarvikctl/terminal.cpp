@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 #if defined(Q_OS_WIN)
 #include <io.h>
 #else
@@ -57,4 +59,12 @@ void TerminalWrite(std::FILE* stream, const QString& text)
 {
     const QByteArray bytes = text.toUtf8();
     std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
+}
+
+QString TerminalPrintable(QString text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](QChar character) { return character.category() == QChar::Other_Control; },
+        QChar(u'?'));
+    return text;
 }

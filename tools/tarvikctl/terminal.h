@@ -60,3 +60,6 @@ private:
 
 /// Writes `text` to `stream` as UTF-8.
 void TerminalWrite(std::FILE* stream, const QString& text);
+
+/// What an instrument says, with a "?" for each character that a terminal would obey instead of showing it.
+QString TerminalPrintable(QString text);

@@ -2,6 +2,7 @@
 // pieces, the same comes out; and nothing outside the receiver's folder is touched.
 #include "tools/instrument/instrument.h"
 #include "tools/instrument/exampleFiles.h"
+#include "tools/instrument/receiver.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -57,10 +58,21 @@ struct Bench {
     }
 };
 
+/// What a display has to be drawn from: the memory list that the client has stored, as the receiver hears it.
+std::string Display(const Storage& disk)
+{
+    const std::vector<Carrier> carriers = ReadCarriers(disk);
+    const Carrier tuned = carriers.empty() ? Carrier() : carriers.front();
+    constexpr int kPoints = 100;
+    for (const double level : SweepLevels(carriers, tuned.FrequencyHz, tuned.SpanHz, kPoints, 1))
+        Require(level >= kLowestLevel && level <= kHighestLevel);
+    return "picture";
+}
+
 void Converse(Bench& bench, std::string_view bytes)
 {
     Require(MakeReceiverFolders(bench.Disk) == InstrumentError::None);
-    Instrument instrument(bench.Disk, Identity(), [] { return std::string("picture"); });
+    Instrument instrument(bench.Disk, Identity(), [&bench] { return Display(bench.Disk); });
     instrument.Reset();
     MessageReader reader;
     Answers answers;

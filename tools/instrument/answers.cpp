@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr size_t kFilePieceBytes = 256 * 1024;
-constexpr size_t kMostBytesWaiting = 1024 * 1024;
+constexpr size_t kFilePieceBytes = size_t{ 256 } << 10;
+constexpr size_t kMostBytesWaiting = size_t{ 1 } << 20;
 constexpr size_t kMostFilesWaiting = 16;
 constexpr int kSpoiledBytes = 200;
 

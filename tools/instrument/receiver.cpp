@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::uint64_t kMaxListBytes = 1024 * 1024;
+constexpr std::uint64_t kMaxListBytes = std::uint64_t{ 1 } << 20;
 constexpr qint64 kSweepMs = 50;
 constexpr qint64 kDwellMs = 4000; // on one entry of the scan
 

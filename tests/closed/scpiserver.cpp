@@ -151,7 +151,9 @@ bool ScpiServer::SendReply(int client)
             && ::send(client, "x", 1, MSG_NOSIGNAL) == 1) { }
         return false;
     case Afterwards::HangsUpOnTheNext:
+        // The end of sending is told before the rest is refused: a client's next send could end its process.
         (void)WaitFor(client, wake_[0], -1);
+        (void)::shutdown(client, SHUT_WR);
         return false;
     case Afterwards::Stalls:
         while (WaitFor(client, wake_[0], -1) && !IsClosedByClient(client)) { }

@@ -1,8 +1,6 @@
 // Each operation: what it sends, in how many sends, and what it makes of the answer.
-#include "tests/closed/failingfilesystem.h"
 #include "tests/closed/scpifixture.h"
 
-#include <cerrno>
 #include <utility>
 
 namespace {
@@ -96,6 +94,26 @@ TEST_F(ScpiOperations, ErrorInTheQueueIsARefusalAndTheLinkStays)
     EXPECT_EQ(scpi.scpiCheckConnection(), 0);
 }
 
+TEST_F(ScpiOperations, ErrorLineThatIsNoneIsAFailureOfTheLink)
+{
+    for (const std::string& line : Names{ "", "0", "0,", "0,No error", "0,\"No error", "0,\"No error\"x", "0,\"a\tb\"",
+             "0 ,\"a\"", "+0,\"a\"", "-,\"a\"", "--1,\"a\"", "32768,\"a\"", "-32769,\"a\"", "0;\"a\"" }) {
+        Connect();
+        Answer(line + '\n');
+        EXPECT_EQ(Call(scpi.scpiCreateDirectory, "a"), kLinkFailed) << line;
+        EXPECT_FALSE(IsUp()) << line;
+    }
+}
+
+TEST_F(ScpiOperations, ErrorOfAnyCodeIsARefusal)
+{
+    for (const std::string& line : Names{ "-32768,\"a\"", "32767,\"\"", "1,\"say \"\"no\"\"\"" }) {
+        Answer(line + '\n');
+        EXPECT_EQ(Call(scpi.scpiCreateDirectory, "a"), kRefused) << line;
+    }
+    EXPECT_TRUE(IsUp());
+}
+
 TEST_F(ScpiOperations, QueryThatIsRefusedHasAnErrorLineOnly)
 {
     char path[TVSCPI_TEXT_SIZE] = "unset";
@@ -168,6 +186,16 @@ TEST_F(ScpiOperations, FindTellsFilesFoldersAndNothing)
     }
 }
 
+TEST_F(ScpiOperations, FindWithAnAnswerThatIsNoneIsAFailureOfTheLink)
+{
+    for (const std::string& line : Names{ "", "1", "1,", "1,LINK", "1,FILE,x", "0,FILE", "2", "00" }) {
+        Connect();
+        Answer(line + '\n' + kNoError);
+        EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kLinkFailed) << line;
+        EXPECT_FALSE(IsUp()) << line;
+    }
+}
+
 TEST_F(ScpiOperations, FindThatFailsIsNeitherThereNorNot)
 {
     Answer("-257,\"File name error\"\n");
@@ -199,194 +227,6 @@ TEST_F(ScpiOperations, FindsAndRemovesOfEachStore)
     }
 }
 
-TEST_F(ScpiOperations, DownloadsOfEachStore)
-{
-    using Get = decltype(scpi.scpiGetFile);
-    for (const Worded<Get>& each : { Worded<Get>{ scpi.scpiGetFile, "ALL" },
-             Worded<Get>{ scpi.scpiGetAntennaListFile, "ANT" }, Worded<Get>{ scpi.scpiGetKfactorTableFile, "KFAC" },
-             Worded<Get>{ scpi.scpiGetMemoryListFile, "MEM" }, Worded<Get>{ scpi.scpiGetSuppressListFile, "SUPP" },
-             Worded<Get>{ scpi.scpiGetCorrectionSetFile, "CORR" } }) {
-        Answer(Block("bytes of " + each.Word) + '\n' + kNoError);
-        EXPECT_EQ(Call(each.Call, "a", Path().c_str(), 1000), kOk);
-        EXPECT_EQ(TakeSent(), Exchange("MMEM:DATA? " + each.Word + ",\"a\""));
-        EXPECT_EQ(Contents(Path()), "bytes of " + each.Word);
-        EXPECT_EQ(FolderNames(), (Names{ "target" }));
-    }
-    Answer(Block("active") + '\n' + kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetActiveDatasetFile, Path().c_str(), 1000), kOk);
-    EXPECT_EQ(TakeSent(), Exchange("MMEM:ACT:DATA?"));
-    EXPECT_EQ(Contents(Path()), "active");
-}
-
-TEST_F(ScpiOperations, UploadsOfEachStore)
-{
-    Store(Path(), "all of it");
-    using Put = decltype(scpi.scpiPutFile);
-    for (const Worded<Put>& each : { Worded<Put>{ scpi.scpiPutFile, "ALL" },
-             Worded<Put>{ scpi.scpiPutAntennaListFile, "ANT" }, Worded<Put>{ scpi.scpiPutKfactorTableFile, "KFAC" },
-             Worded<Put>{ scpi.scpiPutMemoryListFile, "MEM" }, Worded<Put>{ scpi.scpiPutSuppressListFile, "SUPP" },
-             Worded<Put>{ scpi.scpiPutCorrectionSetFile, "CORR" } }) {
-        Answer(kNoError);
-        script.Sends = 0;
-        EXPECT_EQ(Call(each.Call, Path().c_str(), "a", 1000), kOk);
-        EXPECT_EQ(TakeSent(), Exchange("MMEM:DATA " + each.Word + ",\"a\",#19all of it"));
-        EXPECT_EQ(script.Sends, 1U);
-    }
-    Answer(kNoError);
-    EXPECT_EQ(Call(scpi.scpiPutActiveDatasetFile, Path().c_str(), 1000), kOk);
-    EXPECT_EQ(TakeSent(), Exchange("MMEM:ACT:DATA #19all of it"));
-}
-
-TEST_F(ScpiOperations, EmptyFileTravelsBothWays)
-{
-    Answer(std::string("#10\n") + kNoError);
-    Answer(kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
-    EXPECT_EQ(Contents(Path()), "");
-    TakeSent();
-    EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", 1000), kOk);
-    EXPECT_EQ(TakeSent(), Exchange("MMEM:DATA ALL,\"a\",#10"));
-}
-
-TEST_F(ScpiOperations, BlockHoldsAnyBytes)
-{
-    std::string bytes = "#10\n0,\"No error\"\n\r\n";
-    for (int code = 0; code < 256; ++code)
-        bytes += static_cast<char>(code);
-    Answer(Block(bytes) + "\r\n" + kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
-    EXPECT_EQ(Contents(Path()), bytes);
-    EXPECT_TRUE(IsUp());
-}
-
-TEST_F(ScpiOperations, AnswerThatComesByteByByteIsTheSame)
-{
-    script.MaxPiece = 1;
-    Answer(Block("a file of some bytes") + '\n' + kNoError);
-    Answer(std::string("1,DIR\n") + kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
-    EXPECT_EQ(Contents(Path()), "a file of some bytes");
-    EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kOk);
-}
-
-TEST_F(ScpiOperations, DownloadThatIsRefusedLeavesTheTarget)
-{
-    Store(Path(), "old");
-    Answer("#10\n-256,\"File name not found\"\n");
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kRefused);
-    Answer("-257,\"File name error\"\n");
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kRefused);
-    EXPECT_EQ(Contents(Path()), "old");
-    EXPECT_EQ(FolderNames(), (Names{ "target" }));
-    EXPECT_TRUE(IsUp());
-}
-
-TEST_F(ScpiOperations, BlockThatIsNoneIsAFailureOfTheLink)
-{
-    Store(Path(), "old");
-    for (const std::string& answer : Names{ "#0abc\n", "#1x", "#x5abcde\n", "#15abcdefg\n", "#12ab", "#", "#9",
-             "#9268435457x", "#9999999999x", "hello\n", "#2-1\n", "#2 5\n" }) {
-        Connect();
-        Answer(answer + kNoError);
-        EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kLinkFailed) << answer;
-        EXPECT_FALSE(IsUp()) << answer;
-        EXPECT_EQ(Contents(Path()), "old") << answer;
-        EXPECT_EQ(FolderNames(), (Names{ "target" })) << answer;
-    }
-}
-
-TEST_F(ScpiOperations, DiskThatIsFullIsAFailureOfTheFileAndTheLinkStays)
-{
-    Store(Path(), "old");
-    tvfile::FailingFileSystem disk;
-    disk.BytesLeft = 5;
-    Answer(Block("ten bytes.") + '\n' + kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kLocalFile);
-    EXPECT_EQ(Contents(Path()), "old");
-    EXPECT_EQ(FolderNames(), (Names{ "target" }));
-    Answer(std::string("0\n") + kNoError);
-    EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kOk);
-}
-
-TEST_F(ScpiOperations, BlockThatDoesNotFitOnTheDiskIsNotStored)
-{
-    tvfile::FailingFileSystem disk;
-    disk.Free = 9;
-    Answer(Block("ten bytes.") + '\n' + kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kLocalFile);
-    EXPECT_EQ(disk.BytesWritten, 0U);
-    EXPECT_EQ(FolderNames(), Names{});
-    EXPECT_TRUE(IsUp());
-    disk.Free = 10;
-    Answer(Block("ten bytes.") + '\n' + kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
-}
-
-TEST_F(ScpiOperations, TargetThatCannotBeReplacedIsAFailureOfTheFile)
-{
-    Store(Path(), "old");
-    tvfile::FailingFileSystem disk;
-    disk.ReplaceError = EACCES;
-    Answer(Block("new") + '\n' + kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kLocalFile);
-    EXPECT_EQ(Contents(Path()), "old");
-    EXPECT_EQ(FolderNames(), (Names{ "target" }));
-    EXPECT_TRUE(IsUp());
-}
-
-TEST_F(ScpiOperations, SmallDownloadIsFlushedAndLargeOneIsNot)
-{
-    tvfile::FailingFileSystem disk;
-    int flushes = 0;
-    disk.AtFlush = [&flushes] { ++flushes; };
-    Answer(Block("small") + '\n' + kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
-    EXPECT_EQ(flushes, 1);
-    const std::string large(size_t{ 3 } << 20, 'x');
-    Answer(Block(large) + '\n' + kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
-    EXPECT_EQ(flushes, 1);
-    EXPECT_TRUE(Contents(Path()) == large);
-}
-
-TEST_F(ScpiOperations, FolderThatIsNotThereIsAFailureOfTheFileAndNothingIsSent)
-{
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path("none/target").c_str(), 1000), kLocalFile);
-    EXPECT_EQ(Call(scpi.scpiPutFile, Path("none").c_str(), "a", 1000), kLocalFile);
-    EXPECT_EQ(Call(scpi.scpiGetFile, "a", "", 1000), kLocalFile);
-    EXPECT_EQ(Call(scpi.scpiPutFile, nullptr, "a", 1000), kLocalFile);
-    EXPECT_EQ(TakeSent(), "");
-    EXPECT_TRUE(IsUp());
-}
-
-TEST_F(ScpiOperations, UploadThatIsRefusedLeavesTheLink)
-{
-    Store(Path(), "bytes");
-    Answer("-258,\"Media protected\"\n");
-    EXPECT_EQ(Call(scpi.scpiPutMemoryListFile, Path().c_str(), "a", 1000), kRefused);
-    EXPECT_TRUE(IsUp());
-}
-
-TEST_F(ScpiOperations, FileThatCannotBeReadIsAFailureOfTheFileAndNothingIsSent)
-{
-    Store(Path(), "bytes");
-    tvfile::FailingFileSystem disk;
-    disk.ReadableBytes = 0;
-    EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", 1000), kLocalFile);
-    EXPECT_EQ(TakeSent(), "");
-    EXPECT_TRUE(IsUp());
-}
-
-TEST_F(ScpiOperations, FileThatEndsUnderWayEndsTheLink)
-{
-    Store(Path(), std::string(size_t{ 1 } << 20, 'x'));
-    tvfile::FailingFileSystem disk;
-    disk.ReadableBytes = size_t{ 600 } << 10;
-    EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", 1000), kLinkFailed);
-    EXPECT_FALSE(IsUp());
-    EXPECT_FALSE(TakeSent().ends_with("SYST:ERR?\n"));
-}
-
 TEST_F(ScpiOperations, SendThatFailsEndsTheLink)
 {
     script.SendLimit = 3;
@@ -405,46 +245,12 @@ TEST_F(ScpiOperations, BytesThatWaitBeforeACommandEndTheLink)
 TEST_F(ScpiOperations, BytesBehindAnAnswerEndTheLinkAtTheNextCommand)
 {
     Answer(std::string("0\n") + kNoError + "0\n");
+    Answer(std::string("0\n") + kNoError);
     EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kOk);
+    TakeSent();
     EXPECT_EQ(Call(scpi.scpiFindFile, "b", nullptr), kLinkFailed);
+    EXPECT_EQ(TakeSent(), "");
     EXPECT_FALSE(IsUp());
-}
-
-TEST_F(ScpiOperations, ScreenIsStoredFromTheStream)
-{
-    EXPECT_EQ(Call(scpi.scpiSend, "DISP:WIND:FETC?"), kOk);
-    script.Arrived = Block("picture") + '\n';
-    Answer(kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kOk);
-    EXPECT_EQ(Contents(Path()), "picture");
-    EXPECT_EQ(TakeSent(), "DISP:WIND:FETC?\nSYST:ERR?\n");
-    EXPECT_TRUE(IsUp());
-}
-
-TEST_F(ScpiOperations, ScreenIsStoredWhateverOlderErrorsWaitInTheQueue)
-{
-    Answer(Block("picture") + "\n-258,\"Media protected\"\n");
-    EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kOk);
-    EXPECT_EQ(Contents(Path()), "picture");
-}
-
-TEST_F(ScpiOperations, ScreenThatIsRefusedLeavesTargetAndLink)
-{
-    Store(Path(), "old");
-    for (const char* answer : { "-100,\"Command error\"\n", "#10\n-250,\"Mass storage error\"\n" }) {
-        Answer(answer);
-        EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kRefused) << answer;
-        EXPECT_EQ(Contents(Path()), "old") << answer;
-        EXPECT_TRUE(IsUp()) << answer;
-    }
-    EXPECT_EQ(FolderNames(), (Names{ "target" }));
-}
-
-TEST_F(ScpiOperations, EmptyBlockOfTheStreamIsAnEmptyFile)
-{
-    Answer(std::string("#10\n") + kNoError);
-    EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kOk);
-    EXPECT_EQ(Contents(Path()), "");
 }
 
 TEST_F(ScpiOperations, WithoutALinkEveryOperationFails)

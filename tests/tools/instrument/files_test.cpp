@@ -320,6 +320,16 @@ TEST_F(InstrumentFiles, ALockedFileIsNotReplacedRenamedOrRemoved)
     EXPECT_EQ(desk_.Error(), "0");
 }
 
+TEST_F(InstrumentFiles, ALockThatComesWhileAFileIsStoredHolds)
+{
+    desk_.Put("f", "old");
+    EXPECT_EQ(Say("MMEM:DATA ALL,\"f\",#13ne"), "");
+    ASSERT_EQ(::chmod(desk_.Path("f").c_str(), 0444), 0);
+    ExpectRefused("w", "-258");
+    EXPECT_EQ(desk_.Content("f"), "old");
+    EXPECT_FALSE(std::filesystem::exists(desk_.Path(".instrument/incoming")));
+}
+
 TEST_F(InstrumentFiles, ALockedListIsNotReplacedByAnother)
 {
     desk_.Put(std::string(kMemory) + "one.tvm", "x");

@@ -130,6 +130,7 @@ TEST(MessageReader, IsTheSameForEveryCutOfTheBytes)
 TEST(MessageReader, RefusesABlockWithoutLength)
 {
     EXPECT_EQ(Events("D #0abc;E\nF\n"), Expected({ "bad", "F" }));
+    EXPECT_EQ(Events("D #05hello\nF\n"), Expected({ "bad", "F" }));
 }
 
 TEST(MessageReader, RefusesABrokenLength)

@@ -46,6 +46,11 @@ InstrumentProcess::~InstrumentProcess()
 int InstrumentProcess::Stop()
 {
     process_.terminate();
+    return WaitForEnd();
+}
+
+int InstrumentProcess::WaitForEnd()
+{
     const bool ended = process_.waitForFinished(kPatienceMs) && process_.exitStatus() == QProcess::NormalExit;
     return ended ? process_.exitCode() : -1;
 }

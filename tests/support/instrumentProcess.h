@@ -31,6 +31,9 @@ public:
     /// Asks it to end and answers its exit code; -1 if it does not.
     int Stop();
 
+    /// Waits until it has ended by itself, and answers the same.
+    int WaitForEnd();
+
     /// Ends it as a power cut would.
     void Kill();
 

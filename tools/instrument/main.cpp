@@ -10,36 +10,41 @@
 #include <QGuiApplication>
 #include <QStandardPaths>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
 enum ExitStatus { ExitDone = 0, ExitFailed = 1, ExitUsage = 2 };
 
-volatile std::sig_atomic_t stopWanted = 0;
+int stopWriter = -1; ///< writing end of the pipe that tells the server to end
 
 void WantStop(int /*signal*/)
 {
-    stopWanted = 1;
+    const int before = errno;
+    (void)!::write(stopWriter, "", 1);
+    errno = before;
 }
 
-/// Lets the two signals in only where the server waits for them. Answers the signals that were blocked before.
-sigset_t CatchStopSignals()
+/// Answers the end of a pipe that can be read once one of the two signals has come. A signal alone may not end the
+/// server's wait: it comes to any of the threads that the painting keeps.
+Descriptor CatchStopSignals()
 {
+    std::array<int, 2> ends{ -1, -1 };
+    if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        return Descriptor();
+    stopWriter = ends[1];
     struct sigaction action { };
     action.sa_handler = WantStop;
-    sigset_t stopSignals{};
-    sigset_t before{};
-    sigemptyset(&stopSignals);
-    for (const int number : { SIGINT, SIGTERM }) {
+    action.sa_flags = SA_RESTART;
+    for (const int number : { SIGINT, SIGTERM })
         sigaction(number, &action, nullptr);
-        sigaddset(&stopSignals, number);
-    }
-    sigprocmask(SIG_BLOCK, &stopSignals, &before);
-    return before;
+    return Descriptor(ends[0]);
 }
 
 void Print(std::FILE* stream, const QString& text)
@@ -85,11 +90,11 @@ ExitStatus Run(const InstrumentArguments& arguments)
     if (!server.Listen(arguments.Address.toStdString(), arguments.FirstPort, arguments.LastPort))
         return Fail(QStringLiteral("%1:%2").arg(arguments.Address).arg(arguments.FirstPort),
             QString::fromLocal8Bit(std::strerror(errno)));
-    const sigset_t before = CatchStopSignals();
+    const Descriptor stop = CatchStopSignals();
     Print(stdout, QStringLiteral("port %1\n").arg(server.Port()));
-    return server.Serve(stopWanted, before)
-        ? ExitDone
-        : Fail(QStringLiteral("waiting for clients"), QString::fromLocal8Bit(std::strerror(errno)));
+    const bool served = stop.IsOpen() && server.Serve(stop.Number());
+    return served ? ExitDone
+                  : Fail(QStringLiteral("waiting for clients"), QString::fromLocal8Bit(std::strerror(errno)));
 }
 
 } // namespace

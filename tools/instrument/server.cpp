@@ -3,7 +3,6 @@
 #include <arpa/inet.h>
 #include <array>
 #include <cerrno>
-#include <ctime>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -23,11 +22,6 @@ bool BindAndListen(int socket, const sockaddr_in& address)
 {
     return ::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0
         && ::listen(socket, kWaitingConnections) == 0;
-}
-
-timespec TimeOf(int milliseconds)
-{
-    return { milliseconds / 1000, (milliseconds % 1000) * 1000000L };
 }
 
 } // namespace
@@ -71,25 +65,26 @@ int Server::Port() const
     return ntohs(address.sin_port);
 }
 
-bool Server::Serve(const volatile std::sig_atomic_t& stop, const sigset_t& blocked)
+bool Server::Serve(int stop)
 {
-    while (stop == 0) {
+    for (;;) {
         LinkTime now = std::chrono::steady_clock::now();
         // A client that is about to end holds up the next one instead of having it turned away.
         const bool listens = session_ == nullptr || !session_->IsEnding();
-        std::array<pollfd, 2> waits{ { { listener_.Number(), static_cast<short>(listens ? POLLIN : 0), 0 },
-            { -1, 0, 0 } } };
+        std::array<pollfd, 3> waits{ { { listener_.Number(), static_cast<short>(listens ? POLLIN : 0), 0 },
+            { -1, 0, 0 }, { stop, POLLIN, 0 } } };
         int timeoutMs = -1;
         if (session_ != nullptr) {
             waits[1] = { session_->Socket(), session_->WantedEvents(now), 0 };
             timeoutMs = session_->TimeoutMs(now);
         }
-        const timespec timeout = TimeOf(timeoutMs);
-        if (::ppoll(waits.data(), waits.size(), timeoutMs < 0 ? nullptr : &timeout, &blocked) < 0) {
+        if (::poll(waits.data(), waits.size(), timeoutMs) < 0) {
             if (errno != EINTR)
                 return false;
             continue;
         }
+        if (waits[2].revents != 0)
+            break;
         now = std::chrono::steady_clock::now();
         if (session_ != nullptr && !session_->Service(waits[1].revents, now))
             session_.reset();

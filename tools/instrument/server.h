@@ -5,7 +5,6 @@
 #include "tools/instrument/linkOptions.h"
 #include "tools/instrument/session.h"
 
-#include <csignal>
 #include <memory>
 #include <string>
 
@@ -21,9 +20,8 @@ public:
     /// The port that it listens on.
     int Port() const;
 
-    /// Serves until a signal sets `stop`. Only while it waits may signals other than `blocked` come. False when the
-    /// system fails.
-    [[nodiscard]] bool Serve(const volatile std::sig_atomic_t& stop, const sigset_t& blocked);
+    /// Serves until the descriptor `stop` can be read. False, with `errno`, when the system fails.
+    [[nodiscard]] bool Serve(int stop);
 
 private:
     void AcceptClient();

@@ -8,7 +8,11 @@
 #include <QElapsedTimer>
 #include <QFile>
 
+#include <algorithm>
+#include <csignal>
 #include <filesystem>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 namespace {
 
@@ -79,6 +83,17 @@ TEST(InstrumentProgram, EndsOnRequestWithAClientConnected)
     EXPECT_EQ(client.Ask("*OPC?"), "1");
     EXPECT_EQ(instrument.Stop(), 0);
     EXPECT_TRUE(client.IsClosed());
+}
+
+TEST(InstrumentProgram, EndsOnRequestWhicheverOfItsThreadsHearsIt)
+{
+    InstrumentProcess instrument;
+    const qint64 process = instrument.ProcessId();
+    qint64 thread = process;
+    for (const auto& task : std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task"))
+        thread = std::max<qint64>(thread, std::stoll(task.path().filename().string()));
+    ASSERT_EQ(::syscall(SYS_tgkill, process, thread, SIGTERM), 0);
+    EXPECT_EQ(instrument.WaitForEnd(), 0);
 }
 
 TEST(InstrumentProgram, TellsCommandsWhenItIsAsked)

@@ -11,7 +11,9 @@
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <sys/syscall.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -28,6 +30,15 @@ std::ptrdiff_t OpenFiles(qint64 processId)
 {
     const std::filesystem::directory_iterator files("/proc/" + std::to_string(processId) + "/fd");
     return std::distance(begin(files), end(files));
+}
+
+/// The first thread of the process waits for something.
+bool IsAsleep(qint64 processId)
+{
+    std::ifstream file("/proc/" + std::to_string(processId) + "/stat");
+    std::string line;
+    std::getline(file, line);
+    return line.find(") S ") != std::string::npos;
 }
 
 } // namespace
@@ -92,6 +103,8 @@ TEST(InstrumentProgram, EndsOnRequestWhicheverOfItsThreadsHearsIt)
     qint64 thread = process;
     for (const auto& task : std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task"))
         thread = std::max<qint64>(thread, std::stoll(task.path().filename().string()));
+    while (!IsAsleep(process))
+        std::this_thread::yield(); // it is about to wait for its first client
     ASSERT_EQ(::syscall(SYS_tgkill, process, thread, SIGTERM), 0);
     EXPECT_EQ(instrument.WaitForEnd(), 0);
 }

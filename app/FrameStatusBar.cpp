@@ -44,7 +44,7 @@ protected:
     bool event(QEvent* event) override
     {
         if (event->type() == QEvent::ToolTip)
-            setToolTip(fontMetrics().horizontalAdvance(text()) > width() ? text().toHtmlEscaped() : QString());
+            setToolTip(fontMetrics().horizontalAdvance(text()) > width() ? PlainTip(text()) : QString());
         return QLabel::event(event);
     }
 

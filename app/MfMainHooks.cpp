@@ -56,7 +56,11 @@ void MfMain::BindHooks()
 {
     FrameHooks& hooks = TheFrameHooks();
     hooks.MenuUpdate = [this] { MenuUpdate(); };
-    hooks.SetStatusText = [this](const QString& text) { statusBar_->SetPanelText(1, text); };
+    hooks.SetStatusText = [this](const QString& text) {
+        statusBar_->SetPanelText(1, text);
+        if (Program().StatusHold)
+            statusBar_->repaint(); // no events run while the job works
+    };
     hooks.StatusText = [this] { return statusBar_->PanelText(1); };
     hooks.SetPanelText = [this](int panel, const QString& text) { statusBar_->SetPanelText(panel, text); };
     hooks.HasActivation = [this] { return isActiveWindow(); };

@@ -260,6 +260,12 @@ QString PlainCaption(const QString& text)
     return plain;
 }
 
+QString PlainTip(const QString& text)
+{
+    const QString shown = QStringLiteral("<span style=\"white-space: pre-wrap\">%1</span>");
+    return text.isEmpty() ? QString() : shown.arg(text.toHtmlEscaped());
+}
+
 void LimitToAnsi(QLineEdit* textBox)
 {
     textBox->setValidator(new AnsiValidator(textBox));

@@ -143,5 +143,8 @@ void BindLabel(QLabel* label, QWidget* control);
 /// `text` without mnemonic marks and without a closing colon, for accessible names.
 QString PlainCaption(const QString& text);
 
+/// The tool tip that shows `text` as it stands: a name may look like markup. Empty for an empty text.
+QString PlainTip(const QString& text);
+
 /// Takes only text that Windows-1252 can hold, so that nothing typed is lost on its way into a file.
 void LimitToAnsi(QLineEdit* textBox);

@@ -83,7 +83,7 @@ Qt::ItemFlags FileListModel::flags(const QModelIndex& index) const
 }
 
 /// What was typed is never kept here: whoever renames reads the list again. That waits for the end of the edit, since
-/// it takes the rows away from under it.
+/// it takes the rows away from under it. A name that was left as it is has not been edited.
 bool FileListModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
     if (role != Qt::EditRole || !index.isValid())
@@ -92,7 +92,7 @@ bool FileListModel::setData(const QModelIndex& index, const QVariant& value, int
     const QString newName = value.toString();
     if (newName != row.Text) {
         QMetaObject::invokeMethod(
-            this, [this, key = row.Key, newName] { Q_EMIT Renamed(key, newName); }, Qt::QueuedConnection);
+            this, [this, key = row.SubItems[2], newName] { Q_EMIT Renamed(key, newName); }, Qt::QueuedConnection);
     }
     return false;
 }

@@ -23,7 +23,7 @@ public:
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
 Q_SIGNALS:
-    void Renamed(const QString& key, const QString& newName);
+    void Renamed(const QString& sortKey, const QString& newName);
 
 private:
     QIcon IconOf(const QString& key) const;

@@ -8,12 +8,14 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QRubberBand>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -23,7 +25,7 @@ constexpr int kUsualNameCharacters = 34;
 constexpr int kUsualRows = 20;
 constexpr int kCellMarginCharacters = 3;
 
-/// A line without the dotted frame around its first cell, and an edit of a name that keeps Escape for itself.
+/// An edit of a name that keeps Escape for itself, and a tip with the whole of a text that is cut off.
 class NameDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -35,6 +37,16 @@ public:
         editor->setAccessibleName(index.data(Qt::DisplayRole).toString());
         editor->setProperty(kKeepsEscapeProperty, true);
         return editor;
+    }
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+        const QModelIndex& index) override
+    {
+        if (event->type() != QEvent::ToolTip)
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        const bool isCut = sizeHint(option, index).width() > view->visualRect(index).width();
+        QToolTip::showText(event->globalPos(), isCut ? PlainTip(index.data().toString()) : QString(), view->viewport());
+        return true;
     }
 };
 
@@ -187,7 +199,7 @@ void FileListWidget::StartLabelEdit(int row)
     scrollTo(index);
     const QScopedValueRollback allowed(mayEdit_, true);
     QTreeView::edit(index);
-    auto* editor = viewport()->findChild<QLineEdit*>(QStringLiteral("LabelEdit"));
+    auto* editor = qobject_cast<QLineEdit*>(indexWidget(index));
     const FileListRow& at = list_.Rows[static_cast<size_t>(row)];
     if (editor != nullptr && !TransferIsFolderRow(at))
         editor->setSelection(0, static_cast<int>(QFileInfo(at.Text).completeBaseName().size()));
@@ -195,6 +207,10 @@ void FileListWidget::StartLabelEdit(int row)
 
 void FileListWidget::FinishLabelEdit()
 {
+    if (QWidget* editor = indexWidget(currentIndex())) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
     QCoreApplication::sendPostedEvents(model_, QEvent::MetaCall);
 }
 
@@ -206,8 +222,8 @@ bool FileListWidget::edit(const QModelIndex& index, EditTrigger trigger, QEvent*
 void FileListWidget::keyPressEvent(QKeyEvent* event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (state() == EditingState && isEnter)
-        event->accept(); // the edit has taken it
+    if (state() == EditingState && (isEnter || event->key() == Qt::Key_F2))
+        event->accept(); // the edit has taken it, or goes on
     else if (isEnter)
         Q_EMIT RowOpened(ControlSelectedRow(list_));
     else if (event->key() == Qt::Key_Delete)

@@ -22,7 +22,8 @@ public:
 
     void StartLabelEdit(int row);
 
-    /// Sends out `Renamed` of an edit that has just ended, which otherwise waits for the next round of events.
+    /// Ends an edit that is open and keeps what was typed. `Renamed`, which otherwise waits for the next round of
+    /// events, goes out at once, also for an edit that has just ended.
     void FinishLabelEdit();
 
     QSize sizeHint() const override;
@@ -34,7 +35,7 @@ Q_SIGNALS:
     void DeletePressed();
     void RenamePressed();
     void SelectAllPressed();
-    void Renamed(const QString& key, const QString& newName); ///< the edit of a name has ended
+    void Renamed(const QString& sortKey, const QString& newName); ///< the edit of a name has ended
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -169,7 +169,8 @@ void FmControlGeneral::ConnectPane(Pane& pane)
 {
     const ControlSide side = pane.Side;
     const auto onClick = [this, side](QPushButton* button, void (*command)(FileControl&, ControlSide)) {
-        connect(button, &QPushButton::clicked, this, [this, side, command] { command(control_, side); });
+        connect(button, &QPushButton::clicked, this,
+            [this, side, command] { Run([this, side, command] { command(control_, side); }); });
     };
     onClick(pane.DirUp, ControlFolderUp);
     onClick(pane.DirOpen, ControlOpenFolder);
@@ -191,27 +192,42 @@ void FmControlGeneral::ConnectList(Pane& pane)
     connect(list, &FileListWidget::SelectionEdited, this, [this] { ControlUpdate(control_); });
     connect(list, &FileListWidget::RowOpened, this, [this, side](int row) { ControlOpenRow(control_, side, row); });
     connect(list, &FileListWidget::HeaderClicked, this,
-        [this, side](int column) { ControlHeaderClick(control_, side, column); });
+        [this, side](int column) { Run([this, side, column] { ControlHeaderClick(control_, side, column); }); });
     connect(list, &FileListWidget::DeletePressed, this, [this, side] { ControlDeleteByKey(control_, side); });
     connect(list, &FileListWidget::RenamePressed, this, [this, side] { ControlRename(control_, side); });
     connect(list, &FileListWidget::SelectAllPressed, this, [this, side] { ControlSelectAll(control_, side); });
     connect(list, &FileListWidget::Renamed, this,
-        [this, side](const QString& key, const QString& newName) { ControlRenamed(control_, side, key, newName); });
+        [this, side](const QString& sortKey, const QString& name) { ControlRenamed(control_, side, sortKey, name); });
 }
 
 void FmControlGeneral::ConnectForm()
 {
-    connect(BtUl, &QPushButton::clicked, this, [this] { ControlUpload(control_); });
-    connect(BtDl, &QPushButton::clicked, this, [this] { ControlDownload(control_); });
-    connect(BtNew, &QPushButton::clicked, this, [this] { ControlNew(control_); });
+    const auto onClick = [this](QPushButton* button, void (*command)(FileControl&)) {
+        connect(button, &QPushButton::clicked, this, [this, command] { Run([this, command] { command(control_); }); });
+    };
+    onClick(BtUl, ControlUpload);
+    onClick(BtDl, ControlDownload);
+    onClick(BtNew, ControlNew);
+    for (QPushButton* button : BtPcEdit)
+        onClick(button, ControlEdit);
     connect(BtClose, &QPushButton::clicked, this, [this] { Unload(); });
     connect(BtHlp, &QPushButton::clicked, this, [this] { ShowHelp(HelpNumber()); });
     connect(BtWhatsThis, &QPushButton::clicked, this, [] {
         if (const auto enter = TheHelpHooks().EnterWhatsThis)
             enter();
     });
-    for (QPushButton* button : BtPcEdit)
-        connect(button, &QPushButton::clicked, this, [this] { ControlEdit(control_); });
+}
+
+void FmControlGeneral::Run(const std::function<void()>& command)
+{
+    FinishLabelEdits();
+    command();
+}
+
+void FmControlGeneral::FinishLabelEdits()
+{
+    for (const Pane* pane : { &pc_, &instr_ })
+        pane->List->FinishLabelEdit();
 }
 
 void FmControlGeneral::BindView()
@@ -291,11 +307,9 @@ void FmControlGeneral::OnActivate()
         ControlActivate(control_);
 }
 
-/// The click on the button that closes the window may have ended the edit of a name.
 bool FmControlGeneral::QueryUnload()
 {
-    for (const Pane* pane : { &pc_, &instr_ })
-        pane->List->FinishLabelEdit();
+    FinishLabelEdits();
     return ControlMayClose(control_);
 }
 
@@ -323,15 +337,17 @@ void FmControlGeneral::EnableBusySet(bool on)
         focusBefore_ = focusWidget();
     for (QPushButton* button : BusyButtons())
         button->setEnabled(on);
-    if (on && focusBefore_ != nullptr)
+    if (on && !focusBefore_.isNull())
         focusBefore_->setFocus(Qt::OtherFocusReason);
 }
 
 void FmControlGeneral::ShowCombo(ControlSide side)
 {
     Pane& pane = PaneOf(side);
+    const QString before = pane.Combo->Path();
     pane.Combo->ShowItems(ComboOf(control_, side));
-    pane.List->scrollToTop(); // another folder begins at its first row
+    if (pane.Combo->Path() != before)
+        pane.List->scrollToTop(); // another folder begins at its first row
 }
 
 FmControlGeneral::Pane& FmControlGeneral::PaneOf(ControlSide side)

@@ -5,7 +5,10 @@
 #include "app/form.h"
 #include "link/controlGeneral.h"
 
+#include <QPointer>
+
 #include <array>
+#include <functional>
 
 class FileListWidget;
 class FolderComboBox;
@@ -53,6 +56,10 @@ private:
     void ConnectForm();
     void BindView();
 
+    /// Runs a command once no name is being edited any more: it must not work on rows that are about to change.
+    void Run(const std::function<void()>& command);
+    void FinishLabelEdits();
+
     void ApplyClass();
     void ApplyClassTexts();
     void EnableBusySet(bool on);
@@ -71,5 +78,5 @@ private:
     QPushButton* BtHlp = nullptr;
     QPushButton* BtWhatsThis = nullptr;
     QLabel* LbFree = nullptr;
-    QWidget* focusBefore_ = nullptr; // had the focus when the buttons were disabled
+    QPointer<QWidget> focusBefore_; // had the focus when the buttons were disabled
 };

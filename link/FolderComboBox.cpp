@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int kLevelRole = Qt::UserRole;
+constexpr int kPathRole = Qt::UserRole + 1;
 constexpr int kLevelPx = 16;
 constexpr int kUsualCharacters = 18;
 constexpr int kVisibleItems = 20;
@@ -63,10 +64,16 @@ void FolderComboBox::ShowItems(const FolderCombo& combo)
     for (const FolderItem& item : combo.Items) {
         addItem(item.Icon.isEmpty() ? QIcon() : PictureIcon(item.Icon), item.Text);
         setItemData(count() - 1, item.Indentation, kLevelRole);
-        setItemData(count() - 1, item.Path, Qt::ToolTipRole);
+        setItemData(count() - 1, item.Path, kPathRole);
+        setItemData(count() - 1, PlainTip(item.Path), Qt::ToolTipRole);
     }
     setCurrentIndex(combo.Selected);
     setToolTip(currentData(Qt::ToolTipRole).toString());
+}
+
+QString FolderComboBox::Path() const
+{
+    return currentData(kPathRole).toString();
 }
 
 void FolderComboBox::showPopup()

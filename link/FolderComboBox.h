@@ -12,6 +12,9 @@ public:
 
     void ShowItems(const FolderCombo& combo);
 
+    /// Of the selected item.
+    QString Path() const;
+
     void showPopup() override;
 
 Q_SIGNALS:

@@ -187,10 +187,13 @@ void ComboPcDropDown(FolderCombo& combo)
 
 bool ComboPcUp(FolderCombo& combo)
 {
-    const QString path = PortablePath(CurrentPcFolder());
+    QString path = PortablePath(CurrentPcFolder());
     if (PcFolderIsRoot(path))
         return false;
-    GoTo(combo, QFileInfo(path).path());
+    do
+        path = QFileInfo(path).path();
+    while (!PcFolderIsRoot(path) && !QFileInfo(path).isDir());
+    GoTo(combo, path);
     return true;
 }
 

@@ -34,7 +34,7 @@ void ComboPcShow(FolderCombo& combo);
 /// Before the list drops down: the first time the drives are filled in.
 void ComboPcDropDown(FolderCombo& combo);
 
-/// One folder up; false at a root.
+/// One folder up, or to the nearest one above that is still there; false at a root.
 [[nodiscard]] bool ComboPcUp(FolderCombo& combo);
 
 /// Into a sub-folder, or to the folder of an item. One that is gone is not entered.

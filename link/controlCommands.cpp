@@ -66,24 +66,27 @@ private:
     FileControl& control_;
 };
 
-/// Buttons that act are disabled while it lives, and the window stays open.
+/// Buttons that act are disabled while it lives, and the window stays open. Those that were off before stay off.
 class BusySet {
 public:
     explicit BusySet(FileControl& control)
         : control_(control)
+        , wereOff_(control.ButtonsAreOff)
         , busy_(control.Busy, true)
     {
         ControlEnableBusySet(control_, false);
     }
     ~BusySet()
     {
-        ControlEnableBusySet(control_, true);
+        if (!wereOff_)
+            ControlEnableBusySet(control_, true);
     }
     BusySet(const BusySet&) = delete;
     BusySet& operator=(const BusySet&) = delete;
 
 private:
     FileControl& control_;
+    bool wereOff_;
     QScopedValueRollback<bool> busy_;
 };
 
@@ -161,14 +164,16 @@ void OpenFile(FileControl& control, int row)
 
 void EnterFolder(FileControl& control, ControlSide side, const QString& name)
 {
-    const BusyPointer busy(control);
-    FolderCombo& combo = ComboOf(control, side);
-    if (side == ControlSide::Pc)
-        ComboPcEnter(combo, name);
-    else
-        ComboInstrEnter(combo, name);
-    control.View.ShowCombo(side);
-    ControlList(control, side);
+    {
+        const BusyPointer busy(control);
+        FolderCombo& combo = ComboOf(control, side);
+        if (side == ControlSide::Pc)
+            ComboPcEnter(combo, name);
+        else
+            ComboInstrEnter(combo, name);
+        control.View.ShowCombo(side);
+        ControlList(control, side);
+    }
     ControlUpdate(control);
 }
 
@@ -280,11 +285,11 @@ void ControlRename(FileControl& control, ControlSide side)
         list.View.StartLabelEdit(row);
 }
 
-void ControlRenamed(FileControl& control, ControlSide side, const QString& key, const QString& newName)
+void ControlRenamed(FileControl& control, ControlSide side, const QString& sortKey, const QString& newName)
 {
     FileList& list = ListOf(control, side);
     const auto at = std::find_if(
-        list.Rows.begin(), list.Rows.end(), [&key](const FileListRow& listRow) { return listRow.Key == key; });
+        list.Rows.begin(), list.Rows.end(), [&](const FileListRow& row) { return row.SubItems[2] == sortKey; });
     if (at == list.Rows.end() || !ControlRenamesOn(side))
         return;
     const auto row = static_cast<int>(at - list.Rows.begin());
@@ -337,15 +342,17 @@ void ControlDropDown(FileControl& control, ControlSide side)
 
 void ControlSelectFolder(FileControl& control, ControlSide side, int item)
 {
-    const BusyPointer busy(control);
-    bool isThere = true;
-    if (side == ControlSide::Pc)
-        ComboPcSelect(control.CmbPc, item);
-    else
-        isThere = ComboInstrSelect(control.CmbInstr, item);
-    control.View.ShowCombo(side);
-    if (isThere)
-        ControlList(control, side);
+    {
+        const BusyPointer busy(control);
+        bool isThere = true;
+        if (side == ControlSide::Pc)
+            ComboPcSelect(control.CmbPc, item);
+        else
+            isThere = ComboInstrSelect(control.CmbInstr, item);
+        control.View.ShowCombo(side);
+        if (isThere)
+            ControlList(control, side);
+    }
     ControlUpdate(control);
 }
 

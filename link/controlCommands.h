@@ -22,8 +22,9 @@ void ControlRefresh(FileControl& control, ControlSide side);
 /// Starts the edit of the selected row's name. By key the list has the focus already.
 void ControlRename(FileControl& control, ControlSide side);
 
-/// The end of that edit. The list is read again, so what was typed is never kept as it stands.
-void ControlRenamed(FileControl& control, ControlSide side, const QString& key, const QString& newName);
+/// The end of that edit. The list is read again, so what was typed is never kept as it stands. `sortKey` is the row's,
+/// which tells a folder "oo.tvm" from a file "Foo.tvm"; their keys are the same.
+void ControlRenamed(FileControl& control, ControlSide side, const QString& sortKey, const QString& newName);
 
 void ControlNewFolder(FileControl& control, ControlSide side);
 void ControlOpenFolder(FileControl& control, ControlSide side);

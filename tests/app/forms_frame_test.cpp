@@ -329,12 +329,37 @@ TEST_F(Frame, EndsALongStatusTextInDotsAndTellsAllOfItInATip)
     EXPECT_EQ(TextOf(main, "Panel[3]"), text);
     QHelpEvent ask(QEvent::ToolTip, QPoint(5, 5), panel.mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(&panel, &ask);
-    EXPECT_EQ(panel.toolTip(), text);
+    EXPECT_EQ(panel.toolTip(), PlainTip(text));
     const QImage cut = panel.grab().toImage();
     TheFrameHooks().SetPanelText(3, panel.fontMetrics().elidedText(text, Qt::ElideRight, panel.width()));
     EXPECT_EQ(panel.grab().toImage(), cut);
     QApplication::sendEvent(&panel, &ask);
     EXPECT_EQ(panel.toolTip(), "");
+}
+
+/// Paints of a control.
+class PaintCounter final : public QObject {
+public:
+    explicit PaintCounter(QWidget& control)
+    {
+        control.installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        Count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int Count = 0;
+};
+
+TEST_F(Frame, DrawsTheTextOfAJobAtOnce)
+{
+    MfMain& main = Start();
+    QCoreApplication::processEvents();
+    PaintCounter paints(FindControl(main, "Panel[1]"));
+    StatusJob("Reading the drives...");
+    EXPECT_EQ(paints.Count, 1) << "a job may let no events run";
+    StatusClear();
 }
 
 TEST_F(Frame, SetsItsEmptyAreaApartFromItsBarsOnAnyPalette)

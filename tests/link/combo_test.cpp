@@ -140,6 +140,15 @@ TEST_F(PcCombo, GoesAboveTheHomeFolderButNotAboveARoot)
     EXPECT_EQ(CurrentPcFolder(), QDir::rootPath());
 }
 
+TEST_F(PcCombo, GoesUpToTheNearestFolderThatIsStillThere)
+{
+    GoTo("lists/van");
+    ComboPcShow(Combo);
+    QDir(Root + "/lists").removeRecursively();
+    EXPECT_TRUE(ComboPcUp(Combo));
+    EXPECT_EQ(CurrentPcFolder(), Root);
+}
+
 TEST_F(PcCombo, GoesToTheFolderOfAnItem)
 {
     GoTo("lists/van");

@@ -139,7 +139,22 @@ TEST_F(ControlJobs, DelKeyDoesNothingWithoutASelectionOrAfterNo)
     EXPECT_EQ(Asked, QStringList());
 }
 
-TEST_F(ControlJobs, DelKeyWithFoldersOnlyReachesTheEngine)
+TEST_F(ControlJobs, DelKeyWithFoldersOnlyReachesTheEngineWhichRefusesThemRowByRow)
+{
+    Open(FileClassAntennaList);
+    TransferAddRow(Control.LvInstr, "Trip", kChannelFolder, {});
+    TransferAddRow(Control.LvInstr, "Van", kChannelFolder, {});
+    Select(ControlSide::Instr, { "Trip", "Van" });
+    DuringJob = TransferRunJob;
+    Answers().Expect(12732, Yes);
+    Answers().Expect(12741, { "Trip" }, Ok);
+    Answers().Expect(12741, { "Van" }, Ok);
+    ControlDeleteByKey(Control, ControlSide::Instr);
+    EXPECT_TRUE(Asked.contains(Job(9, {})));
+    EXPECT_EQ(Instrument.Count("Remove"), 0);
+}
+
+TEST_F(ControlJobs, DelKeyWithFoldersOnlyIsAJobOfThePcToo)
 {
     OnPc({ "+folder" });
     Open(FileClassAntennaList);
@@ -147,6 +162,22 @@ TEST_F(ControlJobs, DelKeyWithFoldersOnlyReachesTheEngine)
     Answers().Expect(12732, Yes);
     ControlDeleteByKey(Control, ControlSide::Pc);
     EXPECT_TRUE(Asked.contains(Job(10, {})));
+}
+
+TEST_F(ControlJobs, ButtonsThatAFailedRefreshHasLeftOffStayOff)
+{
+    OnPc({ "a.tvk" });
+    OnInstr({ "b.tvk" });
+    Open(FileClassKfactorTable);
+    Select(ControlSide::Instr, { "b.tvk" });
+    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    ControlRefresh(Control, ControlSide::Instr);
+    Answers().Expect(12732, Yes);
+    ControlDeleteByKey(Control, ControlSide::Instr);
+    EXPECT_TRUE(Asked.contains(Job(9, {})));
+    ControlOpenRow(Control, ControlSide::Pc, 0);
+    EXPECT_FALSE(Asked.contains("buttons 1"));
+    EXPECT_TRUE(ControlMayClose(Control));
 }
 
 TEST_F(ControlLists, SelectAllTakesFilesAndLeavesFolders)
@@ -223,7 +254,7 @@ TEST_F(ControlLists, RenameOnTheInstrumentIsForScreenShotsOnly)
         Open(fileClass);
         Select(ControlSide::Instr, { name });
         ControlRename(Control, ControlSide::Instr);
-        ControlRenamed(Control, ControlSide::Instr, name, "b.png");
+        ControlRenamed(Control, ControlSide::Instr, "-" + name, "b.png");
         const bool isScreenShot = fileClass == FileClassScreenShot;
         EXPECT_EQ(Asked.contains("edit instr 0"), isScreenShot) << fileClass;
         EXPECT_EQ(Instrument.Count("Rename"), isScreenShot ? 1 : 0) << fileClass;
@@ -234,9 +265,18 @@ TEST_F(ControlLists, TheEndOfAnEditRenamesAndReadsTheListAgain)
 {
     OnPc({ "a.tvc" });
     Open(FileClassCorrectionSet);
-    ControlRenamed(Control, ControlSide::Pc, "a.tvc", "b.tvc");
+    ControlRenamed(Control, ControlSide::Pc, "-a.tvc", "b.tvc");
     EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "b.tvc" }));
     EXPECT_EQ(Asked, QStringList({ "transfers 0 0" }));
+}
+
+TEST_F(ControlLists, AFileIsNotTakenForAFolderOfTheSameKey)
+{
+    OnPc({ "+oo.tvc", "Foo.tvc" });
+    Open(FileClassCorrectionSet);
+    EXPECT_EQ(Control.LvPc.Rows[0].Key, Control.LvPc.Rows[1].Key);
+    ControlRenamed(Control, ControlSide::Pc, "-Foo.tvc", "Bus.tvc");
+    EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "oo.tvc", "Bus.tvc" }));
 }
 
 TEST_F(ControlLists, ARefusedNameLeavesTheListAsItIsOnDisk)
@@ -244,7 +284,7 @@ TEST_F(ControlLists, ARefusedNameLeavesTheListAsItIsOnDisk)
     OnPc({ "a.tvc", "b.tvc" });
     Open(FileClassCorrectionSet);
     Answers().Expect(12730, { "b.tvc" }, Ok);
-    ControlRenamed(Control, ControlSide::Pc, "a.tvc", "b.tvc");
+    ControlRenamed(Control, ControlSide::Pc, "-a.tvc", "b.tvc");
     EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "a.tvc", "b.tvc" }));
 }
 
@@ -252,7 +292,7 @@ TEST_F(ControlLists, TheEndOfAnEditOfARowThatIsGoneDoesNothing)
 {
     OnPc({ "a.tvc" });
     Open(FileClassCorrectionSet);
-    ControlRenamed(Control, ControlSide::Pc, "gone.tvc", "b.tvc");
+    ControlRenamed(Control, ControlSide::Pc, "-gone.tvc", "b.tvc");
     EXPECT_EQ(Asked, QStringList());
 }
 
@@ -262,7 +302,7 @@ TEST_F(ControlLists, RenameOnTheInstrumentReadsTheListAgainWhateverCameOfIt)
     Open(FileClassScreenShot);
     Instrument.Answer("Rename", kChannelRefused);
     Answers().Expect(12743, { "a.png" }, Ok);
-    ControlRenamed(Control, ControlSide::Instr, "a.png", "b.png");
+    ControlRenamed(Control, ControlSide::Instr, "-a.png", "b.png");
     EXPECT_EQ(Instrument.Count("StartFindAllFiles"), 1);
     EXPECT_EQ(Names(ControlSide::Instr), QStringList({ "a.png" }));
 }

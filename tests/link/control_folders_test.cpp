@@ -58,7 +58,7 @@ TEST_F(ControlFolders, OpenEntersTheSelectedFolderOfThePc)
     ControlOpenFolder(Control, ControlSide::Pc);
     EXPECT_EQ(CurrentPcFolder(), FilePath("pc/folder"));
     EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "b.tvk" }));
-    EXPECT_EQ(Asked, QStringList({ "pointer 1", "combo pc", "transfers 0 0", "pointer 0" }));
+    EXPECT_EQ(Asked, QStringList({ "pointer 1", "combo pc", "pointer 0", "transfers 0 0" }));
 }
 
 TEST_F(ControlFolders, OpenEntersTheSelectedFolderOfTheInstrument)
@@ -150,7 +150,7 @@ TEST_F(ControlFolders, AChosenFolderOfThePcIsShown)
     Asked.clear();
     ControlSelectFolder(Control, ControlSide::Pc, 0);
     EXPECT_EQ(CurrentPcFolder(), "/");
-    EXPECT_EQ(Asked, QStringList({ "pointer 1", "combo pc", "transfers 0 0", "pointer 0" }));
+    EXPECT_EQ(Asked, QStringList({ "pointer 1", "combo pc", "pointer 0", "transfers 0 0" }));
 }
 
 TEST_F(ControlFolders, AChosenFolderOfTheInstrumentIsShown)

@@ -3,8 +3,11 @@
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollBar>
+#include <QToolTip>
 
 TEST_F(ControlForm, SelectionOfTheUserEnablesTheTransfers)
 {
@@ -93,6 +96,76 @@ TEST_F(ControlForm, ANameThatIsLeftByClosingTheWindowIsKept)
     Click(form, "BtClose");
     EXPECT_TRUE(form.IsClosed());
     EXPECT_TRUE(QFile::exists(PcFile("Bus.tvc")));
+}
+
+TEST_F(ControlForm, ACommandByKeyEndsTheEditOfANameFirst)
+{
+    OnPc({ "Van.tvc" });
+    bool wasRenamed = false;
+    TheFileOpeners().OpenEditor = [&](int, const QString&) {
+        wasRenamed = QFile::exists(PcFile("Bus.tvc"));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // of the edit, while the editor is open
+        return true;
+    };
+    Open(FileClassCorrectionSet);
+    ClickRow("LvPc", 0);
+    Key(form, "LvPc", Qt::Key_F2);
+    ASSERT_NE(LabelEdit(), nullptr);
+    QTest::keyClicks(LabelEdit(), "Bus");
+    Find<QPushButton>(form, "BtNew").click(); // as its letter does, which leaves the focus where it is
+    EXPECT_TRUE(wasRenamed);
+    EXPECT_EQ(LabelEdit(), nullptr);
+    EXPECT_TRUE(HasFocus(form, "LvPc"));
+}
+
+TEST_F(ControlForm, ANameThatIsLeftByTheKeyThatClosesTheWindowIsKept)
+{
+    OnPc({ "Van.tvc" });
+    Open(FileClassCorrectionSet);
+    ClickRow("LvPc", 0);
+    Key(form, "LvPc", Qt::Key_F2);
+    ASSERT_NE(LabelEdit(), nullptr);
+    QTest::keyClicks(LabelEdit(), "Bus");
+    Find<QPushButton>(form, "BtClose").click();
+    EXPECT_TRUE(form.IsClosed());
+    EXPECT_TRUE(QFile::exists(PcFile("Bus.tvc")));
+}
+
+TEST_F(ControlForm, F2GoesOnWithTheEditOfAName)
+{
+    OnPc({ "Van.tvc" });
+    Open(FileClassCorrectionSet);
+    ClickRow("LvPc", 0);
+    Key(form, "LvPc", Qt::Key_F2);
+    ASSERT_NE(LabelEdit(), nullptr);
+    QTest::keyClicks(LabelEdit(), "Bus");
+    Key(Qt::Key_F2);
+    QCoreApplication::processEvents();
+    ASSERT_NE(LabelEdit(), nullptr);
+    EXPECT_EQ(LabelEdit()->text(), "Bus.tvc");
+    EXPECT_TRUE(LabelEdit()->hasFocus());
+    EXPECT_TRUE(QFile::exists(PcFile("Van.tvc")));
+}
+
+TEST_F(ControlForm, ANameThatIsLeftAsItIsHasNotBeenEdited)
+{
+    OnPc({ "+Trip", "a.png" });
+    OnInstr({ "+Trip", "b.png" });
+    Open(FileClassScreenShot);
+    for (const char* list : { "LvPc", "LvInstr" }) {
+        for (const int row : { 0, 1 }) {
+            ClickRow(list, row);
+            Key(form, list, Qt::Key_F2);
+            ASSERT_NE(LabelEdit(), nullptr);
+            EndLabelEdit(); // a message would be one too many
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+    }
+    Click(form, "BtPcDirNew");
+    ASSERT_NE(LabelEdit(), nullptr);
+    EndLabelEdit(); // the name that is offered is taken
+    EXPECT_EQ(Rows("LvPc"), QStringList({ "New Folder", "Trip", "a.png" }));
+    EXPECT_EQ(Instrument.Count("Rename"), 0);
 }
 
 TEST_F(ControlForm, ARefusedNameIsTakenBack)
@@ -230,6 +303,38 @@ TEST_F(ControlForm, BoxOfPcFoldersDropsDownDrivesAndGoesThere)
     combo.setCurrentIndex(0);
     Q_EMIT combo.activated(0);
     EXPECT_EQ(CurrentPcFolder(), "/");
+}
+
+TEST_F(ControlForm, ABoxOfFoldersThatIsOnlyLookedIntoLeavesTheListWhereItWas)
+{
+    QStringList names;
+    for (int number = 0; number < 200; ++number)
+        names.append(QString("list%1.tvk").arg(number));
+    OnPc(names);
+    Open(FileClassKfactorTable);
+    List("LvPc").verticalScrollBar()->setValue(700);
+    auto& combo = Find<FolderComboBox>(form, "CmbPc");
+    combo.showPopup();
+    combo.hidePopup();
+    EXPECT_EQ(List("LvPc").verticalScrollBar()->value(), 700);
+    Q_EMIT combo.activated(0);
+    EXPECT_EQ(List("LvPc").verticalScrollBar()->value(), 0) << "another folder";
+}
+
+TEST_F(ControlForm, ANameThatIsCutOffIsToldInATip)
+{
+    const QString longName = "<b>" + QString(200, u'x');
+    OnPc({ "+" + longName, "+short" });
+    Open(FileClassKfactorTable);
+    const auto tipOf = [this](int row) {
+        QWidget* area = List("LvPc").viewport();
+        const QPoint place = PlaceOf("LvPc", row);
+        QHelpEvent ask(QEvent::ToolTip, place, area->mapToGlobal(place));
+        QApplication::sendEvent(area, &ask);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tipOf(1), "");
+    EXPECT_EQ(tipOf(0), PlainTip(longName));
 }
 
 TEST_F(ControlForm, BoxOfInstrumentFoldersDropsDownTheChain)

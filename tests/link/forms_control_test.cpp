@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QPushButton>
 #include <QTimer>
 
 namespace {
@@ -35,6 +36,21 @@ TEST_F(ControlForm, TabReachesEveryControlInReadingOrder)
     for (const int fileClass : { FileClassMemoryList, FileClassScreenShot, FileClassCorrectionSet }) {
         Open(fileClass);
         ExpectTabOrder(form);
+        DialogEnd(form, 1);
+    }
+}
+
+TEST_F(ControlForm, NoTwoControlsAnswerToTheSameLetter)
+{
+    for (int fileClass = FileClassAntennaList; fileClass <= FileClassCorrectionSet; ++fileClass) {
+        Open(fileClass);
+        QStringList keys;
+        for (const QPushButton* button : form.findChildren<QPushButton*>()) {
+            if (button->isVisible() && !button->shortcut().isEmpty())
+                keys.append(button->shortcut().toString());
+        }
+        EXPECT_GE(keys.size(), 5) << fileClass;
+        EXPECT_EQ(keys.removeDuplicates(), 0) << fileClass << keys.join(u' ').toStdString();
         DialogEnd(form, 1);
     }
 }

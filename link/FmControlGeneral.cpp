@@ -13,6 +13,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 
 #include <algorithm>
 
@@ -256,6 +257,18 @@ bool FmControlGeneral::OnLoad()
     DialogPush(*this, false);
     pc_.List->setFocus();
     return true;
+}
+
+/// Wide enough for names and dates, though a window takes no more than two thirds of the screen by itself.
+void FmControlGeneral::PrepareWindow(bool removeClose)
+{
+    FormBase::PrepareWindow(removeClose);
+    if (screen() == nullptr)
+        return;
+    constexpr double kMostOfTheScreen = 0.95;
+    const QRect area = screen()->availableGeometry();
+    resize(sizeHint().boundedTo(area.size() * kMostOfTheScreen).expandedTo(size()));
+    move(area.center() - rect().center());
 }
 
 /// What a class doesn't have isn't there. Both panes are as wide as the wider one needs.

@@ -20,6 +20,8 @@ class FmControlGeneral final : public FormBase {
 public:
     explicit FmControlGeneral(QWidget* parent = nullptr);
 
+    void PrepareWindow(bool removeClose) override;
+
 protected:
     bool OnLoad() override;
     void OnActivate() override;

@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 
 namespace {
@@ -99,6 +100,14 @@ TEST_F(ControlForm, RefreshTakesThePlaceOfDelete)
     DialogEnd(form, 1);
     Open(FileClassMemoryList);
     EXPECT_EQ(FindControl(form, "BtInstrRef").x(), place);
+}
+
+TEST_F(ControlForm, OpensWideEnoughForNamesWhereTheScreenHasRoom)
+{
+    Open(FileClassKfactorTable);
+    const QSize room = form.screen()->availableGeometry().size();
+    EXPECT_GE(form.width(), std::min(form.sizeHint().width(), room.width() * 9 / 10));
+    EXPECT_TRUE(form.screen()->availableGeometry().contains(form.geometry()));
 }
 
 TEST_F(ControlForm, PanesShareTheWidth)

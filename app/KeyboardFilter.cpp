@@ -40,6 +40,12 @@ bool FocusKeepsEscape()
     return focus != nullptr && focus->property(kKeepsEscapeProperty).toBool();
 }
 
+/// A list, a menu, a mode or an edit in place that ends by Escape.
+bool EscapeEndsSomethingElse()
+{
+    return QApplication::activePopupWidget() != nullptr || QWhatsThis::inWhatsThisMode() || FocusKeepsEscape();
+}
+
 QWidget* ControlOf(QObject* watched)
 {
     if (auto* control = qobject_cast<QWidget*>(watched))
@@ -75,6 +81,9 @@ bool KeyboardFilter::eventFilter(QObject* watched, QEvent* event)
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
         return OnKey(watched, *static_cast<QKeyEvent*>(event));
+    case QEvent::ShortcutOverride:
+        NoteEscape(*static_cast<QKeyEvent*>(event));
+        return false;
     case QEvent::ApplicationDeactivate:
         ArrowHeld() = false;
         Program().ShiftDown = false; // its release goes to another program, and what is deleted with it is gone
@@ -108,14 +117,22 @@ bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
     return key.Key == Qt::Key_F1 && goesDown && ShowTopicOf(watched);
 }
 
+/// What comes before a key goes down. A list that drops down closes on this one, so that the key itself finds none.
+void KeyboardFilter::NoteEscape(QKeyEvent& event)
+{
+    if (event.key() != Qt::Key_Escape || (event.timestamp() & kHandledMark) != 0)
+        return;
+    event.setTimestamp(event.timestamp() | kHandledMark);
+    escapeHadOther_ = EscapeEndsSomethingElse();
+}
+
 /// An Escape that closes a list, a menu or a file dialog, ends an edit in place, or leaves the What's This mode, must
 /// not close the form below as well, neither at once nor with its release.
 bool KeyboardFilter::IsOurEscape(const QKeyEvent& event)
 {
     if (event.type() == QEvent::KeyRelease)
         return std::exchange(escapeIsOurs_, false);
-    const bool isForOther =
-        QApplication::activePopupWidget() != nullptr || QWhatsThis::inWhatsThisMode() || FocusKeepsEscape();
+    const bool isForOther = std::exchange(escapeHadOther_, false) || EscapeEndsSomethingElse();
     escapeIsOurs_ = !isForOther && (DialogIsActive() || !DialogIsOpen());
     return escapeIsOurs_;
 }

@@ -23,10 +23,12 @@ public:
 
 private:
     bool OnKey(QObject* watched, QKeyEvent& event);
+    void NoteEscape(QKeyEvent& event);
     bool IsOurEscape(const QKeyEvent& event);
     bool ShowTopicOf(QObject* watched);
     bool PopUpHelpOf(QObject* watched, QPoint position);
     bool PopUpHelpOfDisabledItem(QObject* watched, const QMouseEvent& event);
 
     bool escapeIsOurs_ = false; ///< the Escape that is held went down in a form and not in a pop-up or file dialog
+    bool escapeHadOther_ = false; ///< the Escape that is about to go down had something else to end
 };

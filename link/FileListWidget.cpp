@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr int kUsualNameCharacters = 34;
+constexpr int kUsualNameCharacters = 40; ///< of the longest file of an instrument, and its picture
 constexpr int kUsualRows = 20;
 constexpr int kCellMarginCharacters = 3;
 

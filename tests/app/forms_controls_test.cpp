@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -190,6 +191,28 @@ TEST_F(Escape, ThatClosesAListLeavesItsFormOpen)
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     form.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    KeyUp(Qt::Key_Escape);
+    EXPECT_FALSE(form.IsClosed());
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(form.IsClosed());
+}
+
+/// As a window system sends it: the list closes before the key goes down.
+TEST_F(Escape, ThatClosesAListBeforeItGoesDownLeavesItsFormOpen)
+{
+    ListForm form;
+    ShowForm(form);
+    auto& combo = Find<QComboBox>(form, "CbList");
+    combo.showPopup();
+    QWidget* popup = QApplication::activePopupWidget();
+    ASSERT_NE(popup, nullptr);
+    QKeyEvent before(QEvent::ShortcutOverride, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(popup->windowHandle(), &before);
+    ASSERT_EQ(QApplication::activePopupWidget(), nullptr);
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(form.windowHandle(), &press);
     KeyUp(Qt::Key_Escape);
     EXPECT_FALSE(form.IsClosed());
     Key(Qt::Key_Escape);

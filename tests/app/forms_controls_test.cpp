@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
+
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>

@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
-
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>

@@ -1,0 +1,74 @@
+#include "screen/metafileReader.h"
+
+#include "closed/tvimg.h"
+#include "screen/metafileBitmaps.h"
+#include "screen/metafileContext.h"
+#include "screen/metafileFlood.h"
+#include "screen/metafileObjects.h"
+#include "screen/metafileRegions.h"
+#include "screen/metafileSettings.h"
+#include "screen/metafileShapes.h"
+#include "screen/metafileText.h"
+
+#include <QHash>
+
+namespace {
+
+using tvpicture::MetafileRecord;
+using tvpicture::MetafileRecords;
+
+QHash<quint16, MetafileHandler> AllHandlers()
+{
+    QHash<quint16, MetafileHandler> handlers;
+    for (const auto table : { MetafileSettings(), MetafileObjectRecords(), MetafileShapes(), MetafileTexts(),
+             MetafileBitmaps(), MetafileRegions(), MetafileFloods() }) {
+        for (const MetafileHandler& handler : table)
+            handlers.insert(handler.Function, handler);
+    }
+    return handlers;
+}
+
+/// Records of other functions (escapes, layout hints) change nothing that can
+/// be seen.
+bool Play(MetafileContext& context, const MetafileRecord& record)
+{
+    static const QHash<quint16, MetafileHandler> handlers = AllHandlers();
+    const auto handler = handlers.constFind(record.Function);
+    if (handler == handlers.constEnd())
+        return true;
+    return record.Parameters.Words() >= handler->Words && context.Spend(0) && handler->Play(context, record.Parameters);
+}
+
+bool IsAllowed(const tvpicture::MetafileFrame& frame)
+{
+    return frame.Width <= TVIMG_MAX_SIDE && frame.Height <= TVIMG_MAX_SIDE
+        && qint64{ frame.Width } * frame.Height <= TVIMG_MAX_PIXELS;
+}
+
+} // namespace
+
+std::optional<QImage> ReadMetafile(const QByteArray& bytes, const QColor& background)
+{
+    const tvpicture::ByteView view(
+        reinterpret_cast<const uint8_t*>(bytes.constData()), static_cast<size_t>(bytes.size()));
+    const std::optional<tvpicture::MetafileFrame> frame = tvpicture::ReadMetafileFrame(view);
+    if (!frame || !IsAllowed(*frame))
+        return std::nullopt;
+    QImage picture(frame->Width, frame->Height, QImage::Format_RGB32);
+    if (picture.isNull())
+        return std::nullopt;
+    picture.fill(background);
+
+    MetafileContext context(*frame, picture);
+    MetafileRecords records(view, frame->Records);
+    MetafileRecord record;
+    auto step = records.Next(record);
+    for (; step == MetafileRecords::Step::Record; step = records.Next(record)) {
+        if (!Play(context, record))
+            return std::nullopt;
+    }
+    if (step == MetafileRecords::Step::Broken)
+        return std::nullopt;
+    context.End();
+    return picture;
+}

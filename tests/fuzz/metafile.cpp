@@ -1,0 +1,49 @@
+// The metafile reader on any bytes. A picture that it paints must have the size that was told for it, and come back
+// from what the writer makes of it.
+#include "screen/metafileReader.h"
+
+#include "closed/pictures/metafile.h"
+#include "screen/metafileWriter.h"
+
+#include <QGuiApplication>
+
+#include <cstdlib>
+
+namespace {
+
+/// Larger pictures take time without reaching other code.
+constexpr int kMostPixels = 1 << 20;
+
+bool Start()
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int count = 1;
+    static char name[] = "fuzz";
+    static char* arguments[] = { name, nullptr };
+    new QGuiApplication(count, arguments);
+    return true;
+}
+
+void Require(bool condition)
+{
+    if (!condition)
+        std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    [[maybe_unused]] static const bool started = Start();
+    const auto frame = tvpicture::ReadMetafileFrame({ data, size });
+    if (frame && qint64{ frame->Width } * frame->Height > kMostPixels)
+        return 0;
+    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const auto picture = ReadMetafile(bytes, Qt::white);
+    if (!picture)
+        return 0;
+    Require(frame && picture->size() == QSize(frame->Width, frame->Height));
+    const auto again = ReadMetafile(MetafileBytes(*picture), Qt::black);
+    Require(again && *again == *picture);
+    return 0;
+}

@@ -1,0 +1,219 @@
+// What metafiles write.
+#include "screen/metafileFont.h"
+#include "tests/screen/metafileBuilder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+enum Align { UpdatePosition = 1, Right = 2, Centre = 6, Bottom = 8, Baseline = 24 };
+
+/// 200 by 100 pixels, letters of 20 pixels with their line, transparent background.
+MetafileBuilder Page()
+{
+    return MetafileBuilder(QSize(200, 100)).Font(20, "DejaVu Sans").Select(0).Record(0x0102, { 1 });
+}
+
+MetafileBuilder& Align(MetafileBuilder& builder, int align)
+{
+    return builder.Record(0x012E, { align });
+}
+
+MetafileBuilder& Write(MetafileBuilder& builder, QPoint at, const QByteArray& text)
+{
+    const QByteArray filled = text + QByteArray(text.size() % 2, '\0');
+    return builder.Record(
+        0x0521, { static_cast<int>(text.size()) }, filled + ByteWriter().Add16(at.y()).Add16(at.x()).Bytes());
+}
+
+MetafileBuilder& WriteSpaced(MetafileBuilder& builder, QPoint at, const QByteArray& text, int advance)
+{
+    ByteWriter more;
+    more.Add(text).Add(QByteArray(text.size() % 2, '\0'));
+    for (qsizetype i = 0; i < text.size(); ++i)
+        more.Add16(advance);
+    return builder.Record(0x0A32, { at.y(), at.x(), static_cast<int>(text.size()), 0 }, more.Bytes());
+}
+
+/// Where an H comes to stand that is aligned to the middle of the page.
+QRect DrawnWith(int align)
+{
+    MetafileBuilder builder = Page();
+    return Drawn(Painted(Write(Align(builder, align), { 100, 50 }, "H")));
+}
+
+MetafileFontFace FaceFor(quint8 set, bool greek = false)
+{
+    return { QFont(), QFontMetricsF(QFont()), 1, 0, set, greek };
+}
+
+} // namespace
+
+TEST(MetafileText, IsAlignedSideways)
+{
+    EXPECT_GE(DrawnWith(0).left(), 100);
+    EXPECT_LE(DrawnWith(Right).right(), 100);
+    EXPECT_NEAR(DrawnWith(Centre).center().x(), 100, 1);
+}
+
+TEST(MetafileText, IsAlignedUpAndDown)
+{
+    EXPECT_GT(DrawnWith(0).top(), 50);
+    EXPECT_LE(DrawnWith(0).bottom(), 70);
+    EXPECT_LT(DrawnWith(Bottom).bottom(), 50);
+    EXPECT_GE(DrawnWith(Bottom).top(), 30);
+    EXPECT_EQ(DrawnWith(Baseline).bottom(), 49);
+}
+
+TEST(MetafileText, HeightsAreThoseOfTheLineOrOfTheLetters)
+{
+    MetafileBuilder line(QSize(200, 100));
+    MetafileBuilder letters(QSize(200, 100));
+    line.Font(40, "DejaVu Sans").Select(0).Record(0x0102, { 1 });
+    letters.Font(-40, "DejaVu Sans").Select(0).Record(0x0102, { 1 });
+    const int lineHeight = Drawn(Painted(Write(line, { 10, 10 }, "H"))).height();
+    const int letterHeight = Drawn(Painted(Write(letters, { 10, 10 }, "H"))).height();
+    EXPECT_NEAR(letterHeight, 40 * 0.73, 2);
+    EXPECT_LT(lineHeight, letterHeight);
+}
+
+TEST(MetafileText, SizesFollowTheScale)
+{
+    MetafileBuilder builder(QSize(200, 100));
+    builder.Font(-400, "DejaVu Sans").Select(0).Record(0x0102, { 1 }).Window(0, 0, 2000, 1000);
+    EXPECT_NEAR(Drawn(Painted(Write(builder, { 100, 100 }, "H"))).height(), 40 * 0.73, 2);
+}
+
+TEST(MetafileText, WidthsOfAFontStretchIt)
+{
+    MetafileBuilder builder(QSize(200, 100));
+    builder.Record(0x02FB, { -20, 30, 0, 0, 400, 0, 0, 0, 0 }, QByteArray("DejaVu Sans\0", 12)).Select(0);
+    builder.Record(0x0102, { 1 });
+    const int wide = Drawn(Painted(Write(builder, { 5, 5 }, "HHH"))).width();
+    MetafileBuilder plain(QSize(200, 100));
+    plain.Font(-20, "DejaVu Sans").Select(0).Record(0x0102, { 1 });
+    EXPECT_GT(wide, 2 * Drawn(Painted(Write(plain, { 5, 5 }, "HHH"))).width());
+}
+
+TEST(MetafileText, IsWrittenInItsColour)
+{
+    MetafileBuilder builder = Page();
+    builder.Record(0x0209, { kRed, 0 });
+    EXPECT_GT(Count(Painted(Write(builder, { 10, 10 }, "HHH")), 0xFF0000), 10);
+}
+
+TEST(MetafileText, CoversTheBackgroundUnlessTransparent)
+{
+    MetafileBuilder builder = Page();
+    builder.Record(0x0102, { 2 }).Record(0x0201, { kGreen, 0 });
+    const QImage picture = Painted(Write(builder, { 10, 10 }, "HHH"));
+    EXPECT_EQ(Drawn(picture).top(), 10);
+    EXPECT_EQ(Drawn(picture).left(), 10);
+    EXPECT_NEAR(Drawn(picture).height(), 20, 1);
+    EXPECT_EQ(At(picture, 10, 10), 0x00FF00U);
+}
+
+TEST(MetafileText, StandsWhereItsAdvancesSay)
+{
+    MetafileBuilder builder = Page();
+    const QImage picture = Painted(WriteSpaced(builder, { 10, 10 }, "II", 60));
+    const QRect drawn = Drawn(picture);
+    EXPECT_NEAR(drawn.width(), 60, 4);
+    EXPECT_EQ(Count(picture.copy(25, 0, 40, 100), 0xFFFFFF), 40 * 100);
+}
+
+TEST(MetafileText, IsAlignedByItsAdvances)
+{
+    MetafileBuilder builder = Page();
+    const QRect drawn = Drawn(Painted(WriteSpaced(Align(builder, Right), { 180, 10 }, "II", 60)));
+    EXPECT_GE(drawn.left(), 60);
+    EXPECT_LT(drawn.left(), 70);
+}
+
+TEST(MetafileText, SpreadsByTheExtrasOfTheState)
+{
+    MetafileBuilder plain = Page();
+    MetafileBuilder wide = Page();
+    wide.Record(0x0108, { 20 });
+    const int difference =
+        Drawn(Painted(Write(wide, { 10, 10 }, "HH"))).width() - Drawn(Painted(Write(plain, { 10, 10 }, "HH"))).width();
+    EXPECT_NEAR(difference, 20, 1);
+}
+
+TEST(MetafileText, SpreadsItsBlanksOnly)
+{
+    MetafileBuilder plain = Page();
+    MetafileBuilder wide = Page();
+    wide.Record(0x020A, { 2, 30 });
+    const int difference = Drawn(Painted(Write(wide, { 10, 10 }, "H H H"))).width()
+        - Drawn(Painted(Write(plain, { 10, 10 }, "H H H"))).width();
+    EXPECT_NEAR(difference, 30, 2);
+}
+
+TEST(MetafileText, MovesThePositionWhenItStartsThere)
+{
+    MetafileBuilder builder = Page();
+    builder.Record(0x0214, { 40, 20 });
+    Align(builder, UpdatePosition);
+    WriteSpaced(builder, { 0, 0 }, "H", 50);
+    WriteSpaced(builder, { 0, 0 }, "H", 50);
+    const QRect drawn = Drawn(Painted(builder));
+    EXPECT_GE(drawn.left(), 20);
+    EXPECT_GE(drawn.right(), 72);
+    EXPECT_GE(drawn.top(), 40);
+}
+
+TEST(MetafileText, TurnsWithItsFont)
+{
+    MetafileBuilder builder(QSize(100, 100));
+    builder.Font(20, "DejaVu Sans", 900).Select(0).Record(0x0102, { 1 });
+    const QRect drawn = Drawn(Painted(Write(builder, { 50, 90 }, "HHHH")));
+    EXPECT_GT(drawn.height(), 2 * drawn.width());
+    EXPECT_LE(drawn.bottom(), 90);
+    EXPECT_GE(drawn.left(), 50);
+}
+
+TEST(MetafileText, FillsAndClipsItsRectangle)
+{
+    const QByteArray letters = "HHHHHHHHHH";
+    MetafileBuilder builder = Page();
+    builder.Record(0x0201, { kGreen, 0 });
+    builder.Record(0x0A32, { 10, 10, 10, 2 | 4, 5, 5, 45, 35 }, letters);
+    const QImage picture = Painted(builder);
+    EXPECT_EQ(Drawn(picture), QRect(5, 5, 40, 30));
+    EXPECT_EQ(At(picture, 5, 34), 0x00FF00U);
+    EXPECT_GT(Count(picture, 0x000000), 10);
+}
+
+TEST(MetafileText, OfNoLettersFillsItsRectangleOnly)
+{
+    MetafileBuilder builder = Page();
+    builder.Record(0x0201, { kGreen, 0 }).Record(0x0A32, { 0, 0, 0, 2, 5, 5, 45, 35 });
+    EXPECT_EQ(Drawn(Painted(builder)), QRect(5, 5, 40, 30));
+}
+
+TEST(MetafileText, ThatIsCutShortIsRefused)
+{
+    EXPECT_TRUE(Painted(Page().Record(0x0521, { 40, 0x4848, 0, 0 })).isNull());
+    EXPECT_TRUE(Painted(Page().Record(0x0A32, { 0, 0, 40, 0, 0x4848 })).isNull());
+}
+
+TEST(MetafileCharacters, AreThoseOfTheirSet)
+{
+    EXPECT_EQ(DecodeMetafileText("\xB5V \x80", FaceFor(0)), u"µV €"_qs);
+    EXPECT_EQ(DecodeMetafileText("\xCF\xF0", FaceFor(204)), u"Пр"_qs);
+    EXPECT_EQ(DecodeMetafileText("\xD9", FaceFor(161)), u"Ω"_qs);
+    EXPECT_EQ(DecodeMetafileText("\x93\xFA", FaceFor(128)), u"日"_qs);
+}
+
+TEST(MetafileCharacters, OfTheSymbolFontAreGreek)
+{
+    EXPECT_EQ(DecodeMetafileText("mW 5", FaceFor(2, true)), u"μΩ 5"_qs);
+}
+
+TEST(MetafileCharacters, OfTwoBytesStayTogether)
+{
+    EXPECT_EQ(SplitCharacters("a\x93\xFA", 128), QVector<QByteArray>({ "a", "\x93\xFA" }));
+    EXPECT_EQ(SplitCharacters("a\x93", 128), QVector<QByteArray>({ "a", "\x93" }));
+    EXPECT_EQ(SplitCharacters("\x93\xFA", 0), QVector<QByteArray>({ "\x93", "\xFA" }));
+}

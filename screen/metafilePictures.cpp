@@ -1,8 +1,8 @@
 #include "screen/metafilePictures.h"
 
-#include "closed/tvimg.h"
 #include "screen/dib.h"
 #include "screen/dibPixels.h"
+#include "screen/pictureLimits.h"
 
 namespace {
 
@@ -82,8 +82,7 @@ std::optional<QImage> MetafileDeviceBitmap(
     header.TopDown = true;
     const bool onePlane = (p.Word(word + 4) & 0xFF) == 1;
     const qint64 pixelCount = qint64{ header.Width } * header.Height;
-    if (header.Width < 1 || header.Height < 1 || !onePlane || pixelCount > TVIMG_MAX_PIXELS
-        || !context.Spend(pixelCount))
+    if (!IsAllowedPicture(header.Width, header.Height) || !onePlane || !context.Spend(pixelCount))
         return std::nullopt;
     const tvpicture::ByteView pixels = p.From(pixelsWord);
     if (static_cast<qint64>(pixels.size()) < qint64{ DeviceStride(header.Width, header.BitCount) } * header.Height)

@@ -1,6 +1,5 @@
 #include "screen/metafileReader.h"
 
-#include "closed/tvimg.h"
 #include "screen/metafileBitmaps.h"
 #include "screen/metafileContext.h"
 #include "screen/metafileFlood.h"
@@ -9,6 +8,7 @@
 #include "screen/metafileSettings.h"
 #include "screen/metafileShapes.h"
 #include "screen/metafileText.h"
+#include "screen/pictureLimits.h"
 
 #include <QHash>
 
@@ -39,12 +39,6 @@ bool Play(MetafileContext& context, const MetafileRecord& record)
     return record.Parameters.Words() >= handler->Words && context.Spend(0) && handler->Play(context, record.Parameters);
 }
 
-bool IsAllowed(const tvpicture::MetafileFrame& frame)
-{
-    return frame.Width <= TVIMG_MAX_SIDE && frame.Height <= TVIMG_MAX_SIDE
-        && qint64{ frame.Width } * frame.Height <= TVIMG_MAX_PIXELS;
-}
-
 } // namespace
 
 std::optional<QImage> ReadMetafile(const QByteArray& bytes, const QColor& background)
@@ -52,7 +46,7 @@ std::optional<QImage> ReadMetafile(const QByteArray& bytes, const QColor& backgr
     const tvpicture::ByteView view(
         reinterpret_cast<const uint8_t*>(bytes.constData()), static_cast<size_t>(bytes.size()));
     const std::optional<tvpicture::MetafileFrame> frame = tvpicture::ReadMetafileFrame(view);
-    if (!frame || !IsAllowed(*frame))
+    if (!frame || !IsAllowedPicture(frame->Width, frame->Height))
         return std::nullopt;
     QImage picture(frame->Width, frame->Height, QImage::Format_RGB32);
     if (picture.isNull())

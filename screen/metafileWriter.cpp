@@ -2,7 +2,7 @@
 
 #include "app/replaceFile.h"
 #include "closed/pictures/metafile.h"
-#include "closed/tvimg.h"
+#include "screen/pictureLimits.h"
 
 #include <QtEndian>
 
@@ -111,9 +111,7 @@ void AddCopy(QByteArray& bytes, quint32 words, const QImage& picture)
 
 QByteArray MetafileBytes(const QImage& picture)
 {
-    const qint64 pixels = qint64{ picture.width() } * picture.height();
-    if (pixels == 0 || pixels > TVIMG_MAX_PIXELS || picture.width() > TVIMG_MAX_SIDE
-        || picture.height() > TVIMG_MAX_SIDE)
+    if (!IsAllowedPicture(picture.width(), picture.height()))
         return {};
     const QImage opaque = picture.convertToFormat(QImage::Format_RGB32);
     const quint32 bitmapBytes = kBitmapHeaderBytes + LineBytes(opaque) * static_cast<quint32>(opaque.height());

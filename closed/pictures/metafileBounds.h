@@ -1,7 +1,9 @@
 // closed/pictures/metafileBounds.h: the box around what the records of a metafile draw.
 #pragma once
 
-#include "closed/pictures/metafile.h"
+#include "closed/pictures/metafileRecords.h"
+
+#include <optional>
 
 namespace tvpicture {
 

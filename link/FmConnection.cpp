@@ -93,6 +93,14 @@ void FmConnection::ShowFields(const ConnectionFields& fields)
 
 void FmConnection::OnOk()
 {
-    if (conEntryAccept({ TbConnectionName->text(), TbIpAddress->text(), TbIpPort->text() }))
+    const ConnectionFields fields{ TbConnectionName->text(), TbIpAddress->text(), TbIpPort->text() };
+    if (conEntryAccept(fields)) {
         Unload();
+        return;
+    }
+    const ConnectField fault = conFieldAtFault(fields);
+    QLineEdit* field = fault == ConnectField::Name ? TbConnectionName
+        : fault == ConnectField::Address           ? TbIpAddress
+                                                   : TbIpPort;
+    field->setFocus(Qt::TabFocusReason);
 }

@@ -90,3 +90,15 @@ bool conEntryAccept(const ConnectionFields& fields)
         MsgOk(kMsgNotStored);
     return isStored;
 }
+
+ConnectField conFieldAtFault(const ConnectionFields& fields)
+{
+    const auto isValid = [](const QString& address, const QString& port) {
+        return conEntryValid(conEntryOf({ {}, address, port }));
+    };
+    if (!NameMayBeUsed(fields.Name) || fields.Name.contains(u':'))
+        return ConnectField::Name;
+    if (!isValid(fields.Address, QStringLiteral("0")))
+        return ConnectField::Address;
+    return isValid(fields.Address, fields.Port) ? ConnectField::Name : ConnectField::Port;
+}

@@ -36,3 +36,8 @@ std::vector<ConnectRow> conRows(int tab);
 /// Stores what was typed as the selected entry, or as a new one while none is selected. False after a message:
 /// 10451 for a name of another connection, 10435 for what can't be stored.
 [[nodiscard]] bool conEntryAccept(const ConnectionFields& fields);
+
+enum class ConnectField { Name, Address, Port };
+
+/// The field to look at after `conEntryAccept` has refused: the first one that can't stay as it is.
+ConnectField conFieldAtFault(const ConnectionFields& fields);

@@ -199,3 +199,18 @@ TEST_F(ConnectionEntry, FieldsAreTakenAsTyped)
     EXPECT_TRUE(conEntryAccept({ "  New ", "10.0.0.9", "80" }));
     EXPECT_EQ(state.LanEntries[2], "  New :10.0.0.9:80");
 }
+
+TEST_F(ConnectionEntry, FieldAtFaultIsTheFirstThatCantStay)
+{
+    state.SelectedEntry = state.LanEntries[0];
+    const auto fault = [](const char* name, const char* address, const char* port) {
+        return conFieldAtFault({ QLatin1String(name), QLatin1String(address), QLatin1String(port) });
+    };
+    EXPECT_EQ(fault("Roof", "256.1.1.1", "x"), ConnectField::Name); // another one's
+    EXPECT_EQ(fault("A:B", "256.1.1.1", "x"), ConnectField::Name);
+    EXPECT_EQ(fault("Van", "256.1.1.1", "x"), ConnectField::Address);
+    EXPECT_EQ(fault("Van", "1.1.1.1:1", "1"), ConnectField::Address);
+    EXPECT_EQ(fault("Van", "1.1.1.1", "12345"), ConnectField::Port);
+    EXPECT_EQ(fault("Van", "1.1.1.1", "1:1"), ConnectField::Port);
+    EXPECT_EQ(fault("Van", "1.1.1.1", "1"), ConnectField::Name); // no room, or the edited one is gone
+}

@@ -2,6 +2,8 @@
 #include "link/FmConnection.h"
 #include "tests/link/connectForms.h"
 
+#include <QLineEdit>
+
 namespace {
 
 class ConnectionForm : public ConnectionForms {
@@ -105,6 +107,26 @@ TEST_F(ConnectionForm, InvalidAddressOrPortKeepsItOpen)
         EXPECT_TRUE(form.IsClosed());
     });
     EXPECT_EQ(state.LanEntries[2], "New:10.0.0.9:1234");
+}
+
+TEST_F(ConnectionForm, RefusalGoesToTheFieldAtFault)
+{
+    Run([&] {
+        Fill("Van", "10.0.0.9", "5555");
+        Answers().Expect(10451, QStringList(), Ok);
+        Click(form, "BtOk");
+        EXPECT_TRUE(HasFocus(form, "TbConnectionName"));
+        EXPECT_EQ(Find<QLineEdit>(form, "TbConnectionName").selectedText(), "Van");
+        Fill("New", "10.0.0.256", "5555");
+        Answers().Expect(10435, QStringList(), Ok);
+        Click(form, "BtOk");
+        EXPECT_TRUE(HasFocus(form, "TbIpAddress"));
+        Fill("New", "10.0.0.9", "55555");
+        Answers().Expect(10435, QStringList(), Ok);
+        Click(form, "BtOk");
+        EXPECT_TRUE(HasFocus(form, "TbIpPort"));
+        Click(form, "BtCancel");
+    });
 }
 
 TEST_F(ConnectionForm, CancelAndEscapeLeaveTheEntryAsItWas)

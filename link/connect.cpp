@@ -85,6 +85,16 @@ QString conEntryOf(const ConnectionFields& fields)
     return fields.Name + u':' + fields.Address + u':' + fields.Port;
 }
 
+QString conPlainAddress(const QString& address)
+{
+    if (!IsAddress(address))
+        return address;
+    QStringList numbers = address.split(u'.');
+    for (QString& number : numbers)
+        number = QString::number(number.toInt());
+    return numbers.join(u'.');
+}
+
 QString conDefaultEntry()
 {
     return kDefaultLanEntry;

@@ -31,6 +31,10 @@ struct ConnectionFields {
 ConnectionFields conFieldsOf(const QString& entry);
 QString conEntryOf(const ConnectionFields& fields);
 
+/// The address of a valid entry as the channel takes it: without the blanks and leading zeros that people type. Any
+/// other text as it is.
+QString conPlainAddress(const QString& address);
+
 /// The address that instruments have on delivery.
 QString conDefaultEntry();
 

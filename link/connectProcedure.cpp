@@ -103,7 +103,7 @@ bool TryConnection(const ConnectDisplay& status, const ConnectDisplay& debug)
     if (!isPort)
         return false;
     QString reply;
-    if (ChannelConnect(fields[1], port, reply) != kChannelOk) {
+    if (ChannelConnect(conPlainAddress(fields[1]), port, reply) != kChannelOk) {
         status(LngStr(kTextFailed));
         debug(QStringLiteral("SCPI connect not successfull."));
         return true;

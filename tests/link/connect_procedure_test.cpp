@@ -70,6 +70,14 @@ TEST_F(ConnectProcedure, TakesItsStepsInOrder)
     EXPECT_TRUE(fake.Connected);
 }
 
+TEST_F(ConnectProcedure, AddressMayBeTypedWithZerosAndBlanks)
+{
+    Connection().SelectedEntry = "Van: 010.000.00.07 : 80";
+    ASSERT_TRUE(conEntryValid(Connection().SelectedEntry));
+    Run();
+    EXPECT_EQ(fake.Log, QStringList{ "Connect 1 10.0.0.7 80 5000" });
+}
+
 TEST_F(ConnectProcedure, IsInProgressUntilItsEnd)
 {
     Connection().ConnectInProgress = false;

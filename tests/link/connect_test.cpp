@@ -109,6 +109,15 @@ TEST_F(Connect, AddressNeedsFourNumbersUpTo255)
         EXPECT_FALSE(conEntryValid(QStringLiteral("n:%1:80").arg(QLatin1String(address)))) << address;
 }
 
+TEST_F(Connect, PlainAddressHasNeitherZerosInFrontNorBlanks)
+{
+    EXPECT_EQ(conPlainAddress("10.0.0.7"), "10.0.0.7");
+    EXPECT_EQ(conPlainAddress("192.168.001.010"), "192.168.1.10");
+    EXPECT_EQ(conPlainAddress(" 10. 0.0 .07 "), "10.0.0.7");
+    EXPECT_EQ(conPlainAddress("010.0.0.256"), "010.0.0.256");
+    EXPECT_EQ(conPlainAddress("rx.local"), "rx.local");
+}
+
 TEST_F(Connect, PortHasAtMostFourDigits)
 {
     for (const char* port : { "10000", "55555", "00080", "", "-1", "+80", "80.5", "8e1", "x", "80x" })

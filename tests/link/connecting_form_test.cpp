@@ -83,6 +83,31 @@ TEST_F(ConnectingForm, CancelTakesEffectWhenTheConnectHasReturned)
     EXPECT_FALSE(fake.Connected);
 }
 
+TEST_F(ConnectingForm, CancelOfAConnectThatFailsIsToldAsACancel)
+{
+    fake.Answer("Connect", kChannelLinkFailed);
+    QString text;
+    QString debug = "?";
+    WhileConnecting = [&] { Click(form, "BtCancel"); };
+    WhileShown = [&] {
+        text = TextOf(form, "TbStatus");
+        debug = TextOf(form, "LbDebug");
+    };
+    DialogShow(form);
+    EXPECT_EQ(text, LngStr(10424));
+    EXPECT_EQ(debug, "");
+    EXPECT_EQ(waitedMs, QList<int>{ 1000 });
+    EXPECT_EQ(fake.Count("Disconnect"), 1);
+}
+
+TEST_F(ConnectingForm, CancelBeforeTheConnectDoesNotKeepItFromBeingTried)
+{
+    TheSeams().Sleep = [&](int) { Click(form, "BtCancel"); };
+    DialogShow(form);
+    EXPECT_EQ(fake.Log, (QStringList{ "Connect 1 10.0.0.7 5555 5000", "Disconnect" }));
+    EXPECT_EQ(waitedMs, QList<int>{ 1000 });
+}
+
 TEST_F(ConnectingForm, CancelWhileTheOutcomeStandsDisconnectsToo)
 {
     WhileShown = [&] { Click(form, "BtCancel"); };

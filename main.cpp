@@ -12,7 +12,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     ComposeProgram();
     MfMain frame(QApplication::applicationDirPath());
-    OnCloseSignal([&frame] { frame.CloseWhenStarted(); });
+    OnCloseSignal([&frame] { frame.CloseWhenPossible(); });
     const int exitCode = frame.Load() ? QApplication::exec() : EXIT_FAILURE;
     CloseHelpViewer(); // while there is still a window system to close it on
     MsgSetPresenter({});

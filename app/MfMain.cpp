@@ -23,6 +23,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QThread>
+#include <QTimer>
 
 namespace {
 
@@ -103,18 +104,32 @@ bool MfMain::Load()
     if (!ProjectInit(*this))
         return false;
     toolbar_->LayOut();
-    if (!ProjectStart(*this))
-        return false;
-    if (closeWished_)
-        CloseWhenStarted();
-    return true;
+    return ProjectStart(*this);
 }
 
-void MfMain::CloseWhenStarted()
+void MfMain::CloseWhenPossible()
 {
-    closeWished_ = true;
-    if (Program().Started)
-        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+    Program().CloseWished = true;
+    PursueCloseWish();
+}
+
+/// What may close does so from the message loop, since this runs in the midst of a dialog's end as well.
+void MfMain::PursueCloseWish()
+{
+    ProgramState& program = Program();
+    if (!program.CloseWished)
+        return;
+    QTimer::singleShot(0, this, [this, &program] {
+        if (!program.CloseWished)
+            return;
+        DialogForm* dialog = DialogTop();
+        if (dialog != nullptr && dialog->GoesWithProgram()) {
+            dialog->Unload();
+        } else if (program.Started && CanAct()) {
+            program.CloseWished = false; // who cancels a prompt now has decided to stay
+            close();
+        }
+    });
 }
 
 QString MfMain::CommandLine() const
@@ -204,8 +219,10 @@ void MfMain::ReturnFocus()
         child->setFocus();
 }
 
+/// Runs at each change of what the program can do.
 void MfMain::MenuUpdate()
 {
+    PursueCloseWish();
     const auto outcome = MenuCompute(MenuInputNow(), Program().MenusDisabled);
     if (!outcome)
         return;

@@ -23,8 +23,9 @@ public:
     /// The load event: start-up from the first step to the last. False ends the process.
     [[nodiscard]] bool Load();
 
-    /// Closes as the close box does; a wish that comes during the start waits for its end.
-    void CloseWhenStarted();
+    /// Closes as the close box does. A wish that comes during the start, a command or a dialog waits for its end, and
+    /// dialogs that hold nothing of the user's go at once.
+    void CloseWhenPossible();
 
     /// Opens a right-click menu at a place on the screen, if the program can act.
     void Popup(const QString& name, const QPoint& at);
@@ -70,6 +71,7 @@ private:
     void BindCommands();
     void BindPlacement();
     void MenuUpdate();
+    void PursueCloseWish();
     void ShowBar(QWidget* bar, bool on);
     bool PopupForBar(QObject* watched, QEvent* event);
     void ReturnFocus();
@@ -81,6 +83,5 @@ private:
     FrameToolbar* toolbar_ = nullptr;
     FrameStatusBar* statusBar_ = nullptr;
     KeyboardFilter* keyboard_ = nullptr;
-    bool closeWished_ = false;
     QRect placement_; ///< the restored rectangle that the settings ask for
 };

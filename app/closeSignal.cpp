@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QSocketNotifier>
 
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -25,8 +26,17 @@ std::array<int, 2>& Pipe()
 
 void Wake(int)
 {
+    const int interrupted = errno; // whatever runs at this moment may be about to read it
     const char byte = 0;
     [[maybe_unused]] const ssize_t written = ::write(Pipe()[1], &byte, 1);
+    errno = interrupted;
+}
+
+/// A program in the background of a script, or one that outlives its terminal.
+bool IsIgnored(int signal)
+{
+    struct sigaction present { };
+    return ::sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN;
 }
 
 } // namespace
@@ -45,8 +55,10 @@ void OnCloseSignal(std::function<void()> close)
     struct sigaction action { };
     action.sa_handler = Wake;
     action.sa_flags = SA_RESETHAND | SA_RESTART; // the second signal finds the system's own handler
-    for (const int signal : { SIGTERM, SIGINT, SIGHUP })
-        ::sigaction(signal, &action, nullptr);
+    for (const int signal : { SIGTERM, SIGINT, SIGHUP }) {
+        if (!IsIgnored(signal))
+            ::sigaction(signal, &action, nullptr);
+    }
 }
 
 #else

@@ -3,6 +3,7 @@
 
 #include <functional>
 
-/// Calls `close` from the message loop when the first such wish arrives. A second one ends the process at once, since
-/// the program may have refused the first. Nothing on systems without signals.
+/// Calls `close` from the message loop when the first such wish arrives. The same one again ends the process at once,
+/// since a dialog may keep the first waiting. A signal that the process was started to ignore stays ignored. Nothing on
+/// systems without signals.
 void OnCloseSignal(std::function<void()> close);

@@ -18,6 +18,12 @@ public:
     /// Asks the form to close; it may refuse.
     virtual void Unload() = 0;
 
+    /// True for a form that holds nothing of the user's: it is unloaded when the system wants the program to end.
+    virtual bool GoesWithProgram() const
+    {
+        return false;
+    }
+
     /// Centres the form on its screen and trims its system menu; `removeClose` takes the close entry out.
     virtual void PrepareWindow(bool removeClose) = 0;
 

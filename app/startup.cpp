@@ -87,9 +87,10 @@ void TellPreRelease()
     MsgOk1(kMsgPreRelease, Program().ProgramTitle + u' ' + ProductVersionNumbers() + u' ' + ProductVersionText());
 }
 
+/// Neither begins when the program has been asked to end meanwhile: both wait for the user.
 void OpenFileOrConnect()
 {
-    if (OpenStartFile(Program().CommandLine))
+    if (Program().CloseWished || OpenStartFile(Program().CommandLine))
         return;
     if (const auto connect = TheProjectHooks().AutoConnect)
         connect(Program().ConnectedAtExit);

@@ -17,6 +17,12 @@ class FmConnect final : public FormBase {
 public:
     explicit FmConnect(QWidget* parent = nullptr);
 
+    /// A start may have ended here, with nobody to close it.
+    bool GoesWithProgram() const override
+    {
+        return true;
+    }
+
 protected:
     bool OnLoad() override;
     bool QueryUnload() override;

@@ -85,7 +85,8 @@ void conShowDialog();
 /// Connects to the selected entry, with a form that shows how it goes. Nothing while a connect runs.
 void conShowConnecting();
 
-/// Reconnects if asked to, and offers the list of connections where there is no link then.
+/// Reconnects if asked to, and offers the list of connections where there is no link then, unless the program has been
+/// asked to end meanwhile.
 void conStart(bool reconnect);
 
 /// Where the connect procedure tells how far it is.

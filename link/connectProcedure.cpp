@@ -4,6 +4,7 @@
 #include "app/ini.h"
 #include "app/lang.h"
 #include "app/message.h"
+#include "app/project.h"
 #include "app/seams.h"
 #include "app/statusBar.h"
 #include "link/channel.h"
@@ -141,7 +142,7 @@ void conStart(bool reconnect)
 {
     if (reconnect)
         conShowConnecting();
-    if (!ChannelIsUp())
+    if (!ChannelIsUp() && !Program().CloseWished)
         conShowDialog();
 }
 

@@ -3,6 +3,7 @@
 #include "app/progressBar.h"
 #include "app/statusBar.h"
 #include "tests/app/formsFrame.h"
+#include "tests/support/fakeDialog.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -138,7 +139,7 @@ TEST_F(Frame, EndsAtOnceWithoutALibrary)
 TEST_F(Frame, AWishToCloseDuringTheStartWaitsForItsEnd)
 {
     TheSeams().StartTimer = [this](int, std::function<void()> tick) {
-        frame->CloseWhenStarted();
+        frame->CloseWhenPossible();
         EXPECT_FALSE(Program().Started);
         QTimer::singleShot(0, qApp, std::move(tick)); // ends the logo
     };
@@ -149,4 +150,86 @@ TEST_F(Frame, AWishToCloseDuringTheStartWaitsForItsEnd)
     QCoreApplication::processEvents();
     EXPECT_FALSE(frame->isVisible());
     EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
+}
+
+TEST_F(Frame, AWishToCloseWaitsForTheEndOfACommand)
+{
+    MfMain& main = Start();
+    BeginBusy();
+    main.CloseWhenPossible();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(main.isVisible());
+    EndBusy();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(main.isVisible());
+    EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
+}
+
+TEST_F(Frame, AWishToCloseWaitsForADialog)
+{
+    MfMain& main = Start();
+    FakeDialog dialog;
+    dialog.WhileOpen = [&main, &dialog] {
+        main.CloseWhenPossible();
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(main.isVisible());
+        EXPECT_FALSE(dialog.WasUnloaded);
+    };
+    DialogShow(dialog);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(main.isVisible());
+}
+
+TEST_F(Frame, AWishToCloseTakesADialogAlongThatHoldsNothing)
+{
+    MfMain& main = Start();
+    FakeDialog dialog;
+    dialog.Goes = true;
+    dialog.WhileOpen = [&main, &dialog] {
+        main.CloseWhenPossible();
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(dialog.WasUnloaded);
+    };
+    DialogShow(dialog);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(main.isVisible());
+}
+
+TEST_F(Frame, AWishToCloseWaitsForTheDialogAboveOneThatHoldsNothing)
+{
+    MfMain& main = Start();
+    FakeDialog above;
+    above.WhileOpen = [&main] {
+        main.CloseWhenPossible();
+        QCoreApplication::processEvents();
+    };
+    FakeDialog below;
+    below.Goes = true;
+    below.WhileOpen = [&above, &below] {
+        DialogShow(above);
+        EXPECT_FALSE(below.WasUnloaded);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(below.WasUnloaded);
+    };
+    DialogShow(below);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(main.isVisible());
+}
+
+TEST_F(Frame, AWishToCloseIsOverWhenAPromptWasCancelled)
+{
+    MfMain& main = Start();
+    int prompts = 0;
+    TheProjectHooks().CloseAllDocuments = [&prompts] {
+        ++prompts;
+        return false;
+    };
+    main.CloseWhenPossible();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(prompts, 1);
+    BeginBusy();
+    EndBusy();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(prompts, 1);
+    EXPECT_TRUE(main.isVisible());
 }

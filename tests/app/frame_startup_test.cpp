@@ -10,6 +10,8 @@
 #include "tests/support/fakeDialog.h"
 #include "tests/support/fixture.h"
 
+#include <QRegularExpression>
+
 #include <set>
 
 #if defined(Q_OS_UNIX)
@@ -253,6 +255,18 @@ TEST_F(Startup, WritesAutoTileBackWhenTheUserSwitchedItOn)
     Program().AutoTile = true;
     ASSERT_TRUE(ProjectQueryUnload());
     EXPECT_TRUE(IniReadBool(FilePath("Tarvik.ini"), "Window", "AutoTile", false));
+}
+
+TEST_F(Startup, NeitherOpensNorConnectsOnceTheProgramIsToEnd)
+{
+    Store(FilePath("plan.tvm"), "x");
+    host.Line = FilePath("plan.tvm");
+    ASSERT_TRUE(Init());
+    host.WhenShown = [] { Program().CloseWished = true; };
+    ASSERT_TRUE(ProjectStart(host));
+    EXPECT_TRUE(Program().Started);
+    EXPECT_TRUE(Program().CloseWished);
+    EXPECT_TRUE(host.Log.filter(QRegularExpression(QStringLiteral("^(open|connect) "))).isEmpty());
 }
 
 TEST_F(Startup, EndsWhenTheLogoEndsWith3)

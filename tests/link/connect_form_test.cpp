@@ -376,3 +376,12 @@ TEST_F(ConnectForm, EscapeClosesIt)
     });
     EXPECT_TRUE(fake.Log.isEmpty());
 }
+
+TEST_F(ConnectForm, GoesWhenTheProgramIsToEnd)
+{
+    Run([&] {
+        EXPECT_TRUE(form.GoesWithProgram());
+        form.Unload();
+        EXPECT_TRUE(form.IsClosed());
+    });
+}

@@ -242,6 +242,14 @@ TEST_F(ConnectStart, OffersTheConnectionsToWhoWasNotConnected)
     EXPECT_TRUE(Program().Idle);
 }
 
+TEST_F(ConnectStart, OffersNothingOnceTheProgramIsToEnd)
+{
+    connects = false;
+    Program().CloseWished = true;
+    conStart(true);
+    EXPECT_EQ(shown, QStringList{ "connecting" });
+}
+
 TEST_F(ConnectStart, AsksNothingWhileTheLinkIsUp)
 {
     fake.Connected = true;

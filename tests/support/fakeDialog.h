@@ -11,6 +11,7 @@ public:
     bool Active = false;
     bool RefusesToClose = false;
     bool RemovesClose = false;
+    bool Goes = false; ///< when the program is to end
 
     bool WasBlocking = false;
     bool WasUnloaded = false;
@@ -38,6 +39,11 @@ public:
             return;
         WasUnloaded = true;
         DialogPop();
+    }
+
+    bool GoesWithProgram() const override
+    {
+        return Goes;
     }
 
     void PrepareWindow(bool removeClose) override

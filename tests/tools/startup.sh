@@ -50,14 +50,24 @@ wait_for() {
 # left the keyboard where it was; it is then asked for it.
 has_active() {
   [[ $(xdotool getactivewindow getwindowname 2>/dev/null) == "$1" ]] && return
-  xdotool search --onlyvisible --pid "$pid" --name "^$1\$" windowactivate >/dev/null 2>&1 || true
+  xdotool search --all --onlyvisible --pid "$pid" --name "^$1\$" windowactivate >/dev/null 2>&1 || true
   return 1
+}
+
+# True when the program shows no window with this title.
+has_no() {
+  ! xdotool search --all --onlyvisible --pid "$pid" --name "^$1\$" >/dev/null 2>&1
+}
+
+# True when the program shows any window.
+has_window() {
+  xdotool search --all --onlyvisible --pid "$pid" --name . >/dev/null 2>&1
 }
 
 # True when the frame is there: it alone bears the window class and can be made larger than any form.
 has_frame() {
   local window
-  for window in $(xdotool search --onlyvisible --pid "$pid" --name '^Tarvik$' 2>/dev/null); do
+  for window in $(xdotool search --all --onlyvisible --pid "$pid" --name '^Tarvik$' 2>/dev/null); do
     [[ $(xdotool getwindowgeometry --shell "$window" | sed -n 's/^WIDTH=//p') -ge 1000 ]] && return
   done
   return 1
@@ -133,7 +143,7 @@ case $case in
     close_connections
     # The close box does nothing until the start is over, which nothing shows to the outside.
     while runs; do
-      xdotool search --onlyvisible --pid "$pid" --name '^Tarvik$' windowactivate key alt+F4 2>/dev/null || true
+      xdotool search --all --onlyvisible --pid "$pid" --name '^Tarvik$' windowactivate key alt+F4 2>/dev/null || true
       sleep 0.1
     done
     expect_exit 0
@@ -167,7 +177,7 @@ case $case in
     start "\"$folder/my own list.tvm\""
     wait_for has_active "Memory List Editor - my own list.tvm"
     xdotool key Escape
-    wait_for has_active Tarvik
+    wait_for has_no "Memory List Editor - my own list.tvm"
     quit
     grep -q '^Name=my own list.tvm' "$folder/Tarvik.ini" || fail "the file is not remembered"
     ;;
@@ -176,9 +186,35 @@ case $case in
     start_instrument
     start
     wait_for has_active Connecting
-    wait_for has_active Tarvik
+    wait_for has_no Connecting
     quit
     expect_connected_at_exit 1
+    ;;
+  EndsOnASignalAtItsLogo)
+    copy_without
+    remember_connection 1 # nobody listens there, and a start would end in the list of connections
+    start
+    wait_for has_window
+    kill "$pid"
+    expect_exit 0
+    expect_connected_at_exit 0
+    ;;
+  EndsOnASignalWhileItConnects)
+    copy_without
+    remember_connection 1
+    start
+    wait_for has_active Connecting
+    kill "$pid"
+    expect_exit 0
+    expect_connected_at_exit 0
+    ;;
+  EndsOnASignalInTheListOfConnections)
+    copy_without
+    start
+    wait_for has_active Connect
+    kill "$pid"
+    expect_exit 0
+    expect_connected_at_exit 0
     ;;
   OffersConnectionsWithoutInstrument)
     copy_without

@@ -27,6 +27,13 @@ for ((tries = 0; tries < 200; ++tries)); do
 done
 [ $tries -lt 200 ] || fail "Escape does not close the editor"
 
-xdotool windowfocus --sync "$(window '^Tarvik *$')" key --clearmodifiers alt+F4
+[ -n "$(window '^Tarvik *$')" ] || fail "the program shows no frame"
+# The close box does nothing until the start is over, which nothing shows to the outside.
+for ((tries = 0; tries < 300; ++tries)); do
+  kill -0 "$program" 2>/dev/null || break
+  xdotool search --onlyvisible --name '^Tarvik *$' windowactivate key --clearmodifiers alt+F4 >/dev/null 2>&1 || true
+  sleep 0.1
+done
+[ $tries -lt 300 ] || fail "the frame does not close"
 wait "$program" || fail "the program ends with status $?"
 grep -q '^\[connection\]' "$folder/Tarvik.ini" || fail "the settings are not written"

@@ -54,9 +54,9 @@ has_active() {
   return 1
 }
 
-# True when the program shows no window with this title.
+# True when the program shows no window with this title. A search that fails since a window goes meanwhile says so.
 has_no() {
-  ! xdotool search --all --onlyvisible --pid "$pid" --name "^$1\$" >/dev/null 2>&1
+  [[ -z $(xdotool search --all --onlyvisible --pid "$pid" --name "^$1\$" 2>&1) ]]
 }
 
 # True when the program shows any window.

@@ -1,0 +1,40 @@
+# shellcheck shell=bash
+# windows.sh: sourced by the tests that drive whole programs: windows by their titles. A search fails when a window
+# goes in its midst, which is neither found nor gone, and is made again.
+
+fail() {
+  echo "$1" >&2
+  exit 1
+}
+
+# Waits for a window with that title, at most 30 s.
+wait_for_window() {
+  local tries
+  for ((tries = 0; tries < 300; ++tries)); do
+    xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 && return
+    sleep 0.1
+  done
+  return 1
+}
+
+# Waits until no window has that title, at most 10 s.
+wait_for_no_window() {
+  local tries
+  for ((tries = 0; tries < 200; ++tries)); do
+    [[ -n $(xdotool search --onlyvisible --name "$1" 2>&1) ]] || return 0
+    sleep 0.05
+  done
+  return 1
+}
+
+# Presses the close box of the frame until the process has ended: it does nothing until the start is over, which nothing
+# shows to the outside.
+close_frame() {
+  local tries
+  for ((tries = 0; tries < 300; ++tries)); do
+    kill -0 "$1" 2>/dev/null || return 0
+    xdotool search --onlyvisible --name '^Tarvik *$' windowactivate key --clearmodifiers alt+F4 >/dev/null 2>&1 || true
+    sleep 0.1
+  done
+  fail "the frame does not close"
+}

@@ -147,6 +147,14 @@ TEST_F(ConnectionEntry, NewOneNeedsAFreeName)
     EXPECT_EQ(state.SelectedEntry, "");
 }
 
+TEST_F(ConnectionEntry, NewOneWithoutANameNeedsThatNameFree)
+{
+    EXPECT_TRUE(conEntryAccept({ "", "10.0.0.9", "5555" }));
+    state.SelectedEntry.clear();
+    Answers().Expect(10451, QStringList(), Ok);
+    EXPECT_FALSE(conEntryAccept({ "", "10.0.0.10", "5555" }));
+}
+
 TEST_F(ConnectionEntry, InvalidOneIsRefused)
 {
     for (const ConnectionFields& fields : { ConnectionFields{ "New", "256.1.1.1", "5555" },

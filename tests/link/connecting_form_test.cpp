@@ -100,6 +100,19 @@ TEST_F(ConnectingForm, CancelOfAConnectThatFailsIsToldAsACancel)
     EXPECT_EQ(fake.Count("Disconnect"), 1);
 }
 
+TEST_F(ConnectingForm, CancelDuringTheConnectIsHeardBehindIt)
+{
+    QString text;
+    WhileConnecting = [&] {
+        QMetaObject::invokeMethod(
+            &form, [&] { Click(form, "BtCancel"); }, Qt::QueuedConnection);
+    };
+    WhileShown = [&] { text = TextOf(form, "TbStatus"); };
+    DialogShow(form);
+    EXPECT_EQ(text, LngStr(10424));
+    EXPECT_EQ(waitedMs, QList<int>{ 1000 });
+}
+
 TEST_F(ConnectingForm, CancelBeforeTheConnectDoesNotKeepItFromBeingTried)
 {
     TheSeams().Sleep = [&](int) { Click(form, "BtCancel"); };
@@ -116,11 +129,14 @@ TEST_F(ConnectingForm, CancelWhileTheOutcomeStandsDisconnectsToo)
     EXPECT_FALSE(fake.Connected);
 }
 
-TEST_F(ConnectingForm, SecondRunIsNotCancelledByTheFirst)
+TEST_F(ConnectingForm, SecondRunTakesNothingFromTheFirst)
 {
     WhileConnecting = [&] { Click(form, "BtCancel"); };
     DialogShow(form);
-    WhileConnecting = [] {};
+    WhileConnecting = [&] {
+        form.close();
+        EXPECT_FALSE(form.IsClosed());
+    };
     DialogShow(form);
     EXPECT_TRUE(fake.Connected);
     EXPECT_EQ(waitedMs, (QList<int>{ 1000, 2000 }));

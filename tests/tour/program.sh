@@ -14,8 +14,7 @@ program=$!
 
 editor="^Memory List Editor - $(basename "$2")\$"
 wait_for_window "$editor" || fail "the editor does not show the list"
-xdotool search --onlyvisible --name "$editor" windowfocus --sync key --clearmodifiers Escape
-wait_for_no_window '^Memory List Editor' || fail "Escape does not close the editor"
+leave_by_key "$editor" Escape || fail "Escape does not close the editor"
 
 close_frame "$program"
 wait "$program" || fail "the program ends with status $?"

@@ -27,13 +27,31 @@ wait_for_no_window() {
   return 1
 }
 
-# Presses the close box of the frame until the process has ended: it does nothing until the start is over, which nothing
+# True when the keyboard speaks to a window with that title; else asks for it.
+has_keyboard() {
+  [[ $(xdotool getactivewindow getwindowname 2>/dev/null) =~ $1 ]] && return
+  xdotool search --onlyvisible --name "$1" windowactivate >/dev/null 2>&1 || true
+  return 1
+}
+
+# Presses a key in a window with that title until there is none, at most 30 s.
+leave_by_key() {
+  local tries
+  for ((tries = 0; tries < 300; ++tries)); do
+    [[ -n $(xdotool search --onlyvisible --name "$1" 2>&1) ]] || return 0
+    ! has_keyboard "$1" || xdotool key --clearmodifiers "$2"
+    sleep 0.1
+  done
+  return 1
+}
+
+# Presses the close key of the frame until the process has ended: it does nothing until the start is over, which nothing
 # shows to the outside.
 close_frame() {
   local tries
   for ((tries = 0; tries < 300; ++tries)); do
     kill -0 "$1" 2>/dev/null || return 0
-    xdotool search --onlyvisible --name '^Tarvik *$' windowactivate key --clearmodifiers alt+F4 >/dev/null 2>&1 || true
+    ! has_keyboard '^Tarvik *$' || xdotool key --clearmodifiers alt+F4
     sleep 0.1
   done
   fail "the frame does not close"

@@ -49,6 +49,10 @@ row("read binary of 1024 rows into the table", lists["ReadBinary"], 0.5, "ms", f
 row("write binary of 1024 rows to disk", store["Save"], 1.5 * store["BareReplaceToLast"], "ms",
     f"bare write, flush, rename {store['BareReplace']:.2f} ms, folder flushed too {store['BareReplaceToLast']:.2f} ms")
 
+grey = best("grey")
+row("conversion of 1280 x 720 to black and white", grey["GreyConvert"], 4 * grey["GreyCopy"], "ms",
+    f"a copy of the bytes {grey['GreyCopy']:.3f} ms")
+
 link = load("link")
 for way, bare in (("download", "bareDownload"), ("upload", "bareUpload")):
     row(f"{way} of 64 MiB", link[way], link[bare] / 0.8, "ms", f"bare file to socket to file {link[bare]:.1f} ms")

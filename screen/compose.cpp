@@ -11,21 +11,21 @@
 
 namespace {
 
-/// Below the line that parts it from the picture, in the same place as in the window.
-void PaintDescription(QPainter& painter, WindowId id, QSize graph)
+/// At `top` the line that parts it from what is above, then the text, in the same place as in the window.
+void PaintDescription(QPainter& painter, WindowId id, int width, int top)
 {
     QFont font = DescrFont(WindowTypeOf(id));
     font.setStyleStrategy(QFont::NoSubpixelAntialias); // coloured edges are for the screen that they were made for
     const QFontMetrics metrics(font);
-    const int left = std::max((graph.width() - DescrWidth(id)) / 2, 0);
+    const int left = std::max((width - DescrWidth(id)) / 2, 0);
     painter.setPen(ColorOf(TextColor(id)));
-    painter.drawLine(0, graph.height(), graph.width() - 1, graph.height());
+    painter.drawLine(0, top, width - 1, top);
     painter.setFont(font);
-    int top = graph.height() + 1;
+    int baseline = top + 1 + metrics.ascent();
     const QStringList lines = DescrLines(WindowAt(id).Description, id);
     for (const QString& line : lines) {
-        painter.drawText(left, top + metrics.ascent(), line);
-        top += metrics.height();
+        painter.drawText(left, baseline, line);
+        baseline += metrics.height();
     }
 }
 
@@ -47,6 +47,6 @@ QImage ComposeWindow(WindowId id)
     whole.fill(ColorOf(PaperColor(id)));
     QPainter painter(&whole);
     painter.drawImage(0, 0, graph);
-    PaintDescription(painter, id, graph.size());
+    PaintDescription(painter, id, graph.width(), graph.height() + StatusCompose(id, whole, PaperColor(id)));
     return whole;
 }

@@ -279,7 +279,7 @@ void SetDefaultSize(WindowId id)
 QString ScreenTitle(WindowId id)
 {
     const ScreenView* view = ViewOf(id);
-    const QString caption = view == nullptr ? QString() : view->Caption();
+    QString caption = view == nullptr ? QString() : view->Caption();
     if (!caption.isEmpty())
         return caption;
     const ScreenRecord* record = ScreenOf(id);

@@ -6,6 +6,5 @@
 /// A picture stretched to a size, in pixels; of the same size it is the picture itself. Null when there is no memory.
 QImage Stretch(const QImage& picture, QSize size);
 
-/// The inverted grey picture for output in black and white, in place: 255 - round(0.299 blue + 0.587 green + 0.114
-/// red), halves to even. Red and blue trade their usual weights, deliberately. Format_RGB32.
+/// The inverted grey picture for output in black and white, in place: see grey.h. Format_RGB32.
 void ConvertToBlackAndWhite(QImage& picture);

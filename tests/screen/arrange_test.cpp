@@ -87,7 +87,7 @@ TEST_F(Arranging, AutoTileLeavesASingleWindow)
     ArrangeTo({ 900, 221 });
     Program().AutoTile = true;
     RetileIfWished();
-    EXPECT_EQ(codes_, QVector<int>());
+    EXPECT_TRUE(codes_.isEmpty());
     Open();
     RetileIfWished();
     EXPECT_EQ(codes_, QVector<int>{ 1 });
@@ -99,7 +99,7 @@ TEST_F(Arranging, NothingIsTiledUnlessAskedFor)
     Open();
     ArrangeTo({ 900, 221 });
     RetileIfWished();
-    EXPECT_EQ(codes_, QVector<int>());
+    EXPECT_TRUE(codes_.isEmpty());
 }
 
 TEST_F(Arranging, SingleCandidateIsChosenWithoutAForm)
@@ -113,7 +113,7 @@ TEST_F(Arranging, SingleCandidateIsChosenWithoutAForm)
     ChooseWindows(MaskScreen, false);
     EXPECT_EQ(TheScreenWindows().Chosen, QVector<WindowId>{ id });
     ChooseWindows(MaskDataSet, false);
-    EXPECT_EQ(TheScreenWindows().Chosen, QVector<WindowId>());
+    EXPECT_TRUE(TheScreenWindows().Chosen.isEmpty());
 }
 
 TEST_F(Arranging, SeveralCandidatesAreOffered)
@@ -140,5 +140,5 @@ TEST_F(Arranging, CancelledSelectionIsEmpty)
         return false;
     };
     ChooseWindows(MaskAll, false);
-    EXPECT_EQ(TheScreenWindows().Chosen, QVector<WindowId>());
+    EXPECT_TRUE(TheScreenWindows().Chosen.isEmpty());
 }

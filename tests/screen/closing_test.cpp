@@ -106,7 +106,7 @@ TEST_F(Closing, NoDropsTheChanges)
     Answers().Expect(12714, No);
     EXPECT_TRUE(CloseQuestion(id, true));
     EXPECT_FALSE(WindowIsModified(id));
-    EXPECT_EQ(saved_, QVector<WindowId>());
+    EXPECT_TRUE(saved_.isEmpty());
 }
 
 TEST_F(Closing, UnmodifiedWindowIsNotAskedFor)
@@ -192,7 +192,7 @@ TEST_F(Closing, NoForAllAsksNoMore)
     Answers().ExpectWhile(12714, No, [] { TheMessage().NoAll = true; });
     EXPECT_TRUE(CloseAllWindows());
     EXPECT_EQ(WindowCount(0), 0);
-    EXPECT_EQ(saved_, QVector<WindowId>());
+    EXPECT_TRUE(saved_.isEmpty());
     EXPECT_FALSE(TheMessage().NoAll);
     EXPECT_FALSE(WindowTable().NoQuestions);
 }

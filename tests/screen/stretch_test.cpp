@@ -2,43 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
-namespace {
-
-/// The formula in 64-bit floats, rounded as the platform rounds: halves to even.
-uint32_t Expected(uint32_t pixel)
-{
-    const double first = pixel & 0xFF;
-    const double second = pixel >> 8 & 0xFF;
-    const double third = pixel >> 16 & 0xFF;
-    const auto grey = static_cast<uint32_t>(std::nearbyint(second * 0.587 + first * 0.299 + third * 0.114));
-    return 0xFF000000U | (255 - grey) * 0x010101U;
-}
-
-} // namespace
-
-TEST(BlackAndWhite, IsTheFormulaForEveryColour)
-{
-    constexpr int kSide = 4096;
-    QImage picture(kSide, kSide, QImage::Format_RGB32);
-    uint32_t colour = 0xFF000000U;
-    for (int row = 0; row < kSide; ++row) {
-        auto* const pixels = reinterpret_cast<uint32_t*>(picture.scanLine(row));
-        for (int column = 0; column < kSide; ++column)
-            pixels[column] = colour++;
-    }
-    ConvertToBlackAndWhite(picture);
-    colour = 0xFF000000U;
-    int wrong = 0;
-    for (int row = 0; row < kSide; ++row) {
-        const auto* const pixels = reinterpret_cast<const uint32_t*>(picture.constScanLine(row));
-        for (int column = 0; column < kSide; ++column)
-            wrong += pixels[column] == Expected(colour++) ? 0 : 1;
-    }
-    EXPECT_EQ(wrong, 0);
-}
-
 TEST(BlackAndWhite, LeavesAPictureThatSharesThePixels)
 {
     QImage picture(3, 1, QImage::Format_RGB32);

@@ -1,0 +1,108 @@
+#include "screen/document.h"
+
+#include "app/lang.h"
+#include "app/message.h"
+#include "app/statusBar.h"
+#include "closed/loader.h"
+#include "link/file.h"
+#include "screen/arrange.h"
+#include "screen/color.h"
+#include "screen/compose.h"
+#include "screen/pictureFile.h"
+#include "screen/view.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+constexpr int kTextLoading = 10104;
+constexpr int kTextSaving = 10105;
+constexpr int kTextMetafileNotWritten = 12759;
+constexpr int kTextSeparator = 14301;
+
+/// Number of the text for an image that can't be read.
+int UnreadableText(int kind)
+{
+    switch (kind) {
+    case ImageBitmap:
+        return 12754;
+    case ImagePcx:
+        return 12756;
+    case ImagePng:
+        return 12760;
+    default:
+        return 12758;
+    }
+}
+
+OpenedImage Refuse(const QString& path, int kind)
+{
+    ScreenStatusClear();
+    MsgOk1(UnreadableText(kind), QFileInfo(path).fileName());
+    return {};
+}
+
+/// Invalid for a file that does not tell.
+QDateTime DateOf(const QString& path)
+{
+    int16_t year = 0;
+    int16_t month = 0;
+    int16_t day = 0;
+    int16_t hour = 0;
+    int16_t minute = 0;
+    int16_t second = 0;
+    const QByteArray name = QDir::toNativeSeparators(path).toUtf8();
+    if (TvGen().GenFileDateAndTime(name.constData(), &year, &month, &day, &hour, &minute, &second) != 0)
+        return {};
+    return { QDate(year, month, day), QTime(hour, minute, second) };
+}
+
+} // namespace
+
+OpenedImage ImgOpen(const QString& path, int kind, qint16 subtype)
+{
+    if (!PictureLibraryIsThere())
+        return {};
+    const std::optional<QSize> size = PictureSize(path);
+    if (!size)
+        return Refuse(path, kind);
+    const WindowSlot slot = WindowAllocate(WindowScreen, subtype);
+    if (slot.Id == 0)
+        return {};
+
+    const QString name = QFileInfo(path).fileName();
+    StatusSet(name + LngStr(kTextSeparator) + LngStr(kTextLoading));
+    const QImage master = DecodePicture(path, kind, *size, PaperOfNewDocument());
+    if (master.isNull()) {
+        if (!slot.Reused)
+            WindowFreeSlot(slot.Id);
+        return Refuse(path, kind);
+    }
+    ScreenCreate(slot, { master, DateOf(path), name, false });
+    if (!slot.Reused)
+        RetileIfWished();
+    return { 0, slot.Id };
+}
+
+bool ImgSave(const QString& path, WindowId id)
+{
+    const int kind = ImageKindOf(FileKindOf(path).Kind);
+    if (kind == 0 || !PictureLibraryIsThere())
+        return false;
+    ScreenStatus(id, kTextSaving);
+    const QImage whole = ComposeWindow(id);
+    const bool written = !whole.isNull() && EncodePicture(path, kind, whole);
+    ScreenStatusClear();
+    const QString name = QFileInfo(path).fileName();
+    if (!written) {
+        if (kind == ImageMetafile)
+            MsgOk1(kTextMetafileNotWritten, name);
+        return false;
+    }
+    WindowAt(id).Modified = false;
+    ScreenView* view = ViewOf(id);
+    if (WindowIsFileImage(id) && view != nullptr)
+        view->SetCaption(name);
+    return true;
+}

@@ -1,0 +1,135 @@
+#include "screen/pictureFile.h"
+
+#include "app/progressBar.h"
+#include "app/project.h"
+#include "app/replaceFile.h"
+#include "closed/loader.h"
+#include "screen/bitmapReader.h"
+#include "screen/color.h"
+#include "screen/metafileReader.h"
+#include "screen/metafileWriter.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+/// The largest bitmap and its header; no file of another kind that is read here needs more.
+constexpr qint64 kLargestFile = qint64{ TVIMG_MAX_PIXELS } * 4 + 0x10000;
+
+constexpr int16_t kPlainMode = 1;
+
+QByteArray LibraryPath(const QString& path)
+{
+    return QDir::toNativeSeparators(path).toUtf8();
+}
+
+QByteArray ReadWhole(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestFile)
+        return {};
+    return file.readAll();
+}
+
+TvImgContext ContextOf(QImage& picture)
+{
+    return { reinterpret_cast<uint32_t*>(picture.bits()), picture.width(), picture.height(),
+        static_cast<int32_t>(picture.bytesPerLine() / 4) };
+}
+
+/// The same for a picture that is only read, whose pixels may be shared.
+TvImgContext ContextToRead(const QImage& picture)
+{
+    return { reinterpret_cast<uint32_t*>(const_cast<uchar*>(picture.constBits())), picture.width(), picture.height(),
+        static_cast<int32_t>(picture.bytesPerLine() / 4) };
+}
+
+bool DecodePcx(const QByteArray& path, QSize size, const TvImgContext& context)
+{
+    int32_t width = 0;
+    int32_t height = 0;
+    return TvImg().ImgPcxToMem(path.constData(), &width, &height) == 0 && QSize(width, height) == size
+        && TvImg().ImgMemToDc(&context, kPlainMode, &Progress().WorkCounter) == 0;
+}
+
+QImage DecodeByLibrary(const QString& path, int kind, QSize size, quint32 paper)
+{
+    QImage picture(size, QImage::Format_RGB32);
+    if (picture.isNull())
+        return {};
+    picture.fill(ColorOf(paper));
+    const QByteArray name = LibraryPath(path);
+    const TvImgContext context = ContextOf(picture);
+    ProgressStart(size.height());
+    const bool decoded =
+        kind == ImagePng ? TvImg().ImgPngToDc(name.constData(), &context) == 0 : DecodePcx(name, size, context);
+    ProgressEnd();
+    return decoded ? picture : QImage();
+}
+
+bool WriteByLibrary(const QString& path, int kind, const QImage& picture)
+{
+    const QByteArray name = LibraryPath(path);
+    const TvImgContext context = ContextToRead(picture);
+    ProgressStart(picture.height());
+    const int16_t result = kind == ImagePng
+        ? TvImg().ImgDcToPng(name.constData(), &context, picture.width(), picture.height())
+        : TvImg().ImgDcToPcx(
+            name.constData(), &context, picture.width(), picture.height(), kPlainMode, &Progress().WorkCounter);
+    ProgressEnd();
+    return result == 0;
+}
+
+bool WriteBitmap(const QString& path, const QImage& picture)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    return picture.save(&buffer, "BMP") && ReplaceFile(path, buffer.data());
+}
+
+} // namespace
+
+bool PictureLibraryIsThere()
+{
+    return ModuleIsBound(Module::Pictures) || ModuleLoad(Module::Pictures, Program().AppPath);
+}
+
+std::optional<QSize> PictureSize(const QString& path)
+{
+    ScreenImageInfo info{};
+    if (TvImg().ImgGetFileInfo(LibraryPath(path).constData(), &info) != 0)
+        return std::nullopt;
+    return QSize(info.Width, info.Height);
+}
+
+QImage DecodePicture(const QString& path, int kind, QSize size, quint32 paper)
+{
+    switch (kind) {
+    case ImageBitmap:
+        return ReadBitmap(ReadWhole(path), ColorOf(paper)).value_or(QImage());
+    case ImageMetafile:
+        return ReadMetafile(ReadWhole(path), ColorOf(paper)).value_or(QImage());
+    case ImagePng:
+    case ImagePcx:
+        return DecodeByLibrary(path, kind, size, paper);
+    default:
+        return {};
+    }
+}
+
+bool EncodePicture(const QString& path, int kind, const QImage& picture)
+{
+    switch (kind) {
+    case ImageBitmap:
+        return WriteBitmap(path, picture);
+    case ImageMetafile:
+        return WriteMetafile(path, picture);
+    case ImagePng:
+    case ImagePcx:
+        return WriteByLibrary(path, kind, picture);
+    default:
+        return false;
+    }
+}

@@ -226,15 +226,41 @@ private:
     Handle handle_;
 };
 
+/// Takes one decimal number up to 255 off `text`. A zero in front is one: displays show 172.017.075.001.
+bool TakeNumber(const char*& text, uint32_t& number)
+{
+    constexpr uint32_t kMost = 255;
+    const char* const start = text;
+    number = 0;
+    while (*text >= '0' && *text <= '9' && number <= kMost)
+        number = number * 10 + static_cast<uint32_t>(*text++ - '0');
+    return text != start && number <= kMost;
+}
+
+/// Four decimal numbers with points between, as an address in host order.
+bool ReadAddress(const char* text, uint32_t& address)
+{
+    address = 0;
+    for (int part = 0; part < 4; ++part) {
+        uint32_t number = 0;
+        if ((part > 0 && *text++ != '.') || !TakeNumber(text, number))
+            return false;
+        address = address << 8 | number;
+    }
+    return *text == '\0';
+}
+
 } // namespace
 
 std::unique_ptr<Wire> ConnectSocket(const char* address, uint16_t port, const Deadline& deadline)
 {
+    uint32_t host = 0;
+    if (!ReadAddress(address, host))
+        return nullptr;
     sockaddr_in place{};
     place.sin_family = AF_INET;
     place.sin_port = htons(port);
-    if (::inet_pton(AF_INET, address, &place.sin_addr) != 1)
-        return nullptr;
+    place.sin_addr.s_addr = htonl(host);
     const Handle handle = OpenSocket();
     if (handle == kNoHandle)
         return nullptr;

@@ -94,6 +94,11 @@ TEST_F(ScpiLink, ConnectEndsTheConnectionThatStood)
     EXPECT_EQ(Connect(), kOk); // the server takes one client at a time: the first is gone
 }
 
+TEST_F(ScpiLink, ConnectReadsZerosInFrontAsADisplayShowsThem)
+{
+    EXPECT_EQ(Connect(kLongMs, "127.000.000.001"), kOk);
+}
+
 TEST_F(ScpiLink, ConnectWhereNobodyListensFails)
 {
     EXPECT_EQ(ConnectTo(SilentPort(), kLongMs), kLinkFailed);
@@ -104,7 +109,8 @@ TEST_F(ScpiLink, ConnectWhereNobodyListensFails)
 
 TEST_F(ScpiLink, ConnectTakesAddressesAndOneModeOnly)
 {
-    for (const char* host : { "localhost", "", "127.0.0.1x", "::1", "127.0.0.256", "127.1" })
+    for (const char* host : { "localhost", "", "127.0.0.1x", "::1", "127.0.0.256", "127.1", "127.0.0.", "127.0.0.1.",
+             "127.0.0.-1", "127.0.0. 1", "127..0.1", ".127.0.0.1", "127.0.0.99999999999999999999" })
         EXPECT_EQ(Connect(kLongMs, host), kLinkFailed) << host;
     EXPECT_EQ(Connect(kLongMs, nullptr), kLinkFailed);
     EXPECT_EQ(Connect(kLongMs, "127.0.0.1", 2), kLinkFailed);

@@ -1,0 +1,70 @@
+#include "closed/tvimg/bitmapHeader.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tvimg {
+
+namespace {
+
+constexpr size_t kFileHeaderBytes = 14;
+constexpr size_t kCoreHeaderBytes = 12; // the first OS/2: 16-bit sides, nothing about compression
+constexpr std::array<uint32_t, 7> kHeaderBytes{ kCoreHeaderBytes, 40, 52, 56, 64, 108, 124 };
+constexpr std::array<uint16_t, 6> kBitCounts{ 1, 4, 8, 16, 24, 32 };
+
+constexpr uint32_t kUncompressed = 0;
+constexpr uint32_t kUncompressedWithMasks = 3;
+
+struct BitmapHeader {
+    PictureSize Size;
+    uint32_t PixelOffset = 0; ///< bytes from the start of the file
+    uint16_t Planes = 0;
+    uint16_t BitCount = 0;
+    uint32_t Compression = kUncompressed;
+};
+
+BitmapHeader ParseCore(ByteView head)
+{
+    return { { Word(head, 18), Word(head, 20) }, DoubleWord(head, 10), Word(head, 22), Word(head, 24) };
+}
+
+/// A negative height tells that the first line comes first.
+BitmapHeader ParseInfo(ByteView head)
+{
+    const int64_t height = static_cast<int32_t>(DoubleWord(head, 22));
+    return { { static_cast<int32_t>(DoubleWord(head, 18)), height < 0 ? -height : height }, DoubleWord(head, 10),
+        Word(head, 26), Word(head, 28), DoubleWord(head, 30) };
+}
+
+/// True unless pixels of a known length end after the file. The filling of the last line may be missing.
+bool HoldsItsPixels(const BitmapHeader& header, uint64_t fileBytes)
+{
+    if (header.Compression != kUncompressed && header.Compression != kUncompressedWithMasks)
+        return true;
+    const auto lineBits = static_cast<uint64_t>(header.Size.Width) * header.BitCount;
+    const uint64_t stride = (lineBits + 31) / 32 * 4;
+    const uint64_t pixels = stride * static_cast<uint64_t>(header.Size.Height - 1) + (lineBits + 7) / 8;
+    return header.PixelOffset <= fileBytes && pixels <= fileBytes - header.PixelOffset;
+}
+
+} // namespace
+
+bool IsBitmap(ByteView head)
+{
+    return head.size() > kFileHeaderBytes + 4 && head[0] == 'B' && head[1] == 'M';
+}
+
+std::optional<PictureSize> BitmapSize(ByteView head, uint64_t fileBytes)
+{
+    const uint32_t headerBytes = DoubleWord(head, kFileHeaderBytes);
+    if (std::ranges::find(kHeaderBytes, headerBytes) == kHeaderBytes.end()
+        || head.size() < kFileHeaderBytes + headerBytes)
+        return std::nullopt;
+    const BitmapHeader header = headerBytes == kCoreHeaderBytes ? ParseCore(head) : ParseInfo(head);
+    const bool isSound = header.Planes == 1 && std::ranges::find(kBitCounts, header.BitCount) != kBitCounts.end();
+    if (!isSound || !IsAllowed(header.Size) || !HoldsItsPixels(header, fileBytes))
+        return std::nullopt;
+    return header.Size;
+}
+
+} // namespace tvimg

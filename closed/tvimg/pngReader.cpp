@@ -1,0 +1,285 @@
+#include "closed/tvimg/pngReader.h"
+
+#include <png.h>
+#include <zlib.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <csetjmp>
+
+namespace tvimg {
+
+namespace {
+
+constexpr std::array<uint8_t, 8> kSignature{ 0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n' };
+constexpr std::array<uint8_t, 8> kHeaderChunk{ 0, 0, 0, 13, 'I', 'H', 'D', 'R' };
+constexpr size_t kHeaderEnd = 33; // signature, length, name, 13 bytes, check sum
+constexpr size_t kInputBytes = 65536;
+
+/// No byte of the compressed form gives more bytes of pixels.
+constexpr uint64_t kDensestCoding = 1032;
+
+uint32_t BigDoubleWord(ByteView bytes, size_t at)
+{
+    return static_cast<uint32_t>(bytes[at]) << 24U | static_cast<uint32_t>(bytes[at + 1]) << 16U
+        | static_cast<uint32_t>(bytes[at + 2]) << 8U | bytes[at + 3];
+}
+
+/// Samples of a pixel by colour type; 0 for a type that there is not.
+constexpr std::array<unsigned, 7> kChannels{ 1, 0, 3, 1, 2, 0, 4 };
+
+bool AreBitsAllowed(unsigned bits, unsigned colorType)
+{
+    if (colorType == PNG_COLOR_TYPE_GRAY)
+        return bits == 1 || bits == 2 || bits == 4 || bits == 8 || bits == 16;
+    if (colorType == PNG_COLOR_TYPE_PALETTE)
+        return bits == 1 || bits == 2 || bits == 4 || bits == 8;
+    return bits == 8 || bits == 16;
+}
+
+/// A file that is read in large pieces.
+class Input {
+public:
+    [[nodiscard]] bool Open(const char* path)
+    {
+        return file_.Open(path) == 0;
+    }
+    [[nodiscard]] bool Take(uint8_t* target, size_t count)
+    {
+        while (count > 0) {
+            if (at_ == end_ && !Fill())
+                return false;
+            const size_t piece = std::min(count, end_ - at_);
+            target = std::copy_n(buffer_.begin() + static_cast<ptrdiff_t>(at_), piece, target);
+            at_ += piece;
+            count -= piece;
+        }
+        return true;
+    }
+
+private:
+    bool Fill()
+    {
+        at_ = 0;
+        end_ = 0;
+        return file_.Read(buffer_, end_) == 0 && end_ > 0;
+    }
+
+    tvfile::SourceFile file_;
+    Bytes buffer_ = Bytes(kInputBytes);
+    size_t at_ = 0;
+    size_t end_ = 0;
+};
+
+/// How the rows come out of the library.
+enum class RowForm {
+    Colors, ///< pixels of a context, all opaque
+    ColorsWithAlpha, ///< the same with alpha
+    Indexes, ///< a byte each into the palette
+};
+
+struct Decoder {
+    Decoder() = default;
+    Decoder(const Decoder&) = delete;
+    Decoder& operator=(const Decoder&) = delete;
+    ~Decoder()
+    {
+        png_destroy_read_struct(&Png, &Info, nullptr);
+    }
+
+    Input File;
+    png_structp Png = nullptr;
+    png_infop Info = nullptr;
+    PictureSize Size;
+    RowForm Form = RowForm::Colors;
+    int Passes = 1; ///< 7 for an interlaced picture
+    size_t RowBytes = 0;
+    std::array<uint32_t, 256> Palette{}; ///< 0xAARRGGBB
+    unsigned PaletteSize = 0;
+    bool HasStrayIndex = false;
+    std::vector<uint32_t> Rows; ///< what can't go into the context at once: one row, or all of an interlaced picture
+    const TvImgContext* Context = nullptr;
+};
+
+// The library reports by a jump over its own frames. What it calls, and what runs between `setjmp` and such a jump,
+// holds nothing that needs a destructor.
+
+[[noreturn]] void OnError(png_structp png, png_const_charp)
+{
+    png_longjmp(png, 1);
+}
+
+void OnWarning(png_structp, png_const_charp) { }
+
+void TakeInput(png_structp png, png_bytep target, size_t count)
+{
+    if (!static_cast<Input*>(png_get_io_ptr(png))->Take(target, count))
+        png_error(png, "end of file");
+}
+
+bool Guarded(Decoder& decoder, void (*step)(Decoder&))
+{
+    if (setjmp(png_jmpbuf(decoder.Png)) != 0)
+        return false;
+    step(decoder);
+    return true;
+}
+
+/// Bytes in the order of a context's pixels.
+void UseContextOrder(png_structp png, RowForm form)
+{
+    constexpr bool kIsLittle = std::endian::native == std::endian::little;
+    if (form == RowForm::Colors)
+        png_set_filler(png, 0xff, kIsLittle ? PNG_FILLER_AFTER : PNG_FILLER_BEFORE);
+    if constexpr (kIsLittle)
+        png_set_bgr(png);
+    else if (form == RowForm::ColorsWithAlpha)
+        png_set_swap_alpha(png);
+}
+
+void UseColors(Decoder& decoder, unsigned colorType)
+{
+    const bool hasAlpha =
+        (colorType & PNG_COLOR_MASK_ALPHA) != 0 || png_get_valid(decoder.Png, decoder.Info, PNG_INFO_tRNS) != 0;
+    decoder.Form = hasAlpha ? RowForm::ColorsWithAlpha : RowForm::Colors;
+    png_set_expand(decoder.Png);
+    png_set_scale_16(decoder.Png);
+    if ((colorType & PNG_COLOR_MASK_COLOR) == 0)
+        png_set_gray_to_rgb(decoder.Png);
+    UseContextOrder(decoder.Png, decoder.Form);
+}
+
+void UseIndexes(Decoder& decoder)
+{
+    decoder.Form = RowForm::Indexes;
+    png_set_packing(decoder.Png);
+    png_colorp colors = nullptr;
+    int count = 0;
+    png_get_PLTE(decoder.Png, decoder.Info, &colors, &count);
+    png_bytep alphas = nullptr;
+    int alphaCount = 0;
+    png_get_tRNS(decoder.Png, decoder.Info, &alphas, &alphaCount, nullptr);
+    decoder.PaletteSize = static_cast<unsigned>(std::min<size_t>(static_cast<size_t>(count), decoder.Palette.size()));
+    for (unsigned i = 0; i < decoder.PaletteSize; ++i) {
+        const uint32_t alpha = static_cast<int>(i) < alphaCount ? alphas[i] : 0xffU;
+        decoder.Palette[i] = alpha << 24U | static_cast<uint32_t>(colors[i].red) << 16U
+            | static_cast<uint32_t>(colors[i].green) << 8U | colors[i].blue;
+    }
+}
+
+void ReadHeader(Decoder& decoder)
+{
+    png_set_read_fn(decoder.Png, &decoder.File, &TakeInput);
+    png_set_user_limits(decoder.Png, TVIMG_MAX_SIDE, TVIMG_MAX_SIDE);
+    // Everything that the picture can do without is skipped, so that nothing in it can do harm.
+    png_set_keep_unknown_chunks(decoder.Png, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
+    png_read_info(decoder.Png, decoder.Info);
+    decoder.Size = { png_get_image_width(decoder.Png, decoder.Info), png_get_image_height(decoder.Png, decoder.Info) };
+    const unsigned colorType = png_get_color_type(decoder.Png, decoder.Info);
+    if (colorType == PNG_COLOR_TYPE_PALETTE)
+        UseIndexes(decoder);
+    else
+        UseColors(decoder, colorType);
+    decoder.Passes = png_set_interlace_handling(decoder.Png);
+    png_read_update_info(decoder.Png, decoder.Info);
+    decoder.RowBytes = png_get_rowbytes(decoder.Png, decoder.Info);
+}
+
+uint32_t* StoredRow(Decoder& decoder, int64_t y)
+{
+    const size_t pixels = (decoder.RowBytes + sizeof(uint32_t) - 1) / sizeof(uint32_t);
+    return decoder.Rows.data() + (decoder.Passes > 1 ? static_cast<size_t>(y) * pixels : 0);
+}
+
+uint32_t Over(uint32_t color, uint32_t under)
+{
+    return color >= kOpaque ? color : Blend(color, under);
+}
+
+void PaintIndexes(Decoder& decoder, const uint8_t* indexes, uint32_t* pixels)
+{
+    unsigned largest = 0;
+    for (int64_t x = 0; x < decoder.Size.Width; ++x) {
+        largest = std::max<unsigned>(largest, indexes[x]);
+        pixels[x] = Over(decoder.Palette[indexes[x]], pixels[x]);
+    }
+    decoder.HasStrayIndex |= largest >= decoder.PaletteSize;
+}
+
+void PaintStored(Decoder& decoder, int64_t y)
+{
+    uint32_t* pixels = Line(*decoder.Context, y);
+    const uint32_t* row = StoredRow(decoder, y);
+    if (decoder.Form == RowForm::Indexes)
+        PaintIndexes(decoder, reinterpret_cast<const uint8_t*>(row), pixels);
+    else
+        std::transform(row, row + decoder.Size.Width, pixels, pixels, &Over);
+}
+
+void ReadRows(Decoder& decoder)
+{
+    const bool isDirect = decoder.Form == RowForm::Colors;
+    for (int pass = 0; pass < decoder.Passes; ++pass) {
+        for (int64_t y = 0; y < decoder.Size.Height; ++y) {
+            uint32_t* row = isDirect ? Line(*decoder.Context, y) : StoredRow(decoder, y);
+            png_read_row(decoder.Png, reinterpret_cast<png_bytep>(row), nullptr);
+            if (!isDirect && pass + 1 == decoder.Passes)
+                PaintStored(decoder, y);
+        }
+    }
+    png_read_end(decoder.Png, nullptr);
+}
+
+bool Begin(Decoder& decoder, const char* path)
+{
+    if (!decoder.File.Open(path))
+        return false;
+    decoder.Png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, &OnError, &OnWarning);
+    decoder.Info = decoder.Png == nullptr ? nullptr : png_create_info_struct(decoder.Png);
+    return decoder.Info != nullptr && Guarded(decoder, &ReadHeader);
+}
+
+} // namespace
+
+bool IsPng(ByteView head)
+{
+    return head.size() >= kSignature.size() && std::ranges::equal(head.first(kSignature.size()), kSignature);
+}
+
+std::optional<PictureSize> PngSize(ByteView head, uint64_t fileBytes)
+{
+    constexpr size_t kStart = kSignature.size();
+    if (head.size() < kHeaderEnd || !std::ranges::equal(head.subspan(kStart, kHeaderChunk.size()), kHeaderChunk))
+        return std::nullopt;
+    const ByteView summed = head.subspan(kStart + 4, kHeaderEnd - kStart - 8); // the name and what it heads
+    if (::crc32(0, summed.data(), static_cast<uInt>(summed.size())) != BigDoubleWord(head, kHeaderEnd - 4))
+        return std::nullopt;
+    const PictureSize size{ BigDoubleWord(head, 16), BigDoubleWord(head, 20) };
+    const unsigned bits = head[24];
+    const unsigned colorType = head[25];
+    const bool isKnown = colorType < kChannels.size() && kChannels[colorType] != 0 && AreBitsAllowed(bits, colorType)
+        && head[26] == 0 && head[27] == 0 && head[28] <= 1;
+    if (!isKnown || !IsAllowed(size))
+        return std::nullopt;
+    const uint64_t pixelBytes = static_cast<uint64_t>(size.Width * size.Height) * bits * kChannels[colorType] / 8;
+    return pixelBytes / kDensestCoding > fileBytes ? std::nullopt : std::optional(size);
+}
+
+bool ReadPng(const char* path, const TvImgContext& context)
+{
+    Decoder decoder;
+    if (!Begin(decoder, path) || !IsRoomFor(&context, decoder.Size))
+        return false;
+    decoder.Context = &context;
+    if (decoder.Form != RowForm::Colors) {
+        const size_t pixels = (decoder.RowBytes + sizeof(uint32_t) - 1) / sizeof(uint32_t);
+        decoder.Rows.resize(pixels * (decoder.Passes > 1 ? static_cast<size_t>(decoder.Size.Height) : 1));
+    }
+    if (Guarded(decoder, &ReadRows) && !decoder.HasStrayIndex)
+        return true;
+    Clear(context);
+    return false;
+}
+
+} // namespace tvimg

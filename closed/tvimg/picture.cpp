@@ -56,4 +56,10 @@ uint32_t DoubleWord(ByteView bytes, size_t at)
     return Word(bytes, at) | static_cast<uint32_t>(Word(bytes, at + 2)) << 16U;
 }
 
+uint32_t BigDoubleWord(ByteView bytes, size_t at)
+{
+    return static_cast<uint32_t>(bytes[at]) << 24U | static_cast<uint32_t>(bytes[at + 1]) << 16U
+        | static_cast<uint32_t>(bytes[at + 2]) << 8U | bytes[at + 3];
+}
+
 } // namespace tvimg

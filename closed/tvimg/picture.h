@@ -41,4 +41,7 @@ uint32_t Blend(uint32_t over, uint32_t under);
 uint16_t Word(ByteView bytes, size_t at);
 uint32_t DoubleWord(ByteView bytes, size_t at);
 
+/// The same with the highest byte first.
+uint32_t BigDoubleWord(ByteView bytes, size_t at);
+
 } // namespace tvimg

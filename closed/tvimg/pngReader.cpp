@@ -1,7 +1,9 @@
 #include "closed/tvimg/pngReader.h"
 
+#include "closed/tvimg/pngShortWay.h"
+
+#include <libdeflate.h>
 #include <png.h>
-#include <zlib.h>
 
 #include <algorithm>
 #include <array>
@@ -15,16 +17,12 @@ namespace {
 constexpr std::array<uint8_t, 8> kSignature{ 0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n' };
 constexpr std::array<uint8_t, 8> kHeaderChunk{ 0, 0, 0, 13, 'I', 'H', 'D', 'R' };
 constexpr size_t kHeaderEnd = 33; // signature, length, name, 13 bytes, check sum
-constexpr size_t kInputBytes = 65536;
+
+/// A picture file that is larger holds something else.
+constexpr size_t kMaxFileBytes = size_t{ 1 } << 30U;
 
 /// No byte of the compressed form gives more bytes of pixels.
 constexpr uint64_t kDensestCoding = 1032;
-
-uint32_t BigDoubleWord(ByteView bytes, size_t at)
-{
-    return static_cast<uint32_t>(bytes[at]) << 24U | static_cast<uint32_t>(bytes[at + 1]) << 16U
-        | static_cast<uint32_t>(bytes[at + 2]) << 8U | bytes[at + 3];
-}
 
 /// Samples of a pixel by colour type; 0 for a type that there is not.
 constexpr std::array<unsigned, 7> kChannels{ 1, 0, 3, 1, 2, 0, 4 };
@@ -37,40 +35,6 @@ bool AreBitsAllowed(unsigned bits, unsigned colorType)
         return bits == 1 || bits == 2 || bits == 4 || bits == 8;
     return bits == 8 || bits == 16;
 }
-
-/// A file that is read in large pieces.
-class Input {
-public:
-    [[nodiscard]] bool Open(const char* path)
-    {
-        return file_.Open(path) == 0;
-    }
-    [[nodiscard]] bool Take(uint8_t* target, size_t count)
-    {
-        while (count > 0) {
-            if (at_ == end_ && !Fill())
-                return false;
-            const size_t piece = std::min(count, end_ - at_);
-            target = std::copy_n(buffer_.begin() + static_cast<ptrdiff_t>(at_), piece, target);
-            at_ += piece;
-            count -= piece;
-        }
-        return true;
-    }
-
-private:
-    bool Fill()
-    {
-        at_ = 0;
-        end_ = 0;
-        return file_.Read(buffer_, end_) == 0 && end_ > 0;
-    }
-
-    tvfile::SourceFile file_;
-    Bytes buffer_ = Bytes(kInputBytes);
-    size_t at_ = 0;
-    size_t end_ = 0;
-};
 
 /// How the rows come out of the library.
 enum class RowForm {
@@ -88,7 +52,7 @@ struct Decoder {
         png_destroy_read_struct(&Png, &Info, nullptr);
     }
 
-    Input File;
+    ByteView Rest; ///< of the file
     png_structp Png = nullptr;
     png_infop Info = nullptr;
     PictureSize Size;
@@ -114,8 +78,11 @@ void OnWarning(png_structp, png_const_charp) { }
 
 void TakeInput(png_structp png, png_bytep target, size_t count)
 {
-    if (!static_cast<Input*>(png_get_io_ptr(png))->Take(target, count))
+    auto& rest = *static_cast<ByteView*>(png_get_io_ptr(png));
+    if (count > rest.size())
         png_error(png, "end of file");
+    std::copy_n(rest.begin(), count, target);
+    rest = rest.subspan(count);
 }
 
 bool Guarded(Decoder& decoder, void (*step)(Decoder&))
@@ -170,7 +137,7 @@ void UseIndexes(Decoder& decoder)
 
 void ReadHeader(Decoder& decoder)
 {
-    png_set_read_fn(decoder.Png, &decoder.File, &TakeInput);
+    png_set_read_fn(decoder.Png, &decoder.Rest, &TakeInput);
     png_set_user_limits(decoder.Png, TVIMG_MAX_SIDE, TVIMG_MAX_SIDE);
     // Everything that the picture can do without is skipped, so that nothing in it can do harm.
     png_set_keep_unknown_chunks(decoder.Png, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
@@ -231,13 +198,25 @@ void ReadRows(Decoder& decoder)
     png_read_end(decoder.Png, nullptr);
 }
 
-bool Begin(Decoder& decoder, const char* path)
+bool Begin(Decoder& decoder)
 {
-    if (!decoder.File.Open(path))
-        return false;
     decoder.Png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, &OnError, &OnWarning);
     decoder.Info = decoder.Png == nullptr ? nullptr : png_create_info_struct(decoder.Png);
     return decoder.Info != nullptr && Guarded(decoder, &ReadHeader);
+}
+
+bool ReadByLibrary(ByteView file, const TvImgContext& context)
+{
+    Decoder decoder;
+    decoder.Rest = file;
+    if (!Begin(decoder) || !IsRoomFor(&context, decoder.Size))
+        return false;
+    decoder.Context = &context;
+    if (decoder.Form != RowForm::Colors) {
+        const size_t pixels = (decoder.RowBytes + sizeof(uint32_t) - 1) / sizeof(uint32_t);
+        decoder.Rows.resize(pixels * (decoder.Passes > 1 ? static_cast<size_t>(decoder.Size.Height) : 1));
+    }
+    return Guarded(decoder, &ReadRows) && !decoder.HasStrayIndex;
 }
 
 } // namespace
@@ -253,7 +232,7 @@ std::optional<PictureSize> PngSize(ByteView head, uint64_t fileBytes)
     if (head.size() < kHeaderEnd || !std::ranges::equal(head.subspan(kStart, kHeaderChunk.size()), kHeaderChunk))
         return std::nullopt;
     const ByteView summed = head.subspan(kStart + 4, kHeaderEnd - kStart - 8); // the name and what it heads
-    if (::crc32(0, summed.data(), static_cast<uInt>(summed.size())) != BigDoubleWord(head, kHeaderEnd - 4))
+    if (libdeflate_crc32(0, summed.data(), summed.size()) != BigDoubleWord(head, kHeaderEnd - 4))
         return std::nullopt;
     const PictureSize size{ BigDoubleWord(head, 16), BigDoubleWord(head, 20) };
     const unsigned bits = head[24];
@@ -266,20 +245,21 @@ std::optional<PictureSize> PngSize(ByteView head, uint64_t fileBytes)
     return pixelBytes / kDensestCoding > fileBytes ? std::nullopt : std::optional(size);
 }
 
-bool ReadPng(const char* path, const TvImgContext& context)
+bool DecodePng(ByteView file, const TvImgContext& context)
 {
-    Decoder decoder;
-    if (!Begin(decoder, path) || !IsRoomFor(&context, decoder.Size))
+    const std::optional<PictureSize> size = PngSize(file, file.size());
+    if (!IsPng(file) || !size || !IsRoomFor(&context, *size))
         return false;
-    decoder.Context = &context;
-    if (decoder.Form != RowForm::Colors) {
-        const size_t pixels = (decoder.RowBytes + sizeof(uint32_t) - 1) / sizeof(uint32_t);
-        decoder.Rows.resize(pixels * (decoder.Passes > 1 ? static_cast<size_t>(decoder.Size.Height) : 1));
-    }
-    if (Guarded(decoder, &ReadRows) && !decoder.HasStrayIndex)
+    if (ReadPngTheShortWay(file, context) || ReadByLibrary(file, context))
         return true;
     Clear(context);
     return false;
+}
+
+bool ReadPng(const char* path, const TvImgContext& context)
+{
+    Bytes file;
+    return tvfile::ReadWholeFile(path, kMaxFileBytes, file) == 0 && DecodePng(file, context);
 }
 
 } // namespace tvimg

@@ -17,6 +17,7 @@ std::optional<PictureSize> PngSize(ByteView head, uint64_t fileBytes);
 /// Decodes into the upper left of a context that has room for the picture; transparent places let its colours through.
 /// False for a file that is damaged anywhere, text and the like beside the picture excepted: the context is then as it
 /// was, or white.
+[[nodiscard]] bool DecodePng(ByteView file, const TvImgContext& context);
 [[nodiscard]] bool ReadPng(const char* path, const TvImgContext& context);
 
 } // namespace tvimg

@@ -1,167 +1,178 @@
 #include "closed/tvimg/pngWriter.h"
 
-#include "closed/tvimg/colorTable.h"
+#include "closed/tvimg/pngLines.h"
+#include "closed/tvimg/workspace.h"
 
-#include <png.h>
+#include <libdeflate.h>
 
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <csetjmp>
+#include <limits>
+#include <memory>
+#include <new>
+#include <string_view>
 
 namespace tvimg {
 
 namespace {
 
-/// Bytes that are collected before they go to the file.
-constexpr size_t kPieceBytes = size_t{ 1 } << 20U;
+constexpr std::array<uint8_t, 8> kSignature{ 0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n' };
+constexpr size_t kLargestChunk = std::numeric_limits<int32_t>::max();
 
-struct Encoder {
-    Encoder() = default;
-    Encoder(const Encoder&) = delete;
-    Encoder& operator=(const Encoder&) = delete;
-    ~Encoder()
-    {
-        png_destroy_write_struct(&Png, &Info);
-    }
+/// Lines that are compressed for a trial: so many bands of so many.
+constexpr int64_t kTrialBands = 2;
+constexpr int64_t kTrialLines = 10;
 
-    tvfile::NewFile File;
-    png_structp Png = nullptr;
-    png_infop Info = nullptr;
-    PictureSize Size;
-    const TvImgContext* Context = nullptr;
-    std::optional<ColorTable> Table; ///< where the picture has few colours
-    int ColorType = PNG_COLOR_TYPE_RGB;
-    int Bits = 8;
-    Bytes Row; ///< the bytes of one line, as the library takes them
-    Bytes Output; ///< of `kPieceBytes`, the first `Used` of them on their way
-    size_t Used = 0;
+/// How hard the compressor tries. Grids, text and traces take little time at a high level. In noise there is nothing to
+/// find: a low one is as small, and several times as fast.
+constexpr int kTrialLevel = 1;
+constexpr int kLevelForScreens = 5;
+constexpr int kLevelForPatterns = 3;
+constexpr int kLevelForNoise = 1;
+
+using Compressor = std::unique_ptr<libdeflate_compressor, decltype(&libdeflate_free_compressor)>;
+
+Compressor MakeCompressor(int level)
+{
+    Compressor compressor(libdeflate_alloc_compressor(level), &libdeflate_free_compressor);
+    if (compressor == nullptr)
+        throw std::bad_alloc();
+    return compressor;
+}
+
+ByteView Compress(ByteView bytes, int level, Workspace& space)
+{
+    const Compressor compressor = MakeCompressor(level);
+    const size_t room = libdeflate_zlib_compress_bound(compressor.get(), bytes.size());
+    uint8_t* compressed = space.Compressed(room);
+    return { compressed, libdeflate_zlib_compress(compressor.get(), bytes.data(), bytes.size(), compressed, room) };
+}
+
+/// The filter of all lines, and the level that suits them.
+struct Coding {
+    PngFilter Filter = PngFilter::None;
+    int Level = kLevelForScreens;
 };
 
-// The library reports by a jump over its own frames. What it calls, and what runs between `setjmp` and such a jump,
-// holds nothing that needs a destructor.
-
-[[noreturn]] void OnError(png_structp png, png_const_charp)
+int LevelFor(size_t compressedBytes, size_t bytes)
 {
-    png_longjmp(png, 1);
+    if (compressedBytes < bytes / 6)
+        return kLevelForScreens;
+    return compressedBytes < bytes * 3 / 5 ? kLevelForPatterns : kLevelForNoise;
 }
 
-void OnWarning(png_structp, png_const_charp) { }
-
-void WritePiece(Encoder& encoder)
+/// A few bands of the picture, filtered.
+ByteView Sample(const PngLines& lines, PngFilter filter, uint8_t* target)
 {
-    const size_t count = encoder.Used;
-    encoder.Used = 0;
-    if (!encoder.File.Write(ByteView(encoder.Output).first(count)).Ok())
-        png_error(encoder.Png, "write");
-}
-
-void PutOutput(png_structp png, png_bytep bytes, size_t count)
-{
-    auto& encoder = *static_cast<Encoder*>(png_get_io_ptr(png));
-    while (count > 0) {
-        const size_t piece = std::min(count, encoder.Output.size() - encoder.Used);
-        std::copy_n(bytes, piece, encoder.Output.begin() + static_cast<ptrdiff_t>(encoder.Used));
-        encoder.Used += piece;
-        bytes += piece;
-        count -= piece;
-        if (encoder.Used == encoder.Output.size())
-            WritePiece(encoder);
+    const int64_t height = lines.Size().Height;
+    const int64_t count = std::min(kTrialLines, (height + kTrialBands - 1) / kTrialBands);
+    uint8_t* end = target;
+    for (int64_t band = 0; band < kTrialBands; ++band) {
+        const int64_t first = std::min((2 * band + 1) * height / (2 * kTrialBands), height - count);
+        end = lines.Store(filter, first, count, end);
     }
+    return { target, end };
 }
 
-void FlushOutput(png_structp) { }
-
-bool Guarded(Encoder& encoder, void (*step)(Encoder&))
+/// Tries the filters: which one is best depends on what is on the screen, and the difference is large.
+Coding ChooseCoding(const PngLines& lines, Workspace& space)
 {
-    if (setjmp(png_jmpbuf(encoder.Png)) != 0)
-        return false;
-    step(encoder);
-    return true;
-}
-
-/// The fewest bits of 1, 2, 4 and 8 that number so many colours.
-int IndexBits(size_t colors)
-{
-    const int bits = static_cast<int>(std::bit_width(colors - 1));
-    return static_cast<int>(std::bit_ceil(static_cast<unsigned>(std::max(bits, 1))));
-}
-
-void ChooseForm(Encoder& encoder)
-{
-    encoder.Table = ColorTable::Of(*encoder.Context, encoder.Size);
-    if (!encoder.Table)
-        return;
-    const int bits = IndexBits(encoder.Table->Colors().size());
-    const bool isGrey = bits == 8 && encoder.Table->IsGrey();
-    encoder.ColorType = isGrey ? PNG_COLOR_TYPE_GRAY : PNG_COLOR_TYPE_PALETTE;
-    encoder.Bits = bits;
-}
-
-void PutPalette(Encoder& encoder)
-{
-    std::array<png_color, ColorTable::kMaxColors> colors{};
-    const std::vector<uint32_t>& table = encoder.Table->Colors();
-    std::ranges::transform(table, colors.begin(), [](uint32_t color) {
-        return png_color{ static_cast<png_byte>(color >> 16U), static_cast<png_byte>(color >> 8U),
-            static_cast<png_byte>(color) };
-    });
-    png_set_PLTE(encoder.Png, encoder.Info, colors.data(), static_cast<int>(table.size()));
-}
-
-void FillRow(Encoder& encoder, const uint32_t* pixels)
-{
-    uint8_t* row = encoder.Row.data();
-    const auto width = static_cast<size_t>(encoder.Size.Width);
-    if (encoder.ColorType == PNG_COLOR_TYPE_RGB) {
-        for (size_t x = 0; x < width; ++x) {
-            row[3 * x] = static_cast<uint8_t>(pixels[x] >> 16U);
-            row[3 * x + 1] = static_cast<uint8_t>(pixels[x] >> 8U);
-            row[3 * x + 2] = static_cast<uint8_t>(pixels[x]);
-        }
-    } else if (encoder.ColorType == PNG_COLOR_TYPE_GRAY) {
-        std::transform(pixels, pixels + width, row, [](uint32_t color) { return static_cast<uint8_t>(color); });
-    } else {
-        std::transform(
-            pixels, pixels + width, row, [&](uint32_t color) { return encoder.Table->IndexOf(color | kOpaque); });
+    Coding coding;
+    size_t fewest = std::numeric_limits<size_t>::max();
+    uint8_t* room = space.Lines(lines.LineBytes() * kTrialBands * kTrialLines);
+    for (const PngFilter filter : { PngFilter::None, PngFilter::Left, PngFilter::Above, PngFilter::Average }) {
+        const ByteView sample = Sample(lines, filter, room);
+        const size_t bytes = Compress(sample, kTrialLevel, space).size();
+        if (bytes >= fewest)
+            continue;
+        fewest = bytes;
+        coding = { filter, LevelFor(bytes, sample.size()) };
     }
+    return coding;
 }
 
-void WriteAll(Encoder& encoder)
+/// All lines, compressed; in the workspace until the next picture.
+ByteView CompressedLines(const PngLines& lines, Workspace& space)
 {
-    png_set_write_fn(encoder.Png, &encoder, &PutOutput, &FlushOutput);
-    png_set_IHDR(encoder.Png, encoder.Info, static_cast<png_uint_32>(encoder.Size.Width),
-        static_cast<png_uint_32>(encoder.Size.Height), encoder.Bits, encoder.ColorType, PNG_INTERLACE_NONE,
-        PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-    if (encoder.ColorType == PNG_COLOR_TYPE_PALETTE)
-        PutPalette(encoder);
-    png_set_filter(encoder.Png, PNG_FILTER_TYPE_BASE, PNG_FILTER_NONE);
-    png_set_compression_level(encoder.Png, 2);
-    png_write_info(encoder.Png, encoder.Info);
-    png_set_packing(encoder.Png);
-    for (int64_t y = 0; y < encoder.Size.Height; ++y) {
-        FillRow(encoder, Line(*encoder.Context, y));
-        png_write_row(encoder.Png, encoder.Row.data());
+    const Coding coding = ChooseCoding(lines, space);
+    uint8_t* begin = space.Lines(lines.LineBytes() * static_cast<size_t>(lines.Size().Height));
+    const uint8_t* end = lines.Store(coding.Filter, 0, lines.Size().Height, begin);
+    return Compress({ begin, end }, coding.Level, space);
+}
+
+void PutDoubleWord(Bytes& bytes, size_t value)
+{
+    for (const unsigned shift : { 24U, 16U, 8U, 0U })
+        bytes.push_back(static_cast<uint8_t>(value >> shift));
+}
+
+/// The beginning of a chunk: its length and name.
+void BeginChunk(Bytes& bytes, size_t length, std::string_view name)
+{
+    PutDoubleWord(bytes, length);
+    bytes.insert(bytes.end(), name.begin(), name.end());
+}
+
+void PutChunk(Bytes& bytes, std::string_view name, const Bytes& content)
+{
+    BeginChunk(bytes, content.size(), name);
+    bytes.insert(bytes.end(), content.begin(), content.end());
+    const size_t summed = name.size() + content.size();
+    PutDoubleWord(bytes, libdeflate_crc32(0, bytes.data() + bytes.size() - summed, summed));
+}
+
+Bytes HeaderContent(const PngLines& lines)
+{
+    Bytes content;
+    PutDoubleWord(content, static_cast<size_t>(lines.Size().Width));
+    PutDoubleWord(content, static_cast<size_t>(lines.Size().Height));
+    content.insert(content.end(), { static_cast<uint8_t>(lines.Bits()), lines.ColorType(), 0, 0, 0 });
+    return content;
+}
+
+Bytes PaletteContent(const PngLines& lines)
+{
+    Bytes content;
+    for (const uint32_t color : lines.Palette()) {
+        for (const unsigned shift : { 16U, 8U, 0U })
+            content.push_back(static_cast<uint8_t>(color >> shift));
     }
-    png_write_end(encoder.Png, encoder.Info);
-    WritePiece(encoder);
+    return content;
+}
+
+/// Everything before the compressed lines.
+Bytes Start(const PngLines& lines, size_t compressedBytes)
+{
+    Bytes start(kSignature.begin(), kSignature.end());
+    PutChunk(start, "IHDR", HeaderContent(lines));
+    if (const Bytes palette = PaletteContent(lines); !palette.empty())
+        PutChunk(start, "PLTE", palette);
+    BeginChunk(start, compressedBytes, "IDAT");
+    return start;
+}
+
+/// Everything behind them: their sum, and the end.
+Bytes End(ByteView compressed)
+{
+    const uint32_t sum = libdeflate_crc32(libdeflate_crc32(0, "IDAT", 4), compressed.data(), compressed.size());
+    Bytes end;
+    PutDoubleWord(end, sum);
+    PutChunk(end, "IEND", {});
+    return end;
 }
 
 } // namespace
 
 bool WritePng(const char* path, const TvImgContext& context, PictureSize size)
 {
-    Encoder encoder;
-    encoder.Context = &context;
-    encoder.Size = size;
-    ChooseForm(encoder);
-    encoder.Row.resize(static_cast<size_t>(size.Width) * (encoder.ColorType == PNG_COLOR_TYPE_RGB ? 3 : 1));
-    encoder.Output.resize(kPieceBytes);
-    if (!encoder.File.Begin(path).Ok())
+    Workspace space;
+    const PngLines lines(context, size);
+    const ByteView compressed = CompressedLines(lines, space);
+    if (compressed.empty() || compressed.size() > kLargestChunk)
         return false;
-    encoder.Png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, &OnError, &OnWarning);
-    encoder.Info = encoder.Png == nullptr ? nullptr : png_create_info_struct(encoder.Png);
-    return encoder.Info != nullptr && Guarded(encoder, &WriteAll) && encoder.File.Commit(true).Ok();
+    tvfile::NewFile file;
+    return file.Begin(path).Ok() && file.Write(Start(lines, compressed.size())).Ok() && file.Write(compressed).Ok()
+        && file.Write(End(compressed)).Ok() && file.Commit(true).Ok();
 }
 
 } // namespace tvimg

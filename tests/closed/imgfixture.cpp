@@ -135,6 +135,7 @@ FileBytes ImgTest::Contents(const std::string& path)
 std::string ImgTest::Store(const FileBytes& bytes, const std::string& name) const
 {
     QFile file(QString::fromStdString(Path(name)));
+    (void)file.remove(); // some file systems write to the disk at once where a file is only cut short
     EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << name;
     const auto size = static_cast<qint64>(bytes.size());
     EXPECT_EQ(file.write(reinterpret_cast<const char*>(bytes.data()), size), size);

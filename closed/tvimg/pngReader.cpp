@@ -205,20 +205,6 @@ bool Begin(Decoder& decoder)
     return decoder.Info != nullptr && Guarded(decoder, &ReadHeader);
 }
 
-bool ReadByLibrary(ByteView file, const TvImgContext& context)
-{
-    Decoder decoder;
-    decoder.Rest = file;
-    if (!Begin(decoder) || !IsRoomFor(&context, decoder.Size))
-        return false;
-    decoder.Context = &context;
-    if (decoder.Form != RowForm::Colors) {
-        const size_t pixels = (decoder.RowBytes + sizeof(uint32_t) - 1) / sizeof(uint32_t);
-        decoder.Rows.resize(pixels * (decoder.Passes > 1 ? static_cast<size_t>(decoder.Size.Height) : 1));
-    }
-    return Guarded(decoder, &ReadRows) && !decoder.HasStrayIndex;
-}
-
 } // namespace
 
 bool IsPng(ByteView head)
@@ -250,10 +236,24 @@ bool DecodePng(ByteView file, const TvImgContext& context)
     const std::optional<PictureSize> size = PngSize(file, file.size());
     if (!IsPng(file) || !size || !IsRoomFor(&context, *size))
         return false;
-    if (ReadPngTheShortWay(file, context) || ReadByLibrary(file, context))
+    if (ReadPngTheShortWay(file, context) || DecodePngByLibrary(file, context))
         return true;
     Clear(context);
     return false;
+}
+
+bool DecodePngByLibrary(ByteView file, const TvImgContext& context)
+{
+    Decoder decoder;
+    decoder.Rest = file;
+    if (!Begin(decoder) || !IsRoomFor(&context, decoder.Size))
+        return false;
+    decoder.Context = &context;
+    if (decoder.Form != RowForm::Colors) {
+        const size_t pixels = (decoder.RowBytes + sizeof(uint32_t) - 1) / sizeof(uint32_t);
+        decoder.Rows.resize(pixels * (decoder.Passes > 1 ? static_cast<size_t>(decoder.Size.Height) : 1));
+    }
+    return Guarded(decoder, &ReadRows) && !decoder.HasStrayIndex;
 }
 
 bool ReadPng(const char* path, const TvImgContext& context)

@@ -18,6 +18,11 @@ std::optional<PictureSize> PngSize(ByteView head, uint64_t fileBytes);
 /// False for a file that is damaged anywhere, text and the like beside the picture excepted: the context is then as it
 /// was, or white.
 [[nodiscard]] bool DecodePng(ByteView file, const TvImgContext& context);
+
+/// The same by the library alone, which leaves the context painted in part where it fails.
+[[nodiscard]] bool DecodePngByLibrary(ByteView file, const TvImgContext& context);
+
+/// `DecodePng` of a file.
 [[nodiscard]] bool ReadPng(const char* path, const TvImgContext& context);
 
 } // namespace tvimg

@@ -21,6 +21,8 @@ constexpr size_t kSignatureBytes = 8;
 constexpr size_t kHeaderChunkBytes = 25;
 constexpr size_t kChunkFrameBytes = 12; // length, name, check sum
 
+constexpr size_t kMostPaletteBytes = 768;
+
 constexpr uint8_t kGrey = 0;
 constexpr uint8_t kColors = 2;
 constexpr uint8_t kIndexes = 3;
@@ -47,10 +49,15 @@ std::optional<Chunk> TakeChunk(ByteView& rest)
     return chunk;
 }
 
+bool IsLetter(char character)
+{
+    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z');
+}
+
 /// True for a chunk that a reader need not know; its name begins with a small letter.
 bool IsBesideThePicture(const Chunk& chunk)
 {
-    return chunk.Name != "tRNS" && (chunk.Name[0] & 0x20) != 0;
+    return chunk.Name != "tRNS" && chunk.Name[0] >= 'a' && std::ranges::all_of(chunk.Name, &IsLetter);
 }
 
 struct Form {
@@ -80,7 +87,9 @@ bool TakeIn(const Chunk& chunk, Form& form)
         form.CompressedBytes += chunk.Content.size();
         return true;
     }
-    if (chunk.Name != "PLTE" || !form.Palette.empty() || form.CompressedBytes != 0 || chunk.Content.size() % 3 != 0)
+    const size_t bytes = chunk.Content.size();
+    const bool isPalette = chunk.Name == "PLTE" && bytes > 0 && bytes <= kMostPaletteBytes && bytes % 3 == 0;
+    if (!isPalette || !form.Palette.empty() || form.CompressedBytes != 0)
         return false;
     form.Palette = chunk.Content;
     return true;

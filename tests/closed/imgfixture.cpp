@@ -57,6 +57,40 @@ private:
     unsigned used_ = 0;
 };
 
+/// What a filter foretells of a byte from those to the left, above, and above left.
+int Foretold(uint8_t filter, int left, int above, int corner)
+{
+    switch (filter) {
+    case 1:
+        return left;
+    case 2:
+        return above;
+    case 3:
+        return (left + above) / 2;
+    case 4: {
+        const int guess = left + above - corner;
+        const int nearest = std::min({ std::abs(guess - left), std::abs(guess - above), std::abs(guess - corner) });
+        if (std::abs(guess - left) == nearest)
+            return left;
+        return std::abs(guess - above) == nearest ? above : corner;
+    }
+    default:
+        return 0;
+    }
+}
+
+/// Appends a line of a PNG, filtered.
+void AppendLine(FileBytes& lines, uint8_t filter, const FileBytes& line, const FileBytes& above, size_t distance)
+{
+    lines.push_back(filter);
+    for (size_t i = 0; i < line.size(); ++i) {
+        const int left = i < distance ? 0 : line[i - distance];
+        const int corner = i < distance || above.empty() ? 0 : above[i - distance];
+        const int foretold = Foretold(filter, left, above.empty() ? 0 : above[i], corner);
+        lines.push_back(static_cast<uint8_t>(line[i] - foretold));
+    }
+}
+
 void PutWord(FileBytes& bytes, size_t at, int value)
 {
     bytes[at] = static_cast<uint8_t>(value);
@@ -211,20 +245,29 @@ FileBytes PngFile::Chunk(const std::string& name, const FileBytes& content)
 FileBytes PngFile::With(const std::function<unsigned(int x, int y, unsigned channel)>& sample) const
 {
     constexpr std::array<Pass, 1> kWhole{ Pass{ 0, 0, 1, 1 } };
-    FileBytes raw;
+    FileBytes lines;
+    const size_t distance = (Bits * Channels(ColorType) + 7) / 8;
     for (const Pass& pass : Interlace != 0 ? std::span<const Pass>(kPasses) : std::span<const Pass>(kWhole)) {
+        FileBytes above;
         for (int y = pass.Y; y < static_cast<int>(Height) && pass.X < static_cast<int>(Width); y += pass.StepY) {
-            raw.push_back(0); // no filter
-            BitWriter writer(raw);
+            FileBytes line;
+            BitWriter writer(line);
             for (int x = pass.X; x < static_cast<int>(Width); x += pass.StepX) {
                 for (unsigned channel = 0; channel < Channels(ColorType); ++channel)
                     writer.Put(sample(x, y, channel), Bits);
             }
+            AppendLine(lines, Filter, line, above, distance);
+            above = line;
         }
     }
-    FileBytes packed(::compressBound(raw.size()));
+    return WithLines(lines);
+}
+
+FileBytes PngFile::WithLines(const FileBytes& lines) const
+{
+    FileBytes packed(::compressBound(lines.size()));
     uLongf length = packed.size();
-    EXPECT_EQ(::compress(packed.data(), &length, raw.data(), raw.size()), Z_OK);
+    EXPECT_EQ(::compress(packed.data(), &length, lines.data(), lines.size()), Z_OK);
     packed.resize(length);
 
     FileBytes header = BigDoubleWord(Width);

@@ -94,12 +94,16 @@ struct PngFile {
     uint8_t Bits = 8;
     uint8_t ColorType = 2;
     uint8_t Interlace = 0;
+    uint8_t Filter = 0; ///< of every line
     FileBytes Palette; ///< three bytes a colour; empty: no such chunk
     FileBytes Transparency;
     FileBytes Extra; ///< whole chunks before the pixels
 
     /// With the samples of all pixels, `channels` a pixel, packed as the header says. Interlaced where it says so.
     [[nodiscard]] FileBytes With(const std::function<unsigned(int x, int y, unsigned channel)>& sample) const;
+
+    /// With these bytes in place of lines.
+    [[nodiscard]] FileBytes WithLines(const FileBytes& lines) const;
 
     static FileBytes Chunk(const std::string& name, const FileBytes& content);
 };

@@ -131,8 +131,21 @@ TEST_P(ImgPngForms, HasItsColors)
         const Picture expected = Picture::From(width, 11, [&](int x, int y) {
             return Expected(GetParam(), [&](unsigned channel) { return sample(x, y, channel); });
         });
-        ASSERT_EQ(DecodePng(FileOf(GetParam(), width, 11).With(sample), kBackground), expected) << width;
+        PngFile file = FileOf(GetParam(), width, 11);
+        for (file.Filter = 0; file.Filter < 5; ++file.Filter)
+            ASSERT_EQ(DecodePng(file.With(sample), kBackground), expected)
+                << width << ", filter " << int{ file.Filter };
     }
+}
+
+TEST_P(ImgPngForms, LinesThatCannotBeAreRefused)
+{
+    PngFile file = FileOf(GetParam(), 9, 6);
+    file.Filter = 5;
+    const auto sample = [&](int x, int y, unsigned channel) { return Sample(x, y, channel, GetParam().Bits); };
+    EXPECT_EQ(DecodePng(file.With(sample)).Width, 0);
+    EXPECT_EQ(DecodePng(file.WithLines({})).Width, 0);
+    EXPECT_EQ(DecodePng(file.WithLines(FileBytes(9))).Width, 0);
 }
 
 TEST_P(ImgPngForms, CutShortAnywhereIsRefused)
@@ -212,6 +225,29 @@ TEST_F(ImgPng, WhatStandsBesideThePictureDoesNoHarm)
         file.Extra.back() ^= 1U;
         EXPECT_EQ(DecodePng(file.With(sample)), plain);
     }
+}
+
+TEST_F(ImgPng, PixelsMayComeInManyPieces)
+{
+    const PngFile form = FileOf({ 2, 8, 0 }, 9, 6);
+    const auto sample = [](int x, int y, unsigned channel) { return Sample(x, y, channel, 8); };
+    const FileBytes whole = form.With(sample);
+    // Everything but signature, header and end is one chunk of pixels.
+    const FileBytes pixels(whole.begin() + 33 + 8, whole.end() - 12 - 4);
+    const auto inPieces = [&](const FileBytes& between) {
+        FileBytes file(whole.begin(), whole.begin() + 33);
+        for (size_t at = 0; at < pixels.size(); at += 7) {
+            const FileBytes chunk = PngFile::Chunk("IDAT",
+                FileBytes(pixels.begin() + static_cast<ptrdiff_t>(at),
+                    pixels.begin() + static_cast<ptrdiff_t>(std::min(at + 7, pixels.size()))));
+            file.insert(file.end(), chunk.begin(), chunk.end());
+            file.insert(file.end(), between.begin(), between.end());
+        }
+        file.insert(file.end(), whole.end() - 12, whole.end());
+        return file;
+    };
+    EXPECT_EQ(DecodePng(inPieces({})), DecodePng(whole));
+    EXPECT_EQ(DecodePng(inPieces(PngFile::Chunk("tEXt", { 'k', 0, 'v' }))).Width, 0); // they must be together
 }
 
 TEST_F(ImgPng, UnknownChunkThatMattersIsRefused)

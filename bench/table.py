@@ -63,6 +63,15 @@ row("find of a file, simulated receiver", link["instrumentFind"], None, "us")
 row("walk of 10,000 files, simulated receiver", link["instrumentListing"], 300, "ms",
     f"catalogue at hand {link['listing']:.1f} ms")
 
+MOGRIFY_SHARE = {"bmp to png": 0.25, "pcx to png": 0.25, "png to pcx": 0.8}
+for way, figures in load("pictures").items():
+    times, sizes = figures["ms"], figures["bytes"]
+    row(f"twenty screens, {way}", times["tarvikctl"], min(MOGRIFY_SHARE[way] * times["mogrify"], 1.3 * times["bare"]),
+        "ms", f"mogrify {times['mogrify']:.1f} ms, bare decode and encode {times['bare']:.1f} ms")
+    if way.endswith("png"):
+        row(f"size of them, {way}", sizes["tarvikctl"] / 2**20, 1.05 * sizes["mogrify"] / 2**20, "MiB",
+            f"mogrify {sizes['mogrify'] / 2**20:.2f} MiB")
+
 print("| what | figure | at most | | beside |")
 print("|---|---|---|---|---|")
 for cells in rows:

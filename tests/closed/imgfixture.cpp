@@ -1,8 +1,5 @@
 #include "tests/closed/imgfixture.h"
 
-#include <QDir>
-#include <QFile>
-
 #include <zlib.h>
 
 #include <algorithm>
@@ -153,35 +150,10 @@ ImgTest::ImgTest()
     EXPECT_EQ(TvImgBind(&img), 0);
 }
 
-std::string ImgTest::Path(const std::string& name) const
-{
-    return folder_.path().toStdString() + "/" + name;
-}
-
-FileBytes ImgTest::Contents(const std::string& path)
-{
-    QFile file(QString::fromStdString(path));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
-    const QByteArray bytes = file.readAll();
-    return { bytes.begin(), bytes.end() };
-}
-
 std::string ImgTest::Store(const FileBytes& bytes, const std::string& name) const
 {
-    QFile file(QString::fromStdString(Path(name)));
-    (void)file.remove(); // some file systems write to the disk at once where a file is only cut short
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << name;
-    const auto size = static_cast<qint64>(bytes.size());
-    EXPECT_EQ(file.write(reinterpret_cast<const char*>(bytes.data()), size), size);
+    FolderTest::Store(Path(name), bytes);
     return Path(name);
-}
-
-std::vector<std::string> ImgTest::FolderNames() const
-{
-    std::vector<std::string> names;
-    for (const QString& name : QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name))
-        names.push_back(name.toStdString());
-    return names;
 }
 
 ScreenImageInfo ImgTest::Info(const FileBytes& bytes) const

@@ -2,17 +2,12 @@
 #pragma once
 
 #include "closed/tvimg.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "tests/closed/folderfixture.h"
 
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
-
-using FileBytes = std::vector<uint8_t>;
 
 /// Pixels 0xffRRGGBB in memory, whose lines may be further apart than they are long.
 class Picture {
@@ -52,19 +47,17 @@ Picture PictureOfColors(int width, int height, int colors);
 /// A picture with more than 256 colours, among them runs and lone pixels.
 Picture ColorfulPicture(int width, int height);
 
-class ImgTest : public testing::Test {
+class ImgTest : public FolderTest {
 protected:
     ImgTest();
 
-    /// The full path of `name` in a folder of this test's own.
-    [[nodiscard]] std::string Path(const std::string& name = "picture") const;
-    static FileBytes Contents(const std::string& path);
+    [[nodiscard]] std::string Path(const std::string& name = "picture") const
+    {
+        return FolderTest::Path(name);
+    }
 
     /// Puts bytes into a file and gives its path.
     [[nodiscard]] std::string Store(const FileBytes& bytes, const std::string& name = "picture") const;
-
-    /// The names in the test's folder, hidden ones too, sorted.
-    [[nodiscard]] std::vector<std::string> FolderNames() const;
 
     /// What `ImgGetFileInfo` tells; all 0 when it refuses the file.
     [[nodiscard]] ScreenImageInfo Info(const FileBytes& bytes) const;
@@ -79,9 +72,6 @@ protected:
     [[nodiscard]] Picture DecodePcx(const FileBytes& bytes, uint32_t background = 0xffffffff) const;
 
     TvImgApi img{};
-
-private:
-    QTemporaryDir folder_;
 };
 
 bool operator==(const ScreenImageInfo& left, const ScreenImageInfo& right);

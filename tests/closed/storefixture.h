@@ -3,19 +3,13 @@
 
 #include "closed/tvfio.h"
 #include "closed/tvfio/status.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "tests/closed/folderfixture.h"
 
 #include <string>
 #include <type_traits>
-#include <vector>
 
 // A program that holds the store holds other types of such names; tests of the store hold no others.
 using namespace tvfio;
-
-using FileBytes = std::vector<uint8_t>;
 
 /// Calls an operation that has a status word and gives that status.
 template <typename... Parameters>
@@ -58,21 +52,14 @@ inline std::string GetText(void (*operation)(int16_t*, int16_t, char*, int32_t),
 /// Every list of the store, empty.
 void ClearStore();
 
-class StoreTest : public testing::Test {
+class StoreTest : public FolderTest {
 protected:
     StoreTest();
 
-    /// The full UTF-8 path of `name` in a folder of this test's own.
-    [[nodiscard]] std::string Path(const std::string& name = "list") const;
-
-    static FileBytes Contents(const std::string& path);
-    static void Store(const std::string& path, const FileBytes& bytes);
-
-    /// The names in the test's folder, sorted.
-    [[nodiscard]] std::vector<std::string> FolderNames() const;
+    [[nodiscard]] std::string Path(const std::string& name = "list") const
+    {
+        return FolderTest::Path(name);
+    }
 
     TvFioApi fio{};
-
-private:
-    QTemporaryDir folder_;
 };

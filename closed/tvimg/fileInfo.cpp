@@ -3,7 +3,7 @@
 #include "closed/tvimg/bitmapHeader.h"
 #include "closed/tvimg/metafileHeader.h"
 #include "closed/tvimg/pcxReader.h"
-#include "closed/tvimg/pngReader.h"
+#include "closed/tvimg/pngHeader.h"
 
 namespace tvimg {
 

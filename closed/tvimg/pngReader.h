@@ -4,15 +4,7 @@
 
 #include "closed/tvimg/picture.h"
 
-#include <optional>
-
 namespace tvimg {
-
-bool IsPng(ByteView head);
-
-/// The size that a PNG's first bytes give; not checked against the limits. Nothing for a damaged header, and where the
-/// file is too short for its pixels even at the densest coding.
-std::optional<PictureSize> PngSize(ByteView head, uint64_t fileBytes);
 
 /// Decodes into the upper left of a context that has room for the picture; transparent places let its colours through.
 /// False for a file that is damaged anywhere, text and the like beside the picture excepted: the context is then as it

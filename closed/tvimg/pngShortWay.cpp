@@ -1,6 +1,6 @@
 #include "closed/tvimg/pngShortWay.h"
 
-#include "closed/tvimg/pngReader.h"
+#include "closed/tvimg/pngHeader.h"
 #include "closed/tvimg/workspace.h"
 
 #include <libdeflate.h>

@@ -1,5 +1,6 @@
 // Any bytes as the header, palette and lines of a PNG picture, with check sums that are right, and as a whole file. The
 // short way never differs from the library.
+#include "closed/tvimg/pngHeader.h"
 #include "closed/tvimg/pngReader.h"
 #include "closed/tvimg/pngShortWay.h"
 

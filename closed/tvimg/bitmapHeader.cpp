@@ -10,10 +10,17 @@ namespace {
 constexpr size_t kFileHeaderBytes = 14;
 constexpr size_t kCoreHeaderBytes = 12; // the first OS/2: 16-bit sides, nothing about compression
 constexpr std::array<uint32_t, 7> kHeaderBytes{ kCoreHeaderBytes, 40, 52, 56, 64, 108, 124 };
-constexpr std::array<uint16_t, 6> kBitCounts{ 1, 4, 8, 16, 24, 32 };
+constexpr std::array<uint16_t, 7> kBitCounts{ 1, 2, 4, 8, 16, 24, 32 };
 
 constexpr uint32_t kUncompressed = 0;
-constexpr uint32_t kUncompressedWithMasks = 3;
+constexpr std::array<uint32_t, 2> kRunLength{ 1, 2 };
+constexpr std::array<uint32_t, 2> kWithMasks{ 3, 6 }; // uncompressed too
+
+template <typename Numbers, typename Number>
+bool IsOneOf(const Numbers& numbers, Number number)
+{
+    return std::ranges::find(numbers, number) != std::ranges::end(numbers);
+}
 
 struct BitmapHeader {
     PictureSize Size;
@@ -39,7 +46,7 @@ BitmapHeader ParseInfo(ByteView head)
 /// True unless pixels of a known length end after the file. The filling of the last line may be missing.
 bool HoldsItsPixels(const BitmapHeader& header, uint64_t fileBytes)
 {
-    if (header.Compression != kUncompressed && header.Compression != kUncompressedWithMasks)
+    if (IsOneOf(kRunLength, header.Compression))
         return true;
     const auto lineBits = static_cast<uint64_t>(header.Size.Width) * header.BitCount;
     const uint64_t stride = (lineBits + 31) / 32 * 4;
@@ -57,11 +64,12 @@ bool IsBitmap(ByteView head)
 std::optional<PictureSize> BitmapSize(ByteView head, uint64_t fileBytes)
 {
     const uint32_t headerBytes = DoubleWord(head, kFileHeaderBytes);
-    if (std::ranges::find(kHeaderBytes, headerBytes) == kHeaderBytes.end()
-        || head.size() < kFileHeaderBytes + headerBytes)
+    if (!IsOneOf(kHeaderBytes, headerBytes) || head.size() < kFileHeaderBytes + headerBytes)
         return std::nullopt;
     const BitmapHeader header = headerBytes == kCoreHeaderBytes ? ParseCore(head) : ParseInfo(head);
-    const bool isSound = header.Planes == 1 && std::ranges::find(kBitCounts, header.BitCount) != kBitCounts.end();
+    const bool isKnownCoding = header.Compression == kUncompressed || IsOneOf(kRunLength, header.Compression)
+        || IsOneOf(kWithMasks, header.Compression);
+    const bool isSound = header.Planes == 1 && IsOneOf(kBitCounts, header.BitCount) && isKnownCoding;
     if (!isSound || !IsAllowed(header.Size) || !HoldsItsPixels(header, fileBytes))
         return std::nullopt;
     return header.Size;

@@ -1,7 +1,7 @@
 #include "closed/tvimg/fileInfo.h"
 
+#include "closed/pictures/metafile.h"
 #include "closed/tvimg/bitmapHeader.h"
-#include "closed/tvimg/metafileHeader.h"
 #include "closed/tvimg/pcxReader.h"
 #include "closed/tvimg/pngHeader.h"
 
@@ -9,13 +9,22 @@ namespace tvimg {
 
 namespace {
 
-/// As far as a metafile's window extent is looked for; the other headers are much shorter.
-constexpr size_t kHeadBytes = 65536;
+/// The longest header of a fixed length, and more.
+constexpr size_t kHeadBytes = 256;
+
+/// A metafile that is larger holds something else.
+constexpr size_t kMaxMetafileBytes = size_t{ 1 } << 28U;
 
 struct Recognised {
     Kind Content;
     std::optional<PictureSize> Size;
 };
+
+std::optional<PictureSize> MetafileSize(ByteView file)
+{
+    const std::optional<tvpicture::MetafileFrame> frame = tvpicture::ReadMetafileFrame(file);
+    return frame ? std::optional(PictureSize{ frame->Width, frame->Height }) : std::nullopt;
+}
 
 std::optional<Recognised> Recognise(ByteView head, uint64_t fileBytes)
 {
@@ -23,11 +32,15 @@ std::optional<Recognised> Recognise(ByteView head, uint64_t fileBytes)
         return Recognised{ Kind::Png, PngSize(head, fileBytes) };
     if (IsBitmap(head))
         return Recognised{ Kind::Bitmap, BitmapSize(head, fileBytes) };
-    if (IsMetafile(head))
-        return Recognised{ Kind::Metafile, MetafileSize(head) };
     if (const std::optional<PcxHeader> header = ParsePcxHeader(head, fileBytes))
         return Recognised{ Kind::Pcx, header->Size };
-    return std::nullopt;
+    return Recognised{ Kind::Metafile, MetafileSize(head) };
+}
+
+bool MayBeMetafile(ByteView head)
+{
+    return head.size() >= tvpicture::kMetafileHeaderBytes
+        && (DoubleWord(head, 0) == tvpicture::kPlaceableKey || Word(head, 2) == tvpicture::kMetafileHeaderBytes / 2);
 }
 
 } // namespace
@@ -41,7 +54,11 @@ std::optional<ScreenImageInfo> FileInfo(const char* path)
     size_t got = 0;
     if (file.Read(head, got) != 0)
         return std::nullopt;
-    return ContentInfo(ByteView(head).first(got), file.Length());
+    head.resize(got);
+    // The size of a metafile may hang on all of its records.
+    if (MayBeMetafile(head) && tvfile::ReadWholeFile(path, kMaxMetafileBytes, head) != 0)
+        return std::nullopt;
+    return ContentInfo(head, file.Length());
 }
 
 std::optional<ScreenImageInfo> ContentInfo(ByteView head, uint64_t fileBytes)

@@ -11,11 +11,10 @@ namespace tvimg {
 /// that is cut short, contradicts itself, or gives a size beyond the limits. A PNG, a PCX and an uncompressed bitmap
 /// must also be long enough for their size, so that no memory is taken for pixels that are not there.
 ///
-/// The size of a metafile is that of its placeable header at 96 pixels to the inch, rounded to the nearest; without
-/// that header, the first window extent in its mapping mode. One that has neither is refused.
+/// The size of a metafile is that which closed/pictures/metafile.h tells.
 std::optional<ScreenImageInfo> FileInfo(const char* path);
 
-/// The same for a file of `fileBytes` bytes that begins with `head`.
+/// The same for a file of `fileBytes` bytes that begins with `head`, which is all of it where it is a metafile.
 std::optional<ScreenImageInfo> ContentInfo(ByteView head, uint64_t fileBytes);
 
 } // namespace tvimg

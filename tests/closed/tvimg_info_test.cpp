@@ -1,8 +1,6 @@
 // What kind of picture a file holds, and its size.
 #include "tests/closed/imgfixture.h"
 
-#include <array>
-
 namespace {
 
 class ImgInfo : public ImgTest {
@@ -99,6 +97,7 @@ void AddRecord(FileBytes& file, uint32_t function, const std::vector<int>& param
         PutWord(file, at + 6 + 2 * i, static_cast<uint32_t>(parameters[i]));
 }
 
+constexpr uint32_t kEnd = 0;
 constexpr uint32_t kSetMapMode = 0x0103;
 constexpr uint32_t kSetWindowExtent = 0x020C;
 
@@ -108,6 +107,7 @@ FileBytes BareMetafile(int mapMode, int width, int height)
     FileBytes file = MetafileHeader();
     AddRecord(file, kSetMapMode, { mapMode });
     AddRecord(file, kSetWindowExtent, { height, width });
+    AddRecord(file, kEnd, {});
     return file;
 }
 
@@ -197,19 +197,21 @@ TEST_F(ImgInfo, TellsSizeOfBareMetafileByItsWindow)
     EXPECT_EQ(Info(BareMetafile(8, 320, -240)), (ScreenImageInfo{ 4, 320, 240 }));
 }
 
-TEST_F(ImgInfo, TellsSizeOfBareMetafileByItsMappingMode)
+TEST_F(ImgInfo, TellsSizeOfLongMetafileByAllOfItsRecords)
 {
-    constexpr std::array kModes{ std::pair(2, 960), std::pair(3, 96), std::pair(4, 2438), std::pair(5, 244),
-        std::pair(6, 169) };
-    for (const auto& [mode, width] : kModes)
-        EXPECT_EQ(Info(BareMetafile(mode, 2540, 2540)), (ScreenImageInfo{ 4, width, width })) << mode;
+    FileBytes file = MetafileHeader();
+    for (int record = 0; record < 1000; ++record)
+        AddRecord(file, kSetMapMode, { 8 });
+    AddRecord(file, kSetWindowExtent, { 240, 320 });
+    AddRecord(file, kEnd, {});
+    EXPECT_EQ(Info(file), (ScreenImageInfo{ 4, 320, 240 }));
 }
 
 TEST_F(ImgInfo, RefusesMetafileWithoutSize)
 {
     FileBytes file = MetafileHeader();
     AddRecord(file, kSetMapMode, { 8 });
-    AddRecord(file, 0, {});
+    AddRecord(file, kEnd, {});
     AddRecord(file, kSetWindowExtent, { 10, 10 }); // behind the end
     EXPECT_FALSE(HasInfo(file));
     EXPECT_FALSE(HasInfo(PlaceableFile({}, 0)));
@@ -220,7 +222,9 @@ TEST_F(ImgInfo, RefusesMetafileRecordThatCannotBe)
 {
     FileBytes file = MetafileHeader();
     AddRecord(file, kSetWindowExtent, { 10, 10 });
-    for (const uint32_t words : { 0U, 2U, 6U, 0x80000005U, 0xffffffffU }) {
+    AddRecord(file, kEnd, {});
+    ASSERT_TRUE(HasInfo(file));
+    for (const uint32_t words : { 0U, 2U, 9U, 0x80000005U, 0xffffffffU }) {
         PutDoubleWord(file, 18, words);
         EXPECT_FALSE(HasInfo(file)) << words;
     }
@@ -325,6 +329,9 @@ TEST_F(ImgInfo, RefusesBitmapOfUnknownForm)
     EXPECT_FALSE(HasInfo(file.Bytes()));
     file = {};
     file.BitCount = 7;
+    EXPECT_FALSE(HasInfo(file.Bytes()));
+    file = {};
+    file.Compression = 5;
     EXPECT_FALSE(HasInfo(file.Bytes()));
     file = {};
     file.HeaderBytes = 41;

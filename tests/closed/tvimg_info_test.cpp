@@ -296,8 +296,8 @@ TEST_F(ImgInfo, RefusesPcxThatIsTooShortForItsPixels)
     PcxFile file;
     file.Width = 640;
     file.Height = 480;
-    EXPECT_FALSE(HasInfo(file.WithData(FileBytes(480 * 22 - 1, 0xff)))); // 10 runs of 63, one of 10
-    EXPECT_TRUE(HasInfo(file.WithData(FileBytes(480 * 22, 0xff))));
+    EXPECT_FALSE(HasInfo(file.WithData(FileBytes(size_t{ 480 } * 22 - 1, 0xff)))); // 10 runs of 63, one of 10
+    EXPECT_TRUE(HasInfo(file.WithData(FileBytes(size_t{ 480 } * 22, 0xff))));
 }
 
 TEST_F(ImgInfo, RefusesPngWithDamagedHeader)

@@ -1,5 +1,6 @@
 // Other programs as judges: what they write is read here to the pixels that they read themselves, and what is written
 // here they read to the same pixels.
+#include "screen/bitmapReader.h"
 #include "tests/closed/imgfixture.h"
 
 #include <QProcess>
@@ -53,12 +54,12 @@ protected:
     {
         return Run("convert " + name + " -background white -flatten -depth 8 rgb:-");
     }
-    [[nodiscard]] std::vector<uint8_t> ByNetpbm(const std::string& name, const Picture& size) const
+    [[nodiscard]] std::vector<uint8_t> ByNetpbm(const std::string& name, size_t bytes) const
     {
-        const bool isPng = name.ends_with("png");
-        const std::vector<uint8_t> file = Run((isPng ? "pngtopnm -quiet -mix -background=white " : "pcxtoppm -quiet ")
-            + name + " | pamdepth -quiet 255 | ppmtoppm");
-        const size_t bytes = Levels(size).size();
+        const char* reader = name.ends_with("png") ? "pngtopnm -quiet -mix -background=white "
+            : name.ends_with("pcx")                ? "pcxtoppm -quiet "
+                                                   : "bmptopnm -quiet ";
+        const std::vector<uint8_t> file = Run(reader + name + " | pamdepth -quiet 255 | ppmtoppm");
         EXPECT_GE(file.size(), bytes) << name;
         return { file.end() - static_cast<ptrdiff_t>(std::min(bytes, file.size())), file.end() };
     }
@@ -87,13 +88,16 @@ std::string VariantName(const testing::TestParamInfo<Variant>& info)
 constexpr const char* kMask = "MASK='-alpha off mask.ppm -alpha off -compose CopyOpacity -composite'; ";
 constexpr const char* kInterlaced = "CONVERT_WAY='-interlace PNG'; NETPBM_WAY=-interlace; ";
 
+/// Of the pictures that the peers start from.
+constexpr int kWidth = 61;
+constexpr int kHeight = 37;
+constexpr size_t kTheirBytes = size_t{ 3 } * kWidth * kHeight;
+
 /// Has the pictures that the peers start from in the test's folder.
 class ImgTheirs : public ImgPeers, public testing::WithParamInterface<Variant> {
 protected:
     ImgTheirs()
     {
-        constexpr int kWidth = 61;
-        constexpr int kHeight = 37;
         (void)Store(PortablePixmap(ColorfulPicture(kWidth, kHeight)), "colors.ppm");
         for (const int count : { 2, 4, 7, 16, 200 })
             (void)Store(PortablePixmap(PictureOfColors(kWidth, kHeight, count)), std::to_string(count) + ".ppm");
@@ -107,11 +111,24 @@ protected:
                   "pamdepth -quiet 65535 colors.ppm | pamfunc -quiet -multiplier=0.9731 >deep.ppm");
     }
 
+    /// A bitmap that both the size and the pixels are read of; one without a size if they differ or it is refused.
+    [[nodiscard]] Picture DecodeBitmap(const FileBytes& file) const
+    {
+        const ScreenImageInfo info = Info(file);
+        const std::optional<QImage> image =
+            ReadBitmap({ reinterpret_cast<const char*>(file.data()), static_cast<qsizetype>(file.size()) }, Qt::white);
+        if (!image || image->width() != info.Width || image->height() != info.Height)
+            return {};
+        return Picture::From(info.Width, info.Height, [&](int x, int y) { return image->pixel(x, y); });
+    }
+
     /// The largest difference of a level here to the judges' levels, for a file of theirs.
     [[nodiscard]] int Difference(const std::string& name, const std::vector<uint8_t>& theirs) const
     {
         const FileBytes file = Contents(Path(name));
-        const std::vector<uint8_t> ours = Levels(name.ends_with("png") ? DecodePng(file) : DecodePcx(file));
+        const std::vector<uint8_t> ours = Levels(name.ends_with("png") ? DecodePng(file)
+                : name.ends_with("pcx")                                ? DecodePcx(file)
+                                                                       : DecodeBitmap(file));
         EXPECT_EQ(ours.size(), theirs.size());
         int largest = 255 * (ours.size() != theirs.size());
         for (size_t i = 0; i < std::min(ours.size(), theirs.size()); ++i)
@@ -122,6 +139,7 @@ protected:
 
 class ImgTheirPng : public ImgTheirs { };
 class ImgTheirPcx : public ImgTheirs { };
+class ImgTheirBitmap : public ImgTheirs { };
 
 constexpr Variant kPngVariants[] = {
     { "Grey1", "convert bilevel.ppm -define png:color-type=0 -define png:bit-depth=1 $CONVERT_WAY v.png" },
@@ -179,6 +197,27 @@ constexpr Variant kPcxVariants[] = {
     { "NetpbmElsewhere", "ppmtopcx -quiet -xpos=20 -ypos=-9 16.ppm >v.pcx", NetpbmOnly },
 };
 
+constexpr Variant kBitmapVariants[] = {
+    { "FullColor", "convert colors.ppm -type truecolor BMP3:v.bmp" },
+    { "FullColorLongHeader", "convert colors.ppm -type truecolor BMP:v.bmp" },
+    { "FullColorOs2", "convert colors.ppm -type truecolor BMP2:v.bmp" },
+    { "ManyColors", "convert 200.ppm -type palette -compress none BMP3:v.bmp" },
+    { "ManyColorsRunLength", "convert 200.ppm -crop 60x37+0+0 +repage -type palette -compress RLE BMP3:v.bmp" },
+    { "ManyColorsOs2", "convert 200.ppm -type palette BMP2:v.bmp" },
+    { "SixteenColors", "convert 16.ppm -type palette -compress none BMP3:v.bmp" },
+    { "Bilevel", "convert bilevel.ppm -type bilevel -compress none BMP3:v.bmp" },
+    { "Grey", "convert grey.pgm -compress none BMP3:v.bmp" },
+    { "SixteenBits565", "convert colors.ppm -define bmp:subtype=RGB565 BMP:v.bmp" },
+    { "SixteenBits555", "convert colors.ppm -define bmp:subtype=RGB555 BMP:v.bmp" },
+    { "WithAlpha", "convert colors.ppm $MASK BMP:v.bmp", ImageMagickOnly },
+    { "NetpbmFullColor", "ppmtobmp -quiet -windows colors.ppm >v.bmp" },
+    { "NetpbmFullColorOs2", "ppmtobmp -quiet -os2 colors.ppm >v.bmp" },
+    { "Netpbm8Bits", "ppmtobmp -quiet -windows -bpp=8 200.ppm >v.bmp" },
+    { "Netpbm4Bits", "ppmtobmp -quiet -windows -bpp=4 16.ppm >v.bmp" },
+    { "Netpbm1Bit", "ppmtobmp -quiet -windows -bpp=1 2.ppm >v.bmp" },
+    { "Netpbm4BitsOs2", "ppmtobmp -quiet -os2 -bpp=4 7.ppm >v.bmp" },
+};
+
 class ImgOurs : public ImgPeers, public testing::WithParamInterface<int> {
 protected:
     /// A picture of so many colours; 0 for one of full colour, -1 for one of greys.
@@ -197,6 +236,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Every, ImgTheirPng, testing::ValuesIn(kPngVariants), &VariantName);
 INSTANTIATE_TEST_SUITE_P(Every, ImgTheirPcx, testing::ValuesIn(kPcxVariants), &VariantName);
+INSTANTIATE_TEST_SUITE_P(Every, ImgTheirBitmap, testing::ValuesIn(kBitmapVariants), &VariantName);
 INSTANTIATE_TEST_SUITE_P(Every, ImgOurs, testing::Values(-1, 0, 1, 2, 4, 7, 16, 17, 256));
 
 TEST_P(ImgTheirPng, IsReadAsTheyReadIt)
@@ -212,7 +252,7 @@ TEST_P(ImgTheirPng, IsReadAsTheyReadIt)
         (void)Run(kMask + way + GetParam().Command);
         ASSERT_EQ(Contents(Path("v.png")).at(28), way.empty() ? 0 : 1);
         EXPECT_LE(Difference("v.png", ByImageMagick("v.png")), near);
-        EXPECT_LE(Difference("v.png", ByNetpbm("v.png", Picture(61, 37))), exact);
+        EXPECT_LE(Difference("v.png", ByNetpbm("v.png", kTheirBytes)), exact);
     }
 }
 
@@ -224,7 +264,20 @@ TEST_P(ImgTheirPcx, IsReadAsTheyReadIt)
         EXPECT_LE(Difference("v.pcx", ByImageMagick("v.pcx")), isBlended ? 1 : 0);
     }
     if (GetParam().ReadBy != ImageMagickOnly) {
-        EXPECT_EQ(Difference("v.pcx", ByNetpbm("v.pcx", Picture(61, 37))), 0);
+        EXPECT_EQ(Difference("v.pcx", ByNetpbm("v.pcx", kTheirBytes)), 0);
+    }
+}
+
+TEST_P(ImgTheirBitmap, IsReadAsTheyReadIt)
+{
+    (void)Run(kMask + std::string(GetParam().Command));
+    // Blending and levels of 5 and 6 bits: one of the judges is one level off at times.
+    const std::string name = GetParam().Name;
+    const int near = name == "WithAlpha" || name.starts_with("SixteenBits") ? 1 : 0;
+    const std::vector<uint8_t> pixels = ByImageMagick("v.bmp");
+    EXPECT_LE(Difference("v.bmp", pixels), near);
+    if (GetParam().ReadBy != ImageMagickOnly) {
+        EXPECT_LE(Difference("v.bmp", ByNetpbm("v.bmp", pixels.size())), near);
     }
 }
 
@@ -234,7 +287,7 @@ TEST_P(ImgOurs, PngIsReadByThemAsWritten)
     const TvImgContext context = picture.Context();
     ASSERT_EQ(img.ImgDcToPng(Path("v.png").c_str(), &context, picture.Width, picture.Height), 0);
     EXPECT_EQ(ByImageMagick("v.png"), Levels(picture));
-    EXPECT_EQ(ByNetpbm("v.png", picture), Levels(picture));
+    EXPECT_EQ(ByNetpbm("v.png", Levels(picture).size()), Levels(picture));
 }
 
 TEST_P(ImgOurs, PcxIsReadByThemAsWritten)
@@ -243,5 +296,15 @@ TEST_P(ImgOurs, PcxIsReadByThemAsWritten)
     const TvImgContext context = picture.Context();
     ASSERT_EQ(img.ImgDcToPcx(Path("v.pcx").c_str(), &context, picture.Width, picture.Height, 1, nullptr), 0);
     EXPECT_EQ(ByImageMagick("v.pcx"), Levels(picture));
-    EXPECT_EQ(ByNetpbm("v.pcx", picture), Levels(picture));
+    EXPECT_EQ(ByNetpbm("v.pcx", Levels(picture).size()), Levels(picture));
+}
+
+TEST_P(ImgOurs, BitmapIsReadByThemAsWritten)
+{
+    Picture picture = Sample(GetParam());
+    const QImage image(
+        reinterpret_cast<const uchar*>(picture.Context().Pixels), picture.Width, picture.Height, QImage::Format_RGB32);
+    ASSERT_TRUE(image.save(QString::fromStdString(Path("v.bmp")), "BMP")); // the platform's writer, as the program's
+    EXPECT_EQ(ByImageMagick("v.bmp"), Levels(picture));
+    EXPECT_EQ(ByNetpbm("v.bmp", Levels(picture).size()), Levels(picture));
 }

@@ -19,21 +19,24 @@ fi
 # Fonts that the platform keeps are no leak of the program.
 export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
 
-failed=0
-for name in "$@"; do
-  learned=build/fuzz/corpus/$name
-  log=build/fuzz/findings/$name.log
+# One program; what it has to tell stands in build/fuzz/findings/NAME.log.
+run() {
+  local name=$1 log=build/fuzz/findings/$1.log learned=build/fuzz/corpus/$1
   mkdir -p "$learned"
-  if ASAN_OPTIONS=allocator_may_return_null=0 build/fuzz/fuzz/fuzz_"$name" -max_total_time="$seconds" -rss_limit_mb=1024 \
+  if ! ASAN_OPTIONS=allocator_may_return_null=0 build/fuzz/fuzz/fuzz_"$name" -max_total_time="$seconds" -rss_limit_mb=1024 \
       -timeout=10 -print_final_stats=1 -artifact_prefix="build/fuzz/findings/$name-" \
       "$learned" "tests/fuzz/corpus/$name" >"$log" 2>&1; then
-    runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
-    coverage=$(grep -o 'cov: [0-9]*' "$log" | tail -1)
-    echo "$name: ${seconds} s, $runs runs, $coverage, no finding"
-  else
     echo "$name: FINDING" >&2
     tail -40 "$log" >&2
-    failed=1
+    return 1
   fi
-done
-exit $failed
+  local runs coverage
+  runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
+  coverage=$(grep -o 'cov: [0-9]*' "$log" | tail -1)
+  echo "$name: ${seconds} s, $runs runs, $coverage, no finding"
+}
+export -f run
+export seconds
+
+# As many at a time as there are processors; ends with an error when one of them did.
+printf '%s\n' "$@" | xargs -P "$(nproc)" -I{} bash -c 'run {}'

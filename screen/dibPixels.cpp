@@ -137,8 +137,8 @@ public:
     {
         int anyAlpha = 0;
         for (int x = 0; x < header.Width; ++x) {
-            const quint32 pixel = header.BitCount == 16 ? qFromLittleEndian<quint16>(from + 2 * x)
-                                                        : qFromLittleEndian<quint32>(from + 4 * x);
+            const quint32 pixel = header.BitCount == 16 ? qFromLittleEndian<quint16>(from + qsizetype{ 2 } * x)
+                                                        : qFromLittleEndian<quint32>(from + qsizetype{ 4 } * x);
             const int opacity = hasAlpha_ ? alpha_.Value(pixel) : 0xFF;
             anyAlpha |= opacity;
             to[x] = qRgba(red_.Value(pixel), green_.Value(pixel), blue_.Value(pixel), opacity);
@@ -164,7 +164,7 @@ void DecodeBgr(const uchar* from, int width, QRgb* to)
 void DecodeBgrx(const uchar* from, int width, QRgb* to)
 {
     for (int x = 0; x < width; ++x)
-        to[x] = kOpaque | qFromLittleEndian<quint32>(from + 4 * x);
+        to[x] = kOpaque | qFromLittleEndian<quint32>(from + qsizetype{ 4 } * x);
 }
 
 bool IsBgrx(const DibHeader& header)

@@ -6,6 +6,8 @@ namespace tvimg {
 
 namespace {
 
+constexpr int32_t kMaxPixels = TVIMG_MAX_PIXELS;
+
 /// One channel of a blend: `over` and `under` weighted by alpha of 255, rounded to the nearest.
 uint32_t BlendChannel(uint32_t over, uint32_t under, uint32_t alpha, unsigned shift)
 {
@@ -19,7 +21,7 @@ uint32_t BlendChannel(uint32_t over, uint32_t under, uint32_t alpha, unsigned sh
 bool IsAllowed(PictureSize size)
 {
     return size.Width > 0 && size.Height > 0 && size.Width <= TVIMG_MAX_SIDE && size.Height <= TVIMG_MAX_SIDE
-        && size.Width * size.Height <= int64_t{ TVIMG_MAX_PIXELS };
+        && size.Width * size.Height <= kMaxPixels;
 }
 
 bool IsRoomFor(const TvImgContext* context, PictureSize size)

@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Long enough for the logo's picture.
+/// Forms that go by themselves stay no longer than that once they have been played.
 constexpr int kLongestTimerMs = 1000;
 
 /// A folder with everything that belongs to the program, so that its settings file is the tour's own.
@@ -41,10 +41,13 @@ void EmptyFolder(const QString& folder)
         pictures.remove(name);
 }
 
-void ShortenTimers()
+/// However slow the machine is, no form goes by itself before it has been played.
+void ShortenTimers(TourPlayer& player)
 {
     const auto start = TheSeams().StartTimer;
-    TheSeams().StartTimer = [start](int milliseconds, std::function<void()> tick) {
+    TheSeams().StartTimer = [start, &player](int milliseconds, std::function<void()> tick) {
+        if (milliseconds > 0)
+            tick = [&player, over = std::move(tick)] { player.WhenPlayed(over); };
         start(std::min(milliseconds, kLongestTimerMs), std::move(tick));
     };
 }
@@ -72,6 +75,7 @@ int Play(const QString& pictureFolder, const QString& workFolder)
     const QString shotFolder = programFolder + QStringLiteral("Screen Shots/");
     QDir::setCurrent(shotFolder); // where the file control window begins for a class without a folder of its own
     TourPlayer player(TourSteps(pcFolder, instrument), pictureFolder);
+    ShortenTimers(player);
     player.Start();
     MfMain frame(workFolder + QStringLiteral("program"));
     if (!frame.Load())
@@ -103,6 +107,5 @@ int main(int argc, char** argv)
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(programArgc, argv);
     ComposeProgram();
-    ShortenTimers();
     return Play(pictureFolder, workFolder);
 }

@@ -46,6 +46,15 @@ void TourPlayer::Start()
     QTimer::singleShot(kLookMs, this, &TourPlayer::Look);
 }
 
+void TourPlayer::WhenPlayed(std::function<void()> then)
+{
+    const QWidget* dialog = QApplication::activeModalWidget();
+    if (IsDone() || dialog == nullptr || dialog->objectName() != steps_[next_].Form)
+        then();
+    else
+        QTimer::singleShot(kLookMs, this, [this, then = std::move(then)] { WhenPlayed(then); });
+}
+
 void TourPlayer::Look()
 {
     if (IsDone())

@@ -27,6 +27,9 @@ public:
 
     void Start();
 
+    /// Runs `then` now or, while the next step is about the dialog that is open, once it has been played.
+    void WhenPlayed(std::function<void()> then);
+
     /// True once every step has been played.
     bool IsDone() const
     {

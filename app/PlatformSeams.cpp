@@ -1,14 +1,17 @@
 #include "app/PlatformSeams.h"
 
 #include "app/KeyboardFilter.h"
+#include "app/form.h"
 #include "app/seams.h"
 #include "app/startup.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -43,13 +46,57 @@ QStringList DialogFilters(const QStringList& filters)
     return shown;
 }
 
+QString FolderOf(const QString& asked)
+{
+    return asked.isEmpty() ? TheCommonDialog().InitialFolder : asked;
+}
+
 QString OpenFile(const OpenFileQuestion& question)
 {
-    const QString folder = question.InitialFolder.isEmpty() ? TheCommonDialog().InitialFolder : question.InitialFolder;
-    QFileDialog dialog(QApplication::activeWindow(), question.Title, folder);
+    QFileDialog dialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder));
     dialog.setObjectName(QStringLiteral("OpenDialog"));
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setNameFilters(DialogFilters(question.Filters));
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return dialog.selectedFiles().value(0);
+}
+
+QStringList OpenFiles(const OpenFilesQuestion& question)
+{
+    QFileDialog dialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder));
+    dialog.setObjectName(QStringLiteral("OpenDialog"));
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    dialog.setNameFilters(DialogFilters(question.Filters));
+    dialog.setDefaultSuffix(question.DefaultExtension);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return dialog.selectedFiles();
+}
+
+/// The extension that a filter of the save dialog stands for.
+QString ExtensionOfFilter(const QString& filter)
+{
+    return QFileInfo(filter.section(u'|', 1).section(u';', 0, 0)).suffix();
+}
+
+QString SaveFile(const SaveFileQuestion& question)
+{
+    const QStringList shown = DialogFilters(question.Filters);
+    QFileDialog dialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder));
+    dialog.setObjectName(QStringLiteral("SaveDialog"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilters(shown);
+    SetControlHelp(&dialog, question.HelpNumber);
+    const auto useFilter = [&](const QString& filter) {
+        const auto at = std::max<qsizetype>(shown.indexOf(filter), 0);
+        dialog.setDefaultSuffix(ExtensionOfFilter(question.Filters.value(at)));
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, useFilter);
+    dialog.selectNameFilter(shown.value(question.FilterIndex - 1));
+    useFilter(dialog.selectedNameFilter());
+    dialog.selectFile(question.FileName);
     if (dialog.exec() != QDialog::Accepted)
         return {};
     return dialog.selectedFiles().value(0);
@@ -75,6 +122,8 @@ void BindPlatformSeams()
     Seams& seams = TheSeams();
     seams.BrowseFolder = BrowseFolder;
     seams.OpenFile = OpenFile;
+    seams.OpenFiles = OpenFiles;
+    seams.SaveFile = SaveFile;
     seams.SystemBox = SystemBox;
     seams.OpenUrl = [](const QUrl& url) { return QDesktopServices::openUrl(url); };
     seams.ArrowKeyIsHeld = [] { return KeyboardFilter::ArrowKeyIsHeld(); };

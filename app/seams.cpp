@@ -24,6 +24,8 @@ Seams Defaults()
     seams.Sleep = [](int milliseconds) { QThread::msleep(static_cast<unsigned long>(milliseconds)); };
     seams.BrowseFolder = [](const FolderQuestion&) { return QString(); };
     seams.OpenFile = [](const OpenFileQuestion&) { return QString(); };
+    seams.OpenFiles = [](const OpenFilesQuestion&) { return QStringList(); };
+    seams.SaveFile = [](const SaveFileQuestion&) { return QString(); };
     seams.SystemBox = [](const QString& title, const QString& text) {
         std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
     };

@@ -22,6 +22,26 @@ struct OpenFileQuestion {
     QStringList Filters;
 };
 
+/// The question of an open dialog that takes several files of one folder.
+struct OpenFilesQuestion {
+    QString Title;
+    QString InitialFolder;
+    QString FileName; ///< proposed
+    QStringList Filters; ///< as above
+    QString DefaultExtension; ///< of a name that is typed without one; no point
+};
+
+/// The question of a save dialog, which asks before it lets an existing file be replaced.
+struct SaveFileQuestion {
+    QString Title;
+    QString InitialFolder;
+    QString FileName; ///< proposed
+    QStringList Filters; ///< as above
+    int FilterIndex = 1; ///< selected, from 1
+    QString DefaultExtension; ///< of a name that is typed without one; no point; empty for that of the selected filter
+    int HelpNumber = 0;
+};
+
 /// Every member has a default that works without a display: no dialog is answered, time is the system's.
 struct Seams {
     std::function<QDateTime()> Now;
@@ -41,6 +61,8 @@ struct Seams {
     /// Full path, or empty when the user cancelled.
     std::function<QString(const FolderQuestion&)> BrowseFolder;
     std::function<QString(const OpenFileQuestion&)> OpenFile;
+    std::function<QStringList(const OpenFilesQuestion&)> OpenFiles; ///< full paths
+    std::function<QString(const SaveFileQuestion&)> SaveFile;
 
     /// A plain system box with the exclamation icon, for what is said before texts are up.
     std::function<void(const QString& title, const QString& text)> SystemBox;

@@ -7,7 +7,10 @@
 #include "link/FmConnect.h"
 #include "link/FmConnecting.h"
 #include "link/FmControlGeneral.h"
+#include "link/FmFileConvert.h"
 #include "link/connect.h"
+#include "link/fileDialogs.h"
+#include "link/fileSave.h"
 #include "link/model.h"
 
 #include <QApplication>
@@ -49,10 +52,27 @@ void BindFileControl()
     commands[Command::Control6] = [] { OpenFileControl(FileClassCorrectionSet); };
 }
 
+bool ShowConvertForm()
+{
+    FmFileConvert form(QApplication::activeWindow());
+    DialogShow(form);
+    return form.IsAccepted();
+}
+
+void BindFiles()
+{
+    CommandHooks& commands = TheCommandHooks();
+    commands[Command::FileOpen] = [] { FileOpenDlg(false); };
+    commands[Command::FileConvert] = [] { FileOpenDlg(true); };
+    commands[Command::FileSaveAs] = [] { FileSaveAsDlg(TheFileDocumentHooks().ActiveWindow()); };
+    TheFileDialogHooks().ShowConvertForm = ShowConvertForm;
+}
+
 } // namespace
 
 void BindLink()
 {
     BindConnections();
+    BindFiles();
     BindFileControl();
 }

@@ -12,7 +12,10 @@
 #include "link/controlGeneral.h"
 #include "link/drives.h"
 #include "link/file.h"
+#include "link/fileConvert.h"
+#include "link/fileDialogs.h"
 #include "link/fileList.h"
+#include "link/fileSave.h"
 #include "link/model.h"
 #include "link/transfer.h"
 #include "print/printSettings.h"
@@ -46,6 +49,9 @@ void ResetModules()
     CurrentPcFolder().clear();
     TransferReset();
     FileOpenersReset();
+    FileDocumentHooksReset();
+    FileDialogHooksReset();
+    FileConvertReset();
     ConnectionReset();
     ControlReset();
     DrivesReset();

@@ -1,0 +1,111 @@
+#include "link/FmFileConvert.h"
+
+#include "app/general.h"
+#include "app/help.h"
+#include "app/lang.h"
+#include "link/fileConvert.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+constexpr int kTextForm = 11400;
+constexpr int kHelpForm = 11401;
+constexpr int kTextType = 11402;
+constexpr int kHintType = 11403;
+constexpr int kTextDir = 11404;
+constexpr int kHintDir = 11405;
+constexpr int kPathLength = 4096;
+constexpr int kDirCharacters = 48;
+
+} // namespace
+
+FmFileConvert::FmFileConvert(QWidget* parent)
+    : FormBase("FmFileConvert", parent)
+{
+    LngSetForm(this, kTextForm);
+    SetHelpNumber(kHelpForm);
+    auto* form = new QVBoxLayout(this);
+    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    form->addLayout(BuildFields());
+    form->addSpacing(kFormMarginPx / 2);
+    form->addLayout(BuildButtons());
+    form->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+QLayout* FmFileConvert::BuildFields()
+{
+    QLabel* LbType = NewLabel(this, "LbType", { kTextType });
+    CbType = NewCombo(this, "CbType", kHelpForm);
+    SetControlHint(CbType, kHintType);
+    BindLabel(LbType, CbType);
+    QLabel* LbDir = NewLabel(this, "LbDir", { kTextDir });
+    TbDir = NewTextBox(this, "TbDir", kHelpForm, kPathLength);
+    TbDir->setMinimumWidth(kDirCharacters * fontMetrics().averageCharWidth());
+    SetControlHint(TbDir, kHintDir);
+    BindLabel(LbDir, TbDir);
+    BtBrowse = NewButton(this, "BtBrowse", { 11406, kHelpForm, 11407 });
+    BtBrowse->setAutoDefault(false);
+    connect(BtBrowse, &QPushButton::clicked, this, [this] { Browse(); });
+
+    auto* fields = new QGridLayout;
+    fields->addWidget(LbType, 0, 0);
+    fields->addWidget(CbType, 0, 1, Qt::AlignLeft);
+    fields->addWidget(LbDir, 1, 0);
+    fields->addWidget(TbDir, 1, 1);
+    fields->addWidget(BtBrowse, 1, 2);
+    return fields;
+}
+
+QLayout* FmFileConvert::BuildButtons()
+{
+    QPushButton* BtClose = NewButton(this, "BtClose", { 11408, kHelpForm, 11409 });
+    QPushButton* BtCancel = NewButton(this, "BtCancel", { 11410, kHelpForm, 11411 });
+    QPushButton* BtHelp = NewButton(this, "BtHelp", { 11412, kHelpForm, 11413 });
+    BtClose->setDefault(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (QPushButton* button : { BtClose, BtCancel, BtHelp })
+        buttons->addWidget(button);
+    connect(BtClose, &QPushButton::clicked, this, [this] { Accept(); });
+    connect(BtCancel, &QPushButton::clicked, this, [this] { Unload(); });
+    connect(BtHelp, &QPushButton::clicked, this, [this] { ShowHelp(HelpNumber()); });
+    return buttons;
+}
+
+bool FmFileConvert::OnLoad()
+{
+    accepted_ = false;
+    DialogPush(*this, false);
+    const FileConvertProposal proposal = FileConvertPropose();
+    CbType->clear();
+    for (const int type : proposal.Types)
+        CbType->addItem(LngStr(type), type);
+    CbType->setCurrentIndex(proposal.Selected);
+    TbDir->setText(proposal.Folder);
+    CbType->setFocus(Qt::TabFocusReason);
+    return true;
+}
+
+void FmFileConvert::Browse()
+{
+    const QString folder = BrowseFolder(LngStr(kTextChooseTargetFolder), TbDir->text());
+    if (!folder.isEmpty())
+        TbDir->setText(folder);
+}
+
+void FmFileConvert::Accept()
+{
+    TbDir->setText(TbDir->text().trimmed());
+    if (!FileConvertAccept(TbDir->text(), CbType->currentData().toInt())) {
+        TbDir->setFocus();
+        return;
+    }
+    accepted_ = true;
+    Unload();
+}

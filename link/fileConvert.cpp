@@ -1,0 +1,197 @@
+#include "link/fileConvert.h"
+
+#include "app/lang.h"
+#include "app/message.h"
+#include "app/project.h"
+#include "app/strings.h"
+#include "link/fileFormats.h"
+#include "link/fileSave.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+
+#if defined(Q_OS_WIN)
+#include <direct.h>
+#else
+#include <sys/stat.h>
+#endif
+
+namespace {
+
+constexpr int kTextChooseType = 11005;
+constexpr int kMessageFolderNotMade = 12752;
+constexpr int kQuestionReplace = 12734;
+constexpr unsigned kFolderMode = 0777; ///< less what the user's mask takes away
+
+/// 0, or the system's error number.
+int MakeFolder(const QString& path)
+{
+#if defined(Q_OS_WIN)
+    return _wmkdir(reinterpret_cast<const wchar_t*>(path.utf16())) == 0 ? 0 : errno;
+#else
+    return ::mkdir(QFile::encodeName(path).constData(), kFolderMode) == 0 ? 0 : errno;
+#endif
+}
+
+QString SystemErrorText(int error)
+{
+    return QString::fromLocal8Bit(std::generic_category().message(error).c_str());
+}
+
+QString WithoutSlash(const QString& folder)
+{
+    return PathNoSlash(QDir::fromNativeSeparators(folder), u'/');
+}
+
+enum class Answer { Save, Skip, Stop };
+
+Answer AskToReplace(const QString& target, bool isBatch)
+{
+    if (!QFileInfo::exists(target))
+        return Answer::Save;
+    const MessageRequest& request = TheMessage();
+    if (isBatch && request.YesAll)
+        return Answer::Save;
+    if (isBatch && request.NoAll)
+        return Answer::Skip;
+    const int answer = isBatch ? MsgAllChoices1(kQuestionReplace, target) : MsgYesNoDefNo1(kQuestionReplace, target);
+    if (answer == MsgResultYes)
+        return Answer::Save;
+    return answer == MsgResultNo || !isBatch ? Answer::Skip : Answer::Stop;
+}
+
+void ForgetAnswersForAll()
+{
+    TheMessage().YesAll = false;
+    TheMessage().NoAll = false;
+}
+
+/// One run over the sources.
+class Batch {
+public:
+    explicit Batch(const FileBatchHooks& hooks)
+        : hooks_(hooks)
+    {
+    }
+
+    int Run()
+    {
+        const QStringList sources = FileConvert().Sources;
+        for (int done = 0; done < sources.size() && !stopped_; ++done) {
+            hooks_.Progress(done, static_cast<int>(sources.size()), sources[done]);
+            Convert(sources[done], sources.size() > 1);
+        }
+        return converted_;
+    }
+
+private:
+    void Convert(const QString& source, bool isBatch)
+    {
+        SetLastFile(source);
+        const int openedBefore = TheFileDocumentHooks().OpenedCount();
+        const bool isOpen = FileOpen(source, true, true);
+        if (!isOpen || TheFileDocumentHooks().OpenedCount() == openedBefore)
+            return; // an editor that a list was opened in is no document
+        const int window = TheFileDocumentHooks().ActiveWindow();
+        hooks_.Prepare(window);
+        Save(source, window, isBatch);
+        TheFileDocumentHooks().Close(window);
+    }
+
+    void Save(const QString& source, int window, bool isBatch)
+    {
+        const FileConvertState& state = FileConvert();
+        const QString folder = state.TargetFolder.isEmpty() ? QFileInfo(source).path() : state.TargetFolder;
+        const QString target = FileTargetPath(folder, source, state.TargetExtension);
+        const Answer answer = AskToReplace(target, isBatch);
+        stopped_ = answer == Answer::Stop;
+        if (answer == Answer::Save && FileSaveAsTold(target, window))
+            ++converted_;
+    }
+
+    const FileBatchHooks& hooks_;
+    int converted_ = 0;
+    bool stopped_ = false;
+};
+
+} // namespace
+
+FileConvertState& FileConvert()
+{
+    static FileConvertState state;
+    return state;
+}
+
+void FileConvertReset()
+{
+    FileConvert() = {};
+}
+
+FileConvertProposal FileConvertPropose()
+{
+    FileConvertState& state = FileConvert();
+    state.TargetFolder.clear();
+    state.TargetExtension.clear();
+    FileConvertProposal proposal;
+    for (const QString& source : state.Sources) {
+        if (FileFormatOf(source) != nullptr)
+            proposal.Folder = QDir::toNativeSeparators(QFileInfo(source).path());
+    }
+    for (const FileFormat& format : FileFormats()) {
+        if (format.Kind == FileKind::Bitmap)
+            proposal.Selected = static_cast<int>(proposal.Types.size());
+        proposal.Types.append(format.Name);
+    }
+    if (proposal.Folder.isEmpty()) {
+        proposal.Selected = static_cast<int>(proposal.Types.size());
+        proposal.Types.append(kTextChooseType);
+    }
+    return proposal;
+}
+
+bool FolderExists(const QString& path)
+{
+    return QFileInfo(WithoutSlash(path)).isDir();
+}
+
+bool FileMakeTargetFolder(const QString& folder)
+{
+    if (FolderExists(folder))
+        return true;
+    const QString path = WithoutSlash(folder);
+    const int error = MakeFolder(path);
+    if (error == 0)
+        return true;
+    MsgOk2(kMessageFolderNotMade, QFileInfo(path).fileName(), SystemErrorText(error));
+    return false;
+}
+
+bool FileConvertAccept(const QString& folder, int type)
+{
+    const QString target = folder.trimmed();
+    if (!FileMakeTargetFolder(target))
+        return false;
+    const auto& formats = FileFormats();
+    const auto found =
+        std::find_if(formats.begin(), formats.end(), [type](const FileFormat& at) { return at.Name == type; });
+    FileConvert().TargetFolder = target;
+    FileConvert().TargetExtension = found == formats.end() ? QString() : LngStr(found->Extension);
+    return true;
+}
+
+QString FileTargetPath(const QString& folder, const QString& source, const QString& extension)
+{
+    return PathWithSlash(QDir::fromNativeSeparators(folder), u'/') + QFileInfo(source).completeBaseName() + extension;
+}
+
+int FileConvertRun(const FileBatchHooks& hooks)
+{
+    ForgetAnswersForAll();
+    const int converted = Batch(hooks).Run();
+    ForgetAnswersForAll();
+    return converted;
+}

@@ -21,7 +21,7 @@ struct CommandForm {
     int MostOperands;
 };
 
-constexpr std::array<CommandForm, 13> kForms{ {
+constexpr std::array<CommandForm, 14> kForms{ {
     { "--help", CtlCommand::Help, "", 0, 0 },
     { "--version", CtlCommand::Version, "", 0, 0 },
     { "text", CtlCommand::Text, "", 1, INT_MAX },
@@ -29,18 +29,22 @@ constexpr std::array<CommandForm, 13> kForms{ {
     { "show", CtlCommand::Show, "--json --all", 1, 1 },
     { "convert", CtlCommand::Convert, "--yes", 2, 2 },
     { "sort", CtlCommand::Sort, "--key --yes", 2, 2 },
+    { "picture", CtlCommand::Picture, "--palette --description --yes --to --into", 1, INT_MAX },
     { "idn", CtlCommand::Idn, "--to", 0, 0 },
     { "ls", CtlCommand::Ls, "--to", 0, 1 },
     { "get", CtlCommand::Get, "--to --yes", 2, 3 },
     { "put", CtlCommand::Put, "--to --yes", 2, 2 },
     { "rm", CtlCommand::Rm, "--to", 2, 2 },
-    { "capture", CtlCommand::Capture, "--to --yes", 1, 1 },
+    { "capture", CtlCommand::Capture, "--to --palette --description --yes", 1, 1 },
 } };
 
 struct ClassWord {
     const char* Word;
     FileClass Class;
 };
+
+/// Extensions of the pictures that can be written.
+constexpr std::array kImageFormats{ "png", "bmp", "pcx", "wmf" };
 
 constexpr std::array<ClassWord, 6> kClassWords{ {
     { "antenna", FileClassAntennaList },
@@ -101,7 +105,13 @@ private:
         if (name == QStringLiteral("--key"))
             return TakeKey(ValueOf(word));
         if (name == kToOption)
-            return TakeInstrument(ValueOf(word));
+            return form_.Command == CtlCommand::Picture ? TakeFormat(ValueOf(word)) : TakeInstrument(ValueOf(word));
+        if (name == QStringLiteral("--palette"))
+            return TakePalette(ValueOf(word));
+        if (name == QStringLiteral("--description"))
+            return TakeText(word, result_.Description.emplace());
+        if (name == QStringLiteral("--into"))
+            return TakeText(word, result_.Into);
         if (word != name)
             return Fail(QStringLiteral("%1 takes no value").arg(name));
         bool& flag = name == QStringLiteral("--json") ? result_.Json
@@ -127,6 +137,30 @@ private:
         return keyGiven_ || Fail(QStringLiteral("--key takes a number from 0 to %1").arg(kLastSortKey));
     }
 
+    bool TakeFormat(const QString& value)
+    {
+        const auto isFormat = [&value](const char* format) { return value == QLatin1String(format); };
+        if (std::none_of(kImageFormats.begin(), kImageFormats.end(), isFormat))
+            return Fail(QStringLiteral("--to takes png, bmp, pcx or wmf"));
+        result_.ImageFormat = value;
+        return true;
+    }
+
+    bool TakePalette(const QString& value)
+    {
+        if (value != QLatin1String("0") && value != QLatin1String("1"))
+            return Fail(QStringLiteral("--palette takes 0 for colour or 1 for black and white"));
+        result_.Palette = static_cast<qint16>(value.toInt());
+        return true;
+    }
+
+    bool TakeText(const QString& option, QString& text)
+    {
+        const bool hasValue = option.contains(u'=') || !words_.isEmpty();
+        text = ValueOf(option);
+        return hasValue || Fail(QStringLiteral("%1 takes a value").arg(option));
+    }
+
     bool TakeInstrument(const QString& value)
     {
         constexpr int kLastPort = 65535;
@@ -146,7 +180,7 @@ private:
     bool InstrumentIsGiven()
     {
         const bool isNeeded = QString::fromLatin1(form_.Options).split(u' ').contains(kToOption);
-        return !isNeeded || !result_.Address.isEmpty()
+        return !isNeeded || !result_.Address.isEmpty() || !result_.ImageFormat.isEmpty()
             || Fail(QStringLiteral("%1: --to is missing").arg(QLatin1String(form_.Name)));
     }
 
@@ -225,27 +259,33 @@ std::optional<CtlArguments> CtlParse(const QStringList& arguments, QString& erro
 
 QString CtlHelpText()
 {
-    return QStringLiteral("Usage: tarvikctl check FILE...                 read each file and report\n"
-                          "       tarvikctl show [--json] [--all] FILE    print the list; --all: unused rows too\n"
-                          "       tarvikctl convert [--yes] IN OUT        write IN in the form of OUT's extension\n"
-                          "       tarvikctl sort --key N [--yes] IN OUT   sort a memory list\n"
-                          "       tarvikctl text N...                     print the texts of these numbers\n"
-                          "       tarvikctl --to INSTRUMENT idn           print what the instrument says of itself\n"
-                          "       tarvikctl --to INSTRUMENT ls [CLASS]    list its files\n"
-                          "       tarvikctl --to INSTRUMENT get [--yes] CLASS NAME [OUT]   fetch a file\n"
-                          "       tarvikctl --to INSTRUMENT put [--yes] CLASS FILE         send a file\n"
-                          "       tarvikctl --to INSTRUMENT rm CLASS NAME                  remove a file\n"
-                          "       tarvikctl --to INSTRUMENT capture [--yes] OUT            fetch its display as PNG\n"
-                          "       tarvikctl --version\n"
-                          "       tarvikctl --help\n"
-                          "\n"
-                          "Sort keys: 0 status then number; 1, 2 number up, down; 3, 4 frequency up, down;\n"
-                          "5, 6 description up, down.\n"
-                          "\n"
-                          "INSTRUMENT is ADDRESS[:PORT], an IPv4 address. CLASS is antenna, kfactor, memory,\n"
-                          "suppress, screen or correction.\n"
-                          "\n"
-                          "Messages go to standard error as FILE: NUMBER: TEXT. Questions are answered No,\n"
-                          "with --yes Yes. Exit status: 0 all went well, 1 a file was refused or a message\n"
-                          "shown, 2 wrong usage.\n");
+    return QStringLiteral(
+        "Usage: tarvikctl check FILE...                 read each file and report\n"
+        "       tarvikctl show [--json] [--all] FILE    print the list; --all: unused rows too\n"
+        "       tarvikctl convert [--yes] IN OUT        write IN in the form of OUT's extension\n"
+        "       tarvikctl sort --key N [--yes] IN OUT   sort a memory list\n"
+        "       tarvikctl text N...                     print the texts of these numbers\n"
+        "       tarvikctl picture [OPTION...] --to FORMAT FILE...   write pictures as FORMAT\n"
+        "       tarvikctl --to INSTRUMENT idn           print what the instrument says of itself\n"
+        "       tarvikctl --to INSTRUMENT ls [CLASS]    list its files\n"
+        "       tarvikctl --to INSTRUMENT get [--yes] CLASS NAME [OUT]   fetch a file\n"
+        "       tarvikctl --to INSTRUMENT put [--yes] CLASS FILE         send a file\n"
+        "       tarvikctl --to INSTRUMENT rm CLASS NAME                  remove a file\n"
+        "       tarvikctl --to INSTRUMENT capture [OPTION...] OUT        write its display as a picture\n"
+        "       tarvikctl --version\n"
+        "       tarvikctl --help\n"
+        "\n"
+        "Sort keys: 0 status then number; 1, 2 number up, down; 3, 4 frequency up, down;\n"
+        "5, 6 description up, down.\n"
+        "\n"
+        "INSTRUMENT is ADDRESS[:PORT], an IPv4 address. CLASS is antenna, kfactor, memory,\n"
+        "suppress, screen or correction.\n"
+        "\n"
+        "FORMAT is png, bmp, pcx or wmf. Options of picture and capture: --palette 0 colour or 1 black\n"
+        "and white, --description TEXT below the picture, --yes; of picture also --into DIR, the folder\n"
+        "that takes the files, which else is that of each source.\n"
+        "\n"
+        "Messages go to standard error as FILE: NUMBER: TEXT. Questions are answered No,\n"
+        "with --yes Yes. Exit status: 0 all went well, 1 a file was refused or a message\n"
+        "shown, 2 wrong usage.\n");
 }

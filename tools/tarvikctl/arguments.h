@@ -6,7 +6,7 @@
 
 #include <optional>
 
-enum class CtlCommand { Help, Version, Text, Check, Show, Convert, Sort, Idn, Ls, Get, Put, Rm, Capture };
+enum class CtlCommand { Help, Version, Text, Check, Show, Convert, Sort, Picture, Idn, Ls, Get, Put, Rm, Capture };
 
 struct CtlArguments {
     CtlCommand Command = CtlCommand::Help;
@@ -18,10 +18,14 @@ struct CtlArguments {
     QString Address; ///< of the instrument
     int Port = 0;
     int FileClass = 0; ///< 0 where none was named
+    QString ImageFormat; ///< extension of the pictures to be written, without its point
+    QString Into; ///< folder that takes them; empty for that of each source
+    std::optional<qint16> Palette; ///< 0 colour, 1 black and white; empty to leave it as it is
+    std::optional<QString> Description;
 };
 
-/// Reads the arguments behind the program's name. Options may stand anywhere behind the command, `--to` before it
-/// too; "--" ends them.
+/// Reads the arguments behind the program's name. Options may stand anywhere behind the command, an instrument's `--to`
+/// before it too; "--" ends them.
 /// Empty for wrong usage, and `error` then says what is wrong.
 std::optional<CtlArguments> CtlParse(const QStringList& arguments, QString& error);
 

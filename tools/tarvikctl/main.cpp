@@ -7,11 +7,14 @@
 #include "tools/tarvikctl/arguments.h"
 #include "tools/tarvikctl/link.h"
 #include "tools/tarvikctl/lists.h"
+#include "tools/tarvikctl/pictures.h"
 #include "tools/tarvikctl/terminal.h"
 
-#include <QCoreApplication>
 #include <QDir>
+#include <QGuiApplication>
 
+#include <algorithm>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -30,6 +33,8 @@ bool LoadModules(CtlCommand command, Terminal& terminal)
     std::vector<Module> modules{ Module::Language, Module::ListStore, Module::General };
     if (CtlIsLinkCommand(command))
         modules.push_back(Module::Channel);
+    if (command == CtlCommand::Picture || command == CtlCommand::Capture)
+        modules.push_back(Module::Pictures);
     Program().AppPath = QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();
     for (const Module module : modules) {
         if (ModuleLoad(module, Program().AppPath))
@@ -86,6 +91,8 @@ ExitStatus Run(const CtlArguments& arguments)
     MsgSetPresenter([&terminal](MessageRequest& request) { terminal.Present(request); });
     if (arguments.Command == CtlCommand::Text)
         PrintTexts(arguments.Operands);
+    else if (arguments.Command == CtlCommand::Picture)
+        CtlRunPictures(arguments, terminal);
     else if (CtlIsLinkCommand(arguments.Command))
         CtlRunLink(arguments, terminal);
     else
@@ -108,11 +115,22 @@ bool OutputArrived()
     return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
 }
 
+/// Fonts need more than the rest does, and no display even so.
+std::unique_ptr<QCoreApplication> NewApplication(int& argc, char** argv)
+{
+    const bool draws =
+        std::any_of(argv, argv + argc, [](const char* word) { return CtlDrawsPictures(QString::fromLocal8Bit(word)); });
+    if (!draws)
+        return std::make_unique<QCoreApplication>(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = NewApplication(argc, argv);
     QString error;
     const auto arguments = CtlParse(QCoreApplication::arguments().mid(1), error);
     const ExitStatus status = arguments ? RunCommand(*arguments) : UsageError(error);

@@ -6,7 +6,7 @@ _tarvikctl() {
   # The words before this one, without the instrument: its colon makes three words of it.
   local words=() instrument="" i=1
   while ((i < COMP_CWORD)); do
-    if [ "${COMP_WORDS[i]}" = --to ]; then
+    if [ "${COMP_WORDS[i]}" = --to ] && [ "${words[0]-}" != picture ]; then
       instrument=given
       i=$((i + 2))
       while [ "${COMP_WORDS[i]-}" = : ]; do i=$((i + 2)); done
@@ -19,7 +19,7 @@ _tarvikctl() {
 
   local command=${words[0]-}
   if [ -z "$command" ]; then
-    local commands="check show convert sort text --to --version --help"
+    local commands="check show convert sort picture text --to --version --help"
     [ -n "$instrument" ] && commands="idn ls get put rm capture"
     mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current")
     return
@@ -28,15 +28,32 @@ _tarvikctl() {
     mapfile -t COMPREPLY < <(compgen -W "0 1 2 3 4 5 6" -- "$current")
     return
   fi
+  case $previous in
+  --palette)
+    mapfile -t COMPREPLY < <(compgen -W "0 1" -- "$current")
+    return
+    ;;
+  --to)
+    mapfile -t COMPREPLY < <(compgen -W "png bmp pcx wmf" -- "$current")
+    return
+    ;;
+  --into)
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -d -- "$current")
+    return
+    ;;
+  --description) return ;;
+  esac
   local options="" classes="" extensions="tvm|csv"
   case $command in
   check) extensions="tva|tvk|tvm|tvs|tvc|csv" ;;
   show) options="--json --all" ;;
   convert) options="--yes" ;;
   sort) options="--key --yes" ;;
+  picture) options="--palette --description --into --to --yes" extensions="bmp|png|pcx|wmf" ;;
   ls | rm) classes=needed ;;
   get | put) options="--yes" classes=needed ;;
-  capture) options="--yes" extensions=png ;;
+  capture) options="--palette --description --yes" extensions="bmp|png|pcx|wmf" ;;
   *) return ;;
   esac
   if [ "${current:0:1}" = - ]; then

@@ -23,6 +23,7 @@ offers() {
 }
 
 offers "check convert" c
+offers "picture" p
 offers "--help --to --version" --
 offers "--all --json" show -
 offers "--key --yes" sort --
@@ -42,4 +43,11 @@ offers "c.tva lists" --to 127.0.0.1 get antenna x ""
 offers "" --to 127.0.0.1 rm memory ""
 offers "--yes" --to 127.0.0.1 get --
 offers "e.png lists" --to 127.0.0.1 capture ""
+offers "--description --palette --yes" --to 127.0.0.1 capture --
+offers "--description --into --palette --to --yes" picture --
+offers "bmp pcx png wmf" picture --to ""
+offers "0 1" picture --palette ""
+offers "lists" picture --into ""
+offers "e.png lists" picture --to bmp ""
+offers "" picture --description ""
 exit "$failed"

@@ -20,8 +20,6 @@ constexpr int kTextCopying = 10107;
 constexpr int kTextNotCopied = 12707;
 constexpr int kTextSeparator = 14301;
 
-/// Around each picture, whatever the settings held: the last of the three also sets the text.
-constexpr quint32 kBackground = 0xCECFCE;
 constexpr quint32 kInk = 0x000000;
 
 /// Resize events of a window that is sized by program are ignored.
@@ -73,7 +71,7 @@ QSize MasterSize(WindowId id)
 
 void ForceColours(WindowId id)
 {
-    ColorStore(kBackground, id, ColourBackground);
+    ColorStore(kDocumentBackground, id, ColourBackground);
     ColorStore(kInk, id, ColourText);
     ColorStore(kInk, id, ColourForeground);
 }

@@ -9,6 +9,9 @@
 
 #include <functional>
 
+/// What surrounds every picture in colour once it has been drawn, whatever the settings held. 0x00BBGGRR.
+inline constexpr quint32 kDocumentBackground = 0xCECFCE;
+
 /// State of the module.
 struct ScreenWindowState {
     int Arranging = 65535; ///< Arrangement in progress

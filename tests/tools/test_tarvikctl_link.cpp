@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QProcess>
 
 namespace {
@@ -82,6 +83,12 @@ protected:
         EXPECT_TRUE(result.Err.startsWith(start)) << result.Err.toStdString();
         EXPECT_EQ(result.Err.count(u'\n'), 1) << result.Err.toStdString();
         EXPECT_EQ(result.Out, QString());
+    }
+
+    QSize PngSize(const char* name) const
+    {
+        const QImage picture(Path(QLatin1String(name)), "PNG");
+        return picture.size();
     }
 
     QString to_;
@@ -290,7 +297,56 @@ TEST_F(TarvikctlLink, CapturesTheDisplay)
 {
     StartInstrument();
     ExpectDone(To({ "capture", "out.png" }));
-    EXPECT_TRUE(Bytes(QStringLiteral("out.png")).startsWith("\x89PNG"));
+    EXPECT_EQ(PngSize("out.png"), QSize(642, 442));
+    EXPECT_EQ(FolderEntries(), (QStringList{ QStringLiteral("instrument"), QStringLiteral("out.png") }));
+}
+
+TEST_F(TarvikctlLink, CapturesInTheFormatOfTheName)
+{
+    StartInstrument();
+    ExpectDone(To({ "capture", "out.BMP" }));
+    EXPECT_TRUE(Bytes(QStringLiteral("out.BMP")).startsWith("BM"));
+    ExpectDone(To({ "capture", "out.pcx" }));
+    EXPECT_TRUE(Bytes(QStringLiteral("out.pcx")).startsWith("\x0a\x05\x01\x08"));
+    ExpectDone(To({ "capture", "out.wmf" }));
+    EXPECT_TRUE(Bytes(QStringLiteral("out.wmf")).startsWith("\xd7\xcd\xc6\x9a"));
+}
+
+TEST_F(TarvikctlLink, CapturesWithADescription)
+{
+    StartInstrument();
+    ExpectDone(To({ "capture", "--description", "one line", "one.png" }));
+    ExpectDone(To({ "capture", "--description", "two\nlines", "two.png" }));
+    const int line = PngSize("two.png").height() - PngSize("one.png").height();
+    EXPECT_GT(line, 0);
+    EXPECT_EQ(PngSize("one.png"), QSize(642, 442 + line + 1));
+}
+
+TEST_F(TarvikctlLink, CapturesInBlackAndWhite)
+{
+    StartInstrument();
+    ExpectDone(To({ "capture", "--palette", "1", "out.png" }));
+    EXPECT_TRUE(QImage(Path(QStringLiteral("out.png"))).isGrayscale());
+    ExpectDone(To({ "capture", "--palette=0", "colour.png" }));
+    EXPECT_FALSE(QImage(Path(QStringLiteral("colour.png"))).isGrayscale());
+}
+
+TEST_F(TarvikctlLink, CaptureThatBreaksLeavesTheTarget)
+{
+    StartInstrument({ "--fault", "cut=2" });
+    Store(QStringLiteral("out.png"), "mine");
+    const CtlResult result = To({ "capture", "--yes", "out.png" });
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_TRUE(result.Err.contains(QStringLiteral("out.png: 12703: "))) << result.Err.toStdString();
+    EXPECT_EQ(Bytes(QStringLiteral("out.png")), "mine");
+}
+
+TEST_F(TarvikctlLink, CaptureTakesNamesOfPicturesOnly)
+{
+    StartInstrument();
+    const CtlResult result = To({ "capture", "out.txt" });
+    EXPECT_EQ(result.ExitCode, 2);
+    EXPECT_TRUE(result.Err.contains(QStringLiteral("out.txt: "))) << result.Err.toStdString();
 }
 
 TEST_F(TarvikctlLink, CaptureAsksBeforeItReplacesALocalFile)
@@ -307,7 +363,7 @@ TEST_F(TarvikctlLink, CaptureThatIsRefusedLeavesTheTarget)
     Store(QStringLiteral("out.png"), "mine");
     const CtlResult result = To({ "capture", "--yes", "out.png" });
     EXPECT_EQ(result.ExitCode, 1);
-    EXPECT_TRUE(result.Err.contains(QStringLiteral("out.png: 12704: "))) << result.Err.toStdString();
+    EXPECT_TRUE(result.Err.contains(QStringLiteral("out.png: 12703: "))) << result.Err.toStdString();
     EXPECT_EQ(Bytes(QStringLiteral("out.png")), "mine");
 }
 
@@ -315,7 +371,8 @@ TEST_F(TarvikctlLink, FolderIsNoTarget)
 {
     StartInstrument();
     ASSERT_TRUE(QDir(Path({})).mkpath(QStringLiteral("folder/Marine.tvm")));
-    ExpectMessage(To({ "capture", "--yes", "folder" }), QStringLiteral("folder: folder is a folder"));
+    ASSERT_TRUE(QDir(Path({})).mkdir(QStringLiteral("folder.png")));
+    ExpectMessage(To({ "capture", "--yes", "folder.png" }), QStringLiteral("folder.png: folder.png is a folder"));
     ExpectMessage(To({ "get", "--yes", "memory", "Marine.tvm", "folder" }),
         QStringLiteral("Marine.tvm: folder/Marine.tvm is a folder"));
 }

@@ -8,6 +8,7 @@
 #include "link/model.h"
 #include "link/transfer.h"
 #include "lists/editorGeneral.h"
+#include "tools/tarvikctl/pictures.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -158,14 +159,6 @@ void Remove(const QString& name)
     TransferDeleteInstr(list);
 }
 
-void Capture(const QString& target, Terminal& terminal)
-{
-    if (!MayBeWritten(target, terminal))
-        return;
-    if (ChannelSend(QStringLiteral("DISP:WIND:FETC?")) != kChannelOk || ChannelGetStream(target) != kChannelOk)
-        MsgOk(kTextTransferFailed);
-}
-
 /// Screen shots have no calls of their own: the instrument must stand in their folder.
 bool EnterFolderOf(int fileClass)
 {
@@ -205,7 +198,8 @@ void RunConnected(const CtlArguments& arguments, const QString& identification, 
         break;
     default:
         terminal.SetFile(operands[0]);
-        Capture(operands[0], terminal);
+        if (MayBeWritten(operands[0], terminal))
+            CtlCapture(arguments, terminal);
         break;
     }
 }

@@ -86,6 +86,9 @@ ExitStatus Run(const CtlArguments& arguments)
         return UsageError(
             QStringLiteral("%1: the name of a memory list ends in %2 or %3")
                 .arg(arguments.Operands[1], ModGetExtension(FileClassMemoryList), LngStr(kTextCsvExtension)));
+    if (arguments.Command == CtlCommand::Capture && !CtlIsPictureName(arguments.Operands[0]))
+        return UsageError(
+            QStringLiteral("%1: the name of a picture ends in .png, .bmp, .pcx or .wmf").arg(arguments.Operands[0]));
     if (!InputNameFits(arguments))
         return UsageError(QStringLiteral("%1: by its extension it is no file of this kind").arg(arguments.Operands[0]));
     MsgSetPresenter([&terminal](MessageRequest& request) { terminal.Present(request); });
@@ -115,6 +118,13 @@ bool OutputArrived()
     return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
 }
 
+/// What the platform has to say of its own is not for the reader of this program's messages.
+void KeepPlatformQuiet(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        TerminalWrite(stderr, text + u'\n');
+}
+
 /// Fonts need more than the rest does, and no display even so.
 std::unique_ptr<QCoreApplication> NewApplication(int& argc, char** argv)
 {
@@ -123,6 +133,7 @@ std::unique_ptr<QCoreApplication> NewApplication(int& argc, char** argv)
     if (!draws)
         return std::make_unique<QCoreApplication>(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(KeepPlatformQuiet);
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 

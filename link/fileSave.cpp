@@ -37,9 +37,9 @@ Saved SavePicture(const QString& path, int window)
     if (!FileCanBeWritten(path))
         return Saved::No;
     switch (TheFileDocumentHooks().SavePicture(path, window)) {
-    case PictureSaved::Yes:
+    case PictureSaved::Written:
         return Saved::Yes;
-    case PictureSaved::NoAndTold:
+    case PictureSaved::FailedAndTold:
         return Saved::NoAndTold;
     default:
         return Saved::No;

@@ -7,7 +7,7 @@
 #include <functional>
 
 /// How writing a picture ended.
-enum class PictureSaved { Yes, No, NoAndTold };
+enum class PictureSaved { Written, Failed, FailedAndTold };
 
 /// The documents as saving and converting see them; bound by the composition. A window is told by its number, 0 for
 /// none.
@@ -16,7 +16,7 @@ struct FileDocumentHooks {
     std::function<int()> OpenedCount = [] { return 0; }; ///< how many documents were opened since the start
     std::function<bool(int window)> IsDataSet = [](int) { return false; };
     std::function<PictureSaved(const QString& path, int window)> SavePicture = [](const QString&, int) {
-        return PictureSaved::No;
+        return PictureSaved::Failed;
     };
     std::function<void(int window)> Close = [](int) {}; ///< without a question
 };

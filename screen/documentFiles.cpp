@@ -3,7 +3,6 @@
 #include "app/project.h"
 #include "link/file.h"
 #include "link/fileSave.h"
-#include "screen/arrange.h"
 #include "screen/closing.h"
 #include "screen/document.h"
 #include "screen/screenWindow.h"
@@ -14,20 +13,16 @@ namespace {
 
 bool OpenPicture(const QString& path, int kind)
 {
-    const int before = WindowCount(WindowScreen);
-    const bool opened = ImgOpen(path, kind, SubtypeFile).Result == 0;
-    if (WindowCount(WindowScreen) != before)
-        RetileIfWished();
-    return opened;
+    return ImgOpen(path, kind, SubtypeFile).Result == 0;
 }
 
 PictureSaved SavePicture(const QString& path, int window)
 {
     const auto id = static_cast<WindowId>(window);
     if (ImgSave(path, id))
-        return PictureSaved::Yes;
+        return PictureSaved::Written;
     const FileKind kind = FileKindOf(path).Kind;
-    return kind == FileKind::Metafile ? PictureSaved::NoAndTold : PictureSaved::No;
+    return kind == FileKind::Metafile ? PictureSaved::FailedAndTold : PictureSaved::Failed;
 }
 
 } // namespace

@@ -44,7 +44,7 @@ protected:
     int Active = 0;
     int Opened = 0;
     bool DataSet = false;
-    PictureSaved Outcome = PictureSaved::Yes;
+    PictureSaved Outcome = PictureSaved::Written;
     QStringList Log;
     SaveFileQuestion Question;
     QString SaveAnswer;

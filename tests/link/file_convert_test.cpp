@@ -52,12 +52,12 @@ protected:
     }
 };
 
-using FileOpening = DocumentsTest;
+using FilesOfDialog = DocumentsTest;
 using ConvertTarget = DocumentsTest;
 
 } // namespace
 
-TEST_F(FileOpening, AsksForPictures)
+TEST_F(FilesOfDialog, AsksForPictures)
 {
     SetLastFile(FilePath("x.png"));
     FileOpenDlg(false);
@@ -70,7 +70,7 @@ TEST_F(FileOpening, AsksForPictures)
     EXPECT_EQ(OpenQuestion.DefaultExtension, "swp");
 }
 
-TEST_F(FileOpening, OpensEachFileUpToTheFirstThatFails)
+TEST_F(FilesOfDialog, OpensEachFileUpToTheFirstThatFails)
 {
     OpenAnswer = { FilePath("a.png"), FilePath("bad.png"), FilePath("c.png") };
     FileOpenDlg(false);
@@ -78,7 +78,7 @@ TEST_F(FileOpening, OpensEachFileUpToTheFirstThatFails)
     EXPECT_EQ(Program().LastFile.Name, "bad");
 }
 
-TEST_F(FileOpening, RememberedNoEndsTheOpeningOfTheRest)
+TEST_F(FilesOfDialog, RememberedNoEndsTheOpeningOfTheRest)
 {
     OpenAnswer = { FilePath("a.png"), FilePath("b.png") };
     TheFileOpeners().OpenPicture = [this](const QString& path, int) {
@@ -92,7 +92,7 @@ TEST_F(FileOpening, RememberedNoEndsTheOpeningOfTheRest)
     EXPECT_EQ(Log.size(), 2) << "a new dialog forgets the answer";
 }
 
-TEST_F(FileOpening, CancelledConversionTouchesNothing)
+TEST_F(FilesOfDialog, CancelledConversionTouchesNothing)
 {
     OpenAnswer = { FilePath("a.png") };
     FileOpenDlg(true);
@@ -100,7 +100,7 @@ TEST_F(FileOpening, CancelledConversionTouchesNothing)
     EXPECT_EQ(FileConvert().Sources, OpenAnswer);
 }
 
-TEST_F(FileOpening, AcceptedConversionRunsOverTheFiles)
+TEST_F(FilesOfDialog, AcceptedConversionRunsOverTheFiles)
 {
     OpenAnswer = { FilePath("a.bmp") };
     TheFileDialogHooks().ShowConvertForm = [this] {
@@ -236,7 +236,7 @@ TEST_F(FileConverting, TargetWithoutTypeFailsForEachFile)
 
 TEST_F(FileConverting, WriterThatFailsDoesNotEndTheBatch)
 {
-    Outcome = PictureSaved::No;
+    Outcome = PictureSaved::Failed;
     Sources({ "a.bmp", "b.bmp" });
     Answers().Expect(12761, { "a.png" }, Ok);
     Answers().Expect(12761, { "b.png" }, Ok);

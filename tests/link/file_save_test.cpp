@@ -185,11 +185,11 @@ TEST_F(FileSaving, DialogOnAPathThatCanNotBeWrittenTellsAndRemembersNothing)
 TEST_F(FileSaving, FailureOfTheWriterIsToldOnce)
 {
     SaveAnswer = FilePath("a.png");
-    Outcome = PictureSaved::No;
+    Outcome = PictureSaved::Failed;
     Answers().Expect(12761, { "a.png" }, Ok);
     EXPECT_FALSE(FileSaveAsDlg(3));
     SaveAnswer = FilePath("a.wmf");
-    Outcome = PictureSaved::NoAndTold;
+    Outcome = PictureSaved::FailedAndTold;
     EXPECT_FALSE(FileSaveAsDlg(3));
 }
 

@@ -14,7 +14,7 @@ program=$!
 
 editor="^Memory List Editor - $(basename "$2")\$"
 wait_for_window "$editor" || fail "the editor does not show the list"
-leave_by_key "$editor" Escape || fail "Escape does not close the editor"
+escape_from "$editor" || fail "Escape does not close the editor"
 
 close_frame "$program"
 wait "$program" || fail "the program ends with status $?"

@@ -1,30 +1,26 @@
 # shellcheck shell=bash
-# windows.sh: sourced by the tests that drive whole programs: windows by their titles. A search fails when a window
-# goes in its midst, which is neither found nor gone, and is made again.
+# windows.sh: sourced by the tests that drive whole programs: windows by their titles. What is waited for stays: on a
+# slow machine, a window that goes by itself may have gone between two looks.
+
+readonly patience_s=50
 
 fail() {
   echo "$1" >&2
   exit 1
 }
 
-# Waits for a window with that title, at most 30 s.
+# Waits for a window with that title.
 wait_for_window() {
-  local tries
-  for ((tries = 0; tries < 300; ++tries)); do
-    xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 && return
+  local -r end=$((SECONDS + patience_s))
+  until xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; do
+    ((SECONDS < end)) || return 1
     sleep 0.1
   done
-  return 1
 }
 
-# Waits until no window has that title, at most 10 s.
-wait_for_no_window() {
-  local tries
-  for ((tries = 0; tries < 200; ++tries)); do
-    [[ -n $(xdotool search --onlyvisible --name "$1" 2>&1) ]] || return 0
-    sleep 0.05
-  done
-  return 1
+# True when no window has that title. A search fails when a window goes in its midst, and says so.
+has_no_window() {
+  [[ -z $(xdotool search --onlyvisible --name "$1" 2>&1) ]]
 }
 
 # True when the keyboard speaks to a window with that title; else asks for it.
@@ -34,25 +30,23 @@ has_keyboard() {
   return 1
 }
 
-# Presses a key in a window with that title until there is none, at most 30 s.
-leave_by_key() {
-  local tries
-  for ((tries = 0; tries < 300; ++tries)); do
-    [[ -n $(xdotool search --onlyvisible --name "$1" 2>&1) ]] || return 0
-    ! has_keyboard "$1" || xdotool key --clearmodifiers "$2"
+# Presses Escape in a window with that title until there is none.
+escape_from() {
+  local -r end=$((SECONDS + patience_s))
+  until has_no_window "$1"; do
+    ((SECONDS < end)) || return 1
+    ! has_keyboard "$1" || xdotool key --clearmodifiers Escape
     sleep 0.1
   done
-  return 1
 }
 
 # Presses the close key of the frame until the process has ended: it does nothing until the start is over, which nothing
 # shows to the outside.
 close_frame() {
-  local tries
-  for ((tries = 0; tries < 300; ++tries)); do
-    kill -0 "$1" 2>/dev/null || return 0
+  local -r end=$((SECONDS + patience_s))
+  while kill -0 "$1" 2>/dev/null; do
+    ((SECONDS < end)) || fail "the frame does not close; the keyboard speaks to '$(xdotool getactivewindow getwindowname)'"
     ! has_keyboard '^Tarvik *$' || xdotool key --clearmodifiers alt+F4
     sleep 0.1
   done
-  fail "the frame does not close"
 }

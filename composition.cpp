@@ -17,6 +17,7 @@
 #include "link/file.h"
 #include "lists/bindEditors.h"
 #include "print/allSettings.h"
+#include "screen/bindScreen.h"
 
 #include <QApplication>
 
@@ -34,6 +35,7 @@ void BindFolders()
     TheLangHooks().InstrumentAccepted = [] { return Connection().InstrumentAccepted == 1; };
     TheProjectHooks().FileOpen = [](const QString& path) { return FileOpen(path, true, true); };
     BindLink();
+    BindScreen();
     BindListEditors();
     BindHelpViewer();
     TheHelpHooks().ShowAbout = ShowAbout;

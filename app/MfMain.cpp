@@ -38,11 +38,19 @@ Qt::WindowStates WindowStateOf(int winState)
     return winState == WinStateMinimised ? Qt::WindowMinimized : Qt::WindowNoState;
 }
 
+MfMain* current = nullptr;
+
 } // namespace
+
+MfMain* MfMain::Current()
+{
+    return current;
+}
 
 MfMain::MfMain(const QString& programFolder)
     : programFolder_(programFolder)
 {
+    current = this;
     setObjectName(QStringLiteral("MfMain"));
     setWindowTitle(ProductTitle());
     setAcceptDrops(true);
@@ -57,6 +65,7 @@ MfMain::~MfMain()
 {
     disconnect(MdiArea, nullptr, this, nullptr); // child windows are activated and left while the base closes
     UnbindHooks();
+    current = nullptr;
 }
 
 void MfMain::BuildAreas()

@@ -20,6 +20,9 @@ public:
     explicit MfMain(const QString& programFolder);
     ~MfMain() override;
 
+    /// The frame while it lives; null before and behind.
+    static MfMain* Current();
+
     /// The load event: start-up from the first step to the last. False ends the process.
     [[nodiscard]] bool Load();
 

@@ -31,6 +31,13 @@ for display in ("offscreen", "xvfb"):
     row(f"10,000 files in the list on the screen, {display}", fileList["show"], 200, "ms",
         f"all of them selected {fileList['selectAll']:.2f} ms")
 
+    screen = load(f"screen-{display}")
+    row(f"open a PNG of 1280 x 720 to its painted window, {display}", screen["open"], 1.5 * screen["bareDecode"], "ms",
+        f"bare decode {screen['bareDecode']:.2f} ms, beside 99 windows {screen['openHundredth']:.2f} ms")
+    row(f"redraw of that window, {display}", max(screen["redraw"], screen["redrawGrey"]), 6, "ms",
+        f"in colour {screen['redraw']:.2f} ms, black and white {screen['redrawGrey']:.2f} ms")
+    row(f"arrange 100 such windows, {display}", screen["arrange"], 300, "ms")
+
 def best(name):
     """The shortest of the repeated runs of each benchmark, in ms."""
     figures = {}

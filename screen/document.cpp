@@ -106,3 +106,14 @@ bool ImgSave(const QString& path, WindowId id)
         view->SetCaption(name);
     return true;
 }
+
+QImage ImgRead(const QString& path, int kind)
+{
+    if (!PictureLibraryIsThere())
+        return {};
+    const std::optional<QSize> size = PictureSize(path);
+    const QImage picture = size ? DecodePicture(path, kind, *size, PaperOfNewDocument()) : QImage();
+    if (picture.isNull())
+        Refuse(path, kind);
+    return picture;
+}

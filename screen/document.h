@@ -3,6 +3,7 @@
 
 #include "screen/window.h"
 
+#include <QImage>
 #include <QString>
 
 struct OpenedImage {
@@ -20,3 +21,7 @@ OpenedImage ImgOpen(const QString& path, int kind, qint16 subtype);
 /// written: the extension is that of no image, the library is not there, or writing failed, which is told of a metafile
 /// (12759).
 [[nodiscard]] bool ImgSave(const QString& path, WindowId id);
+
+/// Decodes an image of a kind without a window, transparent places in the paper of a new document. Null when that
+/// fails, which has been told as ImgOpen tells it.
+QImage ImgRead(const QString& path, int kind);

@@ -76,15 +76,6 @@ void ForceColours(WindowId id)
     ColorStore(kInk, id, ColourForeground);
 }
 
-/// The picture as the window shows it; null when there is no memory for it.
-QImage PictureFor(const ScreenRecord& record, QSize size)
-{
-    QImage graph = Stretch(record.Master, size);
-    if (record.PalNr == PaletteBlackAndWhite)
-        ConvertToBlackAndWhite(graph);
-    return graph;
-}
-
 /// What surrounds the picture.
 void DrawRest(WindowId id, ScreenView& view)
 {
@@ -233,6 +224,17 @@ void FitWindow(WindowId id)
     DrawScreenWindow(id);
 }
 
+QImage ScreenPicture(WindowId id, QSize size)
+{
+    const ScreenRecord* record = ScreenOf(id);
+    if (record == nullptr)
+        return {};
+    QImage graph = Stretch(record->Master, size);
+    if (record->PalNr == PaletteBlackAndWhite)
+        ConvertToBlackAndWhite(graph);
+    return graph;
+}
+
 void DrawScreenWindow(WindowId id)
 {
     ScreenRecord* record = ScreenOf(id);
@@ -241,7 +243,7 @@ void DrawScreenWindow(WindowId id)
         return;
     ScreenStatus(id, kTextDrawing);
     ForceColours(id);
-    QImage graph = PictureFor(*record, view->GraphSize());
+    QImage graph = ScreenPicture(id, view->GraphSize());
     if (graph.isNull()) {
         DebugReport("DrawScreenWindow");
     } else {

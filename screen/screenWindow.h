@@ -54,6 +54,9 @@ void ApplySize(WindowId id);
 void FitWindow(WindowId id);
 void DrawScreenWindow(WindowId id); ///< nothing before the graphics are valid
 
+/// The document's picture in its palette, stretched to a size; null when there is no memory for it.
+QImage ScreenPicture(WindowId id, QSize size);
+
 /// The picture is as large as in a new window. False while minimised or maximised.
 bool AtDefaultSize(WindowId id);
 void SetDefaultSize(WindowId id);

@@ -58,7 +58,7 @@ private:
     QString caption_;
 };
 
-using Views = std::array<std::unique_ptr<ScreenView>, kWindowSlots + 1>;
+using Views = std::array<ScreenViewOwner, kWindowSlots + 1>;
 
 Views& TheViews()
 {
@@ -81,12 +81,12 @@ ScreenView* ViewOf(WindowId id)
 
 ScreenView& ViewLoad(WindowId id)
 {
-    std::unique_ptr<ScreenView>& view = TheViews().at(static_cast<size_t>(id));
+    ScreenViewOwner& view = TheViews().at(static_cast<size_t>(id));
     const auto& load = TheScreenViewHooks().Load;
     if (!view && load)
         view = load(id);
     if (!view)
-        view = std::make_unique<SizesView>();
+        view = std::make_shared<SizesView>();
     return *view;
 }
 
@@ -98,7 +98,7 @@ void ViewDrop(WindowId id)
 
 void ViewsReset()
 {
-    for (std::unique_ptr<ScreenView>& view : TheViews())
+    for (ScreenViewOwner& view : TheViews())
         view.reset();
     TheScreenViewHooks() = {};
 }

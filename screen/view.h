@@ -48,10 +48,14 @@ public:
     virtual void Unload() = 0;
 };
 
+/// Holds a view while its document lives. It may be let go of in the middle of the view's own closing: what that does
+/// is the maker's business.
+using ScreenViewOwner = std::shared_ptr<ScreenView>;
+
 /// What makes the view of a window when it is created. It is visible from then on, behind the others until Show; its
 /// sizes, its picture and its texts follow. The default is a view of sizes only, always in normal state.
 struct ScreenViewHooks {
-    std::function<std::unique_ptr<ScreenView>(WindowId)> Load;
+    std::function<ScreenViewOwner(WindowId)> Load;
     std::function<bool()> MainFrameIsActive = [] { return false; };
     std::function<void(int code)> Arrange = [](int) {
     }; ///< 0 cascade, 1 and 2 tile, 3 icons: moves and sizes the windows
@@ -64,8 +68,8 @@ ScreenView* ViewOf(WindowId id);
 /// The view of a window, which is made if there is none.
 ScreenView& ViewLoad(WindowId id);
 
-/// Deletes the view of a window.
+/// Lets go of the view of a window.
 void ViewDrop(WindowId id);
 
-/// Deletes all views and forgets who makes them.
+/// Lets go of all views and forgets who makes them.
 void ViewsReset();

@@ -1,0 +1,231 @@
+// bench/bench_screen.cpp: document windows in the whole frame: a PNG file to its painted window, beside the bare decode
+// of the same file; the redraw of a window of that size; the arranging of a hundred of them. Prints one JSON object
+// with ms: medians, and the slowest of the arrangements.
+#include "app/MfMain.h"
+#include "app/project.h"
+#include "closed/loader.h"
+#include "composition.h"
+#include "link/file.h"
+#include "screen/arrange.h"
+#include "screen/closing.h"
+#include "screen/fit.h"
+#include "screen/palette.h"
+#include "screen/view.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <random>
+#include <vector>
+
+namespace {
+
+constexpr QSize kPicture(1280, 720);
+constexpr QSize kFrame(1280, 960);
+constexpr int kRounds = 25;
+constexpr int kWindows = 100;
+constexpr double kNsPerMs = 1e6;
+
+double Ms(const std::function<void()>& act)
+{
+    QElapsedTimer timer;
+    timer.start();
+    act();
+    return static_cast<double>(timer.nsecsElapsed()) / kNsPerMs;
+}
+
+double Median(std::vector<double> values)
+{
+    std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
+    return values[values.size() / 2];
+}
+
+/// What a receiver shows: a grid, some text, a spectrum over a waterfall of noise.
+QImage ReceiverScreen()
+{
+    QImage picture(kPicture, QImage::Format_RGB32);
+    picture.fill(QColor(16, 20, 28));
+    std::mt19937 random(1); // the same picture on every machine
+    std::normal_distribution<double> noise(110, 18);
+    for (int y = kPicture.height() / 2; y < kPicture.height(); ++y) {
+        for (int x = 0; x < kPicture.width(); ++x) {
+            const int level = std::clamp(static_cast<int>(noise(random)), 0, 255);
+            picture.setPixel(x, y, qRgb(level / 4, level / 2, level));
+        }
+    }
+    QPainter painter(&picture);
+    painter.setPen(QColor(70, 80, 90));
+    for (int at = 0; at < kPicture.width(); at += 64)
+        painter.drawLine(at, 0, at, kPicture.height() / 2);
+    for (int at = 0; at < kPicture.height() / 2; at += 45)
+        painter.drawLine(0, at, kPicture.width(), at);
+    painter.setPen(QColor(90, 220, 130));
+    for (int x = 0; x < kPicture.width(); ++x)
+        painter.drawPoint(x, 300 - static_cast<int>(noise(random)));
+    painter.setPen(Qt::white);
+    for (int line = 0; line < 6; ++line)
+        painter.drawText(20 + 200 * line, 20, QStringLiteral("156.800 MHz  -%1 dBm").arg(60 + line));
+    return picture;
+}
+
+TvImgContext ContextOf(QImage& picture)
+{
+    return { reinterpret_cast<uint32_t*>(picture.bits()), picture.width(), picture.height(),
+        static_cast<int32_t>(picture.bytesPerLine() / 4) };
+}
+
+/// Counts the pictures that are painted.
+class PaintCount final : public QObject {
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const bool isPicture = event->type() == QEvent::Paint && watched->objectName() == QLatin1String("PbGraph");
+        Pictures += isPicture ? 1 : 0;
+        return false;
+    }
+
+    int Pictures = 0;
+};
+
+class ScreenBench {
+public:
+    ScreenBench(MfMain& frame, const QString& folder)
+        : frame_(frame)
+        , path_(folder + QStringLiteral("/screen.png"))
+    {
+        qApp->installEventFilter(&painted_);
+    }
+
+    bool StoreFile()
+    {
+        QImage picture = ReceiverScreen();
+        const TvImgContext context = ContextOf(picture);
+        return TvImg().ImgDcToPng(path_.toLocal8Bit().constData(), &context, picture.width(), picture.height()) == 0;
+    }
+
+    double BareDecode()
+    {
+        QImage picture(kPicture, QImage::Format_RGB32);
+        const TvImgContext context = ContextOf(picture);
+        const QByteArray path = path_.toLocal8Bit();
+        return Ms([&] {
+            if (TvImg().ImgPngToDc(path.constData(), &context) != 0)
+                qFatal("not decoded");
+        });
+    }
+
+    double Open()
+    {
+        return Ms([this] {
+            painted_.Pictures = 0;
+            if (!FileOpen(path_, true, true))
+                qFatal("not opened");
+            UntilPainted(1);
+        });
+    }
+
+    static void Close()
+    {
+        if (!CloseWindow(WindowTable().Active, true))
+            qFatal("not closed");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+
+    double Redraw(qint16 palette)
+    {
+        const WindowId id = WindowTable().Active;
+        PaletteStore(palette, id);
+        return Ms([this, id] {
+            painted_.Pictures = 0;
+            DrawScreenWindow(id);
+            UntilPainted(1);
+        });
+    }
+
+    double Arrange(int code)
+    {
+        return Ms([this, code] {
+            painted_.Pictures = 0;
+            ArrangeWindows(code);
+            UntilPainted(1); // all that are seen are painted in one turn
+        });
+    }
+
+private:
+    void UntilPainted(int pictures)
+    {
+        while (painted_.Pictures < pictures)
+            QCoreApplication::processEvents();
+    }
+
+    MfMain& frame_;
+    QString path_;
+    PaintCount painted_;
+};
+
+void BenchOneWindow(ScreenBench& bench)
+{
+    std::vector<double> bare;
+    std::vector<double> open;
+    std::vector<double> redraw;
+    std::vector<double> redrawGrey;
+    for (int round = 0; round < kRounds; ++round) {
+        bare.push_back(bench.BareDecode());
+        open.push_back(bench.Open());
+        redraw.push_back(bench.Redraw(PaletteColour));
+        redrawGrey.push_back(bench.Redraw(PaletteBlackAndWhite));
+        PaletteStore(PaletteColour, WindowTable().Active);
+        ScreenBench::Close();
+    }
+    std::printf("{\"bareDecode\": %.3f, \"open\": %.3f, \"redraw\": %.3f, \"redrawGrey\": %.3f, ", Median(bare),
+        Median(open), Median(redraw), Median(redrawGrey));
+}
+
+void BenchHundredWindows(ScreenBench& bench)
+{
+    double last = 0;
+    for (int window = 0; window < kWindows; ++window)
+        last = bench.Open();
+    double slowest = 0;
+    for (const int code : { ArrangeTileHorizontally, ArrangeTileVertically, ArrangeCascade, ArrangeTileHorizontally })
+        slowest = std::max(slowest, bench.Arrange(code));
+    std::printf("\"openHundredth\": %.3f, \"arrange\": %.3f}\n", last, slowest);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    ComposeProgram();
+    const QString folder = QApplication::applicationDirPath() + QLatin1Char('/');
+    for (const Module module :
+        { Module::General, Module::Language, Module::Channel, Module::ListStore, Module::Pictures }) {
+        if (!ModuleLoad(module, folder))
+            return 1;
+    }
+    const QTemporaryDir files;
+    MfMain frame(folder);
+    frame.BuildTexts();
+    Program().MainWindowState = WinStateNormal;
+    frame.ShowFrame();
+    frame.resize(kFrame);
+    Program().Started = true;
+    if (!QTest::qWaitForWindowActive(&frame))
+        return 1;
+    ScreenBench bench(frame, files.path());
+    if (!bench.StoreFile())
+        return 1;
+    bench.Open(); // the first one also loads fonts and pictures
+    ScreenBench::Close();
+    BenchOneWindow(bench);
+    BenchHundredWindows(bench);
+    return 0;
+}

@@ -1,0 +1,17 @@
+// screen/ChildWindows.h: the child windows of the frame as a whole: arranging them, and finding a place for a new one.
+#pragma once
+
+#include <QPoint>
+
+class QMdiArea;
+class QMdiSubWindow;
+
+/// Moves and sizes the document windows: 0 cascade (moves only, the active one in front), 1 below one another, 2 beside
+/// one another, 3 the minimised ones along the lower edge.
+void ArrangeChildWindows(QMdiArea& area, int code);
+
+/// Gives a maximised window its own size back.
+void RestoreMaximised(QMdiArea& area);
+
+/// Where a window of its size opens that is not seen yet.
+QPoint PlaceForNew(const QMdiArea& area, const QMdiSubWindow& child);

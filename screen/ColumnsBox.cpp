@@ -1,0 +1,71 @@
+#include "screen/ColumnsBox.h"
+
+#include "app/form.h"
+
+#include <QLineEdit>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kMostDigits = 8; ///< room for what is no valid number, so that it can be told
+
+} // namespace
+
+ColumnsBox::ColumnsBox(QWidget* parent)
+    : QAbstractSpinBox(parent)
+{
+    NameControl(this, QStringLiteral("UpDown"));
+    NameControl(lineEdit(), QStringLiteral("Tb"));
+    lineEdit()->setMaxLength(kMostDigits);
+}
+
+QLineEdit* ColumnsBox::TextBox() const
+{
+    return lineEdit();
+}
+
+void ColumnsBox::SetRange(int least, int most)
+{
+    least_ = least;
+    most_ = most;
+}
+
+void ColumnsBox::SetValue(int value)
+{
+    value_ = std::clamp(value, least_, most_);
+    lineEdit()->setText(QString::number(value_));
+}
+
+int ColumnsBox::Value() const
+{
+    bool isNumber = false;
+    const int typed = lineEdit()->text().trimmed().toInt(&isNumber);
+    return isNumber ? std::clamp(typed, least_, most_) : value_;
+}
+
+QValidator::State ColumnsBox::validate(QString&, int&) const
+{
+    return QValidator::Acceptable;
+}
+
+void ColumnsBox::stepBy(int steps)
+{
+    SetValue(Value() + steps);
+    lineEdit()->selectAll();
+}
+
+QSize ColumnsBox::sizeHint() const
+{
+    QSize size = QAbstractSpinBox::sizeHint();
+    size.setWidth(size.width() + kMostDigits * fontMetrics().averageCharWidth());
+    return size;
+}
+
+QAbstractSpinBox::StepEnabled ColumnsBox::stepEnabled() const
+{
+    StepEnabled steps = StepNone;
+    steps.setFlag(StepUpEnabled, Value() < most_);
+    steps.setFlag(StepDownEnabled, Value() > least_);
+    return steps;
+}

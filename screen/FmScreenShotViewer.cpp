@@ -1,0 +1,91 @@
+#include "screen/FmScreenShotViewer.h"
+
+#include "app/help.h"
+#include "screen/PictureBox.h"
+#include "screen/document.h"
+#include "screen/pictureFile.h"
+#include "screen/stretch.h"
+
+#include <QBoxLayout>
+#include <QFileInfo>
+#include <QPushButton>
+#include <QScreen>
+
+namespace {
+
+constexpr int kHelpForm = 12483;
+constexpr QSize kLeastRoom(320, 200);
+constexpr double kMostOfScreen = 0.8;
+
+} // namespace
+
+FmScreenShotViewer::FmScreenShotViewer(const QString& path, QWidget* parent)
+    : FormBase("FmScreenShotViewer", parent)
+    , path_(path)
+{
+    const QString name = QFileInfo(path).fileName();
+    setWindowTitle(name);
+    SetHelpNumber(kHelpForm);
+    BuildControls();
+    BuildLayout();
+    PbGraph->setAccessibleName(name);
+}
+
+void FmScreenShotViewer::BuildControls()
+{
+    stage_ = new QWidget(this);
+    NameControl(stage_, QStringLiteral("Stage"));
+    stage_->setMinimumSize(kLeastRoom);
+    PbGraph = new PictureBox(stage_, "PbGraph", [this](QSize devicePixels) { return Stretch(picture_, devicePixels); });
+    BtClose = NewButton(this, "BtClose", { 12413, 12413, 12428 });
+    BtHelp = NewButton(this, "BtHelp", { 12414, 12414, 12429 });
+    BtClose->setDefault(true);
+    connect(BtClose, &QPushButton::clicked, this, [this] { Unload(); });
+    connect(BtHelp, &QPushButton::clicked, this, [this] { ShowHelp(HelpNumber()); });
+}
+
+void FmScreenShotViewer::BuildLayout()
+{
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(BtClose);
+    buttons->addWidget(BtHelp);
+    auto* form = new QVBoxLayout(this);
+    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    form->addWidget(stage_, 1);
+    form->addSpacing(kFormMarginPx / 2);
+    form->addLayout(buttons);
+}
+
+bool FmScreenShotViewer::OnLoad()
+{
+    picture_ = ImgRead(path_, ImagePng); // screen shots have no other form
+    if (picture_.isNull())
+        return false;
+    DialogPush(*this, false);
+    const QSize room = screen()->availableSize() * kMostOfScreen;
+    const QSize around = size() - stage_->size();
+    const QSize shown = picture_.size().boundedTo(picture_.size().scaled(room - around, Qt::KeepAspectRatio));
+    resize(shown.expandedTo(kLeastRoom) + around);
+    move(screen()->availableGeometry().center() - rect().center());
+    BtClose->setFocus();
+    return true;
+}
+
+void FmScreenShotViewer::resizeEvent(QResizeEvent* event)
+{
+    FormBase::resizeEvent(event);
+    layout()->activate();
+    PlacePicture();
+}
+
+/// Never larger than it is, and in the middle.
+void FmScreenShotViewer::PlacePicture()
+{
+    if (picture_.isNull())
+        return;
+    const QSize size = picture_.size().boundedTo(picture_.size().scaled(stage_->size(), Qt::KeepAspectRatio));
+    QRect place(QPoint(), size);
+    place.moveCenter(stage_->rect().center());
+    PbGraph->setGeometry(place);
+}

@@ -1,0 +1,164 @@
+#include "screen/bindScreen.h"
+
+#include "app/MfMain.h"
+#include "app/commands.h"
+#include "app/menu.h"
+#include "app/project.h"
+#include "link/controlGeneral.h"
+#include "link/file.h"
+#include "screen/ChildWindows.h"
+#include "screen/FmDescription.h"
+#include "screen/FmPalette.h"
+#include "screen/FmScreenShotViewer.h"
+#include "screen/FmSelectWindow.h"
+#include "screen/MfScreen.h"
+#include "screen/arrange.h"
+#include "screen/closing.h"
+#include "screen/description.h"
+#include "screen/descriptionEdit.h"
+#include "screen/document.h"
+#include "screen/fit.h"
+#include "screen/screenShot.h"
+#include "screen/screenTable.h"
+#include "screen/screenWindow.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMdiArea>
+#include <QMimeData>
+#include <QPointer>
+
+#include <tuple>
+
+namespace {
+
+WindowId ActiveWindow()
+{
+    return WindowTable().Active;
+}
+
+/// The modules hold it for as long as its document lives; the frame's area may end before.
+ScreenViewOwner LoadView(WindowId id)
+{
+    MfMain* frame = MfMain::Current();
+    if (frame == nullptr)
+        return {};
+    QPointer<MfScreen> window = new MfScreen(id, *frame);
+    return { window.data(), [window](ScreenView*) {
+                if (window)
+                    window->Release();
+            } };
+}
+
+void BindViews()
+{
+    ScreenViewHooks& hooks = TheScreenViewHooks();
+    hooks.Load = LoadView;
+    hooks.MainFrameIsActive = [] { return MfMain::Current() != nullptr && MfMain::Current()->isActiveWindow(); };
+    hooks.Arrange = [](int code) {
+        if (MfMain* frame = MfMain::Current())
+            ArrangeChildWindows(*frame->ChildArea(), code);
+    };
+}
+
+DocumentsState StateOfDocuments()
+{
+    DocumentsState state;
+    for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id)) {
+        const ScreenView* view = ViewOf(id);
+        const bool isMinimised = view != nullptr && view->State() == WinStateMinimised;
+        (isMinimised ? state.AnyMinimised : state.AnyShown) = true;
+    }
+    const WindowId active = ActiveWindow();
+    state.Active = WindowInUse(active);
+    if (!state.Active)
+        return state;
+    const ScreenView* view = ViewOf(active);
+    state.ActiveIsMaximised = view != nullptr && view->State() == WinStateMaximised;
+    state.ActiveAtDefaultSize = AtDefaultSize(active);
+    state.DescriptionVisible = WindowAt(active).DescriptionVisible;
+    return state;
+}
+
+/// Windows that are off don't hear the mouse. They look as before: a command is short, and its end is not waited for.
+void EnableDocuments(bool enabled)
+{
+    if (MfMain* frame = MfMain::Current())
+        frame->ChildArea()->viewport()->setAttribute(Qt::WA_TransparentForMouseEvents, !enabled);
+}
+
+void BindDocuments()
+{
+    DocumentHooks& hooks = TheDocumentHooks();
+    hooks.State = StateOfDocuments;
+    hooks.Enable = EnableDocuments;
+    hooks.Retile = RetileIfWished;
+    hooks.CheckPendingResize = [] { CheckPendingResize(QGuiApplication::mouseButtons().testFlag(Qt::LeftButton)); };
+    TheProjectHooks().ClearWindowTable = WindowTableClear;
+    TheProjectHooks().CloseAllDocuments = CloseAllWindows;
+    TheFileOpeners().OpenPicture = [](const QString& path, int kind) {
+        return ImgOpen(path, kind, SubtypeFile).Result == 0;
+    };
+}
+
+bool SetClipboard(const QImage& picture)
+{
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    clipboard->setImage(picture);
+    const QMimeData* held = clipboard->mimeData();
+    return held != nullptr && held->hasImage();
+}
+
+bool SelectWindows(const QVector<WindowId>& offered)
+{
+    FmSelectWindow form(offered, QApplication::activeWindow());
+    DialogShow(form);
+    TheScreenWindows().Chosen = form.Chosen();
+    return !form.Chosen().isEmpty();
+}
+
+void DescriptionDialog()
+{
+    const WindowId id = ActiveWindow();
+    if (!WindowInUse(id))
+        return;
+    FmDescription form(id, QApplication::activeWindow());
+    DialogShow(form);
+}
+
+void BindCommands()
+{
+    CommandHooks& commands = TheCommandHooks();
+    for (const Command close : { Command::FileClose, Command::WindowClose })
+        commands[close] = [] { std::ignore = CloseWindow(ActiveWindow(), true); }; // who stays is seen
+    commands[Command::WindowCloseAll] = [] { std::ignore = CloseAllWindows(); };
+    commands[Command::EditCopyGraph] = [] { CopyGraphics(ActiveWindow()); };
+    commands[Command::ViewDescription] = [] { DescrToggle(ActiveWindow()); };
+    commands[Command::OptionsDescription] = DescriptionDialog;
+    commands[Command::OptionsColor] = ColorDialog;
+    commands[Command::LiveScreen] = CaptureScreen;
+    commands[Command::Arrange0] = [] { ArrangeWindows(ArrangeCascade); };
+    commands[Command::Arrange1] = [] { ArrangeWindows(ArrangeTileHorizontally); };
+    commands[Command::Arrange2] = [] { ArrangeWindows(ArrangeTileVertically); };
+    commands[Command::Arrange3] = [] { ArrangeWindows(ArrangeIcons); };
+    commands[Command::AutoTile] = ToggleAutoTile;
+    commands[Command::DefaultSize] = [] { SetDefaultSize(ActiveWindow()); };
+}
+
+void ShowScreenShot(const QString& path, int)
+{
+    FmScreenShotViewer form(path, QApplication::activeWindow());
+    DialogShow(form);
+}
+
+} // namespace
+
+void BindScreen()
+{
+    BindViews();
+    BindDocuments();
+    BindCommands();
+    TheScreenWindowHooks().SetClipboard = SetClipboard;
+    TheScreenWindowHooks().SelectWindows = SelectWindows;
+    TheControlHooks().ShowScreenShot = ShowScreenShot;
+}

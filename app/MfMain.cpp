@@ -73,6 +73,8 @@ void MfMain::BuildAreas()
     MdiArea = new QMdiArea(this);
     MdiArea->setObjectName(QStringLiteral("MdiArea"));
     MdiArea->viewport()->installEventFilter(this);
+    MdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded); // a picture may be larger than the area
+    MdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     ColourChildArea();
     setCentralWidget(MdiArea);
     connect(MdiArea, &QMdiArea::subWindowActivated, this, [this] { MenuUpdate(); });

@@ -6,6 +6,7 @@
 #include "screen/pictureFile.h"
 #include "screen/stretch.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QFileInfo>
 #include <QPushButton>
@@ -19,11 +20,10 @@ constexpr double kMostOfScreen = 0.8;
 
 } // namespace
 
-FmScreenShotViewer::FmScreenShotViewer(const QString& path, QWidget* parent)
+FmScreenShotViewer::FmScreenShotViewer(const QImage& picture, const QString& name, QWidget* parent)
     : FormBase("FmScreenShotViewer", parent)
-    , path_(path)
+    , picture_(picture)
 {
-    const QString name = QFileInfo(path).fileName();
     setWindowTitle(name);
     SetHelpNumber(kHelpForm);
     BuildControls();
@@ -59,9 +59,6 @@ void FmScreenShotViewer::BuildLayout()
 
 bool FmScreenShotViewer::OnLoad()
 {
-    picture_ = ImgRead(path_, ImagePng); // screen shots have no other form
-    if (picture_.isNull())
-        return false;
     DialogPush(*this, false);
     const QSize room = screen()->availableSize() * kMostOfScreen;
     const QSize around = size() - stage_->size();
@@ -79,13 +76,20 @@ void FmScreenShotViewer::resizeEvent(QResizeEvent* event)
     PlacePicture();
 }
 
-/// Never larger than it is, and in the middle.
+/// In the middle.
 void FmScreenShotViewer::PlacePicture()
 {
-    if (picture_.isNull())
-        return;
     const QSize size = picture_.size().boundedTo(picture_.size().scaled(stage_->size(), Qt::KeepAspectRatio));
     QRect place(QPoint(), size);
     place.moveCenter(stage_->rect().center());
     PbGraph->setGeometry(place);
+}
+
+void ShowScreenShot(const QString& path)
+{
+    const QImage picture = ImgRead(path, ImagePng); // screen shots have no other form
+    if (picture.isNull())
+        return;
+    FmScreenShotViewer form(picture, QFileInfo(path).fileName(), QApplication::activeWindow());
+    DialogShow(form);
 }

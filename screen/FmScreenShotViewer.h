@@ -7,12 +7,11 @@
 
 class PictureBox;
 
-/// The picture as large as the window lets it be, in its own aspect. A picture that can't be read is reported, and no
-/// window opens.
+/// The picture as large as the window lets it be, in its own aspect and never larger than it is.
 class FmScreenShotViewer final : public FormBase {
     Q_OBJECT
 public:
-    explicit FmScreenShotViewer(const QString& path, QWidget* parent = nullptr);
+    FmScreenShotViewer(const QImage& picture, const QString& name, QWidget* parent = nullptr);
 
 protected:
     bool OnLoad() override;
@@ -23,10 +22,12 @@ private:
     void BuildLayout();
     void PlacePicture();
 
-    QString path_;
     QImage picture_;
     QWidget* stage_ = nullptr; ///< the room of the picture
     PictureBox* PbGraph = nullptr;
     QPushButton* BtClose = nullptr;
     QPushButton* BtHelp = nullptr;
 };
+
+/// Shows a file; one that can't be read is reported.
+void ShowScreenShot(const QString& path);

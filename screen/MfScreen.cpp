@@ -58,6 +58,23 @@ void SetForeground(QWidget* widget, const QColor& colour)
     widget->setPalette(colours);
 }
 
+/// Title bars are painted often, and these pictures have colours of their own: they are drawn once.
+QIcon DrawnIcon(const QString& name)
+{
+    const QIcon picture = PictureIcon(name);
+    QIcon drawn;
+    for (const int sizePx : { 16, 20, 24, 32, 48, 64 })
+        drawn.addPixmap(picture.pixmap(QSize(sizePx, sizePx), 1));
+    return drawn;
+}
+
+const QIcon& DocumentIcon(bool imageFromFile)
+{
+    static const QIcon image = DrawnIcon(QStringLiteral("MDI_IMAGE"));
+    static const QIcon live = DrawnIcon(QStringLiteral("MDI_SCREEN"));
+    return imageFromFile ? image : live;
+}
+
 constexpr Qt::WindowStates kSizeStates = Qt::WindowMinimized | Qt::WindowMaximized;
 
 } // namespace
@@ -258,8 +275,7 @@ void MfScreen::SetIcon(bool imageFromFile)
     if (imageFromFile_ == imageFromFile)
         return;
     imageFromFile_ = imageFromFile;
-    const QIcon icon = PictureIcon(imageFromFile ? QStringLiteral("MDI_IMAGE") : QStringLiteral("MDI_SCREEN"));
-    child_->setWindowIcon(icon);
+    child_->setWindowIcon(DocumentIcon(imageFromFile));
     SetHelp(imageFromFile);
 }
 
@@ -278,6 +294,9 @@ void MfScreen::LayOutDescription(const DescriptionLayout& layout)
 
 void MfScreen::SetColours(quint32 paper, quint32 text)
 {
+    const std::pair wanted(paper, text);
+    if (std::exchange(colours_, wanted) == wanted)
+        return;
     QPalette colours = palette();
     colours.setColor(QPalette::Window, ColorOf(paper));
     setPalette(colours);

@@ -7,6 +7,8 @@
 #include <QWidget>
 
 #include <array>
+#include <optional>
+#include <utility>
 
 class DescriptionBox;
 class MfMain;
@@ -88,6 +90,7 @@ private:
     QString caption_;
     QSize sized_; ///< by program while hidden: nobody resizes a window that is not seen
     std::optional<bool> imageFromFile_; ///< whose icon it bears
+    std::optional<std::pair<quint32, quint32>> colours_; ///< paper and text, as they are shown
     bool placed_ = false; ///< by its document, not by the system
     bool shown_ = false;
     bool unloaded_ = false;

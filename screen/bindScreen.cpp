@@ -145,12 +145,6 @@ void BindCommands()
     commands[Command::DefaultSize] = [] { SetDefaultSize(ActiveWindow()); };
 }
 
-void ShowScreenShot(const QString& path, int)
-{
-    FmScreenShotViewer form(path, QApplication::activeWindow());
-    DialogShow(form);
-}
-
 } // namespace
 
 void BindScreen()
@@ -160,5 +154,5 @@ void BindScreen()
     BindCommands();
     TheScreenWindowHooks().SetClipboard = SetClipboard;
     TheScreenWindowHooks().SelectWindows = SelectWindows;
-    TheControlHooks().ShowScreenShot = ShowScreenShot;
+    TheControlHooks().ShowScreenShot = [](const QString& path, int) { ShowScreenShot(path); };
 }

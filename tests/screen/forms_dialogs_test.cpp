@@ -242,8 +242,7 @@ TEST_F(SelectWindowForm, DoesNotOpenForOneCandidate)
 
 TEST_F(ScreenShotViewer, ShowsThePictureUnderItsName)
 {
-    ASSERT_TRUE(Picture().save(FilePath("Channel 16.png")));
-    FmScreenShotViewer form(FilePath("Channel 16.png"), frame.get());
+    FmScreenShotViewer form(Picture(), "Channel 16.png", frame.get());
     RunForm(form, [&] {
         ExpectControls(form, { "PbGraph", "BtClose", "BtHelp" });
         ExpectTabOrder(form);
@@ -265,9 +264,7 @@ TEST_F(ScreenShotViewer, OpensNothingForAFileThatIsNoPicture)
 {
     Store(FilePath("broken.png"), "no picture");
     Answers().Expect(12760, Ok);
-    FmScreenShotViewer form(FilePath("broken.png"), frame.get());
-    DialogShow(form);
-    EXPECT_TRUE(form.IsClosed());
+    TheControlHooks().ShowScreenShot(FilePath("broken.png"), 0);
     EXPECT_TRUE(CanAct());
 }
 
@@ -275,12 +272,16 @@ TEST_F(ScreenShotViewer, IsWhatFileControlOpens)
 {
     ASSERT_TRUE(Picture().save(FilePath("shot.png")));
     QString shown;
-    QTimer::singleShot(0, qApp, [&shown] {
+    QTimer look;
+    look.callOnTimeout([&] {
         QWidget* form = QApplication::activeModalWidget();
-        ASSERT_NE(form, nullptr);
+        if (form == nullptr) // the picture is still being read
+            return;
+        look.stop();
         shown = form->objectName();
         Click(*form, "BtClose");
     });
+    look.start(0);
     TheControlHooks().ShowScreenShot(FilePath("shot.png"), 0);
     EXPECT_EQ(shown, "FmScreenShotViewer");
 }

@@ -8,6 +8,8 @@
 #include "screen/stretch.h"
 #include "tests/screen/screenForms.h"
 
+#include <QScrollBar>
+
 namespace {
 
 class ScreenWindowSize : public ScreenForms {
@@ -154,6 +156,19 @@ TEST_F(ScreenWindowSize, CascadeHasTheActiveWindowInFront)
     EXPECT_EQ(WindowTable().Active, first);
     EXPECT_GT(Child(first).y(), Child(third).y());
     EXPECT_EQ(frame->ChildArea()->subWindowList(QMdiArea::StackingOrder).last(), &Child(first));
+}
+
+TEST_F(ScreenWindowSize, AreaScrollsToWhatLiesBeyondItAndHomeWhenItIsTiled)
+{
+    const QVector<WindowId> ids{ Open(SubtypeFile, Picture(QSize(2000, 1500))), Open() };
+    QScrollBar* bar = frame->ChildArea()->horizontalScrollBar();
+    EXPECT_TRUE(bar->isVisible());
+    bar->setValue(bar->maximum());
+    EXPECT_LE(Child(ids[0]).geometry().right(), Area().right());
+    Item("MnWindowTileVert").trigger();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(bar->isVisible());
+    ExpectTiled(ids);
 }
 
 TEST_F(ScreenWindowSize, TilesBelowOneAnother)

@@ -2,6 +2,7 @@
 #include "app/lang.h"
 #include "app/project.h"
 #include "app/statusBar.h"
+#include "link/file.h"
 #include "screen/arrange.h"
 #include "screen/closing.h"
 #include "screen/descriptionEdit.h"
@@ -9,9 +10,7 @@
 #include "tests/screen/screenForms.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QDropEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 
@@ -23,6 +22,22 @@ protected:
     {
         const QPoint at = on.mapTo(frame.get(), QPoint(40, 40));
         QTest::mouseClick(frame->windowHandle(), Qt::RightButton, {}, at);
+    }
+
+    /// Drags a file over a control and lets it go there.
+    void Drop(const QWidget& on, const QString& path)
+    {
+        QMimeData data;
+        data.setUrls({ QUrl::fromLocalFile(path) });
+        const QPoint at = on.mapTo(frame.get(), QPoint(20, 5));
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(frame->windowHandle(), &enter);
+        QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(frame->windowHandle(), &move);
+        EXPECT_TRUE(move.isAccepted());
+        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(frame->windowHandle(), &drop);
+        QCoreApplication::processEvents();
     }
 
     static QString OpenMenu()
@@ -238,10 +253,17 @@ TEST_F(ScreenWindowForm, DoesNotHearTheMouseWhileACommandRuns)
 
 TEST_F(ScreenWindowForm, FilesDroppedOnItAreTheFrames)
 {
+    ASSERT_TRUE(Picture().save(FilePath("dropped.png")));
+    TheDropHooks().IsKnownFile = FileCanBeDropped;
+    TheProjectHooks().FileOpen = [](const QString& path) { return FileOpen(path, true, true); };
     const WindowId id = Open();
     DescrSetVisible(true, id);
-    for (QWidget* at : { &Graph(id), static_cast<QWidget*>(&Description(id)), Description(id).viewport() })
-        EXPECT_FALSE(at->acceptDrops());
+    int windows = 1;
+    for (QWidget* at : { &Graph(id), static_cast<QWidget*>(&Description(id)) }) {
+        Drop(*at, FilePath("dropped.png"));
+        EXPECT_EQ(WindowCount(0), ++windows);
+    }
+    EXPECT_EQ(WindowAt(id).Description, "");
 }
 
 TEST_F(ScreenWindowForm, ClosesAFileWithoutAQuestionAndTellsThatNoneIsLeft)

@@ -1,27 +1,35 @@
 #include "screen/ChildWindows.h"
 
-#include "screen/MfScreen.h"
 #include "screen/fit.h"
 #include "screen/tiling.h"
+#include "screen/window.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScrollBar>
-#include <QStyle>
+
+#include <algorithm>
 
 namespace {
 
 using Children = QVector<QMdiSubWindow*>;
 
-/// Those that are seen, in the order of the table, which is that of their opening as long as none was closed.
-Children InTableOrder()
+WindowId IdOf(const QMdiSubWindow& child)
+{
+    return static_cast<WindowId>(child.widget() == nullptr ? 0 : child.widget()->property(kTagProperty).toInt());
+}
+
+/// Those that are seen, in the order of the table, which is that of their opening as long as none was closed. One that
+/// is just closing has no slot any more.
+Children InTableOrder(const QMdiArea& area)
 {
     Children children;
-    for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id)) {
-        const auto* view = dynamic_cast<MfScreen*>(ViewOf(id));
-        if (view != nullptr && !view->ChildWindow()->isHidden())
-            children.append(view->ChildWindow());
+    for (QMdiSubWindow* child : area.subWindowList()) {
+        if (!child->isHidden() && WindowInUse(IdOf(*child)))
+            children.append(child);
     }
+    std::sort(children.begin(), children.end(),
+        [](const QMdiSubWindow* left, const QMdiSubWindow* right) { return IdOf(*left) < IdOf(*right); });
     return children;
 }
 
@@ -87,7 +95,7 @@ void ArrangeChildWindows(QMdiArea& area, int code)
     if (code != ArrangeIcons)
         RestoreMaximised(area);
     ScrollHome(area);
-    const Children all = InTableOrder();
+    const Children all = InTableOrder(area);
     const Children icons = Where(all, true);
     const Children windows = Where(all, false);
     const QSize room = area.maximumViewportSize();

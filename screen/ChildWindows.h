@@ -6,6 +6,9 @@
 class QMdiArea;
 class QMdiSubWindow;
 
+/// Property of a child window's content that holds the number of its window.
+inline constexpr const char* kTagProperty = "Tag";
+
 /// Moves and sizes the document windows: 0 cascade (moves only, the active one in front), 1 below one another, 2 beside
 /// one another, 3 the minimised ones along the lower edge.
 void ArrangeChildWindows(QMdiArea& area, int code);

@@ -84,7 +84,7 @@ MfScreen::MfScreen(WindowId id, MfMain& frame)
     , frame_(frame)
 {
     setObjectName(QStringLiteral("MfScreen"));
-    setProperty("Tag", id);
+    setProperty(kTagProperty, id);
     setAutoFillBackground(true);
     setMinimumSize(1, 1);
     BuildPicture();

@@ -5,7 +5,6 @@
 #include "app/menu.h"
 #include "app/project.h"
 #include "link/controlGeneral.h"
-#include "link/file.h"
 #include "screen/ChildWindows.h"
 #include "screen/FmDescription.h"
 #include "screen/FmPalette.h"
@@ -16,7 +15,7 @@
 #include "screen/closing.h"
 #include "screen/description.h"
 #include "screen/descriptionEdit.h"
-#include "screen/document.h"
+#include "screen/documentFiles.h"
 #include "screen/fit.h"
 #include "screen/screenShot.h"
 #include "screen/screenTable.h"
@@ -94,11 +93,6 @@ void BindDocuments()
     hooks.Enable = EnableDocuments;
     hooks.Retile = RetileIfWished;
     hooks.CheckPendingResize = [] { CheckPendingResize(QGuiApplication::mouseButtons().testFlag(Qt::LeftButton)); };
-    TheProjectHooks().ClearWindowTable = WindowTableClear;
-    TheProjectHooks().CloseAllDocuments = CloseAllWindows;
-    TheFileOpeners().OpenPicture = [](const QString& path, int kind) {
-        return ImgOpen(path, kind, SubtypeFile).Result == 0;
-    };
 }
 
 bool SetClipboard(const QImage& picture)
@@ -151,6 +145,7 @@ void BindScreen()
 {
     BindViews();
     BindDocuments();
+    BindDocumentFiles();
     BindCommands();
     TheScreenWindowHooks().SetClipboard = SetClipboard;
     TheScreenWindowHooks().SelectWindows = SelectWindows;

@@ -83,17 +83,18 @@ public:
         const QStringList sources = FileConvert().Sources;
         for (int done = 0; done < sources.size() && !stopped_; ++done) {
             hooks_.Progress(done, static_cast<int>(sources.size()), sources[done]);
-            Convert(sources[done], sources.size() > 1);
+            Convert(sources[done], done == 0, sources.size() > 1);
         }
         return converted_;
     }
 
 private:
-    void Convert(const QString& source, bool isBatch)
+    /// Only the first file forgets what the user answered to a question that is asked once for all of them.
+    void Convert(const QString& source, bool isFirst, bool isBatch)
     {
         SetLastFile(source);
         const int openedBefore = TheFileDocumentHooks().OpenedCount();
-        const bool isOpen = FileOpen(source, true, true);
+        const bool isOpen = FileOpen(source, isFirst, true);
         if (!isOpen || TheFileDocumentHooks().OpenedCount() == openedBefore)
             return; // an editor that a list was opened in is no document
         const int window = TheFileDocumentHooks().ActiveWindow();

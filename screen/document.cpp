@@ -38,7 +38,6 @@ int UnreadableText(int kind)
 
 OpenedImage Refuse(const QString& path, int kind)
 {
-    ScreenStatusClear();
     MsgOk1(UnreadableText(kind), QFileInfo(path).fileName());
     return {};
 }
@@ -60,6 +59,25 @@ QDateTime DateOf(const QString& path)
 
 } // namespace
 
+WindowId ImgShow(const PictureToShow& picture)
+{
+    const WindowSlot slot = WindowAllocate(WindowScreen, picture.Subtype);
+    if (slot.Id == 0)
+        return 0;
+    StatusSet(picture.Title + LngStr(kTextSeparator) + LngStr(kTextLoading));
+    const QImage master = DecodePicture(picture.Path, picture.Kind, picture.Size, PaperOfNewDocument());
+    if (master.isNull()) {
+        if (!slot.Reused)
+            WindowFreeSlot(slot.Id);
+        ScreenStatusClear();
+        return kNotDecoded;
+    }
+    ScreenCreate(slot, { master, picture.Date, QFileInfo(picture.Path).fileName(), picture.Modified });
+    if (!slot.Reused)
+        RetileIfWished();
+    return slot.Id;
+}
+
 OpenedImage ImgOpen(const QString& path, int kind, qint16 subtype)
 {
     if (!PictureLibraryIsThere())
@@ -67,22 +85,10 @@ OpenedImage ImgOpen(const QString& path, int kind, qint16 subtype)
     const std::optional<QSize> size = PictureSize(path);
     if (!size)
         return Refuse(path, kind);
-    const WindowSlot slot = WindowAllocate(WindowScreen, subtype);
-    if (slot.Id == 0)
-        return {};
-
-    const QString name = QFileInfo(path).fileName();
-    StatusSet(name + LngStr(kTextSeparator) + LngStr(kTextLoading));
-    const QImage master = DecodePicture(path, kind, *size, PaperOfNewDocument());
-    if (master.isNull()) {
-        if (!slot.Reused)
-            WindowFreeSlot(slot.Id);
+    const WindowId id = ImgShow({ path, kind, *size, subtype, QFileInfo(path).fileName(), DateOf(path), false });
+    if (id == kNotDecoded)
         return Refuse(path, kind);
-    }
-    ScreenCreate(slot, { master, DateOf(path), name, false });
-    if (!slot.Reused)
-        RetileIfWished();
-    return { 0, slot.Id };
+    return { id == 0 ? 1 : 0, id };
 }
 
 bool ImgSave(const QString& path, WindowId id)

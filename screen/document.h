@@ -6,6 +6,24 @@
 #include <QImage>
 #include <QString>
 
+/// A picture file on its way into a window.
+struct PictureToShow {
+    QString Path;
+    int Kind = 0; ///< see pictureFile.h
+    QSize Size; ///< as PictureSize tells it
+    qint16 Subtype = SubtypeFile;
+    QString Title; ///< on the status line, while there is no window
+    QDateTime Date; ///< invalid for the present moment
+    bool Modified = false;
+};
+
+/// What ImgShow answers when the picture can't be decoded.
+inline constexpr WindowId kNotDecoded = -1;
+
+/// Decodes a picture and shows it in a window, whose id is the answer. 0 without a slot, as WindowAllocate has told. A
+/// window that was to give way is only replaced by a picture that could be decoded.
+WindowId ImgShow(const PictureToShow& picture);
+
 struct OpenedImage {
     int Result = 1; ///< 0 for success
     WindowId Id = 0;
@@ -13,7 +31,7 @@ struct OpenedImage {
 
 /// Opens an image of a kind (see pictureFile.h) in a window of the given subtype. Non-zero when no window came to be: a
 /// file that can't be read has been reported by its kind's text, with its name; without the image library nothing is
-/// said. A window that was to give way is only replaced by a picture that could be read.
+/// said.
 OpenedImage ImgOpen(const QString& path, int kind, qint16 subtype);
 
 /// Writes the composed picture of a window (picture, description) in the format of the path's extension and clears the

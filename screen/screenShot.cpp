@@ -7,17 +7,18 @@
 #include "app/seams.h"
 #include "app/statusBar.h"
 #include "link/channel.h"
-#include "screen/arrange.h"
-#include "screen/color.h"
+#include "link/fileSave.h"
+#include "screen/document.h"
 #include "screen/pictureFile.h"
 
 #include <QFile>
+#include <QTemporaryDir>
+
+#include <optional>
 
 namespace {
 
-constexpr int kTextLoading = 10104;
 constexpr int kTextLinkLost = 12703;
-constexpr int kTextSeparator = 14301;
 constexpr int kTextLiveScreen = 14500;
 constexpr int kTemporaryFiles = 10;
 constexpr int kInstrumentPauseMs = 2000;
@@ -35,30 +36,42 @@ ChannelStatus FetchInto(const QString& path)
     return ChannelGetStream(path);
 }
 
+/// Where a capture stands for a moment: in the program's folder, or where nothing can be written there, in one that
+/// goes with this.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const QString& name)
+        : path_(Program().AppPath + name)
+    {
+        if (FileCanBeWritten(path_))
+            return;
+        folder_.emplace();
+        path_ = folder_->filePath(name);
+    }
+    const QString& Path() const
+    {
+        return path_;
+    }
+
+private:
+    std::optional<QTemporaryDir> folder_;
+    QString path_;
+};
+
 /// The file of a capture in a window of its own, which is modified: the picture is nowhere else.
-WindowId ShowCapture(const QString& path, const QString& name)
+WindowId ShowCapture(const QString& path)
 {
     if (!PictureLibraryIsThere())
         return kFailed;
     const std::optional<QSize> size = PictureSize(path);
     if (!size)
         return kFailed;
-    const WindowSlot slot = WindowAllocate(WindowScreen, SubtypeLive);
-    if (slot.Id == 0)
+    MsgAskOnceReset(); // what the user answered about files does not count here
+    const WindowId id = ImgShow({ path, ImagePng, *size, SubtypeLive, LngStr(kTextLiveScreen), QDateTime(), true });
+    if (id <= 0)
         return kFailed;
-    StatusSet(LngStr(kTextLiveScreen) + LngStr(kTextSeparator) + LngStr(kTextLoading));
-    const QImage master = DecodePicture(path, ImagePng, *size, PaperOfNewDocument());
-    if (master.isNull()) {
-        if (!slot.Reused)
-            WindowFreeSlot(slot.Id);
-        ScreenStatusClear();
-        return kFailed;
-    }
-    ScreenCreate(slot, { master, QDateTime(), name, true });
     QFile::remove(path);
-    if (!slot.Reused)
-        RetileIfWished();
-    return slot.Id;
+    return id;
 }
 
 } // namespace
@@ -70,13 +83,13 @@ WindowId FetchScreen()
     const QString name = TemporaryName(kExtension);
     if (name.isEmpty())
         return kFailed;
-    const QString path = Program().AppPath + name;
-    if (FetchInto(path) != kChannelOk) {
+    const TemporaryFile file(name);
+    if (FetchInto(file.Path()) != kChannelOk) {
         ChannelDisconnect();
         MsgOk(kTextLinkLost);
         return kFailed;
     }
-    return ShowCapture(path, name);
+    return ShowCapture(file.Path());
 }
 
 void CaptureScreen()

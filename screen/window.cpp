@@ -200,7 +200,7 @@ WindowSlot WindowAllocate(qint16 type, qint16 subtype)
     const WindowId oldest = OldestOf(type);
     if (oldest == 0)
         return TakeFreeSlot(type, subtype, 1);
-    if (MsgYesNo(kTextReplaceOldest) != MsgResultYes)
+    if (MsgAskOnce(kTextReplaceOldest) != MsgResultYes)
         return {};
     return { oldest, subtype, true };
 }

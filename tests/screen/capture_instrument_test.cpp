@@ -68,6 +68,39 @@ TEST_F(CaptureFromInstrument, FaultsAreToldOnceAndEndTheLink)
     }
 }
 
+TEST_F(CaptureFromInstrument, RefusalEndsTheLink)
+{
+    Connect({ QStringLiteral("--fault"), QStringLiteral("refuse=2") });
+    Answers().Expect(12703, {}, Ok);
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_FALSE(ChannelIsUp());
+    EXPECT_EQ(EntriesOfFolder(), QStringList());
+}
+
+TEST_F(CaptureFromInstrument, ReceiverThatGoesAwayWhileItDrawsIsToldOnce)
+{
+    Connect();
+    TheSeams().Sleep = [this](int) { instrument_->Kill(); };
+    Answers().Expect(12703, {}, Ok);
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_FALSE(ChannelIsUp());
+    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(EntriesOfFolder(), QStringList());
+}
+
+TEST_F(CaptureFromInstrument, WindowsBeforeABreakStay)
+{
+    Connect({ QStringLiteral("--fault"), QStringLiteral("cut=3") });
+    const WindowId first = FetchScreen();
+    ASSERT_GT(first, 0);
+    const QImage shown = ScreenOf(first)->Graph;
+    Answers().Expect(12703, {}, Ok);
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_EQ(ScreenOf(first)->Graph, shown);
+    EXPECT_TRUE(WindowIsModified(first));
+}
+
 TEST_F(CaptureFromInstrument, IsPossibleAgainOnANewLink)
 {
     Connect({ QStringLiteral("--fault"), QStringLiteral("drop=2") });

@@ -170,6 +170,7 @@ TEST_F(Documents, HundredAndFirstReplacesTheOldest)
     EXPECT_NE(OpenFile(path, ImagePng).Result, 0);
     EXPECT_EQ(ScreenOf(oldest)->Master, Picture());
 
+    MsgAskOnceReset();
     Answers().Expect(12713, {}, Yes);
     const OpenedImage opened = OpenFile(path, ImagePng);
     EXPECT_EQ(opened.Id, oldest);

@@ -1,7 +1,10 @@
 #include "screen/screenShot.h"
 
 #include "app/lang.h"
+#include "app/message.h"
 #include "closed/loader.h"
+#include "screen/closing.h"
+#include "screen/color.h"
 #include "screen/pictureFile.h"
 #include "tests/support/fakeChannel.h"
 #include "tests/support/screens.h"
@@ -61,7 +64,36 @@ TEST_F(Captures, FetchTheDisplayIntoAWindow)
 
 TEST_F(Captures, AskForSavingWhenTheyAreClosed)
 {
-    EXPECT_TRUE(WindowIsModified(FetchScreen()));
+    const WindowId id = FetchScreen();
+    Answers().Expect(12714, { ScreenTitle(id) }, Cancel);
+    EXPECT_FALSE(CloseWindow(id, true));
+    EXPECT_TRUE(WindowInUse(id));
+}
+
+TEST_F(Captures, AreShownInFrontWhileTheFrameIsActive)
+{
+    EXPECT_EQ(Views[FetchScreen()].Shown, 0);
+    TheScreenViewHooks().MainFrameIsActive = [] { return true; };
+    EXPECT_EQ(Views[FetchScreen()].Shown, 1);
+}
+
+TEST_F(Captures, LoadingIsToldAndClearedOnTheStatusLine)
+{
+    FetchScreen();
+    EXPECT_EQ(Frame.Log.value(0), QStringLiteral("status:") + LngStr(14500) + LngStr(14301) + LngStr(10104));
+    EXPECT_EQ(Frame.Status, QString());
+}
+
+TEST_F(Captures, ShowTheBackgroundWhereTheyAreTransparent)
+{
+    channel_.Contents.clear();
+    QBuffer buffer(&channel_.Contents);
+    buffer.open(QIODevice::WriteOnly);
+    QImage picture(2, 2, QImage::Format_ARGB32);
+    picture.fill(Qt::transparent);
+    picture.save(&buffer, "PNG");
+    TheColorDefaults().Background = 0x102030;
+    EXPECT_EQ(ScreenOf(FetchScreen())->Master.pixelColor(0, 0), QColor(0x30, 0x20, 0x10));
 }
 
 TEST_F(Captures, LeaveNoTemporaryFile)
@@ -98,6 +130,41 @@ TEST_F(Captures, BrokenTransferEndsTheLinkAndIsToldOnce)
     EXPECT_EQ(WindowCount(0), 0);
 }
 
+TEST_F(Captures, AnyOtherEndOfATransferIsABreakToo)
+{
+    for (const ChannelStatus status : { kChannelRefused, kChannelLocalFile, ChannelStatus(-1) }) {
+        channel_.Connected = true;
+        channel_.Answer(QStringLiteral("GetFileFromStream"), status);
+        Answers().ExpectWhile(
+            12703, Ok, [this] { EXPECT_FALSE(channel_.Connected) << "the link has ended when it is told"; });
+        EXPECT_EQ(FetchScreen(), -1) << status;
+        EXPECT_EQ(WindowCount(0), 0) << status;
+    }
+}
+
+TEST_F(Captures, WhatStandsInTheirPlaceGoesBeforeTheTransfer)
+{
+    bool isThere = false;
+    channel_.OnCall = [&](const QString& call) {
+        if (call.startsWith(QStringLiteral("Send")))
+            Store(Temporary(), "made meanwhile");
+        else if (call.startsWith(QStringLiteral("GetFile")))
+            isThere = QFile::exists(Temporary());
+    };
+    EXPECT_GT(FetchScreen(), 0);
+    EXPECT_FALSE(isThere);
+}
+
+TEST_F(Captures, NeedNoProgramFolderThatCanBeWritten)
+{
+    Program().AppPath = FilePath(QStringLiteral("gone/"));
+    ASSERT_GT(FetchScreen(), 0);
+    EXPECT_FALSE(QFile::exists(Program().AppPath));
+    const QString path = channel_.Log.last().section(u' ', 1, 1);
+    EXPECT_TRUE(path.endsWith(QStringLiteral("/temp00.png"))) << path.toStdString();
+    EXPECT_FALSE(QFileInfo::exists(QFileInfo(path).path())) << "nothing is left of its own folder";
+}
+
 TEST_F(Captures, FailureOfTheCommandIsNotLookedAt)
 {
     channel_.Answer(QStringLiteral("Send"), kChannelRefused);
@@ -119,6 +186,27 @@ TEST_F(Captures, PictureThatEndsEarlyLeavesNoWindow)
     EXPECT_EQ(FetchScreen(), -1);
     EXPECT_EQ(WindowCount(0), 0);
     EXPECT_EQ(Frame.Status, QString());
+}
+
+TEST_F(Captures, PictureOfAbsurdSizeIsPassedOver)
+{
+    // The length of the width in the first block of a PNG file.
+    channel_.Contents.replace(16, 4, QByteArray::fromHex("7fffffff"));
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_TRUE(QFile::exists(Temporary()));
+}
+
+TEST_F(Captures, AskWhateverWasAnsweredAboutFiles)
+{
+    for (int count = 0; count < kDocumentsOfType; ++count)
+        Open();
+    for (const int before : { No, Yes }) {
+        TheMessage().RememberedAnswer = before;
+        Answers().Expect(12713, {}, No);
+        EXPECT_EQ(FetchScreen(), -1);
+    }
+    EXPECT_EQ(WindowSubtypeOf(1), SubtypeFile);
 }
 
 TEST_F(Captures, FullTableIsTold)
@@ -152,6 +240,9 @@ TEST_F(Captures, TakeTheFirstTemporaryNameThatTheyCanHave)
     Store(Temporary(1), "left over");
     EXPECT_EQ(TemporaryName(QStringLiteral("png")), QStringLiteral("temp01.png"));
     EXPECT_FALSE(QFile::exists(Temporary(1)));
+    for (int number = 1; number < 9; ++number)
+        ASSERT_TRUE(QDir().mkdir(Temporary(number)));
+    EXPECT_EQ(TemporaryName(QStringLiteral("png")), QStringLiteral("temp09.png"));
 }
 
 TEST_F(Captures, WithoutATemporaryNameEndInSilence)

@@ -6,7 +6,7 @@ _tarvikctl() {
   # The words before this one, without the instrument: its colon makes three words of it.
   local words=() instrument="" i=1
   while ((i < COMP_CWORD)); do
-    if [ "${COMP_WORDS[i]}" = --to ] && [ "${words[0]-}" != picture ]; then
+    if [ "${COMP_WORDS[i]}" = --to ] && [ "${words[0]-}" != picture ] && [ "$instrument${words[0]-}" != givencapture ]; then
       instrument=given
       i=$((i + 2))
       while [ "${COMP_WORDS[i]-}" = : ]; do i=$((i + 2)); done
@@ -53,7 +53,7 @@ _tarvikctl() {
   picture) options="--palette --description --into --to --yes" extensions="bmp|png|pcx|wmf" ;;
   ls | rm) classes=needed ;;
   get | put) options="--yes" classes=needed ;;
-  capture) options="--palette --description --yes" extensions="bmp|png|pcx|wmf" ;;
+  capture) options="--palette --description --into --to --yes" extensions="bmp|png|pcx|wmf" ;;
   *) return ;;
   esac
   if [ "${current:0:1}" = - ]; then

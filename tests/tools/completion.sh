@@ -43,7 +43,10 @@ offers "c.tva lists" --to 127.0.0.1 get antenna x ""
 offers "" --to 127.0.0.1 rm memory ""
 offers "--yes" --to 127.0.0.1 get --
 offers "e.png lists" --to 127.0.0.1 capture ""
-offers "--description --palette --yes" --to 127.0.0.1 capture --
+offers "--description --into --palette --to --yes" --to 127.0.0.1 capture --
+offers "bmp pcx png wmf" --to 127.0.0.1 capture --to ""
+offers "e.png lists" --to 127.0.0.1 capture --to bmp ""
+offers "lists" --to 127.0.0.1 capture --into ""
 offers "--description --into --palette --to --yes" picture --
 offers "bmp pcx png wmf" picture --to ""
 offers "0 1" picture --palette ""

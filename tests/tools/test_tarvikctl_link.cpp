@@ -312,6 +312,41 @@ TEST_F(TarvikctlLink, CapturesInTheFormatOfTheName)
     EXPECT_TRUE(Bytes(QStringLiteral("out.wmf")).startsWith("\xd7\xcd\xc6\x9a"));
 }
 
+TEST_F(TarvikctlLink, CapturesInTheFormatThatIsAskedFor)
+{
+    StartInstrument();
+    ExpectDone(To({ "capture", "--to", "bmp", "out" }));
+    EXPECT_TRUE(Bytes(QStringLiteral("out.bmp")).startsWith("BM"));
+    ExpectDone(To({ "capture", "--to=pcx", "shot.png" }));
+    EXPECT_TRUE(Bytes(QStringLiteral("shot.pcx")).startsWith("\x0a\x05\x01\x08"));
+    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("shot.png"))));
+}
+
+TEST_F(TarvikctlLink, CapturesIntoAFolder)
+{
+    StartInstrument();
+    ExpectDone(To({ "capture", "--into", "shots", "out.png" }));
+    EXPECT_EQ(PngSize("shots/out.png"), QSize(642, 442));
+    ExpectDone(To({ "capture", "--into", "shots", "--to", "bmp", "elsewhere/next.png" }));
+    EXPECT_TRUE(Bytes(QStringLiteral("shots/next.bmp")).startsWith("BM"));
+    ExpectMessage(To({ "capture", "--into", "shots", "out.png" }), QStringLiteral("out.png: 12734?: "));
+}
+
+TEST_F(TarvikctlLink, CaptureMakesOneFolderOnly)
+{
+    StartInstrument();
+    ExpectMessage(To({ "capture", "--into", "none/shots", "out.png" }), QStringLiteral("out.png: 12752: "));
+    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("none"))));
+}
+
+TEST_F(TarvikctlLink, CaptureNeedsAnInstrumentBesideAFormat)
+{
+    StartInstrument();
+    const CtlResult result = Ctl({ "capture", "--to", "bmp", "out" });
+    EXPECT_EQ(result.ExitCode, 2);
+    EXPECT_TRUE(result.Err.contains(QStringLiteral("--to is missing"))) << result.Err.toStdString();
+}
+
 TEST_F(TarvikctlLink, CapturesWithADescription)
 {
     StartInstrument();

@@ -35,7 +35,7 @@ constexpr std::array<CommandForm, 14> kForms{ {
     { "get", CtlCommand::Get, "--to --yes", 2, 3 },
     { "put", CtlCommand::Put, "--to --yes", 2, 2 },
     { "rm", CtlCommand::Rm, "--to", 2, 2 },
-    { "capture", CtlCommand::Capture, "--to --palette --description --yes", 1, 1 },
+    { "capture", CtlCommand::Capture, "--to --palette --description --yes --into", 1, 1 },
 } };
 
 struct ClassWord {
@@ -61,6 +61,12 @@ bool TakesClass(CtlCommand command)
         || command == CtlCommand::Rm;
 }
 
+bool IsImageFormat(const QString& word)
+{
+    return std::any_of(kImageFormats.begin(), kImageFormats.end(),
+        [&word](const char* format) { return word == QLatin1String(format); });
+}
+
 class Parser {
 public:
     Parser(const CommandForm& form, QStringList words, QString& error)
@@ -84,7 +90,7 @@ public:
             else if (!TakeOption(word))
                 return std::nullopt;
         }
-        if (!OperandsFit() || !KeyIsGiven() || !InstrumentIsGiven() || !TakeClassWord())
+        if (!OperandsFit() || !KeyIsGiven() || !TargetIsGiven() || !TakeClassWord())
             return std::nullopt;
         return result_;
     }
@@ -105,7 +111,7 @@ private:
         if (name == QStringLiteral("--key"))
             return TakeKey(ValueOf(word));
         if (name == kToOption)
-            return form_.Command == CtlCommand::Picture ? TakeFormat(ValueOf(word)) : TakeInstrument(ValueOf(word));
+            return TakeTarget(ValueOf(word));
         if (name == QStringLiteral("--palette"))
             return TakePalette(ValueOf(word));
         if (name == QStringLiteral("--description"))
@@ -137,10 +143,17 @@ private:
         return keyGiven_ || Fail(QStringLiteral("--key takes a number from 0 to %1").arg(kLastSortKey));
     }
 
+    /// The instrument, or the format of pictures. A capture has both: no format looks like an address.
+    bool TakeTarget(const QString& value)
+    {
+        const bool isFormat =
+            form_.Command == CtlCommand::Picture || (form_.Command == CtlCommand::Capture && IsImageFormat(value));
+        return isFormat ? TakeFormat(value) : TakeInstrument(value);
+    }
+
     bool TakeFormat(const QString& value)
     {
-        const auto isFormat = [&value](const char* format) { return value == QLatin1String(format); };
-        if (std::none_of(kImageFormats.begin(), kImageFormats.end(), isFormat))
+        if (!IsImageFormat(value))
             return Fail(QStringLiteral("--to takes png, bmp, pcx or wmf"));
         result_.ImageFormat = value;
         return true;
@@ -177,10 +190,11 @@ private:
                         .arg(kLastPort));
     }
 
-    bool InstrumentIsGiven()
+    bool TargetIsGiven()
     {
         const bool isNeeded = QString::fromLatin1(form_.Options).split(u' ').contains(kToOption);
-        return !isNeeded || !result_.Address.isEmpty() || !result_.ImageFormat.isEmpty()
+        const QString& given = form_.Command == CtlCommand::Picture ? result_.ImageFormat : result_.Address;
+        return !isNeeded || !given.isEmpty()
             || Fail(QStringLiteral("%1: --to is missing").arg(QLatin1String(form_.Name)));
     }
 
@@ -282,8 +296,9 @@ QString CtlHelpText()
         "suppress, screen or correction.\n"
         "\n"
         "FORMAT is png, bmp, pcx or wmf. Options of picture and capture: --palette 0 colour or 1 black\n"
-        "and white, --description TEXT below the picture, --yes; of picture also --into DIR, the folder\n"
-        "that takes the files, which else is that of each source.\n"
+        "and white, --description TEXT below the picture, --into DIR, the folder that takes the files\n"
+        "and else is that of FILE or OUT, --yes. A capture is written in the format of OUT's extension,\n"
+        "or with --to FORMAT in that one.\n"
         "\n"
         "Messages go to standard error as FILE: NUMBER: TEXT. Questions are answered No,\n"
         "with --yes Yes. Exit status: 0 all went well, 1 a file was refused or a message\n"

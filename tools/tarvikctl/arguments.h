@@ -18,8 +18,8 @@ struct CtlArguments {
     QString Address; ///< of the instrument
     int Port = 0;
     int FileClass = 0; ///< 0 where none was named
-    QString ImageFormat; ///< extension of the pictures to be written, without its point
-    QString Into; ///< folder that takes them; empty for that of each source
+    QString ImageFormat; ///< extension of the pictures to be written, without its point; empty for that of the operand
+    QString Into; ///< folder that takes them; empty for that of each operand
     std::optional<qint16> Palette; ///< 0 colour, 1 black and white; empty to leave it as it is
     std::optional<QString> Description;
 };

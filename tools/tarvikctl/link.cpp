@@ -5,6 +5,7 @@
 #include "app/message.h"
 #include "link/channel.h"
 #include "link/file.h"
+#include "link/fileConvert.h"
 #include "link/model.h"
 #include "link/transfer.h"
 #include "lists/editorGeneral.h"
@@ -170,6 +171,14 @@ bool EnterFolderOf(int fileClass)
     return err == kChannelOk;
 }
 
+void Capture(const CtlArguments& arguments, Terminal& terminal)
+{
+    if (!arguments.Into.isEmpty() && !FileMakeTargetFolder(arguments.Into))
+        return;
+    if (MayBeWritten(CtlCaptureTarget(arguments), terminal))
+        CtlCapture(arguments, terminal);
+}
+
 void RunConnected(const CtlArguments& arguments, const QString& identification, Terminal& terminal)
 {
     const int fileClass = arguments.FileClass;
@@ -198,8 +207,7 @@ void RunConnected(const CtlArguments& arguments, const QString& identification, 
         break;
     default:
         terminal.SetFile(operands[0]);
-        if (MayBeWritten(operands[0], terminal))
-            CtlCapture(arguments, terminal);
+        Capture(arguments, terminal);
         break;
     }
 }

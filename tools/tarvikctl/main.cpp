@@ -86,7 +86,7 @@ ExitStatus Run(const CtlArguments& arguments)
         return UsageError(
             QStringLiteral("%1: the name of a memory list ends in %2 or %3")
                 .arg(arguments.Operands[1], ModGetExtension(FileClassMemoryList), LngStr(kTextCsvExtension)));
-    if (arguments.Command == CtlCommand::Capture && !CtlIsPictureName(arguments.Operands[0]))
+    if (arguments.Command == CtlCommand::Capture && !CtlIsPictureName(CtlCaptureTarget(arguments)))
         return UsageError(
             QStringLiteral("%1: the name of a picture ends in .png, .bmp, .pcx or .wmf").arg(arguments.Operands[0]));
     if (!InputNameFits(arguments))

@@ -10,6 +10,7 @@
 #include "screen/screenShot.h"
 #include "screen/screenWindow.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
@@ -39,6 +40,8 @@ void Describe(WindowId id, const CtlArguments& arguments, Terminal& terminal)
 WindowId FetchIntoWindow()
 {
     const QTemporaryDir folder;
+    if (!folder.isValid())
+        return FetchScreen();
     const QString programFolder = std::exchange(Program().AppPath, folder.path() + QDir::separator());
     const WindowId id = FetchScreen();
     Program().AppPath = programFolder;
@@ -81,6 +84,15 @@ bool CtlIsPictureName(const QString& path)
     return ImageKindOf(FileKindOf(path).Kind) != 0;
 }
 
+QString CtlCaptureTarget(const CtlArguments& arguments)
+{
+    const QFileInfo out(arguments.Operands[0]);
+    const QString folder = arguments.Into.isEmpty() ? out.path() : arguments.Into;
+    if (!arguments.ImageFormat.isEmpty())
+        return QDir::cleanPath(FileTargetPath(folder, out.filePath(), u'.' + arguments.ImageFormat));
+    return arguments.Into.isEmpty() ? out.filePath() : QDir(folder).filePath(out.fileName());
+}
+
 void CtlCapture(const CtlArguments& arguments, Terminal& terminal)
 {
     StartDocuments(arguments);
@@ -91,7 +103,7 @@ void CtlCapture(const CtlArguments& arguments, Terminal& terminal)
         return;
     }
     Describe(id, arguments, terminal);
-    if (!FileSaveAsTold(QFileInfo(arguments.Operands[0]).absoluteFilePath(), id))
+    if (!FileSaveAsTold(QFileInfo(CtlCaptureTarget(arguments)).absoluteFilePath(), id))
         terminal.SetFailed();
     DropWindow(id);
 }

@@ -13,6 +13,10 @@ bool CtlIsPictureName(const QString& path);
 /// Runs `picture`. What goes wrong has been shown on `terminal`.
 void CtlRunPictures(const CtlArguments& arguments, Terminal& terminal);
 
-/// Fetches the display of the instrument that is connected and writes it as a picture, in the format of the name's
-/// extension. What goes wrong has been shown on `terminal`.
+/// Path of the picture that a capture becomes: the operand, with the extension of the format that was asked for, in the
+/// folder that was asked for.
+QString CtlCaptureTarget(const CtlArguments& arguments);
+
+/// Fetches the display of the instrument that is connected and writes it there, in the format of the extension. What
+/// goes wrong has been shown on `terminal`.
 void CtlCapture(const CtlArguments& arguments, Terminal& terminal);

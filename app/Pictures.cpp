@@ -6,6 +6,7 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
+#include <QPixmapCache>
 #include <QRegularExpression>
 #include <QStyle>
 #include <QSvgRenderer>
@@ -55,35 +56,23 @@ void Paint(QPainter& painter, const QByteArray& picture, const QRectF& rect)
 
 class PictureEngine final : public QIconEngine {
 public:
-    PictureEngine(const QByteArray& picture, bool isForMenu)
-        : picture_(picture)
+    PictureEngine(const QString& name, const QByteArray& picture, bool isForMenu)
+        : name_(name)
+        , picture_(picture)
         , isForMenu_(isForMenu)
     {
     }
 
-    /// A picture that is paler as a whole: its parts must not show through each other.
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
+    /// Pixel by pixel: at a scale between two whole ones that is up to half a pixel more than the room, and sharp.
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
-        if (mode != QIcon::Disabled) {
-            Paint(*painter, Coloured(mode), rect);
-            return;
-        }
         const qreal scale = painter->device()->devicePixelRatioF();
-        QPixmap whole = pixmap(rect.size() * scale, QIcon::Normal, state);
-        whole.setDevicePixelRatio(scale);
-        painter->save();
-        painter->setOpacity(painter->opacity() * kDisabledOpacity);
-        painter->drawPixmap(rect.topLeft(), whole);
-        painter->restore();
+        painter->drawPixmap(rect.topLeft(), Drawn((QSizeF(rect.size()) * scale).toSize(), scale, mode));
     }
 
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override
     {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
+        return Drawn(size, 1, mode);
     }
 
     bool isNull() override
@@ -97,15 +86,71 @@ public:
     }
 
 private:
-    /// A menu paints the picture of its highlighted item as an active one.
-    QByteArray Coloured(QIcon::Mode mode) const
+    /// What the picture is drawn with. A menu paints the picture of its highlighted item as an active one.
+    struct Look {
+        QColor Colour; ///< of the lines that follow the text
+        bool OneColour = false; ///< all else is drawn in it too
+        bool Pale = false;
+    };
+
+    Look LookOf(QIcon::Mode mode) const
     {
         const QPalette palette = QGuiApplication::palette();
         if (isForMenu_ && mode == QIcon::Active && StyleFillsHighlight())
-            return InOneColour(picture_, palette.color(QPalette::HighlightedText));
-        return InColour(picture_, palette.color(QPalette::WindowText));
+            return { palette.color(QPalette::HighlightedText), true, false };
+        return { palette.color(QPalette::WindowText), false, mode == QIcon::Disabled };
     }
 
+    /// Drawn once for all that show it in this size and look: title bars and buttons are painted often.
+    QPixmap Drawn(const QSize& devicePixels, qreal scale, QIcon::Mode mode) const
+    {
+        if (devicePixels.isEmpty())
+            return {};
+        const Look look = LookOf(mode);
+        const QString key = QStringLiteral("picture %1 %2 %3 %4 %5x%6 %7")
+                                .arg(name_, look.Colour.name())
+                                .arg(look.OneColour)
+                                .arg(look.Pale)
+                                .arg(devicePixels.width())
+                                .arg(devicePixels.height())
+                                .arg(scale);
+        QPixmap drawn;
+        if (QPixmapCache::find(key, &drawn))
+            return drawn;
+        drawn = Draw(devicePixels, look);
+        drawn.setDevicePixelRatio(scale);
+        QPixmapCache::insert(key, drawn);
+        return drawn;
+    }
+
+    QPixmap Draw(const QSize& size, const Look& look) const
+    {
+        QPixmap drawn = Clear(size);
+        QPainter painter(&drawn);
+        Paint(painter, look.OneColour ? InOneColour(picture_, look.Colour) : InColour(picture_, look.Colour),
+            QRectF(QPointF(), QSizeF(size)));
+        painter.end();
+        return look.Pale ? Paler(drawn) : drawn;
+    }
+
+    static QPixmap Clear(const QSize& size)
+    {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        return pixmap;
+    }
+
+    /// Paler as a whole: its parts must not show through each other.
+    static QPixmap Paler(const QPixmap& whole)
+    {
+        QPixmap paler = Clear(whole.size());
+        QPainter painter(&paler);
+        painter.setOpacity(kDisabledOpacity);
+        painter.drawPixmap(0, 0, whole);
+        return paler;
+    }
+
+    QString name_;
     QByteArray picture_;
     bool isForMenu_;
 };
@@ -113,7 +158,7 @@ private:
 QIcon MakeIcon(const QString& name, bool isForMenu)
 {
     const QByteArray picture = ReadPicture(name);
-    return picture.isEmpty() ? QIcon() : QIcon(new PictureEngine(picture, isForMenu));
+    return picture.isEmpty() ? QIcon() : QIcon(new PictureEngine(name, picture, isForMenu));
 }
 
 } // namespace

@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QScrollBar>
@@ -282,14 +283,55 @@ TEST(ProgramPictures, AreDrawnInFullAtTwiceTheScale)
 
 TEST(ProgramPictures, FollowTheColourOfTheText)
 {
+    const QIcon icon = PictureIcon("connect");
     const QPalette before = QGuiApplication::palette();
+    const QImage first = icon.pixmap(24, 24).toImage();
     QPalette dark = before;
     dark.setColor(QPalette::WindowText, Qt::white);
-    const QImage light = PictureIcon("connect").pixmap(24, 24).toImage();
     QGuiApplication::setPalette(dark);
-    const QImage onDark = PictureIcon("connect").pixmap(24, 24).toImage();
+    EXPECT_NE(icon.pixmap(24, 24).toImage(), first);
     QGuiApplication::setPalette(before);
-    EXPECT_NE(light, onDark);
+    EXPECT_EQ(icon.pixmap(24, 24).toImage(), first);
+}
+
+TEST(ProgramPictures, AreDrawnOnceForAllThatShowThem)
+{
+    const QPixmap one = PictureIcon("MDI_SCREEN").pixmap(QSize(16, 16), 1);
+    EXPECT_EQ(PictureIcon("MDI_SCREEN").pixmap(QSize(16, 16), 1).cacheKey(), one.cacheKey());
+    EXPECT_NE(PictureIcon("MDI_IMAGE").pixmap(QSize(16, 16), 1).cacheKey(), one.cacheKey());
+    EXPECT_NE(PictureIcon("MDI_SCREEN").pixmap(QSize(16, 17), 1).cacheKey(), one.cacheKey());
+}
+
+TEST(ProgramPictures, ArePalerAsAWholeWhileDisabled)
+{
+    const QImage normal = PictureIcon("print").pixmap(QSize(24, 24), 1).toImage();
+    const QImage disabled = PictureIcon("print").pixmap(QSize(24, 24), 1, QIcon::Disabled).toImage();
+    for (int y = 0; y < 24; ++y) {
+        for (int x = 0; x < 24; ++x)
+            EXPECT_NEAR(disabled.pixelColor(x, y).alpha(), normal.pixelColor(x, y).alpha() * 0.38, 2) << x << ", " << y;
+    }
+}
+
+TEST(ProgramPictures, AreSharpAtAnyScaleOfTheScreen)
+{
+    const QIcon icon = PictureIcon("print");
+    for (const double scale : { 1.0, 1.25, 1.5, 2.0 }) {
+        const int sizePx = qRound(18 * scale);
+        QImage screen(64, 64, QImage::Format_ARGB32_Premultiplied);
+        screen.fill(Qt::transparent);
+        screen.setDevicePixelRatio(scale);
+        QPainter painter(&screen);
+        icon.paint(&painter, QRect(0, 0, 18, 18));
+        painter.end();
+        screen.setDevicePixelRatio(1);
+        const QImage drawn = icon.pixmap(QSize(sizePx, sizePx), 1).toImage();
+        EXPECT_EQ(screen.copy(0, 0, sizePx, sizePx), drawn.convertToFormat(screen.format())) << scale;
+    }
+}
+
+TEST(ProgramPictures, WithoutRoomAreNotDrawn)
+{
+    EXPECT_TRUE(PictureIcon("print").pixmap(QSize(0, 16), 1).isNull());
 }
 
 TEST(ProgramPictures, TakeTheColourOfTheTextInAHighlightedMenuItem)

@@ -9,7 +9,6 @@
 #include "screen/ChildWindows.h"
 #include "screen/DescriptionBox.h"
 #include "screen/PictureBox.h"
-#include "screen/arrange.h"
 #include "screen/closing.h"
 #include "screen/color.h"
 #include "screen/description.h"
@@ -51,28 +50,11 @@ QFrame* NewLine(QWidget* parent, const char* name)
     return line;
 }
 
-void SetForeground(QWidget* widget, const QColor& colour)
+void SetColour(QWidget* widget, QPalette::ColorRole role, const QColor& colour)
 {
     QPalette colours = widget->palette();
-    colours.setColor(QPalette::WindowText, colour);
+    colours.setColor(role, colour);
     widget->setPalette(colours);
-}
-
-/// Title bars are painted often, and these pictures have colours of their own: they are drawn once.
-QIcon DrawnIcon(const QString& name)
-{
-    const QIcon picture = PictureIcon(name);
-    QIcon drawn;
-    for (const int sizePx : { 16, 20, 24, 32, 48, 64 })
-        drawn.addPixmap(picture.pixmap(QSize(sizePx, sizePx), 1));
-    return drawn;
-}
-
-const QIcon& DocumentIcon(bool imageFromFile)
-{
-    static const QIcon image = DrawnIcon(QStringLiteral("MDI_IMAGE"));
-    static const QIcon live = DrawnIcon(QStringLiteral("MDI_SCREEN"));
-    return imageFromFile ? image : live;
 }
 
 constexpr Qt::WindowStates kSizeStates = Qt::WindowMinimized | Qt::WindowMaximized;
@@ -108,7 +90,7 @@ void MfScreen::BuildPicture()
         return document == nullptr ? QImage() : document->Master;
     });
     PbDefGraph->hide();
-    PbGraph = new PictureBox(this, "PbGraph", [this](QSize devicePixels) { return ScreenPicture(id_, devicePixels); });
+    PbGraph = new PictureBox(this, "PbGraph", [this](QSize devicePixels) { return DrawnPicture(id_, devicePixels); });
     PbGraph->setFocusPolicy(Qt::StrongFocus);
     setFocusPolicy(Qt::ClickFocus); // a click beside the picture takes the window to the front as well
     setFocusProxy(PbGraph);
@@ -136,11 +118,14 @@ void MfScreen::BuildStatus()
     NameControl(TbStatus, QStringLiteral("TbStatus"));
     TbStatus->setReadOnly(true);
     LnStatus = NewLine(this, "LnStatus");
-    for (QWidget* control :
-        std::initializer_list<QWidget*>{ TbStatHead[0], TbStatHead[1], TbStatHead[2], TbStatus, LnStatus }) {
+    for (QWidget* control : StatusPanel())
         SetControlHelp(control, kHelpStatus);
-        control->hide();
-    }
+    HideStatus();
+}
+
+QList<QWidget*> MfScreen::StatusPanel() const
+{
+    return { TbStatHead[0], TbStatHead[1], TbStatHead[2], TbStatus, LnStatus };
 }
 
 void MfScreen::BuildWindow()
@@ -151,6 +136,8 @@ void MfScreen::BuildWindow()
     frame_.ChildArea()->addSubWindow(child_);
     connect(child_, &QMdiSubWindow::windowStateChanged, this, &MfScreen::StateChanged);
     connect(frame_.ChildArea(), &QMdiArea::subWindowActivated, this, [this](const QMdiSubWindow* active) {
+        if (unloaded_)
+            return;
         if (active == child_) {
             SetHelp(WindowIsFileImage(id_));
             ScreenActivated(id_, true);
@@ -250,6 +237,8 @@ void MfScreen::SetGraphSize(QSize size)
 
 void MfScreen::GraphChanged()
 {
+    if (const ScreenRecord* document = ScreenOf(id_))
+        PbDefGraph->resize(document->Master.size());
     PbGraph->PictureChanged();
     ShowFirst();
 }
@@ -275,7 +264,7 @@ void MfScreen::SetIcon(bool imageFromFile)
     if (imageFromFile_ == imageFromFile)
         return;
     imageFromFile_ = imageFromFile;
-    child_->setWindowIcon(DocumentIcon(imageFromFile));
+    child_->setWindowIcon(PictureIcon(imageFromFile ? QStringLiteral("MDI_IMAGE") : QStringLiteral("MDI_SCREEN")));
     SetHelp(imageFromFile);
 }
 
@@ -297,13 +286,13 @@ void MfScreen::SetColours(quint32 paper, quint32 text)
     const std::pair wanted(paper, text);
     if (std::exchange(colours_, wanted) == wanted)
         return;
-    QPalette colours = palette();
-    colours.setColor(QPalette::Window, ColorOf(paper));
-    setPalette(colours);
+    SetColour(this, QPalette::Window, ColorOf(paper));
     for (QWidget* control :
         std::initializer_list<QWidget*>{ LnDescr, LnStatus, TbStatHead[0], TbStatHead[1], TbStatHead[2] })
-        SetForeground(control, ColorOf(text));
+        SetColour(control, QPalette::WindowText, ColorOf(text));
     TbDescription->SetColours(ColorOf(paper), ColorOf(text));
+    SetColour(TbStatus, QPalette::Base, ColorOf(paper));
+    SetColour(TbStatus, QPalette::Text, ColorOf(text));
 }
 
 void MfScreen::FillStatus(const QString& date, const QString& text, const QString& time)
@@ -311,6 +300,12 @@ void MfScreen::FillStatus(const QString& date, const QString& text, const QStrin
     const std::array captions{ date, text, time };
     for (size_t at = 0; at < captions.size(); ++at)
         TbStatHead[at]->setText(captions[at]);
+}
+
+void MfScreen::HideStatus()
+{
+    for (QWidget* control : StatusPanel())
+        control->hide();
 }
 
 void MfScreen::Unload()
@@ -356,7 +351,6 @@ void MfScreen::closeEvent(QCloseEvent* event)
     if (std::exchange(unloaded_, true))
         return;
     ScreenUnloaded(id_);
-    RetileIfWished();
 }
 
 /// Kept from the area below, which has a menu of its own.

@@ -3,7 +3,7 @@
 
 #include "screen/view.h"
 
-#include <QPointer>
+#include <QList>
 #include <QWidget>
 
 #include <array>
@@ -56,6 +56,7 @@ public:
     void LayOutDescription(const DescriptionLayout& layout) override;
     void SetColours(quint32 paper, quint32 text) override;
     void FillStatus(const QString& date, const QString& text, const QString& time) override;
+    void HideStatus() override;
     void Unload() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -72,6 +73,7 @@ private:
     void BuildDescription();
     void BuildStatus();
     void BuildWindow();
+    QList<QWidget*> StatusPanel() const;
     void SetHelp(bool imageFromFile);
     void ShowFirst();
     void StateChanged(Qt::WindowStates before, Qt::WindowStates now);

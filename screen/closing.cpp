@@ -126,7 +126,12 @@ void DropWindow(WindowId id)
 
 bool ScreenMayClose(WindowId id)
 {
-    return CanAct() && CloseQuestion(id, true);
+    if (!CanAct())
+        return false;
+    BeginBusy(); // saving lets events run
+    const bool mayClose = CloseQuestion(id, true);
+    EndBusy();
+    return mayClose;
 }
 
 void ScreenUnloaded(WindowId id)

@@ -27,8 +27,15 @@ void StatusFill(WindowId id)
     const QDateTime date = record == nullptr ? QDateTime() : record->Date;
     view->FillStatus(date.isValid() ? IniDateText(date) : QString(), LngStr(kTextStatusHead),
         date.isValid() ? IniTimeText(date) : QString());
+    StatusShow(id);
     view->LayOutDescription(DescrLayout(id, view->ClientSize()));
     Filling() = false;
+}
+
+void StatusShow(WindowId id)
+{
+    if (ScreenView* view = ViewOf(id))
+        view->HideStatus();
 }
 
 void StatusColours(WindowId id)

@@ -10,6 +10,9 @@
 /// not fill it again.
 void StatusFill(WindowId id);
 
+/// Takes the panel out of sight if a form shows it.
+void StatusShow(WindowId id);
+
 /// Applies paper and text colour of the document to panel, description and window.
 void StatusColours(WindowId id);
 

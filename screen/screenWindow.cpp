@@ -49,7 +49,7 @@ bool IsMinimised(WindowId id)
     return view != nullptr && view->State() == WinStateMinimised;
 }
 
-QSize DefaultClient(WindowId id)
+QSize DefaultGraph(WindowId id)
 {
     const WindowRecord& record = WindowAt(id);
     return { record.DefaultWidth, record.DefaultHeight };
@@ -235,6 +235,12 @@ QImage ScreenPicture(WindowId id, QSize size)
     return graph;
 }
 
+QImage DrawnPicture(WindowId id, QSize devicePixels)
+{
+    const ScreenRecord* record = ScreenOf(id);
+    return record != nullptr && record->Graph.size() == devicePixels ? record->Graph : ScreenPicture(id, devicePixels);
+}
+
 void DrawScreenWindow(WindowId id)
 {
     ScreenRecord* record = ScreenOf(id);
@@ -258,7 +264,12 @@ bool AtDefaultSize(WindowId id)
 {
     const ScreenView* view = ViewOf(id);
     return WindowInUse(id) && view != nullptr && view->State() == WinStateNormal
-        && view->GraphSize() == DefaultClient(id);
+        && view->GraphSize() == DefaultGraph(id);
+}
+
+QSize DefaultClientSize(WindowId id)
+{
+    return DefaultGraph(id) + QSize(0, DescrHeight(id) + StatusHeight(id));
 }
 
 void SetDefaultSize(WindowId id)
@@ -267,12 +278,11 @@ void SetDefaultSize(WindowId id)
     if (!WindowInUse(id) || view == nullptr)
         return;
     view->SetNormal();
-    const QSize size = DefaultClient(id);
     {
         const InResize guard(id);
-        view->SetClientSize(size + QSize(0, DescrHeight(id) + StatusHeight(id)));
+        view->SetClientSize(DefaultClientSize(id));
     }
-    if (view->GraphSize() != size)
+    if (view->GraphSize() != DefaultGraph(id))
         ApplySize(id);
 }
 

@@ -57,6 +57,12 @@ void DrawScreenWindow(WindowId id); ///< nothing before the graphics are valid
 /// The document's picture in its palette, stretched to a size; null when there is no memory for it.
 QImage ScreenPicture(WindowId id, QSize size);
 
+/// The same for the window: its picture as it was drawn last, if that has the size.
+QImage DrawnPicture(WindowId id, QSize devicePixels);
+
+/// Client size of the window in which the picture is as large as in a new one, pixels: with the description below it.
+QSize DefaultClientSize(WindowId id);
+
 /// The picture is as large as in a new window. False while minimised or maximised.
 bool AtDefaultSize(WindowId id);
 void SetDefaultSize(WindowId id);

@@ -50,6 +50,7 @@ public:
     void LayOutDescription(const DescriptionLayout&) override { }
     void SetColours(quint32, quint32) override { }
     void FillStatus(const QString&, const QString&, const QString&) override { }
+    void HideStatus() override { }
     void Unload() override { }
 
 private:

@@ -43,6 +43,7 @@ public:
     virtual void LayOutDescription(const DescriptionLayout& layout) = 0;
     virtual void SetColours(quint32 paper, quint32 text) = 0; ///< 0x00BBGGRR
     virtual void FillStatus(const QString& date, const QString& text, const QString& time) = 0;
+    virtual void HideStatus() = 0;
 
     /// Closes without a question. The window is out of sight when this returns; ViewDrop follows.
     virtual void Unload() = 0;

@@ -261,6 +261,20 @@ TEST_F(Closing, ByTheUsersHandNeedsAProgramThatCanAct)
     EXPECT_TRUE(WindowInUse(id));
 }
 
+TEST_F(Closing, NoCommandRunsWhileAWindowIsSavedByTheUsersHand)
+{
+    const WindowId id = OpenModified();
+    bool couldAct = true;
+    TheScreenWindowHooks().Save = [&](WindowId) {
+        couldAct = CanAct();
+        return true;
+    };
+    Answers().Expect(12714, Yes);
+    EXPECT_TRUE(ScreenMayClose(id));
+    EXPECT_FALSE(couldAct);
+    EXPECT_TRUE(CanAct());
+}
+
 TEST_F(Closing, RetilesTheOthers)
 {
     const WindowId id = Open();

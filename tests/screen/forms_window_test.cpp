@@ -75,6 +75,7 @@ TEST_F(ScreenWindowForm, OpensInThePicturesOwnSizeAndShowsIt)
     EXPECT_EQ(WindowTable().Active, id);
     EXPECT_EQ(Shown(id), Stretch(Picture(), DevicePixels(id)));
     EXPECT_FALSE(FindControl(window, "PbDefGraph").isVisible());
+    EXPECT_EQ(FindControl(window, "PbDefGraph").size(), QSize(642, 442));
 }
 
 TEST_F(ScreenWindowForm, IsDrawnOnceWhenItOpens)
@@ -99,6 +100,31 @@ TEST_F(ScreenWindowForm, PanelOfDateAndTimeIsFilledAndNotSeen)
     EXPECT_NE(TextOf(window, "TbStatHead[2]"), "");
     for (const char* name : { "TbStatHead[0]", "TbStatHead[1]", "TbStatHead[2]", "TbStatus", "LnStatus" })
         EXPECT_FALSE(FindControl(window, QLatin1String(name)).isVisible()) << name;
+}
+
+TEST_F(ScreenWindowForm, PanelThatIsShownIsGoneWithTheNextDrawing)
+{
+    const WindowId id = Open();
+    for (const char* name : { "TbStatHead[0]", "TbStatHead[2]", "TbStatus", "LnStatus" })
+        FindControl(Window(id), QLatin1String(name)).show();
+    DrawScreenWindow(id);
+    for (const char* name : { "TbStatHead[0]", "TbStatHead[2]", "TbStatus", "LnStatus" })
+        EXPECT_FALSE(FindControl(Window(id), QLatin1String(name)).isVisible()) << name;
+}
+
+TEST_F(ScreenWindowForm, PanelAndDescriptionHaveTheColoursOfTheDocument)
+{
+    const WindowId id = Open();
+    Window(id).SetColours(0x030201, 0x060504);
+    const QColor paper(1, 2, 3);
+    const QColor text(4, 5, 6);
+    EXPECT_EQ(Window(id).palette().color(QPalette::Window), paper);
+    for (const char* name : { "TbStatus", "TbDescription" }) {
+        EXPECT_EQ(FindControl(Window(id), QLatin1String(name)).palette().color(QPalette::Base), paper) << name;
+        EXPECT_EQ(FindControl(Window(id), QLatin1String(name)).palette().color(QPalette::Text), text) << name;
+    }
+    for (const char* name : { "TbStatHead[0]", "TbStatHead[1]", "TbStatHead[2]", "LnStatus", "LnDescr" })
+        EXPECT_EQ(FindControl(Window(id), QLatin1String(name)).palette().color(QPalette::WindowText), text) << name;
 }
 
 TEST_F(ScreenWindowForm, CaptionsAreTheFilesNameOrTheTitle)
@@ -288,6 +314,25 @@ TEST_F(ScreenWindowForm, CloseBoxAsksForALiveScreen)
     Answers().Expect(12714, No);
     EXPECT_TRUE(Child(id).close());
     EXPECT_FALSE(WindowInUse(id));
+}
+
+TEST_F(ScreenWindowForm, SlotOfAClosedWindowServesANewOneAtOnce)
+{
+    const WindowId first = Open();
+    const WindowSlot slot = [first] {
+        DropWindow(first);
+        return WindowAllocate(WindowScreen, SubtypeFile);
+    }();
+    ASSERT_EQ(slot.Id, first);
+    NewDocument document;
+    document.Master = Picture();
+    ScreenCreate(slot, document);
+    EXPECT_EQ(WindowTable().Active, first);
+    EXPECT_TRUE(Window(first).isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(WindowTable().Active, first);
+    EXPECT_EQ(frame->ChildArea()->subWindowList().size(), 1);
+    EXPECT_EQ(Shown(first), Stretch(Picture(), DevicePixels(first)));
 }
 
 TEST_F(ScreenWindowForm, RefusesToCloseWhileACommandRuns)

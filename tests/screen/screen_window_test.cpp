@@ -283,6 +283,16 @@ TEST_F(ScreenWindows, WindowWithoutAPictureIsSizedAlsoWhileTheButtonIsHeld)
     EXPECT_EQ(Views[id].Client, QSize(321, 221));
 }
 
+TEST_F(ScreenWindows, WindowShowsThePictureThatWasDrawn)
+{
+    const WindowId id = Open();
+    Views[id].Client = { 321, 442 };
+    ScreenResized(id, false);
+    EXPECT_EQ(DrawnPicture(id, { 321, 221 }).constBits(), ScreenOf(id)->Graph.constBits());
+    EXPECT_EQ(DrawnPicture(id, { 642, 442 }), Picture()) << "a screen of twice the scale";
+    EXPECT_TRUE(DrawnPicture(0, { 321, 221 }).isNull());
+}
+
 TEST_F(ScreenWindows, ActivationFollowsTheWindow)
 {
     const WindowId first = Open();

@@ -96,6 +96,7 @@ public:
     {
         Status = QStringList{ date, text, time };
     }
+    void HideStatus() override { }
     void Unload() override { }
 };
 

@@ -1,8 +1,8 @@
 #include "screen/ChildWindows.h"
 
 #include "screen/fit.h"
+#include "screen/screenWindow.h"
 #include "screen/tiling.h"
-#include "screen/window.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -57,6 +57,12 @@ int TitleBarHeight(const QMdiSubWindow& child)
     return child.contentsMargins().top();
 }
 
+/// What a cascade leaves it at.
+QSize DefaultSize(const QMdiSubWindow& child)
+{
+    return DefaultClientSize(IdOf(child)).grownBy(child.contentsMargins());
+}
+
 /// The active one last.
 void Cascade(const QMdiArea& area, const Children& children)
 {
@@ -64,7 +70,7 @@ void Cascade(const QMdiArea& area, const Children& children)
     for (QMdiSubWindow* child : area.subWindowList(QMdiArea::ActivationHistoryOrder)) {
         if (!children.contains(child))
             continue;
-        child->move(CascadePlace(index++, child->size(), area.maximumViewportSize(), TitleBarHeight(*child)));
+        child->move(CascadePlace(index++, DefaultSize(*child), area.maximumViewportSize(), TitleBarHeight(*child)));
         child->raise();
     }
 }

@@ -41,7 +41,9 @@ QSize FitDragged(const FitInput& input, const Aspect& aspect, QSize client)
         std::abs(input.Graph.height() + input.DescriptionHeight + input.StatusHeight - client.height());
     if (widthChange == 0 && heightChange == 0 && (byWidth == client || byHeight == client))
         return client;
-    return widthChange > heightChange ? byWidth : byHeight;
+    const QSize fitted = widthChange > heightChange ? byWidth : byHeight;
+    const int least = std::min(kLeastDraggedWidth, input.Master.width());
+    return fitted.width() < least ? aspect.ByWidth(least) : fitted;
 }
 
 } // namespace

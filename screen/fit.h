@@ -12,6 +12,10 @@ enum Arrangement {
     ArrangeNone = 65535
 };
 
+/// Pixels. By dragging a window doesn't become narrower, unless its picture is: there would be no title bar left to
+/// take hold of.
+inline constexpr int kLeastDraggedWidth = 100;
+
 /// Pixels.
 struct FitInput {
     QSize Master; ///< picture at its own size; without one nothing is fitted

@@ -115,10 +115,23 @@ TEST(Fit, StatusHeightCountsLikeTheDescription)
 
 TEST(Fit, NothingBecomesSmallerThanAPixel)
 {
-    EXPECT_EQ(FitClient(Dragged({ 0, 442 }, kMaster)), QSize(1, 1));
-    EXPECT_EQ(FitClient(Dragged({ 642, 0 }, kMaster)), QSize(1, 1));
     EXPECT_EQ(FitClient({ kMaster, QSize(300, 10), kMaster, 141, 0, ArrangeTileHorizontally }), QSize(1, 10));
     EXPECT_EQ(FitClient({ QSize(30000, 1), QSize(10, 10), QSize(10, 10), 0, 0, ArrangeTileVertically }), QSize(10, 1));
+}
+
+TEST(Fit, DragKeepsATitleBarToTakeHoldOf)
+{
+    EXPECT_EQ(FitClient(Dragged({ 0, 442 }, kMaster)), QSize(100, 69));
+    EXPECT_EQ(FitClient(Dragged({ 642, 0 }, kMaster)), QSize(100, 69));
+    EXPECT_EQ(FitClient(Dragged({ 642, 69 }, kMaster)), QSize(100, 69));
+    EXPECT_EQ(FitClient(Dragged({ 642, 100 }, kMaster, 141)), QSize(100, 69 + 141)) << "lower than the description";
+}
+
+TEST(Fit, DragOfASmallPictureGoesDownToItsWidth)
+{
+    const QSize small(40, 20);
+    EXPECT_EQ(FitClient({ small, QSize(40, 1), small, 0, 0, ArrangeNone }), small);
+    EXPECT_EQ(FitClient({ small, QSize(60, 20), small, 0, 0, ArrangeNone }), QSize(60, 30));
 }
 
 TEST(Fit, WithoutAPictureKeepsTheSize)

@@ -171,6 +171,7 @@ TEST_F(SelectWindowForm, OffersTheCaptionsNewestFirst)
         ASSERT_EQ(list.count(), 3);
         for (int row = 0; row < 3; ++row)
             EXPECT_EQ(list.item(row)->text(), Window(ids[2 - row]).Caption());
+        EXPECT_TRUE(list.item(0)->toolTip().contains(list.item(0)->text()));
         Click(form, "BtCancel");
     });
 }
@@ -218,6 +219,21 @@ TEST_F(SelectWindowForm, DoubleClickChoosesOne)
         QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, at);
     });
     EXPECT_EQ(chosen, QVector<WindowId>{ ids[1] });
+}
+
+TEST_F(SelectWindowForm, DoubleClickThatSelectsNothingKeepsTheFormOpen)
+{
+    const auto chosen = Run([&](FmSelectWindow& form) {
+        auto& list = Find<QListWidget>(form, "LxWin");
+        const QPoint at = list.visualItemRect(list.item(1)).center();
+        Click(form, "BtClear");
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, at);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, at);
+        Q_EMIT list.itemDoubleClicked(list.item(1));
+        EXPECT_FALSE(form.IsClosed());
+        Click(form, "BtCancel");
+    });
+    EXPECT_TRUE(chosen.isEmpty());
 }
 
 TEST_F(SelectWindowForm, OpensForTheModuleAndFillsItsChoice)

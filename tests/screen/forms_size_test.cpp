@@ -74,6 +74,18 @@ TEST_F(ScreenWindowSize, KeepsTheAspectHoweverItIsDragged)
     }
 }
 
+TEST_F(ScreenWindowSize, KeepsATitleBarToTakeHoldOfHoweverItIsDragged)
+{
+    const WindowId id = Open();
+    for (const bool withDescription : { false, true }) {
+        SetDefaultSize(id);
+        DescrSetVisible(withDescription, id);
+        QCoreApplication::processEvents();
+        DragAndLetGo(id, QPoint(0, 5 - Child(id).height()));
+        EXPECT_EQ(Graph(id).size(), QSize(100, 69)) << withDescription;
+    }
+}
+
 TEST_F(ScreenWindowSize, HeightIsThatOfPictureAndDescription)
 {
     const WindowId id = Open();
@@ -144,6 +156,22 @@ TEST_F(ScreenWindowSize, CascadeLeavesEveryWindowAtItsDefaultSize)
     EXPECT_EQ(Child(ids[0]).pos(), QPoint(0, 0));
     EXPECT_GT(Child(ids[1]).y(), 0);
     EXPECT_GT(Child(ids[2]).y(), Child(ids[1]).y());
+}
+
+TEST_F(ScreenWindowSize, CascadeStandsTheSameBehindATiling)
+{
+    QVector<WindowId> ids;
+    for (int count = 0; count < 30; ++count)
+        ids.append(Open());
+    Item("MnWindowCascade").trigger();
+    QVector<QRect> places;
+    for (const WindowId id : ids)
+        places.append(Child(id).geometry());
+    EXPECT_TRUE(Area().contains(places.last()));
+    Item("MnWindowTileVert").trigger();
+    Item("MnWindowCascade").trigger();
+    for (int at = 0; at < ids.size(); ++at)
+        EXPECT_EQ(Child(ids[at]).geometry(), places[at]) << at;
 }
 
 TEST_F(ScreenWindowSize, CascadeHasTheActiveWindowInFront)
@@ -241,6 +269,21 @@ TEST_F(ScreenWindowSize, AutoTileActsOnTwoWindowsAndNotOnOne)
     EXPECT_FALSE(Item("MnWindowAutotile").isChecked());
 }
 
+TEST_F(ScreenWindowSize, ClosingAMaximisedWindowTilesTheOthers)
+{
+    const QVector<WindowId> ids{ Open(), Open(), Open(), Open() };
+    Item("MnWindowAutotile").trigger();
+    Child(ids[3]).showMaximized();
+    EXPECT_TRUE(Child(ids[3]).close()); // by its own close box
+    QCoreApplication::processEvents();
+    ExpectTiled({ ids[0], ids[1], ids[2] });
+    frame->ChildArea()->activeSubWindow()->showMaximized();
+    Item("MnWindowClose").trigger();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(WindowCount(0), 2);
+    ExpectTiled(WindowsFor(MaskAll, true));
+}
+
 TEST_F(ScreenWindowSize, HidingTheToolBarTilesAnew)
 {
     Item("MnWindowAutotile").trigger();
@@ -274,10 +317,10 @@ TEST_F(ScreenWindowSize, HundredWindowsAreTiledWithoutOverlap)
     for (int count = 0; count < kDocumentsOfType; ++count)
         ids.append(Open(SubtypeFile, Picture(QSize(128, 72))));
     Item("MnWindowTileVert").trigger();
-    for (const WindowId id : ids) {
+    ExpectTiled(ids);
+    Item("MnWindowTileHoriz").trigger();
+    for (const WindowId id : ids)
         EXPECT_EQ(Graph(id).size(), Document(id).Graph.size());
-        EXPECT_FALSE(Child(id).isMaximized());
-    }
     Item("MnWindowCascade").trigger();
     for (const WindowId id : ids)
         EXPECT_EQ(Graph(id).size(), QSize(128, 72));

@@ -16,7 +16,8 @@
 namespace {
 
 /// The largest bitmap and its header; no file of another kind that is read here needs more.
-constexpr qint64 kLargestFile = qint64{ TVIMG_MAX_PIXELS } * 4 + 0x10000;
+constexpr int kMostPixels = TVIMG_MAX_PIXELS;
+constexpr qint64 kLargestFile = qint64{ 4 } * kMostPixels + 0x10000;
 
 constexpr int16_t kPlainMode = 1;
 

@@ -76,6 +76,14 @@ void ForceColours(WindowId id)
     ColorStore(kInk, id, ColourForeground);
 }
 
+QImage DrawnPicture(const ScreenRecord& record, QSize size)
+{
+    QImage graph = Stretch(record.Master, size);
+    if (record.PalNr == PaletteBlackAndWhite)
+        ConvertToBlackAndWhite(graph);
+    return graph;
+}
+
 /// What surrounds the picture.
 void DrawRest(WindowId id, ScreenView& view)
 {
@@ -229,10 +237,7 @@ QImage ScreenPicture(WindowId id, QSize size)
     const ScreenRecord* record = ScreenOf(id);
     if (record == nullptr)
         return {};
-    QImage graph = Stretch(record->Master, size);
-    if (record->PalNr == PaletteBlackAndWhite)
-        ConvertToBlackAndWhite(graph);
-    return graph;
+    return record->Graph.size() == size ? record->Graph : DrawnPicture(*record, size);
 }
 
 QImage DrawnPicture(WindowId id, QSize devicePixels)
@@ -249,7 +254,7 @@ void DrawScreenWindow(WindowId id)
         return;
     ScreenStatus(id, kTextDrawing);
     ForceColours(id);
-    QImage graph = ScreenPicture(id, view->GraphSize());
+    QImage graph = DrawnPicture(*record, view->GraphSize());
     if (graph.isNull()) {
         DebugReport("DrawScreenWindow");
     } else {

@@ -6,6 +6,7 @@
 #include "tests/tour/instrument.h"
 #include "tests/tour/player.h"
 #include "tests/tour/results.h"
+#include "tests/tour/screenSteps.h"
 #include "tests/tour/steps.h"
 
 #include <QApplication>
@@ -74,7 +75,7 @@ int Play(const QString& pictureFolder, const QString& workFolder)
     }
     const QString shotFolder = programFolder + QStringLiteral("Screen Shots/");
     QDir::setCurrent(shotFolder); // where the file control window begins for a class without a folder of its own
-    TourPlayer player(TourSteps(pcFolder, instrument), pictureFolder);
+    TourPlayer player(TourSteps(pcFolder, workFolder + QStringLiteral("pictures/"), instrument), pictureFolder);
     ShortenTimers(player);
     player.Start();
     MfMain frame(workFolder + QStringLiteral("program"));
@@ -83,7 +84,10 @@ int Play(const QString& pictureFolder, const QString& workFolder)
     const int result = QApplication::exec();
     if (result != EXIT_SUCCESS || !player.IsDone())
         return EXIT_FAILURE;
-    return TourResultsHold(pcFolder, shotFolder, instrument) ? EXIT_SUCCESS : EXIT_FAILURE;
+    return TourResultsHold(pcFolder, shotFolder, instrument)
+            && ScreenResultsHold(workFolder + QStringLiteral("pictures/"))
+        ? EXIT_SUCCESS
+        : EXIT_FAILURE;
 }
 
 } // namespace
@@ -98,7 +102,7 @@ int main(int argc, char** argv)
     EmptyFolder(pictureFolder);
     QTemporaryDir work;
     const QString workFolder = work.path() + u'/';
-    for (const char* name : { "program", "program/Memory List", "program/Screen Shots", "home" })
+    for (const char* name : { "program", "program/Memory List", "program/Screen Shots", "home", "pictures" })
         QDir(workFolder).mkdir(QString::fromLatin1(name));
     qputenv("XDG_DATA_HOME", QFile::encodeName(workFolder + QStringLiteral("home"))); // where the trash is
     LinkProgram(workFolder + QStringLiteral("program/"));

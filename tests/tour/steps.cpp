@@ -2,6 +2,7 @@
 
 #include "tests/tour/controls.h"
 #include "tests/tour/instrument.h"
+#include "tests/tour/screenSteps.h"
 
 #include <QComboBox>
 #include <QTest>
@@ -203,18 +204,23 @@ std::vector<TourStep> LostSteps(TourInstrument& instrument)
             }),
         Step("connect", QStringLiteral("FmConnect"), ClickOn("BtCon")),
         Connected("found-again"),
-        Step("end", kFrame, [](QWidget& form) { form.close(); }),
     };
+}
+
+std::vector<TourStep> EndSteps()
+{
+    return { Step("end", kFrame, [](QWidget& form) { form.close(); }) };
 }
 
 } // namespace
 
-std::vector<TourStep> TourSteps(const QString& folder, TourInstrument& instrument)
+std::vector<TourStep> TourSteps(const QString& folder, const QString& shotFolder, TourInstrument& instrument)
 {
     std::vector<TourStep> steps;
     for (const std::vector<TourStep>& part : { FetchSteps(), EditSteps(), SaveSteps(folder), SendSteps(),
              OpenShotsSteps(), HouseSteps("LvPc", "BtPcDirNew", "BtPcRen", "BtPcDel"),
-             HouseSteps("LvInstr", "BtInstrDirNew", "BtInstrRen", "BtInstrDel"), LostSteps(instrument) })
+             HouseSteps("LvInstr", "BtInstrDirNew", "BtInstrRen", "BtInstrDel"), LostSteps(instrument),
+             ScreenSteps(shotFolder), EndSteps() })
         steps.insert(steps.end(), part.begin(), part.end());
     return steps;
 }

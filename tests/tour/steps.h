@@ -1,5 +1,6 @@
 // tests/tour/steps.h: the main job: connect, fetch the memory list, change it, sort it, save it in both forms, send it
-// back, keep house among the screen shots, and find the instrument again after it was lost.
+// back, keep house among the screen shots, find the instrument again after it was lost, and work on pictures of its
+// display.
 #pragma once
 
 #include "tests/tour/player.h"
@@ -14,5 +15,5 @@ inline constexpr const char* kTourListName = "Tour";
 /// The list that the instrument holds at the start.
 inline constexpr const char* kTourFirstList = "Marine-VHF.tvm";
 
-/// Files of the PC are in `folder`. `instrument` runs, and is stopped and started in between.
-std::vector<TourStep> TourSteps(const QString& folder, TourInstrument& instrument);
+/// Lists of the PC are in `folder`, pictures in `shotFolder`. `instrument` runs, and is stopped and started in between.
+std::vector<TourStep> TourSteps(const QString& folder, const QString& shotFolder, TourInstrument& instrument);

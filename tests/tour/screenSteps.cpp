@@ -1,0 +1,146 @@
+#include "tests/tour/screenSteps.h"
+
+#include "tests/tour/controls.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QPlainTextEdit>
+
+#include <cstdio>
+
+namespace {
+
+const QString kFrame = QStringLiteral("MfMain");
+const QString kMessage = QStringLiteral("FmMessage");
+
+using Action = std::function<void(QWidget& form)>;
+using Question = std::function<bool(QWidget& form)>;
+
+Question WindowsAre(qsizetype count)
+{
+    return [count](QWidget& frame) {
+        qsizetype shown = 0;
+        const auto windows = frame.findChildren<QWidget*>(QStringLiteral("MfScreen"));
+        for (const QWidget* window : windows)
+            shown += window->isVisible() ? 1 : 0;
+        return shown == count;
+    };
+}
+
+TourStep OnFrame(const char* picture, const char* item, qsizetype windows)
+{
+    return { QString::fromLatin1(picture), kFrame, [item](QWidget& frame) { ChooseMenu(frame, item); },
+        WindowsAre(windows) };
+}
+
+TourStep OnForm(const char* picture, const char* form, Action act)
+{
+    return { QString::fromLatin1(picture), QString::fromLatin1(form), std::move(act), [](QWidget&) { return true; } };
+}
+
+TourStep ChooseFile(const char* dialog, const QString& path)
+{
+    return OnForm("", dialog, [path](QWidget& form) { Choose(form, path); });
+}
+
+TourStep ClickOn(const char* picture, const char* form, const char* button)
+{
+    return OnForm(picture, form, [button](QWidget& box) { Click(box, button); });
+}
+
+QString Saved(const QString& folder, const char* extension)
+{
+    return folder + QString::fromLatin1(kTourPicture) + u'.' + QString::fromLatin1(extension);
+}
+
+void Describe(QWidget& frame)
+{
+    Control<QPlainTextEdit>(frame, QStringLiteral("TbDescription"))
+        .setPlainText(QStringLiteral("Channel 16, harbour office.\nStrong carrier beside the distress frequency."));
+}
+
+std::vector<TourStep> CaptureSteps()
+{
+    return {
+        OnFrame("", "MnInstrDispSc", 0),
+        OnFrame("captured", "MnViewDescription", 1),
+        { QString(), kFrame, Describe, WindowsAre(1) },
+        OnFrame("described", "MnInstrDispSc", 1),
+        OnFrame("captured-again", "MnOptionsColor", 2),
+        ClickOn("", "FmPalette", "OpPalette[1]"),
+        ClickOn("black-and-white", "FmPalette", "BtClose"),
+        OnFrame("", "MnWindowTileHoriz", 2),
+        OnFrame("tiled-horizontally", "MnWindowTileVert", 2),
+        OnFrame("tiled-vertically", "MnWindowCascade", 2),
+    };
+}
+
+/// The four formats of the active window, then the questions of closing: the other one was never saved.
+std::vector<TourStep> SaveSteps(const QString& folder)
+{
+    std::vector<TourStep> steps{ OnFrame("cascaded", "MnFileSaveAs", 2) };
+    for (const char* extension : { "png", "bmp", "pcx", "wmf" }) {
+        steps.push_back(ChooseFile("SaveDialog", Saved(folder, extension)));
+        const bool isLast = QLatin1String(extension) == QLatin1String("wmf");
+        steps.push_back(OnFrame("", isLast ? "MnOptionsColor" : "MnFileSaveAs", 2));
+    }
+    // A picture that is opened begins with the palette chosen last.
+    steps.push_back(ClickOn("", "FmPalette", "OpPalette[0]"));
+    steps.push_back(ClickOn("colour-again", "FmPalette", "BtClose"));
+    steps.push_back(OnFrame("", "MnWindowCloseAll", 2));
+    steps.push_back(ClickOn("unsaved", "FmMessage", "BtNo"));
+    return steps;
+}
+
+std::vector<TourStep> ConvertSteps(const QString& folder)
+{
+    const QString batch = u'"' + Saved(folder, "bmp") + QStringLiteral("\" \"") + Saved(folder, "pcx") + u'"';
+    return {
+        OnFrame("closed", "MnFileOpen", 0),
+        ChooseFile("OpenDialog", Saved(folder, "wmf")),
+        OnFrame("picture-opened", "MnFileTvConvert", 1),
+        ChooseFile("OpenDialog", batch),
+        OnForm("convert", "FmFileConvert",
+            [folder](QWidget& form) {
+                auto& type = Control<QComboBox>(form, QStringLiteral("CbType"));
+                type.setCurrentText(QStringLiteral("PNG picture"));
+                Type(form, "TbDir", folder + QString::fromLatin1(kTourConverted));
+                Click(form, "BtClose");
+            }),
+        // Both sources have the same base name: the second one asks.
+        ClickOn("convert-existing", "FmMessage", "BtYes"),
+        OnFrame("converted", "MnWindowCloseAll", 1),
+    };
+}
+
+bool Require(bool condition, const QString& what)
+{
+    if (!condition)
+        std::fprintf(stderr, "the tour went wrong: %s\n", qPrintable(what));
+    return condition;
+}
+
+} // namespace
+
+std::vector<TourStep> ScreenSteps(const QString& folder)
+{
+    std::vector<TourStep> steps;
+    for (const std::vector<TourStep>& part : { CaptureSteps(), SaveSteps(folder), ConvertSteps(folder) })
+        steps.insert(steps.end(), part.begin(), part.end());
+    return steps;
+}
+
+bool ScreenResultsHold(const QString& folder)
+{
+    const QImage png = QImage(Saved(folder, "png")).convertToFormat(QImage::Format_RGB32);
+    const QImage bitmap = QImage(Saved(folder, "bmp")).convertToFormat(QImage::Format_RGB32);
+    const QImage converted = QImage(folder + QString::fromLatin1(kTourConverted) + u'/'
+        + QString::fromLatin1(kTourPicture) + QStringLiteral(".png"))
+                                 .convertToFormat(QImage::Format_RGB32);
+    return Require(!png.isNull() && png.allGray(), QStringLiteral("the saved picture is not grey"))
+        && Require(png == bitmap, QStringLiteral("PNG and bitmap differ"))
+        && Require(png == converted, QStringLiteral("the converted picture differs"))
+        && Require(QFile::exists(Saved(folder, "wmf")), QStringLiteral("no metafile"));
+}

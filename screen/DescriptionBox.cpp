@@ -5,17 +5,35 @@
 
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
+
+#include <algorithm>
 
 namespace {
 
-/// As the box tells its own text.
-QString WithLineFeeds(QString text)
-{
-    return text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-}
+/// Where the lines stand: as everywhere else, whatever fonts are in them.
+class BoxLayout final : public QPlainTextDocumentLayout {
+public:
+    using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
+
+    /// The last one is told a pixel less: the box leaves one at its edge unused, and would scroll for it.
+    QRectF blockBoundingRect(const QTextBlock& block) const override
+    {
+        QRectF place = QPlainTextDocumentLayout::blockBoundingRect(block); // lays it out where needed
+        if (!block.isValid())
+            return place;
+        const QFont font = document()->defaultFont();
+        DescriptionPlaceLines(*block.layout(), font);
+        const int height = block.layout()->lineCount() * DescriptionPitch(font);
+        place.setHeight(block.next().isValid() ? height : height - 1);
+        return place;
+    }
+};
 
 } // namespace
 
@@ -26,27 +44,82 @@ DescriptionBox::DescriptionBox(QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     setTabChangesFocus(true);
     setAcceptDrops(false); // a file that is dropped here is the frame's
-    document()->setDocumentMargin(0);
-    connect(this, &QPlainTextEdit::textChanged, this, [this] { Q_EMIT Edited(toPlainText()); });
+    auto* text = new QTextDocument(this);
+    text->setDocumentLayout(new BoxLayout(text));
+    text->setDocumentMargin(0);
+    setDocument(text);
+    text->setDefaultTextOption(DescriptionBreaks());
+    connect(this, &QPlainTextEdit::textChanged, this, &DescriptionBox::Change);
+}
+
+/// Not what toPlainText tells: it turns blanks at which no line breaks into others.
+QString DescriptionBox::Text() const
+{
+    return document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
 }
 
 void DescriptionBox::SetText(const QString& text)
 {
-    const QString lines = WithLineFeeds(text);
-    if (toPlainText() == lines)
+    const QString plain = DescriptionPlain(text);
+    if (Text() == plain)
         return;
     const QSignalBlocker silence(this);
-    setPlainText(lines);
+    if (answering_)
+        Replace(plain);
+    else
+        setPlainText(plain);
     moveCursor(QTextCursor::End);
+}
+
+void DescriptionBox::Change()
+{
+    Tidy();
+    const QScopedValueRollback<bool> answering(answering_, true);
+    Q_EMIT Edited(Text());
+}
+
+/// A line end or a control character can be typed, pasted and composed in many ways.
+void DescriptionBox::Tidy()
+{
+    const QString text = Text();
+    const QString plain = DescriptionPlain(text);
+    if (text == plain)
+        return;
+    const QSignalBlocker silence(this);
+    QTextCursor cursor(document());
+    cursor.joinPreviousEditBlock();
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (text[at] == plain[at])
+            continue;
+        cursor.setPosition(static_cast<int>(at));
+        cursor.setPosition(static_cast<int>(at + 1), QTextCursor::KeepAnchor);
+        cursor.insertText(plain.mid(at, 1));
+    }
+    cursor.endEditBlock();
+}
+
+/// Together with what was typed this is one step of undoing.
+void DescriptionBox::Replace(const QString& text)
+{
+    const QString held = Text();
+    const auto different = std::mismatch(held.cbegin(), held.cend(), text.cbegin(), text.cend()).first;
+    const qsizetype same = different - held.cbegin();
+    QTextCursor cursor(document());
+    cursor.joinPreviousEditBlock();
+    cursor.setPosition(static_cast<int>(same));
+    cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    cursor.insertText(text.mid(same));
+    cursor.endEditBlock();
 }
 
 void DescriptionBox::SetPlace(const QRect& place, const QFont& font)
 {
     if (this->font() != font)
         setFont(font);
+    if (place.width() != width())
+        document()->clearUndoRedoStacks(); // what fitted at the former width need not fit at this one
     setGeometry(place);
     verticalScrollBar()->setValue(0); // a line that was typed below the edge had scrolled it
 }
@@ -75,7 +148,8 @@ void DescriptionBox::wheelEvent(QWheelEvent* event)
     event->ignore(); // all of it is seen
 }
 
+/// Of more text than fits in any case, the rest is not even looked at.
 void DescriptionBox::insertFromMimeData(const QMimeData* source)
 {
-    insertPlainText(WithLineFeeds(DescrNormalised(source->text())));
+    insertPlainText(DescriptionPlain(source->text().left(kDescriptionMostLaidOut)));
 }

@@ -3,16 +3,20 @@
 
 #include <QPlainTextEdit>
 
-/// A box without frame and bars, as large as its text, that wraps at its width.
+/// A box without frame and bars, as large as its text, whose lines are those of descriptionText.h.
 class DescriptionBox final : public QPlainTextEdit {
     Q_OBJECT
 public:
     explicit DescriptionBox(QWidget* parent);
 
-    /// Another text, with the caret behind it. No `Edited`.
+    /// Lines parted by "\n".
+    QString Text() const;
+
+    /// Another text, with the caret behind it. No `Edited`. As an answer to `Edited` it is one step of undoing with
+    /// what was typed; else what was typed before can't be undone any more.
     void SetText(const QString& text);
 
-    /// Place, and the font whose blank is a column wide.
+    /// Place, and the font whose blank is a column wide. What was typed at another width can't be undone any more.
     void SetPlace(const QRect& place, const QFont& font);
 
     void SetColours(const QColor& paper, const QColor& text);
@@ -24,4 +28,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
+
+private:
+    void Change();
+    void Tidy();
+    void Replace(const QString& text);
+
+    bool answering_ = false; ///< what SetText sets is an answer to what was typed
 };

@@ -4,6 +4,7 @@
 #include "app/commands.h"
 #include "app/menu.h"
 #include "app/project.h"
+#include "app/statusBar.h"
 #include "link/controlGeneral.h"
 #include "screen/ChildWindows.h"
 #include "screen/FmDescription.h"
@@ -118,6 +119,7 @@ void DescriptionDialog()
         return;
     FmDescription form(id, QApplication::activeWindow());
     DialogShow(form);
+    StatusClear();
 }
 
 void BindCommands()

@@ -4,29 +4,20 @@
 #include "screen/description.h"
 #include "screen/screenStatus.h"
 
-#include <QFontMetrics>
 #include <QPainter>
-
-#include <algorithm>
 
 namespace {
 
-/// At `top` the line that parts it from what is above, then the text, in the same place as in the window.
-void PaintDescription(QPainter& painter, WindowId id, int width, int top)
+/// The line that parts it from what is above, then the text, in the same place as in a window of the picture's size.
+void PaintDescription(QPainter& painter, WindowId id, QSize whole)
 {
-    QFont font = DescrFont(WindowTypeOf(id));
-    font.setStyleStrategy(QFont::NoSubpixelAntialias); // coloured edges are for the screen that they were made for
-    const QFontMetrics metrics(font);
-    const int left = std::max((width - DescrWidth(id)) / 2, 0);
+    const DescriptionLayout place = DescrLayout(id, whole);
+    if (!place.Visible)
+        return;
     painter.setPen(ColorOf(TextColor(id)));
-    painter.drawLine(0, top, width - 1, top);
-    painter.setFont(font);
-    int baseline = top + 1 + metrics.ascent();
-    const QStringList lines = DescrLines(WindowAt(id).Description, id);
-    for (const QString& line : lines) {
-        painter.drawText(left, baseline, line);
-        baseline += metrics.height();
-    }
+    painter.drawLine(0, place.LineTop, whole.width() - 1, place.LineTop);
+    painter.setClipRect(place.Text);
+    DescrLaidOut(WindowAt(id).Description, id).Paint(painter, place.Text.topLeft());
 }
 
 } // namespace
@@ -47,6 +38,7 @@ QImage ComposeWindow(WindowId id)
     whole.fill(ColorOf(PaperColor(id)));
     QPainter painter(&whole);
     painter.drawImage(0, 0, graph);
-    PaintDescription(painter, id, graph.width(), graph.height() + StatusCompose(id, whole, PaperColor(id)));
+    StatusCompose(id, whole, PaperColor(id));
+    PaintDescription(painter, id, whole.size());
     return whole;
 }

@@ -4,7 +4,6 @@
 #include "app/project.h"
 
 #include <QFontMetrics>
-#include <QTextLayout>
 #include <QtMath>
 
 #include <algorithm>
@@ -18,26 +17,11 @@ const QString kLineEnd = QStringLiteral("\r\n");
 constexpr int kFontPixels = 12;
 constexpr int kSeparatorHeight = 1;
 
-/// Lines of one paragraph, which holds no line end.
-QStringList WrapParagraph(const QString& paragraph, const QFont& font, int width)
+QString WithoutBlanksAtEnd(QString text)
 {
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    QTextLayout layout(paragraph, font);
-    layout.setTextOption(option);
-    QStringList lines;
-    layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        lines.append(paragraph.mid(line.textStart(), line.textLength()));
-    }
-    layout.endLayout();
-    return lines.isEmpty() ? QStringList{ QString() } : lines;
-}
-
-QString WithLineFeeds(QString text)
-{
-    return text.replace(kLineEnd, QStringLiteral("\n")).replace(u'\r', u'\n').replace(QChar::ParagraphSeparator, u'\n');
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
 }
 
 } // namespace
@@ -99,6 +83,7 @@ QFont DescrFont(qint16 windowType)
     font.setStyleHint(QFont::TypeWriter);
     font.setFixedPitch(true);
     font.setPixelSize(kFontPixels);
+    font.setStyleStrategy(QFont::NoSubpixelAntialias);
     font.setBold(windowType == WindowScreen);
     return font;
 }
@@ -113,23 +98,22 @@ int DescrWidth(WindowId id)
 
 int DescrLineHeight(WindowId id)
 {
-    return QFontMetrics(DescrFont(WindowTypeOf(id))).height();
+    return DescriptionPitch(DescrFont(WindowTypeOf(id)));
+}
+
+DescriptionText DescrLaidOut(const QString& text, WindowId id)
+{
+    return { DescriptionPlain(text), DescrFont(WindowTypeOf(id)), DescrWidth(id) };
 }
 
 QStringList DescrLines(const QString& text, WindowId id)
 {
-    const QFont font = DescrFont(WindowTypeOf(id));
-    const int width = DescrWidth(id);
-    QStringList lines;
-    const QStringList paragraphs = WithLineFeeds(text).split(u'\n');
-    for (const QString& paragraph : paragraphs)
-        lines.append(WrapParagraph(paragraph, font, width));
-    return lines;
+    return DescrLaidOut(text, id).Lines();
 }
 
 int DescrLineCount(WindowId id)
 {
-    return WindowInUse(id) ? static_cast<int>(DescrLines(WindowAt(id).Description, id).size()) : 0;
+    return WindowInUse(id) ? DescrLaidOut(WindowAt(id).Description, id).LineCount() : 0;
 }
 
 int DescrHeight(WindowId id)
@@ -140,11 +124,12 @@ int DescrHeight(WindowId id)
 DescriptionLayout DescrLayout(WindowId id, QSize client)
 {
     const int height = DescrHeight(id);
-    if (height == 0)
-        return { false, QRect(0, client.height(), client.width(), 0), client.height() };
     const int width = DescrWidth(id);
+    if (height == 0)
+        return { false, QRect(0, client.height(), width, 0), client.height() };
     const int lineTop = client.height() - height;
-    const QRect text((client.width() - width) / 2, lineTop + kSeparatorHeight, width, height - kSeparatorHeight);
+    const int left = std::max((client.width() - width) / 2, 0);
+    const QRect text(left, lineTop + kSeparatorHeight, width, height - kSeparatorHeight);
     return { true, text, lineTop };
 }
 
@@ -163,17 +148,13 @@ QString DescrFit(const QString& text, int columns)
 
 QString DescrNormalised(const QString& text)
 {
-    QString result;
-    const QString lines = WithLineFeeds(text);
-    for (const QChar character : lines) {
-        if (character == u'\n')
-            result += kLineEnd;
-        else if (character.category() == QChar::Other_Control)
-            result += u' ';
-        else
-            result += character;
-    }
-    while (result.endsWith(u' '))
-        result.chop(1);
-    return result;
+    return WithoutBlanksAtEnd(DescriptionPlain(text).replace(u'\n', kLineEnd));
+}
+
+QString DescrStored(const QString& text)
+{
+    QString held = DescrNormalised(text).left(kDescriptionLength);
+    if (held.endsWith(u'\r') || (!held.isEmpty() && held.back().isHighSurrogate())) // half of what the end has cut
+        held.chop(1);
+    return WithoutBlanksAtEnd(held);
 }

@@ -2,6 +2,7 @@
 // it is in descriptionEdit.h.
 #pragma once
 
+#include "screen/descriptionText.h"
 #include "screen/view.h"
 
 #include <QFont>
@@ -20,6 +21,10 @@ void DescrSaveSettings(const QString& iniFile);
 
 inline constexpr int kDescriptionLines = 10;
 
+/// No text of more characters fits into the lines, unless by characters that are not seen, whose tail is lost anyway:
+/// what is beyond need not be looked at.
+inline constexpr int kDescriptionMostLaidOut = 4 * kDescriptionLength;
+
 /// Columns that a description may have, both ends included, and what it has at first. All 0 for a type without one.
 struct DescriptionColumns {
     int Default = 0;
@@ -35,15 +40,17 @@ DescriptionColumns DescrColumnsOf(qint16 windowType);
 bool DescrVisible(WindowId id);
 
 /// Font of the block: 9 points at 96 pixels an inch, so that a text wraps alike on every screen and in a saved picture;
-/// bold on a screen window.
+/// bold on a screen window. Without coloured edges, which are for the screen that they were made for.
 QFont DescrFont(qint16 windowType);
 
 /// Width of the text of a window's columns, and height of one line, in pixels.
 int DescrWidth(WindowId id);
 int DescrLineHeight(WindowId id);
 
-/// The lines of `text` as the block of a window shows them: broken by word where a line has a place for it, else
-/// anywhere. An empty text is one line. Line ends may be "\r\n" or "\n"; none are in the result.
+/// `text` as the block of a window shows it. Any line ends.
+DescriptionText DescrLaidOut(const QString& text, WindowId id);
+
+/// Its lines: see DescriptionText::Lines.
 QStringList DescrLines(const QString& text, WindowId id);
 
 /// Number of lines of the window's text.
@@ -52,12 +59,17 @@ int DescrLineCount(WindowId id);
 /// Height of the block with its line above, in pixels; 0 while it is not visible.
 int DescrHeight(WindowId id);
 
-/// Where the block stands in a window of this client size; below its bottom edge while not visible.
+/// Where the block stands in a window of this client size, and in a picture of that size: in the middle, or from the
+/// left edge on where it is wider, so that its lines are seen from their beginning. Below the bottom edge while not
+/// visible.
 DescriptionLayout DescrLayout(WindowId id, QSize client);
 
 /// Cuts a text to ten lines of `columns` characters. A line ends at each "\r\n", and at each position that is the
 /// columns times the number of the line: positions count from the start of the text, over line ends too.
 QString DescrFit(const QString& text, int columns);
 
-/// A text as the record holds it: lines parted by "\r\n", no other control characters, no blanks at the end.
+/// A text in the form of the record: lines parted by "\r\n", no other control characters, no blanks at the end.
 QString DescrNormalised(const QString& text);
+
+/// The same as the record holds it: what is beyond kDescriptionLength is lost.
+QString DescrStored(const QString& text);

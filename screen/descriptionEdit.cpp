@@ -29,23 +29,23 @@ void ShowText(WindowId id)
 /// The first ten lines of a text as the window shows it.
 QString TenLines(const QString& text, WindowId id)
 {
-    QString kept = text;
-    while (DescrLines(kept, id).size() > kDescriptionLines) {
-        const QStringList lines = DescrLines(kept, id);
-        kept.chop(std::max<qsizetype>(lines.last().size(), 1));
-        if (lines.last().isEmpty() && kept.endsWith(u'\r'))
-            kept.chop(1);
-    }
-    return kept;
+    return DescrLaidOut(text.left(kDescriptionMostLaidOut), id).FirstLines(kDescriptionLines);
 }
 
 /// A text that has more lines than there may be, cut by the rule; what the rule leaves can still break into more lines,
 /// as it counts characters and not words.
 QString Fitted(const QString& text, WindowId id)
 {
-    if (DescrLines(text, id).size() <= kDescriptionLines)
+    if (DescrLaidOut(text, id).LineCount() <= kDescriptionLines)
         return text;
     return TenLines(DescrFit(text, WindowAt(id).DescriptionColumns), id);
+}
+
+/// What a window is told to hold, and shows from now on.
+void Hold(WindowId id, const QString& text)
+{
+    WindowAt(id).Description = DescrStored(text);
+    ShowText(id);
 }
 
 /// The picture fills what the description leaves.
@@ -89,13 +89,15 @@ void DescrTextChanged(WindowId id, const QString& text)
     if (Storing() || !WindowInUse(id))
         return;
     WindowRecord& record = WindowAt(id);
-    if (DescrLines(text, id).size() > kDescriptionLines) {
+    if (DescrLaidOut(text.left(kDescriptionMostLaidOut), id).LineCount() > kDescriptionLines) {
         ShowText(id);
         return;
     }
-    const QString stored = DescrNormalised(text).left(kDescriptionLength);
+    const QString stored = DescrStored(text);
     record.Modified = record.Modified || stored != record.Description;
     record.Description = stored;
+    if (stored != DescrNormalised(text))
+        ShowText(id); // without the tail that is lost
     DescrResize(id);
     if (ScreenView* view = ViewOf(id))
         RefitPicture(id, *view);
@@ -105,13 +107,11 @@ bool DescrSetText(WindowId id, const QString& text)
 {
     if (!WindowInUse(id))
         return false;
-    const QString wished = DescrNormalised(text);
-    WindowAt(id).Description = DescrNormalised(TenLines(wished, id)).left(kDescriptionLength);
-    ShowText(id);
+    Hold(id, TenLines(text, id));
     DescrResize(id);
     if (ScreenView* view = ViewOf(id))
         RefitPicture(id, *view);
-    return WindowAt(id).Description == wished;
+    return WindowAt(id).Description == DescrNormalised(text);
 }
 
 void DescrResize(WindowId id)
@@ -134,7 +134,7 @@ void DescrResize(WindowId id)
 
 DescriptionChoice::DescriptionChoice(WindowId id)
     : id_(id)
-    , columns_(WindowInUse(id) ? WindowAt(id).DescriptionColumns : 0)
+    , columns_(WindowInUse(id) ? WindowAt(id).DescriptionColumns : qint16(0))
     , text_(WindowInUse(id) ? WindowAt(id).Description : QString())
     , modified_(WindowIsModified(id))
 {
@@ -158,24 +158,27 @@ bool DescriptionChoice::Apply(const QString& typed)
         MsgOkNum2(kTextOutOfRange, limits.Most, limits.Least);
         return false;
     }
-    Store(columns);
+    if (WindowInUse(id_)) {
+        WindowAt(id_).DescriptionColumns = static_cast<qint16>(columns);
+        Show(Fitted(text_, id_));
+    }
     return true;
 }
 
 void DescriptionChoice::Cancel()
 {
-    Store(columns_);
-}
-
-void DescriptionChoice::Store(int columns)
-{
     if (!WindowInUse(id_))
         return;
+    WindowAt(id_).DescriptionColumns = columns_;
+    Show(text_);
+}
+
+/// At the columns that the window has now.
+void DescriptionChoice::Show(const QString& text)
+{
+    Hold(id_, text);
     WindowRecord& record = WindowAt(id_);
-    record.DescriptionColumns = static_cast<qint16>(columns);
-    record.Description = DescrNormalised(Fitted(text_, id_));
     record.Modified = modified_ || record.Description != text_;
-    ShowText(id_);
     DescrResize(id_);
     ApplySize(id_);
 }

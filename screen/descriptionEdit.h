@@ -9,10 +9,11 @@ void DescrSetVisible(bool visible, WindowId id);
 void DescrToggle(WindowId id);
 
 /// The user has typed: `text` is what the control holds now. An eleventh line is taken back without a word; all else is
-/// stored, and the window is as high as the text then asks for.
+/// stored as far as there is room, and the window is as high as the text then asks for.
 void DescrTextChanged(WindowId id, const QString& text);
 
-/// Puts a text into a window, as a user would type it. False if more than ten lines of it had to be left out.
+/// Puts a text into a window, as a user would type it. False if some of it had to be left out: more than ten lines, or
+/// more characters than a description holds.
 bool DescrSetText(WindowId id, const QString& text);
 
 /// The window as high as picture and description ask for; nothing while it is maximised or minimised.
@@ -34,10 +35,10 @@ public:
     void Cancel();
 
 private:
-    void Store(int columns);
+    void Show(const QString& text);
 
     WindowId id_;
-    int columns_;
+    qint16 columns_;
     QString text_;
     bool modified_;
 };

@@ -162,6 +162,15 @@ TEST_F(DescriptionEditing, TailOfAVeryLongTextIsLost)
     const QString blanks(1000, u' ');
     DescrTextChanged(id_, QStringLiteral("a") + blanks + QString(90, u'b') + u'\n' + QString(40, u'c'));
     EXPECT_EQ(Record().Description.size(), 1120);
+    EXPECT_EQ(Views[id_].Description, Record().Description) << "no more is shown than is kept";
+}
+
+TEST_F(DescriptionEditing, TextThatIsKeptWholeIsLeftToTheControl)
+{
+    Views[id_].Description = QStringLiteral("what the control holds");
+    DescrTextChanged(id_, QStringLiteral("a  ") + QString(2000, u' '));
+    EXPECT_EQ(Record().Description, QStringLiteral("a"));
+    EXPECT_EQ(Views[id_].Description, QStringLiteral("what the control holds"));
 }
 
 TEST_F(DescriptionEditing, BlanksAtTheEndAreNotKept)
@@ -208,6 +217,26 @@ TEST_F(DescriptionEditing, WholeTextIsSetAtOnce)
     EXPECT_FALSE(DescrSetText(id_, Lines(12)));
     EXPECT_EQ(Record().Description, Stored(Lines(10)));
     ExpectWindowIsPictureAndDescription();
+}
+
+TEST_F(DescriptionEditing, WholeTextKeepsItsFirstTenLinesHoweverLongItIs)
+{
+    EXPECT_FALSE(DescrSetText(id_, Lines(100000)));
+    EXPECT_EQ(Record().Description, Stored(Lines(10)));
+    EXPECT_FALSE(DescrSetText(id_, QString(5000000, u'x')));
+    EXPECT_EQ(Record().Description, QString(700, u'x'));
+    EXPECT_TRUE(DescrSetText(id_, QStringLiteral("a   ")));
+    EXPECT_EQ(Record().Description, QStringLiteral("a"));
+}
+
+TEST_F(DescriptionEditing, TenLinesOfWordsAreCutBehindTheTenth)
+{
+    QString text;
+    for (int word = 0; word < 30; ++word)
+        text += QString(33, QChar(u'a' + word % 26)) + u' ';
+    EXPECT_FALSE(DescrSetText(id_, text));
+    EXPECT_EQ(DescrLineCount(id_), 10);
+    EXPECT_EQ(Record().Description, text.left(20 * 34 - 1));
 }
 
 TEST_F(DescriptionEditing, NarrowerColumnsCutTheText)

@@ -135,11 +135,15 @@ TEST_F(Descriptions, StandInTheMiddleAboveTheBottom)
     EXPECT_EQ(layout.LineTop, 500 - 2 * line - 1);
 }
 
-TEST_F(Descriptions, StickOutOfANarrowWindowOnBothSides)
+TEST_F(Descriptions, BeginAtTheEdgeOfANarrowWindow)
 {
     const WindowId id = Shown({});
     const int width = DescrWidth(id);
-    EXPECT_EQ(DescrLayout(id, { width - 100, 500 }).Text.left(), -50);
+    EXPECT_EQ(DescrLayout(id, { width + 1, 500 }).Text.left(), 0);
+    EXPECT_EQ(DescrLayout(id, { width - 1, 500 }).Text.left(), 0);
+    const QRect text = DescrLayout(id, { width - 100, 500 }).Text;
+    EXPECT_EQ(text.left(), 0);
+    EXPECT_EQ(text.width(), width);
 }
 
 TEST_F(Descriptions, StandOutOfViewWhileHidden)
@@ -182,4 +186,32 @@ TEST_F(Descriptions, AreKeptWithoutBlanksAtTheEndAndWithoutControlCharacters)
     EXPECT_EQ(DescrNormalised(QStringLiteral(" a\tb\n \nc  ")), QStringLiteral(" a b\r\n \r\nc"));
     EXPECT_EQ(DescrNormalised(QStringLiteral("a\r\nb\rc\n")), QStringLiteral("a\r\nb\r\nc\r\n"));
     EXPECT_EQ(DescrNormalised(QStringLiteral("\x01")), QString());
+}
+
+TEST_F(Descriptions, HoldWhatTheirRecordHasRoomFor)
+{
+    const QString full = Letters(kDescriptionLength);
+    EXPECT_EQ(DescrStored(full), full);
+    EXPECT_EQ(DescrStored(full + u'y'), full);
+    EXPECT_EQ(DescrStored(Letters(1000) + QString(500, u' ') + u'y'), Letters(1000)) << "blanks at the new end go too";
+    EXPECT_EQ(DescrStored(u'\n' + Letters(kDescriptionLength)).size(), kDescriptionLength) << "a line end is two";
+}
+
+TEST_F(Descriptions, AreNotCutInTheMiddleOfACharacter)
+{
+    const QString almost = Letters(kDescriptionLength - 1);
+    EXPECT_EQ(DescrStored(almost + QStringLiteral("\nx")), almost);
+    EXPECT_EQ(DescrStored(almost + QStringLiteral("\U0001f4e1")), almost);
+}
+
+TEST_F(Descriptions, FitCountsAPositionThatIsBothOnce)
+{
+    // The line end at position 40 is the end of the first line by columns as well.
+    const QString text = Letters(39) + QStringLiteral("\r\n") + Letters(500);
+    EXPECT_EQ(DescrFit(text, 40).size(), 400);
+    // By nine line ends the tenth is reached; it ends where the columns say, at a line end, or not at all.
+    const QString nine = QStringLiteral("\r\n").repeated(9);
+    EXPECT_EQ(DescrFit(nine + Letters(800), 40).size(), 400);
+    EXPECT_EQ(DescrFit(nine + QStringLiteral("a\r\n"), 40), nine + u'a');
+    EXPECT_EQ(DescrFit(nine + QStringLiteral("a"), 40), nine + u'a');
 }

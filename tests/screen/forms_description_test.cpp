@@ -1,42 +1,49 @@
-// The description in its window: typing, wrapping, what is copied, and the form of its width.
+// The description in its window: typing, wrapping, undoing, and that it is saved as it is shown.
 #include "app/lang.h"
-#include "screen/FmDescription.h"
 #include "screen/compose.h"
-#include "screen/description.h"
-#include "screen/descriptionEdit.h"
-#include "tests/screen/screenForms.h"
+#include "tests/screen/descriptionForms.h"
 
-#include <QApplication>
 #include <QClipboard>
+#include <QElapsedTimer>
+#include <QInputMethodEvent>
 #include <QMimeData>
 #include <QRandomGenerator>
-#include <QTextBlock>
-#include <QTextLayout>
+#include <QScrollBar>
 
 namespace {
 
-class DescriptionInWindow : public ScreenForms {
+class DescriptionInWindow : public DescriptionForms {
 protected:
-    WindowId OpenWithDescription(const QString& text = {})
+    /// Texts whose lines, heights and directions are out of the ordinary.
+    static QStringList TextsOfAllKinds()
     {
-        const WindowId id = Open();
-        DescrSetVisible(true, id);
-        DescrSetText(id, text);
-        Description(id).setFocus();
-        return id;
+        const QString narrow = QStringLiteral("station 7");
+        const QString lent = QStringLiteral("\u0474\u02f0 from other fonts\r\nabove \u0474\u02f0\r\n\u0474\u02f0");
+        const QString unbroken = QString(69, u'x') + u'\u00a0' + QString(69, u'y');
+        return { narrow, lent, QStringLiteral("wide \u6a5f\u5668 letters\r\nand \u6a5f\r\nbelow"), unbroken,
+            QStringLiteral(
+                "\u05ea\u05d7\u05e0\u05d4 7\r\nleft \u05ea\u05d7\u05e0\u05d4 right\r\n\u0645\u062d\u0637\u0629"),
+            QStringLiteral("e\u0301a\u0308o\u0323\u0302\u0301 marks\r\nn\u0303"),
+            QString(68, u'x') + QStringLiteral("soft\u00adly broken"), QStringLiteral("antenna \U0001f4e1 up\r\nbelow"),
+            QStringLiteral("a\u2028b\u2028\r\nc\u200bd\u2060e\u200d"),
+            QStringLiteral("   indented\r\n\r\n      more ") + QString(90, u' ') + u'z',
+            QStringLiteral("right \u202eto left\u202c again\r\nlast"),
+            QStringLiteral("object \ufffc, and \ufdd0none") };
     }
 
-    /// The lines that the box shows.
-    static QStringList Shown(const DescriptionBox& box)
+    void ExpectComposedAsShown(WindowId id)
     {
-        QStringList lines;
-        for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next()) {
-            for (int at = 0; at < block.layout()->lineCount(); ++at) {
-                const QTextLine line = block.layout()->lineAt(at);
-                lines.append(block.text().mid(line.textStart(), line.textLength()));
-            }
-        }
-        return lines;
+        const DescriptionBox& box = Description(id);
+        const QString text = WindowAt(id).Description;
+        EXPECT_EQ(Shown(box), DescrLines(text, id)) << text.toStdString();
+        EXPECT_EQ(box.verticalScrollBar()->maximum(), 0) << text.toStdString();
+        if (box.devicePixelRatioF() != 1)
+            return;
+        const QRect seen = box.geometry() & Window(id).rect();
+        const QRect part = seen.translated(-box.pos());
+        const QImage shown = Description(id).grab(part).toImage().convertToFormat(QImage::Format_RGB32);
+        const QImage composed = ComposeWindow(id).copy(seen);
+        EXPECT_TRUE(shown == composed) << text.toStdString();
     }
 
     static QString RandomText(QRandomGenerator& random)
@@ -48,24 +55,6 @@ protected:
             text += kCharacters[random.bounded(static_cast<int>(kCharacters.size()))];
         return text;
     }
-};
-
-class DescriptionForm : public DescriptionInWindow {
-protected:
-    DescriptionForm()
-    {
-        id = OpenWithDescription(kText);
-    }
-
-    void Run(const std::function<void(FmDescription&)>& during)
-    {
-        FmDescription form(id, frame.get());
-        RunForm(form, [&] { during(form); });
-    }
-
-    /// Twelve words, so that a narrow block takes more lines than a wide one.
-    const QString kText = QStringLiteral("measured on the roof of the station with the small antenna at noon, no wind");
-    WindowId id = 0;
 };
 
 } // namespace
@@ -126,6 +115,155 @@ TEST_F(DescriptionInWindow, BoxAndSavedPictureBreakLinesAlike)
         ApplySize(id);
         EXPECT_EQ(Shown(Description(id)), DescrLines(stored, id)) << stored.toStdString();
     }
+}
+
+TEST_F(DescriptionInWindow, SavedPictureHasItAsItIsShown)
+{
+    const WindowId id = OpenWithDescription();
+    for (const QString& text : TextsOfAllKinds()) {
+        DescrSetText(id, text);
+        Graph(id).setFocus(); // no caret in the box
+        QCoreApplication::processEvents();
+        ExpectComposedAsShown(id);
+    }
+}
+
+TEST_F(DescriptionInWindow, SavedPictureHasItAsItIsShownInANarrowWindow)
+{
+    const WindowId id =
+        OpenWithDescription(QStringLiteral("This line begins at the edge of the picture, and ends beyond"));
+    for (const int width : { 600, 400, 250 }) {
+        Window(id).SetClientSize({ width, Window(id).height() });
+        Graph(id).setFocus();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Window(id).width(), width);
+        ExpectComposedAsShown(id);
+    }
+}
+
+TEST_F(DescriptionInWindow, LineOfLettersThatOtherFontsLendIsAsHighAsAnyOther)
+{
+    const WindowId id = OpenWithDescription();
+    const int height = Window(id).height();
+    DescrSetText(id, QStringLiteral("\u0474\r\n").repeated(9) + u'x');
+    EXPECT_EQ(Window(id).height(), height + 9 * DescrLineHeight(id));
+    Description(id).moveCursor(QTextCursor::Start);
+    EXPECT_EQ(Description(id).verticalScrollBar()->value(), 0);
+    Description(id).moveCursor(QTextCursor::End);
+    EXPECT_EQ(Description(id).verticalScrollBar()->value(), 0);
+    EXPECT_LE(Description(id).cursorRect().bottom(), Description(id).height());
+}
+
+TEST_F(DescriptionInWindow, FixedBlankIsKeptAndNoLineBreaksAtIt)
+{
+    const WindowId id = OpenWithDescription(QString(60, u'x') + u' ');
+    Description(id).moveCursor(QTextCursor::End);
+    QTest::keyClicks(&Description(id), " 100");
+    QTest::sendKeyEvent(QTest::Click, &Description(id), Qt::Key_nobreakspace, QChar(0xA0), Qt::NoModifier);
+    QTest::keyClicks(&Description(id), "MHz and");
+    EXPECT_TRUE(WindowAt(id).Description.contains(QChar(0xA0)));
+    EXPECT_EQ(Shown(Description(id)), DescrLines(WindowAt(id).Description, id));
+}
+
+TEST_F(DescriptionInWindow, LineEndOfAnyKindBeginsALine)
+{
+    const WindowId id = OpenWithDescription("a");
+    Description(id).moveCursor(QTextCursor::End);
+    Key(Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClicks(&Description(id), "b");
+    EXPECT_EQ(WindowAt(id).Description, "a\r\nb");
+    EXPECT_EQ(Description(id).blockCount(), 2);
+}
+
+TEST_F(DescriptionInWindow, ComposedTextBecomesPlainAndTheCaretStays)
+{
+    const WindowId id = OpenWithDescription("[]");
+    DescriptionBox& box = Description(id);
+    box.moveCursor(QTextCursor::Start);
+    box.moveCursor(QTextCursor::Right);
+    QInputMethodEvent unfinished(QStringLiteral("ka"), {});
+    QCoreApplication::sendEvent(&box, &unfinished);
+    EXPECT_EQ(WindowAt(id).Description, "[]") << "what is not committed yet is not part of it";
+    QInputMethodEvent committed;
+    committed.setCommitString(QStringLiteral("\u304b\t\u2028\x01"));
+    QCoreApplication::sendEvent(&box, &committed);
+    QTest::keyClicks(&box, "x");
+    EXPECT_EQ(WindowAt(id).Description, QStringLiteral("[\u304b \r\n x]"));
+    EXPECT_EQ(box.Text(), QStringLiteral("[\u304b \n x]"));
+}
+
+TEST_F(DescriptionInWindow, PasteOfTooMuchIsTakenBackWhole)
+{
+    const WindowId id = OpenWithDescription("kept");
+    const QString line = QStringLiteral("one of many lines\n");
+    for (const QString& text : { line.repeated(10000), QString(10000000, u'x') }) {
+        QGuiApplication::clipboard()->setText(text);
+        QElapsedTimer clock;
+        clock.start();
+        Description(id).paste();
+        EXPECT_LT(clock.elapsed(), 1000);
+        EXPECT_EQ(WindowAt(id).Description, "kept");
+        EXPECT_EQ(Description(id).Text(), "kept");
+        EXPECT_EQ(Window(id).height(), 442 + DescrLineHeight(id) + 1);
+    }
+}
+
+TEST_F(DescriptionInWindow, PasteKeepsTheBlankAtItsEnd)
+{
+    const WindowId id = OpenWithDescription("south");
+    Description(id).moveCursor(QTextCursor::Start);
+    QGuiApplication::clipboard()->setText(QStringLiteral("mast "));
+    Description(id).paste();
+    EXPECT_EQ(WindowAt(id).Description, "mast south");
+}
+
+TEST_F(DescriptionInWindow, WhatWasTakenBackDoesNotEndUndoing)
+{
+    const WindowId id = OpenWithDescription();
+    DescriptionBox& box = Description(id);
+    QGuiApplication::clipboard()->setText("first");
+    box.paste();
+    QGuiApplication::clipboard()->setText(QStringLiteral("\n").repeated(10));
+    box.moveCursor(QTextCursor::Start);
+    box.paste();
+    EXPECT_EQ(box.Text(), "first");
+    EXPECT_EQ(box.textCursor().position(), 5) << "the caret is at the end";
+    for (int step = 0; step < 3; ++step)
+        box.undo();
+    EXPECT_EQ(WindowAt(id).Description, "");
+    for (int step = 0; step < 3; ++step)
+        box.redo();
+    EXPECT_EQ(WindowAt(id).Description, "first");
+    EXPECT_EQ(box.Text(), "first");
+}
+
+TEST_F(DescriptionInWindow, UndoDoesNotBringBackWhatTheWidthNoLongerHolds)
+{
+    const WindowId id = OpenWithDescription();
+    DescriptionBox& box = Description(id);
+    QGuiApplication::clipboard()->setText(QString(690, u'x'));
+    box.paste();
+    box.selectAll();
+    QTest::keyClicks(&box, "short");
+    WindowAt(id).DescriptionColumns = 40;
+    ApplySize(id);
+    box.undo();
+    EXPECT_EQ(box.Text(), "short");
+    QTest::keyClicks(&box, "er");
+    box.undo();
+    EXPECT_EQ(WindowAt(id).Description, "short");
+}
+
+TEST_F(DescriptionInWindow, DraggingASelectionBeyondTheEdgeScrollsNothing)
+{
+    const WindowId id = OpenWithDescription("one\r\ntwo\r\nthree");
+    DescriptionBox& box = Description(id);
+    EXPECT_EQ(box.verticalScrollBar()->maximum(), 0);
+    QTest::mousePress(box.viewport(), Qt::LeftButton, {}, QPoint(2, 2));
+    QTest::mouseMove(box.viewport(), QPoint(60, box.height() + 30));
+    box.verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(box.cursorForPosition({ 0, 0 }).position(), 0);
+    QTest::mouseRelease(box.viewport(), Qt::LeftButton, {}, QPoint(60, box.height() + 30));
 }
 
 TEST_F(DescriptionInWindow, NoLineIsHiddenBelowTheEdge)
@@ -205,135 +343,14 @@ TEST_F(DescriptionInWindow, IsWrittenInBlackOnThePaperOnAnyPalette)
     EXPECT_EQ(Window(id).palette().color(QPalette::Window), QColor(0xCE, 0xCF, 0xCE));
 }
 
-TEST_F(DescriptionForm, HasItsControls)
+TEST_F(DescriptionInWindow, HidingItKeepsWhatCanBeUndone)
 {
-    Run([&](FmDescription& form) {
-        ExpectControls(form,
-            { "Tb", "UpDown", "LbText1", "LbText2", "LbDefault", "BtApply", "BtClose", "BtCancel", "BtDefault",
-                "BtHelp" });
-        ExpectTabOrder(form);
-        ExpectNothingClipped(form);
-        EXPECT_EQ(form.windowTitle(), LngStr(10500));
-        EXPECT_EQ(form.HelpNumber(), 10501);
-        EXPECT_EQ(TextOf(form, "Tb"), "70");
-        EXPECT_EQ(TextOf(form, "LbDefault"), LngStr(10506) + " 70");
-        EXPECT_TRUE(FindControl(form, "UpDown").hasFocus() || HasFocus(form, "Tb"));
-        Click(form, "BtHelp");
-        EXPECT_EQ(topics, QList<int>{ 10501 });
-        Click(form, "BtCancel");
-    });
-}
-
-TEST_F(DescriptionForm, ApplyShowsTheWidthAndCancelPutsItBack)
-{
-    const int height = Window(id).height();
-    Run([&](FmDescription& form) {
-        Type(form, "Tb", "40");
-        Click(form, "BtApply");
-        EXPECT_EQ(WindowAt(id).DescriptionColumns, 40);
-        EXPECT_EQ(Description(id).width(), DescrWidth(id));
-        EXPECT_EQ(DescrLineCount(id), 2);
-        EXPECT_NE(Window(id).height(), height + 1);
-        Click(form, "BtCancel");
-        EXPECT_TRUE(form.IsClosed());
-    });
-    EXPECT_EQ(WindowAt(id).DescriptionColumns, 70);
-    EXPECT_EQ(WindowAt(id).Description, kText);
-    EXPECT_EQ(Description(id).toPlainText(), kText);
-}
-
-TEST_F(DescriptionForm, CancelAndEscapeRestoreATextThatApplyHasShortened)
-{
-    QString text;
-    for (int line = 1; line <= 10; ++line)
-        text += QString(68, QChar(u'a' + line)) + (line < 10 ? "\r\n" : "");
-    DescrSetText(id, text);
-    for (const bool byEscape : { false, true }) {
-        Run([&](FmDescription& form) {
-            Type(form, "Tb", "40");
-            Click(form, "BtApply");
-            EXPECT_LT(WindowAt(id).Description.size(), text.size());
-            EXPECT_LE(DescrLineCount(id), 10);
-            if (byEscape)
-                Key(Qt::Key_Escape);
-            else
-                Click(form, "BtCancel");
-            EXPECT_TRUE(form.IsClosed());
-        });
-        EXPECT_EQ(WindowAt(id).Description, text);
-        EXPECT_EQ(WindowAt(id).DescriptionColumns, 70);
-    }
-}
-
-TEST_F(DescriptionForm, OkAndEnterKeepTheWidth)
-{
-    Run([&](FmDescription& form) {
-        Type(form, "Tb", "50");
-        Click(form, "BtClose");
-        EXPECT_TRUE(form.IsClosed());
-    });
-    EXPECT_EQ(WindowAt(id).DescriptionColumns, 50);
-    Run([&](FmDescription& form) {
-        Type(form, "Tb", "100");
-        Key(Qt::Key_Return);
-        EXPECT_TRUE(form.IsClosed());
-    });
-    EXPECT_EQ(WindowAt(id).DescriptionColumns, 100);
-}
-
-TEST_F(DescriptionForm, RefusesWhatIsNoWidth)
-{
-    Run([&](FmDescription& form) {
-        for (const char* typed : { "39", "101", "", "many", "40000", "50.5" }) {
-            for (const char* button : { "BtApply", "BtClose" }) {
-                Type(form, "Tb", typed);
-                Answers().Expect(12749, { "100", "40" }, Ok);
-                Click(form, QLatin1String(button));
-                EXPECT_FALSE(form.IsClosed()) << typed;
-                EXPECT_TRUE(FindControl(form, "UpDown").hasFocus() || HasFocus(form, "Tb"));
-                EXPECT_EQ(TextOf(form, "Tb"), QLatin1String(typed));
-                EXPECT_EQ(WindowAt(id).DescriptionColumns, 70);
-            }
-        }
-        Click(form, "BtCancel");
-    });
-}
-
-TEST_F(DescriptionForm, DefaultIsSeventy)
-{
-    Run([&](FmDescription& form) {
-        Type(form, "Tb", "41");
-        Click(form, "BtDefault");
-        EXPECT_EQ(TextOf(form, "Tb"), "70");
-        Click(form, "BtCancel");
-    });
-}
-
-TEST_F(DescriptionForm, ArrowsStepWithinTheRange)
-{
-    Run([&](FmDescription& form) {
-        Key(Qt::Key_Up);
-        EXPECT_EQ(TextOf(form, "Tb"), "71");
-        Key(Qt::Key_PageDown);
-        EXPECT_EQ(TextOf(form, "Tb"), "61");
-        Type(form, "Tb", "100");
-        Key(Qt::Key_Up);
-        EXPECT_EQ(TextOf(form, "Tb"), "100");
-        Type(form, "Tb", "none");
-        Key(Qt::Key_Down);
-        EXPECT_EQ(TextOf(form, "Tb"), "60") << "from the last value that was one";
-        Click(form, "BtCancel");
-    });
-}
-
-TEST_F(DescriptionForm, OpensByItsCommand)
-{
-    QTimer::singleShot(0, qApp, [] {
-        QWidget* form = QApplication::activeModalWidget();
-        ASSERT_NE(form, nullptr);
-        EXPECT_EQ(form->objectName(), "FmDescription");
-        Click(*form, "BtCancel");
-    });
-    EXPECT_TRUE(CommandRun(Command::OptionsDescription));
-    EXPECT_TRUE(CanAct());
+    const WindowId id = OpenWithDescription();
+    QTest::keyClicks(&Description(id), "south");
+    DescrToggle(id);
+    Child(id).showMaximized();
+    Child(id).showNormal();
+    DescrToggle(id);
+    Description(id).undo();
+    EXPECT_EQ(WindowAt(id).Description, "");
 }

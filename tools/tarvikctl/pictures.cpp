@@ -33,7 +33,7 @@ void Describe(WindowId id, const CtlArguments& arguments, Terminal& terminal)
         return;
     DescrSetVisible(true, id);
     if (!DescrSetText(id, *arguments.Description))
-        terminal.Refuse(QStringLiteral("the description has more than ten lines, the rest of it is left out"));
+        terminal.Refuse(QStringLiteral("the description does not fit into ten lines, the rest of it is left out"));
 }
 
 /// FetchScreen, with its temporary file in a folder of its own: this program's may be one that only others write.

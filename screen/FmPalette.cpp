@@ -82,7 +82,8 @@ bool FmPalette::OnLoad()
 {
     keeps_ = false;
     choice_.emplace(WindowTable().Active);
-    QRadioButton* present = OpPalette[choice_->Remembered() == PaletteColour ? PaletteColour : PaletteBlackAndWhite];
+    QRadioButton* present =
+        OpPalette[choice_->Remembered() == PaletteBlackAndWhite ? PaletteBlackAndWhite : PaletteColour];
     present->setChecked(true);
     DialogPush(*this, false);
     present->setFocus();
@@ -103,8 +104,6 @@ void FmPalette::OnUnload()
 void ColorDialog()
 {
     const WindowId id = WindowTable().Active;
-    if (!WindowInUse(id))
-        return;
     if (WindowTypeOf(id) == WindowScreen) {
         FmPalette form(QApplication::activeWindow());
         DialogShow(form);

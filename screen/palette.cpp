@@ -16,28 +16,20 @@ void PaletteSet(qint16 number, WindowId id, bool redraw)
         DrawScreenWindow(id);
 }
 
-PaletteState& ThePalette()
+bool BlackAndWhite()
 {
-    static PaletteState state;
-    return state;
-}
-
-void PaletteReset()
-{
-    ThePalette() = {};
+    return PaletteOf(WindowTable().Active) == PaletteBlackAndWhite;
 }
 
 PaletteChoice::PaletteChoice(WindowId id)
     : id_(id)
     , remembered_(PaletteOf(id))
 {
-    ThePalette().BlackAndWhite = remembered_ == PaletteBlackAndWhite;
 }
 
 void PaletteChoice::Choose(qint16 number)
 {
     PaletteSet(number, id_, true);
-    ThePalette().BlackAndWhite = number == PaletteBlackAndWhite;
 }
 
 void PaletteChoice::Cancel()

@@ -9,12 +9,8 @@ void ColorSet(quint32 colour, WindowId id, int index, bool redraw);
 /// PaletteStore; `redraw` shows the effect at once.
 void PaletteSet(qint16 number, WindowId id, bool redraw);
 
-/// The program-wide black-and-white flag: it follows the document whose palette was looked at or chosen last.
-struct PaletteState {
-    bool BlackAndWhite = false;
-};
-PaletteState& ThePalette();
-void PaletteReset();
+/// The program-wide black-and-white flag: it follows the active document.
+bool BlackAndWhite();
 
 /// The choice that `FmPalette` offers for one window, with its effect behind the dialog.
 class PaletteChoice {

@@ -1,5 +1,6 @@
 // The forms of palettes, of the choice of windows, and of screen shots.
 #include "app/lang.h"
+#include "app/statusBar.h"
 #include "link/controlGeneral.h"
 #include "screen/FmPalette.h"
 #include "screen/FmScreenShotViewer.h"
@@ -27,7 +28,7 @@ protected:
         RunForm(form, [&] { during(form); });
     }
 
-    static QImage BlackAndWhite()
+    static QImage InBlackAndWhite()
     {
         QImage picture = Picture();
         ConvertToBlackAndWhite(picture);
@@ -89,11 +90,11 @@ TEST_F(PaletteForm, ShowsTheEffectBehindItAtOnce)
 {
     Run([&](FmPalette& form) {
         Click(form, "OpPalette[1]");
-        EXPECT_EQ(Document(id).Graph, BlackAndWhite());
-        EXPECT_TRUE(ThePalette().BlackAndWhite);
+        EXPECT_EQ(Document(id).Graph, InBlackAndWhite());
+        EXPECT_TRUE(BlackAndWhite());
         Click(form, "OpPalette[0]");
         EXPECT_EQ(Document(id).Graph, Picture());
-        EXPECT_FALSE(ThePalette().BlackAndWhite);
+        EXPECT_FALSE(BlackAndWhite());
         Click(form, "BtClose");
         EXPECT_TRUE(form.IsClosed());
     });
@@ -127,6 +128,55 @@ TEST_F(PaletteForm, CancelAndEscapeRestoreTheFormerLook)
         EXPECT_EQ(Document(id).PalNr, PaletteColour);
         EXPECT_EQ(Document(id).Graph, Picture());
     }
+}
+
+TEST_F(PaletteForm, ArrowKeysChooseAtOnceAndTabReachesTheButtons)
+{
+    Run([&](FmPalette& form) {
+        Key(Qt::Key_Down);
+        EXPECT_EQ(Document(id).Graph, InBlackAndWhite());
+        Key(Qt::Key_Up);
+        EXPECT_EQ(Document(id).Graph, Picture());
+        Key(Qt::Key_Tab);
+        EXPECT_TRUE(HasFocus(form, "BtClose"));
+        Key(Qt::Key_Tab);
+        EXPECT_TRUE(HasFocus(form, "BtCancel"));
+        Key(Qt::Key_Tab);
+        EXPECT_TRUE(HasFocus(form, "OpPalette[0]"));
+        Click(form, "BtCancel");
+    });
+}
+
+TEST_F(PaletteForm, ShowsThePictureAsItIsForANumberThatIsNoPalette)
+{
+    PaletteStore(5, id);
+    Run([&](FmPalette& form) {
+        EXPECT_TRUE(Find<QRadioButton>(form, "OpPalette[0]").isChecked());
+        Click(form, "OpPalette[1]");
+        Click(form, "BtCancel");
+    });
+    EXPECT_EQ(Document(id).PalNr, 5);
+    EXPECT_EQ(Document(id).Graph, Picture());
+}
+
+TEST_F(PaletteForm, EnterKeepsTheChoice)
+{
+    Run([&](FmPalette& form) {
+        Click(form, "OpPalette[1]");
+        Key(Qt::Key_Return);
+        EXPECT_TRUE(form.IsClosed());
+    });
+    EXPECT_EQ(Document(id).PalNr, PaletteBlackAndWhite);
+}
+
+TEST_F(PaletteForm, DoesNotOpenForADiagram)
+{
+    const WindowSlot slot = WindowAllocate(WindowDataSet, SubtypeDataSet);
+    WindowInitialise(slot, {}, 0);
+    StatusSet(QStringLiteral("before"));
+    ColorDialog(); // a form would wait for its end
+    EXPECT_EQ(TheFrameHooks().StatusText(), "");
+    EXPECT_EQ(TheColorDefaults().PalNr, PaletteColour);
 }
 
 TEST_F(PaletteForm, FrameTellsItsHint)

@@ -75,10 +75,10 @@ TEST_F(Palettes, ChoiceShowsAtOnce)
     Show(Qt::white);
     PaletteChoice choice(id_);
     EXPECT_EQ(choice.Remembered(), PaletteColour);
-    EXPECT_FALSE(ThePalette().BlackAndWhite);
+    EXPECT_FALSE(BlackAndWhite());
     choice.Choose(PaletteBlackAndWhite);
     EXPECT_EQ(Seen(), QColor(Qt::black));
-    EXPECT_TRUE(ThePalette().BlackAndWhite);
+    EXPECT_TRUE(BlackAndWhite());
     EXPECT_EQ(TheColorDefaults().PalNr, PaletteBlackAndWhite);
 }
 
@@ -91,7 +91,7 @@ TEST_F(Palettes, CancelRestoresTheLook)
     EXPECT_EQ(Seen(), QColor(Qt::white));
     EXPECT_EQ(PaletteOf(id_), PaletteColour);
     EXPECT_EQ(TheColorDefaults().PalNr, PaletteColour);
-    EXPECT_FALSE(ThePalette().BlackAndWhite);
+    EXPECT_FALSE(BlackAndWhite());
 }
 
 TEST_F(Palettes, CancelOfNothingDrawsNothing)
@@ -103,10 +103,27 @@ TEST_F(Palettes, CancelOfNothingDrawsNothing)
     EXPECT_EQ(Views[id_].Drawings, drawings);
 }
 
-TEST_F(Palettes, FlagFollowsTheWindowOfTheChoice)
+TEST_F(Palettes, FlagFollowsTheActiveDocument)
 {
     Show(Qt::white);
-    PaletteSet(PaletteBlackAndWhite, id_, true);
-    const PaletteChoice choice(id_);
-    EXPECT_TRUE(ThePalette().BlackAndWhite);
+    const WindowId first = id_;
+    Show(Qt::white);
+    EXPECT_FALSE(BlackAndWhite());
+    PaletteSet(PaletteBlackAndWhite, first, true);
+    EXPECT_FALSE(BlackAndWhite()) << "another document is the active one";
+    WindowSetActive(first);
+    EXPECT_TRUE(BlackAndWhite());
+    WindowSetActive(id_);
+    EXPECT_FALSE(BlackAndWhite());
+    WindowTable().Active = 0;
+    EXPECT_FALSE(BlackAndWhite());
+}
+
+TEST_F(Palettes, AnyOtherNumberIsColourOnWhite)
+{
+    Show(Qt::green);
+    PaletteSet(5, id_, true);
+    EXPECT_EQ(Seen(), QColor(Qt::green));
+    EXPECT_EQ(PaperColor(id_), 0xFFFFFFu);
+    EXPECT_FALSE(BlackAndWhite());
 }

@@ -21,7 +21,6 @@
 #include "print/printSettings.h"
 #include "screen/color.h"
 #include "screen/description.h"
-#include "screen/palette.h"
 #include "screen/screenWindow.h"
 
 #include <QFile>
@@ -57,7 +56,6 @@ void ResetModules()
     DrivesReset();
     ColorReset();
     DescrReset();
-    PaletteReset();
     ScreenWindowsReset();
     PrintSettingsReset();
 }

@@ -22,6 +22,9 @@ namespace {
 
 const QString kTemporarySuffix = QStringLiteral(".part");
 
+/// File systems take names of up to 255 bytes; with what is put around it the temporary one must not pass that.
+constexpr qsizetype kMaxKeptBytes = 200;
+
 /// Where the bytes shall stand at last: behind any links.
 QString FinalPath(const QString& path)
 {
@@ -34,7 +37,16 @@ QString FinalPath(const QString& path)
 
 QString TemporaryPrefix(const QFileInfo& target)
 {
-    return QLatin1Char('.') + target.fileName() + QLatin1Char('.');
+    QString name = target.fileName();
+    while (name.toUtf8().size() > kMaxKeptBytes)
+        name.chop(name.back().isLowSurrogate() ? 2 : 1);
+    return QLatin1Char('.') + name + QLatin1Char('.');
+}
+
+/// For QTemporaryFile.
+QString TemporaryTemplate(const QFileInfo& target)
+{
+    return target.absolutePath() + u'/' + TemporaryPrefix(target) + QStringLiteral("XXXXXX") + kTemporarySuffix;
 }
 
 #if defined(Q_OS_UNIX)
@@ -138,8 +150,7 @@ bool ReplaceFile(const QString& path, QByteArrayView bytes)
         return false;
     RemoveLeftovers(target);
 
-    const QString folder = target.absolutePath();
-    QTemporaryFile file(folder + u'/' + TemporaryPrefix(target) + QStringLiteral("XXXXXX") + kTemporarySuffix);
+    QTemporaryFile file(TemporaryTemplate(target));
     if (!file.open() || !LockAgainstOthers(file.handle()) || !WriteWhole(file, bytes))
         return false;
     file.setPermissions(target.exists() ? target.permissions() : PermissionsOfNewFiles());
@@ -148,6 +159,18 @@ bool ReplaceFile(const QString& path, QByteArrayView bytes)
     if (!RenameOver(temporary, target.absoluteFilePath()))
         return false; // the temporary file removes itself
     file.setAutoRemove(false);
-    FlushFolder(folder);
+    FlushFolder(target.absolutePath());
     return true;
+}
+
+bool CanReplaceFile(const QString& path)
+{
+    const QFileInfo target(FinalPath(path));
+    const bool mayBeReplaced = !target.exists()
+        || (target.isFile() && !HasReadOnlyAttribute(target.filePath())
+            && QFile(target.filePath()).open(QIODevice::ReadWrite | QIODevice::ExistingOnly));
+    if (!mayBeReplaced)
+        return false;
+    QTemporaryFile file(TemporaryTemplate(target));
+    return file.open() && LockAgainstOthers(file.handle()) && file.write(" ", 1) == 1 && file.flush();
 }

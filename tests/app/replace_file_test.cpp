@@ -77,6 +77,38 @@ TEST_F(ReplaceFileTest, WritesNothingAsAnEmptyFile)
     EXPECT_EQ(QFileInfo(FilePath("a")).size(), 0);
 }
 
+TEST_F(ReplaceFileTest, TakesTheLongestNames)
+{
+    const QString ascii(251, u'n');
+    const QString greek(125, QChar(0x03B1));
+    for (const QString& name : { ascii + ".wmf", greek + ".wmf" }) {
+        EXPECT_TRUE(CanReplaceFile(FilePath(name)));
+        EXPECT_TRUE(ReplaceFile(FilePath(name), "text"));
+        EXPECT_EQ(Contents(FilePath(name)), "text");
+    }
+    EXPECT_EQ(Names().size(), 2);
+}
+
+TEST_F(ReplaceFileTest, TryingLeavesEverythingAsItIs)
+{
+    Store(FilePath("a.png"), "old");
+    EXPECT_TRUE(CanReplaceFile(FilePath("a.png")));
+    EXPECT_TRUE(CanReplaceFile(FilePath("b.png")));
+    EXPECT_EQ(Contents(FilePath("a.png")), "old");
+    EXPECT_EQ(Names(), QStringList("a.png"));
+}
+
+TEST_F(ReplaceFileTest, FolderReadOnlyFileAndMissingPlaceCanNotBeReplaced)
+{
+    ASSERT_TRUE(QDir(Folder()).mkdir("a.png"));
+    EXPECT_FALSE(CanReplaceFile(FilePath("a.png")));
+    Store(FilePath("b.png"), "old");
+    QFile::setPermissions(FilePath("b.png"), QFile::ReadOwner);
+    EXPECT_FALSE(CanReplaceFile(FilePath("b.png")));
+    EXPECT_EQ(Contents(FilePath("b.png")), "old");
+    EXPECT_FALSE(CanReplaceFile(FilePath("none/c.png")));
+}
+
 #if defined(Q_OS_UNIX)
 
 namespace {
@@ -114,6 +146,15 @@ TEST_F(ReplaceFileTest, LeavesTheOldFileAndNothingElseOnAFullDisk)
         EXPECT_FALSE(ReplaceFile(FilePath("a"), QByteArray(size, 'x'))) << size;
     }
     EXPECT_EQ(Contents(FilePath("a")), "old");
+    EXPECT_EQ(Names(), QStringList("a"));
+}
+
+TEST_F(ReplaceFileTest, NothingCanBeReplacedOnADiskWithoutRoomForAByte)
+{
+    Store(FilePath("a"), "old");
+    const FullDisk disk(0);
+    EXPECT_FALSE(CanReplaceFile(FilePath("a")));
+    EXPECT_FALSE(CanReplaceFile(FilePath("b")));
     EXPECT_EQ(Names(), QStringList("a"));
 }
 

@@ -9,7 +9,9 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QMimeDatabase>
 
 #include <algorithm>
 #include <cstdio>
@@ -80,23 +82,64 @@ QString ExtensionOfFilter(const QString& filter)
     return QFileInfo(filter.section(u'|', 1).section(u';', 0, 0)).suffix();
 }
 
+/// A save dialog to which only an extension that files have is one: in "Tower.2024" it sees none, and adds that of the
+/// filter before it looks for a file of this name.
+class SaveDialog final : public QFileDialog {
+public:
+    explicit SaveDialog(const SaveFileQuestion& question)
+        : QFileDialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder))
+        , filters_(question.Filters)
+    {
+        setObjectName(QStringLiteral("SaveDialog"));
+        setAcceptMode(QFileDialog::AcceptSave);
+        setFileMode(QFileDialog::AnyFile);
+        const QStringList shown = DialogFilters(filters_);
+        setNameFilters(shown);
+        SetControlHelp(this, question.HelpNumber);
+        connect(this, &QFileDialog::filterSelected, this, [this] { UseFilter(); });
+        selectNameFilter(shown.value(question.FilterIndex - 1));
+        UseFilter();
+        if (!question.FileName.isEmpty())
+            selectFile(question.FileName + u'.' + defaultSuffix());
+    }
+
+    void accept() override
+    {
+        auto* edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); // not there in a desktop's own dialog
+        if (edit != nullptr && LacksExtension(edit->text()))
+            edit->setText(edit->text() + u'.' + defaultSuffix());
+        QFileDialog::accept();
+    }
+
+private:
+    void UseFilter()
+    {
+        const qsizetype at = DialogFilters(filters_).indexOf(selectedNameFilter());
+        setDefaultSuffix(ExtensionOfFilter(filters_.value(std::max<qsizetype>(at, 0))));
+    }
+
+    /// A number behind the last point counts the files of a series, whatever else it may be an extension of.
+    bool LacksExtension(const QString& name) const
+    {
+        const QFileInfo file(directory(), name);
+        const QString end = file.suffix();
+        if (end.isEmpty() || file.isDir())
+            return false;
+        const auto isMeant = [&end](const QString& filter) {
+            return ExtensionOfFilter(filter).compare(end, Qt::CaseInsensitive) == 0;
+        };
+        if (std::any_of(filters_.begin(), filters_.end(), isMeant))
+            return false;
+        return std::all_of(end.begin(), end.end(), [](QChar character) { return character.isDigit(); })
+            || QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension).isDefault();
+    }
+
+    QStringList filters_;
+};
+
 QString SaveFile(const SaveFileQuestion& question)
 {
-    const QStringList shown = DialogFilters(question.Filters);
-    QFileDialog dialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder));
-    dialog.setObjectName(QStringLiteral("SaveDialog"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilters(shown);
-    SetControlHelp(&dialog, question.HelpNumber);
-    const auto useFilter = [&](const QString& filter) {
-        const auto at = std::max<qsizetype>(shown.indexOf(filter), 0);
-        dialog.setDefaultSuffix(ExtensionOfFilter(question.Filters.value(at)));
-    };
-    QObject::connect(&dialog, &QFileDialog::filterSelected, useFilter);
-    dialog.selectNameFilter(shown.value(question.FilterIndex - 1));
-    useFilter(dialog.selectedNameFilter());
-    dialog.selectFile(question.FileName);
+    SaveDialog dialog(question);
     if (dialog.exec() != QDialog::Accepted)
         return {};
     return dialog.selectedFiles().value(0);

@@ -26,19 +26,18 @@ struct OpenFileQuestion {
 struct OpenFilesQuestion {
     QString Title;
     QString InitialFolder;
-    QString FileName; ///< proposed
     QStringList Filters; ///< as above
     QString DefaultExtension; ///< of a name that is typed without one; no point
 };
 
-/// The question of a save dialog, which asks before it lets an existing file be replaced.
+/// The question of a save dialog, which asks before it lets an existing file be replaced. A name without an extension
+/// gets that of the selected filter, the proposed one as well as one that is typed.
 struct SaveFileQuestion {
     QString Title;
     QString InitialFolder;
-    QString FileName; ///< proposed
+    QString FileName; ///< proposed, without its extension
     QStringList Filters; ///< as above
     int FilterIndex = 1; ///< selected, from 1
-    QString DefaultExtension; ///< of a name that is typed without one; no point; empty for that of the selected filter
     int HelpNumber = 0;
 };
 

@@ -3,7 +3,9 @@
 #include "app/lang.h"
 #include "app/message.h"
 #include "app/project.h"
+#include "app/seams.h"
 #include "app/strings.h"
+#include "link/file.h"
 #include "link/fileFormats.h"
 #include "link/fileSave.h"
 
@@ -23,6 +25,7 @@
 namespace {
 
 constexpr int kTextChooseType = 11005;
+constexpr int kMessageNotConverted = 12750;
 constexpr int kMessageFolderNotMade = 12752;
 constexpr int kQuestionReplace = 12734;
 constexpr unsigned kFolderMode = 0777; ///< less what the user's mask takes away
@@ -44,7 +47,17 @@ QString SystemErrorText(int error)
 
 QString WithoutSlash(const QString& folder)
 {
-    return PathNoSlash(QDir::fromNativeSeparators(folder), u'/');
+    QString path = QDir::fromNativeSeparators(folder);
+    while (path.endsWith(QLatin1String("//")))
+        path.chop(1);
+    return PathNoSlash(path, u'/');
+}
+
+/// A folder that is named without a place stands in the one in which the sources were chosen.
+QString PlacedFolder(const QString& folder)
+{
+    const QString& chosen = Program().LastFile.Folder;
+    return folder.isEmpty() || chosen.isEmpty() ? folder : QDir(chosen).absoluteFilePath(folder);
 }
 
 enum class Answer { Save, Skip, Stop };
@@ -81,9 +94,10 @@ public:
     int Run()
     {
         const QStringList sources = FileConvert().Sources;
-        for (int done = 0; done < sources.size() && !stopped_; ++done) {
+        for (int done = 0; done < sources.size() && !stopped_ && !Program().CloseWished; ++done) {
             hooks_.Progress(done, static_cast<int>(sources.size()), sources[done]);
             Convert(sources[done], done == 0, sources.size() > 1);
+            TheSeams().PumpEvents();
         }
         return converted_;
     }
@@ -92,25 +106,38 @@ private:
     /// Only the first file forgets what the user answered to a question that is asked once for all of them.
     void Convert(const QString& source, bool isFirst, bool isBatch)
     {
+        const FileDocumentHooks& documents = TheFileDocumentHooks();
         SetLastFile(source);
-        const int openedBefore = TheFileDocumentHooks().OpenedCount();
+        documents.TakeOpened();
         const bool isOpen = FileOpen(source, isFirst, true);
-        if (!isOpen || TheFileDocumentHooks().OpenedCount() == openedBefore)
-            return; // an editor that a list was opened in is no document
-        const int window = TheFileDocumentHooks().ActiveWindow();
+        const int window = documents.TakeOpened();
+        if (window == 0) {
+            TellIfNotConverted(source, isOpen);
+            return;
+        }
         hooks_.Prepare(window);
+        documents.ToOwnSize(window);
         Save(source, window, isBatch);
-        TheFileDocumentHooks().Close(window);
+        documents.Close(window);
+    }
+
+    /// What can't be opened has been told; not so a list or a text, which may have been seen in an editor.
+    static void TellIfNotConverted(const QString& source, bool isOpen)
+    {
+        const FileKind kind = FileKindOf(source).Kind;
+        if (isOpen || (kind != FileKind::None && ImageKindOf(kind) == 0))
+            MsgOk1(kMessageNotConverted, QFileInfo(source).fileName());
     }
 
     void Save(const QString& source, int window, bool isBatch)
     {
         const FileConvertState& state = FileConvert();
         const QString folder = state.TargetFolder.isEmpty() ? QFileInfo(source).path() : state.TargetFolder;
-        const QString target = FileTargetPath(folder, source, state.TargetExtension);
+        QString target = FileTargetPath(folder, source, state.TargetExtension);
         const Answer answer = AskToReplace(target, isBatch);
         stopped_ = answer == Answer::Stop;
-        if (answer == Answer::Save && FileSaveAsTold(target, window))
+        const bool isPicture = ImageKindOf(FileKindOf(target).Kind) != 0; // else nothing is written
+        if (answer == Answer::Save && FileSaveAs(target, window, true) && isPicture && !target.isEmpty())
             ++converted_;
     }
 
@@ -173,7 +200,7 @@ bool FileMakeTargetFolder(const QString& folder)
 
 bool FileConvertAccept(const QString& folder, int type)
 {
-    const QString target = folder.trimmed();
+    const QString target = PlacedFolder(folder.trimmed());
     if (!FileMakeTargetFolder(target))
         return false;
     const auto& formats = FileFormats();

@@ -49,7 +49,9 @@ struct FileBatchHooks {
 };
 
 /// Opens each source, saves it as `TargetExtension` in `TargetFolder` (a source's own folder while that is empty) and
-/// closes it. An existing target is replaced when the user says so (12734); with one source that is Yes or No, with
-/// more of them also for all. A file that fails has reported it, and the next one follows. Returns how many were
-/// converted.
+/// closes it. The picture keeps its own size, however large its window came out. An existing target is replaced when
+/// the user says so (12734); with one source that is Yes or No, with more of them also for all. A file that fails has
+/// reported it, and the next one follows; of one that opens elsewhere, in an editor, nothing is written, which is told
+/// (12750). Between two files events run, and the batch ends when the program is to end. Returns how many pictures were
+/// written.
 int FileConvertRun(const FileBatchHooks& hooks);

@@ -13,8 +13,9 @@ enum class PictureSaved { Written, Failed, FailedAndTold };
 /// none.
 struct FileDocumentHooks {
     std::function<int()> ActiveWindow = [] { return 0; };
-    std::function<int()> OpenedCount = [] { return 0; }; ///< how many documents were opened since the start
+    std::function<int()> TakeOpened = [] { return 0; }; ///< the window of a file opened since this was last asked
     std::function<bool(int window)> IsDataSet = [](int) { return false; };
+    std::function<void(int window)> ToOwnSize = [](int) {}; ///< saved as large as it is, not as it is shown
     std::function<PictureSaved(const QString& path, int window)> SavePicture = [](const QString&, int) {
         return PictureSaved::Failed;
     };
@@ -23,20 +24,14 @@ struct FileDocumentHooks {
 FileDocumentHooks& TheFileDocumentHooks();
 void FileDocumentHooksReset();
 
-/// Writes a document in the format of the path's extension. False when that is no format (message 12750). A path that
-/// can't be written comes back empty. The two kinds of text are tried and not written: with `confirm` the CSV text says
-/// so (12763), without it they are no format.
+/// Writes a document in the format of the path's extension. False when that is no format (message 12750). A path under
+/// which no picture could be written, which is told by the message of its kind, or no text, comes back empty. The two
+/// kinds of text are tried and not written: with `confirm` the CSV text says so (12763), without it they are no format.
 bool FileSaveAs(QString& path, int window, bool confirm);
 
-/// The same, and a picture that can't be written is reported by the message of its kind. True when the picture was
-/// written, and for a kind of text that could have been.
-[[nodiscard]] bool FileSaveAsTold(const QString& path, int window);
-
-/// The save command of a document: asks for name and format, writes, remembers the name. True when it was written.
+/// The save command of a document: asks for name and format, writes, remembers the name. True when a picture was
+/// written; a kind of text holds nothing of a document, so that its window must not go.
 bool FileSaveAsDlg(int window);
 
 /// Remembers folder, name and extension of the first of these paths.
 void FileRememberPath(const QStringList& paths);
-
-/// True if a file of this name can be made or written; an existing one is left as it is, no other is left behind.
-[[nodiscard]] bool FileCanBeWritten(const QString& path);

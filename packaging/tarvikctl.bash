@@ -1,21 +1,30 @@
 # bash completion for tarvikctl(1)
 _tarvikctl() {
-  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
   COMPREPLY=()
 
+  # "--to=png" is three words to the shell, and two here.
+  local typed=() i
+  for ((i = 0; i <= COMP_CWORD; i++)); do
+    [ "${COMP_WORDS[i]}" = = ] || typed+=("${COMP_WORDS[i]}")
+  done
+  [ "${COMP_WORDS[COMP_CWORD]}" = = ] && typed+=("")
+  local last=$((${#typed[@]} - 1))
+  local current=${typed[last]} previous=${typed[last - 1]}
+
   # The words before this one, without the instrument: its colon makes three words of it.
-  local words=() instrument="" i=1
-  while ((i < COMP_CWORD)); do
-    if [ "${COMP_WORDS[i]}" = --to ] && [ "${words[0]-}" != picture ] && [ "$instrument${words[0]-}" != givencapture ]; then
+  local words=() instrument=""
+  i=1
+  while ((i < last)); do
+    if [ "${typed[i]}" = --to ] && [ "${words[0]-}" != picture ] && [ "$instrument${words[0]-}" != givencapture ]; then
       instrument=given
       i=$((i + 2))
-      while [ "${COMP_WORDS[i]-}" = : ]; do i=$((i + 2)); done
+      while [ "${typed[i]-}" = : ]; do i=$((i + 2)); done
     else
-      words+=("${COMP_WORDS[i]}")
+      words+=("${typed[i]}")
       i=$((i + 1))
     fi
   done
-  ((i > COMP_CWORD)) && return
+  ((i > last)) && return
 
   local command=${words[0]-}
   if [ -z "$command" ]; then

@@ -8,12 +8,25 @@
 #include "screen/screenWindow.h"
 
 #include <memory>
+#include <utility>
 
 namespace {
 
-bool OpenPicture(const QString& path, int kind)
+bool OpenPicture(const QString& path, int kind, WindowId& opened)
 {
-    return ImgOpen(path, kind, SubtypeFile).Result == 0;
+    const OpenedImage image = ImgOpen(path, kind, SubtypeFile);
+    if (image.Result == 0)
+        opened = image.Id;
+    return image.Result == 0;
+}
+
+/// What is composed is the stretched copy, which is as large as the window came out: beside others, or maximised.
+void ToOwnSize(int window)
+{
+    const auto id = static_cast<WindowId>(window);
+    ScreenRecord* record = ScreenOf(id);
+    if (record != nullptr && record->Graph.size() != record->Master.size())
+        record->Graph = ScreenPicture(id, record->Master.size());
 }
 
 PictureSaved SavePicture(const QString& path, int window)
@@ -29,16 +42,13 @@ PictureSaved SavePicture(const QString& path, int window)
 
 void BindDocumentFiles()
 {
-    const auto opened = std::make_shared<int>(0);
-    TheFileOpeners().OpenPicture = [opened](const QString& path, int kind) {
-        const bool isOpen = OpenPicture(path, kind);
-        *opened += isOpen ? 1 : 0;
-        return isOpen;
-    };
+    const auto opened = std::make_shared<WindowId>(WindowId{ 0 });
+    TheFileOpeners().OpenPicture = [opened](const QString& path, int kind) { return OpenPicture(path, kind, *opened); };
     FileDocumentHooks& hooks = TheFileDocumentHooks();
     hooks.ActiveWindow = [] { return static_cast<int>(WindowTable().Active); };
-    hooks.OpenedCount = [opened] { return *opened; };
+    hooks.TakeOpened = [opened] { return static_cast<int>(std::exchange(*opened, WindowId{ 0 })); };
     hooks.IsDataSet = [](int window) { return WindowTypeOf(static_cast<WindowId>(window)) == WindowDataSet; };
+    hooks.ToOwnSize = ToOwnSize;
     hooks.SavePicture = SavePicture;
     hooks.Close = [](int window) { DropWindow(static_cast<WindowId>(window)); };
     TheScreenWindowHooks().Save = [](WindowId id) { return FileSaveAsDlg(id); };

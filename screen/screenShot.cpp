@@ -4,10 +4,10 @@
 #include "app/lang.h"
 #include "app/message.h"
 #include "app/project.h"
+#include "app/replaceFile.h"
 #include "app/seams.h"
 #include "app/statusBar.h"
 #include "link/channel.h"
-#include "link/fileSave.h"
 #include "screen/document.h"
 #include "screen/pictureFile.h"
 
@@ -43,7 +43,7 @@ public:
     explicit TemporaryFile(const QString& name)
         : path_(Program().AppPath + name)
     {
-        if (FileCanBeWritten(path_))
+        if (CanReplaceFile(path_))
             return;
         folder_.emplace();
         path_ = folder_->filePath(name);

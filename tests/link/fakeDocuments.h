@@ -10,6 +10,8 @@
 
 #include <QStringList>
 
+#include <utility>
+
 /// Keeps a log of what is done to documents. Each one opened gets the next window number and is the active one.
 class DocumentsTest : public ProgramTest {
 protected:
@@ -17,7 +19,7 @@ protected:
     {
         FileDocumentHooks& hooks = TheFileDocumentHooks();
         hooks.ActiveWindow = [this] { return Active; };
-        hooks.OpenedCount = [this] { return Opened; };
+        hooks.TakeOpened = [this] { return std::exchange(JustOpened, 0); };
         hooks.IsDataSet = [this](int) { return DataSet; };
         hooks.SavePicture = [this](const QString& path, int window) {
             Log.append(QStringLiteral("save %1 %2").arg(window).arg(path));
@@ -28,7 +30,7 @@ protected:
             Log.append(QStringLiteral("open ") + path);
             if (path.contains(QLatin1String("bad")))
                 return false;
-            Active = ++Opened;
+            Active = JustOpened = ++Opened;
             return true;
         };
         TheSeams().SaveFile = [this](const SaveFileQuestion& question) {
@@ -43,6 +45,7 @@ protected:
 
     int Active = 0;
     int Opened = 0;
+    int JustOpened = 0;
     bool DataSet = false;
     PictureSaved Outcome = PictureSaved::Written;
     QStringList Log;

@@ -132,9 +132,86 @@ TEST_F(FileConverting, FileThatFailsToOpenIsPassedOver)
 TEST_F(FileConverting, ListThatOpensInItsEditorIsNoDocument)
 {
     TheFileOpeners().OpenEditor = [](int, const QString&) { return true; };
-    Sources({ "a.tvm" });
+    TheFileOpeners().OpenListFile = [](const QString&, bool) { return true; };
+    Active = 7; // of the user
+    Sources({ "a.tvm", "b.csv", "c.bmp" });
+    Answers().Expect(12750, { "a.tvm" }, Ok);
+    Answers().Expect(12750, { "b.csv" }, Ok);
+    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(Log, QStringList({ "open " + FilePath("c.bmp"), "save 1 " + Target("c.png"), "close 1" }));
+}
+
+TEST_F(FileConverting, ListThatNobodyOpensIsTold)
+{
+    Sources({ "a.tvm", "b.csv", "c.txt" });
+    for (const char* name : { "a.tvm", "b.csv", "c.txt" })
+        Answers().Expect(12750, { QString::fromLatin1(name) }, Ok);
     EXPECT_EQ(FileConvertRun({}), 0);
     EXPECT_TRUE(Log.isEmpty());
+}
+
+TEST_F(FileConverting, FileOfNoKindIsToldOnce)
+{
+    Sources({ "a.doc" });
+    Answers().Expect(12750, QStringList(), Ok);
+    EXPECT_EQ(FileConvertRun({}), 0);
+}
+
+TEST_F(FileConverting, WhatWasOpenedIsSavedWhicheverWindowIsActive)
+{
+    TheFileOpeners().OpenPicture = [this](const QString&, int) {
+        JustOpened = 3;
+        Active = 7;
+        return true;
+    };
+    Sources({ "a.bmp" });
+    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(Log, QStringList({ "save 3 " + Target("a.png"), "close 3" }));
+}
+
+TEST_F(FileConverting, DocumentOfAnEarlierOpeningIsLeftAlone)
+{
+    JustOpened = 7;
+    Sources({ "bad.bmp" });
+    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(ClosedCount(), 0);
+}
+
+TEST_F(FileConverting, PictureIsSavedAtItsOwnSize)
+{
+    TheFileDocumentHooks().ToOwnSize = [this](int window) { Log.append(QStringLiteral("own %1").arg(window)); };
+    Sources({ "a.bmp" });
+    FileConvertRun({});
+    EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.bmp"), "own 1", "save 1 " + Target("a.png"), "close 1" }));
+}
+
+TEST_F(FileConverting, TextAsTargetWritesNothing)
+{
+    FileConvert().TargetExtension = ".csv";
+    Sources({ "a.bmp" });
+    Answers().Expect(12763, { Target("a.csv") }, Ok);
+    EXPECT_EQ(FileConvertRun({}), 0);
+    FileConvert().TargetExtension = ".txt";
+    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(ClosedCount(), 2);
+    EXPECT_TRUE(QDir(FilePath("out")).isEmpty());
+}
+
+TEST_F(FileConverting, ProgramThatIsToEndFinishesTheFileOnly)
+{
+    Sources({ "a.bmp", "b.bmp", "c.bmp" });
+    int files = 0;
+    TheSeams().PumpEvents = [&files] { Program().CloseWished = ++files == 2; };
+    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_EQ(SavedNames(), QStringList({ "a.png", "b.png" }));
+    EXPECT_EQ(ClosedCount(), 2);
+}
+
+TEST_F(FileConverting, RemembersTheFileThatIsOpenedLast)
+{
+    Sources({ "a.bmp", "b.bmp" });
+    FileConvertRun({});
+    EXPECT_EQ(Program().LastFile.Name, "b");
 }
 
 TEST_F(FileConverting, SingleExistingTargetIsAPlainQuestion)
@@ -316,6 +393,27 @@ TEST_F(ConvertTarget, FileInTheFoldersPlaceIsRefused)
     Answers().Expect(12752, { "taken", "File exists" }, Ok);
     EXPECT_FALSE(FileConvertAccept(FilePath("taken"), 11605));
     EXPECT_EQ(Contents(FilePath("taken")), "x");
+}
+
+TEST_F(ConvertTarget, FolderWithoutAPlaceStandsAmongTheSources)
+{
+    SetLastFile(FilePath("a.bmp"));
+    EXPECT_TRUE(FileConvertAccept("new", 11605));
+    EXPECT_EQ(FileConvert().TargetFolder, FilePath("new"));
+    EXPECT_TRUE(QDir(FilePath("new")).exists());
+}
+
+TEST_F(ConvertTarget, RefusedFolderIsToldByItsLastName)
+{
+    Answers().Expect(12752, { "two", "No such file or directory" }, Ok);
+    EXPECT_FALSE(FileConvertAccept(FilePath("one/two//"), 11605));
+}
+
+TEST_F(ConvertTarget, RootIsAFolder)
+{
+    EXPECT_TRUE(FolderExists("/"));
+    EXPECT_TRUE(FolderExists(Folder()));
+    EXPECT_FALSE(FolderExists(""));
 }
 
 TEST_F(ConvertTarget, EmptyFolderIsRefused)

@@ -1,7 +1,6 @@
 // Saving a document: the formats, the save dialog, what can't be written.
 #include "tests/link/fakeDocuments.h"
 
-#include "app/general.h"
 #include "app/project.h"
 #include "link/fileFormats.h"
 
@@ -110,31 +109,25 @@ TEST_F(FileSaving, TextWithoutConfirmationIsNoFormat)
 
 TEST_F(FileSaving, PathThatCanNotBeWrittenComesBackEmpty)
 {
-    for (const char* name : { "no/such/folder/a.png", "no/such/folder/a.csv" }) {
+    for (const char* name : { "no/such/folder/a.csv", "no/such/folder/a.txt" }) {
         QString path = FilePath(QString::fromLatin1(name));
         EXPECT_TRUE(FileSaveAs(path, 1, true));
         EXPECT_TRUE(path.isEmpty());
     }
+    QString path = FilePath("no/such/folder/a.png");
+    Answers().Expect(12761, { "a.png" }, Ok);
+    EXPECT_TRUE(FileSaveAs(path, 1, true));
+    EXPECT_TRUE(path.isEmpty());
     EXPECT_TRUE(Log.isEmpty());
 }
 
-TEST_F(FileSaving, TryingLeavesAnExistingFileAsItIs)
+TEST_F(FileSaving, PictureThatTheWriterRefusesComesBackEmpty)
 {
-    Store(FilePath("a.png"), "old");
-    EXPECT_TRUE(FileCanBeWritten(FilePath("a.png")));
-    EXPECT_EQ(Contents(FilePath("a.png")), "old");
-    EXPECT_TRUE(FileCanBeWritten(FilePath("b.png")));
-    EXPECT_FALSE(QFile::exists(FilePath("b.png")));
-}
-
-TEST_F(FileSaving, FolderAndReadOnlyFileCanNotBeWritten)
-{
-    ASSERT_TRUE(QDir(Folder()).mkdir("a.png"));
-    EXPECT_FALSE(FileCanBeWritten(FilePath("a.png")));
-    Store(FilePath("b.png"), "old");
-    SetReadOnlyAttribute(FilePath("b.png"));
-    EXPECT_FALSE(FileCanBeWritten(FilePath("b.png")));
-    EXPECT_EQ(Contents(FilePath("b.png")), "old");
+    Outcome = PictureSaved::Failed;
+    QString path = FilePath("a.pcx");
+    Answers().Expect(12757, { "a.pcx" }, Ok);
+    EXPECT_TRUE(FileSaveAs(path, 1, false));
+    EXPECT_TRUE(path.isEmpty());
 }
 
 TEST_F(FileSaving, DialogAsksWithWhatWasUsedLast)
@@ -145,7 +138,6 @@ TEST_F(FileSaving, DialogAsksWithWhatWasUsedLast)
     EXPECT_EQ(Question.InitialFolder, Program().LastFile.Folder);
     EXPECT_EQ(Question.FileName, "night");
     EXPECT_EQ(Question.FilterIndex, 2);
-    EXPECT_EQ(Question.DefaultExtension, "pcx");
     EXPECT_EQ(Question.HelpNumber, 11600);
     EXPECT_TRUE(Log.isEmpty()) << "the dialog was cancelled";
 }
@@ -156,7 +148,6 @@ TEST_F(FileSaving, DialogTakesATextUsedLastForNoExtension)
     for (const char* name : { "a.CSV", "a.txt" }) {
         SetLastFile(FilePath(QString::fromLatin1(name)));
         FileSaveAsDlg(3);
-        EXPECT_EQ(Question.DefaultExtension, "");
         EXPECT_EQ(Question.FilterIndex, 1);
     }
 }
@@ -168,6 +159,35 @@ TEST_F(FileSaving, DialogSavesAndRemembersTheName)
     EXPECT_EQ(Log, QStringList("save 3 " + FilePath("Tower.PNG")));
     EXPECT_EQ(Program().LastFile.Name, "Tower");
     EXPECT_EQ(Program().LastFile.Extension, "png");
+}
+
+TEST_F(FileSaving, TextHoldsNothingOfTheDocumentWhoseNameItTakes)
+{
+    SaveAnswer = FilePath("a.csv");
+    Answers().Expect(12763, { SaveAnswer }, Ok);
+    EXPECT_FALSE(FileSaveAsDlg(3)) << "a window that is to be closed stays";
+    EXPECT_EQ(Program().LastFile.Extension, "csv");
+    SaveAnswer = FilePath("b.txt");
+    EXPECT_FALSE(FileSaveAsDlg(3));
+    EXPECT_EQ(Program().LastFile.Name, "b");
+    SaveAnswer = FilePath("none/c.txt");
+    EXPECT_FALSE(FileSaveAsDlg(3));
+    EXPECT_EQ(Program().LastFile.Name, "b");
+}
+
+TEST_F(FileSaving, DialogOnAnUnknownExtensionTellsAndRemembersNothing)
+{
+    SaveAnswer = FilePath("a.jpeg");
+    Answers().Expect(12750, QStringList(), Ok);
+    EXPECT_FALSE(FileSaveAsDlg(3));
+    EXPECT_EQ(Program().LastFile.Name, "");
+}
+
+TEST_F(FileSaving, DialogAnsweredWithBlanksSavesNothing)
+{
+    SaveAnswer = "   ";
+    EXPECT_FALSE(FileSaveAsDlg(3));
+    EXPECT_TRUE(Log.isEmpty());
 }
 
 TEST_F(FileSaving, DialogOnAPathThatCanNotBeWrittenTellsAndRemembersNothing)

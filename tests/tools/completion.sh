@@ -47,10 +47,17 @@ offers "--description --into --palette --to --yes" --to 127.0.0.1 capture --
 offers "bmp pcx png wmf" --to 127.0.0.1 capture --to ""
 offers "e.png lists" --to 127.0.0.1 capture --to bmp ""
 offers "lists" --to 127.0.0.1 capture --into ""
+offers "0 1" --to 127.0.0.1 : 5555 capture --palette ""
 offers "--description --into --palette --to --yes" picture --
 offers "bmp pcx png wmf" picture --to ""
 offers "0 1" picture --palette ""
 offers "lists" picture --into ""
 offers "e.png lists" picture --to bmp ""
 offers "" picture --description ""
+offers "bmp pcx png wmf" picture --to =
+offers "pcx png" picture --to = p
+offers "lists" picture --to = bmp --into = ""
+offers "0 1 2 3 4 5 6" sort --key =
+offers "idn" --to = 127.0.0.1 : 5555 i
+offers "e.png lists" picture --to = bmp --palette = 1 ""
 exit "$failed"

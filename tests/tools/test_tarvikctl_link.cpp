@@ -320,6 +320,8 @@ TEST_F(TarvikctlLink, CapturesInTheFormatThatIsAskedFor)
     ExpectDone(To({ "capture", "--to=pcx", "shot.png" }));
     EXPECT_TRUE(Bytes(QStringLiteral("shot.pcx")).startsWith("\x0a\x05\x01\x08"));
     EXPECT_FALSE(QFile::exists(Path(QStringLiteral("shot.png"))));
+    ExpectDone(To({ "capture", "--to", "png", "Tower.2024" }));
+    EXPECT_EQ(PngSize("Tower.2024.png"), QSize(642, 442));
 }
 
 TEST_F(TarvikctlLink, CapturesIntoAFolder)
@@ -355,6 +357,28 @@ TEST_F(TarvikctlLink, CapturesWithADescription)
     const int line = PngSize("two.png").height() - PngSize("one.png").height();
     EXPECT_GT(line, 0);
     EXPECT_EQ(PngSize("one.png"), QSize(642, 442 + line + 1));
+}
+
+TEST_F(TarvikctlLink, CaptureIntoAPlaceThatIsNotThereIsAMessage)
+{
+    StartInstrument();
+    ExpectMessage(To({ "capture", "none/out.pcx" }), QStringLiteral("none/out.pcx: 12757: "));
+}
+
+TEST_F(TarvikctlLink, CaptureLeavesNothingInTheFolderOfTemporaryFiles)
+{
+    StartInstrument();
+    ASSERT_TRUE(QDir(Path({})).mkdir(QStringLiteral("tmp")));
+    qputenv("TMPDIR", QFile::encodeName(Path(QStringLiteral("tmp"))));
+    ExpectDone(To({ "capture", "out.png" }));
+    EXPECT_EQ(QDir(Path(QStringLiteral("tmp"))).entryList({ QStringLiteral("tarvikctl*") }), QStringList());
+    Store(QStringLiteral("out.png"), "mine");
+    qputenv("TMPDIR", QFile::encodeName(Path(QStringLiteral("out.png"))));
+    const CtlResult result = To({ "capture", "--yes", "out.png" });
+    qunsetenv("TMPDIR");
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_TRUE(result.Err.contains(QStringLiteral("out.png: there is no place"))) << result.Err.toStdString();
+    EXPECT_EQ(Bytes(QStringLiteral("out.png")), "mine");
 }
 
 TEST_F(TarvikctlLink, CapturesInBlackAndWhite)

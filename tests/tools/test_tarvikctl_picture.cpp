@@ -2,8 +2,14 @@
 #include "tests/tools/ctl.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QImage>
+#include <QProcess>
+#include <QRandomGenerator>
+
+#include <csignal>
+#include <sys/types.h>
 
 namespace {
 
@@ -25,7 +31,42 @@ protected:
     {
         return QImage(Path(name)).convertToFormat(QImage::Format_RGB32);
     }
+
+    /// Runs a line of the shell in the test's folder; "$CTL" is the program.
+    CtlResult Shell(const QString& line) const
+    {
+        QProcess shell;
+        shell.setWorkingDirectory(Path({}));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("CTL", TARVIKCTL);
+        shell.setProcessEnvironment(environment);
+        shell.start("bash", { "-c", line });
+        EXPECT_TRUE(shell.waitForFinished(60000)) << shell.errorString().toStdString();
+        return { shell.exitCode(), QString::fromUtf8(shell.readAllStandardOutput()),
+            QString::fromUtf8(shell.readAllStandardError()) };
+    }
+
+    /// A picture that compresses badly, so that writing it takes its time.
+    void Noise(const QString& name, QSize size) const
+    {
+        QImage image(size, QImage::Format_RGB32);
+        QRandomGenerator random(7);
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x)
+                image.setPixel(x, y, random.generate() | 0xff000000U);
+        }
+        ASSERT_TRUE(image.save(Path(name)));
+    }
 };
+
+/// One line that begins so, and exit status 1.
+void ExpectRefused(const CtlResult& result, const QString& start)
+{
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_TRUE(result.Err.startsWith(start)) << result.Err.toStdString();
+    EXPECT_EQ(result.Err.count('\n'), 1) << result.Err.toStdString();
+    EXPECT_EQ(result.Out, "");
+}
 
 void ExpectDone(const CtlResult& result)
 {
@@ -148,11 +189,246 @@ TEST_F(CtlPicture, WrongUsageIsToldAndTouchesNothing)
     Picture("a.bmp");
     const QList<QStringList> wrong = { { "picture", "a.bmp" }, { "picture", "--to", "gif", "a.bmp" },
         { "picture", "--to", "png" }, { "picture", "--to", "png", "--palette", "2", "a.bmp" },
-        { "picture", "--to", "png", "a.bmp", "--into" }, { "picture", "--to", "png", "--key", "1", "a.bmp" } };
+        { "picture", "--to", "png", "a.bmp", "--into" }, { "picture", "--to", "png", "a.bmp", "--into=" },
+        { "picture", "--to", "png", "--key", "1", "a.bmp" }, { "picture", "--to", "png", "-platform", "x", "a.bmp" },
+        { "picture", "--to", "png", "-name", "a.bmp" } };
     for (const QStringList& words : wrong) {
         const CtlResult result = Ctl(words);
         EXPECT_EQ(result.ExitCode, 2) << words.join(' ').toStdString();
         EXPECT_TRUE(result.Err.startsWith("tarvikctl: ")) << result.Err.toStdString();
     }
     EXPECT_EQ(FolderEntries(), QStringList("a.bmp"));
+}
+
+TEST_F(CtlPicture, ListsAndTextsAreNoPicturesAndTold)
+{
+    Store("a.csv", MemoryCsv("A", {}));
+    Store("b.tvm", "list");
+    Store("c.txt", "text");
+    Picture("d.bmp");
+    const CtlResult result = Ctl({ "picture", "--to", "png", "a.csv", "b.tvm", "c.txt", "d.bmp" });
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_EQ(result.Err.count('\n'), 3) << result.Err.toStdString();
+    for (const char* name : { "a.csv", "b.tvm", "c.txt" })
+        EXPECT_TRUE(result.Err.contains(QString::fromLatin1(name) + ": 12750: ")) << result.Err.toStdString();
+    EXPECT_TRUE(QFile::exists(Path("d.png")));
+}
+
+TEST_F(CtlPicture, NamesMayBeOdd)
+{
+    const QStringList bases{ QString::fromUtf8("T\u00fcrme \u20ac \u0394\u03bb"), "a b.2024.night", "%1 & 'x' \"y\"",
+        "-x", "a\nb", "tab\there", "*?[x]", "100%", QString(251, u'n'), QString(60, QChar(0x4e2d)) };
+    for (const QString& base : bases) {
+        Picture("a.bmp");
+        ASSERT_TRUE(QFile::rename(Path("a.bmp"), Path(base + ".bmp")));
+        ExpectDone(Ctl({ "picture", "--to", "png", "--into", "out", "--", base + ".bmp" }));
+        EXPECT_EQ(Read("out/" + base + ".png"), Read(base + ".bmp")) << base.toStdString();
+        ExpectDone(Ctl({ "picture", "--to", "wmf", "--into", "out", "--", base + ".bmp" }));
+        EXPECT_TRUE(QFile::exists(Path("out/" + base + ".wmf"))) << base.toStdString();
+    }
+    EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files | QDir::Hidden).size(), 2 * bases.size());
+}
+
+TEST_F(CtlPicture, WhatATerminalWouldObeyIsNotPrinted)
+{
+    const CtlResult result = Ctl({ "picture", "--to", "png", "a\033[2J\nb.doc" });
+    ExpectRefused(result, "a?[2J?b.doc: 12750: ");
+}
+
+TEST_F(CtlPicture, ReadOnlyTargetStays)
+{
+    Picture("a.bmp");
+    for (const char* format : { "png", "pcx", "wmf" }) {
+        const QString target = QStringLiteral("a.") + QString::fromLatin1(format);
+        Store(target, "old");
+        ASSERT_TRUE(QFile::setPermissions(Path(target), QFile::ReadOwner));
+        const CtlResult result = Ctl({ "picture", "--yes", "--to", QString::fromLatin1(format), "a.bmp" });
+        EXPECT_EQ(result.ExitCode, 1);
+        EXPECT_TRUE(result.Err.contains("a.bmp: 127")) << result.Err.toStdString();
+        EXPECT_EQ(Bytes(target), "old");
+    }
+    EXPECT_EQ(FolderEntries().size(), 4);
+}
+
+TEST_F(CtlPicture, FullDiskLeavesTheOldFileAndNothingElse)
+{
+    Noise("a.bmp", { 200, 100 });
+    Store("a.png", "old");
+    const std::pair<const char*, const char*> formats[] = { { "png", "12761" }, { "pcx", "12757" },
+        { "wmf", "12759" } };
+    for (const auto& [format, message] : formats) {
+        const CtlResult result =
+            Shell(QStringLiteral("trap '' XFSZ; ulimit -f 10; \"$CTL\" picture --yes --to %1 a.bmp")
+                      .arg(QLatin1String(format)));
+        EXPECT_EQ(result.ExitCode, 1) << format;
+        EXPECT_TRUE(result.Err.contains(QStringLiteral("a.bmp: %1: ").arg(QLatin1String(message))))
+            << result.Err.toStdString();
+    }
+    EXPECT_EQ(Bytes("a.png"), "old");
+    EXPECT_EQ(FolderEntries(), QStringList({ "a.bmp", "a.png" }));
+}
+
+TEST_F(CtlPicture, FolderInTheTargetsPlaceStays)
+{
+    Picture("a.bmp");
+    ASSERT_TRUE(QDir(Path({})).mkdir("a.png"));
+    const CtlResult result = Ctl({ "picture", "--yes", "--to", "png", "a.bmp" });
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_TRUE(result.Err.contains("a.bmp: 12761: ")) << result.Err.toStdString();
+    EXPECT_TRUE(QDir(Path("a.png")).isEmpty());
+}
+
+TEST_F(CtlPicture, FileInPlaceOfTheTargetFolderStays)
+{
+    Picture("a.bmp");
+    Store("out", "file");
+    ExpectRefused(Ctl({ "picture", "--yes", "--to", "png", "--into", "out", "a.bmp" }), "out: 12752: ");
+    EXPECT_EQ(Bytes("out"), "file");
+}
+
+TEST_F(CtlPicture, TargetThatIsTheSourceIsAskedForAndReplacedWhole)
+{
+    Picture("a.bmp");
+    const QByteArray before = Bytes("a.bmp");
+    ExpectRefused(Ctl({ "picture", "--palette", "1", "--to", "bmp", "a.bmp" }), "a.bmp: 12734?: ");
+    EXPECT_EQ(Bytes("a.bmp"), before);
+    EXPECT_EQ(Ctl({ "picture", "--yes", "--palette", "1", "--to", "bmp", "a.bmp" }).ExitCode, 0);
+    EXPECT_TRUE(Read("a.bmp").isGrayscale());
+    EXPECT_EQ(FolderEntries(), QStringList("a.bmp"));
+}
+
+TEST_F(CtlPicture, FilesThatWouldBecomeOneAreNotMixedUp)
+{
+    Picture("a.bmp");
+    Picture("a.png", { 10, 10 });
+    ASSERT_TRUE(QDir(Path({})).mkdir("b"));
+    Picture("b/a.bmp", { 8, 8 });
+    ExpectRefused(Ctl({ "picture", "--yes", "--to", "pcx", "--into", "out", "a.bmp", "b/a.bmp" }),
+        "b/a.bmp: would become the same file as a.bmp\n");
+    ExpectDone(Ctl({ "picture", "--to", "png", "--into", "back", "out/a.pcx" }));
+    EXPECT_EQ(Read("back/a.png"), Read("a.bmp"));
+}
+
+TEST_F(CtlPicture, SourceOfTheBatchIsNotReplacedByAnother)
+{
+    Picture("a.bmp");
+    Picture("a.png", { 10, 10 });
+    const QByteArray before = Bytes("a.bmp");
+    const CtlResult result = Ctl({ "picture", "--yes", "--to", "bmp", "./a.png", "a.bmp" });
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_TRUE(result.Err.startsWith("./a.png: would replace ")) << result.Err.toStdString();
+    EXPECT_EQ(Read("a.bmp").size(), QSize(40, 20));
+}
+
+TEST_F(CtlPicture, FileThatIsNamedTwiceIsConvertedOnce)
+{
+    Picture("a.bmp");
+    ExpectDone(Ctl({ "picture", "--to", "png", "a.bmp", "./a.bmp" }));
+}
+
+TEST_F(CtlPicture, WhatIsNoFileDoesNotKeepItWaiting)
+{
+    ASSERT_EQ(Shell("mkfifo a.png; mkdir b.png").ExitCode, 0);
+    const CtlResult result = Ctl({ "picture", "--to", "bmp", "a.png", "b.png", "gone.png" });
+    EXPECT_EQ(result.ExitCode, 1);
+    for (const char* name : { "a.png", "b.png", "gone.png" })
+        EXPECT_TRUE(result.Err.contains(QString::fromLatin1(name) + ": 12760: ")) << result.Err.toStdString();
+}
+
+TEST_F(CtlPicture, LanguageOfTheShellDoesNotMatter)
+{
+    Picture("a.bmp");
+    ASSERT_TRUE(QFile::rename(Path("a.bmp"), Path(QString::fromUtf8("\u00e4.bmp"))));
+    ExpectDone(Shell("LC_ALL=C \"$CTL\" picture --to png *.bmp"));
+    EXPECT_TRUE(QFile::exists(Path(QString::fromUtf8("\u00e4.png"))));
+    ExpectDone(Shell("LC_ALL=C \"$CTL\" text 11504 >/dev/null"));
+}
+
+TEST_F(CtlPicture, ShowsProgressToPeopleOnly)
+{
+    Picture("a.bmp");
+    Picture("b.bmp");
+    const CtlResult shown = Shell("script -qec 'stty cols 12; \"$CTL\" picture --to png a.bmp b.bmp' /dev/null");
+    EXPECT_EQ(shown.ExitCode, 0);
+    EXPECT_TRUE(shown.Out.contains("\r\033[K1 of 2: a.b\r")) << shown.Out.toStdString();
+    EXPECT_TRUE(shown.Out.contains("\r\033[K2 of 2: b.b\r")) << shown.Out.toStdString();
+    EXPECT_TRUE(shown.Out.endsWith("\r\033[K")) << shown.Out.toStdString();
+}
+
+TEST_F(CtlPicture, SignalLetsTheFileUnderWayBeFinished)
+{
+    Noise("p0.bmp", { 900, 700 });
+    QStringList words{ "picture", "--to", "png", "--into", "out", "p0.bmp" };
+    for (int number = 1; number < 60; ++number) {
+        const QString name = QStringLiteral("p%1.bmp").arg(number);
+        ASSERT_TRUE(QFile::copy(Path("p0.bmp"), Path(name)));
+        words.append(name);
+    }
+    QProcess process;
+    process.setWorkingDirectory(Path({}));
+    process.start(TARVIKCTL, words);
+    ASSERT_TRUE(process.waitForStarted());
+    while (!QFile::exists(Path("out/p0.png")) && process.state() == QProcess::Running)
+        process.waitForFinished(1);
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    ASSERT_TRUE(process.waitForFinished(60000));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 1);
+    const QStringList entries = QDir(Path("out")).entryList(QDir::Files | QDir::Hidden);
+    EXPECT_EQ(QString::fromUtf8(process.readAllStandardError()),
+        QStringLiteral("tarvikctl: stopped, %1 of 60 files are written\n").arg(entries.size()));
+    EXPECT_LT(entries.size(), 60);
+    for (const QString& name : entries)
+        EXPECT_EQ(Read("out/" + name), Read("p0.bmp")) << name.toStdString();
+}
+
+TEST_F(CtlPicture, KilledAtAnyMomentItLeavesTheOldOrTheNewFile)
+{
+    Noise("a.bmp", { 400, 300 });
+    ASSERT_TRUE(QDir(Path({})).mkdir("out"));
+    for (const char* format : { "png", "pcx", "wmf" }) {
+        const QStringList words{ "picture", "--yes", "--into", "out", "--to", QString::fromLatin1(format), "a.bmp" };
+        const QString target = QStringLiteral("out/a.") + QString::fromLatin1(format);
+        QElapsedTimer timer;
+        timer.start();
+        ASSERT_EQ(Ctl(words).ExitCode, 0);
+        const qint64 wholeNs = timer.nsecsElapsed();
+        const QByteArray whole = Bytes(target);
+        int kept = 0;
+        for (int turn = 0; turn < 40; ++turn) {
+            if (turn % 2 == 0)
+                Store(target, "old");
+            else
+                QFile::remove(Path(target));
+            QProcess process;
+            process.setWorkingDirectory(Path({}));
+            process.start(TARVIKCTL, words);
+            timer.start();
+            ASSERT_TRUE(process.waitForStarted());
+            // the writing stands at the end of the run
+            const qint64 afterNs = QRandomGenerator::global()->bounded(wholeNs - wholeNs / 2) + wholeNs / 2;
+            while (timer.nsecsElapsed() < afterNs && process.state() == QProcess::Running)
+                process.waitForFinished(0);
+            process.kill();
+            process.waitForFinished();
+            const bool isThere = QFile::exists(Path(target));
+            ASSERT_TRUE(isThere || turn % 2 == 1);
+            const QByteArray left = isThere ? Bytes(target) : QByteArray("old");
+            ASSERT_TRUE(left == "old" || left == whole) << format << ", " << left.size() << " bytes";
+            kept += left == "old" ? 1 : 0;
+        }
+        EXPECT_GT(kept, 0);
+        QFile::remove(Path(target));
+        ASSERT_EQ(Ctl(words).ExitCode, 0);
+        EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files | QDir::Hidden), QStringList(target.mid(4))) << "left behind";
+        QFile::remove(Path(target));
+    }
+}
+
+TEST_F(CtlPicture, EmptyDescriptionAndTinyPictureAreNoTrouble)
+{
+    Picture("a.bmp", { 1, 1 });
+    ExpectDone(Ctl({ "picture", "--description", "", "--to", "png", "a.bmp" }));
+    EXPECT_GE(Read("a.png").height(), 1);
+    EXPECT_EQ(Read("a.png").width(), 1);
 }

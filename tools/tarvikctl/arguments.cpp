@@ -117,7 +117,7 @@ private:
         if (name == QStringLiteral("--description"))
             return TakeText(word, result_.Description.emplace());
         if (name == QStringLiteral("--into"))
-            return TakeText(word, result_.Into);
+            return TakeFolder(ValueOf(word));
         if (word != name)
             return Fail(QStringLiteral("%1 takes no value").arg(name));
         bool& flag = name == QStringLiteral("--json") ? result_.Json
@@ -172,6 +172,12 @@ private:
         const bool hasValue = option.contains(u'=') || !words_.isEmpty();
         text = ValueOf(option);
         return hasValue || Fail(QStringLiteral("%1 takes a value").arg(option));
+    }
+
+    bool TakeFolder(const QString& value)
+    {
+        result_.Into = value;
+        return !value.isEmpty() || Fail(QStringLiteral("--into takes a folder"));
     }
 
     bool TakeInstrument(const QString& value)

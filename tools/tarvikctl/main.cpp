@@ -13,8 +13,8 @@
 #include <QDir>
 #include <QGuiApplication>
 
-#include <algorithm>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -33,7 +33,7 @@ bool LoadModules(CtlCommand command, Terminal& terminal)
     std::vector<Module> modules{ Module::Language, Module::ListStore, Module::General };
     if (CtlIsLinkCommand(command))
         modules.push_back(Module::Channel);
-    if (command == CtlCommand::Picture || command == CtlCommand::Capture)
+    if (CtlDrawsPictures(command))
         modules.push_back(Module::Pictures);
     Program().AppPath = QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();
     for (const Module module : modules) {
@@ -125,25 +125,33 @@ void KeepPlatformQuiet(QtMsgType type, const QMessageLogContext& /*context*/, co
         TerminalWrite(stderr, text + u'\n');
 }
 
-/// Fonts need more than the rest does, and no display even so.
-std::unique_ptr<QCoreApplication> NewApplication(int& argc, char** argv)
+/// What stands behind the program's name.
+QStringList Words(int argc, char** argv)
 {
-    const bool draws =
-        std::any_of(argv, argv + argc, [](const char* word) { return CtlDrawsPictures(QString::fromLocal8Bit(word)); });
+    const QCoreApplication application(argc, argv); // knows how this platform codes them
+    return QCoreApplication::arguments().mid(1);
+}
+
+/// Fonts need more than the rest does, and no display even so. The platform sees no words: it has options of its own,
+/// and would take them for itself.
+std::unique_ptr<QCoreApplication> NewApplication(bool draws, char** argv)
+{
+    static int onlyTheName = 1;
     if (!draws)
-        return std::make_unique<QCoreApplication>(argc, argv);
+        return std::make_unique<QCoreApplication>(onlyTheName, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler(KeepPlatformQuiet);
-    return std::make_unique<QGuiApplication>(argc, argv);
+    return std::make_unique<QGuiApplication>(onlyTheName, argv);
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const std::unique_ptr<QCoreApplication> application = NewApplication(argc, argv);
+    qInstallMessageHandler(KeepPlatformQuiet);
     QString error;
-    const auto arguments = CtlParse(QCoreApplication::arguments().mid(1), error);
+    const auto arguments = CtlParse(Words(argc, argv), error);
+    const std::unique_ptr<QCoreApplication> application =
+        NewApplication(arguments && CtlDrawsPictures(arguments->Command), argv);
     const ExitStatus status = arguments ? RunCommand(*arguments) : UsageError(error);
     return OutputArrived() ? status : ExitRefused;
 }

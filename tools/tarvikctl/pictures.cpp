@@ -1,6 +1,8 @@
 #include "tools/tarvikctl/pictures.h"
 
+#include "app/closeSignal.h"
 #include "app/project.h"
+#include "app/seams.h"
 #include "link/file.h"
 #include "link/fileConvert.h"
 #include "link/fileSave.h"
@@ -12,6 +14,8 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
+#include <QSet>
 #include <QTemporaryDir>
 
 #include <utility>
@@ -37,22 +41,70 @@ void Describe(WindowId id, const CtlArguments& arguments, Terminal& terminal)
 }
 
 /// FetchScreen, with its temporary file in a folder of its own: this program's may be one that only others write.
-WindowId FetchIntoWindow()
+WindowId FetchIntoWindow(Terminal& terminal)
 {
     const QTemporaryDir folder;
-    if (!folder.isValid())
-        return FetchScreen();
+    if (!folder.isValid()) {
+        terminal.Refuse(QStringLiteral("there is no place for a temporary file"));
+        return 0;
+    }
     const QString programFolder = std::exchange(Program().AppPath, folder.path() + QDir::separator());
     const WindowId id = FetchScreen();
     Program().AppPath = programFolder;
+    if (id <= 0 && !terminal.HasFailed())
+        terminal.Refuse(QStringLiteral("what the instrument sent is no picture"));
     return id;
+}
+
+void NoteSignals()
+{
+    OnCloseSignal([] { Program().CloseWished = true; });
+}
+
+/// The files of a batch: what is converted, and what it was called on the command line.
+struct Batch {
+    QStringList Paths;
+    QStringList Names;
+};
+
+/// The files that can be converted together. One that would replace another before that is read, or become the same
+/// file as another, is told and left out; one that is named again is left out.
+Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Terminal& terminal)
+{
+    QStringList all;
+    for (const QString& operand : arguments.Operands)
+        all.append(QDir::cleanPath(QFileInfo(operand).absoluteFilePath()));
+    const QSet<QString> sources(all.begin(), all.end());
+    QSet<QString> seen;
+    QHash<QString, QString> targets; // and the name of what becomes each
+    Batch batch;
+    for (qsizetype at = 0; at < all.size(); ++at) {
+        const QString& name = arguments.Operands[at];
+        const QString folder =
+            state.TargetFolder.isEmpty() ? QFileInfo(all[at]).path() : QDir(state.TargetFolder).absolutePath();
+        const QString target = QDir::cleanPath(FileTargetPath(folder, all[at], state.TargetExtension));
+        terminal.SetFile(name);
+        if (seen.contains(all[at]))
+            continue;
+        seen.insert(all[at]);
+        if (target != all[at] && sources.contains(target)) {
+            terminal.Refuse(QStringLiteral("would replace %1, which is to be converted itself").arg(target));
+        } else if (targets.contains(target)) {
+            terminal.Refuse(QStringLiteral("would become the same file as %1").arg(targets[target]));
+        } else {
+            targets[target] = name;
+            batch.Paths.append(all[at]);
+            batch.Names.append(name);
+        }
+    }
+    return batch;
 }
 
 } // namespace
 
-bool CtlDrawsPictures(const QString& word)
+bool CtlDrawsPictures(CtlCommand command)
 {
-    return word == QLatin1String("picture") || word == QLatin1String("capture");
+    return command == CtlCommand::Picture || command == CtlCommand::Capture;
 }
 
 void CtlRunPictures(const CtlArguments& arguments, Terminal& terminal)
@@ -63,20 +115,25 @@ void CtlRunPictures(const CtlArguments& arguments, Terminal& terminal)
     terminal.SetFile(arguments.Into);
     if (!arguments.Into.isEmpty() && !FileMakeTargetFolder(arguments.Into))
         return;
-    for (const QString& operand : arguments.Operands)
-        state.Sources.append(QFileInfo(operand).absoluteFilePath());
+    const Batch batch = BatchOf(arguments, state, terminal);
+    state.Sources = batch.Paths;
 
+    NoteSignals();
     StartDocuments(arguments);
     FileBatchHooks hooks;
     hooks.Prepare = [&](int window) { Describe(static_cast<WindowId>(window), arguments, terminal); };
     hooks.Progress = [&](int done, int total, const QString&) {
-        terminal.SetFile(arguments.Operands[done]);
-        terminal.ShowProgress(QStringLiteral("%1 of %2: %3").arg(done + 1).arg(total).arg(arguments.Operands[done]));
+        terminal.SetFile(batch.Names[done]);
+        terminal.ShowProgress(QStringLiteral("%1 of %2: %3").arg(done + 1).arg(total).arg(batch.Names[done]));
     };
     const int converted = FileConvertRun(hooks);
     terminal.ShowProgress({});
-    if (converted < arguments.Operands.size())
+    if (converted < batch.Paths.size())
         terminal.SetFailed();
+    if (Program().CloseWished) {
+        terminal.SetFile(QStringLiteral("tarvikctl"));
+        terminal.Refuse(QStringLiteral("stopped, %1 of %2 files are written").arg(converted).arg(batch.Paths.size()));
+    }
 }
 
 bool CtlIsPictureName(const QString& path)
@@ -87,23 +144,26 @@ bool CtlIsPictureName(const QString& path)
 QString CtlCaptureTarget(const CtlArguments& arguments)
 {
     const QFileInfo out(arguments.Operands[0]);
-    const QString folder = arguments.Into.isEmpty() ? out.path() : arguments.Into;
+    QString name = out.fileName();
     if (!arguments.ImageFormat.isEmpty())
-        return QDir::cleanPath(FileTargetPath(folder, out.filePath(), u'.' + arguments.ImageFormat));
-    return arguments.Into.isEmpty() ? out.filePath() : QDir(folder).filePath(out.fileName());
+        name = (CtlIsPictureName(name) ? out.completeBaseName() : name) + u'.' + arguments.ImageFormat;
+    const QString folder = arguments.Into.isEmpty() ? out.path() : arguments.Into;
+    return QDir::cleanPath(QDir(folder).filePath(name));
 }
 
 void CtlCapture(const CtlArguments& arguments, Terminal& terminal)
 {
+    NoteSignals();
     StartDocuments(arguments);
-    const WindowId id = FetchIntoWindow();
-    if (id <= 0) {
-        if (!terminal.HasFailed())
-            terminal.Refuse(QStringLiteral("what the instrument sent is no picture"));
+    terminal.ShowProgress(QStringLiteral("fetching the display"));
+    const WindowId id = FetchIntoWindow(terminal);
+    terminal.ShowProgress({});
+    TheSeams().PumpEvents();
+    if (id <= 0)
         return;
-    }
     Describe(id, arguments, terminal);
-    if (!FileSaveAsTold(QFileInfo(CtlCaptureTarget(arguments)).absoluteFilePath(), id))
+    QString path = QFileInfo(CtlCaptureTarget(arguments)).absoluteFilePath();
+    if (Program().CloseWished || !FileSaveAs(path, id, true) || path.isEmpty())
         terminal.SetFailed();
     DropWindow(id);
 }

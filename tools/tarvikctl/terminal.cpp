@@ -7,6 +7,7 @@
 #if defined(Q_OS_WIN)
 #include <io.h>
 #else
+#include <sys/ioctl.h>
 #include <unistd.h>
 #endif
 
@@ -21,6 +22,18 @@ bool ErrorIsTerminal()
 #endif
 }
 
+/// Characters of a line of the terminal on standard error.
+int TerminalColumns()
+{
+    constexpr int kUsualColumns = 80;
+#if !defined(Q_OS_WIN)
+    winsize size{};
+    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
+        return size.ws_col;
+#endif
+    return kUsualColumns;
+}
+
 } // namespace
 
 void Terminal::ShowProgress(const QString& text)
@@ -28,7 +41,7 @@ void Terminal::ShowProgress(const QString& text)
     static const bool isTerminal = ErrorIsTerminal();
     if (!isTerminal || (text.isEmpty() && !hasProgress_))
         return;
-    TerminalWrite(stderr, QStringLiteral("\r\033[K") + text);
+    TerminalWrite(stderr, QStringLiteral("\r\033[K") + TerminalPrintable(text.left(TerminalColumns() - 1)));
     hasProgress_ = !text.isEmpty();
 }
 
@@ -40,7 +53,8 @@ void Terminal::Present(MessageRequest& request)
     const QString mark = question ? QStringLiteral("?") : QString();
     QString text = request.Text;
     text.replace(lineEnd, QStringLiteral(" "));
-    TerminalWrite(stderr, QStringLiteral("%1: %2%3: ").arg(file_).arg(request.HelpNumber).arg(mark) + text + u'\n');
+    const QString start = QStringLiteral(": %1%2: ").arg(request.HelpNumber).arg(mark);
+    TerminalWrite(stderr, TerminalPrintable(file_ + start + text) + u'\n');
     if (question)
         request.Result = answerYes_ ? MsgResultYes : MsgResultNo;
     else
@@ -51,7 +65,8 @@ void Terminal::Present(MessageRequest& request)
 
 void Terminal::Refuse(const QString& text)
 {
-    TerminalWrite(stderr, file_ + QStringLiteral(": ") + text + u'\n');
+    ShowProgress({});
+    TerminalWrite(stderr, TerminalPrintable(file_ + QStringLiteral(": ") + text) + u'\n');
     hasFailed_ = true;
 }
 

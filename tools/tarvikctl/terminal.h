@@ -41,7 +41,7 @@ public:
     }
 
     /// Tells people what goes on, in one line that the next one replaces and that is gone at the end; an empty text
-    /// takes it away. Nothing where standard error is no terminal.
+    /// takes it away. What is too long for the line is left out. Nothing where standard error is no terminal.
     void ShowProgress(const QString& text);
 
     /// True once a message was shown or work not done.
@@ -61,5 +61,6 @@ private:
 /// Writes `text` to `stream` as UTF-8.
 void TerminalWrite(std::FILE* stream, const QString& text);
 
-/// What an instrument says, with a "?" for each character that a terminal would obey instead of showing it.
+/// What an instrument says or a file is called, with a "?" for each character that a terminal would obey instead of
+/// showing it.
 QString TerminalPrintable(QString text);

@@ -76,14 +76,6 @@ void ForceColours(WindowId id)
     ColorStore(kInk, id, ColourForeground);
 }
 
-QImage DrawnPicture(const ScreenRecord& record, QSize size)
-{
-    QImage graph = Stretch(record.Master, size);
-    if (record.PalNr == PaletteBlackAndWhite)
-        ConvertToBlackAndWhite(graph);
-    return graph;
-}
-
 /// What surrounds the picture.
 void DrawRest(WindowId id, ScreenView& view)
 {
@@ -237,7 +229,10 @@ QImage ScreenPicture(WindowId id, QSize size)
     const ScreenRecord* record = ScreenOf(id);
     if (record == nullptr)
         return {};
-    return record->Graph.size() == size ? record->Graph : DrawnPicture(*record, size);
+    QImage graph = Stretch(record->Master, size);
+    if (record->PalNr == PaletteBlackAndWhite)
+        ConvertToBlackAndWhite(graph);
+    return graph;
 }
 
 QImage DrawnPicture(WindowId id, QSize devicePixels)
@@ -254,7 +249,7 @@ void DrawScreenWindow(WindowId id)
         return;
     ScreenStatus(id, kTextDrawing);
     ForceColours(id);
-    QImage graph = DrawnPicture(*record, view->GraphSize());
+    QImage graph = ScreenPicture(id, view->GraphSize());
     if (graph.isNull()) {
         DebugReport("DrawScreenWindow");
     } else {

@@ -54,8 +54,7 @@ void ApplySize(WindowId id);
 void FitWindow(WindowId id);
 void DrawScreenWindow(WindowId id); ///< nothing before the graphics are valid
 
-/// The document's picture in its palette, stretched to a size: the drawn one where it has that size. Null when there is
-/// no memory for it.
+/// The document's picture in its palette, stretched to a size; null when there is no memory for it.
 QImage ScreenPicture(WindowId id, QSize size);
 
 /// The same for the window: its picture as it was drawn last, if that has the size.

@@ -58,7 +58,7 @@ QString Saved(const QString& folder, const char* extension)
 void Describe(QWidget& frame)
 {
     Control<QPlainTextEdit>(frame, QStringLiteral("TbDescription"))
-        .setPlainText(QStringLiteral("Channel 16, harbour office.\nStrong carrier beside the distress frequency."));
+        .setPlainText(QStringLiteral("Mast 2, harbour office.\nStrong carrier on the distress frequency."));
 }
 
 std::vector<TourStep> CaptureSteps()

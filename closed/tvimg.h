@@ -1,7 +1,8 @@
 /* closed/tvimg.h: PNG and PCX decoding and encoding, and the size of pictures of every kind.
 
-   Paths are single-byte text. Every operation returns 0 for success; a file that is refused leaves the context as it
-   was, or cleared; nothing is written half: a file appears whole or not at all. Sizes in pixels. */
+   Paths are UTF-8, so that every file name can be passed. Every operation returns 0 for success; a file that is refused
+   leaves the context as it was, or cleared; nothing is written half: a file appears whole or not at all. Sizes in
+   pixels. */
 #pragma once
 
 #include "closed/module.h"

@@ -121,12 +121,12 @@ QRect MetafileMapping::ToDevice(QPoint corner, QPoint opposite) const
 
 double MetafileMapping::Across(int units) const
 {
-    return std::abs(units * scale_.x());
+    return std::min(std::abs(units * scale_.x()), kFarthest);
 }
 
 double MetafileMapping::Down(int units) const
 {
-    return std::abs(units * scale_.y());
+    return std::min(std::abs(units * scale_.y()), kFarthest);
 }
 
 void MetafileMapping::Update()

@@ -38,7 +38,7 @@ public:
         return scale_;
     }
 
-    /// Length in pixels along an axis, without sign.
+    /// Length in pixels along an axis, without sign. At most 16 million, which is far beyond every picture.
     [[nodiscard]] double Across(int units) const;
     [[nodiscard]] double Down(int units) const;
 

@@ -57,8 +57,9 @@ bool CreatePatternOf(MetafileContext& context, const std::optional<QImage>& pict
 bool CreateDibPattern(MetafileContext& context, const MetafileParameters& p)
 {
     constexpr int kPatternInTextColours = 3;
-    std::optional<QImage> picture = MetafileDib(context, p, 2, p.Word(1));
-    const bool isMono = p.Word(0) == kPatternInTextColours && p.Word(2 + 7) == 1;
+    const bool isPlain = p.Word(0) == kPatternInTextColours; // what its colours are is not told then
+    std::optional<QImage> picture = MetafileDib(context, p, 2, isPlain ? quint16{ 0 } : p.Word(1));
+    const bool isMono = isPlain && p.Word(2 + 7) == 1;
     if (picture && isMono)
         picture = MetafileMono(*picture);
     return CreatePatternOf(context, picture);

@@ -9,6 +9,9 @@ using tvpicture::MetafileParameters;
 /// About what the sides of a region cost in pixels when it is combined with another one.
 constexpr qint64 kWorkOfPart = 16;
 
+/// Pixels. A clipping that was moved further away does not come back.
+constexpr int kFarthestClip = 1 << 28;
+
 /// bottom, right, top, left
 QRect Corners(const MetafileContext& context, const MetafileParameters& p)
 {
@@ -43,7 +46,9 @@ bool OffsetClip(MetafileContext& context, const MetafileParameters& p)
         return true;
     const MetafileMapping& mapping = context.State.Mapping;
     const QPoint by = mapping.ToDevice(QPoint(p.Signed(1), p.Signed(0))) - mapping.ToDevice(QPoint());
-    return SetClip(context, context.State.Clip->translated(by));
+    const QPoint corner = context.State.Clip->boundingRect().topLeft() + by;
+    const bool isWithinReach = std::abs(corner.x()) <= kFarthestClip && std::abs(corner.y()) <= kFarthestClip;
+    return SetClip(context, isWithinReach ? context.State.Clip->translated(by) : QRegion());
 }
 
 /// Null for a number that stands for no region.

@@ -64,10 +64,21 @@ std::optional<QRectF> Figure(MetafileContext& context, const MetafileParameters&
     return outline;
 }
 
+/// How far a pen reaches beside its line, at most.
+int Margin(const MetafileContext& context)
+{
+    return 1 + static_cast<int>(context.State.Mapping.Across(context.State.Pen->Width));
+}
+
+/// What painting costs: the area, and going around the figure, much of which may lie outside the picture.
 bool SpendFigure(MetafileContext& context, const QRectF& figure)
 {
-    const int margin = 1 + static_cast<int>(context.State.Mapping.Across(context.State.Pen->Width));
-    return context.SpendArea(figure.toAlignedRect().adjusted(-margin, -margin, margin, margin));
+    constexpr double kWorkAround = 8;
+    constexpr double kMostWorkAround = 1 << 20;
+    const double around = std::min(kWorkAround * (figure.width() + figure.height()), kMostWorkAround);
+    const int margin = Margin(context);
+    return context.Spend(static_cast<qint64>(around))
+        && context.SpendArea(figure.toAlignedRect().adjusted(-margin, -margin, margin, margin));
 }
 
 using FigureDrawing = std::function<void(QPainter&, const QRectF&)>;
@@ -151,16 +162,30 @@ QPolygon Points(const MetafileContext& context, const MetafileParameters& p, int
     return points;
 }
 
-/// What painting costs: the area, and for each edge the lines that it crosses.
-bool SpendPoints(MetafileContext& context, const QPolygon& points)
+/// What an edge costs for each line of pixels that it crosses. Thin lines are cheap; filling, dashes and wide pens sort
+/// and join what they cross.
+qint64 WorkOfCrossing(const MetafileContext& context, Inside inside)
 {
-    const int height = context.Picture().height();
-    qint64 crossings = 0;
-    for (qsizetype i = 1; i < points.size(); ++i)
-        crossings += std::min(std::abs(points[i].y() - points[i - 1].y()), height);
-    const int margin = 1 + static_cast<int>(context.State.Mapping.Across(context.State.Pen->Width));
-    return context.Spend(crossings)
-        && context.SpendArea(points.boundingRect().adjusted(-margin, -margin, margin, margin));
+    constexpr qint64 kOfThinLine = 4;
+    constexpr qint64 kOfAnother = 128;
+    const QPen pen = context.PenToPaint();
+    const bool isThin = pen.style() == Qt::NoPen || (pen.style() == Qt::SolidLine && pen.width() == 1);
+    return inside == Inside::Open && isThin ? kOfThinLine : kOfAnother;
+}
+
+/// What painting costs: the area, and for each edge the pixels along it.
+bool SpendPoints(MetafileContext& context, const QPolygon& points, Inside inside)
+{
+    const QSize size = context.Picture().size();
+    const int margin = Margin(context);
+    const qint64 crossing = WorkOfCrossing(context, inside);
+    qint64 work = 0;
+    for (qsizetype i = 1; i < points.size(); ++i) {
+        const QPoint edge = points[i] - points[i - 1];
+        work += crossing * std::min(std::abs(edge.y()) + margin, size.height());
+        work += std::min(std::abs(edge.x()) + margin, size.width());
+    }
+    return context.Spend(work) && context.SpendArea(points.boundingRect().adjusted(-margin, -margin, margin, margin));
 }
 
 /// How many points, then the points. Fewer than two draw nothing.
@@ -173,7 +198,7 @@ bool DrawPoints(MetafileContext& context, const MetafileParameters& p, Inside in
     const QPolygon points = Points(context, p, 1, count);
     if (count < 2)
         return true;
-    if (!SpendPoints(context, points))
+    if (!SpendPoints(context, points, inside))
         return false;
     Draw(context, inside, [&](QPainter& painter) { drawing(painter, points); });
     return true;
@@ -204,7 +229,7 @@ bool DrawPolyPolygon(MetafileContext& context, const MetafileParameters& p)
         if (p.Words() < at + 2 * count)
             return false;
         const QPolygon points = Points(context, p, at, count);
-        if (!SpendPoints(context, points))
+        if (!SpendPoints(context, points, Inside::Filled))
             return false;
         path.addPolygon(points);
         path.closeSubpath();
@@ -226,7 +251,7 @@ bool LineTo(MetafileContext& context, const MetafileParameters& p)
     context.State.Position = QPoint(p.Signed(1), p.Signed(0));
     const MetafileMapping& mapping = context.State.Mapping;
     const QPolygon points({ mapping.ToDevice(from), mapping.ToDevice(context.State.Position) });
-    if (!SpendPoints(context, points))
+    if (!SpendPoints(context, points, Inside::Open))
         return false;
     Draw(context, Inside::Open, [&](QPainter& painter) { painter.drawPolyline(points); });
     return true;

@@ -9,7 +9,10 @@ namespace {
 
 using tvpicture::MetafileParameters;
 
-enum Option { OptionOpaque = 0x0002, OptionClipped = 0x0004 };
+/// What finding a font costs, in pixels.
+constexpr qint64 kWorkOfFont = 1 << 14;
+
+enum Option { OptionOpaque = 0x0002, OptionClipped = 0x0004, OptionBothAdvances = 0x2000 };
 enum Align { AlignUpdatePosition = 0x0001, AlignHorizontal = 0x0006, AlignVertical = 0x0018 };
 enum HorizontalAlign { AlignRight = 2, AlignCentre = 6 };
 enum VerticalAlign { AlignTop = 0, AlignBottom = 8, AlignBaseline = 24 };
@@ -76,8 +79,9 @@ Line NaturalLine(const MetafileContext& context, const MetafileFontFace& face, c
         line.Width = Advance(face, text);
         return line;
     }
-    const double extra = std::copysign(state.Mapping.Across(state.CharacterExtra), state.CharacterExtra);
-    const double blank = state.BreakCount > 0 ? state.Mapping.Across(state.BreakExtra) / state.BreakCount : 0;
+    const auto pixels = [&](int units) { return std::copysign(state.Mapping.Across(units), units); };
+    const double extra = pixels(state.CharacterExtra);
+    const double blank = state.BreakCount > 0 ? pixels(state.BreakExtra) / state.BreakCount : 0;
     for (const QChar letter : text) {
         line.Pieces.append(letter);
         line.Places.append(line.Width);
@@ -126,7 +130,7 @@ bool SpendText(MetafileContext& context, const MetafileFontFace& face, const Tex
 {
     const qint64 most = qint64{ context.Picture().width() } * context.Picture().height();
     const auto letter = static_cast<qint64>(face.Metrics.height() * face.Metrics.height());
-    return context.Spend(text.Bytes.size() * (kMetafileLetterWork + std::min(letter, most)));
+    return context.Spend(kWorkOfFont + text.Bytes.size() * (kMetafileLetterWork + std::min(letter, most)));
 }
 
 bool Write(MetafileContext& context, Text text)
@@ -195,15 +199,17 @@ bool ExtTextOut(MetafileContext& context, const MetafileParameters& p)
         return false;
     text.Bytes = BytesAt(p, word, count);
     word += (count + 1) / 2;
-    if (p.Words() >= word + count) {
+    // Each may stand before one for the other direction, in which no known program moves its letters.
+    const int step = (text.Options & OptionBothAdvances) != 0 ? 2 : 1;
+    if (p.Words() >= word + step * count) {
         for (int i = 0; i < count; ++i)
-            text.Advances.append(p.Signed(word + i));
+            text.Advances.append(p.Signed(word + step * i));
     }
     return Write(context, text);
 }
 
 constexpr MetafileHandler kHandlers[] = {
-    { 0x0521, 3, TextOut },
+    { tvpicture::MetaTextOut, 3, TextOut },
     { tvpicture::MetaExtTextOut, 4, ExtTextOut },
 };
 

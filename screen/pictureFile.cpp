@@ -70,6 +70,12 @@ QImage DecodeByLibrary(const QString& path, int kind, QSize size, quint32 paper)
     return decoded ? picture : QImage();
 }
 
+/// A file may have been replaced since its size was asked for.
+QImage IfOfSize(const std::optional<QImage>& picture, QSize size)
+{
+    return picture && picture->size() == size ? *picture : QImage();
+}
+
 bool WriteByLibrary(const QString& path, int kind, const QImage& picture)
 {
     const QByteArray name = LibraryPath(path);
@@ -109,9 +115,9 @@ QImage DecodePicture(const QString& path, int kind, QSize size, quint32 paper)
 {
     switch (kind) {
     case ImageBitmap:
-        return ReadBitmap(ReadWhole(path), ColorOf(paper)).value_or(QImage());
+        return IfOfSize(ReadBitmap(ReadWhole(path), ColorOf(paper)), size);
     case ImageMetafile:
-        return ReadMetafile(ReadWhole(path), ColorOf(paper)).value_or(QImage());
+        return IfOfSize(ReadMetafile(ReadWhole(path), ColorOf(paper)), size);
     case ImagePng:
     case ImagePcx:
         return DecodeByLibrary(path, kind, size, paper);

@@ -13,6 +13,7 @@ enum class Shape {
     Extent, ///< height, width, y, x
     Points, ///< count, then x, y each
     Polygons, ///< count, a count each, then x, y each
+    Text, ///< count, as many bytes filled up to whole words, y, x
 };
 
 struct Place {
@@ -26,6 +27,7 @@ constexpr Place kPlaces[] = {
     { MetaMoveTo, Shape::Point, 0 },
     { MetaSetPixel, Shape::Point, 2 },
     { MetaExtTextOut, Shape::Point, 0 },
+    { MetaTextOut, Shape::Text, 0 },
     { MetaEllipse, Shape::Corners, 0 },
     { MetaRectangle, Shape::Corners, 0 },
     { MetaRoundRect, Shape::Corners, 2 },
@@ -59,6 +61,14 @@ void AddPoints(const MetafileParameters& p, int word, std::optional<MetafileBox>
 {
     for (; word + 1 < p.Words(); word += 2)
         AddPoint(p.Signed(word), p.Signed(word + 1), box);
+}
+
+/// The point at which a text is written.
+void AddText(const MetafileParameters& p, std::optional<MetafileBox>& box)
+{
+    const int place = 1 + (p.Word(0) + 1) / 2;
+    if (place + 1 < p.Words())
+        AddPoint(p.Signed(place + 1), p.Signed(place), box);
 }
 
 /// A side of rectangles: the far edge is the first one outside.
@@ -96,6 +106,9 @@ void AddBounds(const MetafileRecord& record, std::optional<MetafileBox>& box)
         break;
     case Shape::Polygons:
         AddPoints(p, 1 + p.Word(0), box);
+        break;
+    case Shape::Text:
+        AddText(p, box);
         break;
     }
 }

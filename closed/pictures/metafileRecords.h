@@ -23,6 +23,7 @@ enum MetafileFunction : uint16_t {
     MetaEllipse = 0x0418,
     MetaRectangle = 0x041B,
     MetaSetPixel = 0x041F,
+    MetaTextOut = 0x0521,
     MetaPolyPolygon = 0x0538,
     MetaRoundRect = 0x061C,
     MetaPatBlt = 0x061D,

@@ -91,8 +91,8 @@ bool TakePlainLine(ByteView& data, Bytes& line)
     return true;
 }
 
-/// Decodes all lines into the picture, less their filling.
-bool TakeLines(ByteView data, PcxPicture& picture)
+/// Takes all lines off the front of `data` and decodes them into the picture, less their filling.
+bool TakeLines(ByteView& data, PcxPicture& picture)
 {
     const PcxHeader& header = picture.Header;
     const size_t usedBytes = header.UsedBytes();
@@ -141,24 +141,31 @@ unsigned LargestIndex(const PcxPicture& picture)
     return largest;
 }
 
-bool HasLargePalette(const PcxHeader& header, ByteView file)
+/// The 256 colours in what follows the lines: at its end, or at its start where something else was put behind them.
+std::optional<ByteView> LargePalette(ByteView rest)
 {
-    return header.IsIndexed() && header.Bits * header.Planes > 4 && file.size() > kHeaderBytes + kPaletteBytes
-        && file[file.size() - kPaletteBytes - 1] == kPaletteMark;
+    constexpr size_t kMarkedBytes = 1 + kPaletteBytes;
+    if (rest.size() < kMarkedBytes)
+        return std::nullopt;
+    for (const size_t mark : { rest.size() - kMarkedBytes, size_t{ 0 } }) {
+        if (rest[mark] == kPaletteMark)
+            return rest.subspan(mark + 1, kPaletteBytes);
+    }
+    return std::nullopt;
 }
 
 /// Gives every index of a picture of more than 16 colours one; false if it can't.
-bool SetLargePalette(ByteView file, PcxPicture& picture)
+bool SetLargePalette(ByteView rest, PcxPicture& picture)
 {
     const PcxHeader& header = picture.Header;
-    const ByteView colors = file.last(std::min(file.size(), kPaletteBytes));
+    const std::optional<ByteView> colors = LargePalette(rest);
     for (unsigned i = 0; i < picture.Palette.size(); ++i) {
-        if (HasLargePalette(header, file))
-            picture.Palette[i] = ColorAt(colors, size_t{ 3 } * i);
+        if (colors)
+            picture.Palette[i] = ColorAt(*colors, size_t{ 3 } * i);
         else
             picture.Palette[i] = header.IsGrey ? kOpaque | i * 0x010101U : header.Palette[i % header.Palette.size()];
     }
-    if (HasLargePalette(header, file) || header.IsGrey)
+    if (colors || header.IsGrey)
         return true;
     return header.Version < kVersionWith256Colours && LargestIndex(picture) < header.Palette.size();
 }
@@ -171,11 +178,12 @@ void SetTwoColors(PcxPicture& picture)
     picture.Palette[1] = areTwo ? picture.Header.Palette[1] : kOpaqueWhite;
 }
 
-bool SetPalette(ByteView file, PcxPicture& picture)
+/// `rest` is what follows the lines.
+bool SetPalette(ByteView rest, PcxPicture& picture)
 {
     const unsigned bits = picture.Header.Bits * picture.Header.Planes;
     if (bits > 4)
-        return SetLargePalette(file, picture);
+        return SetLargePalette(rest, picture);
     std::ranges::copy(picture.Header.Palette, picture.Palette.begin());
     if (bits == 1)
         SetTwoColors(picture);
@@ -252,9 +260,8 @@ std::optional<PcxPicture> DecodePcx(ByteView file)
         return std::nullopt;
     PcxPicture picture;
     picture.Header = *header;
-    const size_t paletteBytes = HasLargePalette(*header, file) ? kPaletteBytes + 1 : 0;
-    const ByteView data = file.subspan(kHeaderBytes, file.size() - kHeaderBytes - paletteBytes);
-    if (!TakeLines(data, picture) || (header->IsIndexed() && !SetPalette(file, picture)))
+    ByteView rest = file.subspan(kHeaderBytes);
+    if (!TakeLines(rest, picture) || (header->IsIndexed() && !SetPalette(rest, picture)))
         return std::nullopt;
     picture.HasAlpha = HasAlpha(picture);
     return picture;

@@ -180,6 +180,30 @@ TEST_F(ImgPcx, GreyPictureWithPaletteHasItsColors)
     EXPECT_EQ(DecodePcx(bytes).Pixels(), Colors(3, 0x35a7c1));
 }
 
+TEST_F(ImgPcx, GreyPictureMayHoldWhatMarksAPalette)
+{
+    PcxFile file = FileOf({ 8, 1 }, 1000, 1);
+    file.LargePalette.clear();
+    file.PaletteInfo = 2;
+    const Picture picture = DecodePcx(file.With([](int, int) { return 12U; }));
+    EXPECT_EQ(picture.Width, 1000);
+    EXPECT_TRUE(picture.IsAll(Grey(12)));
+}
+
+TEST_F(ImgPcx, PaletteMayStandBeforeOtherBytes)
+{
+    const PcxFile file = FileOf({ 8, 1 }, 3, 1);
+    FileBytes bytes = file.With([](int x, int) { return static_cast<uint32_t>(x); });
+    bytes.resize(bytes.size() + 100, 0x1a);
+    EXPECT_EQ(DecodePcx(bytes).Pixels(), Colors(3, 0x35a7c1));
+}
+
+TEST_F(ImgPcx, PaletteMayStandBehindOtherBytes)
+{
+    const PcxFile file = FileOf({ 8, 1 }, 3, 1);
+    EXPECT_EQ(DecodePcx(file.WithData({ 0, 1, 2, 0, 0, 0, 0 })).Pixels(), Colors(3, 0x35a7c1));
+}
+
 TEST_F(ImgPcx, OldVersionHasSixteenColorsOnly)
 {
     PcxFile file = FileOf({ 8, 1 }, 3, 1);

@@ -1,6 +1,7 @@
 // Other programs as judges: what they write is read here to the pixels that they read themselves, and what is written
 // here they read to the same pixels.
 #include "screen/bitmapReader.h"
+#include "screen/pictureFile.h"
 #include "tests/closed/imgfixture.h"
 
 #include <QProcess>
@@ -304,7 +305,7 @@ TEST_P(ImgOurs, BitmapIsReadByThemAsWritten)
     Picture picture = Sample(GetParam());
     const QImage image(
         reinterpret_cast<const uchar*>(picture.Context().Pixels), picture.Width, picture.Height, QImage::Format_RGB32);
-    ASSERT_TRUE(image.save(QString::fromStdString(Path("v.bmp")), "BMP")); // the platform's writer, as the program's
+    ASSERT_TRUE(EncodePicture(QString::fromStdString(Path("v.bmp")), ImageBitmap, image));
     EXPECT_EQ(ByImageMagick("v.bmp"), Levels(picture));
     EXPECT_EQ(ByNetpbm("v.bmp", Levels(picture).size()), Levels(picture));
 }

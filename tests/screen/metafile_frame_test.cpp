@@ -63,6 +63,47 @@ TEST(MetafileSize, WithoutWindowIsTheBoxOfWhatIsDrawn)
     EXPECT_EQ(QSize(frame->Width, frame->Height), QSize(90, 51));
 }
 
+TEST(MetafileSize, WithoutWindowReachesToWhereTextsStand)
+{
+    const QByteArray three = QByteArray("abc\0", 4) + ByteWriter().Add16(80).Add16(90).Bytes();
+    MetafileBuilder plain;
+    EXPECT_EQ(SizeOf(plain.Rectangle(0, 0, 10, 10).Record(0x0521, { 3 }, three)), QSize(91, 81));
+    MetafileBuilder cut;
+    EXPECT_EQ(SizeOf(cut.Rectangle(0, 0, 10, 10).Record(0x0521, { 9 }, three)), QSize(10, 10));
+    MetafileBuilder other;
+    EXPECT_EQ(SizeOf(other.Rectangle(0, 0, 10, 10).Record(0x0A32, { 80, 90, 1, 0, 'a' })), QSize(91, 81));
+}
+
+TEST(MetafileSize, WithoutWindowIsToldByEveryRecordThatDraws)
+{
+    const QByteArray bytes(200, '\0');
+    const auto sizeWith = [&](int function, std::initializer_list<int> words) {
+        MetafileBuilder builder;
+        return SizeOf(builder.Rectangle(0, 0, 10, 10).Record(function, words, bytes));
+    };
+    const auto sizeOfExactly = [](int function, std::initializer_list<int> words) {
+        MetafileBuilder builder;
+        return SizeOf(builder.Rectangle(0, 0, 10, 10).Record(function, words));
+    };
+    EXPECT_EQ(sizeOfExactly(0x0214, { 29, 39 }), QSize(40, 30)); // move
+    EXPECT_EQ(sizeOfExactly(0x041F, { 0, 0, 29, 39 }), QSize(40, 30)); // pixel
+    EXPECT_EQ(sizeOfExactly(0x0418, { 30, 40, 0, 0 }), QSize(40, 30)); // ellipse
+    EXPECT_EQ(sizeOfExactly(0x061C, { 99, 99, 30, 40, 0, 0 }), QSize(40, 30)); // round rectangle
+    for (const int arc : { 0x0817, 0x081A, 0x0830 })
+        EXPECT_EQ(sizeOfExactly(arc, { 99, 99, 99, 99, 30, 40, 0, 0 }), QSize(40, 30)) << arc;
+    EXPECT_EQ(sizeOfExactly(0x061D, { 0, 0, 25, 35, 5, 5 }), QSize(40, 30)); // pattern
+    EXPECT_EQ(sizeWith(0x0922, { 0, 0, 99, 99, 25, 35, 5, 5 }), QSize(40, 30)); // bitmaps
+    EXPECT_EQ(sizeWith(0x0940, { 0, 0, 99, 99, 25, 35, 5, 5 }), QSize(40, 30));
+    EXPECT_EQ(sizeWith(0x0B23, { 0, 0, 99, 99, 99, 99, 25, 35, 5, 5 }), QSize(40, 30));
+    EXPECT_EQ(sizeWith(0x0B41, { 0, 0, 99, 99, 99, 99, 25, 35, 5, 5 }), QSize(40, 30));
+    EXPECT_EQ(sizeWith(0x0D33, { 0, 9, 9, 99, 99, 25, 35, 5, 5 }), QSize(40, 30));
+    EXPECT_EQ(sizeWith(0x0F43, { 0, 0, 0, 99, 99, 99, 99, 25, 35, 5, 5 }), QSize(40, 30));
+    EXPECT_EQ(sizeOfExactly(0x0324, { 2, 0, 0, 39, 29 }), QSize(40, 30)); // polygon
+    EXPECT_EQ(sizeOfExactly(0x0325, { 2, 0, 0, 39, 29 }), QSize(40, 30));
+    EXPECT_EQ(sizeOfExactly(0x0538, { 2, 1, 1, 0, 0, 39, 29 }), QSize(40, 30));
+    EXPECT_EQ(sizeOfExactly(0x02FA, { 0, 99, 99, 99, 99 }), QSize(10, 10)); // a pen draws nothing
+}
+
 TEST(MetafileSize, OfUnitsWithASizeIsThatSize)
 {
     EXPECT_EQ(SizeOf(MetafileBuilder().Record(0x0103, { 2 }).Rectangle(0, 0, 254, 508)), QSize(96, 192));

@@ -141,3 +141,70 @@ TEST(HostileMetafiles, MayCreateManyObjects)
     builder.Brush(0, kBlue).Select(0);
     EXPECT_EQ(At(Painted(builder.Rectangle(0, 0, 20, 20)), 5, 5), 0x0000FFU);
 }
+
+TEST(HostileMetafiles, ThatGoAroundFarOutsideWithoutEndAreRefused)
+{
+    const auto arcs = [](int count) { // each far beyond the picture, in a record of 22 bytes
+        MetafileBuilder builder(QSize(1, 1));
+        for (int i = 0; i < count; ++i)
+            builder.Record(0x0817, { 0, 5, 9, 0, 32767, 32767, -32768, -32768 });
+        return Painted(builder);
+    };
+    EXPECT_FALSE(arcs(500).isNull());
+    EXPECT_TRUE(arcs(2500).isNull());
+}
+
+TEST(HostileMetafiles, ThatFillAcrossEveryLineWithoutEndAreRefused)
+{
+    constexpr int kPoints = 10000;
+    ByteWriter points; // above the picture: told and counted, but not painted
+    for (int i = 0; i < kPoints; ++i)
+        points.Add16(i / 20).Add16(i % 2 == 0 ? -32768 : -100);
+    const auto painted = [&](int function, int pen, int count) {
+        MetafileBuilder builder(QSize(500, 800));
+        builder.Pen(pen, 1, kRed).Select(0);
+        for (int i = 0; i < count; ++i)
+            builder.Record(function, { kPoints }, points.Bytes());
+        return !Painted(builder).isNull();
+    };
+    constexpr int kSolid = 0;
+    constexpr int kDashed = 1;
+    EXPECT_TRUE(painted(0x0324, kSolid, 1));
+    EXPECT_FALSE(painted(0x0324, kSolid, 3));
+    EXPECT_TRUE(painted(0x0325, kSolid, 3)); // thin lines are quick
+    EXPECT_FALSE(painted(0x0325, kDashed, 3));
+}
+
+TEST(HostileMetafiles, ThatWriteWithoutEndAreRefused)
+{
+    MetafileBuilder builder(QSize(1, 1));
+    builder.Record(0x0521, { 0, 0, 0 });
+    EXPECT_FALSE(Painted(builder).isNull());
+    for (int i = 0; i < 140000; ++i)
+        builder.Record(0x0521, { 0, 0, 0 });
+    EXPECT_TRUE(Painted(builder).isNull());
+}
+
+TEST(HostileMetafiles, MayHaveWidthsBeyondAllMeasure)
+{
+    MetafileBuilder builder(QSize(40, 30));
+    builder.Pen(0, 32767, kRed).Select(0).Region({ QRect(0, 0, 5, 5) }).Brush(0, kBlue);
+    for (int i = 0; i < 4; ++i)
+        builder.Record(0x0412, { 1, 32767, 1, 32767 });
+    builder.Rectangle(0, 0, 10, 10).Record(0x0213, { 5, 5 }).Record(0x0325, { 2, 0, 0, 5, 5 });
+    builder.Record(0x0429, { 1, 2, 32767, -32768 });
+    EXPECT_FALSE(Painted(builder).isNull());
+}
+
+TEST(HostileMetafiles, MayMoveTheClippingBeyondAllMeasure)
+{
+    MetafileBuilder builder(QSize(40, 30));
+    builder.Brush(0, kRed).Select(0).Record(0x0416, { 30, 40, 0, 0 }).Record(0x0410, { 32767, 1, 32767, 1 });
+    for (int i = 0; i < 200; ++i)
+        builder.Record(0x0220, { 32767, 32767 });
+    for (int i = 0; i < 200; ++i)
+        builder.Record(0x0220, { -32767, -32767 });
+    const QImage picture = Painted(builder.Rectangle(0, 0, 10, 10));
+    ASSERT_FALSE(picture.isNull());
+    EXPECT_TRUE(Drawn(picture).isEmpty());
+}

@@ -42,6 +42,20 @@ QRect DrawnWith(int align)
     return Drawn(Painted(Write(Align(builder, align), { 100, 50 }, "H")));
 }
 
+/// Weight, slant and underline, stroke and set, pitch and family: three words of a font.
+MetafileBuilder PageWithFont(
+    int weight, int slantAndUnderline, int stroke, int pitch = 0, QByteArray face = "DejaVu Sans")
+{
+    MetafileBuilder builder(QSize(200, 100));
+    builder.Record(0x02FB, { 20, 0, 0, 0, weight, slantAndUnderline, stroke, 0, pitch << 8 }, face + '\0').Select(0);
+    return builder.Record(0x0102, { 1 });
+}
+
+QImage WrittenWith(MetafileBuilder builder, const QByteArray& text = "H H")
+{
+    return Painted(Write(builder, { 10, 10 }, text));
+}
+
 MetafileFontFace FaceFor(quint8 set, bool greek = false)
 {
     return { QFont(), QFontMetricsF(QFont()), 1, 0, set, greek };
@@ -102,6 +116,51 @@ TEST(MetafileText, IsWrittenInItsColour)
     EXPECT_GT(Count(Painted(Write(builder, { 10, 10 }, "HHH")), 0xFF0000), 10);
 }
 
+TEST(MetafileText, IsBoldByItsWeight)
+{
+    const int plain = Count(WrittenWith(PageWithFont(0, 0, 0)), 0);
+    EXPECT_EQ(Count(WrittenWith(PageWithFont(400, 0, 0)), 0), plain);
+    EXPECT_GT(Count(WrittenWith(PageWithFont(700, 0, 0)), 0), plain * 5 / 4);
+}
+
+TEST(MetafileText, CanBeSlanted)
+{
+    const QImage plain = WrittenWith(PageWithFont(400, 0, 0));
+    const QImage slanted = WrittenWith(PageWithFont(400, 0x0001, 0));
+    EXPECT_NE(slanted, plain);
+    EXPECT_EQ(Drawn(slanted).height(), Drawn(plain).height());
+}
+
+TEST(MetafileText, CanBeUnderlined)
+{
+    const QRect plain = Drawn(WrittenWith(PageWithFont(400, 0, 0)));
+    const QRect underlined = Drawn(WrittenWith(PageWithFont(400, 0x0100, 0)));
+    EXPECT_EQ(underlined.top(), plain.top());
+    EXPECT_GT(underlined.bottom(), plain.bottom());
+}
+
+TEST(MetafileText, CanBeStruckOut)
+{
+    const QRect plain = Drawn(WrittenWith(PageWithFont(400, 0, 0), "H H"));
+    const QImage struck = WrittenWith(PageWithFont(400, 0, 0x0001), "H H");
+    EXPECT_EQ(Drawn(struck).bottom(), plain.bottom());
+    const int between = plain.center().x();
+    EXPECT_FALSE(Drawn(struck.copy(between, 0, 1, 100)).isEmpty());
+    EXPECT_TRUE(Drawn(WrittenWith(PageWithFont(400, 0, 0)).copy(between, 0, 1, 100)).isEmpty());
+}
+
+TEST(MetafileText, OfAFontThatIsNotThereKeepsItsPitch)
+{
+    const auto width = [](int pitch, const QByteArray& text) {
+        return Drawn(WrittenWith(PageWithFont(400, 0, 0, pitch, "No Such Face"), text)).width();
+    };
+    const int fixed = 1;
+    const int modern = 3 << 4;
+    for (const int pitch : { fixed, modern })
+        EXPECT_NEAR(width(pitch, "HiiiiiiH"), width(pitch, "HMMMMMMH"), 1) << pitch;
+    EXPECT_LT(width(2, "HiiiiiiH") + 20, width(2, "HMMMMMMH"));
+}
+
 TEST(MetafileText, CoversTheBackgroundUnlessTransparent)
 {
     MetafileBuilder builder = Page();
@@ -150,6 +209,51 @@ TEST(MetafileText, SpreadsItsBlanksOnly)
     EXPECT_NEAR(difference, 30, 2);
 }
 
+TEST(MetafileText, IsSqueezedByNegativeExtras)
+{
+    const auto narrower = [](int function, std::initializer_list<int> extra) {
+        MetafileBuilder plain = Page();
+        MetafileBuilder narrow = Page();
+        narrow.Record(function, extra);
+        return Drawn(Painted(Write(plain, { 10, 10 }, "H H H"))).width()
+            - Drawn(Painted(Write(narrow, { 10, 10 }, "H H H"))).width();
+    };
+    EXPECT_NEAR(narrower(0x0108, { -2 }), 8, 1);
+    EXPECT_NEAR(narrower(0x020A, { 2, -6 }), 6, 1);
+}
+
+TEST(MetafileText, TakesEverySecondAdvanceWhereTheyStandInPairs)
+{
+    ByteWriter more;
+    more.Add("II").Add16(60).Add16(7).Add16(60).Add16(7);
+    MetafileBuilder builder = Page();
+    builder.Record(0x0A32, { 10, 10, 2, 0x2000 }, more.Bytes());
+    MetafileBuilder single = Page();
+    EXPECT_EQ(Painted(builder), Painted(WriteSpaced(single, { 10, 10 }, "II", 60)));
+}
+
+TEST(MetafileText, MovesThePositionToTheLeftWhenItEndsThere)
+{
+    MetafileBuilder builder = Page();
+    builder.Record(0x0214, { 40, 180 });
+    Align(builder, UpdatePosition | Right);
+    WriteSpaced(builder, { 0, 0 }, "H", 50);
+    WriteSpaced(builder, { 0, 0 }, "H", 50);
+    const QRect drawn = Drawn(Painted(builder));
+    EXPECT_GE(drawn.left(), 80);
+    EXPECT_LT(drawn.left(), 90);
+    EXPECT_GE(drawn.right(), 130);
+}
+
+TEST(MetafileText, LeavesThePositionWhenItStartsElsewhere)
+{
+    MetafileBuilder builder = Page();
+    builder.Record(0x0214, { 40, 20 });
+    Write(builder, { 100, 60 }, "H");
+    const QImage picture = Painted(builder.Pen(0, 0, kRed).Select(1).Record(0x0213, { 40, 30 }));
+    EXPECT_EQ(Drawn(picture.copy(0, 0, 200, 45)), QRect(20, 40, 10, 1));
+}
+
 TEST(MetafileText, MovesThePositionWhenItStartsThere)
 {
     MetafileBuilder builder = Page();
@@ -185,6 +289,16 @@ TEST(MetafileText, FillsAndClipsItsRectangle)
     EXPECT_GT(Count(picture, 0x000000), 10);
 }
 
+TEST(MetafileText, CanBeClippedWithoutFilling)
+{
+    MetafileBuilder builder = Page();
+    builder.Record(0x0201, { kGreen, 0 }).Record(0x0A32, { 10, 10, 10, 4, 5, 5, 45, 35 }, "HHHHHHHHHH");
+    const QImage picture = Painted(builder);
+    EXPECT_TRUE(QRect(5, 5, 40, 30).contains(Drawn(picture)));
+    EXPECT_EQ(Drawn(picture).right(), 44);
+    EXPECT_EQ(Count(picture, 0x00FF00), 0);
+}
+
 TEST(MetafileText, OfNoLettersFillsItsRectangleOnly)
 {
     MetafileBuilder builder = Page();
@@ -204,6 +318,14 @@ TEST(MetafileCharacters, AreThoseOfTheirSet)
     EXPECT_EQ(DecodeMetafileText("\xCF\xF0", FaceFor(204)), u"Пр"_qs);
     EXPECT_EQ(DecodeMetafileText("\xD9", FaceFor(161)), u"Ω"_qs);
     EXPECT_EQ(DecodeMetafileText("\x93\xFA", FaceFor(128)), u"日"_qs);
+    EXPECT_EQ(DecodeMetafileText("\xC7\xD1", FaceFor(129)), u"한"_qs);
+    EXPECT_EQ(DecodeMetafileText("\xC6\xB5", FaceFor(134)), u"频"_qs);
+    EXPECT_EQ(DecodeMetafileText("\xC0W", FaceFor(136)), u"頻"_qs);
+    EXPECT_EQ(DecodeMetafileText("\xFD", FaceFor(162)), u"ı"_qs);
+    EXPECT_EQ(DecodeMetafileText("\xE0", FaceFor(177)), u"א"_qs);
+    EXPECT_EQ(DecodeMetafileText("\xC7", FaceFor(178)), u"ا"_qs);
+    EXPECT_EQ(DecodeMetafileText("\xE0", FaceFor(186)), u"ą"_qs);
+    EXPECT_EQ(DecodeMetafileText("\xF8", FaceFor(238)), u"ř"_qs);
 }
 
 TEST(MetafileCharacters, OfTheSymbolFontAreGreek)
@@ -215,5 +337,8 @@ TEST(MetafileCharacters, OfTwoBytesStayTogether)
 {
     EXPECT_EQ(SplitCharacters("a\x93\xFA", 128), QVector<QByteArray>({ "a", "\x93\xFA" }));
     EXPECT_EQ(SplitCharacters("a\x93", 128), QVector<QByteArray>({ "a", "\x93" }));
+    for (const quint8 set : std::initializer_list<quint8>{ 129, 134, 136 })
+        EXPECT_EQ(SplitCharacters("\xC7\xD1", set), QVector<QByteArray>({ "\xC7\xD1" })) << int{ set };
+    EXPECT_EQ(SplitCharacters("\xA0\xE0\xA1", 128), QVector<QByteArray>({ "\xA0", "\xE0\xA1" })); // half of width
     EXPECT_EQ(SplitCharacters("\x93\xFA", 0), QVector<QByteArray>({ "\x93", "\xFA" }));
 }

@@ -1,0 +1,152 @@
+#include "screen/pictureFile.h"
+
+#include "tests/support/fixture.h"
+
+#include <QPainter>
+#include <QtEndian>
+
+namespace {
+
+/// Pictures from and into files.
+class PictureFiles : public ProgramTest {
+protected:
+    QString File(const char* name) const
+    {
+        return FilePath(QLatin1String(name));
+    }
+
+    QString StorePicture(const char* name, int kind, QSize size) const
+    {
+        QImage picture(size, QImage::Format_RGB32);
+        picture.fill(Qt::blue);
+        EXPECT_TRUE(EncodePicture(File(name), kind, picture));
+        return File(name);
+    }
+};
+
+struct KindCase {
+    const char* Name;
+    int Kind;
+};
+
+constexpr std::array<KindCase, 4> kCases{ {
+    { "a.bmp", ImageBitmap },
+    { "a.pcx", ImagePcx },
+    { "a.png", ImagePng },
+    { "a.wmf", ImageMetafile },
+} };
+
+constexpr quint32 kPaper = 0x102030; // blue, green, red
+constexpr QRgb kPaperColour = 0xFF302010;
+
+void Add16(QByteArray& bytes, int value)
+{
+    bytes.append(2, '\0');
+    qToLittleEndian(static_cast<quint16>(value), bytes.data() + bytes.size() - 2);
+}
+
+void Add32(QByteArray& bytes, quint32 value)
+{
+    Add16(bytes, static_cast<int>(value & 0xFFFF));
+    Add16(bytes, static_cast<int>(value >> 16));
+}
+
+/// Two pixels of 32 bits, the first one transparent, the second one red.
+QByteArray TransparentBitmap()
+{
+    QByteArray bytes("BM");
+    for (const quint32 value : { 14U + 108 + 8, 0U, 14U + 108, 108U, 2U, 1U, 0x00200001U, 3U, 8U, 0U, 0U, 0U, 0U,
+             0xFF0000U, 0xFF00U, 0xFFU, 0xFF000000U })
+        Add32(bytes, value);
+    bytes.append(14 + 108 - bytes.size(), '\0');
+    Add32(bytes, 0);
+    Add32(bytes, 0xFFFF0000);
+    return bytes;
+}
+
+/// The same in four planes of 8 bits.
+QByteArray TransparentPcx()
+{
+    QByteArray bytes(128, '\0');
+    bytes[0] = 10;
+    bytes[1] = 5;
+    bytes[3] = 8;
+    bytes[8] = 1;
+    bytes[65] = 4;
+    bytes[66] = 2;
+    return bytes + QByteArray("\0\xFF\0\0\0\0\0\xFF", 8);
+}
+
+/// A metafile of two by one pixels that sets the second one.
+QByteArray MetafileWithAPixel()
+{
+    QByteArray bytes;
+    for (const quint32 value : { 0x9AC6CDD7U, 0U, 0x00020000U, 0x00600001U, 0U })
+        Add32(bytes, value);
+    Add16(bytes, 0);
+    for (const int word : { 1, 9, 0x0300, 9 + 7 + 3, 0, 0, 7, 0, 0 })
+        Add16(bytes, word);
+    for (const int word : { 7, 0, 0x041F, 0x00FF, 0, 0, 1 })
+        Add16(bytes, word);
+    for (const int word : { 3, 0, 0 })
+        Add16(bytes, word);
+    return bytes;
+}
+
+} // namespace
+
+TEST_F(PictureFiles, OfAnotherSizeThanWasToldAreRefused)
+{
+    for (const KindCase& kind : kCases) {
+        const QString path = StorePicture(kind.Name, kind.Kind, { 20, 10 });
+        EXPECT_FALSE(DecodePicture(path, kind.Kind, { 20, 10 }, kPaper).isNull()) << kind.Name;
+        EXPECT_TRUE(DecodePicture(path, kind.Kind, { 19, 10 }, kPaper).isNull()) << kind.Name;
+        EXPECT_TRUE(DecodePicture(path, kind.Kind, { 20, 9 }, kPaper).isNull()) << kind.Name;
+    }
+}
+
+TEST_F(PictureFiles, ShowThePaperWhereTheyAreTransparent)
+{
+    QImage transparent(2, 1, QImage::Format_ARGB32);
+    transparent.fill(Qt::transparent);
+    transparent.setPixelColor(1, 0, Qt::red);
+    ASSERT_TRUE(transparent.save(File("a.png")));
+    Store(File("a.bmp"), TransparentBitmap());
+    Store(File("a.pcx"), TransparentPcx());
+    Store(File("a.wmf"), MetafileWithAPixel());
+    for (const KindCase& kind : kCases) {
+        ASSERT_EQ(PictureSize(File(kind.Name)), QSize(2, 1)) << kind.Name;
+        const QImage picture = DecodePicture(File(kind.Name), kind.Kind, { 2, 1 }, kPaper);
+        ASSERT_FALSE(picture.isNull()) << kind.Name;
+        EXPECT_EQ(picture.format(), QImage::Format_RGB32) << kind.Name;
+        EXPECT_EQ(picture.pixel(0, 0), kPaperColour) << kind.Name;
+        EXPECT_EQ(picture.pixel(1, 0), 0xFFFF0000U) << kind.Name;
+    }
+}
+
+TEST_F(PictureFiles, OfAnUnknownKindAreNeitherReadNorWritten)
+{
+    const QString path = StorePicture("a.png", ImagePng, { 20, 10 });
+    const QByteArray before = Contents(path);
+    QImage picture(20, 10, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    for (const int kind : { 0, 5 }) {
+        EXPECT_TRUE(DecodePicture(path, kind, { 20, 10 }, kPaper).isNull()) << kind;
+        EXPECT_FALSE(EncodePicture(path, kind, picture)) << kind;
+    }
+    EXPECT_EQ(Contents(path), before);
+}
+
+TEST_F(PictureFiles, ThatCannotBeWrittenStayAsTheyWere)
+{
+    QImage picture(20, 10, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    for (const KindCase& kind : kCases) {
+        const QString path = StorePicture(kind.Name, kind.Kind, { 20, 10 });
+        const QByteArray before = Contents(path);
+        ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadUser));
+        EXPECT_FALSE(EncodePicture(path, kind.Kind, picture)) << kind.Name;
+        EXPECT_EQ(Contents(path), before) << kind.Name;
+    }
+    EXPECT_EQ(QDir(Folder()).entryList(QDir::Files | QDir::Hidden).size(), 4);
+}

@@ -27,7 +27,7 @@ std::optional<QImage> ReadBitmap(const QByteArray& bytes, const QColor& backgrou
     DibSource source;
     source.Bytes = QByteArrayView(bytes).sliced(kFileHeaderBytes);
     const auto pixelsAt = qsizetype{ qFromLittleEndian<quint32>(bytes.constData() + kPixelOffsetAt) };
-    if (pixelsAt != 0 && pixelsAt < kFileHeaderBytes)
+    if (pixelsAt != 0 && pixelsAt <= kFileHeaderBytes)
         return std::nullopt;
     source.PixelsAt = pixelsAt == 0 ? 0 : pixelsAt - kFileHeaderBytes;
     const std::optional<QImage> picture = ReadDib(source);

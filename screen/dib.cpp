@@ -9,17 +9,15 @@
 namespace {
 
 /// The colours that are there: where the pixels tell their place, a table may be shorter than it says.
-std::optional<QVector<QRgb>> ReadColours(const DibSource& source, const DibHeader& header)
+QVector<QRgb> ReadColours(const DibSource& source, const DibHeader& header)
 {
     if (header.BitCount > 8)
-        return QVector<QRgb>();
+        return {};
     if (source.Colours == DibColours::None)
         return source.Palette;
     const qsizetype end =
         source.PixelsAt > header.ColoursAt ? std::min(source.PixelsAt, source.Bytes.size()) : source.Bytes.size();
     const qsizetype count = std::min<qsizetype>(header.ColourCount, (end - header.ColoursAt) / header.ColourBytes);
-    if (count < header.ColourCount && source.PixelsAt <= header.ColoursAt)
-        return std::nullopt;
     QVector<QRgb> colours;
     colours.reserve(std::max<qsizetype>(count, 0));
     for (qsizetype i = 0; i < count; ++i) {
@@ -43,13 +41,12 @@ std::optional<QImage> ReadDib(const DibSource& source)
 
 std::optional<QImage> ReadDib(const DibSource& source, const DibHeader& header)
 {
-    const std::optional<QVector<QRgb>> colours = ReadColours(source, header);
     const qsizetype packedAt = header.ColoursAt + qsizetype{ header.ColourCount } * header.ColourBytes;
     const qsizetype pixelsAt = source.PixelsAt == 0 ? packedAt : source.PixelsAt;
-    if (!colours || pixelsAt < header.ColoursAt || pixelsAt > source.Bytes.size())
+    if (pixelsAt < header.ColoursAt || pixelsAt > source.Bytes.size())
         return std::nullopt;
     DibHeader stored = header;
     if (source.Lines > 0)
         stored.Height = std::min(header.Height, source.Lines);
-    return DecodeDibPixels(source.Bytes.sliced(pixelsAt), stored, *colours);
+    return DecodeDibPixels(source.Bytes.sliced(pixelsAt), stored, ReadColours(source, header));
 }

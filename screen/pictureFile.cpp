@@ -13,6 +13,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <new>
+
 namespace {
 
 /// The largest bitmap and its header; no file of another kind that is read here needs more.
@@ -96,6 +98,36 @@ bool WriteBitmap(const QString& path, const QImage& picture)
     return picture.save(&buffer, "BMP") && ReplaceFile(path, buffer.data());
 }
 
+QImage Decode(const QString& path, int kind, QSize size, quint32 paper)
+{
+    switch (kind) {
+    case ImageBitmap:
+        return IfOfSize(ReadBitmap(ReadWhole(path), ColorOf(paper)), size);
+    case ImageMetafile:
+        return IfOfSize(ReadMetafile(ReadWhole(path), ColorOf(paper)), size);
+    case ImagePng:
+    case ImagePcx:
+        return DecodeByLibrary(path, kind, size, paper);
+    default:
+        return {};
+    }
+}
+
+bool Encode(const QString& path, int kind, const QImage& picture)
+{
+    switch (kind) {
+    case ImageBitmap:
+        return WriteBitmap(path, picture);
+    case ImageMetafile:
+        return WriteMetafile(path, picture);
+    case ImagePng:
+    case ImagePcx:
+        return WriteByLibrary(path, kind, picture);
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 bool PictureLibraryIsThere()
@@ -111,32 +143,22 @@ std::optional<QSize> PictureSize(const QString& path)
     return QSize(info.Width, info.Height);
 }
 
+// Memory that is not to be had is a failure like any other, and no reason to lose what is open beside the picture.
+
 QImage DecodePicture(const QString& path, int kind, QSize size, quint32 paper)
 {
-    switch (kind) {
-    case ImageBitmap:
-        return IfOfSize(ReadBitmap(ReadWhole(path), ColorOf(paper)), size);
-    case ImageMetafile:
-        return IfOfSize(ReadMetafile(ReadWhole(path), ColorOf(paper)), size);
-    case ImagePng:
-    case ImagePcx:
-        return DecodeByLibrary(path, kind, size, paper);
-    default:
+    try {
+        return Decode(path, kind, size, paper);
+    } catch (const std::bad_alloc&) {
         return {};
     }
 }
 
 bool EncodePicture(const QString& path, int kind, const QImage& picture)
 {
-    switch (kind) {
-    case ImageBitmap:
-        return WriteBitmap(path, picture);
-    case ImageMetafile:
-        return WriteMetafile(path, picture);
-    case ImagePng:
-    case ImagePcx:
-        return WriteByLibrary(path, kind, picture);
-    default:
+    try {
+        return Encode(path, kind, picture);
+    } catch (const std::bad_alloc&) {
         return false;
     }
 }

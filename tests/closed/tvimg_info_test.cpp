@@ -173,10 +173,47 @@ TEST_F(ImgInfo, TellsSizeOfBitmapWithItsFirstLineFirst)
 TEST_F(ImgInfo, TakesAnyLengthOfCompressedBitmap)
 {
     BitmapFile file;
-    file.BitCount = 8;
-    file.Compression = 1;
     file.PixelBytes = 2;
-    EXPECT_EQ(Info(file.Bytes()), (ScreenImageInfo{ 1, 5, 3 }));
+    for (const uint32_t coding : { 1U, 2U }) {
+        file.BitCount = coding == 1 ? 8 : 4;
+        file.Compression = coding;
+        EXPECT_EQ(Info(file.Bytes()), (ScreenImageInfo{ 1, 5, 3 })) << coding;
+    }
+}
+
+TEST_F(ImgInfo, TellsSizeOfBitmapOfEveryNumberOfBits)
+{
+    for (const auto& [bits, pixelBytes] : { std::pair(1U, 9U), std::pair(2U, 10U), std::pair(4U, 11U),
+             std::pair(8U, 21U), std::pair(16U, 34U), std::pair(24U, 47U), std::pair(32U, 60U) }) {
+        BitmapFile file;
+        file.BitCount = bits;
+        file.PixelBytes = pixelBytes;
+        EXPECT_EQ(Info(file.Bytes()), (ScreenImageInfo{ 1, 5, 3 })) << bits;
+        --file.PixelBytes;
+        EXPECT_FALSE(HasInfo(file.Bytes())) << bits;
+    }
+}
+
+TEST_F(ImgInfo, WantsAllPixelsOfBitmapWithMasks)
+{
+    for (const uint32_t coding : { 3U, 6U }) {
+        BitmapFile file;
+        file.BitCount = 32;
+        file.Compression = coding;
+        file.PixelBytes = 60;
+        EXPECT_EQ(Info(file.Bytes()), (ScreenImageInfo{ 1, 5, 3 })) << coding;
+        --file.PixelBytes;
+        EXPECT_FALSE(HasInfo(file.Bytes())) << coding;
+    }
+}
+
+TEST_F(ImgInfo, RefusesBitmapWithItsPixelsBehindItsEnd)
+{
+    FileBytes file = BitmapFile().Bytes();
+    for (const uint32_t offset : { 1000U, 0x80000000U, 0xffffffffU }) {
+        PutDoubleWord(file, 10, offset);
+        EXPECT_FALSE(HasInfo(file)) << offset;
+    }
 }
 
 TEST_F(ImgInfo, TellsSizeOfPlaceableMetafileAtItsOwnResolution)
@@ -319,6 +356,14 @@ TEST_F(ImgInfo, RefusesPngOfUnknownForm)
         const FileBytes chunk = PngFile::Chunk("IHDR", header);
         std::copy(chunk.begin(), chunk.end(), file.begin() + 8);
         EXPECT_FALSE(HasInfo(file)) << bits << " bits, type " << type;
+    }
+    for (const auto& [at, value] : { std::pair(10, 1), std::pair(11, 1), std::pair(12, 2) }) {
+        FileBytes header{ 0, 0, 0, 1, 0, 0, 0, 1, 8, 2, 0, 0, 0 };
+        header[static_cast<size_t>(at)] = static_cast<uint8_t>(value);
+        FileBytes file = PngFile().With(&Zero);
+        const FileBytes chunk = PngFile::Chunk("IHDR", header);
+        std::copy(chunk.begin(), chunk.end(), file.begin() + 8);
+        EXPECT_FALSE(HasInfo(file)) << "byte " << at;
     }
 }
 

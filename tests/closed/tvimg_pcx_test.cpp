@@ -279,6 +279,9 @@ TEST_F(ImgPcx, NothingIsPaintedBeforeAPictureIsRead)
     ASSERT_EQ(img.ImgPcxToMem(Store(good).c_str(), &width, &height), 0);
     EXPECT_NE(img.ImgPcxToMem(Path("missing").c_str(), &width, &height), 0);
     EXPECT_NE(img.ImgMemToDc(&context, 1, &counter), 0);
+    ASSERT_EQ(img.ImgPcxToMem(Store(good).c_str(), &width, &height), 0);
+    EXPECT_NE(img.ImgPcxToMem(Store(good).c_str(), nullptr, &height), 0);
+    EXPECT_NE(img.ImgMemToDc(&context, 1, &counter), 0);
     EXPECT_TRUE(picture.IsAll(kBackground));
     EXPECT_EQ(counter, 0);
 }

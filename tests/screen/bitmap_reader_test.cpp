@@ -165,6 +165,14 @@ TEST(BitmapReader, TakesAnAlphaThatIsNowhereSetForNone)
         QVector<QRgb>({ 0x102030, 0x405060 }));
 }
 
+TEST(BitmapReader, FindsTheAlphaMaskInAHeaderOfItsLength)
+{
+    ByteWriter dib;
+    dib.Add32(56).Add32(2).Add32(1).Add16(1).Add16(32).Add32(Masks).Add(QByteArray(20, '\0'));
+    dib.Add32(0xFF0000).Add32(0xFF00).Add32(0xFF).Add32(0xFF000000).Add32(0x00FF0000).Add32(0xFF000000);
+    EXPECT_EQ(Line(Read(FileOf(dib.Bytes(), 14 + 56))), QVector<QRgb>({ 0xFFFFFF, 0x000000 }));
+}
+
 TEST(BitmapReader, ReadsAlphaMasksBehindTheHeader)
 {
     const QByteArray pixel = ByteWriter().Add32(0x00FF0000).Bytes();
@@ -297,6 +305,32 @@ TEST(HostileBitmaps, CutShortAnywhereAreRefused)
     EXPECT_TRUE(Read(file + "more"));
 }
 
+TEST(HostileBitmaps, OfEveryFormCutShortAnywhereAreRefused)
+{
+    const QByteArray pixel = ByteWriter().Add32(0xFF102030).Bytes();
+    TestDib fourBitRuns = OneLine(3, 4, QByteArray("\3\x12\0\1", 4), kFour);
+    fourBitRuns.Compression = Rle4;
+    const QByteArray files[] = {
+        FileOf(OneLine(1, 1, QByteArray("\x80", 1), kFour).Bytes()),
+        FileOf(OneLine(1, 2, QByteArray("\x80", 1), kFour).Bytes()),
+        FileOf(OneLine(1, 4, QByteArray("\x10", 1), kFour).Bytes()),
+        FileOf(OneLine(1, 16, QByteArray("\x10\x20", 2)).Bytes()),
+        FileOf(OneLine(1, 24, QByteArray("\x10\x20\x30", 3)).Bytes()),
+        FileOf(OneLine(1, 32, pixel).Bytes()),
+        FileOf(Masked(32, { 0xFF, 0xFF00, 0xFF0000 }, pixel).Bytes()),
+        FileOf(Masked(32, { 0xFF, 0xFF00, 0xFF0000, 0xFF000000 }, pixel, AlphaMasks).Bytes()),
+        FileOf(Runs(3, 1, QByteArray("\2\1\0\1", 4)).Bytes()).chopped(2), // runs that stop in the line
+        FileOf(fourBitRuns.Bytes()).chopped(3),
+        WithAlpha(pixel, 1),
+    };
+    for (const QByteArray& file : files) {
+        for (int length = 0; length < file.size(); ++length)
+            EXPECT_FALSE(Read(file.left(length))) << file.toHex().toStdString() << ", " << length;
+    }
+    for (const QByteArray& file : files)
+        EXPECT_EQ(Read(file).has_value(), &file != &files[8] && &file != &files[9]) << file.toHex().toStdString();
+}
+
 TEST(HostileBitmaps, OfAnotherFormatAreRefused)
 {
     QByteArray file = FileOf(OneLine(1, 24, QByteArray(4, '\0')).Bytes());
@@ -347,6 +381,14 @@ TEST(HostileBitmaps, WithImpossibleHeadersAreRefused)
     runs.Height = 1;
     runs.BitCount = 4;
     EXPECT_FALSE(Read(runs));
+    runs.Compression = Rle4;
+    EXPECT_TRUE(Read(runs));
+    runs.Height = -1;
+    EXPECT_FALSE(Read(runs));
+    ByteWriter fax; // another coding bears this number in this header
+    fax.Add32(64).Add32(1).Add32(1).Add16(1).Add16(32).Add32(Masks).Add(QByteArray(20, '\0'));
+    fax.Add32(0xFF0000).Add32(0xFF00).Add32(0xFF).Add(QByteArray(12, '\0')).Add32(0);
+    EXPECT_FALSE(Read(FileOf(fax.Bytes())));
     QByteArray planes = FileOf(OneLine(1, 24, QByteArray(4, '\0')).Bytes());
     planes[14 + 12] = 3;
     EXPECT_FALSE(Read(planes));
@@ -371,11 +413,13 @@ TEST(HostileBitmaps, WithAColourTableBeyondTheirOwnAreRefused)
     EXPECT_FALSE(Read(dib));
     dib.ColoursUsed = 200; // and the file ends before
     EXPECT_FALSE(Read(dib));
+    EXPECT_TRUE(Read(OneLine(1, 8, QByteArray(4, '\0'), std::vector<QRgb>(256))));
+    EXPECT_FALSE(Read(OneLine(1, 8, QByteArray(4, '\0'), std::vector<QRgb>(257))));
 }
 
 TEST(HostileBitmaps, WithPixelsOutsideTheFileAreRefused)
 {
     const QByteArray dib = OneLine(1, 24, QByteArray(4, '\0')).Bytes();
-    for (const int at : { 1, 13, 20, 53, 1000, -1, std::numeric_limits<int>::min() })
+    for (const int at : { 1, 13, 14, 20, 53, 1000, -1, std::numeric_limits<int>::min() })
         EXPECT_FALSE(Read(FileOf(dib, at))) << at;
 }

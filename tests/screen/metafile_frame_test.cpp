@@ -47,6 +47,18 @@ TEST(MetafileSize, OfAPlainOneIsItsViewportWhereItHasOne)
     EXPECT_EQ(SizeOf(MetafileBuilder().Window(0, 0, 3000, 2000).Record(0x020E, { 100, 150 })), QSize(150, 100));
 }
 
+TEST(MetafileSize, DoesNotMindHowTheViewportRuns)
+{
+    EXPECT_EQ(SizeOf(MetafileBuilder().Window(0, 0, 300, 200).Record(0x020E, { -100, -150 })), QSize(150, 100));
+}
+
+TEST(MetafileSize, OfAPlainOneStartsAtItsFirstOrigin)
+{
+    const auto frame = FrameOf(MetafileBuilder().Window(5, 6, 300, 200).Window(70, 80, 10, 10).Bytes());
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(QPoint(frame->WindowX, frame->WindowY), QPoint(5, 6));
+}
+
 TEST(MetafileSize, OfManyUnitsIsReduced)
 {
     EXPECT_EQ(SizeOf(MetafileBuilder().Window(0, 0, 2048, 100)), QSize(2048, 100));
@@ -101,6 +113,8 @@ TEST(MetafileSize, WithoutWindowIsToldByEveryRecordThatDraws)
     EXPECT_EQ(sizeOfExactly(0x0324, { 2, 0, 0, 39, 29 }), QSize(40, 30)); // polygon
     EXPECT_EQ(sizeOfExactly(0x0325, { 2, 0, 0, 39, 29 }), QSize(40, 30));
     EXPECT_EQ(sizeOfExactly(0x0538, { 2, 1, 1, 0, 0, 39, 29 }), QSize(40, 30));
+    MetafileBuilder counts; // they are no points
+    EXPECT_EQ(SizeOf(counts.Record(0x0538, { 2, 1, 1, 20, 20, 39, 29 })), QSize(20, 10));
     EXPECT_EQ(sizeOfExactly(0x02FA, { 0, 99, 99, 99, 99 }), QSize(10, 10)); // a pen draws nothing
 }
 
@@ -145,6 +159,15 @@ TEST(MetafileHeader, MustBeOfAKnownKind)
         other[at] = value;
         EXPECT_FALSE(FrameOf(other)) << at;
     }
+}
+
+TEST(MetafileHeader, MayBeOfAFileAndOfTheFirstVersion)
+{
+    QByteArray plain = MetafileBuilder().Window(0, 0, 5, 5).Bytes();
+    plain[0] = 2;
+    EXPECT_TRUE(FrameOf(plain));
+    plain[5] = 1;
+    EXPECT_TRUE(FrameOf(plain));
 }
 
 TEST(MetafileHeader, MayHaveAWrongCheckSum)

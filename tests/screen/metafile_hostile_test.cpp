@@ -198,13 +198,15 @@ TEST(HostileMetafiles, MayHaveWidthsBeyondAllMeasure)
 
 TEST(HostileMetafiles, MayMoveTheClippingBeyondAllMeasure)
 {
-    MetafileBuilder builder(QSize(40, 30));
-    builder.Brush(0, kRed).Select(0).Record(0x0416, { 30, 40, 0, 0 }).Record(0x0410, { 32767, 1, 32767, 1 });
-    for (int i = 0; i < 200; ++i)
-        builder.Record(0x0220, { 32767, 32767 });
-    for (int i = 0; i < 200; ++i)
-        builder.Record(0x0220, { -32767, -32767 });
-    const QImage picture = Painted(builder.Rectangle(0, 0, 10, 10));
-    ASSERT_FALSE(picture.isNull());
-    EXPECT_TRUE(Drawn(picture).isEmpty());
+    for (const auto& [down, across] : { std::pair(32767, 0), std::pair(0, 32767) }) {
+        MetafileBuilder builder(QSize(40, 30));
+        builder.Brush(0, kRed).Select(0).Record(0x0416, { 30, 40, 0, 0 }).Record(0x0410, { 32767, 1, 32767, 1 });
+        for (int i = 0; i < 200; ++i)
+            builder.Record(0x0220, { down, across });
+        for (int i = 0; i < 200; ++i)
+            builder.Record(0x0220, { -down, -across });
+        const QImage picture = Painted(builder.Rectangle(0, 0, 10, 10));
+        ASSERT_FALSE(picture.isNull()) << down;
+        EXPECT_TRUE(Drawn(picture).isEmpty()) << down;
+    }
 }

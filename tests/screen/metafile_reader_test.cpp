@@ -114,7 +114,7 @@ TEST(MetafileLines, AreNotDrawnByTheEmptyPen)
 TEST(MetafileLines, DashesLeaveGaps)
 {
     MetafileBuilder builder = Lining(1, 1, kRed);
-    builder.Record(0x0102, { 1 });
+    builder.Record(0x0102, { 1 }).Record(0x0201, { kGreen, 0 });
     const QImage picture = Painted(Line(builder, { 0, 5 }, { 40, 5 }));
     EXPECT_EQ(At(picture, 17, 5), kRgbRed);
     EXPECT_EQ(At(picture, 20, 5), kRgbWhite);

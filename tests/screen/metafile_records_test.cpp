@@ -192,10 +192,57 @@ TEST(MetafileBitmaps, InStripsWithTheUpperLineFirstCountFromThere)
     TestDib dib;
     dib.Height = -4;
     dib.BitCount = 32;
-    dib.Pixels = ByteWriter().Add32(0x222222).Add32(0x333333).Bytes(); // the second and third line
+    dib.Pixels = ByteWriter().Add32(0x222222).Bytes(); // the second line
     MetafileBuilder builder = Small();
-    builder.Record(0x0D33, { 0, 2, 1, 0, 0, 4, 1, 10, 10 }, dib.Bytes());
+    builder.Record(0x0D33, { 0, 1, 1, 0, 0, 4, 1, 10, 10 }, dib.Bytes());
     const QImage picture = Painted(builder);
-    EXPECT_EQ(Drawn(picture), QRect(10, 11, 1, 2));
+    EXPECT_EQ(Drawn(picture), QRect(10, 11, 1, 1));
     EXPECT_EQ(At(picture, 10, 11), 0x222222U);
+}
+
+TEST(MetafileBitmaps, InStripsOfMoreLinesThanTheyHaveShowAll)
+{
+    TestDib dib;
+    dib.Height = 2;
+    dib.BitCount = 32;
+    dib.Pixels = ByteWriter().Add32(0x111111).Add32(0x222222).Bytes();
+    MetafileBuilder builder = Small();
+    builder.Record(0x0D33, { 0, 9, 0, 0, 0, 2, 1, 10, 10 }, dib.Bytes());
+    EXPECT_EQ(Drawn(Painted(builder)), QRect(10, 10, 1, 2));
+}
+
+TEST(MetafileBitmaps, ShowTheWantedPartMirrored)
+{
+    QImage line(4, 1, QImage::Format_RGB32);
+    for (int x = 0; x < 4; ++x)
+        line.setPixel(x, 0, 0xFF000011U * static_cast<QRgb>(x + 1));
+    MetafileBuilder builder = Small();
+    builder.Record(0x0F43, { kCopyLow, kCopyHigh, 0, 1, 2, 0, 1, 1, -2, 5, 12 }, DibOf(line)); // from 1, 2 pixels
+    builder.Record(0x0F43, { kCopyLow, kCopyHigh, 0, 1, -2, 0, 3, 1, 2, 8, 10 }, DibOf(line)); // the same from behind
+    const QImage picture = Painted(builder);
+    for (const int y : { 5, 8 }) {
+        EXPECT_EQ(At(picture, 10, y), 0x000033U) << y;
+        EXPECT_EQ(At(picture, 11, y), 0x000022U) << y;
+    }
+}
+
+TEST(MetafileMapping, KeepsTheAspectUpwardsToo)
+{
+    MetafileBuilder builder = Filling(kRed);
+    builder.Record(0x0103, { 7 }).Window(0, 60, 40, -60).Rectangle(0, 0, 40, 30);
+    EXPECT_EQ(Drawn(Painted(builder)), QRect(0, 15, 19, 14));
+}
+
+TEST(MetafileShapes, PolygonsOfSeveralPartsKeepToTheFillRule)
+{
+    const std::initializer_list<int> nested{ 2, 4, 4, 2, 2, 30, 2, 30, 25, 2, 25, 10, 8, 20, 8, 20, 18, 10, 18 };
+    EXPECT_EQ(At(Painted(Filling(kRed).Record(0x0106, { 1 }).Record(0x0538, nested)), 15, 12), 0xFFFFFFU);
+    EXPECT_EQ(At(Painted(Filling(kRed).Record(0x0106, { 2 }).Record(0x0538, nested)), 15, 12), kRgbRed);
+}
+
+TEST(MetafileFloods, CombineWithThePicture)
+{
+    MetafileBuilder builder = Filling(kRed);
+    builder.Record(0x0104, { 6 }).Record(0x0419, { kBlack, 0, 5, 5 }); // invert
+    EXPECT_EQ(Count(Painted(builder), 0x000000), 40 * 30);
 }

@@ -74,7 +74,7 @@ TEST(MetafileText, IsAlignedUpAndDown)
 {
     EXPECT_GT(DrawnWith(0).top(), 50);
     EXPECT_LE(DrawnWith(0).bottom(), 70);
-    EXPECT_LT(DrawnWith(Bottom).bottom(), 50);
+    EXPECT_LT(DrawnWith(Bottom).bottom(), DrawnWith(Baseline).bottom() - 2);
     EXPECT_GE(DrawnWith(Bottom).top(), 30);
     EXPECT_EQ(DrawnWith(Baseline).bottom(), 49);
 }
@@ -159,6 +159,22 @@ TEST(MetafileText, OfAFontThatIsNotThereKeepsItsPitch)
     for (const int pitch : { fixed, modern })
         EXPECT_NEAR(width(pitch, "HiiiiiiH"), width(pitch, "HMMMMMMH"), 1) << pitch;
     EXPECT_LT(width(2, "HiiiiiiH") + 20, width(2, "HMMMMMMH"));
+}
+
+TEST(MetafileText, OfAFontThatIsNotThereKeepsItsSerifs)
+{
+    const int roman = 1 << 4;
+    const int swiss = 2 << 4;
+    EXPECT_NE(WrittenWith(PageWithFont(400, 0, 0, roman, "No Such Face")),
+        WrittenWith(PageWithFont(400, 0, 0, swiss, "No Such Face")));
+}
+
+TEST(MetafileText, IsWrittenInItsFace)
+{
+    const auto width = [](const QByteArray& text) {
+        return Drawn(WrittenWith(PageWithFont(400, 0, 0, 0, "DejaVu Sans Mono"), text)).width();
+    };
+    EXPECT_NEAR(width("HiiiiiiH"), width("HMMMMMMH"), 1);
 }
 
 TEST(MetafileText, CoversTheBackgroundUnlessTransparent)

@@ -107,6 +107,8 @@ TEST(MetafileWriter, WritesModeExtentPictureAndEnd)
     EXPECT_EQ(bytes.mid(40 + begin.size() + 40 + 48).toHex(), ByteWriter().Add32(3).Add16(0).Bytes().toHex());
     EXPECT_EQ(bytes.mid(40 + begin.size() + 40, 4).toHex(),
         QByteArray("02160003")); // blue, green, red; then blue
+    for (int line = 0; line < 3; ++line)
+        EXPECT_EQ(bytes[40 + begin.size() + 40 + 16 * line + 15], 0) << line; // the filling
 }
 
 TEST(MetafileWriter, GivesBackEveryPixel)

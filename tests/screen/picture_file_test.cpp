@@ -2,8 +2,12 @@
 
 #include "tests/support/fixture.h"
 
-#include <QPainter>
 #include <QtEndian>
+
+#if defined(Q_OS_LINUX)
+#include <sys/resource.h>
+#include <unistd.h>
+#endif
 
 namespace {
 
@@ -150,3 +154,69 @@ TEST_F(PictureFiles, ThatCannotBeWrittenStayAsTheyWere)
     }
     EXPECT_EQ(QDir(Folder()).entryList(QDir::Files | QDir::Hidden).size(), 4);
 }
+
+TEST_F(PictureFiles, ThatAreLongerThanAnyPictureAreNotRead)
+{
+    for (const KindCase& kind : { KindCase{ "a.bmp", ImageBitmap }, KindCase{ "a.wmf", ImageMetafile } }) {
+        QFile file(StorePicture(kind.Name, kind.Kind, { 20, 10 }));
+        ASSERT_TRUE(file.resize(file.size() + 1000)); // zeros behind the picture
+        EXPECT_FALSE(DecodePicture(file.fileName(), kind.Kind, { 20, 10 }, kPaper).isNull()) << kind.Name;
+        ASSERT_TRUE(file.resize(qint64{ 1 } << 30));
+        EXPECT_TRUE(DecodePicture(file.fileName(), kind.Kind, { 20, 10 }, kPaper).isNull()) << kind.Name;
+    }
+}
+
+// The address sanitizer takes all address space and ends the program when there is no more.
+#if defined(Q_OS_LINUX) && !defined(__SANITIZE_ADDRESS__)
+
+namespace {
+
+/// Leaves the process so many bytes more than it has.
+void LimitMemory(rlim_t more)
+{
+    QFile sizes(QStringLiteral("/proc/self/statm"));
+    if (!sizes.open(QIODevice::ReadOnly))
+        _exit(2);
+    const rlim_t pages = sizes.readAll().split(' ').first().toULongLong();
+    const rlim_t bytes = pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + more;
+    const rlimit limit{ bytes, bytes };
+    setrlimit(RLIMIT_AS, &limit);
+}
+
+constexpr rlim_t kLittle = 16 << 20;
+
+} // namespace
+
+TEST_F(PictureFiles, WithoutMemoryForThemAreNotRead)
+{
+    for (const KindCase& kind : kCases) {
+        const QSize size(4000, 3000); // 48 million bytes
+        const QString path = StorePicture(kind.Name, kind.Kind, size);
+        const auto read = [&] {
+            LimitMemory(kLittle);
+            _exit(DecodePicture(path, kind.Kind, size, kPaper).isNull() ? 0 : 1);
+        };
+        EXPECT_EXIT(read(), testing::ExitedWithCode(0), "") << kind.Name;
+    }
+}
+
+TEST_F(PictureFiles, WithoutMemoryForThemAreNotWritten)
+{
+    QImage picture(4000, 3000, QImage::Format_RGB32);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            picture.setPixel(x, y, qRgb(x & 0xFF, y & 0xFF, x * y & 0xFF));
+    }
+    for (const KindCase& kind : { KindCase{ "a.bmp", ImageBitmap }, KindCase{ "a.png", ImagePng },
+             KindCase{ "a.wmf", ImageMetafile } }) { // a PCX is written in small pieces
+        Store(File(kind.Name), "old");
+        const auto write = [&] {
+            LimitMemory(kLittle);
+            _exit(EncodePicture(File(kind.Name), kind.Kind, picture) ? 1 : 0);
+        };
+        EXPECT_EXIT(write(), testing::ExitedWithCode(0), "") << kind.Name;
+        EXPECT_EQ(Contents(File(kind.Name)), "old") << kind.Name;
+    }
+}
+
+#endif

@@ -9,9 +9,12 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeDatabase>
+#include <QScreen>
+#include <QTreeView>
 
 #include <algorithm>
 #include <cstdio>
@@ -25,10 +28,26 @@ bool HasNoDisplay()
         || QGuiApplication::platformName() == QLatin1String("minimal");
 }
 
+constexpr QSize kDialogSize(820, 500);
+
+/// So large that names, sizes, kinds and dates of files are read without dragging columns. A desktop's own dialog has
+/// no such list, and sees to its size itself.
+void ShowWholeEntries(QFileDialog& dialog)
+{
+    const auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (files == nullptr)
+        return;
+    files->header()->setStretchLastSection(false);
+    files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    dialog.resize(kDialogSize.boundedTo(dialog.screen()->availableSize()));
+}
+
 QString BrowseFolder(const FolderQuestion& question)
 {
     QFileDialog dialog(QApplication::activeWindow(), question.Title, question.Start);
     dialog.setObjectName(QStringLiteral("FolderBrowser"));
+    ShowWholeEntries(dialog);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     if (dialog.exec() != QDialog::Accepted)
@@ -57,6 +76,7 @@ QString OpenFile(const OpenFileQuestion& question)
 {
     QFileDialog dialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder));
     dialog.setObjectName(QStringLiteral("OpenDialog"));
+    ShowWholeEntries(dialog);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setNameFilters(DialogFilters(question.Filters));
     if (dialog.exec() != QDialog::Accepted)
@@ -68,6 +88,7 @@ QStringList OpenFiles(const OpenFilesQuestion& question)
 {
     QFileDialog dialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder));
     dialog.setObjectName(QStringLiteral("OpenDialog"));
+    ShowWholeEntries(dialog);
     dialog.setFileMode(QFileDialog::ExistingFiles);
     dialog.setNameFilters(DialogFilters(question.Filters));
     dialog.setDefaultSuffix(question.DefaultExtension);
@@ -91,6 +112,7 @@ public:
         , filters_(question.Filters)
     {
         setObjectName(QStringLiteral("SaveDialog"));
+        ShowWholeEntries(*this);
         setAcceptMode(QFileDialog::AcceptSave);
         setFileMode(QFileDialog::AnyFile);
         const QStringList shown = DialogFilters(filters_);

@@ -8,10 +8,12 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 
 namespace {
 
@@ -85,6 +87,17 @@ TEST_F(PlatformDialogs, SaveProposesTheNameWithTheExtensionOfTheFilter)
     EXPECT_EQ(proposed, "night.png");
     EXPECT_EQ(filter, "PNG picture (*.png)");
     EXPECT_EQ(help, 11600);
+}
+
+TEST_F(PlatformDialogs, ColumnsOfTheFilesFollowTheirContents)
+{
+    Save([] {
+        const QHeaderView& header = *Dialog().findChild<QTreeView*>("treeView")->header();
+        EXPECT_EQ(header.sectionResizeMode(0), QHeaderView::Stretch);
+        for (const int column : { 1, 2, 3 })
+            EXPECT_EQ(header.sectionResizeMode(column), QHeaderView::ResizeToContents) << column;
+        EXPECT_GE(header.sectionSize(0), header.length() / 3) << "room for names";
+    });
 }
 
 TEST_F(PlatformDialogs, SaveWithoutANameProposesNone)

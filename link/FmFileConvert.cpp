@@ -12,6 +12,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kTextForm = 11400;
@@ -21,7 +23,8 @@ constexpr int kHintType = 11403;
 constexpr int kTextDir = 11404;
 constexpr int kHintDir = 11405;
 constexpr int kPathLength = 4096;
-constexpr int kDirCharacters = 48;
+constexpr int kLeastDirCharacters = 48;
+constexpr int kMostDirCharacters = 96;
 
 } // namespace
 
@@ -46,7 +49,6 @@ QLayout* FmFileConvert::BuildFields()
     BindLabel(LbType, CbType);
     QLabel* LbDir = NewLabel(this, "LbDir", { kTextDir });
     TbDir = NewTextBox(this, "TbDir", kHelpForm, kPathLength);
-    TbDir->setMinimumWidth(kDirCharacters * fontMetrics().averageCharWidth());
     SetControlHint(TbDir, kHintDir);
     BindLabel(LbDir, TbDir);
     BtBrowse = NewButton(this, "BtBrowse", { 11406, kHelpForm, 11407 });
@@ -87,7 +89,7 @@ bool FmFileConvert::OnLoad()
     for (const int type : proposal.Types)
         CbType->addItem(LngStr(type), type);
     CbType->setCurrentIndex(proposal.Selected);
-    TbDir->setText(proposal.Folder);
+    ShowFolder(proposal.Folder);
     CbType->setFocus(Qt::TabFocusReason);
     return true;
 }
@@ -96,7 +98,17 @@ void FmFileConvert::Browse()
 {
     const QString folder = BrowseFolder(LngStr(kTextChooseTargetFolder), TbDir->text());
     if (!folder.isEmpty())
-        TbDir->setText(folder);
+        ShowFolder(folder);
+}
+
+/// The form is as wide as it takes to see all of a usual path.
+void FmFileConvert::ShowFolder(const QString& folder)
+{
+    const QFontMetrics metrics = TbDir->fontMetrics();
+    const int character = metrics.averageCharWidth();
+    TbDir->setText(folder);
+    TbDir->setMinimumWidth(std::clamp(metrics.horizontalAdvance(folder) + 3 * character,
+        kLeastDirCharacters * character, kMostDirCharacters * character));
 }
 
 void FmFileConvert::Accept()

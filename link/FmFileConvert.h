@@ -23,6 +23,7 @@ private:
     QLayout* BuildFields();
     QLayout* BuildButtons();
     void Browse();
+    void ShowFolder(const QString& folder);
     void Accept();
 
     QComboBox* CbType = nullptr;

@@ -7,7 +7,9 @@
 #include "link/fileConvert.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDir>
+#include <QLineEdit>
 
 namespace {
 
@@ -37,6 +39,21 @@ TEST_F(ConvertForm, HasItsControlsInOrder)
         EXPECT_EQ(form.HelpNumber(), 11401);
         EXPECT_EQ(TextOf(form, "CbType"), "Windows bitmap");
         EXPECT_EQ(TextOf(form, "TbDir"), FolderText());
+        form.Unload();
+    });
+}
+
+TEST_F(ConvertForm, LongFoldersAreSeenWhole)
+{
+    FileConvert().Sources = { "/srv/" + QString(70, u'a') + "/a.bmp" };
+    RunForm(form, [this] {
+        auto& box = Find<QLineEdit>(form, "TbDir");
+        EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(box.text()));
+        const int before = form.width();
+        TheSeams().BrowseFolder = [](const FolderQuestion&) { return "/" + QString(1000, u'w'); };
+        Click(form, "BtBrowse");
+        QCoreApplication::processEvents();
+        EXPECT_LT(form.width(), 2 * before);
         form.Unload();
     });
 }
@@ -79,6 +96,8 @@ TEST_F(ConvertForm, FolderThatCanNotBeMadeKeepsTheFormAndTheFocus)
 
 TEST_F(ConvertForm, CancelAndEscapeAreNoAnswer)
 {
+    RunForm(form, [this] { Click(form, "BtClose"); });
+    ASSERT_TRUE(form.IsAccepted());
     RunForm(form, [this] { Click(form, "BtCancel"); });
     EXPECT_FALSE(form.IsAccepted());
     RunForm(form, [this] { Key(form, "TbDir", Qt::Key_Escape); });

@@ -229,6 +229,13 @@ TEST_F(CtlPicture, NamesMayBeOdd)
     EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files | QDir::Hidden).size(), 2 * bases.size());
 }
 
+TEST_F(CtlPicture, WordsOfTheCommandLineAreNotThePlatforms)
+{
+    Picture("a.bmp");
+    ExpectRefused(Ctl({ "picture", "--to", "png", "--", "-platform", "a.bmp" }), "-platform: 12750: ");
+    EXPECT_TRUE(QFile::exists(Path("a.png")));
+}
+
 TEST_F(CtlPicture, WhatATerminalWouldObeyIsNotPrinted)
 {
     const CtlResult result = Ctl({ "picture", "--to", "png", "a\033[2J\nb.doc" });
@@ -370,7 +377,9 @@ TEST_F(CtlPicture, SignalLetsTheFileUnderWayBeFinished)
     ASSERT_TRUE(process.waitForStarted());
     while (!QFile::exists(Path("out/p0.png")) && process.state() == QProcess::Running)
         process.waitForFinished(1);
-    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    const auto id = static_cast<pid_t>(process.processId());
+    ASSERT_GT(id, 0) << "ended by itself"; // 0 would be this program and its family
+    ASSERT_EQ(::kill(id, SIGINT), 0);
     ASSERT_TRUE(process.waitForFinished(60000));
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(process.exitCode(), 1);

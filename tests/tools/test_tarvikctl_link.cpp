@@ -8,6 +8,9 @@
 #include <QImage>
 #include <QProcess>
 
+#include <csignal>
+#include <sys/types.h>
+
 namespace {
 
 const QString kFamilyRoot = QStringLiteral("instrument/Public/");
@@ -379,6 +382,32 @@ TEST_F(TarvikctlLink, CaptureLeavesNothingInTheFolderOfTemporaryFiles)
     EXPECT_EQ(result.ExitCode, 1);
     EXPECT_TRUE(result.Err.contains(QStringLiteral("out.png: there is no place"))) << result.Err.toStdString();
     EXPECT_EQ(Bytes(QStringLiteral("out.png")), "mine");
+}
+
+TEST_F(TarvikctlLink, CaptureThatIsInterruptedWritesNothing)
+{
+    StartInstrument();
+    ASSERT_TRUE(QDir(Path({})).mkdir(QStringLiteral("tmp")));
+    const QDir temporary(Path(QStringLiteral("tmp")));
+    const QStringList ofProgram{ QStringLiteral("tarvikctl*") };
+    QProcess capture;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TMPDIR"), temporary.path());
+    capture.setProcessEnvironment(environment);
+    capture.setWorkingDirectory(Path({}));
+    capture.start(QStringLiteral(TARVIKCTL), { "--to", to_, "capture", "out.png" });
+    ASSERT_TRUE(capture.waitForStarted());
+    while (temporary.entryList(ofProgram).isEmpty() && capture.state() == QProcess::Running)
+        capture.waitForFinished(1);
+    const auto id = static_cast<pid_t>(capture.processId());
+    ASSERT_GT(id, 0) << "ended by itself";
+    ASSERT_EQ(::kill(id, SIGINT), 0);
+    ASSERT_TRUE(capture.waitForFinished(60000));
+    EXPECT_EQ(capture.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(capture.exitCode(), 1);
+    EXPECT_EQ(capture.readAllStandardError(), "out.png: stopped, nothing is written\n");
+    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("out.png"))));
+    EXPECT_TRUE(temporary.entryList(ofProgram).isEmpty());
 }
 
 TEST_F(TarvikctlLink, CapturesInBlackAndWhite)

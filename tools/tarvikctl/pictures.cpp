@@ -163,7 +163,9 @@ void CtlCapture(const CtlArguments& arguments, Terminal& terminal)
         return;
     Describe(id, arguments, terminal);
     QString path = QFileInfo(CtlCaptureTarget(arguments)).absoluteFilePath();
-    if (Program().CloseWished || !FileSaveAs(path, id, true) || path.isEmpty())
+    if (Program().CloseWished)
+        terminal.Refuse(QStringLiteral("stopped, nothing is written"));
+    else if (!FileSaveAs(path, id, true) || path.isEmpty())
         terminal.SetFailed();
     DropWindow(id);
 }

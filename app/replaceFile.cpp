@@ -2,7 +2,6 @@
 
 #include "app/general.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
@@ -112,15 +111,18 @@ QFile::Permissions PermissionsOfNewFiles()
 
 #endif
 
+/// By names alone, since a folder may hold thousands of files.
 void RemoveLeftovers(const QFileInfo& target)
 {
-    const QString prefix = TemporaryPrefix(target);
-    QDir folder(target.absolutePath());
-    const QStringList names = folder.entryList(QDir::Files | QDir::Hidden, QDir::NoSort);
-    for (const QString& name : names) {
-        if (!name.startsWith(prefix) || !name.endsWith(kTemporarySuffix))
+    const auto prefix = QFileInfo(TemporaryPrefix(target)).filesystemFilePath().native();
+    const auto suffix = QFileInfo(kTemporarySuffix).filesystemFilePath().native();
+    const auto folder = QFileInfo(target.absolutePath()).filesystemFilePath();
+    std::error_code error;
+    for (std::filesystem::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
+        const auto name = at->path().filename().native();
+        if (!name.starts_with(prefix) || !name.ends_with(suffix))
             continue;
-        QFile leftover(folder.filePath(name));
+        QFile leftover(at->path());
         if (leftover.open(QIODevice::ReadOnly) && LockAgainstOthers(leftover.handle())) {
             leftover.close();
             leftover.remove();

@@ -125,11 +125,15 @@ public:
             selectFile(question.FileName + u'.' + defaultSuffix());
     }
 
+    /// What is looked for is what will be written: whoever gets a path from this dialog takes the blanks off its ends.
     void accept() override
     {
         auto* edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); // not there in a desktop's own dialog
-        if (edit != nullptr && LacksExtension(edit->text()))
-            edit->setText(edit->text() + u'.' + defaultSuffix());
+        if (edit != nullptr) {
+            const QString name = WithExtension(edit->text().trimmed());
+            if (name != edit->text())
+                edit->setText(name);
+        }
         QFileDialog::accept();
     }
 
@@ -140,12 +144,21 @@ private:
         setDefaultSuffix(ExtensionOfFilter(filters_.value(std::max<qsizetype>(at, 0))));
     }
 
-    /// A number behind the last point counts the files of a series, whatever else it may be an extension of.
-    bool LacksExtension(const QString& name) const
+    QString WithExtension(QString name) const
     {
-        const QFileInfo file(directory(), name);
+        if (!LacksExtension(QFileInfo(directory(), name)))
+            return name;
+        while (name.endsWith(u'.'))
+            name.chop(1);
+        return name + u'.' + defaultSuffix();
+    }
+
+    /// A number behind the last point counts the files of a series, whatever else it may be an extension of. A name
+    /// without a point is left to the toolkit.
+    bool LacksExtension(const QFileInfo& file) const
+    {
         const QString end = file.suffix();
-        if (end.isEmpty() || file.isDir())
+        if (file.isDir() || !file.fileName().contains(u'.'))
             return false;
         const auto isMeant = [&end](const QString& filter) {
             return ExtensionOfFilter(filter).compare(end, Qt::CaseInsensitive) == 0;

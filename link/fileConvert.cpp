@@ -53,9 +53,11 @@ QString WithoutSlash(const QString& folder)
     return PathNoSlash(path, u'/');
 }
 
-/// A folder that is named without a place stands in the one in which the sources were chosen.
+/// A folder that is named without a place stands in the one in which the sources were chosen; "~" is the user's own.
 QString PlacedFolder(const QString& folder)
 {
+    if (folder == u'~' || folder.startsWith(QLatin1String("~/")))
+        return QDir::homePath() + folder.mid(1);
     const QString& chosen = Program().LastFile.Folder;
     return folder.isEmpty() || chosen.isEmpty() ? folder : QDir(chosen).absoluteFilePath(folder);
 }

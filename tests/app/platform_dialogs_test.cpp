@@ -120,6 +120,8 @@ TEST_F(PlatformDialogs, TypedNameGetsTheExtensionOfTheFilter)
     EXPECT_EQ(SaveTyped("Tower.2024"), FilePath("Tower.2024.png"));
     EXPECT_EQ(SaveTyped("Shot.1"), FilePath("Shot.1.png"));
     EXPECT_EQ(SaveTyped("Tower.night"), FilePath("Tower.night.png"));
+    EXPECT_EQ(SaveTyped("mast."), FilePath("mast.png"));
+    EXPECT_EQ(SaveTyped("  mast "), FilePath("mast.png"));
 }
 
 TEST_F(PlatformDialogs, TypedExtensionStays)
@@ -143,17 +145,19 @@ TEST_F(PlatformDialogs, OtherFilterGivesItsExtension)
 TEST_F(PlatformDialogs, ExistingFileOfTheCompletedNameIsAskedFor)
 {
     Store(FilePath("Tower.2024.png"), "old");
-    bool asked = false;
-    QTimer::singleShot(0, qApp, [&asked] {
-        QTimer::singleShot(50, qApp, [&asked] {
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                asked = box->text().contains("Tower.2024.png");
-                box->reject();
-            }
+    for (const char* typed : { "Tower.2024", " Tower.2024.png ", "Tower.2024.png" }) {
+        QString asked;
+        QTimer::singleShot(0, qApp, [&asked] {
+            QTimer::singleShot(50, qApp, [&asked] {
+                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                    asked = box->text();
+                    box->reject();
+                }
+            });
         });
-    });
-    EXPECT_EQ(SaveTyped("Tower.2024"), "") << "not to be replaced, and then cancelled";
-    EXPECT_TRUE(asked);
+        EXPECT_EQ(SaveTyped(QString::fromLatin1(typed)), "") << "not to be replaced, and then cancelled";
+        EXPECT_TRUE(asked.contains("Tower.2024.png")) << typed;
+    }
 }
 
 TEST_F(PlatformDialogs, FolderWithAPointIsEntered)

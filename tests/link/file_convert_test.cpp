@@ -403,6 +403,17 @@ TEST_F(ConvertTarget, FolderWithoutAPlaceStandsAmongTheSources)
     EXPECT_TRUE(QDir(FilePath("new")).exists());
 }
 
+TEST_F(ConvertTarget, TildeIsTheUsersFolder)
+{
+    SetLastFile(FilePath("a.bmp"));
+    EXPECT_TRUE(FileConvertAccept("~", 11605));
+    EXPECT_EQ(FileConvert().TargetFolder, QDir::homePath());
+    EXPECT_TRUE(FileConvertAccept("~/", 11605));
+    EXPECT_EQ(FileConvert().TargetFolder, QDir::homePath() + '/');
+    EXPECT_TRUE(FileConvertAccept("~out", 11605));
+    EXPECT_EQ(FileConvert().TargetFolder, FilePath("~out"));
+}
+
 TEST_F(ConvertTarget, RefusedFolderIsToldByItsLastName)
 {
     Answers().Expect(12752, { "two", "No such file or directory" }, Ok);

@@ -21,6 +21,9 @@ namespace {
 
 const QString kTemporarySuffix = QStringLiteral(".part");
 
+/// QTemporaryFile puts others in their place.
+const QString kTemporaryLetters = QStringLiteral("XXXXXX");
+
 /// File systems take names of up to 255 bytes; with what is put around it the temporary one must not pass that.
 constexpr qsizetype kMaxKeptBytes = 200;
 
@@ -45,7 +48,7 @@ QString TemporaryPrefix(const QFileInfo& target)
 /// For QTemporaryFile.
 QString TemporaryTemplate(const QFileInfo& target)
 {
-    return target.absolutePath() + u'/' + TemporaryPrefix(target) + QStringLiteral("XXXXXX") + kTemporarySuffix;
+    return target.absolutePath() + u'/' + TemporaryPrefix(target) + kTemporaryLetters + kTemporarySuffix;
 }
 
 #if defined(Q_OS_UNIX)
@@ -117,10 +120,11 @@ void RemoveLeftovers(const QFileInfo& target)
     const auto prefix = QFileInfo(TemporaryPrefix(target)).filesystemFilePath().native();
     const auto suffix = QFileInfo(kTemporarySuffix).filesystemFilePath().native();
     const auto folder = QFileInfo(target.absolutePath()).filesystemFilePath();
+    const size_t length = prefix.size() + static_cast<size_t>(kTemporaryLetters.size()) + suffix.size();
     std::error_code error;
     for (std::filesystem::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
         const auto name = at->path().filename().native();
-        if (!name.starts_with(prefix) || !name.ends_with(suffix))
+        if (name.size() != length || !name.starts_with(prefix) || !name.ends_with(suffix))
             continue;
         QFile leftover(at->path());
         if (leftover.open(QIODevice::ReadOnly) && LockAgainstOthers(leftover.handle())) {

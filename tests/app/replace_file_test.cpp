@@ -65,10 +65,11 @@ TEST_F(ReplaceFileTest, FollowsALink)
 TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeft)
 {
     Store(FilePath(".a.AbCdEf.part"), "half");
-    Store(FilePath(".ab.AbCdEf.part"), "of another file");
-    Store(FilePath("a.txt"), "of the user");
+    const QStringList others{ ".a.AbCdEf.test", ".a.movie.2.part", ".ab.AbCdEf.part", "a.txt" };
+    for (const QString& name : others)
+        Store(FilePath(name), "of the user");
     ASSERT_TRUE(ReplaceFile(FilePath("a"), "x"));
-    EXPECT_EQ(Names(), QStringList({ ".ab.AbCdEf.part", "a", "a.txt" }));
+    EXPECT_EQ(Names(), QStringList(others.mid(0, 3)) + QStringList({ "a", "a.txt" }));
 }
 
 TEST_F(ReplaceFileTest, WritesNothingAsAnEmptyFile)

@@ -62,7 +62,7 @@ bool FmScreenShotViewer::OnLoad()
     DialogPush(*this, false);
     const QSize room = screen()->availableSize() * kMostOfScreen;
     const QSize around = size() - stage_->size();
-    const QSize shown = picture_.size().boundedTo(picture_.size().scaled(room - around, Qt::KeepAspectRatio));
+    const QSize shown = SizeIn(room - around);
     resize(shown.expandedTo(kLeastRoom) + around);
     move(screen()->availableGeometry().center() - rect().center());
     BtClose->setFocus();
@@ -76,11 +76,17 @@ void FmScreenShotViewer::resizeEvent(QResizeEvent* event)
     PlacePicture();
 }
 
+/// Of the picture in a room. A line stays one, however thin.
+QSize FmScreenShotViewer::SizeIn(QSize room) const
+{
+    const QSize fitted = picture_.size().scaled(room, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    return picture_.size().boundedTo(fitted);
+}
+
 /// In the middle.
 void FmScreenShotViewer::PlacePicture()
 {
-    const QSize size = picture_.size().boundedTo(picture_.size().scaled(stage_->size(), Qt::KeepAspectRatio));
-    QRect place(QPoint(), size);
+    QRect place(QPoint(), SizeIn(stage_->size()));
     place.moveCenter(stage_->rect().center());
     PbGraph->setGeometry(place);
 }

@@ -20,6 +20,7 @@ protected:
 private:
     void BuildControls();
     void BuildLayout();
+    QSize SizeIn(QSize room) const;
     void PlacePicture();
 
     QImage picture_;

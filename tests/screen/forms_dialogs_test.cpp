@@ -326,6 +326,16 @@ TEST_F(ScreenShotViewer, ShowsThePictureUnderItsName)
     });
 }
 
+TEST_F(ScreenShotViewer, ShowsAPictureThatIsAlmostALine)
+{
+    FmScreenShotViewer form(Picture({ 30000, 3 }), "line.png", frame.get());
+    RunForm(form, [&] {
+        EXPECT_GE(FindControl(form, "PbGraph").height(), 1);
+        EXPECT_GT(FindControl(form, "PbGraph").width(), 300);
+        Key(Qt::Key_Escape);
+    });
+}
+
 TEST_F(ScreenShotViewer, OpensNothingForAFileThatIsNoPicture)
 {
     Store(FilePath("broken.png"), "no picture");

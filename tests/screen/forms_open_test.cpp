@@ -1,11 +1,14 @@
 // Pictures on their way into real windows: one gives way to another, and the frame need not be in front.
 #include "app/lang.h"
+#include "app/seams.h"
 #include "link/file.h"
 #include "link/fileConvert.h"
 #include "screen/descriptionEdit.h"
 #include "tests/screen/screenForms.h"
+#include "tests/support/fakeChannel.h"
 
 #include <QApplication>
+#include <QBuffer>
 
 namespace {
 
@@ -51,7 +54,71 @@ protected:
     }
 };
 
+class CaptureInWindows : public ScreenForms {
+protected:
+    CaptureInWindows()
+    {
+        TheSeams().Sleep = [](int) {};
+        QBuffer buffer(&channel_.Contents);
+        buffer.open(QIODevice::WriteOnly);
+        Picture().save(&buffer, "PNG");
+        TheFrameHooks().MenuUpdate();
+    }
+
+    FakeChannel channel_;
+};
+
 } // namespace
+
+TEST_F(CaptureInWindows, IsStartedByMenuTwinAndButton)
+{
+    Item("MnInstrDispSc").trigger();
+    Item("ClMnInstrDispSc").trigger();
+    Cm(16).click();
+    ASSERT_EQ(WindowCount(WindowScreen), 3);
+    EXPECT_EQ(channel_.Count("Send DISP:WIND:FETC?"), 3);
+    for (WindowId id = 1; id <= 3; ++id) {
+        EXPECT_EQ(Shown(id).size(), DevicePixels(id));
+        EXPECT_EQ(Document(id).Graph, Picture());
+        EXPECT_EQ(Child(id).windowTitle(), WindowTitle(id, Document(id).Date));
+        EXPECT_EQ(Window(id).property(kHelpNumberProperty).toInt(), 14502) << "help about live screens";
+    }
+    EXPECT_EQ(WindowTable().Active, 3);
+    EXPECT_TRUE(CanAct());
+    EXPECT_EQ(frame->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(CaptureInWindows, LostLinkSwitchesTheCommandsOff)
+{
+    ASSERT_TRUE(Item("MnInstrDispSc").isEnabled());
+    channel_.Answer("GetFileFromStream", kChannelLinkFailed);
+    Answers().Expect(12703, {}, Ok);
+    Item("MnInstrDispSc").trigger();
+    EXPECT_FALSE(Item("MnInstrDispSc").isEnabled());
+    EXPECT_TRUE(CanAct());
+    EXPECT_TRUE(frame->ChildArea()->subWindowList().isEmpty());
+}
+
+TEST_F(CaptureInWindows, ClosingAsksAndCancelKeepsThePicture)
+{
+    Item("MnInstrDispSc").trigger();
+    Answers().Expect(12714, { Child(1).windowTitle() }, Cancel);
+    Child(1).close();
+    EXPECT_EQ(Document(1).Graph, Picture());
+    Answers().Expect(12714, No);
+    Child(1).close();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(WindowCount(0), 0);
+}
+
+TEST_F(CaptureInWindows, MaximisedWindowsBeforeItDoNotStretchIt)
+{
+    Item("MnInstrDispSc").trigger();
+    Child(1).showMaximized();
+    Item("MnInstrDispSc").trigger();
+    EXPECT_EQ(Window(2).State(), WinStateNormal);
+    EXPECT_EQ(Window(2).size(), QSize(642, 442));
+}
 
 TEST_F(OpenInWindows, OldestGivesWay)
 {

@@ -132,6 +132,16 @@ TEST_F(OpenFiles, YesReplacesTheOldestForEachFileOfTheSameOpening)
     EXPECT_EQ(WindowCount(0), kDocumentsOfType);
 }
 
+TEST_F(OpenFiles, ReplacementTilesNothing)
+{
+    Fill();
+    ChooseThree();
+    Program().AutoTile = true;
+    TheScreenViewHooks().Arrange = [](int) { ADD_FAILURE() << "there are as many windows as before"; };
+    Answers().Expect(12713, Yes);
+    EXPECT_TRUE(FileOpen(chosen_[0], true, true));
+}
+
 TEST_F(OpenFiles, QuestionWithoutAnAnswerIsAskedAgain)
 {
     Fill();

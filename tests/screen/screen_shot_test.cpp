@@ -287,6 +287,17 @@ TEST_F(Captures, CommandKeepsTheProgramBusyMeanwhile)
     EXPECT_EQ(WindowCount(WindowScreen), 1);
 }
 
+TEST_F(Captures, PointerIsAsBeforeWhenTheCommandsAreOnAgain)
+{
+    QVector<bool> wasBusy;
+    TheFrameHooks().MenuUpdate = [&] {
+        if (Program().Idle)
+            wasBusy.append(Frame.Busy);
+    };
+    CaptureScreen();
+    EXPECT_EQ(wasBusy, QVector<bool>{ false });
+}
+
 TEST_F(Captures, AutoTileFollowsTheirNumber)
 {
     int tiled = 0;

@@ -27,6 +27,20 @@ TEST_F(StatusPanel, HasNoHeightAndNoLinesAndAddsNothing)
     EXPECT_EQ(target, before);
 }
 
+TEST_F(StatusPanel, FillIsNotRaisedByItself)
+{
+    const WindowId id = Open();
+    int fills = 0;
+    Views[id].OnFilled = [&] {
+        ASSERT_LT(++fills, 3);
+        StatusFill(id);
+    };
+    StatusFill(id);
+    EXPECT_EQ(fills, 1);
+    StatusFill(id);
+    EXPECT_EQ(fills, 2);
+}
+
 TEST_F(StatusPanel, FillLaysOutTheDescription)
 {
     const WindowId id = Open();

@@ -31,6 +31,18 @@ TEST_F(ScreenDocuments, BeginWithTheColoursThatWereSetLast)
     EXPECT_TRUE(record.Graph.isNull());
 }
 
+TEST_F(ScreenDocuments, BeginAnewInAWindowThatIsUsedAgain)
+{
+    const WindowId id = Open();
+    ScreenOf(id)->ZoomState = 3;
+    ScreenOf(id)->PalNr = PaletteBlackAndWhite;
+    const ScreenRecord& record = ScreenInitialise(id);
+    EXPECT_EQ(record.ZoomState, 0);
+    EXPECT_EQ(record.PalNr, PaletteColour);
+    EXPECT_TRUE(record.Master.isNull());
+    EXPECT_TRUE(record.Graph.isNull());
+}
+
 TEST_F(ScreenDocuments, AreClearedWhenTheyAreFreed)
 {
     const WindowId id = Open();

@@ -1,6 +1,7 @@
 #include "screen/window.h"
 
 #include "app/lang.h"
+#include "closed/loader.h"
 #include "tests/support/screens.h"
 
 namespace {
@@ -81,6 +82,13 @@ TEST_F(WindowSlots, FullTableIsToldAndChangesNothing)
     EXPECT_EQ(WindowAllocate(WindowScreen, SubtypeFile).Id, 0);
     EXPECT_EQ(WindowCount(WindowDataSet), 200);
     EXPECT_EQ(WindowCount(WindowScreen), 0);
+}
+
+TEST_F(WindowSlots, LastFreeSlotIsTaken)
+{
+    for (WindowId id = 1; id < kWindowSlots; ++id)
+        WindowTable().Table[static_cast<size_t>(id)].Type = WindowDataSet;
+    EXPECT_EQ(WindowAllocate(WindowScreen, SubtypeFile).Id, kWindowSlots);
 }
 
 TEST_F(WindowSlots, HundredAndFirstAsksAndNoLeavesAllWindows)
@@ -216,6 +224,16 @@ TEST_F(WindowSlots, TitleTellsTypeDateAndTime)
 TEST_F(WindowSlots, TitleWithoutADateEndsInNoBlanks)
 {
     EXPECT_EQ(WindowTitle(OpenLive(), {}), LngStr(14500));
+}
+
+TEST_F(WindowSlots, LongTemplateOfALanguageIsCut)
+{
+    TvLng().LngGetStr = [](int32_t, const char*, char* out, int32_t outSize) {
+        const QByteArray text(20, 'x');
+        qstrncpy(out, text.constData(), static_cast<size_t>(outSize));
+        return static_cast<int32_t>(text.size());
+    };
+    EXPECT_EQ(WindowAt(TakeSlot(WindowDataSet)).TitleTemplate, QString(56, u'x'));
 }
 
 TEST_F(WindowSlots, SelectionListsTheNewestFirst)

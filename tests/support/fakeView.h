@@ -26,6 +26,7 @@ public:
     int Sizings = 0; ///< how often a client size was set
     int Shown = 0;
     std::function<void()> OnSized = [] {}; ///< what a real window raises
+    std::function<void()> OnFilled = [] {};
 
     int State() const override
     {
@@ -95,6 +96,7 @@ public:
     void FillStatus(const QString& date, const QString& text, const QString& time) override
     {
         Status = QStringList{ date, text, time };
+        OnFilled();
     }
     void HideStatus() override { }
     void Unload() override { }

@@ -1,6 +1,7 @@
 // Pictures on their way into real windows: one gives way to another, and the frame need not be in front.
 #include "app/lang.h"
 #include "app/seams.h"
+#include "closed/loader.h"
 #include "link/file.h"
 #include "link/fileConvert.h"
 #include "screen/descriptionEdit.h"
@@ -29,6 +30,18 @@ protected:
         const QString path = FilePath(QLatin1String(name));
         EXPECT_TRUE(Picture(size).save(path, "PNG"));
         return path;
+    }
+
+    static void TakePictureLibraryAway()
+    {
+        const auto texts = TvLng();
+        const auto general = TvGen();
+        ModulesReset();
+        TvImg() = {};
+        TvLng() = texts;
+        TvGen() = general;
+        ModuleMarkBound(Module::Language);
+        ModuleMarkBound(Module::General);
     }
 
     /// The oldest window gives way to a picture of 300 by 200 pixels.
@@ -69,6 +82,18 @@ protected:
 };
 
 } // namespace
+
+TEST_F(OpenInWindows, LibraryOfPicturesIsLookedForUntilItIsThere)
+{
+    const QString path = StorePicture("a.png");
+    TakePictureLibraryAway();
+    EXPECT_FALSE(FileOpen(path, true, true)) << "without a word";
+    EXPECT_EQ(WindowCount(0), 0);
+    const QString name = ModuleFileName(Module::Pictures);
+    ASSERT_TRUE(QFile::link(QStringLiteral(TARVIK_MODULES "/") + name, FilePath(name)));
+    EXPECT_TRUE(FileOpen(path, true, true));
+    EXPECT_EQ(Document(1).Master, Picture({ 300, 200 }));
+}
 
 TEST_F(CaptureInWindows, IsStartedByMenuTwinAndButton)
 {

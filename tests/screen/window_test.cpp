@@ -110,7 +110,7 @@ TEST_F(WindowSlots, MessageLeftWithoutAnAnswerIsNoYes)
 
 TEST_F(WindowSlots, HundredAndFirstReplacesTheOldestOfItsType)
 {
-    TakeSlot(WindowDataSet);
+    WindowAt(TakeSlot(WindowDataSet)).Created = QDateTime(QDate(1999, 1, 1), QTime(0, 0));
     Fill(WindowScreen);
     WindowAt(43).Created = QDateTime(QDate(2000, 1, 1), QTime(0, 0));
     Answers().Expect(12713, {}, Yes);

@@ -118,7 +118,7 @@ QImage ImgRead(const QString& path, int kind)
     if (!PictureLibraryIsThere())
         return {};
     const std::optional<QSize> size = PictureSize(path);
-    const QImage picture = size ? DecodePicture(path, kind, *size, PaperOfNewDocument()) : QImage();
+    QImage picture = size ? DecodePicture(path, kind, *size, PaperOfNewDocument()) : QImage();
     if (picture.isNull())
         Refuse(path, kind);
     return picture;

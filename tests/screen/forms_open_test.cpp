@@ -27,7 +27,7 @@ protected:
 
     QString StorePicture(const char* name, QSize size = QSize(300, 200))
     {
-        const QString path = FilePath(QLatin1String(name));
+        QString path = FilePath(QLatin1String(name));
         EXPECT_TRUE(Picture(size).save(path, "PNG"));
         return path;
     }

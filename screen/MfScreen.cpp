@@ -273,8 +273,17 @@ void MfScreen::SetDescription(const QString& text)
     TbDescription->SetText(text);
 }
 
+void MfScreen::EditDescription()
+{
+    if (TbDescription->isVisibleTo(this))
+        TbDescription->setFocus();
+}
+
+/// The focus of a box that goes stays in the window.
 void MfScreen::LayOutDescription(const DescriptionLayout& layout)
 {
+    if (!layout.Visible && TbDescription == frame_.focusWidget())
+        PbGraph->setFocus();
     TbDescription->SetPlace(layout.Text, DescrFont(WindowTypeOf(id_)));
     LnDescr->setGeometry(0, layout.LineTop, width(), 1);
     TbDescription->setVisible(layout.Visible);

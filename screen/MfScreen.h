@@ -37,6 +37,9 @@ public:
         return child_;
     }
 
+    /// The caret goes into the description, if that is visible.
+    void EditDescription();
+
     /// The modules don't know the window any more.
     void Release();
 

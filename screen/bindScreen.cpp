@@ -112,6 +112,15 @@ bool SelectWindows(const QVector<WindowId>& offered)
     return !form.Chosen().isEmpty();
 }
 
+/// Who turns it on means to write.
+void ToggleDescription()
+{
+    const WindowId id = ActiveWindow();
+    DescrToggle(id);
+    if (auto* window = dynamic_cast<MfScreen*>(ViewOf(id)))
+        window->EditDescription();
+}
+
 void DescriptionDialog()
 {
     const WindowId id = ActiveWindow();
@@ -129,7 +138,7 @@ void BindCommands()
         commands[close] = [] { std::ignore = CloseWindow(ActiveWindow(), true); }; // who stays is seen
     commands[Command::WindowCloseAll] = [] { std::ignore = CloseAllWindows(); };
     commands[Command::EditCopyGraph] = [] { CopyGraphics(ActiveWindow()); };
-    commands[Command::ViewDescription] = [] { DescrToggle(ActiveWindow()); };
+    commands[Command::ViewDescription] = ToggleDescription;
     commands[Command::OptionsDescription] = DescriptionDialog;
     commands[Command::OptionsColor] = ColorDialog;
     commands[Command::LiveScreen] = CaptureScreen;

@@ -334,6 +334,28 @@ TEST_F(DescriptionInWindow, CommandTurnsItOnAndOffAndChecksItsItem)
     EXPECT_FALSE(Item("MnViewDescription").isChecked());
 }
 
+TEST_F(DescriptionInWindow, CommandPutsTheCaretIntoItAndTheFocusBackOnThePicture)
+{
+    const WindowId id = Open();
+    Item("MnViewDescription").trigger();
+    EXPECT_EQ(frame->focusWidget(), &Description(id));
+    QTest::keyClicks(&Description(id), "typed at once");
+    EXPECT_EQ(WindowAt(id).Description, "typed at once");
+    Item("MnViewDescription").trigger();
+    EXPECT_EQ(frame->focusWidget(), &Graph(id));
+    Item("MnViewDescription").trigger();
+    Child(id).showMaximized();
+    EXPECT_EQ(frame->focusWidget(), &Graph(id)) << "it is not seen there";
+}
+
+TEST_F(DescriptionInWindow, TabGoesFromThePictureIntoIt)
+{
+    const WindowId id = OpenWithDescription();
+    Graph(id).setFocus();
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(frame->focusWidget(), &Description(id));
+}
+
 TEST_F(DescriptionInWindow, IsWrittenInBlackOnThePaperOnAnyPalette)
 {
     const WindowId id = OpenWithDescription("text");

@@ -4,7 +4,6 @@
 #include "app/commands.h"
 #include "app/menu.h"
 #include "app/project.h"
-#include "app/statusBar.h"
 #include "link/controlGeneral.h"
 #include "screen/ChildWindows.h"
 #include "screen/FmDescription.h"
@@ -128,7 +127,6 @@ void DescriptionDialog()
         return;
     FmDescription form(id, QApplication::activeWindow());
     DialogShow(form);
-    StatusClear();
 }
 
 void BindCommands()

@@ -23,7 +23,7 @@ protected:
         return { narrow, lent, QStringLiteral("wide \u6a5f\u5668 letters\r\nand \u6a5f\r\nbelow"), unbroken,
             QStringLiteral(
                 "\u05ea\u05d7\u05e0\u05d4 7\r\nleft \u05ea\u05d7\u05e0\u05d4 right\r\n\u0645\u062d\u0637\u0629"),
-            QStringLiteral("e\u0301a\u0308o\u0323\u0302\u0301 marks\r\nn\u0303"),
+            u'E' + QStringLiteral("\u0302").repeated(9) + QStringLiteral("a\u0308o\u0323\u0302\u0301 marks\r\nn\u0303"),
             QString(68, u'x') + QStringLiteral("soft\u00adly broken"), QStringLiteral("antenna \U0001f4e1 up\r\nbelow"),
             QStringLiteral("a\u2028b\u2028\r\nc\u200bd\u2060e\u200d"),
             QStringLiteral("   indented\r\n\r\n      more ") + QString(90, u' ') + u'z',
@@ -39,11 +39,8 @@ protected:
         EXPECT_EQ(box.verticalScrollBar()->maximum(), 0) << text.toStdString();
         if (box.devicePixelRatioF() != 1)
             return;
-        const QRect seen = box.geometry() & Window(id).rect();
-        const QRect part = seen.translated(-box.pos());
-        const QImage shown = Description(id).grab(part).toImage().convertToFormat(QImage::Format_RGB32);
-        const QImage composed = ComposeWindow(id).copy(seen);
-        EXPECT_TRUE(shown == composed) << text.toStdString();
+        const QImage shown = Window(id).grab().toImage().convertToFormat(QImage::Format_RGB32);
+        EXPECT_TRUE(shown == ComposeWindow(id)) << text.toStdString();
     }
 
     static QString RandomText(QRandomGenerator& random)

@@ -85,6 +85,7 @@ TEST_F(DescriptionForm, CancelAndEscapeRestoreATextThatApplyHasShortened)
         });
         EXPECT_EQ(WindowAt(id).Description, text);
         EXPECT_EQ(WindowAt(id).DescriptionColumns, 70);
+        EXPECT_TRUE(Description(id).textCursor().atEnd());
     }
 }
 

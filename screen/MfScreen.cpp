@@ -6,6 +6,7 @@
 #include "app/frameHooks.h"
 #include "app/lang.h"
 #include "app/project.h"
+#include "screen/ChildWindowStyle.h"
 #include "screen/ChildWindows.h"
 #include "screen/DescriptionBox.h"
 #include "screen/PictureBox.h"
@@ -132,6 +133,7 @@ void MfScreen::BuildWindow()
 {
     child_ = new QMdiSubWindow;
     child_->setAttribute(Qt::WA_DeleteOnClose);
+    child_->setStyle(ChildWindowStyle(*frame_.ChildArea()));
     child_->setWidget(this);
     frame_.ChildArea()->addSubWindow(child_);
     connect(child_, &QMdiSubWindow::windowStateChanged, this, &MfScreen::StateChanged);

@@ -153,6 +153,23 @@ TEST_F(ScreenWindowForm, IconsTellLiveScreensFromFiles)
     EXPECT_NE(file, live);
 }
 
+TEST_F(ScreenWindowForm, ButtonsOfTheTitleBarStandOutOnADarkPalette)
+{
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(49, 54, 59), QColor(35, 38, 41)));
+    for (const WindowId id : { Open(), Open() }) { // the second one is the active one
+        const QRect buttons(Child(id).width() - 64, 0, 64, Child(id).contentsMargins().top());
+        const QImage shown = Child(id).grab(buttons).toImage();
+        int lightest = 0;
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x)
+                lightest = std::max(lightest, shown.pixelColor(x, y).lightness());
+        }
+        EXPECT_GT(lightest, 200) << id;
+    }
+    QApplication::setPalette(before);
+}
+
 TEST_F(ScreenWindowForm, HelpNumbersAreThoseOfItsKind)
 {
     const WindowId file = Open();

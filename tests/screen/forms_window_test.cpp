@@ -254,6 +254,30 @@ TEST_F(ScreenWindowForm, RightButtonOpensItsMenu)
     QApplication::activePopupWidget()->close();
 }
 
+TEST_F(ScreenWindowForm, RightButtonMakesItsWindowTheActiveOne)
+{
+    const WindowId first = Open();
+    Open();
+    const QPoint at = Child(first).mapTo(frame.get(), QPoint(10, 60));
+    QTest::mouseClick(frame->windowHandle(), Qt::RightButton, {}, at);
+    EXPECT_EQ(OpenMenu(), "ScMn");
+    EXPECT_EQ(WindowTable().Active, first);
+    QApplication::activePopupWidget()->close();
+}
+
+TEST_F(ScreenWindowForm, CtrlCOnThePictureCopiesIt)
+{
+    const WindowId id = Open();
+    int copies = 0;
+    TheScreenWindowHooks().SetClipboard = [&](const QImage&) {
+        ++copies;
+        return true;
+    };
+    Graph(id).setFocus();
+    QTest::keyClick(frame->windowHandle(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(copies, 1);
+}
+
 TEST_F(ScreenWindowForm, RightButtonBesideTheFrameAreaIsNotTheAreas)
 {
     const WindowId id = Open();

@@ -156,6 +156,18 @@ TEST_F(ScreenWindows, DrawingLeavesTheLineToARunningJob)
     EXPECT_EQ(Frame.Status, QStringLiteral("busy"));
 }
 
+TEST_F(ScreenWindows, DrawingThatFailsLeavesTheWindowAsItWas)
+{
+    const WindowId id = Open();
+    const int drawings = Views[id].Drawings;
+    Views[id].Graph = { 0, 0 }; // no picture comes of this
+    Views[id].Title = QStringLiteral("mine");
+    DrawScreenWindow(id);
+    EXPECT_EQ(ScreenOf(id)->Graph, Picture());
+    EXPECT_EQ(Views[id].Drawings, drawings);
+    EXPECT_EQ(Frame.Status, QString());
+}
+
 TEST_F(ScreenWindows, WidthLeadsToTheHeight)
 {
     const WindowId id = Open();

@@ -4,8 +4,6 @@
 
 QImage Stretch(const QImage& picture, QSize size)
 {
-    if (picture.size() == size)
-        return picture;
     return picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).convertToFormat(QImage::Format_RGB32);
 }
 

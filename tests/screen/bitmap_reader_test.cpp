@@ -48,6 +48,7 @@ const std::vector<QRgb> kFour{ 0x000000, 0xFF0000, 0x00FF00, 0x0000FF };
 std::vector<QRgb> Greys(int count)
 {
     std::vector<QRgb> greys;
+    greys.reserve(static_cast<size_t>(count));
     for (int i = 0; i < count; ++i)
         greys.push_back(qRgb(i, i, i));
     return greys;

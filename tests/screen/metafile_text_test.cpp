@@ -44,7 +44,7 @@ QRect DrawnWith(int align)
 
 /// Weight, slant and underline, stroke and set, pitch and family: three words of a font.
 MetafileBuilder PageWithFont(
-    int weight, int slantAndUnderline, int stroke, int pitch = 0, QByteArray face = "DejaVu Sans")
+    int weight, int slantAndUnderline, int stroke, int pitch = 0, const QByteArray& face = "DejaVu Sans")
 {
     MetafileBuilder builder(QSize(200, 100));
     builder.Record(0x02FB, { 20, 0, 0, 0, weight, slantAndUnderline, stroke, 0, pitch << 8 }, face + '\0').Select(0);

@@ -53,8 +53,8 @@ TEST(MetafileWriter, ChecksItsHeaderByExclusiveOrOfTheTenWordsBefore)
 {
     const QByteArray bytes = MetafileBytes(Colourful(123, 45));
     int check = 0;
-    for (int word = 0; word < 10; ++word)
-        check ^= Word(bytes, 2 * word);
+    for (qsizetype at = 0; at < 20; at += 2)
+        check ^= Word(bytes, at);
     EXPECT_EQ(Word(bytes, 20), check);
 }
 
@@ -107,7 +107,7 @@ TEST(MetafileWriter, WritesModeExtentPictureAndEnd)
     EXPECT_EQ(bytes.mid(40 + begin.size() + 40 + 48).toHex(), ByteWriter().Add32(3).Add16(0).Bytes().toHex());
     EXPECT_EQ(bytes.mid(40 + begin.size() + 40, 4).toHex(),
         QByteArray("02160003")); // blue, green, red; then blue
-    for (int line = 0; line < 3; ++line)
+    for (qsizetype line = 0; line < 3; ++line)
         EXPECT_EQ(bytes[40 + begin.size() + 40 + 16 * line + 15], 0) << line; // the filling
 }
 

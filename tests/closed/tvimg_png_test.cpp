@@ -144,6 +144,7 @@ TEST_P(ImgPngForms, LinesThatCannotBeAreRefused)
     file.Filter = 5;
     const auto sample = [&](int x, int y, unsigned channel) { return Sample(x, y, channel, GetParam().Bits); };
     EXPECT_EQ(DecodePng(file.With(sample)).Width, 0);
+    EXPECT_EQ(DecodePng(SmallFile(GetParam())).Width, 9); // whose lines must not stand in for missing ones
     EXPECT_EQ(DecodePng(file.WithLines({})).Width, 0);
     EXPECT_EQ(DecodePng(file.WithLines(FileBytes(9))).Width, 0);
 }

@@ -1,4 +1,5 @@
 // Records of which a drawing has few: joins, scaled viewports, palettes in motion, patterns and bitmaps of a device.
+#include "screen/metafileMapping.h"
 #include "tests/screen/metafileBuilder.h"
 
 #include <gtest/gtest.h>
@@ -80,6 +81,17 @@ TEST(MetafileMapping, OfAnUnknownModeStaysAsItWas)
     MetafileBuilder builder = Filling(kRed);
     builder.Window(0, 0, 400, 300).Record(0x0103, { 9 }).Rectangle(0, 0, 200, 100);
     EXPECT_EQ(Drawn(Painted(builder)), QRect(0, 0, 19, 9));
+}
+
+TEST(MetafileMapping, LengthsStayWithinReach)
+{
+    tvpicture::MetafileFrame frame;
+    frame.WindowWidth = frame.WindowHeight = frame.Width = frame.Height = 1;
+    MetafileMapping mapping(frame);
+    for (int i = 0; i < 3; ++i)
+        mapping.ScaleViewportExtent({ 32767, 32767 }, { 1, 1 });
+    EXPECT_EQ(mapping.Across(-32768), 1 << 24);
+    EXPECT_EQ(mapping.Down(32767), 1 << 24);
 }
 
 TEST(MetafilePalettes, CanBeAnimated)
@@ -213,8 +225,8 @@ TEST(MetafileBitmaps, InStripsOfMoreLinesThanTheyHaveShowAll)
 
 TEST(MetafileBitmaps, ShowTheWantedPartMirrored)
 {
-    QImage line(4, 1, QImage::Format_RGB32);
-    for (int x = 0; x < 4; ++x)
+    QImage line(5, 1, QImage::Format_RGB32);
+    for (int x = 0; x < 5; ++x)
         line.setPixel(x, 0, 0xFF000011U * static_cast<QRgb>(x + 1));
     MetafileBuilder builder = Small();
     builder.Record(0x0F43, { kCopyLow, kCopyHigh, 0, 1, 2, 0, 1, 1, -2, 5, 12 }, DibOf(line)); // from 1, 2 pixels

@@ -241,11 +241,11 @@ TEST(MetafileText, IsSqueezedByNegativeExtras)
 TEST(MetafileText, TakesEverySecondAdvanceWhereTheyStandInPairs)
 {
     ByteWriter more;
-    more.Add("II").Add16(60).Add16(7).Add16(60).Add16(7);
+    more.Add("IIII").Add16(40).Add16(7).Add16(40).Add16(7).Add16(40).Add16(7).Add16(40).Add16(7);
     MetafileBuilder builder = Page();
-    builder.Record(0x0A32, { 10, 10, 2, 0x2000 }, more.Bytes());
+    builder.Record(0x0A32, { 10, 10, 4, 0x2000 }, more.Bytes());
     MetafileBuilder single = Page();
-    EXPECT_EQ(Painted(builder), Painted(WriteSpaced(single, { 10, 10 }, "II", 60)));
+    EXPECT_EQ(Painted(builder), Painted(WriteSpaced(single, { 10, 10 }, "IIII", 40)));
 }
 
 TEST(MetafileText, MovesThePositionToTheLeftWhenItEndsThere)

@@ -73,8 +73,10 @@ int main(int argc, char** argv)
     frame.BuildTexts();
     frame.ShowFrame();
     Program().Started = true;
-    if (!QTest::qWaitForWindowActive(&frame))
+    if (!QTest::qWaitForWindowActive(&frame, kLongestMs)) {
+        std::fprintf(stderr, "the frame does not become active\n");
         return EXIT_FAILURE;
+    }
     OpenWithDescription();
     frame.findChild<QAction*>(QStringLiteral("MnEditCopyGraph"))->trigger();
     const QImage expected = ComposeWindow(WindowTable().Active);

@@ -48,7 +48,7 @@ protected:
     /// A file with the pattern, written by this program.
     QString StorePattern(const char* name, int kind, const QImage& picture = Pattern()) const
     {
-        const QString path = File(name);
+        QString path = File(name);
         EXPECT_TRUE(EncodePicture(path, kind, picture));
         return path;
     }

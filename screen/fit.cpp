@@ -21,9 +21,12 @@ public:
         return { std::max(width, 1), std::max(qRound(width / ratio_), 1) + below_ };
     }
 
-    QSize ByHeight(int height) const
+    /// What stands below the picture is scaled along with it, although it stays as high as it is.
+    QSize ByHeight(QSize client) const
     {
-        return { std::max(qRound((height - below_) * ratio_), 1), height };
+        const double needed = client.width() / ratio_ + below_;
+        const double width = below_ == 0 ? client.height() * ratio_ : double(client.width()) * client.height() / needed;
+        return { std::max(qRound(width), 1), client.height() };
     }
 
 private:
@@ -35,15 +38,15 @@ private:
 QSize FitDragged(const FitInput& input, const Aspect& aspect, QSize client)
 {
     const QSize byWidth = aspect.ByWidth(client.width());
-    const QSize byHeight = aspect.ByHeight(client.height());
+    const QSize byHeight = aspect.ByHeight(client);
     const int widthChange = std::abs(client.width() - input.Graph.width());
     const int heightChange =
         std::abs(input.Graph.height() + input.DescriptionHeight + input.StatusHeight - client.height());
     if (widthChange == 0 && heightChange == 0 && (byWidth == client || byHeight == client))
         return client;
     const QSize fitted = widthChange > heightChange ? byWidth : byHeight;
-    const int least = std::min(kLeastDraggedWidth, input.Master.width());
-    return fitted.width() < least ? aspect.ByWidth(least) : fitted;
+    const QSize least = aspect.ByWidth(std::min(kLeastDraggedWidth, input.Master.width()));
+    return fitted.width() < least.width() || fitted.height() < least.height() ? least : fitted;
 }
 
 } // namespace
@@ -58,10 +61,10 @@ QSize FitClient(const FitInput& input)
     case ArrangeCascade:
         return client;
     case ArrangeTileHorizontally:
-        return aspect.ByHeight(client.height());
+        return aspect.ByHeight(client);
     case ArrangeTileVertically: {
         const QSize byWidth = aspect.ByWidth(client.width());
-        return byWidth.height() > client.height() ? aspect.ByHeight(client.height()) : byWidth;
+        return byWidth.height() > client.height() ? aspect.ByHeight(client) : byWidth;
     }
     default:
         return FitDragged(input, aspect, client);

@@ -29,9 +29,9 @@ struct FitInput {
 /// The client size that the window takes, by the rules for a window in normal state. At least 1 by 1; a size that fits
 /// stays as it is.
 ///
-/// Where the height leads, the width follows such that the picture above the description has its aspect. One step of
-/// "present width times height over needed height" leaves it a little too wide under a description; what is taken here
-/// is where these steps end, so that fitting twice is fitting once.
+/// Where the height leads, the width follows: height times aspect, and over a description or status panel the present
+/// width times the height over the height that this width needs. That step leaves the picture somewhat wider or
+/// narrower than its aspect; another one comes nearer to it.
 QSize FitClient(const FitInput& input);
 
 /// Size of the picture in a window of this client size. `descriptionTop` is where the description's line stands.

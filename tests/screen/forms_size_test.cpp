@@ -21,9 +21,15 @@ protected:
 
     void ExpectTiled(const QVector<WindowId>& ids)
     {
+        ExpectApart(ids);
+        for (const WindowId id : ids)
+            ExpectAspect(Graph(id).size(), Document(id).Master.size());
+    }
+
+    void ExpectApart(const QVector<WindowId>& ids)
+    {
         for (const WindowId id : ids) {
             EXPECT_TRUE(Area().contains(Child(id).geometry())) << id;
-            ExpectAspect(Graph(id).size(), Document(id).Master.size());
             for (const WindowId other : ids)
                 EXPECT_TRUE(other == id || !Child(id).geometry().intersects(Child(other).geometry()));
         }
@@ -225,12 +231,19 @@ TEST_F(ScreenWindowSize, TilesWithDescriptions)
         DescrSetVisible(true, id);
         DescrSetText(id, "a line");
     }
-    for (const char* item : { "MnWindowTileHoriz", "MnWindowTileVert" }) {
-        Item(item).trigger();
-        ExpectTiled(ids);
-        for (const WindowId id : ids)
-            EXPECT_EQ(Window(id).height(), Graph(id).height() + DescrHeight(id)) << item;
+    const QSize margins = Child(ids[0]).size() - Window(ids[0]).size();
+    const QSize cell = QSize(Area().width(), Area().height() / 2) - margins;
+    const double needed = cell.width() * 442 / 642.0 + DescrHeight(ids[0]);
+    Item("MnWindowTileHoriz").trigger();
+    ExpectApart(ids);
+    for (const WindowId id : ids) {
+        EXPECT_EQ(Window(id).size(), QSize(qRound(cell.width() * cell.height() / needed), cell.height()));
+        EXPECT_EQ(Graph(id).size(), Window(id).size() - QSize(0, DescrHeight(id)));
     }
+    Item("MnWindowTileVert").trigger();
+    ExpectTiled(ids);
+    for (const WindowId id : ids)
+        EXPECT_EQ(Window(id).height(), Graph(id).height() + DescrHeight(id));
 }
 
 TEST_F(ScreenWindowSize, TilingRestoresAMaximisedWindowAndLeavesMinimisedOnes)

@@ -52,6 +52,7 @@ DescriptionBox::DescriptionBox(QWidget* parent)
     setDocument(text);
     text->setDefaultTextOption(DescriptionBreaks());
     connect(this, &QPlainTextEdit::textChanged, this, &DescriptionBox::Change);
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this, &DescriptionBox::Stand);
 }
 
 /// Not what toPlainText tells: it turns blanks at which no line breaks into others.
@@ -120,8 +121,21 @@ void DescriptionBox::SetPlace(const QRect& place, const QFont& font)
         setFont(font);
     if (place.width() != width())
         document()->clearUndoRedoStacks(); // what fitted at the former width need not fit at this one
-    setGeometry(place);
+    place_ = place;
+    resize(place.size());
+    Stand();
     verticalScrollBar()->setValue(0); // a line that was typed below the edge had scrolled it
+}
+
+void DescriptionBox::Stand()
+{
+    const int window = parentWidget()->width();
+    int left = place_.left();
+    if (hasFocus() && place_.width() > window) {
+        const QRect caret = cursorRect();
+        left = std::max(std::min({ x(), window - caret.right() - 1, 0 }), -caret.left());
+    }
+    move(left, place_.top());
 }
 
 void DescriptionBox::SetColours(const QColor& paper, const QColor& text)
@@ -132,6 +146,20 @@ void DescriptionBox::SetColours(const QColor& paper, const QColor& text)
     colours.setColor(QPalette::Base, paper);
     colours.setColor(QPalette::Text, text);
     setPalette(colours);
+}
+
+/// A click stays under the pointer: what is clicked is seen.
+void DescriptionBox::focusInEvent(QFocusEvent* event)
+{
+    QPlainTextEdit::focusInEvent(event);
+    if (event->reason() != Qt::MouseFocusReason)
+        Stand();
+}
+
+void DescriptionBox::focusOutEvent(QFocusEvent* event)
+{
+    QPlainTextEdit::focusOutEvent(event);
+    Stand();
 }
 
 /// Without a selection there is no text to copy: the frame copies the picture.

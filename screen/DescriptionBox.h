@@ -17,6 +17,7 @@ public:
     void SetText(const QString& text);
 
     /// Place, and the font whose blank is a column wide. What was typed at another width can't be undone any more.
+    /// Where the window is narrower than the place, the box follows the caret while it has the focus.
     void SetPlace(const QRect& place, const QFont& font);
 
     void SetColours(const QColor& paper, const QColor& text);
@@ -25,6 +26,8 @@ Q_SIGNALS:
     void Edited(const QString& text); ///< by the user
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
@@ -33,6 +36,8 @@ private:
     void Change();
     void Tidy();
     void Replace(const QString& text);
+    void Stand();
 
+    QRect place_;
     bool answering_ = false; ///< what SetText sets is an answer to what was typed
 };

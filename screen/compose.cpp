@@ -6,9 +6,12 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 
-/// The line that parts it from what is above, then the text, in the same place as in a window of the picture's size.
+/// The line that parts it from what is above, then the text, in the same place as in a window of the picture's size; in
+/// a picture that is narrower than the block from the left edge on, as nobody can move it there to read the beginning.
 void PaintDescription(QPainter& painter, WindowId id, QSize whole)
 {
     const DescriptionLayout place = DescrLayout(id, whole);
@@ -16,8 +19,10 @@ void PaintDescription(QPainter& painter, WindowId id, QSize whole)
         return;
     painter.setPen(ColorOf(TextColor(id)));
     painter.drawLine(0, place.LineTop, whole.width() - 1, place.LineTop);
-    painter.setClipRect(place.Text);
-    DescrLaidOut(WindowAt(id).Description, id).Paint(painter, place.Text.topLeft());
+    QRect text = place.Text;
+    text.moveLeft(std::max(text.left(), 0));
+    painter.setClipRect(text);
+    DescrLaidOut(WindowAt(id).Description, id).Paint(painter, text.topLeft());
 }
 
 } // namespace

@@ -128,8 +128,7 @@ DescriptionLayout DescrLayout(WindowId id, QSize client)
     if (height == 0)
         return { false, QRect(0, client.height(), width, 0), client.height() };
     const int lineTop = client.height() - height;
-    const int left = std::max((client.width() - width) / 2, 0);
-    const QRect text(left, lineTop + kSeparatorHeight, width, height - kSeparatorHeight);
+    const QRect text((client.width() - width) / 2, lineTop + kSeparatorHeight, width, height - kSeparatorHeight);
     return { true, text, lineTop };
 }
 

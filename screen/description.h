@@ -59,9 +59,8 @@ int DescrLineCount(WindowId id);
 /// Height of the block with its line above, in pixels; 0 while it is not visible.
 int DescrHeight(WindowId id);
 
-/// Where the block stands in a window of this client size, and in a picture of that size: in the middle, or from the
-/// left edge on where it is wider, so that its lines are seen from their beginning. Below the bottom edge while not
-/// visible.
+/// Where the block stands in a window of this client size: in the middle, also where it is wider and sticks out on both
+/// sides. Below the bottom edge while not visible.
 DescriptionLayout DescrLayout(WindowId id, QSize client);
 
 /// Cuts a text to ten lines of `columns` characters. A line ends at each "\r\n", and at each position that is the

@@ -32,12 +32,10 @@ QString TenLines(const QString& text, WindowId id)
     return DescrLaidOut(text.left(kDescriptionMostLaidOut), id).FirstLines(kDescriptionLines);
 }
 
-/// A text that has more lines than there may be, cut by the rule; what the rule leaves can still break into more lines,
-/// as it counts characters and not words.
+/// Cut by the rule, which counts characters and not words: what it leaves can still break into more lines, and what it
+/// cuts may have had room where lines are full to their ends.
 QString Fitted(const QString& text, WindowId id)
 {
-    if (DescrLaidOut(text, id).LineCount() <= kDescriptionLines)
-        return text;
     return TenLines(DescrFit(text, WindowAt(id).DescriptionColumns), id);
 }
 

@@ -264,7 +264,16 @@ TEST_F(DescriptionEditing, NarrowerColumnsLeaveNoMoreThanTenLinesOfWords)
     EXPECT_EQ(DescrLineCount(id_), 10);
 }
 
-TEST_F(DescriptionEditing, TextThatHasRoomIsNotCut)
+TEST_F(DescriptionEditing, ShortLinesAreNotCut)
+{
+    DescrSetVisible(true, id_);
+    DescrTextChanged(id_, Lines(10));
+    DescriptionChoice choice(id_);
+    EXPECT_TRUE(choice.Apply(QStringLiteral("40")));
+    EXPECT_EQ(Record().Description, Stored(Lines(10)));
+}
+
+TEST_F(DescriptionEditing, EndOfAFullLineIsCountedOnceMore)
 {
     DescrSetVisible(true, id_);
     QStringList lines;
@@ -273,6 +282,8 @@ TEST_F(DescriptionEditing, TextThatHasRoomIsNotCut)
     DescrTextChanged(id_, lines.join(u'\n'));
     DescriptionChoice choice(id_);
     EXPECT_TRUE(choice.Apply(QStringLiteral("60")));
+    EXPECT_EQ(Record().Description, lines.first(9).join(QStringLiteral("\r\n")));
+    choice.Cancel();
     EXPECT_EQ(Record().Description, lines.join(QStringLiteral("\r\n")));
 }
 

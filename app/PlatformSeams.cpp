@@ -72,29 +72,26 @@ QString FolderOf(const QString& asked)
     return asked.isEmpty() ? TheCommonDialog().InitialFolder : asked;
 }
 
-QString OpenFile(const OpenFileQuestion& question)
+QStringList AskToOpen(const OpenFilesQuestion& question, QFileDialog::FileMode mode)
 {
     QFileDialog dialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder));
     dialog.setObjectName(QStringLiteral("OpenDialog"));
     ShowWholeEntries(dialog);
-    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setFileMode(mode);
     dialog.setNameFilters(DialogFilters(question.Filters));
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    return dialog.selectedFiles().value(0);
+    dialog.setDefaultSuffix(question.DefaultExtension);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+}
+
+QString OpenFile(const OpenFileQuestion& question)
+{
+    return AskToOpen({ question.Title, question.InitialFolder, question.Filters, {} }, QFileDialog::ExistingFile)
+        .value(0);
 }
 
 QStringList OpenFiles(const OpenFilesQuestion& question)
 {
-    QFileDialog dialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder));
-    dialog.setObjectName(QStringLiteral("OpenDialog"));
-    ShowWholeEntries(dialog);
-    dialog.setFileMode(QFileDialog::ExistingFiles);
-    dialog.setNameFilters(DialogFilters(question.Filters));
-    dialog.setDefaultSuffix(question.DefaultExtension);
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    return dialog.selectedFiles();
+    return AskToOpen(question, QFileDialog::ExistingFiles);
 }
 
 /// The extension that a filter of the save dialog stands for.

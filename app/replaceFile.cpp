@@ -22,7 +22,7 @@ namespace {
 const QString kTemporarySuffix = QStringLiteral(".part");
 
 /// QTemporaryFile puts others in their place.
-const QString kTemporaryLetters = QStringLiteral("XXXXXX");
+const QString kTemporaryLetters(6, u'X');
 
 /// File systems take names of up to 255 bytes; with what is put around it the temporary one must not pass that.
 constexpr qsizetype kMaxKeptBytes = 200;

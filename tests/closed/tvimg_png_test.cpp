@@ -254,7 +254,7 @@ TEST_F(ImgPng, PixelsMayComeInManyPieces)
 TEST_F(ImgPng, UnknownChunkThatMattersIsRefused)
 {
     PngFile file = FileOf({ 2, 8, 0 }, 4, 4);
-    file.Extra = PngFile::Chunk("XXXX", { 1 });
+    file.Extra = PngFile::Chunk("ABCD", { 1 });
     EXPECT_EQ(DecodePng(file.With([](int, int, unsigned) { return 0U; })).Width, 0);
 }
 

@@ -33,7 +33,7 @@ std::ptrdiff_t OpenFiles(qint64 processId)
 }
 
 /// The first thread of the process waits for something.
-bool IsAsleep(qint64 processId)
+bool IsWaiting(qint64 processId)
 {
     std::ifstream file("/proc/" + std::to_string(processId) + "/stat");
     std::string line;
@@ -103,7 +103,7 @@ TEST(InstrumentProgram, EndsOnRequestWhicheverOfItsThreadsHearsIt)
     qint64 thread = process;
     for (const auto& task : std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task"))
         thread = std::max<qint64>(thread, std::stoll(task.path().filename().string()));
-    while (!IsAsleep(process))
+    while (!IsWaiting(process))
         std::this_thread::yield(); // it is about to wait for its first client
     ASSERT_EQ(::syscall(SYS_tgkill, process, thread, SIGTERM), 0);
     EXPECT_EQ(instrument.WaitForEnd(), 0);

@@ -2,6 +2,7 @@
 
 #include "app/FmInfo.h"
 #include "app/Pictures.h"
+#include "app/formLayout.h"
 #include "app/help.h"
 #include "app/info.h"
 #include "app/lang.h"
@@ -79,14 +80,9 @@ void FmAbout::BuildLayout()
     top->addWidget(ImProd, 0, Qt::AlignTop);
     top->addLayout(labels, 1);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(BtInfo);
-    buttons->addStretch();
-    buttons->addWidget(BtHelp);
-    buttons->addWidget(BtClose);
+    QHBoxLayout* buttons = NewButtonRow({ BtHelp, BtClose }, { BtInfo });
 
-    auto* form = new QVBoxLayout(this);
-    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    QVBoxLayout* form = NewFormColumn(this);
     form->addLayout(top);
     form->addSpacing(kFormMarginPx);
     form->addLayout(buttons);

@@ -1,5 +1,7 @@
 #include "app/FmDebug.h"
 
+#include "app/formLayout.h"
+
 #include <QBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -33,10 +35,7 @@ FmDebug::FmDebug(const QString& function, QWidget* parent)
     connect(retry, &QPushButton::clicked, this, [this] { DialogEnd(*this, 0); });
     connect(ignore, &QPushButton::clicked, this, [this] { Unload(); });
 
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    for (QPushButton* button : { abort, retry, ignore })
-        row->addWidget(button);
+    QHBoxLayout* row = NewButtonRow({ abort, retry, ignore });
     auto* form = new QVBoxLayout(this);
     form->addWidget(LbText1);
     form->addLayout(row);

@@ -1,6 +1,7 @@
 #include "app/FmInfo.h"
 
 #include "app/controlValues.h"
+#include "app/formLayout.h"
 #include "app/help.h"
 #include "app/info.h"
 
@@ -84,13 +85,9 @@ void FmInfo::BuildLayout()
     headings->addWidget(LbFileVer);
     headings->addWidget(LbProdVer, 1);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(BtHelp);
-    buttons->addWidget(BtClose);
+    QHBoxLayout* buttons = NewButtonRow({ BtHelp, BtClose });
 
-    auto* form = new QVBoxLayout(this);
-    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    QVBoxLayout* form = NewFormColumn(this);
     form->addLayout(headings);
     form->addWidget(TbInfo, 1);
     form->addSpacing(kFormMarginPx / 2);

@@ -1,6 +1,7 @@
 #include "link/FmConnect.h"
 
 #include "app/Pictures.h"
+#include "app/formLayout.h"
 #include "app/help.h"
 #include "app/lang.h"
 #include "link/FmConnection.h"
@@ -57,8 +58,7 @@ FmConnect::FmConnect(QWidget* parent)
     SetHelpNumber(kHelpForm);
     BuildTabs();
     BuildFrame();
-    auto* form = new QVBoxLayout(this);
-    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    QVBoxLayout* form = NewFormColumn(this);
     form->addWidget(TcConnect);
     form->addSpacing(kRowGapPx);
     form->addWidget(FrIpConfig, 1);
@@ -136,12 +136,7 @@ QLayout* FmConnect::BuildButtons()
     BtDisc = NewButton(this, "BtDisc", { 10413, 10413, 10445 });
     BtCancel = NewButton(this, "BtCancel", { 10417, 10417, kHintClose });
     BtHelp = NewButton(this, "BtHelp", { 10419, 10419, kHintHelp });
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(BtCon);
-    buttons->addWidget(BtDisc);
-    buttons->addStretch();
-    buttons->addWidget(BtCancel);
-    buttons->addWidget(BtHelp);
+    QHBoxLayout* buttons = NewButtonRow({ BtCancel, BtHelp }, { BtCon, BtDisc });
     return buttons;
 }
 

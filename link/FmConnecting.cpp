@@ -1,6 +1,7 @@
 #include "link/FmConnecting.h"
 
 #include "app/Pictures.h"
+#include "app/formLayout.h"
 #include "app/interval.h"
 #include "app/lang.h"
 #include "app/seams.h"
@@ -69,11 +70,8 @@ void FmConnecting::BuildLayout()
     status->setSpacing(kFormMarginPx);
     status->addWidget(ImConnecting, 0, Qt::AlignTop);
     status->addWidget(TbStatus, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(BtCancel);
-    auto* form = new QVBoxLayout(this);
-    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    QHBoxLayout* buttons = NewButtonRow({ BtCancel });
+    QVBoxLayout* form = NewFormColumn(this);
     form->addLayout(status);
     form->addWidget(LbDebug);
     form->addLayout(buttons);

@@ -1,6 +1,7 @@
 #include "link/FmConnection.h"
 
 #include "app/focusRules.h"
+#include "app/formLayout.h"
 #include "app/help.h"
 #include "link/connectDialog.h"
 
@@ -28,8 +29,7 @@ FmConnection::FmConnection(QWidget* parent)
 {
     LngSetForm(this, kTextForm);
     SetHelpNumber(kTextForm);
-    auto* form = new QVBoxLayout(this);
-    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    QVBoxLayout* form = NewFormColumn(this);
     form->addLayout(BuildFields());
     form->addSpacing(kFormMarginPx / 2);
     form->addLayout(BuildButtons());
@@ -63,12 +63,7 @@ QLayout* FmConnection::BuildButtons()
     QPushButton* BtCancel = NewButton(this, "BtCancel", { 10442, 10442, 10450 });
     QPushButton* BtHelp = NewButton(this, "BtHelp", { 10443, 10443, kHintHelp });
     BtOk->setDefault(true);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(BtDefault);
-    buttons->addSpacing(kFormMarginPx);
-    buttons->addStretch();
-    for (QPushButton* button : { BtOk, BtCancel, BtHelp })
-        buttons->addWidget(button);
+    QHBoxLayout* buttons = NewButtonRow({ BtOk, BtCancel, BtHelp }, { BtDefault });
     connect(BtDefault, &QPushButton::clicked, this, [this] { ShowFields(conFieldsOf(conDefaultEntry())); });
     connect(BtOk, &QPushButton::clicked, this, [this] { OnOk(); });
     connect(BtCancel, &QPushButton::clicked, this, [this] { Unload(); });

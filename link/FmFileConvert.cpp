@@ -1,5 +1,6 @@
 #include "link/FmFileConvert.h"
 
+#include "app/formLayout.h"
 #include "app/general.h"
 #include "app/help.h"
 #include "app/lang.h"
@@ -33,8 +34,7 @@ FmFileConvert::FmFileConvert(QWidget* parent)
 {
     LngSetForm(this, kTextForm);
     SetHelpNumber(kHelpForm);
-    auto* form = new QVBoxLayout(this);
-    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    QVBoxLayout* form = NewFormColumn(this);
     form->addLayout(BuildFields());
     form->addSpacing(kFormMarginPx / 2);
     form->addLayout(BuildButtons());
@@ -70,10 +70,7 @@ QLayout* FmFileConvert::BuildButtons()
     QPushButton* BtCancel = NewButton(this, "BtCancel", { 11410, kHelpForm, 11411 });
     QPushButton* BtHelp = NewButton(this, "BtHelp", { 11412, kHelpForm, 11413 });
     BtClose->setDefault(true);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton* button : { BtClose, BtCancel, BtHelp })
-        buttons->addWidget(button);
+    QHBoxLayout* buttons = NewButtonRow({ BtClose, BtCancel, BtHelp });
     connect(BtClose, &QPushButton::clicked, this, [this] { Accept(); });
     connect(BtCancel, &QPushButton::clicked, this, [this] { Unload(); });
     connect(BtHelp, &QPushButton::clicked, this, [this] { ShowHelp(HelpNumber()); });

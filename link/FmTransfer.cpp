@@ -1,5 +1,6 @@
 #include "link/FmTransfer.h"
 
+#include "app/formLayout.h"
 #include "app/lang.h"
 #include "link/transfer.h"
 
@@ -41,12 +42,9 @@ void FmTransfer::BuildControls()
 
 void FmTransfer::BuildLayout()
 {
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(BtCancel);
+    QHBoxLayout* buttons = NewButtonRow({ BtCancel });
 
-    auto* form = new QVBoxLayout(this);
-    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    QVBoxLayout* form = NewFormColumn(this);
     form->addWidget(Label);
     form->addWidget(progressBar);
     form->addSpacing(kFormMarginPx / 2);

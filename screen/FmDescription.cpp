@@ -1,5 +1,6 @@
 #include "screen/FmDescription.h"
 
+#include "app/formLayout.h"
 #include "app/help.h"
 #include "app/lang.h"
 #include "screen/ColumnsBox.h"
@@ -73,12 +74,8 @@ void FmDescription::BuildLayout()
     fields->addWidget(LbDefault, 1, 0);
     fields->addWidget(BtDefault, 1, 1);
     fields->setColumnStretch(2, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton* button : { BtApply, BtClose, BtCancel, BtHelp })
-        buttons->addWidget(button);
-    auto* form = new QVBoxLayout(this);
-    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    QHBoxLayout* buttons = NewButtonRow({ BtApply, BtClose, BtCancel, BtHelp });
+    QVBoxLayout* form = NewFormColumn(this);
     form->addLayout(fields);
     form->addSpacing(kFormMarginPx / 2);
     form->addWidget(LbText2);

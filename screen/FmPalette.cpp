@@ -1,5 +1,6 @@
 #include "screen/FmPalette.h"
 
+#include "app/formLayout.h"
 #include "app/help.h"
 #include "app/lang.h"
 #include "app/statusBar.h"
@@ -66,12 +67,8 @@ void FmPalette::BuildLayout()
     auto* options = new QVBoxLayout(FrPalette);
     for (QRadioButton* option : OpPalette)
         options->addWidget(option, 0, Qt::AlignLeft); // as wide as its text, where it takes a click
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton* button : { BtClose, BtCancel, BtHelp })
-        buttons->addWidget(button);
-    auto* form = new QVBoxLayout(this);
-    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    QHBoxLayout* buttons = NewButtonRow({ BtClose, BtCancel, BtHelp });
+    QVBoxLayout* form = NewFormColumn(this);
     form->addWidget(FrPalette);
     form->addSpacing(kFormMarginPx / 2);
     form->addLayout(buttons);

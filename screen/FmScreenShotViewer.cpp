@@ -1,5 +1,6 @@
 #include "screen/FmScreenShotViewer.h"
 
+#include "app/formLayout.h"
 #include "app/help.h"
 #include "screen/PictureBox.h"
 #include "screen/document.h"
@@ -46,12 +47,8 @@ void FmScreenShotViewer::BuildControls()
 
 void FmScreenShotViewer::BuildLayout()
 {
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(BtClose);
-    buttons->addWidget(BtHelp);
-    auto* form = new QVBoxLayout(this);
-    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    QHBoxLayout* buttons = NewButtonRow({ BtClose, BtHelp });
+    QVBoxLayout* form = NewFormColumn(this);
     form->addWidget(stage_, 1);
     form->addSpacing(kFormMarginPx / 2);
     form->addLayout(buttons);

@@ -1,6 +1,7 @@
 #include "screen/FmSelectWindow.h"
 
 #include "app/Pictures.h"
+#include "app/formLayout.h"
 #include "app/help.h"
 #include "screen/view.h"
 
@@ -60,15 +61,8 @@ void FmSelectWindow::BuildLayout()
     BindLabel(label, LxWin);
     const QFontMetrics font = LxWin->fontMetrics();
     LxWin->setMinimumSize(kWidthCharacters * font.averageCharWidth(), kRowsSeen * (font.lineSpacing() + 2));
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(BtAll);
-    buttons->addWidget(BtClear);
-    buttons->addSpacing(kFormMarginPx);
-    buttons->addStretch();
-    for (QPushButton* button : { BtOk, BtCancel, BtHelp })
-        buttons->addWidget(button);
-    auto* form = new QVBoxLayout(this);
-    form->setContentsMargins(kFormMarginPx, kFormMarginPx, kFormMarginPx, kFormMarginPx);
+    QHBoxLayout* buttons = NewButtonRow({ BtOk, BtCancel, BtHelp }, { BtAll, BtClear });
+    QVBoxLayout* form = NewFormColumn(this);
     form->addWidget(label);
     form->addWidget(LxWin, 1);
     form->addSpacing(kFormMarginPx / 2);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace {
 
@@ -66,25 +67,46 @@ bool IsLead(uchar byte, quint8 set)
     }
 }
 
-/// What the symbol font shows for the letters; its other signs are those of the usual fonts or rare.
-QString GreekText(const QByteArray& bytes)
+/// What the symbol font shows for the bytes from 0x20 and from 0xA0 on: letters of Greek and signs of mathematics.
+constexpr std::u16string_view kSymbols = u" !∀#∃%&∋()∗+,−./0123456789:;<=>?"
+                                         u"≅ΑΒΧΔΕΦΓΗΙϑΚΛΜΝΟΠΘΡΣΤΥςΩΞΨΖ[∴]⊥_"
+                                         u"‾αβχδεφγηιϕκλμνοπθρστυϖωξψζ{|}∼";
+constexpr std::u16string_view kUpperSymbols = u"€ϒ′≤⁄∞ƒ♣♦♥♠↔←↑→↓°±″≥×∝∂•÷≠≡≈…⏐⎯↵"
+                                              u"ℵℑℜ℘⊗⊕∅∩∪⊃⊇⊄⊂⊆∈∉∠∇®©™∏√⋅¬∧∨⇔⇐⇑⇒⇓"
+                                              u"◊〈®©™∑⎛⎜⎝⎡⎢⎣⎧⎨⎩⎪ 〉∫⌠⎮⌡⎞⎟⎠⎤⎥⎦⎫⎬⎭";
+constexpr unsigned kFirstSymbol = 0x20;
+constexpr unsigned kFirstUpperSymbol = 0xA0;
+static_assert(kSymbols.size() == 0x7F - kFirstSymbol && kUpperSymbols.size() == 0xFF - kFirstUpperSymbol);
+
+QString SymbolText(const QByteArray& bytes)
 {
-    static const QString kCapitals = QStringLiteral("ΑΒΧΔΕΦΓΗΙϑΚΛΜΝΟΠΘΡΣΤΥςΩΞΨΖ");
-    static const QString kSmall = QStringLiteral("αβχδεφγηιϕκλμνοπθρστυϖωξψζ");
     QString text;
     for (const char letter : bytes) {
-        if (letter >= 'A' && letter <= 'Z')
-            text += kCapitals[letter - 'A'];
-        else if (letter >= 'a' && letter <= 'z')
-            text += kSmall[letter - 'a'];
+        const unsigned byte = static_cast<uchar>(letter);
+        if (byte >= kFirstSymbol && byte - kFirstSymbol < kSymbols.size())
+            text += QChar(kSymbols[byte - kFirstSymbol]);
+        else if (byte >= kFirstUpperSymbol && byte - kFirstUpperSymbol < kUpperSymbols.size())
+            text += QChar(kUpperSymbols[byte - kFirstUpperSymbol]);
         else
             text += FromAnsi(QByteArrayView(&letter, 1));
     }
     return text;
 }
 
+bool IsSymbolFont(const MetafileFont& wanted)
+{
+    return wanted.CharacterSet == SetSymbol && wanted.Face.compare(u"Symbol", Qt::CaseInsensitive) == 0;
+}
+
+/// A symbol font has no places for what its signs are known by today, and would leave them blank: an ordinary font
+/// whose letters look alike stands in for it.
 void SetFamily(QFont& font, const MetafileFont& wanted)
 {
+    if (IsSymbolFont(wanted)) {
+        font.setStyleHint(QFont::Serif);
+        font.setFamilies({ QStringLiteral("Times New Roman") });
+        return;
+    }
     constexpr int kFixedPitch = 1;
     const int family = wanted.PitchAndFamily >> 4;
     if ((wanted.PitchAndFamily & 0x3) == kFixedPitch || family == 3)
@@ -130,8 +152,7 @@ MetafileFontFace FaceOf(const MetafileContext& context)
     const double height = wanted.Height == 0 ? kUsualHeightPx : mapping.Down(wanted.Height);
     font.setPixelSize(PixelSize(font, height, wanted.Height >= 0));
     const double stretch = StretchOf(font, mapping.Across(wanted.Width));
-    const bool greek = wanted.CharacterSet == SetSymbol && wanted.Face.compare(u"Symbol", Qt::CaseInsensitive) == 0;
-    return { font, QFontMetricsF(font), stretch, wanted.Escapement / 10.0, wanted.CharacterSet, greek };
+    return { font, QFontMetricsF(font), stretch, wanted.Escapement / 10.0, wanted.CharacterSet, IsSymbolFont(wanted) };
 }
 
 QVector<QByteArray> SplitCharacters(const QByteArray& bytes, quint8 characterSet)
@@ -147,8 +168,8 @@ QVector<QByteArray> SplitCharacters(const QByteArray& bytes, quint8 characterSet
 
 QString DecodeMetafileText(const QByteArray& bytes, const MetafileFontFace& face)
 {
-    if (face.Greek)
-        return GreekText(bytes);
+    if (face.Symbols)
+        return SymbolText(bytes);
     if (const char* const page = CodePageOf(face.CharacterSet)) {
         QStringDecoder decoder(page);
         if (decoder.isValid())

@@ -16,7 +16,7 @@ struct MetafileFontFace {
     double Stretch = 1; ///< factor of all widths
     double Degrees = 0; ///< of the base line, counter-clockwise
     quint8 CharacterSet = 0;
-    bool Greek = false; ///< letters of the symbol font
+    bool Symbols = false; ///< Greek letters and signs in place of the bytes' own
 };
 
 MetafileFontFace FaceOf(const MetafileContext& context);

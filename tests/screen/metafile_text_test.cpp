@@ -56,9 +56,9 @@ QImage WrittenWith(MetafileBuilder builder, const QByteArray& text = "H H")
     return Painted(Write(builder, { 10, 10 }, text));
 }
 
-MetafileFontFace FaceFor(quint8 set, bool greek = false)
+MetafileFontFace FaceFor(quint8 set, bool symbols = false)
 {
-    return { QFont(), QFontMetricsF(QFont()), 1, 0, set, greek };
+    return { QFont(), QFontMetricsF(QFont()), 1, 0, set, symbols };
 }
 
 } // namespace
@@ -344,9 +344,21 @@ TEST(MetafileCharacters, AreThoseOfTheirSet)
     EXPECT_EQ(DecodeMetafileText("\xF8", FaceFor(238)), u"ř"_qs);
 }
 
-TEST(MetafileCharacters, OfTheSymbolFontAreGreek)
+TEST(MetafileCharacters, OfTheSymbolFontAreGreekAndSigns)
 {
     EXPECT_EQ(DecodeMetafileText("mW 5", FaceFor(2, true)), u"μΩ 5"_qs);
+    EXPECT_EQ(DecodeMetafileText("\"A`z~", FaceFor(2, true)), u"∀Α‾ζ∼"_qs);
+    EXPECT_EQ(DecodeMetafileText("\xA0\xA5\xB0\xB1\xB7\xC0\xD6\xE5\xFE", FaceFor(2, true)), u"€∞°±•ℵ√∑⎭"_qs);
+}
+
+TEST(MetafileText, OfTheSymbolFontIsWrittenWithTheLettersOfAnother)
+{
+    constexpr int kSymbolSet = 2 << 8;
+    constexpr int kGreekSet = 161 << 8;
+    constexpr int kRoman = 0x10;
+    const QImage symbols = WrittenWith(PageWithFont(400, 0, kSymbolSet, 0, "Symbol"), "abW");
+    EXPECT_EQ(symbols, WrittenWith(PageWithFont(400, 0, kGreekSet, kRoman, "Times New Roman"), "\xE1\xE2\xD9"));
+    EXPECT_FALSE(Drawn(symbols).isEmpty());
 }
 
 TEST(MetafileCharacters, OfTwoBytesStayTogether)

@@ -228,7 +228,7 @@ public:
     }
 
     /// True if the codes fill the picture, up to its end or their own end mark,
-    /// and nothing beyond.
+    /// and nothing beyond. Some writers code the filling of plain lines too.
     bool Decode()
     {
         while (!ended_) {
@@ -252,16 +252,26 @@ private:
 
     [[nodiscard]] bool IsFull() const
     {
-        return y_ >= header_.Height || (y_ == header_.Height - 1 && x_ == header_.Width);
+        return y_ >= header_.Height || (y_ == header_.Height - 1 && x_ >= header_.Width);
+    }
+
+    /// Pixels of a line and of the filling that it has where it is not coded.
+    [[nodiscard]] int FilledWidth() const
+    {
+        return static_cast<int>(Stride(header_) * 8 / header_.BitCount);
     }
 
     [[nodiscard]] bool HasRoom(int count) const
     {
-        return y_ < header_.Height && count <= header_.Width - x_;
+        return y_ < header_.Height && count <= FilledWidth() - x_;
     }
 
     bool Put(int index)
     {
+        if (x_ >= header_.Width) {
+            ++x_;
+            return true;
+        }
         if (index >= colours_.size())
             return false;
         lines_.Line(y_)[x_++] = colours_[index];
@@ -306,7 +316,7 @@ private:
             return false;
         x_ += Byte();
         y_ += Byte();
-        return x_ <= header_.Width && y_ < header_.Height;
+        return x_ <= FilledWidth() && y_ < header_.Height;
     }
 
     /// Pixels as they are, filled up to whole words.

@@ -203,7 +203,7 @@ constexpr Variant kBitmapVariants[] = {
     { "FullColorLongHeader", "convert colors.ppm -type truecolor BMP:v.bmp" },
     { "FullColorOs2", "convert colors.ppm -type truecolor BMP2:v.bmp" },
     { "ManyColors", "convert 200.ppm -type palette -compress none BMP3:v.bmp" },
-    { "ManyColorsRunLength", "convert 200.ppm -crop 60x37+0+0 +repage -type palette -compress RLE BMP3:v.bmp" },
+    { "ManyColorsRunLength", "convert 200.ppm -type palette -compress RLE BMP3:v.bmp", ImageMagickOnly },
     { "ManyColorsOs2", "convert 200.ppm -type palette BMP2:v.bmp" },
     { "SixteenColors", "convert 16.ppm -type palette -compress none BMP3:v.bmp" },
     { "Bilevel", "convert bilevel.ppm -type bilevel -compress none BMP3:v.bmp" },

@@ -274,18 +274,31 @@ TEST(BitmapRuns, MayEndWithoutMarkWhenThePictureIsFull)
     EXPECT_FALSE(Read(Runs(2, 2, QByteArray("\2\1", 2))));
 }
 
-TEST(BitmapRuns, BeyondTheirLineAreRefused)
+TEST(BitmapRuns, MayCodeTheFillingOfTheirLines)
 {
-    EXPECT_FALSE(Read(Runs(2, 2, QByteArray("\3\1\0\1", 4))));
-    EXPECT_FALSE(Read(Runs(2, 2, QByteArray("\1\1\2\1\0\1", 6))));
-    EXPECT_FALSE(Read(Runs(2, 1, QByteArray("\0\3\1\1\1\0\0\1", 8))));
+    // A number without a colour is none of the picture there.
+    const auto picture = Read(Runs(2, 2, QByteArray("\3\1\1\x63\0\0\0\4\2\1\3\3\0\0\0\1", 16)));
+    EXPECT_EQ(Line(picture, 1), QVector<QRgb>({ 0xFF0000, 0xFF0000 }));
+    EXPECT_EQ(Line(picture, 0), QVector<QRgb>({ 0x00FF00, 0xFF0000 }));
+    EXPECT_TRUE(Read(Runs(2, 1, QByteArray("\4\1", 2))));
+    TestDib dib = OneLine(3, 4, QByteArray("\x8\x12\0\1", 4), kFour);
+    dib.Compression = Rle4;
+    EXPECT_EQ(Line(Read(dib)), QVector<QRgb>({ 0xFF0000, 0x00FF00, 0xFF0000 }));
+}
+
+TEST(BitmapRuns, BeyondTheFillingOfTheirLineAreRefused)
+{
+    EXPECT_FALSE(Read(Runs(2, 2, QByteArray("\5\1\0\1", 4))));
+    EXPECT_FALSE(Read(Runs(2, 2, QByteArray("\2\1\3\1\0\1", 6))));
+    EXPECT_FALSE(Read(Runs(2, 1, QByteArray("\0\5\1\1\1\1\1\0\0\1", 10))));
+    EXPECT_FALSE(Read(Runs(4, 1, QByteArray("\5\1\0\1", 4))));
 }
 
 TEST(BitmapRuns, BeyondThePictureAreRefused)
 {
     EXPECT_FALSE(Read(Runs(2, 1, QByteArray("\2\1\0\0\1\1\0\1", 8))));
     EXPECT_FALSE(Read(Runs(2, 1, QByteArray("\0\2\0\1\0\1", 6))));
-    EXPECT_FALSE(Read(Runs(2, 1, QByteArray("\0\2\3\0\0\1", 6))));
+    EXPECT_FALSE(Read(Runs(2, 1, QByteArray("\0\2\5\0\0\1", 6))));
     EXPECT_FALSE(Read(Runs(2, 1, QByteArray("\0\0\0\0\0\1", 6))));
 }
 

@@ -327,6 +327,54 @@ TEST_F(CtlPicture, SourceOfTheBatchIsNotReplacedByAnother)
     EXPECT_EQ(Read("a.bmp").size(), QSize(40, 20));
 }
 
+TEST_F(CtlPicture, FilesThatWouldBecomeOneThroughALinkedFolderAreNotMixedUp)
+{
+    ASSERT_EQ(Shell("mkdir b; ln -s b c").ExitCode, 0);
+    Picture("b/a.bmp");
+    Picture("b/a.png", { 10, 10 });
+    ExpectRefused(Ctl({ "picture", "--yes", "--to", "pcx", "b/a.bmp", "c/a.png" }),
+        "c/a.png: would become the same file as b/a.bmp\n");
+}
+
+TEST_F(CtlPicture, FilesThatWouldBecomeOneThroughLinksToItAreNotMixedUp)
+{
+    Picture("a.bmp");
+    Picture("b.bmp", { 10, 10 });
+    ASSERT_EQ(Shell("touch one; ln -s one a.pcx; ln -s one b.pcx").ExitCode, 0);
+    const CtlResult result = Ctl({ "picture", "--yes", "--to", "pcx", "a.bmp", "b.bmp" });
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_TRUE(result.Err.startsWith("b.bmp: would become the same file as a.bmp\n")) << result.Err.toStdString();
+}
+
+TEST_F(CtlPicture, SourceOfTheBatchIsNotReplacedThroughALinkedFolder)
+{
+    ASSERT_EQ(Shell("mkdir b; ln -s b c").ExitCode, 0);
+    Picture("b/a.png", { 10, 10 });
+    Picture("b/a.bmp");
+    const CtlResult result = Ctl({ "picture", "--yes", "--to", "bmp", "--into", "c", "b/a.png", "b/a.bmp" });
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_TRUE(result.Err.startsWith("b/a.png: would replace ")) << result.Err.toStdString();
+    EXPECT_EQ(Read("b/a.bmp").size(), QSize(40, 20));
+}
+
+TEST_F(CtlPicture, SourceOfTheBatchIsNotReplacedThroughALinkToIt)
+{
+    Picture("a.png", { 10, 10 });
+    Picture("b.bmp");
+    ASSERT_EQ(Shell("ln -s b.bmp a.bmp").ExitCode, 0);
+    const CtlResult result = Ctl({ "picture", "--yes", "--to", "bmp", "a.png", "b.bmp" });
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_TRUE(result.Err.startsWith("a.png: would replace ")) << result.Err.toStdString();
+    EXPECT_EQ(Read("b.bmp").size(), QSize(40, 20));
+}
+
+TEST_F(CtlPicture, FileThatIsNamedAgainThroughALinkedFolderIsConvertedOnce)
+{
+    ASSERT_EQ(Shell("mkdir b; ln -s b c").ExitCode, 0);
+    Picture("b/a.bmp");
+    ExpectDone(Ctl({ "picture", "--to", "png", "b/a.bmp", "c/a.bmp" }));
+}
+
 TEST_F(CtlPicture, FileThatIsNamedTwiceIsConvertedOnce)
 {
     Picture("a.bmp");

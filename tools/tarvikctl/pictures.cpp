@@ -67,6 +67,21 @@ struct Batch {
     QStringList Names;
 };
 
+/// The same path with its folder told without links.
+QString InRealFolder(const QString& path)
+{
+    const QFileInfo info(path);
+    const QString folder = QDir(info.path()).canonicalPath();
+    return folder.isEmpty() ? path : QDir(folder).filePath(info.fileName());
+}
+
+/// The one name of a file, whatever links lead to it; one that is not there yet has it too.
+QString BehindLinks(const QString& path)
+{
+    const QString file = QFileInfo(path).canonicalFilePath();
+    return file.isEmpty() ? InRealFolder(path) : file;
+}
+
 /// The files that can be converted together. One that would replace another before that is read, or become the same
 /// file as another, is told and left out; one that is named again is left out.
 Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Terminal& terminal)
@@ -74,7 +89,9 @@ Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Term
     QStringList all;
     for (const QString& operand : arguments.Operands)
         all.append(QDir::cleanPath(QFileInfo(operand).absoluteFilePath()));
-    const QSet<QString> sources(all.begin(), all.end());
+    QSet<QString> sources;
+    for (const QString& path : all)
+        sources.insert(BehindLinks(path));
     QSet<QString> seen;
     QHash<QString, QString> targets; // and the name of what becomes each
     Batch batch;
@@ -83,16 +100,18 @@ Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Term
         const QString folder =
             state.TargetFolder.isEmpty() ? QFileInfo(all[at]).path() : QDir(state.TargetFolder).absolutePath();
         const QString target = QDir::cleanPath(FileTargetPath(folder, all[at], state.TargetExtension));
+        const QString replaced = BehindLinks(target);
+        const QString source = InRealFolder(all[at]);
         terminal.SetFile(name);
-        if (seen.contains(all[at]))
+        if (seen.contains(source))
             continue;
-        seen.insert(all[at]);
-        if (target != all[at] && sources.contains(target)) {
+        seen.insert(source);
+        if (replaced != BehindLinks(all[at]) && sources.contains(replaced)) {
             terminal.Refuse(QStringLiteral("would replace %1, which is to be converted itself").arg(target));
-        } else if (targets.contains(target)) {
-            terminal.Refuse(QStringLiteral("would become the same file as %1").arg(targets[target]));
+        } else if (targets.contains(replaced)) {
+            terminal.Refuse(QStringLiteral("would become the same file as %1").arg(targets[replaced]));
         } else {
-            targets[target] = name;
+            targets[replaced] = name;
             batch.Paths.append(all[at]);
             batch.Names.append(name);
         }

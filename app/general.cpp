@@ -2,6 +2,7 @@
 
 #include "app/seams.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -97,6 +98,18 @@ bool HasReadOnlyAttribute(const QString& path)
 void SetReadOnlyAttribute(const QString& path)
 {
     QFile::setPermissions(path, QFileInfo(path).permissions() & ~kAnyWriter);
+}
+
+QString WithoutStepsUp(const QString& name)
+{
+    const QString up = QStringLiteral("..");
+    if (!QDir::fromNativeSeparators(name).split(u'/').contains(up))
+        return name;
+    const QFileInfo info(name);
+    if (info.fileName() == up && info.exists())
+        return info.canonicalFilePath();
+    const QString folder = QDir(info.path()).canonicalPath();
+    return folder.isEmpty() ? name : QDir(folder).filePath(info.fileName());
 }
 
 QString BrowseFolder(const QString& title, const QString& start)

@@ -70,5 +70,9 @@ bool FileToBin(const QString& path);
 bool HasReadOnlyAttribute(const QString& path);
 void SetReadOnlyAttribute(const QString& path);
 
+/// A name whose steps up ("..") are taken as the system takes them: from behind a link they lead into the folder above
+/// the one that it leads to, and shortening the text would miss that. Absolute then; any other name stays as it is.
+QString WithoutStepsUp(const QString& name);
+
 /// Asks for a folder; `start` is selected at open. Empty when the user cancelled.
 QString BrowseFolder(const QString& title, const QString& start);

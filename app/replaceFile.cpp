@@ -32,7 +32,7 @@ QString FinalPath(const QString& path)
 {
     const QFileInfo info(path);
     if (!info.isSymLink())
-        return path;
+        return WithoutStepsUp(path);
     const QString target = info.canonicalFilePath();
     return target.isEmpty() ? info.symLinkTarget() : target;
 }

@@ -2,6 +2,7 @@
 
 #include "app/dialog.h"
 #include "app/frameHooks.h"
+#include "app/general.h"
 #include "app/lang.h"
 #include "app/message.h"
 #include "app/project.h"
@@ -158,7 +159,8 @@ bool OpenStartFile(const QString& path)
     if (name.isEmpty() || !CanBeRead(name))
         return false;
 
-    name = QFileInfo(name).absoluteFilePath(); // it is remembered beyond this run, which may begin in another folder
+    // It is remembered beyond this run, which may begin in another folder.
+    name = QFileInfo(WithoutStepsUp(name)).absoluteFilePath();
     SetLastFile(name);
     BeginBusy();
     const auto open = TheProjectHooks().FileOpen;

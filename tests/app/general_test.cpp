@@ -2,6 +2,10 @@
 #include "app/seams.h"
 #include "tests/support/fixture.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
 #include <cmath>
 #include <limits>
 
@@ -129,6 +133,18 @@ TEST_F(General, ReadOnlyAttributeIsThatNobodyMayWrite)
     QFile::setPermissions(FilePath("a"), QFile::ReadOwner | QFile::WriteGroup);
     EXPECT_FALSE(HasReadOnlyAttribute(FilePath("a")));
     EXPECT_EQ(Contents(FilePath("a")), "x");
+}
+
+TEST_F(General, StepsUpFromBehindALinkLeadWhereTheSystemLeads)
+{
+    const QString folder = QFileInfo(Folder()).canonicalFilePath();
+    ASSERT_TRUE(QDir(folder).mkpath("other/place"));
+    ASSERT_TRUE(QFile::link(folder + "/other/place", folder + "/here"));
+    EXPECT_EQ(WithoutStepsUp(folder + "/here/../a"), folder + "/other/a");
+    EXPECT_EQ(WithoutStepsUp(folder + "/here/.."), folder + "/other");
+    EXPECT_EQ(WithoutStepsUp(folder + "/here/a..b"), folder + "/here/a..b");
+    EXPECT_EQ(WithoutStepsUp("a"), "a");
+    EXPECT_EQ(WithoutStepsUp(folder + "/gone/../a"), folder + "/gone/../a");
 }
 
 TEST_F(General, BrowseFolderHandsTitleAndStartOver)

@@ -1,6 +1,7 @@
 #include "app/replaceFile.h"
 #include "tests/support/fixture.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #if defined(Q_OS_UNIX)
@@ -60,6 +61,15 @@ TEST_F(ReplaceFileTest, FollowsALink)
     ASSERT_TRUE(ReplaceFile(FilePath("link"), "new"));
     EXPECT_TRUE(QFileInfo(FilePath("link")).isSymLink());
     EXPECT_EQ(Contents(FilePath("target")), "new");
+}
+
+TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeftAboveALinkedFolder)
+{
+    ASSERT_TRUE(QDir(Folder()).mkpath("other/place"));
+    ASSERT_TRUE(QFile::link(FilePath("other/place"), FilePath("here")));
+    Store(FilePath("other/.a.AbCdEf.part"), "half");
+    ASSERT_TRUE(ReplaceFile(FilePath("here/../a"), "new"));
+    EXPECT_EQ(QDir(FilePath("other")).entryList(QDir::Files | QDir::Hidden), QStringList("a"));
 }
 
 TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeft)

@@ -1,6 +1,8 @@
 // Captures of the receiver's display by tarvikctl.
 #include "tests/tools/ctlLink.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <csignal>
@@ -35,6 +37,15 @@ TEST_F(TarvikctlLink, CapturesInTheFormatThatIsAskedFor)
     EXPECT_FALSE(QFile::exists(Path(QStringLiteral("shot.png"))));
     ExpectDone(To({ "capture", "--to", "png", "Tower.2024" }));
     EXPECT_EQ(PngSize("Tower.2024.png"), QSize(642, 442));
+}
+
+TEST_F(TarvikctlLink, CapturesIntoTheFolderThatTheSystemSeesAboveALinkedOne)
+{
+    StartInstrument();
+    ASSERT_TRUE(QDir(Path({})).mkpath("other/place"));
+    ASSERT_TRUE(QFile::link(Path("other/place"), Path("here")));
+    ExpectDone(To({ "capture", "here/../out.png" }));
+    EXPECT_EQ(PngSize("other/out.png"), QSize(642, 442));
 }
 
 TEST_F(TarvikctlLink, CapturesIntoAFolder)

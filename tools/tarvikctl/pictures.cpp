@@ -1,6 +1,7 @@
 #include "tools/tarvikctl/pictures.h"
 
 #include "app/closeSignal.h"
+#include "app/general.h"
 #include "app/project.h"
 #include "app/seams.h"
 #include "link/file.h"
@@ -88,7 +89,7 @@ Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Term
 {
     QStringList all;
     for (const QString& operand : arguments.Operands)
-        all.append(QDir::cleanPath(QFileInfo(operand).absoluteFilePath()));
+        all.append(QFileInfo(WithoutStepsUp(operand)).absoluteFilePath());
     QSet<QString> sources;
     for (const QString& path : all)
         sources.insert(BehindLinks(path));
@@ -97,8 +98,8 @@ Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Term
     Batch batch;
     for (qsizetype at = 0; at < all.size(); ++at) {
         const QString& name = arguments.Operands[at];
-        const QString folder =
-            state.TargetFolder.isEmpty() ? QFileInfo(all[at]).path() : QDir(state.TargetFolder).absolutePath();
+        const QString folder = state.TargetFolder.isEmpty() ? QFileInfo(all[at]).path()
+                                                            : QDir(WithoutStepsUp(state.TargetFolder)).absolutePath();
         const QString target = QDir::cleanPath(FileTargetPath(folder, all[at], state.TargetExtension));
         const QString replaced = BehindLinks(target);
         const QString source = InRealFolder(all[at]);
@@ -167,7 +168,7 @@ QString CtlCaptureTarget(const CtlArguments& arguments)
     if (!arguments.ImageFormat.isEmpty())
         name = (CtlIsPictureName(name) ? out.completeBaseName() : name) + u'.' + arguments.ImageFormat;
     const QString folder = arguments.Into.isEmpty() ? out.path() : arguments.Into;
-    return QDir::cleanPath(QDir(folder).filePath(name));
+    return QDir::cleanPath(QDir(WithoutStepsUp(folder)).filePath(name));
 }
 
 void CtlCapture(const CtlArguments& arguments, Terminal& terminal)

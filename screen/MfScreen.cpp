@@ -135,6 +135,7 @@ void MfScreen::BuildWindow()
     child_->setAttribute(Qt::WA_DeleteOnClose);
     child_->setStyle(ChildWindowStyle(*frame_.ChildArea()));
     child_->setWidget(this);
+    child_->installEventFilter(this);
     frame_.ChildArea()->addSubWindow(child_);
     connect(child_, &QMdiSubWindow::windowStateChanged, this, &MfScreen::StateChanged);
     connect(frame_.ChildArea(), &QMdiArea::subWindowActivated, this, [this](const QMdiSubWindow* active) {
@@ -166,9 +167,9 @@ void MfScreen::Release()
 
 int MfScreen::State() const
 {
-    if (child_->isMinimized())
+    if (state_.testFlag(Qt::WindowMinimized))
         return WinStateMinimised;
-    return child_->isMaximized() ? WinStateMaximised : WinStateNormal;
+    return state_.testFlag(Qt::WindowMaximized) ? WinStateMaximised : WinStateNormal;
 }
 
 bool MfScreen::MayResize() const
@@ -339,8 +340,12 @@ void MfScreen::StateChanged(Qt::WindowStates before, Qt::WindowStates now)
 
 bool MfScreen::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1)
+    if (watched == child_) {
+        if (event->type() == QEvent::WindowStateChange)
+            state_ = child_->windowState();
+    } else if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1) {
         PbGraph->setFocus(); // help is about the window
+    }
     return QWidget::eventFilter(watched, event);
 }
 

@@ -85,6 +85,8 @@ private:
     WindowId id_;
     MfMain& frame_;
     QMdiSubWindow* child_ = nullptr;
+    /// Of the child window, as told last: its own flag is off while a maximised one follows the size of its area.
+    Qt::WindowStates state_;
     PictureBox* PbDefGraph = nullptr;
     PictureBox* PbGraph = nullptr;
     QFrame* LnDescr = nullptr;

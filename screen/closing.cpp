@@ -59,7 +59,9 @@ bool CloseEach()
         const WindowId active = WindowTable().Active;
         if (!CloseWindow(WindowInUse(active) ? active : WindowNext(0), false))
             return false;
-        TheSeams().PumpEvents();
+        // Between windows only: behind the last one, what it left to do when the command has ended would run too early.
+        if (WindowCount(0) > 0)
+            TheSeams().PumpEvents();
     }
     return true;
 }

@@ -214,7 +214,7 @@ TEST_F(Closing, EventsRunBetweenTheWindows)
     int pumps = 0;
     TheSeams().PumpEvents = [&] { ++pumps; };
     EXPECT_TRUE(CloseAllWindows());
-    EXPECT_EQ(pumps, 2);
+    EXPECT_EQ(pumps, 1);
 }
 
 TEST_F(Closing, OfTheLastOneShowsTheHintForHelp)

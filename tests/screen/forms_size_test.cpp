@@ -124,6 +124,24 @@ TEST_F(ScreenWindowSize, MaximisedPictureFillsTheAreaWithoutADescription)
     EXPECT_EQ(Graph(id).size(), kDefault);
 }
 
+TEST_F(ScreenWindowSize, MaximisedPictureFollowsTheAreaWhateverItsAspect)
+{
+    const WindowId id = Open();
+    DescrSetVisible(true, id);
+    Child(id).showMaximized();
+    for (const QSize size : { QSize(1500, 800), QSize(1100, 800), QSize(1100, 1000) }) {
+        frame->resize(size);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Window(id).size(), Area().size());
+        EXPECT_EQ(Graph(id).size(), Area().size());
+        EXPECT_FALSE(Description(id).isVisible());
+        EXPECT_TRUE(Child(id).isMaximized());
+    }
+    Child(id).showNormal();
+    EXPECT_EQ(Graph(id).size(), kDefault);
+    EXPECT_TRUE(Description(id).isVisible());
+}
+
 TEST_F(ScreenWindowSize, MinimisedWindowIsLeftAlone)
 {
     const WindowId id = Open();

@@ -345,6 +345,16 @@ TEST_F(ScreenWindowForm, ClosesAFileWithoutAQuestionAndTellsThatNoneIsLeft)
     EXPECT_FALSE(Item("MnFileClose").isEnabled());
 }
 
+TEST_F(ScreenWindowForm, EachCommandThatClosesTheLastOneTellsThatNoneIsLeft)
+{
+    for (const char* name : { "MnFileClose", "MnWindowClose", "MnWindowCloseAll" }) {
+        Open();
+        Item(name).trigger();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Status(), LngStr(11801)) << name;
+    }
+}
+
 TEST_F(ScreenWindowForm, CloseBoxAsksForALiveScreen)
 {
     const WindowId id = Open(SubtypeLive);

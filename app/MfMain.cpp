@@ -254,6 +254,12 @@ bool MfMain::FrameKeyDown(const QKeyEvent& event)
     return isCopy && RuleHolds(EnableRule::Document, MenuInputNow()) && CommandRun(Command::EditCopyGraph);
 }
 
+bool MfMain::HasActivation() const
+{
+    const bool nobodyHas = QApplication::activeWindow() == nullptr;
+    return isActiveWindow() || (nobodyHas && QGuiApplication::applicationState() == Qt::ApplicationActive);
+}
+
 void MfMain::keyPressEvent(QKeyEvent* event)
 {
     if (!FrameKeyDown(*event))

@@ -36,6 +36,10 @@ public:
     /// What a child window does with a key of its own: Ctrl+C copies. True when the key has run a command.
     bool FrameKeyDown(const QKeyEvent& event);
 
+    /// True while the keyboard speaks to the frame, and from the end of a dialog until the window system has told who
+    /// is next: no other program has taken over meanwhile.
+    bool HasActivation() const;
+
     QMdiArea* ChildArea() const
     {
         return MdiArea;

@@ -63,7 +63,7 @@ void MfMain::BindHooks()
     };
     hooks.StatusText = [this] { return statusBar_->PanelText(1); };
     hooks.SetPanelText = [this](int panel, const QString& text) { statusBar_->SetPanelText(panel, text); };
-    hooks.HasActivation = [this] { return isActiveWindow(); };
+    hooks.HasActivation = [this] { return HasActivation(); };
     hooks.ShowBusyPointer = [this](bool busy) { busy ? setCursor(Qt::WaitCursor) : unsetCursor(); };
     hooks.CloseTip = [this] { toolbar_->CloseTip(); };
     hooks.EnableStatusBar = [this](bool on) { statusBar_->EnablePanels(on); };

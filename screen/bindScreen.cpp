@@ -53,7 +53,7 @@ void BindViews()
 {
     ScreenViewHooks& hooks = TheScreenViewHooks();
     hooks.Load = LoadView;
-    hooks.MainFrameIsActive = [] { return MfMain::Current() != nullptr && MfMain::Current()->isActiveWindow(); };
+    hooks.MainFrameIsActive = [] { return MfMain::Current() != nullptr && MfMain::Current()->HasActivation(); };
     hooks.Arrange = [](int code) {
         if (MfMain* frame = MfMain::Current())
             ArrangeChildWindows(*frame->ChildArea(), code);

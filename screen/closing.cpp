@@ -15,6 +15,8 @@ constexpr int kTextNoWindow = 11801;
 constexpr int kTextSaveBeforeClosing = 12712;
 constexpr int kTextSave = 12714;
 
+constexpr int kLookAgainMs = 100;
+
 /// The windows that an id stands for and that would lose something. Data sets are drawn anew from their table.
 QVector<WindowId> UnsavedOf(WindowId id)
 {
@@ -59,23 +61,30 @@ bool CloseEach()
         const WindowId active = WindowTable().Active;
         if (!CloseWindow(WindowInUse(active) ? active : WindowNext(0), false))
             return false;
-        // Between windows only: behind the last one, what it left to do when the command has ended would run too early.
-        if (WindowCount(0) > 0)
-            TheSeams().PumpEvents();
+        TheSeams().PumpEvents();
     }
     return true;
+}
+
+/// Looks again while the command runs: its messages let events run as well.
+void TellBehindTheCommand(int milliseconds)
+{
+    TheSeams().StartTimer(milliseconds, [] {
+        if (WindowCount(0) > 0)
+            return;
+        if (Program().Idle)
+            StatusSetId(kTextNoWindow);
+        else
+            TellBehindTheCommand(kLookAgainMs);
+    });
 }
 
 /// A running command clears the status line when it ends.
 void TellThatNoWindowIsLeft()
 {
     StatusSetId(kTextNoWindow);
-    if (Program().Idle)
-        return;
-    TheSeams().StartTimer(0, [] {
-        if (Program().Idle && WindowCount(0) == 0)
-            StatusSetId(kTextNoWindow);
-    });
+    if (!Program().Idle)
+        TellBehindTheCommand(0);
 }
 
 } // namespace

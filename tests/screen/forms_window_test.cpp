@@ -355,6 +355,17 @@ TEST_F(ScreenWindowForm, EachCommandThatClosesTheLastOneTellsThatNoneIsLeft)
     }
 }
 
+TEST_F(ScreenWindowForm, DialogThatHasJustGoneLeavesTheFrameInCharge)
+{
+    const WindowId first = Open();
+    QApplication::setActiveWindow(nullptr); // as between the end of a dialog and the word of the window system
+    const WindowId second = Open();
+    EXPECT_EQ(frame->ChildArea()->activeSubWindow(), &Child(second));
+    EXPECT_TRUE(CloseWindow(second, true));
+    EXPECT_TRUE(CloseWindow(first, true));
+    EXPECT_EQ(Status(), LngStr(11801));
+}
+
 TEST_F(ScreenWindowForm, CloseBoxAsksForALiveScreen)
 {
     const WindowId id = Open(SubtypeLive);

@@ -17,6 +17,7 @@
 #include "app/settings.h"
 
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QMimeData>
 #include <QScreen>
 #include <QTimer>
@@ -65,6 +66,9 @@ void MfMain::BindHooks()
     hooks.SetPanelText = [this](int panel, const QString& text) { statusBar_->SetPanelText(panel, text); };
     hooks.HasActivation = [this] { return HasActivation(); };
     hooks.ShowBusyPointer = [this](bool busy) { busy ? setCursor(Qt::WaitCursor) : unsetCursor(); };
+    hooks.FinishPainting = [] {
+        QGuiApplication::sync();
+    }; // a closed menu stays in sight until the server has answered
     hooks.CloseTip = [this] { toolbar_->CloseTip(); };
     hooks.EnableStatusBar = [this](bool on) { statusBar_->EnablePanels(on); };
     toolbar_->OnTick = [] { TheDocumentHooks().CheckPendingResize(); };

@@ -15,6 +15,9 @@ struct FrameHooks {
     std::function<void(int panel, const QString&)> SetPanelText = [](int, const QString&) {}; ///< panel 1 to 4
     std::function<bool()> HasActivation = [] { return false; };
     std::function<void(bool)> ShowBusyPointer = [](bool) {};
+
+    /// Before a command stops the thread: the menu that started it goes from the screen, the rest is painted.
+    std::function<void()> FinishPainting = [] {};
     std::function<void()> CloseTip = [] {};
     std::function<void(bool)> EnableStatusBar = [](bool) {}; ///< off while an editor is open
 };

@@ -83,6 +83,7 @@ WindowId FetchScreen()
     const QString name = TemporaryName(kExtension);
     if (name.isEmpty())
         return kFailed;
+    TheFrameHooks().FinishPainting();
     const TemporaryFile file(name);
     if (FetchInto(file.Path()) != kChannelOk) {
         ChannelDisconnect();

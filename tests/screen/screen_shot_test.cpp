@@ -62,6 +62,19 @@ TEST_F(Captures, FetchTheDisplayIntoAWindow)
             QStringLiteral("GetFileFromStream %1 5000").arg(Temporary()) }));
 }
 
+TEST_F(Captures, LetTheFrameBePaintedBeforeTheyStopTheThread)
+{
+    TheFrameHooks().FinishPainting = [this] {
+        channel_.Log.append(QStringLiteral("Paint"));
+        EXPECT_TRUE(Frame.Busy);
+        EXPECT_FALSE(Program().Idle);
+    };
+    CaptureScreen();
+    ASSERT_FALSE(channel_.Log.isEmpty());
+    EXPECT_EQ(channel_.Log.first(), "Paint");
+    EXPECT_EQ(channel_.Log.count(QStringLiteral("Paint")), 1);
+}
+
 TEST_F(Captures, AskForSavingWhenTheyAreClosed)
 {
     const WindowId id = FetchScreen();

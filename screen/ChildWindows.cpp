@@ -124,6 +124,15 @@ void RestoreMaximised(QMdiArea& area)
     }
 }
 
+void ScrollToLowerEdge(QMdiArea& area, const QRect& place)
+{
+    const QRect seen = area.viewport()->rect();
+    const int below = std::max(place.bottom() - seen.bottom(), 0);
+    const int above = std::min(place.bottom() - seen.top(), 0);
+    QScrollBar* bar = area.verticalScrollBar();
+    bar->setValue(bar->value() + below + above);
+}
+
 QPoint PlaceForNew(const QMdiArea& area, const QMdiSubWindow& child)
 {
     QVector<QPoint> taken;

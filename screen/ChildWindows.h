@@ -5,6 +5,7 @@
 
 class QMdiArea;
 class QMdiSubWindow;
+class QRect;
 
 /// Property of a child window's content that holds the number of its window.
 inline constexpr const char* kTagProperty = "Tag";
@@ -15,6 +16,9 @@ void ArrangeChildWindows(QMdiArea& area, int code);
 
 /// Gives a maximised window its own size back.
 void RestoreMaximised(QMdiArea& area);
+
+/// Scrolls up or down until the lower edge of `place` is seen, in the coordinates of the area's viewport.
+void ScrollToLowerEdge(QMdiArea& area, const QRect& place);
 
 /// Where a window of its size opens that is not seen yet.
 QPoint PlaceForNew(const QMdiArea& area, const QMdiSubWindow& child);

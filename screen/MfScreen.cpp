@@ -105,7 +105,10 @@ void MfScreen::BuildDescription()
     TbDescription->setAccessibleName(LngStr(kTextDescription));
     TbDescription->hide();
     TbDescription->installEventFilter(this);
-    connect(TbDescription, &DescriptionBox::Edited, this, [this](const QString& text) { DescrTextChanged(id_, text); });
+    connect(TbDescription, &DescriptionBox::Edited, this, [this](const QString& text) {
+        DescrTextChanged(id_, text);
+        ShowDescription();
+    });
 }
 
 /// The panel has no height and nothing of it is seen.
@@ -278,8 +281,17 @@ void MfScreen::SetDescription(const QString& text)
 
 void MfScreen::EditDescription()
 {
-    if (TbDescription->isVisibleTo(this))
-        TbDescription->setFocus();
+    if (!TbDescription->isVisibleTo(this))
+        return;
+    TbDescription->setFocus();
+    ShowDescription();
+}
+
+/// Who types sees it, also below a picture that is higher than the area.
+void MfScreen::ShowDescription()
+{
+    QMdiArea& area = *frame_.ChildArea();
+    ScrollToLowerEdge(area, { TbDescription->mapTo(area.viewport(), QPoint()), TbDescription->size() });
 }
 
 /// The focus of a box that goes stays in the window.

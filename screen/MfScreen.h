@@ -79,6 +79,7 @@ private:
     QList<QWidget*> StatusPanel() const;
     void SetHelp(bool imageFromFile);
     void ShowFirst();
+    void ShowDescription();
     void StateChanged(Qt::WindowStates before, Qt::WindowStates now);
     bool MayResize() const;
 

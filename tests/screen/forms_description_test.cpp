@@ -408,3 +408,19 @@ TEST_F(DescriptionInWindow, HidingItKeepsWhatCanBeUndone)
     Description(id).undo();
     EXPECT_EQ(WindowAt(id).Description, "");
 }
+
+TEST_F(DescriptionInWindow, StaysInSightBelowAPictureHigherThanTheArea)
+{
+    const WindowId id = Open(SubtypeFile, Picture(QSize(300, 1400)));
+    const QWidget& seen = *frame->ChildArea()->viewport();
+    const auto lowerEdge = [&] { return Description(id).mapTo(&seen, QPoint(0, Description(id).height())).y(); };
+    Item("MnViewDescription").trigger();
+    EXPECT_EQ(lowerEdge(), seen.height());
+    QTest::keyClick(&Description(id), Qt::Key_Return);
+    QTest::keyClick(&Description(id), Qt::Key_Return);
+    EXPECT_EQ(lowerEdge(), seen.height());
+    frame->ChildArea()->verticalScrollBar()->setValue(0);
+    EXPECT_GT(lowerEdge(), seen.height());
+    QTest::keyClicks(&Description(id), "x");
+    EXPECT_EQ(lowerEdge(), seen.height());
+}

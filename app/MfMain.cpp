@@ -22,6 +22,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
+#include <QStyle>
 #include <QThread>
 #include <QTimer>
 
@@ -212,8 +213,14 @@ void MfMain::ShowFrame()
     QVector<QRect> screens;
     for (const QScreen* one : QGuiApplication::screens())
         screens.append(one->availableGeometry());
-    if (placement_.isValid())
-        setGeometry(PlacementOnScreens(placement_, screens));
+    if (placement_.isValid()) {
+        const int border = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+        const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+        const QRect placed = PlacementOnScreens(placement_, screens);
+        placement_ = { placed.topLeft(), PlacedSize(placed, screens, QSize(2 * border, 2 * border + title)) };
+        resize(placement_.size());
+        move(placement_.topLeft()); // of the title bar, which would lie above the screen otherwise
+    }
     setWindowState(WindowStateOf(Program().MainWindowState)); // behind the geometry, which would end it
     setVisible(true);
     toolbar_->StartTips();

@@ -90,5 +90,5 @@ private:
     FrameToolbar* toolbar_ = nullptr;
     FrameStatusBar* statusBar_ = nullptr;
     KeyboardFilter* keyboard_ = nullptr;
-    QRect placement_; ///< the restored rectangle that the settings ask for
+    QRect placement_; ///< restored: the place of the title bar, the size of what it stands over; from the settings
 };

@@ -138,7 +138,9 @@ void MfMain::BindPlacement()
         return isMinimized() ? WinStateMinimised : isMaximized() ? WinStateMaximised : WinStateNormal;
     };
     hooks.NormalRectTwips = [this] {
-        const QRect rect = isMaximized() || isMinimized() ? normalGeometry() : geometry();
+        QRect rect = isMaximized() || isMinimized() ? normalGeometry() : geometry();
+        if (rect != placement_) // the one it began with is told as it was placed until it has stood there
+            rect.translate(frameGeometry().topLeft() - geometry().topLeft()); // where the title bar stands
         const double twips = TwipsPerPixel(this);
         return QRectF(QPointF(rect.topLeft()) * twips, QSizeF(rect.size()) * twips);
     };

@@ -19,3 +19,10 @@ QRect PlacementOnScreens(const QRect& asked, const QVector<QRect>& screens)
     placed.moveTop(std::clamp(placed.top(), home.top(), home.bottom() - placed.height() + 1));
     return placed;
 }
+
+QSize PlacedSize(const QRect& placed, const QVector<QRect>& screens, QSize borders)
+{
+    const bool fillsAScreen = std::any_of(
+        screens.begin(), screens.end(), [&placed](const QRect& screen) { return screen.size() == placed.size(); });
+    return fillsAScreen ? placed.size().shrunkBy({ 0, 0, borders.width(), borders.height() }) : placed.size();
+}

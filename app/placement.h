@@ -10,3 +10,7 @@ inline constexpr QSize kLeastVisiblePx{ 120, 40 };
 
 /// `asked` where enough of it is on one of `screens`; else moved, and made smaller if need be, onto the first one.
 QRect PlacementOnScreens(const QRect& asked, const QVector<QRect>& screens);
+
+/// The size inside the borders of a frame that is `placed` so. One that takes a whole screen, as it does without
+/// settings, leaves room for its title bar and borders, which take `borders`: its lower edge is seen as well.
+QSize PlacedSize(const QRect& placed, const QVector<QRect>& screens, QSize borders);

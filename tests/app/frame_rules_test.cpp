@@ -332,6 +332,14 @@ TEST(Placement, MakesAFrameFitThatIsTooLargeOrEmpty)
     EXPECT_EQ(PlacementOnScreens(QRect(1, 2, 3, 4), {}), QRect(1, 2, 3, 4));
 }
 
+TEST(Placement, LeavesRoomForTheBordersOfAFrameAsLargeAsAScreen)
+{
+    const QSize borders(8, 30);
+    EXPECT_EQ(PlacedSize(QRect({ 0, 0 }, kTwoScreens.first().size()), kTwoScreens, borders), QSize(1912, 1050));
+    EXPECT_EQ(PlacedSize(QRect(0, 0, 1920, 1079), kTwoScreens, borders), QSize(1920, 1079));
+    EXPECT_EQ(PlacedSize(QRect(5, 5, 800, 600), kTwoScreens, borders), QSize(800, 600));
+}
+
 TEST(MessageLayout, RowIsTheButtonsTheirGapsAndBothMargins)
 {
     EXPECT_EQ(MsgRowWidthPx({ 80 }), 80 + 32);

@@ -44,6 +44,20 @@ QString ModuleSuffix()
 }
 
 using BindEntry = int16_t (*)(void* api);
+using Operation = void (*)();
+
+/// Behind its size a table is a row of operations. One that a module of an earlier generation left out is null.
+template <typename Api>
+bool HoldsEveryOperation(const Api& table)
+{
+    for (size_t at = sizeof(Operation); at < sizeof(Api); at += sizeof(Operation)) {
+        Operation operation = nullptr;
+        std::memcpy(&operation, reinterpret_cast<const char*>(&table) + at, sizeof operation);
+        if (operation == nullptr)
+            return false;
+    }
+    return true;
+}
 
 /// Binds into a fresh table and takes it over only when every operation is there.
 template <typename Api>
@@ -51,7 +65,7 @@ bool BindTable(BindEntry entry, Api& target)
 {
     Api fresh{};
     fresh.Size = sizeof(Api);
-    if (entry(&fresh) != 0)
+    if (entry(&fresh) != 0 || !HoldsEveryOperation(fresh))
         return false;
     target = fresh;
     return true;

@@ -2,7 +2,8 @@
 
    A module is a shared library beside the executable. It exports two symbols: the function `VbLoad`, which fills
    the caller's table of operations, and the data `TvModuleVersion`, which is read from the file without loading it.
-   Plain C types only; text is single-byte (Windows-1252), closed by a zero. No exception leaves a module. */
+   Plain C types only; text is single-byte (Windows-1252) and paths are UTF-8, closed by a zero. No exception leaves
+   a module. */
 #pragma once
 
 #include <stdint.h>

@@ -118,6 +118,14 @@ TEST_F(Loader, ModuleThatRefusesTheTableIsNotBound)
     EXPECT_EQ(TvGen().GenSplitPath, nullptr);
 }
 
+TEST_F(Loader, ModuleThatLacksAnOperationIsNotBound)
+{
+    Install(UNFINISHED_FILE, Module::General);
+    EXPECT_FALSE(ModuleLoad(Module::General, Folder()));
+    EXPECT_FALSE(ModuleIsBound(Module::General));
+    EXPECT_EQ(TvGen().GenFileDateAndTime, nullptr);
+}
+
 TEST_F(Loader, FailedLoadLeavesInForceWhatWasBound)
 {
     Install(TVGEN_FILE, Module::General);

@@ -4,6 +4,10 @@
 
 #include <QtEndian>
 
+#include <memory>
+#include <new>
+#include <vector>
+
 #if defined(Q_OS_LINUX)
 #include <sys/resource.h>
 #include <unistd.h>
@@ -171,6 +175,25 @@ TEST_F(PictureFiles, ThatAreLongerThanAnyPictureAreNotRead)
 
 namespace {
 
+/// Takes what earlier tests have given back to the heap, which no limit keeps anybody from using.
+void UseUpHeap()
+{
+    constexpr size_t kPiece = 1 << 20;
+    static std::vector<std::unique_ptr<char[]>> pieces;
+    pieces.reserve(10000);
+    while (pieces.size() < pieces.capacity()) {
+        pieces.emplace_back(new (std::nothrow) char[kPiece]);
+        if (pieces.back() == nullptr)
+            return;
+    }
+}
+
+void SetLimit(rlim_t bytes)
+{
+    const rlimit limit{ bytes, RLIM_INFINITY };
+    setrlimit(RLIMIT_AS, &limit);
+}
+
 /// Leaves the process so many bytes more than it has.
 void LimitMemory(rlim_t more)
 {
@@ -178,9 +201,10 @@ void LimitMemory(rlim_t more)
     if (!sizes.open(QIODevice::ReadOnly))
         _exit(2);
     const rlim_t pages = sizes.readAll().split(' ').first().toULongLong();
-    const rlim_t bytes = pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + more;
-    const rlimit limit{ bytes, bytes };
-    setrlimit(RLIMIT_AS, &limit);
+    const rlim_t bytes = pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+    SetLimit(bytes);
+    UseUpHeap();
+    SetLimit(bytes + more);
 }
 
 constexpr rlim_t kLittle = 16 << 20;

@@ -68,15 +68,14 @@ Answer AskToReplace(const QString& target, bool isBatch)
 {
     if (!QFileInfo::exists(target))
         return Answer::Save;
-    const MessageRequest& request = TheMessage();
-    if (isBatch && request.YesAll)
+    if (TheMessage().YesAll)
         return Answer::Save;
-    if (isBatch && request.NoAll)
+    if (TheMessage().NoAll)
         return Answer::Skip;
     const int answer = isBatch ? MsgAllChoices1(kQuestionReplace, target) : MsgYesNoDefNo1(kQuestionReplace, target);
     if (answer == MsgResultYes)
         return Answer::Save;
-    return answer == MsgResultNo || !isBatch ? Answer::Skip : Answer::Stop;
+    return answer == MsgResultNo ? Answer::Skip : Answer::Stop;
 }
 
 void ForgetAnswersForAll()

@@ -70,7 +70,7 @@ QVector<QPoint> IconPlaces(const QVector<QSize>& icons, QSize room)
     int bottom = room.height();
     int rowHeight = 0;
     for (const QSize& icon : icons) {
-        if (left > 0 && left + icon.width() > room.width()) {
+        if (left + icon.width() > room.width()) { // the first one of all leaves a row without height
             left = 0;
             bottom -= rowHeight;
             rowHeight = 0;

@@ -98,6 +98,7 @@ TEST_F(FilesOfDialog, CancelledConversionTouchesNothing)
     FileOpenDlg(true);
     EXPECT_TRUE(Log.isEmpty());
     EXPECT_EQ(FileConvert().Sources, OpenAnswer);
+    EXPECT_EQ(Program().LastFile.Name, "a") << "the next dialog begins there";
 }
 
 TEST_F(FilesOfDialog, AcceptedConversionRunsOverTheFiles)

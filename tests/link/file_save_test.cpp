@@ -3,6 +3,7 @@
 
 #include "app/project.h"
 #include "link/fileFormats.h"
+#include "tests/support/fakeFrame.h"
 
 #include <QDir>
 #include <QFile>
@@ -159,6 +160,15 @@ TEST_F(FileSaving, DialogSavesAndRemembersTheName)
     EXPECT_EQ(Log, QStringList("save 3 " + FilePath("Tower.PNG")));
     EXPECT_EQ(Program().LastFile.Name, "Tower");
     EXPECT_EQ(Program().LastFile.Extension, "png");
+}
+
+TEST_F(FileSaving, DialogThatSavedLeavesAnEmptyStatusLine)
+{
+    FakeFrame frame;
+    frame.Status = "Saving";
+    SaveAnswer = FilePath("a.png");
+    EXPECT_TRUE(FileSaveAsDlg(3));
+    EXPECT_EQ(frame.Status, "");
 }
 
 TEST_F(FileSaving, TextHoldsNothingOfTheDocumentWhoseNameItTakes)

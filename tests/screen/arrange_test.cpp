@@ -71,14 +71,14 @@ TEST_F(Arranging, AutoTileIsSwitchedAndTilesAtOnce)
     Open();
     Open();
     ArrangeTo({ 900, 221 });
-    Frame.Log.clear();
     ToggleAutoTile();
     EXPECT_TRUE(Program().AutoTile);
-    EXPECT_TRUE(Frame.Log.contains(QStringLiteral("menu")));
     EXPECT_EQ(codes_, QVector<int>{ 1 });
+    Frame.Log.clear();
     ToggleAutoTile();
     EXPECT_FALSE(Program().AutoTile);
     EXPECT_EQ(codes_, QVector<int>{ 1 });
+    EXPECT_TRUE(Frame.Log.contains(QStringLiteral("menu")));
 }
 
 TEST_F(Arranging, AutoTileLeavesASingleWindow)
@@ -113,6 +113,13 @@ TEST_F(Arranging, SingleCandidateIsChosenWithoutAForm)
     ChooseWindows(MaskScreen, false);
     EXPECT_EQ(TheScreenWindows().Chosen, QVector<WindowId>{ id });
     ChooseWindows(MaskDataSet, false);
+    EXPECT_TRUE(TheScreenWindows().Chosen.isEmpty());
+}
+
+TEST_F(Arranging, WithoutAFormNoneOfSeveralIsChosen)
+{
+    TheScreenWindows().Chosen = { OpenLive(), OpenLive() };
+    ChooseWindows(MaskAll, false);
     EXPECT_TRUE(TheScreenWindows().Chosen.isEmpty());
 }
 

@@ -223,6 +223,7 @@ TEST_F(Closing, OfTheLastOneShowsTheHintForHelp)
 {
     const WindowId first = Open();
     const WindowId second = Open();
+    TheSeams().StartTimer = [](int, const std::function<void()>&) { ADD_FAILURE() << "no command will clear it"; };
     EXPECT_TRUE(CloseWindow(first, true));
     EXPECT_NE(Frame.Status, LngStr(11801));
     EXPECT_TRUE(CloseWindow(second, true));
@@ -249,6 +250,11 @@ TEST_F(Closing, HintForHelpComesAgainAfterTheCommand)
     later();
     EXPECT_EQ(waits, QVector({ 0, 100 }));
     EXPECT_EQ(Frame.Status, LngStr(11801));
+    Frame.Status.clear();
+    Program().Idle = false;
+    later();
+    EXPECT_EQ(Frame.Status, QString()) << "the next command has begun";
+    Program().Idle = true;
     Open();
     Frame.Status.clear();
     later();
@@ -287,6 +293,7 @@ TEST_F(Closing, RetilesTheOthers)
     const WindowId id = Open();
     Open();
     Open();
+    Open();
     int tiled = 0;
     TheScreenViewHooks().Arrange = [&](int) { ++tiled; };
     Program().AutoTile = true;
@@ -294,6 +301,22 @@ TEST_F(Closing, RetilesTheOthers)
     EXPECT_EQ(tiled, 1);
     EXPECT_TRUE(CloseAllWindows());
     EXPECT_EQ(tiled, 1) << "not after each one";
+}
+
+TEST_F(Closing, AllThatStopsTilesThoseThatStay)
+{
+    Open();
+    Open();
+    WindowAt(Open()).Modified = true;
+    WindowSetActive(1);
+    int tiled = 0;
+    TheScreenViewHooks().Arrange = [&](int) { ++tiled; };
+    Program().AutoTile = true;
+    WindowAt(2).Modified = true;
+    Answers().Expect(12714, Cancel);
+    EXPECT_FALSE(CloseAllWindows());
+    EXPECT_EQ(WindowCount(0), 2);
+    EXPECT_EQ(tiled, 1);
 }
 
 TEST_F(Closing, TwiceIsOnce)

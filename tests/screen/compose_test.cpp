@@ -81,6 +81,14 @@ TEST_F(Composing, TextOfANarrowPictureBeginsAtItsEdge)
     EXPECT_GT(Others(whole.copy(0, 101, 10, whole.height() - 101), 0, whole.height() - 101, kPaper), 0);
 }
 
+TEST_F(Composing, LetterHigherThanItsLineStaysOutOfThePicture)
+{
+    const WindowId id = Open();
+    DescrSetVisible(true, id);
+    DescrSetText(id, QString(QChar(u'B')) + QChar(0x0301)); // an accent for which no letter was made
+    EXPECT_EQ(ComposeWindow(id).copy(0, 0, 642, 442), Picture());
+}
+
 TEST_F(Composing, BlackAndWhiteHasWhitePaper)
 {
     const WindowId id = Open(SubtypeFile, Picture({ 200, 100 }, Qt::white));

@@ -186,6 +186,50 @@ TEST_F(DescriptionEditing, TextThatIsNowhereElseAsksForSaving)
     EXPECT_FALSE(Record().Modified);
     DescrTextChanged(id_, QStringLiteral("a"));
     EXPECT_TRUE(Record().Modified);
+    DescrTextChanged(id_, QStringLiteral("a "));
+    EXPECT_TRUE(Record().Modified) << "the same text is as little saved as before";
+}
+
+TEST_F(DescriptionEditing, WindowThatIsBeingSizedIsNotSizedByItsText)
+{
+    Record().InResize = true;
+    const int before = Views[id_].Sizings;
+    DescrResize(id_);
+    EXPECT_EQ(Views[id_].Sizings, before);
+    Record().InResize = false;
+    DescrResize(id_);
+    EXPECT_EQ(Views[id_].Sizings, before + 1);
+}
+
+TEST_F(DescriptionEditing, SizingTheWindowIsNotTakenForTheUsers)
+{
+    Views[id_].OnSized = [this] { ScreenResized(id_, true); };
+    DescrTextChanged(id_, QStringLiteral("a\nb"));
+    EXPECT_FALSE(Record().ResizePending);
+    EXPECT_FALSE(TheScreenWindows().ResizePending);
+}
+
+TEST_F(DescriptionEditing, OtherWidthLeavesThePictureAsLargeAsItIs)
+{
+    DescrSetVisible(true, id_);
+    DescrTextChanged(id_, QString(60, u'x'));
+    const QSize picture = Views[id_].Graph;
+    const int line = DescrLineHeight(id_);
+    const int height = Views[id_].Client.height();
+    DescriptionChoice choice(id_);
+    ASSERT_TRUE(choice.Apply(QStringLiteral("40")));
+    EXPECT_EQ(Views[id_].Graph, picture);
+    EXPECT_EQ(Views[id_].Client.height(), height + line);
+}
+
+TEST_F(DescriptionEditing, TextOfAMinimisedWindowDoesNotSizeIt)
+{
+    Views[id_].WindowState = WinStateMinimised;
+    Record().ResizePending = true;
+    const int before = Views[id_].Sizings;
+    DescrTextChanged(id_, QStringLiteral("a\nb"));
+    EXPECT_EQ(Views[id_].Sizings, before);
+    EXPECT_FALSE(Record().ResizePending);
 }
 
 TEST_F(DescriptionEditing, PictureIsFittedWhereTheWindowCannotGrow)

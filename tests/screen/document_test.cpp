@@ -256,6 +256,21 @@ TEST_F(Documents, ProgressCountsTheLinesOfAPcx)
     EXPECT_EQ(ended, 1);
 }
 
+TEST_F(Documents, ProgressCountsTheLinesThatAreSaved)
+{
+    const WindowId id = Open(SubtypeFile, Pattern());
+    QVector<int> totals;
+    int written = 0;
+    TheProgressHooks().Clear = [&] {
+        totals.append(Progress().TotalSteps);
+        written = Progress().WorkCounter;
+    };
+    EXPECT_TRUE(ImgSave(File("a.png"), id));
+    EXPECT_TRUE(ImgSave(File("a.pcx"), id));
+    EXPECT_EQ(totals, QVector<int>({ 21, 21 }));
+    EXPECT_EQ(written, 21);
+}
+
 TEST_F(Documents, AreSavedInEachFormat)
 {
     const WindowId id = Open(SubtypeFile, Pattern());

@@ -43,6 +43,23 @@ TEST(Fit, HeightAloneLeadsToTheWidth)
     EXPECT_EQ(FitClient(Dragged({ 642, 884 + 57 }, kMaster, 57)), QSize(1211, 884 + 57)) << "642 by 941 over 499";
 }
 
+TEST(Fit, HeightThatIsJustEnoughKeepsTheWidthOfATile)
+{
+    EXPECT_EQ(FitClient({ kMaster, { 1000, 688 + 57 }, kMaster, 57, 0, ArrangeTileVertically }), QSize(1000, 688 + 57));
+}
+
+TEST(Fit, StatusPanelCountsLikeTheDescription)
+{
+    const QSize wider(652, 442 + 57 + 20 + 5);
+    EXPECT_EQ(FitClient({ kMaster, wider, kMaster, 57, 20, ArrangeNone }), QSize(652, 449 + 57 + 20));
+}
+
+TEST(Fit, ClientWithoutAreaBecomesOnePixel)
+{
+    EXPECT_EQ(FitClient({ kMaster, { 0, 0 }, kMaster, 0, 0, ArrangeCascade }), QSize(1, 1));
+    EXPECT_EQ(FitClient({ kMaster, { -3, 5 }, kMaster, 0, 0, ArrangeTileVertically }), QSize(1, 1));
+}
+
 TEST(Fit, LargerDifferenceLeads)
 {
     EXPECT_EQ(FitClient(Dragged({ 742, 452 }, kMaster)), QSize(742, 511));

@@ -27,6 +27,14 @@ TEST_F(StatusPanel, HasNoHeightAndNoLinesAndAddsNothing)
     EXPECT_EQ(target, before);
 }
 
+TEST_F(StatusPanel, FillHidesAPanelThatIsSeen)
+{
+    const WindowId id = Open();
+    Views[id].StatusIsHidden = false;
+    StatusFill(id);
+    EXPECT_TRUE(Views[id].StatusIsHidden);
+}
+
 TEST_F(StatusPanel, FillIsNotRaisedByItself)
 {
     const WindowId id = Open();

@@ -29,6 +29,25 @@ TEST_F(ScreenWindows, WithoutAWishHasTheSizeOfItsType)
     EXPECT_EQ(WindowAt(id).DefaultHeight, 442);
 }
 
+TEST_F(ScreenWindows, DefaultSizeIsThatOfANormalWindow)
+{
+    const WindowId id = Open();
+    EXPECT_TRUE(AtDefaultSize(id));
+    for (const int state : { WinStateMinimised, WinStateMaximised }) {
+        Views[id].WindowState = state;
+        EXPECT_FALSE(AtDefaultSize(id)) << state;
+    }
+}
+
+TEST_F(ScreenWindows, PlacementDoesNotMoveAMaximisedOne)
+{
+    const WindowId id = Open();
+    WindowAt(id).Placement.Left = 40;
+    Views[id].WindowState = WinStateMaximised;
+    SizeNewWindow(id);
+    EXPECT_EQ(Views[id].Place, QPoint(-1, -1));
+}
+
 TEST_F(ScreenWindows, PlacementMovesAndSizesIt)
 {
     const WindowId id = Open();

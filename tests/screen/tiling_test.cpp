@@ -96,6 +96,12 @@ TEST(Icons, StandInRowsFromTheLowerEdge)
     EXPECT_EQ(RoomAboveIcons({}, kRoom), kRoom);
 }
 
+TEST(Icons, HighestOfARowMakesRoomForIt)
+{
+    const QVector<QPoint> places = IconPlaces({ { 600, 40 }, { 300, 30 }, { 300, 20 } }, kRoom);
+    EXPECT_EQ(places, QVector<QPoint>({ { 0, 560 }, { 600, 570 }, { 0, 540 } }));
+}
+
 TEST(Icons, LeaveAQuarterOfTheRoomToTheWindows)
 {
     EXPECT_EQ(RoomAboveIcons(QVector<QSize>(100, QSize(300, 30)), kRoom), QSize(1000, 150));

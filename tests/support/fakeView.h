@@ -21,6 +21,7 @@ public:
     quint32 Ink = 0;
     bool IconOfFile = false;
     QStringList Status; ///< date, text, time
+    bool StatusIsHidden = false;
     QSize Smallest{ 0, 0 }; ///< a window is not made smaller than this
     int Drawings = 0;
     int Sizings = 0; ///< how often a client size was set
@@ -98,7 +99,10 @@ public:
         Status = QStringList{ date, text, time };
         OnFilled();
     }
-    void HideStatus() override { }
+    void HideStatus() override
+    {
+        StatusIsHidden = true;
+    }
     void Unload() override { }
 };
 

@@ -66,9 +66,8 @@ void MfMain::BindHooks()
     hooks.SetPanelText = [this](int panel, const QString& text) { statusBar_->SetPanelText(panel, text); };
     hooks.HasActivation = [this] { return HasActivation(); };
     hooks.ShowBusyPointer = [this](bool busy) { busy ? setCursor(Qt::WaitCursor) : unsetCursor(); };
-    hooks.FinishPainting = [] {
-        QGuiApplication::sync();
-    }; // a closed menu stays in sight until the server has answered
+    // A closed menu stays in sight until the window system has answered.
+    hooks.FinishPainting = [] { QGuiApplication::sync(); };
     hooks.CloseTip = [this] { toolbar_->CloseTip(); };
     hooks.EnableStatusBar = [this](bool on) { statusBar_->EnablePanels(on); };
     toolbar_->OnTick = [] { TheDocumentHooks().CheckPendingResize(); };

@@ -4,9 +4,9 @@
 
 #include <QtEndian>
 
+#include <array>
 #include <memory>
 #include <new>
-#include <vector>
 
 #if defined(Q_OS_LINUX)
 #include <sys/resource.h>
@@ -179,11 +179,10 @@ namespace {
 void UseUpHeap()
 {
     constexpr size_t kPiece = 1 << 20;
-    static std::vector<std::unique_ptr<char[]>> pieces;
-    pieces.reserve(10000);
-    while (pieces.size() < pieces.capacity()) {
-        pieces.emplace_back(new (std::nothrow) char[kPiece]);
-        if (pieces.back() == nullptr)
+    static std::array<std::unique_ptr<char[]>, 10000> pieces; // which takes none of the heap
+    for (auto& piece : pieces) {
+        piece.reset(new (std::nothrow) char[kPiece]);
+        if (piece == nullptr)
             return;
     }
 }

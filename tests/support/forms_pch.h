@@ -1,0 +1,4 @@
+#pragma once
+#include "tests/support/test_pch.h"
+#include <QTest>
+#include <QtWidgets>

@@ -1,4 +1,3 @@
 #pragma once
 #include "tests/support/test_pch.h"
-#include <QTest>
 #include <QtWidgets>

@@ -18,6 +18,7 @@ ColumnsBox::ColumnsBox(QWidget* parent)
     NameControl(this, QStringLiteral("UpDown"));
     NameControl(lineEdit(), QStringLiteral("Tb"));
     lineEdit()->setMaxLength(kMostDigits);
+    connect(lineEdit(), &QLineEdit::textChanged, this, qOverload<>(&QWidget::update)); // its arrows follow the number
 }
 
 QLineEdit* ColumnsBox::TextBox() const

@@ -5,6 +5,8 @@
 #include "tests/screen/descriptionForms.h"
 
 #include <QApplication>
+#include <QLineEdit>
+#include <QPaintEvent>
 
 namespace {
 
@@ -146,6 +148,47 @@ TEST_F(DescriptionForm, ArrowsStepWithinTheRange)
         Type(form, "Tb", "none");
         Key(Qt::Key_Down);
         EXPECT_EQ(TextOf(form, "Tb"), "60") << "from the last value that was one";
+        Click(form, "BtCancel");
+    });
+}
+
+/// Paints that reach a place of a control.
+class PaintsAt final : public QObject {
+public:
+    PaintsAt(QWidget& control, const QRect& place)
+        : place_(place)
+    {
+        control.installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            Count += static_cast<QPaintEvent*>(event)->region().intersects(place_) ? 1 : 0;
+        return false;
+    }
+    int Count = 0;
+
+private:
+    QRect place_;
+};
+
+TEST_F(DescriptionForm, ShowsWhichArrowsCanBeUsed)
+{
+    Run([&](FmDescription& form) {
+        QWidget& box = FindControl(form, "UpDown");
+        const int field = FindControl(form, "Tb").geometry().right() + 1;
+        const QRect arrows(field, 0, box.width() - field, box.height());
+        const auto picture = [&] { return box.grab(arrows).toImage(); };
+        QCoreApplication::processEvents();
+        const QImage both = picture();
+        PaintsAt paints(box, arrows);
+        for (const char* columns : { "40", "70" }) {
+            paints.Count = 0;
+            Find<QLineEdit>(form, "Tb").setText(columns);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(paints.Count, 1);
+            EXPECT_EQ(picture() == both, qstrcmp(columns, "70") == 0) << "the least one takes no step down";
+        }
         Click(form, "BtCancel");
     });
 }

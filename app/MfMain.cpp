@@ -73,6 +73,7 @@ void MfMain::BuildAreas()
 {
     MdiArea = new QMdiArea(this);
     MdiArea->setObjectName(QStringLiteral("MdiArea"));
+    MdiArea->setActivationOrder(QMdiArea::ActivationHistoryOrder); // behind one that closes the one before it is active
     MdiArea->viewport()->installEventFilter(this);
     MdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded); // a picture may be larger than the area
     MdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);

@@ -420,6 +420,21 @@ TEST_F(ScreenWindowForm, CommandClosesTheActiveOne)
     EXPECT_TRUE(frame->ChildArea()->subWindowList().isEmpty());
 }
 
+TEST_F(ScreenWindowForm, ClosingGivesWayToTheOneThatWasActiveBefore)
+{
+    Open();
+    const WindowId before = Open();
+    const WindowId other = Open();
+    frame->ChildArea()->setActiveSubWindow(&Child(before));
+    const WindowId last = Open();
+    EXPECT_TRUE(CloseWindow(last, true));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(WindowTable().Active, before);
+    EXPECT_TRUE(CloseWindow(before, true));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(WindowTable().Active, other);
+}
+
 TEST_F(ScreenWindowForm, CloseAllStopsAtTheFirstThatStays)
 {
     const WindowId live = Open(SubtypeLive);

@@ -36,8 +36,9 @@ FmDebug::FmDebug(const QString& function, QWidget* parent)
     connect(ignore, &QPushButton::clicked, this, [this] { Unload(); });
 
     QHBoxLayout* row = NewButtonRow({ abort, retry, ignore });
-    auto* form = new QVBoxLayout(this);
+    QVBoxLayout* form = NewFormColumn(this);
     form->addWidget(LbText1);
+    form->addSpacing(kFormMarginPx / 2);
     form->addLayout(row);
 }
 

@@ -12,7 +12,7 @@ namespace {
 /// The longest header of a fixed length, and more.
 constexpr size_t kHeadBytes = 256;
 
-/// A metafile that is larger holds something else.
+/// A metafile without the placeable header that is larger holds something else.
 constexpr size_t kMaxMetafileBytes = size_t{ 1 } << 28U;
 
 struct Recognised {
@@ -37,10 +37,11 @@ std::optional<Recognised> Recognise(ByteView head, uint64_t fileBytes)
     return Recognised{ Kind::Metafile, MetafileSize(head) };
 }
 
-bool MayBeMetafile(ByteView head)
+/// One without the placeable header, which alone would tell its size.
+bool MayBeBareMetafile(ByteView head)
 {
-    return head.size() >= tvpicture::kMetafileHeaderBytes
-        && (DoubleWord(head, 0) == tvpicture::kPlaceableKey || Word(head, 2) == tvpicture::kMetafileHeaderBytes / 2);
+    return head.size() >= tvpicture::kMetafileHeaderBytes && DoubleWord(head, 0) != tvpicture::kPlaceableKey
+        && Word(head, 2) == tvpicture::kMetafileHeaderBytes / 2;
 }
 
 } // namespace
@@ -55,8 +56,8 @@ std::optional<ScreenImageInfo> FileInfo(const char* path)
     if (file.Read(head, got) != 0)
         return std::nullopt;
     head.resize(got);
-    // The size of a metafile may hang on all of its records.
-    if (MayBeMetafile(head) && tvfile::ReadWholeFile(path, kMaxMetafileBytes, head) != 0)
+    // Its size may hang on all of its records.
+    if (MayBeBareMetafile(head) && tvfile::ReadWholeFile(path, kMaxMetafileBytes, head) != 0)
         return std::nullopt;
     return ContentInfo(head, file.Length());
 }

@@ -14,7 +14,8 @@ namespace tvimg {
 /// The size of a metafile is that which closed/pictures/metafile.h tells.
 std::optional<ScreenImageInfo> FileInfo(const char* path);
 
-/// The same for a file of `fileBytes` bytes that begins with `head`, which is all of it where it is a metafile.
+/// The same for a file of `fileBytes` bytes that begins with `head`, which is all of it where it is a metafile without
+/// the placeable header.
 std::optional<ScreenImageInfo> ContentInfo(ByteView head, uint64_t fileBytes);
 
 } // namespace tvimg

@@ -1,6 +1,8 @@
 // What kind of picture a file holds, and its size.
 #include "tests/closed/imgfixture.h"
 
+#include <filesystem>
+
 namespace {
 
 class ImgInfo : public ImgTest {
@@ -242,6 +244,15 @@ TEST_F(ImgInfo, TellsSizeOfLongMetafileByAllOfItsRecords)
     AddRecord(file, kSetWindowExtent, { 240, 320 });
     AddRecord(file, kEnd, {});
     EXPECT_EQ(Info(file), (ScreenImageInfo{ 4, 320, 240 }));
+}
+
+TEST_F(ImgInfo, TellsSizeOfPlaceableMetafileThatHoldsTheLargestPicture)
+{
+    const std::string path = Store(PlaceableFile({ 0, 0, 16384, 8192 }));
+    std::filesystem::resize_file(path, size_t{ 3 } * TVIMG_MAX_PIXELS + 1000); // a bitmap of 24 bits
+    ScreenImageInfo info{};
+    ASSERT_EQ(img.ImgGetFileInfo(path.c_str(), &info), 0);
+    EXPECT_EQ(info, (ScreenImageInfo{ 4, 16384, 8192 }));
 }
 
 TEST_F(ImgInfo, RefusesMetafileWithoutSize)

@@ -37,5 +37,7 @@ void DropOpenFiles(const QStringList& files)
     for (const QString& file : files) {
         if (IsKnown(file) && !OpenStartFile(file))
             return;
+        if (Program().Ended) // events have run: the user may not have waited for the others
+            return;
     }
 }

@@ -21,6 +21,6 @@ bool DropIsAllowed(const QStringList& files);
 /// The same for data of any other kind.
 bool DropIsAllowed(const QMimeData& data);
 
-/// Opens each file that passes the file test as the command line would; the first that fails ends it.
-/// Nothing while the program cannot act.
+/// Opens each file that passes the file test as the command line would; the first that fails ends it, and so does the
+/// end of the program between two of them. Nothing while the program cannot act.
 void DropOpenFiles(const QStringList& files);

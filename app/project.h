@@ -29,6 +29,7 @@ struct LastFileName {
 struct ProgramState {
     bool Started = false; ///< start-up has finished; its last steps
     bool CloseWished = false; ///< the system has asked the program to end, and it can't act yet; the frame
+    bool Ended = false; ///< the frame has closed: nothing new begins; ProjectUnload
     QString ProgramTitle; ///< title of messages and of the frame; start-up
     QString AppPath; ///< executable's folder, always ending in the separator; start-up
     QString CommandLine; ///< the arguments joined by blanks; start-up

@@ -115,6 +115,7 @@ bool ProjectInit(ProjectHost& host)
 {
     ProgramState& program = Program();
     program.Started = false;
+    program.Ended = false;
     program.NonModalDialogs = false;
     program.CommandLine = host.CommandLine();
     program.ProgramTitle = ProductTitle();
@@ -184,6 +185,7 @@ bool ProjectQueryUnload()
 
 void ProjectUnload(ProjectHost& host)
 {
+    Program().Ended = true;
     if (ModuleIsBound(Module::Channel))
         TvScpi().scpiDisconnect();
     host.RemoveKeyboardHook();

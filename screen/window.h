@@ -91,7 +91,7 @@ struct WindowSlot {
 };
 
 /// A slot for a new window: text 12711 when all are in use, question 12713 when the type has no document index left. It
-/// is asked once for all files that are opened together: who makes windows in another way calls MsgAskOnceReset before.
+/// is asked once for all files that are chosen together: who makes windows in another way calls MsgAskOnceReset before.
 /// A fresh slot has its type and index from here on. A window that is to give way keeps its index, and is otherwise
 /// left as it is until WindowInitialise.
 WindowSlot WindowAllocate(qint16 type, qint16 subtype);

@@ -224,6 +224,23 @@ TEST_F(Frame, TakesADropOfKnownFilesAndOpensThem)
     EXPECT_EQ(opened, (QStringList{ "a.tvm", "b.tvm" }));
 }
 
+TEST_F(Frame, OpensNoMoreDroppedFilesOnceItHasClosed)
+{
+    MfMain& main = Start();
+    QStringList opened;
+    TheProjectHooks().FileOpen = [&](const QString& path) {
+        opened.append(QFileInfo(path).fileName());
+        QTimer::singleShot(0, &main, [&main] { main.close(); }); // the user has not waited for the others
+        return true;
+    };
+    TheDropHooks().IsKnownFile = [](const QString&) { return true; };
+    Store(FilePath("a.tvm"), "x");
+    Store(FilePath("b.tvm"), "x");
+    DropOpenFiles({ FilePath("a.tvm"), FilePath("b.tvm") });
+    EXPECT_FALSE(main.isVisible());
+    EXPECT_EQ(opened, QStringList{ "a.tvm" });
+}
+
 TEST_F(Frame, RefusesADropWhileACommandRuns)
 {
     MfMain& main = Start();

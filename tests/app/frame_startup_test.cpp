@@ -486,6 +486,7 @@ TEST_F(Shutdown, GivesBackTheLinkThenTheHook)
     TvScpi().scpiDisconnect = [] { log->append(QStringLiteral("disconnect")); };
     ProjectUnload(host);
     EXPECT_EQ(host.Log, QStringList({ "disconnect", "unhook" }));
+    EXPECT_TRUE(Program().Ended);
 }
 
 TEST_F(Shutdown, GivesBackTheHookWithoutAChannel)

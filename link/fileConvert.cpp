@@ -117,7 +117,6 @@ private:
             return;
         }
         hooks_.Prepare(window);
-        documents.ToOwnSize(window);
         Save(source, window, isBatch);
         documents.Close(window);
     }
@@ -137,8 +136,11 @@ private:
         QString target = FileTargetPath(folder, source, state.TargetExtension);
         const Answer answer = AskToReplace(target, isBatch);
         stopped_ = answer == Answer::Stop;
+        if (answer != Answer::Save)
+            return;
         const bool isPicture = ImageKindOf(FileKindOf(target).Kind) != 0; // else nothing is written
-        if (answer == Answer::Save && FileSaveAs(target, window, true) && isPicture && !target.isEmpty())
+        TheFileDocumentHooks().ToOwnSize(window); // behind the question, which lets its window be drawn
+        if (FileSaveAs(target, window, true) && isPicture && !target.isEmpty())
             ++converted_;
     }
 

@@ -76,6 +76,17 @@ TEST_F(ConvertInFrame, TiledAndMaximisedWindowsLeaveThePixelsAlone)
     EXPECT_EQ(WindowCount(0), 2);
 }
 
+TEST_F(ConvertInFrame, WindowThatIsDrawnBehindAQuestionLeavesThePixelsAlone)
+{
+    const QString source = StorePicture("a.bmp", { 642, 442 });
+    Store(FilePath("out/a.png"), "old");
+    Open();
+    Item("MnWindowAutotile").trigger();
+    Answers().ExpectWhile(12734, Yes, [] { DrawScreenWindow(WindowTable().Active); });
+    Convert({ source });
+    EXPECT_EQ(Written("a.png"), Picture());
+}
+
 TEST_F(ConvertInFrame, UnsavedDocumentsStayAsTheyAre)
 {
     const WindowId mine = Open(SubtypeLive);

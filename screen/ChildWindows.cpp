@@ -82,7 +82,34 @@ void Tile(QSize room, const Children& children, bool stacked)
         children[at]->setGeometry(places[at]);
 }
 
-void LineUpIcons(QSize room, const Children& icons)
+/// What is seen of the area beside the scroll bars that these windows need. The bars themselves come only later.
+QSize RoomBesideBars(const QMdiArea& area, const Children& children)
+{
+    QRect extent;
+    for (const QMdiSubWindow* child : children)
+        extent |= child->geometry();
+    QSize room = area.maximumViewportSize();
+    if (extent.top() < 0 || extent.bottom() >= room.height())
+        room.rwidth() -= area.verticalScrollBar()->sizeHint().width();
+    if (extent.left() < 0 || extent.right() >= room.width())
+        room.rheight() -= area.horizontalScrollBar()->sizeHint().height();
+    return room;
+}
+
+/// Windows that grow beyond the area bring a scroll bar, which must cover neither the lowest row nor the icons.
+void TileInView(const QMdiArea& area, const Children& children, const Children& icons, bool stacked)
+{
+    QSize room = area.maximumViewportSize();
+    const QVector<QSize> iconSizes = SizesOf(icons);
+    Tile(RoomAboveIcons(iconSizes, room), children, stacked);
+    const int heightInView = RoomBesideBars(area, children).height();
+    if (heightInView == room.height())
+        return;
+    room.setHeight(heightInView);
+    Tile(RoomAboveIcons(iconSizes, room), children, stacked);
+}
+
+void LineUpIcons(const Children& icons, QSize room)
 {
     const QVector<QPoint> places = IconPlaces(SizesOf(icons), room);
     for (qsizetype at = 0; at < icons.size(); ++at)
@@ -105,14 +132,13 @@ void ArrangeChildWindows(QMdiArea& area, int code)
     const Children all = InTableOrder(area);
     const Children icons = Where(all, true);
     const Children windows = Where(all, false);
-    const QSize room = area.maximumViewportSize();
     area.viewport()->setUpdatesEnabled(false); // one picture of the result, none on the way there
     if (code == ArrangeCascade)
         Cascade(area, windows);
     else if (code == ArrangeIcons)
-        LineUpIcons(room, icons);
+        LineUpIcons(icons, RoomBesideBars(area, windows));
     else
-        Tile(RoomAboveIcons(SizesOf(icons), room), windows, code == ArrangeTileHorizontally);
+        TileInView(area, windows, icons, code == ArrangeTileHorizontally);
     area.viewport()->setUpdatesEnabled(true);
 }
 

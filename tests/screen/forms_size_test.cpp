@@ -279,6 +279,26 @@ TEST_F(ScreenWindowSize, TilingRestoresAMaximisedWindowAndLeavesMinimisedOnes)
         EXPECT_FALSE(Child(id).geometry().intersects(Child(ids[2]).geometry()));
 }
 
+TEST_F(ScreenWindowSize, TilingLeavesRoomForTheBarOfWindowsThatGrowBeyondTheArea)
+{
+    const QImage wide = Picture(QSize(900, 90));
+    const QVector<WindowId> ids{ Open(SubtypeFile, wide), Open(SubtypeFile, wide), Open() };
+    Child(ids[2]).showMinimized();
+    Item("MnWindowTileHoriz").trigger();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(frame->ChildArea()->horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(frame->ChildArea()->verticalScrollBar()->isVisible());
+    EXPECT_EQ(Child(ids[2]).geometry().bottom(), frame->ChildArea()->viewport()->rect().bottom());
+    for (const WindowId id : { ids[0], ids[1] })
+        EXPECT_FALSE(Child(id).geometry().intersects(Child(ids[2]).geometry()));
+    Item("MnWindowArrangeIcons").trigger();
+    EXPECT_EQ(Child(ids[2]).geometry().bottom(), frame->ChildArea()->viewport()->rect().bottom());
+    Child(ids[2]).close();
+    Item("MnWindowTileHoriz").trigger();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(frame->ChildArea()->verticalScrollBar()->isVisible());
+}
+
 TEST_F(ScreenWindowSize, AutoTileActsOnTwoWindowsAndNotOnOne)
 {
     Item("MnWindowAutotile").trigger();

@@ -1,5 +1,7 @@
 #include "screen/fit.h"
 
+#include "screen/pictureLimits.h"
+
 #include <QtMath>
 
 #include <algorithm>
@@ -29,6 +31,18 @@ public:
         return { std::max(qRound(width), 1), client.height() };
     }
 
+    /// What a window shows is what it saves, and takes as much memory: it is never larger than a picture may be.
+    QSize WithinLimits(QSize client) const
+    {
+        const double width = client.width();
+        const double height = std::max(client.height() - below_, 1);
+        if (IsAllowedPicture(client.width(), qint64(height)))
+            return client;
+        const double scale =
+            std::min({ TVIMG_MAX_SIDE / width, TVIMG_MAX_SIDE / height, qSqrt(kMostPicturePixels / (width * height)) });
+        return ByWidth(qFloor(width * scale));
+    }
+
 private:
     double ratio_;
     int below_;
@@ -49,14 +63,8 @@ QSize FitDragged(const FitInput& input, const Aspect& aspect, QSize client)
     return fitted.width() < least.width() || fitted.height() < least.height() ? least : fitted;
 }
 
-} // namespace
-
-QSize FitClient(const FitInput& input)
+QSize Fitted(const FitInput& input, const Aspect& aspect, QSize client)
 {
-    const QSize client = input.Client.expandedTo({ 1, 1 });
-    if (input.Master.isEmpty())
-        return client;
-    const Aspect aspect(input);
     switch (input.Arranging) {
     case ArrangeCascade:
         return client;
@@ -69,6 +77,17 @@ QSize FitClient(const FitInput& input)
     default:
         return FitDragged(input, aspect, client);
     }
+}
+
+} // namespace
+
+QSize FitClient(const FitInput& input)
+{
+    const QSize client = input.Client.expandedTo({ 1, 1 });
+    if (input.Master.isEmpty())
+        return client;
+    const Aspect aspect(input);
+    return aspect.WithinLimits(Fitted(input, aspect, client));
 }
 
 QSize GraphFor(QSize client, bool descriptionVisible, int descriptionTop)

@@ -26,8 +26,8 @@ struct FitInput {
     int Arranging = ArrangeNone;
 };
 
-/// The client size that the window takes, by the rules for a window in normal state. At least 1 by 1; a size that fits
-/// stays as it is.
+/// The client size that the window takes, by the rules for a window in normal state. At least 1 by 1, and at most such
+/// that the picture in it is within the limits of pictures; a size that fits stays as it is.
 ///
 /// Where the height leads, the width follows: height times aspect, and over a description or status panel the present
 /// width times the height over the height that this width needs. That step leaves the picture somewhat wider or

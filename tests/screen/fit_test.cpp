@@ -152,6 +152,18 @@ TEST(Fit, NothingBecomesSmallerThanAPixel)
     EXPECT_EQ(FitClient({ QSize(30000, 1), QSize(10, 10), QSize(10, 10), 0, 0, ArrangeTileVertically }), QSize(10, 1));
 }
 
+TEST(Fit, PictureStaysWithinTheLimitsOfPictures)
+{
+    const QSize strip(2000, 1);
+    EXPECT_EQ(FitClient({ strip, QSize(600, 280), strip, 0, 0, ArrangeTileHorizontally }), QSize(32767, 16));
+    EXPECT_EQ(FitClient({ strip, QSize(2000, 100), strip, 0, 0, ArrangeNone }), QSize(32767, 16));
+    const QSize line(1, 2000);
+    EXPECT_EQ(FitClient({ line, QSize(400, 2000), line, 0, 0, ArrangeNone }), QSize(16, 32000));
+    const QSize large(16384, 8192);
+    EXPECT_EQ(FitClient({ large, QSize(16390, 8192), large, 0, 0, ArrangeNone }), large);
+    EXPECT_EQ(FitClient({ large, large, large, 0, 0, ArrangeNone }), large);
+}
+
 TEST(Fit, DragKeepsATitleBarToTakeHoldOf)
 {
     EXPECT_EQ(FitClient(Dragged({ 0, 442 }, kMaster)), QSize(100, 69));

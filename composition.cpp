@@ -1,25 +1,27 @@
 // composition.cpp: the one place that sees every folder.
 #include "composition.h"
 
-#include "app/FmAbout.h"
-#include "app/FmHelp.h"
-#include "app/FmMessage.h"
-#include "app/Pictures.h"
-#include "app/PlatformSeams.h"
-#include "app/dropFiles.h"
-#include "app/help.h"
-#include "app/helpFile.h"
-#include "app/info.h"
-#include "app/lang.h"
-#include "app/project.h"
+#include "allSettings.h"
+#include "app/about/FmAbout.h"
+#include "app/about/info.h"
+#include "app/forms/Pictures.h"
+#include "app/frame/PlatformSeams.h"
+#include "app/frame/dropFiles.h"
+#include "app/help/FmHelp.h"
+#include "app/help/help.h"
+#include "app/help/helpFile.h"
+#include "app/message/FmMessage.h"
+#include "app/state/project.h"
+#include "app/text/lang.h"
 #include "link/bindLink.h"
-#include "link/connect.h"
-#include "link/file.h"
+#include "link/connection/connect.h"
+#include "link/documents/file.h"
 #include "lists/bindEditors.h"
-#include "print/allSettings.h"
 #include "screen/bindScreen.h"
 
 #include <QApplication>
+
+namespace tarvik {
 
 namespace {
 
@@ -53,3 +55,5 @@ void ComposeProgram()
     BindMessageForm();
     BindFolders();
 }
+
+} // namespace tarvik

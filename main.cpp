@@ -1,11 +1,13 @@
 // main.cpp: the program: composition, the frame, the message loop.
-#include "app/FmHelp.h"
-#include "app/MfMain.h"
-#include "app/closeSignal.h"
-#include "app/message.h"
+#include "app/frame/MfMain.h"
+#include "app/help/FmHelp.h"
+#include "app/message/message.h"
+#include "app/platform/closeSignal.h"
 #include "composition.h"
 
 #include <QApplication>
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

@@ -3,10 +3,10 @@
 #include "bench/firstPaint.h"
 #include "closed/loader.h"
 #include "composition.h"
-#include "link/model.h"
-#include "lists/FmEditorMemory.h"
-#include "lists/editorGeneral.h"
-#include "lists/limits.h"
+#include "link/classes/model.h"
+#include "lists/editor/editorGeneral.h"
+#include "lists/memory/FmEditorMemory.h"
+#include "lists/values/limits.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <vector>
+
+namespace tarvik {
 
 namespace {
 
@@ -81,6 +83,10 @@ std::vector<double> PageMs(FmEditorMemory& form)
 }
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

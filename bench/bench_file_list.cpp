@@ -3,8 +3,8 @@
 // ms.
 #include "closed/loader.h"
 #include "composition.h"
-#include "link/FileListWidget.h"
-#include "link/model.h"
+#include "link/classes/model.h"
+#include "link/control/FileListWidget.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -12,6 +12,8 @@
 
 #include <algorithm>
 #include <cstdio>
+
+namespace tarvik {
 
 namespace {
 
@@ -55,6 +57,10 @@ double MsUntilPainted(FileListWidget& view, Act act)
 }
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

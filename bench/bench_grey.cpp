@@ -1,10 +1,12 @@
 // The conversion to black and white beside a copy of the same bytes, on a picture of 1280 by 720.
-#include "screen/stretch.h"
+#include "screen/bitmap/stretch.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstring>
 #include <random>
+
+namespace tarvik {
 
 namespace {
 
@@ -55,3 +57,5 @@ BENCHMARK(GreyConvert)->Unit(benchmark::kMicrosecond);
 } // namespace
 
 BENCHMARK_MAIN();
+
+} // namespace tarvik

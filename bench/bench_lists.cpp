@@ -1,17 +1,19 @@
 // A memory list of 1024 entries between its table and its files: reading both forms, writing CSV. Takes the folder to
 // write in as its first argument. The binary file alone, and what its flush costs, is in store_bench.cpp.
-#include "app/message.h"
+#include "app/message/message.h"
 #include "closed/loader.h"
-#include "link/model.h"
-#include "lists/editorGeneral.h"
-#include "lists/limits.h"
-#include "lists/memoryList.h"
+#include "link/classes/model.h"
+#include "lists/editor/editorGeneral.h"
+#include "lists/memory/memoryList.h"
+#include "lists/values/limits.h"
 
 #include <QCoreApplication>
 
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
+
+namespace tarvik {
 
 namespace {
 
@@ -60,6 +62,10 @@ BENCHMARK(WriteCsv)->Unit(benchmark::kMicrosecond)->UseRealTime();
 BENCHMARK(ReadBinary)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

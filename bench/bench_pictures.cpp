@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <cstdio>
 
+namespace tarvik {
+
 namespace {
 
 constexpr int kScreens = 20;
@@ -68,6 +70,10 @@ bool Bare(const QStringList& arguments)
 }
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

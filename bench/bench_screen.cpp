@@ -1,17 +1,17 @@
 // bench/bench_screen.cpp: document windows in the whole frame: a PNG file to its painted window, beside the bare decode
 // of the same file; the redraw of a window of that size; the arranging of a hundred of them. Prints one JSON object
 // with ms: medians, and the slowest of the arrangements.
-#include "app/MfMain.h"
-#include "app/project.h"
+#include "app/frame/MfMain.h"
+#include "app/state/project.h"
 #include "bench/receiverScreen.h"
 #include "closed/loader.h"
 #include "composition.h"
-#include "link/file.h"
-#include "screen/arrange.h"
-#include "screen/closing.h"
-#include "screen/fit.h"
-#include "screen/palette.h"
-#include "screen/view.h"
+#include "link/documents/file.h"
+#include "screen/document/fit.h"
+#include "screen/document/view.h"
+#include "screen/window/arrange.h"
+#include "screen/window/closing.h"
+#include "screen/window/palette.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -24,6 +24,8 @@
 #include <vector>
 
 #include <png.h>
+
+namespace tarvik {
 
 namespace {
 
@@ -192,6 +194,10 @@ void BenchHundredWindows(ScreenBench& bench)
 }
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

@@ -10,6 +10,8 @@
 #include <sys/resource.h>
 #include <utility>
 
+namespace tarvik {
+
 FirstPaint::FirstPaint(QWidget& window, std::function<void()> painted)
     : window_(window)
     , painted_(std::move(painted))
@@ -41,3 +43,5 @@ void ReportStart(qint64 withoutNs)
     std::fflush(stdout);
     std::_Exit(EXIT_SUCCESS);
 }
+
+} // namespace tarvik

@@ -5,6 +5,8 @@
 
 #include <functional>
 
+namespace tarvik {
+
 /// Calls `painted` once, from the message loop, when `window` has been shown and its first picture is complete.
 class FirstPaint final : public QObject {
     Q_OBJECT
@@ -24,3 +26,5 @@ private:
 
 /// The clock of CLOCK_MONOTONIC in ns.
 qint64 MonotonicNs();
+
+} // namespace tarvik

@@ -15,6 +15,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace tarvik {
+
 namespace {
 
 std::array<char, kMoveBytes> buffer;
@@ -279,3 +281,5 @@ bool MoveToFile(int socket, const std::string& path, uint64_t bytes)
     }
     return ::close(file) == 0 && bytes == 0;
 }
+
+} // namespace tarvik

@@ -6,6 +6,8 @@
 #include <string>
 #include <sys/types.h>
 
+namespace tarvik {
+
 /// What the bare ways and the peer move at once, in bytes.
 inline constexpr size_t kMoveBytes = size_t{ 256 } << 10;
 
@@ -31,3 +33,5 @@ bool MoveToFile(int socket, const std::string& path, uint64_t bytes);
 
 /// Sends all of `text`.
 bool SendText(int socket, const std::string& text);
+
+} // namespace tarvik

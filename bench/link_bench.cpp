@@ -16,6 +16,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+namespace tarvik {
+
 namespace {
 
 constexpr uint64_t kFileBytes = uint64_t{ 64 } << 20;
@@ -249,6 +251,10 @@ void Print(const Figures& figures)
 }
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <random>
 
+namespace tarvik {
+
 namespace {
 
 constexpr int kWidth = kReceiverScreen.width();
@@ -100,3 +102,5 @@ QImage ReceiverScreen(unsigned number)
 {
     return Screen(number).Draw();
 }
+
+} // namespace tarvik

@@ -1,6 +1,6 @@
 // bench/start_bare.cpp: the yardstick of the start: a bare main window with a child window area, as many menus and a
 // tool bar with as many buttons, and nothing behind them.
-#include "app/menu.h"
+#include "app/frame/menu.h"
 #include "bench/firstPaint.h"
 
 #include <QAction>
@@ -11,6 +11,8 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
+
+namespace tarvik {
 
 namespace {
 
@@ -35,6 +37,10 @@ void AddToolBar(QMainWindow& window)
 }
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

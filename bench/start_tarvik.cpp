@@ -1,11 +1,13 @@
 // bench/start_tarvik.cpp: the program's start to the first picture of its frame. What the logo takes is left out: its
 // timer ends it at once, and the time between its appearance and its end is taken off.
-#include "app/MfMain.h"
-#include "app/seams.h"
+#include "app/frame/MfMain.h"
+#include "app/platform/seams.h"
 #include "bench/firstPaint.h"
 #include "composition.h"
 
 #include <QApplication>
+
+namespace tarvik {
 
 namespace {
 
@@ -25,6 +27,10 @@ public:
 };
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

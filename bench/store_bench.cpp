@@ -11,6 +11,8 @@
 #include <unistd.h>
 #include <vector>
 
+namespace tarvik {
+
 namespace {
 
 TvFioApi fio;
@@ -114,6 +116,10 @@ BENCHMARK(BareReplace)->Unit(benchmark::kMicrosecond)->UseRealTime();
 BENCHMARK(BareReplaceToLast)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

@@ -10,6 +10,8 @@
 #include <link.h>
 #endif
 
+namespace tarvik {
+
 namespace {
 
 constexpr int kModuleCount = 6;
@@ -208,3 +210,5 @@ std::optional<FileVersion> ReadFileVersion(const QString& path)
     std::memcpy(&record, bytes.constData() + at, sizeof record);
     return FileVersion{ VersionText(record.FileVersion), VersionText(record.ProductVersion) };
 }
+
+} // namespace tarvik

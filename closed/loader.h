@@ -13,6 +13,8 @@
 #include <array>
 #include <optional>
 
+namespace tarvik {
+
 /// The modules, in the order in which the start-up checks them; the picture module is never checked at start.
 enum class Module { General, Language, Channel, ListStore, Traces, Pictures };
 
@@ -50,3 +52,5 @@ struct FileVersion {
     QString Product;
 };
 std::optional<FileVersion> ReadFileVersion(const QString& path);
+
+} // namespace tarvik

@@ -1,5 +1,5 @@
 // Puts the seal behind a finished help book, by which the program tells whether it is whole.
-#include "app/helpSeal.h"
+#include "app/help/helpSeal.h"
 
 #include <QFile>
 
@@ -13,7 +13,7 @@ int main(int argc, char** argv)
         std::fputs("usage: tarvik_sealbook BOOK\n", stderr);
         return EXIT_FAILURE;
     }
-    const QByteArray seal = HelpSeal(book.readAll());
+    const QByteArray seal = tarvik::HelpSeal(book.readAll());
     const bool isWritten = book.seek(book.size()) && book.write(seal) == seal.size() && book.flush();
     return isWritten ? EXIT_SUCCESS : EXIT_FAILURE;
 }

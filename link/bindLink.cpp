@@ -1,19 +1,21 @@
 #include "link/bindLink.h"
 
-#include "app/commands.h"
-#include "app/help.h"
-#include "app/project.h"
-#include "app/statusBar.h"
-#include "link/FmConnect.h"
-#include "link/FmConnecting.h"
-#include "link/FmControlGeneral.h"
-#include "link/FmFileConvert.h"
-#include "link/connect.h"
-#include "link/fileDialogs.h"
-#include "link/fileSave.h"
-#include "link/model.h"
+#include "app/frame/commands.h"
+#include "app/help/help.h"
+#include "app/state/project.h"
+#include "app/state/statusBar.h"
+#include "link/classes/model.h"
+#include "link/connection/FmConnect.h"
+#include "link/connection/FmConnecting.h"
+#include "link/connection/connect.h"
+#include "link/control/FmControlGeneral.h"
+#include "link/documents/FmFileConvert.h"
+#include "link/documents/fileDialogs.h"
+#include "link/documents/fileSave.h"
 
 #include <QApplication>
+
+namespace tarvik {
 
 namespace {
 
@@ -76,3 +78,5 @@ void BindLink()
     BindFiles();
     BindFileControl();
 }
+
+} // namespace tarvik

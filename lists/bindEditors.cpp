@@ -1,12 +1,14 @@
 #include "lists/bindEditors.h"
 
-#include "app/commands.h"
-#include "link/file.h"
-#include "link/model.h"
-#include "lists/FmEditorMemory.h"
-#include "lists/editorGeneral.h"
+#include "app/frame/commands.h"
+#include "link/classes/model.h"
+#include "link/documents/file.h"
+#include "lists/editor/editorGeneral.h"
+#include "lists/memory/FmEditorMemory.h"
 
 #include <QApplication>
+
+namespace tarvik {
 
 namespace {
 
@@ -36,3 +38,5 @@ void BindListEditors()
         return OpenListFile(path, show) != FileClassUnknown;
     };
 }
+
+} // namespace tarvik

@@ -1,25 +1,25 @@
 #include "screen/bindScreen.h"
 
-#include "app/MfMain.h"
-#include "app/commands.h"
-#include "app/menu.h"
-#include "app/project.h"
-#include "link/controlGeneral.h"
-#include "screen/ChildWindows.h"
-#include "screen/FmDescription.h"
-#include "screen/FmPalette.h"
-#include "screen/FmScreenShotViewer.h"
-#include "screen/FmSelectWindow.h"
-#include "screen/MfScreen.h"
-#include "screen/arrange.h"
-#include "screen/closing.h"
-#include "screen/description.h"
-#include "screen/descriptionEdit.h"
-#include "screen/documentFiles.h"
-#include "screen/fit.h"
-#include "screen/screenShot.h"
-#include "screen/screenTable.h"
-#include "screen/screenWindow.h"
+#include "app/frame/MfMain.h"
+#include "app/frame/commands.h"
+#include "app/frame/menu.h"
+#include "app/state/project.h"
+#include "link/control/controlGeneral.h"
+#include "screen/document/description.h"
+#include "screen/document/fit.h"
+#include "screen/document/screenTable.h"
+#include "screen/files/FmScreenShotViewer.h"
+#include "screen/files/documentFiles.h"
+#include "screen/files/screenShot.h"
+#include "screen/window/ChildWindows.h"
+#include "screen/window/FmDescription.h"
+#include "screen/window/FmPalette.h"
+#include "screen/window/FmSelectWindow.h"
+#include "screen/window/MfScreen.h"
+#include "screen/window/arrange.h"
+#include "screen/window/closing.h"
+#include "screen/window/descriptionEdit.h"
+#include "screen/window/screenWindow.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -28,6 +28,8 @@
 #include <QPointer>
 
 #include <tuple>
+
+namespace tarvik {
 
 namespace {
 
@@ -160,3 +162,5 @@ void BindScreen()
     TheScreenWindowHooks().SelectWindows = SelectWindows;
     TheControlHooks().ShowScreenShot = [](const QString& path, int) { ShowScreenShot(path); };
 }
+
+} // namespace tarvik

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tarvik {
+
 namespace {
 
 /// A program folder of the test's own, into which it puts modules.
@@ -177,3 +179,5 @@ TEST_F(Loader, VersionRecordThatIsCutOffIsNone)
     EXPECT_TRUE(ReadFileVersion(Folder() + QStringLiteral("whole")).has_value());
     EXPECT_FALSE(ReadFileVersion(Folder() + QStringLiteral("cut")).has_value());
 }
+
+} // namespace tarvik

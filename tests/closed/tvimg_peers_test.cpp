@@ -1,7 +1,7 @@
 // Other programs as judges: what they write is read here to the pixels that they read themselves, and what is written
 // here they read to the same pixels.
-#include "screen/bitmapReader.h"
-#include "screen/pictureFile.h"
+#include "screen/bitmap/bitmapReader.h"
+#include "screen/files/pictureFile.h"
 #include "tests/closed/imgfixture.h"
 
 #include <QProcess>
@@ -116,8 +116,8 @@ protected:
     [[nodiscard]] Picture DecodeBitmap(const FileBytes& file) const
     {
         const ScreenImageInfo info = Info(file);
-        const std::optional<QImage> image =
-            ReadBitmap({ reinterpret_cast<const char*>(file.data()), static_cast<qsizetype>(file.size()) }, Qt::white);
+        const std::optional<QImage> image = tarvik::ReadBitmap(
+            { reinterpret_cast<const char*>(file.data()), static_cast<qsizetype>(file.size()) }, Qt::white);
         if (!image || image->width() != info.Width || image->height() != info.Height)
             return {};
         return Picture::From(info.Width, info.Height, [&](int x, int y) { return image->pixel(x, y); });
@@ -305,7 +305,7 @@ TEST_P(ImgOurs, BitmapIsReadByThemAsWritten)
     Picture picture = Sample(GetParam());
     const QImage image(
         reinterpret_cast<const uchar*>(picture.Context().Pixels), picture.Width, picture.Height, QImage::Format_RGB32);
-    ASSERT_TRUE(EncodePicture(QString::fromStdString(Path("v.bmp")), ImageBitmap, image));
+    ASSERT_TRUE(tarvik::EncodePicture(QString::fromStdString(Path("v.bmp")), tarvik::ImageBitmap, image));
     EXPECT_EQ(ByImageMagick("v.bmp"), Levels(picture));
     EXPECT_EQ(ByNetpbm("v.bmp", Levels(picture).size()), Levels(picture));
 }

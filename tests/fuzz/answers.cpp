@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <cstring>
 
+namespace tarvik {
+
 namespace {
 
 using namespace tvscpi;
@@ -151,3 +153,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     scpi.scpiDisconnect();
     return 0;
 }
+
+} // namespace tarvik

@@ -1,8 +1,12 @@
 #include "closed/tvfio/antennalist.h"
 #include "tests/fuzz/liststore.h"
 
+namespace tarvik {
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     FuzzList<tvfio::AntennaList>({ data, size });
     return 0;
 }
+
+} // namespace tarvik

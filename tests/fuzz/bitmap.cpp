@@ -1,9 +1,11 @@
 // The bitmap reader on any bytes. What it takes has the size of its header and no transparent pixel.
-#include "screen/bitmapReader.h"
+#include "screen/bitmap/bitmapReader.h"
 
-#include "screen/dib.h"
+#include "screen/bitmap/dib.h"
 
 #include <cstdlib>
+
+namespace tarvik {
 
 namespace {
 
@@ -34,3 +36,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     Require(picture->format() == QImage::Format_RGB32);
     return 0;
 }
+
+} // namespace tarvik

@@ -1,13 +1,15 @@
 // The CSV reader on any bytes: header and rows of a memory list. What it takes must come back from what it writes.
-#include "lists/csv.h"
-#include "app/message.h"
+#include "lists/editor/csv.h"
+#include "app/message/message.h"
 #include "closed/loader.h"
-#include "link/model.h"
-#include "lists/editorGeneral.h"
-#include "lists/limits.h"
-#include "lists/memoryList.h"
+#include "link/classes/model.h"
+#include "lists/editor/editorGeneral.h"
+#include "lists/memory/memoryList.h"
+#include "lists/values/limits.h"
 
 #include <cstdlib>
+
+namespace tarvik {
 
 namespace {
 
@@ -50,3 +52,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     Require(MemoryListCsv(again) == MemoryListCsv(table));
     return 0;
 }
+
+} // namespace tarvik

@@ -1,8 +1,10 @@
 // Any bytes as a settings file: they come back as they were, and what is set is found again.
-#include "app/ini.h"
-#include "app/iniFile.h"
+#include "app/settings/ini.h"
+#include "app/settings/iniFile.h"
 
 #include <cstdlib>
+
+namespace tarvik {
 
 namespace {
 
@@ -49,3 +51,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     SetAndFind(file, QStringLiteral("Other"), QStringLiteral("Key"), value);
     return 0;
 }
+
+} // namespace tarvik

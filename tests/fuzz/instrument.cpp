@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+namespace tarvik {
+
 namespace {
 
 constexpr std::uint64_t kDiskBytes = 64 * 1024;
@@ -105,3 +107,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     Converse(bench, bytes);
     return 0;
 }
+
+} // namespace tarvik

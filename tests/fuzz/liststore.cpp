@@ -2,6 +2,8 @@
 #include "closed/tvfio/container.h"
 #include "closed/tvfio/crc32.h"
 
+namespace tarvik {
+
 extern "C" size_t LLVMFuzzerMutate(uint8_t* data, size_t size, size_t maxSize);
 
 namespace {
@@ -20,3 +22,5 @@ extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t max
     tvfio::PutInt(data + 16, tvfio::Crc32(file.subspan(tvfio::kHeaderBytes), tvfio::Crc32(file.first(16))));
     return mutated;
 }
+
+} // namespace tarvik

@@ -5,6 +5,8 @@
 
 #include <cstdlib>
 
+namespace tarvik {
+
 /// A refused file leaves an empty list; an accepted one saves to bytes that load as the same list.
 template <typename List>
 void FuzzList(tvfio::ByteView file)
@@ -19,3 +21,5 @@ void FuzzList(tvfio::ByteView file)
     if (tvfio::LoadBytes<List>(saved) != tvfio::FioStatus::Ok || List::Current().Encode() != saved)
         std::abort();
 }
+
+} // namespace tarvik

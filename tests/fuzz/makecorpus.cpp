@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <filesystem>
 
+namespace tarvik {
+
 using namespace tvfio;
 
 namespace {
@@ -36,6 +38,10 @@ bool SaveFamily(const std::filesystem::path& folder)
 }
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

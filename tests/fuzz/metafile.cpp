@@ -1,13 +1,15 @@
 // The metafile reader on any bytes. A picture that it paints must have the size that was told for it, and come back
 // from what the writer makes of it.
-#include "screen/metafileReader.h"
+#include "screen/metafile/metafileReader.h"
 
 #include "closed/pictures/metafile.h"
-#include "screen/metafileWriter.h"
+#include "screen/metafile/metafileWriter.h"
 
 #include <QGuiApplication>
 
 #include <cstdlib>
+
+namespace tarvik {
 
 namespace {
 
@@ -47,3 +49,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     Require(again && *again == *picture);
     return 0;
 }
+
+} // namespace tarvik

@@ -3,6 +3,8 @@
 
 #include <cstdlib>
 
+namespace tarvik {
+
 namespace {
 
 void Demand(bool condition)
@@ -30,3 +32,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     }
     return 0;
 }
+
+} // namespace tarvik

@@ -3,6 +3,8 @@
 
 #include <cstdlib>
 
+namespace tarvik {
+
 namespace {
 
 void Demand(bool condition)
@@ -29,3 +31,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     DemandSoundInfo({ data, size }, kLarge);
     return 0;
 }
+
+} // namespace tarvik

@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <string_view>
 
+namespace tarvik {
+
 namespace {
 
 using namespace tvimg;
@@ -99,3 +101,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     Try(FileOf({ data, size }));
     return 0;
 }
+
+} // namespace tarvik

@@ -1,24 +1,47 @@
 #include "tests/layers/includes.h"
 
+#include "tests/layers/sourceText.h"
+
 #include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iterator>
 #include <optional>
-#include <regex>
 
 namespace {
 
-/// Lowest first. Files at the root compose the program and stand above all of them.
-constexpr std::array<std::string_view, 7> kFolders{ "closed", "app", "link", "screen", "lists", "print", "tools" };
-
-struct Include {
-    std::string Name;
-    bool Quoted = false;
-    int Line = 0;
+/// A top folder and its rooms, lowest first. A floor without rooms is not looked into.
+struct Floor {
+    std::string_view Name;
+    std::vector<std::string_view> Rooms;
 };
+
+/// Lowest first. What lies in a floor outside of its rooms binds them and is above them; files at the root compose the
+/// program and are above all floors.
+const std::vector<Floor>& Floors()
+{
+    static const std::vector<Floor> floors{
+        { "closed", {} },
+        { "app", { "platform", "text", "values", "state", "settings", "forms", "message", "help", "about", "frame" } },
+        { "link", { "classes", "channel", "connection", "files", "transfer", "documents", "control" } },
+        { "screen", { "bitmap", "metafile", "document", "window", "diagram", "files" } },
+        { "lists", { "values", "editor", "memory", "suppress", "antenna", "kfactor", "correction" } },
+        { "print", { "printer", "page", "preview" } },
+        { "tools", {} },
+    };
+    return floors;
+}
+
+/// Editors reach each other through the table of editors only.
+constexpr std::array<std::string_view, 5> kEditorRooms{ "lists/memory", "lists/suppress", "lists/antenna",
+    "lists/kfactor", "lists/correction" };
+
+std::string FolderOf(const std::string& path)
+{
+    const size_t slash = path.rfind('/');
+    return slash == std::string::npos ? std::string() : path.substr(0, slash);
+}
 
 std::string FirstFolder(const std::string& path)
 {
@@ -26,36 +49,32 @@ std::string FirstFolder(const std::string& path)
     return slash == std::string::npos ? std::string() : path.substr(0, slash);
 }
 
-/// Place in the order; the root's own files come last, nothing for a folder that is not ordered.
-std::optional<size_t> Rank(const std::string& path)
+/// Place in the order: floor, then room. Nothing for a folder that is not ordered.
+std::optional<std::pair<size_t, size_t>> Rank(const std::string& path)
 {
-    const std::string folder = FirstFolder(path);
-    if (folder.empty())
-        return kFolders.size();
-    const auto* const at = std::find(kFolders.begin(), kFolders.end(), folder);
-    if (at == kFolders.end())
+    const auto& floors = Floors();
+    const std::string first = FirstFolder(path);
+    if (first.empty())
+        return std::pair(floors.size(), size_t{ 0 });
+    const auto floor = std::find_if(floors.begin(), floors.end(), [&](const Floor& one) { return one.Name == first; });
+    if (floor == floors.end())
         return std::nullopt;
-    return static_cast<size_t>(at - kFolders.begin());
+    const auto rank = static_cast<size_t>(floor - floors.begin());
+    const std::string folder = FolderOf(path);
+    if (floor->Rooms.empty() || folder == first)
+        return std::pair(rank, floor->Rooms.size());
+    const auto room = std::find(floor->Rooms.begin(), floor->Rooms.end(), folder.substr(first.size() + 1));
+    if (room == floor->Rooms.end())
+        return std::nullopt;
+    return std::pair(rank, static_cast<size_t>(room - floor->Rooms.begin()));
 }
 
-std::vector<Include> IncludesOf(const std::string& text)
+bool IsEditorRoom(const std::string& folder)
 {
-    static const std::regex directive(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
-    std::vector<Include> includes;
-    std::string::size_type start = 0;
-    for (int number = 1; start < text.size(); ++number) {
-        const auto end = std::min(text.find('\n', start), text.size());
-        std::smatch match;
-        const std::string line = text.substr(start, end - start);
-        if (std::regex_search(line, match, directive))
-            includes.push_back({ match[2], match[1] == "\"", number });
-        start = end + 1;
-    }
-    return includes;
+    return std::find(kEditorRooms.begin(), kEditorRooms.end(), folder) != kEditorRooms.end();
 }
 
-/// A header and its source file are one module.
-std::string ModuleOf(const std::string& path)
+std::string WithoutExtension(const std::string& path)
 {
     return path.substr(0, path.rfind('.'));
 }
@@ -68,7 +87,8 @@ std::string Place(const std::string& path, const Include& include)
 class LayerCheck {
 public:
     LayerCheck(const SourceTree& tree, const LayerRules& rules)
-        : rules_(rules)
+        : tree_(tree)
+        , rules_(rules)
     {
         for (const auto& [path, text] : tree)
             includes_[path] = IncludesOf(text);
@@ -76,18 +96,28 @@ public:
 
     std::vector<std::string> Run()
     {
+        CheckPlaces();
         CheckDirections();
         CheckWidgets();
+        TieModules();
         CheckCircles();
         return findings_;
     }
 
 private:
+    void CheckPlaces()
+    {
+        for (const auto& [path, includes] : includes_) {
+            if (!Rank(path))
+                findings_.push_back(path + " lies in no room");
+        }
+    }
+
     void CheckDirections()
     {
         for (const auto& [path, includes] : includes_) {
             for (const Include& include : includes) {
-                if (include.Quoted)
+                if (include.Quoted && !include.Name.ends_with(".moc"))
                     CheckDirection(path, include);
             }
         }
@@ -95,15 +125,16 @@ private:
 
     void CheckDirection(const std::string& path, const Include& include)
     {
-        if (include.Name.ends_with(".moc"))
-            return;
         const auto from = Rank(path);
         const auto to = Rank(include.Name);
         const bool fromRoot = FirstFolder(include.Name).empty() && includes_.contains(include.Name);
         if (!to || (FirstFolder(include.Name).empty() && !fromRoot))
             findings_.push_back(Place(path, include) + " does not start at an ordered folder");
-        else if (*to > *from)
+        else if (from && *to > *from)
             findings_.push_back(Place(path, include) + " points up");
+        else if (FolderOf(path) != FolderOf(include.Name) && IsEditorRoom(FolderOf(path))
+            && IsEditorRoom(FolderOf(include.Name)))
+            findings_.push_back(Place(path, include) + " reaches into another editor's room");
     }
 
     void CheckWidgets()
@@ -132,13 +163,59 @@ private:
             || rules_.WidgetHeaders.contains(name);
     }
 
+    /// Joins each source with the headers among its includes whose functions it defines.
+    void TieModules()
+    {
+        std::map<std::string, ScopeNames> names;
+        for (const auto& [path, text] : tree_)
+            names[path] = NamesAtNamespaceScope(text);
+        for (const auto& [path, includes] : includes_) {
+            if (path.ends_with(".h") || path.starts_with("closed/"))
+                continue;
+            const std::string own = WithoutExtension(path) + ".h";
+            for (const Include& include : includes) {
+                if (include.Name != own && names.contains(include.Name)
+                    && Defines(names[path], names[include.Name], names[own]))
+                    Join(WithoutExtension(path), WithoutExtension(include.Name));
+            }
+        }
+    }
+
+    /// True if `source` defines something of `header` that its own header does not have.
+    static bool Defines(const ScopeNames& source, const ScopeNames& header, const ScopeNames& own)
+    {
+        const auto fills = [](const std::set<std::string>& done, const std::set<std::string>& asked,
+                               const std::set<std::string>& known) {
+            return std::any_of(done.begin(), done.end(),
+                [&](const std::string& name) { return asked.contains(name) && !known.contains(name); });
+        };
+        return fills(source.Defined, header.Declared, own.Declared) || fills(source.MembersOf, header.Types, own.Types);
+    }
+
+    std::string ModuleOf(const std::string& path) const
+    {
+        std::string name = path;
+        for (auto found = joined_.find(name); found != joined_.end(); found = joined_.find(name))
+            name = found->second;
+        return name;
+    }
+
+    void Join(const std::string& source, const std::string& header)
+    {
+        const std::string from = ModuleOf(source);
+        const std::string to = ModuleOf(header);
+        if (from != to)
+            joined_[from] = to;
+    }
+
     void CheckCircles()
     {
         for (const auto& [path, includes] : includes_) {
+            const std::string module = ModuleOf(WithoutExtension(path));
             for (const Include& include : includes) {
-                const bool sameFolder = FirstFolder(path) == FirstFolder(include.Name);
-                if (include.Quoted && sameFolder && ModuleOf(path) != ModuleOf(include.Name))
-                    neighbours_[ModuleOf(path)].insert(ModuleOf(include.Name));
+                const std::string next = ModuleOf(WithoutExtension(include.Name));
+                if (include.Quoted && module != next && !path.starts_with("closed/"))
+                    neighbours_[module].insert(next);
             }
         }
         for (const auto& [module, unused] : neighbours_) {
@@ -169,8 +246,10 @@ private:
         road.pop_back();
     }
 
+    const SourceTree& tree_;
     const LayerRules& rules_;
     std::map<std::string, std::vector<Include>> includes_;
+    std::map<std::string, std::string> joined_;
     std::map<std::string, std::set<std::string>> neighbours_;
     std::set<std::string> visited_;
     std::vector<std::string> findings_;
@@ -203,8 +282,8 @@ SourceTree ReadSourceTree(const std::string& root)
         if (entry.is_regular_file() && IsSource(entry.path()))
             AddFile(tree, root, entry.path());
     }
-    for (const std::string_view folder : kFolders) {
-        for (const auto& entry : fs::recursive_directory_iterator(fs::path(root) / folder)) {
+    for (const Floor& floor : Floors()) {
+        for (const auto& entry : fs::recursive_directory_iterator(fs::path(root) / floor.Name)) {
             if (entry.is_regular_file() && IsSource(entry.path()))
                 AddFile(tree, root, entry.path());
         }

@@ -1,4 +1,5 @@
-// tests/layers/includes.h: reads the includes of a source tree and tells which of them break the order of the folders.
+// tests/layers/includes.h: reads the includes of a source tree and tells which of them break the order of floors and
+// rooms.
 #pragma once
 
 #include <map>
@@ -15,8 +16,13 @@ struct LayerRules {
     std::set<std::string> WidgetHeaders; ///< names of headers that only forms may include
 };
 
-/// One line for each include that points up, does not start at a folder of the tree, brings a widget into a module
-/// (directly or through headers of the tree), or closes a circle within a folder. Empty for a tree in order.
+/// One line for each finding; empty for a tree in order. Found are:
+/// - an include that points up, or from one list editor's room into another's;
+/// - an include that does not start at a folder of the tree;
+/// - a file in a folder of a floor that is no room;
+/// - an include that brings a widget into a module, directly or through headers of the tree;
+/// - a circle of modules. A module is a header and its source; a source that defines functions of further headers ties
+///   them into one module, so that what it includes counts for all of them.
 std::vector<std::string> FindBrokenLayers(const SourceTree& tree, const LayerRules& rules);
 
 /// Reads the sources of the folders that are ordered, and those at the root.

@@ -1,16 +1,18 @@
-#include "app/commands.h"
-#include "app/help.h"
-#include "app/lang.h"
-#include "app/project.h"
-#include "app/seams.h"
+#include "app/frame/commands.h"
+#include "app/help/help.h"
+#include "app/platform/seams.h"
+#include "app/state/project.h"
+#include "app/text/lang.h"
 #include "link/bindLink.h"
-#include "link/connect.h"
+#include "link/connection/connect.h"
 #include "tests/support/fakeChannel.h"
 #include "tests/support/forms.h"
 
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
+
+namespace tarvik {
 
 namespace {
 
@@ -102,3 +104,5 @@ TEST_F(BoundLink, HelpIsRefusedWhileAConnectRuns)
     ShowHelp(10301);
     EXPECT_EQ(topics, 1);
 }
+
+} // namespace tarvik

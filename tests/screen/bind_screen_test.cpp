@@ -1,13 +1,15 @@
 // What the composition binds for documents: openers, commands, capture.
-#include "app/lang.h"
-#include "link/file.h"
-#include "screen/compose.h"
-#include "screen/descriptionEdit.h"
-#include "tests/screen/screenForms.h"
+#include "app/text/lang.h"
+#include "link/documents/file.h"
+#include "screen/document/compose.h"
+#include "screen/window/descriptionEdit.h"
+#include "tests/screen/screen_form_fixture.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+
+namespace tarvik {
 
 namespace {
 
@@ -71,3 +73,5 @@ TEST_F(BoundScreen, CaptureWithoutAnInstrumentDoesNothing)
     EXPECT_EQ(WindowCount(0), 0);
     EXPECT_TRUE(CanAct());
 }
+
+} // namespace tarvik

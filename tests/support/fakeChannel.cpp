@@ -1,12 +1,14 @@
 #include "tests/support/fakeChannel.h"
 
-#include "app/ansi.h"
+#include "app/text/ansi.h"
 #include "closed/loader.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <cstring>
+
+namespace tarvik {
 
 namespace {
 
@@ -242,3 +244,5 @@ ChannelStatus FakeChannel::Take(const QString& operation, const QStringList& arg
     prepared.erase(prepared.begin());
     return status;
 }
+
+} // namespace tarvik

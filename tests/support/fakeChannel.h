@@ -2,13 +2,15 @@
 // operation answers what the test prepared.
 #pragma once
 
-#include "link/channel.h"
+#include "link/channel/channel.h"
 
 #include <QStringList>
 
 #include <functional>
 #include <map>
 #include <vector>
+
+namespace tarvik {
 
 /// Stands in the channel's place while it lives. One at a time.
 ///
@@ -53,3 +55,5 @@ private:
     std::map<QString, std::vector<ChannelStatus>> answers_;
     size_t nextRow_ = 0;
 };
+
+} // namespace tarvik

@@ -1,9 +1,11 @@
 // tests/support/fakeDialog.h: a dialog without a window, to test what the stack does with forms.
 #pragma once
 
-#include "app/dialog.h"
+#include "app/forms/dialog.h"
 
 #include <functional>
+
+namespace tarvik {
 
 class FakeDialog final : public DialogForm {
 public:
@@ -56,3 +58,5 @@ public:
         Busy = busy;
     }
 };
+
+} // namespace tarvik

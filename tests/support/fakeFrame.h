@@ -1,9 +1,11 @@
 // tests/support/fakeFrame.h: what a frame would show, written down.
 #pragma once
 
-#include "app/frameHooks.h"
+#include "app/state/frameHooks.h"
 
 #include <QStringList>
+
+namespace tarvik {
 
 class FakeFrame {
 public:
@@ -38,3 +40,5 @@ public:
     QString Status;
     QStringList Log; ///< calls in their order
 };
+
+} // namespace tarvik

@@ -1,12 +1,14 @@
 // tests/support/fakeView.h: document windows without a form: what they were told is written down.
 #pragma once
 
-#include "app/project.h"
-#include "screen/view.h"
+#include "app/state/project.h"
+#include "screen/document/view.h"
 
 #include <QStringList>
 
 #include <array>
+
+namespace tarvik {
 
 class FakeView final : public ScreenView {
 public:
@@ -132,3 +134,5 @@ public:
 private:
     std::array<FakeView*, kWindowSlots + 1> views_{};
 };
+
+} // namespace tarvik

@@ -1,31 +1,38 @@
 #include "tests/support/fixture.h"
 
-#include "app/dialog.h"
-#include "app/frameHooks.h"
-#include "app/info.h"
-#include "app/progressBar.h"
-#include "app/project.h"
-#include "app/seams.h"
-#include "app/settings.h"
+#include "app/about/info.h"
+#include "app/forms/dialog.h"
+#include "app/platform/seams.h"
+#include "app/settings/settings.h"
+#include "app/state/frameHooks.h"
+#include "app/state/progressBar.h"
+#include "app/state/project.h"
 #include "closed/loader.h"
-#include "link/connect.h"
-#include "link/controlGeneral.h"
-#include "link/drives.h"
-#include "link/file.h"
-#include "link/fileConvert.h"
-#include "link/fileDialogs.h"
-#include "link/fileList.h"
-#include "link/fileSave.h"
-#include "link/model.h"
-#include "link/transfer.h"
-#include "print/printSettings.h"
-#include "screen/color.h"
-#include "screen/description.h"
-#include "screen/screenWindow.h"
+#include "link/classes/model.h"
+#include "link/connection/connect.h"
+#include "link/control/controlGeneral.h"
+#include "link/documents/file.h"
+#include "link/documents/fileConvert.h"
+#include "link/documents/fileDialogs.h"
+#include "link/documents/fileSave.h"
+#include "link/files/drives.h"
+#include "link/files/fileList.h"
+#include "link/transfer/transfer.h"
+#include "print/printer/printSettings.h"
+#include "screen/document/color.h"
+#include "screen/document/description.h"
+#include "screen/window/screenWindow.h"
 
 #include <QFile>
 
 #include <ostream>
+
+void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace tarvik {
 
 namespace {
 
@@ -120,7 +127,4 @@ void ProgramTest::Store(const QString& path, const QByteArray& bytes)
     ASSERT_EQ(file.write(bytes), bytes.size());
 }
 
-void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
+} // namespace tarvik

@@ -9,6 +9,11 @@
 
 #include <gtest/gtest.h>
 
+/// So that a failed comparison prints texts and not bytes.
+void PrintTo(const QString& text, std::ostream* out);
+
+namespace tarvik {
+
 /// Binds the operations of all modules from the libraries that the test links.
 void BindModules();
 
@@ -42,5 +47,4 @@ private:
     QTemporaryDir folder_;
 };
 
-/// So that a failed comparison prints texts and not bytes.
-void PrintTo(const QString& text, std::ostream* out);
+} // namespace tarvik

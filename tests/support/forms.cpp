@@ -1,6 +1,6 @@
 #include "tests/support/forms.h"
 
-#include "app/project.h"
+#include "app/state/project.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
@@ -14,6 +14,8 @@
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
+
+namespace tarvik {
 
 namespace {
 
@@ -238,3 +240,5 @@ void ExpectNothingClipped(QWidget& form)
         }
     }
 }
+
+} // namespace tarvik

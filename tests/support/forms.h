@@ -1,13 +1,15 @@
 // tests/support/forms.h: drives a form as a user does, finding its controls by name, and checks what every form owes.
 #pragma once
 
-#include "app/KeyboardFilter.h"
-#include "app/form.h"
+#include "app/forms/form.h"
+#include "app/frame/KeyboardFilter.h"
 #include "tests/support/fixture.h"
 
 #include <QWidget>
 
 #include <functional>
+
+namespace tarvik {
 
 /// A test with the program's keyboard hook in place.
 class FormTest : public ProgramTest {
@@ -68,3 +70,5 @@ void ExpectTabOrder(QWidget& form);
 
 /// No label, button or frame title is wider or higher than its control.
 void ExpectNothingClipped(QWidget& form);
+
+} // namespace tarvik

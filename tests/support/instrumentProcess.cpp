@@ -5,6 +5,8 @@
 #include <csignal>
 #include <sys/prctl.h>
 
+namespace tarvik {
+
 namespace {
 
 constexpr int kPatienceMs = 60000;
@@ -65,3 +67,5 @@ QString InstrumentProcess::Told()
 {
     return QString::fromLocal8Bit(process_.readAllStandardError());
 }
+
+} // namespace tarvik

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+namespace tarvik {
+
 class InstrumentProcess {
 public:
     /// Starts it and waits until it listens. Without a `--port` among `arguments` it takes any free one, without a
@@ -49,3 +51,5 @@ private:
 
 /// A range for `--port` from which the program's connections can be made: their ports have four digits.
 inline constexpr const char* kFourDigitPorts = "6000-9999";
+
+} // namespace tarvik

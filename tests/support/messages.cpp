@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tarvik {
+
 MessageScript::MessageScript()
 {
     MsgSetPresenter([this](MessageRequest& request) { Present(request); });
@@ -54,3 +56,5 @@ void MessageScript::Present(MessageRequest& request)
     request.Showing = false;
     request.Result = step.Answer;
 }
+
+} // namespace tarvik

@@ -1,12 +1,14 @@
 // tests/support/messages.h: a script of the messages that a test expects, with the answer to each.
 #pragma once
 
-#include "app/message.h"
+#include "app/message/message.h"
 
 #include <QStringList>
 
 #include <deque>
 #include <functional>
+
+namespace tarvik {
 
 /// Stands in for the message form. A message that is not the next expected one fails the test, and so does an
 /// expected one that never came (checked at the end of the test by the fixture).
@@ -42,3 +44,5 @@ inline constexpr int Ok = MsgResultOk;
 inline constexpr int Cancel = MsgResultCancel;
 inline constexpr int Yes = MsgResultYes;
 inline constexpr int No = MsgResultNo;
+
+} // namespace tarvik

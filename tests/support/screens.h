@@ -1,11 +1,13 @@
 // tests/support/screens.h: a test with document windows that nobody sees.
 #pragma once
 
-#include "app/seams.h"
-#include "screen/screenWindow.h"
+#include "app/platform/seams.h"
+#include "screen/window/screenWindow.h"
 #include "tests/support/fakeFrame.h"
 #include "tests/support/fakeView.h"
 #include "tests/support/fixture.h"
+
+namespace tarvik {
 
 class ScreenTest : public ProgramTest {
 protected:
@@ -56,3 +58,5 @@ protected:
         return slot.Id;
     }
 };
+
+} // namespace tarvik

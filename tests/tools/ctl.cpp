@@ -5,6 +5,8 @@
 #include <QJsonDocument>
 #include <QProcess>
 
+namespace tarvik {
+
 namespace {
 
 constexpr int kRows = 1024;
@@ -74,3 +76,5 @@ QByteArray MemoryCsv(const QByteArray& name, const QList<CsvRow>& rows)
     }
     return text;
 }
+
+} // namespace tarvik

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tarvik {
+
 struct CtlResult {
     int ExitCode = -1; ///< -1 when it did not end by itself
     QString Out;
@@ -45,3 +47,5 @@ struct CsvRow {
 
 /// A memory list as a CSV file: `rows`, then unused rows up to 1024.
 QByteArray MemoryCsv(const QByteArray& name, const QList<CsvRow>& rows);
+
+} // namespace tarvik

@@ -7,6 +7,8 @@
 #include <QPlainTextEdit>
 #include <QTest>
 
+namespace tarvik {
+
 namespace {
 
 /// The row of that name; the tour ends without it.
@@ -107,3 +109,5 @@ void TypeRowName(QWidget& form, const char* list, const QString& name)
     QTest::keyClicks(box, name);
     QTest::keyClick(box, Qt::Key_Return);
 }
+
+} // namespace tarvik

@@ -6,6 +6,8 @@
 
 class QAbstractItemView;
 
+namespace tarvik {
+
 /// The control of that name; the tour ends without it.
 template <typename Kind = QWidget>
 Kind& Control(QWidget& form, const QString& name)
@@ -41,3 +43,5 @@ void DoubleClickRow(QWidget& form, const char* list, const QString& text);
 
 /// Types a new name into the box that a list has opened over a row.
 void TypeRowName(QWidget& form, const char* list, const QString& name);
+
+} // namespace tarvik

@@ -5,6 +5,8 @@
 #include <csignal>
 #include <sys/prctl.h>
 
+namespace tarvik {
+
 namespace {
 
 constexpr int kPatienceMs = 30000;
@@ -44,3 +46,5 @@ void TourInstrument::Stop()
     process_.terminate();
     process_.waitForFinished(kPatienceMs);
 }
+
+} // namespace tarvik

@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QString>
 
+namespace tarvik {
+
 /// Always at the same port, once it has found one.
 class TourInstrument {
 public:
@@ -30,3 +32,5 @@ private:
     QProcess process_;
     int port_ = 0;
 };
+
+} // namespace tarvik

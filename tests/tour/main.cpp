@@ -1,7 +1,7 @@
 // tarvik_tour FOLDER: plays the main job of the program, connected to a simulated receiver, and leaves a picture of
 // each step in FOLDER.
-#include "app/MfMain.h"
-#include "app/seams.h"
+#include "app/frame/MfMain.h"
+#include "app/platform/seams.h"
 #include "composition.h"
 #include "tests/tour/instrument.h"
 #include "tests/tour/player.h"
@@ -16,6 +16,8 @@
 
 #include <algorithm>
 #include <cstdio>
+
+namespace tarvik {
 
 namespace {
 
@@ -91,6 +93,10 @@ int Play(const QString& pictureFolder, const QString& workFolder)
 }
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

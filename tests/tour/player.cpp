@@ -11,6 +11,8 @@
 #include <cstdlib>
 #include <utility>
 
+namespace tarvik {
+
 namespace {
 
 constexpr int kLookMs = 20;
@@ -100,3 +102,5 @@ void TourPlayer::GiveUp(const TourStep& step)
         screen->grabWindow(0).save(pictureFolder_ + QStringLiteral("stuck.png"));
     std::_Exit(EXIT_FAILURE);
 }
+
+} // namespace tarvik

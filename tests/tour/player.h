@@ -10,6 +10,8 @@
 
 class QWidget;
 
+namespace tarvik {
+
 /// One step: as soon as the form `Form` is active and `Ready` holds, a picture is taken under `Picture` (none when
 /// empty) and `Act` runs. `Act` may start a message loop of its own; the next step is played inside it.
 struct TourStep {
@@ -48,3 +50,5 @@ private:
     int looksSinceReady_ = 0;
     QElapsedTimer waiting_;
 };
+
+} // namespace tarvik

@@ -1,6 +1,6 @@
 #include "tests/tour/results.h"
 
-#include "lists/memoryList.h"
+#include "lists/memory/memoryList.h"
 #include "tests/tour/instrument.h"
 #include "tests/tour/steps.h"
 
@@ -8,6 +8,8 @@
 #include <QFileInfo>
 
 #include <cstdio>
+
+namespace tarvik {
 
 namespace {
 
@@ -86,3 +88,5 @@ bool TourResultsHold(const QString& listFolder, const QString& shotFolder, const
                 == QStringList{ QStringLiteral("Harbour survey") },
             "a folder is left on the instrument");
 }
+
+} // namespace tarvik

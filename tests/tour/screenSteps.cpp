@@ -10,6 +10,8 @@
 
 #include <cstdio>
 
+namespace tarvik {
+
 namespace {
 
 const QString kFrame = QStringLiteral("MfMain");
@@ -144,3 +146,5 @@ bool ScreenResultsHold(const QString& folder)
         && Require(png == converted, QStringLiteral("the converted picture differs"))
         && Require(QFile::exists(Saved(folder, "wmf")), QStringLiteral("no metafile"));
 }
+
+} // namespace tarvik

@@ -4,6 +4,8 @@
 
 #include "tests/tour/player.h"
 
+namespace tarvik {
+
 /// Name of the pictures that the tour saves, without extension, and the folder that takes the converted ones.
 inline constexpr const char* kTourPicture = "Evidence";
 inline constexpr const char* kTourConverted = "Converted";
@@ -13,3 +15,5 @@ std::vector<TourStep> ScreenSteps(const QString& folder);
 
 /// False, told on standard error, when the files that the steps leave are not what they must be.
 bool ScreenResultsHold(const QString& folder);
+
+} // namespace tarvik

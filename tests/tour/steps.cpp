@@ -7,6 +7,8 @@
 #include <QComboBox>
 #include <QTest>
 
+namespace tarvik {
+
 namespace {
 
 const QString kFrame = QStringLiteral("MfMain");
@@ -224,3 +226,5 @@ std::vector<TourStep> TourSteps(const QString& folder, const QString& shotFolder
         steps.insert(steps.end(), part.begin(), part.end());
     return steps;
 }
+
+} // namespace tarvik

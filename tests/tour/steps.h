@@ -5,6 +5,8 @@
 
 #include "tests/tour/player.h"
 
+namespace tarvik {
+
 class TourInstrument;
 
 /// What the tour types; in MHz, and lower than every frequency of the list, so that the sort brings it to the top.
@@ -17,3 +19,5 @@ inline constexpr const char* kTourFirstList = "Marine-VHF.tvm";
 
 /// Lists of the PC are in `folder`, pictures in `shotFolder`. `instrument` runs, and is stopped and started in between.
 std::vector<TourStep> TourSteps(const QString& folder, const QString& shotFolder, TourInstrument& instrument);
+
+} // namespace tarvik

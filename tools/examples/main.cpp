@@ -1,11 +1,11 @@
 // tools/examples/main.cpp: writes every list of examples/ in both file forms, by the program's own writers.
-#include "app/message.h"
-#include "app/project.h"
+#include "app/message/message.h"
+#include "app/state/project.h"
 #include "closed/loader.h"
-#include "link/model.h"
-#include "lists/editorGeneral.h"
-#include "lists/limits.h"
-#include "lists/memoryList.h"
+#include "link/classes/model.h"
+#include "lists/editor/editorGeneral.h"
+#include "lists/memory/memoryList.h"
+#include "lists/values/limits.h"
 #include "tools/examples/plans.h"
 
 #include <QCoreApplication>
@@ -13,6 +13,8 @@
 #include <QTextStream>
 
 #include <cstdio>
+
+namespace tarvik {
 
 namespace {
 
@@ -38,6 +40,10 @@ bool WritePlan(const ChannelPlan& plan, const QString& folder)
 }
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

@@ -3,6 +3,8 @@
 #include "tools/examples/receptions.h"
 #include "tools/examples/tables.h"
 
+namespace tarvik {
+
 namespace {
 
 constexpr double kKilohertz = 1000.0;
@@ -197,3 +199,5 @@ MemoryTable TableOfPlan(const ChannelPlan& plan, const MemoryTable& empty)
     }
     return table;
 }
+
+} // namespace tarvik

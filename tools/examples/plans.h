@@ -1,10 +1,12 @@
 // tools/examples/plans.h: real channel plans, each computed from the rule or the table of the standard that it names.
 #pragma once
 
-#include "lists/memoryRecord.h"
+#include "lists/memory/memoryRecord.h"
 #include "tools/examples/receptions.h"
 
 #include <vector>
+
+namespace tarvik {
 
 struct Channel {
     double FrequencyHz;
@@ -24,3 +26,5 @@ std::vector<ChannelPlan> AllPlans();
 
 /// The channels as a memory list: numbers count from 0, the rows behind the last channel are those of `empty`.
 MemoryTable TableOfPlan(const ChannelPlan& plan, const MemoryTable& empty);
+
+} // namespace tarvik

@@ -1,7 +1,9 @@
-// tools/examples/receptions.h: how each kind of signal is received. The numbers are codes of lists/translate.h.
+// tools/examples/receptions.h: how each kind of signal is received. The numbers are codes of lists/values/translate.h.
 #pragma once
 
 #include <cstdint>
+
+namespace tarvik {
 
 /// All of a channel's settings but frequency, number and description.
 struct Reception {
@@ -23,3 +25,5 @@ inline constexpr Reception kShortwaveAm{ 1, 5, 0, 1, 11, 16 }; ///< AM 6 kHz; 20
 inline constexpr Reception kUpperSideband{ 5, 4, 0, 0, 9, 12 }; ///< USB 2.4 kHz; 10 kHz by 50 Hz, DF 2.4 kHz
 inline constexpr Reception kKeyed600{ 4, 2, 0, 0, 6, 7 }; ///< CW 600 Hz: keyed carriers and narrow shift keying
 inline constexpr Reception kKeyed300{ 4, 1, 0, 0, 6, 4 }; ///< CW 300 Hz; 10 kHz by 20 Hz, DF 300 Hz
+
+} // namespace tarvik

@@ -1,5 +1,7 @@
 #include "tools/examples/tables.h"
 
+namespace tarvik {
+
 namespace {
 
 struct NamedChannel {
@@ -147,3 +149,5 @@ const char* ShortRange868Use(double frequencyHz)
     }
     return "";
 }
+
+} // namespace tarvik

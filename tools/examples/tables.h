@@ -5,6 +5,8 @@
 
 #include <vector>
 
+namespace tarvik {
+
 struct TableRow {
     double Kilohertz;
     const char* Description;
@@ -27,3 +29,5 @@ const char* AirbandUse(double frequencyHz);
 
 /// Use of the sub-band of 868 to 870 MHz in which a frequency lies.
 const char* ShortRange868Use(double frequencyHz);
+
+} // namespace tarvik

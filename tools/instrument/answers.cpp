@@ -5,6 +5,8 @@
 #include <random>
 #include <utility>
 
+namespace tarvik {
+
 namespace {
 
 constexpr size_t kFilePieceBytes = size_t{ 256 } << 10;
@@ -119,3 +121,5 @@ bool Answers::TakeCut(std::uint64_t size)
 {
     return size > 0 && std::exchange(cutNext_, false);
 }
+
+} // namespace tarvik

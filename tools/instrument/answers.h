@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace tarvik {
+
 class Answers {
 public:
     /// A line; its end is added.
@@ -75,3 +77,5 @@ private:
 
 /// The start of a block of `size` bytes: `#`, the number of digits, the digits.
 std::string BlockHeader(std::uint64_t size);
+
+} // namespace tarvik

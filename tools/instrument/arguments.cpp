@@ -1,9 +1,11 @@
 #include "tools/instrument/arguments.h"
 
-#include "app/ansi.h"
+#include "app/text/ansi.h"
 
 #include <algorithm>
 #include <array>
+
+namespace tarvik {
 
 namespace {
 
@@ -170,3 +172,5 @@ QString InstrumentHelpText()
         "  --version         prints the version\n"
         "  --help            prints this text\n");
 }
+
+} // namespace tarvik

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace tarvik {
+
 struct InstrumentArguments {
     bool Help = false;
     bool Version = false;
@@ -25,3 +27,5 @@ struct InstrumentArguments {
 
 /// The text of --help.
 QString InstrumentHelpText();
+
+} // namespace tarvik

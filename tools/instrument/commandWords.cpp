@@ -6,6 +6,8 @@
 #include <charconv>
 #include <chrono>
 
+namespace tarvik {
+
 namespace {
 
 bool IsSmall(char byte)
@@ -100,3 +102,5 @@ std::optional<std::tm> ReadTime(std::string_view hour, std::string_view minute, 
     fields.tm_sec = *s;
     return fields;
 }
+
+} // namespace tarvik

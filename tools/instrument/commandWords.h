@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+namespace tarvik {
+
 /// True if both are the same word, whatever the case of the second.
 bool SameWord(std::string_view capitals, std::string_view given);
 
@@ -19,3 +21,5 @@ std::optional<std::tm> ReadDate(std::string_view year, std::string_view month, s
 
 /// The time fields.
 std::optional<std::tm> ReadTime(std::string_view hour, std::string_view minute, std::string_view second);
+
+} // namespace tarvik

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+namespace tarvik {
+
 class Descriptor {
 public:
     Descriptor() = default;
@@ -62,3 +64,5 @@ public:
 private:
     int number_ = -1;
 };
+
+} // namespace tarvik

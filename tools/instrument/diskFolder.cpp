@@ -6,6 +6,8 @@
 #include <fcntl.h>
 #include <memory>
 
+namespace tarvik {
+
 namespace {
 
 constexpr mode_t kFolderMode = 0777;
@@ -62,3 +64,5 @@ bool MakeDiskFolders(const std::string& path)
         (void)::mkdir(path.substr(0, end).c_str(), kFolderMode);
     return ::mkdir(path.c_str(), kFolderMode) == 0 || errno == EEXIST;
 }
+
+} // namespace tarvik

@@ -8,6 +8,8 @@
 #include <sys/stat.h>
 #include <vector>
 
+namespace tarvik {
+
 struct DiskEntry {
     std::string Name;
     struct stat Status { }; ///< of a link: of the link itself
@@ -24,3 +26,5 @@ Descriptor OpenDiskFolder(int folder, const std::string& name);
 
 /// Makes a folder and those above it, as far as they are not there.
 [[nodiscard]] bool MakeDiskFolders(const std::string& path);
+
+} // namespace tarvik

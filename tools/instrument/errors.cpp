@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tarvik {
+
 namespace {
 
 struct ErrorText {
@@ -47,3 +49,5 @@ InstrumentError ErrorQueue::Take()
     errors_.pop_front();
     return oldest;
 }
+
+} // namespace tarvik

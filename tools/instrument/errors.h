@@ -4,6 +4,8 @@
 #include <deque>
 #include <string>
 
+namespace tarvik {
+
 enum class InstrumentError {
     None = 0,
     Command = -100,
@@ -43,3 +45,5 @@ public:
 private:
     std::deque<InstrumentError> errors_;
 };
+
+} // namespace tarvik

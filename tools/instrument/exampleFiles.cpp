@@ -1,6 +1,6 @@
 #include "tools/instrument/exampleFiles.h"
 
-#include "app/ansi.h"
+#include "app/text/ansi.h"
 #include "closed/tvfio/antennalist.h"
 #include "closed/tvfio/correctionset.h"
 #include "closed/tvfio/kfactortable.h"
@@ -20,6 +20,8 @@ static void InitResources()
 {
     Q_INIT_RESOURCE(instrument);
 }
+
+namespace tarvik {
 
 namespace {
 
@@ -258,3 +260,5 @@ InstrumentError StoreExamples(Storage& storage, const std::string& model)
                 { survey, "Coast station.png", Picture(storage, model, "Ch 26 coast") } });
     return error;
 }
+
+} // namespace tarvik

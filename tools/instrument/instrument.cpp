@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+namespace tarvik {
+
 namespace {
 
 using Form = CommandParameter::Form;
@@ -392,3 +394,5 @@ WirePath Instrument::FolderOf(const std::string& familyWord) const
     const FileFamily family = FindFamily(familyWord)->Of;
     return family == FileFamily::All ? current_ : FamilyFolder(family);
 }
+
+} // namespace tarvik

@@ -9,6 +9,8 @@
 #include <functional>
 #include <string>
 
+namespace tarvik {
+
 /// What the receiver says of itself, in Windows-1252.
 struct Identity {
     std::string Maker = "TARVIK";
@@ -100,3 +102,5 @@ private:
     InstrumentError blockError_ = InstrumentError::None;
     bool refuseNext_ = false;
 };
+
+} // namespace tarvik

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tarvik {
+
 namespace {
 
 struct FaultWord {
@@ -33,3 +35,5 @@ std::optional<Fault> ReadFault(std::string_view text)
         return {};
     return Fault{ found->Kind, static_cast<std::uint64_t>(*number) };
 }
+
+} // namespace tarvik

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tarvik {
+
 enum class FaultKind {
     Drop, ///< the connection is closed behind the answers of former commands
     Stall, ///< nothing is read or answered any more
@@ -29,3 +31,5 @@ struct LinkOptions {
 
 /// Reads `KIND` or `KIND=N`.
 std::optional<Fault> ReadFault(std::string_view text);
+
+} // namespace tarvik

@@ -1,6 +1,6 @@
 // tools/instrument/main.cpp: a receiver without hardware, for training, demonstrations and tests.
-#include "app/ansi.h"
-#include "app/project.h"
+#include "app/state/project.h"
+#include "app/text/ansi.h"
 #include "tools/instrument/arguments.h"
 #include "tools/instrument/exampleFiles.h"
 #include "tools/instrument/receiver.h"
@@ -17,6 +17,8 @@
 #include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
+
+namespace tarvik {
 
 namespace {
 
@@ -98,6 +100,10 @@ ExitStatus Run(const InstrumentArguments& arguments)
 }
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

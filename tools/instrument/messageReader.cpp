@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tarvik {
+
 namespace {
 
 bool IsBlank(char byte)
@@ -249,3 +251,5 @@ void MessageReader::StartCommand(bool startsMessage)
     passOver_ = false;
     startsMessage_ = startsMessage;
 }
+
+} // namespace tarvik

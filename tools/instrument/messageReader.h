@@ -12,6 +12,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tarvik {
+
 /// Longest command, without its block.
 inline constexpr size_t kMaxCommandBytes = 4096;
 
@@ -94,3 +96,5 @@ private:
 
 /// Reads one command without block and without the end of its line. False when it is none.
 [[nodiscard]] bool ParseCommand(std::string_view text, Command& command);
+
+} // namespace tarvik

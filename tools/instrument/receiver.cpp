@@ -1,6 +1,6 @@
 #include "tools/instrument/receiver.h"
 
-#include "app/ansi.h"
+#include "app/text/ansi.h"
 #include "closed/tvfio/memorylist.h"
 #include "tools/instrument/instrument.h"
 
@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+
+namespace tarvik {
 
 namespace {
 
@@ -100,3 +102,5 @@ ScreenContent Receiver::Content()
         content.Tuned = content.Carriers[static_cast<size_t>(running_.elapsed() / kDwellMs) % content.Carriers.size()];
     return content;
 }
+
+} // namespace tarvik

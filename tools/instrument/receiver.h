@@ -8,6 +8,8 @@
 
 #include <string>
 
+namespace tarvik {
+
 class Receiver {
 public:
     /// `storage` holds the memory list and stays the caller's.
@@ -30,3 +32,5 @@ std::vector<Carrier> ReadCarriers(const Storage& storage);
 
 /// `picture` as a PNG file; empty if that fails.
 std::string PngOf(const QImage& picture);
+
+} // namespace tarvik

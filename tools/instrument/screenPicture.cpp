@@ -7,6 +7,8 @@
 #include <array>
 #include <cmath>
 
+namespace tarvik {
+
 namespace {
 
 constexpr QRgb kBackground = 0xFF10161D;
@@ -220,3 +222,5 @@ QString WidthText(double widthHz)
         return QStringLiteral("%1 MHz").arg(widthHz / 1e6);
     return widthHz >= 1e3 ? QStringLiteral("%1 kHz").arg(widthHz / 1e3) : QStringLiteral("%1 Hz").arg(widthHz);
 }
+
+} // namespace tarvik

@@ -6,6 +6,8 @@
 #include <QDateTime>
 #include <QImage>
 
+namespace tarvik {
+
 inline constexpr int kScreenWidthPx = 642;
 inline constexpr int kScreenHeightPx = 442;
 
@@ -28,3 +30,5 @@ QString FrequencyText(double frequencyHz);
 
 /// A width with the unit that suits it: `12.5 kHz`.
 QString WidthText(double widthHz);
+
+} // namespace tarvik

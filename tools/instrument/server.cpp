@@ -8,6 +8,8 @@
 #include <poll.h>
 #include <sys/socket.h>
 
+namespace tarvik {
+
 namespace {
 
 constexpr int kWaitingConnections = 16;
@@ -105,3 +107,5 @@ void Server::AcceptClient()
     SwitchOn(socket.Number(), SOL_SOCKET, SO_KEEPALIVE);
     session_ = std::make_unique<Session>(std::move(socket), instrument_, plan_, options_);
 }
+
+} // namespace tarvik

@@ -8,6 +8,8 @@
 #include <memory>
 #include <string>
 
+namespace tarvik {
+
 class Server {
 public:
     /// Both stay the caller's.
@@ -32,3 +34,5 @@ private:
     Descriptor listener_;
     std::unique_ptr<Session> session_;
 };
+
+} // namespace tarvik

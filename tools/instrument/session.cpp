@@ -1,6 +1,6 @@
 #include "tools/instrument/session.h"
 
-#include "app/ansi.h"
+#include "app/text/ansi.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <poll.h>
 #include <sys/socket.h>
+
+namespace tarvik {
 
 namespace {
 
@@ -236,3 +238,5 @@ bool Session::Send(LinkTime now)
     }
     return true;
 }
+
+} // namespace tarvik

@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+namespace tarvik {
+
 using LinkTime = std::chrono::steady_clock::time_point;
 
 /// Lets so many bytes through in a second.
@@ -97,3 +99,5 @@ private:
     bool isStalled_ = false;
     bool isCounted_ = false; ///< the command whose block comes
 };
+
+} // namespace tarvik

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace tarvik {
+
 namespace {
 
 constexpr double kNoiseLevel = -6; // dBuV
@@ -96,3 +98,5 @@ std::vector<double> SweepLevels(
         level = std::clamp(level, kLowestLevel, kHighestLevel);
     return levels;
 }
+
+} // namespace tarvik

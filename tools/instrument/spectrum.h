@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+namespace tarvik {
+
 /// One station.
 struct Carrier {
     double FrequencyHz = 0;
@@ -27,3 +29,5 @@ std::vector<double> SweepLevels(
 
 /// Level in dBuV at the antenna of one carrier; the noise's level while it is silent.
 double CarrierLevel(const Carrier& carrier, SweepNumber sweep);
+
+} // namespace tarvik

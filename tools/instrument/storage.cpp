@@ -10,6 +10,8 @@
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 
+namespace tarvik {
+
 namespace {
 
 constexpr const char* kIncoming = "incoming";
@@ -410,3 +412,5 @@ InstrumentError Storage::LocateFile(const WirePath& path, std::string_view name,
     const auto error = Locate(path, name, found);
     return error == InstrumentError::None && S_ISDIR(found.Status.st_mode) ? InstrumentError::NotFound : error;
 }
+
+} // namespace tarvik

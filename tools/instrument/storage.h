@@ -15,6 +15,8 @@
 #include <sys/stat.h>
 #include <vector>
 
+namespace tarvik {
+
 /// Bytes of a file that is stored at most.
 inline constexpr std::uint64_t kMaxFileBytes = 256ULL * 1024 * 1024;
 
@@ -122,3 +124,5 @@ private:
     Target target_;
     InstrumentError storeError_ = InstrumentError::None;
 };
+
+} // namespace tarvik

@@ -1,8 +1,10 @@
 #include "tools/instrument/wirePath.h"
 
-#include "app/ansi.h"
+#include "app/text/ansi.h"
 
 #include <algorithm>
+
+namespace tarvik {
 
 namespace {
 
@@ -70,3 +72,5 @@ std::optional<std::string> WireName(std::string_view diskName)
     // A name that does not come back as it was would be listed and then not found.
     return DiskName(name) == diskName ? std::optional(name) : std::nullopt;
 }
+
+} // namespace tarvik

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace tarvik {
+
 /// Folders from the root. Empty is the root.
 using WirePath = std::vector<std::string>;
 
@@ -33,3 +35,5 @@ std::optional<std::string> DiskName(std::string_view name);
 
 /// The name for a client; none if it has characters that a client can not write.
 std::optional<std::string> WireName(std::string_view diskName);
+
+} // namespace tarvik

@@ -1,12 +1,14 @@
 #include "tools/tarvikctl/arguments.h"
 
-#include "link/connect.h"
-#include "link/model.h"
+#include "link/classes/model.h"
+#include "link/connection/connect.h"
 
 #include <algorithm>
 #include <array>
 #include <climits>
 #include <utility>
+
+namespace tarvik {
 
 namespace {
 
@@ -310,3 +312,5 @@ QString CtlHelpText()
         "with --yes Yes. Exit status: 0 all went well, 1 a file was refused or a message\n"
         "shown, 2 wrong usage.\n");
 }
+
+} // namespace tarvik

@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace tarvik {
+
 enum class CtlCommand { Help, Version, Text, Check, Show, Convert, Sort, Picture, Idn, Ls, Get, Put, Rm, Capture };
 
 struct CtlArguments {
@@ -31,3 +33,5 @@ std::optional<CtlArguments> CtlParse(const QStringList& arguments, QString& erro
 
 /// The text of --help.
 QString CtlHelpText();
+
+} // namespace tarvik

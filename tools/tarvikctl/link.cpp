@@ -1,14 +1,15 @@
 #include "tools/tarvikctl/link.h"
 
-#include "app/ini.h"
-#include "app/lang.h"
-#include "app/message.h"
-#include "link/channel.h"
-#include "link/file.h"
-#include "link/fileConvert.h"
-#include "link/model.h"
-#include "link/transfer.h"
-#include "lists/editorGeneral.h"
+#include "app/message/message.h"
+#include "app/settings/ini.h"
+#include "app/text/lang.h"
+#include "link/channel/channel.h"
+#include "link/classes/model.h"
+#include "link/documents/file.h"
+#include "link/documents/fileConvert.h"
+#include "link/transfer/fileDates.h"
+#include "link/transfer/transfer.h"
+#include "lists/editor/editorGeneral.h"
 #include "tools/tarvikctl/pictures.h"
 
 #include <QDir>
@@ -16,6 +17,8 @@
 
 #include <algorithm>
 #include <vector>
+
+namespace tarvik {
 
 namespace {
 
@@ -233,3 +236,5 @@ void CtlRunLink(const CtlArguments& arguments, Terminal& terminal)
     TransferReset();
     ChannelDisconnect();
 }
+
+} // namespace tarvik

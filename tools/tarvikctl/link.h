@@ -4,8 +4,12 @@
 #include "tools/tarvikctl/arguments.h"
 #include "tools/tarvikctl/terminal.h"
 
+namespace tarvik {
+
 /// True for the commands that need an instrument.
 bool CtlIsLinkCommand(CtlCommand command);
 
 /// Connects, runs the command and ends the link. What goes wrong has been shown on `terminal`.
 void CtlRunLink(const CtlArguments& arguments, Terminal& terminal);
+
+} // namespace tarvik

@@ -1,18 +1,20 @@
 #include "tools/tarvikctl/lists.h"
 
-#include "app/lang.h"
+#include "app/text/lang.h"
 #include "closed/loader.h"
-#include "link/model.h"
-#include "lists/editorGeneral.h"
-#include "lists/limits.h"
-#include "lists/listError.h"
-#include "lists/memoryList.h"
+#include "link/classes/model.h"
+#include "lists/editor/editorGeneral.h"
+#include "lists/memory/memoryList.h"
+#include "lists/values/limits.h"
+#include "lists/values/listError.h"
 #include "tools/tarvikctl/show.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <array>
+
+namespace tarvik {
 
 namespace {
 
@@ -141,3 +143,5 @@ bool CtlCanBeWritten(const QString& path)
 {
     return IsCsvFile(path) || FileExtMatches(path, 1 << FileClassMemoryList);
 }
+
+} // namespace tarvik

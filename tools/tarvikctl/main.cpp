@@ -1,9 +1,9 @@
 // tools/tarvikctl/main.cpp: the rules of the lists on the command line, without a window.
-#include "app/lang.h"
-#include "app/project.h"
+#include "app/state/project.h"
+#include "app/text/lang.h"
 #include "closed/loader.h"
-#include "link/model.h"
-#include "lists/editorGeneral.h"
+#include "link/classes/model.h"
+#include "lists/editor/editorGeneral.h"
 #include "tools/tarvikctl/arguments.h"
 #include "tools/tarvikctl/link.h"
 #include "tools/tarvikctl/lists.h"
@@ -16,6 +16,8 @@
 #include <memory>
 #include <optional>
 #include <vector>
+
+namespace tarvik {
 
 namespace {
 
@@ -144,6 +146,10 @@ std::unique_ptr<QCoreApplication> NewApplication(bool draws, char** argv)
 }
 
 } // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
 
 int main(int argc, char** argv)
 {

@@ -1,17 +1,18 @@
 #include "tools/tarvikctl/pictures.h"
 
-#include "app/closeSignal.h"
-#include "app/general.h"
-#include "app/project.h"
-#include "app/seams.h"
-#include "link/file.h"
-#include "link/fileConvert.h"
-#include "link/fileSave.h"
-#include "screen/closing.h"
-#include "screen/descriptionEdit.h"
-#include "screen/documentFiles.h"
-#include "screen/screenShot.h"
-#include "screen/screenWindow.h"
+#include "app/platform/closeSignal.h"
+#include "app/platform/paths.h"
+#include "app/platform/seams.h"
+#include "app/state/project.h"
+#include "app/values/general.h"
+#include "link/documents/file.h"
+#include "link/documents/fileConvert.h"
+#include "link/documents/fileSave.h"
+#include "screen/files/documentFiles.h"
+#include "screen/files/screenShot.h"
+#include "screen/window/closing.h"
+#include "screen/window/descriptionEdit.h"
+#include "screen/window/screenWindow.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -20,6 +21,8 @@
 #include <QTemporaryDir>
 
 #include <utility>
+
+namespace tarvik {
 
 namespace {
 
@@ -189,3 +192,5 @@ void CtlCapture(const CtlArguments& arguments, Terminal& terminal)
         terminal.SetFailed();
     DropWindow(id);
 }
+
+} // namespace tarvik

@@ -4,6 +4,8 @@
 #include "tools/tarvikctl/arguments.h"
 #include "tools/tarvikctl/terminal.h"
 
+namespace tarvik {
+
 /// True for the commands that draw, which need a QGuiApplication.
 bool CtlDrawsPictures(CtlCommand command);
 
@@ -22,3 +24,5 @@ QString CtlCaptureTarget(const CtlArguments& arguments);
 /// goes wrong has been shown on `terminal`. A signal lets the fetch end, and nothing is written; a second one ends it
 /// at once.
 void CtlCapture(const CtlArguments& arguments, Terminal& terminal);
+
+} // namespace tarvik

@@ -1,9 +1,9 @@
 #include "tools/tarvikctl/show.h"
 
-#include "app/lang.h"
-#include "lists/fieldCheck.h"
-#include "lists/memoryList.h"
-#include "lists/translate.h"
+#include "app/text/lang.h"
+#include "lists/memory/memoryList.h"
+#include "lists/values/fieldCheck.h"
+#include "lists/values/translate.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -14,6 +14,8 @@
 #include <array>
 #include <utility>
 #include <vector>
+
+namespace tarvik {
 
 namespace {
 
@@ -138,3 +140,5 @@ QString CtlJson(const MemoryTable& table, bool all)
                .arg(Encoded(table.MemoryListName), Encoded(table.MemoryListDescription))
         + list + QStringLiteral("\n}\n");
 }
+
+} // namespace tarvik

@@ -11,6 +11,8 @@
 #include <unistd.h>
 #endif
 
+namespace tarvik {
+
 namespace {
 
 bool ErrorIsTerminal()
@@ -83,3 +85,5 @@ QString TerminalPrintable(QString text)
         QChar(u'?'));
     return text;
 }
+
+} // namespace tarvik

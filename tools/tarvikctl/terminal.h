@@ -1,11 +1,13 @@
 // tools/tarvikctl/terminal.h: the program's messages and results on a terminal.
 #pragma once
 
-#include "app/message.h"
+#include "app/message/message.h"
 
 #include <QString>
 
 #include <cstdio>
+
+namespace tarvik {
 
 /// Shows messages on standard error as "FILE: NUMBER: TEXT" and answers questions. One line each: a line end inside
 /// a text becomes a blank.
@@ -64,3 +66,5 @@ void TerminalWrite(std::FILE* stream, const QString& text);
 /// What an instrument says or a file is called, with a "?" for each character that a terminal would obey instead of
 /// showing it.
 QString TerminalPrintable(QString text);
+
+} // namespace tarvik

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tarvik {
+
 TEST(InstrumentCommands, IdentifyThemselves)
 {
     DeskInstrument desk;
@@ -159,3 +161,5 @@ TEST(InstrumentAnswers, SpoiledAnswersDiffer)
     EXPECT_NE(first, second);
     EXPECT_EQ(first.find("first"), std::string::npos);
 }
+
+} // namespace tarvik

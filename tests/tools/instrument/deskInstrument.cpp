@@ -8,6 +8,8 @@
 #include <fstream>
 #include <iterator>
 
+namespace tarvik {
+
 DeskInstrument::DeskInstrument()
     : instrument_(storage_, Identity(), [] { return std::string("(picture)"); })
 {
@@ -66,3 +68,5 @@ std::string DeskInstrument::Content(const std::string& name) const
     std::ifstream file(Path(name), std::ios::binary);
     return file ? std::string(std::istreambuf_iterator<char>(file), {}) : "(none)";
 }
+
+} // namespace tarvik

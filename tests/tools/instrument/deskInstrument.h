@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace tarvik {
+
 class DeskInstrument {
 public:
     static constexpr std::uint64_t kCapacityBytes = 100000;
@@ -46,3 +48,5 @@ private:
     MessageReader reader_;
     Answers answers_;
 };
+
+} // namespace tarvik

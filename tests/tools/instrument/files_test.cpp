@@ -9,6 +9,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace tarvik {
+
 namespace {
 
 constexpr const char* kMemory = "Public/Memory List/";
@@ -374,3 +376,5 @@ TEST_F(InstrumentFiles, OneReceiverWorksInAFolder)
     EXPECT_FALSE(second.Open(desk_.Disk().Root(), 1, reason));
     EXPECT_EQ(reason, "another receiver works in it");
 }
+
+} // namespace tarvik

@@ -16,6 +16,8 @@
 #include <thread>
 #include <unistd.h>
 
+namespace tarvik {
+
 namespace {
 
 QByteArray Content(const QString& path)
@@ -342,3 +344,5 @@ TEST(InstrumentFaults, RefuseLeavesAnError)
     EXPECT_EQ(client.Ask("*CLS;MMEM:MDIR \"x\";SYST:ERR?"), "-250,\"Mass storage error\"");
     EXPECT_EQ(client.Ask("*CLS;MMEM:MDIR \"x\";SYST:ERR?"), "0,\"No error\"");
 }
+
+} // namespace tarvik

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tarvik {
+
 namespace {
 
 std::string Told(const MessageReader& reader, ReaderEvent event)
@@ -162,3 +164,5 @@ TEST(MessageReader, TakesTheLongestCommand)
     const std::string header(kMaxCommandBytes, 'A');
     EXPECT_EQ(Events(header + '\n'), Expected({ header }));
 }
+
+} // namespace tarvik

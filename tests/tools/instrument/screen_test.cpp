@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace tarvik {
+
 namespace {
 
 Carrier Station(double frequencyHz)
@@ -185,3 +187,5 @@ TEST(InstrumentExamples, AreListsThatTheStoreReads)
     EXPECT_TRUE(IsSound<tvfio::SuppressList>(desk, "Broadcast.tvs"));
     EXPECT_TRUE(IsSound<tvfio::CorrectionSet>(desk, "DF array 20-1300.tvc"));
 }
+
+} // namespace tarvik

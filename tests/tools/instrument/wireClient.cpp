@@ -10,6 +10,8 @@
 #include <poll.h>
 #include <sys/socket.h>
 
+namespace tarvik {
+
 namespace {
 
 constexpr int kPatienceMs = 60000; // a busy machine may keep a file system waiting for long
@@ -140,3 +142,5 @@ WireClient NextClient(int port)
             return client;
     }
 }
+
+} // namespace tarvik

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace tarvik {
+
 class WireClient {
 public:
     explicit WireClient(int port);
@@ -49,3 +51,5 @@ private:
 
 /// Connects as soon as the instrument has noticed that its former client is gone; until then it turns others away.
 WireClient NextClient(int port);
+
+} // namespace tarvik

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tarvik {
+
 TEST(CommandWords, HeadersHaveAShortAndALongForm)
 {
     EXPECT_TRUE(HeaderMatches("MMEMory:DATA", "MMEM:DATA"));
@@ -121,3 +123,5 @@ TEST(InstrumentArguments, TellsWhatIsWrong)
         EXPECT_EQ(ErrorOf({ text }), text.section(u'=', 0, 0) + QStringLiteral(" can not be ") + text.section(u'=', 1));
     }
 }
+
+} // namespace tarvik

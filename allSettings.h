@@ -1,0 +1,11 @@
+// allSettings.h: every group of settings that stands above the frame's own, for the program's composition.
+#pragma once
+
+#include "app/settings/settings.h"
+
+namespace tarvik {
+
+/// In the order of reading and writing: folders, print, connection, screen.
+std::vector<SettingsGroup> AllSettingsGroups();
+
+} // namespace tarvik

@@ -1,4 +1,0 @@
-// app/PlatformSeams.h: the dialogs and services of the window system, put into the seams.
-#pragma once
-
-void BindPlatformSeams();

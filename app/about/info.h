@@ -1,0 +1,38 @@
+// app/about/info.h: which files are installed, and in which version.
+#pragma once
+
+#include "closed/loader.h"
+
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+namespace tarvik {
+
+/// One file. Both versions are text 11712 when the file isn't there or tells none.
+struct InfoRow {
+    QString Name;
+    QString FileVersion;
+    QString ProductVersion;
+};
+
+/// Executable, help book, modules, and the instrument firmware that the list store was built for. No module needs to
+/// be bound, except for the firmware.
+std::vector<InfoRow> InfoRows();
+
+/// The rows as lines: name, tab, file version, tab, product version, CR LF.
+QString InfoText();
+
+/// Product version as a sentence; a pre-release tag that is not empty follows behind a blank.
+QString AboutVersionText(const QString& preRelease);
+
+/// Whose files are looked at.
+struct InfoHooks {
+    std::function<QString()> ExecutablePath; ///< by default the running program
+    std::function<std::optional<FileVersion>(const QString& path)> HelpBookVersion; ///< by default what the book tells
+};
+InfoHooks& TheInfoHooks();
+void InfoReset();
+
+} // namespace tarvik

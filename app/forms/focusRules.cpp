@@ -1,0 +1,166 @@
+#include "app/forms/focusRules.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
+
+namespace tarvik {
+
+namespace {
+
+constexpr const char* kLeaveFreelyProperty = "LeaveFreely";
+
+/// Eats the mouse press that is on its way to the control which did not get the focus.
+class PressEater final : public QObject {
+public:
+    PressEater()
+        : QObject(qApp)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (!watched->isWidgetType() || event->type() != QEvent::MouseButtonPress)
+            return false;
+        qApp->removeEventFilter(this);
+        deleteLater();
+        return true;
+    }
+};
+
+class LeaveCheck final : public QObject {
+public:
+    LeaveCheck(QWidget* control, std::function<bool()> check)
+        : QObject(control)
+        , control_(control)
+        , check_(std::move(check))
+    {
+        control->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched != control_ || event->type() != QEvent::FocusOut)
+            return false;
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (!Leaves(reason) || Run())
+            return false;
+        control_->setFocus(Qt::OtherFocusReason);
+        if (reason == Qt::MouseFocusReason)
+            new PressEater;
+        return true;
+    }
+
+    bool Run()
+    {
+        if (running_)
+            return true;
+        running_ = true; // a message shown by the check moves the focus as well
+        const QPointer<LeaveCheck> that(this);
+        const bool passed = check_();
+        if (that != nullptr)
+            running_ = false;
+        return passed || that == nullptr;
+    }
+
+private:
+    bool Leaves(Qt::FocusReason reason) const
+    {
+        const bool byUser = reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason
+            || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+        const QWidget* next = QApplication::focusWidget();
+        return byUser && next != nullptr && next != control_ && next->window() == control_->window()
+            && !next->property(kLeaveFreelyProperty).toBool();
+    }
+
+    QWidget* control_;
+    std::function<bool()> check_;
+    bool running_ = false;
+};
+
+class EnterFilter final : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter)
+            return false;
+        QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+        QApplication::sendEvent(parent(), &tab);
+        return true;
+    }
+};
+
+class MarkFilter final : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::FocusIn) {
+            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+            marks_ = reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+            if (marks_)
+                static_cast<QLineEdit*>(watched)->selectAll();
+        }
+        // The release of the click that brought the focus: the press has put the cursor and dropped the mark.
+        if (event->type() == QEvent::MouseButtonRelease && marks_) {
+            marks_ = false;
+            auto* textBox = static_cast<QLineEdit*>(watched);
+            if (!textBox->hasSelectedText())
+                textBox->selectAll();
+        }
+        if (event->type() == QEvent::KeyPress)
+            marks_ = false;
+        return false;
+    }
+
+private:
+    bool marks_ = false;
+};
+
+} // namespace
+
+void CheckOnLeave(QWidget* control, std::function<bool()> check)
+{
+    new LeaveCheck(control, std::move(check));
+}
+
+void LeaveFreely(QWidget* control)
+{
+    control->setProperty(kLeaveFreelyProperty, true);
+}
+
+bool CheckFocused(const QWidget* window)
+{
+    QWidget* focused = window->focusWidget();
+    if (focused == nullptr)
+        return true;
+    for (QObject* child : focused->children()) {
+        auto* check = dynamic_cast<LeaveCheck*>(child);
+        if (check != nullptr && !check->Run()) {
+            focused->setFocus(Qt::OtherFocusReason);
+            return false;
+        }
+    }
+    return true;
+}
+
+void EnterAsTab(QLineEdit* textBox)
+{
+    textBox->installEventFilter(new EnterFilter(textBox));
+}
+
+void MarkTextOnEnter(QLineEdit* textBox)
+{
+    textBox->installEventFilter(new MarkFilter(textBox));
+}
+
+} // namespace tarvik

@@ -1,0 +1,155 @@
+// app/forms/form.h: the base of every dialog form: its life on the dialog stack, and the helpers that make its
+// controls.
+#pragma once
+
+#include "app/forms/dialog.h"
+
+#include <QDialog>
+
+class QCheckBox;
+class QComboBox;
+class QEventLoop;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+
+namespace tarvik {
+
+/// A form runs through Load, its message loop, QueryUnload and OnUnload, in this order, each time it is shown.
+/// `DialogShow(form)` starts it; Close buttons call `Unload`. Escape never reaches the form: the keyboard hook
+/// ends it through the dialog stack.
+class FormBase : public QDialog, public DialogForm {
+    Q_OBJECT
+public:
+    /// `name` is the form's class name and becomes its object name.
+    explicit FormBase(const char* name, QWidget* parent = nullptr);
+    ~FormBase() override;
+
+    void RunDialog(bool blocking) override;
+    bool HasActivation() const override;
+    void Unload() override;
+    void PrepareWindow(bool removeClose) override;
+    void ShowBusyPointer(bool busy) override;
+
+    /// True from RunDialog until the form has unloaded.
+    bool IsLoaded() const
+    {
+        return loaded_;
+    }
+
+    bool IsClosed() const
+    {
+        return !loaded_;
+    }
+
+    /// Help number of the form itself: what F1 shows where no control has a number of its own.
+    int HelpNumber() const;
+
+protected:
+    /// The form's load event: pushes the form on the stack (`DialogPush`) and fills it. False unloads it at once.
+    virtual bool OnLoad() = 0;
+
+    /// True lets the form close.
+    virtual bool QueryUnload()
+    {
+        return true;
+    }
+
+    /// The form is closing; it leaves the stack right after this.
+    virtual void OnUnload() { }
+
+    /// First activation, with the message loop running.
+    virtual void OnActivate() { }
+
+    void SetHelpNumber(int number);
+
+    /// Runs events until the form has been painted, but not for long: for an activation whose work keeps it from being
+    /// painted. A form that can't be seen is not waited for to the end.
+    void WaitUntilPainted();
+
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void reject() override { }
+
+private:
+    void FinishUnload();
+    void RunLoop();
+
+    QEventLoop* loop_ = nullptr; ///< of a form that is shown blocking
+    bool loaded_ = false;
+    bool activated_ = false;
+    bool painted_ = false;
+    bool refusing_ = false;
+};
+
+/// Text, help number and hint of a control. 0 stands for none.
+struct ControlTexts {
+    int Text = 0;
+    int Help = 0;
+    int Hint = 0; ///< status line text while the pointer is over the control
+};
+
+/// Space around a form's contents.
+inline constexpr int kFormMarginPx = 16;
+
+/// Property of a control or action that holds its help number.
+inline constexpr const char* kHelpNumberProperty = "HelpNumber";
+
+/// Property of a control that takes Escape for itself while it has the focus, so that the form stays open.
+inline constexpr const char* kKeepsEscapeProperty = "KeepsEscape";
+
+/// The help number that F1 shows for `control`: its own, else its nearest parent's; 0 without one.
+int HelpNumberOf(const QWidget* control);
+
+void SetControlHelp(QWidget* control, int help);
+
+/// Property of a control that holds its hint number.
+inline constexpr const char* kHintNumberProperty = "HintNumber";
+
+/// Shows text `hint` on the status line while the pointer is over `control`; may be called again with another one.
+void SetControlHint(QWidget* control, int hint);
+
+/// Twips in one pixel of the control's screen: 15 at 96 dpi.
+double TwipsPerPixel(const QWidget* control);
+int PixelsFromTwips(const QWidget* control, double twips);
+
+/// Sets a control's text and geometry by text number, by the kind of the control: a combo box gets no text; a text
+/// box gets it as its content; labels, buttons and frames as their caption; lines, scroll bars, lists and pictures
+/// none. Adjustments of the geometry apply when 4 exist (a combo box: at least 3); those of a line move its two ends.
+void LngSetCtrl(QWidget* control, int id);
+
+/// Property of a form that holds by how much (QSize, pixels) its language makes it larger than its layout does.
+inline constexpr const char* kGrowthProperty = "LanguageGrowth";
+
+/// The same for a form: its window title, moved and sized when exactly 4 adjustments exist. A form whose layout fixes
+/// its size stays at that size, which grows with its controls.
+void LngSetForm(QWidget* form, int id);
+
+/// Names a control: object name, and an accessible name taken from `label` where the control shows no text.
+void NameControl(QWidget* control, const QString& name);
+
+/// Makers of controls. Each returns a child of `parent` under its given name, with texts and help set.
+QPushButton* NewButton(QWidget* parent, const char* name, const ControlTexts& texts);
+QLabel* NewLabel(QWidget* parent, const char* name, const ControlTexts& texts);
+QLineEdit* NewTextBox(QWidget* parent, const char* name, int help, int maxLength);
+QComboBox* NewCombo(QWidget* parent, const char* name, int help);
+QCheckBox* NewCheckBox(QWidget* parent, const char* name, const ControlTexts& texts);
+QGroupBox* NewFrame(QWidget* parent, const char* name, const ControlTexts& texts);
+
+/// Binds a label to the control it names: buddy for its mnemonic, and the control's accessible name.
+void BindLabel(QLabel* label, QWidget* control);
+
+/// `text` without mnemonic marks and without a closing colon, for accessible names.
+QString PlainCaption(const QString& text);
+
+/// The tool tip that shows `text` as it stands: a name may look like markup. Empty for an empty text.
+QString PlainTip(const QString& text);
+
+/// Takes only text that Windows-1252 can hold, so that nothing typed is lost on its way into a file.
+void LimitToAnsi(QLineEdit* textBox);
+
+} // namespace tarvik

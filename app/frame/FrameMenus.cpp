@@ -1,0 +1,192 @@
+#include "app/frame/FrameMenus.h"
+
+#include "app/forms/Pictures.h"
+#include "app/forms/form.h"
+#include "app/state/linkState.h"
+#include "app/state/project.h"
+#include "app/state/statusBar.h"
+#include "app/text/lang.h"
+#include "app/values/general.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStyle>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextLiveScreen = 11936;
+
+bool PicturesFit(const QWidget* widget)
+{
+    const QStyle* style = widget->style();
+    return MenuPicturesAreDrawn(style->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, widget),
+        style->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, widget));
+}
+
+} // namespace
+
+FrameMenus::FrameMenus(QMainWindow* frame)
+    : QObject(frame)
+    , frame_(frame)
+{
+    frame->menuBar()->setObjectName(QStringLiteral("MenuBar"));
+    for (const MenuGroup& group : MenuBarTable()) {
+        auto* menu = new QMenu(frame->menuBar());
+        AddGroup(group, menu);
+        frame->menuBar()->addMenu(menu);
+    }
+    for (const MenuGroup& group : PopupTable()) {
+        auto* menu = new QMenu(frame);
+        AddGroup(group, menu);
+        popups_[QString::fromLatin1(group.Head.Name)] = menu;
+    }
+}
+
+void FrameMenus::AddGroup(const MenuGroup& group, QMenu* menu)
+{
+    const QString name = QString::fromLatin1(group.Head.Name);
+    menu->setObjectName(name);
+    menu->menuAction()->setObjectName(name);
+    actions_[name] = menu->menuAction();
+    for (const MenuEntry& entry : group.Items)
+        AddEntry(entry, menu);
+    connect(menu, &QMenu::aboutToHide, this, [] { StatusSet({}); });
+}
+
+void FrameMenus::AddEntry(const MenuEntry& entry, QMenu* menu)
+{
+    if (entry.Name == nullptr) {
+        menu->addSeparator();
+        return;
+    }
+    QAction* action = menu->addAction(QString());
+    action->setObjectName(QString::fromLatin1(entry.Name));
+    action->setCheckable(entry.HasCheck);
+    actions_[action->objectName()] = action;
+    connect(action, &QAction::triggered, this, [this, command = entry.Run] {
+        CommandRun(command);
+        ShowToggles(); // a checkable action has switched its mark by itself, whatever the command did
+    });
+    connect(action, &QAction::hovered, this, [entry] {
+        if (const int hint = MenuHint(entry, LinkIsUp()))
+            StatusSetId(hint);
+        else
+            StatusSet({});
+    });
+}
+
+/// A menu shows what stands behind a tab as the item's key; the key itself belongs to the frame's key handler.
+void FrameMenus::SetEntryText(QAction* action, int text, int help)
+{
+    const QString caption = LngStr(text);
+    action->setText(FrameCaption(caption, IsNtFamily()));
+    action->setProperty(kHelpNumberProperty, help);
+}
+
+void FrameMenus::SetTexts()
+{
+    const bool pictures = PicturesFit(frame_);
+    const auto setGroup = [this, pictures](const MenuGroup& group) {
+        if (group.Head.Text != 0)
+            SetEntryText(Action(group.Head.Name), group.Head.Text, group.Head.Help);
+        for (const MenuEntry& entry : group.Items) {
+            if (entry.Name == nullptr)
+                continue;
+            SetEntryText(Action(entry.Name), entry.Text, entry.Help);
+            if (pictures && entry.Picture != kNoPicture) {
+                const auto& button = ToolBarTable()[static_cast<size_t>(entry.Picture)];
+                Action(entry.Name)->setIcon(MenuPictureIcon(QString::fromLatin1(button.Picture)));
+            }
+        }
+    };
+    for (const MenuGroup& group : MenuBarTable())
+        setGroup(group);
+    for (const MenuGroup& group : PopupTable())
+        setGroup(group);
+    ShowToggles();
+}
+
+void FrameMenus::Apply(const MenuOutcome& outcome)
+{
+    for (const MenuGroup& group : MenuBarTable()) {
+        Action(group.Head.Name)->setEnabled(outcome.MenusEnabled);
+        for (const MenuEntry& entry : group.Items) {
+            if (entry.Name == nullptr)
+                continue;
+            if (const std::optional<bool> enabled = outcome.Entry(entry))
+                Action(entry.Name)->setEnabled(*enabled);
+        }
+    }
+    SetConnectCaption(outcome.Connect);
+    if (outcome.ResetLiveScreenCaption)
+        SetEntryText(Action("MnInstrDispSc"), kTextLiveScreen, kTextLiveScreen + 1);
+    if (outcome.DescriptionEnabled)
+        Action("MnViewDescription")->setEnabled(*outcome.DescriptionEnabled);
+    if (outcome.DescriptionChecked)
+        Action("MnViewDescription")->setChecked(*outcome.DescriptionChecked);
+}
+
+void FrameMenus::SetConnectCaption(const ConnectCaption& caption)
+{
+    for (const char* name : { "MnInstrConnect", "ClMnInstrConnect" })
+        SetEntryText(Action(name), caption.Text, caption.Help);
+}
+
+void FrameMenus::ShowToggles()
+{
+    const ProgramState& program = Program();
+    for (const char* name : { "MnViewToolbar", "ClMnViewToolbar", "TbMnHide" })
+        Action(name)->setChecked(program.ToolbarOn);
+    for (const char* name : { "MnViewStatusBar", "ClMnViewStatusBar", "SbMnHide" })
+        Action(name)->setChecked(program.StatusBarOn);
+    Action("MnWindowAutotile")->setChecked(program.AutoTile);
+    const bool description = TheDocumentHooks().State().DescriptionVisible;
+    for (const char* name : { "MnViewDescription", "ScMnViewDescription", "SwMnViewDescription" })
+        Action(name)->setChecked(description);
+}
+
+void FrameMenus::Popup(const QString& name, const QPoint& at)
+{
+    const MenuGroup* group = PopupFind(name);
+    if (group == nullptr || !CanAct())
+        return;
+    SetPopupStates(*group);
+    popups_[name]->popup(at);
+}
+
+void FrameMenus::SetPopupStates(const MenuGroup& group)
+{
+    const MenuInput input = MenuInputNow();
+    for (const MenuEntry& entry : group.Items) {
+        if (entry.Name != nullptr && entry.When != EnableRule::Untouched)
+            Action(entry.Name)->setEnabled(RuleHolds(entry.When, input));
+    }
+    SetConnectCaption(ConnectCaptionFor(input.LinkUp));
+    ShowToggles();
+}
+
+std::optional<int> FrameMenus::HighlightedHelp() const
+{
+    const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    const QMenuBar* bar = frame_->menuBar();
+    const QAction* action = nullptr;
+    if (menu != nullptr)
+        action = menu->activeAction() != nullptr ? menu->activeAction() : menu->menuAction();
+    else if (bar->hasFocus()) // without it the action is only under the pointer
+        action = bar->activeAction();
+    if (action == nullptr)
+        return std::nullopt;
+    return action->property(kHelpNumberProperty).toInt();
+}
+
+QAction* FrameMenus::Action(const char* name) const
+{
+    return actions_.value(QString::fromLatin1(name));
+}
+
+} // namespace tarvik

@@ -1,0 +1,60 @@
+// app/frame/FrameToolbar.h: the frame's tool bar: the buttons `Cm[0]` to `Cm[20]` and their tips.
+#pragma once
+
+#include "app/frame/menu.h"
+#include "app/frame/tip.h"
+
+#include <QPointer>
+#include <QToolBar>
+
+#include <functional>
+
+class QTimer;
+class QToolButton;
+
+namespace tarvik {
+
+class FmTip;
+
+class FrameToolbar final : public QToolBar {
+    Q_OBJECT
+public:
+    explicit FrameToolbar(QWidget* frame);
+
+    /// Called after each button's command but the last one's: the focus goes back to the active child window.
+    std::function<void()> ReturnFocus = [] {};
+
+    /// Called on each tick of the tips' timer.
+    std::function<void()> OnTick = [] {};
+
+    void SetTexts();
+
+    /// Places the buttons in their groups; once.
+    void LayOut();
+
+    /// Writes a button's state only where it differs, so that nothing flickers. A button that had the focus when it was
+    /// switched off, as all are while a command runs, gets it back when it is switched on.
+    void Apply(const MenuOutcome& outcome);
+
+    void FocusFirstButton();
+    void StartTips();
+    void CloseTip();
+
+private:
+    QToolButton* NewToolButton(int index);
+    void WriteStates(const MenuOutcome& outcome);
+    void ShowLinkState(bool linkUp);
+    void SetButtonTexts(int index, int tip, int hint);
+    void Tick();
+    int ButtonUnderPointer() const;
+
+    std::array<QToolButton*, kToolButtons> Cm{};
+    QTimer* TmTips = nullptr;
+    FmTip* tip_ = nullptr;
+    TipCounter counter_;
+    bool linkUp_ = false;
+    QWidget* switchedOff_ = nullptr; ///< the button that had the focus
+    QPointer<QWidget> focusMeanwhile_; ///< what has it since then
+};
+
+} // namespace tarvik

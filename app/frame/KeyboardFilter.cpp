@@ -1,0 +1,172 @@
+#include "app/frame/KeyboardFilter.h"
+
+#include "app/forms/dialog.h"
+#include "app/forms/form.h"
+#include "app/frame/keyboardHook.h"
+#include "app/help/FmHelp.h"
+#include "app/help/help.h"
+#include "app/state/project.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QWhatsThis>
+#include <QWidget>
+
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+/// An event goes to its window, then to the widget with the focus, then to that one's parents: one object all the
+/// way. The top bit of its time marks it as handled.
+constexpr quint64 kHandledMark = quint64(1) << 63;
+
+bool& ArrowHeld()
+{
+    static bool held = false;
+    return held;
+}
+
+void NoteArrow(const QKeyEvent& event)
+{
+    if (event.key() == Qt::Key_Up || event.key() == Qt::Key_Down)
+        ArrowHeld() = event.type() == QEvent::KeyPress;
+}
+
+bool FocusKeepsEscape()
+{
+    const QWidget* focus = QApplication::focusWidget();
+    return focus != nullptr && focus->property(kKeepsEscapeProperty).toBool();
+}
+
+/// A list, a menu, a mode or an edit in place that ends by Escape.
+bool EscapeEndsSomethingElse()
+{
+    return QApplication::activePopupWidget() != nullptr || QWhatsThis::inWhatsThisMode() || FocusKeepsEscape();
+}
+
+QWidget* ControlOf(QObject* watched)
+{
+    if (auto* control = qobject_cast<QWidget*>(watched))
+        return control;
+    return QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : QApplication::activeWindow();
+}
+
+} // namespace
+
+KeyboardFilter::KeyboardFilter(QObject* parent)
+    : QObject(parent)
+{
+}
+
+void KeyboardFilter::Install()
+{
+    qApp->installEventFilter(this);
+}
+
+void KeyboardFilter::Remove()
+{
+    qApp->removeEventFilter(this);
+}
+
+bool KeyboardFilter::ArrowKeyIsHeld()
+{
+    return ArrowHeld();
+}
+
+bool KeyboardFilter::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        return OnKey(watched, *static_cast<QKeyEvent*>(event));
+    case QEvent::ShortcutOverride:
+        NoteEscape(*static_cast<QKeyEvent*>(event));
+        return false;
+    case QEvent::ApplicationDeactivate:
+        ArrowHeld() = false;
+        Program().ShiftDown = false; // its release goes to another program, and what is deleted with it is gone
+        escapeIsOurs_ = false;
+        return false;
+    case QEvent::QueryWhatsThis:
+        event->setAccepted(HelpNumberOf(qobject_cast<QWidget*>(watched)) != 0);
+        return event->isAccepted();
+    case QEvent::WhatsThis:
+        return PopUpHelpOf(watched, static_cast<QHelpEvent*>(event)->globalPos());
+    case QEvent::MouseButtonRelease:
+        return PopUpHelpOfDisabledItem(watched, *static_cast<QMouseEvent*>(event));
+    default:
+        return false;
+    }
+}
+
+bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
+{
+    const bool isRepeatedRelease = event.type() == QEvent::KeyRelease && event.isAutoRepeat();
+    if ((event.timestamp() & kHandledMark) != 0 || isRepeatedRelease) // a held key has not been released
+        return false;
+    event.setTimestamp(event.timestamp() | kHandledMark);
+    NoteArrow(event);
+    if (event.key() == Qt::Key_Escape && !IsOurEscape(event))
+        return false;
+    const HookKey key{ event.key(), event.type() == QEvent::KeyRelease, event.isAutoRepeat() };
+    if (KeyboardHookKey(key))
+        return true;
+    const bool goesDown = !key.Released && !key.AutoRepeat;
+    return key.Key == Qt::Key_F1 && goesDown && ShowTopicOf(watched);
+}
+
+/// What comes before a key goes down. A list that drops down closes on this one, so that the key itself finds none.
+void KeyboardFilter::NoteEscape(QKeyEvent& event)
+{
+    if (event.key() != Qt::Key_Escape || (event.timestamp() & kHandledMark) != 0)
+        return;
+    event.setTimestamp(event.timestamp() | kHandledMark);
+    escapeHadOther_ = EscapeEndsSomethingElse();
+}
+
+/// An Escape that closes a list, a menu or a file dialog, ends an edit in place, or leaves the What's This mode, must
+/// not close the form below as well, neither at once nor with its release.
+bool KeyboardFilter::IsOurEscape(const QKeyEvent& event)
+{
+    if (event.type() == QEvent::KeyRelease)
+        return std::exchange(escapeIsOurs_, false);
+    const bool isForOther = std::exchange(escapeHadOther_, false) || EscapeEndsSomethingElse();
+    escapeIsOurs_ = !isForOther && (DialogIsActive() || !DialogIsOpen());
+    return escapeIsOurs_;
+}
+
+bool KeyboardFilter::ShowTopicOf(QObject* watched)
+{
+    const int help = HelpNumberOf(ControlOf(watched));
+    if (help != 0)
+        ShowHelp(help);
+    return help != 0;
+}
+
+bool KeyboardFilter::PopUpHelpOf(QObject* watched, QPoint position)
+{
+    auto* control = qobject_cast<QWidget*>(watched);
+    const int help = HelpNumberOf(control);
+    if (help != 0)
+        ShowPopupHelp(control, help, position);
+    return help != 0;
+}
+
+/// A menu tells what its enabled items do; but it is a grey one that makes a user ask.
+bool KeyboardFilter::PopUpHelpOfDisabledItem(QObject* watched, const QMouseEvent& event)
+{
+    auto* menu = QWhatsThis::inWhatsThisMode() ? qobject_cast<QMenu*>(watched) : nullptr;
+    const QAction* action = menu == nullptr ? nullptr : menu->actionAt(event.position().toPoint());
+    const int help = action == nullptr || action->isEnabled() ? 0 : action->property(kHelpNumberProperty).toInt();
+    if (help == 0)
+        return false;
+    menu->close();
+    ShowPopupHelp(QApplication::activeWindow(), help, event.globalPosition().toPoint());
+    return true;
+}
+
+} // namespace tarvik

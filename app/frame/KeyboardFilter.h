@@ -1,0 +1,38 @@
+// app/frame/KeyboardFilter.h: the one event filter on the application: keys for the keyboard hook, F1 on a control, and
+// the clicks of the What's This mode.
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+
+class QKeyEvent;
+class QMouseEvent;
+
+namespace tarvik {
+
+class KeyboardFilter final : public QObject {
+    Q_OBJECT
+public:
+    explicit KeyboardFilter(QObject* parent = nullptr);
+
+    void Install();
+    void Remove();
+
+    /// True while Up or Down is held.
+    static bool ArrowKeyIsHeld();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool OnKey(QObject* watched, QKeyEvent& event);
+    void NoteEscape(QKeyEvent& event);
+    bool IsOurEscape(const QKeyEvent& event);
+    bool ShowTopicOf(QObject* watched);
+    bool PopUpHelpOf(QObject* watched, QPoint position);
+    bool PopUpHelpOfDisabledItem(QObject* watched, const QMouseEvent& event);
+
+    bool escapeIsOurs_ = false; ///< the Escape that is held went down in a form and not in a pop-up or file dialog
+    bool escapeHadOther_ = false; ///< the Escape that is about to go down had something else to end
+};
+
+} // namespace tarvik

@@ -1,0 +1,324 @@
+#include "app/frame/MfMain.h"
+
+#include "app/about/FmLogo.h"
+#include "app/forms/Pictures.h"
+#include "app/forms/form.h"
+#include "app/frame/FrameMenus.h"
+#include "app/frame/FrameStatusBar.h"
+#include "app/frame/FrameToolbar.h"
+#include "app/frame/KeyboardFilter.h"
+#include "app/frame/keyboardHook.h"
+#include "app/frame/placement.h"
+#include "app/settings/settings.h"
+#include "app/state/project.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStyle>
+#include <QThread>
+#include <QTimer>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kHelpFrame = 11801;
+constexpr int kChildAreaPercent = 130; // how far its lightness is from the window colour's
+constexpr int kMiddleLightness = 128;
+
+Qt::WindowStates WindowStateOf(int winState)
+{
+    if (winState == WinStateMaximised)
+        return Qt::WindowMaximized;
+    return winState == WinStateMinimised ? Qt::WindowMinimized : Qt::WindowNoState;
+}
+
+MfMain* current = nullptr;
+
+} // namespace
+
+MfMain* MfMain::Current()
+{
+    return current;
+}
+
+MfMain::MfMain(const QString& programFolder)
+    : programFolder_(programFolder)
+{
+    current = this;
+    setObjectName(QStringLiteral("MfMain"));
+    setWindowTitle(ProductTitle());
+    setAcceptDrops(true);
+    SetControlHelp(this, kHelpFrame);
+    BuildAreas();
+    BindHooks();
+    BindCommands();
+    BindPlacement();
+}
+
+MfMain::~MfMain()
+{
+    disconnect(MdiArea, nullptr, this, nullptr); // child windows are activated and left while the base closes
+    UnbindHooks();
+    current = nullptr;
+}
+
+void MfMain::BuildAreas()
+{
+    MdiArea = new QMdiArea(this);
+    MdiArea->setObjectName(QStringLiteral("MdiArea"));
+    MdiArea->setActivationOrder(QMdiArea::ActivationHistoryOrder); // behind one that closes the one before it is active
+    MdiArea->viewport()->installEventFilter(this);
+    MdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded); // a picture may be larger than the area
+    MdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    ColourChildArea();
+    setCentralWidget(MdiArea);
+    connect(MdiArea, &QMdiArea::subWindowActivated, this, [this] { MenuUpdate(); });
+
+    menus_ = new FrameMenus(this);
+    toolbar_ = new FrameToolbar(this);
+    toolbar_->installEventFilter(this);
+    toolbar_->ReturnFocus = [this] { ReturnFocus(); };
+    addToolBar(Qt::TopToolBarArea, toolbar_);
+    statusBar_ = new FrameStatusBar(this);
+    statusBar_->installEventFilter(this);
+    setStatusBar(statusBar_);
+    keyboard_ = new KeyboardFilter(this);
+
+    ImLogoMr = new QLabel(this);
+    ImLogoMr->setObjectName(QStringLiteral("ImLogoMr"));
+    ImLogoMr->setPixmap(PicturePixmap(QStringLiteral("logo"), devicePixelRatioF()));
+    ImLogoMr->hide();
+}
+
+/// Set apart from the bars around it and, on a dark palette, from the menus, which are the darkest there.
+void MfMain::ColourChildArea()
+{
+    const QColor window = palette().color(QPalette::Window);
+    const bool isDark = window.lightness() < kMiddleLightness;
+    MdiArea->setBackground(isDark ? window.lighter(kChildAreaPercent) : window.darker(kChildAreaPercent));
+}
+
+void MfMain::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && MdiArea != nullptr)
+        ColourChildArea();
+}
+
+bool MfMain::Load()
+{
+    if (!ProjectInit(*this))
+        return false;
+    toolbar_->LayOut();
+    return ProjectStart(*this);
+}
+
+void MfMain::CloseWhenPossible()
+{
+    Program().CloseWished = true;
+    PursueCloseWish();
+}
+
+/// What may close does so from the message loop, since this runs in the midst of a dialog's end as well.
+void MfMain::PursueCloseWish()
+{
+    ProgramState& program = Program();
+    if (!program.CloseWished)
+        return;
+    QTimer::singleShot(0, this, [this, &program] {
+        if (!program.CloseWished)
+            return;
+        DialogForm* dialog = DialogTop();
+        if (dialog != nullptr && dialog->GoesWithProgram()) {
+            dialog->Unload();
+        } else if (program.Started && CanAct()) {
+            program.CloseWished = false; // who cancels a prompt now has decided to stay
+            close();
+        }
+    });
+}
+
+QString MfMain::CommandLine() const
+{
+    return QCoreApplication::arguments().mid(1).join(u' ');
+}
+
+QString MfMain::ExecutableFolder() const
+{
+    return programFolder_;
+}
+
+bool MfMain::LoadModule(Module module, const QString& folder)
+{
+    return ModuleLoad(module, folder);
+}
+
+void MfMain::BuildTexts()
+{
+    setWindowTitle(Program().ProgramTitle);
+    setAccessibleName(Program().ProgramTitle);
+    MdiArea->setAccessibleName(Program().ProgramTitle);
+    menuBar()->setAccessibleName(Program().ProgramTitle);
+    menus_->SetTexts();
+    toolbar_->SetTexts();
+    statusBar_->SetTexts();
+}
+
+int MfMain::ShowLogo()
+{
+    FmLogo logo(ImLogoMr->pixmap(Qt::ReturnByValue));
+    return DialogShow(logo);
+}
+
+void MfMain::FreeLogo()
+{
+    ImLogoMr->setPixmap({});
+}
+
+void MfMain::InstallKeyboardHook()
+{
+    keyboard_->Install();
+}
+
+void MfMain::RemoveKeyboardHook()
+{
+    keyboard_->Remove();
+}
+
+void MfMain::ApplyBars()
+{
+    ShowBar(toolbar_, Program().ToolbarOn);
+    ShowBar(statusBar_, Program().StatusBarOn);
+    menus_->ShowToggles();
+}
+
+/// The child windows are arranged anew when the room for them has changed.
+void MfMain::ShowBar(QWidget* bar, bool on)
+{
+    if (bar->isHidden() == !on)
+        return;
+    bar->setVisible(on);
+    layout()->activate(); // the room changes now, not with the next event
+    TheDocumentHooks().Retile();
+}
+
+void MfMain::ShowFrame()
+{
+    QVector<QRect> screens;
+    for (const QScreen* one : QGuiApplication::screens())
+        screens.append(one->availableGeometry());
+    if (placement_.isValid()) {
+        const int border = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+        const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+        const QRect placed = PlacementOnScreens(placement_, screens);
+        placement_ = { placed.topLeft(), PlacedSize(placed, screens, QSize(2 * border, 2 * border + title)) };
+        resize(placement_.size());
+        move(placement_.topLeft()); // of the title bar, which would lie above the screen otherwise
+    }
+    setWindowState(WindowStateOf(Program().MainWindowState)); // behind the geometry, which would end it
+    setVisible(true);
+    toolbar_->StartTips();
+}
+
+void MfMain::FocusFirstButton()
+{
+    toolbar_->FocusFirstButton();
+}
+
+void MfMain::ReturnFocus()
+{
+    if (QMdiSubWindow* child = MdiArea->activeSubWindow())
+        child->setFocus();
+}
+
+/// Runs at each change of what the program can do.
+void MfMain::MenuUpdate()
+{
+    PursueCloseWish();
+    const auto outcome = MenuCompute(MenuInputNow(), Program().MenusDisabled);
+    if (!outcome)
+        return;
+    menus_->Apply(*outcome);
+    toolbar_->Apply(*outcome);
+    statusBar_->ShowLinkState(outcome->LinkUp);
+    TheDocumentHooks().Enable(outcome->MenusEnabled);
+}
+
+void MfMain::Popup(const QString& name, const QPoint& at)
+{
+    menus_->Popup(name, at);
+}
+
+bool MfMain::FrameKeyDown(const QKeyEvent& event)
+{
+    const bool isCopy = event.key() == Qt::Key_C && event.modifiers() == Qt::ControlModifier;
+    return isCopy && RuleHolds(EnableRule::Document, MenuInputNow()) && CommandRun(Command::EditCopyGraph);
+}
+
+bool MfMain::HasActivation() const
+{
+    const bool nobodyHas = QApplication::activeWindow() == nullptr;
+    return isActiveWindow() || (nobodyHas && QGuiApplication::applicationState() == Qt::ApplicationActive);
+}
+
+void MfMain::keyPressEvent(QKeyEvent* event)
+{
+    if (!FrameKeyDown(*event))
+        QMainWindow::keyPressEvent(event);
+}
+
+void MfMain::closeEvent(QCloseEvent* event)
+{
+    if (!Program().Started || !ProjectQueryUnload()) { // a start runs to its end
+        event->ignore();
+        return;
+    }
+    ProjectUnload(*this);
+    event->accept();
+    if (QThread::currentThread()->loopLevel() > 0)
+        QCoreApplication::exit(0);
+}
+
+/// The menu key opens the frame's menu: one of its entries stands in no other menu.
+void MfMain::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        Popup(QStringLiteral("ClMn"), MdiArea->mapToGlobal(QPoint()));
+    event->accept();
+}
+
+QMenu* MfMain::createPopupMenu()
+{
+    return nullptr; // the bars have menus of their own
+}
+
+bool MfMain::eventFilter(QObject* watched, QEvent* event)
+{
+    return PopupForBar(watched, event) || QMainWindow::eventFilter(watched, event);
+}
+
+/// `ClMn` opens when the button goes up over the empty area, the menus of the bars when it goes down.
+bool MfMain::PopupForBar(QObject* watched, QEvent* event)
+{
+    const bool isArea = watched == MdiArea->viewport() && event->type() == QEvent::MouseButtonRelease;
+    const bool isBar = watched != MdiArea->viewport() && event->type() == QEvent::MouseButtonPress;
+    if (!isArea && !isBar)
+        return false;
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (mouse->button() != Qt::RightButton)
+        return false;
+    const char* name = isArea ? "ClMn" : watched == toolbar_ ? "TbMn" : "SbMn";
+    Popup(QString::fromLatin1(name), mouse->globalPosition().toPoint());
+    return true;
+}
+
+} // namespace tarvik

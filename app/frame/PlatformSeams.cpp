@@ -1,0 +1,209 @@
+#include "app/frame/PlatformSeams.h"
+
+#include "app/forms/form.h"
+#include "app/frame/KeyboardFilter.h"
+#include "app/frame/startup.h"
+#include "app/platform/seams.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeDatabase>
+#include <QScreen>
+#include <QTreeView>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace tarvik {
+
+namespace {
+
+/// On this platform there is no eye to read a box and no hand to close it.
+bool HasNoDisplay()
+{
+    return QGuiApplication::platformName() == QLatin1String("offscreen")
+        || QGuiApplication::platformName() == QLatin1String("minimal");
+}
+
+constexpr QSize kDialogSize(820, 500);
+
+/// So large that names, sizes, kinds and dates of files are read without dragging columns. A desktop's own dialog has
+/// no such list, and sees to its size itself.
+void ShowWholeEntries(QFileDialog& dialog)
+{
+    const auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (files == nullptr)
+        return;
+    files->header()->setStretchLastSection(false);
+    files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    dialog.resize(kDialogSize.boundedTo(dialog.screen()->availableSize()));
+}
+
+QString BrowseFolder(const FolderQuestion& question)
+{
+    QFileDialog dialog(QApplication::activeWindow(), question.Title, question.Start);
+    dialog.setObjectName(QStringLiteral("FolderBrowser"));
+    ShowWholeEntries(dialog);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return dialog.selectedFiles().value(0);
+}
+
+/// Filters are "description|pattern" pairs with patterns parted by semicolons, the dialog's by blanks.
+QStringList DialogFilters(const QStringList& filters)
+{
+    QStringList shown;
+    for (const QString& filter : filters) {
+        const QStringList parts = filter.split(u'|');
+        const QString pattern = parts.value(1).replace(u';', u' ');
+        shown.append(QStringLiteral("%1 (%2)").arg(parts.value(0), pattern));
+    }
+    return shown;
+}
+
+QString FolderOf(const QString& asked)
+{
+    return asked.isEmpty() ? TheCommonDialog().InitialFolder : asked;
+}
+
+QStringList AskToOpen(const OpenFilesQuestion& question, QFileDialog::FileMode mode)
+{
+    QFileDialog dialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder));
+    dialog.setObjectName(QStringLiteral("OpenDialog"));
+    ShowWholeEntries(dialog);
+    dialog.setFileMode(mode);
+    dialog.setNameFilters(DialogFilters(question.Filters));
+    dialog.setDefaultSuffix(question.DefaultExtension);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+}
+
+QString OpenFile(const OpenFileQuestion& question)
+{
+    return AskToOpen({ question.Title, question.InitialFolder, question.Filters, {} }, QFileDialog::ExistingFile)
+        .value(0);
+}
+
+QStringList OpenFiles(const OpenFilesQuestion& question)
+{
+    return AskToOpen(question, QFileDialog::ExistingFiles);
+}
+
+/// The extension that a filter of the save dialog stands for.
+QString ExtensionOfFilter(const QString& filter)
+{
+    return QFileInfo(filter.section(u'|', 1).section(u';', 0, 0)).suffix();
+}
+
+/// A save dialog to which only an extension that files have is one: in "Tower.2024" it sees none, and adds that of the
+/// filter before it looks for a file of this name.
+class SaveDialog final : public QFileDialog {
+public:
+    explicit SaveDialog(const SaveFileQuestion& question)
+        : QFileDialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder))
+        , filters_(question.Filters)
+    {
+        setObjectName(QStringLiteral("SaveDialog"));
+        ShowWholeEntries(*this);
+        setAcceptMode(QFileDialog::AcceptSave);
+        setFileMode(QFileDialog::AnyFile);
+        const QStringList shown = DialogFilters(filters_);
+        setNameFilters(shown);
+        SetControlHelp(this, question.HelpNumber);
+        connect(this, &QFileDialog::filterSelected, this, [this] { UseFilter(); });
+        selectNameFilter(shown.value(question.FilterIndex - 1));
+        UseFilter();
+        if (!question.FileName.isEmpty())
+            selectFile(question.FileName + u'.' + defaultSuffix());
+    }
+
+    /// What is looked for is what will be written: whoever gets a path from this dialog takes the blanks off its ends.
+    void accept() override
+    {
+        auto* edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); // not there in a desktop's own dialog
+        if (edit != nullptr) {
+            const QString name = WithExtension(edit->text().trimmed());
+            if (name != edit->text())
+                edit->setText(name);
+        }
+        QFileDialog::accept();
+    }
+
+private:
+    void UseFilter()
+    {
+        const qsizetype at = DialogFilters(filters_).indexOf(selectedNameFilter());
+        setDefaultSuffix(ExtensionOfFilter(filters_.value(std::max<qsizetype>(at, 0))));
+    }
+
+    QString WithExtension(QString name) const
+    {
+        if (!LacksExtension(QFileInfo(directory(), name)))
+            return name;
+        while (name.endsWith(u'.'))
+            name.chop(1);
+        return name + u'.' + defaultSuffix();
+    }
+
+    /// A number behind the last point counts the files of a series, whatever else it may be an extension of. A name
+    /// without a point is left to the toolkit.
+    bool LacksExtension(const QFileInfo& file) const
+    {
+        const QString end = file.suffix();
+        if (file.isDir() || !file.fileName().contains(u'.'))
+            return false;
+        const auto isMeant = [&end](const QString& filter) {
+            return ExtensionOfFilter(filter).compare(end, Qt::CaseInsensitive) == 0;
+        };
+        if (std::any_of(filters_.begin(), filters_.end(), isMeant))
+            return false;
+        return std::all_of(end.begin(), end.end(), [](QChar character) { return character.isDigit(); })
+            || QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension).isDefault();
+    }
+
+    QStringList filters_;
+};
+
+QString SaveFile(const SaveFileQuestion& question)
+{
+    SaveDialog dialog(question);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return dialog.selectedFiles().value(0);
+}
+
+/// Told on standard error as well: this box speaks of a program that can't start, perhaps to a script.
+void SystemBox(const QString& title, const QString& text)
+{
+    QString shown = text;
+    shown.replace(u'\r', u'\n');
+    std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(shown));
+    if (HasNoDisplay())
+        return;
+    QMessageBox box(QMessageBox::Warning, title, shown, QMessageBox::Ok);
+    box.setObjectName(QStringLiteral("SystemBox"));
+    box.exec();
+}
+
+} // namespace
+
+void BindPlatformSeams()
+{
+    Seams& seams = TheSeams();
+    seams.BrowseFolder = BrowseFolder;
+    seams.OpenFile = OpenFile;
+    seams.OpenFiles = OpenFiles;
+    seams.SaveFile = SaveFile;
+    seams.SystemBox = SystemBox;
+    seams.OpenUrl = [](const QUrl& url) { return QDesktopServices::openUrl(url); };
+    seams.ArrowKeyIsHeld = [] { return KeyboardFilter::ArrowKeyIsHeld(); };
+}
+
+} // namespace tarvik

@@ -1,0 +1,8 @@
+// app/frame/PlatformSeams.h: the dialogs and services of the window system, put into the seams.
+#pragma once
+
+namespace tarvik {
+
+void BindPlatformSeams();
+
+} // namespace tarvik

@@ -1,0 +1,131 @@
+#include "app/frame/menu.h"
+
+#include "app/state/linkState.h"
+#include "app/state/project.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kLeastCheckPx = 13;
+
+/// A valid window is active and its description can be shown beside the picture.
+bool DescriptionIsPossible(const DocumentsState& documents)
+{
+    return documents.Active && !documents.ActiveIsMaximised;
+}
+
+bool CanActNow(const MenuInput& input)
+{
+    return input.Started && input.CanAct;
+}
+
+} // namespace
+
+bool RuleHolds(EnableRule rule, const MenuInput& input)
+{
+    const DocumentsState& documents = input.Documents;
+    const bool act = CanActNow(input);
+    const bool doc = act && documents.Active;
+    switch (rule) {
+    case EnableRule::Untouched:
+        return true;
+    case EnableRule::Act:
+        return act;
+    case EnableRule::Document:
+        return doc;
+    case EnableRule::Link:
+        return act && input.LinkUp;
+    case EnableRule::Shown:
+        return doc && documents.AnyShown;
+    case EnableRule::Minimised:
+        return doc && documents.AnyMinimised;
+    case EnableRule::OffDefaultSize:
+        return doc && !documents.ActiveAtDefaultSize;
+    case EnableRule::Description:
+        return act && DescriptionIsPossible(documents);
+    case EnableRule::DescriptionShown:
+        return act && DescriptionIsPossible(documents) && documents.DescriptionVisible;
+    case EnableRule::Never:
+        return false;
+    }
+    return false;
+}
+
+std::optional<bool> MenuOutcome::Entry(const MenuEntry& entry) const
+{
+    if (!MenusEnabled || entry.When == EnableRule::Untouched)
+        return std::nullopt;
+    return RuleHolds(entry.When, Input);
+}
+
+std::optional<MenuOutcome> MenuCompute(const MenuInput& input, bool& menusDisabled)
+{
+    const bool act = CanActNow(input);
+    if (!act && menusDisabled && input.Started)
+        return std::nullopt;
+    menusDisabled = !act;
+
+    MenuOutcome outcome;
+    outcome.Input = input;
+    outcome.MenusEnabled = act;
+    for (size_t at = 0; at < outcome.Buttons.size(); ++at)
+        outcome.Buttons[at] = RuleHolds(ToolBarTable()[at].When, input);
+    outcome.Connect = ConnectCaptionFor(input.LinkUp);
+    outcome.ResetLiveScreenCaption = input.LinkUp;
+    if (act && input.Documents.Active) {
+        outcome.DescriptionEnabled = RuleHolds(EnableRule::Description, input);
+        outcome.DescriptionChecked = input.Documents.DescriptionVisible;
+    }
+    outcome.LinkUp = input.LinkUp;
+    return outcome;
+}
+
+MenuInput MenuInputNow()
+{
+    return { Program().Started, CanAct(), LinkIsUp(), TheDocumentHooks().State() };
+}
+
+ConnectCaption ConnectCaptionFor(bool linkUp)
+{
+    constexpr ConnectCaption kDisconnect{ 11940, 11941 };
+    constexpr ConnectCaption kConnect{ 11938, 11939 };
+    return linkUp ? kDisconnect : kConnect;
+}
+
+int MenuHint(const MenuEntry& entry, bool linkUp)
+{
+    if (entry.Run == Command::None)
+        return 0;
+    if (entry.Run == Command::Connect && linkUp)
+        return kHintConnected;
+    const Command run = entry.Run == Command::FilePrint ? Command::FilePrintNow : entry.Run;
+    for (const ToolButton& button : ToolBarTable()) {
+        if (button.Run == run)
+            return button.Hint;
+    }
+    return 0;
+}
+
+QString FrameCaption(const QString& text, bool isNtFamily)
+{
+    return isNtFamily ? text + u' ' : text;
+}
+
+bool MenuPicturesAreDrawn(int checkWidthPx, int checkHeightPx)
+{
+    return checkWidthPx >= kLeastCheckPx && checkHeightPx >= kLeastCheckPx;
+}
+
+DocumentHooks& TheDocumentHooks()
+{
+    static DocumentHooks hooks;
+    return hooks;
+}
+
+void DocumentHooksReset()
+{
+    TheDocumentHooks() = {};
+}
+
+} // namespace tarvik

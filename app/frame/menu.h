@@ -1,0 +1,158 @@
+// app/frame/menu.h: the one table of menu items, tool bar buttons and their pop-up twins, and the rules of what is
+// enabled.
+#pragma once
+
+#include "app/frame/commands.h"
+
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace tarvik {
+
+/// When a menu item or button is enabled. Items of a menu follow their rule only while their menu is enabled.
+enum class EnableRule {
+    Untouched, ///< enabled from birth, never changed
+    Act, ///< the program has started and can act
+    Document, ///< and a document window is active
+    Link, ///< and the link is up
+    Shown, ///< and a document window is not minimised
+    Minimised, ///< and a document window is minimised
+    OffDefaultSize, ///< and the active document window has not its default size
+    Description, ///< and the active document window is not maximised
+    DescriptionShown, ///< the same, and its description is visible
+    Never
+};
+
+inline constexpr int kNoPicture = -1;
+
+/// An item of a menu. An item without a name is a separator.
+struct MenuEntry {
+    const char* Name;
+    int Text; ///< text number of the caption
+    int Help; ///< help number
+    Command Run;
+    EnableRule When;
+    int Picture; ///< index of the tool bar button that bears the same picture
+    bool HasCheck; ///< the item shows a state
+};
+
+struct MenuGroup {
+    MenuEntry Head;
+    std::vector<MenuEntry> Items; ///< by position
+};
+
+/// The menu bar, left to right.
+const std::vector<MenuGroup>& MenuBarTable();
+
+/// The right-click menus: `ClMn`, `ScMn`, `SwMn`, `SbMn`, `TbMn`. A twin has the numbers, the rule and the check of
+/// the main entry whose name it repeats.
+const std::vector<MenuGroup>& PopupTable();
+
+/// The main menu's item `name`, null without one.
+const MenuEntry* MenuFind(const QString& name);
+
+/// The pop-up `name`, null without one.
+const MenuGroup* PopupFind(const QString& name);
+
+inline constexpr int kToolButtons = 21;
+
+struct ToolButton {
+    Command Run;
+    int Tip; ///< text number
+    int Hint; ///< text number of the status line's text
+    int Help;
+    EnableRule When;
+    const char* Picture; ///< file name of the picture, without folder and ending
+};
+
+/// `Cm[0]` to `Cm[20]`.
+const std::array<ToolButton, kToolButtons>& ToolBarTable();
+
+/// The groups of buttons from left to right; buttons that stand in none are never shown.
+const std::vector<std::vector<int>>& ToolBarGroups();
+
+inline constexpr int kToolButtonPitchTwips = 360;
+inline constexpr int kToolGroupGapTwips = 120;
+
+inline constexpr int kToolButtonConnect = 0;
+inline constexpr int kToolButtonWhatsThis = 20;
+
+/// Tip and hint of button 0 while the link is up.
+inline constexpr int kTipConnected = 13820;
+inline constexpr int kHintConnected = 13823;
+
+/// Caption and help number of `MnInstrConnect` and its twin.
+struct ConnectCaption {
+    int Text;
+    int Help;
+};
+ConnectCaption ConnectCaptionFor(bool linkUp);
+
+/// Text of the status line while an item is highlighted: the hint of the button that runs the same command or, for
+/// printing, the same with another argument; 0 without one. Connecting has another hint while the link is up.
+int MenuHint(const MenuEntry& entry, bool linkUp);
+
+/// A caption as the system shows it: the NT family has one blank at the end.
+QString FrameCaption(const QString& text, bool isNtFamily);
+
+/// Pictures are drawn beside menu items only where the system's check mark is at least 13 pixels in both directions.
+bool MenuPicturesAreDrawn(int checkWidthPx, int checkHeightPx);
+
+/// The open documents as the menus see them.
+struct DocumentsState {
+    bool Active = false; ///< a valid document window is active
+    bool AnyMinimised = false;
+    bool AnyShown = false; ///< one is not minimised
+    bool ActiveIsMaximised = false;
+    bool ActiveAtDefaultSize = false;
+    bool DescriptionVisible = false; ///< of the active window
+};
+
+/// What the frame asks of the document windows; without them none is open.
+struct DocumentHooks {
+    std::function<DocumentsState()> State = [] { return DocumentsState(); };
+    std::function<void(bool enabled)> Enable = [](bool) {};
+    std::function<void()> Retile = [] {}; ///< the room for child windows has changed
+    std::function<void()> CheckPendingResize = [] {}; ///< on each tick of the frame's tip timer
+};
+DocumentHooks& TheDocumentHooks();
+void DocumentHooksReset();
+
+struct MenuInput {
+    bool Started = false;
+    bool CanAct = false;
+    bool LinkUp = false;
+    DocumentsState Documents;
+};
+
+/// The state as it is now.
+MenuInput MenuInputNow();
+
+/// What an update writes. Empty optionals stand for what it leaves as it is.
+struct MenuOutcome {
+    bool MenusEnabled = false; ///< every entry of the menu bar
+    std::array<bool, kToolButtons> Buttons{};
+    ConnectCaption Connect{};
+    bool ResetLiveScreenCaption = false;
+    std::optional<bool> DescriptionEnabled;
+    std::optional<bool> DescriptionChecked;
+    bool LinkUp = false; ///< which connection picture is visible
+
+    /// State of a menu's item, empty when it is left as it is.
+    std::optional<bool> Entry(const MenuEntry& entry) const;
+
+    MenuInput Input;
+};
+
+/// Recomputes everything. Empty when the menus are already off and stay so. `menusDisabled` is what the last update
+/// left behind; it is brought up to date.
+std::optional<MenuOutcome> MenuCompute(const MenuInput& input, bool& menusDisabled);
+
+/// True if `rule` holds, whatever the state of the menu.
+bool RuleHolds(EnableRule rule, const MenuInput& input);
+
+} // namespace tarvik

@@ -1,0 +1,197 @@
+#include "app/frame/startup.h"
+
+#include "app/forms/dialog.h"
+#include "app/message/message.h"
+#include "app/platform/paths.h"
+#include "app/platform/seams.h"
+#include "app/settings/settings.h"
+#include "app/state/frameHooks.h"
+#include "app/state/project.h"
+#include "app/state/statusBar.h"
+#include "app/text/lang.h"
+#include "app/values/general.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextProgramTitle = 11800;
+constexpr int kMsgLibraryMissing = 12705;
+constexpr int kMsgPreRelease = 12706;
+
+constexpr int kHelpCommandContext = 1;
+constexpr int kLogoEndsProcess = 3;
+constexpr int kTemporaryFiles = 10;
+
+QString WithSeparator(const QString& folder)
+{
+    const QString native = QDir::toNativeSeparators(folder);
+    return native.endsWith(QDir::separator()) ? native : native + QDir::separator();
+}
+
+void SetPlaces(const ProjectHost& host)
+{
+    ProgramState& program = Program();
+    const QString folder = QDir::toNativeSeparators(host.ExecutableFolder());
+    program.AppPath = WithSeparator(folder);
+    program.HelpFilePath = program.AppPath + HelpFileName();
+    program.PopupHelpSource = program.HelpFilePath + QStringLiteral("::/popup/popupid.txt");
+    TheCommonDialog() = { program.HelpFilePath, kHelpCommandContext, folder };
+}
+
+/// The texts come from one of the two, so the report of either can't use them.
+bool IsNeededForTexts(Module module)
+{
+    return module == Module::General || module == Module::Language;
+}
+
+void ReportMissing(Module module)
+{
+    const QString name = ModuleFileName(module).toUpper();
+    const bool hasText = !LngStr1(kMsgLibraryMissing, name).isEmpty();
+    if (!IsNeededForTexts(module) && hasText) {
+        MsgOk1(kMsgLibraryMissing, name);
+        return;
+    }
+    const QString title = ProductTitle();
+    TheSeams().SystemBox(Program().ProgramTitle,
+        title + QStringLiteral(" library ") + name + QStringLiteral(" can not be loaded.\rRun setup again.\r") + title
+            + QStringLiteral(" aborted."));
+}
+
+bool LoadModules(ProjectHost& host)
+{
+    bool allLoaded = true;
+    for (const Module module : kModulesCheckedAtStart) {
+        if (host.LoadModule(module, Program().AppPath))
+            continue;
+        ReportMissing(module);
+        allLoaded = false;
+    }
+    return allLoaded;
+}
+
+void RemoveTemporaryFiles()
+{
+    for (int number = 0; number < kTemporaryFiles; ++number) {
+        const QString base = QStringLiteral("%1temp%2.").arg(Program().AppPath).arg(number, 2, 10, QLatin1Char('0'));
+        QFile::remove(base + QStringLiteral("set"));
+        QFile::remove(base + QStringLiteral("png"));
+    }
+}
+
+void TellPreRelease()
+{
+    if (ProductPreRelease().isEmpty())
+        return;
+    MsgOk1(kMsgPreRelease, Program().ProgramTitle + u' ' + ProductVersionNumbers() + u' ' + ProductVersionText());
+}
+
+/// Neither begins when the program has been asked to end meanwhile: both wait for the user.
+void OpenFileOrConnect()
+{
+    if (Program().CloseWished || OpenStartFile(Program().CommandLine))
+        return;
+    if (const auto connect = TheProjectHooks().AutoConnect)
+        connect(Program().ConnectedAtExit);
+}
+
+bool CanBeRead(const QString& path)
+{
+    QFile file(path);
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly);
+}
+
+} // namespace
+
+CommonDialog& TheCommonDialog()
+{
+    static CommonDialog dialog;
+    return dialog;
+}
+
+bool ProjectInit(ProjectHost& host)
+{
+    ProgramState& program = Program();
+    program.Started = false;
+    program.Ended = false;
+    program.NonModalDialogs = false;
+    program.CommandLine = host.CommandLine();
+    program.ProgramTitle = ProductTitle();
+    DialogReset();
+    SetPlaces(host);
+    program.Idle = true;
+    if (!LoadModules(host))
+        return false;
+    program.ProgramTitle = LngStr(kTextProgramTitle);
+    IniRead();
+    if (const auto clear = TheProjectHooks().ClearWindowTable)
+        clear();
+    program.MenusDisabled = false;
+    program.AutoTile = false; // after the settings: a stored value is never honoured at start
+    host.BuildTexts();
+    return true;
+}
+
+bool ProjectStart(ProjectHost& host)
+{
+    if (host.ShowLogo() == kLogoEndsProcess)
+        return false;
+    host.FreeLogo();
+    host.InstallKeyboardHook();
+    host.ApplyBars();
+    RemoveTemporaryFiles();
+    host.ShowFrame();
+    TellPreRelease();
+    OpenFileOrConnect();
+    Program().Started = true;
+    TheFrameHooks().MenuUpdate();
+    host.FocusFirstButton();
+    return true;
+}
+
+bool OpenStartFile(const QString& path)
+{
+    QString name = path;
+    if (name.size() >= 2 && name.startsWith(u'"') && name.endsWith(u'"'))
+        name = name.mid(1, name.size() - 2);
+    name = name.trimmed();
+    if (name.isEmpty() || !CanBeRead(name))
+        return false;
+
+    // It is remembered beyond this run, which may begin in another folder.
+    name = QFileInfo(WithoutStepsUp(name)).absoluteFilePath();
+    SetLastFile(name);
+    BeginBusy();
+    const auto open = TheProjectHooks().FileOpen;
+    const bool opened = open && open(name);
+    EndBusy();
+    TheSeams().PumpEvents();
+    return opened;
+}
+
+bool ProjectQueryUnload()
+{
+    if (!CanAct())
+        return false;
+    BeginBusy();
+    const auto closeAll = TheProjectHooks().CloseAllDocuments;
+    const bool closed = !closeAll || closeAll();
+    IniWrite();
+    EndBusy();
+    return closed;
+}
+
+void ProjectUnload(ProjectHost& host)
+{
+    Program().Ended = true;
+    if (ModuleIsBound(Module::Channel))
+        TvScpi().scpiDisconnect();
+    host.RemoveKeyboardHook();
+}
+
+} // namespace tarvik

@@ -1,0 +1,443 @@
+#include "app/help/FmHelp.h"
+
+#include "app/forms/Pictures.h"
+#include "app/forms/form.h"
+#include "app/help/help.h"
+#include "app/text/lang.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QSplitter>
+#include <QStyledItemDelegate>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTextBrowser>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include <array>
+
+namespace tarvik {
+
+namespace {
+
+enum TextId {
+    kTitleText = 10604,
+    kContentsText = 10605,
+    kIndexText = 10606,
+    kSearchText = 10607,
+    kBackText = 10608,
+    kBackHint = 10609,
+    kForwardText = 10610,
+    kForwardHint = 10611,
+    kHomeText = 10612,
+    kHomeHint = 10613,
+    kKeywordText = 10614,
+    kWordsText = 10615,
+    kNothingFoundText = 10616,
+    kFoundText = 10617,
+    kPageText = 10618,
+    kContentsListText = 10619,
+    kIndexListText = 10620,
+    kFoundListText = 10621,
+    kSearchPrompt = 10623,
+    kSeparatorText = 10743
+};
+
+enum Tab { kContentsTab, kIndexTab, kSearchTab };
+
+constexpr int kPathRole = Qt::UserRole;
+constexpr int kLongestQuery = 200;
+constexpr QSize kFirstSize(940, 660);
+constexpr int kSideWidth = 300;
+
+/// Shows pages of the book and nothing from anywhere else.
+class PageView final : public QTextBrowser {
+public:
+    PageView(const HelpFile& book, QWidget* parent)
+        : QTextBrowser(parent)
+        , book_(book)
+    {
+    }
+
+    QVariant loadResource(int type, const QUrl& name) override
+    {
+        QString path = name.path();
+        const bool isDark = palette().color(QPalette::Base).lightness() < 128;
+        if (isDark && path.endsWith(QLatin1String("style.css")))
+            path.replace(QLatin1String("style.css"), QLatin1String("style-dark.css"));
+        const std::optional<QByteArray> bytes = book_.Page(path);
+        if (!bytes)
+            return {};
+        const bool isText = type == QTextDocument::HtmlResource || type == QTextDocument::StyleSheetResource;
+        return isText ? QVariant(QString::fromUtf8(*bytes)) : QVariant(*bytes);
+    }
+
+private:
+    const HelpFile& book_;
+};
+
+/// Rows with some air, cut at the right border instead of scrolled.
+class RowDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 2);
+    }
+};
+
+void PrepareList(QAbstractItemView* list, const char* name, int text)
+{
+    NameControl(list, QString::fromLatin1(name));
+    list->setAccessibleName(LngStr(text));
+    list->setItemDelegate(new RowDelegate(list));
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setTextElideMode(Qt::ElideRight);
+}
+
+QVBoxLayout* NewColumn(QWidget* parent)
+{
+    auto* column = new QVBoxLayout(parent);
+    column->setContentsMargins(6, 6, 6, 6);
+    column->setSpacing(6);
+    return column;
+}
+
+} // namespace
+
+FmHelp::FmHelp(const HelpFile& book)
+    : book_(book)
+    , home_(book.Contents().front().Path)
+{
+    setObjectName(QStringLiteral("FmHelp"));
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setWindowIcon(ProgramIcon());
+    SetControlHelp(this, kTitleText);
+    LngSetForm(this, kTitleText);
+    auto* halves = new QSplitter(this);
+    NameControl(halves, QStringLiteral("SpHelp"));
+    halves->setChildrenCollapsible(false);
+    halves->addWidget(BuildSide());
+    halves->addWidget(BuildPage());
+    halves->setStretchFactor(1, 1);
+    halves->setSizes({ kSideWidth, kFirstSize.width() - kSideWidth });
+    auto* frame = new QVBoxLayout(this);
+    frame->setContentsMargins(8, 8, 8, 8);
+    frame->addWidget(halves);
+    BuildShortcuts();
+    resize(kFirstSize.boundedTo(screen()->availableSize() * 9 / 10));
+    BrPage->setSource(QUrl(home_));
+}
+
+QWidget* FmHelp::BuildSide()
+{
+    TcHelp = new QTabWidget;
+    NameControl(TcHelp, QStringLiteral("TcHelp"));
+    TcHelp->addTab(BuildContents(), LngStr(kContentsText));
+    TcHelp->addTab(BuildIndex(), LngStr(kIndexText));
+    TcHelp->addTab(BuildSearch(), LngStr(kSearchText));
+    connect(TcHelp, &QTabWidget::currentChanged, this, &FmHelp::FocusTab);
+    return TcHelp;
+}
+
+/// A tab that was chosen is ready to be typed into; but arrow keys on the tabs themselves go on to the next one.
+void FmHelp::FocusTab(int tab)
+{
+    if (focusWidget() != TcHelp->tabBar())
+        std::array<QWidget*, 3>{ TvContents, TbKeyword, TbWords }.at(static_cast<size_t>(tab))->setFocus();
+}
+
+QWidget* FmHelp::BuildContents()
+{
+    auto* tab = new QWidget;
+    TvContents = new QTreeWidget(tab);
+    PrepareList(TvContents, "TvContents", kContentsListText);
+    TvContents->setHeaderHidden(true);
+    TvContents->setUniformRowHeights(true);
+    FillContents();
+    const auto follow = [this](QTreeWidgetItem* item) { BrPage->setSource(QUrl(item->data(0, kPathRole).toString())); };
+    connect(TvContents, &QTreeWidget::itemClicked, this, follow);
+    connect(TvContents, &QTreeWidget::itemActivated, this, follow);
+    NewColumn(tab)->addWidget(TvContents);
+    return tab;
+}
+
+QWidget* FmHelp::BuildIndex()
+{
+    auto* tab = new QWidget;
+    auto* label = NewLabel(tab, "LbKeyword", { kKeywordText, 0, 0 });
+    TbKeyword = NewTextBox(tab, "TbKeyword", 0, kLongestQuery);
+    BindLabel(label, TbKeyword);
+    LxIndex = new QListWidget(tab);
+    PrepareList(LxIndex, "LxIndex", kIndexListText);
+    FillList(LxIndex, book_.Index());
+    connect(LxIndex, &QListWidget::itemClicked, this, [this] { Follow(LxIndex); });
+    connect(LxIndex, &QListWidget::itemActivated, this, [this] { Follow(LxIndex); });
+    connect(TbKeyword, &QLineEdit::textEdited, this, &FmHelp::FindKeyword);
+    connect(TbKeyword, &QLineEdit::returnPressed, this, [this] { Follow(LxIndex); });
+    auto* column = NewColumn(tab);
+    column->addWidget(label);
+    column->addWidget(TbKeyword);
+    column->addWidget(LxIndex);
+    return tab;
+}
+
+QWidget* FmHelp::BuildSearch()
+{
+    auto* tab = new QWidget;
+    auto* label = NewLabel(tab, "LbWords", { kWordsText, 0, 0 });
+    TbWords = NewTextBox(tab, "TbWords", 0, kLongestQuery);
+    TbWords->setClearButtonEnabled(true);
+    BindLabel(label, TbWords);
+    LxFound = new QListWidget(tab);
+    PrepareList(LxFound, "LxFound", kFoundListText);
+    LbFound = NewLabel(tab, "LbFound", { kSearchPrompt, 0, 0 });
+    LbFound->setWordWrap(true);
+    connect(LxFound, &QListWidget::itemClicked, this, [this] { Follow(LxFound); });
+    connect(LxFound, &QListWidget::itemActivated, this, [this] { Follow(LxFound); });
+    connect(TbWords, &QLineEdit::textChanged, this, &FmHelp::RunSearch);
+    connect(TbWords, &QLineEdit::returnPressed, this, [this] { Follow(LxFound); });
+    auto* column = NewColumn(tab);
+    column->addWidget(label);
+    column->addWidget(TbWords);
+    column->addWidget(LbFound);
+    column->addWidget(LxFound);
+    return tab;
+}
+
+QWidget* FmHelp::BuildPage()
+{
+    auto* side = new QWidget;
+    BtBack = NewButton(side, "BtBack", { kBackText, 0, 0 });
+    BtForward = NewButton(side, "BtForward", { kForwardText, 0, 0 });
+    BtHome = NewButton(side, "BtHome", { kHomeText, 0, 0 });
+    BtBack->setToolTip(LngStr(kBackHint));
+    BtForward->setToolTip(LngStr(kForwardHint));
+    BtHome->setToolTip(LngStr(kHomeHint));
+    BrPage = new PageView(book_, side);
+    NameControl(BrPage, QStringLiteral("BrPage"));
+    BrPage->setAccessibleName(LngStr(kPageText));
+    BrPage->setOpenExternalLinks(false);
+    connect(BtBack, &QPushButton::clicked, BrPage, &QTextBrowser::backward);
+    connect(BtForward, &QPushButton::clicked, BrPage, &QTextBrowser::forward);
+    connect(BtHome, &QPushButton::clicked, this, [this] { BrPage->setSource(QUrl(home_)); });
+    connect(BrPage, &QTextBrowser::backwardAvailable, BtBack, &QWidget::setEnabled);
+    connect(BrPage, &QTextBrowser::forwardAvailable, BtForward, &QWidget::setEnabled);
+    connect(BrPage, &QTextBrowser::sourceChanged, this, &FmHelp::PageChanged);
+    BtBack->setEnabled(false);
+    BtForward->setEnabled(false);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(6);
+    for (QPushButton* button : { BtBack, BtForward, BtHome })
+        buttons->addWidget(button);
+    buttons->addStretch();
+    auto* column = new QVBoxLayout(side);
+    column->setContentsMargins(6, 0, 0, 0);
+    column->setSpacing(6);
+    column->addLayout(buttons);
+    column->addWidget(BrPage);
+    return side;
+}
+
+void FmHelp::BuildShortcuts()
+{
+    const auto add = [this](const QKeySequence& keys, auto action) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
+    };
+    add(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { BtBack->click(); });
+    add(QKeySequence(Qt::ALT | Qt::Key_Right), [this] { BtForward->click(); });
+    add(QKeySequence(Qt::ALT | Qt::Key_Home), [this] { BtHome->click(); });
+    add(QKeySequence(QKeySequence::Find), [this] { Present(kSearchTab, TbWords); });
+    add(QKeySequence(QKeySequence::ZoomIn), [this] { BrPage->zoomIn(); });
+    add(QKeySequence(QKeySequence::ZoomOut), [this] { BrPage->zoomOut(); });
+    add(QKeySequence(Qt::CTRL | Qt::Key_0), [this] { BrPage->setFont({}); });
+}
+
+void FmHelp::FillContents()
+{
+    std::vector<QTreeWidgetItem*> parents{ TvContents->invisibleRootItem() };
+    for (const HelpTopic& topic : book_.Contents()) {
+        const auto depth = std::min(static_cast<size_t>(topic.Level), parents.size() - 1);
+        parents.resize(depth + 1);
+        auto* item = new QTreeWidgetItem(parents.back(), { topic.Title });
+        item->setData(0, kPathRole, topic.Path);
+        parents.push_back(item);
+    }
+}
+
+void FmHelp::FillList(QListWidget* list, const std::vector<HelpTopic>& topics)
+{
+    list->clear();
+    for (const HelpTopic& topic : topics) {
+        const QString page = book_.TitleOf(topic.Path.section(u'#', 0, 0));
+        const bool needsPage = list == LxFound && page != topic.Title;
+        auto* item = new QListWidgetItem(needsPage ? topic.Title + LngStr(kSeparatorText) + page : topic.Title, list);
+        item->setData(kPathRole, topic.Path);
+        item->setToolTip(item->text());
+    }
+}
+
+void FmHelp::Follow(QListWidget* list)
+{
+    const QListWidgetItem* item = list->currentItem() == nullptr ? list->item(0) : list->currentItem();
+    if (item != nullptr)
+        BrPage->setSource(QUrl(item->data(kPathRole).toString()));
+}
+
+void FmHelp::FindKeyword(const QString& start)
+{
+    for (int row = 0; row < LxIndex->count(); ++row) {
+        if (!LxIndex->item(row)->text().startsWith(start, Qt::CaseInsensitive))
+            continue;
+        LxIndex->setCurrentRow(row);
+        LxIndex->scrollToItem(LxIndex->item(row), QAbstractItemView::PositionAtTop);
+        return;
+    }
+}
+
+void FmHelp::RunSearch(const QString& query)
+{
+    const std::vector<HelpTopic> found = book_.Search(query);
+    FillList(LxFound, found);
+    if (query.simplified().isEmpty())
+        LbFound->setText(LngStr(kSearchPrompt));
+    else if (found.empty())
+        LbFound->setText(LngStr(kNothingFoundText));
+    else
+        LbFound->setText(LngStr1(kFoundText, QString::number(found.size())));
+}
+
+/// Title and contents follow the page, however it was reached.
+void FmHelp::PageChanged(const QUrl& page)
+{
+    const QString path = page.toString();
+    setWindowTitle(book_.TitleOf(path) + LngStr(kSeparatorText) + LngStr(kTitleText));
+    QTreeWidgetItem* best = nullptr;
+    for (QTreeWidgetItemIterator at(TvContents); *at != nullptr; ++at) {
+        const QString topic = (*at)->data(0, kPathRole).toString();
+        const bool isSamePage = topic.section(u'#', 0, 0) == path.section(u'#', 0, 0);
+        if (topic == path || (best == nullptr && isSamePage))
+            best = *at;
+    }
+    if (best == nullptr)
+        return;
+    TvContents->setCurrentItem(best);
+    TvContents->scrollToItem(best);
+}
+
+void FmHelp::ShowContents()
+{
+    Present(kContentsTab, TvContents);
+}
+
+void FmHelp::ShowIndex()
+{
+    Present(kIndexTab, TbKeyword);
+}
+
+void FmHelp::ShowSearch(const QString& query)
+{
+    TbWords->setText(query == QLatin1String(kHelpSearchQuery) ? QString() : query);
+    Present(kSearchTab, TbWords);
+}
+
+void FmHelp::ShowPath(const QString& path)
+{
+    BrPage->setSource(QUrl(path));
+    Present(kContentsTab, BrPage);
+}
+
+void FmHelp::Present(int tab, QWidget* focus)
+{
+    TcHelp->setCurrentIndex(tab);
+    winId(); // the window must exist before a dialog can own it
+    BelongTo(QApplication::activeModalWidget());
+    if (isMinimized())
+        showNormal();
+    show();
+    raise();
+    activateWindow();
+    focus->setFocus(Qt::OtherFocusReason);
+}
+
+QWindow* FmHelp::Owner() const
+{
+    return windowHandle() == nullptr ? nullptr : windowHandle()->transientParent();
+}
+
+/// A modal dialog lets only the windows through that belong to it.
+void FmHelp::BelongTo(QWidget* dialog)
+{
+    QWindow* owner = dialog == nullptr ? nullptr : dialog->windowHandle();
+    if (windowHandle() == nullptr || windowHandle()->transientParent() == owner)
+        return;
+    const bool showAnew = blocked_ && isVisible();
+    if (showAnew)
+        hide(); // what is blocked is worked out when a window is shown
+    windowHandle()->setTransientParent(owner);
+    if (showAnew)
+        show();
+}
+
+bool FmHelp::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isShown = event->type() == QEvent::Show;
+    if (!isShown && event->type() != QEvent::Hide)
+        return false;
+    auto* dialog = qobject_cast<QWidget*>(watched);
+    if (dialog == nullptr || dialog == this || !dialog->isWindow() || !dialog->isModal())
+        return false;
+    if (isShown)
+        windowHandle()->setTransientParent(dialog->windowHandle());
+    else
+        QTimer::singleShot(0, this, [this] { BelongTo(QApplication::activeModalWidget()); });
+    return false;
+}
+
+void FmHelp::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && BrPage != nullptr)
+        BrPage->reload();
+}
+
+bool FmHelp::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)
+        blocked_ = event->type() == QEvent::WindowBlocked;
+    return QWidget::event(event);
+}
+
+void FmHelp::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    qApp->installEventFilter(this);
+}
+
+void FmHelp::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (!event->spontaneous())
+        qApp->removeEventFilter(this);
+}
+
+void FmHelp::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+} // namespace tarvik

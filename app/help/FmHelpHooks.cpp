@@ -1,0 +1,83 @@
+// The one help viewer of the program and what the help commands ask of it; the What's This mode.
+#include "app/help/FmHelp.h"
+
+#include "app/forms/form.h"
+#include "app/help/help.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QWhatsThis>
+
+#include <memory>
+
+namespace tarvik {
+
+namespace {
+
+std::unique_ptr<FmHelp>& TheViewer()
+{
+    static std::unique_ptr<FmHelp> viewer;
+    return viewer;
+}
+
+/// The viewer over the book that is installed now; null without a readable book.
+FmHelp* ReadyViewer()
+{
+    const HelpFile* book = TheHelpFile();
+    if (book != nullptr && TheViewer() == nullptr)
+        TheViewer() = std::make_unique<FmHelp>(*book);
+    return book == nullptr ? nullptr : TheViewer().get();
+}
+
+} // namespace
+
+FmHelp* HelpViewer()
+{
+    return TheViewer().get();
+}
+
+void CloseHelpViewer()
+{
+    TheViewer().reset();
+}
+
+void BindHelpViewer()
+{
+    HelpHooks& hooks = TheHelpHooks();
+    const auto withViewer = [](auto action) {
+        FmHelp* viewer = ReadyViewer();
+        if (viewer != nullptr)
+            action(*viewer);
+        return viewer != nullptr;
+    };
+    hooks.ShowContents = [withViewer] { return withViewer([](FmHelp& viewer) { viewer.ShowContents(); }); };
+    hooks.ShowIndex = [withViewer] { return withViewer([](FmHelp& viewer) { viewer.ShowIndex(); }); };
+    hooks.ShowSearch = [withViewer](const QString& query) {
+        return withViewer([&query](FmHelp& viewer) { viewer.ShowSearch(query); });
+    };
+    hooks.ShowTopic = [withViewer](int helpNumber) {
+        const HelpFile* book = TheHelpFile();
+        const QString path = book == nullptr ? QString() : book->TopicPath(helpNumber);
+        return !path.isEmpty() && withViewer([&path](FmHelp& viewer) { viewer.ShowPath(path); });
+    };
+}
+
+void ShowPopupHelp(QWidget* owner, int helpNumber, QPoint position)
+{
+    QWhatsThis::showText(position, PopupHelpText(helpNumber).toHtmlEscaped(), owner);
+}
+
+/// A menu shows the texts of its own items; they are fetched now, so that the book stays unread until it is needed.
+void EnterWhatsThisMode()
+{
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        for (QAction* action : window->findChildren<QAction*>()) {
+            const int help = action->property(kHelpNumberProperty).toInt();
+            if (help != 0)
+                action->setWhatsThis(PopupHelpText(help).toHtmlEscaped());
+        }
+    }
+    QWhatsThis::enterWhatsThisMode();
+}
+
+} // namespace tarvik

@@ -1,0 +1,163 @@
+#include "app/message/message.h"
+
+#include "app/platform/seams.h"
+#include "app/text/lang.h"
+#include "app/values/numberPicture.h"
+
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+MessagePresenter& Presenter()
+{
+    static MessagePresenter presenter;
+    return presenter;
+}
+
+constexpr int kStyleOk = MsgButtonsOk | kMsgIconExclamation;
+constexpr int kStyleYesNo = MsgButtonsYesNo | kMsgIconQuestion;
+constexpr int kStyleYesNoCancel = MsgButtonsYesNoCancel | kMsgIconQuestion;
+constexpr int kStyleYesNoNoAllCancel = MsgButtonsYesNoNoAllCancel | kMsgIconQuestion;
+constexpr int kStyleAllChoices = MsgButtonsAllChoices | kMsgIconQuestion;
+
+/// What is asked. It is kept apart from the request until a message that is still showing has been answered.
+struct Question {
+    int Style = 0;
+    QString Text;
+    int HelpNumber = 0;
+    QStringList Args;
+    bool DefaultToNo = false;
+};
+
+int Show(const Question& question)
+{
+    MessageRequest& request = TheMessage();
+    const bool waits = request.Showing;
+    if (waits)
+        TheSeams().PumpUntil([&request] { return !request.Showing; });
+    const int answerBefore = request.Result;
+    request.Style = question.Style;
+    request.Text = question.Text;
+    request.HelpNumber = question.HelpNumber;
+    request.Args = question.Args;
+    request.DefaultToNo = question.DefaultToNo;
+    request.Result = MsgNone;
+    if (Presenter())
+        Presenter()(request);
+    request.DefaultToNo = false;
+    const int answer = request.Result;
+    if (waits) // whoever asked the first question has not read its answer yet
+        request.Result = answerBefore;
+    return answer;
+}
+
+int Ask(int style, int id, bool defaultToNo = false)
+{
+    return Show({ style, LngStr(id), id, {}, defaultToNo });
+}
+
+int Ask1(int style, int id, const QString& arg, bool defaultToNo = false)
+{
+    return Show({ style, LngStr1(id, arg), id, { arg }, defaultToNo });
+}
+
+} // namespace
+
+MessageRequest& TheMessage()
+{
+    static MessageRequest request;
+    return request;
+}
+
+void MsgSetPresenter(MessagePresenter presenter)
+{
+    Presenter() = std::move(presenter);
+}
+
+void MsgOk(int id)
+{
+    Ask(kStyleOk, id);
+}
+
+void MsgOk1(int id, const QString& arg)
+{
+    Ask1(kStyleOk, id, arg);
+}
+
+void MsgOk2(int id, const QString& arg1, const QString& arg2)
+{
+    Show({ kStyleOk, LngStr2(id, arg1, arg2), id, { arg1, arg2 }, false });
+}
+
+void MsgOkNum(int id, double number)
+{
+    MsgOk1(id, PlainNumberText(number));
+}
+
+void MsgOkNum2(int id, double number1, double number2)
+{
+    MsgOk2(id, PlainNumberText(number1), PlainNumberText(number2));
+}
+
+int MsgYesNo(int id)
+{
+    return Ask(kStyleYesNo, id);
+}
+
+int MsgYesNoDefNo(int id)
+{
+    return Ask(kStyleYesNo, id, true);
+}
+
+int MsgYesNoDefNo1(int id, const QString& arg)
+{
+    return Ask1(kStyleYesNo, id, arg, true);
+}
+
+int MsgYesNoCancel(int id)
+{
+    return Ask(kStyleYesNoCancel, id);
+}
+
+int MsgYesNoCancel1(int id, const QString& arg)
+{
+    return Ask1(kStyleYesNoCancel, id, arg);
+}
+
+int MsgYesNoAllCancel1(int id, const QString& arg)
+{
+    return Ask1(kStyleYesNoNoAllCancel, id, arg);
+}
+
+int MsgAllChoices1(int id, const QString& arg)
+{
+    return Ask1(kStyleAllChoices, id, arg, true);
+}
+
+int MsgAskOnce(int id)
+{
+    MessageRequest& request = TheMessage();
+    if (request.RememberedAnswer == MsgNone)
+        request.RememberedAnswer = MsgYesNo(id);
+    return request.RememberedAnswer;
+}
+
+void MsgAskOnceReset()
+{
+    TheMessage().RememberedAnswer = MsgNone;
+}
+
+int MsgRaw(int style, const QString& text, int helpId)
+{
+    return Show({ style, text, helpId, {}, false });
+}
+
+void MessageReset()
+{
+    TheMessage() = {};
+    Presenter() = {};
+}
+
+} // namespace tarvik

@@ -1,0 +1,82 @@
+// app/message/message.h: every message box, by text number. What shows it is a presenter: a form, a terminal, a test's
+// script.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace tarvik {
+
+/// Result codes. 0 is a message form that was left without an answer, which no caller treats as Yes.
+enum MsgResult { MsgNone = 0, MsgResultOk = 1, MsgResultCancel = 2, MsgResultYes = 6, MsgResultNo = 7 };
+
+/// Bits 0 to 2 of a style: the buttons, left to right.
+enum MsgButtons {
+    MsgButtonsOk = 0, ///< the only set that the system menu may close
+    MsgButtonsOkCancel = 1,
+    MsgButtonsAllChoices = 2, ///< Yes, Yes All, No, No All, Cancel
+    MsgButtonsYesNoCancel = 3,
+    MsgButtonsYesNo = 4,
+    MsgButtonsOkFixed = 5,
+    MsgButtonsYesNoNoAllCancel = 6
+};
+
+/// Bits 4 to 6 of a style: the icon; any value but the question shows the exclamation mark.
+inline constexpr int kMsgIconQuestion = 32;
+inline constexpr int kMsgIconExclamation = 48;
+
+/// The message request, one for the process.
+struct MessageRequest {
+    bool Showing = false;
+    int Style = 0;
+    QString Text; ///< finished: arguments filled, macros expanded
+    int HelpNumber = 0; ///< the text number, unless MsgRaw was given another
+    QStringList Args; ///< what was filled into the text, for presenters that report by number
+    int Result = MsgNone;
+    bool YesAll = false;
+    bool NoAll = false;
+    int RememberedAnswer = MsgNone;
+    bool DefaultToNo = false;
+
+    int Buttons() const
+    {
+        return Style & 7;
+    }
+    bool IsQuestion() const
+    {
+        return (Style & 112) == kMsgIconQuestion;
+    }
+};
+MessageRequest& TheMessage();
+
+/// Shows the request and stores the answer in its `Result` (and `YesAll`, `NoAll`). Set by the program's composition;
+/// while none is set a message is answered with MsgNone.
+using MessagePresenter = std::function<void(MessageRequest& request)>;
+void MsgSetPresenter(MessagePresenter presenter);
+
+void MsgOk(int id);
+void MsgOk1(int id, const QString& arg);
+void MsgOk2(int id, const QString& arg1, const QString& arg2);
+void MsgOkNum(int id, double number);
+void MsgOkNum2(int id, double number1, double number2);
+int MsgYesNo(int id);
+int MsgYesNoDefNo(int id);
+int MsgYesNoDefNo1(int id, const QString& arg);
+int MsgYesNoCancel(int id);
+int MsgYesNoCancel1(int id, const QString& arg);
+int MsgYesNoAllCancel1(int id, const QString& arg);
+int MsgAllChoices1(int id, const QString& arg);
+
+/// Asks Yes or No once and keeps the answer until MsgAskOnceReset.
+int MsgAskOnce(int id);
+void MsgAskOnceReset();
+
+/// The shared end of all of these. Waits, yielding to the message loop, while another message is showing.
+int MsgRaw(int style, const QString& text, int helpId);
+
+/// Puts request and presenter back to their start values.
+void MessageReset();
+
+} // namespace tarvik

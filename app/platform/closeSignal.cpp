@@ -1,0 +1,76 @@
+#include "app/platform/closeSignal.h"
+
+#include <QtGlobal>
+
+#if defined(Q_OS_UNIX)
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+/// A handler may do next to nothing: it writes a byte here, and the message loop reads it.
+std::array<int, 2>& Pipe()
+{
+    static std::array<int, 2> pipe{ -1, -1 };
+    return pipe;
+}
+
+void Wake(int)
+{
+    const int interrupted = errno; // whatever runs at this moment may be about to read it
+    const char byte = 0;
+    [[maybe_unused]] const ssize_t written = ::write(Pipe()[1], &byte, 1);
+    errno = interrupted;
+}
+
+/// A program in the background of a script, or one that outlives its terminal.
+bool IsIgnored(int signal)
+{
+    struct sigaction present { };
+    return ::sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN;
+}
+
+} // namespace
+
+void OnCloseSignal(std::function<void()> close)
+{
+    if (Pipe()[0] >= 0 || ::pipe(Pipe().data()) != 0)
+        return;
+    for (const int end : Pipe())
+        ::fcntl(end, F_SETFD, FD_CLOEXEC);
+    auto* notifier = new QSocketNotifier(Pipe()[0], QSocketNotifier::Read, QCoreApplication::instance());
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [notifier, run = std::move(close)] {
+        notifier->setEnabled(false);
+        run();
+    });
+    struct sigaction action { };
+    action.sa_handler = Wake;
+    action.sa_flags = SA_RESETHAND | SA_RESTART; // the second signal finds the system's own handler
+    for (const int signal : { SIGTERM, SIGINT, SIGHUP }) {
+        if (!IsIgnored(signal))
+            ::sigaction(signal, &action, nullptr);
+    }
+}
+
+} // namespace tarvik
+
+#else
+
+namespace tarvik {
+
+void OnCloseSignal(std::function<void()>) { }
+
+} // namespace tarvik
+
+#endif

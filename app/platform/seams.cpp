@@ -1,0 +1,58 @@
+#include "app/platform/seams.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QThread>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace tarvik {
+
+namespace {
+
+Seams Defaults()
+{
+    Seams seams;
+    seams.Now = [] { return QDateTime::currentDateTime(); };
+    seams.PumpEvents = [] { QCoreApplication::processEvents(); };
+    seams.PumpUntil = [](const std::function<bool()>& done) {
+        while (!done())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    };
+    seams.StartTimer = [](int milliseconds, std::function<void()> tick) {
+        QTimer::singleShot(milliseconds, qApp, std::move(tick));
+    };
+    seams.Sleep = [](int milliseconds) { QThread::msleep(static_cast<unsigned long>(milliseconds)); };
+    seams.BrowseFolder = [](const FolderQuestion&) { return QString(); };
+    seams.OpenFile = [](const OpenFileQuestion&) { return QString(); };
+    seams.OpenFiles = [](const OpenFilesQuestion&) { return QStringList(); };
+    seams.SaveFile = [](const SaveFileQuestion&) { return QString(); };
+    seams.SystemBox = [](const QString& title, const QString& text) {
+        std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
+    };
+    seams.Region = [] {
+        static const QLocale system = QLocale::system(); // asking it reads the environment anew each time
+        return system;
+    };
+    seams.DefaultPrinter = [] { return QString(); };
+    seams.MoveToTrash = [](const QString& path) { return QFile::moveToTrash(path); };
+    seams.OpenUrl = [](const QUrl&) { return false; };
+    seams.ArrowKeyIsHeld = [] { return false; };
+    return seams;
+}
+
+} // namespace
+
+Seams& TheSeams()
+{
+    static Seams seams = Defaults();
+    return seams;
+}
+
+void SeamsReset()
+{
+    TheSeams() = Defaults();
+}
+
+} // namespace tarvik

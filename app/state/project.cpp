@@ -1,0 +1,103 @@
+#include "app/state/project.h"
+
+#include "app/state/dialogStack.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace tarvik {
+
+namespace {
+
+QString UpperCasedFolder(const QString& folder)
+{
+#if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
+    return folder.toUpper();
+#else
+    return folder; // upper case would name another folder here
+#endif
+}
+
+} // namespace
+
+QString ProductTitle()
+{
+    return QStringLiteral("Tarvik");
+}
+
+QString ProductVersionText()
+{
+    return QStringLiteral("4.3.0");
+}
+
+int ProductMajor()
+{
+    return 4;
+}
+
+int ProductMinor()
+{
+    return 3;
+}
+
+int ProductBuild()
+{
+    return 0;
+}
+
+int ProductSecondBuild()
+{
+    return 0;
+}
+
+QString ProductVersionNumbers()
+{
+    return QStringLiteral("%1.%2.%3").arg(ProductMajor()).arg(ProductMinor()).arg(ProductBuild());
+}
+
+QString ProductPreRelease()
+{
+    return {};
+}
+
+ProgramState& Program()
+{
+    static ProgramState state;
+    return state;
+}
+
+void ProgramReset()
+{
+    Program() = {};
+}
+
+bool CanAct()
+{
+    return !DialogIsOpen() && Program().Idle;
+}
+
+void SetLastFile(const QString& path)
+{
+    const QFileInfo info(path.trimmed());
+    LastFileName& last = Program().LastFile;
+    last.Path = info.filePath();
+    QString folder = QDir::toNativeSeparators(info.path());
+    if (!folder.endsWith(QDir::separator()))
+        folder.append(QDir::separator());
+    last.Folder = UpperCasedFolder(folder);
+    last.Name = info.completeBaseName();
+    last.Extension = info.suffix().toLower();
+}
+
+QString HelpFileName()
+{
+    return QStringLiteral("TARVIK.chm");
+}
+
+ProjectHooks& TheProjectHooks()
+{
+    static ProjectHooks hooks;
+    return hooks;
+}
+
+} // namespace tarvik

@@ -1,0 +1,77 @@
+// app/state/project.h: product constants and the process-wide state that every other module reads.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace tarvik {
+
+QString ProductTitle(); ///< also the settings file's base name and a settings section
+QString ProductVersionText(); ///< "4.3.0"
+int ProductMajor();
+int ProductMinor();
+int ProductBuild();
+int ProductSecondBuild();
+QString ProductVersionNumbers(); ///< major, minor and build joined by points
+QString ProductPreRelease(); ///< empty in a released build
+
+/// Frame states as the settings file stores them.
+enum WinState { WinStateNormal = 0, WinStateMinimised = 1, WinStateMaximised = 2 };
+
+/// The file last opened or saved. `Folder` ends in the separator.
+struct LastFileName {
+    QString Path;
+    QString Folder; ///< trimmed; upper-cased where the file system ignores case
+    QString Name; ///< base name without extension
+    QString Extension; ///< lower-cased, without its point
+};
+
+/// Process-wide state; each member names its writer.
+struct ProgramState {
+    bool Started = false; ///< start-up has finished; its last steps
+    bool CloseWished = false; ///< the system has asked the program to end, and it can't act yet; the frame
+    bool Ended = false; ///< the frame has closed: nothing new begins; ProjectUnload
+    QString ProgramTitle; ///< title of messages and of the frame; start-up
+    QString AppPath; ///< executable's folder, always ending in the separator; start-up
+    QString CommandLine; ///< the arguments joined by blanks; start-up
+    QString HelpFilePath; ///< start-up
+    QString PopupHelpSource; ///< where the What's This texts stand inside the help file; start-up
+    int MainWindowState = WinStateMaximised; ///< settings
+    int DialogResult = 1; ///< status of the dialog that closed last; DialogEnd
+    bool NonModalDialogs = false; ///< nothing sets it in this version
+    bool Idle = true; ///< false while a command runs; BeginBusy, EndBusy
+    bool StatusHold = false; ///< a running job owns the status text; StatusJob
+    bool ShiftDown = false; ///< keyboard hook
+    bool MenusDisabled = false; ///< MenuUpdate
+    bool StatusBarOn = true; ///< settings, the toggling commands
+    bool ToolbarOn = true; ///< settings, the toggling commands
+    bool AutoTile = false; ///< a stored value is read and then cleared at start
+    bool ConnectedAtExit = false; ///< link was up when the program last ended; settings
+    LastFileName LastFile;
+};
+ProgramState& Program();
+
+/// Puts the state back to its start values.
+void ProgramReset();
+
+/// True when no dialog is open and no command runs: the only gate for commands.
+bool CanAct();
+
+/// Splits a full path into `LastFile`.
+void SetLastFile(const QString& path);
+
+/// Name of the help file, which stands in `AppPath`.
+QString HelpFileName();
+
+/// What the spine asks of folders that stand above it; bound by the program's composition.
+/// Each default stands for a program without that part: nothing open, nothing connected.
+struct ProjectHooks {
+    std::function<bool(const QString& path)> FileOpen; ///< opens a document or list; true on success
+    std::function<void(bool connectedAtExit)> AutoConnect; ///< reconnects, then offers the connection dialog
+    std::function<void()> ClearWindowTable;
+    std::function<bool()> CloseAllDocuments; ///< with prompts; false when one was cancelled
+};
+ProjectHooks& TheProjectHooks();
+
+} // namespace tarvik

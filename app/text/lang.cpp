@@ -1,0 +1,191 @@
+#include "app/text/lang.h"
+
+#include "app/text/ansi.h"
+#include "closed/loader.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace tarvik {
+
+namespace {
+
+/// A control's geometry is filed under its text number plus this.
+constexpr int kGeometryOffset = 10000;
+
+using TextBuffer = std::array<char, TVLNG_MAX_TEXT>;
+
+/// A module is free to say more than it wrote; nothing outside the buffer is read.
+QString RawText(const TextBuffer& buffer, int32_t length)
+{
+    return FromAnsi(QByteArrayView(buffer.data(), std::clamp<int32_t>(length, 0, TVLNG_MAX_TEXT - 1)));
+}
+
+QString Taken(const TextBuffer& buffer, int32_t length)
+{
+    return LngExpandMacros(RawText(buffer, length));
+}
+
+/// Arguments on their way through the module, which takes 8-bit text. One that this way would change, such as a file
+/// name in another script or with a macro's sign in it, travels as a mark and is put in at the end.
+class Arguments {
+public:
+    QByteArray Pass(const QString& argument)
+    {
+        if (std::ranges::all_of(argument, Survives))
+            return ToAnsi(argument);
+        held_.append(argument);
+        return { 1, static_cast<char>(held_.size()) };
+    }
+
+    QString PutIn(const QString& text) const
+    {
+        QString result;
+        for (const QChar character : text) {
+            const int mark = character.unicode();
+            if (mark >= 1 && mark <= held_.size())
+                result.append(held_[mark - 1]);
+            else
+                result.append(character);
+        }
+        return result;
+    }
+
+private:
+    static bool Survives(QChar character)
+    {
+        return IsAnsi(character) && character >= u' ' && character != u'@';
+    }
+
+    QStringList held_; ///< by their mark, from character 1
+};
+
+/// Text number that stands for the macro character, or 0.
+int MacroText(QChar character)
+{
+    switch (character.unicode()) {
+    case u'1':
+    case u'2':
+        return 11806;
+    case u'3':
+        return TheLangHooks().InstrumentAccepted && TheLangHooks().InstrumentAccepted() ? 11804 : 11805;
+    case u'4':
+        return 11802;
+    case u'5':
+        return 11803;
+    default:
+        return 0;
+    }
+}
+
+/// Replaces the macros of one text and those in their replacements. A replacement that leads back to itself keeps
+/// the pair as it stands, and so do all pairs past a number that no sensible text reaches: texts come from outside.
+class MacroExpansion {
+public:
+    QString Expand(const QString& text)
+    {
+        QString result;
+        for (qsizetype at = 0; at < text.size(); ++at) {
+            const bool mayBeMacro = text[at] == u'@' && at + 1 < text.size();
+            const int macro = mayBeMacro ? MacroText(text[at + 1]) : 0;
+            if (macro == 0 || left_ == 0 || std::ranges::find(open_, macro) != open_.end()) {
+                result.append(text[at]);
+                continue;
+            }
+            result.append(Replacement(macro));
+            ++at;
+        }
+        return result;
+    }
+
+private:
+    QString Replacement(int macro)
+    {
+        if (!ModuleIsBound(Module::Language))
+            return {};
+        --left_;
+        TextBuffer buffer{};
+        const int32_t length = TvLng().LngGetStr(macro, "", buffer.data(), TVLNG_MAX_TEXT);
+        open_.push_back(macro);
+        QString replacement = Expand(RawText(buffer, length));
+        open_.pop_back();
+        return replacement;
+    }
+
+    int left_ = 64;
+    std::vector<int> open_; ///< texts that are being expanded
+};
+
+} // namespace
+
+QString LngStr(int id)
+{
+    if (!ModuleIsBound(Module::Language))
+        return {};
+    TextBuffer buffer{};
+    return Taken(buffer, TvLng().LngGetStr(id, "", buffer.data(), TVLNG_MAX_TEXT));
+}
+
+QString LngStr1(int id, const QString& arg)
+{
+    if (!ModuleIsBound(Module::Language))
+        return {};
+    TextBuffer buffer{};
+    Arguments arguments;
+    const QByteArray passed = arguments.Pass(arg);
+    const int32_t length = TvLng().LngGetStr1Arg(id, "", passed.constData(), buffer.data(), TVLNG_MAX_TEXT);
+    return arguments.PutIn(Taken(buffer, length));
+}
+
+QString LngStr2(int id, const QString& arg1, const QString& arg2)
+{
+    if (!ModuleIsBound(Module::Language))
+        return {};
+    TextBuffer buffer{};
+    Arguments arguments;
+    const QByteArray first = arguments.Pass(arg1);
+    const QByteArray second = arguments.Pass(arg2);
+    const int32_t length =
+        TvLng().LngGetStr2Arg(id, "", first.constData(), second.constData(), buffer.data(), TVLNG_MAX_TEXT);
+    return arguments.PutIn(Taken(buffer, length));
+}
+
+QString LngExpandMacros(const QString& text)
+{
+    return MacroExpansion().Expand(text);
+}
+
+QString LngUnescapeMenu(const QString& text)
+{
+    QString result = text;
+    const qsizetype pair = result.indexOf(QStringLiteral("&&"));
+    return pair < 0 ? result : result.remove(pair, 2);
+}
+
+GeometryAdjustment LngCtrlSize(int id)
+{
+    GeometryAdjustment adjustment;
+    if (!ModuleIsBound(Module::Language))
+        return adjustment;
+    int32_t left = 0;
+    int32_t top = 0;
+    int32_t width = 0;
+    int32_t height = 0;
+    adjustment.Count = TvLng().LngGetCtrlSize(id + kGeometryOffset, &left, &top, &width, &height);
+    adjustment.Left = left;
+    adjustment.Top = top;
+    adjustment.Width = width;
+    adjustment.Height = height;
+    return adjustment;
+}
+
+LangHooks& TheLangHooks()
+{
+    static LangHooks hooks;
+    return hooks;
+}
+
+} // namespace tarvik

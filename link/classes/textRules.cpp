@@ -1,0 +1,62 @@
+#include "link/classes/textRules.h"
+
+#include "app/message/message.h"
+#include "app/text/lang.h"
+#include "app/values/strings.h"
+#include "link/classes/model.h"
+
+#include <algorithm>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextBadName = 12766;
+constexpr int kTextReservedName = 12770;
+
+bool IsNameCharacter(QChar character)
+{
+    const ushort code = character.unicode();
+    const bool isLetter = (code >= u'A' && code <= u'Z') || (code >= u'a' && code <= u'z');
+    const bool isDigit = code >= u'0' && code <= u'9';
+    return isLetter || isDigit || QStringView(u" -+_=&~()[]").contains(character);
+}
+
+QString Noun()
+{
+    return LngStr(ModCaption(CaptionNoun));
+}
+
+} // namespace
+
+bool ValidNameChars(const QString& name)
+{
+    return !name.isEmpty() && name.size() <= kTextLength && std::all_of(name.begin(), name.end(), IsNameCharacter);
+}
+
+bool ValidListName(const QString& name)
+{
+    if (!ValidNameChars(name)) {
+        MsgOk1(kTextBadName, Noun());
+        return false;
+    }
+    if (StrEqualNoCase(name, QStringLiteral("none"))) {
+        MsgOk1(kTextReservedName, Noun());
+        return false;
+    }
+    return true;
+}
+
+bool ValidText(const QString& text)
+{
+    return std::none_of(
+        text.begin(), text.end(), [](QChar character) { return QStringView(u"\";',").contains(character); });
+}
+
+bool ValidText(QByteArrayView text)
+{
+    return std::none_of(
+        text.begin(), text.end(), [](char character) { return QByteArrayView("\";',").contains(character); });
+}
+
+} // namespace tarvik

@@ -1,0 +1,65 @@
+// link/connection/FmConnect.h: the list of connections: chooses, connects, disconnects, adds, edits and removes.
+#pragma once
+
+#include "app/forms/form.h"
+
+#include <optional>
+#include <vector>
+
+class QLayout;
+class QTabBar;
+class QTreeWidget;
+
+namespace tarvik {
+
+struct ConnectControls;
+struct ConnectRow;
+
+class FmConnect final : public FormBase {
+    Q_OBJECT
+public:
+    explicit FmConnect(QWidget* parent = nullptr);
+
+    /// A start may have ended here, with nobody to close it.
+    bool GoesWithProgram() const override
+    {
+        return true;
+    }
+
+protected:
+    bool OnLoad() override;
+    bool QueryUnload() override;
+
+private:
+    void BuildTabs();
+    void BuildList();
+    void BuildFrame();
+    QLayout* BuildButtons();
+    void WatchButtons();
+
+    void ShowTab();
+    void Refresh();
+    void ApplyControls(const ConnectControls& controls);
+    void ShowRows(const std::vector<ConnectRow>& rows);
+
+    /// The selected row as an entry; none in an empty list.
+    [[nodiscard]] std::optional<QString> SelectedEntry() const;
+    void OnConnect();
+    void OnDisconnect();
+    void OnAdd();
+    void OnEdit();
+    void OnRemove();
+
+    QTabBar* TcConnect = nullptr;
+    QWidget* FrIpConfig = nullptr;
+    QTreeWidget* LvIpAddress = nullptr;
+    QPushButton* BtCon = nullptr;
+    QPushButton* BtDisc = nullptr;
+    QPushButton* BtAdd = nullptr;
+    QPushButton* BtEdit = nullptr;
+    QPushButton* BtRemove = nullptr;
+    QPushButton* BtCancel = nullptr;
+    QPushButton* BtHelp = nullptr;
+};
+
+} // namespace tarvik

@@ -1,0 +1,31 @@
+// link/connection/FmConnecting.h: runs the connect procedure and shows how it goes.
+#pragma once
+
+#include "app/forms/form.h"
+
+namespace tarvik {
+
+class FmConnecting final : public FormBase {
+    Q_OBJECT
+public:
+    explicit FmConnecting(QWidget* parent = nullptr);
+
+protected:
+    bool OnLoad() override;
+    bool QueryUnload() override;
+    void OnActivate() override;
+
+private:
+    void BuildControls();
+    void BuildLayout();
+    void OnCancel();
+
+    QLabel* ImConnecting = nullptr;
+    QPlainTextEdit* TbStatus = nullptr;
+    QLabel* LbDebug = nullptr;
+    QPushButton* BtCancel = nullptr;
+    bool cancelled_ = false;
+    bool mayClose_ = false;
+};
+
+} // namespace tarvik

@@ -1,0 +1,373 @@
+#include "link/control/FmControlGeneral.h"
+
+#include "app/forms/Pictures.h"
+#include "app/help/help.h"
+#include "app/text/lang.h"
+#include "link/classes/model.h"
+#include "link/control/FileListWidget.h"
+#include "link/control/FolderComboBox.h"
+#include "link/control/controlCommands.h"
+#include "link/transfer/FmTransfer.h"
+
+#include <QBoxLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextFramePc = 12400;
+constexpr int kTextFrameInstr = 12401;
+constexpr int kTextComboPc = 12420;
+constexpr int kTextComboInstr = 12421;
+constexpr int kTextEdit = 12409;
+
+/// A control of the pane `side`, which is "Pc" or "Instr".
+QString Named(const char* before, const QString& side, const char* behind = "")
+{
+    return QString::fromLatin1(before) + side + QString::fromLatin1(behind);
+}
+
+QPushButton* NewNamedButton(QWidget* parent, const QString& name, const ControlTexts& texts)
+{
+    return NewButton(parent, name.toLatin1().constData(), texts);
+}
+
+void SetTexts(QWidget* control, int help, int hint)
+{
+    SetControlHelp(control, help);
+    SetControlHint(control, hint);
+}
+
+} // namespace
+
+FmControlGeneral::FmControlGeneral(QWidget* parent)
+    : FormBase("FmControlGeneral", parent)
+{
+    pc_.Side = ControlSide::Pc;
+    instr_.Side = ControlSide::Instr;
+    BuildPane(pc_, QStringLiteral("Pc"));
+    BuildLayout();
+    ConnectPane(pc_);
+    ConnectPane(instr_);
+    ConnectForm();
+    BindView();
+}
+
+void FmControlGeneral::BuildPane(Pane& pane, const QString& side)
+{
+    const bool isPc = pane.Side == ControlSide::Pc;
+    pane.Frame =
+        NewFrame(this, Named("Fr", side).toLatin1().constData(), { isPc ? kTextFramePc : kTextFrameInstr, 0, 0 });
+    auto* layout = new QVBoxLayout(pane.Frame);
+    BuildFolderRow(pane, side, *layout);
+    pane.List = new FileListWidget(ListOf(control_, pane.Side), Named("Lv", side), pane.Frame);
+    layout->addWidget(pane.List, 1);
+    BuildCommandRow(pane, side, *layout);
+}
+
+void FmControlGeneral::BuildFolderRow(Pane& pane, const QString& side, QBoxLayout& layout)
+{
+    const int text = pane.Side == ControlSide::Pc ? kTextComboPc : kTextComboInstr;
+    pane.Combo = new FolderComboBox(Named("Cmb", side), pane.Frame);
+    pane.Combo->setAccessibleName(LngStr(text));
+    SetTexts(pane.Combo, text, text);
+    pane.DirUp = NewFolderButton(pane.Frame, Named("Bt", side, "DirUp"), 12402, 12422, "FolderUp");
+    pane.DirOpen = NewFolderButton(pane.Frame, Named("Bt", side, "DirOpen"), 12403, 12423, "OpenFolder");
+    pane.DirNew = NewFolderButton(pane.Frame, Named("Bt", side, "DirNew"), 12404, 12424, "NewFolder");
+    auto* row = new QHBoxLayout;
+    row->addWidget(pane.Combo, 1);
+    for (QPushButton* button : { pane.DirUp, pane.DirOpen, pane.DirNew })
+        row->addWidget(button);
+    layout.addLayout(row);
+}
+
+/// A button beside the box of folders bears a picture only; its text shows as a tip.
+QPushButton* FmControlGeneral::NewFolderButton(
+    QWidget* parent, const QString& name, int text, int hint, const char* picture)
+{
+    QPushButton* button = NewNamedButton(parent, name, { text, text, hint });
+    button->setToolTip(button->text());
+    button->setText({});
+    button->setIcon(PictureIcon(QString::fromLatin1(picture)));
+    return button;
+}
+
+void FmControlGeneral::BuildCommandRow(Pane& pane, const QString& side, QBoxLayout& layout)
+{
+    pane.Sel = NewNamedButton(pane.Frame, Named("Bt", side, "Sel"), { 12405 });
+    pane.Del = NewNamedButton(pane.Frame, Named("Bt", side, "Del"), { 12406, 12406, 12425 });
+    pane.Ref = NewNamedButton(pane.Frame, Named("Bt", side, "Ref"), { 12407, 12407, 12426 });
+    pane.Ren = NewNamedButton(pane.Frame, Named("Bt", side, "Ren"), { 12408, 12408, 12427 });
+    auto* row = new QHBoxLayout;
+    for (QPushButton* button : { pane.Sel, pane.Del, pane.Ref, pane.Ren })
+        row->addWidget(button);
+    row->addStretch(1);
+    layout.addLayout(row);
+}
+
+/// One for each class that has an editor, all in the same place. They stand below the pane of the PC, whose own row of
+/// buttons would make the window too wide for a small screen.
+void FmControlGeneral::BuildEditButtons(QBoxLayout& row)
+{
+    for (size_t at = 0; at < BtPcEdit.size(); ++at) {
+        BtPcEdit[at] = NewNamedButton(this, QStringLiteral("BtPcEdit[%1]").arg(at), { kTextEdit });
+        BtPcEdit[at]->hide();
+        row.addWidget(BtPcEdit[at]);
+    }
+}
+
+QBoxLayout* FmControlGeneral::BuildTransferColumn()
+{
+    BtUl = NewButton(this, "BtUl", { 12410 });
+    BtDl = NewButton(this, "BtDl", { 12411 });
+    BtUl->setIcon(PictureIcon(QStringLiteral("ToRight")));
+    BtDl->setIcon(PictureIcon(QStringLiteral("ToLeft")));
+    BtUl->setLayoutDirection(Qt::RightToLeft); // its arrow points away from the text
+    auto* column = new QVBoxLayout;
+    column->addStretch(1);
+    column->addWidget(BtUl);
+    column->addWidget(BtDl);
+    column->addStretch(1);
+    return column;
+}
+
+QBoxLayout* FmControlGeneral::BuildFormRow()
+{
+    auto* row = new QHBoxLayout;
+    BuildEditButtons(*row);
+    BtNew = NewButton(this, "BtNew", { 12412 });
+    LbFree = NewLabel(this, "LbFree", {});
+    NameControl(LbFree, LbFree->objectName());
+    BtWhatsThis = NewButton(this, "BtWhatsThis", { 12415, 12415, 12430 });
+    BtHlp = NewButton(this, "BtHlp", { 12414, 12414, 12429 });
+    BtClose = NewButton(this, "BtClose", { 12413, 12413, 12428 });
+    row->addWidget(BtNew);
+    row->addWidget(LbFree, 1);
+    for (QPushButton* button : { BtWhatsThis, BtHlp, BtClose })
+        row->addWidget(button);
+    return row;
+}
+
+/// Controls are made in the order in which Tab reaches them.
+void FmControlGeneral::BuildLayout()
+{
+    QBoxLayout* transfer = BuildTransferColumn();
+    BuildPane(instr_, QStringLiteral("Instr"));
+    auto* panes = new QHBoxLayout;
+    panes->addWidget(pc_.Frame, 1);
+    panes->addLayout(transfer);
+    panes->addWidget(instr_.Frame, 1);
+    auto* form = new QVBoxLayout(this);
+    form->addLayout(panes, 1);
+    form->addLayout(BuildFormRow());
+}
+
+void FmControlGeneral::ConnectPane(Pane& pane)
+{
+    const ControlSide side = pane.Side;
+    const auto onClick = [this, side](QPushButton* button, void (*command)(FileControl&, ControlSide)) {
+        connect(button, &QPushButton::clicked, this,
+            [this, side, command] { Run([this, side, command] { command(control_, side); }); });
+    };
+    onClick(pane.DirUp, ControlFolderUp);
+    onClick(pane.DirOpen, ControlOpenFolder);
+    onClick(pane.DirNew, ControlNewFolder);
+    onClick(pane.Sel, ControlSelectAll);
+    onClick(pane.Del, ControlDelete);
+    onClick(pane.Ref, ControlRefresh);
+    onClick(pane.Ren, ControlRename);
+    connect(pane.Combo, &FolderComboBox::AboutToDropDown, this, [this, side] { ControlDropDown(control_, side); });
+    connect(
+        pane.Combo, &QComboBox::activated, this, [this, side](int item) { ControlSelectFolder(control_, side, item); });
+    ConnectList(pane);
+}
+
+void FmControlGeneral::ConnectList(Pane& pane)
+{
+    const ControlSide side = pane.Side;
+    const FileListWidget* list = pane.List;
+    connect(list, &FileListWidget::SelectionEdited, this, [this] { ControlUpdate(control_); });
+    connect(list, &FileListWidget::RowOpened, this, [this, side](int row) { ControlOpenRow(control_, side, row); });
+    connect(list, &FileListWidget::HeaderClicked, this,
+        [this, side](int column) { Run([this, side, column] { ControlHeaderClick(control_, side, column); }); });
+    connect(list, &FileListWidget::DeletePressed, this, [this, side] { ControlDeleteByKey(control_, side); });
+    connect(list, &FileListWidget::RenamePressed, this, [this, side] { ControlRename(control_, side); });
+    connect(list, &FileListWidget::SelectAllPressed, this, [this, side] { ControlSelectAll(control_, side); });
+    connect(list, &FileListWidget::Renamed, this,
+        [this, side](const QString& sortKey, const QString& name) { ControlRenamed(control_, side, sortKey, name); });
+}
+
+void FmControlGeneral::ConnectForm()
+{
+    const auto onClick = [this](QPushButton* button, void (*command)(FileControl&)) {
+        connect(button, &QPushButton::clicked, this, [this, command] { Run([this, command] { command(control_); }); });
+    };
+    onClick(BtUl, ControlUpload);
+    onClick(BtDl, ControlDownload);
+    onClick(BtNew, ControlNew);
+    for (QPushButton* button : BtPcEdit)
+        onClick(button, ControlEdit);
+    connect(BtClose, &QPushButton::clicked, this, [this] { Unload(); });
+    connect(BtHlp, &QPushButton::clicked, this, [this] { ShowHelp(HelpNumber()); });
+    connect(BtWhatsThis, &QPushButton::clicked, this, [] {
+        if (const auto enter = TheHelpHooks().EnterWhatsThis)
+            enter();
+    });
+}
+
+void FmControlGeneral::Run(const std::function<void()>& command)
+{
+    FinishLabelEdits();
+    command();
+}
+
+void FmControlGeneral::FinishLabelEdits()
+{
+    for (const Pane* pane : { &pc_, &instr_ })
+        pane->List->FinishLabelEdit();
+}
+
+void FmControlGeneral::BindView()
+{
+    ControlView& view = control_.View;
+    view.EnableBusySet = [this](bool on) { EnableBusySet(on); };
+    view.EnableTransfers = [this](bool upload, bool download) {
+        BtUl->setEnabled(upload);
+        BtDl->setEnabled(download);
+        LbFree->clear();
+    };
+    view.ShowBusyPointer = [this](bool busy) { ShowBusyPointer(busy); };
+    view.ShowCombo = [this](ControlSide side) { ShowCombo(side); };
+    view.RunTransfer = [this] {
+        FmTransfer form(this);
+        DialogShow(form);
+    };
+    view.Close = [this] { Unload(); };
+}
+
+bool FmControlGeneral::OnLoad()
+{
+    ControlLoad(control_);
+    ApplyClass();
+    ApplyClassTexts();
+    DialogPush(*this, false);
+    pc_.List->setFocus();
+    return true;
+}
+
+/// Wide enough for names and dates, though a window takes no more than two thirds of the screen by itself.
+void FmControlGeneral::PrepareWindow(bool removeClose)
+{
+    FormBase::PrepareWindow(removeClose);
+    if (screen() == nullptr)
+        return;
+    constexpr double kMostOfTheScreen = 0.95;
+    const QRect area = screen()->availableGeometry();
+    resize(sizeHint().boundedTo(area.size() * kMostOfTheScreen).expandedTo(size()));
+    move(area.center() - rect().center());
+}
+
+/// What a class doesn't have isn't there. Both panes are as wide as the wider one needs.
+void FmControlGeneral::ApplyClass()
+{
+    const ControlRules rules = ControlRulesOf(FileClasses().CurrentFileClass);
+    if (!rules.Icon.isEmpty())
+        setWindowIcon(PictureIcon(rules.Icon));
+    for (QWidget* control :
+        std::initializer_list<QWidget*>{ instr_.Combo, instr_.DirUp, instr_.DirOpen, instr_.DirNew, instr_.Ren })
+        control->setVisible(rules.HasInstrFolders);
+    instr_.Del->setVisible(rules.DeletesOnInstr);
+    BtNew->setVisible(rules.MakesNew);
+    for (size_t at = 0; at < BtPcEdit.size(); ++at)
+        BtPcEdit[at]->setVisible(static_cast<int>(at) == rules.EditButton);
+    pc_.List->ShowColumns();
+    instr_.List->ShowColumns();
+    for (const Pane* pane : { &pc_, &instr_ })
+        pane->Frame->setMinimumWidth(0);
+    const int width = std::max(pc_.Frame->minimumSizeHint().width(), instr_.Frame->minimumSizeHint().width());
+    for (const Pane* pane : { &pc_, &instr_ })
+        pane->Frame->setMinimumWidth(width);
+}
+
+void FmControlGeneral::ApplyClassTexts()
+{
+    LngSetForm(this, ModCaption(CaptionControlTitle));
+    SetHelpNumber(ModCaption(CaptionControlTitle));
+    const auto setBoth = [](QWidget* control, int number) { SetTexts(control, number, number); };
+    for (QPushButton* button : BtPcEdit)
+        setBoth(button, ModCaption(CaptionHintEdit));
+    setBoth(BtUl, ModCaption(CaptionHintUpload));
+    setBoth(BtDl, ModCaption(CaptionHintDownload));
+    setBoth(BtNew, ModCaption(CaptionHintNew));
+    for (const Pane* pane : { &pc_, &instr_ }) {
+        const int hint = ModCaption(pane == &pc_ ? CaptionHintPc : CaptionHintInstrument);
+        setBoth(pane->Frame, hint);
+        setBoth(pane->List, hint);
+        pane->List->setAccessibleName(LngStr(hint));
+        SetTexts(pane->Sel, ModCaption(CaptionHelpSelect), ModCaption(CaptionHintSelect));
+    }
+}
+
+void FmControlGeneral::OnActivate()
+{
+    if (control_.MayWork)
+        WaitUntilPainted(); // a slow instrument leaves empty lists meanwhile, not an empty window
+    if (IsLoaded())
+        ControlActivate(control_);
+}
+
+bool FmControlGeneral::QueryUnload()
+{
+    FinishLabelEdits();
+    return ControlMayClose(control_);
+}
+
+void FmControlGeneral::OnUnload()
+{
+    ControlUnload();
+}
+
+std::vector<QPushButton*> FmControlGeneral::BusyButtons() const
+{
+    std::vector<QPushButton*> buttons{ BtClose, BtDl, BtUl };
+    for (const Pane* pane : { &pc_, &instr_ }) {
+        for (QPushButton* button :
+            { pane->DirUp, pane->DirOpen, pane->DirNew, pane->Sel, pane->Del, pane->Ref, pane->Ren })
+            buttons.push_back(button);
+    }
+    buttons.insert(buttons.end(), BtPcEdit.begin(), BtPcEdit.end());
+    return buttons;
+}
+
+/// A button that loses the focus by being disabled gets it back, so that the keyboard goes on where it was.
+void FmControlGeneral::EnableBusySet(bool on)
+{
+    if (!on)
+        focusBefore_ = focusWidget();
+    for (QPushButton* button : BusyButtons())
+        button->setEnabled(on);
+    if (on && !focusBefore_.isNull())
+        focusBefore_->setFocus(Qt::OtherFocusReason);
+}
+
+void FmControlGeneral::ShowCombo(ControlSide side)
+{
+    Pane& pane = PaneOf(side);
+    const QString before = pane.Combo->Path();
+    pane.Combo->ShowItems(ComboOf(control_, side));
+    if (pane.Combo->Path() != before)
+        pane.List->scrollToTop(); // another folder begins at its first row
+}
+
+FmControlGeneral::Pane& FmControlGeneral::PaneOf(ControlSide side)
+{
+    return side == ControlSide::Pc ? pc_ : instr_;
+}
+
+} // namespace tarvik

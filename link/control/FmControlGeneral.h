@@ -1,0 +1,89 @@
+// link/control/FmControlGeneral.h: the file control window: the files of one class on the PC and on the instrument side
+// by side.
+#pragma once
+
+#include "app/forms/form.h"
+#include "link/control/controlGeneral.h"
+
+#include <QPointer>
+
+#include <array>
+#include <functional>
+
+class QBoxLayout;
+
+namespace tarvik {
+
+class FileListWidget;
+class FolderComboBox;
+
+/// Shows two lists and sends every command to controlCommands.h.
+class FmControlGeneral final : public FormBase {
+    Q_OBJECT
+public:
+    explicit FmControlGeneral(QWidget* parent = nullptr);
+
+    void PrepareWindow(bool removeClose) override;
+
+protected:
+    bool OnLoad() override;
+    void OnActivate() override;
+    bool QueryUnload() override;
+    void OnUnload() override;
+
+private:
+    /// The controls of one side; both have the same.
+    struct Pane {
+        ControlSide Side = ControlSide::Pc;
+        QGroupBox* Frame = nullptr;
+        FolderComboBox* Combo = nullptr;
+        QPushButton* DirUp = nullptr;
+        QPushButton* DirOpen = nullptr;
+        QPushButton* DirNew = nullptr;
+        FileListWidget* List = nullptr;
+        QPushButton* Sel = nullptr;
+        QPushButton* Del = nullptr;
+        QPushButton* Ref = nullptr;
+        QPushButton* Ren = nullptr;
+    };
+
+    void BuildPane(Pane& pane, const QString& side);
+    void BuildFolderRow(Pane& pane, const QString& side, QBoxLayout& layout);
+    void BuildCommandRow(Pane& pane, const QString& side, QBoxLayout& layout);
+    void BuildEditButtons(QBoxLayout& row);
+    QPushButton* NewFolderButton(QWidget* parent, const QString& name, int text, int hint, const char* picture);
+    QBoxLayout* BuildTransferColumn();
+    QBoxLayout* BuildFormRow();
+    void BuildLayout();
+
+    void ConnectPane(Pane& pane);
+    void ConnectList(Pane& pane);
+    void ConnectForm();
+    void BindView();
+
+    /// Runs a command once no name is being edited any more: it must not work on rows that are about to change.
+    void Run(const std::function<void()>& command);
+    void FinishLabelEdits();
+
+    void ApplyClass();
+    void ApplyClassTexts();
+    void EnableBusySet(bool on);
+    std::vector<QPushButton*> BusyButtons() const;
+    void ShowCombo(ControlSide side);
+    Pane& PaneOf(ControlSide side);
+
+    FileControl control_;
+    Pane pc_;
+    Pane instr_;
+    std::array<QPushButton*, kEditButtons> BtPcEdit{};
+    QPushButton* BtUl = nullptr;
+    QPushButton* BtDl = nullptr;
+    QPushButton* BtNew = nullptr;
+    QPushButton* BtClose = nullptr;
+    QPushButton* BtHlp = nullptr;
+    QPushButton* BtWhatsThis = nullptr;
+    QLabel* LbFree = nullptr;
+    QPointer<QWidget> focusBefore_; // had the focus when the buttons were disabled
+};
+
+} // namespace tarvik

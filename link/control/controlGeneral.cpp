@@ -1,0 +1,222 @@
+#include "link/control/controlGeneral.h"
+
+#include "app/message/message.h"
+#include "app/platform/debug.h"
+#include "link/channel/channel.h"
+#include "link/classes/model.h"
+#include "link/connection/connect.h"
+#include "link/transfer/transfer.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kMessageLinkLost = 12703;
+
+/// What the scroll bars and the column headers of a list take away.
+constexpr int kFrameLimitRightPx = 22;
+constexpr int kFrameLimitBottomPx = 23;
+
+const QString kInstrFallback = QStringLiteral("\\Public");
+
+const char* IconOf(int fileClass)
+{
+    switch (fileClass) {
+    case FileClassAntennaList:
+        return "MDI_AL_C";
+    case FileClassKfactorTable:
+        return "MDI_KT_C";
+    case FileClassMemoryList:
+        return "MDI_ML_C";
+    case FileClassSuppressList:
+        return "MDI_SL_C";
+    case FileClassScreenShot:
+        return "MDI_SCREEN";
+    default:
+        return "";
+    }
+}
+
+int PresentClass()
+{
+    return FileClasses().CurrentFileClass;
+}
+
+/// A window that is opened anew begins anew.
+void Forget(FileControl& control)
+{
+    for (FileList* list : { &control.LvPc, &control.LvInstr }) {
+        FileListView view = std::move(list->View);
+        *list = {};
+        list->View = std::move(view);
+    }
+    control.CmbPc = {};
+    control.CmbInstr = {};
+    control.ButtonsAreOff = false;
+}
+
+void TakePcFolder()
+{
+    const QString path = FileClasses().PcPaths[static_cast<size_t>(PresentClass())];
+    const bool isThere = !path.isEmpty() && QFileInfo(path).isDir();
+    CurrentPcFolder() = QDir::toNativeSeparators(isThere ? QDir(path).absolutePath() : QDir::currentPath());
+}
+
+} // namespace
+
+void GetBtPcEditNumber(int fileClass, int& index)
+{
+    switch (fileClass) {
+    case FileClassAntennaList:
+    case FileClassKfactorTable:
+    case FileClassMemoryList:
+    case FileClassSuppressList:
+        index = fileClass - FileClassAntennaList;
+        break;
+    case FileClassCorrectionSet:
+        index = 4;
+        break;
+    case FileClassScreenShot:
+        index = kNoEditButton;
+        break;
+    default:
+        index = kNoEditButton;
+        DebugReport("GetBtPcEditNumber");
+        break;
+    }
+}
+
+ControlRules ControlRulesOf(int fileClass)
+{
+    ControlRules rules;
+    GetBtPcEditNumber(fileClass, rules.EditButton);
+    rules.Icon = QString::fromLatin1(IconOf(fileClass));
+    rules.HasInstrFolders = ModHasInstrFolders(fileClass);
+    rules.HasDates = !ModHoldsOneList(fileClass);
+    rules.DeletesOnInstr = !ModHoldsOneList(fileClass);
+    rules.MakesNew = rules.EditButton != kNoEditButton;
+    rules.UploadsOneFile = ModHoldsOneList(fileClass);
+    return rules;
+}
+
+ControlHooks& TheControlHooks()
+{
+    static ControlHooks hooks;
+    return hooks;
+}
+
+void ControlReset()
+{
+    TheControlHooks() = {};
+}
+
+FileList& ListOf(FileControl& control, ControlSide side)
+{
+    return side == ControlSide::Pc ? control.LvPc : control.LvInstr;
+}
+
+FolderCombo& ComboOf(FileControl& control, ControlSide side)
+{
+    return side == ControlSide::Pc ? control.CmbPc : control.CmbInstr;
+}
+
+int ControlSelectedRow(const FileList& list)
+{
+    const bool isThere = list.CurrentRow >= 0 && static_cast<size_t>(list.CurrentRow) < list.Rows.size();
+    if (isThere && list.Rows[static_cast<size_t>(list.CurrentRow)].Selected)
+        return list.CurrentRow;
+    return TransferFirstSelected(list);
+}
+
+void ControlLoad(FileControl& control)
+{
+    Forget(control);
+    Transfer().LvPc = &control.LvPc;
+    Transfer().LvInstr = &control.LvInstr;
+    control.LvPc.HasDates = control.LvInstr.HasDates = ControlRulesOf(PresentClass()).HasDates;
+    TakePcFolder();
+    ComboPcShow(control.CmbPc);
+    control.MayWork = ComboInstrShow(control.CmbInstr) == kChannelOk;
+    control.View.ShowCombo(ControlSide::Pc);
+    control.View.ShowCombo(ControlSide::Instr);
+    if (control.MayWork)
+        return;
+    ChannelDisconnect();
+    MsgOk(kMessageLinkLost);
+}
+
+void ControlActivate(FileControl& control)
+{
+    if (!control.MayWork) {
+        control.View.Close();
+        return;
+    }
+    control.View.ShowBusyPointer(true);
+    ControlList(control, ControlSide::Pc, true);
+    ControlList(control, ControlSide::Instr, true);
+    ControlUpdate(control);
+    control.View.ShowBusyPointer(false);
+}
+
+bool ControlMayClose(const FileControl& control)
+{
+    return !control.Busy && !Connection().ConnectInProgress;
+}
+
+void ControlUnload()
+{
+    Transfer().LvPc = nullptr;
+    Transfer().LvInstr = nullptr;
+    const auto fileClass = static_cast<size_t>(PresentClass());
+    FileClasses().PcPaths[fileClass] = CurrentPcFolder();
+    QString directory;
+    const bool isRead = ChannelGetDirectory(directory) == kChannelOk;
+    FileClasses().InstrPaths[fileClass] = isRead ? directory : kInstrFallback;
+}
+
+void ControlList(FileControl& control, ControlSide side, bool sort)
+{
+    const int mask = FileClasses().FileClassMask;
+    if (side == ControlSide::Pc)
+        TransferListPc(control.LvPc, mask, sort);
+    else
+        TransferListInstr(control.LvInstr, mask, sort);
+}
+
+void ControlEnableBusySet(FileControl& control, bool on)
+{
+    control.ButtonsAreOff = !on;
+    control.View.EnableBusySet(on);
+}
+
+void ControlUpdate(FileControl& control)
+{
+    if (control.ButtonsAreOff)
+        return;
+    const int uploads = TransferCountSelectedFiles(control.LvPc);
+    const bool mayUpload = ControlRulesOf(PresentClass()).UploadsOneFile ? uploads == 1 : uploads >= 1;
+    control.View.EnableTransfers(mayUpload, TransferCountSelectedFiles(control.LvInstr) >= 1);
+}
+
+bool ControlRenamesOn(ControlSide side)
+{
+    return side == ControlSide::Pc || ControlRulesOf(PresentClass()).HasInstrFolders;
+}
+
+QRect ControlFrameLimit(QSize inner)
+{
+    const QSize limit = inner - QSize(kFrameLimitRightPx, kFrameLimitBottomPx);
+    return { QPoint(), limit.expandedTo(QSize(1, 1)) };
+}
+
+QPoint ControlInsideLimit(QPoint point, const QRect& limit)
+{
+    return { std::clamp(point.x(), limit.left(), limit.right()), std::clamp(point.y(), limit.top(), limit.bottom()) };
+}
+
+} // namespace tarvik

@@ -1,0 +1,37 @@
+// link/documents/FmFileConvert.h: asks where to and as what a batch of pictures is converted.
+#pragma once
+
+#include "app/forms/form.h"
+
+class QLayout;
+
+namespace tarvik {
+
+class FmFileConvert final : public FormBase {
+    Q_OBJECT
+public:
+    explicit FmFileConvert(QWidget* parent = nullptr);
+
+    /// True when the form was closed with a target.
+    bool IsAccepted() const
+    {
+        return accepted_;
+    }
+
+protected:
+    bool OnLoad() override;
+
+private:
+    QLayout* BuildFields();
+    QLayout* BuildButtons();
+    void Browse();
+    void ShowFolder(const QString& folder);
+    void Accept();
+
+    QComboBox* CbType = nullptr;
+    QLineEdit* TbDir = nullptr;
+    QPushButton* BtBrowse = nullptr;
+    bool accepted_ = false;
+};
+
+} // namespace tarvik

@@ -1,0 +1,326 @@
+#include "link/files/fileList.h"
+
+#include "app/message/message.h"
+#include "app/text/ansi.h"
+#include "app/text/lang.h"
+#include "closed/loader.h"
+#include "link/channel/channel.h"
+#include "link/channel/linkFailure.h"
+#include "link/classes/model.h"
+#include "link/classes/textRules.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextBadName = 12721;
+constexpr int kTextNameMissing = 12729;
+constexpr int kTextNameInUse = 12730;
+constexpr int kTextPcFolderNotRenamed = 12739;
+constexpr int kTextInstrFolderNotMade = 12740;
+constexpr int kTextInstrFolderNotRenamed = 12742;
+constexpr int kTextFileNotRenamed = 12743;
+constexpr int kTextExtensionChanged = 12748;
+
+/// Files are looked for in the current folder, whatever the class.
+constexpr int kAnyFile = FileClassScreenShot;
+
+const QString kNewFolder = QStringLiteral("New Folder");
+
+QString NumberedFolder(int number)
+{
+    return kNewFolder + QStringLiteral(" (%1)").arg(number);
+}
+
+bool IsFolder(const QString& name)
+{
+    return QFileInfo(PcFilePath(name)).isDir();
+}
+
+bool IsFile(const QString& name)
+{
+    return QFileInfo(PcFilePath(name)).isFile();
+}
+
+/// Also for a link that leads nowhere.
+bool IsTaken(const QString& name)
+{
+    const QFileInfo info(PcFilePath(name));
+    return info.exists() || info.isSymLink();
+}
+
+bool IsSameButCase(const QString& first, const QString& second)
+{
+    return first.compare(second, Qt::CaseInsensitive) == 0;
+}
+
+/// False for one that would lead into another folder.
+bool IsBareName(const QString& name)
+{
+    return !name.contains(u'/') && !name.contains(QDir::separator());
+}
+
+void BearName(FileListRow& row, const QString& key, const QString& text)
+{
+    row.Key = key;
+    row.Text = text;
+}
+
+bool TrimmedNameIsMissing(QString& newName)
+{
+    newName = newName.trimmed();
+    if (newName.isEmpty())
+        MsgOk(kTextNameMissing);
+    return newName.isEmpty();
+}
+
+/// What the list store calls a list of a class.
+struct ListStoreCalls {
+    int FileClass;
+    decltype(TvFioApi::MemoryListClear) Clear;
+    decltype(TvFioApi::MemoryListLoadFile) LoadFile;
+    decltype(TvFioApi::MemoryListSetName) SetName;
+    decltype(TvFioApi::MemoryListSaveFile) SaveFile;
+};
+
+std::array<ListStoreCalls, 4> AllListStoreCalls()
+{
+    const TvFioApi& fio = TvFio();
+    return { {
+        { FileClassAntennaList, fio.AntennaListClear, fio.AntennaListLoadFile, fio.AntennaListSetName,
+            fio.AntennaListSaveFile },
+        { FileClassKfactorTable, fio.KfactorTableClear, fio.KfactorTableLoadFile, fio.KfactorTableSetName,
+            fio.KfactorTableSaveFile },
+        { FileClassMemoryList, fio.MemoryListClear, fio.MemoryListLoadFile, fio.MemoryListSetName,
+            fio.MemoryListSaveFile },
+        { FileClassSuppressList, fio.SuppressListClear, fio.SuppressListLoadFile, fio.SuppressListSetName,
+            fio.SuppressListSaveFile },
+    } };
+}
+
+/// Gives the list in the file the name of the file. One that can't be read stays as it is, without a message.
+void RenameListInFile(const QString& path, const QString& listName)
+{
+    const auto all = AllListStoreCalls();
+    const auto calls = std::find_if(all.begin(), all.end(),
+        [](const ListStoreCalls& row) { return row.FileClass == FileClasses().CurrentFileClass; });
+    if (calls == all.end() || !ModuleIsBound(Module::ListStore))
+        return;
+    const QByteArray file = QDir::toNativeSeparators(path).toUtf8();
+    int16_t status = 0;
+    calls->Clear(&status);
+    if (status == 0)
+        calls->LoadFile(&status, file.constData());
+    if (status == 0)
+        calls->SetName(&status, listName.toLatin1().constData());
+    if (status == 0)
+        calls->SaveFile(&status, file.constData());
+}
+
+bool RenamePcFolder(FileListRow& row, const QString& newName)
+{
+    if (IsTaken(newName)) {
+        MsgOk1(kTextNameInUse, newName);
+        return false;
+    }
+    if (!IsBareName(newName) || !QDir().rename(PcFilePath(row.Text), PcFilePath(newName))) {
+        MsgOk(kTextPcFolderNotRenamed);
+        return false;
+    }
+    BearName(row, u'F' + newName, newName);
+    return true;
+}
+
+/// True when the file may bear the new name, after a message where it may not.
+bool MayBearName(const FileListRow& row, const QString& newName)
+{
+    if (IsFolder(newName) || (IsFile(newName) && !IsSameButCase(newName, row.Key))) {
+        MsgOk1(kTextNameInUse, newName);
+        return false;
+    }
+    if (!ValidNameChars(FileBaseName(newName))) {
+        MsgOk2(kTextBadName, newName, LngStr(ModCaption(CaptionNoun)));
+        return false;
+    }
+    if (!IsSameButCase(FileExtension(newName), FileExtension(row.Key))) {
+        MsgOk(kTextExtensionChanged);
+        return false;
+    }
+    return true;
+}
+
+bool RenamePcFile(FileListRow& row, const QString& newName)
+{
+    if (!MayBearName(row, newName))
+        return false;
+    if (IsSameButCase(newName, row.Key))
+        return true;
+    if (IsTaken(newName)) {
+        MsgOk1(kTextNameInUse, newName);
+        return false;
+    }
+    if (!QDir().rename(PcFilePath(row.Key), PcFilePath(newName))) {
+        MsgOk1(kTextFileNotRenamed, row.Text);
+        return false;
+    }
+    RenameListInFile(PcFilePath(newName), FileBaseName(newName));
+    BearName(row, newName, newName);
+    return true;
+}
+
+/// False for what is no name on the instrument, so that nothing is asked there about it.
+bool CanBeInstrName(const QString& name)
+{
+    const bool hasSeparator =
+        std::any_of(name.begin(), name.end(), [](QChar letter) { return QStringView(u"\\/:").contains(letter); });
+    return IsAnsi(name) && !hasSeparator && name != QLatin1String(".") && name != QLatin1String("..");
+}
+
+/// False when the list is to keep the old text.
+bool RenameInstrFolder(FileListRow& row, const QString& oldName, const QString& newName)
+{
+    if (!CanBeInstrName(newName)) {
+        MsgOk1(kTextInstrFolderNotRenamed, oldName);
+        return false;
+    }
+    ChannelFound taken;
+    if (ChannelFind(kAnyFile, newName, taken) != kChannelOk)
+        return true;
+    if (taken.Result != 0) {
+        MsgOk1(kTextNameInUse, newName);
+        return false;
+    }
+    if (ChannelRename(oldName, newName) != kChannelOk) {
+        MsgOk1(kTextInstrFolderNotRenamed, oldName);
+        return false;
+    }
+    BearName(row, u'F' + newName, newName);
+    return true;
+}
+
+/// The instrument itself looks whether the new name is free.
+bool RenameInstrFile(FileListRow& row, const QString& oldName, const QString& newName)
+{
+    const bool mayRename = FileClasses().CurrentFileClass == FileClassScreenShot;
+    if (!mayRename || ChannelRename(oldName, newName) != kChannelOk) {
+        MsgOk1(kTextFileNotRenamed, row.Text);
+        return false;
+    }
+    BearName(row, u'F' + newName, newName);
+    return true;
+}
+
+bool RenameInstrRow(FileListRow& row, const QString& newName)
+{
+    constexpr qint16 kExists = 1;
+    const QString oldName = TransferIsFolderRow(row) ? row.Text : row.Key;
+    ChannelFound found;
+    if (ChannelFind(kAnyFile, oldName, found) != kChannelOk) {
+        (void)ReportLinkFailure();
+        return false;
+    }
+    if (found.Result != kExists)
+        return false;
+    if (found.Type == kChannelFolder)
+        return RenameInstrFolder(row, oldName, newName);
+    return found.Type != kChannelFile || RenameInstrFile(row, oldName, newName);
+}
+
+void DeselectAll(FileList& list)
+{
+    list.View.BeginChange();
+    for (FileListRow& row : list.Rows)
+        row.Selected = false;
+    list.View.EndChange();
+}
+
+/// Shows the new folder as the only selected row, ready for its name.
+void ShowNewFolder(FileList& list, const QString& name)
+{
+    list.View.BeginChange();
+    TransferAddRow(list, name, kChannelFolder, {});
+    list.Rows.back().Selected = true;
+    list.CurrentRow = static_cast<int>(list.Rows.size()) - 1;
+    TransferKeepSorted(list);
+    list.View.EndChange();
+    list.View.GiveFocus();
+    list.View.StartLabelEdit(list.CurrentRow);
+}
+
+/// Looks for a name that the instrument's folder has not; the last one that is tried counts even if it is taken.
+ChannelStatus FindFreeInstrName(QString& name)
+{
+    constexpr int kLastNumber = 100;
+    ChannelFound found;
+    name = kNewFolder;
+    ChannelStatus err = ChannelFind(kAnyFile, name, found);
+    if (err != kChannelOk)
+        return err;
+    for (int number = 2; number <= kLastNumber && found.Result == 1 && err != kChannelLinkFailed; ++number) {
+        name = NumberedFolder(number);
+        err = ChannelFind(kAnyFile, name, found);
+    }
+    return err;
+}
+
+bool HasRow(const FileList& list, int row)
+{
+    return row >= 0 && row < static_cast<int>(list.Rows.size());
+}
+
+FileListRow& RowAt(FileList& list, int row)
+{
+    return list.Rows[static_cast<size_t>(row)];
+}
+
+} // namespace
+
+void TransferRenamePc(FileList& list, int row, QString& newName, bool& cancel)
+{
+    cancel = true;
+    if (!HasRow(list, row) || TrimmedNameIsMissing(newName))
+        return;
+    FileListRow& renamed = RowAt(list, row);
+    if (IsFolder(renamed.Text))
+        cancel = !RenamePcFolder(renamed, newName);
+    else if (IsFile(renamed.Key))
+        cancel = !RenamePcFile(renamed, newName);
+    else
+        list.View.GiveFocus();
+}
+
+void TransferRenameInstr(FileList& list, int row, QString& newName, bool& cancel)
+{
+    cancel = true;
+    if (HasRow(list, row) && !TrimmedNameIsMissing(newName))
+        cancel = !RenameInstrRow(RowAt(list, row), newName);
+}
+
+void TransferNewFolderPc(FileList& list)
+{
+    DeselectAll(list);
+    QString name = kNewFolder;
+    for (int number = 2; IsTaken(name); ++number)
+        name = NumberedFolder(number);
+    if (QDir().mkdir(PcFilePath(name)))
+        ShowNewFolder(list, name);
+}
+
+void TransferNewFolderInstr(FileList& list)
+{
+    DeselectAll(list);
+    QString name;
+    if (FindFreeInstrName(name) != kChannelOk || ChannelCreateDirectory(name) != kChannelOk) {
+        MsgOk(kTextInstrFolderNotMade);
+        return;
+    }
+    ShowNewFolder(list, name);
+}
+
+} // namespace tarvik

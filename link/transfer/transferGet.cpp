@@ -1,0 +1,94 @@
+#include "link/transfer/transfer.h"
+
+#include "app/message/message.h"
+#include "app/platform/seams.h"
+#include "app/text/lang.h"
+#include "link/channel/channel.h"
+#include "link/channel/linkFailure.h"
+#include "link/classes/model.h"
+#include "link/transfer/fileDates.h"
+#include "link/transfer/transferRows.h"
+#include "link/transfer/transferTexts.h"
+
+#include <QFileInfo>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextDataSetExtension = 11506;
+constexpr int kTextNoFolderDownload = 12745;
+constexpr int kActiveNames = 1000;
+
+/// The old file goes into the trash. False: the row is left out.
+bool MakeWay(const QString& local, const QString& name)
+{
+    const bool offersAll = !ModHoldsOneList(FileClasses().CurrentFileClass);
+    if (!TransferMayReplace(kTextReplace, local, offersAll))
+        return false;
+    if (FileRecycle(local))
+        return true;
+    MsgOk1(kTextOldFileStays, name);
+    return false;
+}
+
+TransferNext GetRow(const FileListRow& row)
+{
+    if (TransferIsFolderRow(row)) {
+        MsgOk1(kTextNoFolderDownload, row.Text);
+        return TransferNext::Pass;
+    }
+    const QString local = PcFilePath(row.Key);
+    if (QFileInfo(local).isFile() && !MakeWay(local, row.Text))
+        return TransferNext::Count;
+    const int fileClass = FileClasses().CurrentFileClass;
+    if (ChannelGet(fileClass, row.Key, local) != kChannelOk)
+        return ReportLinkFailure() ? TransferNext::End : TransferNext::Count;
+    if (!ModHoldsOneList(fileClass)) // the only list of its kind has no date on the instrument
+        FileSetPcDate(local, TransferRowDate(row), TransferIsLocked(row));
+    return TransferNext::Count;
+}
+
+/// Empty when no name is free and the user keeps what the last one holds.
+QString FreeActivePath()
+{
+    const QString extension = LngStr(kTextDataSetExtension);
+    for (int number = 0; number < kActiveNames; ++number) {
+        QString path = PcFilePath(QStringLiteral("Active%1").arg(number, 3, 10, QLatin1Char('0')) + extension);
+        if (!QFileInfo::exists(path))
+            return path;
+    }
+    const QString name = QStringLiteral("Active.000");
+    QString path = PcFilePath(name);
+    if (!TransferMayReplace(kTextReplace, path, false))
+        return {};
+    if (FileRecycle(path))
+        return path;
+    MsgOk1(kTextOldFileStays, name);
+    return {};
+}
+
+} // namespace
+
+void TransferGetFiles(FileList& source, FileList& /*target*/)
+{
+    TransferForgetAnswers();
+    TransferEachRow(source, TransferCountSelectedFiles(source), kTextDownloading, GetRow);
+}
+
+void TransferGetActive()
+{
+    const TransferProgress& progress = Transfer().Progress;
+    TransferForgetAnswers();
+    TheSeams().PumpEvents();
+    progress.SetMaximum(1);
+    progress.SetValue(1);
+    const QString path = FreeActivePath();
+    if (path.isEmpty())
+        return;
+    if (ChannelGetActive(path) != kChannelOk)
+        (void)ReportLinkFailure();
+    progress.SetValue(1);
+}
+
+} // namespace tarvik

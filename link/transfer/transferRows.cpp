@@ -1,0 +1,65 @@
+#include "link/transfer/transferRows.h"
+
+#include "app/message/message.h"
+#include "app/platform/seams.h"
+#include "app/text/lang.h"
+#include "link/transfer/transferState.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace tarvik {
+
+namespace {
+
+/// Taken once: events run while the job does.
+std::vector<FileListRow> SelectedRows(const FileList& list)
+{
+    std::vector<FileListRow> rows;
+    std::copy_if(list.Rows.begin(), list.Rows.end(), std::back_inserter(rows),
+        [](const FileListRow& row) { return row.Selected; });
+    return rows;
+}
+
+} // namespace
+
+void TransferEachRow(
+    const FileList& list, int maximum, int labelId, const std::function<TransferNext(const FileListRow& row)>& work)
+{
+    const TransferState& state = Transfer();
+    TheSeams().PumpEvents();
+    state.Progress.SetMaximum(maximum);
+    int counter = 0;
+    for (const FileListRow& row : SelectedRows(list)) {
+        state.Progress.SetLabel(LngStr1(labelId, row.Text));
+        const TransferNext next = work(row);
+        if (next == TransferNext::End)
+            return;
+        if (next == TransferNext::Count)
+            state.Progress.SetValue(++counter);
+        TheSeams().PumpEvents();
+        if (state.TransferCancel)
+            return;
+    }
+}
+
+void TransferForgetAnswers()
+{
+    TheMessage().YesAll = false;
+    TheMessage().NoAll = false;
+}
+
+bool TransferMayReplace(int questionId, const QString& name, bool offersAll)
+{
+    if (TheMessage().YesAll || TheMessage().NoAll)
+        return TheMessage().YesAll;
+    const int answer = offersAll ? MsgAllChoices1(questionId, name) : MsgYesNoDefNo1(questionId, name);
+    return answer == MsgResultYes;
+}
+
+bool TransferIsLocked(const FileListRow& row)
+{
+    return row.Icon == QLatin1String("PresetFile") || row.Icon == QLatin1String("LockedFile");
+}
+
+} // namespace tarvik

@@ -1,0 +1,234 @@
+#include "lists/editor/csv.h"
+
+#include "app/message/message.h"
+#include "app/platform/replaceFile.h"
+#include "app/text/ansi.h"
+#include "app/text/lang.h"
+#include "app/values/region.h"
+#include "app/values/strings.h"
+#include "link/classes/model.h"
+#include "link/classes/textRules.h"
+#include "lists/editor/editorGeneral.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <charconv>
+#include <exception>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextTooShort = 12775;
+constexpr int kTextNoSeparator = 12776;
+constexpr int kTextBadKeyword = 12777;
+constexpr int kTextBadSecondLine = 12778;
+constexpr int kTextBadDescription = 12779;
+constexpr int kTextDescriptionWritten = 10744;
+constexpr int kTextDescriptionRead = 11000; // the same word in every language, or a description is not recognised
+
+constexpr QByteArrayView kLineEnd("\r\n");
+
+bool Refuse(int messageId)
+{
+    MsgOk(messageId);
+    return false;
+}
+
+/// Appends `number`, as `CsvNumberText` tells; `decimal` zero is the form with point and blank.
+void AppendNumber(QByteArray& bytes, double number, char decimal)
+{
+    // The longest is the smallest negative denormal: a sign, "0.", 323 zeros and a digit.
+    std::array<char, 400> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed).ptr;
+    if (decimal == 0) {
+        if (digits.front() != '-')
+            bytes.append(' ');
+    } else {
+        std::replace(digits.data(), end, '.', decimal);
+    }
+    bytes.append(digits.data(), end - digits.data());
+}
+
+char DecimalOfFiles()
+{
+    if (!CsvUseLocaleForm())
+        return 0;
+    const QByteArray decimal = ToAnsi(IniDecimalChar());
+    return decimal.isEmpty() ? '.' : decimal.front();
+}
+
+} // namespace
+
+bool CsvUseLocaleForm()
+{
+    return StrEqualNoCase(LngStr(kTextCsvExtensionOfTables), ModGetExtension(FileClasses().CurrentFileClass));
+}
+
+char CsvListSeparator()
+{
+    constexpr char kDefault = ',';
+    if (!CsvUseLocaleForm())
+        return kDefault;
+    const QByteArray separator = ToAnsi(IniListSeparator());
+    return separator.isEmpty() ? kDefault : separator.front();
+}
+
+QByteArray CsvNumberText(double number)
+{
+    QByteArray text;
+    AppendNumber(text, number, DecimalOfFiles());
+    return text;
+}
+
+void CsvFields::Split(QByteArrayView line, char separator)
+{
+    count_ = 0;
+    const char* const end = line.data() + line.size();
+    for (const char* at = line.data();;) {
+        const char* const fieldEnd = std::find(at, end, separator);
+        if (count_ < kMost)
+            fields_[static_cast<size_t>(count_)] = QByteArrayView(at, fieldEnd - at);
+        ++count_;
+        if (fieldEnd == end)
+            return;
+        at = fieldEnd + 1;
+    }
+}
+
+bool CsvLoadFile(const QString& path, CsvSource& source)
+{
+    source = {};
+    source.FileName = QFileInfo(path).fileName();
+    if (!ListFileExists(path))
+        return false;
+    QFile file(path);
+    const bool opened = file.open(QIODevice::ReadOnly) && file.size() <= kLargestCsvBytes;
+    if (opened)
+        source.Bytes = file.read(kLargestCsvBytes + 1); // one more, for a file that grows or has no size
+    const bool isRead = opened && file.error() == QFileDevice::NoError && source.Bytes.size() <= kLargestCsvBytes;
+    if (!isRead)
+        MsgOk1(kTextCsvFailed, source.FileName);
+    return isRead;
+}
+
+bool CsvFindSeparator(CsvSource& source)
+{
+    const qsizetype firstEnd = source.Bytes.indexOf(kLineEnd);
+    const bool hasThreeLines = firstEnd >= 0 && source.Bytes.indexOf(kLineEnd, firstEnd + kLineEnd.size()) >= 0;
+    if (!hasThreeLines)
+        return Refuse(kTextTooShort);
+    const QByteArrayView first = QByteArrayView(source.Bytes).first(firstEnd);
+    const auto last =
+        std::find_if(first.rbegin(), first.rend(), [](char character) { return character == ';' || character == ','; });
+    if (last == first.rend())
+        return Refuse(kTextNoSeparator);
+    source.Separator = *last;
+    return true;
+}
+
+bool CsvReadHeader(CsvSource& source, int keywordText, CsvHeader& header)
+{
+    CsvFields fields;
+    if (!CsvNextLine(source, fields) || fields.Count() < 2 || FromAnsi(fields.At(0)) != LngStr(keywordText))
+        return Refuse(kTextBadKeyword);
+    const QString name = FromAnsi(fields.At(1)).trimmed();
+    if (!ValidListName(name))
+        return false;
+
+    const qsizetype secondLine = source.At;
+    if (!CsvNextLine(source, fields) || fields.Count() < 2)
+        return Refuse(kTextBadSecondLine);
+    QString description;
+    if (FromAnsi(fields.At(0)) == LngStr(kTextDescriptionRead)) {
+        if (!ValidText(fields.At(1)))
+            return Refuse(kTextBadDescription);
+        description = FromAnsi(fields.At(1)).left(kTextLength);
+    } else {
+        source.At = secondLine; // a list without description: the rows begin here
+    }
+    header = { name, description };
+    return true;
+}
+
+bool CsvNextLine(CsvSource& source, CsvFields& fields)
+{
+    const qsizetype end = source.Bytes.indexOf(kLineEnd, source.At);
+    if (end < 0)
+        return false;
+    fields.Split(QByteArrayView(source.Bytes).sliced(source.At, end - source.At), source.Separator);
+    source.At = end + kLineEnd.size();
+    return true;
+}
+
+bool CsvGuard(const QString& fileName, const std::function<bool()>& work)
+{
+    try {
+        return work();
+    } catch (const std::exception&) {
+        MsgOk1(kTextCsvFailed, fileName);
+        return false;
+    }
+}
+
+CsvWriter::CsvWriter(qsizetype expectedBytes)
+    : separator_(CsvListSeparator())
+    , decimal_(DecimalOfFiles())
+{
+    bytes_.reserve(expectedBytes);
+}
+
+void CsvWriter::BeginField()
+{
+    if (!atLineStart_)
+        bytes_.append(separator_);
+    atLineStart_ = false;
+}
+
+void CsvWriter::Text(QByteArrayView field)
+{
+    BeginField();
+    bytes_.append(field);
+}
+
+void CsvWriter::Number(double field)
+{
+    BeginField();
+    AppendNumber(bytes_, field, decimal_);
+}
+
+void CsvWriter::Integer(int field)
+{
+    BeginField();
+    std::array<char, 16> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), field).ptr;
+    bytes_.append(digits.data(), end - digits.data());
+}
+
+void CsvWriter::EndLine()
+{
+    bytes_.append(kLineEnd);
+    atLineStart_ = true;
+}
+
+void CsvWriteHeader(CsvWriter& writer, int keywordText, const CsvHeader& header)
+{
+    writer.Text(ToAnsi(LngStr(keywordText)));
+    writer.Text(ToAnsi(header.Name));
+    writer.EndLine();
+    writer.Text(ToAnsi(LngStr(kTextDescriptionWritten)));
+    writer.Text(ToAnsi(header.Description));
+    writer.EndLine();
+}
+
+bool CsvSaveFile(const QString& path, const CsvWriter& writer)
+{
+    if (ReplaceFile(path, writer.Bytes()))
+        return true;
+    MsgOk1(kTextCsvFailed, QFileInfo(path).fileName());
+    return false;
+}
+
+} // namespace tarvik

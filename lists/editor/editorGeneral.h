@@ -1,0 +1,81 @@
+// lists/editor/editorGeneral.h: what the five list editors share: which list is edited, where its files lie, what may
+// be written over, and how an editor is opened.
+#pragma once
+
+#include "app/platform/seams.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace tarvik {
+
+/// Process-wide state of the editor frame.
+struct EditorState {
+    bool EditorDirty = false; ///< unsaved changes in the open editor
+    QString EditorOpenFile; ///< file an editor opens while it loads; empty for a new list; cleared when it closes
+    int EditorType = 0; ///< file class of the edited list; SetEditorType
+    QString ListExtension; ///< lower-cased extension of that class, with its point; SetEditorType
+    QString KfactorFileName; ///< result of a nested K-factor editor
+    QString CorrectionSetFileName; ///< result of a nested correction set editor
+};
+EditorState& Editor();
+void EditorReset();
+
+/// True for the file classes that an editor accepts: 1 to 4 and 6.
+bool IsListType(int listType);
+
+/// Shows the editor of one list type until it is closed.
+using EditorFactory = std::function<void()>;
+
+/// Binds the form that edits `listType`.
+void BindEditor(int listType, EditorFactory show);
+
+/// Opens the editor of a list type; anything that is none is ignored. Refreshes the limits, and takes the frame's
+/// status bar out of use while the form is open.
+void OpenEditor(int listType);
+
+/// Makes `listType` the present file class and derives the list extension.
+void SetEditorType(int listType);
+
+/// Which list a CSV file holds, by the keyword that begins its first line, ignoring case: 1 to 4, or 7 for none.
+int ListTypeOfFile(const QString& path);
+
+/// The same; when it is a list and `show` is set, opens it in its editor.
+int OpenListFile(const QString& path, bool show);
+
+/// Folder in which a file question of the present type begins.
+QString EditorDefaultFolder();
+
+/// Asks for a list file of the present type; empty when the user cancelled.
+QString OpenListDialog(const QString& initialFolder);
+
+/// Asks for the folder of a list that is saved under `fileName`; empty when the user cancelled.
+QString SaveFolderDialog(const QString& fileName);
+
+/// Remembers the folder of `path`, or `folder` itself, for the present type: trimmed, and upper-cased where the file
+/// system ignores case.
+void RememberFolderOfFile(const QString& path);
+void RememberFolder(const QString& folder);
+
+/// Path of a list in `folder`: the file always bears the list's name, then the extension in lower case.
+QString ListFilePath(const QString& folder, const QString& listName, const QString& extension);
+
+/// Text whose last three characters decide what a CSV file is: 10747, the suppress list and the K-factor table 11003.
+inline constexpr int kTextCsvExtension = 10747;
+inline constexpr int kTextCsvExtensionOfTables = 11003;
+
+/// The form of a list file by its name: CSV when the extension equals the last three characters of the text.
+bool IsCsvFile(const QString& path, int extensionText = kTextCsvExtension);
+
+/// The start that all writers share. False, after message 12728, for a read-only file; false, silently, when the user
+/// does not let an existing file be replaced (12734).
+[[nodiscard]] bool MayWriteFile(const QString& path);
+
+/// The start that all readers share: message 12780 for a file that does not exist.
+[[nodiscard]] bool ListFileExists(const QString& path);
+
+/// Title of an editor: `titleText`, and the file's name behind text 10743 where there is one.
+QString EditorTitle(int titleText, const QString& fileName = {});
+
+} // namespace tarvik

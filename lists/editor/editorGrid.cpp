@@ -1,0 +1,398 @@
+#include "lists/editor/editorGrid.h"
+
+#include "app/forms/focusRules.h"
+#include "app/forms/form.h"
+#include "app/text/lang.h"
+
+#include <QApplication>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kMarkWholeText = 9999;
+
+/// Rows that a key moves by; 0 for a key that is the cell's own.
+int StepOfKey(int key, int page)
+{
+    switch (key) {
+    case Qt::Key_Up:
+        return -1;
+    case Qt::Key_Down:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return 1;
+    case Qt::Key_PageUp:
+        return -page;
+    case Qt::Key_PageDown:
+        return page;
+    default:
+        return 0;
+    }
+}
+
+Qt::Alignment AlignmentOf(CellKind kind)
+{
+    const bool right = kind == CellKind::RowLabel || kind == CellKind::Number;
+    const Qt::Alignment horizontal = kind == CellKind::Check ? Qt::AlignHCenter
+        : right                                              ? Qt::AlignRight
+                                                             : Qt::AlignLeft;
+    return horizontal | Qt::AlignVCenter;
+}
+
+} // namespace
+
+EditorGrid::EditorGrid(QWidget* parent, GridRows& rows, const GridShape& shape, std::vector<GridColumn> columns)
+    : QWidget(parent)
+    , rows_(rows)
+    , shape_(shape)
+    , columns_(std::move(columns))
+    , palettes_(MakeCellPalettes(palette(), shape.PlainWindowText))
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    BuildHeaders();
+    cells_.reserve(columns_.size() * static_cast<size_t>(shape_.VisibleRows));
+    for (int index = 0; index < shape_.VisibleRows; ++index)
+        BuildRow(index);
+    BuildScrollBar();
+    ResetCurrent();
+}
+
+void EditorGrid::BuildHeaders()
+{
+    for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
+        const GridColumn& description = columns_[static_cast<size_t>(column)];
+        auto* header = new GridHeader(this, description.Sorts);
+        NameControl(header, QStringLiteral("LbHdr%1").arg(column));
+        LngSetCtrl(header, description.HeaderText);
+        header->setAccessibleName(PlainCaption(header->text()));
+        header->setAlignment(AlignmentOf(description.Kind));
+        SetControlHelp(header, shape_.CellHelp);
+        connect(header, &GridHeader::Clicked, this, [this, column] { rows_.HeaderClicked(column); });
+        headers_.push_back(header);
+    }
+}
+
+void EditorGrid::BuildRow(int index)
+{
+    for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
+        QWidget* control = BuildCell(index, column);
+        control->setObjectName(
+            QStringLiteral("%1[%2]").arg(QString::fromLatin1(columns_[static_cast<size_t>(column)].Name)).arg(index));
+        SetControlHelp(control, shape_.CellHelp);
+        control->installEventFilter(this);
+        if (HasInput(column))
+            CheckOnLeave(control, [this, index, column] { return CheckVisibleCell(index, column); });
+        if (columns_[static_cast<size_t>(column)].Kind != CellKind::RowLabel)
+            control->setPalette(palettes_.front());
+        placeOf_.insert(control, static_cast<int>(cells_.size()));
+        cells_.push_back({ control, index, column, CellState::Plain });
+    }
+}
+
+QWidget* EditorGrid::BuildCell(int index, int column)
+{
+    const GridColumn& description = columns_[static_cast<size_t>(column)];
+    if (description.Kind == CellKind::RowLabel)
+        return new GridRowLabel(this);
+    if (description.Kind == CellKind::Check) {
+        auto* check = new GridCheck(this);
+        connect(
+            check, &QCheckBox::toggled, this, [this, index, column](bool checked) { OnCheck(index, column, checked); });
+        return check;
+    }
+    auto* text = new GridText(this);
+    text->setAlignment(AlignmentOf(description.Kind));
+    if (!HasInput(column)) {
+        text->setReadOnly(true);
+        text->setFocusPolicy(Qt::NoFocus);
+        return text;
+    }
+    text->setMaxLength(description.MaxLength);
+    LimitToAnsi(text);
+    connect(text, &QLineEdit::textChanged, this,
+        [this, index, column](const QString& changed) { OnText(index, column, changed); });
+    return text;
+}
+
+void EditorGrid::BuildScrollBar()
+{
+    VScroll1 = new QScrollBar(Qt::Vertical, this);
+    NameControl(VScroll1, QStringLiteral("VScroll1"));
+    SetControlHelp(VScroll1, shape_.CellHelp);
+    VScroll1->setRange(0, shape_.Rows - shape_.VisibleRows);
+    VScroll1->setPageStep(shape_.VisibleRows);
+    connect(VScroll1, &QScrollBar::valueChanged, this, &EditorGrid::OnScroll);
+}
+
+bool EditorGrid::HasInput(int column) const
+{
+    if (column < 0 || column >= static_cast<int>(columns_.size()))
+        return false;
+    const GridColumn& description = columns_[static_cast<size_t>(column)];
+    return description.Kind == CellKind::Check || (description.MaxLength > 0 && description.Kind != CellKind::RowLabel);
+}
+
+EditorGrid::Cell& EditorGrid::CellAt(int index, int column)
+{
+    return cells_[static_cast<size_t>(index) * columns_.size() + static_cast<size_t>(column)];
+}
+
+EditorGrid::Cell* EditorGrid::CellOf(const QObject* control)
+{
+    const auto found = placeOf_.constFind(control);
+    return found == placeOf_.constEnd() ? nullptr : &cells_[static_cast<size_t>(*found)];
+}
+
+int EditorGrid::IndexOfRow(int row) const
+{
+    const int index = row - topRow_;
+    return topRow_ >= 0 && index >= 0 && index < shape_.VisibleRows ? index : -1;
+}
+
+QString EditorGrid::CellName(int index, int column) const
+{
+    return headers_[static_cast<size_t>(column)]->accessibleName() + u' '
+        + QString::number(topRow_ + index + shape_.FirstLabel);
+}
+
+void EditorGrid::FillRows(bool force)
+{
+    const bool samePage = VScroll1->value() == topRow_;
+    topRow_ = VScroll1->value();
+    if (!samePage || force) {
+        const QScopedValueRollback filling(filling_, true);
+        pendingRow_ = -1;
+        for (int index = 0; index < shape_.VisibleRows; ++index) {
+            const bool used = rows_.RowIsUsed(topRow_ + index);
+            for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
+                Cell& cell = CellAt(index, column);
+                FillCell(cell, used);
+                cell.Control->setAccessibleName(CellName(index, column));
+            }
+        }
+    }
+    for (Cell& cell : cells_)
+        Colour(cell);
+}
+
+void EditorGrid::FillCell(Cell& cell, bool used)
+{
+    const int row = topRow_ + cell.Index;
+    switch (columns_[static_cast<size_t>(cell.Column)].Kind) {
+    case CellKind::RowLabel:
+        static_cast<QLabel*>(cell.Control)->setText(QString::number(row + shape_.FirstLabel));
+        break;
+    case CellKind::Check:
+        static_cast<QCheckBox*>(cell.Control)->setChecked(used && rows_.CellIsChecked(row, cell.Column));
+        break;
+    default:
+        auto* textBox = static_cast<QLineEdit*>(cell.Control);
+        const QString text = rows_.CellText(row, cell.Column);
+        if (textBox->text() != text)
+            textBox->setText(text);
+        if (!textBox->hasFocus())
+            textBox->setCursorPosition(0);
+        break;
+    }
+}
+
+void EditorGrid::RefreshCells(int row, const std::vector<int>& columns)
+{
+    const int index = IndexOfRow(row);
+    if (index < 0)
+        return;
+    const QScopedValueRollback filling(filling_, true);
+    for (const int column : columns)
+        FillCell(CellAt(index, column), rows_.RowIsUsed(row));
+}
+
+void EditorGrid::Colour(Cell& cell)
+{
+    if (columns_[static_cast<size_t>(cell.Column)].Kind == CellKind::RowLabel)
+        return;
+    CellState state = CellState::Plain;
+    if (shape_.MarksRow && topRow_ + cell.Index == currentRow_)
+        state = CellState::CurrentRow;
+    if (cell.Control == focused_)
+        state = CellState::Focused;
+    if (state == cell.State)
+        return;
+    cell.State = state;
+    cell.Control->setPalette(palettes_[static_cast<size_t>(state)]);
+}
+
+void EditorGrid::ColourRow(int index)
+{
+    for (int column = 0; index >= 0 && column < static_cast<int>(columns_.size()); ++column)
+        Colour(CellAt(index, column));
+}
+
+void EditorGrid::SetCurrent(int row, int column)
+{
+    const int before = currentRow_;
+    currentRow_ = row;
+    currentColumn_ = column;
+    if (before != row)
+        ColourRow(IndexOfRow(before));
+    ColourRow(IndexOfRow(row));
+    rows_.RowSelected(row);
+}
+
+bool EditorGrid::CellKeyDown(int column, int key, int)
+{
+    const int step = StepOfKey(key, shape_.VisibleRows);
+    if (step == 0)
+        return false;
+    const int target = std::clamp(currentRow_ + step, 0, shape_.Rows - 1);
+    if (target == currentRow_ || !Commit())
+        return true;
+    if (target < topRow_)
+        ScrollTo(target);
+    else if (target >= topRow_ + shape_.VisibleRows)
+        ScrollTo(target - shape_.VisibleRows + 1);
+    CellSetFocus(target, column);
+    return true;
+}
+
+void EditorGrid::CellSetFocus(int row, int column)
+{
+    const int index = IndexOfRow(row);
+    if (index < 0 || !HasInput(column))
+        return;
+    QWidget* control = CellAt(index, column).Control;
+    control->setFocus(Qt::OtherFocusReason);
+    SetCurrent(row, column);
+    if (auto* textBox = qobject_cast<QLineEdit*>(control))
+        textBox->setSelection(0, kMarkWholeText);
+}
+
+bool EditorGrid::Commit()
+{
+    const Cell* cell = CellOf(focused_);
+    const int row = cell != nullptr ? topRow_ + cell->Index : pendingRow_;
+    const int column = cell != nullptr ? cell->Column : pendingColumn_;
+    if (IndexOfRow(row) < 0 || CheckVisibleCell(IndexOfRow(row), column))
+        return true;
+    CellSetFocus(row, column);
+    return false;
+}
+
+bool EditorGrid::CheckPage()
+{
+    for (const Cell& cell : cells_) {
+        if (!HasInput(cell.Column) || CheckVisibleCell(cell.Index, cell.Column))
+            continue;
+        CellSetFocus(topRow_ + cell.Index, cell.Column);
+        return false;
+    }
+    return true;
+}
+
+bool EditorGrid::CheckVisibleCell(int index, int column)
+{
+    const int row = topRow_ + index;
+    auto* textBox = qobject_cast<QLineEdit*>(CellAt(index, column).Control);
+    QString text = textBox == nullptr ? QString() : textBox->text();
+    if (textBox != nullptr && rows_.RowIsUsed(row) && !rows_.CheckCell(row, column, text))
+        return false;
+    if (row == pendingRow_ && column == pendingColumn_)
+        pendingRow_ = -1;
+    if (textBox == nullptr || textBox->text() == text)
+        return true;
+    const QScopedValueRollback filling(filling_, true);
+    textBox->setText(text);
+    return true;
+}
+
+void EditorGrid::OnText(int index, int column, const QString& text)
+{
+    if (filling_)
+        return;
+    pendingRow_ = topRow_ + index;
+    pendingColumn_ = column;
+    rows_.TextChanged(topRow_ + index, column, text);
+}
+
+void EditorGrid::OnCheck(int index, int column, bool checked)
+{
+    if (!filling_)
+        rows_.CheckChanged(topRow_ + index, column, checked);
+}
+
+void EditorGrid::OnScroll(int)
+{
+    if (moving_)
+        return;
+    if (!Commit()) {
+        const QScopedValueRollback moving(moving_, true);
+        VScroll1->setValue(topRow_);
+        return;
+    }
+    const bool hadFocus = isAncestorOf(QApplication::focusWidget()) || hasFocus();
+    FillRows(false);
+    if (hadFocus)
+        FocusCurrent();
+}
+
+void EditorGrid::ScrollTo(int topRow)
+{
+    {
+        const QScopedValueRollback moving(moving_, true);
+        VScroll1->setValue(topRow);
+    }
+    FillRows(false);
+}
+
+void EditorGrid::ScrollToTop()
+{
+    const QScopedValueRollback moving(moving_, true);
+    VScroll1->setValue(0);
+}
+
+void EditorGrid::ShowCurrentRow()
+{
+    if (currentRow_ < topRow_)
+        ScrollTo(currentRow_);
+    else if (currentRow_ >= topRow_ + shape_.VisibleRows)
+        ScrollTo(currentRow_ - shape_.VisibleRows + 1);
+}
+
+void EditorGrid::ResetCurrent()
+{
+    currentRow_ = 0;
+    if (HasInput(currentColumn_))
+        return;
+    const auto isTyped = [](const GridColumn& column) { return column.MaxLength > 0; };
+    currentColumn_ = static_cast<int>(std::find_if(columns_.begin(), columns_.end(), isTyped) - columns_.begin());
+}
+
+void EditorGrid::FocusCurrent()
+{
+    if (IndexOfRow(currentRow_) < 0)
+        setFocus(Qt::OtherFocusReason);
+    else
+        CellSetFocus(currentRow_, currentColumn_);
+}
+
+QWidget* EditorGrid::LastInput() const
+{
+    const auto last =
+        std::find_if(cells_.rbegin(), cells_.rend(), [this](const Cell& cell) { return HasInput(cell.Column); });
+    return last->Control;
+}
+
+void EditorGrid::ShowSortMark(int column, bool ascending)
+{
+    for (int at = 0; at < static_cast<int>(headers_.size()); ++at) {
+        const SortMark mark = ascending ? SortMark::Up : SortMark::Down;
+        headers_[static_cast<size_t>(at)]->SetSortMark(at == column ? mark : SortMark::None);
+    }
+}
+
+} // namespace tarvik

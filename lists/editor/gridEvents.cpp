@@ -1,0 +1,183 @@
+// Events and geometry of the grid.
+#include "lists/editor/editorGrid.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kLinePx = 1;
+constexpr int kRowPaddingPx = 8;
+constexpr int kHeaderPaddingPx = 12;
+constexpr int kColumnPaddingPx = 14;
+
+/// True when the focus moves within the program's windows by the user's or the program's doing, not because another
+/// window or a menu is on top for a while.
+bool FocusReallyMoves(const QEvent* event)
+{
+    const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
+}
+
+} // namespace
+
+bool EditorGrid::eventFilter(QObject* watched, QEvent* event)
+{
+    Cell* cell = CellOf(watched);
+    return cell != nullptr && OnCellEvent(*cell, event);
+}
+
+bool EditorGrid::OnCellEvent(Cell& cell, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        focused_ = cell.Control;
+        SetCurrent(topRow_ + cell.Index, cell.Column);
+        return false;
+    case QEvent::FocusOut:
+        if (FocusReallyMoves(event)) {
+            focused_ = nullptr;
+            Colour(cell);
+        }
+        return false;
+    case QEvent::KeyPress:
+        return OnCellKey(cell, static_cast<QKeyEvent*>(event));
+    case QEvent::MouseButtonPress:
+        return !HasInput(cell.Column) && OnRowClicked(cell);
+    case QEvent::MouseButtonDblClick:
+        return OnDoubleClick(cell);
+    default:
+        return false;
+    }
+}
+
+bool EditorGrid::OnCellKey(const Cell& cell, const QKeyEvent* event)
+{
+    const Qt::KeyboardModifiers others = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    return others == Qt::NoModifier && CellKeyDown(cell.Column, event->key(), event->modifiers().toInt());
+}
+
+bool EditorGrid::OnRowClicked(const Cell& cell)
+{
+    const int row = topRow_ + cell.Index; // a failed check may scroll
+    if (Commit())
+        CellSetFocus(row, currentColumn_);
+    return true;
+}
+
+bool EditorGrid::OnDoubleClick(const Cell& cell)
+{
+    if (columns_[static_cast<size_t>(cell.Column)].Kind == CellKind::Check)
+        return false; // two quick clicks are two changes
+    const int row = topRow_ + cell.Index;
+    if (Commit())
+        rows_.RowOpened(row);
+    return true;
+}
+
+void EditorGrid::keyPressEvent(QKeyEvent* event)
+{
+    if (!CellKeyDown(currentColumn_, event->key(), event->modifiers().toInt()))
+        QWidget::keyPressEvent(event);
+}
+
+void EditorGrid::wheelEvent(QWheelEvent* event)
+{
+    constexpr int kNotch = 120; // eighths of a degree
+    const int rows = QApplication::wheelScrollLines();
+    wheelTurn_ += event->angleDelta().y() * rows;
+    VScroll1->setValue(VScroll1->value() - wheelTurn_ / kNotch);
+    wheelTurn_ %= kNotch; // fine turns of a touch pad add up
+    event->accept(); // at the table's ends the wheel moves nothing else
+}
+
+void EditorGrid::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        palettes_ = MakeCellPalettes(palette(), shape_.PlainWindowText);
+        for (const Cell& cell : cells_) {
+            if (columns_[static_cast<size_t>(cell.Column)].Kind != CellKind::RowLabel)
+                cell.Control->setPalette(palettes_[static_cast<size_t>(cell.State)]);
+        }
+    }
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        updateGeometry();
+}
+
+/// The lines between the cells; all else is covered by controls.
+void EditorGrid::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const QColor line = palette().color(QPalette::Mid);
+    const int scrollLeft = VScroll1->x();
+    painter.fillRect(0, 0, scrollLeft, kLinePx, line);
+    painter.fillRect(0, 0, kLinePx, height(), line);
+    for (const GridHeader* header : headers_)
+        painter.fillRect(header->geometry().right() + 1, 0, kLinePx, height(), line);
+    for (int index = 0; index < shape_.VisibleRows; ++index)
+        painter.fillRect(0, CellAt(index, 0).Control->geometry().bottom() + 1, scrollLeft, kLinePx, line);
+}
+
+void EditorGrid::resizeEvent(QResizeEvent*)
+{
+    LayOut();
+}
+
+int EditorGrid::RowHeightPx() const
+{
+    return fontMetrics().height() + kRowPaddingPx;
+}
+
+int EditorGrid::HeaderHeightPx() const
+{
+    return fontMetrics().height() + kHeaderPaddingPx;
+}
+
+int EditorGrid::ColumnWidthPx(const GridColumn& column) const
+{
+    return column.WidthDigits * fontMetrics().horizontalAdvance(u'0') + kColumnPaddingPx;
+}
+
+QSize EditorGrid::sizeHint() const
+{
+    int width = kLinePx + VScroll1->sizeHint().width();
+    for (const GridColumn& column : columns_)
+        width += ColumnWidthPx(column) + kLinePx;
+    const int height = kLinePx + HeaderHeightPx() + shape_.VisibleRows * (RowHeightPx() + kLinePx);
+    return { width, height };
+}
+
+QSize EditorGrid::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+void EditorGrid::LayOut()
+{
+    const int scrollLeft = width() - VScroll1->sizeHint().width();
+    const int headerBottom = kLinePx + HeaderHeightPx();
+    const int rowHeight = RowHeightPx();
+    int left = kLinePx;
+    for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
+        const bool isLast = column + 1 == static_cast<int>(columns_.size());
+        const int columnWidth =
+            isLast ? scrollLeft - kLinePx - left : ColumnWidthPx(columns_[static_cast<size_t>(column)]);
+        headers_[static_cast<size_t>(column)]->setGeometry(left, kLinePx, columnWidth, HeaderHeightPx());
+        for (int index = 0; index < shape_.VisibleRows; ++index) {
+            const int top = headerBottom + index * (rowHeight + kLinePx);
+            CellAt(index, column).Control->setGeometry(left, top, columnWidth, rowHeight);
+        }
+        left += columnWidth + kLinePx;
+    }
+    VScroll1->setGeometry(scrollLeft, 0, width() - scrollLeft, height());
+}
+
+} // namespace tarvik

@@ -1,0 +1,217 @@
+#include "lists/memory/FmEditorMemory.h"
+
+#include "app/forms/focusRules.h"
+#include "app/text/lang.h"
+#include "link/classes/model.h"
+#include "link/classes/textRules.h"
+#include "lists/memory/fmEditorMemoryListProp.h"
+#include "lists/memory/memoryCells.h"
+#include "lists/memory/memoryEntry.h"
+#include "lists/memory/memoryList.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QPushButton>
+
+namespace tarvik {
+
+namespace {
+
+constexpr EditorFrame kFrame{ "FmEditorMemory", FileClassMemoryList, 10762, 10738, 11995, kTextMemoryKeyword,
+    "FrMemoryLst", 10810 };
+constexpr int kFirstSortText = 10817;
+constexpr int kFrequencyLength = 13;
+
+GridShape MemoryGrid()
+{
+    GridShape shape{ kMemoryRows };
+    shape.MarksRow = true;
+    shape.CellHelp = 10702;
+    return shape;
+}
+
+std::vector<GridColumn> MemoryGridColumns()
+{
+    return { { "LbCol0", CellKind::RowLabel, 10811, 0, 5 }, { "CbCol1", CellKind::Check, 10812, 0, 12 },
+        { "TbCol2", CellKind::Number, 10813, 0, 9, true },
+        { "TbCol3", CellKind::Number, 10814, kFrequencyLength, 17, true }, { "TbCol4", CellKind::Text, 10815, 0, 13 },
+        { "TbCol5", CellKind::Text, 10816, kTextLength, 38, true } };
+}
+
+} // namespace
+
+FmEditorMemory::FmEditorMemory(QWidget* parent)
+    : FmEditorBase(kFrame, MemoryGrid(), MemoryGridColumns(), parent)
+{
+    BuildCommands();
+}
+
+void FmEditorMemory::BuildCommands()
+{
+    QWidget* list = Grid().parentWidget();
+    CbSort = NewCombo(list, "CbSort", 10724);
+    BtSort = NewButton(list, "BtSort", { 10723, 10724 });
+    BtEdit = NewButton(list, "BtEdit", { 10741, 10742 });
+    BtDel = NewButton(list, "BtDel", { 10711, 10712 });
+    CbSort->setAccessibleName(LngStr(10724));
+    LeaveFreely(BtDel);
+    AddCommand(CbSort);
+    AddCommand(BtSort);
+    AddCommandSpace();
+    AddCommand(BtEdit);
+    AddCommand(BtDel);
+    connect(BtSort, &QPushButton::clicked, this, &FmEditorMemory::OnSort);
+    connect(BtEdit, &QPushButton::clicked, this, &FmEditorMemory::ShowEditorDialog);
+    connect(BtDel, &QPushButton::clicked, this, &FmEditorMemory::OnDelete);
+}
+
+void FmEditorMemory::OnEditorLoad()
+{
+    CbSort->clear();
+    for (int key = 0; key < kMemorySortKeys; ++key)
+        CbSort->addItem(LngStr(kFirstSortText + key));
+}
+
+void FmEditorMemory::OnListShown()
+{
+    Grid().ShowSortMark(-1, true);
+}
+
+void FmEditorMemory::ClearRows()
+{
+    table_ = {};
+    static_cast<void>(ClearMemoryList(table_)); // a failure has been shown; the rows are empty in any case
+}
+
+bool FmEditorMemory::ReadList(const QString& path, QString& name, QString& description)
+{
+    const bool isRead = OpenMemoryList(path, table_);
+    name = table_.MemoryListName;
+    description = table_.MemoryListDescription;
+    return isRead;
+}
+
+bool FmEditorMemory::WriteList(const QString& path, const QString& name, const QString& description)
+{
+    table_.MemoryListName = name;
+    table_.MemoryListDescription = description;
+    return WriteMemoryList(path, table_);
+}
+
+bool FmEditorMemory::RowIsUsed(int row) const
+{
+    return table_.Row(row).Used;
+}
+
+QString FmEditorMemory::CellText(int row, int column) const
+{
+    return MemoryCellText(table_.Row(row), column);
+}
+
+bool FmEditorMemory::CellIsChecked(int row, int) const
+{
+    return table_.Row(row).Status != 0;
+}
+
+void FmEditorMemory::TextChanged(int row, int column, const QString&)
+{
+    OnChanged(row, column);
+}
+
+void FmEditorMemory::CheckChanged(int row, int column, bool checked)
+{
+    OnChanged(row, column);
+    table_.Row(row).Status = checked ? 1 : 0;
+}
+
+void FmEditorMemory::OnChanged(int row, int column)
+{
+    SetDirty();
+    Grid().ShowSortMark(-1, true);
+    if (table_.Row(row).Used)
+        return;
+    UseMemoryRow(table_, row);
+    BtDel->setEnabled(true);
+    Grid().RefreshCells(row, ColumnsOfNewMemoryRow(column));
+}
+
+bool FmEditorMemory::CheckCell(int row, int column, QString& text)
+{
+    const MemoryRecord before = table_.Row(row);
+    const bool passed = CheckMemoryCell(table_.Row(row), column, text);
+    if (table_.Row(row) != before)
+        SetDirty(); // a value beyond the limits is corrected also when nobody typed in its cell
+    return passed;
+}
+
+void FmEditorMemory::RowSelected(int row)
+{
+    BtDel->setEnabled(table_.Row(row).Used);
+}
+
+void FmEditorMemory::RowOpened(int)
+{
+    ShowEditorDialog();
+}
+
+void FmEditorMemory::HeaderClicked(int column)
+{
+    const int key = MemorySortKeyOfHeader(column, CbSort->currentIndex());
+    if (key < 0 || !Grid().Commit())
+        return;
+    CbSort->setCurrentIndex(key);
+    OnSort();
+    Grid().FocusCurrent();
+}
+
+void FmEditorMemory::OnSort()
+{
+    if (!Grid().Commit() || !SortMemoryList())
+        return;
+    SetDirty();
+    ShowFromTop();
+    const int key = CbSort->currentIndex();
+    Grid().ShowSortMark(MemoryHeaderOfSortKey(key), MemorySortIsAscending(key));
+}
+
+bool FmEditorMemory::SortMemoryList()
+{
+    table_.MemoryListName = ListName();
+    table_.MemoryListDescription = ListDescription();
+    ShowBusyPointer(true);
+    const bool isSorted = tarvik::SortMemoryList(table_, CbSort->currentIndex());
+    ShowBusyPointer(false);
+    return isSorted;
+}
+
+void FmEditorMemory::ShowEditorDialog()
+{
+    if (!Grid().Commit())
+        return;
+    Grid().ShowCurrentRow();
+    const int row = Grid().CurrentRow();
+    const MemoryRecord before = table_.Row(row);
+    MemoryEntry() = before;
+    fmEditorMemoryListProp dialog(this);
+    const bool isCancelled = DialogShow(dialog) != 0;
+    table_.Row(row) = MemoryEntry(); // also after a cancel: what a refused OK had taken stays
+    if (table_.Row(row).Used && !before.Used)
+        UseMemoryRow(table_, row);
+    if (!isCancelled && table_.Row(row) != before)
+        SetDirty(); // OK on an unused row changes it though no control was touched
+    Grid().FillRows(true);
+    RowSelected(row);
+    Grid().FocusCurrent();
+}
+
+void FmEditorMemory::OnDelete()
+{
+    Grid().ShowCurrentRow();
+    table_.Row(Grid().CurrentRow()).Used = false;
+    Grid().FillRows(true);
+    Grid().FocusCurrent();
+    SetDirty();
+    BtDel->setEnabled(false);
+}
+
+} // namespace tarvik

@@ -1,0 +1,51 @@
+// lists/memory/FmEditorMemory.h: the memory list editor.
+#pragma once
+
+#include "lists/editor/FmEditorBase.h"
+#include "lists/memory/memoryRecord.h"
+
+namespace tarvik {
+
+/// Edits one memory list: the three most used columns in place, all fields in the entry dialog.
+class FmEditorMemory final : public FmEditorBase {
+    Q_OBJECT
+public:
+    explicit FmEditorMemory(QWidget* parent = nullptr);
+
+    /// Sorts the rows by the key that `CbSort` shows; false after a message.
+    bool SortMemoryList();
+
+    /// Opens the entry dialog for the current row.
+    void ShowEditorDialog();
+
+protected:
+    void ClearRows() override;
+    bool ReadList(const QString& path, QString& name, QString& description) override;
+    bool WriteList(const QString& path, const QString& name, const QString& description) override;
+    void OnEditorLoad() override;
+    void OnListShown() override;
+
+    bool RowIsUsed(int row) const override;
+    QString CellText(int row, int column) const override;
+    bool CellIsChecked(int row, int column) const override;
+    void TextChanged(int row, int column, const QString& text) override;
+    void CheckChanged(int row, int column, bool checked) override;
+    bool CheckCell(int row, int column, QString& text) override;
+    void RowSelected(int row) override;
+    void RowOpened(int row) override;
+    void HeaderClicked(int column) override;
+
+private:
+    void BuildCommands();
+    void OnSort();
+    void OnDelete();
+    void OnChanged(int row, int column);
+
+    MemoryTable table_;
+    QComboBox* CbSort = nullptr;
+    QPushButton* BtSort = nullptr;
+    QPushButton* BtEdit = nullptr;
+    QPushButton* BtDel = nullptr;
+};
+
+} // namespace tarvik

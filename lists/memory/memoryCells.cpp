@@ -1,0 +1,70 @@
+#include "lists/memory/memoryCells.h"
+
+#include "app/message/message.h"
+#include "link/classes/textRules.h"
+#include "lists/values/fieldCheck.h"
+#include "lists/values/translate.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr CellFormat kNumberCell{ "##0", 1.0 };
+
+bool CheckFrequency(MemoryRecord& record, QString& text)
+{
+    const QString shown = CellText(record.Frequency, kMegahertzCell);
+    double value = 0;
+    if (!CheckCellScaled(text, value, Limits().FrequencyHz, kMegahertzCell))
+        return false;
+    if (text != shown)
+        record.Frequency = value;
+    return true;
+}
+
+bool CheckDescription(MemoryRecord& record, const QString& text)
+{
+    if (!ValidText(text)) {
+        MsgOk(kTextForbiddenCharacter);
+        return false;
+    }
+    record.Description = text;
+    return true;
+}
+
+} // namespace
+
+QString MemoryCellText(const MemoryRecord& record, int column)
+{
+    if (column == MemoryColumnNumber)
+        return CellText(record.Number, kNumberCell);
+    if (!record.Used)
+        return {};
+    switch (column) {
+    case MemoryColumnFrequency:
+        return CellText(record.Frequency, kMegahertzCell);
+    case MemoryColumnDemodulation:
+        return CodeToStr(kDemodulationCodes, record.Demodulation);
+    case MemoryColumnDescription:
+        return record.Description;
+    default:
+        return {};
+    }
+}
+
+bool CheckMemoryCell(MemoryRecord& record, int column, QString& text)
+{
+    if (column == MemoryColumnFrequency)
+        return CheckFrequency(record, text);
+    return column != MemoryColumnDescription || CheckDescription(record, text);
+}
+
+std::vector<int> ColumnsOfNewMemoryRow(int typedColumn)
+{
+    std::vector<int> columns{ MemoryColumnNumber, MemoryColumnStatus, MemoryColumnDemodulation,
+        MemoryColumnDescription };
+    std::erase(columns, typedColumn);
+    return columns;
+}
+
+} // namespace tarvik

@@ -1,0 +1,174 @@
+#include "lists/memory/memoryEntry.h"
+
+#include "app/message/message.h"
+#include "app/text/lang.h"
+#include "closed/loader.h"
+#include "link/classes/textRules.h"
+#include "lists/editor/editorGeneral.h"
+#include "lists/values/fieldCheck.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextTitle = 10824;
+constexpr int kTextBadBandwidth = 12815;
+constexpr int kTextBadAfc = 12816;
+constexpr int kTextBadSpan = 12818;
+
+/// The last demodulation that the dialog shows as it is.
+constexpr int kLastShownDemodulation = 3;
+
+/// Checks a text; a value whose text did not change keeps the digits that the text does not show.
+bool CheckReal(QString& text, double& value, Range<double> limits, const CellFormat& format)
+{
+    const QString shown = CellText(value, format);
+    double checked = 0;
+    if (!CheckCellScaled(text, checked, limits, format))
+        return false;
+    if (text != shown)
+        value = checked;
+    return true;
+}
+
+bool CheckNumber(MemoryEntryField field, MemoryEntryFields& fields, MemoryRecord& record)
+{
+    switch (field) {
+    case MemoryEntryField::Frequency:
+        return CheckReal(fields.Frequency, record.Frequency, Limits().FrequencyHz, kMegahertzCell);
+    case MemoryEntryField::SquelchLevel:
+        return CheckReal(fields.SquelchLevel, record.SquelchLevel, Limits().SquelchLevel, kLevelCell);
+    case MemoryEntryField::AntennaNumber:
+        return CheckCellInt(fields.AntennaNumber, record.AntennaNumber, Limits().AntennaNr, "#0");
+    case MemoryEntryField::DfSquelchLevel:
+        return CheckReal(fields.DfSquelchLevel, record.DfSquelchLevel, Limits().DfSquelchLevel, kLevelCell);
+    case MemoryEntryField::DfMeasurementTime:
+        return CheckReal(fields.DfMeasurementTime, record.DfMeasurementTime, Limits().DfMeasTimeSec, kLevelCell);
+    default:
+        return true;
+    }
+}
+
+bool CheckDescription(const QString& text)
+{
+    if (ValidText(text))
+        return true;
+    MsgOk(kTextForbiddenCharacter);
+    return false;
+}
+
+bool Allow(std::int16_t allowed, int messageId)
+{
+    if (allowed == 0)
+        MsgOk(messageId);
+    return allowed != 0;
+}
+
+std::int16_t Code(int index)
+{
+    return static_cast<std::int16_t>(index);
+}
+
+bool CheckPair(MemoryEntryField field, const MemoryEntryFields& fields)
+{
+    const TvFioApi& store = TvFio();
+    switch (field) {
+    case MemoryEntryField::Bandwidth:
+        return Allow(
+            store.CheckBandwidthAndDemodulation(Code(fields.Bandwidth), Code(fields.Demodulation)), kTextBadBandwidth);
+    case MemoryEntryField::AfcStatus:
+        return Allow(
+            store.CheckAutoFreqControlAndDemodulation(Code(fields.AfcStatus), Code(fields.Demodulation)), kTextBadAfc);
+    case MemoryEntryField::FrequencySpan:
+        return Allow(store.CheckIfPanSpanAndIfPanStep(Code(fields.FrequencySpan), Code(fields.DfStep)), kTextBadSpan);
+    default:
+        return true;
+    }
+}
+
+/// The index of a combo box; one without a selection leaves the code as it is.
+template <typename Integer>
+void Take(int index, Integer& code)
+{
+    if (index >= 0)
+        code = static_cast<Integer>(index);
+}
+
+void TakeRemaining(const MemoryEntryFields& fields, MemoryRecord& record)
+{
+    Take(fields.Bandwidth, record.Bandwidth);
+    Take(fields.Demodulation, record.Demodulation);
+    Take(fields.SquelchStatus, record.SquelchStatus);
+    Take(fields.AttenuatorStatus, record.AttenuatorStatus);
+    Take(fields.AfcStatus, record.AfcStatus);
+    record.Description = fields.Description;
+    Take(fields.Status, record.Status);
+    record.Used = true;
+    Take(fields.DfSquelchStatus, record.DfSquelchStatus);
+    Take(fields.FrequencySpan, record.FrequencySpan);
+    Take(fields.DfStep, record.DfStep);
+    Take(fields.DfBandwidth, record.DfBandwidth);
+}
+
+} // namespace
+
+MemoryRecord& MemoryEntry()
+{
+    static MemoryRecord entry;
+    return entry;
+}
+
+MemoryEntryFields FieldsOfMemoryEntry()
+{
+    const MemoryRecord& record = MemoryEntry();
+    MemoryEntryFields fields;
+    fields.Frequency = CellText(record.Frequency, kMegahertzCell);
+    fields.Demodulation = record.Demodulation > kLastShownDemodulation ? 0 : record.Demodulation;
+    fields.Bandwidth = record.Bandwidth;
+    fields.SquelchLevel = CellText(record.SquelchLevel, kLevelCell);
+    fields.SquelchStatus = record.SquelchStatus;
+    fields.AntennaNumber = QString::number(record.AntennaNumber);
+    fields.AttenuatorStatus = record.AttenuatorStatus;
+    fields.AfcStatus = record.AfcStatus;
+    fields.Description = record.Description;
+    fields.Status = record.Status;
+    fields.DfSquelchStatus = record.DfSquelchStatus;
+    fields.DfSquelchLevel = CellText(record.DfSquelchLevel, kLevelCell);
+    fields.DfMeasurementTime = CellText(record.DfMeasurementTime, kLevelCell);
+    fields.FrequencySpan = record.FrequencySpan;
+    fields.DfStep = record.DfStep;
+    fields.DfBandwidth = record.DfBandwidth;
+    return fields;
+}
+
+QString MemoryEntryTitle()
+{
+    return EditorTitle(kTextTitle, QString::number(MemoryEntry().Number));
+}
+
+bool CheckMemoryEntryField(MemoryEntryField field, MemoryEntryFields& fields)
+{
+    if (field == MemoryEntryField::Description)
+        return CheckDescription(fields.Description);
+    MemoryRecord scratch = MemoryEntry(); // leaving a control stores nothing yet
+    return CheckNumber(field, fields, scratch);
+}
+
+MemoryEntryField AcceptMemoryEntry(MemoryEntryFields& fields)
+{
+    using Field = MemoryEntryField;
+    for (const Field field : { Field::Frequency, Field::SquelchLevel, Field::AntennaNumber, Field::Bandwidth,
+             Field::AfcStatus, Field::DfSquelchLevel, Field::DfMeasurementTime, Field::FrequencySpan }) {
+        if (!CheckNumber(field, fields, MemoryEntry()) || !CheckPair(field, fields))
+            return field;
+    }
+    TakeRemaining(fields, MemoryEntry());
+    return Field::None;
+}
+
+void DeleteMemoryEntry()
+{
+    MemoryEntry() = {};
+}
+
+} // namespace tarvik

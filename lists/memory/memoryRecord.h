@@ -1,0 +1,66 @@
+// lists/memory/memoryRecord.h: one stored receiver setting, and the table of 1024 of them.
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <vector>
+
+namespace tarvik {
+
+/// Codes are those of lists/values/translate.h.
+struct MemoryRecord {
+    bool Used = false;
+    std::int16_t Number = 0;
+    double Frequency = 0; ///< Hz
+    std::int16_t Demodulation = 0;
+    std::int16_t Bandwidth = 0;
+    double SquelchLevel = 0; ///< dBuV
+    std::int16_t SquelchStatus = 0;
+    std::int16_t AntennaNumber = 0;
+    std::int16_t AttenuatorStatus = 0;
+    std::int16_t AfcStatus = 0;
+    QString Description;
+    std::int16_t Status = 0; ///< 1: suppressed
+    std::int16_t DfSquelchStatus = 0;
+    double DfSquelchLevel = 0; ///< dBuV
+    double DfMeasurementTime = 0; ///< s
+    std::int16_t FrequencySpan = 0;
+    std::int16_t DfStep = 0;
+    std::int32_t DfBandwidth = 0; ///< the first of the file's three reserved fields
+    std::int32_t Reserved2 = 0; ///< kept as they are
+    std::int32_t Reserved3 = 0;
+
+    bool operator==(const MemoryRecord&) const = default;
+};
+
+inline constexpr int kMemoryRows = 1024;
+
+/// A list as an editor holds it: always `kMemoryRows` rows, used or not.
+struct MemoryTable {
+    QString MemoryListName;
+    QString MemoryListDescription;
+    std::vector<MemoryRecord> Rows = std::vector<MemoryRecord>(kMemoryRows);
+
+    MemoryRecord& Row(int row)
+    {
+        return Rows[static_cast<size_t>(row)];
+    }
+    const MemoryRecord& Row(int row) const
+    {
+        return Rows[static_cast<size_t>(row)];
+    }
+
+    bool operator==(const MemoryTable&) const = default;
+};
+
+/// Brings an unused row to life. It keeps its number unless a used row bears that one already (Delete in the entry
+/// dialog sets it to 0): then it takes the lowest number that no row bears, since two rows with one number can't be
+/// read back from a CSV file.
+void UseMemoryRow(MemoryTable& table, int row);
+
+/// The number of each row for a file in which no two rows may bear the same one. Unused rows give way: they take the
+/// lowest numbers left. When two used rows bear the same number, `second` is the later one; else it is -1.
+std::vector<std::int16_t> DistinctMemoryNumbers(const MemoryTable& table, int& second);
+
+} // namespace tarvik

@@ -1,0 +1,192 @@
+#include "lists/values/fieldCheck.h"
+
+#include "app/message/message.h"
+#include "app/values/general.h"
+#include "app/values/strings.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextEmptyCell = 12771;
+constexpr int kTextNoNumber = 12765;
+
+/// Longer runs of digits are no numbers that anybody typed or a program wrote.
+constexpr qsizetype kLongestNumber = 400;
+
+bool IsDigit(char character)
+{
+    return character >= '0' && character <= '9';
+}
+
+/// The characters that `IsNumberText` counts or passes over.
+bool IsNumberCharacter(char character)
+{
+    return IsDigit(character) || QByteArrayView("+-eE., ").contains(character);
+}
+
+bool IsSpace(char character)
+{
+    return character == ' ' || (character >= '\t' && character <= '\r');
+}
+
+/// The part of `text`, without outer blanks, before its first foreign character: where a number can stand.
+QByteArrayView NumberPart(QByteArrayView text)
+{
+    while (!text.isEmpty() && IsSpace(text.front()))
+        text = text.sliced(1);
+    const auto end = std::find_if_not(text.begin(), text.end(), IsNumberCharacter);
+    return text.first(end - text.begin());
+}
+
+/// Converts a number part whose decimal mark may be "," or ".".
+bool Convert(QByteArrayView part, double& value)
+{
+    if (part.size() > kLongestNumber)
+        return false;
+    std::array<char, kLongestNumber> buffer;
+    const bool hasComma = part.contains(',');
+    const char dropped = hasComma ? '.' : ',';
+    char* end = std::remove_copy(part.begin(), part.end(), buffer.begin(), dropped);
+    if (hasComma)
+        std::replace(buffer.begin(), end, ',', '.');
+
+    const char* begin = buffer.begin();
+    if (begin != end && *begin == '+')
+        ++begin;
+    const bool twoSigns = begin != buffer.begin() && begin != end && *begin == '-';
+    double number = 0;
+    const auto [rest, error] = std::from_chars(begin, static_cast<const char*>(end), number);
+    if (twoSigns || error != std::errc())
+        return false;
+    const auto isFurtherNumber = [](char character) {
+        return IsDigit(character) || QByteArrayView("+-.").contains(character);
+    };
+    if (std::any_of(rest, static_cast<const char*>(end), isFurtherNumber))
+        return false;
+    value = number;
+    return true;
+}
+
+/// A failed check reports as asked and answers false.
+bool Refuse(int messageId, bool report)
+{
+    if (report)
+        MsgOk(messageId);
+    return false;
+}
+
+/// The number of a cell, not yet scaled.
+bool ReadCell(const QString& text, double& number, CellReport report)
+{
+    if (text.isEmpty())
+        return Refuse(kTextEmptyCell, report.Empty);
+    return StrToDoubleChecked(text, number) || Refuse(kTextNoNumber, report.Bad);
+}
+
+/// `number` times `scale`. A product that misses a whole number only by the binary form of the decimal digits becomes
+/// that number, so that MHz typed with six decimals are whole Hz.
+double Scaled(double number, double scale)
+{
+    constexpr double kRelativeError = 4 * std::numeric_limits<double>::epsilon();
+    const double product = number * scale;
+    const double whole = std::round(product);
+    return scale != 1.0 && std::abs(product - whole) <= std::abs(product) * kRelativeError ? whole : product;
+}
+
+std::int16_t RoundToInt16(double number, Range<std::int16_t> limits)
+{
+    return static_cast<std::int16_t>(
+        std::lround(Clamp(number, static_cast<double>(limits.Min), static_cast<double>(limits.Max))));
+}
+
+} // namespace
+
+QChar DecimalSeparator()
+{
+    return FormatPicture(0.5, QStringLiteral("0.0")).at(1);
+}
+
+bool StrToDouble(const QString& text, double& value)
+{
+    QString plain = text;
+    const QChar mark = DecimalSeparator();
+    if (mark != u'.' && mark != u',') // a locale with a mark of its own
+        plain.replace(mark, u'.');
+    return Convert(NumberPart(plain.toLatin1()), value);
+}
+
+bool StrToDoubleChecked(const QString& text, double& value)
+{
+    return IsNumberText(text) && StrToDouble(text, value);
+}
+
+bool StrToDoubleChecked(QByteArrayView text, double& value)
+{
+    const QByteArrayView part = NumberPart(text);
+    return std::any_of(part.begin(), part.end(), IsDigit) && Convert(part, value);
+}
+
+QString CellText(double value, const CellFormat& format)
+{
+    QString text = FormatPicture(value / format.Scale, QString::fromLatin1(format.Picture));
+    if (text.endsWith(u'.') || text.endsWith(DecimalSeparator()))
+        text.chop(1);
+    return text;
+}
+
+bool CheckCellScaled(QString& text, double& value, Range<double> limits, const CellFormat& format, CellReport report)
+{
+    double number = 0;
+    if (!ReadCell(text, number, report))
+        return false;
+    value = Clamp(Scaled(number, format.Scale), limits.Min, limits.Max);
+    text = CellText(value, format);
+    return true;
+}
+
+bool CheckCellDouble(QString& text, double& value, Range<double> limits, const char* picture, CellReport report)
+{
+    return CheckCellScaled(text, value, limits, { picture, 1.0 }, report);
+}
+
+bool CheckCellInt(
+    QString& text, std::int16_t& value, Range<std::int16_t> limits, const char* picture, CellReport report)
+{
+    double number = 0;
+    if (!ReadCell(text, number, report))
+        return false;
+    value = RoundToInt16(number, limits);
+    text = CellText(value, { picture, 1.0 });
+    return true;
+}
+
+bool ParseFieldDouble(QByteArrayView field, double& value, Range<double> limits, int messageId, int line)
+{
+    double number = 0;
+    if (!StrToDoubleChecked(field, number)) {
+        MsgOkNum(messageId, line);
+        return false;
+    }
+    value = Clamp(number, limits.Min, limits.Max);
+    return true;
+}
+
+bool ParseFieldInt(QByteArrayView field, std::int16_t& value, Range<std::int16_t> limits, int messageId, int line)
+{
+    double number = 0;
+    if (!StrToDoubleChecked(field, number)) {
+        MsgOkNum(messageId, line);
+        return false;
+    }
+    value = RoundToInt16(number, limits);
+    return true;
+}
+
+} // namespace tarvik

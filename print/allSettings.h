@@ -1,7 +1,0 @@
-// print/allSettings.h: every group of settings that stands above the frame's own, for the program's composition.
-#pragma once
-
-#include "app/settings.h"
-
-/// In the order of reading and writing: folders, print, connection, screen.
-std::vector<SettingsGroup> AllSettingsGroups();

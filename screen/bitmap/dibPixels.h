@@ -1,0 +1,14 @@
+// screen/bitmap/dibPixels.h: the pixels of a device-independent bitmap, plain and run-length coded.
+#pragma once
+
+#include "screen/bitmap/dibHeader.h"
+
+#include <QImage>
+#include <QVector>
+
+namespace tarvik {
+
+/// Decodes the pixels that start at `bytes`; the result as told at ReadDib.
+std::optional<QImage> DecodeDibPixels(QByteArrayView bytes, const DibHeader& header, const QVector<QRgb>& colours);
+
+} // namespace tarvik

@@ -1,0 +1,109 @@
+#include "screen/document/view.h"
+
+#include "app/state/project.h"
+
+#include <array>
+
+namespace tarvik {
+
+namespace {
+
+/// A window that nobody sees: it is as large as it was told to be.
+class SizesView final : public ScreenView {
+public:
+    int State() const override
+    {
+        return WinStateNormal;
+    }
+    void SetNormal() override { }
+    void Show() override { }
+
+    QSize ClientSize() const override
+    {
+        return client_;
+    }
+    void SetClientSize(QSize size) override
+    {
+        client_ = size;
+    }
+    void MoveTo(QPoint) override { }
+
+    QSize GraphSize() const override
+    {
+        return graph_;
+    }
+    void SetGraphSize(QSize size) override
+    {
+        graph_ = size;
+    }
+    void GraphChanged() override { }
+
+    QString Caption() const override
+    {
+        return caption_;
+    }
+    void SetCaption(const QString& caption) override
+    {
+        caption_ = caption;
+    }
+    void SetIcon(bool) override { }
+
+    void SetDescription(const QString&) override { }
+    void LayOutDescription(const DescriptionLayout&) override { }
+    void SetColours(quint32, quint32) override { }
+    void FillStatus(const QString&, const QString&, const QString&) override { }
+    void HideStatus() override { }
+    void Unload() override { }
+
+private:
+    QSize client_{ 0, 0 };
+    QSize graph_{ 0, 0 };
+    QString caption_;
+};
+
+using Views = std::array<ScreenViewOwner, kWindowSlots + 1>;
+
+Views& TheViews()
+{
+    static Views views;
+    return views;
+}
+
+} // namespace
+
+ScreenViewHooks& TheScreenViewHooks()
+{
+    static ScreenViewHooks hooks;
+    return hooks;
+}
+
+ScreenView* ViewOf(WindowId id)
+{
+    return WindowIsValid(id) ? TheViews().at(static_cast<size_t>(id)).get() : nullptr;
+}
+
+ScreenView& ViewLoad(WindowId id)
+{
+    ScreenViewOwner& view = TheViews().at(static_cast<size_t>(id));
+    const auto& load = TheScreenViewHooks().Load;
+    if (!view && load)
+        view = load(id);
+    if (!view)
+        view = std::make_shared<SizesView>();
+    return *view;
+}
+
+void ViewDrop(WindowId id)
+{
+    if (WindowIsValid(id))
+        TheViews().at(static_cast<size_t>(id)).reset();
+}
+
+void ViewsReset()
+{
+    for (ScreenViewOwner& view : TheViews())
+        view.reset();
+    TheScreenViewHooks() = {};
+}
+
+} // namespace tarvik

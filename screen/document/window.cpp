@@ -1,0 +1,278 @@
+#include "screen/document/window.h"
+
+#include "app/message/message.h"
+#include "app/platform/seams.h"
+#include "app/text/lang.h"
+#include "app/values/region.h"
+#include "app/values/strings.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextNoSlot = 12711;
+constexpr int kTextReplaceOldest = 12713;
+constexpr int kTextSeparator = 14301;
+constexpr int kTextTypeMark = 14302;
+constexpr int kTextDateMark = 14303;
+constexpr int kTextTimeMark = 14304;
+constexpr int kTextDiagram = 13505;
+constexpr int kTextPicture = 14400;
+constexpr int kTextLiveScreen = 14500;
+
+struct TypeRules {
+    qint16 Type = WindowFree;
+    int MostDocuments = 0;
+    qint16 Columns = 0; ///< of the description
+    QSize ClientSize; ///< default, pixels
+};
+
+constexpr std::array<TypeRules, 2> kTypeRules{ {
+    { WindowDataSet, kDocumentsOfType, 90, QSize(792, 560) },
+    { WindowScreen, kDocumentsOfType, 70, QSize(642, 442) },
+} };
+
+/// Null for a type without documents.
+const TypeRules* RulesOf(qint16 type)
+{
+    const auto* const found = std::find_if(
+        kTypeRules.begin(), kTypeRules.end(), [type](const TypeRules& rules) { return rules.Type == type; });
+    return found == kTypeRules.end() ? nullptr : found;
+}
+
+/// Every window in use, by number.
+QVector<WindowId> WindowsInUse()
+{
+    QVector<WindowId> ids;
+    for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id))
+        ids.append(id);
+    return ids;
+}
+
+/// The first document index that no window of the type uses; 0 without one.
+qint16 FreeDocumentIndex(qint16 type)
+{
+    const TypeRules* rules = RulesOf(type);
+    const int last = rules == nullptr ? 0 : rules->MostDocuments;
+    std::array<bool, kWindowSlots + 1> used{};
+    for (const WindowId id : WindowsInUse()) {
+        if (WindowTypeOf(id) == type)
+            used[static_cast<size_t>(WindowDocumentIndex(id))] = true;
+    }
+    for (int index = 1; index <= last; ++index) {
+        if (!used[static_cast<size_t>(index)])
+            return static_cast<qint16>(index);
+    }
+    return 0;
+}
+
+WindowSlot TakeFreeSlot(qint16 type, qint16 subtype, qint16 documentIndex)
+{
+    for (WindowId id = 1; id <= kWindowSlots; ++id) {
+        if (WindowInUse(id))
+            continue;
+        WindowRecord& record = WindowTable().Table[static_cast<size_t>(id)];
+        record = {};
+        record.Type = type;
+        record.DocumentIndex = documentIndex;
+        record.Subtype = subtype;
+        return { id, subtype, false };
+    }
+    MsgOk(kTextNoSlot);
+    return {};
+}
+
+WindowId OldestOf(qint16 type)
+{
+    WindowId oldest = 0;
+    for (const WindowId id : WindowsInUse()) {
+        if (WindowTypeOf(id) == type && (oldest == 0 || WindowAt(id).Created < WindowAt(oldest).Created))
+            oldest = id;
+    }
+    return oldest;
+}
+
+QString DefaultTemplate()
+{
+    const QString separator = LngStr(kTextSeparator);
+    return (LngStr(kTextTypeMark) + separator + LngStr(kTextDateMark) + separator + LngStr(kTextTimeMark))
+        .left(kTitleTemplateLength);
+}
+
+QString TypeName(WindowId id)
+{
+    if (WindowTypeOf(id) == WindowDataSet)
+        return LngStr(kTextDiagram);
+    return LngStr(WindowIsFileImage(id) ? kTextPicture : kTextLiveScreen);
+}
+
+QString WithoutTrailingBlanks(QString text)
+{
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
+} // namespace
+
+WindowState& WindowTable()
+{
+    static WindowState state;
+    return state;
+}
+
+void WindowTableClear()
+{
+    WindowTable() = {};
+}
+
+bool WindowIsValid(WindowId id)
+{
+    return id >= 1 && id <= kWindowSlots;
+}
+
+bool WindowInUse(WindowId id)
+{
+    return WindowIsValid(id) && WindowTable().Table[static_cast<size_t>(id)].Type != WindowFree;
+}
+
+WindowRecord& WindowAt(WindowId id)
+{
+    Q_ASSERT(WindowInUse(id));
+    return WindowTable().Table[static_cast<size_t>(id)];
+}
+
+qint16 WindowTypeOf(WindowId id)
+{
+    return WindowInUse(id) ? WindowAt(id).Type : qint16{ WindowFree };
+}
+
+qint16 WindowDocumentIndex(WindowId id)
+{
+    return WindowInUse(id) ? WindowAt(id).DocumentIndex : qint16(0);
+}
+
+qint16 WindowSubtypeOf(WindowId id)
+{
+    return WindowInUse(id) ? WindowAt(id).Subtype : qint16(0);
+}
+
+bool WindowIsFileImage(WindowId id)
+{
+    return WindowTypeOf(id) == WindowScreen && WindowSubtypeOf(id) == SubtypeFile;
+}
+
+bool WindowIsModified(WindowId id)
+{
+    if (id != 0)
+        return WindowInUse(id) && WindowAt(id).Modified;
+    const QVector<WindowId> ids = WindowsInUse();
+    return std::any_of(ids.begin(), ids.end(), [](WindowId each) { return WindowAt(each).Modified; });
+}
+
+WindowId WindowNext(WindowId id)
+{
+    for (int next = std::max<int>(id, 0) + 1; next <= kWindowSlots; ++next) {
+        if (WindowInUse(static_cast<WindowId>(next)))
+            return static_cast<WindowId>(next);
+    }
+    return 0;
+}
+
+int WindowCount(int type)
+{
+    const QVector<WindowId> ids = WindowsInUse();
+    return static_cast<int>(
+        std::count_if(ids.begin(), ids.end(), [type](WindowId id) { return type == 0 || WindowTypeOf(id) == type; }));
+}
+
+void WindowSetActive(WindowId id)
+{
+    if (WindowInUse(id))
+        WindowTable().Active = id;
+}
+
+WindowSlot WindowAllocate(qint16 type, qint16 subtype)
+{
+    if (const qint16 index = FreeDocumentIndex(type); index != 0)
+        return TakeFreeSlot(type, subtype, index);
+    const WindowId oldest = OldestOf(type);
+    if (oldest == 0)
+        return TakeFreeSlot(type, subtype, 1);
+    if (MsgAskOnce(kTextReplaceOldest) != MsgResultYes)
+        return {};
+    return { oldest, subtype, true };
+}
+
+void WindowInitialise(const WindowSlot& slot, const WindowPlacement& placement, qint16 ownerTag)
+{
+    WindowRecord& record = WindowAt(slot.Id);
+    WindowRecord fresh;
+    fresh.Type = record.Type;
+    fresh.DocumentIndex = record.DocumentIndex;
+    fresh.Subtype = slot.Subtype;
+    fresh.Created = TheSeams().Now();
+    fresh.OwnerTag = ownerTag;
+    fresh.Placement = placement;
+    if (slot.Reused) {
+        fresh.TitleTemplate = record.TitleTemplate;
+        fresh.DescriptionVisible = record.DescriptionVisible;
+        fresh.Description = record.Description;
+        fresh.DescriptionColumns = record.DescriptionColumns;
+    } else {
+        fresh.TitleTemplate = DefaultTemplate();
+        fresh.DescriptionColumns = WindowDefaultColumns(fresh.Type);
+    }
+    record = fresh;
+    WindowTable().Active = slot.Id;
+}
+
+void WindowFreeSlot(WindowId id)
+{
+    if (!WindowInUse(id))
+        return;
+    WindowAt(id) = {};
+    if (WindowTable().Active == id)
+        WindowTable().Active = 0;
+}
+
+QSize WindowDefaultSize(qint16 type, QSize formSize)
+{
+    const TypeRules* rules = RulesOf(type);
+    return rules == nullptr ? formSize : rules->ClientSize;
+}
+
+qint16 WindowDefaultColumns(qint16 type)
+{
+    const TypeRules* rules = RulesOf(type);
+    return rules == nullptr ? qint16(0) : rules->Columns;
+}
+
+QString WindowTitle(WindowId id, const QDateTime& documentDate)
+{
+    if (!WindowInUse(id))
+        return {};
+    const bool hasDate = documentDate.isValid();
+    QString title = StrReplace(WindowAt(id).TitleTemplate, LngStr(kTextTypeMark), TypeName(id));
+    title = StrReplace(title, LngStr(kTextDateMark), hasDate ? IniDateText(documentDate) : QString());
+    title = StrReplace(title, LngStr(kTextTimeMark), hasDate ? IniTimeText(documentDate) : QString());
+    return WithoutTrailingBlanks(title);
+}
+
+QVector<WindowId> WindowsFor(int mask, bool withImages)
+{
+    QVector<WindowId> ids;
+    for (const WindowId id : WindowsInUse()) {
+        const bool meetsMask = (WindowTypeOf(id) & mask) != 0;
+        if (meetsMask && (mask == MaskAll || withImages || !WindowIsFileImage(id)))
+            ids.append(id);
+    }
+    std::stable_sort(ids.begin(), ids.end(),
+        [](WindowId left, WindowId right) { return WindowAt(left).Created > WindowAt(right).Created; });
+    return ids;
+}
+
+} // namespace tarvik

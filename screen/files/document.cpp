@@ -1,0 +1,129 @@
+#include "screen/files/document.h"
+
+#include "app/message/message.h"
+#include "app/state/statusBar.h"
+#include "app/text/lang.h"
+#include "closed/loader.h"
+#include "link/documents/file.h"
+#include "screen/document/color.h"
+#include "screen/document/compose.h"
+#include "screen/document/view.h"
+#include "screen/files/pictureFile.h"
+#include "screen/window/arrange.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextLoading = 10104;
+constexpr int kTextSaving = 10105;
+constexpr int kTextMetafileNotWritten = 12759;
+constexpr int kTextSeparator = 14301;
+
+/// Number of the text for an image that can't be read.
+int UnreadableText(int kind)
+{
+    switch (kind) {
+    case ImageBitmap:
+        return 12754;
+    case ImagePcx:
+        return 12756;
+    case ImagePng:
+        return 12760;
+    default:
+        return 12758;
+    }
+}
+
+OpenedImage Refuse(const QString& path, int kind)
+{
+    MsgOk1(UnreadableText(kind), QFileInfo(path).fileName());
+    return {};
+}
+
+/// Invalid for a file that does not tell.
+QDateTime DateOf(const QString& path)
+{
+    int16_t year = 0;
+    int16_t month = 0;
+    int16_t day = 0;
+    int16_t hour = 0;
+    int16_t minute = 0;
+    int16_t second = 0;
+    const QByteArray name = QDir::toNativeSeparators(path).toUtf8();
+    if (TvGen().GenFileDateAndTime(name.constData(), &year, &month, &day, &hour, &minute, &second) != 0)
+        return {};
+    return { QDate(year, month, day), QTime(hour, minute, second) };
+}
+
+} // namespace
+
+WindowId ImgShow(const PictureToShow& picture)
+{
+    const WindowSlot slot = WindowAllocate(WindowScreen, picture.Subtype);
+    if (slot.Id == 0)
+        return 0;
+    StatusSet(picture.Title + LngStr(kTextSeparator) + LngStr(kTextLoading));
+    const QImage master = DecodePicture(picture.Path, picture.Kind, picture.Size, PaperOfNewDocument());
+    if (master.isNull()) {
+        if (!slot.Reused)
+            WindowFreeSlot(slot.Id);
+        ScreenStatusClear();
+        return kNotDecoded;
+    }
+    ScreenCreate(slot, { master, picture.Date, QFileInfo(picture.Path).fileName(), picture.Modified });
+    if (!slot.Reused)
+        RetileIfWished();
+    return slot.Id;
+}
+
+OpenedImage ImgOpen(const QString& path, int kind, qint16 subtype)
+{
+    if (!PictureLibraryIsThere())
+        return {};
+    const std::optional<QSize> size = PictureSize(path);
+    if (!size)
+        return Refuse(path, kind);
+    const WindowId id = ImgShow({ path, kind, *size, subtype, QFileInfo(path).fileName(), DateOf(path), false });
+    if (id == kNotDecoded)
+        return Refuse(path, kind);
+    return { id == 0 ? 1 : 0, id };
+}
+
+bool ImgSave(const QString& path, WindowId id)
+{
+    const int kind = ImageKindOf(FileKindOf(path).Kind);
+    if (kind == 0 || !PictureLibraryIsThere())
+        return false;
+    ScreenStatus(id, kTextSaving);
+    const QImage whole = ComposeWindow(id);
+    const bool written = !whole.isNull() && EncodePicture(path, kind, whole);
+    ScreenStatusClear();
+    const QString name = QFileInfo(path).fileName();
+    if (!written) {
+        if (kind == ImageMetafile)
+            MsgOk1(kTextMetafileNotWritten, name);
+        return false;
+    }
+    WindowAt(id).Modified = false;
+    ScreenView* view = ViewOf(id);
+    if (WindowIsFileImage(id) && view != nullptr)
+        view->SetCaption(name);
+    return true;
+}
+
+QImage ImgRead(const QString& path, int kind)
+{
+    if (!PictureLibraryIsThere())
+        return {};
+    const std::optional<QSize> size = PictureSize(path);
+    QImage picture = size ? DecodePicture(path, kind, *size, PaperOfNewDocument()) : QImage();
+    if (picture.isNull())
+        Refuse(path, kind);
+    return picture;
+}
+
+} // namespace tarvik

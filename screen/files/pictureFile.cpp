@@ -1,0 +1,168 @@
+#include "screen/files/pictureFile.h"
+
+#include "app/platform/replaceFile.h"
+#include "app/state/progressBar.h"
+#include "app/state/project.h"
+#include "closed/loader.h"
+#include "screen/bitmap/bitmapReader.h"
+#include "screen/document/color.h"
+#include "screen/metafile/metafileReader.h"
+#include "screen/metafile/metafileWriter.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+
+#include <new>
+
+namespace tarvik {
+
+namespace {
+
+/// The largest bitmap and its header; no file of another kind that is read here needs more.
+constexpr int kMostPixels = TVIMG_MAX_PIXELS;
+constexpr qint64 kLargestFile = qint64{ 4 } * kMostPixels + 0x10000;
+
+constexpr int16_t kPlainMode = 1;
+
+QByteArray LibraryPath(const QString& path)
+{
+    return QDir::toNativeSeparators(path).toUtf8();
+}
+
+QByteArray ReadWhole(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestFile)
+        return {};
+    return file.readAll();
+}
+
+TvImgContext ContextOf(QImage& picture)
+{
+    return { reinterpret_cast<uint32_t*>(picture.bits()), picture.width(), picture.height(),
+        static_cast<int32_t>(picture.bytesPerLine() / 4) };
+}
+
+/// The same for a picture that is only read, whose pixels may be shared.
+TvImgContext ContextToRead(const QImage& picture)
+{
+    return { reinterpret_cast<uint32_t*>(const_cast<uchar*>(picture.constBits())), picture.width(), picture.height(),
+        static_cast<int32_t>(picture.bytesPerLine() / 4) };
+}
+
+bool DecodePcx(const QByteArray& path, QSize size, const TvImgContext& context)
+{
+    int32_t width = 0;
+    int32_t height = 0;
+    return TvImg().ImgPcxToMem(path.constData(), &width, &height) == 0 && QSize(width, height) == size
+        && TvImg().ImgMemToDc(&context, kPlainMode, &Progress().WorkCounter) == 0;
+}
+
+QImage DecodeByLibrary(const QString& path, int kind, QSize size, quint32 paper)
+{
+    QImage picture(size, QImage::Format_RGB32);
+    if (picture.isNull())
+        return {};
+    picture.fill(ColorOf(paper));
+    const QByteArray name = LibraryPath(path);
+    const TvImgContext context = ContextOf(picture);
+    ProgressStart(size.height());
+    const bool decoded =
+        kind == ImagePng ? TvImg().ImgPngToDc(name.constData(), &context) == 0 : DecodePcx(name, size, context);
+    ProgressEnd();
+    return decoded ? picture : QImage();
+}
+
+/// A file may have been replaced since its size was asked for.
+QImage IfOfSize(const std::optional<QImage>& picture, QSize size)
+{
+    return picture && picture->size() == size ? *picture : QImage();
+}
+
+bool WriteByLibrary(const QString& path, int kind, const QImage& picture)
+{
+    const QByteArray name = LibraryPath(path);
+    const TvImgContext context = ContextToRead(picture);
+    ProgressStart(picture.height());
+    const int16_t result = kind == ImagePng
+        ? TvImg().ImgDcToPng(name.constData(), &context, picture.width(), picture.height())
+        : TvImg().ImgDcToPcx(
+            name.constData(), &context, picture.width(), picture.height(), kPlainMode, &Progress().WorkCounter);
+    ProgressEnd();
+    return result == 0;
+}
+
+bool WriteBitmap(const QString& path, const QImage& picture)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    return picture.save(&buffer, "BMP") && ReplaceFile(path, buffer.data());
+}
+
+QImage Decode(const QString& path, int kind, QSize size, quint32 paper)
+{
+    switch (kind) {
+    case ImageBitmap:
+        return IfOfSize(ReadBitmap(ReadWhole(path), ColorOf(paper)), size);
+    case ImageMetafile:
+        return IfOfSize(ReadMetafile(ReadWhole(path), ColorOf(paper)), size);
+    case ImagePng:
+    case ImagePcx:
+        return DecodeByLibrary(path, kind, size, paper);
+    default:
+        return {};
+    }
+}
+
+bool Encode(const QString& path, int kind, const QImage& picture)
+{
+    switch (kind) {
+    case ImageBitmap:
+        return WriteBitmap(path, picture);
+    case ImageMetafile:
+        return WriteMetafile(path, picture);
+    case ImagePng:
+    case ImagePcx:
+        return WriteByLibrary(path, kind, picture);
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+bool PictureLibraryIsThere()
+{
+    return ModuleIsBound(Module::Pictures) || ModuleLoad(Module::Pictures, Program().AppPath);
+}
+
+std::optional<QSize> PictureSize(const QString& path)
+{
+    ScreenImageInfo info{};
+    if (TvImg().ImgGetFileInfo(LibraryPath(path).constData(), &info) != 0)
+        return std::nullopt;
+    return QSize(info.Width, info.Height);
+}
+
+// Memory that is not to be had is a failure like any other, and no reason to lose what is open beside the picture.
+
+QImage DecodePicture(const QString& path, int kind, QSize size, quint32 paper)
+{
+    try {
+        return Decode(path, kind, size, paper);
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+}
+
+bool EncodePicture(const QString& path, int kind, const QImage& picture)
+{
+    try {
+        return Encode(path, kind, picture);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+} // namespace tarvik

@@ -1,0 +1,11 @@
+// screen/metafile/metafileBitmaps.h: the records of a metafile that paint bitmaps and fill rectangles by raster
+// operations.
+#pragma once
+
+#include "screen/metafile/metafileContext.h"
+
+namespace tarvik {
+
+std::span<const MetafileHandler> MetafileBitmaps();
+
+} // namespace tarvik

@@ -1,0 +1,291 @@
+#include "screen/metafile/metafileShapes.h"
+
+#include <QPainterPath>
+
+#include <cmath>
+#include <functional>
+#include <numbers>
+
+namespace tarvik {
+
+namespace {
+
+using tvpicture::MetafileParameters;
+
+enum class Inside { Filled, Open };
+
+using Drawing = std::function<void(QPainter&)>;
+
+/// Draws with pen, brush and mix of the state. The gaps of a thin line that is not transparent are drawn before it.
+void Draw(MetafileContext& context, Inside inside, const Drawing& drawing)
+{
+    const MetafileState& state = context.State;
+    QPainter& painter = context.Painter();
+    painter.setCompositionMode(MetafileContext::ModeOf(state.Mix));
+    if (inside == Inside::Filled)
+        painter.setBrush(context.BrushToPaint(*state.Brush));
+    const QPen pen = context.PenToPaint();
+    if (state.Opaque && pen.style() == Qt::CustomDashLine) {
+        QPen gaps(context.Colour(state.BackColour), 1);
+        gaps.setCapStyle(Qt::FlatCap);
+        painter.setPen(gaps);
+        drawing(painter);
+        painter.setBrush(Qt::NoBrush);
+    }
+    painter.setPen(pen);
+    drawing(painter);
+}
+
+/// Pixels between two points, whose second one lies outside, as an outline runs around them.
+QRect Outline(const QRect& pixels)
+{
+    return pixels.adjusted(0, 0, -1, -1);
+}
+
+/// bottom, right, top, left
+QRect Corners(const MetafileContext& context, const MetafileParameters& p, int word)
+{
+    return context.State.Mapping.ToDevice(
+        QPoint(p.Signed(word + 3), p.Signed(word + 2)), QPoint(p.Signed(word + 1), p.Signed(word)));
+}
+
+/// The outline of a closed figure; a pen that stays inside makes it smaller. Nothing where no pixel lies between.
+std::optional<QRectF> Figure(MetafileContext& context, const MetafileParameters& p, int word)
+{
+    const QRect pixels = Corners(context, p, word);
+    if (pixels.isEmpty())
+        return std::nullopt;
+    QRectF outline = Outline(pixels);
+    const MetafilePen& pen = *context.State.Pen;
+    const double half = (std::round(context.State.Mapping.Across(pen.Width)) - 1) / 2;
+    if (pen.Style == MetafilePen::InsideFrame && half > 0) {
+        const double across = std::min(half, outline.width() / 2);
+        const double down = std::min(half, outline.height() / 2);
+        outline.adjust(across, down, -across, -down);
+    }
+    return outline;
+}
+
+/// How far a pen reaches beside its line, at most.
+int Margin(const MetafileContext& context)
+{
+    return 1 + static_cast<int>(context.State.Mapping.Across(context.State.Pen->Width));
+}
+
+/// What painting costs: the area, and going around the figure, much of which may lie outside the picture.
+bool SpendFigure(MetafileContext& context, const QRectF& figure)
+{
+    constexpr double kWorkAround = 8;
+    constexpr double kMostWorkAround = 1 << 20;
+    const double around = std::min(kWorkAround * (figure.width() + figure.height()), kMostWorkAround);
+    const int margin = Margin(context);
+    return context.Spend(static_cast<qint64>(around))
+        && context.SpendArea(figure.toAlignedRect().adjusted(-margin, -margin, margin, margin));
+}
+
+using FigureDrawing = std::function<void(QPainter&, const QRectF&)>;
+
+bool DrawFigure(
+    MetafileContext& context, const MetafileParameters& p, int word, Inside inside, const FigureDrawing& drawing)
+{
+    const std::optional<QRectF> figure = Figure(context, p, word);
+    if (!figure)
+        return true;
+    if (!SpendFigure(context, *figure))
+        return false;
+    Draw(context, inside, [&](QPainter& painter) { drawing(painter, *figure); });
+    return true;
+}
+
+bool DrawRectangle(MetafileContext& context, const MetafileParameters& p)
+{
+    return DrawFigure(context, p, 0, Inside::Filled, [](QPainter& painter, const QRectF& r) { painter.drawRect(r); });
+}
+
+bool DrawEllipse(MetafileContext& context, const MetafileParameters& p)
+{
+    return DrawFigure(
+        context, p, 0, Inside::Filled, [](QPainter& painter, const QRectF& r) { painter.drawEllipse(r); });
+}
+
+/// Height and width of the corners' ellipse, then the figure.
+bool DrawRoundRect(MetafileContext& context, const MetafileParameters& p)
+{
+    const double down = context.State.Mapping.Down(p.Signed(0)) / 2;
+    const double across = context.State.Mapping.Across(p.Signed(1)) / 2;
+    return DrawFigure(context, p, 2, Inside::Filled,
+        [=](QPainter& painter, const QRectF& r) { painter.drawRoundedRect(r, across, down); });
+}
+
+/// Degrees counter-clockwise from the right at which the ray to a point leaves an ellipse.
+double AngleOf(QPoint point, const QRectF& ellipse)
+{
+    const double x = (point.x() - ellipse.center().x()) / std::max(ellipse.width(), 1.0);
+    const double y = (ellipse.center().y() - point.y()) / std::max(ellipse.height(), 1.0);
+    return std::atan2(y, x) * 180 / std::numbers::pi;
+}
+
+struct ArcAngles {
+    int Start = 0; ///< 1/16 degrees, as the painter counts
+    int Span = 0; ///< counter-clockwise; a whole turn where both ends are one
+};
+
+/// Ends of the arc, y before x, the second one first; then the figure.
+ArcAngles AnglesOf(const MetafileContext& context, const MetafileParameters& p, const QRectF& figure)
+{
+    constexpr int kTurn = 360 * 16;
+    const MetafileMapping& mapping = context.State.Mapping;
+    const double start = AngleOf(mapping.ToDevice(QPoint(p.Signed(3), p.Signed(2))), figure);
+    const double end = AngleOf(mapping.ToDevice(QPoint(p.Signed(1), p.Signed(0))), figure);
+    ArcAngles angles{ static_cast<int>(std::lround(start * 16)), static_cast<int>(std::lround((end - start) * 16)) };
+    if (angles.Span <= 0)
+        angles.Span += kTurn;
+    return angles;
+}
+
+using ArcDrawing = void (QPainter::*)(const QRectF&, int, int);
+
+template <ArcDrawing Part, Inside Fill>
+bool DrawArc(MetafileContext& context, const MetafileParameters& p)
+{
+    return DrawFigure(context, p, 4, Fill, [&](QPainter& painter, const QRectF& r) {
+        const ArcAngles angles = AnglesOf(context, p, r);
+        (painter.*Part)(r, angles.Start, angles.Span);
+    });
+}
+
+/// `count` points, x before y, from a word on.
+QPolygon Points(const MetafileContext& context, const MetafileParameters& p, int word, int count)
+{
+    QPolygon points;
+    points.reserve(count);
+    for (int i = 0; i < count; ++i)
+        points.append(context.State.Mapping.ToDevice(QPoint(p.Signed(word + 2 * i), p.Signed(word + 2 * i + 1))));
+    return points;
+}
+
+/// What an edge costs for each line of pixels that it crosses. Thin lines are cheap; filling, dashes and wide pens sort
+/// and join what they cross.
+qint64 WorkOfCrossing(const MetafileContext& context, Inside inside)
+{
+    constexpr qint64 kOfThinLine = 4;
+    constexpr qint64 kOfAnother = 128;
+    const QPen pen = context.PenToPaint();
+    const bool isThin = pen.style() == Qt::NoPen || (pen.style() == Qt::SolidLine && pen.width() == 1);
+    return inside == Inside::Open && isThin ? kOfThinLine : kOfAnother;
+}
+
+/// What painting costs: the area, and for each edge the pixels along it.
+bool SpendPoints(MetafileContext& context, const QPolygon& points, Inside inside)
+{
+    const QSize size = context.Picture().size();
+    const int margin = Margin(context);
+    const qint64 crossing = WorkOfCrossing(context, inside);
+    qint64 work = 0;
+    for (qsizetype i = 1; i < points.size(); ++i) {
+        const QPoint edge = points[i] - points[i - 1];
+        work += crossing * std::min(std::abs(edge.y()) + margin, size.height());
+        work += std::min(std::abs(edge.x()) + margin, size.width());
+    }
+    return context.Spend(work) && context.SpendArea(points.boundingRect().adjusted(-margin, -margin, margin, margin));
+}
+
+/// How many points, then the points. Fewer than two draw nothing.
+bool DrawPoints(MetafileContext& context, const MetafileParameters& p, Inside inside,
+    const std::function<void(QPainter&, const QPolygon&)>& drawing)
+{
+    const int count = p.Word(0);
+    if (p.Words() < 1 + 2 * count)
+        return false;
+    const QPolygon points = Points(context, p, 1, count);
+    if (count < 2)
+        return true;
+    if (!SpendPoints(context, points, inside))
+        return false;
+    Draw(context, inside, [&](QPainter& painter) { drawing(painter, points); });
+    return true;
+}
+
+bool DrawPolygon(MetafileContext& context, const MetafileParameters& p)
+{
+    const Qt::FillRule rule = context.State.FillRule;
+    return DrawPoints(context, p, Inside::Filled,
+        [=](QPainter& painter, const QPolygon& points) { painter.drawPolygon(points, rule); });
+}
+
+bool DrawPolyline(MetafileContext& context, const MetafileParameters& p)
+{
+    return DrawPoints(
+        context, p, Inside::Open, [](QPainter& painter, const QPolygon& points) { painter.drawPolyline(points); });
+}
+
+/// How many polygons, how many points each has, then all points.
+bool DrawPolyPolygon(MetafileContext& context, const MetafileParameters& p)
+{
+    const int polygons = p.Word(0);
+    int at = 1 + polygons;
+    QPainterPath path;
+    path.setFillRule(context.State.FillRule);
+    for (int i = 0; i < polygons; ++i) {
+        const int count = p.Word(1 + i);
+        if (p.Words() < at + 2 * count)
+            return false;
+        const QPolygon points = Points(context, p, at, count);
+        if (!SpendPoints(context, points, Inside::Filled))
+            return false;
+        path.addPolygon(points);
+        path.closeSubpath();
+        at += 2 * count;
+    }
+    Draw(context, Inside::Filled, [&](QPainter& painter) { painter.drawPath(path); });
+    return true;
+}
+
+bool MoveTo(MetafileContext& context, const MetafileParameters& p)
+{
+    context.State.Position = QPoint(p.Signed(1), p.Signed(0));
+    return true;
+}
+
+bool LineTo(MetafileContext& context, const MetafileParameters& p)
+{
+    const QPoint from = context.State.Position;
+    context.State.Position = QPoint(p.Signed(1), p.Signed(0));
+    const MetafileMapping& mapping = context.State.Mapping;
+    const QPolygon points({ mapping.ToDevice(from), mapping.ToDevice(context.State.Position) });
+    if (!SpendPoints(context, points, Inside::Open))
+        return false;
+    Draw(context, Inside::Open, [&](QPainter& painter) { painter.drawPolyline(points); });
+    return true;
+}
+
+bool SetPixel(MetafileContext& context, const MetafileParameters& p)
+{
+    const QPoint at = context.State.Mapping.ToDevice(QPoint(p.Signed(3), p.Signed(2)));
+    context.Painter().fillRect(QRect(at, QSize(1, 1)), context.Colour(p.Long(0)));
+    return true;
+}
+
+constexpr MetafileHandler kHandlers[] = {
+    { tvpicture::MetaLineTo, 2, LineTo },
+    { tvpicture::MetaMoveTo, 2, MoveTo },
+    { tvpicture::MetaPolygon, 1, DrawPolygon },
+    { tvpicture::MetaPolyline, 1, DrawPolyline },
+    { tvpicture::MetaPolyPolygon, 1, DrawPolyPolygon },
+    { tvpicture::MetaEllipse, 4, DrawEllipse },
+    { tvpicture::MetaRectangle, 4, DrawRectangle },
+    { tvpicture::MetaRoundRect, 6, DrawRoundRect },
+    { tvpicture::MetaArc, 8, DrawArc<&QPainter::drawArc, Inside::Open> },
+    { tvpicture::MetaPie, 8, DrawArc<&QPainter::drawPie, Inside::Filled> },
+    { tvpicture::MetaChord, 8, DrawArc<&QPainter::drawChord, Inside::Filled> },
+    { tvpicture::MetaSetPixel, 4, SetPixel },
+};
+
+} // namespace
+
+std::span<const MetafileHandler> MetafileShapes()
+{
+    return kHandlers;
+}
+
+} // namespace tarvik

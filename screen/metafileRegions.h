@@ -1,9 +1,0 @@
-// screen/metafileRegions.h: the records of a metafile that clip, and that paint regions.
-#pragma once
-
-#include "screen/metafileContext.h"
-
-std::span<const MetafileHandler> MetafileRegions();
-
-/// A region in pixels, as far as it lies in the picture; nothing when the work of the context is used up.
-std::optional<QRegion> MetafileDeviceRegion(MetafileContext& context, const MetafileRegion& region);

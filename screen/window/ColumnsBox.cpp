@@ -1,0 +1,76 @@
+#include "screen/window/ColumnsBox.h"
+
+#include "app/forms/form.h"
+
+#include <QLineEdit>
+
+#include <algorithm>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kMostDigits = 8; ///< room for what is no valid number, so that it can be told
+
+} // namespace
+
+ColumnsBox::ColumnsBox(QWidget* parent)
+    : QAbstractSpinBox(parent)
+{
+    NameControl(this, QStringLiteral("UpDown"));
+    NameControl(lineEdit(), QStringLiteral("Tb"));
+    lineEdit()->setMaxLength(kMostDigits);
+    connect(lineEdit(), &QLineEdit::textChanged, this, qOverload<>(&QWidget::update)); // its arrows follow the number
+}
+
+QLineEdit* ColumnsBox::TextBox() const
+{
+    return lineEdit();
+}
+
+void ColumnsBox::SetRange(int least, int most)
+{
+    least_ = least;
+    most_ = most;
+}
+
+void ColumnsBox::SetValue(int value)
+{
+    value_ = std::clamp(value, least_, most_);
+    lineEdit()->setText(QString::number(value_));
+}
+
+int ColumnsBox::Value() const
+{
+    bool isNumber = false;
+    const int typed = lineEdit()->text().trimmed().toInt(&isNumber);
+    return isNumber ? std::clamp(typed, least_, most_) : value_;
+}
+
+QValidator::State ColumnsBox::validate(QString&, int&) const
+{
+    return QValidator::Acceptable;
+}
+
+void ColumnsBox::stepBy(int steps)
+{
+    SetValue(Value() + steps);
+    lineEdit()->selectAll();
+}
+
+QSize ColumnsBox::sizeHint() const
+{
+    QSize size = QAbstractSpinBox::sizeHint();
+    size.setWidth(size.width() + kMostDigits * fontMetrics().averageCharWidth());
+    return size;
+}
+
+QAbstractSpinBox::StepEnabled ColumnsBox::stepEnabled() const
+{
+    StepEnabled steps = StepNone;
+    steps.setFlag(StepUpEnabled, Value() < most_);
+    steps.setFlag(StepDownEnabled, Value() > least_);
+    return steps;
+}
+
+} // namespace tarvik

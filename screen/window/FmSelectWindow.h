@@ -1,0 +1,42 @@
+// screen/window/FmSelectWindow.h: chooses among the open windows.
+#pragma once
+
+#include "app/forms/form.h"
+#include "screen/document/window.h"
+
+class QListWidget;
+
+namespace tarvik {
+
+/// Offers windows by their captions. `Chosen` holds those that were accepted, in the order of the list; it is empty
+/// behind Cancel.
+class FmSelectWindow final : public FormBase {
+    Q_OBJECT
+public:
+    explicit FmSelectWindow(const QVector<WindowId>& offered, QWidget* parent = nullptr);
+
+    const QVector<WindowId>& Chosen() const
+    {
+        return chosen_;
+    }
+
+protected:
+    bool OnLoad() override;
+
+private:
+    void BuildControls();
+    void BuildLayout();
+    void FillList();
+    void OnOk();
+
+    QVector<WindowId> offered_;
+    QVector<WindowId> chosen_;
+    QListWidget* LxWin = nullptr;
+    QPushButton* BtAll = nullptr;
+    QPushButton* BtClear = nullptr;
+    QPushButton* BtOk = nullptr;
+    QPushButton* BtCancel = nullptr;
+    QPushButton* BtHelp = nullptr;
+};
+
+} // namespace tarvik

@@ -1,0 +1,406 @@
+#include "screen/window/MfScreen.h"
+
+#include "app/forms/Pictures.h"
+#include "app/forms/form.h"
+#include "app/frame/MfMain.h"
+#include "app/state/frameHooks.h"
+#include "app/state/project.h"
+#include "app/text/lang.h"
+#include "screen/document/color.h"
+#include "screen/document/description.h"
+#include "screen/document/screenTable.h"
+#include "screen/window/ChildWindowStyle.h"
+#include "screen/window/ChildWindows.h"
+#include "screen/window/DescriptionBox.h"
+#include "screen/window/PictureBox.h"
+#include "screen/window/closing.h"
+#include "screen/window/descriptionEdit.h"
+#include "screen/window/screenWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QFrame>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kHelpImage = 14401;
+constexpr int kHelpImageDescription = 14402;
+constexpr int kHelpLive = 14502;
+constexpr int kHelpLiveDescription = 14503;
+constexpr int kHelpStatus = 14504;
+constexpr int kTextDescription = 11000;
+
+/// A window title in which no part stands for "changed".
+QString TitleOf(QString caption)
+{
+    return caption.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+QFrame* NewLine(QWidget* parent, const char* name)
+{
+    auto* line = new QFrame(parent);
+    NameControl(line, QString::fromLatin1(name));
+    line->setFrameStyle(static_cast<int>(QFrame::HLine) | static_cast<int>(QFrame::Plain));
+    line->setFixedHeight(1);
+    return line;
+}
+
+void SetColour(QWidget* widget, QPalette::ColorRole role, const QColor& colour)
+{
+    QPalette colours = widget->palette();
+    colours.setColor(role, colour);
+    widget->setPalette(colours);
+}
+
+constexpr Qt::WindowStates kSizeStates = Qt::WindowMinimized | Qt::WindowMaximized;
+
+} // namespace
+
+MfScreen::MfScreen(WindowId id, MfMain& frame)
+    : id_(id)
+    , frame_(frame)
+{
+    setObjectName(QStringLiteral("MfScreen"));
+    setProperty(kTagProperty, id);
+    setAutoFillBackground(true);
+    setMinimumSize(1, 1);
+    BuildPicture();
+    BuildDescription();
+    BuildStatus();
+    BuildWindow();
+    SetHelp(WindowIsFileImage(id));
+}
+
+MfScreen::~MfScreen()
+{
+    unloaded_ = true;
+    if (ViewOf(id_) == this)
+        ViewDrop(id_);
+}
+
+void MfScreen::BuildPicture()
+{
+    PbDefGraph = new PictureBox(this, "PbDefGraph", [this](QSize) {
+        const ScreenRecord* document = ScreenOf(id_);
+        return document == nullptr ? QImage() : document->Master;
+    });
+    PbDefGraph->hide();
+    PbGraph = new PictureBox(this, "PbGraph", [this](QSize devicePixels) { return DrawnPicture(id_, devicePixels); });
+    PbGraph->setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::ClickFocus); // a click beside the picture takes the window to the front as well
+    setFocusProxy(PbGraph);
+}
+
+void MfScreen::BuildDescription()
+{
+    LnDescr = NewLine(this, "LnDescr");
+    LnDescr->hide();
+    TbDescription = new DescriptionBox(this);
+    TbDescription->setAccessibleName(LngStr(kTextDescription));
+    TbDescription->hide();
+    TbDescription->installEventFilter(this);
+    connect(TbDescription, &DescriptionBox::Edited, this, [this](const QString& text) {
+        DescrTextChanged(id_, text);
+        ShowDescription();
+    });
+}
+
+/// The panel has no height and nothing of it is seen.
+void MfScreen::BuildStatus()
+{
+    for (size_t at = 0; at < TbStatHead.size(); ++at) {
+        TbStatHead[at] = new QLabel(this);
+        NameControl(TbStatHead[at], QStringLiteral("TbStatHead[%1]").arg(at));
+    }
+    TbStatus = new QLineEdit(this);
+    NameControl(TbStatus, QStringLiteral("TbStatus"));
+    TbStatus->setReadOnly(true);
+    LnStatus = NewLine(this, "LnStatus");
+    for (QWidget* control : StatusPanel())
+        SetControlHelp(control, kHelpStatus);
+    HideStatus();
+}
+
+QList<QWidget*> MfScreen::StatusPanel() const
+{
+    return { TbStatHead[0], TbStatHead[1], TbStatHead[2], TbStatus, LnStatus };
+}
+
+void MfScreen::BuildWindow()
+{
+    child_ = new QMdiSubWindow;
+    child_->setAttribute(Qt::WA_DeleteOnClose);
+    child_->setStyle(ChildWindowStyle(*frame_.ChildArea()));
+    child_->setWidget(this);
+    child_->installEventFilter(this);
+    frame_.ChildArea()->addSubWindow(child_);
+    connect(child_, &QMdiSubWindow::windowStateChanged, this, &MfScreen::StateChanged);
+    connect(frame_.ChildArea(), &QMdiArea::subWindowActivated, this, [this](const QMdiSubWindow* active) {
+        if (unloaded_)
+            return;
+        if (active == child_) {
+            SetHelp(WindowIsFileImage(id_));
+            ScreenActivated(id_, true);
+        } else if (WindowTable().Active == id_) {
+            ScreenActivated(id_, false);
+        }
+    });
+}
+
+void MfScreen::SetHelp(bool imageFromFile)
+{
+    const int help = imageFromFile ? kHelpImage : kHelpLive;
+    SetControlHelp(this, help);
+    SetControlHelp(child_, help);
+    SetControlHelp(TbDescription, imageFromFile ? kHelpImageDescription : kHelpLiveDescription);
+}
+
+void MfScreen::Release()
+{
+    if (!unloaded_)
+        child_->deleteLater();
+    unloaded_ = true;
+}
+
+int MfScreen::State() const
+{
+    if (state_.testFlag(Qt::WindowMinimized))
+        return WinStateMinimised;
+    return state_.testFlag(Qt::WindowMaximized) ? WinStateMaximised : WinStateNormal;
+}
+
+bool MfScreen::MayResize() const
+{
+    return State() == WinStateNormal;
+}
+
+void MfScreen::SetNormal()
+{
+    if (shown_ && !MayResize())
+        child_->showNormal();
+}
+
+/// A new window is seen at its own size, whatever the one before it was.
+void MfScreen::ShowFirst()
+{
+    if (shown_)
+        return;
+    shown_ = true;
+    QMdiArea& area = *frame_.ChildArea();
+    RestoreMaximised(area);
+    if (!placed_)
+        child_->move(PlaceForNew(area, *child_));
+    child_->show();
+}
+
+void MfScreen::Show()
+{
+    ShowFirst();
+    frame_.ChildArea()->setActiveSubWindow(child_);
+    if (!isAncestorOf(frame_.focusWidget()))
+        PbGraph->setFocus();
+}
+
+QSize MfScreen::ClientSize() const
+{
+    return size();
+}
+
+void MfScreen::SetClientSize(QSize size)
+{
+    if (!MayResize())
+        return;
+    child_->resize(size.grownBy(child_->contentsMargins()));
+    if (shown_) {
+        child_->layout()->activate(); // the rules go on with the size that this one has now
+    } else {
+        sized_ = size;
+        resize(size);
+    }
+}
+
+void MfScreen::MoveTo(QPoint leftTop)
+{
+    placed_ = true;
+    child_->move(leftTop);
+}
+
+QSize MfScreen::GraphSize() const
+{
+    return PbGraph->size();
+}
+
+void MfScreen::SetGraphSize(QSize size)
+{
+    PbGraph->setGeometry(QRect(QPoint(), size));
+}
+
+void MfScreen::GraphChanged()
+{
+    if (const ScreenRecord* document = ScreenOf(id_))
+        PbDefGraph->resize(document->Master.size());
+    PbGraph->PictureChanged();
+    ShowFirst();
+}
+
+QString MfScreen::Caption() const
+{
+    return caption_;
+}
+
+void MfScreen::SetCaption(const QString& caption)
+{
+    if (caption_ == caption)
+        return;
+    caption_ = caption;
+    setWindowTitle(TitleOf(caption));
+    child_->setWindowTitle(TitleOf(caption));
+    PbGraph->setAccessibleName(caption);
+    child_->setAccessibleName(caption);
+}
+
+void MfScreen::SetIcon(bool imageFromFile)
+{
+    if (imageFromFile_ == imageFromFile)
+        return;
+    imageFromFile_ = imageFromFile;
+    child_->setWindowIcon(PictureIcon(imageFromFile ? QStringLiteral("MDI_IMAGE") : QStringLiteral("MDI_SCREEN")));
+    SetHelp(imageFromFile);
+}
+
+void MfScreen::SetDescription(const QString& text)
+{
+    TbDescription->SetText(text);
+}
+
+void MfScreen::EditDescription()
+{
+    if (!TbDescription->isVisibleTo(this))
+        return;
+    TbDescription->setFocus();
+    ShowDescription();
+}
+
+/// Who types sees it, also below a picture that is higher than the area.
+void MfScreen::ShowDescription()
+{
+    QMdiArea& area = *frame_.ChildArea();
+    ScrollToLowerEdge(area, { TbDescription->mapTo(area.viewport(), QPoint()), TbDescription->size() });
+}
+
+/// The focus of a box that goes stays in the window.
+void MfScreen::LayOutDescription(const DescriptionLayout& layout)
+{
+    if (!layout.Visible && TbDescription == frame_.focusWidget())
+        PbGraph->setFocus();
+    TbDescription->SetPlace(layout.Text, DescrFont(WindowTypeOf(id_)));
+    LnDescr->setGeometry(0, layout.LineTop, width(), 1);
+    TbDescription->setVisible(layout.Visible);
+    LnDescr->setVisible(layout.Visible);
+}
+
+void MfScreen::SetColours(quint32 paper, quint32 text)
+{
+    const std::pair wanted(paper, text);
+    if (std::exchange(colours_, wanted) == wanted)
+        return;
+    SetColour(this, QPalette::Window, ColorOf(paper));
+    for (QWidget* control :
+        std::initializer_list<QWidget*>{ LnDescr, LnStatus, TbStatHead[0], TbStatHead[1], TbStatHead[2] })
+        SetColour(control, QPalette::WindowText, ColorOf(text));
+    TbDescription->SetColours(ColorOf(paper), ColorOf(text));
+    SetColour(TbStatus, QPalette::Base, ColorOf(paper));
+    SetColour(TbStatus, QPalette::Text, ColorOf(text));
+}
+
+void MfScreen::FillStatus(const QString& date, const QString& text, const QString& time)
+{
+    const std::array captions{ date, text, time };
+    for (size_t at = 0; at < captions.size(); ++at)
+        TbStatHead[at]->setText(captions[at]);
+}
+
+void MfScreen::HideStatus()
+{
+    for (QWidget* control : StatusPanel())
+        control->hide();
+}
+
+void MfScreen::Unload()
+{
+    if (unloaded_)
+        return;
+    unloaded_ = true;
+    child_->close();
+}
+
+/// A picture may have changed while nothing of it was seen.
+void MfScreen::StateChanged(Qt::WindowStates before, Qt::WindowStates now)
+{
+    if (unloaded_ || (before & kSizeStates) == (now & kSizeStates))
+        return;
+    if (before.testFlag(Qt::WindowMinimized))
+        ScreenResized(id_, false);
+    TheFrameHooks().MenuUpdate();
+}
+
+bool MfScreen::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == child_) {
+        if (event->type() == QEvent::WindowStateChange)
+            state_ = child_->windowState();
+    } else if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1) {
+        PbGraph->setFocus(); // help is about the window
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void MfScreen::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (unloaded_ || !shown_ || std::exchange(sized_, QSize()) == size())
+        return;
+    ScreenResized(id_, QGuiApplication::mouseButtons().testFlag(Qt::LeftButton));
+}
+
+void MfScreen::closeEvent(QCloseEvent* event)
+{
+    if (!unloaded_ && !ScreenMayClose(id_)) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    if (std::exchange(unloaded_, true))
+        return;
+    ScreenUnloaded(id_);
+}
+
+/// Kept from the area below, which has a menu of its own.
+void MfScreen::mousePressEvent(QMouseEvent* event)
+{
+    event->accept();
+}
+
+void MfScreen::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (event->button() == Qt::RightButton && WindowInUse(id_))
+        frame_.Popup(QStringLiteral("ScMn"), event->globalPosition().toPoint());
+}
+
+void MfScreen::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    if (event->reason() == QContextMenuEvent::Keyboard && WindowInUse(id_))
+        frame_.Popup(QStringLiteral("ScMn"), event->globalPos());
+}
+
+} // namespace tarvik

@@ -1,0 +1,110 @@
+// screen/window/MfScreen.h: the child window that shows a screen document.
+#pragma once
+
+#include "screen/document/view.h"
+
+#include <QList>
+#include <QWidget>
+
+#include <array>
+#include <optional>
+#include <utility>
+
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QMdiSubWindow;
+
+namespace tarvik {
+
+class DescriptionBox;
+class MfMain;
+class PictureBox;
+
+/// The content of a child window: picture, line, description. Shows and passes on; the rules are in screenWindow.h and
+/// description.h. It is not seen before its picture is drawn.
+class MfScreen final : public QWidget, public ScreenView {
+    Q_OBJECT
+public:
+    /// A window in the frame's area. Its owner is the area; the modules let go of it by `Release`.
+    MfScreen(WindowId id, MfMain& frame);
+    ~MfScreen() override;
+
+    WindowId Id() const
+    {
+        return id_;
+    }
+
+    QMdiSubWindow* ChildWindow() const
+    {
+        return child_;
+    }
+
+    /// The caret goes into the description, if that is visible.
+    void EditDescription();
+
+    /// The modules don't know the window any more.
+    void Release();
+
+    int State() const override;
+    void SetNormal() override;
+    void Show() override;
+    QSize ClientSize() const override;
+    void SetClientSize(QSize size) override;
+    void MoveTo(QPoint leftTop) override;
+    QSize GraphSize() const override;
+    void SetGraphSize(QSize size) override;
+    void GraphChanged() override;
+    QString Caption() const override;
+    void SetCaption(const QString& caption) override;
+    void SetIcon(bool imageFromFile) override;
+    void SetDescription(const QString& text) override;
+    void LayOutDescription(const DescriptionLayout& layout) override;
+    void SetColours(quint32 paper, quint32 text) override;
+    void FillStatus(const QString& date, const QString& text, const QString& time) override;
+    void HideStatus() override;
+    void Unload() override;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void BuildPicture();
+    void BuildDescription();
+    void BuildStatus();
+    void BuildWindow();
+    QList<QWidget*> StatusPanel() const;
+    void SetHelp(bool imageFromFile);
+    void ShowFirst();
+    void ShowDescription();
+    void StateChanged(Qt::WindowStates before, Qt::WindowStates now);
+    bool MayResize() const;
+
+    WindowId id_;
+    MfMain& frame_;
+    QMdiSubWindow* child_ = nullptr;
+    /// Of the child window, as told last: its own flag is off while a maximised one follows the size of its area.
+    Qt::WindowStates state_;
+    PictureBox* PbDefGraph = nullptr;
+    PictureBox* PbGraph = nullptr;
+    QFrame* LnDescr = nullptr;
+    DescriptionBox* TbDescription = nullptr;
+    std::array<QLabel*, 3> TbStatHead{};
+    QLineEdit* TbStatus = nullptr;
+    QFrame* LnStatus = nullptr;
+    QString caption_;
+    QSize sized_; ///< by program while hidden: nobody resizes a window that is not seen
+    std::optional<bool> imageFromFile_; ///< whose icon it bears
+    std::optional<std::pair<quint32, quint32>> colours_; ///< paper and text, as they are shown
+    bool placed_ = false; ///< by its document, not by the system
+    bool shown_ = false;
+    bool unloaded_ = false;
+};
+
+} // namespace tarvik

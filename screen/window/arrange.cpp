@@ -1,0 +1,60 @@
+#include "screen/window/arrange.h"
+
+#include "app/state/frameHooks.h"
+#include "app/state/project.h"
+#include "screen/document/fit.h"
+#include "screen/document/view.h"
+
+namespace tarvik {
+
+namespace {
+
+/// After a cascade. Minimised windows stay so.
+void SetAllToDefaultSize()
+{
+    for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id)) {
+        const ScreenView* view = ViewOf(id);
+        if (view != nullptr && view->State() == WinStateNormal)
+            SetDefaultSize(id);
+    }
+}
+
+} // namespace
+
+void ArrangeWindows(int code)
+{
+    TheScreenWindows().Arranging = code;
+    TheScreenViewHooks().Arrange(code);
+    TheScreenWindows().Arranging = ArrangeNone;
+    if (code == ArrangeCascade)
+        SetAllToDefaultSize();
+}
+
+void ToggleAutoTile()
+{
+    Program().AutoTile = !Program().AutoTile;
+    TheFrameHooks().MenuUpdate();
+    RetileIfWished();
+}
+
+void RetileIfWished()
+{
+    if (Program().AutoTile && !TheScreenWindows().ClosingAll && WindowCount(0) > 1)
+        ArrangeWindows(ArrangeTileHorizontally);
+}
+
+void ChooseWindows(int mask, bool withImages)
+{
+    const QVector<WindowId> offered = WindowsFor(mask, withImages);
+    QVector<WindowId>& chosen = TheScreenWindows().Chosen;
+    if (offered.size() <= 1) {
+        chosen = offered;
+        return;
+    }
+    chosen.clear();
+    const auto& select = TheScreenWindowHooks().SelectWindows;
+    if (select && !select(offered))
+        chosen.clear();
+}
+
+} // namespace tarvik

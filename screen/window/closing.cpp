@@ -1,0 +1,163 @@
+#include "screen/window/closing.h"
+
+#include "app/message/message.h"
+#include "app/platform/seams.h"
+#include "app/state/project.h"
+#include "app/state/statusBar.h"
+#include "screen/document/view.h"
+#include "screen/window/arrange.h"
+
+#include <algorithm>
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextNoWindow = 11801;
+constexpr int kTextSaveBeforeClosing = 12712;
+constexpr int kTextSave = 12714;
+
+constexpr int kLookAgainMs = 100;
+
+/// The windows that an id stands for and that would lose something. Data sets are drawn anew from their table.
+QVector<WindowId> UnsavedOf(WindowId id)
+{
+    QVector<WindowId> ids;
+    for (WindowId each = WindowNext(0); each != 0; each = WindowNext(each)) {
+        const bool isMeant = id == 0 || each == id;
+        if (isMeant && WindowIsModified(each) && WindowTypeOf(each) != WindowDataSet)
+            ids.append(each);
+    }
+    return ids;
+}
+
+/// Whether to save; No without a question after "No All".
+int AskWhetherToSave(WindowId id, bool single)
+{
+    if (WindowTable().NoQuestions)
+        return MsgResultNo;
+    const int text = id == 0 ? kTextSaveBeforeClosing : kTextSave;
+    const QString title = ScreenTitle(id);
+    if (single || WindowCount(0) == 1)
+        return MsgYesNoCancel1(text, title);
+    const int answer = MsgYesNoAllCancel1(text, title);
+    WindowTable().NoQuestions = TheMessage().NoAll;
+    return answer;
+}
+
+void ForgetNoAll()
+{
+    WindowTable().NoQuestions = false;
+    TheMessage().NoAll = false;
+}
+
+bool Save(const QVector<WindowId>& ids)
+{
+    const auto& save = TheScreenWindowHooks().Save;
+    return save && std::all_of(ids.begin(), ids.end(), save);
+}
+
+bool CloseEach()
+{
+    while (WindowCount(0) > 0) {
+        const WindowId active = WindowTable().Active;
+        if (!CloseWindow(WindowInUse(active) ? active : WindowNext(0), false))
+            return false;
+        TheSeams().PumpEvents();
+    }
+    return true;
+}
+
+/// Looks again while the command runs: its messages let events run as well.
+void TellBehindTheCommand(int milliseconds)
+{
+    TheSeams().StartTimer(milliseconds, [] {
+        if (WindowCount(0) > 0)
+            return;
+        if (Program().Idle)
+            StatusSetId(kTextNoWindow);
+        else
+            TellBehindTheCommand(kLookAgainMs);
+    });
+}
+
+/// A running command clears the status line when it ends.
+void TellThatNoWindowIsLeft()
+{
+    StatusSetId(kTextNoWindow);
+    if (!Program().Idle)
+        TellBehindTheCommand(0);
+}
+
+} // namespace
+
+bool CloseQuestion(WindowId id, bool single)
+{
+    const WindowId asked = WindowCount(0) == 1 ? WindowNext(0) : id;
+    const QVector<WindowId> unsaved = UnsavedOf(asked);
+    if (unsaved.isEmpty())
+        return true;
+    switch (AskWhetherToSave(asked, single)) {
+    case MsgResultYes:
+        return Save(unsaved);
+    case MsgResultNo:
+        for (const WindowId each : unsaved)
+            WindowAt(each).Modified = false;
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool CloseWindow(WindowId id, bool single)
+{
+    if (!CloseQuestion(id, single))
+        return false;
+    DropWindow(id);
+    return true;
+}
+
+bool CloseAllWindows()
+{
+    ForgetNoAll();
+    TheScreenWindows().ClosingAll = true;
+    const bool closed = CloseEach();
+    TheScreenWindows().ClosingAll = false;
+    ForgetNoAll();
+    RetileIfWished();
+    return closed;
+}
+
+void DropWindow(WindowId id)
+{
+    if (!WindowInUse(id))
+        return;
+    if (ScreenView* view = ViewOf(id))
+        view->Unload();
+    ScreenUnloaded(id);
+}
+
+bool ScreenMayClose(WindowId id)
+{
+    if (!CanAct())
+        return false;
+    BeginBusy(); // saving lets events run
+    const bool mayClose = CloseQuestion(id, true);
+    EndBusy();
+    return mayClose;
+}
+
+void ScreenUnloaded(WindowId id)
+{
+    if (!WindowInUse(id))
+        return;
+    ViewDrop(id);
+    ScreenFree(id);
+    WindowFreeSlot(id);
+    if (WindowCount(0) == 0)
+        TellThatNoWindowIsLeft();
+    else
+        RetileIfWished();
+}
+
+} // namespace tarvik

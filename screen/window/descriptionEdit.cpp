@@ -1,0 +1,186 @@
+#include "screen/window/descriptionEdit.h"
+
+#include "app/message/message.h"
+#include "app/state/project.h"
+#include "screen/document/fit.h"
+#include "screen/document/screenStatus.h"
+#include "screen/window/screenWindow.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextOutOfRange = 12749;
+
+/// The control's own changes are not the user's.
+bool& Storing()
+{
+    static bool storing = false;
+    return storing;
+}
+
+void ShowText(WindowId id)
+{
+    const bool before = Storing();
+    Storing() = true;
+    if (ScreenView* view = ViewOf(id))
+        view->SetDescription(WindowAt(id).Description);
+    Storing() = before;
+}
+
+/// The first ten lines of a text as the window shows it.
+QString TenLines(const QString& text, WindowId id)
+{
+    return DescrLaidOut(text.left(kDescriptionMostLaidOut), id).FirstLines(kDescriptionLines);
+}
+
+/// Cut by the rule, which counts characters and not words: what it leaves can still break into more lines, and what it
+/// cuts may have had room where lines are full to their ends.
+QString Fitted(const QString& text, WindowId id)
+{
+    return TenLines(DescrFit(text, WindowAt(id).DescriptionColumns), id);
+}
+
+/// What a window is told to hold, and shows from now on.
+void Hold(WindowId id, const QString& text)
+{
+    WindowAt(id).Description = DescrStored(text);
+    ShowText(id);
+}
+
+/// The picture fills what the description leaves.
+void RefitPicture(WindowId id, ScreenView& view)
+{
+    const DescriptionLayout layout = DescrLayout(id, view.ClientSize());
+    view.LayOutDescription(layout);
+    const QSize graph = GraphFor(view.ClientSize(), layout.Visible, layout.LineTop);
+    if (graph == view.GraphSize())
+        return;
+    view.SetGraphSize(graph);
+    DrawScreenWindow(id);
+}
+
+} // namespace
+
+void DescrSetVisible(bool visible, WindowId id)
+{
+    const ScreenView* view = ViewOf(id);
+    if (!WindowInUse(id) || view == nullptr)
+        return;
+    if (visible && view->State() == WinStateMaximised) {
+        WindowAt(id).Description.clear();
+        ShowText(id);
+    }
+    WindowAt(id).DescriptionVisible = visible;
+    if (view->State() == WinStateMinimised)
+        return;
+    DescrResize(id);
+    DrawScreenWindow(id);
+}
+
+void DescrToggle(WindowId id)
+{
+    if (WindowInUse(id))
+        DescrSetVisible(!WindowAt(id).DescriptionVisible, id);
+}
+
+void DescrTextChanged(WindowId id, const QString& text)
+{
+    if (Storing() || !WindowInUse(id))
+        return;
+    WindowRecord& record = WindowAt(id);
+    if (DescrLaidOut(text.left(kDescriptionMostLaidOut), id).LineCount() > kDescriptionLines) {
+        ShowText(id);
+        return;
+    }
+    const QString stored = DescrStored(text);
+    record.Modified = record.Modified || stored != record.Description;
+    record.Description = stored;
+    if (stored != DescrNormalised(text))
+        ShowText(id); // without the tail that is lost
+    DescrResize(id);
+    if (ScreenView* view = ViewOf(id))
+        RefitPicture(id, *view);
+}
+
+bool DescrSetText(WindowId id, const QString& text)
+{
+    if (!WindowInUse(id))
+        return false;
+    Hold(id, TenLines(text, id));
+    DescrResize(id);
+    if (ScreenView* view = ViewOf(id))
+        RefitPicture(id, *view);
+    return WindowAt(id).Description == DescrNormalised(text);
+}
+
+void DescrResize(WindowId id)
+{
+    ScreenView* view = ViewOf(id);
+    if (!WindowInUse(id) || view == nullptr || WindowAt(id).InResize)
+        return;
+    if (view->State() == WinStateMinimised) {
+        ApplySize(id);
+        return;
+    }
+    if (view->State() == WinStateMaximised)
+        return;
+    WindowRecord& record = WindowAt(id);
+    record.InResize = true;
+    const int height = view->GraphSize().height() + DescrHeight(id) + StatusHeight(id);
+    view->SetClientSize({ view->ClientSize().width(), height });
+    record.InResize = false;
+}
+
+DescriptionChoice::DescriptionChoice(WindowId id)
+    : id_(id)
+    , columns_(WindowInUse(id) ? WindowAt(id).DescriptionColumns : qint16(0))
+    , text_(WindowInUse(id) ? WindowAt(id).Description : QString())
+    , modified_(WindowIsModified(id))
+{
+}
+
+DescriptionColumns DescriptionChoice::Limits() const
+{
+    return DescrColumnsOf(WindowTypeOf(id_));
+}
+
+int DescriptionChoice::Columns() const
+{
+    return WindowInUse(id_) ? WindowAt(id_).DescriptionColumns : 0;
+}
+
+bool DescriptionChoice::Apply(const QString& typed)
+{
+    const DescriptionColumns limits = Limits();
+    int columns = 0;
+    if (!ValidInt(typed, limits, columns)) {
+        MsgOkNum2(kTextOutOfRange, limits.Most, limits.Least);
+        return false;
+    }
+    if (WindowInUse(id_)) {
+        WindowAt(id_).DescriptionColumns = static_cast<qint16>(columns);
+        Show(Fitted(text_, id_));
+    }
+    return true;
+}
+
+void DescriptionChoice::Cancel()
+{
+    if (!WindowInUse(id_))
+        return;
+    WindowAt(id_).DescriptionColumns = columns_;
+    Show(text_);
+}
+
+/// At the columns that the window has now.
+void DescriptionChoice::Show(const QString& text)
+{
+    Hold(id_, text);
+    WindowRecord& record = WindowAt(id_);
+    record.Modified = modified_ || record.Description != text_;
+    DescrResize(id_);
+    ApplySize(id_);
+}
+
+} // namespace tarvik

@@ -1,0 +1,323 @@
+#include "screen/window/screenWindow.h"
+
+#include "app/message/message.h"
+#include "app/platform/debug.h"
+#include "app/state/frameHooks.h"
+#include "app/state/project.h"
+#include "app/state/statusBar.h"
+#include "app/text/lang.h"
+#include "link/connection/connect.h"
+#include "screen/bitmap/stretch.h"
+#include "screen/document/color.h"
+#include "screen/document/compose.h"
+#include "screen/document/description.h"
+#include "screen/document/fit.h"
+#include "screen/document/screenStatus.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kTextDrawing = 10106;
+constexpr int kTextCopying = 10107;
+constexpr int kTextNotCopied = 12707;
+constexpr int kTextSeparator = 14301;
+
+constexpr quint32 kInk = 0x000000;
+
+/// Resize events of a window that is sized by program are ignored.
+class InResize {
+public:
+    explicit InResize(WindowId id)
+        : record_(WindowAt(id))
+        , before_(record_.InResize)
+    {
+        record_.InResize = true;
+    }
+    ~InResize()
+    {
+        record_.InResize = before_;
+    }
+    InResize(const InResize&) = delete;
+    InResize& operator=(const InResize&) = delete;
+
+private:
+    WindowRecord& record_;
+    bool before_;
+};
+
+bool IsMinimised(WindowId id)
+{
+    const ScreenView* view = ViewOf(id);
+    return view != nullptr && view->State() == WinStateMinimised;
+}
+
+QSize DefaultGraph(WindowId id)
+{
+    const WindowRecord& record = WindowAt(id);
+    return { record.DefaultWidth, record.DefaultHeight };
+}
+
+QSize RequestedSize(WindowId id, const ScreenView& view)
+{
+    const WindowPlacement& placement = WindowAt(id).Placement;
+    if (placement.RequestedWidth == 0 && placement.RequestedHeight == 0)
+        return WindowDefaultSize(WindowTypeOf(id), view.ClientSize());
+    return { placement.RequestedWidth, placement.RequestedHeight };
+}
+
+QSize MasterSize(WindowId id)
+{
+    const ScreenRecord* record = ScreenOf(id);
+    return record == nullptr ? QSize() : record->Master.size();
+}
+
+void ForceColours(WindowId id)
+{
+    ColorStore(kDocumentBackground, id, ColourBackground);
+    ColorStore(kInk, id, ColourText);
+    ColorStore(kInk, id, ColourForeground);
+}
+
+/// What surrounds the picture.
+void DrawRest(WindowId id, ScreenView& view)
+{
+    if (!WindowIsFileImage(id))
+        view.SetCaption(WindowTitle(id, ScreenOf(id)->Date));
+    view.SetIcon(WindowIsFileImage(id));
+    StatusFill(id);
+    StatusColours(id);
+}
+
+} // namespace
+
+ScreenWindowState& TheScreenWindows()
+{
+    static ScreenWindowState state;
+    return state;
+}
+
+ScreenWindowHooks& TheScreenWindowHooks()
+{
+    static ScreenWindowHooks hooks;
+    return hooks;
+}
+
+void ScreenWindowsReset()
+{
+    ViewsReset();
+    WindowTableClear();
+    ScreenTableClear();
+    TheScreenWindows() = {};
+    TheScreenWindowHooks() = {};
+}
+
+void ScreenCreate(const WindowSlot& slot, const NewDocument& document)
+{
+    WindowPlacement placement;
+    placement.RequestedWidth = document.Master.width();
+    placement.RequestedHeight = document.Master.height();
+    WindowInitialise(slot, placement, static_cast<qint16>(Connection().InstrumentAccepted));
+    WindowAt(slot.Id).Modified = document.Modified;
+    ScreenRecord& record = ScreenInitialise(slot.Id);
+    record.Master = document.Master;
+    if (document.Date.isValid())
+        record.Date = document.Date;
+
+    ScreenView& view = ViewLoad(slot.Id);
+    view.SetNormal();
+    SizeNewWindow(slot.Id);
+    view.SetCaption(document.Caption);
+    WindowAt(slot.Id).GraphicsValid = true;
+    DrawScreenWindow(slot.Id);
+    if (TheScreenViewHooks().MainFrameIsActive())
+        view.Show();
+}
+
+void ScreenResized(WindowId id, bool leftButtonDown)
+{
+    if (!WindowInUse(id) || WindowAt(id).InResize)
+        return;
+    WindowRecord& record = WindowAt(id);
+    ScreenWindowState& state = TheScreenWindows();
+    if (record.GraphicsValid && state.Arranging == ArrangeNone && leftButtonDown) {
+        record.ResizePending = true;
+        state.ResizePending = true;
+        return;
+    }
+    ApplySize(id);
+}
+
+void ScreenActivated(WindowId id, bool active)
+{
+    if (active)
+        WindowSetActive(id);
+    else
+        WindowTable().Active = 0;
+    TheFrameHooks().MenuUpdate();
+}
+
+void CheckPendingResize(bool leftButtonDown)
+{
+    ScreenWindowState& state = TheScreenWindows();
+    if (!state.ResizePending)
+        return;
+    if (leftButtonDown && ++state.PendingTicks <= kPendingTicks)
+        return;
+    state.ResizePending = false;
+    state.PendingTicks = 0;
+    for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id)) {
+        if (!WindowAt(id).ResizePending)
+            continue;
+        ApplySize(id);
+        state.ResizePending = state.ResizePending || WindowAt(id).ResizePending;
+    }
+}
+
+void SizeNewWindow(WindowId id)
+{
+    ScreenView* view = ViewOf(id);
+    if (!WindowInUse(id) || view == nullptr)
+        return;
+    WindowRecord& record = WindowAt(id);
+    const QSize size = RequestedSize(id, *view);
+    record.DefaultWidth = size.width();
+    record.DefaultHeight = size.height();
+    const WindowPlacement& placement = record.Placement;
+    const bool isPlaced = placement.Left != kPlacedBySystem || placement.Top != kPlacedBySystem;
+    const QSize wished(placement.ClientWidth, placement.ClientHeight);
+    {
+        const InResize guard(id);
+        if (isPlaced && view->State() != WinStateMaximised)
+            view->MoveTo({ placement.Left, placement.Top });
+        view->SetClientSize(wished == QSize(0, 0) ? size : wished);
+    }
+    ApplySize(id);
+}
+
+void ApplySize(WindowId id)
+{
+    if (!WindowInUse(id))
+        return;
+    WindowAt(id).ResizePending = false;
+    if (IsMinimised(id))
+        return;
+    {
+        const InResize guard(id);
+        FitWindow(id);
+    }
+    TheFrameHooks().MenuUpdate();
+}
+
+void FitWindow(WindowId id)
+{
+    ScreenView* view = ViewOf(id);
+    if (view == nullptr || IsMinimised(id))
+        return;
+    if (view->State() == WinStateNormal) {
+        const QSize client = view->ClientSize();
+        const QSize fitted = FitClient({ MasterSize(id), client, view->GraphSize(), DescrHeight(id), StatusHeight(id),
+            TheScreenWindows().Arranging });
+        if (fitted != client)
+            view->SetClientSize(fitted);
+    }
+    const DescriptionLayout layout = DescrLayout(id, view->ClientSize());
+    view->LayOutDescription(layout);
+    view->SetGraphSize(GraphFor(view->ClientSize(), layout.Visible, layout.LineTop));
+    DrawScreenWindow(id);
+}
+
+QImage ScreenPicture(WindowId id, QSize size)
+{
+    const ScreenRecord* record = ScreenOf(id);
+    if (record == nullptr)
+        return {};
+    QImage graph = Stretch(record->Master, size);
+    if (record->PalNr == PaletteBlackAndWhite)
+        ConvertToBlackAndWhite(graph);
+    return graph;
+}
+
+QImage DrawnPicture(WindowId id, QSize devicePixels)
+{
+    const ScreenRecord* record = ScreenOf(id);
+    return record != nullptr && record->Graph.size() == devicePixels ? record->Graph : ScreenPicture(id, devicePixels);
+}
+
+void DrawScreenWindow(WindowId id)
+{
+    ScreenRecord* record = ScreenOf(id);
+    ScreenView* view = ViewOf(id);
+    if (record == nullptr || view == nullptr || !WindowAt(id).GraphicsValid)
+        return;
+    ScreenStatus(id, kTextDrawing);
+    ForceColours(id);
+    QImage graph = ScreenPicture(id, view->GraphSize());
+    if (graph.isNull()) {
+        DebugReport("DrawScreenWindow");
+    } else {
+        record->Graph = std::move(graph);
+        view->GraphChanged();
+        DrawRest(id, *view);
+    }
+    ScreenStatusClear();
+}
+
+bool AtDefaultSize(WindowId id)
+{
+    const ScreenView* view = ViewOf(id);
+    return WindowInUse(id) && view != nullptr && view->State() == WinStateNormal
+        && view->GraphSize() == DefaultGraph(id);
+}
+
+QSize DefaultClientSize(WindowId id)
+{
+    return DefaultGraph(id) + QSize(0, DescrHeight(id) + StatusHeight(id));
+}
+
+void SetDefaultSize(WindowId id)
+{
+    ScreenView* view = ViewOf(id);
+    if (!WindowInUse(id) || view == nullptr)
+        return;
+    view->SetNormal();
+    {
+        const InResize guard(id);
+        view->SetClientSize(DefaultClientSize(id));
+    }
+    if (view->GraphSize() != DefaultGraph(id))
+        ApplySize(id);
+}
+
+QString ScreenTitle(WindowId id)
+{
+    const ScreenView* view = ViewOf(id);
+    QString caption = view == nullptr ? QString() : view->Caption();
+    if (!caption.isEmpty())
+        return caption;
+    const ScreenRecord* record = ScreenOf(id);
+    return WindowTitle(id, record == nullptr ? QDateTime() : record->Date);
+}
+
+void ScreenStatus(WindowId id, int textId)
+{
+    StatusSet(ScreenTitle(id) + LngStr(kTextSeparator) + LngStr(textId));
+}
+
+void ScreenStatusClear()
+{
+    StatusSet({});
+}
+
+void CopyGraphics(WindowId id)
+{
+    if (!WindowInUse(id))
+        return;
+    ScreenStatus(id, kTextCopying);
+    const QImage picture = ComposeWindow(id);
+    if (picture.isNull() || !TheScreenWindowHooks().SetClipboard(picture))
+        MsgOk(kTextNotCopied);
+    ScreenStatusClear();
+}
+
+} // namespace tarvik

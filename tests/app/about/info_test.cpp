@@ -1,0 +1,136 @@
+#include "app/about/info.h"
+
+#include "app/state/project.h"
+#include "app/text/lang.h"
+#include "tests/support/fixture.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace tarvik {
+
+namespace {
+
+/// A file that bears a version record, as an executable or module does.
+QByteArray FileWithVersion(quint16 build)
+{
+    const TvVersionRecord record = TV_VERSION_RECORD(1, 2, build, 4);
+    return "code before" + QByteArray(reinterpret_cast<const char*>(&record), sizeof record) + "and behind";
+}
+
+void FirmwareOf(int16_t* status, char* out, int32_t outSize)
+{
+    *status = 0;
+    std::snprintf(out, static_cast<size_t>(outSize), "V04.30");
+}
+
+void FirmwareFails(int16_t* status, char* out, int32_t outSize)
+{
+    *status = 3;
+    std::snprintf(out, static_cast<size_t>(outSize), "rest");
+}
+
+} // namespace
+
+class Info : public ProgramTest {
+protected:
+    Info()
+    {
+        TheInfoHooks().ExecutablePath = [this] { return FilePath("program"); };
+        TvFio().GetTvFwVersion = FirmwareOf;
+    }
+
+    static QStringList Names()
+    {
+        QStringList names;
+        for (const InfoRow& row : InfoRows())
+            names.append(row.Name);
+        return names;
+    }
+};
+
+TEST_F(Info, ListsNineFilesInTheirOrder)
+{
+    const auto name = [](Module module) { return ModuleFileName(module); };
+    EXPECT_EQ(Names(),
+        QStringList({ "TARVIK.EXE", "TARVIK.CHM", name(Module::General), name(Module::Pictures), name(Module::Language),
+            name(Module::Traces), name(Module::Channel), name(Module::ListStore), name(Module::ListStore) + " fw" }));
+}
+
+TEST_F(Info, ReadsTheVersionsOutOfTheFiles)
+{
+    Store(FilePath("program"), FileWithVersion(3));
+    Store(FilePath(ModuleFileName(Module::Pictures)), FileWithVersion(7));
+    const auto rows = InfoRows();
+    EXPECT_EQ(rows[0].FileVersion, "1.2.3.4");
+    EXPECT_EQ(rows[0].ProductVersion, "4.3.0.0");
+    EXPECT_EQ(rows[3].FileVersion, "1.2.7.4");
+}
+
+TEST_F(Info, MissingFileShowsItInBothColumns)
+{
+    const auto rows = InfoRows();
+    EXPECT_NE(LngStr(11712), "");
+    for (size_t row = 0; row < 8; ++row) {
+        EXPECT_EQ(rows[row].FileVersion, LngStr(11712)) << row;
+        EXPECT_EQ(rows[row].ProductVersion, LngStr(11712)) << row;
+    }
+}
+
+TEST_F(Info, FileWithoutAVersionShowsItToo)
+{
+    Store(FilePath("program"), "no record here");
+    EXPECT_EQ(InfoRows()[0].FileVersion, LngStr(11712));
+    EXPECT_EQ(InfoRows()[0].ProductVersion, LngStr(11712));
+}
+
+TEST_F(Info, FirmwareComesFromTheListStoreWithoutAnInstrument)
+{
+    EXPECT_EQ(InfoRows()[8].FileVersion, "V04.30");
+    EXPECT_EQ(InfoRows()[8].ProductVersion, "V04.30");
+}
+
+TEST_F(Info, FirmwareThatIsNotToldShowsTheTextForNone)
+{
+    TvFio().GetTvFwVersion = FirmwareFails;
+    EXPECT_EQ(InfoRows()[8].FileVersion, LngStr(11712));
+}
+
+TEST_F(Info, HelpBookTellsItsVersionItself)
+{
+    Program().HelpFilePath = FilePath("TARVIK.chm");
+    QString asked;
+    TheInfoHooks().HelpBookVersion = [&asked](const QString& path) {
+        asked = path;
+        return std::optional<FileVersion>({ "4.3.1.0", "4.3.0.0" });
+    };
+    EXPECT_EQ(InfoRows()[1].FileVersion, "4.3.1.0");
+    EXPECT_EQ(InfoRows()[1].ProductVersion, "4.3.0.0");
+    EXPECT_EQ(asked, FilePath("TARVIK.chm"));
+}
+
+TEST_F(Info, TextPartsItsColumnsByTabs)
+{
+    Store(FilePath("program"), FileWithVersion(3));
+    const QStringList lines = InfoText().split("\r\n");
+    ASSERT_EQ(lines.size(), 10);
+    EXPECT_EQ(lines[0], "TARVIK.EXE\t1.2.3.4\t4.3.0.0");
+    EXPECT_EQ(lines[9], "");
+}
+
+TEST_F(Info, VersionSentenceBearsThePreReleaseTagBehindABlank)
+{
+    EXPECT_EQ(AboutVersionText({}), LngStr1(10014, "4.3.0"));
+    EXPECT_EQ(AboutVersionText("beta 2"), LngStr1(10014, "4.3.0") + " beta 2");
+}
+
+TEST_F(Info, FileThatIsThereWithAZeroVersionShowsIt)
+{
+    TvVersionRecord zero = TV_VERSION_RECORD(0, 0, 0, 0);
+    std::ranges::fill(zero.ProductVersion, 0);
+    Store(FilePath("program"), QByteArray(reinterpret_cast<const char*>(&zero), sizeof zero));
+    EXPECT_EQ(InfoRows()[0].FileVersion, "0.0.0.0");
+    EXPECT_EQ(InfoRows()[0].ProductVersion, "0.0.0.0");
+}
+
+} // namespace tarvik

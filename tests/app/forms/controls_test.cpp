@@ -1,0 +1,236 @@
+// What every form shares: its controls under the hand of a language, their hints, and Escape.
+#include "app/state/frameHooks.h"
+#include "app/text/lang.h"
+#include "closed/loader.h"
+#include "tests/support/forms.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWhatsThis>
+
+namespace tarvik {
+
+namespace {
+
+/// A form whose layout leaves its size free.
+class SizedForm final : public FormBase {
+public:
+    SizedForm()
+        : FormBase("SizedForm")
+    {
+        LngSetForm(this, 11700);
+        auto* box = new QPlainTextEdit;
+        box->setMinimumSize(400, 200);
+        (new QVBoxLayout(this))->addWidget(box);
+    }
+    bool OnLoad() override
+    {
+        DialogPush(*this, false);
+        return true;
+    }
+};
+
+class FormControls : public FormTest {
+protected:
+    /// The language module adjusts every control by these numbers, of which `count` exist.
+    static void Adjust(int16_t count)
+    {
+        static int16_t existing = 0;
+        existing = count;
+        TvLng().LngGetCtrlSize = [](int32_t, int32_t* left, int32_t* top, int32_t* width, int32_t* height) {
+            *left = 150;
+            *top = 300;
+            *width = 450;
+            *height = 600;
+            return existing;
+        };
+    }
+};
+
+} // namespace
+
+TEST_F(FormControls, NothingMovesWithThreeAdjustmentsButAComboBox)
+{
+    Adjust(3);
+    QWidget form;
+    QPushButton button(&form);
+    button.setGeometry(10, 10, 80, 30);
+    LngSetCtrl(&button, 10004);
+    EXPECT_EQ(button.geometry(), QRect(10, 10, 80, 30));
+    QComboBox combo(&form);
+    combo.setGeometry(10, 10, 80, 30);
+    LngSetCtrl(&combo, 10004);
+    EXPECT_EQ(combo.geometry(), QRect(20, 30, 110, 30));
+    EXPECT_EQ(combo.currentText(), "");
+}
+
+TEST_F(FormControls, FourAdjustmentsMoveAndSizeAControl)
+{
+    Adjust(4);
+    QWidget form;
+    QPushButton button(&form);
+    button.setGeometry(10, 10, 80, 30);
+    LngSetCtrl(&button, 10004);
+    EXPECT_EQ(button.geometry(), QRect(20, 30, 110, 70));
+    EXPECT_EQ(button.text(), LngStr(10004));
+}
+
+TEST_F(FormControls, FourAdjustmentsMakeAFormLargerThanItsLayout)
+{
+    SizedForm plain;
+    ShowForm(plain);
+    const QSize before = plain.size();
+    DialogEnd(plain, 0);
+    Adjust(4);
+    SizedForm larger;
+    ShowForm(larger);
+    EXPECT_EQ(larger.windowTitle(), LngStr(11700));
+    EXPECT_EQ(larger.size(), before + QSize(PixelsFromTwips(&larger, 450), PixelsFromTwips(&larger, 600)));
+    DialogEnd(larger, 0);
+    Adjust(3);
+    SizedForm same;
+    ShowForm(same);
+    EXPECT_EQ(same.size(), before);
+    DialogEnd(same, 0);
+}
+
+TEST_F(FormControls, HintsCanChangeLater)
+{
+    QString status;
+    TheFrameHooks().HasActivation = [] { return true; };
+    TheFrameHooks().SetStatusText = [&status](const QString& text) { status = text; };
+    QWidget form;
+    auto* button = NewButton(&form, "BtX", { 10004, 0, 10005 });
+    SetControlHint(button, 10007);
+    PointAt(form, "BtX");
+    EXPECT_EQ(status, LngStr(10007));
+    FrameHooksReset();
+}
+
+TEST_F(FormControls, TwipsAre15InAPixelAt96DotsPerInch)
+{
+    QWidget form;
+    EXPECT_DOUBLE_EQ(TwipsPerPixel(&form), 1440.0 / form.screen()->logicalDotsPerInch());
+    EXPECT_EQ(PixelsFromTwips(&form, TwipsPerPixel(&form) * 24), 24);
+}
+
+namespace {
+
+/// A form with a list, to try what a pop-up does to Escape.
+class ListForm final : public FormBase {
+public:
+    ListForm()
+        : FormBase("ListForm")
+    {
+        auto* combo = NewCombo(this, "CbList", 0);
+        combo->addItems({ "one", "two" });
+        auto* box = NewTextBox(this, "TbText", 0, 20);
+        auto* layout = new QVBoxLayout(this);
+        layout->addWidget(combo);
+        layout->addWidget(box);
+    }
+    bool OnLoad() override
+    {
+        DialogPush(*this, false);
+        return true;
+    }
+};
+
+class Escape : public FormTest { };
+
+} // namespace
+
+TEST_F(Escape, ClosesAFormThatHasNoCancelButton)
+{
+    ListForm form;
+    EXPECT_EQ(RunForm(form, [] { Key(Qt::Key_Escape); }), 1);
+}
+
+TEST_F(Escape, ClosesOneFormForEachPressAndRelease)
+{
+    ListForm lower;
+    ListForm upper;
+    ShowForm(lower);
+    ShowForm(upper);
+    KeyDown(Qt::Key_Escape);
+    EXPECT_TRUE(upper.IsClosed());
+    EXPECT_FALSE(lower.IsClosed());
+    lower.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&lower));
+    KeyUp(Qt::Key_Escape);
+    EXPECT_TRUE(lower.IsClosed());
+}
+
+TEST_F(Escape, IsSeenOnceThoughWidgetsAndWindowGetIt)
+{
+    ListForm lower;
+    ListForm upper;
+    ShowForm(lower);
+    ShowForm(upper);
+    FindControl(upper, "TbText").setFocus();
+    KeyDown(Qt::Key_Escape);
+    EXPECT_TRUE(upper.IsClosed());
+    EXPECT_FALSE(lower.IsClosed());
+    DialogEnd(lower, 0);
+}
+
+TEST_F(Escape, ThatClosesAListLeavesItsFormOpen)
+{
+    ListForm form;
+    ShowForm(form);
+    auto& combo = Find<QComboBox>(form, "CbList");
+    combo.showPopup();
+    QWidget* popup = QApplication::activePopupWidget();
+    ASSERT_NE(popup, nullptr);
+    QTest::keyPress(popup, Qt::Key_Escape);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    KeyUp(Qt::Key_Escape);
+    EXPECT_FALSE(form.IsClosed());
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(form.IsClosed());
+}
+
+/// As a window system sends it: the list closes before the key goes down.
+TEST_F(Escape, ThatClosesAListBeforeItGoesDownLeavesItsFormOpen)
+{
+    ListForm form;
+    ShowForm(form);
+    auto& combo = Find<QComboBox>(form, "CbList");
+    combo.showPopup();
+    QWidget* popup = QApplication::activePopupWidget();
+    ASSERT_NE(popup, nullptr);
+    QKeyEvent before(QEvent::ShortcutOverride, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(popup->windowHandle(), &before);
+    ASSERT_EQ(QApplication::activePopupWidget(), nullptr);
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(form.windowHandle(), &press);
+    KeyUp(Qt::Key_Escape);
+    EXPECT_FALSE(form.IsClosed());
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(Escape, ThatLeavesTheWhatsThisModeLeavesItsFormOpen)
+{
+    ListForm form;
+    ShowForm(form);
+    QWhatsThis::enterWhatsThisMode();
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(QWhatsThis::inWhatsThisMode());
+    ASSERT_FALSE(form.IsClosed());
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(form.IsClosed());
+}
+
+} // namespace tarvik

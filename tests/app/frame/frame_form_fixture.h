@@ -1,0 +1,92 @@
+// tests/app/frame/frame_form_fixture.h: the whole frame after a start, for the tests of what it shows and what it does.
+#pragma once
+
+#include "app/frame/MfMain.h"
+#include "app/frame/commands.h"
+#include "app/frame/dropFiles.h"
+#include "app/frame/menu.h"
+#include "app/help/help.h"
+#include "app/platform/seams.h"
+#include "app/settings/settings.h"
+#include "app/state/frameHooks.h"
+#include "app/state/project.h"
+#include "closed/loader.h"
+#include "tests/support/forms.h"
+
+#include <QAction>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+namespace tarvik {
+
+inline bool linkIsUp = false;
+
+/// The whole frame after a start, in a folder of its own with the real modules.
+class Frame : public FormTest {
+protected:
+    Frame()
+    {
+        linkIsUp = false;
+        for (const char* name : { "tvgen", "tvlng", "tvscpi", "tvfio", "tvswp" }) {
+            const QString file = QLatin1String(name) + QLatin1String(TARVIK_MODULE_SUFFIX);
+            QFile::link(QStringLiteral(TARVIK_MODULES "/") + file, FilePath(file));
+        }
+        TheSeams().StartTimer = [](int, std::function<void()> tick) { QTimer::singleShot(0, qApp, std::move(tick)); };
+        TheHelpHooks().ShowTopic = [this](int number) {
+            topics.append(number);
+            return true;
+        };
+    }
+
+    ~Frame() override
+    {
+        frame.reset();
+        TheHelpHooks() = {};
+        TheDocumentHooks() = {};
+        TheDropHooks() = {};
+        TheProjectHooks() = {};
+        SettingsReset();
+    }
+
+    /// Starts the program; the frame has the activation afterwards.
+    MfMain& Start()
+    {
+        frame = std::make_unique<MfMain>(Folder().chopped(1));
+        if (!frame->Load())
+            qFatal("the frame does not load");
+        TvScpi().scpiGetConnected = [] { return int16_t(linkIsUp ? 0 : 1); };
+        EXPECT_TRUE(QTest::qWaitForWindowActive(frame.get()));
+        return *frame;
+    }
+
+    QAction& Item(const char* name)
+    {
+        auto* action = frame->findChild<QAction*>(QLatin1String(name));
+        if (action == nullptr)
+            qFatal("no %s", name);
+        return *action;
+    }
+
+    QToolButton& Cm(int index)
+    {
+        return Find<QToolButton>(*frame, QStringLiteral("Cm[%1]").arg(index));
+    }
+
+    static void SetLink(bool up)
+    {
+        linkIsUp = up;
+        TheFrameHooks().MenuUpdate();
+    }
+
+    /// Counts the runs of a command.
+    static void Count(Command command, int& runs)
+    {
+        TheCommandHooks()[command] = [&runs] { ++runs; };
+    }
+
+    std::unique_ptr<MfMain> frame;
+    QList<int> topics;
+};
+
+} // namespace tarvik

@@ -1,0 +1,388 @@
+#include "app/about/FmLogo.h"
+#include "app/settings/ini.h"
+#include "app/state/progressBar.h"
+#include "app/state/statusBar.h"
+#include "app/text/lang.h"
+#include "tests/app/frame/frame_form_fixture.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+namespace tarvik {
+
+TEST_F(Frame, StartsWithAllItsControlsUnderTheirNames)
+{
+    MfMain& main = Start();
+    QStringList names{ "MdiArea", "MenuBar", "PbToolbar", "PbStatusBar", "StatusBar", "progressBar", "ImConnect",
+        "ImNoConnect", "Panel[1]", "Panel[2]", "Panel[3]", "Panel[4]" };
+    for (int index = 0; index < kToolButtons; ++index)
+        names.append(QStringLiteral("Cm[%1]").arg(index));
+    ExpectControls(main, names);
+    EXPECT_EQ(main.objectName(), "MfMain");
+    EXPECT_NE(main.findChild<QTimer*>("TmTips"), nullptr);
+    EXPECT_NE(main.findChild<QTimer*>("TmProgress"), nullptr);
+    EXPECT_EQ(main.windowTitle(), LngStr(11800));
+}
+
+TEST_F(Frame, EveryItemBearsItsCaptionAndHelpNumber)
+{
+    Start();
+    const auto expectItem = [this](const MenuEntry& entry) {
+        if (entry.Name == nullptr || entry.Text == 0)
+            return;
+        EXPECT_EQ(Item(entry.Name).text(), LngStr(entry.Text)) << entry.Name;
+        EXPECT_EQ(Item(entry.Name).property(kHelpNumberProperty).toInt(), entry.Help) << entry.Name;
+        EXPECT_EQ(Item(entry.Name).icon().isNull(), entry.Picture == kNoPicture) << entry.Name;
+    };
+    for (const auto* table : { &MenuBarTable(), &PopupTable() }) {
+        for (const MenuGroup& group : *table) {
+            expectItem(group.Head);
+            for (const MenuEntry& entry : group.Items)
+                expectItem(entry);
+        }
+    }
+}
+
+TEST_F(Frame, MnemonicsOfAMenuDoNotRepeat)
+{
+    Start();
+    for (const auto* table : { &MenuBarTable(), &PopupTable() }) {
+        for (const MenuGroup& group : *table) {
+            QStringList seen;
+            for (const MenuEntry& entry : group.Items) {
+                if (entry.Name == nullptr)
+                    continue;
+                const QString caption = Item(entry.Name).text();
+                const QString letter = caption.mid(caption.indexOf(u'&') + 1, 1).toLower();
+                EXPECT_FALSE(seen.contains(letter)) << group.Head.Name << ": " << caption.toStdString();
+                seen.append(letter);
+            }
+        }
+    }
+}
+
+TEST_F(Frame, LaysTheButtonsOutInGroupsWithPitchAndGap)
+{
+    MfMain& main = Start();
+    const int pitch = PixelsFromTwips(&main, 360);
+    const int gap = PixelsFromTwips(&main, 120);
+    int left = Cm(0).x();
+    for (const std::vector<int>& group : ToolBarGroups()) {
+        for (const int index : group) {
+            EXPECT_EQ(Cm(index).x(), left) << index;
+            left += pitch;
+        }
+        left += gap;
+    }
+    for (const int unused : { 17, 18, 19 })
+        EXPECT_FALSE(Cm(unused).isVisible()) << unused;
+}
+
+TEST_F(Frame, MenusAndToolBarAreOffWhileADialogIsOpen)
+{
+    Start();
+    FmLogo dialog{ QPixmap(10, 10) };
+    TheSeams().StartTimer = [](int, const std::function<void()>&) {};
+    ShowForm(dialog);
+    for (const MenuGroup& group : MenuBarTable())
+        EXPECT_FALSE(Item(group.Head.Name).isEnabled()) << group.Head.Name;
+    for (int index = 0; index < kToolButtons; ++index)
+        EXPECT_FALSE(Cm(index).isEnabled()) << index;
+    DialogEnd(dialog, 0);
+    for (const MenuGroup& group : MenuBarTable())
+        EXPECT_TRUE(Item(group.Head.Name).isEnabled()) << group.Head.Name;
+    EXPECT_TRUE(Cm(0).isEnabled());
+    EXPECT_FALSE(Cm(2).isEnabled());
+}
+
+TEST_F(Frame, ShowsTheStateOfTheLink)
+{
+    MfMain& main = Start();
+    EXPECT_FALSE(FindControl(main, "ImConnect").isVisible());
+    EXPECT_TRUE(FindControl(main, "ImNoConnect").isVisible());
+    EXPECT_FALSE(Item("MnInstrDispSc").isEnabled());
+    EXPECT_TRUE(Item("MnInstrConnect").isEnabled());
+    EXPECT_EQ(Item("MnInstrConnect").text(), LngStr(11938));
+    SetLink(true);
+    EXPECT_TRUE(FindControl(main, "ImConnect").isVisible());
+    EXPECT_FALSE(FindControl(main, "ImNoConnect").isVisible());
+    EXPECT_TRUE(Item("MnInstrDispSc").isEnabled());
+    EXPECT_TRUE(Cm(8).isEnabled());
+    EXPECT_EQ(Item("MnInstrConnect").text(), LngStr(11940));
+    EXPECT_EQ(Item("ClMnInstrConnect").property(kHelpNumberProperty).toInt(), 11941);
+    EXPECT_EQ(Cm(0).accessibleName(), LngStr(13820));
+    SetLink(false);
+    EXPECT_EQ(Cm(0).accessibleName(), LngStr(13819));
+    EXPECT_FALSE(Cm(8).isEnabled());
+}
+
+TEST_F(Frame, RunsTheCommandOfAnItemAndOfAButton)
+{
+    Start();
+    int editors = 0;
+    Count(Command::Editor3, editors);
+    Item("MnToolsMemoryListEditor").trigger();
+    Cm(13).click();
+    EXPECT_EQ(editors, 2);
+}
+
+TEST_F(Frame, TellsApartPrintingByMenuAndByButton)
+{
+    Start();
+    TheDocumentHooks().State = [] { return DocumentsState{ true, false, true, false, false, false }; };
+    TheFrameHooks().MenuUpdate();
+    int prints = 0;
+    int printsNow = 0;
+    Count(Command::FilePrint, prints);
+    Count(Command::FilePrintNow, printsNow);
+    Item("MnFilePrint").trigger();
+    Cm(3).click();
+    EXPECT_EQ(prints, 1);
+    EXPECT_EQ(printsNow, 1);
+}
+
+TEST_F(Frame, HidesTheToolBarByItsOwnMenuAndSavesThat)
+{
+    MfMain& main = Start();
+    int retiles = 0;
+    int room = main.ChildArea()->height();
+    TheDocumentHooks().Retile = [&] {
+        ++retiles;
+        room = main.ChildArea()->height() - room;
+    };
+    const int barHeight = FindControl(main, "PbToolbar").height();
+    Item("TbMnHide").trigger();
+    EXPECT_EQ(room, barHeight) << "the room that they are tiled in";
+    EXPECT_FALSE(FindControl(main, "PbToolbar").isVisible());
+    EXPECT_FALSE(Program().ToolbarOn);
+    EXPECT_FALSE(Item("MnViewToolbar").isChecked());
+    EXPECT_FALSE(Item("ClMnViewToolbar").isChecked());
+    EXPECT_EQ(retiles, 1);
+    main.close();
+    EXPECT_FALSE(IniReadBool(FilePath("Tarvik.ini"), "Window", "Toolbar", true));
+}
+
+TEST_F(Frame, TogglesTheStatusBarFromEachOfItsItems)
+{
+    MfMain& main = Start();
+    bool on = true;
+    for (const char* item : { "MnViewStatusBar", "ClMnViewStatusBar", "SbMnHide", "MnViewStatusBar" }) {
+        Item(item).trigger();
+        on = !on;
+        EXPECT_EQ(FindControl(main, "PbStatusBar").isVisible(), on) << item;
+        EXPECT_EQ(Item("MnViewStatusBar").isChecked(), on) << item;
+        EXPECT_EQ(Program().StatusBarOn, on) << item;
+    }
+}
+
+TEST_F(Frame, EnablesTheDocumentWindowsWithTheMenus)
+{
+    Start();
+    QList<bool> enabled;
+    TheDocumentHooks().Enable = [&enabled](bool on) { enabled.append(on); };
+    BeginBusy();
+    EndBusy();
+    EXPECT_EQ(enabled, (QList<bool>{ false, true }));
+}
+
+TEST_F(Frame, UpdatesItsMenusWhenAChildIsActivated)
+{
+    MfMain& main = Start();
+    QMdiSubWindow* first = main.ChildArea()->addSubWindow(new QLineEdit);
+    QMdiSubWindow* second = main.ChildArea()->addSubWindow(new QLineEdit);
+    first->show();
+    second->show();
+    TheDocumentHooks().State = [] { return DocumentsState{ true, false, true, false, false, false }; };
+    EXPECT_FALSE(Cm(2).isEnabled());
+    main.ChildArea()->setActiveSubWindow(first);
+    EXPECT_TRUE(Cm(2).isEnabled());
+}
+
+TEST_F(Frame, GivesTheFocusBackToTheActiveChildAfterEachButtonButTheLast)
+{
+    MfMain& main = Start();
+    TheHelpHooks().EnterWhatsThis = {};
+    auto* box = new QLineEdit;
+    main.ChildArea()->addSubWindow(box)->show();
+    for (const int index : { 0, 11 }) {
+        Cm(index).setFocus();
+        Cm(index).click();
+        EXPECT_TRUE(box->hasFocus()) << index;
+    }
+    Cm(20).setFocus();
+    Cm(20).click();
+    EXPECT_TRUE(Cm(20).hasFocus());
+}
+
+TEST_F(Frame, LeavesTheFocusOnItsButtonWithoutAChild)
+{
+    Start();
+    Cm(11).setFocus();
+    Cm(11).click();
+    EXPECT_TRUE(Cm(11).hasFocus());
+    Item("MnToolsAntennaListEditor").trigger();
+    EXPECT_TRUE(Cm(11).hasFocus());
+}
+
+TEST_F(Frame, LeavesTheFocusWhereACommandHasPutIt)
+{
+    MfMain& main = Start();
+    auto* box = new QLineEdit;
+    TheCommandHooks()[Command::Editor1] = [&main, box] {
+        main.ChildArea()->addSubWindow(box)->show();
+        box->setFocus();
+    };
+    Cm(1).setFocus();
+    Item("MnToolsAntennaListEditor").trigger();
+    EXPECT_TRUE(box->hasFocus());
+}
+
+TEST_F(Frame, ChecksTheDescriptionOfTheActiveWindow)
+{
+    Start();
+    for (const bool isVisible : { true, false }) {
+        TheDocumentHooks().State = [isVisible] { return DocumentsState{ true, false, true, false, false, isVisible }; };
+        TheFrameHooks().MenuUpdate();
+        EXPECT_TRUE(Item("MnViewDescription").isEnabled());
+        EXPECT_EQ(Item("MnViewDescription").isChecked(), isVisible);
+        EXPECT_EQ(Item("MnOptionsDescr").isEnabled(), isVisible);
+    }
+}
+
+TEST_F(Frame, ResetsTheCaptionOfTheLiveScreenWhileTheLinkIsUp)
+{
+    Start();
+    Item("MnInstrDispSc").setText("another");
+    SetLink(false);
+    EXPECT_EQ(Item("MnInstrDispSc").text(), "another");
+    SetLink(true);
+    EXPECT_EQ(Item("MnInstrDispSc").text(), LngStr(11936));
+    EXPECT_EQ(Item("MnInstrDispSc").property(kHelpNumberProperty).toInt(), 11937);
+}
+
+TEST_F(Frame, KeepsACheckMarkThatItsCommandDidNotChange)
+{
+    Start();
+    EXPECT_FALSE(Item("MnWindowAutotile").isChecked());
+    Item("MnWindowAutotile").trigger();
+    EXPECT_FALSE(Item("MnWindowAutotile").isChecked());
+}
+
+TEST_F(Frame, DrawsTheProgressWithWhiteAndBlackCharacters)
+{
+    MfMain& main = Start();
+    QWidget& picture = FindControl(main, "progressBar");
+    const QImage empty = picture.grab().toImage();
+    ProgressStart(4);
+    ProgressAdd(2);
+    EXPECT_EQ(picture.accessibleDescription(), "50%");
+    const QImage half = picture.grab().toImage();
+    int white = 0;
+    int black = 0;
+    for (int y = 2; y < half.height() - 2; ++y) {
+        for (int x = 2; x < half.width() - 2; ++x) {
+            white += half.pixelColor(x, y).lightness() > 235 ? 1 : 0;
+            black += half.pixelColor(x, y).lightness() < 60 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(white, 0);
+    EXPECT_GT(black, 0);
+    EXPECT_TRUE(main.findChild<QTimer*>("TmProgress")->isActive());
+    EXPECT_EQ(main.findChild<QTimer*>("TmProgress")->interval(), 200);
+    ProgressEnd();
+    EXPECT_FALSE(main.findChild<QTimer*>("TmProgress")->isActive());
+    EXPECT_EQ(picture.grab().toImage(), empty);
+}
+
+TEST_F(Frame, TipTimerStartsSlowAndGoesOnFast)
+{
+    MfMain& main = Start();
+    auto* timer = main.findChild<QTimer*>("TmTips");
+    EXPECT_EQ(timer->interval(), 1000);
+    int checks = 0;
+    TheDocumentHooks().CheckPendingResize = [&checks] { ++checks; };
+    QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection, QGenericArgument());
+    EXPECT_EQ(timer->interval(), 50);
+    EXPECT_EQ(checks, 1);
+}
+
+TEST_F(Frame, TakesItsStatusBarOutOfUseWhileAnEditorIsOpen)
+{
+    MfMain& main = Start();
+    TheFrameHooks().EnableStatusBar(false);
+    EXPECT_FALSE(FindControl(main, "StatusBar").isEnabled());
+    TheFrameHooks().EnableStatusBar(true);
+    EXPECT_TRUE(FindControl(main, "StatusBar").isEnabled());
+}
+
+TEST_F(Frame, EndsALongStatusTextInDotsAndTellsAllOfItInATip)
+{
+    MfMain& main = Start();
+    const int width = main.width();
+    QWidget& panel = FindControl(main, "Panel[3]");
+    const QString text(200, u'm');
+    TheFrameHooks().SetPanelText(3, text);
+    TheFrameHooks().SetPanelText(1, text.repeated(20));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(main.width(), width);
+    EXPECT_EQ(TextOf(main, "Panel[3]"), text);
+    QHelpEvent ask(QEvent::ToolTip, QPoint(5, 5), panel.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&panel, &ask);
+    EXPECT_EQ(panel.toolTip(), PlainTip(text));
+    const QImage cut = panel.grab().toImage();
+    TheFrameHooks().SetPanelText(3, panel.fontMetrics().elidedText(text, Qt::ElideRight, panel.width()));
+    EXPECT_EQ(panel.grab().toImage(), cut);
+    QApplication::sendEvent(&panel, &ask);
+    EXPECT_EQ(panel.toolTip(), "");
+}
+
+/// Paints of a control.
+class PaintCounter final : public QObject {
+public:
+    explicit PaintCounter(QWidget& control)
+    {
+        control.installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        Count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int Count = 0;
+};
+
+TEST_F(Frame, DrawsTheTextOfAJobAtOnce)
+{
+    MfMain& main = Start();
+    QCoreApplication::processEvents();
+    PaintCounter paints(FindControl(main, "Panel[1]"));
+    StatusJob("Reading the drives...");
+    EXPECT_EQ(paints.Count, 1) << "a job may let no events run";
+    StatusClear();
+}
+
+TEST_F(Frame, SetsItsEmptyAreaApartFromItsBarsOnAnyPalette)
+{
+    MfMain& main = Start();
+    QPalette palette = main.palette();
+    const auto areaOn = [&](int lightness) {
+        palette.setColor(QPalette::Window, QColor(lightness, lightness, lightness));
+        main.setPalette(palette);
+        return main.ChildArea()->background().color().lightness();
+    };
+    EXPECT_LT(areaOn(0xEF), 0xEF - 20);
+    EXPECT_GT(areaOn(0x2A), 0x2A + 10);
+}
+
+TEST_F(Frame, TabReachesEveryButtonOnce)
+{
+    MfMain& main = Start();
+    SetLink(true);
+    ExpectTabOrder(main);
+    ExpectNothingClipped(main);
+}
+
+} // namespace tarvik

@@ -1,0 +1,240 @@
+// How the frame comes up and goes down.
+#include "app/settings/ini.h"
+#include "app/state/progressBar.h"
+#include "app/state/statusBar.h"
+#include "tests/app/frame/frame_form_fixture.h"
+#include "tests/support/fakeDialog.h"
+
+#include <QApplication>
+#include <QLabel>
+
+namespace tarvik {
+
+TEST_F(Frame, GivesTheFirstButtonTheFocusAtTheEndOfTheStart)
+{
+    Start();
+    EXPECT_TRUE(Cm(0).hasFocus());
+}
+
+TEST_F(Frame, StartsWithTheBarsThatTheSettingsAskFor)
+{
+    IniWriteBool(FilePath("Tarvik.ini"), "Window", "Toolbar", false);
+    IniWriteBool(FilePath("Tarvik.ini"), "Window", "Statusbar", false);
+    MfMain& main = Start();
+    EXPECT_FALSE(FindControl(main, "PbToolbar").isVisible());
+    EXPECT_FALSE(FindControl(main, "PbStatusBar").isVisible());
+    EXPECT_FALSE(Item("MnViewToolbar").isChecked());
+    EXPECT_FALSE(Item("MnViewStatusBar").isChecked());
+}
+
+TEST_F(Frame, StandsWhereItStoodLast)
+{
+    IniWriteInt(FilePath("Tarvik.ini"), "Tarvik", "WinState", 0);
+    IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinWidth", 9000);
+    IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinHeight", 6000);
+    IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinLeft", 150);
+    IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinTop", 300);
+    MfMain& main = Start();
+    EXPECT_EQ(main.pos(), QPoint(10, 20)) << "of the title bar";
+    EXPECT_EQ(main.size(), QSize(600, 400));
+    EXPECT_FALSE(main.isMaximized());
+    main.close();
+    EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinWidth", 0), static_cast<float>(main.width()) * 15.0F);
+    EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinLeft", 0), 150.0F);
+}
+
+TEST_F(Frame, GivesItsPictureToTheLogoAndFreesIt)
+{
+    QSize shown;
+    QSize kept;
+    TheSeams().StartTimer = [&](int, std::function<void()> tick) {
+        kept = Find<QLabel>(*frame, "ImLogoMr").pixmap(Qt::ReturnByValue).size();
+        shown = Find<QLabel>(dynamic_cast<QWidget&>(*DialogTop()), "ImLogo").pixmap(Qt::ReturnByValue).size();
+        EXPECT_FALSE(frame->isVisible());
+        QTimer::singleShot(0, qApp, std::move(tick));
+    };
+    Start();
+    EXPECT_FALSE(kept.isEmpty());
+    EXPECT_EQ(shown, kept);
+    EXPECT_TRUE(Find<QLabel>(*frame, "ImLogoMr").pixmap(Qt::ReturnByValue).isNull());
+}
+
+TEST_F(Frame, IsMaximisedWithoutSettings)
+{
+    MfMain& main = Start();
+    EXPECT_TRUE(main.isMaximized());
+    EXPECT_EQ(Program().MainWindowState, WinStateMaximised);
+}
+
+TEST_F(Frame, KeepsItsRestoredSizeWhileItIsMaximised)
+{
+    IniWriteInt(FilePath("Tarvik.ini"), "Tarvik", "WinState", 2);
+    IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinWidth", 9000);
+    IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinHeight", 6000);
+    IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinLeft", 150);
+    IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinTop", 300);
+    MfMain& main = Start();
+    EXPECT_TRUE(main.isMaximized());
+    main.close();
+    EXPECT_EQ(IniReadInt(FilePath("Tarvik.ini"), "Tarvik", "WinState", 0), 2);
+    EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinWidth", 0), 9000.0F);
+    EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinHeight", 0), 6000.0F);
+    EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinLeft", 0), 150.0F);
+    EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinTop", 0), 300.0F);
+}
+
+TEST_F(Frame, RefusesToCloseWhileACommandRuns)
+{
+    MfMain& main = Start();
+    BeginBusy();
+    EXPECT_FALSE(main.close());
+    EXPECT_FALSE(QFile::exists(FilePath("Tarvik.ini")));
+    EndBusy();
+    EXPECT_TRUE(main.close());
+}
+
+TEST_F(Frame, RefusesToCloseBeforeTheStartIsOver)
+{
+    bool closed = true;
+    TheProjectHooks().AutoConnect = [this, &closed](bool) { closed = frame->close(); };
+    Start();
+    EXPECT_FALSE(closed);
+    EXPECT_TRUE(frame->isVisible());
+}
+
+TEST_F(Frame, ClosesByItsExitItem)
+{
+    MfMain& main = Start();
+    Item("MnFileExit").trigger();
+    EXPECT_FALSE(main.isVisible());
+    EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
+}
+
+TEST_F(Frame, StaysWhenAPromptWasCancelled)
+{
+    MfMain& main = Start();
+    TheProjectHooks().CloseAllDocuments = [] { return false; };
+    EXPECT_FALSE(main.close());
+    EXPECT_TRUE(main.isVisible());
+    EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
+}
+
+TEST_F(Frame, LeavesNoHookBehind)
+{
+    Start();
+    frame.reset();
+    TheFrameHooks().MenuUpdate();
+    TheFrameHooks().SetStatusText("x");
+    EXPECT_TRUE(CommandRun(Command::ViewToolbar));
+    ProgressStart(2);
+    ProgressEnd();
+}
+
+TEST_F(Frame, EndsAtOnceWithoutALibrary)
+{
+    QFile::remove(FilePath(ModuleFileName(Module::ListStore)));
+    Answers().Expect(12705, { ModuleFileName(Module::ListStore).toUpper() }, Ok);
+    frame = std::make_unique<MfMain>(Folder().chopped(1));
+    EXPECT_FALSE(frame->Load());
+    EXPECT_FALSE(frame->isVisible());
+}
+
+TEST_F(Frame, AWishToCloseDuringTheStartWaitsForItsEnd)
+{
+    TheSeams().StartTimer = [this](int, std::function<void()> tick) {
+        frame->CloseWhenPossible();
+        EXPECT_FALSE(Program().Started);
+        QTimer::singleShot(0, qApp, std::move(tick)); // ends the logo
+    };
+    frame = std::make_unique<MfMain>(Folder().chopped(1));
+    EXPECT_TRUE(frame->Load());
+    EXPECT_TRUE(Program().Started);
+    EXPECT_TRUE(frame->isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(frame->isVisible());
+    EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
+}
+
+TEST_F(Frame, AWishToCloseWaitsForTheEndOfACommand)
+{
+    MfMain& main = Start();
+    BeginBusy();
+    main.CloseWhenPossible();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(main.isVisible());
+    EndBusy();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(main.isVisible());
+    EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
+}
+
+TEST_F(Frame, AWishToCloseWaitsForADialog)
+{
+    MfMain& main = Start();
+    FakeDialog dialog;
+    dialog.WhileOpen = [&main, &dialog] {
+        main.CloseWhenPossible();
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(main.isVisible());
+        EXPECT_FALSE(dialog.WasUnloaded);
+    };
+    DialogShow(dialog);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(main.isVisible());
+}
+
+TEST_F(Frame, AWishToCloseTakesADialogAlongThatHoldsNothing)
+{
+    MfMain& main = Start();
+    FakeDialog dialog;
+    dialog.Goes = true;
+    dialog.WhileOpen = [&main, &dialog] {
+        main.CloseWhenPossible();
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(dialog.WasUnloaded);
+    };
+    DialogShow(dialog);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(main.isVisible());
+}
+
+TEST_F(Frame, AWishToCloseWaitsForTheDialogAboveOneThatHoldsNothing)
+{
+    MfMain& main = Start();
+    FakeDialog above;
+    above.WhileOpen = [&main] {
+        main.CloseWhenPossible();
+        QCoreApplication::processEvents();
+    };
+    FakeDialog below;
+    below.Goes = true;
+    below.WhileOpen = [&above, &below] {
+        DialogShow(above);
+        EXPECT_FALSE(below.WasUnloaded);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(below.WasUnloaded);
+    };
+    DialogShow(below);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(main.isVisible());
+}
+
+TEST_F(Frame, AWishToCloseIsOverWhenAPromptWasCancelled)
+{
+    MfMain& main = Start();
+    int prompts = 0;
+    TheProjectHooks().CloseAllDocuments = [&prompts] {
+        ++prompts;
+        return false;
+    };
+    main.CloseWhenPossible();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(prompts, 1);
+    BeginBusy();
+    EndBusy();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(prompts, 1);
+    EXPECT_TRUE(main.isVisible());
+}
+
+} // namespace tarvik

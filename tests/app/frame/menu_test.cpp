@@ -1,0 +1,321 @@
+#include "app/frame/commands.h"
+#include "app/frame/menu.h"
+#include "app/state/linkState.h"
+#include "app/state/project.h"
+#include "closed/loader.h"
+#include "tests/support/fixture.h"
+
+namespace tarvik {
+
+namespace {
+
+class MenuUpdate : public ProgramTest {
+protected:
+    /// Started, able to act, link up, a document of each kind open: everything is on.
+    static MenuInput AllOn()
+    {
+        MenuInput input;
+        input.Started = true;
+        input.CanAct = true;
+        input.LinkUp = true;
+        input.Documents.Active = true;
+        input.Documents.AnyMinimised = true;
+        input.Documents.AnyShown = true;
+        input.Documents.DescriptionVisible = true;
+        return input;
+    }
+
+    static MenuOutcome Compute(const MenuInput& input)
+    {
+        bool disabled = false;
+        return MenuCompute(input, disabled).value();
+    }
+
+    /// True, false, or empty for an item that is left as it is.
+    static std::optional<bool> State(const MenuInput& input, const char* name)
+    {
+        return Compute(input).Entry(*MenuFind(QLatin1String(name)));
+    }
+
+    static void ExpectStates(const MenuInput& input, const std::vector<const char*>& names, bool enabled)
+    {
+        for (const char* name : names)
+            EXPECT_EQ(State(input, name), std::optional<bool>(enabled)) << name;
+    }
+
+    static void ExpectButtons(const MenuInput& input, const std::vector<int>& buttons, bool enabled)
+    {
+        const MenuOutcome outcome = Compute(input);
+        for (const int button : buttons)
+            EXPECT_EQ(outcome.Buttons[static_cast<size_t>(button)], enabled) << button;
+    }
+};
+
+const std::vector<const char*> kDocumentItems{ "MnFileClose", "MnFileSaveAs", "MnFilePrintPreview", "MnFilePrint",
+    "MnOptionsColor", "MnWindowClose", "MnWindowCloseAll", "MnEditCopyGraph" };
+const std::vector<const char*> kLinkItems{ "MnInstrDispSc", "MnInstrAntennaListControl", "MnInstrKfactorControl",
+    "MnInstrMemoryListControl", "MnInstrSuppressListControl", "MnInstrCorrectionSetControl" };
+const std::vector<const char*> kArrangeItems{ "MnWindowCascade", "MnWindowTileHoriz", "MnWindowTileVert" };
+const std::vector<int> kActButtons{ 0, 1, 11, 12, 13, 14, 15, 20 };
+const std::vector<int> kDocumentButtons{ 2, 3, 4, 5 };
+const std::vector<int> kLinkButtons{ 6, 7, 8, 9, 10, 16 };
+
+} // namespace
+
+TEST_F(MenuUpdate, MenusAndActButtonsAreOnWhenTheProgramCanAct)
+{
+    MenuInput input;
+    input.Started = true;
+    input.CanAct = true;
+    EXPECT_TRUE(Compute(input).MenusEnabled);
+    ExpectButtons(input, kActButtons, true);
+    input.CanAct = false;
+    EXPECT_FALSE(Compute(input).MenusEnabled);
+    ExpectButtons(input, kActButtons, false);
+}
+
+TEST_F(MenuUpdate, EverythingIsOffBeforeTheStartIsOver)
+{
+    MenuInput input = AllOn();
+    input.Started = false;
+    const MenuOutcome outcome = Compute(input);
+    EXPECT_FALSE(outcome.MenusEnabled);
+    for (const bool button : outcome.Buttons)
+        EXPECT_FALSE(button);
+}
+
+TEST_F(MenuUpdate, EverythingIsOffWhileADialogIsOpen)
+{
+    MenuInput input = AllOn();
+    input.CanAct = false;
+    const MenuOutcome outcome = Compute(input);
+    EXPECT_FALSE(outcome.MenusEnabled);
+    for (const bool button : outcome.Buttons)
+        EXPECT_FALSE(button);
+}
+
+TEST_F(MenuUpdate, DocumentItemsFollowTheActiveDocument)
+{
+    MenuInput input = AllOn();
+    ExpectStates(input, kDocumentItems, true);
+    ExpectButtons(input, kDocumentButtons, true);
+    input.Documents.Active = false;
+    ExpectStates(input, kDocumentItems, false);
+    ExpectButtons(input, kDocumentButtons, false);
+}
+
+TEST_F(MenuUpdate, LinkItemsFollowTheLink)
+{
+    MenuInput input = AllOn();
+    ExpectStates(input, kLinkItems, true);
+    ExpectButtons(input, kLinkButtons, true);
+    input.LinkUp = false;
+    ExpectStates(input, kLinkItems, false);
+    ExpectButtons(input, kLinkButtons, false);
+}
+
+TEST_F(MenuUpdate, TheConnectItemIsNeverTouched)
+{
+    MenuInput input = AllOn();
+    EXPECT_EQ(State(input, "MnInstrConnect"), std::nullopt);
+    input.LinkUp = false;
+    EXPECT_EQ(State(input, "MnInstrConnect"), std::nullopt);
+}
+
+TEST_F(MenuUpdate, ItemsWithoutARuleAreNeverTouched)
+{
+    const QStringList free{ "MnFileOpen", "MnFileTvConvert", "MnFilePageSetup", "MnFilePrintSetup", "MnFileExit",
+        "MnViewToolbar", "MnViewStatusBar", "MnInstrConnect", "MnToolsAntennaListEditor", "MnToolsKfactorEditor",
+        "MnToolsMemoryListEditor", "MnToolsSuppressListEditor", "MnToolsCorrectionSetEditor", "MnWindowAutotile",
+        "MnHelpContents", "MnHelpIndex", "MnHelpSearch", "MnHelpWhatsThis", "MnHelpSupport", "MnHelpAbout" };
+    MenuInput nothing;
+    nothing.Started = true;
+    nothing.CanAct = true;
+    for (const MenuGroup& group : MenuBarTable()) {
+        for (const MenuEntry& entry : group.Items) {
+            if (entry.Name != nullptr) {
+                const bool isFree = free.contains(QLatin1String(entry.Name));
+                EXPECT_EQ(Compute(nothing).Entry(entry).has_value(), !isFree) << entry.Name;
+            }
+        }
+    }
+}
+
+TEST_F(MenuUpdate, ArrangingNeedsAWindowThatIsNotMinimised)
+{
+    MenuInput input = AllOn();
+    ExpectStates(input, kArrangeItems, true);
+    input.Documents.AnyShown = false;
+    ExpectStates(input, kArrangeItems, false);
+    input = AllOn();
+    input.Documents.Active = false;
+    ExpectStates(input, kArrangeItems, false);
+}
+
+TEST_F(MenuUpdate, ArrangingIconsNeedsAMinimisedWindow)
+{
+    MenuInput input = AllOn();
+    ExpectStates(input, { "MnWindowArrangeIcons" }, true);
+    input.Documents.AnyMinimised = false;
+    ExpectStates(input, { "MnWindowArrangeIcons" }, false);
+    input = AllOn();
+    input.Documents.Active = false;
+    ExpectStates(input, { "MnWindowArrangeIcons" }, false);
+}
+
+TEST_F(MenuUpdate, DefaultSizeNeedsADocumentOffItsDefaultSize)
+{
+    MenuInput input = AllOn();
+    ExpectStates(input, { "MnWindowDefSize" }, true);
+    input.Documents.ActiveAtDefaultSize = true;
+    ExpectStates(input, { "MnWindowDefSize" }, false);
+    input = AllOn();
+    input.Documents.Active = false;
+    ExpectStates(input, { "MnWindowDefSize" }, false);
+}
+
+TEST_F(MenuUpdate, TheDescriptionNeedsAWindowThatIsNotMaximised)
+{
+    MenuInput input = AllOn();
+    ExpectStates(input, { "MnViewDescription" }, true);
+    EXPECT_EQ(Compute(input).DescriptionEnabled, std::optional<bool>(true));
+    input.Documents.ActiveIsMaximised = true;
+    ExpectStates(input, { "MnViewDescription" }, false);
+    EXPECT_EQ(Compute(input).DescriptionEnabled, std::optional<bool>(false));
+    input.Documents.Active = false;
+    ExpectStates(input, { "MnViewDescription" }, false);
+    EXPECT_EQ(Compute(input).DescriptionEnabled, std::nullopt);
+}
+
+TEST_F(MenuUpdate, DescriptionSettingsNeedAVisibleDescriptionToo)
+{
+    MenuInput input = AllOn();
+    ExpectStates(input, { "MnOptionsDescr" }, true);
+    input.Documents.DescriptionVisible = false;
+    ExpectStates(input, { "MnOptionsDescr" }, false);
+    input = AllOn();
+    input.Documents.ActiveIsMaximised = true;
+    ExpectStates(input, { "MnOptionsDescr" }, false);
+}
+
+TEST_F(MenuUpdate, TheDescriptionsCheckFollowsTheActiveWindow)
+{
+    MenuInput input = AllOn();
+    EXPECT_EQ(Compute(input).DescriptionChecked, std::optional<bool>(true));
+    input.Documents.DescriptionVisible = false;
+    EXPECT_EQ(Compute(input).DescriptionChecked, std::optional<bool>(false));
+    input.CanAct = false;
+    EXPECT_EQ(Compute(input).DescriptionChecked, std::nullopt);
+}
+
+TEST_F(MenuUpdate, ButtonsWithoutCommandStayOffInEveryState)
+{
+    ExpectButtons(AllOn(), { 17, 18, 19 }, false);
+    ExpectButtons(MenuInput(), { 17, 18, 19 }, false);
+}
+
+TEST_F(MenuUpdate, ItemsOfADisabledMenuAreLeftAsTheyAre)
+{
+    MenuInput input = AllOn();
+    input.CanAct = false;
+    for (const char* name : kDocumentItems)
+        EXPECT_EQ(State(input, name), std::nullopt) << name;
+}
+
+TEST_F(MenuUpdate, ConnectCaptionTellsTheLink)
+{
+    MenuInput input = AllOn();
+    EXPECT_EQ(Compute(input).Connect.Text, 11940);
+    EXPECT_EQ(Compute(input).Connect.Help, 11941);
+    EXPECT_TRUE(Compute(input).ResetLiveScreenCaption);
+    EXPECT_TRUE(Compute(input).LinkUp);
+    input.LinkUp = false;
+    EXPECT_EQ(Compute(input).Connect.Text, 11938);
+    EXPECT_EQ(Compute(input).Connect.Help, 11939);
+    EXPECT_FALSE(Compute(input).ResetLiveScreenCaption);
+    EXPECT_FALSE(Compute(input).LinkUp);
+}
+
+TEST_F(MenuUpdate, SecondUpdateWithMenusOffDoesNothing)
+{
+    MenuInput input = AllOn();
+    input.CanAct = false;
+    bool disabled = false;
+    EXPECT_TRUE(MenuCompute(input, disabled));
+    EXPECT_TRUE(disabled);
+    EXPECT_FALSE(MenuCompute(input, disabled));
+    input.CanAct = true;
+    EXPECT_TRUE(MenuCompute(input, disabled));
+    EXPECT_FALSE(disabled);
+}
+
+TEST_F(MenuUpdate, BeforeTheStartEachUpdateSwitchesOff)
+{
+    MenuInput input;
+    bool disabled = true;
+    EXPECT_TRUE(MenuCompute(input, disabled));
+    EXPECT_TRUE(disabled);
+}
+
+TEST_F(MenuUpdate, InputComesFromTheProgram)
+{
+    Program().Started = true;
+    EXPECT_TRUE(MenuInputNow().Started);
+    EXPECT_TRUE(MenuInputNow().CanAct);
+    EXPECT_FALSE(MenuInputNow().LinkUp);
+    EXPECT_FALSE(MenuInputNow().Documents.Active);
+    Program().Idle = false;
+    EXPECT_FALSE(MenuInputNow().CanAct);
+    TvScpi().scpiGetConnected = [] { return int16_t(0); };
+    EXPECT_TRUE(MenuInputNow().LinkUp);
+    ModulesReset();
+    EXPECT_FALSE(LinkIsUp());
+}
+
+namespace {
+
+class Commands : public ProgramTest {
+protected:
+    ~Commands() override
+    {
+        CommandHooksReset();
+    }
+};
+
+} // namespace
+
+TEST_F(Commands, RunBetweenBeginBusyAndEndBusy)
+{
+    bool idleWithin = true;
+    TheCommandHooks()[Command::FileOpen] = [&idleWithin] { idleWithin = Program().Idle; };
+    EXPECT_TRUE(CommandRun(Command::FileOpen));
+    EXPECT_FALSE(idleWithin);
+    EXPECT_TRUE(Program().Idle);
+}
+
+TEST_F(Commands, DoNotRunWhileAnotherOneRuns)
+{
+    int runs = 0;
+    TheCommandHooks()[Command::FileOpen] = [&runs] {
+        ++runs;
+        EXPECT_FALSE(CommandRun(Command::FileOpen));
+    };
+    EXPECT_TRUE(CommandRun(Command::FileOpen));
+    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(Commands, TheExitRunsWhileTheProgramIsIdle)
+{
+    bool canAct = false;
+    TheCommandHooks()[Command::FileExit] = [&canAct] { canAct = CanAct(); };
+    EXPECT_TRUE(CommandRun(Command::FileExit));
+    EXPECT_TRUE(canAct);
+}
+
+TEST_F(Commands, OneThatIsNotBoundDoesNothing)
+{
+    EXPECT_TRUE(CommandRun(Command::OptionsColor));
+    EXPECT_TRUE(Program().Idle);
+}
+
+} // namespace tarvik

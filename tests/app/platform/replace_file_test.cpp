@@ -1,0 +1,176 @@
+#include "app/platform/replaceFile.h"
+#include "tests/support/fixture.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#if defined(Q_OS_UNIX)
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
+namespace tarvik {
+
+class ReplaceFileTest : public ProgramTest {
+protected:
+    QStringList Names() const
+    {
+        return QDir(Folder()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+};
+
+TEST_F(ReplaceFileTest, MakesAFileThatEveryoneMayReadAsUsual)
+{
+    QFile plain(FilePath("plain"));
+    ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
+    plain.close();
+    ASSERT_TRUE(ReplaceFile(FilePath("a"), "text"));
+    EXPECT_EQ(Contents(FilePath("a")), "text");
+    EXPECT_EQ(QFile::permissions(FilePath("a")), QFile::permissions(FilePath("plain")));
+    EXPECT_EQ(Names(), QStringList({ "a", "plain" }));
+}
+
+TEST_F(ReplaceFileTest, KeepsThePermissionsOfTheOldFile)
+{
+    Store(FilePath("a"), "old");
+    QFile::setPermissions(FilePath("a"), QFile::ReadOwner | QFile::WriteOwner);
+    const QFile::Permissions before = QFile::permissions(FilePath("a"));
+    ASSERT_TRUE(ReplaceFile(FilePath("a"), "new"));
+    EXPECT_EQ(Contents(FilePath("a")), "new");
+    EXPECT_EQ(QFile::permissions(FilePath("a")), before);
+}
+
+TEST_F(ReplaceFileTest, RefusesAReadOnlyFile)
+{
+    Store(FilePath("a"), "old");
+    QFile::setPermissions(FilePath("a"), QFile::ReadOwner);
+    EXPECT_FALSE(ReplaceFile(FilePath("a"), "new"));
+    EXPECT_EQ(Contents(FilePath("a")), "old");
+    EXPECT_EQ(Names(), QStringList("a"));
+}
+
+TEST_F(ReplaceFileTest, RefusesAFolderAndAPlaceThatIsNotThere)
+{
+    EXPECT_FALSE(ReplaceFile(Folder(), "x"));
+    EXPECT_FALSE(ReplaceFile(FilePath("none/a"), "x"));
+    EXPECT_TRUE(Names().isEmpty());
+}
+
+TEST_F(ReplaceFileTest, FollowsALink)
+{
+    Store(FilePath("target"), "old");
+    ASSERT_TRUE(QFile::link(FilePath("target"), FilePath("link")));
+    ASSERT_TRUE(ReplaceFile(FilePath("link"), "new"));
+    EXPECT_TRUE(QFileInfo(FilePath("link")).isSymLink());
+    EXPECT_EQ(Contents(FilePath("target")), "new");
+}
+
+TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeftAboveALinkedFolder)
+{
+    ASSERT_TRUE(QDir(Folder()).mkpath("other/place"));
+    ASSERT_TRUE(QFile::link(FilePath("other/place"), FilePath("here")));
+    Store(FilePath("other/.a.AbCdEf.part"), "half");
+    ASSERT_TRUE(ReplaceFile(FilePath("here/../a"), "new"));
+    EXPECT_EQ(QDir(FilePath("other")).entryList(QDir::Files | QDir::Hidden), QStringList("a"));
+}
+
+TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeft)
+{
+    Store(FilePath(".a.AbCdEf.part"), "half");
+    const QStringList others{ ".a.AbCdEf.test", ".a.movie.2.part", ".ab.AbCdEf.part", "a.txt" };
+    for (const QString& name : others)
+        Store(FilePath(name), "of the user");
+    ASSERT_TRUE(ReplaceFile(FilePath("a"), "x"));
+    EXPECT_EQ(Names(), QStringList(others.mid(0, 3)) + QStringList({ "a", "a.txt" }));
+}
+
+TEST_F(ReplaceFileTest, WritesNothingAsAnEmptyFile)
+{
+    ASSERT_TRUE(ReplaceFile(FilePath("a"), {}));
+    EXPECT_EQ(QFileInfo(FilePath("a")).size(), 0);
+}
+
+TEST_F(ReplaceFileTest, TakesTheLongestNames)
+{
+    const QString ascii(251, u'n');
+    const QString greek(125, QChar(0x03B1));
+    for (const QString& name : { ascii + ".wmf", greek + ".wmf" }) {
+        EXPECT_TRUE(CanReplaceFile(FilePath(name)));
+        EXPECT_TRUE(ReplaceFile(FilePath(name), "text"));
+        EXPECT_EQ(Contents(FilePath(name)), "text");
+    }
+    EXPECT_EQ(Names().size(), 2);
+}
+
+TEST_F(ReplaceFileTest, TryingLeavesEverythingAsItIs)
+{
+    Store(FilePath("a.png"), "old");
+    EXPECT_TRUE(CanReplaceFile(FilePath("a.png")));
+    EXPECT_TRUE(CanReplaceFile(FilePath("b.png")));
+    EXPECT_EQ(Contents(FilePath("a.png")), "old");
+    EXPECT_EQ(Names(), QStringList("a.png"));
+}
+
+TEST_F(ReplaceFileTest, FolderReadOnlyFileAndMissingPlaceCanNotBeReplaced)
+{
+    ASSERT_TRUE(QDir(Folder()).mkdir("a.png"));
+    EXPECT_FALSE(CanReplaceFile(FilePath("a.png")));
+    Store(FilePath("b.png"), "old");
+    QFile::setPermissions(FilePath("b.png"), QFile::ReadOwner);
+    EXPECT_FALSE(CanReplaceFile(FilePath("b.png")));
+    EXPECT_EQ(Contents(FilePath("b.png")), "old");
+    EXPECT_FALSE(CanReplaceFile(FilePath("none/c.png")));
+}
+
+#if defined(Q_OS_UNIX)
+
+namespace {
+
+/// While it lives, no file takes more than `bytes`: what a full disk does to a writer.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes)
+        : handler_(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit small{ bytes, before_.rlim_max };
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    void (*handler_)(int);
+    rlimit before_{};
+};
+
+} // namespace
+
+TEST_F(ReplaceFileTest, LeavesTheOldFileAndNothingElseOnAFullDisk)
+{
+    Store(FilePath("a"), "old");
+    for (const qsizetype size : { 1000, 100000 }) { // in the buffer, and past it
+        const FullDisk disk(500);
+        EXPECT_FALSE(ReplaceFile(FilePath("a"), QByteArray(size, 'x'))) << size;
+    }
+    EXPECT_EQ(Contents(FilePath("a")), "old");
+    EXPECT_EQ(Names(), QStringList("a"));
+}
+
+TEST_F(ReplaceFileTest, NothingCanBeReplacedOnADiskWithoutRoomForAByte)
+{
+    Store(FilePath("a"), "old");
+    const FullDisk disk(0);
+    EXPECT_FALSE(CanReplaceFile(FilePath("a")));
+    EXPECT_FALSE(CanReplaceFile(FilePath("b")));
+    EXPECT_EQ(Names(), QStringList("a"));
+}
+
+#endif
+
+} // namespace tarvik

@@ -1,0 +1,156 @@
+// The channel in the program's types: which operation, argument order and time-out each file class has.
+#include "link/channel/channel.h"
+
+#include "link/classes/model.h"
+#include "tests/support/fakeChannel.h"
+#include "tests/support/fixture.h"
+
+namespace tarvik {
+
+namespace {
+
+class ChannelCalls : public ProgramTest {
+protected:
+    FakeChannel fake_;
+
+    QString Local() const
+    {
+        return FilePath(QStringLiteral("a.tvx"));
+    }
+};
+
+struct ClassRow {
+    int FileClass;
+    const char* Noun; ///< inside the names of the operations
+    int TimeoutMs;
+    int ReplaceTimeoutMs;
+};
+
+constexpr ClassRow kClassRows[] = {
+    { FileClassAntennaList, "AntennaList", 15000, 15000 },
+    { FileClassKfactorTable, "KfactorTable", 15000, 15000 },
+    { FileClassMemoryList, "MemoryList", 15000, 15000 },
+    { FileClassSuppressList, "SuppressList", 15000, 15000 },
+    { FileClassScreenShot, "", 10000, 10000 },
+    { FileClassCorrectionSet, "CorrectionSet", 15000, 10000 },
+    { FileClassUnknown, "", 10000, 10000 },
+};
+
+} // namespace
+
+TEST_F(ChannelCalls, GetAndPutUseTheOperationAndTimeOutOfTheClass)
+{
+    for (const ClassRow& row : kClassRows) {
+        fake_.Log.clear();
+        EXPECT_EQ(ChannelGet(row.FileClass, QStringLiteral("r"), Local()), kChannelOk);
+        EXPECT_EQ(ChannelPut(row.FileClass, Local(), QStringLiteral("r"), true), kChannelOk);
+        EXPECT_EQ(ChannelPut(row.FileClass, Local(), QStringLiteral("r"), false), kChannelOk);
+        const QString noun = QString::fromLatin1(row.Noun);
+        EXPECT_EQ(fake_.Log,
+            QStringList({ QStringLiteral("Get%1File r %2 %3").arg(noun, Local()).arg(row.TimeoutMs),
+                QStringLiteral("Put%1File %2 r %3").arg(noun, Local()).arg(row.ReplaceTimeoutMs),
+                QStringLiteral("Put%1File %2 r %3").arg(noun, Local()).arg(row.TimeoutMs) }));
+    }
+}
+
+TEST_F(ChannelCalls, WalkUsesTheStartOperationOfTheClass)
+{
+    for (const ClassRow& row : kClassRows) {
+        fake_.Log.clear();
+        bool nothing = false;
+        EXPECT_EQ(ChannelStartFind(row.FileClass, nothing), kChannelOk);
+        EXPECT_TRUE(nothing);
+        const QString noun = *row.Noun != '\0' ? QString::fromLatin1(row.Noun) : QStringLiteral("All");
+        EXPECT_EQ(fake_.Log, QStringList(QStringLiteral("StartFind%1Files").arg(noun)));
+    }
+}
+
+TEST_F(ChannelCalls, WalkDeliversRowsUpToTheLast)
+{
+    fake_.Rows = { { QStringLiteral("Müller \"1\".png"), kChannelFile, false, 2026, 11, 21, 6, 5, 4 },
+        { QStringLiteral("Old"), kChannelFolder, false, 1999, 1, 2, 0, 0, 0 } };
+    bool nothing = true;
+    ASSERT_EQ(ChannelStartFind(FileClassScreenShot, nothing), kChannelOk);
+    EXPECT_FALSE(nothing);
+    ChannelRow row;
+    ASSERT_EQ(ChannelNextFile(row), kChannelOk);
+    EXPECT_EQ(row.Name, QStringLiteral("Müller \"1\".png"));
+    EXPECT_FALSE(row.Last);
+    EXPECT_EQ(row.Second, 4);
+    ASSERT_EQ(ChannelNextFile(row), kChannelOk);
+    EXPECT_EQ(row.Type, kChannelFolder);
+    EXPECT_TRUE(row.Last);
+}
+
+TEST_F(ChannelCalls, RemoveAndFindKnowTheFamiliesWithFoldersOfTheirOwn)
+{
+    fake_.Exists[QStringLiteral("n")] = { 1, kChannelFolder };
+    const std::pair<int, const char*> rows[] = { { FileClassKfactorTable, "KfactorTable" },
+        { FileClassCorrectionSet, "CorrectionSet" }, { FileClassScreenShot, "" }, { FileClassUnknown, "" } };
+    for (const auto& [fileClass, noun] : rows) {
+        fake_.Log.clear();
+        ChannelFound found;
+        EXPECT_EQ(ChannelRemove(fileClass, QStringLiteral("n")), kChannelOk);
+        EXPECT_EQ(ChannelFind(fileClass, QStringLiteral("n"), found), kChannelOk);
+        EXPECT_EQ(found.Result, 1);
+        EXPECT_EQ(found.Type, kChannelFolder);
+        const QString find =
+            *noun != '\0' ? QStringLiteral("FindIn%1Files n").arg(QLatin1String(noun)) : QStringLiteral("FindFile n");
+        EXPECT_EQ(fake_.Log, QStringList({ QStringLiteral("Remove%1File n").arg(QLatin1String(noun)), find }));
+    }
+}
+
+TEST_F(ChannelCalls, NameThatTheInstrumentCannotSpellIsNeverSent)
+{
+    const QString name = QStringLiteral("частота.tvm");
+    ChannelFound found;
+    EXPECT_EQ(ChannelGet(FileClassMemoryList, name, Local()), kChannelRefused);
+    EXPECT_EQ(ChannelPut(FileClassMemoryList, Local(), name, false), kChannelRefused);
+    EXPECT_EQ(ChannelRemove(FileClassScreenShot, name), kChannelRefused);
+    EXPECT_EQ(ChannelFind(FileClassScreenShot, name, found), kChannelRefused);
+    EXPECT_EQ(ChannelRename(QStringLiteral("a"), name), kChannelRefused);
+    EXPECT_EQ(ChannelCreateDirectory(name), kChannelRefused);
+    EXPECT_EQ(ChannelSetDirectory(name), kChannelRefused);
+    EXPECT_TRUE(fake_.Log.isEmpty());
+}
+
+TEST_F(ChannelCalls, ConnectPassesModeAddressPortAndTimeOut)
+{
+    QString identification;
+    EXPECT_EQ(ChannelConnect(QStringLiteral("172.17.75.1"), 5555, identification), kChannelOk);
+    EXPECT_EQ(identification, fake_.Identification);
+    EXPECT_EQ(fake_.Log, QStringList(QStringLiteral("Connect 1 172.17.75.1 5555 5000")));
+    EXPECT_TRUE(ChannelIsUp());
+}
+
+TEST_F(ChannelCalls, OnlyALinkThatIsGoneIsEnded)
+{
+    EXPECT_FALSE(ChannelEndIfGone());
+    EXPECT_TRUE(ChannelIsUp());
+    fake_.Gone = true;
+    EXPECT_TRUE(ChannelEndIfGone());
+    EXPECT_FALSE(ChannelIsUp());
+    EXPECT_EQ(fake_.Log,
+        QStringList(
+            { QStringLiteral("CheckConnection"), QStringLiteral("CheckConnection"), QStringLiteral("Disconnect") }));
+}
+
+TEST_F(ChannelCalls, ActiveDataSetAndStreamHaveTimeOutsOfTheirOwn)
+{
+    EXPECT_EQ(ChannelGetActive(Local()), kChannelOk);
+    EXPECT_EQ(ChannelPutActive(Local()), kChannelOk);
+    EXPECT_EQ(ChannelGetStream(Local()), kChannelOk);
+    EXPECT_EQ(fake_.Log,
+        QStringList({ QStringLiteral("GetActiveDatasetFile %1 15000").arg(Local()),
+            QStringLiteral("PutActiveDatasetFile %1 100000").arg(Local()),
+            QStringLiteral("GetFileFromStream %1 5000").arg(Local()) }));
+}
+
+TEST_F(ChannelCalls, StatusOfTheChannelIsTheAnswer)
+{
+    fake_.Answer(QStringLiteral("GetFile"), kChannelLocalFile);
+    EXPECT_EQ(ChannelGet(FileClassScreenShot, QStringLiteral("r"), Local()), kChannelLocalFile);
+    EXPECT_FALSE(QFile::exists(Local()));
+}
+
+} // namespace tarvik

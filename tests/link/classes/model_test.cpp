@@ -1,0 +1,122 @@
+#include "link/classes/model.h"
+
+#include "app/state/project.h"
+#include "app/text/lang.h"
+#include "tests/support/fixture.h"
+
+namespace tarvik {
+
+using Model = ProgramTest;
+
+TEST_F(Model, ClassSetsItsMaskAndCaptions)
+{
+    ModFileInit(3);
+    EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);
+    EXPECT_EQ(FileClasses().FileClassMask, 8);
+    EXPECT_EQ(ModCaption(CaptionHintEdit), 12463);
+    EXPECT_EQ(ModCaption(CaptionNoun), 12469);
+    EXPECT_EQ(ModCaption(CaptionHelpSelect), 12472);
+    EXPECT_EQ(ModCaption(CaptionEditor), 10763);
+}
+
+TEST_F(Model, EveryClassHasItsOwnCaptions)
+{
+    const int first[] = { 12443, 12453, 12463, 12473, 12483, 12493 };
+    const int editor[] = { 10753, 10758, 10763, 10768, 10768, 10773 }; // screen shots leave the former one
+    for (int fileClass = 1; fileClass <= 6; ++fileClass) {
+        ModFileInit(fileClass);
+        EXPECT_EQ(FileClasses().FileClassMask, 1 << fileClass);
+        for (int slot = 1; slot <= 10; ++slot)
+            EXPECT_EQ(ModCaption(static_cast<CaptionSlot>(slot)), first[fileClass - 1] + slot - 1);
+        EXPECT_EQ(ModCaption(CaptionEditor), editor[fileClass - 1]);
+    }
+}
+
+TEST_F(Model, ScreenShotsKeepTheEditorCaption)
+{
+    ModFileInit(1);
+    ModFileInit(5);
+    EXPECT_EQ(ModCaption(CaptionEditor), 10753);
+}
+
+TEST_F(Model, UnknownClassHasNoTexts)
+{
+    ModFileInit(2);
+    for (const int fileClass : { 0, 7, -1, 99 }) {
+        ModFileInit(fileClass);
+        EXPECT_EQ(FileClasses().CurrentFileClass, FileClassUnknown);
+        EXPECT_EQ(FileClasses().FileClassMask, 4);
+        EXPECT_EQ(ModCaption(CaptionNoun), 0);
+        EXPECT_EQ(ModCaption(CaptionEditor), 0);
+    }
+}
+
+TEST_F(Model, ExtensionsOfListsOnly)
+{
+    EXPECT_EQ(ModGetExtension(1), ".tva");
+    EXPECT_EQ(ModGetExtension(2), ".tvk");
+    EXPECT_EQ(ModGetExtension(3), ".tvm");
+    EXPECT_EQ(ModGetExtension(4), ".tvs");
+    EXPECT_EQ(ModGetExtension(6), ".tvc");
+    for (const int fileClass : { 0, 5, 7, -1 })
+        EXPECT_EQ(ModGetExtension(fileClass), "") << fileClass;
+}
+
+TEST_F(Model, ExtensionMatchesInAnyCase)
+{
+    EXPECT_TRUE(FileExtMatches("shot.PNG", 32));
+    EXPECT_TRUE(FileExtMatches("/a.b/Shot.Png", 32));
+    EXPECT_TRUE(FileExtMatches("plan.TVM", 8 | 32));
+    EXPECT_FALSE(FileExtMatches("plan.tvm", 32));
+    EXPECT_FALSE(FileExtMatches("plan.tvm", 0));
+    EXPECT_FALSE(FileExtMatches("plan", 127));
+    EXPECT_FALSE(FileExtMatches("png", 32));
+}
+
+TEST_F(Model, EveryClassMatchesItsOwnExtension)
+{
+    const char* names[] = { "x.tva", "x.tvk", "x.tvm", "x.tvs", "x.png", "x.tvc" };
+    for (int fileClass = 1; fileClass <= 6; ++fileClass) {
+        for (int other = 1; other <= 6; ++other)
+            EXPECT_EQ(FileExtMatches(names[other - 1], 1 << fileClass), fileClass == other);
+    }
+}
+
+TEST_F(Model, FoldersOfScreenShotsLiveForOneRun)
+{
+    FileClasses().PcPaths[FileClassScreenShot] = "/shots";
+    FileClasses().InstrPaths[FileClassScreenShot] = "\\Shots";
+    ModSavePaths(FilePath("x.ini"));
+    ModLoadPaths(FilePath("x.ini"));
+    EXPECT_EQ(FileClasses().PcPaths[FileClassScreenShot], "/shots");
+    EXPECT_EQ(FileClasses().InstrPaths[FileClassScreenShot], "\\Shots");
+    EXPECT_FALSE(Contents(FilePath("x.ini")).contains("PathSs"));
+}
+
+TEST_F(Model, FolderThatIsGoneIsReplacedAtTheNextExit)
+{
+    Store(FilePath("x.ini"), "[File]\nPcPathMl=/gone/for/good\nInstrPathMl=\n");
+    ModLoadPaths(FilePath("x.ini"));
+    EXPECT_EQ(FileClasses().PcPaths[FileClassMemoryList], Program().AppPath);
+    EXPECT_EQ(FileClasses().InstrPaths[FileClassMemoryList], "\\Public");
+    ModSavePaths(FilePath("x.ini"));
+    const QByteArray text = Contents(FilePath("x.ini"));
+    EXPECT_TRUE(text.contains("PcPathMl=" + Program().AppPath.toUtf8() + "\n"));
+    EXPECT_TRUE(text.contains("InstrPathMl=\\Public\n"));
+}
+
+TEST_F(Model, InstrumentHoldsOneListOfThreeClasses)
+{
+    for (int fileClass = 0; fileClass <= 7; ++fileClass)
+        EXPECT_EQ(ModHoldsOneList(fileClass), fileClass == 1 || fileClass == 3 || fileClass == 4) << fileClass;
+}
+
+TEST_F(Model, ScreenShotsAndUnknownClassesHaveFoldersOnTheInstrument)
+{
+    for (int fileClass = -1; fileClass <= 8; ++fileClass) {
+        const bool isList = fileClass >= 1 && fileClass <= 6 && fileClass != 5;
+        EXPECT_EQ(ModHasInstrFolders(fileClass), !isList) << fileClass;
+    }
+}
+
+} // namespace tarvik

@@ -1,0 +1,256 @@
+// How the file control window goes from folder to folder, and what it opens.
+#include "tests/link/control/control_fixture.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace tarvik {
+
+namespace {
+
+using ControlFolders = ControlTest;
+
+class ControlEditors : public ControlTest {
+protected:
+    ControlEditors()
+    {
+        TheFileOpeners().OpenEditor = [this](int fileClass, const QString& path) {
+            Asked.append(QStringLiteral("editor %1 %2").arg(fileClass).arg(path));
+            MayClose = ControlMayClose(Control);
+            DuringEditor();
+            return true;
+        };
+    }
+    QString PcFile(const QString& name) const
+    {
+        return FilePath(QStringLiteral("pc/") + name);
+    }
+
+    bool MayClose = true;
+    std::function<void()> DuringEditor = [] {};
+};
+
+} // namespace
+
+TEST_F(ControlFolders, NewFolderOnThePcIsReadyForItsName)
+{
+    Open(FileClassKfactorTable);
+    ControlNewFolder(Control, ControlSide::Pc);
+    EXPECT_TRUE(QFileInfo(FilePath("pc/New Folder")).isDir());
+    EXPECT_EQ(Asked, QStringList({ "focus pc", "edit pc 0", "transfers 0 0" }));
+}
+
+TEST_F(ControlFolders, NewFolderOnTheInstrumentShowsTheBusyPointer)
+{
+    Open(FileClassScreenShot);
+    ControlNewFolder(Control, ControlSide::Instr);
+    EXPECT_EQ(Instrument.Log.last(), "CreateDirectory New Folder");
+    EXPECT_EQ(Asked, QStringList({ "pointer 1", "focus instr", "edit instr 0", "pointer 0", "transfers 0 0" }));
+}
+
+TEST_F(ControlFolders, OpenEntersTheSelectedFolderOfThePc)
+{
+    OnPc({ "+folder", "a.tvk" });
+    OnPc({ "folder/b.tvk" });
+    Open(FileClassKfactorTable);
+    Select(ControlSide::Pc, { "a.tvk" });
+    ControlOpenFolder(Control, ControlSide::Pc);
+    EXPECT_EQ(Asked, QStringList()) << "a file is no folder";
+    Select(ControlSide::Pc, { "folder" });
+    ControlOpenFolder(Control, ControlSide::Pc);
+    EXPECT_EQ(CurrentPcFolder(), FilePath("pc/folder"));
+    EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "b.tvk" }));
+    EXPECT_EQ(Asked, QStringList({ "pointer 1", "combo pc", "pointer 0", "transfers 0 0" }));
+}
+
+TEST_F(ControlFolders, OpenEntersTheSelectedFolderOfTheInstrument)
+{
+    OnInstr({ "+Trip" });
+    Open(FileClassScreenShot);
+    Select(ControlSide::Instr, { "Trip" });
+    ControlOpenFolder(Control, ControlSide::Instr);
+    EXPECT_EQ(Instrument.Log.first(), "SetCurrentDirectory Trip");
+    EXPECT_EQ(Instrument.Count("StartFindAllFiles"), 1);
+    EXPECT_EQ(Control.CmbInstr.Items.back().Text, "Trip");
+}
+
+TEST_F(ControlFolders, UpOnThePcEndsAtTheRoot)
+{
+    Open(FileClassKfactorTable);
+    ControlFolderUp(Control, ControlSide::Pc);
+    EXPECT_EQ(CurrentPcFolder() + '/', Folder());
+    EXPECT_EQ(Asked, QStringList({ "combo pc", "transfers 0 0" }));
+    CurrentPcFolder() = "/";
+    Asked.clear();
+    Answers().Expect(12731, Ok);
+    ControlFolderUp(Control, ControlSide::Pc);
+    EXPECT_EQ(Asked, QStringList());
+    EXPECT_EQ(CurrentPcFolder(), "/");
+}
+
+TEST_F(ControlFolders, UpOnTheInstrumentGoesUpAndReadsTheList)
+{
+    Open(FileClassScreenShot);
+    ControlFolderUp(Control, ControlSide::Instr);
+    EXPECT_EQ(Instrument.Directory, "\\Public");
+    EXPECT_EQ(Instrument.Count("StartFindAllFiles"), 1);
+    EXPECT_EQ(Asked, QStringList({ "combo instr", "transfers 0 0" }));
+}
+
+TEST_F(ControlFolders, UpOnTheInstrumentEndsAtTheRoot)
+{
+    Instrument.Directory = "\\";
+    Open(FileClassScreenShot);
+    Answers().Expect(12731, Ok);
+    ControlFolderUp(Control, ControlSide::Instr);
+    EXPECT_EQ(Instrument.Log, QStringList({ "GetCurrentDirectory" }));
+}
+
+TEST_F(ControlFolders, UpClosesTheWindowWhenTheLinkIsGone)
+{
+    Open(FileClassScreenShot);
+    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    Instrument.Gone = true;
+    Answers().Expect(12704, Ok);
+    ControlFolderUp(Control, ControlSide::Instr);
+    EXPECT_EQ(Instrument.Log, QStringList({ "GetCurrentDirectory", "CheckConnection", "Disconnect" }));
+    EXPECT_EQ(Asked, QStringList({ "transfers 0 0", "close" }));
+}
+
+TEST_F(ControlFolders, UpKeepsTheWindowWhenTheLinkIsStillThere)
+{
+    Open(FileClassScreenShot);
+    Instrument.Answer("GetCurrentDirectory", kChannelRefused);
+    Answers().Expect(12704, Ok);
+    ControlFolderUp(Control, ControlSide::Instr);
+    EXPECT_EQ(Instrument.Log, QStringList({ "GetCurrentDirectory", "CheckConnection" }));
+    EXPECT_EQ(Asked, QStringList());
+}
+
+TEST_F(ControlFolders, TheFirstDropDownOfThePcTellsThatTheDrivesAreRead)
+{
+    QString status;
+    TheDriveSource() = [&] {
+        status = Frame.Status;
+        return std::vector<Drive>{ { "/", {}, DriveKind::Fixed } };
+    };
+    Open(FileClassKfactorTable);
+    ControlDropDown(Control, ControlSide::Pc);
+    EXPECT_EQ(status, "Reading the drives...");
+    EXPECT_EQ(Frame.Status, "");
+    EXPECT_EQ(Control.CmbPc.Tag, FolderComboDrives);
+    status.clear();
+    ControlDropDown(Control, ControlSide::Pc);
+    EXPECT_EQ(status, "");
+}
+
+TEST_F(ControlFolders, AChosenFolderOfThePcIsShown)
+{
+    TheDriveSource() = [] { return std::vector<Drive>{ { "/", {}, DriveKind::Fixed } }; };
+    Open(FileClassKfactorTable);
+    ControlDropDown(Control, ControlSide::Pc);
+    Asked.clear();
+    ControlSelectFolder(Control, ControlSide::Pc, 0);
+    EXPECT_EQ(CurrentPcFolder(), "/");
+    EXPECT_EQ(Asked, QStringList({ "pointer 1", "combo pc", "pointer 0", "transfers 0 0" }));
+}
+
+TEST_F(ControlFolders, AChosenFolderOfTheInstrumentIsShown)
+{
+    Open(FileClassScreenShot);
+    ControlDropDown(Control, ControlSide::Instr);
+    ControlSelectFolder(Control, ControlSide::Instr, 1);
+    EXPECT_EQ(Instrument.Directory, "\\Public");
+    EXPECT_EQ(Instrument.Count("StartFindAllFiles"), 1);
+}
+
+TEST_F(ControlFolders, AChosenFolderThatIsGoneLeavesTheList)
+{
+    Open(FileClassScreenShot);
+    ControlDropDown(Control, ControlSide::Instr);
+    Instrument.Answer("SetCurrentDirectory", kChannelRefused);
+    Answers().Expect(12747, Ok);
+    ControlSelectFolder(Control, ControlSide::Instr, 1);
+    EXPECT_EQ(Instrument.Count("StartFindAllFiles"), 0);
+    EXPECT_TRUE(Asked.contains("combo instr"));
+}
+
+TEST_F(ControlEditors, EditOpensTheSelectedFile)
+{
+    OnPc({ "Van.tvm" });
+    Open(FileClassMemoryList);
+    Select(ControlSide::Pc, { "Van.tvm" });
+    DuringEditor = [this] { OnPc({ "Bus.tvm" }); };
+    ControlEdit(Control);
+    EXPECT_EQ(
+        Asked, QStringList({ "buttons 0", "editor 3 " + PcFile("Van.tvm"), "buttons 1", "focus pc", "transfers 0 0" }));
+    EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "Bus.tvm", "Van.tvm" }));
+    EXPECT_FALSE(MayClose) << "an editor is open";
+}
+
+TEST_F(ControlEditors, EditTellsThatNoFileIsSelected)
+{
+    OnPc({ "+folder" });
+    Open(FileClassMemoryList);
+    Answers().Expect(12722, { "memory list", "memory list" }, Ok);
+    ControlEdit(Control);
+    Select(ControlSide::Pc, { "folder" });
+    Answers().Expect(12722, { "memory list", "memory list" }, Ok);
+    ControlEdit(Control);
+    EXPECT_EQ(Asked, QStringList());
+}
+
+TEST_F(ControlEditors, NewOpensAnEmptyEditor)
+{
+    Open(FileClassSuppressList);
+    ControlNew(Control);
+    EXPECT_EQ(Asked, QStringList({ "buttons 0", "editor 4 ", "buttons 1", "focus pc", "transfers 0 0" }));
+}
+
+TEST_F(ControlEditors, TheClassSurvivesAnEditorThatOpensAnotherOne)
+{
+    OnPc({ "a.tva" });
+    Open(FileClassAntennaList);
+    DuringEditor = [] { ModFileInit(FileClassKfactorTable); };
+    ControlNew(Control);
+    EXPECT_EQ(FileClasses().CurrentFileClass, FileClassAntennaList);
+    EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "a.tva" }));
+}
+
+TEST_F(ControlEditors, ADoubleClickEntersAFolderOrOpensAFile)
+{
+    OnPc({ "+folder", "Van.tvm" });
+    Open(FileClassMemoryList);
+    ControlOpenRow(Control, ControlSide::Pc, 1);
+    EXPECT_TRUE(Asked.contains("editor 3 " + PcFile("Van.tvm")));
+    ControlOpenRow(Control, ControlSide::Pc, 0);
+    EXPECT_EQ(CurrentPcFolder(), FilePath("pc/folder"));
+    Asked.clear();
+    ControlOpenRow(Control, ControlSide::Pc, 5);
+    ControlOpenRow(Control, ControlSide::Pc, -1);
+    EXPECT_EQ(Asked, QStringList());
+}
+
+TEST_F(ControlEditors, ADoubleClickOnAFileOfTheInstrumentDoesNothing)
+{
+    OnInstr({ "a.png", "+Trip" });
+    Open(FileClassScreenShot);
+    ControlOpenRow(Control, ControlSide::Instr, 1);
+    EXPECT_EQ(Asked, QStringList());
+    ControlOpenRow(Control, ControlSide::Instr, 0);
+    EXPECT_EQ(Instrument.Directory, "\\Public\\Screen Shots\\Trip");
+}
+
+TEST_F(ControlEditors, ADoubleClickOnAScreenShotOpensItsViewer)
+{
+    OnPc({ "a.png", "b.png" });
+    Open(FileClassScreenShot);
+    TheControlHooks().ShowScreenShot = [this](const QString& path, int row) {
+        Asked.append(QStringLiteral("viewer %1 %2").arg(path).arg(row));
+    };
+    ControlOpenRow(Control, ControlSide::Pc, 1);
+    EXPECT_EQ(Asked, QStringList({ "buttons 0", "viewer " + PcFile("b.png") + " 1", "buttons 1", "transfers 0 0" }));
+    EXPECT_EQ(Control.ViewedRow, 1);
+}
+
+} // namespace tarvik

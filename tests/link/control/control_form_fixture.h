@@ -1,0 +1,141 @@
+// tests/link/control/control_form_fixture.h: the file control window on the screen, with an instrument of made-up
+// files.
+#pragma once
+
+#include "link/classes/model.h"
+#include "link/control/FileListWidget.h"
+#include "link/control/FmControlGeneral.h"
+#include "link/control/FolderComboBox.h"
+#include "link/documents/file.h"
+#include "link/transfer/transfer.h"
+#include "tests/support/fakeChannel.h"
+#include "tests/support/fakeFrame.h"
+#include "tests/support/forms.h"
+
+#include <QDir>
+#include <QLineEdit>
+#include <QTest>
+
+namespace tarvik {
+
+class ControlForm : public FormTest {
+protected:
+    ControlForm()
+    {
+        QDir().mkdir(PcFile({}));
+        for (QString& path : FileClasses().PcPaths)
+            path = FilePath(QStringLiteral("pc"));
+        TheDriveSource() = [] {
+            return std::vector<Drive>{ { "/", {}, DriveKind::Fixed },
+                { "/media/stick", "STICK", DriveKind::Removable } };
+        };
+    }
+
+    ~ControlForm() override
+    {
+        if (!form.IsClosed())
+            DialogEnd(form, 1);
+        TransferReset();
+    }
+
+    QString PcFile(const QString& name) const
+    {
+        return FilePath(QStringLiteral("pc/") + name);
+    }
+
+    void OnPc(const QStringList& names)
+    {
+        for (const QString& name : names)
+            name.startsWith(u'+') ? void(QDir().mkdir(PcFile(name.mid(1)))) : Store(PcFile(name), {});
+    }
+
+    void OnInstr(const QStringList& names)
+    {
+        for (const QString& name : names) {
+            const bool isFolder = name.startsWith(u'+');
+            ChannelRow row;
+            row.Name = isFolder ? name.mid(1) : name;
+            row.Type = isFolder ? kChannelFolder : kChannelFile;
+            row.Year = 2026;
+            row.Month = 3;
+            row.Day = 31;
+            Instrument.Rows.push_back(row);
+            Instrument.Exists[row.Name] = { 1, row.Type };
+        }
+    }
+
+    void Open(int fileClass)
+    {
+        ModFileInit(fileClass);
+        ShowForm(form);
+        QCoreApplication::processEvents();
+    }
+
+    FileListWidget& List(const char* name)
+    {
+        return Find<FileListWidget>(form, name);
+    }
+
+    QStringList Rows(const char* name)
+    {
+        QStringList rows;
+        const QAbstractItemModel& model = *List(name).model();
+        for (int row = 0; row < model.rowCount(); ++row)
+            rows.append(model.index(row, 0).data().toString());
+        return rows;
+    }
+
+    QStringList Selected(const char* name)
+    {
+        QStringList rows;
+        for (const QModelIndex& index : List(name).selectionModel()->selectedRows())
+            rows.append(index.data().toString());
+        rows.sort();
+        return rows;
+    }
+
+    QPoint PlaceOf(const char* name, int row)
+    {
+        return List(name).visualRect(List(name).model()->index(row, 0)).center();
+    }
+
+    void ClickRow(const char* name, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::mouseClick(List(name).viewport(), Qt::LeftButton, modifiers, PlaceOf(name, row));
+    }
+
+    void DoubleClickRow(const char* name, int row)
+    {
+        ClickRow(name, row);
+        QTest::mouseDClick(List(name).viewport(), Qt::LeftButton, Qt::NoModifier, PlaceOf(name, row));
+    }
+
+    bool IsShown(const QString& name)
+    {
+        return FindControl(form, name).isVisible();
+    }
+
+    bool IsEnabled(const QString& name)
+    {
+        return FindControl(form, name).isEnabled();
+    }
+
+    QLineEdit* LabelEdit()
+    {
+        return form.findChild<QLineEdit*>("LabelEdit");
+    }
+
+    /// The edit closes with one round of events, the rename comes with the next.
+    void EndLabelEdit()
+    {
+        QTest::keyClick(LabelEdit(), Qt::Key_Return);
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+    }
+
+    FakeChannel Instrument;
+    FakeFrame Frame;
+    FmControlGeneral form;
+};
+
+} // namespace tarvik

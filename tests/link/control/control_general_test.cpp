@@ -1,0 +1,207 @@
+// What a file class changes in the file control window, and what the window loads and keeps.
+#include "tests/link/control/control_fixture.h"
+
+#include "link/connection/connect.h"
+
+#include <QDir>
+
+namespace tarvik {
+
+namespace {
+
+using ControlRulesTest = ControlTest;
+using ControlLife = ControlTest;
+using ControlButtons = ControlTest;
+
+int EditNumber(int fileClass)
+{
+    int index = -1;
+    GetBtPcEditNumber(fileClass, index);
+    return index;
+}
+
+} // namespace
+
+TEST_F(ControlRulesTest, NumberTheEditButtonOfEachClass)
+{
+    EXPECT_EQ(EditNumber(FileClassAntennaList), 0);
+    EXPECT_EQ(EditNumber(FileClassKfactorTable), 1);
+    EXPECT_EQ(EditNumber(FileClassMemoryList), 2);
+    EXPECT_EQ(EditNumber(FileClassSuppressList), 3);
+    EXPECT_EQ(EditNumber(FileClassCorrectionSet), 4);
+    EXPECT_EQ(EditNumber(FileClassScreenShot), 5);
+    EXPECT_EQ(EditNumber(FileClassUnknown), 5);
+    EXPECT_EQ(EditNumber(0), 5);
+}
+
+TEST_F(ControlRulesTest, GiveEachClassItsIcon)
+{
+    EXPECT_EQ(ControlRulesOf(FileClassAntennaList).Icon, "MDI_AL_C");
+    EXPECT_EQ(ControlRulesOf(FileClassKfactorTable).Icon, "MDI_KT_C");
+    EXPECT_EQ(ControlRulesOf(FileClassMemoryList).Icon, "MDI_ML_C");
+    EXPECT_EQ(ControlRulesOf(FileClassSuppressList).Icon, "MDI_SL_C");
+    EXPECT_EQ(ControlRulesOf(FileClassScreenShot).Icon, "MDI_SCREEN");
+    EXPECT_EQ(ControlRulesOf(FileClassCorrectionSet).Icon, "");
+}
+
+TEST_F(ControlRulesTest, GiveInstrumentFoldersToScreenShotsOnly)
+{
+    for (int fileClass = FileClassAntennaList; fileClass <= FileClassCorrectionSet; ++fileClass)
+        EXPECT_EQ(ControlRulesOf(fileClass).HasInstrFolders, fileClass == FileClassScreenShot) << fileClass;
+}
+
+TEST_F(ControlRulesTest, ShowNamesOnlyWhereTheInstrumentHoldsOneList)
+{
+    for (int fileClass = FileClassAntennaList; fileClass <= FileClassCorrectionSet; ++fileClass) {
+        const bool isOne = fileClass == 1 || fileClass == 3 || fileClass == 4;
+        const ControlRules rules = ControlRulesOf(fileClass);
+        EXPECT_EQ(rules.HasDates, !isOne) << fileClass;
+        EXPECT_EQ(rules.DeletesOnInstr, !isOne) << fileClass;
+        EXPECT_EQ(rules.UploadsOneFile, isOne) << fileClass;
+        EXPECT_EQ(rules.MakesNew, fileClass != FileClassScreenShot) << fileClass;
+    }
+}
+
+TEST_F(ControlLife, TakesTheRememberedFolderOfTheClass)
+{
+    OnPc({ "Van.tvm", "Van.tva" });
+    Open(FileClassMemoryList);
+    EXPECT_EQ(CurrentPcFolder(), FilePath("pc"));
+    EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "Van.tvm" }));
+    EXPECT_EQ(Transfer().LvPc, &Control.LvPc);
+    EXPECT_EQ(Transfer().LvInstr, &Control.LvInstr);
+    EXPECT_FALSE(Control.LvPc.HasDates);
+    EXPECT_FALSE(Control.LvInstr.HasDates);
+}
+
+TEST_F(ControlLife, FallsBackToTheProcessFolderWithoutAMessage)
+{
+    FileClasses().PcPaths[FileClassMemoryList] = FilePath("gone");
+    Open(FileClassMemoryList);
+    EXPECT_EQ(CurrentPcFolder(), QDir::currentPath());
+    FileClasses().PcPaths[FileClassMemoryList].clear();
+    Open(FileClassMemoryList);
+    EXPECT_EQ(CurrentPcFolder(), QDir::currentPath());
+}
+
+TEST_F(ControlLife, FillsBothListsSortedWithFoldersFirst)
+{
+    OnPc({ "b.png", "a.png", "+z" });
+    OnInstr({ "d.png", "c.png", "+y" });
+    Open(FileClassScreenShot);
+    EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "z", "a.png", "b.png" }));
+    EXPECT_EQ(Names(ControlSide::Instr), QStringList({ "y", "c.png", "d.png" }));
+    EXPECT_TRUE(Control.LvPc.HasDates);
+}
+
+TEST_F(ControlLife, ShowsTheBusyPointerWhileItFillsTheLists)
+{
+    ModFileInit(FileClassMemoryList);
+    ControlLoad(Control);
+    Asked.clear();
+    ControlActivate(Control);
+    EXPECT_EQ(Asked, QStringList({ "pointer 1", "transfers 0 0", "pointer 0" }));
+}
+
+TEST_F(ControlLife, EndsTheLinkAndClosesWhenTheInstrumentDoesNotAnswer)
+{
+    ModFileInit(FileClassMemoryList);
+    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    Answers().Expect(12703, Ok);
+    ControlLoad(Control);
+    EXPECT_EQ(Instrument.Log, QStringList({ "GetCurrentDirectory", "Disconnect" }));
+    ASSERT_EQ(Control.CmbInstr.Items.size(), 1u);
+    EXPECT_EQ(Control.CmbInstr.Items[0].Text, "");
+    EXPECT_FALSE(Control.MayWork);
+    Asked.clear();
+    ControlActivate(Control);
+    EXPECT_EQ(Asked, QStringList({ "close" }));
+    EXPECT_EQ(Instrument.Count("StartFind"), 0);
+}
+
+TEST_F(ControlLife, RemembersTheFoldersOfBothSides)
+{
+    Open(FileClassScreenShot);
+    CurrentPcFolder() = FilePath("elsewhere");
+    Instrument.Directory = "\\Public\\Trip";
+    ControlUnload();
+    EXPECT_EQ(FileClasses().PcPaths[FileClassScreenShot], FilePath("elsewhere"));
+    EXPECT_EQ(FileClasses().InstrPaths[FileClassScreenShot], "\\Public\\Trip");
+    EXPECT_EQ(Transfer().LvPc, nullptr);
+    EXPECT_EQ(Transfer().LvInstr, nullptr);
+}
+
+TEST_F(ControlLife, RemembersThePublicFolderWhenTheLinkIsDown)
+{
+    FileClasses().InstrPaths[FileClassMemoryList] = "\\Public\\Memory List";
+    Open(FileClassMemoryList);
+    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    ControlUnload();
+    EXPECT_EQ(FileClasses().InstrPaths[FileClassMemoryList], "\\Public");
+}
+
+TEST_F(ControlLife, StaysOpenWhileAJobRunsOrAConnectionStarts)
+{
+    Open(FileClassMemoryList);
+    EXPECT_TRUE(ControlMayClose(Control));
+    Connection().ConnectInProgress = true;
+    EXPECT_FALSE(ControlMayClose(Control));
+    Connection().ConnectInProgress = false;
+    OnPc({ "Van.tvm" });
+    ControlRefresh(Control, ControlSide::Pc);
+    Select(ControlSide::Pc, { "Van.tvm" });
+    bool mayClose = true;
+    DuringJob = [&] { mayClose = ControlMayClose(Control); };
+    ControlUpload(Control);
+    EXPECT_FALSE(mayClose);
+    EXPECT_TRUE(ControlMayClose(Control));
+}
+
+TEST_F(ControlButtons, UploadNeedsOneFileWhereTheInstrumentHoldsOneList)
+{
+    OnPc({ "a.tva", "b.tva", "+folder" });
+    Open(FileClassAntennaList);
+    for (const auto& [names, expected] : std::initializer_list<std::pair<QStringList, QString>>{
+             { {}, "transfers 0 0" }, { { "folder" }, "transfers 0 0" }, { { "a.tva" }, "transfers 1 0" },
+             { { "a.tva", "folder" }, "transfers 1 0" }, { { "a.tva", "b.tva" }, "transfers 0 0" } }) {
+        Select(ControlSide::Pc, names);
+        ControlUpdate(Control);
+        EXPECT_EQ(Asked.last(), expected) << names.join(' ').toStdString();
+    }
+}
+
+TEST_F(ControlButtons, UploadTakesAnyNumberOfFilesOfOtherClasses)
+{
+    OnPc({ "a.tvk", "b.tvk", "+folder" });
+    Open(FileClassKfactorTable);
+    Select(ControlSide::Pc, { "a.tvk", "b.tvk" });
+    ControlUpdate(Control);
+    EXPECT_EQ(Asked.last(), "transfers 1 0");
+    Select(ControlSide::Pc, { "folder" });
+    ControlUpdate(Control);
+    EXPECT_EQ(Asked.last(), "transfers 0 0");
+}
+
+TEST_F(ControlButtons, DownloadNeedsAFile)
+{
+    OnInstr({ "a.png", "+folder" });
+    Open(FileClassScreenShot);
+    Select(ControlSide::Instr, { "folder" });
+    ControlUpdate(Control);
+    EXPECT_EQ(Asked.last(), "transfers 0 0");
+    Select(ControlSide::Instr, { "folder", "a.png" });
+    ControlUpdate(Control);
+    EXPECT_EQ(Asked.last(), "transfers 0 1");
+}
+
+TEST_F(ControlRulesTest, KeepASelectionFrameInsideTheList)
+{
+    const QRect limit = ControlFrameLimit(QSize(322, 223));
+    EXPECT_EQ(limit, QRect(0, 0, 300, 200));
+    EXPECT_EQ(ControlInsideLimit({ 10, 20 }, limit), QPoint(10, 20));
+    EXPECT_EQ(ControlInsideLimit({ -5, 500 }, limit), QPoint(0, 199));
+    EXPECT_EQ(ControlInsideLimit({ 400, -1 }, limit), QPoint(299, 0));
+    EXPECT_FALSE(ControlFrameLimit(QSize(3, 3)).isEmpty());
+}
+
+} // namespace tarvik

@@ -1,0 +1,439 @@
+// Opening by the open dialog, and converting a batch.
+#include "tests/link/documents/fakeDocuments.h"
+
+#include "app/state/project.h"
+#include "link/documents/fileFormats.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace tarvik {
+
+namespace {
+
+class FileConverting : public DocumentsTest {
+protected:
+    FileConverting()
+    {
+        FileConvert().TargetFolder = FilePath("out");
+        FileConvert().TargetExtension = ".png";
+        QDir(Folder()).mkdir("out");
+    }
+
+    void Sources(const QStringList& names)
+    {
+        FileConvert().Sources.clear();
+        for (const QString& name : names)
+            FileConvert().Sources.append(FilePath(name));
+    }
+
+    QString Target(const char* name)
+    {
+        return FilePath("out/") + QString::fromLatin1(name);
+    }
+
+    void Exists(const char* name)
+    {
+        Store(Target(name), "old");
+    }
+
+    /// What was saved, in order.
+    QStringList SavedNames()
+    {
+        QStringList names;
+        for (const QString& line : Log) {
+            if (line.startsWith(QLatin1String("save")))
+                names.append(line.section('/', -1));
+        }
+        return names;
+    }
+
+    int ClosedCount()
+    {
+        return static_cast<int>(Log.filter("close").size());
+    }
+};
+
+using FilesOfDialog = DocumentsTest;
+using ConvertTarget = DocumentsTest;
+
+} // namespace
+
+TEST_F(FilesOfDialog, AsksForPictures)
+{
+    SetLastFile(FilePath("x.png"));
+    FileOpenDlg(false);
+    EXPECT_EQ(OpenQuestion.Title, "Open");
+    EXPECT_EQ(OpenQuestion.InitialFolder, Program().LastFile.Folder);
+    EXPECT_EQ(OpenQuestion.Filters, FileOpenFilters());
+    EXPECT_EQ(OpenQuestion.DefaultExtension, "bmp");
+    FileOpenDlg(true);
+    EXPECT_EQ(OpenQuestion.Title, "Convert Files");
+    EXPECT_EQ(OpenQuestion.DefaultExtension, "swp");
+}
+
+TEST_F(FilesOfDialog, OpensEachFileUpToTheFirstThatFails)
+{
+    OpenAnswer = { FilePath("a.png"), FilePath("bad.png"), FilePath("c.png") };
+    FileOpenDlg(false);
+    EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.png"), "open " + FilePath("bad.png") }));
+    EXPECT_EQ(Program().LastFile.Name, "bad");
+}
+
+TEST_F(FilesOfDialog, RememberedNoEndsTheOpeningOfTheRest)
+{
+    OpenAnswer = { FilePath("a.png"), FilePath("b.png") };
+    TheFileOpeners().OpenPicture = [this](const QString& path, int) {
+        Log.append(path);
+        TheMessage().RememberedAnswer = MsgResultNo;
+        return true;
+    };
+    FileOpenDlg(false);
+    EXPECT_EQ(Log, QStringList(FilePath("a.png")));
+    FileOpenDlg(false);
+    EXPECT_EQ(Log.size(), 2) << "a new dialog forgets the answer";
+}
+
+TEST_F(FilesOfDialog, CancelledConversionTouchesNothing)
+{
+    OpenAnswer = { FilePath("a.png") };
+    FileOpenDlg(true);
+    EXPECT_TRUE(Log.isEmpty());
+    EXPECT_EQ(FileConvert().Sources, OpenAnswer);
+    EXPECT_EQ(Program().LastFile.Name, "a") << "the next dialog begins there";
+}
+
+TEST_F(FilesOfDialog, AcceptedConversionRunsOverTheFiles)
+{
+    OpenAnswer = { FilePath("a.bmp") };
+    TheFileDialogHooks().ShowConvertForm = [this] {
+        FileConvert().TargetFolder = Folder();
+        FileConvert().TargetExtension = ".png";
+        return true;
+    };
+    FileOpenDlg(true);
+    EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.bmp"), "save 1 " + FilePath("a.png"), "close 1" }));
+}
+
+TEST_F(FileConverting, OpensSavesAndClosesOneAfterTheOther)
+{
+    Sources({ "b.bmp", "a.wmf" });
+    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_EQ(Log,
+        QStringList({ "open " + FilePath("b.bmp"), "save 1 " + Target("b.png"), "close 1", "open " + FilePath("a.wmf"),
+            "save 2 " + Target("a.png"), "close 2" }));
+}
+
+TEST_F(FileConverting, FileThatFailsToOpenIsPassedOver)
+{
+    Sources({ "bad.bmp", "a.bmp" });
+    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(SavedNames(), QStringList("a.png"));
+    EXPECT_EQ(ClosedCount(), 1);
+}
+
+TEST_F(FileConverting, ListThatOpensInItsEditorIsNoDocument)
+{
+    TheFileOpeners().OpenEditor = [](int, const QString&) { return true; };
+    TheFileOpeners().OpenListFile = [](const QString&, bool) { return true; };
+    Active = 7; // of the user
+    Sources({ "a.tvm", "b.csv", "c.bmp" });
+    Answers().Expect(12750, { "a.tvm" }, Ok);
+    Answers().Expect(12750, { "b.csv" }, Ok);
+    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(Log, QStringList({ "open " + FilePath("c.bmp"), "save 1 " + Target("c.png"), "close 1" }));
+}
+
+TEST_F(FileConverting, ListThatNobodyOpensIsTold)
+{
+    Sources({ "a.tvm", "b.csv", "c.txt" });
+    for (const char* name : { "a.tvm", "b.csv", "c.txt" })
+        Answers().Expect(12750, { QString::fromLatin1(name) }, Ok);
+    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_TRUE(Log.isEmpty());
+}
+
+TEST_F(FileConverting, FileOfNoKindIsToldOnce)
+{
+    Sources({ "a.doc" });
+    Answers().Expect(12750, QStringList(), Ok);
+    EXPECT_EQ(FileConvertRun({}), 0);
+}
+
+TEST_F(FileConverting, WhatWasOpenedIsSavedWhicheverWindowIsActive)
+{
+    TheFileOpeners().OpenPicture = [this](const QString&, int) {
+        JustOpened = 3;
+        Active = 7;
+        return true;
+    };
+    Sources({ "a.bmp" });
+    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(Log, QStringList({ "save 3 " + Target("a.png"), "close 3" }));
+}
+
+TEST_F(FileConverting, DocumentOfAnEarlierOpeningIsLeftAlone)
+{
+    JustOpened = 7;
+    Sources({ "bad.bmp" });
+    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(ClosedCount(), 0);
+}
+
+TEST_F(FileConverting, PictureIsSavedAtItsOwnSize)
+{
+    TheFileDocumentHooks().ToOwnSize = [this](int window) { Log.append(QStringLiteral("own %1").arg(window)); };
+    Sources({ "a.bmp" });
+    FileConvertRun({});
+    EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.bmp"), "own 1", "save 1 " + Target("a.png"), "close 1" }));
+}
+
+TEST_F(FileConverting, TextAsTargetWritesNothing)
+{
+    FileConvert().TargetExtension = ".csv";
+    Sources({ "a.bmp" });
+    Answers().Expect(12763, { Target("a.csv") }, Ok);
+    EXPECT_EQ(FileConvertRun({}), 0);
+    FileConvert().TargetExtension = ".txt";
+    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(ClosedCount(), 2);
+    EXPECT_TRUE(QDir(FilePath("out")).isEmpty());
+}
+
+TEST_F(FileConverting, ProgramThatIsToEndFinishesTheFileOnly)
+{
+    Sources({ "a.bmp", "b.bmp", "c.bmp" });
+    int files = 0;
+    TheSeams().PumpEvents = [&files] { Program().CloseWished = ++files == 2; };
+    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_EQ(SavedNames(), QStringList({ "a.png", "b.png" }));
+    EXPECT_EQ(ClosedCount(), 2);
+}
+
+TEST_F(FileConverting, RemembersTheFileThatIsOpenedLast)
+{
+    Sources({ "a.bmp", "b.bmp" });
+    FileConvertRun({});
+    EXPECT_EQ(Program().LastFile.Name, "b");
+}
+
+TEST_F(FileConverting, SingleExistingTargetIsAPlainQuestion)
+{
+    Exists("a.png");
+    Sources({ "a.bmp" });
+    Answers().Expect(12734, { Target("a.png") }, No);
+    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_TRUE(SavedNames().isEmpty());
+    EXPECT_EQ(ClosedCount(), 1);
+    Answers().Expect(12734, { Target("a.png") }, Yes);
+    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(SavedNames(), QStringList("a.png"));
+}
+
+TEST_F(FileConverting, SingleQuestionHasTwoButtonsAndABatchFive)
+{
+    Exists("a.png");
+    Sources({ "a.bmp" });
+    Answers().ExpectWhile(12734, No, [] { EXPECT_EQ(TheMessage().Buttons(), MsgButtonsYesNo); });
+    FileConvertRun({});
+    Sources({ "a.bmp", "bad.bmp" });
+    Answers().ExpectWhile(12734, No, [] { EXPECT_EQ(TheMessage().Buttons(), MsgButtonsAllChoices); });
+    FileConvertRun({});
+}
+
+TEST_F(FileConverting, EachExistingTargetIsAsked)
+{
+    Exists("a.png");
+    Exists("b.png");
+    Sources({ "a.bmp", "b.bmp", "c.bmp" });
+    Answers().Expect(12734, { Target("a.png") }, No);
+    Answers().Expect(12734, { Target("b.png") }, Yes);
+    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_EQ(SavedNames(), QStringList({ "b.png", "c.png" }));
+}
+
+TEST_F(FileConverting, YesForAllHoldsForThisBatchOnly)
+{
+    Exists("a.png");
+    Exists("b.png");
+    Sources({ "a.bmp", "b.bmp" });
+    Answers().ExpectWhile(12734, Yes, [] { TheMessage().YesAll = true; });
+    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_FALSE(TheMessage().YesAll);
+    Answers().Expect(12734, No);
+    Answers().Expect(12734, No);
+    EXPECT_EQ(FileConvertRun({}), 0);
+}
+
+TEST_F(FileConverting, FlagsOfAnEarlierJobDoNotCount)
+{
+    Exists("a.png");
+    Sources({ "a.bmp", "bad.bmp" });
+    TheMessage().YesAll = true;
+    Answers().Expect(12734, No);
+    EXPECT_EQ(FileConvertRun({}), 0);
+}
+
+TEST_F(FileConverting, NoForAllSkipsExistingTargetsOnly)
+{
+    Exists("a.png");
+    Exists("b.png");
+    Sources({ "a.bmp", "b.bmp", "c.bmp" });
+    Answers().ExpectWhile(12734, No, [] { TheMessage().NoAll = true; });
+    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(SavedNames(), QStringList("c.png"));
+    EXPECT_EQ(ClosedCount(), 3);
+}
+
+TEST_F(FileConverting, CancelClosesTheDocumentAndEndsTheBatch)
+{
+    Exists("b.png");
+    Sources({ "a.bmp", "b.bmp", "c.bmp" });
+    Answers().Expect(12734, Cancel);
+    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(Log.filter("open").size(), 2);
+    EXPECT_EQ(Log.last(), "close 2");
+}
+
+TEST_F(FileConverting, TargetThatIsTheSourceIsAskedLikeAnyOther)
+{
+    Store(FilePath("a.png"), "old");
+    FileConvert().TargetFolder = Folder();
+    Sources({ "a.png" });
+    Answers().Expect(12734, { FilePath("a.png") }, Yes);
+    EXPECT_EQ(FileConvertRun({}), 1);
+}
+
+TEST_F(FileConverting, TargetWithoutTypeFailsForEachFile)
+{
+    FileConvert().TargetExtension.clear();
+    Sources({ "a.bmp", "b.bmp" });
+    Answers().Expect(12750, Ok);
+    Answers().Expect(12750, Ok);
+    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(ClosedCount(), 2);
+}
+
+TEST_F(FileConverting, WriterThatFailsDoesNotEndTheBatch)
+{
+    Outcome = PictureSaved::Failed;
+    Sources({ "a.bmp", "b.bmp" });
+    Answers().Expect(12761, { "a.png" }, Ok);
+    Answers().Expect(12761, { "b.png" }, Ok);
+    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(ClosedCount(), 2);
+}
+
+TEST_F(FileConverting, DocumentIsPreparedBeforeItIsSavedAndProgressIsTold)
+{
+    Sources({ "a.bmp", "b.bmp" });
+    FileBatchHooks hooks;
+    hooks.Prepare = [this](int window) { Log.append(QStringLiteral("prepare %1").arg(window)); };
+    hooks.Progress = [this](int done, int total, const QString& source) {
+        Log.append(QStringLiteral("%1/%2 %3").arg(done).arg(total).arg(source.section('/', -1)));
+    };
+    FileConvertRun(hooks);
+    EXPECT_EQ(Log.mid(0, 4),
+        QStringList({ "0/2 a.bmp", "open " + FilePath("a.bmp"), "prepare 1", "save 1 " + Target("a.png") }));
+    EXPECT_TRUE(Log.contains("1/2 b.bmp"));
+}
+
+TEST_F(ConvertTarget, PathKeepsTheBaseName)
+{
+    EXPECT_EQ(FileTargetPath("/out", "/in/tower.night.bmp", ".png"), "/out/tower.night.png");
+    EXPECT_EQ(FileTargetPath("/out/", "/in/a", ".png"), "/out/a.png");
+}
+
+TEST_F(ConvertTarget, LastRecognisedSourceGivesTheFolder)
+{
+    FileConvert() = { { "/one/a.bmp", "/two/b.csv", "/three/c.doc" }, "/old", ".wmf" };
+    const FileConvertProposal proposal = FileConvertPropose();
+    EXPECT_EQ(proposal.Folder, QDir::toNativeSeparators("/two"));
+    EXPECT_EQ(proposal.Types, QVector<int>({ 11603, 11607, 11602, 11606, 11605, 11604 }));
+    EXPECT_EQ(proposal.Types[proposal.Selected], 11602);
+    EXPECT_EQ(FileConvert().TargetFolder, "");
+    EXPECT_EQ(FileConvert().TargetExtension, "");
+}
+
+TEST_F(ConvertTarget, WithoutARecognisedSourceATypeMustBeChosen)
+{
+    FileConvert().Sources = { "/three/c.doc", "/three/d.tvm" };
+    const FileConvertProposal proposal = FileConvertPropose();
+    EXPECT_EQ(proposal.Folder, "");
+    EXPECT_EQ(proposal.Types, QVector<int>({ 11603, 11607, 11602, 11606, 11605, 11604, 11005 }));
+    EXPECT_EQ(proposal.Types[proposal.Selected], 11005);
+}
+
+TEST_F(ConvertTarget, ExtensionFollowsTheType)
+{
+    const std::pair<int, const char*> types[] = { { 11603, ".csv" }, { 11607, ".txt" }, { 11602, ".bmp" },
+        { 11606, ".pcx" }, { 11605, ".png" }, { 11604, ".wmf" }, { 11005, "" } };
+    for (const auto& [type, extension] : types) {
+        EXPECT_TRUE(FileConvertAccept(Folder(), type));
+        EXPECT_EQ(FileConvert().TargetExtension, extension);
+    }
+    EXPECT_EQ(FileConvert().TargetFolder, Folder());
+}
+
+TEST_F(ConvertTarget, MissingFolderIsMadeOneLevelDeep)
+{
+    EXPECT_TRUE(FileConvertAccept(" " + FilePath("new/") + " ", 11605));
+    EXPECT_TRUE(QDir(FilePath("new")).exists());
+    EXPECT_EQ(FileConvert().TargetFolder, FilePath("new/"));
+}
+
+TEST_F(ConvertTarget, FolderTwoLevelsDeepIsRefused)
+{
+    Answers().Expect(12752, { "two", "No such file or directory" }, Ok);
+    EXPECT_FALSE(FileConvertAccept(FilePath("one/two"), 11605));
+    EXPECT_FALSE(QDir(FilePath("one")).exists());
+    EXPECT_EQ(FileConvert().TargetFolder, "");
+}
+
+TEST_F(ConvertTarget, FileInTheFoldersPlaceIsRefused)
+{
+    Store(FilePath("taken"), "x");
+    Answers().Expect(12752, { "taken", "File exists" }, Ok);
+    EXPECT_FALSE(FileConvertAccept(FilePath("taken"), 11605));
+    EXPECT_EQ(Contents(FilePath("taken")), "x");
+}
+
+TEST_F(ConvertTarget, FolderWithoutAPlaceStandsAmongTheSources)
+{
+    SetLastFile(FilePath("a.bmp"));
+    EXPECT_TRUE(FileConvertAccept("new", 11605));
+    EXPECT_EQ(FileConvert().TargetFolder, FilePath("new"));
+    EXPECT_TRUE(QDir(FilePath("new")).exists());
+}
+
+TEST_F(ConvertTarget, TildeIsTheUsersFolder)
+{
+    SetLastFile(FilePath("a.bmp"));
+    EXPECT_TRUE(FileConvertAccept("~", 11605));
+    EXPECT_EQ(FileConvert().TargetFolder, QDir::homePath());
+    EXPECT_TRUE(FileConvertAccept("~/", 11605));
+    EXPECT_EQ(FileConvert().TargetFolder, QDir::homePath() + '/');
+    EXPECT_TRUE(FileConvertAccept("~out", 11605));
+    EXPECT_EQ(FileConvert().TargetFolder, FilePath("~out"));
+}
+
+TEST_F(ConvertTarget, RefusedFolderIsToldByItsLastName)
+{
+    Answers().Expect(12752, { "two", "No such file or directory" }, Ok);
+    EXPECT_FALSE(FileConvertAccept(FilePath("one/two//"), 11605));
+}
+
+TEST_F(ConvertTarget, RootIsAFolder)
+{
+    EXPECT_TRUE(FolderExists("/"));
+    EXPECT_TRUE(FolderExists(Folder()));
+    EXPECT_FALSE(FolderExists(""));
+}
+
+TEST_F(ConvertTarget, EmptyFolderIsRefused)
+{
+    Answers().Expect(12752, Ok);
+    EXPECT_FALSE(FileConvertAccept("   ", 11605));
+}
+
+} // namespace tarvik

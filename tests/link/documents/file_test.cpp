@@ -1,0 +1,137 @@
+#include "link/documents/file.h"
+
+#include "link/classes/model.h"
+#include "tests/support/fixture.h"
+
+namespace tarvik {
+
+class FileOpening : public ProgramTest {
+protected:
+    FileOpening()
+    {
+        FileOpeners& openers = TheFileOpeners();
+        openers.OpenEditor = [this](int fileClass, const QString& path) {
+            return Note(QStringLiteral("editor %1 %2").arg(fileClass).arg(path));
+        };
+        openers.OpenListFile = [this](const QString& path, bool show) {
+            return Note(QStringLiteral("list %1 %2").arg(path).arg(show));
+        };
+        openers.OpenPicture = [this](const QString& path, int kind) {
+            return Note(QStringLiteral("picture %1 %2").arg(kind).arg(path));
+        };
+    }
+
+    bool Note(const QString& text)
+    {
+        Opened.append(text);
+        return Succeeds;
+    }
+
+    QStringList Opened;
+    bool Succeeds = true;
+};
+
+TEST_F(FileOpening, ListsOpenTheEditorOfTheirClass)
+{
+    for (const char* name : { "a.tva", "a.TVK", "a.tvm", "a.tvs", "a.tvc" })
+        EXPECT_TRUE(FileOpen(name, true, true));
+    EXPECT_EQ(Opened,
+        QStringList({ "editor 1 a.tva", "editor 2 a.TVK", "editor 3 a.tvm", "editor 4 a.tvs", "editor 6 a.tvc" }));
+}
+
+TEST_F(FileOpening, PicturesOpenADocument)
+{
+    for (const char* name : { "a.bmp", "a.PCX", "a.png", "a.wmf" })
+        EXPECT_TRUE(FileOpen(name, true, true));
+    EXPECT_EQ(Opened, QStringList({ "picture 1 a.bmp", "picture 2 a.PCX", "picture 3 a.png", "picture 4 a.wmf" }));
+}
+
+TEST_F(FileOpening, ListTextFollowsTheShowFlag)
+{
+    FileOpen("a.csv", true, true);
+    FileOpen("a.csv", true, false);
+    EXPECT_EQ(Opened, QStringList({ "list a.csv 1", "list a.csv 0" }));
+}
+
+TEST_F(FileOpening, OtherTextIsOnlyClassified)
+{
+    FileOpen("a.txt", true, true);
+    EXPECT_EQ(Opened, QStringList("list a.txt 0"));
+}
+
+TEST_F(FileOpening, UnknownKindIsReported)
+{
+    Answers().Expect(12750, QStringList(), Ok);
+    EXPECT_FALSE(FileOpen("a.swp", true, true));
+    Answers().Expect(12750, Ok);
+    EXPECT_FALSE(FileOpen("a", true, true));
+    EXPECT_TRUE(Opened.isEmpty());
+}
+
+TEST_F(FileOpening, FailureOfTheOpenerIsTheResult)
+{
+    Succeeds = false;
+    EXPECT_FALSE(FileOpen("a.tvm", true, true));
+    EXPECT_FALSE(FileOpen("a.png", true, true));
+    EXPECT_FALSE(FileOpen("a.csv", true, true));
+}
+
+TEST_F(FileOpening, WithoutAnOpenerNothingOpensAndNothingIsSaid)
+{
+    FileOpenersReset();
+    for (const char* name : { "a.tvm", "a.png", "a.csv", "a.txt" })
+        EXPECT_FALSE(FileOpen(name, true, true));
+}
+
+TEST_F(FileOpening, RememberedNoOpensNothing)
+{
+    TheMessage().RememberedAnswer = MsgResultNo;
+    EXPECT_FALSE(FileOpen("a.tvm", false, true));
+    EXPECT_FALSE(FileOpen("a.unknown", false, true));
+    EXPECT_TRUE(Opened.isEmpty());
+    EXPECT_EQ(TheMessage().RememberedAnswer, MsgResultNo);
+}
+
+TEST_F(FileOpening, ResetForgetsTheRememberedAnswer)
+{
+    TheMessage().RememberedAnswer = MsgResultNo;
+    EXPECT_TRUE(FileOpen("a.tvm", true, true));
+    EXPECT_EQ(TheMessage().RememberedAnswer, MsgNone);
+}
+
+TEST_F(FileOpening, RememberedYesOpens)
+{
+    TheMessage().RememberedAnswer = MsgResultYes;
+    EXPECT_TRUE(FileOpen("a.tvm", false, true));
+}
+
+TEST_F(FileOpening, DropTestTakesEveryKindOfTheProgram)
+{
+    for (const char* name :
+        { "a.bmp", "a.png", "a.pcx", "a.wmf", "a.csv", "a.TXT", "a.tva", "a.tvk", "a.Tvm", "a.tvs", "a.tvc" })
+        EXPECT_TRUE(FileCanBeDropped(name)) << name;
+    for (const char* name : { "a.swp", "a.set", "a", "", "tvm", "a.tvm.bak" })
+        EXPECT_FALSE(FileCanBeDropped(name)) << name;
+}
+
+TEST_F(FileOpening, KindTellsTheClassOfAList)
+{
+    EXPECT_EQ(FileKindOf("a.tvm").Kind, FileKind::InstrumentList);
+    EXPECT_EQ(FileKindOf("a.tvm").FileClass, FileClassMemoryList);
+    EXPECT_EQ(FileKindOf("a.png").FileClass, FileClassNone);
+    EXPECT_EQ(ImageKindOf(FileKind::ListText), 0);
+}
+
+TEST_F(FileOpening, KnownExtensionAnswersTheFlagForListsOfClassesOneToFour)
+{
+    for (const char* name : { "a.bmp", "a.png", "a.pcx", "a.wmf", "a.csv", "a.txt" })
+        EXPECT_TRUE(FileKnownExtension(name, false)) << name;
+    for (const char* name : { "a.tva", "a.tvk", "a.tvm", "a.tvs" }) {
+        EXPECT_TRUE(FileKnownExtension(name, true)) << name;
+        EXPECT_FALSE(FileKnownExtension(name, false)) << name;
+    }
+    EXPECT_FALSE(FileKnownExtension("a.tvc", true));
+    EXPECT_FALSE(FileKnownExtension("a.swp", true));
+}
+
+} // namespace tarvik

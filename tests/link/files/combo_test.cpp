@@ -1,0 +1,305 @@
+// The boxes of folders: what they hold, and where they lead.
+#include "link/files/combo.h"
+
+#include "link/files/fileList.h"
+#include "tests/support/fakeChannel.h"
+#include "tests/support/fixture.h"
+
+#include <QDir>
+
+namespace tarvik {
+
+namespace {
+
+class PcCombo : public ProgramTest {
+protected:
+    PcCombo()
+    {
+        QDir().mkpath(FilePath(QStringLiteral("lists/van")));
+        Root = QDir(Folder()).absolutePath();
+        CurrentPcFolder() = Root;
+        TheDriveSource() = [this] {
+            ++Asked;
+            return std::vector<Drive>{ { QStringLiteral("/"), {}, DriveKind::Fixed },
+                { Root, QStringLiteral("Home"), DriveKind::Fixed },
+                { QStringLiteral("/media/stick"), QStringLiteral("STICK"), DriveKind::Removable } };
+        };
+    }
+
+    void GoTo(const QString& below)
+    {
+        CurrentPcFolder() = Root + u'/' + below;
+    }
+
+    QStringList Texts() const
+    {
+        QStringList texts;
+        for (const FolderItem& item : Combo.Items)
+            texts.append(QString(item.Indentation, u'>') + item.Text + u'|' + item.Icon);
+        return texts;
+    }
+
+    FolderCombo Combo;
+    QString Root;
+    int Asked = 0;
+};
+
+class InstrCombo : public ProgramTest {
+protected:
+    QStringList Texts() const
+    {
+        QStringList texts;
+        for (const FolderItem& item : Combo.Items)
+            texts.append(QString(item.Indentation, u'>') + item.Text + u'|' + item.Icon);
+        return texts;
+    }
+
+    FakeChannel Instrument;
+    FolderCombo Combo;
+};
+
+const QString kSets = QStringLiteral("SetCurrentDirectory");
+
+} // namespace
+
+TEST_F(PcCombo, ShowsThePresentFolderAloneAtItsDepth)
+{
+    GoTo("lists");
+    ComboPcShow(Combo);
+    ASSERT_EQ(Combo.Items.size(), 1u);
+    EXPECT_EQ(Combo.Items[0].Text, "lists");
+    EXPECT_EQ(Combo.Items[0].Icon, "OpenFolder");
+    EXPECT_EQ(Combo.Items[0].Indentation, (Root + "/lists").count('/'));
+    EXPECT_EQ(Combo.Items[0].Path, Root + "/lists");
+    EXPECT_EQ(Combo.Selected, 0);
+    EXPECT_EQ(Combo.Tag, FolderComboPresent);
+    EXPECT_EQ(Asked, 0);
+}
+
+TEST_F(PcCombo, ShowsARootAsADrive)
+{
+    CurrentPcFolder() = QDir::rootPath();
+    ComboPcShow(Combo);
+    ASSERT_EQ(Combo.Items.size(), 1u);
+    EXPECT_EQ(Combo.Items[0].Icon, "HardDrive");
+    EXPECT_TRUE(Combo.Items[0].Text.endsWith(" (/)")) << Combo.Items[0].Text.toStdString();
+    EXPECT_EQ(Combo.Items[0].Indentation, 0);
+}
+
+TEST_F(PcCombo, DropsDownDrivesWithTheChainBelowTheInnermostOne)
+{
+    GoTo("lists/van");
+    ComboPcShow(Combo);
+    ComboPcDropDown(Combo);
+    EXPECT_EQ(Texts(),
+        QStringList({ "File System (/)|HardDrive", "Home (" + Root + ")|HardDrive", ">lists|ClosedFolder",
+            ">>van|OpenFolder", "STICK (/media/stick)|Floppy" }));
+    EXPECT_EQ(Combo.Selected, 3);
+    EXPECT_EQ(Combo.Tag, FolderComboDrives);
+}
+
+TEST_F(PcCombo, ReadsTheDrivesAtTheFirstDropDownOnly)
+{
+    ComboPcDropDown(Combo);
+    ComboPcDropDown(Combo);
+    EXPECT_EQ(Asked, 1);
+}
+
+TEST_F(PcCombo, SelectsTheDriveWhenItsRootIsThePresentFolder)
+{
+    ComboPcDropDown(Combo);
+    EXPECT_EQ(Combo.Selected, 1);
+    EXPECT_EQ(Combo.Items.size(), 3u);
+}
+
+TEST_F(PcCombo, ShowsAFolderOutsideAllDrivesAlone)
+{
+    TheDriveSource() = [] { return std::vector<Drive>{ { "/nowhere", "N", DriveKind::Fixed } }; };
+    GoTo("lists");
+    ComboPcDropDown(Combo);
+    EXPECT_EQ(Combo.Items.size(), 1u);
+    EXPECT_EQ(Combo.Selected, 0);
+}
+
+TEST_F(PcCombo, GoesIntoAFolderAndUpAgain)
+{
+    ComboPcDropDown(Combo);
+    ComboPcEnter(Combo, "lists");
+    EXPECT_EQ(CurrentPcFolder(), Root + "/lists");
+    EXPECT_EQ(Combo.Items[static_cast<size_t>(Combo.Selected)].Text, "lists");
+    EXPECT_TRUE(ComboPcUp(Combo));
+    EXPECT_EQ(CurrentPcFolder(), Root);
+    EXPECT_EQ(Combo.Items.size(), 3u);
+}
+
+TEST_F(PcCombo, GoesAboveTheHomeFolderButNotAboveARoot)
+{
+    ComboPcDropDown(Combo);
+    EXPECT_TRUE(ComboPcUp(Combo));
+    EXPECT_EQ(CurrentPcFolder(), QFileInfo(Root).path());
+    CurrentPcFolder() = QDir::rootPath();
+    EXPECT_FALSE(ComboPcUp(Combo));
+    EXPECT_EQ(CurrentPcFolder(), QDir::rootPath());
+}
+
+TEST_F(PcCombo, GoesUpToTheNearestFolderThatIsStillThere)
+{
+    GoTo("lists/van");
+    ComboPcShow(Combo);
+    QDir(Root + "/lists").removeRecursively();
+    EXPECT_TRUE(ComboPcUp(Combo));
+    EXPECT_EQ(CurrentPcFolder(), Root);
+}
+
+TEST_F(PcCombo, GoesToTheFolderOfAnItem)
+{
+    GoTo("lists/van");
+    ComboPcDropDown(Combo);
+    ComboPcSelect(Combo, 2);
+    EXPECT_EQ(CurrentPcFolder(), Root + "/lists");
+    EXPECT_EQ(Combo.Selected, 2);
+    ComboPcSelect(Combo, 0);
+    EXPECT_EQ(CurrentPcFolder(), "/");
+}
+
+TEST_F(PcCombo, StaysWhereItIsWhenTheFolderIsGone)
+{
+    ComboPcEnter(Combo, "missing");
+    EXPECT_EQ(CurrentPcFolder(), Root);
+    ComboPcDropDown(Combo);
+    ComboPcSelect(Combo, 2); // the stick has been pulled out
+    EXPECT_EQ(CurrentPcFolder(), Root);
+    ComboPcSelect(Combo, 99);
+    ComboPcSelect(Combo, -1);
+    EXPECT_EQ(CurrentPcFolder(), Root);
+}
+
+TEST_F(InstrCombo, ShowsTheDirectoryAloneAtItsDepth)
+{
+    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
+    EXPECT_EQ(Texts(), QStringList({ ">>Screen Shots|OpenFolder" }));
+}
+
+TEST_F(InstrCombo, ShowsTheRootAsADrive)
+{
+    Instrument.Directory = "\\";
+    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
+    EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive" }));
+}
+
+TEST_F(InstrCombo, ShowsABlankItemWithoutAnAnswer)
+{
+    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    EXPECT_EQ(ComboInstrShow(Combo), kChannelLinkFailed);
+    EXPECT_EQ(Texts(), QStringList({ "|" }));
+}
+
+TEST_F(InstrCombo, DropsDownOneItemForEachLevel)
+{
+    ComboInstrDropDown(Combo);
+    EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive", ">Public|ClosedFolder", ">>Screen Shots|OpenFolder" }));
+    EXPECT_EQ(Combo.Selected, 2);
+    EXPECT_EQ(Combo.Items[1].Path, "\\Public");
+}
+
+TEST_F(InstrCombo, GoesUpOneLevel)
+{
+    ComboInstrUp(Combo);
+    EXPECT_EQ(
+        Instrument.Log, QStringList({ "GetCurrentDirectory", "SetCurrentDirectory \\Public", "GetCurrentDirectory" }));
+    EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive", ">Public|OpenFolder" }));
+}
+
+TEST_F(InstrCombo, GoesUpFromTheFirstLevelToTheRoot)
+{
+    Instrument.Directory = "\\Public";
+    ComboInstrUp(Combo);
+    EXPECT_EQ(Instrument.Directory, "\\");
+    EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive" }));
+}
+
+TEST_F(InstrCombo, TellsThatTheDirectoryAboveIsGone)
+{
+    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
+    Instrument.Answer(kSets, kChannelRefused);
+    Answers().Expect(12747, Ok);
+    ComboInstrUp(Combo);
+    EXPECT_EQ(Texts(), QStringList({ ">>Screen Shots|OpenFolder" }));
+}
+
+TEST_F(InstrCombo, GoesNowhereWithoutAnAnswer)
+{
+    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    ComboInstrUp(Combo);
+    EXPECT_EQ(Instrument.Count(kSets), 0);
+    Instrument.Answer(kSets, kChannelLinkFailed);
+    ComboInstrEnter(Combo, "Trip");
+    EXPECT_TRUE(Combo.Items.empty());
+}
+
+TEST_F(InstrCombo, GrowsByTheDirectoryThatIsEntered)
+{
+    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
+    ComboInstrEnter(Combo, "Trip");
+    EXPECT_EQ(Instrument.Log.last(), "SetCurrentDirectory Trip");
+    EXPECT_EQ(Texts(), QStringList({ ">>Screen Shots|ClosedFolder", ">>>Trip|OpenFolder" }));
+    EXPECT_EQ(Combo.Items[1].Path, "\\Public\\Screen Shots\\Trip");
+    EXPECT_EQ(Combo.Selected, 1);
+}
+
+TEST_F(InstrCombo, KeepsThePictureOfTheRootWhenADirectoryIsEntered)
+{
+    Instrument.Directory = "\\";
+    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
+    ComboInstrEnter(Combo, "Public");
+    EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive", ">Public|OpenFolder" }));
+    EXPECT_EQ(Combo.Items[1].Path, "\\Public");
+}
+
+TEST_F(InstrCombo, TellsThatTheDirectoryToEnterIsGone)
+{
+    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
+    Instrument.Answer(kSets, kChannelRefused);
+    Answers().Expect(12747, Ok);
+    ComboInstrEnter(Combo, "Trip");
+    EXPECT_EQ(Combo.Items.size(), 1u);
+}
+
+TEST_F(InstrCombo, GoesToTheDirectoryOfAnItem)
+{
+    ComboInstrDropDown(Combo);
+    EXPECT_TRUE(ComboInstrSelect(Combo, 1));
+    EXPECT_EQ(Instrument.Directory, "\\Public");
+    EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive", ">Public|OpenFolder" }));
+}
+
+TEST_F(InstrCombo, ReadsTheChainAnewWhenTheItemsDirectoryIsGone)
+{
+    ComboInstrDropDown(Combo);
+    Instrument.Answer(kSets, kChannelRefused);
+    Answers().Expect(12747, Ok);
+    EXPECT_FALSE(ComboInstrSelect(Combo, 0));
+    EXPECT_EQ(Combo.Items.size(), 3u);
+    EXPECT_EQ(Combo.Selected, 2);
+}
+
+TEST_F(InstrCombo, SendsNothingForABlankItem)
+{
+    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    EXPECT_EQ(ComboInstrShow(Combo), kChannelLinkFailed);
+    EXPECT_FALSE(ComboInstrSelect(Combo, 0));
+    EXPECT_EQ(Instrument.Count(kSets), 0);
+}
+
+TEST_F(InstrCombo, TakesAnyPathThatAnInstrumentTells)
+{
+    for (const char* path : { "Public\\A", "\\\\", "\\Public\\", "A", "\\\\\\A\\\\" }) {
+        Instrument.Directory = QString::fromLatin1(path);
+        ComboInstrDropDown(Combo);
+        ASSERT_FALSE(Combo.Items.empty()) << path;
+        EXPECT_EQ(Combo.Items.front().Text, "\\") << path;
+        EXPECT_EQ(Combo.Selected, static_cast<int>(Combo.Items.size()) - 1) << path;
+    }
+}
+
+} // namespace tarvik

@@ -1,0 +1,95 @@
+// tests/link/files/file_list_fixture.h: a list over a folder of the test's own, and what it asks of its view written
+// down.
+#pragma once
+
+#include "link/channel/channel.h"
+#include "link/classes/model.h"
+#include "link/files/fileList.h"
+#include "tests/support/fixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace tarvik {
+
+class FileListTest : public ProgramTest {
+protected:
+    FileListTest()
+    {
+        CurrentPcFolder() = QDir::toNativeSeparators(Folder().chopped(1));
+        ModFileInit(FileClassMemoryList);
+        list_.View.BeginChange = [this] { Changes.append("begin"); };
+        list_.View.EndChange = [this] { Changes.append("end"); };
+        list_.View.GiveFocus = [this] { Log.append("focus"); };
+        list_.View.StartLabelEdit = [this](int row) { Log.append(QStringLiteral("edit %1").arg(row)); };
+    }
+
+    static int Mask()
+    {
+        return FileClasses().FileClassMask;
+    }
+
+    bool Exists(const QString& name) const
+    {
+        return QFileInfo::exists(FilePath(name));
+    }
+
+    void MakeFolder(const QString& name) const
+    {
+        ASSERT_TRUE(QDir().mkdir(FilePath(name)));
+    }
+
+    void StoreAt(const QString& name, const QDateTime& changed) const
+    {
+        Store(FilePath(name), "x");
+        QFile file(FilePath(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(changed, QFileDevice::FileModificationTime));
+    }
+
+    /// Adds a row; the disk is not touched.
+    void AddFile(const QString& name, const QDate& day = QDate(2025, 1, 1), const QTime& time = QTime(12, 0))
+    {
+        TransferAddRow(list_, name, kChannelFile, QDateTime(day, time));
+    }
+
+    void AddFolder(const QString& name)
+    {
+        TransferAddRow(list_, name, kChannelFolder, {});
+    }
+
+    QStringList Names() const
+    {
+        QStringList names;
+        for (const FileListRow& row : list_.Rows)
+            names.append(row.Text);
+        return names;
+    }
+
+    QStringList Dates() const
+    {
+        QStringList dates;
+        for (const FileListRow& row : list_.Rows)
+            dates.append(row.SubItems[0]);
+        return dates;
+    }
+
+    FileListRow& Row(size_t row)
+    {
+        return list_.Rows.at(row);
+    }
+
+    /// Text and key of the first row.
+    void ExpectRow(const QString& text, const QString& key)
+    {
+        EXPECT_EQ(Row(0).Text, text);
+        EXPECT_EQ(Row(0).Key, key);
+    }
+
+    FileList list_;
+    QStringList Changes; ///< drawing off and on
+    QStringList Log; ///< focus and label edit
+};
+
+} // namespace tarvik

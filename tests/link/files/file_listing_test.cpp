@@ -1,0 +1,216 @@
+// How the lists of files are filled: what of the PC's folder and of the instrument's is shown.
+#include "tests/link/files/file_list_fixture.h"
+#include "tests/support/fakeChannel.h"
+
+namespace tarvik {
+
+namespace {
+
+constexpr int kEveryClass[] = { FileClassAntennaList, FileClassKfactorTable, FileClassMemoryList, FileClassSuppressList,
+    FileClassScreenShot, FileClassCorrectionSet };
+
+using FileListing = FileListTest;
+
+class InstrumentLists : public FileListTest {
+protected:
+    void Give(const QString& name, qint16 type, qint16 year = 2025, qint16 month = 4, qint16 day = 5)
+    {
+        ChannelRow row;
+        row.Name = name;
+        row.Type = type;
+        row.Year = year;
+        row.Month = month;
+        row.Day = day;
+        row.Hour = 6;
+        row.Minute = 7;
+        row.Second = 8;
+        fake_.Rows.push_back(row);
+    }
+
+    FakeChannel fake_;
+};
+
+} // namespace
+
+TEST_F(FileListing, PcListShowsFoldersThenTheFilesOfTheClass)
+{
+    MakeFolder("b");
+    MakeFolder("A");
+    StoreAt("z.tvm", QDateTime(QDate(2024, 2, 29), QTime(23, 59, 58)));
+    StoreAt("C.TVM", QDateTime(QDate(2024, 2, 28), QTime(1, 2, 3)));
+    StoreAt("other.tva", QDateTime(QDate(2024, 2, 28), QTime(1, 2, 3)));
+    TransferListPc(list_, Mask(), true);
+    EXPECT_EQ(Names(), QStringList({ "A", "b", "C.TVM", "z.tvm" }));
+    EXPECT_EQ(Row(3).SubItems[0], "29/02/24");
+    EXPECT_EQ(Row(3).SubItems[1], "23:59:58");
+    EXPECT_EQ(Row(3).Icon, "File");
+}
+
+TEST_F(FileListing, PcListShowsFoldersForEveryClass)
+{
+    MakeFolder("Sub");
+    for (const int fileClass : kEveryClass) {
+        ModFileInit(fileClass);
+        TransferListPc(list_, Mask());
+        EXPECT_EQ(Names(), QStringList({ "Sub" })) << fileClass;
+    }
+}
+
+TEST_F(FileListing, PcFileWithAPointInItsBaseNameIsNotShown)
+{
+    Store(FilePath("a.b.tvm"), "x");
+    Store(FilePath("ab.tvm"), "x");
+    TransferListPc(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "ab.tvm" }));
+}
+
+TEST_F(FileListing, PcFileWithLettersThatTheInstrumentLacksIsNotShown)
+{
+    Store(FilePath(QStringLiteral("Stra\u00dfe.tvm")), "x");
+    Store(FilePath(".tvm"), "x");
+    Store(FilePath("a;b.tvm"), "x");
+    Store(FilePath(QString(33, u'a') + ".tvm"), "x");
+    Store(FilePath(QString(32, u'a') + ".tvm"), "x");
+    TransferListPc(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ QString(32, u'a') + ".tvm" }));
+}
+
+TEST_F(FileListing, HiddenFoldersOfThePcAreNotShown)
+{
+    MakeFolder(".cache");
+    TransferListPc(list_, Mask());
+    EXPECT_TRUE(list_.Rows.empty());
+}
+
+TEST_F(FileListing, EmptyPcFolderGivesNoRowAndNoMessage)
+{
+    AddFile("old.tvm", QDate(2025, 1, 1));
+    TransferListPc(list_, Mask(), true);
+    EXPECT_TRUE(list_.Rows.empty());
+}
+
+TEST_F(FileListing, PcFolderThatIsNotThereGivesNoRowAndNoMessage)
+{
+    for (const QString& folder : { FilePath("gone"), QString() }) {
+        CurrentPcFolder() = folder;
+        AddFile("old.tvm", QDate(2025, 1, 1));
+        TransferListPc(list_, Mask());
+        EXPECT_TRUE(list_.Rows.empty());
+    }
+}
+
+TEST_F(FileListing, ListingLeavesNoCurrentRowAndDrawsOnce)
+{
+    Store(FilePath("a.tvm"), "x");
+    AddFile("old.tvm", QDate(2025, 1, 1));
+    Row(0).Selected = true;
+    list_.CurrentRow = 0;
+    TransferListPc(list_, Mask(), true);
+    EXPECT_EQ(list_.CurrentRow, -1);
+    EXPECT_FALSE(TransferAnySelected(list_));
+    EXPECT_EQ(Changes, QStringList({ "begin", "end" }));
+}
+
+TEST_F(InstrumentLists, RowsComeInTheOrderOfTheWalk)
+{
+    Give("z.tvm", kChannelFile);
+    Give("a.tvm", kChannelFile);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "z.tvm", "a.tvm" }));
+    EXPECT_EQ(Row(0).SubItems[0], "05/04/25");
+    EXPECT_EQ(Row(0).SubItems[1], "06:07:08");
+    EXPECT_EQ(fake_.Log, QStringList({ "StartFindMemoryListFiles", "GetNextFile", "GetNextFile" }));
+}
+
+TEST_F(InstrumentLists, FilesPassTheSameFiltersAsThoseOfThePc)
+{
+    Give("good.tvm", kChannelFile);
+    Give("two.points.tvm", kChannelFile);
+    Give("other.tva", kChannelFile);
+    Give("../up.tvm", kChannelFile);
+    Give("..\\up.tvm", kChannelFile);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "good.tvm" }));
+}
+
+TEST_F(InstrumentLists, FoldersAreShownForScreenShotsAndUnknownClassesOnly)
+{
+    Give("Sub", kChannelFolder);
+    for (const int fileClass : { 1, 2, 3, 4, 5, 6, 7 }) {
+        ModFileInit(fileClass);
+        TransferListInstr(list_, Mask());
+        EXPECT_EQ(!list_.Rows.empty(), fileClass == 5 || fileClass == 7) << fileClass;
+    }
+}
+
+TEST_F(InstrumentLists, RowOfAnotherTypeIsDropped)
+{
+    ModFileInit(FileClassScreenShot);
+    Give("a.png", 2);
+    Give("b.png", -1);
+    Give("c.png", kChannelFile);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "c.png" }));
+}
+
+TEST_F(InstrumentLists, LastRowIsShown)
+{
+    Give("only.tvm", kChannelFile);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "only.tvm" }));
+    EXPECT_EQ(fake_.Count("GetNextFile"), 1);
+}
+
+TEST_F(InstrumentLists, NothingToWalkLeavesTheListEmptyWithoutAMessage)
+{
+    AddFile("old.tvm", QDate(2025, 1, 1));
+    Give("a.tvm", kChannelFile);
+    fake_.NothingToWalk = true;
+    TransferListInstr(list_, Mask());
+    EXPECT_TRUE(list_.Rows.empty());
+    EXPECT_EQ(fake_.Count("GetNextFile"), 0);
+}
+
+TEST_F(InstrumentLists, WalkThatCannotStartLeavesTheListEmptyWithoutAMessage)
+{
+    AddFile("old.tvm", QDate(2025, 1, 1));
+    Give("a.tvm", kChannelFile);
+    fake_.Answer("StartFindMemoryListFiles", kChannelLinkFailed);
+    TransferListInstr(list_, Mask());
+    EXPECT_TRUE(list_.Rows.empty());
+    EXPECT_EQ(fake_.Count("GetNextFile"), 0);
+}
+
+TEST_F(InstrumentLists, WalkThatBreaksKeepsTheRowsBefore)
+{
+    Give("a.tvm", kChannelFile);
+    Give("b.tvm", kChannelFile);
+    Give("c.tvm", kChannelFile);
+    fake_.Answer("GetNextFile", kChannelOk);
+    fake_.Answer("GetNextFile", kChannelLinkFailed);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Names(), QStringList({ "a.tvm" }));
+    EXPECT_EQ(fake_.Count("GetNextFile"), 2);
+}
+
+TEST_F(InstrumentLists, DateThatDoesNotExistIsLeftEmpty)
+{
+    Give("a.tvm", kChannelFile, 2025, 2, 30);
+    Give("b.tvm", kChannelFile, 0, 0, 0);
+    TransferListInstr(list_, Mask());
+    EXPECT_EQ(Dates(), QStringList({ "", "" }));
+}
+
+TEST_F(InstrumentLists, EveryClassStartsItsOwnWalk)
+{
+    const char* starts[] = { "StartFindAntennaListFiles", "StartFindKfactorTableFiles", "StartFindMemoryListFiles",
+        "StartFindSuppressListFiles", "StartFindAllFiles", "StartFindCorrectionSetFiles", "StartFindAllFiles" };
+    for (int fileClass = 1; fileClass <= 7; ++fileClass) {
+        fake_.Log.clear();
+        ModFileInit(fileClass);
+        TransferListInstr(list_, Mask());
+        EXPECT_EQ(fake_.Log, QStringList({ QString::fromLatin1(starts[fileClass - 1]) }));
+    }
+}
+
+} // namespace tarvik

@@ -1,0 +1,357 @@
+// Download of selected rows, and of the active data set.
+#include "tests/link/transfer/transfer_fixture.h"
+
+#include "app/platform/paths.h"
+#include "app/values/general.h"
+#include "link/classes/model.h"
+#include "link/documents/file.h"
+#include "link/transfer/fileDates.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace tarvik {
+
+namespace {
+
+const QDateTime kRowDate(QDate(2025, 4, 5), QTime(6, 7, 8));
+
+class Download : public TransferTest {
+protected:
+    void Run()
+    {
+        TransferGetFiles(instr_, pc_);
+    }
+
+    QString GetFile(const QString& name) const
+    {
+        return QStringLiteral("GetFile %1 %2 10000").arg(name, Local(name));
+    }
+
+    QDateTime ChangeOf(const QString& name) const
+    {
+        return QFileInfo(FilePath(name)).lastModified();
+    }
+};
+
+class DownloadActive : public TransferTest {
+protected:
+    QString Get(const QString& name) const
+    {
+        return QStringLiteral("GetActiveDatasetFile %1 15000").arg(Local(name));
+    }
+
+    void StoreAllNames()
+    {
+        for (int number = 0; number < 1000; ++number)
+            StoreLocal(QStringLiteral("Active%1.set").arg(number, 3, 10, QLatin1Char('0')));
+    }
+};
+
+} // namespace
+
+TEST_F(Download, FileIsFetchedAndStamped)
+{
+    AddFile(instr_, "a.png");
+    Run();
+    EXPECT_EQ(fake_.Log, QStringList({ GetFile("a.png") }));
+    EXPECT_EQ(Contents(FilePath("a.png")), fake_.Contents);
+    EXPECT_EQ(ChangeOf("a.png"), kRowDate);
+    EXPECT_FALSE(HasReadOnlyAttribute(FilePath("a.png")));
+    EXPECT_EQ(Shown, QStringList({ "pump", "maximum 1", "label Copying to the PC: a.png", "value 1", "pump" }));
+}
+
+TEST_F(Download, EveryClassHasItsOwnOperation)
+{
+    const char* calls[] = { "GetAntennaListFile", "GetKfactorTableFile", "GetMemoryListFile", "GetSuppressListFile",
+        "GetFile", "GetCorrectionSetFile", "GetFile" };
+    for (const int fileClass : kClassesOfAllKinds) {
+        ModFileInit(fileClass);
+        instr_.Rows.clear();
+        fake_.Log.clear();
+        const QString name = QStringLiteral("f%1").arg(fileClass);
+        AddFile(instr_, name);
+        Run();
+        EXPECT_EQ(fake_.Log.size(), 1);
+        EXPECT_EQ(fake_.Count(QLatin1String(calls[fileClass - 1]) + ' ' + name), 1) << fileClass;
+    }
+}
+
+TEST_F(Download, AllButTheClassesWithOneListKeepTheirDate)
+{
+    for (const int fileClass : kClassesOfAllKinds) {
+        ModFileInit(fileClass);
+        instr_.Rows.clear();
+        const QString name = QStringLiteral("f%1").arg(fileClass);
+        AddFile(instr_, name);
+        Run();
+        const bool keeps = fileClass != 1 && fileClass != 3 && fileClass != 4;
+        EXPECT_EQ(ChangeOf(name) == kRowDate, keeps) << fileClass;
+    }
+}
+
+TEST_F(Download, FoldersAreRefusedAndNotCounted)
+{
+    AddFolder(instr_, "One");
+    AddFile(instr_, "a.png");
+    Answers().Expect(12745, { QStringLiteral("One") }, Ok);
+    Run();
+    EXPECT_EQ(ShownOf("maximum"), QStringList({ "maximum 1" }));
+    EXPECT_EQ(ShownOf("value"), QStringList({ "value 1" }));
+}
+
+TEST_F(Download, FileThatExistsGoesIntoTheTrashOnYes)
+{
+    StoreLocal("a.png");
+    AddFile(instr_, "a.png");
+    Answers().Expect(12734, { Local("a.png") }, Yes);
+    Run();
+    EXPECT_EQ(Trash, QStringList({ "a.png" }));
+    EXPECT_EQ(Contents(FilePath("a.png")), fake_.Contents);
+}
+
+TEST_F(Download, AnyOtherAnswerThanYesKeepsTheFileAndTheJobGoesOn)
+{
+    StoreLocal("a.png");
+    AddFile(instr_, "a.png");
+    AddFile(instr_, "b.png");
+    for (const int answer : { No, Cancel, 0 }) {
+        QFile::remove(FilePath("b.png"));
+        fake_.Log.clear();
+        Answers().Expect(12734, { Local("a.png") }, answer);
+        Run();
+        EXPECT_EQ(fake_.Log, QStringList({ GetFile("b.png") }));
+        EXPECT_EQ(Contents(FilePath("a.png")), "a.png");
+    }
+    EXPECT_TRUE(Trash.isEmpty());
+}
+
+TEST_F(Download, ClassesWithOneListAskPlainlyForEachFile)
+{
+    for (const int fileClass : kClassesOfAllKinds) {
+        ModFileInit(fileClass);
+        instr_.Rows.clear();
+        const QString names[] = { QStringLiteral("a%1").arg(fileClass), QStringLiteral("b%1").arg(fileClass) };
+        QList<int> buttons;
+        for (const QString& name : names) {
+            StoreLocal(name);
+            AddFile(instr_, name);
+            Answers().ExpectWhile(12734, No, [&buttons] { buttons.append(TheMessage().Buttons()); });
+        }
+        Run();
+        const int expected = ModHoldsOneList(fileClass) ? MsgButtonsYesNo : MsgButtonsAllChoices;
+        EXPECT_EQ(buttons, QList<int>({ expected, expected })) << fileClass;
+    }
+}
+
+TEST_F(Download, YesAllReplacesTheRestByWayOfTheTrash)
+{
+    for (const char* name : { "a.png", "b.png" }) {
+        StoreLocal(QString::fromLatin1(name));
+        AddFile(instr_, QString::fromLatin1(name));
+    }
+    Answers().ExpectWhile(12734, Yes, [] { TheMessage().YesAll = true; });
+    Run();
+    EXPECT_EQ(Trash, QStringList({ "a.png", "b.png" }));
+    EXPECT_EQ(fake_.Count("GetFile"), 2);
+}
+
+TEST_F(Download, NoAllKeepsTheRest)
+{
+    for (const char* name : { "a.png", "b.png" }) {
+        StoreLocal(QString::fromLatin1(name));
+        AddFile(instr_, QString::fromLatin1(name));
+    }
+    AddFile(instr_, "new.png");
+    Answers().ExpectWhile(12734, No, [] { TheMessage().NoAll = true; });
+    Run();
+    EXPECT_EQ(fake_.Log, QStringList({ GetFile("new.png") }));
+}
+
+TEST_F(Download, AnswersForAllOfAnEarlierJobDoNotCount)
+{
+    StoreLocal("a.png");
+    AddFile(instr_, "a.png");
+    TheMessage().YesAll = true;
+    TheMessage().NoAll = true;
+    Answers().Expect(12734, No);
+    Run();
+    EXPECT_EQ(Contents(FilePath("a.png")), "a.png");
+}
+
+TEST_F(Download, FileThatTheTrashCannotTakeIsKeptAndNothingIsFetched)
+{
+    TrashIsFull = true;
+    StoreLocal("a.png");
+    AddFile(instr_, "a.png");
+    Answers().Expect(12734, Yes);
+    Answers().Expect(12746, { QStringLiteral("a.png") }, Ok);
+    Run();
+    EXPECT_TRUE(fake_.Log.isEmpty());
+    EXPECT_EQ(Contents(FilePath("a.png")), "a.png");
+    EXPECT_EQ(ShownOf("value"), QStringList({ "value 1" }));
+}
+
+TEST_F(Download, FailureWithTheLinkStillThereGoesOn)
+{
+    AddFile(instr_, "a.png");
+    AddFile(instr_, "b.png");
+    fake_.Answer("GetFile", kChannelRefused);
+    Answers().Expect(12704, Ok);
+    Run();
+    EXPECT_EQ(fake_.Log, QStringList({ GetFile("a.png"), "CheckConnection", GetFile("b.png") }));
+    EXPECT_FALSE(Exists("a.png"));
+    EXPECT_EQ(ShownOf("value"), QStringList({ "value 1", "value 2" }));
+}
+
+TEST_F(Download, LostLinkEndsTheJobAndDisconnects)
+{
+    AddFile(instr_, "a.png");
+    AddFile(instr_, "b.png");
+    fake_.Answer("GetFile", kChannelLinkFailed);
+    fake_.Gone = true;
+    Answers().Expect(12704, Ok);
+    Run();
+    EXPECT_EQ(fake_.Log, QStringList({ GetFile("a.png"), "CheckConnection", "Disconnect" }));
+}
+
+TEST_F(Download, CancelWaitsForTheFileInWork)
+{
+    AddFile(instr_, "a.png");
+    AddFile(instr_, "b.png");
+    fake_.OnCall = [](const QString&) { Transfer().TransferCancel = true; };
+    Run();
+    EXPECT_TRUE(Exists("a.png"));
+    EXPECT_FALSE(Exists("b.png"));
+    EXPECT_EQ(ChangeOf("a.png"), kRowDate);
+}
+
+TEST_F(Download, PresetAndLockedRowsBecomeReadOnly)
+{
+    AddFile(instr_, "a.set").Icon = "PresetFile";
+    AddFile(instr_, "b.set").Icon = "LockedFile";
+    AddFile(instr_, "c.set").Icon = "RestrictedFile";
+    Run();
+    EXPECT_TRUE(HasReadOnlyAttribute(FilePath("a.set")));
+    EXPECT_TRUE(HasReadOnlyAttribute(FilePath("b.set")));
+    EXPECT_FALSE(HasReadOnlyAttribute(FilePath("c.set")));
+    EXPECT_EQ(ChangeOf("a.set"), kRowDate);
+}
+
+TEST_F(Download, StampKeepsTheTimeOfTheLastAccess)
+{
+    StoreLocal("a.png");
+    const QDateTime access(QDate(2020, 1, 2), QTime(3, 4, 5));
+    QFile file(FilePath("a.png"));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(access, QFileDevice::FileAccessTime));
+    file.close();
+    FileSetPcDate(FilePath("a.png"), kRowDate, false);
+    EXPECT_EQ(QFileInfo(FilePath("a.png")).lastRead(), access);
+    EXPECT_EQ(ChangeOf("a.png"), kRowDate);
+}
+
+TEST_F(Download, StampMakesNoFile)
+{
+    FileSetPcDate(FilePath("gone.png"), kRowDate, true);
+    EXPECT_FALSE(Exists("gone.png"));
+}
+
+TEST_F(Download, RowWithoutADateKeepsTheMomentOfCopying)
+{
+    AddFile(instr_, "a.png").SubItems = {};
+    const QDateTime before = QDateTime::currentDateTime().addSecs(-2);
+    Run();
+    EXPECT_GE(ChangeOf("a.png"), before);
+}
+
+TEST_F(Download, TrashTellsWhetherTheFileIsGone)
+{
+    StoreLocal("a.png");
+    TrashIsFull = true;
+    EXPECT_FALSE(FileRecycle(FilePath("a.png")));
+    TrashIsFull = false;
+    EXPECT_TRUE(FileRecycle(FilePath("a.png")));
+    EXPECT_TRUE(FileRecycle(FilePath("a.png"))) << "one that was never there is gone, too";
+}
+
+TEST_F(DownloadActive, FirstFreeNameIsTaken)
+{
+    TransferGetActive();
+    TransferGetActive();
+    EXPECT_EQ(fake_.Log, QStringList({ Get("Active000.set"), Get("Active001.set") }));
+}
+
+TEST_F(DownloadActive, GapInTheNamesIsFilled)
+{
+    StoreLocal("Active000.set");
+    StoreLocal("Active002.set");
+    TransferGetActive();
+    EXPECT_EQ(fake_.Log, QStringList({ Get("Active001.set") }));
+}
+
+TEST_F(DownloadActive, BarShowsOneBeforeAndAfter)
+{
+    TransferGetActive();
+    EXPECT_EQ(Shown, QStringList({ "pump", "maximum 1", "value 1", "value 1" }));
+}
+
+TEST_F(DownloadActive, ThousandFilesOfferToReplaceTheOverflowNameEvenIfItIsFree)
+{
+    StoreAllNames();
+    int buttons = -1;
+    Answers().ExpectWhile(12734, Yes, [&buttons] {
+        buttons = TheMessage().Buttons();
+        EXPECT_EQ(TheMessage().Args, QStringList({ PcFilePath("Active.000") }));
+    });
+    TransferGetActive();
+    EXPECT_EQ(buttons, MsgButtonsYesNo);
+    EXPECT_EQ(fake_.Log, QStringList({ Get("Active.000") }));
+}
+
+TEST_F(DownloadActive, OverflowFileGoesIntoTheTrashOnYes)
+{
+    StoreAllNames();
+    StoreLocal("Active.000");
+    Answers().Expect(12734, { Local("Active.000") }, Yes);
+    TransferGetActive();
+    EXPECT_EQ(Trash, QStringList({ "Active.000" }));
+    EXPECT_EQ(Contents(FilePath("Active.000")), fake_.Contents);
+}
+
+TEST_F(DownloadActive, OverflowFileIsKeptOnNo)
+{
+    StoreAllNames();
+    StoreLocal("Active.000");
+    Answers().Expect(12734, { Local("Active.000") }, No);
+    TransferGetActive();
+    EXPECT_TRUE(fake_.Log.isEmpty());
+    EXPECT_EQ(Contents(FilePath("Active.000")), "Active.000");
+}
+
+TEST_F(DownloadActive, OverflowFileThatTheTrashCannotTakeEndsTheJob)
+{
+    StoreAllNames();
+    StoreLocal("Active.000");
+    TrashIsFull = true;
+    Answers().Expect(12734, Yes);
+    Answers().Expect(12746, { QStringLiteral("Active.000") }, Ok);
+    TransferGetActive();
+    EXPECT_TRUE(fake_.Log.isEmpty());
+}
+
+TEST_F(DownloadActive, FailureIsReportedAndAGoneLinkDisconnects)
+{
+    fake_.Answer("GetActiveDatasetFile", kChannelRefused);
+    Answers().Expect(12704, Ok);
+    TransferGetActive();
+    EXPECT_EQ(fake_.Log, QStringList({ Get("Active000.set"), "CheckConnection" }));
+    fake_.Answer("GetActiveDatasetFile", kChannelLinkFailed);
+    fake_.Gone = true;
+    Answers().Expect(12704, Ok);
+    TransferGetActive();
+    EXPECT_EQ(fake_.Log.last(), "Disconnect");
+}
+
+} // namespace tarvik

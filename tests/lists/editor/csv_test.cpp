@@ -1,0 +1,300 @@
+#include "tests/lists/list_fixture.h"
+
+#include "closed/loader.h"
+#include "lists/editor/csv.h"
+#include "lists/editor/editorGeneral.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLocale>
+
+#include <cmath>
+#include <new>
+
+namespace tarvik {
+
+namespace {
+
+class Csv : public ListTest {
+protected:
+    static CsvSource Source(const QByteArray& bytes, char separator = ',')
+    {
+        CsvSource source;
+        source.Bytes = bytes;
+        source.Separator = separator;
+        return source;
+    }
+    static bool ReadHeader(CsvSource& source, CsvHeader& header)
+    {
+        return CsvReadHeader(source, kTextMemoryKeyword, header);
+    }
+};
+
+/// A language whose memory lists bear the CSV extension, so that files follow the region.
+class CsvOfRegion : public Csv {
+protected:
+    CsvOfRegion()
+    {
+        realGetStr = TvLng().LngGetStr;
+        TvLng().LngGetStr = [](int32_t id, const char* fallback, char* out, int32_t size) {
+            return realGetStr(id == 10760 ? 11003 : id, fallback, out, size);
+        };
+        TheSeams().Region = [] { return QLocale(QLocale::German); };
+    }
+
+private:
+    static inline decltype(TvLngApi::LngGetStr) realGetStr = nullptr;
+};
+
+} // namespace
+
+TEST_F(Csv, FilesHaveCommasAndPointsWhateverTheRegion)
+{
+    TheSeams().Region = [] { return QLocale(QLocale::German); };
+    EXPECT_FALSE(CsvUseLocaleForm());
+    EXPECT_EQ(CsvListSeparator(), ',');
+    EXPECT_EQ(CsvNumberText(0.5), " 0.5");
+}
+
+TEST_F(CsvOfRegion, AListThatIsItselfCsvFollowsTheRegion)
+{
+    EXPECT_TRUE(CsvUseLocaleForm());
+    EXPECT_EQ(CsvListSeparator(), ';');
+    EXPECT_EQ(CsvNumberText(0.5), "0,5");
+    EXPECT_EQ(CsvNumberText(-0.5), "-0,5");
+}
+
+TEST_F(Csv, NumbersBeginWithABlankUnlessNegative)
+{
+    EXPECT_EQ(CsvNumberText(0), " 0");
+    EXPECT_EQ(CsvNumberText(145500000), " 145500000");
+    EXPECT_EQ(CsvNumberText(-12.25), "-12.25");
+}
+
+TEST_F(Csv, NumbersAreWrittenWithoutExponentAndWithEveryDigit)
+{
+    EXPECT_EQ(CsvNumberText(8e9), " 8000000000");
+    EXPECT_EQ(CsvNumberText(0.01), " 0.01");
+    EXPECT_EQ(CsvNumberText(1e-7), " 0.0000001");
+    EXPECT_EQ(CsvNumberText(123456789.123), " 123456789.123");
+    EXPECT_EQ(CsvNumberText(std::nextafter(1.0, 2.0)), " 1.0000000000000002");
+}
+
+TEST_F(Csv, TheLongestNumbersFit)
+{
+    EXPECT_EQ(CsvNumberText(-1.7976931348623157e308).size(), 310);
+    EXPECT_EQ(CsvNumberText(-5e-324).size(), 327);
+}
+
+TEST_F(Csv, ALineIsSplitAtEverySeparator)
+{
+    CsvFields fields;
+    fields.Split("a,,c,", ',');
+    ASSERT_EQ(fields.Count(), 4);
+    EXPECT_EQ(fields.At(0), QByteArrayView("a"));
+    EXPECT_TRUE(fields.At(1).isEmpty());
+    EXPECT_EQ(fields.At(2), QByteArrayView("c"));
+    EXPECT_TRUE(fields.At(3).isEmpty());
+    EXPECT_TRUE(fields.At(4).isEmpty());
+    fields.Split({}, ',');
+    EXPECT_EQ(fields.Count(), 1);
+}
+
+TEST_F(Csv, ThereIsNoQuoting)
+{
+    CsvFields fields;
+    fields.Split("\"a,b\"", ',');
+    EXPECT_EQ(fields.Count(), 2);
+    EXPECT_EQ(fields.At(0), QByteArrayView("\"a"));
+}
+
+TEST_F(Csv, ALineOfVeryManyFieldsKeepsItsCount)
+{
+    CsvFields fields;
+    fields.Split(QByteArray(100000, ','), ',');
+    EXPECT_EQ(fields.Count(), 100001);
+    EXPECT_TRUE(fields.At(50000).isEmpty());
+}
+
+TEST_F(Csv, LinesEndInCrLfOnly)
+{
+    CsvSource source = Source("a\nb,c\rd\r\ne\r\nrest");
+    CsvFields fields;
+    ASSERT_TRUE(CsvNextLine(source, fields));
+    EXPECT_EQ(fields.At(0), QByteArrayView("a\nb"));
+    EXPECT_EQ(fields.At(1), QByteArrayView("c\rd"));
+    ASSERT_TRUE(CsvNextLine(source, fields));
+    EXPECT_EQ(fields.At(0), QByteArrayView("e"));
+    EXPECT_FALSE(CsvNextLine(source, fields));
+}
+
+TEST_F(Csv, AMissingFileIsReported)
+{
+    CsvSource source;
+    Answers().Expect(12780, { QStringLiteral("gone.csv"), QStringLiteral("1") }, Ok);
+    EXPECT_FALSE(CsvLoadFile(FilePath("gone.csv"), source));
+}
+
+TEST_F(Csv, AFileIsReadWhole)
+{
+    Store(FilePath("a.csv"), "x\r\n");
+    CsvSource source;
+    ASSERT_TRUE(CsvLoadFile(FilePath("a.csv"), source));
+    EXPECT_EQ(source.Bytes, "x\r\n");
+    EXPECT_EQ(source.FileName, "a.csv");
+}
+
+TEST_F(Csv, AFileBeyondAllBoundsIsRefusedUnread)
+{
+    QFile file(FilePath("huge.csv"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(file.resize(kLargestCsvBytes + 1)); // takes no disk space
+    CsvSource source;
+    Answers().Expect(12819, { QStringLiteral("huge.csv") }, Ok);
+    EXPECT_FALSE(CsvLoadFile(FilePath("huge.csv"), source));
+    EXPECT_TRUE(source.Bytes.isEmpty());
+}
+
+TEST_F(Csv, TheLastSeparatorOfTheFirstLineWins)
+{
+    CsvSource source = Source("Memory List;Van,x\r\nDescription,d\r\n");
+    ASSERT_TRUE(CsvFindSeparator(source));
+    EXPECT_EQ(source.Separator, ',');
+    source = Source("Memory List,Van;x\r\nDescription,d\r\n");
+    ASSERT_TRUE(CsvFindSeparator(source));
+    EXPECT_EQ(source.Separator, ';');
+}
+
+TEST_F(Csv, AFileOfLessThanTwoEndedLinesIsTooShort)
+{
+    for (const char* bytes : { "", "Memory List,Van", "Memory List,Van\r\n", "Memory List,Van\r\nDescription,d" }) {
+        CsvSource source = Source(bytes);
+        Answers().Expect(12775, QStringList(), Ok);
+        EXPECT_FALSE(CsvFindSeparator(source)) << bytes;
+    }
+}
+
+TEST_F(Csv, AFirstLineWithoutSeparatorIsRefused)
+{
+    CsvSource source = Source("Memory List\r\nDescription,d\r\n");
+    Answers().Expect(12776, QStringList(), Ok);
+    EXPECT_FALSE(CsvFindSeparator(source));
+}
+
+TEST_F(Csv, TheHeaderGivesNameAndDescription)
+{
+    CsvSource source = Source("Memory List, Van 7 \r\nDescription,roof \xE4\r\nrow\r\n");
+    CsvHeader header;
+    ASSERT_TRUE(ReadHeader(source, header));
+    EXPECT_EQ(header.Name, "Van 7");
+    EXPECT_EQ(header.Description, QStringLiteral("roof \u00e4"));
+    EXPECT_EQ(source.Bytes.mid(source.At), "row\r\n");
+}
+
+TEST_F(Csv, WithoutADescriptionLineTheRowsBeginBehindTheKeywordLine)
+{
+    CsvSource source = Source("Memory List,Van\r\nUsed,0\r\n");
+    CsvHeader header;
+    ASSERT_TRUE(ReadHeader(source, header));
+    EXPECT_EQ(header.Description, "");
+    EXPECT_EQ(source.Bytes.mid(source.At), "Used,0\r\n");
+}
+
+TEST_F(Csv, AWrongOrLoneKeywordIsRefused)
+{
+    for (const char* line : { "memory list,Van", "Memory List", "Suppress List,Van", " Memory List,Van" }) {
+        CsvSource source = Source(QByteArray(line) + "\r\nDescription,d\r\n");
+        CsvHeader header;
+        Answers().Expect(12777, QStringList(), Ok);
+        EXPECT_FALSE(ReadHeader(source, header)) << line;
+    }
+}
+
+TEST_F(Csv, TheNameOfTheListMustBeValid)
+{
+    CsvHeader header;
+    CsvSource source = Source("Memory List,a.b\r\nDescription,d\r\n");
+    Answers().Expect(12766, { QStringLiteral("memory list") }, Ok);
+    EXPECT_FALSE(ReadHeader(source, header));
+    source = Source("Memory List,None\r\nDescription,d\r\n");
+    Answers().Expect(12770, { QStringLiteral("memory list") }, Ok);
+    EXPECT_FALSE(ReadHeader(source, header));
+    source = Source("Memory List,nonE1\r\nDescription,d\r\n");
+    EXPECT_TRUE(ReadHeader(source, header));
+}
+
+TEST_F(Csv, ASecondLineOfOneFieldIsRefused)
+{
+    CsvSource source = Source("Memory List,Van\r\nDescription\r\n");
+    CsvHeader header;
+    Answers().Expect(12778, QStringList(), Ok);
+    EXPECT_FALSE(ReadHeader(source, header));
+}
+
+TEST_F(Csv, ADescriptionWithAForbiddenCharacterIsRefused)
+{
+    CsvSource source = Source("Memory List,Van\r\nDescription,a;b\r\n");
+    CsvHeader header;
+    Answers().Expect(12779, QStringList(), Ok);
+    EXPECT_FALSE(ReadHeader(source, header));
+}
+
+TEST_F(Csv, ADescriptionIsCutTo32Characters)
+{
+    CsvSource source = Source("Memory List,Van\r\nDescription," + QByteArray(50, 'x') + "\r\n");
+    CsvHeader header;
+    ASSERT_TRUE(ReadHeader(source, header));
+    EXPECT_EQ(header.Description, QString(32, u'x'));
+}
+
+TEST_F(Csv, AFailureAtRunTimeNamesTheFile)
+{
+    Answers().Expect(12819, { QStringLiteral("a.csv") }, Ok);
+    EXPECT_FALSE(CsvGuard("a.csv", []() -> bool { throw std::bad_alloc(); }));
+    EXPECT_TRUE(CsvGuard("a.csv", [] { return true; }));
+    EXPECT_FALSE(CsvGuard("a.csv", [] { return false; }));
+}
+
+TEST_F(Csv, AWrittenFileHasHeaderAndLines)
+{
+    CsvWriter writer;
+    CsvWriteHeader(writer, kTextMemoryKeyword, { "Van", QStringLiteral("roof \u20ac") });
+    writer.Text("Used");
+    writer.Integer(7);
+    writer.Number(1.5);
+    writer.Text({});
+    writer.EndLine();
+    EXPECT_EQ(writer.Bytes(), "Memory List,Van\r\nDescription,roof \x80\r\nUsed,7, 1.5,\r\n");
+}
+
+TEST_F(Csv, TheWrittenDescriptionIsRecognisedByTheReader)
+{
+    CsvWriter writer;
+    CsvWriteHeader(writer, kTextMemoryKeyword, { "Van", "roof" });
+    CsvSource source = Source(writer.Bytes());
+    CsvHeader header;
+    ASSERT_TRUE(CsvFindSeparator(source));
+    ASSERT_TRUE(ReadHeader(source, header));
+    EXPECT_EQ(header.Description, "roof");
+}
+
+TEST_F(Csv, AFileThatCannotBeWrittenIsReportedAndLeavesNothing)
+{
+    CsvWriter writer;
+    writer.Text("x");
+    Answers().Expect(12819, { QStringLiteral("a.csv") }, Ok);
+    EXPECT_FALSE(CsvSaveFile(FilePath("no folder/a.csv"), writer));
+    EXPECT_TRUE(QDir(Folder()).isEmpty());
+}
+
+TEST_F(Csv, SavingReplacesTheFileAndLeavesNothingElse)
+{
+    Store(FilePath("a.csv"), "old");
+    CsvWriter writer;
+    writer.Text("new");
+    ASSERT_TRUE(CsvSaveFile(FilePath("a.csv"), writer));
+    EXPECT_EQ(Contents(FilePath("a.csv")), "new");
+    EXPECT_EQ(QDir(Folder()).entryList(QDir::Files | QDir::Hidden), QStringList({ "a.csv" }));
+}
+
+} // namespace tarvik

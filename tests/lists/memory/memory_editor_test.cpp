@@ -1,0 +1,414 @@
+#include "tests/lists/editor/list_form_fixture.h"
+
+#include "app/text/lang.h"
+#include "closed/loader.h"
+#include "lists/editor/editorGeneral.h"
+#include "lists/memory/fmEditorMemoryListProp.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+
+namespace tarvik {
+
+namespace {
+
+class MemoryEditor : public ListFormTest {
+protected:
+    ~MemoryEditor() override
+    {
+        if (!form.IsClosed())
+            GiveUp();
+    }
+    bool CanDelete()
+    {
+        return Find<QPushButton>(form, "BtDel").isEnabled();
+    }
+    /// What the editor would write.
+    MemoryTable Saved()
+    {
+        const QString folder = FilePath("saved/");
+        QDir().mkpath(folder);
+        QFile::remove(folder + "Van.tvm");
+        AnswerFolder(folder);
+        EXPECT_TRUE(form.Save());
+        MemoryTable read;
+        EXPECT_TRUE(OpenMemoryList(folder + "Van.tvm", read));
+        return read;
+    }
+    QComboBox& Sort()
+    {
+        return Find<QComboBox>(form, "CbSort");
+    }
+    /// Does `during` to the entry dialog once it is open.
+    static void InDialog(const std::function<void(QWidget&)>& during)
+    {
+        QTimer::singleShot(0, qApp, [during] {
+            auto* dialog = dynamic_cast<fmEditorMemoryListProp*>(DialogTop());
+            ASSERT_NE(dialog, nullptr);
+            during(*dialog);
+        });
+    }
+};
+
+} // namespace
+
+TEST_F(MemoryEditor, AnUnusedRowShowsItsNumberOnly)
+{
+    Open();
+    EXPECT_EQ(CellText(2, 5), "5");
+    for (const int column : { 3, 4, 5 })
+        EXPECT_EQ(CellText(column, 5), "");
+    EXPECT_FALSE(IsChecked(5));
+    EXPECT_FALSE(CanDelete());
+}
+
+TEST_F(MemoryEditor, AUsedRowShowsItsFields)
+{
+    Open(StoredList({ 5 }));
+    EXPECT_EQ(CellText(2, 5), "5");
+    EXPECT_EQ(CellText(3, 5), "105.000000");
+    EXPECT_EQ(CellText(4, 5), "FM");
+    EXPECT_EQ(CellText(5, 5), "Row 5");
+}
+
+TEST_F(MemoryEditor, TypingAFrequencyBringsARowToLifeWithItsNumber)
+{
+    Open();
+    TypeCell(3, 5, "145,5");
+    EXPECT_TRUE(Editor().EditorDirty);
+    EXPECT_TRUE(CanDelete());
+    EXPECT_EQ(CellText(4, 5), "FM");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(CellText(3, 5), "145.500000");
+    Find<QLineEdit>(form, "TbName").setText("Van");
+    const MemoryRecord record = Saved().Row(5);
+    EXPECT_TRUE(record.Used);
+    EXPECT_EQ(record.Number, 5);
+    EXPECT_EQ(record.Frequency, 145500000);
+}
+
+TEST_F(MemoryEditor, TypingADescriptionBringsARowToLifeThatOwesItsFrequency)
+{
+    Open();
+    TypeCell(5, 5, "Tower");
+    EXPECT_EQ(CellText(5, 5), "Tower");
+    EXPECT_EQ(CellText(4, 5), "FM");
+    EXPECT_EQ(CellText(3, 5), "");
+    Find<QLineEdit>(form, "TbName").setText("Van");
+    AnswerFolder(Folder());
+    Answers().Expect(12771, Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(Cell(3, 5).hasFocus());
+}
+
+TEST_F(MemoryEditor, TheCheckBoxStoresTheStatusAtOnce)
+{
+    Open(StoredList({ 5 }));
+    Find<QCheckBox>(form, CellName(1, 5)).click();
+    EXPECT_TRUE(Editor().EditorDirty);
+    EXPECT_EQ(Saved().Row(5).Status, 1);
+}
+
+TEST_F(MemoryEditor, TheCheckBoxBringsARowToLife)
+{
+    Open();
+    Find<QCheckBox>(form, CellName(1, 5)).click();
+    EXPECT_TRUE(IsChecked(5));
+    EXPECT_EQ(CellText(4, 5), "FM");
+    EXPECT_TRUE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, AValueBeyondTheLimitsIsReplacedInItsCell)
+{
+    Open(StoredList({ 5 }));
+    TypeCell(3, 5, "9000");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(CellText(3, 5), "8000.000000");
+}
+
+TEST_F(MemoryEditor, ABadDescriptionKeepsTheFocus)
+{
+    Open(StoredList({ 5 }));
+    TypeCell(5, 5, "a,b");
+    Answers().Expect(12764, QStringList(), Ok);
+    Key(Qt::Key_Down);
+    EXPECT_TRUE(Cell(5, 5).hasFocus());
+}
+
+TEST_F(MemoryEditor, DeleteFreesTheRowAndKeepsItsNumber)
+{
+    Open(StoredList({ 4, 5, 6 }));
+    form.CellSetFocus(5, 3);
+    EXPECT_TRUE(CanDelete());
+    Click(form, "BtDel");
+    EXPECT_EQ(CellText(2, 5), "5");
+    EXPECT_EQ(CellText(3, 5), "");
+    EXPECT_EQ(CellText(3, 6), "106.000000"); // nothing is shifted
+    EXPECT_TRUE(Cell(3, 5).hasFocus());
+    EXPECT_TRUE(Editor().EditorDirty);
+    EXPECT_FALSE(CanDelete());
+    const MemoryTable saved = Saved();
+    EXPECT_FALSE(saved.Row(5).Used);
+    EXPECT_TRUE(saved.Row(6).Used);
+}
+
+TEST_F(MemoryEditor, DeleteDoesNotHoldUpOnABadCell)
+{
+    Open(StoredList({ 5 }));
+    TypeCell(3, 5, "abc");
+    Click(form, "BtDel");
+    EXPECT_EQ(CellText(3, 5), "");
+}
+
+TEST_F(MemoryEditor, ADeletedRowComesBackWithItsNumber)
+{
+    Open(StoredList({ 5 }));
+    form.CellSetFocus(5, 3);
+    Click(form, "BtDel");
+    TypeCell(3, 5, "200");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(CellText(2, 5), "5");
+    EXPECT_EQ(CellText(5, 5), "Row 5"); // the record's values, not blanks
+    EXPECT_TRUE(Saved().Row(5).Used);
+}
+
+TEST_F(MemoryEditor, ABadFrequencyOutsideThePageDoesNotStopASave)
+{
+    const QString path = StoredList({ 0, 500 });
+    MemoryTable table;
+    ASSERT_TRUE(OpenMemoryList(path, table));
+    table.Row(500).Frequency = 1; // below every limit, as another program may have written it
+    ASSERT_TRUE(QFile::remove(path));
+    ASSERT_TRUE(WriteMemoryList(path, table));
+    Open(path);
+    EXPECT_EQ(Saved().Row(500).Frequency, 1);
+}
+
+TEST_F(MemoryEditor, AValueBeyondTheLimitsIsAnUnsavedChangeOnceItIsCorrected)
+{
+    MemoryTable table = EmptyMemoryTable();
+    table.MemoryListName = "Van";
+    UseRow(table, 5, 1); // below every limit, as another program may have written it
+    ASSERT_TRUE(WriteMemoryList(FilePath("Van.tvm"), table));
+    Open(FilePath("Van.tvm"));
+    form.CellSetFocus(5, 3);
+    EXPECT_FALSE(Editor().EditorDirty);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(CellText(3, 5), "0.008000");
+    EXPECT_TRUE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, AnUntouchedCellIsNoUnsavedChange)
+{
+    Open(StoredList({ 5 }));
+    form.CellSetFocus(5, 3);
+    Key(Qt::Key_Tab);
+    Key(Qt::Key_Down);
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, ADeletedRowShowsNoStatusAndComesBackWithIt)
+{
+    Open(StoredList({ 5 }));
+    Find<QCheckBox>(form, CellName(1, 5)).click();
+    form.CellSetFocus(5, 3);
+    Click(form, "BtDel");
+    EXPECT_FALSE(IsChecked(5));
+    TypeCell(3, 5, "200");
+    EXPECT_TRUE(IsChecked(5));
+}
+
+TEST_F(MemoryEditor, ThePointerIsBusyDuringASort)
+{
+    Open(StoredList({ 5 }));
+    static Qt::CursorShape shape;
+    static QWidget* sorted = nullptr;
+    sorted = &form;
+    TvFio().MemoryListSort = [](int16_t*, int16_t) { shape = sorted->cursor().shape(); };
+    Click(form, "BtSort");
+    EXPECT_EQ(shape, Qt::WaitCursor);
+    EXPECT_EQ(form.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(MemoryEditor, SortOffersSevenKeys)
+{
+    Open();
+    EXPECT_EQ(Sort().count(), 7);
+    EXPECT_EQ(Sort().currentIndex(), 0);
+    for (int key = 0; key < 7; ++key)
+        EXPECT_EQ(Sort().itemText(key), LngStr(10817 + key));
+}
+
+TEST_F(MemoryEditor, SortOrdersTheListAndGoesToItsTop)
+{
+    Open(StoredList({ 30, 200, 900 }));
+    Find<QScrollBar>(form, "VScroll1").setValue(500);
+    Sort().setCurrentIndex(4);
+    Click(form, "BtSort");
+    EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), 0);
+    EXPECT_EQ(CellText(3, 0), "1000.000000");
+    EXPECT_EQ(CellText(3, 2), "130.000000");
+    EXPECT_EQ(CellText(3, 3), "");
+    EXPECT_TRUE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, AFailedSortKeepsRowsAndPage)
+{
+    Open(StoredList({ 30 }));
+    Find<QScrollBar>(form, "VScroll1").setValue(20);
+    TvFio().MemoryListSort = [](int16_t* status, int16_t) { *status = 16; };
+    Answers().Expect(12838, QStringList(), Ok);
+    Click(form, "BtSort");
+    EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), 20);
+    EXPECT_EQ(CellText(3, 10), "130.000000");
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, HeadersSortAtOnceAndToggle)
+{
+    Open(StoredList({ 1, 2, 3 }));
+    form.CellSetFocus(0, 3);
+    Click(form, "LbHdr3");
+    EXPECT_EQ(Sort().currentIndex(), 3);
+    EXPECT_EQ(CellText(3, 0), "101.000000");
+    EXPECT_TRUE(Editor().EditorDirty);
+    EXPECT_TRUE(Cell(3, 0).hasFocus());
+    Click(form, "LbHdr3");
+    EXPECT_EQ(Sort().currentIndex(), 4);
+    EXPECT_EQ(CellText(3, 0), "103.000000");
+    EXPECT_EQ(Find<GridHeader>(form, "LbHdr3").Mark(), SortMark::Down);
+    Click(form, "LbHdr2");
+    EXPECT_EQ(Sort().currentIndex(), 1);
+    EXPECT_EQ(Find<GridHeader>(form, "LbHdr3").Mark(), SortMark::None);
+    Click(form, "LbHdr5");
+    EXPECT_EQ(Sort().currentIndex(), 5);
+}
+
+TEST_F(MemoryEditor, OtherHeadersDoNothing)
+{
+    Open(StoredList({ 1 }));
+    for (const char* header : { "LbHdr0", "LbHdr1", "LbHdr4" })
+        Click(form, header);
+    EXPECT_EQ(Sort().currentIndex(), 0);
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, ADoubleClickOpensTheEntry)
+{
+    Open(StoredList({ 5 }));
+    for (const QString& name : { CellName(3, 5), CellName(0, 5), CellName(4, 5) }) {
+        QString title;
+        InDialog([&title](QWidget& dialog) {
+            title = dialog.windowTitle();
+            Click(dialog, "BtCancel");
+        });
+        QWidget& cell = FindControl(form, name);
+        QTest::mouseClick(&cell, Qt::LeftButton);
+        QTest::mouseDClick(&cell, Qt::LeftButton);
+        EXPECT_EQ(title, "Memory Entry - 5");
+    }
+}
+
+TEST_F(MemoryEditor, AnEntryEditedInTheDialogIsShownAndUnsaved)
+{
+    Open(StoredList({ 5 }));
+    form.CellSetFocus(5, 3);
+    InDialog([](QWidget& dialog) {
+        Type(dialog, "TbFrequency", "300");
+        Find<QComboBox>(dialog, "CbModulation").setCurrentIndex(1);
+        Click(dialog, "BtOk");
+    });
+    Click(form, "BtEdit");
+    EXPECT_EQ(CellText(3, 5), "300.000000");
+    EXPECT_EQ(CellText(4, 5), "AM");
+    EXPECT_TRUE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, OkOnAnUntouchedUnusedRowIsAnUnsavedChange)
+{
+    Open();
+    form.CellSetFocus(5, 3);
+    InDialog([](QWidget& dialog) { Click(dialog, "BtOk"); });
+    Click(form, "BtEdit");
+    EXPECT_EQ(CellText(4, 5), "FM");
+    EXPECT_TRUE(Editor().EditorDirty);
+    EXPECT_TRUE(CanDelete());
+}
+
+TEST_F(MemoryEditor, CancelInTheDialogChangesNothing)
+{
+    Open(StoredList({ 5 }));
+    form.CellSetFocus(5, 3);
+    InDialog([](QWidget& dialog) {
+        Type(dialog, "TbFrequency", "300");
+        Click(dialog, "BtCancel");
+    });
+    Click(form, "BtEdit");
+    EXPECT_EQ(CellText(3, 5), "105.000000");
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, ACancelAfterARefusedOkLeavesTheNumbersButNoUnsavedChange)
+{
+    Open(StoredList({ 5 }));
+    form.CellSetFocus(5, 3);
+    Answers().Expect(12815, Ok);
+    InDialog([](QWidget& dialog) {
+        Type(dialog, "TbFrequency", "300");
+        Find<QComboBox>(dialog, "CbModulation").setCurrentIndex(5);
+        Find<QComboBox>(dialog, "CbBandwidth").setCurrentIndex(15);
+        Click(dialog, "BtOk");
+        Click(dialog, "BtCancel");
+    });
+    Click(form, "BtEdit");
+    EXPECT_EQ(CellText(3, 5), "300.000000");
+    EXPECT_EQ(CellText(4, 5), "FM");
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
+TEST_F(MemoryEditor, DeleteInTheDialogEmptiesTheRowAndItsNumber)
+{
+    Open(StoredList({ 0, 5 }));
+    form.CellSetFocus(5, 3);
+    InDialog([](QWidget& dialog) { Click(dialog, "BtDelete"); });
+    Click(form, "BtEdit");
+    EXPECT_EQ(CellText(2, 5), "0");
+    EXPECT_EQ(CellText(3, 5), "");
+    EXPECT_TRUE(Editor().EditorDirty);
+    TypeCell(3, 5, "200"); // number 0 is another row's
+    EXPECT_EQ(CellText(2, 5), "5");
+}
+
+TEST_F(MemoryEditor, ABadCellIsCorrectedBeforeTheDialogOpens)
+{
+    Open(StoredList({ 5 }));
+    TypeCell(3, 5, "abc");
+    Answers().Expect(12765, Ok);
+    form.ShowEditorDialog();
+    EXPECT_TRUE(Cell(3, 5).hasFocus());
+}
+
+TEST_F(MemoryEditor, SaveInBothFormsAndReadBack)
+{
+    Open(StoredList({ 5, 1023 }));
+    QDir().mkpath(FilePath("out"));
+    AnswerFolder(FilePath("out"));
+    Find<QComboBox>(form, "CbExt").setCurrentIndex(1);
+    EXPECT_TRUE(form.Save());
+    Find<QComboBox>(form, "CbExt").setCurrentIndex(0);
+    EXPECT_TRUE(form.Save());
+    MemoryTable csv;
+    MemoryTable binary;
+    ASSERT_TRUE(OpenMemoryList(FilePath("out/Van.csv"), csv));
+    ASSERT_TRUE(OpenMemoryList(FilePath("out/Van.tvm"), binary));
+    EXPECT_EQ(csv, binary);
+    EXPECT_EQ(csv.Row(1023).Description, "Row 1023");
+}
+
+} // namespace tarvik

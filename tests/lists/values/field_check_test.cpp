@@ -1,0 +1,237 @@
+#include "tests/lists/list_fixture.h"
+
+#include "app/values/general.h"
+#include "lists/values/fieldCheck.h"
+
+#include <QLocale>
+
+namespace tarvik {
+
+namespace {
+
+class FieldCheck : public ListTest {
+protected:
+    static double Number(const QString& text)
+    {
+        double value = -1;
+        EXPECT_TRUE(StrToDoubleChecked(text, value)) << text.toStdString();
+        return value;
+    }
+    static bool IsRefused(const QString& text)
+    {
+        double value = -1;
+        const bool refused = !StrToDoubleChecked(text, value);
+        EXPECT_EQ(value == -1, refused);
+        return refused;
+    }
+};
+
+constexpr Range<double> kWide{ -1e12, 1e12 };
+
+} // namespace
+
+TEST_F(FieldCheck, BothDecimalNotationsGiveTheSameNumber)
+{
+    EXPECT_EQ(Number("12,5"), 12.5);
+    EXPECT_EQ(Number("12.5"), 12.5);
+    EXPECT_EQ(Number("1.234,5"), 1234.5);
+    EXPECT_EQ(Number("1234.5"), 1234.5);
+}
+
+TEST_F(FieldCheck, TheCommaWinsOverThePoint)
+{
+    EXPECT_EQ(Number("1,234.5"), 1.2345);
+    EXPECT_EQ(Number("1,000.5"), 1.0005);
+}
+
+TEST_F(FieldCheck, SignsBlanksAndExponentsAreTaken)
+{
+    EXPECT_EQ(Number(" -5.25 "), -5.25);
+    EXPECT_EQ(Number("+7"), 7);
+    EXPECT_EQ(Number("1e3"), 1000);
+    EXPECT_EQ(Number(".5"), 0.5);
+    EXPECT_EQ(Number("5."), 5);
+}
+
+TEST_F(FieldCheck, TextBehindTheNumberIsPassedOver)
+{
+    EXPECT_EQ(Number("12 MHz"), 12);
+    EXPECT_EQ(Number("146.5 entries"), 146.5);
+}
+
+TEST_F(FieldCheck, APointBehindTheNumbersUnitDoesNotChangeTheNumber)
+{
+    EXPECT_EQ(Number("12.5 MHz, about"), 12.5);
+}
+
+TEST_F(FieldCheck, WhatIsNoNumberIsRefused)
+{
+    for (const char* text : { "", " ", "abc", "MHz 12", "- e", "1.2.3", "1,2,3", "12-5", "+-3", "--3", "1 2", "1e999" })
+        EXPECT_TRUE(IsRefused(QString::fromLatin1(text))) << text;
+}
+
+TEST_F(FieldCheck, AnEndlessRunOfDigitsIsRefused)
+{
+    EXPECT_TRUE(IsRefused(QString(100000, u'1')));
+}
+
+TEST_F(FieldCheck, FieldsOfFilesAreJudgedLikeTypedText)
+{
+    for (const char* text : { "12,5", " 146000000", "1.234,5", "abc", "", "12 MHz", "1 2", "-", "5e" }) {
+        double typed = -1;
+        double read = -1;
+        EXPECT_EQ(StrToDoubleChecked(QString::fromLatin1(text), typed), StrToDoubleChecked(QByteArrayView(text), read));
+        EXPECT_EQ(typed, read) << text;
+    }
+}
+
+TEST_F(FieldCheck, ARegionWithADecimalCommaTakesBothNotationsToo)
+{
+    TheSeams().Region = [] { return QLocale(QLocale::German); };
+    EXPECT_EQ(DecimalSeparator(), u',');
+    EXPECT_EQ(Number("12,5"), 12.5);
+    EXPECT_EQ(Number("12.5"), 12.5);
+    QString text = QStringLiteral("145.5");
+    double hertz = 0;
+    ASSERT_TRUE(CheckCellScaled(text, hertz, kWide, kMegahertzCell));
+    EXPECT_EQ(text, "145,500000");
+    ASSERT_TRUE(CheckCellScaled(text, hertz, kWide, kMegahertzCell));
+    EXPECT_EQ(hertz, 145500000.0);
+}
+
+TEST_F(FieldCheck, ARegionWithAMarkOfItsOwnReadsWhatItWrites)
+{
+    TheSeams().Region = [] { return QLocale(QLocale::Arabic, QLocale::Egypt); };
+    ASSERT_NE(DecimalSeparator(), u'.');
+    ASSERT_NE(DecimalSeparator(), u',');
+    QString text = QStringLiteral("145.5");
+    double hertz = 0;
+    ASSERT_TRUE(CheckCellScaled(text, hertz, kWide, kMegahertzCell));
+    ASSERT_TRUE(CheckCellScaled(text, hertz, kWide, kMegahertzCell));
+    EXPECT_EQ(hertz, 145500000.0);
+}
+
+TEST_F(FieldCheck, MegahertzBecomeHertzAndComeBackInTheFormat)
+{
+    QString text = QStringLiteral("145,5");
+    double hertz = 0;
+    ASSERT_TRUE(CheckCellScaled(text, hertz, kWide, kMegahertzCell));
+    EXPECT_EQ(hertz, 145500000.0);
+    EXPECT_EQ(text, "145.500000");
+}
+
+TEST_F(FieldCheck, MegahertzWithSixDecimalsAreWholeHertz)
+{
+    for (int hertz = 8'000'001; hertz < 8'000'000'00; hertz += 7'654'321) {
+        QString text =
+            QString::number(hertz / 1000000) + u'.' + QString::number(hertz % 1000000).rightJustified(6, u'0');
+        double value = 0;
+        ASSERT_TRUE(CheckCellScaled(text, value, kWide, kMegahertzCell));
+        EXPECT_EQ(value, hertz);
+    }
+}
+
+TEST_F(FieldCheck, AValueOutsideTheLimitsIsReplacedInTheCellWithoutAMessage)
+{
+    QString text = QStringLiteral("9000");
+    double hertz = 0;
+    ASSERT_TRUE(CheckCellScaled(text, hertz, Limits().FrequencyHz, kMegahertzCell));
+    EXPECT_EQ(hertz, 8e9);
+    EXPECT_EQ(text, "8000.000000");
+    text = QStringLiteral("-4");
+    ASSERT_TRUE(CheckCellScaled(text, hertz, Limits().FrequencyHz, kMegahertzCell));
+    EXPECT_EQ(hertz, 8000);
+    EXPECT_EQ(text, "0.008000");
+}
+
+TEST_F(FieldCheck, AnEmptyCellIsReportedAndNothingChanges)
+{
+    QString text;
+    double value = 7;
+    Answers().Expect(12771, QStringList(), Ok);
+    EXPECT_FALSE(CheckCellScaled(text, value, kWide, kMegahertzCell));
+    EXPECT_EQ(value, 7);
+    EXPECT_TRUE(text.isEmpty());
+}
+
+TEST_F(FieldCheck, ABadCellIsReportedAndNothingChanges)
+{
+    QString text = QStringLiteral("abc");
+    double value = 7;
+    Answers().Expect(12765, QStringList(), Ok);
+    EXPECT_FALSE(CheckCellScaled(text, value, kWide, kMegahertzCell));
+    EXPECT_EQ(value, 7);
+    EXPECT_EQ(text, "abc");
+}
+
+TEST_F(FieldCheck, ReportsCanBeSwitchedOff)
+{
+    double value = 7;
+    QString empty;
+    QString bad = QStringLiteral("x");
+    EXPECT_FALSE(CheckCellScaled(empty, value, kWide, kMegahertzCell, { false, true }));
+    EXPECT_FALSE(CheckCellDouble(bad, value, kWide, "#0.00", { true, false }));
+}
+
+TEST_F(FieldCheck, ADoubleCellHasNoScale)
+{
+    QString text = QStringLiteral("12,345");
+    double value = 0;
+    ASSERT_TRUE(CheckCellDouble(text, value, { -30, 130 }, "#0.00"));
+    EXPECT_EQ(value, 12.345);
+    EXPECT_EQ(text, "12.35");
+}
+
+TEST_F(FieldCheck, AClosingPointIsRemoved)
+{
+    QString text = QStringLiteral("12");
+    double value = 0;
+    ASSERT_TRUE(CheckCellDouble(text, value, kWide, "#0."));
+    EXPECT_EQ(text, "12");
+}
+
+TEST_F(FieldCheck, AnIntegerCellIsClampedThenRounded)
+{
+    std::int16_t value = 0;
+    QString text = QStringLiteral("2.5");
+    ASSERT_TRUE(CheckCellInt(text, value, { 0, 99 }, "#0"));
+    EXPECT_EQ(value, 3);
+    EXPECT_EQ(text, "3");
+    text = QStringLiteral("1e9");
+    ASSERT_TRUE(CheckCellInt(text, value, { 0, 99 }, "#0"));
+    EXPECT_EQ(value, 99);
+    EXPECT_EQ(text, "99");
+}
+
+TEST_F(FieldCheck, AnEmptyIntegerCellIsReported)
+{
+    std::int16_t value = 3;
+    QString text;
+    Answers().Expect(12771, Ok);
+    EXPECT_FALSE(CheckCellInt(text, value, { 0, 99 }, "#0"));
+    EXPECT_EQ(value, 3);
+}
+
+TEST_F(FieldCheck, AFieldIsClamped)
+{
+    double value = 0;
+    ASSERT_TRUE(ParseFieldDouble("9e12", value, { 0, 5 }, 12792, 3));
+    EXPECT_EQ(value, 5);
+    std::int16_t number = 0;
+    ASSERT_TRUE(ParseFieldInt(" -7", number, { 0, 99 }, 12801, 3));
+    EXPECT_EQ(number, 0);
+}
+
+TEST_F(FieldCheck, ABadFieldShowsTheCallersMessageWithTheLine)
+{
+    double value = 4;
+    Answers().Expect(12792, { QStringLiteral("17") }, Ok);
+    EXPECT_FALSE(ParseFieldDouble("x", value, kWide, 12792, 17));
+    EXPECT_EQ(value, 4);
+    std::int16_t number = 4;
+    Answers().Expect(12801, { QStringLiteral("18") }, Ok);
+    EXPECT_FALSE(ParseFieldInt("", number, { 0, 9 }, 12801, 18));
+    EXPECT_EQ(number, 4);
+}
+
+} // namespace tarvik

@@ -1,0 +1,53 @@
+#include "screen/bitmap/stretch.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvik {
+
+TEST(BlackAndWhite, LeavesAPictureThatSharesThePixels)
+{
+    QImage picture(3, 1, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    const QImage other = picture;
+    ConvertToBlackAndWhite(picture);
+    EXPECT_EQ(picture.pixel(2, 0), 0xFF000000U);
+    EXPECT_EQ(other.pixel(2, 0), 0xFFFFFFFFU);
+}
+
+TEST(BlackAndWhite, TakesRowsOfAnyWidth)
+{
+    for (const int width : { 1, 255, 256, 257, 600 }) {
+        QImage picture(width, 2, QImage::Format_RGB32);
+        picture.fill(Qt::black);
+        ConvertToBlackAndWhite(picture);
+        EXPECT_EQ(picture.pixel(width - 1, 1), 0xFFFFFFFFU) << width;
+    }
+}
+
+TEST(BlackAndWhite, DoesNothingToAPictureWithoutPixels)
+{
+    QImage picture;
+    ConvertToBlackAndWhite(picture);
+    EXPECT_TRUE(picture.isNull());
+}
+
+TEST(Stretching, GivesThePictureItselfAtItsOwnSize)
+{
+    QImage picture(7, 5, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    EXPECT_EQ(Stretch(picture, { 7, 5 }).constBits(), picture.constBits());
+}
+
+TEST(Stretching, FillsTheWholeSize)
+{
+    QImage picture(8, 8, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    for (const QSize size : { QSize(1, 1), QSize(3, 20), QSize(16, 16) }) {
+        const QImage stretched = Stretch(picture, size);
+        EXPECT_EQ(stretched.size(), size);
+        EXPECT_EQ(stretched.format(), QImage::Format_RGB32);
+        EXPECT_EQ(stretched.pixel(size.width() - 1, size.height() - 1), 0xFFFF0000U);
+    }
+}
+
+} // namespace tarvik

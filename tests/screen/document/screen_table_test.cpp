@@ -1,0 +1,58 @@
+#include "screen/document/color.h"
+#include "tests/support/screens.h"
+
+namespace tarvik {
+
+using ScreenDocuments = ScreenTest;
+
+TEST_F(ScreenDocuments, BelongToScreenWindowsOnly)
+{
+    const WindowId diagram = TakeSlot(WindowDataSet);
+    const WindowId screen = Open();
+    EXPECT_EQ(ScreenOf(0), nullptr);
+    EXPECT_EQ(ScreenOf(diagram), nullptr);
+    EXPECT_EQ(ScreenOf(screen), &ScreenTable()[1]);
+}
+
+TEST_F(ScreenDocuments, BeginWithTheColoursThatWereSetLast)
+{
+    TheColorDefaults() = { 0x010203, 0x040506, 0x070809, 0x0A0B0C, PaletteBlackAndWhite };
+    const WindowSlot slot = WindowAllocate(WindowScreen, SubtypeFile);
+    WindowInitialise(slot, {}, 0);
+    const ScreenRecord& record = ScreenInitialise(slot.Id);
+    EXPECT_EQ(record.Colours[ColourBackground], 0x010203u);
+    EXPECT_EQ(record.Colours[ColourForeground], 0x040506u);
+    EXPECT_EQ(record.Colours[ColourMarker], 0x070809u);
+    EXPECT_EQ(record.Colours[ColourText], 0x0A0B0Cu);
+    EXPECT_EQ(record.PalNr, PaletteBlackAndWhite);
+    EXPECT_EQ(record.SourceTag, SubtypeFile);
+    EXPECT_EQ(record.DocumentIndex, 1);
+    EXPECT_EQ(record.Date, moment_);
+    EXPECT_EQ(record.ZoomState, 0);
+    EXPECT_TRUE(record.Master.isNull());
+    EXPECT_TRUE(record.Graph.isNull());
+}
+
+TEST_F(ScreenDocuments, BeginAnewInAWindowThatIsUsedAgain)
+{
+    const WindowId id = Open();
+    ScreenOf(id)->ZoomState = 3;
+    ScreenOf(id)->PalNr = PaletteBlackAndWhite;
+    const ScreenRecord& record = ScreenInitialise(id);
+    EXPECT_EQ(record.ZoomState, 0);
+    EXPECT_EQ(record.PalNr, PaletteColour);
+    EXPECT_TRUE(record.Master.isNull());
+    EXPECT_TRUE(record.Graph.isNull());
+}
+
+TEST_F(ScreenDocuments, AreClearedWhenTheyAreFreed)
+{
+    const WindowId id = Open();
+    ASSERT_FALSE(ScreenOf(id)->Master.isNull());
+    ScreenFree(id);
+    EXPECT_TRUE(ScreenOf(id)->Master.isNull());
+    EXPECT_TRUE(ScreenOf(id)->Graph.isNull());
+    EXPECT_FALSE(ScreenOf(id)->Date.isValid());
+}
+
+} // namespace tarvik

@@ -1,0 +1,112 @@
+// A batch of pictures converted in the frame, with its windows and its menu.
+#include "app/platform/seams.h"
+#include "link/bindLink.h"
+#include "link/documents/fileConvert.h"
+#include "link/documents/fileDialogs.h"
+#include "screen/window/closing.h"
+#include "screen/window/descriptionEdit.h"
+#include "tests/screen/screen_form_fixture.h"
+
+#include <QDir>
+#include <QTimer>
+
+namespace tarvik {
+
+namespace {
+
+class ConvertInFrame : public ScreenForms {
+protected:
+    ConvertInFrame()
+    {
+        BindLink();
+        QDir(Folder()).mkdir("out");
+        TheFileDialogHooks().ShowConvertForm = [this] {
+            FileConvert().TargetFolder = FilePath("out");
+            FileConvert().TargetExtension = ".png";
+            return true;
+        };
+    }
+
+    QString StorePicture(const QString& name, QSize size)
+    {
+        EXPECT_TRUE(Picture(size).save(FilePath(name)));
+        return FilePath(name);
+    }
+
+    /// Chooses these files in the dialog of the menu's command.
+    void Convert(const QStringList& paths)
+    {
+        TheSeams().OpenFiles = [paths](const OpenFilesQuestion&) { return paths; };
+        Item("MnFileTvConvert").trigger();
+    }
+
+    QImage Written(const QString& name)
+    {
+        return QImage(FilePath("out/" + name)).convertToFormat(QImage::Format_RGB32);
+    }
+};
+
+} // namespace
+
+TEST_F(ConvertInFrame, EveryPictureKeepsItsPixelsAndItsWindowGoes)
+{
+    const QStringList sources{ StorePicture("usual.bmp", { 642, 442 }), StorePicture("tiny.bmp", { 9, 5 }),
+        StorePicture("narrow.bmp", { 3, 400 }), StorePicture("large.bmp", { 2600, 1700 }) };
+    Convert(sources);
+    for (const char* name : { "usual", "tiny", "narrow", "large" }) {
+        const QString base = QString::fromLatin1(name);
+        EXPECT_EQ(Written(base + ".png"), QImage(FilePath(base + ".bmp")).convertToFormat(QImage::Format_RGB32))
+            << name;
+    }
+    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_TRUE(CanAct());
+}
+
+TEST_F(ConvertInFrame, TiledAndMaximisedWindowsLeaveThePixelsAlone)
+{
+    const QString source = StorePicture("a.bmp", { 642, 442 });
+    const WindowId mine = Open();
+    Open();
+    Item("MnWindowAutotile").trigger();
+    Convert({ source });
+    EXPECT_EQ(Written("a.png"), Picture());
+    Item("MnWindowAutotile").trigger();
+    Child(mine).showMaximized();
+    QFile::remove(FilePath("out/a.png"));
+    Convert({ source });
+    EXPECT_EQ(Written("a.png"), Picture());
+    EXPECT_EQ(WindowCount(0), 2);
+}
+
+TEST_F(ConvertInFrame, WindowThatIsDrawnBehindAQuestionLeavesThePixelsAlone)
+{
+    const QString source = StorePicture("a.bmp", { 642, 442 });
+    Store(FilePath("out/a.png"), "old");
+    Open();
+    Item("MnWindowAutotile").trigger();
+    Answers().ExpectWhile(12734, Yes, [] { DrawScreenWindow(WindowTable().Active); });
+    Convert({ source });
+    EXPECT_EQ(Written("a.png"), Picture());
+}
+
+TEST_F(ConvertInFrame, UnsavedDocumentsStayAsTheyAre)
+{
+    const WindowId mine = Open(SubtypeLive);
+    Answers().Expect(12754, { "gone.bmp" }, Ok);
+    Convert({ StorePicture("a.bmp", { 20, 10 }), FilePath("gone.bmp") });
+    EXPECT_TRUE(WindowInUse(mine));
+    EXPECT_TRUE(WindowIsModified(mine));
+    EXPECT_EQ(Document(mine).Master, Picture());
+}
+
+TEST_F(ConvertInFrame, TextSavesNoDocumentThatIsToBeClosed)
+{
+    const WindowId mine = Open(SubtypeLive);
+    TheSeams().SaveFile = [this](const SaveFileQuestion&) { return FilePath("out/a.txt"); };
+    Answers().Expect(12714, Yes);
+    EXPECT_FALSE(CloseWindow(mine, true));
+    EXPECT_TRUE(WindowInUse(mine));
+    EXPECT_TRUE(WindowIsModified(mine));
+}
+
+} // namespace tarvik

@@ -1,0 +1,362 @@
+#include "screen/files/document.h"
+
+#include "app/state/progressBar.h"
+#include "app/text/lang.h"
+#include "closed/loader.h"
+#include "screen/document/color.h"
+#include "screen/files/pictureFile.h"
+#include "screen/window/arrange.h"
+#include "screen/window/descriptionEdit.h"
+#include "screen/window/palette.h"
+#include "tests/support/screens.h"
+
+#include <QFile>
+
+namespace tarvik {
+
+namespace {
+
+struct KindCase {
+    const char* Name;
+    int Kind;
+    int Unreadable; ///< text number
+};
+
+constexpr std::array<KindCase, 4> kCases{ {
+    { "a.bmp", ImageBitmap, 12754 },
+    { "a.pcx", ImagePcx, 12756 },
+    { "a.png", ImagePng, 12760 },
+    { "a.wmf", ImageMetafile, 12758 },
+} };
+
+class Documents : public ScreenTest {
+protected:
+    QString File(const char* name) const
+    {
+        return FilePath(QLatin1String(name));
+    }
+
+    /// A picture in which no pixel is like its neighbour.
+    static QImage Pattern(QSize size = { 37, 21 })
+    {
+        QImage picture(size, QImage::Format_RGB32);
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x)
+                picture.setPixel(x, y, qRgb(x * 5, y * 11, (x + y) * 3 & 0xFF));
+        }
+        return picture;
+    }
+
+    /// A file with the pattern, written by this program.
+    QString StorePattern(const char* name, int kind, const QImage& picture = Pattern()) const
+    {
+        QString path = File(name);
+        EXPECT_TRUE(EncodePicture(path, kind, picture));
+        return path;
+    }
+
+    static OpenedImage OpenFile(const QString& path, int kind)
+    {
+        return ImgOpen(path, kind, SubtypeFile);
+    }
+
+    QStringList EntriesOfFolder() const
+    {
+        return QDir(Folder()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+
+    /// Of what is needed here only the image library is not bound.
+    static void TakeLibraryAway()
+    {
+        ModulesReset();
+        TvGen().Size = sizeof(TvGenApi);
+        TvGenBind(&TvGen());
+        ModuleMarkBound(Module::General);
+        TvLng().Size = sizeof(TvLngApi);
+        TvLngBind(&TvLng());
+        ModuleMarkBound(Module::Language);
+    }
+};
+
+} // namespace
+
+TEST_F(Documents, OpenInAWindowOfTheirSize)
+{
+    for (const KindCase& kind : kCases) {
+        const OpenedImage opened = OpenFile(StorePattern(kind.Name, kind.Kind), kind.Kind);
+        ASSERT_EQ(opened.Result, 0) << kind.Name;
+        EXPECT_EQ(ScreenOf(opened.Id)->Master, Pattern()) << kind.Name;
+        EXPECT_EQ(ScreenOf(opened.Id)->Graph, Pattern()) << kind.Name;
+        EXPECT_EQ(Views[opened.Id].Client, QSize(37, 21)) << kind.Name;
+        EXPECT_EQ(Views[opened.Id].Title, QLatin1String(kind.Name));
+        EXPECT_TRUE(WindowIsFileImage(opened.Id));
+        EXPECT_FALSE(WindowIsModified(opened.Id));
+    }
+}
+
+TEST_F(Documents, BearTheDateOfTheirFile)
+{
+    const QDateTime change(QDate(2021, 3, 4), QTime(5, 6, 7));
+    const QString path = StorePattern("a.png", ImagePng);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(change, QFileDevice::FileModificationTime));
+    file.close();
+    EXPECT_EQ(ScreenOf(OpenFile(path, ImagePng).Id)->Date, change);
+}
+
+TEST_F(Documents, WithoutAReadableDateBearTheMoment)
+{
+    TvGen().GenFileDateAndTime = [](const char*, int16_t*, int16_t*, int16_t*, int16_t*, int16_t*, int16_t*) {
+        return int16_t(1);
+    };
+    const OpenedImage opened = OpenFile(StorePattern("a.png", ImagePng), ImagePng);
+    EXPECT_EQ(ScreenOf(opened.Id)->Date, moment_);
+}
+
+TEST_F(Documents, UnreadableFileHasItsKindsMessageAndNoWindow)
+{
+    for (const KindCase& kind : kCases) {
+        Store(File(kind.Name), "no picture at all");
+        Answers().Expect(kind.Unreadable, { QLatin1String(kind.Name) }, Ok);
+        EXPECT_NE(OpenFile(File(kind.Name), kind.Kind).Result, 0) << kind.Name;
+        EXPECT_EQ(WindowCount(0), 0) << kind.Name;
+        EXPECT_EQ(Views.Loaded, 0) << kind.Name;
+    }
+}
+
+TEST_F(Documents, MissingFileHasItsKindsMessage)
+{
+    Answers().Expect(12760, { QStringLiteral("none.png") }, Ok);
+    EXPECT_NE(OpenFile(File("none.png"), ImagePng).Result, 0);
+}
+
+TEST_F(Documents, FileThatEndsEarlyHasItsKindsMessageAndNoWindow)
+{
+    for (const KindCase& kind : kCases) {
+        const QString path = StorePattern(kind.Name, kind.Kind);
+        const QByteArray whole = Contents(path);
+        Store(path, whole.left(whole.size() - whole.size() / 3));
+        Answers().Expect(kind.Unreadable, { QLatin1String(kind.Name) }, Ok);
+        EXPECT_NE(OpenFile(path, kind.Kind).Result, 0) << kind.Name;
+        EXPECT_EQ(WindowCount(0), 0) << kind.Name;
+        EXPECT_EQ(Frame.Status, QString());
+        EXPECT_FALSE(Progress().Active);
+    }
+}
+
+TEST_F(Documents, FileOfAnotherKindThanItsNameHasTheMessageOfItsName)
+{
+    const QString path = StorePattern("a.png", ImageBitmap);
+    Answers().Expect(12760, { QStringLiteral("a.png") }, Ok);
+    EXPECT_NE(OpenFile(path, ImagePng).Result, 0);
+    EXPECT_EQ(WindowCount(0), 0);
+}
+
+TEST_F(Documents, FullTableIsTold)
+{
+    for (WindowId id = 1; id <= kWindowSlots; ++id)
+        WindowTable().Table[static_cast<size_t>(id)].Type = WindowDataSet;
+    Answers().Expect(12711, {}, Ok);
+    EXPECT_NE(OpenFile(StorePattern("a.png", ImagePng), ImagePng).Result, 0);
+    EXPECT_EQ(WindowCount(WindowDataSet), 200);
+}
+
+TEST_F(Documents, HundredAndFirstReplacesTheOldest)
+{
+    const QString path = StorePattern("a.png", ImagePng);
+    const WindowId oldest = OpenLive();
+    for (int count = 1; count < kDocumentsOfType; ++count)
+        Open();
+    Answers().Expect(12713, {}, No);
+    EXPECT_NE(OpenFile(path, ImagePng).Result, 0);
+    EXPECT_EQ(ScreenOf(oldest)->Master, Picture());
+
+    MsgAskOnceReset();
+    Answers().Expect(12713, {}, Yes);
+    const OpenedImage opened = OpenFile(path, ImagePng);
+    EXPECT_EQ(opened.Id, oldest);
+    EXPECT_EQ(ScreenOf(oldest)->Master, Pattern());
+    EXPECT_EQ(Views[oldest].Client, QSize(37, 21));
+    EXPECT_EQ(Views[oldest].Title, QStringLiteral("a.png"));
+    EXPECT_TRUE(WindowIsFileImage(oldest));
+    EXPECT_EQ(WindowCount(0), 100);
+    EXPECT_EQ(Views.Loaded, 100);
+}
+
+TEST_F(Documents, OldestStaysWhenTheNewOneCannotBeRead)
+{
+    const QString path = StorePattern("a.png", ImagePng);
+    Store(path, Contents(path).chopped(40));
+    const WindowId oldest = OpenLive();
+    WindowAt(oldest).Modified = true;
+    for (int count = 1; count < kDocumentsOfType; ++count)
+        Open();
+    Answers().Expect(12713, {}, Yes);
+    Answers().Expect(12760, Ok);
+    EXPECT_NE(OpenFile(path, ImagePng).Result, 0);
+    EXPECT_TRUE(WindowInUse(oldest));
+    EXPECT_EQ(ScreenOf(oldest)->Master, Picture());
+    EXPECT_EQ(WindowSubtypeOf(oldest), SubtypeLive);
+    EXPECT_TRUE(WindowIsModified(oldest));
+}
+
+TEST_F(Documents, WithoutTheLibraryNothingHappens)
+{
+    const QString path = StorePattern("a.png", ImagePng);
+    const WindowId id = Open();
+    TakeLibraryAway();
+    EXPECT_NE(OpenFile(path, ImagePng).Result, 0);
+    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_FALSE(ImgSave(File("b.png"), id));
+    EXPECT_FALSE(QFile::exists(File("b.png")));
+}
+
+TEST_F(Documents, LoadingIsToldAndClearedOnTheStatusLine)
+{
+    const QString path = StorePattern("a.png", ImagePng);
+    Frame.Log.clear();
+    OpenFile(path, ImagePng);
+    EXPECT_EQ(Frame.Log.value(0), QStringLiteral("status:a.png") + LngStr(14301) + LngStr(10104));
+    EXPECT_EQ(Frame.Status, QString());
+}
+
+TEST_F(Documents, AutoTileFollowsTheirNumber)
+{
+    const QString path = StorePattern("a.png", ImagePng);
+    QVector<int> codes;
+    TheScreenViewHooks().Arrange = [&](int code) { codes.append(code); };
+    Program().AutoTile = true;
+    OpenFile(path, ImagePng);
+    EXPECT_TRUE(codes.isEmpty());
+    OpenFile(path, ImagePng);
+    EXPECT_EQ(codes, QVector<int>{ 1 });
+}
+
+TEST_F(Documents, TransparentPlacesShowTheBackground)
+{
+    QImage picture(2, 1, QImage::Format_ARGB32);
+    picture.fill(Qt::transparent);
+    picture.setPixelColor(1, 0, Qt::red);
+    ASSERT_TRUE(picture.save(File("a.png")));
+    TheColorDefaults().Background = 0x102030;
+    EXPECT_EQ(ScreenOf(OpenFile(File("a.png"), ImagePng).Id)->Master.pixelColor(0, 0), QColor(0x30, 0x20, 0x10));
+    TheColorDefaults().PalNr = PaletteBlackAndWhite;
+    EXPECT_EQ(ScreenOf(OpenFile(File("a.png"), ImagePng).Id)->Master.pixelColor(0, 0), QColor(Qt::white));
+}
+
+TEST_F(Documents, ProgressCountsTheLinesOfAPcx)
+{
+    const QString path = StorePattern("a.pcx", ImagePcx);
+    int ended = 0;
+    TheProgressHooks().Clear = [&] {
+        ++ended;
+        EXPECT_EQ(Progress().TotalSteps, 21);
+        EXPECT_EQ(Progress().WorkCounter, 21);
+    };
+    OpenFile(path, ImagePcx);
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(Documents, ProgressCountsTheLinesThatAreSaved)
+{
+    const WindowId id = Open(SubtypeFile, Pattern());
+    QVector<int> totals;
+    int written = 0;
+    TheProgressHooks().Clear = [&] {
+        totals.append(Progress().TotalSteps);
+        written = Progress().WorkCounter;
+    };
+    EXPECT_TRUE(ImgSave(File("a.png"), id));
+    EXPECT_TRUE(ImgSave(File("a.pcx"), id));
+    EXPECT_EQ(totals, QVector<int>({ 21, 21 }));
+    EXPECT_EQ(written, 21);
+}
+
+TEST_F(Documents, AreSavedInEachFormat)
+{
+    const WindowId id = Open(SubtypeFile, Pattern());
+    for (const KindCase& kind : kCases) {
+        EXPECT_TRUE(ImgSave(File(kind.Name), id)) << kind.Name;
+        EXPECT_EQ(DecodePicture(File(kind.Name), kind.Kind, { 37, 21 }, 0), Pattern()) << kind.Name;
+    }
+    EXPECT_EQ(EntriesOfFolder(), (QStringList{ "a.bmp", "a.pcx", "a.png", "a.wmf" }));
+}
+
+TEST_F(Documents, AreSavedWithTheirDescription)
+{
+    const WindowId id = Open(SubtypeFile, Pattern());
+    DescrSetVisible(true, id);
+    DescrSetText(id, QStringLiteral("text"));
+    ASSERT_TRUE(ImgSave(File("a.png"), id));
+    EXPECT_EQ(PictureSize(File("a.png")), QSize(37, 21 + DescrHeight(id)));
+}
+
+TEST_F(Documents, SavingClearsTheMarkAndRenamesTheWindowOfAFile)
+{
+    const WindowId file = Open();
+    const WindowId live = OpenLive();
+    const QString title = Views[live].Title;
+    WindowAt(file).Modified = WindowAt(live).Modified = true;
+    EXPECT_TRUE(ImgSave(File("new name.png"), file));
+    EXPECT_TRUE(ImgSave(File("other.png"), live));
+    EXPECT_FALSE(WindowIsModified(0));
+    EXPECT_EQ(Views[file].Title, QStringLiteral("new name.png"));
+    EXPECT_EQ(Views[live].Title, title);
+}
+
+TEST_F(Documents, SavingIsToldAndClearedOnTheStatusLine)
+{
+    const WindowId id = Open();
+    Frame.Log.clear();
+    EXPECT_TRUE(ImgSave(File("a.png"), id));
+    EXPECT_EQ(Frame.Log.value(0), QStringLiteral("status:file.png") + LngStr(14301) + LngStr(10105));
+    EXPECT_EQ(Frame.Status, QString());
+}
+
+TEST_F(Documents, MetafileThatCannotBeWrittenIsTold)
+{
+    const WindowId id = Open();
+    WindowAt(id).Modified = true;
+    Answers().Expect(12759, { QStringLiteral("a.wmf") }, Ok);
+    EXPECT_FALSE(ImgSave(File("none/a.wmf"), id));
+    EXPECT_TRUE(WindowIsModified(id));
+    EXPECT_EQ(Views[id].Title, QStringLiteral("file.png"));
+}
+
+TEST_F(Documents, OtherFormatsThatCannotBeWrittenKeepTheirMark)
+{
+    const WindowId id = Open();
+    WindowAt(id).Modified = true;
+    for (const char* name : { "none/a.bmp", "none/a.pcx", "none/a.png" })
+        EXPECT_FALSE(ImgSave(File(name), id)) << name;
+    EXPECT_TRUE(WindowIsModified(id));
+    EXPECT_FALSE(Progress().Active);
+}
+
+TEST_F(Documents, NamesOfNoPictureAreNotWritten)
+{
+    const WindowId id = Open();
+    for (const char* name : { "a", "a.csv", "a.txt", "a.tvm", "a.gif" })
+        EXPECT_FALSE(ImgSave(File(name), id)) << name;
+    EXPECT_FALSE(ImgSave(File("a.png"), 0));
+    EXPECT_EQ(EntriesOfFolder(), QStringList());
+}
+
+TEST_F(Documents, BlackAndWhiteIsSavedAsItIsSeen)
+{
+    const WindowId id = Open(SubtypeFile, Picture({ 4, 4 }, Qt::white));
+    PaletteSet(PaletteBlackAndWhite, id, true);
+    ASSERT_TRUE(ImgSave(File("a.png"), id));
+    EXPECT_EQ(DecodePicture(File("a.png"), ImagePng, { 4, 4 }, 0), Picture({ 4, 4 }, Qt::black));
+}
+
+TEST_F(Documents, NamesInAnyScriptAreOpenedAndSaved)
+{
+    const QString path = FilePath(QString::fromUtf8("Übersicht 受信 ✓.png"));
+    const WindowId id = Open(SubtypeFile, Pattern());
+    ASSERT_TRUE(ImgSave(path, id));
+    EXPECT_EQ(OpenFile(path, ImagePng).Result, 0);
+}
+
+} // namespace tarvik

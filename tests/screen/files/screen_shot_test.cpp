@@ -1,0 +1,327 @@
+#include "screen/files/screenShot.h"
+
+#include "app/message/message.h"
+#include "app/text/lang.h"
+#include "closed/loader.h"
+#include "screen/document/color.h"
+#include "screen/files/pictureFile.h"
+#include "screen/window/closing.h"
+#include "tests/support/fakeChannel.h"
+#include "tests/support/screens.h"
+
+#include <QBuffer>
+
+namespace tarvik {
+
+namespace {
+
+class Captures : public ScreenTest {
+protected:
+    Captures()
+    {
+        TheSeams().Sleep = [this](
+                               int milliseconds) { channel_.Log.append(QStringLiteral("Sleep %1").arg(milliseconds)); };
+        QBuffer buffer(&channel_.Contents);
+        buffer.open(QIODevice::WriteOnly);
+        Picture({ 64, 48 }).save(&buffer, "PNG");
+    }
+
+    QString Temporary(int number = 0) const
+    {
+        return FilePath(QStringLiteral("temp%1.png").arg(number, 2, 10, QLatin1Char('0')));
+    }
+
+    void TakeLibraryAway()
+    {
+        TvImg() = {};
+        const auto general = TvGen();
+        const auto texts = TvLng();
+        const auto link = TvScpi();
+        ModulesReset();
+        TvGen() = general;
+        TvLng() = texts;
+        TvScpi() = link;
+        for (const Module module : { Module::General, Module::Language, Module::Channel })
+            ModuleMarkBound(module);
+    }
+
+    FakeChannel channel_;
+};
+
+} // namespace
+
+TEST_F(Captures, FetchTheDisplayIntoAWindow)
+{
+    const WindowId id = FetchScreen();
+    ASSERT_EQ(id, 1);
+    EXPECT_EQ(ScreenOf(id)->Master, Picture({ 64, 48 }));
+    EXPECT_EQ(Views[id].Client, QSize(64, 48));
+    EXPECT_EQ(WindowSubtypeOf(id), SubtypeLive);
+    EXPECT_EQ(ScreenOf(id)->Date, moment_);
+    EXPECT_EQ(Views[id].Title, WindowTitle(id, moment_)) << "the temporary name is not seen";
+    EXPECT_EQ(channel_.Log,
+        (QStringList{ QStringLiteral("Send DISP:WIND:FETC?"), QStringLiteral("Sleep 2000"),
+            QStringLiteral("GetFileFromStream %1 5000").arg(Temporary()) }));
+}
+
+TEST_F(Captures, LetTheFrameBePaintedBeforeTheyStopTheThread)
+{
+    TheFrameHooks().FinishPainting = [this] {
+        channel_.Log.append(QStringLiteral("Paint"));
+        EXPECT_TRUE(Frame.Busy);
+        EXPECT_FALSE(Program().Idle);
+    };
+    CaptureScreen();
+    ASSERT_FALSE(channel_.Log.isEmpty());
+    EXPECT_EQ(channel_.Log.first(), "Paint");
+    EXPECT_EQ(channel_.Log.count(QStringLiteral("Paint")), 1);
+}
+
+TEST_F(Captures, AskForSavingWhenTheyAreClosed)
+{
+    const WindowId id = FetchScreen();
+    Answers().Expect(12714, { ScreenTitle(id) }, Cancel);
+    EXPECT_FALSE(CloseWindow(id, true));
+    EXPECT_TRUE(WindowInUse(id));
+}
+
+TEST_F(Captures, AreShownInFrontWhileTheFrameIsActive)
+{
+    EXPECT_EQ(Views[FetchScreen()].Shown, 0);
+    TheScreenViewHooks().MainFrameIsActive = [] { return true; };
+    EXPECT_EQ(Views[FetchScreen()].Shown, 1);
+}
+
+TEST_F(Captures, LoadingIsToldAndClearedOnTheStatusLine)
+{
+    FetchScreen();
+    EXPECT_EQ(Frame.Log.value(0), QStringLiteral("status:") + LngStr(14500) + LngStr(14301) + LngStr(10104));
+    EXPECT_EQ(Frame.Status, QString());
+}
+
+TEST_F(Captures, ShowTheBackgroundWhereTheyAreTransparent)
+{
+    channel_.Contents.clear();
+    QBuffer buffer(&channel_.Contents);
+    buffer.open(QIODevice::WriteOnly);
+    QImage picture(2, 2, QImage::Format_ARGB32);
+    picture.fill(Qt::transparent);
+    picture.save(&buffer, "PNG");
+    TheColorDefaults().Background = 0x102030;
+    EXPECT_EQ(ScreenOf(FetchScreen())->Master.pixelColor(0, 0), QColor(0x30, 0x20, 0x10));
+}
+
+TEST_F(Captures, LeaveNoTemporaryFile)
+{
+    Store(Temporary(), "left over");
+    FetchScreen();
+    EXPECT_EQ(QDir(Folder()).entryList(QDir::Files), QStringList());
+}
+
+TEST_F(Captures, MakeAWindowEach)
+{
+    const WindowId first = FetchScreen();
+    const WindowId second = FetchScreen();
+    EXPECT_NE(first, second);
+    EXPECT_EQ(WindowCount(WindowScreen), 2);
+}
+
+TEST_F(Captures, WithoutALinkDoNothingAtAll)
+{
+    channel_.Connected = false;
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_EQ(channel_.Log, QStringList());
+    EXPECT_EQ(WindowCount(0), 0);
+}
+
+TEST_F(Captures, BrokenTransferEndsTheLinkAndIsToldOnce)
+{
+    channel_.Answer(QStringLiteral("GetFileFromStream"), kChannelLinkFailed);
+    Answers().Expect(12703, {}, Ok);
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_EQ(channel_.Count(QStringLiteral("Disconnect")), 1);
+    EXPECT_EQ(channel_.Count(QStringLiteral("GetFileFromStream")), 1) << "no second try";
+    EXPECT_FALSE(channel_.Connected);
+    EXPECT_EQ(WindowCount(0), 0);
+}
+
+TEST_F(Captures, AnyOtherEndOfATransferIsABreakToo)
+{
+    for (const ChannelStatus status : { kChannelRefused, kChannelLocalFile, ChannelStatus(-1) }) {
+        channel_.Connected = true;
+        channel_.Answer(QStringLiteral("GetFileFromStream"), status);
+        Answers().ExpectWhile(
+            12703, Ok, [this] { EXPECT_FALSE(channel_.Connected) << "the link has ended when it is told"; });
+        EXPECT_EQ(FetchScreen(), -1) << status;
+        EXPECT_EQ(WindowCount(0), 0) << status;
+    }
+}
+
+TEST_F(Captures, WhatStandsInTheirPlaceGoesBeforeTheTransfer)
+{
+    bool isThere = false;
+    channel_.OnCall = [&](const QString& call) {
+        if (call.startsWith(QStringLiteral("Send")))
+            Store(Temporary(), "made meanwhile");
+        else if (call.startsWith(QStringLiteral("GetFile")))
+            isThere = QFile::exists(Temporary());
+    };
+    EXPECT_GT(FetchScreen(), 0);
+    EXPECT_FALSE(isThere);
+}
+
+TEST_F(Captures, NeedNoProgramFolderThatCanBeWritten)
+{
+    Program().AppPath = FilePath(QStringLiteral("gone/"));
+    ASSERT_GT(FetchScreen(), 0);
+    EXPECT_FALSE(QFile::exists(Program().AppPath));
+    const QString path = channel_.Log.last().section(u' ', 1, 1);
+    EXPECT_TRUE(path.endsWith(QStringLiteral("/temp00.png"))) << path.toStdString();
+    EXPECT_FALSE(QFileInfo::exists(QFileInfo(path).path())) << "nothing is left of its own folder";
+}
+
+TEST_F(Captures, FailureOfTheCommandIsNotLookedAt)
+{
+    channel_.Answer(QStringLiteral("Send"), kChannelRefused);
+    EXPECT_GT(FetchScreen(), 0);
+}
+
+TEST_F(Captures, UnreadablePictureIsPassedOverAndItsFileStays)
+{
+    channel_.Contents = "no picture";
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_TRUE(QFile::exists(Temporary()));
+    EXPECT_TRUE(channel_.Connected);
+}
+
+TEST_F(Captures, PictureThatEndsEarlyLeavesNoWindow)
+{
+    channel_.Contents.chop(20);
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(Frame.Status, QString());
+}
+
+TEST_F(Captures, PictureOfAbsurdSizeIsPassedOver)
+{
+    // The length of the width in the first block of a PNG file.
+    channel_.Contents.replace(16, 4, QByteArray::fromHex("7fffffff"));
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_TRUE(QFile::exists(Temporary()));
+}
+
+TEST_F(Captures, AskWhateverWasAnsweredAboutFiles)
+{
+    for (int count = 0; count < kDocumentsOfType; ++count)
+        Open();
+    for (const int before : { No, Yes }) {
+        TheMessage().RememberedAnswer = before;
+        Answers().Expect(12713, {}, No);
+        EXPECT_EQ(FetchScreen(), -1);
+    }
+    EXPECT_EQ(WindowSubtypeOf(1), SubtypeFile);
+}
+
+TEST_F(Captures, FullTableIsTold)
+{
+    for (WindowId id = 1; id <= kWindowSlots; ++id)
+        WindowTable().Table[static_cast<size_t>(id)].Type = WindowDataSet;
+    Answers().Expect(12711, {}, Ok);
+    EXPECT_EQ(FetchScreen(), -1);
+}
+
+TEST_F(Captures, HundredAndFirstReplacesTheOldestOrNothing)
+{
+    const WindowId oldest = Open();
+    for (int count = 1; count < kDocumentsOfType; ++count)
+        Open();
+    Answers().Expect(12713, {}, No);
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_TRUE(WindowIsFileImage(oldest));
+    Answers().Expect(12713, {}, Yes);
+    EXPECT_EQ(FetchScreen(), oldest);
+    EXPECT_EQ(WindowSubtypeOf(oldest), SubtypeLive);
+    EXPECT_TRUE(WindowIsModified(oldest));
+}
+
+TEST_F(Captures, TakeTheFirstTemporaryNameThatTheyCanHave)
+{
+    EXPECT_EQ(TemporaryName(QStringLiteral("png")), QStringLiteral("temp00.png"));
+    ASSERT_TRUE(QDir(Folder()).mkdir(QStringLiteral("temp00.png"))); // can't be deleted as a file
+    EXPECT_EQ(TemporaryName(QStringLiteral("png")), QStringLiteral("temp01.png"));
+    EXPECT_EQ(TemporaryName(QStringLiteral("set")), QStringLiteral("temp00.set"));
+    Store(Temporary(1), "left over");
+    EXPECT_EQ(TemporaryName(QStringLiteral("png")), QStringLiteral("temp01.png"));
+    EXPECT_FALSE(QFile::exists(Temporary(1)));
+    for (int number = 1; number < 9; ++number)
+        ASSERT_TRUE(QDir().mkdir(Temporary(number)));
+    EXPECT_EQ(TemporaryName(QStringLiteral("png")), QStringLiteral("temp09.png"));
+}
+
+TEST_F(Captures, WithoutATemporaryNameEndInSilence)
+{
+    for (int number = 0; number < 10; ++number)
+        ASSERT_TRUE(QDir().mkdir(Temporary(number)));
+    EXPECT_EQ(TemporaryName(QStringLiteral("png")), QString());
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_EQ(channel_.Log, QStringList());
+}
+
+TEST_F(Captures, WithoutTheLibraryNothingIsFetched)
+{
+    TakeLibraryAway();
+    CaptureScreen();
+    EXPECT_EQ(channel_.Log, QStringList());
+}
+
+TEST_F(Captures, LibraryThatIsGoneAfterTheTransferLeavesNoWindow)
+{
+    channel_.OnCall = [this](const QString& call) {
+        if (call.startsWith(QStringLiteral("GetFileFromStream")))
+            TakeLibraryAway();
+    };
+    EXPECT_EQ(FetchScreen(), -1);
+    EXPECT_EQ(WindowCount(0), 0);
+}
+
+TEST_F(Captures, CommandKeepsTheProgramBusyMeanwhile)
+{
+    bool wasBusy = false;
+    bool wasIdle = true;
+    channel_.OnCall = [&](const QString&) {
+        wasBusy = Frame.Busy;
+        wasIdle = Program().Idle;
+    };
+    CaptureScreen();
+    EXPECT_TRUE(wasBusy);
+    EXPECT_FALSE(wasIdle);
+    EXPECT_FALSE(Frame.Busy);
+    EXPECT_TRUE(Program().Idle);
+    EXPECT_EQ(WindowCount(WindowScreen), 1);
+}
+
+TEST_F(Captures, PointerIsAsBeforeWhenTheCommandsAreOnAgain)
+{
+    QVector<bool> wasBusy;
+    TheFrameHooks().MenuUpdate = [&] {
+        if (Program().Idle)
+            wasBusy.append(Frame.Busy);
+    };
+    CaptureScreen();
+    EXPECT_EQ(wasBusy, QVector<bool>{ false });
+}
+
+TEST_F(Captures, AutoTileFollowsTheirNumber)
+{
+    int tiled = 0;
+    TheScreenViewHooks().Arrange = [&](int) { ++tiled; };
+    Program().AutoTile = true;
+    FetchScreen();
+    EXPECT_EQ(tiled, 0);
+    FetchScreen();
+    EXPECT_EQ(tiled, 1);
+}
+
+} // namespace tarvik

@@ -1,0 +1,155 @@
+#include "screen/window/arrange.h"
+
+#include "screen/document/fit.h"
+#include "tests/support/screens.h"
+
+namespace tarvik {
+
+namespace {
+
+class Arranging : public ScreenTest {
+protected:
+    /// Sizes every window as a frame does, which raises the event.
+    void ArrangeTo(QSize client)
+    {
+        TheScreenViewHooks().Arrange = [this, client](int code) {
+            codes_.append(code);
+            for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id)) {
+                Views[id].Client = client;
+                ScreenResized(id, true);
+            }
+        };
+    }
+
+    QVector<int> codes_;
+};
+
+} // namespace
+
+TEST_F(Arranging, CascadeLeavesEachWindowAtItsDefaultSize)
+{
+    const WindowId first = Open();
+    const WindowId second = Open(SubtypeFile, Picture({ 100, 50 }));
+    ArrangeTo({ 400, 300 });
+    ArrangeWindows(ArrangeCascade);
+    EXPECT_EQ(codes_, QVector<int>{ 0 });
+    EXPECT_EQ(Views[first].Client, QSize(642, 442));
+    EXPECT_EQ(Views[first].Graph, QSize(642, 442));
+    EXPECT_EQ(Views[second].Client, QSize(100, 50));
+    EXPECT_TRUE(AtDefaultSize(first) && AtDefaultSize(second));
+}
+
+TEST_F(Arranging, CascadeLeavesMinimisedWindows)
+{
+    const WindowId id = Open();
+    Views[id].WindowState = WinStateMinimised;
+    ArrangeWindows(ArrangeCascade);
+    EXPECT_EQ(Views[id].WindowState, WinStateMinimised);
+}
+
+TEST_F(Arranging, TilesKeepTheirHeightOrTheirWidth)
+{
+    const WindowId id = Open();
+    ArrangeTo({ 900, 221 });
+    ArrangeWindows(ArrangeTileHorizontally);
+    EXPECT_EQ(Views[id].Client, QSize(321, 221));
+    EXPECT_EQ(ScreenOf(id)->Graph.size(), QSize(321, 221));
+    ArrangeTo({ 321, 900 });
+    ArrangeWindows(ArrangeTileVertically);
+    EXPECT_EQ(Views[id].Client, QSize(321, 221));
+}
+
+TEST_F(Arranging, SizesWindowsAlsoWhileTheMouseButtonIsDown)
+{
+    const WindowId id = Open();
+    ArrangeTo({ 900, 221 });
+    ArrangeWindows(ArrangeTileHorizontally);
+    EXPECT_FALSE(WindowAt(id).ResizePending);
+    EXPECT_EQ(TheScreenWindows().Arranging, 65535);
+}
+
+TEST_F(Arranging, AutoTileIsSwitchedAndTilesAtOnce)
+{
+    Open();
+    Open();
+    ArrangeTo({ 900, 221 });
+    ToggleAutoTile();
+    EXPECT_TRUE(Program().AutoTile);
+    EXPECT_EQ(codes_, QVector<int>{ 1 });
+    Frame.Log.clear();
+    ToggleAutoTile();
+    EXPECT_FALSE(Program().AutoTile);
+    EXPECT_EQ(codes_, QVector<int>{ 1 });
+    EXPECT_TRUE(Frame.Log.contains(QStringLiteral("menu")));
+}
+
+TEST_F(Arranging, AutoTileLeavesASingleWindow)
+{
+    Open();
+    ArrangeTo({ 900, 221 });
+    Program().AutoTile = true;
+    RetileIfWished();
+    EXPECT_TRUE(codes_.isEmpty());
+    Open();
+    RetileIfWished();
+    EXPECT_EQ(codes_, QVector<int>{ 1 });
+}
+
+TEST_F(Arranging, NothingIsTiledUnlessAskedFor)
+{
+    Open();
+    Open();
+    ArrangeTo({ 900, 221 });
+    RetileIfWished();
+    EXPECT_TRUE(codes_.isEmpty());
+}
+
+TEST_F(Arranging, SingleCandidateIsChosenWithoutAForm)
+{
+    const WindowId id = OpenLive();
+    Open(SubtypeFile);
+    TheScreenWindowHooks().SelectWindows = [](const QVector<WindowId>&) {
+        ADD_FAILURE();
+        return false;
+    };
+    ChooseWindows(MaskScreen, false);
+    EXPECT_EQ(TheScreenWindows().Chosen, QVector<WindowId>{ id });
+    ChooseWindows(MaskDataSet, false);
+    EXPECT_TRUE(TheScreenWindows().Chosen.isEmpty());
+}
+
+TEST_F(Arranging, WithoutAFormNoneOfSeveralIsChosen)
+{
+    TheScreenWindows().Chosen = { OpenLive(), OpenLive() };
+    ChooseWindows(MaskAll, false);
+    EXPECT_TRUE(TheScreenWindows().Chosen.isEmpty());
+}
+
+TEST_F(Arranging, SeveralCandidatesAreOffered)
+{
+    const WindowId first = OpenLive();
+    const WindowId second = OpenLive();
+    QVector<WindowId> offered;
+    TheScreenWindowHooks().SelectWindows = [&](const QVector<WindowId>& ids) {
+        offered = ids;
+        TheScreenWindows().Chosen = { ids.last() };
+        return true;
+    };
+    ChooseWindows(MaskAll, false);
+    EXPECT_EQ(offered, (QVector<WindowId>{ second, first }));
+    EXPECT_EQ(TheScreenWindows().Chosen, QVector<WindowId>{ first });
+}
+
+TEST_F(Arranging, CancelledSelectionIsEmpty)
+{
+    OpenLive();
+    OpenLive();
+    TheScreenWindowHooks().SelectWindows = [](const QVector<WindowId>& ids) {
+        TheScreenWindows().Chosen = ids;
+        return false;
+    };
+    ChooseWindows(MaskAll, false);
+    EXPECT_TRUE(TheScreenWindows().Chosen.isEmpty());
+}
+
+} // namespace tarvik

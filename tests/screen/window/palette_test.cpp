@@ -1,0 +1,133 @@
+#include "screen/window/palette.h"
+#include "tests/support/screens.h"
+
+namespace tarvik {
+
+namespace {
+
+class Palettes : public ScreenTest {
+protected:
+    /// A picture of one colour in a window that was drawn once.
+    void Show(QColor colour)
+    {
+        id_ = Open(SubtypeFile, Picture({ 4, 4 }, colour));
+    }
+
+    QColor Seen() const
+    {
+        return ScreenOf(id_)->Graph.pixelColor(0, 0);
+    }
+
+    WindowId id_ = 0;
+};
+
+} // namespace
+
+TEST_F(Palettes, WhiteBecomesBlackAndBlackBecomesWhite)
+{
+    Show(Qt::white);
+    PaletteSet(PaletteBlackAndWhite, id_, true);
+    EXPECT_EQ(Seen(), QColor(Qt::black));
+    Show(Qt::black);
+    PaletteSet(PaletteBlackAndWhite, id_, true);
+    EXPECT_EQ(Seen(), QColor(Qt::white));
+}
+
+TEST_F(Palettes, RedHasTheWeightOfBlue)
+{
+    Show(Qt::red);
+    PaletteSet(PaletteBlackAndWhite, id_, true);
+    const int grey = 255 - 29; // 0.114 * 255 = 29.07
+    EXPECT_EQ(Seen(), QColor(grey, grey, grey));
+}
+
+TEST_F(Palettes, BackToColourNeedsNoReload)
+{
+    Show(Qt::green);
+    PaletteSet(PaletteBlackAndWhite, id_, true);
+    EXPECT_EQ(ScreenOf(id_)->Master.pixelColor(0, 0), QColor(Qt::green));
+    PaletteSet(PaletteColour, id_, true);
+    EXPECT_EQ(Seen(), QColor(Qt::green));
+}
+
+TEST_F(Palettes, SecondDrawingDoesNotInvertAgain)
+{
+    Show(Qt::white);
+    PaletteSet(PaletteBlackAndWhite, id_, true);
+    DrawScreenWindow(id_);
+    EXPECT_EQ(Seen(), QColor(Qt::black));
+}
+
+TEST_F(Palettes, AreStoredWithoutARedrawWhereNoneIsAskedFor)
+{
+    Show(Qt::white);
+    const int drawings = Views[id_].Drawings;
+    PaletteSet(PaletteBlackAndWhite, id_, false);
+    ColorSet(0x010203, id_, ColourMarker, false);
+    EXPECT_EQ(Views[id_].Drawings, drawings);
+    EXPECT_EQ(PaletteOf(id_), PaletteBlackAndWhite);
+    EXPECT_EQ(ColorGet(id_, ColourMarker), 0x010203u);
+    ColorSet(0x010204, id_, ColourMarker, true);
+    EXPECT_EQ(Views[id_].Drawings, drawings + 1);
+    EXPECT_EQ(ColorGet(id_, ColourMarker), 0x010204u);
+}
+
+TEST_F(Palettes, ChoiceShowsAtOnce)
+{
+    Show(Qt::white);
+    PaletteChoice choice(id_);
+    EXPECT_EQ(choice.Remembered(), PaletteColour);
+    EXPECT_FALSE(BlackAndWhite());
+    choice.Choose(PaletteBlackAndWhite);
+    EXPECT_EQ(Seen(), QColor(Qt::black));
+    EXPECT_TRUE(BlackAndWhite());
+    EXPECT_EQ(TheColorDefaults().PalNr, PaletteBlackAndWhite);
+}
+
+TEST_F(Palettes, CancelRestoresTheLook)
+{
+    Show(Qt::white);
+    PaletteChoice choice(id_);
+    choice.Choose(PaletteBlackAndWhite);
+    choice.Cancel();
+    EXPECT_EQ(Seen(), QColor(Qt::white));
+    EXPECT_EQ(PaletteOf(id_), PaletteColour);
+    EXPECT_EQ(TheColorDefaults().PalNr, PaletteColour);
+    EXPECT_FALSE(BlackAndWhite());
+}
+
+TEST_F(Palettes, CancelOfNothingDrawsNothing)
+{
+    Show(Qt::white);
+    PaletteChoice choice(id_);
+    const int drawings = Views[id_].Drawings;
+    choice.Cancel();
+    EXPECT_EQ(Views[id_].Drawings, drawings);
+}
+
+TEST_F(Palettes, FlagFollowsTheActiveDocument)
+{
+    Show(Qt::white);
+    const WindowId first = id_;
+    Show(Qt::white);
+    EXPECT_FALSE(BlackAndWhite());
+    PaletteSet(PaletteBlackAndWhite, first, true);
+    EXPECT_FALSE(BlackAndWhite()) << "another document is the active one";
+    WindowSetActive(first);
+    EXPECT_TRUE(BlackAndWhite());
+    WindowSetActive(id_);
+    EXPECT_FALSE(BlackAndWhite());
+    WindowTable().Active = 0;
+    EXPECT_FALSE(BlackAndWhite());
+}
+
+TEST_F(Palettes, AnyOtherNumberIsColourOnWhite)
+{
+    Show(Qt::green);
+    PaletteSet(5, id_, true);
+    EXPECT_EQ(Seen(), QColor(Qt::green));
+    EXPECT_EQ(PaperColor(id_), 0xFFFFFFu);
+    EXPECT_FALSE(BlackAndWhite());
+}
+
+} // namespace tarvik

@@ -1,0 +1,502 @@
+// The document window: how it comes up, what it tells, how it closes.
+#include "app/state/project.h"
+#include "app/state/statusBar.h"
+#include "app/text/lang.h"
+#include "link/documents/file.h"
+#include "screen/bitmap/stretch.h"
+#include "screen/window/arrange.h"
+#include "screen/window/closing.h"
+#include "screen/window/descriptionEdit.h"
+#include "tests/screen/screen_form_fixture.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+
+namespace tarvik {
+
+namespace {
+
+class ScreenWindowForm : public ScreenForms {
+protected:
+    void ClickRight(QWidget& on)
+    {
+        const QPoint at = on.mapTo(frame.get(), QPoint(40, 40));
+        QTest::mouseClick(frame->windowHandle(), Qt::RightButton, {}, at);
+    }
+
+    /// Drags a file over a control and lets it go there.
+    void Drop(const QWidget& on, const QString& path)
+    {
+        QMimeData data;
+        data.setUrls({ QUrl::fromLocalFile(path) });
+        const QPoint at = on.mapTo(frame.get(), QPoint(20, 5));
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(frame->windowHandle(), &enter);
+        QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(frame->windowHandle(), &move);
+        EXPECT_TRUE(move.isAccepted());
+        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(frame->windowHandle(), &drop);
+        QCoreApplication::processEvents();
+    }
+
+    static QString OpenMenu()
+    {
+        const QWidget* menu = QApplication::activePopupWidget();
+        return menu == nullptr ? QString() : menu->objectName();
+    }
+
+    QString Status() const
+    {
+        return TextOf(*frame, QStringLiteral("Panel[1]"));
+    }
+};
+
+} // namespace
+
+TEST_F(ScreenWindowForm, HasItsControls)
+{
+    MfScreen& window = Window(Open());
+    ExpectControls(window,
+        { "PbDefGraph", "PbGraph", "TbDescription", "LnDescr", "TbStatus", "TbStatHead[0]", "TbStatHead[1]",
+            "TbStatHead[2]", "LnStatus" });
+    EXPECT_EQ(window.objectName(), "MfScreen");
+}
+
+TEST_F(ScreenWindowForm, OpensInThePicturesOwnSizeAndShowsIt)
+{
+    const WindowId id = Open();
+    MfScreen& window = Window(id);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.size(), QSize(642, 442));
+    EXPECT_EQ(Graph(id).geometry(), QRect(0, 0, 642, 442));
+    EXPECT_EQ(Child(id).contentsRect().size(), QSize(642, 442));
+    EXPECT_EQ(window.property("Tag").toInt(), id);
+    EXPECT_EQ(WindowTable().Active, id);
+    EXPECT_EQ(Shown(id), Stretch(Picture(), DevicePixels(id)));
+    EXPECT_FALSE(FindControl(window, "PbDefGraph").isVisible());
+    EXPECT_EQ(FindControl(window, "PbDefGraph").size(), QSize(642, 442));
+}
+
+TEST_F(ScreenWindowForm, IsDrawnOnceWhenItOpens)
+{
+    const WindowSlot slot = WindowAllocate(WindowScreen, SubtypeFile);
+    int drawn = 0;
+    const auto before = TheFrameHooks().SetStatusText;
+    TheFrameHooks().SetStatusText = [&](const QString& text) { drawn += text.contains(LngStr(10106)) ? 1 : 0; };
+    NewDocument document;
+    document.Master = Picture();
+    ScreenCreate(slot, document);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(drawn, 1);
+    TheFrameHooks().SetStatusText = before;
+}
+
+TEST_F(ScreenWindowForm, PanelOfDateAndTimeIsFilledAndNotSeen)
+{
+    MfScreen& window = Window(Open(SubtypeLive));
+    EXPECT_EQ(TextOf(window, "TbStatHead[1]"), LngStr(14501));
+    EXPECT_NE(TextOf(window, "TbStatHead[0]"), "");
+    EXPECT_NE(TextOf(window, "TbStatHead[2]"), "");
+    for (const char* name : { "TbStatHead[0]", "TbStatHead[1]", "TbStatHead[2]", "TbStatus", "LnStatus" })
+        EXPECT_FALSE(FindControl(window, QLatin1String(name)).isVisible()) << name;
+}
+
+TEST_F(ScreenWindowForm, PanelThatIsShownIsGoneWithTheNextDrawing)
+{
+    const WindowId id = Open();
+    for (const char* name : { "TbStatHead[0]", "TbStatHead[2]", "TbStatus", "LnStatus" })
+        FindControl(Window(id), QLatin1String(name)).show();
+    DrawScreenWindow(id);
+    for (const char* name : { "TbStatHead[0]", "TbStatHead[2]", "TbStatus", "LnStatus" })
+        EXPECT_FALSE(FindControl(Window(id), QLatin1String(name)).isVisible()) << name;
+}
+
+TEST_F(ScreenWindowForm, PanelAndDescriptionHaveTheColoursOfTheDocument)
+{
+    const WindowId id = Open();
+    Window(id).SetColours(0x030201, 0x060504);
+    const QColor paper(1, 2, 3);
+    const QColor text(4, 5, 6);
+    EXPECT_EQ(Window(id).palette().color(QPalette::Window), paper);
+    for (const char* name : { "TbStatus", "TbDescription" }) {
+        EXPECT_EQ(FindControl(Window(id), QLatin1String(name)).palette().color(QPalette::Base), paper) << name;
+        EXPECT_EQ(FindControl(Window(id), QLatin1String(name)).palette().color(QPalette::Text), text) << name;
+    }
+    for (const char* name : { "TbStatHead[0]", "TbStatHead[1]", "TbStatHead[2]", "LnStatus", "LnDescr" })
+        EXPECT_EQ(FindControl(Window(id), QLatin1String(name)).palette().color(QPalette::WindowText), text) << name;
+}
+
+TEST_F(ScreenWindowForm, CaptionsAreTheFilesNameOrTheTitle)
+{
+    const WindowId file = Open();
+    const WindowId live = Open(SubtypeLive);
+    EXPECT_EQ(Child(file).windowTitle(), "picture 1.png");
+    EXPECT_TRUE(Child(live).windowTitle().startsWith(LngStr(14500) + LngStr(14301)));
+    EXPECT_EQ(Graph(file).accessibleName(), "picture 1.png");
+}
+
+TEST_F(ScreenWindowForm, CaptionShowsMarksAsTheyAre)
+{
+    const WindowId id = Open();
+    Window(id).SetCaption("scan [*] 50% & more.png");
+    EXPECT_EQ(Window(id).Caption(), "scan [*] 50% & more.png");
+    EXPECT_EQ(Child(id).windowTitle(), "scan [*][*] 50% & more.png"); // a doubled mark shows as one
+}
+
+TEST_F(ScreenWindowForm, IconsTellLiveScreensFromFiles)
+{
+    const QImage file = Child(Open()).windowIcon().pixmap(32).toImage();
+    const QImage live = Child(Open(SubtypeLive)).windowIcon().pixmap(32).toImage();
+    EXPECT_FALSE(file.isNull());
+    EXPECT_FALSE(live.isNull());
+    EXPECT_NE(file, live);
+}
+
+TEST_F(ScreenWindowForm, ButtonsOfTheTitleBarStandOutOnADarkPalette)
+{
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(49, 54, 59), QColor(35, 38, 41)));
+    for (const WindowId id : { Open(), Open() }) { // the second one is the active one
+        const QRect buttons(Child(id).width() - 64, 0, 64, Child(id).contentsMargins().top());
+        const QImage shown = Child(id).grab(buttons).toImage();
+        int lightest = 0;
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x)
+                lightest = std::max(lightest, shown.pixelColor(x, y).lightness());
+        }
+        EXPECT_GT(lightest, 200) << id;
+    }
+    QApplication::setPalette(before);
+}
+
+TEST_F(ScreenWindowForm, HelpNumbersAreThoseOfItsKind)
+{
+    const WindowId file = Open();
+    EXPECT_EQ(HelpNumberOf(&Graph(file)), 14401);
+    EXPECT_EQ(HelpNumberOf(&Child(file)), 14401);
+    EXPECT_EQ(HelpNumberOf(&Description(file)), 14402);
+    EXPECT_EQ(HelpNumberOf(&FindControl(Window(file), "TbStatus")), 14504);
+    const WindowId live = Open(SubtypeLive);
+    EXPECT_EQ(HelpNumberOf(&Graph(live)), 14502);
+    EXPECT_EQ(HelpNumberOf(&Description(live)), 14503);
+}
+
+TEST_F(ScreenWindowForm, F1InTheDescriptionGoesToThePictureAndItsTopic)
+{
+    const WindowId id = Open();
+    DescrSetVisible(true, id);
+    Description(id).setFocus();
+    ASSERT_TRUE(Description(id).hasFocus());
+    Key(Qt::Key_F1);
+    EXPECT_TRUE(Graph(id).hasFocus());
+    EXPECT_EQ(topics, QList<int>{ 14401 });
+}
+
+TEST_F(ScreenWindowForm, NewWindowsStandBesideEachOther)
+{
+    QVector<QPoint> places;
+    for (int count = 0; count < 12; ++count) {
+        const QPoint place = Child(Open()).pos();
+        EXPECT_FALSE(places.contains(place));
+        places.append(place);
+    }
+    EXPECT_EQ(places[0], QPoint(0, 0));
+}
+
+TEST_F(ScreenWindowForm, ActiveWindowIsTheOneInFront)
+{
+    const WindowId first = Open();
+    const WindowId second = Open();
+    EXPECT_EQ(WindowTable().Active, second);
+    frame->ChildArea()->setActiveSubWindow(&Child(first));
+    EXPECT_EQ(WindowTable().Active, first);
+    EXPECT_TRUE(Item("MnFileClose").isEnabled());
+}
+
+TEST_F(ScreenWindowForm, ClickIntoAWindowMakesItTheActiveOne)
+{
+    const WindowId first = Open();
+    Open();
+    const QPoint at = Child(first).mapTo(frame.get(), QPoint(60, 6));
+    QTest::mouseClick(frame->windowHandle(), Qt::LeftButton, {}, at);
+    EXPECT_EQ(WindowTable().Active, first);
+}
+
+TEST_F(ScreenWindowForm, StaysTheActiveOneUnderADialog)
+{
+    const WindowId id = Open();
+    FormBase* dialog = nullptr;
+    class Dialog final : public FormBase {
+    public:
+        explicit Dialog(QWidget* parent)
+            : FormBase("Dialog", parent)
+        {
+        }
+        bool OnLoad() override
+        {
+            DialogPush(*this, false);
+            return true;
+        }
+    } form(frame.get());
+    dialog = &form;
+    ShowForm(*dialog);
+    EXPECT_EQ(WindowTable().Active, id);
+    DialogEnd(*dialog, 0);
+    EXPECT_EQ(WindowTable().Active, id);
+}
+
+TEST_F(ScreenWindowForm, RightButtonOpensItsMenu)
+{
+    const WindowId id = Open();
+    ClickRight(Graph(id));
+    EXPECT_EQ(OpenMenu(), "ScMn");
+    QApplication::activePopupWidget()->close();
+}
+
+TEST_F(ScreenWindowForm, RightButtonMakesItsWindowTheActiveOne)
+{
+    const WindowId first = Open();
+    Open();
+    const QPoint at = Child(first).mapTo(frame.get(), QPoint(10, 60));
+    QTest::mouseClick(frame->windowHandle(), Qt::RightButton, {}, at);
+    EXPECT_EQ(OpenMenu(), "ScMn");
+    EXPECT_EQ(WindowTable().Active, first);
+    QApplication::activePopupWidget()->close();
+}
+
+TEST_F(ScreenWindowForm, CtrlCOnThePictureCopiesIt)
+{
+    const WindowId id = Open();
+    int copies = 0;
+    TheScreenWindowHooks().SetClipboard = [&](const QImage&) {
+        ++copies;
+        return true;
+    };
+    Graph(id).setFocus();
+    QTest::keyClick(frame->windowHandle(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(copies, 1);
+}
+
+TEST_F(ScreenWindowForm, RightButtonBesideTheFrameAreaIsNotTheAreas)
+{
+    const WindowId id = Open();
+    Graph(id).hide(); // the paper around the picture
+    ClickRight(Window(id));
+    EXPECT_EQ(OpenMenu(), "ScMn");
+    QApplication::activePopupWidget()->close();
+}
+
+TEST_F(ScreenWindowForm, RightButtonDoesNothingWhileACommandRuns)
+{
+    const WindowId id = Open();
+    BeginBusy();
+    ClickRight(Graph(id));
+    EXPECT_EQ(OpenMenu(), "");
+    EndBusy();
+}
+
+TEST_F(ScreenWindowForm, MenuKeyOpensItsMenu)
+{
+    const WindowId id = Open();
+    QContextMenuEvent ask(QContextMenuEvent::Keyboard, QPoint(20, 20), Graph(id).mapToGlobal(QPoint(20, 20)));
+    QApplication::sendEvent(&Graph(id), &ask);
+    EXPECT_EQ(OpenMenu(), "ScMn");
+    QApplication::activePopupWidget()->close();
+}
+
+TEST_F(ScreenWindowForm, DoesNotHearTheMouseWhileACommandRuns)
+{
+    const WindowId first = Open();
+    const WindowId second = Open();
+    const QPoint at = Child(first).mapTo(frame.get(), QPoint(60, 6));
+    BeginBusy();
+    QTest::mouseClick(frame->windowHandle(), Qt::LeftButton, {}, at);
+    EXPECT_EQ(WindowTable().Active, second);
+    EndBusy();
+    QTest::mouseClick(frame->windowHandle(), Qt::LeftButton, {}, at);
+    EXPECT_EQ(WindowTable().Active, first);
+}
+
+TEST_F(ScreenWindowForm, FilesDroppedOnItAreTheFrames)
+{
+    ASSERT_TRUE(Picture().save(FilePath("dropped.png")));
+    TheDropHooks().IsKnownFile = FileCanBeDropped;
+    TheProjectHooks().FileOpen = [](const QString& path) { return FileOpen(path, true, true); };
+    const WindowId id = Open();
+    DescrSetVisible(true, id);
+    int windows = 1;
+    for (QWidget* at : { &Graph(id), static_cast<QWidget*>(&Description(id)) }) {
+        Drop(*at, FilePath("dropped.png"));
+        EXPECT_EQ(WindowCount(0), ++windows);
+    }
+    EXPECT_EQ(WindowAt(id).Description, "");
+}
+
+TEST_F(ScreenWindowForm, ClosesAFileWithoutAQuestionAndTellsThatNoneIsLeft)
+{
+    const WindowId id = Open();
+    EXPECT_TRUE(Child(id).close());
+    EXPECT_FALSE(WindowInUse(id));
+    EXPECT_EQ(ViewOf(id), nullptr);
+    EXPECT_EQ(Status(), LngStr(11801));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(frame->ChildArea()->subWindowList().isEmpty());
+    EXPECT_FALSE(Item("MnFileClose").isEnabled());
+}
+
+TEST_F(ScreenWindowForm, EachCommandThatClosesTheLastOneTellsThatNoneIsLeft)
+{
+    for (const char* name : { "MnFileClose", "MnWindowClose", "MnWindowCloseAll" }) {
+        Open();
+        Item(name).trigger();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Status(), LngStr(11801)) << name;
+    }
+}
+
+TEST_F(ScreenWindowForm, DialogThatHasJustGoneLeavesTheFrameInCharge)
+{
+    const WindowId first = Open();
+    QApplication::setActiveWindow(nullptr); // as between the end of a dialog and the word of the window system
+    const WindowId second = Open();
+    EXPECT_EQ(frame->ChildArea()->activeSubWindow(), &Child(second));
+    EXPECT_TRUE(CloseWindow(second, true));
+    EXPECT_TRUE(CloseWindow(first, true));
+    EXPECT_EQ(Status(), LngStr(11801));
+}
+
+TEST_F(ScreenWindowForm, CloseBoxAsksForALiveScreen)
+{
+    const WindowId id = Open(SubtypeLive);
+    Answers().Expect(12714, Cancel);
+    EXPECT_FALSE(Child(id).close());
+    EXPECT_TRUE(WindowInUse(id));
+    EXPECT_TRUE(Window(id).isVisible());
+    Answers().Expect(12714, No);
+    EXPECT_TRUE(Child(id).close());
+    EXPECT_FALSE(WindowInUse(id));
+}
+
+TEST_F(ScreenWindowForm, SlotOfAClosedWindowServesANewOneAtOnce)
+{
+    const WindowId first = Open();
+    const WindowSlot slot = [first] {
+        DropWindow(first);
+        return WindowAllocate(WindowScreen, SubtypeFile);
+    }();
+    ASSERT_EQ(slot.Id, first);
+    NewDocument document;
+    document.Master = Picture();
+    ScreenCreate(slot, document);
+    EXPECT_EQ(WindowTable().Active, first);
+    EXPECT_TRUE(Window(first).isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(WindowTable().Active, first);
+    EXPECT_EQ(frame->ChildArea()->subWindowList().size(), 1);
+    EXPECT_EQ(Shown(first), Stretch(Picture(), DevicePixels(first)));
+}
+
+TEST_F(ScreenWindowForm, RefusesToCloseWhileACommandRuns)
+{
+    const WindowId id = Open();
+    BeginBusy();
+    EXPECT_FALSE(Child(id).close());
+    EndBusy();
+    EXPECT_TRUE(WindowInUse(id));
+}
+
+TEST_F(ScreenWindowForm, CommandClosesTheActiveOne)
+{
+    const WindowId first = Open();
+    const WindowId second = Open(SubtypeLive);
+    Answers().Expect(12714, No);
+    Item("MnWindowClose").trigger();
+    EXPECT_FALSE(WindowInUse(second));
+    EXPECT_EQ(WindowTable().Active, first);
+    Item("MnFileClose").trigger();
+    EXPECT_EQ(WindowCount(0), 0);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(frame->ChildArea()->subWindowList().isEmpty());
+}
+
+TEST_F(ScreenWindowForm, ClosingGivesWayToTheOneThatWasActiveBefore)
+{
+    Open();
+    const WindowId before = Open();
+    const WindowId other = Open();
+    frame->ChildArea()->setActiveSubWindow(&Child(before));
+    const WindowId last = Open();
+    EXPECT_TRUE(CloseWindow(last, true));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(WindowTable().Active, before);
+    EXPECT_TRUE(CloseWindow(before, true));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(WindowTable().Active, other);
+}
+
+TEST_F(ScreenWindowForm, CloseAllStopsAtTheFirstThatStays)
+{
+    const WindowId live = Open(SubtypeLive);
+    Open();
+    Answers().Expect(12714, Cancel);
+    Item("MnWindowCloseAll").trigger();
+    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_TRUE(WindowInUse(live));
+    Answers().Expect(12714, No);
+    Item("MnWindowCloseAll").trigger();
+    EXPECT_EQ(WindowCount(0), 0);
+}
+
+TEST_F(ScreenWindowForm, ProgramAsksForItsWindowsBeforeItEnds)
+{
+    Open(SubtypeLive);
+    Answers().Expect(12714, Cancel);
+    EXPECT_FALSE(frame->close());
+    EXPECT_EQ(WindowCount(0), 1);
+    Answers().Expect(12714, No);
+    EXPECT_TRUE(frame->close());
+    EXPECT_EQ(WindowCount(0), 0);
+}
+
+TEST_F(ScreenWindowForm, OldestOfAHundredGivesWayInItsOwnWindow)
+{
+    QVector<WindowId> ids;
+    for (int count = 0; count < kDocumentsOfType; ++count) {
+        TheSeams().Now = [count] { return QDateTime(QDate(2026, 1, 1), QTime(0, 0)).addSecs(count); };
+        ids.append(Open(SubtypeFile, Picture(QSize(64, 48))));
+    }
+    QMdiSubWindow* oldest = &Child(ids[0]);
+    oldest->showMaximized();
+    TheSeams().Now = [] { return QDateTime(QDate(2026, 1, 2), QTime(0, 0)); };
+    Answers().Expect(12713, Yes);
+    const WindowId id = Open(SubtypeLive, Picture(QSize(400, 300)));
+    EXPECT_EQ(id, ids[0]);
+    EXPECT_EQ(&Child(id), oldest);
+    EXPECT_FALSE(oldest->isMaximized());
+    EXPECT_EQ(Window(id).size(), QSize(400, 300));
+    EXPECT_EQ(HelpNumberOf(&Graph(id)), 14502);
+    EXPECT_EQ(frame->ChildArea()->subWindowList().size(), kDocumentsOfType);
+}
+
+TEST_F(ScreenWindowForm, NewWindowComesUpInItsOwnSizeBesideAMaximisedOne)
+{
+    const WindowId first = Open();
+    Child(first).showMaximized();
+    const WindowId second = Open();
+    EXPECT_EQ(Window(second).size(), QSize(642, 442));
+    EXPECT_FALSE(Child(first).isMaximized());
+    EXPECT_EQ(Window(first).size(), QSize(642, 442));
+}
+
+TEST_F(ScreenWindowForm, FrameMayEndWithWindowsOpen)
+{
+    Open();
+    const WindowId id = Open();
+    frame.reset();
+    EXPECT_EQ(ViewOf(id), nullptr);
+}
+
+} // namespace tarvik

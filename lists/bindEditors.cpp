@@ -8,16 +8,44 @@
 
 #include <QApplication>
 
+#include <algorithm>
+#include <array>
+
 namespace tarvik {
 
 namespace {
 
 template <typename Form>
-void ShowEditor()
+void ShowForm()
 {
     Form form(QApplication::activeWindow());
     DialogShow(form);
 }
+
+struct EditorForm {
+    int ListType;
+    void (*Show)();
+};
+constexpr std::array kEditorForms{ EditorForm{ FileClassMemoryList, ShowForm<FmEditorMemory> } };
+
+class EditorForms final : public ListEditors {
+public:
+    bool HasEditor(int listType) const override
+    {
+        return Find(listType) != kEditorForms.end();
+    }
+    void ShowEditor(int listType) override
+    {
+        Find(listType)->Show();
+    }
+
+private:
+    static decltype(kEditorForms)::const_iterator Find(int listType)
+    {
+        return std::find_if(kEditorForms.begin(), kEditorForms.end(),
+            [listType](const EditorForm& form) { return form.ListType == listType; });
+    }
+};
 
 bool OpenFileInEditor(int fileClass, const QString& path)
 {
@@ -31,7 +59,8 @@ bool OpenFileInEditor(int fileClass, const QString& path)
 
 void BindListEditors()
 {
-    BindEditor(FileClassMemoryList, ShowEditor<FmEditorMemory>);
+    static EditorForms forms;
+    SetListEditors(forms);
     TheCommandHooks()[Command::Editor3] = [] { OpenEditor(FileClassMemoryList); };
     TheFileOpeners().OpenEditor = OpenFileInEditor;
     TheFileOpeners().OpenListFile = [](const QString& path, bool show) {

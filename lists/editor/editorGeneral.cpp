@@ -38,11 +38,7 @@ constexpr std::array kCsvLists{ CsvListTexts{ FileClassAntennaList, 10753, 10751
     CsvListTexts{ FileClassSuppressList, 10768, 10766 } };
 constexpr int kTextFilterCorrectionSet = 10771;
 
-std::array<EditorFactory, FileClassUnknown>& Factories()
-{
-    static std::array<EditorFactory, FileClassUnknown> factories;
-    return factories;
-}
+ListEditors* listEditors = nullptr; // NOLINT: set once at start
 
 /// True where "A" and "a" name the same file.
 bool IgnoresCase()
@@ -100,7 +96,6 @@ EditorState& Editor()
 void EditorReset()
 {
     Editor() = {};
-    Factories() = {};
 }
 
 bool IsListType(int listType)
@@ -108,23 +103,19 @@ bool IsListType(int listType)
     return listType >= FileClassAntennaList && listType <= FileClassCorrectionSet && listType != FileClassScreenShot;
 }
 
-void BindEditor(int listType, EditorFactory show)
+void SetListEditors(ListEditors& editors)
 {
-    if (IsListType(listType))
-        Factories()[static_cast<size_t>(listType)] = std::move(show);
+    listEditors = &editors;
 }
 
 void OpenEditor(int listType)
 {
-    if (!IsListType(listType))
-        return;
-    const EditorFactory& show = Factories()[static_cast<size_t>(listType)];
-    if (!show)
+    if (!IsListType(listType) || !listEditors->HasEditor(listType))
         return;
     ReadInstrumentLimits();
     SetEditorType(listType);
     const StatusBarOff off;
-    show();
+    listEditors->ShowEditor(listType);
 }
 
 void SetEditorType(int listType)

@@ -6,8 +6,6 @@
 
 #include <QString>
 
-#include <functional>
-
 namespace tarvik {
 
 /// Process-wide state of the editor frame.
@@ -25,14 +23,23 @@ void EditorReset();
 /// True for the file classes that an editor accepts: 1 to 4 and 6.
 bool IsListType(int listType);
 
-/// Shows the editor of one list type until it is closed.
-using EditorFactory = std::function<void()>;
+/// The port to the editors' forms, which lie in rooms above this one. List types are those of `IsListType`.
+class ListEditors {
+public:
+    virtual bool HasEditor(int listType) const = 0;
 
-/// Binds the form that edits `listType`.
-void BindEditor(int listType, EditorFactory show);
+    /// Shows the editor of a list type that has one until it is closed.
+    virtual void ShowEditor(int listType) = 0;
 
-/// Opens the editor of a list type; anything that is none is ignored. Refreshes the limits, and takes the frame's
-/// status bar out of use while the form is open.
+protected:
+    ~ListEditors() = default;
+};
+
+/// Set once at start, before the first `OpenEditor`. `editors` outlives the program's forms.
+void SetListEditors(ListEditors& editors);
+
+/// Opens the editor of a list type; a type without one is ignored. Refreshes the limits, and takes the frame's status
+/// bar out of use while the form is open.
 void OpenEditor(int listType);
 
 /// Makes `listType` the present file class and derives the list extension.

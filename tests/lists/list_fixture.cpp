@@ -1,7 +1,6 @@
 #include "tests/lists/list_fixture.h"
 
 #include "link/classes/model.h"
-#include "lists/editor/editorGeneral.h"
 #include "lists/values/limits.h"
 
 #include <QTemporaryDir>
@@ -11,6 +10,7 @@ namespace tarvik {
 ListStart::ListStart()
 {
     EditorReset();
+    SetListEditors(Editors);
     FileClassesReset();
     SetEditorType(FileClassMemoryList);
     ReadInstrumentLimits();

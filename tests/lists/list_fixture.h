@@ -4,11 +4,32 @@
 #include "tests/support/fixture.h"
 
 #include "app/platform/seams.h"
+#include "lists/editor/editorGeneral.h"
 #include "lists/memory/memoryList.h"
 
 #include <QByteArrayList>
 
+#include <functional>
+
 namespace tarvik {
+
+/// Editors of all list types, which only note that they are shown.
+class FakeEditors final : public ListEditors {
+public:
+    bool HasEditor(int) const override
+    {
+        return AreThere;
+    }
+    void ShowEditor(int listType) override
+    {
+        Shown.append(listType);
+        WhileShown();
+    }
+
+    bool AreThere = true;
+    QList<int> Shown;
+    std::function<void()> WhileShown = [] {};
+};
 
 /// Start values of the list modules, and answers to the file questions.
 class ListStart {
@@ -22,6 +43,7 @@ public:
     void AnswerFolder(const QString& folder);
     void AnswerFile(const QString& path);
 
+    FakeEditors Editors;
     FolderQuestion AskedFolder;
     OpenFileQuestion AskedFile;
     int FolderQuestions = 0;

@@ -28,15 +28,9 @@ protected:
 
 TEST_F(EditorGeneral, OpensOnlyListTypes)
 {
-    int opened = 0;
     for (int type = -1; type <= 9; ++type)
-        BindEditor(type, [&opened] { ++opened; });
-    for (int type = -1; type <= 9; ++type) {
-        const int before = opened;
         OpenEditor(type);
-        const bool isList = (type >= 1 && type <= 4) || type == 6;
-        EXPECT_EQ(opened - before, isList ? 1 : 0) << type;
-    }
+    EXPECT_EQ(Editors.Shown, QList<int>({ 1, 2, 3, 4, 6 }));
 }
 
 TEST_F(EditorGeneral, ATypeThatIsNoListChangesNothing)
@@ -45,11 +39,19 @@ TEST_F(EditorGeneral, ATypeThatIsNoListChangesNothing)
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);
 }
 
+TEST_F(EditorGeneral, ATypeWithoutEditorChangesNothing)
+{
+    Editors.AreThere = false;
+    OpenEditor(1);
+    EXPECT_TRUE(Editors.Shown.isEmpty());
+    EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);
+}
+
 TEST_F(EditorGeneral, TheStatusBarIsOutOfUseWhileTheEditorIsOpen)
 {
     QList<bool> calls;
     TheFrameHooks().EnableStatusBar = [&calls](bool on) { calls.append(on); };
-    BindEditor(3, [&calls] { EXPECT_EQ(calls, QList<bool>({ false })); });
+    Editors.WhileShown = [&calls] { EXPECT_EQ(calls, QList<bool>({ false })); };
     OpenEditor(3);
     EXPECT_EQ(calls, QList<bool>({ false, true }));
 }
@@ -86,8 +88,9 @@ TEST_F(EditorGeneral, AListFileOpensInItsEditor)
 {
     const QString path = Stored("a.csv", "Antenna List,Van\r\n");
     QString opened;
-    BindEditor(1, [&opened] { opened = Editor().EditorOpenFile; });
+    Editors.WhileShown = [&opened] { opened = Editor().EditorOpenFile; };
     EXPECT_EQ(OpenListFile(path, true), 1);
+    EXPECT_EQ(Editors.Shown, QList<int>({ 1 }));
     EXPECT_EQ(opened, path);
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassAntennaList);
 }
@@ -95,8 +98,8 @@ TEST_F(EditorGeneral, AListFileOpensInItsEditor)
 TEST_F(EditorGeneral, AListFileIsOnlyNamedWhenNotShown)
 {
     const QString path = Stored("a.csv", "Antenna List,Van\r\n");
-    BindEditor(1, [] { ADD_FAILURE() << "opened"; });
     EXPECT_EQ(OpenListFile(path, false), 1);
+    EXPECT_TRUE(Editors.Shown.isEmpty());
     EXPECT_TRUE(Editor().EditorOpenFile.isEmpty());
     EXPECT_EQ(OpenListFile(FilePath("missing.csv"), true), 7);
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);

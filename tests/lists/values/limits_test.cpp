@@ -108,7 +108,6 @@ TEST_F(InstrumentLimitsTest, AStatusOfAGetterIsIgnored)
 
 TEST_F(InstrumentLimitsTest, AreReadAnewEachTimeAnEditorOpens)
 {
-    BindEditor(3, [] {});
     OpenEditor(3);
     EXPECT_EQ(Limits().FrequencyHz.Max, 2);
     TvFio().GetMaxFrequencyApplication = [](int16_t*, double* value) { *value = 99; };

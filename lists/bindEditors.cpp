@@ -60,7 +60,7 @@ bool OpenFileInEditor(int fileClass, const QString& path)
 void BindListEditors()
 {
     static EditorForms forms;
-    SetListEditors(forms);
+    TheListEditors().Set(forms);
     TheCommandHooks()[Command::Editor3] = [] { OpenEditor(FileClassMemoryList); };
     TheFileOpeners().OpenEditor = OpenFileInEditor;
     TheFileOpeners().OpenListFile = [](const QString& path, bool show) {

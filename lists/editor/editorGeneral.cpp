@@ -38,7 +38,14 @@ constexpr std::array kCsvLists{ CsvListTexts{ FileClassAntennaList, 10753, 10751
     CsvListTexts{ FileClassSuppressList, 10768, 10766 } };
 constexpr int kTextFilterCorrectionSet = 10771;
 
-ListEditors* listEditors = nullptr; // NOLINT: set once at start
+class NoEditors final : public ListEditors {
+public:
+    bool HasEditor(int) const override
+    {
+        return false;
+    }
+    void ShowEditor(int) override { }
+};
 
 /// True where "A" and "a" name the same file.
 bool IgnoresCase()
@@ -103,19 +110,20 @@ bool IsListType(int listType)
     return listType >= FileClassAntennaList && listType <= FileClassCorrectionSet && listType != FileClassScreenShot;
 }
 
-void SetListEditors(ListEditors& editors)
+Port<ListEditors>& TheListEditors()
 {
-    listEditors = &editors;
+    static PortOr<ListEditors, NoEditors> port;
+    return port;
 }
 
 void OpenEditor(int listType)
 {
-    if (!IsListType(listType) || !listEditors->HasEditor(listType))
+    if (!IsListType(listType) || !TheListEditors()->HasEditor(listType))
         return;
     ReadInstrumentLimits();
     SetEditorType(listType);
     const StatusBarOff off;
-    listEditors->ShowEditor(listType);
+    TheListEditors()->ShowEditor(listType);
 }
 
 void SetEditorType(int listType)

@@ -2,6 +2,7 @@
 // be written over, and how an editor is opened.
 #pragma once
 
+#include "app/platform/port.h"
 #include "app/platform/seams.h"
 
 #include <QString>
@@ -35,8 +36,7 @@ protected:
     ~ListEditors() = default;
 };
 
-/// Set once at start, before the first `OpenEditor`. `editors` outlives the program's forms.
-void SetListEditors(ListEditors& editors);
+Port<ListEditors>& TheListEditors(); ///< without an implementation there are no editors
 
 /// Opens the editor of a list type; a type without one is ignored. Refreshes the limits, and takes the frame's status
 /// bar out of use while the form is open.

@@ -10,7 +10,7 @@ namespace tarvik {
 ListStart::ListStart()
 {
     EditorReset();
-    SetListEditors(Editors);
+    TheListEditors().Set(Editors);
     FileClassesReset();
     SetEditorType(FileClassMemoryList);
     ReadInstrumentLimits();
@@ -19,6 +19,7 @@ ListStart::ListStart()
 ListStart::~ListStart()
 {
     EditorReset();
+    TheListEditors().Reset();
     FileClassesReset();
     Limits() = {};
     SeamsReset();

@@ -48,7 +48,7 @@ QString ModuleSuffix()
 using BindEntry = int16_t (*)(void* api);
 using Operation = void (*)();
 
-/// Behind its size a table is a row of operations. One that a module of an earlier generation left out is null.
+/// A table is its size followed by a row of function pointers. One that an older module does not know stays null.
 template <typename Api>
 bool HoldsEveryOperation(const Api& table)
 {
@@ -61,7 +61,7 @@ bool HoldsEveryOperation(const Api& table)
     return true;
 }
 
-/// Binds into a fresh table and takes it over only when every operation is there.
+/// Binds into a fresh table and adopts it only if every operation is set.
 template <typename Api>
 bool BindTable(BindEntry entry, Api& target)
 {
@@ -93,8 +93,8 @@ bool BindModule(Module module, BindEntry entry)
     return false;
 }
 
-/// False for a library of which the end is missing, as an interrupted copy leaves it: the system's loader takes the
-/// sizes in its head for granted and would touch pages that are not there.
+/// False for a truncated library, as an interrupted copy leaves it: the dynamic loader trusts the sizes in the header
+/// and would touch pages that do not exist.
 bool IsWholeLibrary(const QString& path)
 {
 #if defined(Q_OS_LINUX)
@@ -102,14 +102,14 @@ bool IsWholeLibrary(const QString& path)
     ElfW(Ehdr) head{};
     if (!file.open(QIODevice::ReadOnly) || file.read(reinterpret_cast<char*>(&head), sizeof head) != sizeof head)
         return false;
-    // The table of sections stands last in the file.
+    // The section header table is the last thing in the file.
     return head.e_shoff + quint64{ head.e_shnum } * head.e_shentsize <= static_cast<quint64>(file.size());
 #else
     return QFileInfo::exists(path);
 #endif
 }
 
-/// The text before each version record, joined here so that this file does not hold it as a literal.
+/// The magic of every version record, assembled at run time so that this file does not contain it as a literal.
 QByteArray VersionMagic()
 {
     QByteArray magic("Tv-Version");
@@ -139,7 +139,7 @@ bool ModuleLoad(Module module, const QString& folder)
     if (!QFileInfo(path).isFile() || !IsWholeLibrary(path))
         return false;
 
-    // The bound operations point into the library, so it stays mapped when the handle is given back.
+    // The bound operations point into the library: it stays mapped after QLibrary goes out of scope.
     QLibrary library(path);
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     if (!library.load())

@@ -1,4 +1,4 @@
-// closed/loader.h: finds the closed modules beside the executable, loads and binds them, and gives their operations.
+// closed/loader.h: finds, loads and binds the closed modules beside the executable.
 #pragma once
 
 #include "closed/tvfio.h"
@@ -15,7 +15,7 @@
 
 namespace tarvik {
 
-/// The modules, in the order in which the start-up checks them; the picture module is never checked at start.
+/// The modules in the order of the start-up check, which skips the picture module.
 enum class Module { General, Language, Channel, ListStore, Traces, Pictures };
 
 inline constexpr std::array kModulesCheckedAtStart{ Module::General, Module::Language, Module::Channel,
@@ -24,14 +24,14 @@ inline constexpr std::array kModulesCheckedAtStart{ Module::General, Module::Lan
 /// File name with the platform's suffix, for example "tvgen.so".
 QString ModuleFileName(Module module);
 
-/// Loads `module` from `folder` and binds its operations. False when the file is missing, is no library, has no
-/// `VbLoad`, or refuses the table; what was bound before then stays in force.
+/// Loads `module` from `folder` and binds its operations. False if the file is missing, is not a library, has no
+/// `VbLoad`, or refuses the table; earlier bindings then stay valid.
 [[nodiscard]] bool ModuleLoad(Module module, const QString& folder);
 
 /// True once the operations of `module` are bound.
 bool ModuleIsBound(Module module);
 
-/// The bound operations. Before binding every pointer is null, so callers that can run without a module ask
+/// The bound operations. Every pointer is null before binding, so callers that can run without a module check
 /// `ModuleIsBound` first.
 TvGenApi& TvGen();
 TvLngApi& TvLng();
@@ -40,10 +40,10 @@ TvFioApi& TvFio();
 TvSwpApi& TvSwp();
 TvImgApi& TvImg();
 
-/// Forgets what is bound. The libraries stay mapped for the life of the process.
+/// Unbinds all modules. The libraries stay mapped for the life of the process.
 void ModulesReset();
 
-/// Marks `module` as bound after its table was filled by other means (a program that links the library).
+/// Marks `module` as bound after its table was filled in another way (by a program that links the library).
 void ModuleMarkBound(Module module);
 
 /// File and product version as "a.b.c.d", read from the version record inside the file without loading it.

@@ -17,8 +17,7 @@ struct Pair {
     int Y = 0;
 };
 
-/// The first of each kind counts: what the records of a file without a placeable
-/// header tell about its size.
+/// Extents set by the first record of each kind: the size of a file without a placeable header.
 struct Extents {
     uint16_t Mode = MapText;
     std::optional<Pair> Origin;
@@ -26,7 +25,7 @@ struct Extents {
     std::optional<Pair> Viewport;
 };
 
-/// First header of a metafile: of type memory or disk, in the versions 1.0 and 3.0.
+/// The header of a metafile of type memory or disk, version 1.0 or 3.0.
 bool IsMetafileHeader(const MetafileParameters& header)
 {
     const uint16_t type = header.Word(0);
@@ -72,13 +71,13 @@ void NoteExtent(const MetafileRecord& record, Extents& extents)
         extents.Viewport = pair;
 }
 
-/// A window of units without a size of their own.
+/// The window defines the size: its units have no physical size.
 bool WindowCounts(const Extents& extents)
 {
     return extents.Window.has_value() && UnitsPerInch(extents.Mode) == 0;
 }
 
-/// One pixel a unit, or fewer where that would be too many.
+/// One pixel per unit, or fewer if that exceeds the limit.
 void SizeUnsized(MetafileFrame& frame)
 {
     const int longest = std::max(std::abs(frame.WindowWidth), std::abs(frame.WindowHeight));

@@ -1,5 +1,5 @@
-// closed/pictures/metafile.h: the headers of Windows metafiles, and the size of the picture. Whoever tells sizes and
-// whoever paints reads them here, so that both speak of the same picture.
+// closed/pictures/metafile.h: the headers of Windows metafiles and the size of the picture. The size query and the
+// painter share it so that they agree on the size.
 #pragma once
 
 #include "closed/pictures/metafileRecords.h"
@@ -8,15 +8,15 @@
 
 namespace tvpicture {
 
-/// Pixels per inch of every picture.
+/// Resolution of every picture, pixels per inch.
 inline constexpr int kPixelsPerInch = 96;
 
-/// First four bytes of the header that goes before a placeable metafile, as a little-endian number.
+/// First four bytes of the header of a placeable metafile, little-endian.
 inline constexpr uint32_t kPlaceableKey = 0x9AC6CDD7;
 inline constexpr size_t kPlaceableHeaderBytes = 22;
 inline constexpr size_t kMetafileHeaderBytes = 18;
 
-/// Longer side of a picture whose file tells its extent in units of no size, where one pixel a unit would be more.
+/// Maximum length in pixels of the longer side of a picture in units without a physical size.
 inline constexpr int kLongestUnsizedSide = 2048;
 
 /// Mapping modes of the SetMapMode record.
@@ -31,25 +31,25 @@ enum MapMode : uint16_t {
     MapAnisotropic = 8,
 };
 
-/// Units of an inch in a mode with units of a fixed size; 0 for the others.
+/// Units per inch of a mode with units of a fixed size; 0 for the others.
 double UnitsPerInch(uint16_t mapMode);
 
-/// What a metafile shows, and how large.
+/// The window that a metafile shows, and the size of its picture.
 struct MetafileFrame {
     bool Placeable = false;
-    int WindowX = 0; ///< origin and extent of the shown window, logical units; the extents are never 0
+    int WindowX = 0; ///< origin and extent of the window in logical units; the extents are never 0
     int WindowY = 0;
     int WindowWidth = 0; ///< negative where x runs to the left
     int WindowHeight = 0; ///< negative where y runs upwards
-    int Width = 0; ///< of the picture, pixels
+    int Width = 0; ///< size of the picture in pixels
     int Height = 0;
     size_t Records = 0; ///< offset of the first record
 };
 
-/// Reads the headers. The size of a placeable metafile is in its header, in units per inch. Another one shows the first
-/// window or viewport that its records set, else the box around what they draw; its unit is a pixel unless the mapping
-/// mode gives it a size or the picture would be larger than kLongestUnsizedSide. Nothing for other files, broken
-/// headers and records, and pictures without size.
+/// Reads the headers. A placeable metafile has its size in its header, in units per inch. For any other, the size is
+/// that of the first window or viewport that its records set, else of the bounding box of what they draw; a unit is
+/// one pixel unless the mapping mode gives it a size or the picture would exceed kLongestUnsizedSide. Nullopt for
+/// other files, broken headers or records, and pictures without size.
 std::optional<MetafileFrame> ReadMetafileFrame(ByteView bytes);
 
 } // namespace tvpicture

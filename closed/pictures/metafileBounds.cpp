@@ -6,14 +6,14 @@ namespace tvpicture {
 
 namespace {
 
-/// How a record tells where it draws, from a word on.
+/// Layout of the coordinates in a record, starting at a given word.
 enum class Shape {
     Point, ///< y, x
     Corners, ///< bottom, right, top, left
     Extent, ///< height, width, y, x
-    Points, ///< count, then x, y each
-    Polygons, ///< count, a count each, then x, y each
-    Text, ///< count, as many bytes filled up to whole words, y, x
+    Points, ///< count, then x and y of each point
+    Polygons, ///< number of polygons, number of points of each, then x and y of each point
+    Text, ///< count, that many bytes padded to whole words, y, x
 };
 
 struct Place {
@@ -56,14 +56,14 @@ void AddPoint(int x, int y, std::optional<MetafileBox>& box)
     box->Bottom = std::max(box->Bottom, y);
 }
 
-/// Points up to the end of the record, whatever count stands before them.
+/// Adds points up to the end of the record; the count before them is not trusted.
 void AddPoints(const MetafileParameters& p, int word, std::optional<MetafileBox>& box)
 {
     for (; word + 1 < p.Words(); word += 2)
         AddPoint(p.Signed(word), p.Signed(word + 1), box);
 }
 
-/// The point at which a text is written.
+/// Adds the reference point of a text.
 void AddText(const MetafileParameters& p, std::optional<MetafileBox>& box)
 {
     const int place = 1 + (p.Word(0) + 1) / 2;
@@ -71,7 +71,7 @@ void AddText(const MetafileParameters& p, std::optional<MetafileBox>& box)
         AddPoint(p.Signed(place + 1), p.Signed(place), box);
 }
 
-/// A side of rectangles: the far edge is the first one outside.
+/// Adds a rectangle whose far edges are exclusive.
 void AddCorners(int x1, int y1, int x2, int y2, std::optional<MetafileBox>& box)
 {
     AddPoint(std::min(x1, x2), std::min(y1, y2), box);

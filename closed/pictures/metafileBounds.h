@@ -1,4 +1,4 @@
-// closed/pictures/metafileBounds.h: the box around what the records of a metafile draw.
+// closed/pictures/metafileBounds.h: the bounding box of what the records of a metafile draw.
 #pragma once
 
 #include "closed/pictures/metafileRecords.h"
@@ -7,7 +7,7 @@
 
 namespace tvpicture {
 
-/// Logical units; all four edges belong to it.
+/// Logical units; all four edges are inclusive.
 struct MetafileBox {
     int Left = 0;
     int Top = 0;
@@ -15,8 +15,8 @@ struct MetafileBox {
     int Bottom = 0;
 };
 
-/// Widens the box by the points of one record. Records that draw nothing, and points that a record's own length does
-/// not hold, leave it.
+/// Extends the box by the points of one record. Ignores records that draw nothing and points beyond the end of the
+/// record.
 void AddBounds(const MetafileRecord& record, std::optional<MetafileBox>& box);
 
 } // namespace tvpicture

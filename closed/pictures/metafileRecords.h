@@ -9,7 +9,7 @@ namespace tvpicture {
 
 using ByteView = std::span<const uint8_t>;
 
-/// Functions of the records that more than one place knows.
+/// Record functions used in more than one place.
 enum MetafileFunction : uint16_t {
     MetaEof = 0x0000,
     MetaSetMapMode = 0x0103,
@@ -39,7 +39,7 @@ enum MetafileFunction : uint16_t {
     MetaStretchDib = 0x0F43,
 };
 
-/// Parameters of a record: 16-bit words, little-endian, told by their index. What lies beyond the end reads as 0.
+/// Parameters of a record: 16-bit little-endian words, accessed by index. Words beyond the end read as 0.
 class MetafileParameters {
 public:
     MetafileParameters() = default;
@@ -57,8 +57,8 @@ public:
     {
         return static_cast<int16_t>(Word(index));
     }
-    [[nodiscard]] uint32_t Long(int index) const; ///< two words, the lower one first
-    [[nodiscard]] ByteView From(int index) const; ///< all bytes from this word on
+    [[nodiscard]] uint32_t Long(int index) const; ///< two words, low word first
+    [[nodiscard]] ByteView From(int index) const; ///< all bytes from this word to the end
 
 private:
     ByteView bytes_;
@@ -69,7 +69,7 @@ struct MetafileRecord {
     MetafileParameters Parameters;
 };
 
-/// Walks the records from `offset` on.
+/// Iterates over the records, starting at `offset`.
 class MetafileRecords {
 public:
     MetafileRecords(ByteView bytes, size_t offset)
@@ -79,8 +79,8 @@ public:
 
     enum class Step {
         Record,
-        End, ///< the record that ends every metafile
-        Broken, ///< a record that is shorter than its own head or goes beyond the file, or no end
+        End, ///< the record that terminates every metafile
+        Broken, ///< a record shorter than its own header or beyond the end of the file, or no terminator
     };
     [[nodiscard]] Step Next(MetafileRecord& record);
 

@@ -1,4 +1,4 @@
-// closed/tvfio/antennalist.h: the antenna list: 99 antennas at the places 1 to 99; place 0 does not exist.
+// closed/tvfio/antennalist.h: the antenna list: 99 antennas at indexes 1 to 99; index 0 does not exist.
 #pragma once
 
 #include "closed/tvfio/slotlist.h"
@@ -6,12 +6,12 @@
 namespace tvfio {
 
 struct AntennaRecord {
-    int16_t Include = 0; ///< flag: 0, or 1 or -1 for set
+    int16_t Include = 0; ///< flag: 0 is clear, 1 or -1 is set
     FixedText<32> Name;
     double StartFrequency = 0; ///< Hz
     double StopFrequency = 0; ///< Hz
-    double DefFrequencyOffset = 0; ///< Hz, of a converter
-    int16_t PassiveBits = 0; ///< switching bits 0 to 3
+    double DefFrequencyOffset = 0; ///< Hz, of the converter
+    int16_t PassiveBits = 0; ///< switch bits 0 to 3
     int16_t ActiveBits = 0;
     FixedText<40> KFactorTableName; ///< base name of a file
     int16_t AntennaCode = 0;

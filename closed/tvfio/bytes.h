@@ -1,4 +1,4 @@
-// closed/tvfio/bytes.h: little-endian numbers and short texts in a run of bytes.
+// closed/tvfio/bytes.h: little-endian numbers and short texts in a byte buffer.
 #pragma once
 
 #include <bit>
@@ -27,7 +27,7 @@ void PutInt(uint8_t* place, Number value)
     }
 }
 
-/// Appends to a run of bytes of its own, which grows ahead of what is written.
+/// Appends to its own buffer, which grows ahead of the writing.
 class ByteWriter {
 public:
     explicit ByteWriter(size_t expectedBytes = 0)
@@ -46,7 +46,7 @@ public:
         Int(std::bit_cast<uint64_t>(value));
     }
 
-    /// A length byte, then the characters; `text` has at most 255.
+    /// Writes a length byte, then the characters; `text` has at most 255.
     void Text(std::string_view text)
     {
         uint8_t* place = Grow(text.size() + 1);
@@ -55,7 +55,7 @@ public:
             std::memcpy(place + 1, text.data(), text.size());
     }
 
-    /// A place for up to `count` bytes behind what is written. `Advance` says where they end; only then they count.
+    /// Space for up to `count` bytes after what is written. Bytes count only once `Advance` has accepted them.
     uint8_t* Room(size_t count)
     {
         if (bytes_.size() - size_ < count)
@@ -67,7 +67,7 @@ public:
         size_ = static_cast<size_t>(end - bytes_.data());
     }
 
-    /// Leaves room for a number that is known later; gives its place for `Patch`.
+    /// Reserves space for a number that is known later; returns its offset for `Patch`.
     template <std::integral Number>
     size_t Reserve()
     {
@@ -76,14 +76,14 @@ public:
         return at;
     }
 
-    /// Puts `value` into the room at `at`.
+    /// Stores `value` in the space reserved at `at`.
     template <std::integral Number>
     void Patch(size_t at, Number value)
     {
         PutInt(bytes_.data() + at, value);
     }
 
-    /// Puts into the room at `at` the count of bytes that were written behind it.
+    /// Stores in the space reserved at `at` the number of bytes written after it.
     template <std::integral Number>
     void PatchLength(size_t at)
     {
@@ -95,7 +95,7 @@ public:
         return ByteView(bytes_).first(size_);
     }
 
-    /// Gives up what was written.
+    /// Moves the written bytes out.
     Bytes Take()
     {
         bytes_.resize(std::exchange(size_, 0));
@@ -114,7 +114,7 @@ private:
     size_t size_ = 0;
 };
 
-/// Reads what a ByteWriter wrote. Reading past the end gives zeros and leaves `Failed` true for good.
+/// Reads what a ByteWriter wrote. Reading past the end gives zeros and sets `Failed` permanently.
 class ByteReader {
 public:
     explicit ByteReader(ByteView source)
@@ -153,7 +153,7 @@ public:
         return { reinterpret_cast<const char*>(bytes.data()), bytes.size() };
     }
 
-    /// The next `count` bytes, or nothing when there are fewer.
+    /// The next `count` bytes; empty if fewer are left.
     ByteView Take(size_t count)
     {
         if (count > rest_.size()) {

@@ -1,4 +1,4 @@
-// closed/tvfio/calls.h: the forms that the operations of the module share, over the lists of the library.
+// closed/tvfio/calls.h: templates for the module's operations on the lists of the library.
 #pragma once
 
 #include "closed/tvfio.h"
@@ -16,7 +16,7 @@ inline void Answer(int16_t* status, FioStatus result)
         *status = static_cast<int16_t>(result);
 }
 
-/// Runs `work`, which gives a status; lack of memory becomes one too, since no exception leaves the module.
+/// Runs `work`, which returns a status; bad_alloc becomes a status too, since no exception leaves the module.
 template <typename Work>
 FioStatus Guarded(Work work)
 {
@@ -27,10 +27,10 @@ FioStatus Guarded(Work work)
     }
 }
 
-/// Copies `text` out with its closing zero.
+/// Copies `text` to `out` with a terminating zero.
 [[nodiscard]] FioStatus CopyOut(std::string_view text, char* out, int32_t outSize);
 
-/// Takes `text` over if `rule` allows it.
+/// Assigns `text` if `rule` allows it.
 template <int N>
 [[nodiscard]] FioStatus CopyIn(const char* text, const TextRule& rule, FixedText<N>& target)
 {
@@ -60,7 +60,7 @@ template <typename Value>
     return FioStatus::Ok;
 }
 
-// List level. Each list type has its current list in the function `Current`.
+// List level. The function `Current` returns the current list of each list type.
 
 template <typename List>
 void CallClear(int16_t* status)
@@ -69,7 +69,7 @@ void CallClear(int16_t* status)
     Answer(status, FioStatus::Ok);
 }
 
-/// Makes the bytes of a file the current list. After a failure the current list is empty.
+/// Replaces the current list by the contents of a file. After a failure the current list is empty.
 template <typename List>
 [[nodiscard]] FioStatus LoadBytes(ByteView file)
 {
@@ -122,7 +122,7 @@ void CallSetDescription(int16_t* status, const char* text)
     Answer(status, CopyIn(text, kListDescription, List::Current().Info.Description));
 }
 
-/// Fills the seven list operations of `Prefix` in the table `api`.
+/// Sets the seven list operations of `Prefix` in the table `api`.
 #define FIO_BIND_LIST(api, Prefix, List)                                                                               \
     (api).Prefix##Clear = CallClear<List>;                                                                             \
     (api).Prefix##LoadFile = CallLoadFile<List>;                                                                       \
@@ -132,7 +132,7 @@ void CallSetDescription(int16_t* status, const char* text)
     (api).Prefix##GetDescription = CallGetDescription<List>;                                                           \
     (api).Prefix##SetDescription = CallSetDescription<List>
 
-// Record level of the lists with places.
+// Record level of the lists with indexed entries.
 
 template <typename Member>
 struct MemberType;
@@ -194,7 +194,7 @@ void CallStageText(int16_t* status, const char* text)
     Answer(status, CopyIn(text, Rule, List::Current().Staged.*Member));
 }
 
-/// Each fills its part of the table.
+/// Each sets its part of the table.
 void BindAntennaCalls(TvFioApi& api);
 void BindKfactorCalls(TvFioApi& api);
 void BindMemoryCalls(TvFioApi& api);

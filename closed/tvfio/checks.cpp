@@ -54,7 +54,7 @@ void GetTvFwVersion(int16_t* status, char* out, int32_t outSize)
 
 void GetExceptionStringTV(int16_t* status, char* out, int32_t outSize)
 {
-    // The text is copied before a failure of this call itself could replace it.
+    // Copied first: a failure of this call itself would replace the text.
     Answer(status, CopyOut(std::string_view(LastExceptionText()), out, outSize));
 }
 

@@ -9,7 +9,7 @@ namespace tvfio {
 
 namespace {
 
-/// The line ends and the end-of-text mark show a transfer that changed them.
+/// Line ends and the end-of-text mark reveal a text-mode transfer.
 constexpr std::array<uint8_t, 8> kMagic{ 'T', 'V', 'L', 'S', '\r', '\n', 0x1A, '\n' };
 constexpr size_t kLengthAt = 12;
 constexpr size_t kChecksumAt = 16;
@@ -38,7 +38,7 @@ FioStatus CheckHeader(ByteView file, Family family)
 {
     if (const FioStatus status = CheckMagicAndLength(file); status != FioStatus::Ok)
         return status;
-    // Before the rest of the header is believed, so that a changed bit is not taken for another version or kind.
+    // Checked before the rest of the header, so that a flipped bit is not mistaken for another version or family.
     if (ByteReader(file.subspan(kChecksumAt)).Int<uint32_t>() != FileChecksum(file))
         return Fail(FioStatus::FileChecksum);
     ByteReader reader(file.subspan(kMagic.size()));
@@ -77,7 +77,7 @@ ListFileWriter::ListFileWriter(Family family)
         writer_.Int(byte);
     writer_.Int(kFormatVersion);
     writer_.Int(static_cast<uint16_t>(family));
-    writer_.Int(uint32_t{ 0 }); // length and check sum, which Finish knows
+    writer_.Int(uint32_t{ 0 }); // length and checksum, set by Finish
     writer_.Int(uint32_t{ 0 });
 }
 
@@ -123,7 +123,7 @@ FioStatus ReadListFile(ByteView file, Family family, Sections& sections)
     return FioStatus::Ok;
 }
 
-FioStatus NeedSection(const Sections& sections, SectionId id, ByteView& section)
+FioStatus RequireSection(const Sections& sections, SectionId id, ByteView& section)
 {
     const std::optional<ByteView>& found = sections[static_cast<size_t>(id)];
     if (!found.has_value())

@@ -1,4 +1,4 @@
-// closed/tvfio/container.h: the outer form of list files: header with check sum, then sections, then records.
+// closed/tvfio/container.h: the container format of list files: header with checksum, then sections, then records.
 #pragma once
 
 #include "closed/tvfio/bytes.h"
@@ -9,13 +9,13 @@
 
 namespace tvfio {
 
-/// What a file holds; the number stands in the file.
+/// Content of a file; the number is part of the file format.
 enum class Family : uint16_t { Antenna = 1, Kfactor = 2, Memory = 3, Suppress = 4, Correction = 6 };
 
 /// The noun of `family` as the exception texts use it, for example "memory list".
 const char* FamilyName(Family family);
 
-/// The parts of a file; the number stands in the file. Numbers that are not here are skipped.
+/// Sections of a file; the number is part of the file format. Unknown numbers are skipped.
 enum class SectionId : uint16_t {
     Info = 1, ///< name and description of the list
     Records = 2, ///< the entries of a list
@@ -27,13 +27,13 @@ enum class SectionId : uint16_t {
 };
 inline constexpr size_t kSectionIds = 8;
 
-/// The sections that were found, by number.
+/// The sections found, by number.
 using Sections = std::array<std::optional<ByteView>, kSectionIds>;
 
 inline constexpr size_t kHeaderBytes = 20;
 inline constexpr uint16_t kFormatVersion = 1;
 
-/// Larger than the largest file that can be written: a correction set with all angles.
+/// Larger than the largest valid file, a correction set with all angles.
 inline constexpr size_t kMaxFileBytes = size_t{ 32 } << 20;
 
 /// Builds the bytes of one file.
@@ -41,10 +41,10 @@ class ListFileWriter {
 public:
     explicit ListFileWriter(Family family);
 
-    /// Begins a section; everything written until the next call belongs to it.
+    /// Starts a section, to which everything belongs that is written before the next call.
     ByteWriter& Section(SectionId id);
 
-    /// Ends the file and gives its bytes.
+    /// Finishes the file and returns its bytes.
     Bytes Finish();
 
 private:
@@ -54,10 +54,10 @@ private:
     size_t openSection_ = 0;
 };
 
-/// Checks the header and cuts `file` into its sections, which point into it.
+/// Checks the header and splits `file` into its sections, which are views into it.
 [[nodiscard]] FioStatus ReadListFile(ByteView file, Family family, Sections& sections);
 
-/// The section `id`, whose absence is an error.
-[[nodiscard]] FioStatus NeedSection(const Sections& sections, SectionId id, ByteView& section);
+/// The section `id`; its absence is an error.
+[[nodiscard]] FioStatus RequireSection(const Sections& sections, SectionId id, ByteView& section);
 
 } // namespace tvfio

@@ -8,13 +8,13 @@ namespace tvfio {
 
 namespace {
 
-/// The result of an operation whose status is its result.
+/// Return value of the operations that return their status.
 int16_t Word(FioStatus status)
 {
     return static_cast<int16_t>(status);
 }
 
-// How an entry of the caller's array becomes a record of the set, checked, and back.
+// Conversion of the caller's array entries to checked records of the set, and back.
 
 FioStatus ToRecord(const KfactorCorrEntry& entry, CorrKfactorRecord& record)
 {
@@ -67,7 +67,7 @@ void FreeAngles(double* angles)
     std::free(angles);
 }
 
-/// False if there is no memory for the angles.
+/// False if memory for the angles runs out.
 bool ToEntry(const CorrAzimuthRecord& record, AzimuthEntry& entry)
 {
     const auto count = static_cast<int16_t>(record.Angles.size());
@@ -110,7 +110,7 @@ int16_t GetTable(Entry* entries, int16_t* count)
     return Word(FioStatus::Ok);
 }
 
-/// Copies the used entries into `records`; Ok if they are sound and as many as `count` says.
+/// Copies the used entries to `records`; Ok if all are valid and their number is `count`.
 template <typename Entry, typename Record>
 FioStatus CollectUsed(const Entry* entries, int16_t count, std::vector<Record>& records)
 {
@@ -186,7 +186,7 @@ int16_t GetHeader(CorrHeader* header)
 
 int16_t SetHeader(const CorrHeader* header)
 {
-    return Word(header != nullptr ? CorrectionSet::Current().TakeHeader(*header) : Fail(FioStatus::MissingArgument));
+    return Word(header != nullptr ? CorrectionSet::Current().SetHeader(*header) : Fail(FioStatus::MissingArgument));
 }
 
 int16_t GetIdentity(CorrModIdent* identity)

@@ -16,7 +16,7 @@ void SetChars(char (&target)[Size], std::string_view text)
     std::copy_n(text.data(), length, target);
 }
 
-/// The text in `source`; one character too long when it is not closed.
+/// The text in `source`; one character too long if it has no terminator.
 template <size_t Size>
 std::string_view Chars(const char (&source)[Size])
 {
@@ -34,7 +34,7 @@ void WriteIdentity(ListFileWriter& file, const CorrModIdent& identity)
 FioStatus ReadIdentity(const Sections& sections, CorrModIdent& identity)
 {
     ByteView section;
-    if (const FioStatus status = NeedSection(sections, SectionId::Identity, section); status != FioStatus::Ok)
+    if (const FioStatus status = RequireSection(sections, SectionId::Identity, section); status != FioStatus::Ok)
         return status;
     ByteReader reader(section);
     for (int32_t& value : identity.Values)
@@ -63,7 +63,7 @@ void WriteHeader(ListFileWriter& file, const CorrHeader& header)
 FioStatus ReadHeader(const Sections& sections, CorrHeader& header)
 {
     ByteView section;
-    if (const FioStatus status = NeedSection(sections, SectionId::Header, section); status != FioStatus::Ok)
+    if (const FioStatus status = RequireSection(sections, SectionId::Header, section); status != FioStatus::Ok)
         return status;
     ByteReader reader(section);
     FieldReader read(reader);
@@ -136,7 +136,7 @@ template <typename Record>
 FioStatus ReadTable(const Sections& sections, SectionId id, std::vector<Record>& table)
 {
     ByteView section;
-    if (const FioStatus status = NeedSection(sections, id, section); status != FioStatus::Ok)
+    if (const FioStatus status = RequireSection(sections, id, section); status != FioStatus::Ok)
         return status;
     return ReadRecords(section, CorrectionSet::kCapacity,
         [&](ByteReader& record, size_t position) { return ReadEntry(record, position, table.emplace_back()); });
@@ -193,7 +193,7 @@ FioStatus CorrectionSet::Decode(ByteView file)
     return status;
 }
 
-FioStatus CorrectionSet::TakeHeader(const CorrHeader& header)
+FioStatus CorrectionSet::SetHeader(const CorrHeader& header)
 {
     for (const std::string_view text : { Chars(header.AntennaName), Chars(header.ManufacturerName) }) {
         if (const FioStatus status = CheckText(text, correctionRules::kHeaderText); status != FioStatus::Ok)

@@ -71,16 +71,16 @@ struct CorrectionSet {
     std::vector<CorrAzimuthRecord> Azimuth;
     std::string FileName; ///< without folder; UTF-8
 
-    /// Makes it a new set: no entries, version 1, the date 2012-01-01.
+    /// Resets to a new set: no entries, version 1, date 2012-01-01.
     void Clear();
     [[nodiscard]] Bytes Encode() const;
     [[nodiscard]] FioStatus Decode(ByteView file);
 
-    /// Takes `header` over if its texts and frequencies are sound.
-    [[nodiscard]] FioStatus TakeHeader(const CorrHeader& header);
+    /// Assigns `header` if its texts and frequencies are valid.
+    [[nodiscard]] FioStatus SetHeader(const CorrHeader& header);
 };
 
-/// Orders a table by frequency, ascending.
+/// Sorts a table by ascending frequency.
 template <typename Record>
 void SortByFrequency(std::vector<Record>& table)
 {

@@ -1,4 +1,4 @@
-// closed/tvfio/fileaccess.h: list files on disk, with the store's own words for what goes wrong.
+// closed/tvfio/fileaccess.h: reading and writing of list files, with errors as statuses of the store.
 #pragma once
 
 #include "closed/tvfio/bytes.h"
@@ -8,7 +8,7 @@ namespace tvfio {
 
 [[nodiscard]] FioStatus ReadFileBytes(const char* path, Bytes& bytes);
 
-/// Puts `bytes` into the place of the file `path`, flushed to the disk. After any failure `path` is what it was.
+/// Replaces the file `path` by `bytes`, flushed to disk. After any failure `path` is unchanged.
 [[nodiscard]] FioStatus SaveFileBytes(const char* path, ByteView bytes);
 
 } // namespace tvfio

@@ -34,7 +34,7 @@ FioStatus KfactorTable::Decode(ByteView file)
     if (status == FioStatus::Ok)
         status = ReadInfo(sections, Info);
     if (status == FioStatus::Ok)
-        status = NeedSection(sections, SectionId::Records, section);
+        status = RequireSection(sections, SectionId::Records, section);
     if (status != FioStatus::Ok)
         return status;
     return ReadRecords(section, kCapacity, [this](ByteReader& record, size_t position) {

@@ -1,4 +1,4 @@
-// closed/tvfio/kfactortable.h: the K-factor table: up to 1000 frequencies without gaps between them.
+// closed/tvfio/kfactortable.h: the K-factor table: up to 1000 contiguous entries.
 #pragma once
 
 #include "closed/tvfio/record.h"
@@ -42,7 +42,7 @@ struct KfactorTable {
     /// Appends an entry of zeros.
     [[nodiscard]] FioStatus Insert();
 
-    /// Orders by frequency, ascending.
+    /// Sorts by ascending frequency.
     void SortByFrequency();
 };
 

@@ -21,7 +21,7 @@ void GetLimit(int16_t* status, Value* value)
     Answer(status, CopyOut<Value>(Limit, value));
 }
 
-/// A floating-point limit, which must be a variable to stand as an argument of a template.
+/// A floating-point limit, which must be a variable to be a template argument.
 template <const double& Limit>
 void GetLimit(int16_t* status, double* value)
 {

@@ -42,11 +42,11 @@ void MemoryList::Commit(int index)
 int16_t MemoryList::Number(int index)
 {
     if (numbersOf_ != Changes || Changes == 0)
-        RenewNumbers();
+        RenumberUnused();
     return numbers_[static_cast<size_t>(index)];
 }
 
-void MemoryList::RenewNumbers()
+void MemoryList::RenumberUnused()
 {
     std::bitset<kMemoryItems> taken;
     for (size_t i = 0; i < kMemoryItems; ++i) {
@@ -55,14 +55,14 @@ void MemoryList::RenewNumbers()
             taken.set(static_cast<size_t>(numbers_[i]));
     }
     const std::bitset<kMemoryItems> inUse = taken;
-    size_t leftOver = 0;
+    size_t spare = 0;
     for (size_t i = 0; i < kMemoryItems; ++i) {
         if (Used[i] || !inUse[i])
             continue;
-        // A number is left over when no entry bears it and the place that it names is itself used.
-        while (inUse[leftOver] || !Used[leftOver])
-            ++leftOver;
-        numbers_[i] = static_cast<int16_t>(leftOver++);
+        // A number is spare if no entry uses it and the place with that index is in use.
+        while (inUse[spare] || !Used[spare])
+            ++spare;
+        numbers_[i] = static_cast<int16_t>(spare++);
     }
     numbersOf_ = Changes;
 }

@@ -5,10 +5,10 @@
 
 namespace tvfio {
 
-/// One entry. The defaults are what a new entry starts with: FM at 100 MHz in 15 kHz, squelches, attenuator and AFC
-/// off, 0.5 s direction finding over 1 MHz in steps of 1 kHz. They lie inside all limits and pass the checks.
+/// One entry. The defaults are those of a new entry: FM at 100 MHz in 15 kHz; squelches, attenuator and AFC off; 0.5
+/// s direction finding over 1 MHz in steps of 1 kHz. They are within all limits and pass the checks.
 struct MemoryRecord {
-    int16_t MemItemNumber = -1; ///< -1 in the staging record: the number that the place has while unused
+    int16_t MemItemNumber = -1; ///< -1 in the staging record: use the number of the place
     double Frequency = 100e6; ///< Hz
     int16_t Demodulation = 0; ///< code, 0 is FM
     int16_t BandWidth = 8; ///< code, 8 is 15 kHz
@@ -92,23 +92,23 @@ struct MemoryList : SlotList<MemoryRecord, 0, kMemoryItems> {
         return DecodeSlots(file, kFamily, *this);
     }
 
-    /// Puts the staged record into place `index`; without a number of its own it gets the number of the place.
+    /// Stores the staged record at `index`; a record without a number gets the number of the place.
     void Commit(int index);
 
-    /// The number of place `index`. The numbers of unused places differ from each other and from all numbers in use:
-    /// a place answers its own index unless a used entry bears that number, and then one of the numbers left over,
-    /// which are handed out in ascending order.
+    /// The number of place `index`. Unused places have numbers that differ from each other and from all numbers in
+    /// use: a place has its own index unless a used entry has that number, and otherwise a spare number; spare
+    /// numbers are assigned in ascending order.
     [[nodiscard]] int16_t Number(int index);
 
-    /// Orders by key: 0 status, then number; 1, 2 number up, down; 3, 4 frequency up, down; 5, 6 description up, down
-    /// without regard to case.
+    /// Sorts by key: 0 status, then number; 1, 2 number up, down; 3, 4 frequency up, down; 5, 6 description up, down,
+    /// ignoring case.
     [[nodiscard]] FioStatus SortByKey(int key);
 
 private:
-    void RenewNumbers();
+    void RenumberUnused();
 
     std::array<int16_t, kMemoryItems> numbers_{};
-    uint32_t numbersOf_ = 0; ///< state of `Changes` that `numbers_` belongs to; 0 for none
+    uint32_t numbersOf_ = 0; ///< value of `Changes` for which `numbers_` was computed; 0 for none
 };
 
 } // namespace tvfio

@@ -26,7 +26,7 @@ void WriteInfo(ListFileWriter& file, const ListInfo& info)
 FioStatus ReadInfo(const Sections& sections, ListInfo& info)
 {
     ByteView section;
-    if (const FioStatus status = NeedSection(sections, SectionId::Info, section); status != FioStatus::Ok)
+    if (const FioStatus status = RequireSection(sections, SectionId::Info, section); status != FioStatus::Ok)
         return status;
     ByteReader reader(section);
     FieldReader read(reader);

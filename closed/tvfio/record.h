@@ -1,4 +1,4 @@
-// closed/tvfio/record.h: rules of record fields, and how records pass to a file and back.
+// closed/tvfio/record.h: rules for record fields, and serialization of records.
 #pragma once
 
 #include "closed/tvfio/container.h"
@@ -11,20 +11,20 @@
 
 namespace tvfio {
 
-/// Smallest and largest value of a whole number or code, and the status of one outside.
+/// Minimum and maximum of a whole number or code, and the status for a value outside.
 struct IntRule {
     int32_t Min;
     int32_t Max;
     FioStatus Status;
 };
 
-/// A number that must be finite. The limits of values are those of the instrument generation, which the editors keep;
-/// a list that was made under others stays readable.
+/// A number that must be finite. Range limits belong to the instrument generation and are the editors' business; a
+/// list made under other limits stays readable.
 struct ValueRule {
     FioStatus Status;
 };
 
-/// A field that is carried and means nothing here.
+/// A field that is stored but has no meaning here.
 inline constexpr IntRule kAnyInt{ std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max(),
     FioStatus::Ok };
 
@@ -38,11 +38,11 @@ inline constexpr IntRule kAnyInt{ std::numeric_limits<int32_t>::min(), std::nume
     return std::isfinite(value) ? FioStatus::Ok : rule.Status;
 }
 
-/// Room for the fields of the longest record, of which texts are the larger part.
+/// Space for the fields of the longest record, mostly texts.
 inline constexpr size_t kMaxFieldBytes = 1024;
 
-/// Writes the fields of a record in the order in which they are visited, into kMaxFieldBytes bytes of room. It passes
-/// by value, so that its place stays in a register.
+/// Writes the fields of a record, in the order visited, to a buffer of kMaxFieldBytes bytes. Passed by value so that
+/// the write position stays in a register.
 class FieldWriter {
 public:
     explicit FieldWriter(uint8_t* room)
@@ -67,7 +67,7 @@ public:
     void operator()(const FixedText<N>& text, const TextRule&)
     {
         *place_ = text.Length;
-        std::memcpy(place_ + 1, text.Chars.data(), N); // what is behind the text is written over
+        std::memcpy(place_ + 1, text.Chars.data(), N); // the next field overwrites what follows the text
         place_ += 1 + text.Length;
     }
 
@@ -80,7 +80,7 @@ private:
     uint8_t* place_;
 };
 
-/// Reads the fields of a record in the order in which they are visited, and keeps the first objection.
+/// Reads the fields of a record in the order visited, and keeps the first error.
 class FieldReader {
 public:
     explicit FieldReader(ByteReader& source)
@@ -106,7 +106,7 @@ public:
     {
         const std::string_view found = source_.Text();
         Note(CheckText(found, rule));
-        // A zero is a control character, so a text that passed ends where C says it ends.
+        // A zero is a control character, so an accepted text ends at its terminator.
         text.Assign(found);
     }
 
@@ -133,21 +133,22 @@ void WriteFields(ByteWriter& target, const Record& record)
     target.Advance(VisitFields(FieldWriter(target.Room(kMaxFieldBytes)), record).End());
 }
 
-/// Reads all fields of `record`; the result holds the first objection.
+/// Reads all fields of `record`; the result holds the first error.
 template <typename Record>
 [[nodiscard]] FieldReader ReadFields(ByteReader& source, Record& record)
 {
     return VisitFields(FieldReader(source), record);
 }
 
-/// Fails with FileRecord, telling the record (`position` counts from 0 in the file) and what is wrong with it.
+/// Fails with FileRecord, naming the record (`position` counts from 0 in the file) and the error.
 FioStatus FailRecord(size_t position, const char* complaint);
 
-/// Ok, or the failure for a record that ended too early or holds what a field must not hold.
+/// Ok, or the failure for a truncated record or an invalid field.
 [[nodiscard]] FioStatus CheckRecord(const ByteReader& record, const FieldReader& fields, size_t position);
 
 /// The list of records in a section: a count, then for each record its length and its bytes. `readOne` gets a reader
-/// of one record and its position, and returns a status. What follows its fields in a record is of a later version.
+/// of one record and its position, and returns a status. Bytes after the known fields belong to a later version and
+/// are skipped.
 template <typename ReadOne>
 [[nodiscard]] FioStatus ReadRecords(ByteView section, size_t maxCount, ReadOne readOne)
 {
@@ -165,7 +166,7 @@ template <typename ReadOne>
     return reader.Failed() || reader.Remaining() > 0 ? Fail(FioStatus::FileStructure) : FioStatus::Ok;
 }
 
-/// Writes the length of a record before what `writeOne` writes.
+/// Writes the length of a record, then what `writeOne` writes.
 template <typename WriteOne>
 void WriteRecord(ByteWriter& writer, WriteOne writeOne)
 {

@@ -1,4 +1,4 @@
-// closed/tvfio/slotlist.h: a list of numbered places, each used or not.
+// closed/tvfio/slotlist.h: a list of indexed places, each used or not.
 #pragma once
 
 #include "closed/tvfio/record.h"
@@ -7,11 +7,10 @@
 
 namespace tvfio {
 
-/// A list whose records stand at the indexes `First` to `Capacity` - 1; a place that is not used holds a default
-/// record. `Staged` is filled field by field and put into a place by `Commit`.
-///
-/// A record type has a function `VisitFields(visitor, record)` that visits its fields, each with its
-/// rule, in file order and returns the visitor.
+/// A list with records at the indexes `First` to `Capacity` - 1; an unused place holds a default record. `Staged` is
+/// filled field by field and stored at a place by `Commit`.
+/// A record type has a function `VisitFields(visitor, record)` that visits its fields, each with its rule, in file
+/// order and returns the visitor.
 template <typename Record, int First, int Capacity>
 struct SlotList {
     using RecordType = Record;
@@ -22,7 +21,7 @@ struct SlotList {
     std::array<Record, Capacity> Records{};
     std::bitset<Capacity> Used;
     Record Staged{};
-    uint32_t Changes = 0; ///< counts what may have changed the places, for who keeps something derived from them
+    uint32_t Changes = 0; ///< incremented whenever places may have changed, for data derived from them
 
     static bool IsIndex(int index)
     {
@@ -38,8 +37,7 @@ struct SlotList {
         ++Changes;
     }
 
-    /// Puts the staged record into place `index` and begins a fresh one, so that no field of a record can slip
-    /// into the next.
+    /// Stores the staged record at `index` and resets the staged record, so that no field leaks into the next one.
     void Commit(int index)
     {
         Put(index, Staged);
@@ -53,7 +51,7 @@ struct SlotList {
         ++Changes;
     }
 
-    /// The used records in the order of their places.
+    /// The used records in order of their index.
     [[nodiscard]] std::vector<Record> UsedRecords() const
     {
         std::vector<Record> used;
@@ -65,7 +63,7 @@ struct SlotList {
         return used;
     }
 
-    /// Replaces all records by `used`, which then stand in front.
+    /// Replaces all records by `used`, placed at the front.
     void Refill(const std::vector<Record>& used)
     {
         Records.fill({});
@@ -76,7 +74,7 @@ struct SlotList {
         ++Changes;
     }
 
-    /// Orders the used records by `comesBefore`, equal ones as they stood; the places behind them are unused.
+    /// Sorts the used records by `comesBefore` (stable) and moves them to the front.
     template <typename ComesBefore>
     void Sort(ComesBefore comesBefore)
     {
@@ -130,7 +128,7 @@ template <typename List>
     if (status == FioStatus::Ok)
         status = ReadInfo(sections, list.Info);
     if (status == FioStatus::Ok)
-        status = NeedSection(sections, SectionId::Records, section);
+        status = RequireSection(sections, SectionId::Records, section);
     if (status != FioStatus::Ok)
         return status;
     return ReadRecords(section, List::kCapacity - List::kFirst,

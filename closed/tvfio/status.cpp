@@ -101,7 +101,7 @@ constexpr std::array kStatusTexts{
     StatusText{ FioStatus::FileBusy, "Another program is saving this file." },
 };
 
-/// The statuses up to 82 that have no text by number.
+/// The statuses up to 82 for which the program has no text by number.
 constexpr std::array<int16_t, 13> kWithoutOwnText{ 7, 15, 17, 21, 58, 59, 62, 63, 64, 67, 68, 69, 76 };
 
 std::array<char, TVFIO_TEXT_SIZE> lastException{};

@@ -6,26 +6,25 @@
 
 namespace tvfio {
 
-/// Result of every operation. A value up to 82 that `FioStatusHasOwnText` accepts is one for which the program has a
-/// text by number; with all others it shows what `LastExceptionText` says, so these carry details of their own (which
-/// record, what the system answered).
+/// Result of every operation. For a value up to 82 that `FioStatusHasOwnText` accepts the program has a text by
+/// number; for all others it shows `LastExceptionText`, so these add details (which record, the system's error).
 enum class FioStatus : int16_t {
     Ok = 0,
 
-    // The list itself.
+    // The list.
     ListNameTooLong = 8, ///< more than 32 characters
     ListNameCharacters = 9, ///< a control character in the name
     ListDescriptionTooLong = 10, ///< more than 32 characters
     ListDescriptionCharacters = 11, ///< a control character in the description
-    MissingArgument = 12, ///< the caller passed no place for a result, or no text
-    BufferTooSmall = 13, ///< the caller's buffer does not hold the text; it was cut
+    MissingArgument = 12, ///< the caller passed no pointer for a result, or no text
+    BufferTooSmall = 13, ///< the caller's buffer is too small; the text was truncated
     OutOfMemory = 14,
     SortKeyUnknown = 16, ///< a sort key outside 0 to 6
     PathEmpty = 18,
-    PathNotText = 19, ///< the path is not UTF-8 or holds a character no file name can have
+    PathNotText = 19, ///< the path is not UTF-8 or contains a character that no file name can have
     PathIsFolder = 20, ///< a folder where a file is needed
 
-    // A memory entry: the field that is out of range. An item number goes with these.
+    // A memory entry: invalid field. The number of the entry is added.
     MemoryNumber = 22, ///< outside 0 to 1023
     MemoryFrequency = 23, ///< not a number
     MemoryDemodulation = 24, ///< code outside 0 to 7
@@ -45,13 +44,13 @@ enum class FioStatus : int16_t {
     MemoryDfStep = 38, ///< code outside 0 to 33
     MemoryDfBandwidth = 39, ///< code outside 0 to 32
 
-    // No such item in the list.
+    // Index outside the list.
     MemoryIndex = 40, ///< outside 0 to 1023
     AntennaIndex = 41, ///< outside 1 to 99
     SuppressIndex = 42, ///< outside 0 to 99
     KfactorIndex = 43, ///< not below the number of entries
 
-    // An antenna: the field that is out of range.
+    // An antenna: invalid field.
     AntennaNameTooLong = 44, ///< more than 32 characters
     AntennaNameCharacters = 45,
     AntennaStartFrequency = 46, ///< not a number
@@ -67,18 +66,18 @@ enum class FioStatus : int16_t {
     AntennaCorrectionNameCharacters = 56,
     AntennaInclude = 57, ///< not a flag (-1, 0 or 1)
 
-    // A suppressed range: the field that is out of range.
+    // A suppressed range: invalid field.
     SuppressInclude = 60, ///< outside 0 to 255
     SuppressStartFrequency = 61, ///< not a number
     SuppressStopFrequency = 65, ///< not a number
     SuppressDescriptionTooLong = 66, ///< more than 32 characters
     SuppressDescriptionCharacters = 70,
 
-    // A K-factor entry: the field that is out of range.
+    // A K-factor entry: invalid field.
     KfactorFrequency = 71, ///< not a number
     KfactorPassive = 72, ///< not a number
     KfactorActive = 73, ///< not a number
-    KfactorFull = 74, ///< the table has 1000 entries already
+    KfactorFull = 74, ///< the table is full: 1000 entries
 
     // A correction set.
     CorrectionCount = 75, ///< the count is not the number of used entries of the table
@@ -89,23 +88,23 @@ enum class FioStatus : int16_t {
     CorrectionAzimuthEntry = 81, ///< a frequency or angle is not a number
     CorrectionAngleCount = 82, ///< more than TVFIO_MAX_ANGLES angles, or none where a count is given
 
-    // Files. The store's own text is shown for these.
+    // Files; the store's own text is shown.
     FileIsNoList = 15, ///< not a file of this store
-    FileOtherFamily = 17, ///< a list of another kind
-    FileTooNew = 21, ///< written by a later version in a form that this one cannot read
-    FileTruncated = 58, ///< shorter than it says
-    FileTrailingBytes = 59, ///< longer than it says
-    FileChecksum = 62, ///< its bytes have changed since it was written
-    FileStructure = 63, ///< its parts do not fit together
-    FileRecord = 64, ///< a record holds a value that cannot be
-    FileCount = 67, ///< more records than the list has room for
-    FileSameIndex = 68, ///< two records for the same place
-    FileTooLarge = 69, ///< larger than any list can be
+    FileOtherFamily = 17, ///< a list of another family
+    FileTooNew = 21, ///< written by a later version in an unsupported format
+    FileTruncated = 58, ///< shorter than its header says
+    FileTrailingBytes = 59, ///< longer than its header says
+    FileChecksum = 62, ///< checksum mismatch
+    FileStructure = 63, ///< its sections do not fit together
+    FileRecord = 64, ///< a record holds an invalid value
+    FileCount = 67, ///< more records than the list can hold
+    FileSameIndex = 68, ///< two records with the same index
+    FileTooLarge = 69, ///< larger than any valid list
     FileOpen = 76, ///< the system refused to open it
     FileRead = 83,
-    FileCreate = 84, ///< no file can be made in that folder
-    FileWrite = 85, ///< the new file could not be written; the old one is as it was
-    FileReplace = 86, ///< the new file could not be put in the place of the old one
+    FileCreate = 84, ///< no file can be created in that folder
+    FileWrite = 85, ///< the new file could not be written; the old one is unchanged
+    FileReplace = 86, ///< the new file could not replace the old one
     FileReadOnly = 87, ///< the existing file is write-protected
     FileBusy = 88, ///< another program is saving the same file
 };
@@ -113,13 +112,13 @@ enum class FioStatus : int16_t {
 /// True for a status for which the program has a text by number.
 bool FioStatusHasOwnText(FioStatus status);
 
-/// What `status` says, one English sentence; a general one for a number that has no meaning here.
+/// One English sentence that describes `status`; a general one for an unknown number.
 const char* FioStatusText(FioStatus status);
 
-/// Keeps `status` as the last exception, with `detail` behind its sentence where given, and returns it.
+/// Stores `status` as the last exception, with `detail` appended to its sentence if given, and returns it.
 FioStatus Fail(FioStatus status, std::string_view detail = {});
 
-/// The sentence of the last exception; empty before the first. Windows-1252.
+/// The sentence of the last exception; empty if there was none. Windows-1252.
 const char* LastExceptionText();
 
 } // namespace tvfio

@@ -12,7 +12,7 @@ bool ComesBefore(const SuppressRecord& left, const SuppressRecord& right)
                                                        : left.StopFrequency < right.StopFrequency;
 }
 
-/// Widens the last range of `merged` with the setting of `next` by `next`, if they meet.
+/// Extends the last range of `merged` with the same setting as `next`, if the two meet.
 bool Absorb(std::vector<SuppressRecord>& merged, const SuppressRecord& next)
 {
     const auto last = std::find_if(
@@ -52,7 +52,7 @@ void SuppressList::SortAndMerge()
         if (!Absorb(merged, range))
             merged.push_back(range);
     }
-    // Ranges of the two settings that start together may have grown past each other.
+    // Growth can have changed the order of ranges with different settings and the same start.
     std::stable_sort(merged.begin(), merged.end(), ComesBefore);
     Refill(merged);
 }

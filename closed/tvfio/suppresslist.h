@@ -6,7 +6,7 @@
 namespace tvfio {
 
 struct SuppressRecord {
-    int16_t Include = 0; ///< 0 or 1; a CSV file with another word stores 255
+    int16_t Include = 0; ///< 0 or 1; 255 for an unknown word in a CSV file
     double StartFrequency = 0; ///< Hz
     double StopFrequency = 0; ///< Hz
     FixedText<32> Description;
@@ -45,11 +45,11 @@ struct SuppressList : SlotList<SuppressRecord, 0, 100> {
         return DecodeSlots(file, kFamily, *this);
     }
 
-    /// Orders by start, then stop, ascending.
+    /// Sorts by start, then stop, ascending.
     void SortByRange();
 
-    /// Sorts, then makes ranges of the same include setting that overlap or touch one; the first description that is
-    /// not empty stays. A range whose stop lies below its start means the same band the other way round and is turned.
+    /// Sorts, then merges ranges of the same include setting that overlap or touch; keeps the first description that
+    /// is not empty. A range whose stop is below its start is the same band reversed, and is swapped.
     void SortAndMerge();
 };
 

@@ -9,18 +9,18 @@ bool IsControl(unsigned char letter)
     return (letter < 0x20 && letter != '\t') || letter == 0x7F;
 }
 
-/// The small letter of a Windows-1252 letter.
+/// The lower-case form of a Windows-1252 letter.
 unsigned char Fold(char letter)
 {
     const auto code = static_cast<unsigned char>(letter);
     if ((code >= 'A' && code <= 'Z') || (code >= 0xC0 && code <= 0xDE && code != 0xD7))
         return static_cast<unsigned char>(code + 0x20);
     switch (code) {
-    case 0x8A: // S, O-E and Z with their marks
+    case 0x8A: // S with caron, OE ligature and Z with caron
     case 0x8C:
     case 0x8E:
         return static_cast<unsigned char>(code + 0x10);
-    case 0x9F: // Y with two dots
+    case 0x9F: // Y with diaeresis
         return 0xFF;
     default:
         return code;

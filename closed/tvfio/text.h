@@ -1,4 +1,4 @@
-// closed/tvfio/text.h: single-byte texts of bounded length, as the lists hold them.
+// closed/tvfio/text.h: single-byte texts of bounded length, as the lists store them.
 #pragma once
 
 #include "closed/tvfio/status.h"
@@ -10,20 +10,20 @@
 
 namespace tvfio {
 
-/// What a text field may hold, and the status of a text that it may not.
+/// Constraints on a text field and the statuses of their violation.
 struct TextRule {
     int MaxLength; ///< characters
     FioStatus TooLong;
     FioStatus Characters;
 };
 
-/// Ok, or what `rule` says against `text`: Windows-1252 without control characters (a tab is allowed).
+/// Checks `text` against `rule`: Windows-1252 without control characters other than tab.
 [[nodiscard]] FioStatus CheckText(std::string_view text, const TextRule& rule);
 
-/// Order of two Windows-1252 texts without regard to case: negative, zero or positive.
+/// Compares two Windows-1252 texts, ignoring case: negative, zero or positive.
 int CompareNoCase(std::string_view left, std::string_view right);
 
-/// A text of up to `N` bytes, closed by a zero, held in place.
+/// A zero-terminated text of up to `N` bytes, stored inline.
 template <int N>
 struct FixedText {
     static_assert(N < 256);
@@ -35,7 +35,7 @@ struct FixedText {
         return { Chars.data(), Length };
     }
 
-    /// Takes `text` over, which the caller has found to fit.
+    /// Assigns `text`, which the caller has checked to fit.
     void Assign(std::string_view text)
     {
         const size_t length = std::min<size_t>(text.size(), N);

@@ -19,7 +19,7 @@ namespace {
 constexpr std::chrono::sys_days kPackedEpoch = std::chrono::year(1899) / 12 / 30;
 constexpr int kLastYear = 9999;
 
-/// Two digits mean the years 1930 to 2029.
+/// Two-digit years mean 1930 to 2029.
 constexpr int kTwoDigitYears = 100;
 constexpr int kFirstYearOfThe1900s = 30;
 
@@ -49,7 +49,7 @@ bool ToLocal(std::time_t moment, std::tm& local)
 #endif
 }
 
-/// Takes the next number off the front of `text`; blanks before it are passed over.
+/// Consumes the next number at the front of `text`, skipping leading blanks.
 bool TakeNumber(std::string_view& text, int& number)
 {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));

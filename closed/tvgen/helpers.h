@@ -1,4 +1,4 @@
-// closed/tvgen/helpers.h: the operations behind the table of tvgen.h, which tells what they do.
+// closed/tvgen/helpers.h: the operations in the table of tvgen.h, which documents them.
 #pragma once
 
 #include <cstdint>

@@ -32,7 +32,7 @@ PathParts Split(std::string_view path)
     const size_t nameAt = separator == std::string_view::npos ? 0 : separator + 1;
     parts.Folder = path.substr(0, nameAt);
     const std::string_view name = path.substr(nameAt);
-    // A name that begins with its only point has no extension, and neither have the names of the folders here and up.
+    // A name whose only dot is its first character has no extension; nor have "." and "..".
     const size_t point = name.find_last_of('.');
     const bool hasExtension = point != std::string_view::npos && point > 0 && name != "..";
     parts.BaseName = hasExtension ? name.substr(0, point) : name;

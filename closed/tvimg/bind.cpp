@@ -15,17 +15,17 @@ namespace {
 constexpr int16_t kSuccess = 0;
 constexpr int16_t kFailure = 1;
 
-/// The one way in which PCX lines are painted and coded.
+/// The only mode of painting and encoding PCX lines.
 constexpr int16_t kPlainMode = 1;
 
-/// What `ImgPcxToMem` keeps for `ImgMemToDc`.
+/// The picture that `ImgPcxToMem` keeps for `ImgMemToDc`.
 std::optional<PcxPicture>& Decoded()
 {
     static std::optional<PcxPicture> picture;
     return picture;
 }
 
-/// Runs an operation that tells its success. Memory that is not to be had is a failure like any other.
+/// Runs an operation that returns its success. bad_alloc is a failure like any other.
 template <typename Operation>
 int16_t Result(Operation operation)
 {

@@ -8,13 +8,13 @@ namespace tvimg {
 namespace {
 
 constexpr size_t kFileHeaderBytes = 14;
-constexpr size_t kCoreHeaderBytes = 12; // the first OS/2: 16-bit sides, nothing about compression
+constexpr size_t kCoreHeaderBytes = 12; // OS/2 1.x: 16-bit sizes, no compression field
 constexpr std::array<uint32_t, 7> kHeaderBytes{ kCoreHeaderBytes, 40, 52, 56, 64, 108, 124 };
 constexpr std::array<uint16_t, 7> kBitCounts{ 1, 2, 4, 8, 16, 24, 32 };
 
 constexpr uint32_t kUncompressed = 0;
 constexpr std::array<uint32_t, 2> kRunLength{ 1, 2 };
-constexpr std::array<uint32_t, 2> kWithMasks{ 3, 6 }; // uncompressed too
+constexpr std::array<uint32_t, 2> kWithMasks{ 3, 6 }; // bit masks, uncompressed too
 
 template <typename Numbers, typename Number>
 bool IsOneOf(const Numbers& numbers, Number number)
@@ -35,7 +35,7 @@ BitmapHeader ParseCore(ByteView head)
     return { { Word(head, 18), Word(head, 20) }, DoubleWord(head, 10), Word(head, 22), Word(head, 24) };
 }
 
-/// A negative height tells that the first line comes first.
+/// A negative height means top-down rows.
 BitmapHeader ParseInfo(ByteView head)
 {
     const int64_t height = static_cast<int32_t>(DoubleWord(head, 22));
@@ -43,8 +43,8 @@ BitmapHeader ParseInfo(ByteView head)
         Word(head, 26), Word(head, 28), DoubleWord(head, 30) };
 }
 
-/// True unless pixels of a known length end after the file. The filling of the last line may be missing.
-bool HoldsItsPixels(const BitmapHeader& header, uint64_t fileBytes)
+/// False if uncompressed pixels extend beyond the end of the file. The padding of the last row may be missing.
+bool HasAllPixels(const BitmapHeader& header, uint64_t fileBytes)
 {
     if (IsOneOf(kRunLength, header.Compression))
         return true;
@@ -70,7 +70,7 @@ std::optional<PictureSize> BitmapSize(ByteView head, uint64_t fileBytes)
     const bool isKnownCoding = header.Compression == kUncompressed || IsOneOf(kRunLength, header.Compression)
         || IsOneOf(kWithMasks, header.Compression);
     const bool isSound = header.Planes == 1 && IsOneOf(kBitCounts, header.BitCount) && isKnownCoding;
-    if (!isSound || !IsAllowed(header.Size) || !HoldsItsPixels(header, fileBytes))
+    if (!isSound || !IsAllowed(header.Size) || !HasAllPixels(header, fileBytes))
         return std::nullopt;
     return header.Size;
 }

@@ -9,8 +9,8 @@ namespace tvimg {
 
 bool IsBitmap(ByteView head);
 
-/// The size that the header gives; not checked against the limits. Nothing for a header that contradicts itself and for
-/// uncompressed pixels that are not all there.
+/// The size in the header; not checked against the limits. Nullopt for an inconsistent header and for uncompressed
+/// pixels that are incomplete.
 std::optional<PictureSize> BitmapSize(ByteView head, uint64_t fileBytes);
 
 } // namespace tvimg

@@ -1,4 +1,4 @@
-// closed/tvimg/colorTable.h: the colours of a picture that has few of them.
+// closed/tvimg/colorTable.h: the palette of a picture with few colours.
 #pragma once
 
 #include "closed/tvimg/picture.h"
@@ -8,12 +8,12 @@
 
 namespace tvimg {
 
-/// At most 256 colours in ascending order, each with its index.
+/// At most 256 colours in ascending order, with their indexes.
 class ColorTable {
 public:
     static constexpr size_t kMaxColors = 256;
 
-    /// The colours of a picture; nothing if there are more.
+    /// The colours of a picture; nullopt if there are more than 256.
     static std::optional<ColorTable> Of(const TvImgContext& context, PictureSize size);
 
     /// 0xffRRGGBB.
@@ -22,7 +22,7 @@ public:
         return colors_;
     }
 
-    /// Of one of the colours.
+    /// Index of a colour of the table.
     [[nodiscard]] uint8_t IndexOf(uint32_t color) const
     {
         return indexes_[SlotOf(color)];
@@ -31,10 +31,10 @@ public:
     [[nodiscard]] bool IsGrey() const;
 
 private:
-    static constexpr unsigned kSlotBits = 11; // eight times as many slots as colours keep searches short
+    static constexpr unsigned kSlotBits = 11; // eight slots per colour keep probing short
     static constexpr size_t kSlots = size_t{ 1 } << kSlotBits;
 
-    /// Where the colour is, or where it would be put. A slot of 0 is free: colours are opaque.
+    /// The slot of a colour, or the free slot for it. A slot of 0 is free: colours are opaque.
     [[nodiscard]] size_t SlotOf(uint32_t color) const
     {
         size_t slot = color * 0x9E3779B1U >> (32 - kSlotBits);

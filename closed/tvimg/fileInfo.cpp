@@ -9,10 +9,10 @@ namespace tvimg {
 
 namespace {
 
-/// The longest header of a fixed length, and more.
+/// At least the longest header of a fixed length.
 constexpr size_t kHeadBytes = 256;
 
-/// A metafile without the placeable header that is larger holds something else.
+/// A larger file without the placeable header is not taken for a metafile.
 constexpr size_t kMaxMetafileBytes = size_t{ 1 } << 28U;
 
 struct Recognised {
@@ -37,7 +37,7 @@ std::optional<Recognised> Recognise(ByteView head, uint64_t fileBytes)
     return Recognised{ Kind::Metafile, MetafileSize(head) };
 }
 
-/// One without the placeable header, which alone would tell its size.
+/// A metafile without the placeable header, whose size may depend on all its records.
 bool MayBeBareMetafile(ByteView head)
 {
     return head.size() >= tvpicture::kMetafileHeaderBytes && DoubleWord(head, 0) != tvpicture::kPlaceableKey
@@ -56,7 +56,6 @@ std::optional<ScreenImageInfo> FileInfo(const char* path)
     if (file.Read(head, got) != 0)
         return std::nullopt;
     head.resize(got);
-    // Its size may hang on all of its records.
     if (MayBeBareMetafile(head) && tvfile::ReadWholeFile(path, kMaxMetafileBytes, head) != 0)
         return std::nullopt;
     return ContentInfo(head, file.Length());

@@ -1,4 +1,4 @@
-// closed/tvimg/fileInfo.h: what kind of picture a file holds, and its size.
+// closed/tvimg/fileInfo.h: format and size of the picture in a file.
 #pragma once
 
 #include "closed/tvimg/picture.h"
@@ -7,15 +7,14 @@
 
 namespace tvimg {
 
-/// Looks at the content, whatever the name. Nothing for a file that can't be read, for another format, and for a header
-/// that is cut short, contradicts itself, or gives a size beyond the limits. A PNG, a PCX and an uncompressed bitmap
-/// must also be long enough for their size, so that no memory is taken for pixels that are not there.
-///
-/// The size of a metafile is that which closed/pictures/metafile.h tells.
+/// Goes by content, whatever the name. Nullopt for an unreadable file, for another format, and for a header that is
+/// truncated, inconsistent, or gives a size beyond the limits. A PNG, a PCX and an uncompressed bitmap must also be
+/// long enough for their size, so that no memory is allocated for missing pixels. The size of a metafile comes from
+/// closed/pictures/metafile.h.
 std::optional<ScreenImageInfo> FileInfo(const char* path);
 
-/// The same for a file of `fileBytes` bytes that begins with `head`, which is all of it where it is a metafile without
-/// the placeable header.
+/// As above, for a file of `fileBytes` bytes that starts with `head`; for a metafile without the placeable header,
+/// `head` is the whole file.
 std::optional<ScreenImageInfo> ContentInfo(ByteView head, uint64_t fileBytes);
 
 } // namespace tvimg

@@ -9,7 +9,7 @@ namespace {
 constexpr size_t kHeaderBytes = 128;
 constexpr uint8_t kManufacturer = 10;
 constexpr size_t kPaletteBytes = 768;
-constexpr uint8_t kPaletteMark = 12; // stands before the 256 colours
+constexpr uint8_t kPaletteMark = 12; // precedes the 256 colours
 constexpr unsigned kVersionWithoutPalette = 3;
 constexpr unsigned kVersionWith256Colours = 5;
 constexpr uint16_t kGreyPicture = 2;
@@ -17,10 +17,10 @@ constexpr uint16_t kGreyPicture = 2;
 constexpr uint8_t kRunMark = 0xC0;
 constexpr size_t kLongestRun = 63;
 
-/// A picture file that is larger holds something else.
+/// Larger files are not pictures.
 constexpr size_t kMaxFileBytes = size_t{ 1 } << 30U;
 
-/// The colours of a display adapter with 16 of them, which old files rely on.
+/// The 16 colours of early display adapters, which old files rely on.
 constexpr std::array<uint32_t, 16> kStandardPalette{ 0xff000000, 0xff0000aa, 0xff00aa00, 0xff00aaaa, 0xffaa0000,
     0xffaa00aa, 0xffaa5500, 0xffaaaaaa, 0xff555555, 0xff5555ff, 0xff55ff55, 0xff55ffff, 0xffff5555, 0xffff55ff,
     0xffffff55, 0xffffffff };
@@ -48,17 +48,17 @@ bool IsKnownForm(const PcxHeader& header)
     return isKnownVersion && areKnownBits && header.Planes >= 1 && header.Planes <= 4;
 }
 
-/// The fewest bytes that lines of this length can be coded in.
+/// The fewest bytes that can encode rows of this length.
 uint64_t FewestBytes(const PcxHeader& header)
 {
     const uint64_t line = header.LineBytes();
     const uint64_t coded = header.IsRunLength ? (line + kLongestRun - 1) / kLongestRun * 2 : line;
-    // A byte that stands for itself takes one where a run takes two.
+    // A literal byte takes one byte, a run two.
     const uint64_t fewest = header.IsRunLength && line % kLongestRun == 1 ? coded - 1 : coded;
     return fewest * static_cast<uint64_t>(header.Size.Height);
 }
 
-/// Takes one coded line off the front of `data`. False when the data ends, or a run crosses the line's end.
+/// Decodes one row from the front of `data`. False if the data ends, or a run crosses the end of the row.
 bool TakeCodedLine(ByteView& data, Bytes& line)
 {
     size_t filled = 0;
@@ -91,7 +91,7 @@ bool TakePlainLine(ByteView& data, Bytes& line)
     return true;
 }
 
-/// Takes all lines off the front of `data` and decodes them into the picture, less their filling.
+/// Decodes all rows from the front of `data` into the picture, without padding.
 bool TakeLines(ByteView& data, PcxPicture& picture)
 {
     const PcxHeader& header = picture.Header;
@@ -114,7 +114,7 @@ ByteView LineOf(const PcxPicture& picture, int64_t y)
     return ByteView(picture.Lines).subspan(static_cast<size_t>(y) * bytes, bytes);
 }
 
-/// The value of the pixel `x` in one plane.
+/// The value of pixel `x` in one plane.
 unsigned Sample(const PcxHeader& header, ByteView line, unsigned plane, int64_t x)
 {
     const auto bit = static_cast<size_t>(x) * header.Bits;
@@ -141,7 +141,7 @@ unsigned LargestIndex(const PcxPicture& picture)
     return largest;
 }
 
-/// The 256 colours in what follows the lines: at its end, or at its start where something else was put behind them.
+/// The 256 colours after the rows: at the end of `rest`, or at its start if other data follows.
 std::optional<ByteView> LargePalette(ByteView rest)
 {
     constexpr size_t kMarkedBytes = 1 + kPaletteBytes;
@@ -154,7 +154,7 @@ std::optional<ByteView> LargePalette(ByteView rest)
     return std::nullopt;
 }
 
-/// Gives every index of a picture of more than 16 colours one; false if it can't.
+/// Sets the palette of a picture of more than 16 colours; false if an index has no colour.
 bool SetLargePalette(ByteView rest, PcxPicture& picture)
 {
     const PcxHeader& header = picture.Header;
@@ -170,7 +170,7 @@ bool SetLargePalette(ByteView rest, PcxPicture& picture)
     return header.Version < kVersionWith256Colours && LargestIndex(picture) < header.Palette.size();
 }
 
-/// Two colours are often left unset, and some writers set both to the same: black and white then.
+/// Black and white if both colours are the same: the palette is often unset, or set to one colour by some writers.
 void SetTwoColors(PcxPicture& picture)
 {
     const bool areTwo = picture.Header.HasColors && picture.Header.Palette[0] != picture.Header.Palette[1];
@@ -178,7 +178,7 @@ void SetTwoColors(PcxPicture& picture)
     picture.Palette[1] = areTwo ? picture.Header.Palette[1] : kOpaqueWhite;
 }
 
-/// `rest` is what follows the lines.
+/// `rest` is the data after the rows.
 bool SetPalette(ByteView rest, PcxPicture& picture)
 {
     const unsigned bits = picture.Header.Bits * picture.Header.Planes;
@@ -190,7 +190,7 @@ bool SetPalette(ByteView rest, PcxPicture& picture)
     return true;
 }
 
-/// A fourth plane of nothing but zeros is filling: a picture that nobody could see was not meant.
+/// A fourth plane of zeros is padding, not alpha: a fully transparent picture is never intended.
 bool HasAlpha(const PcxPicture& picture)
 {
     if (picture.Header.Planes != 4 || picture.Header.IsIndexed())
@@ -203,7 +203,7 @@ bool HasAlpha(const PcxPicture& picture)
     return false;
 }
 
-/// The level of 0 to 255 of a pixel in one of the colour planes.
+/// The 8-bit level of a pixel in one of the colour planes.
 uint32_t Level(const PcxHeader& header, ByteView line, unsigned plane, int64_t x)
 {
     return Sample(header, line, plane, x) * 255U / ((1U << header.Bits) - 1);
@@ -219,7 +219,7 @@ void PaintColors(const PcxPicture& picture, ByteView line, uint32_t* pixels)
     }
 }
 
-/// The form that all of today's files of full colour have.
+/// Fast path for the usual format of full-colour files.
 void PaintBytes(const PcxPicture& picture, ByteView line, uint32_t* pixels)
 {
     const auto width = static_cast<size_t>(picture.Header.Size.Width);
@@ -237,7 +237,7 @@ std::optional<PcxHeader> ParsePcxHeader(ByteView head, uint64_t fileBytes)
     if (head.size() < kHeaderBytes || fileBytes < head.size() || head[0] != kManufacturer || head[2] > 1)
         return std::nullopt;
     PcxHeader header;
-    // From the first to the last column and row; some writers place pictures at negative ones.
+    // First to last column and row, inclusive; some writers use negative origins.
     header.Size = { static_cast<uint16_t>(Word(head, 8) - Word(head, 4)) + 1,
         static_cast<uint16_t>(Word(head, 10) - Word(head, 6)) + 1 };
     header.Version = head[1];

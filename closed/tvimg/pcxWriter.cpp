@@ -13,7 +13,7 @@ constexpr uint16_t kDotsPerInch = 96;
 constexpr uint8_t kRunMark = 0xC0;
 constexpr ptrdiff_t kLongestRun = 63;
 
-/// Bytes that are collected before they go to the file.
+/// Bytes buffered per write.
 constexpr size_t kPieceBytes = size_t{ 1 } << 20U;
 
 void PutWord(Bytes& bytes, size_t at, size_t value)
@@ -22,7 +22,7 @@ void PutWord(Bytes& bytes, size_t at, size_t value)
     bytes[at + 1] = static_cast<uint8_t>(value >> 8U & 0xff);
 }
 
-/// Lines of an even number of bytes, as the form wants it.
+/// Rows have an even number of bytes, as the format requires.
 size_t PlaneBytes(PictureSize size)
 {
     return (static_cast<size_t>(size.Width) + 1) / 2 * 2;
@@ -33,19 +33,19 @@ Bytes Header(PictureSize size)
     Bytes header(kHeaderBytes);
     header[0] = 10;
     header[1] = 5; // the version with 24 bits
-    header[2] = 1; // run-length coded
-    header[3] = 8; // bits of a pixel in one plane
+    header[2] = 1; // run-length encoded
+    header[3] = 8; // bits per pixel and plane
     PutWord(header, 8, static_cast<size_t>(size.Width - 1));
     PutWord(header, 10, static_cast<size_t>(size.Height - 1));
     PutWord(header, 12, kDotsPerInch);
     PutWord(header, 14, kDotsPerInch);
     header[65] = kPlanes;
     PutWord(header, 66, PlaneBytes(size));
-    PutWord(header, 68, 1); // colours
+    PutWord(header, 68, 1); // palette of colours
     return header;
 }
 
-/// Appends one line of one plane. Returns the end of what was written; there is room for twice the line.
+/// Appends one row of one plane. Returns the end of the output; the target has space for twice the row.
 uint8_t* Encode(ByteView line, uint8_t* target)
 {
     const uint8_t* at = line.data();
@@ -65,7 +65,7 @@ uint8_t* Encode(ByteView line, uint8_t* target)
     return target;
 }
 
-/// One line of the context in planes of red, green and blue; the filling repeats the last pixel.
+/// Splits one row of the context into planes of red, green and blue, padded with the last pixel.
 void Split(const uint32_t* pixels, PictureSize size, Bytes& planes)
 {
     const size_t planeBytes = PlaneBytes(size);
@@ -85,7 +85,7 @@ void Split(const uint32_t* pixels, PictureSize size, Bytes& planes)
     }
 }
 
-/// Coded lines on their way to a file.
+/// Buffers encoded rows on their way to a file.
 class Lines {
 public:
     Lines(tvfile::NewFile& file, PictureSize size)

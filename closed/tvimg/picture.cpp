@@ -8,7 +8,7 @@ namespace {
 
 constexpr int32_t kMaxPixels = TVIMG_MAX_PIXELS;
 
-/// One channel of a blend: `over` and `under` weighted by alpha of 255, rounded to the nearest.
+/// Blends one channel: `over` and `under` weighted by alpha/255, rounded to nearest.
 uint32_t BlendChannel(uint32_t over, uint32_t under, uint32_t alpha, unsigned shift)
 {
     constexpr uint32_t kFull = 255;

@@ -1,4 +1,4 @@
-// closed/tvimg/picture.h: what the kinds of pictures share: limits, bytes of files, pixels of contexts.
+// closed/tvimg/picture.h: what the picture formats share: limits, bytes of files, pixels of contexts.
 #pragma once
 
 #include "closed/files/files.h"
@@ -11,7 +11,7 @@ namespace tvimg {
 using tvfile::Bytes;
 using tvfile::ByteView;
 
-/// What a file's content is.
+/// Format of a file's content.
 enum class Kind : int32_t { Bitmap = 1, Pcx = 2, Png = 3, Metafile = 4 };
 
 struct PictureSize {
@@ -19,29 +19,29 @@ struct PictureSize {
     int64_t Height = 0; ///< pixels
 };
 
-/// True for a size that has pixels and stays within the limits of the module.
+/// True for a size of at least one pixel within the limits of the module.
 bool IsAllowed(PictureSize size);
 
 /// True if the context has pixels for a picture of this size.
 bool IsRoomFor(const TvImgContext* context, PictureSize size);
 
-/// The pixels 0xffRRGGBB of the line `y` of a context.
+/// The pixels 0xffRRGGBB of row `y` of a context.
 uint32_t* Line(const TvImgContext& context, int64_t y);
 
 constexpr uint32_t kOpaque = 0xff000000;
 constexpr uint32_t kOpaqueWhite = 0xffffffff;
 
-/// Takes back what a failed decoder has painted: the context is white.
+/// Fills the context with white, after a decoder has failed half-way.
 void Clear(const TvImgContext& context);
 
-/// Lays a colour 0xAARRGGBB, not multiplied by its alpha, over an opaque one.
+/// Blends a colour 0xAARRGGBB, not premultiplied, over an opaque one.
 uint32_t Blend(uint32_t over, uint32_t under);
 
-/// Numbers of a file, little-endian; the caller has checked that the bytes are there.
+/// Little-endian numbers of a file; the caller has checked the bounds.
 uint16_t Word(ByteView bytes, size_t at);
 uint32_t DoubleWord(ByteView bytes, size_t at);
 
-/// The same with the highest byte first.
+/// As above, big-endian.
 uint32_t BigDoubleWord(ByteView bytes, size_t at);
 
 } // namespace tvimg

@@ -14,12 +14,12 @@ constexpr unsigned kIndexes = 3;
 
 constexpr std::array<uint8_t, 8> kSignature{ 0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n' };
 constexpr std::array<uint8_t, 8> kHeaderChunk{ 0, 0, 0, 13, 'I', 'H', 'D', 'R' };
-constexpr size_t kHeaderEnd = 33; // signature, length, name, 13 bytes, check sum
+constexpr size_t kHeaderEnd = 33; // signature, length, name, 13 bytes, checksum
 
-/// No byte of the compressed form gives more bytes of pixels.
-constexpr uint64_t kDensestCoding = 1032;
+/// Highest compression ratio of deflate.
+constexpr uint64_t kMaxCompressionRatio = 1032;
 
-/// Samples of a pixel by colour type; 0 for a type that there is not.
+/// Samples per pixel by colour type; 0 for an invalid type.
 constexpr std::array<unsigned, 7> kChannels{ 1, 0, 3, 1, 2, 0, 4 };
 
 bool AreBitsAllowed(unsigned bits, unsigned colorType)
@@ -43,7 +43,7 @@ std::optional<PictureSize> PngSize(ByteView head, uint64_t fileBytes)
     constexpr size_t kStart = kSignature.size();
     if (head.size() < kHeaderEnd || !std::ranges::equal(head.subspan(kStart, kHeaderChunk.size()), kHeaderChunk))
         return std::nullopt;
-    const ByteView summed = head.subspan(kStart + 4, kHeaderEnd - kStart - 8); // the name and what it heads
+    const ByteView summed = head.subspan(kStart + 4, kHeaderEnd - kStart - 8); // the chunk's name and content
     if (libdeflate_crc32(0, summed.data(), summed.size()) != BigDoubleWord(head, kHeaderEnd - 4))
         return std::nullopt;
     const PictureSize size{ BigDoubleWord(head, 16), BigDoubleWord(head, 20) };
@@ -54,7 +54,7 @@ std::optional<PictureSize> PngSize(ByteView head, uint64_t fileBytes)
     if (!isKnown || !IsAllowed(size))
         return std::nullopt;
     const uint64_t pixelBytes = static_cast<uint64_t>(size.Width * size.Height) * bits * kChannels[colorType] / 8;
-    return pixelBytes / kDensestCoding > fileBytes ? std::nullopt : std::optional(size);
+    return pixelBytes / kMaxCompressionRatio > fileBytes ? std::nullopt : std::optional(size);
 }
 
 } // namespace tvimg

@@ -1,4 +1,4 @@
-// closed/tvimg/pngHeader.h: how a PNG begins.
+// closed/tvimg/pngHeader.h: the header of a PNG.
 #pragma once
 
 #include "closed/tvimg/picture.h"
@@ -9,8 +9,8 @@ namespace tvimg {
 
 bool IsPng(ByteView head);
 
-/// The size that a PNG's first bytes give, within the limits. Nothing for a damaged header, and where the file is too
-/// short for its pixels even at the densest coding.
+/// The size in the header, within the limits. Nullopt for a damaged header, and for a file too short for its pixels
+/// even at the highest compression ratio.
 std::optional<PictureSize> PngSize(ByteView head, uint64_t fileBytes);
 
 } // namespace tvimg

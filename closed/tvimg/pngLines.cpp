@@ -11,7 +11,7 @@ constexpr uint8_t kGrey = 0;
 constexpr uint8_t kColors = 2;
 constexpr uint8_t kIndexes = 3;
 
-/// The fewest bits of 1, 2, 4 and 8 that number so many colours.
+/// The fewest bits of 1, 2, 4 and 8 that can index that many colours.
 unsigned IndexBits(size_t colors)
 {
     return std::bit_ceil(std::max(static_cast<unsigned>(std::bit_width(colors - 1)), 1U));
@@ -26,7 +26,7 @@ void PackColors(const uint32_t* pixels, size_t width, uint8_t* row)
     }
 }
 
-/// Filters one line. `distance` is that of a byte to the same one of the pixel before; what is outside counts as 0.
+/// Filters one row. `distance` is that to the same byte of the previous pixel; bytes outside the picture count as 0.
 void Filter(PngFilter filter, ByteView row, ByteView above, size_t distance, uint8_t* target)
 {
     const size_t bytes = row.size();

@@ -1,7 +1,7 @@
 #include "closed/tvimg/pngReader.h"
 
+#include "closed/tvimg/pngFastPath.h"
 #include "closed/tvimg/pngHeader.h"
-#include "closed/tvimg/pngShortWay.h"
 
 #include <png.h>
 
@@ -14,14 +14,14 @@ namespace tvimg {
 
 namespace {
 
-/// A picture file that is larger holds something else.
+/// Larger files are not pictures.
 constexpr size_t kMaxFileBytes = size_t{ 1 } << 30U;
 
-/// How the rows come out of the library.
+/// Format of the rows that the library delivers.
 enum class RowForm {
-    Colors, ///< pixels of a context, all opaque
-    ColorsWithAlpha, ///< the same with alpha
-    Indexes, ///< a byte each into the palette
+    Colors, ///< pixels of a context, opaque
+    ColorsWithAlpha, ///< pixels of a context, with alpha
+    Indexes, ///< palette indexes, one byte each
 };
 
 struct Decoder {
@@ -33,7 +33,7 @@ struct Decoder {
         png_destroy_read_struct(&Png, &Info, nullptr);
     }
 
-    ByteView Rest; ///< of the file
+    ByteView Rest; ///< rest of the file
     png_structp Png = nullptr;
     png_infop Info = nullptr;
     PictureSize Size;
@@ -43,12 +43,12 @@ struct Decoder {
     std::array<uint32_t, 256> Palette{}; ///< 0xAARRGGBB
     unsigned PaletteSize = 0;
     bool HasStrayIndex = false;
-    std::vector<uint32_t> Rows; ///< what can't go into the context at once: one row, or all of an interlaced picture
+    std::vector<uint32_t> Rows; ///< what can't go straight into the context: one row, or all of an interlaced picture
     const TvImgContext* Context = nullptr;
 };
 
-// The library reports by a jump over its own frames. What it calls, and what runs between `setjmp` and such a jump,
-// holds nothing that needs a destructor.
+// The library reports errors by longjmp. Its callbacks, and the code between `setjmp` and such a jump, hold nothing
+// that needs a destructor.
 
 [[noreturn]] void OnError(png_structp png, png_const_charp)
 {
@@ -74,7 +74,7 @@ bool Guarded(Decoder& decoder, void (*step)(Decoder&))
     return true;
 }
 
-/// Bytes in the order of a context's pixels.
+/// Sets the byte order of a context's pixels.
 void UseContextOrder(png_structp png, RowForm form)
 {
     constexpr bool kIsLittle = std::endian::native == std::endian::little;
@@ -120,7 +120,7 @@ void ReadHeader(Decoder& decoder)
 {
     png_set_read_fn(decoder.Png, &decoder.Rest, &TakeInput);
     png_set_user_limits(decoder.Png, TVIMG_MAX_SIDE, TVIMG_MAX_SIDE);
-    // Everything that the picture can do without is skipped, so that nothing in it can do harm.
+    // Ancillary chunks are skipped, so that damage in them is harmless.
     png_set_keep_unknown_chunks(decoder.Png, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
     png_read_info(decoder.Png, decoder.Info);
     decoder.Size = { png_get_image_width(decoder.Png, decoder.Info), png_get_image_height(decoder.Png, decoder.Info) };
@@ -193,7 +193,7 @@ bool DecodePng(ByteView file, const TvImgContext& context)
     const std::optional<PictureSize> size = PngSize(file, file.size());
     if (!IsPng(file) || !size || !IsRoomFor(&context, *size))
         return false;
-    if (ReadPngTheShortWay(file, context) || DecodePngByLibrary(file, context))
+    if (DecodePngFast(file, context) || DecodePngByLibrary(file, context))
         return true;
     Clear(context);
     return false;

@@ -19,12 +19,12 @@ namespace {
 constexpr std::array<uint8_t, 8> kSignature{ 0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n' };
 constexpr size_t kLargestChunk = std::numeric_limits<int32_t>::max();
 
-/// Lines that are compressed for a trial: so many bands of so many.
+/// Sample for the trial compression: bands, and rows per band.
 constexpr int64_t kTrialBands = 2;
 constexpr int64_t kTrialLines = 10;
 
-/// How hard the compressor tries. Grids, text and traces take little time at a high level. In noise there is nothing to
-/// find: a low one is as small, and several times as fast.
+/// Compression levels. Grids, text and traces compress fast at a high level; noise does not compress at any level,
+/// and a low one is several times as fast.
 constexpr int kTrialLevel = 1;
 constexpr int kLevelForScreens = 5;
 constexpr int kLevelForPatterns = 3;
@@ -48,7 +48,7 @@ ByteView Compress(ByteView bytes, int level, Workspace& space)
     return { compressed, libdeflate_zlib_compress(compressor.get(), bytes.data(), bytes.size(), compressed, room) };
 }
 
-/// The filter of all lines, and the level that suits them.
+/// The filter for all rows, and the level that suits them.
 struct Coding {
     PngFilter Filter = PngFilter::None;
     int Level = kLevelForScreens;
@@ -74,7 +74,7 @@ ByteView Sample(const PngLines& lines, PngFilter filter, uint8_t* target)
     return { target, end };
 }
 
-/// Tries the filters: which one is best depends on what is on the screen, and the difference is large.
+/// Tries all filters: the best depends on the contents, and the difference is large.
 Coding ChooseCoding(const PngLines& lines, Workspace& space)
 {
     Coding coding;
@@ -91,7 +91,7 @@ Coding ChooseCoding(const PngLines& lines, Workspace& space)
     return coding;
 }
 
-/// All lines, compressed; in the workspace until the next picture.
+/// All rows, compressed; valid in the workspace until the next picture.
 ByteView CompressedLines(const PngLines& lines, Workspace& space)
 {
     const Coding coding = ChooseCoding(lines, space);
@@ -106,7 +106,7 @@ void PutDoubleWord(Bytes& bytes, size_t value)
         bytes.push_back(static_cast<uint8_t>(value >> shift));
 }
 
-/// The beginning of a chunk: its length and name.
+/// Starts a chunk with its length and name.
 void BeginChunk(Bytes& bytes, size_t length, std::string_view name)
 {
     PutDoubleWord(bytes, length);
@@ -140,7 +140,7 @@ Bytes PaletteContent(const PngLines& lines)
     return content;
 }
 
-/// Everything before the compressed lines.
+/// Everything before the compressed rows.
 Bytes Start(const PngLines& lines, size_t compressedBytes)
 {
     Bytes start(kSignature.begin(), kSignature.end());
@@ -151,7 +151,7 @@ Bytes Start(const PngLines& lines, size_t compressedBytes)
     return start;
 }
 
-/// Everything behind them: their sum, and the end.
+/// Everything after the compressed rows: their checksum, and the end chunk.
 Bytes End(ByteView compressed)
 {
     const uint32_t sum = libdeflate_crc32(libdeflate_crc32(0, "IDAT", 4), compressed.data(), compressed.size());

@@ -30,7 +30,7 @@ Workspace::~Workspace()
     Release(keptCompressed);
 }
 
-// Members, so that nobody has the memory without the object that releases it.
+// Members, so that the memory can't be used without the object that releases it.
 
 uint8_t* Workspace::Lines(size_t bytes)
 {

@@ -1,12 +1,12 @@
-// closed/tvimg/workspace.h: memory for the lines of one picture, kept for the next.
+// closed/tvimg/workspace.h: row buffers that are kept from one picture to the next.
 #pragma once
 
 #include "closed/tvimg/picture.h"
 
 namespace tvimg {
 
-/// The two forms of a PNG's lines. In a batch, fetching so much memory anew for each picture takes longer than what is
-/// done to it. One at a time; a large picture leaves nothing behind.
+/// Buffers for the plain and the compressed rows of a PNG. In a batch, allocating them for each picture would take
+/// longer than the work itself. One instance at a time; the buffers of a large picture are released.
 class Workspace {
 public:
     Workspace() = default;
@@ -14,7 +14,7 @@ public:
     Workspace& operator=(const Workspace&) = delete;
     ~Workspace();
 
-    /// Room for so many bytes, whatever they hold. Valid until more is wanted of the same kind.
+    /// At least `bytes` uninitialised bytes. Valid until the next call of the same function.
     [[nodiscard]] uint8_t* Lines(size_t bytes);
     [[nodiscard]] uint8_t* Compressed(size_t bytes);
 };

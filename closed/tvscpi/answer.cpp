@@ -24,7 +24,7 @@ bool IsControl(char letter)
     return code < 0x20 || code == 0x7F;
 }
 
-/// Takes fields off the front of an answer. After a field that is not what it should be, all further ones fail.
+/// Consumes fields from the front of an answer. After an invalid field all further reads fail.
 class Fields {
 public:
     explicit Fields(std::string_view line)
@@ -70,7 +70,7 @@ public:
         return static_cast<int16_t>(Number(std::numeric_limits<int16_t>::max()));
     }
 
-    /// A text in quotes; `text` gets it without them.
+    /// Reads a quoted text; `text` gets it without the quotes.
     bool Quoted(std::string& text)
     {
         if (rest_.empty() || rest_.front() != '"')
@@ -119,7 +119,7 @@ void RepairStamp(CatalogueEntry& entry)
     const std::chrono::year_month_day date(std::chrono::year(entry.Year),
         std::chrono::month(static_cast<unsigned>(entry.Month)), std::chrono::day(static_cast<unsigned>(entry.Day)));
     const bool isFourDigits = entry.Year >= 1000 && entry.Year <= 9999;
-    const bool isShort = entry.Month <= 12 && entry.Day <= 31; // a calendar type keeps eight bits of a number
+    const bool isShort = entry.Month <= 12 && entry.Day <= 31; // std::chrono's calendar types keep only eight bits
     if (isFourDigits && isShort && date.ok() && entry.Hour < 24 && entry.Minute < 60 && entry.Second < 60)
         return;
     entry.Year = 1980;
@@ -135,7 +135,7 @@ CatalogueEntry NextEntry(Fields& fields)
     fields.Comma();
     entry.Type = TypeOfWord(fields.Word());
     fields.Comma();
-    (void)fields.Number(std::numeric_limits<int64_t>::max()); // its size, which no caller asks for
+    (void)fields.Number(std::numeric_limits<int64_t>::max()); // the size, which no caller needs
     entry.Year = fields.NextShort();
     entry.Month = fields.NextShort();
     entry.Day = fields.NextShort();
@@ -152,7 +152,7 @@ std::optional<int64_t> ParseNumber(std::string_view text, int64_t most)
 {
     int64_t value = 0;
     if (text.empty() || !IsDigit(text.front()))
-        return std::nullopt; // a sign is no digit
+        return std::nullopt; // a sign is not a digit
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size() || value > most)
         return std::nullopt;

@@ -1,4 +1,4 @@
-// The operations of the module, over the one channel.
+// The operations of the module, on the one channel.
 #include "closed/tvscpi.h"
 #include "closed/tvscpi/channel.h"
 
@@ -10,9 +10,9 @@ namespace {
 using namespace tvscpi;
 
 constexpr size_t kLongestText = TVSCPI_TEXT_SIZE - 1;
-constexpr int16_t kTcp = 1; ///< the one mode of a connection
+constexpr int16_t kTcp = 1; ///< the only connection mode
 
-/// Which of the instrument's stores an operation works on. A family has a folder of its own there.
+/// The instrument's store that an operation uses. Each family has its own folder there.
 enum class Store { Current, Antenna, Kfactor, Memory, Suppress, Correction };
 
 constexpr const char* Word(Store store)
@@ -33,7 +33,7 @@ constexpr const char* Word(Store store)
     }
 }
 
-/// Runs `work` and stores its status. Lack of memory ends the link, since the answer may be half read; no exception
+/// Runs `work` and stores its status. bad_alloc closes the link, since the answer may be half read; no exception
 /// leaves the module.
 template <typename Work>
 Status Run(int16_t* err, Work work)
@@ -77,7 +77,7 @@ std::string Named(const char* header, Store store, const char* name)
     return std::string(header) + ' ' + Word(store) + ',' + Quoted(name);
 }
 
-/// False when `text` does not fit, which no valid answer does.
+/// False if `text` does not fit; no valid answer is that long.
 bool CopyOut(std::string_view text, char* out, int32_t outSize)
 {
     if (out == nullptr || outSize <= 0 || text.size() >= static_cast<size_t>(outSize))
@@ -94,7 +94,7 @@ void Connect(
         if (mode != kTcp || host == nullptr)
             return TheChannel().Drop();
         std::string identification;
-        // The upper half of the ports comes as negative numbers.
+        // Ports above 32767 arrive as negative numbers.
         const Status status = TheChannel().Connect(host, static_cast<uint16_t>(port), timeoutMs, identification);
         if (status == Status::Ok && !CopyOut(identification, reply, replySize))
             return TheChannel().Drop();

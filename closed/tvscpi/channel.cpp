@@ -12,17 +12,17 @@ namespace {
 constexpr size_t kBufferBytes = size_t{ 256 } << 10;
 constexpr size_t kLongestLine = TVSCPI_TEXT_SIZE - 1;
 
-/// A quarter of a million files; more is no folder but an attack.
-constexpr size_t kLongestCatalogue = size_t{ 32 } << 20;
+/// Enough for a quarter of a million files; anything longer is an attack.
+constexpr size_t kMaxCatalogueBytes = size_t{ 32 } << 20;
 
-/// Up to this length a download outlasts a power cut. The lists of an instrument are shorter; what is longer is there
-/// to be fetched again.
-constexpr uint64_t kMostFlushedBytes = uint64_t{ 1 } << 20;
+/// Downloads up to this length are flushed to disk. The lists of an instrument are shorter; anything longer can be
+/// downloaded again.
+constexpr uint64_t kMaxFlushedBytes = uint64_t{ 1 } << 20;
 
 constexpr std::string_view kClearErrors = "*CLS\n";
 constexpr std::string_view kAskForError = "SYST:ERR?\n";
 
-/// A command with all that goes with it in one round trip.
+/// A command and the queries that accompany it in one round trip.
 std::string Exchange(const std::string& command)
 {
     return std::string(kClearErrors) + command + '\n' + std::string(kAskForError);
@@ -72,7 +72,7 @@ Status Channel::Attach(std::unique_ptr<Wire> wire, const Deadline& deadline, std
 void Channel::Disconnect()
 {
     wire_.reset();
-    hasRest_ = false;
+    hasUnread_ = false;
     walk_ = {};
     nextEntry_ = 0;
 }
@@ -90,10 +90,10 @@ bool Channel::IsConnected()
     return wire_ != nullptr;
 }
 
-/// Bytes that wait before anything was asked belong to nothing: the next answer would be taken for another's.
+/// Bytes pending before a request would be mistaken for its answer.
 bool Channel::IsReady()
 {
-    return wire_ != nullptr && !hasRest_ && wire_->Look() == WireState::Quiet;
+    return wire_ != nullptr && !hasUnread_ && wire_->Look() == WireState::Quiet;
 }
 
 bool Channel::SendAll(std::string_view request, const Deadline& deadline)
@@ -104,7 +104,7 @@ bool Channel::SendAll(std::string_view request, const Deadline& deadline)
 
 Status Channel::Finish(Inbox& inbox, Status status)
 {
-    hasRest_ = inbox.HasRest();
+    hasUnread_ = inbox.HasUnread();
     return status;
 }
 
@@ -120,8 +120,8 @@ Status Channel::Outcome(Inbox& inbox)
     return Finish(inbox, *code == 0 ? Status::Ok : Status::Refused);
 }
 
-/// A query that is refused has no answer; only the error comes.
-Status Channel::ErrorInsteadOfAnswer(Inbox& inbox)
+/// A refused query has no answer; only the error line comes.
+Status Channel::ReadRefusal(Inbox& inbox)
 {
     const Status status = Outcome(inbox);
     return status == Status::Ok ? Drop() : status;
@@ -156,7 +156,7 @@ Status Channel::Ask(const std::string& query, size_t longest, const Taker& take)
     if (!inbox.Peek(first))
         return Drop();
     if (first == '-')
-        return ErrorInsteadOfAnswer(inbox);
+        return ReadRefusal(inbox);
     std::string line;
     if (!inbox.Line(line, longest))
         return Drop();
@@ -166,7 +166,7 @@ Status Channel::Ask(const std::string& query, size_t longest, const Taker& take)
     return take(line) ? Status::Ok : Drop();
 }
 
-/// Takes a block off the stream to its end, also when the file can't be written any more: then the link goes on.
+/// Reads a block to its end even if the file can't be written, so that the link stays usable.
 Status Channel::TakeBlock(Inbox& inbox, tvfile::NewFile& file, uint64_t& length)
 {
     if (!inbox.BlockHead(length) || length > TVSCPI_MAX_BLOCK)
@@ -191,11 +191,11 @@ Status Channel::Download(const std::string& query, const char* local, int32_t ti
     return IsReady() ? StoreAnswer(Exchange(query), OldErrors::None, local, deadline) : Drop();
 }
 
-/// The question for errors gives an end to wait for if the instrument has refused the line: then no block comes.
+/// The error query guarantees an answer to wait for if the instrument has refused the line and sends no block.
 Status Channel::DownloadPending(const char* local, int32_t timeoutMs)
 {
     const Deadline deadline(timeoutMs);
-    return wire_ != nullptr && !hasRest_ ? StoreAnswer(kAskForError, OldErrors::MayBeThere, local, deadline) : Drop();
+    return wire_ != nullptr && !hasUnread_ ? StoreAnswer(kAskForError, OldErrors::Possible, local, deadline) : Drop();
 }
 
 Status Channel::StoreAnswer(std::string_view request, OldErrors oldErrors, const char* local, const Deadline& deadline)
@@ -210,19 +210,19 @@ Status Channel::StoreAnswer(std::string_view request, OldErrors oldErrors, const
     if (!inbox.Peek(first))
         return Drop();
     if (first != '#')
-        return ErrorInsteadOfAnswer(inbox);
+        return ReadRefusal(inbox);
     uint64_t length = 0;
     const Status stored = TakeBlock(inbox, file, length);
     if (stored == Status::LinkFailed)
         return stored;
     const Status outcome = Outcome(inbox);
-    // An instrument that refuses may send an empty block; an older error stands behind any.
-    const bool isOldError = oldErrors == OldErrors::MayBeThere && length > 0;
+    // An instrument that refuses may send an empty block; after any other block the error is an old one.
+    const bool isOldError = oldErrors == OldErrors::Possible && length > 0;
     if (outcome == Status::LinkFailed || (outcome == Status::Refused && !isOldError))
         return outcome;
     if (stored != Status::Ok)
         return stored;
-    return file.Commit(length <= kMostFlushedBytes).Ok() ? Status::Ok : Status::LocalFile;
+    return file.Commit(length <= kMaxFlushedBytes).Ok() ? Status::Ok : Status::LocalFile;
 }
 
 Status Channel::SendFile(const std::string& start, tvfile::SourceFile& file, const Deadline& deadline)
@@ -238,7 +238,8 @@ Status Channel::SendFile(const std::string& start, tvfile::SourceFile& file, con
         room = room.first(static_cast<size_t>(std::min<uint64_t>(left, room.size())));
         size_t got = 0;
         if (file.Read(room, got) != 0 || got < room.size()) {
-            // What was promised can't be sent any more: only the end of the link keeps the instrument from storing it.
+            // The announced length can't be sent any more: only closing the link keeps the instrument from storing
+            // the file.
             return outbox.HasSent() ? Drop() : Status::LocalFile;
         }
         outbox.Advance(got);
@@ -265,7 +266,7 @@ Status Channel::StartWalk(const std::string& query, Catalogue& totals)
 {
     walk_ = {};
     nextEntry_ = 0;
-    return Ask(query, kLongestCatalogue, [this, &totals](std::string_view line) {
+    return Ask(query, kMaxCatalogueBytes, [this, &totals](std::string_view line) {
         std::optional<Catalogue> catalogue = ParseCatalogue(line);
         if (!catalogue)
             return false;

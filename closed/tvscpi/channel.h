@@ -1,7 +1,6 @@
-// closed/tvscpi/channel.h: one connection to an instrument and the few forms of exchange that all operations have.
-//
-// Every exchange but the identification is one round trip: the instrument's error queue is cleared, the command given
-// and the queue asked for, all in one. So an error that an earlier command left behind is never taken for this one's.
+// closed/tvscpi/channel.h: one connection to an instrument and the kinds of exchange that all operations use.
+// Every exchange but the identification is one round trip: it clears the instrument's error queue, sends the command
+// and queries the queue. So an error left by an earlier command is never attributed to this one.
 #pragma once
 
 #include "closed/files/files.h"
@@ -24,37 +23,37 @@ enum class Status : int16_t {
 
 class Channel {
 public:
-    /// Ends a connection that stands, makes one to an IPv4 address and asks who is there.
+    /// Closes an existing connection, connects to an IPv4 address and queries the identification.
     [[nodiscard]] Status Connect(const char* address, uint16_t port, int32_t timeoutMs, std::string& identification);
 
-    /// The same over a connection that exists already.
+    /// As above, over an existing connection.
     [[nodiscard]] Status Attach(std::unique_ptr<Wire> wire, const Deadline& deadline, std::string& identification);
     void Disconnect();
 
-    /// Looks at the connection: one that the instrument has closed is closed here too.
+    /// Polls the connection; closes it if the instrument has closed its end.
     bool IsConnected();
 
-    /// Sends one line and reads nothing.
+    /// Sends one line without reading an answer.
     [[nodiscard]] Status Send(std::string_view line);
 
-    /// Gives a command that has no answer.
+    /// Sends a command that has no answer.
     [[nodiscard]] Status Command(const std::string& command);
 
-    /// Asks for a line of at most `longest` characters. `take` is called with it if the instrument reports no error;
-    /// its false means that the line makes no sense.
+    /// Queries a line of at most `longest` characters. `take` is called with it if the instrument reports no error,
+    /// and returns false for an invalid line.
     using Taker = std::function<bool(std::string_view)>;
     [[nodiscard]] Status Ask(const std::string& query, size_t longest, const Taker& take);
 
-    /// Asks for a block and stores it in the file `local`, which stays as it was unless all of it came.
+    /// Queries a block and stores it in the file `local`, which is unchanged unless the whole block arrives.
     [[nodiscard]] Status Download(const std::string& query, const char* local, int32_t timeoutMs);
 
-    /// Stores the block that a line sent before asked for.
+    /// Stores the block that an earlier line has requested.
     [[nodiscard]] Status DownloadPending(const char* local, int32_t timeoutMs);
 
-    /// Gives a command whose last argument is a block: `start`, then the file `local`.
+    /// Sends a command whose last argument is a block: `start`, then the contents of the file `local`.
     [[nodiscard]] Status Upload(const std::string& start, const char* local, int32_t timeoutMs);
 
-    /// Asks for a catalogue, which `NextEntry` then gives entry by entry.
+    /// Queries a catalogue, which `NextEntry` then returns entry by entry.
     [[nodiscard]] Status StartWalk(const std::string& query, Catalogue& totals);
     [[nodiscard]] bool HasNextEntry() const
     {
@@ -62,34 +61,34 @@ public:
     }
     [[nodiscard]] Status NextEntry(CatalogueEntry& entry);
 
-    /// Closes the connection, since what comes over it can't be trusted any more.
+    /// Closes the connection, whose data can't be trusted any more.
     Status Drop();
 
-    /// Of an operation that is given no time-out.
+    /// For operations without a time-out argument.
     int32_t DefaultTimeoutMs = TVSCPI_DEFAULT_TIMEOUT_MS;
 
 private:
-    /// Whether an error behind a block can be one that lines sent before have left.
-    enum class OldErrors { None, MayBeThere };
+    /// Whether an error after a block may stem from earlier lines.
+    enum class OldErrors { None, Possible };
 
     [[nodiscard]] bool IsReady();
     [[nodiscard]] bool SendAll(std::string_view request, const Deadline& deadline);
     [[nodiscard]] Status StoreAnswer(
         std::string_view request, OldErrors oldErrors, const char* local, const Deadline& deadline);
     [[nodiscard]] Status Outcome(Inbox& inbox);
-    [[nodiscard]] Status ErrorInsteadOfAnswer(Inbox& inbox);
+    [[nodiscard]] Status ReadRefusal(Inbox& inbox);
     [[nodiscard]] Status TakeBlock(Inbox& inbox, tvfile::NewFile& file, uint64_t& length);
     [[nodiscard]] Status SendFile(const std::string& start, tvfile::SourceFile& file, const Deadline& deadline);
     [[nodiscard]] Status Finish(Inbox& inbox, Status status);
 
     std::unique_ptr<Wire> wire_;
-    std::vector<uint8_t> buffer_; ///< of the outbox, then of the inbox of an exchange
-    bool hasRest_ = false; ///< the last exchange left bytes unread
+    std::vector<uint8_t> buffer_; ///< used by the outbox, then by the inbox of an exchange
+    bool hasUnread_ = false; ///< the last exchange left unread bytes
     std::vector<CatalogueEntry> walk_;
     size_t nextEntry_ = 0;
 };
 
-/// The one that the module's operations work on.
+/// The channel of the module's operations.
 Channel& TheChannel();
 
 } // namespace tvscpi

@@ -8,7 +8,7 @@ namespace tvscpi {
 
 bool Inbox::Fill()
 {
-    if (HasRest())
+    if (HasUnread())
         return true;
     size_t got = 0;
     if (!wire_.Receive(buffer_, got, deadline_))
@@ -45,7 +45,7 @@ bool Inbox::Line(std::string& line, size_t longest)
         const ByteView waiting = buffer_.subspan(begin_, end_ - begin_);
         const auto lineEnd = std::find(waiting.begin(), waiting.end(), '\n');
         const auto count = static_cast<size_t>(lineEnd - waiting.begin());
-        if (line.size() + count > longest + 1) // the one may be a carriage return
+        if (line.size() + count > longest + 1) // one of them may be a carriage return
             return false;
         line.append(waiting.begin(), lineEnd);
         begin_ += count;

@@ -1,4 +1,4 @@
-// closed/tvscpi/inbox.h: what is received, as lines and blocks.
+// closed/tvscpi/inbox.h: received data as lines and blocks.
 #pragma once
 
 #include "closed/tvscpi/wire.h"
@@ -7,11 +7,11 @@
 
 namespace tvscpi {
 
-/// Every method fails when the connection is lost, the time is over, or what comes has not the form. The stream is then
-/// of no more use.
+/// Every method fails when the connection is lost, the deadline has passed, or the data is invalid. The stream can't
+/// be used any more then.
 class Inbox {
 public:
-    /// Works in `buffer`, whose contents do not matter.
+    /// Uses `buffer` as scratch memory.
     Inbox(Wire& wire, std::span<uint8_t> buffer, const Deadline& deadline)
         : wire_(wire)
         , buffer_(buffer)
@@ -19,20 +19,20 @@ public:
     {
     }
 
-    /// The next byte, which stays.
+    /// The next byte, without consuming it.
     [[nodiscard]] bool Peek(char& byte);
 
-    /// A line without its end, of at most `longest` characters.
+    /// A line without its terminator, of at most `longest` characters.
     [[nodiscard]] bool Line(std::string& line, size_t longest);
 
-    /// The head of a block: `#`, the count of digits, the length in bytes.
+    /// The header of a block: `#`, the digit count, the length in bytes.
     [[nodiscard]] bool BlockHead(uint64_t& length);
 
-    /// One to `most` bytes of what comes next, valid until the next call. Empty after a failure.
+    /// The next 1 to `most` bytes, valid until the next call. Empty after a failure.
     [[nodiscard]] ByteView Bytes(uint64_t most);
 
-    /// True if more was received than was read.
-    [[nodiscard]] bool HasRest() const
+    /// True if received bytes are still unread.
+    [[nodiscard]] bool HasUnread() const
     {
         return begin_ < end_;
     }

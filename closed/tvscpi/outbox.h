@@ -1,4 +1,4 @@
-// closed/tvscpi/outbox.h: what is sent, collected so that a short request leaves in one piece and a long one in few.
+// closed/tvscpi/outbox.h: buffers requests, so that a short one is sent in one piece and a long one in few.
 #pragma once
 
 #include "closed/tvscpi/wire.h"
@@ -9,7 +9,7 @@ namespace tvscpi {
 
 class Outbox {
 public:
-    /// Works in `buffer`, whose contents do not matter.
+    /// Uses `buffer` as scratch memory.
     Outbox(Wire& wire, std::span<uint8_t> buffer, const Deadline& deadline)
         : wire_(wire)
         , buffer_(buffer)
@@ -17,22 +17,22 @@ public:
     {
     }
 
-    /// False when something had to be sent for it and could not.
+    /// False if the buffer had to be sent and sending failed.
     [[nodiscard]] bool Add(std::string_view text);
 
-    /// Room for more, made by sending if there is none left. Empty when that fails.
+    /// Free space, made by sending if the buffer is full. Empty if that fails.
     [[nodiscard]] std::span<uint8_t> Room();
 
-    /// Takes the first `count` bytes of `Room` as filled.
+    /// Commits the first `count` bytes of `Room`.
     void Advance(size_t count)
     {
         filled_ += count;
     }
 
-    /// Sends all that was collected.
+    /// Sends everything that is buffered.
     [[nodiscard]] bool Flush();
 
-    /// True once a part of the request is under way and can't be taken back.
+    /// True once part of the request has been sent and can't be withdrawn.
     [[nodiscard]] bool HasSent() const
     {
         return hasSent_;

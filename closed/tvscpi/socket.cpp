@@ -27,7 +27,7 @@ using Count = int;
 constexpr Handle kNoHandle = INVALID_SOCKET;
 constexpr int kSendFlags = 0;
 
-/// The library of the system needs a start before the first socket.
+/// Winsock must be started before the first socket.
 Handle OpenSocket()
 {
     static const bool isStarted = [] {
@@ -82,7 +82,7 @@ using Handle = int;
 using Count = ssize_t;
 constexpr Handle kNoHandle = -1;
 #if defined(MSG_NOSIGNAL)
-constexpr int kSendFlags = MSG_NOSIGNAL; // a lost connection is an answer here, not the end of the process
+constexpr int kSendFlags = MSG_NOSIGNAL; // a lost connection must not end the process
 #else
 constexpr int kSendFlags = 0;
 #endif
@@ -139,7 +139,7 @@ Count ReceiveSome(Handle handle, std::span<uint8_t> room, int flags)
 
 #endif
 
-/// Waits until the socket is ready, or has failed, which the next call then tells. False when the time is over.
+/// Waits until the socket is ready or has failed, which the next call reports. False after the deadline.
 bool Wait(Handle handle, short events, const Deadline& deadline)
 {
     for (;;) {
@@ -164,7 +164,7 @@ public:
 
     [[nodiscard]] bool Connect(const sockaddr_in& address, const Deadline& deadline) const
     {
-        // A command is a few bytes that must not wait for company.
+        // Commands are a few bytes that must not wait for Nagle's algorithm.
         const int on = 1;
         (void)::setsockopt(handle_, IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&on), sizeof on);
         if (!SetNonBlocking(handle_))
@@ -226,7 +226,7 @@ private:
     Handle handle_;
 };
 
-/// Takes one decimal number up to 255 off `text`. A zero in front is one: displays show 172.017.075.001.
+/// Consumes a decimal number up to 255 from `text`. Leading zeros do not mean octal: displays show 172.017.075.001.
 bool TakeNumber(const char*& text, uint32_t& number)
 {
     constexpr uint32_t kMost = 255;
@@ -237,7 +237,7 @@ bool TakeNumber(const char*& text, uint32_t& number)
     return text != start && number <= kMost;
 }
 
-/// Four decimal numbers with points between, as an address in host order.
+/// Parses a dotted IPv4 address, in host byte order.
 bool ReadAddress(const char* text, uint32_t& address)
 {
     address = 0;

@@ -7,8 +7,8 @@
 
 namespace tvscpi {
 
-/// Connects to an IPv4 address in dotted form. Null when the text is no such address, nobody answers there, or the time
-/// is over.
+/// Connects to an IPv4 address in dotted form. Null if the text is no such address, nobody answers, or the deadline
+/// passes.
 [[nodiscard]] std::unique_ptr<Wire> ConnectSocket(const char* address, uint16_t port, const Deadline& deadline);
 
 } // namespace tvscpi

@@ -1,4 +1,4 @@
-// closed/tvscpi/wire.h: what bytes travel over: a socket, or in tests anything else.
+// closed/tvscpi/wire.h: the transport: a socket, or a fake in tests.
 #pragma once
 
 #include "closed/files/filesystem.h"
@@ -11,7 +11,7 @@ namespace tvscpi {
 
 using tvfile::ByteView;
 
-/// The end of the time that one operation has, however many sends and receives it takes.
+/// Deadline of one operation, however many sends and receives it takes.
 class Deadline {
 public:
     explicit Deadline(int32_t timeoutMs)
@@ -19,7 +19,7 @@ public:
     {
     }
 
-    /// Rounded up, so that a wait of so long does not end early; 0 when the time is over.
+    /// Rounded up, so that a wait of that time does not end early; 0 after the deadline.
     [[nodiscard]] int LeftMs() const
     {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(end_ - Clock::now()).count();
@@ -38,7 +38,7 @@ private:
 
 enum class WireState { Quiet, HasBytes, Closed };
 
-/// One connection. It is closed when it is destroyed.
+/// One connection, closed on destruction.
 class Wire {
 public:
     Wire() = default;
@@ -46,13 +46,13 @@ public:
     Wire& operator=(const Wire&) = delete;
     virtual ~Wire() = default;
 
-    /// Sends all of `bytes`. False when the connection is lost or the time is over.
+    /// Sends all of `bytes`. False if the connection is lost or the deadline passes.
     [[nodiscard]] virtual bool Send(ByteView bytes, const Deadline& deadline) = 0;
 
-    /// Receives at least one byte into `room`, as many as are there at once. False as above.
+    /// Receives at least one byte, and no more than are available, into `room`. False as above.
     [[nodiscard]] virtual bool Receive(std::span<uint8_t> room, size_t& got, const Deadline& deadline) = 0;
 
-    /// Looks without waiting and takes nothing.
+    /// Polls the state without consuming data.
     [[nodiscard]] virtual WireState Look() = 0;
 };
 

@@ -42,7 +42,7 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 } // namespace
 
-TEST_F(AntennaStore, CountsPlace0ThatIsNeverUsed)
+TEST_F(AntennaStore, CountIncludesUnusedIndex0)
 {
     int16_t count = 0;
     EXPECT_EQ(Call(fio.AntennaListGetMaxNumberOfItems, &count), FioStatus::Ok);
@@ -59,7 +59,7 @@ TEST_F(AntennaStore, HasNoAntennaAtIndex0)
     EXPECT_EQ(Call(fio.AntennaGetUsed, 100, &used), FioStatus::AntennaIndex);
 }
 
-TEST_F(AntennaStore, RefusedCommitKeepsTheStagedFields)
+TEST_F(AntennaStore, RefusedCommitKeepsStagedFields)
 {
     StageEveryField();
     EXPECT_EQ(Call(fio.AntennaSetData, 0), FioStatus::AntennaIndex);
@@ -67,7 +67,7 @@ TEST_F(AntennaStore, RefusedCommitKeepsTheStagedFields)
     ExpectEveryField(1);
 }
 
-TEST_F(AntennaStore, SavedListReadsBackWhole)
+TEST_F(AntennaStore, SavedListRoundTrips)
 {
     EXPECT_EQ(Call(fio.AntennaListSetName, "Roof"), FioStatus::Ok);
     EXPECT_EQ(Call(fio.AntennaListSetDescription, "Both masts"), FioStatus::Ok);
@@ -85,7 +85,7 @@ TEST_F(AntennaStore, SavedListReadsBackWhole)
     ExpectEveryField(99);
 }
 
-TEST_F(AntennaStore, SavesAListWithoutAntennas)
+TEST_F(AntennaStore, SavesEmptyList)
 {
     EXPECT_EQ(Call(fio.AntennaListSetName, "Empty"), FioStatus::Ok);
     ASSERT_EQ(Call(fio.AntennaListSaveFile, Path().c_str()), FioStatus::Ok);
@@ -95,7 +95,7 @@ TEST_F(AntennaStore, SavesAListWithoutAntennas)
         EXPECT_EQ(GetShort(fio.AntennaGetUsed, i), 0);
 }
 
-TEST_F(AntennaStore, KeepsTheIncludeFlagInBothNotations)
+TEST_F(AntennaStore, KeepsIncludeFlagInBothNotations)
 {
     EXPECT_EQ(Call(fio.AntennaSetInclude, -1), FioStatus::Ok);
     EXPECT_EQ(Call(fio.AntennaSetData, 1), FioStatus::Ok);
@@ -103,7 +103,7 @@ TEST_F(AntennaStore, KeepsTheIncludeFlagInBothNotations)
     EXPECT_EQ(Call(fio.AntennaSetInclude, 2), FioStatus::AntennaInclude);
 }
 
-TEST_F(AntennaStore, RefusesFieldsThatCannotBe)
+TEST_F(AntennaStore, RefusesInvalidFields)
 {
     EXPECT_EQ(Call(fio.AntennaSetName, "123456789012345678901234567890123"), FioStatus::AntennaNameTooLong);
     EXPECT_EQ(Call(fio.AntennaSetName, "a\rb"), FioStatus::AntennaNameCharacters);

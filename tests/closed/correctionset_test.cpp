@@ -61,7 +61,7 @@ protected:
 
 } // namespace
 
-TEST_F(CorrectionStore, EntriesAreLaidOutAsTheInstrumentFamilyPacksThem)
+TEST_F(CorrectionStore, EntriesHaveThePackedLayout)
 {
     EXPECT_EQ(sizeof(KfactorCorrEntry), 28U);
     EXPECT_EQ(offsetof(KfactorCorrEntry, FrequencyHz), 4U);
@@ -73,7 +73,7 @@ TEST_F(CorrectionStore, EntriesAreLaidOutAsTheInstrumentFamilyPacksThem)
     EXPECT_EQ(offsetof(AzimuthEntry, AnglesDegrees), 12U);
 }
 
-TEST_F(CorrectionStore, NewSetHasTheGivenHeaderAndIdentity)
+TEST_F(CorrectionStore, NewSetHasDefaultHeaderAndIdentity)
 {
     CorrHeader header{};
     EXPECT_EQ(fio.AntCorrGetHeader(&header), kOk);
@@ -102,7 +102,7 @@ TEST_F(CorrectionStore, NewSetHasEmptyTablesAndNoFileName)
     EXPECT_STREQ(name, "");
 }
 
-TEST_F(CorrectionStore, SortsTheUsedEntriesToTheFrontInTheArrayAndInTheSet)
+TEST_F(CorrectionStore, SortMovesUsedEntriesToFrontOfArrayAndSet)
 {
     kfactor[3] = { 1, 0, 30e6, 3, 30 };
     kfactor[999] = { -1, 0, 10e6, 1, 10 };
@@ -122,7 +122,7 @@ TEST_F(CorrectionStore, SortsTheUsedEntriesToTheFrontInTheArrayAndInTheSet)
     EXPECT_EQ(stored[3].Used, 0);
 }
 
-TEST_F(CorrectionStore, EqualEntriesOfALongTableStayInOrderInTheArrayAndInTheSet)
+TEST_F(CorrectionStore, SortIsStableInArrayAndSet)
 {
     for (size_t i = 0; i < TVFIO_CORR_ENTRIES; ++i)
         kfactor[i] = { 1, 0, 10e6, static_cast<double>(i), 0 };
@@ -144,7 +144,7 @@ TEST_F(CorrectionStore, SortsPhases)
     EXPECT_EQ(double{ omniphase[1].PhaseDegrees }, 180);
 }
 
-TEST_F(CorrectionStore, SortCarriesTheAnglesOfAnEntryAlong)
+TEST_F(CorrectionStore, SortMovesAnglesWithTheirEntry)
 {
     PutAngles(1, 20e6, { 12, -5.5 });
     PutAngles(2, 10e6, {});
@@ -155,7 +155,7 @@ TEST_F(CorrectionStore, SortCarriesTheAnglesOfAnEntryAlong)
     EXPECT_EQ(unused, nullptr);
 }
 
-TEST_F(CorrectionStore, GettingAzimuthsGivesAnglesOfTheCallersOwn)
+TEST_F(CorrectionStore, GetAzimuthsCopiesAngles)
 {
     PutAngles(0, 10e6, { 1, 2, 3 });
     EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), kOk);
@@ -168,7 +168,7 @@ TEST_F(CorrectionStore, GettingAzimuthsGivesAnglesOfTheCallersOwn)
     fio.AntCorrFreeAngles(stored[0].AnglesDegrees);
 }
 
-TEST_F(CorrectionStore, RefusesACountThatIsNotTheNumberOfUsedEntries)
+TEST_F(CorrectionStore, RefusesCountOtherThanNumberOfUsedEntries)
 {
     kfactor[0] = { 1, 0, 10e6, 0, 0 };
     kfactor[7] = { 1, 0, 5e6, 0, 0 };
@@ -178,7 +178,7 @@ TEST_F(CorrectionStore, RefusesACountThatIsNotTheNumberOfUsedEntries)
     EXPECT_EQ(count, 0);
 }
 
-TEST_F(CorrectionStore, RefusesEntriesThatCannotBe)
+TEST_F(CorrectionStore, RefusesInvalidEntries)
 {
     kfactor[0] = { 1, 0, 10e6, kNaN, 0 };
     EXPECT_EQ(fio.AntCorrSortKFactor(kfactor.data(), 1), Word(FioStatus::CorrectionKfactorEntry));
@@ -188,7 +188,7 @@ TEST_F(CorrectionStore, RefusesEntriesThatCannotBe)
     EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), Word(FioStatus::CorrectionAzimuthEntry));
 }
 
-TEST_F(CorrectionStore, RefusesAnAngleCountWithoutAngles)
+TEST_F(CorrectionStore, RefusesAngleCountWithoutAngles)
 {
     azimuth[0] = { 1, 5, 10e6, nullptr };
     EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), Word(FioStatus::CorrectionAngleCount));
@@ -196,7 +196,7 @@ TEST_F(CorrectionStore, RefusesAnAngleCountWithoutAngles)
     EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), Word(FioStatus::CorrectionAngleCount));
 }
 
-TEST_F(CorrectionStore, MakesAnglesOnlyForACountThatAnEntryCanHave)
+TEST_F(CorrectionStore, AllocatesAnglesForValidCountsOnly)
 {
     EXPECT_EQ(fio.AntCorrNewAngles(0), nullptr);
     EXPECT_EQ(fio.AntCorrNewAngles(-1), nullptr);
@@ -208,7 +208,7 @@ TEST_F(CorrectionStore, MakesAnglesOnlyForACountThatAnEntryCanHave)
     fio.AntCorrFreeAngles(nullptr);
 }
 
-TEST_F(CorrectionStore, RefusesAHeaderThatCannotBeAndKeepsTheOldOne)
+TEST_F(CorrectionStore, RefusedHeaderKeepsOldOne)
 {
     CorrHeader header{};
     header.Version = 9;
@@ -223,7 +223,7 @@ TEST_F(CorrectionStore, RefusesAHeaderThatCannotBeAndKeepsTheOldOne)
     EXPECT_EQ(kept.Version, 1);
 }
 
-TEST_F(CorrectionStore, SavedSetReadsBackWhole)
+TEST_F(CorrectionStore, SavedSetRoundTrips)
 {
     CorrHeader header{ "Loop", "Maker", 17, 4, 1e6, 30e6, 2031, 12, 24 };
     EXPECT_EQ(fio.AntCorrSetHeader(&header), kOk);
@@ -252,7 +252,7 @@ TEST_F(CorrectionStore, SavedSetReadsBackWhole)
     EXPECT_EQ(Angles(0), (std::vector<double>{ 12, -5.5, 360 }));
 }
 
-TEST_F(CorrectionStore, TellsTheFileNameOfTheLastLoadOrSaveWithoutFolder)
+TEST_F(CorrectionStore, FileNameIsThatOfLastLoadOrSave)
 {
     const std::string greek = "\xCE\xB2.tvc";
     ASSERT_EQ(fio.AntCorrSaveFile(Path(greek).c_str()), kOk);

@@ -13,14 +13,14 @@ ByteView View(std::string_view text)
 
 } // namespace
 
-TEST(Checksum, IsTheUsualOne)
+TEST(Checksum, MatchesStandardCheckValue)
 {
     EXPECT_EQ(Crc32(View("")), 0U);
     EXPECT_EQ(Crc32(View("123456789")), 0xCBF43926U);
     EXPECT_EQ(Crc32(View("The quick brown fox jumps over the lazy dog")), 0x414FA339U);
 }
 
-TEST(Checksum, GoesOnWhereItEnded)
+TEST(Checksum, CanBeComputedInPieces)
 {
     const std::string_view text = "The quick brown fox jumps over the lazy dog";
     for (size_t cut = 0; cut <= text.size(); ++cut)

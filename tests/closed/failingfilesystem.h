@@ -1,4 +1,4 @@
-// tests/closed/failingfilesystem.h: a disk that fails where a test wants it to.
+// tests/closed/failingfilesystem.h: a file system that fails where a test wants it to.
 #pragma once
 
 #include "closed/files/filesystem.h"
@@ -8,7 +8,7 @@
 
 namespace tvfile {
 
-/// Stands in for the system while it lives. What is not told to fail works on the real disk.
+/// Replaces the system's file system during its lifetime. Calls without an injected fault go to the real disk.
 class FailingFileSystem final : public FileSystem {
 public:
     FailingFileSystem()
@@ -21,10 +21,10 @@ public:
     }
 
     size_t BytesLeft = std::numeric_limits<size_t>::max(); ///< bytes that can be written before the disk is full
-    size_t MaxChunk = std::numeric_limits<size_t>::max(); ///< most bytes that one write takes
+    size_t MaxChunk = std::numeric_limits<size_t>::max(); ///< maximum bytes per write
     size_t BytesWritten = 0;
-    size_t ReadableBytes = std::numeric_limits<size_t>::max(); ///< after which files seem to end
-    uint64_t Free = std::numeric_limits<uint64_t>::max(); ///< what the disk says that it has left
+    size_t ReadableBytes = std::numeric_limits<size_t>::max(); ///< files seem to end after this many bytes
+    uint64_t Free = std::numeric_limits<uint64_t>::max(); ///< free space that the disk reports
     int CreateError = 0;
     int FlushError = 0;
     int ReplaceError = 0;

@@ -19,7 +19,7 @@ FileBytes FolderTest::Contents(const std::string& path)
 void FolderTest::Store(const std::string& path, const FileBytes& bytes)
 {
     QFile file(QString::fromStdString(path));
-    (void)file.remove(); // some file systems write to the disk at once where a file is only cut short
+    (void)file.remove(); // truncation makes some file systems flush at once
     ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path;
     const auto size = static_cast<qint64>(bytes.size());
     ASSERT_EQ(file.write(reinterpret_cast<const char*>(bytes.data()), size), size);

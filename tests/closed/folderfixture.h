@@ -1,4 +1,4 @@
-// tests/closed/folderfixture.h: a folder of a test's own.
+// tests/closed/folderfixture.h: a temporary folder for each test.
 #pragma once
 
 #include <QTemporaryDir>
@@ -19,7 +19,7 @@ protected:
     static FileBytes Contents(const std::string& path);
     static void Store(const std::string& path, const FileBytes& bytes);
 
-    /// The names in the folder, hidden ones too, sorted.
+    /// The names in the folder, hidden ones included, sorted.
     [[nodiscard]] std::vector<std::string> FolderNames() const;
 
 private:

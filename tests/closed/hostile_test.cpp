@@ -1,4 +1,4 @@
-// Files that no one wrote whole, or wrote to do harm: each ends in a status with a text and an empty list.
+// Damaged and malicious files: each yields a status with a text and an empty list.
 #include "tests/closed/samples.h"
 #include "tests/closed/storefixture.h"
 
@@ -12,7 +12,7 @@ namespace {
 template <typename List>
 class HostileFile : public StoreTest {
 protected:
-    /// Loads `file` where another list was before. After a failure nothing of either is left, and there is a text.
+    /// Loads `file` over an existing list. After a failure the list is empty and there is a text.
     static FioStatus Load(const Bytes& file)
     {
         FillSample(List::Current());
@@ -28,7 +28,7 @@ protected:
 
 using Families = testing::Types<AntennaList, KfactorTable, MemoryList, SuppressList, CorrectionSet>;
 
-/// The folder of seeds of the family's fuzz program.
+/// The seed folder of the family's fuzz target.
 const char* CorpusName(Family family)
 {
     switch (family) {
@@ -187,10 +187,10 @@ TYPED_TEST(HostileFile, AMissingSectionIsRefused)
 
 namespace {
 
-/// Builds files record by record, right around what is wrong in them.
+/// Builds otherwise valid files, record by record.
 class HostileRecord : public StoreTest {
 protected:
-    /// A memory list whose section of records is what `write` writes.
+    /// A memory list whose record section is what `write` writes.
     template <typename Write>
     static Bytes MemoryFile(Write write)
     {
@@ -208,7 +208,7 @@ protected:
         });
     }
 
-    /// A list with one entry, which `change` has altered.
+    /// A list with one entry, altered by `change`.
     template <typename Change>
     static FioStatus LoadEntry(Change change)
     {
@@ -231,7 +231,7 @@ protected:
 
 } // namespace
 
-TEST_F(HostileRecord, AnAbsurdCountIsRefusedBeforeAnythingIsMade)
+TEST_F(HostileRecord, RefusesAbsurdCountBeforeAllocating)
 {
     EXPECT_EQ(LoadBytes<MemoryList>(MemoryFile([](ByteWriter& section) { section.Int(uint32_t{ 0xFFFFFFFF }); })),
         FioStatus::FileCount);
@@ -239,13 +239,13 @@ TEST_F(HostileRecord, AnAbsurdCountIsRefusedBeforeAnythingIsMade)
         FioStatus::FileCount);
 }
 
-TEST_F(HostileRecord, ACountAboveTheRecordsThatAreThereIsRefused)
+TEST_F(HostileRecord, RefusesCountAboveNumberOfRecords)
 {
     EXPECT_EQ(LoadBytes<MemoryList>(MemoryFile([](ByteWriter& section) { section.Int(uint32_t{ 1024 }); })),
         FioStatus::FileStructure);
 }
 
-TEST_F(HostileRecord, MoreRecordsThanTheCountAreRefused)
+TEST_F(HostileRecord, RefusesMoreRecordsThanCount)
 {
     EXPECT_EQ(LoadBytes<MemoryList>(MemoryFile([](ByteWriter& section) {
         section.Int(uint32_t{ 0 });
@@ -254,7 +254,7 @@ TEST_F(HostileRecord, MoreRecordsThanTheCountAreRefused)
         FioStatus::FileStructure);
 }
 
-TEST_F(HostileRecord, ARecordLongerThanItsSectionIsRefused)
+TEST_F(HostileRecord, RefusesRecordLongerThanItsSection)
 {
     EXPECT_EQ(LoadBytes<MemoryList>(MemoryFile([](ByteWriter& section) {
         section.Int(uint32_t{ 1 });
@@ -263,7 +263,7 @@ TEST_F(HostileRecord, ARecordLongerThanItsSectionIsRefused)
         FioStatus::FileStructure);
 }
 
-TEST_F(HostileRecord, ATooShortRecordIsRefusedByNumber)
+TEST_F(HostileRecord, NamesTruncatedRecord)
 {
     EXPECT_EQ(LoadBytes<MemoryList>(MemoryFile([](ByteWriter& section) {
         section.Int(uint32_t{ 2 });
@@ -275,7 +275,7 @@ TEST_F(HostileRecord, ATooShortRecordIsRefusedByNumber)
     EXPECT_TRUE(MemoryList::Current().Used.none());
 }
 
-TEST_F(HostileRecord, FieldsOfALaterVersionAreSkipped)
+TEST_F(HostileRecord, SkipsFieldsOfLaterVersion)
 {
     const MemoryRecord entry = Entry();
     EXPECT_EQ(LoadBytes<MemoryList>(MemoryFile([&](ByteWriter& section) {
@@ -292,7 +292,7 @@ TEST_F(HostileRecord, FieldsOfALaterVersionAreSkipped)
     EXPECT_TRUE(MemoryList::Current().Used[5]);
 }
 
-TEST_F(HostileRecord, TwoRecordsForOnePlaceAreRefused)
+TEST_F(HostileRecord, RefusesTwoRecordsWithSameIndex)
 {
     EXPECT_EQ(LoadBytes<MemoryList>(MemoryFile([](ByteWriter& section) {
         section.Int(uint32_t{ 2 });
@@ -303,7 +303,7 @@ TEST_F(HostileRecord, TwoRecordsForOnePlaceAreRefused)
     EXPECT_TRUE(MemoryList::Current().Used.none());
 }
 
-TEST_F(HostileRecord, APlaceOutsideTheListIsRefused)
+TEST_F(HostileRecord, RefusesIndexOutsideList)
 {
     EXPECT_EQ(LoadBytes<MemoryList>(MemoryFile([](ByteWriter& section) {
         section.Int(uint32_t{ 1 });
@@ -313,7 +313,7 @@ TEST_F(HostileRecord, APlaceOutsideTheListIsRefused)
     EXPECT_STREQ(LastExceptionText(), "The file is damaged. Record 1: Its place is outside the list.");
 }
 
-TEST_F(HostileRecord, AnAntennaAtPlace0IsRefused)
+TEST_F(HostileRecord, RefusesAntennaAtIndex0)
 {
     const AntennaRecord antenna;
     ListFileWriter file(Family::Antenna);
@@ -327,7 +327,7 @@ TEST_F(HostileRecord, AnAntennaAtPlace0IsRefused)
     EXPECT_EQ(LoadBytes<AntennaList>(file.Finish()), FioStatus::FileRecord);
 }
 
-TEST_F(HostileRecord, ValuesThatAreNoNumbersAreRefusedByField)
+TEST_F(HostileRecord, RefusesNonFiniteValuesByField)
 {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -338,7 +338,7 @@ TEST_F(HostileRecord, ValuesThatAreNoNumbersAreRefusedByField)
     EXPECT_EQ(LoadEntry([](MemoryRecord& entry) { entry.DfMeasurementTime = kNaN; }), FioStatus::FileRecord);
 }
 
-TEST_F(HostileRecord, CodesOutsideTheirTablesAreRefused)
+TEST_F(HostileRecord, RefusesCodesOutsideTheirTables)
 {
     EXPECT_EQ(LoadEntry([](MemoryRecord&) {}), FioStatus::Ok);
     EXPECT_EQ(LoadEntry([](MemoryRecord& entry) { entry.MemItemNumber = 1024; }), FioStatus::FileRecord);
@@ -350,7 +350,7 @@ TEST_F(HostileRecord, CodesOutsideTheirTablesAreRefused)
     EXPECT_STREQ(LastExceptionText(), "The file is damaged. Record 1: The DF bandwidth is unknown.");
 }
 
-TEST_F(HostileRecord, TextsThatAreTooLongOrHoldAZeroAreRefused)
+TEST_F(HostileRecord, RefusesTextsTooLongOrWithZero)
 {
     const auto withName = [](std::string_view name) {
         ListFileWriter file(Family::Memory);
@@ -365,7 +365,7 @@ TEST_F(HostileRecord, TextsThatAreTooLongOrHoldAZeroAreRefused)
     EXPECT_EQ(LoadBytes<MemoryList>(withName(std::string_view("a\0b", 3))), FioStatus::FileRecord);
 }
 
-TEST_F(HostileRecord, ACorrectionSetWithoutItsMarkerIsRefused)
+TEST_F(HostileRecord, RefusesCorrectionSetWithoutMarker)
 {
     Bytes file = SampleFile<CorrectionSet>();
     const auto marker = std::search(file.begin(), file.end(), kCorrectionMarker.begin(), kCorrectionMarker.end());
@@ -375,12 +375,12 @@ TEST_F(HostileRecord, ACorrectionSetWithoutItsMarkerIsRefused)
     EXPECT_EQ(LoadBytes<CorrectionSet>(file), FioStatus::FileStructure);
 }
 
-TEST_F(HostileRecord, AnAngleCountAboveTheAnglesThatAreThereIsRefused)
+TEST_F(HostileRecord, RefusesAngleCountAboveNumberOfAngles)
 {
     CorrectionSet set;
     set.Azimuth = { { 1e6, { 1.0 } } };
     Bytes file = set.Encode();
-    // The last record ends in its count of angles and one angle.
+    // The last record ends with its count of angles and one angle.
     file[file.size() - 10] = 2;
     RepairHeader(file);
     EXPECT_EQ(LoadBytes<CorrectionSet>(file), FioStatus::FileRecord);

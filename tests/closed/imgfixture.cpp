@@ -19,7 +19,7 @@ FileBytes BigDoubleWord(uint32_t value)
         static_cast<uint8_t>(value) };
 }
 
-/// The places of one pass of an interlaced picture.
+/// The pixels of one pass of an interlaced picture.
 struct Pass {
     int X, Y, StepX, StepY;
 };
@@ -32,7 +32,7 @@ unsigned Channels(uint8_t colorType)
     return kChannels.at(colorType);
 }
 
-/// Puts samples of any number of bits one after the other, the highest bit first.
+/// Packs samples of any number of bits, highest bit first.
 class BitWriter {
 public:
     explicit BitWriter(FileBytes& bytes)
@@ -54,8 +54,8 @@ private:
     unsigned used_ = 0;
 };
 
-/// What a filter foretells of a byte from those to the left, above, and above left.
-int Foretold(uint8_t filter, int left, int above, int corner)
+/// The prediction of a byte from those to the left, above, and above left.
+int Prediction(uint8_t filter, int left, int above, int corner)
 {
     switch (filter) {
     case 1:
@@ -76,14 +76,14 @@ int Foretold(uint8_t filter, int left, int above, int corner)
     }
 }
 
-/// Appends a line of a PNG, filtered.
+/// Appends a filtered row of a PNG.
 void AppendLine(FileBytes& lines, uint8_t filter, const FileBytes& line, const FileBytes& above, size_t distance)
 {
     lines.push_back(filter);
     for (size_t i = 0; i < line.size(); ++i) {
         const int left = i < distance ? 0 : line[i - distance];
         const int corner = i < distance || above.empty() ? 0 : above[i - distance];
-        const int foretold = Foretold(filter, left, above.empty() ? 0 : above[i], corner);
+        const int foretold = Prediction(filter, left, above.empty() ? 0 : above[i], corner);
         lines.push_back(static_cast<uint8_t>(line[i] - foretold));
     }
 }
@@ -264,7 +264,7 @@ FileBytes PcxFile::Header() const
     header[1] = Version;
     header[2] = Encoding;
     header[3] = Bits;
-    PutWord(header, 4, 3); // the picture does not begin at 0
+    PutWord(header, 4, 3); // an origin other than 0
     PutWord(header, 6, 2);
     PutWord(header, 8, Width + 2);
     PutWord(header, 10, Height + 1);

@@ -1,4 +1,4 @@
-// tests/closed/imgfixture.h: the picture module through its table of operations, and pictures to try it with.
+// tests/closed/imgfixture.h: the picture module through its table of operations, and sample pictures.
 #pragma once
 
 #include "closed/tvimg.h"
@@ -9,13 +9,13 @@
 #include <string>
 #include <vector>
 
-/// Pixels 0xffRRGGBB in memory, whose lines may be further apart than they are long.
+/// Pixels 0xffRRGGBB in memory; the stride may exceed the width.
 class Picture {
 public:
     Picture() = default;
     Picture(int width, int height, uint32_t color = 0xffffffff, int stride = 0);
 
-    /// The same with every pixel from a function of its place.
+    /// As above, with each pixel computed from its coordinates.
     static Picture From(int width, int height, const std::function<uint32_t(int x, int y)>& color);
 
     [[nodiscard]] TvImgContext Context()
@@ -41,10 +41,10 @@ private:
     std::vector<uint32_t> pixels_;
 };
 
-/// A picture with `colors` different colours, at most one a pixel, each of them there.
+/// A picture that uses exactly `colors` different colours, at most one per pixel.
 Picture PictureOfColors(int width, int height, int colors);
 
-/// A picture with more than 256 colours, among them runs and lone pixels.
+/// A picture with more than 256 colours, with runs and isolated pixels.
 Picture ColorfulPicture(int width, int height);
 
 class ImgTest : public FolderTest {
@@ -56,18 +56,18 @@ protected:
         return FolderTest::Path(name);
     }
 
-    /// Puts bytes into a file and gives its path.
+    /// Writes bytes to a file and returns its path.
     [[nodiscard]] std::string Store(const FileBytes& bytes, const std::string& name = "picture") const;
 
-    /// What `ImgGetFileInfo` tells; all 0 when it refuses the file.
+    /// The result of `ImgGetFileInfo`; all 0 if it refuses the file.
     [[nodiscard]] ScreenImageInfo Info(const FileBytes& bytes) const;
     [[nodiscard]] bool HasInfo(const FileBytes& bytes) const
     {
         return Info(bytes).Width != 0;
     }
 
-    /// Decodes into a context of the size that `ImgGetFileInfo` tells, filled with `background`; a picture without a
-    /// size when any of it is refused. A refused file leaves the context as it was, or white.
+    /// Decodes into a context of the size that `ImgGetFileInfo` gives, filled with `background`; an empty picture if
+    /// either is refused. A refused file must leave the context unchanged, or white.
     [[nodiscard]] Picture DecodePng(const FileBytes& bytes, uint32_t background = 0xffffffff) const;
     [[nodiscard]] Picture DecodePcx(const FileBytes& bytes, uint32_t background = 0xffffffff) const;
 
@@ -77,28 +77,28 @@ protected:
 bool operator==(const ScreenImageInfo& left, const ScreenImageInfo& right);
 void PrintTo(const ScreenImageInfo& info, std::ostream* stream);
 
-/// A PNG file put together by hand: any header, any chunks.
+/// A hand-made PNG file with any header and any chunks.
 struct PngFile {
     uint32_t Width = 1;
     uint32_t Height = 1;
     uint8_t Bits = 8;
     uint8_t ColorType = 2;
     uint8_t Interlace = 0;
-    uint8_t Filter = 0; ///< of every line
-    FileBytes Palette; ///< three bytes a colour; empty: no such chunk
+    uint8_t Filter = 0; ///< of every row
+    FileBytes Palette; ///< three bytes per colour; no chunk if empty
     FileBytes Transparency;
-    FileBytes Extra; ///< whole chunks before the pixels
+    FileBytes Extra; ///< complete chunks before the pixels
 
-    /// With the samples of all pixels, `channels` a pixel, packed as the header says. Interlaced where it says so.
+    /// The file with the given samples, `channels` per pixel, packed and interlaced as the header says.
     [[nodiscard]] FileBytes With(const std::function<unsigned(int x, int y, unsigned channel)>& sample) const;
 
-    /// With these bytes in place of lines.
+    /// The file with these bytes as its rows.
     [[nodiscard]] FileBytes WithLines(const FileBytes& lines) const;
 
     static FileBytes Chunk(const std::string& name, const FileBytes& content);
 };
 
-/// A PCX file put together by hand.
+/// A hand-made PCX file.
 struct PcxFile {
     int Width = 1;
     int Height = 1;
@@ -106,16 +106,16 @@ struct PcxFile {
     uint8_t Encoding = 1;
     uint8_t Bits = 8;
     uint8_t Planes = 1;
-    int Filling = 0; ///< bytes at the end of each line of a plane
+    int Filling = 0; ///< padding bytes per row and plane
     uint16_t PaletteInfo = 1;
     std::vector<uint32_t> HeaderColors; ///< at most 16
-    std::vector<uint32_t> LargePalette; ///< 256, or none
+    std::vector<uint32_t> LargePalette; ///< 256 or none
 
     [[nodiscard]] FileBytes Header() const;
 
-    /// With the value of each pixel: `Bits` of it for each plane, the first plane lowest. Coded without any run.
+    /// The file with the given pixels: `Bits` of the value for each plane, first plane lowest. Encoded without runs.
     [[nodiscard]] FileBytes With(const std::function<uint32_t(int x, int y)>& value) const;
 
-    /// With these bytes in place of coded lines.
+    /// The file with these bytes as its encoded rows.
     [[nodiscard]] FileBytes WithData(const FileBytes& data) const;
 };

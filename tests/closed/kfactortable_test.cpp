@@ -41,7 +41,7 @@ TEST_F(KfactorStore, GrowsEntryByEntry)
     EXPECT_EQ(Entry(0), (Values{ 0, 0, 0 }));
 }
 
-TEST_F(KfactorStore, HasNoEntryBehindTheLast)
+TEST_F(KfactorStore, HasNoEntryAfterTheLast)
 {
     Append(1e6, 2, 3);
     double value = 0;
@@ -50,7 +50,7 @@ TEST_F(KfactorStore, HasNoEntryBehindTheLast)
     EXPECT_EQ(Call(fio.KfactorSetPassive, -1, 1.0), FioStatus::KfactorIndex);
 }
 
-TEST_F(KfactorStore, Takes1000EntriesAndNoMore)
+TEST_F(KfactorStore, HoldsAtMost1000Entries)
 {
     for (int i = 0; i < 1000; ++i)
         ASSERT_EQ(Call(fio.KfactorInsert), FioStatus::Ok);
@@ -58,7 +58,7 @@ TEST_F(KfactorStore, Takes1000EntriesAndNoMore)
     EXPECT_EQ(Count(), 1000);
 }
 
-TEST_F(KfactorStore, RefusesValuesThatAreNoNumbers)
+TEST_F(KfactorStore, RefusesNonFiniteValues)
 {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
     Append(1e6, 2, 3);
@@ -68,7 +68,7 @@ TEST_F(KfactorStore, RefusesValuesThatAreNoNumbers)
     EXPECT_EQ(Entry(0), (Values{ 1e6, 2, 3 }));
 }
 
-TEST_F(KfactorStore, SortsByFrequencyKeepingEqualOnesInOrder)
+TEST_F(KfactorStore, SortByFrequencyIsStable)
 {
     Append(300e6, 1, 1);
     Append(100e6, 2, 2);
@@ -79,7 +79,7 @@ TEST_F(KfactorStore, SortsByFrequencyKeepingEqualOnesInOrder)
     EXPECT_EQ(Entry(2), (Values{ 300e6, 3, 3 }));
 }
 
-TEST_F(KfactorStore, EqualEntriesOfALongTableStayInOrder)
+TEST_F(KfactorStore, SortOfLongTableIsStable)
 {
     for (int i = 0; i < 1000; ++i)
         Append(100e6, i, 0);
@@ -88,7 +88,7 @@ TEST_F(KfactorStore, EqualEntriesOfALongTableStayInOrder)
         ASSERT_EQ(Entry(i), (Values{ 100e6, static_cast<double>(i), 0 }));
 }
 
-TEST_F(KfactorStore, SavedTableReadsBackWhole)
+TEST_F(KfactorStore, SavedTableRoundTrips)
 {
     EXPECT_EQ(Call(fio.KfactorTableSetName, "Discone"), FioStatus::Ok);
     EXPECT_EQ(Call(fio.KfactorTableSetDescription, "dB/m"), FioStatus::Ok);
@@ -105,7 +105,7 @@ TEST_F(KfactorStore, SavedTableReadsBackWhole)
     EXPECT_EQ(Entry(1), (Values{ 1e9, 200, 0.01 }));
 }
 
-TEST_F(KfactorStore, SavesATableWithoutEntries)
+TEST_F(KfactorStore, SavesEmptyTable)
 {
     ASSERT_EQ(Call(fio.KfactorTableSaveFile, Path().c_str()), FioStatus::Ok);
     ASSERT_EQ(Call(fio.KfactorTableLoadFile, Path().c_str()), FioStatus::Ok);

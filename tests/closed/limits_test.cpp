@@ -12,7 +12,7 @@ protected:
         return value;
     }
 
-    /// The codes from 0 to `last` that `allowed` accepts, as text of + and -.
+    /// The codes from 0 to `last` that `allowed` accepts, as a string of + and -.
     template <typename Allowed>
     static std::string Accepted(int16_t last, Allowed allowed)
     {
@@ -25,7 +25,7 @@ protected:
 
 } // namespace
 
-TEST_F(StoreLimits, AreThoseOfTheInstrumentGeneration)
+TEST_F(StoreLimits, MatchInstrumentGeneration)
 {
     EXPECT_EQ(Limit(fio.GetMinFrequencyApplication), 8000);
     EXPECT_EQ(Limit(fio.GetMaxFrequencyApplication), 8000000000.0);
@@ -52,12 +52,12 @@ TEST_F(StoreLimits, AreThoseOfTheInstrumentGeneration)
     EXPECT_EQ(Limit(fio.GetMaxMemoryNr), 1023);
 }
 
-TEST_F(StoreLimits, ALimitNeedsAPlaceToGoTo)
+TEST_F(StoreLimits, RefuseNullPointer)
 {
     EXPECT_EQ(Call(fio.GetMaxMemoryNr, nullptr), FioStatus::MissingArgument);
 }
 
-TEST_F(StoreLimits, SingleSidebandTakesBandwidthsUpTo12kHz)
+TEST_F(StoreLimits, SingleSidebandAllowsBandwidthsUpTo12kHz)
 {
     for (int16_t demodulation = 4; demodulation <= 7; ++demodulation) {
         EXPECT_EQ(
@@ -67,7 +67,7 @@ TEST_F(StoreLimits, SingleSidebandTakesBandwidthsUpTo12kHz)
     }
 }
 
-TEST_F(StoreLimits, OtherDemodulationsTakeEveryBandwidth)
+TEST_F(StoreLimits, OtherDemodulationsAllowEveryBandwidth)
 {
     for (int16_t demodulation = 0; demodulation <= 3; ++demodulation) {
         EXPECT_EQ(
@@ -77,7 +77,7 @@ TEST_F(StoreLimits, OtherDemodulationsTakeEveryBandwidth)
     }
 }
 
-TEST_F(StoreLimits, AfcWorksWithFmAmAndPulseOnly)
+TEST_F(StoreLimits, AfcIsAllowedForFmAmAndPulseOnly)
 {
     EXPECT_EQ(
         Accepted(7, [&](int16_t code) { return fio.CheckAutoFreqControlAndDemodulation(1, code) != 0; }), "+++-----");
@@ -85,7 +85,7 @@ TEST_F(StoreLimits, AfcWorksWithFmAmAndPulseOnly)
         Accepted(7, [&](int16_t code) { return fio.CheckAutoFreqControlAndDemodulation(0, code) != 0; }), "++++++++");
 }
 
-TEST_F(StoreLimits, SpanTakesStepsThatGive16To16384Lines)
+TEST_F(StoreLimits, SpanAllowsStepsThatGive16To16384Lines)
 {
     const auto steps = [&](int16_t span) {
         return Accepted(33, [&](int16_t step) { return fio.CheckIfPanSpanAndIfPanStep(span, step) != 0; });
@@ -107,19 +107,19 @@ TEST_F(StoreLimits, ChecksRefuseCodesOutsideTheirTables)
     EXPECT_EQ(fio.CheckIfPanSpanAndIfPanStep(6, 34), 0);
 }
 
-TEST_F(StoreLimits, TellsTheFirmwareItWasBuiltFor)
+TEST_F(StoreLimits, ReportsFirmwareVersion)
 {
     EXPECT_EQ(GetText(fio.GetTvFwVersion), "4.30");
 }
 
-TEST_F(StoreLimits, KeepsTheTextOfTheLastException)
+TEST_F(StoreLimits, KeepsTextOfLastException)
 {
     EXPECT_EQ(Call(fio.MemorySetData, -1), FioStatus::MemoryIndex);
     EXPECT_EQ(Call(fio.MemoryListClear), FioStatus::Ok);
     EXPECT_EQ(GetText(fio.GetExceptionStringTV), "The memory list has no such entry.");
 }
 
-TEST_F(StoreLimits, RefusesATableThatIsTooSmall)
+TEST_F(StoreLimits, RefusesTooSmallTable)
 {
     TvFioApi small{};
     small.Size = sizeof small - 1;
@@ -135,7 +135,7 @@ TEST_F(StoreLimits, BindsEveryOperation)
 #undef EXPECT_BOUND
 }
 
-TEST(FioStatusTexts, TheStatusesWithoutTextByNumberAreThose)
+TEST(FioStatusTexts, OnlyListedStatusesLackTextByNumber)
 {
     std::string without;
     for (int16_t number = 1; number <= 90; ++number) {
@@ -145,7 +145,7 @@ TEST(FioStatusTexts, TheStatusesWithoutTextByNumberAreThose)
     EXPECT_EQ(without, "1 2 3 4 5 6 7 15 17 21 58 59 62 63 64 67 68 69 76 83 84 85 86 87 88 89 90 ");
 }
 
-TEST(FioStatusTexts, EveryStatusWithATextByNumberHasAMeaning)
+TEST(FioStatusTexts, StatusesWithTextByNumberHaveMeaning)
 {
     for (int16_t number = 8; number <= 82; ++number) {
         const auto status = static_cast<FioStatus>(number);

@@ -9,7 +9,7 @@ namespace tarvik {
 
 namespace {
 
-/// A program folder of the test's own, into which it puts modules.
+/// A temporary program folder for modules.
 class Loader : public testing::Test {
 protected:
     Loader()
@@ -26,7 +26,7 @@ protected:
         return folder_.path() + QLatin1Char('/');
     }
 
-    /// Puts the built file `source` into the folder as the file of `module`.
+    /// Copies the built file `source` to the folder under the name of `module`.
     void Install(const char* source, Module module)
     {
         ASSERT_TRUE(QFile::copy(QString::fromUtf8(source), Folder() + ModuleFileName(module)));
@@ -57,7 +57,7 @@ TEST_F(Loader, BindsEveryModuleBesideTheExecutable)
     }
 }
 
-TEST_F(Loader, BoundOperationsWorkAcrossTheLibrary)
+TEST_F(Loader, BoundOperationsWork)
 {
     Install(TVFIO_FILE, Module::ListStore);
     ASSERT_TRUE(ModuleLoad(Module::ListStore, Folder()));
@@ -75,13 +75,13 @@ TEST_F(Loader, MissingFileIsNotBound)
     EXPECT_EQ(TvGen().GenSplitPath, nullptr);
 }
 
-TEST_F(Loader, FolderInThePlaceOfTheFileIsNotBound)
+TEST_F(Loader, FolderNamedLikeModuleIsNotBound)
 {
     ASSERT_TRUE(QDir(Folder()).mkdir(ModuleFileName(Module::General)));
     EXPECT_FALSE(ModuleLoad(Module::General, Folder()));
 }
 
-TEST_F(Loader, FileThatIsNoLibraryIsNotBound)
+TEST_F(Loader, NonLibraryIsNotBound)
 {
     Write(ModuleFileName(Module::General), "no library at all\n");
     EXPECT_FALSE(ModuleLoad(Module::General, Folder()));
@@ -94,7 +94,7 @@ TEST_F(Loader, EmptyFileIsNotBound)
     EXPECT_FALSE(ModuleLoad(Module::General, Folder()));
 }
 
-TEST_F(Loader, LibraryOfWhichTheEndIsMissingIsNotBound)
+TEST_F(Loader, TruncatedLibraryIsNotBound)
 {
     QFile whole(QString::fromUtf8(TVGEN_FILE));
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
@@ -112,7 +112,7 @@ TEST_F(Loader, LibraryWithoutEntryIsNotBound)
     EXPECT_FALSE(ModuleIsBound(Module::General));
 }
 
-TEST_F(Loader, ModuleThatRefusesTheTableIsNotBound)
+TEST_F(Loader, ModuleThatRefusesTableIsNotBound)
 {
     Install(REFUSING_FILE, Module::General);
     EXPECT_FALSE(ModuleLoad(Module::General, Folder()));
@@ -120,7 +120,7 @@ TEST_F(Loader, ModuleThatRefusesTheTableIsNotBound)
     EXPECT_EQ(TvGen().GenSplitPath, nullptr);
 }
 
-TEST_F(Loader, ModuleThatLacksAnOperationIsNotBound)
+TEST_F(Loader, ModuleWithoutAllOperationsIsNotBound)
 {
     Install(UNFINISHED_FILE, Module::General);
     EXPECT_FALSE(ModuleLoad(Module::General, Folder()));
@@ -128,7 +128,7 @@ TEST_F(Loader, ModuleThatLacksAnOperationIsNotBound)
     EXPECT_EQ(TvGen().GenFileDateAndTime, nullptr);
 }
 
-TEST_F(Loader, FailedLoadLeavesInForceWhatWasBound)
+TEST_F(Loader, FailedLoadKeepsBoundModule)
 {
     Install(TVGEN_FILE, Module::General);
     ASSERT_TRUE(ModuleLoad(Module::General, Folder()));
@@ -139,7 +139,7 @@ TEST_F(Loader, FailedLoadLeavesInForceWhatWasBound)
     EXPECT_EQ(TvGen().GenSplitPath("/a/b", part, part, part, part, sizeof part), 0);
 }
 
-TEST_F(Loader, ReadsTheVersionOfAModuleWithoutLoadingIt)
+TEST_F(Loader, ReadsModuleVersionWithoutLoading)
 {
     const std::optional<FileVersion> version = ReadFileVersion(QString::fromUtf8(TVFIO_FILE));
     ASSERT_TRUE(version.has_value());
@@ -148,14 +148,14 @@ TEST_F(Loader, ReadsTheVersionOfAModuleWithoutLoadingIt)
     EXPECT_FALSE(ModuleIsBound(Module::ListStore));
 }
 
-TEST_F(Loader, TellsTheFourNumbersOfAFileVersionInOrder)
+TEST_F(Loader, FileVersionListsFourNumbersInOrder)
 {
     const std::optional<FileVersion> version = ReadFileVersion(QString::fromUtf8(REFUSING_FILE));
     ASSERT_TRUE(version.has_value());
     EXPECT_EQ(version->File, QStringLiteral("1.20.300.4000"));
 }
 
-TEST_F(Loader, FileWithAZeroVersionHasOne)
+TEST_F(Loader, ZeroVersionIsAVersion)
 {
     const std::optional<FileVersion> version = ReadFileVersion(QString::fromUtf8(WITHOUT_ENTRY_FILE));
     ASSERT_TRUE(version.has_value());
@@ -170,7 +170,7 @@ TEST_F(Loader, FileWithoutVersionRecordHasNone)
     EXPECT_FALSE(ReadFileVersion(Folder() + QStringLiteral("missing")).has_value());
 }
 
-TEST_F(Loader, VersionRecordThatIsCutOffIsNone)
+TEST_F(Loader, TruncatedVersionRecordIsIgnored)
 {
     const TvVersionRecord record = TV_VERSION_RECORD(1, 2, 3, 4);
     const QByteArray bytes(reinterpret_cast<const char*>(&record), sizeof record);

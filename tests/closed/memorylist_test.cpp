@@ -8,7 +8,7 @@ namespace {
 
 class MemoryStore : public StoreTest {
 protected:
-    /// Stores an entry at `index`; all but the given fields have their defaults.
+    /// Stores an entry at `index`; fields that are not given keep their defaults.
     void Put(
         int16_t index, int16_t number, double frequencyHz = 100e6, const char* description = "", int16_t status = 0)
     {
@@ -114,7 +114,7 @@ TEST_F(MemoryStore, Holds1024Entries)
     EXPECT_EQ(count, 1024);
 }
 
-TEST_F(MemoryStore, ClearLeavesNothingBehind)
+TEST_F(MemoryStore, ClearRemovesEverything)
 {
     EXPECT_EQ(Call(fio.MemoryListSetName, "Name"), FioStatus::Ok);
     EXPECT_EQ(Call(fio.MemoryListSetDescription, "Words"), FioStatus::Ok);
@@ -126,7 +126,7 @@ TEST_F(MemoryStore, ClearLeavesNothingBehind)
     EXPECT_EQ(GetDouble(fio.MemoryGetFrequency, 5), 100e6);
 }
 
-TEST_F(MemoryStore, DefaultsOfAnUnusedEntryPassAllChecks)
+TEST_F(MemoryStore, DefaultsOfUnusedEntryPassAllChecks)
 {
     EXPECT_FALSE(IsUsed(9));
     const int16_t demodulation = GetShort(fio.MemoryGetDemodulation, 9);
@@ -136,7 +136,7 @@ TEST_F(MemoryStore, DefaultsOfAnUnusedEntryPassAllChecks)
         fio.CheckIfPanSpanAndIfPanStep(GetShort(fio.MemoryGetFrequencySpan, 9), GetShort(fio.MemoryGetDfStep, 9)), 0);
 }
 
-TEST_F(MemoryStore, DefaultsOfAnUnusedEntryLieInsideTheLimits)
+TEST_F(MemoryStore, DefaultsOfUnusedEntryAreWithinLimits)
 {
     double low = 0;
     double high = 0;
@@ -150,13 +150,13 @@ TEST_F(MemoryStore, DefaultsOfAnUnusedEntryLieInsideTheLimits)
     EXPECT_LE(GetDouble(fio.MemoryGetFrequency, 0), high);
 }
 
-TEST_F(MemoryStore, CommittedEntryGivesBackEveryField)
+TEST_F(MemoryStore, CommittedEntryRoundTrips)
 {
     PutEntryWithEveryField(1023);
     ExpectEntryWithEveryField(1023);
 }
 
-TEST_F(MemoryStore, FieldsOfOneEntryDoNotSlipIntoTheNext)
+TEST_F(MemoryStore, FieldsDoNotLeakIntoNextEntry)
 {
     PutEntryWithEveryField(0);
     EXPECT_EQ(Call(fio.MemorySetData, 1), FioStatus::Ok);
@@ -165,7 +165,7 @@ TEST_F(MemoryStore, FieldsOfOneEntryDoNotSlipIntoTheNext)
     EXPECT_EQ(Number(1), 1);
 }
 
-TEST_F(MemoryStore, RefusesIndexesOutsideTheList)
+TEST_F(MemoryStore, RefusesIndexesOutsideList)
 {
     int16_t used = 0;
     EXPECT_EQ(Call(fio.MemorySetData, -1), FioStatus::MemoryIndex);
@@ -191,7 +191,7 @@ TEST_F(MemoryStore, RefusesCodesOutsideTheirTables)
     EXPECT_EQ(Call(fio.MemorySetReserved1, 33), FioStatus::MemoryDfBandwidth);
 }
 
-TEST_F(MemoryStore, RefusesValuesThatAreNoNumbers)
+TEST_F(MemoryStore, RefusesNonFiniteValues)
 {
     EXPECT_EQ(Call(fio.MemorySetFrequency, kNaN), FioStatus::MemoryFrequency);
     EXPECT_EQ(Call(fio.MemorySetSquelchLevel, kInfinity), FioStatus::MemorySquelchLevel);
@@ -199,13 +199,13 @@ TEST_F(MemoryStore, RefusesValuesThatAreNoNumbers)
     EXPECT_EQ(Call(fio.MemorySetDfMeasurementTime, kNaN), FioStatus::MemoryDfMeasurementTime);
 }
 
-TEST_F(MemoryStore, KeepsAFrequencyOutsideTheLimitsWhichTheEditorsClamp)
+TEST_F(MemoryStore, KeepsFrequencyOutsideLimits)
 {
     Put(0, 0, 1.0);
     EXPECT_EQ(GetDouble(fio.MemoryGetFrequency, 0), 1.0);
 }
 
-TEST_F(MemoryStore, RefusesTextsThatDoNotFit)
+TEST_F(MemoryStore, RefusesTooLongTexts)
 {
     EXPECT_EQ(Call(fio.MemoryListSetName, "123456789012345678901234567890123"), FioStatus::ListNameTooLong);
     EXPECT_EQ(Call(fio.MemoryListSetName, "two\nlines"), FioStatus::ListNameCharacters);
@@ -217,7 +217,7 @@ TEST_F(MemoryStore, RefusesTextsThatDoNotFit)
     EXPECT_EQ(Call(fio.MemorySetDescription, nullptr), FioStatus::MissingArgument);
 }
 
-TEST_F(MemoryStore, CutsATextToTheBufferAndSaysSo)
+TEST_F(MemoryStore, TruncatesTextToBufferAndReportsIt)
 {
     EXPECT_EQ(Call(fio.MemoryListSetName, "Airband"), FioStatus::Ok);
     char text[5] = "";
@@ -227,7 +227,7 @@ TEST_F(MemoryStore, CutsATextToTheBufferAndSaysSo)
     EXPECT_EQ(Call(fio.MemoryListGetName, nullptr, 5), FioStatus::MissingArgument);
 }
 
-TEST_F(MemoryStore, RefusedFieldLeavesTheStagingRecordAsItWas)
+TEST_F(MemoryStore, RefusedFieldKeepsStagingRecord)
 {
     EXPECT_EQ(Call(fio.MemorySetBandWidth, 3), FioStatus::Ok);
     EXPECT_EQ(Call(fio.MemorySetBandWidth, 99), FioStatus::MemoryBandwidth);
@@ -237,13 +237,13 @@ TEST_F(MemoryStore, RefusedFieldLeavesTheStagingRecordAsItWas)
 
 // Numbers of unused places.
 
-TEST_F(MemoryStore, UnusedPlacesOfAnEmptyListAnswerTheirIndex)
+TEST_F(MemoryStore, UnusedPlacesOfEmptyListHaveTheirIndexAsNumber)
 {
     for (int16_t i = 0; i < 1024; ++i)
         ASSERT_EQ(Number(i), i);
 }
 
-TEST_F(MemoryStore, UnusedPlaceWhoseNumberIsTakenAnswersOneLeftOver)
+TEST_F(MemoryStore, UnusedPlaceWithTakenNumberGetsSpareNumber)
 {
     Put(0, 7);
     Put(1, 5);
@@ -261,7 +261,7 @@ TEST_F(MemoryStore, NumbersStayDistinctAfterSorting)
     EXPECT_TRUE(AllNumbersDiffer());
 }
 
-TEST_F(MemoryStore, NumbersStayDistinctWhenTheListIsReversed)
+TEST_F(MemoryStore, NumbersStayDistinctAfterReversing)
 {
     for (int16_t i = 0; i < 1024; i += 2)
         Put(i, static_cast<int16_t>(1023 - i));
@@ -278,7 +278,7 @@ TEST_F(MemoryStore, NumbersStayDistinctAfterLoading)
     EXPECT_TRUE(AllNumbersDiffer());
 }
 
-TEST_F(MemoryStore, AcceptsTwoEntriesWithTheSameNumber)
+TEST_F(MemoryStore, AcceptsDuplicateNumbers)
 {
     Put(0, 4);
     Put(1, 4);
@@ -309,7 +309,7 @@ TEST_F(MemoryStore, SortsByNumberUpAndDown)
     EXPECT_EQ(Numbers(3), (std::vector<int>{ 3, 2, 1 }));
 }
 
-TEST_F(MemoryStore, SortsByFrequencyUpAndDownKeepingEqualOnesInOrder)
+TEST_F(MemoryStore, SortByFrequencyUpAndDownIsStable)
 {
     Put(1, 1, 200e6);
     Put(2, 2, 100e6);
@@ -320,11 +320,11 @@ TEST_F(MemoryStore, SortsByFrequencyUpAndDownKeepingEqualOnesInOrder)
     EXPECT_EQ(Numbers(3), (std::vector<int>{ 1, 3, 2 }));
 }
 
-TEST_F(MemoryStore, EqualEntriesOfALongListStayInOrderByEveryKey)
+TEST_F(MemoryStore, SortIsStableByEveryKey)
 {
     constexpr int16_t kEntries = 1024;
     for (int16_t i = 0; i < kEntries; ++i) {
-        EXPECT_EQ(Call(fio.MemorySetAntennaNumber, i), FioStatus::Ok); // tells the equal ones apart
+        EXPECT_EQ(Call(fio.MemorySetAntennaNumber, i), FioStatus::Ok); // identifies equal entries
         Put(i, 7);
     }
     for (int16_t key = 0; key <= 6; ++key) {
@@ -334,10 +334,10 @@ TEST_F(MemoryStore, EqualEntriesOfALongListStayInOrderByEveryKey)
     }
 }
 
-TEST_F(MemoryStore, SortsByDescriptionWithoutRegardToCase)
+TEST_F(MemoryStore, SortByDescriptionIgnoresCase)
 {
     Put(0, 0, 1e6, "tower");
-    Put(1, 1, 1e6, "\xC9tat"); // E acute, large and small, are one letter
+    Put(1, 1, 1e6, "\xC9tat"); // E acute: upper and lower case compare equal
     Put(2, 2, 1e6, "\xE9tat");
     Put(3, 3, 1e6, "Approach");
     EXPECT_EQ(Call(fio.MemoryListSort, 5), FioStatus::Ok);
@@ -355,7 +355,7 @@ TEST_F(MemoryStore, SortKeepsNameAndDescription)
     EXPECT_EQ(GetText(fio.MemoryListGetDescription), "D");
 }
 
-TEST_F(MemoryStore, RefusesAnUnknownSortKeyAndLeavesTheOrder)
+TEST_F(MemoryStore, UnknownSortKeyKeepsOrder)
 {
     Put(3, 8);
     EXPECT_EQ(Call(fio.MemoryListSort, 7), FioStatus::SortKeyUnknown);
@@ -365,7 +365,7 @@ TEST_F(MemoryStore, RefusesAnUnknownSortKeyAndLeavesTheOrder)
 
 // Files.
 
-TEST_F(MemoryStore, SavedListReadsBackWhole)
+TEST_F(MemoryStore, SavedListRoundTrips)
 {
     EXPECT_EQ(Call(fio.MemoryListSetName, "Airband"), FioStatus::Ok);
     EXPECT_EQ(Call(fio.MemoryListSetDescription, "118 \x96 137 MHz"), FioStatus::Ok);
@@ -381,7 +381,7 @@ TEST_F(MemoryStore, SavedListReadsBackWhole)
     ExpectEntryWithEveryField(1023);
 }
 
-TEST_F(MemoryStore, SavesAListWithoutEntries)
+TEST_F(MemoryStore, SavesListWithoutEntries)
 {
     EXPECT_EQ(Call(fio.MemoryListSetName, "Empty"), FioStatus::Ok);
     ASSERT_EQ(Call(fio.MemoryListSaveFile, Path().c_str()), FioStatus::Ok);
@@ -391,7 +391,7 @@ TEST_F(MemoryStore, SavesAListWithoutEntries)
     EXPECT_FALSE(IsUsed(0));
 }
 
-TEST_F(MemoryStore, LoadReplacesTheWholeCurrentList)
+TEST_F(MemoryStore, LoadReplacesCurrentList)
 {
     Put(1, 1);
     ASSERT_EQ(Call(fio.MemoryListSaveFile, Path().c_str()), FioStatus::Ok);
@@ -415,7 +415,7 @@ TEST_F(MemoryStore, NameInsideAFileChangesInPlace)
     ExpectEntryWithEveryField(4);
 }
 
-TEST_F(MemoryStore, FailedLoadLeavesAnEmptyListAndTellsWhy)
+TEST_F(MemoryStore, FailedLoadLeavesEmptyListAndText)
 {
     Put(1, 1);
     EXPECT_EQ(Call(fio.MemoryListLoadFile, Path("nowhere").c_str()), FioStatus::FileOpen);

@@ -77,7 +77,7 @@ void FillSample(CorrectionSet& set)
     header.AntennaCode = 3;
     header.StartFrequencyHz = 1e6;
     header.StopFrequencyHz = 30e6;
-    (void)set.TakeHeader(header);
+    (void)set.SetHeader(header);
     set.Kfactor = { { 1e6, 1.5, 2.5 }, { 30e6, 3.5, 4.5 } };
     set.Omniphase = { { 1e6, -180 }, { 30e6, 180 } };
     set.Azimuth = { { 1e6, { 12, -5.5, 360 } }, { 30e6, {} } };

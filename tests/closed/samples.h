@@ -1,4 +1,4 @@
-// tests/closed/samples.h: small lists with every field set, for tests and as seeds of the fuzz targets.
+// tests/closed/samples.h: small lists with every field set, for tests and as seeds for the fuzz targets.
 #pragma once
 
 #include "closed/tvfio/antennalist.h"
@@ -9,14 +9,14 @@
 
 namespace tvfio {
 
-/// Each puts a few records into an empty list.
+/// Each fills an empty list with a few records.
 void FillSample(AntennaList& list);
 void FillSample(KfactorTable& table);
 void FillSample(MemoryList& list);
 void FillSample(SuppressList& list);
 void FillSample(CorrectionSet& set);
 
-/// The bytes of a file with the sample of a family.
+/// The file of a family's sample list.
 template <typename List>
 Bytes SampleFile()
 {
@@ -25,7 +25,7 @@ Bytes SampleFile()
     return list.Encode();
 }
 
-/// The bytes of a file without a record.
+/// The file of an empty list.
 template <typename List>
 Bytes EmptyFile()
 {
@@ -33,7 +33,7 @@ Bytes EmptyFile()
     return list.Encode();
 }
 
-/// Puts the length and the check sum into the header that the bytes behind it ask for.
+/// Updates the length and the checksum in the header.
 void RepairHeader(Bytes& file);
 
 } // namespace tvfio

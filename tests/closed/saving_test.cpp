@@ -1,4 +1,4 @@
-// Saving replaces a file whole or not at all, whatever fails and whoever else is at work.
+// Saving is atomic, whatever fails and whatever other processes do.
 #include "closed/files/files.h"
 #include "tests/closed/failingfilesystem.h"
 #include "tests/closed/samples.h"
@@ -43,8 +43,8 @@ protected:
         return status.st_mode & 07777;
     }
 
-    /// The file that a save which was killed leaves beside `path`.
-    static std::string LeftOver(const std::string& path)
+    /// The temporary file of `path` that a killed save leaves.
+    static std::string Leftover(const std::string& path)
     {
         return TemporaryPath(path);
     }
@@ -58,7 +58,7 @@ using Names = std::vector<std::string>;
 
 } // namespace
 
-TEST_F(Saving, WritesAllBytesUnderTheGivenNameOnly)
+TEST_F(Saving, WritesAllBytesToGivenNameOnly)
 {
     ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
     EXPECT_EQ(Contents(Path("list")), sample);
@@ -73,7 +73,7 @@ TEST_F(Saving, ReplacesAnOlderFile)
     EXPECT_EQ(FolderNames(), (Names{ "list" }));
 }
 
-TEST_F(Saving, DiskThatFillsUpAtAnyByteLeavesTheOldFile)
+TEST_F(Saving, DiskFullAtAnyByteKeepsOldFile)
 {
     Store(Path("list"), old);
     for (size_t bytes = 0; bytes < sample.size(); ++bytes) {
@@ -87,7 +87,7 @@ TEST_F(Saving, DiskThatFillsUpAtAnyByteLeavesTheOldFile)
         "The file cannot be written; what was there before is unchanged. The medium is full.");
 }
 
-TEST_F(Saving, DiskThatTakesAFewBytesAtATimeGetsThemAll)
+TEST_F(Saving, ShortWritesAreContinued)
 {
     FailingFileSystem disk;
     disk.MaxChunk = 7;
@@ -95,7 +95,7 @@ TEST_F(Saving, DiskThatTakesAFewBytesAtATimeGetsThemAll)
     EXPECT_EQ(Contents(Path("list")), sample);
 }
 
-TEST_F(Saving, FlushThatFailsLeavesTheOldFile)
+TEST_F(Saving, FailedFlushKeepsOldFile)
 {
     Store(Path("list"), old);
     FailingFileSystem disk;
@@ -105,7 +105,7 @@ TEST_F(Saving, FlushThatFailsLeavesTheOldFile)
     EXPECT_EQ(FolderNames(), (Names{ "list" }));
 }
 
-TEST_F(Saving, RenameThatFailsLeavesTheOldFile)
+TEST_F(Saving, FailedRenameKeepsOldFile)
 {
     Store(Path("list"), old);
     FailingFileSystem disk;
@@ -115,7 +115,7 @@ TEST_F(Saving, RenameThatFailsLeavesTheOldFile)
     EXPECT_EQ(FolderNames(), (Names{ "list" }));
 }
 
-TEST_F(Saving, FileThatCannotBeMadeLeavesTheOldFile)
+TEST_F(Saving, FailedCreateKeepsOldFile)
 {
     Store(Path("list"), old);
     FailingFileSystem disk;
@@ -125,7 +125,7 @@ TEST_F(Saving, FileThatCannotBeMadeLeavesTheOldFile)
     EXPECT_EQ(GetText(fio.GetExceptionStringTV), "No file can be made in this folder. The medium is read-only.");
 }
 
-TEST_F(Saving, TheOldFileIsWholeUntilTheNewOneIsOnTheDisk)
+TEST_F(Saving, OldFileIsWholeUntilNewOneIsFlushed)
 {
     Store(Path("list"), old);
     FailingFileSystem disk;
@@ -142,7 +142,7 @@ TEST_F(Saving, FailedSaveKeepsTheCurrentList)
     EXPECT_EQ(MemoryList::Current().Encode(), sample);
 }
 
-TEST_F(Saving, EveryFamilySavesThisWay)
+TEST_F(Saving, EveryFamilySavesAtomically)
 {
     FailingFileSystem disk;
     disk.BytesLeft = 0;
@@ -154,9 +154,9 @@ TEST_F(Saving, EveryFamilySavesThisWay)
     EXPECT_TRUE(FolderNames().empty());
 }
 
-// What a killed save leaves, and what others do meanwhile.
+// Leftovers of killed saves, and other processes.
 
-TEST_F(Saving, KilledSaveLeavesTheOldFileAndTheNextSaveClearsTheRest)
+TEST_F(Saving, KilledSaveKeepsOldFileAndNextSaveRemovesLeftover)
 {
     Store(Path("list"), old);
     const pid_t child = ::fork();
@@ -177,26 +177,26 @@ TEST_F(Saving, KilledSaveLeavesTheOldFileAndTheNextSaveClearsTheRest)
     EXPECT_EQ(FolderNames(), (Names{ "list" }));
 }
 
-TEST_F(Saving, LeftOverThatMayNotBeWrittenIsClearedToo)
+TEST_F(Saving, RemovesWriteProtectedLeftover)
 {
-    Store(LeftOver(Path("list")), old);
-    ASSERT_EQ(::chmod(LeftOver(Path("list")).c_str(), 0), 0);
+    Store(Leftover(Path("list")), old);
+    ASSERT_EQ(::chmod(Leftover(Path("list")).c_str(), 0), 0);
     ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
     EXPECT_EQ(FolderNames(), (Names{ "list" }));
 }
 
-TEST_F(Saving, LinkInThePlaceOfTheLeftOverIsNotFollowed)
+TEST_F(Saving, DoesNotFollowLinkAtTemporaryPath)
 {
     Store(Path("victim"), old);
-    ASSERT_EQ(::symlink(Path("victim").c_str(), LeftOver(Path("list")).c_str()), 0);
+    ASSERT_EQ(::symlink(Path("victim").c_str(), Leftover(Path("list")).c_str()), 0);
     ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
     EXPECT_EQ(Contents(Path("victim")), old);
     EXPECT_EQ(FolderNames(), (Names{ "list", "victim" }));
 }
 
-TEST_F(Saving, WaitsForAnotherProcessThatSavesTheSameFile)
+TEST_F(Saving, WaitsForProcessSavingSameFile)
 {
-    const std::string busy = LeftOver(Path("list"));
+    const std::string busy = Leftover(Path("list"));
     Store(busy, old);
     int other = ::open(busy.c_str(), O_RDWR | O_CLOEXEC);
     ASSERT_EQ(::flock(other, LOCK_EX), 0);
@@ -210,9 +210,9 @@ TEST_F(Saving, WaitsForAnotherProcessThatSavesTheSameFile)
     EXPECT_EQ(Contents(Path("list")), sample);
 }
 
-TEST_F(Saving, GivesUpWhenTheOtherProcessNeverEnds)
+TEST_F(Saving, GivesUpIfOtherProcessNeverEnds)
 {
-    const std::string busy = LeftOver(Path("list"));
+    const std::string busy = Leftover(Path("list"));
     Store(busy, old);
     const int other = ::open(busy.c_str(), O_RDWR | O_CLOEXEC);
     ASSERT_EQ(::flock(other, LOCK_EX), 0);
@@ -222,7 +222,7 @@ TEST_F(Saving, GivesUpWhenTheOtherProcessNeverEnds)
     EXPECT_EQ(Contents(busy), old);
 }
 
-TEST_F(Saving, TwoProcessesAtOnceLeaveOneOfTheirFilesWhole)
+TEST_F(Saving, ConcurrentSavesLeaveOneWholeFile)
 {
     constexpr int kSaves = 60;
     const FileBytes other = EmptyFile<MemoryList>();
@@ -249,7 +249,7 @@ TEST_F(Saving, TwoProcessesAtOnceLeaveOneOfTheirFilesWhole)
 
 // Targets.
 
-TEST_F(Saving, KeepsThePermissionsOfTheOldFile)
+TEST_F(Saving, KeepsPermissionsOfOldFile)
 {
     Store(Path("list"), old);
     ASSERT_EQ(::chmod(Path("list").c_str(), 0640), 0);
@@ -257,7 +257,7 @@ TEST_F(Saving, KeepsThePermissionsOfTheOldFile)
     EXPECT_EQ(Mode(Path("list")), 0640U);
 }
 
-TEST_F(Saving, NewFileFollowsTheUsersMask)
+TEST_F(Saving, NewFileHonoursUmask)
 {
     const mode_t before = ::umask(027);
     EXPECT_EQ(Save(Path("list")), FioStatus::Ok);
@@ -265,7 +265,7 @@ TEST_F(Saving, NewFileFollowsTheUsersMask)
     EXPECT_EQ(Mode(Path("list")), 0640U);
 }
 
-TEST_F(Saving, SavesIntoTheFileBehindALink)
+TEST_F(Saving, SavesToTargetOfLink)
 {
     Store(Path("real"), old);
     ASSERT_EQ(::symlink("real", Path("list").c_str()), 0);
@@ -276,7 +276,7 @@ TEST_F(Saving, SavesIntoTheFileBehindALink)
     EXPECT_TRUE(S_ISLNK(status.st_mode));
 }
 
-TEST_F(Saving, RefusesALinkThatLeadsNowhere)
+TEST_F(Saving, RefusesDanglingLink)
 {
     ASSERT_EQ(::symlink("gone", Path("list").c_str()), 0);
     EXPECT_EQ(Save(Path("list")), FioStatus::FileCreate);
@@ -285,7 +285,7 @@ TEST_F(Saving, RefusesALinkThatLeadsNowhere)
     EXPECT_TRUE(S_ISLNK(status.st_mode));
 }
 
-TEST_F(Saving, RefusesAWriteProtectedFile)
+TEST_F(Saving, RefusesWriteProtectedFile)
 {
     Store(Path("list"), old);
     ASSERT_EQ(::chmod(Path("list").c_str(), 0444), 0);
@@ -293,7 +293,7 @@ TEST_F(Saving, RefusesAWriteProtectedFile)
     EXPECT_EQ(Contents(Path("list")), old);
 }
 
-TEST_F(Saving, RefusesAFolderAndWhatIsNoOrdinaryFile)
+TEST_F(Saving, RefusesFolderAndSpecialFile)
 {
     EXPECT_EQ(Save(Path("")), FioStatus::PathIsFolder);
     ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
@@ -302,14 +302,14 @@ TEST_F(Saving, RefusesAFolderAndWhatIsNoOrdinaryFile)
         "The old file cannot be replaced; it is unchanged. It is not an ordinary file.");
 }
 
-TEST_F(Saving, RefusesAFolderThatIsNotThere)
+TEST_F(Saving, RefusesMissingFolder)
 {
     EXPECT_EQ(Save(Path("nowhere/list")), FioStatus::FileCreate);
     EXPECT_EQ(
         GetText(fio.GetExceptionStringTV), "No file can be made in this folder. There is no such file or folder.");
 }
 
-TEST_F(Saving, RefusesAnEmptyOrMissingPath)
+TEST_F(Saving, RefusesEmptyOrMissingPath)
 {
     EXPECT_EQ(Save(""), FioStatus::PathEmpty);
     EXPECT_EQ(Call(fio.MemoryListSaveFile, nullptr), FioStatus::MissingArgument);
@@ -317,7 +317,7 @@ TEST_F(Saving, RefusesAnEmptyOrMissingPath)
     EXPECT_EQ(Call(fio.MemoryListLoadFile, nullptr), FioStatus::MissingArgument);
 }
 
-TEST_F(Saving, TakesNamesOfEveryScript)
+TEST_F(Saving, AcceptsNamesOfEveryScript)
 {
     const Text name = "\xD0\x9F\xD0\xBB\xD0\xB0\xD0\xBD \xCE\xB1\xCE\xB2 \xE5\x91\xA8\xE6\xB3\xA2.tvm";
     ASSERT_EQ(Save(Path(name)), FioStatus::Ok);
@@ -325,7 +325,7 @@ TEST_F(Saving, TakesNamesOfEveryScript)
     EXPECT_EQ(Load(Path(name)), FioStatus::Ok);
 }
 
-TEST_F(Saving, TakesTheLongestNameThatTheSystemTakes)
+TEST_F(Saving, AcceptsLongestNameOfTheSystem)
 {
     Text name;
     while (name.size() < 254)
@@ -335,7 +335,7 @@ TEST_F(Saving, TakesTheLongestNameThatTheSystemTakes)
     EXPECT_EQ(FolderNames(), (Names{ name }));
 }
 
-TEST_F(Saving, TakesANameWithoutFolder)
+TEST_F(Saving, AcceptsNameWithoutFolder)
 {
     const Text before = std::filesystem::current_path().string();
     ASSERT_EQ(::chdir(Path("").c_str()), 0);
@@ -345,7 +345,7 @@ TEST_F(Saving, TakesANameWithoutFolder)
     EXPECT_EQ(FolderNames(), (Names{ "list" }));
 }
 
-TEST_F(Saving, NamesTheNewFileAfterTheTargetAlone)
+TEST_F(Saving, TemporaryNameDependsOnTargetOnly)
 {
     EXPECT_EQ(TemporaryPath("/a/b.tvm"), "/a/.b.tvm.tvnew");
     EXPECT_EQ(TemporaryPath("b.tvm"), ".b.tvm.tvnew");
@@ -354,31 +354,31 @@ TEST_F(Saving, NamesTheNewFileAfterTheTargetAlone)
 
 // Reading.
 
-TEST_F(Saving, LoadRefusesAFolder)
+TEST_F(Saving, LoadRefusesFolder)
 {
     EXPECT_EQ(Load(Path("")), FioStatus::PathIsFolder);
 }
 
-TEST_F(Saving, LoadOfAPipeEndsAtOnce)
+TEST_F(Saving, LoadOfPipeReturnsAtOnce)
 {
     ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
     EXPECT_EQ(Load(Path("pipe")), FioStatus::FileOpen);
 }
 
-TEST_F(Saving, LoadRefusesAnEmptyFile)
+TEST_F(Saving, LoadRefusesEmptyFile)
 {
     Store(Path("list"), {});
     EXPECT_EQ(Load(Path("list")), FioStatus::FileTruncated);
 }
 
-TEST_F(Saving, LoadRefusesAFileThatIsFarTooLargeUnread)
+TEST_F(Saving, LoadRefusesHugeFileUnread)
 {
     Store(Path("list"), sample);
     ASSERT_EQ(::truncate(Path("list").c_str(), off_t{ 1 } << 40), 0);
     EXPECT_EQ(Load(Path("list")), FioStatus::FileTooLarge);
 }
 
-TEST_F(Saving, LoadedListStaysWhenItsFileIsGone)
+TEST_F(Saving, LoadedListSurvivesRemovalOfItsFile)
 {
     ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
     ASSERT_EQ(Load(Path("list")), FioStatus::Ok);

@@ -21,7 +21,7 @@ ScarceMemory::~ScarceMemory()
     smallestRefused = std::numeric_limits<size_t>::max();
 }
 
-// The other forms of `new` and `delete` end in these.
+// All other forms of `new` and `delete` call these.
 
 void* operator new(size_t bytes)
 {

@@ -1,9 +1,10 @@
-// tests/closed/scarcememory.h: memory that is not to be had.
+// tests/closed/scarcememory.h: simulated lack of memory.
 #pragma once
 
 #include <cstddef>
 
-/// While it lives, `new` gives no piece of so many bytes or more. In the program that links scarcememory.cpp.
+/// During its lifetime `new` fails for blocks of that many bytes or more. Works in programs that link
+/// scarcememory.cpp.
 class ScarceMemory {
 public:
     explicit ScarceMemory(size_t bytes);

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-// The channel's status words as the operations give them.
+// The channel's status words as the operations return them.
 inline constexpr int16_t kOk = TvScpiOk;
 inline constexpr int16_t kLinkFailed = TvScpiLinkFailed;
 inline constexpr int16_t kRefused = TvScpiRefused;
@@ -21,7 +21,7 @@ inline constexpr int16_t kLocalFile = TvScpiLocalFile;
 inline constexpr const char* kNoError = "0,\"No error\"\n";
 inline constexpr const char* kIdentification = "TARVIK,TR-100,123456,4.3";
 
-/// Calls an operation whose first argument is the status word, and gives that.
+/// Calls an operation whose first argument is the status word, and returns the status.
 template <typename Result, typename... Parameters>
 int16_t Call(Result (*operation)(int16_t*, Parameters...), std::type_identity_t<Parameters>... arguments)
 {
@@ -30,7 +30,7 @@ int16_t Call(Result (*operation)(int16_t*, Parameters...), std::type_identity_t<
     return status;
 }
 
-/// A block as it stands in a stream, without a line end.
+/// A block as it appears in a stream, without a line end.
 std::string Block(const std::string& bytes);
 
 /// The request of an exchange.
@@ -39,7 +39,7 @@ inline std::string Exchange(const std::string& command)
     return "*CLS\n" + command + "\nSYST:ERR?\n";
 }
 
-/// An operation on files with its word on the wire.
+/// A file operation and its command on the wire.
 template <typename Operation>
 struct Worded {
     Operation Call;
@@ -51,7 +51,7 @@ protected:
     ScpiTest();
     ~ScpiTest() override;
 
-    /// The full UTF-8 path of `name` in a folder of this test's own.
+    /// The full UTF-8 path of `name` in a temporary folder.
     [[nodiscard]] std::string Path(const std::string& name = "target") const;
     static std::string Contents(const std::string& path);
     static void Store(const std::string& path, const std::string& bytes);
@@ -63,21 +63,21 @@ private:
     QTemporaryDir folder_;
 };
 
-/// Connected to an instrument whose answers the test has written down.
+/// Connected to an instrument with scripted answers.
 class ScriptedScpiTest : public ScpiTest {
 protected:
     ScriptedScpiTest();
 
-    /// Connects anew, with an empty script.
+    /// Reconnects with an empty script.
     void Connect();
 
-    /// Prepares the answer of the next exchange.
+    /// Queues the answer to the next exchange.
     void Answer(const std::string& bytes)
     {
         script.Answers.push_back(bytes);
     }
 
-    /// What was sent since the last call.
+    /// What has been sent since the last call.
     std::string TakeSent()
     {
         return std::exchange(script.Sent, {});

@@ -16,7 +16,7 @@ constexpr const char* kNoError = "0,\"No error\"\n";
 void Require(bool condition)
 {
     if (!condition)
-        std::abort(); // the machine lends no sockets
+        std::abort(); // the machine has no sockets
 }
 
 int OpenListener(uint16_t& port)
@@ -33,7 +33,7 @@ int OpenListener(uint16_t& port)
     return listener;
 }
 
-/// Waits for the socket or the wake-up. False when the thread shall end.
+/// Waits for the socket or the wake-up. False if the thread must end.
 bool WaitFor(int socket, int wake, int timeoutMs)
 {
     std::array<pollfd, 2> entries{ { { socket, POLLIN, 0 }, { wake, POLLIN, 0 } } };
@@ -61,7 +61,7 @@ ScpiServer::~ScpiServer()
     {
         const std::lock_guard lock(mutex_);
         if (client_ >= 0)
-            (void)::shutdown(client_, SHUT_RDWR); // a send to a client that does not read
+            (void)::shutdown(client_, SHUT_RDWR); // unblocks a send to a client that does not read
     }
     thread_.join();
     for (const int descriptor : { listener_, wake_[0], wake_[1] })
@@ -122,7 +122,7 @@ void ScpiServer::Talk(int client)
     }
 }
 
-/// False when the connection shall end.
+/// False if the connection must be closed.
 bool ScpiServer::SendReply(int client)
 {
     Reply reply{ kNoError };
@@ -143,15 +143,15 @@ bool ScpiServer::SendReply(int client)
     switch (reply.Then) {
     case Afterwards::Drops:
         return false;
-    case Afterwards::GoesDeaf:
+    case Afterwards::StopsReading:
         (void)WaitFor(-1, wake_[0], -1);
         return false;
     case Afterwards::Trickles:
         while (!IsClosedByClient(client) && WaitFor(-1, wake_[0], kTrickleMs)
             && ::send(client, "x", 1, MSG_NOSIGNAL) == 1) { }
         return false;
-    case Afterwards::HangsUpOnTheNext:
-        // The end of sending is told before the rest is refused: a client's next send could end its process.
+    case Afterwards::ClosesOnNextRequest:
+        // Shut down sending first: otherwise the client's next send could end its process.
         (void)WaitFor(client, wake_[0], -1);
         (void)::shutdown(client, SHUT_WR);
         return false;

@@ -1,5 +1,4 @@
-// tests/closed/scpiserver.h: an instrument on a real socket that answers what a test tells it to, as far as the test
-// lets it.
+// tests/closed/scpiserver.h: an instrument on a real socket with scripted answers and faults.
 #pragma once
 
 #include <cstdint>
@@ -8,18 +7,18 @@
 #include <string>
 #include <thread>
 
-/// What the server does when it has sent as much of an answer as it may.
+/// What the server does after the allowed part of an answer.
 enum class Afterwards {
-    GoesOn,
+    Continues,
     Drops, ///< closes the connection
-    Stalls, ///< keeps the connection and says no more
-    GoesDeaf, ///< the same, and reads no more either
-    Trickles, ///< sends one byte a millisecond for ever
-    HangsUpOnTheNext, ///< closes the connection when the next request has begun, with most of it unread
+    Stalls, ///< keeps the connection but sends nothing more
+    StopsReading, ///< as Stalls, and stops reading
+    Trickles, ///< sends one byte per millisecond for ever
+    ClosesOnNextRequest, ///< closes the connection once the next request has started, with most of it unread
 };
 
-/// Serves one client at a time on 127.0.0.1, in a thread of its own. The identification and the question for errors end
-/// a request. Without a prepared answer it says that there is no error.
+/// Serves one client at a time on 127.0.0.1, in its own thread. A request ends with the identification or error
+/// query. Without a queued answer it reports no error.
 class ScpiServer {
 public:
     ScpiServer();
@@ -27,25 +26,25 @@ public:
     ScpiServer(const ScpiServer&) = delete;
     ScpiServer& operator=(const ScpiServer&) = delete;
 
-    /// The port as the connect operation takes it.
+    /// The port in the form that the connect operation takes.
     [[nodiscard]] int16_t Port() const
     {
         return static_cast<int16_t>(port_);
     }
 
-    /// Prepares the answer of the next request, of which no more than `most` bytes are sent.
-    void Answer(const std::string& bytes, Afterwards afterwards = Afterwards::GoesOn, size_t most = SIZE_MAX);
+    /// Queues the answer to the next request, of which at most `most` bytes are sent.
+    void Answer(const std::string& bytes, Afterwards afterwards = Afterwards::Continues, size_t most = SIZE_MAX);
 
-    /// Drops what was prepared and forgets what was received.
+    /// Drops queued answers and received requests.
     void Clear();
 
-    /// All that clients have sent.
+    /// Everything that clients have sent.
     [[nodiscard]] std::string Received() const;
 
 private:
     struct Reply {
         std::string Bytes;
-        Afterwards Then = Afterwards::GoesOn;
+        Afterwards Then = Afterwards::Continues;
     };
 
     void Serve();
@@ -58,9 +57,9 @@ private:
     std::deque<Reply> replies_;
     std::string received_;
     int client_ = -1;
-    int wake_[2] = { -1, -1 }; ///< a byte in it ends the thread
+    int wake_[2] = { -1, -1 }; ///< writing a byte ends the thread
     std::thread thread_;
 };
 
-/// A port of 127.0.0.1 on which nobody listens.
+/// A port of 127.0.0.1 without a listener.
 int16_t SilentPort();

@@ -1,4 +1,4 @@
-// tests/closed/scriptedwire.h: a connection whose other end is a list of answers.
+// tests/closed/scriptedwire.h: a connection whose peer is a list of answers.
 #pragma once
 
 #include "closed/tvscpi/wire.h"
@@ -9,18 +9,18 @@
 
 namespace tvscpi {
 
-/// What a test shares with its wire, which belongs to the channel.
+/// State shared between a test and its wire, which the channel owns.
 struct WireScript {
-    std::deque<std::string> Answers; ///< each comes when a request has ended, in order
+    std::deque<std::string> Answers; ///< one arrives after each complete request, in order
     std::string Sent;
-    size_t MaxPiece = SIZE_MAX; ///< most bytes that come at once
-    size_t SendLimit = SIZE_MAX; ///< bytes after which sending fails
+    size_t MaxPiece = SIZE_MAX; ///< maximum bytes per receive
+    size_t SendLimit = SIZE_MAX; ///< sending fails after this many bytes
     size_t Sends = 0;
     bool IsClosed = false; ///< by the instrument
-    std::string Arrived; ///< came and was not read yet
+    std::string Arrived; ///< received but not read yet
 };
 
-/// A request ends with the question for errors or for the identification. Nothing more coming is the end of the time.
+/// A request ends with the error query or the identification query. When no answer is left, the deadline passes.
 class ScriptedWire final : public Wire {
 public:
     explicit ScriptedWire(WireScript& script)

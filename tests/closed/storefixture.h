@@ -8,10 +8,10 @@
 #include <string>
 #include <type_traits>
 
-// A program that holds the store holds other types of such names; tests of the store hold no others.
+// Safe here: test programs of the store contain no other types of these names.
 using namespace tvfio;
 
-/// Calls an operation that has a status word and gives that status.
+/// Calls an operation that has a status word, and returns the status.
 template <typename... Parameters>
 FioStatus Call(void (*operation)(int16_t*, Parameters...), std::type_identity_t<Parameters>... arguments)
 {
@@ -20,7 +20,7 @@ FioStatus Call(void (*operation)(int16_t*, Parameters...), std::type_identity_t<
     return static_cast<FioStatus>(status);
 }
 
-/// What the getters store; another status than success fails the test.
+/// The values that the getters store; any status but success fails the test.
 inline double GetDouble(void (*operation)(int16_t*, int16_t, double*), int16_t index)
 {
     double value = -1;
@@ -49,7 +49,7 @@ inline std::string GetText(void (*operation)(int16_t*, int16_t, char*, int32_t),
     return text;
 }
 
-/// Every list of the store, empty.
+/// Clears every list of the store.
 void ClearStore();
 
 class StoreTest : public FolderTest {

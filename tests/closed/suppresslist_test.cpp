@@ -34,7 +34,7 @@ protected:
             GetDouble(fio.SuppressGetStopFrequency, index), GetText(fio.SuppressGetDescription, index) };
     }
 
-    /// The used ranges, which must stand in front.
+    /// The used ranges, which must be at the front.
     [[nodiscard]] std::vector<Range> Ranges() const
     {
         std::vector<Range> ranges;
@@ -59,20 +59,20 @@ TEST_F(SuppressStore, Holds100Ranges)
     EXPECT_EQ(count, 100);
 }
 
-TEST_F(SuppressStore, UnusedPlaceReadsAsAnEmptyRange)
+TEST_F(SuppressStore, UnusedPlaceReadsAsEmptyRange)
 {
     EXPECT_EQ(GetShort(fio.SuppressIsInUse, 50), 0);
     EXPECT_EQ(At(50), (Range{ 0, 0, 0, "" }));
 }
 
-TEST_F(SuppressStore, RefusesIndexesOutsideTheList)
+TEST_F(SuppressStore, RefusesIndexesOutsideList)
 {
     int16_t used = 0;
     EXPECT_EQ(Call(fio.SuppressSetData, 100), FioStatus::SuppressIndex);
     EXPECT_EQ(Call(fio.SuppressIsInUse, -1, &used), FioStatus::SuppressIndex);
 }
 
-TEST_F(SuppressStore, RefusesFieldsThatCannotBe)
+TEST_F(SuppressStore, RefusesInvalidFields)
 {
     EXPECT_EQ(Call(fio.SuppressSetInclude, 256), FioStatus::SuppressInclude);
     EXPECT_EQ(Call(fio.SuppressSetInclude, -1), FioStatus::SuppressInclude);
@@ -85,7 +85,7 @@ TEST_F(SuppressStore, RefusesFieldsThatCannotBe)
     EXPECT_EQ(Call(fio.SuppressSetDescription, "\n"), FioStatus::SuppressDescriptionCharacters);
 }
 
-TEST_F(SuppressStore, GapsAndTheUnknownIncludeWordSurviveASave)
+TEST_F(SuppressStore, GapsAndUnknownIncludeWordSurviveSaving)
 {
     EXPECT_EQ(Call(fio.SuppressListSetName, "Gaps"), FioStatus::Ok);
     Put(0, { 255, 1e6, 2e6, "a" });
@@ -99,7 +99,7 @@ TEST_F(SuppressStore, GapsAndTheUnknownIncludeWordSurviveASave)
     EXPECT_EQ(At(5), (Range{ 1, 4e6, 3e6, "b" }));
 }
 
-TEST_F(SuppressStore, SortsByStartThenStopKeepingEqualOnesInOrder)
+TEST_F(SuppressStore, SortByStartThenStopIsStable)
 {
     Put(9, { 1, 5e6, 9e6, "late" });
     Put(10, { 0, 5e6, 6e6, "first" });
@@ -111,7 +111,7 @@ TEST_F(SuppressStore, SortsByStartThenStopKeepingEqualOnesInOrder)
             { 1, 1e6, 2e6, "low" }, { 0, 5e6, 6e6, "first" }, { 1, 5e6, 6e6, "second" }, { 1, 5e6, 9e6, "late" } }));
 }
 
-TEST_F(SuppressStore, EqualRangesOfALongListStayInOrder)
+TEST_F(SuppressStore, SortOfLongListIsStable)
 {
     for (int16_t i = 0; i < 100; ++i)
         Put(i, { 1, 5e6, 6e6, std::to_string(i) });
@@ -120,7 +120,7 @@ TEST_F(SuppressStore, EqualRangesOfALongListStayInOrder)
         ASSERT_EQ(At(i).Description, std::to_string(i));
 }
 
-TEST_F(SuppressStore, SortLeavesAReversedRangeAsItIs)
+TEST_F(SuppressStore, SortKeepsReversedRange)
 {
     Put(0, { 1, 9e6, 3e6, "reversed" });
     EXPECT_EQ(Call(fio.SuppressListSort), FioStatus::Ok);
@@ -144,7 +144,7 @@ TEST_F(SuppressStore, MergesRangesThatTouch)
     EXPECT_EQ(Ranges(), (std::vector<Range>{ { 1, 1e6, 4e6, "named" } }));
 }
 
-TEST_F(SuppressStore, KeepsRangesApartThatOnlyComeNear)
+TEST_F(SuppressStore, DoesNotMergeNearbyRanges)
 {
     Put(0, { 1, 1e6, 2e6, "a" });
     Put(1, { 1, 2e6 + 1, 3e6, "b" });
@@ -152,7 +152,7 @@ TEST_F(SuppressStore, KeepsRangesApartThatOnlyComeNear)
     EXPECT_EQ(Ranges().size(), 2U);
 }
 
-TEST_F(SuppressStore, MergesARangeInsideAnother)
+TEST_F(SuppressStore, MergesNestedRanges)
 {
     Put(0, { 0, 1e6, 9e6, "outer" });
     Put(1, { 0, 2e6, 3e6, "inner" });
@@ -160,7 +160,7 @@ TEST_F(SuppressStore, MergesARangeInsideAnother)
     EXPECT_EQ(Ranges(), (std::vector<Range>{ { 0, 1e6, 9e6, "outer" } }));
 }
 
-TEST_F(SuppressStore, MergesOnlyRangesOfTheSameSettingAlsoAcrossOthers)
+TEST_F(SuppressStore, MergesRangesOfSameSettingAcrossOthers)
 {
     Put(0, { 1, 1e6, 5e6, "in 1" });
     Put(1, { 0, 2e6, 8e6, "out" });
@@ -169,7 +169,7 @@ TEST_F(SuppressStore, MergesOnlyRangesOfTheSameSettingAlsoAcrossOthers)
     EXPECT_EQ(Ranges(), (std::vector<Range>{ { 1, 1e6, 6e6, "in 1" }, { 0, 2e6, 8e6, "out" } }));
 }
 
-TEST_F(SuppressStore, MergedRangesAreInOrderAlsoWhenTheyGrew)
+TEST_F(SuppressStore, MergedRangesAreSorted)
 {
     Put(0, { 1, 1e6, 2e6, "in" });
     Put(1, { 0, 1e6, 5e6, "out" });
@@ -178,7 +178,7 @@ TEST_F(SuppressStore, MergedRangesAreInOrderAlsoWhenTheyGrew)
     EXPECT_EQ(Ranges(), (std::vector<Range>{ { 0, 1e6, 5e6, "out" }, { 1, 1e6, 9e6, "in" } }));
 }
 
-TEST_F(SuppressStore, MergeTurnsAReversedRange)
+TEST_F(SuppressStore, MergeSwapsReversedRange)
 {
     Put(0, { 1, 9e6, 3e6, "reversed" });
     Put(1, { 1, 1e6, 4e6, "" });
@@ -186,7 +186,7 @@ TEST_F(SuppressStore, MergeTurnsAReversedRange)
     EXPECT_EQ(Ranges(), (std::vector<Range>{ { 1, 1e6, 9e6, "reversed" } }));
 }
 
-TEST_F(SuppressStore, SortAndMergeLeaveNameAndDescription)
+TEST_F(SuppressStore, SortAndMergeKeepNameAndDescription)
 {
     EXPECT_EQ(Call(fio.SuppressListSetName, "N"), FioStatus::Ok);
     EXPECT_EQ(Call(fio.SuppressListSetDescription, "D"), FioStatus::Ok);
@@ -197,14 +197,14 @@ TEST_F(SuppressStore, SortAndMergeLeaveNameAndDescription)
     EXPECT_EQ(GetText(fio.SuppressListGetDescription), "D");
 }
 
-TEST_F(SuppressStore, SortAndMergeOfAnEmptyListLeaveAnEmptyList)
+TEST_F(SuppressStore, SortsAndMergesEmptyList)
 {
     EXPECT_EQ(Call(fio.SuppressListSort), FioStatus::Ok);
     EXPECT_EQ(Call(fio.SuppressListSortAndMerge), FioStatus::Ok);
     EXPECT_TRUE(Ranges().empty());
 }
 
-TEST_F(SuppressStore, SortsAndMergesAFullList)
+TEST_F(SuppressStore, SortsAndMergesFullList)
 {
     for (int16_t i = 0; i < 100; ++i)
         Put(i, { 1, (100.0 - i) * 2e6, (100.0 - i) * 2e6 + 1e6, "" });

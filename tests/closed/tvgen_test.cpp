@@ -69,7 +69,7 @@ TEST_F(General, SplitsPathsWithoutSomeOfTheirParts)
     EXPECT_EQ(Split("folder/name"), (Parts{ "", "folder/", "name", "" }));
 }
 
-TEST_F(General, ExtensionStandsBehindTheLastPointOfTheName)
+TEST_F(General, ExtensionFollowsLastDot)
 {
     EXPECT_EQ(Split("/a.b/c"), (Parts{ "", "/a.b/", "c", "" }));
     EXPECT_EQ(Split("/a/b.tar.gz"), (Parts{ "", "/a/", "b.tar", "gz" }));
@@ -88,21 +88,21 @@ TEST_F(General, KeepsUtf8InPaths)
     EXPECT_EQ(Split("/\xCE\xB1/\xD0\xBF.tvm"), (Parts{ "", "/\xCE\xB1/", "\xD0\xBF", "tvm" }));
 }
 
-TEST_F(General, PartThatDoesNotFitLeavesAllOutputsEmpty)
+TEST_F(General, TooLongPartLeavesAllOutputsEmpty)
 {
     EXPECT_EQ(Split("/a/12345.tvm", 0, 6), (Parts{ "", "/a/", "12345", "tvm" }));
     EXPECT_EQ(Split("/a/123456.tvm", 1, 6), (Parts{ "", "", "", "" }));
     EXPECT_EQ(Split(nullptr, 1), (Parts{ "", "", "", "" }));
 }
 
-TEST_F(General, SplitNeedsPlacesToWriteTo)
+TEST_F(General, SplitRefusesNullOutputs)
 {
     char part[8] = "";
     EXPECT_EQ(gen.GenSplitPath("/a", nullptr, part, part, part, 8), 1);
     EXPECT_EQ(gen.GenSplitPath("/a", part, part, part, part, 0), 1);
 }
 
-TEST_F(General, TellsTheLocalTimeOfAFilesLastChange)
+TEST_F(General, FileTimeIsLocalTimeOfLastChange)
 {
     const QTemporaryDir folder;
     const std::string path = folder.path().toStdString() + "/\xD0\xBF.tvm";
@@ -125,7 +125,7 @@ TEST_F(General, TellsTheLocalTimeOfAFilesLastChange)
     EXPECT_EQ(std::vector<int16_t>(parts, parts + 6), (std::vector<int16_t>{ 2026, 2, 28, 23, 59, 58 }));
 }
 
-TEST_F(General, FileThatIsNotThereHasNoTime)
+TEST_F(General, MissingFileHasNoTime)
 {
     int16_t part = 5;
     EXPECT_EQ(gen.GenFileDateAndTime("/nowhere/at/all", &part, &part, &part, &part, &part, &part), 1);
@@ -149,7 +149,7 @@ TEST_F(General, ToleratesBlanksAroundTheNumbers)
     EXPECT_EQ(Date("  01   01  2000 "), 36526);
 }
 
-TEST_F(General, YearOfTwoDigitsLiesIn1930To2029)
+TEST_F(General, TwoDigitYearMeans1930To2029)
 {
     EXPECT_EQ(Date("1 1 0"), Date("1 1 2000"));
     EXPECT_EQ(Date("1 1 29"), Date("1 1 2029"));
@@ -188,7 +188,7 @@ TEST_F(General, RefusesTextThatIsNotThreeNumbers)
     EXPECT_EQ(gen.GenStrToDate("1 1 2000", nullptr), 1);
 }
 
-TEST_F(General, CopiesBytesIntoABlockOfItsOwn)
+TEST_F(General, CopiesBytesToNewBlock)
 {
     char bytes[] = { 'a', '\0', 'b' };
     void* block = gen.GenVbStrToGlobal(bytes, 3);
@@ -198,21 +198,21 @@ TEST_F(General, CopiesBytesIntoABlockOfItsOwn)
     gen.GenElemsFree(block);
 }
 
-TEST_F(General, EmptyBlockIsABlockToo)
+TEST_F(General, EmptyBlockIsNotNull)
 {
     void* block = gen.GenVbStrToGlobal("", 0);
     EXPECT_NE(block, nullptr);
     gen.GenElemsFree(block);
 }
 
-TEST_F(General, MakesNoBlockOfNothing)
+TEST_F(General, NullGivesNoBlock)
 {
     EXPECT_EQ(gen.GenVbStrToGlobal(nullptr, 5), nullptr);
     EXPECT_EQ(gen.GenVbStrToGlobal("abc", -1), nullptr);
     gen.GenElemsFree(nullptr);
 }
 
-TEST_F(General, RefusesATableThatIsTooSmall)
+TEST_F(General, RefusesTooSmallTable)
 {
     TvGenApi small{};
     small.Size = sizeof small - 1;

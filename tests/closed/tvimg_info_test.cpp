@@ -1,4 +1,4 @@
-// What kind of picture a file holds, and its size.
+// Format and size of the picture in a file.
 #include "tests/closed/imgfixture.h"
 
 #include <filesystem>
@@ -7,7 +7,7 @@ namespace {
 
 class ImgInfo : public ImgTest {
 protected:
-    /// No beginning of the file passes for all of it, as far as `headerBytes`.
+    /// Expects that every truncation of the file up to `headerBytes` is refused.
     void ExpectNoShorterHeader(const FileBytes& file, size_t headerBytes)
     {
         ASSERT_TRUE(HasInfo(file));
@@ -35,7 +35,7 @@ struct BitmapFile {
     uint32_t BitCount = 24;
     uint32_t Planes = 1;
     uint32_t Compression = 0;
-    size_t PixelBytes = 16 * 2 + 15; ///< of 5 by 3 pixels of 24 bits, the last line without filling
+    size_t PixelBytes = 16 * 2 + 15; ///< 5 by 3 pixels of 24 bits, without padding in the last row
 
     [[nodiscard]] FileBytes Bytes() const
     {
@@ -88,7 +88,7 @@ FileBytes PlaceableFile(const Box& box, uint32_t unitsPerInch = 96)
     return file;
 }
 
-/// Appends a record of the function and its 16-bit parameters.
+/// Appends a record with the function and its 16-bit parameters.
 void AddRecord(FileBytes& file, uint32_t function, const std::vector<int>& parameters)
 {
     const size_t at = file.size();
@@ -139,7 +139,7 @@ constexpr size_t kMuch = size_t{ 1 } << 18U;
 
 } // namespace
 
-TEST_F(ImgInfo, TellsSizeOfPng)
+TEST_F(ImgInfo, GivesSizeOfPng)
 {
     PngFile file;
     file.Width = 17;
@@ -147,7 +147,7 @@ TEST_F(ImgInfo, TellsSizeOfPng)
     EXPECT_EQ(Info(file.With(&Zero)), (ScreenImageInfo{ 3, 17, 9 }));
 }
 
-TEST_F(ImgInfo, TellsSizeOfPcx)
+TEST_F(ImgInfo, GivesSizeOfPcx)
 {
     PcxFile file;
     file.Width = 13;
@@ -156,7 +156,7 @@ TEST_F(ImgInfo, TellsSizeOfPcx)
     EXPECT_EQ(Info(file.With([](int, int) { return 0U; })), (ScreenImageInfo{ 2, 13, 4 }));
 }
 
-TEST_F(ImgInfo, TellsSizeOfEveryFormOfBitmap)
+TEST_F(ImgInfo, GivesSizeOfEveryFormOfBitmap)
 {
     for (const uint32_t headerBytes : { 12U, 40U, 52U, 56U, 64U, 108U, 124U }) {
         BitmapFile file;
@@ -165,14 +165,14 @@ TEST_F(ImgInfo, TellsSizeOfEveryFormOfBitmap)
     }
 }
 
-TEST_F(ImgInfo, TellsSizeOfBitmapWithItsFirstLineFirst)
+TEST_F(ImgInfo, GivesSizeOfTopDownBitmap)
 {
     BitmapFile file;
     file.Height = -3;
     EXPECT_EQ(Info(file.Bytes()), (ScreenImageInfo{ 1, 5, 3 }));
 }
 
-TEST_F(ImgInfo, TakesAnyLengthOfCompressedBitmap)
+TEST_F(ImgInfo, AcceptsAnyLengthOfCompressedBitmap)
 {
     BitmapFile file;
     file.PixelBytes = 2;
@@ -183,7 +183,7 @@ TEST_F(ImgInfo, TakesAnyLengthOfCompressedBitmap)
     }
 }
 
-TEST_F(ImgInfo, TellsSizeOfBitmapOfEveryNumberOfBits)
+TEST_F(ImgInfo, GivesSizeOfBitmapOfEveryDepth)
 {
     for (const auto& [bits, pixelBytes] : { std::pair(1U, 9U), std::pair(2U, 10U), std::pair(4U, 11U),
              std::pair(8U, 21U), std::pair(16U, 34U), std::pair(24U, 47U), std::pair(32U, 60U) }) {
@@ -196,7 +196,7 @@ TEST_F(ImgInfo, TellsSizeOfBitmapOfEveryNumberOfBits)
     }
 }
 
-TEST_F(ImgInfo, WantsAllPixelsOfBitmapWithMasks)
+TEST_F(ImgInfo, RequiresAllPixelsOfBitmapWithMasks)
 {
     for (const uint32_t coding : { 3U, 6U }) {
         BitmapFile file;
@@ -209,7 +209,7 @@ TEST_F(ImgInfo, WantsAllPixelsOfBitmapWithMasks)
     }
 }
 
-TEST_F(ImgInfo, RefusesBitmapWithItsPixelsBehindItsEnd)
+TEST_F(ImgInfo, RefusesBitmapWithPixelsBeyondItsEnd)
 {
     FileBytes file = BitmapFile().Bytes();
     for (const uint32_t offset : { 1000U, 0x80000000U, 0xffffffffU }) {
@@ -218,25 +218,25 @@ TEST_F(ImgInfo, RefusesBitmapWithItsPixelsBehindItsEnd)
     }
 }
 
-TEST_F(ImgInfo, TellsSizeOfPlaceableMetafileAtItsOwnResolution)
+TEST_F(ImgInfo, GivesSizeOfPlaceableMetafileAtItsResolution)
 {
     EXPECT_EQ(Info(PlaceableFile({ 0, 0, 640, 480 })), (ScreenImageInfo{ 4, 640, 480 }));
     EXPECT_EQ(Info(PlaceableFile({ -1440, 1440, 1440, 2880 }, 1440)), (ScreenImageInfo{ 4, 192, 96 }));
     EXPECT_EQ(Info(PlaceableFile({ 0, 0, 1001, 3 }, 1000)), (ScreenImageInfo{ 4, 96, 1 }));
 }
 
-TEST_F(ImgInfo, TakesPlaceableBoxWithItsSidesInAnyOrder)
+TEST_F(ImgInfo, AcceptsPlaceableBoxWithSidesInAnyOrder)
 {
     EXPECT_EQ(Info(PlaceableFile({ 640, 480, 0, 0 })), (ScreenImageInfo{ 4, 640, 480 }));
 }
 
-TEST_F(ImgInfo, TellsSizeOfBareMetafileByItsWindow)
+TEST_F(ImgInfo, GivesSizeOfBareMetafileByItsWindow)
 {
     EXPECT_EQ(Info(BareMetafile(1, 320, 240)), (ScreenImageInfo{ 4, 320, 240 }));
     EXPECT_EQ(Info(BareMetafile(8, 320, -240)), (ScreenImageInfo{ 4, 320, 240 }));
 }
 
-TEST_F(ImgInfo, TellsSizeOfLongMetafileByAllOfItsRecords)
+TEST_F(ImgInfo, GivesSizeOfLongMetafileByAllRecords)
 {
     FileBytes file = MetafileHeader();
     for (int record = 0; record < 1000; ++record)
@@ -246,7 +246,7 @@ TEST_F(ImgInfo, TellsSizeOfLongMetafileByAllOfItsRecords)
     EXPECT_EQ(Info(file), (ScreenImageInfo{ 4, 320, 240 }));
 }
 
-TEST_F(ImgInfo, TellsSizeOfPlaceableMetafileThatHoldsTheLargestPicture)
+TEST_F(ImgInfo, GivesSizeOfPlaceableMetafileWithLargestPicture)
 {
     const std::string path = Store(PlaceableFile({ 0, 0, 16384, 8192 }));
     std::filesystem::resize_file(path, size_t{ 3 } * TVIMG_MAX_PIXELS + 1000); // a bitmap of 24 bits
@@ -260,13 +260,13 @@ TEST_F(ImgInfo, RefusesMetafileWithoutSize)
     FileBytes file = MetafileHeader();
     AddRecord(file, kSetMapMode, { 8 });
     AddRecord(file, kEnd, {});
-    AddRecord(file, kSetWindowExtent, { 10, 10 }); // behind the end
+    AddRecord(file, kSetWindowExtent, { 10, 10 }); // after the end record
     EXPECT_FALSE(HasInfo(file));
     EXPECT_FALSE(HasInfo(PlaceableFile({}, 0)));
     EXPECT_FALSE(HasInfo(BareMetafile(8, 0, 10)));
 }
 
-TEST_F(ImgInfo, RefusesMetafileRecordThatCannotBe)
+TEST_F(ImgInfo, RefusesInvalidMetafileRecord)
 {
     FileBytes file = MetafileHeader();
     AddRecord(file, kSetWindowExtent, { 10, 10 });
@@ -285,14 +285,14 @@ TEST_F(ImgInfo, RefusesPlaceableHeaderWithoutMetafile)
     EXPECT_FALSE(HasInfo(file));
 }
 
-TEST_F(ImgInfo, GoesByContentWhateverTheName)
+TEST_F(ImgInfo, GoesByContentNotByName)
 {
     ScreenImageInfo info{};
     ASSERT_EQ(img.ImgGetFileInfo(Store(PlaceableFile({}), "picture.png").c_str(), &info), 0);
     EXPECT_EQ(info.Kind, 4);
 }
 
-TEST_F(ImgInfo, RefusesWhatIsNoPicture)
+TEST_F(ImgInfo, RefusesNonPictures)
 {
     ScreenImageInfo info{};
     EXPECT_NE(img.ImgGetFileInfo(Path("missing").c_str(), &info), 0);
@@ -305,7 +305,7 @@ TEST_F(ImgInfo, RefusesWhatIsNoPicture)
     EXPECT_FALSE(HasInfo(FileBytes(1000, 0)));
 }
 
-TEST_F(ImgInfo, RefusesHeaderThatIsCutShort)
+TEST_F(ImgInfo, RefusesTruncatedHeader)
 {
     ExpectNoShorterHeader(PngFile().With(&Zero), 33);
     ExpectNoShorterHeader(BitmapFile().Bytes(), BitmapFile().Bytes().size());
@@ -334,17 +334,17 @@ TEST_F(ImgInfo, RefusesSizesBeyondTheLimits)
     EXPECT_FALSE(HasInfo(PlaceableFile({ 0, 0, 600, 1 }, 1)));
 }
 
-TEST_F(ImgInfo, RefusesPngThatIsTooShortForItsPixels)
+TEST_F(ImgInfo, RefusesPngTooShortForItsPixels)
 {
     EXPECT_FALSE(HasInfo(PngOfSize(32767, 4096)));
 }
 
-TEST_F(ImgInfo, RefusesPcxThatIsTooShortForItsPixels)
+TEST_F(ImgInfo, RefusesPcxTooShortForItsPixels)
 {
     PcxFile file;
     file.Width = 640;
     file.Height = 480;
-    EXPECT_FALSE(HasInfo(file.WithData(FileBytes(size_t{ 480 } * 22 - 1, 0xff)))); // 10 runs of 63, one of 10
+    EXPECT_FALSE(HasInfo(file.WithData(FileBytes(size_t{ 480 } * 22 - 1, 0xff)))); // 10 runs of 63 and one of 10
     EXPECT_TRUE(HasInfo(file.WithData(FileBytes(size_t{ 480 } * 22, 0xff))));
 }
 

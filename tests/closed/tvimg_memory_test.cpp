@@ -1,4 +1,4 @@
-// Pictures for which there is no memory: refused like damaged ones, and nothing is left behind.
+// Pictures that exceed the memory: refused like damaged ones, without leaks.
 #include "tests/closed/imgfixture.h"
 #include "tests/closed/scarcememory.h"
 
@@ -16,7 +16,7 @@ unsigned Zero(int, int, unsigned)
 
 } // namespace
 
-TEST_F(ImgMemory, ThatIsMissingForAPngLeavesTheContext)
+TEST_F(ImgMemory, ShortageInPngLeavesContext)
 {
     PngFile file;
     file.Width = 1200;
@@ -34,7 +34,7 @@ TEST_F(ImgMemory, ThatIsMissingForAPngLeavesTheContext)
     EXPECT_EQ(img.ImgPngToDc(path.c_str(), &context), 0);
 }
 
-TEST_F(ImgMemory, ThatIsMissingForAPcxLeavesNothingToPaint)
+TEST_F(ImgMemory, ShortageInPcxLeavesNothingToPaint)
 {
     PcxFile file;
     file.Width = 1200;
@@ -54,7 +54,7 @@ TEST_F(ImgMemory, ThatIsMissingForAPcxLeavesNothingToPaint)
     EXPECT_TRUE(picture.IsAll(kBackground));
 }
 
-TEST_F(ImgMemory, ThatIsMissingForWritingLeavesTheOldFile)
+TEST_F(ImgMemory, ShortageInWritingKeepsOldFile)
 {
     const FileBytes old{ 'o', 'l', 'd' };
     const std::string path = Store(old);

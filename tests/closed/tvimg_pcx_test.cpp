@@ -1,4 +1,4 @@
-// PCX pictures: reading of every form, and damaged files.
+// Reading of PCX pictures: every format, and damaged files.
 #include "tests/closed/imgfixture.h"
 
 namespace {
@@ -50,7 +50,7 @@ PcxFile FileOf(const Form& form, int width, int height)
 
 constexpr uint32_t kBackground = 0xff2040a0;
 
-/// Values of all sizes, with rows of equal ones.
+/// Varied values with runs of equal ones.
 uint32_t Value(int x, int y, const Form& form)
 {
     const auto mix = static_cast<uint64_t>(x / 3 * 0x2f13 + y * 0x1207 + 1) * 0x9E3779B97F4A7C15U;
@@ -83,7 +83,7 @@ uint32_t Grey(uint32_t level)
     return 0xff000000U | level * 0x010101U;
 }
 
-/// One line of 64 bytes in each of two lines, from coded bytes.
+/// A picture of two rows of 64 bytes, from encoded bytes.
 PcxFile TwoLinesOf64()
 {
     PcxFile file = FileOf({ 8, 1 }, 64, 2);
@@ -96,7 +96,7 @@ PcxFile TwoLinesOf64()
 
 INSTANTIATE_TEST_SUITE_P(Every, ImgPcxForms, testing::ValuesIn(AllForms()), &FormName);
 
-TEST_P(ImgPcxForms, HasItsColors)
+TEST_P(ImgPcxForms, DecodesToItsColors)
 {
     for (int width = 1; width <= 18; ++width) {
         for (const int filling : { 0, 1, 6 }) {
@@ -109,7 +109,7 @@ TEST_P(ImgPcxForms, HasItsColors)
     }
 }
 
-TEST_P(ImgPcxForms, PlainLinesHaveTheirColorsToo)
+TEST_P(ImgPcxForms, DecodesPlainRowsToo)
 {
     PcxFile file = FileOf(GetParam(), 11, 5);
     const auto value = [&](int x, int y) { return Value(x, y, GetParam()); };
@@ -119,7 +119,7 @@ TEST_P(ImgPcxForms, PlainLinesHaveTheirColorsToo)
     EXPECT_EQ(coded.Width, 11);
 }
 
-TEST_P(ImgPcxForms, CutShortAnywhereIsRefused)
+TEST_P(ImgPcxForms, RefusesAnyTruncation)
 {
     for (const uint8_t encoding : std::initializer_list<uint8_t>{ 0, 1 }) {
         PcxFile form = FileOf(GetParam(), 7, 4);
@@ -132,14 +132,14 @@ TEST_P(ImgPcxForms, CutShortAnywhereIsRefused)
     }
 }
 
-TEST_F(ImgPcx, OldVersionsWithoutColorsHaveTheStandardOnes)
+TEST_F(ImgPcx, OldVersionsWithoutPaletteUseStandardColors)
 {
     PcxFile file = FileOf({ 1, 4 }, 16, 1);
     const auto counting = [](int x, int) { return static_cast<uint32_t>(x); };
     const std::vector<uint32_t> standard{ 0xff000000, 0xff0000aa, 0xff00aa00, 0xff00aaaa, 0xffaa0000, 0xffaa00aa,
         0xffaa5500, 0xffaaaaaa, 0xff555555, 0xff5555ff, 0xff55ff55, 0xff55ffff, 0xffff5555, 0xffff55ff, 0xffffff55,
         0xffffffff };
-    file.Version = 3; // its colours in the header mean nothing
+    file.Version = 3; // the colours in its header are invalid
     EXPECT_EQ(DecodePcx(file.With(counting)).Pixels(), standard);
     file.Version = 0;
     file.HeaderColors.clear();
@@ -148,7 +148,7 @@ TEST_F(ImgPcx, OldVersionsWithoutColorsHaveTheStandardOnes)
     EXPECT_EQ(DecodePcx(file.With(counting)).Pixels(), file.HeaderColors);
 }
 
-TEST_F(ImgPcx, TwoColorsThatAreUnsetAreBlackAndWhite)
+TEST_F(ImgPcx, UnsetTwoColorPaletteIsBlackAndWhite)
 {
     PcxFile file = FileOf({ 1, 1 }, 2, 1);
     const auto counting = [](int x, int) { return static_cast<uint32_t>(x); };
@@ -172,7 +172,7 @@ TEST_F(ImgPcx, GreyPictureWithoutPaletteIsGrey)
     EXPECT_EQ(DecodePcx(bytes).Pixels(), (std::vector{ Grey(0), Grey(100), Grey(200) }));
 }
 
-TEST_F(ImgPcx, GreyPictureWithPaletteHasItsColors)
+TEST_F(ImgPcx, GreyPictureWithPaletteUsesIt)
 {
     PcxFile file = FileOf({ 8, 1 }, 3, 1);
     file.PaletteInfo = 2;
@@ -180,7 +180,7 @@ TEST_F(ImgPcx, GreyPictureWithPaletteHasItsColors)
     EXPECT_EQ(DecodePcx(bytes).Pixels(), Colors(3, 0x35a7c1));
 }
 
-TEST_F(ImgPcx, GreyPictureMayHoldWhatMarksAPalette)
+TEST_F(ImgPcx, GreyPictureMayContainPaletteMarker)
 {
     PcxFile file = FileOf({ 8, 1 }, 1000, 1);
     file.LargePalette.clear();
@@ -190,7 +190,7 @@ TEST_F(ImgPcx, GreyPictureMayHoldWhatMarksAPalette)
     EXPECT_TRUE(picture.IsAll(Grey(12)));
 }
 
-TEST_F(ImgPcx, PaletteMayStandBeforeOtherBytes)
+TEST_F(ImgPcx, PaletteMayPrecedeOtherData)
 {
     const PcxFile file = FileOf({ 8, 1 }, 3, 1);
     FileBytes bytes = file.With([](int x, int) { return static_cast<uint32_t>(x); });
@@ -198,13 +198,13 @@ TEST_F(ImgPcx, PaletteMayStandBeforeOtherBytes)
     EXPECT_EQ(DecodePcx(bytes).Pixels(), Colors(3, 0x35a7c1));
 }
 
-TEST_F(ImgPcx, PaletteMayStandBehindOtherBytes)
+TEST_F(ImgPcx, PaletteMayFollowOtherData)
 {
     const PcxFile file = FileOf({ 8, 1 }, 3, 1);
     EXPECT_EQ(DecodePcx(file.WithData({ 0, 1, 2, 0, 0, 0, 0 })).Pixels(), Colors(3, 0x35a7c1));
 }
 
-TEST_F(ImgPcx, OldVersionHasSixteenColorsOnly)
+TEST_F(ImgPcx, OldVersionHasSixteenColorsAtMost)
 {
     PcxFile file = FileOf({ 8, 1 }, 3, 1);
     file.Version = 2;
@@ -216,28 +216,28 @@ TEST_F(ImgPcx, OldVersionHasSixteenColorsOnly)
     EXPECT_EQ(upTo(16).Width, 0);
 }
 
-TEST_F(ImgPcx, PaletteThatIsMissingIsRefused)
+TEST_F(ImgPcx, RefusesMissingPalette)
 {
     PcxFile file = FileOf({ 8, 1 }, 3, 1);
     file.LargePalette.clear();
     EXPECT_EQ(DecodePcx(file.With([](int, int) { return 1U; })).Width, 0);
 }
 
-TEST_F(ImgPcx, BytesOfThePaletteAreNoPixels)
+TEST_F(ImgPcx, PaletteIsNotReadAsPixels)
 {
     PcxFile file = FileOf({ 8, 1 }, 400, 2);
     EXPECT_EQ(DecodePcx(file.WithData(FileBytes(800, 7))).Width, 400);
     EXPECT_EQ(DecodePcx(file.WithData(FileBytes(799, 7))).Width, 0);
 }
 
-TEST_F(ImgPcx, FourthPlaneOfZerosIsFilling)
+TEST_F(ImgPcx, FourthPlaneOfZerosIsPadding)
 {
     const PcxFile file = FileOf({ 8, 4 }, 2, 1);
     const FileBytes bytes = file.With([](int x, int) { return x == 0 ? 0x302010U : 0x605040U; });
     EXPECT_EQ(DecodePcx(bytes, kBackground).Pixels(), (std::vector{ 0xff102030U, 0xff405060U }));
 }
 
-TEST_F(ImgPcx, RunsMakeLines)
+TEST_F(ImgPcx, DecodesRuns)
 {
     const Picture picture =
         DecodePcx(TwoLinesOf64().WithData({ 0xff, 3, 5, 0xc1, 9, 0xc0, 1, 0xc2, 2, 0xfc, 4, 0xc1, 7 }));
@@ -250,25 +250,25 @@ TEST_F(ImgPcx, RunsMakeLines)
     EXPECT_EQ(picture, expected);
 }
 
-TEST_F(ImgPcx, RunAcrossTheEndOfALineIsRefused)
+TEST_F(ImgPcx, RefusesRunAcrossEndOfRow)
 {
     EXPECT_EQ(DecodePcx(TwoLinesOf64().WithData({ 0xff, 3, 0xff, 3, 0xc2, 3 })).Width, 0);
     EXPECT_EQ(DecodePcx(TwoLinesOf64().WithData({ 0xff, 3, 0xc1, 3, 0xff, 3, 0xc2, 3 })).Width, 0);
     EXPECT_EQ(DecodePcx(TwoLinesOf64().WithData({ 0xff, 3, 0xc1, 3, 0xff, 3, 0xc1, 3 })).Width, 64);
 }
 
-TEST_F(ImgPcx, RunAcrossPlanesOfALineIsTaken)
+TEST_F(ImgPcx, AcceptsRunAcrossPlanesOfRow)
 {
     PcxFile file = FileOf({ 8, 3 }, 4, 1);
     EXPECT_EQ(DecodePcx(file.WithData({ 0xc8, 0x10, 0xc4, 0x20 })).Pixels(), std::vector(4, 0xff101020U));
 }
 
-TEST_F(ImgPcx, RunWithoutItsByteIsRefused)
+TEST_F(ImgPcx, RefusesRunWithoutValue)
 {
     EXPECT_EQ(DecodePcx(TwoLinesOf64().WithData({ 0xff, 3, 0xc1, 3, 0xff, 3, 0xc1 })).Width, 0);
 }
 
-TEST_F(ImgPcx, NothingIsPaintedBeforeAPictureIsRead)
+TEST_F(ImgPcx, PaintsNothingBeforePictureIsRead)
 {
     Picture picture(64, 64, kBackground);
     const TvImgContext context = picture.Context();
@@ -286,7 +286,7 @@ TEST_F(ImgPcx, NothingIsPaintedBeforeAPictureIsRead)
     EXPECT_EQ(counter, 0);
 }
 
-TEST_F(ImgPcx, ContextThatIsTooSmallIsLeftAlone)
+TEST_F(ImgPcx, TooSmallContextIsUnchanged)
 {
     const FileBytes good = TwoLinesOf64().WithData({ 0xff, 3, 0xc1, 3, 0xff, 3, 0xc1, 3 });
     int32_t width = 0;
@@ -299,7 +299,7 @@ TEST_F(ImgPcx, ContextThatIsTooSmallIsLeftAlone)
     EXPECT_TRUE(picture.IsAll(kBackground));
 }
 
-TEST_F(ImgPcx, IsPaintedTwiceAsOnce)
+TEST_F(ImgPcx, CanBePaintedTwice)
 {
     const FileBytes good = TwoLinesOf64().WithData({ 0xff, 3, 0xc1, 3, 0xff, 3, 0xc1, 3 });
     int32_t width = 0;
@@ -313,5 +313,5 @@ TEST_F(ImgPcx, IsPaintedTwiceAsOnce)
     }
     Picture other(64, 2);
     const TvImgContext context = other.Context();
-    EXPECT_NE(img.ImgMemToDc(&context, 2, nullptr), 0); // there is one mode
+    EXPECT_NE(img.ImgMemToDc(&context, 2, nullptr), 0); // there is only one mode
 }

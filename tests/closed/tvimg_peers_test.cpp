@@ -1,5 +1,5 @@
-// Other programs as judges: what they write is read here to the pixels that they read themselves, and what is written
-// here they read to the same pixels.
+// Other programs as reference: what they write is decoded here to the same pixels as by them, and the other way
+// round.
 #include "screen/bitmap/bitmapReader.h"
 #include "screen/files/pictureFile.h"
 #include "tests/closed/imgfixture.h"
@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Everybody's pixels in one form: three bytes each.
+/// Pixels in a common format of three bytes each.
 std::vector<uint8_t> Levels(const Picture& picture)
 {
     std::vector<uint8_t> levels;
@@ -35,7 +35,7 @@ FileBytes PortablePixmap(const Picture& picture)
 
 class ImgPeers : public ImgTest {
 protected:
-    /// Runs a command line in the test's folder and gives its output.
+    /// Runs a command line in the test's folder and returns its output.
     [[nodiscard]] std::vector<uint8_t> Run(const std::string& command) const
     {
         QProcess shell;
@@ -50,7 +50,7 @@ protected:
         return { output.begin(), output.end() };
     }
 
-    /// The pixels of the file `name` by each judge, on white where it is transparent.
+    /// The pixels of the file `name` as each peer decodes it, blended over white.
     [[nodiscard]] std::vector<uint8_t> ByImageMagick(const std::string& name) const
     {
         return Run("convert " + name + " -background white -flatten -depth 8 rgb:-");
@@ -66,12 +66,12 @@ protected:
     }
 };
 
-/// Which of the judges understand a file.
+/// The peers that understand a file.
 enum Judges { Both, ImageMagickOnly, NetpbmOnly };
 
 struct Variant {
     const char* Name;
-    const char* Command; ///< of a shell
+    const char* Command; ///< shell command
     Judges ReadBy = Both;
 };
 
@@ -85,19 +85,19 @@ std::string VariantName(const testing::TestParamInfo<Variant>& info)
     return info.param.Name;
 }
 
-/// Variables of the command lines: what lays a mask over a picture, and what makes a PNG interlaced.
+/// Variables of the command lines: how to add a mask to a picture, and how to make a PNG interlaced.
 constexpr const char* kMask = "MASK='-alpha off mask.ppm -alpha off -compose CopyOpacity -composite'; ";
 constexpr const char* kInterlaced = "CONVERT_WAY='-interlace PNG'; NETPBM_WAY=-interlace; ";
 
-/// Of the pictures that the peers start from.
+/// Of the peers' source pictures.
 constexpr int kWidth = 61;
 constexpr int kHeight = 37;
 constexpr size_t kTheirBytes = size_t{ 3 } * kWidth * kHeight;
 
-/// Has the pictures that the peers start from in the test's folder.
-class ImgTheirs : public ImgPeers, public testing::WithParamInterface<Variant> {
+/// Provides the peers' source pictures in the test's folder.
+class ImgPeerFile : public ImgPeers, public testing::WithParamInterface<Variant> {
 protected:
-    ImgTheirs()
+    ImgPeerFile()
     {
         (void)Store(PortablePixmap(ColorfulPicture(kWidth, kHeight)), "colors.ppm");
         for (const int count : { 2, 4, 7, 16, 200 })
@@ -112,7 +112,7 @@ protected:
                   "pamdepth -quiet 65535 colors.ppm | pamfunc -quiet -multiplier=0.9731 >deep.ppm");
     }
 
-    /// A bitmap that both the size and the pixels are read of; one without a size if they differ or it is refused.
+    /// A bitmap, with size and pixels read separately; empty if they differ or it is refused.
     [[nodiscard]] Picture DecodeBitmap(const FileBytes& file) const
     {
         const ScreenImageInfo info = Info(file);
@@ -123,7 +123,7 @@ protected:
         return Picture::From(info.Width, info.Height, [&](int x, int y) { return image->pixel(x, y); });
     }
 
-    /// The largest difference of a level here to the judges' levels, for a file of theirs.
+    /// The largest difference between the levels decoded here and the peer's, for a peer's file.
     [[nodiscard]] int Difference(const std::string& name, const std::vector<uint8_t>& theirs) const
     {
         const FileBytes file = Contents(Path(name));
@@ -138,9 +138,9 @@ protected:
     }
 };
 
-class ImgTheirPng : public ImgTheirs { };
-class ImgTheirPcx : public ImgTheirs { };
-class ImgTheirBitmap : public ImgTheirs { };
+class ImgPeerPng : public ImgPeerFile { };
+class ImgPeerPcx : public ImgPeerFile { };
+class ImgPeerBitmap : public ImgPeerFile { };
 
 constexpr Variant kPngVariants[] = {
     { "Grey1", "convert bilevel.ppm -define png:color-type=0 -define png:bit-depth=1 $CONVERT_WAY v.png" },
@@ -183,8 +183,8 @@ constexpr Variant kPcxVariants[] = {
     { "ManyColorsPlain", "convert 200.ppm -compress none v.pcx", ImageMagickOnly },
     { "Grey", "convert grey.pgm v.pcx" },
     { "WithAlpha", "convert colors.ppm $MASK v.pcx", ImageMagickOnly },
-    { "NetpbmTwoColors", "ppmtopcx -quiet 2.ppm >v.pcx", NetpbmOnly }, // its two colours
-    { "NetpbmBilevel", "ppmtopcx -quiet bilevel.ppm >v.pcx", NetpbmOnly }, // white is the first
+    { "NetpbmTwoColors", "ppmtopcx -quiet 2.ppm >v.pcx", NetpbmOnly }, // the two colours of the picture
+    { "NetpbmBilevel", "ppmtopcx -quiet bilevel.ppm >v.pcx", NetpbmOnly }, // white comes first
     { "NetpbmFourColors", "ppmtopcx -quiet 4.ppm >v.pcx" },
     { "NetpbmSevenColors", "ppmtopcx -quiet 7.ppm >v.pcx" },
     { "NetpbmSixteenColors", "ppmtopcx -quiet 16.ppm >v.pcx" },
@@ -219,9 +219,9 @@ constexpr Variant kBitmapVariants[] = {
     { "Netpbm4BitsOs2", "ppmtobmp -quiet -os2 -bpp=4 7.ppm >v.bmp" },
 };
 
-class ImgOurs : public ImgPeers, public testing::WithParamInterface<int> {
+class ImgOwnFile : public ImgPeers, public testing::WithParamInterface<int> {
 protected:
-    /// A picture of so many colours; 0 for one of full colour, -1 for one of greys.
+    /// A picture of that many colours; 0 means full colour, -1 grey.
     static Picture Sample(int colors)
     {
         if (colors == 0)
@@ -235,17 +235,17 @@ protected:
 
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(Every, ImgTheirPng, testing::ValuesIn(kPngVariants), &VariantName);
-INSTANTIATE_TEST_SUITE_P(Every, ImgTheirPcx, testing::ValuesIn(kPcxVariants), &VariantName);
-INSTANTIATE_TEST_SUITE_P(Every, ImgTheirBitmap, testing::ValuesIn(kBitmapVariants), &VariantName);
-INSTANTIATE_TEST_SUITE_P(Every, ImgOurs, testing::Values(-1, 0, 1, 2, 4, 7, 16, 17, 256));
+INSTANTIATE_TEST_SUITE_P(Every, ImgPeerPng, testing::ValuesIn(kPngVariants), &VariantName);
+INSTANTIATE_TEST_SUITE_P(Every, ImgPeerPcx, testing::ValuesIn(kPcxVariants), &VariantName);
+INSTANTIATE_TEST_SUITE_P(Every, ImgPeerBitmap, testing::ValuesIn(kBitmapVariants), &VariantName);
+INSTANTIATE_TEST_SUITE_P(Every, ImgOwnFile, testing::Values(-1, 0, 1, 2, 4, 7, 16, 17, 256));
 
-TEST_P(ImgTheirPng, IsReadAsTheyReadIt)
+TEST_P(ImgPeerPng, DecodesAsPeersDo)
 {
     const std::string name = GetParam().Name;
     const auto contains = [&](const char* part) { return name.find(part) != std::string::npos; };
-    // One of the judges rounds 16 bits and blends to the nearest, as it is done here; the other is one level off at
-    // times. Both blend before they round where this is done here the other way.
+    // One peer rounds 16 bits and blends to nearest, as is done here; the other is sometimes one level off. Both
+    // blend before rounding, here it is the other way round.
     const bool isDeep = contains("16") || contains("Deep");
     const int near = isDeep || contains("Alpha") ? 1 : 0;
     const int exact = isDeep && contains("Alpha") ? 1 : 0;
@@ -257,7 +257,7 @@ TEST_P(ImgTheirPng, IsReadAsTheyReadIt)
     }
 }
 
-TEST_P(ImgTheirPcx, IsReadAsTheyReadIt)
+TEST_P(ImgPeerPcx, DecodesAsPeersDo)
 {
     (void)Run(kMask + std::string(GetParam().Command));
     if (GetParam().ReadBy != NetpbmOnly) {
@@ -269,10 +269,10 @@ TEST_P(ImgTheirPcx, IsReadAsTheyReadIt)
     }
 }
 
-TEST_P(ImgTheirBitmap, IsReadAsTheyReadIt)
+TEST_P(ImgPeerBitmap, DecodesAsPeersDo)
 {
     (void)Run(kMask + std::string(GetParam().Command));
-    // Blending and levels of 5 and 6 bits: one of the judges is one level off at times.
+    // Blending and 5- and 6-bit levels: one peer is sometimes one level off.
     const std::string name = GetParam().Name;
     const int near = name == "WithAlpha" || name.starts_with("SixteenBits") ? 1 : 0;
     const std::vector<uint8_t> pixels = ByImageMagick("v.bmp");
@@ -282,7 +282,7 @@ TEST_P(ImgTheirBitmap, IsReadAsTheyReadIt)
     }
 }
 
-TEST_P(ImgOurs, PngIsReadByThemAsWritten)
+TEST_P(ImgOwnFile, PeersDecodePng)
 {
     Picture picture = Sample(GetParam());
     const TvImgContext context = picture.Context();
@@ -291,7 +291,7 @@ TEST_P(ImgOurs, PngIsReadByThemAsWritten)
     EXPECT_EQ(ByNetpbm("v.png", Levels(picture).size()), Levels(picture));
 }
 
-TEST_P(ImgOurs, PcxIsReadByThemAsWritten)
+TEST_P(ImgOwnFile, PeersDecodePcx)
 {
     Picture picture = Sample(GetParam());
     const TvImgContext context = picture.Context();
@@ -300,7 +300,7 @@ TEST_P(ImgOurs, PcxIsReadByThemAsWritten)
     EXPECT_EQ(ByNetpbm("v.pcx", Levels(picture).size()), Levels(picture));
 }
 
-TEST_P(ImgOurs, BitmapIsReadByThemAsWritten)
+TEST_P(ImgOwnFile, PeersDecodeBitmap)
 {
     Picture picture = Sample(GetParam());
     const QImage image(

@@ -1,4 +1,4 @@
-// PNG pictures: reading of every kind, and damaged files.
+// Reading of PNG pictures: every format, and damaged files.
 #include "tests/closed/imgfixture.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ struct Form {
     uint8_t Interlace;
 };
 
-/// Every colour type and number of bits, interlaced and not.
+/// Every colour type and bit depth, interlaced and not.
 class ImgPngForms : public ImgTest, public testing::WithParamInterface<Form> { };
 
 std::vector<Form> AllForms()
@@ -49,14 +49,14 @@ FileBytes PaletteBytes(unsigned count)
     return bytes;
 }
 
-/// 16 bits to 8, to the nearest.
+/// 16 bits to 8, to nearest.
 uint32_t Level(unsigned sample, unsigned bits)
 {
     const unsigned full = (1U << bits) - 1;
     return (sample * 255U + full / 2) / full;
 }
 
-/// The exact blend of a level over another, rounded to the nearest.
+/// The exact blend of two levels, rounded to nearest.
 uint32_t Mixed(uint32_t over, uint32_t under, uint32_t alpha)
 {
     return (over * alpha + under * (255 - alpha) + 127) / 255;
@@ -70,7 +70,7 @@ uint32_t Blend(uint32_t red, uint32_t green, uint32_t blue, uint32_t alpha, uint
 
 constexpr uint32_t kBackground = 0xff2040a0;
 
-/// Samples of all sizes; the last channel of a type with alpha is often full or nothing.
+/// Varied samples; alpha is often opaque or transparent.
 unsigned Sample(int x, int y, unsigned channel, unsigned bits)
 {
     const auto value = static_cast<unsigned>(x * 0x2f13 + y * 0x1207 + static_cast<int>(channel) * 0x5a71);
@@ -112,7 +112,7 @@ FileBytes SmallFile(const Form& form)
     return FileOf(form, 9, 6).With([&](int x, int y, unsigned channel) { return Sample(x, y, channel, form.Bits); });
 }
 
-/// A file of one line of three pixels.
+/// A file of one row of three pixels.
 PngFile ThreePixels(uint8_t colorType, uint8_t bits, const FileBytes& transparency)
 {
     PngFile file = FileOf({ colorType, bits, 0 }, 3, 1);
@@ -124,7 +124,7 @@ PngFile ThreePixels(uint8_t colorType, uint8_t bits, const FileBytes& transparen
 
 INSTANTIATE_TEST_SUITE_P(Every, ImgPngForms, testing::ValuesIn(AllForms()), &FormName);
 
-TEST_P(ImgPngForms, HasItsColors)
+TEST_P(ImgPngForms, DecodesToItsColors)
 {
     for (const int width : { 1, 2, 3, 5, 8, 13, 33 }) {
         const auto sample = [&](int x, int y, unsigned channel) { return Sample(x, y, channel, GetParam().Bits); };
@@ -138,18 +138,18 @@ TEST_P(ImgPngForms, HasItsColors)
     }
 }
 
-TEST_P(ImgPngForms, LinesThatCannotBeAreRefused)
+TEST_P(ImgPngForms, RefusesInvalidRows)
 {
     PngFile file = FileOf(GetParam(), 9, 6);
     file.Filter = 5;
     const auto sample = [&](int x, int y, unsigned channel) { return Sample(x, y, channel, GetParam().Bits); };
     EXPECT_EQ(DecodePng(file.With(sample)).Width, 0);
-    EXPECT_EQ(DecodePng(SmallFile(GetParam())).Width, 9); // whose lines must not stand in for missing ones
+    EXPECT_EQ(DecodePng(SmallFile(GetParam())).Width, 9); // leaves rows in memory that must not replace missing ones
     EXPECT_EQ(DecodePng(file.WithLines({})).Width, 0);
     EXPECT_EQ(DecodePng(file.WithLines(FileBytes(9))).Width, 0);
 }
 
-TEST_P(ImgPngForms, CutShortAnywhereIsRefused)
+TEST_P(ImgPngForms, RefusesAnyTruncation)
 {
     const FileBytes file = SmallFile(GetParam());
     ASSERT_NE(DecodePng(file).Width, 0);
@@ -157,7 +157,7 @@ TEST_P(ImgPngForms, CutShortAnywhereIsRefused)
         ASSERT_EQ(DecodePng(FileBytes(file.begin(), file.begin() + static_cast<ptrdiff_t>(bytes))).Width, 0) << bytes;
 }
 
-TEST_P(ImgPngForms, DamagedAnywhereIsRefused)
+TEST_P(ImgPngForms, RefusesAnyDamage)
 {
     const FileBytes file = SmallFile(GetParam());
     for (size_t at = 0; at < file.size(); ++at) {
@@ -167,7 +167,7 @@ TEST_P(ImgPngForms, DamagedAnywhereIsRefused)
     }
 }
 
-TEST_F(ImgPng, TransparentColorLetsTheContextThrough)
+TEST_F(ImgPng, TransparentColorShowsContext)
 {
     const auto rising = [](int x, int, unsigned) { return static_cast<unsigned>(x); };
     const FileBytes grey = ThreePixels(0, 8, { 0, 1 }).With(rising);
@@ -178,14 +178,14 @@ TEST_F(ImgPng, TransparentColorLetsTheContextThrough)
     EXPECT_EQ(DecodePng(fewBits, kBackground).Pixels(), (std::vector{ 0xff000000U, 0xff555555U, kBackground }));
 }
 
-TEST_F(ImgPng, TransparentColorOf16BitsIsThisOneOnly)
+TEST_F(ImgPng, TransparentColorOf16BitsMatchesExactly)
 {
     const auto near = [](int x, int, unsigned) { return 0x7700U + static_cast<unsigned>(x); };
     const FileBytes file = ThreePixels(0, 16, { 0x77, 0x01 }).With(near);
     EXPECT_EQ(DecodePng(file, kBackground).Pixels(), (std::vector{ 0xff777777U, kBackground, 0xff777777U }));
 }
 
-TEST_F(ImgPng, TransparentPaletteEntriesLetTheContextThrough)
+TEST_F(ImgPng, TransparentPaletteEntriesShowContext)
 {
     const FileBytes file =
         ThreePixels(3, 8, { 0, 128 }).With([](int x, int, unsigned) { return static_cast<unsigned>(x); });
@@ -193,7 +193,7 @@ TEST_F(ImgPng, TransparentPaletteEntriesLetTheContextThrough)
     EXPECT_EQ(DecodePng(file, kBackground).Pixels(), (std::vector{ kBackground, half, PaletteColor(2) }));
 }
 
-TEST_F(ImgPng, IndexWithoutColorIsRefused)
+TEST_F(ImgPng, RefusesIndexWithoutColor)
 {
     for (const uint8_t interlace : std::initializer_list<uint8_t>{ 0, 1 }) {
         PngFile file = FileOf({ 3, 8, interlace }, 5, 5);
@@ -205,19 +205,19 @@ TEST_F(ImgPng, IndexWithoutColorIsRefused)
     }
 }
 
-TEST_F(ImgPng, PaletteThatIsMissingIsRefused)
+TEST_F(ImgPng, RefusesMissingPalette)
 {
     PngFile file = FileOf({ 3, 8, 0 }, 3, 3);
     file.Palette.clear();
     EXPECT_EQ(DecodePng(file.With([](int, int, unsigned) { return 0U; })).Width, 0);
 }
 
-TEST_F(ImgPng, WhatStandsBesideThePictureDoesNoHarm)
+TEST_F(ImgPng, IgnoresAncillaryChunks)
 {
     PngFile file = FileOf({ 2, 8, 0 }, 4, 4);
     const auto sample = [](int x, int y, unsigned channel) { return Sample(x, y, channel, 8); };
     const Picture plain = DecodePng(file.With(sample));
-    // A gamma that would change the colours, a compressed text of nonsense, a chunk of another program, a wrong sum.
+    // A gamma that would change the colours, an invalid compressed text, a private chunk, a wrong checksum.
     for (const FileBytes& chunk : { PngFile::Chunk("gAMA", { 0, 1, 0x86, 0xa0 }),
              PngFile::Chunk("zTXt", { 'k', 0, 0, 0x78, 0x9c, 0xff, 0xff, 0xff }),
              PngFile::Chunk("xxXx", { 1, 2, 3 }) }) {
@@ -228,7 +228,7 @@ TEST_F(ImgPng, WhatStandsBesideThePictureDoesNoHarm)
     }
 }
 
-TEST_F(ImgPng, PixelsMayComeInManyPieces)
+TEST_F(ImgPng, PixelsMayBeSplitIntoChunks)
 {
     const PngFile form = FileOf({ 2, 8, 0 }, 9, 6);
     const auto sample = [](int x, int y, unsigned channel) { return Sample(x, y, channel, 8); };
@@ -248,17 +248,17 @@ TEST_F(ImgPng, PixelsMayComeInManyPieces)
         return file;
     };
     EXPECT_EQ(DecodePng(inPieces({})), DecodePng(whole));
-    EXPECT_EQ(DecodePng(inPieces(PngFile::Chunk("tEXt", { 'k', 0, 'v' }))).Width, 0); // they must be together
+    EXPECT_EQ(DecodePng(inPieces(PngFile::Chunk("tEXt", { 'k', 0, 'v' }))).Width, 0); // they must be consecutive
 }
 
-TEST_F(ImgPng, UnknownChunkThatMattersIsRefused)
+TEST_F(ImgPng, RefusesUnknownCriticalChunk)
 {
     PngFile file = FileOf({ 2, 8, 0 }, 4, 4);
     file.Extra = PngFile::Chunk("ABCD", { 1 });
     EXPECT_EQ(DecodePng(file.With([](int, int, unsigned) { return 0U; })).Width, 0);
 }
 
-TEST_F(ImgPng, PaintsNothingBesideThePicture)
+TEST_F(ImgPng, PaintsNothingOutsidePicture)
 {
     const std::string path = Store(SmallFile({ 6, 8, 1 }));
     Picture picture(12, 7, kBackground, 20);
@@ -270,7 +270,7 @@ TEST_F(ImgPng, PaintsNothingBesideThePicture)
     }
 }
 
-TEST_F(ImgPng, ContextThatIsTooSmallIsLeftAlone)
+TEST_F(ImgPng, TooSmallContextIsUnchanged)
 {
     const std::string path = Store(SmallFile({ 2, 8, 0 }));
     for (const auto& [width, height] : { std::pair(8, 6), std::pair(9, 5) }) {
@@ -282,7 +282,7 @@ TEST_F(ImgPng, ContextThatIsTooSmallIsLeftAlone)
     EXPECT_NE(img.ImgPngToDc(path.c_str(), nullptr), 0);
 }
 
-TEST_F(ImgPng, FileThatIsNotThereIsRefused)
+TEST_F(ImgPng, RefusesMissingFile)
 {
     Picture picture(1, 1);
     const TvImgContext context = picture.Context();

@@ -1,4 +1,4 @@
-// Pictures that are written: the same pixels when read, the smallest form, and files whole or not at all.
+// Writing of pictures: lossless, in the smallest format, and atomic.
 #include "tests/closed/failingfilesystem.h"
 #include "tests/closed/imgfixture.h"
 
@@ -12,7 +12,7 @@ using Names = std::vector<std::string>;
 
 class ImgWrite : public ImgTest {
 protected:
-    /// Status of writing all of the picture.
+    /// Writes the whole picture and returns the status.
     int16_t WritePng(Picture& picture, const std::string& name = "picture")
     {
         const TvImgContext context = picture.Context();
@@ -25,7 +25,7 @@ protected:
         return img.ImgDcToPcx(Path(name).c_str(), &context, picture.Width, picture.Height, 1, &counter);
     }
 
-    /// The picture as a file, and back.
+    /// Writes the picture to a file and reads it back.
     Picture ThroughPng(Picture picture)
     {
         EXPECT_EQ(WritePng(picture), 0);
@@ -59,7 +59,7 @@ Picture Greys(int levels)
         40, 20, [&](int x, int y) { return 0xff000000U | static_cast<uint32_t>((y * 40 + x) % levels) * 0x010101U; });
 }
 
-constexpr size_t kBitsAt = 24; // in a PNG file
+constexpr size_t kBitsAt = 24; // offset in a PNG file
 constexpr size_t kColorTypeAt = 25;
 
 } // namespace
@@ -69,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(Numbers, ImgWriteColors,
         FewColors{ 16, 4 }, FewColors{ 17, 8 }, FewColors{ 255, 8 }, FewColors{ 256, 8 }),
     &ColorsName);
 
-TEST_P(ImgWriteColors, HaveAPaletteOfTheFewestBits)
+TEST_P(ImgWriteColors, UseFewestPaletteBits)
 {
     for (const int width : { 23, 64 }) {
         const Picture picture = PictureOfColors(width, 17, GetParam().Colors);
@@ -88,7 +88,7 @@ TEST_F(ImgWrite, PngOfMoreColorsHas24Bits)
     EXPECT_EQ(Contents(Path())[kBitsAt], 8);
 }
 
-TEST_F(ImgWrite, PngOfManyGreysNeedsNoPalette)
+TEST_F(ImgWrite, PngOfManyGreysHasNoPalette)
 {
     EXPECT_EQ(ThroughPng(Greys(256)), Greys(256));
     EXPECT_EQ(Contents(Path())[kColorTypeAt], 0);
@@ -97,7 +97,7 @@ TEST_F(ImgWrite, PngOfManyGreysNeedsNoPalette)
     EXPECT_EQ(Contents(Path())[kColorTypeAt], 3);
 }
 
-TEST_F(ImgWrite, PicturesOfAnySizeComeBack)
+TEST_F(ImgWrite, PicturesOfAnySizeRoundTrip)
 {
     for (const auto& [width, height] : { std::pair(1, 1), std::pair(1, 50), std::pair(50, 1), std::pair(62, 3),
              std::pair(63, 3), std::pair(64, 3), std::pair(65, 3), std::pair(127, 5), std::pair(1281, 40) }) {
@@ -107,7 +107,7 @@ TEST_F(ImgWrite, PicturesOfAnySizeComeBack)
     }
 }
 
-TEST_F(ImgWrite, EveryLevelComesBack)
+TEST_F(ImgWrite, EveryLevelRoundTrips)
 {
     const Picture picture = Picture::From(256, 3, [](int x, int y) {
         return 0xff000000U | static_cast<uint32_t>(x) << static_cast<unsigned>(8 * y) | (y == 0 ? 0xc0c000U : 0xc0U);
@@ -116,7 +116,7 @@ TEST_F(ImgWrite, EveryLevelComesBack)
     EXPECT_EQ(ThroughPcx(picture), picture);
 }
 
-TEST_F(ImgWrite, WritesTheUpperLeftOfTheContext)
+TEST_F(ImgWrite, WritesUpperLeftOfContext)
 {
     Picture large(30, 20, 0xff123456, 37);
     Picture expected(11, 7);
@@ -134,7 +134,7 @@ TEST_F(ImgWrite, WritesTheUpperLeftOfTheContext)
     EXPECT_EQ(DecodePcx(Contents(Path())), expected);
 }
 
-TEST_F(ImgWrite, HighestByteOfAPixelDoesNotMatter)
+TEST_F(ImgWrite, IgnoresHighestByteOfPixel)
 {
     const Picture opaque = PictureOfColors(16, 16, 20);
     Picture bare = opaque;
@@ -146,7 +146,7 @@ TEST_F(ImgWrite, HighestByteOfAPixelDoesNotMatter)
     EXPECT_EQ(ThroughPcx(bare), opaque);
 }
 
-TEST_F(ImgWrite, PcxHasThisHeader)
+TEST_F(ImgWrite, PcxHasExpectedHeader)
 {
     Picture picture(5, 300, 0xff0a0b0c);
     ASSERT_EQ(WritePcx(picture), 0);
@@ -163,7 +163,7 @@ TEST_F(ImgWrite, PcxHasThisHeader)
     EXPECT_EQ(file.size(), 128U + 300U * 6U);
 }
 
-TEST_F(ImgWrite, PcxRunsEndWithTheirPlaneAndAt63)
+TEST_F(ImgWrite, PcxRunsEndWithPlaneAndAt63)
 {
     Picture picture(64, 1, 0xff111111);
     picture.At(63, 0) = 0xffc01213;
@@ -173,7 +173,7 @@ TEST_F(ImgWrite, PcxRunsEndWithTheirPlaneAndAt63)
     EXPECT_EQ(FileBytes(file.begin() + 128, file.end()), lines);
 }
 
-TEST_F(ImgWrite, RefusesWhatCannotBeWritten)
+TEST_F(ImgWrite, RefusesInvalidArguments)
 {
     Picture picture(10, 10);
     const TvImgContext context = picture.Context();
@@ -192,7 +192,7 @@ TEST_F(ImgWrite, RefusesWhatCannotBeWritten)
     EXPECT_TRUE(FolderNames().empty());
 }
 
-TEST_F(ImgWrite, RefusesPathsThatAreNoFile)
+TEST_F(ImgWrite, RefusesPathsThatAreNotFiles)
 {
     Picture picture(10, 10);
     const TvImgContext context = picture.Context();
@@ -213,7 +213,7 @@ TEST_F(ImgWrite, ReplacesAnOlderFile)
     EXPECT_EQ(FolderNames(), (Names{ "picture" }));
 }
 
-TEST_F(ImgWrite, DiskThatFillsUpAtAnyByteLeavesTheOldFile)
+TEST_F(ImgWrite, DiskFullAtAnyByteKeepsOldFile)
 {
     const FileBytes old{ 'o', 'l', 'd' };
     (void)Store(old);
@@ -236,9 +236,9 @@ TEST_F(ImgWrite, DiskThatFillsUpAtAnyByteLeavesTheOldFile)
     }
 }
 
-TEST_F(ImgWrite, DiskThatFillsUpInALargePictureLeavesNothing)
+TEST_F(ImgWrite, DiskFullInLargePictureLeavesNothing)
 {
-    Picture picture = ColorfulPicture(1500, 900); // more than one piece in either form
+    Picture picture = ColorfulPicture(1500, 900); // more than one write in either format
     for (const size_t bytes : { size_t{ 1 } << 18U, size_t{ 1 } << 20U }) {
         FailingFileSystem disk;
         disk.BytesLeft = bytes;
@@ -246,12 +246,12 @@ TEST_F(ImgWrite, DiskThatFillsUpInALargePictureLeavesNothing)
         EXPECT_LT(counter, 900);
     }
     FailingFileSystem disk;
-    disk.BytesLeft = 1000; // all that stands before the lines, and some of them
+    disk.BytesLeft = 1000; // enough for the header and some rows
     EXPECT_NE(WritePng(picture), 0);
     EXPECT_TRUE(FolderNames().empty());
 }
 
-TEST_F(ImgWrite, FlushOrRenameThatFailsLeavesTheOldFile)
+TEST_F(ImgWrite, FailedFlushOrRenameKeepsOldFile)
 {
     const FileBytes old{ 'o', 'l', 'd' };
     (void)Store(old);
@@ -266,7 +266,7 @@ TEST_F(ImgWrite, FlushOrRenameThatFailsLeavesTheOldFile)
     }
 }
 
-TEST_F(ImgWrite, TableThatIsTooSmallIsRefused)
+TEST_F(ImgWrite, RefusesTooSmallTable)
 {
     TvImgApi small{};
     small.Size = sizeof small - 1;

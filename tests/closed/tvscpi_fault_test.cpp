@@ -1,6 +1,6 @@
-// Every operation against an instrument that fails: the connection is dropped, and stalled, behind every byte of its
-// answers, and answers are replaced by others. Whatever comes, the status word tells the truth, no operation outlasts
-// its deadline, and a file is there whole or as it was.
+// Every operation against a failing instrument: the connection is dropped and stalled after every byte of its
+// answers, and answers are corrupted. In every case the status word is right, no operation exceeds its deadline, and
+// a file is either complete or unchanged.
 #include "tests/closed/scpifixture.h"
 #include "tests/closed/scpiserver.h"
 
@@ -127,7 +127,7 @@ protected:
         Store(Path(), "old");
     }
 
-    /// Connects anew and runs `operation` against `answer`, of which `most` bytes come.
+    /// Reconnects and runs `operation` with `answer`, of which `most` bytes arrive.
     int16_t RunAgainst(const Operation& operation, const std::string& answer, Afterwards afterwards, size_t most)
     {
         char reply[TVSCPI_TEXT_SIZE] = "";
@@ -141,7 +141,7 @@ protected:
         return operation.Run(scpi, Path(), timeoutMs);
     }
 
-    /// The state behind a failure of the link.
+    /// Expects the state after a failure of the link.
     void ExpectGone()
     {
         ASSERT_NE(scpi.scpiGetConnected(), 0);
@@ -150,7 +150,7 @@ protected:
         ASSERT_EQ(FolderNames(), (Names{ "target" }));
     }
 
-    /// Cuts each answer behind each of its bytes; gives the number of places.
+    /// Cuts each answer after each of its bytes; returns the number of cuts.
     size_t CutEverywhere(Afterwards afterwards)
     {
         size_t places = 0;
@@ -175,20 +175,20 @@ protected:
 TEST_F(ScpiFaults, WholeAnswersSucceed)
 {
     for (const Operation& operation : Operations())
-        EXPECT_EQ(RunAgainst(operation, operation.Answer, Afterwards::GoesOn, SIZE_MAX), kOk) << operation.Name;
+        EXPECT_EQ(RunAgainst(operation, operation.Answer, Afterwards::Continues, SIZE_MAX), kOk) << operation.Name;
 }
 
-TEST_F(ScpiFaults, ConnectionDroppedBehindAnyByte)
+TEST_F(ScpiFaults, ConnectionDroppedAfterAnyByte)
 {
     EXPECT_GE(CutEverywhere(Afterwards::Drops), 2000U);
 }
 
-TEST_F(ScpiFaults, ConnectionStalledBehindAnyByte)
+TEST_F(ScpiFaults, ConnectionStalledAfterAnyByte)
 {
     EXPECT_GE(CutEverywhere(Afterwards::Stalls), 2000U);
 }
 
-TEST_F(ScpiFaults, ConnectDroppedOrStalledBehindAnyByte)
+TEST_F(ScpiFaults, ConnectDroppedOrStalledAfterAnyByte)
 {
     const std::string answer = std::string(kIdentification) + '\n';
     for (size_t most = 0; most < answer.size(); ++most) {
@@ -205,7 +205,7 @@ TEST_F(ScpiFaults, ConnectDroppedOrStalledBehindAnyByte)
     }
 }
 
-TEST_F(ScpiFaults, RandomBytesInPlaceOfAnAnswer)
+TEST_F(ScpiFaults, RandomBytesInsteadOfAnswer)
 {
     constexpr int kRounds = 20;
     std::uniform_int_distribution<int> byte(0, 255);
@@ -223,13 +223,13 @@ TEST_F(ScpiFaults, RandomBytesInPlaceOfAnAnswer)
     }
 }
 
-TEST_F(ScpiFaults, AnswerWithOneOtherByteGivesAWholeFileOrNone)
+TEST_F(ScpiFaults, AnswerWithOneChangedByteGivesWholeFileOrNone)
 {
     std::uniform_int_distribution<int> difference(1, 255);
     constexpr size_t kWholeBytes = 150;
     constexpr size_t kHeadBytes = 5;
     for (const Operation& operation : Operations()) {
-        // Any byte of a file may be another; a few of them stand for all.
+        // A changed byte inside a file goes unnoticed, so a few of them are enough.
         const bool hasFile = operation.Answer.size() > kWholeBytes;
         for (size_t at = 0; at < operation.Answer.size() && !HasFatalFailure(); ++at) {
             if (hasFile && at > kHeadBytes && at < kWholeBytes && at % 40 != 0)

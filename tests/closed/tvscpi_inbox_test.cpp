@@ -1,4 +1,4 @@
-// What is received, as lines and blocks: where each ends, and what is too long.
+// Received lines and blocks: where each ends, and what is too long.
 #include "closed/tvscpi/inbox.h"
 #include "tests/closed/scriptedwire.h"
 
@@ -18,14 +18,14 @@ protected:
     {
     }
 
-    /// What comes, in pieces of at most `most` bytes.
-    void Comes(const std::string& bytes, size_t most = SIZE_MAX)
+    /// Delivers `bytes` in pieces of at most `most` bytes.
+    void Deliver(const std::string& bytes, size_t most = SIZE_MAX)
     {
         script_.Arrived += bytes;
         script_.MaxPiece = most;
     }
 
-    /// What has not even been received.
+    /// Bytes that have not been received yet.
     [[nodiscard]] size_t LeftOnTheWire() const
     {
         return script_.Arrived.size();
@@ -44,42 +44,42 @@ protected:
 
 } // namespace
 
-TEST_F(ScpiInbox, LineEndsInALineFeedWithOrWithoutACarriageReturn)
+TEST_F(ScpiInbox, LineEndsInLfOrCrLf)
 {
-    Comes("one\ntwo\r\n\r\n");
+    Deliver("one\ntwo\r\n\r\n");
     EXPECT_TRUE(inbox.Line(line, 3));
     EXPECT_EQ(line, "one");
     EXPECT_TRUE(inbox.Line(line, 3));
     EXPECT_EQ(line, "two");
     EXPECT_TRUE(inbox.Line(line, 3));
     EXPECT_EQ(line, "");
-    EXPECT_FALSE(inbox.HasRest());
+    EXPECT_FALSE(inbox.HasUnread());
 }
 
-TEST_F(ScpiInbox, LineThatIsTooLongByOneCharacterIsNone)
+TEST_F(ScpiInbox, RefusesLineTooLongByOneCharacter)
 {
-    Comes("four\n");
+    Deliver("four\n");
     EXPECT_FALSE(inbox.Line(line, 3));
 }
 
-TEST_F(ScpiInbox, LineWithoutAnEndIsGivenUpBeforeAllOfItIsThere)
+TEST_F(ScpiInbox, GivesUpOverlongLineEarly)
 {
-    Comes(std::string(1000, 'x'), 10);
+    Deliver(std::string(1000, 'x'), 10);
     EXPECT_FALSE(inbox.Line(line, 20));
     EXPECT_GT(LeftOnTheWire(), 900U);
 }
 
-TEST_F(ScpiInbox, LineLongerThanTheBufferIsWhole)
+TEST_F(ScpiInbox, ReadsLineLongerThanBuffer)
 {
-    Comes(std::string(1000, 'x') + '\n');
+    Deliver(std::string(1000, 'x') + '\n');
     EXPECT_TRUE(inbox.Line(line, 1000));
     EXPECT_EQ(line.size(), 1000U);
 }
 
-TEST_F(ScpiInbox, BlockHeadTellsTheLength)
+TEST_F(ScpiInbox, BlockHeadGivesLength)
 {
     uint64_t length = 0;
-    Comes("#10#3012#9000000007", 1);
+    Deliver("#10#3012#9000000007", 1);
     EXPECT_TRUE(inbox.BlockHead(length));
     EXPECT_EQ(length, 0U);
     EXPECT_TRUE(inbox.BlockHead(length));
@@ -88,9 +88,9 @@ TEST_F(ScpiInbox, BlockHeadTellsTheLength)
     EXPECT_EQ(length, 7U);
 }
 
-TEST_F(ScpiInbox, BytesAreThoseThatAreThere)
+TEST_F(ScpiInbox, BytesReturnsWhatHasArrived)
 {
-    Comes("abcdef");
+    Deliver("abcdef");
     const ByteView first = inbox.Bytes(2);
     EXPECT_EQ(std::string(first.begin(), first.end()), "ab");
     const ByteView rest = inbox.Bytes(100);

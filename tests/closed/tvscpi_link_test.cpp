@@ -17,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int32_t kLongMs = 20000; ///< never reached
 constexpr int32_t kShortMs = 50;
 
-/// The no-delay option of this process's connection to a port of this machine; -1 without one.
+/// The TCP_NODELAY option of this process's connection to a local port; -1 if there is none.
 int NoDelayOfConnection(int16_t port)
 {
     constexpr int kMostDescriptors = 256;
@@ -46,7 +46,7 @@ protected:
         return Call(scpi.scpiConnect, mode, host, port, timeoutMs, reply, TVSCPI_TEXT_SIZE);
     }
 
-    /// Prepares the identification.
+    /// Queues the identification.
     void Identify()
     {
         server.Answer(std::string(kIdentification) + '\n');
@@ -58,8 +58,8 @@ protected:
         ASSERT_EQ(Connect(), kOk);
     }
 
-    /// True if a wait of `kShortMs` can have been all that it was, on a machine that has other work too.
-    static bool TookShort(Clock::time_point start)
+    /// True if no time beyond a wait of `kShortMs` was spent, with allowance for a busy machine.
+    static bool TookAboutShortMs(Clock::time_point start)
     {
         const auto took = Clock::now() - start;
         return took >= std::chrono::milliseconds(kShortMs) && took < std::chrono::milliseconds(kLongMs / 4);
@@ -71,7 +71,7 @@ protected:
 
 } // namespace
 
-TEST_F(ScpiLink, ConnectAsksOnlyWhoIsThere)
+TEST_F(ScpiLink, ConnectQueriesIdentificationOnly)
 {
     Identify();
     EXPECT_EQ(Connect(), kOk);
@@ -81,25 +81,25 @@ TEST_F(ScpiLink, ConnectAsksOnlyWhoIsThere)
     EXPECT_EQ(scpi.scpiCheckConnection(), 0);
 }
 
-TEST_F(ScpiLink, CommandsDoNotWaitForCompany)
+TEST_F(ScpiLink, CommandsAreSentWithoutDelay)
 {
     ExpectConnected();
     EXPECT_EQ(NoDelayOfConnection(server.Port()), 1);
 }
 
-TEST_F(ScpiLink, ConnectEndsTheConnectionThatStood)
+TEST_F(ScpiLink, ConnectClosesExistingConnection)
 {
     ExpectConnected();
     Identify();
-    EXPECT_EQ(Connect(), kOk); // the server takes one client at a time: the first is gone
+    EXPECT_EQ(Connect(), kOk); // the server takes one client at a time: the first connection is closed
 }
 
-TEST_F(ScpiLink, ConnectReadsZerosInFrontAsADisplayShowsThem)
+TEST_F(ScpiLink, ConnectAcceptsLeadingZerosAsDecimal)
 {
     EXPECT_EQ(Connect(kLongMs, "127.000.000.001"), kOk);
 }
 
-TEST_F(ScpiLink, ConnectWhereNobodyListensFails)
+TEST_F(ScpiLink, ConnectWithoutListenerFails)
 {
     EXPECT_EQ(ConnectTo(SilentPort(), kLongMs), kLinkFailed);
     EXPECT_STREQ(reply, "");
@@ -107,7 +107,7 @@ TEST_F(ScpiLink, ConnectWhereNobodyListensFails)
     EXPECT_EQ(scpi.scpiCheckConnection(), 1);
 }
 
-TEST_F(ScpiLink, ConnectTakesAddressesAndOneModeOnly)
+TEST_F(ScpiLink, ConnectAcceptsAddressesAndOneModeOnly)
 {
     for (const char* host : { "localhost", "", "127.0.0.1x", "::1", "127.0.0.256", "127.1", "127.0.0.", "127.0.0.1.",
              "127.0.0.-1", "127.0.0. 1", "127..0.1", ".127.0.0.1", "127.0.0.99999999999999999999" })
@@ -117,22 +117,22 @@ TEST_F(ScpiLink, ConnectTakesAddressesAndOneModeOnly)
     EXPECT_EQ(server.Received(), "");
 }
 
-TEST_F(ScpiLink, ConnectToAnInstrumentThatIsBusyFails)
+TEST_F(ScpiLink, ConnectToBusyInstrumentFails)
 {
     server.Answer("", Afterwards::Drops);
     EXPECT_EQ(Connect(), kLinkFailed);
     EXPECT_NE(scpi.scpiGetConnected(), 0);
 }
 
-TEST_F(ScpiLink, ConnectToAnInstrumentThatSaysNothingEndsInTime)
+TEST_F(ScpiLink, ConnectToSilentInstrumentTimesOut)
 {
     server.Answer("", Afterwards::Stalls);
     const auto start = Clock::now();
     EXPECT_EQ(Connect(kShortMs), kLinkFailed);
-    EXPECT_TRUE(TookShort(start));
+    EXPECT_TRUE(TookAboutShortMs(start));
 }
 
-TEST_F(ScpiLink, IdentificationThatDoesNotFitIsAFailure)
+TEST_F(ScpiLink, TooLongIdentificationIsAFailure)
 {
     Identify();
     EXPECT_EQ(Call(scpi.scpiConnect, 1, "127.0.0.1", server.Port(), kLongMs, reply, 8), kLinkFailed);
@@ -144,53 +144,53 @@ TEST_F(ScpiLink, IdentificationThatDoesNotFitIsAFailure)
     }
 }
 
-TEST_F(ScpiLink, OperationThatGetsNoAnswerEndsInTimeAndTheLinkIsGone)
+TEST_F(ScpiLink, OperationWithoutAnswerTimesOutAndClosesLink)
 {
     ExpectConnected();
     tvscpi::TheChannel().DefaultTimeoutMs = kShortMs;
     server.Answer("", Afterwards::Stalls);
     const auto start = Clock::now();
     EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kLinkFailed);
-    EXPECT_TRUE(TookShort(start));
+    EXPECT_TRUE(TookAboutShortMs(start));
     EXPECT_NE(scpi.scpiGetConnected(), 0);
     EXPECT_EQ(scpi.scpiCheckConnection(), 1);
 }
 
-TEST_F(ScpiLink, TimeOutIsThatOfTheWholeOperation)
+TEST_F(ScpiLink, TimeOutCoversWholeOperation)
 {
     ExpectConnected();
     Store(Path(), "old");
     server.Answer("#71000000", Afterwards::Trickles);
     const auto start = Clock::now();
     EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), kShortMs), kLinkFailed);
-    EXPECT_TRUE(TookShort(start));
+    EXPECT_TRUE(TookAboutShortMs(start));
     EXPECT_EQ(Contents(Path()), "old");
     EXPECT_EQ(FolderNames(), (std::vector<std::string>{ "target" }));
 }
 
-TEST_F(ScpiLink, UploadToAnInstrumentThatDoesNotReadEndsInTime)
+TEST_F(ScpiLink, UploadToInstrumentThatDoesNotReadTimesOut)
 {
     QFile file(QString::fromStdString(Path()));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(qint64{ 64 } << 20));
-    server.Answer(std::string(kIdentification) + '\n', Afterwards::GoesDeaf);
+    server.Answer(std::string(kIdentification) + '\n', Afterwards::StopsReading);
     ASSERT_EQ(Connect(), kOk);
     const auto start = Clock::now();
     EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", kShortMs), kLinkFailed);
-    EXPECT_TRUE(TookShort(start));
+    EXPECT_TRUE(TookAboutShortMs(start));
     EXPECT_EQ(scpi.scpiCheckConnection(), 1);
 }
 
-TEST_F(ScpiLink, InstrumentThatHangsUpInTheMiddleOfAnUploadEndsTheLink)
+TEST_F(ScpiLink, DisconnectDuringUploadClosesLink)
 {
     QFile file(QString::fromStdString(Path()));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(qint64{ 64 } << 20));
-    server.Answer(std::string(kIdentification) + '\n', Afterwards::HangsUpOnTheNext);
+    server.Answer(std::string(kIdentification) + '\n', Afterwards::ClosesOnNextRequest);
     ASSERT_EQ(Connect(), kOk);
     EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", kLongMs), kLinkFailed);
     EXPECT_EQ(scpi.scpiCheckConnection(), 1);
 }
 
-TEST_F(ScpiLink, InstrumentThatHangsUpIsSeenWithoutACommand)
+TEST_F(ScpiLink, DisconnectIsDetectedWithoutCommand)
 {
     server.Answer(std::string(kIdentification) + '\n', Afterwards::Drops);
     ASSERT_EQ(Connect(), kOk);
@@ -202,7 +202,7 @@ TEST_F(ScpiLink, InstrumentThatHangsUpIsSeenWithoutACommand)
     EXPECT_EQ(Call(scpi.scpiSend, "x"), kLinkFailed);
 }
 
-TEST_F(ScpiLink, LargeFileComesAsItIs)
+TEST_F(ScpiLink, LargeFileArrivesUnchanged)
 {
     std::string bytes;
     for (uint32_t i = 0; i < (3U << 20) + 7; ++i)
@@ -217,7 +217,7 @@ TEST_F(ScpiLink, LargeFileComesAsItIs)
     EXPECT_TRUE(server.Received() == "*CLS\nMMEM:DATA ALL,\"b\"," + Block(bytes) + "\nSYST:ERR?\n");
 }
 
-TEST_F(ScpiLink, CatalogueOfTenThousandFilesIsWalkedToItsEnd)
+TEST_F(ScpiLink, WalksCatalogueOfTenThousandFiles)
 {
     constexpr int kFiles = 10000;
     std::string answer = "1,2";

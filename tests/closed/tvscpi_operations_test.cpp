@@ -1,4 +1,4 @@
-// Each operation: what it sends, in how many sends, and what it makes of the answer.
+// Each operation: its request, the number of sends, and its result for each answer.
 #include "tests/closed/scpifixture.h"
 
 #include <utility>
@@ -11,7 +11,7 @@ using Names = std::vector<std::string>;
 
 } // namespace
 
-TEST_F(ScpiOperations, ConnectedIsToldByZero)
+TEST_F(ScpiOperations, ConnectedIsZero)
 {
     EXPECT_EQ(scpi.scpiGetConnected(), 0);
     EXPECT_EQ(scpi.scpiCheckConnection(), 0);
@@ -20,7 +20,7 @@ TEST_F(ScpiOperations, ConnectedIsToldByZero)
     EXPECT_EQ(scpi.scpiCheckConnection(), 1);
 }
 
-TEST_F(ScpiOperations, ConnectionThatTheInstrumentClosesIsSeen)
+TEST_F(ScpiOperations, DetectsConnectionClosedByInstrument)
 {
     script.IsClosed = true;
     EXPECT_NE(scpi.scpiGetConnected(), 0);
@@ -35,7 +35,7 @@ TEST_F(ScpiOperations, SendWritesALineAndReadsNothing)
     EXPECT_TRUE(IsUp());
 }
 
-TEST_F(ScpiOperations, SendOfMoreThanOneLineIsRefused)
+TEST_F(ScpiOperations, SendRefusesMoreThanOneLine)
 {
     EXPECT_EQ(Call(scpi.scpiSend, "DISP:WIND:FETC?\nMMEM:DEL ALL,\"a\""), kRefused);
     EXPECT_EQ(Call(scpi.scpiSend, ""), kRefused);
@@ -55,7 +55,7 @@ TEST_F(ScpiOperations, DirectoryIsOneRoundTrip)
     EXPECT_EQ(script.Sends, 1U);
 }
 
-TEST_F(ScpiOperations, DirectoryOfTheRootIsASingleBackslash)
+TEST_F(ScpiOperations, RootDirectoryIsSingleBackslash)
 {
     char path[TVSCPI_TEXT_SIZE] = "unset";
     Answer(std::string("\"\\\"\r\n") + kNoError);
@@ -63,7 +63,7 @@ TEST_F(ScpiOperations, DirectoryOfTheRootIsASingleBackslash)
     EXPECT_STREQ(path, "\\");
 }
 
-TEST_F(ScpiOperations, DirectoryThatDoesNotFitIsAFailureOfTheLink)
+TEST_F(ScpiOperations, TooLongDirectoryIsAFailureOfTheLink)
 {
     char path[8] = "unset";
     Answer(std::string("\"\\Public\\Memory List\"\n") + kNoError);
@@ -72,7 +72,7 @@ TEST_F(ScpiOperations, DirectoryThatDoesNotFitIsAFailureOfTheLink)
     EXPECT_FALSE(IsUp());
 }
 
-TEST_F(ScpiOperations, CommandsOfFoldersAndNames)
+TEST_F(ScpiOperations, SendsFolderAndNameCommands)
 {
     for (int i = 0; i < 4; ++i)
         Answer(kNoError);
@@ -86,7 +86,7 @@ TEST_F(ScpiOperations, CommandsOfFoldersAndNames)
     EXPECT_EQ(TakeSent(), Exchange("MMEM:MOVE \"old, 1\",\"new, 2\""));
 }
 
-TEST_F(ScpiOperations, ErrorInTheQueueIsARefusalAndTheLinkStays)
+TEST_F(ScpiOperations, QueuedErrorIsRefusalAndLinkStays)
 {
     Answer("-256,\"File name not found\"\n");
     EXPECT_EQ(Call(scpi.scpiSetCurrentDirectory, "\\Nowhere"), kRefused);
@@ -94,7 +94,7 @@ TEST_F(ScpiOperations, ErrorInTheQueueIsARefusalAndTheLinkStays)
     EXPECT_EQ(scpi.scpiCheckConnection(), 0);
 }
 
-TEST_F(ScpiOperations, ErrorLineThatIsNoneIsAFailureOfTheLink)
+TEST_F(ScpiOperations, InvalidErrorLineIsAFailureOfTheLink)
 {
     for (const std::string& line : Names{ "", "0", "0,", "0,No error", "0,\"No error", "0,\"No error\"x", "0,\"a\tb\"",
              "0 ,\"a\"", "+0,\"a\"", "-,\"a\"", "--1,\"a\"", "32768,\"a\"", "-32769,\"a\"", "0;\"a\"" }) {
@@ -105,7 +105,7 @@ TEST_F(ScpiOperations, ErrorLineThatIsNoneIsAFailureOfTheLink)
     }
 }
 
-TEST_F(ScpiOperations, ErrorOfAnyCodeIsARefusal)
+TEST_F(ScpiOperations, AnyErrorCodeIsRefusal)
 {
     for (const std::string& line : Names{ "-32768,\"a\"", "32767,\"\"", "1,\"say \"\"no\"\"\"" }) {
         Answer(line + '\n');
@@ -114,7 +114,7 @@ TEST_F(ScpiOperations, ErrorOfAnyCodeIsARefusal)
     EXPECT_TRUE(IsUp());
 }
 
-TEST_F(ScpiOperations, QueryThatIsRefusedHasAnErrorLineOnly)
+TEST_F(ScpiOperations, RefusedQueryHasErrorLineOnly)
 {
     char path[TVSCPI_TEXT_SIZE] = "unset";
     Answer("-250,\"Mass storage error\"\r\n");
@@ -123,7 +123,7 @@ TEST_F(ScpiOperations, QueryThatIsRefusedHasAnErrorLineOnly)
     EXPECT_TRUE(IsUp());
 }
 
-TEST_F(ScpiOperations, QueryWithoutAnAnswerAndWithoutAnErrorIsAFailureOfTheLink)
+TEST_F(ScpiOperations, QueryWithoutAnswerAndErrorIsAFailureOfTheLink)
 {
     char path[TVSCPI_TEXT_SIZE] = "unset";
     Answer(kNoError);
@@ -131,7 +131,7 @@ TEST_F(ScpiOperations, QueryWithoutAnAnswerAndWithoutAnErrorIsAFailureOfTheLink)
     EXPECT_FALSE(IsUp());
 }
 
-TEST_F(ScpiOperations, QuotesCommasAndUmlautsTravelUnharmed)
+TEST_F(ScpiOperations, QuotesCommasAndUmlautsRoundTrip)
 {
     const std::string name = "K\xFCste, \"Nord\".tvm";
     Answer(std::string("1,FILE\n") + kNoError);
@@ -141,7 +141,7 @@ TEST_F(ScpiOperations, QuotesCommasAndUmlautsTravelUnharmed)
     EXPECT_EQ(TakeSent(), Exchange("MMEM:EXIS? ALL,\"K\xFCste, \"\"Nord\"\".tvm\""));
 }
 
-TEST_F(ScpiOperations, NamesThatAreNoNamesAreRefusedAndNotSent)
+TEST_F(ScpiOperations, RefusesInvalidNamesWithoutSending)
 {
     for (const std::string& name :
         Names{ "", ".", "..", "a\nb", "a\tb", "..\\x", "a/b", "C:x", "a\x7F", std::string(TVSCPI_MAX_NAME + 1, 'n') }) {
@@ -169,7 +169,7 @@ TEST_F(ScpiOperations, LongestNameIsSent)
     EXPECT_EQ(TakeSent(), Exchange("MMEM:MDIR \"" + name + '"'));
 }
 
-TEST_F(ScpiOperations, FindTellsFilesFoldersAndNothing)
+TEST_F(ScpiOperations, FindDistinguishesFilesFoldersAndNothing)
 {
     struct Case {
         const char* Answer;
@@ -186,7 +186,7 @@ TEST_F(ScpiOperations, FindTellsFilesFoldersAndNothing)
     }
 }
 
-TEST_F(ScpiOperations, FindWithAnAnswerThatIsNoneIsAFailureOfTheLink)
+TEST_F(ScpiOperations, FindWithInvalidAnswerIsAFailureOfTheLink)
 {
     for (const std::string& line : Names{ "", "1", "1,", "1,LINK", "1,FILE,x", "0,FILE", "2", "00" }) {
         Connect();
@@ -196,7 +196,7 @@ TEST_F(ScpiOperations, FindWithAnAnswerThatIsNoneIsAFailureOfTheLink)
     }
 }
 
-TEST_F(ScpiOperations, FindThatFailsIsNeitherThereNorNot)
+TEST_F(ScpiOperations, FailedFindReportsNeitherFoundNorMissing)
 {
     Answer("-257,\"File name error\"\n");
     int16_t err = -1;
@@ -207,7 +207,7 @@ TEST_F(ScpiOperations, FindThatFailsIsNeitherThereNorNot)
     EXPECT_NE(result, 1);
 }
 
-TEST_F(ScpiOperations, FindsAndRemovesOfEachStore)
+TEST_F(ScpiOperations, FindsAndRemovesInEachStore)
 {
     using Find = decltype(scpi.scpiFindFile);
     for (const Worded<Find>& each :
@@ -227,14 +227,14 @@ TEST_F(ScpiOperations, FindsAndRemovesOfEachStore)
     }
 }
 
-TEST_F(ScpiOperations, SendThatFailsEndsTheLink)
+TEST_F(ScpiOperations, FailedSendClosesLink)
 {
     script.SendLimit = 3;
     EXPECT_EQ(Call(scpi.scpiSend, "SYST:SET:LOCK \"a\""), kLinkFailed);
     EXPECT_FALSE(IsUp());
 }
 
-TEST_F(ScpiOperations, BytesThatWaitBeforeACommandEndTheLink)
+TEST_F(ScpiOperations, BytesPendingBeforeCommandCloseLink)
 {
     script.Arrived = "0\n";
     EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kLinkFailed);
@@ -242,7 +242,7 @@ TEST_F(ScpiOperations, BytesThatWaitBeforeACommandEndTheLink)
     EXPECT_EQ(TakeSent(), "");
 }
 
-TEST_F(ScpiOperations, BytesBehindAnAnswerEndTheLinkAtTheNextCommand)
+TEST_F(ScpiOperations, BytesAfterAnswerCloseLinkAtNextCommand)
 {
     Answer(std::string("0\n") + kNoError + "0\n");
     Answer(std::string("0\n") + kNoError);
@@ -253,7 +253,7 @@ TEST_F(ScpiOperations, BytesBehindAnAnswerEndTheLinkAtTheNextCommand)
     EXPECT_FALSE(IsUp());
 }
 
-TEST_F(ScpiOperations, WithoutALinkEveryOperationFails)
+TEST_F(ScpiOperations, EveryOperationFailsWithoutLink)
 {
     scpi.scpiDisconnect();
     char text[TVSCPI_TEXT_SIZE] = "unset";

@@ -1,4 +1,4 @@
-// Files that travel: what is sent, what is stored, and what stays as it was when something fails on either side.
+// File transfers: what is sent, what is stored, and what remains unchanged after a failure on either side.
 #include "tests/closed/failingfilesystem.h"
 #include "tests/closed/scpifixture.h"
 
@@ -12,7 +12,7 @@ using Names = std::vector<std::string>;
 
 } // namespace
 
-TEST_F(ScpiTransfers, DownloadsOfEachStore)
+TEST_F(ScpiTransfers, DownloadsFromEachStore)
 {
     using Get = decltype(scpi.scpiGetFile);
     for (const Worded<Get>& each : { Worded<Get>{ scpi.scpiGetFile, "ALL" },
@@ -31,7 +31,7 @@ TEST_F(ScpiTransfers, DownloadsOfEachStore)
     EXPECT_EQ(Contents(Path()), "active");
 }
 
-TEST_F(ScpiTransfers, UploadsOfEachStore)
+TEST_F(ScpiTransfers, UploadsToEachStore)
 {
     Store(Path(), "all of it");
     using Put = decltype(scpi.scpiPutFile);
@@ -50,7 +50,7 @@ TEST_F(ScpiTransfers, UploadsOfEachStore)
     EXPECT_EQ(TakeSent(), Exchange("MMEM:ACT:DATA #19all of it"));
 }
 
-TEST_F(ScpiTransfers, EmptyFileTravelsBothWays)
+TEST_F(ScpiTransfers, TransfersEmptyFileBothWays)
 {
     Answer(std::string("#10\n") + kNoError);
     Answer(kNoError);
@@ -61,7 +61,7 @@ TEST_F(ScpiTransfers, EmptyFileTravelsBothWays)
     EXPECT_EQ(TakeSent(), Exchange("MMEM:DATA ALL,\"a\",#10"));
 }
 
-TEST_F(ScpiTransfers, BlockHoldsAnyBytes)
+TEST_F(ScpiTransfers, BlockMayContainAnyBytes)
 {
     std::string bytes = "#10\n0,\"No error\"\n\r\n";
     for (int code = 0; code < 256; ++code)
@@ -72,7 +72,7 @@ TEST_F(ScpiTransfers, BlockHoldsAnyBytes)
     EXPECT_TRUE(IsUp());
 }
 
-TEST_F(ScpiTransfers, AnswerThatComesByteByByteIsTheSame)
+TEST_F(ScpiTransfers, AnswerMayArriveByteByByte)
 {
     script.MaxPiece = 1;
     Answer(Block("a file of some bytes") + '\n' + kNoError);
@@ -82,7 +82,7 @@ TEST_F(ScpiTransfers, AnswerThatComesByteByByteIsTheSame)
     EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kOk);
 }
 
-TEST_F(ScpiTransfers, DownloadThatIsRefusedLeavesTheTarget)
+TEST_F(ScpiTransfers, RefusedDownloadKeepsTarget)
 {
     Store(Path(), "old");
     Answer("#10\n-256,\"File name not found\"\n");
@@ -96,7 +96,7 @@ TEST_F(ScpiTransfers, DownloadThatIsRefusedLeavesTheTarget)
     EXPECT_TRUE(IsUp());
 }
 
-TEST_F(ScpiTransfers, BlockThatIsNoneIsAFailureOfTheLink)
+TEST_F(ScpiTransfers, InvalidBlockIsAFailureOfTheLink)
 {
     Store(Path(), "old");
     for (const std::string& answer : Names{ "", "#0abc\n", "#1x", "#x5abcde\n", "#15abcdefg\n", "#12ab", "#", "#9",
@@ -110,7 +110,7 @@ TEST_F(ScpiTransfers, BlockThatIsNoneIsAFailureOfTheLink)
     }
 }
 
-TEST_F(ScpiTransfers, BlockBeyondTheLongestIsRefusedBeforeAnythingIsStored)
+TEST_F(ScpiTransfers, RefusesTooLongBlockBeforeStoring)
 {
     tvfile::FailingFileSystem disk;
     Answer("#9" + std::to_string(TVSCPI_MAX_BLOCK + 1) + "bytes");
@@ -123,7 +123,7 @@ TEST_F(ScpiTransfers, BlockBeyondTheLongestIsRefusedBeforeAnythingIsStored)
     EXPECT_EQ(FolderNames(), Names{});
 }
 
-TEST_F(ScpiTransfers, DiskThatIsFullIsAFailureOfTheFileAndTheLinkStays)
+TEST_F(ScpiTransfers, FullDiskIsFileFailureAndLinkStays)
 {
     Store(Path(), "old");
     tvfile::FailingFileSystem disk;
@@ -136,7 +136,7 @@ TEST_F(ScpiTransfers, DiskThatIsFullIsAFailureOfTheFileAndTheLinkStays)
     EXPECT_EQ(Call(scpi.scpiFindFile, "a", nullptr), kOk);
 }
 
-TEST_F(ScpiTransfers, BlockThatDoesNotFitOnTheDiskIsNotStored)
+TEST_F(ScpiTransfers, BlockLargerThanFreeSpaceIsNotStored)
 {
     tvfile::FailingFileSystem disk;
     disk.Free = 9;
@@ -150,7 +150,7 @@ TEST_F(ScpiTransfers, BlockThatDoesNotFitOnTheDiskIsNotStored)
     EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 1000), kOk);
 }
 
-TEST_F(ScpiTransfers, TargetThatCannotBeReplacedIsAFailureOfTheFile)
+TEST_F(ScpiTransfers, IrreplaceableTargetIsFileFailure)
 {
     Store(Path(), "old");
     tvfile::FailingFileSystem disk;
@@ -177,7 +177,7 @@ TEST_F(ScpiTransfers, SmallDownloadIsFlushedAndLargeOneIsNot)
     EXPECT_TRUE(Contents(Path()) == large);
 }
 
-TEST_F(ScpiTransfers, FolderThatIsNotThereIsAFailureOfTheFileAndNothingIsSent)
+TEST_F(ScpiTransfers, MissingFolderIsFileFailureAndNothingIsSent)
 {
     EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path("none/target").c_str(), 1000), kLocalFile);
     EXPECT_EQ(Call(scpi.scpiPutFile, Path("none").c_str(), "a", 1000), kLocalFile);
@@ -187,7 +187,7 @@ TEST_F(ScpiTransfers, FolderThatIsNotThereIsAFailureOfTheFileAndNothingIsSent)
     EXPECT_TRUE(IsUp());
 }
 
-TEST_F(ScpiTransfers, UploadThatIsRefusedLeavesTheLink)
+TEST_F(ScpiTransfers, RefusedUploadKeepsLink)
 {
     Store(Path(), "bytes");
     Answer("-258,\"Media protected\"\n");
@@ -195,7 +195,7 @@ TEST_F(ScpiTransfers, UploadThatIsRefusedLeavesTheLink)
     EXPECT_TRUE(IsUp());
 }
 
-TEST_F(ScpiTransfers, FileThatCannotBeReadIsAFailureOfTheFileAndNothingIsSent)
+TEST_F(ScpiTransfers, UnreadableFileIsFileFailureAndNothingIsSent)
 {
     Store(Path(), "bytes");
     tvfile::FailingFileSystem disk;
@@ -205,7 +205,7 @@ TEST_F(ScpiTransfers, FileThatCannotBeReadIsAFailureOfTheFileAndNothingIsSent)
     EXPECT_TRUE(IsUp());
 }
 
-TEST_F(ScpiTransfers, FileThatEndsUnderWayEndsTheLink)
+TEST_F(ScpiTransfers, FileTruncatedDuringUploadClosesLink)
 {
     Store(Path(), std::string(size_t{ 1 } << 20, 'x'));
     tvfile::FailingFileSystem disk;
@@ -215,7 +215,7 @@ TEST_F(ScpiTransfers, FileThatEndsUnderWayEndsTheLink)
     EXPECT_FALSE(TakeSent().ends_with("SYST:ERR?\n"));
 }
 
-TEST_F(ScpiTransfers, ScreenIsStoredFromTheStream)
+TEST_F(ScpiTransfers, StoresScreenFromStream)
 {
     EXPECT_EQ(Call(scpi.scpiSend, "DISP:WIND:FETC?"), kOk);
     script.Arrived = Block("picture") + '\n';
@@ -226,14 +226,14 @@ TEST_F(ScpiTransfers, ScreenIsStoredFromTheStream)
     EXPECT_TRUE(IsUp());
 }
 
-TEST_F(ScpiTransfers, ScreenIsStoredWhateverOlderErrorsWaitInTheQueue)
+TEST_F(ScpiTransfers, StoresScreenDespiteOlderErrors)
 {
     Answer(Block("picture") + "\n-258,\"Media protected\"\n");
     EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kOk);
     EXPECT_EQ(Contents(Path()), "picture");
 }
 
-TEST_F(ScpiTransfers, ScreenThatIsRefusedLeavesTargetAndLink)
+TEST_F(ScpiTransfers, RefusedScreenKeepsTargetAndLink)
 {
     Store(Path(), "old");
     for (const char* answer : { "-100,\"Command error\"\n", "#10\n-250,\"Mass storage error\"\n" }) {
@@ -245,7 +245,7 @@ TEST_F(ScpiTransfers, ScreenThatIsRefusedLeavesTargetAndLink)
     EXPECT_EQ(FolderNames(), (Names{ "target" }));
 }
 
-TEST_F(ScpiTransfers, EmptyBlockOfTheStreamIsAnEmptyFile)
+TEST_F(ScpiTransfers, EmptyBlockOfStreamIsEmptyFile)
 {
     Answer(std::string("#10\n") + kNoError);
     EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kOk);

@@ -1,4 +1,4 @@
-// A walk of a folder on the instrument: which rows come, and which catalogues are none.
+// Walking a folder on the instrument: the rows, and invalid catalogues.
 #include "tests/closed/scpifixture.h"
 
 namespace {
@@ -15,7 +15,7 @@ struct Row {
 
 class ScpiWalk : public ScriptedScpiTest {
 protected:
-    /// Starts a walk over a catalogue of `entries` and gives its status.
+    /// Starts a walk over a catalogue of `entries` and returns its status.
     int16_t Start(const std::string& entries)
     {
         Answer("1000,2000" + entries + '\n' + kNoError);
@@ -63,7 +63,7 @@ std::string Entry(const std::string& name, const std::string& type = "FILE")
 
 } // namespace
 
-TEST_F(ScpiWalk, WalksOfEachStore)
+TEST_F(ScpiWalk, WalksEachStore)
 {
     using StartFind = decltype(scpi.scpiStartFindAllFiles);
     for (const Worded<StartFind>& each : { Worded<StartFind>{ scpi.scpiStartFindAllFiles, "ALL" },
@@ -80,7 +80,7 @@ TEST_F(ScpiWalk, WalksOfEachStore)
     }
 }
 
-TEST_F(ScpiWalk, RowsComeAsTheyAreAndTheLastIsValid)
+TEST_F(ScpiWalk, RowsAreUnchangedAndLastIsValid)
 {
     ASSERT_EQ(Start(Entry("a.tvm") + ",\"Folder\",DIR,0,1999,12,31,0,0,0"), kOk);
     EXPECT_EQ(nothing, 0);
@@ -100,7 +100,7 @@ TEST_F(ScpiWalk, RowsComeAsTheyAreAndTheLastIsValid)
     EXPECT_EQ(second.Stamp, (std::vector<int16_t>{ 1999, 12, 31, 0, 0, 0 }));
 }
 
-TEST_F(ScpiWalk, EmptyFolderIsNothingToWalk)
+TEST_F(ScpiWalk, EmptyFolderGivesNothingToWalk)
 {
     EXPECT_EQ(Start(""), kOk);
     EXPECT_NE(nothing, 0);
@@ -110,7 +110,7 @@ TEST_F(ScpiWalk, EmptyFolderIsNothingToWalk)
     EXPECT_TRUE(IsUp());
 }
 
-TEST_F(ScpiWalk, EntryOfAnUnknownKindIsNeitherFileNorFolder)
+TEST_F(ScpiWalk, EntryOfUnknownKindIsNeitherFileNorFolder)
 {
     ASSERT_EQ(Start(Entry("a", "LINK")), kOk);
     const Row row = Next();
@@ -119,20 +119,20 @@ TEST_F(ScpiWalk, EntryOfAnUnknownKindIsNeitherFileNorFolder)
     EXPECT_NE(row.Type, 1);
 }
 
-TEST_F(ScpiWalk, NamesThatCouldLeaveTheFolderAreLeftOut)
+TEST_F(ScpiWalk, SkipsNamesThatCouldLeaveFolder)
 {
     EXPECT_EQ(Walk(Entry("good, \"\"one\"\"") + Entry("..\\x") + Entry("/etc/x") + Entry("..") + Entry(".") + Entry("")
                   + Entry("C:x") + Entry("a\tb") + Entry(std::string(256, 'n')) + Entry("last")),
         (Names{ "good, \"one\"", "last" }));
 }
 
-TEST_F(ScpiWalk, OnlyNamesThatAreLeftOutAreNothingToWalk)
+TEST_F(ScpiWalk, OnlySkippedNamesGiveNothingToWalk)
 {
     EXPECT_EQ(Start(Entry("..")), kOk);
     EXPECT_NE(nothing, 0);
 }
 
-TEST_F(ScpiWalk, StampThatNoCalendarHasBecomesTheFirstOne)
+TEST_F(ScpiWalk, InvalidTimeStampBecomes1980)
 {
     for (const std::string& stamp :
         Names{ "0,0,0,0,0,0", "2023,2,29,1,2,3", "2024,13,1,0,0,0", "2024,1,1,24,0,0", "2024,1,1,0,60,0",
@@ -142,7 +142,7 @@ TEST_F(ScpiWalk, StampThatNoCalendarHasBecomesTheFirstOne)
     }
 }
 
-TEST_F(ScpiWalk, CatalogueThatIsNoneIsAFailureOfTheLink)
+TEST_F(ScpiWalk, InvalidCatalogueIsAFailureOfTheLink)
 {
     EXPECT_EQ(Start(",\"a\",FILE,1,2024,1,1,0,0"), kLinkFailed);
     EXPECT_NE(nothing, 0);
@@ -150,7 +150,7 @@ TEST_F(ScpiWalk, CatalogueThatIsNoneIsAFailureOfTheLink)
     EXPECT_EQ(Next().Status, kLinkFailed);
 }
 
-TEST_F(ScpiWalk, NewWalkThatIsRefusedEndsTheOldOne)
+TEST_F(ScpiWalk, RefusedWalkEndsPreviousWalk)
 {
     ASSERT_EQ(Start(Entry("a") + Entry("b")), kOk);
     Answer("-250,\"Mass storage error\"\n");

@@ -1,8 +1,8 @@
 // Any bytes as the header, palette and lines of a PNG picture, with check sums that are right, and as a whole file. The
 // short way never differs from the library.
+#include "closed/tvimg/pngFastPath.h"
 #include "closed/tvimg/pngHeader.h"
 #include "closed/tvimg/pngReader.h"
-#include "closed/tvimg/pngShortWay.h"
 
 #include <libdeflate.h>
 
@@ -87,7 +87,7 @@ void Try(ByteView file)
     const bool isDecoded = DecodePng(file, quickContext);
     for (const uint32_t pixel : quick)
         Demand(pixel >= kOpaque && (isDecoded || pixel == kOpaqueWhite));
-    if (!ReadPngTheShortWay(file, quickContext))
+    if (!DecodePngFast(file, quickContext))
         return;
     Demand(DecodePngByLibrary(file, thoroughContext));
     Demand(quick == thorough);

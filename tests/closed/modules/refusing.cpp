@@ -1,4 +1,4 @@
-// A module of another generation: it refuses every table.
+// A module of another version: refuses every table.
 #include "closed/module.h"
 
 static int16_t Refuse(void*)

@@ -1,4 +1,4 @@
-// A module of an earlier generation: it fills a smaller table than the program has and thinks nothing of the rest.
+// A module of an earlier version: fills a smaller table than the program's and ignores the rest.
 #include "closed/tvgen.h"
 
 static int16_t NoTime(const char*, int16_t*, int16_t*, int16_t*, int16_t*, int16_t*, int16_t*)

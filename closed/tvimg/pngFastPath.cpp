@@ -1,4 +1,4 @@
-#include "closed/tvimg/pngShortWay.h"
+#include "closed/tvimg/pngFastPath.h"
 
 #include "closed/tvimg/pngHeader.h"
 #include "closed/tvimg/workspace.h"
@@ -19,9 +19,9 @@ namespace {
 
 constexpr size_t kSignatureBytes = 8;
 constexpr size_t kHeaderChunkBytes = 25;
-constexpr size_t kChunkFrameBytes = 12; // length, name, check sum
+constexpr size_t kChunkFrameBytes = 12; // length, name, checksum
 
-constexpr size_t kMostPaletteBytes = 768;
+constexpr size_t kMaxPaletteBytes = 768;
 
 constexpr uint8_t kGrey = 0;
 constexpr uint8_t kColors = 2;
@@ -34,7 +34,7 @@ struct Chunk {
     uint32_t Sum = 0;
 };
 
-/// Takes the first chunk off the rest of a file.
+/// Removes the first chunk from the rest of a file.
 std::optional<Chunk> TakeChunk(ByteView& rest)
 {
     if (rest.size() < kChunkFrameBytes)
@@ -54,8 +54,8 @@ bool IsLetter(char character)
     return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z');
 }
 
-/// True for a chunk that a reader need not know; its name begins with a small letter.
-bool IsBesideThePicture(const Chunk& chunk)
+/// True for an ancillary chunk, which a reader may ignore; its name begins with a lower-case letter.
+bool IsAncillary(const Chunk& chunk)
 {
     return chunk.Name != "tRNS" && chunk.Name[0] >= 'a' && std::ranges::all_of(chunk.Name, &IsLetter);
 }
@@ -64,7 +64,7 @@ struct Form {
     PictureSize Size;
     uint8_t ColorType = kColors;
     ByteView Palette;
-    uint8_t* Compressed = nullptr; ///< room for all parts of it
+    uint8_t* Compressed = nullptr; ///< space for all IDAT contents
     size_t CompressedBytes = 0;
 
     [[nodiscard]] size_t PixelBytes() const
@@ -77,8 +77,8 @@ struct Form {
     }
 };
 
-/// Takes what a chunk tells of the picture. False for one that is out of its order or damaged.
-bool TakeIn(const Chunk& chunk, Form& form)
+/// Stores the contents of a chunk. False if it is damaged, or in the wrong order.
+bool ApplyChunk(const Chunk& chunk, Form& form)
 {
     if (libdeflate_crc32(0, chunk.Summed.data(), chunk.Summed.size()) != chunk.Sum)
         return false;
@@ -88,14 +88,14 @@ bool TakeIn(const Chunk& chunk, Form& form)
         return true;
     }
     const size_t bytes = chunk.Content.size();
-    const bool isPalette = chunk.Name == "PLTE" && bytes > 0 && bytes <= kMostPaletteBytes && bytes % 3 == 0;
+    const bool isPalette = chunk.Name == "PLTE" && bytes > 0 && bytes <= kMaxPaletteBytes && bytes % 3 == 0;
     if (!isPalette || !form.Palette.empty() || form.CompressedBytes != 0)
         return false;
     form.Palette = chunk.Content;
     return true;
 }
 
-/// The picture's own chunks, if they stand in order and to the end of the file's form.
+/// Reads the critical chunks, which must be in order and end with IEND.
 bool TakeChunks(ByteView rest, Form& form)
 {
     bool wasData = false;
@@ -106,7 +106,7 @@ bool TakeChunks(ByteView rest, Form& form)
         wasData = isData;
         if (chunk->Name == "IEND")
             return libdeflate_crc32(0, chunk->Summed.data(), chunk->Summed.size()) == chunk->Sum;
-        if (!IsBesideThePicture(*chunk) && (isOver || !TakeIn(*chunk, form)))
+        if (!IsAncillary(*chunk) && (isOver || !ApplyChunk(*chunk, form)))
             return false;
     }
     return false;
@@ -118,8 +118,8 @@ std::optional<Form> Parse(ByteView file, Workspace& space)
     if (!size || file[24] != 8 || file[28] != 0)
         return std::nullopt;
     Form form{ *size, file[25], {}, space.Compressed(file.size()) };
-    const bool isShort = form.ColorType == kGrey || form.ColorType == kColors || form.ColorType == kIndexes;
-    if (!isShort || !TakeChunks(file.subspan(kSignatureBytes + kHeaderChunkBytes), form))
+    const bool isSupported = form.ColorType == kGrey || form.ColorType == kColors || form.ColorType == kIndexes;
+    if (!isSupported || !TakeChunks(file.subspan(kSignatureBytes + kHeaderChunkBytes), form))
         return std::nullopt;
     return form;
 }
@@ -135,8 +135,8 @@ bool Decompress(const Form& form, uint8_t* lines, size_t bytes)
         && got == bytes;
 }
 
-/// The one of left, above and above left that is nearest to left + above - above left.
-int Foretold(int left, int above, int corner)
+/// The Paeth predictor: of left, above and above left the one nearest to left + above - above left.
+int PaethPredictor(int left, int above, int corner)
 {
     const int toLeft = std::abs(above - corner);
     const int toAbove = std::abs(left - corner);
@@ -146,17 +146,17 @@ int Foretold(int left, int above, int corner)
     return toAbove <= toCorner ? above : corner;
 }
 
-/// Takes the filter of one line back. `above` is the line before, zeros before the first.
+/// Reverses the filter of one row. `above` is the previous row, zeros for the first.
 template <size_t kPixelBytes>
 bool Unfilter(unsigned filter, uint8_t* row, const uint8_t* above, size_t bytes)
 {
     std::array<int, kPixelBytes> left{};
     std::array<int, kPixelBytes> corner{};
-    const auto eachPixel = [&](const auto& foretell) {
+    const auto eachPixel = [&](const auto& predict) {
         for (size_t i = 0; i < bytes; i += kPixelBytes) {
             for (size_t k = 0; k < kPixelBytes; ++k) {
                 const int over = above[i + k];
-                left[k] = (row[i + k] + foretell(left[k], over, corner[k])) & 0xff;
+                left[k] = (row[i + k] + predict(left[k], over, corner[k])) & 0xff;
                 corner[k] = over;
                 row[i + k] = static_cast<uint8_t>(left[k]);
             }
@@ -176,7 +176,7 @@ bool Unfilter(unsigned filter, uint8_t* row, const uint8_t* above, size_t bytes)
         eachPixel([](int before, int over, int) { return (before + over) / 2; });
         return true;
     case 4:
-        eachPixel(&Foretold);
+        eachPixel(&PaethPredictor);
         return true;
     default:
         return false;
@@ -190,7 +190,7 @@ void PaintColors(const uint8_t* row, uint32_t* pixels, size_t width)
             | row[3 * x + 2];
 }
 
-/// The colour of every value of a byte; those beyond the palette are 0.
+/// The colour of each byte value; 0 for values beyond the palette.
 std::array<uint32_t, 256> ColorsOf(const Form& form)
 {
     std::array<uint32_t, 256> colors{};
@@ -237,7 +237,7 @@ bool PaintLines(const Form& form, uint8_t* lines, const TvImgContext& context)
 
 } // namespace
 
-bool ReadPngTheShortWay(ByteView file, const TvImgContext& context)
+bool DecodePngFast(ByteView file, const TvImgContext& context)
 {
     Workspace space;
     const std::optional<Form> form = Parse(file, space);

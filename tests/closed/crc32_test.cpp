@@ -26,3 +26,9 @@ TEST(Checksum, CanBeComputedInPieces)
     for (size_t cut = 0; cut <= text.size(); ++cut)
         EXPECT_EQ(Crc32(View(text.substr(cut)), Crc32(View(text.substr(0, cut)))), 0x414FA339U) << cut;
 }
+
+TEST(Checksum, OfNothingMoreIsWhatItWas)
+{
+    EXPECT_EQ(Crc32({}, 0xCBF43926U), 0xCBF43926U);
+    EXPECT_EQ(Crc32({}), 0U);
+}

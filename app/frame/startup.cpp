@@ -25,7 +25,6 @@ constexpr int kMsgPreRelease = 12706;
 
 constexpr int kHelpCommandContext = 1;
 constexpr int kLogoEndsProcess = 3;
-constexpr int kTemporaryFiles = 10;
 
 QString WithSeparator(const QString& folder)
 {
@@ -78,9 +77,8 @@ bool LoadModules(ProjectHost& host)
 void RemoveTemporaryFiles()
 {
     for (int number = 0; number < kTemporaryFiles; ++number) {
-        const QString base = QStringLiteral("%1temp%2.").arg(Program().AppPath).arg(number, 2, 10, QLatin1Char('0'));
-        QFile::remove(base + QStringLiteral("set"));
-        QFile::remove(base + QStringLiteral("png"));
+        for (const QString& extension : { QStringLiteral("set"), QStringLiteral("png") })
+            QFile::remove(Program().AppPath + TemporaryFileName(number, extension));
     }
 }
 

@@ -89,6 +89,11 @@ void SetLastFile(const QString& path)
     last.Extension = info.suffix().toLower();
 }
 
+QString TemporaryFileName(int number, const QString& extension)
+{
+    return QStringLiteral("temp%1.%2").arg(number, 2, 10, QLatin1Char('0')).arg(extension);
+}
+
 QString HelpFileName()
 {
     return QStringLiteral("TARVIK.chm");

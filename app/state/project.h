@@ -61,6 +61,10 @@ bool CanAct();
 /// Splits a full path into `LastFile`.
 void SetLastFile(const QString& path);
 
+/// Temporary files of a run, by number from 0, in `AppPath`.
+inline constexpr int kTemporaryFiles = 10;
+QString TemporaryFileName(int number, const QString& extension);
+
 /// Name of the help file, which stands in `AppPath`.
 QString HelpFileName();
 

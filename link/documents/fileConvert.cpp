@@ -13,14 +13,8 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cerrno>
+#include <filesystem>
 #include <system_error>
-
-#if defined(Q_OS_WIN)
-#include <direct.h>
-#else
-#include <sys/stat.h>
-#endif
 
 namespace tarvik {
 
@@ -30,22 +24,6 @@ constexpr int kTextChooseType = 11005;
 constexpr int kMessageNotConverted = 12750;
 constexpr int kMessageFolderNotMade = 12752;
 constexpr int kQuestionReplace = 12734;
-constexpr unsigned kFolderMode = 0777; ///< less what the user's mask takes away
-
-/// 0, or the system's error number.
-int MakeFolder(const QString& path)
-{
-#if defined(Q_OS_WIN)
-    return _wmkdir(reinterpret_cast<const wchar_t*>(path.utf16())) == 0 ? 0 : errno;
-#else
-    return ::mkdir(QFile::encodeName(path).constData(), kFolderMode) == 0 ? 0 : errno;
-#endif
-}
-
-QString SystemErrorText(int error)
-{
-    return QString::fromLocal8Bit(std::generic_category().message(error).c_str());
-}
 
 QString WithoutSlash(const QString& folder)
 {
@@ -196,10 +174,11 @@ bool FileMakeTargetFolder(const QString& folder)
     if (FolderExists(folder))
         return true;
     const QString path = WithoutSlash(folder);
-    const int error = MakeFolder(path);
-    if (error == 0)
+    std::error_code error;
+    std::filesystem::create_directory(QFileInfo(path).filesystemFilePath(), error);
+    if (!error)
         return true;
-    MsgOk2(kMessageFolderNotMade, QFileInfo(path).fileName(), SystemErrorText(error));
+    MsgOk2(kMessageFolderNotMade, QFileInfo(path).fileName(), QString::fromLocal8Bit(error.message().c_str()));
     return false;
 }
 

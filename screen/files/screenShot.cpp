@@ -22,7 +22,6 @@ namespace {
 
 constexpr int kTextLinkLost = 12703;
 constexpr int kTextLiveScreen = 14500;
-constexpr int kTemporaryFiles = 10;
 constexpr int kInstrumentPauseMs = 2000;
 constexpr WindowId kFailed = -1;
 
@@ -109,7 +108,7 @@ void CaptureScreen()
 QString TemporaryName(const QString& extension)
 {
     for (int number = 0; number < kTemporaryFiles; ++number) {
-        QString name = QStringLiteral("temp%1.%2").arg(number, 2, 10, QLatin1Char('0')).arg(extension);
+        QString name = TemporaryFileName(number, extension);
         const QString path = Program().AppPath + name;
         if (!QFile::exists(path) || QFile::remove(path))
             return name;

@@ -1,5 +1,7 @@
 #include "app/platform/paths.h"
 
+#include "closed/files/filesystem.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -10,12 +12,28 @@ namespace {
 
 constexpr QFile::Permissions kAnyWriter = QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
 
+tvfile::FileInfo Described(const QString& path)
+{
+    tvfile::FileInfo info;
+    const int error = tvfile::TheFileSystem().Describe(ModulePath(path).toStdString(), info);
+    return error == 0 ? info : tvfile::FileInfo();
+}
+
 } // namespace
+
+QByteArray ModulePath(const QString& path)
+{
+    return QDir::toNativeSeparators(path).toUtf8();
+}
 
 bool HasReadOnlyAttribute(const QString& path)
 {
-    const QFileInfo info(path);
-    return info.exists() && !(info.permissions() & (kAnyWriter & ~QFile::WriteUser));
+    return Described(path).IsReadOnly;
+}
+
+bool IsWriteProtected(const QString& path)
+{
+    return !Described(path).IsWritable;
 }
 
 void SetReadOnlyAttribute(const QString& path)

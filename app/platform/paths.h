@@ -1,13 +1,20 @@
 // app/platform/paths.h: what the file system says about a path.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 namespace tarvik {
 
-/// A file or folder that nobody may write bears the read-only attribute, whoever the user is.
+/// The path as the closed modules take it: UTF-8, with the platform's separators.
+QByteArray ModulePath(const QString& path);
+
+/// A file or folder that nobody may write has the read-only attribute, whoever the user is.
 bool HasReadOnlyAttribute(const QString& path);
 void SetReadOnlyAttribute(const QString& path);
+
+/// True for a file that no writer replaces: it has the read-only attribute, or this user may not write it.
+bool IsWriteProtected(const QString& path);
 
 /// A name whose steps up ("..") are taken as the system takes them: from behind a link they lead into the folder above
 /// the one that it leads to, and shortening the text would miss that. Absolute then; any other name stays as it is.

@@ -6,10 +6,9 @@
 
 namespace tarvik {
 
-/// Puts `bytes` into `path`: a temporary file in the same folder, flushed to the disk, renamed over. A link is
-/// followed; an existing file keeps its permissions. What an earlier writer of this file left behind when it was killed
-/// is removed. False, with the old file as it was, when the folder can't be written, the disk is full, or the file
-/// bears the read-only attribute (also for a user whom the system would let through).
+/// Puts `bytes` into the place of `path`, as closed/files does it. False, with the old file as it was, when the folder
+/// can't be written, the disk is full, or the file is write-protected (also for a user whom the system would let
+/// through), a folder, or busy.
 [[nodiscard]] bool ReplaceFile(const QString& path, QByteArrayView bytes);
 
 /// True if a file of this name can be made, or the one that is there be replaced: a blank is written beside it for a

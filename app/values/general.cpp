@@ -1,7 +1,6 @@
 #include "app/values/general.h"
 
 #include "app/platform/seams.h"
-#include "app/values/numberText.h"
 
 #include <QFileInfo>
 
@@ -12,7 +11,13 @@ namespace tarvik {
 
 bool IsNumberText(const QString& text)
 {
-    return HoldsNumber(QStringView(text));
+    for (const QChar character : text.trimmed()) {
+        if (character >= u'0' && character <= u'9')
+            return true;
+        if (!QStringView(u"+-eE., ").contains(character))
+            break;
+    }
+    return false;
 }
 
 bool IsMetric()

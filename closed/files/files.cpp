@@ -1,6 +1,7 @@
 #include "closed/files/files.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <string_view>
 #include <utility>
 
@@ -10,6 +11,9 @@ namespace {
 
 /// Another process needs a few milliseconds for a save; a second is more than a slow disk takes.
 constexpr int kBusyTries = 200;
+
+/// As the systems themselves; more are a circle.
+constexpr int kMostLinks = 40;
 
 constexpr intptr_t kNoHandle = -1;
 
@@ -60,6 +64,25 @@ void SetFileSystem(FileSystem* other)
     replacement = other;
 }
 
+int FollowLinks(std::string& path)
+{
+    std::error_code error;
+    std::filesystem::path at(std::u8string(path.begin(), path.end()));
+    int links = 0;
+    for (; std::filesystem::is_symlink(at, error); ++links) {
+        if (links == kMostLinks)
+            return ELOOP;
+        at = at.parent_path() / std::filesystem::read_symlink(at, error);
+        if (error)
+            return error.default_error_condition().value();
+    }
+    if (links > 0) {
+        const std::u8string found = at.u8string();
+        path.assign(found.begin(), found.end());
+    }
+    return 0;
+}
+
 NewFile::~NewFile()
 {
     if (handle_ != kNoHandle)
@@ -68,6 +91,9 @@ NewFile::~NewFile()
 
 ReplaceResult NewFile::Begin(const std::string& path)
 {
+    // A path with a zero would name another file.
+    if (path.empty() || path.find('\0') != std::string::npos)
+        return { ReplaceStep::Describe, ENOENT };
     FileInfo target;
     if (const int error = TheFileSystem().Describe(path, target); error != 0)
         return { ReplaceStep::Describe, error };
@@ -112,6 +138,15 @@ bool NewFile::HasRoomFor(uint64_t bytes) const
 std::string NewFile::Folder() const
 {
     return target_.substr(0, target_.size() - FileNameOfPath(target_).size());
+}
+
+ReplaceResult ReplaceWholeFile(const std::string& path, ByteView bytes)
+{
+    NewFile file;
+    ReplaceResult result = file.Begin(path);
+    if (result.Ok())
+        result = file.Write(bytes);
+    return result.Ok() ? file.Commit(true) : result;
 }
 
 SourceFile::~SourceFile()

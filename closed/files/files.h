@@ -29,8 +29,8 @@ struct ReplaceResult {
 
 /// A new file beside `path` that takes its place when it is complete. Until then, and after any failure, `path` is what
 /// it was. The new file's name depends on `path` alone, so that what a killed process leaves behind is cleared by the
-/// next; one that finds another process at the same file waits for it a little. A link is followed; an existing file
-/// keeps its permissions.
+/// next; one that finds another process at the same file waits for it a little. A link is followed, also to a file that
+/// is not there yet; an existing file keeps its permissions, a new one has those that the user gives new files.
 class NewFile {
 public:
     NewFile() = default;
@@ -56,6 +56,9 @@ private:
     std::string target_;
     std::string temporary_;
 };
+
+/// Puts `bytes` into the place of the file `path`, flushed to the disk.
+[[nodiscard]] ReplaceResult ReplaceWholeFile(const std::string& path, ByteView bytes);
 
 /// A regular file that is read from its start.
 class SourceFile {

@@ -16,10 +16,14 @@ struct FileInfo {
     bool Exists = false;
     bool IsFolder = false;
     bool IsRegular = false;
-    bool IsWritable = true;
+    bool IsReadOnly = false; ///< nobody may write it, whoever the user is
+    bool IsWritable = true; ///< not read-only, and this user may write it
     uint32_t Permissions = 0; ///< mode bits; 0 where the platform has none
-    std::string RealPath; ///< the path behind links
+    std::string RealPath; ///< what a link leads to, whether it is there or not; else the path itself
 };
+
+/// Puts what a link leads to in the place of its path, and so on for links to links. Another path stays as it is.
+int FollowLinks(std::string& path);
 
 /// The calls that reading and replacing are made of, so that a test can let each of them fail. Paths are UTF-8. Every
 /// call gives 0 or an error number of the system.
@@ -31,6 +35,9 @@ public:
     virtual ~FileSystem();
 
     virtual int Describe(const std::string& path, FileInfo& info);
+
+    /// True if `path` still names the open file.
+    virtual bool IsStillNamed(intptr_t handle, const std::string& path);
 
     /// Opens a regular file for reading and tells its length. A folder gives "is a folder", anything else that is no
     /// regular file "invalid".

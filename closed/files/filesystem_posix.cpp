@@ -2,10 +2,8 @@
 #include "closed/files/filesystem.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
-#include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -47,24 +45,15 @@ private:
     int number_;
 };
 
-/// True if `path` still names the open file.
-bool IsStillNamed(int descriptor, const std::string& path)
-{
-    struct stat open { };
-    struct stat named { };
-    return ::fstat(descriptor, &open) == 0 && ::lstat(path.c_str(), &named) == 0 && open.st_ino == named.st_ino
-        && open.st_dev == named.st_dev;
-}
-
 /// Removes a file that a process left which is gone. The lock dies with its process, so who gets it finds no owner.
-int ClearLeftOver(const std::string& path)
+int ClearLeftOver(FileSystem& system, const std::string& path)
 {
     const Descriptor file(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
     if (file.Number() < 0 && errno == ENOENT)
         return 0;
     if (file.Number() >= 0 && ::flock(file.Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
         return EBUSY;
-    if (file.Number() >= 0 && !IsStillNamed(file.Number(), path))
+    if (file.Number() >= 0 && !system.IsStillNamed(file.Number(), path))
         return 0;
     return ::unlink(path.c_str()) == 0 || errno == ENOENT ? 0 : errno;
 }
@@ -75,22 +64,27 @@ int FileSystem::Describe(const std::string& path, FileInfo& info)
 {
     info = {};
     info.RealPath = path;
+    if (const int error = FollowLinks(info.RealPath); error != 0)
+        return error;
     struct stat status { };
-    if (::lstat(path.c_str(), &status) != 0)
+    if (::stat(info.RealPath.c_str(), &status) != 0)
         return errno == ENOENT ? 0 : errno;
-    if (S_ISLNK(status.st_mode)) {
-        const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
-        if (real == nullptr || ::stat(real.get(), &status) != 0)
-            return errno;
-        info.RealPath = real.get();
-    }
     info.Exists = true;
     info.IsFolder = S_ISDIR(status.st_mode);
     info.IsRegular = S_ISREG(status.st_mode);
     // The superuser may write everything; a file without any write bit was protected on purpose all the same.
-    info.IsWritable = (status.st_mode & kAnyoneWrites) != 0 && ::access(path.c_str(), W_OK) == 0;
+    info.IsReadOnly = (status.st_mode & kAnyoneWrites) == 0;
+    info.IsWritable = !info.IsReadOnly && ::access(info.RealPath.c_str(), W_OK) == 0;
     info.Permissions = status.st_mode & 0777;
     return 0;
+}
+
+bool FileSystem::IsStillNamed(intptr_t handle, const std::string& path)
+{
+    struct stat open { };
+    struct stat named { };
+    return ::fstat(static_cast<int>(handle), &open) == 0 && ::lstat(path.c_str(), &named) == 0
+        && open.st_ino == named.st_ino && open.st_dev == named.st_dev;
 }
 
 int FileSystem::OpenToRead(const std::string& path, intptr_t& handle, uint64_t& bytes)
@@ -134,7 +128,7 @@ int FileSystem::Create(const std::string& path, uint32_t permissions, intptr_t& 
     if (file.Number() < 0 && errno != EEXIST)
         return errno;
     if (file.Number() < 0) {
-        const int error = ClearLeftOver(path);
+        const int error = ClearLeftOver(*this, path);
         return error != 0 ? error : EBUSY; // the next try makes it
     }
     // A file system without locks leaves the name alone as protection.

@@ -64,6 +64,10 @@ int FileSystem::Describe(const std::string& path, FileInfo& info)
     std::wstring wide;
     if (!ToWide(path, wide))
         return EILSEQ;
+    if (const int error = FollowLinks(info.RealPath); error != 0)
+        return error;
+    if (!ToWide(info.RealPath, wide))
+        return EILSEQ;
     const DWORD attributes = GetFileAttributesW(wide.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
         const int error = LastError();
@@ -72,8 +76,14 @@ int FileSystem::Describe(const std::string& path, FileInfo& info)
     info.Exists = true;
     info.IsFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     info.IsRegular = (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) == 0;
-    info.IsWritable = (attributes & FILE_ATTRIBUTE_READONLY) == 0;
+    info.IsReadOnly = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+    info.IsWritable = !info.IsReadOnly;
     return 0;
+}
+
+bool FileSystem::IsStillNamed(intptr_t, const std::string&)
+{
+    return true; // nobody else can move or remove it while it is open
 }
 
 int FileSystem::OpenToRead(const std::string& path, intptr_t& handle, uint64_t& bytes)
@@ -121,7 +131,7 @@ int FileSystem::Create(const std::string& path, uint32_t, intptr_t& handle)
     std::wstring wide;
     if (!ToWide(path, wide))
         return EILSEQ;
-    // Unshared: a second process gets "busy", and what a dead one left is simply made anew.
+    // Unshared: a second process gets "busy", and what a dead one left is simply overwritten.
     const HANDLE file =
         CreateFileW(wide.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)

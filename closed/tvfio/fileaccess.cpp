@@ -8,7 +8,6 @@
 
 namespace tvfio {
 
-using tvfile::NewFile;
 using tvfile::ReplaceResult;
 using tvfile::ReplaceStep;
 
@@ -95,13 +94,7 @@ FioStatus SaveFileBytes(const char* path, ByteView bytes)
         return Fail(FioStatus::MissingArgument);
     if (*path == '\0')
         return Fail(FioStatus::PathEmpty);
-    NewFile file;
-    ReplaceResult result = file.Begin(path);
-    if (result.Ok())
-        result = file.Write(bytes);
-    if (result.Ok())
-        result = file.Commit(true);
-    return FailReplace(result);
+    return FailReplace(tvfile::ReplaceWholeFile(path, bytes));
 }
 
 } // namespace tvfio

@@ -1,11 +1,10 @@
 #include "link/channel/channel.h"
 
+#include "app/platform/paths.h"
 #include "app/state/linkState.h"
 #include "app/text/ansi.h"
 #include "closed/loader.h"
 #include "link/classes/model.h"
-
-#include <QDir>
 
 #include <array>
 
@@ -58,11 +57,6 @@ FileOperations OperationsOf(int fileClass)
         break;
     }
     return of;
-}
-
-QByteArray LocalPath(const QString& path)
-{
-    return QDir::toNativeSeparators(path).toUtf8();
 }
 
 /// Runs an operation on remote names, or refuses one that can't be told to the instrument.
@@ -185,7 +179,8 @@ ChannelStatus ChannelGet(int fileClass, const QString& remote, const QString& lo
 {
     const FileOperations of = OperationsOf(fileClass);
     return WithNames(
-        [&](int16_t* err, const char* name) { of.Get(err, name, LocalPath(local).constData(), of.TimeoutMs); }, remote);
+        [&](int16_t* err, const char* name) { of.Get(err, name, ModulePath(local).constData(), of.TimeoutMs); },
+        remote);
 }
 
 ChannelStatus ChannelPut(int fileClass, const QString& local, const QString& remote, bool replaces)
@@ -194,7 +189,7 @@ ChannelStatus ChannelPut(int fileClass, const QString& local, const QString& rem
     const bool isShort = fileClass == FileClassCorrectionSet && replaces;
     return WithNames(
         [&](int16_t* err, const char* name) {
-            of.Put(err, LocalPath(local).constData(), name, isShort ? kFileTimeoutMs : of.TimeoutMs);
+            of.Put(err, ModulePath(local).constData(), name, isShort ? kFileTimeoutMs : of.TimeoutMs);
         },
         remote);
 }
@@ -202,14 +197,14 @@ ChannelStatus ChannelPut(int fileClass, const QString& local, const QString& rem
 ChannelStatus ChannelGetActive(const QString& local)
 {
     ChannelStatus err = kPreset;
-    TvScpi().scpiGetActiveDatasetFile(&err, LocalPath(local).constData(), kListTimeoutMs);
+    TvScpi().scpiGetActiveDatasetFile(&err, ModulePath(local).constData(), kListTimeoutMs);
     return err;
 }
 
 ChannelStatus ChannelPutActive(const QString& local)
 {
     ChannelStatus err = kPreset;
-    TvScpi().scpiPutActiveDatasetFile(&err, LocalPath(local).constData(), kPutActiveTimeoutMs);
+    TvScpi().scpiPutActiveDatasetFile(&err, ModulePath(local).constData(), kPutActiveTimeoutMs);
     return err;
 }
 
@@ -221,7 +216,7 @@ ChannelStatus ChannelRemove(int fileClass, const QString& name)
 ChannelStatus ChannelGetStream(const QString& local)
 {
     ChannelStatus err = kPreset;
-    TvScpi().scpiGetFileFromStream(&err, LocalPath(local).constData(), kStreamTimeoutMs);
+    TvScpi().scpiGetFileFromStream(&err, ModulePath(local).constData(), kStreamTimeoutMs);
     return err;
 }
 

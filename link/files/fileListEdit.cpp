@@ -1,6 +1,7 @@
 #include "link/files/fileList.h"
 
 #include "app/message/message.h"
+#include "app/platform/paths.h"
 #include "app/text/ansi.h"
 #include "app/text/lang.h"
 #include "closed/loader.h"
@@ -112,7 +113,7 @@ void RenameListInFile(const QString& path, const QString& listName)
         [](const ListStoreCalls& row) { return row.FileClass == FileClasses().CurrentFileClass; });
     if (calls == all.end() || !ModuleIsBound(Module::ListStore))
         return;
-    const QByteArray file = QDir::toNativeSeparators(path).toUtf8();
+    const QByteArray file = ModulePath(path);
     int16_t status = 0;
     calls->Clear(&status);
     if (status == 0)

@@ -1,6 +1,7 @@
 #include "lists/editor/editorGeneral.h"
 
 #include "app/message/message.h"
+#include "app/platform/paths.h"
 #include "app/state/frameHooks.h"
 #include "app/text/ansi.h"
 #include "app/text/lang.h"
@@ -69,12 +70,6 @@ QStringList OpenFilters()
             filters.append(LngStr(list.Filter) + QStringLiteral("|*") + extension);
     }
     return filters;
-}
-
-/// The attribute itself, which holds for every user, or a file that this user may not change.
-bool IsReadOnly(const QFileInfo& file)
-{
-    return !file.permission(QFile::WriteOwner) || !file.isWritable();
 }
 
 /// Takes the status bar out of use for as long as an editor is open.
@@ -209,7 +204,7 @@ bool MayWriteFile(const QString& path)
     const QFileInfo file(path);
     if (!file.exists())
         return true;
-    if (IsReadOnly(file)) {
+    if (IsWriteProtected(path)) {
         MsgOk1(kTextReadOnly, path);
         return false;
     }

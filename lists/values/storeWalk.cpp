@@ -2,8 +2,6 @@
 
 #include "app/text/ansi.h"
 
-#include <QDir>
-
 #include <array>
 
 namespace tarvik {
@@ -46,11 +44,6 @@ bool BeginStoreList(StoreRun& run, const ListCalls& calls, const QString& name, 
 {
     return run(calls.Clear) && run(calls.SetName, ToAnsi(name).constData())
         && run(calls.SetDescription, ToAnsi(description).constData());
-}
-
-QByteArray StorePath(const QString& path)
-{
-    return QDir::toNativeSeparators(path).toUtf8();
 }
 
 } // namespace tarvik

@@ -3,6 +3,7 @@
 // shown when an operation answers false. A correction set passes whole tables to the store and needs no walk.
 #pragma once
 
+#include "app/platform/paths.h"
 #include "closed/tvfio.h"
 #include "lists/values/listError.h"
 
@@ -162,9 +163,6 @@ private:
 /// Empties the store's list and names it.
 bool BeginStoreList(StoreRun& run, const ListCalls& calls, const QString& name, const QString& description);
 
-/// A path as the store takes it.
-QByteArray StorePath(const QString& path);
-
 /// Copies the store's current list into `table`. After a failure the table holds what was read until then.
 template <typename Family>
 [[nodiscard]] bool ReadStore(typename Family::Table& table)
@@ -226,7 +224,7 @@ template <typename Family>
 {
     const ListCalls calls = Family::Calls();
     StoreRun run;
-    return run(calls.Clear) && run(calls.LoadFile, StorePath(path).constData()) && ReadStore<Family>(table);
+    return run(calls.Clear) && run(calls.LoadFile, ModulePath(path).constData()) && ReadStore<Family>(table);
 }
 
 /// Writes the store's current list into a file.
@@ -234,7 +232,7 @@ template <typename Family>
 [[nodiscard]] bool SaveStore(const QString& path)
 {
     StoreRun run;
-    return run(Family::Calls().SaveFile, StorePath(path).constData());
+    return run(Family::Calls().SaveFile, ModulePath(path).constData());
 }
 
 /// Sorts `table` with a call of the store. After a failure the table is as it was.

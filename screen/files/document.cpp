@@ -1,6 +1,7 @@
 #include "screen/files/document.h"
 
 #include "app/message/message.h"
+#include "app/platform/paths.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
 #include "closed/loader.h"
@@ -11,7 +12,6 @@
 #include "screen/files/pictureFile.h"
 #include "screen/window/arrange.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 namespace tarvik {
@@ -53,7 +53,7 @@ QDateTime DateOf(const QString& path)
     int16_t hour = 0;
     int16_t minute = 0;
     int16_t second = 0;
-    const QByteArray name = QDir::toNativeSeparators(path).toUtf8();
+    const QByteArray name = ModulePath(path);
     if (TvGen().GenFileDateAndTime(name.constData(), &year, &month, &day, &hour, &minute, &second) != 0)
         return {};
     return { QDate(year, month, day), QTime(hour, minute, second) };

@@ -1,6 +1,7 @@
 #include "screen/files/pictureFile.h"
 
-#include "app/platform/replaceFile.h"
+#include "app/platform/NewFileDevice.h"
+#include "app/platform/paths.h"
 #include "app/state/progressBar.h"
 #include "app/state/project.h"
 #include "closed/loader.h"
@@ -9,8 +10,6 @@
 #include "screen/metafile/metafileReader.h"
 #include "screen/metafile/metafileWriter.h"
 
-#include <QBuffer>
-#include <QDir>
 #include <QFile>
 
 #include <new>
@@ -24,11 +23,6 @@ constexpr int kMostPixels = TVIMG_MAX_PIXELS;
 constexpr qint64 kLargestFile = qint64{ 4 } * kMostPixels + 0x10000;
 
 constexpr int16_t kPlainMode = 1;
-
-QByteArray LibraryPath(const QString& path)
-{
-    return QDir::toNativeSeparators(path).toUtf8();
-}
 
 QByteArray ReadWhole(const QString& path)
 {
@@ -65,7 +59,7 @@ QImage DecodeByLibrary(const QString& path, int kind, QSize size, quint32 paper)
     if (picture.isNull())
         return {};
     picture.fill(ColorOf(paper));
-    const QByteArray name = LibraryPath(path);
+    const QByteArray name = ModulePath(path);
     const TvImgContext context = ContextOf(picture);
     ProgressStart(size.height());
     const bool decoded =
@@ -82,7 +76,7 @@ QImage IfOfSize(const std::optional<QImage>& picture, QSize size)
 
 bool WriteByLibrary(const QString& path, int kind, const QImage& picture)
 {
-    const QByteArray name = LibraryPath(path);
+    const QByteArray name = ModulePath(path);
     const TvImgContext context = ContextToRead(picture);
     ProgressStart(picture.height());
     const int16_t result = kind == ImagePng
@@ -95,9 +89,8 @@ bool WriteByLibrary(const QString& path, int kind, const QImage& picture)
 
 bool WriteBitmap(const QString& path, const QImage& picture)
 {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    return picture.save(&buffer, "BMP") && ReplaceFile(path, buffer.data());
+    NewFileDevice file(path);
+    return file.open(QIODevice::WriteOnly) && picture.save(&file, "BMP") && file.Commit();
 }
 
 QImage Decode(const QString& path, int kind, QSize size, quint32 paper)
@@ -140,7 +133,7 @@ bool PictureLibraryIsThere()
 std::optional<QSize> PictureSize(const QString& path)
 {
     ScreenImageInfo info{};
-    if (TvImg().ImgGetFileInfo(LibraryPath(path).constData(), &info) != 0)
+    if (TvImg().ImgGetFileInfo(ModulePath(path).constData(), &info) != 0)
         return std::nullopt;
     return QSize(info.Width, info.Height);
 }

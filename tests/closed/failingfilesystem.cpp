@@ -5,6 +5,18 @@
 
 namespace tvfile {
 
+int FailingFileSystem::Describe(const std::string& path, FileInfo& info)
+{
+    return DescribeError != 0 ? DescribeError : FileSystem::Describe(path, info);
+}
+
+bool FailingFileSystem::IsStillNamed(intptr_t handle, const std::string& path)
+{
+    if (AtNameCheck)
+        AtNameCheck(path);
+    return FileSystem::IsStillNamed(handle, path);
+}
+
 int FailingFileSystem::Read(intptr_t handle, std::span<uint8_t> room, size_t& got)
 {
     const int error = FileSystem::Read(handle, room.first(std::min(room.size(), ReadableBytes)), got);
@@ -48,6 +60,15 @@ int FailingFileSystem::Replace(intptr_t handle, const std::string& from, const s
         return FileSystem::Replace(handle, from, to);
     Discard(handle, from);
     return ReplaceError;
+}
+
+void FailingFileSystem::FlushFolder(const std::string& folder)
+{
+    ++FolderFlushes;
+    if (AtFolderFlush)
+        AtFolderFlush();
+    else
+        FileSystem::FlushFolder(folder);
 }
 
 void FailingFileSystem::Pause()

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <functional>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -43,6 +44,11 @@ protected:
         return status.st_mode & 07777;
     }
 
+    static bool IsLink(const std::string& path)
+    {
+        return std::filesystem::is_symlink(path);
+    }
+
     /// The temporary file of `path` that a killed save leaves.
     static std::string Leftover(const std::string& path)
     {
@@ -73,65 +79,20 @@ TEST_F(Saving, ReplacesAnOlderFile)
     EXPECT_EQ(FolderNames(), (Names{ "list" }));
 }
 
-TEST_F(Saving, DiskFullAtAnyByteKeepsOldFile)
+TEST_F(Saving, EachFailedStepHasItsStatus)
 {
-    Store(Path("list"), old);
-    for (size_t bytes = 0; bytes < sample.size(); ++bytes) {
+    const auto failed = [this](const std::function<void(FailingFileSystem&)>& arrange) {
         FailingFileSystem disk;
-        disk.BytesLeft = bytes;
-        ASSERT_EQ(Save(Path("list")), FioStatus::FileWrite) << bytes;
-        ASSERT_EQ(Contents(Path("list")), old) << bytes;
-        ASSERT_EQ(FolderNames(), (Names{ "list" })) << bytes;
-    }
-    EXPECT_EQ(GetText(fio.GetExceptionStringTV),
-        "The file cannot be written; what was there before is unchanged. The medium is full.");
-}
-
-TEST_F(Saving, ShortWritesAreContinued)
-{
-    FailingFileSystem disk;
-    disk.MaxChunk = 7;
-    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
-    EXPECT_EQ(Contents(Path("list")), sample);
-}
-
-TEST_F(Saving, FailedFlushKeepsOldFile)
-{
-    Store(Path("list"), old);
-    FailingFileSystem disk;
-    disk.FlushError = EIO;
-    EXPECT_EQ(Save(Path("list")), FioStatus::FileWrite);
-    EXPECT_EQ(Contents(Path("list")), old);
-    EXPECT_EQ(FolderNames(), (Names{ "list" }));
-}
-
-TEST_F(Saving, FailedRenameKeepsOldFile)
-{
-    Store(Path("list"), old);
-    FailingFileSystem disk;
-    disk.ReplaceError = EACCES;
-    EXPECT_EQ(Save(Path("list")), FioStatus::FileReplace);
-    EXPECT_EQ(Contents(Path("list")), old);
-    EXPECT_EQ(FolderNames(), (Names{ "list" }));
-}
-
-TEST_F(Saving, FailedCreateKeepsOldFile)
-{
-    Store(Path("list"), old);
-    FailingFileSystem disk;
-    disk.CreateError = EROFS;
-    EXPECT_EQ(Save(Path("list")), FioStatus::FileCreate);
-    EXPECT_EQ(Contents(Path("list")), old);
-    EXPECT_EQ(GetText(fio.GetExceptionStringTV), "No file can be made in this folder. The medium is read-only.");
-}
-
-TEST_F(Saving, OldFileIsWholeUntilNewOneIsFlushed)
-{
-    Store(Path("list"), old);
-    FailingFileSystem disk;
-    disk.AtFlush = [&] { EXPECT_EQ(Contents(Path("list")), old); };
-    EXPECT_EQ(Save(Path("list")), FioStatus::Ok);
-    EXPECT_EQ(Contents(Path("list")), sample);
+        arrange(disk);
+        return Save(Path("list"));
+    };
+    EXPECT_EQ(failed([](FailingFileSystem& disk) { disk.DescribeError = EACCES; }), FioStatus::FileCreate);
+    EXPECT_EQ(failed([](FailingFileSystem& disk) { disk.DescribeError = EILSEQ; }), FioStatus::PathNotText);
+    EXPECT_EQ(failed([](FailingFileSystem& disk) { disk.CreateError = EROFS; }), FioStatus::FileCreate);
+    EXPECT_EQ(failed([](FailingFileSystem& disk) { disk.CreateError = EBUSY; }), FioStatus::FileBusy);
+    EXPECT_EQ(failed([](FailingFileSystem& disk) { disk.BytesLeft = 5; }), FioStatus::FileWrite);
+    EXPECT_EQ(failed([](FailingFileSystem& disk) { disk.FlushError = EIO; }), FioStatus::FileWrite);
+    EXPECT_EQ(failed([](FailingFileSystem& disk) { disk.ReplaceError = EACCES; }), FioStatus::FileReplace);
 }
 
 TEST_F(Saving, FailedSaveKeepsTheCurrentList)
@@ -156,27 +117,6 @@ TEST_F(Saving, EveryFamilySavesAtomically)
 
 // Leftovers of killed saves, and other processes.
 
-TEST_F(Saving, KilledSaveKeepsOldFileAndNextSaveRemovesLeftover)
-{
-    Store(Path("list"), old);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        FailingFileSystem disk;
-        disk.AtFlush = [] { ::_exit(9); };
-        (void)Save(Path("list"));
-        ::_exit(0);
-    }
-    int result = 0;
-    ASSERT_EQ(::waitpid(child, &result, 0), child);
-    ASSERT_EQ(WEXITSTATUS(result), 9);
-    EXPECT_EQ(Contents(Path("list")), old);
-    EXPECT_EQ(FolderNames().size(), 2U);
-
-    ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
-    EXPECT_EQ(Contents(Path("list")), sample);
-    EXPECT_EQ(FolderNames(), (Names{ "list" }));
-}
-
 TEST_F(Saving, RemovesWriteProtectedLeftover)
 {
     Store(Leftover(Path("list")), old);
@@ -192,22 +132,6 @@ TEST_F(Saving, DoesNotFollowLinkAtTemporaryPath)
     ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
     EXPECT_EQ(Contents(Path("victim")), old);
     EXPECT_EQ(FolderNames(), (Names{ "list", "victim" }));
-}
-
-TEST_F(Saving, WaitsForProcessSavingSameFile)
-{
-    const std::string busy = Leftover(Path("list"));
-    Store(busy, old);
-    int other = ::open(busy.c_str(), O_RDWR | O_CLOEXEC);
-    ASSERT_EQ(::flock(other, LOCK_EX), 0);
-    FailingFileSystem disk;
-    disk.DuringPause = [&] {
-        if (disk.Pauses == 3)
-            ::close(other);
-    };
-    EXPECT_EQ(Save(Path("list")), FioStatus::Ok);
-    EXPECT_GE(disk.Pauses, 3);
-    EXPECT_EQ(Contents(Path("list")), sample);
 }
 
 TEST_F(Saving, GivesUpIfOtherProcessNeverEnds)
@@ -271,18 +195,36 @@ TEST_F(Saving, SavesToTargetOfLink)
     ASSERT_EQ(::symlink("real", Path("list").c_str()), 0);
     ASSERT_EQ(Save(Path("list")), FioStatus::Ok);
     EXPECT_EQ(Contents(Path("real")), sample);
-    struct stat status { };
-    ASSERT_EQ(::lstat(Path("list").c_str(), &status), 0);
-    EXPECT_TRUE(S_ISLNK(status.st_mode));
+    EXPECT_TRUE(IsLink(Path("list")));
 }
 
-TEST_F(Saving, RefusesDanglingLink)
+TEST_F(Saving, CreatesTargetOfDanglingLinks)
 {
-    ASSERT_EQ(::symlink("gone", Path("list").c_str()), 0);
+    ASSERT_EQ(::mkdir(Path("other").c_str(), 0700), 0);
+    ASSERT_EQ(::symlink("other/next", Path("list").c_str()), 0);
+    ASSERT_EQ(::symlink("../real", Path("other/next").c_str()), 0);
+    EXPECT_EQ(Save(Path("list")), FioStatus::Ok);
+    EXPECT_EQ(Contents(Path("real")), sample);
+    EXPECT_TRUE(IsLink(Path("list")));
+    EXPECT_TRUE(IsLink(Path("other/next")));
+}
+
+TEST_F(Saving, RefusesLinkIntoMissingFolder)
+{
+    ASSERT_EQ(::symlink("gone/list", Path("list").c_str()), 0);
     EXPECT_EQ(Save(Path("list")), FioStatus::FileCreate);
-    struct stat status { };
-    ASSERT_EQ(::lstat(Path("list").c_str(), &status), 0);
-    EXPECT_TRUE(S_ISLNK(status.st_mode));
+    EXPECT_EQ(
+        GetText(fio.GetExceptionStringTV), "No file can be made in this folder. There is no such file or folder.");
+    EXPECT_TRUE(IsLink(Path("list")));
+}
+
+TEST_F(Saving, RefusesCircleOfLinks)
+{
+    ASSERT_EQ(::symlink("other", Path("list").c_str()), 0);
+    ASSERT_EQ(::symlink("list", Path("other").c_str()), 0);
+    EXPECT_EQ(Save(Path("list")), FioStatus::FileCreate);
+    EXPECT_EQ(GetText(fio.GetExceptionStringTV), "No file can be made in this folder. Its links form a circle.");
+    EXPECT_TRUE(IsLink(Path("list")));
 }
 
 TEST_F(Saving, RefusesWriteProtectedFile)
@@ -343,6 +285,13 @@ TEST_F(Saving, AcceptsNameWithoutFolder)
     EXPECT_EQ(Save("list"), FioStatus::Ok);
     ASSERT_EQ(::chdir(before.c_str()), 0);
     EXPECT_EQ(FolderNames(), (Names{ "list" }));
+}
+
+TEST_F(Saving, RefusesPathThatTheSystemWouldCutShort)
+{
+    EXPECT_EQ(tvfile::ReplaceWholeFile(Path("list") + '\0' + "x", sample).Step, tvfile::ReplaceStep::Describe);
+    EXPECT_EQ(tvfile::ReplaceWholeFile("", sample).Step, tvfile::ReplaceStep::Describe);
+    EXPECT_TRUE(FolderNames().empty());
 }
 
 TEST_F(Saving, TemporaryNameDependsOnTargetOnly)

@@ -2,8 +2,6 @@
 #include "tests/closed/failingfilesystem.h"
 #include "tests/closed/imgfixture.h"
 
-#include <cerrno>
-
 using tvfile::FailingFileSystem;
 
 namespace {
@@ -213,29 +211,6 @@ TEST_F(ImgWrite, ReplacesAnOlderFile)
     EXPECT_EQ(FolderNames(), (Names{ "picture" }));
 }
 
-TEST_F(ImgWrite, DiskFullAtAnyByteKeepsOldFile)
-{
-    const FileBytes old{ 'o', 'l', 'd' };
-    (void)Store(old);
-    Picture picture = ColorfulPicture(16, 8);
-    ASSERT_EQ(WritePng(picture, "png"), 0);
-    ASSERT_EQ(WritePcx(picture, "pcx"), 0);
-    const size_t longest = std::max(Contents(Path("png")).size(), Contents(Path("pcx")).size());
-    for (size_t bytes = 0; bytes < longest; ++bytes) {
-        FailingFileSystem disk;
-        disk.BytesLeft = bytes;
-        if (bytes < Contents(Path("png")).size()) {
-            ASSERT_NE(WritePng(picture), 0) << bytes;
-        }
-        disk.BytesLeft = bytes;
-        if (bytes < Contents(Path("pcx")).size()) {
-            ASSERT_NE(WritePcx(picture), 0) << bytes;
-        }
-        ASSERT_EQ(Contents(Path()), old) << bytes;
-        ASSERT_EQ(FolderNames(), (Names{ "pcx", "picture", "png" })) << bytes;
-    }
-}
-
 TEST_F(ImgWrite, DiskFullInLargePictureLeavesNothing)
 {
     Picture picture = ColorfulPicture(1500, 900); // more than one write in either format
@@ -249,21 +224,6 @@ TEST_F(ImgWrite, DiskFullInLargePictureLeavesNothing)
     disk.BytesLeft = 1000; // enough for the header and some rows
     EXPECT_NE(WritePng(picture), 0);
     EXPECT_TRUE(FolderNames().empty());
-}
-
-TEST_F(ImgWrite, FailedFlushOrRenameKeepsOldFile)
-{
-    const FileBytes old{ 'o', 'l', 'd' };
-    (void)Store(old);
-    Picture picture = ColorfulPicture(16, 8);
-    for (const bool isFlush : { true, false }) {
-        FailingFileSystem disk;
-        (isFlush ? disk.FlushError : disk.ReplaceError) = EIO;
-        EXPECT_NE(WritePng(picture), 0);
-        EXPECT_NE(WritePcx(picture), 0);
-        EXPECT_EQ(Contents(Path()), old);
-        EXPECT_EQ(FolderNames(), (Names{ "picture" }));
-    }
 }
 
 TEST_F(ImgWrite, RefusesTooSmallTable)

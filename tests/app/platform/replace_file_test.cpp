@@ -7,6 +7,7 @@
 #if defined(Q_OS_UNIX)
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #endif
 
 namespace tarvik {
@@ -65,19 +66,34 @@ TEST_F(ReplaceFileTest, FollowsALink)
     EXPECT_EQ(Contents(FilePath("target")), "new");
 }
 
+TEST_F(ReplaceFileTest, MakesTheFileThatALinkLeadsTo)
+{
+    ASSERT_TRUE(QFile::link(FilePath("target"), FilePath("link")));
+    EXPECT_TRUE(CanReplaceFile(FilePath("link")));
+    ASSERT_TRUE(ReplaceFile(FilePath("link"), "new"));
+    EXPECT_TRUE(QFileInfo(FilePath("link")).isSymLink());
+    EXPECT_EQ(Contents(FilePath("target")), "new");
+}
+
+TEST_F(ReplaceFileTest, RefusesAnEmptyPath)
+{
+    EXPECT_FALSE(CanReplaceFile({}));
+    EXPECT_FALSE(ReplaceFile({}, "new"));
+}
+
 TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeftAboveALinkedFolder)
 {
     ASSERT_TRUE(QDir(Folder()).mkpath("other/place"));
     ASSERT_TRUE(QFile::link(FilePath("other/place"), FilePath("here")));
-    Store(FilePath("other/.a.AbCdEf.part"), "half");
+    Store(FilePath("other/.a.tvnew"), "half");
     ASSERT_TRUE(ReplaceFile(FilePath("here/../a"), "new"));
     EXPECT_EQ(QDir(FilePath("other")).entryList(QDir::Files | QDir::Hidden), QStringList("a"));
 }
 
 TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeft)
 {
-    Store(FilePath(".a.AbCdEf.part"), "half");
-    const QStringList others{ ".a.AbCdEf.test", ".a.movie.2.part", ".ab.AbCdEf.part", "a.txt" };
+    Store(FilePath(".a.tvnew"), "half");
+    const QStringList others{ ".a.movie.tvnew", ".a.tvnew.2", ".ab.tvnew", "a.txt" };
     for (const QString& name : others)
         Store(FilePath(name), "of the user");
     ASSERT_TRUE(ReplaceFile(FilePath("a"), "x"));
@@ -150,6 +166,15 @@ private:
 };
 
 } // namespace
+
+TEST_F(ReplaceFileTest, RefusesWhatIsNoFile)
+{
+    ASSERT_EQ(mkfifo(qPrintable(FilePath("pipe")), 0600), 0);
+    EXPECT_FALSE(CanReplaceFile(FilePath("pipe")));
+    EXPECT_FALSE(ReplaceFile(FilePath("pipe"), "new"));
+    EXPECT_EQ(QDir(Folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot),
+        QStringList("pipe"));
+}
 
 TEST_F(ReplaceFileTest, LeavesTheOldFileAndNothingElseOnAFullDisk)
 {

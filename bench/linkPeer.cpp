@@ -4,9 +4,12 @@
 #include <arpa/inet.h>
 #include <array>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
+#include <filesystem>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <string_view>
@@ -44,6 +47,24 @@ std::string Catalogue(int entries)
     std::string line = "1000,2000";
     for (int i = 0; i < entries; ++i)
         line += ",\"Screen shot " + std::to_string(i) + ".png\",FILE,123456,2024,2,29,12,34,56";
+    return line + '\n';
+}
+
+/// Name, size and time of last change of each file in `folder`, as they are now.
+std::string BareCatalogue(const std::string& folder)
+{
+    std::string line;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        struct stat status { };
+        std::tm changed{};
+        if (::stat(entry.path().c_str(), &status) != 0 || ::localtime_r(&status.st_mtime, &changed) == nullptr)
+            return "\n";
+        std::array<char, 64> stamp{};
+        (void)std::snprintf(stamp.data(), stamp.size(), ",%lld,%d,%d,%d,%d,%d,%d,",
+            static_cast<long long>(status.st_size), 1900 + changed.tm_year, 1 + changed.tm_mon, changed.tm_mday,
+            changed.tm_hour, changed.tm_min, changed.tm_sec);
+        line += entry.path().filename().string() + stamp.data();
+    }
     return line + '\n';
 }
 
@@ -124,6 +145,8 @@ private:
             return SendBlock();
         else if (is("PING"))
             answer_ += "0\n";
+        else if (is("WALK "))
+            answer_ += BareCatalogue(line.substr(5));
         else if (is("GIVE "))
             return MoveToSocket(source_, client_, std::stoull(line.substr(5)));
         else if (is("TAKE ")) {

@@ -1,12 +1,12 @@
-// The channel to the instrument: 64 MiB down and up, a find, a listing of 10,000 files; beside them the same bytes
-// moved from file to file over a bare socket, and a bare line there and back. Takes the folder for its files, prints
-// JSON.
+// bench/link_bench.cpp: the channel to the instrument: 64 MiB down and up, a find, a listing of 10,000 files; beside
+// them the same bytes moved from file to file over a bare socket, a bare line there and back, and a bare walk of the
+// same files. Takes the folder for its files, prints JSON.
 #include "bench/linkPeer.h"
+#include "bench/timing.h"
 #include "closed/tvscpi.h"
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -14,7 +14,9 @@
 #include <string>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace tarvik {
 
@@ -37,19 +39,32 @@ void Require(bool condition, const char* what)
     std::_Exit(1);
 }
 
-template <typename Work>
-double Milliseconds(Work work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
 double PeakMebibytes()
 {
     rusage usage{};
     (void)getrusage(RUSAGE_SELF, &usage);
     return static_cast<double>(usage.ru_maxrss) / 1024;
+}
+
+/// By how much `work` raises the peak memory of a process in which nothing else has raised it.
+template <typename Work>
+double GrowthMebibytes(Work work)
+{
+    std::array<int, 2> ends{};
+    Require(::pipe(ends.data()) == 0, "no pipe");
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const double before = PeakMebibytes();
+        work();
+        const double growth = PeakMebibytes() - before;
+        std::_Exit(::write(ends[1], &growth, sizeof growth) == sizeof growth ? 0 : 1);
+    }
+    (void)::close(ends[1]);
+    double growth = 0;
+    Require(::read(ends[0], &growth, sizeof growth) == sizeof growth, "no growth");
+    (void)::close(ends[0]);
+    (void)::waitpid(child, nullptr, 0);
+    return growth;
 }
 
 void WriteSource(const std::string& path)
@@ -115,6 +130,24 @@ void BareUpload(int socket)
         "bare upload failed");
 }
 
+/// Asks the peer for the files of `shots` and takes its line apart.
+void BareWalk(int socket, const std::string& shots)
+{
+    Require(SendText(socket, "WALK " + shots + '\n'), "no walk");
+    std::string line;
+    std::vector<char> piece(kMoveBytes);
+    while (line.empty() || line.back() != '\n') {
+        const ssize_t got = ::recv(socket, piece.data(), piece.size(), 0);
+        Require(got > 0, "no catalogue");
+        line.append(piece.data(), static_cast<size_t>(got));
+    }
+    std::vector<std::string> words;
+    for (size_t at = 0, end = 0; (end = line.find(',', at)) != std::string::npos; at = end + 1)
+        words.push_back(line.substr(at, end - at));
+    constexpr size_t kWordsOfAFile = 8;
+    Require(words.size() == kWordsOfAFile * kEntries, "bare walk failed");
+}
+
 bool IsThere(const char* name)
 {
     int16_t err = -1;
@@ -146,12 +179,14 @@ struct Figures {
     double InstrumentDownloadMs = 1e9;
     double InstrumentUploadMs = 1e9;
     double InstrumentListMs = 1e9;
+    double BareWalkMs = 1e9;
     double InstrumentFindUs = 1e9;
     double DownloadMs = 1e9;
     double UploadMs = 1e9;
     double BareDownloadMs = 1e9;
     double BareUploadMs = 1e9;
-    double GrowthMebibytes = 0;
+    double Growth = 0; ///< MiB
+    double BareGrowth = 0;
     double FindUs = 1e9;
     double BareLineUs = 1e9;
     double ListMs = 1e9;
@@ -162,19 +197,33 @@ struct Figures {
 void MeasureTransfers(const LinkPeer& peer, Figures& figures)
 {
     for (int i = 0; i < kTransfers; ++i) {
-        const double before = PeakMebibytes();
         Connect(peer);
-        figures.DownloadMs = std::min(figures.DownloadMs, Milliseconds(Download));
-        figures.UploadMs = std::min(figures.UploadMs, Milliseconds(Upload));
-        figures.GrowthMebibytes += PeakMebibytes() - before;
+        figures.DownloadMs = std::min(figures.DownloadMs, MsOf(Download));
+        figures.UploadMs = std::min(figures.UploadMs, MsOf(Upload));
         scpi.scpiDisconnect();
         const int socket = ConnectToPeer(peer.Port);
-        figures.BareDownloadMs = std::min(figures.BareDownloadMs, Milliseconds([socket] { BareDownload(socket); }));
-        figures.BareUploadMs = std::min(figures.BareUploadMs, Milliseconds([socket] { BareUpload(socket); }));
+        figures.BareDownloadMs = std::min(figures.BareDownloadMs, MsOf([socket] { BareDownload(socket); }));
+        figures.BareUploadMs = std::min(figures.BareUploadMs, MsOf([socket] { BareUpload(socket); }));
         (void)::close(socket);
     }
     Require(IsSame(folder + "/source", folder + "/down") && IsSame(folder + "/source", folder + "/up"),
         "the bytes have changed");
+}
+
+void MeasureGrowth(const LinkPeer& peer, Figures& figures)
+{
+    figures.Growth = GrowthMebibytes([&peer] {
+        Connect(peer);
+        Download();
+        Upload();
+        scpi.scpiDisconnect();
+    });
+    figures.BareGrowth = GrowthMebibytes([&peer] {
+        const int socket = ConnectToPeer(peer.Port);
+        BareDownload(socket);
+        BareUpload(socket);
+        (void)::close(socket);
+    });
 }
 
 void MeasureRoundTrips(const LinkPeer& peer, Figures& figures)
@@ -182,14 +231,14 @@ void MeasureRoundTrips(const LinkPeer& peer, Figures& figures)
     constexpr int kRounds = 10;
     for (int round = 0; round < kRounds; ++round) {
         Connect(peer);
-        const double find = Milliseconds([] {
+        const double find = MsOf([] {
             for (int i = 0; i < kRoundTrips / kRounds; ++i)
                 Require(!IsThere("x"), "find failed");
         });
-        figures.ListMs = std::min(figures.ListMs, Milliseconds(List));
+        figures.ListMs = std::min(figures.ListMs, MsOf(List));
         scpi.scpiDisconnect();
         const int socket = ConnectToPeer(peer.Port);
-        const double bare = Milliseconds([socket] {
+        const double bare = MsOf([socket] {
             for (int i = 0; i < kRoundTrips / kRounds; ++i)
                 Require(SendText(socket, "PING\n") && PeerAnswer(socket) == "0\n", "no answer");
         });
@@ -216,21 +265,25 @@ LinkPeer StartFilledInstrument(const std::string& program)
     return peer;
 }
 
-void MeasureInstrument(const std::string& program, Figures& figures)
+void MeasureInstrument(const LinkPeer& barePeer, const std::string& program, Figures& figures)
 {
     constexpr int kRounds = 5;
     constexpr int kFinds = 1000;
     const LinkPeer peer = StartFilledInstrument(program);
+    const int socket = ConnectToPeer(barePeer.Port);
     for (int round = 0; round < kRounds; ++round) {
-        figures.InstrumentListMs = std::min(figures.InstrumentListMs, Milliseconds(List));
-        figures.InstrumentDownloadMs = std::min(figures.InstrumentDownloadMs, Milliseconds(Download));
-        figures.InstrumentUploadMs = std::min(figures.InstrumentUploadMs, Milliseconds(Upload));
-        const double finds = Milliseconds([] {
+        figures.InstrumentListMs = std::min(figures.InstrumentListMs, MsOf(List));
+        figures.BareWalkMs = std::min(
+            figures.BareWalkMs, MsOf([socket] { BareWalk(socket, folder + "/instrument/Public/Screen Shots"); }));
+        figures.InstrumentDownloadMs = std::min(figures.InstrumentDownloadMs, MsOf(Download));
+        figures.InstrumentUploadMs = std::min(figures.InstrumentUploadMs, MsOf(Upload));
+        const double finds = MsOf([] {
             for (int i = 0; i < kFinds; ++i)
                 Require(IsThere("x"), "find failed");
         });
         figures.InstrumentFindUs = std::min(figures.InstrumentFindUs, finds * 1000 / kFinds);
     }
+    (void)::close(socket);
     Require(IsSame(folder + "/source", folder + "/down")
             && IsSame(folder + "/source", folder + "/instrument/Public/Screen Shots/x"),
         "the bytes have changed");
@@ -242,12 +295,13 @@ void MeasureInstrument(const std::string& program, Figures& figures)
 void Print(const Figures& figures)
 {
     std::printf("{\"download\": %.2f, \"bareDownload\": %.2f, \"upload\": %.2f, \"bareUpload\": %.2f, "
-                "\"growth\": %.2f, \"find\": %.2f, \"bareLine\": %.2f, \"listing\": %.2f, ",
-        figures.DownloadMs, figures.BareDownloadMs, figures.UploadMs, figures.BareUploadMs, figures.GrowthMebibytes,
-        figures.FindUs, figures.BareLineUs, figures.ListMs);
+                "\"growth\": %.2f, \"bareGrowth\": %.2f, \"find\": %.2f, \"bareLine\": %.2f, \"listing\": %.2f, ",
+        figures.DownloadMs, figures.BareDownloadMs, figures.UploadMs, figures.BareUploadMs, figures.Growth,
+        figures.BareGrowth, figures.FindUs, figures.BareLineUs, figures.ListMs);
     std::printf("\"instrumentDownload\": %.2f, \"instrumentUpload\": %.2f, \"instrumentFind\": %.2f, "
-                "\"instrumentListing\": %.2f}\n",
-        figures.InstrumentDownloadMs, figures.InstrumentUploadMs, figures.InstrumentFindUs, figures.InstrumentListMs);
+                "\"instrumentListing\": %.2f, \"bareWalk\": %.2f}\n",
+        figures.InstrumentDownloadMs, figures.InstrumentUploadMs, figures.InstrumentFindUs, figures.InstrumentListMs,
+        figures.BareWalkMs);
 }
 
 } // namespace
@@ -266,10 +320,11 @@ int main(int argc, char** argv)
     Require(TvScpiBind(&scpi) == 0, "not bound");
 
     Figures figures;
+    MeasureGrowth(peer, figures);
     MeasureTransfers(peer, figures);
     MeasureRoundTrips(peer, figures);
+    MeasureInstrument(peer, argv[2], figures);
     StopLinkPeer(peer);
-    MeasureInstrument(argv[2], figures);
     for (const char* name : { "/source", "/up", "/down", "/bare" })
         std::filesystem::remove(folder + name);
     Print(figures);

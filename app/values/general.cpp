@@ -1,6 +1,7 @@
 #include "app/values/general.h"
 
 #include "app/platform/seams.h"
+#include "app/values/numberText.h"
 
 #include <QFileInfo>
 
@@ -11,13 +12,7 @@ namespace tarvik {
 
 bool IsNumberText(const QString& text)
 {
-    for (const QChar character : text.trimmed()) {
-        if (character >= u'0' && character <= u'9')
-            return true;
-        if (!QStringView(u"+-eE., ").contains(character))
-            break;
-    }
-    return false;
+    return HoldsNumber(QStringView(text));
 }
 
 bool IsMetric()

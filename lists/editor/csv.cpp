@@ -223,12 +223,42 @@ void CsvWriteHeader(CsvWriter& writer, int keywordText, const CsvHeader& header)
     writer.EndLine();
 }
 
+bool CsvCanHold(const QString& text)
+{
+    return ValidText(text) && !text.contains(u'\n');
+}
+
+bool CsvCanHold(const CsvHeader& header)
+{
+    if (!ValidListName(header.Name.trimmed()))
+        return false;
+    return CsvCanHold(header.Description) || Refuse(kTextForbiddenCharacter);
+}
+
 bool CsvSaveFile(const QString& path, const CsvWriter& writer)
 {
     if (ReplaceFile(path, writer.Bytes()))
         return true;
     MsgOk1(kTextCsvFailed, QFileInfo(path).fileName());
     return false;
+}
+
+bool CsvReadFile(const QString& path, const std::function<bool(CsvSource&)>& read)
+{
+    return CsvGuard(QFileInfo(path).fileName(), [&] {
+        CsvSource source;
+        return CsvLoadFile(path, source) && read(source);
+    });
+}
+
+bool CsvWriteFile(const QString& path, const std::function<std::optional<CsvWriter>()>& build)
+{
+    return CsvGuard(QFileInfo(path).fileName(), [&] {
+        if (!MayWriteFile(path))
+            return false;
+        const std::optional<CsvWriter> writer = build();
+        return writer.has_value() && CsvSaveFile(path, *writer);
+    });
 }
 
 } // namespace tarvik

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 
 namespace tarvik {
 
@@ -79,7 +80,7 @@ struct CsvHeader {
 /// The next line that ends in CR LF. False behind the last one; what stands behind the last CR LF is no line.
 bool CsvNextLine(CsvSource& source, CsvFields& fields);
 
-/// Runs a reader's or writer's work; an exception in it shows 12819 with `fileName` and answers false.
+/// Runs a reader's or writer's work. An exception in it shows 12819 with `fileName` and answers false.
 [[nodiscard]] bool CsvGuard(const QString& fileName, const std::function<bool()>& work);
 
 /// Builds a file in memory.
@@ -107,10 +108,23 @@ private:
     bool atLineStart_ = true;
 };
 
+/// True for a text that comes back whole as a field of a file.
+bool CsvCanHold(const QString& text);
+
+/// True for a header that the reader takes back: a name of blanks, which it trims, is none. False after a message.
+[[nodiscard]] bool CsvCanHold(const CsvHeader& header);
+
 /// Keyword line and description line.
 void CsvWriteHeader(CsvWriter& writer, int keywordText, const CsvHeader& header);
 
 /// Puts the written file in the place of `path`, whole or not at all; a failure shows 12819 with the file's name.
 [[nodiscard]] bool CsvSaveFile(const QString& path, const CsvWriter& writer);
+
+/// Loads a file and has `read` take it, all under `CsvGuard`.
+[[nodiscard]] bool CsvReadFile(const QString& path, const std::function<bool(CsvSource&)>& read);
+
+/// Has `build` make the file, where `MayWriteFile` allows it, and saves it, all under `CsvGuard`. Nothing is saved when
+/// `build` answers nothing, which it does after a message.
+[[nodiscard]] bool CsvWriteFile(const QString& path, const std::function<std::optional<CsvWriter>()>& build);
 
 } // namespace tarvik

@@ -3,15 +3,9 @@
 #include "app/text/ansi.h"
 #include "closed/loader.h"
 #include "link/classes/textRules.h"
-#include "lists/editor/csv.h"
-#include "lists/editor/editorGeneral.h"
+#include "lists/editor/csvRows.h"
 #include "lists/memory/memoryList.h"
-#include "lists/values/fieldCheck.h"
-#include "lists/values/translate.h"
 
-#include <QFileInfo>
-
-#include <algorithm>
 #include <bitset>
 #include <optional>
 
@@ -67,58 +61,34 @@ struct MemoryTexts {
 
 class MemoryCsvReader {
 public:
-    explicit MemoryCsvReader(MemoryTable& table)
-        : table_(table)
+    MemoryCsvReader(CsvSource& source, MemoryTable& table)
+        : rows_(source)
+        , table_(table)
     {
     }
 
-    /// The rows behind the header; false after a message.
-    bool ReadRows(CsvSource& source)
+    /// The rows after the header; false after a message.
+    bool ReadRows()
     {
-        while (CsvNextLine(source, fields_)) {
-            if (row_ == kMemoryRows) {
-                MsgOk2(kTextCsvTooManyLines, source.FileName, QStringLiteral("1"));
+        while (rows_.Next()) {
+            if (rows_.Line() > kMemoryRows)
+                return rows_.RefuseLength();
+            if (!ReadRow(table_.Row(Row())))
                 return false;
-            }
-            if (!ReadRow())
-                return false;
-            ++row_;
         }
-        if (row_ < kMemoryRows)
+        if (rows_.Line() < kMemoryRows)
             MsgOk(kTextTooFewLines);
-        return row_ == kMemoryRows;
+        return rows_.Line() == kMemoryRows;
     }
 
 private:
-    bool Refuse(int messageId) const
+    int Row() const
     {
-        MsgOkNum(messageId, row_ + 1);
-        return false;
+        return rows_.Line() - 1;
     }
 
-    bool Require(bool condition, int messageId) const
+    bool ReadRow(MemoryRecord& record)
     {
-        return condition || Refuse(messageId);
-    }
-
-    bool Real(Column column, double& value, Range<double> limits, int messageId) const
-    {
-        return ParseFieldDouble(fields_.At(column), value, limits, messageId, row_ + 1);
-    }
-
-    template <typename Integer>
-    bool Code(Column column, const CodeTexts& texts, const CodeTable& table, Integer& value, int messageId) const
-    {
-        const int code = texts.CodeOf(fields_.At(column));
-        if (code < 0 || code > table.LastCode())
-            return Refuse(messageId);
-        value = static_cast<Integer>(code);
-        return true;
-    }
-
-    bool ReadRow()
-    {
-        MemoryRecord& record = table_.Row(row_);
         return ReadPlace() && ReadNumber(record) && ReadReceiver(record) && ReadSwitches(record)
             && CheckReceiver(record) && ReadDescription(record) && ReadDirectionFinding(record);
     }
@@ -126,78 +96,71 @@ private:
     bool ReadPlace() const
     {
         double line = 0;
-        const bool inPlace = StrToDoubleChecked(fields_.At(ColumnLine), line) && line == row_;
-        return Require(inPlace && fields_.Count() >= kColumnsAtLeast, kTextCsvBadLine);
+        const bool inPlace = rows_.Number(ColumnLine, line) && line == Row();
+        return rows_.Require(inPlace && rows_.FieldCount() >= kColumnsAtLeast, kTextCsvBadLine);
     }
 
     bool ReadNumber(MemoryRecord& record)
     {
-        const Range<std::int16_t> limits{ 0, Limits().MemoryNr.Max };
-        if (!ParseFieldInt(fields_.At(ColumnNumber), record.Number, limits, kTextBadNumber, row_ + 1))
+        if (!rows_.Integer(ColumnNumber, record.Number, { 0, Limits().MemoryNr.Max }, kTextBadNumber))
             return false;
         const auto number = static_cast<size_t>(record.Number);
         if (number >= numbers_.size() || numbers_.test(number))
-            return Refuse(kTextBadNumber);
+            return rows_.Refuse(kTextBadNumber);
         numbers_.set(number);
         return true;
     }
 
-    bool ReadReceiver(MemoryRecord& record)
+    bool ReadReceiver(MemoryRecord& record) const
     {
-        std::int16_t used = 0;
-        const bool isRead = Code(ColumnUsed, texts_.Used, kUsedStatusCodes, used, 12805)
-            && Code(ColumnStatus, texts_.Status, kMemoryStatusCodes, record.Status, 12796)
-            && Real(ColumnFrequency, record.Frequency, Limits().FrequencyHz, 12792)
-            && Code(ColumnDemodulation, texts_.Demodulation, kDemodulationCodes, record.Demodulation, 12797)
-            && Code(ColumnBandwidth, texts_.Bandwidth, kBandwidthCodes, record.Bandwidth, 12798);
-        record.Used = used != 0;
-        return isRead;
+        return rows_.Coded(ColumnUsed, record.Used, texts_.Used, 12805)
+            && rows_.Coded(ColumnStatus, record.Status, texts_.Status, 12796)
+            && rows_.Real(ColumnFrequency, record.Frequency, Limits().FrequencyHz, 12792)
+            && rows_.Coded(ColumnDemodulation, record.Demodulation, texts_.Demodulation, 12797)
+            && rows_.Coded(ColumnBandwidth, record.Bandwidth, texts_.Bandwidth, 12798);
     }
 
-    bool ReadSwitches(MemoryRecord& record)
+    bool ReadSwitches(MemoryRecord& record) const
     {
-        return Real(ColumnSquelchLevel, record.SquelchLevel, Limits().SquelchLevel, 12799)
-            && Code(ColumnSquelchStatus, texts_.Squelch, kSquelchStatusCodes, record.SquelchStatus, 12800)
-            && ParseFieldInt(fields_.At(ColumnAntennaNumber), record.AntennaNumber, Limits().AntennaNr, 12801, row_ + 1)
-            && Code(ColumnAttenuator, texts_.Attenuator, kAttenuatorStatusCodes, record.AttenuatorStatus, 12802)
-            && Code(ColumnAfc, texts_.Afc, kAfcStatusCodes, record.AfcStatus, 12803);
+        return rows_.Real(ColumnSquelchLevel, record.SquelchLevel, Limits().SquelchLevel, 12799)
+            && rows_.Coded(ColumnSquelchStatus, record.SquelchStatus, texts_.Squelch, 12800)
+            && rows_.Integer(ColumnAntennaNumber, record.AntennaNumber, Limits().AntennaNr, 12801)
+            && rows_.Coded(ColumnAttenuator, record.AttenuatorStatus, texts_.Attenuator, 12802)
+            && rows_.Coded(ColumnAfc, record.AfcStatus, texts_.Afc, 12803);
     }
 
     bool CheckReceiver(const MemoryRecord& record) const
     {
-        return Require(TvFio().CheckBandwidthAndDemodulation(record.Bandwidth, record.Demodulation) != 0, 12811)
-            && Require(TvFio().CheckAutoFreqControlAndDemodulation(record.AfcStatus, record.Demodulation) != 0, 12812);
+        const TvFioApi& store = TvFio();
+        return rows_.Require(store.CheckBandwidthAndDemodulation(record.Bandwidth, record.Demodulation) != 0, 12811)
+            && rows_.Require(
+                store.CheckAutoFreqControlAndDemodulation(record.AfcStatus, record.Demodulation) != 0, 12812);
     }
 
     bool ReadDescription(MemoryRecord& record) const
     {
-        if (fields_.Count() <= ColumnDescription)
-            return true;
-        const QByteArrayView text = fields_.At(ColumnDescription);
-        record.Description = FromAnsi(text.first(std::min<qsizetype>(text.size(), kTextLength)));
-        return Require(ValidText(text), kTextBadDescription);
+        return rows_.FieldCount() <= ColumnDescription
+            || rows_.Text(ColumnDescription, record.Description, kTextLength, kTextBadDescription);
     }
 
     /// All of these columns or none. The DF squelch is read with the texts of the plain squelch, so that a third
     /// value, which the writer knows, is refused.
-    bool ReadDirectionFinding(MemoryRecord& record)
+    bool ReadDirectionFinding(MemoryRecord& record) const
     {
-        if (fields_.Count() <= ColumnDfSquelchStatus)
+        if (rows_.FieldCount() <= ColumnDfSquelchStatus)
             return true;
-        return Code(ColumnDfSquelchStatus, texts_.Squelch, kSquelchStatusCodes, record.DfSquelchStatus,
-                   kTextBadDfSquelch)
-            && Real(ColumnDfSquelchLevel, record.DfSquelchLevel, Limits().DfSquelchLevel, 12807)
-            && Real(ColumnDfTime, record.DfMeasurementTime, Limits().DfMeasTimeSec, 12808)
-            && Code(ColumnSpan, texts_.Span, kFrequencySpanCodes, record.FrequencySpan, 12809)
-            && Code(ColumnDfStep, texts_.DfStep, kDfStepCodes, record.DfStep, 12810)
-            && Require(TvFio().CheckIfPanSpanAndIfPanStep(record.FrequencySpan, record.DfStep) != 0, 12814)
-            && Code(ColumnDfBandwidth, texts_.DfBandwidth, kDfBandwidthCodes, record.DfBandwidth, 12896);
+        return rows_.Coded(ColumnDfSquelchStatus, record.DfSquelchStatus, texts_.Squelch, kTextBadDfSquelch)
+            && rows_.Real(ColumnDfSquelchLevel, record.DfSquelchLevel, Limits().DfSquelchLevel, 12807)
+            && rows_.Real(ColumnDfTime, record.DfMeasurementTime, Limits().DfMeasTimeSec, 12808)
+            && rows_.Coded(ColumnSpan, record.FrequencySpan, texts_.Span, 12809)
+            && rows_.Coded(ColumnDfStep, record.DfStep, texts_.DfStep, 12810)
+            && rows_.Require(TvFio().CheckIfPanSpanAndIfPanStep(record.FrequencySpan, record.DfStep) != 0, 12814)
+            && rows_.Coded(ColumnDfBandwidth, record.DfBandwidth, texts_.DfBandwidth, 12896);
     }
 
+    CsvRows rows_;
     MemoryTable& table_;
     MemoryTexts texts_;
-    CsvFields fields_;
-    int row_ = 0;
     std::bitset<kMemoryRows> numbers_;
 };
 
@@ -225,19 +188,13 @@ void WriteRow(CsvWriter& writer, const MemoryTexts& texts, int row, std::int16_t
     writer.EndLine();
 }
 
-/// A file with a field that holds a separator, with one number twice, or with a name of blanks, which the reader
-/// trims, could not be read back.
-bool CanBeReadBack(const MemoryTable& table, int rowWithNumberTwice)
+/// A file with a field that holds a separator, or with one number twice, could not be read back.
+bool CanBeReadBack(const MemoryTable& table, const CsvHeader& header, int rowWithNumberTwice)
 {
-    if (!ValidListName(table.MemoryListName.trimmed()))
+    if (!CsvCanHold(header))
         return false;
-    const auto carries = [](const QString& text) { return ValidText(text) && !text.contains(u'\n'); };
-    if (!carries(table.MemoryListDescription)) {
-        MsgOk(kTextForbiddenCharacter);
-        return false;
-    }
     for (int row = 0; row < kMemoryRows; ++row) {
-        if (carries(table.Row(row).Description))
+        if (CsvCanHold(table.Row(row).Description))
             continue;
         MsgOkNum(kTextBadDescription, row + 1);
         return false;
@@ -252,38 +209,27 @@ std::optional<CsvWriter> BuildFile(const MemoryTable& table)
 {
     int rowWithNumberTwice = -1;
     const std::vector<std::int16_t> numbers = DistinctMemoryNumbers(table, rowWithNumberTwice);
-    if (!CanBeReadBack(table, rowWithNumberTwice))
+    const CsvHeader header{ table.MemoryListName, table.MemoryListDescription };
+    if (!CanBeReadBack(table, header, rowWithNumberTwice))
         return {};
     const MemoryTexts texts;
     CsvWriter writer(kMemoryRows * kTypicalLineBytes);
-    CsvWriteHeader(writer, kTextMemoryKeyword, { table.MemoryListName, table.MemoryListDescription });
+    CsvWriteHeader(writer, kTextMemoryKeyword, header);
     for (int row = 0; row < kMemoryRows; ++row)
         WriteRow(writer, texts, row, numbers[static_cast<size_t>(row)], table.Row(row));
     return writer;
-}
-
-bool ReadFile(const QString& path, MemoryTable& table)
-{
-    CsvSource source;
-    return CsvLoadFile(path, source) && ReadMemoryListCsv(source, table);
-}
-
-bool WriteFile(const QString& path, const MemoryTable& table)
-{
-    const std::optional<CsvWriter> writer = BuildFile(table);
-    return writer.has_value() && CsvSaveFile(path, *writer);
 }
 
 } // namespace
 
 bool ReadMemoryListCSVFile(const QString& path, MemoryTable& table)
 {
-    return CsvGuard(QFileInfo(path).fileName(), [&] { return ReadFile(path, table); });
+    return CsvReadFile(path, [&](CsvSource& source) { return ReadMemoryListCsv(source, table); });
 }
 
 bool WriteMemoryListCSVFile(const QString& path, const MemoryTable& table)
 {
-    return CsvGuard(QFileInfo(path).fileName(), [&] { return MayWriteFile(path) && WriteFile(path, table); });
+    return CsvWriteFile(path, [&] { return BuildFile(table); });
 }
 
 bool ReadMemoryListCsv(CsvSource& source, MemoryTable& table)
@@ -291,7 +237,7 @@ bool ReadMemoryListCsv(CsvSource& source, MemoryTable& table)
     CsvHeader header;
     const bool hasHeader =
         ClearMemoryList(table) && CsvFindSeparator(source) && CsvReadHeader(source, kTextMemoryKeyword, header);
-    if (!hasHeader || !MemoryCsvReader(table).ReadRows(source))
+    if (!hasHeader || !MemoryCsvReader(source, table).ReadRows())
         return false;
     table.MemoryListName = header.Name;
     table.MemoryListDescription = header.Description;

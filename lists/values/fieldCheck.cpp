@@ -2,11 +2,9 @@
 
 #include "app/message/message.h"
 #include "app/values/general.h"
+#include "app/values/numberText.h"
 #include "app/values/strings.h"
 
-#include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -16,63 +14,6 @@ namespace {
 
 constexpr int kTextEmptyCell = 12771;
 constexpr int kTextNoNumber = 12765;
-
-/// Longer runs of digits are no numbers that anybody typed or a program wrote.
-constexpr qsizetype kLongestNumber = 400;
-
-bool IsDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
-
-/// The characters that `IsNumberText` counts or passes over.
-bool IsNumberCharacter(char character)
-{
-    return IsDigit(character) || QByteArrayView("+-eE., ").contains(character);
-}
-
-bool IsSpace(char character)
-{
-    return character == ' ' || (character >= '\t' && character <= '\r');
-}
-
-/// The part of `text`, without outer blanks, before its first foreign character: where a number can stand.
-QByteArrayView NumberPart(QByteArrayView text)
-{
-    while (!text.isEmpty() && IsSpace(text.front()))
-        text = text.sliced(1);
-    const auto end = std::find_if_not(text.begin(), text.end(), IsNumberCharacter);
-    return text.first(end - text.begin());
-}
-
-/// Converts a number part whose decimal mark may be "," or ".".
-bool Convert(QByteArrayView part, double& value)
-{
-    if (part.size() > kLongestNumber)
-        return false;
-    std::array<char, kLongestNumber> buffer;
-    const bool hasComma = part.contains(',');
-    const char dropped = hasComma ? '.' : ',';
-    char* end = std::remove_copy(part.begin(), part.end(), buffer.begin(), dropped);
-    if (hasComma)
-        std::replace(buffer.begin(), end, ',', '.');
-
-    const char* begin = buffer.begin();
-    if (begin != end && *begin == '+')
-        ++begin;
-    const bool twoSigns = begin != buffer.begin() && begin != end && *begin == '-';
-    double number = 0;
-    const auto [rest, error] = std::from_chars(begin, static_cast<const char*>(end), number);
-    if (twoSigns || error != std::errc())
-        return false;
-    const auto isFurtherNumber = [](char character) {
-        return IsDigit(character) || QByteArrayView("+-.").contains(character);
-    };
-    if (std::any_of(rest, static_cast<const char*>(end), isFurtherNumber))
-        return false;
-    value = number;
-    return true;
-}
 
 /// A failed check reports as asked and answers false.
 bool Refuse(int messageId, bool report)
@@ -119,7 +60,7 @@ bool StrToDouble(const QString& text, double& value)
     const QChar mark = DecimalSeparator();
     if (mark != u'.' && mark != u',') // a locale with a mark of its own
         plain.replace(mark, u'.');
-    return Convert(NumberPart(plain.toLatin1()), value);
+    return ReadNumber(plain.toLatin1(), value);
 }
 
 bool StrToDoubleChecked(const QString& text, double& value)
@@ -129,8 +70,7 @@ bool StrToDoubleChecked(const QString& text, double& value)
 
 bool StrToDoubleChecked(QByteArrayView text, double& value)
 {
-    const QByteArrayView part = NumberPart(text);
-    return std::any_of(part.begin(), part.end(), IsDigit) && Convert(part, value);
+    return HoldsNumber(text) && ReadNumber(text, value);
 }
 
 QString CellText(double value, const CellFormat& format)

@@ -11,9 +11,8 @@ namespace tarvik {
 /// Second character of one half as the locale writes it.
 QChar DecimalSeparator();
 
-/// Takes both notations: with a "," every "." is dropped and the comma is the decimal mark; so "1.234,5" and
-/// "1234.5" are the same number, and "1,000.5" is 1.0005. Text behind the number is passed over unless it holds
-/// further digits, points, commas or signs. False leaves `value` alone.
+/// Takes both notations, as `ReadNumber` does, and the locale's own mark: "1.234,5" and "1234.5" are the same number,
+/// and "1,000.5" is 1.0005. False leaves `value` alone.
 [[nodiscard]] bool StrToDouble(const QString& text, double& value);
 
 /// The same for text that `IsNumberText` takes for a number.

@@ -89,7 +89,7 @@ CodeTexts::CodeTexts(const CodeTable& table)
 
 QByteArrayView CodeTexts::TextOf(int code) const
 {
-    return code >= 0 && code < table_.Count ? texts_[static_cast<size_t>(code)] : unknown_;
+    return HasCode(code) ? texts_[static_cast<size_t>(code)] : unknown_;
 }
 
 int CodeTexts::CodeOf(QByteArrayView text) const

@@ -14,11 +14,6 @@ struct CodeTable {
     int Count;
     int UnknownText; ///< text of a code out of range; 0 for an empty one
     int NoMatch; ///< code of a text that is none of the table's
-
-    int LastCode() const
-    {
-        return Count - 1;
-    }
 };
 
 inline constexpr int kTextUnknownCode = 13500;
@@ -61,6 +56,11 @@ public:
 
     QByteArrayView TextOf(int code) const;
     int CodeOf(QByteArrayView text) const;
+
+    bool HasCode(int code) const
+    {
+        return code >= 0 && code < table_.Count;
+    }
 
 private:
     CodeTable table_;

@@ -143,7 +143,7 @@ tvfio::Bytes Corrections()
     header.AntennaCode = 4;
     header.StartFrequencyHz = 20e6;
     header.StopFrequencyHz = 1300e6;
-    (void)set.TakeHeader(header);
+    (void)set.SetHeader(header);
     for (const GainPoint& point : kDisconeGain) {
         const double frequencyHz = point.FrequencyMhz * 1e6;
         set.Kfactor.push_back({ frequencyHz, KFactor(point) - 8, KFactor(point) });

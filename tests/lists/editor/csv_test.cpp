@@ -297,4 +297,70 @@ TEST_F(Csv, SavingReplacesTheFileAndLeavesNothingElse)
     EXPECT_EQ(QDir(Folder()).entryList(QDir::Files | QDir::Hidden), QStringList({ "a.csv" }));
 }
 
+TEST_F(Csv, TextsWithASeparatorOrALineEndCannotBeHeld)
+{
+    EXPECT_TRUE(CsvCanHold(QStringLiteral("roof 1.5")));
+    for (const char* text : { "a,b", "a;b", "a\"b", "a'b", "a\nb" })
+        EXPECT_FALSE(CsvCanHold(QString::fromLatin1(text))) << text;
+}
+
+TEST_F(Csv, AHeaderThatTheReaderWouldRefuseCannotBeHeld)
+{
+    EXPECT_TRUE(CsvCanHold(CsvHeader{ "Van", "roof" }));
+    Answers().Expect(12766, Ok);
+    EXPECT_FALSE(CsvCanHold(CsvHeader{ "  ", "roof" }));
+    Answers().Expect(12764, Ok);
+    EXPECT_FALSE(CsvCanHold(CsvHeader{ "Van", "a,b" }));
+}
+
+TEST_F(Csv, AFileIsLoadedForItsReader)
+{
+    Store(FilePath("a.csv"), "x\r\n");
+    QByteArray seen;
+    EXPECT_TRUE(CsvReadFile(FilePath("a.csv"), [&seen](CsvSource& source) {
+        seen = source.Bytes;
+        return true;
+    }));
+    EXPECT_EQ(seen, "x\r\n");
+    EXPECT_FALSE(CsvReadFile(FilePath("a.csv"), [](CsvSource&) { return false; }));
+}
+
+TEST_F(Csv, AFailureInAReaderNamesTheFile)
+{
+    Store(FilePath("a.csv"), "x\r\n");
+    Answers().Expect(12819, { QStringLiteral("a.csv") }, Ok);
+    EXPECT_FALSE(CsvReadFile(FilePath("a.csv"), [](CsvSource&) -> bool { throw std::bad_alloc(); }));
+    Answers().Expect(12780, { QStringLiteral("gone.csv"), QStringLiteral("1") }, Ok);
+    EXPECT_FALSE(CsvReadFile(FilePath("gone.csv"), [](CsvSource&) -> bool {
+        ADD_FAILURE();
+        return true;
+    }));
+}
+
+TEST_F(Csv, AFileIsWrittenWhereItMayBeReplaced)
+{
+    const auto build = [] {
+        CsvWriter writer;
+        writer.Text("new");
+        return std::optional(writer);
+    };
+    EXPECT_TRUE(CsvWriteFile(FilePath("a.csv"), build));
+    EXPECT_EQ(Contents(FilePath("a.csv")), "new");
+    Store(FilePath("a.csv"), "old");
+    Answers().Expect(12734, { QStringLiteral("a.csv") }, No);
+    EXPECT_FALSE(CsvWriteFile(FilePath("a.csv"), build));
+    EXPECT_EQ(Contents(FilePath("a.csv")), "old");
+    Answers().Expect(12734, { QStringLiteral("a.csv") }, Yes);
+    EXPECT_TRUE(CsvWriteFile(FilePath("a.csv"), build));
+    EXPECT_EQ(Contents(FilePath("a.csv")), "new");
+}
+
+TEST_F(Csv, AListThatCannotBeBuiltIsNotWritten)
+{
+    EXPECT_FALSE(CsvWriteFile(FilePath("a.csv"), [] { return std::optional<CsvWriter>(); }));
+    Answers().Expect(12819, { QStringLiteral("a.csv") }, Ok);
+    EXPECT_FALSE(CsvWriteFile(FilePath("a.csv"), []() -> std::optional<CsvWriter> { throw std::bad_alloc(); }));
+    EXPECT_TRUE(QDir(Folder()).isEmpty());
+}
+
 } // namespace tarvik

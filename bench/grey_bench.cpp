@@ -1,4 +1,4 @@
-// The conversion to black and white beside a copy of the same bytes, on a picture of 1280 by 720.
+// bench/grey_bench.cpp: the conversion to black and white beside a copy of the same bytes, on a picture of 1280 by 720.
 #include "screen/bitmap/stretch.h"
 
 #include <benchmark/benchmark.h>
@@ -56,6 +56,6 @@ BENCHMARK(GreyConvert)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
-BENCHMARK_MAIN();
-
 } // namespace tarvik
+
+BENCHMARK_MAIN();

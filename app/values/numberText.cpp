@@ -1,0 +1,99 @@
+#include "app/values/numberText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace tarvik {
+
+namespace {
+
+/// Longer runs of digits are no numbers that anybody typed or a program wrote.
+constexpr qsizetype kLongestNumber = 400;
+
+char16_t Unit(QChar character)
+{
+    return character.unicode();
+}
+
+char16_t Unit(char character)
+{
+    return static_cast<unsigned char>(character);
+}
+
+bool IsDigit(char16_t unit)
+{
+    return unit >= u'0' && unit <= u'9';
+}
+
+bool IsNumberUnit(char16_t unit)
+{
+    return IsDigit(unit) || QStringView(u"+-eE., ").contains(QChar(unit));
+}
+
+bool IsSpace(QChar character)
+{
+    return character.isSpace();
+}
+
+bool IsSpace(char character)
+{
+    return character == ' ' || (character >= '\t' && character <= '\r');
+}
+
+template <typename Text>
+Text NumberPart(Text text)
+{
+    const auto begin = std::find_if_not(text.begin(), text.end(), [](auto character) { return IsSpace(character); });
+    const auto end = std::find_if_not(begin, text.end(), [](auto character) { return IsNumberUnit(Unit(character)); });
+    return text.sliced(begin - text.begin(), end - begin);
+}
+
+template <typename Text>
+bool HasDigit(Text text)
+{
+    return std::any_of(text.begin(), text.end(), [](auto character) { return IsDigit(Unit(character)); });
+}
+
+} // namespace
+
+bool HoldsNumber(QStringView text)
+{
+    return HasDigit(NumberPart(text));
+}
+
+bool HoldsNumber(QByteArrayView text)
+{
+    return HasDigit(NumberPart(text));
+}
+
+bool ReadNumber(QByteArrayView text, double& value)
+{
+    const QByteArrayView part = NumberPart(text);
+    if (part.size() > kLongestNumber)
+        return false;
+    std::array<char, kLongestNumber> buffer;
+    const bool hasComma = part.contains(',');
+    const char dropped = hasComma ? '.' : ',';
+    char* end = std::remove_copy(part.begin(), part.end(), buffer.begin(), dropped);
+    if (hasComma)
+        std::replace(buffer.begin(), end, ',', '.');
+
+    const char* begin = buffer.begin();
+    if (begin != end && *begin == '+')
+        ++begin;
+    const bool twoSigns = begin != buffer.begin() && begin != end && *begin == '-';
+    double number = 0;
+    const auto [rest, error] = std::from_chars(begin, static_cast<const char*>(end), number);
+    if (twoSigns || error != std::errc())
+        return false;
+    const auto isFurtherNumber = [](char character) {
+        return IsDigit(Unit(character)) || QByteArrayView("+-.").contains(character);
+    };
+    if (std::any_of(rest, static_cast<const char*>(end), isFurtherNumber))
+        return false;
+    value = number;
+    return true;
+}
+
+} // namespace tarvik

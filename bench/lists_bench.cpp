@@ -1,0 +1,175 @@
+// bench/lists_bench.cpp: a memory list of 1024 entries between its table and its files: reading both forms, writing
+// CSV; beside the binary form its bare reading. Takes the folder to write in as its first argument. The binary file
+// alone, and what its flush costs, is in store_bench.cpp.
+#include "app/message/message.h"
+#include "closed/loader.h"
+#include "link/classes/model.h"
+#include "lists/editor/editorGeneral.h"
+#include "lists/memory/memoryList.h"
+#include "lists/values/limits.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <zlib.h>
+
+namespace tarvik {
+
+namespace {
+
+const QString kCsv = QStringLiteral(EXAMPLES_FOLDER "/Full-1024.csv");
+const QString kBinary = QStringLiteral(EXAMPLES_FOLDER "/Full-1024.tvm");
+QString targetFolder;
+
+MemoryTable FullList()
+{
+    MemoryTable table;
+    if (!OpenMemoryList(kBinary, table))
+        std::abort();
+    return table;
+}
+
+void ReadCsv(benchmark::State& state)
+{
+    MemoryTable table;
+    for (auto _ : state) {
+        if (!ReadMemoryListCSVFile(kCsv, table))
+            state.SkipWithError("refused");
+    }
+}
+
+void WriteCsv(benchmark::State& state)
+{
+    const MemoryTable table = FullList();
+    for (auto _ : state) {
+        if (!WriteMemoryListCSVFile(targetFolder + QStringLiteral("/list.csv"), table))
+            state.SkipWithError("refused");
+    }
+}
+
+/// The file into the store, and the store's rows into the table.
+void ReadBinary(benchmark::State& state)
+{
+    MemoryTable table;
+    for (auto _ : state) {
+        if (!ReadMemoryListMRFile(kBinary, table))
+            state.SkipWithError("refused");
+    }
+}
+
+/// Takes the next number off `at`.
+template <typename Number>
+void Take(const char*& at, Number& number)
+{
+    std::memcpy(&number, at, sizeof number);
+    at += sizeof number;
+}
+
+/// The fields of a record as docs/file-formats.md has them, and no check of any.
+void TakeRecord(const char* at, MemoryTable& table)
+{
+    quint16 place = 0;
+    quint8 letters = 0;
+    Take(at, place);
+    MemoryRecord& row = table.Row(place);
+    row.Used = true;
+    Take(at, row.Number);
+    Take(at, row.Frequency);
+    Take(at, row.Demodulation);
+    Take(at, row.Bandwidth);
+    Take(at, row.SquelchLevel);
+    for (std::int16_t* field : { &row.SquelchStatus, &row.AntennaNumber, &row.AttenuatorStatus, &row.AfcStatus })
+        Take(at, *field);
+    Take(at, letters);
+    row.Description = QString::fromLatin1(at, letters);
+    at += letters;
+    Take(at, row.Status);
+    Take(at, row.DfSquelchStatus);
+    Take(at, row.DfSquelchLevel);
+    Take(at, row.DfMeasurementTime);
+    Take(at, row.FrequencySpan);
+    Take(at, row.DfStep);
+    for (std::int32_t* field : { &row.DfBandwidth, &row.Reserved2, &row.Reserved3 })
+        Take(at, *field);
+}
+
+/// The records of the file, in the least that reads them: the bytes, their check sum, the fields.
+bool ReadBare(MemoryTable& table)
+{
+    constexpr qsizetype kHeaderBytes = 20;
+    constexpr qsizetype kChecksumAt = 16;
+    constexpr quint16 kRecords = 2;
+    QFile file(kBinary);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray bytes = file.readAll();
+    quint32 wanted = 0;
+    std::memcpy(&wanted, bytes.constData() + kChecksumAt, sizeof wanted);
+    const auto* const start = reinterpret_cast<const Bytef*>(bytes.constData());
+    const uLong head = crc32(0, start, kChecksumAt);
+    if (crc32(head, start + kHeaderBytes, static_cast<uInt>(bytes.size() - kHeaderBytes)) != wanted)
+        return false;
+    const char* at = bytes.constData() + kHeaderBytes;
+    for (;;) {
+        quint16 section = 0;
+        quint32 size = 0;
+        Take(at, section);
+        Take(at, size);
+        if (section == kRecords)
+            break;
+        at += size;
+    }
+    quint32 count = 0;
+    Take(at, count);
+    for (quint32 record = 0; record < count; ++record) {
+        quint32 size = 0;
+        Take(at, size);
+        TakeRecord(at, table);
+        at += size;
+    }
+    return count == kMemoryRows;
+}
+
+void BareRead(benchmark::State& state)
+{
+    MemoryTable table;
+    for (auto _ : state) {
+        if (!ReadBare(table))
+            state.SkipWithError("refused");
+    }
+    if (table.Rows != FullList().Rows)
+        state.SkipWithError("not what the program reads");
+}
+
+BENCHMARK(ReadCsv)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(WriteCsv)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(ReadBinary)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(BareRead)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
+} // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (argc != 2)
+        return 2;
+    targetFolder = QString::fromLocal8Bit(argv[1]);
+    MsgSetPresenter([](MessageRequest& request) { request.Result = MsgResultYes; });
+    for (const Module module : { Module::Language, Module::ListStore, Module::General }) {
+        if (!ModuleLoad(module, QCoreApplication::applicationDirPath() + QLatin1Char('/')))
+            return 1;
+    }
+    ReadInstrumentLimits();
+    SetEditorType(FileClassMemoryList);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

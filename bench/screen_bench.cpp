@@ -1,0 +1,350 @@
+// bench/screen_bench.cpp: document windows in the whole frame: a PNG file to its painted window, beside the bare decode
+// of the same file; the redraw of a window of that size, beside a bare widget that paints the same picture; the
+// arranging of a hundred of them, beside a hundred bare windows with such widgets. Prints one JSON object with ms:
+// medians, and of the arrangements the slowest one.
+#include "app/frame/MfMain.h"
+#include "app/state/project.h"
+#include "bench/receiverScreen.h"
+#include "bench/timing.h"
+#include "closed/loader.h"
+#include "composition.h"
+#include "link/documents/file.h"
+#include "screen/document/fit.h"
+#include "screen/document/view.h"
+#include "screen/window/arrange.h"
+#include "screen/window/closing.h"
+#include "screen/window/palette.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+#include <png.h>
+
+namespace tarvik {
+
+namespace {
+
+constexpr QSize kFrame(1400, 900); // the picture has room, with the borders of its window
+constexpr int kRounds = 25;
+constexpr int kWindows = 100;
+constexpr int kPatienceMs = 30000;
+constexpr int kArrangements = 3; ///< times that each way of arranging is tried
+
+TvImgContext ContextOf(QImage& picture)
+{
+    return { reinterpret_cast<uint32_t*>(picture.bits()), picture.width(), picture.height(),
+        static_cast<int32_t>(picture.bytesPerLine() / 4) };
+}
+
+/// Counts the widgets of a name that are painted.
+class PaintCount final : public QObject {
+public:
+    explicit PaintCount(QLatin1String name)
+        : name_(name)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const bool isPicture = event->type() == QEvent::Paint && watched->objectName() == name_;
+        pictures_ += isPicture ? 1 : 0;
+        return false;
+    }
+
+    /// Until one of them, and with it all that are seen, has been painted after `act`.
+    template <typename Act>
+    double Ms(Act act)
+    {
+        pictures_ = 0;
+        return MsOf([&] {
+            act();
+            const QDeadlineTimer deadline(kPatienceMs);
+            while (pictures_ == 0) {
+                QCoreApplication::processEvents();
+                if (deadline.hasExpired())
+                    qFatal("%s was not painted", name_.data());
+            }
+        });
+    }
+
+private:
+    QLatin1String name_;
+    int pictures_ = 0;
+};
+
+/// A picture in the size of the widget, and no more.
+class BarePicture final : public QWidget {
+public:
+    static constexpr QLatin1String kName{ "BarePicture" };
+
+    explicit BarePicture(const QImage& picture)
+        : picture_(picture.copy()) // each has its own, as documents have
+    {
+        setObjectName(kName);
+        setAttribute(Qt::WA_OpaquePaintEvent);
+    }
+
+    QSize sizeHint() const override
+    {
+        return picture_.size(); // of a cascaded window
+    }
+
+    void ShowColours()
+    {
+        shown_ = picture_;
+        update();
+    }
+
+    void ShowGrey()
+    {
+        shown_ = picture_.copy();
+        auto* pixel = reinterpret_cast<QRgb*>(shown_.bits());
+        for (const QRgb* end = pixel + shown_.sizeInBytes() / qsizetype{ sizeof *pixel }; pixel != end; ++pixel) {
+            const int grey = qGray(*pixel);
+            *pixel = qRgb(grey, grey, grey);
+        }
+        update();
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* /*event*/) override
+    {
+        shown_ = picture_.scaled(size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter(this).drawImage(QPoint(), shown_);
+    }
+
+private:
+    QImage picture_;
+    QImage shown_;
+};
+
+class ScreenBench {
+public:
+    explicit ScreenBench(const QString& folder)
+        : path_(folder + QStringLiteral("/screen.png"))
+    {
+    }
+
+    bool StoreFile()
+    {
+        QImage picture = ReceiverScreen(0);
+        const TvImgContext context = ContextOf(picture);
+        return TvImg().ImgDcToPng(path_.toLocal8Bit().constData(), &context, picture.width(), picture.height()) == 0;
+    }
+
+    /// By the library alone, into the form that windows show.
+    double LibraryDecode()
+    {
+        QImage picture(kReceiverScreen, QImage::Format_RGB32);
+        const QByteArray path = path_.toLocal8Bit();
+        return MsOf([&] {
+            png_image file{};
+            file.version = PNG_IMAGE_VERSION;
+            png_image_begin_read_from_file(&file, path.constData());
+            file.format = PNG_FORMAT_BGRA;
+            if (png_image_finish_read(
+                    &file, nullptr, picture.bits(), static_cast<png_int_32>(picture.bytesPerLine()), nullptr)
+                == 0)
+                qFatal("not decoded");
+        });
+    }
+
+    /// By the program's own decoder.
+    double OwnDecode()
+    {
+        QImage picture(kReceiverScreen, QImage::Format_RGB32);
+        const TvImgContext context = ContextOf(picture);
+        const QByteArray path = path_.toLocal8Bit();
+        return MsOf([&] {
+            if (TvImg().ImgPngToDc(path.constData(), &context) != 0)
+                qFatal("not decoded");
+        });
+    }
+
+    double Open()
+    {
+        return painted_.Ms([this] {
+            if (!FileOpen(path_, true, true))
+                qFatal("not opened");
+        });
+    }
+
+    static void Close()
+    {
+        if (!CloseWindow(WindowTable().Active, true))
+            qFatal("not closed");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+
+    double Redraw(qint16 palette)
+    {
+        const WindowId id = WindowTable().Active;
+        PaletteStore(palette, id);
+        return painted_.Ms([id] { DrawScreenWindow(id); });
+    }
+
+    double Arrange(int code)
+    {
+        return painted_.Ms([code] { ArrangeWindows(code); });
+    }
+
+private:
+    QString path_;
+    PaintCount painted_{ QLatin1String("PbGraph") };
+};
+
+/// A bare area of child windows with such pictures.
+class BareArea {
+public:
+    explicit BareArea(QSize size)
+    {
+        area_.resize(size);
+        area_.show();
+        if (!QTest::qWaitForWindowExposed(&area_))
+            qFatal("no bare area");
+    }
+
+    void Open(int windows)
+    {
+        const QImage picture = ReceiverScreen(0);
+        for (int window = 0; window < windows; ++window) {
+            QMdiSubWindow* added = area_.addSubWindow(new BarePicture(picture));
+            added->resize(kReceiverScreen);
+            added->show();
+        }
+    }
+
+    double Redraw()
+    {
+        return painted_.Ms([this] { Picture().ShowColours(); });
+    }
+
+    double RedrawGrey()
+    {
+        return painted_.Ms([this] { Picture().ShowGrey(); });
+    }
+
+    double Arrange(int code)
+    {
+        return painted_.Ms([this, code] { Place(code); });
+    }
+
+    void Place(int code)
+    {
+        if (code == ArrangeCascade)
+            area_.cascadeSubWindows();
+        else
+            area_.tileSubWindows();
+    }
+
+private:
+    BarePicture& Picture() const
+    {
+        return *static_cast<BarePicture*>(area_.subWindowList().constFirst()->widget());
+    }
+
+    QMdiArea area_;
+    PaintCount painted_{ BarePicture::kName };
+};
+
+void BenchOneWindow(ScreenBench& bench, BareArea& bare)
+{
+    std::vector<double> library;
+    std::vector<double> own;
+    std::vector<double> open;
+    std::vector<double> redraw;
+    std::vector<double> redrawGrey;
+    std::vector<double> bareRedraw;
+    std::vector<double> bareRedrawGrey;
+    bare.Open(1);
+    for (int round = 0; round < kRounds; ++round) {
+        library.push_back(bench.LibraryDecode());
+        own.push_back(bench.OwnDecode());
+        open.push_back(bench.Open());
+        redraw.push_back(bench.Redraw(PaletteColour));
+        redrawGrey.push_back(bench.Redraw(PaletteBlackAndWhite));
+        bareRedraw.push_back(bare.Redraw());
+        bareRedrawGrey.push_back(bare.RedrawGrey());
+        PaletteStore(PaletteColour, WindowTable().Active);
+        ScreenBench::Close();
+    }
+    std::printf("{\"bareDecode\": %.3f, \"ownDecode\": %.3f, \"open\": %.3f, \"redraw\": %.3f, \"redrawGrey\": %.3f, "
+                "\"bareRedraw\": %.3f, \"bareRedrawGrey\": %.3f, ",
+        Median(library), Median(own), Median(open), Median(redraw), Median(redrawGrey), Median(bareRedraw),
+        Median(bareRedrawGrey));
+}
+
+void BenchHundredWindows(ScreenBench& bench, BareArea& bare)
+{
+    double last = 0;
+    for (int window = 0; window < kWindows; ++window)
+        last = bench.Open();
+    bare.Open(kWindows - 1);
+    double slowest = 0;
+    double bareSlowest = 0;
+    for (const int code : { ArrangeTileHorizontally, ArrangeTileVertically, ArrangeCascade }) {
+        std::vector<double> own;
+        std::vector<double> others;
+        for (int round = 0; round < kArrangements; ++round) {
+            const int other = code == ArrangeCascade ? ArrangeTileHorizontally : ArrangeCascade;
+            ArrangeWindows(other); // so that there is something to move
+            bare.Place(other);
+            QCoreApplication::processEvents();
+            own.push_back(bench.Arrange(code));
+            others.push_back(bare.Arrange(code));
+        }
+        slowest = std::max(slowest, Median(own));
+        bareSlowest = std::max(bareSlowest, Median(others));
+    }
+    std::printf("\"openHundredth\": %.3f, \"arrange\": %.3f, \"bareArrange\": %.3f}\n", last, slowest, bareSlowest);
+}
+
+} // namespace
+
+} // namespace tarvik
+
+using namespace tarvik;
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    ComposeProgram();
+    const QString folder = QApplication::applicationDirPath() + QLatin1Char('/');
+    for (const Module module :
+        { Module::General, Module::Language, Module::Channel, Module::ListStore, Module::Pictures }) {
+        if (!ModuleLoad(module, folder))
+            return 1;
+    }
+    const QTemporaryDir files;
+    MfMain frame(folder);
+    frame.BuildTexts();
+    Program().MainWindowState = WinStateNormal;
+    frame.ShowFrame();
+    frame.resize(kFrame);
+    Program().Started = true;
+    if (!QTest::qWaitForWindowActive(&frame))
+        return 1;
+    ScreenBench bench(files.path());
+    if (!bench.StoreFile())
+        return 1;
+    bench.Open(); // the first one also loads fonts and pictures
+    ScreenBench::Close();
+    BareArea bare(frame.size());
+    BenchOneWindow(bench, bare);
+    BenchHundredWindows(bench, bare);
+    return 0;
+}

@@ -1,6 +1,7 @@
 #include "app/about/info.h"
 
 #include "app/help/helpFile.h"
+#include "app/platform/processState.h"
 #include "app/state/project.h"
 #include "app/text/ansi.h"
 #include "app/text/lang.h"
@@ -51,13 +52,8 @@ std::optional<FileVersion> FirmwareVersion()
 
 InfoHooks& TheInfoHooks()
 {
-    static InfoHooks hooks = Defaults();
-    return hooks;
-}
-
-void InfoReset()
-{
-    TheInfoHooks() = Defaults();
+    static ProcessState<InfoHooks> hooks(Defaults);
+    return hooks.Get();
 }
 
 std::vector<InfoRow> InfoRows()

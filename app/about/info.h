@@ -33,6 +33,5 @@ struct InfoHooks {
     std::function<std::optional<FileVersion>(const QString& path)> HelpBookVersion; ///< by default what the book tells
 };
 InfoHooks& TheInfoHooks();
-void InfoReset();
 
 } // namespace tarvik

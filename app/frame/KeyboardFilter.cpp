@@ -5,6 +5,7 @@
 #include "app/frame/keyboardHook.h"
 #include "app/help/FmHelp.h"
 #include "app/help/help.h"
+#include "app/platform/processState.h"
 #include "app/state/project.h"
 
 #include <QApplication>
@@ -26,8 +27,8 @@ constexpr quint64 kHandledMark = quint64(1) << 63;
 
 bool& ArrowHeld()
 {
-    static bool held = false;
-    return held;
+    static ProcessState<bool> held;
+    return held.Get();
 }
 
 void NoteArrow(const QKeyEvent& event)

@@ -1,5 +1,6 @@
 #include "app/frame/commands.h"
 
+#include "app/platform/processState.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 
@@ -7,8 +8,8 @@ namespace tarvik {
 
 CommandHooks& TheCommandHooks()
 {
-    static CommandHooks hooks;
-    return hooks;
+    static ProcessState<CommandHooks> hooks;
+    return hooks.Get();
 }
 
 void CommandHooksReset()

@@ -1,6 +1,7 @@
 #include "app/frame/dropFiles.h"
 
 #include "app/frame/startup.h"
+#include "app/platform/processState.h"
 #include "app/state/project.h"
 
 #include <algorithm>
@@ -18,8 +19,8 @@ bool IsKnown(const QString& file)
 
 DropHooks& TheDropHooks()
 {
-    static DropHooks hooks;
-    return hooks;
+    static ProcessState<DropHooks> hooks;
+    return hooks.Get();
 }
 
 bool DropIsAllowed(const QStringList& files)

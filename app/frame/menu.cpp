@@ -1,5 +1,6 @@
 #include "app/frame/menu.h"
 
+#include "app/platform/processState.h"
 #include "app/state/linkState.h"
 #include "app/state/project.h"
 
@@ -119,13 +120,8 @@ bool MenuPicturesAreDrawn(int checkWidthPx, int checkHeightPx)
 
 DocumentHooks& TheDocumentHooks()
 {
-    static DocumentHooks hooks;
-    return hooks;
-}
-
-void DocumentHooksReset()
-{
-    TheDocumentHooks() = {};
+    static ProcessState<DocumentHooks> hooks;
+    return hooks.Get();
 }
 
 } // namespace tarvik

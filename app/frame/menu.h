@@ -120,7 +120,6 @@ struct DocumentHooks {
     std::function<void()> CheckPendingResize = [] {}; ///< on each tick of the frame's tip timer
 };
 DocumentHooks& TheDocumentHooks();
-void DocumentHooksReset();
 
 struct MenuInput {
     bool Started = false;

@@ -3,6 +3,7 @@
 #include "app/forms/dialog.h"
 #include "app/message/message.h"
 #include "app/platform/paths.h"
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/settings/settings.h"
 #include "app/state/frameHooks.h"
@@ -108,8 +109,8 @@ bool CanBeRead(const QString& path)
 
 CommonDialog& TheCommonDialog()
 {
-    static CommonDialog dialog;
-    return dialog;
+    static ProcessState<CommonDialog> dialog;
+    return dialog.Get();
 }
 
 bool ProjectInit(ProjectHost& host)

@@ -3,6 +3,7 @@
 
 #include "app/forms/form.h"
 #include "app/help/help.h"
+#include "app/platform/processState.h"
 
 #include <QAction>
 #include <QApplication>
@@ -16,8 +17,8 @@ namespace {
 
 std::unique_ptr<FmHelp>& TheViewer()
 {
-    static std::unique_ptr<FmHelp> viewer;
-    return viewer;
+    static ProcessState<std::unique_ptr<FmHelp>> viewer;
+    return viewer.Get();
 }
 
 /// The viewer over the book that is installed now; null without a readable book.

@@ -1,6 +1,7 @@
 #include "app/help/help.h"
 
 #include "app/message/message.h"
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 
 namespace tarvik {
@@ -27,8 +28,8 @@ void ReportUnless(bool shown, int helpNumber)
 
 HelpHooks& TheHelpHooks()
 {
-    static HelpHooks hooks;
-    return hooks;
+    static ProcessState<HelpHooks> hooks;
+    return hooks.Get();
 }
 
 void HelpCommand(int id)

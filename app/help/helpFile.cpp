@@ -1,6 +1,7 @@
 #include "app/help/helpFile.h"
 
 #include "app/help/helpSeal.h"
+#include "app/platform/processState.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
 
@@ -149,6 +150,11 @@ QString PageOf(const QString& path)
     return page.startsWith(u'/') ? page.mid(1) : page;
 }
 
+struct OpenedBook {
+    HelpFile File;
+    QString Path;
+};
+
 std::optional<FileVersion> VersionIn(const Files& files)
 {
     const QString line = QString::fromUtf8(files.value(QStringLiteral("version.txt"))).trimmed();
@@ -261,15 +267,15 @@ void HelpFile::ReadSections()
 
 const HelpFile* TheHelpFile()
 {
-    static HelpFile file;
-    static QString openedPath;
+    static ProcessState<OpenedBook> state;
+    OpenedBook& book = state.Get();
     const QString path = Program().HelpFilePath;
-    if (path != openedPath || !file.IsOpen()) {
-        openedPath = path;
-        if (!file.Open(path))
+    if (path != book.Path || !book.File.IsOpen()) {
+        book.Path = path;
+        if (!book.File.Open(path))
             return nullptr;
     }
-    return &file;
+    return &book.File;
 }
 
 QString PopupHelpText(int helpNumber)

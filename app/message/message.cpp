@@ -1,5 +1,6 @@
 #include "app/message/message.h"
 
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/text/lang.h"
 #include "app/values/numberPicture.h"
@@ -12,8 +13,8 @@ namespace {
 
 MessagePresenter& Presenter()
 {
-    static MessagePresenter presenter;
-    return presenter;
+    static ProcessState<MessagePresenter> presenter;
+    return presenter.Get();
 }
 
 constexpr int kStyleOk = MsgButtonsOk | kMsgIconExclamation;
@@ -67,8 +68,8 @@ int Ask1(int style, int id, const QString& arg, bool defaultToNo = false)
 
 MessageRequest& TheMessage()
 {
-    static MessageRequest request;
-    return request;
+    static ProcessState<MessageRequest> request;
+    return request.Get();
 }
 
 void MsgSetPresenter(MessagePresenter presenter)
@@ -152,12 +153,6 @@ void MsgAskOnceReset()
 int MsgRaw(int style, const QString& text, int helpId)
 {
     return Show({ style, text, helpId, {}, false });
-}
-
-void MessageReset()
-{
-    TheMessage() = {};
-    Presenter() = {};
 }
 
 } // namespace tarvik

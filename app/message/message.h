@@ -76,7 +76,4 @@ void MsgAskOnceReset();
 /// The shared end of all of these. Waits, yielding to the message loop, while another message is showing.
 int MsgRaw(int style, const QString& text, int helpId);
 
-/// Puts request and presenter back to their start values.
-void MessageReset();
-
 } // namespace tarvik

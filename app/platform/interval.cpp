@@ -1,5 +1,6 @@
 #include "app/platform/interval.h"
 
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 
 #include <algorithm>
@@ -10,8 +11,8 @@ namespace {
 
 bool& TimerRuns()
 {
-    static bool runs = false;
-    return runs;
+    static ProcessState<bool> runs;
+    return runs.Get();
 }
 
 void WaitPiece(int milliseconds)

@@ -1,5 +1,7 @@
 #include "app/platform/seams.h"
 
+#include "app/platform/processState.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QThread>
@@ -46,13 +48,8 @@ Seams Defaults()
 
 Seams& TheSeams()
 {
-    static Seams seams = Defaults();
-    return seams;
-}
-
-void SeamsReset()
-{
-    TheSeams() = Defaults();
+    static ProcessState<Seams> seams(Defaults);
+    return seams.Get();
 }
 
 } // namespace tarvik

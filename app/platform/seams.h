@@ -83,7 +83,4 @@ struct Seams {
 
 Seams& TheSeams();
 
-/// Puts every seam back to its default.
-void SeamsReset();
-
 } // namespace tarvik

@@ -1,5 +1,6 @@
 #include "app/settings/ini.h"
 
+#include "app/platform/processState.h"
 #include "app/platform/replaceFile.h"
 #include "app/settings/iniFile.h"
 #include "app/values/numberPicture.h"
@@ -50,8 +51,8 @@ bool Store(const LoadedFile& loaded)
 
 std::optional<LoadedFile>& Session()
 {
-    static std::optional<LoadedFile> session;
-    return session;
+    static ProcessState<std::optional<LoadedFile>> session;
+    return session.Get();
 }
 
 bool IsInSession(const QString& file)

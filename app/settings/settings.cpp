@@ -1,5 +1,6 @@
 #include "app/settings/settings.h"
 
+#include "app/platform/processState.h"
 #include "app/settings/ini.h"
 #include "app/state/project.h"
 #include "app/values/strings.h"
@@ -24,8 +25,8 @@ const QString kHeightKey = QStringLiteral("WinHeight");
 
 std::vector<SettingsGroup>& Groups()
 {
-    static std::vector<SettingsGroup> groups;
-    return groups;
+    static ProcessState<std::vector<SettingsGroup>> groups;
+    return groups.Get();
 }
 
 /// Without a frame there is nothing to place, and nothing to ask for its place.
@@ -113,19 +114,13 @@ void WriteWindow(const QString& file)
 
 FramePlacementHooks& TheFramePlacement()
 {
-    static FramePlacementHooks hooks;
-    return hooks;
+    static ProcessState<FramePlacementHooks> hooks;
+    return hooks.Get();
 }
 
 void SettingsSetGroups(std::vector<SettingsGroup> groups)
 {
     Groups() = std::move(groups);
-}
-
-void SettingsReset()
-{
-    TheFramePlacement() = {};
-    Groups().clear();
 }
 
 QString IniFileName()

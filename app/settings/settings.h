@@ -35,9 +35,6 @@ struct SettingsGroup {
 /// connection, screen. Set by the program's composition.
 void SettingsSetGroups(std::vector<SettingsGroup> groups);
 
-/// Forgets groups and frame.
-void SettingsReset();
-
 /// `AppPath` + "Tarvik" + ".ini".
 QString IniFileName();
 

@@ -1,5 +1,7 @@
 #include "app/state/dialogStack.h"
 
+#include "app/platform/processState.h"
+
 #include <algorithm>
 
 namespace tarvik {
@@ -8,8 +10,8 @@ namespace {
 
 std::vector<DialogForm*>& Stack()
 {
-    static std::vector<DialogForm*> stack;
-    return stack;
+    static ProcessState<std::vector<DialogForm*>> stack;
+    return stack.Get();
 }
 
 } // namespace

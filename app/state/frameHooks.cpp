@@ -1,11 +1,13 @@
 #include "app/state/frameHooks.h"
 
+#include "app/platform/processState.h"
+
 namespace tarvik {
 
 FrameHooks& TheFrameHooks()
 {
-    static FrameHooks hooks;
-    return hooks;
+    static ProcessState<FrameHooks> hooks;
+    return hooks.Get();
 }
 
 void FrameHooksReset()

@@ -1,5 +1,6 @@
 #include "app/state/progressBar.h"
 
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/values/general.h"
 #include "app/values/numberPicture.h"
@@ -21,20 +22,14 @@ int Percent(const ProgressState& state)
 
 ProgressState& Progress()
 {
-    static ProgressState state;
-    return state;
+    static ProcessState<ProgressState> state;
+    return state.Get();
 }
 
 ProgressHooks& TheProgressHooks()
 {
-    static ProgressHooks hooks;
-    return hooks;
-}
-
-void ProgressReset()
-{
-    Progress() = {};
-    TheProgressHooks() = {};
+    static ProcessState<ProgressHooks> hooks;
+    return hooks.Get();
 }
 
 void ProgressStart(qint32 total)

@@ -27,7 +27,6 @@ struct ProgressHooks {
     std::function<void(bool on)> EnableTimer = [](bool) {}; ///< its tick calls ProgressRefresh
 };
 ProgressHooks& TheProgressHooks();
-void ProgressReset();
 
 /// Starts a job of `total` steps. A total below 1 shows 0 percent throughout.
 void ProgressStart(qint32 total);

@@ -1,5 +1,6 @@
 #include "app/state/project.h"
 
+#include "app/platform/processState.h"
 #include "app/state/dialogStack.h"
 
 #include <QDir>
@@ -62,13 +63,8 @@ QString ProductPreRelease()
 
 ProgramState& Program()
 {
-    static ProgramState state;
-    return state;
-}
-
-void ProgramReset()
-{
-    Program() = {};
+    static ProcessState<ProgramState> state;
+    return state.Get();
 }
 
 bool CanAct()
@@ -101,8 +97,8 @@ QString HelpFileName()
 
 ProjectHooks& TheProjectHooks()
 {
-    static ProjectHooks hooks;
-    return hooks;
+    static ProcessState<ProjectHooks> hooks;
+    return hooks.Get();
 }
 
 } // namespace tarvik

@@ -52,9 +52,6 @@ struct ProgramState {
 };
 ProgramState& Program();
 
-/// Puts the state back to its start values.
-void ProgramReset();
-
 /// True when no dialog is open and no command runs: the only gate for commands.
 bool CanAct();
 

@@ -1,5 +1,6 @@
 #include "app/text/lang.h"
 
+#include "app/platform/processState.h"
 #include "app/text/ansi.h"
 #include "closed/loader.h"
 
@@ -184,8 +185,8 @@ GeometryAdjustment LngCtrlSize(int id)
 
 LangHooks& TheLangHooks()
 {
-    static LangHooks hooks;
-    return hooks;
+    static ProcessState<LangHooks> hooks;
+    return hooks.Get();
 }
 
 } // namespace tarvik

@@ -2,6 +2,7 @@
 
 #include "app/message/message.h"
 #include "app/platform/debug.h"
+#include "app/platform/processState.h"
 #include "app/settings/ini.h"
 #include "app/text/lang.h"
 
@@ -44,13 +45,8 @@ const ClassTexts* TextsOf(int fileClass)
 
 FileClassState& FileClasses()
 {
-    static FileClassState state;
-    return state;
-}
-
-void FileClassesReset()
-{
-    FileClasses() = {};
+    static ProcessState<FileClassState> state;
+    return state.Get();
 }
 
 void ModFileInit(int fileClass)

@@ -44,7 +44,6 @@ struct FileClassState {
     std::array<QString, 8> InstrPaths; ///< remembered instrument folder of each class
 };
 FileClassState& FileClasses();
-void FileClassesReset();
 
 /// Selects `fileClass`; any value outside 1 to 6 selects FileClassUnknown.
 void ModFileInit(int fileClass);

@@ -1,5 +1,6 @@
 #include "link/connection/connect.h"
 
+#include "app/platform/processState.h"
 #include "app/settings/ini.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
@@ -66,14 +67,8 @@ QString ReadText(const QString& iniFile, const QString& key, const QString& fall
 
 ConnectionState& Connection()
 {
-    static ConnectionState state;
-    return state;
-}
-
-void ConnectionReset()
-{
-    Connection() = {};
-    TheConnectHooks() = {};
+    static ProcessState<ConnectionState> state;
+    return state.Get();
 }
 
 ConnectionFields conFieldsOf(const QString& entry)

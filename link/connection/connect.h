@@ -22,7 +22,6 @@ struct ConnectionState {
     double InstrumentFirmware = 0; ///< 0 for a version that is no number
 };
 ConnectionState& Connection();
-void ConnectionReset(); ///< the hooks too
 
 /// What an entry is made of; all empty for a text that has not three fields.
 struct ConnectionFields {

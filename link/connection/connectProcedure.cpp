@@ -2,6 +2,7 @@
 
 #include "app/message/message.h"
 #include "app/platform/debug.h"
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/settings/ini.h"
 #include "app/state/project.h"
@@ -121,8 +122,8 @@ bool TryConnection(const ConnectDisplay& status, const ConnectDisplay& debug)
 
 ConnectHooks& TheConnectHooks()
 {
-    static ConnectHooks hooks;
-    return hooks;
+    static ProcessState<ConnectHooks> hooks;
+    return hooks.Get();
 }
 
 void conShowDialog()

@@ -2,6 +2,7 @@
 
 #include "app/message/message.h"
 #include "app/platform/debug.h"
+#include "app/platform/processState.h"
 #include "link/channel/channel.h"
 #include "link/classes/model.h"
 #include "link/connection/connect.h"
@@ -106,13 +107,8 @@ ControlRules ControlRulesOf(int fileClass)
 
 ControlHooks& TheControlHooks()
 {
-    static ControlHooks hooks;
-    return hooks;
-}
-
-void ControlReset()
-{
-    TheControlHooks() = {};
+    static ProcessState<ControlHooks> hooks;
+    return hooks.Get();
 }
 
 FileList& ListOf(FileControl& control, ControlSide side)

@@ -60,7 +60,6 @@ struct ControlHooks {
     std::function<void(const QString& path, int row)> ShowScreenShot;
 };
 ControlHooks& TheControlHooks();
-void ControlReset();
 
 FileList& ListOf(FileControl& control, ControlSide side);
 FolderCombo& ComboOf(FileControl& control, ControlSide side);

@@ -1,6 +1,7 @@
 #include "link/documents/file.h"
 
 #include "app/message/message.h"
+#include "app/platform/processState.h"
 #include "app/text/lang.h"
 #include "link/classes/model.h"
 
@@ -76,13 +77,8 @@ bool FileKnownExtension(const QString& path, bool listAnswer)
 
 FileOpeners& TheFileOpeners()
 {
-    static FileOpeners openers;
-    return openers;
-}
-
-void FileOpenersReset()
-{
-    TheFileOpeners() = {};
+    static ProcessState<FileOpeners> openers;
+    return openers.Get();
 }
 
 bool FileOpen(const QString& path, bool resetFlag, bool showFlag)

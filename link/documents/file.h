@@ -34,7 +34,6 @@ struct FileOpeners {
     std::function<bool(const QString& path, int imageKind)> OpenPicture;
 };
 FileOpeners& TheFileOpeners();
-void FileOpenersReset();
 
 /// Opens a document or list by its extension; true on success. Message 12750 for a kind that can't be opened.
 /// `resetFlag` forgets the answer that MsgAskOnce keeps; while that answer is No nothing is opened. `showFlag` false

@@ -1,6 +1,7 @@
 #include "link/documents/fileConvert.h"
 
 #include "app/message/message.h"
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
@@ -133,13 +134,8 @@ private:
 
 FileConvertState& FileConvert()
 {
-    static FileConvertState state;
-    return state;
-}
-
-void FileConvertReset()
-{
-    FileConvert() = {};
+    static ProcessState<FileConvertState> state;
+    return state.Get();
 }
 
 FileConvertProposal FileConvertPropose()

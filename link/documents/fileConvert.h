@@ -17,7 +17,6 @@ struct FileConvertState {
     QString TargetExtension; ///< with its point; empty when no type was chosen
 };
 FileConvertState& FileConvert();
-void FileConvertReset();
 
 /// What the form shows when it opens.
 struct FileConvertProposal {

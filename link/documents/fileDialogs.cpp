@@ -1,5 +1,6 @@
 #include "link/documents/fileDialogs.h"
 
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
@@ -40,13 +41,8 @@ void OpenAll(const QStringList& paths)
 
 FileDialogHooks& TheFileDialogHooks()
 {
-    static FileDialogHooks hooks;
-    return hooks;
-}
-
-void FileDialogHooksReset()
-{
-    TheFileDialogHooks() = {};
+    static ProcessState<FileDialogHooks> hooks;
+    return hooks.Get();
 }
 
 void FileOpenDlg(bool convert)

@@ -10,7 +10,6 @@ struct FileDialogHooks {
     std::function<bool()> ShowConvertForm = [] { return false; };
 };
 FileDialogHooks& TheFileDialogHooks();
-void FileDialogHooksReset();
 
 /// Asks for files and opens each, up to the first one that fails; with `convert` asks for folder and type and converts
 /// them.

@@ -1,6 +1,7 @@
 #include "link/documents/fileSave.h"
 
 #include "app/message/message.h"
+#include "app/platform/processState.h"
 #include "app/platform/replaceFile.h"
 #include "app/platform/seams.h"
 #include "app/state/project.h"
@@ -55,13 +56,8 @@ SaveFileQuestion SaveQuestion(int window)
 
 FileDocumentHooks& TheFileDocumentHooks()
 {
-    static FileDocumentHooks hooks;
-    return hooks;
-}
-
-void FileDocumentHooksReset()
-{
-    TheFileDocumentHooks() = {};
+    static ProcessState<FileDocumentHooks> hooks;
+    return hooks.Get();
 }
 
 bool FileSaveAs(QString& path, int window, bool confirm)

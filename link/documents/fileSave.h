@@ -24,7 +24,6 @@ struct FileDocumentHooks {
     std::function<void(int window)> Close = [](int) {}; ///< without a question
 };
 FileDocumentHooks& TheFileDocumentHooks();
-void FileDocumentHooksReset();
 
 /// Writes a document in the format of the path's extension. False when that is no format (message 12750). A path under
 /// which no picture could be written, which is told by the message of its kind, or no text, comes back empty. The two

@@ -1,5 +1,6 @@
 #include "link/files/drives.h"
 
+#include "app/platform/processState.h"
 #include "app/text/lang.h"
 #include "app/values/strings.h"
 
@@ -136,13 +137,8 @@ Drive DriveAtRoot(const QString& path)
 
 DriveSource& TheDriveSource()
 {
-    static DriveSource source = SystemDrives;
-    return source;
-}
-
-void DrivesReset()
-{
-    TheDriveSource() = SystemDrives;
+    static ProcessState<DriveSource> source([] { return DriveSource(SystemDrives); });
+    return source.Get();
 }
 
 } // namespace tarvik

@@ -43,6 +43,5 @@ Drive DriveAtRoot(const QString& path);
 /// The drives of this PC in the order in which the system reports them; may take a moment.
 using DriveSource = std::function<std::vector<Drive>()>;
 DriveSource& TheDriveSource();
-void DrivesReset();
 
 } // namespace tarvik

@@ -1,5 +1,6 @@
 #include "link/files/fileList.h"
 
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/text/lang.h"
 #include "app/values/region.h"
@@ -144,8 +145,8 @@ QString FileExtension(const QString& name)
 
 QString& CurrentPcFolder()
 {
-    static QString folder;
-    return folder;
+    static ProcessState<QString> folder;
+    return folder.Get();
 }
 
 QString PcFilePath(const QString& name)

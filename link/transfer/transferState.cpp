@@ -1,16 +1,13 @@
 #include "link/transfer/transferState.h"
 
+#include "app/platform/processState.h"
+
 namespace tarvik {
 
 TransferState& Transfer()
 {
-    static TransferState state;
-    return state;
-}
-
-void TransferReset()
-{
-    Transfer() = {};
+    static ProcessState<TransferState> state;
+    return state.Get();
 }
 
 } // namespace tarvik

@@ -37,6 +37,5 @@ struct TransferState {
     TransferProgress Progress;
 };
 TransferState& Transfer();
-void TransferReset();
 
 } // namespace tarvik

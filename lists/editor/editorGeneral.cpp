@@ -2,6 +2,7 @@
 
 #include "app/message/message.h"
 #include "app/platform/paths.h"
+#include "app/platform/processState.h"
 #include "app/state/frameHooks.h"
 #include "app/text/ansi.h"
 #include "app/text/lang.h"
@@ -91,13 +92,8 @@ public:
 
 EditorState& Editor()
 {
-    static EditorState state;
-    return state;
-}
-
-void EditorReset()
-{
-    Editor() = {};
+    static ProcessState<EditorState> state;
+    return state.Get();
 }
 
 bool IsListType(int listType)

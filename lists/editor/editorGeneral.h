@@ -19,7 +19,6 @@ struct EditorState {
     QString CorrectionSetFileName; ///< result of a nested correction set editor
 };
 EditorState& Editor();
-void EditorReset();
 
 /// True for the file classes that an editor accepts: 1 to 4 and 6.
 bool IsListType(int listType);

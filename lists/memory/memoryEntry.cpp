@@ -1,6 +1,7 @@
 #include "lists/memory/memoryEntry.h"
 
 #include "app/message/message.h"
+#include "app/platform/processState.h"
 #include "app/text/lang.h"
 #include "closed/loader.h"
 #include "link/classes/textRules.h"
@@ -114,8 +115,8 @@ void TakeRemaining(const MemoryEntryFields& fields, MemoryRecord& record)
 
 MemoryRecord& MemoryEntry()
 {
-    static MemoryRecord entry;
-    return entry;
+    static ProcessState<MemoryRecord> entry;
+    return entry.Get();
 }
 
 MemoryEntryFields FieldsOfMemoryEntry()

@@ -1,5 +1,6 @@
 #include "lists/values/limits.h"
 
+#include "app/platform/processState.h"
 #include "closed/loader.h"
 
 namespace tarvik {
@@ -27,8 +28,8 @@ void Read(LimitGetter<Number> minimum, LimitGetter<Number> maximum, Range<Number
 
 InstrumentLimits& Limits()
 {
-    static InstrumentLimits limits;
-    return limits;
+    static ProcessState<InstrumentLimits> limits;
+    return limits.Get();
 }
 
 void ReadInstrumentLimits()

@@ -1,5 +1,7 @@
 #include "print/printer/printSettings.h"
 
+#include "app/platform/processState.h"
+
 namespace tarvik {
 
 namespace {
@@ -31,13 +33,8 @@ PageSlot ReadSlot(const QString& iniFile, const QString& prefix)
 
 PrintSettings& ThePrintSettings()
 {
-    static PrintSettings settings;
-    return settings;
-}
-
-void PrintSettingsReset()
-{
-    ThePrintSettings() = {};
+    static ProcessState<PrintSettings> settings;
+    return settings.Get();
 }
 
 void PrintLoadSettings(const QString& iniFile)

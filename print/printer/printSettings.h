@@ -38,7 +38,6 @@ struct PrintSettings {
     std::array<PageSlot, kSlotsPerPage> Layout;
 };
 PrintSettings& ThePrintSettings();
-void PrintSettingsReset();
 
 void PrintLoadSettings(const QString& iniFile);
 void PrintSaveSettings(const QString& iniFile);

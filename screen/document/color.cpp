@@ -43,11 +43,6 @@ quint32 Paper(qint16 palette, quint32 background)
 
 } // namespace
 
-void ColorReset()
-{
-    TheColorDefaults() = {};
-}
-
 void ColorLoadSettings(const QString& iniFile)
 {
     constexpr ColorDefaults kFresh;

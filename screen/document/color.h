@@ -9,9 +9,6 @@
 
 namespace tarvik {
 
-/// Puts the values that new documents start with back to their start values.
-void ColorReset();
-
 void ColorLoadSettings(const QString& iniFile);
 void ColorSaveSettings(const QString& iniFile);
 

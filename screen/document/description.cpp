@@ -1,5 +1,6 @@
 #include "screen/document/description.h"
 
+#include "app/platform/processState.h"
 #include "app/settings/ini.h"
 #include "app/state/project.h"
 
@@ -30,13 +31,8 @@ QString WithoutBlanksAtEnd(QString text)
 
 DescriptionDefaults& TheDescriptionDefaults()
 {
-    static DescriptionDefaults defaults;
-    return defaults;
-}
-
-void DescrReset()
-{
-    TheDescriptionDefaults() = {};
+    static ProcessState<DescriptionDefaults> defaults;
+    return defaults.Get();
 }
 
 void DescrLoadSettings(const QString& iniFile)

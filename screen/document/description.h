@@ -16,7 +16,6 @@ struct DescriptionDefaults {
     quint8 ViewDescr = 0;
 };
 DescriptionDefaults& TheDescriptionDefaults();
-void DescrReset();
 
 void DescrLoadSettings(const QString& iniFile);
 void DescrSaveSettings(const QString& iniFile);

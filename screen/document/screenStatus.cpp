@@ -1,5 +1,6 @@
 #include "screen/document/screenStatus.h"
 
+#include "app/platform/processState.h"
 #include "app/text/lang.h"
 #include "app/values/region.h"
 #include "screen/document/color.h"
@@ -13,8 +14,8 @@ constexpr int kTextStatusHead = 14501;
 
 bool& Filling()
 {
-    static bool filling = false;
-    return filling;
+    static ProcessState<bool> filling;
+    return filling.Get();
 }
 
 } // namespace

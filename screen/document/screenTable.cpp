@@ -1,19 +1,20 @@
 #include "screen/document/screenTable.h"
 
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 
 namespace tarvik {
 
 ColorDefaults& TheColorDefaults()
 {
-    static ColorDefaults defaults;
-    return defaults;
+    static ProcessState<ColorDefaults> defaults;
+    return defaults.Get();
 }
 
 std::array<ScreenRecord, kDocumentsOfType + 1>& ScreenTable()
 {
-    static std::array<ScreenRecord, kDocumentsOfType + 1> table;
-    return table;
+    static ProcessState<std::array<ScreenRecord, kDocumentsOfType + 1>> table;
+    return table.Get();
 }
 
 void ScreenTableClear()

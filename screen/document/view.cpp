@@ -1,5 +1,6 @@
 #include "screen/document/view.h"
 
+#include "app/platform/processState.h"
 #include "app/state/project.h"
 
 #include <array>
@@ -65,16 +66,16 @@ using Views = std::array<ScreenViewOwner, kWindowSlots + 1>;
 
 Views& TheViews()
 {
-    static Views views;
-    return views;
+    static ProcessState<Views> views;
+    return views.Get();
 }
 
 } // namespace
 
 ScreenViewHooks& TheScreenViewHooks()
 {
-    static ScreenViewHooks hooks;
-    return hooks;
+    static ProcessState<ScreenViewHooks> hooks;
+    return hooks.Get();
 }
 
 ScreenView* ViewOf(WindowId id)
@@ -97,13 +98,6 @@ void ViewDrop(WindowId id)
 {
     if (WindowIsValid(id))
         TheViews().at(static_cast<size_t>(id)).reset();
-}
-
-void ViewsReset()
-{
-    for (ScreenViewOwner& view : TheViews())
-        view.reset();
-    TheScreenViewHooks() = {};
 }
 
 } // namespace tarvik

@@ -74,7 +74,4 @@ ScreenView& ViewLoad(WindowId id);
 /// Lets go of the view of a window.
 void ViewDrop(WindowId id);
 
-/// Lets go of all views and forgets who makes them.
-void ViewsReset();
-
 } // namespace tarvik

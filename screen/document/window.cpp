@@ -1,6 +1,7 @@
 #include "screen/document/window.h"
 
 #include "app/message/message.h"
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/text/lang.h"
 #include "app/values/region.h"
@@ -120,8 +121,8 @@ QString WithoutTrailingBlanks(QString text)
 
 WindowState& WindowTable()
 {
-    static WindowState state;
-    return state;
+    static ProcessState<WindowState> state;
+    return state.Get();
 }
 
 void WindowTableClear()

@@ -1,6 +1,7 @@
 #include "screen/window/descriptionEdit.h"
 
 #include "app/message/message.h"
+#include "app/platform/processState.h"
 #include "app/state/project.h"
 #include "screen/document/fit.h"
 #include "screen/document/screenStatus.h"
@@ -15,8 +16,8 @@ constexpr int kTextOutOfRange = 12749;
 /// The control's own changes are not the user's.
 bool& Storing()
 {
-    static bool storing = false;
-    return storing;
+    static ProcessState<bool> storing;
+    return storing.Get();
 }
 
 void ShowText(WindowId id)

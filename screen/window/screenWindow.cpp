@@ -2,6 +2,7 @@
 
 #include "app/message/message.h"
 #include "app/platform/debug.h"
+#include "app/platform/processState.h"
 #include "app/state/frameHooks.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
@@ -93,23 +94,14 @@ void DrawRest(WindowId id, ScreenView& view)
 
 ScreenWindowState& TheScreenWindows()
 {
-    static ScreenWindowState state;
-    return state;
+    static ProcessState<ScreenWindowState> state;
+    return state.Get();
 }
 
 ScreenWindowHooks& TheScreenWindowHooks()
 {
-    static ScreenWindowHooks hooks;
-    return hooks;
-}
-
-void ScreenWindowsReset()
-{
-    ViewsReset();
-    WindowTableClear();
-    ScreenTableClear();
-    TheScreenWindows() = {};
-    TheScreenWindowHooks() = {};
+    static ProcessState<ScreenWindowHooks> hooks;
+    return hooks.Get();
 }
 
 void ScreenCreate(const WindowSlot& slot, const NewDocument& document)

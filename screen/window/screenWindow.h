@@ -24,9 +24,6 @@ struct ScreenWindowState {
 };
 ScreenWindowState& TheScreenWindows();
 
-/// No window, no document, no view, nothing pending, no hooks.
-void ScreenWindowsReset();
-
 /// Number of ticks that a held mouse button delays a resize.
 inline constexpr int kPendingTicks = 24;
 

@@ -254,3 +254,42 @@ void Defined() { }
     EXPECT_EQ(names.Types, std::set<std::string>{ "Point" });
     EXPECT_EQ(names.MembersOf, (std::set<std::string>{ "Point", "Ahead" }));
 }
+
+TEST(SourceText, FindsVariablesThatLast)
+{
+    const std::vector<LastingVariable> found = LastingVariablesOf(R"(namespace tarvik {
+namespace {
+const QString kSection = QStringLiteral("File");
+constexpr std::array kNumbers{ 1, 2 };
+int counter = 0;
+std::vector<int> numbers{ 1 };
+QString folder;
+const char* name = "static int quoted;";
+} // namespace static int comment;
+inline bool linkIsUp = false;
+using Views = std::array<int, 4>;
+struct Point {
+    static int count;
+    static Point Origin();
+    static constexpr int kMost = 3;
+    int x = 0;
+};
+State& TheState()
+{
+    static ProcessState<State> state(Defaults);
+    static const QRegularExpression tag("x");
+    static thread_local std::map<int, std::vector<int>> cache;
+    int local = 0;
+    return state.Get();
+}
+}
+)");
+    std::vector<std::string> names;
+    for (const LastingVariable& variable : found)
+        names.push_back(variable.Name + ":" + std::to_string(variable.Line));
+    EXPECT_EQ(names,
+        (std::vector<std::string>{
+            "counter:5", "numbers:6", "folder:7", "name:8", "linkIsUp:10", "count:13", "state:20", "cache:22" }));
+    EXPECT_EQ(found[6].Type, "static ProcessState<State> ");
+    EXPECT_EQ(found[6].Function, "TheState");
+}

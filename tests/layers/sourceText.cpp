@@ -2,6 +2,7 @@
 
 #include <cctype>
 #include <regex>
+#include <sstream>
 
 namespace {
 
@@ -41,7 +42,7 @@ private:
 
     bool IsDigitSeparator() const
     {
-        return at_ > 0 && std::isalnum(static_cast<unsigned char>(text_[at_ - 1])) != 0;
+        return at_ > 0 && std::isxdigit(static_cast<unsigned char>(text_[at_ - 1])) != 0;
     }
 
     void BlankUntil(size_t end)
@@ -170,6 +171,28 @@ size_t ParametersAt(const std::string& statement)
     return std::string::npos;
 }
 
+bool IsConstant(const std::string& declaration)
+{
+    static const std::regex constant(R"(\bconstexpr\b|^\s*(static\s+|inline\s+)*const\b[^*]*$|\*\s*const\s*$)");
+    return std::regex_search(declaration, constant);
+}
+
+/// Statements that only look like the declaration of a variable.
+bool IsDeclaration(const std::string& type)
+{
+    static const std::regex other(
+        R"(^\s*(using|typedef|struct|class|enum|union|namespace|template|friend|return|operator|extern|public)\b)");
+    return !std::regex_search(type, other);
+}
+
+/// "int& Count()" of a line that begins a function; empty for any other.
+std::string FunctionBegunBy(const std::string& line)
+{
+    static const std::regex function(R"(^[A-Za-z][^=;]*?(\w+)\([^;]*$)");
+    std::smatch match;
+    return std::regex_search(line, match, function) ? match[1].str() : std::string();
+}
+
 void TakeFunction(const Statements::Statement& statement, ScopeNames& names)
 {
     const size_t parameters = ParametersAt(statement.Text);
@@ -221,4 +244,25 @@ ScopeNames NamesAtNamespaceScope(const std::string& text)
             names.Types.insert(match[3]);
     }
     return names;
+}
+
+std::vector<LastingVariable> LastingVariablesOf(const std::string& text)
+{
+    static const std::regex ofFunction(R"(^\s+(static\s[^(){}=;]*[\s*&>])([a-z]\w*)\s*[;={(\[])");
+    static const std::regex ofNamespace(R"(^([A-Za-z][^(){}=;]*[\s*&>])([a-z]\w*)\s*[;={\[])");
+    std::istringstream code(CodeOnly(text).Run());
+    std::vector<LastingVariable> variables;
+    std::string function;
+    int number = 0;
+    for (std::string line; std::getline(code, line);) {
+        ++number;
+        if (std::string begun = FunctionBegunBy(line); !begun.empty())
+            function = begun;
+        std::smatch match;
+        const bool isVariable =
+            std::regex_search(line, match, ofFunction) || std::regex_search(line, match, ofNamespace);
+        if (isVariable && IsDeclaration(match[1]) && !IsConstant(match[1]))
+            variables.push_back({ match[1], match[2], function, number });
+    }
+    return variables;
 }

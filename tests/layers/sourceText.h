@@ -22,3 +22,14 @@ struct ScopeNames {
 
 /// Unnamed namespaces are left out: what they hold belongs to no header.
 ScopeNames NamesAtNamespaceScope(const std::string& text);
+
+struct LastingVariable {
+    std::string Type;
+    std::string Name;
+    std::string Function; ///< whose static it is, or which is the last one before it
+    int Line = 0; ///< from 1
+};
+
+/// Variables that outlive every call and can change: statics of functions and classes, and what stands at namespace
+/// scope, without constants.
+std::vector<LastingVariable> LastingVariablesOf(const std::string& text);

@@ -30,12 +30,6 @@ protected:
         TheSeams().StartTimer = [](int, std::function<void()> tick) { QTimer::singleShot(0, qApp, std::move(tick)); };
         fake.OnCall = [this](const QString& call) { calls.append(call.section(u' ', 0, 0) + u'@' + ActiveForm()); };
     }
-    ~BoundLink() override
-    {
-        CommandHooksReset();
-        TheProjectHooks() = {};
-        TheHelpHooks() = {};
-    }
 
     static QString ActiveForm()
     {

@@ -9,20 +9,9 @@ namespace tarvik {
 
 ListStart::ListStart()
 {
-    EditorReset();
     TheListEditors().Set(Editors);
-    FileClassesReset();
     SetEditorType(FileClassMemoryList);
     ReadInstrumentLimits();
-}
-
-ListStart::~ListStart()
-{
-    EditorReset();
-    TheListEditors().Reset();
-    FileClassesReset();
-    Limits() = {};
-    SeamsReset();
 }
 
 void ListStart::AnswerFolder(const QString& folder)

@@ -35,7 +35,6 @@ public:
 class ListStart {
 public:
     ListStart();
-    ~ListStart();
     ListStart(const ListStart&) = delete;
     ListStart& operator=(const ListStart&) = delete;
 

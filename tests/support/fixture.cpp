@@ -1,27 +1,9 @@
 #include "tests/support/fixture.h"
 
-#include "app/about/info.h"
-#include "app/forms/dialog.h"
+#include "app/platform/processState.h"
 #include "app/platform/seams.h"
-#include "app/settings/settings.h"
-#include "app/state/frameHooks.h"
-#include "app/state/progressBar.h"
 #include "app/state/project.h"
 #include "closed/loader.h"
-#include "link/classes/model.h"
-#include "link/connection/connect.h"
-#include "link/control/controlGeneral.h"
-#include "link/documents/file.h"
-#include "link/documents/fileConvert.h"
-#include "link/documents/fileDialogs.h"
-#include "link/documents/fileSave.h"
-#include "link/files/drives.h"
-#include "link/files/fileList.h"
-#include "link/transfer/transfer.h"
-#include "print/printer/printSettings.h"
-#include "screen/document/color.h"
-#include "screen/document/description.h"
-#include "screen/window/screenWindow.h"
 
 #include <QFile>
 
@@ -45,28 +27,6 @@ void Bind(Module module, Api& table, int16_t (*bind)(Api*))
     ModuleMarkBound(module);
 }
 
-/// Every record that outlives a form.
-void ResetModules()
-{
-    InfoReset();
-    ProgressReset();
-    SettingsReset();
-    FileClassesReset();
-    CurrentPcFolder().clear();
-    TransferReset();
-    FileOpenersReset();
-    FileDocumentHooksReset();
-    FileDialogHooksReset();
-    FileConvertReset();
-    ConnectionReset();
-    ControlReset();
-    DrivesReset();
-    ColorReset();
-    DescrReset();
-    ScreenWindowsReset();
-    PrintSettingsReset();
-}
-
 } // namespace
 
 void BindModules()
@@ -79,23 +39,22 @@ void BindModules()
     Bind(Module::Pictures, TvImg(), TvImgBind);
 }
 
-ProgramTest::ProgramTest()
+ProgramTest::StartValues::StartValues()
 {
-    SeamsReset();
-    SetRegion(QLocale(QLocale::English, QLocale::UnitedStates));
-    FrameHooksReset();
-    DialogReset();
-    ProgramReset();
-    ResetModules();
-    TheMessage() = {};
-    BindModules();
-    Program().AppPath = Folder();
+    ResetAllState();
 }
 
-ProgramTest::~ProgramTest()
+ProgramTest::StartValues::~StartValues()
 {
-    DialogReset();
+    ResetAllState();
     ModulesReset();
+}
+
+ProgramTest::ProgramTest()
+{
+    SetRegion(QLocale(QLocale::English, QLocale::UnitedStates));
+    BindModules();
+    Program().AppPath = Folder();
 }
 
 void ProgramTest::SetRegion(const QLocale& region)

@@ -20,7 +20,6 @@ void BindModules();
 class ProgramTest : public testing::Test {
 protected:
     ProgramTest();
-    ~ProgramTest() override;
 
     void TearDown() override;
 
@@ -43,6 +42,12 @@ protected:
     static void Store(const QString& path, const QByteArray& bytes);
 
 private:
+    /// All state is at its start values before anything else of a test is made, and again after all of it has ended.
+    struct StartValues {
+        StartValues();
+        ~StartValues();
+    };
+    StartValues startValues_;
     MessageScript answers_;
     QTemporaryDir folder_;
 };

@@ -19,11 +19,6 @@ protected:
         };
     }
 
-    ~ScreenTest() override
-    {
-        ScreenWindowsReset();
-    }
-
     /// The clock, which goes on by a second each time it is read.
     QDateTime moment_{ QDate(2024, 5, 6), QTime(7, 8, 0) };
 

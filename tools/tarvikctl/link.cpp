@@ -233,7 +233,7 @@ void CtlRunLink(const CtlArguments& arguments, Terminal& terminal)
     Transfer().Progress.SetLabel = [&terminal](const QString& text) { terminal.ShowProgress(text); };
     RunConnected(arguments, identification, terminal);
     terminal.ShowProgress({});
-    TransferReset();
+    Transfer().Progress = {}; // the terminal ends
     ChannelDisconnect();
 }
 

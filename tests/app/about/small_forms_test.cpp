@@ -39,13 +39,6 @@ protected:
         TheFrameHooks().SetStatusText = [this](const QString& text) { status = text; };
     }
 
-    ~About() override
-    {
-        TheHelpHooks() = {};
-        FrameHooksReset();
-        InfoReset();
-    }
-
     QList<int> topics;
     QString status;
 };

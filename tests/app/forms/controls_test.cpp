@@ -111,7 +111,6 @@ TEST_F(FormControls, HintsCanChangeLater)
     SetControlHint(button, 10007);
     PointAt(form, "BtX");
     EXPECT_EQ(status, LngStr(10007));
-    FrameHooksReset();
 }
 
 TEST_F(FormControls, TwipsAre15InAPixelAt96DotsPerInch)

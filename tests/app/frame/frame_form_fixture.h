@@ -42,11 +42,6 @@ protected:
     ~Frame() override
     {
         frame.reset();
-        TheHelpHooks() = {};
-        TheDocumentHooks() = {};
-        TheDropHooks() = {};
-        TheProjectHooks() = {};
-        SettingsReset();
     }
 
     /// Starts the program; the frame has the activation afterwards.

@@ -122,12 +122,6 @@ protected:
         TheMenuTracker() = [this] { return highlighted; };
     }
 
-    ~KeyboardHook() override
-    {
-        TheHelpHooks() = {};
-        TheMenuTracker() = {};
-    }
-
     static bool Press(int key)
     {
         return KeyboardHookKey({ key, false, false });
@@ -242,12 +236,6 @@ protected:
             opened.append(QFileInfo(path).fileName());
             return !path.endsWith("bad.tvm");
         };
-    }
-
-    ~Drop() override
-    {
-        TheDropHooks() = {};
-        TheProjectHooks() = {};
     }
 
     QString File(const QString& name)

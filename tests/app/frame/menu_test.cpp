@@ -274,13 +274,7 @@ TEST_F(MenuUpdate, InputComesFromTheProgram)
 
 namespace {
 
-class Commands : public ProgramTest {
-protected:
-    ~Commands() override
-    {
-        CommandHooksReset();
-    }
-};
+using Commands = ProgramTest;
 
 } // namespace
 

@@ -32,11 +32,6 @@ protected:
         question.HelpNumber = 11600;
     }
 
-    ~PlatformDialogs() override
-    {
-        SeamsReset();
-    }
-
     static QFileDialog& Dialog()
     {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());

@@ -114,12 +114,6 @@ protected:
         TheFramePlacement().NormalRectTwips = [] { return QRectF(15, 30, 9000, 6000); };
     }
 
-    ~Startup() override
-    {
-        TheProjectHooks() = {};
-        TheFramePlacement() = {};
-    }
-
     bool Init()
     {
         return ProjectInit(host);

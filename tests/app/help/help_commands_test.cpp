@@ -19,12 +19,6 @@ protected:
         TheSeams().OpenUrl = [this](const QUrl& url) { return Note(url.toString()); };
     }
 
-    ~HelpCommands() override
-    {
-        TheHelpHooks() = {};
-        SeamsReset();
-    }
-
     bool Note(const QString& what)
     {
         done_.append(what);

@@ -41,12 +41,6 @@ protected:
         BindHelpViewer();
     }
 
-    ~HelpViewerTest() override
-    {
-        CloseHelpViewer();
-        TheHelpHooks() = {};
-    }
-
     template <typename Control>
     static Control& Get(const char* name)
     {

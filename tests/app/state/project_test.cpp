@@ -1,5 +1,6 @@
 #include "app/state/project.h"
 
+#include "app/platform/processState.h"
 #include "tests/support/fixture.h"
 
 namespace tarvik {
@@ -23,7 +24,7 @@ TEST_F(Project, ResetPutsTheStartValuesBack)
     Program().AutoTile = true;
     Program().MainWindowState = WinStateNormal;
     Program().LastFile.Name = "x";
-    ProgramReset();
+    ResetAllState();
     EXPECT_TRUE(Program().Idle);
     EXPECT_FALSE(Program().Started);
     EXPECT_FALSE(Program().AutoTile);

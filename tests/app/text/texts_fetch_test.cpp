@@ -67,7 +67,6 @@ protected:
     {
         OtherTexts().clear();
         OtherAdjustments() = {};
-        TheLangHooks() = {};
     }
 
     void UseOtherLanguage(std::map<int32_t, QByteArray> texts)

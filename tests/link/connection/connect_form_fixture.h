@@ -22,10 +22,6 @@ protected:
             return true;
         };
     }
-    ~ConnectionForms() override
-    {
-        TheHelpHooks() = {};
-    }
 
     void FillAllSlots()
     {

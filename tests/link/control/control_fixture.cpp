@@ -39,12 +39,6 @@ ControlTest::ControlTest()
     }
 }
 
-ControlTest::~ControlTest()
-{
-    TransferReset();
-    CurrentPcFolder().clear();
-}
-
 void ControlTest::Open(int fileClass)
 {
     ModFileInit(fileClass);

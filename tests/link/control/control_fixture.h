@@ -15,7 +15,6 @@ namespace tarvik {
 class ControlTest : public ProgramTest {
 protected:
     ControlTest();
-    ~ControlTest() override;
 
     /// Loads and activates the window for a class, and forgets what was asked until then.
     void Open(int fileClass);

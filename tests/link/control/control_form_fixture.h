@@ -35,7 +35,6 @@ protected:
     {
         if (!form.IsClosed())
             DialogEnd(form, 1);
-        TransferReset();
     }
 
     QString PcFile(const QString& name) const

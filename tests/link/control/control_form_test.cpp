@@ -195,7 +195,6 @@ TEST_F(ControlForm, HelpButtonsShowTopicAndEnterWhatsThis)
     Key(form, "LvPc", Qt::Key_F1);
     EXPECT_EQ(topic, 12471);
     EXPECT_TRUE(entered);
-    TheHelpHooks() = {};
 }
 
 TEST_F(ControlForm, AJobRunsWithTheButtonsOffAndGivesTheFocusBack)
@@ -257,7 +256,6 @@ TEST_F(ControlForm, TheSixCommandsOpenItForTheirClass)
         EXPECT_EQ(title, LngStr(ModCaption(CaptionControlTitle)));
         EXPECT_TRUE(Program().Idle);
     }
-    CommandHooksReset();
 }
 
 } // namespace tarvik

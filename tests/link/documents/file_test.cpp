@@ -76,9 +76,10 @@ TEST_F(FileOpening, FailureOfTheOpenerIsTheResult)
     EXPECT_FALSE(FileOpen("a.csv", true, true));
 }
 
-TEST_F(FileOpening, WithoutAnOpenerNothingOpensAndNothingIsSaid)
+using FileOpeningWithoutOpeners = ProgramTest;
+
+TEST_F(FileOpeningWithoutOpeners, OpensNothingAndSaysNothing)
 {
-    FileOpenersReset();
     for (const char* name : { "a.tvm", "a.png", "a.csv", "a.txt" })
         EXPECT_FALSE(FileOpen(name, true, true));
 }

@@ -31,11 +31,6 @@ TransferTest::TransferTest()
     };
 }
 
-TransferTest::~TransferTest()
-{
-    TransferReset();
-}
-
 FileListRow& TransferTest::AddFile(FileList& list, const QString& name)
 {
     TransferAddRow(list, name, kChannelFile, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));

@@ -12,7 +12,6 @@ namespace tarvik {
 class TransferTest : public ProgramTest {
 protected:
     TransferTest();
-    ~TransferTest() override;
 
     /// Adds a row to a list, selected; what stands on the disk is not touched.
     static FileListRow& AddFile(FileList& list, const QString& name);

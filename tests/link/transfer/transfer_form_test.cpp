@@ -58,11 +58,6 @@ protected:
         }
     }
 
-    ~TransferForm() override
-    {
-        TransferReset();
-    }
-
     int Run(const std::function<void()>& during)
     {
         bool isFirst = true;
@@ -103,8 +98,9 @@ TEST_F(TransferForm, HasItsControls)
 
 TEST_F(TransferForm, OpensWithTheTextsOfItsJob)
 {
+    Transfer().LvPc = nullptr;
+    Transfer().LvInstr = nullptr;
     for (int type = TransferUploadOther; type <= TransferDeleteOnPc; ++type) {
-        Transfer() = {};
         Transfer().TransferType = static_cast<qint16>(type);
         Transfer().TransferCancel = true;
         FmTransfer opened;

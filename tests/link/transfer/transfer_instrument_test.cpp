@@ -39,7 +39,6 @@ protected:
 
     ~TransferToInstrument() override
     {
-        TransferReset();
         ChannelDisconnect();
     }
 

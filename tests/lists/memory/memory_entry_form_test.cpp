@@ -22,10 +22,6 @@ protected:
         MemoryEntry().Frequency = 145500000;
         MemoryEntry().Description = "Tower";
     }
-    ~MemoryEntryForm() override
-    {
-        MemoryEntry() = {};
-    }
     int Run(const std::function<void()>& during)
     {
         return RunForm(form, during);

@@ -15,10 +15,6 @@ protected:
     {
         MemoryEntry() = EmptyMemoryTable().Row(7);
     }
-    ~MemoryEntryRules() override
-    {
-        MemoryEntry() = {};
-    }
 };
 
 class MemoryCells : public ListTest {

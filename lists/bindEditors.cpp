@@ -59,8 +59,7 @@ bool OpenFileInEditor(int fileClass, const QString& path)
 
 void BindListEditors()
 {
-    static EditorForms forms;
-    TheListEditors().Set(forms);
+    TheListEditors().Implement<EditorForms>();
     TheCommandHooks()[Command::Editor3] = [] { OpenEditor(FileClassMemoryList); };
     TheFileOpeners().OpenEditor = OpenFileInEditor;
     TheFileOpeners().OpenListFile = [](const QString& path, bool show) {

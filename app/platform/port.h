@@ -25,6 +25,15 @@ public:
         current_ = &implementation;
     }
 
+    /// Sets the one instance of a class that holds no data of its own.
+    template <typename Stateless>
+    void Implement()
+    {
+        static_assert(sizeof(Stateless) == sizeof(void*), "an implementation with data has an owner, which sets it");
+        static Stateless implementation;
+        Set(implementation);
+    }
+
     /// The absent implementation answers again.
     void Reset() final
     {

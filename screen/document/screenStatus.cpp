@@ -1,10 +1,11 @@
 #include "screen/document/screenStatus.h"
 
-#include "app/platform/processState.h"
 #include "app/text/lang.h"
 #include "app/values/region.h"
 #include "screen/document/color.h"
 #include "screen/document/description.h"
+
+#include <QScopedValueRollback>
 
 namespace tarvik {
 
@@ -12,27 +13,21 @@ namespace {
 
 constexpr int kTextStatusHead = 14501;
 
-bool& Filling()
-{
-    static ProcessState<bool> filling;
-    return filling.Get();
-}
-
 } // namespace
 
 void StatusFill(WindowId id)
 {
     ScreenView* view = ViewOf(id);
-    if (Filling() || view == nullptr)
+    bool& isFilling = WindowTable().FillingStatus;
+    if (isFilling || view == nullptr)
         return;
-    Filling() = true;
+    const QScopedValueRollback filling(isFilling, true);
     const ScreenRecord* record = ScreenOf(id);
     const QDateTime date = record == nullptr ? QDateTime() : record->Date;
     view->FillStatus(date.isValid() ? IniDateText(date) : QString(), LngStr(kTextStatusHead),
         date.isValid() ? IniTimeText(date) : QString());
     StatusShow(id);
     view->LayOutDescription(DescrLayout(id, view->ClientSize()));
-    Filling() = false;
 }
 
 void StatusShow(WindowId id)

@@ -59,6 +59,7 @@ struct WindowState {
     std::array<WindowRecord, kWindowSlots + 1> Table; ///< element 0 is not used
     WindowId Active = 0;
     bool NoQuestions = false; ///< questions of closing count as answered No
+    bool FillingStatus = false; ///< the status of a window is being filled
 };
 
 /// `WindowTable` with what goes along with it.

@@ -1,11 +1,12 @@
 #include "screen/window/descriptionEdit.h"
 
 #include "app/message/message.h"
-#include "app/platform/processState.h"
 #include "app/state/project.h"
 #include "screen/document/fit.h"
 #include "screen/document/screenStatus.h"
 #include "screen/window/screenWindow.h"
+
+#include <QScopedValueRollback>
 
 namespace tarvik {
 
@@ -13,20 +14,11 @@ namespace {
 
 constexpr int kTextOutOfRange = 12749;
 
-/// The control's own changes are not the user's.
-bool& Storing()
-{
-    static ProcessState<bool> storing;
-    return storing.Get();
-}
-
 void ShowText(WindowId id)
 {
-    const bool before = Storing();
-    Storing() = true;
+    const QScopedValueRollback storing(TheScreenWindows().StoringDescription, true);
     if (ScreenView* view = ViewOf(id))
         view->SetDescription(WindowAt(id).Description);
-    Storing() = before;
 }
 
 /// The first ten lines of a text as the window shows it.
@@ -87,7 +79,7 @@ void DescrToggle(WindowId id)
 
 void DescrTextChanged(WindowId id, const QString& text)
 {
-    if (Storing() || !WindowInUse(id))
+    if (TheScreenWindows().StoringDescription || !WindowInUse(id))
         return;
     WindowRecord& record = WindowAt(id);
     if (DescrLaidOut(text.left(kDescriptionMostLaidOut), id).LineCount() > kDescriptionLines) {

@@ -20,6 +20,7 @@ struct ScreenWindowState {
     bool ResizePending = false;
     int PendingTicks = 0; ///< that a held mouse button has let go by
     bool ClosingAll = false; ///< the windows that are left are not tiled after each one
+    bool StoringDescription = false; ///< a control takes a description over: its changes are not the user's
     QVector<WindowId> Chosen; ///< by the last selection, in its order
 };
 ScreenWindowState& TheScreenWindows();

@@ -113,6 +113,13 @@ TEST(Port, AnswersAsAbsentUntilItIsSet)
     EXPECT_EQ(&*port, &loud);
 }
 
+TEST(Port, IsImplementedByAClassWithoutData)
+{
+    PortOr<Greeter, NoGreeter> port;
+    port.Implement<LoudGreeter>();
+    EXPECT_EQ(port->Greet(), "HELLO");
+}
+
 TEST(Port, AResetOfAllStateIncludesPorts)
 {
     PortOr<Greeter, NoGreeter> port;

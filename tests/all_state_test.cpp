@@ -1,0 +1,328 @@
+// Every state of the program is back at its start value before each test.
+#include "app/forms/dialog.h"
+#include "app/frame/KeyboardFilter.h"
+#include "app/frame/startup.h"
+#include "app/help/FmHelp.h"
+#include "app/help/help.h"
+#include "app/help/helpFile.h"
+#include "app/message/message.h"
+#include "app/platform/interval.h"
+#include "app/platform/processState.h"
+#include "app/platform/seams.h"
+#include "app/settings/ini.h"
+#include "app/settings/settings.h"
+#include "app/state/dialogStack.h"
+#include "app/state/progressBar.h"
+#include "app/state/project.h"
+#include "closed/loader.h"
+#include "link/classes/model.h"
+#include "link/connection/connect.h"
+#include "link/documents/fileConvert.h"
+#include "link/files/fileList.h"
+#include "link/transfer/transferState.h"
+#include "lists/editor/editorGeneral.h"
+#include "lists/memory/memoryEntry.h"
+#include "lists/values/limits.h"
+#include "print/printer/printSettings.h"
+#include "screen/document/description.h"
+#include "screen/document/screenTable.h"
+#include "screen/document/view.h"
+#include "screen/window/screenWindow.h"
+#include "tests/layers/sourceText.h"
+#include "tests/support/fakeDialog.h"
+#include "tests/support/fixture.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QKeyEvent>
+#include <QTemporaryDir>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tarvik {
+
+namespace {
+
+/// How a test changes a state, and how it sees that the state has its start value.
+struct StateCase {
+    const char* Function; ///< that returns the state
+    void (*Change)();
+    bool (*IsAtStart)();
+};
+
+/// Outlives the state that a case changes.
+QString TemporaryFile(const QString& name)
+{
+    static const QTemporaryDir folder;
+    return folder.filePath(name);
+}
+
+void PressArrow()
+{
+    KeyboardFilter filter;
+    filter.Install();
+    QObject target;
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QCoreApplication::sendEvent(&target, &press);
+    filter.Remove();
+}
+
+/// Its timer never ends.
+void BeginWait()
+{
+    TheSeams().StartTimer = [](int, const std::function<void()>&) {};
+    TheSeams().PumpUntil = [](const std::function<bool()>&) {};
+    IntervalWait(1);
+}
+
+bool WaitStartsItsTimer()
+{
+    bool started = false;
+    TheSeams().StartTimer = [&started](int, const std::function<void()>& tick) {
+        started = true;
+        tick();
+    };
+    TheSeams().PumpUntil = [](const std::function<bool()>&) {};
+    IntervalWait(1);
+    return started;
+}
+
+bool groupIsRead = false;
+
+void SetGroup()
+{
+    SettingsSetGroups({ { [](const QString&) { groupIsRead = true; }, [](const QString&) {} } });
+}
+
+bool HasNoGroup()
+{
+    groupIsRead = false;
+    IniRead();
+    return !groupIsRead;
+}
+
+void BeginIniSession()
+{
+    static std::unique_ptr<IniSession> session;
+    session = std::make_unique<IniSession>(TemporaryFile("a.ini"));
+}
+
+bool SettingIsWrittenAtOnce()
+{
+    IniWriteString(TemporaryFile("a.ini"), "Section", "Key", "x");
+    return QFile::remove(TemporaryFile("a.ini"));
+}
+
+bool messageIsShown = false;
+
+void SetPresenter()
+{
+    MsgSetPresenter([](MessageRequest&) { messageIsShown = true; });
+}
+
+bool HasNoPresenter()
+{
+    messageIsShown = false;
+    MsgRaw(MsgButtonsOk, "text", 0);
+    return !messageIsShown;
+}
+
+void OpenBook()
+{
+    QFile::copy(HELP_BOOK, TemporaryFile("book.chm"));
+    Program().HelpFilePath = TemporaryFile("book.chm");
+    EXPECT_NE(TheHelpFile(), nullptr);
+    QFile::remove(TemporaryFile("book.chm"));
+}
+
+bool HasNoBook()
+{
+    Program().HelpFilePath = TemporaryFile("book.chm");
+    return TheHelpFile() == nullptr;
+}
+
+void OpenHelpViewer()
+{
+    Program().HelpFilePath = QStringLiteral(HELP_BOOK);
+    BindHelpViewer();
+    HelpCommand(11971);
+}
+
+void PushDialog()
+{
+    static FakeDialog dialog;
+    DialogStackPush(dialog);
+}
+
+bool HasStartSeams()
+{
+    return TheSeams().SaveFile({}).isEmpty();
+}
+
+const std::vector<StateCase>& Cases()
+{
+    static const std::vector<StateCase> cases{
+        { "Program", [] { Program().Idle = false; }, [] { return Program().Idle; } },
+        { "TheSeams", [] { TheSeams().SaveFile = [](const SaveFileQuestion&) { return QString("x"); }; },
+            HasStartSeams },
+        { "TimerRuns", BeginWait, WaitStartsItsTimer },
+        { "ArrowHeld", PressArrow, [] { return !KeyboardFilter::ArrowKeyIsHeld(); } },
+        { "Groups", SetGroup, HasNoGroup },
+        { "Session", BeginIniSession, SettingIsWrittenAtOnce },
+        { "Presenter", SetPresenter, HasNoPresenter },
+        { "TheMessage", [] { TheMessage().YesAll = true; }, [] { return !TheMessage().YesAll; } },
+        { "Progress", [] { Progress().Active = true; }, [] { return !Progress().Active; } },
+        { "Stack", PushDialog, [] { return !DialogIsOpen(); } },
+        { "TheCommonDialog", [] { TheCommonDialog().HelpCommand = 1; },
+            [] { return TheCommonDialog().HelpCommand == 0; } },
+        { "TheHelpFile", OpenBook, HasNoBook },
+        { "TheViewer", OpenHelpViewer, [] { return HelpViewer() == nullptr; } },
+        { "FileClasses", [] { ModFileInit(FileClassMemoryList); },
+            [] { return FileClasses().CurrentFileClass == FileClassNone; } },
+        { "CurrentPcFolder", [] { CurrentPcFolder() = QStringLiteral("/a"); },
+            [] { return CurrentPcFolder().isEmpty(); } },
+        { "Connection", [] { Connection().ConnectInProgress = true; }, [] { return !Connection().ConnectInProgress; } },
+        { "Transfer", [] { Transfer().TransferCancel = true; }, [] { return !Transfer().TransferCancel; } },
+        { "FileConvert", [] { FileConvert().Sources.append("a"); }, [] { return FileConvert().Sources.isEmpty(); } },
+        { "WindowTable", [] { WindowAllocate(WindowScreen, SubtypeLive); }, [] { return WindowCount(0) == 0; } },
+        { "TheColorDefaults", [] { TheColorDefaults().Marker = 1; },
+            [] { return TheColorDefaults().Marker == 0xFFFFFF; } },
+        { "ScreenTable", [] { ScreenTable()[1].Master = QImage(1, 1, QImage::Format_RGB32); },
+            [] { return ScreenTable()[1].Master.isNull(); } },
+        { "TheViews", [] { ViewLoad(1); }, [] { return ViewOf(1) == nullptr; } },
+        { "TheDescriptionDefaults", [] { TheDescriptionDefaults().ViewDescr = 1; },
+            [] { return TheDescriptionDefaults().ViewDescr == 0; } },
+        { "TheScreenWindows", [] { TheScreenWindows().ClosingAll = true; },
+            [] { return !TheScreenWindows().ClosingAll; } },
+        { "Limits", ReadInstrumentLimits, [] { return Limits().FrequencyHz.Max == 0; } },
+        { "Editor", [] { Editor().EditorDirty = true; }, [] { return !Editor().EditorDirty; } },
+        { "MemoryEntry", [] { MemoryEntry().Frequency = 1; }, [] { return MemoryEntry().Frequency == 0; } },
+        { "ThePrintSettings", [] { ThePrintSettings().Border = false; }, [] { return ThePrintSettings().Border; } },
+    };
+    return cases;
+}
+
+class AllState : public testing::TestWithParam<StateCase> {
+protected:
+    AllState()
+    {
+        ResetAllState();
+        BindModules();
+    }
+    ~AllState() override
+    {
+        ResetAllState();
+        ModulesReset();
+    }
+};
+
+std::string NameOf(const testing::TestParamInfo<StateCase>& info)
+{
+    return info.param.Function;
+}
+
+/// Variables that are no state, with the reason.
+const std::map<std::string, const char*>& Exceptions()
+{
+    static const std::map<std::string, const char*> exceptions{
+        { "app/platform/closeSignal.cpp pipe", "the system's signals reach the program through it as long as it runs" },
+        { "app/platform/processState.cpp registry", "the list of all states" },
+        { "app/platform/port.h implementation", "holds no data, as its class is checked to" },
+        { "app/frame/MfMain.cpp current", "set by the frame's construction, cleared by its end" },
+    };
+    return exceptions;
+}
+
+bool IsRegistered(const LastingVariable& variable)
+{
+    return variable.Type.find("ProcessState<") != std::string::npos
+        || variable.Type.find("PortOr<") != std::string::npos;
+}
+
+std::vector<std::filesystem::path> ProductSources()
+{
+    std::vector<std::filesystem::path> sources;
+    const auto add = [&sources](const std::filesystem::path& path) {
+        if (path.extension() == ".cpp" || path.extension() == ".h")
+            sources.push_back(path);
+    };
+    const std::filesystem::path root(STATE_SOURCE_TREE);
+    for (const char* floor : { "app", "link", "screen", "lists", "print" }) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(root / floor))
+            add(entry.path());
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(root))
+        add(entry.path());
+    return sources;
+}
+
+/// By file and name. Reads the tree once.
+std::map<std::string, LastingVariable> ReadLastingVariables()
+{
+    std::map<std::string, LastingVariable> found;
+    for (const std::filesystem::path& source : ProductSources()) {
+        std::ifstream in(source);
+        const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+        for (const LastingVariable& variable : LastingVariablesOf(text))
+            found.emplace(
+                source.lexically_relative(STATE_SOURCE_TREE).generic_string() + ' ' + variable.Name, variable);
+    }
+    return found;
+}
+
+const std::map<std::string, LastingVariable>& LastingVariables()
+{
+    static const std::map<std::string, LastingVariable> found = ReadLastingVariables();
+    return found;
+}
+
+} // namespace
+
+TEST_P(AllState, IsBackAtItsStartValueAfterAReset)
+{
+    const StateCase& state = GetParam();
+    ASSERT_TRUE(state.IsAtStart());
+    state.Change();
+    ASSERT_FALSE(state.IsAtStart());
+    ResetAllState();
+    EXPECT_TRUE(state.IsAtStart());
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, AllState, testing::ValuesIn(Cases()), NameOf);
+
+TEST(StateOfTheSources, RegistersItself)
+{
+    const auto& found = LastingVariables();
+    ASSERT_GT(found.size(), 20U);
+    for (const auto& [place, variable] : found) {
+        EXPECT_TRUE(IsRegistered(variable) || Exceptions().contains(place))
+            << place << " in line " << variable.Line << " is neither a ProcessState or PortOr nor a named exception";
+    }
+    for (const auto& [place, reason] : Exceptions())
+        EXPECT_TRUE(found.contains(place)) << place << " is no longer there";
+}
+
+/// A port has no value of its own; its reset is proved with its class. Structures of hooks are ports in the making.
+TEST(StateOfTheSources, HasACaseEach)
+{
+    std::set<std::string> proved;
+    for (const StateCase& state : Cases())
+        proved.insert(state.Function);
+    for (const auto& [place, variable] : LastingVariables()) {
+        const bool isState = variable.Type.find("ProcessState<") != std::string::npos;
+        const bool isHooks = std::regex_search(variable.Type, std::regex("(Hooks|Openers|DriveSource)>"));
+        if (isState && !isHooks) {
+            EXPECT_TRUE(proved.contains(variable.Function)) << place << ": " << variable.Function << " has no case";
+        }
+    }
+}
+
+} // namespace tarvik

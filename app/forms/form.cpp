@@ -7,6 +7,7 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QTimer>
 #include <QVariant>
@@ -57,9 +58,12 @@ void FormBase::Unload()
 {
     if (!loaded_ || refusing_)
         return;
-    refusing_ = true; // a query that shows a message must not be asked again by what the message lets run
-    const bool closes = QueryUnload();
-    refusing_ = false;
+    bool closes = false;
+    {
+        // A query that shows a message must not be asked again by what the message lets run.
+        const QScopedValueRollback refusing(refusing_, true);
+        closes = QueryUnload();
+    }
     if (closes)
         FinishUnload();
 }
@@ -94,6 +98,18 @@ void FormBase::ShowBusyPointer(bool busy)
         setCursor(Qt::WaitCursor);
     else
         unsetCursor();
+}
+
+BusyPointer::BusyPointer(FormBase& form)
+    : form_(form)
+    , wasBusy_(form.testAttribute(Qt::WA_SetCursor) && form.cursor().shape() == Qt::WaitCursor)
+{
+    form_.ShowBusyPointer(true);
+}
+
+BusyPointer::~BusyPointer()
+{
+    form_.ShowBusyPointer(wasBusy_);
 }
 
 int FormBase::HelpNumber() const

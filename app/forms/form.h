@@ -86,6 +86,19 @@ private:
     bool refusing_ = false;
 };
 
+/// The busy pointer on a form for the guard's lifetime. Guards nest.
+class BusyPointer {
+public:
+    explicit BusyPointer(FormBase& form);
+    ~BusyPointer();
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+private:
+    FormBase& form_;
+    bool wasBusy_;
+};
+
 /// Text, help number and hint of a control. 0 stands for none.
 struct ControlTexts {
     int Text = 0;

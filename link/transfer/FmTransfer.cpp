@@ -112,9 +112,10 @@ void FmTransfer::OnUnload()
 void FmTransfer::OnActivate()
 {
     WaitUntilPainted();
-    ShowBusyPointer(true);
-    TransferRunJob();
-    ShowBusyPointer(false);
+    {
+        const BusyPointer busy(*this);
+        TransferRunJob();
+    }
     jobRuns_ = false;
     Unload();
 }

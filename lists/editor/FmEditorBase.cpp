@@ -219,9 +219,11 @@ bool FmEditorBase::OpenPath(const QString& path)
 {
     QString name;
     QString description;
-    ShowBusyPointer(true);
-    const bool isRead = ReadList(path, name, description);
-    ShowBusyPointer(false);
+    bool isRead = false;
+    {
+        const BusyPointer busy(*this);
+        isRead = ReadList(path, name, description);
+    }
     if (!isRead) {
         ShowEmptyList();
         ShowTitle();
@@ -335,10 +337,12 @@ bool FmEditorBase::Save()
 
 bool FmEditorBase::WriteTo(const QString& folder)
 {
-    ShowBusyPointer(true);
-    const bool isWritten =
-        WriteList(ListFilePath(folder, TbName->text(), CbExt->currentText()), TbName->text(), TbDescr->text());
-    ShowBusyPointer(false);
+    bool isWritten = false;
+    {
+        const BusyPointer busy(*this);
+        isWritten =
+            WriteList(ListFilePath(folder, TbName->text(), CbExt->currentText()), TbName->text(), TbDescr->text());
+    }
     if (!isWritten)
         return false;
     grid_->FillRows(true);

@@ -15,6 +15,7 @@
 #include <QFileInfo>
 
 #include <array>
+#include <utility>
 
 namespace tarvik {
 
@@ -73,19 +74,24 @@ QStringList OpenFilters()
     return filters;
 }
 
-/// Takes the status bar out of use for as long as an editor is open.
+/// Takes the status bar out of use for as long as an editor is open. One editor may open another.
 class StatusBarOff {
 public:
     StatusBarOff()
+        : wasOpen_(std::exchange(Editor().EditorIsOpen, true))
     {
         TheFrameHooks().EnableStatusBar(false);
     }
     ~StatusBarOff()
     {
-        TheFrameHooks().EnableStatusBar(true);
+        Editor().EditorIsOpen = wasOpen_;
+        TheFrameHooks().EnableStatusBar(!wasOpen_);
     }
     StatusBarOff(const StatusBarOff&) = delete;
     StatusBarOff& operator=(const StatusBarOff&) = delete;
+
+private:
+    bool wasOpen_;
 };
 
 } // namespace

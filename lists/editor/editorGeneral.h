@@ -12,6 +12,7 @@ namespace tarvik {
 /// Process-wide state of the editor frame.
 struct EditorState {
     bool EditorDirty = false; ///< unsaved changes in the open editor
+    bool EditorIsOpen = false; ///< set by OpenEditor
     QString EditorOpenFile; ///< file an editor opens while it loads; empty for a new list; cleared when it closes
     int EditorType = 0; ///< file class of the edited list; SetEditorType
     QString ListExtension; ///< lower-cased extension of that class, with its point; SetEditorType

@@ -178,10 +178,8 @@ bool FmEditorMemory::SortMemoryList()
 {
     table_.MemoryListName = ListName();
     table_.MemoryListDescription = ListDescription();
-    ShowBusyPointer(true);
-    const bool isSorted = tarvik::SortMemoryList(table_, CbSort->currentIndex());
-    ShowBusyPointer(false);
-    return isSorted;
+    const BusyPointer busy(*this);
+    return tarvik::SortMemoryList(table_, CbSort->currentIndex());
 }
 
 void FmEditorMemory::ShowEditorDialog()

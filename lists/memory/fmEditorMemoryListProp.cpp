@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 namespace tarvik {
 
@@ -175,8 +176,10 @@ bool fmEditorMemoryListProp::OnLoad()
     accepted_ = false;
     DialogPush(*this, false);
     setWindowTitle(MemoryEntryTitle());
-    ShowFields(FieldsOfMemoryEntry());
-    Editor().EditorDirty = dirtyBefore_; // filling the controls is no change
+    {
+        const QScopedValueRollback dirty(Editor().EditorDirty); // filling the controls is no change
+        ShowFields(FieldsOfMemoryEntry());
+    }
     TbFrequency->setFocus(Qt::TabFocusReason);
     return true;
 }

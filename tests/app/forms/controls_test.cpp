@@ -101,6 +101,22 @@ TEST_F(FormControls, FourAdjustmentsMakeAFormLargerThanItsLayout)
     DialogEnd(same, 0);
 }
 
+TEST_F(FormControls, TheBusyPointerLastsAsLongAsTheOutermostGuard)
+{
+    SizedForm form;
+    const auto isBusy = [&form] { return form.cursor().shape() == Qt::WaitCursor; };
+    {
+        const BusyPointer outer(form);
+        EXPECT_TRUE(isBusy());
+        {
+            const BusyPointer inner(form);
+            EXPECT_TRUE(isBusy());
+        }
+        EXPECT_TRUE(isBusy());
+    }
+    EXPECT_FALSE(isBusy());
+}
+
 TEST_F(FormControls, HintsCanChangeLater)
 {
     QString status;

@@ -56,6 +56,20 @@ TEST_F(EditorGeneral, TheStatusBarIsOutOfUseWhileTheEditorIsOpen)
     EXPECT_EQ(calls, QList<bool>({ false, true }));
 }
 
+TEST_F(EditorGeneral, TheStatusBarStaysOutOfUseWhenAnEditorOpensAnother)
+{
+    bool bar = true;
+    TheFrameHooks().EnableStatusBar = [&bar](bool on) { bar = on; };
+    Editors.WhileShown = [this, &bar] {
+        if (Editors.Shown.size() == 1)
+            OpenEditor(2);
+        EXPECT_FALSE(bar);
+    };
+    OpenEditor(1);
+    EXPECT_TRUE(bar);
+    EXPECT_EQ(Editors.Shown, QList<int>({ 1, 2 }));
+}
+
 TEST_F(EditorGeneral, TheTypeGivesClassAndLowerCasedExtension)
 {
     SetEditorType(1);

@@ -38,7 +38,7 @@ WindowId ActiveWindow()
     return WindowTable().Active;
 }
 
-/// The modules hold it for as long as its document lives; the frame's area may end before.
+/// The modules keep it as long as its document lives; the frame's area may be destroyed earlier.
 ScreenViewOwner LoadView(WindowId id)
 {
     MfMain* frame = MfMain::Current();
@@ -81,7 +81,7 @@ DocumentsState StateOfDocuments()
     return state;
 }
 
-/// Windows that are off don't hear the mouse. They look as before: a command is short, and its end is not waited for.
+/// Disabled windows ignore the mouse. They are not repainted: a command is short.
 void EnableDocuments(bool enabled)
 {
     if (MfMain* frame = MfMain::Current())
@@ -93,7 +93,7 @@ void BindDocuments()
     DocumentHooks& hooks = TheDocumentHooks();
     hooks.State = StateOfDocuments;
     hooks.Enable = EnableDocuments;
-    hooks.Retile = RetileIfWished;
+    hooks.Retile = RetileIfAutoTile;
     hooks.CheckPendingResize = [] { CheckPendingResize(QGuiApplication::mouseButtons().testFlag(Qt::LeftButton)); };
 }
 
@@ -113,7 +113,7 @@ bool SelectWindows(const QVector<WindowId>& offered)
     return !form.Chosen().isEmpty();
 }
 
-/// Who turns it on means to write.
+/// Turning it on starts editing.
 void ToggleDescription()
 {
     const WindowId id = ActiveWindow();
@@ -135,7 +135,7 @@ void BindCommands()
 {
     CommandHooks& commands = TheCommandHooks();
     for (const Command close : { Command::FileClose, Command::WindowClose })
-        commands[close] = [] { std::ignore = CloseWindow(ActiveWindow(), true); }; // who stays is seen
+        commands[close] = [] { std::ignore = CloseWindow(ActiveWindow(), true); }; // prevents auto-close
     commands[Command::WindowCloseAll] = [] { std::ignore = CloseAllWindows(); };
     commands[Command::EditCopyGraph] = [] { CopyGraphics(ActiveWindow()); };
     commands[Command::ViewDescription] = ToggleDescription;

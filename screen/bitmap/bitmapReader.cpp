@@ -12,7 +12,7 @@ namespace {
 constexpr qsizetype kFileHeaderBytes = 14;
 constexpr qsizetype kPixelOffsetAt = 10;
 
-QImage LaidOver(const QImage& picture, const QColor& background)
+QImage BlendedOver(const QImage& picture, const QColor& background)
 {
     QImage under(picture.size(), QImage::Format_RGB32);
     under.fill(background);
@@ -33,7 +33,7 @@ std::optional<QImage> ReadBitmap(const QByteArray& bytes, const QColor& backgrou
         return std::nullopt;
     source.PixelsAt = pixelsAt == 0 ? 0 : pixelsAt - kFileHeaderBytes;
     const std::optional<QImage> picture = ReadDib(source);
-    return picture && picture->hasAlphaChannel() ? LaidOver(*picture, background) : picture;
+    return picture && picture->hasAlphaChannel() ? BlendedOver(*picture, background) : picture;
 }
 
 } // namespace tarvik

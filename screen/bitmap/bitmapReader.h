@@ -1,4 +1,4 @@
-// screen/bitmap/bitmapReader.h: Windows bitmap files, as pictures.
+// screen/bitmap/bitmapReader.h: decodes Windows bitmap files.
 #pragma once
 
 #include <QByteArray>
@@ -9,9 +9,9 @@
 
 namespace tarvik {
 
-/// Decodes a bitmap file of any bit count, with or without run-length coding, masks, and in the header forms from the
-/// first OS/2 to the last Windows. Transparent pixels let `background` through. Format_RGB32. Nothing for a file that
-/// is not whole, contradicts itself, or is larger than closed/tvimg.h allows.
+/// Decodes a bitmap file of any bit count, with or without run-length encoding and masks, in every header version of
+/// OS/2 and Windows. Transparent pixels are blended over `background`. Format_RGB32. Nullopt for a file that is
+/// incomplete, inconsistent, or larger than closed/tvimg.h allows.
 std::optional<QImage> ReadBitmap(const QByteArray& bytes, const QColor& background);
 
 } // namespace tarvik

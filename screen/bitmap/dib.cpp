@@ -10,7 +10,7 @@ namespace tarvik {
 
 namespace {
 
-/// The colours that are there: where the pixels tell their place, a table may be shorter than it says.
+/// Reads as many colours as are there: with an explicit pixel offset, the table may be shorter than its count.
 QVector<QRgb> ReadColours(const DibSource& source, const DibHeader& header)
 {
     if (header.BitCount > 8)

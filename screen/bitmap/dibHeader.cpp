@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr quint32 kCoreHeaderBytes = 12; ///< of the first OS/2: 16-bit sides, colours of three bytes
+constexpr quint32 kCoreHeaderBytes = 12; ///< OS/2 1.x: 16-bit sizes, colours of three bytes
 constexpr quint32 kPlainHeaderBytes = 40;
 constexpr quint32 kHeaderBytesWithMasks = 52;
 constexpr quint32 kHeaderBytesWithAlpha = 56;
@@ -30,7 +30,7 @@ quint16 Word(QByteArrayView bytes, qsizetype at)
     return qFromLittleEndian<quint16>(bytes.data() + at);
 }
 
-/// Sides, direction, planes and bit count.
+/// Width, height, direction, planes and bit count.
 bool ReadShape(QByteArrayView bytes, bool core, DibHeader& header)
 {
     const qint64 width = core ? Word(bytes, 4) : static_cast<qint32>(Long(bytes, 4));
@@ -75,7 +75,7 @@ bool IsOneRun(quint32 mask)
     return ((mask + low) & mask) == 0;
 }
 
-/// Masks that are stored. They follow a plain header and are part of the longer ones.
+/// Reads the stored masks, which follow a plain header and are part of the longer ones.
 bool ReadMasks(QByteArrayView bytes, quint32 headerBytes, bool alphaStored, DibHeader& header)
 {
     constexpr qsizetype kMasksAt = kPlainHeaderBytes;
@@ -91,7 +91,7 @@ bool ReadMasks(QByteArrayView bytes, quint32 headerBytes, bool alphaStored, DibH
         && IsOneRun(masks.Blue) && IsOneRun(masks.Alpha);
 }
 
-void SetUsualMasks(DibHeader& header)
+void SetDefaultMasks(DibHeader& header)
 {
     if (header.BitCount == 16)
         header.Masks = { 0x7C00, 0x03E0, 0x001F, 0 };
@@ -99,7 +99,8 @@ void SetUsualMasks(DibHeader& header)
         header.Masks = { 0xFF0000, 0x00FF00, 0x0000FF, 0 };
 }
 
-/// How many colours the table has: a count of 0 stands for all that a pixel can name, and none beside true colours.
+/// Reads the size of the colour table: a count of 0 means the maximum for the bit count, and no table for true
+/// colour.
 bool ReadColourCount(quint32 used, DibColours colours, DibHeader& header)
 {
     const quint32 most = header.BitCount <= 8 ? 1U << header.BitCount : 0;
@@ -130,7 +131,7 @@ std::optional<DibHeader> ReadDibHeader(QByteArrayView bytes, DibColours colours)
         && ReadColourCount(core ? 0 : Long(bytes, 32), colours, header);
     if (!sound)
         return std::nullopt;
-    SetUsualMasks(header);
+    SetDefaultMasks(header);
     if (header.Coding == DibCoding::Masks && !ReadMasks(bytes, headerBytes, compression == AlphaBitFields, header))
         return std::nullopt;
     return header;

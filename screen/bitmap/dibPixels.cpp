@@ -12,7 +12,7 @@ namespace {
 
 constexpr QRgb kOpaque = 0xFF000000;
 
-/// A picture that is filled line by line in the order of the file.
+/// A picture that is filled line by line in file order.
 class Lines {
 public:
     Lines(QImage& image, bool topDown)
@@ -41,15 +41,14 @@ qsizetype Stride(const DibHeader& header)
     return (qsizetype{ header.Width } * header.BitCount + 31) / 32 * 4;
 }
 
-/// The filling of the last line may be missing.
+/// The padding of the last line may be missing.
 bool HasAllLines(QByteArrayView bytes, const DibHeader& header)
 {
     const qsizetype last = (qsizetype{ header.Width } * header.BitCount + 7) / 8;
     return bytes.size() >= Stride(header) * (header.Height - 1) + last;
 }
 
-/// All colours that a byte can name; those that the table does not have are
-/// never shown.
+/// The colour of every byte value; values beyond the table are never shown.
 using ColourTable = std::array<QRgb, 256>;
 
 ColourTable TableOf(const QVector<QRgb>& colours)
@@ -59,7 +58,7 @@ ColourTable TableOf(const QVector<QRgb>& colours)
     return table;
 }
 
-/// Returns the highest number of a pixel.
+/// Returns the highest index.
 int DecodeBytes(const uchar* from, int width, const ColourTable& table, QRgb* to)
 {
     uchar highest = 0;
@@ -70,7 +69,7 @@ int DecodeBytes(const uchar* from, int width, const ColourTable& table, QRgb* to
     return highest;
 }
 
-/// The same for 1, 2 and 4 bits, the left pixel in the highest ones.
+/// As above for 1, 2 and 4 bits per pixel, leftmost pixel in the highest bits.
 int DecodeBits(const uchar* from, const DibHeader& header, const ColourTable& table, QRgb* to)
 {
     const int bits = header.BitCount;
@@ -89,7 +88,7 @@ int DecodeBits(const uchar* from, const DibHeader& header, const ColourTable& ta
     return highest;
 }
 
-/// The 8 bits that stand for a value of fewer: its own, repeated downwards.
+/// Expands a value of fewer bits to 8 by repeating its bits.
 uchar Spread(quint32 value, int bits)
 {
     quint32 spread = 0;
@@ -98,7 +97,7 @@ uchar Spread(quint32 value, int bits)
     return static_cast<uchar>(spread & 0xFF);
 }
 
-/// One channel of a pixel, as 8 bits.
+/// Extracts one channel of a pixel, scaled to 8 bits.
 class Channel {
 public:
     explicit Channel(quint32 mask)
@@ -122,7 +121,7 @@ private:
     std::array<uchar, 256> values_{};
 };
 
-/// Pixels of 16 or 32 bits by masks.
+/// Decodes pixels of 16 or 32 bits by masks.
 class MaskDecoder {
 public:
     explicit MaskDecoder(const DibMasks& masks)
@@ -134,7 +133,7 @@ public:
     {
     }
 
-    /// Returns the alpha bits that any pixel has.
+    /// Returns the union of all alpha bits.
     int Decode(const uchar* from, const DibHeader& header, QRgb* to) const
     {
         int anyAlpha = 0;
@@ -162,7 +161,7 @@ void DecodeBgr(const uchar* from, int width, QRgb* to)
         to[x] = kOpaque | QRgb{ from[2] } << 16 | QRgb{ from[1] } << 8 | from[0];
 }
 
-/// The masks of nearly all files with 32 bits.
+/// Fast path for the usual masks of 32-bit files.
 void DecodeBgrx(const uchar* from, int width, QRgb* to)
 {
     for (int x = 0; x < width; ++x)
@@ -175,7 +174,7 @@ bool IsBgrx(const DibHeader& header)
         && header.Masks.Blue == 0x0000FF && header.Masks.Alpha == 0;
 }
 
-/// True if every number has a colour.
+/// True if every index has a colour.
 bool DecodeNumbers(QByteArrayView bytes, const DibHeader& header, const QVector<QRgb>& colours, const Lines& lines)
 {
     const ColourTable table = TableOf(colours);
@@ -189,7 +188,7 @@ bool DecodeNumbers(QByteArrayView bytes, const DibHeader& header, const QVector<
     return true;
 }
 
-/// Returns the alpha bits that any pixel has.
+/// Returns the union of all alpha bits.
 int DecodeColours(QByteArrayView bytes, const DibHeader& header, const Lines& lines)
 {
     const MaskDecoder masks(header.Masks);
@@ -213,12 +212,11 @@ bool DecodeLines(QByteArrayView bytes, const DibHeader& header, const QVector<QR
         return DecodeNumbers(bytes, header, colours, lines);
     const int anyAlpha = DecodeColours(bytes, header, lines);
     if (header.Masks.Alpha != 0 && anyAlpha == 0)
-        image.reinterpretAsFormat(QImage::Format_RGB32); // an alpha channel that was never filled
+        image.reinterpretAsFormat(QImage::Format_RGB32); // the alpha channel was never filled
     return true;
 }
 
-/// Run-length coded numbers of 4 or 8 bits. What the runs leave out shows the
-/// first colour.
+/// Decodes run-length encoded indexes of 4 or 8 bits. Pixels that the runs skip have the first colour.
 class RunLengthDecoder {
 public:
     RunLengthDecoder(QByteArrayView bytes, const DibHeader& header, const QVector<QRgb>& colours, QImage& image)
@@ -229,8 +227,8 @@ public:
     {
     }
 
-    /// True if the codes fill the picture, up to its end or their own end mark,
-    /// and nothing beyond. Some writers code the filling of plain lines too.
+    /// True if the codes fill the picture, up to its end or the end mark, and nothing beyond. Some writers encode the
+    /// padding of uncompressed lines too.
     bool Decode()
     {
         while (!ended_) {
@@ -257,7 +255,7 @@ private:
         return y_ >= header_.Height || (y_ == header_.Height - 1 && x_ >= header_.Width);
     }
 
-    /// Pixels of a line and of the filling that it has where it is not coded.
+    /// Width of a line including the padding that it would have uncompressed.
     [[nodiscard]] int FilledWidth() const
     {
         return static_cast<int>(Stride(header_) * 8 / header_.BitCount);
@@ -280,7 +278,7 @@ private:
         return true;
     }
 
-    /// The number of the pixel `i` in a byte of one or two.
+    /// The index of pixel `i` in a byte of one or two pixels.
     [[nodiscard]] int Index(int byte, int i) const
     {
         if (header_.Coding == DibCoding::Rle8)
@@ -309,10 +307,10 @@ private:
             x_ = 0;
             return ++y_ <= header_.Height;
         }
-        return code == Move ? MoveOn() : Literal(code);
+        return code == Move ? ApplyDelta() : Literal(code);
     }
 
-    bool MoveOn()
+    bool ApplyDelta()
     {
         if (at_ + 2 > bytes_.size())
             return false;
@@ -321,7 +319,7 @@ private:
         return x_ <= FilledWidth() && y_ < header_.Height;
     }
 
-    /// Pixels as they are, filled up to whole words.
+    /// Uncompressed pixels, padded to whole words.
     bool Literal(int count)
     {
         const int used = header_.Coding == DibCoding::Rle8 ? count : (count + 1) / 2;

@@ -1,4 +1,4 @@
-// screen/bitmap/dibPixels.h: the pixels of a device-independent bitmap, plain and run-length coded.
+// screen/bitmap/dibPixels.h: the pixels of a device-independent bitmap, plain and run-length encoded.
 #pragma once
 
 #include "screen/bitmap/dibHeader.h"
@@ -8,7 +8,7 @@
 
 namespace tarvik {
 
-/// Decodes the pixels that start at `bytes`; the result as told at ReadDib.
+/// Decodes the pixels that start at `bytes`; the result is as for ReadDib.
 std::optional<QImage> DecodeDibPixels(QByteArrayView bytes, const DibHeader& header, const QVector<QRgb>& colours);
 
 } // namespace tarvik

@@ -30,7 +30,7 @@ constexpr Products kBlue = ProductsOf(kBlueWeight);
 constexpr Products kGreen = ProductsOf(kGreenWeight);
 constexpr Products kRed = ProductsOf(kRedWeight);
 
-/// Added to a small number, this leaves the nearest whole number, halves to even, in the low bits of the sum.
+/// Adding this rounds a small number to the nearest integer, halves to even, in the low bits of the sum.
 constexpr double kRounder = 6755399441055744.0; // 1.5 * 2^52
 
 uint32_t Grey(uint32_t pixel)
@@ -43,7 +43,7 @@ uint32_t Grey(uint32_t pixel)
 
 constexpr int kLanes = 8;
 
-/// For four pixels: the formula as it stands.
+/// Evaluates the formula itself for four pixels.
 __attribute__((target("avx2"))) inline __m128i GreysOfFour(__m128i blue, __m128i green, __m128i red)
 {
     const __m256d greenPart = _mm256_mul_pd(_mm256_cvtepi32_pd(green), _mm256_set1_pd(kGreenWeight));
@@ -65,13 +65,13 @@ __attribute__((target("avx2"))) inline __m256i GreysByFloats(__m256i pixels)
     return _mm256_set_m128i(second, first);
 }
 
-/// By whole numbers: twice the sum in thousandths, and 1001 for the rounding. The quotient is never near enough to a
-/// whole number for the 32-bit float to be wrong. Where exact arithmetic finds a half the formula's sum can lie on
-/// either side of it, so that the formula itself is asked.
+/// In integer arithmetic: twice the sum in thousandths, plus 1001 for rounding. The quotient is never so close to an
+/// integer that the 32-bit float is wrong. At exact halves the floating-point formula can round either way, so the
+/// formula itself decides.
 __attribute__((target("avx2"))) inline __m256i Greys(__m256i pixels)
 {
     const __m256i blueAndRed = _mm256_and_si256(pixels, _mm256_set1_epi32(0x00FF00FF));
-    const __m256i green = _mm256_srli_epi16(pixels, 8); // beside it the alpha, of weight 0
+    const __m256i green = _mm256_srli_epi16(pixels, 8); // alpha in the upper half has weight 0
     const __m256i sum =
         _mm256_add_epi32(_mm256_add_epi32(_mm256_madd_epi16(blueAndRed, _mm256_set1_epi32(2 * 114 << 16 | 2 * 299)),
                              _mm256_madd_epi16(green, _mm256_set1_epi32(2 * 587))),
@@ -82,7 +82,7 @@ __attribute__((target("avx2"))) inline __m256i Greys(__m256i pixels)
     return _mm256_movemask_epi8(halves) == 0 ? greys : GreysByFloats(pixels);
 }
 
-/// Number of pixels that were converted: all but the last few.
+/// Returns the number of pixels converted: all but the last few.
 __attribute__((target("avx2"))) int ConvertByVectors(uint32_t* pixels, int count)
 {
     const __m256i toAllChannels = _mm256_setr_epi8(
@@ -116,10 +116,10 @@ int ConvertFast(uint32_t*, int)
 void GreyRow(uint32_t* pixels, int count)
 {
     const int done = ConvertFast(pixels, count);
-    GreyRowPlainly(pixels + done, count - done);
+    GreyRowScalar(pixels + done, count - done);
 }
 
-void GreyRowPlainly(uint32_t* pixels, int count)
+void GreyRowScalar(uint32_t* pixels, int count)
 {
     for (int at = 0; at < count; ++at)
         pixels[at] = 0xFF000000U | (0xFF - Grey(pixels[at])) * 0x010101U;

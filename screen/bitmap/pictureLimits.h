@@ -1,4 +1,4 @@
-// screen/bitmap/pictureLimits.h: how large a picture may be. Checked before memory is taken.
+// screen/bitmap/pictureLimits.h: size limits of pictures, checked before memory is allocated.
 #pragma once
 
 #include "closed/tvimg.h"
@@ -7,13 +7,13 @@
 
 namespace tarvik {
 
-inline constexpr int kMostPicturePixels = TVIMG_MAX_PIXELS;
+inline constexpr int kMaxPicturePixels = TVIMG_MAX_PIXELS;
 
-/// True for a size that has pixels and stays within the limits of the image module.
+/// True for a size of at least one pixel within the limits of the image module.
 constexpr bool IsAllowedPicture(qint64 width, qint64 height)
 {
     return width >= 1 && height >= 1 && width <= TVIMG_MAX_SIDE && height <= TVIMG_MAX_SIDE
-        && width * height <= kMostPicturePixels;
+        && width * height <= kMaxPicturePixels;
 }
 
 } // namespace tarvik

@@ -1,14 +1,14 @@
-// screen/bitmap/stretch.h: what is done to the pixels of a picture on its way to the window.
+// screen/bitmap/stretch.h: scales and converts a picture for display.
 #pragma once
 
 #include <QImage>
 
 namespace tarvik {
 
-/// A picture stretched to a size, in pixels; of the same size it is the picture itself. Null when there is no memory.
+/// The picture scaled to a size in pixels; shares the pixels if the size is the same. Null if memory runs out.
 QImage Stretch(const QImage& picture, QSize size);
 
-/// The inverted grey picture for output in black and white, in place: see grey.h. Format_RGB32.
+/// Converts a picture in place to inverted grey for output in black and white: see grey.h. Format_RGB32.
 void ConvertToBlackAndWhite(QImage& picture);
 
 } // namespace tarvik

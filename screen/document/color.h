@@ -1,5 +1,5 @@
-// screen/document/color.h: the colours around the picture of a document, its palette, and what of them outlives the
-// program. Setting with a redraw stands in palette.h.
+// screen/document/color.h: the colours around the picture of a document, its palette, and the defaults kept in the
+// settings. The setters with redraw are in palette.h.
 #pragma once
 
 #include "screen/document/screenTable.h"
@@ -12,27 +12,27 @@ namespace tarvik {
 void ColorLoadSettings(const QString& iniFile);
 void ColorSaveSettings(const QString& iniFile);
 
-/// Colour `index` of a document, 0x00BBGGRR; 0 for a window that is no screen and for an index that there is not.
+/// Colour `index` of a document, 0x00BBGGRR; 0 if the window is not a screen or the index is invalid.
 quint32 ColorGet(WindowId id, int index);
 
-/// Stores a colour into the document, if the window is a screen, and as what new documents start with. The foreground
-/// sets the text as well.
+/// Stores a colour in the document, if the window is a screen, and as default of new documents. The foreground sets
+/// the text colour as well.
 void ColorStore(quint32 colour, WindowId id, int index);
 
-/// The same for the palette number.
+/// As above for the palette number.
 void PaletteStore(qint16 number, WindowId id);
 
-/// PaletteColour for a window that is no screen.
+/// PaletteColour if the window is not a screen.
 qint16 PaletteOf(WindowId id);
 
-/// What surrounds the picture, and what stands on it. 0x00BBGGRR.
+/// Background and text colour around the picture. 0x00BBGGRR.
 quint32 PaperColor(WindowId id);
 quint32 TextColor(WindowId id);
 
-/// The paper of a document that does not exist yet: its background shows where a picture is transparent.
+/// Background colour of a document that is still to be created, visible through transparent pixels.
 quint32 PaperOfNewDocument();
 
-/// A 0x00BBGGRR number as the window system has it.
+/// Converts 0x00BBGGRR to QColor.
 QColor ColorOf(quint32 colour);
 
 } // namespace tarvik

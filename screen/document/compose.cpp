@@ -12,8 +12,8 @@ namespace tarvik {
 
 namespace {
 
-/// The line that parts it from what is above, then the text, in the same place as in a window of the picture's size; in
-/// a picture that is narrower than the block from the left edge on, as nobody can move it there to read the beginning.
+/// Paints the separator line, then the text, at the same position as in a window of the picture's size. In a picture
+/// narrower than the block the text starts at the left edge, since a picture can't be scrolled.
 void PaintDescription(QPainter& painter, WindowId id, QSize whole)
 {
     const DescriptionLayout place = DescrLayout(id, whole);

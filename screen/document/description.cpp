@@ -90,7 +90,7 @@ int DescrWidth(WindowId id)
 {
     if (!WindowInUse(id))
         return 0;
-    const QFontMetricsF metrics(DescrFont(WindowTypeOf(id))); // a column can be a fraction of a pixel wide
+    const QFontMetricsF metrics(DescrFont(WindowTypeOf(id))); // columns can be fractions of a pixel wide
     return qCeil(metrics.horizontalAdvance(QString(WindowAt(id).DescriptionColumns, u' ')));
 }
 
@@ -151,7 +151,7 @@ QString DescrNormalised(const QString& text)
 QString DescrStored(const QString& text)
 {
     QString held = DescrNormalised(text).left(kDescriptionLength);
-    if (held.endsWith(u'\r') || (!held.isEmpty() && held.back().isHighSurrogate())) // half of what the end has cut
+    if (held.endsWith(u'\r') || (!held.isEmpty() && held.back().isHighSurrogate())) // half of a pair that was cut
         held.chop(1);
     return WithoutBlanksAtEnd(held);
 }

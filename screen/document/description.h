@@ -1,5 +1,5 @@
-// screen/document/description.h: the user's text block under a picture: how it wraps, how high it is, where it stands.
-// Changing it is in descriptionEdit.h.
+// screen/document/description.h: layout of the user's text block under a picture: wrapping, height and position.
+// descriptionEdit.h changes it.
 #pragma once
 
 #include "screen/document/descriptionText.h"
@@ -11,7 +11,8 @@
 
 namespace tarvik {
 
-/// `ViewDescr` of the settings file, 0 for hidden: kept as it was read. A new window always begins with a hidden block.
+/// `ViewDescr` of the settings file, 0 for hidden, is stored but not applied: a new window always starts with a
+/// hidden block.
 struct DescriptionDefaults {
     quint8 ViewDescr = 0;
 };
@@ -22,11 +23,11 @@ void DescrSaveSettings(const QString& iniFile);
 
 inline constexpr int kDescriptionLines = 10;
 
-/// No text of more characters fits into the lines, unless by characters that are not seen, whose tail is lost anyway:
-/// what is beyond need not be looked at.
-inline constexpr int kDescriptionMostLaidOut = 4 * kDescriptionLength;
+/// Limit for laying out a text: no longer text fits into the lines, except with invisible characters, whose tail is
+/// cut anyway.
+inline constexpr int kMaxLaidOutCharacters = 4 * kDescriptionLength;
 
-/// Columns that a description may have, both ends included, and what it has at first. All 0 for a type without one.
+/// Minimum, maximum and initial columns of a description. All 0 for a type without one.
 struct DescriptionColumns {
     int Default = 0;
     int Least = 0;
@@ -34,21 +35,21 @@ struct DescriptionColumns {
 };
 DescriptionColumns DescrColumnsOf(qint16 windowType);
 
-/// Checks what was typed as columns; `value` is set only if it is valid.
+/// Validates a number of columns as typed; `value` is set only if it is valid.
 [[nodiscard]] bool ValidInt(const QString& text, const DescriptionColumns& limits, int& value);
 
-/// True for a window in use that shows its block: a maximised window shows none.
+/// True for a window in use that shows its block; a maximised window shows none.
 bool DescrVisible(WindowId id);
 
-/// Font of the block: 9 points at 96 pixels an inch, so that a text wraps alike on every screen and in a saved picture;
-/// bold on a screen window. Without coloured edges, which are for the screen that they were made for.
+/// Font of the block: 9 points at 96 pixels per inch, so that a text wraps alike on every screen and in a saved
+/// picture; bold in a screen window. Without subpixel antialiasing, which suits one screen only.
 QFont DescrFont(qint16 windowType);
 
-/// Width of the text of a window's columns, and height of one line, in pixels.
+/// Text width of a window's columns, and line height, in pixels.
 int DescrWidth(WindowId id);
 int DescrLineHeight(WindowId id);
 
-/// `text` as the block of a window shows it. Any line ends.
+/// `text` laid out for the block of a window. Accepts any line ends.
 DescriptionText DescrLaidOut(const QString& text, WindowId id);
 
 /// Its lines: see DescriptionText::Lines.
@@ -57,21 +58,21 @@ QStringList DescrLines(const QString& text, WindowId id);
 /// Number of lines of the window's text.
 int DescrLineCount(WindowId id);
 
-/// Height of the block with its line above, in pixels; 0 while it is not visible.
+/// Height of the block and its separator line, in pixels; 0 while it is not visible.
 int DescrHeight(WindowId id);
 
-/// Where the block stands in a window of this client size: in the middle, also where it is wider and sticks out on both
-/// sides. Below the bottom edge while not visible.
+/// Position of the block in a window of this client size: centred, even if it is wider and overlaps on both sides.
+/// Below the bottom edge while not visible.
 DescriptionLayout DescrLayout(WindowId id, QSize client);
 
-/// Cuts a text to ten lines of `columns` characters. A line ends at each "\r\n", and at each position that is the
-/// columns times the number of the line: positions count from the start of the text, over line ends too.
+/// Cuts a text to ten lines of `columns` characters. A line ends at each "\r\n", and at each position that is a
+/// multiple of the columns: positions count from the start of the text, across line ends.
 QString DescrFit(const QString& text, int columns);
 
-/// A text in the form of the record: lines parted by "\r\n", no other control characters, no blanks at the end.
+/// Normalises a text for the record: lines separated by "\r\n", no other control characters, no trailing blanks.
 QString DescrNormalised(const QString& text);
 
-/// The same as the record holds it: what is beyond kDescriptionLength is lost.
+/// As above, cut to kDescriptionLength as in the record.
 QString DescrStored(const QString& text);
 
 } // namespace tarvik

@@ -10,7 +10,7 @@ namespace tarvik {
 
 namespace {
 
-/// The first and the last of the characters by which a text document parts its frames: line ends like any other.
+/// First and last of the characters that delimit frames in a QTextDocument; they count as line ends.
 constexpr char16_t kFrameBegin = 0xFDD0;
 constexpr char16_t kFrameEnd = 0xFDD1;
 
@@ -32,7 +32,7 @@ QChar Plain(QChar character)
     return IsShown(character) ? character : QChar(u' ');
 }
 
-/// A paragraph holds no line end.
+/// `paragraph` has no line end.
 std::unique_ptr<QTextLayout> LayOut(const QString& paragraph, const QFont& font, int width)
 {
     auto layout = std::make_unique<QTextLayout>(paragraph, font);

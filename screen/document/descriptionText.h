@@ -1,5 +1,5 @@
-// screen/document/descriptionText.h: a text broken into the lines of a block. The box in which it is typed, the picture
-// that is saved and all that counts lines go by this, so that they show the same.
+// screen/document/descriptionText.h: breaks a text into the lines of a block. The edit box, saved pictures and line
+// counts all use it, so that they agree.
 #pragma once
 
 #include <QFont>
@@ -16,22 +16,21 @@ class QTextLayout;
 
 namespace tarvik {
 
-/// A text as a block can show it, lines parted by "\n": every kind of line end is one, any other control character is a
-/// blank. Of a text without "\r" each character keeps its position.
+/// The text as a block shows it, lines separated by "\n": every kind of line end counts, other control characters
+/// become blanks. Without "\r" in the text, character positions do not change.
 QString DescriptionPlain(const QString& text);
 
-/// How a paragraph is broken: by word where a line has a place for it, else anywhere. Text of either direction begins
-/// at the left.
+/// Line breaking: at words if possible, else anywhere. Text of either direction is left-aligned.
 QTextOption DescriptionBreaks();
 
-/// Height of a line in pixels.
+/// Line pitch in pixels.
 int DescriptionPitch(const QFont& font);
 
-/// Sets the lines of a laid-out paragraph below each other at the pitch of the font: letters that another font has to
-/// lend do not move them.
+/// Positions the lines of a laid-out paragraph at the line pitch of the font, so that glyphs of fallback fonts do not
+/// shift them.
 void DescriptionPlaceLines(const QTextLayout& paragraph, const QFont& font);
 
-/// A plain text in a font at a width in pixels. An empty text is one line.
+/// A plain text laid out in a font at a width in pixels. An empty text has one line.
 class DescriptionText {
 public:
     DescriptionText(const QString& plain, const QFont& font, int width);
@@ -41,13 +40,13 @@ public:
 
     int LineCount() const;
 
-    /// The lines without their ends. Where a line was broken at blanks, they stand at its end.
+    /// The lines without their ends. Blanks at a line break stay at the end of the line.
     QStringList Lines() const;
 
-    /// What of the text stands in the first lines, `count` at most.
+    /// The part of the text in the first `count` lines.
     QString FirstLines(int count) const;
 
-    /// In the painter's pen, from the top of the first line on.
+    /// Paints with the painter's pen, starting at the top of the first line.
     void Paint(QPainter& painter, QPoint leftTop) const;
 
 private:

@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-/// The two directions of the aspect, with what stands below the picture.
+/// The aspect ratio in both directions, with the height of what is below the picture.
 class Aspect {
 public:
     explicit Aspect(const FitInput& input)
@@ -25,7 +25,7 @@ public:
         return { std::max(width, 1), std::max(qRound(width / ratio_), 1) + below_ };
     }
 
-    /// What stands below the picture is scaled along with it, although it stays as high as it is.
+    /// The block below the picture is scaled along with it, although its height is fixed.
     QSize ByHeight(QSize client) const
     {
         const double needed = client.width() / ratio_ + below_;
@@ -33,7 +33,7 @@ public:
         return { std::max(qRound(width), 1), client.height() };
     }
 
-    /// What a window shows is what it saves, and takes as much memory: it is never larger than a picture may be.
+    /// A window is saved at its size and needs that much memory, so it is never larger than a picture may be.
     QSize WithinLimits(QSize client) const
     {
         const double width = client.width();
@@ -41,7 +41,7 @@ public:
         if (IsAllowedPicture(client.width(), qint64(height)))
             return client;
         const double scale =
-            std::min({ TVIMG_MAX_SIDE / width, TVIMG_MAX_SIDE / height, qSqrt(kMostPicturePixels / (width * height)) });
+            std::min({ TVIMG_MAX_SIDE / width, TVIMG_MAX_SIDE / height, qSqrt(kMaxPicturePixels / (width * height)) });
         return ByWidth(qFloor(width * scale));
     }
 
@@ -50,7 +50,7 @@ private:
     int below_;
 };
 
-/// The user has dragged a border, or the description has another height.
+/// After the user has dragged a border, or the height of the description has changed.
 QSize FitDragged(const FitInput& input, const Aspect& aspect, QSize client)
 {
     const QSize byWidth = aspect.ByWidth(client.width());
@@ -61,7 +61,7 @@ QSize FitDragged(const FitInput& input, const Aspect& aspect, QSize client)
     if (widthChange == 0 && heightChange == 0 && (byWidth == client || byHeight == client))
         return client;
     const QSize fitted = widthChange > heightChange ? byWidth : byHeight;
-    const QSize least = aspect.ByWidth(std::min(kLeastDraggedWidth, input.Master.width()));
+    const QSize least = aspect.ByWidth(std::min(kMinDraggedWidthPx, input.Master.width()));
     return fitted.width() < least.width() || fitted.height() < least.height() ? least : fitted;
 }
 

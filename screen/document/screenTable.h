@@ -1,4 +1,4 @@
-// screen/document/screenTable.h: the screen documents: one picture of a receiver's display each, in memory.
+// screen/document/screenTable.h: the screen documents: pictures of a receiver's display in memory.
 #pragma once
 
 #include "screen/document/window.h"
@@ -17,7 +17,7 @@ inline constexpr int kColours = 4;
 /// Palettes of a document.
 enum PaletteNumber : qint16 { PaletteColour = 0, PaletteBlackAndWhite = 1 };
 
-/// What a new document starts with: the values set last. Colours are 0x00BBGGRR.
+/// Defaults of a new document: the values set last. Colours are 0x00BBGGRR.
 struct ColorDefaults {
     quint32 Background = 0xFFFFFF; ///< `ColBg`
     quint32 Foreground = 0; ///< `ColFg`
@@ -28,27 +28,27 @@ struct ColorDefaults {
 ColorDefaults& TheColorDefaults();
 
 struct ScreenRecord {
-    qint16 SourceTag = 0; ///< the window subtype at creation
+    qint16 SourceTag = 0; ///< the window subtype on creation
     qint16 DocumentIndex = 0;
-    QDateTime Date; ///< of the file, or the moment of opening or capture
+    QDateTime Date; ///< of the file, or the time of opening or capture
     std::array<quint32, kColours> Colours{}; ///< 0x00BBGGRR
     qint16 ZoomState = 0;
     qint16 PalNr = PaletteColour;
-    QImage Master; ///< the picture at its own size: what `PbDefGraph` shows. Format_RGB32
-    QImage Graph; ///< the stretched copy: what `PbGraph` shows. Format_RGB32
+    QImage Master; ///< the picture at its original size, shown by `PbDefGraph`. Format_RGB32
+    QImage Graph; ///< the scaled copy, shown by `PbGraph`. Format_RGB32
 };
 
-/// Documents by index, 1 to kDocumentsOfType; element 0 is not used.
+/// Documents by index, 1 to kDocumentsOfType; element 0 is unused.
 std::array<ScreenRecord, kDocumentsOfType + 1>& ScreenTable();
 void ScreenTableClear();
 
 /// The document of a screen window in use; null for any other id.
 ScreenRecord* ScreenOf(WindowId id);
 
-/// A fresh document for a window: cleared, with the date of now and the colours and palette that were set last.
+/// Resets the document of a window: current date, and the colours and palette set last.
 ScreenRecord& ScreenInitialise(WindowId id);
 
-/// Releases what the document of this window holds.
+/// Frees the pictures of this window's document.
 void ScreenFree(WindowId id);
 
 } // namespace tarvik

@@ -9,7 +9,7 @@ namespace tarvik {
 
 namespace {
 
-/// A window that nobody sees: it is as large as it was told to be.
+/// A window that is never shown and always has the requested size.
 class SizesView final : public ScreenView {
 public:
     int State() const override

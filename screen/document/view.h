@@ -1,5 +1,5 @@
-// screen/document/view.h: the window of a document as the modules see it: the form `MfScreen`, or nothing but its sizes
-// where the program has no windows. Whoever decides sizes, texts and colours is a module; the view applies them.
+// screen/document/view.h: interface of a document's window for the modules: the form `MfScreen`, or a stub that only
+// has sizes where the program has no windows. Modules decide sizes, texts and colours; the view applies them.
 #pragma once
 
 #include "screen/document/window.h"
@@ -13,11 +13,11 @@
 
 namespace tarvik {
 
-/// Where the description stands below the picture. Pixels of the client area.
+/// Position of the description below the picture. Pixels of the client area.
 struct DescriptionLayout {
     bool Visible = false;
-    QRect Text; ///< `TbDescription`: as wide as its columns, which can be more than the window
-    int LineTop = 0; ///< `LnDescr`, over the whole width; the picture ends above it
+    QRect Text; ///< `TbDescription`: as wide as its columns, possibly wider than the window
+    int LineTop = 0; ///< `LnDescr`, over the full width; the picture ends above it
 };
 
 class ScreenView {
@@ -26,37 +26,37 @@ public:
 
     virtual int State() const = 0; ///< WinState of app/state/project.h
     virtual void SetNormal() = 0;
-    virtual void Show() = 0; ///< shows it above the others and gives it the focus
+    virtual void Show() = 0; ///< raises the window and gives it the focus
 
     virtual QSize ClientSize() const = 0;
-    virtual void SetClientSize(QSize size) = 0; ///< left and top stay; nothing while maximised
+    virtual void SetClientSize(QSize size) = 0; ///< keeps the position; ignored while maximised
     virtual void MoveTo(QPoint leftTop) = 0;
 
     virtual QSize GraphSize() const = 0;
     virtual void SetGraphSize(QSize size) = 0; ///< of `PbGraph`, at 0, 0
-    virtual void GraphChanged() = 0; ///< the document's `Graph` is another picture: paint it, show it
+    virtual void GraphChanged() = 0; ///< the document's `Graph` has been replaced: repaint
 
     virtual QString Caption() const = 0;
     virtual void SetCaption(const QString& caption) = 0;
     virtual void SetIcon(bool imageFromFile) = 0;
 
-    /// The text of `TbDescription`, lines parted by "\r\n", without a change event; the caret goes to its end.
+    /// Sets the text of `TbDescription`, lines separated by "\r\n", without a change event; the caret moves to its
+    /// end.
     virtual void SetDescription(const QString& text) = 0;
     virtual void LayOutDescription(const DescriptionLayout& layout) = 0;
     virtual void SetColours(quint32 paper, quint32 text) = 0; ///< 0x00BBGGRR
     virtual void FillStatus(const QString& date, const QString& text, const QString& time) = 0;
     virtual void HideStatus() = 0;
 
-    /// Closes without a question. The window is out of sight when this returns; ViewDrop follows.
+    /// Closes without a question. The window is hidden on return; ViewDrop follows.
     virtual void Unload() = 0;
 };
 
-/// Holds a view while its document lives. It may be let go of in the middle of the view's own closing: what that does
-/// is the maker's business.
+/// Keeps the view alive; may be released from the view's own close event.
 using ScreenViewOwner = std::shared_ptr<ScreenView>;
 
-/// What makes the view of a window when it is created. It is visible from then on, behind the others until Show; its
-/// sizes, its picture and its texts follow. The default is a view of sizes only, always in normal state.
+/// Creates the view of a new window. It is visible at once, behind the others until Show; sizes, picture and texts
+/// follow. The default is a view of sizes only, always in normal state.
 struct ScreenViewHooks {
     std::function<ScreenViewOwner(WindowId)> Load;
     std::function<bool()> MainFrameIsActive = [] { return false; };
@@ -65,13 +65,13 @@ struct ScreenViewHooks {
 };
 ScreenViewHooks& TheScreenViewHooks();
 
-/// The view of a window, null without one.
+/// The view of a window; null if it has none.
 ScreenView* ViewOf(WindowId id);
 
-/// The view of a window, which is made if there is none.
+/// The view of a window, created on demand.
 ScreenView& ViewLoad(WindowId id);
 
-/// Lets go of the view of a window.
+/// Releases the view of a window.
 void ViewDrop(WindowId id);
 
 } // namespace tarvik

@@ -36,7 +36,7 @@ constexpr std::array<TypeRules, 2> kTypeRules{ {
     { WindowScreen, kDocumentsOfType, 70, QSize(642, 442) },
 } };
 
-/// Null for a type without documents.
+/// Null for a type that has no documents.
 const TypeRules* RulesOf(qint16 type)
 {
     const auto* const found = std::find_if(
@@ -44,7 +44,7 @@ const TypeRules* RulesOf(qint16 type)
     return found == kTypeRules.end() ? nullptr : found;
 }
 
-/// Every window in use, by number.
+/// Every window in use, in order of its id.
 QVector<WindowId> WindowsInUse()
 {
     QVector<WindowId> ids;
@@ -53,7 +53,7 @@ QVector<WindowId> WindowsInUse()
     return ids;
 }
 
-/// The first document index that no window of the type uses; 0 without one.
+/// The lowest document index that no window of the type uses; 0 if all are used.
 qint16 FreeDocumentIndex(qint16 type)
 {
     const TypeRules* rules = RulesOf(type);

@@ -76,7 +76,7 @@ WindowId ImgShow(const PictureToShow& picture)
     }
     ScreenCreate(slot, { master, picture.Date, QFileInfo(picture.Path).fileName(), picture.Modified });
     if (!slot.Reused)
-        RetileIfWished();
+        RetileIfAutoTile();
     return slot.Id;
 }
 

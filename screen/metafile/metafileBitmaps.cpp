@@ -9,19 +9,19 @@ namespace {
 
 using tvpicture::MetafileParameters;
 
-/// Words of the parameters before a bitmap.
+/// Parameter words before the bitmap.
 constexpr int kCopiedBitmapAt = 8;
 constexpr int kStretchedBitmapAt = 10;
 
-/// A record that copies within the picture has no bitmap: a word without meaning stands between source and place.
+/// A record that copies within the picture has no bitmap, but an unused word between source and destination.
 bool HasBitmap(const MetafileParameters& p, quint16 function)
 {
     return p.Words() != function >> 8;
 }
 
-RasterOperation OperationOf(const MetafileParameters& p)
+Rop3 OperationOf(const MetafileParameters& p)
 {
-    return static_cast<RasterOperation>(p.Word(1) & 0xFF);
+    return static_cast<Rop3>(p.Word(1) & 0xFF);
 }
 
 /// height, width, y, x
@@ -31,7 +31,7 @@ void SetPlace(MetafileBlit& blit, const MetafileParameters& p, int word)
     blit.Opposite = blit.Corner + QPoint(p.Signed(word + 1), p.Signed(word));
 }
 
-/// What the picture shows at a place in logical units, for a copy within it.
+/// Sets the source to a part of the picture, in logical units, for a copy within it.
 bool SetSourceFromPicture(MetafileContext& context, MetafileBlit& blit, const QRect& from)
 {
     const QPoint corner = from.topLeft();
@@ -59,7 +59,7 @@ std::optional<QImage> BitmapAt(MetafileContext& context, const MetafileParameter
     return picture;
 }
 
-/// Paints with the bitmap that starts at a word, or without one by what the picture shows at `from`.
+/// Paints with the bitmap that starts at a word or, if there is none, with the part of the picture at `from`.
 bool PaintFrom(MetafileContext& context, const MetafileParameters& p, MetafileBlit blit, const QRect& from,
     std::optional<int> bitmapWord, Bitmap kind)
 {
@@ -75,7 +75,7 @@ bool PaintFrom(MetafileContext& context, const MetafileParameters& p, MetafileBl
     return Paint(context, blit);
 }
 
-/// operation, source y and x, then the place
+/// operation, source y and x, then the destination
 template <quint16 Function, Bitmap Kind>
 bool BitBlt(MetafileContext& context, const MetafileParameters& p)
 {
@@ -88,7 +88,7 @@ bool BitBlt(MetafileContext& context, const MetafileParameters& p)
     return PaintFrom(context, p, blit, from, hasBitmap ? std::optional(kCopiedBitmapAt) : std::nullopt, Kind);
 }
 
-/// operation, source height, width, y and x, then the place
+/// operation, source height, width, y and x, then the destination
 template <quint16 Function, Bitmap Kind>
 bool StretchBlt(MetafileContext& context, const MetafileParameters& p)
 {
@@ -106,7 +106,8 @@ bool IsTopDown(const MetafileParameters& p, int word)
     return p.Long(word) >= kPlainHeaderBytes && static_cast<qint32>(p.Long(word + 4)) < 0;
 }
 
-/// operation, colours, source height, width, y and x, place, bitmap. The source's y counts from the line stored first.
+/// operation, colour usage, source height, width, y and x, destination, bitmap. The source's y counts from the bottom
+/// line.
 bool StretchDib(MetafileContext& context, const MetafileParameters& p)
 {
     constexpr int kBitmapAt = 11;
@@ -125,7 +126,8 @@ bool StretchDib(MetafileContext& context, const MetafileParameters& p)
     return Paint(context, blit);
 }
 
-/// colours, number of lines stored, first of them, source y and x, place, bitmap. Lines count from the lower end.
+/// colour usage, number of lines stored, first of them, source y and x, destination, bitmap. Lines count from the
+/// bottom.
 bool SetDibToDevice(MetafileContext& context, const MetafileParameters& p)
 {
     constexpr int kBitmapAt = 9;
@@ -143,7 +145,7 @@ bool SetDibToDevice(MetafileContext& context, const MetafileParameters& p)
     return Paint(context, blit);
 }
 
-/// operation, place
+/// operation, destination
 bool PatBlt(MetafileContext& context, const MetafileParameters& p)
 {
     MetafileBlit blit;

@@ -1,5 +1,4 @@
-// screen/metafile/metafileBitmaps.h: the records of a metafile that paint bitmaps and fill rectangles by raster
-// operations.
+// screen/metafile/metafileBitmaps.h: metafile records that paint bitmaps and fill rectangles by raster operations.
 #pragma once
 
 #include "screen/metafile/metafileContext.h"

@@ -7,35 +7,35 @@ namespace tarvik {
 
 namespace {
 
-/// Lines that an operation on three pictures handles at a time.
+/// Lines per step of an operation on three pictures.
 constexpr int kBand = 64;
 
-/// Touching a pixel by way of three pictures costs as much as this many.
-constexpr int kWorkOfCombining = 8;
+/// Cost of combining a pixel of three pictures, in painted pixels.
+constexpr int kCombiningCost = 8;
 
 constexpr int kStretchPlain = 3;
 
-/// The mix (metafileContext.h) of an operation that does not use the source; bits 5, 4, 1 and 0 tell it.
-int MixOfPattern(RasterOperation operation)
+/// The ROP2 (metafileContext.h) of a ROP3 that does not use the source, from its bits 5, 4, 1 and 0.
+int Rop2OfPattern(Rop3 operation)
 {
     return 1 + ((operation >> 5 & 1) << 3 | (operation >> 4 & 1) << 2 | (operation & 3));
 }
 
-/// The mix of an operation that does not use the pattern.
-int MixOfSource(RasterOperation operation)
+/// The ROP2 of a ROP3 that does not use the pattern.
+int Rop2OfSource(Rop3 operation)
 {
     return 1 + (operation & 0x0F);
 }
 
-/// Where the source goes, and which part of it: mirrored sources have been turned over.
+/// Destination and part of the source; mirrored sources have been flipped.
 struct Placing {
     QRect To;
     QImage Source;
     QRect From;
 };
 
-/// One side of a source from its start over a length that may be negative.
-void Straighten(int& start, int& length, bool& mirrored)
+/// Normalises one dimension of a source, whose length may be negative.
+void NormaliseSide(int& start, int& length, bool& mirrored)
 {
     if (length >= 0)
         return;
@@ -58,8 +58,8 @@ Placing Place(const MetafileContext& context, const MetafileBlit& blit)
     int y = blit.From.y();
     int width = blit.From.width();
     int height = blit.From.height();
-    Straighten(x, width, mirrorX);
-    Straighten(y, height, mirrorY);
+    NormaliseSide(x, width, mirrorX);
+    NormaliseSide(y, height, mirrorY);
     if (mirrorX || mirrorY)
         placing.Source = placing.Source.mirrored(mirrorX, mirrorY);
     placing.From = QRect(mirrorX ? placing.Source.width() - x - width : x,
@@ -74,7 +74,7 @@ bool SpendPlacing(MetafileContext& context, const Placing& placing, int factor)
         factor * qint64{ seen.width() } * seen.height() + qint64{ placing.Source.width() } * placing.Source.height());
 }
 
-/// Shrinking to less than half leaves out pixels unless all of them are averaged first.
+/// Scaling to less than half would skip pixels, so average them first.
 void Shrink(Placing& placing)
 {
     const bool lessThanHalf =
@@ -86,33 +86,33 @@ void Shrink(Placing& placing)
     placing.From = placing.Source.rect();
 }
 
-bool PaintSource(MetafileContext& context, Placing placing, int mix)
+bool PaintSource(MetafileContext& context, Placing placing, int rop2)
 {
     if (!SpendPlacing(context, placing, 1))
         return false;
-    const bool copies = mix == kMixCopy;
+    const bool copies = rop2 == kRop2Copy;
     const bool smooth = copies && context.State.StretchMode != kStretchPlain;
     if (smooth && placing.Source.rect().contains(placing.From))
         Shrink(placing);
     QPainter& painter = context.Painter();
-    painter.setCompositionMode(MetafileContext::ModeOf(mix));
+    painter.setCompositionMode(MetafileContext::ModeOf(rop2));
     painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth && placing.To.size() != placing.From.size());
     painter.drawImage(placing.To, placing.Source, placing.From);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     return true;
 }
 
-bool PaintPattern(MetafileContext& context, const QRect& to, int mix)
+bool PaintPattern(MetafileContext& context, const QRect& to, int rop2)
 {
     if (!context.SpendArea(to))
         return false;
     QPainter& painter = context.Painter();
-    painter.setCompositionMode(MetafileContext::ModeOf(mix));
+    painter.setCompositionMode(MetafileContext::ModeOf(rop2));
     painter.fillRect(to, context.BrushToPaint(*context.State.Brush));
     return true;
 }
 
-QRgb Combine(RasterOperation operation, QRgb pattern, QRgb source, QRgb picture)
+QRgb Combine(Rop3 operation, QRgb pattern, QRgb source, QRgb picture)
 {
     QRgb result = 0;
     for (int term = 0; term < 8; ++term) {
@@ -124,7 +124,7 @@ QRgb Combine(RasterOperation operation, QRgb pattern, QRgb source, QRgb picture)
     return result | 0xFF000000;
 }
 
-void CombineLine(RasterOperation operation, const uchar* pattern, const uchar* source, uchar* picture, int width)
+void CombineLine(Rop3 operation, const uchar* pattern, const uchar* source, uchar* picture, int width)
 {
     const auto* const patterns = reinterpret_cast<const QRgb*>(pattern);
     const auto* const sources = reinterpret_cast<const QRgb*>(source);
@@ -133,10 +133,10 @@ void CombineLine(RasterOperation operation, const uchar* pattern, const uchar* s
         pictures[x] = Combine(operation, patterns[x], sources[x], pictures[x]);
 }
 
-/// Pattern, source and picture of a few lines, combined and put back through the clipping.
+/// Combines pattern, source and picture for a few lines and writes the result through the clipping.
 void PaintBand(MetafileContext& context, const MetafileBlit& blit, const Placing& placing, const QRect& band)
 {
-    QImage pattern = context.Picture().copy(band); // a brush without colour leaves what is there
+    QImage pattern = context.Picture().copy(band); // a null brush keeps the picture
     QImage source = pattern.copy();
     QImage result = pattern.copy();
     QPainter patternPainter(&pattern);
@@ -155,7 +155,7 @@ void PaintBand(MetafileContext& context, const MetafileBlit& blit, const Placing
 
 bool PaintCombined(MetafileContext& context, const MetafileBlit& blit, const Placing& placing)
 {
-    if (!SpendPlacing(context, placing, kWorkOfCombining))
+    if (!SpendPlacing(context, placing, kCombiningCost))
         return false;
     const QRect seen = placing.To & context.Picture().rect();
     for (int top = seen.top(); top <= seen.bottom(); top += kBand) {
@@ -167,12 +167,12 @@ bool PaintCombined(MetafileContext& context, const MetafileBlit& blit, const Pla
 
 } // namespace
 
-bool UsesSource(RasterOperation operation)
+bool UsesSource(Rop3 operation)
 {
     return (operation >> 2 & 0x33) != (operation & 0x33);
 }
 
-bool UsesPattern(RasterOperation operation)
+bool UsesPattern(Rop3 operation)
 {
     return operation >> 4 != (operation & 0x0F);
 }
@@ -181,11 +181,11 @@ bool Paint(MetafileContext& context, const MetafileBlit& blit)
 {
     const Placing placing = Place(context, blit);
     if (!UsesSource(blit.Operation))
-        return PaintPattern(context, placing.To, MixOfPattern(blit.Operation));
+        return PaintPattern(context, placing.To, Rop2OfPattern(blit.Operation));
     if (placing.Source.isNull() || placing.From.isEmpty())
         return true;
     if (!UsesPattern(blit.Operation))
-        return PaintSource(context, placing, MixOfSource(blit.Operation));
+        return PaintSource(context, placing, Rop2OfSource(blit.Operation));
     return PaintCombined(context, blit, placing);
 }
 

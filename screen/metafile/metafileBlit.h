@@ -1,28 +1,28 @@
-// screen/metafile/metafileBlit.h: copies pictures onto the picture of a metafile, combined by any raster operation.
+// screen/metafile/metafileBlit.h: copies pictures to the picture of a metafile with any ternary raster operation.
 #pragma once
 
 #include "screen/metafile/metafileContext.h"
 
 namespace tarvik {
 
-/// The byte that names an operation: for pattern, source and picture, each set or not, one bit of the result. Pattern
-/// counts 4, source 2, picture 1 in the number of the bit.
-using RasterOperation = quint8;
+/// A ROP3 code: one result bit for each combination of pattern, source and picture. The bit number is the sum of
+/// pattern (4), source (2) and picture (1).
+using Rop3 = quint8;
 
-inline constexpr RasterOperation kSourceCopy = 0xCC;
+inline constexpr Rop3 kSourceCopy = 0xCC;
 
-bool UsesSource(RasterOperation operation);
-bool UsesPattern(RasterOperation operation);
+bool UsesSource(Rop3 operation);
+bool UsesPattern(Rop3 operation);
 
 struct MetafileBlit {
-    RasterOperation Operation = kSourceCopy;
-    QPoint Corner; ///< of the place, logical units
+    Rop3 Operation = kSourceCopy;
+    QPoint Corner; ///< of the destination, logical units
     QPoint Opposite;
-    QImage Source; ///< Format_RGB32; null for an operation without source
-    QRect From; ///< in the source; a negative size mirrors
+    QImage Source; ///< Format_RGB32; null if the operation has no source
+    QRect From; ///< in source pixels; a negative size mirrors
 };
 
-/// Paints it; false when the work of the context is used up.
+/// Performs it; false if the work budget of the context is exhausted.
 bool Paint(MetafileContext& context, const MetafileBlit& blit);
 
 } // namespace tarvik

@@ -9,12 +9,12 @@ namespace tarvik {
 namespace {
 
 constexpr size_t kDeepestSave = 1024;
-constexpr size_t kMostObjects = 65536;
-constexpr qint64 kMostWork = qint64{ 1 } << 31;
-constexpr qint64 kMostKeptPixels = qint64{ 1 } << 24;
-constexpr qint64 kWorkOfRecord = 256;
+constexpr size_t kMaxObjects = 65536;
+constexpr qint64 kWorkBudget = qint64{ 1 } << 31;
+constexpr qint64 kMaxKeptPixels = qint64{ 1 } << 24;
+constexpr qint64 kRecordCost = 256;
 
-/// Lines of the six hatches in a square of 8 by 8, the left pixel in the highest bit.
+/// Rows of the six 8 by 8 hatch patterns, left pixel in the highest bit.
 constexpr std::array<std::array<uchar, 8>, 6> kHatches{ {
     { 0x00, 0x00, 0x00, 0xFF, 0x00, 0x00, 0x00, 0x00 },
     { 0x08, 0x08, 0x08, 0x08, 0x08, 0x08, 0x08, 0x08 },
@@ -24,7 +24,7 @@ constexpr std::array<std::array<uchar, 8>, 6> kHatches{ {
     { 0x81, 0x42, 0x24, 0x18, 0x18, 0x24, 0x42, 0x81 },
 } };
 
-/// Lengths of dashes and gaps in pixels, by the style of a pen.
+/// Lengths of dashes and gaps in pixels, by pen style.
 const QVector<qreal>& Dashes(int style)
 {
     static const std::array<QVector<qreal>, 4> kDashes{ QVector<qreal>{ 18, 6 }, { 3, 3 }, { 9, 6, 3, 6 },
@@ -32,8 +32,8 @@ const QVector<qreal>& Dashes(int style)
     return kDashes[static_cast<size_t>(style - MetafilePen::Dash)];
 }
 
-/// The 20 colours that a palette has before one is selected.
-QVector<QRgb> UsualColours()
+/// The 20 colours of the default palette.
+QVector<QRgb> DefaultColours()
 {
     return { 0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080, 0xC0C0C0, 0xC0DCC0, 0xA6CAF0,
         0xFFFBF0, 0xA0A0A4, 0x808080, 0xFF0000, 0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF };
@@ -62,7 +62,7 @@ MetafileState::MetafileState(const tvpicture::MetafileFrame& frame)
     , Font(std::make_shared<MetafileFont>())
     , Palette(std::make_shared<MetafilePalette>())
 {
-    Palette->Colours = UsualColours();
+    Palette->Colours = DefaultColours();
 }
 
 MetafileContext::MetafileContext(const tvpicture::MetafileFrame& frame, QImage& picture)
@@ -115,7 +115,7 @@ bool MetafileContext::Create(MetafileObject object)
         freeNumbers_.pop();
         return true;
     }
-    if (objects_.size() >= kMostObjects)
+    if (objects_.size() >= kMaxObjects)
         return false;
     objects_.push_back(std::move(object));
     return true;
@@ -137,8 +137,8 @@ MetafileObject MetafileContext::Object(int number) const
 
 bool MetafileContext::Spend(qint64 pixels)
 {
-    work_ += pixels + kWorkOfRecord;
-    return work_ <= kMostWork;
+    work_ += pixels + kRecordCost;
+    return work_ <= kWorkBudget;
 }
 
 bool MetafileContext::SpendArea(const QRect& area)
@@ -150,7 +150,7 @@ bool MetafileContext::SpendArea(const QRect& area)
 bool MetafileContext::KeepPixels(qint64 pixels)
 {
     keptPixels_ += pixels;
-    return keptPixels_ <= kMostKeptPixels && Spend(pixels);
+    return keptPixels_ <= kMaxKeptPixels && Spend(pixels);
 }
 
 QColor MetafileContext::Colour(MetafileColour colour) const
@@ -162,7 +162,7 @@ QColor MetafileContext::Colour(MetafileColour colour) const
         static_cast<int>(colour >> 16 & 0xFF) };
 }
 
-QPainter::CompositionMode MetafileContext::ModeOf(int mix)
+QPainter::CompositionMode MetafileContext::ModeOf(int rop2)
 {
     static constexpr std::array<QPainter::CompositionMode, 16> kModes{
         QPainter::RasterOp_ClearDestination,
@@ -182,7 +182,7 @@ QPainter::CompositionMode MetafileContext::ModeOf(int mix)
         QPainter::RasterOp_SourceOrDestination,
         QPainter::RasterOp_SetDestination,
     };
-    return kModes[static_cast<size_t>(std::clamp(mix, 1, 16) - 1)];
+    return kModes[static_cast<size_t>(std::clamp(rop2, 1, 16) - 1)];
 }
 
 QPen MetafileContext::PenToPaint() const
@@ -192,12 +192,12 @@ QPen MetafileContext::PenToPaint() const
         return Qt::NoPen;
     const auto width = std::max<int>(1, static_cast<int>(std::lround(State.Mapping.Across(pen.Width))));
     QPen paint(Colour(pen.Colour), width);
-    if (width > 1) { // wide lines have no gaps
+    if (width > 1) { // wide lines are solid
         paint.setCapStyle(pen.Cap);
         paint.setJoinStyle(pen.Join);
         return paint;
     }
-    paint.setCapStyle(Qt::FlatCap); // the last point of a thin line stays as it is
+    paint.setCapStyle(Qt::FlatCap); // thin lines exclude the last point
     if (pen.Style >= MetafilePen::Dash && pen.Style <= MetafilePen::DashDotDot)
         paint.setDashPattern(Dashes(pen.Style));
     return paint;

@@ -1,4 +1,4 @@
-// screen/metafile/metafileContext.h: what the records of a metafile paint with, and on.
+// screen/metafile/metafileContext.h: the device context in which the records of a metafile paint.
 #pragma once
 
 #include "screen/metafile/metafileMapping.h"
@@ -19,13 +19,13 @@
 
 namespace tarvik {
 
-/// A colour of a record: 0x00BBGGRR, 0x01 and the number of a palette's colour, or 0x02BBGGRR.
+/// A COLORREF: 0x00BBGGRR, 0x01 with a palette index, or 0x02BBGGRR.
 using MetafileColour = quint32;
 
 struct MetafilePen {
     enum Line { Solid = 0, Dash = 1, Dot = 2, DashDot = 3, DashDotDot = 4, None = 5, InsideFrame = 6 };
     int Style = Solid;
-    int Width = 0; ///< logical units; 0 for one pixel
+    int Width = 0; ///< logical units; 0 means one pixel
     MetafileColour Colour = 0;
     Qt::PenCapStyle Cap = Qt::RoundCap;
     Qt::PenJoinStyle Join = Qt::RoundJoin;
@@ -36,14 +36,14 @@ struct MetafileBrush {
     Kind Style = Solid;
     MetafileColour Colour = 0xFFFFFF;
     int Hatch = 0; ///< 0 to 5: horizontal, vertical, falling, rising, cross, diagonal cross
-    QImage Picture; ///< Format_RGB32 of a pattern; Format_Mono where text and background colour make it
+    QImage Picture; ///< Format_RGB32 for a pattern; Format_Mono if text and background colour apply
 };
 
 struct MetafileFont {
-    int Height = 0; ///< logical units: of a line, or of the letters alone when negative; 0 for the usual size
-    int Width = 0; ///< of an average letter; 0 for that of the font
+    int Height = 0; ///< logical units: line height, or character height if negative; 0 for the default
+    int Width = 0; ///< average character width; 0 for that of the font
     int Escapement = 0; ///< 0.1 degrees, counter-clockwise
-    int Weight = 0; ///< 0 for normal, else 1 to 1000
+    int Weight = 0; ///< 0 for normal, otherwise 1 to 1000
     bool Italic = false;
     bool Underline = false;
     bool StrikeOut = false;
@@ -55,7 +55,7 @@ struct MetafileFont {
 struct MetafileRegion {
     struct Part {
         QPoint Corner;
-        QPoint Opposite; ///< outside
+        QPoint Opposite; ///< exclusive
     };
     QVector<Part> Parts; ///< logical units
 };
@@ -64,17 +64,17 @@ struct MetafilePalette {
     QVector<QRgb> Colours;
 };
 
-/// A selected object lives on when its number is given to another one.
+/// A selected object survives the reuse of its index.
 template <typename Object>
 using MetafileShared = std::shared_ptr<Object>;
 using MetafileObject = std::variant<std::monostate, MetafileShared<MetafilePen>, MetafileShared<MetafileBrush>,
     MetafileShared<MetafileFont>, MetafileShared<MetafileRegion>, MetafileShared<MetafilePalette>>;
 
-/// Ways to combine what is painted with what is there, numbered from 1: the number less 1 tells in four bits the result
-/// for (paint, picture) of 11, 10, 01 and 00.
-enum MetafileMix : int { kMixInvert = 6, kMixNothing = 11, kMixCopy = 13 };
+/// ROP2 codes, numbered from 1: the code less 1 holds in four bits the result for (paint, picture) of 11, 10, 01 and
+/// 00.
+enum MetafileRop2 : int { kRop2Invert = 6, kRop2Nop = 11, kRop2Copy = 13 };
 
-/// What SaveDC keeps.
+/// The state that SaveDC saves.
 struct MetafileState {
     explicit MetafileState(const tvpicture::MetafileFrame& frame);
 
@@ -84,14 +84,14 @@ struct MetafileState {
     MetafileShared<MetafileBrush> Brush;
     MetafileShared<MetafileFont> Font;
     MetafileShared<MetafilePalette> Palette;
-    int Mix = kMixCopy;
+    int Rop2 = kRop2Copy;
     Qt::FillRule FillRule = Qt::OddEvenFill;
-    bool Opaque = true; ///< gaps of lines, hatches and texts show the background colour
+    bool Opaque = true; ///< gaps of lines, hatches and text show the background colour
     MetafileColour BackColour = 0xFFFFFF;
     MetafileColour TextColour = 0;
     int TextAlign = 0;
-    int CharacterExtra = 0; ///< logical units, as the next
-    int BreakExtra = 0; ///< for all blanks of a text together
+    int CharacterExtra = 0; ///< logical units, as is BreakExtra
+    int BreakExtra = 0; ///< for all blanks of a text in total
     int BreakCount = 0;
     int StretchMode = 1;
     std::optional<QRegion> Clip; ///< pixels
@@ -107,38 +107,38 @@ public:
     {
         return picture_;
     }
-    void End(); ///< nothing is painted afterwards
+    void End(); ///< ends painting
 
-    /// The painter, clipped, to copy onto the picture.
+    /// The painter, clipped, for copying to the picture.
     QPainter& Painter();
 
-    [[nodiscard]] bool Save(); ///< false for a depth that no picture needs
-    void Restore(int level); ///< -1 the last one saved, 1 the first one
+    [[nodiscard]] bool Save(); ///< false beyond the supported depth
+    void Restore(int level); ///< -1 is the state saved last, 1 the first
 
-    /// Objects take the lowest number that is free. Numbers without object are ignored.
+    /// Objects get the lowest free index. Unused indexes are ignored.
     [[nodiscard]] bool Create(MetafileObject object);
     void Delete(int number);
     [[nodiscard]] MetafileObject Object(int number) const;
 
-    /// Takes from the work that a picture may cost, so that a small file cannot occupy the program for hours: pixels
-    /// touched, and about as many for each record. False when it is used up.
+    /// Charges the work budget of a picture, so that a small file cannot occupy the program for hours. The unit is
+    /// about one painted pixel; each record costs some too. False once it is exhausted.
     [[nodiscard]] bool Spend(qint64 pixels);
-    [[nodiscard]] bool SpendArea(const QRect& area); ///< as far as it lies within the picture
-    [[nodiscard]] bool KeepPixels(qint64 pixels); ///< of pictures that objects hold
+    [[nodiscard]] bool SpendArea(const QRect& area); ///< the part within the picture
+    [[nodiscard]] bool KeepPixels(qint64 pixels); ///< pixels of pictures held by objects
 
     [[nodiscard]] QColor Colour(MetafileColour colour) const;
 
-    /// How QPainter names a mix.
-    static QPainter::CompositionMode ModeOf(int mix);
+    /// QPainter's composition mode for a ROP2.
+    static QPainter::CompositionMode ModeOf(int rop2);
 
-    /// Both are those of State, in pixels.
+    /// Pen and brush of State, in pixels.
     [[nodiscard]] QPen PenToPaint() const;
     [[nodiscard]] QBrush BrushToPaint(const MetafileBrush& brush) const;
 
 private:
     QImage& picture_;
     std::unique_ptr<QPainter> painter_;
-    std::optional<QRegion> clip_; ///< of the painter
+    std::optional<QRegion> clip_; ///< currently set on the painter
     std::vector<MetafileState> saved_;
     std::vector<MetafileObject> objects_;
     std::priority_queue<int, std::vector<int>, std::greater<>> freeNumbers_;
@@ -146,10 +146,10 @@ private:
     qint64 keptPixels_ = 0;
 };
 
-/// Plays the records of one function. Returns false for a record that contradicts itself.
+/// Plays the records of one function. False for an invalid record.
 struct MetafileHandler {
     quint16 Function = 0;
-    int Words = 0; ///< least number of parameters
+    int Words = 0; ///< minimum number of parameters
     bool (*Play)(MetafileContext&, const tvpicture::MetafileParameters&) = nullptr;
 };
 

@@ -6,17 +6,15 @@ namespace {
 
 using tvpicture::MetafileParameters;
 
-/// What looking at a pixel, and painting a line of some, costs beside the
-/// painting itself.
-constexpr qint64 kWorkOfLook = 4;
-constexpr qint64 kWorkOfLine = 64;
+/// Cost of examining a pixel and of painting a run, besides the painted pixels.
+constexpr qint64 kPixelCheckCost = 4;
+constexpr qint64 kRunCost = 64;
 
-/// Pixels that are filled: all that hang together over their sides with the
-/// first one.
+/// The 4-connected pixels around a seed.
 class Flood {
 public:
-    /// Open are the pixels within a region that have a colour (0xffRRGGBB), or
-    /// that do not.
+    /// Pixels within the region are open if they have the colour (0xffRRGGBB) or, without `ofThisColour`, if they
+    /// have another one.
     Flood(const QImage& picture, const QRegion& within, QRgb colour, bool ofThisColour)
         : open_(picture.size(), QImage::Format_Grayscale8)
     {
@@ -53,7 +51,7 @@ private:
         return open_.valid(x, y) && open_.constScanLine(y)[x] != 0;
     }
 
-    /// The open pixels left and right of one, which are closed now.
+    /// Closes and returns the run of open pixels that contains one.
     QRect Take(QPoint at)
     {
         int left = at.x();
@@ -66,7 +64,7 @@ private:
         return { left, at.y(), right - left + 1, 1 };
     }
 
-    /// One point of each run of open pixels beside a line.
+    /// Adds one point of each run of open pixels adjacent to a line.
     void AddStarts(const QRect& line, int y, QVector<QPoint>& waiting) const
     {
         for (int x = line.left(); x <= line.right(); ++x) {
@@ -82,26 +80,26 @@ bool Fill(MetafileContext& context, QPoint logical, MetafileColour colour, bool 
 {
     const MetafileState& state = context.State;
     const QRect picture = context.Picture().rect();
-    if (!context.Spend(kWorkOfLook * picture.width() * picture.height()))
+    if (!context.Spend(kPixelCheckCost * picture.width() * picture.height()))
         return false;
     const QRegion within = state.Clip.value_or(QRegion(picture));
     Flood flood(context.Picture(), within, context.Colour(colour).rgb(), ofThisColour);
     const QVector<QRect> lines = flood.LinesFrom(state.Mapping.ToDevice(logical));
     QPainter& painter = context.Painter();
-    painter.setCompositionMode(MetafileContext::ModeOf(state.Mix));
+    painter.setCompositionMode(MetafileContext::ModeOf(state.Rop2));
     const QBrush brush = context.BrushToPaint(*state.Brush);
     for (const QRect& line : lines)
         painter.fillRect(line, brush);
-    return context.Spend(kWorkOfLine * lines.size());
+    return context.Spend(kRunCost * lines.size());
 }
 
-/// colour of the border, y, x
+/// border colour, y, x
 bool FloodFill(MetafileContext& context, const MetafileParameters& p)
 {
     return Fill(context, QPoint(p.Signed(3), p.Signed(2)), p.Long(0), false);
 }
 
-/// 1 for the colour of what is filled, 0 for that of its border; colour, y, x
+/// 1 for the fill colour, 0 for the border colour; colour, y, x
 bool ExtFloodFill(MetafileContext& context, const MetafileParameters& p)
 {
     return Fill(context, QPoint(p.Signed(4), p.Signed(3)), p.Long(1), p.Word(0) == 1);

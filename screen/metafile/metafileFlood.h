@@ -1,5 +1,4 @@
-// screen/metafile/metafileFlood.h: the records of a metafile that fill what lies around
-// a point.
+// screen/metafile/metafileFlood.h: metafile records that flood-fill.
 #pragma once
 
 #include "screen/metafile/metafileContext.h"

@@ -12,8 +12,8 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kUsualHeightPx = 16;
-constexpr int kLargestPx = 4096; ///< larger letters show nothing but a part of a stroke
+constexpr int kDefaultHeightPx = 16;
+constexpr int kMaxFontPx = 4096; ///< larger characters show at most part of a stroke
 constexpr int kMeasuredPx = 128;
 
 enum CharacterSet : quint8 {
@@ -54,7 +54,7 @@ const char* CodePageOf(quint8 set)
     }
 }
 
-/// First bytes of characters of two bytes.
+/// True for a lead byte of a double-byte character.
 bool IsLead(uchar byte, quint8 set)
 {
     switch (set) {
@@ -69,7 +69,7 @@ bool IsLead(uchar byte, quint8 set)
     }
 }
 
-/// What the symbol font shows for the bytes from 0x20 and from 0xA0 on: letters of Greek and signs of mathematics.
+/// The symbol font's characters for the bytes from 0x20 and from 0xA0: Greek letters and mathematical signs.
 constexpr std::u16string_view kSymbols = u" !∀#∃%&∋()∗+,−./0123456789:;<=>?"
                                          u"≅ΑΒΧΔΕΦΓΗΙϑΚΛΜΝΟΠΘΡΣΤΥςΩΞΨΖ[∴]⊥_"
                                          u"‾αβχδεφγηιϕκλμνοπθρστυϖωξψζ{|}∼";
@@ -100,8 +100,8 @@ bool IsSymbolFont(const MetafileFont& wanted)
     return wanted.CharacterSet == SetSymbol && wanted.Face.compare(u"Symbol", Qt::CaseInsensitive) == 0;
 }
 
-/// A symbol font has no places for what its signs are known by today, and would leave them blank: an ordinary font
-/// whose letters look alike stands in for it.
+/// A symbol font lacks the Unicode code points of its signs and would show blanks: use an ordinary font of similar
+/// design.
 void SetFamily(QFont& font, const MetafileFont& wanted)
 {
     if (IsSymbolFont(wanted)) {
@@ -119,7 +119,7 @@ void SetFamily(QFont& font, const MetafileFont& wanted)
         font.setFamilies({ wanted.Face });
 }
 
-/// Pixels of the letters' height. That of a line includes the room above them.
+/// Font size in pixels for a character height, or for a line height, which includes leading.
 int PixelSize(QFont font, double height, bool ofLine)
 {
     double pixels = height;
@@ -128,7 +128,7 @@ int PixelSize(QFont font, double height, bool ofLine)
         const QFontMetricsF metrics(font);
         pixels = height * kMeasuredPx / (metrics.ascent() + metrics.descent());
     }
-    return std::clamp(static_cast<int>(std::lround(pixels)), 1, kLargestPx);
+    return std::clamp(static_cast<int>(std::lround(pixels)), 1, kMaxFontPx);
 }
 
 double StretchOf(const QFont& font, double letterWidth)
@@ -151,7 +151,7 @@ MetafileFontFace FaceOf(const MetafileContext& context)
     font.setItalic(wanted.Italic);
     font.setUnderline(wanted.Underline);
     font.setStrikeOut(wanted.StrikeOut);
-    const double height = wanted.Height == 0 ? kUsualHeightPx : mapping.Down(wanted.Height);
+    const double height = wanted.Height == 0 ? kDefaultHeightPx : mapping.Down(wanted.Height);
     font.setPixelSize(PixelSize(font, height, wanted.Height >= 0));
     const double stretch = StretchOf(font, mapping.Across(wanted.Width));
     return { font, QFontMetricsF(font), stretch, wanted.Escapement / 10.0, wanted.CharacterSet, IsSymbolFont(wanted) };

@@ -1,4 +1,4 @@
-// screen/metafile/metafileFont.h: fonts of a metafile and the characters of its texts.
+// screen/metafile/metafileFont.h: fonts of a metafile and decoding of its texts.
 #pragma once
 
 #include "screen/metafile/metafileContext.h"
@@ -8,22 +8,22 @@
 
 namespace tarvik {
 
-/// Pixels that writing a letter costs beside those of its size.
-inline constexpr qint64 kMetafileLetterWork = 256;
+/// Fixed cost of a character in pixels, besides its area.
+inline constexpr qint64 kMetafileCharacterCost = 256;
 
-/// The font of the state, in pixels.
+/// The font of a state, in pixels.
 struct MetafileFontFace {
     QFont Font;
     QFontMetricsF Metrics;
-    double Stretch = 1; ///< factor of all widths
-    double Degrees = 0; ///< of the base line, counter-clockwise
+    double Stretch = 1; ///< factor for all widths
+    double Degrees = 0; ///< direction of the baseline, counter-clockwise
     quint8 CharacterSet = 0;
-    bool Symbols = false; ///< Greek letters and signs in place of the bytes' own
+    bool Symbols = false; ///< decode bytes as Greek letters and signs
 };
 
 MetafileFontFace FaceOf(const MetafileContext& context);
 
-/// The bytes of a text, one character each.
+/// Splits a text into its characters, each of one or two bytes.
 QVector<QByteArray> SplitCharacters(const QByteArray& bytes, quint8 characterSet);
 
 QString DecodeMetafileText(const QByteArray& bytes, const MetafileFontFace& face);

@@ -7,16 +7,16 @@ namespace tarvik {
 
 namespace {
 
-/// Points beyond are far outside of every picture; the distance keeps sums of two within an integer.
-constexpr double kFarthest = 1 << 24;
+/// Coordinates are clamped to this: far outside every picture, and sums of two do not overflow.
+constexpr double kMaxCoordinate = 1 << 24;
 
-/// Products of scaling records stay between these; a factor of 0 is ignored.
-constexpr double kSmallestExtent = 1.0 / 65536;
-constexpr double kLargestExtent = 1 << 24;
+/// Extents after scaling are kept in this range; a factor of 0 is ignored.
+constexpr double kMinExtent = 1.0 / 65536;
+constexpr double kMaxExtent = 1 << 24;
 
-int Near(double position)
+int ClampCoordinate(double position)
 {
-    return static_cast<int>(std::lround(std::clamp(position, -kFarthest, kFarthest)));
+    return static_cast<int>(std::lround(std::clamp(position, -kMaxCoordinate, kMaxCoordinate)));
 }
 
 double Scaled(double extent, int by, int over)
@@ -24,7 +24,7 @@ double Scaled(double extent, int by, int over)
     if (by == 0 || over == 0)
         return extent;
     const double scaled = extent * by / over;
-    return std::copysign(std::clamp(std::abs(scaled), kSmallestExtent, kLargestExtent), scaled);
+    return std::copysign(std::clamp(std::abs(scaled), kMinExtent, kMaxExtent), scaled);
 }
 
 bool IsExtent(QPoint extent)
@@ -63,7 +63,7 @@ void MetafileMapping::SetWindowOrigin(QPoint origin)
 void MetafileMapping::MoveWindowOrigin(QPoint by)
 {
     const QPoint moved = windowOrigin_ + by;
-    windowOrigin_ = QPoint(Near(moved.x()), Near(moved.y()));
+    windowOrigin_ = QPoint(ClampCoordinate(moved.x()), ClampCoordinate(moved.y()));
 }
 
 void MetafileMapping::SetWindowExtent(QPoint extent)
@@ -88,7 +88,7 @@ void MetafileMapping::SetViewportOrigin(QPoint origin)
 void MetafileMapping::MoveViewportOrigin(QPoint by)
 {
     const QPoint moved = viewportOrigin_ + by;
-    viewportOrigin_ = QPoint(Near(moved.x()), Near(moved.y()));
+    viewportOrigin_ = QPoint(ClampCoordinate(moved.x()), ClampCoordinate(moved.y()));
 }
 
 void MetafileMapping::SetViewportExtent(QPoint extent)
@@ -110,7 +110,7 @@ QPoint MetafileMapping::ToDevice(QPoint logical) const
 {
     const double x = double{ scale_.x() } * (logical.x() - windowOrigin_.x()) + viewportOrigin_.x();
     const double y = double{ scale_.y() } * (logical.y() - windowOrigin_.y()) + viewportOrigin_.y();
-    return { Near(x), Near(y) };
+    return { ClampCoordinate(x), ClampCoordinate(y) };
 }
 
 QRect MetafileMapping::ToDevice(QPoint corner, QPoint opposite) const
@@ -123,12 +123,12 @@ QRect MetafileMapping::ToDevice(QPoint corner, QPoint opposite) const
 
 double MetafileMapping::Across(int units) const
 {
-    return std::min(std::abs(units * scale_.x()), kFarthest);
+    return std::min(std::abs(units * scale_.x()), kMaxCoordinate);
 }
 
 double MetafileMapping::Down(int units) const
 {
-    return std::min(std::abs(units * scale_.y()), kFarthest);
+    return std::min(std::abs(units * scale_.y()), kMaxCoordinate);
 }
 
 void MetafileMapping::Update()

@@ -1,4 +1,4 @@
-// screen/metafile/metafileMapping.h: from the logical units of a metafile to the pixels of its picture.
+// screen/metafile/metafileMapping.h: maps the logical units of a metafile to pixels.
 #pragma once
 
 #include "closed/pictures/metafile.h"
@@ -9,18 +9,18 @@
 
 namespace tarvik {
 
-/// A side length is told by two points, so that neighbours meet without gap.
+/// Lengths are differences of mapped points, so that adjacent shapes meet without a gap.
 class MetafileMapping {
 public:
     explicit MetafileMapping(const tvpicture::MetafileFrame& frame);
 
-    /// Modes with units of a fixed size count upwards and ignore the extents; MapText stands for the units of the
-    /// frame, which are pixels in nearly all files.
+    /// Modes with units of a fixed size point upwards and ignore the extents; MapText uses the units of the frame,
+    /// pixels in nearly all files.
     void SetMode(quint16 mode);
 
     void SetWindowOrigin(QPoint origin);
     void MoveWindowOrigin(QPoint by);
-    void SetWindowExtent(QPoint extent); ///< an extent of 0 is ignored, as everywhere here
+    void SetWindowExtent(QPoint extent); ///< an extent of 0 is ignored, as everywhere in this class
     void ScaleWindowExtent(QPoint by, QPoint over);
 
     /// Pixels.
@@ -31,16 +31,16 @@ public:
 
     [[nodiscard]] QPoint ToDevice(QPoint logical) const;
 
-    /// The pixels between two corners; the lower right one lies outside. The sign of a side is lost.
+    /// The pixels between two corners; the bottom right one is exclusive. Normalised.
     [[nodiscard]] QRect ToDevice(QPoint corner, QPoint opposite) const;
 
-    /// Pixels a unit; negative where the axis runs the other way.
+    /// Pixels per unit; negative if the axis is reversed.
     [[nodiscard]] QPointF Scale() const
     {
         return scale_;
     }
 
-    /// Length in pixels along an axis, without sign. At most 16 million, which is far beyond every picture.
+    /// Absolute length in pixels along an axis, at most 16 million.
     [[nodiscard]] double Across(int units) const;
     [[nodiscard]] double Down(int units) const;
 

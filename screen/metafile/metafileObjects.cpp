@@ -59,7 +59,7 @@ bool CreatePatternOf(MetafileContext& context, const std::optional<QImage>& pict
 bool CreateDibPattern(MetafileContext& context, const MetafileParameters& p)
 {
     constexpr int kPatternInTextColours = 3;
-    const bool isPlain = p.Word(0) == kPatternInTextColours; // what its colours are is not told then
+    const bool isPlain = p.Word(0) == kPatternInTextColours; // the meaning of the colour table is then unspecified
     std::optional<QImage> picture = MetafileDib(context, p, 2, isPlain ? quint16{ 0 } : p.Word(1));
     const bool isMono = isPlain && p.Word(2 + 7) == 1;
     if (picture && isMono)
@@ -69,7 +69,7 @@ bool CreateDibPattern(MetafileContext& context, const MetafileParameters& p)
 
 bool CreateDevicePattern(MetafileContext& context, const MetafileParameters& p)
 {
-    constexpr int kPixelsAt = 16; // behind the head, a place for an address, and 18 bytes without meaning
+    constexpr int kPixelsAt = 16; // after the header, a pointer and 18 unused bytes
     return CreatePatternOf(context, MetafileDeviceBitmap(context, p, 0, kPixelsAt));
 }
 
@@ -98,7 +98,7 @@ bool CreateFont(MetafileContext& context, const MetafileParameters& p)
     return CreateOf(context, font);
 }
 
-/// Lines of rectangles: how many numbers, top, bottom, then left and right each, then how many numbers again.
+/// Scan lines of rectangles: count, top, bottom, left and right of each, and the count again.
 bool CreateRegion(MetafileContext& context, const MetafileParameters& p)
 {
     constexpr int kFirstLine = 11;
@@ -119,7 +119,7 @@ bool CreateRegion(MetafileContext& context, const MetafileParameters& p)
     return CreateOf(context, region);
 }
 
-/// Colours of four bytes: red, green, blue, and a hint for devices with few colours.
+/// Colours of four bytes: red, green, blue, and flags for palette devices.
 void ReadColours(const MetafileParameters& p, int word, int count, int start, QVector<QRgb>& colours)
 {
     for (int i = 0; i < count && start + i < colours.size(); ++i) {
@@ -164,7 +164,7 @@ bool ResizePalette(MetafileContext& context, const MetafileParameters& p)
     return true;
 }
 
-/// A region that is selected becomes the clipping.
+/// Selecting a region sets the clipping.
 class Selection {
 public:
     explicit Selection(MetafileContext& context)
@@ -222,7 +222,7 @@ bool DeleteObject(MetafileContext& context, const MetafileParameters& p)
 constexpr MetafileHandler kHandlers[] = {
     { 0x00F7, 2, CreatePalette },
     { 0x0037, 2, SetPaletteEntries },
-    { 0x0436, 2, SetPaletteEntries }, // animated: seen at once on a screen of true colours
+    { 0x0436, 2, SetPaletteEntries }, // AnimatePalette: takes effect at once on a true-colour device
     { 0x0139, 1, ResizePalette },
     { 0x0234, 1, SelectObject },
     { 0x012D, 1, SelectObject },

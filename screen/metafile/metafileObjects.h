@@ -1,5 +1,5 @@
-// screen/metafile/metafileObjects.h: the records of a metafile that make, select and drop pens, brushes, fonts,
-// regions, palettes.
+// screen/metafile/metafileObjects.h: metafile records that create, select and delete pens, brushes, fonts, regions
+// and palettes.
 #pragma once
 
 #include "screen/metafile/metafileContext.h"

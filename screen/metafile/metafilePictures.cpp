@@ -27,7 +27,7 @@ DibColours ColoursOf(quint16 usage)
     }
 }
 
-/// Lines of a device bitmap end on whole words, whatever its head says about their length.
+/// Lines of a device bitmap are padded to whole words, whatever its header says.
 qsizetype DeviceStride(int width, int bitCount)
 {
     return (qsizetype{ width } * bitCount + 15) / 16 * 2;
@@ -43,7 +43,7 @@ QImage DeviceMono(const uchar* pixels, int width, int height)
     return mono;
 }
 
-/// The lines once more, on the boundaries of a device-independent bitmap, where the decoder of those knows them.
+/// Decodes colour lines by copying them to the alignment of a device-independent bitmap.
 std::optional<QImage> DeviceColours(const uchar* pixels, const DibHeader& header, const QVector<QRgb>& palette)
 {
     const qsizetype from = DeviceStride(header.Width, header.BitCount);

@@ -30,8 +30,7 @@ QHash<quint16, MetafileHandler> AllHandlers()
     return handlers;
 }
 
-/// Records of other functions (escapes, layout hints) change nothing that can
-/// be seen.
+/// Unknown functions (escapes, layout hints) have no visible effect.
 bool Play(MetafileContext& context, const MetafileRecord& record)
 {
     static const QHash<quint16, MetafileHandler> handlers = AllHandlers();

@@ -1,4 +1,4 @@
-// screen/metafile/metafileReader.h: Windows metafiles, painted into pictures.
+// screen/metafile/metafileReader.h: renders Windows metafiles.
 #pragma once
 
 #include <QByteArray>
@@ -9,9 +9,9 @@
 
 namespace tarvik {
 
-/// Paints a metafile, placeable or not, on a picture of `background`, in the size that closed/pictures/metafile.h
-/// tells. Format_RGB32. Needs a QGuiApplication for the fonts. Nothing for a file that is not whole, whose records
-/// contradict themselves, that is larger than closed/tvimg.h allows, or whose painting would take beyond all measure.
+/// Renders a metafile, placeable or not, on `background`, in the size given by closed/pictures/metafile.h.
+/// Format_RGB32. Needs a QGuiApplication for the fonts. Nullopt for a file that is incomplete, inconsistent, larger
+/// than closed/tvimg.h allows, or too expensive to paint.
 std::optional<QImage> ReadMetafile(const QByteArray& bytes, const QColor& background);
 
 } // namespace tarvik

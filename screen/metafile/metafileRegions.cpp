@@ -8,11 +8,11 @@ namespace {
 
 using tvpicture::MetafileParameters;
 
-/// About what the sides of a region cost in pixels when it is combined with another one.
-constexpr qint64 kWorkOfPart = 16;
+/// Cost of each rectangle of a region when regions are combined, in pixels.
+constexpr qint64 kRectangleCost = 16;
 
-/// Pixels. A clipping that was moved further away does not come back.
-constexpr int kFarthestClip = 1 << 28;
+/// Pixels. Clipping moved further away is lost.
+constexpr int kMaxClipCoordinate = 1 << 28;
 
 /// bottom, right, top, left
 QRect Corners(const MetafileContext& context, const MetafileParameters& p)
@@ -20,7 +20,7 @@ QRect Corners(const MetafileContext& context, const MetafileParameters& p)
     return context.State.Mapping.ToDevice(QPoint(p.Signed(3), p.Signed(2)), QPoint(p.Signed(1), p.Signed(0)));
 }
 
-/// What is painted now: the clipping, or the whole picture.
+/// The clipping, or the whole picture without one.
 QRegion Clip(MetafileContext& context)
 {
     return context.State.Clip.value_or(QRegion(context.Picture().rect()));
@@ -29,7 +29,7 @@ QRegion Clip(MetafileContext& context)
 bool SetClip(MetafileContext& context, const QRegion& clip)
 {
     context.State.Clip = clip;
-    return context.Spend(kWorkOfPart * clip.rectCount());
+    return context.Spend(kRectangleCost * clip.rectCount());
 }
 
 bool IntersectClip(MetafileContext& context, const MetafileParameters& p)
@@ -49,11 +49,11 @@ bool OffsetClip(MetafileContext& context, const MetafileParameters& p)
     const MetafileMapping& mapping = context.State.Mapping;
     const QPoint by = mapping.ToDevice(QPoint(p.Signed(1), p.Signed(0))) - mapping.ToDevice(QPoint());
     const QPoint corner = context.State.Clip->boundingRect().topLeft() + by;
-    const bool isWithinReach = std::abs(corner.x()) <= kFarthestClip && std::abs(corner.y()) <= kFarthestClip;
+    const bool isWithinReach = std::abs(corner.x()) <= kMaxClipCoordinate && std::abs(corner.y()) <= kMaxClipCoordinate;
     return SetClip(context, isWithinReach ? context.State.Clip->translated(by) : QRegion());
 }
 
-/// Null for a number that stands for no region.
+/// Null for an index that is not a region.
 MetafileShared<MetafileRegion> RegionAt(const MetafileContext& context, int number)
 {
     const MetafileObject object = context.Object(number);
@@ -61,7 +61,7 @@ MetafileShared<MetafileRegion> RegionAt(const MetafileContext& context, int numb
     return region == nullptr ? nullptr : *region;
 }
 
-/// Without a region the clipping ends.
+/// Clears the clipping if there is no region.
 bool SelectClip(MetafileContext& context, const MetafileParameters& p)
 {
     const MetafileShared<MetafileRegion> region = RegionAt(context, p.Word(0));
@@ -73,24 +73,24 @@ bool SelectClip(MetafileContext& context, const MetafileParameters& p)
     return clip && SetClip(context, *clip);
 }
 
-bool Fill(MetafileContext& context, const QRegion& region, const QBrush& brush, int mix)
+bool Fill(MetafileContext& context, const QRegion& region, const QBrush& brush, int rop2)
 {
-    if (!context.SpendArea(region.boundingRect()) || !context.Spend(kWorkOfPart * region.rectCount()))
+    if (!context.SpendArea(region.boundingRect()) || !context.Spend(kRectangleCost * region.rectCount()))
         return false;
     QPainter& painter = context.Painter();
-    painter.setCompositionMode(MetafileContext::ModeOf(mix));
+    painter.setCompositionMode(MetafileContext::ModeOf(rop2));
     for (const QRect& part : region)
         painter.fillRect(part, brush);
     return true;
 }
 
-bool FillWith(MetafileContext& context, int number, const MetafileBrush& brush, int mix)
+bool FillWith(MetafileContext& context, int number, const MetafileBrush& brush, int rop2)
 {
     const MetafileShared<MetafileRegion> region = RegionAt(context, number);
     if (!region)
         return true;
     const std::optional<QRegion> device = MetafileDeviceRegion(context, *region);
-    return device && Fill(context, *device, context.BrushToPaint(brush), mix);
+    return device && Fill(context, *device, context.BrushToPaint(brush), rop2);
 }
 
 MetafileShared<MetafileBrush> BrushAt(const MetafileContext& context, int number)
@@ -103,20 +103,20 @@ MetafileShared<MetafileBrush> BrushAt(const MetafileContext& context, int number
 bool FillRegion(MetafileContext& context, const MetafileParameters& p)
 {
     const MetafileShared<MetafileBrush> brush = BrushAt(context, p.Word(1));
-    return !brush || FillWith(context, p.Word(0), *brush, context.State.Mix);
+    return !brush || FillWith(context, p.Word(0), *brush, context.State.Rop2);
 }
 
 bool PaintRegion(MetafileContext& context, const MetafileParameters& p)
 {
-    return FillWith(context, p.Word(0), *context.State.Brush, context.State.Mix);
+    return FillWith(context, p.Word(0), *context.State.Brush, context.State.Rop2);
 }
 
 bool InvertRegion(MetafileContext& context, const MetafileParameters& p)
 {
-    return FillWith(context, p.Word(0), MetafileBrush(), kMixInvert);
+    return FillWith(context, p.Word(0), MetafileBrush(), kRop2Invert);
 }
 
-/// What a region loses when its edge moves inwards.
+/// What a region loses when its edge is moved inwards.
 QRegion Edge(const QRegion& region, int across, int down)
 {
     const QRegion inner = region & region.translated(across, 0) & region.translated(-across, 0)
@@ -137,7 +137,7 @@ bool FrameRegion(MetafileContext& context, const MetafileParameters& p)
     const MetafileMapping& mapping = context.State.Mapping;
     const auto across = std::max<int>(1, static_cast<int>(std::lround(mapping.Across(p.Signed(3)))));
     const auto down = std::max<int>(1, static_cast<int>(std::lround(mapping.Down(p.Signed(2)))));
-    return Fill(context, Edge(*device, across, down), context.BrushToPaint(*brush), context.State.Mix);
+    return Fill(context, Edge(*device, across, down), context.BrushToPaint(*brush), context.State.Rop2);
 }
 
 constexpr MetafileHandler kHandlers[] = {
@@ -161,11 +161,11 @@ std::span<const MetafileHandler> MetafileRegions()
 std::optional<QRegion> MetafileDeviceRegion(MetafileContext& context, const MetafileRegion& region)
 {
     QRegion device;
-    // A region that touches the picture's edge goes on beyond it, so that its frame does not follow the edge.
+    // Extends regions that touch the picture's edge beyond it, so that their frame does not run along the edge.
     const QRect reach = context.Picture().rect().adjusted(-1024, -1024, 1024, 1024);
     for (const MetafileRegion::Part& part : region.Parts) {
         device += context.State.Mapping.ToDevice(part.Corner, part.Opposite) & reach;
-        if (!context.Spend(kWorkOfPart * device.rectCount()))
+        if (!context.Spend(kRectangleCost * device.rectCount()))
             return std::nullopt;
     }
     return device;

@@ -1,4 +1,4 @@
-// screen/metafile/metafileRegions.h: the records of a metafile that clip, and that paint regions.
+// screen/metafile/metafileRegions.h: metafile records that clip, and that paint regions.
 #pragma once
 
 #include "screen/metafile/metafileContext.h"
@@ -7,7 +7,7 @@ namespace tarvik {
 
 std::span<const MetafileHandler> MetafileRegions();
 
-/// A region in pixels, as far as it lies in the picture; nothing when the work of the context is used up.
+/// The part of a region inside the picture, in pixels; nullopt if the work budget of the context is exhausted.
 std::optional<QRegion> MetafileDeviceRegion(MetafileContext& context, const MetafileRegion& region);
 
 } // namespace tarvik

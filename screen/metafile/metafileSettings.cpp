@@ -6,7 +6,7 @@ namespace {
 
 using tvpicture::MetafileParameters;
 
-/// Records tell y before x.
+/// Records store y before x.
 QPoint Pair(const MetafileParameters& p, int word = 0)
 {
     return { p.Signed(word + 1), p.Signed(word) };
@@ -23,7 +23,7 @@ bool ChangePair(MetafileContext& context, const MetafileParameters& p)
 
 using Scaling = void (MetafileMapping::*)(QPoint, QPoint);
 
-/// Divisor and factor, of y first.
+/// Divisor and factor, y first.
 template <Scaling Change>
 bool ChangeScale(MetafileContext& context, const MetafileParameters& p)
 {
@@ -88,7 +88,7 @@ constexpr MetafileHandler kHandlers[] = {
     { 0x0127, 1, RestoreState },
     { 0x0102, 1, SetBackMode },
     { 0x0103, 1, SetMapMode },
-    { 0x0104, 1, SetNumber<&MetafileState::Mix> },
+    { 0x0104, 1, SetNumber<&MetafileState::Rop2> },
     { 0x0106, 1, SetFillRule },
     { 0x0107, 1, SetNumber<&MetafileState::StretchMode> },
     { 0x0108, 1, SetNumber<&MetafileState::CharacterExtra> },

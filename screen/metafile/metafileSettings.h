@@ -1,4 +1,4 @@
-// screen/metafile/metafileSettings.h: the records of a metafile that set how the following ones paint.
+// screen/metafile/metafileSettings.h: metafile records that set attributes of the device context.
 #pragma once
 
 #include "screen/metafile/metafileContext.h"

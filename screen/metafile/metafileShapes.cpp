@@ -16,12 +16,12 @@ enum class Inside { Filled, Open };
 
 using Drawing = std::function<void(QPainter&)>;
 
-/// Draws with pen, brush and mix of the state. The gaps of a thin line that is not transparent are drawn before it.
+/// Draws with pen, brush and ROP2 of the state. In opaque mode the gaps of a dashed line are drawn first.
 void Draw(MetafileContext& context, Inside inside, const Drawing& drawing)
 {
     const MetafileState& state = context.State;
     QPainter& painter = context.Painter();
-    painter.setCompositionMode(MetafileContext::ModeOf(state.Mix));
+    painter.setCompositionMode(MetafileContext::ModeOf(state.Rop2));
     if (inside == Inside::Filled)
         painter.setBrush(context.BrushToPaint(*state.Brush));
     const QPen pen = context.PenToPaint();
@@ -36,7 +36,7 @@ void Draw(MetafileContext& context, Inside inside, const Drawing& drawing)
     drawing(painter);
 }
 
-/// Pixels between two points, whose second one lies outside, as an outline runs around them.
+/// Pixels covered by an outline between two points, the second exclusive.
 QRect Outline(const QRect& pixels)
 {
     return pixels.adjusted(0, 0, -1, -1);
@@ -49,7 +49,7 @@ QRect Corners(const MetafileContext& context, const MetafileParameters& p, int w
         QPoint(p.Signed(word + 3), p.Signed(word + 2)), QPoint(p.Signed(word + 1), p.Signed(word)));
 }
 
-/// The outline of a closed figure; a pen that stays inside makes it smaller. Nothing where no pixel lies between.
+/// The outline of a closed figure, inset for a PS_INSIDEFRAME pen. Nullopt if it contains no pixel.
 std::optional<QRectF> Figure(MetafileContext& context, const MetafileParameters& p, int word)
 {
     const QRect pixels = Corners(context, p, word);
@@ -66,18 +66,18 @@ std::optional<QRectF> Figure(MetafileContext& context, const MetafileParameters&
     return outline;
 }
 
-/// How far a pen reaches beside its line, at most.
+/// Maximum extent of a pen beyond its line.
 int Margin(const MetafileContext& context)
 {
     return 1 + static_cast<int>(context.State.Mapping.Across(context.State.Pen->Width));
 }
 
-/// What painting costs: the area, and going around the figure, much of which may lie outside the picture.
+/// Charges the area and the outline of a figure, much of which may be outside the picture.
 bool SpendFigure(MetafileContext& context, const QRectF& figure)
 {
-    constexpr double kWorkAround = 8;
-    constexpr double kMostWorkAround = 1 << 20;
-    const double around = std::min(kWorkAround * (figure.width() + figure.height()), kMostWorkAround);
+    constexpr double kOutlineCost = 8;
+    constexpr double kMaxOutlineCost = 1 << 20;
+    const double around = std::min(kOutlineCost * (figure.width() + figure.height()), kMaxOutlineCost);
     const int margin = Margin(context);
     return context.Spend(static_cast<qint64>(around))
         && context.SpendArea(figure.toAlignedRect().adjusted(-margin, -margin, margin, margin));
@@ -108,7 +108,7 @@ bool DrawEllipse(MetafileContext& context, const MetafileParameters& p)
         context, p, 0, Inside::Filled, [](QPainter& painter, const QRectF& r) { painter.drawEllipse(r); });
 }
 
-/// Height and width of the corners' ellipse, then the figure.
+/// Height and width of the corner ellipses, then the figure.
 bool DrawRoundRect(MetafileContext& context, const MetafileParameters& p)
 {
     const double down = context.State.Mapping.Down(p.Signed(0)) / 2;
@@ -117,7 +117,7 @@ bool DrawRoundRect(MetafileContext& context, const MetafileParameters& p)
         [=](QPainter& painter, const QRectF& r) { painter.drawRoundedRect(r, across, down); });
 }
 
-/// Degrees counter-clockwise from the right at which the ray to a point leaves an ellipse.
+/// Angle in degrees, counter-clockwise from the right, of the ray to a point.
 double AngleOf(QPoint point, const QRectF& ellipse)
 {
     const double x = (point.x() - ellipse.center().x()) / std::max(ellipse.width(), 1.0);
@@ -126,11 +126,11 @@ double AngleOf(QPoint point, const QRectF& ellipse)
 }
 
 struct ArcAngles {
-    int Start = 0; ///< 1/16 degrees, as the painter counts
-    int Span = 0; ///< counter-clockwise; a whole turn where both ends are one
+    int Start = 0; ///< 1/16 degrees, as in QPainter
+    int Span = 0; ///< counter-clockwise; a full turn if both ends coincide
 };
 
-/// Ends of the arc, y before x, the second one first; then the figure.
+/// End and start point of the arc, y before x, then the figure.
 ArcAngles AnglesOf(const MetafileContext& context, const MetafileParameters& p, const QRectF& figure)
 {
     constexpr int kTurn = 360 * 16;
@@ -154,7 +154,7 @@ bool DrawArc(MetafileContext& context, const MetafileParameters& p)
     });
 }
 
-/// `count` points, x before y, from a word on.
+/// `count` points, x before y, starting at a word.
 QPolygon Points(const MetafileContext& context, const MetafileParameters& p, int word, int count)
 {
     QPolygon points;
@@ -164,9 +164,9 @@ QPolygon Points(const MetafileContext& context, const MetafileParameters& p, int
     return points;
 }
 
-/// What an edge costs for each line of pixels that it crosses. Thin lines are cheap; filling, dashes and wide pens sort
-/// and join what they cross.
-qint64 WorkOfCrossing(const MetafileContext& context, Inside inside)
+/// Cost per line of pixels that an edge crosses. Thin lines are cheap; filling, dashes and wide pens sort and join
+/// the crossings.
+qint64 CrossingCost(const MetafileContext& context, Inside inside)
 {
     constexpr qint64 kOfThinLine = 4;
     constexpr qint64 kOfAnother = 128;
@@ -175,12 +175,12 @@ qint64 WorkOfCrossing(const MetafileContext& context, Inside inside)
     return inside == Inside::Open && isThin ? kOfThinLine : kOfAnother;
 }
 
-/// What painting costs: the area, and for each edge the pixels along it.
+/// Charges the area, and for each edge the pixels along it.
 bool SpendPoints(MetafileContext& context, const QPolygon& points, Inside inside)
 {
     const QSize size = context.Picture().size();
     const int margin = Margin(context);
-    const qint64 crossing = WorkOfCrossing(context, inside);
+    const qint64 crossing = CrossingCost(context, inside);
     qint64 work = 0;
     for (qsizetype i = 1; i < points.size(); ++i) {
         const QPoint edge = points[i] - points[i - 1];
@@ -190,7 +190,7 @@ bool SpendPoints(MetafileContext& context, const QPolygon& points, Inside inside
     return context.Spend(work) && context.SpendArea(points.boundingRect().adjusted(-margin, -margin, margin, margin));
 }
 
-/// How many points, then the points. Fewer than two draw nothing.
+/// Count, then the points. Fewer than two draw nothing.
 bool DrawPoints(MetafileContext& context, const MetafileParameters& p, Inside inside,
     const std::function<void(QPainter&, const QPolygon&)>& drawing)
 {
@@ -219,7 +219,7 @@ bool DrawPolyline(MetafileContext& context, const MetafileParameters& p)
         context, p, Inside::Open, [](QPainter& painter, const QPolygon& points) { painter.drawPolyline(points); });
 }
 
-/// How many polygons, how many points each has, then all points.
+/// Number of polygons, number of points of each, then all points.
 bool DrawPolyPolygon(MetafileContext& context, const MetafileParameters& p)
 {
     const int polygons = p.Word(0);

@@ -1,4 +1,4 @@
-// screen/metafile/metafileShapes.h: the records of a metafile that draw lines and fill outlines.
+// screen/metafile/metafileShapes.h: metafile records that draw lines and fill shapes.
 #pragma once
 
 #include "screen/metafile/metafileContext.h"

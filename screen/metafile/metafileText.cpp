@@ -11,25 +11,25 @@ namespace {
 
 using tvpicture::MetafileParameters;
 
-/// What finding a font costs, in pixels.
-constexpr qint64 kWorkOfFont = 1 << 14;
+/// Cost of a font lookup, in pixels.
+constexpr qint64 kFontLookupCost = 1 << 14;
 
 enum Option { OptionOpaque = 0x0002, OptionClipped = 0x0004, OptionBothAdvances = 0x2000 };
 enum Align { AlignUpdatePosition = 0x0001, AlignHorizontal = 0x0006, AlignVertical = 0x0018 };
 enum HorizontalAlign { AlignRight = 2, AlignCentre = 6 };
 enum VerticalAlign { AlignTop = 0, AlignBottom = 8, AlignBaseline = 24 };
 
-/// One text of a record, in logical units.
+/// The text of a record, in logical units.
 struct Text {
     QPoint At;
     QByteArray Bytes;
-    QVector<int> Advances; ///< from each byte to the next; empty for those of the font
+    QVector<int> Advances; ///< distance from each byte to the next; empty for the font's own
     int Options = 0;
-    QPoint Corner; ///< of the rectangle that is filled or clips
+    QPoint Corner; ///< of the background or clipping rectangle
     QPoint Opposite;
 };
 
-/// Letters with their places behind the start of the text, in pixels.
+/// Characters with their offsets from the start of the text, in pixels.
 struct Line {
     QVector<QString> Pieces;
     QVector<double> Places;
@@ -52,7 +52,7 @@ double Advance(const MetafileFontFace& face, const QString& piece)
     return face.Metrics.horizontalAdvance(piece) * face.Stretch;
 }
 
-/// Each character stands where the record wants it; a character of two bytes takes the room of both.
+/// Positions characters by the record's advances; a double-byte character takes those of both bytes.
 Line SpacedLine(const MetafileContext& context, const MetafileFontFace& face, const Text& text)
 {
     Line line;
@@ -69,7 +69,7 @@ Line SpacedLine(const MetafileContext& context, const MetafileFontFace& face, co
     return line;
 }
 
-/// Letters by their own widths, with what the state adds to each and to blanks.
+/// Positions characters by the font's widths plus the extra spacing of the state.
 Line NaturalLine(const MetafileContext& context, const MetafileFontFace& face, const QByteArray& bytes)
 {
     const MetafileState& state = context.State;
@@ -92,7 +92,7 @@ Line NaturalLine(const MetafileContext& context, const MetafileFontFace& face, c
     return line;
 }
 
-/// Where the text's left end and base line lie, seen from its reference point.
+/// Position of the left end of the baseline relative to the reference point.
 QPointF Offset(const MetafileContext& context, const MetafileFontFace& face, double width)
 {
     const int align = context.State.TextAlign;
@@ -116,7 +116,7 @@ void WriteLine(QPainter& painter, const MetafileFontFace& face, const Line& line
         painter.drawText(QPointF(line.Places[i] / face.Stretch, 0), line.Pieces[i]);
 }
 
-/// The current position moves behind the text.
+/// Moves the current position to the end of the text.
 void MovePosition(MetafileContext& context, double width)
 {
     MetafileState& state = context.State;
@@ -132,7 +132,7 @@ bool SpendText(MetafileContext& context, const MetafileFontFace& face, const Tex
 {
     const qint64 most = qint64{ context.Picture().width() } * context.Picture().height();
     const auto letter = static_cast<qint64>(face.Metrics.height() * face.Metrics.height());
-    return context.Spend(kWorkOfFont + text.Bytes.size() * (kMetafileLetterWork + std::min(letter, most)));
+    return context.Spend(kFontLookupCost + text.Bytes.size() * (kMetafileCharacterCost + std::min(letter, most)));
 }
 
 bool Write(MetafileContext& context, Text text)
@@ -171,7 +171,7 @@ bool Write(MetafileContext& context, Text text)
     return true;
 }
 
-/// count, bytes filled up to whole words, y, x
+/// count, bytes padded to whole words, y, x
 bool TextOut(MetafileContext& context, const MetafileParameters& p)
 {
     const int count = p.Word(0);
@@ -184,7 +184,7 @@ bool TextOut(MetafileContext& context, const MetafileParameters& p)
     return Write(context, text);
 }
 
-/// y, x, count, options, a rectangle where the options speak of one, bytes, advances where there is room for them
+/// y, x, count, options, a rectangle if the options say so, bytes, advances if there is space for them
 bool ExtTextOut(MetafileContext& context, const MetafileParameters& p)
 {
     Text text;
@@ -201,7 +201,7 @@ bool ExtTextOut(MetafileContext& context, const MetafileParameters& p)
         return false;
     text.Bytes = BytesAt(p, word, count);
     word += (count + 1) / 2;
-    // Each may stand before one for the other direction, in which no known program moves its letters.
+    // Pairs of horizontal and vertical advances; the vertical ones are not used by any known program and are ignored.
     const int step = (text.Options & OptionBothAdvances) != 0 ? 2 : 1;
     if (p.Words() >= word + step * count) {
         for (int i = 0; i < count; ++i)

@@ -1,4 +1,4 @@
-// screen/metafile/metafileText.h: the records of a metafile that write.
+// screen/metafile/metafileText.h: metafile records that draw text.
 #pragma once
 
 #include "screen/metafile/metafileContext.h"

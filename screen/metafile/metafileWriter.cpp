@@ -11,7 +11,7 @@ namespace tarvik {
 namespace {
 
 constexpr int kUnitsPerInch = tvpicture::kPixelsPerInch;
-constexpr quint16 kCheckOfFixedWords = 0x5711; ///< the key's two halves, exclusive-or
+constexpr quint16 kCheckOfFixedWords = 0x5711; ///< exclusive-or of both halves of the key
 constexpr quint32 kSourceCopy = 0x00CC0020;
 
 constexpr quint32 kHeaderWords = 9;
@@ -76,7 +76,7 @@ void AddBitmap(QByteArray& bytes, const QImage& picture)
     Add32(bytes, kBitmapHeaderBytes);
     Add32(bytes, static_cast<quint32>(picture.width()));
     Add32(bytes, static_cast<quint32>(picture.height()));
-    Add16(bytes, 1); // plane
+    Add16(bytes, 1); // planes
     Add16(bytes, 24);
     Add32(bytes, 0); // not compressed
     Add32(bytes, lineBytes * static_cast<quint32>(picture.height()));

@@ -9,7 +9,7 @@ namespace tarvik {
 namespace {
 
 constexpr int kMiddleLightness = 128;
-constexpr int kBarPercent = 130; ///< lightness of the bar, of that of the windows around
+constexpr int kBarPercent = 130; ///< lightness of the bar relative to the window background
 
 class TitleBarStyle final : public QProxyStyle {
 public:
@@ -30,7 +30,7 @@ private:
             && bar.palette.color(QPalette::Window).lightness() < kMiddleLightness;
     }
 
-    /// Drawn as an active one is, whose buttons are white, but for the colour of the bar.
+    /// Draws the bar like an active one, with white buttons, but in its own colour.
     void DrawLegible(const QStyleOptionTitleBar& bar, QPainter* painter, const QWidget* widget) const
     {
         QStyleOptionTitleBar legible(bar);

@@ -1,4 +1,4 @@
-// screen/window/ChildWindowStyle.h: title bars that can be read on any palette.
+// screen/window/ChildWindowStyle.h: title bars that are legible with any palette.
 #pragma once
 
 class QMdiArea;
@@ -6,8 +6,8 @@ class QStyle;
 
 namespace tarvik {
 
-/// The style for the child windows of this area, which owns it: the program's own, but for the windows that are not the
-/// active one. On a dark palette the plain style draws the buttons in their title bars black on black.
+/// A style for the child windows of this area, which owns it. Differs from the program's style for inactive windows:
+/// with a dark palette that draws the title bar buttons black on black.
 QStyle* ChildWindowStyle(QMdiArea& area);
 
 } // namespace tarvik

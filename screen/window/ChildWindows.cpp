@@ -22,8 +22,8 @@ WindowId IdOf(const QMdiSubWindow& child)
     return static_cast<WindowId>(child.widget() == nullptr ? 0 : child.widget()->property(kTagProperty).toInt());
 }
 
-/// Those that are seen, in the order of the table, which is that of their opening as long as none was closed. One that
-/// is just closing has no slot any more.
+/// The visible ones in table order, which is the order of opening unless some have been closed. A window that is just
+/// closing has no slot any more.
 Children InTableOrder(const QMdiArea& area)
 {
     Children children;
@@ -36,7 +36,7 @@ Children InTableOrder(const QMdiArea& area)
     return children;
 }
 
-Children Where(const Children& children, bool minimised)
+Children FilterMinimised(const Children& children, bool minimised)
 {
     Children some;
     for (QMdiSubWindow* child : children) {
@@ -59,13 +59,13 @@ int TitleBarHeight(const QMdiSubWindow& child)
     return child.contentsMargins().top();
 }
 
-/// What a cascade leaves it at.
+/// Its size after a cascade.
 QSize DefaultSize(const QMdiSubWindow& child)
 {
     return DefaultClientSize(IdOf(child)).grownBy(child.contentsMargins());
 }
 
-/// The active one last.
+/// Places the active one last.
 void Cascade(const QMdiArea& area, const Children& children)
 {
     int index = 0;
@@ -84,8 +84,8 @@ void Tile(QSize room, const Children& children, bool stacked)
         children[at]->setGeometry(places[at]);
 }
 
-/// What is seen of the area beside the scroll bars that these windows need. The bars themselves come only later.
-QSize RoomBesideBars(const QMdiArea& area, const Children& children)
+/// The visible area less the scroll bars that these windows need but that do not exist yet.
+QSize RoomWithinScrollBars(const QMdiArea& area, const Children& children)
 {
     QRect extent;
     for (const QMdiSubWindow* child : children)
@@ -98,20 +98,20 @@ QSize RoomBesideBars(const QMdiArea& area, const Children& children)
     return room;
 }
 
-/// Windows that grow beyond the area bring a scroll bar, which must cover neither the lowest row nor the icons.
+/// Windows that exceed the area cause a scroll bar, which must not cover the bottom row or the icons.
 void TileInView(const QMdiArea& area, const Children& children, const Children& icons, bool stacked)
 {
     QSize room = area.maximumViewportSize();
     const QVector<QSize> iconSizes = SizesOf(icons);
     Tile(RoomAboveIcons(iconSizes, room), children, stacked);
-    const int heightInView = RoomBesideBars(area, children).height();
+    const int heightInView = RoomWithinScrollBars(area, children).height();
     if (heightInView == room.height())
         return;
     room.setHeight(heightInView);
     Tile(RoomAboveIcons(iconSizes, room), children, stacked);
 }
 
-void LineUpIcons(const Children& icons, QSize room)
+void PlaceIcons(const Children& icons, QSize room)
 {
     const QVector<QPoint> places = IconPlaces(SizesOf(icons), room);
     for (qsizetype at = 0; at < icons.size(); ++at)
@@ -132,13 +132,13 @@ void ArrangeChildWindows(QMdiArea& area, int code)
         RestoreMaximised(area);
     ScrollHome(area);
     const Children all = InTableOrder(area);
-    const Children icons = Where(all, true);
-    const Children windows = Where(all, false);
-    area.viewport()->setUpdatesEnabled(false); // one picture of the result, none on the way there
+    const Children icons = FilterMinimised(all, true);
+    const Children windows = FilterMinimised(all, false);
+    area.viewport()->setUpdatesEnabled(false); // repaint once, after all moves
     if (code == ArrangeCascade)
         Cascade(area, windows);
     else if (code == ArrangeIcons)
-        LineUpIcons(icons, RoomBesideBars(area, windows));
+        PlaceIcons(icons, RoomWithinScrollBars(area, windows));
     else
         TileInView(area, windows, icons, code == ArrangeTileHorizontally);
     area.viewport()->setUpdatesEnabled(true);

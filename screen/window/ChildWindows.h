@@ -1,5 +1,4 @@
-// screen/window/ChildWindows.h: the child windows of the frame as a whole: arranging them, and finding a place for a
-// new one.
+// screen/window/ChildWindows.h: arranges the child windows of the frame, and places new ones.
 #pragma once
 
 #include <QPoint>
@@ -10,20 +9,20 @@ class QRect;
 
 namespace tarvik {
 
-/// Property of a child window's content that holds the number of its window.
+/// Property of a child window's content that holds its window id.
 inline constexpr const char* kTagProperty = "Tag";
 
-/// Moves and sizes the document windows: 0 cascade (moves only, the active one in front), 1 below one another, 2 beside
-/// one another, 3 the minimised ones along the lower edge.
+/// Moves and resizes the document windows: 0 cascade (moves only, the active one in front), 1 stacked vertically, 2
+/// side by side, 3 minimised ones along the bottom edge.
 void ArrangeChildWindows(QMdiArea& area, int code);
 
-/// Gives a maximised window its own size back.
+/// Restores a maximised window to its normal size.
 void RestoreMaximised(QMdiArea& area);
 
-/// Scrolls up or down until the lower edge of `place` is seen, in the coordinates of the area's viewport.
+/// Scrolls vertically until the bottom edge of `place` is visible, in the coordinates of the area's viewport.
 void ScrollToLowerEdge(QMdiArea& area, const QRect& place);
 
-/// Where a window of its size opens that is not seen yet.
+/// Position for a window that is about to be shown for the first time.
 QPoint PlaceForNew(const QMdiArea& area, const QMdiSubWindow& child);
 
 } // namespace tarvik

@@ -10,7 +10,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kMostDigits = 8; ///< room for what is no valid number, so that it can be told
+constexpr int kMaxDigits = 8; ///< leaves space for invalid numbers, so that they can be reported
 
 } // namespace
 
@@ -19,8 +19,9 @@ ColumnsBox::ColumnsBox(QWidget* parent)
 {
     NameControl(this, QStringLiteral("UpDown"));
     NameControl(lineEdit(), QStringLiteral("Tb"));
-    lineEdit()->setMaxLength(kMostDigits);
-    connect(lineEdit(), &QLineEdit::textChanged, this, qOverload<>(&QWidget::update)); // its arrows follow the number
+    lineEdit()->setMaxLength(kMaxDigits);
+    connect(
+        lineEdit(), &QLineEdit::textChanged, this, qOverload<>(&QWidget::update)); // the arrows depend on the number
 }
 
 QLineEdit* ColumnsBox::TextBox() const
@@ -61,7 +62,7 @@ void ColumnsBox::stepBy(int steps)
 QSize ColumnsBox::sizeHint() const
 {
     QSize size = QAbstractSpinBox::sizeHint();
-    size.setWidth(size.width() + kMostDigits * fontMetrics().averageCharWidth());
+    size.setWidth(size.width() + kMaxDigits * fontMetrics().averageCharWidth());
     return size;
 }
 

@@ -1,12 +1,12 @@
-// screen/window/ColumnsBox.h: a number to be typed, with two arrows that step it.
+// screen/window/ColumnsBox.h: a number field with two arrows that step it.
 #pragma once
 
 #include <QAbstractSpinBox>
 
 namespace tarvik {
 
-/// The text box (`Tb`) takes anything that is typed and keeps it: whoever reads it checks it. The arrows (`UpDown`)
-/// keep to a range, and begin at the value that was set last when the text is no number.
+/// The text box (`Tb`) accepts any text; the reader validates it. The arrows (`UpDown`) stay within a range, and
+/// start at the value set last if the text is not a number.
 class ColumnsBox final : public QAbstractSpinBox {
     Q_OBJECT
 public:

@@ -18,15 +18,15 @@ namespace tarvik {
 
 namespace {
 
-/// Where the lines stand: as everywhere else, whatever fonts are in them.
+/// Positions the lines by the common rule, whatever fonts they use.
 class BoxLayout final : public QPlainTextDocumentLayout {
 public:
     using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
 
-    /// The last one is told a pixel less: the box leaves one at its edge unused, and would scroll for it.
+    /// Reports one pixel less for the last block: the box leaves a pixel at its edge unused, and would scroll for it.
     QRectF blockBoundingRect(const QTextBlock& block) const override
     {
-        QRectF place = QPlainTextDocumentLayout::blockBoundingRect(block); // lays it out where needed
+        QRectF place = QPlainTextDocumentLayout::blockBoundingRect(block); // performs the layout if needed
         if (!block.isValid())
             return place;
         const QFont font = document()->defaultFont();
@@ -47,7 +47,7 @@ DescriptionBox::DescriptionBox(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabChangesFocus(true);
-    setAcceptDrops(false); // a file that is dropped here is the frame's
+    setAcceptDrops(false); // files dropped here belong to the frame
     auto* text = new QTextDocument(this);
     text->setDocumentLayout(new BoxLayout(text));
     text->setDocumentMargin(0);
@@ -57,7 +57,7 @@ DescriptionBox::DescriptionBox(QWidget* parent)
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &DescriptionBox::Stand);
 }
 
-/// Not what toPlainText tells: it turns blanks at which no line breaks into others.
+/// Not toPlainText, which converts non-breaking spaces.
 QString DescriptionBox::Text() const
 {
     return document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
@@ -83,7 +83,7 @@ void DescriptionBox::Change()
     Q_EMIT Edited(Text());
 }
 
-/// A line end or a control character can be typed, pasted and composed in many ways.
+/// Line ends and control characters can come from typing, pasting and input methods.
 void DescriptionBox::Tidy()
 {
     const QString text = Text();
@@ -103,7 +103,7 @@ void DescriptionBox::Tidy()
     cursor.endEditBlock();
 }
 
-/// Together with what was typed this is one step of undoing.
+/// Forms one undo step with the typing that caused it.
 void DescriptionBox::Replace(const QString& text)
 {
     const QString held = Text();
@@ -122,11 +122,11 @@ void DescriptionBox::SetPlace(const QRect& place, const QFont& font)
     if (this->font() != font)
         setFont(font);
     if (place.width() != width())
-        document()->clearUndoRedoStacks(); // what fitted at the former width need not fit at this one
+        document()->clearUndoRedoStacks(); // a text that fits the old width need not fit the new one
     place_ = place;
     resize(place.size());
     Stand();
-    verticalScrollBar()->setValue(0); // a line that was typed below the edge had scrolled it
+    verticalScrollBar()->setValue(0); // typing below the edge has scrolled it
 }
 
 void DescriptionBox::Stand()
@@ -150,7 +150,7 @@ void DescriptionBox::SetColours(const QColor& paper, const QColor& text)
     setPalette(colours);
 }
 
-/// A click stays under the pointer: what is clicked is seen.
+/// No scrolling on a click, which is always at a visible position.
 void DescriptionBox::focusInEvent(QFocusEvent* event)
 {
     QPlainTextEdit::focusInEvent(event);
@@ -164,7 +164,7 @@ void DescriptionBox::focusOutEvent(QFocusEvent* event)
     Stand();
 }
 
-/// Without a selection there is no text to copy: the frame copies the picture.
+/// Without a selection, copying is left to the frame, which copies the picture.
 void DescriptionBox::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Copy) && !textCursor().hasSelection())
@@ -175,13 +175,13 @@ void DescriptionBox::keyPressEvent(QKeyEvent* event)
 
 void DescriptionBox::wheelEvent(QWheelEvent* event)
 {
-    event->ignore(); // all of it is seen
+    event->ignore(); // all of it is visible
 }
 
-/// Of more text than fits in any case, the rest is not even looked at.
+/// Limits the work on a text that is too long in any case.
 void DescriptionBox::insertFromMimeData(const QMimeData* source)
 {
-    insertPlainText(DescriptionPlain(source->text().left(kDescriptionMostLaidOut)));
+    insertPlainText(DescriptionPlain(source->text().left(kMaxLaidOutCharacters)));
 }
 
 } // namespace tarvik

@@ -1,25 +1,25 @@
-// screen/window/DescriptionBox.h: `TbDescription`, the box in which a description is typed.
+// screen/window/DescriptionBox.h: `TbDescription`, the edit box of a description.
 #pragma once
 
 #include <QPlainTextEdit>
 
 namespace tarvik {
 
-/// A box without frame and bars, as large as its text, whose lines are those of descriptionText.h.
+/// A text box without frame and scroll bars, as large as its text, with the line breaks of descriptionText.h.
 class DescriptionBox final : public QPlainTextEdit {
     Q_OBJECT
 public:
     explicit DescriptionBox(QWidget* parent);
 
-    /// Lines parted by "\n".
+    /// Lines separated by "\n".
     QString Text() const;
 
-    /// Another text, with the caret behind it. No `Edited`. As an answer to `Edited` it is one step of undoing with
-    /// what was typed; else what was typed before can't be undone any more.
+    /// Sets the text with the caret at its end. Does not emit `Edited`. From a slot of `Edited` it forms one undo
+    /// step with the typing; otherwise it clears the undo history.
     void SetText(const QString& text);
 
-    /// Place, and the font whose blank is a column wide. What was typed at another width can't be undone any more.
-    /// Where the window is narrower than the place, the box follows the caret while it has the focus.
+    /// Sets geometry and font; a blank of the font is one column wide. A new width clears the undo history. If the
+    /// window is narrower than `place`, the box follows the caret while it has the focus.
     void SetPlace(const QRect& place, const QFont& font);
 
     void SetColours(const QColor& paper, const QColor& text);
@@ -41,7 +41,7 @@ private:
     void Stand();
 
     QRect place_;
-    bool answering_ = false; ///< what SetText sets is an answer to what was typed
+    bool answering_ = false; ///< SetText is called in response to typing
 };
 
 } // namespace tarvik

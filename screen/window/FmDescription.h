@@ -1,4 +1,4 @@
-// screen/window/FmDescription.h: the width of a window's description.
+// screen/window/FmDescription.h: sets the width of a window's description.
 #pragma once
 
 #include "app/forms/form.h"
@@ -12,8 +12,7 @@ namespace tarvik {
 
 class ColumnsBox;
 
-/// Shows the effect of a width behind it. Closed by its OK it keeps the width; any other way out puts width and text
-/// back.
+/// Previews the width in the window. OK keeps it; closing in any other way restores width and text.
 class FmDescription final : public FormBase {
     Q_OBJECT
 public:

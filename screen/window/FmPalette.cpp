@@ -68,7 +68,7 @@ void FmPalette::BuildLayout()
 {
     auto* options = new QVBoxLayout(FrPalette);
     for (QRadioButton* option : OpPalette)
-        options->addWidget(option, 0, Qt::AlignLeft); // as wide as its text, where it takes a click
+        options->addWidget(option, 0, Qt::AlignLeft); // limits the click area to the text
     QHBoxLayout* buttons = NewButtonRow({ BtClose, BtCancel, BtHelp });
     QVBoxLayout* form = NewFormColumn(this);
     form->addWidget(FrPalette);

@@ -1,4 +1,4 @@
-// screen/window/FmPalette.h: chooses the palette of the active window, which shows it at once.
+// screen/window/FmPalette.h: chooses the palette of the active window, with preview.
 #pragma once
 
 #include "app/forms/form.h"
@@ -11,7 +11,7 @@ class QRadioButton;
 
 namespace tarvik {
 
-/// Keeps the choice when it is closed by its button; any other way out puts the former palette back.
+/// Its button keeps the choice; closing in any other way restores the previous palette.
 class FmPalette final : public FormBase {
     Q_OBJECT
 public:

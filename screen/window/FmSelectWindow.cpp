@@ -49,7 +49,7 @@ void FmSelectWindow::BuildControls()
     BtOk->setDefault(true);
     connect(LxWin, &QListWidget::itemSelectionChanged, this,
         [this] { BtOk->setEnabled(!LxWin->selectedItems().isEmpty()); });
-    connect(LxWin, &QListWidget::itemDoubleClicked, BtOk, &QPushButton::click); // nothing while none is selected
+    connect(LxWin, &QListWidget::itemDoubleClicked, BtOk, &QPushButton::click); // ignored while none is selected
     connect(BtAll, &QPushButton::clicked, LxWin, &QListWidget::selectAll);
     connect(BtClear, &QPushButton::clicked, LxWin, &QListWidget::clearSelection);
     connect(BtOk, &QPushButton::clicked, this, [this] { OnOk(); });
@@ -78,9 +78,9 @@ void FmSelectWindow::FillList()
         const ScreenView* view = ViewOf(id);
         const QString picture = WindowIsFileImage(id) ? QStringLiteral("MDI_IMAGE") : QStringLiteral("MDI_SCREEN");
         auto* row = new QListWidgetItem(PictureIcon(picture), view == nullptr ? QString() : view->Caption(), LxWin);
-        row->setToolTip(PlainTip(row->text())); // a long one is cut
+        row->setToolTip(PlainTip(row->text())); // long captions are elided
         if (id == WindowTable().Active)
-            LxWin->setCurrentItem(row); // what most users mean; selected by this
+            LxWin->setCurrentItem(row); // the most likely choice; this selects it
     }
     BtOk->setEnabled(!LxWin->selectedItems().isEmpty());
 }

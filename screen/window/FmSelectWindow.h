@@ -8,8 +8,7 @@ class QListWidget;
 
 namespace tarvik {
 
-/// Offers windows by their captions. `Chosen` holds those that were accepted, in the order of the list; it is empty
-/// behind Cancel.
+/// Offers windows by their captions. `Chosen` holds the accepted ones in list order; empty after Cancel.
 class FmSelectWindow final : public FormBase {
     Q_OBJECT
 public:

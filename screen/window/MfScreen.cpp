@@ -38,7 +38,7 @@ constexpr int kHelpLiveDescription = 14503;
 constexpr int kHelpStatus = 14504;
 constexpr int kTextDescription = 11000;
 
-/// A window title in which no part stands for "changed".
+/// Escapes the placeholder for "modified" in a window title.
 QString TitleOf(QString caption)
 {
     return caption.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
@@ -95,7 +95,7 @@ void MfScreen::BuildPicture()
     PbDefGraph->hide();
     PbGraph = new PictureBox(this, "PbGraph", [this](QSize devicePixels) { return DrawnPicture(id_, devicePixels); });
     PbGraph->setFocusPolicy(Qt::StrongFocus);
-    setFocusPolicy(Qt::ClickFocus); // a click beside the picture takes the window to the front as well
+    setFocusPolicy(Qt::ClickFocus); // a click outside the picture activates the window too
     setFocusProxy(PbGraph);
 }
 
@@ -113,7 +113,7 @@ void MfScreen::BuildDescription()
     });
 }
 
-/// The panel has no height and nothing of it is seen.
+/// The panel has no height and is invisible.
 void MfScreen::BuildStatus()
 {
     for (size_t at = 0; at < TbStatHead.size(); ++at) {
@@ -188,7 +188,7 @@ void MfScreen::SetNormal()
         child_->showNormal();
 }
 
-/// A new window is seen at its own size, whatever the one before it was.
+/// A new window opens at its own size even if the previous one was maximised.
 void MfScreen::ShowFirst()
 {
     if (shown_)
@@ -220,7 +220,7 @@ void MfScreen::SetClientSize(QSize size)
         return;
     child_->resize(size.grownBy(child_->contentsMargins()));
     if (shown_) {
-        child_->layout()->activate(); // the rules go on with the size that this one has now
+        child_->layout()->activate(); // apply the new size before the rules continue
     } else {
         sized_ = size;
         resize(size);
@@ -289,14 +289,14 @@ void MfScreen::EditDescription()
     ShowDescription();
 }
 
-/// Who types sees it, also below a picture that is higher than the area.
+/// Scrolls so that typing is visible, even below a picture higher than the area.
 void MfScreen::ShowDescription()
 {
     QMdiArea& area = *frame_.ChildArea();
     ScrollToLowerEdge(area, { TbDescription->mapTo(area.viewport(), QPoint()), TbDescription->size() });
 }
 
-/// The focus of a box that goes stays in the window.
+/// If the box with the focus is hidden, the focus stays in the window.
 void MfScreen::LayOutDescription(const DescriptionLayout& layout)
 {
     if (!layout.Visible && TbDescription == frame_.focusWidget())
@@ -342,7 +342,7 @@ void MfScreen::Unload()
     child_->close();
 }
 
-/// A picture may have changed while nothing of it was seen.
+/// The picture may have changed while minimised.
 void MfScreen::StateChanged(Qt::WindowStates before, Qt::WindowStates now)
 {
     if (unloaded_ || (before & kSizeStates) == (now & kSizeStates))
@@ -358,7 +358,7 @@ bool MfScreen::eventFilter(QObject* watched, QEvent* event)
         if (event->type() == QEvent::WindowStateChange)
             state_ = child_->windowState();
     } else if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1) {
-        PbGraph->setFocus(); // help is about the window
+        PbGraph->setFocus(); // so that help refers to the window
     }
     return QWidget::eventFilter(watched, event);
 }
@@ -383,7 +383,7 @@ void MfScreen::closeEvent(QCloseEvent* event)
     ScreenUnloaded(id_);
 }
 
-/// Kept from the area below, which has a menu of its own.
+/// Keeps the event from the area, which has its own context menu.
 void MfScreen::mousePressEvent(QMouseEvent* event)
 {
     event->accept();

@@ -21,12 +21,12 @@ class DescriptionBox;
 class MfMain;
 class PictureBox;
 
-/// The content of a child window: picture, line, description. Shows and passes on; the rules are in screenWindow.h and
-/// description.h. It is not seen before its picture is drawn.
+/// The content of a child window: picture, line, description. Shows and forwards events; the rules are in
+/// screenWindow.h and description.h. Hidden until its picture is drawn.
 class MfScreen final : public QWidget, public ScreenView {
     Q_OBJECT
 public:
-    /// A window in the frame's area. Its owner is the area; the modules let go of it by `Release`.
+    /// Creates a window in the frame's area, which owns it; the modules release it by `Release`.
     MfScreen(WindowId id, MfMain& frame);
     ~MfScreen() override;
 
@@ -40,10 +40,10 @@ public:
         return child_;
     }
 
-    /// The caret goes into the description, if that is visible.
+    /// Moves the caret into the description if that is visible.
     void EditDescription();
 
-    /// The modules don't know the window any more.
+    /// Detaches the window from the modules.
     void Release();
 
     int State() const override;
@@ -89,7 +89,8 @@ private:
     WindowId id_;
     MfMain& frame_;
     QMdiSubWindow* child_ = nullptr;
-    /// Of the child window, as told last: its own flag is off while a maximised one follows the size of its area.
+    /// State of the child window as last reported: its own flag is off while a maximised window follows the size of
+    /// the area.
     Qt::WindowStates state_;
     PictureBox* PbDefGraph = nullptr;
     PictureBox* PbGraph = nullptr;
@@ -99,10 +100,10 @@ private:
     QLineEdit* TbStatus = nullptr;
     QFrame* LnStatus = nullptr;
     QString caption_;
-    QSize sized_; ///< by program while hidden: nobody resizes a window that is not seen
-    std::optional<bool> imageFromFile_; ///< whose icon it bears
-    std::optional<std::pair<quint32, quint32>> colours_; ///< paper and text, as they are shown
-    bool placed_ = false; ///< by its document, not by the system
+    QSize sized_; ///< set by the program while hidden, when the user can't resize it
+    std::optional<bool> imageFromFile_; ///< determines the icon
+    std::optional<std::pair<quint32, quint32>> colours_; ///< background and text as shown
+    bool placed_ = false; ///< position set by the document, not the window system
     bool shown_ = false;
     bool unloaded_ = false;
 };

@@ -1,4 +1,4 @@
-// screen/window/PictureBox.h: shows a picture that lives elsewhere.
+// screen/window/PictureBox.h: a widget that shows a picture owned by others.
 #pragma once
 
 #include <QImage>
@@ -8,8 +8,8 @@
 
 namespace tarvik {
 
-/// Paints the picture over its whole area. The picture stays its owner's: it is asked for at each painting, with the
-/// size in device pixels that would be sharp on this screen.
+/// Paints the picture over its whole area. The picture is requested at each painting, with the size in device pixels
+/// that is sharp on this screen.
 class PictureBox final : public QWidget {
     Q_OBJECT
 public:
@@ -17,7 +17,7 @@ public:
 
     PictureBox(QWidget* parent, const char* name, Source source);
 
-    /// The picture is another one.
+    /// The picture has been replaced.
     void PictureChanged();
 
 protected:
@@ -27,8 +27,8 @@ private:
     const QImage& Picture();
 
     Source source_;
-    QImage shown_; ///< what the source gave last
-    QSize shownFor_; ///< the size that it was asked for
+    QImage shown_; ///< last result of the source
+    QSize shownFor_; ///< the size requested for it
 };
 
 } // namespace tarvik

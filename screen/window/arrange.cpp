@@ -9,7 +9,7 @@ namespace tarvik {
 
 namespace {
 
-/// After a cascade. Minimised windows stay so.
+/// After a cascade. Minimised windows keep their state.
 void SetAllToDefaultSize()
 {
     for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id)) {
@@ -34,10 +34,10 @@ void ToggleAutoTile()
 {
     Program().AutoTile = !Program().AutoTile;
     TheFrameHooks().MenuUpdate();
-    RetileIfWished();
+    RetileIfAutoTile();
 }
 
-void RetileIfWished()
+void RetileIfAutoTile()
 {
     if (Program().AutoTile && !TheScreenWindows().ClosingAll && WindowCount(0) > 1)
         ArrangeWindows(ArrangeTileHorizontally);

@@ -1,18 +1,19 @@
-// screen/window/arrange.h: all document windows at once: arranging and choosing them.
+// screen/window/arrange.h: arranges and selects document windows.
 #pragma once
 
 #include "screen/window/screenWindow.h"
 
 namespace tarvik {
 
-/// 0 cascade, which leaves every window at its default size, 1 tile horizontally, 2 tile vertically, 3 arrange icons.
+/// 0 cascade, which restores every window's default size, 1 tile horizontally, 2 tile vertically, 3 arrange icons.
 void ArrangeWindows(int code);
 void ToggleAutoTile();
 
-/// The number of windows, or their room, has changed: tiles more than one window if the user has asked for that.
-void RetileIfWished();
+/// Call when the number of windows or the available area has changed: tiles more than one window if auto-tile is on.
+void RetileIfAutoTile();
 
-/// Offers windows (see WindowsFor) and leaves the chosen ones in `Chosen`; a single candidate is chosen without a form.
+/// Offers windows (see WindowsFor) and stores the selected ones in `Chosen`; a single candidate is selected without a
+/// form.
 void ChooseWindows(int mask, bool withImages);
 
 } // namespace tarvik

@@ -17,9 +17,9 @@ constexpr int kTextNoWindow = 11801;
 constexpr int kTextSaveBeforeClosing = 12712;
 constexpr int kTextSave = 12714;
 
-constexpr int kLookAgainMs = 100;
+constexpr int kRecheckMs = 100;
 
-/// The windows that an id stands for and that would lose something. Data sets are drawn anew from their table.
+/// The windows of an id with unsaved contents. Data sets are redrawn from their table, so they lose nothing.
 QVector<WindowId> UnsavedOf(WindowId id)
 {
     QVector<WindowId> ids;
@@ -31,7 +31,7 @@ QVector<WindowId> UnsavedOf(WindowId id)
     return ids;
 }
 
-/// Whether to save; No without a question after "No All".
+/// Asks whether to save; No without a question after "No All".
 int AskWhetherToSave(WindowId id, bool single)
 {
     if (WindowTable().NoQuestions)
@@ -68,8 +68,8 @@ bool CloseEach()
     return true;
 }
 
-/// Looks again while the command runs: its messages let events run as well.
-void TellBehindTheCommand(int milliseconds)
+/// Checks again while the command runs, since its messages process events.
+void ShowHintWhenIdle(int milliseconds)
 {
     TheSeams().StartTimer(milliseconds, [] {
         if (WindowCount(0) > 0)
@@ -77,16 +77,16 @@ void TellBehindTheCommand(int milliseconds)
         if (Program().Idle)
             StatusSetId(kTextNoWindow);
         else
-            TellBehindTheCommand(kLookAgainMs);
+            ShowHintWhenIdle(kRecheckMs);
     });
 }
 
 /// A running command clears the status line when it ends.
-void TellThatNoWindowIsLeft()
+void ShowNoWindowHint()
 {
     StatusSetId(kTextNoWindow);
     if (!Program().Idle)
-        TellBehindTheCommand(0);
+        ShowHintWhenIdle(0);
 }
 
 } // namespace
@@ -124,7 +124,7 @@ bool CloseAllWindows()
     const bool closed = CloseEach();
     TheScreenWindows().ClosingAll = false;
     ForgetNoAll();
-    RetileIfWished();
+    RetileIfAutoTile();
     return closed;
 }
 
@@ -141,7 +141,7 @@ bool ScreenMayClose(WindowId id)
 {
     if (!CanAct())
         return false;
-    BeginBusy(); // saving lets events run
+    BeginBusy(); // saving processes events
     const bool mayClose = CloseQuestion(id, true);
     EndBusy();
     return mayClose;
@@ -155,9 +155,9 @@ void ScreenUnloaded(WindowId id)
     ScreenFree(id);
     WindowFreeSlot(id);
     if (WindowCount(0) == 0)
-        TellThatNoWindowIsLeft();
+        ShowNoWindowHint();
     else
-        RetileIfWished();
+        RetileIfAutoTile();
 }
 
 } // namespace tarvik

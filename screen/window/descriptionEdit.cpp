@@ -21,27 +21,27 @@ void ShowText(WindowId id)
         view->SetDescription(WindowAt(id).Description);
 }
 
-/// The first ten lines of a text as the window shows it.
-QString TenLines(const QString& text, WindowId id)
+/// The first ten lines of a text as wrapped in the window.
+QString FirstTenLines(const QString& text, WindowId id)
 {
-    return DescrLaidOut(text.left(kDescriptionMostLaidOut), id).FirstLines(kDescriptionLines);
+    return DescrLaidOut(text.left(kMaxLaidOutCharacters), id).FirstLines(kDescriptionLines);
 }
 
-/// Cut by the rule, which counts characters and not words: what it leaves can still break into more lines, and what it
-/// cuts may have had room where lines are full to their ends.
+/// Applies the rule that counts characters, not words: the rest can still wrap into more lines, and it can cut text
+/// that would have fitted.
 QString Fitted(const QString& text, WindowId id)
 {
-    return TenLines(DescrFit(text, WindowAt(id).DescriptionColumns), id);
+    return FirstTenLines(DescrFit(text, WindowAt(id).DescriptionColumns), id);
 }
 
-/// What a window is told to hold, and shows from now on.
-void Hold(WindowId id, const QString& text)
+/// Stores the text in the window and shows it.
+void StoreText(WindowId id, const QString& text)
 {
     WindowAt(id).Description = DescrStored(text);
     ShowText(id);
 }
 
-/// The picture fills what the description leaves.
+/// Fits the picture to the area left by the description.
 void RefitPicture(WindowId id, ScreenView& view)
 {
     const DescriptionLayout layout = DescrLayout(id, view.ClientSize());
@@ -82,7 +82,7 @@ void DescrTextChanged(WindowId id, const QString& text)
     if (TheScreenWindows().StoringDescription || !WindowInUse(id))
         return;
     WindowRecord& record = WindowAt(id);
-    if (DescrLaidOut(text.left(kDescriptionMostLaidOut), id).LineCount() > kDescriptionLines) {
+    if (DescrLaidOut(text.left(kMaxLaidOutCharacters), id).LineCount() > kDescriptionLines) {
         ShowText(id);
         return;
     }
@@ -90,7 +90,7 @@ void DescrTextChanged(WindowId id, const QString& text)
     record.Modified = record.Modified || stored != record.Description;
     record.Description = stored;
     if (stored != DescrNormalised(text))
-        ShowText(id); // without the tail that is lost
+        ShowText(id); // without the part that was cut
     DescrResize(id);
     if (ScreenView* view = ViewOf(id))
         RefitPicture(id, *view);
@@ -100,7 +100,7 @@ bool DescrSetText(WindowId id, const QString& text)
 {
     if (!WindowInUse(id))
         return false;
-    Hold(id, TenLines(text, id));
+    StoreText(id, FirstTenLines(text, id));
     DescrResize(id);
     if (ScreenView* view = ViewOf(id))
         RefitPicture(id, *view);
@@ -166,10 +166,10 @@ void DescriptionChoice::Cancel()
     Show(text_);
 }
 
-/// At the columns that the window has now.
+/// With the current columns of the window.
 void DescriptionChoice::Show(const QString& text)
 {
-    Hold(id_, text);
+    StoreText(id_, text);
     WindowRecord& record = WindowAt(id_);
     record.Modified = modified_ || record.Description != text_;
     DescrResize(id_);

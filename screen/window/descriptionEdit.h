@@ -1,39 +1,39 @@
-// screen/window/descriptionEdit.h: turning the description of a window on and off, typing into it, and its width.
+// screen/window/descriptionEdit.h: changes the description of a window: visibility, text and width.
 #pragma once
 
 #include "screen/document/description.h"
 
 namespace tarvik {
 
-/// Shows or hides the block; the window grows or shrinks by it. Showing it in a maximised window, where it can't be
-/// seen, empties the text.
+/// Shows or hides the block and resizes the window accordingly. Showing it in a maximised window, where it is
+/// invisible, clears the text.
 void DescrSetVisible(bool visible, WindowId id);
 void DescrToggle(WindowId id);
 
-/// The user has typed: `text` is what the control holds now. An eleventh line is taken back without a word; all else is
-/// stored as far as there is room, and the window is as high as the text then asks for.
+/// The user has typed: `text` is the content of the control. An eleventh line is undone silently; other text is
+/// stored up to the length limit, and the window height is adjusted.
 void DescrTextChanged(WindowId id, const QString& text);
 
-/// Puts a text into a window, as a user would type it. False if some of it had to be left out: more than ten lines, or
-/// more characters than a description holds.
+/// Sets the text of a window as if the user had typed it. False if it was cut: more than ten lines, or more
+/// characters than a description holds.
 bool DescrSetText(WindowId id, const QString& text);
 
-/// The window as high as picture and description ask for; nothing while it is maximised or minimised.
+/// Fits the window height to picture and description; does nothing while maximised or minimised.
 void DescrResize(WindowId id);
 
-/// What `FmDescription` does with one window. The text that it had when the form opened is what each width is applied
-/// to, so that a narrow one does not cost what a wider one has room for.
+/// The operations of `FmDescription` on one window. Each width is applied to the text from when the form opened, so
+/// that a narrow width does not lose text for good.
 class DescriptionChoice {
 public:
     explicit DescriptionChoice(WindowId id);
 
     DescriptionColumns Limits() const;
-    int Columns() const; ///< as they are now
+    int Columns() const; ///< current columns
 
-    /// What was typed becomes the width. False after text 12749, with nothing changed.
+    /// Applies the typed width. False after text 12749, with nothing changed.
     [[nodiscard]] bool Apply(const QString& typed);
 
-    /// Columns and text as they were when the form opened.
+    /// Restores columns and text from when the form opened.
     void Cancel();
 
 private:

@@ -1,23 +1,23 @@
-// screen/window/palette.h: choosing colours and palette of a document that is on the screen.
+// screen/window/palette.h: sets colours and palette of an open document.
 #pragma once
 
 #include "screen/document/color.h"
 
 namespace tarvik {
 
-/// ColorStore; `redraw` shows the effect at once.
+/// As ColorStore; `redraw` shows the effect at once.
 void ColorSet(quint32 colour, WindowId id, int index, bool redraw);
 
-/// PaletteStore; `redraw` shows the effect at once.
+/// As PaletteStore; `redraw` shows the effect at once.
 void PaletteSet(qint16 number, WindowId id, bool redraw);
 
-/// The program-wide black-and-white flag: it follows the active document.
+/// The program-wide black-and-white flag, which follows the active document.
 bool BlackAndWhite();
 
-/// The choice that `FmPalette` offers for one window, with its effect behind the dialog.
+/// The choice of `FmPalette` for one window, with preview.
 class PaletteChoice {
 public:
-    /// Remembers the present palette of the window.
+    /// Remembers the current palette of the window.
     explicit PaletteChoice(WindowId id);
 
     qint16 Remembered() const
@@ -25,10 +25,10 @@ public:
         return remembered_;
     }
 
-    /// An option was clicked: stored and drawn.
+    /// An option was clicked: stores and draws it.
     void Choose(qint16 number);
 
-    /// Puts the remembered palette back, if it is another one.
+    /// Restores the remembered palette.
     void Cancel();
 
 private:

@@ -26,7 +26,7 @@ constexpr int kTextSeparator = 14301;
 
 constexpr quint32 kInk = 0x000000;
 
-/// Resize events of a window that is sized by program are ignored.
+/// While it lives, resize events of the window are ignored: the program is resizing it.
 class InResize {
 public:
     explicit InResize(WindowId id)
@@ -80,7 +80,7 @@ void ForceColours(WindowId id)
     ColorStore(kInk, id, ColourForeground);
 }
 
-/// What surrounds the picture.
+/// Draws what is around the picture.
 void DrawRest(WindowId id, ScreenView& view)
 {
     if (!WindowIsFileImage(id))

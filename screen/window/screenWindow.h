@@ -1,5 +1,5 @@
-// screen/window/screenWindow.h: what happens to a document window: it comes to be, is sized, drawn, closed, copied.
-// Decides; the window itself is reached through screen/document/view.h.
+// screen/window/screenWindow.h: the life of a document window: creation, sizing, drawing, copying. Makes the
+// decisions; the window itself is accessed through screen/document/view.h.
 #pragma once
 
 #include "screen/document/screenTable.h"
@@ -11,38 +11,38 @@
 
 namespace tarvik {
 
-/// What surrounds every picture in colour once it has been drawn, whatever the settings held. 0x00BBGGRR.
+/// Background of every document in the colour palette once it has been drawn, regardless of the settings. 0x00BBGGRR.
 inline constexpr quint32 kDocumentBackground = 0xCECFCE;
 
 /// State of the module.
 struct ScreenWindowState {
     int Arranging = 65535; ///< Arrangement in progress
     bool ResizePending = false;
-    int PendingTicks = 0; ///< that a held mouse button has let go by
-    bool ClosingAll = false; ///< the windows that are left are not tiled after each one
-    bool StoringDescription = false; ///< a control takes a description over: its changes are not the user's
-    QVector<WindowId> Chosen; ///< by the last selection, in its order
+    int PendingTicks = 0; ///< ticks that a resize has been delayed by a held mouse button
+    bool ClosingAll = false; ///< do not retile after each window
+    bool StoringDescription = false; ///< the program is setting a description: ignore changes of the control
+    QVector<WindowId> Chosen; ///< by the last selection, in list order
 };
 ScreenWindowState& TheScreenWindows();
 
 /// Number of ticks that a held mouse button delays a resize.
 inline constexpr int kPendingTicks = 24;
 
-/// A document on its way into a window.
+/// A document to be shown in a window.
 struct NewDocument {
     QImage Master; ///< Format_RGB32
-    QDateTime Date; ///< invalid for the present moment
-    QString Caption; ///< until the first drawing, which a picture from a file keeps
+    QDateTime Date; ///< invalid means now
+    QString Caption; ///< until the first drawing; permanent for a picture from a file
     bool Modified = false;
 };
 
-/// Puts a document into an allocated slot: record, view, size, drawing. It is in front afterwards if the main frame is
-/// the active window.
+/// Puts a document into an allocated slot: record, view, size, drawing. Brings it to the front if the main frame is
+/// active.
 void ScreenCreate(const WindowSlot& slot, const NewDocument& document);
 
 // Events of the window, raised by its form. The form does not raise the load event: ScreenCreate sizes a new window.
 
-/// Another size, whoever set it. While the left button is down it is only noted.
+/// The size has changed, for whatever reason. While the left button is down the change is only recorded.
 void ScreenResized(WindowId id, bool leftButtonDown);
 void ScreenActivated(WindowId id, bool active);
 
@@ -52,36 +52,36 @@ void CheckPendingResize(bool leftButtonDown);
 void SizeNewWindow(WindowId id);
 void ApplySize(WindowId id);
 void FitWindow(WindowId id);
-void DrawScreenWindow(WindowId id); ///< nothing before the graphics are valid
+void DrawScreenWindow(WindowId id); ///< ignored before the graphics are valid
 
-/// The document's picture in its palette, stretched to a size; null when there is no memory for it.
+/// The document's picture in its palette, scaled to a size; null if memory runs out.
 QImage ScreenPicture(WindowId id, QSize size);
 
-/// The same for the window: its picture as it was drawn last, if that has the size.
+/// As above for the window: reuses the picture drawn last if the size matches.
 QImage DrawnPicture(WindowId id, QSize devicePixels);
 
-/// Client size of the window in which the picture is as large as in a new one, pixels: with the description below it.
+/// Client size in pixels in which the picture has its default size, description included.
 QSize DefaultClientSize(WindowId id);
 
-/// The picture is as large as in a new window. False while minimised or maximised.
+/// True if the picture has its default size. False while minimised or maximised.
 bool AtDefaultSize(WindowId id);
 void SetDefaultSize(WindowId id);
 
-/// What the window is called: its caption, or its title while it has none.
+/// The window's caption, or its title while it has none.
 QString ScreenTitle(WindowId id);
 
-/// Shows the window's title and a text as status; empties the status line.
+/// Shows the window's title and a text on the status line, or clears it.
 void ScreenStatus(WindowId id, int textId);
 void ScreenStatusClear();
 
-/// Copies the composed picture to the clipboard; text 12707 when that fails.
+/// Copies the composed picture to the clipboard; text 12707 on failure.
 void CopyGraphics(WindowId id);
 
-/// What these need of the desktop and of other folders; bound by the composition.
+/// Services of the desktop and of other rooms; bound by the composition.
 struct ScreenWindowHooks {
     std::function<bool(const QImage&)> SetClipboard = [](const QImage&) { return false; };
-    std::function<bool(WindowId)> Save; ///< the save command of a document; true when it was saved
-    std::function<bool(const QVector<WindowId>& offered)> SelectWindows; ///< FmSelectWindow; fills Chosen
+    std::function<bool(WindowId)> Save; ///< saves a document; true if it was saved
+    std::function<bool(const QVector<WindowId>& offered)> SelectWindows; ///< shows FmSelectWindow; fills Chosen
 };
 ScreenWindowHooks& TheScreenWindowHooks();
 

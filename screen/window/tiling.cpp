@@ -7,15 +7,15 @@ namespace tarvik {
 
 namespace {
 
-/// A room that is too small for the windows still shows this many of their title bars.
-constexpr int kLeastCascadeSteps = 6;
+/// Minimum number of title bars visible in an area too small for the windows.
+constexpr int kMinCascadeSteps = 6;
 
 int Part(int whole, int at, int parts)
 {
     return static_cast<int>(static_cast<qint64>(whole) * at / parts);
 }
 
-/// `count` in `groups` numbers that differ by one at most, the larger ones last.
+/// Size of group `at` when `count` is split into `groups` as evenly as possible, larger groups last.
 int SizeOfGroup(int count, int groups, int at)
 {
     return Part(count, at + 1, groups) - Part(count, at, groups);
@@ -32,7 +32,7 @@ int StepsThatFit(QSize window, QSize room, int step)
 {
     const QSize free = room - window;
     const int fitting = std::min(free.width(), free.height()) / step + 1;
-    return std::max(fitting, kLeastCascadeSteps);
+    return std::max(fitting, kMinCascadeSteps);
 }
 
 } // namespace
@@ -72,7 +72,7 @@ QVector<QPoint> IconPlaces(const QVector<QSize>& icons, QSize room)
     int bottom = room.height();
     int rowHeight = 0;
     for (const QSize& icon : icons) {
-        if (left + icon.width() > room.width()) { // the first one of all leaves a row without height
+        if (left + icon.width() > room.width()) { // the very first icon: its row has no height yet
             left = 0;
             bottom -= rowHeight;
             rowHeight = 0;
@@ -89,8 +89,8 @@ QSize RoomAboveIcons(const QVector<QSize>& icons, QSize room)
     int top = room.height();
     for (const QPoint& place : IconPlaces(icons, room))
         top = std::min(top, place.y());
-    constexpr int kLeastPercent = 25; // many icons lie below the windows rather than take their room
-    return { room.width(), std::max(top, room.height() * kLeastPercent / 100) };
+    constexpr int kMinPercent = 25; // with many icons the windows overlap them instead of shrinking further
+    return { room.width(), std::max(top, room.height() * kMinPercent / 100) };
 }
 
 } // namespace tarvik

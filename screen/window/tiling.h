@@ -1,5 +1,5 @@
-// screen/window/tiling.h: where the child windows of the frame go when they are arranged, and where a new one opens.
-// Pixels of the frame's area.
+// screen/window/tiling.h: positions of the frame's child windows when they are arranged or opened. Pixels of the
+// frame's area.
 #pragma once
 
 #include <QRect>
@@ -8,21 +8,21 @@
 
 namespace tarvik {
 
-/// Cells for `count` windows that together fill `room`: below one another when `stacked`, else beside one another. Many
-/// windows take several columns, or rows, as even as can be; the later ones hold one more.
+/// Cells for `count` windows that fill `room`: stacked vertically if `stacked`, else side by side. Many windows use
+/// several columns or rows of nearly equal size; later ones hold one more.
 QVector<QRect> TilePlaces(int count, QSize room, bool stacked);
 
-/// Place `index` (0 first) of windows of `window` size that lie over one another, each `step` pixels right of and below
-/// the one before. Where they would leave `room` the row begins anew at the top, further right.
+/// Position `index` (from 0) of cascaded windows of `window` size, each `step` pixels right of and below the previous
+/// one. Where they would leave `room`, a new cascade starts at the top, further right.
 QPoint CascadePlace(int index, QSize window, QSize room, int step);
 
-/// The first place of the cascade that no window has.
+/// The first position of the cascade that is not taken.
 QPoint FreeCascadePlace(const QVector<QPoint>& taken, QSize window, QSize room, int step);
 
-/// Places of minimised windows along the lower edge, in rows from the bottom.
+/// Positions of minimised windows in rows from the bottom edge.
 QVector<QPoint> IconPlaces(const QVector<QSize>& icons, QSize room);
 
-/// What the minimised windows leave of `room` for those that are tiled.
+/// The part of `room` above the minimised windows.
 QSize RoomAboveIcons(const QVector<QSize>& icons, QSize room);
 
 } // namespace tarvik

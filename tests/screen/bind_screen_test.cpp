@@ -1,4 +1,4 @@
-// What the composition binds for documents: openers, commands, capture.
+// Bindings of the composition for documents: file openers, commands, capture.
 #include "app/text/lang.h"
 #include "link/documents/file.h"
 #include "screen/document/compose.h"
@@ -17,7 +17,7 @@ class BoundScreen : public ScreenForms { };
 
 } // namespace
 
-TEST_F(BoundScreen, FilesOfPicturesOpenInWindows)
+TEST_F(BoundScreen, OpensPictureFilesInWindows)
 {
     ASSERT_TRUE(Picture().save(FilePath("one.png")));
     EXPECT_TRUE(FileOpen(FilePath("one.png"), true, true));
@@ -28,7 +28,7 @@ TEST_F(BoundScreen, FilesOfPicturesOpenInWindows)
     EXPECT_TRUE(Window(id).isVisible());
 }
 
-TEST_F(BoundScreen, FileThatIsNoPictureOpensNoWindow)
+TEST_F(BoundScreen, OpensNoWindowForOtherFiles)
 {
     Store(FilePath("one.png"), "no picture");
     Answers().Expect(12760, Ok);
@@ -36,7 +36,7 @@ TEST_F(BoundScreen, FileThatIsNoPictureOpensNoWindow)
     EXPECT_TRUE(frame->ChildArea()->subWindowList().isEmpty());
 }
 
-TEST_F(BoundScreen, OpeningTilesIfWished)
+TEST_F(BoundScreen, OpeningTilesIfAutoTile)
 {
     ASSERT_TRUE(Picture().save(FilePath("one.png")));
     Item("MnWindowAutotile").trigger();
@@ -47,7 +47,7 @@ TEST_F(BoundScreen, OpeningTilesIfWished)
     EXPECT_FALSE(Child(ids[0]).geometry().intersects(Child(ids[1]).geometry()));
 }
 
-TEST_F(BoundScreen, CopyPutsTheComposedPictureOnTheClipboard)
+TEST_F(BoundScreen, CopyPutsComposedPictureOnClipboard)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
@@ -58,7 +58,7 @@ TEST_F(BoundScreen, CopyPutsTheComposedPictureOnTheClipboard)
     EXPECT_GT(held.height(), 442);
 }
 
-TEST_F(BoundScreen, CopyIsOffWithoutAWindow)
+TEST_F(BoundScreen, CopyIsDisabledWithoutWindow)
 {
     EXPECT_FALSE(Item("MnEditCopyGraph").isEnabled());
     EXPECT_FALSE(Cm(5).isEnabled());
@@ -67,7 +67,7 @@ TEST_F(BoundScreen, CopyIsOffWithoutAWindow)
     EXPECT_TRUE(Cm(5).isEnabled());
 }
 
-TEST_F(BoundScreen, CaptureWithoutAnInstrumentDoesNothing)
+TEST_F(BoundScreen, CaptureWithoutInstrumentDoesNothing)
 {
     EXPECT_TRUE(CommandRun(Command::LiveScreen));
     EXPECT_EQ(WindowCount(0), 0);

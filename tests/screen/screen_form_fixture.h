@@ -1,4 +1,4 @@
-// tests/screen/screen_form_fixture.h: document windows in a whole frame, as the composition binds them.
+// tests/screen/screen_form_fixture.h: document windows in a complete frame, bound as by the composition.
 #pragma once
 
 #include "app/state/frameHooks.h"
@@ -27,7 +27,7 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    /// A picture in which no two places look alike.
+    /// A picture without repetitions.
     static QImage Picture(QSize size = QSize(642, 442))
     {
         QImage picture(size, QImage::Format_RGB32);
@@ -38,7 +38,7 @@ protected:
         return picture;
     }
 
-    /// A new window. That of a file bears a name of its own as caption.
+    /// Opens a window. That of a file has its own caption.
     WindowId Open(qint16 subtype = SubtypeFile, const QImage& picture = Picture())
     {
         const WindowSlot slot = WindowAllocate(WindowScreen, subtype);
@@ -69,7 +69,7 @@ protected:
         return FindControl(Window(id), QStringLiteral("PbGraph"));
     }
 
-    /// The pixels of the screen that show the picture.
+    /// The displayed pixels of the picture.
     static QImage Shown(WindowId id)
     {
         QImage shown = Graph(id).grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -92,7 +92,7 @@ protected:
         return *ScreenOf(id);
     }
 
-    /// The user drags a border of the window; the button stays down.
+    /// Drags a border of the window; the mouse button stays down.
     void Drag(WindowId id, QPoint by)
     {
         QWindow* window = frame->windowHandle();
@@ -107,7 +107,7 @@ protected:
         heldAt = from + by;
     }
 
-    void LetGo()
+    void ReleaseButton()
     {
         QTest::mouseRelease(frame->windowHandle(), Qt::LeftButton, {}, heldAt);
     }
@@ -117,17 +117,17 @@ protected:
         TheDocumentHooks().CheckPendingResize();
     }
 
-    void DragAndLetGo(WindowId id, QPoint by)
+    void DragAndRelease(WindowId id, QPoint by)
     {
         Drag(id, by);
-        LetGo();
+        ReleaseButton();
         Tick();
     }
 
     QPoint heldAt;
 };
 
-/// The picture has the aspect of its original, as far as whole pixels let it.
+/// Expects the aspect ratio of the original, within whole pixels.
 inline void ExpectAspect(QSize graph, QSize master)
 {
     const double height = static_cast<double>(graph.width()) * master.height() / master.width();

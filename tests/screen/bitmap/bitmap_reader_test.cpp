@@ -25,7 +25,7 @@ std::optional<QImage> Read(const TestDib& dib)
     return Read(FileOf(dib.Bytes()));
 }
 
-/// The colours of a line, 0xRRGGBB.
+/// The colours of a row, 0xRRGGBB.
 QVector<QRgb> Line(const std::optional<QImage>& picture, int y = 0)
 {
     QVector<QRgb> colours;
@@ -34,7 +34,7 @@ QVector<QRgb> Line(const std::optional<QImage>& picture, int y = 0)
     return colours;
 }
 
-/// One line of pixels.
+/// A single row of pixels.
 TestDib OneLine(int width, int bitCount, const QByteArray& pixels, const std::vector<QRgb>& colours = {})
 {
     TestDib dib;
@@ -56,7 +56,7 @@ std::vector<QRgb> Greys(int count)
     return greys;
 }
 
-/// Run-length coded numbers of 8 bits over four colours.
+/// Run-length encoded 8-bit indexes into four colours.
 TestDib Runs(int width, int height, const QByteArray& codes)
 {
     TestDib dib = OneLine(width, 8, codes, kFour);
@@ -65,7 +65,7 @@ TestDib Runs(int width, int height, const QByteArray& codes)
     return dib;
 }
 
-/// A bitmap of 16 or 32 bits with masks behind its header.
+/// A bitmap of 16 or 32 bits with masks after its header.
 TestDib Masked(int bitCount, std::initializer_list<qint64> masks, const QByteArray& pixels, int compression = Masks)
 {
     ByteWriter bytes;
@@ -76,7 +76,7 @@ TestDib Masked(int bitCount, std::initializer_list<qint64> masks, const QByteArr
     return dib;
 }
 
-/// A header of 108 bytes for 32 bits with alpha in the highest.
+/// A header of 108 bytes for 32 bits with alpha in the highest byte.
 QByteArray WithAlpha(const QByteArray& pixels, int width)
 {
     ByteWriter dib;
@@ -129,7 +129,7 @@ TEST(BitmapReader, ReadsThirtyTwoBitsWithoutAlpha)
     EXPECT_EQ(Line(Read(OneLine(1, 32, QByteArray("\x30\x20\x10\0", 4)))), QVector<QRgb>({ 0x102030 }));
 }
 
-TEST(BitmapReader, ReadsMasksBehindTheHeader)
+TEST(BitmapReader, ReadsMasksAfterHeader)
 {
     EXPECT_EQ(Line(Read(Masked(16, { 0xF800, 0x07E0, 0x001F }, ByteWriter().Add32(0x07E0).Bytes()))),
         QVector<QRgb>({ 0x00FF00 }));
@@ -137,7 +137,7 @@ TEST(BitmapReader, ReadsMasksBehindTheHeader)
         QVector<QRgb>({ 0x102030 }));
 }
 
-TEST(BitmapReader, SpreadsAFewBitsOverTheWholeRange)
+TEST(BitmapReader, ScalesFewBitsToFullRange)
 {
     const auto grey = [](int value) {
         return Line(Read(Masked(16, { 0x0F00, 0x0010, 0x0003 }, ByteWriter().Add32(value).Bytes())));
@@ -146,13 +146,13 @@ TEST(BitmapReader, SpreadsAFewBitsOverTheWholeRange)
     EXPECT_EQ(grey(0x0802), QVector<QRgb>({ 0x8800AA }));
 }
 
-TEST(BitmapReader, TakesTheUpperBitsOfManyAndNothingOfNone)
+TEST(BitmapReader, UsesUpperBitsOfWideMasksAndZeroForEmptyOnes)
 {
     EXPECT_EQ(Line(Read(Masked(32, { 0x3FF00000, 0x000FFC00, 0 }, ByteWriter().Add32(0x200803FF).Bytes()))),
         QVector<QRgb>({ 0x808000 }));
 }
 
-TEST(BitmapReader, LaysTransparentPixelsOverTheBackground)
+TEST(BitmapReader, BlendsTransparentPixelsOverBackground)
 {
     const QByteArray file = WithAlpha(ByteWriter().Add32(0xFF102030).Add32(0x00102030).Add32(0x80000000).Bytes(), 3);
     const auto picture = ReadBitmap(file, QColor(200, 100, 50));
@@ -162,13 +162,13 @@ TEST(BitmapReader, LaysTransparentPixelsOverTheBackground)
     EXPECT_NEAR(qRed(picture->pixel(2, 0)), 100, 1);
 }
 
-TEST(BitmapReader, TakesAnAlphaThatIsNowhereSetForNone)
+TEST(BitmapReader, IgnoresAlphaThatIsZeroEverywhere)
 {
     EXPECT_EQ(Line(Read(WithAlpha(ByteWriter().Add32(0x102030).Add32(0x405060).Bytes(), 2))),
         QVector<QRgb>({ 0x102030, 0x405060 }));
 }
 
-TEST(BitmapReader, FindsTheAlphaMaskInAHeaderOfItsLength)
+TEST(BitmapReader, ReadsAlphaMaskInHeaderLongEnough)
 {
     ByteWriter dib;
     dib.Add32(56).Add32(2).Add32(1).Add16(1).Add16(32).Add32(Masks).Add(QByteArray(20, '\0'));
@@ -176,7 +176,7 @@ TEST(BitmapReader, FindsTheAlphaMaskInAHeaderOfItsLength)
     EXPECT_EQ(Line(Read(FileOf(dib.Bytes(), 14 + 56))), QVector<QRgb>({ 0xFFFFFF, 0x000000 }));
 }
 
-TEST(BitmapReader, ReadsAlphaMasksBehindTheHeader)
+TEST(BitmapReader, ReadsAlphaMaskAfterHeader)
 {
     const QByteArray pixel = ByteWriter().Add32(0x00FF0000).Bytes();
     TestDib dib = Masked(32, { 0xFF0000, 0xFF00, 0xFF, 0xFF000000 }, pixel + QByteArray("\0\0\0\xFF", 4), AlphaMasks);
@@ -184,14 +184,14 @@ TEST(BitmapReader, ReadsAlphaMasksBehindTheHeader)
     EXPECT_EQ(Line(Read(dib)), QVector<QRgb>({ 0xFFFFFF, 0x000000 }));
 }
 
-TEST(BitmapReader, ReadsTheFirstHeaderForm)
+TEST(BitmapReader, ReadsFirstHeaderVersion)
 {
     ByteWriter dib;
     dib.Add32(12).Add16(2).Add16(1).Add16(1).Add16(1).Add8(0x30).Add8(0x20).Add8(0x10).Add8(0x60).Add8(0x50).Add8(0x40);
     EXPECT_EQ(Line(Read(FileOf(dib.Add32(0x40).Bytes()))), QVector<QRgb>({ 0x102030, 0x405060 }));
 }
 
-TEST(BitmapReader, ReadsLongerHeaderForms)
+TEST(BitmapReader, ReadsLongerHeaderVersions)
 {
     for (const int length : { 52, 56, 64, 108, 124 }) {
         ByteWriter dib;
@@ -200,7 +200,7 @@ TEST(BitmapReader, ReadsLongerHeaderForms)
     }
 }
 
-TEST(BitmapReader, StartsWithTheLowerLineUnlessTheHeightIsNegative)
+TEST(BitmapReader, IsBottomUpUnlessHeightIsNegative)
 {
     const QByteArray pixels = ByteWriter().Add32(0x111111).Add32(0x222222).Bytes();
     TestDib dib = OneLine(1, 32, pixels);
@@ -210,25 +210,25 @@ TEST(BitmapReader, StartsWithTheLowerLineUnlessTheHeightIsNegative)
     EXPECT_EQ(At(*Read(dib), 0, 0), 0x111111U);
 }
 
-TEST(BitmapReader, FindsPixelsWhereTheFileSays)
+TEST(BitmapReader, HonoursPixelOffset)
 {
     const QByteArray dib = OneLine(1, 24, QByteArray("....", 4) + QByteArray("\x30\x20\x10\0", 4)).Bytes();
     EXPECT_EQ(Line(Read(FileOf(dib, 14 + 40 + 4))), QVector<QRgb>({ 0x102030 }));
 }
 
-TEST(BitmapReader, TakesASmallerColourTable)
+TEST(BitmapReader, AcceptsSmallerColourTable)
 {
     TestDib dib = OneLine(4, 8, QByteArray("\0\1\2\3", 4), kFour);
-    dib.ColoursUsed = 0; // all 256, but the pixels come earlier
+    dib.ColoursUsed = 0; // 256 by default, but the pixel offset leaves space for fewer
     EXPECT_EQ(Line(Read(FileOf(dib.Bytes(), 14 + 40 + 16))), QVector<QRgb>({ 0x000000, 0xFF0000, 0x00FF00, 0x0000FF }));
 }
 
-TEST(BitmapReader, SkipsAColourTableBesideTrueColours)
+TEST(BitmapReader, SkipsColourTableOfTrueColourBitmap)
 {
     EXPECT_EQ(Line(Read(OneLine(1, 24, QByteArray("\x30\x20\x10\0", 4), kFour))), QVector<QRgb>({ 0x102030 }));
 }
 
-TEST(BitmapReader, DoesNotMissTheFillingOfTheLastLine)
+TEST(BitmapReader, AcceptsMissingPaddingOfLastLine)
 {
     EXPECT_EQ(Line(Read(OneLine(1, 24, QByteArray("\x30\x20\x10", 3)))), QVector<QRgb>({ 0x102030 }));
     EXPECT_FALSE(Read(OneLine(1, 24, QByteArray("\x30\x20", 2))));
@@ -240,13 +240,13 @@ TEST(BitmapRuns, RepeatPixels)
         QVector<QRgb>({ 0xFF0000, 0xFF0000, 0xFF0000, 0x00FF00, 0x00FF00 }));
 }
 
-TEST(BitmapRuns, OfLiteralPixelsAreFilledUpToWords)
+TEST(BitmapRuns, LiteralPixelsArePaddedToWords)
 {
     EXPECT_EQ(Line(Read(Runs(4, 1, QByteArray("\0\3\1\2\3\0\1\2\0\1", 10)))),
         QVector<QRgb>({ 0xFF0000, 0x00FF00, 0x0000FF, 0x00FF00 }));
 }
 
-TEST(BitmapRuns, GoFromTheLowerLineUp)
+TEST(BitmapRuns, AreBottomUp)
 {
     const auto picture = Read(Runs(2, 2, QByteArray("\2\1\0\0\2\2\0\1", 8)));
     EXPECT_EQ(Line(picture, 1), QVector<QRgb>({ 0xFF0000, 0xFF0000 }));
@@ -261,7 +261,7 @@ TEST(BitmapRuns, CanSkipPixels)
     EXPECT_EQ(Line(picture, 0), QVector<QRgb>({ 0, 0, 0x00FF00 }));
 }
 
-TEST(BitmapRuns, OfFourBitsTakeTurns)
+TEST(BitmapRuns, OfFourBitsAlternateBetweenTwoColours)
 {
     TestDib dib = OneLine(8, 4, QByteArray("\3\x12\0\5\x12\x31\x20\0\0\1", 10), kFour);
     dib.Compression = Rle4;
@@ -269,16 +269,16 @@ TEST(BitmapRuns, OfFourBitsTakeTurns)
         QVector<QRgb>({ 0xFF0000, 0x00FF00, 0xFF0000, 0xFF0000, 0x00FF00, 0x0000FF, 0xFF0000, 0x00FF00 }));
 }
 
-TEST(BitmapRuns, MayEndWithoutMarkWhenThePictureIsFull)
+TEST(BitmapRuns, MayEndWithoutMarkWhenPictureIsFull)
 {
     EXPECT_TRUE(Read(Runs(2, 2, QByteArray("\2\1\0\0\2\2", 6))));
     EXPECT_FALSE(Read(Runs(2, 2, QByteArray("\2\1\0\0\1\2", 6))));
     EXPECT_FALSE(Read(Runs(2, 2, QByteArray("\2\1", 2))));
 }
 
-TEST(BitmapRuns, MayCodeTheFillingOfTheirLines)
+TEST(BitmapRuns, MayEncodePadding)
 {
-    // A number without a colour is none of the picture there.
+    // In the padding an index may exceed the colour table.
     const auto picture = Read(Runs(2, 2, QByteArray("\3\1\1\x63\0\0\0\4\2\1\3\3\0\0\0\1", 16)));
     EXPECT_EQ(Line(picture, 1), QVector<QRgb>({ 0xFF0000, 0xFF0000 }));
     EXPECT_EQ(Line(picture, 0), QVector<QRgb>({ 0x00FF00, 0xFF0000 }));
@@ -288,7 +288,7 @@ TEST(BitmapRuns, MayCodeTheFillingOfTheirLines)
     EXPECT_EQ(Line(Read(dib)), QVector<QRgb>({ 0xFF0000, 0x00FF00, 0xFF0000 }));
 }
 
-TEST(BitmapRuns, BeyondTheFillingOfTheirLineAreRefused)
+TEST(BitmapRuns, BeyondPaddingAreRefused)
 {
     EXPECT_FALSE(Read(Runs(2, 2, QByteArray("\5\1\0\1", 4))));
     EXPECT_FALSE(Read(Runs(2, 2, QByteArray("\2\1\3\1\0\1", 6))));
@@ -296,7 +296,7 @@ TEST(BitmapRuns, BeyondTheFillingOfTheirLineAreRefused)
     EXPECT_FALSE(Read(Runs(4, 1, QByteArray("\5\1\0\1", 4))));
 }
 
-TEST(BitmapRuns, BeyondThePictureAreRefused)
+TEST(BitmapRuns, BeyondPictureAreRefused)
 {
     EXPECT_FALSE(Read(Runs(2, 1, QByteArray("\2\1\0\0\1\1\0\1", 8))));
     EXPECT_FALSE(Read(Runs(2, 1, QByteArray("\0\2\0\1\0\1", 6))));
@@ -304,7 +304,7 @@ TEST(BitmapRuns, BeyondThePictureAreRefused)
     EXPECT_FALSE(Read(Runs(2, 1, QByteArray("\0\0\0\0\0\1", 6))));
 }
 
-TEST(BitmapRuns, ThatAreCutShortAreRefused)
+TEST(BitmapRuns, TruncatedAreRefused)
 {
     EXPECT_FALSE(Read(Runs(4, 1, QByteArray("\0\4\1\1\1", 5))));
     EXPECT_FALSE(Read(Runs(4, 1, QByteArray("\0\2\1", 3))));
@@ -312,7 +312,7 @@ TEST(BitmapRuns, ThatAreCutShortAreRefused)
     EXPECT_FALSE(Read(Runs(4, 1, {})));
 }
 
-TEST(HostileBitmaps, CutShortAnywhereAreRefused)
+TEST(HostileBitmaps, TruncatedAnywhereAreRefused)
 {
     const QByteArray file = FileOf(OneLine(4, 8, QByteArray("\0\1\2\3", 4), kFour).Bytes());
     for (int length = 0; length < file.size(); ++length)
@@ -321,7 +321,7 @@ TEST(HostileBitmaps, CutShortAnywhereAreRefused)
     EXPECT_TRUE(Read(file + "more"));
 }
 
-TEST(HostileBitmaps, OfEveryFormCutShortAnywhereAreRefused)
+TEST(HostileBitmaps, OfEveryFormTruncatedAnywhereAreRefused)
 {
     const QByteArray pixel = ByteWriter().Add32(0xFF102030).Bytes();
     TestDib fourBitRuns = OneLine(3, 4, QByteArray("\3\x12\0\1", 4), kFour);
@@ -335,7 +335,7 @@ TEST(HostileBitmaps, OfEveryFormCutShortAnywhereAreRefused)
         FileOf(OneLine(1, 32, pixel).Bytes()),
         FileOf(Masked(32, { 0xFF, 0xFF00, 0xFF0000 }, pixel).Bytes()),
         FileOf(Masked(32, { 0xFF, 0xFF00, 0xFF0000, 0xFF000000 }, pixel, AlphaMasks).Bytes()),
-        FileOf(Runs(3, 1, QByteArray("\2\1\0\1", 4)).Bytes()).chopped(2), // runs that stop in the line
+        FileOf(Runs(3, 1, QByteArray("\2\1\0\1", 4)).Bytes()).chopped(2), // the data ends inside a line
         FileOf(fourBitRuns.Bytes()).chopped(3),
         WithAlpha(pixel, 1),
     };
@@ -347,7 +347,7 @@ TEST(HostileBitmaps, OfEveryFormCutShortAnywhereAreRefused)
         EXPECT_EQ(Read(file).has_value(), &file != &files[8] && &file != &files[9]) << file.toHex().toStdString();
 }
 
-TEST(HostileBitmaps, OfAnotherFormatAreRefused)
+TEST(HostileBitmaps, OfOtherFormatsAreRefused)
 {
     QByteArray file = FileOf(OneLine(1, 24, QByteArray(4, '\0')).Bytes());
     file[0] = 'b';
@@ -363,7 +363,7 @@ TEST(HostileBitmaps, WithoutSizeAreRefused)
     EXPECT_FALSE(Read(flat));
 }
 
-TEST(HostileBitmaps, OfAbsurdSizesAreRefusedBeforeMemoryIsTaken)
+TEST(HostileBitmaps, OfAbsurdSizesAreRefusedBeforeAllocating)
 {
     const std::pair<int, int> sizes[] = { { TVIMG_MAX_SIDE + 1, 1 }, { 1, TVIMG_MAX_SIDE + 1 },
         { 1, -TVIMG_MAX_SIDE - 1 }, { TVIMG_MAX_SIDE, TVIMG_MAX_SIDE }, { 0x7FFFFFFF, 0x7FFFFFFF },
@@ -374,7 +374,7 @@ TEST(HostileBitmaps, OfAbsurdSizesAreRefusedBeforeMemoryIsTaken)
     }
 }
 
-TEST(HostileBitmaps, WithNumbersBeyondTheColourTableAreRefused)
+TEST(HostileBitmaps, WithIndexesBeyondColourTableAreRefused)
 {
     EXPECT_FALSE(Read(OneLine(4, 8, QByteArray("\0\1\2\4", 4), kFour)));
     EXPECT_FALSE(Read(OneLine(2, 4, QByteArray("\x14\0\0\0", 4), kFour)));
@@ -401,7 +401,7 @@ TEST(HostileBitmaps, WithImpossibleHeadersAreRefused)
     EXPECT_TRUE(Read(runs));
     runs.Height = -1;
     EXPECT_FALSE(Read(runs));
-    ByteWriter fax; // another coding bears this number in this header
+    ByteWriter fax; // this value means another compression in this header
     fax.Add32(64).Add32(1).Add32(1).Add16(1).Add16(32).Add32(Masks).Add(QByteArray(20, '\0'));
     fax.Add32(0xFF0000).Add32(0xFF00).Add32(0xFF).Add(QByteArray(12, '\0')).Add32(0);
     EXPECT_FALSE(Read(FileOf(fax.Bytes())));
@@ -422,18 +422,18 @@ TEST(HostileBitmaps, WithImpossibleMasksAreRefused)
     EXPECT_FALSE(Read(Masked(32, { 0xFF0000 }, {})));
 }
 
-TEST(HostileBitmaps, WithAColourTableBeyondTheirOwnAreRefused)
+TEST(HostileBitmaps, WithTooLongColourTablesAreRefused)
 {
     TestDib dib = OneLine(1, 8, QByteArray(4, '\0'), kFour);
     dib.ColoursUsed = 0x7FFFFFFF;
     EXPECT_FALSE(Read(dib));
-    dib.ColoursUsed = 200; // and the file ends before
+    dib.ColoursUsed = 200; // beyond the end of the file
     EXPECT_FALSE(Read(dib));
     EXPECT_TRUE(Read(OneLine(1, 8, QByteArray(4, '\0'), std::vector<QRgb>(256))));
     EXPECT_FALSE(Read(OneLine(1, 8, QByteArray(4, '\0'), std::vector<QRgb>(257))));
 }
 
-TEST(HostileBitmaps, WithPixelsOutsideTheFileAreRefused)
+TEST(HostileBitmaps, WithPixelsOutsideFileAreRefused)
 {
     const QByteArray dib = OneLine(1, 24, QByteArray(4, '\0')).Bytes();
     for (const int at : { 1, 13, 14, 20, 53, 1000, -1, std::numeric_limits<int>::min() })

@@ -15,7 +15,7 @@ using Convert = void (*)(uint32_t* pixels, int count);
 
 constexpr int kColoursAtOnce = 1 << 18;
 
-/// The formula in 64-bit floats, rounded as the platform rounds: halves to even.
+/// The formula in 64-bit floats, rounded to nearest, halves to even.
 uint32_t Expected(uint32_t pixel)
 {
     const double first = pixel & 0xFF;
@@ -25,7 +25,7 @@ uint32_t Expected(uint32_t pixel)
     return 0xFF000000U | (255 - grey) * 0x010101U;
 }
 
-/// Number of the 16.7 million colours for which a conversion differs from the formula.
+/// The number of 24-bit colours for which a conversion differs from the formula.
 int WrongColours(Convert convert)
 {
     int wrong = 0;
@@ -41,17 +41,17 @@ int WrongColours(Convert convert)
 
 } // namespace
 
-TEST(Grey, IsTheFormulaForEveryColour)
+TEST(Grey, MatchesFormulaForEveryColour)
 {
     EXPECT_EQ(WrongColours(GreyRow), 0);
 }
 
-TEST(Grey, PixelByPixelIsTheFormulaForEveryColour)
+TEST(Grey, PixelByPixelMatchesFormulaForEveryColour)
 {
-    EXPECT_EQ(WrongColours(GreyRowPlainly), 0);
+    EXPECT_EQ(WrongColours(GreyRowScalar), 0);
 }
 
-TEST(Grey, TakesRowsOfAnyLengthAndNothingBeyond)
+TEST(Grey, HandlesRowsOfAnyLengthAndNothingBeyond)
 {
     for (int count = 0; count <= 20; ++count) {
         std::vector<uint32_t> pixels(24, 0xFFFF0000U);

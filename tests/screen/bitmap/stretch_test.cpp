@@ -4,7 +4,7 @@
 
 namespace tarvik {
 
-TEST(BlackAndWhite, LeavesAPictureThatSharesThePixels)
+TEST(BlackAndWhite, LeavesPictureThatSharesPixels)
 {
     QImage picture(3, 1, QImage::Format_RGB32);
     picture.fill(Qt::white);
@@ -14,7 +14,7 @@ TEST(BlackAndWhite, LeavesAPictureThatSharesThePixels)
     EXPECT_EQ(other.pixel(2, 0), 0xFFFFFFFFU);
 }
 
-TEST(BlackAndWhite, TakesRowsOfAnyWidth)
+TEST(BlackAndWhite, HandlesRowsOfAnyWidth)
 {
     for (const int width : { 1, 255, 256, 257, 600 }) {
         QImage picture(width, 2, QImage::Format_RGB32);
@@ -24,14 +24,14 @@ TEST(BlackAndWhite, TakesRowsOfAnyWidth)
     }
 }
 
-TEST(BlackAndWhite, DoesNothingToAPictureWithoutPixels)
+TEST(BlackAndWhite, IgnoresNullPicture)
 {
     QImage picture;
     ConvertToBlackAndWhite(picture);
     EXPECT_TRUE(picture.isNull());
 }
 
-TEST(Stretching, GivesThePictureItselfAtItsOwnSize)
+TEST(Stretching, ReturnsSamePictureAtItsOwnSize)
 {
     QImage picture(7, 5, QImage::Format_RGB32);
     picture.fill(Qt::red);

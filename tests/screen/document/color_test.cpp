@@ -5,7 +5,7 @@ namespace tarvik {
 
 using DocumentColours = ScreenTest;
 
-TEST_F(DocumentColours, AnswerZeroForAWindowThatIsNoScreen)
+TEST_F(DocumentColours, AreZeroForNonScreenWindow)
 {
     TheColorDefaults().Background = 0x123456;
     EXPECT_EQ(ColorGet(0, ColourBackground), 0u);
@@ -14,7 +14,7 @@ TEST_F(DocumentColours, AnswerZeroForAWindowThatIsNoScreen)
     EXPECT_EQ(ColorGet(Open(), -1), 0u);
 }
 
-TEST_F(DocumentColours, ForegroundSetsTheTextToo)
+TEST_F(DocumentColours, ForegroundSetsTextToo)
 {
     const WindowId id = Open();
     ColorStore(0x112233, id, ColourForeground);
@@ -24,7 +24,7 @@ TEST_F(DocumentColours, ForegroundSetsTheTextToo)
     EXPECT_EQ(TheColorDefaults().Text, 0x112233u);
 }
 
-TEST_F(DocumentColours, TextLeavesTheForeground)
+TEST_F(DocumentColours, TextKeepsForeground)
 {
     const WindowId id = Open();
     ColorStore(0x112233, id, ColourText);
@@ -32,7 +32,7 @@ TEST_F(DocumentColours, TextLeavesTheForeground)
     EXPECT_EQ(ColorGet(id, ColourForeground), 0u);
 }
 
-TEST_F(DocumentColours, EachIsWhatNewDocumentsStartWith)
+TEST_F(DocumentColours, EachBecomesDefaultOfNewDocuments)
 {
     const WindowId id = Open();
     ColorStore(0x010203, id, ColourBackground);
@@ -44,7 +44,7 @@ TEST_F(DocumentColours, EachIsWhatNewDocumentsStartWith)
     EXPECT_EQ(PaletteOf(id), PaletteBlackAndWhite);
 }
 
-TEST_F(DocumentColours, AreSetAsDefaultWithoutADocument)
+TEST_F(DocumentColours, SetDefaultsWithoutDocument)
 {
     ColorStore(0x010203, 0, ColourMarker);
     EXPECT_EQ(TheColorDefaults().Marker, 0x010203u);
@@ -54,7 +54,7 @@ TEST_F(DocumentColours, AreSetAsDefaultWithoutADocument)
     EXPECT_EQ(PaletteOf(0), PaletteColour);
 }
 
-TEST_F(DocumentColours, PaperIsTheBackgroundInColourAndWhiteElse)
+TEST_F(DocumentColours, PaperIsBackgroundInColourAndWhiteOtherwise)
 {
     const WindowId id = Open();
     ColorStore(0x010203, id, ColourBackground);
@@ -72,7 +72,7 @@ TEST_F(DocumentColours, TextColourIsTheFourth)
     EXPECT_EQ(TextColor(id), 0x0A0B0Cu);
 }
 
-TEST_F(DocumentColours, TransparentPlacesOfANewDocumentShowItsPaper)
+TEST_F(DocumentColours, TransparentPixelsOfNewDocumentShowItsPaper)
 {
     TheColorDefaults().Background = 0x010203;
     EXPECT_EQ(PaperOfNewDocument(), 0x010203u);

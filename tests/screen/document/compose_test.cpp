@@ -10,8 +10,8 @@ namespace {
 
 class Composing : public ScreenTest {
 protected:
-    /// Number of pixels in these rows that are not of the colour.
-    static int Others(const QImage& image, int top, int bottom, QColor colour)
+    /// The number of pixels in these rows that differ from the colour.
+    static int CountDifferent(const QImage& image, int top, int bottom, QColor colour)
     {
         int others = 0;
         for (int row = top; row < bottom; ++row) {
@@ -26,13 +26,13 @@ const QColor kPaper(0xCE, 0xCF, 0xCE);
 
 } // namespace
 
-TEST_F(Composing, WithoutADescriptionIsThePicture)
+TEST_F(Composing, WithoutDescriptionGivesPicture)
 {
     const WindowId id = Open();
     EXPECT_EQ(ComposeWindow(id), Picture());
 }
 
-TEST_F(Composing, PictureIsAsLargeAsTheWindowShowsIt)
+TEST_F(Composing, PictureHasSizeInWindow)
 {
     const WindowId id = Open();
     Views[id].Client = { 321, 442 };
@@ -40,7 +40,7 @@ TEST_F(Composing, PictureIsAsLargeAsTheWindowShowsIt)
     EXPECT_EQ(ComposeWindow(id).size(), QSize(321, 221));
 }
 
-TEST_F(Composing, DescriptionStandsUnderALine)
+TEST_F(Composing, DescriptionIsBelowSeparatorLine)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
@@ -49,45 +49,46 @@ TEST_F(Composing, DescriptionStandsUnderALine)
     const int line = DescrLineHeight(id);
     ASSERT_EQ(whole.size(), QSize(642, 442 + 2 * line + 1));
     EXPECT_EQ(whole.copy(0, 0, 642, 442), Picture());
-    EXPECT_EQ(Others(whole, 442, 443, Qt::black), 0);
-    EXPECT_GT(Others(whole, 443, 443 + line, kPaper), 0);
-    EXPECT_GT(Others(whole, 443 + line, 443 + 2 * line, kPaper), 0);
+    EXPECT_EQ(CountDifferent(whole, 442, 443, Qt::black), 0);
+    EXPECT_GT(CountDifferent(whole, 443, 443 + line, kPaper), 0);
+    EXPECT_GT(CountDifferent(whole, 443 + line, 443 + 2 * line, kPaper), 0);
 }
 
-TEST_F(Composing, EmptyDescriptionIsPaper)
+TEST_F(Composing, EmptyDescriptionIsBlank)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
     const QImage whole = ComposeWindow(id);
-    EXPECT_EQ(Others(whole, 443, whole.height(), kPaper), 0);
+    EXPECT_EQ(CountDifferent(whole, 443, whole.height(), kPaper), 0);
 }
 
-TEST_F(Composing, TextBeginsWhereTheWindowHasIt)
+TEST_F(Composing, TextStartsAsInWindow)
 {
     const WindowId id = Open(SubtypeFile, Picture({ 900, 100 }));
     DescrSetVisible(true, id);
     DescrSetText(id, QStringLiteral("x"));
     const QImage whole = ComposeWindow(id);
     const QRect place = Views[id].Layout.Text;
-    EXPECT_EQ(Others(whole.copy(0, 101, place.left(), whole.height() - 101), 0, whole.height() - 101, kPaper), 0);
+    EXPECT_EQ(
+        CountDifferent(whole.copy(0, 101, place.left(), whole.height() - 101), 0, whole.height() - 101, kPaper), 0);
     const QImage letter = whole.copy(place.left(), 101, 10, whole.height() - 101);
-    EXPECT_GT(Others(letter, 0, letter.height(), kPaper), 0);
+    EXPECT_GT(CountDifferent(letter, 0, letter.height(), kPaper), 0);
 }
 
-TEST_F(Composing, TextOfANarrowPictureBeginsAtItsEdge)
+TEST_F(Composing, TextOfNarrowPictureStartsAtEdge)
 {
     const WindowId id = Open(SubtypeFile, Picture({ 100, 100 }));
     DescrSetVisible(true, id);
     DescrSetText(id, QStringLiteral("x"));
     const QImage whole = ComposeWindow(id);
-    EXPECT_GT(Others(whole.copy(0, 101, 10, whole.height() - 101), 0, whole.height() - 101, kPaper), 0);
+    EXPECT_GT(CountDifferent(whole.copy(0, 101, 10, whole.height() - 101), 0, whole.height() - 101, kPaper), 0);
 }
 
-TEST_F(Composing, LetterHigherThanItsLineStaysOutOfThePicture)
+TEST_F(Composing, GlyphHigherThanLineStaysOutOfPicture)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
-    DescrSetText(id, QString(QChar(u'B')) + QChar(0x0301)); // an accent for which no letter was made
+    DescrSetText(id, QString(QChar(u'B')) + QChar(0x0301)); // a combination without a precomposed glyph
     EXPECT_EQ(ComposeWindow(id).copy(0, 0, 642, 442), Picture());
 }
 
@@ -97,11 +98,11 @@ TEST_F(Composing, BlackAndWhiteHasWhitePaper)
     DescrSetVisible(true, id);
     PaletteSet(PaletteBlackAndWhite, id, true);
     const QImage whole = ComposeWindow(id);
-    EXPECT_EQ(Others(whole, 0, 100, Qt::black), 0);
-    EXPECT_EQ(Others(whole, 101, whole.height(), Qt::white), 0);
+    EXPECT_EQ(CountDifferent(whole, 0, 100, Qt::black), 0);
+    EXPECT_EQ(CountDifferent(whole, 101, whole.height(), Qt::white), 0);
 }
 
-TEST_F(Composing, LettersHaveNoColours)
+TEST_F(Composing, TextHasNoColouredEdges)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
@@ -111,7 +112,7 @@ TEST_F(Composing, LettersHaveNoColours)
     EXPECT_TRUE(whole.copy(0, 443, whole.width(), whole.height() - 443).isGrayscale());
 }
 
-TEST_F(Composing, WithoutAPictureIsNothing)
+TEST_F(Composing, WithoutPictureGivesNull)
 {
     EXPECT_TRUE(ComposeWindow(0).isNull());
     EXPECT_TRUE(ComposeWindow(TakeSlot(WindowScreen)).isNull());

@@ -8,7 +8,7 @@ namespace {
 
 class Descriptions : public ScreenTest {
 protected:
-    /// A window that shows `text`.
+    /// Opens a window with the description `text`.
     WindowId Shown(const QString& text, int columns = 70)
     {
         const WindowId id = Open();
@@ -32,7 +32,7 @@ QString Letters(qsizetype count)
 
 } // namespace
 
-TEST_F(Descriptions, ColumnsHaveTheirLimitsByType)
+TEST_F(Descriptions, ColumnLimitsDependOnType)
 {
     const DescriptionColumns screen = DescrColumnsOf(WindowScreen);
     EXPECT_EQ(screen.Default, 70);
@@ -44,7 +44,7 @@ TEST_F(Descriptions, ColumnsHaveTheirLimitsByType)
     EXPECT_EQ(diagram.Most, 110);
 }
 
-TEST_F(Descriptions, ColumnsTakeBothEndsOfTheirRange)
+TEST_F(Descriptions, ColumnLimitsAreInclusive)
 {
     EXPECT_FALSE(IsValid(QStringLiteral("39"), WindowScreen));
     EXPECT_TRUE(IsValid(QStringLiteral("40"), WindowScreen));
@@ -56,7 +56,7 @@ TEST_F(Descriptions, ColumnsTakeBothEndsOfTheirRange)
     EXPECT_FALSE(IsValid(QStringLiteral("111"), WindowDataSet));
 }
 
-TEST_F(Descriptions, ColumnsAreAWholeNumberOf16Bits)
+TEST_F(Descriptions, ColumnsAreA16BitInteger)
 {
     int value = 5;
     EXPECT_TRUE(ValidInt(QStringLiteral(" 70 "), DescrColumnsOf(WindowScreen), value));
@@ -66,7 +66,7 @@ TEST_F(Descriptions, ColumnsAreAWholeNumberOf16Bits)
     EXPECT_EQ(value, 70);
 }
 
-TEST_F(Descriptions, AreVisibleOnlyInAWindowThatIsNotMaximised)
+TEST_F(Descriptions, AreVisibleUnlessMaximised)
 {
     const WindowId id = Shown({});
     EXPECT_TRUE(DescrVisible(id));
@@ -81,7 +81,7 @@ TEST_F(Descriptions, AreVisibleOnlyInAWindowThatIsNotMaximised)
     EXPECT_FALSE(DescrVisible(100));
 }
 
-TEST_F(Descriptions, HeightIsThatOfTheLinesAndOnePixel)
+TEST_F(Descriptions, HeightIsLinesPlusOnePixel)
 {
     const WindowId id = Shown({});
     const int line = DescrLineHeight(id);
@@ -91,7 +91,7 @@ TEST_F(Descriptions, HeightIsThatOfTheLinesAndOnePixel)
     EXPECT_EQ(DescrHeight(id), 3 * line + 1);
 }
 
-TEST_F(Descriptions, FontIsBoldOnAScreenWindowOnly)
+TEST_F(Descriptions, FontIsBoldInScreenWindowsOnly)
 {
     EXPECT_TRUE(DescrFont(WindowScreen).bold());
     EXPECT_FALSE(DescrFont(WindowDataSet).bold());
@@ -99,7 +99,7 @@ TEST_F(Descriptions, FontIsBoldOnAScreenWindowOnly)
     EXPECT_EQ(DescrFont(WindowScreen).pixelSize(), 12); // 9 points
 }
 
-TEST_F(Descriptions, LineHoldsExactlyItsColumns)
+TEST_F(Descriptions, LineHoldsExactNumberOfColumns)
 {
     for (const int columns : { 40, 70, 100 }) {
         const WindowId id = Shown(Letters(columns), columns);
@@ -109,7 +109,7 @@ TEST_F(Descriptions, LineHoldsExactlyItsColumns)
     }
 }
 
-TEST_F(Descriptions, BreakByWordWhereThereIsAPlaceForIt)
+TEST_F(Descriptions, BreakAtWordsIfPossible)
 {
     const WindowId id = Shown({}, 40);
     const QString text = Letters(30) + u' ' + Letters(20);
@@ -118,7 +118,7 @@ TEST_F(Descriptions, BreakByWordWhereThereIsAPlaceForIt)
     EXPECT_EQ(DescrLines(Letters(90), id), (QStringList{ Letters(40), Letters(40), Letters(10) }));
 }
 
-TEST_F(Descriptions, LinesEndWithEitherMark)
+TEST_F(Descriptions, AcceptEitherLineEnd)
 {
     const WindowId id = Shown({});
     const QStringList expected{ QStringLiteral("a"), QString(), QStringLiteral("b") };
@@ -126,7 +126,7 @@ TEST_F(Descriptions, LinesEndWithEitherMark)
     EXPECT_EQ(DescrLines(QStringLiteral("a\n\nb"), id), expected);
 }
 
-TEST_F(Descriptions, StandInTheMiddleAboveTheBottom)
+TEST_F(Descriptions, AreCentredAboveBottom)
 {
     const WindowId id = Shown(QStringLiteral("a\r\nb"));
     const int line = DescrLineHeight(id);
@@ -137,7 +137,7 @@ TEST_F(Descriptions, StandInTheMiddleAboveTheBottom)
     EXPECT_EQ(layout.LineTop, 500 - 2 * line - 1);
 }
 
-TEST_F(Descriptions, StickOutOfANarrowWindowOnBothSides)
+TEST_F(Descriptions, OverlapNarrowWindowOnBothSides)
 {
     const WindowId id = Shown({});
     const int width = DescrWidth(id);
@@ -148,7 +148,7 @@ TEST_F(Descriptions, StickOutOfANarrowWindowOnBothSides)
     EXPECT_EQ(text.width(), width);
 }
 
-TEST_F(Descriptions, StandOutOfViewWhileHidden)
+TEST_F(Descriptions, AreOutOfViewWhileHidden)
 {
     const WindowId id = Open();
     const DescriptionLayout layout = DescrLayout(id, { 300, 200 });
@@ -166,7 +166,7 @@ TEST_F(Descriptions, FitKeepsTenLines)
     EXPECT_EQ(DescrFit({}, 40), QString());
 }
 
-TEST_F(Descriptions, FitEndsBeforeTheTenthLineEnd)
+TEST_F(Descriptions, FitStopsBeforeTenthLineEnd)
 {
     QString text;
     for (int line = 1; line <= 12; ++line)
@@ -176,21 +176,21 @@ TEST_F(Descriptions, FitEndsBeforeTheTenthLineEnd)
     EXPECT_EQ(kept.count(u'\n'), 9);
 }
 
-TEST_F(Descriptions, FitCountsPositionsOverLineEnds)
+TEST_F(Descriptions, FitCountsPositionsAcrossLineEnds)
 {
-    // Position 80 is the second line's end by columns, although the line end at 41 has begun another line.
+    // The second line ends at position 80 by columns, although the line end at 41 has already started another line.
     const QString text = Letters(39) + QStringLiteral("\r\n") + Letters(500);
     EXPECT_EQ(DescrFit(text, 40), text.left(400));
 }
 
-TEST_F(Descriptions, AreKeptWithoutBlanksAtTheEndAndWithoutControlCharacters)
+TEST_F(Descriptions, AreStoredWithoutTrailingBlanksAndControlCharacters)
 {
     EXPECT_EQ(DescrNormalised(QStringLiteral(" a\tb\n \nc  ")), QStringLiteral(" a b\r\n \r\nc"));
     EXPECT_EQ(DescrNormalised(QStringLiteral("a\r\nb\rc\n")), QStringLiteral("a\r\nb\r\nc\r\n"));
     EXPECT_EQ(DescrNormalised(QStringLiteral("\x01")), QString());
 }
 
-TEST_F(Descriptions, HoldWhatTheirRecordHasRoomFor)
+TEST_F(Descriptions, AreCutToRecordLength)
 {
     const QString full = Letters(kDescriptionLength);
     EXPECT_EQ(DescrStored(full), full);
@@ -199,19 +199,19 @@ TEST_F(Descriptions, HoldWhatTheirRecordHasRoomFor)
     EXPECT_EQ(DescrStored(u'\n' + Letters(kDescriptionLength)).size(), kDescriptionLength) << "a line end is two";
 }
 
-TEST_F(Descriptions, AreNotCutInTheMiddleOfACharacter)
+TEST_F(Descriptions, AreNotCutInsideSurrogatePair)
 {
     const QString almost = Letters(kDescriptionLength - 1);
     EXPECT_EQ(DescrStored(almost + QStringLiteral("\nx")), almost);
     EXPECT_EQ(DescrStored(almost + QStringLiteral("\U0001f4e1")), almost);
 }
 
-TEST_F(Descriptions, FitCountsAPositionThatIsBothOnce)
+TEST_F(Descriptions, FitCountsCoincidingEndsOnce)
 {
-    // The line end at position 40 is the end of the first line by columns as well.
+    // The line end at position 40 coincides with the end of the first line by columns.
     const QString text = Letters(39) + QStringLiteral("\r\n") + Letters(500);
     EXPECT_EQ(DescrFit(text, 40).size(), 400);
-    // By nine line ends the tenth is reached; it ends where the columns say, at a line end, or not at all.
+    // The tenth line starts after nine line ends; it ends by columns, at a line end, or not at all.
     const QString nine = QStringLiteral("\r\n").repeated(9);
     EXPECT_EQ(DescrFit(nine + Letters(800), 40).size(), 400);
     EXPECT_EQ(DescrFit(nine + QStringLiteral("a\r\n"), 40), nine + u'a');

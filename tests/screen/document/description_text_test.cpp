@@ -21,14 +21,14 @@ int WidthOf(int columns)
 
 } // namespace
 
-TEST(DescriptionTexts, HaveOneKindOfLineEnd)
+TEST(DescriptionTexts, NormaliseLineEnds)
 {
     EXPECT_EQ(DescriptionPlain(QStringLiteral("a\r\nb\nc\rd")), QStringLiteral("a\nb\nc\nd"));
     for (const char16_t end : { u'\u2028', u'\u2029', u'\ufdd0', u'\ufdd1' })
         EXPECT_EQ(DescriptionPlain(QStringLiteral("a") + QChar(end) + u'b'), QStringLiteral("a\nb"));
 }
 
-TEST(DescriptionTexts, HaveNoControlCharacters)
+TEST(DescriptionTexts, ReplaceControlCharacters)
 {
     EXPECT_EQ(DescriptionPlain(QStringLiteral("a\tb\x01"
                                               "c\u0085d\ufffc")),
@@ -41,7 +41,7 @@ TEST(DescriptionTexts, KeepEveryOtherCharacter)
     EXPECT_EQ(DescriptionPlain(text), text);
 }
 
-TEST(DescriptionTexts, BreakAtAWordAndNotAtAFixedBlank)
+TEST(DescriptionTexts, BreakAtWordsButNotAtNonBreakingSpace)
 {
     const QString words = QString(8, u'x') + u' ' + QString(8, u'y');
     EXPECT_EQ(DescriptionText(words, Font(), WidthOf(10)).Lines().first(), QString(8, u'x') + u' ');
@@ -56,7 +56,7 @@ TEST(DescriptionTexts, CountEveryLine)
     EXPECT_EQ(DescriptionText(QString(25, u'x') + QStringLiteral("\ny"), Font(), WidthOf(10)).LineCount(), 4);
 }
 
-TEST(DescriptionTexts, GiveTheirFirstLines)
+TEST(DescriptionTexts, ReturnFirstLines)
 {
     const QString text = QString(25, u'x') + QStringLiteral("\n\ny\n");
     const DescriptionText laidOut(text, Font(), WidthOf(10)); // 10, 10, 5, 0, 1, 0
@@ -70,7 +70,7 @@ TEST(DescriptionTexts, GiveTheirFirstLines)
     EXPECT_EQ(laidOut.FirstLines(7), text);
 }
 
-TEST(DescriptionTexts, StandAtThePitchOfTheirFontWhateverLettersTheyHave)
+TEST(DescriptionTexts, KeepLinePitchWithFallbackFonts)
 {
     QTextLayout paragraph(QStringLiteral("\u0474\u02f0\u6a5f abcdef \u0474\u02f0\u6a5f"), Font());
     paragraph.setTextOption(DescriptionBreaks());

@@ -21,7 +21,7 @@ FitInput Dragged(QSize client, QSize graph, int description = 0)
     return { kMaster, client, graph, description, 0, ArrangeNone };
 }
 
-/// Within a whole pixel of the picture's aspect.
+/// Equal to the picture's aspect ratio within a pixel.
 bool HasAspect(QSize graph)
 {
     return std::abs(graph.width() - graph.height() * kAspect) <= kAspect / 2 + 0.5;
@@ -29,34 +29,34 @@ bool HasAspect(QSize graph)
 
 } // namespace
 
-TEST(Fit, WidthAloneLeadsToTheHeight)
+TEST(Fit, ChangedWidthSetsHeight)
 {
     EXPECT_EQ(FitClient(Dragged({ 321, 442 }, kMaster)), QSize(321, 221));
 }
 
-TEST(Fit, WidthAloneLeadsToTheHeightWithTheDescription)
+TEST(Fit, ChangedWidthSetsHeightWithDescription)
 {
     EXPECT_EQ(FitClient(Dragged({ 321, 442 + 57 }, kMaster, 57)), QSize(321, 221 + 57));
 }
 
-TEST(Fit, HeightAloneLeadsToTheWidth)
+TEST(Fit, ChangedHeightSetsWidth)
 {
     EXPECT_EQ(FitClient(Dragged({ 642, 221 }, kMaster)), QSize(321, 221));
     EXPECT_EQ(FitClient(Dragged({ 642, 884 + 57 }, kMaster, 57)), QSize(1211, 884 + 57)) << "642 by 941 over 499";
 }
 
-TEST(Fit, HeightThatIsJustEnoughKeepsTheWidthOfATile)
+TEST(Fit, SufficientHeightKeepsTileWidth)
 {
     EXPECT_EQ(FitClient({ kMaster, { 1000, 688 + 57 }, kMaster, 57, 0, ArrangeTileVertically }), QSize(1000, 688 + 57));
 }
 
-TEST(Fit, StatusPanelCountsLikeTheDescription)
+TEST(Fit, StatusPanelCountsLikeDescription)
 {
     const QSize wider(652, 442 + 57 + 20 + 5);
     EXPECT_EQ(FitClient({ kMaster, wider, kMaster, 57, 20, ArrangeNone }), QSize(652, 449 + 57 + 20));
 }
 
-TEST(Fit, ClientWithoutAreaBecomesOnePixel)
+TEST(Fit, EmptyClientBecomesOnePixel)
 {
     EXPECT_EQ(FitClient({ kMaster, { 0, 0 }, kMaster, 0, 0, ArrangeCascade }), QSize(1, 1));
     EXPECT_EQ(FitClient({ kMaster, { -3, 5 }, kMaster, 0, 0, ArrangeTileVertically }), QSize(1, 1));
@@ -74,7 +74,7 @@ TEST(Fit, HeightLeadsOnEqualDifferences)
     EXPECT_EQ(FitClient(Dragged({ 742, 342 }, kMaster)), QSize(497, 342));
 }
 
-TEST(Fit, KeepsTheAspectHoweverTheWindowIsDragged)
+TEST(Fit, KeepsAspectHoweverDragged)
 {
     QSize graph = kMaster;
     for (const QSize client : { QSize(300, 500), QSize(900, 300), QSize(901, 641), QSize(640, 642), QSize(400, 700) }) {
@@ -83,7 +83,7 @@ TEST(Fit, KeepsTheAspectHoweverTheWindowIsDragged)
     }
 }
 
-TEST(Fit, KeepsTheAspectOverADescriptionWhereTheWidthLeads)
+TEST(Fit, KeepsAspectWithDescriptionWhereWidthLeads)
 {
     for (const int description : { 15, 141 }) {
         for (const int width : { 300, 900 }) {
@@ -93,7 +93,7 @@ TEST(Fit, KeepsTheAspectOverADescriptionWhereTheWidthLeads)
     }
 }
 
-TEST(Fit, ComesNearerToTheAspectOverADescriptionWithEachStep)
+TEST(Fit, ApproachesAspectWithDescriptionStepByStep)
 {
     const QSize once = FitClient(Dragged({ 642, 700 }, kMaster, 57));
     const QSize twice = FitClient(Dragged(once, once - QSize(0, 57), 57));
@@ -103,7 +103,7 @@ TEST(Fit, ComesNearerToTheAspectOverADescriptionWithEachStep)
     EXPECT_LT(twice.width(), wanted);
 }
 
-TEST(Fit, OfAFittedWindowChangesNothing)
+TEST(Fit, OfFittedWindowChangesNothing)
 {
     for (int width = 20; width < 700; ++width) {
         for (const int description : { 0, 15 }) {
@@ -117,24 +117,24 @@ TEST(Fit, OfAFittedWindowChangesNothing)
     }
 }
 
-TEST(Fit, AnotherPictureOfTheSameSizeIsFittedByTheHeight)
+TEST(Fit, OtherPictureOfSameSizeIsFittedByHeight)
 {
     EXPECT_EQ(FitClient({ QSize(100, 50), QSize(200, 200), QSize(200, 200), 0, 0, ArrangeNone }), QSize(400, 200));
 }
 
-TEST(Fit, CascadeKeepsTheSize)
+TEST(Fit, CascadeKeepsSize)
 {
     EXPECT_EQ(FitClient({ kMaster, QSize(500, 10), kMaster, 15, 0, ArrangeCascade }), QSize(500, 10));
 }
 
-TEST(Fit, TilingHorizontallyKeepsTheHeight)
+TEST(Fit, TilingHorizontallyKeepsHeight)
 {
     EXPECT_EQ(FitClient({ kMaster, QSize(900, 221), kMaster, 0, 0, ArrangeTileHorizontally }), QSize(321, 221));
     EXPECT_EQ(FitClient({ kMaster, QSize(10, 221), kMaster, 0, 0, ArrangeTileHorizontally }), QSize(321, 221));
     EXPECT_EQ(FitClient({ kMaster, QSize(900, 221 + 15), kMaster, 15, 0, ArrangeTileHorizontally }), QSize(335, 236));
 }
 
-TEST(Fit, TilingVerticallyKeepsTheWidthWhileTheHeightIsEnough)
+TEST(Fit, TilingVerticallyKeepsWidthIfHeightSuffices)
 {
     EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 0, 0, ArrangeTileVertically }), QSize(321, 221));
     EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 15, 0, ArrangeTileVertically }), QSize(321, 236));
@@ -143,18 +143,18 @@ TEST(Fit, TilingVerticallyKeepsTheWidthWhileTheHeightIsEnough)
     EXPECT_EQ(FitClient({ kMaster, QSize(642, 236), kMaster, 15, 0, ArrangeTileVertically }), QSize(332, 236));
 }
 
-TEST(Fit, StatusHeightCountsLikeTheDescription)
+TEST(Fit, StatusHeightCountsLikeDescription)
 {
     EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 15, 5, ArrangeTileVertically }), QSize(321, 241));
 }
 
-TEST(Fit, NothingBecomesSmallerThanAPixel)
+TEST(Fit, NothingIsSmallerThanOnePixel)
 {
     EXPECT_EQ(FitClient({ kMaster, QSize(1, 1), kMaster, 141, 0, ArrangeTileHorizontally }), QSize(1, 1));
     EXPECT_EQ(FitClient({ QSize(30000, 1), QSize(10, 10), QSize(10, 10), 0, 0, ArrangeTileVertically }), QSize(10, 1));
 }
 
-TEST(Fit, PictureStaysWithinTheLimitsOfPictures)
+TEST(Fit, PictureStaysWithinLimits)
 {
     const QSize strip(2000, 1);
     EXPECT_EQ(FitClient({ strip, QSize(600, 280), strip, 0, 0, ArrangeTileHorizontally }), QSize(32767, 16));
@@ -166,7 +166,7 @@ TEST(Fit, PictureStaysWithinTheLimitsOfPictures)
     EXPECT_EQ(FitClient({ large, large, large, 0, 0, ArrangeNone }), large);
 }
 
-TEST(Fit, DragKeepsATitleBarToTakeHoldOf)
+TEST(Fit, DragKeepsUsableTitleBar)
 {
     EXPECT_EQ(FitClient(Dragged({ 0, 442 }, kMaster)), QSize(100, 69));
     EXPECT_EQ(FitClient(Dragged({ 642, 0 }, kMaster)), QSize(100, 69));
@@ -174,19 +174,19 @@ TEST(Fit, DragKeepsATitleBarToTakeHoldOf)
     EXPECT_EQ(FitClient(Dragged({ 642, 100 }, kMaster, 141)), QSize(100, 69 + 141)) << "lower than the description";
 }
 
-TEST(Fit, DragOfASmallPictureGoesDownToItsWidth)
+TEST(Fit, DragOfSmallPictureStopsAtItsWidth)
 {
     const QSize small(40, 20);
     EXPECT_EQ(FitClient({ small, QSize(40, 1), small, 0, 0, ArrangeNone }), small);
     EXPECT_EQ(FitClient({ small, QSize(60, 20), small, 0, 0, ArrangeNone }), QSize(60, 30));
 }
 
-TEST(Fit, WithoutAPictureKeepsTheSize)
+TEST(Fit, WithoutPictureKeepsSize)
 {
     EXPECT_EQ(FitClient({ QSize(), QSize(300, 200), QSize(), 0, 0, ArrangeNone }), QSize(300, 200));
 }
 
-TEST(Fit, PictureFillsWhatTheDescriptionLeaves)
+TEST(Fit, PictureFillsAreaAboveDescription)
 {
     EXPECT_EQ(GraphFor({ 300, 200 }, false, 0), QSize(300, 200));
     EXPECT_EQ(GraphFor({ 300, 200 }, true, 150), QSize(300, 150));

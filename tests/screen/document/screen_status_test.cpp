@@ -9,7 +9,7 @@ namespace tarvik {
 
 using StatusPanel = ScreenTest;
 
-TEST_F(StatusPanel, HoldsDateAndTimeOfTheDocument)
+TEST_F(StatusPanel, HoldsDateAndTimeOfDocument)
 {
     const WindowId id = Open();
     ScreenOf(id)->Date = QDateTime(QDate(2024, 2, 29), QTime(13, 4, 5));
@@ -29,7 +29,7 @@ TEST_F(StatusPanel, HasNoHeightAndNoLinesAndAddsNothing)
     EXPECT_EQ(target, before);
 }
 
-TEST_F(StatusPanel, FillHidesAPanelThatIsSeen)
+TEST_F(StatusPanel, FillHidesVisiblePanel)
 {
     const WindowId id = Open();
     Views[id].StatusIsHidden = false;
@@ -37,7 +37,7 @@ TEST_F(StatusPanel, FillHidesAPanelThatIsSeen)
     EXPECT_TRUE(Views[id].StatusIsHidden);
 }
 
-TEST_F(StatusPanel, FillIsNotRaisedByItself)
+TEST_F(StatusPanel, FillDoesNotRecurse)
 {
     const WindowId id = Open();
     int fills = 0;
@@ -51,7 +51,7 @@ TEST_F(StatusPanel, FillIsNotRaisedByItself)
     EXPECT_EQ(fills, 2);
 }
 
-TEST_F(StatusPanel, FillLaysOutTheDescription)
+TEST_F(StatusPanel, FillLaysOutDescription)
 {
     const WindowId id = Open();
     WindowAt(id).DescriptionVisible = true;
@@ -59,7 +59,7 @@ TEST_F(StatusPanel, FillLaysOutTheDescription)
     EXPECT_TRUE(Views[id].Layout.Visible);
 }
 
-TEST_F(StatusPanel, TakesThePaperAndTheInkOfTheDocument)
+TEST_F(StatusPanel, UsesPaperAndTextColourOfDocument)
 {
     const WindowId id = Open();
     ColorStore(0x010203, id, ColourBackground);
@@ -84,7 +84,7 @@ TEST_F(StatusPanel, WindowIsPictureAndDescriptionForAnyDocument)
     }
 }
 
-TEST_F(StatusPanel, NothingHappensWithoutAWindow)
+TEST_F(StatusPanel, DoesNothingWithoutWindow)
 {
     StatusFill(0);
     StatusColours(100);

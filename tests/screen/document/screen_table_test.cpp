@@ -14,7 +14,7 @@ TEST_F(ScreenDocuments, BelongToScreenWindowsOnly)
     EXPECT_EQ(ScreenOf(screen), &ScreenTable()[1]);
 }
 
-TEST_F(ScreenDocuments, BeginWithTheColoursThatWereSetLast)
+TEST_F(ScreenDocuments, StartWithColoursSetLast)
 {
     TheColorDefaults() = { 0x010203, 0x040506, 0x070809, 0x0A0B0C, PaletteBlackAndWhite };
     const WindowSlot slot = WindowAllocate(WindowScreen, SubtypeFile);
@@ -33,7 +33,7 @@ TEST_F(ScreenDocuments, BeginWithTheColoursThatWereSetLast)
     EXPECT_TRUE(record.Graph.isNull());
 }
 
-TEST_F(ScreenDocuments, BeginAnewInAWindowThatIsUsedAgain)
+TEST_F(ScreenDocuments, AreResetInReusedWindow)
 {
     const WindowId id = Open();
     ScreenOf(id)->ZoomState = 3;
@@ -45,7 +45,7 @@ TEST_F(ScreenDocuments, BeginAnewInAWindowThatIsUsedAgain)
     EXPECT_TRUE(record.Graph.isNull());
 }
 
-TEST_F(ScreenDocuments, AreClearedWhenTheyAreFreed)
+TEST_F(ScreenDocuments, AreClearedWhenFreed)
 {
     const WindowId id = Open();
     ASSERT_FALSE(ScreenOf(id)->Master.isNull());

@@ -10,7 +10,7 @@ namespace {
 
 class WindowSlots : public ScreenTest {
 protected:
-    /// As many windows as there may be of a type.
+    /// Opens the maximum number of windows of a type.
     static void Fill(qint16 type)
     {
         for (int count = 0; count < kDocumentsOfType; ++count)
@@ -20,7 +20,7 @@ protected:
 
 } // namespace
 
-TEST_F(WindowSlots, AreFreeAtTheStart)
+TEST_F(WindowSlots, AreInitiallyFree)
 {
     EXPECT_EQ(WindowCount(0), 0);
     EXPECT_EQ(WindowNext(0), 0);
@@ -37,7 +37,7 @@ TEST_F(WindowSlots, IdIsValidFrom1To200)
     EXPECT_FALSE(WindowIsValid(-1));
 }
 
-TEST_F(WindowSlots, QueriesOfAFreeSlotAnswerNothing)
+TEST_F(WindowSlots, QueriesOfFreeSlotReturnNothing)
 {
     for (const WindowId id : { WindowId(0), WindowId(5), WindowId(201), WindowId(-1) }) {
         EXPECT_FALSE(WindowInUse(id));
@@ -63,7 +63,7 @@ TEST_F(WindowSlots, EachTypeCountsItsOwnDocuments)
     EXPECT_EQ(WindowCount(0), 3);
 }
 
-TEST_F(WindowSlots, FirstFreeSlotAndIndexAreTakenAgain)
+TEST_F(WindowSlots, FirstFreeSlotAndIndexAreReused)
 {
     TakeSlot(WindowScreen);
     TakeSlot(WindowScreen);
@@ -76,7 +76,7 @@ TEST_F(WindowSlots, FirstFreeSlotAndIndexAreTakenAgain)
     EXPECT_EQ(WindowDocumentIndex(2), 2);
 }
 
-TEST_F(WindowSlots, FullTableIsToldAndChangesNothing)
+TEST_F(WindowSlots, FullTableIsReportedAndChangesNothing)
 {
     for (WindowId id = 1; id <= kWindowSlots; ++id)
         WindowTable().Table[static_cast<size_t>(id)].Type = WindowDataSet;
@@ -86,14 +86,14 @@ TEST_F(WindowSlots, FullTableIsToldAndChangesNothing)
     EXPECT_EQ(WindowCount(WindowScreen), 0);
 }
 
-TEST_F(WindowSlots, LastFreeSlotIsTaken)
+TEST_F(WindowSlots, LastFreeSlotIsUsed)
 {
     for (WindowId id = 1; id < kWindowSlots; ++id)
         WindowTable().Table[static_cast<size_t>(id)].Type = WindowDataSet;
     EXPECT_EQ(WindowAllocate(WindowScreen, SubtypeFile).Id, kWindowSlots);
 }
 
-TEST_F(WindowSlots, HundredAndFirstAsksAndNoLeavesAllWindows)
+TEST_F(WindowSlots, HundredAndFirstAsksAndNoKeepsAllWindows)
 {
     Fill(WindowScreen);
     const QDateTime created = WindowAt(1).Created;
@@ -103,14 +103,14 @@ TEST_F(WindowSlots, HundredAndFirstAsksAndNoLeavesAllWindows)
     EXPECT_EQ(WindowAt(1).Created, created);
 }
 
-TEST_F(WindowSlots, MessageLeftWithoutAnAnswerIsNoYes)
+TEST_F(WindowSlots, DismissedMessageIsNotYes)
 {
     Fill(WindowScreen);
     Answers().Expect(12713, {}, MsgNone);
     EXPECT_EQ(WindowAllocate(WindowScreen, SubtypeFile).Id, 0);
 }
 
-TEST_F(WindowSlots, HundredAndFirstReplacesTheOldestOfItsType)
+TEST_F(WindowSlots, HundredAndFirstReplacesOldestOfItsType)
 {
     WindowAt(TakeSlot(WindowDataSet)).Created = QDateTime(QDate(1999, 1, 1), QTime(0, 0));
     Fill(WindowScreen);
@@ -124,18 +124,18 @@ TEST_F(WindowSlots, HundredAndFirstReplacesTheOldestOfItsType)
     EXPECT_EQ(WindowCount(0), 101);
 }
 
-TEST_F(WindowSlots, OtherTypeHasItsOwnHundred)
+TEST_F(WindowSlots, EachTypeHasItsOwnHundred)
 {
     Fill(WindowScreen);
     EXPECT_EQ(TakeSlot(WindowDataSet), 101);
 }
 
-TEST_F(WindowSlots, TypeWithoutDocumentsTakesIndexOne)
+TEST_F(WindowSlots, TypeWithoutDocumentsUsesIndexOne)
 {
     const WindowSlot slot = WindowAllocate(3, 0);
     EXPECT_EQ(slot.Id, 1);
     EXPECT_EQ(WindowDocumentIndex(1), 1);
-    Answers().Expect(12713, {}, No); // the one that there is would have to give way
+    Answers().Expect(12713, {}, No); // the only window would have to be replaced
     EXPECT_EQ(WindowAllocate(3, 0).Id, 0);
 }
 
@@ -181,7 +181,7 @@ TEST_F(WindowSlots, ReusedRecordKeepsTemplateAndDescription)
     EXPECT_FALSE(record.GraphicsValid || record.InResize || record.Modified || record.ResizePending);
 }
 
-TEST_F(WindowSlots, OnlyAWindowInUseBecomesActive)
+TEST_F(WindowSlots, OnlyWindowInUseBecomesActive)
 {
     const WindowId first = TakeSlot(WindowScreen);
     const WindowId second = TakeSlot(WindowScreen);
@@ -205,14 +205,14 @@ TEST_F(WindowSlots, ModifiedOfAnyWindow)
     EXPECT_TRUE(WindowIsModified(second));
 }
 
-TEST_F(WindowSlots, DefaultSizesFollowTheType)
+TEST_F(WindowSlots, DefaultSizeDependsOnType)
 {
     EXPECT_EQ(WindowDefaultSize(WindowScreen, { 1, 2 }), QSize(642, 442));
     EXPECT_EQ(WindowDefaultSize(WindowDataSet, { 1, 2 }), QSize(792, 560));
     EXPECT_EQ(WindowDefaultSize(3, { 1, 2 }), QSize(1, 2));
 }
 
-TEST_F(WindowSlots, TitleTellsTypeDateAndTime)
+TEST_F(WindowSlots, TitleShowsTypeDateAndTime)
 {
     const QDateTime date(QDate(2024, 2, 29), QTime(13, 4, 5));
     const WindowId file = Open(SubtypeFile);
@@ -223,12 +223,12 @@ TEST_F(WindowSlots, TitleTellsTypeDateAndTime)
     EXPECT_EQ(WindowTitle(diagram, date), LngStr(13505) + QStringLiteral("  2/29/24  1:04:05 PM"));
 }
 
-TEST_F(WindowSlots, TitleWithoutADateEndsInNoBlanks)
+TEST_F(WindowSlots, TitleWithoutDateHasNoTrailingBlanks)
 {
     EXPECT_EQ(WindowTitle(OpenLive(), {}), LngStr(14500));
 }
 
-TEST_F(WindowSlots, LongTemplateOfALanguageIsCut)
+TEST_F(WindowSlots, LongTemplateIsCut)
 {
     TvLng().LngGetStr = [](int32_t, const char*, char* out, int32_t outSize) {
         const QByteArray text(20, 'x');
@@ -238,7 +238,7 @@ TEST_F(WindowSlots, LongTemplateOfALanguageIsCut)
     EXPECT_EQ(WindowAt(TakeSlot(WindowDataSet)).TitleTemplate, QString(56, u'x'));
 }
 
-TEST_F(WindowSlots, SelectionListsTheNewestFirst)
+TEST_F(WindowSlots, SelectionListsNewestFirst)
 {
     const WindowId diagram = TakeSlot(WindowDataSet);
     const WindowId file = Open(SubtypeFile);

@@ -1,4 +1,4 @@
-// Captures from the simulated receiver, over a real connection, with the faults that one can have.
+// Captures from the simulated receiver over a real connection, with faults.
 #include "link/channel/channel.h"
 #include "screen/files/screenShot.h"
 #include "tests/support/instrumentProcess.h"
@@ -38,7 +38,7 @@ protected:
 
 } // namespace
 
-TEST_F(CaptureFromInstrument, ShowsItsDisplay)
+TEST_F(CaptureFromInstrument, ShowsDisplayOfInstrument)
 {
     Connect();
     const WindowId id = FetchScreen();
@@ -49,7 +49,7 @@ TEST_F(CaptureFromInstrument, ShowsItsDisplay)
     EXPECT_EQ(EntriesOfFolder(), QStringList());
 }
 
-TEST_F(CaptureFromInstrument, MakesAWindowEachTime)
+TEST_F(CaptureFromInstrument, OpensNewWindowEachTime)
 {
     Connect();
     EXPECT_GT(FetchScreen(), 0);
@@ -57,9 +57,9 @@ TEST_F(CaptureFromInstrument, MakesAWindowEachTime)
     EXPECT_EQ(WindowCount(WindowScreen), 2);
 }
 
-TEST_F(CaptureFromInstrument, FaultsAreToldOnceAndEndTheLink)
+TEST_F(CaptureFromInstrument, FaultsAreReportedOnceAndCloseLink)
 {
-    // The first command is that of the connection.
+    // The first command belongs to connecting.
     for (const char* fault : { "drop=2", "garbage=2", "cut=2", "stall=2" }) {
         Connect({ QStringLiteral("--fault"), QString::fromLatin1(fault) });
         Answers().Expect(12703, {}, Ok);
@@ -70,7 +70,7 @@ TEST_F(CaptureFromInstrument, FaultsAreToldOnceAndEndTheLink)
     }
 }
 
-TEST_F(CaptureFromInstrument, RefusalEndsTheLink)
+TEST_F(CaptureFromInstrument, RefusalClosesLink)
 {
     Connect({ QStringLiteral("--fault"), QStringLiteral("refuse=2") });
     Answers().Expect(12703, {}, Ok);
@@ -79,7 +79,7 @@ TEST_F(CaptureFromInstrument, RefusalEndsTheLink)
     EXPECT_EQ(EntriesOfFolder(), QStringList());
 }
 
-TEST_F(CaptureFromInstrument, ReceiverThatGoesAwayWhileItDrawsIsToldOnce)
+TEST_F(CaptureFromInstrument, DisconnectDuringCaptureIsReportedOnce)
 {
     Connect();
     TheSeams().Sleep = [this](int) { instrument_->Kill(); };
@@ -90,7 +90,7 @@ TEST_F(CaptureFromInstrument, ReceiverThatGoesAwayWhileItDrawsIsToldOnce)
     EXPECT_EQ(EntriesOfFolder(), QStringList());
 }
 
-TEST_F(CaptureFromInstrument, WindowsBeforeABreakStay)
+TEST_F(CaptureFromInstrument, LostLinkKeepsExistingWindows)
 {
     Connect({ QStringLiteral("--fault"), QStringLiteral("cut=3") });
     const WindowId first = FetchScreen();
@@ -103,7 +103,7 @@ TEST_F(CaptureFromInstrument, WindowsBeforeABreakStay)
     EXPECT_TRUE(WindowIsModified(first));
 }
 
-TEST_F(CaptureFromInstrument, IsPossibleAgainOnANewLink)
+TEST_F(CaptureFromInstrument, WorksAgainOnNewLink)
 {
     Connect({ QStringLiteral("--fault"), QStringLiteral("drop=2") });
     Answers().Expect(12703, Ok);

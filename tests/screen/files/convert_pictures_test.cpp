@@ -1,4 +1,4 @@
-// A batch of pictures converted in the frame, with its windows and its menu.
+// Batch conversion of pictures in the frame, with windows and menu.
 #include "app/platform/seams.h"
 #include "link/bindLink.h"
 #include "link/documents/fileConvert.h"
@@ -33,7 +33,7 @@ protected:
         return FilePath(name);
     }
 
-    /// Chooses these files in the dialog of the menu's command.
+    /// Runs the menu command and chooses these files in its dialog.
     void Convert(const QStringList& paths)
     {
         TheSeams().OpenFiles = [paths](const OpenFilesQuestion&) { return paths; };
@@ -48,7 +48,7 @@ protected:
 
 } // namespace
 
-TEST_F(ConvertInFrame, EveryPictureKeepsItsPixelsAndItsWindowGoes)
+TEST_F(ConvertInFrame, KeepsPixelsAndClosesWindowOfEveryPicture)
 {
     const QStringList sources{ StorePicture("usual.bmp", { 642, 442 }), StorePicture("tiny.bmp", { 9, 5 }),
         StorePicture("narrow.bmp", { 3, 400 }), StorePicture("large.bmp", { 2600, 1700 }) };
@@ -62,7 +62,7 @@ TEST_F(ConvertInFrame, EveryPictureKeepsItsPixelsAndItsWindowGoes)
     EXPECT_TRUE(CanAct());
 }
 
-TEST_F(ConvertInFrame, TiledAndMaximisedWindowsLeaveThePixelsAlone)
+TEST_F(ConvertInFrame, TiledAndMaximisedWindowsKeepPixels)
 {
     const QString source = StorePicture("a.bmp", { 642, 442 });
     const WindowId mine = Open();
@@ -78,7 +78,7 @@ TEST_F(ConvertInFrame, TiledAndMaximisedWindowsLeaveThePixelsAlone)
     EXPECT_EQ(WindowCount(0), 2);
 }
 
-TEST_F(ConvertInFrame, WindowThatIsDrawnBehindAQuestionLeavesThePixelsAlone)
+TEST_F(ConvertInFrame, WindowDrawnDuringQuestionKeepsPixels)
 {
     const QString source = StorePicture("a.bmp", { 642, 442 });
     Store(FilePath("out/a.png"), "old");
@@ -89,7 +89,7 @@ TEST_F(ConvertInFrame, WindowThatIsDrawnBehindAQuestionLeavesThePixelsAlone)
     EXPECT_EQ(Written("a.png"), Picture());
 }
 
-TEST_F(ConvertInFrame, UnsavedDocumentsStayAsTheyAre)
+TEST_F(ConvertInFrame, UnsavedDocumentsAreUnchanged)
 {
     const WindowId mine = Open(SubtypeLive);
     Answers().Expect(12754, { "gone.bmp" }, Ok);
@@ -99,7 +99,7 @@ TEST_F(ConvertInFrame, UnsavedDocumentsStayAsTheyAre)
     EXPECT_EQ(Document(mine).Master, Picture());
 }
 
-TEST_F(ConvertInFrame, TextSavesNoDocumentThatIsToBeClosed)
+TEST_F(ConvertInFrame, OtherExtensionKeepsUnsavedDocumentOpen)
 {
     const WindowId mine = Open(SubtypeLive);
     TheSeams().SaveFile = [this](const SaveFileQuestion&) { return FilePath("out/a.txt"); };

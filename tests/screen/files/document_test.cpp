@@ -19,7 +19,7 @@ namespace {
 struct KindCase {
     const char* Name;
     int Kind;
-    int Unreadable; ///< text number
+    int Unreadable; ///< text number of the message
 };
 
 constexpr std::array<KindCase, 4> kCases{ {
@@ -36,7 +36,7 @@ protected:
         return FilePath(QLatin1String(name));
     }
 
-    /// A picture in which no pixel is like its neighbour.
+    /// A picture in which adjacent pixels differ.
     static QImage Pattern(QSize size = { 37, 21 })
     {
         QImage picture(size, QImage::Format_RGB32);
@@ -47,7 +47,7 @@ protected:
         return picture;
     }
 
-    /// A file with the pattern, written by this program.
+    /// Writes the pattern to a file.
     QString StorePattern(const char* name, int kind, const QImage& picture = Pattern()) const
     {
         QString path = File(name);
@@ -65,8 +65,8 @@ protected:
         return QDir(Folder()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
     }
 
-    /// Of what is needed here only the image library is not bound.
-    static void TakeLibraryAway()
+    /// Unbinds the image library; no other library is needed here.
+    static void UnbindLibrary()
     {
         ModulesReset();
         TvGen().Size = sizeof(TvGenApi);
@@ -80,7 +80,7 @@ protected:
 
 } // namespace
 
-TEST_F(Documents, OpenInAWindowOfTheirSize)
+TEST_F(Documents, OpenInWindowOfTheirSize)
 {
     for (const KindCase& kind : kCases) {
         const OpenedImage opened = OpenFile(StorePattern(kind.Name, kind.Kind), kind.Kind);
@@ -94,7 +94,7 @@ TEST_F(Documents, OpenInAWindowOfTheirSize)
     }
 }
 
-TEST_F(Documents, BearTheDateOfTheirFile)
+TEST_F(Documents, HaveDateOfTheirFile)
 {
     const QDateTime change(QDate(2021, 3, 4), QTime(5, 6, 7));
     const QString path = StorePattern("a.png", ImagePng);
@@ -105,7 +105,7 @@ TEST_F(Documents, BearTheDateOfTheirFile)
     EXPECT_EQ(ScreenOf(OpenFile(path, ImagePng).Id)->Date, change);
 }
 
-TEST_F(Documents, WithoutAReadableDateBearTheMoment)
+TEST_F(Documents, WithoutFileDateHaveCurrentTime)
 {
     TvGen().GenFileDateAndTime = [](const char*, int16_t*, int16_t*, int16_t*, int16_t*, int16_t*, int16_t*) {
         return int16_t(1);
@@ -114,7 +114,7 @@ TEST_F(Documents, WithoutAReadableDateBearTheMoment)
     EXPECT_EQ(ScreenOf(opened.Id)->Date, moment_);
 }
 
-TEST_F(Documents, UnreadableFileHasItsKindsMessageAndNoWindow)
+TEST_F(Documents, UnreadableFileShowsMessageOfItsKindAndNoWindow)
 {
     for (const KindCase& kind : kCases) {
         Store(File(kind.Name), "no picture at all");
@@ -125,13 +125,13 @@ TEST_F(Documents, UnreadableFileHasItsKindsMessageAndNoWindow)
     }
 }
 
-TEST_F(Documents, MissingFileHasItsKindsMessage)
+TEST_F(Documents, MissingFileShowsMessageOfItsKind)
 {
     Answers().Expect(12760, { QStringLiteral("none.png") }, Ok);
     EXPECT_NE(OpenFile(File("none.png"), ImagePng).Result, 0);
 }
 
-TEST_F(Documents, FileThatEndsEarlyHasItsKindsMessageAndNoWindow)
+TEST_F(Documents, TruncatedFileShowsMessageOfItsKindAndNoWindow)
 {
     for (const KindCase& kind : kCases) {
         const QString path = StorePattern(kind.Name, kind.Kind);
@@ -145,7 +145,7 @@ TEST_F(Documents, FileThatEndsEarlyHasItsKindsMessageAndNoWindow)
     }
 }
 
-TEST_F(Documents, FileOfAnotherKindThanItsNameHasTheMessageOfItsName)
+TEST_F(Documents, MisnamedFileShowsMessageOfItsExtension)
 {
     const QString path = StorePattern("a.png", ImageBitmap);
     Answers().Expect(12760, { QStringLiteral("a.png") }, Ok);
@@ -153,7 +153,7 @@ TEST_F(Documents, FileOfAnotherKindThanItsNameHasTheMessageOfItsName)
     EXPECT_EQ(WindowCount(0), 0);
 }
 
-TEST_F(Documents, FullTableIsTold)
+TEST_F(Documents, FullTableIsReported)
 {
     for (WindowId id = 1; id <= kWindowSlots; ++id)
         WindowTable().Table[static_cast<size_t>(id)].Type = WindowDataSet;
@@ -162,7 +162,7 @@ TEST_F(Documents, FullTableIsTold)
     EXPECT_EQ(WindowCount(WindowDataSet), 200);
 }
 
-TEST_F(Documents, HundredAndFirstReplacesTheOldest)
+TEST_F(Documents, HundredAndFirstReplacesOldest)
 {
     const QString path = StorePattern("a.png", ImagePng);
     const WindowId oldest = OpenLive();
@@ -184,7 +184,7 @@ TEST_F(Documents, HundredAndFirstReplacesTheOldest)
     EXPECT_EQ(Views.Loaded, 100);
 }
 
-TEST_F(Documents, OldestStaysWhenTheNewOneCannotBeRead)
+TEST_F(Documents, OldestStaysIfNewOneCannotBeRead)
 {
     const QString path = StorePattern("a.png", ImagePng);
     Store(path, Contents(path).chopped(40));
@@ -201,18 +201,18 @@ TEST_F(Documents, OldestStaysWhenTheNewOneCannotBeRead)
     EXPECT_TRUE(WindowIsModified(oldest));
 }
 
-TEST_F(Documents, WithoutTheLibraryNothingHappens)
+TEST_F(Documents, WithoutLibraryNothingHappens)
 {
     const QString path = StorePattern("a.png", ImagePng);
     const WindowId id = Open();
-    TakeLibraryAway();
+    UnbindLibrary();
     EXPECT_NE(OpenFile(path, ImagePng).Result, 0);
     EXPECT_EQ(WindowCount(0), 1);
     EXPECT_FALSE(ImgSave(File("b.png"), id));
     EXPECT_FALSE(QFile::exists(File("b.png")));
 }
 
-TEST_F(Documents, LoadingIsToldAndClearedOnTheStatusLine)
+TEST_F(Documents, LoadingShowsAndClearsStatusLine)
 {
     const QString path = StorePattern("a.png", ImagePng);
     Frame.Log.clear();
@@ -221,7 +221,7 @@ TEST_F(Documents, LoadingIsToldAndClearedOnTheStatusLine)
     EXPECT_EQ(Frame.Status, QString());
 }
 
-TEST_F(Documents, AutoTileFollowsTheirNumber)
+TEST_F(Documents, AutoTileFollowsNumberOfWindows)
 {
     const QString path = StorePattern("a.png", ImagePng);
     QVector<int> codes;
@@ -233,7 +233,7 @@ TEST_F(Documents, AutoTileFollowsTheirNumber)
     EXPECT_EQ(codes, QVector<int>{ 1 });
 }
 
-TEST_F(Documents, TransparentPlacesShowTheBackground)
+TEST_F(Documents, TransparentPixelsShowBackground)
 {
     QImage picture(2, 1, QImage::Format_ARGB32);
     picture.fill(Qt::transparent);
@@ -245,7 +245,7 @@ TEST_F(Documents, TransparentPlacesShowTheBackground)
     EXPECT_EQ(ScreenOf(OpenFile(File("a.png"), ImagePng).Id)->Master.pixelColor(0, 0), QColor(Qt::white));
 }
 
-TEST_F(Documents, ProgressCountsTheLinesOfAPcx)
+TEST_F(Documents, ProgressCountsLinesOfPcx)
 {
     const QString path = StorePattern("a.pcx", ImagePcx);
     int ended = 0;
@@ -258,7 +258,7 @@ TEST_F(Documents, ProgressCountsTheLinesOfAPcx)
     EXPECT_EQ(ended, 1);
 }
 
-TEST_F(Documents, ProgressCountsTheLinesThatAreSaved)
+TEST_F(Documents, ProgressCountsSavedLines)
 {
     const WindowId id = Open(SubtypeFile, Pattern());
     QVector<int> totals;
@@ -283,7 +283,7 @@ TEST_F(Documents, AreSavedInEachFormat)
     EXPECT_EQ(EntriesOfFolder(), (QStringList{ "a.bmp", "a.pcx", "a.png", "a.wmf" }));
 }
 
-TEST_F(Documents, AreSavedWithTheirDescription)
+TEST_F(Documents, AreSavedWithDescription)
 {
     const WindowId id = Open(SubtypeFile, Pattern());
     DescrSetVisible(true, id);
@@ -292,7 +292,7 @@ TEST_F(Documents, AreSavedWithTheirDescription)
     EXPECT_EQ(PictureSize(File("a.png")), QSize(37, 21 + DescrHeight(id)));
 }
 
-TEST_F(Documents, SavingClearsTheMarkAndRenamesTheWindowOfAFile)
+TEST_F(Documents, SavingClearsModifiedMarkAndRenamesFileWindow)
 {
     const WindowId file = Open();
     const WindowId live = OpenLive();
@@ -305,7 +305,7 @@ TEST_F(Documents, SavingClearsTheMarkAndRenamesTheWindowOfAFile)
     EXPECT_EQ(Views[live].Title, title);
 }
 
-TEST_F(Documents, SavingIsToldAndClearedOnTheStatusLine)
+TEST_F(Documents, SavingShowsAndClearsStatusLine)
 {
     const WindowId id = Open();
     Frame.Log.clear();
@@ -314,7 +314,7 @@ TEST_F(Documents, SavingIsToldAndClearedOnTheStatusLine)
     EXPECT_EQ(Frame.Status, QString());
 }
 
-TEST_F(Documents, MetafileThatCannotBeWrittenIsTold)
+TEST_F(Documents, FailedMetafileIsReported)
 {
     const WindowId id = Open();
     WindowAt(id).Modified = true;
@@ -324,7 +324,7 @@ TEST_F(Documents, MetafileThatCannotBeWrittenIsTold)
     EXPECT_EQ(Views[id].Title, QStringLiteral("file.png"));
 }
 
-TEST_F(Documents, OtherFormatsThatCannotBeWrittenKeepTheirMark)
+TEST_F(Documents, OtherFailedFormatsKeepModifiedMark)
 {
     const WindowId id = Open();
     WindowAt(id).Modified = true;
@@ -334,7 +334,7 @@ TEST_F(Documents, OtherFormatsThatCannotBeWrittenKeepTheirMark)
     EXPECT_FALSE(Progress().Active);
 }
 
-TEST_F(Documents, NamesOfNoPictureAreNotWritten)
+TEST_F(Documents, OtherExtensionsAreNotWritten)
 {
     const WindowId id = Open();
     for (const char* name : { "a", "a.csv", "a.txt", "a.tvm", "a.gif" })
@@ -343,7 +343,7 @@ TEST_F(Documents, NamesOfNoPictureAreNotWritten)
     EXPECT_EQ(EntriesOfFolder(), QStringList());
 }
 
-TEST_F(Documents, BlackAndWhiteIsSavedAsItIsSeen)
+TEST_F(Documents, BlackAndWhiteIsSavedAsDisplayed)
 {
     const WindowId id = Open(SubtypeFile, Picture({ 4, 4 }, Qt::white));
     PaletteSet(PaletteBlackAndWhite, id, true);
@@ -351,7 +351,7 @@ TEST_F(Documents, BlackAndWhiteIsSavedAsItIsSeen)
     EXPECT_EQ(DecodePicture(File("a.png"), ImagePng, { 4, 4 }, 0), Picture({ 4, 4 }, Qt::black));
 }
 
-TEST_F(Documents, NamesInAnyScriptAreOpenedAndSaved)
+TEST_F(Documents, OpenAndSaveNamesOfAnyScript)
 {
     const QString path = FilePath(QString::fromUtf8("Übersicht 受信 ✓.png"));
     const WindowId id = Open(SubtypeFile, Pattern());

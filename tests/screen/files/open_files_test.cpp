@@ -1,4 +1,4 @@
-// Files of pictures on their way from the commands into windows, also when there are no windows left.
+// Opening picture files by the commands, also when no window is free.
 #include "app/text/lang.h"
 #include "link/documents/file.h"
 #include "link/documents/fileConvert.h"
@@ -19,7 +19,7 @@ protected:
         TheSeams().OpenFiles = [this](const OpenFilesQuestion&) { return chosen_; };
     }
 
-    /// Three pictures that the user chooses together.
+    /// Chooses three pictures together.
     void ChooseThree()
     {
         for (const char* name : { "a.png", "b.png", "c.png" }) {
@@ -28,7 +28,7 @@ protected:
         }
     }
 
-    /// As many windows as there may be, the first one the oldest.
+    /// Opens the maximum number of windows; the first is the oldest.
     static void Fill()
     {
         for (int count = 0; count < kDocumentsOfType; ++count)
@@ -48,7 +48,7 @@ protected:
 
 } // namespace
 
-TEST_F(OpenFiles, PictureOpensAsAnImageOfAFileWhateverTheCaseOfItsExtension)
+TEST_F(OpenFiles, ExtensionOfPictureIsCaseInsensitive)
 {
     const QString path = FilePath(QStringLiteral("a.PnG"));
     ASSERT_TRUE(EncodePicture(path, ImagePng, Picture({ 8, 6 })));
@@ -65,21 +65,21 @@ TEST_F(OpenFiles, UnknownExtensionOpensNoWindow)
     EXPECT_EQ(WindowCount(0), 0);
 }
 
-TEST_F(OpenFiles, MissingFileHasItsKindsMessage)
+TEST_F(OpenFiles, MissingFileShowsMessageOfItsKind)
 {
     Answers().Expect(12758, { QStringLiteral("a.wmf") }, Ok);
     EXPECT_FALSE(FileOpen(FilePath(QStringLiteral("a.wmf")), true, true));
     EXPECT_EQ(WindowCount(0), 0);
 }
 
-TEST_F(OpenFiles, FolderWithTheNameOfAPictureIsNone)
+TEST_F(OpenFiles, FolderNamedLikePictureIsRefused)
 {
     ASSERT_TRUE(QDir(Folder()).mkdir(QStringLiteral("a.bmp")));
     Answers().Expect(12754, { QStringLiteral("a.bmp") }, Ok);
     EXPECT_FALSE(FileOpen(FilePath(QStringLiteral("a.bmp")), true, true));
 }
 
-TEST_F(OpenFiles, NoToTheOldestLeavesEveryWindowAndTheOtherFiles)
+TEST_F(OpenFiles, NoKeepsWindowsAndSkipsOtherFiles)
 {
     Fill();
     ChooseThree();
@@ -97,13 +97,13 @@ TEST_F(OpenFiles, NoToTheOldestLeavesEveryWindowAndTheOtherFiles)
     }
 }
 
-TEST_F(OpenFiles, AfterANoNothingOpensUntilItIsForgotten)
+TEST_F(OpenFiles, AfterNoNothingOpensUntilReset)
 {
     Fill();
     ChooseThree();
     Answers().Expect(12713, No);
     EXPECT_FALSE(FileOpen(chosen_[0], true, true));
-    WindowFreeSlot(7); // even where there would be room
+    WindowFreeSlot(7); // even though a slot is free now
     EXPECT_FALSE(FileOpen(chosen_[1], false, true));
     EXPECT_FALSE(FileOpen(FilePath(QStringLiteral("a.gif")), false, true)) << "not a word about what it is";
     EXPECT_TRUE(FileOpen(chosen_[1], true, true));
@@ -120,7 +120,7 @@ TEST_F(OpenFiles, NextOpeningAsksAgain)
     EXPECT_EQ(CountOfFiles(), 1);
 }
 
-TEST_F(OpenFiles, YesReplacesTheOldestForEachFileOfTheSameOpening)
+TEST_F(OpenFiles, YesReplacesOldestForEachFileOfSameOpening)
 {
     Fill();
     ChooseThree();
@@ -144,7 +144,7 @@ TEST_F(OpenFiles, ReplacementTilesNothing)
     EXPECT_TRUE(FileOpen(chosen_[0], true, true));
 }
 
-TEST_F(OpenFiles, QuestionWithoutAnAnswerIsAskedAgain)
+TEST_F(OpenFiles, DismissedQuestionIsAskedAgain)
 {
     Fill();
     ChooseThree();
@@ -154,7 +154,7 @@ TEST_F(OpenFiles, QuestionWithoutAnAnswerIsAskedAgain)
     EXPECT_TRUE(FileOpen(chosen_[0], false, true));
 }
 
-TEST_F(OpenFiles, BatchWithoutARoomAsksOnceAndConvertsNothing)
+TEST_F(OpenFiles, BatchWithoutFreeSlotAsksOnceAndConvertsNothing)
 {
     Fill();
     ChooseThree();
@@ -166,7 +166,7 @@ TEST_F(OpenFiles, BatchWithoutARoomAsksOnceAndConvertsNothing)
     EXPECT_EQ(QDir(Folder()).entryList(QDir::Files), (QStringList{ "a.png", "b.png", "c.png" }));
 }
 
-TEST_F(OpenFiles, BatchInPlaceOfTheOldestNeedsNoOther)
+TEST_F(OpenFiles, BatchReplacesOldestOnlyOnce)
 {
     Fill();
     ChooseThree();
@@ -178,7 +178,7 @@ TEST_F(OpenFiles, BatchInPlaceOfTheOldestNeedsNoOther)
     EXPECT_EQ(WindowCount(0), kDocumentsOfType - 1);
 }
 
-TEST_F(OpenFiles, RemainingFilesOpenAfterOneThatCannotBeRead)
+TEST_F(OpenFiles, OpensRemainingFilesAfterUnreadableOne)
 {
     ChooseThree();
     Store(chosen_[1], "no picture");

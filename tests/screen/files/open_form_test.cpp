@@ -1,4 +1,4 @@
-// Pictures on their way into real windows: one gives way to another, and the frame need not be in front.
+// Opening pictures in real windows: replacing windows, and with the frame in the background.
 #include "app/platform/seams.h"
 #include "app/text/lang.h"
 #include "closed/loader.h"
@@ -17,7 +17,7 @@ namespace {
 
 class OpenInWindows : public ScreenForms {
 protected:
-    /// As many windows as there may be; the first one is the oldest.
+    /// Opens the maximum number of windows; the first is the oldest.
     void Fill()
     {
         for (int count = 0; count < kDocumentsOfType; ++count) {
@@ -34,7 +34,7 @@ protected:
         return path;
     }
 
-    static void TakePictureLibraryAway()
+    static void UnbindPictureLibrary()
     {
         const auto texts = TvLng();
         const auto general = TvGen();
@@ -46,7 +46,7 @@ protected:
         ModuleMarkBound(Module::General);
     }
 
-    /// The oldest window gives way to a picture of 300 by 200 pixels.
+    /// Replaces the oldest window by a picture of 300 by 200 pixels.
     void Replace()
     {
         Answers().Expect(12713, {}, Yes);
@@ -85,10 +85,10 @@ protected:
 
 } // namespace
 
-TEST_F(OpenInWindows, LibraryOfPicturesIsLookedForUntilItIsThere)
+TEST_F(OpenInWindows, PictureLibraryIsRetriedUntilFound)
 {
     const QString path = StorePicture("a.png");
-    TakePictureLibraryAway();
+    UnbindPictureLibrary();
     EXPECT_FALSE(FileOpen(path, true, true)) << "without a word";
     EXPECT_EQ(WindowCount(0), 0);
     const QString name = ModuleFileName(Module::Pictures);
@@ -97,7 +97,7 @@ TEST_F(OpenInWindows, LibraryOfPicturesIsLookedForUntilItIsThere)
     EXPECT_EQ(Document(1).Master, Picture({ 300, 200 }));
 }
 
-TEST_F(CaptureInWindows, IsStartedByMenuTwinAndButton)
+TEST_F(CaptureInWindows, IsStartedByBothMenuItemsAndButton)
 {
     Item("MnInstrDispSc").trigger();
     Item("ClMnInstrDispSc").trigger();
@@ -115,7 +115,7 @@ TEST_F(CaptureInWindows, IsStartedByMenuTwinAndButton)
     EXPECT_EQ(frame->cursor().shape(), Qt::ArrowCursor);
 }
 
-TEST_F(CaptureInWindows, LostLinkSwitchesTheCommandsOff)
+TEST_F(CaptureInWindows, LostLinkDisablesCommands)
 {
     ASSERT_TRUE(Item("MnInstrDispSc").isEnabled());
     channel_.Answer("GetFileFromStream", kChannelLinkFailed);
@@ -126,7 +126,7 @@ TEST_F(CaptureInWindows, LostLinkSwitchesTheCommandsOff)
     EXPECT_TRUE(frame->ChildArea()->subWindowList().isEmpty());
 }
 
-TEST_F(CaptureInWindows, ClosingAsksAndCancelKeepsThePicture)
+TEST_F(CaptureInWindows, ClosingAsksAndCancelKeepsPicture)
 {
     Item("MnInstrDispSc").trigger();
     Answers().Expect(12714, { Child(1).windowTitle() }, Cancel);
@@ -138,7 +138,7 @@ TEST_F(CaptureInWindows, ClosingAsksAndCancelKeepsThePicture)
     EXPECT_EQ(WindowCount(0), 0);
 }
 
-TEST_F(CaptureInWindows, MaximisedWindowsBeforeItDoNotStretchIt)
+TEST_F(CaptureInWindows, MaximisedWindowsDoNotStretchCapture)
 {
     Item("MnInstrDispSc").trigger();
     Child(1).showMaximized();
@@ -147,7 +147,7 @@ TEST_F(CaptureInWindows, MaximisedWindowsBeforeItDoNotStretchIt)
     EXPECT_EQ(Window(2).size(), QSize(642, 442));
 }
 
-TEST_F(OpenInWindows, OldestGivesWay)
+TEST_F(OpenInWindows, OldestIsReplaced)
 {
     Fill();
     Replace();
@@ -155,7 +155,7 @@ TEST_F(OpenInWindows, OldestGivesWay)
     EXPECT_EQ(Window(1).property(kHelpNumberProperty).toInt(), 14401) << "help about images of files";
 }
 
-TEST_F(OpenInWindows, OldestGivesWayThoughItIsMinimised)
+TEST_F(OpenInWindows, OldestIsReplacedWhenMinimised)
 {
     Fill();
     Child(1).showMinimized();
@@ -163,7 +163,7 @@ TEST_F(OpenInWindows, OldestGivesWayThoughItIsMinimised)
     ExpectNewPictureIn(1);
 }
 
-TEST_F(OpenInWindows, OldestGivesWayThoughItIsMaximised)
+TEST_F(OpenInWindows, OldestIsReplacedWhenMaximised)
 {
     Fill();
     frame->ChildArea()->setActiveSubWindow(&Child(1));
@@ -172,7 +172,7 @@ TEST_F(OpenInWindows, OldestGivesWayThoughItIsMaximised)
     ExpectNewPictureIn(1);
 }
 
-TEST_F(OpenInWindows, DescriptionOfTheOldestStays)
+TEST_F(OpenInWindows, ReplacedWindowKeepsDescription)
 {
     Fill();
     DescrSetVisible(true, 1);
@@ -185,7 +185,7 @@ TEST_F(OpenInWindows, DescriptionOfTheOldestStays)
     ExpectAspect(Graph(1).size(), QSize(300, 200));
 }
 
-TEST_F(OpenInWindows, BatchGoesOnBehindAnotherProgram)
+TEST_F(OpenInWindows, BatchContinuesInBackground)
 {
     QWidget other;
     other.show();
@@ -201,7 +201,7 @@ TEST_F(OpenInWindows, BatchGoesOnBehindAnotherProgram)
     EXPECT_TRUE(WindowInUse(open));
 }
 
-TEST_F(OpenInWindows, BatchConvertsItsOwnWindowsWhileAllAreTiled)
+TEST_F(OpenInWindows, BatchWorksWhileWindowsAreTiled)
 {
     const WindowId first = Open();
     const WindowId second = Open(SubtypeLive);

@@ -17,7 +17,7 @@ namespace tarvik {
 
 namespace {
 
-/// Pictures from and into files.
+/// Reading and writing of picture files.
 class PictureFiles : public ProgramTest {
 protected:
     QString File(const char* name) const
@@ -61,7 +61,7 @@ void Add32(QByteArray& bytes, quint32 value)
     Add16(bytes, static_cast<int>(value >> 16));
 }
 
-/// Two pixels of 32 bits, the first one transparent, the second one red.
+/// Two pixels of 32 bits, the first transparent, the second red.
 QByteArray TransparentBitmap()
 {
     QByteArray bytes("BM");
@@ -74,7 +74,7 @@ QByteArray TransparentBitmap()
     return bytes;
 }
 
-/// The same in four planes of 8 bits.
+/// As above in four planes of 8 bits.
 QByteArray TransparentPcx()
 {
     QByteArray bytes(128, '\0');
@@ -87,7 +87,7 @@ QByteArray TransparentPcx()
     return bytes + QByteArray("\0\xFF\0\0\0\0\0\xFF", 8);
 }
 
-/// A metafile of two by one pixels that sets the second one.
+/// A metafile of 2 by 1 pixels that sets the second one.
 QByteArray MetafileWithAPixel()
 {
     QByteArray bytes;
@@ -105,7 +105,7 @@ QByteArray MetafileWithAPixel()
 
 } // namespace
 
-TEST_F(PictureFiles, OfAnotherSizeThanWasToldAreRefused)
+TEST_F(PictureFiles, OfUnexpectedSizeAreRefused)
 {
     for (const KindCase& kind : kCases) {
         const QString path = StorePicture(kind.Name, kind.Kind, { 20, 10 });
@@ -115,7 +115,7 @@ TEST_F(PictureFiles, OfAnotherSizeThanWasToldAreRefused)
     }
 }
 
-TEST_F(PictureFiles, ShowThePaperWhereTheyAreTransparent)
+TEST_F(PictureFiles, ShowPaperWhereTransparent)
 {
     QImage transparent(2, 1, QImage::Format_ARGB32);
     transparent.fill(Qt::transparent);
@@ -134,7 +134,7 @@ TEST_F(PictureFiles, ShowThePaperWhereTheyAreTransparent)
     }
 }
 
-TEST_F(PictureFiles, OfAnUnknownKindAreNeitherReadNorWritten)
+TEST_F(PictureFiles, OfUnknownKindAreNeitherReadNorWritten)
 {
     const QString path = StorePicture("a.png", ImagePng, { 20, 10 });
     const QByteArray before = Contents(path);
@@ -147,7 +147,7 @@ TEST_F(PictureFiles, OfAnUnknownKindAreNeitherReadNorWritten)
     EXPECT_EQ(Contents(path), before);
 }
 
-TEST_F(PictureFiles, ThatCannotBeWrittenStayAsTheyWere)
+TEST_F(PictureFiles, AreUnchangedAfterFailedWrite)
 {
     QImage picture(20, 10, QImage::Format_RGB32);
     picture.fill(Qt::red);
@@ -161,27 +161,27 @@ TEST_F(PictureFiles, ThatCannotBeWrittenStayAsTheyWere)
     EXPECT_EQ(QDir(Folder()).entryList(QDir::Files | QDir::Hidden).size(), 4);
 }
 
-TEST_F(PictureFiles, ThatAreLongerThanAnyPictureAreNotRead)
+TEST_F(PictureFiles, LongerThanAnyPictureAreNotRead)
 {
     for (const KindCase& kind : { KindCase{ "a.bmp", ImageBitmap }, KindCase{ "a.wmf", ImageMetafile } }) {
         QFile file(StorePicture(kind.Name, kind.Kind, { 20, 10 }));
-        ASSERT_TRUE(file.resize(file.size() + 1000)); // zeros behind the picture
+        ASSERT_TRUE(file.resize(file.size() + 1000)); // zeros after the picture
         EXPECT_FALSE(DecodePicture(file.fileName(), kind.Kind, { 20, 10 }, kPaper).isNull()) << kind.Name;
         ASSERT_TRUE(file.resize(qint64{ 1 } << 30));
         EXPECT_TRUE(DecodePicture(file.fileName(), kind.Kind, { 20, 10 }, kPaper).isNull()) << kind.Name;
     }
 }
 
-// The address sanitizer takes all address space and ends the program when there is no more.
+// Address sanitizer reserves all address space and aborts on exhaustion.
 #if defined(Q_OS_LINUX) && !defined(__SANITIZE_ADDRESS__)
 
 namespace {
 
-/// Takes what earlier tests have given back to the heap, which no limit keeps anybody from using.
+/// Uses up freed heap memory, to which no limit applies.
 void UseUpHeap()
 {
     constexpr size_t kPiece = 1 << 20;
-    static std::array<std::unique_ptr<char[]>, 10000> pieces; // which takes none of the heap
+    static std::array<std::unique_ptr<char[]>, 10000> pieces; // static, to need no heap
     for (auto& piece : pieces) {
         piece.reset(new (std::nothrow) char[kPiece]);
         if (piece == nullptr)
@@ -195,7 +195,7 @@ void SetLimit(rlim_t bytes)
     setrlimit(RLIMIT_AS, &limit);
 }
 
-/// Leaves the process so many bytes more than it has.
+/// Limits the process to `more` bytes above its current size.
 void LimitMemory(rlim_t more)
 {
     QFile sizes(QStringLiteral("/proc/self/statm"));
@@ -212,10 +212,10 @@ constexpr rlim_t kLittle = 16 << 20;
 
 } // namespace
 
-TEST_F(PictureFiles, WithoutMemoryForThemAreNotRead)
+TEST_F(PictureFiles, AreNotReadWithoutMemory)
 {
     for (const KindCase& kind : kCases) {
-        const QSize size(4000, 3000); // 48 million bytes
+        const QSize size(4000, 3000); // 48 MB
         const QString path = StorePicture(kind.Name, kind.Kind, size);
         const auto read = [&] {
             LimitMemory(kLittle);
@@ -225,7 +225,7 @@ TEST_F(PictureFiles, WithoutMemoryForThemAreNotRead)
     }
 }
 
-TEST_F(PictureFiles, WithoutMemoryForThemAreNotWrittenUnlessInPieces)
+TEST_F(PictureFiles, AreNotWrittenWithoutMemoryUnlessInPieces)
 {
     QImage picture(4000, 3000, QImage::Format_RGB32);
     for (int y = 0; y < picture.height(); ++y) {

@@ -31,7 +31,7 @@ protected:
         return FilePath(QStringLiteral("temp%1.png").arg(number, 2, 10, QLatin1Char('0')));
     }
 
-    void TakeLibraryAway()
+    void UnbindLibrary()
     {
         TvImg() = {};
         const auto general = TvGen();
@@ -50,7 +50,7 @@ protected:
 
 } // namespace
 
-TEST_F(Captures, FetchTheDisplayIntoAWindow)
+TEST_F(Captures, FetchDisplayIntoWindow)
 {
     const WindowId id = FetchScreen();
     ASSERT_EQ(id, 1);
@@ -64,7 +64,7 @@ TEST_F(Captures, FetchTheDisplayIntoAWindow)
             QStringLiteral("GetFileFromStream %1 5000").arg(Temporary()) }));
 }
 
-TEST_F(Captures, LetTheFrameBePaintedBeforeTheyStopTheThread)
+TEST_F(Captures, RepaintFrameBeforeBlocking)
 {
     TheFrameHooks().FinishPainting = [this] {
         channel_.Log.append(QStringLiteral("Paint"));
@@ -77,7 +77,7 @@ TEST_F(Captures, LetTheFrameBePaintedBeforeTheyStopTheThread)
     EXPECT_EQ(channel_.Log.count(QStringLiteral("Paint")), 1);
 }
 
-TEST_F(Captures, AskForSavingWhenTheyAreClosed)
+TEST_F(Captures, AskForSavingWhenClosed)
 {
     const WindowId id = FetchScreen();
     Answers().Expect(12714, { ScreenTitle(id) }, Cancel);
@@ -85,21 +85,21 @@ TEST_F(Captures, AskForSavingWhenTheyAreClosed)
     EXPECT_TRUE(WindowInUse(id));
 }
 
-TEST_F(Captures, AreShownInFrontWhileTheFrameIsActive)
+TEST_F(Captures, AreShownInFrontWhileFrameIsActive)
 {
     EXPECT_EQ(Views[FetchScreen()].Shown, 0);
     TheScreenViewHooks().MainFrameIsActive = [] { return true; };
     EXPECT_EQ(Views[FetchScreen()].Shown, 1);
 }
 
-TEST_F(Captures, LoadingIsToldAndClearedOnTheStatusLine)
+TEST_F(Captures, LoadingShowsAndClearsStatusLine)
 {
     FetchScreen();
     EXPECT_EQ(Frame.Log.value(0), QStringLiteral("status:") + LngStr(14500) + LngStr(14301) + LngStr(10104));
     EXPECT_EQ(Frame.Status, QString());
 }
 
-TEST_F(Captures, ShowTheBackgroundWhereTheyAreTransparent)
+TEST_F(Captures, ShowBackgroundWhereTransparent)
 {
     channel_.Contents.clear();
     QBuffer buffer(&channel_.Contents);
@@ -118,7 +118,7 @@ TEST_F(Captures, LeaveNoTemporaryFile)
     EXPECT_EQ(QDir(Folder()).entryList(QDir::Files), QStringList());
 }
 
-TEST_F(Captures, MakeAWindowEach)
+TEST_F(Captures, OpenOneWindowEach)
 {
     const WindowId first = FetchScreen();
     const WindowId second = FetchScreen();
@@ -126,7 +126,7 @@ TEST_F(Captures, MakeAWindowEach)
     EXPECT_EQ(WindowCount(WindowScreen), 2);
 }
 
-TEST_F(Captures, WithoutALinkDoNothingAtAll)
+TEST_F(Captures, WithoutLinkDoNothing)
 {
     channel_.Connected = false;
     EXPECT_EQ(FetchScreen(), -1);
@@ -134,7 +134,7 @@ TEST_F(Captures, WithoutALinkDoNothingAtAll)
     EXPECT_EQ(WindowCount(0), 0);
 }
 
-TEST_F(Captures, BrokenTransferEndsTheLinkAndIsToldOnce)
+TEST_F(Captures, BrokenTransferClosesLinkAndIsReportedOnce)
 {
     channel_.Answer(QStringLiteral("GetFileFromStream"), kChannelLinkFailed);
     Answers().Expect(12703, {}, Ok);
@@ -145,7 +145,7 @@ TEST_F(Captures, BrokenTransferEndsTheLinkAndIsToldOnce)
     EXPECT_EQ(WindowCount(0), 0);
 }
 
-TEST_F(Captures, AnyOtherEndOfATransferIsABreakToo)
+TEST_F(Captures, AnyOtherTransferFailureClosesLinkToo)
 {
     for (const ChannelStatus status : { kChannelRefused, kChannelLocalFile, ChannelStatus(-1) }) {
         channel_.Connected = true;
@@ -157,7 +157,7 @@ TEST_F(Captures, AnyOtherEndOfATransferIsABreakToo)
     }
 }
 
-TEST_F(Captures, WhatStandsInTheirPlaceGoesBeforeTheTransfer)
+TEST_F(Captures, ExistingTemporaryFileIsRemovedBeforeTransfer)
 {
     bool isThere = false;
     channel_.OnCall = [&](const QString& call) {
@@ -170,7 +170,7 @@ TEST_F(Captures, WhatStandsInTheirPlaceGoesBeforeTheTransfer)
     EXPECT_FALSE(isThere);
 }
 
-TEST_F(Captures, NeedNoProgramFolderThatCanBeWritten)
+TEST_F(Captures, WorkWithReadOnlyProgramFolder)
 {
     Program().AppPath = FilePath(QStringLiteral("gone/"));
     ASSERT_GT(FetchScreen(), 0);
@@ -180,13 +180,13 @@ TEST_F(Captures, NeedNoProgramFolderThatCanBeWritten)
     EXPECT_FALSE(QFileInfo::exists(QFileInfo(path).path())) << "nothing is left of its own folder";
 }
 
-TEST_F(Captures, FailureOfTheCommandIsNotLookedAt)
+TEST_F(Captures, FailureOfCommandIsIgnored)
 {
     channel_.Answer(QStringLiteral("Send"), kChannelRefused);
     EXPECT_GT(FetchScreen(), 0);
 }
 
-TEST_F(Captures, UnreadablePictureIsPassedOverAndItsFileStays)
+TEST_F(Captures, UnreadablePictureIsSkippedAndItsFileKept)
 {
     channel_.Contents = "no picture";
     EXPECT_EQ(FetchScreen(), -1);
@@ -195,7 +195,7 @@ TEST_F(Captures, UnreadablePictureIsPassedOverAndItsFileStays)
     EXPECT_TRUE(channel_.Connected);
 }
 
-TEST_F(Captures, PictureThatEndsEarlyLeavesNoWindow)
+TEST_F(Captures, TruncatedPictureOpensNoWindow)
 {
     channel_.Contents.chop(20);
     EXPECT_EQ(FetchScreen(), -1);
@@ -203,16 +203,16 @@ TEST_F(Captures, PictureThatEndsEarlyLeavesNoWindow)
     EXPECT_EQ(Frame.Status, QString());
 }
 
-TEST_F(Captures, PictureOfAbsurdSizeIsPassedOver)
+TEST_F(Captures, PictureOfAbsurdSizeIsSkipped)
 {
-    // The length of the width in the first block of a PNG file.
+    // The width in the first chunk of a PNG file.
     channel_.Contents.replace(16, 4, QByteArray::fromHex("7fffffff"));
     EXPECT_EQ(FetchScreen(), -1);
     EXPECT_EQ(WindowCount(0), 0);
     EXPECT_TRUE(QFile::exists(Temporary()));
 }
 
-TEST_F(Captures, AskWhateverWasAnsweredAboutFiles)
+TEST_F(Captures, AskIndependentlyOfAnswersAboutFiles)
 {
     for (int count = 0; count < kDocumentsOfType; ++count)
         Open();
@@ -224,7 +224,7 @@ TEST_F(Captures, AskWhateverWasAnsweredAboutFiles)
     EXPECT_EQ(WindowSubtypeOf(1), SubtypeFile);
 }
 
-TEST_F(Captures, FullTableIsTold)
+TEST_F(Captures, FullTableIsReported)
 {
     for (WindowId id = 1; id <= kWindowSlots; ++id)
         WindowTable().Table[static_cast<size_t>(id)].Type = WindowDataSet;
@@ -232,7 +232,7 @@ TEST_F(Captures, FullTableIsTold)
     EXPECT_EQ(FetchScreen(), -1);
 }
 
-TEST_F(Captures, HundredAndFirstReplacesTheOldestOrNothing)
+TEST_F(Captures, HundredAndFirstReplacesOldestOrNothing)
 {
     const WindowId oldest = Open();
     for (int count = 1; count < kDocumentsOfType; ++count)
@@ -246,7 +246,7 @@ TEST_F(Captures, HundredAndFirstReplacesTheOldestOrNothing)
     EXPECT_TRUE(WindowIsModified(oldest));
 }
 
-TEST_F(Captures, TakeTheFirstTemporaryNameThatTheyCanHave)
+TEST_F(Captures, UseFirstAvailableTemporaryName)
 {
     EXPECT_EQ(TemporaryName(QStringLiteral("png")), QStringLiteral("temp00.png"));
     ASSERT_TRUE(QDir(Folder()).mkdir(QStringLiteral("temp00.png"))); // can't be deleted as a file
@@ -260,7 +260,7 @@ TEST_F(Captures, TakeTheFirstTemporaryNameThatTheyCanHave)
     EXPECT_EQ(TemporaryName(QStringLiteral("png")), QStringLiteral("temp09.png"));
 }
 
-TEST_F(Captures, WithoutATemporaryNameEndInSilence)
+TEST_F(Captures, WithoutTemporaryNameFailSilently)
 {
     for (int number = 0; number < 10; ++number)
         ASSERT_TRUE(QDir().mkdir(Temporary(number)));
@@ -269,24 +269,24 @@ TEST_F(Captures, WithoutATemporaryNameEndInSilence)
     EXPECT_EQ(channel_.Log, QStringList());
 }
 
-TEST_F(Captures, WithoutTheLibraryNothingIsFetched)
+TEST_F(Captures, WithoutLibraryNothingIsFetched)
 {
-    TakeLibraryAway();
+    UnbindLibrary();
     CaptureScreen();
     EXPECT_EQ(channel_.Log, QStringList());
 }
 
-TEST_F(Captures, LibraryThatIsGoneAfterTheTransferLeavesNoWindow)
+TEST_F(Captures, LibraryLostDuringTransferOpensNoWindow)
 {
     channel_.OnCall = [this](const QString& call) {
         if (call.startsWith(QStringLiteral("GetFileFromStream")))
-            TakeLibraryAway();
+            UnbindLibrary();
     };
     EXPECT_EQ(FetchScreen(), -1);
     EXPECT_EQ(WindowCount(0), 0);
 }
 
-TEST_F(Captures, CommandKeepsTheProgramBusyMeanwhile)
+TEST_F(Captures, CommandKeepsProgramBusy)
 {
     bool wasBusy = false;
     bool wasIdle = true;
@@ -302,7 +302,7 @@ TEST_F(Captures, CommandKeepsTheProgramBusyMeanwhile)
     EXPECT_EQ(WindowCount(WindowScreen), 1);
 }
 
-TEST_F(Captures, PointerIsAsBeforeWhenTheCommandsAreOnAgain)
+TEST_F(Captures, PointerIsRestoredWhenCommandsAreEnabled)
 {
     QVector<bool> wasBusy;
     TheFrameHooks().MenuUpdate = [&] {
@@ -313,7 +313,7 @@ TEST_F(Captures, PointerIsAsBeforeWhenTheCommandsAreOnAgain)
     EXPECT_EQ(wasBusy, QVector<bool>{ false });
 }
 
-TEST_F(Captures, AutoTileFollowsTheirNumber)
+TEST_F(Captures, AutoTileFollowsNumberOfWindows)
 {
     int tiled = 0;
     TheScreenViewHooks().Arrange = [&](int) { ++tiled; };

@@ -1,4 +1,4 @@
-// tests/screen/metafile/metafileBuilder.h: metafiles, record by record.
+// tests/screen/metafile/metafileBuilder.h: builds metafiles record by record.
 #pragma once
 
 #include <QByteArray>
@@ -10,7 +10,7 @@
 
 namespace tarvik {
 
-/// Little-endian numbers one after the other.
+/// Appends little-endian numbers.
 class ByteWriter {
 public:
     ByteWriter& Add8(int value);
@@ -27,45 +27,45 @@ private:
     QByteArray bytes_;
 };
 
-/// A device-independent bitmap: a header of 40 bytes, colours, then pixels as they are given.
+/// A device-independent bitmap: a 40-byte header, colours, then the given pixels.
 struct TestDib {
     int Width = 1;
-    int Height = 1; ///< negative for the upper line first
+    int Height = 1; ///< negative for top-down
     int BitCount = 24;
     int Compression = 0;
     std::vector<QRgb> Colours;
     QByteArray Pixels;
-    int ColoursUsed = -1; ///< as many as there are
+    int ColoursUsed = -1; ///< -1: the number of colours
 
     [[nodiscard]] QByteArray Bytes() const;
 };
 
-/// A bitmap of 24 bits with the pixels of a picture.
+/// A 24-bit bitmap of a picture.
 QByteArray DibOf(const QImage& picture);
 
 class MetafileBuilder {
 public:
-    /// A placeable metafile with a window of this size, one pixel a unit.
+    /// A placeable metafile with a window of this size, one pixel per unit.
     explicit MetafileBuilder(QSize size);
 
-    /// One without placeable header.
+    /// A metafile without placeable header.
     MetafileBuilder();
 
     MetafileBuilder& Placeable(int left, int top, int right, int bottom, int unitsPerInch);
 
     MetafileBuilder& Record(int function, std::initializer_list<int> words, const QByteArray& more = {});
 
-    // What many tests need. Colours are 0x00BBGGRR.
+    // Common records. Colours are 0x00BBGGRR.
     MetafileBuilder& Window(int x, int y, int width, int height);
-    MetafileBuilder& Pen(int style, int width, int colour); ///< made as the next object
+    MetafileBuilder& Pen(int style, int width, int colour); ///< created as the next object
     MetafileBuilder& Brush(int style, int colour, int hatch = 0);
     MetafileBuilder& Font(int height, const QByteArray& face, int escapement = 0, int characterSet = 0);
     MetafileBuilder& Select(int number);
     MetafileBuilder& Delete(int number);
     MetafileBuilder& Rectangle(int left, int top, int right, int bottom);
-    MetafileBuilder& Region(std::initializer_list<QRect> rectangles); ///< one line each
+    MetafileBuilder& Region(std::initializer_list<QRect> rectangles); ///< one scan each
 
-    /// With the record that ends it.
+    /// The file, terminated by the end record.
     [[nodiscard]] QByteArray Bytes() const;
 
 private:
@@ -83,17 +83,17 @@ inline constexpr int kNoPen = 5;
 inline constexpr int kHollow = 1;
 inline constexpr int kHatched = 2;
 
-/// The picture painted on white; a null one for a file that is refused.
+/// The picture rendered on white; null for a file that is refused.
 QImage Painted(const QByteArray& bytes);
 QImage Painted(const MetafileBuilder& builder);
 
 /// The colour of a pixel without alpha, as 0xRRGGBB.
 QRgb At(const QImage& picture, int x, int y);
 
-/// The smallest rectangle around all pixels that are not white.
+/// The bounding box of all pixels that are not white.
 QRect Drawn(const QImage& picture);
 
-/// How many pixels have this colour, 0xRRGGBB.
+/// The number of pixels of this colour, 0xRRGGBB.
 int Count(const QImage& picture, QRgb colour);
 
 } // namespace tarvik

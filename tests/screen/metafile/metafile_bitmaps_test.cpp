@@ -1,4 +1,4 @@
-// Bitmaps in metafiles, and raster operations.
+// Metafile records with bitmaps, and raster operations.
 #include "tests/screen/metafile/metafileBuilder.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ constexpr QRgb kUpperRight = 0x405060;
 constexpr QRgb kLowerLeft = 0x708090;
 constexpr QRgb kLowerRight = 0xA0B0C0;
 
-/// Four colours, each on a square of `side` pixels.
+/// Four squares of `side` pixels in different colours.
 QImage Quarters(int side = 1)
 {
     QImage picture(2 * side, 2 * side, QImage::Format_RGB32);
@@ -28,7 +28,7 @@ QImage Quarters(int side = 1)
     return picture;
 }
 
-/// 40 by 30 pixels; stretching leaves pixels as they are.
+/// 40 by 30 pixels; scaling does not interpolate.
 MetafileBuilder Page()
 {
     return MetafileBuilder(QSize(40, 30)).Record(0x0107, { 3 });
@@ -47,7 +47,7 @@ MetafileBuilder& Copy(MetafileBuilder& builder, int operation, QPoint from, QRec
     return builder.Record(0x0940, { 0, operation, from.y(), from.x(), to.height(), to.width(), to.y(), to.x() }, dib);
 }
 
-/// One pixel of paint on one pixel of picture, both of many bits, with a brush.
+/// Combines one source pixel and one picture pixel, with a brush.
 QRgb Combined(int operation, QRgb source, QRgb picture, int brush)
 {
     QImage one(1, 1, QImage::Format_RGB32);
@@ -63,7 +63,7 @@ QRgb Combined(int operation, QRgb source, QRgb picture, int brush)
 
 } // namespace
 
-TEST(MetafileBitmaps, AreStretched)
+TEST(MetafileBitmaps, AreScaled)
 {
     MetafileBuilder builder = Page();
     const QImage picture = Painted(Stretch(builder, QRect(0, 0, 2, 2), QRect(10, 5, 20, 10), DibOf(Quarters())));
@@ -74,16 +74,16 @@ TEST(MetafileBitmaps, AreStretched)
     EXPECT_EQ(At(picture, 29, 14), kLowerRight);
 }
 
-TEST(MetafileBitmaps, ArePaintedPixelByPixelAtTheirOwnSize)
+TEST(MetafileBitmaps, AreCopiedExactlyAtOwnSize)
 {
     const QImage quarters = Quarters(5);
-    MetafileBuilder builder(QSize(40, 30)); // whatever the way of stretching
+    MetafileBuilder builder(QSize(40, 30)); // whatever the stretch mode
     const QImage picture = Painted(Stretch(builder, QRect(0, 0, 10, 10), QRect(3, 4, 10, 10), DibOf(quarters)));
     EXPECT_EQ(picture.copy(3, 4, 10, 10).convertToFormat(QImage::Format_RGB888),
         quarters.convertToFormat(QImage::Format_RGB888));
 }
 
-TEST(MetafileBitmaps, CountTheirLinesFromTheFirstStored)
+TEST(MetafileBitmaps, CountLinesFromFirstStored)
 {
     MetafileBuilder builder = Page();
     const QImage picture = Painted(Stretch(builder, QRect(0, 0, 2, 1), QRect(0, 0, 2, 1), DibOf(Quarters())));
@@ -103,7 +103,7 @@ TEST(MetafileBitmaps, AreMirroredByNegativeSizes)
     EXPECT_EQ(At(picture, 21, 11), kUpperRight);
 }
 
-TEST(MetafileBitmaps, ShowOnlyThePartThatExists)
+TEST(MetafileBitmaps, ShowOnlyExistingPart)
 {
     MetafileBuilder builder = Page();
     Copy(builder, kCopyHigh, { 1, 1 }, QRect(10, 10, 2, 2), DibOf(Quarters()));
@@ -124,7 +124,7 @@ TEST(MetafileBitmaps, AveragePixelsWhenTheyShrink)
     EXPECT_NEAR(qGray(picture.pixel(20, 15)), 255 / 10, 3);
 }
 
-TEST(MetafileBitmaps, OfTheStretchRecordCountFromTheTop)
+TEST(MetafileBitmaps, OfStretchRecordCountFromTop)
 {
     MetafileBuilder builder = Page();
     builder.Record(0x0B41, { kCopyLow, kCopyHigh, 1, 2, 0, 0, 10, 20, 5, 10 }, DibOf(Quarters()));
@@ -134,13 +134,13 @@ TEST(MetafileBitmaps, OfTheStretchRecordCountFromTheTop)
     EXPECT_EQ(At(picture, 29, 14), kUpperRight);
 }
 
-TEST(MetafileBitmaps, CanComeInStripsOfLines)
+TEST(MetafileBitmaps, CanComeInStrips)
 {
     TestDib dib;
     dib.Width = 1;
     dib.Height = 4;
     dib.BitCount = 32;
-    dib.Pixels = ByteWriter().Add32(kLowerLeft).Add32(kUpperLeft).Bytes(); // the second and third line from below
+    dib.Pixels = ByteWriter().Add32(kLowerLeft).Add32(kUpperLeft).Bytes(); // the second and third line from the bottom
     MetafileBuilder builder = Page();
     builder.Record(0x0D33, { 0, 2, 1, 0, 0, 4, 1, 10, 10 }, dib.Bytes());
     const QImage picture = Painted(builder);
@@ -149,7 +149,7 @@ TEST(MetafileBitmaps, CanComeInStripsOfLines)
     EXPECT_EQ(At(picture, 10, 12), kLowerLeft);
 }
 
-TEST(MetafileBitmaps, OfADeviceTakeTextAndBackgroundColour)
+TEST(MetafileBitmaps, MonochromeDeviceBitmapsUseTextAndBackgroundColour)
 {
     const QByteArray bitmap =
         ByteWriter().Add16(0).Add16(8).Add16(1).Add16(2).Add8(1).Add8(1).Add8(0xF0).Add8(0).Bytes();
@@ -161,7 +161,7 @@ TEST(MetafileBitmaps, OfADeviceTakeTextAndBackgroundColour)
     EXPECT_EQ(At(picture, 11, 3), 0xFF0000U);
 }
 
-TEST(MetafileBitmaps, OfADeviceCanHaveColours)
+TEST(MetafileBitmaps, DeviceBitmapsCanHaveColours)
 {
     ByteWriter bitmap;
     bitmap.Add16(0).Add16(1).Add16(2).Add16(4).Add8(1).Add8(24).Add8(0x30).Add8(0x20).Add8(0x10).Add8(0);
@@ -173,13 +173,13 @@ TEST(MetafileBitmaps, OfADeviceCanHaveColours)
     EXPECT_EQ(At(picture, 1, 3), kLowerLeft);
 }
 
-TEST(MetafileBitmaps, TakeColoursFromThePalette)
+TEST(MetafileBitmaps, UsePaletteColours)
 {
     TestDib dib;
     dib.Width = 2;
     dib.BitCount = 8;
     dib.ColoursUsed = 2;
-    dib.Pixels = ByteWriter().Add16(1).Add16(0).Add8(0).Add8(1).Add16(0).Bytes(); // two numbers, then two pixels
+    dib.Pixels = ByteWriter().Add16(1).Add16(0).Add8(0).Add8(1).Add16(0).Bytes(); // two indexes, then two pixels
     MetafileBuilder builder = Page();
     builder.Record(0x00F7, { 0x0300, 2, 0x2010, 0x0030, 0x5040, 0x0060 }).Record(0x0234, { 0 });
     builder.Record(0x0F43, { kCopyLow, kCopyHigh, 1, 1, 2, 0, 0, 1, 2, 5, 5 }, dib.Bytes());
@@ -188,7 +188,7 @@ TEST(MetafileBitmaps, TakeColoursFromThePalette)
     EXPECT_EQ(At(picture, 6, 5), kUpperLeft);
 }
 
-TEST(MetafileBitmaps, CanNameColoursOfThePaletteThemselves)
+TEST(MetafileBitmaps, CanContainPaletteIndexes)
 {
     TestDib dib;
     dib.BitCount = 8;
@@ -199,7 +199,7 @@ TEST(MetafileBitmaps, CanNameColoursOfThePaletteThemselves)
     EXPECT_EQ(At(Painted(builder), 5, 5), kUpperRight);
 }
 
-TEST(MetafileBitmaps, CopyWithinThePicture)
+TEST(MetafileBitmaps, CopyWithinPicture)
 {
     MetafileBuilder builder = Page();
     Copy(builder, kCopyHigh, {}, QRect(2, 3, 2, 2), DibOf(Quarters()));
@@ -219,7 +219,7 @@ TEST(MetafileBitmaps, AreClipped)
     EXPECT_EQ(Drawn(Painted(builder)), QRect(10, 10, 1, 2));
 }
 
-TEST(MetafileBitmaps, ThatAreCutShortAreRefused)
+TEST(MetafileBitmaps, TruncatedAreRefused)
 {
     const QByteArray dib = DibOf(Quarters());
     for (const qsizetype length : { 0, 4, 39, 40, 50 }) {
@@ -249,18 +249,18 @@ TEST(RasterOperations, UseTheBrush)
     EXPECT_EQ(Combined(0x00B8, 0x0F0F0F, 0x3C3C3C, 0x414141), 0x4C4C4CU); // brush where the source is 0
 }
 
-TEST(RasterOperations, OfEveryNumberFollowItsBits)
+TEST(RasterOperations, OfEveryCodeFollowItsBits)
 {
     for (int operation = 0; operation < 256; ++operation) {
         int expected = 0;
         for (int bit = 0; bit < 8; ++bit) // bit 7: all three set
             expected |= (operation >> bit & 1) << bit;
-        // Each bit of a channel meets another combination of brush, source and picture.
+        // Each bit of a channel has a different combination of brush, source and picture.
         EXPECT_EQ(Combined(operation, 0xCCCCCC, 0xAAAAAA, 0xF0F0F0) & 0xFF, static_cast<QRgb>(expected)) << operation;
     }
 }
 
-TEST(RasterOperations, WithoutBitmapFillARectangle)
+TEST(RasterOperations, WithoutBitmapFillRectangle)
 {
     MetafileBuilder builder = Page();
     builder.Brush(0, kRed).Select(0).Record(0x061D, { 0x0021, 0x00F0, 10, 20, 5, 3 });
@@ -269,7 +269,7 @@ TEST(RasterOperations, WithoutBitmapFillARectangle)
     EXPECT_EQ(At(picture, 3, 5), 0xFF0000U);
 }
 
-TEST(RasterOperations, InvertAndBlackenAndWhiten)
+TEST(RasterOperations, InvertBlackenAndWhiten)
 {
     MetafileBuilder builder = Page();
     builder.Record(0x061D, { 0x0009, 0x0055, 30, 20, 0, 0 }).Record(0x061D, { 0x0042, 0x0000, 30, 10, 0, 20 });
@@ -277,7 +277,7 @@ TEST(RasterOperations, InvertAndBlackenAndWhiten)
     EXPECT_EQ(Drawn(Painted(builder)), QRect(5, 0, 25, 30));
 }
 
-TEST(RasterOperations, OnThreePicturesKeepTheClipping)
+TEST(RasterOperations, OnThreePicturesAreClipped)
 {
     QImage black(20, 20, QImage::Format_RGB32);
     black.fill(Qt::black);

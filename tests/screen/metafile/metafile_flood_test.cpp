@@ -1,4 +1,4 @@
-// What metafiles fill around a point.
+// Flood fills of metafiles.
 #include "tests/screen/metafile/metafileBuilder.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@ namespace {
 
 constexpr QRgb kRgbRed = 0xFF0000;
 
-/// 40 by 30 pixels with a black frame from 10, 5 to 29, 24; then the red brush.
+/// 40 by 30 pixels with a black frame from (10, 5) to (29, 24) and a red brush.
 MetafileBuilder Framed()
 {
     MetafileBuilder builder(QSize(40, 30));
@@ -18,7 +18,7 @@ MetafileBuilder Framed()
 
 } // namespace
 
-TEST(MetafileFloods, StopAtABorder)
+TEST(MetafileFloods, StopAtBorder)
 {
     const QImage inside = Painted(Framed().Record(0x0419, { kBlack, 0, 10, 20 }));
     EXPECT_EQ(Count(inside, kRgbRed), 18 * 18);
@@ -27,13 +27,13 @@ TEST(MetafileFloods, StopAtABorder)
     EXPECT_EQ(Count(outside, kRgbRed), 40 * 30 - 20 * 20);
 }
 
-TEST(MetafileFloods, KeepToOneColour)
+TEST(MetafileFloods, FillOneColourOnly)
 {
     const QImage picture = Painted(Framed().Record(0x0548, { 1, 0xFFFF, 0x00FF, 10, 20 }));
     EXPECT_EQ(Count(picture, kRgbRed), 18 * 18);
 }
 
-TEST(MetafileFloods, ReachAroundCorners)
+TEST(MetafileFloods, FillAroundCorners)
 {
     MetafileBuilder builder = Framed();
     builder.Brush(0, kBlack).Select(2).Rectangle(11, 10, 26, 13).Rectangle(14, 16, 31, 19).Select(1);
@@ -44,13 +44,13 @@ TEST(MetafileFloods, ReachAroundCorners)
     EXPECT_EQ(At(picture, 5, 22), 0xFFFFFFU);
 }
 
-TEST(MetafileFloods, FillNothingFromTheBorderItselfOrFromOutside)
+TEST(MetafileFloods, FillNothingFromBorderOrOutside)
 {
     EXPECT_EQ(Count(Painted(Framed().Record(0x0419, { kBlack, 0, 5, 10 })), kRgbRed), 0);
     EXPECT_EQ(Count(Painted(Framed().Record(0x0419, { kBlack, 0, 100, -1 })), kRgbRed), 0);
 }
 
-TEST(MetafileFloods, KeepToTheClipping)
+TEST(MetafileFloods, AreClipped)
 {
     MetafileBuilder builder = Framed();
     builder.Record(0x0416, { 15, 40, 0, 0 }).Record(0x0419, { kBlack, 0, 10, 20 });

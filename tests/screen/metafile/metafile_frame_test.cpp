@@ -21,40 +21,40 @@ QSize SizeOf(const MetafileBuilder& builder)
 
 } // namespace
 
-TEST(MetafileSize, OfAPlaceableOneComesFromItsUnitsPerInch)
+TEST(MetafileSize, OfPlaceableDependsOnUnitsPerInch)
 {
     EXPECT_EQ(SizeOf(MetafileBuilder().Placeable(0, 0, 1280, 720, 96)), QSize(1280, 720));
     EXPECT_EQ(SizeOf(MetafileBuilder().Placeable(-720, 100, 2160, 820, 1440)), QSize(192, 48));
 }
 
-TEST(MetafileSize, OfAPlaceableOneIsRoundedAndNeverNothing)
+TEST(MetafileSize, OfPlaceableIsRoundedAndNeverZero)
 {
     EXPECT_EQ(SizeOf(MetafileBuilder().Placeable(0, 0, 26, 28, 254)), QSize(10, 11));
     EXPECT_EQ(SizeOf(MetafileBuilder().Placeable(0, 0, 1, 1, 2540)), QSize(1, 1));
 }
 
-TEST(MetafileSize, DoesNotMindWhichCornerComesFirst)
+TEST(MetafileSize, AcceptsCornersInAnyOrder)
 {
     EXPECT_EQ(SizeOf(MetafileBuilder().Placeable(100, 50, 0, 0, 96)), QSize(100, 50));
 }
 
-TEST(MetafileSize, OfAPlainOneIsItsFirstWindow)
+TEST(MetafileSize, OfBareIsItsFirstWindow)
 {
     EXPECT_EQ(SizeOf(MetafileBuilder().Window(5, 6, 300, 200).Window(0, 0, 10, 10)), QSize(300, 200));
     EXPECT_EQ(SizeOf(MetafileBuilder().Window(0, 0, 300, -200)), QSize(300, 200));
 }
 
-TEST(MetafileSize, OfAPlainOneIsItsViewportWhereItHasOne)
+TEST(MetafileSize, OfBareIsItsViewportIfSet)
 {
     EXPECT_EQ(SizeOf(MetafileBuilder().Window(0, 0, 3000, 2000).Record(0x020E, { 100, 150 })), QSize(150, 100));
 }
 
-TEST(MetafileSize, DoesNotMindHowTheViewportRuns)
+TEST(MetafileSize, AcceptsAnyViewportDirection)
 {
     EXPECT_EQ(SizeOf(MetafileBuilder().Window(0, 0, 300, 200).Record(0x020E, { -100, -150 })), QSize(150, 100));
 }
 
-TEST(MetafileSize, OfAPlainOneStartsAtItsFirstOrigin)
+TEST(MetafileSize, OfBareStartsAtFirstOrigin)
 {
     const auto frame = FrameOf(MetafileBuilder().Window(5, 6, 300, 200).Window(70, 80, 10, 10).Bytes());
     ASSERT_TRUE(frame);
@@ -67,7 +67,7 @@ TEST(MetafileSize, OfManyUnitsIsReduced)
     EXPECT_EQ(SizeOf(MetafileBuilder().Window(0, 0, 20480, 10240)), QSize(2048, 1024));
 }
 
-TEST(MetafileSize, WithoutWindowIsTheBoxOfWhatIsDrawn)
+TEST(MetafileSize, WithoutWindowIsBoundingBox)
 {
     MetafileBuilder builder;
     builder.Rectangle(10, 20, 60, 50).Record(0x0213, { 70, 99 });
@@ -77,7 +77,7 @@ TEST(MetafileSize, WithoutWindowIsTheBoxOfWhatIsDrawn)
     EXPECT_EQ(QSize(frame->Width, frame->Height), QSize(90, 51));
 }
 
-TEST(MetafileSize, WithoutWindowReachesToWhereTextsStand)
+TEST(MetafileSize, WithoutWindowIncludesTextPositions)
 {
     const QByteArray three = QByteArray("abc\0", 4) + ByteWriter().Add16(80).Add16(90).Bytes();
     MetafileBuilder plain;
@@ -88,7 +88,7 @@ TEST(MetafileSize, WithoutWindowReachesToWhereTextsStand)
     EXPECT_EQ(SizeOf(other.Rectangle(0, 0, 10, 10).Record(0x0A32, { 80, 90, 1, 0, 'a' })), QSize(91, 81));
 }
 
-TEST(MetafileSize, WithoutWindowIsToldByEveryRecordThatDraws)
+TEST(MetafileSize, WithoutWindowIncludesEveryDrawingRecord)
 {
     const QByteArray bytes(200, '\0');
     const auto sizeWith = [&](int function, std::initializer_list<int> words) {
@@ -115,12 +115,12 @@ TEST(MetafileSize, WithoutWindowIsToldByEveryRecordThatDraws)
     EXPECT_EQ(sizeOfExactly(0x0324, { 2, 0, 0, 39, 29 }), QSize(40, 30)); // polygon
     EXPECT_EQ(sizeOfExactly(0x0325, { 2, 0, 0, 39, 29 }), QSize(40, 30));
     EXPECT_EQ(sizeOfExactly(0x0538, { 2, 1, 1, 0, 0, 39, 29 }), QSize(40, 30));
-    MetafileBuilder counts; // they are no points
+    MetafileBuilder counts; // not points
     EXPECT_EQ(SizeOf(counts.Record(0x0538, { 2, 1, 1, 20, 20, 39, 29 })), QSize(20, 10));
     EXPECT_EQ(sizeOfExactly(0x02FA, { 0, 99, 99, 99, 99 }), QSize(10, 10)); // a pen draws nothing
 }
 
-TEST(MetafileSize, OfUnitsWithASizeIsThatSize)
+TEST(MetafileSize, OfPhysicalUnitsIsPhysicalSize)
 {
     EXPECT_EQ(SizeOf(MetafileBuilder().Record(0x0103, { 2 }).Rectangle(0, 0, 254, 508)), QSize(96, 192));
     EXPECT_EQ(SizeOf(MetafileBuilder().Record(0x0103, { 3 }).Rectangle(0, 0, 2540, 254)), QSize(96, 10));
@@ -129,20 +129,20 @@ TEST(MetafileSize, OfUnitsWithASizeIsThatSize)
     EXPECT_EQ(SizeOf(MetafileBuilder().Record(0x0103, { 6 }).Rectangle(0, 0, 1440, 720)), QSize(96, 48));
 }
 
-TEST(MetafileSize, IsUnknownWhereNothingIsDrawn)
+TEST(MetafileSize, IsUnknownIfNothingIsDrawn)
 {
     EXPECT_FALSE(FrameOf(MetafileBuilder().Bytes()));
     EXPECT_FALSE(FrameOf(MetafileBuilder().Record(0x0103, { 8 }).Bytes()));
 }
 
-TEST(MetafileSize, OfNothingIsRefused)
+TEST(MetafileSize, OfZeroIsRefused)
 {
     EXPECT_FALSE(FrameOf(MetafileBuilder().Placeable(7, 0, 7, 10, 96).Bytes()));
     EXPECT_FALSE(FrameOf(MetafileBuilder().Placeable(0, 7, 10, 7, 96).Bytes()));
     EXPECT_FALSE(FrameOf(MetafileBuilder().Placeable(0, 0, 10, 10, 0).Bytes()));
 }
 
-TEST(MetafileHeader, MustBeWhole)
+TEST(MetafileHeader, MustBeComplete)
 {
     const QByteArray placeable = MetafileBuilder(QSize(10, 10)).Bytes();
     for (int length = 0; length < 40; ++length)
@@ -152,7 +152,7 @@ TEST(MetafileHeader, MustBeWhole)
         EXPECT_FALSE(FrameOf(plain.left(length))) << length;
 }
 
-TEST(MetafileHeader, MustBeOfAKnownKind)
+TEST(MetafileHeader, MustBeOfKnownType)
 {
     const QByteArray plain = MetafileBuilder().Window(0, 0, 5, 5).Bytes();
     const std::pair<int, char> changes[] = { { 0, 3 }, { 2, 10 }, { 5, 2 } };
@@ -163,7 +163,7 @@ TEST(MetafileHeader, MustBeOfAKnownKind)
     }
 }
 
-TEST(MetafileHeader, MayBeOfAFileAndOfTheFirstVersion)
+TEST(MetafileHeader, MayBeOnDiskAndVersionOne)
 {
     QByteArray plain = MetafileBuilder().Window(0, 0, 5, 5).Bytes();
     plain[0] = 2;
@@ -172,22 +172,22 @@ TEST(MetafileHeader, MayBeOfAFileAndOfTheFirstVersion)
     EXPECT_TRUE(FrameOf(plain));
 }
 
-TEST(MetafileHeader, MayHaveAWrongCheckSum)
+TEST(MetafileHeader, MayHaveWrongChecksum)
 {
-    QByteArray bytes = MetafileBuilder(QSize(10, 20)).Bytes(); // as several programs write them
+    QByteArray bytes = MetafileBuilder(QSize(10, 20)).Bytes(); // as several programs write it
     bytes[20] = 0;
     bytes[21] = 0;
     ASSERT_TRUE(FrameOf(bytes));
     EXPECT_EQ(FrameOf(bytes)->Height, 20);
 }
 
-TEST(MetafileRecords, EndWithTheRecordThatSaysSo)
+TEST(MetafileRecords, EndAtEndRecord)
 {
     const QByteArray bytes = MetafileBuilder().Window(0, 0, 5, 5).Bytes() + "rest";
     EXPECT_TRUE(FrameOf(bytes));
 }
 
-TEST(MetafileRecords, AreBrokenWhereOneIsShorterThanItsHead)
+TEST(MetafileRecords, AreBrokenIfOneIsShorterThanItsHeader)
 {
     QByteArray bytes = MetafileBuilder().Window(0, 0, 5, 5).Bytes();
     bytes[18] = 2;
@@ -196,7 +196,7 @@ TEST(MetafileRecords, AreBrokenWhereOneIsShorterThanItsHead)
     EXPECT_FALSE(FrameOf(bytes));
 }
 
-TEST(MetafileRecords, ReadNothingBeyondTheirEnd)
+TEST(MetafileRecords, ReadZeroBeyondTheirEnd)
 {
     const uint8_t bytes[] = { 1, 2, 3 };
     const tvpicture::MetafileParameters p{ tvpicture::ByteView(bytes) };

@@ -1,4 +1,4 @@
-// Metafiles that want more than a picture.
+// Malicious metafiles.
 #include "closed/tvimg.h"
 #include "screen/metafile/metafileReader.h"
 #include "tests/screen/metafile/metafileBuilder.h"
@@ -9,7 +9,7 @@ namespace tarvik {
 
 namespace {
 
-/// One record of each kind that has a length of its own to check.
+/// One record of each kind that checks a length of its own.
 MetafileBuilder Everything()
 {
     QImage picture(3, 2, QImage::Format_RGB32);
@@ -23,7 +23,7 @@ MetafileBuilder Everything()
 
 } // namespace
 
-TEST(HostileMetafiles, CutShortAnywhereAreRefused)
+TEST(HostileMetafiles, TruncatedAnywhereAreRefused)
 {
     const QByteArray bytes = Everything().Bytes();
     ASSERT_FALSE(Painted(bytes).isNull());
@@ -31,13 +31,13 @@ TEST(HostileMetafiles, CutShortAnywhereAreRefused)
         EXPECT_TRUE(Painted(bytes.left(length)).isNull()) << length;
 }
 
-TEST(HostileMetafiles, OfAnotherFormatAreRefused)
+TEST(HostileMetafiles, OfOtherFormatsAreRefused)
 {
     EXPECT_TRUE(Painted(QByteArray()).isNull());
     EXPECT_TRUE(Painted(QByteArray("BM not a metafile, but long enough for one of them")).isNull());
 }
 
-TEST(HostileMetafiles, OfAbsurdSizesAreRefusedBeforeMemoryIsTaken)
+TEST(HostileMetafiles, OfAbsurdSizesAreRefusedBeforeAllocating)
 {
     EXPECT_TRUE(Painted(MetafileBuilder().Placeable(0, 0, 32767, 32767, 96)).isNull());
     EXPECT_TRUE(Painted(MetafileBuilder().Placeable(0, 0, 32767, 1, 95)).isNull());
@@ -46,14 +46,14 @@ TEST(HostileMetafiles, OfAbsurdSizesAreRefusedBeforeMemoryIsTaken)
     EXPECT_EQ(Painted(MetafileBuilder().Placeable(0, 0, TVIMG_MAX_SIDE, 1, 96)).width(), TVIMG_MAX_SIDE);
 }
 
-TEST(HostileMetafiles, WithRecordsTooShortForTheirKindAreRefused)
+TEST(HostileMetafiles, WithTooShortRecordsAreRefused)
 {
     for (const int function : { 0x0103, 0x012D, 0x020B, 0x02FA, 0x02FB, 0x02FC, 0x0324, 0x041B, 0x0538, 0x061C, 0x0817,
              0x0940, 0x0A32, 0x0F43 })
         EXPECT_TRUE(Painted(MetafileBuilder(QSize(40, 30)).Record(function, {})).isNull()) << function;
 }
 
-TEST(HostileMetafiles, WithMorePointsThanTheyHoldAreRefused)
+TEST(HostileMetafiles, WithMissingPointsAreRefused)
 {
     EXPECT_TRUE(Painted(MetafileBuilder(QSize(40, 30)).Record(0x0324, { 3, 0, 0, 1, 1 })).isNull());
     EXPECT_TRUE(Painted(MetafileBuilder(QSize(40, 30)).Record(0x0325, { 0xFFFF, 0, 0, 1, 1 })).isNull());
@@ -61,7 +61,7 @@ TEST(HostileMetafiles, WithMorePointsThanTheyHoldAreRefused)
     EXPECT_TRUE(Painted(MetafileBuilder(QSize(40, 30)).Record(0x0538, { 0xFFFF, 0 })).isNull());
 }
 
-TEST(HostileMetafiles, WithMoreColoursThanTheyHoldAreRefused)
+TEST(HostileMetafiles, WithMissingColoursAreRefused)
 {
     EXPECT_TRUE(Painted(MetafileBuilder(QSize(40, 30)).Record(0x00F7, { 0x0300, 2, 0, 0 })).isNull());
     EXPECT_TRUE(Painted(MetafileBuilder(QSize(40, 30)).Record(0x0037, { 0, 2, 0, 0 })).isNull());
@@ -85,7 +85,7 @@ TEST(HostileMetafiles, MayDrawFarOutside)
     EXPECT_FALSE(Painted(builder).isNull());
 }
 
-TEST(HostileMetafiles, MayScaleToNothing)
+TEST(HostileMetafiles, MayScaleToZero)
 {
     MetafileBuilder builder(QSize(40, 30));
     builder.Record(0x020C, { 0, 0 }).Record(0x020E, { 0, 5 }).Record(0x0410, { 0, 0, 0, 0 });
@@ -94,14 +94,14 @@ TEST(HostileMetafiles, MayScaleToNothing)
     EXPECT_FALSE(Painted(builder.Rectangle(0, 0, 10, 10)).isNull());
 }
 
-TEST(HostileMetafiles, MayRestoreWhatWasNeverSaved)
+TEST(HostileMetafiles, MayRestoreWithoutSaving)
 {
     MetafileBuilder builder(QSize(40, 30));
     builder.Record(0x0127, { 0xFFFF }).Record(0x0127, { 5 }).Record(0x0127, { 0 }).Record(0x0127, { 0x8000 });
     EXPECT_FALSE(Painted(builder).isNull());
 }
 
-TEST(HostileMetafiles, ThatSaveWithoutEndAreRefused)
+TEST(HostileMetafiles, WithUnlimitedSavesAreRefused)
 {
     MetafileBuilder builder(QSize(40, 30));
     for (int i = 0; i < 2000; ++i)
@@ -109,7 +109,7 @@ TEST(HostileMetafiles, ThatSaveWithoutEndAreRefused)
     EXPECT_TRUE(Painted(builder).isNull());
 }
 
-TEST(HostileMetafiles, ThatPaintWithoutEndAreRefused)
+TEST(HostileMetafiles, WithUnlimitedPaintingAreRefused)
 {
     MetafileBuilder builder;
     builder.Placeable(0, 0, 8192, 8192, 96).Pen(kNoPen, 0, 0).Select(0);
@@ -118,9 +118,9 @@ TEST(HostileMetafiles, ThatPaintWithoutEndAreRefused)
     EXPECT_TRUE(Painted(builder).isNull());
 }
 
-TEST(HostileMetafiles, ThatKeepPatternsWithoutEndAreRefused)
+TEST(HostileMetafiles, WithUnlimitedPatternsAreRefused)
 {
-    TestDib dib; // two bytes that make a pattern of 16 million pixels
+    TestDib dib; // a pattern of 16 million pixels in two bytes
     dib.Width = 4096;
     dib.Height = 4096;
     dib.BitCount = 8;
@@ -144,9 +144,9 @@ TEST(HostileMetafiles, MayCreateManyObjects)
     EXPECT_EQ(At(Painted(builder.Rectangle(0, 0, 20, 20)), 5, 5), 0x0000FFU);
 }
 
-TEST(HostileMetafiles, ThatGoAroundFarOutsideWithoutEndAreRefused)
+TEST(HostileMetafiles, WithUnlimitedOutlinesFarOutsideAreRefused)
 {
-    const auto arcs = [](int count) { // each far beyond the picture, in a record of 22 bytes
+    const auto arcs = [](int count) { // each far outside the picture, in a record of 22 bytes
         MetafileBuilder builder(QSize(1, 1));
         for (int i = 0; i < count; ++i)
             builder.Record(0x0817, { 0, 5, 9, 0, 32767, 32767, -32768, -32768 });
@@ -156,10 +156,10 @@ TEST(HostileMetafiles, ThatGoAroundFarOutsideWithoutEndAreRefused)
     EXPECT_TRUE(arcs(2500).isNull());
 }
 
-TEST(HostileMetafiles, ThatFillAcrossEveryLineWithoutEndAreRefused)
+TEST(HostileMetafiles, WithUnlimitedFillsAreRefused)
 {
     constexpr int kPoints = 10000;
-    ByteWriter points; // above the picture: told and counted, but not painted
+    ByteWriter points; // above the picture: charged, but not painted
     for (int i = 0; i < kPoints; ++i)
         points.Add16(i / 20).Add16(i % 2 == 0 ? -32768 : -100);
     const auto painted = [&](int function, int pen, int count) {
@@ -173,11 +173,11 @@ TEST(HostileMetafiles, ThatFillAcrossEveryLineWithoutEndAreRefused)
     constexpr int kDashed = 1;
     EXPECT_TRUE(painted(0x0324, kSolid, 1));
     EXPECT_FALSE(painted(0x0324, kSolid, 3));
-    EXPECT_TRUE(painted(0x0325, kSolid, 3)); // thin lines are quick
+    EXPECT_TRUE(painted(0x0325, kSolid, 3)); // thin lines are cheap
     EXPECT_FALSE(painted(0x0325, kDashed, 3));
 }
 
-TEST(HostileMetafiles, ThatWriteWithoutEndAreRefused)
+TEST(HostileMetafiles, WithUnlimitedTextAreRefused)
 {
     MetafileBuilder builder(QSize(1, 1));
     builder.Record(0x0521, { 0, 0, 0 });
@@ -187,7 +187,7 @@ TEST(HostileMetafiles, ThatWriteWithoutEndAreRefused)
     EXPECT_TRUE(Painted(builder).isNull());
 }
 
-TEST(HostileMetafiles, MayHaveWidthsBeyondAllMeasure)
+TEST(HostileMetafiles, MayHaveHugeWidths)
 {
     MetafileBuilder builder(QSize(40, 30));
     builder.Pen(0, 32767, kRed).Select(0).Region({ QRect(0, 0, 5, 5) }).Brush(0, kBlue);
@@ -198,7 +198,7 @@ TEST(HostileMetafiles, MayHaveWidthsBeyondAllMeasure)
     EXPECT_FALSE(Painted(builder).isNull());
 }
 
-TEST(HostileMetafiles, MayMoveTheClippingBeyondAllMeasure)
+TEST(HostileMetafiles, MayMoveClippingVeryFar)
 {
     for (const auto& [down, across] : { std::pair(32767, 0), std::pair(0, 32767) }) {
         MetafileBuilder builder(QSize(40, 30));

@@ -1,4 +1,4 @@
-// Other programs as judges: what is written here they show alike, and what they write is shown alike here.
+// Other programs as reference: both sides render each other's files alike.
 #include "screen/metafile/metafileReader.h"
 #include "screen/metafile/metafileWriter.h"
 #include "tests/support/fixture.h"
@@ -13,11 +13,11 @@ namespace {
 
 constexpr int kPatienceMs = 60000;
 
-/// Installed programs by their place, so that nothing of the same name stands in for them.
+/// Absolute paths, so that no other program of the same name is used.
 const QString kConvert = QStringLiteral("/usr/bin/convert");
 const QString kWmf2Svg = QStringLiteral("/usr/bin/wmf2svg");
 
-/// A screen with lines, letters and noise.
+/// A screen picture with lines, text and noise.
 QImage Screen(int width, int height)
 {
     QImage screen(width, height, QImage::Format_RGB32);
@@ -39,7 +39,7 @@ QImage Screen(int width, int height)
 
 class MetafilePeers : public ProgramTest {
 protected:
-    /// Runs a program in the folder of the test; its output, or nothing when it fails.
+    /// Runs a program in the test's folder; returns its output, empty on failure.
     QByteArray Run(const QString& program, const QStringList& arguments)
     {
         QProcess process;
@@ -51,7 +51,7 @@ protected:
         return process.readAllStandardOutput();
     }
 
-    /// The pixels of a picture, without the colour space that other programs name in their files.
+    /// The pixels of a picture, without the colour space that other programs declare.
     QImage Load(const QString& name) const
     {
         QImage picture = QImage(FilePath(name)).convertToFormat(QImage::Format_RGB32);
@@ -64,7 +64,7 @@ protected:
 
 class WrittenMetafile : public MetafilePeers, public testing::WithParamInterface<QSize> { };
 
-TEST_P(WrittenMetafile, HasTheSamePixelsInImageMagick)
+TEST_P(WrittenMetafile, HasSamePixelsInImageMagick)
 {
     const QImage screen = Screen(GetParam().width(), GetParam().height());
     ASSERT_TRUE(WriteMetafile(FilePath("a.wmf"), screen));
@@ -72,7 +72,7 @@ TEST_P(WrittenMetafile, HasTheSamePixelsInImageMagick)
     EXPECT_EQ(Load("a.png"), screen);
 }
 
-TEST_P(WrittenMetafile, HasTheSamePixelsInWmf2Svg)
+TEST_P(WrittenMetafile, HasSamePixelsInWmf2Svg)
 {
     const QImage screen = Screen(GetParam().width(), GetParam().height());
     ASSERT_TRUE(WriteMetafile(FilePath("a.wmf"), screen));
@@ -86,8 +86,8 @@ TEST_P(WrittenMetafile, HasTheSamePixelsInWmf2Svg)
 INSTANTIATE_TEST_SUITE_P(Sizes, WrittenMetafile, testing::Values(QSize(642, 442), QSize(641, 101), QSize(1280, 720)),
     [](const auto& test) { return std::to_string(test.param.width()) + "by" + std::to_string(test.param.height()); });
 
-/// A drawing that an office program has exported, and the picture that the same program makes of it.
-TEST(ReadMetafile, LooksAsTheDrawingProgramShowsIt)
+/// A drawing exported by an office program, and that program's rendering of it.
+TEST(ReadMetafile, MatchesRenderingOfDrawingProgram)
 {
     QFile file(QStringLiteral(DRAWINGS "/shapes.wmf"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -104,7 +104,7 @@ TEST(ReadMetafile, LooksAsTheDrawingProgramShowsIt)
             different += far > 128 ? 1 : 0;
         }
     }
-    // Edges are smoothed there and not here.
+    // Only the reference is antialiased.
     EXPECT_LT(different, theirs.width() * theirs.height() / 100);
 }
 

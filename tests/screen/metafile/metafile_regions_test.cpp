@@ -1,4 +1,4 @@
-// Clipping, and the painting of regions.
+// Clipping and painting of regions.
 #include "tests/screen/metafile/metafileBuilder.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace {
 constexpr QRgb kRgbRed = 0xFF0000;
 constexpr QRgb kRgbWhite = 0xFFFFFF;
 
-/// 40 by 30 pixels, red brush as object 1, no line.
+/// 40 by 30 pixels, red brush as object 1, no pen.
 MetafileBuilder Red()
 {
     return MetafileBuilder(QSize(40, 30)).Pen(kNoPen, 0, 0).Brush(0, kRed).Select(0).Select(1);
@@ -24,19 +24,19 @@ QImage Filled(MetafileBuilder& builder)
 
 } // namespace
 
-TEST(MetafileClipping, KeepsWhatLiesWithin)
+TEST(MetafileClipping, LimitsPainting)
 {
     EXPECT_EQ(Drawn(Filled(Red().Record(0x0416, { 20, 30, 10, 5 }))), QRect(5, 10, 25, 10));
 }
 
-TEST(MetafileClipping, BecomesSmallerWithEveryRectangle)
+TEST(MetafileClipping, IntersectsRectangles)
 {
     MetafileBuilder builder = Red();
     builder.Record(0x0416, { 20, 30, 10, 5 }).Record(0x0416, { 30, 40, 15, 10 });
     EXPECT_EQ(Drawn(Filled(builder)), QRect(10, 15, 20, 5));
 }
 
-TEST(MetafileClipping, LeavesOutARectangle)
+TEST(MetafileClipping, ExcludesRectangle)
 {
     const QImage picture = Filled(Red().Record(0x0415, { 20, 30, 10, 5 }));
     EXPECT_EQ(Count(picture, kRgbWhite), 25 * 10);
@@ -51,7 +51,7 @@ TEST(MetafileClipping, MovesByAnOffset)
     EXPECT_EQ(Drawn(Filled(builder)), QRect(7, 13, 25, 10));
 }
 
-TEST(MetafileClipping, TakesARegion)
+TEST(MetafileClipping, AcceptsRegion)
 {
     MetafileBuilder builder = Red();
     builder.Region({ QRect(2, 3, 10, 5), QRect(20, 10, 5, 5) }).Record(0x012C, { 2 });
@@ -61,14 +61,14 @@ TEST(MetafileClipping, TakesARegion)
     EXPECT_EQ(At(picture, 24, 14), kRgbRed);
 }
 
-TEST(MetafileClipping, TakesARegionThatIsSelected)
+TEST(MetafileClipping, AcceptsSelectedRegion)
 {
     MetafileBuilder builder = Red();
     builder.Region({ QRect(2, 3, 10, 5) }).Select(2);
     EXPECT_EQ(Drawn(Filled(builder)), QRect(2, 3, 10, 5));
 }
 
-TEST(MetafileClipping, EndsWithoutARegion)
+TEST(MetafileClipping, IsClearedWithoutRegion)
 {
     MetafileBuilder builder = Red();
     builder.Record(0x0416, { 20, 30, 10, 5 }).Record(0x012C, { 0xFFFF });
@@ -82,14 +82,14 @@ TEST(MetafileClipping, IsRestored)
     EXPECT_EQ(Count(Filled(builder), kRgbRed), 40 * 30);
 }
 
-TEST(MetafileClipping, ToNothingPaintsNothing)
+TEST(MetafileClipping, EmptyClippingPaintsNothing)
 {
     MetafileBuilder builder = Red();
     builder.Record(0x0416, { 5, 5, 0, 0 }).Record(0x0416, { 20, 20, 10, 10 });
     EXPECT_TRUE(Drawn(Filled(builder)).isEmpty());
 }
 
-TEST(MetafileRegions, AreFilledWithABrush)
+TEST(MetafileRegions, AreFilledWithBrush)
 {
     MetafileBuilder builder = Red();
     builder.Region({ QRect(2, 3, 10, 5) }).Brush(0, kBlue).Record(0x0228, { 2, 3 });
@@ -98,7 +98,7 @@ TEST(MetafileRegions, AreFilledWithABrush)
     EXPECT_EQ(At(picture, 5, 5), 0x0000FFU);
 }
 
-TEST(MetafileRegions, ArePaintedWithTheSelectedBrush)
+TEST(MetafileRegions, ArePaintedWithSelectedBrush)
 {
     MetafileBuilder builder = Red();
     builder.Region({ QRect(2, 3, 10, 5) }).Record(0x012B, { 2 });
@@ -122,21 +122,21 @@ TEST(MetafileRegions, AreFramed)
     EXPECT_EQ(At(picture, 5, 5), kRgbWhite);
 }
 
-TEST(MetafileRegions, OfAnotherKindOfObjectAreIgnored)
+TEST(MetafileRegions, OtherObjectsAreIgnored)
 {
     MetafileBuilder builder = Red();
     builder.Record(0x012B, { 1 }).Record(0x0228, { 0, 1 }).Record(0x0429, { 9, 9, 1, 1 });
     EXPECT_TRUE(Drawn(Painted(builder)).isEmpty());
 }
 
-TEST(MetafileRegions, ThatAreCutShortAreRefused)
+TEST(MetafileRegions, TruncatedAreRefused)
 {
     MetafileBuilder builder = Red();
     builder.Record(0x06FF, { 0, 6, 0, 0, 0, 2, 2, 0, 0, 0, 0, /* line */ 2, 0, 5, 0, 5, 2, /* second */ 40, 5 });
     EXPECT_TRUE(Painted(builder).isNull());
 }
 
-TEST(MetafileRegions, WithHalfARectangleAreRefused)
+TEST(MetafileRegions, WithIncompleteRectangleAreRefused)
 {
     MetafileBuilder builder = Red();
     builder.Record(0x06FF, { 0, 6, 0, 0, 0, 1, 2, 0, 0, 0, 0, /* line */ 1, 0, 5, 0, 1 });

@@ -1,4 +1,4 @@
-// What metafiles write.
+// Texts of metafiles.
 #include "screen/metafile/metafileFont.h"
 #include "tests/screen/metafile/metafileBuilder.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 enum Align { UpdatePosition = 1, Right = 2, Centre = 6, Bottom = 8, Baseline = 24 };
 
-/// 200 by 100 pixels, letters of 20 pixels with their line, transparent background.
+/// 200 by 100 pixels, line height of 20 pixels, transparent background.
 MetafileBuilder Page()
 {
     return MetafileBuilder(QSize(200, 100)).Font(20, "DejaVu Sans").Select(0).Record(0x0102, { 1 });
@@ -37,14 +37,14 @@ MetafileBuilder& WriteSpaced(MetafileBuilder& builder, QPoint at, const QByteArr
     return builder.Record(0x0A32, { at.y(), at.x(), static_cast<int>(text.size()), 0 }, more.Bytes());
 }
 
-/// Where an H comes to stand that is aligned to the middle of the page.
+/// The extent of an H aligned to the middle of the page.
 QRect DrawnWith(int align)
 {
     MetafileBuilder builder = Page();
     return Drawn(Painted(Write(Align(builder, align), { 100, 50 }, "H")));
 }
 
-/// Weight, slant and underline, stroke and set, pitch and family: three words of a font.
+/// Three words of a font: weight; italic and underline, strike-out and character set; pitch and family.
 MetafileBuilder PageWithFont(
     int weight, int slantAndUnderline, int stroke, int pitch = 0, const QByteArray& face = "DejaVu Sans")
 {
@@ -65,14 +65,14 @@ MetafileFontFace FaceFor(quint8 set, bool symbols = false)
 
 } // namespace
 
-TEST(MetafileText, IsAlignedSideways)
+TEST(MetafileText, IsAlignedHorizontally)
 {
     EXPECT_GE(DrawnWith(0).left(), 100);
     EXPECT_LE(DrawnWith(Right).right(), 100);
     EXPECT_NEAR(DrawnWith(Centre).center().x(), 100, 1);
 }
 
-TEST(MetafileText, IsAlignedUpAndDown)
+TEST(MetafileText, IsAlignedVertically)
 {
     EXPECT_GT(DrawnWith(0).top(), 50);
     EXPECT_LE(DrawnWith(0).bottom(), 70);
@@ -81,7 +81,7 @@ TEST(MetafileText, IsAlignedUpAndDown)
     EXPECT_EQ(DrawnWith(Baseline).bottom(), 49);
 }
 
-TEST(MetafileText, HeightsAreThoseOfTheLineOrOfTheLetters)
+TEST(MetafileText, HeightIsOfLineOrCharacter)
 {
     MetafileBuilder line(QSize(200, 100));
     MetafileBuilder letters(QSize(200, 100));
@@ -93,14 +93,14 @@ TEST(MetafileText, HeightsAreThoseOfTheLineOrOfTheLetters)
     EXPECT_LT(lineHeight, letterHeight);
 }
 
-TEST(MetafileText, SizesFollowTheScale)
+TEST(MetafileText, SizesAreScaled)
 {
     MetafileBuilder builder(QSize(200, 100));
     builder.Font(-400, "DejaVu Sans").Select(0).Record(0x0102, { 1 }).Window(0, 0, 2000, 1000);
     EXPECT_NEAR(Drawn(Painted(Write(builder, { 100, 100 }, "H"))).height(), 40 * 0.73, 2);
 }
 
-TEST(MetafileText, WidthsOfAFontStretchIt)
+TEST(MetafileText, FontWidthStretchesText)
 {
     MetafileBuilder builder(QSize(200, 100));
     builder.Record(0x02FB, { -20, 30, 0, 0, 400, 0, 0, 0, 0 }, QByteArray("DejaVu Sans\0", 12)).Select(0);
@@ -111,14 +111,14 @@ TEST(MetafileText, WidthsOfAFontStretchIt)
     EXPECT_GT(wide, 2 * Drawn(Painted(Write(plain, { 5, 5 }, "HHH"))).width());
 }
 
-TEST(MetafileText, IsWrittenInItsColour)
+TEST(MetafileText, HasTextColour)
 {
     MetafileBuilder builder = Page();
     builder.Record(0x0209, { kRed, 0 });
     EXPECT_GT(Count(Painted(Write(builder, { 10, 10 }, "HHH")), 0xFF0000), 10);
 }
 
-TEST(MetafileText, IsBoldByItsWeight)
+TEST(MetafileText, IsBoldByWeight)
 {
     const int plain = Count(WrittenWith(PageWithFont(0, 0, 0)), 0);
     EXPECT_EQ(Count(WrittenWith(PageWithFont(400, 0, 0)), 0), plain);
@@ -151,7 +151,7 @@ TEST(MetafileText, CanBeStruckOut)
     EXPECT_TRUE(Drawn(WrittenWith(PageWithFont(400, 0, 0)).copy(between, 0, 1, 100)).isEmpty());
 }
 
-TEST(MetafileText, OfAFontThatIsNotThereKeepsItsPitch)
+TEST(MetafileText, ReplacementFontKeepsPitch)
 {
     const auto width = [](int pitch, const QByteArray& text) {
         return Drawn(WrittenWith(PageWithFont(400, 0, 0, pitch, "No Such Face"), text)).width();
@@ -163,7 +163,7 @@ TEST(MetafileText, OfAFontThatIsNotThereKeepsItsPitch)
     EXPECT_LT(width(2, "HiiiiiiH") + 20, width(2, "HMMMMMMH"));
 }
 
-TEST(MetafileText, OfAFontThatIsNotThereKeepsItsSerifs)
+TEST(MetafileText, ReplacementFontKeepsSerifs)
 {
     const int roman = 1 << 4;
     const int swiss = 2 << 4;
@@ -171,7 +171,7 @@ TEST(MetafileText, OfAFontThatIsNotThereKeepsItsSerifs)
         WrittenWith(PageWithFont(400, 0, 0, swiss, "No Such Face")));
 }
 
-TEST(MetafileText, IsWrittenInItsFace)
+TEST(MetafileText, HasRequestedFace)
 {
     const auto width = [](const QByteArray& text) {
         return Drawn(WrittenWith(PageWithFont(400, 0, 0, 0, "DejaVu Sans Mono"), text)).width();
@@ -179,7 +179,7 @@ TEST(MetafileText, IsWrittenInItsFace)
     EXPECT_NEAR(width("HiiiiiiH"), width("HMMMMMMH"), 1);
 }
 
-TEST(MetafileText, CoversTheBackgroundUnlessTransparent)
+TEST(MetafileText, CoversBackgroundUnlessTransparent)
 {
     MetafileBuilder builder = Page();
     builder.Record(0x0102, { 2 }).Record(0x0201, { kGreen, 0 });
@@ -190,7 +190,7 @@ TEST(MetafileText, CoversTheBackgroundUnlessTransparent)
     EXPECT_EQ(At(picture, 10, 10), 0x00FF00U);
 }
 
-TEST(MetafileText, StandsWhereItsAdvancesSay)
+TEST(MetafileText, IsPositionedByAdvances)
 {
     MetafileBuilder builder = Page();
     const QImage picture = Painted(WriteSpaced(builder, { 10, 10 }, "II", 60));
@@ -199,7 +199,7 @@ TEST(MetafileText, StandsWhereItsAdvancesSay)
     EXPECT_EQ(Count(picture.copy(25, 0, 40, 100), 0xFFFFFF), 40 * 100);
 }
 
-TEST(MetafileText, IsAlignedByItsAdvances)
+TEST(MetafileText, IsAlignedByAdvances)
 {
     MetafileBuilder builder = Page();
     const QRect drawn = Drawn(Painted(WriteSpaced(Align(builder, Right), { 180, 10 }, "II", 60)));
@@ -207,7 +207,7 @@ TEST(MetafileText, IsAlignedByItsAdvances)
     EXPECT_LT(drawn.left(), 70);
 }
 
-TEST(MetafileText, SpreadsByTheExtrasOfTheState)
+TEST(MetafileText, HasExtraSpacing)
 {
     MetafileBuilder plain = Page();
     MetafileBuilder wide = Page();
@@ -217,7 +217,7 @@ TEST(MetafileText, SpreadsByTheExtrasOfTheState)
     EXPECT_NEAR(difference, 20, 1);
 }
 
-TEST(MetafileText, SpreadsItsBlanksOnly)
+TEST(MetafileText, HasExtraSpacingAtBlanksOnly)
 {
     MetafileBuilder plain = Page();
     MetafileBuilder wide = Page();
@@ -227,7 +227,7 @@ TEST(MetafileText, SpreadsItsBlanksOnly)
     EXPECT_NEAR(difference, 30, 2);
 }
 
-TEST(MetafileText, IsSqueezedByNegativeExtras)
+TEST(MetafileText, IsCondensedByNegativeSpacing)
 {
     const auto narrower = [](int function, std::initializer_list<int> extra) {
         MetafileBuilder plain = Page();
@@ -240,7 +240,7 @@ TEST(MetafileText, IsSqueezedByNegativeExtras)
     EXPECT_NEAR(narrower(0x020A, { 2, -6 }), 6, 1);
 }
 
-TEST(MetafileText, TakesEverySecondAdvanceWhereTheyStandInPairs)
+TEST(MetafileText, UsesHorizontalAdvancesOfPairs)
 {
     ByteWriter more;
     more.Add("IIII").Add16(40).Add16(7).Add16(40).Add16(7).Add16(40).Add16(7).Add16(40).Add16(7);
@@ -250,7 +250,7 @@ TEST(MetafileText, TakesEverySecondAdvanceWhereTheyStandInPairs)
     EXPECT_EQ(Painted(builder), Painted(WriteSpaced(single, { 10, 10 }, "IIII", 40)));
 }
 
-TEST(MetafileText, MovesThePositionToTheLeftWhenItEndsThere)
+TEST(MetafileText, RightAlignedMovesPositionLeft)
 {
     MetafileBuilder builder = Page();
     builder.Record(0x0214, { 40, 180 });
@@ -263,7 +263,7 @@ TEST(MetafileText, MovesThePositionToTheLeftWhenItEndsThere)
     EXPECT_GE(drawn.right(), 130);
 }
 
-TEST(MetafileText, LeavesThePositionWhenItStartsElsewhere)
+TEST(MetafileText, KeepsPositionUnlessUpdating)
 {
     MetafileBuilder builder = Page();
     builder.Record(0x0214, { 40, 20 });
@@ -272,7 +272,7 @@ TEST(MetafileText, LeavesThePositionWhenItStartsElsewhere)
     EXPECT_EQ(Drawn(picture.copy(0, 0, 200, 45)), QRect(20, 40, 10, 1));
 }
 
-TEST(MetafileText, MovesThePositionWhenItStartsThere)
+TEST(MetafileText, MovesPositionWhenUpdating)
 {
     MetafileBuilder builder = Page();
     builder.Record(0x0214, { 40, 20 });
@@ -285,7 +285,7 @@ TEST(MetafileText, MovesThePositionWhenItStartsThere)
     EXPECT_GE(drawn.top(), 40);
 }
 
-TEST(MetafileText, TurnsWithItsFont)
+TEST(MetafileText, IsRotatedWithFont)
 {
     MetafileBuilder builder(QSize(100, 100));
     builder.Font(20, "DejaVu Sans", 900).Select(0).Record(0x0102, { 1 });
@@ -295,7 +295,7 @@ TEST(MetafileText, TurnsWithItsFont)
     EXPECT_GE(drawn.left(), 50);
 }
 
-TEST(MetafileText, FillsAndClipsItsRectangle)
+TEST(MetafileText, FillsAndClipsRectangle)
 {
     const QByteArray letters = "HHHHHHHHHH";
     MetafileBuilder builder = Page();
@@ -317,20 +317,20 @@ TEST(MetafileText, CanBeClippedWithoutFilling)
     EXPECT_EQ(Count(picture, 0x00FF00), 0);
 }
 
-TEST(MetafileText, OfNoLettersFillsItsRectangleOnly)
+TEST(MetafileText, EmptyTextFillsRectangleOnly)
 {
     MetafileBuilder builder = Page();
     builder.Record(0x0201, { kGreen, 0 }).Record(0x0A32, { 0, 0, 0, 2, 5, 5, 45, 35 });
     EXPECT_EQ(Drawn(Painted(builder)), QRect(5, 5, 40, 30));
 }
 
-TEST(MetafileText, ThatIsCutShortIsRefused)
+TEST(MetafileText, TruncatedTextIsRefused)
 {
     EXPECT_TRUE(Painted(Page().Record(0x0521, { 40, 0x4848, 0, 0 })).isNull());
     EXPECT_TRUE(Painted(Page().Record(0x0A32, { 0, 0, 40, 0, 0x4848 })).isNull());
 }
 
-TEST(MetafileCharacters, AreThoseOfTheirSet)
+TEST(MetafileCharacters, DependOnCharacterSet)
 {
     EXPECT_EQ(DecodeMetafileText("\xB5V \x80", FaceFor(0)), u"µV €"_qs);
     EXPECT_EQ(DecodeMetafileText("\xCF\xF0", FaceFor(204)), u"Пр"_qs);
@@ -346,14 +346,14 @@ TEST(MetafileCharacters, AreThoseOfTheirSet)
     EXPECT_EQ(DecodeMetafileText("\xF8", FaceFor(238)), u"ř"_qs);
 }
 
-TEST(MetafileCharacters, OfTheSymbolFontAreGreekAndSigns)
+TEST(MetafileCharacters, OfSymbolFontAreGreekLettersAndSigns)
 {
     EXPECT_EQ(DecodeMetafileText("mW 5", FaceFor(2, true)), u"μΩ 5"_qs);
     EXPECT_EQ(DecodeMetafileText("\"A`z~", FaceFor(2, true)), u"∀Α‾ζ∼"_qs);
     EXPECT_EQ(DecodeMetafileText("\xA0\xA5\xB0\xB1\xB7\xC0\xD6\xE5\xFE", FaceFor(2, true)), u"€∞°±•ℵ√∑⎭"_qs);
 }
 
-TEST(MetafileText, OfTheSymbolFontIsWrittenWithTheLettersOfAnother)
+TEST(MetafileText, SymbolTextUsesAnotherFont)
 {
     constexpr int kSymbolSet = 2 << 8;
     constexpr int kGreekSet = 161 << 8;
@@ -363,7 +363,7 @@ TEST(MetafileText, OfTheSymbolFontIsWrittenWithTheLettersOfAnother)
     EXPECT_FALSE(Drawn(symbols).isEmpty());
 }
 
-TEST(MetafileCharacters, OfTwoBytesStayTogether)
+TEST(MetafileCharacters, DoubleByteCharactersStayTogether)
 {
     EXPECT_EQ(SplitCharacters("a\x93\xFA", 128), QVector<QByteArray>({ "a", "\x93\xFA" }));
     EXPECT_EQ(SplitCharacters("a\x93", 128), QVector<QByteArray>({ "a", "\x93" }));

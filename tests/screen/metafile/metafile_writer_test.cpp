@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-/// Every pixel another colour.
+/// Every pixel has a different colour.
 QImage Colourful(int width, int height)
 {
     QImage picture(width, height, QImage::Format_RGB32);
@@ -34,7 +34,7 @@ quint32 Long(const QByteArray& bytes, qsizetype at)
 
 } // namespace
 
-TEST(MetafileWriter, StartsWithThePlaceableHeader)
+TEST(MetafileWriter, StartsWithPlaceableHeader)
 {
     const QByteArray bytes = MetafileBytes(Colourful(642, 442));
     const QByteArray header = ByteWriter()
@@ -51,7 +51,7 @@ TEST(MetafileWriter, StartsWithThePlaceableHeader)
     EXPECT_EQ(bytes.left(22).toHex(), header.toHex());
 }
 
-TEST(MetafileWriter, ChecksItsHeaderByExclusiveOrOfTheTenWordsBefore)
+TEST(MetafileWriter, ChecksumIsExclusiveOrOfTenWords)
 {
     const QByteArray bytes = MetafileBytes(Colourful(123, 45));
     int check = 0;
@@ -60,7 +60,7 @@ TEST(MetafileWriter, ChecksItsHeaderByExclusiveOrOfTheTenWordsBefore)
     EXPECT_EQ(Word(bytes, 20), check);
 }
 
-TEST(MetafileWriter, TellsLengthsInWords)
+TEST(MetafileWriter, GivesLengthsInWords)
 {
     const QByteArray bytes = MetafileBytes(Colourful(5, 3));
     const qsizetype copyBytes = 22 + 40 + 3 * 16;
@@ -110,10 +110,10 @@ TEST(MetafileWriter, WritesModeExtentPictureAndEnd)
     EXPECT_EQ(bytes.mid(40 + begin.size() + 40, 4).toHex(),
         QByteArray("02160003")); // blue, green, red; then blue
     for (qsizetype line = 0; line < 3; ++line)
-        EXPECT_EQ(bytes[40 + begin.size() + 40 + 16 * line + 15], 0) << line; // the filling
+        EXPECT_EQ(bytes[40 + begin.size() + 40 + 16 * line + 15], 0) << line; // the padding
 }
 
-TEST(MetafileWriter, GivesBackEveryPixel)
+TEST(MetafileWriter, RoundTripsEveryPixel)
 {
     for (const QSize size : { QSize(1, 1), QSize(2, 3), QSize(3, 2), QSize(643, 442) }) {
         const QImage picture = Colourful(size.width(), size.height());
@@ -123,7 +123,7 @@ TEST(MetafileWriter, GivesBackEveryPixel)
     }
 }
 
-TEST(MetafileWriter, WritesNoPictureWithoutPixelsOrBeyondTheLimits)
+TEST(MetafileWriter, WritesNothingForNullOrTooLargePicture)
 {
     EXPECT_TRUE(MetafileBytes(QImage()).isEmpty());
     EXPECT_TRUE(MetafileBytes(QImage(TVIMG_MAX_SIDE + 1, 1, QImage::Format_RGB32)).isEmpty());
@@ -133,21 +133,21 @@ TEST(MetafileWriter, WritesNoPictureWithoutPixelsOrBeyondTheLimits)
 
 class MetafileFile : public ProgramTest { };
 
-TEST_F(MetafileFile, HoldsTheBytes)
+TEST_F(MetafileFile, ContainsTheBytes)
 {
     const QImage picture = Colourful(20, 10);
     ASSERT_TRUE(WriteMetafile(FilePath("a.wmf"), picture));
     EXPECT_EQ(Contents(FilePath("a.wmf")), MetafileBytes(picture));
 }
 
-TEST_F(MetafileFile, StaysAsItWasWhenThereIsNothingToWrite)
+TEST_F(MetafileFile, IsUnchangedIfThereIsNothingToWrite)
 {
     Store(FilePath("a.wmf"), "old");
     EXPECT_FALSE(WriteMetafile(FilePath("a.wmf"), QImage()));
     EXPECT_EQ(Contents(FilePath("a.wmf")), "old");
 }
 
-TEST_F(MetafileFile, IsNotWrittenIntoAFolderThatIsNotThere)
+TEST_F(MetafileFile, IsNotWrittenToMissingFolder)
 {
     EXPECT_FALSE(WriteMetafile(FilePath("none/a.wmf"), Colourful(2, 2)));
 }

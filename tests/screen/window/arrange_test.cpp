@@ -9,7 +9,7 @@ namespace {
 
 class Arranging : public ScreenTest {
 protected:
-    /// Sizes every window as a frame does, which raises the event.
+    /// Sizes every window as a frame would, with its resize event.
     void ArrangeTo(QSize client)
     {
         TheScreenViewHooks().Arrange = [this, client](int code) {
@@ -26,7 +26,7 @@ protected:
 
 } // namespace
 
-TEST_F(Arranging, CascadeLeavesEachWindowAtItsDefaultSize)
+TEST_F(Arranging, CascadeRestoresDefaultSizes)
 {
     const WindowId first = Open();
     const WindowId second = Open(SubtypeFile, Picture({ 100, 50 }));
@@ -39,7 +39,7 @@ TEST_F(Arranging, CascadeLeavesEachWindowAtItsDefaultSize)
     EXPECT_TRUE(AtDefaultSize(first) && AtDefaultSize(second));
 }
 
-TEST_F(Arranging, CascadeLeavesMinimisedWindows)
+TEST_F(Arranging, CascadeKeepsMinimisedWindows)
 {
     const WindowId id = Open();
     Views[id].WindowState = WinStateMinimised;
@@ -47,7 +47,7 @@ TEST_F(Arranging, CascadeLeavesMinimisedWindows)
     EXPECT_EQ(Views[id].WindowState, WinStateMinimised);
 }
 
-TEST_F(Arranging, TilesKeepTheirHeightOrTheirWidth)
+TEST_F(Arranging, TilesKeepHeightOrWidth)
 {
     const WindowId id = Open();
     ArrangeTo({ 900, 221 });
@@ -59,7 +59,7 @@ TEST_F(Arranging, TilesKeepTheirHeightOrTheirWidth)
     EXPECT_EQ(Views[id].Client, QSize(321, 221));
 }
 
-TEST_F(Arranging, SizesWindowsAlsoWhileTheMouseButtonIsDown)
+TEST_F(Arranging, ResizesWindowsEvenWhileMouseButtonIsDown)
 {
     const WindowId id = Open();
     ArrangeTo({ 900, 221 });
@@ -68,7 +68,7 @@ TEST_F(Arranging, SizesWindowsAlsoWhileTheMouseButtonIsDown)
     EXPECT_EQ(TheScreenWindows().Arranging, 65535);
 }
 
-TEST_F(Arranging, AutoTileIsSwitchedAndTilesAtOnce)
+TEST_F(Arranging, AutoTileTogglesAndTilesAtOnce)
 {
     Open();
     Open();
@@ -83,28 +83,28 @@ TEST_F(Arranging, AutoTileIsSwitchedAndTilesAtOnce)
     EXPECT_TRUE(Frame.Log.contains(QStringLiteral("menu")));
 }
 
-TEST_F(Arranging, AutoTileLeavesASingleWindow)
+TEST_F(Arranging, AutoTileIgnoresSingleWindow)
 {
     Open();
     ArrangeTo({ 900, 221 });
     Program().AutoTile = true;
-    RetileIfWished();
+    RetileIfAutoTile();
     EXPECT_TRUE(codes_.isEmpty());
     Open();
-    RetileIfWished();
+    RetileIfAutoTile();
     EXPECT_EQ(codes_, QVector<int>{ 1 });
 }
 
-TEST_F(Arranging, NothingIsTiledUnlessAskedFor)
+TEST_F(Arranging, NothingIsTiledUnlessEnabled)
 {
     Open();
     Open();
     ArrangeTo({ 900, 221 });
-    RetileIfWished();
+    RetileIfAutoTile();
     EXPECT_TRUE(codes_.isEmpty());
 }
 
-TEST_F(Arranging, SingleCandidateIsChosenWithoutAForm)
+TEST_F(Arranging, SingleCandidateIsSelectedWithoutForm)
 {
     const WindowId id = OpenLive();
     Open(SubtypeFile);
@@ -118,7 +118,7 @@ TEST_F(Arranging, SingleCandidateIsChosenWithoutAForm)
     EXPECT_TRUE(TheScreenWindows().Chosen.isEmpty());
 }
 
-TEST_F(Arranging, WithoutAFormNoneOfSeveralIsChosen)
+TEST_F(Arranging, NothingIsSelectedWithoutForm)
 {
     TheScreenWindows().Chosen = { OpenLive(), OpenLive() };
     ChooseWindows(MaskAll, false);

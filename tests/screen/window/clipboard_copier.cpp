@@ -1,5 +1,5 @@
-// clipboard_copier: copies a window with its description by the menu, and has the clipboard pasted by another program
-// while this one runs. Both forms of the picture must be what the window is saved as. Needs a display.
+// clipboard_copier: copies a window with its description by the menu, and has another program paste it while this one
+// runs. Both clipboard formats must equal the saved picture. Needs a display.
 #include "app/frame/MfMain.h"
 #include "app/state/project.h"
 #include "closed/loader.h"
@@ -50,7 +50,7 @@ void OpenWithDescription()
     DescrSetText(slot.Id, QStringLiteral("Mast south"));
 }
 
-/// This program must go on meanwhile: it is asked for what it copied.
+/// Runs the event loop meanwhile: the other program requests the data from this one.
 QImage Paste(const char* form)
 {
     QProcess xclip;

@@ -22,7 +22,7 @@ protected:
         };
     }
 
-    /// A window with something to lose.
+    /// Opens a window with unsaved contents.
     WindowId OpenModified()
     {
         const WindowId id = OpenLive();
@@ -46,14 +46,14 @@ protected:
 
 } // namespace
 
-TEST_F(Closing, WithoutAWindowSucceeds)
+TEST_F(Closing, WithoutWindowSucceeds)
 {
     EXPECT_TRUE(CloseQuestion(0, false));
     EXPECT_TRUE(CloseWindow(0, true));
     EXPECT_TRUE(CloseAllWindows());
 }
 
-TEST_F(Closing, FreesTheWindowAndItsDocument)
+TEST_F(Closing, FreesWindowAndDocument)
 {
     const WindowId id = Open();
     Open();
@@ -64,7 +64,7 @@ TEST_F(Closing, FreesTheWindowAndItsDocument)
     EXPECT_EQ(WindowCount(0), 1);
 }
 
-TEST_F(Closing, AsksForASingleWindow)
+TEST_F(Closing, AsksForSingleWindow)
 {
     const WindowId id = OpenModified();
     OpenModified();
@@ -76,7 +76,7 @@ TEST_F(Closing, AsksForASingleWindow)
     EXPECT_TRUE(WindowIsModified(id));
 }
 
-TEST_F(Closing, LeftQuestionKeepsTheWindow)
+TEST_F(Closing, DismissedQuestionKeepsWindow)
 {
     const WindowId id = OpenModified();
     Answers().Expect(12714, MsgNone);
@@ -93,7 +93,7 @@ TEST_F(Closing, YesSaves)
     EXPECT_FALSE(WindowInUse(id));
 }
 
-TEST_F(Closing, WindowThatCouldNotBeSavedStays)
+TEST_F(Closing, WindowStaysIfSavingFails)
 {
     const WindowId id = OpenModified();
     saves_ = false;
@@ -103,7 +103,7 @@ TEST_F(Closing, WindowThatCouldNotBeSavedStays)
     EXPECT_TRUE(WindowIsModified(id));
 }
 
-TEST_F(Closing, NoDropsTheChanges)
+TEST_F(Closing, NoDiscardsChanges)
 {
     const WindowId id = OpenModified();
     OpenModified();
@@ -113,14 +113,14 @@ TEST_F(Closing, NoDropsTheChanges)
     EXPECT_TRUE(saved_.isEmpty());
 }
 
-TEST_F(Closing, UnmodifiedWindowIsNotAskedFor)
+TEST_F(Closing, UnmodifiedWindowClosesWithoutQuestion)
 {
     const WindowId id = Open();
     OpenModified();
     EXPECT_TRUE(CloseWindow(id, true));
 }
 
-TEST_F(Closing, DataSetIsNotAskedFor)
+TEST_F(Closing, DataSetClosesWithoutQuestion)
 {
     const WindowId id = TakeSlot(WindowDataSet);
     WindowAt(id).Modified = true;
@@ -128,7 +128,7 @@ TEST_F(Closing, DataSetIsNotAskedFor)
     EXPECT_FALSE(WindowInUse(id));
 }
 
-TEST_F(Closing, OnlyWindowIsMeantByAnyId)
+TEST_F(Closing, AllWindowsWithOneOpenAsksForSingleWindow)
 {
     const WindowId id = OpenModified();
     Answers().Expect(12714, TitleOf(id), No);
@@ -137,7 +137,7 @@ TEST_F(Closing, OnlyWindowIsMeantByAnyId)
     EXPECT_FALSE(WindowIsModified(id));
 }
 
-TEST_F(Closing, AllAtOnceHaveTheirOwnQuestion)
+TEST_F(Closing, AllWindowsHaveTheirOwnQuestion)
 {
     const WindowId first = OpenModified();
     const WindowId second = OpenModified();
@@ -148,7 +148,7 @@ TEST_F(Closing, AllAtOnceHaveTheirOwnQuestion)
     EXPECT_EQ(saved_, (QVector<WindowId>{ first, second }));
 }
 
-TEST_F(Closing, OneOfSeveralOffersNoForAll)
+TEST_F(Closing, OneOfSeveralHasNoChoiceForAll)
 {
     const WindowId id = OpenModified();
     OpenModified();
@@ -157,7 +157,7 @@ TEST_F(Closing, OneOfSeveralOffersNoForAll)
     EXPECT_EQ(Buttons(), MsgButtonsYesNoNoAllCancel);
 }
 
-TEST_F(Closing, AllAskForEachAndTheLastWithoutAChoiceForAll)
+TEST_F(Closing, AllAskForEachAndLastWithoutChoiceForAll)
 {
     OpenModified();
     OpenModified();
@@ -167,7 +167,7 @@ TEST_F(Closing, AllAskForEachAndTheLastWithoutAChoiceForAll)
     EXPECT_EQ(WindowCount(0), 0);
 }
 
-TEST_F(Closing, AllBeginWithTheActiveOne)
+TEST_F(Closing, AllStartWithActiveOne)
 {
     const WindowId first = OpenModified();
     OpenModified();
@@ -177,7 +177,7 @@ TEST_F(Closing, AllBeginWithTheActiveOne)
     EXPECT_EQ(WindowCount(0), 2);
 }
 
-TEST_F(Closing, AllStopAtTheFirstThatStays)
+TEST_F(Closing, AllStopAtFirstThatStays)
 {
     OpenModified();
     OpenModified();
@@ -188,7 +188,7 @@ TEST_F(Closing, AllStopAtTheFirstThatStays)
     EXPECT_EQ(WindowCount(0), 2);
 }
 
-TEST_F(Closing, NoForAllAsksNoMore)
+TEST_F(Closing, NoForAllSuppressesQuestions)
 {
     OpenModified();
     OpenModified();
@@ -201,7 +201,7 @@ TEST_F(Closing, NoForAllAsksNoMore)
     EXPECT_FALSE(WindowTable().NoQuestions);
 }
 
-TEST_F(Closing, NoForAllOfAnotherJobDoesNotCount)
+TEST_F(Closing, NoForAllOfOtherJobIsIgnored)
 {
     TheMessage().NoAll = true;
     WindowTable().NoQuestions = true;
@@ -211,7 +211,7 @@ TEST_F(Closing, NoForAllOfAnotherJobDoesNotCount)
     EXPECT_EQ(WindowCount(0), 1);
 }
 
-TEST_F(Closing, EventsRunBetweenTheWindows)
+TEST_F(Closing, EventsAreProcessedBetweenWindows)
 {
     Open();
     Open();
@@ -221,7 +221,7 @@ TEST_F(Closing, EventsRunBetweenTheWindows)
     EXPECT_EQ(pumps, 2);
 }
 
-TEST_F(Closing, OfTheLastOneShowsTheHintForHelp)
+TEST_F(Closing, OfLastOneShowsHelpHint)
 {
     const WindowId first = Open();
     const WindowId second = Open();
@@ -232,7 +232,7 @@ TEST_F(Closing, OfTheLastOneShowsTheHintForHelp)
     EXPECT_EQ(Frame.Status, LngStr(11801));
 }
 
-TEST_F(Closing, HintForHelpComesAgainAfterTheCommand)
+TEST_F(Closing, HelpHintReappearsAfterCommand)
 {
     std::function<void()> later;
     QVector<int> waits;
@@ -263,7 +263,7 @@ TEST_F(Closing, HintForHelpComesAgainAfterTheCommand)
     EXPECT_EQ(Frame.Status, QString()) << "a window is open again";
 }
 
-TEST_F(Closing, ByTheUsersHandNeedsAProgramThatCanAct)
+TEST_F(Closing, ByUserIsRefusedWhileBusy)
 {
     const WindowId id = Open();
     Program().Idle = false;
@@ -276,7 +276,7 @@ TEST_F(Closing, ByTheUsersHandNeedsAProgramThatCanAct)
     EXPECT_TRUE(WindowInUse(id));
 }
 
-TEST_F(Closing, NoCommandRunsWhileAWindowIsSavedByTheUsersHand)
+TEST_F(Closing, CommandsAreDisabledWhileClosingWindowIsSaved)
 {
     const WindowId id = OpenModified();
     bool couldAct = true;
@@ -290,7 +290,7 @@ TEST_F(Closing, NoCommandRunsWhileAWindowIsSavedByTheUsersHand)
     EXPECT_TRUE(CanAct());
 }
 
-TEST_F(Closing, RetilesTheOthers)
+TEST_F(Closing, RetilesOthers)
 {
     const WindowId id = Open();
     Open();
@@ -305,7 +305,7 @@ TEST_F(Closing, RetilesTheOthers)
     EXPECT_EQ(tiled, 1) << "not after each one";
 }
 
-TEST_F(Closing, AllThatStopsTilesThoseThatStay)
+TEST_F(Closing, StoppedCloseAllRetilesRemaining)
 {
     Open();
     Open();
@@ -321,7 +321,7 @@ TEST_F(Closing, AllThatStopsTilesThoseThatStay)
     EXPECT_EQ(tiled, 1);
 }
 
-TEST_F(Closing, TwiceIsOnce)
+TEST_F(Closing, TwiceHasNoFurtherEffect)
 {
     const WindowId id = Open();
     Open();

@@ -18,7 +18,7 @@ protected:
         return WindowAt(id_);
     }
 
-    /// `count` lines without an end behind the last one.
+    /// `count` lines without a line end after the last.
     static QString Lines(int count)
     {
         QStringList lines;
@@ -44,7 +44,7 @@ protected:
 
 } // namespace
 
-TEST_F(DescriptionEditing, ShowingItMakesTheWindowHigher)
+TEST_F(DescriptionEditing, ShowingGrowsWindow)
 {
     DescrSetVisible(true, id_);
     EXPECT_EQ(Views[id_].Graph, QSize(642, 442));
@@ -67,7 +67,7 @@ TEST_F(DescriptionEditing, ToggleFlipsTheFlag)
     DescrToggle(0);
 }
 
-TEST_F(DescriptionEditing, HidingKeepsTheText)
+TEST_F(DescriptionEditing, HidingKeepsText)
 {
     DescrSetVisible(true, id_);
     DescrTextChanged(id_, QStringLiteral("text"));
@@ -76,7 +76,7 @@ TEST_F(DescriptionEditing, HidingKeepsTheText)
     EXPECT_EQ(Record().Description, QStringLiteral("text"));
 }
 
-TEST_F(DescriptionEditing, ShowingItInAMaximisedWindowEmptiesTheText)
+TEST_F(DescriptionEditing, ShowingInMaximisedWindowClearsText)
 {
     DescrTextChanged(id_, QStringLiteral("text"));
     Views[id_].WindowState = WinStateMaximised;
@@ -87,7 +87,7 @@ TEST_F(DescriptionEditing, ShowingItInAMaximisedWindowEmptiesTheText)
     EXPECT_TRUE(Record().DescriptionVisible);
 }
 
-TEST_F(DescriptionEditing, HidingItInAMaximisedWindowKeepsTheText)
+TEST_F(DescriptionEditing, HidingInMaximisedWindowKeepsText)
 {
     DescrTextChanged(id_, QStringLiteral("text"));
     Record().DescriptionVisible = true;
@@ -107,7 +107,7 @@ TEST_F(DescriptionEditing, MinimisedWindowIsNotDrawn)
     EXPECT_TRUE(Record().DescriptionVisible);
 }
 
-TEST_F(DescriptionEditing, TextMakesTheWindowAsHighAsItsLines)
+TEST_F(DescriptionEditing, WindowHeightFollowsLines)
 {
     DescrSetVisible(true, id_);
     const int drawings = Views[id_].Drawings;
@@ -119,7 +119,7 @@ TEST_F(DescriptionEditing, TextMakesTheWindowAsHighAsItsLines)
     ExpectWindowIsPictureAndDescription();
 }
 
-TEST_F(DescriptionEditing, TenLinesStayAndTheEleventhIsTakenBack)
+TEST_F(DescriptionEditing, EleventhLineIsUndone)
 {
     DescrSetVisible(true, id_);
     DescrTextChanged(id_, Lines(10));
@@ -132,7 +132,7 @@ TEST_F(DescriptionEditing, TenLinesStayAndTheEleventhIsTakenBack)
     EXPECT_EQ(Views[id_].Client, client);
 }
 
-TEST_F(DescriptionEditing, LineThatBreaksCountsAsTwo)
+TEST_F(DescriptionEditing, WrappedLineCountsAsTwo)
 {
     DescrSetVisible(true, id_);
     const QString nine = Lines(9) + u'\n';
@@ -142,7 +142,7 @@ TEST_F(DescriptionEditing, LineThatBreaksCountsAsTwo)
     EXPECT_EQ(Record().Description, Stored(nine) + QString(70, u'x'));
 }
 
-TEST_F(DescriptionEditing, RestoredTextIsNoChangeOfTheUser)
+TEST_F(DescriptionEditing, RestoredTextIsNotAUserChange)
 {
     struct Eager {
         static void Change(WindowId id, FakeView& view)
@@ -157,7 +157,7 @@ TEST_F(DescriptionEditing, RestoredTextIsNoChangeOfTheUser)
     EXPECT_EQ(Record().Description, QStringLiteral("kept"));
 }
 
-TEST_F(DescriptionEditing, TailOfAVeryLongTextIsLost)
+TEST_F(DescriptionEditing, VeryLongTextIsCut)
 {
     Record().DescriptionColumns = 100;
     Record().DescriptionVisible = true;
@@ -167,7 +167,7 @@ TEST_F(DescriptionEditing, TailOfAVeryLongTextIsLost)
     EXPECT_EQ(Views[id_].Description, Record().Description) << "no more is shown than is kept";
 }
 
-TEST_F(DescriptionEditing, TextThatIsKeptWholeIsLeftToTheControl)
+TEST_F(DescriptionEditing, CompleteTextIsNotSetAgain)
 {
     Views[id_].Description = QStringLiteral("what the control holds");
     DescrTextChanged(id_, QStringLiteral("a  ") + QString(2000, u' '));
@@ -175,13 +175,13 @@ TEST_F(DescriptionEditing, TextThatIsKeptWholeIsLeftToTheControl)
     EXPECT_EQ(Views[id_].Description, QStringLiteral("what the control holds"));
 }
 
-TEST_F(DescriptionEditing, BlanksAtTheEndAreNotKept)
+TEST_F(DescriptionEditing, TrailingBlanksAreDropped)
 {
     DescrTextChanged(id_, QStringLiteral(" a  "));
     EXPECT_EQ(Record().Description, QStringLiteral(" a"));
 }
 
-TEST_F(DescriptionEditing, TextThatIsNowhereElseAsksForSaving)
+TEST_F(DescriptionEditing, UnsavedTextAsksForSaving)
 {
     EXPECT_FALSE(Record().Modified);
     DescrTextChanged(id_, QString());
@@ -192,7 +192,7 @@ TEST_F(DescriptionEditing, TextThatIsNowhereElseAsksForSaving)
     EXPECT_TRUE(Record().Modified) << "the same text is as little saved as before";
 }
 
-TEST_F(DescriptionEditing, WindowThatIsBeingSizedIsNotSizedByItsText)
+TEST_F(DescriptionEditing, WindowBeingResizedIgnoresItsText)
 {
     Record().InResize = true;
     const int before = Views[id_].Sizings;
@@ -203,7 +203,7 @@ TEST_F(DescriptionEditing, WindowThatIsBeingSizedIsNotSizedByItsText)
     EXPECT_EQ(Views[id_].Sizings, before + 1);
 }
 
-TEST_F(DescriptionEditing, SizingTheWindowIsNotTakenForTheUsers)
+TEST_F(DescriptionEditing, OwnResizeIsNotAUserResize)
 {
     Views[id_].OnSized = [this] { ScreenResized(id_, true); };
     DescrTextChanged(id_, QStringLiteral("a\nb"));
@@ -211,7 +211,7 @@ TEST_F(DescriptionEditing, SizingTheWindowIsNotTakenForTheUsers)
     EXPECT_FALSE(TheScreenWindows().ResizePending);
 }
 
-TEST_F(DescriptionEditing, OtherWidthLeavesThePictureAsLargeAsItIs)
+TEST_F(DescriptionEditing, ChangedColumnsKeepPictureSize)
 {
     DescrSetVisible(true, id_);
     DescrTextChanged(id_, QString(60, u'x'));
@@ -224,7 +224,7 @@ TEST_F(DescriptionEditing, OtherWidthLeavesThePictureAsLargeAsItIs)
     EXPECT_EQ(Views[id_].Client.height(), height + line);
 }
 
-TEST_F(DescriptionEditing, TextOfAMinimisedWindowDoesNotSizeIt)
+TEST_F(DescriptionEditing, MinimisedWindowIsNotResizedByText)
 {
     Views[id_].WindowState = WinStateMinimised;
     Record().ResizePending = true;
@@ -234,7 +234,7 @@ TEST_F(DescriptionEditing, TextOfAMinimisedWindowDoesNotSizeIt)
     EXPECT_FALSE(Record().ResizePending);
 }
 
-TEST_F(DescriptionEditing, PictureIsFittedWhereTheWindowCannotGrow)
+TEST_F(DescriptionEditing, PictureIsFittedIfWindowCannotGrow)
 {
     DescrSetVisible(true, id_);
     Views[id_].WindowState = WinStateNormal;
@@ -245,7 +245,7 @@ TEST_F(DescriptionEditing, PictureIsFittedWhereTheWindowCannotGrow)
     EXPECT_EQ(Views[id_].Drawings, drawings + 1);
 }
 
-TEST_F(DescriptionEditing, NothingHappensToAWindowThatIsGone)
+TEST_F(DescriptionEditing, IgnoresWindowThatIsGone)
 {
     DescrTextChanged(100, QStringLiteral("a"));
     DescrSetVisible(true, 100);
@@ -253,7 +253,7 @@ TEST_F(DescriptionEditing, NothingHappensToAWindowThatIsGone)
     EXPECT_EQ(WindowCount(0), 1);
 }
 
-TEST_F(DescriptionEditing, WholeTextIsSetAtOnce)
+TEST_F(DescriptionEditing, SetTextSetsWholeText)
 {
     DescrSetVisible(true, id_);
     EXPECT_TRUE(DescrSetText(id_, QStringLiteral("a\nb")));
@@ -265,7 +265,7 @@ TEST_F(DescriptionEditing, WholeTextIsSetAtOnce)
     ExpectWindowIsPictureAndDescription();
 }
 
-TEST_F(DescriptionEditing, WholeTextKeepsItsFirstTenLinesHoweverLongItIs)
+TEST_F(DescriptionEditing, SetTextKeepsFirstTenLines)
 {
     EXPECT_FALSE(DescrSetText(id_, Lines(100000)));
     EXPECT_EQ(Record().Description, Stored(Lines(10)));
@@ -275,7 +275,7 @@ TEST_F(DescriptionEditing, WholeTextKeepsItsFirstTenLinesHoweverLongItIs)
     EXPECT_EQ(Record().Description, QStringLiteral("a"));
 }
 
-TEST_F(DescriptionEditing, TenLinesOfWordsAreCutBehindTheTenth)
+TEST_F(DescriptionEditing, WrappedTextIsCutAfterTenthLine)
 {
     QString text;
     for (int word = 0; word < 30; ++word)
@@ -285,7 +285,7 @@ TEST_F(DescriptionEditing, TenLinesOfWordsAreCutBehindTheTenth)
     EXPECT_EQ(Record().Description, text.left(20 * 34 - 1));
 }
 
-TEST_F(DescriptionEditing, NarrowerColumnsCutTheText)
+TEST_F(DescriptionEditing, NarrowerColumnsCutText)
 {
     DescrSetVisible(true, id_);
     DescrTextChanged(id_, QString(700, u'x'));
@@ -298,7 +298,7 @@ TEST_F(DescriptionEditing, NarrowerColumnsCutTheText)
     ExpectWindowIsPictureAndDescription();
 }
 
-TEST_F(DescriptionEditing, NarrowerColumnsLeaveNoMoreThanTenLinesOfWords)
+TEST_F(DescriptionEditing, NarrowerColumnsLeaveAtMostTenWrappedLines)
 {
     DescrSetVisible(true, id_);
     QString text;
@@ -319,7 +319,7 @@ TEST_F(DescriptionEditing, ShortLinesAreNotCut)
     EXPECT_EQ(Record().Description, Stored(Lines(10)));
 }
 
-TEST_F(DescriptionEditing, EndOfAFullLineIsCountedOnceMore)
+TEST_F(DescriptionEditing, LineEndAfterFullLineCountsAgain)
 {
     DescrSetVisible(true, id_);
     QStringList lines;
@@ -333,7 +333,7 @@ TEST_F(DescriptionEditing, EndOfAFullLineIsCountedOnceMore)
     EXPECT_EQ(Record().Description, lines.join(QStringLiteral("\r\n")));
 }
 
-TEST_F(DescriptionEditing, WiderColumnsBringBackWhatTheChoiceHadCut)
+TEST_F(DescriptionEditing, WiderColumnsRestoreCutText)
 {
     DescrSetVisible(true, id_);
     DescrTextChanged(id_, QString(700, u'x'));
@@ -343,7 +343,7 @@ TEST_F(DescriptionEditing, WiderColumnsBringBackWhatTheChoiceHadCut)
     EXPECT_EQ(Record().Description, QString(700, u'x'));
 }
 
-TEST_F(DescriptionEditing, CancelRestoresColumnsAndTheTextThatApplyHasShortened)
+TEST_F(DescriptionEditing, CancelRestoresColumnsAndCutText)
 {
     DescrSetVisible(true, id_);
     Record().DescriptionColumns = 71;
@@ -361,7 +361,7 @@ TEST_F(DescriptionEditing, CancelRestoresColumnsAndTheTextThatApplyHasShortened)
     EXPECT_FALSE(Record().Modified);
 }
 
-TEST_F(DescriptionEditing, ColumnsOutOfRangeAreToldAndChangeNothing)
+TEST_F(DescriptionEditing, ColumnsOutOfRangeAreReportedAndChangeNothing)
 {
     DescrSetVisible(true, id_);
     DescrTextChanged(id_, QStringLiteral("text"));
@@ -374,7 +374,7 @@ TEST_F(DescriptionEditing, ColumnsOutOfRangeAreToldAndChangeNothing)
     EXPECT_EQ(Record().Description, QStringLiteral("text"));
 }
 
-TEST_F(DescriptionEditing, LimitsOfTheChoiceFollowTheType)
+TEST_F(DescriptionEditing, LimitsDependOnType)
 {
     EXPECT_EQ(DescriptionChoice(id_).Limits().Default, 70);
     EXPECT_EQ(DescriptionChoice(id_).Columns(), 70);

@@ -1,4 +1,4 @@
-// tests/screen/window/description_form_fixture.h: a document window that shows its description.
+// tests/screen/window/description_form_fixture.h: a document window with a visible description.
 #pragma once
 
 #include "screen/document/description.h"
@@ -21,7 +21,7 @@ protected:
         return id;
     }
 
-    /// The lines that the box shows.
+    /// The lines displayed in the box.
     static QStringList Shown(const DescriptionBox& box)
     {
         QStringList lines;

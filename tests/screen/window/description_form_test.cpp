@@ -1,4 +1,4 @@
-// The description in its window: typing, wrapping, undoing, and that it is saved as it is shown.
+// The description in its window: typing, wrapping, undo, and saving as displayed.
 #include "app/text/lang.h"
 #include "screen/document/compose.h"
 #include "tests/screen/window/description_form_fixture.h"
@@ -15,7 +15,7 @@ namespace {
 
 class DescriptionInWindow : public DescriptionForms {
 protected:
-    /// Texts whose lines, heights and directions are out of the ordinary.
+    /// Texts with unusual line breaks, heights and directions.
     static QStringList TextsOfAllKinds()
     {
         const QString narrow = QStringLiteral("station 7");
@@ -44,7 +44,7 @@ protected:
         EXPECT_TRUE(shown == ComposeWindow(id)) << text.toStdString();
     }
 
-    /// At rest it stands in the middle, sticking out on both sides; of the composed picture it begins at the edge.
+    /// Without focus the block is centred and overlaps on both sides; in the composed picture it starts at the edge.
     void ExpectNarrow(WindowId id)
     {
         DescriptionBox& box = Description(id);
@@ -70,7 +70,7 @@ protected:
 
 } // namespace
 
-TEST_F(DescriptionInWindow, StandsBelowThePictureInTheMiddle)
+TEST_F(DescriptionInWindow, IsCentredBelowPicture)
 {
     const WindowId id = OpenWithDescription("one line");
     const QRect box = Description(id).geometry();
@@ -85,7 +85,7 @@ TEST_F(DescriptionInWindow, StandsBelowThePictureInTheMiddle)
     EXPECT_FALSE(FindControl(Window(id), "LnDescr").isVisible());
 }
 
-TEST_F(DescriptionInWindow, TypedTextIsKeptAndTheWindowGrowsWithIt)
+TEST_F(DescriptionInWindow, TypedTextIsStoredAndWindowGrows)
 {
     const WindowId id = OpenWithDescription();
     const int height = Window(id).height();
@@ -98,7 +98,7 @@ TEST_F(DescriptionInWindow, TypedTextIsKeptAndTheWindowGrowsWithIt)
     EXPECT_EQ(Shown(Description(id)), (QStringList{ "Mast", "south" }));
 }
 
-TEST_F(DescriptionInWindow, EleventhLineIsTakenBackAtOnce)
+TEST_F(DescriptionInWindow, EleventhLineIsUndoneAtOnce)
 {
     const WindowId id = OpenWithDescription();
     for (int line = 1; line <= 9; ++line)
@@ -112,7 +112,7 @@ TEST_F(DescriptionInWindow, EleventhLineIsTakenBackAtOnce)
     EXPECT_EQ(WindowAt(id).Description, ten + u'!');
 }
 
-TEST_F(DescriptionInWindow, BoxAndSavedPictureBreakLinesAlike)
+TEST_F(DescriptionInWindow, BoxAndSavedPictureWrapAlike)
 {
     const WindowId id = OpenWithDescription();
     QRandomGenerator random(4711);
@@ -128,18 +128,18 @@ TEST_F(DescriptionInWindow, BoxAndSavedPictureBreakLinesAlike)
     }
 }
 
-TEST_F(DescriptionInWindow, SavedPictureHasItAsItIsShown)
+TEST_F(DescriptionInWindow, SavedPictureMatchesDisplay)
 {
     const WindowId id = OpenWithDescription();
     for (const QString& text : TextsOfAllKinds()) {
         DescrSetText(id, text);
-        Graph(id).setFocus(); // no caret in the box
+        Graph(id).setFocus(); // hides the caret
         QCoreApplication::processEvents();
         ExpectComposedAsShown(id);
     }
 }
 
-TEST_F(DescriptionInWindow, PictureSavedFromANarrowWindowHasTheBeginningsOfItsLines)
+TEST_F(DescriptionInWindow, PictureSavedFromNarrowWindowShowsLineStarts)
 {
     const WindowId id =
         OpenWithDescription(QStringLiteral("This line begins at the edge of the picture, and ends beyond"));
@@ -152,7 +152,7 @@ TEST_F(DescriptionInWindow, PictureSavedFromANarrowWindowHasTheBeginningsOfItsLi
     }
 }
 
-TEST_F(DescriptionInWindow, NarrowWindowShowsWhereIsTyped)
+TEST_F(DescriptionInWindow, NarrowWindowFollowsCaret)
 {
     const WindowId id = OpenWithDescription();
     Window(id).SetClientSize({ 250, Window(id).height() });
@@ -178,7 +178,7 @@ TEST_F(DescriptionInWindow, NarrowWindowShowsWhereIsTyped)
     EXPECT_EQ(box.x(), (800 - box.width()) / 2);
 }
 
-TEST_F(DescriptionInWindow, LineOfLettersThatOtherFontsLendIsAsHighAsAnyOther)
+TEST_F(DescriptionInWindow, FallbackFontsKeepLineHeight)
 {
     const WindowId id = OpenWithDescription();
     const int height = Window(id).height();
@@ -191,7 +191,7 @@ TEST_F(DescriptionInWindow, LineOfLettersThatOtherFontsLendIsAsHighAsAnyOther)
     EXPECT_LE(Description(id).cursorRect().bottom(), Description(id).height());
 }
 
-TEST_F(DescriptionInWindow, FixedBlankIsKeptAndNoLineBreaksAtIt)
+TEST_F(DescriptionInWindow, NonBreakingSpaceIsKeptAndDoesNotWrap)
 {
     const WindowId id = OpenWithDescription(QString(60, u'x') + u' ');
     Description(id).moveCursor(QTextCursor::End);
@@ -202,7 +202,7 @@ TEST_F(DescriptionInWindow, FixedBlankIsKeptAndNoLineBreaksAtIt)
     EXPECT_EQ(Shown(Description(id)), DescrLines(WindowAt(id).Description, id));
 }
 
-TEST_F(DescriptionInWindow, LineEndOfAnyKindBeginsALine)
+TEST_F(DescriptionInWindow, AnyLineEndStartsNewLine)
 {
     const WindowId id = OpenWithDescription("a");
     Description(id).moveCursor(QTextCursor::End);
@@ -212,7 +212,7 @@ TEST_F(DescriptionInWindow, LineEndOfAnyKindBeginsALine)
     EXPECT_EQ(Description(id).blockCount(), 2);
 }
 
-TEST_F(DescriptionInWindow, ComposedTextBecomesPlainAndTheCaretStays)
+TEST_F(DescriptionInWindow, InputMethodTextBecomesPlainAndCaretStays)
 {
     const WindowId id = OpenWithDescription("[]");
     DescriptionBox& box = Description(id);
@@ -229,7 +229,7 @@ TEST_F(DescriptionInWindow, ComposedTextBecomesPlainAndTheCaretStays)
     EXPECT_EQ(box.Text(), QStringLiteral("[\u304b \n x]"));
 }
 
-TEST_F(DescriptionInWindow, PasteOfTooMuchIsTakenBackWhole)
+TEST_F(DescriptionInWindow, TooLongPasteIsUndoneCompletely)
 {
     const WindowId id = OpenWithDescription("kept");
     const QString line = QStringLiteral("one of many lines\n");
@@ -242,7 +242,7 @@ TEST_F(DescriptionInWindow, PasteOfTooMuchIsTakenBackWhole)
     }
 }
 
-TEST_F(DescriptionInWindow, PasteKeepsTheBlankAtItsEnd)
+TEST_F(DescriptionInWindow, PasteKeepsTrailingBlank)
 {
     const WindowId id = OpenWithDescription("south");
     Description(id).moveCursor(QTextCursor::Start);
@@ -251,7 +251,7 @@ TEST_F(DescriptionInWindow, PasteKeepsTheBlankAtItsEnd)
     EXPECT_EQ(WindowAt(id).Description, "mast south");
 }
 
-TEST_F(DescriptionInWindow, WhatWasTakenBackDoesNotEndUndoing)
+TEST_F(DescriptionInWindow, UndoneInputKeepsUndoHistory)
 {
     const WindowId id = OpenWithDescription();
     DescriptionBox& box = Description(id);
@@ -271,7 +271,7 @@ TEST_F(DescriptionInWindow, WhatWasTakenBackDoesNotEndUndoing)
     EXPECT_EQ(box.Text(), "first");
 }
 
-TEST_F(DescriptionInWindow, UndoDoesNotBringBackWhatTheWidthNoLongerHolds)
+TEST_F(DescriptionInWindow, UndoDoesNotRestoreTextTooWide)
 {
     const WindowId id = OpenWithDescription();
     DescriptionBox& box = Description(id);
@@ -288,7 +288,7 @@ TEST_F(DescriptionInWindow, UndoDoesNotBringBackWhatTheWidthNoLongerHolds)
     EXPECT_EQ(WindowAt(id).Description, "short");
 }
 
-TEST_F(DescriptionInWindow, DraggingASelectionBeyondTheEdgeScrollsNothing)
+TEST_F(DescriptionInWindow, DraggingSelectionBeyondEdgeDoesNotScroll)
 {
     const WindowId id = OpenWithDescription("one\r\ntwo\r\nthree");
     DescriptionBox& box = Description(id);
@@ -300,7 +300,7 @@ TEST_F(DescriptionInWindow, DraggingASelectionBeyondTheEdgeScrollsNothing)
     QTest::mouseRelease(box.viewport(), Qt::LeftButton, {}, QPoint(60, box.height() + 30));
 }
 
-TEST_F(DescriptionInWindow, NoLineIsHiddenBelowTheEdge)
+TEST_F(DescriptionInWindow, NoLineIsHiddenBelowEdge)
 {
     const WindowId id = OpenWithDescription();
     QTest::keyClicks(&Description(id), "a");
@@ -325,7 +325,7 @@ TEST_F(DescriptionInWindow, PastedTextIsPlain)
     EXPECT_EQ(WindowAt(id).Description, "a b");
 }
 
-TEST_F(DescriptionInWindow, TabLeavesIt)
+TEST_F(DescriptionInWindow, TabMovesFocusOut)
 {
     const WindowId id = OpenWithDescription("text");
     Key(Qt::Key_Tab);
@@ -333,7 +333,7 @@ TEST_F(DescriptionInWindow, TabLeavesIt)
     EXPECT_EQ(WindowAt(id).Description, "text");
 }
 
-TEST_F(DescriptionInWindow, CopyKeyTakesThePictureWithoutASelectionAndElseTheText)
+TEST_F(DescriptionInWindow, CopyKeyCopiesSelectionOrElsePicture)
 {
     const WindowId id = OpenWithDescription("some words");
     Key(Qt::Key_C, Qt::ControlModifier);
@@ -346,7 +346,7 @@ TEST_F(DescriptionInWindow, CopyKeyTakesThePictureWithoutASelectionAndElseTheTex
     EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->hasImage());
 }
 
-TEST_F(DescriptionInWindow, ShowingItInAMaximisedWindowEmptiesIt)
+TEST_F(DescriptionInWindow, ShowingInMaximisedWindowClearsIt)
 {
     const WindowId id = OpenWithDescription("text");
     DescrToggle(id);
@@ -356,7 +356,7 @@ TEST_F(DescriptionInWindow, ShowingItInAMaximisedWindowEmptiesIt)
     EXPECT_EQ(Description(id).toPlainText(), "");
 }
 
-TEST_F(DescriptionInWindow, CommandTurnsItOnAndOffAndChecksItsItem)
+TEST_F(DescriptionInWindow, CommandTogglesItAndItsMenuItem)
 {
     const WindowId id = Open();
     Item("MnViewDescription").trigger();
@@ -368,7 +368,7 @@ TEST_F(DescriptionInWindow, CommandTurnsItOnAndOffAndChecksItsItem)
     EXPECT_FALSE(Item("MnViewDescription").isChecked());
 }
 
-TEST_F(DescriptionInWindow, CommandPutsTheCaretIntoItAndTheFocusBackOnThePicture)
+TEST_F(DescriptionInWindow, CommandMovesFocusIntoItAndBack)
 {
     const WindowId id = Open();
     Item("MnViewDescription").trigger();
@@ -382,7 +382,7 @@ TEST_F(DescriptionInWindow, CommandPutsTheCaretIntoItAndTheFocusBackOnThePicture
     EXPECT_EQ(frame->focusWidget(), &Graph(id)) << "it is not seen there";
 }
 
-TEST_F(DescriptionInWindow, TabGoesFromThePictureIntoIt)
+TEST_F(DescriptionInWindow, TabMovesFocusFromPictureToIt)
 {
     const WindowId id = OpenWithDescription();
     Graph(id).setFocus();
@@ -390,7 +390,7 @@ TEST_F(DescriptionInWindow, TabGoesFromThePictureIntoIt)
     EXPECT_EQ(frame->focusWidget(), &Description(id));
 }
 
-TEST_F(DescriptionInWindow, IsWrittenInBlackOnThePaperOnAnyPalette)
+TEST_F(DescriptionInWindow, IsBlackOnPaperWithAnyPalette)
 {
     const WindowId id = OpenWithDescription("text");
     const QPalette colours = Description(id).palette();
@@ -399,7 +399,7 @@ TEST_F(DescriptionInWindow, IsWrittenInBlackOnThePaperOnAnyPalette)
     EXPECT_EQ(Window(id).palette().color(QPalette::Window), QColor(0xCE, 0xCF, 0xCE));
 }
 
-TEST_F(DescriptionInWindow, HidingItKeepsWhatCanBeUndone)
+TEST_F(DescriptionInWindow, HidingKeepsUndoHistory)
 {
     const WindowId id = OpenWithDescription();
     QTest::keyClicks(&Description(id), "south");
@@ -411,7 +411,7 @@ TEST_F(DescriptionInWindow, HidingItKeepsWhatCanBeUndone)
     EXPECT_EQ(WindowAt(id).Description, "");
 }
 
-TEST_F(DescriptionInWindow, StaysInSightBelowAPictureHigherThanTheArea)
+TEST_F(DescriptionInWindow, StaysVisibleBelowPictureHigherThanArea)
 {
     const WindowId id = Open(SubtypeFile, Picture(QSize(300, 1400)));
     const QWidget& seen = *frame->ChildArea()->viewport();

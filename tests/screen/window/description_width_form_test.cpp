@@ -25,7 +25,7 @@ protected:
         RunForm(form, [&] { during(form); });
     }
 
-    /// Twelve words, so that a narrow block takes more lines than a wide one.
+    /// Twelve words, which need more lines in a narrow block than in a wide one.
     const QString kText = QStringLiteral("measured on the roof of the station with the small antenna at noon, no wind");
     WindowId id = 0;
 };
@@ -51,7 +51,7 @@ TEST_F(DescriptionForm, HasItsControls)
     });
 }
 
-TEST_F(DescriptionForm, ApplyShowsTheWidthAndCancelPutsItBack)
+TEST_F(DescriptionForm, ApplyShowsWidthAndCancelRestoresIt)
 {
     const int height = Window(id).height();
     Run([&](FmDescription& form) {
@@ -69,7 +69,7 @@ TEST_F(DescriptionForm, ApplyShowsTheWidthAndCancelPutsItBack)
     EXPECT_EQ(Description(id).toPlainText(), kText);
 }
 
-TEST_F(DescriptionForm, CancelAndEscapeRestoreATextThatApplyHasShortened)
+TEST_F(DescriptionForm, CancelAndEscapeRestoreCutText)
 {
     QString text;
     for (int line = 1; line <= 10; ++line)
@@ -93,7 +93,7 @@ TEST_F(DescriptionForm, CancelAndEscapeRestoreATextThatApplyHasShortened)
     }
 }
 
-TEST_F(DescriptionForm, OkAndEnterKeepTheWidth)
+TEST_F(DescriptionForm, OkAndEnterKeepWidth)
 {
     Run([&](FmDescription& form) {
         Type(form, "Tb", "50");
@@ -109,7 +109,7 @@ TEST_F(DescriptionForm, OkAndEnterKeepTheWidth)
     EXPECT_EQ(WindowAt(id).DescriptionColumns, 100);
 }
 
-TEST_F(DescriptionForm, RefusesWhatIsNoWidth)
+TEST_F(DescriptionForm, RefusesInvalidWidth)
 {
     Run([&](FmDescription& form) {
         for (const char* typed : { "39", "101", "", "many", "40000", "50.5" }) {
@@ -137,7 +137,7 @@ TEST_F(DescriptionForm, DefaultIsSeventy)
     });
 }
 
-TEST_F(DescriptionForm, ArrowsStepWithinTheRange)
+TEST_F(DescriptionForm, ArrowsStepWithinRange)
 {
     Run([&](FmDescription& form) {
         Key(Qt::Key_Up);
@@ -154,7 +154,7 @@ TEST_F(DescriptionForm, ArrowsStepWithinTheRange)
     });
 }
 
-/// Paints that reach a place of a control.
+/// Records paint events at a position of a control.
 class PaintsAt final : public QObject {
 public:
     PaintsAt(QWidget& control, const QRect& place)
@@ -174,7 +174,7 @@ private:
     QRect place_;
 };
 
-TEST_F(DescriptionForm, ShowsWhichArrowsCanBeUsed)
+TEST_F(DescriptionForm, DisablesArrowsAtLimits)
 {
     Run([&](FmDescription& form) {
         QWidget& box = FindControl(form, "UpDown");

@@ -7,13 +7,13 @@ namespace {
 
 class Palettes : public ScreenTest {
 protected:
-    /// A picture of one colour in a window that was drawn once.
+    /// Opens a drawn window with a picture of one colour.
     void Show(QColor colour)
     {
         id_ = Open(SubtypeFile, Picture({ 4, 4 }, colour));
     }
 
-    QColor Seen() const
+    QColor ShownColour() const
     {
         return ScreenOf(id_)->Graph.pixelColor(0, 0);
     }
@@ -27,10 +27,10 @@ TEST_F(Palettes, WhiteBecomesBlackAndBlackBecomesWhite)
 {
     Show(Qt::white);
     PaletteSet(PaletteBlackAndWhite, id_, true);
-    EXPECT_EQ(Seen(), QColor(Qt::black));
+    EXPECT_EQ(ShownColour(), QColor(Qt::black));
     Show(Qt::black);
     PaletteSet(PaletteBlackAndWhite, id_, true);
-    EXPECT_EQ(Seen(), QColor(Qt::white));
+    EXPECT_EQ(ShownColour(), QColor(Qt::white));
 }
 
 TEST_F(Palettes, RedHasTheWeightOfBlue)
@@ -38,16 +38,16 @@ TEST_F(Palettes, RedHasTheWeightOfBlue)
     Show(Qt::red);
     PaletteSet(PaletteBlackAndWhite, id_, true);
     const int grey = 255 - 29; // 0.114 * 255 = 29.07
-    EXPECT_EQ(Seen(), QColor(grey, grey, grey));
+    EXPECT_EQ(ShownColour(), QColor(grey, grey, grey));
 }
 
-TEST_F(Palettes, BackToColourNeedsNoReload)
+TEST_F(Palettes, ColourReturnsWithoutReload)
 {
     Show(Qt::green);
     PaletteSet(PaletteBlackAndWhite, id_, true);
     EXPECT_EQ(ScreenOf(id_)->Master.pixelColor(0, 0), QColor(Qt::green));
     PaletteSet(PaletteColour, id_, true);
-    EXPECT_EQ(Seen(), QColor(Qt::green));
+    EXPECT_EQ(ShownColour(), QColor(Qt::green));
 }
 
 TEST_F(Palettes, SecondDrawingDoesNotInvertAgain)
@@ -55,10 +55,10 @@ TEST_F(Palettes, SecondDrawingDoesNotInvertAgain)
     Show(Qt::white);
     PaletteSet(PaletteBlackAndWhite, id_, true);
     DrawScreenWindow(id_);
-    EXPECT_EQ(Seen(), QColor(Qt::black));
+    EXPECT_EQ(ShownColour(), QColor(Qt::black));
 }
 
-TEST_F(Palettes, AreStoredWithoutARedrawWhereNoneIsAskedFor)
+TEST_F(Palettes, AreStoredWithoutRedrawIfNotRequested)
 {
     Show(Qt::white);
     const int drawings = Views[id_].Drawings;
@@ -72,31 +72,31 @@ TEST_F(Palettes, AreStoredWithoutARedrawWhereNoneIsAskedFor)
     EXPECT_EQ(ColorGet(id_, ColourMarker), 0x010204u);
 }
 
-TEST_F(Palettes, ChoiceShowsAtOnce)
+TEST_F(Palettes, ChoiceTakesEffectAtOnce)
 {
     Show(Qt::white);
     PaletteChoice choice(id_);
     EXPECT_EQ(choice.Remembered(), PaletteColour);
     EXPECT_FALSE(BlackAndWhite());
     choice.Choose(PaletteBlackAndWhite);
-    EXPECT_EQ(Seen(), QColor(Qt::black));
+    EXPECT_EQ(ShownColour(), QColor(Qt::black));
     EXPECT_TRUE(BlackAndWhite());
     EXPECT_EQ(TheColorDefaults().PalNr, PaletteBlackAndWhite);
 }
 
-TEST_F(Palettes, CancelRestoresTheLook)
+TEST_F(Palettes, CancelRestoresPalette)
 {
     Show(Qt::white);
     PaletteChoice choice(id_);
     choice.Choose(PaletteBlackAndWhite);
     choice.Cancel();
-    EXPECT_EQ(Seen(), QColor(Qt::white));
+    EXPECT_EQ(ShownColour(), QColor(Qt::white));
     EXPECT_EQ(PaletteOf(id_), PaletteColour);
     EXPECT_EQ(TheColorDefaults().PalNr, PaletteColour);
     EXPECT_FALSE(BlackAndWhite());
 }
 
-TEST_F(Palettes, CancelOfNothingDrawsNothing)
+TEST_F(Palettes, CancelWithoutChangeDrawsNothing)
 {
     Show(Qt::white);
     PaletteChoice choice(id_);
@@ -105,7 +105,7 @@ TEST_F(Palettes, CancelOfNothingDrawsNothing)
     EXPECT_EQ(Views[id_].Drawings, drawings);
 }
 
-TEST_F(Palettes, FlagFollowsTheActiveDocument)
+TEST_F(Palettes, FlagFollowsActiveDocument)
 {
     Show(Qt::white);
     const WindowId first = id_;
@@ -125,7 +125,7 @@ TEST_F(Palettes, AnyOtherNumberIsColourOnWhite)
 {
     Show(Qt::green);
     PaletteSet(5, id_, true);
-    EXPECT_EQ(Seen(), QColor(Qt::green));
+    EXPECT_EQ(ShownColour(), QColor(Qt::green));
     EXPECT_EQ(PaperColor(id_), 0xFFFFFFu);
     EXPECT_FALSE(BlackAndWhite());
 }

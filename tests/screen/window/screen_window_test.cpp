@@ -11,7 +11,7 @@ namespace tarvik {
 
 using ScreenWindows = ScreenTest;
 
-TEST_F(ScreenWindows, NewOneIsAsLargeAsItsPicture)
+TEST_F(ScreenWindows, NewOneHasSizeOfItsPicture)
 {
     const WindowId id = Open(SubtypeFile, Picture({ 900, 300 }));
     EXPECT_EQ(Views[id].Client, QSize(900, 300));
@@ -22,7 +22,7 @@ TEST_F(ScreenWindows, NewOneIsAsLargeAsItsPicture)
     EXPECT_EQ(ScreenOf(id)->Graph, Picture({ 900, 300 }));
 }
 
-TEST_F(ScreenWindows, WithoutAWishHasTheSizeOfItsType)
+TEST_F(ScreenWindows, WithoutRequestHasSizeOfItsType)
 {
     const WindowId id = Open();
     WindowAt(id).Placement = {};
@@ -31,7 +31,7 @@ TEST_F(ScreenWindows, WithoutAWishHasTheSizeOfItsType)
     EXPECT_EQ(WindowAt(id).DefaultHeight, 442);
 }
 
-TEST_F(ScreenWindows, DefaultSizeIsThatOfANormalWindow)
+TEST_F(ScreenWindows, DefaultSizeIsThatOfNormalWindow)
 {
     const WindowId id = Open();
     EXPECT_TRUE(AtDefaultSize(id));
@@ -41,7 +41,7 @@ TEST_F(ScreenWindows, DefaultSizeIsThatOfANormalWindow)
     }
 }
 
-TEST_F(ScreenWindows, PlacementDoesNotMoveAMaximisedOne)
+TEST_F(ScreenWindows, PlacementIsIgnoredWhileMaximised)
 {
     const WindowId id = Open();
     WindowAt(id).Placement.Left = 40;
@@ -50,7 +50,7 @@ TEST_F(ScreenWindows, PlacementDoesNotMoveAMaximisedOne)
     EXPECT_EQ(Views[id].Place, QPoint(-1, -1));
 }
 
-TEST_F(ScreenWindows, PlacementMovesAndSizesIt)
+TEST_F(ScreenWindows, PlacementMovesAndResizes)
 {
     const WindowId id = Open();
     WindowPlacement& placement = WindowAt(id).Placement;
@@ -64,7 +64,7 @@ TEST_F(ScreenWindows, PlacementMovesAndSizesIt)
     EXPECT_EQ(WindowAt(id).DefaultWidth, 642) << "the default stays the picture's";
 }
 
-TEST_F(ScreenWindows, NewOneIsNormalAlsoAmongMaximisedOnes)
+TEST_F(ScreenWindows, NewOneIsNormalAmongMaximisedOnes)
 {
     Views.FirstState = WinStateMaximised;
     const WindowId id = Open();
@@ -72,14 +72,14 @@ TEST_F(ScreenWindows, NewOneIsNormalAlsoAmongMaximisedOnes)
     EXPECT_EQ(Views[id].Client, QSize(642, 442));
 }
 
-TEST_F(ScreenWindows, NewOneIsShownWhileTheFrameIsActive)
+TEST_F(ScreenWindows, NewOneIsShownWhileFrameIsActive)
 {
     EXPECT_EQ(Views[Open()].Shown, 0);
     TheScreenViewHooks().MainFrameIsActive = [] { return true; };
     EXPECT_EQ(Views[Open()].Shown, 1);
 }
 
-TEST_F(ScreenWindows, NewOneIsActiveAndBearsTheOwnerTag)
+TEST_F(ScreenWindows, NewOneIsActiveAndHasOwnerTag)
 {
     Connection().InstrumentAccepted = 1;
     Open();
@@ -88,7 +88,7 @@ TEST_F(ScreenWindows, NewOneIsActiveAndBearsTheOwnerTag)
     EXPECT_EQ(WindowAt(id).OwnerTag, 1);
 }
 
-TEST_F(ScreenWindows, ReusedOneTakesTheNewSize)
+TEST_F(ScreenWindows, ReusedOneGetsNewSize)
 {
     const WindowId id = Open();
     Views[id].WindowState = WinStateMaximised;
@@ -102,7 +102,7 @@ TEST_F(ScreenWindows, ReusedOneTakesTheNewSize)
     EXPECT_TRUE(WindowIsModified(id));
 }
 
-TEST_F(ScreenWindows, ReusedOneOfTheSameWindowSizeTakesTheNewAspect)
+TEST_F(ScreenWindows, ReusedOneOfSameSizeGetsNewAspect)
 {
     const WindowId id = Open(SubtypeFile, Picture({ 200, 100 }));
     Views[id].Client = { 300, 150 };
@@ -112,7 +112,7 @@ TEST_F(ScreenWindows, ReusedOneOfTheSameWindowSizeTakesTheNewAspect)
     EXPECT_EQ(ScreenOf(id)->Graph, Picture({ 300, 150 }));
 }
 
-TEST_F(ScreenWindows, DateIsTheFilesOrTheMoment)
+TEST_F(ScreenWindows, DateIsThatOfFileOrNow)
 {
     const QDateTime date(QDate(2020, 1, 2), QTime(3, 4, 5));
     const WindowSlot slot = WindowAllocate(WindowScreen, SubtypeFile);
@@ -121,7 +121,7 @@ TEST_F(ScreenWindows, DateIsTheFilesOrTheMoment)
     EXPECT_EQ(ScreenOf(Open())->Date, moment_);
 }
 
-TEST_F(ScreenWindows, LiveOneIsCalledByItsTitleAndFileByItsName)
+TEST_F(ScreenWindows, LiveOneShowsTitleAndFileShowsName)
 {
     const WindowId live = OpenLive();
     EXPECT_EQ(Views[live].Title, WindowTitle(live, ScreenOf(live)->Date));
@@ -132,7 +132,7 @@ TEST_F(ScreenWindows, LiveOneIsCalledByItsTitleAndFileByItsName)
     EXPECT_EQ(ScreenTitle(file), QStringLiteral("file.png"));
 }
 
-TEST_F(ScreenWindows, DrawingForcesTheColours)
+TEST_F(ScreenWindows, DrawingForcesColours)
 {
     TheColorDefaults() = { 1, 2, 3, 4, PaletteColour };
     const WindowId id = Open();
@@ -147,7 +147,7 @@ TEST_F(ScreenWindows, DrawingForcesTheColours)
     EXPECT_EQ(Views[id].Paper, 0xCECFCEu);
 }
 
-TEST_F(ScreenWindows, DrawingBeforeThePictureIsThereDoesNothing)
+TEST_F(ScreenWindows, DrawingBeforePictureExistsDoesNothing)
 {
     const WindowId id = Open();
     WindowAt(id).GraphicsValid = false;
@@ -158,7 +158,7 @@ TEST_F(ScreenWindows, DrawingBeforeThePictureIsThereDoesNothing)
     DrawScreenWindow(100);
 }
 
-TEST_F(ScreenWindows, DrawingIsToldAndClearedOnTheStatusLine)
+TEST_F(ScreenWindows, DrawingShowsAndClearsStatusLine)
 {
     const WindowId id = Open();
     Frame.Log.clear();
@@ -168,7 +168,7 @@ TEST_F(ScreenWindows, DrawingIsToldAndClearedOnTheStatusLine)
     EXPECT_EQ(Frame.Status, QString());
 }
 
-TEST_F(ScreenWindows, DrawingLeavesTheLineToARunningJob)
+TEST_F(ScreenWindows, DrawingLeavesStatusLineToRunningJob)
 {
     const WindowId id = Open();
     Program().StatusHold = true;
@@ -177,11 +177,11 @@ TEST_F(ScreenWindows, DrawingLeavesTheLineToARunningJob)
     EXPECT_EQ(Frame.Status, QStringLiteral("busy"));
 }
 
-TEST_F(ScreenWindows, DrawingThatFailsLeavesTheWindowAsItWas)
+TEST_F(ScreenWindows, FailedDrawingKeepsWindow)
 {
     const WindowId id = Open();
     const int drawings = Views[id].Drawings;
-    Views[id].Graph = { 0, 0 }; // no picture comes of this
+    Views[id].Graph = { 0, 0 }; // too small for a picture
     Views[id].Title = QStringLiteral("mine");
     DrawScreenWindow(id);
     EXPECT_EQ(ScreenOf(id)->Graph, Picture());
@@ -189,7 +189,7 @@ TEST_F(ScreenWindows, DrawingThatFailsLeavesTheWindowAsItWas)
     EXPECT_EQ(Frame.Status, QString());
 }
 
-TEST_F(ScreenWindows, WidthLeadsToTheHeight)
+TEST_F(ScreenWindows, WidthSetsHeight)
 {
     const WindowId id = Open();
     Views[id].Client = { 321, 442 };
@@ -200,7 +200,7 @@ TEST_F(ScreenWindows, WidthLeadsToTheHeight)
     EXPECT_EQ(ScreenOf(id)->Master.size(), QSize(642, 442));
 }
 
-TEST_F(ScreenWindows, WidthLeadsToTheHeightWithTheDescription)
+TEST_F(ScreenWindows, WidthSetsHeightWithDescription)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
@@ -210,7 +210,7 @@ TEST_F(ScreenWindows, WidthLeadsToTheHeightWithTheDescription)
     EXPECT_EQ(Views[id].Graph, QSize(321, 221));
 }
 
-TEST_F(ScreenWindows, OwnResizeIsNotAnswered)
+TEST_F(ScreenWindows, OwnResizeIsIgnored)
 {
     const WindowId id = Open();
     int events = 0;
@@ -238,7 +238,7 @@ TEST_F(ScreenWindows, MaximisedOneFillsItsWindow)
     EXPECT_FALSE(Views[id].Layout.Visible);
 }
 
-TEST_F(ScreenWindows, MinimisedOneIsLeftAlone)
+TEST_F(ScreenWindows, MinimisedOneIsUnchanged)
 {
     const WindowId id = Open();
     const int drawings = Views[id].Drawings;
@@ -251,7 +251,7 @@ TEST_F(ScreenWindows, MinimisedOneIsLeftAlone)
     EXPECT_FALSE(WindowAt(id).ResizePending);
 }
 
-TEST_F(ScreenWindows, ResizeRefreshesTheCommands)
+TEST_F(ScreenWindows, ResizeRefreshesCommands)
 {
     const WindowId id = Open();
     Frame.Log.clear();
@@ -259,7 +259,7 @@ TEST_F(ScreenWindows, ResizeRefreshesTheCommands)
     EXPECT_TRUE(Frame.Log.contains(QStringLiteral("menu")));
 }
 
-TEST_F(ScreenWindows, DragIsDrawnWhenTheButtonIsReleased)
+TEST_F(ScreenWindows, DragIsDrawnWhenButtonIsReleased)
 {
     const WindowId id = Open();
     const int drawings = Views[id].Drawings;
@@ -275,7 +275,7 @@ TEST_F(ScreenWindows, DragIsDrawnWhenTheButtonIsReleased)
     EXPECT_EQ(Views[id].Drawings, drawings + 1);
 }
 
-TEST_F(ScreenWindows, DragIsDrawnAtThe25thTick)
+TEST_F(ScreenWindows, DragIsDrawnAt25thTick)
 {
     const WindowId id = Open();
     Views[id].Client = { 321, 442 };
@@ -291,7 +291,7 @@ TEST_F(ScreenWindows, DragIsDrawnAtThe25thTick)
     EXPECT_EQ(Views[id].Graph, QSize(321, 221)) << "the count begins again";
 }
 
-TEST_F(ScreenWindows, EveryPendingOneIsSizedAtOnce)
+TEST_F(ScreenWindows, EveryPendingOneIsResizedAtOnce)
 {
     const WindowId first = Open();
     const WindowId second = Open();
@@ -306,7 +306,7 @@ TEST_F(ScreenWindows, EveryPendingOneIsSizedAtOnce)
     EXPECT_FALSE(TheScreenWindows().ResizePending);
 }
 
-TEST_F(ScreenWindows, WindowWithoutAPictureIsSizedAlsoWhileTheButtonIsHeld)
+TEST_F(ScreenWindows, WindowWithoutPictureIsResizedWhileButtonIsHeld)
 {
     const WindowId id = Open();
     WindowAt(id).GraphicsValid = false;
@@ -316,7 +316,7 @@ TEST_F(ScreenWindows, WindowWithoutAPictureIsSizedAlsoWhileTheButtonIsHeld)
     EXPECT_EQ(Views[id].Client, QSize(321, 221));
 }
 
-TEST_F(ScreenWindows, WindowShowsThePictureThatWasDrawn)
+TEST_F(ScreenWindows, WindowShowsDrawnPicture)
 {
     const WindowId id = Open();
     Views[id].Client = { 321, 442 };
@@ -326,7 +326,7 @@ TEST_F(ScreenWindows, WindowShowsThePictureThatWasDrawn)
     EXPECT_TRUE(DrawnPicture(0, { 321, 221 }).isNull());
 }
 
-TEST_F(ScreenWindows, ActivationFollowsTheWindow)
+TEST_F(ScreenWindows, ActivationFollowsWindow)
 {
     const WindowId first = Open();
     const WindowId second = Open();
@@ -340,7 +340,7 @@ TEST_F(ScreenWindows, ActivationFollowsTheWindow)
     EXPECT_EQ(WindowTable().Active, second);
 }
 
-TEST_F(ScreenWindows, DefaultSizeIsThatOfThePicture)
+TEST_F(ScreenWindows, DefaultSizeIsThatOfPicture)
 {
     const WindowId id = Open();
     EXPECT_TRUE(AtDefaultSize(id));
@@ -355,7 +355,7 @@ TEST_F(ScreenWindows, DefaultSizeIsThatOfThePicture)
     EXPECT_EQ(ScreenOf(id)->Graph.size(), QSize(642, 442));
 }
 
-TEST_F(ScreenWindows, DefaultSizeRestoresAMaximisedWindow)
+TEST_F(ScreenWindows, DefaultSizeRestoresMaximisedWindow)
 {
     const WindowId id = Open();
     Views[id].WindowState = WinStateMaximised;
@@ -367,14 +367,14 @@ TEST_F(ScreenWindows, DefaultSizeRestoresAMaximisedWindow)
     EXPECT_EQ(Views[id].Graph, QSize(642, 442));
 }
 
-TEST_F(ScreenWindows, DefaultSizeOfNoWindowDoesNothing)
+TEST_F(ScreenWindows, DefaultSizeWithoutWindowDoesNothing)
 {
     EXPECT_FALSE(AtDefaultSize(0));
     SetDefaultSize(0);
     EXPECT_EQ(Views.Loaded, 0);
 }
 
-TEST_F(ScreenWindows, CopyPutsTheComposedPictureOnTheClipboard)
+TEST_F(ScreenWindows, CopyPutsComposedPictureOnClipboard)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
@@ -390,7 +390,7 @@ TEST_F(ScreenWindows, CopyPutsTheComposedPictureOnTheClipboard)
     EXPECT_EQ(Frame.Status, QString());
 }
 
-TEST_F(ScreenWindows, CopyThatFailsIsTold)
+TEST_F(ScreenWindows, FailedCopyIsReported)
 {
     const WindowId id = Open();
     Answers().Expect(12707, {}, Ok);
@@ -398,13 +398,13 @@ TEST_F(ScreenWindows, CopyThatFailsIsTold)
     CopyGraphics(id);
 }
 
-TEST_F(ScreenWindows, CopyOfNoWindowDoesNothing)
+TEST_F(ScreenWindows, CopyWithoutWindowDoesNothing)
 {
     CopyGraphics(0);
     EXPECT_EQ(Frame.Log, QStringList());
 }
 
-TEST_F(ScreenWindows, WithoutFormsAreAsLargeAsTheirPictures)
+TEST_F(ScreenWindows, WithoutFormsHaveSizeOfTheirPictures)
 {
     TheScreenViewHooks().Load = {};
     const WindowId id = Open(SubtypeFile, Picture({ 33, 44 }));

@@ -1,4 +1,4 @@
-// Where child windows go when they are arranged.
+// Positions of child windows when they are arranged.
 #include "screen/window/tiling.h"
 #include "tests/support/fixture.h"
 
@@ -28,20 +28,20 @@ void ExpectFilled(const QVector<QRect>& places, QSize room)
 
 } // namespace
 
-TEST(Tiling, TwoAndThreeWindowsLieInOneColumnOrRow)
+TEST(Tiling, TwoAndThreeWindowsFormOneColumnOrRow)
 {
     EXPECT_EQ(TilePlaces(2, kRoom, true), (QVector<QRect>{ { 0, 0, 1000, 300 }, { 0, 300, 1000, 300 } }));
     EXPECT_EQ(TilePlaces(2, kRoom, false), (QVector<QRect>{ { 0, 0, 500, 600 }, { 500, 0, 500, 600 } }));
     EXPECT_EQ(TilePlaces(3, kRoom, true).last(), QRect(0, 400, 1000, 200));
 }
 
-TEST(Tiling, OneWindowTakesAllTheRoomAndNoneTakesNothing)
+TEST(Tiling, OneWindowFillsRoomAndNoneFillsNothing)
 {
     EXPECT_EQ(TilePlaces(1, kRoom, true), (QVector<QRect>{ { 0, 0, 1000, 600 } }));
     EXPECT_TRUE(TilePlaces(0, kRoom, true).isEmpty());
 }
 
-TEST(Tiling, ManyWindowsFillTheRoomWithoutOverlap)
+TEST(Tiling, ManyWindowsFillRoomWithoutOverlap)
 {
     for (int count = 1; count <= 100; ++count) {
         for (const bool stacked : { true, false }) {
@@ -59,7 +59,7 @@ TEST(Tiling, ColumnsDifferByOneWindowAtMost)
     EXPECT_EQ(places[2].height(), 200); // three in the second
 }
 
-TEST(Cascade, GoesDownAndRightAndBeginsAnewFurtherRight)
+TEST(Cascade, StepsDownRightAndRestartsFurtherRight)
 {
     const QSize window(700, 300);
     EXPECT_EQ(CascadePlace(0, window, kRoom, 20), QPoint(0, 0));
@@ -67,13 +67,13 @@ TEST(Cascade, GoesDownAndRightAndBeginsAnewFurtherRight)
     EXPECT_EQ(CascadePlace(16, window, kRoom, 20), QPoint(20, 0));
 }
 
-TEST(Cascade, ShowsSomeTitleBarsOfWindowsLargerThanTheRoom)
+TEST(Cascade, ShowsSomeTitleBarsOfTooLargeWindows)
 {
     EXPECT_EQ(CascadePlace(5, QSize(2000, 2000), kRoom, 20), QPoint(100, 100));
     EXPECT_EQ(CascadePlace(6, QSize(2000, 2000), kRoom, 20), QPoint(20, 0));
 }
 
-TEST(Cascade, NewWindowTakesThePlaceThatIsFree)
+TEST(Cascade, NewWindowUsesFreePosition)
 {
     const QSize window(700, 300);
     EXPECT_EQ(FreeCascadePlace({}, window, kRoom, 20), QPoint(0, 0));
@@ -86,7 +86,7 @@ TEST(Cascade, NewWindowTakesThePlaceThatIsFree)
     }
 }
 
-TEST(Icons, StandInRowsFromTheLowerEdge)
+TEST(Icons, FormRowsFromBottomEdge)
 {
     const QVector<QSize> icons(7, QSize(300, 30));
     const QVector<QPoint> places = IconPlaces(icons, kRoom);
@@ -98,13 +98,13 @@ TEST(Icons, StandInRowsFromTheLowerEdge)
     EXPECT_EQ(RoomAboveIcons({}, kRoom), kRoom);
 }
 
-TEST(Icons, HighestOfARowMakesRoomForIt)
+TEST(Icons, HighestOfRowSetsRowHeight)
 {
     const QVector<QPoint> places = IconPlaces({ { 600, 40 }, { 300, 30 }, { 300, 20 } }, kRoom);
     EXPECT_EQ(places, QVector<QPoint>({ { 0, 560 }, { 600, 570 }, { 0, 540 } }));
 }
 
-TEST(Icons, LeaveAQuarterOfTheRoomToTheWindows)
+TEST(Icons, LeaveQuarterOfRoomToWindows)
 {
     EXPECT_EQ(RoomAboveIcons(QVector<QSize>(100, QSize(300, 30)), kRoom), QSize(1000, 150));
 }

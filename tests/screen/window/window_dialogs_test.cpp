@@ -1,4 +1,4 @@
-// The forms of palettes, of the choice of windows, and of screen shots.
+// The forms for palettes, for the selection of windows, and for screen shots.
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
 #include "link/control/controlGeneral.h"
@@ -50,7 +50,7 @@ protected:
         }
     }
 
-    /// The windows that were chosen.
+    /// The selected windows.
     QVector<WindowId> Run(const std::function<void(FmSelectWindow&)>& during)
     {
         FmSelectWindow form(WindowsFor(MaskAll, true), frame.get());
@@ -88,7 +88,7 @@ TEST_F(PaletteForm, HasItsControls)
     });
 }
 
-TEST_F(PaletteForm, ShowsTheEffectBehindItAtOnce)
+TEST_F(PaletteForm, PreviewsChoiceAtOnce)
 {
     Run([&](FmPalette& form) {
         Click(form, "OpPalette[1]");
@@ -102,7 +102,7 @@ TEST_F(PaletteForm, ShowsTheEffectBehindItAtOnce)
     });
 }
 
-TEST_F(PaletteForm, CloseKeepsTheChoice)
+TEST_F(PaletteForm, CloseKeepsChoice)
 {
     Run([&](FmPalette& form) {
         Click(form, "OpPalette[1]");
@@ -116,7 +116,7 @@ TEST_F(PaletteForm, CloseKeepsTheChoice)
     });
 }
 
-TEST_F(PaletteForm, CancelAndEscapeRestoreTheFormerLook)
+TEST_F(PaletteForm, CancelAndEscapeRestorePalette)
 {
     for (const bool byEscape : { false, true }) {
         Run([&](FmPalette& form) {
@@ -132,7 +132,7 @@ TEST_F(PaletteForm, CancelAndEscapeRestoreTheFormerLook)
     }
 }
 
-TEST_F(PaletteForm, ArrowKeysChooseAtOnceAndTabReachesTheButtons)
+TEST_F(PaletteForm, ArrowKeysChooseAtOnceAndTabReachesButtons)
 {
     Run([&](FmPalette& form) {
         Key(Qt::Key_Down);
@@ -149,7 +149,7 @@ TEST_F(PaletteForm, ArrowKeysChooseAtOnceAndTabReachesTheButtons)
     });
 }
 
-TEST_F(PaletteForm, ShowsThePictureAsItIsForANumberThatIsNoPalette)
+TEST_F(PaletteForm, ShowsPictureForInvalidPalette)
 {
     PaletteStore(5, id);
     Run([&](FmPalette& form) {
@@ -161,7 +161,7 @@ TEST_F(PaletteForm, ShowsThePictureAsItIsForANumberThatIsNoPalette)
     EXPECT_EQ(Document(id).Graph, Picture());
 }
 
-TEST_F(PaletteForm, EnterKeepsTheChoice)
+TEST_F(PaletteForm, EnterKeepsChoice)
 {
     Run([&](FmPalette& form) {
         Click(form, "OpPalette[1]");
@@ -171,17 +171,17 @@ TEST_F(PaletteForm, EnterKeepsTheChoice)
     EXPECT_EQ(Document(id).PalNr, PaletteBlackAndWhite);
 }
 
-TEST_F(PaletteForm, DoesNotOpenForADiagram)
+TEST_F(PaletteForm, DoesNotOpenForDiagram)
 {
     const WindowSlot slot = WindowAllocate(WindowDataSet, SubtypeDataSet);
     WindowInitialise(slot, {}, 0);
     StatusSet(QStringLiteral("before"));
-    ColorDialog(); // a form would wait for its end
+    ColorDialog(); // a form would block here
     EXPECT_EQ(TheFrameHooks().StatusText(), "");
     EXPECT_EQ(TheColorDefaults().PalNr, PaletteColour);
 }
 
-TEST_F(PaletteForm, FrameTellsItsHint)
+TEST_F(PaletteForm, FrameShowsItsHint)
 {
     Run([&](FmPalette& form) {
         PointAt(form, "FrPalette");
@@ -190,7 +190,7 @@ TEST_F(PaletteForm, FrameTellsItsHint)
     });
 }
 
-TEST_F(PaletteForm, OpensByItsCommandAndGivesTheWindowTheFocus)
+TEST_F(PaletteForm, OpensByItsCommandAndFocusesWindow)
 {
     QTimer::singleShot(0, qApp, [] {
         QWidget* form = QApplication::activeModalWidget();
@@ -199,7 +199,7 @@ TEST_F(PaletteForm, OpensByItsCommandAndGivesTheWindowTheFocus)
         Click(*form, "BtClose");
     });
     EXPECT_TRUE(CommandRun(Command::OptionsColor));
-    EXPECT_EQ(frame->focusWidget(), &Graph(id)); // it has the activation as soon as the system gives it back
+    EXPECT_EQ(frame->focusWidget(), &Graph(id)); // it gets the activation as soon as the system returns it
 }
 
 TEST_F(SelectWindowForm, HasItsControls)
@@ -216,7 +216,7 @@ TEST_F(SelectWindowForm, HasItsControls)
     });
 }
 
-TEST_F(SelectWindowForm, OffersTheCaptionsNewestFirst)
+TEST_F(SelectWindowForm, OffersCaptionsNewestFirst)
 {
     Run([&](FmSelectWindow& form) {
         auto& list = Find<QListWidget>(form, "LxWin");
@@ -228,14 +228,14 @@ TEST_F(SelectWindowForm, OffersTheCaptionsNewestFirst)
     });
 }
 
-TEST_F(SelectWindowForm, ActiveWindowIsSelectedAtFirst)
+TEST_F(SelectWindowForm, ActiveWindowIsInitiallySelected)
 {
     frame->ChildArea()->setActiveSubWindow(&Child(ids[1]));
     const auto chosen = Run([&](FmSelectWindow&) { Key(Qt::Key_Return); });
     EXPECT_EQ(chosen, QVector<WindowId>{ ids[1] });
 }
 
-TEST_F(SelectWindowForm, ChosenOnesAreInTheOrderOfTheList)
+TEST_F(SelectWindowForm, ChosenOnesAreInListOrder)
 {
     const auto chosen = Run([&](FmSelectWindow& form) {
         Select(form, { 2, 0 });
@@ -256,7 +256,7 @@ TEST_F(SelectWindowForm, AllAndNone)
     EXPECT_EQ(chosen.size(), 3);
 }
 
-TEST_F(SelectWindowForm, CancelAndEscapeChooseNothing)
+TEST_F(SelectWindowForm, CancelAndEscapeSelectNothing)
 {
     EXPECT_TRUE(Run([&](FmSelectWindow& form) { Click(form, "BtCancel"); }).isEmpty());
     EXPECT_TRUE(Run([&](FmSelectWindow&) { Key(Qt::Key_Escape); }).isEmpty());
@@ -273,7 +273,7 @@ TEST_F(SelectWindowForm, DoubleClickChoosesOne)
     EXPECT_EQ(chosen, QVector<WindowId>{ ids[1] });
 }
 
-TEST_F(SelectWindowForm, DoubleClickThatSelectsNothingKeepsTheFormOpen)
+TEST_F(SelectWindowForm, DoubleClickWithoutSelectionKeepsFormOpen)
 {
     const auto chosen = Run([&](FmSelectWindow& form) {
         auto& list = Find<QListWidget>(form, "LxWin");
@@ -288,7 +288,7 @@ TEST_F(SelectWindowForm, DoubleClickThatSelectsNothingKeepsTheFormOpen)
     EXPECT_TRUE(chosen.isEmpty());
 }
 
-TEST_F(SelectWindowForm, OpensForTheModuleAndFillsItsChoice)
+TEST_F(SelectWindowForm, OpensForModuleAndFillsItsSelection)
 {
     QTimer::singleShot(0, qApp, [] {
         QWidget* form = QApplication::activeModalWidget();
@@ -300,7 +300,7 @@ TEST_F(SelectWindowForm, OpensForTheModuleAndFillsItsChoice)
     EXPECT_EQ(TheScreenWindows().Chosen, (QVector<WindowId>{ ids[2], ids[1], ids[0] }));
 }
 
-TEST_F(SelectWindowForm, DoesNotOpenForOneCandidate)
+TEST_F(SelectWindowForm, DoesNotOpenForSingleCandidate)
 {
     for (int at = 0; at < 2; ++at)
         Child(ids[at]).close();
@@ -308,7 +308,7 @@ TEST_F(SelectWindowForm, DoesNotOpenForOneCandidate)
     EXPECT_EQ(TheScreenWindows().Chosen, QVector<WindowId>{ ids[2] });
 }
 
-TEST_F(ScreenShotViewer, ShowsThePictureUnderItsName)
+TEST_F(ScreenShotViewer, ShowsPictureUnderItsName)
 {
     FmScreenShotViewer form(Picture(), "Channel 16.png", frame.get());
     RunForm(form, [&] {
@@ -328,7 +328,7 @@ TEST_F(ScreenShotViewer, ShowsThePictureUnderItsName)
     });
 }
 
-TEST_F(ScreenShotViewer, ShowsAPictureThatIsAlmostALine)
+TEST_F(ScreenShotViewer, ShowsVeryThinPicture)
 {
     FmScreenShotViewer form(Picture({ 30000, 3 }), "line.png", frame.get());
     RunForm(form, [&] {
@@ -338,7 +338,7 @@ TEST_F(ScreenShotViewer, ShowsAPictureThatIsAlmostALine)
     });
 }
 
-TEST_F(ScreenShotViewer, OpensNothingForAFileThatIsNoPicture)
+TEST_F(ScreenShotViewer, OpensNothingForNonPicture)
 {
     Store(FilePath("broken.png"), "no picture");
     Answers().Expect(12760, Ok);
@@ -346,14 +346,14 @@ TEST_F(ScreenShotViewer, OpensNothingForAFileThatIsNoPicture)
     EXPECT_TRUE(CanAct());
 }
 
-TEST_F(ScreenShotViewer, IsWhatFileControlOpens)
+TEST_F(ScreenShotViewer, IsOpenedByFileControl)
 {
     ASSERT_TRUE(Picture().save(FilePath("shot.png")));
     QString shown;
     QTimer look;
     look.callOnTimeout([&] {
         QWidget* form = QApplication::activeModalWidget();
-        if (form == nullptr) // the picture is still being read
+        if (form == nullptr) // the picture is still being loaded
             return;
         look.stop();
         shown = form->objectName();

@@ -1,4 +1,4 @@
-// The document window: how it comes up, what it tells, how it closes.
+// The document window: opening, display, activation, closing.
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
@@ -22,11 +22,10 @@ class ScreenWindowForm : public ScreenForms {
 protected:
     void ClickRight(QWidget& on)
     {
-        const QPoint at = on.mapTo(frame.get(), QPoint(40, 40));
-        QTest::mouseClick(frame->windowHandle(), Qt::RightButton, {}, at);
+        QTest::mouseClick(frame->windowHandle(), Qt::RightButton, {}, on.mapTo(frame.get(), QPoint(40, 40)));
     }
 
-    /// Drags a file over a control and lets it go there.
+    /// Drags a file over a control and drops it there.
     void Drop(const QWidget& on, const QString& path)
     {
         QMimeData data;
@@ -65,7 +64,7 @@ TEST_F(ScreenWindowForm, HasItsControls)
     EXPECT_EQ(window.objectName(), "MfScreen");
 }
 
-TEST_F(ScreenWindowForm, OpensInThePicturesOwnSizeAndShowsIt)
+TEST_F(ScreenWindowForm, OpensInPictureSizeAndShowsIt)
 {
     const WindowId id = Open();
     MfScreen& window = Window(id);
@@ -80,21 +79,20 @@ TEST_F(ScreenWindowForm, OpensInThePicturesOwnSizeAndShowsIt)
     EXPECT_EQ(FindControl(window, "PbDefGraph").size(), QSize(642, 442));
 }
 
-TEST_F(ScreenWindowForm, IsDrawnOnceWhenItOpens)
+TEST_F(ScreenWindowForm, IsDrawnOnceOnOpening)
 {
-    const WindowSlot slot = WindowAllocate(WindowScreen, SubtypeFile);
     int drawn = 0;
     const auto before = TheFrameHooks().SetStatusText;
     TheFrameHooks().SetStatusText = [&](const QString& text) { drawn += text.contains(LngStr(10106)) ? 1 : 0; };
     NewDocument document;
     document.Master = Picture();
-    ScreenCreate(slot, document);
+    ScreenCreate(WindowAllocate(WindowScreen, SubtypeFile), document);
     QCoreApplication::processEvents();
     EXPECT_EQ(drawn, 1);
     TheFrameHooks().SetStatusText = before;
 }
 
-TEST_F(ScreenWindowForm, PanelOfDateAndTimeIsFilledAndNotSeen)
+TEST_F(ScreenWindowForm, StatusPanelIsFilledButHidden)
 {
     MfScreen& window = Window(Open(SubtypeLive));
     EXPECT_EQ(TextOf(window, "TbStatHead[1]"), LngStr(14501));
@@ -104,7 +102,7 @@ TEST_F(ScreenWindowForm, PanelOfDateAndTimeIsFilledAndNotSeen)
         EXPECT_FALSE(FindControl(window, QLatin1String(name)).isVisible()) << name;
 }
 
-TEST_F(ScreenWindowForm, PanelThatIsShownIsGoneWithTheNextDrawing)
+TEST_F(ScreenWindowForm, VisibleStatusPanelIsHiddenByDrawing)
 {
     const WindowId id = Open();
     for (const char* name : { "TbStatHead[0]", "TbStatHead[2]", "TbStatus", "LnStatus" })
@@ -114,7 +112,7 @@ TEST_F(ScreenWindowForm, PanelThatIsShownIsGoneWithTheNextDrawing)
         EXPECT_FALSE(FindControl(Window(id), QLatin1String(name)).isVisible()) << name;
 }
 
-TEST_F(ScreenWindowForm, PanelAndDescriptionHaveTheColoursOfTheDocument)
+TEST_F(ScreenWindowForm, PanelAndDescriptionUseDocumentColours)
 {
     const WindowId id = Open();
     Window(id).SetColours(0x030201, 0x060504);
@@ -129,7 +127,7 @@ TEST_F(ScreenWindowForm, PanelAndDescriptionHaveTheColoursOfTheDocument)
         EXPECT_EQ(FindControl(Window(id), QLatin1String(name)).palette().color(QPalette::WindowText), text) << name;
 }
 
-TEST_F(ScreenWindowForm, CaptionsAreTheFilesNameOrTheTitle)
+TEST_F(ScreenWindowForm, CaptionIsFileNameOrTitle)
 {
     const WindowId file = Open();
     const WindowId live = Open(SubtypeLive);
@@ -138,15 +136,15 @@ TEST_F(ScreenWindowForm, CaptionsAreTheFilesNameOrTheTitle)
     EXPECT_EQ(Graph(file).accessibleName(), "picture 1.png");
 }
 
-TEST_F(ScreenWindowForm, CaptionShowsMarksAsTheyAre)
+TEST_F(ScreenWindowForm, CaptionShowsPlaceholderCharactersLiterally)
 {
     const WindowId id = Open();
     Window(id).SetCaption("scan [*] 50% & more.png");
     EXPECT_EQ(Window(id).Caption(), "scan [*] 50% & more.png");
-    EXPECT_EQ(Child(id).windowTitle(), "scan [*][*] 50% & more.png"); // a doubled mark shows as one
+    EXPECT_EQ(Child(id).windowTitle(), "scan [*][*] 50% & more.png"); // doubled marks are displayed as typed
 }
 
-TEST_F(ScreenWindowForm, IconsTellLiveScreensFromFiles)
+TEST_F(ScreenWindowForm, IconDistinguishesLiveScreensFromFiles)
 {
     const QImage file = Child(Open()).windowIcon().pixmap(32).toImage();
     const QImage live = Child(Open(SubtypeLive)).windowIcon().pixmap(32).toImage();
@@ -155,11 +153,11 @@ TEST_F(ScreenWindowForm, IconsTellLiveScreensFromFiles)
     EXPECT_NE(file, live);
 }
 
-TEST_F(ScreenWindowForm, ButtonsOfTheTitleBarStandOutOnADarkPalette)
+TEST_F(ScreenWindowForm, TitleBarButtonsAreLegibleOnDarkPalette)
 {
     const QPalette before = QApplication::palette();
     QApplication::setPalette(QPalette(QColor(49, 54, 59), QColor(35, 38, 41)));
-    for (const WindowId id : { Open(), Open() }) { // the second one is the active one
+    for (const WindowId id : { Open(), Open() }) { // the second one is active
         const QRect buttons(Child(id).width() - 64, 0, 64, Child(id).contentsMargins().top());
         const QImage shown = Child(id).grab(buttons).toImage();
         int lightest = 0;
@@ -172,7 +170,7 @@ TEST_F(ScreenWindowForm, ButtonsOfTheTitleBarStandOutOnADarkPalette)
     QApplication::setPalette(before);
 }
 
-TEST_F(ScreenWindowForm, HelpNumbersAreThoseOfItsKind)
+TEST_F(ScreenWindowForm, HelpNumbersDependOnKind)
 {
     const WindowId file = Open();
     EXPECT_EQ(HelpNumberOf(&Graph(file)), 14401);
@@ -184,7 +182,7 @@ TEST_F(ScreenWindowForm, HelpNumbersAreThoseOfItsKind)
     EXPECT_EQ(HelpNumberOf(&Description(live)), 14503);
 }
 
-TEST_F(ScreenWindowForm, F1InTheDescriptionGoesToThePictureAndItsTopic)
+TEST_F(ScreenWindowForm, F1InDescriptionFocusesPictureAndOpensTopic)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
@@ -195,7 +193,7 @@ TEST_F(ScreenWindowForm, F1InTheDescriptionGoesToThePictureAndItsTopic)
     EXPECT_EQ(topics, QList<int>{ 14401 });
 }
 
-TEST_F(ScreenWindowForm, NewWindowsStandBesideEachOther)
+TEST_F(ScreenWindowForm, NewWindowsDoNotCoverEachOther)
 {
     QVector<QPoint> places;
     for (int count = 0; count < 12; ++count) {
@@ -206,7 +204,7 @@ TEST_F(ScreenWindowForm, NewWindowsStandBesideEachOther)
     EXPECT_EQ(places[0], QPoint(0, 0));
 }
 
-TEST_F(ScreenWindowForm, ActiveWindowIsTheOneInFront)
+TEST_F(ScreenWindowForm, ActiveWindowIsInFront)
 {
     const WindowId first = Open();
     const WindowId second = Open();
@@ -216,7 +214,7 @@ TEST_F(ScreenWindowForm, ActiveWindowIsTheOneInFront)
     EXPECT_TRUE(Item("MnFileClose").isEnabled());
 }
 
-TEST_F(ScreenWindowForm, ClickIntoAWindowMakesItTheActiveOne)
+TEST_F(ScreenWindowForm, ClickActivatesWindow)
 {
     const WindowId first = Open();
     Open();
@@ -225,7 +223,7 @@ TEST_F(ScreenWindowForm, ClickIntoAWindowMakesItTheActiveOne)
     EXPECT_EQ(WindowTable().Active, first);
 }
 
-TEST_F(ScreenWindowForm, StaysTheActiveOneUnderADialog)
+TEST_F(ScreenWindowForm, StaysActiveUnderDialog)
 {
     const WindowId id = Open();
     FormBase* dialog = nullptr;
@@ -256,7 +254,7 @@ TEST_F(ScreenWindowForm, RightButtonOpensItsMenu)
     QApplication::activePopupWidget()->close();
 }
 
-TEST_F(ScreenWindowForm, RightButtonMakesItsWindowTheActiveOne)
+TEST_F(ScreenWindowForm, RightButtonActivatesWindow)
 {
     const WindowId first = Open();
     Open();
@@ -267,7 +265,7 @@ TEST_F(ScreenWindowForm, RightButtonMakesItsWindowTheActiveOne)
     QApplication::activePopupWidget()->close();
 }
 
-TEST_F(ScreenWindowForm, CtrlCOnThePictureCopiesIt)
+TEST_F(ScreenWindowForm, CtrlCOnPictureCopiesIt)
 {
     const WindowId id = Open();
     int copies = 0;
@@ -280,16 +278,16 @@ TEST_F(ScreenWindowForm, CtrlCOnThePictureCopiesIt)
     EXPECT_EQ(copies, 1);
 }
 
-TEST_F(ScreenWindowForm, RightButtonBesideTheFrameAreaIsNotTheAreas)
+TEST_F(ScreenWindowForm, RightButtonBesidePictureOpensWindowMenu)
 {
     const WindowId id = Open();
-    Graph(id).hide(); // the paper around the picture
+    Graph(id).hide(); // exposes the paper around the picture
     ClickRight(Window(id));
     EXPECT_EQ(OpenMenu(), "ScMn");
     QApplication::activePopupWidget()->close();
 }
 
-TEST_F(ScreenWindowForm, RightButtonDoesNothingWhileACommandRuns)
+TEST_F(ScreenWindowForm, RightButtonIsIgnoredWhileCommandRuns)
 {
     const WindowId id = Open();
     BeginBusy();
@@ -307,7 +305,7 @@ TEST_F(ScreenWindowForm, MenuKeyOpensItsMenu)
     QApplication::activePopupWidget()->close();
 }
 
-TEST_F(ScreenWindowForm, DoesNotHearTheMouseWhileACommandRuns)
+TEST_F(ScreenWindowForm, IgnoresMouseWhileCommandRuns)
 {
     const WindowId first = Open();
     const WindowId second = Open();
@@ -320,7 +318,7 @@ TEST_F(ScreenWindowForm, DoesNotHearTheMouseWhileACommandRuns)
     EXPECT_EQ(WindowTable().Active, first);
 }
 
-TEST_F(ScreenWindowForm, FilesDroppedOnItAreTheFrames)
+TEST_F(ScreenWindowForm, DroppedFilesGoToFrame)
 {
     ASSERT_TRUE(Picture().save(FilePath("dropped.png")));
     TheDropHooks().IsKnownFile = FileCanBeDropped;
@@ -335,7 +333,7 @@ TEST_F(ScreenWindowForm, FilesDroppedOnItAreTheFrames)
     EXPECT_EQ(WindowAt(id).Description, "");
 }
 
-TEST_F(ScreenWindowForm, ClosesAFileWithoutAQuestionAndTellsThatNoneIsLeft)
+TEST_F(ScreenWindowForm, ClosesFileWithoutQuestionAndShowsHint)
 {
     const WindowId id = Open();
     EXPECT_TRUE(Child(id).close());
@@ -347,7 +345,7 @@ TEST_F(ScreenWindowForm, ClosesAFileWithoutAQuestionAndTellsThatNoneIsLeft)
     EXPECT_FALSE(Item("MnFileClose").isEnabled());
 }
 
-TEST_F(ScreenWindowForm, EachCommandThatClosesTheLastOneTellsThatNoneIsLeft)
+TEST_F(ScreenWindowForm, EachClosingCommandShowsHintAfterLastOne)
 {
     for (const char* name : { "MnFileClose", "MnWindowClose", "MnWindowCloseAll" }) {
         Open();
@@ -357,10 +355,10 @@ TEST_F(ScreenWindowForm, EachCommandThatClosesTheLastOneTellsThatNoneIsLeft)
     }
 }
 
-TEST_F(ScreenWindowForm, DialogThatHasJustGoneLeavesTheFrameInCharge)
+TEST_F(ScreenWindowForm, ClosedDialogLeavesFrameActive)
 {
     const WindowId first = Open();
-    QApplication::setActiveWindow(nullptr); // as between the end of a dialog and the word of the window system
+    QApplication::setActiveWindow(nullptr); // as between the end of a dialog and the next activation
     const WindowId second = Open();
     EXPECT_EQ(frame->ChildArea()->activeSubWindow(), &Child(second));
     EXPECT_TRUE(CloseWindow(second, true));
@@ -368,7 +366,7 @@ TEST_F(ScreenWindowForm, DialogThatHasJustGoneLeavesTheFrameInCharge)
     EXPECT_EQ(Status(), LngStr(11801));
 }
 
-TEST_F(ScreenWindowForm, CloseBoxAsksForALiveScreen)
+TEST_F(ScreenWindowForm, CloseBoxAsksForLiveScreen)
 {
     const WindowId id = Open(SubtypeLive);
     Answers().Expect(12714, Cancel);
@@ -380,7 +378,7 @@ TEST_F(ScreenWindowForm, CloseBoxAsksForALiveScreen)
     EXPECT_FALSE(WindowInUse(id));
 }
 
-TEST_F(ScreenWindowForm, SlotOfAClosedWindowServesANewOneAtOnce)
+TEST_F(ScreenWindowForm, SlotOfClosedWindowIsReusableAtOnce)
 {
     const WindowId first = Open();
     const WindowSlot slot = [first] {
@@ -399,7 +397,7 @@ TEST_F(ScreenWindowForm, SlotOfAClosedWindowServesANewOneAtOnce)
     EXPECT_EQ(Shown(first), Stretch(Picture(), DevicePixels(first)));
 }
 
-TEST_F(ScreenWindowForm, RefusesToCloseWhileACommandRuns)
+TEST_F(ScreenWindowForm, RefusesToCloseWhileCommandRuns)
 {
     const WindowId id = Open();
     BeginBusy();
@@ -408,7 +406,7 @@ TEST_F(ScreenWindowForm, RefusesToCloseWhileACommandRuns)
     EXPECT_TRUE(WindowInUse(id));
 }
 
-TEST_F(ScreenWindowForm, CommandClosesTheActiveOne)
+TEST_F(ScreenWindowForm, CommandClosesActiveOne)
 {
     const WindowId first = Open();
     const WindowId second = Open(SubtypeLive);
@@ -422,7 +420,7 @@ TEST_F(ScreenWindowForm, CommandClosesTheActiveOne)
     EXPECT_TRUE(frame->ChildArea()->subWindowList().isEmpty());
 }
 
-TEST_F(ScreenWindowForm, ClosingGivesWayToTheOneThatWasActiveBefore)
+TEST_F(ScreenWindowForm, ClosingActivatesPreviouslyActiveOne)
 {
     Open();
     const WindowId before = Open();
@@ -437,7 +435,7 @@ TEST_F(ScreenWindowForm, ClosingGivesWayToTheOneThatWasActiveBefore)
     EXPECT_EQ(WindowTable().Active, other);
 }
 
-TEST_F(ScreenWindowForm, CloseAllStopsAtTheFirstThatStays)
+TEST_F(ScreenWindowForm, CloseAllStopsAtFirstThatStays)
 {
     const WindowId live = Open(SubtypeLive);
     Open();
@@ -450,7 +448,7 @@ TEST_F(ScreenWindowForm, CloseAllStopsAtTheFirstThatStays)
     EXPECT_EQ(WindowCount(0), 0);
 }
 
-TEST_F(ScreenWindowForm, ProgramAsksForItsWindowsBeforeItEnds)
+TEST_F(ScreenWindowForm, ProgramAsksForWindowsBeforeExit)
 {
     Open(SubtypeLive);
     Answers().Expect(12714, Cancel);
@@ -461,7 +459,7 @@ TEST_F(ScreenWindowForm, ProgramAsksForItsWindowsBeforeItEnds)
     EXPECT_EQ(WindowCount(0), 0);
 }
 
-TEST_F(ScreenWindowForm, OldestOfAHundredGivesWayInItsOwnWindow)
+TEST_F(ScreenWindowForm, OldestOfHundredIsReplacedInPlace)
 {
     QVector<WindowId> ids;
     for (int count = 0; count < kDocumentsOfType; ++count) {
@@ -481,7 +479,7 @@ TEST_F(ScreenWindowForm, OldestOfAHundredGivesWayInItsOwnWindow)
     EXPECT_EQ(frame->ChildArea()->subWindowList().size(), kDocumentsOfType);
 }
 
-TEST_F(ScreenWindowForm, NewWindowComesUpInItsOwnSizeBesideAMaximisedOne)
+TEST_F(ScreenWindowForm, NewWindowHasOwnSizeNextToMaximisedOne)
 {
     const WindowId first = Open();
     Child(first).showMaximized();
@@ -491,7 +489,7 @@ TEST_F(ScreenWindowForm, NewWindowComesUpInItsOwnSizeBesideAMaximisedOne)
     EXPECT_EQ(Window(first).size(), QSize(642, 442));
 }
 
-TEST_F(ScreenWindowForm, FrameMayEndWithWindowsOpen)
+TEST_F(ScreenWindowForm, FrameMayCloseWithWindowsOpen)
 {
     Open();
     const WindowId id = Open();

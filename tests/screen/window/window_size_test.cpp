@@ -1,4 +1,4 @@
-// Sizes of document windows in a real area: drag, description, states, arranging.
+// Sizes of document windows in a real area: dragging, description, window states, arranging.
 #include "app/state/project.h"
 #include "screen/bitmap/stretch.h"
 #include "screen/document/description.h"
@@ -42,7 +42,7 @@ constexpr QSize kDefault(642, 442);
 
 } // namespace
 
-TEST_F(ScreenWindowSize, PictureStaysUntilTheButtonIsUp)
+TEST_F(ScreenWindowSize, PictureStaysUntilButtonIsReleased)
 {
     const WindowId id = Open();
     const qint64 before = Document(id).Graph.cacheKey();
@@ -51,7 +51,7 @@ TEST_F(ScreenWindowSize, PictureStaysUntilTheButtonIsUp)
     Tick();
     EXPECT_EQ(Document(id).Graph.cacheKey(), before);
     EXPECT_EQ(Graph(id).size(), kDefault);
-    LetGo();
+    ReleaseButton();
     EXPECT_EQ(Graph(id).size(), kDefault);
     Tick();
     EXPECT_EQ(Graph(id).size(), QSize(742, 511));
@@ -59,7 +59,7 @@ TEST_F(ScreenWindowSize, PictureStaysUntilTheButtonIsUp)
     EXPECT_EQ(Document(id).Graph.size(), QSize(742, 511));
 }
 
-TEST_F(ScreenWindowSize, PictureFollowsAtTheTwentyFifthTickOfAHeldButton)
+TEST_F(ScreenWindowSize, PictureFollowsAt25thTickOfHeldButton)
 {
     const WindowId id = Open();
     Drag(id, QPoint(100, 0));
@@ -68,33 +68,33 @@ TEST_F(ScreenWindowSize, PictureFollowsAtTheTwentyFifthTickOfAHeldButton)
     EXPECT_EQ(Graph(id).size(), kDefault);
     Tick();
     EXPECT_EQ(Graph(id).size(), QSize(742, 511));
-    LetGo();
+    ReleaseButton();
 }
 
-TEST_F(ScreenWindowSize, KeepsTheAspectHoweverItIsDragged)
+TEST_F(ScreenWindowSize, KeepsAspectWhenDragged)
 {
     const WindowId id = Open();
     for (const QPoint by : { QPoint(37, 0), QPoint(0, 81), QPoint(-120, 0), QPoint(0, -133), QPoint(45, 44),
              QPoint(-30, 60), QPoint(60, -31), QPoint(1, 0), QPoint(0, 1), QPoint(25, 25) }) {
-        DragAndLetGo(id, by);
+        DragAndRelease(id, by);
         ExpectAspect(Graph(id).size(), kDefault);
         EXPECT_EQ(Window(id).size(), Graph(id).size());
     }
 }
 
-TEST_F(ScreenWindowSize, KeepsATitleBarToTakeHoldOfHoweverItIsDragged)
+TEST_F(ScreenWindowSize, KeepsUsableTitleBarWhenDragged)
 {
     const WindowId id = Open();
     for (const bool withDescription : { false, true }) {
         SetDefaultSize(id);
         DescrSetVisible(withDescription, id);
         QCoreApplication::processEvents();
-        DragAndLetGo(id, QPoint(0, 5 - Child(id).height()));
+        DragAndRelease(id, QPoint(0, 5 - Child(id).height()));
         EXPECT_EQ(Graph(id).size(), QSize(100, 69)) << withDescription;
     }
 }
 
-TEST_F(ScreenWindowSize, HeightIsThatOfPictureAndDescription)
+TEST_F(ScreenWindowSize, HeightIsPicturePlusDescription)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
@@ -102,15 +102,15 @@ TEST_F(ScreenWindowSize, HeightIsThatOfPictureAndDescription)
     const int block = 2 * DescrLineHeight(id) + 1;
     EXPECT_EQ(Window(id).size(), kDefault + QSize(0, block));
     EXPECT_EQ(Graph(id).size(), kDefault);
-    DragAndLetGo(id, QPoint(100, 0));
+    DragAndRelease(id, QPoint(100, 0));
     EXPECT_EQ(Window(id).size(), QSize(742, 511 + block));
     EXPECT_EQ(Graph(id).size(), QSize(742, 511));
-    DragAndLetGo(id, QPoint(0, -120));
+    DragAndRelease(id, QPoint(0, -120));
     ExpectAspect(Graph(id).size(), kDefault);
     EXPECT_EQ(Window(id).height(), Graph(id).height() + block);
 }
 
-TEST_F(ScreenWindowSize, MaximisedPictureFillsTheAreaWithoutADescription)
+TEST_F(ScreenWindowSize, MaximisedPictureFillsAreaWithoutDescription)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
@@ -126,7 +126,7 @@ TEST_F(ScreenWindowSize, MaximisedPictureFillsTheAreaWithoutADescription)
     EXPECT_EQ(Graph(id).size(), kDefault);
 }
 
-TEST_F(ScreenWindowSize, MaximisedPictureFollowsTheAreaWhateverItsAspect)
+TEST_F(ScreenWindowSize, MaximisedPictureFollowsAreaOfAnyAspect)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
@@ -144,7 +144,7 @@ TEST_F(ScreenWindowSize, MaximisedPictureFollowsTheAreaWhateverItsAspect)
     EXPECT_TRUE(Description(id).isVisible());
 }
 
-TEST_F(ScreenWindowSize, MinimisedWindowIsLeftAlone)
+TEST_F(ScreenWindowSize, MinimisedWindowIsUnchanged)
 {
     const WindowId id = Open();
     Child(id).showMinimized();
@@ -158,7 +158,7 @@ TEST_F(ScreenWindowSize, MinimisedWindowIsLeftAlone)
     EXPECT_EQ(Window(id).size(), kDefault);
 }
 
-TEST_F(ScreenWindowSize, WhatChangedWhileMinimisedIsSeenAfterwards)
+TEST_F(ScreenWindowSize, ChangesWhileMinimisedAreShownAfterwards)
 {
     const WindowId id = Open();
     Child(id).showMinimized();
@@ -169,11 +169,11 @@ TEST_F(ScreenWindowSize, WhatChangedWhileMinimisedIsSeenAfterwards)
     EXPECT_EQ(Document(id).Graph, expected);
 }
 
-TEST_F(ScreenWindowSize, CascadeLeavesEveryWindowAtItsDefaultSize)
+TEST_F(ScreenWindowSize, CascadeRestoresEveryDefaultSize)
 {
     const QVector<WindowId> ids{ Open(), Open(SubtypeFile, Picture(QSize(300, 400))), Open() };
     DescrSetVisible(true, ids[2]);
-    DragAndLetGo(ids[2], QPoint(90, 0));
+    DragAndRelease(ids[2], QPoint(90, 0));
     Item("MnWindowTileHoriz").trigger();
     Item("MnWindowCascade").trigger();
     EXPECT_EQ(Window(ids[0]).size(), kDefault);
@@ -184,7 +184,7 @@ TEST_F(ScreenWindowSize, CascadeLeavesEveryWindowAtItsDefaultSize)
     EXPECT_GT(Child(ids[2]).y(), Child(ids[1]).y());
 }
 
-TEST_F(ScreenWindowSize, CascadeStandsTheSameBehindATiling)
+TEST_F(ScreenWindowSize, CascadeIsTheSameAfterTiling)
 {
     QVector<WindowId> ids;
     for (int count = 0; count < 30; ++count)
@@ -200,7 +200,7 @@ TEST_F(ScreenWindowSize, CascadeStandsTheSameBehindATiling)
         EXPECT_EQ(Child(ids[at]).geometry(), places[at]) << at;
 }
 
-TEST_F(ScreenWindowSize, CascadeHasTheActiveWindowInFront)
+TEST_F(ScreenWindowSize, CascadePutsActiveWindowInFront)
 {
     const WindowId first = Open();
     Open();
@@ -212,7 +212,7 @@ TEST_F(ScreenWindowSize, CascadeHasTheActiveWindowInFront)
     EXPECT_EQ(frame->ChildArea()->subWindowList(QMdiArea::StackingOrder).last(), &Child(first));
 }
 
-TEST_F(ScreenWindowSize, AreaScrollsToWhatLiesBeyondItAndHomeWhenItIsTiled)
+TEST_F(ScreenWindowSize, AreaScrollsToHiddenWindowsAndBackWhenTiled)
 {
     const QVector<WindowId> ids{ Open(SubtypeFile, Picture(QSize(2000, 1500))), Open() };
     QScrollBar* bar = frame->ChildArea()->horizontalScrollBar();
@@ -225,7 +225,7 @@ TEST_F(ScreenWindowSize, AreaScrollsToWhatLiesBeyondItAndHomeWhenItIsTiled)
     ExpectTiled(ids);
 }
 
-TEST_F(ScreenWindowSize, TilesBelowOneAnother)
+TEST_F(ScreenWindowSize, TilesStacked)
 {
     const QVector<WindowId> ids{ Open(), Open(), Open() };
     Item("MnWindowTileHoriz").trigger();
@@ -235,7 +235,7 @@ TEST_F(ScreenWindowSize, TilesBelowOneAnother)
     EXPECT_EQ(TheScreenWindows().Arranging, ArrangeNone);
 }
 
-TEST_F(ScreenWindowSize, TilesBesideOneAnother)
+TEST_F(ScreenWindowSize, TilesSideBySide)
 {
     const QVector<WindowId> ids{ Open(), Open(), Open() };
     Item("MnWindowTileVert").trigger();
@@ -266,7 +266,7 @@ TEST_F(ScreenWindowSize, TilesWithDescriptions)
         EXPECT_EQ(Window(id).height(), Graph(id).height() + DescrHeight(id));
 }
 
-TEST_F(ScreenWindowSize, TilingRestoresAMaximisedWindowAndLeavesMinimisedOnes)
+TEST_F(ScreenWindowSize, TilingRestoresMaximisedAndKeepsMinimisedWindows)
 {
     const QVector<WindowId> ids{ Open(), Open(), Open() };
     Child(ids[2]).showMinimized();
@@ -281,7 +281,7 @@ TEST_F(ScreenWindowSize, TilingRestoresAMaximisedWindowAndLeavesMinimisedOnes)
         EXPECT_FALSE(Child(id).geometry().intersects(Child(ids[2]).geometry()));
 }
 
-TEST_F(ScreenWindowSize, TilingLeavesRoomForTheBarOfWindowsThatGrowBeyondTheArea)
+TEST_F(ScreenWindowSize, TilingLeavesRoomForScrollBar)
 {
     const QImage wide = Picture(QSize(900, 90));
     const QVector<WindowId> ids{ Open(SubtypeFile, wide), Open(SubtypeFile, wide), Open() };
@@ -301,18 +301,18 @@ TEST_F(ScreenWindowSize, TilingLeavesRoomForTheBarOfWindowsThatGrowBeyondTheArea
     EXPECT_FALSE(frame->ChildArea()->verticalScrollBar()->isVisible());
 }
 
-TEST_F(ScreenWindowSize, AutoTileActsOnTwoWindowsAndNotOnOne)
+TEST_F(ScreenWindowSize, AutoTileNeedsTwoWindows)
 {
     Item("MnWindowAutotile").trigger();
     EXPECT_TRUE(Item("MnWindowAutotile").isChecked());
     const WindowId first = Open();
-    RetileIfWished();
+    RetileIfAutoTile();
     EXPECT_EQ(Window(first).size(), kDefault);
     const WindowId second = Open();
-    RetileIfWished();
+    RetileIfAutoTile();
     ExpectTiled({ first, second });
     const WindowId third = Open();
-    RetileIfWished();
+    RetileIfAutoTile();
     ExpectTiled({ first, second, third });
     const int height = Window(first).height();
     EXPECT_TRUE(Child(third).close());
@@ -322,7 +322,7 @@ TEST_F(ScreenWindowSize, AutoTileActsOnTwoWindowsAndNotOnOne)
     EXPECT_FALSE(Item("MnWindowAutotile").isChecked());
 }
 
-TEST_F(ScreenWindowSize, ClosingAMaximisedWindowTilesTheOthers)
+TEST_F(ScreenWindowSize, ClosingMaximisedWindowTilesOthers)
 {
     const QVector<WindowId> ids{ Open(), Open(), Open(), Open() };
     Item("MnWindowAutotile").trigger();
@@ -337,22 +337,22 @@ TEST_F(ScreenWindowSize, ClosingAMaximisedWindowTilesTheOthers)
     ExpectTiled(WindowsFor(MaskAll, true));
 }
 
-TEST_F(ScreenWindowSize, HidingTheToolBarTilesAnew)
+TEST_F(ScreenWindowSize, HidingToolBarRetiles)
 {
     Item("MnWindowAutotile").trigger();
     const QVector<WindowId> ids{ Open(), Open() };
-    RetileIfWished();
+    RetileIfAutoTile();
     const int height = Window(ids[0]).height();
     Item("TbMnHide").trigger();
     ExpectTiled(ids);
     EXPECT_GT(Window(ids[0]).height(), height);
 }
 
-TEST_F(ScreenWindowSize, DefaultSizeIsACommandOfAWindowThatHasAnother)
+TEST_F(ScreenWindowSize, DefaultSizeIsEnabledForOtherSizes)
 {
     const WindowId id = Open();
     EXPECT_FALSE(Item("MnWindowDefSize").isEnabled());
-    DragAndLetGo(id, QPoint(100, 0));
+    DragAndRelease(id, QPoint(100, 0));
     EXPECT_TRUE(Item("MnWindowDefSize").isEnabled());
     Item("MnWindowDefSize").trigger();
     EXPECT_EQ(Window(id).size(), kDefault);
@@ -364,7 +364,7 @@ TEST_F(ScreenWindowSize, DefaultSizeIsACommandOfAWindowThatHasAnother)
     EXPECT_EQ(Window(id).size(), kDefault);
 }
 
-TEST_F(ScreenWindowSize, HundredWindowsAreTiledWithoutOverlap)
+TEST_F(ScreenWindowSize, TilesHundredWindowsWithoutOverlap)
 {
     QVector<WindowId> ids;
     for (int count = 0; count < kDocumentsOfType; ++count)
@@ -379,10 +379,10 @@ TEST_F(ScreenWindowSize, HundredWindowsAreTiledWithoutOverlap)
         EXPECT_EQ(Graph(id).size(), QSize(128, 72));
 }
 
-TEST_F(ScreenWindowSize, PictureIsSharpOnAScreenOfTwiceTheScale)
+TEST_F(ScreenWindowSize, PictureIsSharpAtDoubleScale)
 {
     const WindowId id = Open(SubtypeFile, Picture(QSize(800, 600)));
-    DragAndLetGo(id, QPoint(-400, 0));
+    DragAndRelease(id, QPoint(-400, 0));
     EXPECT_EQ(Shown(id), Stretch(Document(id).Master, DevicePixels(id)));
 }
 

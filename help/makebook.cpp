@@ -1,9 +1,8 @@
-// Makes the sources of the help book: pages with the program's own texts filled in, contents, index, the topic and the
-// pop-up text of each help number. A help number or keyword that stands twice, a text number without text and a topic
-// without a first paragraph end the build with a message.
-//
-// A page is the body of an HTML file. In it h1, h2 and dt elements with an id are topics: `data-help` lists their help
-// numbers ("11901 13100-13113"), `data-keys` their keywords in the index, separated by semicolons. The paragraph or dd
+// Generates the sources of the help book: pages with the program's own texts filled in, contents, index, and the
+// topic and pop-up text of each help number. A duplicate help number or keyword, a text number without text, and a
+// topic without a first paragraph fail the build with a message.
+// A page is the body of an HTML file. In it h1, h2 and dt elements with an id are topics: `data-help` lists their
+// help numbers ("11901 13100-13113"), `data-keys` their index keywords, separated by semicolons. The paragraph or dd
 // that follows is the pop-up text. {{11904}} is replaced by the caption or message with this number.
 #include <algorithm>
 #include <cstdlib>
@@ -73,7 +72,7 @@ std::string Escaped(const std::string& text)
     return Replaced(Replaced(Replaced(Replaced(text, "&", "&amp;"), "<", "&lt;"), ">", "&gt;"), "\"", "&quot;");
 }
 
-/// Text without tags and entities, with single blanks.
+/// Text without tags and entities; blanks are collapsed.
 std::string PlainText(const std::string& html)
 {
     std::string text;
@@ -93,7 +92,7 @@ std::string PlainText(const std::string& html)
     return plain;
 }
 
-/// What a reader sees of a caption or message: no mnemonic, key, optional part or place.
+/// A caption or message as displayed: without mnemonic, key, optional part and placeholders.
 std::string ShownText(const std::string& source)
 {
     std::string text = Replaced(source.substr(0, source.find("\\t")), "\\n", " ");
@@ -176,8 +175,8 @@ std::vector<std::string> Keywords(const std::string& list)
     return keywords;
 }
 
-/// The paragraph or dd that begins first behind `at`.
-std::string ParagraphBehind(const std::string& body, size_t at)
+/// The first paragraph or dd that starts after `at`.
+std::string ParagraphAfter(const std::string& body, size_t at)
 {
     const size_t paragraph = body.find("<p", at);
     const size_t definition = body.find("<dd", at);
@@ -207,13 +206,13 @@ std::vector<Topic> TopicsOf(const std::string& body, const std::string& page, in
         topic.Level = pageLevel + (element == "h1" ? 0 : 1);
         topic.HelpNumbers = Numbers(Attribute(tag, "data-help"));
         topic.Keywords = Keywords(Attribute(tag, "data-keys"));
-        topic.FirstParagraph = ParagraphBehind(body, tagEnd);
+        topic.FirstParagraph = ParagraphAfter(body, tagEnd);
         if (!topic.HelpNumbers.empty() && topic.FirstParagraph.empty())
-            Fail(topic.Path + ": no paragraph behind the title");
+            Fail(topic.Path + ": no paragraph after the title");
         topics.push_back(topic);
     }
     if (topics.empty() || topics.front().Element != "h1")
-        Fail(page + ": does not begin with a title");
+        Fail(page + ": does not start with a title");
     return topics;
 }
 
@@ -259,7 +258,7 @@ std::string IndexMap(const std::vector<Topic>& topics)
     for (const Topic& topic : topics) {
         for (const std::string& keyword : topic.Keywords) {
             if (!entries.emplace(SortForm(keyword), SiteMapEntry(keyword, topic.Path)).second)
-                Fail(topic.Path + ": the keyword \"" + keyword + "\" stands twice");
+                Fail(topic.Path + ": the keyword \"" + keyword + "\" is not unique");
         }
     }
     std::string map = kSiteMapHead;
@@ -268,14 +267,14 @@ std::string IndexMap(const std::vector<Topic>& topics)
     return map + kSiteMapTail;
 }
 
-/// "number<TAB>path" a line, and the pop-up texts in the form ".topic number", text.
+/// Writes "number<TAB>path" lines, and the pop-up texts as ".topic number" followed by the text.
 void WriteNumbers(const std::vector<Topic>& topics, const fs::path& folder)
 {
     std::map<int, const Topic*> byNumber;
     for (const Topic& topic : topics) {
         for (int number : topic.HelpNumbers) {
             if (!byNumber.emplace(number, &topic).second)
-                Fail(topic.Path + ": help number " + std::to_string(number) + " stands twice");
+                Fail(topic.Path + ": help number " + std::to_string(number) + " is not unique");
         }
     }
     std::string paths;
@@ -295,7 +294,7 @@ std::string Page(const std::string& title, const std::string& body)
         + "</body></html>\n";
 }
 
-/// A link inside the book must lead somewhere.
+/// Checks that links within the book have a target.
 void CheckLinks(const std::map<std::string, std::string>& pages, const std::vector<Topic>& topics)
 {
     std::set<std::string> targets;
@@ -306,7 +305,7 @@ void CheckLinks(const std::map<std::string, std::string>& pages, const std::vect
             const size_t start = at + 6;
             const std::string link = body.substr(start, body.find('"', start) - start);
             if (!targets.contains(link[0] == '#' ? name + link : link))
-                Fail(name + ": the link " + link + " leads nowhere");
+                Fail(name + ": the link " + link + " has no target");
         }
     }
 }

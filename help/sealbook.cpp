@@ -1,4 +1,4 @@
-// Puts the seal behind a finished help book, by which the program tells whether it is whole.
+// Appends the seal to a finished help book, by which the program checks that it is complete.
 #include "app/help/helpSeal.h"
 
 #include <QFile>

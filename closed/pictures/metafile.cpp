@@ -57,7 +57,7 @@ std::optional<MetafileFrame> PlaceableFrame(const MetafileParameters& header)
     return frame;
 }
 
-void NoteExtent(const MetafileRecord& record, Extents& extents)
+void RecordExtent(const MetafileRecord& record, Extents& extents)
 {
     const Pair pair{ record.Parameters.Signed(1), record.Parameters.Signed(0) };
     const bool sized = pair.X != 0 && pair.Y != 0;
@@ -72,7 +72,7 @@ void NoteExtent(const MetafileRecord& record, Extents& extents)
 }
 
 /// The window defines the size: its units have no physical size.
-bool WindowCounts(const Extents& extents)
+bool HasWindowSize(const Extents& extents)
 {
     return extents.Window.has_value() && UnitsPerInch(extents.Mode) == 0;
 }
@@ -129,12 +129,12 @@ std::optional<MetafileFrame> PlainFrame(ByteView bytes)
     std::optional<MetafileBox> drawn;
     auto step = records.Next(record);
     for (; step == MetafileRecords::Step::Record; step = records.Next(record)) {
-        NoteExtent(record, extents);
+        RecordExtent(record, extents);
         AddBounds(record, drawn);
     }
-    if (step == MetafileRecords::Step::Broken || (!WindowCounts(extents) && !drawn))
+    if (step == MetafileRecords::Step::Broken || (!HasWindowSize(extents) && !drawn))
         return std::nullopt;
-    MetafileFrame frame = WindowCounts(extents) ? WindowFrame(extents) : DrawnFrame(extents, *drawn);
+    MetafileFrame frame = HasWindowSize(extents) ? WindowFrame(extents) : DrawnFrame(extents, *drawn);
     frame.Records = kMetafileHeaderBytes;
     return frame;
 }

@@ -58,7 +58,7 @@ bool Inbox::Line(std::string& line, size_t longest)
     return line.size() <= longest;
 }
 
-bool Inbox::Exactly(size_t count, std::string& text)
+bool Inbox::ReadExactly(size_t count, std::string& text)
 {
     text.clear();
     while (text.size() < count) {
@@ -73,10 +73,10 @@ bool Inbox::Exactly(size_t count, std::string& text)
 bool Inbox::BlockHead(uint64_t& length)
 {
     std::string text;
-    if (!Exactly(2, text))
+    if (!ReadExactly(2, text))
         return false;
     const std::optional<size_t> digits = ParseBlockDigits(text);
-    if (!digits || !Exactly(*digits, text))
+    if (!digits || !ReadExactly(*digits, text))
         return false;
     const std::optional<int64_t> number = ParseNumber(text, std::numeric_limits<int64_t>::max());
     length = static_cast<uint64_t>(number.value_or(0));

@@ -39,7 +39,7 @@ public:
 
 private:
     [[nodiscard]] bool Fill();
-    [[nodiscard]] bool Exactly(size_t count, std::string& text);
+    [[nodiscard]] bool ReadExactly(size_t count, std::string& text);
 
     Wire& wire_;
     std::span<uint8_t> buffer_;

@@ -48,7 +48,7 @@ bool SetNonBlocking(Handle handle)
     return ::ioctlsocket(handle, FIONBIO, &on) == 0;
 }
 
-bool MustWait()
+bool WouldBlock()
 {
     return WSAGetLastError() == WSAEWOULDBLOCK;
 }
@@ -111,7 +111,7 @@ bool SetNonBlocking(Handle handle)
     return flags >= 0 && ::fcntl(handle, F_SETFL, flags | O_NONBLOCK) == 0;
 }
 
-bool MustWait()
+bool WouldBlock()
 {
     return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINPROGRESS;
 }
@@ -171,7 +171,7 @@ public:
             return false;
         if (::connect(handle_, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
             return true;
-        if (!(MustWait() || WasInterrupted()) || !Wait(handle_, POLLOUT, deadline))
+        if (!(WouldBlock() || WasInterrupted()) || !Wait(handle_, POLLOUT, deadline))
             return false;
         int error = 0;
         socklen_t size = sizeof error;
@@ -186,7 +186,7 @@ public:
             const Count count = SendSome(handle_, bytes);
             if (count >= 0)
                 bytes = bytes.subspan(static_cast<size_t>(count));
-            else if (!WasInterrupted() && !(MustWait() && Wait(handle_, POLLOUT, deadline)))
+            else if (!WasInterrupted() && !(WouldBlock() && Wait(handle_, POLLOUT, deadline)))
                 return false;
         }
         return true;
@@ -202,7 +202,7 @@ public:
             }
             if (count == 0)
                 return false;
-            if (!WasInterrupted() && !(MustWait() && Wait(handle_, POLLIN, deadline)))
+            if (!WasInterrupted() && !(WouldBlock() && Wait(handle_, POLLIN, deadline)))
                 return false;
         }
         return false;
@@ -218,7 +218,7 @@ public:
             if (count == 0)
                 return WireState::Closed;
             if (!WasInterrupted())
-                return MustWait() ? WireState::Quiet : WireState::Closed;
+                return WouldBlock() ? WireState::Quiet : WireState::Closed;
         }
     }
 

@@ -1,5 +1,5 @@
-// The instrument's answers on any bytes. The first byte chooses the operation and how much comes at once; the rest is
-// what the instrument says.
+// The instrument's answers from arbitrary bytes. The first byte selects the operation and the piece size; the rest is
+// what the instrument sends.
 #include "closed/files/filesystem.h"
 #include "closed/tvscpi.h"
 #include "closed/tvscpi/channel.h"
@@ -20,7 +20,7 @@ void Require(bool condition)
         std::abort();
 }
 
-/// A disk that keeps count of files and bytes.
+/// A disk that counts open files and bytes.
 class CountingDisk final : public tvfile::FileSystem {
 public:
     int OpenFiles = 0;

@@ -1,4 +1,4 @@
-// The bitmap reader on any bytes. What it takes has the size of its header and no transparent pixel.
+// The bitmap reader on arbitrary bytes. An accepted picture has the size in its header and no transparent pixel.
 #include "screen/bitmap/bitmapReader.h"
 
 #include "screen/bitmap/dib.h"
@@ -9,8 +9,8 @@ namespace tarvik {
 
 namespace {
 
-/// Larger pictures take time without reaching other code.
-constexpr int kMostPixels = 1 << 22;
+/// Larger pictures only take time and reach no other code.
+constexpr int kMaxPixels = 1 << 22;
 constexpr qsizetype kFileHeaderBytes = 14;
 
 void Require(bool condition)
@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     if (bytes.size() < kFileHeaderBytes)
         return 0;
     const auto header = ReadDibHeader(QByteArrayView(bytes).sliced(kFileHeaderBytes), DibColours::Rgb);
-    if (header && qint64{ header->Width } * header->Height > kMostPixels)
+    if (header && qint64{ header->Width } * header->Height > kMaxPixels)
         return 0;
     const auto picture = ReadBitmap(bytes, Qt::white);
     if (!picture)

@@ -1,4 +1,5 @@
-// The CSV reader on any bytes: header and rows of a memory list. What it takes must come back from what it writes.
+// The CSV reader on arbitrary bytes: header and rows of a memory list. Accepted input must round-trip through the
+// writer.
 #include "lists/editor/csv.h"
 #include "app/message/message.h"
 #include "closed/loader.h"

@@ -1,4 +1,4 @@
-// Any bytes as a settings file: they come back as they were, and what is set is found again.
+// Arbitrary bytes as a settings file: they round-trip, and values that are set are found again.
 #include "app/settings/ini.h"
 #include "app/settings/iniFile.h"
 
@@ -8,13 +8,13 @@ namespace tarvik {
 
 namespace {
 
-void Demand(bool condition)
+void Require(bool condition)
 {
     if (!condition)
         std::abort();
 }
 
-/// What a value is after the writer has made one line of it.
+/// A value as the writer stores it in one line.
 QString OneLine(QString value)
 {
     for (QChar& character : value) {
@@ -28,8 +28,8 @@ void SetAndFind(IniFile& file, const QString& section, const QString& key, const
 {
     file.SetValue(section, key, value);
     const QString expected = OneLine(value);
-    Demand(file.Value(section, key) == expected);
-    Demand(IniFile::Parse(file.Bytes()).Value(section, key) == expected);
+    Require(file.Value(section, key) == expected);
+    Require(IniFile::Parse(file.Bytes()).Value(section, key) == expected);
 }
 
 } // namespace
@@ -38,13 +38,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     IniFile file = IniFile::Parse(bytes);
-    Demand(file.Bytes() == bytes);
+    Require(file.Bytes() == bytes);
 
     const QString section = QStringLiteral("File");
     const QString value = file.Value(section, QStringLiteral("PcPathMl")).value_or(QString());
     IniNumber(value);
 
-    // The middle of the input as a value: as long as the input is UTF-8, nothing of it may be lost.
+    // A value from the middle of the input: valid UTF-8 must round-trip.
     const QString wild = QString::fromUtf8(bytes.sliced(bytes.size() / 4, bytes.size() / 2)).toUtf8();
     SetAndFind(file, section, QStringLiteral("PcPathMl"), wild);
     SetAndFind(file, section, QStringLiteral("New"), QStringLiteral("\"quoted\""));

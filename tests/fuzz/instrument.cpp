@@ -1,5 +1,5 @@
-// The simulated receiver's command reader, and the receiver behind it, on any bytes. However the bytes are cut into
-// pieces, the same comes out; and nothing outside the receiver's folder is touched.
+// The simulated receiver and its command reader on arbitrary bytes. The result must not depend on how the bytes are
+// split, and nothing outside the receiver's folder may be touched.
 #include "tools/instrument/instrument.h"
 #include "tools/instrument/exampleFiles.h"
 #include "tools/instrument/receiver.h"
@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::uint64_t kDiskBytes = 64 * 1024;
 
-/// What the reader says of `bytes`, given to it in pieces; of blocks only their bytes count, not their cuts.
+/// The reader's events for `bytes`, passed in pieces; blocks are compared by content, not by their split.
 std::string Events(std::string_view bytes, size_t pieceBytes)
 {
     MessageReader reader;
@@ -40,7 +40,7 @@ void Require(bool condition)
         std::abort();
 }
 
-/// A receiver in a folder of its own, beside a file that no client may reach.
+/// A receiver in its own folder, next to a file that no client may reach.
 struct Bench {
     std::filesystem::path Folder;
     Storage Disk;
@@ -60,7 +60,7 @@ struct Bench {
     }
 };
 
-/// What a display has to be drawn from: the memory list that the client has stored, as the receiver hears it.
+/// Draws a display from the memory list that the client has stored.
 std::string Display(const Storage& disk)
 {
     const std::vector<Carrier> carriers = ReadCarriers(disk);

@@ -1,4 +1,4 @@
-// Most mutations get a header with the right length and check sum, since without them no other code is reached.
+// Most mutations get a header with correct length and checksum; otherwise no other code would be reached.
 #include "closed/tvfio/container.h"
 #include "closed/tvfio/crc32.h"
 
@@ -8,7 +8,7 @@ extern "C" size_t LLVMFuzzerMutate(uint8_t* data, size_t size, size_t maxSize);
 
 namespace {
 
-constexpr unsigned kLeaveBroken = 16; // one in so many stays as it is
+constexpr unsigned kLeaveBroken = 16; // one in this many stays broken
 
 } // namespace
 

@@ -1,4 +1,4 @@
-// tests/fuzz/liststore.h: what must hold for any bytes that are loaded as a list file.
+// tests/fuzz/liststore.h: invariants of loading arbitrary bytes as a list file.
 #pragma once
 
 #include "closed/tvfio/calls.h"
@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-/// A refused file leaves an empty list; an accepted one saves to bytes that load as the same list.
+/// A refused file leaves an empty list; an accepted list round-trips.
 template <typename List>
 void FuzzList(tvfio::ByteView file)
 {

@@ -1,4 +1,4 @@
-// Writes the files that the fuzz programs of the list store start from, through the store itself.
+// Writes the seed files for the list store's fuzz targets, through the store itself.
 #include "closed/tvfio/fileaccess.h"
 #include "tests/closed/samples.h"
 
@@ -20,7 +20,7 @@ bool Save(const std::filesystem::path& path, const Bytes& bytes)
     return false;
 }
 
-/// The sample with a section and a field of a later version.
+/// The sample with a section and a field of a later version added.
 Bytes LaterVersion(Bytes file)
 {
     const Bytes later{ 0x34, 0x12, 3, 0, 0, 0, 'n', 'e', 'w' };

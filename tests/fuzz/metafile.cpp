@@ -1,5 +1,5 @@
-// The metafile reader on any bytes. A picture that it paints must have the size that was told for it, and come back
-// from what the writer makes of it.
+// The metafile reader on arbitrary bytes. A rendered picture must have the announced size, and round-trip through the
+// writer.
 #include "screen/metafile/metafileReader.h"
 
 #include "closed/pictures/metafile.h"
@@ -13,8 +13,8 @@ namespace tarvik {
 
 namespace {
 
-/// Larger pictures take time without reaching other code.
-constexpr int kMostPixels = 1 << 20;
+/// Larger pictures only take time and reach no other code.
+constexpr int kMaxPixels = 1 << 20;
 
 bool Start()
 {
@@ -38,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     [[maybe_unused]] static const bool started = Start();
     const auto frame = tvpicture::ReadMetafileFrame({ data, size });
-    if (frame && qint64{ frame->Width } * frame->Height > kMostPixels)
+    if (frame && qint64{ frame->Width } * frame->Height > kMaxPixels)
         return 0;
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const auto picture = ReadMetafile(bytes, Qt::white);

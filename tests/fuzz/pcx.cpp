@@ -1,4 +1,4 @@
-// Any bytes as a PCX picture: what is taken is painted line by line, inside the line and opaque.
+// Arbitrary bytes as a PCX picture: an accepted one paints line by line, within the line and opaque.
 #include "closed/tvimg/pcxReader.h"
 
 #include <cstdlib>
@@ -7,7 +7,7 @@ namespace tarvik {
 
 namespace {
 
-void Demand(bool condition)
+void Require(bool condition)
 {
     if (!condition)
         std::abort();
@@ -22,13 +22,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const std::optional<PcxPicture> picture = DecodePcx(file);
     if (!picture)
         return 0;
-    Demand(ParsePcxHeader(file, size).has_value() && IsAllowed(picture->Header.Size));
+    Require(ParsePcxHeader(file, size).has_value() && IsAllowed(picture->Header.Size));
     const auto width = static_cast<size_t>(picture->Header.Size.Width);
     for (int64_t y = 0; y < picture->Header.Size.Height; ++y) {
         std::vector<uint32_t> line(width, kOpaqueWhite);
         PaintPcxLine(*picture, y, line.data());
         for (const uint32_t pixel : line)
-            Demand(pixel >= kOpaque);
+            Require(pixel >= kOpaque);
     }
     return 0;
 }

@@ -1,4 +1,4 @@
-// Any bytes as the beginning of a picture file of any kind, of this length and of a much larger one.
+// Arbitrary bytes as the start of a picture file of any kind, of this length and of a much larger one.
 #include "closed/tvimg/fileInfo.h"
 
 #include <cstdlib>
@@ -7,7 +7,7 @@ namespace tarvik {
 
 namespace {
 
-void Demand(bool condition)
+void Require(bool condition)
 {
     if (!condition)
         std::abort();
@@ -18,8 +18,8 @@ void DemandSoundInfo(tvimg::ByteView head, uint64_t fileBytes)
     const std::optional<ScreenImageInfo> info = tvimg::ContentInfo(head, fileBytes);
     if (!info)
         return;
-    Demand(info->Kind >= 1 && info->Kind <= 4);
-    Demand(tvimg::IsAllowed({ info->Width, info->Height }));
+    Require(info->Kind >= 1 && info->Kind <= 4);
+    Require(tvimg::IsAllowed({ info->Width, info->Height }));
 }
 
 } // namespace

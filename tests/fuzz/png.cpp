@@ -1,5 +1,5 @@
-// Any bytes as the header, palette and lines of a PNG picture, with check sums that are right, and as a whole file. The
-// short way never differs from the library.
+// Arbitrary bytes as header, palette and rows of a PNG with correct checksums, and as a whole file. The fast path
+// must agree with the library.
 #include "closed/tvimg/pngFastPath.h"
 #include "closed/tvimg/pngHeader.h"
 #include "closed/tvimg/pngReader.h"
@@ -16,7 +16,7 @@ namespace {
 
 using namespace tvimg;
 
-void Demand(bool condition)
+void Require(bool condition)
 {
     if (!condition)
         std::abort();
@@ -45,14 +45,14 @@ void AppendChunk(Bytes& file, std::string_view name, ByteView content)
 Bytes Compressed(ByteView bytes)
 {
     libdeflate_compressor* compressor = libdeflate_alloc_compressor(1);
-    Demand(compressor != nullptr);
+    Require(compressor != nullptr);
     Bytes result(libdeflate_zlib_compress_bound(compressor, bytes.size()));
     result.resize(libdeflate_zlib_compress(compressor, bytes.data(), bytes.size(), result.data(), result.size()));
     libdeflate_free_compressor(compressor);
     return result;
 }
 
-/// Seven bytes of header, a count of palette bytes and the palette, then the lines.
+/// Seven bytes of header, a count of palette bytes and the palette, then the rows.
 Bytes FileOf(ByteView data)
 {
     constexpr size_t kHeadBytes = 8;
@@ -74,9 +74,9 @@ Bytes FileOf(ByteView data)
 
 void Try(ByteView file)
 {
-    constexpr int64_t kMostPixels = 1 << 16;
+    constexpr int64_t kMaxPixels = 1 << 16;
     const std::optional<PictureSize> size = IsPng(file) ? PngSize(file, file.size()) : std::nullopt;
-    if (!size || size->Width * size->Height > kMostPixels)
+    if (!size || size->Width * size->Height > kMaxPixels)
         return;
     const auto width = static_cast<int32_t>(size->Width);
     const auto height = static_cast<int32_t>(size->Height);
@@ -86,11 +86,11 @@ void Try(ByteView file)
     const TvImgContext thoroughContext{ thorough.data(), width, height, width };
     const bool isDecoded = DecodePng(file, quickContext);
     for (const uint32_t pixel : quick)
-        Demand(pixel >= kOpaque && (isDecoded || pixel == kOpaqueWhite));
+        Require(pixel >= kOpaque && (isDecoded || pixel == kOpaqueWhite));
     if (!DecodePngFast(file, quickContext))
         return;
-    Demand(DecodePngByLibrary(file, thoroughContext));
-    Demand(quick == thorough);
+    Require(DecodePngByLibrary(file, thoroughContext));
+    Require(quick == thorough);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #!/bin/bash
 # Builds the fuzz programs and runs each of them: tests/fuzz/smoke.sh SECONDS [NAME...]
-# What a run learns stays in build/fuzz/corpus; an input that fails is kept in build/fuzz/findings.
+# New corpus entries are kept in build/fuzz/corpus, failing inputs in build/fuzz/findings.
 set -eu
 seconds=${1:?usage: smoke.sh SECONDS [NAME...]}
 shift
@@ -16,10 +16,10 @@ if [ $# -eq 0 ]; then
   done
 fi
 
-# Fonts that the platform keeps are no leak of the program.
+# Fonts cached by the platform are not leaks of the program.
 export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
 
-# One program; what it has to tell stands in build/fuzz/findings/NAME.log.
+# Runs one program; its log is build/fuzz/findings/NAME.log.
 run() {
   local name=$1 log=build/fuzz/findings/$1.log learned=build/fuzz/corpus/$1
   mkdir -p "$learned"
@@ -38,5 +38,5 @@ run() {
 export -f run
 export seconds
 
-# As many at a time as there are processors; ends with an error when one of them did.
+# Runs one program per processor at a time; fails if any of them does.
 printf '%s\n' "$@" | xargs -P "$(nproc)" -I{} bash -c 'run {}'

@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-/// The row of that name; the tour ends without it.
+/// The row of that name; aborts the tour if there is none.
 QModelIndex Row(QWidget& form, const char* list, const QString& text)
 {
     const auto& view = Control<QAbstractItemView>(form, QString::fromLatin1(list));

@@ -1,4 +1,4 @@
-// tests/tour/controls.h: the hands of the tour: controls are found by name and used as a user does.
+// tests/tour/controls.h: operates controls, found by name, as a user does.
 #pragma once
 
 #include <QString>
@@ -8,7 +8,7 @@ class QAbstractItemView;
 
 namespace tarvik {
 
-/// The control of that name; the tour ends without it.
+/// The control of that name; aborts the tour if there is none.
 template <typename Kind = QWidget>
 Kind& Control(QWidget& form, const QString& name)
 {
@@ -28,7 +28,7 @@ QString Text(QWidget& form, const char* name);
 
 bool TitleEndsWith(QWidget& form, const QString& end);
 
-/// Gives a file dialog its answer.
+/// Answers a file dialog.
 void Choose(QWidget& dialog, const QString& path);
 
 /// Chooses an item of the frame's menus.
@@ -41,7 +41,7 @@ bool HasRow(QWidget& form, const char* list, const QString& text);
 void ClickRow(QWidget& form, const char* list, const QString& text);
 void DoubleClickRow(QWidget& form, const char* list, const QString& text);
 
-/// Types a new name into the box that a list has opened over a row.
+/// Types a new name into the editor that a list has opened over a row.
 void TypeRowName(QWidget& form, const char* list, const QString& name);
 
 } // namespace tarvik

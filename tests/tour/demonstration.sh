@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# demonstration.sh PROGRAM_FOLDER: the demonstration starts a receiver and the program, which connects by itself; it does
-# so again from the settings that the first time left. Run on a display.
+# demonstration.sh PROGRAM_FOLDER: the demonstration starts a receiver and the program, which connects by itself; then
+# again with the settings left by the first run. Run on a display.
 set -euo pipefail
 tools=$(cd "$(dirname "$0")/../../tools" && pwd)
 # shellcheck source=tests/tour/windows.sh

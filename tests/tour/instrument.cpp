@@ -11,7 +11,8 @@ namespace {
 
 constexpr int kPatienceMs = 30000;
 
-/// Connections have ports of at most four digits. No test takes these: the receiver, once stopped, finds its port free.
+/// Ports of connections have at most four digits. No test uses these, so that the stopped receiver finds its port
+/// free.
 const QString kPorts = QStringLiteral("4600-4999");
 
 } // namespace
@@ -29,7 +30,7 @@ TourInstrument::~TourInstrument()
 bool TourInstrument::Start()
 {
     const QString port = port_ == 0 ? kPorts : QString::number(port_);
-    // It never outlives the tour, which may end in the middle.
+    // The receiver must not outlive the tour, even if that is aborted.
     process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process_.start(

@@ -1,4 +1,4 @@
-// tests/tour/instrument.h: the simulated receiver beside the tour.
+// tests/tour/instrument.h: the simulated receiver of the tour.
 #pragma once
 
 #include <QProcess>
@@ -6,13 +6,13 @@
 
 namespace tarvik {
 
-/// Always at the same port, once it has found one.
+/// Keeps its port once it has found one.
 class TourInstrument {
 public:
     explicit TourInstrument(QString root);
     ~TourInstrument();
 
-    /// False, told on standard error, when it does not listen.
+    /// False, with a message on standard error, if it does not listen.
     bool Start();
     void Stop();
 
@@ -21,7 +21,7 @@ public:
         return port_;
     }
 
-    /// Path of a file, by its path on the instrument with `/` between.
+    /// Path of a file, given by its path on the instrument with `/` as separator.
     QString Path(const QString& name) const
     {
         return root_ + u'/' + name;

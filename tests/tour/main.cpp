@@ -1,5 +1,5 @@
-// tarvik_tour FOLDER: plays the main job of the program, connected to a simulated receiver, and leaves a picture of
-// each step in FOLDER.
+// tarvik_tour FOLDER: plays the main tasks of the program, connected to a simulated receiver, and saves a picture of
+// each step to FOLDER.
 #include "app/frame/MfMain.h"
 #include "app/platform/seams.h"
 #include "composition.h"
@@ -21,10 +21,10 @@ namespace tarvik {
 
 namespace {
 
-/// Forms that go by themselves stay no longer than that once they have been played.
-constexpr int kLongestTimerMs = 1000;
+/// Time limit for forms that close by themselves, once they have been played.
+constexpr int kMaxTimerMs = 1000;
 
-/// A folder with everything that belongs to the program, so that its settings file is the tour's own.
+/// Creates a folder with everything that belongs to the program, so that the tour has its own settings file.
 void LinkProgram(const QString& folder)
 {
     const QDir program(QStringLiteral(PROGRAM_FOLDER));
@@ -44,18 +44,18 @@ void EmptyFolder(const QString& folder)
         pictures.remove(name);
 }
 
-/// However slow the machine is, no form goes by itself before it has been played.
+/// However slow the machine is, no form closes by itself before it has been played.
 void ShortenTimers(TourPlayer& player)
 {
     const auto start = TheSeams().StartTimer;
     TheSeams().StartTimer = [start, &player](int milliseconds, std::function<void()> tick) {
         if (milliseconds > 0)
             tick = [&player, over = std::move(tick)] { player.WhenPlayed(over); };
-        start(std::min(milliseconds, kLongestTimerMs), std::move(tick));
+        start(std::min(milliseconds, kMaxTimerMs), std::move(tick));
     };
 }
 
-/// The settings of a program that was connected to the receiver when it ended last.
+/// Stores the settings of a program that was connected to the receiver when it was closed.
 bool StoreSettings(const QString& programFolder, int port)
 {
     QFile settings(programFolder + QStringLiteral("Tarvik.ini"));
@@ -76,7 +76,7 @@ int Play(const QString& pictureFolder, const QString& workFolder)
         return EXIT_FAILURE;
     }
     const QString shotFolder = programFolder + QStringLiteral("Screen Shots/");
-    QDir::setCurrent(shotFolder); // where the file control window begins for a class without a folder of its own
+    QDir::setCurrent(shotFolder); // initial folder of the file control window for a class without its own folder
     TourPlayer player(TourSteps(pcFolder, workFolder + QStringLiteral("pictures/"), instrument), pictureFolder);
     ShortenTimers(player);
     player.Start();
@@ -86,8 +86,8 @@ int Play(const QString& pictureFolder, const QString& workFolder)
     const int result = QApplication::exec();
     if (result != EXIT_SUCCESS || !player.IsDone())
         return EXIT_FAILURE;
-    return TourResultsHold(pcFolder, shotFolder, instrument)
-            && ScreenResultsHold(workFolder + QStringLiteral("pictures/"))
+    return CheckTourResults(pcFolder, shotFolder, instrument)
+            && CheckScreenResults(workFolder + QStringLiteral("pictures/"))
         ? EXIT_SUCCESS
         : EXIT_FAILURE;
 }
@@ -110,10 +110,10 @@ int main(int argc, char** argv)
     const QString workFolder = work.path() + u'/';
     for (const char* name : { "program", "program/Memory List", "program/Screen Shots", "home", "pictures" })
         QDir(workFolder).mkdir(QString::fromLatin1(name));
-    qputenv("XDG_DATA_HOME", QFile::encodeName(workFolder + QStringLiteral("home"))); // where the trash is
+    qputenv("XDG_DATA_HOME", QFile::encodeName(workFolder + QStringLiteral("home"))); // location of the trash
     LinkProgram(workFolder + QStringLiteral("program/"));
 
-    int programArgc = 1; // the folder is none of the program's business
+    int programArgc = 1; // the tour's own argument is hidden from the program
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(programArgc, argv);
     ComposeProgram();

@@ -15,16 +15,16 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kLookMs = 20;
+constexpr int kPollMs = 20;
 constexpr int kPatienceMs = 30000;
 
-/// From then on a shown form is given the keyboard that a busy window manager has left to nobody.
+/// After this time a visible form is activated explicitly: a busy window manager may have activated none.
 constexpr int kManagerPatienceMs = 3000;
 
-/// Looks that pass before a picture, so that what the last step changed has been painted.
-constexpr int kLooksToSettle = 5;
+/// Polls before a picture is taken, so that the changes of the last step have been painted.
+constexpr int kPollsToSettle = 5;
 
-/// The shown form of that name, null without one.
+/// The visible form of that name; null if there is none.
 QWidget* ShownForm(const QString& name)
 {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
@@ -45,7 +45,7 @@ TourPlayer::TourPlayer(std::vector<TourStep> steps, QString pictureFolder)
 void TourPlayer::Start()
 {
     waiting_.start();
-    QTimer::singleShot(kLookMs, this, &TourPlayer::Look);
+    QTimer::singleShot(kPollMs, this, &TourPlayer::Poll);
 }
 
 void TourPlayer::WhenPlayed(std::function<void()> then)
@@ -54,14 +54,14 @@ void TourPlayer::WhenPlayed(std::function<void()> then)
     if (IsDone() || dialog == nullptr || dialog->objectName() != steps_[next_].Form)
         then();
     else
-        QTimer::singleShot(kLookMs, this, [this, then = std::move(then)] { WhenPlayed(then); });
+        QTimer::singleShot(kPollMs, this, [this, then = std::move(then)] { WhenPlayed(then); });
 }
 
-void TourPlayer::Look()
+void TourPlayer::Poll()
 {
     if (IsDone())
         return;
-    QTimer::singleShot(kLookMs, this, &TourPlayer::Look); // first, since a step may stay in a loop of its own
+    QTimer::singleShot(kPollMs, this, &TourPlayer::Poll); // first, since a step may run its own event loop
     const TourStep& step = steps_[next_];
     if (waiting_.elapsed() > kPatienceMs)
         GiveUp(step);
@@ -69,15 +69,15 @@ void TourPlayer::Look()
     if (form != nullptr && QApplication::activeWindow() == nullptr && waiting_.elapsed() > kManagerPatienceMs)
         form->activateWindow();
     const bool isReady = form != nullptr && form->isActiveWindow() && step.Ready(*form);
-    looksSinceReady_ = isReady ? looksSinceReady_ + 1 : 0;
-    if (looksSinceReady_ > kLooksToSettle)
+    pollsSinceReady_ = isReady ? pollsSinceReady_ + 1 : 0;
+    if (pollsSinceReady_ > kPollsToSettle)
         Play(*form);
 }
 
 void TourPlayer::Play(QWidget& form)
 {
     const TourStep& step = steps_[next_++];
-    looksSinceReady_ = 0;
+    pollsSinceReady_ = 0;
     waiting_.restart();
     if (!step.Picture.isEmpty()) {
         const QString name =

@@ -1,4 +1,4 @@
-// tests/tour/player.h: plays steps one after another while the program runs its own message loops.
+// tests/tour/player.h: plays steps in sequence while the program runs its own event loops.
 #pragma once
 
 #include <QElapsedTimer>
@@ -12,8 +12,8 @@ class QWidget;
 
 namespace tarvik {
 
-/// One step: as soon as the form `Form` is active and `Ready` holds, a picture is taken under `Picture` (none when
-/// empty) and `Act` runs. `Act` may start a message loop of its own; the next step is played inside it.
+/// One step: once the form `Form` is active and `Ready` holds, a picture is saved as `Picture` (none if empty) and
+/// `Act` runs. `Act` may start its own event loop; the next step is then played inside it.
 struct TourStep {
     QString Picture;
     QString Form;
@@ -24,12 +24,12 @@ struct TourStep {
 class TourPlayer final : public QObject {
     Q_OBJECT
 public:
-    /// Pictures go into `pictureFolder`, which ends in the separator.
+    /// Saves pictures to `pictureFolder`, which ends in the separator.
     TourPlayer(std::vector<TourStep> steps, QString pictureFolder);
 
     void Start();
 
-    /// Runs `then` now or, while the next step is about the dialog that is open, once it has been played.
+    /// Runs `then` now or, if the next step concerns the open dialog, after that step.
     void WhenPlayed(std::function<void()> then);
 
     /// True once every step has been played.
@@ -39,7 +39,7 @@ public:
     }
 
 private:
-    void Look();
+    void Poll();
     void Play(QWidget& form);
     void GiveUp(const TourStep& step);
 
@@ -47,7 +47,7 @@ private:
     QString pictureFolder_;
     size_t next_ = 0;
     int picturesTaken_ = 0;
-    int looksSinceReady_ = 0;
+    int pollsSinceReady_ = 0;
     QElapsedTimer waiting_;
 };
 

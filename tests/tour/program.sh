@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# program.sh PROGRAM_FOLDER LIST: the real program in a real window: it opens the list of its command line, closes
-# the editor on Escape, ends when its frame is closed, and leaves its settings behind. Run on a display.
+# program.sh PROGRAM_FOLDER LIST: the real program in a real window: it opens the list on its command line, closes
+# the editor on Escape, exits when its frame is closed, and saves its settings. Run on a display.
 set -euo pipefail
 # shellcheck source=tests/tour/windows.sh
 . "$(dirname "$0")/windows.sh"

@@ -49,7 +49,7 @@ QByteArray Content(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-bool ListsHold(const QString& folder, const TourInstrument& instrument)
+bool CheckLists(const QString& folder, const TourInstrument& instrument)
 {
     const QString base = folder + QString::fromLatin1(kTourListName);
     const QString memory = QStringLiteral("Public/Memory List/");
@@ -68,7 +68,7 @@ bool ListsHold(const QString& folder, const TourInstrument& instrument)
             "the instrument holds two memory lists");
 }
 
-/// One picture was removed, one stayed, and the new folder is gone again.
+/// One picture was removed, one remains, and the new folder is gone.
 bool ShotsAreLeft(const QStringList& found, const char* where)
 {
     return Require(found == QStringList{ QStringLiteral("Navigation safety.png") }, where);
@@ -76,11 +76,11 @@ bool ShotsAreLeft(const QStringList& found, const char* where)
 
 } // namespace
 
-bool TourResultsHold(const QString& listFolder, const QString& shotFolder, const TourInstrument& instrument)
+bool CheckTourResults(const QString& listFolder, const QString& shotFolder, const TourInstrument& instrument)
 {
     const QStringList pictures{ QStringLiteral("*.png") };
     const QDir instrumentShots(instrument.Path(QStringLiteral("Public/Screen Shots")));
-    return ListsHold(listFolder, instrument)
+    return CheckLists(listFolder, instrument)
         && ShotsAreLeft(QDir(shotFolder).entryList(pictures, QDir::Files), "other screen shots on the PC")
         && ShotsAreLeft(instrumentShots.entryList(pictures, QDir::Files), "other screen shots on the instrument")
         && Require(!QFileInfo::exists(shotFolder + QStringLiteral("Tour shots")), "a folder is left on the PC")

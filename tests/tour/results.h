@@ -1,4 +1,4 @@
-// tests/tour/results.h: what the tour must leave behind.
+// tests/tour/results.h: checks what the tour leaves behind.
 #pragma once
 
 #include <QString>
@@ -7,9 +7,9 @@ namespace tarvik {
 
 class TourInstrument;
 
-/// True when both saved lists hold the edited list, the instrument holds the same, and the screen shots are as they
-/// were left on both sides; says on standard error what is not so. Both folders end in the separator.
-[[nodiscard]] bool TourResultsHold(
+/// True if both saved lists contain the edited list, the instrument holds the same, and the screen shots are as
+/// expected on both sides; failures are reported on standard error. Both folders end in the separator.
+[[nodiscard]] bool CheckTourResults(
     const QString& listFolder, const QString& shotFolder, const TourInstrument& instrument);
 
 } // namespace tarvik

@@ -79,7 +79,8 @@ std::vector<TourStep> CaptureSteps()
     };
 }
 
-/// The four formats of the active window, then the questions of closing: the other one was never saved.
+/// Saves the active window in the four formats, then answers the questions on closing: the other window was never
+/// saved.
 std::vector<TourStep> SaveSteps(const QString& folder)
 {
     std::vector<TourStep> steps{ OnFrame("cascaded", "MnFileSaveAs", 2) };
@@ -88,7 +89,7 @@ std::vector<TourStep> SaveSteps(const QString& folder)
         const bool isLast = QLatin1String(extension) == QLatin1String("wmf");
         steps.push_back(OnFrame("", isLast ? "MnOptionsColor" : "MnFileSaveAs", 2));
     }
-    // A picture that is opened begins with the palette chosen last.
+    // An opened picture starts with the palette set last.
     steps.push_back(ClickOn("", "FmPalette", "OpPalette[0]"));
     steps.push_back(ClickOn("colour-again", "FmPalette", "BtClose"));
     steps.push_back(OnFrame("", "MnWindowCloseAll", 2));
@@ -111,7 +112,7 @@ std::vector<TourStep> ConvertSteps(const QString& folder)
                 Type(form, "TbDir", folder + QString::fromLatin1(kTourConverted));
                 Click(form, "BtClose");
             }),
-        // Both sources have the same base name: the second one asks.
+        // Both sources have the same base name, so the second one asks.
         ClickOn("convert-existing", "FmMessage", "BtYes"),
         OnFrame("converted", "MnWindowCloseAll", 1),
     };
@@ -134,7 +135,7 @@ std::vector<TourStep> ScreenSteps(const QString& folder)
     return steps;
 }
 
-bool ScreenResultsHold(const QString& folder)
+bool CheckScreenResults(const QString& folder)
 {
     const QImage png = QImage(Saved(folder, "png")).convertToFormat(QImage::Format_RGB32);
     const QImage bitmap = QImage(Saved(folder, "bmp")).convertToFormat(QImage::Format_RGB32);

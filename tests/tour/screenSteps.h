@@ -1,19 +1,19 @@
-// tests/tour/screenSteps.h: the receiver's display as evidence: capture it twice, describe it, print-ready black and
-// white, arrange, save as each format, open again, convert a batch.
+// tests/tour/screenSteps.h: steps with the receiver's display: capture it twice, describe it, black and white,
+// arrange, save in each format, reopen, convert a batch.
 #pragma once
 
 #include "tests/tour/player.h"
 
 namespace tarvik {
 
-/// Name of the pictures that the tour saves, without extension, and the folder that takes the converted ones.
+/// Base name of the pictures that the tour saves, and the folder for the converted ones.
 inline constexpr const char* kTourPicture = "Evidence";
 inline constexpr const char* kTourConverted = "Converted";
 
 /// Files of the PC are in `folder`, which ends in the separator.
 std::vector<TourStep> ScreenSteps(const QString& folder);
 
-/// False, told on standard error, when the files that the steps leave are not what they must be.
-bool ScreenResultsHold(const QString& folder);
+/// False, with a message on standard error, if the steps have left other files than expected.
+bool CheckScreenResults(const QString& folder);
 
 } // namespace tarvik

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# settings.sh PROGRAM_FOLDER: what the demonstration writes into the settings: the receiver is selected each time, stands
-# once among the connections, and takes no place from those of a user. A program that does nothing stands in for the
+# settings.sh PROGRAM_FOLDER: what the demonstration writes to the settings: the receiver is selected each time, is
+# listed once among the connections, and does not displace those of a user. A program that does nothing replaces the
 # real one.
 set -euo pipefail
 tools=$(cd "$(dirname "$0")/../../tools" && pwd)

@@ -77,7 +77,7 @@ TourStep Yes(const char* picture = "")
     return Step(picture, kMessage, ClickOn("BtYes"));
 }
 
-/// The outcome stands there for a while, and the form goes by itself.
+/// The outcome is shown for a while, then the form closes by itself.
 TourStep Connected(const char* picture)
 {
     return Step(
@@ -135,7 +135,7 @@ std::vector<TourStep> SaveSteps(const QString& folder)
     };
 }
 
-/// The instrument holds one memory list: the new one takes the place of the old one. Fetched again it is compared.
+/// The instrument holds one memory list: the new one replaces it. It is fetched again and compared.
 std::vector<TourStep> SendSteps()
 {
     return {
@@ -148,8 +148,8 @@ std::vector<TourStep> SendSteps()
     };
 }
 
-/// The same with the files of both sides; the lists of the PC first.
-std::vector<TourStep> HouseSteps(const char* list, const char* newFolder, const char* rename, const char* remove)
+/// The same steps on the file lists of both sides, PC first.
+std::vector<TourStep> CleanUpSteps(const char* list, const char* newFolder, const char* rename, const char* remove)
 {
     const QString fresh = QStringLiteral("New Folder");
     const QString named = QStringLiteral("Tour shots");
@@ -220,8 +220,8 @@ std::vector<TourStep> TourSteps(const QString& folder, const QString& shotFolder
 {
     std::vector<TourStep> steps;
     for (const std::vector<TourStep>& part : { FetchSteps(), EditSteps(), SaveSteps(folder), SendSteps(),
-             OpenShotsSteps(), HouseSteps("LvPc", "BtPcDirNew", "BtPcRen", "BtPcDel"),
-             HouseSteps("LvInstr", "BtInstrDirNew", "BtInstrRen", "BtInstrDel"), LostSteps(instrument),
+             OpenShotsSteps(), CleanUpSteps("LvPc", "BtPcDirNew", "BtPcRen", "BtPcDel"),
+             CleanUpSteps("LvInstr", "BtInstrDirNew", "BtInstrRen", "BtInstrDel"), LostSteps(instrument),
              ScreenSteps(shotFolder), EndSteps() })
         steps.insert(steps.end(), part.begin(), part.end());
     return steps;

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# windows.sh: sourced by the tests that drive whole programs: windows by their titles. What is waited for stays: on a
-# slow machine, a window that goes by itself may have gone between two looks.
+# windows.sh: sourced by the tests that drive whole programs: finds windows by title. Wait only for windows that
+# stay: on a slow machine, one that closes by itself may be gone between two polls.
 
 readonly patience_s=50
 
@@ -18,19 +18,19 @@ wait_for_window() {
   done
 }
 
-# True when no window has that title. A search fails when a window goes in its midst, and says so.
+# True if no window has that title. A search fails with a message if a window closes meanwhile.
 has_no_window() {
   [[ -z $(xdotool search --onlyvisible --name "$1" 2>&1) ]]
 }
 
-# True when the keyboard speaks to a window with that title; else asks for it.
+# True if a window with that title has the focus; otherwise requests it.
 has_keyboard() {
   [[ $(xdotool getactivewindow getwindowname 2>/dev/null) =~ $1 ]] && return
   xdotool search --onlyvisible --name "$1" windowactivate >/dev/null 2>&1 || true
   return 1
 }
 
-# Presses Escape in a window with that title until there is none.
+# Presses Escape in windows with that title until there is none.
 escape_from() {
   local -r end=$((SECONDS + patience_s))
   until has_no_window "$1"; do
@@ -40,8 +40,8 @@ escape_from() {
   done
 }
 
-# Presses the close key of the frame until the process has ended: it does nothing until the start is over, which nothing
-# shows to the outside.
+# Presses the frame's close key until the process has exited: the key is ignored until the start-up is complete, which
+# is not visible from outside.
 close_frame() {
   local -r end=$((SECONDS + patience_s))
   while kill -0 "$1" 2>/dev/null; do

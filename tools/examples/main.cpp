@@ -1,4 +1,4 @@
-// tools/examples/main.cpp: writes every list of examples/ in both file forms, by the program's own writers.
+// tools/examples/main.cpp: writes every list of examples/ in both file formats, with the program's own writers.
 #include "app/message/message.h"
 #include "app/state/project.h"
 #include "closed/loader.h"
@@ -18,7 +18,7 @@ namespace tarvik {
 
 namespace {
 
-/// Replaces former files without asking; anything else that is said goes to standard error.
+/// Answers Yes to overwriting; prints any other message to standard error.
 void Present(MessageRequest& request)
 {
     request.Result = request.IsQuestion() ? MsgResultYes : MsgResultOk;

@@ -72,8 +72,8 @@ ChannelPlan MarineVhf()
     return plan;
 }
 
-/// ECC Decision (11)03: 40 channels, 10 kHz apart. The raster leaves out one place behind channels 3, 7, 11, 15 and
-/// 19; channel 23 stands behind 24 and 25.
+/// ECC Decision (11)03: 40 channels, 10 kHz apart. The raster skips one place after channels 3, 7, 11, 15 and 19;
+/// channel 23 follows 24 and 25.
 double CbHz(int channel)
 {
     if (channel == 23)
@@ -107,7 +107,7 @@ ChannelPlan Airband()
     return plan;
 }
 
-/// Recommendation ITU-R BS.412: whole multiples of 100 kHz.
+/// Recommendation ITU-R BS.412: integer multiples of 100 kHz.
 ChannelPlan Broadcast()
 {
     ChannelPlan plan{ QStringLiteral("FM-Broadcast"), QStringLiteral("Rec. ITU-R BS.412 87.5-108 MHz"), {} };
@@ -127,7 +127,7 @@ ChannelPlan ShortRange433()
     return plan;
 }
 
-/// ERC/REC 70-03, Annexes 1 and 7: 868 to 870 MHz in channels of 25 kHz, each with the use of its sub-band.
+/// ERC/REC 70-03, Annexes 1 and 7: 868 to 870 MHz in channels of 25 kHz, each described by the use of its sub-band.
 ChannelPlan ShortRange868()
 {
     ChannelPlan plan{ QStringLiteral("SRD-868"), QStringLiteral("ERC/REC 70-03 868-870 MHz"), {} };
@@ -153,7 +153,7 @@ void Append(ChannelPlan& plan, const ChannelPlan& other)
     plan.Channels.insert(plan.Channels.end(), other.Channels.begin(), other.Channels.end());
 }
 
-/// As many entries as a memory list holds: whole services, and the two channels of AIS.
+/// Fills a memory list completely: whole services, and the two AIS channels.
 ChannelPlan Full()
 {
     ChannelPlan plan{ QStringLiteral("Full-1024"), QStringLiteral("Airband broadcast CB PMR446 AIS"), {} };

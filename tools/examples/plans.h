@@ -1,4 +1,4 @@
-// tools/examples/plans.h: real channel plans, each computed from the rule or the table of the standard that it names.
+// tools/examples/plans.h: real channel plans, each computed from the standard that it names.
 #pragma once
 
 #include "lists/memory/memoryRecord.h"
@@ -14,17 +14,17 @@ struct Channel {
     const Reception* Settings;
 };
 
-/// One list. The file is called after the list's name.
+/// One list. The file has the list's name.
 struct ChannelPlan {
     QString Name;
     QString Description; ///< names the source
     std::vector<Channel> Channels;
 };
 
-/// Every plan under examples/.
+/// All plans of examples/.
 std::vector<ChannelPlan> AllPlans();
 
-/// The channels as a memory list: numbers count from 0, the rows behind the last channel are those of `empty`.
+/// The channels as a memory list, numbered from 0; the rows after the last channel are those of `empty`.
 MemoryTable TableOfPlan(const ChannelPlan& plan, const MemoryTable& empty);
 
 } // namespace tarvik

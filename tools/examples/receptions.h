@@ -1,11 +1,11 @@
-// tools/examples/receptions.h: how each kind of signal is received. The numbers are codes of lists/values/translate.h.
+// tools/examples/receptions.h: receiver settings for each kind of signal, as codes of lists/values/translate.h.
 #pragma once
 
 #include <cstdint>
 
 namespace tarvik {
 
-/// All of a channel's settings but frequency, number and description.
+/// All settings of a channel but frequency, number and description.
 struct Reception {
     std::int16_t Demodulation;
     std::int16_t Bandwidth;

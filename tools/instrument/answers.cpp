@@ -10,8 +10,8 @@ namespace tarvik {
 namespace {
 
 constexpr size_t kFilePieceBytes = size_t{ 256 } << 10;
-constexpr size_t kMostBytesWaiting = size_t{ 1 } << 20;
-constexpr size_t kMostFilesWaiting = 16;
+constexpr size_t kMaxQueuedBytes = size_t{ 1 } << 20;
+constexpr size_t kMaxQueuedFiles = 16;
 constexpr int kSpoiledBytes = 200;
 
 } // namespace
@@ -48,14 +48,14 @@ void Answers::FileBlock(Descriptor file, std::uint64_t size)
     item.FileLeft = TakeCut(size) ? size / 2 : size;
     if (item.FileLeft > 0) {
         items_.push_back(std::move(item));
-        ++filesWaiting_;
+        ++queuedFiles_;
     }
     PutBytes("\n");
 }
 
 bool Answers::IsFull() const
 {
-    return bytesWaiting_ >= kMostBytesWaiting || filesWaiting_ >= kMostFilesWaiting;
+    return queuedBytes_ >= kMaxQueuedBytes || queuedFiles_ >= kMaxQueuedFiles;
 }
 
 std::string_view Answers::Peek(size_t limit)
@@ -72,15 +72,15 @@ void Answers::Sent(size_t count)
 {
     Item& item = items_.front();
     item.Sent += count;
-    bytesWaiting_ -= count;
+    queuedBytes_ -= count;
     if (item.Sent == item.Bytes.size() && item.FileLeft == 0)
         items_.pop_front();
 }
 
 void Answers::PutBytes(std::string bytes)
 {
-    bytesWaiting_ += bytes.size();
-    // Many short answers share a piece, so that they leave in one packet.
+    queuedBytes_ += bytes.size();
+    // Short answers share a piece, so that they leave in one packet.
     if (!items_.empty() && items_.back().FileLeft == 0 && items_.back().Bytes.size() < kFilePieceBytes) {
         items_.back().Bytes += bytes;
         return;
@@ -101,8 +101,8 @@ void Answers::ReadFile(Item& item)
     isBroken_ = count <= 0;
     item.Bytes.resize(isBroken_ ? 0 : static_cast<size_t>(count));
     item.FileLeft -= item.Bytes.size();
-    filesWaiting_ -= item.FileLeft == 0 ? 1 : 0;
-    bytesWaiting_ += item.Bytes.size();
+    queuedFiles_ -= item.FileLeft == 0 ? 1 : 0;
+    queuedBytes_ += item.Bytes.size();
 }
 
 bool Answers::TakeSpoiled()

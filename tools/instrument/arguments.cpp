@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kLastPort = 65535;
 
-/// A field of the identification: its commas separate it from the next.
+/// Parses a field of the identification, which must not contain its separator, the comma.
 bool TakeName(const QString& value, std::string& name)
 {
     const bool isPlain = std::all_of(value.begin(), value.end(),
@@ -27,7 +27,7 @@ bool TakeNumber(const QString& value, qint64 lowest, qint64 highest, qint64& num
     return isNumber && number >= lowest && number <= highest;
 }
 
-/// `N` or `N-M`.
+/// Parses `N` or `N-M`.
 bool TakePorts(const QString& value, InstrumentArguments& result)
 {
     const QStringList ends = value.split(u'-');
@@ -68,7 +68,7 @@ struct Option {
     bool (*Take)(const QString& value, InstrumentArguments& result);
 };
 
-constexpr qint64 kMostBytes = qint64{ 1 } << 40;
+constexpr qint64 kMaxBytes = qint64{ 1 } << 40;
 
 constexpr std::array kOptions{
     Option{ "root", [](const QString& value, InstrumentArguments& result) { return TakeText(value, result.Root); } },
@@ -85,14 +85,14 @@ constexpr std::array kOptions{
     Option{ "capacity",
         [](const QString& value, InstrumentArguments& result) {
             qint64 bytes = 0;
-            const bool taken = TakeNumber(value, 0, kMostBytes, bytes);
+            const bool taken = TakeNumber(value, 0, kMaxBytes, bytes);
             result.CapacityBytes = bytes;
             return taken;
         } },
     Option{ "rate",
         [](const QString& value, InstrumentArguments& result) {
             qint64 bytes = 0;
-            const bool taken = TakeNumber(value, 1, kMostBytes, bytes);
+            const bool taken = TakeNumber(value, 1, kMaxBytes, bytes);
             result.Link.BytesPerSecond = bytes;
             return taken;
         } },
@@ -107,7 +107,7 @@ const Option* FindOption(const QString& name)
     return found == kOptions.end() ? nullptr : &*found;
 }
 
-/// An option without a value.
+/// Parses an option without a value.
 bool TakeSwitch(const QString& argument, InstrumentArguments& result)
 {
     bool* flag = argument == QLatin1String("--help") || argument == QLatin1String("-h") ? &result.Help
@@ -140,7 +140,7 @@ bool ReadArguments(const QStringList& arguments, InstrumentArguments& result, QS
         }
         const QString value = hasValue ? argument.section(u'=', 1) : arguments[++i];
         if (!option->Take(value, result)) {
-            error = QStringLiteral("%1 can not be %2").arg(name, value);
+            error = QStringLiteral("invalid value of %1: %2").arg(name, value);
             return false;
         }
     }
@@ -152,23 +152,23 @@ QString InstrumentHelpText()
     return QStringLiteral(
         "Usage: tarvik-instrument [OPTION...]\n"
         "\n"
-        "A simulated receiver for training, demonstrations and tests. Its files stand below a folder,\n"
-        "its display is drawn; it needs no screen. The first line of its output is \"port NNNN\", as\n"
-        "soon as it listens.\n"
+        "A simulated receiver for training, demonstrations and tests. Its files are in an ordinary\n"
+        "folder, its display is drawn; it needs no screen. It prints \"port NNNN\" as its first line of\n"
+        "output once it listens.\n"
         "\n"
-        "  --root DIR        folder of its files; made, and filled with examples when empty\n"
-        "  --port N[-M]      port, or the first free one of a range; 0 is any (5555)\n"
+        "  --root DIR        folder of its files; created if missing, filled with examples if empty\n"
+        "  --port N[-M]      port, or the first free one of a range; 0 means any (5555)\n"
         "  --bind ADDRESS    address to listen on (127.0.0.1)\n"
-        "  --maker NAME      what it says of itself: maker (TARVIK),\n"
+        "  --maker NAME      identification: maker (TARVIK),\n"
         "  --model NAME      model (TR-200DF),\n"
         "  --serial TEXT     serial number (100042)\n"
         "  --firmware TEXT   and firmware (4.30)\n"
         "  --capacity BYTES  size of its disk (1073741824)\n"
         "  --rate BYTES      bytes per second in each direction\n"
         "  --delay MS        milliseconds from the arrival of a message to its execution\n"
-        "  --fault KIND[=N]  what goes wrong at command N, or the first: drop, stall, garbage, cut or\n"
-        "                    refuse; may be given several times\n"
-        "  --verbose         tells each command on standard error\n"
+        "  --fault KIND[=N]  fault at command N, or at the first: drop, stall, garbage, cut or\n"
+        "                    refuse; can be repeated\n"
+        "  --verbose         logs each command to standard error\n"
         "  --version         prints the version\n"
         "  --help            prints this text\n");
 }

@@ -20,7 +20,7 @@ char Capital(char byte)
     return IsSmall(byte) ? static_cast<char>(byte - 'a' + 'A') : byte;
 }
 
-/// Takes the part up to the next colon, with the colon.
+/// Removes and returns the part up to and including the next colon.
 std::string_view TakePart(std::string_view& header)
 {
     const std::string_view part = header.substr(0, header.find(':'));
@@ -37,7 +37,7 @@ bool PartMatches(std::string_view pattern, std::string_view part)
             [](char wanted, char given) { return Capital(wanted) == given; });
 }
 
-/// A number within limits.
+/// A number within limits, both inclusive.
 std::optional<int> ReadWithin(std::string_view text, int lowest, int highest)
 {
     const auto number = ReadNumber(text);
@@ -46,7 +46,7 @@ std::optional<int> ReadWithin(std::string_view text, int lowest, int highest)
 
 } // namespace
 
-bool SameWord(std::string_view capitals, std::string_view given)
+bool IsSameWord(std::string_view capitals, std::string_view given)
 {
     return std::equal(capitals.begin(), capitals.end(), given.begin(), given.end(),
         [](char wanted, char byte) { return wanted == Capital(byte); });

@@ -1,4 +1,4 @@
-// tools/instrument/descriptor.h: a file descriptor that is closed by its owner.
+// tools/instrument/descriptor.h: an owning file descriptor.
 #pragma once
 
 #include <unistd.h>
@@ -11,7 +11,7 @@ class Descriptor {
 public:
     Descriptor() = default;
 
-    /// Takes over `number`; -1 is none.
+    /// Takes ownership of `number`; -1 means none.
     explicit Descriptor(int number)
         : number_(number)
     {
@@ -55,7 +55,7 @@ public:
             ::close(std::exchange(number_, -1));
     }
 
-    /// Gives up the descriptor without closing it.
+    /// Returns the descriptor without closing it.
     int Release()
     {
         return std::exchange(number_, -1);

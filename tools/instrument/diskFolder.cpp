@@ -24,7 +24,7 @@ struct CloseFolder {
 std::vector<DiskEntry> DiskEntries(int folder)
 {
     std::vector<DiskEntry> entries;
-    // A descriptor of its own: reading moves on in the open folder.
+    // A separate descriptor: reading advances the position of the open folder.
     Descriptor own(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const std::unique_ptr<DIR, CloseFolder> stream(own.IsOpen() ? ::fdopendir(own.Number()) : nullptr);
     if (stream == nullptr)
@@ -48,7 +48,7 @@ Descriptor OpenDiskFolder(int folder, const std::string& name)
 
 bool OpenDiskFile(int folder, const std::string& name, Descriptor& file, std::uint64_t& size)
 {
-    // Without waiting: a pipe would hold up the whole receiver until somebody writes.
+    // Non-blocking: opening a pipe would block the receiver until somebody writes to it.
     file = Descriptor(::openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     struct stat status { };
     if (!file.IsOpen() || ::fstat(file.Number(), &status) != 0)

@@ -1,4 +1,4 @@
-// tools/instrument/diskFolder.h: folders of this machine, read and opened without following a link.
+// tools/instrument/diskFolder.h: lists and opens folders of this machine without following links.
 #pragma once
 
 #include "tools/instrument/descriptor.h"
@@ -12,19 +12,19 @@ namespace tarvik {
 
 struct DiskEntry {
     std::string Name;
-    struct stat Status { }; ///< of a link: of the link itself
+    struct stat Status { }; ///< of a link: that of the link itself
 };
 
-/// All entries of an open folder but `.` and `..`; those that can not be asked are left out.
+/// All entries of an open folder but `.` and `..`; entries that can't be examined are skipped.
 std::vector<DiskEntry> DiskEntries(int folder);
 
-/// Opens a folder inside an open one; `errno` tells why there is none.
+/// Opens a folder inside an open one; on failure `errno` has the reason.
 Descriptor OpenDiskFolder(int folder, const std::string& name);
 
-/// Opens an ordinary file to be read. False, with `errno`, if it is none.
+/// Opens a regular file for reading. False, with `errno`, for anything else.
 [[nodiscard]] bool OpenDiskFile(int folder, const std::string& name, Descriptor& file, std::uint64_t& size);
 
-/// Makes a folder and those above it, as far as they are not there.
+/// Creates a folder and its missing parents.
 [[nodiscard]] bool MakeDiskFolders(const std::string& path);
 
 } // namespace tarvik

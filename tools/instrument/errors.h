@@ -1,4 +1,4 @@
-// tools/instrument/errors.h: the receiver's error numbers, and the queue in which they wait to be asked for.
+// tools/instrument/errors.h: the receiver's error numbers and its error queue.
 #pragma once
 
 #include <deque>
@@ -18,20 +18,20 @@ enum class InstrumentError {
     QueueOverflow = -350
 };
 
-/// The number and its text as they are answered: `-256,"File name not found"`.
+/// The answer for an error, with number and text: `-256,"File name not found"`.
 std::string ErrorAnswer(InstrumentError error);
 
-/// Oldest first. The last place of a full queue tells that errors were lost.
+/// Oldest error first. The last place of a full queue holds the overflow error.
 class ErrorQueue {
 public:
     static constexpr size_t kPlaces = 20;
 
     void Put(InstrumentError error);
 
-    /// The oldest error, which leaves the queue; None when there is none.
+    /// Removes and returns the oldest error; None if the queue is empty.
     InstrumentError Take();
 
-    /// The error that came last and has not been asked for.
+    /// The most recent error in the queue.
     InstrumentError Newest() const
     {
         return errors_.empty() ? InstrumentError::None : errors_.back();

@@ -15,7 +15,7 @@
 #include <cmath>
 #include <memory>
 
-// Outside of any namespace, as the macro wants it.
+// The macro requires the global namespace.
 static void InitResources()
 {
     Q_INIT_RESOURCE(instrument);
@@ -30,7 +30,7 @@ constexpr const char* kLogPeriodic = "Log-periodic 80-1000";
 constexpr const char* kLoop = "Active loop 10k-30M";
 constexpr const char* kDfArray = "DF array 20-1300";
 
-/// A picture shows a station that is on the air.
+/// dBuV
 constexpr double kAudible = 5; // dBuV
 constexpr SweepNumber kFirstSweep = 1000;
 constexpr SweepNumber kLastSweep = 9000;
@@ -52,7 +52,7 @@ constexpr std::array kLoopGain{ GainPoint{ 0.01, -95 }, GainPoint{ 0.1, -75 }, G
 /// Antenna factor in dB/m at 50 ohms of an antenna with this gain over an isotropic one.
 double KFactor(const GainPoint& point)
 {
-    constexpr double kFiftyOhms = 29.79; // 20 log10 of 9.73 times 299.79 over 1 MHz less the gain, in dB
+    constexpr double kFiftyOhms = 29.79; // 20 log10(299.79 / 9.73): wavelength in metres at 1 MHz over 9.73
     return std::round((20 * std::log10(point.FrequencyMhz) - point.GainDbi - kFiftyOhms) * 100) / 100;
 }
 
@@ -121,7 +121,7 @@ tvfio::Bytes Suppressed()
     return list->Encode();
 }
 
-/// Bearing errors of a five-element array: they repeat five times in a turn and grow with frequency.
+/// Bearing errors of a five-element array: they repeat five times per turn and grow with frequency.
 tvfio::CorrAzimuthRecord BearingErrors(double frequencyHz)
 {
     constexpr int kAngles = 36;
@@ -167,7 +167,7 @@ std::string MarineList()
 
 InstrumentError Put(Storage& storage, const WirePath& folder, const std::string& name, const std::string& bytes)
 {
-    auto error = storage.BeginStore(folder, name, StorePlace::Beside, bytes.size());
+    auto error = storage.BeginStore(folder, name, StoreReplaces::SameName, bytes.size());
     if (error == InstrumentError::None)
         error = storage.Store(bytes);
     if (error == InstrumentError::None)
@@ -186,7 +186,7 @@ InstrumentError PutActive(Storage& storage)
     return error == InstrumentError::None ? storage.EndStore() : error;
 }
 
-/// The display while it is tuned to the entry of the memory list whose description begins with `description`.
+/// The display while tuned to the first memory entry whose description starts with `description`.
 std::string Picture(const Storage& storage, const std::string& model, const char* description)
 {
     ScreenContent content;
@@ -252,7 +252,7 @@ InstrumentError StoreExamples(Storage& storage, const std::string& model)
                     TextOf(GainTable(kLogPeriodic, 0, kLogPeriodicGain)) } });
     if (error == InstrumentError::None)
         error = PutActive(storage);
-    // The display shows the memory list, which is there by now.
+    // Now that the memory list is stored, the display can show it.
     if (error == InstrumentError::None)
         error = PutAll(storage,
             { { ScreenShotFolder(), "Channel 16.png", Picture(storage, model, "Ch 16") },

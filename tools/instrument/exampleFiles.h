@@ -1,11 +1,11 @@
-// tools/instrument/exampleFiles.h: what a receiver has on its disk when it is new.
+// tools/instrument/exampleFiles.h: the initial contents of a receiver's disk.
 #pragma once
 
 #include "tools/instrument/storage.h"
 
 namespace tarvik {
 
-/// Makes the folders that a receiver works with, as far as they are not there.
+/// Creates the receiver's working folders if they are missing.
 InstrumentError MakeReceiverFolders(Storage& storage);
 
 /// Stores an example of each kind of file: lists, tables, a correction set, pictures of the display in two folders, and

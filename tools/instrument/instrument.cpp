@@ -34,7 +34,7 @@ constexpr const char* kScreenShots = "Screen Shots";
 const FamilyRow* FindFamily(const std::string& word)
 {
     const auto found = std::find_if(
-        kFamilies.begin(), kFamilies.end(), [&word](const FamilyRow& family) { return SameWord(family.Word, word); });
+        kFamilies.begin(), kFamilies.end(), [&word](const FamilyRow& family) { return IsSameWord(family.Word, word); });
     return found == kFamilies.end() ? nullptr : &*found;
 }
 
@@ -73,14 +73,14 @@ WirePath ScreenShotFolder()
     return { kPublic, kScreenShots };
 }
 
-/// One command. A parameter is told by a letter: w word, f family word, n number, t text, b block.
+/// A row of the command table. Parameters are described by letters: w word, f family word, n number, t text, b block.
 struct Instrument::Row {
-    const char* Header; ///< capitals: the short form
+    const char* Header; ///< the capitals are the short form
     bool IsQuery;
     const char* Parameters;
     Run Handler;
-    bool AnswersBlock = false; ///< a refusal still gives an empty one
-    bool IsCommon = false; ///< works on no file and no setting
+    bool AnswersBlock = false; ///< a refusal still sends an empty block
+    bool IsCommon = false; ///< neither reads nor changes files or settings
 };
 
 const Instrument::Row* Instrument::FindRow(const std::string& header, bool isQuery)
@@ -130,7 +130,7 @@ void Instrument::Reset()
     branch_.clear();
 }
 
-/// A header is looked for from the root, and then from where the former command of the same message stood.
+/// Headers are resolved from the root, then relative to the previous command of the same message.
 const Instrument::Row* Instrument::RowOf(const Command& command)
 {
     if (command.StartsMessage || command.StartsAtRoot)
@@ -187,7 +187,7 @@ void Instrument::Execute(const Command& command, Answers& answers)
 
 void Instrument::BeginBlock(const Command& command, std::uint64_t size)
 {
-    const std::string branch = branch_; // the whole command comes once more
+    const std::string branch = branch_; // the whole command is executed later
     blockError_ = Check(RowOf(command), command);
     branch_ = branch;
     if (blockError_ == InstrumentError::None)
@@ -199,7 +199,7 @@ InstrumentError Instrument::PrepareStore(const Command& command, std::uint64_t s
     if (command.Parameters.size() == 1)
         return storage_.BeginStoreActive(size);
     const std::string& word = command.Parameters[0].Value;
-    const StorePlace place = FindFamily(word)->HoldsOneFile ? StorePlace::Alone : StorePlace::Beside;
+    const StoreReplaces place = FindFamily(word)->HoldsOneFile ? StoreReplaces::WholeFolder : StoreReplaces::SameName;
     return storage_.BeginStore(FolderOf(word), command.Parameters[1].Value, place, size);
 }
 
@@ -379,7 +379,7 @@ InstrumentError Instrument::FetchScreen(const Command& /*command*/, Answers& ans
     return InstrumentError::None;
 }
 
-/// The folders that the receiver itself works with stay where they are.
+/// The receiver's own working folders can't be renamed or removed.
 bool Instrument::IsOwnFolder(std::string_view name) const
 {
     WirePath path = current_;

@@ -1,4 +1,4 @@
-// tools/instrument/instrument.h: the receiver behind its commands.
+// tools/instrument/instrument.h: executes the commands of the simulated receiver.
 #pragma once
 
 #include "tools/instrument/answers.h"
@@ -11,7 +11,7 @@
 
 namespace tarvik {
 
-/// What the receiver says of itself, in Windows-1252.
+/// The parts of the receiver's identification, in Windows-1252.
 struct Identity {
     std::string Maker = "TARVIK";
     std::string Model = "TR-200DF";
@@ -19,41 +19,41 @@ struct Identity {
     std::string Firmware = "4.30";
 };
 
-/// The file families, with the word that stands for each in commands.
+/// The file families, named by words in commands.
 enum class FileFamily { All, Antenna, Kfactor, Memory, Suppress, Correction };
 
-/// The folder of a family; none for `All`.
+/// The folder of a family; the root for `All`.
 WirePath FamilyFolder(FileFamily family);
 
-/// The folder that a receiver puts its pictures into.
+/// The folder for the receiver's screen shots.
 WirePath ScreenShotFolder();
 
 class Instrument {
 public:
-    /// `screen` answers the display as a PNG file. The storage stays the caller's.
+    /// `screen` returns the display as a PNG file. `storage` must outlive this.
     Instrument(Storage& storage, Identity identity, std::function<std::string()> screen);
 
-    /// A client begins: no errors, at the root.
+    /// Resets for a new client: no errors, current folder is the root.
     void Reset();
 
-    /// Runs a command, of which a block has been taken before.
+    /// Executes a command whose block, if any, has already been stored.
     void Execute(const Command& command, Answers& answers);
 
-    /// A command's block begins, comes, or will never be complete.
+    /// A command's block starts, continues, or will never be complete.
     void BeginBlock(const Command& command, std::uint64_t size);
     void TakeBlock(std::string_view bytes);
     void AbandonBlock();
 
-    /// Something was no command.
+    /// Reports a syntax error.
     void ReportBad();
 
-    /// The next command that works on files or settings will be refused.
+    /// Refuses the next command that uses files or settings.
     void RefuseNext()
     {
         refuseNext_ = true;
     }
 
-    /// The errors that have not been asked for.
+    /// The pending errors.
     ErrorQueue& Errors()
     {
         return errors_;
@@ -98,7 +98,7 @@ private:
     std::function<std::string()> screen_;
     ErrorQueue errors_;
     WirePath current_;
-    std::string branch_; ///< header of the former command without its last part; for headers that go on from there
+    std::string branch_; ///< header of the previous command without its last part, for relative headers
     InstrumentError blockError_ = InstrumentError::None;
     bool refuseNext_ = false;
 };

@@ -1,4 +1,4 @@
-// tools/instrument/linkOptions.h: how the link behaves, and what goes wrong on it.
+// tools/instrument/linkOptions.h: options of the link: rate, delay and faults.
 #pragma once
 
 #include <chrono>
@@ -10,26 +10,26 @@
 namespace tarvik {
 
 enum class FaultKind {
-    Drop, ///< the connection is closed behind the answers of former commands
-    Stall, ///< nothing is read or answered any more
-    Garbage, ///< the next answer is random bytes
-    Cut, ///< the next block that is not empty ends after half of its bytes
-    Refuse ///< the next command on files or settings is refused
+    Drop, ///< close the connection after the answers to earlier commands
+    Stall, ///< stop reading and answering
+    Garbage, ///< replace the next answer by random bytes
+    Cut, ///< end the next non-empty block after half of its bytes
+    Refuse ///< refuse the next command on files or settings
 };
 
 struct Fault {
     FaultKind Kind = FaultKind::Drop;
-    std::uint64_t AtCommand = 1; ///< counted from 1, over all clients; it happens once
+    std::uint64_t AtCommand = 1; ///< counted from 1 across all clients; happens once
 };
 
 struct LinkOptions {
-    std::int64_t BytesPerSecond = 0; ///< in each direction; 0 is as fast as it goes
+    std::int64_t BytesPerSecond = 0; ///< in each direction; 0 means unlimited
     std::chrono::milliseconds Delay{ 0 }; ///< from the arrival of a message to its execution
     std::vector<Fault> Faults;
-    bool Verbose = false; ///< tell each command on standard error
+    bool Verbose = false; ///< log each command to standard error
 };
 
-/// Reads `KIND` or `KIND=N`.
+/// Parses `KIND` or `KIND=N`.
 std::optional<Fault> ReadFault(std::string_view text);
 
 } // namespace tarvik

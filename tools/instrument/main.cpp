@@ -24,7 +24,7 @@ namespace {
 
 enum ExitStatus { ExitDone = 0, ExitFailed = 1, ExitUsage = 2 };
 
-int stopWriter = -1; ///< writing end of the pipe that tells the server to end
+int stopWriter = -1; ///< writing end of the pipe that stops the server
 
 void WantStop(int /*signal*/)
 {
@@ -33,8 +33,8 @@ void WantStop(int /*signal*/)
     errno = before;
 }
 
-/// Answers the end of a pipe that can be read once one of the two signals has come. A signal alone may not end the
-/// server's wait: it comes to any of the threads that the painting keeps.
+/// Returns the reading end of a pipe that becomes readable on SIGINT or SIGTERM. A pipe, because the signal may be
+/// delivered to any thread of the painting and would not interrupt the server's poll.
 Descriptor CatchStopSignals()
 {
     std::array<int, 2> ends{ -1, -1 };
@@ -68,7 +68,7 @@ QString RootOf(const InstrumentArguments& arguments)
         : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tarvik-instrument");
 }
 
-/// A disk that was empty gets the examples.
+/// Fills an empty disk with the examples.
 bool PrepareFiles(Storage& storage, const std::string& model)
 {
     const bool isNew = storage.IsEmpty();
@@ -85,7 +85,7 @@ ExitStatus Run(const InstrumentArguments& arguments)
             QFile::encodeName(root).toStdString(), static_cast<std::uint64_t>(arguments.CapacityBytes), reason))
         return Fail(root, QString::fromStdString(reason));
     if (!PrepareFiles(storage, arguments.Names.Model))
-        return Fail(root, QStringLiteral("the example files can not be stored"));
+        return Fail(root, QStringLiteral("cannot store the example files"));
     Receiver receiver(storage, FromAnsi(QByteArrayView(arguments.Names.Model)));
     Instrument instrument(storage, arguments.Names, [&receiver] { return receiver.FetchScreen(); });
     Server server(instrument, arguments.Link);
@@ -107,7 +107,7 @@ using namespace tarvik;
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // fonts without a screen
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // fonts without a display
     const QGuiApplication application(argc, argv);
     InstrumentArguments arguments;
     QString error;

@@ -35,7 +35,7 @@ std::string_view Trimmed(std::string_view text)
     return text;
 }
 
-/// Takes the header from the front of `text`.
+/// Parses the header at the front of `text`.
 bool TakeHeader(std::string_view& text, Command& command)
 {
     const auto end = std::find_if(text.begin(), text.end(), IsBlank);
@@ -52,7 +52,7 @@ bool TakeHeader(std::string_view& text, Command& command)
     return !header.empty() && std::all_of(command.Header.begin(), command.Header.end(), IsHeaderByte);
 }
 
-/// Takes a text with its quotes; a quote inside stands doubled.
+/// Parses a quoted text; quotes inside are doubled.
 bool TakeText(std::string_view& text, std::string& value)
 {
     text.remove_prefix(1);
@@ -77,7 +77,7 @@ bool TakeWord(std::string_view& text, std::string& value)
     return !word.empty() && word.find('"') == std::string_view::npos;
 }
 
-/// Takes one parameter with the blanks around it.
+/// Parses one parameter and the blanks around it.
 bool TakeParameter(std::string_view& text, Command& command)
 {
     text = Trimmed(text);
@@ -90,7 +90,7 @@ bool TakeParameter(std::string_view& text, Command& command)
     return taken && (text.empty() || text.front() == ',');
 }
 
-/// The part of a command in front of its block.
+/// The part of a command before its block.
 bool ParseCommandOfBlock(std::string_view text, Command& command)
 {
     text = Trimmed(text);
@@ -146,8 +146,8 @@ MessageReader::Event MessageReader::TakeByte(char byte)
         return TakeDigitCount(byte);
     case State::BlockLength:
         return TakeLengthDigit(byte);
-    case State::BehindBlock:
-        return TakeByteBehindBlock(byte);
+    case State::AfterBlock:
+        return TakeByteAfterBlock(byte);
     case State::RestOfLine:
         if (byte == '\n')
             StartCommand(true);
@@ -170,14 +170,14 @@ MessageReader::Event MessageReader::TakeTextByte(char byte)
     text_.push_back(byte);
     if (text_.size() <= kMaxCommandBytes)
         return {};
-    return GiveUpLine(byte);
+    return SkipRestOfLine(byte);
 }
 
 MessageReader::Event MessageReader::TakeDigitCount(char byte)
 {
-    // A zero would be the form without a length, whose end is not safe to find.
+    // Zero means an indefinite length, whose end can't be found reliably.
     if (!IsDigit(byte) || byte == '0')
-        return GiveUpLine(byte);
+        return SkipRestOfLine(byte);
     digitsLeft_ = byte - '0';
     blockLength_ = 0;
     state_ = State::BlockLength;
@@ -187,18 +187,18 @@ MessageReader::Event MessageReader::TakeDigitCount(char byte)
 MessageReader::Event MessageReader::TakeLengthDigit(char byte)
 {
     if (!IsDigit(byte))
-        return GiveUpLine(byte);
+        return SkipRestOfLine(byte);
     blockLength_ = blockLength_ * 10 + static_cast<std::uint64_t>(byte - '0');
     return --digitsLeft_ > 0 ? Event() : BeginBlock();
 }
 
 MessageReader::Event MessageReader::BeginBlock()
 {
-    passOver_ = !ParseCommandOfBlock(text_, current_);
+    skipBlock_ = !ParseCommandOfBlock(text_, current_);
     current_.StartsMessage = startsMessage_;
     blockLeft_ = blockLength_;
-    state_ = blockLeft_ > 0 ? State::Block : State::BehindBlock;
-    return passOver_ ? ReaderEvent::Bad : ReaderEvent::BlockBegins;
+    state_ = blockLeft_ > 0 ? State::Block : State::AfterBlock;
+    return skipBlock_ ? ReaderEvent::Bad : ReaderEvent::BlockBegins;
 }
 
 MessageReader::Event MessageReader::TakeBlock(std::string_view& input)
@@ -207,21 +207,21 @@ MessageReader::Event MessageReader::TakeBlock(std::string_view& input)
     input.remove_prefix(piece_.size());
     blockLeft_ -= piece_.size();
     if (blockLeft_ == 0)
-        state_ = State::BehindBlock;
-    return passOver_ ? Event() : ReaderEvent::BlockBytes;
+        state_ = State::AfterBlock;
+    return skipBlock_ ? Event() : ReaderEvent::BlockBytes;
 }
 
-MessageReader::Event MessageReader::TakeByteBehindBlock(char byte)
+MessageReader::Event MessageReader::TakeByteAfterBlock(char byte)
 {
     if (byte != '\n' && IsBlank(byte))
         return {};
-    const bool wasPassedOver = passOver_;
+    const bool wasSkipped = skipBlock_;
     if (byte == '\n' || byte == ';') {
         StartCommand(byte == '\n');
-        return wasPassedOver ? Event() : ReaderEvent::Command;
+        return wasSkipped ? Event() : ReaderEvent::Command;
     }
-    const Event bad = GiveUpLine(byte);
-    return wasPassedOver ? Event() : bad;
+    const Event bad = SkipRestOfLine(byte);
+    return wasSkipped ? Event() : bad;
 }
 
 MessageReader::Event MessageReader::EndCommand(bool endsMessage)
@@ -235,7 +235,7 @@ MessageReader::Event MessageReader::EndCommand(bool endsMessage)
     return isCommand ? ReaderEvent::Command : ReaderEvent::Bad;
 }
 
-MessageReader::Event MessageReader::GiveUpLine(char byte)
+MessageReader::Event MessageReader::SkipRestOfLine(char byte)
 {
     StartCommand(true);
     if (byte != '\n')
@@ -248,7 +248,7 @@ void MessageReader::StartCommand(bool startsMessage)
     state_ = State::Text;
     text_.clear();
     inQuotes_ = false;
-    passOver_ = false;
+    skipBlock_ = false;
     startsMessage_ = startsMessage;
 }
 

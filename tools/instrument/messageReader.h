@@ -1,9 +1,8 @@
-// tools/instrument/messageReader.h: cuts what a client sends into commands. Nothing of a block is kept, so that memory
-// does not grow with a file.
-//
-// A message is a line; its commands are separated by ";". A block (#, a digit n, n digits of length, as many bytes) may
-// be a command's last parameter and may hold any byte. After anything that is no command the rest of that command, or
-// where its end can not be known the rest of the line, is passed over.
+// tools/instrument/messageReader.h: splits the bytes from a client into commands. Blocks are not buffered, so that
+// memory does not grow with a file.
+// A message is a line; its commands are separated by ";". A block (#, a digit n, n digits of length, that many bytes)
+// may be the last parameter of a command and may contain any byte. After a syntax error the rest of the command is
+// skipped, or the rest of the line if the end of the command is unknown.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +13,7 @@
 
 namespace tarvik {
 
-/// Longest command, without its block.
+/// Maximum length of a command, without its block.
 inline constexpr size_t kMaxCommandBytes = 4096;
 
 struct CommandParameter {
@@ -25,24 +24,24 @@ struct CommandParameter {
 };
 
 struct Command {
-    std::string Header; ///< in capitals, without a colon in front and without the question mark
+    std::string Header; ///< in capitals, without leading colon and question mark
     bool IsQuery = false;
-    bool StartsMessage = false; ///< the first one of its line
-    bool StartsAtRoot = false; ///< had a colon in front
+    bool StartsMessage = false; ///< the first command of its line
+    bool StartsAtRoot = false; ///< had a leading colon
     std::vector<CommandParameter> Parameters;
 };
 
 enum class ReaderEvent {
-    NeedsBytes, ///< all was taken; nothing is complete
+    NeedsBytes, ///< all input is consumed; nothing is complete
     Command, ///< Current() is complete, its block included
-    BlockBegins, ///< Current() is complete but for its block of BlockLength() bytes
+    BlockBegins, ///< Current() is complete except for its block of BlockLength() bytes
     BlockBytes, ///< BlockPiece() is the next part of the block
-    Bad ///< no command; one whose block had begun is to be forgotten
+    Bad ///< syntax error; a block that had started is to be dropped
 };
 
 class MessageReader {
 public:
-    /// Takes bytes from the front of `input` up to the next event.
+    /// Consumes bytes from the front of `input` up to the next event.
     ReaderEvent Next(std::string_view& input);
 
     const Command& Current() const
@@ -55,7 +54,7 @@ public:
         return blockLength_;
     }
 
-    /// Part of the input of the last call.
+    /// A view into the input of the last call.
     std::string_view BlockPiece() const
     {
         return piece_;
@@ -68,7 +67,7 @@ public:
     }
 
 private:
-    enum class State { Text, BlockDigits, BlockLength, Block, BehindBlock, RestOfLine };
+    enum class State { Text, BlockDigits, BlockLength, Block, AfterBlock, RestOfLine };
     using Event = std::optional<ReaderEvent>;
 
     Event TakeByte(char byte);
@@ -77,16 +76,16 @@ private:
     Event TakeLengthDigit(char byte);
     Event BeginBlock();
     Event TakeBlock(std::string_view& input);
-    Event TakeByteBehindBlock(char byte);
+    Event TakeByteAfterBlock(char byte);
     Event EndCommand(bool endsMessage);
-    Event GiveUpLine(char byte);
+    Event SkipRestOfLine(char byte);
     void StartCommand(bool startsMessage);
 
     State state_ = State::Text;
     std::string text_; ///< of the command, without its block
     bool inQuotes_ = false;
     bool startsMessage_ = true;
-    bool passOver_ = false; ///< the block belongs to no command
+    bool skipBlock_ = false; ///< the block belongs to an invalid command
     int digitsLeft_ = 0;
     std::uint64_t blockLength_ = 0;
     std::uint64_t blockLeft_ = 0;
@@ -94,7 +93,7 @@ private:
     Command current_;
 };
 
-/// Reads one command without block and without the end of its line. False when it is none.
+/// Parses one command without block and without line terminator. False if it is invalid.
 [[nodiscard]] bool ParseCommand(std::string_view text, Command& command);
 
 } // namespace tarvik

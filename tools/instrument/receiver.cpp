@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::uint64_t kMaxListBytes = std::uint64_t{ 1 } << 20;
 constexpr qint64 kSweepMs = 50;
-constexpr qint64 kDwellMs = 4000; // on one entry of the scan
+constexpr qint64 kDwellMs = 4000; // per entry of the scan
 
 /// Widths in Hz by code.
 constexpr std::array kBandwidths{ 150.0, 300.0, 600.0, 1500.0, 2400.0, 6e3, 9e3, 12e3, 15e3, 30e3, 50e3, 120e3, 150e3,
@@ -35,7 +35,7 @@ Carrier CarrierOf(const tvfio::MemoryRecord& record)
     return carrier;
 }
 
-/// The bytes of the first file of the memory list's folder; none if there is no such file.
+/// The bytes of the first file in the memory list folder; empty if there is none.
 tvfio::Bytes ReadMemoryList(const Storage& storage)
 {
     const WirePath folder = FamilyFolder(FileFamily::Memory);

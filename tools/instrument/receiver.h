@@ -1,4 +1,4 @@
-// tools/instrument/receiver.h: the receiver at work: it scans its memory list and shows what it hears.
+// tools/instrument/receiver.h: simulates reception: scans the memory list and draws the display.
 #pragma once
 
 #include "tools/instrument/screenPicture.h"
@@ -12,10 +12,10 @@ namespace tarvik {
 
 class Receiver {
 public:
-    /// `storage` holds the memory list and stays the caller's.
+    /// `storage` contains the memory list and must outlive this.
     Receiver(const Storage& storage, QString model);
 
-    /// The display of this moment as a PNG file. No two are the same.
+    /// The current display as a PNG file. No two are equal.
     std::string FetchScreen();
 
 private:
@@ -27,7 +27,7 @@ private:
     SweepNumber lastSweep_ = 0;
 };
 
-/// The used entries of the memory list, suppressed ones left out. Empty without a list that can be read.
+/// The used entries of the memory list that are not suppressed. Empty without a readable list.
 std::vector<Carrier> ReadCarriers(const Storage& storage);
 
 /// `picture` as a PNG file; empty if that fails.

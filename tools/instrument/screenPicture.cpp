@@ -21,7 +21,7 @@ constexpr QRgb kTrace = 0xFFFFD54F;
 constexpr QRgb kMarker = 0xFFFF6E6E;
 
 constexpr int kMarginPx = 8;
-constexpr int kScalePx = 34; // room for the level scale
+constexpr int kScalePx = 34; // space for the level scale
 constexpr int kPlotLeft = kMarginPx + kScalePx;
 constexpr int kPlotWidth = kScreenWidthPx - kPlotLeft - kMarginPx;
 constexpr int kTitleHeight = 26;
@@ -30,7 +30,7 @@ constexpr QRect kSpectrum(kPlotLeft, 106, kPlotWidth, 150);
 constexpr QRect kWaterfall(kPlotLeft, 276, kPlotWidth, 134);
 constexpr int kKeysTop = kScreenHeightPx - 26;
 constexpr int kGridColumns = 10;
-constexpr int kLevelStep = 20; // dB between two lines
+constexpr int kLevelStep = 20; // dB between grid lines
 
 QFont Font(int heightPx, bool isBold = false)
 {
@@ -136,7 +136,7 @@ void DrawTrace(QPainter& painter, const ScreenContent& content)
     painter.fillRect(QRect(kSpectrum.center().x(), kSpectrum.top(), 1, kSpectrum.height()), marker);
 }
 
-/// Dark blue over green and yellow to white.
+/// Dark blue via green and yellow to white.
 QRgb HeatColor(double part)
 {
     struct Stop {
@@ -159,7 +159,7 @@ void DrawWaterfall(QPainter& painter, const ScreenContent& content)
 {
     QImage rows(kWaterfall.size(), QImage::Format_RGB32);
     for (int row = 0; row < rows.height(); ++row) {
-        // Numbers below zero are sweeps of an earlier time too: they wrap around.
+        // Negative sweep numbers wrap around and are valid too.
         const std::vector<double> levels = Levels(content, content.Sweep - static_cast<SweepNumber>(row));
         auto* pixels = reinterpret_cast<QRgb*>(rows.scanLine(row));
         std::transform(levels.begin(), levels.end(), pixels, [](double level) {

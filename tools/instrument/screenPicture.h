@@ -1,4 +1,4 @@
-// tools/instrument/screenPicture.h: the receiver's display as a picture.
+// tools/instrument/screenPicture.h: draws the receiver's display.
 #pragma once
 
 #include "tools/instrument/spectrum.h"
@@ -15,11 +15,11 @@ struct ScreenContent {
     QString Model;
     std::vector<Carrier> Carriers;
     Carrier Tuned;
-    SweepNumber Sweep = 0; ///< the newest one
+    SweepNumber Sweep = 0; ///< the newest sweep
     QDateTime Now;
 };
 
-/// The same content gives the same picture. Needs a QGuiApplication, for its fonts.
+/// Deterministic. Needs a QGuiApplication for its fonts.
 QImage DrawScreen(const ScreenContent& content);
 
 /// The text of a demodulation code.
@@ -28,7 +28,7 @@ QString DemodulationText(int code);
 /// A frequency in MHz with groups of three digits: `156.800 000`.
 QString FrequencyText(double frequencyHz);
 
-/// A width with the unit that suits it: `12.5 kHz`.
+/// A width in a suitable unit: `12.5 kHz`.
 QString WidthText(double widthHz);
 
 } // namespace tarvik

@@ -44,7 +44,7 @@ bool Server::Listen(const std::string& address, int firstPort, int lastPort)
         return false;
     }
     for (int port = firstPort; port <= lastPort; ++port) {
-        // A new socket for each port: one that could not listen stays bound.
+        // A new socket for each port: a failed one stays bound.
         listener_ = Descriptor(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
         if (!listener_.IsOpen())
             return false;
@@ -71,7 +71,7 @@ bool Server::Serve(int stop)
 {
     for (;;) {
         LinkTime now = std::chrono::steady_clock::now();
-        // A client that is about to end holds up the next one instead of having it turned away.
+        // While a client is about to end, the next one waits in the backlog instead of being turned away.
         const bool listens = session_ == nullptr || !session_->IsEnding();
         std::array<pollfd, 3> waits{ { { listener_.Number(), static_cast<short>(listens ? POLLIN : 0), 0 },
             { -1, 0, 0 }, { stop, POLLIN, 0 } } };

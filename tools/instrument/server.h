@@ -1,4 +1,4 @@
-// tools/instrument/server.h: listens, and serves one client at a time.
+// tools/instrument/server.h: listens on a port and serves one client at a time.
 #pragma once
 
 #include "tools/instrument/instrument.h"
@@ -12,17 +12,17 @@ namespace tarvik {
 
 class Server {
 public:
-    /// Both stay the caller's.
+    /// Both must outlive this.
     Server(Instrument& instrument, const LinkOptions& options);
 
-    /// Listens on the first port from `firstPort` to `lastPort` that is free; port 0 takes any. False, with `errno`,
-    /// when there is none.
+    /// Listens on the first free port from `firstPort` to `lastPort`; port 0 means any. False, with `errno`, if there
+    /// is none.
     [[nodiscard]] bool Listen(const std::string& address, int firstPort, int lastPort);
 
-    /// The port that it listens on.
+    /// The port in use.
     int Port() const;
 
-    /// Serves until the descriptor `stop` can be read. False, with `errno`, when the system fails.
+    /// Serves until the descriptor `stop` becomes readable. False, with `errno`, on a system error.
     [[nodiscard]] bool Serve(int stop);
 
 private:

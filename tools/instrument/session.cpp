@@ -15,10 +15,10 @@ namespace {
 
 constexpr size_t kReceiveBytes = size_t{ 256 } << 10;
 
-/// Time for which unused rate is kept, so that a slow link flows instead of jumping.
-constexpr double kSavedSeconds = 0.05;
+/// How long unused rate accumulates, so that a slow link flows evenly.
+constexpr double kBurstSeconds = 0.05;
 
-/// What a client says, for a terminal that must not obey it.
+/// Escapes a client's line so that it can't control the terminal.
 QByteArray Printable(std::string_view line)
 {
     QString text = FromAnsi(QByteArrayView(line.data(), static_cast<qsizetype>(line.size())));
@@ -36,15 +36,15 @@ bool WouldWait(int systemError)
 
 RateLimit::RateLimit(std::int64_t bytesPerSecond)
     : bytesPerSecond_(static_cast<double>(bytesPerSecond))
-    , mostSaved_(std::max(1.0, bytesPerSecond_ * kSavedSeconds))
+    , maxAllowance_(std::max(1.0, bytesPerSecond_ * kBurstSeconds))
 {
 }
 
 void RateLimit::Refill(LinkTime now)
 {
     if (refilled_ != LinkTime{})
-        saved_ += bytesPerSecond_ * std::chrono::duration<double>(now - refilled_).count();
-    saved_ = std::min(saved_, mostSaved_);
+        allowance_ += bytesPerSecond_ * std::chrono::duration<double>(now - refilled_).count();
+    allowance_ = std::min(allowance_, maxAllowance_);
     refilled_ = now;
 }
 
@@ -53,12 +53,12 @@ size_t RateLimit::Allowed(LinkTime now, size_t wanted)
     if (bytesPerSecond_ <= 0)
         return wanted;
     Refill(now);
-    return std::min(wanted, static_cast<size_t>(std::max(0.0, saved_)));
+    return std::min(wanted, static_cast<size_t>(std::max(0.0, allowance_)));
 }
 
 void RateLimit::Passed(size_t count)
 {
-    saved_ -= static_cast<double>(count);
+    allowance_ -= static_cast<double>(count);
 }
 
 int RateLimit::WaitMs(LinkTime now)
@@ -66,7 +66,7 @@ int RateLimit::WaitMs(LinkTime now)
     if (bytesPerSecond_ <= 0)
         return 0;
     Refill(now);
-    return saved_ >= 1 ? 0 : static_cast<int>(std::ceil((1 - saved_) * 1000 / bytesPerSecond_));
+    return allowance_ >= 1 ? 0 : static_cast<int>(std::ceil((1 - allowance_) * 1000 / bytesPerSecond_));
 }
 
 std::vector<FaultKind> FaultPlan::CountCommand()
@@ -112,7 +112,7 @@ short Session::WantedEvents(LinkTime now)
 {
     short events = POLLRDHUP;
     if (peerIsDone_)
-        events = 0; // it would be told again and again
+        events = 0; // it would be reported again and again
     if (MayReceive() && receiving_.WaitMs(now) == 0)
         events |= POLLIN;
     if (!answers_.IsEmpty() && !isStalled_ && sending_.WaitMs(now) == 0)
@@ -157,7 +157,7 @@ bool Session::Receive(LinkTime now)
     buffer_.resize(kReceiveBytes);
     const size_t allowed = receiving_.Allowed(now, kReceiveBytes);
     if (allowed == 0)
-        return true; // nothing asked for would look like the end of the connection
+        return true; // a read of 0 bytes would look like the end of the connection
     const ssize_t count = ::recv(socket_.Number(), buffer_.data(), allowed, MSG_DONTWAIT);
     if (count < 0) {
         input_ = {};

@@ -1,4 +1,4 @@
-// tools/instrument/session.h: one client, from its connect to its end.
+// tools/instrument/session.h: the connection of one client.
 #pragma once
 
 #include "tools/instrument/answers.h"
@@ -15,40 +15,40 @@ namespace tarvik {
 
 using LinkTime = std::chrono::steady_clock::time_point;
 
-/// Lets so many bytes through in a second.
+/// Limits the rate in bytes per second.
 class RateLimit {
 public:
     explicit RateLimit(std::int64_t bytesPerSecond);
 
-    /// Bytes that may pass now, at most `wanted`.
+    /// Bytes allowed now, at most `wanted`.
     size_t Allowed(LinkTime now, size_t wanted);
 
     void Passed(size_t count);
 
-    /// Milliseconds until something may pass; 0 when it may at once.
+    /// Milliseconds until bytes are allowed; 0 if they are now.
     int WaitMs(LinkTime now);
 
 private:
     void Refill(LinkTime now);
 
     double bytesPerSecond_ = 0;
-    double saved_ = 0; ///< bytes
-    double mostSaved_ = 0;
+    double allowance_ = 0; ///< bytes
+    double maxAllowance_ = 0;
     LinkTime refilled_{};
 };
 
-/// What is still to happen, over all clients.
+/// Faults still to come, across all clients.
 struct FaultPlan {
     std::vector<Fault> Faults;
     std::uint64_t CommandsSeen = 0;
 
-    /// Counts a command and takes out what happens at it.
+    /// Counts a command, and removes and returns the faults due at it.
     std::vector<FaultKind> CountCommand();
 };
 
 class Session {
 public:
-    /// `instrument`, `plan` and `options` stay the caller's.
+    /// `instrument`, `plan` and `options` must outlive this.
     Session(Descriptor socket, Instrument& instrument, FaultPlan& plan, const LinkOptions& options);
     ~Session();
     Session(const Session&) = delete;
@@ -59,14 +59,14 @@ public:
         return socket_.Number();
     }
 
-    /// Poll events to wait for, and for how long at most; -1 for ever.
+    /// Poll events to wait for, and the maximum wait in milliseconds; -1 means no limit.
     short WantedEvents(LinkTime now);
     int TimeoutMs(LinkTime now);
 
-    /// Does what can be done without waiting. False when the session is over.
+    /// Does all work that does not block. False if the session is over.
     [[nodiscard]] bool Service(short events, LinkTime now);
 
-    /// The client will send nothing more, but its answers are still on their way.
+    /// The client will send no more, but answers are still pending.
     bool IsEnding() const
     {
         return peerIsDone_;
@@ -90,14 +90,14 @@ private:
     Answers answers_;
     RateLimit sending_;
     RateLimit receiving_;
-    std::string buffer_; ///< what was received last
-    std::string_view input_; ///< the part of it that is not yet taken
-    LinkTime due_{}; ///< the input is not looked at before
+    std::string buffer_; ///< bytes received last
+    std::string_view input_; ///< the part of it not consumed yet
+    LinkTime due_{}; ///< input is not processed before
     bool peerIsDone_ = false;
     bool inputEnded_ = false;
     bool isDropped_ = false;
     bool isStalled_ = false;
-    bool isCounted_ = false; ///< the command whose block comes
+    bool isCounted_ = false; ///< the command of the current block
 };
 
 } // namespace tarvik

@@ -11,13 +11,13 @@ constexpr double kNoiseLevel = -6; // dBuV
 constexpr double kNoiseSpread = 7; // dB
 constexpr double kWeakestCarrier = 14; // dBuV
 constexpr double kCarrierSpread = 44; // dB
-constexpr SweepNumber kSweepsPerOver = 60; // a station stays on the air or silent for so long
+constexpr SweepNumber kSweepsPerOver = 60; // how long a station stays on the air or silent
 constexpr std::uint32_t kPercentOnAir = 55;
 constexpr double kFadingSweeps = 23;
 constexpr double kFading = 2.5; // dB
 
-/// Spreads a number over all 32 bits, so that neighbours have nothing in common.
-std::uint32_t Scramble(std::uint32_t value)
+/// Hashes a number to 32 bits, so that neighbours are uncorrelated.
+std::uint32_t Hash(std::uint32_t value)
 {
     value ^= value >> 16;
     value *= 0x7FEB352DU;
@@ -26,10 +26,10 @@ std::uint32_t Scramble(std::uint32_t value)
     return value ^ (value >> 16);
 }
 
-/// A number from 0 to 1 that belongs to two others.
-double Chance(std::uint32_t first, std::uint32_t second)
+/// A pseudo-random number from 0 to 1, determined by two others.
+double PseudoRandom(std::uint32_t first, std::uint32_t second)
 {
-    return Scramble(first ^ Scramble(second)) / 4294967295.0;
+    return Hash(first ^ Hash(second)) / 4294967295.0;
 }
 
 std::uint32_t KeyOf(const Carrier& carrier)
@@ -40,21 +40,21 @@ std::uint32_t KeyOf(const Carrier& carrier)
 bool IsOnAir(const Carrier& carrier, SweepNumber sweep)
 {
     const std::uint32_t key = KeyOf(carrier);
-    const SweepNumber over = (sweep + Scramble(key) % kSweepsPerOver) / kSweepsPerOver;
-    return Scramble(key ^ Scramble(over)) % 100 < kPercentOnAir;
+    const SweepNumber over = (sweep + Hash(key) % kSweepsPerOver) / kSweepsPerOver;
+    return Hash(key ^ Hash(over)) % 100 < kPercentOnAir;
 }
 
-/// Shape of a modulated carrier: rounded over its bandwidth, then falling steeply. In dB below its top.
-double Skirt(double offsetHz, double bandwidthHz)
+/// Shape of a modulated carrier in dB below its peak: rounded within the bandwidth, then falling steeply.
+double CarrierShape(double offsetHz, double bandwidthHz)
 {
     const double beyond = std::max(0.0, std::abs(offsetHz) / bandwidthHz - 0.12);
     return 170 * beyond * beyond;
 }
 
-/// Speech moves a carrier to and fro.
-double SwingHz(const Carrier& carrier, SweepNumber sweep)
+/// Deviation of a carrier by speech.
+double SpeechDeviationHz(const Carrier& carrier, SweepNumber sweep)
 {
-    return carrier.BandwidthHz * 0.16 * (Chance(KeyOf(carrier), sweep) - 0.5);
+    return carrier.BandwidthHz * 0.16 * (PseudoRandom(KeyOf(carrier), sweep) - 0.5);
 }
 
 } // namespace
@@ -64,8 +64,8 @@ double CarrierLevel(const Carrier& carrier, SweepNumber sweep)
     if (!IsOnAir(carrier, sweep))
         return kNoiseLevel;
     const std::uint32_t key = KeyOf(carrier);
-    return kWeakestCarrier + kCarrierSpread * Chance(key, 1)
-        + kFading * std::sin(sweep / kFadingSweeps + 6.28 * Chance(key, 2));
+    return kWeakestCarrier + kCarrierSpread * PseudoRandom(key, 1)
+        + kFading * std::sin(sweep / kFadingSweeps + 6.28 * PseudoRandom(key, 2));
 }
 
 std::vector<double> SweepLevels(
@@ -74,15 +74,15 @@ std::vector<double> SweepLevels(
     std::vector<double> levels(static_cast<size_t>(count));
     for (int point = 0; point < count; ++point) {
         const auto column = static_cast<std::uint32_t>(point);
-        const double spread = Chance(column, sweep) + Chance(column, ~sweep) - 1;
+        const double spread = PseudoRandom(column, sweep) + PseudoRandom(column, ~sweep) - 1;
         levels[column] = kNoiseLevel + kNoiseSpread * spread;
     }
     const double stepHz = spanHz / std::max(1, count - 1);
     const double startHz = centerHz - spanHz / 2;
     for (const Carrier& carrier : carriers) {
-        // A carrier that is narrower than a point is still seen.
+        // Keeps carriers narrower than a point visible.
         const double widthHz = std::max(carrier.BandwidthHz, 2 * stepHz);
-        const double middle = (carrier.FrequencyHz + SwingHz(carrier, sweep) - startHz) / stepHz;
+        const double middle = (carrier.FrequencyHz + SpeechDeviationHz(carrier, sweep) - startHz) / stepHz;
         const double reach = 1.5 * widthHz / stepHz;
         if (middle + reach < 0 || middle - reach > count - 1 || !IsOnAir(carrier, sweep))
             continue;
@@ -90,8 +90,8 @@ std::vector<double> SweepLevels(
         const int last = static_cast<int>(std::min<double>(count - 1, std::floor(middle + reach)));
         for (int point = static_cast<int>(std::max(0.0, std::ceil(middle - reach))); point <= last; ++point) {
             double& level = levels[static_cast<size_t>(point)];
-            const double ripple = 5 * (Chance(static_cast<std::uint32_t>(point), sweep + KeyOf(carrier)) - 0.5);
-            level = std::max(level, top + ripple - Skirt((point - middle) * stepHz, widthHz));
+            const double ripple = 5 * (PseudoRandom(static_cast<std::uint32_t>(point), sweep + KeyOf(carrier)) - 0.5);
+            level = std::max(level, top + ripple - CarrierShape((point - middle) * stepHz, widthHz));
         }
     }
     for (double& level : levels)

@@ -1,4 +1,4 @@
-// tools/instrument/spectrum.h: what the receiver hears: noise, and a carrier at each frequency of its memory list.
+// tools/instrument/spectrum.h: the simulated spectrum: noise, and a carrier at each frequency of the memory list.
 #pragma once
 
 #include <QString>
@@ -12,22 +12,22 @@ namespace tarvik {
 struct Carrier {
     double FrequencyHz = 0;
     double BandwidthHz = 15e3;
-    double SpanHz = 1e6; ///< that the display shows around it
-    int Demodulation = 0; ///< code, 0 is FM
+    double SpanHz = 1e6; ///< displayed around it
+    int Demodulation = 0; ///< code; 0 is FM
     QString Description;
 };
 
-/// Sweeps pass at an even pace; each has a number. The same number gives the same levels again.
+/// Number of a sweep, at a constant rate. The same number gives the same levels.
 using SweepNumber = std::uint32_t;
 
 inline constexpr double kLowestLevel = -20; ///< dBuV, bottom of the display
 inline constexpr double kHighestLevel = 80; ///< dBuV, its top
 
-/// Levels in dBuV of one sweep over `count` points, the span `centerHz` plus and minus half of `spanHz`.
+/// Levels in dBuV of one sweep over `count` points in the span `spanHz` around `centerHz`.
 std::vector<double> SweepLevels(
     const std::vector<Carrier>& carriers, double centerHz, double spanHz, int count, SweepNumber sweep);
 
-/// Level in dBuV at the antenna of one carrier; the noise's level while it is silent.
+/// Level in dBuV of one carrier at the antenna; the noise level while it is silent.
 double CarrierLevel(const Carrier& carrier, SweepNumber sweep);
 
 } // namespace tarvik

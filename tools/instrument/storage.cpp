@@ -52,7 +52,7 @@ bool IsLocked(const struct stat& status)
     return (status.st_mode & kAnyoneWrites) == 0;
 }
 
-/// The time in local fields. One that a receiver's disk has no year for becomes its first day.
+/// Local time fields of a time stamp; years outside the range of the file system become its first day.
 std::tm StampOf(std::time_t changed)
 {
     std::tm stamp{};
@@ -104,10 +104,10 @@ bool Storage::Open(const std::string& folder, std::uint64_t capacityBytes, std::
         return false;
     }
     if (::flock(privateFolder_.Number(), LOCK_EX | LOCK_NB) != 0) {
-        reason = "another receiver works in it";
+        reason = "another receiver is using it";
         return false;
     }
-    ::unlinkat(privateFolder_.Number(), kIncoming, 0); // of a receiver that ended while it stored
+    ::unlinkat(privateFolder_.Number(), kIncoming, 0); // left by a receiver that was killed while storing
     return true;
 }
 
@@ -159,7 +159,7 @@ InstrumentError Storage::MakeFolder(const WirePath& path, std::string_view name)
     if (!fits)
         return InstrumentError::FileName;
     const int result = ::mkdirat(place.Folder.Number(), place.DiskName.c_str(), kFolderMode);
-    // Something that no client sees may stand there.
+    // The existing entry may be invisible to clients.
     return result != 0 && errno == EEXIST ? InstrumentError::FileName : ResultOf(result);
 }
 
@@ -182,7 +182,8 @@ InstrumentError Storage::OpenFile(
     return OpenDiskFile(found.Folder.Number(), found.DiskName, file, size) ? InstrumentError::None : ErrorOf(errno);
 }
 
-InstrumentError Storage::BeginStore(const WirePath& path, std::string_view name, StorePlace place, std::uint64_t size)
+InstrumentError Storage::BeginStore(
+    const WirePath& path, std::string_view name, StoreReplaces place, std::uint64_t size)
 {
     AbandonStore();
     const auto diskName = DiskName(name);
@@ -258,7 +259,7 @@ InstrumentError Storage::PlaceIncoming()
         return error;
     if (::renameat(from, kIncoming, folder.Number(), target_.Name.c_str()) != 0)
         return ErrorOf(errno);
-    if (target_.Place == StorePlace::Beside)
+    if (target_.Place == StoreReplaces::SameName)
         return InstrumentError::None;
     for (const DiskEntry& entry : DiskEntries(folder.Number())) {
         if (S_ISREG(entry.Status.st_mode) && entry.Name != target_.Name)
@@ -280,7 +281,7 @@ InstrumentError Storage::CheckTarget(const Target& target) const
         return InstrumentError::FileName;
     if (!isNew && IsLocked(old))
         return InstrumentError::Protected;
-    if (target.Place == StorePlace::Beside)
+    if (target.Place == StoreReplaces::SameName)
         return InstrumentError::None;
     const std::vector<DiskEntry> others = DiskEntries(folder.Number());
     const bool isHeld = std::any_of(others.begin(), others.end(),

@@ -1,7 +1,6 @@
-// tools/instrument/storage.h: the receiver's disk: a folder of this machine, which no name leads out of.
-//
-// Symbolic links, pipes and devices below that folder are not there for a client. What is written becomes visible when
-// it is complete, in one step. A file without any permission to write counts as locked.
+// tools/instrument/storage.h: the receiver's disk, a folder of this machine that no name can escape.
+// Symbolic links, pipes and devices in that folder are invisible to clients. Files appear atomically when complete. A
+// file without any write permission counts as locked.
 #pragma once
 
 #include "tools/instrument/descriptor.h"
@@ -17,18 +16,18 @@
 
 namespace tarvik {
 
-/// Bytes of a file that is stored at most.
+/// Maximum size of a stored file.
 inline constexpr std::uint64_t kMaxFileBytes = 256ULL * 1024 * 1024;
 
-/// Years that a stamp can have.
+/// Range of years in time stamps.
 inline constexpr int kFirstYear = 1980;
 inline constexpr int kLastYear = 2107;
 
 struct StorageEntry {
     std::string Name; ///< Windows-1252
     bool IsFolder = false;
-    std::uint64_t SizeBytes = 0; ///< 0 of a folder
-    std::tm Stamp{}; ///< last change, local time; tm_year counts from 1900, tm_mon from 0
+    std::uint64_t SizeBytes = 0; ///< 0 for a folder
+    std::tm Stamp{}; ///< local time of the last change; tm_year counts from 1900, tm_mon from 0
 };
 
 struct StorageUsage {
@@ -36,21 +35,21 @@ struct StorageUsage {
     std::uint64_t FreeBytes = 0;
 };
 
-/// What replaces what when a file is stored.
-enum class StorePlace {
-    Beside, ///< a file of the same name
-    Alone ///< every file of its folder
+/// What a stored file replaces.
+enum class StoreReplaces {
+    SameName, ///< a file of the same name
+    WholeFolder ///< every file of its folder
 };
 
 class Storage {
 public:
-    /// Opens `folder`, made if it is not there. False if that fails or another receiver works in it; `reason` tells.
+    /// Opens `folder`, created if missing. False if that fails or another receiver uses it; `reason` says why.
     [[nodiscard]] bool Open(const std::string& folder, std::uint64_t capacityBytes, std::string& reason);
 
-    /// Nothing but the receiver's own folder is there.
+    /// True if it contains nothing but the receiver's private folder.
     bool IsEmpty() const;
 
-    /// Path on the disk of the folder that was opened.
+    /// Path of the opened folder on the disk.
     const std::string& Root() const
     {
         return root_;
@@ -58,21 +57,21 @@ public:
 
     bool HasFolder(const WirePath& path) const;
 
-    /// Entries that a client can name, sorted by name.
+    /// Entries visible to a client, sorted by name.
     InstrumentError List(const WirePath& path, std::vector<StorageEntry>& entries) const;
 
-    /// NotFound when there is none.
+    /// NotFound if there is none.
     InstrumentError Find(const WirePath& path, std::string_view name, StorageEntry& entry) const;
 
     InstrumentError MakeFolder(const WirePath& path, std::string_view name);
     InstrumentError RemoveFolder(const WirePath& path, std::string_view name);
 
-    /// Opens a file to be read.
+    /// Opens a file for reading.
     InstrumentError OpenFile(const WirePath& path, std::string_view name, Descriptor& file, std::uint64_t& size) const;
 
-    /// Storing: the target and the room are checked, then the bytes come, then the file takes its place. Room that
-    /// was found is not looked for again until it is used up: it takes a walk over the whole disk.
-    InstrumentError BeginStore(const WirePath& path, std::string_view name, StorePlace place, std::uint64_t size);
+    /// Storing: checks target and free space, then receives the bytes, then puts the file in place. The free space is
+    /// cached until used up, since finding it walks the whole disk.
+    InstrumentError BeginStore(const WirePath& path, std::string_view name, StoreReplaces place, std::uint64_t size);
     InstrumentError Store(std::string_view bytes);
     InstrumentError EndStore();
     void AbandonStore();
@@ -83,13 +82,13 @@ public:
     InstrumentError SetLocked(const WirePath& path, std::string_view name, bool locked);
     InstrumentError GetLocked(const WirePath& path, std::string_view name, bool& locked) const;
 
-    /// Sets the date or the time of day alone, from those fields of `stamp`.
+    /// Sets only the date, or only the time of day, from those fields of `stamp`.
     InstrumentError SetDate(const WirePath& path, std::string_view name, const std::tm& stamp);
     InstrumentError SetTime(const WirePath& path, std::string_view name, const std::tm& stamp);
 
     StorageUsage Usage() const;
 
-    /// The file in the receiver's own folder that keeps its active settings.
+    /// The file in the private folder that holds the active settings.
     InstrumentError OpenActive(Descriptor& file, std::uint64_t& size) const;
     InstrumentError BeginStoreActive(std::uint64_t size);
 
@@ -97,10 +96,10 @@ private:
     struct Target {
         WirePath Path;
         std::string Name; ///< on the disk; empty for the active settings
-        StorePlace Place = StorePlace::Beside;
+        StoreReplaces Place = StoreReplaces::SameName;
     };
 
-    /// What stands under a name. The folder is open even if it is only the name that is not there.
+    /// Result of resolving a name. The folder is open even if only the name is missing.
     struct Located {
         Descriptor Folder;
         std::string DiskName;
@@ -109,7 +108,7 @@ private:
 
     InstrumentError OpenFolder(const WirePath& path, Descriptor& folder) const;
     InstrumentError Locate(const WirePath& path, std::string_view name, Located& found) const;
-    InstrumentError LocateFile(const WirePath& path, std::string_view name, Located& found) const; ///< no folder
+    InstrumentError LocateFile(const WirePath& path, std::string_view name, Located& found) const; ///< not a folder
     InstrumentError CheckTarget(const Target& target) const;
     InstrumentError OpenIncoming(std::uint64_t size);
     InstrumentError PlaceIncoming();
@@ -117,7 +116,7 @@ private:
 
     std::string root_;
     std::uint64_t capacityBytes_ = 0;
-    std::uint64_t roomLeft_ = 0; ///< bytes of what the last walk found free, less what was stored since
+    std::uint64_t roomLeft_ = 0; ///< bytes free at the last walk, less those stored since
     Descriptor rootFolder_;
     Descriptor privateFolder_;
     Descriptor incoming_;

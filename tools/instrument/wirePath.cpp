@@ -8,7 +8,7 @@ namespace tarvik {
 
 namespace {
 
-/// Bytes 81, 8D, 8F, 90 and 9D have no character.
+/// Bytes 81, 8D, 8F, 90 and 9D are unassigned in Windows-1252.
 constexpr std::string_view kUnassigned = "\x81\x8D\x8F\x90\x9D";
 
 bool IsNameByte(char byte)
@@ -69,7 +69,7 @@ std::optional<std::string> WireName(std::string_view diskName)
     if (!IsAnsi(text))
         return {};
     std::string name = ToAnsi(text).toStdString();
-    // A name that does not come back as it was would be listed and then not found.
+    // A name that does not round-trip would be listed but not found.
     return DiskName(name) == diskName ? std::optional(name) : std::nullopt;
 }
 

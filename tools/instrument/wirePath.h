@@ -1,4 +1,4 @@
-// tools/instrument/wirePath.h: names and paths as a client writes them, in Windows-1252, and as they are on the disk.
+// tools/instrument/wirePath.h: names and paths on the wire, in Windows-1252, and on the disk.
 #pragma once
 
 #include <optional>
@@ -8,32 +8,32 @@
 
 namespace tarvik {
 
-/// Folders from the root. Empty is the root.
+/// Folders from the root; empty for the root.
 using WirePath = std::vector<std::string>;
 
-/// Longest path as text, so that a client's buffers hold it.
+/// Maximum length of a path as text, so that it fits clients' buffers.
 inline constexpr size_t kMaxPathBytes = 1000;
 
-/// Folders inside each other.
+/// Maximum nesting depth of folders.
 inline constexpr size_t kMaxPathFolders = 20;
 
-/// The receiver's own folder under the root. No client sees it or reaches into it.
+/// The receiver's private folder under the root, invisible and inaccessible to clients.
 inline constexpr const char* kPrivateFolder = ".instrument";
 
-/// `\` and the folders with `\` between them.
+/// `\` followed by the folders, separated by `\`.
 std::string PathText(const WirePath& path);
 
-/// Follows `text` from `start`: absolute with `\` in front, `..` to the folder above, which for the root is the root
-/// itself. None if a part is no name, or the path is too long.
+/// Resolves `text` relative to `start`: absolute with a leading `\`; `..` is the parent, for the root the root
+/// itself. None if a part is not a valid name, or the path is too long.
 std::optional<WirePath> FollowPath(const WirePath& start, std::string_view text);
 
-/// True for what can name a file or folder: no separator, no control character, not empty, not `.` or `..`.
+/// True for a valid name of a file or folder: not empty, no separator or control character, not `.` or `..`.
 bool IsWireName(std::string_view name);
 
-/// The name on the disk, in UTF-8; none if `name` can name nothing.
+/// The name on the disk, in UTF-8; none if `name` is invalid.
 std::optional<std::string> DiskName(std::string_view name);
 
-/// The name for a client; none if it has characters that a client can not write.
+/// The name on the wire; none if it has characters outside Windows-1252.
 std::optional<std::string> WireName(std::string_view diskName);
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// The commands on the receiver itself, the error queue, and how commands stand together on a line.
+// Commands of the receiver itself, the error queue, and several commands per line.
 #include "tests/tools/instrument/deskInstrument.h"
 
 #include "tools/instrument/receiver.h"
@@ -14,14 +14,14 @@ TEST(InstrumentCommands, IdentifyThemselves)
     EXPECT_EQ(desk.Say("*OPC?\n"), "1\n");
 }
 
-TEST(InstrumentCommands, TakeLongAndShortFormsInAnyCase)
+TEST(InstrumentCommands, AcceptLongAndShortFormsInAnyCase)
 {
     DeskInstrument desk;
     EXPECT_EQ(desk.Say("mmem:cdir?\nMMEMORY:CDIRectory?\nSystem:Error?\nsyst:err:next?\n"),
         "\"\\\"\n\"\\\"\n0,\"No error\"\n0,\"No error\"\n");
 }
 
-TEST(InstrumentCommands, ErrorsAreToldOldestFirstAndOnce)
+TEST(InstrumentCommands, ErrorsAreReportedOldestFirstAndOnce)
 {
     DeskInstrument desk;
     EXPECT_EQ(desk.Say("NONSENSE\nMMEM:DEL ALL,\"none\"\n"), "");
@@ -29,13 +29,13 @@ TEST(InstrumentCommands, ErrorsAreToldOldestFirstAndOnce)
         desk.Say("SYST:ERR?;ERR?;ERR?\n"), "-100,\"Command error\"\n-256,\"File name not found\"\n0,\"No error\"\n");
 }
 
-TEST(InstrumentCommands, ClearingForgetsTheErrors)
+TEST(InstrumentCommands, ClearRemovesErrors)
 {
     DeskInstrument desk;
     EXPECT_EQ(desk.Say("NONSENSE;*CLS;SYST:ERR?\n"), "0,\"No error\"\n");
 }
 
-TEST(InstrumentCommands, AFullQueueTellsSo)
+TEST(InstrumentCommands, FullQueueReportsOverflow)
 {
     DeskInstrument desk;
     for (size_t i = 0; i < 2 * ErrorQueue::kPlaces; ++i)
@@ -59,7 +59,7 @@ TEST(InstrumentCommands, RefuseWrongParameters)
     }
 }
 
-TEST(InstrumentCommands, RefuseAQueryThatIsNoneAndACommandThatIsOne)
+TEST(InstrumentCommands, RefuseQueryOfCommandAndCommandOfQuery)
 {
     DeskInstrument desk;
     for (const char* line :
@@ -69,7 +69,7 @@ TEST(InstrumentCommands, RefuseAQueryThatIsNoneAndACommandThatIsOne)
     }
 }
 
-TEST(InstrumentCommands, GoOnFromTheBranchOfTheFormerOneOnTheSameLine)
+TEST(InstrumentCommands, RelativeHeadersContinueFromPreviousCommand)
 {
     DeskInstrument desk;
     EXPECT_EQ(desk.Say("MMEM:CDIR \"\\Public\";*OPC?;CDIR?;:MMEM:CDIR?;SYST:ERR?\n"),
@@ -80,19 +80,19 @@ TEST(InstrumentCommands, GoOnFromTheBranchOfTheFormerOneOnTheSameLine)
     EXPECT_EQ(desk.Error(), "-100");
 }
 
-TEST(InstrumentCommands, SurviveABadNeighbour)
+TEST(InstrumentCommands, InvalidCommandDoesNotAffectOthers)
 {
     DeskInstrument desk;
     EXPECT_EQ(desk.Say("NONSENSE;*OPC?\n\"\n*OPC?\n"), "1\n1\n");
 }
 
-TEST(InstrumentCommands, SendTheDisplayAsABlock)
+TEST(InstrumentCommands, SendDisplayAsBlock)
 {
     DeskInstrument desk;
     EXPECT_EQ(desk.Say("DISP:WIND:FETC?\n"), "#19(picture)\n");
 }
 
-TEST(InstrumentCommands, ARefusalMeetsTheNextCommandThatDoesSomething)
+TEST(InstrumentCommands, RefusalAppliesToNextEffectiveCommand)
 {
     DeskInstrument desk;
     desk.RefuseNext();
@@ -102,7 +102,7 @@ TEST(InstrumentCommands, ARefusalMeetsTheNextCommandThatDoesSomething)
     EXPECT_EQ(desk.Error(), "0");
 }
 
-TEST(InstrumentCommands, ARefusedBlockLeavesTheFile)
+TEST(InstrumentCommands, RefusedBlockKeepsFile)
 {
     DeskInstrument desk;
     desk.Put("f", "old");
@@ -115,7 +115,7 @@ TEST(InstrumentCommands, ARefusedBlockLeavesTheFile)
     EXPECT_EQ(desk.Error(), "-250");
 }
 
-TEST(InstrumentAnswers, BlocksTellTheirLength)
+TEST(InstrumentAnswers, BlocksStateTheirLength)
 {
     EXPECT_EQ(BlockHeader(0), "#10");
     EXPECT_EQ(BlockHeader(9), "#19");
@@ -123,7 +123,7 @@ TEST(InstrumentAnswers, BlocksTellTheirLength)
     EXPECT_EQ(BlockHeader(268435456), "#9268435456");
 }
 
-TEST(InstrumentAnswers, ACutBlockHasHalfItsBytes)
+TEST(InstrumentAnswers, CutBlockHasHalfItsBytes)
 {
     Answers answers;
     answers.CutNextBlock();
@@ -134,7 +134,7 @@ TEST(InstrumentAnswers, ACutBlockHasHalfItsBytes)
     EXPECT_EQ(answers.Peek(100), "first\n#10\n#16abc\n#12gh\n");
 }
 
-TEST(InstrumentAnswers, TellWhenEnoughIsWaiting)
+TEST(InstrumentAnswers, ReportFullQueue)
 {
     const std::string piece(300000, 'x');
     Answers answers;

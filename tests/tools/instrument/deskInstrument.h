@@ -16,19 +16,19 @@ public:
 
     DeskInstrument();
 
-    /// Everything that is answered to `bytes`.
+    /// Everything sent in answer to `bytes`.
     std::string Say(std::string_view bytes);
 
-    /// The code of the oldest error: "0" when there is none.
+    /// The code of the oldest error; "0" if there is none.
     std::string Error();
 
-    /// Path on the disk of a file, by its path with `/` between.
+    /// Path on the disk of a file, given with `/` as separator.
     std::string Path(const std::string& name) const;
 
-    /// Puts a file onto the disk from outside.
+    /// Creates a file on the disk directly.
     void Put(const std::string& name, const std::string& content) const;
 
-    /// Content of a file on the disk; "(none)" if it is not there.
+    /// Content of a file on the disk; "(none)" if it does not exist.
     std::string Content(const std::string& name) const;
 
     Storage& Disk()

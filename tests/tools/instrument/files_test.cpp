@@ -25,7 +25,7 @@ protected:
         return desk_.Say(bytes);
     }
 
-    /// Says a line that must be refused with an error and no answer.
+    /// Expects that a line is refused with an error and no answer.
     void ExpectRefused(const std::string& line, const char* error)
     {
         EXPECT_EQ(Say(line + '\n'), "") << line;
@@ -35,7 +35,7 @@ protected:
     DeskInstrument desk_;
 };
 
-TEST_F(InstrumentFiles, BeginsAtTheRoot)
+TEST_F(InstrumentFiles, StartsAtRoot)
 {
     EXPECT_EQ(Say("MMEM:CDIR?\n"), "\"\\\"\n");
 }
@@ -48,7 +48,7 @@ TEST_F(InstrumentFiles, FollowsAbsoluteAndRelativePaths)
     EXPECT_EQ(desk_.Error(), "0");
 }
 
-TEST_F(InstrumentFiles, NeverLeavesTheRoot)
+TEST_F(InstrumentFiles, NeverLeavesRoot)
 {
     EXPECT_EQ(Say("MMEM:CDIR \"..\\..\\..\";CDIR?\n"), "\"\\\"\n");
     EXPECT_EQ(Say("MMEM:CDIR \"\\..\\Public\\..\\..\\Public\";CDIR?\n"), "\"\\Public\"\n");
@@ -57,7 +57,7 @@ TEST_F(InstrumentFiles, NeverLeavesTheRoot)
     EXPECT_EQ(Say("MMEM:CDIR?\n"), "\"\\Public\"\n");
 }
 
-TEST_F(InstrumentFiles, NamesLeadNowhere)
+TEST_F(InstrumentFiles, NamesCannotEscape)
 {
     for (const char* name : { "", ".", "..", "..\\x", "a\\b", "/etc/passwd", "../x", "a\x01", "\x7F", "\x81" }) {
         const std::string quoted = '"' + std::string(name) + '"';
@@ -73,7 +73,7 @@ TEST_F(InstrumentFiles, NamesLeadNowhere)
     }
 }
 
-TEST_F(InstrumentFiles, ItsOwnFolderIsNotThere)
+TEST_F(InstrumentFiles, PrivateFolderIsInvisible)
 {
     EXPECT_EQ(Say("MMEM:CAT? ALL\n").find(".instrument"), std::string::npos);
     ExpectRefused("MMEM:CDIR \"\\.instrument\"", "-257");
@@ -82,7 +82,7 @@ TEST_F(InstrumentFiles, ItsOwnFolderIsNotThere)
     ExpectRefused("MMEM:EXIS? ALL,\".instrument\"", "-257");
 }
 
-TEST_F(InstrumentFiles, LinksAreNotThere)
+TEST_F(InstrumentFiles, LinksAreInvisible)
 {
     ASSERT_EQ(::symlink("/etc", desk_.Path("Public/out").c_str()), 0);
     ASSERT_EQ(::symlink("/etc/hostname", desk_.Path("Public/host").c_str()), 0);
@@ -95,7 +95,7 @@ TEST_F(InstrumentFiles, LinksAreNotThere)
     EXPECT_EQ(Say("MMEM:CAT? ALL\n").find("host"), std::string::npos);
 }
 
-TEST_F(InstrumentFiles, MakesAndRemovesFolders)
+TEST_F(InstrumentFiles, CreatesAndRemovesFolders)
 {
     EXPECT_EQ(Say("MMEM:MDIR \"New\";EXIS? ALL,\"New\"\n"), "1,DIR\n");
     ExpectRefused("MMEM:MDIR \"New\"", "-257");
@@ -108,7 +108,7 @@ TEST_F(InstrumentFiles, MakesAndRemovesFolders)
     EXPECT_EQ(desk_.Error(), "0");
 }
 
-TEST_F(InstrumentFiles, FoldersNestOnlySoDeep)
+TEST_F(InstrumentFiles, LimitsFolderDepth)
 {
     for (size_t i = 0; i < kMaxPathFolders; ++i)
         EXPECT_EQ(Say("MMEM:MDIR \"d\";CDIR \"d\"\n"), "");
@@ -116,7 +116,7 @@ TEST_F(InstrumentFiles, FoldersNestOnlySoDeep)
     ExpectRefused("MMEM:MDIR \"d\"", "-257");
 }
 
-TEST_F(InstrumentFiles, PathsAreOnlySoLong)
+TEST_F(InstrumentFiles, LimitsPathLength)
 {
     const std::string name(240, 'n');
     for (int i = 0; i < 4; ++i)
@@ -126,7 +126,7 @@ TEST_F(InstrumentFiles, PathsAreOnlySoLong)
     ExpectRefused("MMEM:DATA ALL,\"" + std::string(300, 'n') + "\",#11x", "-257");
 }
 
-TEST_F(InstrumentFiles, ItsWorkingFoldersStay)
+TEST_F(InstrumentFiles, WorkingFoldersCannotBeRemoved)
 {
     ExpectRefused("MMEM:RDIR \"Public\"", "-258");
     EXPECT_EQ(Say("MMEM:CDIR \"\\Public\"\n"), "");
@@ -143,7 +143,7 @@ TEST_F(InstrumentFiles, ListsNameKindSizeAndStamp)
     EXPECT_TRUE(answer.ends_with(",\"a.png\",FILE,5,2025,3,7,4,5,6\n")) << answer;
 }
 
-TEST_F(InstrumentFiles, StampsDateAndTimeApart)
+TEST_F(InstrumentFiles, SetsDateAndTimeSeparately)
 {
     desk_.Put("f", "x");
     EXPECT_EQ(Say("MMEM:FILE:TIME \"f\", 1, 2, 3;:MMEM:FILE:DATE \"f\", 2024, 2, 29\n"), "");
@@ -154,15 +154,15 @@ TEST_F(InstrumentFiles, StampsDateAndTimeApart)
     ExpectRefused("MMEM:FILE:DATE \"Public\",2024,2,29", "-256");
 }
 
-TEST_F(InstrumentFiles, ListsNoStampThatTheDiskCanNotHold)
+TEST_F(InstrumentFiles, ClampsTimeStamps)
 {
     desk_.Put("f", "x");
-    const timespec times[2] = { { 0, UTIME_OMIT }, { 3 * 86400, 0 } }; // of 1970
+    const timespec times[2] = { { 0, UTIME_OMIT }, { 3 * 86400, 0 } }; // 1970
     ASSERT_EQ(::utimensat(AT_FDCWD, desk_.Path("f").c_str(), times, 0), 0);
     EXPECT_NE(Say("MMEM:CAT? ALL\n").find("\"f\",FILE,1,1980,1,1,0,0,0"), std::string::npos);
 }
 
-TEST_F(InstrumentFiles, NamesTravelAsWindows1252)
+TEST_F(InstrumentFiles, NamesAreWindows1252)
 {
     EXPECT_EQ(Say("MMEM:DATA ALL,\"M\xE4rz, \"\"7\"\" \x80.png\",#11x\n"), "");
     EXPECT_EQ(desk_.Content("März, \"7\" €.png"), "x");
@@ -171,7 +171,7 @@ TEST_F(InstrumentFiles, NamesTravelAsWindows1252)
     EXPECT_EQ(desk_.Error(), "0");
 }
 
-TEST_F(InstrumentFiles, NamesThatNoClientCanWriteAreNotListed)
+TEST_F(InstrumentFiles, NamesOutsideWindows1252AreNotListed)
 {
     desk_.Put("Ωmega", "x");
     desk_.Put("back\\slash", "x");
@@ -180,7 +180,7 @@ TEST_F(InstrumentFiles, NamesThatNoClientCanWriteAreNotListed)
     EXPECT_EQ(answer.find("slash"), std::string::npos);
 }
 
-TEST_F(InstrumentFiles, FamilyCommandsUseTheFolderOfTheFamily)
+TEST_F(InstrumentFiles, FamilyCommandsUseFamilyFolder)
 {
     EXPECT_EQ(Say("MMEM:CDIR \"\\Public\\Screen Shots\";DATA KFAC,\"k.tvk\",#13abc\n"), "");
     EXPECT_EQ(desk_.Content(std::string(kKfactor) + "k.tvk"), "abc");
@@ -196,7 +196,7 @@ TEST_F(InstrumentFiles, FamiliesListNoFolders)
     EXPECT_EQ(Say("MMEM:CDIR \"\\Public\\K-Factor Table\";MDIR \"Sub\";CAT? KFAC\n"), "0,100000\n");
 }
 
-TEST_F(InstrumentFiles, HoldsOneListOfEachOfThreeFamilies)
+TEST_F(InstrumentFiles, ThreeFamiliesHoldOneListEach)
 {
     EXPECT_EQ(Say("MMEM:DATA MEM,\"one.tvm\",#11a;DATA MEM,\"two.tvm\",#11b\n"), "");
     EXPECT_EQ(desk_.Content(std::string(kMemory) + "one.tvm"), "(none)");
@@ -206,7 +206,7 @@ TEST_F(InstrumentFiles, HoldsOneListOfEachOfThreeFamilies)
     EXPECT_EQ(desk_.Error(), "0");
 }
 
-TEST_F(InstrumentFiles, StoresAnyBytesAndNone)
+TEST_F(InstrumentFiles, StoresAnyBytesAndEmptyFiles)
 {
     std::string all;
     for (int byte = 0; byte < 256; ++byte)
@@ -216,7 +216,7 @@ TEST_F(InstrumentFiles, StoresAnyBytesAndNone)
     EXPECT_EQ(desk_.Error(), "0");
 }
 
-TEST_F(InstrumentFiles, AnUnknownFileIsAnEmptyBlockAndAnError)
+TEST_F(InstrumentFiles, MissingFileGivesEmptyBlockAndError)
 {
     EXPECT_EQ(Say("MMEM:DATA? ALL,\"none\"\n"), "#10\n");
     EXPECT_EQ(desk_.Error(), "-256");
@@ -224,7 +224,7 @@ TEST_F(InstrumentFiles, AnUnknownFileIsAnEmptyBlockAndAnError)
     EXPECT_EQ(desk_.Error(), "-256");
 }
 
-TEST_F(InstrumentFiles, AFileTakesItsPlaceWhenItIsComplete)
+TEST_F(InstrumentFiles, FileAppearsWhenComplete)
 {
     desk_.Put("f", "old");
     EXPECT_EQ(Say("MMEM:DATA ALL,\"f\",#15hel"), "");
@@ -235,7 +235,7 @@ TEST_F(InstrumentFiles, AFileTakesItsPlaceWhenItIsComplete)
     EXPECT_EQ(desk_.Content("f"), "hello");
 }
 
-TEST_F(InstrumentFiles, SomethingBehindTheBlockLeavesTheFile)
+TEST_F(InstrumentFiles, DataAfterBlockKeepsFile)
 {
     desk_.Put("f", "old");
     ExpectRefused("MMEM:DATA ALL,\"f\",#15helloX", "-100");
@@ -243,7 +243,7 @@ TEST_F(InstrumentFiles, SomethingBehindTheBlockLeavesTheFile)
     EXPECT_FALSE(std::filesystem::exists(desk_.Path(".instrument/incoming")));
 }
 
-TEST_F(InstrumentFiles, RefusesWhatDoesNotFit)
+TEST_F(InstrumentFiles, RefusesFileLargerThanFreeSpace)
 {
     desk_.Put("f", "old");
     ExpectRefused("MMEM:DATA ALL,\"f\",#6099998" + std::string(99998, 'x'), "-254");
@@ -253,7 +253,7 @@ TEST_F(InstrumentFiles, RefusesWhatDoesNotFit)
     EXPECT_EQ(desk_.Error(), "0");
 }
 
-TEST_F(InstrumentFiles, RefusesASecondFileThatDoesNotFitBesideTheFirst)
+TEST_F(InstrumentFiles, RefusesSecondFileLargerThanRemainingSpace)
 {
     const std::string most(60000, 'x');
     EXPECT_EQ(Say("MMEM:DATA ALL,\"f\",#560000" + most + '\n'), "");
@@ -261,7 +261,7 @@ TEST_F(InstrumentFiles, RefusesASecondFileThatDoesNotFitBesideTheFirst)
     EXPECT_EQ(desk_.Content("g"), "(none)");
 }
 
-TEST_F(InstrumentFiles, FindsTheRoomThatARemovedFileLeaves)
+TEST_F(InstrumentFiles, ReclaimsSpaceOfRemovedFile)
 {
     const std::string most(60000, 'x');
     EXPECT_EQ(Say("MMEM:DATA ALL,\"f\",#560000" + most + ";:MMEM:DEL ALL,\"f\"\n"), "");
@@ -269,20 +269,20 @@ TEST_F(InstrumentFiles, FindsTheRoomThatARemovedFileLeaves)
     EXPECT_EQ(desk_.Error(), "0");
 }
 
-TEST_F(InstrumentFiles, ANameThatIsTooLongIsRefusedBeforeItsBytesAreTaken)
+TEST_F(InstrumentFiles, RefusesTooLongNameBeforeReceivingBytes)
 {
     EXPECT_EQ(Say("MMEM:DATA ALL,\"" + std::string(300, 'n') + "\",#15he"), "");
     EXPECT_FALSE(std::filesystem::exists(desk_.Path(".instrument/incoming")));
 }
 
-TEST_F(InstrumentFiles, StaysInStepBehindARefusedBlock)
+TEST_F(InstrumentFiles, StaysInSyncAfterRefusedBlock)
 {
     EXPECT_EQ(Say("MMEM:DATA ALL,\"a\\b\",#18\n*IDN?\n;;*OPC?\n"), "1\n");
     EXPECT_EQ(desk_.Error(), "-257");
     EXPECT_EQ(desk_.Error(), "0");
 }
 
-TEST_F(InstrumentFiles, AFolderIsNotReplacedByAFile)
+TEST_F(InstrumentFiles, FileDoesNotReplaceFolder)
 {
     ExpectRefused("MMEM:DATA ALL,\"Public\",#11x", "-257");
     EXPECT_EQ(Say("MMEM:EXIS? ALL,\"Public\"\n"), "1,DIR\n");
@@ -297,7 +297,7 @@ TEST_F(InstrumentFiles, RemovesFilesOnly)
     ExpectRefused("MMEM:DEL ALL,\"Public\"", "-256");
 }
 
-TEST_F(InstrumentFiles, RenamesFilesAndFoldersOntoFreeNames)
+TEST_F(InstrumentFiles, RenamesFilesAndFoldersToFreeNames)
 {
     desk_.Put("f", "x");
     EXPECT_EQ(
@@ -309,7 +309,7 @@ TEST_F(InstrumentFiles, RenamesFilesAndFoldersOntoFreeNames)
     EXPECT_EQ(desk_.Content("g"), "x");
 }
 
-TEST_F(InstrumentFiles, ALockedFileIsNotReplacedRenamedOrRemoved)
+TEST_F(InstrumentFiles, LockedFileIsNotReplacedRenamedOrRemoved)
 {
     desk_.Put("f", "x");
     EXPECT_EQ(Say("SYST:SET:LOCK? \"f\";LOCK \"f\";LOCK? \"f\"\n"), "0\n1\n");
@@ -322,7 +322,7 @@ TEST_F(InstrumentFiles, ALockedFileIsNotReplacedRenamedOrRemoved)
     EXPECT_EQ(desk_.Error(), "0");
 }
 
-TEST_F(InstrumentFiles, ALockThatComesWhileAFileIsStoredHolds)
+TEST_F(InstrumentFiles, LockSetWhileStoringIsHonoured)
 {
     desk_.Put("f", "old");
     EXPECT_EQ(Say("MMEM:DATA ALL,\"f\",#13ne"), "");
@@ -332,7 +332,7 @@ TEST_F(InstrumentFiles, ALockThatComesWhileAFileIsStoredHolds)
     EXPECT_FALSE(std::filesystem::exists(desk_.Path(".instrument/incoming")));
 }
 
-TEST_F(InstrumentFiles, ALockedListIsNotReplacedByAnother)
+TEST_F(InstrumentFiles, LockedListIsNotReplacedByAnother)
 {
     desk_.Put(std::string(kMemory) + "one.tvm", "x");
     EXPECT_EQ(Say("MMEM:CDIR \"\\Public\\Memory List\";:SYST:SET:LOCK \"one.tvm\"\n"), "");
@@ -348,7 +348,7 @@ TEST_F(InstrumentFiles, OnlyFilesAreLocked)
     ExpectRefused("SYST:SET:UNLOCK \"Public\"", "-256");
 }
 
-TEST_F(InstrumentFiles, KeepsItsActiveSettingsApart)
+TEST_F(InstrumentFiles, KeepsActiveSettingsSeparately)
 {
     EXPECT_EQ(Say("MMEM:ACT:DATA?\n"), "#10\n");
     EXPECT_EQ(desk_.Error(), "-256");
@@ -357,7 +357,7 @@ TEST_F(InstrumentFiles, KeepsItsActiveSettingsApart)
     EXPECT_EQ(Say("MMEM:CAT? ALL\n").find("active"), std::string::npos);
 }
 
-TEST_F(InstrumentFiles, WhatAReceiverWithoutPowerLeftTakesNoRoom)
+TEST_F(InstrumentFiles, LeftoverOfKilledReceiverTakesNoSpace)
 {
     const QTemporaryDir folder;
     const std::filesystem::path own = folder.filePath(".instrument").toStdString();
@@ -369,12 +369,12 @@ TEST_F(InstrumentFiles, WhatAReceiverWithoutPowerLeftTakesNoRoom)
     EXPECT_EQ(storage.Usage().UsedBytes, 0U);
 }
 
-TEST_F(InstrumentFiles, OneReceiverWorksInAFolder)
+TEST_F(InstrumentFiles, FolderIsUsedByOneReceiverOnly)
 {
     Storage second;
     std::string reason;
     EXPECT_FALSE(second.Open(desk_.Disk().Root(), 1, reason));
-    EXPECT_EQ(reason, "another receiver works in it");
+    EXPECT_EQ(reason, "another receiver is using it");
 }
 
 } // namespace tarvik

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# foreign.sh PROGRAM: two clients that know nothing of this program talk to it.
+# foreign.sh PROGRAM: two independent clients talk to the simulated receiver.
 set -euo pipefail
 folder=$(mktemp -d)
 trap 'kill "$instrument" 2>/dev/null || true; rm -rf "$folder"' EXIT
@@ -21,7 +21,7 @@ ask() {
 [ "$(ask 'SYST:ERR?')" = '0,"No error"' ] || fail "lxi does not get the error queue"
 [[ $(ask 'MMEM:CAT? ALL') =~ ^[0-9]+,[0-9]+,\"Public\",DIR,0, ]] || fail "lxi does not get the catalogue"
 
-# Up: every byte there is, more than a packet of them.
+# Up: every byte value, more than one packet.
 for ((i = 0; i < 400; ++i)); do printf '\0\n\r;"#%03d,\377' "$i"; done >"$folder/sent"
 size=$(stat -c %s "$folder/sent")
 { printf 'MMEM:DATA ALL,"block.bin",#%d%d' "${#size}" "$size"; cat "$folder/sent"; printf ';:SYST:ERR?\n'; } |

@@ -1,4 +1,4 @@
-// The program on a link: its arguments, its clients, what goes wrong, and how it ends.
+// The program on a link: arguments, clients, faults, and termination.
 #include "tests/support/instrumentProcess.h"
 #include "tests/tools/instrument/wireClient.h"
 
@@ -34,7 +34,7 @@ std::ptrdiff_t OpenFiles(qint64 processId)
     return std::distance(begin(files), end(files));
 }
 
-/// The first thread of the process waits for something.
+/// True if the main thread of the process is blocked.
 bool IsWaiting(qint64 processId)
 {
     std::ifstream file("/proc/" + std::to_string(processId) + "/stat");
@@ -45,7 +45,7 @@ bool IsWaiting(qint64 processId)
 
 } // namespace
 
-TEST(InstrumentProgram, AnswersOnThePortThatItPrints)
+TEST(InstrumentProgram, AnswersOnPrintedPort)
 {
     const InstrumentProcess instrument(
         { "--maker", "Tarvik Instruments", "--model=TR-300", "--serial", "77", "--firmware", "1.25" });
@@ -53,7 +53,7 @@ TEST(InstrumentProgram, AnswersOnThePortThatItPrints)
     EXPECT_EQ(client.Ask("*IDN?"), "Tarvik Instruments,TR-300,77,1.25");
 }
 
-TEST(InstrumentProgram, TakesTheFirstFreePortOfARange)
+TEST(InstrumentProgram, UsesFirstFreePortOfRange)
 {
     const InstrumentProcess first({ "--port", "6000-9999" });
     const InstrumentProcess second({ "--port", "6000-9999" });
@@ -62,7 +62,7 @@ TEST(InstrumentProgram, TakesTheFirstFreePortOfARange)
     EXPECT_NE(first.Port(), second.Port());
 }
 
-TEST(InstrumentProgram, RefusesAPortThatIsTaken)
+TEST(InstrumentProgram, RefusesPortInUse)
 {
     const InstrumentProcess first;
     QTemporaryDir folder;
@@ -73,7 +73,7 @@ TEST(InstrumentProgram, RefusesAPortThatIsTaken)
     EXPECT_TRUE(second.readAllStandardError().contains("Address already in use"));
 }
 
-TEST(InstrumentProgram, FillsAnEmptyFolderOnce)
+TEST(InstrumentProgram, FillsEmptyFolderOnce)
 {
     QTemporaryDir folder;
     const QString root = folder.filePath("new/disk");
@@ -89,7 +89,7 @@ TEST(InstrumentProgram, FillsAnEmptyFolderOnce)
     EXPECT_FALSE(QFile::exists(again.Path("Public/Memory List/Marine-VHF.tvm")));
 }
 
-TEST(InstrumentProgram, EndsOnRequestWithAClientConnected)
+TEST(InstrumentProgram, StopsOnSignalWithClientConnected)
 {
     InstrumentProcess instrument;
     WireClient client(instrument.Port());
@@ -98,7 +98,7 @@ TEST(InstrumentProgram, EndsOnRequestWithAClientConnected)
     EXPECT_TRUE(client.IsClosed());
 }
 
-TEST(InstrumentProgram, EndsOnRequestWhicheverOfItsThreadsHearsIt)
+TEST(InstrumentProgram, StopsOnSignalDeliveredToAnyThread)
 {
     InstrumentProcess instrument;
     const qint64 process = instrument.ProcessId();
@@ -106,12 +106,12 @@ TEST(InstrumentProgram, EndsOnRequestWhicheverOfItsThreadsHearsIt)
     for (const auto& task : std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task"))
         thread = std::max<qint64>(thread, std::stoll(task.path().filename().string()));
     while (!IsWaiting(process))
-        std::this_thread::yield(); // it is about to wait for its first client
+        std::this_thread::yield(); // wait until it is about to block for its first client
     ASSERT_EQ(::syscall(SYS_tgkill, process, thread, SIGTERM), 0);
     EXPECT_EQ(instrument.WaitForEnd(), 0);
 }
 
-TEST(InstrumentProgram, TellsCommandsWhenItIsAsked)
+TEST(InstrumentProgram, LogsCommandsIfVerbose)
 {
     InstrumentProcess instrument({ "--verbose" });
     WireClient client(instrument.Port());
@@ -121,20 +121,20 @@ TEST(InstrumentProgram, TellsCommandsWhenItIsAsked)
         << instrument.Told().toStdString();
 }
 
-TEST(InstrumentProgram, UsageErrorsAreToldAndCounted)
+TEST(InstrumentProgram, UsageErrorsAreReportedWithExitCode)
 {
     QProcess process;
     process.start(TARVIK_INSTRUMENT, { "--port=many" });
     ASSERT_TRUE(process.waitForFinished());
     EXPECT_EQ(process.exitCode(), 2);
-    EXPECT_TRUE(process.readAllStandardError().contains("--port can not be many"));
+    EXPECT_TRUE(process.readAllStandardError().contains("invalid value of --port: many"));
     process.start(TARVIK_INSTRUMENT, { "--version" });
     ASSERT_TRUE(process.waitForFinished());
     EXPECT_EQ(process.exitCode(), 0);
     EXPECT_TRUE(process.readAllStandardOutput().startsWith("tarvik-instrument "));
 }
 
-TEST(InstrumentProgram, TellsNothingThatATerminalWouldObey)
+TEST(InstrumentProgram, EscapesControlCharactersInLog)
 {
     InstrumentProcess instrument({ "--verbose" });
     WireClient client(instrument.Port());
@@ -143,7 +143,7 @@ TEST(InstrumentProgram, TellsNothingThatATerminalWouldObey)
     EXPECT_TRUE(instrument.Told().contains("MMEM:CDIR a?]0;b??: -257,")) << instrument.Told().toStdString();
 }
 
-TEST(InstrumentProgram, RefusesARootThatIsNoFolder)
+TEST(InstrumentProgram, RefusesRootThatIsNotAFolder)
 {
     const QTemporaryDir folder;
     QFile file(folder.filePath("file"));
@@ -156,7 +156,7 @@ TEST(InstrumentProgram, RefusesARootThatIsNoFolder)
     EXPECT_EQ(process.readAllStandardOutput(), QByteArray());
 }
 
-TEST(InstrumentProgram, SendsAPictureOfItsDisplay)
+TEST(InstrumentProgram, SendsPictureOfItsDisplay)
 {
     const InstrumentProcess instrument;
     WireClient client(instrument.Port());
@@ -167,7 +167,7 @@ TEST(InstrumentProgram, SendsAPictureOfItsDisplay)
     EXPECT_NE(client.Block(), first);
 }
 
-TEST(InstrumentLink, SecondClientIsTurnedAwayAndTheFirstGoesOn)
+TEST(InstrumentLink, SecondClientIsTurnedAwayAndFirstContinues)
 {
     const InstrumentProcess instrument;
     WireClient first(instrument.Port());
@@ -177,7 +177,7 @@ TEST(InstrumentLink, SecondClientIsTurnedAwayAndTheFirstGoesOn)
     EXPECT_EQ(first.Ask("*OPC?"), "1");
 }
 
-TEST(InstrumentLink, TheNextClientStartsAfresh)
+TEST(InstrumentLink, NextClientStartsFresh)
 {
     const InstrumentProcess instrument;
     WireClient first(instrument.Port());
@@ -188,7 +188,7 @@ TEST(InstrumentLink, TheNextClientStartsAfresh)
     EXPECT_EQ(second.Ask("MMEM:CDIR?"), "\"\\\"");
 }
 
-TEST(InstrumentLink, AClientThatVanishesInMidBlockLeavesTheFile)
+TEST(InstrumentLink, ClientLostDuringBlockKeepsFile)
 {
     const InstrumentProcess instrument;
     const QString path = instrument.Path("Public/Memory List/Marine-VHF.tvm");
@@ -203,7 +203,7 @@ TEST(InstrumentLink, AClientThatVanishesInMidBlockLeavesTheFile)
     EXPECT_FALSE(QFile::exists(instrument.Path(".instrument/incoming")));
 }
 
-TEST(InstrumentLink, AClientThatVanishesInMidAnswerFreesTheInstrument)
+TEST(InstrumentLink, ClientLostDuringAnswerFreesInstrument)
 {
     const InstrumentProcess instrument;
     const std::string large(4000000, 'x');
@@ -215,7 +215,7 @@ TEST(InstrumentLink, AClientThatVanishesInMidAnswerFreesTheInstrument)
     EXPECT_EQ(next.Ask("*OPC?"), "1");
 }
 
-TEST(InstrumentLink, AClientThatSendsNoMoreStillGetsItsAnswers)
+TEST(InstrumentLink, HalfClosedClientGetsItsAnswers)
 {
     const InstrumentProcess instrument({ "--delay", "50" });
     WireClient client(instrument.Port());
@@ -226,7 +226,7 @@ TEST(InstrumentLink, AClientThatSendsNoMoreStillGetsItsAnswers)
     EXPECT_TRUE(client.IsClosed());
 }
 
-TEST(InstrumentLink, AClientThatNeverReadsStopsBeingServed)
+TEST(InstrumentLink, ClientThatNeverReadsIsThrottled)
 {
     const InstrumentProcess instrument;
     WireClient client(instrument.Port());
@@ -238,13 +238,13 @@ TEST(InstrumentLink, AClientThatNeverReadsStopsBeingServed)
     client.Send(questions + "*OPC?\n");
     for (int i = 0; i < 3; ++i)
         EXPECT_TRUE(client.Block() == large);
-    // An answer that waits keeps its file open.
+    // Each pending file answer keeps its file open.
     EXPECT_LT(OpenFiles(instrument.ProcessId()), 60);
     client.Close();
     EXPECT_EQ(NextClient(instrument.Port()).Ask("*IDN?"), "TARVIK,TR-200DF,100042,4.30");
 }
 
-TEST(InstrumentLink, SurvivesRubbish)
+TEST(InstrumentLink, SurvivesGarbage)
 {
     const InstrumentProcess instrument;
     WireClient client(instrument.Port());
@@ -256,7 +256,7 @@ TEST(InstrumentLink, SurvivesRubbish)
     EXPECT_EQ(next.Ask("*OPC?"), "1");
 }
 
-TEST(InstrumentLink, ADelayHoldsBackEachAnswer)
+TEST(InstrumentLink, DelayHoldsBackEachAnswer)
 {
     const InstrumentProcess instrument({ "--delay", "120" });
     WireClient client(instrument.Port());
@@ -268,7 +268,7 @@ TEST(InstrumentLink, ADelayHoldsBackEachAnswer)
     EXPECT_GE(timer.elapsed(), 240);
 }
 
-TEST(InstrumentLink, ARateHoldsInBothDirections)
+TEST(InstrumentLink, RateAppliesInBothDirections)
 {
     const InstrumentProcess instrument({ "--rate", "200000" });
     const std::string bytes(60000, 'x');
@@ -279,12 +279,12 @@ TEST(InstrumentLink, ARateHoldsInBothDirections)
     const qint64 upMs = timer.restart();
     client.Send("MMEM:DATA? ALL,\"f\"\n");
     EXPECT_EQ(client.Block(), bytes);
-    // 60000 bytes are 300 ms, of which 50 may have been saved before.
+    // 60000 bytes take 300 ms, of which 50 may have accumulated before.
     EXPECT_GE(upMs, 240);
     EXPECT_GE(timer.elapsed(), 240);
 }
 
-TEST(InstrumentFaults, DropClosesTheConnectionAtItsCommandOnce)
+TEST(InstrumentFaults, DropClosesConnectionAtItsCommandOnce)
 {
     const InstrumentProcess instrument({ "--fault", "drop=3" });
     WireClient client(instrument.Port());
@@ -297,7 +297,7 @@ TEST(InstrumentFaults, DropClosesTheConnectionAtItsCommandOnce)
         EXPECT_EQ(next.Ask("*OPC?"), "1");
 }
 
-TEST(InstrumentFaults, DropBeforeABlockLeavesTheFile)
+TEST(InstrumentFaults, DropBeforeBlockKeepsFile)
 {
     const InstrumentProcess instrument({ "--fault", "drop=1" });
     const QString path = instrument.Path("Public/Memory List/Marine-VHF.tvm");
@@ -308,7 +308,7 @@ TEST(InstrumentFaults, DropBeforeABlockLeavesTheFile)
     EXPECT_EQ(Content(path), before);
 }
 
-TEST(InstrumentFaults, StallAnswersNothingMoreUntilTheClientLeaves)
+TEST(InstrumentFaults, StallStopsAnswersUntilClientDisconnects)
 {
     const InstrumentProcess instrument({ "--fault", "stall=2" });
     WireClient client(instrument.Port());
@@ -320,7 +320,7 @@ TEST(InstrumentFaults, StallAnswersNothingMoreUntilTheClientLeaves)
     EXPECT_EQ(next.Ask("*OPC?"), "1");
 }
 
-TEST(InstrumentFaults, GarbageTakesThePlaceOfAnAnswer)
+TEST(InstrumentFaults, GarbageReplacesAnswer)
 {
     const InstrumentProcess instrument({ "--fault", "garbage=2" });
     WireClient client(instrument.Port());
@@ -328,7 +328,7 @@ TEST(InstrumentFaults, GarbageTakesThePlaceOfAnAnswer)
     EXPECT_NE(client.Ask("*OPC?"), "1");
 }
 
-TEST(InstrumentFaults, CutEndsABlockShort)
+TEST(InstrumentFaults, CutTruncatesBlock)
 {
     const InstrumentProcess instrument({ "--fault", "cut" });
     WireClient client(instrument.Port());
@@ -337,7 +337,7 @@ TEST(InstrumentFaults, CutEndsABlockShort)
     EXPECT_EQ(client.Line(), "#14abcd");
 }
 
-TEST(InstrumentFaults, RefuseLeavesAnError)
+TEST(InstrumentFaults, RefuseQueuesError)
 {
     const InstrumentProcess instrument({ "--fault", "refuse=2" });
     WireClient client(instrument.Port());

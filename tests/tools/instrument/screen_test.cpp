@@ -1,4 +1,4 @@
-// What the receiver hears and shows, and what it has when it is new.
+// Simulated reception, the display, and the initial files.
 #include "tests/tools/instrument/deskInstrument.h"
 
 #include "closed/tvfio/antennalist.h"
@@ -26,7 +26,7 @@ Carrier Station(double frequencyHz)
     return carrier;
 }
 
-/// A sweep at which the station is on the air, or silent.
+/// A sweep in which the station is on the air, or silent.
 SweepNumber SweepWhere(const Carrier& station, bool isOnAir)
 {
     SweepNumber sweep = 1;
@@ -46,7 +46,7 @@ ScreenContent Content()
     return content;
 }
 
-/// Decodes a file of the disk with the list store's own reader.
+/// Decodes a file of the disk with the list store.
 template <typename List>
 bool IsSound(const DeskInstrument& desk, const std::string& name)
 {
@@ -57,7 +57,7 @@ bool IsSound(const DeskInstrument& desk, const std::string& name)
 
 } // namespace
 
-TEST(InstrumentSpectrum, ShowsACarrierAtItsFrequencyWhileItIsOnTheAir)
+TEST(InstrumentSpectrum, ShowsCarrierAtItsFrequencyWhileOnAir)
 {
     const Carrier station = Station(100e6);
     const SweepNumber loud = SweepWhere(station, true);
@@ -69,25 +69,25 @@ TEST(InstrumentSpectrum, ShowsACarrierAtItsFrequencyWhileItIsOnTheAir)
     EXPECT_LT(*std::max_element(silent.begin(), silent.end()), 5);
 }
 
-TEST(InstrumentSpectrum, HearsNothingOfACarrierOutsideItsSpan)
+TEST(InstrumentSpectrum, IgnoresCarrierOutsideSpan)
 {
     const Carrier station = Station(102e6);
     const auto levels = SweepLevels({ station }, 100e6, 1e6, 501, SweepWhere(station, true));
     EXPECT_LT(*std::max_element(levels.begin(), levels.end()), 5);
 }
 
-TEST(InstrumentSpectrum, NoiseMovesFromSweepToSweep)
+TEST(InstrumentSpectrum, NoiseChangesFromSweepToSweep)
 {
     EXPECT_EQ(SweepLevels({}, 1e8, 1e6, 100, 7), SweepLevels({}, 1e8, 1e6, 100, 7));
     EXPECT_NE(SweepLevels({}, 1e8, 1e6, 100, 7), SweepLevels({}, 1e8, 1e6, 100, 8));
 }
 
-TEST(InstrumentScreen, HasTheSizeOfTheReceiversDisplay)
+TEST(InstrumentScreen, HasSizeOfReceiversDisplay)
 {
     EXPECT_EQ(DrawScreen(Content()).size(), QSize(642, 442));
 }
 
-TEST(InstrumentScreen, ShowsEverythingThatItIsGiven)
+TEST(InstrumentScreen, ShowsAllContent)
 {
     const QImage picture = DrawScreen(Content());
     EXPECT_EQ(DrawScreen(Content()), picture);
@@ -117,7 +117,7 @@ TEST(InstrumentScreen, WritesFrequenciesInGroups)
     EXPECT_EQ(DemodulationText(8), QString());
 }
 
-TEST(InstrumentScreen, DiffersAtEachFetch)
+TEST(InstrumentScreen, DiffersOnEachFetch)
 {
     DeskInstrument desk;
     Receiver receiver(desk.Disk(), QStringLiteral("TR-200"));
@@ -126,7 +126,7 @@ TEST(InstrumentScreen, DiffersAtEachFetch)
     EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(first), "PNG").size(), QSize(642, 442));
 }
 
-TEST(InstrumentScreen, ScansTheMemoryListButWhatIsSuppressed)
+TEST(InstrumentScreen, ScansMemoryListExceptSuppressedEntries)
 {
     DeskInstrument desk;
     const auto list = std::make_unique<tvfio::MemoryList>();
@@ -147,7 +147,7 @@ TEST(InstrumentScreen, ScansTheMemoryListButWhatIsSuppressed)
     EXPECT_EQ(carriers[0].Description, QStringLiteral("Caf\u00E9"));
 }
 
-TEST(InstrumentScreen, GoesOnWithoutAListThatCanBeRead)
+TEST(InstrumentScreen, WorksWithoutReadableList)
 {
     DeskInstrument desk;
     EXPECT_TRUE(ReadCarriers(desk.Disk()).empty());
@@ -157,7 +157,7 @@ TEST(InstrumentScreen, GoesOnWithoutAListThatCanBeRead)
     EXPECT_FALSE(receiver.FetchScreen().empty());
 }
 
-TEST(InstrumentExamples, AreListsThatTheStoreReads)
+TEST(InstrumentExamples, AreReadableByTheStore)
 {
     DeskInstrument desk;
     std::string reason;

@@ -14,7 +14,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kPatienceMs = 60000; // a busy machine may keep a file system waiting for long
+constexpr int kPatienceMs = 60000; // file systems can block for long on a busy machine
 
 bool WaitFor(int socket, short events, int milliseconds)
 {
@@ -115,9 +115,9 @@ bool WireClient::IsClosed()
     return ::recv(socket_.Number(), &byte, 1, 0) <= 0;
 }
 
-bool WireClient::IsSilent(int milliseconds)
+bool WireClient::IsSilent(int durationMs)
 {
-    return taken_ == received_.size() && !WaitFor(socket_.Number(), POLLIN, milliseconds);
+    return taken_ == received_.size() && !WaitFor(socket_.Number(), POLLIN, durationMs);
 }
 
 void WireClient::EndSending() const

@@ -1,4 +1,4 @@
-// tests/tools/instrument/wireClient.h: a plain client on a socket. Every wait ends after a minute in a failure.
+// tests/tools/instrument/wireClient.h: a plain socket client. Every wait fails after a minute.
 #pragma once
 
 #include "tools/instrument/descriptor.h"
@@ -14,28 +14,28 @@ public:
 
     void Send(std::string_view bytes) const;
 
-    /// Sends as far as the other side takes it; false once it takes no more.
+    /// Sends until the peer accepts no more; false then.
     [[nodiscard]] bool TrySend(std::string_view bytes) const;
 
-    /// The next line, without its end.
+    /// The next line, without its terminator.
     std::string Line();
 
-    /// Sends a line and answers the next one.
+    /// Sends a line and returns the next one.
     std::string Ask(std::string_view line);
 
-    /// The content of a definite block with the line end behind it.
+    /// The content of a definite-length block, which must be followed by a line end.
     std::string Block();
 
     /// True if the instrument answers, false if it turns this client away.
     bool IsServed();
 
-    /// The other side has closed the connection, and nothing is left to read.
+    /// True if the peer has closed the connection and nothing is left to read.
     bool IsClosed();
 
-    /// Nothing arrives for the given time.
-    bool IsSilent(int milliseconds);
+    /// True if nothing arrives for the given time.
+    bool IsSilent(int durationMs);
 
-    /// Sends nothing more, but goes on reading.
+    /// Shuts down sending; reading continues.
     void EndSending() const;
 
     void Close();
@@ -46,10 +46,10 @@ private:
 
     Descriptor socket_;
     std::string received_;
-    size_t taken_ = 0; ///< of received_
+    size_t taken_ = 0; ///< consumed bytes of received_
 };
 
-/// Connects as soon as the instrument has noticed that its former client is gone; until then it turns others away.
+/// Connects once the instrument has noticed that its previous client is gone; before, it turns others away.
 WireClient NextClient(int port);
 
 } // namespace tarvik

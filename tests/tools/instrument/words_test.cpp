@@ -6,7 +6,7 @@
 
 namespace tarvik {
 
-TEST(CommandWords, HeadersHaveAShortAndALongForm)
+TEST(CommandWords, HeadersHaveShortAndLongForm)
 {
     EXPECT_TRUE(HeaderMatches("MMEMory:DATA", "MMEM:DATA"));
     EXPECT_TRUE(HeaderMatches("MMEMory:DATA", "MMEMORY:DATA"));
@@ -27,7 +27,7 @@ TEST(CommandWords, NumbersArePlainAndShort)
         EXPECT_FALSE(ReadNumber(text).has_value()) << text;
 }
 
-TEST(CommandWords, DatesAreThoseOfTheCalendar)
+TEST(CommandWords, AcceptsCalendarDatesOnly)
 {
     const auto leap = ReadDate("2028", "2", "29");
     ASSERT_TRUE(leap.has_value());
@@ -41,7 +41,7 @@ TEST(CommandWords, DatesAreThoseOfTheCalendar)
     EXPECT_TRUE(ReadDate("1980", "1", "1").has_value());
 }
 
-TEST(CommandWords, TimesEndAtMidnight)
+TEST(CommandWords, AcceptsTimesOfDayOnly)
 {
     ASSERT_TRUE(ReadTime("23", "59", "58").has_value());
     EXPECT_EQ(ReadTime("23", "59", "58")->tm_sec, 58);
@@ -51,7 +51,7 @@ TEST(CommandWords, TimesEndAtMidnight)
     EXPECT_FALSE(ReadTime("0", "-1", "0").has_value());
 }
 
-TEST(InstrumentFault, HasAKindAndTheNumberOfACommand)
+TEST(InstrumentFault, HasKindAndCommandNumber)
 {
     ASSERT_TRUE(ReadFault("drop").has_value());
     EXPECT_EQ(ReadFault("drop")->Kind, FaultKind::Drop);
@@ -65,7 +65,7 @@ TEST(InstrumentFault, HasAKindAndTheNumberOfACommand)
 
 namespace {
 
-/// What is wrong with a command line; empty if nothing is.
+/// The error in a command line; empty if there is none.
 QString ErrorOf(const QStringList& arguments)
 {
     InstrumentArguments result;
@@ -83,7 +83,7 @@ InstrumentArguments Read(const QString& line)
 
 } // namespace
 
-TEST(InstrumentArguments, TakesEveryOptionInBothForms)
+TEST(InstrumentArguments, AcceptsEveryOptionInBothForms)
 {
     const InstrumentArguments all = Read(
         QStringLiteral("--root /r --port=6000-7000 --bind 0.0.0.0 --maker=M --model TR-300 --serial=7 --firmware 1.5 "
@@ -104,7 +104,7 @@ TEST(InstrumentArguments, TakesEveryOptionInBothForms)
     EXPECT_TRUE(all.Link.Verbose);
 }
 
-TEST(InstrumentArguments, ListensOnThisMachineAloneUnlessTold)
+TEST(InstrumentArguments, ListensOnLocalhostByDefault)
 {
     const InstrumentArguments none;
     EXPECT_EQ(none.Address, QLatin1String("127.0.0.1"));
@@ -112,7 +112,7 @@ TEST(InstrumentArguments, ListensOnThisMachineAloneUnlessTold)
     EXPECT_EQ(none.LastPort, 5555);
 }
 
-TEST(InstrumentArguments, TellsWhatIsWrong)
+TEST(InstrumentArguments, ReportsErrors)
 {
     EXPECT_EQ(ErrorOf({ QStringLiteral("--colour") }), QLatin1String("unknown argument: --colour"));
     EXPECT_EQ(ErrorOf({ QStringLiteral("file") }), QLatin1String("unknown argument: file"));
@@ -120,7 +120,8 @@ TEST(InstrumentArguments, TellsWhatIsWrong)
     for (const char* argument : { "--port=x", "--port=65536", "--port=9-8", "--port=1-2-3", "--root=", "--rate=0",
              "--delay=-1", "--fault=fire", "--model=a,b", "--serial=", "--capacity=x" }) {
         const QString text = QString::fromLatin1(argument);
-        EXPECT_EQ(ErrorOf({ text }), text.section(u'=', 0, 0) + QStringLiteral(" can not be ") + text.section(u'=', 1));
+        EXPECT_EQ(ErrorOf({ text }),
+            QStringLiteral("invalid value of %1: %2").arg(text.section(u'=', 0, 0), text.section(u'=', 1)));
     }
 }
 

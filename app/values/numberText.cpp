@@ -28,7 +28,18 @@ bool IsDigit(char16_t unit)
 
 bool IsNumberUnit(char16_t unit)
 {
-    return IsDigit(unit) || QStringView(u"+-eE., ").contains(QChar(unit));
+    switch (unit) {
+    case u'+':
+    case u'-':
+    case u'e':
+    case u'E':
+    case u'.':
+    case u',':
+    case u' ':
+        return true;
+    default:
+        return IsDigit(unit);
+    }
 }
 
 bool IsSpace(QChar character)
@@ -49,22 +60,12 @@ Text NumberPart(Text text)
     return text.sliced(begin - text.begin(), end - begin);
 }
 
-template <typename Text>
-bool HasDigit(Text text)
-{
-    return std::any_of(text.begin(), text.end(), [](auto character) { return IsDigit(Unit(character)); });
-}
-
 } // namespace
 
 bool HoldsNumber(QStringView text)
 {
-    return HasDigit(NumberPart(text));
-}
-
-bool HoldsNumber(QByteArrayView text)
-{
-    return HasDigit(NumberPart(text));
+    const QStringView part = NumberPart(text);
+    return std::any_of(part.begin(), part.end(), [](QChar character) { return IsDigit(Unit(character)); });
 }
 
 bool ReadNumber(QByteArrayView text, double& value)

@@ -9,7 +9,6 @@ namespace tarvik {
 /// True for a text with at least one digit before its first character other than a digit, sign, "e", ".", "," or blank.
 /// White space in front counts for nothing.
 bool HoldsNumber(QStringView text);
-bool HoldsNumber(QByteArrayView text);
 
 /// The number at the start of `text`, in front of the first such character. With a "," every "." is dropped and the
 /// comma is the decimal mark. False, with `value` as it was, without a number, for one that a double can't hold, and

@@ -70,7 +70,7 @@ bool StrToDoubleChecked(const QString& text, double& value)
 
 bool StrToDoubleChecked(QByteArrayView text, double& value)
 {
-    return HoldsNumber(text) && ReadNumber(text, value);
+    return ReadNumber(text, value);
 }
 
 QString CellText(double value, const CellFormat& format)

@@ -17,22 +17,20 @@ double NumberIn(const char* text)
 
 } // namespace
 
-TEST(NumberText, TypedAndStoredTextAreJudgedAlike)
+TEST(NumberText, ADigitBeforeForeignCharactersIsNeeded)
 {
     for (const char* text : { "12", " 12 ", "\t12", "12abc", "-1.5e3", "- 5", "+,.e7" }) {
         EXPECT_TRUE(HoldsNumber(QString::fromLatin1(text))) << text;
-        EXPECT_TRUE(HoldsNumber(QByteArrayView(text))) << text;
     }
     for (const char* text : { "", "  ", "abc12", " -e ", "+-.,", "\0012" }) {
         EXPECT_FALSE(HoldsNumber(QString::fromLatin1(text))) << text;
-        EXPECT_FALSE(HoldsNumber(QByteArrayView(text))) << text;
     }
 }
 
 TEST(NumberText, ABlankThatIsNoneInAFileIsOneInTypedText)
 {
     EXPECT_TRUE(HoldsNumber(u"\u00a0 12"));
-    EXPECT_FALSE(HoldsNumber(QByteArrayView("\xA0 12")));
+    EXPECT_EQ(NumberIn("\xA0 12"), -1);
 }
 
 TEST(NumberText, EitherMarkIsTheDecimalOne)
@@ -51,7 +49,8 @@ TEST(NumberText, ANumberEndsAtItsFirstForeignCharacter)
 
 TEST(NumberText, WhatIsNoOneNumberIsRefused)
 {
-    for (const char* text : { "", "abc", "-", "1 2", "1.2.3", "1,2,3", "12-5", "+-3", "1e999" })
+    for (const char* text :
+        { "", "abc", "abc12", "-", " -e ", "+-.,", "- 5", "1 2", "1.2.3", "1,2,3", "12-5", "+-3", "1e999" })
         EXPECT_EQ(NumberIn(text), -1) << text;
     EXPECT_EQ(NumberIn(QByteArray(400, '0').constData()), 0);
     EXPECT_EQ(NumberIn(QByteArray(401, '0').constData()), -1);

@@ -35,17 +35,19 @@ typedef struct TvVersionRecord {
         'T', 'v', '-', 'V', 'e', 'r', 's', 'i', 'o', 'n', '-', 'M', 'a', 'r', 'k', '\x01'                              \
     }
 
-#define TV_VERSION_RECORD(major, minor, build, revision)                                                               \
+/* The record of a file version of four numbers. TV_PRODUCT_VERSION, four numbers too, comes from the build. */
+#define TV_VERSION_RECORD(...)                                                                                         \
     {                                                                                                                  \
-        TV_VERSION_MAGIC, { major, minor, build, revision },                                                           \
+        TV_VERSION_MAGIC, { __VA_ARGS__ },                                                                             \
         {                                                                                                              \
-            4, 3, 0, 0                                                                                                 \
+            TV_PRODUCT_VERSION                                                                                         \
         }                                                                                                              \
     }
 
-/* Puts the two exports of a module into its entry file. `bind` has the form `int16_t bind(Api*)`. */
-#define TV_MODULE(Api, bind, major, minor, build, revision)                                                            \
-    TV_EXTERN_C TV_EXPORT const TvVersionRecord TvModuleVersion = TV_VERSION_RECORD(major, minor, build, revision);    \
+/* Puts the two exports of a module into its entry file: `bind`, of the form `int16_t bind(Api*)`, and the four numbers
+   of its file version. */
+#define TV_MODULE(Api, bind, ...)                                                                                      \
+    TV_EXTERN_C TV_EXPORT const TvVersionRecord TvModuleVersion = TV_VERSION_RECORD(__VA_ARGS__);                      \
     TV_EXTERN_C TV_EXPORT int16_t VbLoad(void* api)                                                                    \
     {                                                                                                                  \
         return bind((Api*)api);                                                                                        \

@@ -1,8 +1,7 @@
 #include "link/bindLink.h"
 
 #include "app/frame/commands.h"
-#include "app/help/help.h"
-#include "app/state/project.h"
+#include "app/platform/instrumentLink.h"
 #include "app/state/statusBar.h"
 #include "link/classes/model.h"
 #include "link/connection/FmConnect.h"
@@ -11,9 +10,10 @@
 #include "link/control/FmControlGeneral.h"
 #include "link/documents/FmFileConvert.h"
 #include "link/documents/fileDialogs.h"
-#include "link/documents/fileSave.h"
 
 #include <QApplication>
+
+#include <array>
 
 namespace tarvik {
 
@@ -26,32 +26,45 @@ void ShowLinkForm()
     DialogShow(form);
 }
 
+class LinkedInstrument final : public InstrumentLink {
+public:
+    bool IsAccepted() const override
+    {
+        return Connection().InstrumentAccepted == 1;
+    }
+    bool IsConnecting() const override
+    {
+        return Connection().ConnectInProgress;
+    }
+    void AutoConnect(bool connectedAtExit) override
+    {
+        conStart(connectedAtExit);
+    }
+};
+
+class LinkConnectForms final : public ConnectForms {
+public:
+    void ShowDialog() override
+    {
+        ShowLinkForm<FmConnect>();
+    }
+    void ShowConnecting() override
+    {
+        ShowLinkForm<FmConnecting>();
+    }
+};
+
 void BindConnections()
 {
-    TheConnectHooks() = { ShowLinkForm<FmConnect>, ShowLinkForm<FmConnecting> };
-    TheCommandHooks()[Command::Connect] = conShowDialog;
-    TheProjectHooks().AutoConnect = conStart;
-    TheHelpHooks().IsRefused = [] { return Connection().ConnectInProgress; };
+    TheConnectForms().Implement<LinkConnectForms>();
+    TheInstrumentLink().Implement<LinkedInstrument>();
 }
 
-void OpenFileControl(int fileClass)
+void OpenFileControl(FileClass fileClass)
 {
-    BeginBusy();
+    const BusyScope busy;
     ModFileInit(fileClass);
     ShowLinkForm<FmControlGeneral>();
-    EndBusy();
-}
-
-/// One command for each class that has files on the instrument.
-void BindFileControl()
-{
-    CommandHooks& commands = TheCommandHooks();
-    commands[Command::Control1] = [] { OpenFileControl(FileClassAntennaList); };
-    commands[Command::Control2] = [] { OpenFileControl(FileClassKfactorTable); };
-    commands[Command::Control3] = [] { OpenFileControl(FileClassMemoryList); };
-    commands[Command::Control4] = [] { OpenFileControl(FileClassSuppressList); };
-    commands[Command::Control5] = [] { OpenFileControl(FileClassScreenShot); };
-    commands[Command::Control6] = [] { OpenFileControl(FileClassCorrectionSet); };
 }
 
 bool ShowConvertForm()
@@ -63,12 +76,19 @@ bool ShowConvertForm()
 
 void BindFiles()
 {
-    CommandHooks& commands = TheCommandHooks();
-    commands[Command::FileOpen] = [] { FileOpenDlg(false); };
-    commands[Command::FileConvert] = [] { FileOpenDlg(true); };
-    commands[Command::FileSaveAs] = [] { FileSaveAsDlg(TheFileDocumentHooks().ActiveWindow()); };
-    TheFileDialogHooks().ShowConvertForm = ShowConvertForm;
 }
+
+constexpr std::array kCommands{
+    CommandBinding{ Command::Connect, conShowDialog },
+    CommandBinding{ Command::FileOpen, FileOpenDlg },
+    CommandBinding{ Command::FileConvert, [] { FileConvertDlg(ShowConvertForm); } },
+    CommandBinding{ Command::Control1, [] { OpenFileControl(FileClassAntennaList); } },
+    CommandBinding{ Command::Control2, [] { OpenFileControl(FileClassKfactorTable); } },
+    CommandBinding{ Command::Control3, [] { OpenFileControl(FileClassMemoryList); } },
+    CommandBinding{ Command::Control4, [] { OpenFileControl(FileClassSuppressList); } },
+    CommandBinding{ Command::Control5, [] { OpenFileControl(FileClassScreenShot); } },
+    CommandBinding{ Command::Control6, [] { OpenFileControl(FileClassCorrectionSet); } },
+};
 
 } // namespace
 
@@ -76,7 +96,7 @@ void BindLink()
 {
     BindConnections();
     BindFiles();
-    BindFileControl();
+    CommandsBind(kCommands);
 }
 
 } // namespace tarvik

@@ -1,8 +1,7 @@
 #include "lists/bindEditors.h"
 
 #include "app/frame/commands.h"
-#include "link/classes/model.h"
-#include "link/documents/file.h"
+#include "link/documents/documents.h"
 #include "lists/editor/editorGeneral.h"
 #include "lists/memory/FmEditorMemory.h"
 
@@ -23,48 +22,54 @@ void ShowForm()
 }
 
 struct EditorForm {
-    int ListType;
+    FileClass ListType;
     void (*Show)();
 };
 constexpr std::array kEditorForms{ EditorForm{ FileClassMemoryList, ShowForm<FmEditorMemory> } };
 
 class EditorForms final : public ListEditors {
 public:
-    bool HasEditor(int listType) const override
+    bool HasEditor(FileClass listType) const override
     {
         return Find(listType) != kEditorForms.end();
     }
-    void ShowEditor(int listType) override
+    void ShowEditor(FileClass listType) override
     {
         Find(listType)->Show();
     }
 
 private:
-    static decltype(kEditorForms)::const_iterator Find(int listType)
+    static decltype(kEditorForms)::const_iterator Find(FileClass listType)
     {
         return std::find_if(kEditorForms.begin(), kEditorForms.end(),
             [listType](const EditorForm& form) { return form.ListType == listType; });
     }
 };
 
-bool OpenFileInEditor(int fileClass, const QString& path)
-{
-    Editor().EditorOpenFile = path;
-    OpenEditor(fileClass);
-    Editor().EditorOpenFile.clear(); // also when no editor is bound
-    return true;
-}
+constexpr std::array kCommands{ CommandBinding{ Command::Editor3, [] { OpenEditor(FileClassMemoryList); } } };
+
+class EditedFiles final : public ListFiles {
+public:
+    bool Open(const QString& path, FileClass fileClass) override
+    {
+        Editor().EditorOpenFile = path;
+        OpenEditor(fileClass);
+        Editor().EditorOpenFile.clear(); // also without an editor for the class
+        return true;
+    }
+    bool OpenText(const QString& path, bool show) override
+    {
+        return OpenListFile(path, show) != FileClassUnknown;
+    }
+};
 
 } // namespace
 
 void BindListEditors()
 {
     TheListEditors().Implement<EditorForms>();
-    TheCommandHooks()[Command::Editor3] = [] { OpenEditor(FileClassMemoryList); };
-    TheFileOpeners().OpenEditor = OpenFileInEditor;
-    TheFileOpeners().OpenListFile = [](const QString& path, bool show) {
-        return OpenListFile(path, show) != FileClassUnknown;
-    };
+    TheListFiles().Implement<EditedFiles>();
+    CommandsBind(kCommands);
 }
 
 } // namespace tarvik

@@ -3,7 +3,7 @@
 
 namespace tarvik {
 
-/// Gives `OpenEditor` its forms, and binds the editors to the openers of files and to the frame's commands.
+/// Gives `OpenEditor` its forms, and binds the editors to the port of list files and to the frame's commands.
 void BindListEditors();
 
 } // namespace tarvik

@@ -2,19 +2,20 @@
 
 #include "app/frame/MfMain.h"
 #include "app/frame/commands.h"
-#include "app/frame/menu.h"
+#include "app/frame/frameDocuments.h"
 #include "app/state/project.h"
 #include "link/control/controlGeneral.h"
+#include "link/documents/file.h"
+#include "link/documents/fileSave.h"
 #include "screen/document/description.h"
 #include "screen/document/fit.h"
 #include "screen/document/screenTable.h"
 #include "screen/files/FmScreenShotViewer.h"
 #include "screen/files/documentFiles.h"
 #include "screen/files/screenShot.h"
-#include "screen/window/ChildWindows.h"
 #include "screen/window/FmDescription.h"
 #include "screen/window/FmPalette.h"
-#include "screen/window/FmSelectWindow.h"
+#include "screen/window/FrameDesktop.h"
 #include "screen/window/MfScreen.h"
 #include "screen/window/arrange.h"
 #include "screen/window/closing.h"
@@ -22,11 +23,9 @@
 #include "screen/window/screenWindow.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QMdiArea>
-#include <QMimeData>
-#include <QPointer>
 
+#include <array>
 #include <tuple>
 
 namespace tarvik {
@@ -36,30 +35,6 @@ namespace {
 WindowId ActiveWindow()
 {
     return WindowTable().Active;
-}
-
-/// The modules keep it as long as its document lives; the frame's area may be destroyed earlier.
-ScreenViewOwner LoadView(WindowId id)
-{
-    MfMain* frame = MfMain::Current();
-    if (frame == nullptr)
-        return {};
-    QPointer<MfScreen> window = new MfScreen(id, *frame);
-    return { window.data(), [window](ScreenView*) {
-                if (window)
-                    window->Release();
-            } };
-}
-
-void BindViews()
-{
-    ScreenViewHooks& hooks = TheScreenViewHooks();
-    hooks.Load = LoadView;
-    hooks.MainFrameIsActive = [] { return MfMain::Current() != nullptr && MfMain::Current()->HasActivation(); };
-    hooks.Arrange = [](int code) {
-        if (MfMain* frame = MfMain::Current())
-            ArrangeChildWindows(*frame->ChildArea(), code);
-    };
 }
 
 DocumentsState StateOfDocuments()
@@ -81,37 +56,47 @@ DocumentsState StateOfDocuments()
     return state;
 }
 
-/// Disabled windows ignore the mouse. They are not repainted: a command is short.
-void EnableDocuments(bool enabled)
-{
-    if (MfMain* frame = MfMain::Current())
-        frame->ChildArea()->viewport()->setAttribute(Qt::WA_TransparentForMouseEvents, !enabled);
-}
-
-void BindDocuments()
-{
-    DocumentHooks& hooks = TheDocumentHooks();
-    hooks.State = StateOfDocuments;
-    hooks.Enable = EnableDocuments;
-    hooks.Retile = RetileIfAutoTile;
-    hooks.CheckPendingResize = [] { CheckPendingResize(QGuiApplication::mouseButtons().testFlag(Qt::LeftButton)); };
-}
-
-bool SetClipboard(const QImage& picture)
-{
-    QClipboard* clipboard = QGuiApplication::clipboard();
-    clipboard->setImage(picture);
-    const QMimeData* held = clipboard->mimeData();
-    return held != nullptr && held->hasImage();
-}
-
-bool SelectWindows(const QVector<WindowId>& offered)
-{
-    FmSelectWindow form(offered, QApplication::activeWindow());
-    DialogShow(form);
-    TheScreenWindows().Chosen = form.Chosen();
-    return !form.Chosen().isEmpty();
-}
+class ScreenDocuments final : public FrameDocuments {
+public:
+    DocumentsState State() const override
+    {
+        return StateOfDocuments();
+    }
+    /// Disabled windows ignore the mouse. They are not repainted: a command is short.
+    void Enable(bool enabled) override
+    {
+        if (MfMain* frame = MfMain::Current())
+            frame->ChildArea()->viewport()->setAttribute(Qt::WA_TransparentForMouseEvents, !enabled);
+    }
+    void Retile() override
+    {
+        RetileIfAutoTile();
+    }
+    void CheckPendingResize() override
+    {
+        tarvik::CheckPendingResize(QGuiApplication::mouseButtons().testFlag(Qt::LeftButton));
+    }
+    void ClearTable() override
+    {
+        WindowTableClear();
+    }
+    bool CloseAll() override
+    {
+        return CloseAllWindows();
+    }
+    bool Open(const QString& path) override
+    {
+        return FileOpen(path, true, true);
+    }
+    bool CanOpen(const QString& path) const override
+    {
+        return FileCanBeDropped(path);
+    }
+    bool CanTake(const QMimeData&) const override
+    {
+        return false;
+    }
+};
 
 /// Turning it on starts editing.
 void ToggleDescription()
@@ -131,36 +116,46 @@ void DescriptionDialog()
     DialogShow(form);
 }
 
-void BindCommands()
+void CloseActive()
 {
-    CommandHooks& commands = TheCommandHooks();
-    for (const Command close : { Command::FileClose, Command::WindowClose })
-        commands[close] = [] { std::ignore = CloseWindow(ActiveWindow(), true); }; // prevents auto-close
-    commands[Command::WindowCloseAll] = [] { std::ignore = CloseAllWindows(); };
-    commands[Command::EditCopyGraph] = [] { CopyGraphics(ActiveWindow()); };
-    commands[Command::ViewDescription] = ToggleDescription;
-    commands[Command::OptionsDescription] = DescriptionDialog;
-    commands[Command::OptionsColor] = ColorDialog;
-    commands[Command::LiveScreen] = CaptureScreen;
-    commands[Command::Arrange0] = [] { ArrangeWindows(ArrangeCascade); };
-    commands[Command::Arrange1] = [] { ArrangeWindows(ArrangeTileHorizontally); };
-    commands[Command::Arrange2] = [] { ArrangeWindows(ArrangeTileVertically); };
-    commands[Command::Arrange3] = [] { ArrangeWindows(ArrangeIcons); };
-    commands[Command::AutoTile] = ToggleAutoTile;
-    commands[Command::DefaultSize] = [] { SetDefaultSize(ActiveWindow()); };
+    std::ignore = CloseWindow(ActiveWindow(), true); // prevents auto-close
 }
+
+constexpr std::array kCommands{
+    CommandBinding{ Command::FileClose, CloseActive },
+    CommandBinding{ Command::WindowClose, CloseActive },
+    CommandBinding{ Command::FileSaveAs, [] { FileSaveAsDlg(ActiveWindow()); } },
+    CommandBinding{ Command::WindowCloseAll, [] { std::ignore = CloseAllWindows(); } },
+    CommandBinding{ Command::EditCopyGraph, [] { CopyGraphics(ActiveWindow()); } },
+    CommandBinding{ Command::ViewDescription, ToggleDescription },
+    CommandBinding{ Command::OptionsDescription, DescriptionDialog },
+    CommandBinding{ Command::OptionsColor, ColorDialog },
+    CommandBinding{ Command::LiveScreen, CaptureScreen },
+    CommandBinding{ Command::Arrange0, [] { ArrangeWindows(ArrangeCascade); } },
+    CommandBinding{ Command::Arrange1, [] { ArrangeWindows(ArrangeTileHorizontally); } },
+    CommandBinding{ Command::Arrange2, [] { ArrangeWindows(ArrangeTileVertically); } },
+    CommandBinding{ Command::Arrange3, [] { ArrangeWindows(ArrangeIcons); } },
+    CommandBinding{ Command::AutoTile, ToggleAutoTile },
+    CommandBinding{ Command::DefaultSize, [] { SetDefaultSize(ActiveWindow()); } },
+};
+
+class ViewerForm final : public ScreenShotViewer {
+public:
+    void Show(const QString& path, int /*row*/) override
+    {
+        ShowScreenShot(path);
+    }
+};
 
 } // namespace
 
 void BindScreen()
 {
-    BindViews();
-    BindDocuments();
+    BindScreenDesktop();
+    TheFrameDocuments().Implement<ScreenDocuments>();
     BindDocumentFiles();
-    BindCommands();
-    TheScreenWindowHooks().SetClipboard = SetClipboard;
-    TheScreenWindowHooks().SelectWindows = SelectWindows;
-    TheControlHooks().ShowScreenShot = [](const QString& path, int) { ShowScreenShot(path); };
+    CommandsBind(kCommands);
+    TheScreenShotViewer().Implement<ViewerForm>();
 }
 
 } // namespace tarvik

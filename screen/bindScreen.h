@@ -3,8 +3,8 @@
 
 namespace tarvik {
 
-/// Binds the document windows and their forms to the frame's commands, to its state of documents, to the openers of
-/// files and to the file control window.
+/// Binds the document windows and their forms to the frame's commands, to its state of documents, to the port of
+/// documents and to the file control window.
 void BindScreen();
 
 } // namespace tarvik

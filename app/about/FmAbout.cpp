@@ -7,6 +7,7 @@
 #include "app/help/help.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 
 #include <QBoxLayout>
 #include <QLabel>
@@ -16,8 +17,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextForm = 10000;
-constexpr int kHelpForm = 10001;
 constexpr int kPicturePx = 64;
 constexpr double kProductFontScale = 1.7;
 
@@ -26,8 +25,8 @@ constexpr double kProductFontScale = 1.7;
 FmAbout::FmAbout(QWidget* parent)
     : FormBase("FmAbout", parent)
 {
-    LngSetForm(this, kTextForm);
-    SetHelpNumber(kHelpForm);
+    LngSetForm(this, TextId::AboutTitle);
+    SetHelpNumber(HelpId::About);
     BuildLabels();
     BuildButtons();
     BuildLayout();
@@ -37,7 +36,7 @@ void FmAbout::BuildLabels()
 {
     ImProd = NewLabel(this, "ImProd", {});
     ImProd->setPixmap(ProgramIcon().pixmap(QSize(kPicturePx, kPicturePx), devicePixelRatioF()));
-    LbProd = NewLabel(this, "LbProd", { 10002, 0, 0 });
+    LbProd = NewLabel(this, "LbProd", { TextId::AboutProduct });
     LbProd->setText(LngUnescapeMenu(LbProd->text()));
     LbProd->setAccessibleName(LbProd->text());
     ImProd->setAccessibleName(LbProd->text());
@@ -45,9 +44,9 @@ void FmAbout::BuildLabels()
     font.setPointSizeF(font.pointSizeF() * kProductFontScale);
     font.setBold(true);
     LbProd->setFont(font);
-    LbUse1 = NewLabel(this, "LbUse1", { 10003, 0, 0 });
-    LbCopy = NewLabel(this, "LbCopy", { 10012, 0, 0 });
-    LbVers = NewLabel(this, "LbVers", { 10013, 0, 0 });
+    LbUse1 = NewLabel(this, "LbUse1", { TextId::AboutPurpose });
+    LbCopy = NewLabel(this, "LbCopy", { TextId::AboutCopyright });
+    LbVers = NewLabel(this, "LbVers", { TextId::AboutVersion });
     LbVers->setText(AboutVersionText(ProductPreRelease()));
     LbVers->setAccessibleName(LbVers->text());
     LbVers->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -55,9 +54,10 @@ void FmAbout::BuildLabels()
 
 void FmAbout::BuildButtons()
 {
-    BtInfo = NewButton(this, "BtInfo", { 10009, 10009, 10010 });
-    BtHelp = NewButton(this, "BtHelp", { 10006, 10006, 10007 });
-    BtClose = NewButton(this, "BtClose", { 10004, 10004, 10005 });
+    BtInfo =
+        NewButton(this, "BtInfo", { TextId::AboutVersionInfo, TextId::AboutVersionInfo, TextId::AboutVersionInfoHint });
+    BtHelp = NewButton(this, "BtHelp", { TextId::AboutHelp, TextId::AboutHelp, TextId::WindowHelpHint });
+    BtClose = NewButton(this, "BtClose", { TextId::AboutClose, TextId::AboutClose, TextId::CloseWindowHint });
     BtClose->setDefault(true);
     connect(BtInfo, &QPushButton::clicked, this, [this] {
         FmInfo info(this);

@@ -4,6 +4,7 @@
 #include "app/forms/controlValues.h"
 #include "app/forms/formLayout.h"
 #include "app/help/help.h"
+#include "app/text/textId.h"
 
 #include <QBoxLayout>
 #include <QLabel>
@@ -15,10 +16,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextForm = 11700;
-constexpr int kHelpForm = 11702;
-constexpr int kHintClose = 10005;
-constexpr int kHintHelp = 10007;
 constexpr int kColumnGapPx = 28;
 
 } // namespace
@@ -26,8 +23,8 @@ constexpr int kColumnGapPx = 28;
 FmInfo::FmInfo(QWidget* parent)
     : FormBase("FmInfo", parent)
 {
-    LngSetForm(this, kTextForm);
-    SetHelpNumber(kHelpForm);
+    LngSetForm(this, TextId::InfoTitle);
+    SetHelpNumber(HelpId::Info);
     BuildControls();
     BuildLayout();
     FillInfo();
@@ -35,9 +32,11 @@ FmInfo::FmInfo(QWidget* parent)
 
 void FmInfo::BuildControls()
 {
-    LbFileName = NewLabel(this, "LbFileName", { 11703, 11703, 11704 });
-    LbFileVer = NewLabel(this, "LbFileVer", { 11705, 11705, 11706 });
-    LbProdVer = NewLabel(this, "LbProdVer", { 11708, 11708, 11711 });
+    LbFileName = NewLabel(this, "LbFileName", { TextId::InfoFile, TextId::InfoFile, TextId::InfoFileHint });
+    LbFileVer =
+        NewLabel(this, "LbFileVer", { TextId::InfoFileVersion, TextId::InfoFileVersion, TextId::InfoFileVersionHint });
+    LbProdVer = NewLabel(
+        this, "LbProdVer", { TextId::InfoProductVersion, TextId::InfoProductVersion, TextId::InfoProductVersionHint });
     TbInfo = new QPlainTextEdit(this);
     NameControl(TbInfo, QStringLiteral("TbInfo"));
     TbInfo->setAccessibleName(windowTitle());
@@ -45,9 +44,9 @@ void FmInfo::BuildControls()
     TbInfo->setTabChangesFocus(true);
     TbInfo->setLineWrapMode(QPlainTextEdit::NoWrap);
     TbInfo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // as high as its lines, and more if dragged
-    SetControlHelp(TbInfo, kHelpForm);
-    BtHelp = NewButton(this, "BtHelp", { 11710, 11710, kHintHelp });
-    BtClose = NewButton(this, "BtClose", { 11709, 11709, kHintClose });
+    SetControlHelp(TbInfo, HelpId::Info);
+    BtHelp = NewButton(this, "BtHelp", { TextId::InfoHelp, TextId::InfoHelp, TextId::WindowHelpHint });
+    BtClose = NewButton(this, "BtClose", { TextId::InfoClose, TextId::InfoClose, TextId::CloseWindowHint });
     BtClose->setDefault(true);
     connect(BtHelp, &QPushButton::clicked, this, [this] { ShowHelp(HelpNumber()); });
     connect(BtClose, &QPushButton::clicked, this, [this] { Unload(); });

@@ -1,12 +1,11 @@
 #include "app/about/info.h"
 
 #include "app/help/helpFile.h"
-#include "app/platform/processState.h"
+#include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/text/ansi.h"
 #include "app/text/lang.h"
-
-#include <QCoreApplication>
+#include "app/text/textId.h"
 
 #include <array>
 
@@ -14,18 +13,10 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextVersion = 10014;
-constexpr int kTextNoVersion = 11712;
-
-InfoHooks Defaults()
-{
-    return { [] { return QCoreApplication::applicationFilePath(); }, ReadHelpVersion };
-}
-
 InfoRow RowOf(const QString& name, const std::optional<FileVersion>& version)
 {
     if (!version)
-        return { name, LngStr(kTextNoVersion), LngStr(kTextNoVersion) };
+        return { name, LngStr(TextId::NoVersion), LngStr(TextId::NoVersion) };
     return { name, version->File, version->Product };
 }
 
@@ -50,16 +41,10 @@ std::optional<FileVersion> FirmwareVersion()
 
 } // namespace
 
-InfoHooks& TheInfoHooks()
-{
-    static ProcessState<InfoHooks> hooks(Defaults);
-    return hooks.Get();
-}
-
 std::vector<InfoRow> InfoRows()
 {
-    std::vector<InfoRow> rows{ RowOf(QStringLiteral("TARVIK.EXE"), ReadFileVersion(TheInfoHooks().ExecutablePath())),
-        RowOf(QStringLiteral("TARVIK.CHM"), TheInfoHooks().HelpBookVersion(Program().HelpFilePath)) };
+    std::vector<InfoRow> rows{ RowOf(QStringLiteral("TARVIK.EXE"), ReadFileVersion(TheSeams().ExecutablePath())),
+        RowOf(QStringLiteral("TARVIK.CHM"), ReadHelpVersion(Program().HelpFilePath)) };
     for (const Module module :
         { Module::General, Module::Pictures, Module::Language, Module::Traces, Module::Channel, Module::ListStore })
         rows.push_back(ModuleRow(module));
@@ -77,7 +62,7 @@ QString InfoText()
 
 QString AboutVersionText(const QString& preRelease)
 {
-    const QString version = LngStr1(kTextVersion, ProductVersionNumbers());
+    const QString version = LngStr1(TextId::VersionLine, ProductVersionNumbers());
     return preRelease.isEmpty() ? version : version + u' ' + preRelease;
 }
 

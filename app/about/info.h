@@ -5,7 +5,6 @@
 
 #include <QString>
 
-#include <functional>
 #include <vector>
 
 namespace tarvik {
@@ -26,12 +25,5 @@ QString InfoText();
 
 /// Product version as a sentence; a pre-release tag that is not empty follows behind a blank.
 QString AboutVersionText(const QString& preRelease);
-
-/// Whose files are looked at.
-struct InfoHooks {
-    std::function<QString()> ExecutablePath; ///< by default the running program
-    std::function<std::optional<FileVersion>(const QString& path)> HelpBookVersion; ///< by default what the book tells
-};
-InfoHooks& TheInfoHooks();
 
 } // namespace tarvik

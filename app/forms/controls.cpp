@@ -23,16 +23,16 @@ namespace {
 constexpr double kTwipsPerInch = 1440.0;
 constexpr double kUsualDotsPerInch = 96.0;
 
-/// The hint of the nearest control around `control`; 0 without one.
-int HintAround(const QWidget* control)
+/// The hint of the nearest control around `control`.
+TextNumber<0> HintAround(const QWidget* control)
 {
     for (const QWidget* at = control; at != nullptr && !at->isWindow();) {
         at = at->parentWidget();
         const int hint = at == nullptr ? 0 : at->property(kHintNumberProperty).toInt();
         if (hint != 0)
-            return hint;
+            return TextNumber<0>(hint);
     }
-    return 0;
+    return {};
 }
 
 /// Shows the control's hint on the status line while the pointer is over it. A pointer that leaves a control inside
@@ -48,7 +48,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (event->type() == QEvent::Enter)
-            StatusSetId(watched->property(kHintNumberProperty).toInt());
+            StatusSetId(TextNumber<0>(watched->property(kHintNumberProperty).toInt()));
         if (event->type() == QEvent::Leave)
             StatusSet(LngStr(HintAround(qobject_cast<QWidget*>(watched))));
         return QObject::eventFilter(watched, event);
@@ -111,11 +111,11 @@ template <typename Control>
 Control* Prepared(Control* control, const char* name, const ControlTexts& texts)
 {
     NameControl(control, QString::fromLatin1(name));
-    if (texts.Text != 0)
+    if (!texts.Text.IsNone())
         LngSetCtrl(control, texts.Text);
-    if (texts.Help != 0)
+    if (texts.Help.Number != 0)
         SetControlHelp(control, texts.Help);
-    if (texts.Hint != 0)
+    if (!texts.Hint.IsNone())
         SetControlHint(control, texts.Hint);
     return control;
 }
@@ -134,15 +134,15 @@ int HelpNumberOf(const QWidget* control)
     return 0;
 }
 
-void SetControlHelp(QWidget* control, int help)
+void SetControlHelp(QWidget* control, TopicNumber help)
 {
-    control->setProperty(kHelpNumberProperty, help);
+    control->setProperty(kHelpNumberProperty, help.Number);
 }
 
-void SetControlHint(QWidget* control, int hint)
+void SetControlHint(QWidget* control, TextNumber<0> hint)
 {
     const bool isNew = !control->property(kHintNumberProperty).isValid();
-    control->setProperty(kHintNumberProperty, hint);
+    control->setProperty(kHintNumberProperty, hint.Number);
     if (isNew)
         new HintFilter(control);
 }
@@ -158,7 +158,7 @@ int PixelsFromTwips(const QWidget* control, double twips)
     return qRound(twips / TwipsPerPixel(control));
 }
 
-void LngSetCtrl(QWidget* control, int id)
+void LngSetCtrl(QWidget* control, TextNumber<0> id)
 {
     GeometryAdjustment adjustment = LngCtrlSize(id);
     if (auto* combo = qobject_cast<QComboBox*>(control)) {
@@ -177,7 +177,7 @@ void LngSetCtrl(QWidget* control, int id)
         AdjustGeometry(control, adjustment, true);
 }
 
-void LngSetForm(QWidget* form, int id)
+void LngSetForm(QWidget* form, TextNumber<0> id)
 {
     form->setWindowTitle(LngStr(id));
     const GeometryAdjustment adjustment = LngCtrlSize(id);
@@ -211,17 +211,17 @@ QLabel* NewLabel(QWidget* parent, const char* name, const ControlTexts& texts)
     return label;
 }
 
-QLineEdit* NewTextBox(QWidget* parent, const char* name, int help, int maxLength)
+QLineEdit* NewTextBox(QWidget* parent, const char* name, TopicNumber help, int maxLength)
 {
-    auto* textBox = Prepared(new QLineEdit(parent), name, { 0, help, 0 });
+    auto* textBox = Prepared(new QLineEdit(parent), name, { {}, help, {} });
     textBox->setMaxLength(maxLength);
     LimitToAnsi(textBox);
     return textBox;
 }
 
-QComboBox* NewCombo(QWidget* parent, const char* name, int help)
+QComboBox* NewCombo(QWidget* parent, const char* name, TopicNumber help)
 {
-    return Prepared(new QComboBox(parent), name, { 0, help, 0 });
+    return Prepared(new QComboBox(parent), name, { {}, help, {} });
 }
 
 QCheckBox* NewCheckBox(QWidget* parent, const char* name, const ControlTexts& texts)

@@ -1,6 +1,6 @@
 #include "app/forms/dialog.h"
 
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 
@@ -18,21 +18,21 @@ int DialogShow(DialogForm& form)
 {
     ProgramState& program = Program();
     const bool hold = program.StatusHold;
-    const QString status = TheFrameHooks().StatusText();
+    const QString status = TheFrame()->StatusText();
     program.StatusHold = false;
     StatusClear();
 
     const int outerResult = program.DialogResult;
     program.DialogResult = kStatusClosedByOtherMeans;
     if (!DialogIsOpen())
-        TheFrameHooks().CloseTip();
+        TheFrame()->CloseTip();
     form.RunDialog(!program.NonModalDialogs);
     const int result = program.DialogResult;
     program.DialogResult = outerResult;
 
     program.StatusHold = hold;
     if (hold)
-        TheFrameHooks().SetStatusText(status);
+        TheFrame()->SetStatusText(status);
     else
         StatusSet(status);
     return result;
@@ -42,14 +42,14 @@ void DialogPush(DialogForm& form, bool removeClose)
 {
     DialogStackPush(form);
     form.PrepareWindow(removeClose);
-    TheFrameHooks().MenuUpdate();
+    TheFrame()->MenuUpdate();
 }
 
 void DialogPop()
 {
     StatusClear();
     DialogStackPop();
-    TheFrameHooks().MenuUpdate();
+    TheFrame()->MenuUpdate();
 }
 
 void DialogEnd(DialogForm& form, int status)

@@ -1,7 +1,7 @@
 #include "app/forms/form.h"
 
 #include "app/platform/seams.h"
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -117,9 +117,9 @@ int FormBase::HelpNumber() const
     return property(kHelpNumberProperty).toInt();
 }
 
-void FormBase::SetHelpNumber(int number)
+void FormBase::SetHelpNumber(TopicNumber topic)
 {
-    setProperty(kHelpNumberProperty, number);
+    setProperty(kHelpNumberProperty, topic.Number);
 }
 
 void FormBase::WaitUntilPainted()

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/forms/dialog.h"
+#include "app/text/textNumber.h"
 
 #include <QDialog>
 
@@ -63,7 +64,7 @@ protected:
     /// First activation, with the message loop running.
     virtual void OnActivate() { }
 
-    void SetHelpNumber(int number);
+    void SetHelpNumber(TopicNumber topic);
 
     /// Runs events until the form has been painted, but not for long: for an activation whose work keeps it from being
     /// painted. A form that can't be seen is not waited for to the end.
@@ -99,11 +100,11 @@ private:
     bool wasBusy_;
 };
 
-/// Text, help number and hint of a control. 0 stands for none.
+/// Text, help topic and hint of a control.
 struct ControlTexts {
-    int Text = 0;
-    int Help = 0;
-    int Hint = 0; ///< status line text while the pointer is over the control
+    TextNumber<0> Text = {};
+    TopicNumber Help = {};
+    TextNumber<0> Hint = {}; ///< status line text while the pointer is over the control
 };
 
 /// Space around a form's contents.
@@ -118,13 +119,13 @@ inline constexpr const char* kKeepsEscapeProperty = "KeepsEscape";
 /// The help number that F1 shows for `control`: its own, else its nearest parent's; 0 without one.
 int HelpNumberOf(const QWidget* control);
 
-void SetControlHelp(QWidget* control, int help);
+void SetControlHelp(QWidget* control, TopicNumber help);
 
 /// Property of a control that holds its hint number.
 inline constexpr const char* kHintNumberProperty = "HintNumber";
 
 /// Shows text `hint` on the status line while the pointer is over `control`; may be called again with another one.
-void SetControlHint(QWidget* control, int hint);
+void SetControlHint(QWidget* control, TextNumber<0> hint);
 
 /// Twips in one pixel of the control's screen: 15 at 96 dpi.
 double TwipsPerPixel(const QWidget* control);
@@ -133,14 +134,14 @@ int PixelsFromTwips(const QWidget* control, double twips);
 /// Sets a control's text and geometry by text number, by the kind of the control: a combo box gets no text; a text
 /// box gets it as its content; labels, buttons and frames as their caption; lines, scroll bars, lists and pictures
 /// none. Adjustments of the geometry apply when 4 exist (a combo box: at least 3); those of a line move its two ends.
-void LngSetCtrl(QWidget* control, int id);
+void LngSetCtrl(QWidget* control, TextNumber<0> id);
 
 /// Property of a form that holds by how much (QSize, pixels) its language makes it larger than its layout does.
 inline constexpr const char* kGrowthProperty = "LanguageGrowth";
 
 /// The same for a form: its window title, moved and sized when exactly 4 adjustments exist. A form whose layout fixes
 /// its size stays at that size, which grows with its controls.
-void LngSetForm(QWidget* form, int id);
+void LngSetForm(QWidget* form, TextNumber<0> id);
 
 /// Names a control: object name, and an accessible name taken from `label` where the control shows no text.
 void NameControl(QWidget* control, const QString& name);
@@ -148,8 +149,8 @@ void NameControl(QWidget* control, const QString& name);
 /// Makers of controls. Each returns a child of `parent` under its given name, with texts and help set.
 QPushButton* NewButton(QWidget* parent, const char* name, const ControlTexts& texts);
 QLabel* NewLabel(QWidget* parent, const char* name, const ControlTexts& texts);
-QLineEdit* NewTextBox(QWidget* parent, const char* name, int help, int maxLength);
-QComboBox* NewCombo(QWidget* parent, const char* name, int help);
+QLineEdit* NewTextBox(QWidget* parent, const char* name, TopicNumber help, int maxLength);
+QComboBox* NewCombo(QWidget* parent, const char* name, TopicNumber help);
 QCheckBox* NewCheckBox(QWidget* parent, const char* name, const ControlTexts& texts);
 QGroupBox* NewFrame(QWidget* parent, const char* name, const ControlTexts& texts);
 

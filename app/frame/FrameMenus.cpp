@@ -6,6 +6,7 @@
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/general.h"
 
 #include <QAction>
@@ -18,8 +19,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextLiveScreen = 11936;
 
 bool PicturesFit(const QWidget* widget)
 {
@@ -73,7 +72,7 @@ void FrameMenus::AddEntry(const MenuEntry& entry, QMenu* menu)
         ShowToggles(); // a checkable action has switched its mark by itself, whatever the command did
     });
     connect(action, &QAction::hovered, this, [entry] {
-        if (const int hint = MenuHint(entry, LinkIsUp()))
+        if (const TextNumber<0> hint = MenuHint(entry, LinkIsUp()); !hint.IsNone())
             StatusSetId(hint);
         else
             StatusSet({});
@@ -81,7 +80,7 @@ void FrameMenus::AddEntry(const MenuEntry& entry, QMenu* menu)
 }
 
 /// A menu shows what stands behind a tab as the item's key; the key itself belongs to the frame's key handler.
-void FrameMenus::SetEntryText(QAction* action, int text, int help)
+void FrameMenus::SetEntryText(QAction* action, TextNumber<0> text, int help)
 {
     const QString caption = LngStr(text);
     action->setText(FrameCaption(caption, IsNtFamily()));
@@ -92,7 +91,7 @@ void FrameMenus::SetTexts()
 {
     const bool pictures = PicturesFit(frame_);
     const auto setGroup = [this, pictures](const MenuGroup& group) {
-        if (group.Head.Text != 0)
+        if (!group.Head.Text.IsNone())
             SetEntryText(Action(group.Head.Name), group.Head.Text, group.Head.Help);
         for (const MenuEntry& entry : group.Items) {
             if (entry.Name == nullptr)
@@ -124,7 +123,8 @@ void FrameMenus::Apply(const MenuOutcome& outcome)
     }
     SetConnectCaption(outcome.Connect);
     if (outcome.ResetLiveScreenCaption)
-        SetEntryText(Action("MnInstrDispSc"), kTextLiveScreen, kTextLiveScreen + 1);
+        SetEntryText(
+            Action("MnInstrDispSc"), TextId::MenuInstrumentLiveScreen, TextId::MenuInstrumentLiveScreen.Number + 1);
     if (outcome.DescriptionEnabled)
         Action("MnViewDescription")->setEnabled(*outcome.DescriptionEnabled);
     if (outcome.DescriptionChecked)
@@ -145,7 +145,7 @@ void FrameMenus::ShowToggles()
     for (const char* name : { "MnViewStatusBar", "ClMnViewStatusBar", "SbMnHide" })
         Action(name)->setChecked(program.StatusBarOn);
     Action("MnWindowAutotile")->setChecked(program.AutoTile);
-    const bool description = TheDocumentHooks().State().DescriptionVisible;
+    const bool description = TheFrameDocuments()->State().DescriptionVisible;
     for (const char* name : { "MnViewDescription", "ScMnViewDescription", "SwMnViewDescription" })
         Action(name)->setChecked(description);
 }

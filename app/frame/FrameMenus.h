@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/frame/menu.h"
+#include "app/text/textNumber.h"
 
 #include <QHash>
 #include <QObject>
@@ -36,7 +37,7 @@ public:
 private:
     void AddGroup(const MenuGroup& group, QMenu* menu);
     void AddEntry(const MenuEntry& entry, QMenu* menu);
-    void SetEntryText(QAction* action, int text, int help);
+    void SetEntryText(QAction* action, TextNumber<0> text, int help);
     void SetConnectCaption(const ConnectCaption& caption);
     void SetPopupStates(const MenuGroup& group);
     QAction* Action(const char* name) const;

@@ -4,6 +4,7 @@
 #include "app/forms/form.h"
 #include "app/frame/ProgressPicture.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -18,17 +19,8 @@ namespace {
 constexpr int kPictureTwips = 270;
 constexpr std::array<int, kStatusPanels> kPanelTwips{ 0, 1800, 1800, 1500 }; ///< the first one takes the rest
 
-constexpr int kTextStatusBar = 11932;
-constexpr int kHelpBar = 13600;
-constexpr int kHelpPanels = 13602;
-constexpr std::array<int, kStatusPanels> kPanelHints{ 13601, 13605, 13603, 13604 };
-
-constexpr int kHintProgress = 13605;
-constexpr int kHelpProgress = 13606;
-constexpr int kHintConnected = 13607;
-constexpr int kHelpConnected = 13608;
-constexpr int kHintNotConnected = 13609;
-constexpr int kHelpNotConnected = 13610;
+constexpr std::array<TextNumber<0>, kStatusPanels> kPanelHints{ TextId::StatusBarProgramHint,
+    TextId::StatusBarProgressHint, TextId::StatusBarInstrumentHint, TextId::StatusBarCommandHint };
 
 constexpr int kProgressPanel = 2;
 
@@ -60,7 +52,7 @@ protected:
     }
 };
 
-void SetStatusControl(QWidget* control, int hint, int help)
+void SetStatusControl(QWidget* control, TextNumber<0> hint, int help)
 {
     SetControlHelp(control, help);
     SetControlHint(control, hint);
@@ -134,17 +126,17 @@ void FrameStatusBar::changeEvent(QEvent* event)
 
 void FrameStatusBar::SetTexts()
 {
-    setAccessibleName(PlainCaption(LngStr(kTextStatusBar)));
+    setAccessibleName(PlainCaption(LngStr(TextId::MenuViewStatusBar)));
     panels_->setAccessibleName(accessibleName());
-    SetControlHelp(this, kHelpBar);
-    SetControlHelp(panels_, kHelpPanels);
+    SetControlHelp(this, HelpId::StatusBar);
+    SetControlHelp(panels_, HelpId::StatusBarPanels);
     for (size_t at = 0; at < Panels.size(); ++at) {
         SetControlHint(Panels[at], kPanelHints[at]);
         Panels[at]->setAccessibleName(LngStr(kPanelHints[at]));
     }
-    SetStatusControl(progress_, kHintProgress, kHelpProgress);
-    SetStatusControl(ImConnect, kHintConnected, kHelpConnected);
-    SetStatusControl(ImNoConnect, kHintNotConnected, kHelpNotConnected);
+    SetStatusControl(progress_, TextId::StatusBarProgressHint, HelpId::StatusBarProgress);
+    SetStatusControl(ImConnect, TextId::StatusBarConnectedHint, HelpId::StatusBarConnected);
+    SetStatusControl(ImNoConnect, TextId::StatusBarNotConnectedHint, HelpId::StatusBarNotConnected);
 }
 
 void FrameStatusBar::SetPanelText(int panel, const QString& text)

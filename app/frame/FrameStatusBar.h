@@ -1,7 +1,7 @@
 // app/frame/FrameStatusBar.h: the frame's status bar: four panels, the progress picture and the connection pictures.
 #pragma once
 
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 
 #include <QStatusBar>
 

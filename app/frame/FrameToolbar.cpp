@@ -5,6 +5,7 @@
 #include "app/frame/FmTip.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -17,7 +18,6 @@ namespace tarvik {
 namespace {
 
 constexpr int kPictureTwips = 270;
-constexpr int kTextToolbar = 11930;
 
 } // namespace
 
@@ -53,7 +53,7 @@ QToolButton* FrameToolbar::NewToolButton(int index)
         CloseTip();
         CommandRun(command);
         if (index != kToolButtonWhatsThis)
-            ReturnFocus();
+            Q_EMIT CommandDone();
     });
     return button;
 }
@@ -88,7 +88,7 @@ void FrameToolbar::LayOut()
 
 void FrameToolbar::SetTexts()
 {
-    setAccessibleName(PlainCaption(LngStr(kTextToolbar)));
+    setAccessibleName(PlainCaption(LngStr(TextId::MenuViewToolbar)));
     for (size_t at = 0; at < Cm.size(); ++at)
         SetButtonTexts(static_cast<int>(at), ToolBarTable()[at].Tip, ToolBarTable()[at].Hint);
     ShowLinkState(linkUp_);
@@ -98,10 +98,11 @@ void FrameToolbar::ShowLinkState(bool linkUp)
 {
     linkUp_ = linkUp;
     const ToolButton& row = ToolBarTable()[kToolButtonConnect];
-    SetButtonTexts(kToolButtonConnect, linkUp ? kTipConnected : row.Tip, linkUp ? kHintConnected : row.Hint);
+    SetButtonTexts(
+        kToolButtonConnect, linkUp ? TextId::ToolDisconnect : row.Tip, linkUp ? TextId::ToolDisconnectHint : row.Hint);
 }
 
-void FrameToolbar::SetButtonTexts(int index, int tip, int hint)
+void FrameToolbar::SetButtonTexts(int index, TextNumber<0> tip, TextNumber<0> hint)
 {
     QToolButton* button = Cm[static_cast<size_t>(index)];
     button->setAccessibleName(LngStr(tip));
@@ -160,7 +161,7 @@ void FrameToolbar::Tick()
         const QToolButton* button = Cm[static_cast<size_t>(index)];
         tip_->ShowTip(TipText(button->accessibleName()), QRect(button->mapToGlobal(QPoint()), button->size()));
     }
-    OnTick();
+    Q_EMIT Ticked();
 }
 
 int FrameToolbar::ButtonUnderPointer() const

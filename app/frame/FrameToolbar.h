@@ -3,11 +3,10 @@
 
 #include "app/frame/menu.h"
 #include "app/frame/tip.h"
+#include "app/text/textNumber.h"
 
 #include <QPointer>
 #include <QToolBar>
-
-#include <functional>
 
 class QTimer;
 class QToolButton;
@@ -20,12 +19,6 @@ class FrameToolbar final : public QToolBar {
     Q_OBJECT
 public:
     explicit FrameToolbar(QWidget* frame);
-
-    /// Called after each button's command but the last one's: the focus goes back to the active child window.
-    std::function<void()> ReturnFocus = [] {};
-
-    /// Called on each tick of the tips' timer.
-    std::function<void()> OnTick = [] {};
 
     void SetTexts();
 
@@ -40,11 +33,15 @@ public:
     void StartTips();
     void CloseTip();
 
+Q_SIGNALS:
+    void CommandDone(); ///< of any button but the last one
+    void Ticked(); ///< the timer of the tips
+
 private:
     QToolButton* NewToolButton(int index);
     void WriteStates(const MenuOutcome& outcome);
     void ShowLinkState(bool linkUp);
-    void SetButtonTexts(int index, int tip, int hint);
+    void SetButtonTexts(int index, TextNumber<0> tip, TextNumber<0> hint);
     void Tick();
     int ButtonUnderPointer() const;
 

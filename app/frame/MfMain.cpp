@@ -2,15 +2,19 @@
 
 #include "app/about/FmLogo.h"
 #include "app/forms/Pictures.h"
+#include "app/forms/darkColor.h"
 #include "app/forms/form.h"
 #include "app/frame/FrameMenus.h"
 #include "app/frame/FrameStatusBar.h"
 #include "app/frame/FrameToolbar.h"
 #include "app/frame/KeyboardFilter.h"
-#include "app/frame/keyboardHook.h"
+#include "app/frame/menu.h"
 #include "app/frame/placement.h"
-#include "app/settings/settings.h"
+#include "app/help/FmHelp.h"
+#include "app/help/help.h"
+#include "app/state/progressBar.h"
 #include "app/state/project.h"
+#include "app/text/textId.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -26,13 +30,13 @@
 #include <QThread>
 #include <QTimer>
 
+#include <array>
+
 namespace tarvik {
 
 namespace {
 
-constexpr int kHelpFrame = 11801;
 constexpr int kChildAreaPercent = 130; // how far its lightness is from the window colour's
-constexpr int kMiddleLightness = 128;
 
 Qt::WindowStates WindowStateOf(int winState)
 {
@@ -43,6 +47,25 @@ Qt::WindowStates WindowStateOf(int winState)
 
 MfMain* current = nullptr;
 
+void Toggle(bool& bar)
+{
+    bar = !bar;
+    current->ApplyBars();
+}
+
+/// Bound while the frame lives.
+constexpr std::array kCommands{
+    CommandBinding{ Command::FileExit, [] { current->close(); } },
+    CommandBinding{ Command::ViewToolbar, [] { Toggle(Program().ToolbarOn); } },
+    CommandBinding{ Command::ViewStatusBar, [] { Toggle(Program().StatusBarOn); } },
+    CommandBinding{ Command::HelpContents, [] { HelpCommand(HelpId::CommandContents); } },
+    CommandBinding{ Command::HelpIndex, [] { HelpCommand(HelpId::CommandIndex); } },
+    CommandBinding{ Command::HelpSearch, [] { HelpCommand(HelpId::CommandSearch); } },
+    CommandBinding{ Command::HelpSupport, [] { HelpCommand(HelpId::CommandSupport); } },
+    CommandBinding{ Command::HelpAbout, [] { HelpCommand(HelpId::CommandAbout); } },
+    CommandBinding{ Command::HelpWhatsThis, EnterWhatsThisMode },
+};
+
 } // namespace
 
 MfMain* MfMain::Current()
@@ -51,23 +74,20 @@ MfMain* MfMain::Current()
 }
 
 MfMain::MfMain(const QString& programFolder)
-    : programFolder_(programFolder)
+    : commands_(kCommands)
+    , programFolder_(programFolder)
 {
     current = this;
     setObjectName(QStringLiteral("MfMain"));
     setWindowTitle(ProductTitle());
     setAcceptDrops(true);
-    SetControlHelp(this, kHelpFrame);
+    SetControlHelp(this, TextId::PressF1ForHelp);
     BuildAreas();
-    BindHooks();
-    BindCommands();
-    BindPlacement();
 }
 
 MfMain::~MfMain()
 {
     disconnect(MdiArea, nullptr, this, nullptr); // child windows are activated and left while the base closes
-    UnbindHooks();
     current = nullptr;
 }
 
@@ -86,12 +106,17 @@ void MfMain::BuildAreas()
     menus_ = new FrameMenus(this);
     toolbar_ = new FrameToolbar(this);
     toolbar_->installEventFilter(this);
-    toolbar_->ReturnFocus = [this] { ReturnFocus(); };
+    connect(toolbar_, &FrameToolbar::CommandDone, this, &MfMain::ReturnFocus);
+    connect(toolbar_, &FrameToolbar::Ticked, this, [] { TheFrameDocuments()->CheckPendingResize(); });
     addToolBar(Qt::TopToolBarArea, toolbar_);
     statusBar_ = new FrameStatusBar(this);
     statusBar_->installEventFilter(this);
     setStatusBar(statusBar_);
     keyboard_ = new KeyboardFilter(this);
+    TmProgress = new QTimer(this);
+    TmProgress->setObjectName(QStringLiteral("TmProgress"));
+    TmProgress->setInterval(kProgressTimerMs);
+    connect(TmProgress, &QTimer::timeout, this, [] { ProgressRefresh(); });
 
     ImLogoMr = new QLabel(this);
     ImLogoMr->setObjectName(QStringLiteral("ImLogoMr"));
@@ -103,8 +128,7 @@ void MfMain::BuildAreas()
 void MfMain::ColourChildArea()
 {
     const QColor window = palette().color(QPalette::Window);
-    const bool isDark = window.lightness() < kMiddleLightness;
-    MdiArea->setBackground(isDark ? window.lighter(kChildAreaPercent) : window.darker(kChildAreaPercent));
+    MdiArea->setBackground(IsDark(window) ? window.lighter(kChildAreaPercent) : window.darker(kChildAreaPercent));
 }
 
 void MfMain::changeEvent(QEvent* event)
@@ -208,7 +232,7 @@ void MfMain::ShowBar(QWidget* bar, bool on)
         return;
     bar->setVisible(on);
     layout()->activate(); // the room changes now, not with the next event
-    TheDocumentHooks().Retile();
+    TheFrameDocuments()->Retile();
 }
 
 void MfMain::ShowFrame()
@@ -240,19 +264,6 @@ void MfMain::ReturnFocus()
         child->setFocus();
 }
 
-/// Runs at each change of what the program can do.
-void MfMain::MenuUpdate()
-{
-    PursueCloseWish();
-    const auto outcome = MenuCompute(MenuInputNow(), Program().MenusDisabled);
-    if (!outcome)
-        return;
-    menus_->Apply(*outcome);
-    toolbar_->Apply(*outcome);
-    statusBar_->ShowLinkState(outcome->LinkUp);
-    TheDocumentHooks().Enable(outcome->MenusEnabled);
-}
-
 void MfMain::Popup(const QString& name, const QPoint& at)
 {
     menus_->Popup(name, at);
@@ -262,12 +273,6 @@ bool MfMain::FrameKeyDown(const QKeyEvent& event)
 {
     const bool isCopy = event.key() == Qt::Key_C && event.modifiers() == Qt::ControlModifier;
     return isCopy && RuleHolds(EnableRule::Document, MenuInputNow()) && CommandRun(Command::EditCopyGraph);
-}
-
-bool MfMain::HasActivation() const
-{
-    const bool nobodyHas = QApplication::activeWindow() == nullptr;
-    return isActiveWindow() || (nobodyHas && QGuiApplication::applicationState() == Qt::ApplicationActive);
 }
 
 void MfMain::keyPressEvent(QKeyEvent* event)

@@ -2,12 +2,15 @@
 // the process ends. It shows and passes on; the rules are in startup.h, menu.h, tip.h and dropFiles.h.
 #pragma once
 
+#include "app/frame/commands.h"
 #include "app/frame/startup.h"
+#include "app/state/frame.h"
 
 #include <QMainWindow>
 
 class QLabel;
 class QMdiArea;
+class QTimer;
 
 namespace tarvik {
 
@@ -16,7 +19,7 @@ class FrameStatusBar;
 class FrameToolbar;
 class KeyboardFilter;
 
-class MfMain final : public QMainWindow, public ProjectHost {
+class MfMain final : public QMainWindow, public ProjectHost, public Frame {
     Q_OBJECT
 public:
     /// `programFolder` holds the modules, the help book and the settings file.
@@ -39,10 +42,6 @@ public:
     /// What a child window does with a key of its own: Ctrl+C copies. True when the key has run a command.
     bool FrameKeyDown(const QKeyEvent& event);
 
-    /// True while the keyboard speaks to the frame, and from the end of a dialog until the window system has told who
-    /// is next: no other program has taken over meanwhile.
-    bool HasActivation() const;
-
     QMdiArea* ChildArea() const
     {
         return MdiArea;
@@ -60,6 +59,26 @@ public:
     void FocusFirstButton() override;
     void RemoveKeyboardHook() override;
 
+    void MenuUpdate() override;
+    bool HasActivation() const override;
+    void ShowBusyPointer(bool busy) override;
+    void CloseTip() override;
+    void FinishPainting() override;
+    QString StatusText() const override;
+    void SetStatusText(const QString& text) override;
+    void SetPanelText(int panel, const QString& text) override;
+    void EnableStatusBar(bool on) override;
+    void ShowProgress(int percent, const QString& text) override;
+    void ClearProgress() override;
+    void EnableProgressTimer(bool on) override;
+    std::optional<int> HighlightedHelp() const override;
+    void EnterWhatsThis() override;
+    void ShowAbout() override;
+    QSizeF ScreenTwips() const override;
+    QSizeF ResizeTwips(QSizeF size) override;
+    void MoveTwips(QPointF leftTop) override;
+    std::optional<FramePlacement> Placement() const override;
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
@@ -75,17 +94,13 @@ protected:
 private:
     void BuildAreas();
     void ColourChildArea();
-    void BindHooks();
-    static void UnbindHooks();
-    void BindProgress();
-    void BindCommands();
-    void BindPlacement();
-    void MenuUpdate();
     void PursueCloseWish();
     void ShowBar(QWidget* bar, bool on);
     bool PopupForBar(QObject* watched, QEvent* event);
     void ReturnFocus();
 
+    PortScope<Frame> inForce_{ TheFrame(), *this };
+    CommandScope commands_;
     QString programFolder_;
     QMdiArea* MdiArea = nullptr;
     QLabel* ImLogoMr = nullptr;
@@ -93,6 +108,7 @@ private:
     FrameToolbar* toolbar_ = nullptr;
     FrameStatusBar* statusBar_ = nullptr;
     KeyboardFilter* keyboard_ = nullptr;
+    QTimer* TmProgress = nullptr;
     QRect placement_; ///< restored: the place of the title bar, the size of what it stands over; from the settings
 };
 

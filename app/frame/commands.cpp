@@ -4,31 +4,56 @@
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 
+#include <array>
+#include <optional>
+
 namespace tarvik {
 
-CommandHooks& TheCommandHooks()
+namespace {
+
+using CommandTable = std::array<CommandFunction, static_cast<std::size_t>(Command::Count)>;
+
+CommandTable NoCommands()
 {
-    static ProcessState<CommandHooks> hooks;
-    return hooks.Get();
+    CommandTable table;
+    table.fill([] {});
+    return table;
 }
 
-void CommandHooksReset()
+CommandFunction& FunctionOf(Command command)
 {
-    TheCommandHooks() = {};
+    static ProcessState<CommandTable> table(NoCommands);
+    return table.Get()[static_cast<std::size_t>(command)];
+}
+
+} // namespace
+
+void CommandsBind(std::span<const CommandBinding> bindings)
+{
+    for (const CommandBinding& binding : bindings)
+        FunctionOf(binding.Run) = binding.Function;
+}
+
+CommandScope::CommandScope(std::span<const CommandBinding> bindings)
+{
+    for (const CommandBinding& binding : bindings)
+        before_.push_back({ binding.Run, FunctionOf(binding.Run) });
+    CommandsBind(bindings);
+}
+
+CommandScope::~CommandScope()
+{
+    CommandsBind(before_);
 }
 
 bool CommandRun(Command command)
 {
     if (!CanAct())
         return false;
-    const std::function<void()> run = TheCommandHooks()[command]; // a copy: the command may bind the table anew
-    const bool isBusy = command != Command::FileExit;
-    if (isBusy)
-        BeginBusy();
-    if (run)
-        run();
-    if (isBusy)
-        EndBusy();
+    std::optional<BusyScope> busy;
+    if (command != Command::FileExit)
+        busy.emplace();
+    FunctionOf(command)();
     return true;
 }
 

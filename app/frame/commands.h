@@ -1,9 +1,8 @@
 // app/frame/commands.h: every command of the frame, and the table of what each runs.
 #pragma once
 
-#include <array>
-#include <cstddef>
-#include <functional>
+#include <span>
+#include <vector>
 
 namespace tarvik {
 
@@ -56,19 +55,29 @@ enum class Command {
     Count
 };
 
-/// What runs for each command; empty where the program has no such part. Bound by the composition.
-class CommandHooks {
+using CommandFunction = void (*)();
+
+/// What a command runs.
+struct CommandBinding {
+    Command Run;
+    CommandFunction Function; ///< not null
+};
+
+/// Each owner binds the commands of its part once, at start, for the rest of the process. A command of a part that the
+/// program lacks does nothing.
+void CommandsBind(std::span<const CommandBinding> bindings);
+
+/// Binds commands for its own lifetime, then puts back what they ran before. Scopes nest.
+class CommandScope {
 public:
-    std::function<void()>& operator[](Command command)
-    {
-        return hooks_[static_cast<std::size_t>(command)];
-    }
+    explicit CommandScope(std::span<const CommandBinding> bindings);
+    ~CommandScope();
+    CommandScope(const CommandScope&) = delete;
+    CommandScope& operator=(const CommandScope&) = delete;
 
 private:
-    std::array<std::function<void()>, static_cast<std::size_t>(Command::Count)> hooks_;
+    std::vector<CommandBinding> before_;
 };
-CommandHooks& TheCommandHooks();
-void CommandHooksReset();
 
 /// Runs a command between BeginBusy and EndBusy, if the program can act; true if it ran. The exit runs without the
 /// two, since it asks the same gate itself.

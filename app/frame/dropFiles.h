@@ -4,18 +4,9 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
-
 class QMimeData;
 
 namespace tarvik {
-
-/// What is asked about dropped things; bound by the composition. Without an answer nothing is taken.
-struct DropHooks {
-    std::function<bool(const QString& path)> IsKnownFile; ///< the file test
-    std::function<bool(const QMimeData& data)> IsRecognised; ///< data that is no list of files
-};
-DropHooks& TheDropHooks();
 
 /// True when the frame may take these files: the program can act and one of them passes the file test.
 bool DropIsAllowed(const QStringList& files);

@@ -2,6 +2,7 @@
 
 #include "app/forms/dialog.h"
 #include "app/help/help.h"
+#include "app/state/frame.h"
 #include "app/state/project.h"
 
 #include <QtCore/qnamespace.h>
@@ -12,28 +13,19 @@ namespace {
 
 bool EnterWhatsThis()
 {
-    if (TheHelpHooks().EnterWhatsThis)
-        TheHelpHooks().EnterWhatsThis();
+    TheFrame()->EnterWhatsThis();
     return true;
 }
 
 bool ShowHighlightedTopic()
 {
-    if (!TheMenuTracker())
-        return false;
-    const std::optional<int> help = TheMenuTracker()();
+    const std::optional<int> help = TheFrame()->HighlightedHelp();
     if (help && *help != 0)
         ShowHelp(*help);
     return help.has_value();
 }
 
 } // namespace
-
-std::function<std::optional<int>()>& TheMenuTracker()
-{
-    static std::function<std::optional<int>()> tracker;
-    return tracker;
-}
 
 bool KeyboardHookKey(const HookKey& key)
 {

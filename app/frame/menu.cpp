@@ -1,8 +1,8 @@
 #include "app/frame/menu.h"
 
-#include "app/platform/processState.h"
 #include "app/state/linkState.h"
 #include "app/state/project.h"
+#include "app/text/textId.h"
 
 namespace tarvik {
 
@@ -84,28 +84,28 @@ std::optional<MenuOutcome> MenuCompute(const MenuInput& input, bool& menusDisabl
 
 MenuInput MenuInputNow()
 {
-    return { Program().Started, CanAct(), LinkIsUp(), TheDocumentHooks().State() };
+    return { Program().Started, CanAct(), LinkIsUp(), TheFrameDocuments()->State() };
 }
 
 ConnectCaption ConnectCaptionFor(bool linkUp)
 {
-    constexpr ConnectCaption kDisconnect{ 11940, 11941 };
-    constexpr ConnectCaption kConnect{ 11938, 11939 };
+    constexpr ConnectCaption kDisconnect{ TextId::MenuInstrumentDisconnect, HelpId::CommandDisconnect };
+    constexpr ConnectCaption kConnect{ TextId::MenuInstrumentConnect, HelpId::CommandConnect };
     return linkUp ? kDisconnect : kConnect;
 }
 
-int MenuHint(const MenuEntry& entry, bool linkUp)
+TextNumber<0> MenuHint(const MenuEntry& entry, bool linkUp)
 {
     if (entry.Run == Command::None)
-        return 0;
+        return {};
     if (entry.Run == Command::Connect && linkUp)
-        return kHintConnected;
+        return TextId::ToolDisconnectHint;
     const Command run = entry.Run == Command::FilePrint ? Command::FilePrintNow : entry.Run;
     for (const ToolButton& button : ToolBarTable()) {
         if (button.Run == run)
             return button.Hint;
     }
-    return 0;
+    return {};
 }
 
 QString FrameCaption(const QString& text, bool isNtFamily)
@@ -116,12 +116,6 @@ QString FrameCaption(const QString& text, bool isNtFamily)
 bool MenuPicturesAreDrawn(int checkWidthPx, int checkHeightPx)
 {
     return checkWidthPx >= kLeastCheckPx && checkHeightPx >= kLeastCheckPx;
-}
-
-DocumentHooks& TheDocumentHooks()
-{
-    static ProcessState<DocumentHooks> hooks;
-    return hooks.Get();
 }
 
 } // namespace tarvik

@@ -3,11 +3,12 @@
 #pragma once
 
 #include "app/frame/commands.h"
+#include "app/frame/frameDocuments.h"
+#include "app/text/textNumber.h"
 
 #include <QString>
 
 #include <array>
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -32,7 +33,7 @@ inline constexpr int kNoPicture = -1;
 /// An item of a menu. An item without a name is a separator.
 struct MenuEntry {
     const char* Name;
-    int Text; ///< text number of the caption
+    TextNumber<0> Text; ///< caption
     int Help; ///< help number
     Command Run;
     EnableRule When;
@@ -62,8 +63,8 @@ inline constexpr int kToolButtons = 21;
 
 struct ToolButton {
     Command Run;
-    int Tip; ///< text number
-    int Hint; ///< text number of the status line's text
+    TextNumber<0> Tip;
+    TextNumber<0> Hint; ///< on the status line
     int Help;
     EnableRule When;
     const char* Picture; ///< file name of the picture, without folder and ending
@@ -81,45 +82,22 @@ inline constexpr int kToolGroupGapTwips = 120;
 inline constexpr int kToolButtonConnect = 0;
 inline constexpr int kToolButtonWhatsThis = 20;
 
-/// Tip and hint of button 0 while the link is up.
-inline constexpr int kTipConnected = 13820;
-inline constexpr int kHintConnected = 13823;
-
 /// Caption and help number of `MnInstrConnect` and its twin.
 struct ConnectCaption {
-    int Text;
+    TextNumber<0> Text;
     int Help;
 };
 ConnectCaption ConnectCaptionFor(bool linkUp);
 
 /// Text of the status line while an item is highlighted: the hint of the button that runs the same command or, for
-/// printing, the same with another argument; 0 without one. Connecting has another hint while the link is up.
-int MenuHint(const MenuEntry& entry, bool linkUp);
+/// printing, the same with another argument; none without one. Connecting has another hint while the link is up.
+TextNumber<0> MenuHint(const MenuEntry& entry, bool linkUp);
 
 /// A caption as the system shows it: the NT family has one blank at the end.
 QString FrameCaption(const QString& text, bool isNtFamily);
 
 /// Pictures are drawn beside menu items only where the system's check mark is at least 13 pixels in both directions.
 bool MenuPicturesAreDrawn(int checkWidthPx, int checkHeightPx);
-
-/// The open documents as the menus see them.
-struct DocumentsState {
-    bool Active = false; ///< a valid document window is active
-    bool AnyMinimised = false;
-    bool AnyShown = false; ///< one is not minimised
-    bool ActiveIsMaximised = false;
-    bool ActiveAtDefaultSize = false;
-    bool DescriptionVisible = false; ///< of the active window
-};
-
-/// What the frame asks of the document windows; without them none is open.
-struct DocumentHooks {
-    std::function<DocumentsState()> State = [] { return DocumentsState(); };
-    std::function<void(bool enabled)> Enable = [](bool) {};
-    std::function<void()> Retile = [] {}; ///< the room for child windows has changed
-    std::function<void()> CheckPendingResize = [] {}; ///< on each tick of the frame's tip timer
-};
-DocumentHooks& TheDocumentHooks();
 
 struct MenuInput {
     bool Started = false;

@@ -1,5 +1,6 @@
 // The table itself: the menu bar, the pop-ups and the tool bar. A row's position is its place in the menu.
 #include "app/frame/menu.h"
+#include "app/text/textId.h"
 
 namespace tarvik {
 
@@ -7,75 +8,87 @@ namespace {
 
 using Rule = EnableRule;
 
-constexpr MenuEntry kSeparator{ nullptr, 0, 0, Command::None, Rule::Untouched, kNoPicture, false };
+constexpr MenuEntry kSeparator{ nullptr, {}, 0, Command::None, Rule::Untouched, kNoPicture, false };
 
-/// The help number of a menu item is the one behind its text number.
-constexpr MenuEntry Item(const char* name, int text, Command run, Rule when, int picture = kNoPicture)
+/// The help number of a menu item is the one after its text number.
+constexpr MenuEntry Item(const char* name, TextNumber<0> text, Command run, Rule when, int picture = kNoPicture)
 {
-    return { name, text, text + 1, run, when, picture, false };
+    return { name, text, text.Number + 1, run, when, picture, false };
 }
 
-constexpr MenuEntry Check(const char* name, int text, Command run, Rule when)
+constexpr MenuEntry Check(const char* name, TextNumber<0> text, Command run, Rule when)
 {
-    return { name, text, text + 1, run, when, kNoPicture, true };
+    return { name, text, text.Number + 1, run, when, kNoPicture, true };
 }
 
-constexpr MenuEntry Menu(const char* name, int text)
+constexpr MenuEntry Menu(const char* name, TextNumber<0> text)
 {
-    return { name, text, text + 1, Command::None, Rule::Act, kNoPicture, false };
+    return { name, text, text.Number + 1, Command::None, Rule::Act, kNoPicture, false };
 }
 
 std::vector<MenuGroup> MakeMenuBar()
 {
     return {
-        { Menu("MnFile", 11902),
-            { Item("MnFileOpen", 11904, Command::FileOpen, Rule::Untouched, 1),
-                Item("MnFileClose", 11906, Command::FileClose, Rule::Document),
-                Item("MnFileSaveAs", 11908, Command::FileSaveAs, Rule::Document, 2), kSeparator,
-                Item("MnFileTvConvert", 11910, Command::FileConvert, Rule::Untouched), kSeparator,
-                Item("MnFilePageSetup", 11912, Command::FilePageSetup, Rule::Untouched),
-                Item("MnFilePrintSetup", 11914, Command::FilePrintSetup, Rule::Untouched), kSeparator,
-                Item("MnFilePrintPreview", 11916, Command::FilePrintPreview, Rule::Document, 4),
-                Item("MnFilePrint", 11918, Command::FilePrint, Rule::Document, 3), kSeparator,
-                Item("MnFileExit", 11920, Command::FileExit, Rule::Untouched) } },
-        { Menu("MnEdit", 11922), { Item("MnEditCopyGraph", 11924, Command::EditCopyGraph, Rule::Document, 5) } },
-        { Menu("MnView", 11926),
-            { Check("MnViewDescription", 11928, Command::ViewDescription, Rule::Description), kSeparator,
-                Check("MnViewToolbar", 11930, Command::ViewToolbar, Rule::Untouched),
-                Check("MnViewStatusBar", 11932, Command::ViewStatusBar, Rule::Untouched) } },
-        { Menu("MnInstr", 11934),
-            { Item("MnInstrDispSc", 11936, Command::LiveScreen, Rule::Link, 16), kSeparator,
-                Item("MnInstrAntennaListControl", 11980, Command::Control1, Rule::Link, 6),
-                Item("MnInstrKfactorControl", 11982, Command::Control2, Rule::Link, 7),
-                Item("MnInstrMemoryListControl", 11984, Command::Control3, Rule::Link, 8),
-                Item("MnInstrSuppressListControl", 11986, Command::Control4, Rule::Link, 9),
-                Item("MnInstrCorrectionSetControl", 11988, Command::Control6, Rule::Link, 10), kSeparator,
-                Item("MnInstrConnect", 11938, Command::Connect, Rule::Untouched, 0) } },
-        { Menu("MnTools", 11942),
-            { Item("MnToolsAntennaListEditor", 11990, Command::Editor1, Rule::Untouched, 11),
-                Item("MnToolsKfactorEditor", 11992, Command::Editor2, Rule::Untouched, 12),
-                Item("MnToolsMemoryListEditor", 11994, Command::Editor3, Rule::Untouched, 13),
-                Item("MnToolsSuppressListEditor", 11996, Command::Editor4, Rule::Untouched, 14),
-                Item("MnToolsCorrectionSetEditor", 11998, Command::Editor6, Rule::Untouched, 15) } },
-        { Menu("MnOptions", 11944),
-            { Item("MnOptionsDescr", 11946, Command::OptionsDescription, Rule::DescriptionShown),
-                Item("MnOptionsColor", 11948, Command::OptionsColor, Rule::Document) } },
-        { Menu("MnWindow", 11950),
-            { Item("MnWindowCascade", 11952, Command::Arrange0, Rule::Shown),
-                Item("MnWindowTileHoriz", 11954, Command::Arrange1, Rule::Shown),
-                Item("MnWindowTileVert", 11956, Command::Arrange2, Rule::Shown),
-                Check("MnWindowAutotile", 11958, Command::AutoTile, Rule::Untouched),
-                Item("MnWindowArrangeIcons", 11960, Command::Arrange3, Rule::Minimised), kSeparator,
-                Item("MnWindowDefSize", 11962, Command::DefaultSize, Rule::OffDefaultSize), kSeparator,
-                Item("MnWindowClose", 11964, Command::WindowClose, Rule::Document),
-                Item("MnWindowCloseAll", 11966, Command::WindowCloseAll, Rule::Document) } },
-        { Menu("MnHelp", 11968),
-            { Item("MnHelpContents", 11970, Command::HelpContents, Rule::Untouched),
-                Item("MnHelpIndex", 11972, Command::HelpIndex, Rule::Untouched),
-                Item("MnHelpSearch", 11974, Command::HelpSearch, Rule::Untouched), kSeparator,
-                Item("MnHelpWhatsThis", 11976, Command::HelpWhatsThis, Rule::Untouched, 20), kSeparator,
-                Item("MnHelpSupport", 11978, Command::HelpSupport, Rule::Untouched),
-                Item("MnHelpAbout", 11900, Command::HelpAbout, Rule::Untouched) } },
+        { Menu("MnFile", TextId::MenuFile),
+            { Item("MnFileOpen", TextId::MenuFileOpen, Command::FileOpen, Rule::Untouched, 1),
+                Item("MnFileClose", TextId::MenuFileClose, Command::FileClose, Rule::Document),
+                Item("MnFileSaveAs", TextId::MenuFileSaveAs, Command::FileSaveAs, Rule::Document, 2), kSeparator,
+                Item("MnFileTvConvert", TextId::MenuFileConvert, Command::FileConvert, Rule::Untouched), kSeparator,
+                Item("MnFilePageSetup", TextId::MenuFilePageSetup, Command::FilePageSetup, Rule::Untouched),
+                Item("MnFilePrintSetup", TextId::MenuFilePrinterSetup, Command::FilePrintSetup, Rule::Untouched),
+                kSeparator,
+                Item("MnFilePrintPreview", TextId::MenuFilePrintPreview, Command::FilePrintPreview, Rule::Document, 4),
+                Item("MnFilePrint", TextId::MenuFilePrint, Command::FilePrint, Rule::Document, 3), kSeparator,
+                Item("MnFileExit", TextId::MenuFileExit, Command::FileExit, Rule::Untouched) } },
+        { Menu("MnEdit", TextId::MenuEdit),
+            { Item("MnEditCopyGraph", TextId::MenuEditCopyGraphics, Command::EditCopyGraph, Rule::Document, 5) } },
+        { Menu("MnView", TextId::MenuView),
+            { Check("MnViewDescription", TextId::MenuViewDescription, Command::ViewDescription, Rule::Description),
+                kSeparator, Check("MnViewToolbar", TextId::MenuViewToolbar, Command::ViewToolbar, Rule::Untouched),
+                Check("MnViewStatusBar", TextId::MenuViewStatusBar, Command::ViewStatusBar, Rule::Untouched) } },
+        { Menu("MnInstr", TextId::MenuInstrument),
+            { Item("MnInstrDispSc", TextId::MenuInstrumentLiveScreen, Command::LiveScreen, Rule::Link, 16), kSeparator,
+                Item("MnInstrAntennaListControl", TextId::MenuInstrumentAntennaLists, Command::Control1, Rule::Link, 6),
+                Item("MnInstrKfactorControl", TextId::MenuInstrumentKfactorTables, Command::Control2, Rule::Link, 7),
+                Item("MnInstrMemoryListControl", TextId::MenuInstrumentMemoryLists, Command::Control3, Rule::Link, 8),
+                Item("MnInstrSuppressListControl", TextId::MenuInstrumentSuppressLists, Command::Control4, Rule::Link,
+                    9),
+                Item("MnInstrCorrectionSetControl", TextId::MenuInstrumentCorrectionSets, Command::Control6, Rule::Link,
+                    10),
+                kSeparator,
+                Item("MnInstrConnect", TextId::MenuInstrumentConnect, Command::Connect, Rule::Untouched, 0) } },
+        { Menu("MnTools", TextId::MenuTools),
+            { Item("MnToolsAntennaListEditor", TextId::MenuToolsAntennaListEditor, Command::Editor1, Rule::Untouched,
+                  11),
+                Item(
+                    "MnToolsKfactorEditor", TextId::MenuToolsKfactorTableEditor, Command::Editor2, Rule::Untouched, 12),
+                Item("MnToolsMemoryListEditor", TextId::MenuToolsMemoryListEditor, Command::Editor3, Rule::Untouched,
+                    13),
+                Item("MnToolsSuppressListEditor", TextId::MenuToolsSuppressListEditor, Command::Editor4,
+                    Rule::Untouched, 14),
+                Item("MnToolsCorrectionSetEditor", TextId::MenuToolsCorrectionSetEditor, Command::Editor6,
+                    Rule::Untouched, 15) } },
+        { Menu("MnOptions", TextId::MenuOptions),
+            { Item("MnOptionsDescr", TextId::MenuOptionsDescription, Command::OptionsDescription,
+                  Rule::DescriptionShown),
+                Item("MnOptionsColor", TextId::MenuOptionsColours, Command::OptionsColor, Rule::Document) } },
+        { Menu("MnWindow", TextId::MenuWindow),
+            { Item("MnWindowCascade", TextId::MenuWindowCascade, Command::Arrange0, Rule::Shown),
+                Item("MnWindowTileHoriz", TextId::MenuWindowTileHorizontally, Command::Arrange1, Rule::Shown),
+                Item("MnWindowTileVert", TextId::MenuWindowTileVertically, Command::Arrange2, Rule::Shown),
+                Check("MnWindowAutotile", TextId::MenuWindowAutomaticTiling, Command::AutoTile, Rule::Untouched),
+                Item("MnWindowArrangeIcons", TextId::MenuWindowArrangeIcons, Command::Arrange3, Rule::Minimised),
+                kSeparator,
+                Item("MnWindowDefSize", TextId::MenuWindowDefaultSize, Command::DefaultSize, Rule::OffDefaultSize),
+                kSeparator, Item("MnWindowClose", TextId::MenuWindowClose, Command::WindowClose, Rule::Document),
+                Item("MnWindowCloseAll", TextId::MenuWindowCloseAll, Command::WindowCloseAll, Rule::Document) } },
+        { Menu("MnHelp", TextId::MenuHelp),
+            { Item("MnHelpContents", TextId::MenuHelpContents, Command::HelpContents, Rule::Untouched),
+                Item("MnHelpIndex", TextId::MenuHelpIndex, Command::HelpIndex, Rule::Untouched),
+                Item("MnHelpSearch", TextId::MenuHelpSearch, Command::HelpSearch, Rule::Untouched), kSeparator,
+                Item("MnHelpWhatsThis", TextId::MenuHelpWhatsThis, Command::HelpWhatsThis, Rule::Untouched, 20),
+                kSeparator, Item("MnHelpSupport", TextId::MenuHelpSupport, Command::HelpSupport, Rule::Untouched),
+                Item("MnHelpAbout", TextId::MenuHelpAbout, Command::HelpAbout, Rule::Untouched) } },
     };
 }
 
@@ -97,14 +110,14 @@ MenuEntry Twin(const char* name, const char* main, Command run)
 
 constexpr MenuEntry Popup(const char* name)
 {
-    return { name, 0, 0, Command::None, Rule::Act, kNoPicture, false };
+    return { name, {}, 0, Command::None, Rule::Act, kNoPicture, false };
 }
 
 std::vector<MenuEntry> FrameAreaItems()
 {
     return { Twin("ClMnFileOpen", "MnFileOpen"), kSeparator, Twin("ClMnViewToolbar", "MnViewToolbar"),
         Twin("ClMnViewStatusBar", "MnViewStatusBar"), kSeparator, Twin("ClMnInstrDispSc", "MnInstrDispSc"),
-        Item("ClMnInstrScreenShotControl", 12000, Command::Control5, Rule::Untouched),
+        Item("ClMnInstrScreenShotControl", TextId::MenuInstrumentScreenShots, Command::Control5, Rule::Untouched),
         Twin("ClMnInstrAntennaListControl", "MnInstrAntennaListControl"),
         Twin("ClMnInstrKfactorControl", "MnInstrKfactorControl"),
         Twin("ClMnInstrMemoryListControl", "MnInstrMemoryListControl"),
@@ -174,27 +187,42 @@ const MenuGroup* PopupFind(const QString& name)
 const std::array<ToolButton, kToolButtons>& ToolBarTable()
 {
     static constexpr std::array<ToolButton, kToolButtons> table{ {
-        { Command::Connect, 13819, 13821, 13822, Rule::Act, "connect" },
-        { Command::FileOpen, 13801, 13802, 13803, Rule::Act, "open" },
-        { Command::FileSaveAs, 13804, 13805, 13806, Rule::Document, "saveas" },
-        { Command::FilePrintNow, 13807, 13808, 13809, Rule::Document, "print" },
-        { Command::FilePrintPreview, 13810, 13811, 13812, Rule::Document, "preview" },
-        { Command::EditCopyGraph, 13813, 13814, 13815, Rule::Document, "copy" },
-        { Command::Control1, 13837, 13838, 13839, Rule::Link, "antenna-control" },
-        { Command::Control2, 13843, 13844, 13845, Rule::Link, "kfactor-control" },
-        { Command::Control3, 13849, 13850, 13851, Rule::Link, "memory-control" },
-        { Command::Control4, 13855, 13856, 13857, Rule::Link, "suppress-control" },
-        { Command::Control6, 13861, 13862, 13863, Rule::Link, "correction-control" },
-        { Command::Editor1, 13840, 13841, 13842, Rule::Act, "antenna-editor" },
-        { Command::Editor2, 13846, 13847, 13848, Rule::Act, "kfactor-editor" },
-        { Command::Editor3, 13852, 13853, 13854, Rule::Act, "memory-editor" },
-        { Command::Editor4, 13858, 13859, 13860, Rule::Act, "suppress-editor" },
-        { Command::Editor6, 13864, 13865, 13866, Rule::Act, "correction-editor" },
-        { Command::LiveScreen, 13816, 13817, 13818, Rule::Link, "livescreen" },
-        { Command::None, 13827, 13828, 13829, Rule::Never, "unused" },
-        { Command::None, 13830, 13831, 13832, Rule::Never, "unused" },
-        { Command::None, 13833, 13834, 13835, Rule::Never, "unused" },
-        { Command::HelpWhatsThis, 13824, 13825, 13826, Rule::Act, "whatsthis" },
+        { Command::Connect, TextId::ToolConnect, TextId::ToolConnectHint, HelpId::ToolConnect, Rule::Act, "connect" },
+        { Command::FileOpen, TextId::ToolOpen, TextId::ToolOpenHint, HelpId::ToolOpen, Rule::Act, "open" },
+        { Command::FileSaveAs, TextId::ToolSaveAs, TextId::ToolSaveAsHint, HelpId::ToolSaveAs, Rule::Document,
+            "saveas" },
+        { Command::FilePrintNow, TextId::ToolPrint, TextId::ToolPrintHint, HelpId::ToolPrint, Rule::Document, "print" },
+        { Command::FilePrintPreview, TextId::ToolPrintPreview, TextId::ToolPrintPreviewHint, HelpId::ToolPrintPreview,
+            Rule::Document, "preview" },
+        { Command::EditCopyGraph, TextId::ToolCopyGraphics, TextId::ToolCopyGraphicsHint, HelpId::ToolCopyGraphics,
+            Rule::Document, "copy" },
+        { Command::Control1, TextId::ToolAntennaLists, TextId::ToolAntennaListsHint, HelpId::ToolAntennaLists,
+            Rule::Link, "antenna-control" },
+        { Command::Control2, TextId::ToolKfactorTables, TextId::ToolKfactorTablesHint, HelpId::ToolKfactorTables,
+            Rule::Link, "kfactor-control" },
+        { Command::Control3, TextId::ToolMemoryLists, TextId::ToolMemoryListsHint, HelpId::ToolMemoryLists, Rule::Link,
+            "memory-control" },
+        { Command::Control4, TextId::ToolSuppressLists, TextId::ToolSuppressListsHint, HelpId::ToolSuppressLists,
+            Rule::Link, "suppress-control" },
+        { Command::Control6, TextId::ToolCorrectionSets, TextId::ToolCorrectionSetsHint, HelpId::ToolCorrectionSets,
+            Rule::Link, "correction-control" },
+        { Command::Editor1, TextId::ToolAntennaListEditor, TextId::ToolAntennaListEditorHint,
+            HelpId::ToolAntennaListEditor, Rule::Act, "antenna-editor" },
+        { Command::Editor2, TextId::ToolKfactorTableEditor, TextId::ToolKfactorTableEditorHint,
+            HelpId::ToolKfactorTableEditor, Rule::Act, "kfactor-editor" },
+        { Command::Editor3, TextId::ToolMemoryListEditor, TextId::ToolMemoryListEditorHint,
+            HelpId::ToolMemoryListEditor, Rule::Act, "memory-editor" },
+        { Command::Editor4, TextId::ToolSuppressListEditor, TextId::ToolSuppressListEditorHint,
+            HelpId::ToolSuppressListEditor, Rule::Act, "suppress-editor" },
+        { Command::Editor6, TextId::ToolCorrectionSetEditor, TextId::ToolCorrectionSetEditorHint,
+            HelpId::ToolCorrectionSetEditor, Rule::Act, "correction-editor" },
+        { Command::LiveScreen, TextId::ToolLiveScreen, TextId::ToolLiveScreenHint, HelpId::ToolLiveScreen, Rule::Link,
+            "livescreen" },
+        { Command::None, TextId::ToolUnused1, TextId::ToolUnused1Hint, HelpId::ToolUnused1, Rule::Never, "unused" },
+        { Command::None, TextId::ToolUnused2, TextId::ToolUnused2Hint, HelpId::ToolUnused2, Rule::Never, "unused" },
+        { Command::None, TextId::ToolUnused3, TextId::ToolUnused3Hint, HelpId::ToolUnused3, Rule::Never, "unused" },
+        { Command::HelpWhatsThis, TextId::ToolWhatsThis, TextId::ToolWhatsThisHint, HelpId::ToolWhatsThis, Rule::Act,
+            "whatsthis" },
     } };
     return table;
 }

@@ -1,15 +1,18 @@
 #include "app/frame/startup.h"
 
 #include "app/forms/dialog.h"
+#include "app/frame/frameDocuments.h"
 #include "app/message/message.h"
+#include "app/platform/instrumentLink.h"
 #include "app/platform/paths.h"
 #include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/settings/settings.h"
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/general.h"
 
 #include <QDir>
@@ -19,10 +22,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextProgramTitle = 11800;
-constexpr int kMsgLibraryMissing = 12705;
-constexpr int kMsgPreRelease = 12706;
 
 constexpr int kHelpCommandContext = 1;
 constexpr int kLogoEndsProcess = 3;
@@ -52,15 +51,12 @@ bool IsNeededForTexts(Module module)
 void ReportMissing(Module module)
 {
     const QString name = ModuleFileName(module).toUpper();
-    const bool hasText = !LngStr1(kMsgLibraryMissing, name).isEmpty();
+    const bool hasText = !LngStr1(TextId::LibraryMissing, name).isEmpty();
     if (!IsNeededForTexts(module) && hasText) {
-        MsgOk1(kMsgLibraryMissing, name);
+        MsgOk1(TextId::LibraryMissing, name);
         return;
     }
-    const QString title = ProductTitle();
-    TheSeams().SystemBox(Program().ProgramTitle,
-        title + QStringLiteral(" library ") + name + QStringLiteral(" can not be loaded.\rRun setup again.\r") + title
-            + QStringLiteral(" aborted."));
+    TheSeams().SystemBox(Program().ProgramTitle, ModuleMissingText(module));
 }
 
 bool LoadModules(ProjectHost& host)
@@ -87,7 +83,8 @@ void TellPreRelease()
 {
     if (ProductPreRelease().isEmpty())
         return;
-    MsgOk1(kMsgPreRelease, Program().ProgramTitle + u' ' + ProductVersionNumbers() + u' ' + ProductVersionText());
+    MsgOk1(TextId::PreReleaseVersion,
+        Program().ProgramTitle + u' ' + ProductVersionNumbers() + u' ' + ProductVersionText());
 }
 
 /// Neither begins when the program has been asked to end meanwhile: both wait for the user.
@@ -95,8 +92,7 @@ void OpenFileOrConnect()
 {
     if (Program().CloseWished || OpenStartFile(Program().CommandLine))
         return;
-    if (const auto connect = TheProjectHooks().AutoConnect)
-        connect(Program().ConnectedAtExit);
+    TheInstrumentLink()->AutoConnect(Program().ConnectedAtExit);
 }
 
 bool CanBeRead(const QString& path)
@@ -105,12 +101,24 @@ bool CanBeRead(const QString& path)
     return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly);
 }
 
+bool OpenWhileBusy(const QString& path)
+{
+    const BusyScope busy;
+    return TheFrameDocuments()->Open(path);
+}
+
 } // namespace
 
 CommonDialog& TheCommonDialog()
 {
     static ProcessState<CommonDialog> dialog;
     return dialog.Get();
+}
+
+QString ModuleMissingText(Module module)
+{
+    return QStringLiteral("%1 library %2 can not be loaded.\rRun setup again.\r%1 aborted.")
+        .arg(ProductTitle(), ModuleFileName(module).toUpper());
 }
 
 bool ProjectInit(ProjectHost& host)
@@ -126,10 +134,9 @@ bool ProjectInit(ProjectHost& host)
     program.Idle = true;
     if (!LoadModules(host))
         return false;
-    program.ProgramTitle = LngStr(kTextProgramTitle);
+    program.ProgramTitle = LngStr(TextId::ProgramTitle);
     IniRead();
-    if (const auto clear = TheProjectHooks().ClearWindowTable)
-        clear();
+    TheFrameDocuments()->ClearTable();
     program.MenusDisabled = false;
     program.AutoTile = false; // after the settings: a stored value is never honoured at start
     host.BuildTexts();
@@ -148,7 +155,7 @@ bool ProjectStart(ProjectHost& host)
     TellPreRelease();
     OpenFileOrConnect();
     Program().Started = true;
-    TheFrameHooks().MenuUpdate();
+    TheFrame()->MenuUpdate();
     host.FocusFirstButton();
     return true;
 }
@@ -165,10 +172,7 @@ bool OpenStartFile(const QString& path)
     // It is remembered beyond this run, which may begin in another folder.
     name = QFileInfo(WithoutStepsUp(name)).absoluteFilePath();
     SetLastFile(name);
-    BeginBusy();
-    const auto open = TheProjectHooks().FileOpen;
-    const bool opened = open && open(name);
-    EndBusy();
+    const bool opened = OpenWhileBusy(name);
     TheSeams().PumpEvents();
     return opened;
 }
@@ -177,11 +181,9 @@ bool ProjectQueryUnload()
 {
     if (!CanAct())
         return false;
-    BeginBusy();
-    const auto closeAll = TheProjectHooks().CloseAllDocuments;
-    const bool closed = !closeAll || closeAll();
+    const BusyScope busy;
+    const bool closed = TheFrameDocuments()->CloseAll();
     IniWrite();
-    EndBusy();
     return closed;
 }
 

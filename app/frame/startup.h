@@ -33,6 +33,9 @@ struct CommonDialog {
 };
 CommonDialog& TheCommonDialog();
 
+/// What a user reads where a module is missing without which there are no texts. A carriage return parts the lines.
+QString ModuleMissingText(Module module);
+
 /// The first half: state, folders, the library checks, settings, texts. False ends the process at once: a library is
 /// missing, and the user has been told of each one that is.
 [[nodiscard]] bool ProjectInit(ProjectHost& host);

@@ -1,6 +1,7 @@
 #include "app/frame/tip.h"
 
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 
 #include <algorithm>
 
@@ -11,8 +12,6 @@ namespace {
 constexpr int kTicksToShow = 10;
 constexpr int kCountAfterMove = 20; ///< the pointer knows its way: the next tip follows at once
 constexpr int kCountForgotten = 11;
-
-constexpr int kTextShortcut = 13836;
 
 constexpr int kLeftOfButtonPx = 2;
 constexpr int kBelowCentrePx = 18;
@@ -40,7 +39,7 @@ int TipCounter::Tick(int button)
 
 QString TipText(const QString& tip)
 {
-    const QString shortcut = LngStr(kTextShortcut);
+    const QString shortcut = LngStr(TextId::TipShortcut);
     return shortcut.isEmpty() ? tip : tip + u' ' + shortcut;
 }
 

@@ -1,9 +1,11 @@
 #include "app/help/FmHelp.h"
 
 #include "app/forms/Pictures.h"
+#include "app/forms/darkColor.h"
 #include "app/forms/form.h"
 #include "app/help/help.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -30,29 +32,6 @@ namespace tarvik {
 
 namespace {
 
-enum TextId {
-    kTitleText = 10604,
-    kContentsText = 10605,
-    kIndexText = 10606,
-    kSearchText = 10607,
-    kBackText = 10608,
-    kBackHint = 10609,
-    kForwardText = 10610,
-    kForwardHint = 10611,
-    kHomeText = 10612,
-    kHomeHint = 10613,
-    kKeywordText = 10614,
-    kWordsText = 10615,
-    kNothingFoundText = 10616,
-    kFoundText = 10617,
-    kPageText = 10618,
-    kContentsListText = 10619,
-    kIndexListText = 10620,
-    kFoundListText = 10621,
-    kSearchPrompt = 10623,
-    kSeparatorText = 10743
-};
-
 enum Tab { kContentsTab, kIndexTab, kSearchTab };
 
 constexpr int kPathRole = Qt::UserRole;
@@ -72,8 +51,7 @@ public:
     QVariant loadResource(int type, const QUrl& name) override
     {
         QString path = name.path();
-        const bool isDark = palette().color(QPalette::Base).lightness() < 128;
-        if (isDark && path.endsWith(QLatin1String("style.css")))
+        if (IsDark(palette().color(QPalette::Base)) && path.endsWith(QLatin1String("style.css")))
             path.replace(QLatin1String("style.css"), QLatin1String("style-dark.css"));
         const std::optional<QByteArray> bytes = book_.Page(path);
         if (!bytes)
@@ -97,7 +75,7 @@ public:
     }
 };
 
-void PrepareList(QAbstractItemView* list, const char* name, int text)
+void PrepareList(QAbstractItemView* list, const char* name, TextNumber<0> text)
 {
     NameControl(list, QString::fromLatin1(name));
     list->setAccessibleName(LngStr(text));
@@ -123,8 +101,8 @@ FmHelp::FmHelp(const HelpFile& book)
     setObjectName(QStringLiteral("FmHelp"));
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowIcon(ProgramIcon());
-    SetControlHelp(this, kTitleText);
-    LngSetForm(this, kTitleText);
+    SetControlHelp(this, TextId::HelpTitle);
+    LngSetForm(this, TextId::HelpTitle);
     auto* halves = new QSplitter(this);
     NameControl(halves, QStringLiteral("SpHelp"));
     halves->setChildrenCollapsible(false);
@@ -144,9 +122,9 @@ QWidget* FmHelp::BuildSide()
 {
     TcHelp = new QTabWidget;
     NameControl(TcHelp, QStringLiteral("TcHelp"));
-    TcHelp->addTab(BuildContents(), LngStr(kContentsText));
-    TcHelp->addTab(BuildIndex(), LngStr(kIndexText));
-    TcHelp->addTab(BuildSearch(), LngStr(kSearchText));
+    TcHelp->addTab(BuildContents(), LngStr(TextId::HelpContents));
+    TcHelp->addTab(BuildIndex(), LngStr(TextId::HelpIndex));
+    TcHelp->addTab(BuildSearch(), LngStr(TextId::HelpSearch));
     connect(TcHelp, &QTabWidget::currentChanged, this, &FmHelp::FocusTab);
     return TcHelp;
 }
@@ -162,7 +140,7 @@ QWidget* FmHelp::BuildContents()
 {
     auto* tab = new QWidget;
     TvContents = new QTreeWidget(tab);
-    PrepareList(TvContents, "TvContents", kContentsListText);
+    PrepareList(TvContents, "TvContents", TextId::HelpContentsList);
     TvContents->setHeaderHidden(true);
     TvContents->setUniformRowHeights(true);
     FillContents();
@@ -176,11 +154,11 @@ QWidget* FmHelp::BuildContents()
 QWidget* FmHelp::BuildIndex()
 {
     auto* tab = new QWidget;
-    auto* label = NewLabel(tab, "LbKeyword", { kKeywordText, 0, 0 });
+    auto* label = NewLabel(tab, "LbKeyword", { TextId::HelpKeyword });
     TbKeyword = NewTextBox(tab, "TbKeyword", 0, kLongestQuery);
     BindLabel(label, TbKeyword);
     LxIndex = new QListWidget(tab);
-    PrepareList(LxIndex, "LxIndex", kIndexListText);
+    PrepareList(LxIndex, "LxIndex", TextId::HelpKeywordList);
     FillList(LxIndex, book_.Index());
     connect(LxIndex, &QListWidget::itemClicked, this, [this] { Follow(LxIndex); });
     connect(LxIndex, &QListWidget::itemActivated, this, [this] { Follow(LxIndex); });
@@ -196,13 +174,13 @@ QWidget* FmHelp::BuildIndex()
 QWidget* FmHelp::BuildSearch()
 {
     auto* tab = new QWidget;
-    auto* label = NewLabel(tab, "LbWords", { kWordsText, 0, 0 });
+    auto* label = NewLabel(tab, "LbWords", { TextId::HelpWords });
     TbWords = NewTextBox(tab, "TbWords", 0, kLongestQuery);
     TbWords->setClearButtonEnabled(true);
     BindLabel(label, TbWords);
     LxFound = new QListWidget(tab);
-    PrepareList(LxFound, "LxFound", kFoundListText);
-    LbFound = NewLabel(tab, "LbFound", { kSearchPrompt, 0, 0 });
+    PrepareList(LxFound, "LxFound", TextId::HelpFoundList);
+    LbFound = NewLabel(tab, "LbFound", { TextId::HelpSearchPrompt });
     LbFound->setWordWrap(true);
     connect(LxFound, &QListWidget::itemClicked, this, [this] { Follow(LxFound); });
     connect(LxFound, &QListWidget::itemActivated, this, [this] { Follow(LxFound); });
@@ -219,15 +197,15 @@ QWidget* FmHelp::BuildSearch()
 QWidget* FmHelp::BuildPage()
 {
     auto* side = new QWidget;
-    BtBack = NewButton(side, "BtBack", { kBackText, 0, 0 });
-    BtForward = NewButton(side, "BtForward", { kForwardText, 0, 0 });
-    BtHome = NewButton(side, "BtHome", { kHomeText, 0, 0 });
-    BtBack->setToolTip(LngStr(kBackHint));
-    BtForward->setToolTip(LngStr(kForwardHint));
-    BtHome->setToolTip(LngStr(kHomeHint));
+    BtBack = NewButton(side, "BtBack", { TextId::HelpBack });
+    BtForward = NewButton(side, "BtForward", { TextId::HelpForward });
+    BtHome = NewButton(side, "BtHome", { TextId::HelpHome });
+    BtBack->setToolTip(LngStr(TextId::HelpBackHint));
+    BtForward->setToolTip(LngStr(TextId::HelpForwardHint));
+    BtHome->setToolTip(LngStr(TextId::HelpHomeHint));
     BrPage = new PageView(book_, side);
     NameControl(BrPage, QStringLiteral("BrPage"));
-    BrPage->setAccessibleName(LngStr(kPageText));
+    BrPage->setAccessibleName(LngStr(TextId::HelpTopicColumn));
     BrPage->setOpenExternalLinks(false);
     connect(BtBack, &QPushButton::clicked, BrPage, &QTextBrowser::backward);
     connect(BtForward, &QPushButton::clicked, BrPage, &QTextBrowser::forward);
@@ -282,7 +260,8 @@ void FmHelp::FillList(QListWidget* list, const std::vector<HelpTopic>& topics)
     for (const HelpTopic& topic : topics) {
         const QString page = book_.TitleOf(topic.Path.section(u'#', 0, 0));
         const bool needsPage = list == LxFound && page != topic.Title;
-        auto* item = new QListWidgetItem(needsPage ? topic.Title + LngStr(kSeparatorText) + page : topic.Title, list);
+        auto* item =
+            new QListWidgetItem(needsPage ? topic.Title + LngStr(TextId::TitleSeparator) + page : topic.Title, list);
         item->setData(kPathRole, topic.Path);
         item->setToolTip(item->text());
     }
@@ -311,18 +290,18 @@ void FmHelp::RunSearch(const QString& query)
     const std::vector<HelpTopic> found = book_.Search(query);
     FillList(LxFound, found);
     if (query.simplified().isEmpty())
-        LbFound->setText(LngStr(kSearchPrompt));
+        LbFound->setText(LngStr(TextId::HelpSearchPrompt));
     else if (found.empty())
-        LbFound->setText(LngStr(kNothingFoundText));
+        LbFound->setText(LngStr(TextId::HelpNothingFound));
     else
-        LbFound->setText(LngStr1(kFoundText, QString::number(found.size())));
+        LbFound->setText(LngStr1(TextId::HelpTopicsFound, QString::number(found.size())));
 }
 
 /// Title and contents follow the page, however it was reached.
 void FmHelp::PageChanged(const QUrl& page)
 {
     const QString path = page.toString();
-    setWindowTitle(book_.TitleOf(path) + LngStr(kSeparatorText) + LngStr(kTitleText));
+    setWindowTitle(book_.TitleOf(path) + LngStr(TextId::TitleSeparator) + LngStr(TextId::HelpTitle));
     QTreeWidgetItem* best = nullptr;
     for (QTreeWidgetItemIterator at(TvContents); *at != nullptr; ++at) {
         const QString topic = (*at)->data(0, kPathRole).toString();

@@ -72,7 +72,7 @@ private:
     QTextBrowser* BrPage = nullptr;
 };
 
-/// Binds the viewer to the help commands (`TheHelpHooks`), all but About and What's This.
+/// The help commands show their pages in the viewer from now on.
 void BindHelpViewer();
 
 /// The open or hidden viewer; null before it was first shown.

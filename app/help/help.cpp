@@ -1,55 +1,68 @@
 #include "app/help/help.h"
 
 #include "app/message/message.h"
-#include "app/platform/processState.h"
+#include "app/platform/instrumentLink.h"
 #include "app/platform/seams.h"
+#include "app/state/frame.h"
+#include "app/text/textId.h"
 
 namespace tarvik {
 
 namespace {
 
-constexpr int kAboutHelp = 11901;
-constexpr int kContentsHelp = 11971;
-constexpr int kIndexHelp = 11973;
-constexpr int kSearchHelp = 11975;
-constexpr int kSupportHelp = 11979;
-constexpr int kNoHelpMessage = 12702;
-
 constexpr const char* kMakerSite = "https://www.tarvik.example/support";
+
+class NoHelp final : public HelpDisplay {
+public:
+    bool ShowContents() override
+    {
+        return false;
+    }
+    bool ShowIndex() override
+    {
+        return false;
+    }
+    bool ShowSearch(const QString&) override
+    {
+        return false;
+    }
+    bool ShowTopic(int) override
+    {
+        return false;
+    }
+};
 
 /// A message about missing help must not wait behind the message that it was asked from.
 void ReportUnless(bool shown, int helpNumber)
 {
     if (!shown && !TheMessage().Showing)
-        MsgOkNum(kNoHelpMessage, helpNumber);
+        MsgOkNum(TextId::NoHelpForTopic, helpNumber);
 }
 
 } // namespace
 
-HelpHooks& TheHelpHooks()
+Port<HelpDisplay>& TheHelpDisplay()
 {
-    static ProcessState<HelpHooks> hooks;
-    return hooks.Get();
+    static PortOr<HelpDisplay, NoHelp> port;
+    return port;
 }
 
 void HelpCommand(int id)
 {
-    const HelpHooks& hooks = TheHelpHooks();
     switch (id) {
-    case kAboutHelp:
-        if (hooks.ShowAbout)
-            hooks.ShowAbout();
+    case HelpId::CommandAbout:
+        TheFrame()->ShowAbout();
         break;
-    case kContentsHelp:
-        ReportUnless(hooks.ShowContents && hooks.ShowContents(), id);
+    case HelpId::CommandContents:
+        ReportUnless(TheHelpDisplay()->ShowContents(), id);
         break;
-    case kIndexHelp:
-        ReportUnless(hooks.ShowIndex && hooks.ShowIndex(), id);
+    case HelpId::CommandIndex:
+        ReportUnless(TheHelpDisplay()->ShowIndex(), id);
         break;
-    case kSearchHelp:
-        ReportUnless(hooks.ShowSearch && hooks.ShowSearch(QString::fromLatin1(kHelpSearchQuery)), id);
+    case HelpId::CommandSearch:
+        ReportUnless(TheHelpDisplay()->ShowSearch(QString::fromLatin1(kHelpSearchQuery)), id);
         break;
-    case kSupportHelp:
+    case HelpId::CommandSupport:
         (void)TheSeams().OpenUrl(QUrl(QString::fromLatin1(kMakerSite)));
         break;
     default:
@@ -59,10 +72,9 @@ void HelpCommand(int id)
 
 void ShowHelp(int helpNumber)
 {
-    const HelpHooks& hooks = TheHelpHooks();
-    if (hooks.IsRefused && hooks.IsRefused())
+    if (TheInstrumentLink()->IsConnecting())
         return;
-    ReportUnless(hooks.ShowTopic && hooks.ShowTopic(helpNumber), helpNumber);
+    ReportUnless(TheHelpDisplay()->ShowTopic(helpNumber), helpNumber);
 }
 
 } // namespace tarvik

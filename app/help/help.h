@@ -1,23 +1,23 @@
-// app/help/help.h: the help commands. The viewer stands behind hooks, so that a module can ask for a topic.
+// app/help/help.h: the help commands, and the port to the help viewer, so that a module can ask for a topic.
 #pragma once
+
+#include "app/platform/port.h"
 
 #include <QString>
 
-#include <functional>
-
 namespace tarvik {
 
-/// What the help viewer offers; each answers false when it can't show what was asked. Bound by the composition.
-struct HelpHooks {
-    std::function<bool()> ShowContents;
-    std::function<bool()> ShowIndex;
-    std::function<bool(const QString& query)> ShowSearch;
-    std::function<bool(int helpNumber)> ShowTopic;
-    std::function<bool()> IsRefused; ///< true while the program can show no topic and says nothing about it
-    std::function<void()> EnterWhatsThis;
-    std::function<void()> ShowAbout;
+/// The help viewer; each answers false when it can't show what was asked. Implemented beside `FmHelp`; without a viewer
+/// nothing can be shown.
+class HelpDisplay {
+public:
+    virtual ~HelpDisplay() = default;
+    virtual bool ShowContents() = 0;
+    virtual bool ShowIndex() = 0;
+    virtual bool ShowSearch(const QString& query) = 0;
+    virtual bool ShowTopic(int helpNumber) = 0;
 };
-HelpHooks& TheHelpHooks();
+Port<HelpDisplay>& TheHelpDisplay();
 
 /// What the search command asks the viewer for: nobody's words, so the viewer shows its search page with an empty box.
 inline constexpr const char* kHelpSearchQuery = "help-1";

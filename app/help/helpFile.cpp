@@ -4,6 +4,7 @@
 #include "app/platform/processState.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -18,9 +19,8 @@ namespace tarvik {
 namespace {
 
 constexpr qsizetype kLargestBook = 64 << 20; // bytes, also of all its files unpacked
-constexpr qsizetype kMostFiles = 10000;
+constexpr qsizetype kMostFiles = 10'000;
 constexpr int kDeepestLevel = 16;
-constexpr int kNoHelpText = 12702;
 
 using Files = QHash<QString, QByteArray>;
 
@@ -284,7 +284,7 @@ QString PopupHelpText(int helpNumber)
     QString text = book == nullptr ? QString() : book->PopupText(helpNumber);
     if (text.isEmpty() && book != nullptr)
         text = book->TitleOf(book->TopicPath(helpNumber));
-    return text.isEmpty() ? LngStr1(kNoHelpText, QString::number(helpNumber)) : text;
+    return text.isEmpty() ? LngStr1(TextId::NoHelpForTopic, QString::number(helpNumber)) : text;
 }
 
 std::optional<FileVersion> ReadHelpVersion(const QString& path)

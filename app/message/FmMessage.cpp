@@ -2,6 +2,7 @@
 
 #include "app/forms/Pictures.h"
 #include "app/state/project.h"
+#include "app/text/textId.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -14,9 +15,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kHelpQuestion = 13108;
-constexpr int kHelpExclamation = 13109;
 
 /// A key that types a character. Enter belongs to the button.
 bool IsCharacterKey(const QKeyEvent& event)
@@ -32,19 +30,18 @@ FmMessage::FmMessage(MessageRequest& request, QWidget* parent)
     : FormBase("FmMessage", parent)
     , request_(request)
 {
-    ImQuest = NewPicture("ImQuest", QStringLiteral("question"), kHelpQuestion);
-    ImExcl = NewPicture("ImExcl", QStringLiteral("exclamation"), kHelpExclamation);
+    ImQuest = NewPicture("ImQuest", QStringLiteral("question"), HelpId::MessageQuestion);
+    ImExcl = NewPicture("ImExcl", QStringLiteral("exclamation"), HelpId::MessageExclamation);
     LbText = NewLabel(this, "LbText", {});
     LbText->setAccessibleName(request.Text);
     LbText->setTextFormat(Qt::PlainText);
-    LbText->setWordWrap(true);
     BuildButtons();
     BuildLayout();
 }
 
 QLabel* FmMessage::NewPicture(const char* name, const QString& picture, int help)
 {
-    QLabel* label = NewLabel(this, name, { 0, help, 0 });
+    QLabel* label = NewLabel(this, name, { {}, help });
     label->setPixmap(PicturePixmap(picture, devicePixelRatioF()));
     label->setAccessibleName(QString::fromLatin1(name));
     return label;
@@ -55,7 +52,7 @@ void FmMessage::BuildButtons()
     for (int at = 0; at < kMsgButtonCount; ++at) {
         const auto button = static_cast<MsgButton>(at);
         const MsgButtonInfo info = MsgButtonInfoOf(button);
-        QPushButton* control = NewButton(this, info.Name, { info.Text, 0, 0 }); // F1 there is about the message
+        QPushButton* control = NewButton(this, info.Name, { info.Text }); // F1 there is about the message
         control->setAutoDefault(true);
         connect(control, &QPushButton::clicked, this, [this, button] { Press(button); });
         buttons_[static_cast<size_t>(at)] = control;
@@ -109,10 +106,8 @@ void FmMessage::ShowText()
     const QSize room = screen() == nullptr ? size() : screen()->size();
     const QFontMetrics metrics = LbText->fontMetrics();
     const int wrap = MsgWrapWidthPx(room.width());
-    const QString broken = MsgBreakLongWords(request_.Text, metrics, wrap);
-    const QString text = MsgCutToHeight(broken, metrics, wrap, MsgTextHeightPx(room.height()));
-    LbText->setText(text);
-    LbText->setFixedSize(MsgTextSize(text, metrics, wrap));
+    const QStringList lines = MsgLines(request_.Text, LbText->font(), wrap);
+    LbText->setText(MsgElidedText(lines, metrics, wrap, MsgTextHeightPx(room.height())));
     setAccessibleDescription(request_.Text);
 }
 

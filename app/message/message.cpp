@@ -54,14 +54,14 @@ int Show(const Question& question)
     return answer;
 }
 
-int Ask(int style, int id, bool defaultToNo = false)
+int Ask(int style, TextNumber<0> id, bool defaultToNo = false)
 {
-    return Show({ style, LngStr(id), id, {}, defaultToNo });
+    return Show({ style, LngStr(id), id.Number, {}, defaultToNo });
 }
 
-int Ask1(int style, int id, const QString& arg, bool defaultToNo = false)
+int Ask1(int style, TextNumber<1> id, const QString& arg, bool defaultToNo = false)
 {
-    return Show({ style, LngStr1(id, arg), id, { arg }, defaultToNo });
+    return Show({ style, LngStr1(id, arg), id.Number, { arg }, defaultToNo });
 }
 
 } // namespace
@@ -77,67 +77,67 @@ void MsgSetPresenter(MessagePresenter presenter)
     Presenter() = std::move(presenter);
 }
 
-void MsgOk(int id)
+void MsgOk(TextNumber<0> id)
 {
     Ask(kStyleOk, id);
 }
 
-void MsgOk1(int id, const QString& arg)
+void MsgOk1(TextNumber<1> id, const QString& arg)
 {
     Ask1(kStyleOk, id, arg);
 }
 
-void MsgOk2(int id, const QString& arg1, const QString& arg2)
+void MsgOk2(TextNumber<2> id, const QString& arg1, const QString& arg2)
 {
-    Show({ kStyleOk, LngStr2(id, arg1, arg2), id, { arg1, arg2 }, false });
+    Show({ kStyleOk, LngStr2(id, arg1, arg2), id.Number, { arg1, arg2 }, false });
 }
 
-void MsgOkNum(int id, double number)
+void MsgOkNum(TextNumber<1> id, double number)
 {
     MsgOk1(id, PlainNumberText(number));
 }
 
-void MsgOkNum2(int id, double number1, double number2)
+void MsgOkNum2(TextNumber<2> id, double number1, double number2)
 {
     MsgOk2(id, PlainNumberText(number1), PlainNumberText(number2));
 }
 
-int MsgYesNo(int id)
+int MsgYesNo(TextNumber<0> id)
 {
     return Ask(kStyleYesNo, id);
 }
 
-int MsgYesNoDefNo(int id)
+int MsgYesNoDefNo(TextNumber<0> id)
 {
     return Ask(kStyleYesNo, id, true);
 }
 
-int MsgYesNoDefNo1(int id, const QString& arg)
+int MsgYesNoDefNo1(TextNumber<1> id, const QString& arg)
 {
     return Ask1(kStyleYesNo, id, arg, true);
 }
 
-int MsgYesNoCancel(int id)
+int MsgYesNoCancel(TextNumber<0> id)
 {
     return Ask(kStyleYesNoCancel, id);
 }
 
-int MsgYesNoCancel1(int id, const QString& arg)
+int MsgYesNoCancel1(TextNumber<1> id, const QString& arg)
 {
     return Ask1(kStyleYesNoCancel, id, arg);
 }
 
-int MsgYesNoAllCancel1(int id, const QString& arg)
+int MsgYesNoAllCancel1(TextNumber<1> id, const QString& arg)
 {
     return Ask1(kStyleYesNoNoAllCancel, id, arg);
 }
 
-int MsgAllChoices1(int id, const QString& arg)
+int MsgAllChoices1(TextNumber<1> id, const QString& arg)
 {
     return Ask1(kStyleAllChoices, id, arg, true);
 }
 
-int MsgAskOnce(int id)
+int MsgAskOnce(TextNumber<0> id)
 {
     MessageRequest& request = TheMessage();
     if (request.RememberedAnswer == MsgNone)

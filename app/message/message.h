@@ -2,6 +2,8 @@
 // script.
 #pragma once
 
+#include "app/text/textNumber.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -56,21 +58,21 @@ MessageRequest& TheMessage();
 using MessagePresenter = std::function<void(MessageRequest& request)>;
 void MsgSetPresenter(MessagePresenter presenter);
 
-void MsgOk(int id);
-void MsgOk1(int id, const QString& arg);
-void MsgOk2(int id, const QString& arg1, const QString& arg2);
-void MsgOkNum(int id, double number);
-void MsgOkNum2(int id, double number1, double number2);
-int MsgYesNo(int id);
-int MsgYesNoDefNo(int id);
-int MsgYesNoDefNo1(int id, const QString& arg);
-int MsgYesNoCancel(int id);
-int MsgYesNoCancel1(int id, const QString& arg);
-int MsgYesNoAllCancel1(int id, const QString& arg);
-int MsgAllChoices1(int id, const QString& arg);
+void MsgOk(TextNumber<0> id);
+void MsgOk1(TextNumber<1> id, const QString& arg);
+void MsgOk2(TextNumber<2> id, const QString& arg1, const QString& arg2);
+void MsgOkNum(TextNumber<1> id, double number);
+void MsgOkNum2(TextNumber<2> id, double number1, double number2);
+int MsgYesNo(TextNumber<0> id);
+int MsgYesNoDefNo(TextNumber<0> id);
+int MsgYesNoDefNo1(TextNumber<1> id, const QString& arg);
+int MsgYesNoCancel(TextNumber<0> id);
+int MsgYesNoCancel1(TextNumber<1> id, const QString& arg);
+int MsgYesNoAllCancel1(TextNumber<1> id, const QString& arg);
+int MsgAllChoices1(TextNumber<1> id, const QString& arg);
 
 /// Asks Yes or No once and keeps the answer until MsgAskOnceReset.
-int MsgAskOnce(int id);
+int MsgAskOnce(TextNumber<0> id);
 void MsgAskOnceReset();
 
 /// The shared end of all of these. Waits, yielding to the message loop, while another message is showing.

@@ -1,6 +1,9 @@
 #include "app/message/messageForm.h"
 
+#include "app/text/textId.h"
+
 #include <QFontMetrics>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <array>
@@ -12,33 +15,24 @@ namespace {
 
 constexpr int kScreenReservePx = 274;
 constexpr int kLeastWrapPx = 200;
-constexpr int kUnlimitedPx = 1 << 20;
 constexpr int kHeightReservePx = 160;
 constexpr int kLeastTextHeightPx = 100;
-constexpr QChar kBreakMark(0x200B);
 constexpr QChar kEllipsis(0x2026);
 
-/// Appends `word`, broken into pieces that fit `widthPx`.
-void AppendBroken(QString& out, const QString& word, const QFontMetrics& metrics, int widthPx)
+QString WithoutBlanksAtEnd(QString line)
 {
-    QString piece;
-    for (const QChar character : word) {
-        const bool mayBreak = !piece.isEmpty() && !character.isLowSurrogate();
-        if (mayBreak && metrics.horizontalAdvance(piece + character) > widthPx) {
-            out += piece + kBreakMark;
-            piece.clear();
-        }
-        piece += character;
-    }
-    out += piece;
+    while (line.endsWith(u' '))
+        line.chop(1);
+    return line;
 }
 
 } // namespace
 
 MsgButtonInfo MsgButtonInfoOf(MsgButton button)
 {
-    static constexpr std::array<MsgButtonInfo, kMsgButtonCount> kInfos{ { { "BtOk", 13100 }, { "BtYes", 13101 },
-        { "BtYesAll", 13110 }, { "BtNo", 13103 }, { "BtNoAll", 13112 }, { "BtCancel", 13105 } } };
+    static constexpr std::array<MsgButtonInfo, kMsgButtonCount> kInfos{ { { "BtOk", TextId::ButtonOk },
+        { "BtYes", TextId::ButtonYes }, { "BtYesAll", TextId::ButtonYesAll }, { "BtNo", TextId::ButtonNo },
+        { "BtNoAll", TextId::ButtonNoAll }, { "BtCancel", TextId::ButtonCancel } } };
     return kInfos[static_cast<size_t>(button)];
 }
 
@@ -102,45 +96,38 @@ int MsgWrapWidthPx(int screenWidthPx)
     return std::max(kLeastWrapPx, screenWidthPx - kScreenReservePx);
 }
 
-QString MsgBreakLongWords(const QString& text, const QFontMetrics& metrics, int widthPx)
+QStringList MsgLines(const QString& text, const QFont& font, int wrapWidthPx)
 {
-    QString out;
-    QString word;
-    for (const QChar character : text) {
-        word += character;
-        if (!character.isSpace())
-            continue;
-        AppendBroken(out, word, metrics, widthPx);
-        word.clear();
+    QTextOption breaks;
+    breaks.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    QStringList lines;
+    const QStringList paragraphs = text.split(u'\n');
+    for (const QString& paragraph : paragraphs) {
+        QTextLayout layout(paragraph, font);
+        layout.setTextOption(breaks);
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(wrapWidthPx);
+            lines.append(WithoutBlanksAtEnd(paragraph.mid(line.textStart(), line.textLength())));
+        }
+        layout.endLayout();
     }
-    AppendBroken(out, word, metrics, widthPx);
-    return out;
+    return lines;
 }
 
-QString MsgCutToHeight(const QString& text, const QFontMetrics& metrics, int wrapWidthPx, int heightPx)
+QString MsgElidedText(QStringList lines, const QFontMetrics& metrics, int wrapWidthPx, int heightPx)
 {
-    const auto fits = [&](const QString& candidate) {
-        return MsgTextSize(candidate, metrics, wrapWidthPx).height() <= heightPx;
-    };
-    if (fits(text))
-        return text;
-    qsizetype kept = 0;
-    for (qsizetype tooLong = text.size(); tooLong - kept > 1;) {
-        const qsizetype middle = (kept + tooLong) / 2;
-        (fits(text.first(middle) + kEllipsis) ? kept : tooLong) = middle;
+    const int fitting = std::max(1, (heightPx + metrics.leading()) / metrics.lineSpacing());
+    if (lines.size() > fitting) {
+        lines.resize(fitting);
+        lines.last() = metrics.elidedText(lines.constLast() + kEllipsis, Qt::ElideRight, wrapWidthPx);
     }
-    return text.first(kept) + kEllipsis;
+    return lines.join(u'\n');
 }
 
 int MsgTextHeightPx(int screenHeightPx)
 {
     return std::max(kLeastTextHeightPx, screenHeightPx - kHeightReservePx);
-}
-
-QSize MsgTextSize(const QString& text, const QFontMetrics& metrics, int wrapWidthPx)
-{
-    const QRect room(0, 0, wrapWidthPx, kUnlimitedPx);
-    return metrics.boundingRect(room, Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop, text).size();
 }
 
 } // namespace tarvik

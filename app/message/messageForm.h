@@ -3,11 +3,13 @@
 #pragma once
 
 #include "app/message/message.h"
+#include "app/text/textNumber.h"
 
-#include <QSize>
+#include <QStringList>
 
 #include <vector>
 
+class QFont;
 class QFontMetrics;
 
 namespace tarvik {
@@ -15,10 +17,10 @@ namespace tarvik {
 enum class MsgButton { Ok, Yes, YesAll, No, NoAll, Cancel };
 inline constexpr int kMsgButtonCount = 6;
 
-/// The given name of a button and the number of its text.
+/// The given name of a button and its text.
 struct MsgButtonInfo {
     const char* Name;
-    int Text;
+    TextNumber<0> Text;
 };
 MsgButtonInfo MsgButtonInfoOf(MsgButton button);
 
@@ -42,17 +44,15 @@ int MsgRowWidthPx(const std::vector<int>& buttonWidthsPx);
 /// The text wraps at this width.
 int MsgWrapWidthPx(int screenWidthPx);
 
-/// `text` with break marks put into words that are wider than `widthPx`, so that a long path wraps too.
-QString MsgBreakLongWords(const QString& text, const QFontMetrics& metrics, int widthPx);
+/// The lines of `text`, broken between words, or inside a word that is wider than `wrapWidthPx`. Blanks at the end of a
+/// line are left out.
+QStringList MsgLines(const QString& text, const QFont& font, int wrapWidthPx);
 
-/// `text`, cut behind the last character that still fits `heightPx` when wrapped and then ended by "...", as one sign;
-/// a text that fits comes back as it is. Keeps the buttons on the screen under a text without end.
-QString MsgCutToHeight(const QString& text, const QFontMetrics& metrics, int wrapWidthPx, int heightPx);
+/// `lines` as one text. Lines that do not fit `heightPx` are left out, and the last line then ends in an ellipsis: the
+/// buttons stay on the screen under a text without end.
+QString MsgElidedText(QStringList lines, const QFontMetrics& metrics, int wrapWidthPx, int heightPx);
 
 /// Height that a screen leaves to the text; the rest is for title bar, margins and buttons.
 int MsgTextHeightPx(int screenHeightPx);
-
-/// Size of the wrapped text: no wider than needed, as high as its lines.
-QSize MsgTextSize(const QString& text, const QFontMetrics& metrics, int wrapWidthPx);
 
 } // namespace tarvik

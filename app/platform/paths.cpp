@@ -49,8 +49,20 @@ QString WithoutStepsUp(const QString& name)
     const QFileInfo info(name);
     if (info.fileName() == up && info.exists())
         return info.canonicalFilePath();
+    return InRealFolder(name);
+}
+
+QString InRealFolder(const QString& path)
+{
+    const QFileInfo info(path);
     const QString folder = QDir(info.path()).canonicalPath();
-    return folder.isEmpty() ? name : QDir(folder).filePath(info.fileName());
+    return folder.isEmpty() ? path : QDir(folder).filePath(info.fileName());
+}
+
+QString BehindLinks(const QString& path)
+{
+    std::string file = ModulePath(path).toStdString();
+    return tvfile::FollowLinks(file) == 0 ? InRealFolder(QString::fromStdString(file)) : path;
 }
 
 } // namespace tarvik

@@ -20,4 +20,10 @@ bool IsWriteProtected(const QString& path);
 /// the one that it leads to, and shortening the text would miss that. Absolute then; any other name stays as it is.
 QString WithoutStepsUp(const QString& name);
 
+/// The same path with its folder named without links; as it is where there is no such folder.
+QString InRealFolder(const QString& path);
+
+/// The one name of a file, whatever links lead to it; one that is not there yet has it too.
+QString BehindLinks(const QString& path);
+
 } // namespace tarvik

@@ -53,6 +53,28 @@ private:
     Interface* current_;
 };
 
+/// Sets an implementation for its own lifetime, then puts back what answered before. Scopes of one port nest.
+template <typename Interface>
+class PortScope {
+public:
+    PortScope(Port<Interface>& port, Interface& implementation)
+        : port_(port)
+        , before_(*port)
+    {
+        port_.Set(implementation);
+    }
+    ~PortScope()
+    {
+        port_.Set(before_);
+    }
+    PortScope(const PortScope&) = delete;
+    PortScope& operator=(const PortScope&) = delete;
+
+private:
+    Port<Interface>& port_;
+    Interface& before_;
+};
+
 /// The one instance of a port, a static of the function that returns it:
 ///
 ///     Port<Frame>& TheFrame()

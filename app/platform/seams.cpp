@@ -37,6 +37,7 @@ Seams Defaults()
         static const QLocale system = QLocale::system(); // asking it reads the environment anew each time
         return system;
     };
+    seams.ExecutablePath = [] { return QCoreApplication::applicationFilePath(); };
     seams.DefaultPrinter = [] { return QString(); };
     seams.MoveToTrash = [](const QString& path) { return QFile::moveToTrash(path); };
     seams.OpenUrl = [](const QUrl&) { return false; };

@@ -71,6 +71,9 @@ struct Seams {
     /// The region whose date, number and measurement habits the program follows.
     std::function<QLocale()> Region;
 
+    /// Full path of the running program.
+    std::function<QString()> ExecutablePath;
+
     /// Name of the system's default printer; empty without one.
     std::function<QString()> DefaultPrinter;
 

@@ -2,6 +2,7 @@
 
 #include "app/platform/processState.h"
 #include "app/settings/ini.h"
+#include "app/state/frame.h"
 #include "app/state/project.h"
 #include "app/values/strings.h"
 
@@ -29,12 +30,6 @@ std::vector<SettingsGroup>& Groups()
     return groups.Get();
 }
 
-/// Without a frame there is nothing to place, and nothing to ask for its place.
-bool HasFrame()
-{
-    return static_cast<bool>(TheFramePlacement().ScreenSizeTwips);
-}
-
 /// Beyond this no screen reaches, and a frame could not turn the length into pixels.
 constexpr double kLargestTwips = 1'000'000;
 
@@ -48,28 +43,24 @@ void ReadFrame(const QString& file)
 {
     ProgramState& program = Program();
     program.MainWindowState = IniReadInt(file, ProductTitle(), kStateKey, WinStateMaximised);
-    if (!HasFrame())
-        return;
-    const FramePlacementHooks& frame = TheFramePlacement();
-    frame.SetState(program.MainWindowState);
-    const QSizeF screen = frame.ScreenSizeTwips();
-    frame.SetWidthTwips(ReadLength(file, kWidthKey, screen.width()));
-    frame.SetHeightTwips(ReadLength(file, kHeightKey, screen.height()));
-    const QSizeF size = frame.SizeTwips();
-    frame.SetLeftTwips(ReadLength(file, kLeftKey, screen.width() - size.width()));
-    frame.SetTopTwips(ReadLength(file, kTopKey, screen.height() - size.height()));
+    const QSizeF screen = TheFrame()->ScreenTwips();
+    const double width = ReadLength(file, kWidthKey, screen.width());
+    const QSizeF size = TheFrame()->ResizeTwips({ width, ReadLength(file, kHeightKey, screen.height()) });
+    const double left = ReadLength(file, kLeftKey, screen.width() - size.width());
+    TheFrame()->MoveTwips({ left, ReadLength(file, kTopKey, screen.height() - size.height()) });
 }
 
+/// Without a frame its keys are left as they are.
 void WriteFrame(const QString& file)
 {
-    if (!HasFrame())
+    const std::optional<FramePlacement> placement = TheFrame()->Placement();
+    if (!placement)
         return;
-    const FramePlacementHooks& frame = TheFramePlacement();
-    const QRectF normal = frame.NormalRectTwips();
+    const QRectF& normal = placement->NormalTwips;
     const auto write = [&file](const QString& key, double value) {
         IniWriteSingle(file, ProductTitle(), key, static_cast<float>(value));
     };
-    IniWriteInt(file, ProductTitle(), kStateKey, static_cast<qint16>(frame.State()));
+    IniWriteInt(file, ProductTitle(), kStateKey, static_cast<qint16>(placement->State));
     write(kLeftKey, normal.left());
     write(kTopKey, normal.top());
     write(kWidthKey, normal.width());
@@ -111,12 +102,6 @@ void WriteWindow(const QString& file)
 }
 
 } // namespace
-
-FramePlacementHooks& TheFramePlacement()
-{
-    static ProcessState<FramePlacementHooks> hooks;
-    return hooks.Get();
-}
 
 void SettingsSetGroups(std::vector<SettingsGroup> groups)
 {

@@ -2,6 +2,7 @@
 
 #include "app/platform/processState.h"
 #include "app/platform/seams.h"
+#include "app/state/frame.h"
 #include "app/values/general.h"
 #include "app/values/numberPicture.h"
 
@@ -26,17 +27,11 @@ ProgressState& Progress()
     return state.Get();
 }
 
-ProgressHooks& TheProgressHooks()
-{
-    static ProcessState<ProgressHooks> hooks;
-    return hooks.Get();
-}
-
 void ProgressStart(qint32 total)
 {
     Progress() = { true, 0, total, total < 1 ? 0.0 : double{ kAll } / total, -1 };
     ProgressRefresh();
-    TheProgressHooks().EnableTimer(true);
+    TheFrame()->EnableProgressTimer(true);
 }
 
 void ProgressAdd(qint32 steps)
@@ -53,10 +48,10 @@ void ProgressEnd()
 {
     if (!Progress().Active)
         return;
-    TheProgressHooks().EnableTimer(false);
+    TheFrame()->EnableProgressTimer(false);
     ProgressRefresh();
     Progress().Active = false;
-    TheProgressHooks().Clear();
+    TheFrame()->ClearProgress();
 }
 
 void ProgressRefresh()
@@ -68,7 +63,7 @@ void ProgressRefresh()
     if (percent == state.LastPercent)
         return;
     state.LastPercent = static_cast<qint16>(percent);
-    TheProgressHooks().Show(percent, FormatPicture(percent, u"0") + u'%');
+    TheFrame()->ShowProgress(percent, FormatPicture(percent, u"0") + u'%');
     TheSeams().PumpEvents();
 }
 

@@ -20,14 +20,6 @@ struct ProgressState {
 };
 ProgressState& Progress();
 
-/// The picture and the timer of the box; bound by the frame.
-struct ProgressHooks {
-    std::function<void(int percent, const QString& text)> Show = [](int, const QString&) {};
-    std::function<void()> Clear = [] {};
-    std::function<void(bool on)> EnableTimer = [](bool) {}; ///< its tick calls ProgressRefresh
-};
-ProgressHooks& TheProgressHooks();
-
 /// Starts a job of `total` steps. A total below 1 shows 0 percent throughout.
 void ProgressStart(qint32 total);
 

@@ -6,9 +6,13 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <array>
+
 namespace tarvik {
 
 namespace {
+
+constexpr std::array kVersion{ TV_PRODUCT_VERSION }; // from the build
 
 QString UpperCasedFolder(const QString& folder)
 {
@@ -28,27 +32,27 @@ QString ProductTitle()
 
 QString ProductVersionText()
 {
-    return QStringLiteral("4.3.0");
+    return ProductVersionNumbers();
 }
 
 int ProductMajor()
 {
-    return 4;
+    return kVersion[0];
 }
 
 int ProductMinor()
 {
-    return 3;
+    return kVersion[1];
 }
 
 int ProductBuild()
 {
-    return 0;
+    return kVersion[2];
 }
 
 int ProductSecondBuild()
 {
-    return 0;
+    return kVersion[3];
 }
 
 QString ProductVersionNumbers()
@@ -93,12 +97,6 @@ QString TemporaryFileName(int number, const QString& extension)
 QString HelpFileName()
 {
     return QStringLiteral("TARVIK.chm");
-}
-
-ProjectHooks& TheProjectHooks()
-{
-    static ProcessState<ProjectHooks> hooks;
-    return hooks.Get();
 }
 
 } // namespace tarvik

@@ -3,12 +3,10 @@
 
 #include <QString>
 
-#include <functional>
-
 namespace tarvik {
 
 QString ProductTitle(); ///< also the settings file's base name and a settings section
-QString ProductVersionText(); ///< "4.3.0"
+QString ProductVersionText(); ///< like "1.2.3"
 int ProductMajor();
 int ProductMinor();
 int ProductBuild();
@@ -64,15 +62,5 @@ QString TemporaryFileName(int number, const QString& extension);
 
 /// Name of the help file, which stands in `AppPath`.
 QString HelpFileName();
-
-/// What the spine asks of folders that stand above it; bound by the program's composition.
-/// Each default stands for a program without that part: nothing open, nothing connected.
-struct ProjectHooks {
-    std::function<bool(const QString& path)> FileOpen; ///< opens a document or list; true on success
-    std::function<void(bool connectedAtExit)> AutoConnect; ///< reconnects, then offers the connection dialog
-    std::function<void()> ClearWindowTable;
-    std::function<bool()> CloseAllDocuments; ///< with prompts; false when one was cancelled
-};
-ProjectHooks& TheProjectHooks();
 
 } // namespace tarvik

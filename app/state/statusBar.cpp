@@ -1,22 +1,21 @@
 #include "app/state/statusBar.h"
 
 #include "app/state/dialogStack.h"
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 
 namespace tarvik {
 
 namespace {
-
-constexpr int kFirstReadyText = 10600;
 
 void ShowPointer(bool busy)
 {
     if (DialogForm* top = DialogTop())
         top->ShowBusyPointer(busy);
     else
-        TheFrameHooks().ShowBusyPointer(busy);
+        TheFrame()->ShowBusyPointer(busy);
 }
 
 } // namespace
@@ -28,8 +27,8 @@ void BeginBusy()
         return;
     program.Idle = false;
     StatusClear();
-    TheFrameHooks().SetPanelText(kStatusPanels, {});
-    TheFrameHooks().MenuUpdate();
+    TheFrame()->SetPanelText(kStatusPanels, {});
+    TheFrame()->MenuUpdate();
 }
 
 void EndBusy()
@@ -38,10 +37,22 @@ void EndBusy()
     if (program.Idle)
         return;
     program.Idle = true;
-    TheFrameHooks().MenuUpdate();
+    TheFrame()->MenuUpdate();
     StatusClear();
     program.StatusHold = false;
     ShowPointer(false);
+}
+
+BusyScope::BusyScope()
+    : wasIdle_(Program().Idle)
+{
+    BeginBusy();
+}
+
+BusyScope::~BusyScope()
+{
+    if (wasIdle_)
+        EndBusy();
 }
 
 bool IdleSet(bool value)
@@ -55,29 +66,29 @@ void StatusSet(const QString& text)
 {
     if (Program().StatusHold)
         return;
-    if (text.isEmpty() || TheFrameHooks().HasActivation() || DialogIsActive())
-        TheFrameHooks().SetStatusText(text);
+    if (text.isEmpty() || TheFrame()->HasActivation() || DialogIsActive())
+        TheFrame()->SetStatusText(text);
 }
 
-void StatusSetId(int id)
+void StatusSetId(TextNumber<0> id)
 {
     StatusSet(LngStr(id));
 }
 
 void StatusSetReady(int index)
 {
-    StatusSetId(kFirstReadyText + index);
+    StatusSetId(TextId::ReadyHints + index);
 }
 
 void StatusJob(const QString& text)
 {
     Program().StatusHold = true;
-    TheFrameHooks().SetStatusText(text);
+    TheFrame()->SetStatusText(text);
 }
 
 void StatusClear()
 {
-    TheFrameHooks().SetStatusText({});
+    TheFrame()->SetStatusText({});
 }
 
 void MousePointerBusy()

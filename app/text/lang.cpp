@@ -1,7 +1,8 @@
 #include "app/text/lang.h"
 
-#include "app/platform/processState.h"
+#include "app/platform/instrumentLink.h"
 #include "app/text/ansi.h"
+#include "app/text/textId.h"
 #include "closed/loader.h"
 
 #include <QStringList>
@@ -15,7 +16,7 @@ namespace tarvik {
 namespace {
 
 /// A control's geometry is filed under its text number plus this.
-constexpr int kGeometryOffset = 10000;
+constexpr int kGeometryOffset = 10'000;
 
 using TextBuffer = std::array<char, TVLNG_MAX_TEXT>;
 
@@ -64,21 +65,21 @@ private:
     QStringList held_; ///< by their mark, from character 1
 };
 
-/// Text number that stands for the macro character, or 0.
-int MacroText(QChar character)
+/// The text of the macro character.
+TextNumber<0> MacroText(QChar character)
 {
     switch (character.unicode()) {
     case u'1':
     case u'2':
-        return 11806;
+        return TextId::ProductName;
     case u'3':
-        return TheLangHooks().InstrumentAccepted && TheLangHooks().InstrumentAccepted() ? 11804 : 11805;
+        return TheInstrumentLink()->IsAccepted() ? TextId::FamilyInstrument : TextId::OtherInstrument;
     case u'4':
-        return 11802;
+        return TextId::FamilyName;
     case u'5':
-        return 11803;
+        return TextId::MakerName;
     default:
-        return 0;
+        return {};
     }
 }
 
@@ -91,8 +92,8 @@ public:
         QString result;
         for (qsizetype at = 0; at < text.size(); ++at) {
             const bool mayBeMacro = text[at] == u'@' && at + 1 < text.size();
-            const int macro = mayBeMacro ? MacroText(text[at + 1]) : 0;
-            if (macro == 0 || left_ == 0 || std::ranges::find(open_, macro) != open_.end()) {
+            const TextNumber<0> macro = mayBeMacro ? MacroText(text[at + 1]) : TextNumber<0>();
+            if (macro.IsNone() || left_ == 0 || std::ranges::find(open_, macro) != open_.end()) {
                 result.append(text[at]);
                 continue;
             }
@@ -103,13 +104,13 @@ public:
     }
 
 private:
-    QString Replacement(int macro)
+    QString Replacement(TextNumber<0> macro)
     {
         if (!ModuleIsBound(Module::Language))
             return {};
         --left_;
         TextBuffer buffer{};
-        const int32_t length = TvLng().LngGetStr(macro, "", buffer.data(), TVLNG_MAX_TEXT);
+        const int32_t length = TvLng().LngGetStr(macro.Number, "", buffer.data(), TVLNG_MAX_TEXT);
         open_.push_back(macro);
         QString replacement = Expand(RawText(buffer, length));
         open_.pop_back();
@@ -117,31 +118,31 @@ private:
     }
 
     int left_ = 64;
-    std::vector<int> open_; ///< texts that are being expanded
+    std::vector<TextNumber<0>> open_; ///< texts that are being expanded
 };
 
 } // namespace
 
-QString LngStr(int id)
+QString LngStr(TextNumber<0> id)
 {
     if (!ModuleIsBound(Module::Language))
         return {};
     TextBuffer buffer{};
-    return Taken(buffer, TvLng().LngGetStr(id, "", buffer.data(), TVLNG_MAX_TEXT));
+    return Taken(buffer, TvLng().LngGetStr(id.Number, "", buffer.data(), TVLNG_MAX_TEXT));
 }
 
-QString LngStr1(int id, const QString& arg)
+QString LngStr1(TextNumber<1> id, const QString& arg)
 {
     if (!ModuleIsBound(Module::Language))
         return {};
     TextBuffer buffer{};
     Arguments arguments;
     const QByteArray passed = arguments.Pass(arg);
-    const int32_t length = TvLng().LngGetStr1Arg(id, "", passed.constData(), buffer.data(), TVLNG_MAX_TEXT);
+    const int32_t length = TvLng().LngGetStr1Arg(id.Number, "", passed.constData(), buffer.data(), TVLNG_MAX_TEXT);
     return arguments.PutIn(Taken(buffer, length));
 }
 
-QString LngStr2(int id, const QString& arg1, const QString& arg2)
+QString LngStr2(TextNumber<2> id, const QString& arg1, const QString& arg2)
 {
     if (!ModuleIsBound(Module::Language))
         return {};
@@ -150,7 +151,7 @@ QString LngStr2(int id, const QString& arg1, const QString& arg2)
     const QByteArray first = arguments.Pass(arg1);
     const QByteArray second = arguments.Pass(arg2);
     const int32_t length =
-        TvLng().LngGetStr2Arg(id, "", first.constData(), second.constData(), buffer.data(), TVLNG_MAX_TEXT);
+        TvLng().LngGetStr2Arg(id.Number, "", first.constData(), second.constData(), buffer.data(), TVLNG_MAX_TEXT);
     return arguments.PutIn(Taken(buffer, length));
 }
 
@@ -166,7 +167,7 @@ QString LngUnescapeMenu(const QString& text)
     return pair < 0 ? result : result.remove(pair, 2);
 }
 
-GeometryAdjustment LngCtrlSize(int id)
+GeometryAdjustment LngCtrlSize(TextNumber<0> id)
 {
     GeometryAdjustment adjustment;
     if (!ModuleIsBound(Module::Language))
@@ -175,18 +176,12 @@ GeometryAdjustment LngCtrlSize(int id)
     int32_t top = 0;
     int32_t width = 0;
     int32_t height = 0;
-    adjustment.Count = TvLng().LngGetCtrlSize(id + kGeometryOffset, &left, &top, &width, &height);
+    adjustment.Count = TvLng().LngGetCtrlSize(id.Number + kGeometryOffset, &left, &top, &width, &height);
     adjustment.Left = left;
     adjustment.Top = top;
     adjustment.Width = width;
     adjustment.Height = height;
     return adjustment;
-}
-
-LangHooks& TheLangHooks()
-{
-    static ProcessState<LangHooks> hooks;
-    return hooks.Get();
 }
 
 } // namespace tarvik

@@ -1,17 +1,17 @@
 // app/text/lang.h: every text by number, from the language module, with the macros inside texts expanded.
 #pragma once
 
-#include <QString>
+#include "app/text/textNumber.h"
 
-#include <functional>
+#include <QString>
 
 namespace tarvik {
 
 /// Text `id`; empty for a number without text. The forms with arguments fill %1 and %2; what an argument holds is shown
 /// as it is, in any script and with any "@" in it.
-QString LngStr(int id);
-QString LngStr1(int id, const QString& arg);
-QString LngStr2(int id, const QString& arg1, const QString& arg2);
+QString LngStr(TextNumber<0> id);
+QString LngStr1(TextNumber<1> id, const QString& arg);
+QString LngStr2(TextNumber<2> id, const QString& arg1, const QString& arg2);
 
 /// Replaces "@1" to "@5", also inside the replacements; any other "@" stays, and so does a pair inside a replacement
 /// that leads back to itself. Used after every fetch.
@@ -30,12 +30,6 @@ struct GeometryAdjustment {
 };
 
 /// The adjustments of the control that bears text `id`.
-GeometryAdjustment LngCtrlSize(int id);
-
-/// Tells whether the instrument that answered last was recognised; decides "@3".
-struct LangHooks {
-    std::function<bool()> InstrumentAccepted;
-};
-LangHooks& TheLangHooks();
+GeometryAdjustment LngCtrlSize(TextNumber<0> id);
 
 } // namespace tarvik

@@ -1,6 +1,7 @@
 #include "app/values/strings.h"
 
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/region.h"
 #include "closed/loader.h"
 
@@ -14,12 +15,13 @@ namespace {
 
 struct PrefixText {
     int Power;
-    int TextId;
+    TextNumber<0> Text;
 };
 
-constexpr std::array<PrefixText, 14> kPrefixes{ { { -24, 14100 }, { -21, 14101 }, { -18, 14102 }, { -15, 14103 },
-    { -12, 14104 }, { -9, 14105 }, { -6, 14106 }, { -3, 14107 }, { 3, 14108 }, { 6, 14109 }, { 9, 14110 },
-    { 12, 14111 }, { 15, 14112 }, { 18, 14113 } } };
+constexpr std::array<PrefixText, 14> kPrefixes{ { { -24, TextId::PrefixYocto }, { -21, TextId::PrefixZepto },
+    { -18, TextId::PrefixAtto }, { -15, TextId::PrefixFemto }, { -12, TextId::PrefixPico }, { -9, TextId::PrefixNano },
+    { -6, TextId::PrefixMicro }, { -3, TextId::PrefixMilli }, { 3, TextId::PrefixKilo }, { 6, TextId::PrefixMega },
+    { 9, TextId::PrefixGiga }, { 12, TextId::PrefixTera }, { 15, TextId::PrefixPeta }, { 18, TextId::PrefixExa } } };
 
 /// First day of the packed dates of the general module.
 constexpr QDate PackedDateZero()
@@ -79,7 +81,7 @@ QString StrPrefix(int power)
         return {};
     const auto found = std::find_if(
         kPrefixes.begin(), kPrefixes.end(), [power](const PrefixText& prefix) { return prefix.Power == power; });
-    return found == kPrefixes.end() ? QStringLiteral("?") : LngStr(found->TextId);
+    return found == kPrefixes.end() ? QStringLiteral("?") : LngStr(found->Text);
 }
 
 int StrDigitPower(const QString& text, DigitPowerMode mode)

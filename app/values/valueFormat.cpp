@@ -1,6 +1,7 @@
 // Numbers with units: the way of writing of each unit, and the SI prefix in front of it.
 #include "app/platform/debug.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/strings.h"
 
 #include <algorithm>
@@ -11,14 +12,13 @@ namespace tarvik {
 
 namespace {
 
-/// Units whose rules differ from those of their neighbours.
-constexpr int kUnitWholeAboveOne = 14148;
-constexpr int kUnitWholeBelowOne = 14152;
-constexpr int kUnitBinary = 14162; ///< its prefixes count by 1024
-
-constexpr int kUnitsWithoutPrefix[] = { 14118, 14119, 14120, 14121, 14122, 14123, 14125, 14126, 14127, 14130, 14131,
-    14132, 14137, 14138, 14145, 14146, 14147 };
-constexpr int kMoreWithoutPrefixWhenSignificant[] = { 14150, 14151, 14156 };
+constexpr TextNumber<0> kUnitsWithoutPrefix[] = { TextId::UnitDbMicrovolt, TextId::UnitDbMicrovoltPerMetre,
+    TextId::UnitDbMicroampere, TextId::UnitDbMicroamperePerMetre, TextId::UnitDbmPerHertz, TextId::UnitDbWatt,
+    TextId::UnitDecibel, TextId::UnitDecibelPerMetre, TextId::UnitDbCarrier, TextId::UnitRadian, TextId::UnitDegree,
+    TextId::UnitCelsius, TextId::UnitPercent, TextId::UnitMinute, TextId::UnitDbm, TextId::UnitDbPicowatt,
+    TextId::UnitMegahertz };
+constexpr TextNumber<0> kMoreWithoutPrefixWhenSignificant[] = { TextId::UnitDbMicrovoltPerMegahertz,
+    TextId::UnitDbMicroamperePerMegahertz, TextId::UnitDecibelPerHertz };
 
 /// Cube root of 1024, so that three powers of it are one binary prefix.
 constexpr double kBinaryBase = 10.07936839916;
@@ -28,15 +28,15 @@ constexpr int kMostFixedDecimals = 32;
 constexpr int kMostOptionalDecimals = 36;
 constexpr int kLeastPower = -24;
 
-bool IsUnit(const QString& unit, int textId)
+bool IsUnit(const QString& unit, TextNumber<0> known)
 {
-    return unit.trimmed() == LngStr(textId).trimmed();
+    return unit.trimmed() == LngStr(known).trimmed();
 }
 
 template <typename Ids>
 bool IsOneOf(const QString& unit, const Ids& ids)
 {
-    return std::any_of(std::begin(ids), std::end(ids), [&unit](int id) { return IsUnit(unit, id); });
+    return std::any_of(std::begin(ids), std::end(ids), [&unit](TextNumber<0> id) { return IsUnit(unit, id); });
 }
 
 bool TakesNoPrefix(const QString& unit)
@@ -58,27 +58,30 @@ QString PictureWith(char16_t digit, int decimals, int most)
 enum class Writing { Fixed, Significant, Optional, Refused };
 
 struct UnitWriting {
-    int UnitId;
+    TextNumber<0> Unit;
     Writing Way;
     int Parameter; ///< decimals of a fixed writing, digits of a significant one
 };
 
 /// The first row that matches decides.
-constexpr UnitWriting kUnitWritings[] = { { 14131, Writing::Fixed, 1 }, { 14118, Writing::Fixed, 1 },
-    { 14157, Writing::Fixed, 1 }, { 14146, Writing::Fixed, 1 }, { 14145, Writing::Fixed, 1 },
-    { 14151, Writing::Fixed, 1 }, { 14150, Writing::Fixed, 1 }, { 14117, Writing::Significant, 4 },
-    { 14129, Writing::Significant, 4 }, { 14153, Writing::Significant, 4 }, { 14160, Writing::Significant, 4 },
-    { 14148, Writing::Significant, 4 }, { 14116, Writing::Optional, 0 }, { 14154, Writing::Optional, 0 },
-    { kUnitBinary, Writing::Refused, 0 }, { 14125, Writing::Fixed, 1 }, { 14147, Writing::Fixed, 3 },
-    { 14152, Writing::Fixed, 4 } };
+constexpr UnitWriting kUnitWritings[] = { { TextId::UnitDegree, Writing::Fixed, 1 },
+    { TextId::UnitDbMicrovolt, Writing::Fixed, 1 }, { TextId::UnitDbi, Writing::Fixed, 1 },
+    { TextId::UnitDbPicowatt, Writing::Fixed, 1 }, { TextId::UnitDbm, Writing::Fixed, 1 },
+    { TextId::UnitDbMicroamperePerMegahertz, Writing::Fixed, 1 },
+    { TextId::UnitDbMicrovoltPerMegahertz, Writing::Fixed, 1 }, { TextId::UnitVolt, Writing::Significant, 4 },
+    { TextId::UnitAmpere, Writing::Significant, 4 }, { TextId::UnitWatt, Writing::Significant, 4 },
+    { TextId::UnitVoltPerMetre, Writing::Significant, 4 }, { TextId::UnitSecond, Writing::Significant, 4 },
+    { TextId::UnitHertz, Writing::Optional, 0 }, { TextId::UnitBitPerSecond, Writing::Optional, 0 },
+    { TextId::UnitByte, Writing::Refused, 0 }, { TextId::UnitDecibel, Writing::Fixed, 1 },
+    { TextId::UnitMegahertz, Writing::Fixed, 3 }, { TextId::UnitMetre, Writing::Fixed, 4 } };
 
 UnitWriting WritingOf(const QString& unit, double value)
 {
     constexpr double kFromHereWhole = 1000;
-    constexpr UnitWriting kWhole{ 0, Writing::Fixed, 0 };
+    constexpr UnitWriting kWhole{ {}, Writing::Fixed, 0 };
     const auto row = std::find_if(std::begin(kUnitWritings), std::end(kUnitWritings),
-        [&unit](const UnitWriting& candidate) { return IsUnit(unit, candidate.UnitId); });
-    if (row == std::end(kUnitWritings) || (row->UnitId == kUnitWholeAboveOne && value >= kFromHereWhole))
+        [&unit](const UnitWriting& candidate) { return IsUnit(unit, candidate.Unit); });
+    if (row == std::end(kUnitWritings) || (row->Unit == TextId::UnitSecond && value >= kFromHereWhole))
         return kWhole;
     return *row;
 }
@@ -120,16 +123,16 @@ QString StrValueFormat(double value, QString& unit, bool autoPrefix)
 QString StrValueFixed(double value, int decimals, int power, const QString& unit, QString& unitText)
 {
     const bool isWhole =
-        (IsUnit(unit, kUnitWholeAboveOne) && value > 1) || (IsUnit(unit, kUnitWholeBelowOne) && value < 1);
+        (IsUnit(unit, TextId::UnitSecond) && value > 1) || (IsUnit(unit, TextId::UnitMetre) && value < 1);
     const int used = TakesNoPrefix(unit) || isWhole ? 0 : power;
-    const double scaled = Scaled(value, IsUnit(unit, kUnitBinary) ? kBinaryBase : kDecimalBase, used);
+    const double scaled = Scaled(value, IsUnit(unit, TextId::UnitByte) ? kBinaryBase : kDecimalBase, used);
     unitText = StrPrefix(used) + unit;
     return FormatPicture(scaled, PictureWith(u'0', used - decimals, kMostFixedDecimals));
 }
 
 QString StrValueOptional(double value, int decimals, int power, const QString& unit, QString& unitText)
 {
-    const bool isWhole = IsUnit(unit, kUnitWholeAboveOne) && value > 1;
+    const bool isWhole = IsUnit(unit, TextId::UnitSecond) && value > 1;
     const int used = TakesNoPrefix(unit) || isWhole ? 0 : power;
     unitText = StrPrefix(used) + unit;
     return StrFormatTrim(Scaled(value, kDecimalBase, used), PictureWith(u'#', used - decimals, kMostOptionalDecimals));

@@ -9,11 +9,11 @@ namespace tvfile {
 
 namespace {
 
-/// Another process needs a few milliseconds for a save; a second is more than a slow disk takes.
+/// Another process needs a few milliseconds for a save, and less than a second on a slow disk.
 constexpr int kBusyTries = 200;
 
-/// As the systems themselves; more are a circle.
-constexpr int kMostLinks = 40;
+/// The systems' own limit; more means a cycle.
+constexpr int kMaxLinks = 40;
 
 constexpr intptr_t kNoHandle = -1;
 
@@ -70,7 +70,7 @@ int FollowLinks(std::string& path)
     std::filesystem::path at(std::u8string(path.begin(), path.end()));
     int links = 0;
     for (; std::filesystem::is_symlink(at, error); ++links) {
-        if (links == kMostLinks)
+        if (links == kMaxLinks)
             return ELOOP;
         at = at.parent_path() / std::filesystem::read_symlink(at, error);
         if (error)
@@ -91,7 +91,7 @@ NewFile::~NewFile()
 
 ReplaceResult NewFile::Begin(const std::string& path)
 {
-    // A path with a zero would name another file.
+    // An embedded zero would truncate the path.
     if (path.empty() || path.find('\0') != std::string::npos)
         return { ReplaceStep::Describe, ENOENT };
     FileInfo target;
@@ -121,7 +121,7 @@ ReplaceResult NewFile::Commit(bool flush)
         if (const int error = TheFileSystem().Flush(handle_); error != 0)
             return { ReplaceStep::Write, error };
     }
-    const intptr_t handle = std::exchange(handle_, kNoHandle); // the move closes it, whatever comes of it
+    const intptr_t handle = std::exchange(handle_, kNoHandle); // Replace closes it, even if it fails
     if (const int error = TheFileSystem().Replace(handle, temporary_, target_); error != 0)
         return { ReplaceStep::Replace, error };
     if (flush)
@@ -182,7 +182,7 @@ int ReadWholeFile(const std::string& path, size_t maxBytes, Bytes& bytes)
     if (file.Length() > maxBytes)
         return EFBIG;
     size_t filled = 0;
-    bytes.resize(static_cast<size_t>(file.Length()) + 1); // one more, so that the end shows
+    bytes.resize(static_cast<size_t>(file.Length()) + 1); // one more, to detect the end of the file
     for (;;) {
         size_t got = 0;
         if (const int error = file.Read(std::span(bytes).subspan(filled), got); error != 0)
@@ -192,7 +192,7 @@ int ReadWholeFile(const std::string& path, size_t maxBytes, Bytes& bytes)
             return EFBIG;
         if (filled < bytes.size())
             break;
-        bytes.resize(filled + 4096); // grew since it was asked
+        bytes.resize(filled + 4096); // has grown since Length was read
     }
     bytes.resize(filled);
     return 0;
@@ -207,11 +207,11 @@ std::string FileNameOfPath(const std::string& path)
 std::string TemporaryPath(const std::string& path)
 {
     const std::string name = FileNameOfPath(path);
-    // A name near the system's limit must not pass it; the end is what tells files of a series apart.
+    // Keeps the name within the system's limit. The end is kept, since that distinguishes files of a series.
     constexpr size_t kMaxKept = 200;
     size_t start = name.size() > kMaxKept ? name.size() - kMaxKept : 0;
     while (start < name.size() && (static_cast<unsigned char>(name[start]) & 0xC0U) == 0x80U)
-        ++start; // not in the middle of a character
+        ++start; // not inside a UTF-8 sequence
     return path.substr(0, path.size() - name.size()) + "." + name.substr(start) + ".tvnew";
 }
 

@@ -1,52 +1,52 @@
-// closed/files/files.h: files on disk: read in pieces, replaced whole or not at all.
+// closed/files/files.h: reads files in pieces and replaces them atomically.
 #pragma once
 
 #include "closed/files/filesystem.h"
 
 namespace tvfile {
 
-/// Where replacing a file ended.
+/// The step at which replacing a file failed.
 enum class ReplaceStep {
     Done,
-    Describe, ///< the path can't be looked at
-    Folder, ///< a folder stands there
-    NotRegular, ///< neither file nor folder stands there
+    Describe, ///< the path can't be examined
+    Folder, ///< the path is a folder
+    NotRegular, ///< the path is neither file nor folder
     ReadOnly, ///< the file is write-protected
     Busy, ///< another process is replacing the same file
-    Create, ///< no file can be made beside it
+    Create, ///< no file can be created beside it
     Write,
-    Replace, ///< the new file could not take the old one's place
+    Replace, ///< the new file could not replace the old one
 };
 
 struct ReplaceResult {
     ReplaceStep Step = ReplaceStep::Done;
-    int Error = 0; ///< the system's error number, where there is one
+    int Error = 0; ///< the system's error number, if any
     [[nodiscard]] bool Ok() const
     {
         return Step == ReplaceStep::Done;
     }
 };
 
-/// A new file beside `path` that takes its place when it is complete. Until then, and after any failure, `path` is what
-/// it was. The new file's name depends on `path` alone, so that what a killed process leaves behind is cleared by the
-/// next; one that finds another process at the same file waits for it a little. A link is followed, also to a file that
-/// is not there yet; an existing file keeps its permissions, a new one has those that the user gives new files.
+/// A new file beside `path` that replaces it when complete. Until then, and after any failure, `path` is unchanged.
+/// The temporary name depends on `path` alone, so that the next process removes what a killed one has left; if
+/// another process is writing the same file, it waits for a while. Links are followed, also to a missing file; an
+/// existing file keeps its permissions, a new one gets the user's default.
 class NewFile {
 public:
     NewFile() = default;
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
 
-    /// Removes the new file unless it has taken its place.
+    /// Removes the new file unless it has been committed.
     ~NewFile();
 
     [[nodiscard]] ReplaceResult Begin(const std::string& path);
     [[nodiscard]] ReplaceResult Write(ByteView bytes);
 
-    /// Puts the file into its place, where `flush` so that not even a power cut leaves less than all of it.
+    /// Replaces the file; with `flush` such that a power cut leaves either the old or the complete new file.
     [[nodiscard]] ReplaceResult Commit(bool flush);
 
-    /// True if the medium has room for `bytes` more, or can't tell.
+    /// True if the medium has space for `bytes` more, or can't say.
     [[nodiscard]] bool HasRoomFor(uint64_t bytes) const;
 
 private:
@@ -57,10 +57,10 @@ private:
     std::string temporary_;
 };
 
-/// Puts `bytes` into the place of the file `path`, flushed to the disk.
+/// Replaces the file `path` by `bytes`, flushed to disk.
 [[nodiscard]] ReplaceResult ReplaceWholeFile(const std::string& path, ByteView bytes);
 
-/// A regular file that is read from its start.
+/// A regular file, read sequentially.
 class SourceFile {
 public:
     SourceFile() = default;
@@ -71,13 +71,13 @@ public:
     /// 0, or the system's error number.
     [[nodiscard]] int Open(const std::string& path);
 
-    /// The length in bytes that the file had when it was opened.
+    /// The length in bytes when it was opened.
     [[nodiscard]] uint64_t Length() const
     {
         return length_;
     }
 
-    /// Reads until `room` is full or the file ends; `got` is what was read.
+    /// Reads until `room` is full or the file ends; `got` is the number of bytes read.
     [[nodiscard]] int Read(std::span<uint8_t> room, size_t& got);
 
 private:
@@ -88,10 +88,10 @@ private:
 /// Reads a regular file of at most `maxBytes`; a larger one gives the system's "file too large".
 [[nodiscard]] int ReadWholeFile(const std::string& path, size_t maxBytes, Bytes& bytes);
 
-/// The name under which `path` is written before it takes its place.
+/// The temporary name under which `path` is written.
 std::string TemporaryPath(const std::string& path);
 
-/// The last part of a path.
+/// The last component of a path.
 std::string FileNameOfPath(const std::string& path);
 
 } // namespace tvfile

@@ -1,4 +1,4 @@
-// closed/files/filesystem.h: the calls to the system that the modules read and replace files with.
+// closed/files/filesystem.h: the system calls for reading and replacing files.
 #pragma once
 
 #include <cstdint>
@@ -11,22 +11,22 @@ namespace tvfile {
 using Bytes = std::vector<uint8_t>;
 using ByteView = std::span<const uint8_t>;
 
-/// What is there under a path.
+/// What exists at a path.
 struct FileInfo {
     bool Exists = false;
     bool IsFolder = false;
     bool IsRegular = false;
-    bool IsReadOnly = false; ///< nobody may write it, whoever the user is
+    bool IsReadOnly = false; ///< no user may write it
     bool IsWritable = true; ///< not read-only, and this user may write it
     uint32_t Permissions = 0; ///< mode bits; 0 where the platform has none
-    std::string RealPath; ///< what a link leads to, whether it is there or not; else the path itself
+    std::string RealPath; ///< the target of a link, existing or not; else the path itself
 };
 
-/// Puts what a link leads to in the place of its path, and so on for links to links. Another path stays as it is.
+/// Resolves a link, and links to links, to its target. Other paths are unchanged.
 int FollowLinks(std::string& path);
 
-/// The calls that reading and replacing are made of, so that a test can let each of them fail. Paths are UTF-8. Every
-/// call gives 0 or an error number of the system.
+/// The calls that reading and replacing consist of, so that a test can make each of them fail. Paths are UTF-8. Every
+/// call returns 0 or an error number of the system.
 class FileSystem {
 public:
     FileSystem() = default;
@@ -39,37 +39,37 @@ public:
     /// True if `path` still names the open file.
     virtual bool IsStillNamed(intptr_t handle, const std::string& path);
 
-    /// Opens a regular file for reading and tells its length. A folder gives "is a folder", anything else that is no
-    /// regular file "invalid".
+    /// Opens a regular file for reading and gets its length. A folder gives "is a folder", any other non-regular file
+    /// "invalid".
     virtual int OpenToRead(const std::string& path, intptr_t& handle, uint64_t& bytes);
 
-    /// Reads what comes next, as far as there is room; `got` is 0 at the end of the file.
+    /// Reads the next bytes into `room`; `got` is 0 at the end of the file.
     virtual int Read(intptr_t handle, std::span<uint8_t> room, size_t& got);
     virtual void Close(intptr_t handle);
 
-    /// Makes the new file `path` and keeps it to this process. What a process that is gone left under this name is
-    /// removed first; a name that a living process works on gives "busy". `permissions` 0 takes the user's habit.
+    /// Creates and locks the new file `path`. A leftover of a dead process under this name is removed first; a name
+    /// that another process is using gives "busy". `permissions` 0 means the user's default.
     virtual int Create(const std::string& path, uint32_t permissions, intptr_t& handle);
     virtual int Write(intptr_t handle, ByteView bytes, size_t& written);
     virtual int Flush(intptr_t handle);
 
-    /// Moves the file `from` of `handle` over `to` and closes it. After a failure the handle is closed too.
+    /// Renames the file `from` of `handle` to `to` and closes it, also after a failure.
     virtual int Replace(intptr_t handle, const std::string& from, const std::string& to);
 
-    /// Gives the file up: removes and closes it.
+    /// Removes and closes the file.
     virtual void Discard(intptr_t handle, const std::string& path);
 
-    /// Makes a rename in `folder` outlast a power cut, where the system can.
+    /// Makes a rename in `folder` survive a power cut, if the system can.
     virtual void FlushFolder(const std::string& folder);
 
-    /// Bytes that the user may still store in `folder`.
+    /// Bytes available to the user in `folder`.
     virtual int FreeBytes(const std::string& folder, uint64_t& bytes);
 
-    /// A short wait before another try.
+    /// Waits briefly before a retry.
     virtual void Pause();
 };
 
-/// The system's own calls; a test puts others in their place and takes them away with null.
+/// The system's calls, unless a test has replaced them; null restores them.
 FileSystem& TheFileSystem();
 void SetFileSystem(FileSystem* other);
 

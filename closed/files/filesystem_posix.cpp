@@ -1,4 +1,4 @@
-// The calls of filesystem.h where the system is POSIX. A path's bytes are taken as they are.
+// The calls of filesystem.h for POSIX. Paths are passed on as bytes.
 #include "closed/files/filesystem.h"
 
 #include <cerrno>
@@ -14,7 +14,7 @@ namespace tvfile {
 
 namespace {
 
-constexpr mode_t kEveryonesHabit = 0666; // less what the user's mask takes away
+constexpr mode_t kDefaultPermissions = 0666; // less the user's umask
 constexpr mode_t kOwnerOnly = 0600;
 constexpr mode_t kAnyoneWrites = 0222;
 constexpr long kPauseNanoseconds = 5'000'000;
@@ -45,8 +45,8 @@ private:
     int number_;
 };
 
-/// Removes a file that a process left which is gone. The lock dies with its process, so who gets it finds no owner.
-int ClearLeftOver(FileSystem& system, const std::string& path)
+/// Removes a leftover of a dead process. Its lock died with it, so whoever gets the lock knows that it has no owner.
+int RemoveLeftover(FileSystem& system, const std::string& path)
 {
     const Descriptor file(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
     if (file.Number() < 0 && errno == ENOENT)
@@ -72,7 +72,7 @@ int FileSystem::Describe(const std::string& path, FileInfo& info)
     info.Exists = true;
     info.IsFolder = S_ISDIR(status.st_mode);
     info.IsRegular = S_ISREG(status.st_mode);
-    // The superuser may write everything; a file without any write bit was protected on purpose all the same.
+    // The superuser may write everything, but a file without any write permission is protected on purpose.
     info.IsReadOnly = (status.st_mode & kAnyoneWrites) == 0;
     info.IsWritable = !info.IsReadOnly && ::access(info.RealPath.c_str(), W_OK) == 0;
     info.Permissions = status.st_mode & 0777;
@@ -124,18 +124,18 @@ int FileSystem::Create(const std::string& path, uint32_t permissions, intptr_t& 
 {
     const bool hasPermissions = permissions != 0;
     Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW,
-        hasPermissions ? kOwnerOnly : kEveryonesHabit));
+        hasPermissions ? kOwnerOnly : kDefaultPermissions));
     if (file.Number() < 0 && errno != EEXIST)
         return errno;
     if (file.Number() < 0) {
-        const int error = ClearLeftOver(*this, path);
-        return error != 0 ? error : EBUSY; // the next try makes it
+        const int error = RemoveLeftover(*this, path);
+        return error != 0 ? error : EBUSY; // the next attempt creates it
     }
-    // A file system without locks leaves the name alone as protection.
+    // On a file system without locks the exclusive name is the only protection.
     if (::flock(file.Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
         return EBUSY;
     if (!IsStillNamed(file.Number(), path))
-        return EBUSY; // another process took it for a left-over before it was locked
+        return EBUSY; // another process took it for a leftover before it was locked
     if (hasPermissions)
         (void)::fchmod(file.Number(), static_cast<mode_t>(permissions));
     handle = file.Release();
@@ -160,7 +160,7 @@ int FileSystem::Flush(intptr_t handle)
 
 int FileSystem::Replace(intptr_t handle, const std::string& from, const std::string& to)
 {
-    const Descriptor file(static_cast<int>(handle)); // its lock holds until the name has moved
+    const Descriptor file(static_cast<int>(handle)); // keeps the lock until the rename is done
     if (::rename(from.c_str(), to.c_str()) == 0)
         return 0;
     const int error = errno;
@@ -177,7 +177,7 @@ void FileSystem::Discard(intptr_t handle, const std::string& path)
 void FileSystem::FlushFolder(const std::string& folder)
 {
     const Descriptor file(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC | O_DIRECTORY));
-    // The list is whole either way, and some file systems cannot flush a folder: nothing to report.
+    // The file is whole in any case, and some file systems cannot flush a folder: nothing to report.
     if (file.Number() >= 0)
         (void)::fsync(file.Number());
 }

@@ -1,4 +1,4 @@
-// The calls of filesystem.h on Windows. UTF-8 paths become wide ones here.
+// The calls of filesystem.h for Windows. UTF-8 paths are converted to UTF-16.
 #include "closed/files/filesystem.h"
 
 #include <algorithm>
@@ -131,7 +131,7 @@ int FileSystem::Create(const std::string& path, uint32_t, intptr_t& handle)
     std::wstring wide;
     if (!ToWide(path, wide))
         return EILSEQ;
-    // Unshared: a second process gets "busy", and what a dead one left is simply overwritten.
+    // Not shared: a second process gets "busy", and the leftover of a dead one is overwritten.
     const HANDLE file =
         CreateFileW(wide.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
@@ -179,7 +179,7 @@ void FileSystem::Discard(intptr_t handle, const std::string& path)
 
 void FileSystem::FlushFolder(const std::string&)
 {
-    // The move is written through already.
+    // The move was already written through.
 }
 
 int FileSystem::FreeBytes(const std::string& folder, uint64_t& bytes)

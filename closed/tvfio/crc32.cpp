@@ -6,7 +6,7 @@ namespace tvfio {
 
 uint32_t Crc32(ByteView bytes, uint32_t previous)
 {
-    // Of no bytes at a null pointer the library gives 0, whatever came before.
+    // For no bytes at a null pointer the library returns 0 instead of `previous`.
     return bytes.empty() ? previous : libdeflate_crc32(previous, bytes.data(), bytes.size());
 }
 

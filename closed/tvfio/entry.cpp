@@ -1,4 +1,4 @@
 // closed/tvfio/entry.cpp: the exports of the module; everything else is in the library that tests link.
 #include "closed/tvfio.h"
 
-TV_MODULE(TvFioApi, TvFioBind, 4, 3, 0, 0)
+TV_MODULE(TvFioApi, TvFioBind, TV_PRODUCT_VERSION)

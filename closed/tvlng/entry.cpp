@@ -1,4 +1,4 @@
 // closed/tvlng/entry.cpp: the exports of the module; everything else is in the library that tests link.
 #include "closed/tvlng.h"
 
-TV_MODULE(TvLngApi, TvLngBind, 4, 3, 0, 0)
+TV_MODULE(TvLngApi, TvLngBind, TV_PRODUCT_VERSION)

@@ -1,11 +1,12 @@
-// Turns a table "number<TAB>text" (UTF-8) into a C++ source with the texts in Windows-1252. A number that stands
-// twice, or a character that Windows-1252 lacks, ends the build with a message.
+// Turns a table "number<TAB>text" (UTF-8) into a C++ source with the texts in Windows-1252. A number that occurs twice,
+// or a character that Windows-1252 lacks, ends the build with a message.
+#include "closed/tvlng/readTable.h"
+
 #include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
-#include <map>
 #include <stdexcept>
 #include <string>
 
@@ -56,30 +57,11 @@ std::string Literal(const std::string& text)
     return literal;
 }
 
-std::map<int, std::string> ReadTable(std::istream& in)
-{
-    std::map<int, std::string> texts;
-    int lineNumber = 0;
-    for (std::string line; std::getline(in, line);) {
-        ++lineNumber;
-        if (line.empty() || line[0] == '#')
-            continue;
-        const std::string place = "line " + std::to_string(lineNumber) + ": ";
-        const size_t tab = line.find('\t');
-        if (tab == std::string::npos)
-            throw std::runtime_error(place + "no tab");
-        const int number = std::stoi(line.substr(0, tab));
-        if (!texts.emplace(number, Literal(line.substr(tab + 1))).second)
-            throw std::runtime_error(place + "number " + std::to_string(number) + " stands twice");
-    }
-    return texts;
-}
-
 void WriteSource(std::ostream& out, const std::map<int, std::string>& texts)
 {
     out << "#include \"closed/tvlng/table.h\"\n\nextern const TvText kTvTexts[] = {\n";
     for (const auto& [number, text] : texts)
-        out << "    {" << number << ", \"" << text << "\"},\n";
+        out << "    {" << number << ", \"" << Literal(text) << "\"},\n";
     out << "};\nextern const size_t kTvTextCount = " << texts.size() << ";\n";
 }
 

@@ -1,4 +1,4 @@
 // closed/tvscpi/entry.cpp: the exports of the module; everything else is in the library that tests link.
 #include "closed/tvscpi.h"
 
-TV_MODULE(TvScpiApi, TvScpiBind, 4, 3, 0, 0)
+TV_MODULE(TvScpiApi, TvScpiBind, TV_PRODUCT_VERSION)

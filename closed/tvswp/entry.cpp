@@ -1,4 +1,4 @@
 // closed/tvswp/entry.cpp: the exports of the module; everything else is in the library that tests link.
 #include "closed/tvswp.h"
 
-TV_MODULE(TvSwpApi, TvSwpBind, 4, 3, 0, 0)
+TV_MODULE(TvSwpApi, TvSwpBind, TV_PRODUCT_VERSION)

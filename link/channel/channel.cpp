@@ -4,7 +4,6 @@
 #include "app/state/linkState.h"
 #include "app/text/ansi.h"
 #include "closed/loader.h"
-#include "link/classes/model.h"
 
 #include <array>
 
@@ -12,8 +11,15 @@ namespace tarvik {
 
 namespace {
 
-/// What the channel writes if it writes nothing: a caller sees a failure.
-constexpr ChannelStatus kPreset = 1;
+/// Runs a call of the channel on a status word. What writes none has failed.
+template <typename Call>
+ChannelStatus StatusOf(Call call)
+{
+    auto word = static_cast<int16_t>(ChannelStatus::LinkFailed);
+    call(&word);
+    return ChannelStatusOf(word);
+}
+
 constexpr qint16 kConnectMode = 1;
 
 struct FileOperations {
@@ -25,7 +31,7 @@ struct FileOperations {
     int TimeoutMs;
 };
 
-FileOperations OperationsOf(int fileClass)
+FileOperations OperationsOf(FileClass fileClass)
 {
     const TvScpiApi& scpi = TvScpi();
     FileOperations of{ scpi.scpiStartFindAllFiles, scpi.scpiGetFile, scpi.scpiPutFile, scpi.scpiRemoveFile,
@@ -64,13 +70,33 @@ template <typename Call, typename... Names>
 ChannelStatus WithNames(Call call, const Names&... names)
 {
     if ((!IsAnsi(names) || ...))
-        return kChannelRefused;
-    ChannelStatus err = kPreset;
-    call(&err, ToAnsi(names).constData()...);
-    return err;
+        return ChannelStatus::Refused;
+    return StatusOf([&](int16_t* err) { call(err, ToAnsi(names).constData()...); });
+}
+
+/// `word` as a value of an enumeration that counts from 0 to `last`; `other` for any other word.
+template <typename Enumeration>
+Enumeration Checked(qint16 word, Enumeration last, Enumeration other)
+{
+    return word >= 0 && word <= static_cast<qint16>(last) ? static_cast<Enumeration>(word) : other;
 }
 
 } // namespace
+
+ChannelStatus ChannelStatusOf(qint16 word)
+{
+    return Checked(word, ChannelStatus::LocalFile, ChannelStatus::Unknown);
+}
+
+ChannelRowType ChannelRowTypeOf(qint16 word)
+{
+    return Checked(word, ChannelRowType::Folder, ChannelRowType::Other);
+}
+
+ChannelPresence ChannelPresenceOf(qint16 word)
+{
+    return Checked(word, ChannelPresence::Exists, ChannelPresence::Unknown);
+}
 
 bool ChannelIsUp()
 {
@@ -80,9 +106,10 @@ bool ChannelIsUp()
 ChannelStatus ChannelConnect(const QString& address, int port, QString& identification)
 {
     std::array<char, TVSCPI_TEXT_SIZE> reply{};
-    ChannelStatus err = kPreset;
-    TvScpi().scpiConnect(&err, kConnectMode, ToAnsi(address).constData(), static_cast<qint16>(port), kConnectTimeoutMs,
-        reply.data(), static_cast<int32_t>(reply.size()));
+    const ChannelStatus err = StatusOf([&](int16_t* word) {
+        TvScpi().scpiConnect(word, kConnectMode, ToAnsi(address).constData(), static_cast<qint16>(port),
+            kConnectTimeoutMs, reply.data(), static_cast<int32_t>(reply.size()));
+    });
     identification = FromAnsi(reply.data());
     return err;
 }
@@ -119,8 +146,9 @@ ChannelStatus ChannelSendCommand(const QString& text)
 ChannelStatus ChannelGetDirectory(QString& path)
 {
     std::array<char, TVSCPI_TEXT_SIZE> text{};
-    ChannelStatus err = kPreset;
-    TvScpi().scpiGetCurrentDirectory(&err, text.data(), static_cast<int32_t>(text.size()));
+    const ChannelStatus err = StatusOf([&text](int16_t* word) {
+        TvScpi().scpiGetCurrentDirectory(word, text.data(), static_cast<int32_t>(text.size()));
+    });
     path = FromAnsi(text.data());
     return err;
 }
@@ -145,13 +173,13 @@ ChannelStatus ChannelRename(const QString& oldName, const QString& newName)
     return WithNames(TvScpi().scpiRename, oldName, newName);
 }
 
-ChannelStatus ChannelStartFind(int fileClass, bool& nothing)
+ChannelStatus ChannelStartFind(FileClass fileClass, bool& nothing)
 {
-    ChannelStatus err = kPreset;
     int16_t status = 0;
     int64_t used = 0;
     int64_t free = 0;
-    OperationsOf(fileClass).StartFind(&err, &status, &used, &free);
+    const ChannelStatus err =
+        StatusOf([&](int16_t* word) { OperationsOf(fileClass).StartFind(word, &status, &used, &free); });
     nothing = status != 0;
     return err;
 }
@@ -159,23 +187,49 @@ ChannelStatus ChannelStartFind(int fileClass, bool& nothing)
 ChannelStatus ChannelNextFile(ChannelRow& row)
 {
     std::array<char, TVSCPI_TEXT_SIZE> name{};
-    ChannelStatus err = kPreset;
+    auto type = static_cast<int16_t>(row.Type);
     int16_t last = 0;
-    TvScpi().scpiGetNextFile(&err, &row.Type, &last, &row.Year, &row.Month, &row.Day, &row.Hour, &row.Minute,
-        &row.Second, name.data(), static_cast<int32_t>(name.size()));
+    const ChannelStatus err = StatusOf([&](int16_t* word) {
+        TvScpi().scpiGetNextFile(word, &type, &last, &row.Year, &row.Month, &row.Day, &row.Hour, &row.Minute,
+            &row.Second, name.data(), static_cast<int32_t>(name.size()));
+    });
     row.Name = FromAnsi(name.data());
+    row.Type = ChannelRowTypeOf(type);
     row.Last = last != 0;
     return err;
 }
 
-ChannelStatus ChannelFind(int fileClass, const QString& name, ChannelFound& found)
+QDateTime ChannelRowTime(const ChannelRow& row)
 {
-    return WithNames([&](int16_t* err,
-                         const char* remote) { found.Result = OperationsOf(fileClass).Find(err, remote, &found.Type); },
-        name);
+    return { QDate(row.Year, row.Month, row.Day), QTime(row.Hour, row.Minute, row.Second), Qt::UTC };
 }
 
-ChannelStatus ChannelGet(int fileClass, const QString& remote, const QString& local)
+ChannelStatus ChannelWalk(FileClass fileClass, std::vector<ChannelRow>& rows)
+{
+    bool nothing = false;
+    ChannelStatus err = ChannelStartFind(fileClass, nothing);
+    bool isLast = nothing;
+    while (err == ChannelStatus::Success && !isLast) {
+        ChannelRow row;
+        err = ChannelNextFile(row);
+        isLast = row.Last;
+        if (err == ChannelStatus::Success)
+            rows.push_back(std::move(row));
+    }
+    return err;
+}
+
+ChannelStatus ChannelFind(FileClass fileClass, const QString& name, ChannelFound& found)
+{
+    const auto find = [&](int16_t* err, const char* remote) {
+        auto type = static_cast<int16_t>(found.Type);
+        found.Result = ChannelPresenceOf(OperationsOf(fileClass).Find(err, remote, &type));
+        found.Type = ChannelRowTypeOf(type);
+    };
+    return WithNames(find, name);
+}
+
+ChannelStatus ChannelGet(FileClass fileClass, const QString& remote, const QString& local)
 {
     const FileOperations of = OperationsOf(fileClass);
     return WithNames(
@@ -183,7 +237,7 @@ ChannelStatus ChannelGet(int fileClass, const QString& remote, const QString& lo
         remote);
 }
 
-ChannelStatus ChannelPut(int fileClass, const QString& local, const QString& remote, bool replaces)
+ChannelStatus ChannelPut(FileClass fileClass, const QString& local, const QString& remote, bool replaces)
 {
     const FileOperations of = OperationsOf(fileClass);
     const bool isShort = fileClass == FileClassCorrectionSet && replaces;
@@ -196,28 +250,28 @@ ChannelStatus ChannelPut(int fileClass, const QString& local, const QString& rem
 
 ChannelStatus ChannelGetActive(const QString& local)
 {
-    ChannelStatus err = kPreset;
-    TvScpi().scpiGetActiveDatasetFile(&err, ModulePath(local).constData(), kListTimeoutMs);
-    return err;
+    return StatusOf([&local](int16_t* err) {
+        TvScpi().scpiGetActiveDatasetFile(err, ModulePath(local).constData(), kListTimeoutMs);
+    });
 }
 
 ChannelStatus ChannelPutActive(const QString& local)
 {
-    ChannelStatus err = kPreset;
-    TvScpi().scpiPutActiveDatasetFile(&err, ModulePath(local).constData(), kPutActiveTimeoutMs);
-    return err;
+    return StatusOf([&local](int16_t* err) {
+        TvScpi().scpiPutActiveDatasetFile(err, ModulePath(local).constData(), kPutActiveTimeoutMs);
+    });
 }
 
-ChannelStatus ChannelRemove(int fileClass, const QString& name)
+ChannelStatus ChannelRemove(FileClass fileClass, const QString& name)
 {
     return WithNames(OperationsOf(fileClass).Remove, name);
 }
 
 ChannelStatus ChannelGetStream(const QString& local)
 {
-    ChannelStatus err = kPreset;
-    TvScpi().scpiGetFileFromStream(&err, ModulePath(local).constData(), kStreamTimeoutMs);
-    return err;
+    return StatusOf([&local](int16_t* err) {
+        TvScpi().scpiGetFileFromStream(err, ModulePath(local).constData(), kStreamTimeoutMs);
+    });
 }
 
 } // namespace tarvik

@@ -1,24 +1,33 @@
 // link/channel/channel.h: the instrument channel in the program's own types: which operation and which time-out a file
-// class has, and text as QString. Each call answers the status word of closed/tvscpi.h: 0 success, 1 link failed, 2
-// refused by the instrument, 3 local file.
+// class has, and text as QString.
 //
-// Remote names that Windows-1252 can't hold are refused with 2 and never sent: another name would be touched.
+// Remote names that Windows-1252 can't hold are refused and never sent: another name would be touched.
 #pragma once
 
+#include "link/classes/model.h"
+
+#include <QDateTime>
 #include <QString>
 
 #include <cstdint>
+#include <vector>
 
 namespace tarvik {
 
-using ChannelStatus = qint16;
-inline constexpr ChannelStatus kChannelOk = 0;
-inline constexpr ChannelStatus kChannelLinkFailed = 1;
-inline constexpr ChannelStatus kChannelRefused = 2;
-inline constexpr ChannelStatus kChannelLocalFile = 3;
+/// How an operation ended: the status word of closed/tvscpi.h.
+enum class ChannelStatus : qint16 {
+    Success = 0,
+    LinkFailed = 1,
+    Refused = 2, ///< by the instrument
+    LocalFile = 3, ///< the file of this side can't be read or written
+    Unknown = -1 ///< a word that no channel should answer; a failure
+};
+
+/// The status of a word; Unknown for any outside 0 to 3.
+ChannelStatus ChannelStatusOf(qint16 word);
 
 inline constexpr int kConnectTimeoutMs = 5000;
-inline constexpr int kFileTimeoutMs = 10000; ///< a file of no family
+inline constexpr int kFileTimeoutMs = 10'000; ///< a file of no family
 inline constexpr int kListTimeoutMs = 15000; ///< a file of a family
 inline constexpr int kPutActiveTimeoutMs = 100000;
 inline constexpr int kStreamTimeoutMs = 5000;
@@ -46,13 +55,16 @@ ChannelStatus ChannelSendCommand(const QString& text);
 [[nodiscard]] ChannelStatus ChannelRemoveDirectory(const QString& name);
 [[nodiscard]] ChannelStatus ChannelRename(const QString& oldName, const QString& newName);
 
-inline constexpr qint16 kChannelFile = 0;
-inline constexpr qint16 kChannelFolder = 1;
+/// What a name of the instrument stands for. Other is to be passed over.
+enum class ChannelRowType : qint16 { File = 0, Folder = 1, Other = -1 };
 
-/// One row of a walk as the instrument tells it. Any other `Type` than file and folder is to be passed over.
+/// The type of a word; Other for any but 0 and 1.
+ChannelRowType ChannelRowTypeOf(qint16 word);
+
+/// One row of a walk as the instrument sends it.
 struct ChannelRow {
     QString Name;
-    qint16 Type = kChannelFile;
+    ChannelRowType Type = ChannelRowType::File;
     bool Last = false; ///< no further row follows; this one is valid
     qint16 Year = 0; ///< four digits
     qint16 Month = 0;
@@ -63,30 +75,41 @@ struct ChannelRow {
 };
 
 /// Starts a walk of the files of a class. `nothing` is set where there is nothing to walk.
-[[nodiscard]] ChannelStatus ChannelStartFind(int fileClass, bool& nothing);
+[[nodiscard]] ChannelStatus ChannelStartFind(FileClass fileClass, bool& nothing);
 [[nodiscard]] ChannelStatus ChannelNextFile(ChannelRow& row);
 
-/// The answer of a find: 1 exists, 0 does not; any other is neither.
+/// The date and time of a row as UTC, since the instrument knows no time zone; invalid where they are no date.
+QDateTime ChannelRowTime(const ChannelRow& row);
+
+/// Walks the files of a class and appends its rows to `rows`; those that came before a failure stay there.
+[[nodiscard]] ChannelStatus ChannelWalk(FileClass fileClass, std::vector<ChannelRow>& rows);
+
+enum class ChannelPresence : qint16 { Missing = 0, Exists = 1, Unknown = -1 };
+
+/// The presence of a word; Unknown, which is neither, for any but 0 and 1.
+ChannelPresence ChannelPresenceOf(qint16 word);
+
+/// The answer of a find.
 struct ChannelFound {
-    qint16 Result = 0;
-    qint16 Type = kChannelFile;
+    ChannelPresence Result = ChannelPresence::Missing;
+    ChannelRowType Type = ChannelRowType::File;
 };
 
 /// Looks for a name in the folder of its class: K-factor tables and correction sets in their own, any other class in
 /// the current one.
-[[nodiscard]] ChannelStatus ChannelFind(int fileClass, const QString& name, ChannelFound& found);
+[[nodiscard]] ChannelStatus ChannelFind(FileClass fileClass, const QString& name, ChannelFound& found);
 
 /// Fetches `remote` of a class into the file `local`, which stays as it was unless all of it came.
-[[nodiscard]] ChannelStatus ChannelGet(int fileClass, const QString& remote, const QString& local);
+[[nodiscard]] ChannelStatus ChannelGet(FileClass fileClass, const QString& remote, const QString& local);
 
 /// Sends the file `local`. A correction set that takes a new name has a longer time-out than one that replaces a file.
-[[nodiscard]] ChannelStatus ChannelPut(int fileClass, const QString& local, const QString& remote, bool replaces);
+[[nodiscard]] ChannelStatus ChannelPut(FileClass fileClass, const QString& local, const QString& remote, bool replaces);
 
 [[nodiscard]] ChannelStatus ChannelGetActive(const QString& local);
 [[nodiscard]] ChannelStatus ChannelPutActive(const QString& local);
 
 /// Removes a K-factor table, a correction set, or by any other class a file of the current folder.
-[[nodiscard]] ChannelStatus ChannelRemove(int fileClass, const QString& name);
+[[nodiscard]] ChannelStatus ChannelRemove(FileClass fileClass, const QString& name);
 
 /// Stores the block that answers a text that was sent before.
 [[nodiscard]] ChannelStatus ChannelGetStream(const QString& local);

@@ -2,14 +2,14 @@
 
 #include "app/message/message.h"
 #include "app/platform/seams.h"
+#include "app/text/textId.h"
 #include "link/channel/channel.h"
 
 namespace tarvik {
 
 bool ReportLinkFailure()
 {
-    constexpr int kTextTransferFailed = 12704;
-    MsgOk(kTextTransferFailed);
+    MsgOk(TextId::TransferFailed);
     TheSeams().PumpEvents();
     return ChannelEndIfGone();
 }

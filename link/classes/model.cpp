@@ -5,11 +5,11 @@
 #include "app/platform/processState.h"
 #include "app/settings/ini.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
-#include <numeric>
 
 namespace tarvik {
 
@@ -17,14 +17,20 @@ namespace {
 
 /// What is fixed of a file class.
 struct ClassTexts {
-    int FirstCaptionId; ///< of slots 1 to 10, which follow each other
-    int EditorCaptionId; ///< slot 11; 0 leaves the former value
-    int ExtensionId;
+    TextNumber<0> FirstCaption; ///< of slots 1 to 10, which follow each other
+    TextNumber<0> EditorCaption; ///< slot 11; none leaves the former value
+    TextNumber<0> Extension;
 };
 
 /// By file class, from 1.
-constexpr std::array<ClassTexts, 6> kClassTexts{ { { 12443, 10753, 10750 }, { 12453, 10758, 10755 },
-    { 12463, 10763, 10760 }, { 12473, 10768, 10765 }, { 12483, 0, 11510 }, { 12493, 10773, 10770 } } };
+constexpr std::array<ClassTexts, 6> kClassTexts{
+    { { TextId::AntennaListCaptions, TextId::AntennaListWord, TextId::AntennaListExtension },
+        { TextId::KfactorTableCaptions, TextId::KfactorTableWord, TextId::KfactorTableExtension },
+        { TextId::MemoryListCaptions, TextId::MemoryListWord, TextId::MemoryListExtension },
+        { TextId::SuppressListCaptions, TextId::SuppressListWord, TextId::SuppressListExtension },
+        { TextId::ScreenShotCaptions, {}, TextId::PngExtension },
+        { TextId::CorrectionSetCaptions, TextId::CorrectionSetWord, TextId::CorrectionSetExtension } }
+};
 
 /// The classes whose folders the settings keep.
 constexpr std::array kStoredClasses{ FileClassAntennaList, FileClassKfactorTable, FileClassMemoryList,
@@ -34,11 +40,11 @@ constexpr std::array kStoredClasses{ FileClassAntennaList, FileClassKfactorTable
 constexpr std::array kMatchOrder{ FileClassScreenShot, FileClassAntennaList, FileClassKfactorTable, FileClassMemoryList,
     FileClassSuppressList, FileClassCorrectionSet };
 
-/// Null for a number that is no class.
-const ClassTexts* TextsOf(int fileClass)
+/// Null for a value that is no class.
+const ClassTexts* TextsOf(FileClass fileClass)
 {
     const bool isClass = fileClass >= FileClassAntennaList && fileClass <= FileClassCorrectionSet;
-    return isClass ? &kClassTexts[static_cast<size_t>(fileClass - 1)] : nullptr;
+    return isClass ? &kClassTexts[static_cast<size_t>(fileClass) - 1] : nullptr;
 }
 
 } // namespace
@@ -49,7 +55,7 @@ FileClassState& FileClasses()
     return state.Get();
 }
 
-void ModFileInit(int fileClass)
+void ModFileInit(FileClass fileClass)
 {
     FileClassState& state = FileClasses();
     const ClassTexts* texts = TextsOf(fileClass);
@@ -58,35 +64,37 @@ void ModFileInit(int fileClass)
         state.CurrentFileClass = FileClassUnknown;
         return;
     }
-    state.CurrentFileClass = static_cast<FileClass>(fileClass);
-    state.FileClassMask = 1 << fileClass;
-    std::iota(state.CaptionIds.begin(), state.CaptionIds.end() - 1, texts->FirstCaptionId);
-    if (texts->EditorCaptionId != 0)
-        state.CaptionIds.back() = texts->EditorCaptionId;
+    state.CurrentFileClass = fileClass;
+    state.FileClassMask = FileClassBit(fileClass);
+    for (int slot = 0; slot + 1 < kCaptionSlots; ++slot)
+        state.CaptionIds[static_cast<size_t>(slot)] = texts->FirstCaption + slot;
+    if (!texts->EditorCaption.IsNone())
+        state.CaptionIds.back() = texts->EditorCaption;
 }
 
-int ModCaption(CaptionSlot slot)
+TextNumber<0> ModCaption(CaptionSlot slot)
 {
     const FileClassState& state = FileClasses();
-    return TextsOf(state.CurrentFileClass) == nullptr ? 0 : state.CaptionIds[static_cast<size_t>(slot - 1)];
+    return TextsOf(state.CurrentFileClass) == nullptr ? TextNumber<0>()
+                                                      : state.CaptionIds[static_cast<size_t>(slot - 1)];
 }
 
-QString ModGetExtension(int fileClass)
+QString ModGetExtension(FileClass fileClass)
 {
     const ClassTexts* texts = TextsOf(fileClass);
     if (texts == nullptr || fileClass == FileClassScreenShot) {
         DebugReport("ModGetExtension");
         return {};
     }
-    return LngStr(texts->ExtensionId);
+    return LngStr(texts->Extension);
 }
 
-bool ModHoldsOneList(int fileClass)
+bool ModHoldsOneList(FileClass fileClass)
 {
     return fileClass == FileClassAntennaList || fileClass == FileClassMemoryList || fileClass == FileClassSuppressList;
 }
 
-bool ModHasInstrFolders(int fileClass)
+bool ModHasInstrFolders(FileClass fileClass)
 {
     return fileClass == FileClassScreenShot || TextsOf(fileClass) == nullptr;
 }
@@ -95,7 +103,7 @@ bool FileExtMatches(const QString& name, int mask)
 {
     const QString extension = u'.' + QFileInfo(name).suffix().toLower();
     return std::any_of(kMatchOrder.begin(), kMatchOrder.end(), [&extension, mask](FileClass fileClass) {
-        return (mask & (1 << fileClass)) != 0 && extension == LngStr(TextsOf(fileClass)->ExtensionId).toLower();
+        return (mask & FileClassBit(fileClass)) != 0 && extension == LngStr(TextsOf(fileClass)->Extension).toLower();
     });
 }
 
@@ -103,18 +111,18 @@ void ModLoadPaths(const QString& iniFile)
 {
     FileClassState& state = FileClasses();
     for (const FileClass fileClass : kStoredClasses)
-        state.PcPaths[fileClass] = IniReadModelPcPath(iniFile, fileClass);
+        state.PcPaths[fileClass] = IniReadModelPcPath(iniFile, FileClassNumber(fileClass));
     for (const FileClass fileClass : kStoredClasses)
-        state.InstrPaths[fileClass] = IniReadModelInstrPath(iniFile, fileClass);
+        state.InstrPaths[fileClass] = IniReadModelInstrPath(iniFile, FileClassNumber(fileClass));
 }
 
 void ModSavePaths(const QString& iniFile)
 {
     const FileClassState& state = FileClasses();
     for (const FileClass fileClass : kStoredClasses)
-        IniWriteModelPcPath(iniFile, fileClass, state.PcPaths[fileClass]);
+        IniWriteModelPcPath(iniFile, FileClassNumber(fileClass), state.PcPaths[fileClass]);
     for (const FileClass fileClass : kStoredClasses)
-        IniWriteModelInstrPath(iniFile, fileClass, state.InstrPaths[fileClass]);
+        IniWriteModelInstrPath(iniFile, FileClassNumber(fileClass), state.InstrPaths[fileClass]);
 }
 
 } // namespace tarvik

@@ -2,13 +2,16 @@
 // folders.
 #pragma once
 
+#include "app/text/textNumber.h"
+
 #include <QString>
 
 #include <array>
 
 namespace tarvik {
 
-enum FileClass : qint16 {
+/// The number of a class is fixed: files of settings, menus and the mask below count with it.
+enum class FileClass : qint16 {
     FileClassNone = 0,
     FileClassAntennaList = 1,
     FileClassKfactorTable = 2,
@@ -17,6 +20,30 @@ enum FileClass : qint16 {
     FileClassScreenShot = 5,
     FileClassCorrectionSet = 6,
     FileClassUnknown = 7
+};
+using enum FileClass;
+
+constexpr int FileClassNumber(FileClass fileClass)
+{
+    return static_cast<int>(fileClass);
+}
+
+/// The class's bit in a mask of classes: 2 to its number.
+constexpr int FileClassBit(FileClass fileClass)
+{
+    return 1 << FileClassNumber(fileClass);
+}
+
+/// A folder for each class.
+struct ClassFolders : std::array<QString, 8> {
+    QString& operator[](FileClass fileClass)
+    {
+        return at(static_cast<size_t>(fileClass));
+    }
+    const QString& operator[](FileClass fileClass) const
+    {
+        return at(static_cast<size_t>(fileClass));
+    }
 };
 
 /// Places in a class's caption table, counted from 1.
@@ -38,28 +65,29 @@ inline constexpr int kCaptionSlots = 11;
 /// Process-wide selection of one file class. `ModFileInit` is its only writer.
 struct FileClassState {
     FileClass CurrentFileClass = FileClassNone;
-    int FileClassMask = 0; ///< 2 to the class
-    std::array<int, kCaptionSlots> CaptionIds{}; ///< text numbers, slot 1 first
-    std::array<QString, 8> PcPaths; ///< remembered PC folder of each class, index = class
-    std::array<QString, 8> InstrPaths; ///< remembered instrument folder of each class
+    int FileClassMask = 0; ///< FileClassBit of the class; it stays when the class becomes unknown
+    std::array<TextNumber<0>, kCaptionSlots> CaptionIds{}; ///< slot 1 first
+    ClassFolders PcPaths; ///< remembered PC folder of each class
+    ClassFolders InstrPaths; ///< remembered instrument folder of each class
 };
 FileClassState& FileClasses();
 
-/// Selects `fileClass`; any value outside 1 to 6 selects FileClassUnknown.
-void ModFileInit(int fileClass);
+/// Selects `fileClass`. Any value but a class from 1 to 6 is reported to the debug route and selects
+/// FileClassUnknown.
+void ModFileInit(FileClass fileClass);
 
-/// Text number in `slot` of the present class; 0 while no class is selected.
-int ModCaption(CaptionSlot slot);
+/// Text in `slot` of the present class; none while no class is selected.
+TextNumber<0> ModCaption(CaptionSlot slot);
 
 /// Extension text of classes 1 to 4 and 6, with its point; empty for any other.
-QString ModGetExtension(int fileClass);
+QString ModGetExtension(FileClass fileClass);
 
 /// True for the classes of which the instrument holds one list, so that a new one replaces it whatever its name.
-bool ModHoldsOneList(int fileClass);
+bool ModHoldsOneList(FileClass fileClass);
 
 /// True for screen shots and unknown classes: their files lie in folders that the user can choose. Those of any other
 /// class lie in one folder of the instrument.
-bool ModHasInstrFolders(int fileClass);
+bool ModHasInstrFolders(FileClass fileClass);
 
 /// True if the extension of `name`, ignoring case, belongs to a class whose bit is set in `mask`.
 bool FileExtMatches(const QString& name, int mask);

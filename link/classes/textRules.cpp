@@ -2,6 +2,7 @@
 
 #include "app/message/message.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/strings.h"
 #include "link/classes/model.h"
 
@@ -10,9 +11,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextBadName = 12766;
-constexpr int kTextReservedName = 12770;
 
 bool IsNameCharacter(QChar character)
 {
@@ -37,11 +35,11 @@ bool ValidNameChars(const QString& name)
 bool ValidListName(const QString& name)
 {
     if (!ValidNameChars(name)) {
-        MsgOk1(kTextBadName, Noun());
+        MsgOk1(TextId::BadListName, Noun());
         return false;
     }
     if (StrEqualNoCase(name, QStringLiteral("none"))) {
-        MsgOk1(kTextReservedName, Noun());
+        MsgOk1(TextId::ReservedName, Noun());
         return false;
     }
     return true;

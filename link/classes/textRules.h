@@ -7,7 +7,6 @@
 namespace tarvik {
 
 inline constexpr int kTextLength = 32; ///< longest name and description of a list, and longest text of a record
-inline constexpr int kTextForbiddenCharacter = 12764;
 
 /// 1 to 32 characters, all of them safe in a file name on the PC and on the instrument.
 bool ValidNameChars(const QString& name);

@@ -4,6 +4,7 @@
 #include "app/forms/formLayout.h"
 #include "app/help/help.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "link/channel/channel.h"
 #include "link/connection/FmConnection.h"
 #include "link/connection/connectDialog.h"
@@ -20,17 +21,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextForm = 10402;
-constexpr int kHelpForm = 10401;
-constexpr int kTextUsb = 10404;
-constexpr int kHelpTabs = 10405;
-constexpr int kTextLan = 10406;
-constexpr int kHelpList = 10408;
-constexpr int kHintList = 10400;
-constexpr int kTextFrame = 10411;
-constexpr int kHintClose = 10005;
-constexpr int kHintHelp = 10007;
 
 enum Column { ColumnName, ColumnAddress, ColumnPort };
 
@@ -56,8 +46,8 @@ QIcon RowIcon(const ConnectRow& row, qreal devicePixelRatio)
 FmConnect::FmConnect(QWidget* parent)
     : FormBase("FmConnect", parent)
 {
-    LngSetForm(this, kTextForm);
-    SetHelpNumber(kHelpForm);
+    LngSetForm(this, TextId::ConnectTitle);
+    SetHelpNumber(HelpId::Connect);
     BuildTabs();
     BuildFrame();
     QVBoxLayout* form = NewFormColumn(this);
@@ -74,9 +64,9 @@ void FmConnect::BuildTabs()
     TcConnect = new QTabBar(this);
     NameControl(TcConnect, QStringLiteral("TcConnect"));
     TcConnect->setAccessibleName(windowTitle());
-    SetControlHelp(TcConnect, kHelpTabs);
-    TcConnect->addTab(PictureIcon(QStringLiteral("UsbNotConnected")), LngStr(kTextUsb));
-    TcConnect->addTab(PictureIcon(QStringLiteral("LanNotConnected")), LngStr(kTextLan));
+    SetControlHelp(TcConnect, HelpId::ConnectTabs);
+    TcConnect->addTab(PictureIcon(QStringLiteral("UsbNotConnected")), LngStr(TextId::ConnectUsb));
+    TcConnect->addTab(PictureIcon(QStringLiteral("LanNotConnected")), LngStr(TextId::ConnectLan));
     TcConnect->setExpanding(false);
     connect(TcConnect, &QTabBar::currentChanged, this, [this] { ShowTab(); });
 }
@@ -86,9 +76,10 @@ void FmConnect::BuildList()
     LvIpAddress = new QTreeWidget(FrIpConfig);
     NameControl(LvIpAddress, QStringLiteral("LvIpAddress"));
     LvIpAddress->setAccessibleName(FrIpConfig->accessibleName());
-    SetControlHelp(LvIpAddress, kHelpList);
-    SetControlHint(LvIpAddress, kHintList);
-    LvIpAddress->setHeaderLabels({ LngStr(10408), LngStr(10409), LngStr(10410) });
+    SetControlHelp(LvIpAddress, TextId::ConnectNameColumn);
+    SetControlHint(LvIpAddress, TextId::ConnectListHint);
+    LvIpAddress->setHeaderLabels(
+        { LngStr(TextId::ConnectNameColumn), LngStr(TextId::ConnectAddressColumn), LngStr(TextId::ConnectPortColumn) });
     LvIpAddress->setRootIsDecorated(false);
     LvIpAddress->setUniformRowHeights(true);
     LvIpAddress->setIconSize(QSize(kIconPx, kIconPx));
@@ -100,7 +91,7 @@ void FmConnect::BuildList()
     header->setSectionResizeMode(ColumnName, QHeaderView::Stretch);
     const QFontMetrics font = LvIpAddress->fontMetrics();
     const int addressWidth = font.horizontalAdvance(QStringLiteral("255.255.255.255")) + kColumnGapPx;
-    const int portWidth = font.horizontalAdvance(LngStr(10410)) + 2 * kColumnGapPx;
+    const int portWidth = font.horizontalAdvance(LngStr(TextId::ConnectPortColumn)) + 2 * kColumnGapPx;
     header->resizeSection(ColumnAddress, addressWidth);
     header->resizeSection(ColumnPort, portWidth);
     LvIpAddress->setMinimumWidth(kNameCharacters * font.averageCharWidth() + addressWidth + portWidth);
@@ -116,12 +107,13 @@ void FmConnect::BuildFrame()
 {
     FrIpConfig = new QWidget(this);
     NameControl(FrIpConfig, QStringLiteral("FrIpConfig"));
-    FrIpConfig->setAccessibleName(LngStr(kTextFrame));
-    SetControlHelp(FrIpConfig, kTextFrame);
+    FrIpConfig->setAccessibleName(LngStr(TextId::ConnectInstruments));
+    SetControlHelp(FrIpConfig, TextId::ConnectInstruments);
     BuildList();
-    BtAdd = NewButton(FrIpConfig, "BtAdd", { 10414, 10414, 10446 });
-    BtEdit = NewButton(FrIpConfig, "BtEdit", { 10415, 10415, 10447 });
-    BtRemove = NewButton(FrIpConfig, "BtRemove", { 10416, 10416, 10448 });
+    BtAdd = NewButton(FrIpConfig, "BtAdd", { TextId::ConnectAdd, TextId::ConnectAdd, TextId::ConnectAddHint });
+    BtEdit = NewButton(FrIpConfig, "BtEdit", { TextId::ConnectEdit, TextId::ConnectEdit, TextId::ConnectEditHint });
+    BtRemove =
+        NewButton(FrIpConfig, "BtRemove", { TextId::ConnectRemove, TextId::ConnectRemove, TextId::ConnectRemoveHint });
     auto* buttons = new QVBoxLayout;
     for (QPushButton* button : { BtAdd, BtEdit, BtRemove })
         buttons->addWidget(button);
@@ -134,10 +126,11 @@ void FmConnect::BuildFrame()
 
 QLayout* FmConnect::BuildButtons()
 {
-    BtCon = NewButton(this, "BtCon", { 10412, 10412, 10420 });
-    BtDisc = NewButton(this, "BtDisc", { 10413, 10413, 10445 });
-    BtCancel = NewButton(this, "BtCancel", { 10417, 10417, kHintClose });
-    BtHelp = NewButton(this, "BtHelp", { 10419, 10419, kHintHelp });
+    BtCon = NewButton(this, "BtCon", { TextId::ConnectConnect, TextId::ConnectConnect, TextId::ConnectConnectHint });
+    BtDisc = NewButton(
+        this, "BtDisc", { TextId::ConnectDisconnect, TextId::ConnectDisconnect, TextId::ConnectDisconnectHint });
+    BtCancel = NewButton(this, "BtCancel", { TextId::ConnectClose, TextId::ConnectClose, TextId::CloseWindowHint });
+    BtHelp = NewButton(this, "BtHelp", { TextId::ConnectHelp, TextId::ConnectHelp, TextId::WindowHelpHint });
     QHBoxLayout* buttons = NewButtonRow({ BtCancel, BtHelp }, { BtCon, BtDisc });
     return buttons;
 }

@@ -5,6 +5,7 @@
 #include "app/platform/interval.h"
 #include "app/platform/seams.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "link/channel/channel.h"
 #include "link/connection/connect.h"
 
@@ -16,10 +17,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextForm = 10300;
-constexpr int kHelpForm = 10301;
-constexpr int kTextCancelled = 10424;
 
 /// How long the outcome can be read.
 constexpr int kReadOutcomeMs = 2000;
@@ -34,8 +31,8 @@ constexpr int kStatusLines = 3;
 FmConnecting::FmConnecting(QWidget* parent)
     : FormBase("FmConnecting", parent)
 {
-    LngSetForm(this, kTextForm);
-    SetHelpNumber(kHelpForm);
+    LngSetForm(this, TextId::ConnectingTitle);
+    SetHelpNumber(HelpId::Connecting);
     BuildControls();
     BuildLayout();
 }
@@ -61,7 +58,8 @@ void FmConnecting::BuildControls()
     LbDebug->setTextFormat(Qt::PlainText);
     LbDebug->setAccessibleName(LbDebug->objectName());
     LbDebug->hide();
-    BtCancel = NewButton(this, "BtCancel", { 10302, 10302, 10303 });
+    BtCancel = NewButton(
+        this, "BtCancel", { TextId::ConnectingCancel, TextId::ConnectingCancel, TextId::ConnectingCancelHint });
     BtCancel->setDefault(true);
     connect(BtCancel, &QPushButton::clicked, this, [this] { OnCancel(); });
 }
@@ -102,7 +100,7 @@ void FmConnecting::OnActivate()
         [this](const QString& text) { LbDebug->setText(text); });
     TheSeams().PumpEvents();
     if (cancelled_) {
-        TbStatus->setPlainText(LngStr(kTextCancelled));
+        TbStatus->setPlainText(LngStr(TextId::ConnectionCancelled));
         LbDebug->clear();
     }
     IntervalWait(cancelled_ ? kReadCancelMs : kReadOutcomeMs);

@@ -3,6 +3,7 @@
 #include "app/forms/focusRules.h"
 #include "app/forms/formLayout.h"
 #include "app/help/help.h"
+#include "app/text/textId.h"
 #include "link/connection/connectDialog.h"
 
 #include <QBoxLayout>
@@ -15,9 +16,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextForm = 10436;
-constexpr int kHintHelp = 10007;
-
 /// An entry of the settings file has no more; address and port have room for what is no valid one.
 constexpr int kNameLength = 230;
 constexpr int kAddressLength = 39;
@@ -29,8 +27,8 @@ constexpr int kWidthCharacters = 34;
 FmConnection::FmConnection(QWidget* parent)
     : FormBase("FmConnection", parent)
 {
-    LngSetForm(this, kTextForm);
-    SetHelpNumber(kTextForm);
+    LngSetForm(this, TextId::ConnectionTitle);
+    SetHelpNumber(TextId::ConnectionTitle);
     QVBoxLayout* form = NewFormColumn(this);
     form->addLayout(BuildFields());
     form->addSpacing(kFormMarginPx / 2);
@@ -41,7 +39,7 @@ FmConnection::FmConnection(QWidget* parent)
 QLayout* FmConnection::BuildFields()
 {
     auto* fields = new QGridLayout;
-    const auto add = [this, fields](const char* label, const char* name, int text, int length) {
+    const auto add = [this, fields](const char* label, const char* name, TextNumber<0> text, int length) {
         QLabel* caption = NewLabel(this, label, { text });
         QLineEdit* textBox = NewTextBox(this, name, text, length);
         BindLabel(caption, textBox);
@@ -51,19 +49,23 @@ QLayout* FmConnection::BuildFields()
         fields->addWidget(textBox, row, 1);
         return textBox;
     };
-    TbConnectionName = add("LbConnectionName", "TbConnectionName", 10437, kNameLength);
-    TbIpAddress = add("LbIpAddress", "TbIpAddress", 10438, kAddressLength);
-    TbIpPort = add("LbIpPort", "TbIpPort", 10439, kPortLength);
+    TbConnectionName = add("LbConnectionName", "TbConnectionName", TextId::ConnectionName, kNameLength);
+    TbIpAddress = add("LbIpAddress", "TbIpAddress", TextId::ConnectionAddress, kAddressLength);
+    TbIpPort = add("LbIpPort", "TbIpPort", TextId::ConnectionPort, kPortLength);
     TbConnectionName->setMinimumWidth(kWidthCharacters * fontMetrics().averageCharWidth());
     return fields;
 }
 
 QLayout* FmConnection::BuildButtons()
 {
-    QPushButton* BtDefault = NewButton(this, "BtDefault", { 10441, 10441, 10444 });
-    QPushButton* BtOk = NewButton(this, "BtOk", { 10440, 10440, 10449 });
-    QPushButton* BtCancel = NewButton(this, "BtCancel", { 10442, 10442, 10450 });
-    QPushButton* BtHelp = NewButton(this, "BtHelp", { 10443, 10443, kHintHelp });
+    QPushButton* BtDefault = NewButton(
+        this, "BtDefault", { TextId::ConnectionDefault, TextId::ConnectionDefault, TextId::ConnectionDefaultHint });
+    QPushButton* BtOk =
+        NewButton(this, "BtOk", { TextId::ConnectionOk, TextId::ConnectionOk, TextId::ConnectionOkHint });
+    QPushButton* BtCancel = NewButton(
+        this, "BtCancel", { TextId::ConnectionCancel, TextId::ConnectionCancel, TextId::ConnectionCancelHint });
+    QPushButton* BtHelp =
+        NewButton(this, "BtHelp", { TextId::ConnectionHelp, TextId::ConnectionHelp, TextId::WindowHelpHint });
     BtOk->setDefault(true);
     QHBoxLayout* buttons = NewButtonRow({ BtOk, BtCancel, BtHelp }, { BtDefault });
     connect(BtDefault, &QPushButton::clicked, this, [this] { ShowFields(conFieldsOf(conDefaultEntry())); });

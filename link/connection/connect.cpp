@@ -4,6 +4,7 @@
 #include "app/settings/ini.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/general.h"
 #include "link/channel/channel.h"
 
@@ -185,7 +186,7 @@ void conUsbEntryCheck()
 
 QString conInstrumentName(bool accepted)
 {
-    return LngStr(accepted ? 11804 : 11805);
+    return LngStr(accepted ? TextId::FamilyInstrument : TextId::OtherInstrument);
 }
 
 } // namespace tarvik

@@ -3,6 +3,8 @@
 // An entry is one text, "name:address:port". A name therefore holds no colon.
 #pragma once
 
+#include "app/platform/port.h"
+
 #include <QString>
 
 #include <array>
@@ -73,12 +75,16 @@ void conUsbEntryCheck();
 /// The instrument as texts name it: by `accepted` the one that was recognised, or instruments in general.
 QString conInstrumentName(bool accepted);
 
-/// The forms that this module opens; without one nothing is shown.
-struct ConnectHooks {
-    std::function<void()> ShowDialog; ///< FmConnect, modal
-    std::function<void()> ShowConnecting; ///< FmConnecting, modal; runs the connect procedure
+/// The forms that this module opens, each until it has closed.
+class ConnectForms {
+public:
+    virtual void ShowDialog() = 0; ///< FmConnect
+    virtual void ShowConnecting() = 0; ///< FmConnecting, which runs the connect procedure
+
+protected:
+    ~ConnectForms() = default;
 };
-ConnectHooks& TheConnectHooks();
+Port<ConnectForms>& TheConnectForms(); ///< without an implementation nothing is shown
 
 /// Opens the list of connections as one command.
 void conShowDialog();

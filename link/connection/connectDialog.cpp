@@ -2,6 +2,7 @@
 
 #include "app/message/message.h"
 #include "app/state/project.h"
+#include "app/text/textId.h"
 #include "link/channel/channel.h"
 
 #include <algorithm>
@@ -9,11 +10,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextNotConnected = 10402;
-constexpr int kTextConnected = 10418;
-constexpr int kMsgNotStored = 10435;
-constexpr int kMsgNameInUse = 10451;
 
 std::vector<QString> EntriesOf(int tab)
 {
@@ -56,7 +52,7 @@ ConnectControls conControls(int tab, int rowsShown)
     controls.CanConnect = !controls.CanDisconnect;
     controls.CanAdd = controls.CanConnect && rowsShown < kLanEntries;
     controls.HasEditButtons = tab == ConnectTabLan;
-    controls.Title = controls.CanDisconnect ? kTextConnected : kTextNotConnected;
+    controls.Title = controls.CanDisconnect ? TextId::ConnectTitleConnected : TextId::ConnectTitle;
     return controls;
 }
 
@@ -82,14 +78,14 @@ std::vector<ConnectRow> conRows(int tab)
 bool conEntryAccept(const ConnectionFields& fields)
 {
     if (!NameMayBeUsed(fields.Name)) {
-        MsgOk(kMsgNameInUse);
+        MsgOk(TextId::ConnectionNameInUse);
         return false;
     }
     const bool isNew = Connection().SelectedEntry.isEmpty();
     const bool isStored = isNew ? conEntryAdd(fields.Name, fields.Address, fields.Port)
                                 : conEntryReplace(fields.Name, fields.Address, fields.Port);
     if (!isStored)
-        MsgOk(kMsgNotStored);
+        MsgOk(TextId::ConnectionNotStored);
     return isStored;
 }
 

@@ -2,6 +2,7 @@
 // connection.
 #pragma once
 
+#include "app/text/textNumber.h"
 #include "link/connection/connect.h"
 
 #include <vector>
@@ -19,7 +20,7 @@ struct ConnectControls {
     bool CanDisconnect = false;
     bool CanAdd = false;
     bool HasEditButtons = false; ///< adding, editing, removing: not for the USB entry, which is fixed
-    int Title = 0; ///< text number
+    TextNumber<0> Title;
 };
 
 /// `rowsShown` is the number of rows of the list as last shown.

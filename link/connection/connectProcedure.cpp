@@ -1,8 +1,8 @@
+#include "app/text/textId.h"
 #include "link/connection/connect.h"
 
 #include "app/message/message.h"
 #include "app/platform/debug.h"
-#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/settings/ini.h"
 #include "app/state/project.h"
@@ -20,13 +20,9 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextConnecting = 10421;
-constexpr int kTextFailed = 10422;
-constexpr int kTextConnected = 10423;
-constexpr int kTextUnknownInstrument = 10433;
-constexpr int kTextUnsupported = 10434;
-constexpr std::array kMakers{ 10425, 10426 };
-constexpr std::array kModels{ 10427, 10428, 10431, 10429, 10430, 10432 };
+constexpr std::array kMakers{ TextId::MakerShort, TextId::MakerLong };
+constexpr std::array kModels{ TextId::ModelTr100, TextId::ModelTr200, TextId::ModelTr300, TextId::ModelTr100Df,
+    TextId::ModelTr200Df, TextId::ModelTr300Df };
 
 /// How long it may take until the way to an address is found again.
 constexpr int kRoutePauseMs = 800;
@@ -52,8 +48,9 @@ QStringList IdentificationFields(const QString& reply)
 template <typename Numbers>
 bool IsOneOf(const QString& text, const Numbers& textNumbers)
 {
-    return !text.isEmpty()
-        && std::any_of(textNumbers.begin(), textNumbers.end(), [&text](int number) { return text == LngStr(number); });
+    return !text.isEmpty() && std::any_of(textNumbers.begin(), textNumbers.end(), [&text](TextNumber<0> number) {
+        return text == LngStr(number);
+    });
 }
 
 /// Keeps what a known maker's instrument tells of itself; true if its model is known too.
@@ -73,14 +70,14 @@ void JudgeAnswer(const QString& reply, const ConnectDisplay& status)
 {
     const QStringList fields = IdentificationFields(reply);
     if (AcceptInstrument(fields)) {
-        status(LngStr(kTextConnected));
+        status(LngStr(TextId::Connected));
         return;
     }
     ChannelDisconnect();
     if (fields.size() == kIdentificationFields)
-        status(LngStr(kTextUnsupported) + fields[0] + u' ' + fields[1]);
+        status(LngStr(TextId::UnsupportedInstrument) + fields[0] + u' ' + fields[1]);
     else
-        status(LngStr(kTextUnknownInstrument));
+        status(LngStr(TextId::UnknownInstrument));
 }
 
 /// Leaves the system time to find the way to the address anew: another instrument may have had it on another network.
@@ -100,7 +97,7 @@ bool TryConnection(const ConnectDisplay& status, const ConnectDisplay& debug)
     const QStringList fields = Connection().SelectedEntry.split(u':');
     if (fields.size() != kEntryFields)
         return false;
-    status(LngStr(kTextConnecting) + fields[0]);
+    status(LngStr(TextId::ConnectingTo) + fields[0]);
     Pump();
     RenewRoute(debug);
     bool isPort = false;
@@ -108,8 +105,8 @@ bool TryConnection(const ConnectDisplay& status, const ConnectDisplay& debug)
     if (!isPort)
         return false;
     QString reply;
-    if (ChannelConnect(conPlainAddress(fields[1]), port, reply) != kChannelOk) {
-        status(LngStr(kTextFailed));
+    if (ChannelConnect(conPlainAddress(fields[1]), port, reply) != ChannelStatus::Success) {
+        status(LngStr(TextId::ConnectionFailed));
         debug(QStringLiteral("SCPI connect not successfull."));
         return true;
     }
@@ -118,28 +115,33 @@ bool TryConnection(const ConnectDisplay& status, const ConnectDisplay& debug)
     return true;
 }
 
+class NoConnectForms final : public ConnectForms {
+public:
+    void ShowDialog() override { }
+    void ShowConnecting() override { }
+};
+
 } // namespace
 
-ConnectHooks& TheConnectHooks()
+Port<ConnectForms>& TheConnectForms()
 {
-    static ProcessState<ConnectHooks> hooks;
-    return hooks.Get();
+    static PortOr<ConnectForms, NoConnectForms> port;
+    return port;
 }
 
 void conShowDialog()
 {
-    BeginBusy();
-    if (TheConnectHooks().ShowDialog)
-        TheConnectHooks().ShowDialog();
-    EndBusy();
+    const BusyScope busy;
+    TheConnectForms()->ShowDialog();
 }
 
 void conShowConnecting()
 {
-    if (Connection().ConnectInProgress || !TheConnectHooks().ShowConnecting)
+    if (Connection().ConnectInProgress)
         return;
     Connection().ConnectInProgress = true;
-    TheConnectHooks().ShowConnecting();
+    TheConnectForms()->ShowConnecting();
+    Connection().ConnectInProgress = false; // also of a form that closed before its procedure began
 }
 
 void conStart(bool reconnect)
@@ -154,7 +156,7 @@ void conHandleConnection(const ConnectDisplay& status, const ConnectDisplay& deb
 {
     Connection().ConnectInProgress = true;
     if (!TryConnection(status, debug)) {
-        status(LngStr(kTextFailed));
+        status(LngStr(TextId::ConnectionFailed));
         DebugReport("conHandleConnection_error");
     }
     Connection().ConnectInProgress = false;

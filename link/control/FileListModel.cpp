@@ -2,14 +2,11 @@
 
 #include "app/forms/Pictures.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextName = 12416;
-constexpr int kTextDate = 12417;
-constexpr int kTextTime = 12418;
 
 constexpr int kColumns = FileListSort + 1;
 
@@ -68,11 +65,11 @@ QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int
         return {};
     switch (section) {
     case FileListName:
-        return LngStr(kTextName);
+        return LngStr(TextId::FileNameColumn);
     case FileListDate:
-        return LngStr(kTextDate);
+        return LngStr(TextId::FileDateColumn);
     case FileListTime:
-        return LngStr(kTextTime);
+        return LngStr(TextId::FileTimeColumn);
     default:
         return QString();
     }

@@ -76,7 +76,7 @@ FileListWidget::FileListWidget(FileList& list, const QString& name, QWidget* par
     header()->setSectionsMovable(false);
     header()->setSectionResizeMode(FileListName, QHeaderView::Stretch);
     frame_ = new QRubberBand(QRubberBand::Rectangle, viewport());
-    BindList();
+    list_.View = this;
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &FileListWidget::OnSelectionChanged);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
         [this](const QModelIndex& current) { list_.CurrentRow = current.row(); });
@@ -85,12 +85,9 @@ FileListWidget::FileListWidget(FileList& list, const QString& name, QWidget* par
     connect(this, &QTreeView::doubleClicked, this, [this](const QModelIndex& index) { Q_EMIT RowOpened(index.row()); });
 }
 
-void FileListWidget::BindList()
+void FileListWidget::GiveFocus()
 {
-    list_.View.BeginChange = [this] { BeginChange(); };
-    list_.View.EndChange = [this] { EndChange(); };
-    list_.View.GiveFocus = [this] { setFocus(Qt::OtherFocusReason); };
-    list_.View.StartLabelEdit = [this](int row) { StartLabelEdit(row); };
+    setFocus(Qt::OtherFocusReason);
 }
 
 void FileListWidget::ShowColumns()

@@ -14,9 +14,9 @@ namespace tarvik {
 
 class FileListModel;
 
-/// Shows `list`, which outlives it, and answers the list's view hooks. What the user does comes out as signals; only
+/// Shows `list`, which outlives it, as its view. What the user does comes out as signals; only
 /// the selection and the current row go into the list at once.
-class FileListWidget final : public QTreeView {
+class FileListWidget final : public QTreeView, private FileListView {
     Q_OBJECT
 public:
     FileListWidget(FileList& list, const QString& name, QWidget* parent);
@@ -24,7 +24,7 @@ public:
     /// Which columns stand there, by the list; the name column takes the room of those that don't.
     void ShowColumns();
 
-    void StartLabelEdit(int row);
+    void StartLabelEdit(int row) override;
 
     /// Ends an edit that is open and keeps what was typed. `Renamed`, which otherwise waits for the next round of
     /// events, goes out at once, also for an edit that has just ended.
@@ -49,9 +49,9 @@ protected:
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
 
 private:
-    void BindList();
-    void BeginChange();
-    void EndChange();
+    void BeginChange() override;
+    void EndChange() override;
+    void GiveFocus() override;
     void ShowSelection();
     void ShowSortMark();
     void OnSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected);

@@ -2,7 +2,9 @@
 
 #include "app/forms/Pictures.h"
 #include "app/help/help.h"
+#include "app/state/frame.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "link/classes/model.h"
 #include "link/control/FileListWidget.h"
 #include "link/control/FolderComboBox.h"
@@ -21,12 +23,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextFramePc = 12400;
-constexpr int kTextFrameInstr = 12401;
-constexpr int kTextComboPc = 12420;
-constexpr int kTextComboInstr = 12421;
-constexpr int kTextEdit = 12409;
-
 /// A control of the pane `side`, which is "Pc" or "Instr".
 QString Named(const char* before, const QString& side, const char* behind = "")
 {
@@ -38,7 +34,7 @@ QPushButton* NewNamedButton(QWidget* parent, const QString& name, const ControlT
     return NewButton(parent, name.toLatin1().constData(), texts);
 }
 
-void SetTexts(QWidget* control, int help, int hint)
+void SetTexts(QWidget* control, TopicNumber help, TextNumber<0> hint)
 {
     SetControlHelp(control, help);
     SetControlHint(control, hint);
@@ -56,14 +52,13 @@ FmControlGeneral::FmControlGeneral(QWidget* parent)
     ConnectPane(pc_);
     ConnectPane(instr_);
     ConnectForm();
-    BindView();
 }
 
 void FmControlGeneral::BuildPane(Pane& pane, const QString& side)
 {
     const bool isPc = pane.Side == ControlSide::Pc;
-    pane.Frame =
-        NewFrame(this, Named("Fr", side).toLatin1().constData(), { isPc ? kTextFramePc : kTextFrameInstr, 0, 0 });
+    pane.Frame = NewFrame(
+        this, Named("Fr", side).toLatin1().constData(), { isPc ? TextId::ControlPc : TextId::ControlInstrument });
     auto* layout = new QVBoxLayout(pane.Frame);
     BuildFolderRow(pane, side, *layout);
     pane.List = new FileListWidget(ListOf(control_, pane.Side), Named("Lv", side), pane.Frame);
@@ -73,13 +68,16 @@ void FmControlGeneral::BuildPane(Pane& pane, const QString& side)
 
 void FmControlGeneral::BuildFolderRow(Pane& pane, const QString& side, QBoxLayout& layout)
 {
-    const int text = pane.Side == ControlSide::Pc ? kTextComboPc : kTextComboInstr;
+    const TextNumber<0> text = pane.Side == ControlSide::Pc ? TextId::ControlPcFolder : TextId::ControlInstrumentFolder;
     pane.Combo = new FolderComboBox(Named("Cmb", side), pane.Frame);
     pane.Combo->setAccessibleName(LngStr(text));
     SetTexts(pane.Combo, text, text);
-    pane.DirUp = NewFolderButton(pane.Frame, Named("Bt", side, "DirUp"), 12402, 12422, "FolderUp");
-    pane.DirOpen = NewFolderButton(pane.Frame, Named("Bt", side, "DirOpen"), 12403, 12423, "OpenFolder");
-    pane.DirNew = NewFolderButton(pane.Frame, Named("Bt", side, "DirNew"), 12404, 12424, "NewFolder");
+    pane.DirUp = NewFolderButton(
+        pane.Frame, Named("Bt", side, "DirUp"), TextId::ControlFolderUp, TextId::ControlFolderUpHint, "FolderUp");
+    pane.DirOpen = NewFolderButton(pane.Frame, Named("Bt", side, "DirOpen"), TextId::ControlFolderOpen,
+        TextId::ControlFolderOpenHint, "OpenFolder");
+    pane.DirNew = NewFolderButton(
+        pane.Frame, Named("Bt", side, "DirNew"), TextId::ControlFolderNew, TextId::ControlFolderNewHint, "NewFolder");
     auto* row = new QHBoxLayout;
     row->addWidget(pane.Combo, 1);
     for (QPushButton* button : { pane.DirUp, pane.DirOpen, pane.DirNew })
@@ -89,7 +87,7 @@ void FmControlGeneral::BuildFolderRow(Pane& pane, const QString& side, QBoxLayou
 
 /// A button beside the box of folders bears a picture only; its text shows as a tip.
 QPushButton* FmControlGeneral::NewFolderButton(
-    QWidget* parent, const QString& name, int text, int hint, const char* picture)
+    QWidget* parent, const QString& name, TextNumber<0> text, TextNumber<0> hint, const char* picture)
 {
     QPushButton* button = NewNamedButton(parent, name, { text, text, hint });
     button->setToolTip(button->text());
@@ -100,10 +98,13 @@ QPushButton* FmControlGeneral::NewFolderButton(
 
 void FmControlGeneral::BuildCommandRow(Pane& pane, const QString& side, QBoxLayout& layout)
 {
-    pane.Sel = NewNamedButton(pane.Frame, Named("Bt", side, "Sel"), { 12405 });
-    pane.Del = NewNamedButton(pane.Frame, Named("Bt", side, "Del"), { 12406, 12406, 12425 });
-    pane.Ref = NewNamedButton(pane.Frame, Named("Bt", side, "Ref"), { 12407, 12407, 12426 });
-    pane.Ren = NewNamedButton(pane.Frame, Named("Bt", side, "Ren"), { 12408, 12408, 12427 });
+    pane.Sel = NewNamedButton(pane.Frame, Named("Bt", side, "Sel"), { TextId::ControlSelectAll });
+    pane.Del = NewNamedButton(pane.Frame, Named("Bt", side, "Del"),
+        { TextId::ControlDelete, TextId::ControlDelete, TextId::ControlDeleteHint });
+    pane.Ref = NewNamedButton(pane.Frame, Named("Bt", side, "Ref"),
+        { TextId::ControlRefresh, TextId::ControlRefresh, TextId::ControlRefreshHint });
+    pane.Ren = NewNamedButton(pane.Frame, Named("Bt", side, "Ren"),
+        { TextId::ControlRename, TextId::ControlRename, TextId::ControlRenameHint });
     auto* row = new QHBoxLayout;
     for (QPushButton* button : { pane.Sel, pane.Del, pane.Ref, pane.Ren })
         row->addWidget(button);
@@ -116,7 +117,7 @@ void FmControlGeneral::BuildCommandRow(Pane& pane, const QString& side, QBoxLayo
 void FmControlGeneral::BuildEditButtons(QBoxLayout& row)
 {
     for (size_t at = 0; at < BtPcEdit.size(); ++at) {
-        BtPcEdit[at] = NewNamedButton(this, QStringLiteral("BtPcEdit[%1]").arg(at), { kTextEdit });
+        BtPcEdit[at] = NewNamedButton(this, QStringLiteral("BtPcEdit[%1]").arg(at), { TextId::ControlEdit });
         BtPcEdit[at]->hide();
         row.addWidget(BtPcEdit[at]);
     }
@@ -124,8 +125,8 @@ void FmControlGeneral::BuildEditButtons(QBoxLayout& row)
 
 QBoxLayout* FmControlGeneral::BuildTransferColumn()
 {
-    BtUl = NewButton(this, "BtUl", { 12410 });
-    BtDl = NewButton(this, "BtDl", { 12411 });
+    BtUl = NewButton(this, "BtUl", { TextId::ControlToInstrument });
+    BtDl = NewButton(this, "BtDl", { TextId::ControlToPc });
     BtUl->setIcon(PictureIcon(QStringLiteral("ToRight")));
     BtDl->setIcon(PictureIcon(QStringLiteral("ToLeft")));
     BtUl->setLayoutDirection(Qt::RightToLeft); // its arrow points away from the text
@@ -141,12 +142,13 @@ QBoxLayout* FmControlGeneral::BuildFormRow()
 {
     auto* row = new QHBoxLayout;
     BuildEditButtons(*row);
-    BtNew = NewButton(this, "BtNew", { 12412 });
+    BtNew = NewButton(this, "BtNew", { TextId::ControlNew });
     LbFree = NewLabel(this, "LbFree", {});
     NameControl(LbFree, LbFree->objectName());
-    BtWhatsThis = NewButton(this, "BtWhatsThis", { 12415, 12415, 12430 });
-    BtHlp = NewButton(this, "BtHlp", { 12414, 12414, 12429 });
-    BtClose = NewButton(this, "BtClose", { 12413, 12413, 12428 });
+    BtWhatsThis = NewButton(
+        this, "BtWhatsThis", { TextId::ControlWhatsThis, TextId::ControlWhatsThis, TextId::ControlWhatsThisHint });
+    BtHlp = NewButton(this, "BtHlp", { TextId::ControlHelp, TextId::ControlHelp, TextId::ControlHelpHint });
+    BtClose = NewButton(this, "BtClose", { TextId::ControlClose, TextId::ControlClose, TextId::ControlCloseHint });
     row->addWidget(BtNew);
     row->addWidget(LbFree, 1);
     for (QPushButton* button : { BtWhatsThis, BtHlp, BtClose })
@@ -215,10 +217,7 @@ void FmControlGeneral::ConnectForm()
         onClick(button, ControlEdit);
     connect(BtClose, &QPushButton::clicked, this, [this] { Unload(); });
     connect(BtHlp, &QPushButton::clicked, this, [this] { ShowHelp(HelpNumber()); });
-    connect(BtWhatsThis, &QPushButton::clicked, this, [] {
-        if (const auto enter = TheHelpHooks().EnterWhatsThis)
-            enter();
-    });
+    connect(BtWhatsThis, &QPushButton::clicked, this, [] { TheFrame()->EnterWhatsThis(); });
 }
 
 void FmControlGeneral::Run(const std::function<void()>& command)
@@ -233,22 +232,27 @@ void FmControlGeneral::FinishLabelEdits()
         pane->List->FinishLabelEdit();
 }
 
-void FmControlGeneral::BindView()
+void FmControlGeneral::EnableTransfers(bool upload, bool download)
 {
-    ControlView& view = control_.View;
-    view.EnableBusySet = [this](bool on) { EnableBusySet(on); };
-    view.EnableTransfers = [this](bool upload, bool download) {
-        BtUl->setEnabled(upload);
-        BtDl->setEnabled(download);
-        LbFree->clear();
-    };
-    view.ShowBusyPointer = [this](bool busy) { ShowBusyPointer(busy); };
-    view.ShowCombo = [this](ControlSide side) { ShowCombo(side); };
-    view.RunTransfer = [this] {
-        FmTransfer form(this);
-        DialogShow(form);
-    };
-    view.Close = [this] { Unload(); };
+    BtUl->setEnabled(upload);
+    BtDl->setEnabled(download);
+    LbFree->clear();
+}
+
+void FmControlGeneral::ShowBusyPointer(bool busy)
+{
+    FormBase::ShowBusyPointer(busy);
+}
+
+void FmControlGeneral::RunTransfer()
+{
+    FmTransfer form(this);
+    DialogShow(form);
+}
+
+void FmControlGeneral::Close()
+{
+    Unload();
 }
 
 bool FmControlGeneral::OnLoad()
@@ -299,14 +303,14 @@ void FmControlGeneral::ApplyClassTexts()
 {
     LngSetForm(this, ModCaption(CaptionControlTitle));
     SetHelpNumber(ModCaption(CaptionControlTitle));
-    const auto setBoth = [](QWidget* control, int number) { SetTexts(control, number, number); };
+    const auto setBoth = [](QWidget* control, TextNumber<0> text) { SetTexts(control, text, text); };
     for (QPushButton* button : BtPcEdit)
         setBoth(button, ModCaption(CaptionHintEdit));
     setBoth(BtUl, ModCaption(CaptionHintUpload));
     setBoth(BtDl, ModCaption(CaptionHintDownload));
     setBoth(BtNew, ModCaption(CaptionHintNew));
     for (const Pane* pane : { &pc_, &instr_ }) {
-        const int hint = ModCaption(pane == &pc_ ? CaptionHintPc : CaptionHintInstrument);
+        const TextNumber<0> hint = ModCaption(pane == &pc_ ? CaptionHintPc : CaptionHintInstrument);
         setBoth(pane->Frame, hint);
         setBoth(pane->List, hint);
         pane->List->setAccessibleName(LngStr(hint));

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/forms/form.h"
+#include "app/text/textNumber.h"
 #include "link/control/controlGeneral.h"
 
 #include <QPointer>
@@ -18,7 +19,7 @@ class FileListWidget;
 class FolderComboBox;
 
 /// Shows two lists and sends every command to controlCommands.h.
-class FmControlGeneral final : public FormBase {
+class FmControlGeneral final : public FormBase, private ControlView {
     Q_OBJECT
 public:
     explicit FmControlGeneral(QWidget* parent = nullptr);
@@ -32,6 +33,13 @@ protected:
     void OnUnload() override;
 
 private:
+    void EnableBusySet(bool on) override;
+    void EnableTransfers(bool upload, bool download) override;
+    void ShowBusyPointer(bool busy) override;
+    void ShowCombo(ControlSide side) override;
+    void RunTransfer() override;
+    void Close() override;
+
     /// The controls of one side; both have the same.
     struct Pane {
         ControlSide Side = ControlSide::Pc;
@@ -51,7 +59,8 @@ private:
     void BuildFolderRow(Pane& pane, const QString& side, QBoxLayout& layout);
     void BuildCommandRow(Pane& pane, const QString& side, QBoxLayout& layout);
     void BuildEditButtons(QBoxLayout& row);
-    QPushButton* NewFolderButton(QWidget* parent, const QString& name, int text, int hint, const char* picture);
+    QPushButton* NewFolderButton(
+        QWidget* parent, const QString& name, TextNumber<0> text, TextNumber<0> hint, const char* picture);
     QBoxLayout* BuildTransferColumn();
     QBoxLayout* BuildFormRow();
     void BuildLayout();
@@ -59,7 +68,6 @@ private:
     void ConnectPane(Pane& pane);
     void ConnectList(Pane& pane);
     void ConnectForm();
-    void BindView();
 
     /// Runs a command once no name is being edited any more: it must not work on rows that are about to change.
     void Run(const std::function<void()>& command);
@@ -67,12 +75,10 @@ private:
 
     void ApplyClass();
     void ApplyClassTexts();
-    void EnableBusySet(bool on);
     std::vector<QPushButton*> BusyButtons() const;
-    void ShowCombo(ControlSide side);
     Pane& PaneOf(ControlSide side);
 
-    FileControl control_;
+    FileControl control_{ *this };
     Pane pc_;
     Pane instr_;
     std::array<QPushButton*, kEditButtons> BtPcEdit{};

@@ -1,14 +1,15 @@
 #include "link/control/controlCommands.h"
 
 #include "app/message/message.h"
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "link/channel/channel.h"
 #include "link/channel/linkFailure.h"
 #include "link/classes/model.h"
-#include "link/documents/file.h"
+#include "link/documents/documents.h"
 #include "link/transfer/transfer.h"
 
 #include <QScopedValueRollback>
@@ -19,27 +20,19 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kMessageNoFile = 12722;
-constexpr int kMessageNoFolderAbove = 12731;
-constexpr int kMessageDelete = 12732;
-
-constexpr int kStatusDeleting = 10108;
-constexpr int kStatusCopying = 10109;
-constexpr int kStatusReadingDrives = 12419;
-
 /// Holds the status line for a job and puts back what stood there.
 class StatusOfJob {
 public:
-    explicit StatusOfJob(int text)
+    explicit StatusOfJob(TextNumber<0> text)
         : hold_(Program().StatusHold)
-        , before_(TheFrameHooks().StatusText())
+        , before_(TheFrame()->StatusText())
     {
         StatusJob(LngStr(text));
     }
     ~StatusOfJob()
     {
         Program().StatusHold = hold_;
-        TheFrameHooks().SetStatusText(before_);
+        TheFrame()->SetStatusText(before_);
     }
     StatusOfJob(const StatusOfJob&) = delete;
     StatusOfJob& operator=(const StatusOfJob&) = delete;
@@ -99,7 +92,7 @@ void RunJob(FileControl& control, TransferJob job)
     control.View.RunTransfer();
 }
 
-void RunJobWithStatus(FileControl& control, TransferJob job, int statusText)
+void RunJobWithStatus(FileControl& control, TransferJob job, TextNumber<0> statusText)
 {
     const BusySet busy(control);
     const StatusOfJob status(statusText);
@@ -113,12 +106,12 @@ TransferJob DeleteJob(ControlSide side)
 
 bool MayDelete(const FileList& list)
 {
-    return TransferAnySelected(list) && MsgYesNo(kMessageDelete) == MsgResultYes;
+    return TransferAnySelected(list) && MsgYesNo(TextId::DeleteSelected) == MsgResultYes;
 }
 
 void FocusAndUpdate(FileControl& control, ControlSide side)
 {
-    ListOf(control, side).View.GiveFocus();
+    ListOf(control, side).View->GiveFocus();
     ControlUpdate(control);
 }
 
@@ -132,12 +125,10 @@ const FileListRow* SelectedRow(const FileList& list)
 /// What an editor changes on the PC is shown. An editor may open another one and leave that one's class behind.
 void RunEditor(FileControl& control, const QString& path)
 {
-    const int fileClass = FileClasses().CurrentFileClass;
-    const auto openEditor = TheFileOpeners().OpenEditor;
+    const FileClass fileClass = FileClasses().CurrentFileClass;
     {
         const BusySet busy(control);
-        if (openEditor)
-            openEditor(fileClass, path);
+        TheListFiles()->Open(path, fileClass);
         if (FileClasses().CurrentFileClass != fileClass)
             ModFileInit(fileClass);
     }
@@ -150,8 +141,7 @@ void ShowScreenShot(FileControl& control, int row)
     const QString path = PcFilePath(control.LvPc.Rows[static_cast<size_t>(row)].Key);
     control.ViewedRow = row;
     const BusySet busy(control);
-    if (const auto show = TheControlHooks().ShowScreenShot)
-        show(path, row);
+    TheScreenShotViewer()->Show(path, row);
 }
 
 void OpenFile(FileControl& control, int row)
@@ -182,7 +172,7 @@ void EnterFolder(FileControl& control, ControlSide side, const QString& name)
 void PcFolderUp(FileControl& control)
 {
     if (!ComboPcUp(control.CmbPc)) {
-        MsgOk(kMessageNoFolderAbove);
+        MsgOk(TextId::NoFolderAbove);
         return;
     }
     control.View.ShowCombo(ControlSide::Pc);
@@ -202,12 +192,12 @@ void EndIfLinkIsGone(FileControl& control)
 void InstrFolderUp(FileControl& control)
 {
     QString directory;
-    if (ChannelGetDirectory(directory) != kChannelOk) {
+    if (ChannelGetDirectory(directory) != ChannelStatus::Success) {
         EndIfLinkIsGone(control);
         return;
     }
     if (InstrFolderIsRoot(directory)) {
-        MsgOk(kMessageNoFolderAbove);
+        MsgOk(TextId::NoFolderAbove);
         return;
     }
     ComboInstrUp(control.CmbInstr);
@@ -224,7 +214,7 @@ void ControlUpload(FileControl& control)
     const bool isOne = ControlRulesOf(FileClasses().CurrentFileClass).UploadsOneFile;
     if (files == 0 || (isOne && files > 1))
         return;
-    RunJobWithStatus(control, TransferUpload, kStatusCopying);
+    RunJobWithStatus(control, TransferUpload, TextId::StatusCopyingFiles);
     ControlUpdate(control);
 }
 
@@ -232,7 +222,7 @@ void ControlDownload(FileControl& control)
 {
     if (!TransferAnySelected(control.LvInstr))
         return;
-    RunJobWithStatus(control, TransferDownload, kStatusCopying);
+    RunJobWithStatus(control, TransferDownload, TextId::StatusCopyingFiles);
     ControlUpdate(control);
 }
 
@@ -241,7 +231,7 @@ void ControlDelete(FileControl& control, ControlSide side)
     if (!TransferAnySelected(ListOf(control, side)))
         return;
     if (MayDelete(ListOf(control, side)))
-        RunJobWithStatus(control, DeleteJob(side), kStatusDeleting);
+        RunJobWithStatus(control, DeleteJob(side), TextId::StatusDeletingFiles);
     FocusAndUpdate(control, side);
 }
 
@@ -269,7 +259,7 @@ void ControlRefresh(FileControl& control, ControlSide side)
 {
     ControlEnableBusySet(control, false);
     QString directory;
-    if (side == ControlSide::Instr && ChannelGetDirectory(directory) != kChannelOk)
+    if (side == ControlSide::Instr && ChannelGetDirectory(directory) != ChannelStatus::Success)
         return;
     ControlList(control, side);
     ControlEnableBusySet(control, true);
@@ -282,9 +272,9 @@ void ControlRename(FileControl& control, ControlSide side)
     const int row = ControlSelectedRow(list);
     if (row < 0)
         return;
-    list.View.GiveFocus();
+    list.View->GiveFocus();
     if (ControlRenamesOn(side))
-        list.View.StartLabelEdit(row);
+        list.View->StartLabelEdit(row);
 }
 
 void ControlRenamed(FileControl& control, ControlSide side, const QString& sortKey, const QString& newName)
@@ -336,7 +326,7 @@ void ControlDropDown(FileControl& control, ControlSide side)
     if (side == ControlSide::Instr) {
         ComboInstrDropDown(control.CmbInstr);
     } else if (control.CmbPc.Tag == FolderComboPresent) {
-        const StatusOfJob status(kStatusReadingDrives);
+        const StatusOfJob status(TextId::StatusReadingDrives);
         ComboPcDropDown(control.CmbPc);
     }
     control.View.ShowCombo(side);
@@ -377,7 +367,7 @@ void ControlEdit(FileControl& control)
     const FileListRow* row = SelectedRow(control.LvPc);
     if (row == nullptr || TransferIsFolderRow(*row)) {
         const QString noun = LngStr(ModCaption(CaptionNoun));
-        MsgOk2(kMessageNoFile, noun, noun);
+        MsgOk2(TextId::NoFileSelected, noun, noun);
         return;
     }
     RunEditor(control, PcFilePath(row->Key));

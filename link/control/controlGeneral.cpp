@@ -2,7 +2,7 @@
 
 #include "app/message/message.h"
 #include "app/platform/debug.h"
-#include "app/platform/processState.h"
+#include "app/text/textId.h"
 #include "link/channel/channel.h"
 #include "link/classes/model.h"
 #include "link/connection/connect.h"
@@ -17,15 +17,13 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kMessageLinkLost = 12703;
-
 /// What the scroll bars and the column headers of a list take away.
 constexpr int kFrameLimitRightPx = 22;
 constexpr int kFrameLimitBottomPx = 23;
 
 const QString kInstrFallback = QStringLiteral("\\Public");
 
-const char* IconOf(int fileClass)
+const char* IconOf(FileClass fileClass)
 {
     switch (fileClass) {
     case FileClassAntennaList:
@@ -43,7 +41,7 @@ const char* IconOf(int fileClass)
     }
 }
 
-int PresentClass()
+FileClass PresentClass()
 {
     return FileClasses().CurrentFileClass;
 }
@@ -52,32 +50,37 @@ int PresentClass()
 void Forget(FileControl& control)
 {
     for (FileList* list : { &control.LvPc, &control.LvInstr }) {
-        FileListView view = std::move(list->View);
+        FileListView* view = list->View;
         *list = {};
-        list->View = std::move(view);
+        list->View = view;
     }
     control.CmbPc = {};
     control.CmbInstr = {};
     control.ButtonsAreOff = false;
 }
 
+class NoScreenShotViewer final : public ScreenShotViewer {
+public:
+    void Show(const QString&, int) override { }
+};
+
 void TakePcFolder()
 {
-    const QString path = FileClasses().PcPaths[static_cast<size_t>(PresentClass())];
+    const QString path = FileClasses().PcPaths[PresentClass()];
     const bool isThere = !path.isEmpty() && QFileInfo(path).isDir();
     CurrentPcFolder() = QDir::toNativeSeparators(isThere ? QDir(path).absolutePath() : QDir::currentPath());
 }
 
 } // namespace
 
-void GetBtPcEditNumber(int fileClass, int& index)
+void GetBtPcEditNumber(FileClass fileClass, int& index)
 {
     switch (fileClass) {
     case FileClassAntennaList:
     case FileClassKfactorTable:
     case FileClassMemoryList:
     case FileClassSuppressList:
-        index = fileClass - FileClassAntennaList;
+        index = FileClassNumber(fileClass) - FileClassNumber(FileClassAntennaList);
         break;
     case FileClassCorrectionSet:
         index = 4;
@@ -92,7 +95,7 @@ void GetBtPcEditNumber(int fileClass, int& index)
     }
 }
 
-ControlRules ControlRulesOf(int fileClass)
+ControlRules ControlRulesOf(FileClass fileClass)
 {
     ControlRules rules;
     GetBtPcEditNumber(fileClass, rules.EditButton);
@@ -105,10 +108,10 @@ ControlRules ControlRulesOf(int fileClass)
     return rules;
 }
 
-ControlHooks& TheControlHooks()
+Port<ScreenShotViewer>& TheScreenShotViewer()
 {
-    static ProcessState<ControlHooks> hooks;
-    return hooks.Get();
+    static PortOr<ScreenShotViewer, NoScreenShotViewer> port;
+    return port;
 }
 
 FileList& ListOf(FileControl& control, ControlSide side)
@@ -137,13 +140,13 @@ void ControlLoad(FileControl& control)
     control.LvPc.HasDates = control.LvInstr.HasDates = ControlRulesOf(PresentClass()).HasDates;
     TakePcFolder();
     ComboPcShow(control.CmbPc);
-    control.MayWork = ComboInstrShow(control.CmbInstr) == kChannelOk;
+    control.MayWork = ComboInstrShow(control.CmbInstr) == ChannelStatus::Success;
     control.View.ShowCombo(ControlSide::Pc);
     control.View.ShowCombo(ControlSide::Instr);
     if (control.MayWork)
         return;
     ChannelDisconnect();
-    MsgOk(kMessageLinkLost);
+    MsgOk(TextId::LinkLost);
 }
 
 void ControlActivate(FileControl& control)
@@ -168,10 +171,10 @@ void ControlUnload()
 {
     Transfer().LvPc = nullptr;
     Transfer().LvInstr = nullptr;
-    const auto fileClass = static_cast<size_t>(PresentClass());
+    const FileClass fileClass = PresentClass();
     FileClasses().PcPaths[fileClass] = CurrentPcFolder();
     QString directory;
-    const bool isRead = ChannelGetDirectory(directory) == kChannelOk;
+    const bool isRead = ChannelGetDirectory(directory) == ChannelStatus::Success;
     FileClasses().InstrPaths[fileClass] = isRead ? directory : kInstrFallback;
 }
 

@@ -2,6 +2,8 @@
 // and keeps, and which of its buttons are enabled. controlCommands.h has what its commands do.
 #pragma once
 
+#include "app/platform/port.h"
+#include "link/classes/model.h"
 #include "link/files/combo.h"
 #include "link/files/fileList.h"
 
@@ -16,7 +18,7 @@ inline constexpr int kEditButtons = 5;
 
 /// The element of `BtPcEdit` that edits files of a class; kNoEditButton for a class without an editor. A value that is
 /// no class is reported to the debug route.
-void GetBtPcEditNumber(int fileClass, int& index);
+void GetBtPcEditNumber(FileClass fileClass, int& index);
 
 /// What a file class changes in the window.
 struct ControlRules {
@@ -28,22 +30,31 @@ struct ControlRules {
     bool MakesNew = true;
     bool UploadsOneFile = false; ///< the instrument holds a single list of the kind
 };
-ControlRules ControlRulesOf(int fileClass);
+ControlRules ControlRulesOf(FileClass fileClass);
 
 enum class ControlSide { Pc, Instr };
 
-/// What only the window can do; each default stands for a window that nobody sees.
-struct ControlView {
-    std::function<void(bool on)> EnableBusySet = [](bool) {}; ///< the buttons that act
-    std::function<void(bool upload, bool download)> EnableTransfers = [](bool, bool) {};
-    std::function<void(bool busy)> ShowBusyPointer = [](bool) {};
-    std::function<void(ControlSide)> ShowCombo = [](ControlSide) {}; ///< its items have changed
-    std::function<void()> RunTransfer = [] {}; ///< the form of the job, until it has closed
-    std::function<void()> Close = [] {};
+/// What only the window can do.
+class ControlView {
+public:
+    virtual void EnableBusySet(bool on) = 0; ///< the buttons that act
+    virtual void EnableTransfers(bool upload, bool download) = 0;
+    virtual void ShowBusyPointer(bool busy) = 0;
+    virtual void ShowCombo(ControlSide side) = 0; ///< its items have changed
+    virtual void RunTransfer() = 0; ///< the form of the job, until it has closed
+    virtual void Close() = 0;
+
+protected:
+    ~ControlView() = default;
 };
 
 /// The window's data.
 struct FileControl {
+    explicit FileControl(ControlView& view)
+        : View(view)
+    {
+    }
+
     FileList LvPc;
     FileList LvInstr;
     FolderCombo CmbPc;
@@ -52,14 +63,19 @@ struct FileControl {
     bool Busy = false; ///< a job or an editor runs
     bool ButtonsAreOff = false; ///< the busy set is disabled
     int ViewedRow = -1; ///< of the screen shot shown last
-    ControlView View;
+    ControlView& View;
 };
 
-/// What other folders open for the window; one that is not bound opens nothing.
-struct ControlHooks {
-    std::function<void(const QString& path, int row)> ShowScreenShot;
+/// Shows the screen shots that the window opens.
+class ScreenShotViewer {
+public:
+    /// Until the viewer has closed. `row` is the file's in the list.
+    virtual void Show(const QString& path, int row) = 0;
+
+protected:
+    ~ScreenShotViewer() = default;
 };
-ControlHooks& TheControlHooks();
+Port<ScreenShotViewer>& TheScreenShotViewer(); ///< without an implementation nothing is shown
 
 FileList& ListOf(FileControl& control, ControlSide side);
 FolderCombo& ComboOf(FileControl& control, ControlSide side);

@@ -3,6 +3,7 @@
 #include "app/forms/formLayout.h"
 #include "app/help/help.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/general.h"
 #include "link/documents/fileConvert.h"
 
@@ -19,12 +20,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextForm = 11400;
-constexpr int kHelpForm = 11401;
-constexpr int kTextType = 11402;
-constexpr int kHintType = 11403;
-constexpr int kTextDir = 11404;
-constexpr int kHintDir = 11405;
 constexpr int kPathLength = 4096;
 constexpr int kLeastDirCharacters = 48;
 constexpr int kMostDirCharacters = 96;
@@ -34,8 +29,8 @@ constexpr int kMostDirCharacters = 96;
 FmFileConvert::FmFileConvert(QWidget* parent)
     : FormBase("FmFileConvert", parent)
 {
-    LngSetForm(this, kTextForm);
-    SetHelpNumber(kHelpForm);
+    LngSetForm(this, TextId::ConvertTitle);
+    SetHelpNumber(HelpId::Convert);
     QVBoxLayout* form = NewFormColumn(this);
     form->addLayout(BuildFields());
     form->addSpacing(kFormMarginPx / 2);
@@ -45,15 +40,15 @@ FmFileConvert::FmFileConvert(QWidget* parent)
 
 QLayout* FmFileConvert::BuildFields()
 {
-    QLabel* LbType = NewLabel(this, "LbType", { kTextType });
-    CbType = NewCombo(this, "CbType", kHelpForm);
-    SetControlHint(CbType, kHintType);
+    QLabel* LbType = NewLabel(this, "LbType", { TextId::ConvertType });
+    CbType = NewCombo(this, "CbType", HelpId::Convert);
+    SetControlHint(CbType, TextId::ConvertTypeHint);
     BindLabel(LbType, CbType);
-    QLabel* LbDir = NewLabel(this, "LbDir", { kTextDir });
-    TbDir = NewTextBox(this, "TbDir", kHelpForm, kPathLength);
-    SetControlHint(TbDir, kHintDir);
+    QLabel* LbDir = NewLabel(this, "LbDir", { TextId::ConvertFolder });
+    TbDir = NewTextBox(this, "TbDir", HelpId::Convert, kPathLength);
+    SetControlHint(TbDir, TextId::ConvertFolderHint);
     BindLabel(LbDir, TbDir);
-    BtBrowse = NewButton(this, "BtBrowse", { 11406, kHelpForm, 11407 });
+    BtBrowse = NewButton(this, "BtBrowse", { TextId::ConvertBrowse, HelpId::Convert, TextId::ConvertBrowseHint });
     BtBrowse->setAutoDefault(false);
     connect(BtBrowse, &QPushButton::clicked, this, [this] { Browse(); });
 
@@ -68,9 +63,10 @@ QLayout* FmFileConvert::BuildFields()
 
 QLayout* FmFileConvert::BuildButtons()
 {
-    QPushButton* BtClose = NewButton(this, "BtClose", { 11408, kHelpForm, 11409 });
-    QPushButton* BtCancel = NewButton(this, "BtCancel", { 11410, kHelpForm, 11411 });
-    QPushButton* BtHelp = NewButton(this, "BtHelp", { 11412, kHelpForm, 11413 });
+    QPushButton* BtClose = NewButton(this, "BtClose", { TextId::ConvertOk, HelpId::Convert, TextId::ConvertOkHint });
+    QPushButton* BtCancel =
+        NewButton(this, "BtCancel", { TextId::ConvertCancel, HelpId::Convert, TextId::ConvertCancelHint });
+    QPushButton* BtHelp = NewButton(this, "BtHelp", { TextId::ConvertHelp, HelpId::Convert, TextId::ConvertHelpHint });
     BtClose->setDefault(true);
     QHBoxLayout* buttons = NewButtonRow({ BtClose, BtCancel, BtHelp });
     connect(BtClose, &QPushButton::clicked, this, [this] { Accept(); });
@@ -85,8 +81,8 @@ bool FmFileConvert::OnLoad()
     DialogPush(*this, false);
     const FileConvertProposal proposal = FileConvertPropose();
     CbType->clear();
-    for (const int type : proposal.Types)
-        CbType->addItem(LngStr(type), type);
+    for (const TextNumber<0> type : proposal.Types)
+        CbType->addItem(LngStr(type), type.Number);
     CbType->setCurrentIndex(proposal.Selected);
     ShowFolder(proposal.Folder);
     CbType->setFocus(Qt::TabFocusReason);
@@ -95,7 +91,7 @@ bool FmFileConvert::OnLoad()
 
 void FmFileConvert::Browse()
 {
-    const QString folder = BrowseFolder(LngStr(kTextChooseTargetFolder), TbDir->text());
+    const QString folder = BrowseFolder(LngStr(TextId::ChooseTargetFolder), TbDir->text());
     if (!folder.isEmpty())
         ShowFolder(folder);
 }

@@ -5,7 +5,9 @@
 #include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/strings.h"
+#include "link/documents/documents.h"
 #include "link/documents/file.h"
 #include "link/documents/fileFormats.h"
 #include "link/documents/fileSave.h"
@@ -20,11 +22,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextChooseType = 11005;
-constexpr int kMessageNotConverted = 12750;
-constexpr int kMessageFolderNotMade = 12752;
-constexpr int kQuestionReplace = 12734;
 
 QString WithoutSlash(const QString& folder)
 {
@@ -53,7 +50,8 @@ Answer AskToReplace(const QString& target, bool isBatch)
         return Answer::Save;
     if (TheMessage().NoAll)
         return Answer::Skip;
-    const int answer = isBatch ? MsgAllChoices1(kQuestionReplace, target) : MsgYesNoDefNo1(kQuestionReplace, target);
+    const int answer =
+        isBatch ? MsgAllChoices1(TextId::OverwriteFile, target) : MsgYesNoDefNo1(TextId::OverwriteFile, target);
     if (answer == MsgResultYes)
         return Answer::Save;
     return answer == MsgResultNo ? Answer::Skip : Answer::Stop;
@@ -68,8 +66,8 @@ void ForgetAnswersForAll()
 /// One run over the sources.
 class Batch {
 public:
-    explicit Batch(const FileBatchHooks& hooks)
-        : hooks_(hooks)
+    explicit Batch(FileBatchWatcher& watcher)
+        : watcher_(watcher)
     {
     }
 
@@ -77,7 +75,7 @@ public:
     {
         const QStringList sources = FileConvert().Sources;
         for (int done = 0; done < sources.size() && !stopped_ && !Program().CloseWished; ++done) {
-            hooks_.Progress(done, static_cast<int>(sources.size()), sources[done]);
+            watcher_.Progress(done, static_cast<int>(sources.size()), sources[done]);
             Convert(sources[done], done == 0, sources.size() > 1);
             TheSeams().PumpEvents();
         }
@@ -88,26 +86,24 @@ private:
     /// Only the first file forgets what the user answered to a question that is asked once for all of them.
     void Convert(const QString& source, bool isFirst, bool isBatch)
     {
-        const FileDocumentHooks& documents = TheFileDocumentHooks();
         SetLastFile(source);
-        documents.TakeOpened();
-        const bool isOpen = FileOpen(source, isFirst, true);
-        const int window = documents.TakeOpened();
-        if (window == 0) {
-            TellIfNotConverted(source, isOpen);
+        const FileKindInfo kind = FileKindOf(source);
+        const OpenedFile opened = FileOpenOfKind(source, kind, isFirst, true);
+        if (opened.Window == 0) {
+            TellIfNotConverted(source, kind, opened);
             return;
         }
-        hooks_.Prepare(window);
-        Save(source, window, isBatch);
-        documents.Close(window);
+        watcher_.Prepare(opened.Window);
+        Save(source, opened.Window, isBatch);
+        TheDocuments()->Close(opened.Window);
     }
 
-    /// What can't be opened has been told; not so a list or a text, which may have been seen in an editor.
-    static void TellIfNotConverted(const QString& source, bool isOpen)
+    /// A picture that can't be opened, and a file of no kind, have been reported; not so a list or a text, which may
+    /// have been seen in an editor.
+    static void TellIfNotConverted(const QString& source, const FileKindInfo& kind, const OpenedFile& opened)
     {
-        const FileKind kind = FileKindOf(source).Kind;
-        if (isOpen || (kind != FileKind::None && ImageKindOf(kind) == 0))
-            MsgOk1(kMessageNotConverted, QFileInfo(source).fileName());
+        if (opened.Success || (kind.Kind != FileKind::None && !kind.IsPicture()))
+            MsgOk1(TextId::UnknownFileType, QFileInfo(source).fileName());
     }
 
     void Save(const QString& source, int window, bool isBatch)
@@ -119,13 +115,13 @@ private:
         stopped_ = answer == Answer::Stop;
         if (answer != Answer::Save)
             return;
-        const bool isPicture = ImageKindOf(FileKindOf(target).Kind) != 0; // else nothing is written
-        TheFileDocumentHooks().ToOwnSize(window); // behind the question, which lets its window be drawn
-        if (FileSaveAs(target, window, true) && isPicture && !target.isEmpty())
+        const FileKindInfo kind = FileKindOf(target); // of a text nothing is written
+        TheDocuments()->ToOwnSize(window); // after the question, which lets its window be drawn
+        if (FileSaveAsKind(target, kind, window, true) && kind.IsPicture() && !target.isEmpty())
             ++converted_;
     }
 
-    const FileBatchHooks& hooks_;
+    FileBatchWatcher& watcher_;
     int converted_ = 0;
     bool stopped_ = false;
 };
@@ -145,7 +141,7 @@ FileConvertProposal FileConvertPropose()
     state.TargetExtension.clear();
     FileConvertProposal proposal;
     for (const QString& source : state.Sources) {
-        if (FileFormatOf(source) != nullptr)
+        if (FileFormatOf(FileKindOf(source).Kind) != nullptr)
             proposal.Folder = QDir::toNativeSeparators(QFileInfo(source).path());
     }
     for (const FileFormat& format : FileFormats()) {
@@ -155,7 +151,7 @@ FileConvertProposal FileConvertPropose()
     }
     if (proposal.Folder.isEmpty()) {
         proposal.Selected = static_cast<int>(proposal.Types.size());
-        proposal.Types.append(kTextChooseType);
+        proposal.Types.append(TextId::ChooseFileType);
     }
     return proposal;
 }
@@ -174,7 +170,7 @@ bool FileMakeTargetFolder(const QString& folder)
     std::filesystem::create_directory(QFileInfo(path).filesystemFilePath(), error);
     if (!error)
         return true;
-    MsgOk2(kMessageFolderNotMade, QFileInfo(path).fileName(), QString::fromLocal8Bit(error.message().c_str()));
+    MsgOk2(TextId::FolderNotMade, QFileInfo(path).fileName(), QString::fromLocal8Bit(error.message().c_str()));
     return false;
 }
 
@@ -185,7 +181,7 @@ bool FileConvertAccept(const QString& folder, int type)
         return false;
     const auto& formats = FileFormats();
     const auto found =
-        std::find_if(formats.begin(), formats.end(), [type](const FileFormat& at) { return at.Name == type; });
+        std::find_if(formats.begin(), formats.end(), [type](const FileFormat& at) { return at.Name.Number == type; });
     FileConvert().TargetFolder = target;
     FileConvert().TargetExtension = found == formats.end() ? QString() : LngStr(found->Extension);
     return true;
@@ -196,12 +192,18 @@ QString FileTargetPath(const QString& folder, const QString& source, const QStri
     return PathWithSlash(QDir::fromNativeSeparators(folder), u'/') + QFileInfo(source).completeBaseName() + extension;
 }
 
-int FileConvertRun(const FileBatchHooks& hooks)
+int FileConvertRun(FileBatchWatcher& watcher)
 {
     ForgetAnswersForAll();
-    const int converted = Batch(hooks).Run();
+    const int converted = Batch(watcher).Run();
     ForgetAnswersForAll();
     return converted;
+}
+
+int FileConvertRun()
+{
+    FileBatchWatcher nobody;
+    return FileConvertRun(nobody);
 }
 
 } // namespace tarvik

@@ -2,11 +2,11 @@
 // the loop.
 #pragma once
 
+#include "app/text/textNumber.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
-
-#include <functional>
 
 namespace tarvik {
 
@@ -21,15 +21,12 @@ FileConvertState& FileConvert();
 /// What the form shows when it opens.
 struct FileConvertProposal {
     QString Folder; ///< of the last source that is a document; empty without one
-    QVector<int> Types; ///< text numbers of the entries of `CbType`
+    QVector<TextNumber<0>> Types; ///< entries of `CbType`
     int Selected = 0;
 };
 
 /// Clears the target and looks at the sources.
 FileConvertProposal FileConvertPropose();
-
-/// Title of the folder chooser, a text number.
-inline constexpr int kTextChooseTargetFolder = 12753;
 
 /// True for a folder that is there.
 bool FolderExists(const QString& path);
@@ -44,10 +41,16 @@ bool FolderExists(const QString& path);
 /// Path of the converted file: the target folder, the source's base name, the target extension with its point.
 QString FileTargetPath(const QString& folder, const QString& source, const QString& extension);
 
-/// What happens to a document between opening and saving, and who watches.
-struct FileBatchHooks {
-    std::function<void(int window)> Prepare = [](int) {};
-    std::function<void(int done, int total, const QString& source)> Progress = [](int, int, const QString&) {};
+/// Who watches a batch; this one does nothing.
+class FileBatchWatcher {
+public:
+    virtual ~FileBatchWatcher() = default;
+
+    /// Before a file is opened.
+    virtual void Progress(int /*done*/, int /*total*/, const QString& /*source*/) { }
+
+    /// Between opening and saving.
+    virtual void Prepare(int /*window*/) { }
 };
 
 /// Opens each source, saves it as `TargetExtension` in `TargetFolder` (a source's own folder while that is empty) and
@@ -56,6 +59,7 @@ struct FileBatchHooks {
 /// reported it, and the next one follows; of one that opens elsewhere, in an editor, nothing is written, which is told
 /// (12750). Between two files events run, and the batch ends when the program is to end. Returns how many pictures were
 /// written.
-int FileConvertRun(const FileBatchHooks& hooks);
+int FileConvertRun(FileBatchWatcher& watcher);
+int FileConvertRun(); ///< unwatched
 
 } // namespace tarvik

@@ -1,9 +1,10 @@
 #include "link/documents/fileDialogs.h"
 
-#include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
+#include "link/documents/file.h"
 #include "link/documents/fileConvert.h"
 #include "link/documents/fileFormats.h"
 #include "link/documents/fileSave.h"
@@ -12,13 +13,10 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTitleOpen = 11501;
-constexpr int kTitleConvert = 11514;
-
 QStringList AskForFiles(bool convert)
 {
     OpenFilesQuestion question;
-    question.Title = LngStr(convert ? kTitleConvert : kTitleOpen);
+    question.Title = LngStr(convert ? TextId::ConvertFilesTitle : TextId::OpenFilesTitle);
     question.InitialFolder = Program().LastFile.Folder;
     question.Filters = FileOpenFilters();
     question.DefaultExtension = convert ? QStringLiteral("swp") : QStringLiteral("bmp");
@@ -39,25 +37,22 @@ void OpenAll(const QStringList& paths)
 
 } // namespace
 
-FileDialogHooks& TheFileDialogHooks()
+void FileOpenDlg()
 {
-    static ProcessState<FileDialogHooks> hooks;
-    return hooks.Get();
+    const QStringList paths = AskForFiles(false);
+    FileRememberPath(paths);
+    OpenAll(paths);
 }
 
-void FileOpenDlg(bool convert)
+void FileConvertDlg(const std::function<bool()>& askForTarget)
 {
-    const QStringList paths = AskForFiles(convert);
+    const QStringList paths = AskForFiles(true);
     if (paths.isEmpty())
         return;
     FileRememberPath(paths);
-    if (!convert) {
-        OpenAll(paths);
-        return;
-    }
     FileConvert().Sources = paths;
-    if (TheFileDialogHooks().ShowConvertForm())
-        FileConvertRun({});
+    if (askForTarget())
+        FileConvertRun();
 }
 
 } // namespace tarvik

@@ -5,14 +5,11 @@
 
 namespace tarvik {
 
-/// Shows `FmFileConvert` over the sources of FileConvert(); true when the user has accepted. Bound with the form.
-struct FileDialogHooks {
-    std::function<bool()> ShowConvertForm = [] { return false; };
-};
-FileDialogHooks& TheFileDialogHooks();
+/// Asks for files and opens each, up to the first one that fails.
+void FileOpenDlg();
 
-/// Asks for files and opens each, up to the first one that fails; with `convert` asks for folder and type and converts
-/// them.
-void FileOpenDlg(bool convert);
+/// Asks for files, lets `askForTarget` ask for folder and type, and converts the files when that returns true. It finds
+/// the files in FileConvert() and leaves the target there, as the form FmFileConvert does.
+void FileConvertDlg(const std::function<bool()>& askForTarget);
 
 } // namespace tarvik

@@ -1,6 +1,7 @@
 #include "link/documents/fileFormats.h"
 
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 
 #include <QVector>
 
@@ -10,8 +11,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextAllPictures = 11502;
-
 /// The order of the entries of the open dialog.
 constexpr std::array kOpenOrder{ FileKind::Bitmap, FileKind::Png, FileKind::Pcx, FileKind::Metafile };
 
@@ -20,15 +19,9 @@ QString Pattern(const FileFormat& format)
     return u'*' + LngStr(format.Extension);
 }
 
-QString Filter(int name, const QString& patterns)
+QString Filter(TextNumber<0> name, const QString& patterns)
 {
     return LngStr(name) + u'|' + patterns;
-}
-
-const FileFormat& FormatOfKind(FileKind kind)
-{
-    const auto& formats = FileFormats();
-    return *std::find_if(formats.begin(), formats.end(), [kind](const FileFormat& at) { return at.Kind == kind; });
 }
 
 } // namespace
@@ -36,19 +29,18 @@ const FileFormat& FormatOfKind(FileKind kind)
 const std::array<FileFormat, kFileFormats>& FileFormats()
 {
     static constexpr std::array<FileFormat, kFileFormats> formats{ {
-        { 11505, 11603, 0, 0, FileKind::ListText },
-        { 11513, 11607, 0, 0, FileKind::OtherText },
-        { 11504, 11602, 11503, 12755, FileKind::Bitmap },
-        { 11512, 11606, 11511, 12757, FileKind::Pcx },
-        { 11510, 11605, 11509, 12761, FileKind::Png },
-        { 11508, 11604, 11507, 12759, FileKind::Metafile },
+        { TextId::ListTextExtension, TextId::ListTextSaveType, {}, {}, FileKind::ListText },
+        { TextId::PlainTextExtension, TextId::PlainTextSaveType, {}, {}, FileKind::OtherText },
+        { TextId::BmpExtension, TextId::BmpSaveType, TextId::BmpOpenType, TextId::BmpNotWritten, FileKind::Bitmap },
+        { TextId::PcxExtension, TextId::PcxSaveType, TextId::PcxOpenType, TextId::PcxNotWritten, FileKind::Pcx },
+        { TextId::PngExtension, TextId::PngSaveType, TextId::PngOpenType, TextId::PngNotWritten, FileKind::Png },
+        { TextId::WmfExtension, TextId::WmfSaveType, TextId::WmfOpenType, TextId::WmfNotWritten, FileKind::Metafile },
     } };
     return formats;
 }
 
-const FileFormat* FileFormatOf(const QString& path)
+const FileFormat* FileFormatOf(FileKind kind)
 {
-    const FileKind kind = FileKindOf(path).Kind;
     const auto& formats = FileFormats();
     const auto found =
         std::find_if(formats.begin(), formats.end(), [kind](const FileFormat& at) { return at.Kind == kind; });
@@ -65,11 +57,11 @@ QStringList FileOpenFilters()
     QStringList patterns;
     QStringList filters;
     for (const FileKind kind : kOpenOrder) {
-        const FileFormat& format = FormatOfKind(kind);
+        const FileFormat& format = *FileFormatOf(kind);
         patterns.append(Pattern(format));
         filters.append(Filter(format.OpenName, Pattern(format)));
     }
-    filters.prepend(Filter(kTextAllPictures, patterns.join(u';')));
+    filters.prepend(Filter(TextId::AllPictures, patterns.join(u';')));
     return filters;
 }
 

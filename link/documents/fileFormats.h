@@ -1,7 +1,8 @@
 // link/documents/fileFormats.h: the six formats of documents, and the filters of the file dialogs made of them.
 #pragma once
 
-#include "link/documents/file.h"
+#include "app/text/textNumber.h"
+#include "link/documents/fileKind.h"
 
 #include <QString>
 #include <QStringList>
@@ -10,17 +11,16 @@
 
 namespace tarvik {
 
-/// All numbers are text numbers.
 struct FileFormat {
-    int Extension; ///< with its point
-    int Name; ///< in the filter of the save dialog and in `CbType`
-    int OpenName; ///< in the filter of the open dialog; 0 for a kind of text, which it does not offer
-    int WriteFailed; ///< message for a file that can't be written; 0 for a kind of text
+    TextNumber<0> Extension; ///< with its point
+    TextNumber<0> Name; ///< in the filter of the save dialog and in `CbType`
+    TextNumber<0> OpenName; ///< in the filter of the open dialog; none for a kind of text, which it does not offer
+    TextNumber<1> WriteFailed; ///< message for a file that can't be written; none for a kind of text
     FileKind Kind;
 
     bool IsImage() const
     {
-        return OpenName != 0;
+        return !OpenName.IsNone();
     }
 };
 
@@ -29,8 +29,8 @@ inline constexpr int kFileFormats = 6;
 /// In the order in which a conversion offers them: the two kinds of text first.
 const std::array<FileFormat, kFileFormats>& FileFormats();
 
-/// The format of a path by its extension; null for any other file.
-const FileFormat* FileFormatOf(const QString& path);
+/// The format of a kind; null for a kind that is none.
+const FileFormat* FileFormatOf(FileKind kind);
 
 /// The extension of a format in lower case, without its point.
 QString FileExtensionOf(const FileFormat& format);

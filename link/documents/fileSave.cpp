@@ -1,12 +1,13 @@
 #include "link/documents/fileSave.h"
 
 #include "app/message/message.h"
-#include "app/platform/processState.h"
 #include "app/platform/replaceFile.h"
 #include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
+#include "link/documents/documents.h"
 #include "link/documents/fileFormats.h"
 
 #include <QFileInfo>
@@ -15,24 +16,18 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kMessageUnknownFormat = 12750;
-constexpr int kMessageTextNotWritten = 12763;
-constexpr int kTitleSaveAs = 11601;
-constexpr int kHelpSaveAs = 11600;
-
 bool TryText(FileKind kind, const QString& path)
 {
     if (!CanReplaceFile(path))
         return false;
     if (kind == FileKind::ListText)
-        MsgOk1(kMessageTextNotWritten, path);
+        MsgOk1(TextId::CsvTextNotWritten, path);
     return true;
 }
 
-bool SavePicture(const FileFormat& format, const QString& path, int window)
+bool SavePicture(const FileFormat& format, ImageKind kind, const QString& path, int window)
 {
-    const PictureSaved result =
-        CanReplaceFile(path) ? TheFileDocumentHooks().SavePicture(path, window) : PictureSaved::Failed;
+    const PictureSaved result = CanReplaceFile(path) ? TheDocuments()->Save(path, kind, window) : PictureSaved::Failed;
     if (result == PictureSaved::Failed)
         MsgOk1(format.WriteFailed, QFileInfo(path).fileName());
     return result == PictureSaved::Written;
@@ -40,34 +35,34 @@ bool SavePicture(const FileFormat& format, const QString& path, int window)
 
 SaveFileQuestion SaveQuestion(int window)
 {
-    const QVector<FileFormat> formats = FileSaveFormats(TheFileDocumentHooks().IsDataSet(window));
+    const QVector<FileFormat> formats = FileSaveFormats(TheDocuments()->IsDataSet(window));
     const LastFileName& last = Program().LastFile;
     SaveFileQuestion question;
-    question.Title = LngStr(kTitleSaveAs);
+    question.Title = LngStr(TextId::SaveAsTitle);
     question.InitialFolder = last.Folder;
     question.FileName = last.Name;
     question.Filters = FileSaveFilters(formats);
     question.FilterIndex = FileSaveFilterIndex(formats, last.Extension);
-    question.HelpNumber = kHelpSaveAs;
+    question.HelpNumber = HelpId::SaveAs;
     return question;
 }
 
 } // namespace
 
-FileDocumentHooks& TheFileDocumentHooks()
-{
-    static ProcessState<FileDocumentHooks> hooks;
-    return hooks.Get();
-}
-
 bool FileSaveAs(QString& path, int window, bool confirm)
 {
-    const FileFormat* format = FileFormatOf(path);
+    return FileSaveAsKind(path, FileKindOf(path), window, confirm);
+}
+
+bool FileSaveAsKind(QString& path, const FileKindInfo& kind, int window, bool confirm)
+{
+    const FileFormat* format = FileFormatOf(kind.Kind);
     if (format == nullptr || (!format->IsImage() && !confirm)) {
-        MsgOk(kMessageUnknownFormat);
+        MsgOk(TextId::UnknownFileType);
         return false;
     }
-    const bool isDone = format->IsImage() ? SavePicture(*format, path, window) : TryText(format->Kind, path);
+    const bool isDone =
+        format->IsImage() ? SavePicture(*format, kind.Image, path, window) : TryText(format->Kind, path);
     if (!isDone)
         path.clear();
     return true;
@@ -76,12 +71,13 @@ bool FileSaveAs(QString& path, int window, bool confirm)
 bool FileSaveAsDlg(int window)
 {
     const QString path = TheSeams().SaveFile(SaveQuestion(window)).trimmed();
+    const FileKindInfo kind = FileKindOf(path);
     QString saved = path;
-    if (path.isEmpty() || !FileSaveAs(saved, window, true) || saved.isEmpty())
+    if (path.isEmpty() || !FileSaveAsKind(saved, kind, window, true) || saved.isEmpty())
         return false;
     FileRememberPath({ path });
     StatusClear();
-    return FileFormatOf(path)->IsImage();
+    return kind.IsPicture();
 }
 
 void FileRememberPath(const QStringList& paths)

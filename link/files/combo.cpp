@@ -1,6 +1,7 @@
 #include "link/files/combo.h"
 
 #include "app/message/message.h"
+#include "app/text/textId.h"
 #include "app/values/strings.h"
 #include "link/files/fileList.h"
 
@@ -13,8 +14,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kMessageNoSuchFolder = 12747;
 
 const QString kInstrRoot = QStringLiteral("\\");
 const QString kIconOpen = QStringLiteral("OpenFolder");
@@ -138,7 +137,7 @@ void Close(FolderItem& item)
 void ShowChain(FolderCombo& combo)
 {
     QString path;
-    if (ChannelGetDirectory(path) != kChannelOk) {
+    if (ChannelGetDirectory(path) != ChannelStatus::Success) {
         ShowBlank(combo);
         return;
     }
@@ -155,9 +154,9 @@ void ShowChain(FolderCombo& combo)
 bool GoToInstr(const QString& path)
 {
     const ChannelStatus status = ChannelSetDirectory(path);
-    if (status == kChannelRefused)
-        MsgOk(kMessageNoSuchFolder);
-    return status == kChannelOk;
+    if (status == ChannelStatus::Refused)
+        MsgOk(TextId::InstrumentFolderGone);
+    return status == ChannelStatus::Success;
 }
 
 const FolderItem* ItemOf(const FolderCombo& combo, int item)
@@ -179,7 +178,7 @@ void ComboPcShow(FolderCombo& combo)
 void ComboPcDropDown(FolderCombo& combo)
 {
     if (combo.Tag == FolderComboPresent) {
-        combo.Drives = TheDriveSource()();
+        combo.Drives = TheDriveSource()->Drives();
         for (Drive& drive : combo.Drives)
             drive.Root = PortablePath(drive.Root);
         combo.Tag = FolderComboDrives;
@@ -220,7 +219,7 @@ ChannelStatus ComboInstrShow(FolderCombo& combo)
     QString path;
     const ChannelStatus status = ChannelGetDirectory(path);
     ShowBlank(combo);
-    if (status == kChannelOk)
+    if (status == ChannelStatus::Success)
         combo.Items = { InstrItem(path) };
     return status;
 }
@@ -233,7 +232,7 @@ void ComboInstrDropDown(FolderCombo& combo)
 void ComboInstrUp(FolderCombo& combo)
 {
     QString path;
-    if (ChannelGetDirectory(path) == kChannelOk && GoToInstr(InstrFolderAbove(path)))
+    if (ChannelGetDirectory(path) == ChannelStatus::Success && GoToInstr(InstrFolderAbove(path)))
         ShowChain(combo);
 }
 

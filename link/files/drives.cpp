@@ -1,7 +1,7 @@
 #include "link/files/drives.h"
 
-#include "app/platform/processState.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/strings.h"
 
 #include <QDir>
@@ -13,8 +13,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextFileSystem = 12431;
 
 bool IsOrIsBelow(const QString& path, const QString& folder)
 {
@@ -81,6 +79,14 @@ std::vector<Drive> SystemDrives()
     return drives;
 }
 
+class System final : public DriveSource {
+public:
+    std::vector<Drive> Drives() override
+    {
+        return SystemDrives();
+    }
+};
+
 } // namespace
 
 bool VolumeIsForUsers(const MountedVolume& volume)
@@ -123,7 +129,7 @@ QString DriveText(const Drive& drive)
 {
     const QString place = BeginsWithLetter(drive.Root) ? drive.Root.left(2) : QDir::toNativeSeparators(drive.Root);
     const bool isNamelessRoot = drive.Name.isEmpty() && drive.Root == QLatin1String("/");
-    const QString name = isNamelessRoot ? LngStr(kTextFileSystem) : drive.Name;
+    const QString name = isNamelessRoot ? LngStr(TextId::FileSystem) : drive.Name;
     return name + QStringLiteral(" (") + place + u')';
 }
 
@@ -135,10 +141,10 @@ Drive DriveAtRoot(const QString& path)
     return DriveOf(volume);
 }
 
-DriveSource& TheDriveSource()
+Port<DriveSource>& TheDriveSource()
 {
-    static ProcessState<DriveSource> source([] { return DriveSource(SystemDrives); });
-    return source.Get();
+    static PortOr<DriveSource, System> port;
+    return port;
 }
 
 } // namespace tarvik

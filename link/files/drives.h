@@ -2,9 +2,10 @@
 // root, the home folder and the mounted volumes that a user would look into.
 #pragma once
 
+#include "app/platform/port.h"
+
 #include <QString>
 
-#include <functional>
 #include <vector>
 
 namespace tarvik {
@@ -40,8 +41,14 @@ QString DriveText(const Drive& drive);
 /// The drive whose root is `path`, which is a root of the file system.
 Drive DriveAtRoot(const QString& path);
 
-/// The drives of this PC in the order in which the system reports them; may take a moment.
-using DriveSource = std::function<std::vector<Drive>()>;
-DriveSource& TheDriveSource();
+class DriveSource {
+public:
+    /// The drives of this PC in the order in which the system reports them; may take a moment.
+    virtual std::vector<Drive> Drives() = 0;
+
+protected:
+    ~DriveSource() = default;
+};
+Port<DriveSource>& TheDriveSource(); ///< without an implementation those of the system
 
 } // namespace tarvik

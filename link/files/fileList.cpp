@@ -3,6 +3,7 @@
 #include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/region.h"
 #include "app/values/strings.h"
 #include "link/channel/channel.h"
@@ -14,7 +15,13 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextDataSetExtension = 11506;
+class NobodysView final : public FileListView {
+public:
+    void BeginChange() override { }
+    void EndChange() override { }
+    void GiveFocus() override { }
+    void StartLabelEdit(int) override { }
+};
 
 QString TwoDigits(int number)
 {
@@ -56,7 +63,7 @@ int YearOf(int yearInCentury)
 QString IconOf(const QString& name, FileMarkers markers)
 {
     const bool isMarked = markers.Restricted || markers.Preset || markers.Locked;
-    if (!isMarked || u'.' + FileExtension(name) != LngStr(kTextDataSetExtension))
+    if (!isMarked || u'.' + FileExtension(name) != LngStr(TextId::DataSetExtension))
         return QStringLiteral("File");
     if (markers.Restricted)
         return QStringLiteral("RestrictedFile");
@@ -95,12 +102,6 @@ QString KeyOfColumn(const FileListRow& row, int column)
     }
 }
 
-int CompareNames(const QString& first, const QString& second)
-{
-    const int order = first.compare(second, Qt::CaseInsensitive);
-    return order != 0 ? order : first.compare(second);
-}
-
 /// Puts the rows into the order of `places`; the current row stays the current one.
 void Rearrange(FileList& list, const std::vector<size_t>& places)
 {
@@ -131,6 +132,12 @@ void ShowRegionDates(FileList& list)
 
 } // namespace
 
+int CompareFileNames(const QString& first, const QString& second)
+{
+    const int order = first.compare(second, Qt::CaseInsensitive);
+    return order != 0 ? order : first.compare(second);
+}
+
 QString FileBaseName(const QString& name)
 {
     const qsizetype point = name.lastIndexOf(u'.');
@@ -141,6 +148,12 @@ QString FileExtension(const QString& name)
 {
     const qsizetype point = name.lastIndexOf(u'.');
     return point < 0 ? QString() : name.sliced(point + 1);
+}
+
+FileListView& NoFileListView()
+{
+    static NobodysView view;
+    return view;
 }
 
 QString& CurrentPcFolder()
@@ -154,11 +167,12 @@ QString PcFilePath(const QString& name)
     return CurrentPcFolder().isEmpty() ? QString() : PathWithSlash(CurrentPcFolder()) + name;
 }
 
-void TransferAddRow(FileList& list, const QString& name, int type, const QDateTime& changed, FileMarkers markers)
+void TransferAddRow(
+    FileList& list, const QString& name, ChannelRowType type, const QDateTime& changed, FileMarkers markers)
 {
     FileListRow row;
     row.Text = name;
-    if (type == kChannelFolder) {
+    if (type == ChannelRowType::Folder) {
         row.Key = u'F' + name;
         row.Icon = QStringLiteral("ClosedFolder");
         row.SubItems[2] = u'+' + name;
@@ -167,7 +181,7 @@ void TransferAddRow(FileList& list, const QString& name, int type, const QDateTi
         row.Icon = IconOf(name, markers);
         row.SubItems[2] = u'-' + name;
     }
-    if (type != kChannelFolder && changed.isValid()) {
+    if (type != ChannelRowType::Folder && changed.isValid()) {
         constexpr int kCentury = 100;
         const QDate date = changed.date();
         const QTime time = changed.time();
@@ -196,10 +210,10 @@ void TransferKeepSorted(FileList& list)
     std::iota(places.begin(), places.end(), size_t{ 0 });
     const bool ascends = list.SortOrder == FileListOrder::Ascending;
     std::stable_sort(places.begin(), places.end(), [&](size_t first, size_t second) {
-        const int order = CompareNames(keys[first], keys[second]);
+        const int order = CompareFileNames(keys[first], keys[second]);
         if (order != 0)
             return ascends ? order < 0 : order > 0;
-        return CompareNames(list.Rows[first].SubItems[2], list.Rows[second].SubItems[2]) < 0;
+        return CompareFileNames(list.Rows[first].SubItems[2], list.Rows[second].SubItems[2]) < 0;
     });
     Rearrange(list, places);
 }
@@ -216,9 +230,8 @@ void TransferSortBy(FileList& list, int column)
 
 void TransferSortColumn(FileList& list, int column)
 {
-    list.View.BeginChange();
+    const FileListChange change(*list.View);
     TransferSortBy(list, column);
-    list.View.EndChange();
 }
 
 void TransferHeaderClick(FileList& list, int column)
@@ -252,10 +265,9 @@ int TransferFirstSelected(const FileList& list)
 
 void TransferSelectAllFiles(FileList& list)
 {
-    list.View.BeginChange();
+    const FileListChange change(*list.View);
     for (FileListRow& row : list.Rows)
         row.Selected = !TransferIsFolderRow(row);
-    list.View.EndChange();
 }
 
 QDateTime TransferRowDate(const FileListRow& row)

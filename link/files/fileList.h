@@ -1,13 +1,14 @@
 // link/files/fileList.h: the list of files that the file control window shows for the PC and for the instrument: its
-// rows, how it is filled, sorted and selected. A list knows nothing of the form that shows it; it asks for what only a
-// view can do through its hooks.
+// rows, how it is filled, sorted and selected. A list knows nothing of the form that shows it; what only a view can
+// do it asks of its FileListView.
 #pragma once
+
+#include "link/channel/channel.h"
 
 #include <QDateTime>
 #include <QString>
 
 #include <array>
-#include <functional>
 #include <vector>
 
 namespace tarvik {
@@ -25,12 +26,38 @@ struct FileListRow {
     bool Selected = false;
 };
 
-/// What only the view of a list can do; each default stands for a list that nobody shows.
-struct FileListView {
-    std::function<void()> BeginChange = [] {}; ///< drawing off
-    std::function<void()> EndChange = [] {}; ///< rows and selection are taken over, drawing on
-    std::function<void()> GiveFocus = [] {};
-    std::function<void(int row)> StartLabelEdit = [](int) {};
+/// What only the view of a list can do.
+class FileListView {
+public:
+    virtual void BeginChange() = 0; ///< drawing off; changes nest
+    virtual void EndChange() = 0; ///< rows and selection are taken over, drawing on
+    virtual void GiveFocus() = 0;
+    virtual void StartLabelEdit(int row) = 0;
+
+protected:
+    ~FileListView() = default;
+};
+
+/// The view of a list that nobody shows: it does nothing.
+FileListView& NoFileListView();
+
+/// One change of a list while it lives.
+class FileListChange {
+public:
+    explicit FileListChange(FileListView& view)
+        : view_(view)
+    {
+        view_.BeginChange();
+    }
+    ~FileListChange()
+    {
+        view_.EndChange();
+    }
+    FileListChange(const FileListChange&) = delete;
+    FileListChange& operator=(const FileListChange&) = delete;
+
+private:
+    FileListView& view_;
 };
 
 enum class FileListOrder { Ascending, Descending };
@@ -42,7 +69,7 @@ struct FileList {
     int SortKey = 0; ///< column that the list is sorted by
     FileListOrder SortOrder = FileListOrder::Descending; ///< flips at each sort, so the first one ascends
     int CurrentRow = -1;
-    FileListView View;
+    FileListView* View = &NoFileListView(); ///< outlives the list or is taken back; never null
 };
 
 /// Of a file name, which may hold several points: what stands before the last one and behind it. Unlike those of a
@@ -71,9 +98,10 @@ struct FileMarkers {
     bool Locked = false;
 };
 
-/// Adds a row at the end. `type` is 0 for a file and 1 for a folder, which has no date. What counts of `changed` are
+/// Adds a row at the end. A folder has no date. What counts of `changed` are
 /// its numbers, whatever its time zone; an invalid one leaves date and time empty.
-void TransferAddRow(FileList& list, const QString& name, int type, const QDateTime& changed, FileMarkers markers = {});
+void TransferAddRow(
+    FileList& list, const QString& name, ChannelRowType type, const QDateTime& changed, FileMarkers markers = {});
 
 bool TransferIsFolderRow(const FileListRow& row);
 
@@ -83,6 +111,9 @@ void TransferSortColumn(FileList& list, int column);
 
 /// The same for one who has told the view that the list changes.
 void TransferSortBy(FileList& list, int column);
+
+/// Order of names: case counts only between names that are else the same. Below 0 where `first` comes first.
+int CompareFileNames(const QString& first, const QString& second);
 
 /// Puts the rows of a list that is kept sorted into their order again, likewise without a word to the view.
 void TransferKeepSorted(FileList& list);

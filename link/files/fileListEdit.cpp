@@ -1,3 +1,4 @@
+#include "app/text/textId.h"
 #include "link/files/fileList.h"
 
 #include "app/message/message.h"
@@ -20,17 +21,8 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextBadName = 12721;
-constexpr int kTextNameMissing = 12729;
-constexpr int kTextNameInUse = 12730;
-constexpr int kTextPcFolderNotRenamed = 12739;
-constexpr int kTextInstrFolderNotMade = 12740;
-constexpr int kTextInstrFolderNotRenamed = 12742;
-constexpr int kTextFileNotRenamed = 12743;
-constexpr int kTextExtensionChanged = 12748;
-
 /// Files are looked for in the current folder, whatever the class.
-constexpr int kAnyFile = FileClassScreenShot;
+constexpr FileClass kAnyFile = FileClassScreenShot;
 
 const QString kNewFolder = QStringLiteral("New Folder");
 
@@ -77,13 +69,13 @@ bool TrimmedNameIsMissing(QString& newName)
 {
     newName = newName.trimmed();
     if (newName.isEmpty())
-        MsgOk(kTextNameMissing);
+        MsgOk(TextId::FileNameMissing);
     return newName.isEmpty();
 }
 
 /// What the list store calls a list of a class.
 struct ListStoreCalls {
-    int FileClass;
+    FileClass Class;
     decltype(TvFioApi::MemoryListClear) Clear;
     decltype(TvFioApi::MemoryListLoadFile) LoadFile;
     decltype(TvFioApi::MemoryListSetName) SetName;
@@ -109,8 +101,8 @@ std::array<ListStoreCalls, 4> AllListStoreCalls()
 void RenameListInFile(const QString& path, const QString& listName)
 {
     const auto all = AllListStoreCalls();
-    const auto calls = std::find_if(all.begin(), all.end(),
-        [](const ListStoreCalls& row) { return row.FileClass == FileClasses().CurrentFileClass; });
+    const auto calls = std::find_if(
+        all.begin(), all.end(), [](const ListStoreCalls& row) { return row.Class == FileClasses().CurrentFileClass; });
     if (calls == all.end() || !ModuleIsBound(Module::ListStore))
         return;
     const QByteArray file = ModulePath(path);
@@ -127,11 +119,11 @@ void RenameListInFile(const QString& path, const QString& listName)
 bool RenamePcFolder(FileListRow& row, const QString& newName)
 {
     if (IsTaken(newName)) {
-        MsgOk1(kTextNameInUse, newName);
+        MsgOk1(TextId::FileNameInUse, newName);
         return false;
     }
     if (!IsBareName(newName) || !QDir().rename(PcFilePath(row.Text), PcFilePath(newName))) {
-        MsgOk(kTextPcFolderNotRenamed);
+        MsgOk(TextId::FolderNotRenamed);
         return false;
     }
     BearName(row, u'F' + newName, newName);
@@ -142,15 +134,15 @@ bool RenamePcFolder(FileListRow& row, const QString& newName)
 bool MayBearName(const FileListRow& row, const QString& newName)
 {
     if (IsFolder(newName) || (IsFile(newName) && !IsSameButCase(newName, row.Key))) {
-        MsgOk1(kTextNameInUse, newName);
+        MsgOk1(TextId::FileNameInUse, newName);
         return false;
     }
     if (!ValidNameChars(FileBaseName(newName))) {
-        MsgOk2(kTextBadName, newName, LngStr(ModCaption(CaptionNoun)));
+        MsgOk2(TextId::BadFileName, newName, LngStr(ModCaption(CaptionNoun)));
         return false;
     }
     if (!IsSameButCase(FileExtension(newName), FileExtension(row.Key))) {
-        MsgOk(kTextExtensionChanged);
+        MsgOk(TextId::ExtensionNotChanged);
         return false;
     }
     return true;
@@ -163,11 +155,11 @@ bool RenamePcFile(FileListRow& row, const QString& newName)
     if (IsSameButCase(newName, row.Key))
         return true;
     if (IsTaken(newName)) {
-        MsgOk1(kTextNameInUse, newName);
+        MsgOk1(TextId::FileNameInUse, newName);
         return false;
     }
     if (!QDir().rename(PcFilePath(row.Key), PcFilePath(newName))) {
-        MsgOk1(kTextFileNotRenamed, row.Text);
+        MsgOk1(TextId::FileNotRenamed, row.Text);
         return false;
     }
     RenameListInFile(PcFilePath(newName), FileBaseName(newName));
@@ -187,18 +179,18 @@ bool CanBeInstrName(const QString& name)
 bool RenameInstrFolder(FileListRow& row, const QString& oldName, const QString& newName)
 {
     if (!CanBeInstrName(newName)) {
-        MsgOk1(kTextInstrFolderNotRenamed, oldName);
+        MsgOk1(TextId::InstrumentFolderNotRenamed, oldName);
         return false;
     }
     ChannelFound taken;
-    if (ChannelFind(kAnyFile, newName, taken) != kChannelOk)
+    if (ChannelFind(kAnyFile, newName, taken) != ChannelStatus::Success)
         return true;
-    if (taken.Result != 0) {
-        MsgOk1(kTextNameInUse, newName);
+    if (taken.Result != ChannelPresence::Missing) {
+        MsgOk1(TextId::FileNameInUse, newName);
         return false;
     }
-    if (ChannelRename(oldName, newName) != kChannelOk) {
-        MsgOk1(kTextInstrFolderNotRenamed, oldName);
+    if (ChannelRename(oldName, newName) != ChannelStatus::Success) {
+        MsgOk1(TextId::InstrumentFolderNotRenamed, oldName);
         return false;
     }
     BearName(row, u'F' + newName, newName);
@@ -209,8 +201,8 @@ bool RenameInstrFolder(FileListRow& row, const QString& oldName, const QString& 
 bool RenameInstrFile(FileListRow& row, const QString& oldName, const QString& newName)
 {
     const bool mayRename = FileClasses().CurrentFileClass == FileClassScreenShot;
-    if (!mayRename || ChannelRename(oldName, newName) != kChannelOk) {
-        MsgOk1(kTextFileNotRenamed, row.Text);
+    if (!mayRename || ChannelRename(oldName, newName) != ChannelStatus::Success) {
+        MsgOk1(TextId::FileNotRenamed, row.Text);
         return false;
     }
     BearName(row, u'F' + newName, newName);
@@ -219,39 +211,38 @@ bool RenameInstrFile(FileListRow& row, const QString& oldName, const QString& ne
 
 bool RenameInstrRow(FileListRow& row, const QString& newName)
 {
-    constexpr qint16 kExists = 1;
     const QString oldName = TransferIsFolderRow(row) ? row.Text : row.Key;
     ChannelFound found;
-    if (ChannelFind(kAnyFile, oldName, found) != kChannelOk) {
+    if (ChannelFind(kAnyFile, oldName, found) != ChannelStatus::Success) {
         (void)ReportLinkFailure();
         return false;
     }
-    if (found.Result != kExists)
+    if (found.Result != ChannelPresence::Exists)
         return false;
-    if (found.Type == kChannelFolder)
+    if (found.Type == ChannelRowType::Folder)
         return RenameInstrFolder(row, oldName, newName);
-    return found.Type != kChannelFile || RenameInstrFile(row, oldName, newName);
+    return found.Type != ChannelRowType::File || RenameInstrFile(row, oldName, newName);
 }
 
 void DeselectAll(FileList& list)
 {
-    list.View.BeginChange();
+    const FileListChange change(*list.View);
     for (FileListRow& row : list.Rows)
         row.Selected = false;
-    list.View.EndChange();
 }
 
 /// Shows the new folder as the only selected row, ready for its name.
 void ShowNewFolder(FileList& list, const QString& name)
 {
-    list.View.BeginChange();
-    TransferAddRow(list, name, kChannelFolder, {});
-    list.Rows.back().Selected = true;
-    list.CurrentRow = static_cast<int>(list.Rows.size()) - 1;
-    TransferKeepSorted(list);
-    list.View.EndChange();
-    list.View.GiveFocus();
-    list.View.StartLabelEdit(list.CurrentRow);
+    {
+        const FileListChange change(*list.View);
+        TransferAddRow(list, name, ChannelRowType::Folder, {});
+        list.Rows.back().Selected = true;
+        list.CurrentRow = static_cast<int>(list.Rows.size()) - 1;
+        TransferKeepSorted(list);
+    }
+    list.View->GiveFocus();
+    list.View->StartLabelEdit(list.CurrentRow);
 }
 
 /// Looks for a name that the instrument's folder has not; the last one that is tried counts even if it is taken.
@@ -261,9 +252,10 @@ ChannelStatus FindFreeInstrName(QString& name)
     ChannelFound found;
     name = kNewFolder;
     ChannelStatus err = ChannelFind(kAnyFile, name, found);
-    if (err != kChannelOk)
+    if (err != ChannelStatus::Success)
         return err;
-    for (int number = 2; number <= kLastNumber && found.Result == 1 && err != kChannelLinkFailed; ++number) {
+    const auto isTaken = [&] { return found.Result == ChannelPresence::Exists && err != ChannelStatus::LinkFailed; };
+    for (int number = 2; number <= kLastNumber && isTaken(); ++number) {
         name = NumberedFolder(number);
         err = ChannelFind(kAnyFile, name, found);
     }
@@ -293,7 +285,7 @@ void TransferRenamePc(FileList& list, int row, QString& newName, bool& cancel)
     else if (IsFile(renamed.Key))
         cancel = !RenamePcFile(renamed, newName);
     else
-        list.View.GiveFocus();
+        list.View->GiveFocus();
 }
 
 void TransferRenameInstr(FileList& list, int row, QString& newName, bool& cancel)
@@ -317,8 +309,8 @@ void TransferNewFolderInstr(FileList& list)
 {
     DeselectAll(list);
     QString name;
-    if (FindFreeInstrName(name) != kChannelOk || ChannelCreateDirectory(name) != kChannelOk) {
-        MsgOk(kTextInstrFolderNotMade);
+    if (FindFreeInstrName(name) != ChannelStatus::Success || ChannelCreateDirectory(name) != ChannelStatus::Success) {
+        MsgOk(TextId::InstrumentFolderNotMade);
         return;
     }
     ShowNewFolder(list, name);

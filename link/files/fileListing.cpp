@@ -26,43 +26,31 @@ void ReadPcFolder(FileList& list, int mask)
     for (const QFileInfo& entry : entries) {
         const QString name = entry.fileName();
         if (entry.isDir())
-            TransferAddRow(list, name, kChannelFolder, {});
+            TransferAddRow(list, name, ChannelRowType::Folder, {});
         else if (IsListed(name, mask))
-            TransferAddRow(list, name, kChannelFile, entry.lastModified());
+            TransferAddRow(list, name, ChannelRowType::File, entry.lastModified());
     }
-}
-
-/// The instrument's clock knows no time zone, and its numbers are shown as they are.
-QDateTime ChangeOf(const ChannelRow& row)
-{
-    return { QDate(row.Year, row.Month, row.Day), QTime(row.Hour, row.Minute, row.Second), Qt::UTC };
 }
 
 void AddInstrRow(FileList& list, const ChannelRow& row, int mask)
 {
-    if (row.Type == kChannelFolder && ModHasInstrFolders(FileClasses().CurrentFileClass))
-        TransferAddRow(list, row.Name, kChannelFolder, {});
-    if (row.Type == kChannelFile && IsListed(row.Name, mask))
-        TransferAddRow(list, row.Name, kChannelFile, ChangeOf(row));
+    if (row.Type == ChannelRowType::Folder && ModHasInstrFolders(FileClasses().CurrentFileClass))
+        TransferAddRow(list, row.Name, ChannelRowType::Folder, {});
+    if (row.Type == ChannelRowType::File && IsListed(row.Name, mask))
+        TransferAddRow(list, row.Name, ChannelRowType::File, ChannelRowTime(row));
 }
 
 void ReadInstrFolder(FileList& list, int mask)
 {
-    bool nothing = false;
-    ChannelStatus err = ChannelStartFind(FileClasses().CurrentFileClass, nothing);
-    ChannelRow row;
-    row.Last = nothing;
-    while (err == kChannelOk && !row.Last) {
-        row = {};
-        err = ChannelNextFile(row);
-        if (err == kChannelOk)
-            AddInstrRow(list, row, mask);
-    }
+    std::vector<ChannelRow> rows;
+    (void)ChannelWalk(FileClasses().CurrentFileClass, rows); // what came before a failure is listed
+    for (const ChannelRow& row : rows)
+        AddInstrRow(list, row, mask);
 }
 
 void Fill(FileList& list, int mask, bool sort, void (*read)(FileList& list, int mask))
 {
-    list.View.BeginChange();
+    const FileListChange change(*list.View);
     list.Rows.clear();
     list.CurrentRow = -1;
     read(list, mask);
@@ -70,7 +58,6 @@ void Fill(FileList& list, int mask, bool sort, void (*read)(FileList& list, int 
         TransferSortBy(list, FileListSort);
     else
         TransferKeepSorted(list);
-    list.View.EndChange();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "app/forms/formLayout.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "link/transfer/transfer.h"
 
 #include <QBoxLayout>
@@ -15,9 +16,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextCancel = 14004;
-constexpr int kHintCancel = 14005;
-constexpr int kTextStopping = 14009;
 constexpr int kLabelCharacters = 64; ///< a name of an instrument's file, and what is done to it
 
 } // namespace
@@ -37,7 +35,8 @@ void FmTransfer::BuildControls()
     Label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     progressBar = new QProgressBar(this);
     NameControl(progressBar, QStringLiteral("progressBar"));
-    BtCancel = NewButton(this, "BtCancel", { kTextCancel, kTextCancel, kHintCancel });
+    BtCancel =
+        NewButton(this, "BtCancel", { TextId::TransferCancel, TextId::TransferCancel, TextId::TransferCancelHint });
     BtCancel->setCursor(Qt::ArrowCursor); // it answers while the form is busy
     connect(BtCancel, &QPushButton::clicked, this, [this] { AskToStop(); });
 }
@@ -58,32 +57,34 @@ bool FmTransfer::OnLoad()
 {
     DialogPush(*this, false);
     Transfer().TransferCancel = false;
-    const int type = Transfer().TransferType;
-    const int label = TransferLabelId(type);
-    if (label == 0)
+    const TransferJob job = Transfer().TransferType;
+    const TextNumber<1> label = TransferLabelId(job);
+    if (label.IsNone())
         return false;
-    LngSetForm(this, TransferTitleId(type));
-    SetHelpNumber(TransferTitleId(type));
+    LngSetForm(this, TransferTitleId(job));
+    SetHelpNumber(TransferTitleId(job));
     progressBar->setAccessibleName(windowTitle());
     progressBar->setRange(0, 1);
     progressBar->setValue(0);
-    ShowLabel(LngStr1(label, QStringLiteral(" ...")));
+    SetLabel(LngStr1(label, QStringLiteral(" ...")));
     BtCancel->setFocus();
-    BindProgress();
+    TheTransferProgress().Set(*this);
     jobRuns_ = true;
     return true;
 }
 
-void FmTransfer::BindProgress()
+void FmTransfer::SetMaximum(int maximum)
 {
-    TransferProgress& progress = Transfer().Progress;
-    progress.SetLabel = [this](const QString& text) { ShowLabel(text); };
-    progress.SetMaximum = [this](int maximum) { progressBar->setMaximum(std::max(maximum, 1)); }; // 0 would be a wait
-    progress.SetValue = [this](int value) { progressBar->setValue(value); };
+    progressBar->setMaximum(std::max(maximum, 1)); // 0 would be a wait
+}
+
+void FmTransfer::SetValue(int value)
+{
+    progressBar->setValue(value);
 }
 
 /// Drawn at once: a file may take as long as its time-out, and no events run meanwhile.
-void FmTransfer::ShowLabel(const QString& text)
+void FmTransfer::SetLabel(const QString& text)
 {
     Label->setAccessibleName(text);
     const int width = std::max(Label->width(), Label->minimumWidth());
@@ -93,7 +94,7 @@ void FmTransfer::ShowLabel(const QString& text)
 
 void FmTransfer::AskToStop()
 {
-    ShowLabel(LngStr(kTextStopping));
+    SetLabel(LngStr(TextId::TransferStopping));
     Transfer().TransferCancel = true;
 }
 
@@ -106,7 +107,7 @@ bool FmTransfer::QueryUnload()
 
 void FmTransfer::OnUnload()
 {
-    Transfer().Progress = {};
+    TheTransferProgress().Reset();
 }
 
 void FmTransfer::OnActivate()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/forms/form.h"
+#include "link/transfer/transferState.h"
 
 class QProgressBar;
 
@@ -9,7 +10,7 @@ namespace tarvik {
 
 /// Runs the job `TransferType` once it is on the screen, and closes when the job has ended. Until then Cancel, Escape
 /// and the close button ask the job to stop behind the file in work.
-class FmTransfer final : public FormBase {
+class FmTransfer final : public FormBase, private TransferProgress {
     Q_OBJECT
 public:
     explicit FmTransfer(QWidget* parent = nullptr);
@@ -23,8 +24,9 @@ protected:
 private:
     void BuildControls();
     void BuildLayout();
-    void BindProgress();
-    void ShowLabel(const QString& text);
+    void SetLabel(const QString& text) override;
+    void SetMaximum(int maximum) override;
+    void SetValue(int value) override;
     void AskToStop();
 
     QLabel* Label = nullptr;

@@ -2,6 +2,7 @@
 
 #include "app/platform/paths.h"
 #include "link/channel/channel.h"
+#include "link/classes/model.h"
 
 #include <QFile>
 
@@ -18,6 +19,11 @@ QString StampCommand(const char* what, const QString& name, std::initializer_lis
 }
 
 } // namespace
+
+bool TransferKeepsDate(FileClass fileClass)
+{
+    return !ModHoldsOneList(fileClass);
+}
 
 void TransferSetLock(const QString& name, bool lock)
 {

@@ -2,17 +2,12 @@
 
 #include "app/message/message.h"
 #include "app/platform/debug.h"
+#include "app/text/textId.h"
 #include "link/classes/model.h"
-#include "link/transfer/transferTexts.h"
 
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextTitleOther = 14002;
-constexpr int kTextTitle = 14003;
-constexpr int kTextUploadingActive = 14010;
-constexpr int kTextDownloadingActive = 14011;
 
 void ListPc(FileList* list)
 {
@@ -89,35 +84,35 @@ void TransferRunJob()
     }
 }
 
-int TransferLabelId(int type)
+TextNumber<1> TransferLabelId(TransferJob job)
 {
-    switch (type) {
+    switch (job) {
     case TransferUploadOther:
     case TransferUpload:
-        return kTextUploading;
+        return TextId::Uploading;
     case TransferDownloadOther:
     case TransferDownload:
-        return kTextDownloading;
+        return TextId::Downloading;
     case TransferUploadActive:
-        return kTextUploadingActive;
+        return TextId::UploadingActiveSet;
     case TransferDownloadActive:
-        return kTextDownloadingActive;
+        return TextId::DownloadingActiveSet;
     case TransferDeleteInstrOther:
     case TransferDeletePcOther:
     case TransferDeleteOnInstr:
     case TransferDeleteOnPc:
-        return kTextDeleting;
+        return TextId::Deleting;
     default:
         DebugReport("FmTransfer FmInit: transfer type unknown");
-        return 0;
+        return {};
     }
 }
 
-int TransferTitleId(int type)
+TextNumber<0> TransferTitleId(TransferJob job)
 {
-    if (type < TransferUploadOther || type > TransferDeleteOnPc)
-        return 0;
-    return type < TransferUpload ? kTextTitleOther : kTextTitle;
+    if (job < TransferUploadOther || job > TransferDeleteOnPc)
+        return {};
+    return job < TransferUpload ? TextId::TransferTitleNotFiles : TextId::TransferTitleFiles;
 }
 
 } // namespace tarvik

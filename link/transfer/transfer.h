@@ -4,6 +4,7 @@
 // never broken.
 #pragma once
 
+#include "app/text/textNumber.h"
 #include "link/transfer/transferState.h"
 
 namespace tarvik {
@@ -15,13 +16,13 @@ void TransferGetActive();
 void TransferDeleteInstr(FileList& list);
 void TransferDeletePc(FileList& list);
 
-/// Runs the job `TransferType`, then reads the list again that it has changed. A number outside 1 to 10 is reported to
-/// the debug route.
+/// Runs the job `TransferType`, then reads the list again that it has changed. Any but those from 1 to 10 is reported
+/// to the debug route.
 void TransferRunJob();
 
 /// Texts of the form that shows the job; 0 for an unknown job.
-int TransferLabelId(int type);
-int TransferTitleId(int type);
+TextNumber<1> TransferLabelId(TransferJob job);
+TextNumber<0> TransferTitleId(TransferJob job);
 
 /// Moves a file or folder into the trash. True when it is gone from its place.
 bool FileRecycle(const QString& path);

@@ -1,3 +1,4 @@
+#include "app/text/textId.h"
 #include "link/transfer/transfer.h"
 
 #include "app/message/message.h"
@@ -8,7 +9,6 @@
 #include "link/channel/channel.h"
 #include "link/classes/model.h"
 #include "link/transfer/transferRows.h"
-#include "link/transfer/transferTexts.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -18,14 +18,10 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextInstrKeepsFile = 12724;
-constexpr int kTextReadOnly = 12728;
-constexpr int kTextInstrKeepsFolder = 12741;
-
 /// Of the classes with one folder the instrument keeps folders, and of those with one list the list.
 bool MayDelete(bool isFolder)
 {
-    const int fileClass = FileClasses().CurrentFileClass;
+    const FileClass fileClass = FileClasses().CurrentFileClass;
     return isFolder ? ModHasInstrFolders(fileClass) : !ModHoldsOneList(fileClass);
 }
 
@@ -38,13 +34,13 @@ TransferNext DeleteInstrRow(const FileListRow& row)
 {
     const bool isFolder = TransferIsFolderRow(row);
     const bool mayDelete = MayDelete(isFolder);
-    const ChannelStatus err = mayDelete ? RemoveFromInstr(row, isFolder) : kChannelLinkFailed;
-    if (err == kChannelOk)
+    const ChannelStatus err = mayDelete ? RemoveFromInstr(row, isFolder) : ChannelStatus::LinkFailed;
+    if (err == ChannelStatus::Success)
         return TransferNext::Count;
     if (isFolder)
-        MsgOk1(kTextInstrKeepsFolder, row.Text);
-    else if (err == kChannelLinkFailed || err == kChannelRefused)
-        MsgOk1(kTextInstrKeepsFile, row.Key);
+        MsgOk1(TextId::FolderNotDeleted, row.Text);
+    else if (err == ChannelStatus::LinkFailed || err == ChannelStatus::Refused)
+        MsgOk1(TextId::InstrumentKeepsFile, row.Key);
     return mayDelete && ChannelEndIfGone() ? TransferNext::End : TransferNext::Count;
 }
 
@@ -79,7 +75,7 @@ TransferNext DeletePcRow(const FileListRow& row)
     if (!isThere)
         return TransferNext::Count;
     if (HasReadOnlyAttribute(victim.filePath())) {
-        MsgOk1(kTextReadOnly, name);
+        MsgOk1(TextId::FileIsReadOnly, name);
         return TransferNext::Count;
     }
     if (Program().ShiftDown)
@@ -95,13 +91,13 @@ TransferNext DeletePcRow(const FileListRow& row)
 void TransferDeleteInstr(FileList& list)
 {
     TransferForgetAnswers();
-    TransferEachRow(list, TransferCountSelected(list), kTextDeleting, DeleteInstrRow);
+    TransferEachRow(list, TransferCountSelected(list), TextId::Deleting, DeleteInstrRow);
 }
 
 void TransferDeletePc(FileList& list)
 {
     TransferForgetAnswers();
-    TransferEachRow(list, TransferCountSelected(list), kTextDeleting, DeletePcRow);
+    TransferEachRow(list, TransferCountSelected(list), TextId::Deleting, DeletePcRow);
 }
 
 bool FileRecycle(const QString& path)

@@ -1,3 +1,4 @@
+#include "app/text/textId.h"
 #include "link/transfer/transfer.h"
 
 #include "app/message/message.h"
@@ -8,7 +9,6 @@
 #include "link/classes/model.h"
 #include "link/transfer/fileDates.h"
 #include "link/transfer/transferRows.h"
-#include "link/transfer/transferTexts.h"
 
 #include <QFileInfo>
 
@@ -16,35 +16,33 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextDataSetExtension = 11506;
-constexpr int kTextNoFolderDownload = 12745;
 constexpr int kActiveNames = 1000;
 
 /// The old file goes into the trash. False: the row is left out.
 bool MakeWay(const QString& local, const QString& name)
 {
     const bool offersAll = !ModHoldsOneList(FileClasses().CurrentFileClass);
-    if (!TransferMayReplace(kTextReplace, local, offersAll))
+    if (!TransferMayReplace(TextId::OverwriteFile, local, offersAll))
         return false;
     if (FileRecycle(local))
         return true;
-    MsgOk1(kTextOldFileStays, name);
+    MsgOk1(TextId::OldFileNotDeleted, name);
     return false;
 }
 
 TransferNext GetRow(const FileListRow& row)
 {
     if (TransferIsFolderRow(row)) {
-        MsgOk1(kTextNoFolderDownload, row.Text);
+        MsgOk1(TextId::FolderNotDownloaded, row.Text);
         return TransferNext::Pass;
     }
     const QString local = PcFilePath(row.Key);
     if (QFileInfo(local).isFile() && !MakeWay(local, row.Text))
         return TransferNext::Count;
-    const int fileClass = FileClasses().CurrentFileClass;
-    if (ChannelGet(fileClass, row.Key, local) != kChannelOk)
+    const FileClass fileClass = FileClasses().CurrentFileClass;
+    if (ChannelGet(fileClass, row.Key, local) != ChannelStatus::Success)
         return ReportLinkFailure() ? TransferNext::End : TransferNext::Count;
-    if (!ModHoldsOneList(fileClass)) // the only list of its kind has no date on the instrument
+    if (TransferKeepsDate(fileClass))
         FileSetPcDate(local, TransferRowDate(row), TransferIsLocked(row));
     return TransferNext::Count;
 }
@@ -52,7 +50,7 @@ TransferNext GetRow(const FileListRow& row)
 /// Empty when no name is free and the user keeps what the last one holds.
 QString FreeActivePath()
 {
-    const QString extension = LngStr(kTextDataSetExtension);
+    const QString extension = LngStr(TextId::DataSetExtension);
     for (int number = 0; number < kActiveNames; ++number) {
         QString path = PcFilePath(QStringLiteral("Active%1").arg(number, 3, 10, QLatin1Char('0')) + extension);
         if (!QFileInfo::exists(path))
@@ -60,11 +58,11 @@ QString FreeActivePath()
     }
     const QString name = QStringLiteral("Active.000");
     QString path = PcFilePath(name);
-    if (!TransferMayReplace(kTextReplace, path, false))
+    if (!TransferMayReplace(TextId::OverwriteFile, path, false))
         return {};
     if (FileRecycle(path))
         return path;
-    MsgOk1(kTextOldFileStays, name);
+    MsgOk1(TextId::OldFileNotDeleted, name);
     return {};
 }
 
@@ -73,12 +71,12 @@ QString FreeActivePath()
 void TransferGetFiles(FileList& source, FileList& /*target*/)
 {
     TransferForgetAnswers();
-    TransferEachRow(source, TransferCountSelectedFiles(source), kTextDownloading, GetRow);
+    TransferEachRow(source, TransferCountSelectedFiles(source), TextId::Downloading, GetRow);
 }
 
 void TransferGetActive()
 {
-    const TransferProgress& progress = Transfer().Progress;
+    TransferProgress& progress = *TheTransferProgress();
     TransferForgetAnswers();
     TheSeams().PumpEvents();
     progress.SetMaximum(1);
@@ -86,7 +84,7 @@ void TransferGetActive()
     const QString path = FreeActivePath();
     if (path.isEmpty())
         return;
-    if (ChannelGetActive(path) != kChannelOk)
+    if (ChannelGetActive(path) != ChannelStatus::Success)
         (void)ReportLinkFailure();
     progress.SetValue(1);
 }

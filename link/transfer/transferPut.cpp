@@ -1,3 +1,4 @@
+#include "app/text/textId.h"
 #include "link/transfer/transfer.h"
 
 #include "app/message/message.h"
@@ -7,7 +8,6 @@
 #include "link/classes/model.h"
 #include "link/transfer/fileDates.h"
 #include "link/transfer/transferRows.h"
-#include "link/transfer/transferTexts.h"
 
 #include <QFileInfo>
 
@@ -16,45 +16,45 @@ namespace tarvik {
 namespace {
 
 /// The question that replaces a file of a class.
-int QuestionOf(int fileClass)
+TextNumber<1> QuestionOf(FileClass fileClass)
 {
     switch (fileClass) {
     case FileClassAntennaList:
-        return 12735;
+        return TextId::ReplaceAntennaList;
     case FileClassMemoryList:
-        return 12736;
+        return TextId::ReplaceMemoryList;
     case FileClassSuppressList:
-        return 12737;
+        return TextId::ReplaceSuppressList;
     default:
-        return kTextReplace;
+        return TextId::OverwriteFile;
     }
 }
 
 /// Asks, and removes the old file of an instrument that would not replace it by itself. False: the row is left out.
 bool MakeWay(const FileListRow& row)
 {
-    const int fileClass = FileClasses().CurrentFileClass;
+    const FileClass fileClass = FileClasses().CurrentFileClass;
     const bool holdsOne = ModHoldsOneList(fileClass);
     if (!TransferMayReplace(QuestionOf(fileClass), row.Key, !holdsOne))
         return false;
     TheSeams().PumpEvents();
-    const ChannelStatus err = holdsOne ? kChannelOk : ChannelRemove(fileClass, row.Key);
+    const ChannelStatus err = holdsOne ? ChannelStatus::Success : ChannelRemove(fileClass, row.Key);
     TheSeams().PumpEvents();
-    if (err != kChannelOk)
-        MsgOk1(kTextOldFileStays, row.Key);
-    return err == kChannelOk;
+    if (err != ChannelStatus::Success)
+        MsgOk1(TextId::OldFileNotDeleted, row.Key);
+    return err == ChannelStatus::Success;
 }
 
 TransferNext Put(const FileListRow& row, bool replaces)
 {
-    const int fileClass = FileClasses().CurrentFileClass;
+    const FileClass fileClass = FileClasses().CurrentFileClass;
     switch (ChannelPut(fileClass, PcFilePath(row.Key), row.Key, replaces)) {
-    case kChannelOk:
+    case ChannelStatus::Success:
         if (ModHasInstrFolders(fileClass)) // the lists of the other classes bear the date of the moment
             FileSetInstrDate(row.Key, TransferRowDate(row), TransferIsLocked(row));
         return TransferNext::Count;
-    case kChannelRefused:
-        MsgOk1(kTextInstrRefuses, row.Key);
+    case ChannelStatus::Refused:
+        MsgOk1(TextId::InstrumentRefused, row.Key);
         return TransferNext::Count;
     default:
         return ReportLinkFailure() ? TransferNext::End : TransferNext::Count;
@@ -71,20 +71,18 @@ bool CanBeRead(const QString& local)
 TransferNext PutRow(const FileListRow& row)
 {
     if (TransferIsFolderRow(row)) {
-        MsgOk1(kTextNoFolderUpload, row.Text);
+        MsgOk1(TextId::FolderNotUploaded, row.Text);
         return TransferNext::Pass;
     }
-    constexpr qint16 kMissing = 0;
-    constexpr qint16 kExists = 1;
-    const int fileClass = FileClasses().CurrentFileClass;
-    ChannelFound found{ kExists, kChannelFile };
-    if (!ModHoldsOneList(fileClass) && ChannelFind(fileClass, row.Key, found) != kChannelOk) {
-        MsgOk(kTextConnectionLost);
+    const FileClass fileClass = FileClasses().CurrentFileClass;
+    ChannelFound found{ ChannelPresence::Exists, ChannelRowType::File };
+    if (!ModHoldsOneList(fileClass) && ChannelFind(fileClass, row.Key, found) != ChannelStatus::Success) {
+        MsgOk(TextId::LinkLost);
         return TransferNext::End;
     }
-    if (found.Result == kMissing)
+    if (found.Result == ChannelPresence::Missing)
         return Put(row, false);
-    if (found.Result != kExists)
+    if (found.Result != ChannelPresence::Exists)
         return TransferNext::Count;
     if (!ModHoldsOneList(fileClass) && !CanBeRead(PcFilePath(row.Key)))
         return ReportLinkFailure() ? TransferNext::End : TransferNext::Count;
@@ -94,20 +92,20 @@ TransferNext PutRow(const FileListRow& row)
 TransferNext PutActiveRow(const FileListRow& row)
 {
     if (TransferIsFolderRow(row)) {
-        MsgOk1(kTextNoFolderUpload, row.Text);
+        MsgOk1(TextId::FolderNotUploaded, row.Text);
         return TransferNext::Pass;
     }
     const ChannelStatus err = ChannelPutActive(PcFilePath(row.Key));
-    if (err == kChannelLinkFailed) {
-        MsgOk(kTextConnectionLost);
+    if (err == ChannelStatus::LinkFailed) {
+        MsgOk(TextId::LinkLost);
         ChannelDisconnect();
         return TransferNext::End;
     }
-    if (err == kChannelRefused)
-        MsgOk1(kTextInstrRefuses, row.Key);
-    else if (err != kChannelOk && ReportLinkFailure())
+    if (err == ChannelStatus::Refused)
+        MsgOk1(TextId::InstrumentRefused, row.Key);
+    else if (err != ChannelStatus::Success && ReportLinkFailure())
         return TransferNext::End;
-    Transfer().Progress.SetValue(1);
+    TheTransferProgress()->SetValue(1);
     return TransferNext::Pass;
 }
 
@@ -116,14 +114,14 @@ TransferNext PutActiveRow(const FileListRow& row)
 void TransferPutFiles(FileList& source, FileList& /*target*/)
 {
     TransferForgetAnswers();
-    TransferEachRow(source, TransferCountSelectedFiles(source), kTextUploading, PutRow);
+    TransferEachRow(source, TransferCountSelectedFiles(source), TextId::Uploading, PutRow);
     TransferForgetAnswers();
 }
 
 void TransferPutActive(FileList& source)
 {
     TransferForgetAnswers();
-    TransferEachRow(source, TransferCountSelectedFiles(source), kTextUploading, PutActiveRow);
+    TransferEachRow(source, TransferCountSelectedFiles(source), TextId::Uploading, PutActiveRow);
 }
 
 } // namespace tarvik

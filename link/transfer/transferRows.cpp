@@ -23,20 +23,21 @@ std::vector<FileListRow> SelectedRows(const FileList& list)
 
 } // namespace
 
-void TransferEachRow(
-    const FileList& list, int maximum, int labelId, const std::function<TransferNext(const FileListRow& row)>& work)
+void TransferEachRow(const FileList& list, int maximum, TextNumber<1> label,
+    const std::function<TransferNext(const FileListRow& row)>& work)
 {
     const TransferState& state = Transfer();
+    TransferProgress& progress = *TheTransferProgress();
     TheSeams().PumpEvents();
-    state.Progress.SetMaximum(maximum);
+    progress.SetMaximum(maximum);
     int counter = 0;
     for (const FileListRow& row : SelectedRows(list)) {
-        state.Progress.SetLabel(LngStr1(labelId, row.Text));
+        progress.SetLabel(LngStr1(label, row.Text));
         const TransferNext next = work(row);
         if (next == TransferNext::End)
             return;
         if (next == TransferNext::Count)
-            state.Progress.SetValue(++counter);
+            progress.SetValue(++counter);
         TheSeams().PumpEvents();
         if (state.TransferCancel)
             return;
@@ -49,11 +50,11 @@ void TransferForgetAnswers()
     TheMessage().NoAll = false;
 }
 
-bool TransferMayReplace(int questionId, const QString& name, bool offersAll)
+bool TransferMayReplace(TextNumber<1> question, const QString& name, bool offersAll)
 {
     if (TheMessage().YesAll || TheMessage().NoAll)
         return TheMessage().YesAll;
-    const int answer = offersAll ? MsgAllChoices1(questionId, name) : MsgYesNoDefNo1(questionId, name);
+    const int answer = offersAll ? MsgAllChoices1(question, name) : MsgYesNoDefNo1(question, name);
     return answer == MsgResultYes;
 }
 

@@ -1,6 +1,7 @@
 // link/transfer/transferRows.h: what all jobs of transfer.h have in common.
 #pragma once
 
+#include "app/text/textNumber.h"
 #include "link/files/fileList.h"
 
 #include <functional>
@@ -14,17 +15,17 @@ enum class TransferNext {
     End ///< the job is over
 };
 
-/// Calls `work` for each selected row in the order of the list, with the row's text in text `labelId` as label, and
+/// Calls `work` for each selected row in the order of the list, with the row's text in text `label`, and
 /// moves the progress from 0 to `maximum`. Lets events run between rows, and ends behind one when that was asked for.
-void TransferEachRow(
-    const FileList& list, int maximum, int labelId, const std::function<TransferNext(const FileListRow& row)>& work);
+void TransferEachRow(const FileList& list, int maximum, TextNumber<1> label,
+    const std::function<TransferNext(const FileListRow& row)>& work);
 
 /// Forgets the answers "to all" of an earlier job.
 void TransferForgetAnswers();
 
 /// Asks whether a file that exists is to be replaced, unless that has been answered for all; true to replace it.
 /// `offersAll` shows the buttons that answer for all.
-bool TransferMayReplace(int questionId, const QString& name, bool offersAll);
+bool TransferMayReplace(TextNumber<1> question, const QString& name, bool offersAll);
 
 /// True for a row whose file is write-protected on its side.
 bool TransferIsLocked(const FileListRow& row);

@@ -1,12 +1,13 @@
 // link/transfer/transferState.h: which job of transfer.h runs, on which lists, and what shows how far it is.
 #pragma once
 
+#include "app/platform/port.h"
 #include "link/files/fileList.h"
 
 namespace tarvik {
 
 /// Jobs. 1 to 6 work on the lists of a second form, 7 to 10 on those of the file control window.
-enum TransferJob : qint16 {
+enum class TransferJob : qint16 {
     TransferNone = 0,
     TransferUploadOther = 1,
     TransferDownloadOther = 2,
@@ -19,22 +20,27 @@ enum TransferJob : qint16 {
     TransferDeleteOnInstr = 9,
     TransferDeleteOnPc = 10
 };
+using enum TransferJob;
 
-/// What a job shows while it runs; without a form nothing is shown.
-struct TransferProgress {
-    std::function<void(const QString&)> SetLabel = [](const QString&) {};
-    std::function<void(int)> SetMaximum = [](int) {};
-    std::function<void(int)> SetValue = [](int) {};
+/// What a job shows while it runs.
+class TransferProgress {
+public:
+    virtual void SetLabel(const QString& text) = 0;
+    virtual void SetMaximum(int maximum) = 0;
+    virtual void SetValue(int value) = 0;
+
+protected:
+    ~TransferProgress() = default;
 };
+Port<TransferProgress>& TheTransferProgress(); ///< without an implementation nothing is shown
 
 struct TransferState {
-    qint16 TransferType = TransferNone; ///< set before FmTransfer opens
+    TransferJob TransferType = TransferNone; ///< set before FmTransfer opens
     bool TransferCancel = false;
     FileList* LvPc = nullptr; ///< of the file control window, while it is open
     FileList* LvInstr = nullptr;
     FileList* OtherLvPc = nullptr; ///< of a second form; nothing sets them in this version
     FileList* OtherLvInstr = nullptr;
-    TransferProgress Progress;
 };
 TransferState& Transfer();
 

@@ -4,6 +4,7 @@
 #include "app/help/help.h"
 #include "app/message/message.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "link/classes/model.h"
 #include "link/classes/textRules.h"
 #include "lists/editor/editorGeneral.h"
@@ -20,14 +21,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextDescription = 10744;
-constexpr int kTextColon = 10746;
-constexpr int kTextSaveChanges = 12769;
-constexpr int kTextNameMissing = 12767;
-constexpr int kTextFileType = 11005;
-constexpr int kHelpName = 10764;
-constexpr int kHelpDescription = 10745;
 
 constexpr int kExtList = 0;
 constexpr int kExtCsv = 1;
@@ -55,13 +48,13 @@ QWidget* FmEditorBase::BuildHead()
     auto* layout = new QGridLayout(head);
     layout->setContentsMargins({});
     QLabel* nameLabel = NewLabel(head, "LbName", { frame_.NameText });
-    TbName = NewTextBox(head, "TbName", kHelpName, kTextLength);
-    CbExt = NewCombo(head, "CbExt", kHelpName);
-    CbExt->setAccessibleName(PlainCaption(LngStr(kTextFileType)));
+    TbName = NewTextBox(head, "TbName", HelpId::EditorName, kTextLength);
+    CbExt = NewCombo(head, "CbExt", HelpId::EditorName);
+    CbExt->setAccessibleName(PlainCaption(LngStr(TextId::ChooseFileType)));
     QLabel* descriptionLabel = NewLabel(head, "LbDescr", {});
-    descriptionLabel->setText(LngStr(kTextDescription) + LngStr(kTextColon));
+    descriptionLabel->setText(LngStr(TextId::DescriptionWord) + LngStr(TextId::Colon));
     descriptionLabel->setAccessibleName(PlainCaption(descriptionLabel->text()));
-    TbDescr = NewTextBox(head, "TbDescr", kHelpDescription, kTextLength);
+    TbDescr = NewTextBox(head, "TbDescr", HelpId::EditorDescription, kTextLength);
     BindLabel(nameLabel, TbName);
     BindLabel(descriptionLabel, TbDescr);
     layout->addWidget(nameLabel, 0, 0);
@@ -105,11 +98,11 @@ QWidget* FmEditorBase::BuildFrameCommands()
     auto* commands = new QWidget(this);
     auto* layout = new QVBoxLayout(commands);
     layout->setContentsMargins({});
-    BtNew = NewButton(commands, "BtNew", { 10717, 10718 });
-    BtOpen = NewButton(commands, "BtOpen", { 10713, 10714 });
-    BtSave = NewButton(commands, "BtSave", { 10715, 10716 });
-    BtHelp = NewButton(commands, "BtHelp", { 10733, 10734 });
-    BtClose = NewButton(commands, "BtClose", { 10709, 10710 });
+    BtNew = NewButton(commands, "BtNew", { TextId::EditorNew, TextId::EditorNewHint });
+    BtOpen = NewButton(commands, "BtOpen", { TextId::EditorOpen, TextId::EditorOpenHint });
+    BtSave = NewButton(commands, "BtSave", { TextId::EditorSave, TextId::EditorSaveHint });
+    BtHelp = NewButton(commands, "BtHelp", { TextId::EditorHelp, TextId::EditorHelpHint });
+    BtClose = NewButton(commands, "BtClose", { TextId::EditorClose, TextId::EditorCloseHint });
     for (QPushButton* button : { BtNew, BtOpen, BtSave })
         layout->addWidget(button);
     layout->addStretch(1);
@@ -160,7 +153,7 @@ bool FmEditorBase::OnLoad()
 void FmEditorBase::ShowButtonTips()
 {
     for (QPushButton* button : findChildren<QPushButton*>())
-        button->setToolTip(LngStr(HelpNumberOf(button)));
+        button->setToolTip(LngStr(TextNumber<0>(HelpNumberOf(button))));
 }
 
 void FmEditorBase::FillCbExt()
@@ -169,14 +162,14 @@ void FmEditorBase::FillCbExt()
     CbExt->clear();
     CbExt->addItem(Editor().ListExtension.toUpper());
     if (frame_.ListType != FileClassCorrectionSet)
-        CbExt->addItem(LngStr(kTextCsvExtension));
+        CbExt->addItem(LngStr(TextId::CsvExtension));
 }
 
 bool FmEditorBase::QueryUnload()
 {
     if (!Editor().EditorDirty)
         return true;
-    const int answer = MsgYesNoCancel(kTextSaveChanges);
+    const int answer = MsgYesNoCancel(TextId::SaveList);
     return answer == MsgResultYes ? Save() : answer == MsgResultNo;
 }
 
@@ -190,7 +183,7 @@ bool FmEditorBase::SaveChangesFirst()
 {
     if (!Editor().EditorDirty)
         return true;
-    const int answer = MsgYesNo(kTextSaveChanges);
+    const int answer = MsgYesNo(TextId::SaveList);
     return answer == MsgResultYes ? Save() : answer == MsgResultNo;
 }
 
@@ -303,7 +296,7 @@ bool FmEditorBase::CheckDescription()
 {
     if (ValidText(TbDescr->text()))
         return true;
-    MsgOk(kTextForbiddenCharacter);
+    MsgOk(TextId::ForbiddenCharacter);
     return false;
 }
 
@@ -318,7 +311,7 @@ bool FmEditorBase::Validate()
         return false;
     }
     if (TbName->text().isEmpty()) {
-        MsgOk1(kTextNameMissing, LngStr(ModCaption(CaptionNoun)));
+        MsgOk1(TextId::ListNameMissing, LngStr(ModCaption(CaptionNoun)));
         return false;
     }
     return grid_->Commit() && grid_->CheckPage() && ValidateRows();

@@ -3,22 +3,24 @@
 #pragma once
 
 #include "app/forms/form.h"
+#include "app/text/textNumber.h"
+#include "link/classes/model.h"
 #include "lists/editor/editorGrid.h"
 
 class QHBoxLayout;
 
 namespace tarvik {
 
-/// What tells one editor from another in the frame. Numbers of texts and help topics.
+/// What tells one editor from another in the frame.
 struct EditorFrame {
     const char* Name; ///< class name of the form
-    int ListType;
-    int TitleText;
+    FileClass ListType;
+    TextNumber<0> TitleText;
     int HelpNumber; ///< of the form itself
     int HelpTopic; ///< what the Help button shows
-    int NameText; ///< of LbName
+    TextNumber<0> NameText; ///< of LbName
     const char* ListFrameName;
-    int ListFrameText;
+    TextNumber<0> ListFrameText;
 };
 
 /// An editor adds its commands with `AddCommand`, and answers for its rows. Everything it does to them goes through

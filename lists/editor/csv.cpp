@@ -4,6 +4,7 @@
 #include "app/platform/replaceFile.h"
 #include "app/text/ansi.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/region.h"
 #include "app/values/strings.h"
 #include "link/classes/model.h"
@@ -21,19 +22,11 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextTooShort = 12775;
-constexpr int kTextNoSeparator = 12776;
-constexpr int kTextBadKeyword = 12777;
-constexpr int kTextBadSecondLine = 12778;
-constexpr int kTextBadDescription = 12779;
-constexpr int kTextDescriptionWritten = 10744;
-constexpr int kTextDescriptionRead = 11000; // the same word in every language, or a description is not recognised
-
 constexpr QByteArrayView kLineEnd("\r\n");
 
-bool Refuse(int messageId)
+bool Refuse(TextNumber<0> message)
 {
-    MsgOk(messageId);
+    MsgOk(message);
     return false;
 }
 
@@ -64,7 +57,7 @@ char DecimalOfFiles()
 
 bool CsvUseLocaleForm()
 {
-    return StrEqualNoCase(LngStr(kTextCsvExtensionOfTables), ModGetExtension(FileClasses().CurrentFileClass));
+    return StrEqualNoCase(LngStr(TextId::CsvExtensionOfTables), ModGetExtension(FileClasses().CurrentFileClass));
 }
 
 char CsvListSeparator()
@@ -110,7 +103,7 @@ bool CsvLoadFile(const QString& path, CsvSource& source)
         source.Bytes = file.read(kLargestCsvBytes + 1); // one more, for a file that grows or has no size
     const bool isRead = opened && file.error() == QFileDevice::NoError && source.Bytes.size() <= kLargestCsvBytes;
     if (!isRead)
-        MsgOk1(kTextCsvFailed, source.FileName);
+        MsgOk1(TextId::FileWorkFailed, source.FileName);
     return isRead;
 }
 
@@ -119,32 +112,33 @@ bool CsvFindSeparator(CsvSource& source)
     const qsizetype firstEnd = source.Bytes.indexOf(kLineEnd);
     const bool hasThreeLines = firstEnd >= 0 && source.Bytes.indexOf(kLineEnd, firstEnd + kLineEnd.size()) >= 0;
     if (!hasThreeLines)
-        return Refuse(kTextTooShort);
+        return Refuse(TextId::CsvTooShort);
     const QByteArrayView first = QByteArrayView(source.Bytes).first(firstEnd);
     const auto last =
         std::find_if(first.rbegin(), first.rend(), [](char character) { return character == ';' || character == ','; });
     if (last == first.rend())
-        return Refuse(kTextNoSeparator);
+        return Refuse(TextId::CsvNoSeparator);
     source.Separator = *last;
     return true;
 }
 
-bool CsvReadHeader(CsvSource& source, int keywordText, CsvHeader& header)
+bool CsvReadHeader(CsvSource& source, TextNumber<0> keyword, CsvHeader& header)
 {
     CsvFields fields;
-    if (!CsvNextLine(source, fields) || fields.Count() < 2 || FromAnsi(fields.At(0)) != LngStr(keywordText))
-        return Refuse(kTextBadKeyword);
+    if (!CsvNextLine(source, fields) || fields.Count() < 2 || FromAnsi(fields.At(0)) != LngStr(keyword))
+        return Refuse(TextId::CsvBadKeyword);
     const QString name = FromAnsi(fields.At(1)).trimmed();
     if (!ValidListName(name))
         return false;
 
     const qsizetype secondLine = source.At;
     if (!CsvNextLine(source, fields) || fields.Count() < 2)
-        return Refuse(kTextBadSecondLine);
+        return Refuse(TextId::CsvBadSecondLine);
     QString description;
-    if (FromAnsi(fields.At(0)) == LngStr(kTextDescriptionRead)) {
+    // Not the word that is written: in every language the two must be the same.
+    if (FromAnsi(fields.At(0)) == LngStr(TextId::DescriptionLabel)) {
         if (!ValidText(fields.At(1)))
-            return Refuse(kTextBadDescription);
+            return Refuse(TextId::CsvBadDescription);
         description = FromAnsi(fields.At(1)).left(kTextLength);
     } else {
         source.At = secondLine; // a list without description: the rows begin here
@@ -168,7 +162,7 @@ bool CsvGuard(const QString& fileName, const std::function<bool()>& work)
     try {
         return work();
     } catch (const std::exception&) {
-        MsgOk1(kTextCsvFailed, fileName);
+        MsgOk1(TextId::FileWorkFailed, fileName);
         return false;
     }
 }
@@ -213,12 +207,12 @@ void CsvWriter::EndLine()
     atLineStart_ = true;
 }
 
-void CsvWriteHeader(CsvWriter& writer, int keywordText, const CsvHeader& header)
+void CsvWriteHeader(CsvWriter& writer, TextNumber<0> keyword, const CsvHeader& header)
 {
-    writer.Text(ToAnsi(LngStr(keywordText)));
+    writer.Text(ToAnsi(LngStr(keyword)));
     writer.Text(ToAnsi(header.Name));
     writer.EndLine();
-    writer.Text(ToAnsi(LngStr(kTextDescriptionWritten)));
+    writer.Text(ToAnsi(LngStr(TextId::DescriptionWord)));
     writer.Text(ToAnsi(header.Description));
     writer.EndLine();
 }
@@ -232,14 +226,14 @@ bool CsvCanHold(const CsvHeader& header)
 {
     if (!ValidListName(header.Name.trimmed()))
         return false;
-    return CsvCanHold(header.Description) || Refuse(kTextForbiddenCharacter);
+    return CsvCanHold(header.Description) || Refuse(TextId::ForbiddenCharacter);
 }
 
 bool CsvSaveFile(const QString& path, const CsvWriter& writer)
 {
     if (ReplaceFile(path, writer.Bytes()))
         return true;
-    MsgOk1(kTextCsvFailed, QFileInfo(path).fileName());
+    MsgOk1(TextId::FileWorkFailed, QFileInfo(path).fileName());
     return false;
 }
 

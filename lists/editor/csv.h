@@ -2,6 +2,8 @@
 // CR LF, no quoting and no escape: a keyword line with the list's name, a description line, then the lines of the rows.
 #pragma once
 
+#include "app/text/textNumber.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
@@ -11,11 +13,6 @@
 #include <optional>
 
 namespace tarvik {
-
-/// Messages of the reader and the writer.
-inline constexpr int kTextCsvFailed = 12819; ///< a failure at run time, with the file's name
-inline constexpr int kTextCsvTooManyLines = 12781;
-inline constexpr int kTextCsvBadLine = 12782;
 
 /// No list comes near this size; a larger file is refused before it is read.
 inline constexpr qint64 kLargestCsvBytes = qint64{ 16 } * 1024 * 1024;
@@ -75,7 +72,7 @@ struct CsvHeader {
 
 /// Takes name and description from the first lines and leaves `source.At` at the first row. False after the message
 /// of what is wrong (12777 to 12779, those of `ValidListName`). A description beyond 32 characters is cut.
-[[nodiscard]] bool CsvReadHeader(CsvSource& source, int keywordText, CsvHeader& header);
+[[nodiscard]] bool CsvReadHeader(CsvSource& source, TextNumber<0> keyword, CsvHeader& header);
 
 /// The next line that ends in CR LF. False behind the last one; what stands behind the last CR LF is no line.
 bool CsvNextLine(CsvSource& source, CsvFields& fields);
@@ -115,7 +112,7 @@ bool CsvCanHold(const QString& text);
 [[nodiscard]] bool CsvCanHold(const CsvHeader& header);
 
 /// Keyword line and description line.
-void CsvWriteHeader(CsvWriter& writer, int keywordText, const CsvHeader& header);
+void CsvWriteHeader(CsvWriter& writer, TextNumber<0> keyword, const CsvHeader& header);
 
 /// Puts the written file in the place of `path`, whole or not at all; a failure shows 12819 with the file's name.
 [[nodiscard]] bool CsvSaveFile(const QString& path, const CsvWriter& writer);

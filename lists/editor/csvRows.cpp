@@ -2,6 +2,7 @@
 
 #include "app/message/message.h"
 #include "app/text/ansi.h"
+#include "app/text/textId.h"
 #include "link/classes/textRules.h"
 #include "lists/values/fieldCheck.h"
 
@@ -17,15 +18,15 @@ bool CsvRows::Next()
     return hasLine;
 }
 
-bool CsvRows::Refuse(int messageId) const
+bool CsvRows::Refuse(TextNumber<1> message) const
 {
-    MsgOkNum(messageId, line_);
+    MsgOkNum(message, line_);
     return false;
 }
 
 bool CsvRows::RefuseLength() const
 {
-    MsgOk2(kTextCsvTooManyLines, source_.FileName, QStringLiteral("1"));
+    MsgOk2(TextId::CsvTooManyLines, source_.FileName, QStringLiteral("1"));
     return false;
 }
 
@@ -34,21 +35,21 @@ bool CsvRows::Number(qsizetype column, double& value) const
     return StrToDoubleChecked(fields_.At(column), value);
 }
 
-bool CsvRows::Real(qsizetype column, double& value, Range<double> limits, int messageId) const
+bool CsvRows::Real(qsizetype column, double& value, Range<double> limits, TextNumber<1> message) const
 {
-    return ParseFieldDouble(fields_.At(column), value, limits, messageId, line_);
+    return ParseFieldDouble(fields_.At(column), value, limits, message, line_);
 }
 
-bool CsvRows::Integer(qsizetype column, std::int16_t& value, Range<std::int16_t> limits, int messageId) const
+bool CsvRows::Integer(qsizetype column, std::int16_t& value, Range<std::int16_t> limits, TextNumber<1> message) const
 {
-    return ParseFieldInt(fields_.At(column), value, limits, messageId, line_);
+    return ParseFieldInt(fields_.At(column), value, limits, message, line_);
 }
 
-bool CsvRows::Text(qsizetype column, QString& text, qsizetype longest, int messageId) const
+bool CsvRows::Text(qsizetype column, QString& text, qsizetype longest, TextNumber<1> message) const
 {
     const QByteArrayView field = fields_.At(column);
     text = FromAnsi(field.first(std::min(field.size(), longest)));
-    return Require(ValidText(field), messageId);
+    return Require(ValidText(field), message);
 }
 
 } // namespace tarvik

@@ -1,6 +1,7 @@
 // lists/editor/csvRows.h: the rows of a list's CSV file, field by field, with the checks that all lists share.
 #pragma once
 
+#include "app/text/textNumber.h"
 #include "lists/editor/csv.h"
 #include "lists/values/limits.h"
 #include "lists/values/translate.h"
@@ -35,10 +36,10 @@ public:
         return fields_.At(column);
     }
 
-    bool Refuse(int messageId) const;
-    bool Require(bool condition, int messageId) const
+    bool Refuse(TextNumber<1> message) const;
+    bool Require(bool condition, TextNumber<1> message) const
     {
-        return condition || Refuse(messageId);
+        return condition || Refuse(message);
     }
 
     /// Message 12781: the file has more lines than its list has rows.
@@ -48,22 +49,22 @@ public:
     bool Number(qsizetype column, double& value) const;
 
     /// Numbers, clamped into `limits`.
-    bool Real(qsizetype column, double& value, Range<double> limits, int messageId) const;
-    bool Integer(qsizetype column, std::int16_t& value, Range<std::int16_t> limits, int messageId) const;
+    bool Real(qsizetype column, double& value, Range<double> limits, TextNumber<1> message) const;
+    bool Integer(qsizetype column, std::int16_t& value, Range<std::int16_t> limits, TextNumber<1> message) const;
 
     /// The code of a text, which must be one of `texts`.
     template <typename Code>
-    bool Coded(qsizetype column, Code& value, const CodeTexts& texts, int messageId) const
+    bool Coded(qsizetype column, Code& value, const CodeTexts& texts, TextNumber<1> message) const
     {
         const int code = texts.CodeOf(fields_.At(column));
         if (!texts.HasCode(code))
-            return Refuse(messageId);
+            return Refuse(message);
         value = static_cast<Code>(code);
         return true;
     }
 
     /// Free text, cut to `longest` characters.
-    bool Text(qsizetype column, QString& text, qsizetype longest, int messageId) const;
+    bool Text(qsizetype column, QString& text, qsizetype longest, TextNumber<1> message) const;
 
 private:
     CsvSource& source_;

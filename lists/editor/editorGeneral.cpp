@@ -3,11 +3,11 @@
 #include "app/message/message.h"
 #include "app/platform/paths.h"
 #include "app/platform/processState.h"
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 #include "app/text/ansi.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/strings.h"
-#include "link/classes/model.h"
 #include "lists/values/limits.h"
 
 #include <QDir>
@@ -21,33 +21,24 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextFileNameParting = 10743;
-constexpr int kTextSaveFolder = 10775;
-constexpr int kTextOpenTitle = 11004;
-constexpr int kTextFilterCsvAndList = 11001;
-constexpr int kTextFilterCsv = 11002;
-constexpr int kTextReadOnly = 12728;
-constexpr int kTextOverwrite = 12734;
-constexpr int kTextFileNotFound = 12780;
-
 /// Texts of the list types that have a CSV form.
 struct CsvListTexts {
-    int Type;
-    int Keyword;
-    int Filter;
+    FileClass Type;
+    TextNumber<0> Keyword;
+    TextNumber<0> Filter;
 };
-constexpr std::array kCsvLists{ CsvListTexts{ FileClassAntennaList, 10753, 10751 },
-    CsvListTexts{ FileClassKfactorTable, 10758, 10756 }, CsvListTexts{ FileClassMemoryList, 10763, 10761 },
-    CsvListTexts{ FileClassSuppressList, 10768, 10766 } };
-constexpr int kTextFilterCorrectionSet = 10771;
+constexpr std::array kCsvLists{ CsvListTexts{ FileClassAntennaList, TextId::AntennaListWord, TextId::AntennaListFiles },
+    CsvListTexts{ FileClassKfactorTable, TextId::KfactorTableWord, TextId::KfactorTableFiles },
+    CsvListTexts{ FileClassMemoryList, TextId::MemoryListWord, TextId::MemoryListFiles },
+    CsvListTexts{ FileClassSuppressList, TextId::SuppressListWord, TextId::SuppressListFiles } };
 
 class NoEditors final : public ListEditors {
 public:
-    bool HasEditor(int) const override
+    bool HasEditor(FileClass) const override
     {
         return false;
     }
-    void ShowEditor(int) override { }
+    void ShowEditor(FileClass) override { }
 };
 
 /// True where "A" and "a" name the same file.
@@ -64,9 +55,9 @@ QStringList OpenFilters()
 {
     const QString& extension = Editor().ListExtension;
     if (Editor().EditorType == FileClassCorrectionSet)
-        return { LngStr(kTextFilterCorrectionSet) + QStringLiteral("|*") + extension };
-    QStringList filters{ LngStr1(kTextFilterCsvAndList, extension.toUpper()) + QStringLiteral("|*.csv;*") + extension,
-        LngStr(kTextFilterCsv) + QStringLiteral("|*.csv") };
+        return { LngStr(TextId::CorrectionSetFiles) + QStringLiteral("|*") + extension };
+    QStringList filters{ LngStr1(TextId::CsvAndListFiles, extension.toUpper()) + QStringLiteral("|*.csv;*") + extension,
+        LngStr(TextId::CsvFiles) + QStringLiteral("|*.csv") };
     for (const CsvListTexts& list : kCsvLists) {
         if (list.Type == Editor().EditorType)
             filters.append(LngStr(list.Filter) + QStringLiteral("|*") + extension);
@@ -80,12 +71,12 @@ public:
     StatusBarOff()
         : wasOpen_(std::exchange(Editor().EditorIsOpen, true))
     {
-        TheFrameHooks().EnableStatusBar(false);
+        TheFrame()->EnableStatusBar(false);
     }
     ~StatusBarOff()
     {
         Editor().EditorIsOpen = wasOpen_;
-        TheFrameHooks().EnableStatusBar(!wasOpen_);
+        TheFrame()->EnableStatusBar(!wasOpen_);
     }
     StatusBarOff(const StatusBarOff&) = delete;
     StatusBarOff& operator=(const StatusBarOff&) = delete;
@@ -102,7 +93,7 @@ EditorState& Editor()
     return state.Get();
 }
 
-bool IsListType(int listType)
+bool IsListType(FileClass listType)
 {
     return listType >= FileClassAntennaList && listType <= FileClassCorrectionSet && listType != FileClassScreenShot;
 }
@@ -113,7 +104,7 @@ Port<ListEditors>& TheListEditors()
     return port;
 }
 
-void OpenEditor(int listType)
+void OpenEditor(FileClass listType)
 {
     if (!IsListType(listType) || !TheListEditors()->HasEditor(listType))
         return;
@@ -123,14 +114,14 @@ void OpenEditor(int listType)
     TheListEditors()->ShowEditor(listType);
 }
 
-void SetEditorType(int listType)
+void SetEditorType(FileClass listType)
 {
     ModFileInit(listType);
     Editor().EditorType = listType;
     Editor().ListExtension = ModGetExtension(FileClasses().CurrentFileClass).toLower();
 }
 
-int ListTypeOfFile(const QString& path)
+FileClass ListTypeOfFile(const QString& path)
 {
     constexpr qint64 kLongerThanAnyKeyword = 256;
     QFile file(path);
@@ -145,9 +136,9 @@ int ListTypeOfFile(const QString& path)
     return FileClassUnknown;
 }
 
-int OpenListFile(const QString& path, bool show)
+FileClass OpenListFile(const QString& path, bool show)
 {
-    const int type = ListTypeOfFile(path);
+    const FileClass type = ListTypeOfFile(path);
     if (type == FileClassUnknown || !show)
         return type;
     ModFileInit(type);
@@ -164,18 +155,18 @@ QString EditorDefaultFolder()
         if (QFileInfo(absolute).isDir())
             return absolute;
     }
-    const QString& remembered = FileClasses().PcPaths[static_cast<size_t>(FileClasses().CurrentFileClass)];
+    const QString& remembered = FileClasses().PcPaths[FileClasses().CurrentFileClass];
     return !remembered.isEmpty() && QFileInfo(remembered).isDir() ? remembered : QDir::currentPath();
 }
 
 QString OpenListDialog(const QString& initialFolder)
 {
-    return TheSeams().OpenFile({ LngStr(kTextOpenTitle), initialFolder, OpenFilters() });
+    return TheSeams().OpenFile({ LngStr(TextId::OpenListTitle), initialFolder, OpenFilters() });
 }
 
 QString SaveFolderDialog(const QString& fileName)
 {
-    return TheSeams().BrowseFolder({ LngStr1(kTextSaveFolder, fileName), EditorDefaultFolder() });
+    return TheSeams().BrowseFolder({ LngStr1(TextId::SaveListInFolder, fileName), EditorDefaultFolder() });
 }
 
 void RememberFolderOfFile(const QString& path)
@@ -186,8 +177,7 @@ void RememberFolderOfFile(const QString& path)
 void RememberFolder(const QString& folder)
 {
     const QString trimmed = folder.trimmed();
-    FileClasses().PcPaths[static_cast<size_t>(FileClasses().CurrentFileClass)] =
-        IgnoresCase() ? trimmed.toUpper() : trimmed;
+    FileClasses().PcPaths[FileClasses().CurrentFileClass] = IgnoresCase() ? trimmed.toUpper() : trimmed;
 }
 
 QString ListFilePath(const QString& folder, const QString& listName, const QString& extension)
@@ -196,7 +186,7 @@ QString ListFilePath(const QString& folder, const QString& listName, const QStri
     return folder + (endsInSeparator ? QString() : QString(QDir::separator())) + listName + extension.toLower();
 }
 
-bool IsCsvFile(const QString& path, int extensionText)
+bool IsCsvFile(const QString& path, TextNumber<0> extensionText)
 {
     return StrEqualNoCase(LngStr(extensionText).right(3), QFileInfo(path).suffix());
 }
@@ -207,10 +197,10 @@ bool MayWriteFile(const QString& path)
     if (!file.exists())
         return true;
     if (IsWriteProtected(path)) {
-        MsgOk1(kTextReadOnly, path);
+        MsgOk1(TextId::FileIsReadOnly, path);
         return false;
     }
-    return MsgYesNoDefNo1(kTextOverwrite, file.fileName()) == MsgResultYes;
+    return MsgYesNoDefNo1(TextId::OverwriteFile, file.fileName()) == MsgResultYes;
 }
 
 bool ListFileExists(const QString& path)
@@ -218,14 +208,14 @@ bool ListFileExists(const QString& path)
     const QFileInfo file(path);
     if (file.isFile())
         return true;
-    MsgOk2(kTextFileNotFound, file.fileName(), QStringLiteral("1"));
+    MsgOk2(TextId::FileNotFound, file.fileName(), QStringLiteral("1"));
     return false;
 }
 
-QString EditorTitle(int titleText, const QString& fileName)
+QString EditorTitle(TextNumber<0> titleText, const QString& fileName)
 {
     const QString title = LngStr(titleText);
-    return fileName.isEmpty() ? title : title + LngStr(kTextFileNameParting) + fileName;
+    return fileName.isEmpty() ? title : title + LngStr(TextId::TitleSeparator) + fileName;
 }
 
 } // namespace tarvik

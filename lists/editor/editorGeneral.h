@@ -4,6 +4,8 @@
 
 #include "app/platform/port.h"
 #include "app/platform/seams.h"
+#include "app/text/textId.h"
+#include "link/classes/model.h"
 
 #include <QString>
 
@@ -14,7 +16,7 @@ struct EditorState {
     bool EditorDirty = false; ///< unsaved changes in the open editor
     bool EditorIsOpen = false; ///< set by OpenEditor
     QString EditorOpenFile; ///< file an editor opens while it loads; empty for a new list; cleared when it closes
-    int EditorType = 0; ///< file class of the edited list; SetEditorType
+    FileClass EditorType = FileClassNone; ///< of the edited list; SetEditorType
     QString ListExtension; ///< lower-cased extension of that class, with its point; SetEditorType
     QString KfactorFileName; ///< result of a nested K-factor editor
     QString CorrectionSetFileName; ///< result of a nested correction set editor
@@ -22,15 +24,15 @@ struct EditorState {
 EditorState& Editor();
 
 /// True for the file classes that an editor accepts: 1 to 4 and 6.
-bool IsListType(int listType);
+bool IsListType(FileClass listType);
 
 /// The port to the editors' forms, which lie in rooms above this one. List types are those of `IsListType`.
 class ListEditors {
 public:
-    virtual bool HasEditor(int listType) const = 0;
+    virtual bool HasEditor(FileClass listType) const = 0;
 
     /// Shows the editor of a list type that has one until it is closed.
-    virtual void ShowEditor(int listType) = 0;
+    virtual void ShowEditor(FileClass listType) = 0;
 
 protected:
     ~ListEditors() = default;
@@ -40,16 +42,17 @@ Port<ListEditors>& TheListEditors(); ///< without an implementation there are no
 
 /// Opens the editor of a list type; a type without one is ignored. Refreshes the limits, and takes the frame's status
 /// bar out of use while the form is open.
-void OpenEditor(int listType);
+void OpenEditor(FileClass listType);
 
 /// Makes `listType` the present file class and derives the list extension.
-void SetEditorType(int listType);
+void SetEditorType(FileClass listType);
 
-/// Which list a CSV file holds, by the keyword that begins its first line, ignoring case: 1 to 4, or 7 for none.
-int ListTypeOfFile(const QString& path);
+/// Which list a CSV file holds, by the keyword that begins its first line, ignoring case: one of the classes 1 to 4, or
+/// FileClassUnknown.
+FileClass ListTypeOfFile(const QString& path);
 
 /// The same; when it is a list and `show` is set, opens it in its editor.
-int OpenListFile(const QString& path, bool show);
+FileClass OpenListFile(const QString& path, bool show);
 
 /// Folder in which a file question of the present type begins.
 QString EditorDefaultFolder();
@@ -68,12 +71,9 @@ void RememberFolder(const QString& folder);
 /// Path of a list in `folder`: the file always bears the list's name, then the extension in lower case.
 QString ListFilePath(const QString& folder, const QString& listName, const QString& extension);
 
-/// Text whose last three characters decide what a CSV file is: 10747, the suppress list and the K-factor table 11003.
-inline constexpr int kTextCsvExtension = 10747;
-inline constexpr int kTextCsvExtensionOfTables = 11003;
-
-/// The form of a list file by its name: CSV when the extension equals the last three characters of the text.
-bool IsCsvFile(const QString& path, int extensionText = kTextCsvExtension);
+/// The form of a list file by its name: CSV when the extension equals the last three characters of the text, which is
+/// CsvExtensionOfTables for the suppress list and the K-factor table.
+bool IsCsvFile(const QString& path, TextNumber<0> extensionText = TextId::CsvExtension);
 
 /// The start that all writers share. False, after message 12728, for a read-only file; false, silently, when the user
 /// does not let an existing file be replaced (12734).
@@ -83,6 +83,6 @@ bool IsCsvFile(const QString& path, int extensionText = kTextCsvExtension);
 [[nodiscard]] bool ListFileExists(const QString& path);
 
 /// Title of an editor: `titleText`, and the file's name behind text 10743 where there is one.
-QString EditorTitle(int titleText, const QString& fileName = {});
+QString EditorTitle(TextNumber<0> titleText, const QString& fileName = {});
 
 } // namespace tarvik

@@ -2,6 +2,7 @@
 // and rows, not what they mean: the editor answers for the contents.
 #pragma once
 
+#include "app/text/textNumber.h"
 #include "lists/editor/gridCells.h"
 
 #include <QHash>
@@ -23,7 +24,7 @@ enum class CellKind {
 struct GridColumn {
     const char* Name; ///< control name of its cells, without the index
     CellKind Kind;
-    int HeaderText; ///< text number
+    TextNumber<0> HeaderText;
     int MaxLength; ///< characters that a text cell takes; 0 for one that only shows
     int WidthDigits; ///< width, in digits of the font; the last column takes what is left
     bool Sorts = false; ///< a click on its header means something

@@ -1,5 +1,7 @@
 #include "lists/editor/gridCells.h"
 
+#include "app/forms/darkColor.h"
+
 #include <QMouseEvent>
 #include <QStyleOptionButton>
 #include <QStyleOptionHeader>
@@ -11,7 +13,6 @@ namespace {
 
 constexpr QRgb kCurrentRowColour = 0xFFBBBB55;
 constexpr QRgb kFocusedColour = 0xFFEEEE88;
-constexpr int kMiddleLightness = 127; ///< colours above are light
 constexpr int kTextMarginPx = 5;
 constexpr int kEditMarginPx = 2; ///< what a line edit keeps free by itself
 
@@ -28,7 +29,7 @@ QPalette CellPalette(QPalette palette, const QColor& background, const QColor& t
 QColor TextOnFixedBackground(const QPalette& palette)
 {
     const QColor text = palette.color(QPalette::Active, QPalette::Text);
-    return text.lightness() > kMiddleLightness ? QColor(Qt::black) : text;
+    return IsDark(text) ? text : QColor(Qt::black);
 }
 
 /// Colours of a check box that stands out of its cell: white on the fixed backgrounds, a visible frame on dark ones.
@@ -38,7 +39,7 @@ QPalette IndicatorPalette(QPalette cell, const QPalette& system)
         cell.setColor(QPalette::Base, Qt::white);
         cell.setColor(QPalette::Text, Qt::black);
         cell.setColor(QPalette::Window, Qt::lightGray);
-    } else if (cell.color(QPalette::Base).lightness() <= kMiddleLightness) {
+    } else if (IsDark(cell.color(QPalette::Base))) {
         cell.setColor(QPalette::Window, Qt::lightGray);
     }
     return cell;

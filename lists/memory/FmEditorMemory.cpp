@@ -2,6 +2,7 @@
 
 #include "app/forms/focusRules.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "link/classes/model.h"
 #include "link/classes/textRules.h"
 #include "lists/memory/fmEditorMemoryListProp.h"
@@ -17,25 +18,26 @@ namespace tarvik {
 
 namespace {
 
-constexpr EditorFrame kFrame{ "FmEditorMemory", FileClassMemoryList, 10762, 10738, 11995, kTextMemoryKeyword,
-    "FrMemoryLst", 10810 };
-constexpr int kFirstSortText = 10817;
+constexpr EditorFrame kFrame{ "FmEditorMemory", FileClassMemoryList, TextId::MemoryEditorTitle, HelpId::MemoryEditor,
+    HelpId::CommandMemoryListEditor, TextId::MemoryListWord, "FrMemoryLst", TextId::MemoryEntries };
 constexpr int kFrequencyLength = 13;
 
 GridShape MemoryGrid()
 {
     GridShape shape{ kMemoryRows };
     shape.MarksRow = true;
-    shape.CellHelp = 10702;
+    shape.CellHelp = HelpId::MemoryEditorCell;
     return shape;
 }
 
 std::vector<GridColumn> MemoryGridColumns()
 {
-    return { { "LbCol0", CellKind::RowLabel, 10811, 0, 5 }, { "CbCol1", CellKind::Check, 10812, 0, 12 },
-        { "TbCol2", CellKind::Number, 10813, 0, 9, true },
-        { "TbCol3", CellKind::Number, 10814, kFrequencyLength, 17, true }, { "TbCol4", CellKind::Text, 10815, 0, 13 },
-        { "TbCol5", CellKind::Text, 10816, kTextLength, 38, true } };
+    return { { "LbCol0", CellKind::RowLabel, TextId::MemoryRowColumn, 0, 5 },
+        { "CbCol1", CellKind::Check, TextId::MemorySuppressedColumn, 0, 12 },
+        { "TbCol2", CellKind::Number, TextId::MemoryNumberColumn, 0, 9, true },
+        { "TbCol3", CellKind::Number, TextId::MemoryFrequencyColumn, kFrequencyLength, 17, true },
+        { "TbCol4", CellKind::Text, TextId::MemoryDemodulationColumn, 0, 13 },
+        { "TbCol5", CellKind::Text, TextId::MemoryDescriptionColumn, kTextLength, 38, true } };
 }
 
 } // namespace
@@ -49,11 +51,11 @@ FmEditorMemory::FmEditorMemory(QWidget* parent)
 void FmEditorMemory::BuildCommands()
 {
     QWidget* list = Grid().parentWidget();
-    CbSort = NewCombo(list, "CbSort", 10724);
-    BtSort = NewButton(list, "BtSort", { 10723, 10724 });
-    BtEdit = NewButton(list, "BtEdit", { 10741, 10742 });
-    BtDel = NewButton(list, "BtDel", { 10711, 10712 });
-    CbSort->setAccessibleName(LngStr(10724));
+    CbSort = NewCombo(list, "CbSort", TextId::EditorSortHint);
+    BtSort = NewButton(list, "BtSort", { TextId::EditorSort, TextId::EditorSortHint });
+    BtEdit = NewButton(list, "BtEdit", { TextId::EditorEdit, TextId::EditorEditHint });
+    BtDel = NewButton(list, "BtDel", { TextId::EditorDelete, TextId::EditorDeleteHint });
+    CbSort->setAccessibleName(LngStr(TextId::EditorSortHint));
     LeaveFreely(BtDel);
     AddCommand(CbSort);
     AddCommand(BtSort);
@@ -69,7 +71,7 @@ void FmEditorMemory::OnEditorLoad()
 {
     CbSort->clear();
     for (int key = 0; key < kMemorySortKeys; ++key)
-        CbSort->addItem(LngStr(kFirstSortText + key));
+        CbSort->addItem(LngStr(TextId::MemorySortKeys + key));
 }
 
 void FmEditorMemory::OnListShown()

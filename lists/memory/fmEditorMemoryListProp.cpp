@@ -3,6 +3,7 @@
 #include "app/forms/focusRules.h"
 #include "app/help/help.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "link/classes/textRules.h"
 #include "lists/editor/editorGeneral.h"
 
@@ -19,8 +20,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kFormHelp = 10739;
-constexpr int kValueHelp = 10825;
 constexpr int kNumberLength = 13;
 constexpr int kStatusAccepted = 0;
 constexpr int kStatusCancelled = 1;
@@ -37,7 +36,7 @@ void ShowText(QLineEdit* textBox, const QString& text)
 fmEditorMemoryListProp::fmEditorMemoryListProp(QWidget* parent)
     : FormBase("fmEditorMemoryListProp", parent)
 {
-    SetHelpNumber(kFormHelp);
+    SetHelpNumber(HelpId::MemoryEntry);
     auto* layout = new QGridLayout(this);
     layout->addWidget(BuildReceiver(), 0, 0);
     layout->addWidget(BuildDirectionFinder(), 0, 1);
@@ -47,13 +46,13 @@ fmEditorMemoryListProp::fmEditorMemoryListProp(QWidget* parent)
     WatchChanges();
 }
 
-QLineEdit* fmEditorMemoryListProp::AddText(
-    QGridLayout* layout, const char* label, int text, const char* name, int length, const char* unit, int unitText)
+QLineEdit* fmEditorMemoryListProp::AddText(QGridLayout* layout, const char* label, TextNumber<0> text, const char* name,
+    int length, const char* unit, TextNumber<0> unitText)
 {
     QWidget* parent = layout->parentWidget();
     const int row = layout->rowCount();
     QLabel* caption = NewLabel(parent, label, { text });
-    QLineEdit* textBox = NewTextBox(parent, name, kValueHelp, length);
+    QLineEdit* textBox = NewTextBox(parent, name, HelpId::MemoryEntryValue, length);
     BindLabel(caption, textBox);
     EnterAsTab(textBox);
     MarkTextOnEnter(textBox);
@@ -65,12 +64,12 @@ QLineEdit* fmEditorMemoryListProp::AddText(
 }
 
 QComboBox* fmEditorMemoryListProp::AddCombo(
-    QGridLayout* layout, const char* label, int text, const char* name, const CodeTable& codes)
+    QGridLayout* layout, const char* label, TextNumber<0> text, const char* name, const CodeTable& codes)
 {
     QWidget* parent = layout->parentWidget();
     const int row = layout->rowCount();
     QLabel* caption = NewLabel(parent, label, { text });
-    QComboBox* combo = NewCombo(parent, name, kValueHelp);
+    QComboBox* combo = NewCombo(parent, name, HelpId::MemoryEntryValue);
     for (int code = 0; code < codes.Count; ++code)
         combo->addItem(CodeToStr(codes, code));
     BindLabel(caption, combo);
@@ -83,14 +82,17 @@ QWidget* fmEditorMemoryListProp::BuildReceiver()
 {
     auto* group = new QGroupBox(this);
     auto* layout = new QGridLayout(group);
-    TbFrequency = AddText(layout, "LbFreq", 10912, "TbFrequency", kNumberLength, "LbFreqUnit", 10922);
-    CbModulation = AddCombo(layout, "LbModu", 10913, "CbModulation", kDemodulationCodes);
-    CbBandwidth = AddCombo(layout, "LbBandwidth", 10914, "CbBandwidth", kBandwidthCodes);
-    CbSquelchStat = AddCombo(layout, "LbSquelchStatus", 10916, "CbSquelchStat", kSquelchStatusCodes);
-    TbSquelchVal = AddText(layout, "LbSquelchVal", 10915, "TbSquelchVal", kNumberLength, "LbSquelchUnit", 10923);
-    TbAttennaNumber = AddText(layout, "LbAntennaNumber", 10917, "TbAttennaNumber", kNumberLength);
-    CbAttnStatus = AddCombo(layout, "LbAttenuatorStatus", 10918, "CbAttnStatus", kAttenuatorStatusCodes);
-    CbAFCStatus = AddCombo(layout, "LbAFCStatus", 10919, "CbAFCStatus", kAfcStatusCodes);
+    TbFrequency = AddText(
+        layout, "LbFreq", TextId::EntryFrequency, "TbFrequency", kNumberLength, "LbFreqUnit", TextId::EntryMegahertz);
+    CbModulation = AddCombo(layout, "LbModu", TextId::EntryDemodulation, "CbModulation", kDemodulationCodes);
+    CbBandwidth = AddCombo(layout, "LbBandwidth", TextId::EntryBandwidth, "CbBandwidth", kBandwidthCodes);
+    CbSquelchStat = AddCombo(layout, "LbSquelchStatus", TextId::EntrySquelch, "CbSquelchStat", kSquelchStatusCodes);
+    TbSquelchVal = AddText(layout, "LbSquelchVal", TextId::EntrySquelchLevel, "TbSquelchVal", kNumberLength,
+        "LbSquelchUnit", TextId::EntryDecibelMicrovolt);
+    TbAttennaNumber = AddText(layout, "LbAntennaNumber", TextId::EntryAntennaNumber, "TbAttennaNumber", kNumberLength);
+    CbAttnStatus =
+        AddCombo(layout, "LbAttenuatorStatus", TextId::EntryAttenuator, "CbAttnStatus", kAttenuatorStatusCodes);
+    CbAFCStatus = AddCombo(layout, "LbAFCStatus", TextId::EntryAfc, "CbAFCStatus", kAfcStatusCodes);
     return group;
 }
 
@@ -98,14 +100,16 @@ QWidget* fmEditorMemoryListProp::BuildDirectionFinder()
 {
     auto* group = new QGroupBox(this);
     auto* layout = new QGridLayout(group);
-    CbDFSquelchStat = AddCombo(layout, "LbDFSquelchStatus", 10924, "CbDFSquelchStat", kDfSquelchStatusCodes);
-    TbDFSquelchVal =
-        AddText(layout, "LbDFSquelchVal", 10925, "TbDFSquelchVal", kNumberLength, "LbDFSquelchUnit", 10923);
-    TbDFMeasurementTime = AddText(
-        layout, "LbDFMeasurementTime", 10926, "TbDFMeasurementTime", kNumberLength, "LbDFMeasurementTimeUnit", 10929);
-    CbFrequencySpan = AddCombo(layout, "LbFrequencySpan", 10927, "CbFrequencySpan", kFrequencySpanCodes);
-    CbDFStep = AddCombo(layout, "LbDFStep", 10928, "CbDFStep", kDfStepCodes);
-    CbDFBw = AddCombo(layout, "LbDFBw", 10967, "CbDFBw", kDfBandwidthCodes);
+    CbDFSquelchStat =
+        AddCombo(layout, "LbDFSquelchStatus", TextId::EntryDfSquelch, "CbDFSquelchStat", kDfSquelchStatusCodes);
+    TbDFSquelchVal = AddText(layout, "LbDFSquelchVal", TextId::EntryDfSquelchLevel, "TbDFSquelchVal", kNumberLength,
+        "LbDFSquelchUnit", TextId::EntryDecibelMicrovolt);
+    TbDFMeasurementTime = AddText(layout, "LbDFMeasurementTime", TextId::EntryDfMeasurementTime, "TbDFMeasurementTime",
+        kNumberLength, "LbDFMeasurementTimeUnit", TextId::EntrySeconds);
+    CbFrequencySpan =
+        AddCombo(layout, "LbFrequencySpan", TextId::EntryFrequencySpan, "CbFrequencySpan", kFrequencySpanCodes);
+    CbDFStep = AddCombo(layout, "LbDFStep", TextId::EntryDfStep, "CbDFStep", kDfStepCodes);
+    CbDFBw = AddCombo(layout, "LbDFBw", TextId::EntryDfBandwidth, "CbDFBw", kDfBandwidthCodes);
     layout->setRowStretch(layout->rowCount(), 1);
     return group;
 }
@@ -114,8 +118,8 @@ QWidget* fmEditorMemoryListProp::BuildEntry()
 {
     auto* group = new QGroupBox(this);
     auto* layout = new QGridLayout(group);
-    TbDescription = AddText(layout, "LbDescr", 10920, "TbDescription", kTextLength);
-    CbStatus = AddCombo(layout, "LbStatus", 10921, "CbStatus", kMemoryStatusCodes);
+    TbDescription = AddText(layout, "LbDescr", TextId::EntryDescription, "TbDescription", kTextLength);
+    CbStatus = AddCombo(layout, "LbStatus", TextId::EntryStatus, "CbStatus", kMemoryStatusCodes);
     TbDescription->setMinimumWidth(fontMetrics().horizontalAdvance(u'0') * (kTextLength + 2));
     layout->setAlignment(CbStatus, Qt::AlignLeft);
     layout->setColumnStretch(2, 1);
@@ -127,10 +131,10 @@ QWidget* fmEditorMemoryListProp::BuildButtons()
     auto* buttons = new QWidget(this);
     auto* layout = new QHBoxLayout(buttons);
     layout->setContentsMargins({});
-    QPushButton* BtDelete = NewButton(buttons, "BtDelete", { 10711, 10712 });
-    QPushButton* BtOk = NewButton(buttons, "BtOk", { 10705, 10706 });
-    QPushButton* BtCancel = NewButton(buttons, "BtCancel", { 10707, 10708 });
-    QPushButton* BtHelp = NewButton(buttons, "BtHelp", { 10733, 10734 });
+    QPushButton* BtDelete = NewButton(buttons, "BtDelete", { TextId::EditorDelete, TextId::EditorDeleteHint });
+    QPushButton* BtOk = NewButton(buttons, "BtOk", { TextId::EntryOk, TextId::EntryOkHint });
+    QPushButton* BtCancel = NewButton(buttons, "BtCancel", { TextId::EntryCancel, TextId::EntryCancelHint });
+    QPushButton* BtHelp = NewButton(buttons, "BtHelp", { TextId::EditorHelp, TextId::EditorHelpHint });
     layout->addWidget(BtDelete);
     layout->addStretch(1);
     for (QPushButton* button : { BtOk, BtCancel, BtHelp })
@@ -140,7 +144,7 @@ QWidget* fmEditorMemoryListProp::BuildButtons()
     connect(BtDelete, &QPushButton::clicked, this, &fmEditorMemoryListProp::OnDelete);
     connect(BtOk, &QPushButton::clicked, this, &fmEditorMemoryListProp::OnOk);
     connect(BtCancel, &QPushButton::clicked, this, [this] { DialogEnd(*this, kStatusCancelled); });
-    connect(BtHelp, &QPushButton::clicked, this, [] { ShowHelp(kFormHelp); });
+    connect(BtHelp, &QPushButton::clicked, this, [] { ShowHelp(HelpId::MemoryEntry); });
     return buttons;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/forms/form.h"
+#include "app/text/textNumber.h"
 #include "lists/memory/memoryEntry.h"
 #include "lists/values/translate.h"
 
@@ -24,9 +25,10 @@ private:
     QWidget* BuildDirectionFinder();
     QWidget* BuildEntry();
     QWidget* BuildButtons();
-    QLineEdit* AddText(QGridLayout* layout, const char* label, int text, const char* name, int length,
-        const char* unit = nullptr, int unitText = 0);
-    QComboBox* AddCombo(QGridLayout* layout, const char* label, int text, const char* name, const CodeTable& codes);
+    QLineEdit* AddText(QGridLayout* layout, const char* label, TextNumber<0> text, const char* name, int length,
+        const char* unit = nullptr, TextNumber<0> unitText = {});
+    QComboBox* AddCombo(
+        QGridLayout* layout, const char* label, TextNumber<0> text, const char* name, const CodeTable& codes);
     void WatchChanges();
     void CheckLeaving(QLineEdit* textBox, MemoryEntryField field);
 

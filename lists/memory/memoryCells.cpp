@@ -1,6 +1,7 @@
 #include "lists/memory/memoryCells.h"
 
 #include "app/message/message.h"
+#include "app/text/textId.h"
 #include "link/classes/textRules.h"
 #include "lists/values/fieldCheck.h"
 #include "lists/values/translate.h"
@@ -25,7 +26,7 @@ bool CheckFrequency(MemoryRecord& record, QString& text)
 bool CheckDescription(MemoryRecord& record, const QString& text)
 {
     if (!ValidText(text)) {
-        MsgOk(kTextForbiddenCharacter);
+        MsgOk(TextId::ForbiddenCharacter);
         return false;
     }
     record.Description = text;

@@ -1,6 +1,7 @@
 // The CSV form of a memory list: 1024 lines of 19 columns, unused rows included.
 #include "app/message/message.h"
 #include "app/text/ansi.h"
+#include "app/text/textId.h"
 #include "closed/loader.h"
 #include "link/classes/textRules.h"
 #include "lists/editor/csvRows.h"
@@ -14,10 +15,6 @@ namespace tarvik {
 namespace {
 
 constexpr qsizetype kColumnsAtLeast = 12;
-constexpr int kTextBadNumber = 12795;
-constexpr int kTextBadDescription = 12804;
-constexpr int kTextBadDfSquelch = 12806;
-constexpr int kTextTooFewLines = 12817;
 
 /// A line as this program writes it, for the size of the file in memory.
 constexpr qsizetype kTypicalLineBytes = 160;
@@ -77,7 +74,7 @@ public:
                 return false;
         }
         if (rows_.Line() < kMemoryRows)
-            MsgOk(kTextTooFewLines);
+            MsgOk(TextId::CsvTooFewLines);
         return rows_.Line() == kMemoryRows;
     }
 
@@ -97,50 +94,51 @@ private:
     {
         double line = 0;
         const bool inPlace = rows_.Number(ColumnLine, line) && line == Row();
-        return rows_.Require(inPlace && rows_.FieldCount() >= kColumnsAtLeast, kTextCsvBadLine);
+        return rows_.Require(inPlace && rows_.FieldCount() >= kColumnsAtLeast, TextId::CsvBadLine);
     }
 
     bool ReadNumber(MemoryRecord& record)
     {
-        if (!rows_.Integer(ColumnNumber, record.Number, { 0, Limits().MemoryNr.Max }, kTextBadNumber))
+        if (!rows_.Integer(ColumnNumber, record.Number, { 0, Limits().MemoryNr.Max }, TextId::CsvBadMemoryNumber))
             return false;
         const auto number = static_cast<size_t>(record.Number);
         if (number >= numbers_.size() || numbers_.test(number))
-            return rows_.Refuse(kTextBadNumber);
+            return rows_.Refuse(TextId::CsvBadMemoryNumber);
         numbers_.set(number);
         return true;
     }
 
     bool ReadReceiver(MemoryRecord& record) const
     {
-        return rows_.Coded(ColumnUsed, record.Used, texts_.Used, 12805)
-            && rows_.Coded(ColumnStatus, record.Status, texts_.Status, 12796)
-            && rows_.Real(ColumnFrequency, record.Frequency, Limits().FrequencyHz, 12792)
-            && rows_.Coded(ColumnDemodulation, record.Demodulation, texts_.Demodulation, 12797)
-            && rows_.Coded(ColumnBandwidth, record.Bandwidth, texts_.Bandwidth, 12798);
+        return rows_.Coded(ColumnUsed, record.Used, texts_.Used, TextId::CsvBadUsed)
+            && rows_.Coded(ColumnStatus, record.Status, texts_.Status, TextId::CsvBadStatus)
+            && rows_.Real(ColumnFrequency, record.Frequency, Limits().FrequencyHz, TextId::CsvBadFrequency)
+            && rows_.Coded(ColumnDemodulation, record.Demodulation, texts_.Demodulation, TextId::CsvBadDemodulation)
+            && rows_.Coded(ColumnBandwidth, record.Bandwidth, texts_.Bandwidth, TextId::CsvBadBandwidth);
     }
 
     bool ReadSwitches(MemoryRecord& record) const
     {
-        return rows_.Real(ColumnSquelchLevel, record.SquelchLevel, Limits().SquelchLevel, 12799)
-            && rows_.Coded(ColumnSquelchStatus, record.SquelchStatus, texts_.Squelch, 12800)
-            && rows_.Integer(ColumnAntennaNumber, record.AntennaNumber, Limits().AntennaNr, 12801)
-            && rows_.Coded(ColumnAttenuator, record.AttenuatorStatus, texts_.Attenuator, 12802)
-            && rows_.Coded(ColumnAfc, record.AfcStatus, texts_.Afc, 12803);
+        return rows_.Real(ColumnSquelchLevel, record.SquelchLevel, Limits().SquelchLevel, TextId::CsvBadSquelchLevel)
+            && rows_.Coded(ColumnSquelchStatus, record.SquelchStatus, texts_.Squelch, TextId::CsvBadSquelch)
+            && rows_.Integer(ColumnAntennaNumber, record.AntennaNumber, Limits().AntennaNr, TextId::CsvBadAntennaNumber)
+            && rows_.Coded(ColumnAttenuator, record.AttenuatorStatus, texts_.Attenuator, TextId::CsvBadAttenuator)
+            && rows_.Coded(ColumnAfc, record.AfcStatus, texts_.Afc, TextId::CsvBadAfc);
     }
 
     bool CheckReceiver(const MemoryRecord& record) const
     {
         const TvFioApi& store = TvFio();
-        return rows_.Require(store.CheckBandwidthAndDemodulation(record.Bandwidth, record.Demodulation) != 0, 12811)
-            && rows_.Require(
-                store.CheckAutoFreqControlAndDemodulation(record.AfcStatus, record.Demodulation) != 0, 12812);
+        return rows_.Require(store.CheckBandwidthAndDemodulation(record.Bandwidth, record.Demodulation) != 0,
+                   TextId::CsvBandwidthNotPossible)
+            && rows_.Require(store.CheckAutoFreqControlAndDemodulation(record.AfcStatus, record.Demodulation) != 0,
+                TextId::CsvAfcNotPossible);
     }
 
     bool ReadDescription(MemoryRecord& record) const
     {
         return rows_.FieldCount() <= ColumnDescription
-            || rows_.Text(ColumnDescription, record.Description, kTextLength, kTextBadDescription);
+            || rows_.Text(ColumnDescription, record.Description, kTextLength, TextId::CsvBadEntryDescription);
     }
 
     /// All of these columns or none. The DF squelch is read with the texts of the plain squelch, so that a third
@@ -149,13 +147,16 @@ private:
     {
         if (rows_.FieldCount() <= ColumnDfSquelchStatus)
             return true;
-        return rows_.Coded(ColumnDfSquelchStatus, record.DfSquelchStatus, texts_.Squelch, kTextBadDfSquelch)
-            && rows_.Real(ColumnDfSquelchLevel, record.DfSquelchLevel, Limits().DfSquelchLevel, 12807)
-            && rows_.Real(ColumnDfTime, record.DfMeasurementTime, Limits().DfMeasTimeSec, 12808)
-            && rows_.Coded(ColumnSpan, record.FrequencySpan, texts_.Span, 12809)
-            && rows_.Coded(ColumnDfStep, record.DfStep, texts_.DfStep, 12810)
-            && rows_.Require(TvFio().CheckIfPanSpanAndIfPanStep(record.FrequencySpan, record.DfStep) != 0, 12814)
-            && rows_.Coded(ColumnDfBandwidth, record.DfBandwidth, texts_.DfBandwidth, 12896);
+        return rows_.Coded(ColumnDfSquelchStatus, record.DfSquelchStatus, texts_.Squelch, TextId::CsvBadDfSquelch)
+            && rows_.Real(
+                ColumnDfSquelchLevel, record.DfSquelchLevel, Limits().DfSquelchLevel, TextId::CsvBadDfSquelchLevel)
+            && rows_.Real(
+                ColumnDfTime, record.DfMeasurementTime, Limits().DfMeasTimeSec, TextId::CsvBadDfMeasurementTime)
+            && rows_.Coded(ColumnSpan, record.FrequencySpan, texts_.Span, TextId::CsvBadFrequencySpan)
+            && rows_.Coded(ColumnDfStep, record.DfStep, texts_.DfStep, TextId::CsvBadDfStep)
+            && rows_.Require(TvFio().CheckIfPanSpanAndIfPanStep(record.FrequencySpan, record.DfStep) != 0,
+                TextId::CsvSpanNotPossible)
+            && rows_.Coded(ColumnDfBandwidth, record.DfBandwidth, texts_.DfBandwidth, TextId::CsvBadDfBandwidth);
     }
 
     CsvRows rows_;
@@ -196,11 +197,11 @@ bool CanBeReadBack(const MemoryTable& table, const CsvHeader& header, int rowWit
     for (int row = 0; row < kMemoryRows; ++row) {
         if (CsvCanHold(table.Row(row).Description))
             continue;
-        MsgOkNum(kTextBadDescription, row + 1);
+        MsgOkNum(TextId::CsvBadEntryDescription, row + 1);
         return false;
     }
     if (rowWithNumberTwice >= 0)
-        MsgOkNum(kTextBadNumber, rowWithNumberTwice + 1);
+        MsgOkNum(TextId::CsvBadMemoryNumber, rowWithNumberTwice + 1);
     return rowWithNumberTwice < 0;
 }
 
@@ -214,7 +215,7 @@ std::optional<CsvWriter> BuildFile(const MemoryTable& table)
         return {};
     const MemoryTexts texts;
     CsvWriter writer(kMemoryRows * kTypicalLineBytes);
-    CsvWriteHeader(writer, kTextMemoryKeyword, header);
+    CsvWriteHeader(writer, TextId::MemoryListWord, header);
     for (int row = 0; row < kMemoryRows; ++row)
         WriteRow(writer, texts, row, numbers[static_cast<size_t>(row)], table.Row(row));
     return writer;
@@ -236,7 +237,7 @@ bool ReadMemoryListCsv(CsvSource& source, MemoryTable& table)
 {
     CsvHeader header;
     const bool hasHeader =
-        ClearMemoryList(table) && CsvFindSeparator(source) && CsvReadHeader(source, kTextMemoryKeyword, header);
+        ClearMemoryList(table) && CsvFindSeparator(source) && CsvReadHeader(source, TextId::MemoryListWord, header);
     if (!hasHeader || !MemoryCsvReader(source, table).ReadRows())
         return false;
     table.MemoryListName = header.Name;

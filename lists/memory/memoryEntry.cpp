@@ -3,6 +3,7 @@
 #include "app/message/message.h"
 #include "app/platform/processState.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "closed/loader.h"
 #include "link/classes/textRules.h"
 #include "lists/editor/editorGeneral.h"
@@ -11,11 +12,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextTitle = 10824;
-constexpr int kTextBadBandwidth = 12815;
-constexpr int kTextBadAfc = 12816;
-constexpr int kTextBadSpan = 12818;
 
 /// The last demodulation that the dialog shows as it is.
 constexpr int kLastShownDemodulation = 3;
@@ -54,14 +50,14 @@ bool CheckDescription(const QString& text)
 {
     if (ValidText(text))
         return true;
-    MsgOk(kTextForbiddenCharacter);
+    MsgOk(TextId::ForbiddenCharacter);
     return false;
 }
 
-bool Allow(std::int16_t allowed, int messageId)
+bool Allow(std::int16_t allowed, TextNumber<0> message)
 {
     if (allowed == 0)
-        MsgOk(messageId);
+        MsgOk(message);
     return allowed != 0;
 }
 
@@ -75,13 +71,14 @@ bool CheckPair(MemoryEntryField field, const MemoryEntryFields& fields)
     const TvFioApi& store = TvFio();
     switch (field) {
     case MemoryEntryField::Bandwidth:
-        return Allow(
-            store.CheckBandwidthAndDemodulation(Code(fields.Bandwidth), Code(fields.Demodulation)), kTextBadBandwidth);
+        return Allow(store.CheckBandwidthAndDemodulation(Code(fields.Bandwidth), Code(fields.Demodulation)),
+            TextId::BandwidthNotPossible);
     case MemoryEntryField::AfcStatus:
-        return Allow(
-            store.CheckAutoFreqControlAndDemodulation(Code(fields.AfcStatus), Code(fields.Demodulation)), kTextBadAfc);
+        return Allow(store.CheckAutoFreqControlAndDemodulation(Code(fields.AfcStatus), Code(fields.Demodulation)),
+            TextId::AfcNotPossible);
     case MemoryEntryField::FrequencySpan:
-        return Allow(store.CheckIfPanSpanAndIfPanStep(Code(fields.FrequencySpan), Code(fields.DfStep)), kTextBadSpan);
+        return Allow(
+            store.CheckIfPanSpanAndIfPanStep(Code(fields.FrequencySpan), Code(fields.DfStep)), TextId::SpanNotPossible);
     default:
         return true;
     }
@@ -144,7 +141,7 @@ MemoryEntryFields FieldsOfMemoryEntry()
 
 QString MemoryEntryTitle()
 {
-    return EditorTitle(kTextTitle, QString::number(MemoryEntry().Number));
+    return EditorTitle(TextId::MemoryEntryTitle, QString::number(MemoryEntry().Number));
 }
 
 bool CheckMemoryEntryField(MemoryEntryField field, MemoryEntryFields& fields)

@@ -1,6 +1,7 @@
 #include "lists/memory/memoryList.h"
 
 #include "app/message/message.h"
+#include "app/text/textId.h"
 #include "closed/loader.h"
 #include "lists/editor/editorGeneral.h"
 #include "lists/memory/memoryCells.h"
@@ -9,8 +10,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextRowsNotTaken = 12726;
 
 struct MemoryFamily {
     using Table = MemoryTable;
@@ -99,7 +98,7 @@ bool WriteMemoryList(const QString& path, MemoryTable& table)
 {
     MemoryTable kept = table;
     if (!WriteMemoryListDll(table) || !ReadMemoryListDll(kept)) {
-        MsgOk1(kTextRowsNotTaken, path);
+        MsgOk1(TextId::RowsNotTaken, path);
         return false;
     }
     const bool isWritten = IsCsvFile(path) ? WriteMemoryListCSVFile(path, kept) : WriteMemoryListMRFile(path);

@@ -21,7 +21,6 @@ enum MemorySortKey {
     MemorySortDescriptionDown = 6
 };
 inline constexpr int kMemorySortKeys = 7;
-inline constexpr int kTextMemoryKeyword = 10763;
 
 /// Empties the store's list and takes it over: the table's start values, with the store's defaults in unused rows.
 [[nodiscard]] bool ClearMemoryList(MemoryTable& table);

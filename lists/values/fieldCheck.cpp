@@ -1,6 +1,7 @@
 #include "lists/values/fieldCheck.h"
 
 #include "app/message/message.h"
+#include "app/text/textId.h"
 #include "app/values/general.h"
 #include "app/values/numberText.h"
 #include "app/values/strings.h"
@@ -12,14 +13,11 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextEmptyCell = 12771;
-constexpr int kTextNoNumber = 12765;
-
 /// A failed check reports as asked and answers false.
-bool Refuse(int messageId, bool report)
+bool Refuse(TextNumber<0> message, bool report)
 {
     if (report)
-        MsgOk(messageId);
+        MsgOk(message);
     return false;
 }
 
@@ -27,8 +25,8 @@ bool Refuse(int messageId, bool report)
 bool ReadCell(const QString& text, double& number, CellReport report)
 {
     if (text.isEmpty())
-        return Refuse(kTextEmptyCell, report.Empty);
-    return StrToDoubleChecked(text, number) || Refuse(kTextNoNumber, report.Bad);
+        return Refuse(TextId::NumberMissing, report.Empty);
+    return StrToDoubleChecked(text, number) || Refuse(TextId::NotANumber, report.Bad);
 }
 
 /// `number` times `scale`. A product that misses a whole number only by the binary form of the decimal digits becomes
@@ -107,22 +105,23 @@ bool CheckCellInt(
     return true;
 }
 
-bool ParseFieldDouble(QByteArrayView field, double& value, Range<double> limits, int messageId, int line)
+bool ParseFieldDouble(QByteArrayView field, double& value, Range<double> limits, TextNumber<1> message, int line)
 {
     double number = 0;
     if (!StrToDoubleChecked(field, number)) {
-        MsgOkNum(messageId, line);
+        MsgOkNum(message, line);
         return false;
     }
     value = Clamp(number, limits.Min, limits.Max);
     return true;
 }
 
-bool ParseFieldInt(QByteArrayView field, std::int16_t& value, Range<std::int16_t> limits, int messageId, int line)
+bool ParseFieldInt(
+    QByteArrayView field, std::int16_t& value, Range<std::int16_t> limits, TextNumber<1> message, int line)
 {
     double number = 0;
     if (!StrToDoubleChecked(field, number)) {
-        MsgOkNum(messageId, line);
+        MsgOkNum(message, line);
         return false;
     }
     value = RoundToInt16(number, limits);

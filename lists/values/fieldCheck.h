@@ -1,6 +1,7 @@
 // lists/values/fieldCheck.h: typed and stored numbers: both decimal notations, limits, and the messages of bad input.
 #pragma once
 
+#include "app/text/textNumber.h"
 #include "lists/values/limits.h"
 
 #include <QByteArrayView>
@@ -52,8 +53,9 @@ QString CellText(double value, const CellFormat& format);
     QString& text, std::int16_t& value, Range<std::int16_t> limits, const char* picture, CellReport report = {});
 
 /// Field of a CSV line: clamped into `limits`. A field that is no number shows `messageId` with `line`.
-[[nodiscard]] bool ParseFieldDouble(QByteArrayView field, double& value, Range<double> limits, int messageId, int line);
+[[nodiscard]] bool ParseFieldDouble(
+    QByteArrayView field, double& value, Range<double> limits, TextNumber<1> message, int line);
 [[nodiscard]] bool ParseFieldInt(
-    QByteArrayView field, std::int16_t& value, Range<std::int16_t> limits, int messageId, int line);
+    QByteArrayView field, std::int16_t& value, Range<std::int16_t> limits, TextNumber<1> message, int line);
 
 } // namespace tarvik

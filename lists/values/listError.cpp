@@ -2,6 +2,7 @@
 
 #include "app/message/message.h"
 #include "app/text/ansi.h"
+#include "app/text/textId.h"
 #include "closed/loader.h"
 
 #include <algorithm>
@@ -11,18 +12,18 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextOfStoreException = 12827;
-
 /// A run of statuses whose texts are numbered in the same order.
 struct StatusRun {
     int First;
     int Last;
-    int FirstText;
+    TextNumber<0, 1> FirstText;
 };
 
-constexpr std::array kRuns{ StatusRun{ 8, 14, 12828 }, StatusRun{ 16, 16, 12838 }, StatusRun{ 18, 20, 12835 },
-    StatusRun{ 22, 43, 12839 }, StatusRun{ 44, 57, 12868 }, StatusRun{ 60, 61, 12882 }, StatusRun{ 65, 66, 12884 },
-    StatusRun{ 70, 71, 12890 }, StatusRun{ 72, 75, 12886 }, StatusRun{ 77, 82, 12861 } };
+constexpr std::array kRuns{ StatusRun{ 8, 14, TextId::StoreListErrors }, StatusRun{ 16, 16, TextId::StoreSortKeyError },
+    StatusRun{ 18, 20, TextId::StoreFileNameErrors }, StatusRun{ 22, 43, TextId::StoreMemoryErrors },
+    StatusRun{ 44, 57, TextId::StoreAntennaErrors }, StatusRun{ 60, 61, TextId::StoreRangeErrors },
+    StatusRun{ 65, 66, TextId::StoreRangeStopErrors }, StatusRun{ 70, 71, TextId::StoreRowErrors },
+    StatusRun{ 72, 75, TextId::StoreKfactorErrors }, StatusRun{ 77, 82, TextId::StoreCorrectionErrors } };
 
 QString StoreException()
 {
@@ -43,10 +44,10 @@ void ShowListError(int status, int item, bool show)
     const auto run = std::find_if(
         kRuns.begin(), kRuns.end(), [status](const StatusRun& at) { return status >= at.First && status <= at.Last; });
     if (run == kRuns.end()) {
-        MsgOk1(kTextOfStoreException, StoreException());
+        MsgOk1(TextId::StoreException, StoreException());
         return;
     }
-    const int text = run->FirstText + status - run->First;
+    const auto text = run->FirstText + (status - run->First);
     if (item < 0)
         MsgOk(text);
     else

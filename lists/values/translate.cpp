@@ -11,7 +11,7 @@ QString CodeToStr(const CodeTable& table, int code)
 {
     if (code >= 0 && code < table.Count)
         return LngStr(table.FirstText + code);
-    return table.UnknownText == 0 ? QString() : LngStr(table.UnknownText);
+    return table.UnknownText.IsNone() ? QString() : LngStr(table.UnknownText);
 }
 
 int StrToCode(const CodeTable& table, const QString& text)
@@ -80,7 +80,7 @@ int StrToUsedStatus(const QString& text)
 
 CodeTexts::CodeTexts(const CodeTable& table)
     : table_(table)
-    , unknown_(table.UnknownText == 0 ? QByteArray() : ToAnsi(LngStr(table.UnknownText)))
+    , unknown_(table.UnknownText.IsNone() ? QByteArray() : ToAnsi(LngStr(table.UnknownText)))
 {
     texts_.reserve(static_cast<size_t>(table.Count));
     for (int code = 0; code < table.Count; ++code)

@@ -1,6 +1,8 @@
 // lists/values/translate.h: the codes of receiver settings and their texts.
 #pragma once
 
+#include "app/text/textId.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -10,28 +12,26 @@ namespace tarvik {
 
 /// One setting: its codes count from 0, its texts stand in the order of the codes.
 struct CodeTable {
-    int FirstText;
+    TextNumber<0> FirstText;
     int Count;
-    int UnknownText; ///< text of a code out of range; 0 for an empty one
+    TextNumber<0> UnknownText; ///< of a code out of range; none for an empty one
     int NoMatch; ///< code of a text that is none of the table's
 };
 
-inline constexpr int kTextUnknownCode = 13500;
-
 /// Settings with few values: an unknown code is empty, an unknown text -1.
-inline constexpr CodeTable kMemoryStatusCodes{ 10826, 2, 0, -1 };
-inline constexpr CodeTable kSquelchStatusCodes{ 10852, 2, 0, -1 };
-inline constexpr CodeTable kAttenuatorStatusCodes{ 10854, 2, 0, -1 };
-inline constexpr CodeTable kAfcStatusCodes{ 10856, 2, 0, -1 };
-inline constexpr CodeTable kUsedStatusCodes{ 10858, 2, 0, -1 };
-inline constexpr CodeTable kDfSquelchStatusCodes{ 10862, 3, 0, -1 };
+inline constexpr CodeTable kMemoryStatusCodes{ TextId::MemoryStatusCodes, 2, {}, -1 };
+inline constexpr CodeTable kSquelchStatusCodes{ TextId::SquelchStatusCodes, 2, {}, -1 };
+inline constexpr CodeTable kAttenuatorStatusCodes{ TextId::AttenuatorStatusCodes, 2, {}, -1 };
+inline constexpr CodeTable kAfcStatusCodes{ TextId::AfcStatusCodes, 2, {}, -1 };
+inline constexpr CodeTable kUsedStatusCodes{ TextId::UsedStatusCodes, 2, {}, -1 };
+inline constexpr CodeTable kDfSquelchStatusCodes{ TextId::DfSquelchStatusCodes, 3, {}, -1 };
 
 /// Settings with many values: an unknown code is text 13500, an unknown text one past the last code.
-inline constexpr CodeTable kDemodulationCodes{ 10844, 8, kTextUnknownCode, 8 };
-inline constexpr CodeTable kBandwidthCodes{ 10828, 16, kTextUnknownCode, 16 };
-inline constexpr CodeTable kFrequencySpanCodes{ 10865, 13, kTextUnknownCode, 13 };
-inline constexpr CodeTable kDfStepCodes{ 10878, 34, kTextUnknownCode, 34 };
-inline constexpr CodeTable kDfBandwidthCodes{ 10934, 33, kTextUnknownCode, 33 };
+inline constexpr CodeTable kDemodulationCodes{ TextId::DemodulationCodes, 8, TextId::UnknownCode, 8 };
+inline constexpr CodeTable kBandwidthCodes{ TextId::BandwidthCodes, 16, TextId::UnknownCode, 16 };
+inline constexpr CodeTable kFrequencySpanCodes{ TextId::FrequencySpanCodes, 13, TextId::UnknownCode, 13 };
+inline constexpr CodeTable kDfStepCodes{ TextId::DfStepCodes, 34, TextId::UnknownCode, 34 };
+inline constexpr CodeTable kDfBandwidthCodes{ TextId::DfBandwidthCodes, 33, TextId::UnknownCode, 33 };
 
 QString CodeToStr(const CodeTable& table, int code);
 int StrToCode(const CodeTable& table, const QString& text);

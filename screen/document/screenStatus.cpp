@@ -1,6 +1,7 @@
 #include "screen/document/screenStatus.h"
 
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/region.h"
 #include "screen/document/color.h"
 #include "screen/document/description.h"
@@ -8,12 +9,6 @@
 #include <QScopedValueRollback>
 
 namespace tarvik {
-
-namespace {
-
-constexpr int kTextStatusHead = 14501;
-
-} // namespace
 
 void StatusFill(WindowId id)
 {
@@ -24,7 +19,7 @@ void StatusFill(WindowId id)
     const QScopedValueRollback filling(isFilling, true);
     const ScreenRecord* record = ScreenOf(id);
     const QDateTime date = record == nullptr ? QDateTime() : record->Date;
-    view->FillStatus(date.isValid() ? IniDateText(date) : QString(), LngStr(kTextStatusHead),
+    view->FillStatus(date.isValid() ? IniDateText(date) : QString(), LngStr(TextId::LiveScreenStatusHead),
         date.isValid() ? IniTimeText(date) : QString());
     StatusShow(id);
     view->LayOutDescription(DescrLayout(id, view->ClientSize()));

@@ -62,6 +62,31 @@ private:
     QString caption_;
 };
 
+class NoDesktop final : public ScreenDesktop {
+public:
+    ScreenViewOwner Load(WindowId) override
+    {
+        return LoadSizesView();
+    }
+    bool MainFrameIsActive() override
+    {
+        return false;
+    }
+    void Arrange(int) override { }
+    bool SetClipboard(const QImage&) override
+    {
+        return false;
+    }
+    bool Save(WindowId) override
+    {
+        return false;
+    }
+    QVector<WindowId> SelectWindows(const QVector<WindowId>&) override
+    {
+        return {};
+    }
+};
+
 using Views = std::array<ScreenViewOwner, kWindowSlots + 1>;
 
 Views& TheViews()
@@ -72,10 +97,15 @@ Views& TheViews()
 
 } // namespace
 
-ScreenViewHooks& TheScreenViewHooks()
+Port<ScreenDesktop>& TheScreenDesktop()
 {
-    static ProcessState<ScreenViewHooks> hooks;
-    return hooks.Get();
+    static PortOr<ScreenDesktop, NoDesktop> port;
+    return port;
+}
+
+ScreenViewOwner LoadSizesView()
+{
+    return std::make_shared<SizesView>();
 }
 
 ScreenView* ViewOf(WindowId id)
@@ -86,11 +116,8 @@ ScreenView* ViewOf(WindowId id)
 ScreenView& ViewLoad(WindowId id)
 {
     ScreenViewOwner& view = TheViews().at(static_cast<size_t>(id));
-    const auto& load = TheScreenViewHooks().Load;
-    if (!view && load)
-        view = load(id);
     if (!view)
-        view = std::make_shared<SizesView>();
+        view = TheScreenDesktop()->Load(id);
     return *view;
 }
 

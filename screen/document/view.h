@@ -2,13 +2,14 @@
 // has sizes where the program has no windows. Modules decide sizes, texts and colours; the view applies them.
 #pragma once
 
+#include "app/platform/port.h"
 #include "screen/document/window.h"
 
+#include <QImage>
 #include <QRect>
 #include <QSize>
 #include <QString>
 
-#include <functional>
 #include <memory>
 
 namespace tarvik {
@@ -55,15 +56,36 @@ public:
 /// Keeps the view alive; may be released from the view's own close event.
 using ScreenViewOwner = std::shared_ptr<ScreenView>;
 
-/// Creates the view of a new window. It is visible at once, behind the others until Show; sizes, picture and texts
-/// follow. The default is a view of sizes only, always in normal state.
-struct ScreenViewHooks {
-    std::function<ScreenViewOwner(WindowId)> Load;
-    std::function<bool()> MainFrameIsActive = [] { return false; };
-    std::function<void(int code)> Arrange = [](int) {
-    }; ///< 0 cascade, 1 and 2 tile, 3 icons: moves and sizes the windows
+/// Where the windows of documents lie: the frame's area, and the desktop around it.
+class ScreenDesktop {
+public:
+    /// Creates the view of a new window, never null. It is visible at once, behind the others until Show; sizes,
+    /// picture and texts follow.
+    virtual ScreenViewOwner Load(WindowId id) = 0;
+
+    virtual bool MainFrameIsActive() = 0;
+
+    /// Moves and sizes the windows: 0 cascade, 1 and 2 tile, 3 icons.
+    virtual void Arrange(int code) = 0;
+
+    /// False when the clipboard does not take the picture.
+    virtual bool SetClipboard(const QImage& picture) = 0;
+
+    /// The save command of a document; true when it was saved.
+    virtual bool Save(WindowId id) = 0;
+
+    /// Which of several windows the user chooses, in the order of the choice; empty when cancelled.
+    virtual QVector<WindowId> SelectWindows(const QVector<WindowId>& offered) = 0;
+
+protected:
+    ~ScreenDesktop() = default;
 };
-ScreenViewHooks& TheScreenViewHooks();
+
+/// Without an implementation a view is one of sizes only, always in normal state, and there is nothing else.
+Port<ScreenDesktop>& TheScreenDesktop();
+
+/// A view of sizes only.
+ScreenViewOwner LoadSizesView();
 
 /// The view of a window; null if it has none.
 ScreenView* ViewOf(WindowId id);

@@ -4,6 +4,7 @@
 #include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "app/values/region.h"
 #include "app/values/strings.h"
 
@@ -13,16 +14,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextNoSlot = 12711;
-constexpr int kTextReplaceOldest = 12713;
-constexpr int kTextSeparator = 14301;
-constexpr int kTextTypeMark = 14302;
-constexpr int kTextDateMark = 14303;
-constexpr int kTextTimeMark = 14304;
-constexpr int kTextDiagram = 13505;
-constexpr int kTextPicture = 14400;
-constexpr int kTextLiveScreen = 14500;
 
 struct TypeRules {
     qint16 Type = WindowFree;
@@ -82,7 +73,7 @@ WindowSlot TakeFreeSlot(qint16 type, qint16 subtype, qint16 documentIndex)
         record.Subtype = subtype;
         return { id, subtype, false };
     }
-    MsgOk(kTextNoSlot);
+    MsgOk(TextId::NoWindowLeft);
     return {};
 }
 
@@ -98,16 +89,17 @@ WindowId OldestOf(qint16 type)
 
 QString DefaultTemplate()
 {
-    const QString separator = LngStr(kTextSeparator);
-    return (LngStr(kTextTypeMark) + separator + LngStr(kTextDateMark) + separator + LngStr(kTextTimeMark))
+    const QString separator = LngStr(TextId::WindowTitleSeparator);
+    return (LngStr(TextId::WindowTitleType) + separator + LngStr(TextId::WindowTitleDate) + separator
+        + LngStr(TextId::WindowTitleTime))
         .left(kTitleTemplateLength);
 }
 
 QString TypeName(WindowId id)
 {
     if (WindowTypeOf(id) == WindowDataSet)
-        return LngStr(kTextDiagram);
-    return LngStr(WindowIsFileImage(id) ? kTextPicture : kTextLiveScreen);
+        return LngStr(TextId::Diagram);
+    return LngStr(WindowIsFileImage(id) ? TextId::Picture : TextId::LiveScreen);
 }
 
 QString WithoutTrailingBlanks(QString text)
@@ -203,7 +195,7 @@ WindowSlot WindowAllocate(qint16 type, qint16 subtype)
     const WindowId oldest = OldestOf(type);
     if (oldest == 0)
         return TakeFreeSlot(type, subtype, 1);
-    if (MsgAskOnce(kTextReplaceOldest) != MsgResultYes)
+    if (MsgAskOnce(TextId::ReplaceOldestWindow) != MsgResultYes)
         return {};
     return { oldest, subtype, true };
 }
@@ -257,9 +249,9 @@ QString WindowTitle(WindowId id, const QDateTime& documentDate)
     if (!WindowInUse(id))
         return {};
     const bool hasDate = documentDate.isValid();
-    QString title = StrReplace(WindowAt(id).TitleTemplate, LngStr(kTextTypeMark), TypeName(id));
-    title = StrReplace(title, LngStr(kTextDateMark), hasDate ? IniDateText(documentDate) : QString());
-    title = StrReplace(title, LngStr(kTextTimeMark), hasDate ? IniTimeText(documentDate) : QString());
+    QString title = StrReplace(WindowAt(id).TitleTemplate, LngStr(TextId::WindowTitleType), TypeName(id));
+    title = StrReplace(title, LngStr(TextId::WindowTitleDate), hasDate ? IniDateText(documentDate) : QString());
+    title = StrReplace(title, LngStr(TextId::WindowTitleTime), hasDate ? IniTimeText(documentDate) : QString());
     return WithoutTrailingBlanks(title);
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/forms/formLayout.h"
 #include "app/help/help.h"
+#include "app/text/textId.h"
 #include "screen/bitmap/stretch.h"
 #include "screen/files/document.h"
 #include "screen/files/pictureFile.h"
@@ -17,7 +18,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kHelpForm = 12483;
 constexpr QSize kLeastRoom(320, 200);
 constexpr double kMostOfScreen = 0.8;
 
@@ -28,7 +28,7 @@ FmScreenShotViewer::FmScreenShotViewer(const QImage& picture, const QString& nam
     , picture_(picture)
 {
     setWindowTitle(name);
-    SetHelpNumber(kHelpForm);
+    SetHelpNumber(TextId::ScreenShotCaptions);
     BuildControls();
     BuildLayout();
     PbGraph->setAccessibleName(name);
@@ -40,8 +40,8 @@ void FmScreenShotViewer::BuildControls()
     NameControl(stage_, QStringLiteral("Stage"));
     stage_->setMinimumSize(kLeastRoom);
     PbGraph = new PictureBox(stage_, "PbGraph", [this](QSize devicePixels) { return Stretch(picture_, devicePixels); });
-    BtClose = NewButton(this, "BtClose", { 12413, 12413, 12428 });
-    BtHelp = NewButton(this, "BtHelp", { 12414, 12414, 12429 });
+    BtClose = NewButton(this, "BtClose", { TextId::ControlClose, TextId::ControlClose, TextId::ControlCloseHint });
+    BtHelp = NewButton(this, "BtHelp", { TextId::ControlHelp, TextId::ControlHelp, TextId::ControlHelpHint });
     BtClose->setDefault(true);
     connect(BtClose, &QPushButton::clicked, this, [this] { Unload(); });
     connect(BtHelp, &QPushButton::clicked, this, [this] { ShowHelp(HelpNumber()); });
@@ -92,7 +92,7 @@ void FmScreenShotViewer::PlacePicture()
 
 void ShowScreenShot(const QString& path)
 {
-    const QImage picture = ImgRead(path, ImagePng); // screen shots have no other form
+    const QImage picture = ImgRead(path, ImageKind::Png); // screen shots have no other form
     if (picture.isNull())
         return;
     FmScreenShotViewer form(picture, QFileInfo(path).fileName(), QApplication::activeWindow());

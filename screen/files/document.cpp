@@ -4,8 +4,8 @@
 #include "app/platform/paths.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "closed/loader.h"
-#include "link/documents/file.h"
 #include "screen/document/color.h"
 #include "screen/document/compose.h"
 #include "screen/document/view.h"
@@ -18,27 +18,22 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextLoading = 10104;
-constexpr int kTextSaving = 10105;
-constexpr int kTextMetafileNotWritten = 12759;
-constexpr int kTextSeparator = 14301;
-
 /// Number of the text for an image that can't be read.
-int UnreadableText(int kind)
+TextNumber<1> UnreadableText(ImageKind kind)
 {
     switch (kind) {
-    case ImageBitmap:
-        return 12754;
-    case ImagePcx:
-        return 12756;
-    case ImagePng:
-        return 12760;
+    case ImageKind::Bitmap:
+        return TextId::BmpNotRead;
+    case ImageKind::Pcx:
+        return TextId::PcxNotRead;
+    case ImageKind::Png:
+        return TextId::PngNotRead;
     default:
-        return 12758;
+        return TextId::WmfNotRead;
     }
 }
 
-OpenedImage Refuse(const QString& path, int kind)
+OpenedImage Refuse(const QString& path, ImageKind kind)
 {
     MsgOk1(UnreadableText(kind), QFileInfo(path).fileName());
     return {};
@@ -66,7 +61,7 @@ WindowId ImgShow(const PictureToShow& picture)
     const WindowSlot slot = WindowAllocate(WindowScreen, picture.Subtype);
     if (slot.Id == 0)
         return 0;
-    StatusSet(picture.Title + LngStr(kTextSeparator) + LngStr(kTextLoading));
+    StatusSet(picture.Title + LngStr(TextId::WindowTitleSeparator) + LngStr(TextId::StatusLoadingPicture));
     const QImage master = DecodePicture(picture.Path, picture.Kind, picture.Size, PaperOfNewDocument());
     if (master.isNull()) {
         if (!slot.Reused)
@@ -80,7 +75,7 @@ WindowId ImgShow(const PictureToShow& picture)
     return slot.Id;
 }
 
-OpenedImage ImgOpen(const QString& path, int kind, qint16 subtype)
+OpenedImage ImgOpen(const QString& path, ImageKind kind, qint16 subtype)
 {
     if (!PictureLibraryIsThere())
         return {};
@@ -93,19 +88,18 @@ OpenedImage ImgOpen(const QString& path, int kind, qint16 subtype)
     return { id == 0 ? 1 : 0, id };
 }
 
-bool ImgSave(const QString& path, WindowId id)
+bool ImgSave(const QString& path, ImageKind kind, WindowId id)
 {
-    const int kind = ImageKindOf(FileKindOf(path).Kind);
-    if (kind == 0 || !PictureLibraryIsThere())
+    if (kind == ImageKind::None || !PictureLibraryIsThere())
         return false;
-    ScreenStatus(id, kTextSaving);
+    ScreenStatus(id, TextId::StatusSavingPicture);
     const QImage whole = ComposeWindow(id);
     const bool written = !whole.isNull() && EncodePicture(path, kind, whole);
     ScreenStatusClear();
     const QString name = QFileInfo(path).fileName();
     if (!written) {
-        if (kind == ImageMetafile)
-            MsgOk1(kTextMetafileNotWritten, name);
+        if (kind == ImageKind::Metafile)
+            MsgOk1(TextId::WmfNotWritten, name);
         return false;
     }
     WindowAt(id).Modified = false;
@@ -115,7 +109,7 @@ bool ImgSave(const QString& path, WindowId id)
     return true;
 }
 
-QImage ImgRead(const QString& path, int kind)
+QImage ImgRead(const QString& path, ImageKind kind)
 {
     if (!PictureLibraryIsThere())
         return {};

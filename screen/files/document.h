@@ -1,6 +1,7 @@
 // screen/files/document.h: pictures from files in windows, and windows in files.
 #pragma once
 
+#include "link/documents/fileKind.h"
 #include "screen/document/window.h"
 
 #include <QImage>
@@ -11,7 +12,7 @@ namespace tarvik {
 /// A picture file on its way into a window.
 struct PictureToShow {
     QString Path;
-    int Kind = 0; ///< see pictureFile.h
+    ImageKind Kind = ImageKind::None;
     QSize Size; ///< as PictureSize tells it
     qint16 Subtype = SubtypeFile;
     QString Title; ///< on the status line, while there is no window
@@ -31,19 +32,19 @@ struct OpenedImage {
     WindowId Id = 0;
 };
 
-/// Opens an image of a kind (see pictureFile.h) in a window of the given subtype. Non-zero when no window came to be: a
+/// Opens an image of a kind in a window of the given subtype. Non-zero when no window came to be: a
 /// file that can't be read has been reported by its kind's text, with its name; without the image library nothing is
 /// said.
-OpenedImage ImgOpen(const QString& path, int kind, qint16 subtype);
+OpenedImage ImgOpen(const QString& path, ImageKind kind, qint16 subtype);
 
-/// Writes the composed picture of a window (picture, description) in the format of the path's extension and clears the
+/// Writes the composed picture of a window (picture, description) as an image of a kind and clears the
 /// modified mark; the window of a file then bears the new name. False, with the mark as it was, when nothing was
-/// written: the extension is that of no image, the library is not there, or writing failed, which is told of a metafile
+/// written: the kind is none, the library is not there, or writing failed, which is told of a metafile
 /// (12759).
-[[nodiscard]] bool ImgSave(const QString& path, WindowId id);
+[[nodiscard]] bool ImgSave(const QString& path, ImageKind kind, WindowId id);
 
 /// Decodes an image of a kind without a window, transparent places in the paper of a new document. Null when that
 /// fails, which has been told as ImgOpen tells it.
-QImage ImgRead(const QString& path, int kind);
+QImage ImgRead(const QString& path, ImageKind kind);
 
 } // namespace tarvik

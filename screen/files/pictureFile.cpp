@@ -53,7 +53,7 @@ bool DecodePcx(const QByteArray& path, QSize size, const TvImgContext& context)
         && TvImg().ImgMemToDc(&context, kPlainMode, &Progress().WorkCounter) == 0;
 }
 
-QImage DecodeByLibrary(const QString& path, int kind, QSize size, quint32 paper)
+QImage DecodeByLibrary(const QString& path, ImageKind kind, QSize size, quint32 paper)
 {
     QImage picture(size, QImage::Format_RGB32);
     if (picture.isNull())
@@ -63,7 +63,7 @@ QImage DecodeByLibrary(const QString& path, int kind, QSize size, quint32 paper)
     const TvImgContext context = ContextOf(picture);
     ProgressStart(size.height());
     const bool decoded =
-        kind == ImagePng ? TvImg().ImgPngToDc(name.constData(), &context) == 0 : DecodePcx(name, size, context);
+        kind == ImageKind::Png ? TvImg().ImgPngToDc(name.constData(), &context) == 0 : DecodePcx(name, size, context);
     ProgressEnd();
     return decoded ? picture : QImage();
 }
@@ -74,12 +74,12 @@ QImage IfOfSize(const std::optional<QImage>& picture, QSize size)
     return picture && picture->size() == size ? *picture : QImage();
 }
 
-bool WriteByLibrary(const QString& path, int kind, const QImage& picture)
+bool WriteByLibrary(const QString& path, ImageKind kind, const QImage& picture)
 {
     const QByteArray name = ModulePath(path);
     const TvImgContext context = ContextToRead(picture);
     ProgressStart(picture.height());
-    const int16_t result = kind == ImagePng
+    const int16_t result = kind == ImageKind::Png
         ? TvImg().ImgDcToPng(name.constData(), &context, picture.width(), picture.height())
         : TvImg().ImgDcToPcx(
             name.constData(), &context, picture.width(), picture.height(), kPlainMode, &Progress().WorkCounter);
@@ -93,30 +93,30 @@ bool WriteBitmap(const QString& path, const QImage& picture)
     return file.open(QIODevice::WriteOnly) && picture.save(&file, "BMP") && file.Commit();
 }
 
-QImage Decode(const QString& path, int kind, QSize size, quint32 paper)
+QImage Decode(const QString& path, ImageKind kind, QSize size, quint32 paper)
 {
     switch (kind) {
-    case ImageBitmap:
+    case ImageKind::Bitmap:
         return IfOfSize(ReadBitmap(ReadWhole(path), ColorOf(paper)), size);
-    case ImageMetafile:
+    case ImageKind::Metafile:
         return IfOfSize(ReadMetafile(ReadWhole(path), ColorOf(paper)), size);
-    case ImagePng:
-    case ImagePcx:
+    case ImageKind::Png:
+    case ImageKind::Pcx:
         return DecodeByLibrary(path, kind, size, paper);
     default:
         return {};
     }
 }
 
-bool Encode(const QString& path, int kind, const QImage& picture)
+bool Encode(const QString& path, ImageKind kind, const QImage& picture)
 {
     switch (kind) {
-    case ImageBitmap:
+    case ImageKind::Bitmap:
         return WriteBitmap(path, picture);
-    case ImageMetafile:
+    case ImageKind::Metafile:
         return WriteMetafile(path, picture);
-    case ImagePng:
-    case ImagePcx:
+    case ImageKind::Png:
+    case ImageKind::Pcx:
         return WriteByLibrary(path, kind, picture);
     default:
         return false;
@@ -140,7 +140,7 @@ std::optional<QSize> PictureSize(const QString& path)
 
 // Memory that is not to be had is a failure like any other, and no reason to lose what is open beside the picture.
 
-QImage DecodePicture(const QString& path, int kind, QSize size, quint32 paper)
+QImage DecodePicture(const QString& path, ImageKind kind, QSize size, quint32 paper)
 {
     try {
         return Decode(path, kind, size, paper);
@@ -149,7 +149,7 @@ QImage DecodePicture(const QString& path, int kind, QSize size, quint32 paper)
     }
 }
 
-bool EncodePicture(const QString& path, int kind, const QImage& picture)
+bool EncodePicture(const QString& path, ImageKind kind, const QImage& picture)
 {
     try {
         return Encode(path, kind, picture);

@@ -2,15 +2,14 @@
 // bitmaps and metafiles by modules of this folder.
 #pragma once
 
+#include "link/documents/fileKind.h"
+
 #include <QImage>
 #include <QString>
 
 #include <optional>
 
 namespace tarvik {
-
-/// Kinds of images by number.
-enum ImageKind { ImageBitmap = 1, ImagePcx = 2, ImagePng = 3, ImageMetafile = 4 };
 
 /// True while the image library is bound. It is looked for when a picture is first handled, and again each time it was
 /// not there. The calls below need it.
@@ -22,9 +21,9 @@ std::optional<QSize> PictureSize(const QString& path);
 
 /// Decodes a picture of that size; transparent places show `paper` (0x00BBGGRR). The progress box counts lines.
 /// Format_RGB32; null for a file that is not whole or of another kind or size.
-QImage DecodePicture(const QString& path, int kind, QSize size, quint32 paper);
+QImage DecodePicture(const QString& path, ImageKind kind, QSize size, quint32 paper);
 
 /// Writes a picture whole or not at all; false, with the file as it was, when that fails.
-[[nodiscard]] bool EncodePicture(const QString& path, int kind, const QImage& picture);
+[[nodiscard]] bool EncodePicture(const QString& path, ImageKind kind, const QImage& picture);
 
 } // namespace tarvik

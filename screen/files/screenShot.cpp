@@ -3,10 +3,11 @@
 #include "app/message/message.h"
 #include "app/platform/replaceFile.h"
 #include "app/platform/seams.h"
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "link/channel/channel.h"
 #include "screen/files/document.h"
 #include "screen/files/pictureFile.h"
@@ -20,8 +21,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextLinkLost = 12703;
-constexpr int kTextLiveScreen = 14500;
 constexpr int kInstrumentPauseMs = 2000;
 constexpr WindowId kFailed = -1;
 
@@ -68,12 +67,28 @@ WindowId ShowCapture(const QString& path)
     if (!size)
         return kFailed;
     MsgAskOnceReset(); // what the user answered about files does not count here
-    const WindowId id = ImgShow({ path, ImagePng, *size, SubtypeLive, LngStr(kTextLiveScreen), QDateTime(), true });
+    const WindowId id =
+        ImgShow({ path, ImageKind::Png, *size, SubtypeLive, LngStr(TextId::LiveScreen), QDateTime(), true });
     if (id <= 0)
         return kFailed;
     QFile::remove(path);
     return id;
 }
+
+/// The frame's pointer shows that it works.
+class FramePointer {
+public:
+    FramePointer()
+    {
+        TheFrame()->ShowBusyPointer(true);
+    }
+    ~FramePointer()
+    {
+        TheFrame()->ShowBusyPointer(false);
+    }
+    FramePointer(const FramePointer&) = delete;
+    FramePointer& operator=(const FramePointer&) = delete;
+};
 
 } // namespace
 
@@ -84,11 +99,11 @@ WindowId FetchScreen()
     const QString name = TemporaryName(kExtension);
     if (name.isEmpty())
         return kFailed;
-    TheFrameHooks().FinishPainting();
+    TheFrame()->FinishPainting();
     const TemporaryFile file(name);
-    if (FetchInto(file.Path()) != kChannelOk) {
+    if (FetchInto(file.Path()) != ChannelStatus::Success) {
         ChannelDisconnect();
-        MsgOk(kTextLinkLost);
+        MsgOk(TextId::LinkLost);
         return kFailed;
     }
     return ShowCapture(file.Path());
@@ -98,11 +113,9 @@ void CaptureScreen()
 {
     if (!PictureLibraryIsThere())
         return;
-    BeginBusy();
-    TheFrameHooks().ShowBusyPointer(true);
+    const BusyScope busy;
+    const FramePointer pointer;
     FetchScreen();
-    TheFrameHooks().ShowBusyPointer(false);
-    EndBusy();
 }
 
 QString TemporaryName(const QString& extension)

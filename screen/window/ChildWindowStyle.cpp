@@ -1,5 +1,7 @@
 #include "screen/window/ChildWindowStyle.h"
 
+#include "app/forms/darkColor.h"
+
 #include <QMdiArea>
 #include <QProxyStyle>
 #include <QStyleOptionTitleBar>
@@ -8,7 +10,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kMiddleLightness = 128;
 constexpr int kBarPercent = 130; ///< lightness of the bar relative to the window background
 
 class TitleBarStyle final : public QProxyStyle {
@@ -27,7 +28,7 @@ private:
     bool IsIllegible(const QStyleOptionTitleBar& bar) const
     {
         return (bar.titleBarState & State_Active) == 0 && baseStyle()->name() == QLatin1String("fusion")
-            && bar.palette.color(QPalette::Window).lightness() < kMiddleLightness;
+            && IsDark(bar.palette.color(QPalette::Window));
     }
 
     /// Draws the bar like an active one, with white buttons, but in its own colour.

@@ -3,6 +3,7 @@
 #include "app/forms/formLayout.h"
 #include "app/help/help.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "screen/window/ColumnsBox.h"
 
 #include <QBoxLayout>
@@ -13,23 +14,12 @@
 
 namespace tarvik {
 
-namespace {
-
-constexpr int kTextForm = 10500;
-constexpr int kHelpForm = 10501;
-constexpr int kTextColumns = 10502;
-constexpr int kTextLines = 10504;
-constexpr int kTextDefault = 10506;
-constexpr int kHintColumns = 10518;
-
-} // namespace
-
 FmDescription::FmDescription(WindowId id, QWidget* parent)
     : FormBase("FmDescription", parent)
     , choice_(id)
 {
-    LngSetForm(this, kTextForm);
-    SetHelpNumber(kHelpForm);
+    LngSetForm(this, TextId::DescriptionTitle);
+    SetHelpNumber(HelpId::Description);
     BuildControls();
     BuildButtons();
     BuildLayout();
@@ -37,25 +27,29 @@ FmDescription::FmDescription(WindowId id, QWidget* parent)
 
 void FmDescription::BuildControls()
 {
-    LbText1 = NewLabel(this, "LbText1", { kTextColumns });
+    LbText1 = NewLabel(this, "LbText1", { TextId::DescriptionColumns });
     UpDown = new ColumnsBox(this);
     BindLabel(LbText1, UpDown);
     UpDown->TextBox()->setAccessibleName(UpDown->accessibleName());
     for (QWidget* control : { static_cast<QWidget*>(UpDown), static_cast<QWidget*>(UpDown->TextBox()) }) {
-        SetControlHelp(control, kTextColumns);
-        SetControlHint(control, kHintColumns);
+        SetControlHelp(control, TextId::DescriptionColumns);
+        SetControlHint(control, TextId::DescriptionColumnsHint);
     }
-    LbDefault = NewLabel(this, "LbDefault", { kTextDefault });
-    LbText2 = NewLabel(this, "LbText2", { kTextLines });
+    LbDefault = NewLabel(this, "LbDefault", { TextId::DescriptionDefaultWidth });
+    LbText2 = NewLabel(this, "LbText2", { TextId::DescriptionLines });
 }
 
 void FmDescription::BuildButtons()
 {
-    BtDefault = NewButton(this, "BtDefault", { 10514, 10514, 10515 });
-    BtApply = NewButton(this, "BtApply", { 10508, 10508, 10509 });
-    BtClose = NewButton(this, "BtClose", { 10510, 10510, 10511 });
-    BtCancel = NewButton(this, "BtCancel", { 10512, 10512, 10513 });
-    BtHelp = NewButton(this, "BtHelp", { 10516, 10516, 10517 });
+    BtDefault = NewButton(
+        this, "BtDefault", { TextId::DescriptionDefault, TextId::DescriptionDefault, TextId::DescriptionDefaultHint });
+    BtApply = NewButton(
+        this, "BtApply", { TextId::DescriptionApply, TextId::DescriptionApply, TextId::DescriptionApplyHint });
+    BtClose = NewButton(this, "BtClose", { TextId::DescriptionOk, TextId::DescriptionOk, TextId::DescriptionOkHint });
+    BtCancel = NewButton(
+        this, "BtCancel", { TextId::DescriptionCancel, TextId::DescriptionCancel, TextId::DescriptionCancelHint });
+    BtHelp =
+        NewButton(this, "BtHelp", { TextId::DescriptionHelp, TextId::DescriptionHelp, TextId::DescriptionHelpHint });
     BtClose->setDefault(true);
     connect(BtDefault, &QPushButton::clicked, this, [this] { UpDown->SetValue(choice_.Limits().Default); });
     connect(BtApply, &QPushButton::clicked, this, [this] { Apply(); });
@@ -90,7 +84,7 @@ bool FmDescription::OnLoad()
 {
     keeps_ = false;
     const DescriptionColumns limits = choice_.Limits();
-    LbDefault->setText(LngStr(kTextDefault) + u' ' + QString::number(limits.Default));
+    LbDefault->setText(LngStr(TextId::DescriptionDefaultWidth) + u' ' + QString::number(limits.Default));
     UpDown->SetRange(limits.Least, limits.Most);
     UpDown->SetValue(choice_.Columns());
     DialogPush(*this, false);

@@ -4,6 +4,7 @@
 #include "app/help/help.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "screen/document/view.h"
 
 #include <QApplication>
@@ -16,14 +17,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextForm = 13200;
-constexpr int kHelpForm = 13201;
-constexpr int kTextFrame = 13202;
-constexpr int kTextColour = 13203;
-constexpr int kTextBlackAndWhite = 13205;
-constexpr int kHintFrame = 13216;
-
-QRadioButton* NewOption(QWidget* parent, int index, int text)
+QRadioButton* NewOption(QWidget* parent, int index, TextNumber<0> text)
 {
     auto* option = new QRadioButton(parent);
     LngSetCtrl(option, text);
@@ -38,22 +32,22 @@ QRadioButton* NewOption(QWidget* parent, int index, int text)
 FmPalette::FmPalette(QWidget* parent)
     : FormBase("FmPalette", parent)
 {
-    LngSetForm(this, kTextForm);
-    SetHelpNumber(kHelpForm);
+    LngSetForm(this, TextId::PaletteTitle);
+    SetHelpNumber(HelpId::Palette);
     BuildControls();
     BuildLayout();
 }
 
 void FmPalette::BuildControls()
 {
-    FrPalette = NewFrame(this, "FrPalette", { kTextFrame, kTextFrame, kHintFrame });
-    OpPalette = { NewOption(FrPalette, PaletteColour, kTextColour),
-        NewOption(FrPalette, PaletteBlackAndWhite, kTextBlackAndWhite) };
+    FrPalette = NewFrame(this, "FrPalette", { TextId::PaletteFrame, TextId::PaletteFrame, TextId::PaletteFrameHint });
+    OpPalette = { NewOption(FrPalette, PaletteColour, TextId::PaletteColour),
+        NewOption(FrPalette, PaletteBlackAndWhite, TextId::PaletteBlackAndWhite) };
     for (QRadioButton* option : OpPalette)
         connect(option, &QRadioButton::clicked, this, [this] { Choose(); });
-    BtClose = NewButton(this, "BtClose", { 13207, 13207, 13214 });
-    BtCancel = NewButton(this, "BtCancel", { 13210, 13210, 13218 });
-    BtHelp = NewButton(this, "BtHelp", { 13212, 13212, 0 });
+    BtClose = NewButton(this, "BtClose", { TextId::PaletteClose, TextId::PaletteClose, TextId::PaletteCloseHint });
+    BtCancel = NewButton(this, "BtCancel", { TextId::PaletteCancel, TextId::PaletteCancel, TextId::PaletteCancelHint });
+    BtHelp = NewButton(this, "BtHelp", { TextId::PaletteHelp, TextId::PaletteHelp });
     BtHelp->setEnabled(false);
     BtClose->setDefault(true);
     connect(BtClose, &QPushButton::clicked, this, [this] {

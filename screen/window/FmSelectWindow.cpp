@@ -3,6 +3,7 @@
 #include "app/forms/Pictures.h"
 #include "app/forms/formLayout.h"
 #include "app/help/help.h"
+#include "app/text/textId.h"
 #include "screen/document/view.h"
 
 #include <QBoxLayout>
@@ -14,8 +15,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextForm = 13400;
-constexpr int kHelpForm = 13401;
 constexpr int kWidthCharacters = 44;
 constexpr int kRowsSeen = 8;
 
@@ -25,8 +24,8 @@ FmSelectWindow::FmSelectWindow(const QVector<WindowId>& offered, QWidget* parent
     : FormBase("FmSelectWindow", parent)
     , offered_(offered)
 {
-    LngSetForm(this, kTextForm);
-    SetHelpNumber(kHelpForm);
+    LngSetForm(this, TextId::SelectWindowsTitle);
+    SetHelpNumber(HelpId::SelectWindows);
     BuildControls();
     BuildLayout();
 }
@@ -39,13 +38,17 @@ void FmSelectWindow::BuildControls()
     LxWin->setUniformItemSizes(true);
     LxWin->setTextElideMode(Qt::ElideMiddle);
     LxWin->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    SetControlHelp(LxWin, 13402);
-    SetControlHint(LxWin, 13403);
-    BtAll = NewButton(this, "BtAll", { 13404, 13404, 13405 });
-    BtClear = NewButton(this, "BtClear", { 13406, 13406, 13407 });
-    BtOk = NewButton(this, "BtOk", { 13408, 13408, 13409 });
-    BtCancel = NewButton(this, "BtCancel", { 13410, 13410, 13411 });
-    BtHelp = NewButton(this, "BtHelp", { 13412, 13412, 13413 });
+    SetControlHelp(LxWin, TextId::SelectWindowsList);
+    SetControlHint(LxWin, TextId::SelectWindowsListHint);
+    BtAll =
+        NewButton(this, "BtAll", { TextId::SelectWindowsAll, TextId::SelectWindowsAll, TextId::SelectWindowsAllHint });
+    BtClear = NewButton(
+        this, "BtClear", { TextId::SelectWindowsNone, TextId::SelectWindowsNone, TextId::SelectWindowsNoneHint });
+    BtOk = NewButton(this, "BtOk", { TextId::SelectWindowsOk, TextId::SelectWindowsOk, TextId::SelectWindowsOkHint });
+    BtCancel = NewButton(this, "BtCancel",
+        { TextId::SelectWindowsCancel, TextId::SelectWindowsCancel, TextId::SelectWindowsCancelHint });
+    BtHelp = NewButton(
+        this, "BtHelp", { TextId::SelectWindowsHelp, TextId::SelectWindowsHelp, TextId::SelectWindowsHelpHint });
     BtOk->setDefault(true);
     connect(LxWin, &QListWidget::itemSelectionChanged, this,
         [this] { BtOk->setEnabled(!LxWin->selectedItems().isEmpty()); });
@@ -59,7 +62,7 @@ void FmSelectWindow::BuildControls()
 
 void FmSelectWindow::BuildLayout()
 {
-    QLabel* label = NewLabel(this, "LbWin", { 13402 });
+    QLabel* label = NewLabel(this, "LbWin", { TextId::SelectWindowsList });
     BindLabel(label, LxWin);
     const QFontMetrics font = LxWin->fontMetrics();
     LxWin->setMinimumSize(kWidthCharacters * font.averageCharWidth(), kRowsSeen * (font.lineSpacing() + 2));

@@ -3,9 +3,10 @@
 #include "app/forms/Pictures.h"
 #include "app/forms/form.h"
 #include "app/frame/MfMain.h"
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "screen/document/color.h"
 #include "screen/document/description.h"
 #include "screen/document/screenTable.h"
@@ -30,13 +31,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kHelpImage = 14401;
-constexpr int kHelpImageDescription = 14402;
-constexpr int kHelpLive = 14502;
-constexpr int kHelpLiveDescription = 14503;
-constexpr int kHelpStatus = 14504;
-constexpr int kTextDescription = 11000;
 
 /// Escapes the placeholder for "modified" in a window title.
 QString TitleOf(QString caption)
@@ -104,7 +98,7 @@ void MfScreen::BuildDescription()
     LnDescr = NewLine(this, "LnDescr");
     LnDescr->hide();
     TbDescription = new DescriptionBox(this);
-    TbDescription->setAccessibleName(LngStr(kTextDescription));
+    TbDescription->setAccessibleName(LngStr(TextId::DescriptionLabel));
     TbDescription->hide();
     TbDescription->installEventFilter(this);
     connect(TbDescription, &DescriptionBox::Edited, this, [this](const QString& text) {
@@ -125,7 +119,7 @@ void MfScreen::BuildStatus()
     TbStatus->setReadOnly(true);
     LnStatus = NewLine(this, "LnStatus");
     for (QWidget* control : StatusPanel())
-        SetControlHelp(control, kHelpStatus);
+        SetControlHelp(control, HelpId::LiveScreenStatus);
     HideStatus();
 }
 
@@ -157,10 +151,10 @@ void MfScreen::BuildWindow()
 
 void MfScreen::SetHelp(bool imageFromFile)
 {
-    const int help = imageFromFile ? kHelpImage : kHelpLive;
+    const int help = imageFromFile ? HelpId::Image : HelpId::LiveScreen;
     SetControlHelp(this, help);
     SetControlHelp(child_, help);
-    SetControlHelp(TbDescription, imageFromFile ? kHelpImageDescription : kHelpLiveDescription);
+    SetControlHelp(TbDescription, imageFromFile ? HelpId::ImageDescription : HelpId::LiveScreenDescription);
 }
 
 void MfScreen::Release()
@@ -349,7 +343,7 @@ void MfScreen::StateChanged(Qt::WindowStates before, Qt::WindowStates now)
         return;
     if (before.testFlag(Qt::WindowMinimized))
         ScreenResized(id_, false);
-    TheFrameHooks().MenuUpdate();
+    TheFrame()->MenuUpdate();
 }
 
 bool MfScreen::eventFilter(QObject* watched, QEvent* event)

@@ -1,9 +1,11 @@
 #include "screen/window/arrange.h"
 
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 #include "app/state/project.h"
 #include "screen/document/fit.h"
 #include "screen/document/view.h"
+
+#include <QScopedValueRollback>
 
 namespace tarvik {
 
@@ -23,9 +25,10 @@ void SetAllToDefaultSize()
 
 void ArrangeWindows(int code)
 {
-    TheScreenWindows().Arranging = code;
-    TheScreenViewHooks().Arrange(code);
-    TheScreenWindows().Arranging = ArrangeNone;
+    {
+        const QScopedValueRollback arranging(TheScreenWindows().Arranging, code);
+        TheScreenDesktop()->Arrange(code);
+    }
     if (code == ArrangeCascade)
         SetAllToDefaultSize();
 }
@@ -33,7 +36,7 @@ void ArrangeWindows(int code)
 void ToggleAutoTile()
 {
     Program().AutoTile = !Program().AutoTile;
-    TheFrameHooks().MenuUpdate();
+    TheFrame()->MenuUpdate();
     RetileIfAutoTile();
 }
 
@@ -52,9 +55,7 @@ void ChooseWindows(int mask, bool withImages)
         return;
     }
     chosen.clear();
-    const auto& select = TheScreenWindowHooks().SelectWindows;
-    if (select && !select(offered))
-        chosen.clear();
+    chosen = TheScreenDesktop()->SelectWindows(offered);
 }
 
 } // namespace tarvik

@@ -4,18 +4,17 @@
 #include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
+#include "app/text/textId.h"
 #include "screen/document/view.h"
 #include "screen/window/arrange.h"
+
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextNoWindow = 11801;
-constexpr int kTextSaveBeforeClosing = 12712;
-constexpr int kTextSave = 12714;
 
 constexpr int kRecheckMs = 100;
 
@@ -36,7 +35,7 @@ int AskWhetherToSave(WindowId id, bool single)
 {
     if (WindowTable().NoQuestions)
         return MsgResultNo;
-    const int text = id == 0 ? kTextSaveBeforeClosing : kTextSave;
+    const auto text = id == 0 ? TextId::SaveBeforeClosing : TextId::SaveChanges;
     const QString title = ScreenTitle(id);
     if (single || WindowCount(0) == 1)
         return MsgYesNoCancel1(text, title);
@@ -53,12 +52,12 @@ void ForgetNoAll()
 
 bool Save(const QVector<WindowId>& ids)
 {
-    const auto& save = TheScreenWindowHooks().Save;
-    return save && std::all_of(ids.begin(), ids.end(), save);
+    return std::all_of(ids.begin(), ids.end(), [](WindowId id) { return TheScreenDesktop()->Save(id); });
 }
 
 bool CloseEach()
 {
+    const QScopedValueRollback closing(TheScreenWindows().ClosingAll, true);
     while (WindowCount(0) > 0) {
         const WindowId active = WindowTable().Active;
         if (!CloseWindow(WindowInUse(active) ? active : WindowNext(0), false))
@@ -75,7 +74,7 @@ void ShowHintWhenIdle(int milliseconds)
         if (WindowCount(0) > 0)
             return;
         if (Program().Idle)
-            StatusSetId(kTextNoWindow);
+            StatusSetId(TextId::PressF1ForHelp);
         else
             ShowHintWhenIdle(kRecheckMs);
     });
@@ -84,7 +83,7 @@ void ShowHintWhenIdle(int milliseconds)
 /// A running command clears the status line when it ends.
 void ShowNoWindowHint()
 {
-    StatusSetId(kTextNoWindow);
+    StatusSetId(TextId::PressF1ForHelp);
     if (!Program().Idle)
         ShowHintWhenIdle(0);
 }
@@ -120,9 +119,7 @@ bool CloseWindow(WindowId id, bool single)
 bool CloseAllWindows()
 {
     ForgetNoAll();
-    TheScreenWindows().ClosingAll = true;
     const bool closed = CloseEach();
-    TheScreenWindows().ClosingAll = false;
     ForgetNoAll();
     RetileIfAutoTile();
     return closed;
@@ -141,10 +138,8 @@ bool ScreenMayClose(WindowId id)
 {
     if (!CanAct())
         return false;
-    BeginBusy(); // saving processes events
-    const bool mayClose = CloseQuestion(id, true);
-    EndBusy();
-    return mayClose;
+    const BusyScope busy; // saving processes events
+    return CloseQuestion(id, true);
 }
 
 void ScreenUnloaded(WindowId id)

@@ -2,6 +2,7 @@
 
 #include "app/message/message.h"
 #include "app/state/project.h"
+#include "app/text/textId.h"
 #include "screen/document/fit.h"
 #include "screen/document/screenStatus.h"
 #include "screen/window/screenWindow.h"
@@ -11,8 +12,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr int kTextOutOfRange = 12749;
 
 void ShowText(WindowId id)
 {
@@ -118,11 +117,9 @@ void DescrResize(WindowId id)
     }
     if (view->State() == WinStateMaximised)
         return;
-    WindowRecord& record = WindowAt(id);
-    record.InResize = true;
+    const QScopedValueRollback resizing(WindowAt(id).InResize, true);
     const int height = view->GraphSize().height() + DescrHeight(id) + StatusHeight(id);
     view->SetClientSize({ view->ClientSize().width(), height });
-    record.InResize = false;
 }
 
 DescriptionChoice::DescriptionChoice(WindowId id)
@@ -148,7 +145,7 @@ bool DescriptionChoice::Apply(const QString& typed)
     const DescriptionColumns limits = Limits();
     int columns = 0;
     if (!ValidInt(typed, limits, columns)) {
-        MsgOkNum2(kTextOutOfRange, limits.Most, limits.Least);
+        MsgOkNum2(TextId::NumberOutOfRange, limits.Most, limits.Least);
         return false;
     }
     if (WindowInUse(id_)) {

@@ -3,10 +3,11 @@
 #include "app/message/message.h"
 #include "app/platform/debug.h"
 #include "app/platform/processState.h"
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "link/connection/connect.h"
 #include "screen/bitmap/stretch.h"
 #include "screen/document/color.h"
@@ -15,37 +16,13 @@
 #include "screen/document/fit.h"
 #include "screen/document/screenStatus.h"
 
+#include <QScopedValueRollback>
+
 namespace tarvik {
 
 namespace {
 
-constexpr int kTextDrawing = 10106;
-constexpr int kTextCopying = 10107;
-constexpr int kTextNotCopied = 12707;
-constexpr int kTextSeparator = 14301;
-
 constexpr quint32 kInk = 0x000000;
-
-/// While it lives, resize events of the window are ignored: the program is resizing it.
-class InResize {
-public:
-    explicit InResize(WindowId id)
-        : record_(WindowAt(id))
-        , before_(record_.InResize)
-    {
-        record_.InResize = true;
-    }
-    ~InResize()
-    {
-        record_.InResize = before_;
-    }
-    InResize(const InResize&) = delete;
-    InResize& operator=(const InResize&) = delete;
-
-private:
-    WindowRecord& record_;
-    bool before_;
-};
 
 bool IsMinimised(WindowId id)
 {
@@ -98,12 +75,6 @@ ScreenWindowState& TheScreenWindows()
     return state.Get();
 }
 
-ScreenWindowHooks& TheScreenWindowHooks()
-{
-    static ProcessState<ScreenWindowHooks> hooks;
-    return hooks.Get();
-}
-
 void ScreenCreate(const WindowSlot& slot, const NewDocument& document)
 {
     WindowPlacement placement;
@@ -122,7 +93,7 @@ void ScreenCreate(const WindowSlot& slot, const NewDocument& document)
     view.SetCaption(document.Caption);
     WindowAt(slot.Id).GraphicsValid = true;
     DrawScreenWindow(slot.Id);
-    if (TheScreenViewHooks().MainFrameIsActive())
+    if (TheScreenDesktop()->MainFrameIsActive())
         view.Show();
 }
 
@@ -146,7 +117,7 @@ void ScreenActivated(WindowId id, bool active)
         WindowSetActive(id);
     else
         WindowTable().Active = 0;
-    TheFrameHooks().MenuUpdate();
+    TheFrame()->MenuUpdate();
 }
 
 void CheckPendingResize(bool leftButtonDown)
@@ -179,7 +150,7 @@ void SizeNewWindow(WindowId id)
     const bool isPlaced = placement.Left != kPlacedBySystem || placement.Top != kPlacedBySystem;
     const QSize wished(placement.ClientWidth, placement.ClientHeight);
     {
-        const InResize guard(id);
+        const QScopedValueRollback resizing(WindowAt(id).InResize, true);
         if (isPlaced && view->State() != WinStateMaximised)
             view->MoveTo({ placement.Left, placement.Top });
         view->SetClientSize(wished == QSize(0, 0) ? size : wished);
@@ -195,10 +166,10 @@ void ApplySize(WindowId id)
     if (IsMinimised(id))
         return;
     {
-        const InResize guard(id);
+        const QScopedValueRollback resizing(WindowAt(id).InResize, true);
         FitWindow(id);
     }
-    TheFrameHooks().MenuUpdate();
+    TheFrame()->MenuUpdate();
 }
 
 void FitWindow(WindowId id)
@@ -242,7 +213,7 @@ void DrawScreenWindow(WindowId id)
     ScreenView* view = ViewOf(id);
     if (record == nullptr || view == nullptr || !WindowAt(id).GraphicsValid)
         return;
-    ScreenStatus(id, kTextDrawing);
+    ScreenStatus(id, TextId::StatusDrawingPicture);
     ForceColours(id);
     QImage graph = ScreenPicture(id, view->GraphSize());
     if (graph.isNull()) {
@@ -274,7 +245,7 @@ void SetDefaultSize(WindowId id)
         return;
     view->SetNormal();
     {
-        const InResize guard(id);
+        const QScopedValueRollback resizing(WindowAt(id).InResize, true);
         view->SetClientSize(DefaultClientSize(id));
     }
     if (view->GraphSize() != DefaultGraph(id))
@@ -291,9 +262,9 @@ QString ScreenTitle(WindowId id)
     return WindowTitle(id, record == nullptr ? QDateTime() : record->Date);
 }
 
-void ScreenStatus(WindowId id, int textId)
+void ScreenStatus(WindowId id, TextNumber<0> text)
 {
-    StatusSet(ScreenTitle(id) + LngStr(kTextSeparator) + LngStr(textId));
+    StatusSet(ScreenTitle(id) + LngStr(TextId::WindowTitleSeparator) + LngStr(text));
 }
 
 void ScreenStatusClear()
@@ -305,10 +276,10 @@ void CopyGraphics(WindowId id)
 {
     if (!WindowInUse(id))
         return;
-    ScreenStatus(id, kTextCopying);
+    ScreenStatus(id, TextId::StatusCopyingPicture);
     const QImage picture = ComposeWindow(id);
-    if (picture.isNull() || !TheScreenWindowHooks().SetClipboard(picture))
-        MsgOk(kTextNotCopied);
+    if (picture.isNull() || !TheScreenDesktop()->SetClipboard(picture))
+        MsgOk(TextId::PictureNotCopied);
     ScreenStatusClear();
 }
 

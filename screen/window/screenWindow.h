@@ -2,12 +2,11 @@
 // decisions; the window itself is accessed through screen/document/view.h.
 #pragma once
 
+#include "app/text/textNumber.h"
 #include "screen/document/screenTable.h"
 
 #include <QImage>
 #include <QString>
-
-#include <functional>
 
 namespace tarvik {
 
@@ -71,18 +70,10 @@ void SetDefaultSize(WindowId id);
 QString ScreenTitle(WindowId id);
 
 /// Shows the window's title and a text on the status line, or clears it.
-void ScreenStatus(WindowId id, int textId);
+void ScreenStatus(WindowId id, TextNumber<0> text);
 void ScreenStatusClear();
 
 /// Copies the composed picture to the clipboard; text 12707 on failure.
 void CopyGraphics(WindowId id);
-
-/// Services of the desktop and of other rooms; bound by the composition.
-struct ScreenWindowHooks {
-    std::function<bool(const QImage&)> SetClipboard = [](const QImage&) { return false; };
-    std::function<bool(WindowId)> Save; ///< saves a document; true if it was saved
-    std::function<bool(const QVector<WindowId>& offered)> SelectWindows; ///< shows FmSelectWindow; fills Chosen
-};
-ScreenWindowHooks& TheScreenWindowHooks();
 
 } // namespace tarvik

@@ -143,8 +143,8 @@ TEST_F(Loader, ReadsModuleVersionWithoutLoading)
 {
     const std::optional<FileVersion> version = ReadFileVersion(QString::fromUtf8(TVFIO_FILE));
     ASSERT_TRUE(version.has_value());
-    EXPECT_EQ(version->File, QStringLiteral("4.3.0.0"));
-    EXPECT_EQ(version->Product, QStringLiteral("4.3.0.0"));
+    EXPECT_EQ(version->File, QStringLiteral(PRODUCT_VERSION));
+    EXPECT_EQ(version->Product, QStringLiteral(PRODUCT_VERSION));
     EXPECT_FALSE(ModuleIsBound(Module::ListStore));
 }
 

@@ -305,7 +305,7 @@ TEST_P(ImgOwnFile, PeersDecodeBitmap)
     Picture picture = Sample(GetParam());
     const QImage image(
         reinterpret_cast<const uchar*>(picture.Context().Pixels), picture.Width, picture.Height, QImage::Format_RGB32);
-    ASSERT_TRUE(tarvik::EncodePicture(QString::fromStdString(Path("v.bmp")), tarvik::ImageBitmap, image));
+    ASSERT_TRUE(tarvik::EncodePicture(QString::fromStdString(Path("v.bmp")), tarvik::ImageKind::Bitmap, image));
     EXPECT_EQ(ByImageMagick("v.bmp"), Levels(picture));
     EXPECT_EQ(ByNetpbm("v.bmp", Levels(picture).size()), Levels(picture));
 }

@@ -1,11 +1,12 @@
 #include "app/frame/commands.h"
-#include "app/help/help.h"
+#include "app/platform/instrumentLink.h"
 #include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
 #include "link/bindLink.h"
 #include "link/connection/connect.h"
 #include "tests/support/fakeChannel.h"
+#include "tests/support/fakeHelp.h"
 #include "tests/support/forms.h"
 
 #include <QApplication>
@@ -68,7 +69,7 @@ TEST_F(BoundLink, CommandOpensTheConnections)
 
 TEST_F(BoundLink, StartReconnects)
 {
-    TheProjectHooks().AutoConnect(true);
+    TheInstrumentLink()->AutoConnect(true);
     EXPECT_EQ(calls, QStringList{ "Connect@FmConnecting" });
     EXPECT_TRUE(fake.Connected);
     EXPECT_TRUE(CanAct());
@@ -77,26 +78,22 @@ TEST_F(BoundLink, StartReconnects)
 TEST_F(BoundLink, StartOffersTheConnectionsAfterAFailure)
 {
     Program().ConnectedAtExit = true;
-    fake.Answer("Connect", kChannelLinkFailed);
+    fake.Answer("Connect", ChannelStatus::LinkFailed);
     CloseWhenShown("FmConnect");
-    TheProjectHooks().AutoConnect(true);
+    TheInstrumentLink()->AutoConnect(true);
     EXPECT_EQ(calls, QStringList{ "Connect@FmConnecting" });
     EXPECT_EQ(shown, QStringList{ "FmConnect" });
 }
 
 TEST_F(BoundLink, HelpIsRefusedWhileAConnectRuns)
 {
-    int topics = 0;
-    TheHelpHooks().ShowTopic = [&](int) {
-        ++topics;
-        return true;
-    };
+    FakeHelp help;
     Connection().ConnectInProgress = true;
     ShowHelp(10301);
-    EXPECT_EQ(topics, 0);
+    EXPECT_TRUE(help.Topics.isEmpty());
     Connection().ConnectInProgress = false;
     ShowHelp(10301);
-    EXPECT_EQ(topics, 1);
+    EXPECT_EQ(help.Topics, QList<int>{ 10301 });
 }
 
 } // namespace tarvik

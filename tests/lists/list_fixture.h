@@ -1,6 +1,7 @@
 // tests/lists/list_fixture.h: start values of the list modules, and the lists that tests begin with.
 #pragma once
 
+#include "tests/support/fileClasses.h"
 #include "tests/support/fixture.h"
 
 #include "app/platform/seams.h"
@@ -16,18 +17,18 @@ namespace tarvik {
 /// Editors of all list types, which only note that they are shown.
 class FakeEditors final : public ListEditors {
 public:
-    bool HasEditor(int) const override
+    bool HasEditor(FileClass) const override
     {
         return AreThere;
     }
-    void ShowEditor(int listType) override
+    void ShowEditor(FileClass listType) override
     {
         Shown.append(listType);
         WhileShown();
     }
 
     bool AreThere = true;
-    QList<int> Shown;
+    QList<FileClass> Shown;
     std::function<void()> WhileShown = [] {};
 };
 

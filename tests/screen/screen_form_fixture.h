@@ -1,7 +1,7 @@
 // tests/screen/screen_form_fixture.h: document windows in a complete frame, bound as by the composition.
 #pragma once
 
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 #include "screen/bindScreen.h"
 #include "screen/document/screenTable.h"
 #include "screen/document/window.h"
@@ -16,7 +16,7 @@
 
 namespace tarvik {
 
-class ScreenForms : public Frame {
+class ScreenForms : public MainFrame {
 protected:
     ScreenForms()
     {
@@ -114,7 +114,7 @@ protected:
 
     static void Tick()
     {
-        TheDocumentHooks().CheckPendingResize();
+        TheFrameDocuments()->CheckPendingResize();
     }
 
     void DragAndRelease(WindowId id, QPoint by)

@@ -30,21 +30,27 @@ QString Path(const char* bytes)
     return QString::fromUtf8(bytes);
 }
 
+int16_t WordOf(ChannelStatus status)
+{
+    return static_cast<int16_t>(status);
+}
+
 ChannelStatus Fetch(const QString& operation, const QStringList& arguments, const char* local)
 {
     const ChannelStatus status = current->Take(operation, arguments);
     QFile file(Path(local));
-    if (status == kChannelOk && file.open(QIODevice::WriteOnly))
+    if (status == ChannelStatus::Success && file.open(QIODevice::WriteOnly))
         file.write(current->Contents);
     return status;
 }
 
-qint16 Find(const QString& operation, ChannelStatus* err, const char* name, int16_t* type)
+int16_t Find(const QString& operation, int16_t* err, const char* name, int16_t* type)
 {
-    *err = current->Take(operation, { Text(name) });
+    *err = WordOf(current->Take(operation, { Text(name) }));
     const auto found = current->Exists.find(Text(name));
-    *type = found == current->Exists.end() ? kChannelFile : found->second.Type;
-    return found == current->Exists.end() ? qint16(0) : found->second.Result;
+    const ChannelFound answer = found == current->Exists.end() ? ChannelFound() : found->second;
+    *type = static_cast<int16_t>(answer.Type);
+    return static_cast<int16_t>(answer.Result);
 }
 
 } // namespace
@@ -52,7 +58,7 @@ qint16 Find(const QString& operation, ChannelStatus* err, const char* name, int1
 struct FakeChannelCalls {
     static void StartFind(const QString& operation, int16_t* err, int16_t* status)
     {
-        *err = current->Take(operation, {});
+        *err = WordOf(current->Take(operation, {}));
         *status = current->NothingToWalk || current->Rows.empty() ? 1 : 0;
         current->nextRow_ = 0;
     }
@@ -60,11 +66,11 @@ struct FakeChannelCalls {
     static void NextFile(int16_t* err, int16_t* type, int16_t* last, int16_t* year, int16_t* month, int16_t* day,
         int16_t* hour, int16_t* minute, int16_t* second, char* name, int32_t nameSize)
     {
-        *err = current->Take(QStringLiteral("GetNextFile"), {});
-        if (*err != kChannelOk || current->nextRow_ >= current->Rows.size())
+        *err = WordOf(current->Take(QStringLiteral("GetNextFile"), {}));
+        if (*err != WordOf(ChannelStatus::Success) || current->nextRow_ >= current->Rows.size())
             return;
         const ChannelRow& row = current->Rows[current->nextRow_++];
-        *type = row.Type;
+        *type = static_cast<int16_t>(row.Type);
         *last = current->nextRow_ == current->Rows.size() ? 1 : 0;
         *year = row.Year;
         *month = row.Month;
@@ -85,10 +91,10 @@ void FakeChannelCalls::BindLink(TvScpiApi& api)
 {
     api.scpiConnect = [](int16_t* err, int16_t mode, const char* host, int16_t port, int32_t timeoutMs, char* reply,
                           int32_t replySize) {
-        *err = current->Take(QStringLiteral("Connect"),
-            { QString::number(mode), Text(host), QString::number(port), QString::number(timeoutMs) });
-        current->Connected = *err == kChannelOk;
-        Put(reply, replySize, *err == kChannelOk ? current->Identification : QString());
+        *err = WordOf(current->Take(QStringLiteral("Connect"),
+            { QString::number(mode), Text(host), QString::number(port), QString::number(timeoutMs) }));
+        current->Connected = *err == WordOf(ChannelStatus::Success);
+        Put(reply, replySize, *err == WordOf(ChannelStatus::Success) ? current->Identification : QString());
     };
     api.scpiDisconnect = [] {
         (void)current->Take(QStringLiteral("Disconnect"), {});
@@ -100,21 +106,23 @@ void FakeChannelCalls::BindLink(TvScpiApi& api)
         (void)current->Take(QStringLiteral("CheckConnection"), {});
         return int16_t(current->Gone ? 1 : 0);
     };
-    api.scpiSend = [](int16_t* err, const char* text) { *err = current->Take(QStringLiteral("Send"), { Text(text) }); };
+    api.scpiSend = [](int16_t* err, const char* text) {
+        *err = WordOf(current->Take(QStringLiteral("Send"), { Text(text) }));
+    };
     api.scpiSendCommand = [](int16_t* err, const char* text) {
-        *err = current->Take(QStringLiteral("SendCommand"), { Text(text) });
+        *err = WordOf(current->Take(QStringLiteral("SendCommand"), { Text(text) }));
     };
 }
 
 void FakeChannelCalls::BindFolders(TvScpiApi& api)
 {
     api.scpiGetCurrentDirectory = [](int16_t* err, char* path, int32_t size) {
-        *err = current->Take(QStringLiteral("GetCurrentDirectory"), {});
-        Put(path, size, *err == kChannelOk ? current->Directory : QString());
+        *err = WordOf(current->Take(QStringLiteral("GetCurrentDirectory"), {}));
+        Put(path, size, *err == WordOf(ChannelStatus::Success) ? current->Directory : QString());
     };
     api.scpiSetCurrentDirectory = [](int16_t* err, const char* path) {
-        *err = current->Take(QStringLiteral("SetCurrentDirectory"), { Text(path) });
-        if (*err != kChannelOk)
+        *err = WordOf(current->Take(QStringLiteral("SetCurrentDirectory"), { Text(path) }));
+        if (*err != WordOf(ChannelStatus::Success))
             return;
         const bool isAbsolute = Text(path).startsWith(u'\\');
         const bool atRoot = current->Directory.endsWith(u'\\');
@@ -122,10 +130,10 @@ void FakeChannelCalls::BindFolders(TvScpiApi& api)
             isAbsolute ? Text(path) : current->Directory + (atRoot ? QString() : QStringLiteral("\\")) + Text(path);
     };
     api.scpiCreateDirectory = [](int16_t* err, const char* name) {
-        *err = current->Take(QStringLiteral("CreateDirectory"), { Text(name) });
+        *err = WordOf(current->Take(QStringLiteral("CreateDirectory"), { Text(name) }));
     };
     api.scpiRemoveDirectory = [](int16_t* err, const char* name) {
-        *err = current->Take(QStringLiteral("RemoveDirectory"), { Text(name) });
+        *err = WordOf(current->Take(QStringLiteral("RemoveDirectory"), { Text(name) }));
     };
 }
 
@@ -147,15 +155,17 @@ void FakeChannelCalls::BindWalks(TvScpiApi& api)
 
 #define FAKE_GET(operation)                                                                                            \
     api.scpi##operation = [](int16_t* err, const char* remote, const char* local, int32_t timeoutMs) {                 \
-        *err = Fetch(QStringLiteral(#operation), { Text(remote), Path(local), QString::number(timeoutMs) }, local);    \
+        *err = WordOf(                                                                                                 \
+            Fetch(QStringLiteral(#operation), { Text(remote), Path(local), QString::number(timeoutMs) }, local));      \
     }
 #define FAKE_PUT(operation)                                                                                            \
     api.scpi##operation = [](int16_t* err, const char* local, const char* remote, int32_t timeoutMs) {                 \
-        *err = current->Take(QStringLiteral(#operation), { Path(local), Text(remote), QString::number(timeoutMs) });   \
+        *err = WordOf(                                                                                                 \
+            current->Take(QStringLiteral(#operation), { Path(local), Text(remote), QString::number(timeoutMs) }));     \
     }
 #define FAKE_REMOVE(operation)                                                                                         \
     api.scpi##operation = [](int16_t* err, const char* name) {                                                         \
-        *err = current->Take(QStringLiteral(#operation), { Text(name) });                                              \
+        *err = WordOf(current->Take(QStringLiteral(#operation), { Text(name) }));                                      \
     }
 #define FAKE_FIND(operation)                                                                                           \
     api.scpi##operation = [](int16_t* err, const char* name, int16_t* type) {                                          \
@@ -163,7 +173,7 @@ void FakeChannelCalls::BindWalks(TvScpiApi& api)
     }
 #define FAKE_LOCAL(operation, carryOut)                                                                                \
     api.scpi##operation = [](int16_t* err, const char* local, int32_t timeoutMs) {                                     \
-        *err = carryOut(QStringLiteral(#operation), { Path(local), QString::number(timeoutMs) }, local);               \
+        *err = WordOf(carryOut(QStringLiteral(#operation), { Path(local), QString::number(timeoutMs) }, local));       \
     }
 
 namespace {
@@ -196,7 +206,7 @@ void FakeChannelCalls::BindFiles(TvScpiApi& api)
     FAKE_REMOVE(RemoveKfactorTableFile);
     FAKE_REMOVE(RemoveCorrectionSetFile);
     api.scpiRename = [](int16_t* err, const char* oldName, const char* newName) {
-        *err = current->Take(QStringLiteral("Rename"), { Text(oldName), Text(newName) });
+        *err = WordOf(current->Take(QStringLiteral("Rename"), { Text(oldName), Text(newName) }));
     };
     FAKE_FIND(FindFile);
     FAKE_FIND(FindInKfactorTableFiles);
@@ -239,7 +249,7 @@ ChannelStatus FakeChannel::Take(const QString& operation, const QStringList& arg
     Log.append(call);
     std::vector<ChannelStatus>& prepared = answers_[operation];
     if (prepared.empty())
-        return kChannelOk;
+        return ChannelStatus::Success;
     const ChannelStatus status = prepared.front();
     prepared.erase(prepared.begin());
     return status;

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "app/state/project.h"
+#include "link/documents/fileSave.h"
 #include "screen/document/view.h"
 
 #include <QStringList>
 
 #include <array>
+#include <functional>
 
 namespace tarvik {
 
@@ -108,22 +110,56 @@ public:
     void Unload() override { }
 };
 
-/// Every window that is made gets a fake view. The hooks are put back with the fixture.
-class FakeViews {
+/// A desktop on which every window that is made gets a fake view.
+class FakeViews final : public ScreenDesktop {
 public:
     FakeViews()
     {
-        TheScreenViewHooks().Load = [this](WindowId id) {
-            auto view = std::make_unique<FakeView>();
-            view->WindowState = FirstState;
-            views_.at(static_cast<size_t>(id)) = view.get();
-            ++Loaded;
-            return view;
-        };
+        TheScreenDesktop().Set(*this);
+    }
+    FakeViews(const FakeViews&) = delete;
+    FakeViews& operator=(const FakeViews&) = delete;
+
+    ScreenViewOwner Load(WindowId id) override
+    {
+        auto view = std::make_shared<FakeView>();
+        view->WindowState = FirstState;
+        views_.at(static_cast<size_t>(id)) = view.get();
+        ++Loaded;
+        return view;
+    }
+    bool MainFrameIsActive() override
+    {
+        return FrameIsActive;
+    }
+    void Arrange(int code) override
+    {
+        WhenArranged(code);
+    }
+    bool SetClipboard(const QImage& picture) override
+    {
+        Copied = picture;
+        return TakesCopies;
+    }
+    bool Save(WindowId id) override
+    {
+        return WhenSaved(id);
+    }
+    QVector<WindowId> SelectWindows(const QVector<WindowId>& offered) override
+    {
+        return WhenOffered(offered);
     }
 
     int FirstState = WinStateNormal;
     int Loaded = 0;
+    bool FrameIsActive = false;
+    bool TakesCopies = false;
+    QImage Copied; ///< last
+    std::function<void(int code)> WhenArranged = [](int) {};
+    std::function<bool(WindowId)> WhenSaved = [](WindowId id) { return FileSaveAsDlg(id); };
+    std::function<QVector<WindowId>(const QVector<WindowId>&)> WhenOffered = [](const QVector<WindowId>&) {
+        return QVector<WindowId>();
+    };
 
     /// The view of a window that is open.
     FakeView& operator[](WindowId id)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/support/messages.h"
+#include "tests/support/textNumbers.h"
 
 #include <QLocale>
 #include <QString>

@@ -65,7 +65,7 @@ TEST_F(Examples, Pmr446HasSixteenChannels)
     EXPECT_EQ(channels.at("PMR446 ch 16"), 446193750);
 }
 
-TEST_F(Examples, MarineChannelsStandWhereTheTableOfTheRadioRegulationsHasThem)
+TEST_F(Examples, MarineChannelsMatchRadioRegulations)
 {
     const auto channels = ByDescription(Plan("Marine-VHF"));
     EXPECT_EQ(channels.size(), 93u);
@@ -87,12 +87,12 @@ TEST_F(Examples, MarineChannelsStandWhereTheTableOfTheRadioRegulationsHasThem)
     }
 }
 
-TEST_F(Examples, MarineChannelsShareNoFrequency)
+TEST_F(Examples, MarineFrequenciesAreUnique)
 {
     EXPECT_EQ(Frequencies(Plan("Marine-VHF")).size(), 93u);
 }
 
-TEST_F(Examples, CbChannelsFollowTheTableWithItsGapsAndItsMisplacedChannel)
+TEST_F(Examples, CbChannelsFollowTableWithGapsAndMisplacedChannel)
 {
     const std::vector<int> expectedKhz{ 26965, 26975, 26985, 27005, 27015, 27025, 27035, 27055, 27065, 27075, 27085,
         27105, 27115, 27125, 27135, 27155, 27165, 27175, 27185, 27205, 27215, 27225, 27255, 27235, 27245, 27265, 27275,
@@ -103,7 +103,7 @@ TEST_F(Examples, CbChannelsFollowTheTableWithItsGapsAndItsMisplacedChannel)
         EXPECT_EQ(plan.Channels[channel].FrequencyHz, expectedKhz[channel] * 1000.0) << "channel " << channel + 1;
 }
 
-TEST_F(Examples, AirbandRunsInStepsOf25KilohertzToTheLastChannelBelow137Megahertz)
+TEST_F(Examples, AirbandHas25KilohertzStepsUpToLastChannelBelow137Megahertz)
 {
     const ChannelPlan plan = Plan("Airband-25kHz");
     ASSERT_EQ(plan.Channels.size(), 760u);
@@ -113,7 +113,7 @@ TEST_F(Examples, AirbandRunsInStepsOf25KilohertzToTheLastChannelBelow137Megahert
     EXPECT_EQ(ByDescription(plan).at("Air 121.500 emergency"), 121500000);
 }
 
-TEST_F(Examples, BroadcastRasterHoldsEveryTenthOfAMegahertz)
+TEST_F(Examples, BroadcastRasterIs100Kilohertz)
 {
     const ChannelPlan plan = Plan("FM-Broadcast");
     ASSERT_EQ(plan.Channels.size(), 206u);
@@ -138,7 +138,7 @@ TEST_F(Examples, ShortRangeChannelsFillTheirBands)
     EXPECT_EQ(high.at("869.9875 non-specific"), 869987500);
 }
 
-TEST_F(Examples, DistressListHoldsTheFrequenciesOfDistressTraffic)
+TEST_F(Examples, DistressListContainsDistressFrequencies)
 {
     const std::set<double> frequencies = Frequencies(Plan("Distress"));
     for (const double khz : { 490.0, 518.0, 2182.0, 2187.5, 4125.0, 4207.5, 6215.0, 6312.0, 8291.0, 8414.5, 12290.0,
@@ -146,7 +146,7 @@ TEST_F(Examples, DistressListHoldsTheFrequenciesOfDistressTraffic)
         EXPECT_TRUE(frequencies.contains(khz * 1000)) << khz;
 }
 
-TEST_F(Examples, TimeSignalsStandOnTheirCarriers)
+TEST_F(Examples, TimeSignalsAreOnTheirCarriers)
 {
     const std::set<double> frequencies = Frequencies(Plan("Time-Signals"));
     for (const double khz : { 40.0, 60.0, 77.5, 162.0, 2500.0, 3330.0, 4996.0, 5000.0, 7850.0, 9996.0, 10000.0, 14670.0,
@@ -154,13 +154,13 @@ TEST_F(Examples, TimeSignalsStandOnTheirCarriers)
         EXPECT_TRUE(frequencies.contains(khz * 1000)) << khz;
 }
 
-TEST_F(Examples, TheFullListFillsEveryRow)
+TEST_F(Examples, FullListFillsEveryRow)
 {
     EXPECT_EQ(Plan("Full-1024").Channels.size(), 1024u);
     EXPECT_EQ(Frequencies(Plan("Full-1024")).size(), 1024u);
 }
 
-TEST_F(Examples, EveryEntryObeysTheRulesOfTheList)
+TEST_F(Examples, EveryEntryObeysRulesOfList)
 {
     for (const ChannelPlan& plan : AllPlans()) {
         EXPECT_TRUE(ValidListName(plan.Name)) << plan.Name.toStdString();
@@ -176,7 +176,7 @@ TEST_F(Examples, EveryEntryObeysTheRulesOfTheList)
     }
 }
 
-TEST_F(Examples, TheFilesInTheTreeAreWhatTheGeneratorWrites)
+TEST_F(Examples, FilesInTreeMatchGenerator)
 {
     QProcess generator;
     generator.start(QStringLiteral(TARVIK_EXAMPLES), { Folder() });
@@ -191,7 +191,7 @@ TEST_F(Examples, TheFilesInTheTreeAreWhatTheGeneratorWrites)
             << name.toStdString();
 }
 
-TEST_F(Examples, BothFormsHoldTheSameList)
+TEST_F(Examples, BothFormatsHoldSameList)
 {
     for (const ChannelPlan& plan : AllPlans()) {
         MemoryTable fromBinary;

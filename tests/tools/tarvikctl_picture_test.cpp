@@ -347,6 +347,15 @@ TEST_F(CtlPicture, FilesThatWouldBecomeOneThroughLinksToItAreNotMixedUp)
     EXPECT_TRUE(result.Err.startsWith("b.bmp: would become the same file as a.bmp\n")) << result.Err.toStdString();
 }
 
+TEST_F(CtlPicture, FilesThatWouldBecomeOneThroughLinksToAFileToBeMadeAreNotMixedUp)
+{
+    Picture("a.bmp");
+    Picture("b.bmp", { 10, 10 });
+    ASSERT_EQ(Shell("ln -s one a.pcx; ln -s one b.pcx").ExitCode, 0);
+    const CtlResult result = Ctl({ "picture", "--yes", "--to", "pcx", "a.bmp", "b.bmp" });
+    EXPECT_TRUE(result.Err.startsWith("b.bmp: would become the same file as a.bmp\n")) << result.Err.toStdString();
+}
+
 TEST_F(CtlPicture, SourceOfTheBatchIsNotReplacedThroughALinkedFolder)
 {
     ASSERT_EQ(Shell("mkdir b; ln -s b c").ExitCode, 0);

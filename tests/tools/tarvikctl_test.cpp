@@ -41,13 +41,6 @@ protected:
 
 } // namespace
 
-TEST_F(Tarvikctl, TellsItsVersion)
-{
-    const CtlResult result = Ctl({ "--version" });
-    EXPECT_EQ(result.Out, QStringLiteral("tarvikctl 4.3.0\n"));
-    EXPECT_EQ(result.ExitCode, 0);
-}
-
 TEST_F(Tarvikctl, ExplainsItsCommands)
 {
     const CtlResult result = Ctl({ "--help" });

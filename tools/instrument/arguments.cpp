@@ -2,6 +2,8 @@
 
 #include "app/text/ansi.h"
 
+#include <QCommandLineParser>
+
 #include <algorithm>
 #include <array>
 
@@ -100,51 +102,62 @@ constexpr std::array kOptions{
     Option{ "fault", [](const QString& value, InstrumentArguments& result) { return TakeFault(value, result.Link); } },
 };
 
-const Option* FindOption(const QString& name)
+bool TakesValue(const QString& argument)
 {
-    const auto found = std::find_if(
-        kOptions.begin(), kOptions.end(), [&name](const Option& option) { return name == QLatin1String(option.Name); });
-    return found == kOptions.end() ? nullptr : &*found;
+    return std::any_of(kOptions.begin(), kOptions.end(),
+        [&argument](const Option& option) { return argument == QLatin1String("--") + QLatin1String(option.Name); });
 }
 
-/// Parses an option without a value.
-bool TakeSwitch(const QString& argument, InstrumentArguments& result)
+/// What is wrong with arguments that `parser` does not take.
+QString ErrorOf(const QCommandLineParser& parser, const QStringList& arguments)
 {
-    bool* flag = argument == QLatin1String("--help") || argument == QLatin1String("-h") ? &result.Help
-        : argument == QLatin1String("--version")                                        ? &result.Version
-        : argument == QLatin1String("--verbose")                                        ? &result.Link.Verbose
-                                                                                        : nullptr;
-    if (flag != nullptr)
-        *flag = true;
-    return flag != nullptr;
+    const QStringList unknown = parser.unknownOptionNames();
+    if (!unknown.isEmpty()) {
+        const QString dashes = unknown.front().size() == 1 ? QStringLiteral("-") : QStringLiteral("--");
+        return QStringLiteral("unknown argument: %1%2").arg(dashes, unknown.front());
+    }
+    return TakesValue(arguments.last()) ? QStringLiteral("%1 needs a value").arg(arguments.last()) : parser.errorText();
+}
+
+/// Each value of each option, in turn.
+bool TakeValues(const QCommandLineParser& parser, InstrumentArguments& result, QString& error)
+{
+    for (const Option& option : kOptions) {
+        const QString name = QString::fromLatin1(option.Name);
+        const QStringList values = parser.values(name);
+        for (const QString& value : values) {
+            if (!option.Take(value, result)) {
+                error = QStringLiteral("invalid value of --%1: %2").arg(name, value);
+                return false;
+            }
+        }
+    }
+    return true;
 }
 
 } // namespace
 
 bool ReadArguments(const QStringList& arguments, InstrumentArguments& result, QString& error)
 {
-    for (qsizetype i = 0; i < arguments.size(); ++i) {
-        const QString& argument = arguments[i];
-        if (TakeSwitch(argument, result))
-            continue;
-        const QString name = argument.section(u'=', 0, 0);
-        const Option* option = name.startsWith(QLatin1String("--")) ? FindOption(name.mid(2)) : nullptr;
-        if (option == nullptr) {
-            error = QStringLiteral("unknown argument: %1").arg(argument);
-            return false;
-        }
-        const bool hasValue = argument.contains(u'=');
-        if (!hasValue && i + 1 == arguments.size()) {
-            error = QStringLiteral("%1 needs a value").arg(name);
-            return false;
-        }
-        const QString value = hasValue ? argument.section(u'=', 1) : arguments[++i];
-        if (!option->Take(value, result)) {
-            error = QStringLiteral("invalid value of %1: %2").arg(name, value);
-            return false;
-        }
+    QCommandLineParser parser;
+    const QCommandLineOption help(QStringList{ QStringLiteral("h"), QStringLiteral("help") });
+    const QCommandLineOption version(QStringLiteral("version"));
+    const QCommandLineOption verbose(QStringLiteral("verbose"));
+    parser.addOptions({ help, version, verbose });
+    for (const Option& option : kOptions)
+        parser.addOption({ QString::fromLatin1(option.Name), QString(), QStringLiteral("value") });
+    if (!parser.parse(QStringList{ QStringLiteral("tarvik-instrument") } + arguments)) {
+        error = ErrorOf(parser, arguments);
+        return false;
     }
-    return true;
+    if (const QStringList operands = parser.positionalArguments(); !operands.isEmpty()) {
+        error = QStringLiteral("unknown argument: %1").arg(operands.front());
+        return false;
+    }
+    result.Help = parser.isSet(help);
+    result.Version = parser.isSet(version);
+    result.Link.Verbose = parser.isSet(verbose);
+    return TakeValues(parser, result, error);
 }
 
 QString InstrumentHelpText()

@@ -3,6 +3,8 @@
 #include "link/classes/model.h"
 #include "link/connection/connect.h"
 
+#include <QCommandLineParser>
+
 #include <algorithm>
 #include <array>
 #include <climits>
@@ -28,16 +30,16 @@ constexpr std::array<CommandForm, 14> kForms{ {
     { "--version", CtlCommand::Version, "", 0, 0 },
     { "text", CtlCommand::Text, "", 1, INT_MAX },
     { "check", CtlCommand::Check, "", 1, INT_MAX },
-    { "show", CtlCommand::Show, "--json --all", 1, 1 },
-    { "convert", CtlCommand::Convert, "--yes", 2, 2 },
-    { "sort", CtlCommand::Sort, "--key --yes", 2, 2 },
-    { "picture", CtlCommand::Picture, "--palette --description --yes --to --into", 1, INT_MAX },
-    { "idn", CtlCommand::Idn, "--to", 0, 0 },
-    { "ls", CtlCommand::Ls, "--to", 0, 1 },
-    { "get", CtlCommand::Get, "--to --yes", 2, 3 },
-    { "put", CtlCommand::Put, "--to --yes", 2, 2 },
-    { "rm", CtlCommand::Rm, "--to", 2, 2 },
-    { "capture", CtlCommand::Capture, "--to --palette --description --yes --into", 1, 1 },
+    { "show", CtlCommand::Show, "json all", 1, 1 },
+    { "convert", CtlCommand::Convert, "yes", 2, 2 },
+    { "sort", CtlCommand::Sort, "key yes", 2, 2 },
+    { "picture", CtlCommand::Picture, "palette description yes to into", 1, INT_MAX },
+    { "idn", CtlCommand::Idn, "to", 0, 0 },
+    { "ls", CtlCommand::Ls, "to", 0, 1 },
+    { "get", CtlCommand::Get, "to yes", 2, 3 },
+    { "put", CtlCommand::Put, "to yes", 2, 2 },
+    { "rm", CtlCommand::Rm, "to", 2, 2 },
+    { "capture", CtlCommand::Capture, "to palette description yes into", 1, 1 },
 } };
 
 struct ClassWord {
@@ -71,70 +73,73 @@ bool IsImageFormat(const QString& word)
 
 class Parser {
 public:
-    Parser(const CommandForm& form, QStringList words, QString& error)
+    Parser(const CommandForm& form, QString& error)
         : form_(form)
-        , words_(std::move(words))
+        , options_(QString::fromLatin1(form.Options).split(u' ', Qt::SkipEmptyParts))
         , error_(error)
     {
         result_.Command = form.Command;
     }
 
-    std::optional<CtlArguments> Run()
+    /// `words` begins with the command.
+    std::optional<CtlArguments> Run(const QStringList& words)
     {
-        bool optionsEnded = false;
-        while (!words_.isEmpty()) {
-            const QString word = words_.takeFirst();
-            const bool isOption = !optionsEnded && word.size() > 1 && word.startsWith(u'-');
-            if (!isOption)
-                result_.Operands.append(word);
-            else if (word == QStringLiteral("--"))
-                optionsEnded = true;
-            else if (!TakeOption(word))
-                return std::nullopt;
-        }
-        if (!OperandsFit() || !KeyIsGiven() || !TargetIsGiven() || !TakeClassWord())
+        if (!TakeOptions(words) || !OperandsFit() || !KeyIsGiven() || !TargetIsGiven() || !TakeClassWord())
             return std::nullopt;
         return result_;
     }
 
 private:
+    struct ValueOption {
+        const char* Name;
+        bool (Parser::*Take)(const QString& value);
+    };
+
     bool Fail(const QString& error)
     {
         error_ = error;
         return false;
     }
 
-    bool TakeOption(const QString& word)
+    bool TakeOptions(const QStringList& words)
     {
-        const QString name = word.section(u'=', 0, 0);
-        const QStringList known = QString::fromLatin1(form_.Options).split(u' ');
-        if (!known.contains(name))
-            return Fail(QStringLiteral("%1: no such option here").arg(word));
-        if (name == QStringLiteral("--key"))
-            return TakeKey(ValueOf(word));
-        if (name == kToOption)
-            return TakeTarget(ValueOf(word));
-        if (name == QStringLiteral("--palette"))
-            return TakePalette(ValueOf(word));
-        if (name == QStringLiteral("--description"))
-            return TakeText(word, result_.Description.emplace());
-        if (name == QStringLiteral("--into"))
-            return TakeFolder(ValueOf(word));
-        if (word != name)
-            return Fail(QStringLiteral("%1 takes no value").arg(name));
-        bool& flag = name == QStringLiteral("--json") ? result_.Json
-            : name == QStringLiteral("--all")         ? result_.All
-                                                      : result_.Yes;
-        flag = true;
-        return true;
+        static constexpr std::array<ValueOption, 5> kValueOptions{ { { "key", &Parser::TakeKey },
+            { "to", &Parser::TakeTarget }, { "palette", &Parser::TakePalette },
+            { "description", &Parser::TakeDescription }, { "into", &Parser::TakeFolder } } };
+        QCommandLineParser parser;
+        for (const ValueOption& option : kValueOptions)
+            AddOption(parser, option.Name, QStringLiteral("value"));
+        for (const char* flag : { "json", "all", "yes" })
+            AddOption(parser, flag, {});
+        if (!parser.parse(words))
+            return Fail(ErrorOf(parser));
+        const QStringList given = parser.optionNames();
+        result_.Json = given.contains(QStringLiteral("json"));
+        result_.All = given.contains(QStringLiteral("all"));
+        result_.Yes = given.contains(QStringLiteral("yes"));
+        result_.Operands = parser.positionalArguments();
+        return std::all_of(kValueOptions.begin(), kValueOptions.end(), [&](const ValueOption& option) {
+            const QString name = QString::fromLatin1(option.Name);
+            const QStringList values = given.contains(name) ? parser.values(name) : QStringList();
+            return std::all_of(
+                values.begin(), values.end(), [&](const QString& value) { return (this->*option.Take)(value); });
+        });
     }
 
-    /// What stands behind the option's "=", or else the next word.
-    QString ValueOf(const QString& option)
+    /// Of the options of all commands those of this one.
+    void AddOption(QCommandLineParser& parser, const char* name, const QString& value) const
     {
-        if (option.contains(u'='))
-            return option.section(u'=', 1);
-        return words_.isEmpty() ? QString() : words_.takeFirst();
+        if (options_.contains(QLatin1String(name)))
+            parser.addOption({ QString::fromLatin1(name), QString(), value });
+    }
+
+    static QString ErrorOf(const QCommandLineParser& parser)
+    {
+        const QStringList unknown = parser.unknownOptionNames();
+        if (unknown.isEmpty())
+            return parser.errorText();
+        const QString dashes = unknown.front().size() == 1 ? QStringLiteral("-") : QStringLiteral("--");
+        return QStringLiteral("%1%2: no such option here").arg(dashes, unknown.front());
     }
 
     bool TakeKey(const QString& value)
@@ -169,11 +174,10 @@ private:
         return true;
     }
 
-    bool TakeText(const QString& option, QString& text)
+    bool TakeDescription(const QString& value)
     {
-        const bool hasValue = option.contains(u'=') || !words_.isEmpty();
-        text = ValueOf(option);
-        return hasValue || Fail(QStringLiteral("%1 takes a value").arg(option));
+        result_.Description = value;
+        return true;
     }
 
     bool TakeFolder(const QString& value)
@@ -200,7 +204,7 @@ private:
 
     bool TargetIsGiven()
     {
-        const bool isNeeded = QString::fromLatin1(form_.Options).split(u' ').contains(kToOption);
+        const bool isNeeded = options_.contains(QLatin1String("to"));
         const QString& given = form_.Command == CtlCommand::Picture ? result_.ImageFormat : result_.Address;
         return !isNeeded || !given.isEmpty()
             || Fail(QStringLiteral("%1: --to is missing").arg(QLatin1String(form_.Name)));
@@ -216,7 +220,7 @@ private:
             [&word](const ClassWord& each) { return word == QLatin1String(each.Word); });
         if (found == kClassWords.end())
             return Fail(QStringLiteral("%1: no such kind of file").arg(word));
-        result_.FileClass = found->Class;
+        result_.Class = found->Class;
         return true;
     }
 
@@ -246,7 +250,7 @@ private:
     }
 
     const CommandForm& form_;
-    QStringList words_;
+    QStringList options_;
     QString& error_;
     CtlArguments result_;
     bool keyGiven_ = false;
@@ -276,7 +280,7 @@ std::optional<CtlArguments> CtlParse(const QStringList& arguments, QString& erro
         error = QStringLiteral("%1: no such command").arg(words.front());
         return std::nullopt;
     }
-    return Parser(*form, words.mid(1), error).Run();
+    return Parser(*form, error).Run(words);
 }
 
 QString CtlHelpText()

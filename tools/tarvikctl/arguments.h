@@ -1,6 +1,8 @@
 // tools/tarvikctl/arguments.h: what the command line asks for.
 #pragma once
 
+#include "link/classes/model.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -19,7 +21,7 @@ struct CtlArguments {
     int SortKey = 0; ///< 0 to 6
     QString Address; ///< of the instrument
     int Port = 0;
-    int FileClass = 0; ///< 0 where none was named
+    FileClass Class = FileClassNone; ///< None where none was named
     QString ImageFormat; ///< extension of the pictures to be written, without its point; empty for that of the operand
     QString Into; ///< folder that takes them; empty for that of each operand
     std::optional<qint16> Palette; ///< 0 colour, 1 black and white; empty to leave it as it is

@@ -3,12 +3,15 @@
 #include "app/message/message.h"
 #include "app/settings/ini.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "link/channel/channel.h"
+#include "link/channel/linkFailure.h"
 #include "link/classes/model.h"
 #include "link/documents/file.h"
 #include "link/documents/fileConvert.h"
 #include "link/transfer/fileDates.h"
 #include "link/transfer/transfer.h"
+#include "link/transfer/transferRows.h"
 #include "lists/editor/editorGeneral.h"
 #include "tools/tarvikctl/pictures.h"
 
@@ -22,62 +25,35 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kTextConnectionFailed = 10422;
-constexpr int kTextLinkLost = 12703;
-constexpr int kTextTransferFailed = 12704;
-constexpr int kTextOverwrite = 12734;
-constexpr int kTextFolderGone = 12747;
-constexpr int kTextDownloading = 14007;
 
-QDateTime ChangeOf(const ChannelRow& row)
-{
-    return { QDate(row.Year, row.Month, row.Day), QTime(row.Hour, row.Minute, row.Second) };
-}
-
-bool IsShown(const ChannelRow& row, int fileClass)
+bool IsShown(const ChannelRow& row, FileClass fileClass)
 {
     if (fileClass == FileClassNone)
-        return row.Type == kChannelFile || row.Type == kChannelFolder;
-    return row.Type == kChannelFile && FileExtMatches(row.Name, 1 << fileClass);
-}
-
-/// Reads the files of a class, or all that is in the present directory.
-ChannelStatus ReadRows(int fileClass, std::vector<ChannelRow>& rows)
-{
-    bool nothing = false;
-    ChannelStatus err = ChannelStartFind(fileClass, nothing);
-    ChannelRow row;
-    row.Last = nothing;
-    while (err == kChannelOk && !row.Last) {
-        row = {};
-        err = ChannelNextFile(row);
-        if (err == kChannelOk && IsShown(row, fileClass))
-            rows.push_back(row);
-    }
-    return err;
+        return row.Type == ChannelRowType::File || row.Type == ChannelRowType::Folder;
+    return row.Type == ChannelRowType::File && FileExtMatches(row.Name, FileClassBit(fileClass));
 }
 
 /// One line: date, time, name, and a backslash behind a folder.
 QString ListLine(const ChannelRow& row)
 {
-    const QString end = row.Type == kChannelFolder ? QStringLiteral("\\\n") : QStringLiteral("\n");
-    return ChangeOf(row).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) + QStringLiteral("  ")
+    const QString end = row.Type == ChannelRowType::Folder ? QStringLiteral("\\\n") : QStringLiteral("\n");
+    return ChannelRowTime(row).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) + QStringLiteral("  ")
         + TerminalPrintable(row.Name) + end;
 }
 
-void List(int fileClass)
+void List(FileClass fileClass)
 {
     std::vector<ChannelRow> rows;
-    if (ReadRows(fileClass, rows) != kChannelOk) {
-        MsgOk(ChannelEndIfGone() ? kTextLinkLost : kTextTransferFailed);
+    if (ChannelWalk(fileClass, rows) != ChannelStatus::Success) {
+        MsgOk(ChannelEndIfGone() ? TextId::LinkLost : TextId::TransferFailed);
         return;
     }
-    std::sort(rows.begin(), rows.end(), [](const ChannelRow& left, const ChannelRow& right) {
-        const int order = left.Name.compare(right.Name, Qt::CaseInsensitive);
-        return order != 0 ? order < 0 : left.Name < right.Name;
-    });
-    for (const ChannelRow& row : rows)
-        TerminalWrite(stdout, ListLine(row));
+    std::sort(rows.begin(), rows.end(),
+        [](const ChannelRow& left, const ChannelRow& right) { return CompareFileNames(left.Name, right.Name) < 0; });
+    for (const ChannelRow& row : rows) {
+        if (IsShown(row, fileClass))
+            TerminalWrite(stdout, ListLine(row));
+    }
 }
 
 /// The file that a download becomes: in a folder it keeps its name.
@@ -96,50 +72,39 @@ bool MayBeWritten(const QString& path, Terminal& terminal)
         terminal.Refuse(QStringLiteral("%1 is a folder").arg(path));
         return false;
     }
-    if (!file.exists() || MsgYesNoDefNo1(kTextOverwrite, file.fileName()) == MsgResultYes)
+    if (!file.exists() || TransferMayReplace(TextId::OverwriteFile, file.fileName(), false))
         return true;
     terminal.SetFailed();
     return false;
 }
 
 /// When the instrument's file changed; invalid where the instrument does not tell.
-QDateTime ChangeOnInstrument(int fileClass, const QString& name)
+QDateTime ChangeOnInstrument(FileClass fileClass, const QString& name)
 {
     std::vector<ChannelRow> rows;
-    if (ReadRows(fileClass, rows) != kChannelOk)
+    if (ChannelWalk(fileClass, rows) != ChannelStatus::Success)
         return {};
-    const auto row =
-        std::find_if(rows.begin(), rows.end(), [&name](const ChannelRow& each) { return each.Name == name; });
-    return row == rows.end() ? QDateTime() : ChangeOf(*row);
+    const auto row = std::find_if(rows.begin(), rows.end(),
+        [&](const ChannelRow& each) { return each.Name == name && IsShown(each, fileClass); });
+    return row == rows.end() ? QDateTime() : ChannelRowTime(*row);
 }
 
-/// Classes of which the instrument has one list take the time of the transfer, on both sides.
-bool KeepsItsDate(int fileClass)
-{
-    return fileClass == FileClassKfactorTable || fileClass == FileClassScreenShot
-        || fileClass == FileClassCorrectionSet;
-}
-
-void Download(int fileClass, const QString& name, const QString& target, Terminal& terminal)
+void Download(FileClass fileClass, const QString& name, const QString& target, Terminal& terminal)
 {
     if (!MayBeWritten(target, terminal))
         return;
-    terminal.ShowProgress(LngStr1(kTextDownloading, name));
-    if (ChannelGet(fileClass, name, target) != kChannelOk) {
-        MsgOk(kTextTransferFailed);
-        return;
-    }
-    if (!KeepsItsDate(fileClass))
-        return;
-    if (const QDateTime change = ChangeOnInstrument(fileClass, name); change.isValid())
-        FileSetPcDate(target, change, false);
+    TheTransferProgress()->SetLabel(LngStr1(TextId::Downloading, name));
+    if (ChannelGet(fileClass, name, target) != ChannelStatus::Success)
+        (void)ReportLinkFailure();
+    else if (TransferKeepsDate(fileClass))
+        FileSetPcDate(target, ChangeOnInstrument(fileClass, name), false);
 }
 
 /// A list of the one file that a job is to work on.
 FileList ListOf(const QString& name, const QDateTime& change)
 {
     FileList list;
-    TransferAddRow(list, name, kChannelFile, change);
+    TransferAddRow(list, name, ChannelRowType::File, change);
     list.Rows.front().Selected = true;
     return list;
 }
@@ -164,14 +129,14 @@ void Remove(const QString& name)
 }
 
 /// Screen shots have no calls of their own: the instrument must stand in their folder.
-bool EnterFolderOf(int fileClass)
+bool EnterFolderOf(FileClass fileClass)
 {
     if (fileClass != FileClassScreenShot)
         return true;
-    const ChannelStatus err = ChannelSetDirectory(IniReadModelInstrPath(QString(), fileClass));
-    if (err != kChannelOk)
-        MsgOk(err == kChannelRefused ? kTextFolderGone : kTextLinkLost);
-    return err == kChannelOk;
+    const ChannelStatus err = ChannelSetDirectory(IniReadModelInstrPath(QString(), FileClassNumber(fileClass)));
+    if (err != ChannelStatus::Success)
+        MsgOk(err == ChannelStatus::Refused ? TextId::InstrumentFolderGone : TextId::LinkLost);
+    return err == ChannelStatus::Success;
 }
 
 void Capture(const CtlArguments& arguments, Terminal& terminal)
@@ -184,7 +149,7 @@ void Capture(const CtlArguments& arguments, Terminal& terminal)
 
 void RunConnected(const CtlArguments& arguments, const QString& identification, Terminal& terminal)
 {
-    const int fileClass = arguments.FileClass;
+    const FileClass fileClass = arguments.Class;
     const QStringList& operands = arguments.Operands;
     ModFileInit(fileClass);
     if (!EnterFolderOf(fileClass))
@@ -215,6 +180,24 @@ void RunConnected(const CtlArguments& arguments, const QString& identification, 
     }
 }
 
+class TerminalProgress final : public TransferProgress {
+public:
+    explicit TerminalProgress(Terminal& terminal)
+        : terminal_(terminal)
+    {
+    }
+
+    void SetLabel(const QString& text) override
+    {
+        terminal_.ShowProgress(text);
+    }
+    void SetMaximum(int) override { }
+    void SetValue(int) override { }
+
+private:
+    Terminal& terminal_;
+};
+
 } // namespace
 
 bool CtlIsLinkCommand(CtlCommand command)
@@ -226,14 +209,15 @@ void CtlRunLink(const CtlArguments& arguments, Terminal& terminal)
 {
     terminal.SetFile(QStringLiteral("%1:%2").arg(arguments.Address).arg(arguments.Port));
     QString identification;
-    if (ChannelConnect(arguments.Address, arguments.Port, identification) != kChannelOk) {
-        MsgOk(kTextConnectionFailed);
+    if (ChannelConnect(arguments.Address, arguments.Port, identification) != ChannelStatus::Success) {
+        MsgOk(TextId::ConnectionFailed);
         return;
     }
-    Transfer().Progress.SetLabel = [&terminal](const QString& text) { terminal.ShowProgress(text); };
+    TerminalProgress progress(terminal);
+    TheTransferProgress().Set(progress);
     RunConnected(arguments, identification, terminal);
     terminal.ShowProgress({});
-    Transfer().Progress = {}; // the terminal ends
+    TheTransferProgress().Reset();
     ChannelDisconnect();
 }
 

@@ -1,5 +1,6 @@
 #include "tools/tarvikctl/lists.h"
 
+#include "app/platform/paths.h"
 #include "app/text/lang.h"
 #include "closed/loader.h"
 #include "link/classes/model.h"
@@ -8,8 +9,6 @@
 #include "lists/values/limits.h"
 #include "lists/values/listError.h"
 #include "tools/tarvikctl/show.h"
-
-#include <QFile>
 
 #include <algorithm>
 #include <array>
@@ -24,13 +23,13 @@ constexpr std::array kListClasses{ FileClassAntennaList, FileClassKfactorTable, 
 /// The family whose binary form bears this extension.
 FileClass ClassOfExtension(const QString& path)
 {
-    const auto* const found = std::find_if(
-        kListClasses.begin(), kListClasses.end(), [&path](FileClass each) { return FileExtMatches(path, 1 << each); });
+    const auto* const found = std::find_if(kListClasses.begin(), kListClasses.end(),
+        [&path](FileClass each) { return FileExtMatches(path, FileClassBit(each)); });
     return found == kListClasses.end() ? FileClassUnknown : *found;
 }
 
 /// Noun of a family as messages use it.
-QString FamilyNoun(int fileClass)
+QString FamilyNoun(FileClass fileClass)
 {
     ModFileInit(fileClass);
     return LngStr(ModCaption(CaptionNoun));
@@ -39,7 +38,7 @@ QString FamilyNoun(int fileClass)
 /// Loads a file of a family that has no rows to show here. The store's word is shown when it refuses the file.
 bool LoadThroughStore(FileClass fileClass, const QString& path)
 {
-    const QByteArray bytes = QFile::encodeName(path);
+    const QByteArray bytes = ModulePath(path);
     const TvFioApi& store = TvFio();
     std::int16_t status = 0;
     switch (fileClass) {
@@ -64,7 +63,7 @@ bool LoadThroughStore(FileClass fileClass, const QString& path)
 /// reader then says what is wrong with it.
 bool ReadCsv(const QString& path, MemoryTable& table, Terminal& terminal)
 {
-    const int type = ListTypeOfFile(path);
+    const FileClass type = ListTypeOfFile(path);
     if (type == FileClassMemoryList || type == FileClassUnknown) {
         SetEditorType(FileClassMemoryList);
         return ReadMemoryListCSVFile(path, table);
@@ -141,7 +140,7 @@ void CtlRunLists(const CtlArguments& arguments, Terminal& terminal)
 
 bool CtlCanBeWritten(const QString& path)
 {
-    return IsCsvFile(path) || FileExtMatches(path, 1 << FileClassMemoryList);
+    return IsCsvFile(path) || FileExtMatches(path, FileClassBit(FileClassMemoryList));
 }
 
 } // namespace tarvik

@@ -1,6 +1,8 @@
 // tools/tarvikctl/main.cpp: the rules of the lists on the command line, without a window.
+#include "app/frame/startup.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "closed/loader.h"
 #include "link/classes/model.h"
 #include "lists/editor/editorGeneral.h"
@@ -23,13 +25,6 @@ namespace {
 
 enum ExitStatus { ExitDone = 0, ExitRefused = 1, ExitUsage = 2 };
 
-/// The same text as the program's own report of a module without which it has no texts.
-QString ModuleMissingText(Module module)
-{
-    return QStringLiteral("%1 library %2 can not be loaded. Run setup again. %1 aborted.")
-        .arg(ProductTitle(), ModuleFileName(module).toUpper());
-}
-
 bool LoadModules(CtlCommand command, Terminal& terminal)
 {
     std::vector<Module> modules{ Module::Language, Module::ListStore, Module::General };
@@ -41,7 +36,7 @@ bool LoadModules(CtlCommand command, Terminal& terminal)
     for (const Module module : modules) {
         if (ModuleLoad(module, Program().AppPath))
             continue;
-        terminal.Refuse(ModuleMissingText(module));
+        terminal.Refuse(ModuleMissingText(module).replace(u'\r', u' '));
         return false;
     }
     return true;
@@ -51,7 +46,7 @@ bool LoadModules(CtlCommand command, Terminal& terminal)
 void PrintTexts(const QStringList& numbers)
 {
     for (const QString& number : numbers) {
-        QString text = LngStr(number.toInt());
+        QString text = LngStr(TextNumber<0>(number.toInt()));
         text.replace(u'\\', QStringLiteral("\\\\"));
         text.replace(QStringLiteral("\n"), QStringLiteral("\\n"));
         text.replace(QStringLiteral("\t"), QStringLiteral("\\t"));
@@ -69,7 +64,7 @@ bool OutputNameFits(const CtlArguments& arguments)
 /// The same of a file that is to be sent.
 bool InputNameFits(const CtlArguments& arguments)
 {
-    return arguments.Command != CtlCommand::Put || FileExtMatches(arguments.Operands[0], 1 << arguments.FileClass);
+    return arguments.Command != CtlCommand::Put || FileExtMatches(arguments.Operands[0], FileClassBit(arguments.Class));
 }
 
 ExitStatus UsageError(const QString& error)
@@ -87,7 +82,7 @@ ExitStatus Run(const CtlArguments& arguments)
     if (!OutputNameFits(arguments))
         return UsageError(
             QStringLiteral("%1: the name of a memory list ends in %2 or %3")
-                .arg(arguments.Operands[1], ModGetExtension(FileClassMemoryList), LngStr(kTextCsvExtension)));
+                .arg(arguments.Operands[1], ModGetExtension(FileClassMemoryList), LngStr(TextId::CsvExtension)));
     if (arguments.Command == CtlCommand::Capture && !CtlIsPictureName(CtlCaptureTarget(arguments)))
         return UsageError(
             QStringLiteral("%1: the name of a picture ends in .png, .bmp, .pcx or .wmf").arg(arguments.Operands[0]));

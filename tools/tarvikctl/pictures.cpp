@@ -71,21 +71,6 @@ struct Batch {
     QStringList Names;
 };
 
-/// The same path with its folder told without links.
-QString InRealFolder(const QString& path)
-{
-    const QFileInfo info(path);
-    const QString folder = QDir(info.path()).canonicalPath();
-    return folder.isEmpty() ? path : QDir(folder).filePath(info.fileName());
-}
-
-/// The one name of a file, whatever links lead to it; one that is not there yet has it too.
-QString BehindLinks(const QString& path)
-{
-    const QString file = QFileInfo(path).canonicalFilePath();
-    return file.isEmpty() ? InRealFolder(path) : file;
-}
-
 /// The files that can be converted together. One that would replace another before that is read, or become the same
 /// file as another, is told and left out; one that is named again is left out.
 Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Terminal& terminal)
@@ -123,6 +108,32 @@ Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Term
     return batch;
 }
 
+/// Describes each picture and tells which one is in work.
+class TerminalWatcher final : public FileBatchWatcher {
+public:
+    TerminalWatcher(const CtlArguments& arguments, const QStringList& names, Terminal& terminal)
+        : arguments_(arguments)
+        , names_(names)
+        , terminal_(terminal)
+    {
+    }
+
+    void Progress(int done, int total, const QString& /*source*/) override
+    {
+        terminal_.SetFile(names_[done]);
+        terminal_.ShowProgress(QStringLiteral("%1 of %2: %3").arg(done + 1).arg(total).arg(names_[done]));
+    }
+    void Prepare(int window) override
+    {
+        Describe(static_cast<WindowId>(window), arguments_, terminal_);
+    }
+
+private:
+    const CtlArguments& arguments_;
+    const QStringList& names_;
+    Terminal& terminal_;
+};
+
 } // namespace
 
 bool CtlDrawsPictures(CtlCommand command)
@@ -143,13 +154,8 @@ void CtlRunPictures(const CtlArguments& arguments, Terminal& terminal)
 
     NoteSignals();
     StartDocuments(arguments);
-    FileBatchHooks hooks;
-    hooks.Prepare = [&](int window) { Describe(static_cast<WindowId>(window), arguments, terminal); };
-    hooks.Progress = [&](int done, int total, const QString&) {
-        terminal.SetFile(batch.Names[done]);
-        terminal.ShowProgress(QStringLiteral("%1 of %2: %3").arg(done + 1).arg(total).arg(batch.Names[done]));
-    };
-    const int converted = FileConvertRun(hooks);
+    TerminalWatcher watcher(arguments, batch.Names, terminal);
+    const int converted = FileConvertRun(watcher);
     terminal.ShowProgress({});
     if (converted < batch.Paths.size())
         terminal.SetFailed();
@@ -161,7 +167,7 @@ void CtlRunPictures(const CtlArguments& arguments, Terminal& terminal)
 
 bool CtlIsPictureName(const QString& path)
 {
-    return ImageKindOf(FileKindOf(path).Kind) != 0;
+    return FileKindOf(path).IsPicture();
 }
 
 QString CtlCaptureTarget(const CtlArguments& arguments)

@@ -1,6 +1,7 @@
 #include "tools/tarvikctl/show.h"
 
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "lists/memory/memoryList.h"
 #include "lists/values/fieldCheck.h"
 #include "lists/values/translate.h"
@@ -22,12 +23,14 @@ namespace {
 constexpr int kColumnGap = 2;
 
 /// Captions of the grid's columns and of the entry dialog's labels.
-constexpr std::array kHeaderTexts{ 10811, 10813, 10921, 10814, 10815, 10914, 10816 };
+constexpr std::array kHeaderTexts{ TextId::MemoryRowColumn, TextId::MemoryNumberColumn, TextId::EntryStatus,
+    TextId::MemoryFrequencyColumn, TextId::MemoryDemodulationColumn, TextId::EntryBandwidth,
+    TextId::MemoryDescriptionColumn };
 
 QStringList HeaderCells()
 {
     QStringList cells;
-    for (const int id : kHeaderTexts) {
+    for (const TextNumber<0> id : kHeaderTexts) {
         QString text = LngStr(id).remove(u'&').replace(u'\n', u' ');
         if (text.endsWith(u':'))
             text.chop(1);
@@ -110,7 +113,7 @@ QString CtlSummary(const MemoryTable& table)
 {
     const auto used = std::count_if(table.Rows.begin(), table.Rows.end(), [](const auto& row) { return row.Used; });
     return QStringLiteral("%1 %2: %3 of %4 rows used")
-        .arg(LngStr(kTextMemoryKeyword), table.MemoryListName, QString::number(used), QString::number(kMemoryRows));
+        .arg(LngStr(TextId::MemoryListWord), table.MemoryListName, QString::number(used), QString::number(kMemoryRows));
 }
 
 QString CtlTable(const MemoryTable& table, bool all)

@@ -1,11 +1,15 @@
 #include "app/about/info.h"
 
+#include "app/help/helpFile.h"
+#include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
 #include "tests/support/fixture.h"
 
 #include <algorithm>
 #include <cstdio>
+
+#define TV_PRODUCT_VERSION 4, 3, 0, 0 // of the files that these tests write
 
 namespace tarvik {
 
@@ -36,7 +40,7 @@ class Info : public ProgramTest {
 protected:
     Info()
     {
-        TheInfoHooks().ExecutablePath = [this] { return FilePath("program"); };
+        TheSeams().ExecutablePath = [this] { return FilePath("program"); };
         TvFio().GetTvFwVersion = FirmwareOf;
     }
 
@@ -99,14 +103,12 @@ TEST_F(Info, FirmwareThatIsNotToldShowsTheTextForNone)
 TEST_F(Info, HelpBookTellsItsVersionItself)
 {
     Program().HelpFilePath = FilePath("TARVIK.chm");
-    QString asked;
-    TheInfoHooks().HelpBookVersion = [&asked](const QString& path) {
-        asked = path;
-        return std::optional<FileVersion>({ "4.3.1.0", "4.3.0.0" });
-    };
-    EXPECT_EQ(InfoRows()[1].FileVersion, "4.3.1.0");
-    EXPECT_EQ(InfoRows()[1].ProductVersion, "4.3.0.0");
-    EXPECT_EQ(asked, FilePath("TARVIK.chm"));
+    EXPECT_EQ(InfoRows()[1].FileVersion, LngStr(11712));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(HELP_BOOK), Program().HelpFilePath));
+    const std::optional<FileVersion> version = ReadHelpVersion(QStringLiteral(HELP_BOOK));
+    ASSERT_TRUE(version);
+    EXPECT_EQ(InfoRows()[1].FileVersion, version->File);
+    EXPECT_EQ(InfoRows()[1].ProductVersion, version->Product);
 }
 
 TEST_F(Info, TextPartsItsColumnsByTabs)
@@ -120,8 +122,8 @@ TEST_F(Info, TextPartsItsColumnsByTabs)
 
 TEST_F(Info, VersionSentenceBearsThePreReleaseTagBehindABlank)
 {
-    EXPECT_EQ(AboutVersionText({}), LngStr1(10014, "4.3.0"));
-    EXPECT_EQ(AboutVersionText("beta 2"), LngStr1(10014, "4.3.0") + " beta 2");
+    EXPECT_EQ(AboutVersionText({}), LngStr1(10014, ProductVersionText()));
+    EXPECT_EQ(AboutVersionText("beta 2"), LngStr1(10014, ProductVersionText()) + " beta 2");
 }
 
 TEST_F(Info, FileThatIsThereWithAZeroVersionShowsIt)

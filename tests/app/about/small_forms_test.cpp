@@ -6,11 +6,11 @@
 #include "app/forms/Pictures.h"
 #include "app/frame/FmTip.h"
 #include "app/frame/menu.h"
-#include "app/help/help.h"
 #include "app/platform/seams.h"
-#include "app/state/frameHooks.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "tests/support/fakeFrame.h"
+#include "tests/support/fakeHelp.h"
 #include "tests/support/forms.h"
 
 #include <QApplication>
@@ -29,18 +29,10 @@ namespace {
 
 class About : public FormTest {
 protected:
-    About()
-    {
-        TheHelpHooks().ShowTopic = [this](int number) {
-            topics.append(number);
-            return true;
-        };
-        TheFrameHooks().HasActivation = [] { return true; };
-        TheFrameHooks().SetStatusText = [this](const QString& text) { status = text; };
-    }
-
-    QList<int> topics;
-    QString status;
+    FakeFrame frame;
+    FakeHelp help;
+    const QList<int>& topics = help.Topics;
+    const QString& status = frame.Status;
 };
 
 using Info = About;
@@ -56,7 +48,7 @@ TEST_F(About, ShowsProductUseCopyrightAndVersion)
     EXPECT_EQ(TextOf(form, "LbProd"), LngUnescapeMenu(LngStr(10002)));
     EXPECT_EQ(TextOf(form, "LbUse1"), LngStr(10003));
     EXPECT_EQ(TextOf(form, "LbCopy"), LngStr(10012));
-    EXPECT_EQ(TextOf(form, "LbVers"), LngStr1(10014, "4.3.0"));
+    EXPECT_EQ(TextOf(form, "LbVers"), LngStr1(10014, ProductVersionText()));
     EXPECT_EQ(TextOf(form, "BtClose"), LngStr(10004));
     EXPECT_EQ(TextOf(form, "BtInfo"), LngStr(10009));
     EXPECT_EQ(TextOf(form, "BtHelp"), LngStr(10006));

@@ -1,7 +1,7 @@
 // What every form shares: its controls under the hand of a language, their hints, and Escape.
-#include "app/state/frameHooks.h"
 #include "app/text/lang.h"
 #include "closed/loader.h"
+#include "tests/support/fakeFrame.h"
 #include "tests/support/forms.h"
 
 #include <QApplication>
@@ -25,7 +25,7 @@ public:
     SizedForm()
         : FormBase("SizedForm")
     {
-        LngSetForm(this, 11700);
+        LngSetForm(this, TextNumber<0>(11700));
         auto* box = new QPlainTextEdit;
         box->setMinimumSize(400, 200);
         (new QVBoxLayout(this))->addWidget(box);
@@ -62,11 +62,11 @@ TEST_F(FormControls, NothingMovesWithThreeAdjustmentsButAComboBox)
     QWidget form;
     QPushButton button(&form);
     button.setGeometry(10, 10, 80, 30);
-    LngSetCtrl(&button, 10004);
+    LngSetCtrl(&button, TextNumber<0>(10004));
     EXPECT_EQ(button.geometry(), QRect(10, 10, 80, 30));
     QComboBox combo(&form);
     combo.setGeometry(10, 10, 80, 30);
-    LngSetCtrl(&combo, 10004);
+    LngSetCtrl(&combo, TextNumber<0>(10004));
     EXPECT_EQ(combo.geometry(), QRect(20, 30, 110, 30));
     EXPECT_EQ(combo.currentText(), "");
 }
@@ -77,7 +77,7 @@ TEST_F(FormControls, FourAdjustmentsMoveAndSizeAControl)
     QWidget form;
     QPushButton button(&form);
     button.setGeometry(10, 10, 80, 30);
-    LngSetCtrl(&button, 10004);
+    LngSetCtrl(&button, TextNumber<0>(10004));
     EXPECT_EQ(button.geometry(), QRect(20, 30, 110, 70));
     EXPECT_EQ(button.text(), LngStr(10004));
 }
@@ -119,14 +119,12 @@ TEST_F(FormControls, TheBusyPointerLastsAsLongAsTheOutermostGuard)
 
 TEST_F(FormControls, HintsCanChangeLater)
 {
-    QString status;
-    TheFrameHooks().HasActivation = [] { return true; };
-    TheFrameHooks().SetStatusText = [&status](const QString& text) { status = text; };
+    FakeFrame frame;
     QWidget form;
-    auto* button = NewButton(&form, "BtX", { 10004, 0, 10005 });
-    SetControlHint(button, 10007);
+    auto* button = NewButton(&form, "BtX", { TextNumber<0>(10004), 0, TextNumber<0>(10005) });
+    SetControlHint(button, TextNumber<0>(10007));
     PointAt(form, "BtX");
-    EXPECT_EQ(status, LngStr(10007));
+    EXPECT_EQ(frame.Status, LngStr(10007));
 }
 
 TEST_F(FormControls, TwipsAre15InAPixelAt96DotsPerInch)

@@ -5,12 +5,14 @@
 #include "app/frame/commands.h"
 #include "app/frame/dropFiles.h"
 #include "app/frame/menu.h"
-#include "app/help/help.h"
 #include "app/platform/seams.h"
 #include "app/settings/settings.h"
-#include "app/state/frameHooks.h"
+#include "app/state/frame.h"
 #include "app/state/project.h"
 #include "closed/loader.h"
+#include "tests/support/fakeCommands.h"
+#include "tests/support/fakeFrameDocuments.h"
+#include "tests/support/fakeHelp.h"
 #include "tests/support/forms.h"
 
 #include <QAction>
@@ -23,9 +25,9 @@ namespace tarvik {
 inline bool linkIsUp = false;
 
 /// The whole frame after a start, in a folder of its own with the real modules.
-class Frame : public FormTest {
+class MainFrame : public FormTest {
 protected:
-    Frame()
+    MainFrame()
     {
         linkIsUp = false;
         for (const char* name : { "tvgen", "tvlng", "tvscpi", "tvfio", "tvswp" }) {
@@ -33,13 +35,9 @@ protected:
             QFile::link(QStringLiteral(TARVIK_MODULES "/") + file, FilePath(file));
         }
         TheSeams().StartTimer = [](int, std::function<void()> tick) { QTimer::singleShot(0, qApp, std::move(tick)); };
-        TheHelpHooks().ShowTopic = [this](int number) {
-            topics.append(number);
-            return true;
-        };
     }
 
-    ~Frame() override
+    ~MainFrame() override
     {
         frame.reset();
     }
@@ -71,17 +69,24 @@ protected:
     static void SetLink(bool up)
     {
         linkIsUp = up;
-        TheFrameHooks().MenuUpdate();
+        TheFrame()->MenuUpdate();
     }
 
     /// Counts the runs of a command.
     static void Count(Command command, int& runs)
     {
-        TheCommandHooks()[command] = [&runs] { ++runs; };
+        BindCommand(command, [&runs] { ++runs; });
     }
 
+    /// What the menus see of a document that is active.
+    void OpenDocument(bool descriptionVisible = false)
+    {
+        documents.Now = { true, false, true, false, false, descriptionVisible };
+    }
+
+    FakeHelp help;
+    FakeFrameDocuments documents;
     std::unique_ptr<MfMain> frame;
-    QList<int> topics;
 };
 
 } // namespace tarvik

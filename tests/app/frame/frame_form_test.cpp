@@ -10,10 +10,11 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QWhatsThis>
 
 namespace tarvik {
 
-TEST_F(Frame, StartsWithAllItsControlsUnderTheirNames)
+TEST_F(MainFrame, StartsWithAllItsControlsUnderTheirNames)
 {
     MfMain& main = Start();
     QStringList names{ "MdiArea", "MenuBar", "PbToolbar", "PbStatusBar", "StatusBar", "progressBar", "ImConnect",
@@ -27,7 +28,7 @@ TEST_F(Frame, StartsWithAllItsControlsUnderTheirNames)
     EXPECT_EQ(main.windowTitle(), LngStr(11800));
 }
 
-TEST_F(Frame, EveryItemBearsItsCaptionAndHelpNumber)
+TEST_F(MainFrame, EveryItemBearsItsCaptionAndHelpNumber)
 {
     Start();
     const auto expectItem = [this](const MenuEntry& entry) {
@@ -46,7 +47,7 @@ TEST_F(Frame, EveryItemBearsItsCaptionAndHelpNumber)
     }
 }
 
-TEST_F(Frame, MnemonicsOfAMenuDoNotRepeat)
+TEST_F(MainFrame, MnemonicsOfAMenuDoNotRepeat)
 {
     Start();
     for (const auto* table : { &MenuBarTable(), &PopupTable() }) {
@@ -64,7 +65,7 @@ TEST_F(Frame, MnemonicsOfAMenuDoNotRepeat)
     }
 }
 
-TEST_F(Frame, LaysTheButtonsOutInGroupsWithPitchAndGap)
+TEST_F(MainFrame, LaysTheButtonsOutInGroupsWithPitchAndGap)
 {
     MfMain& main = Start();
     const int pitch = PixelsFromTwips(&main, 360);
@@ -81,7 +82,7 @@ TEST_F(Frame, LaysTheButtonsOutInGroupsWithPitchAndGap)
         EXPECT_FALSE(Cm(unused).isVisible()) << unused;
 }
 
-TEST_F(Frame, MenusAndToolBarAreOffWhileADialogIsOpen)
+TEST_F(MainFrame, MenusAndToolBarAreOffWhileADialogIsOpen)
 {
     Start();
     FmLogo dialog{ QPixmap(10, 10) };
@@ -98,7 +99,7 @@ TEST_F(Frame, MenusAndToolBarAreOffWhileADialogIsOpen)
     EXPECT_FALSE(Cm(2).isEnabled());
 }
 
-TEST_F(Frame, ShowsTheStateOfTheLink)
+TEST_F(MainFrame, ShowsTheStateOfTheLink)
 {
     MfMain& main = Start();
     EXPECT_FALSE(FindControl(main, "ImConnect").isVisible());
@@ -119,7 +120,7 @@ TEST_F(Frame, ShowsTheStateOfTheLink)
     EXPECT_FALSE(Cm(8).isEnabled());
 }
 
-TEST_F(Frame, RunsTheCommandOfAnItemAndOfAButton)
+TEST_F(MainFrame, RunsTheCommandOfAnItemAndOfAButton)
 {
     Start();
     int editors = 0;
@@ -129,11 +130,11 @@ TEST_F(Frame, RunsTheCommandOfAnItemAndOfAButton)
     EXPECT_EQ(editors, 2);
 }
 
-TEST_F(Frame, TellsApartPrintingByMenuAndByButton)
+TEST_F(MainFrame, TellsApartPrintingByMenuAndByButton)
 {
     Start();
-    TheDocumentHooks().State = [] { return DocumentsState{ true, false, true, false, false, false }; };
-    TheFrameHooks().MenuUpdate();
+    OpenDocument();
+    TheFrame()->MenuUpdate();
     int prints = 0;
     int printsNow = 0;
     Count(Command::FilePrint, prints);
@@ -144,15 +145,11 @@ TEST_F(Frame, TellsApartPrintingByMenuAndByButton)
     EXPECT_EQ(printsNow, 1);
 }
 
-TEST_F(Frame, HidesTheToolBarByItsOwnMenuAndSavesThat)
+TEST_F(MainFrame, HidesTheToolBarByItsOwnMenuAndSavesThat)
 {
     MfMain& main = Start();
-    int retiles = 0;
     int room = main.ChildArea()->height();
-    TheDocumentHooks().Retile = [&] {
-        ++retiles;
-        room = main.ChildArea()->height() - room;
-    };
+    documents.OnRetile = [&] { room = main.ChildArea()->height() - room; };
     const int barHeight = FindControl(main, "PbToolbar").height();
     Item("TbMnHide").trigger();
     EXPECT_EQ(room, barHeight) << "the room that they are tiled in";
@@ -160,12 +157,12 @@ TEST_F(Frame, HidesTheToolBarByItsOwnMenuAndSavesThat)
     EXPECT_FALSE(Program().ToolbarOn);
     EXPECT_FALSE(Item("MnViewToolbar").isChecked());
     EXPECT_FALSE(Item("ClMnViewToolbar").isChecked());
-    EXPECT_EQ(retiles, 1);
+    EXPECT_EQ(documents.Retiles, 1);
     main.close();
     EXPECT_FALSE(IniReadBool(FilePath("Tarvik.ini"), "Window", "Toolbar", true));
 }
 
-TEST_F(Frame, TogglesTheStatusBarFromEachOfItsItems)
+TEST_F(MainFrame, TogglesTheStatusBarFromEachOfItsItems)
 {
     MfMain& main = Start();
     bool on = true;
@@ -178,33 +175,31 @@ TEST_F(Frame, TogglesTheStatusBarFromEachOfItsItems)
     }
 }
 
-TEST_F(Frame, EnablesTheDocumentWindowsWithTheMenus)
+TEST_F(MainFrame, EnablesTheDocumentWindowsWithTheMenus)
 {
     Start();
-    QList<bool> enabled;
-    TheDocumentHooks().Enable = [&enabled](bool on) { enabled.append(on); };
+    documents.Enabled.clear();
     BeginBusy();
     EndBusy();
-    EXPECT_EQ(enabled, (QList<bool>{ false, true }));
+    EXPECT_EQ(documents.Enabled, (QList<bool>{ false, true }));
 }
 
-TEST_F(Frame, UpdatesItsMenusWhenAChildIsActivated)
+TEST_F(MainFrame, UpdatesItsMenusWhenAChildIsActivated)
 {
     MfMain& main = Start();
     QMdiSubWindow* first = main.ChildArea()->addSubWindow(new QLineEdit);
     QMdiSubWindow* second = main.ChildArea()->addSubWindow(new QLineEdit);
     first->show();
     second->show();
-    TheDocumentHooks().State = [] { return DocumentsState{ true, false, true, false, false, false }; };
+    OpenDocument();
     EXPECT_FALSE(Cm(2).isEnabled());
     main.ChildArea()->setActiveSubWindow(first);
     EXPECT_TRUE(Cm(2).isEnabled());
 }
 
-TEST_F(Frame, GivesTheFocusBackToTheActiveChildAfterEachButtonButTheLast)
+TEST_F(MainFrame, GivesTheFocusBackToTheActiveChildAfterEachButtonButTheLast)
 {
     MfMain& main = Start();
-    TheHelpHooks().EnterWhatsThis = {};
     auto* box = new QLineEdit;
     main.ChildArea()->addSubWindow(box)->show();
     for (const int index : { 0, 11 }) {
@@ -215,9 +210,10 @@ TEST_F(Frame, GivesTheFocusBackToTheActiveChildAfterEachButtonButTheLast)
     Cm(20).setFocus();
     Cm(20).click();
     EXPECT_TRUE(Cm(20).hasFocus());
+    QWhatsThis::leaveWhatsThisMode();
 }
 
-TEST_F(Frame, LeavesTheFocusOnItsButtonWithoutAChild)
+TEST_F(MainFrame, LeavesTheFocusOnItsButtonWithoutAChild)
 {
     Start();
     Cm(11).setFocus();
@@ -227,32 +223,32 @@ TEST_F(Frame, LeavesTheFocusOnItsButtonWithoutAChild)
     EXPECT_TRUE(Cm(11).hasFocus());
 }
 
-TEST_F(Frame, LeavesTheFocusWhereACommandHasPutIt)
+TEST_F(MainFrame, LeavesTheFocusWhereACommandHasPutIt)
 {
     MfMain& main = Start();
     auto* box = new QLineEdit;
-    TheCommandHooks()[Command::Editor1] = [&main, box] {
+    BindCommand(Command::Editor1, [&main, box] {
         main.ChildArea()->addSubWindow(box)->show();
         box->setFocus();
-    };
+    });
     Cm(1).setFocus();
     Item("MnToolsAntennaListEditor").trigger();
     EXPECT_TRUE(box->hasFocus());
 }
 
-TEST_F(Frame, ChecksTheDescriptionOfTheActiveWindow)
+TEST_F(MainFrame, ChecksTheDescriptionOfTheActiveWindow)
 {
     Start();
     for (const bool isVisible : { true, false }) {
-        TheDocumentHooks().State = [isVisible] { return DocumentsState{ true, false, true, false, false, isVisible }; };
-        TheFrameHooks().MenuUpdate();
+        OpenDocument(isVisible);
+        TheFrame()->MenuUpdate();
         EXPECT_TRUE(Item("MnViewDescription").isEnabled());
         EXPECT_EQ(Item("MnViewDescription").isChecked(), isVisible);
         EXPECT_EQ(Item("MnOptionsDescr").isEnabled(), isVisible);
     }
 }
 
-TEST_F(Frame, ResetsTheCaptionOfTheLiveScreenWhileTheLinkIsUp)
+TEST_F(MainFrame, ResetsTheCaptionOfTheLiveScreenWhileTheLinkIsUp)
 {
     Start();
     Item("MnInstrDispSc").setText("another");
@@ -263,7 +259,7 @@ TEST_F(Frame, ResetsTheCaptionOfTheLiveScreenWhileTheLinkIsUp)
     EXPECT_EQ(Item("MnInstrDispSc").property(kHelpNumberProperty).toInt(), 11937);
 }
 
-TEST_F(Frame, KeepsACheckMarkThatItsCommandDidNotChange)
+TEST_F(MainFrame, KeepsACheckMarkThatItsCommandDidNotChange)
 {
     Start();
     EXPECT_FALSE(Item("MnWindowAutotile").isChecked());
@@ -271,7 +267,7 @@ TEST_F(Frame, KeepsACheckMarkThatItsCommandDidNotChange)
     EXPECT_FALSE(Item("MnWindowAutotile").isChecked());
 }
 
-TEST_F(Frame, DrawsTheProgressWithWhiteAndBlackCharacters)
+TEST_F(MainFrame, DrawsTheProgressWithWhiteAndBlackCharacters)
 {
     MfMain& main = Start();
     QWidget& picture = FindControl(main, "progressBar");
@@ -297,35 +293,34 @@ TEST_F(Frame, DrawsTheProgressWithWhiteAndBlackCharacters)
     EXPECT_EQ(picture.grab().toImage(), empty);
 }
 
-TEST_F(Frame, TipTimerStartsSlowAndGoesOnFast)
+TEST_F(MainFrame, TipTimerStartsSlowAndGoesOnFast)
 {
     MfMain& main = Start();
     auto* timer = main.findChild<QTimer*>("TmTips");
     EXPECT_EQ(timer->interval(), 1000);
-    int checks = 0;
-    TheDocumentHooks().CheckPendingResize = [&checks] { ++checks; };
+    const int before = documents.ResizeChecks;
     QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection, QGenericArgument());
     EXPECT_EQ(timer->interval(), 50);
-    EXPECT_EQ(checks, 1);
+    EXPECT_EQ(documents.ResizeChecks, before + 1);
 }
 
-TEST_F(Frame, TakesItsStatusBarOutOfUseWhileAnEditorIsOpen)
+TEST_F(MainFrame, TakesItsStatusBarOutOfUseWhileAnEditorIsOpen)
 {
     MfMain& main = Start();
-    TheFrameHooks().EnableStatusBar(false);
+    TheFrame()->EnableStatusBar(false);
     EXPECT_FALSE(FindControl(main, "StatusBar").isEnabled());
-    TheFrameHooks().EnableStatusBar(true);
+    TheFrame()->EnableStatusBar(true);
     EXPECT_TRUE(FindControl(main, "StatusBar").isEnabled());
 }
 
-TEST_F(Frame, EndsALongStatusTextInDotsAndTellsAllOfItInATip)
+TEST_F(MainFrame, EndsALongStatusTextInDotsAndTellsAllOfItInATip)
 {
     MfMain& main = Start();
     const int width = main.width();
     QWidget& panel = FindControl(main, "Panel[3]");
     const QString text(200, u'm');
-    TheFrameHooks().SetPanelText(3, text);
-    TheFrameHooks().SetPanelText(1, text.repeated(20));
+    TheFrame()->SetPanelText(3, text);
+    TheFrame()->SetPanelText(1, text.repeated(20));
     QCoreApplication::processEvents();
     EXPECT_EQ(main.width(), width);
     EXPECT_EQ(TextOf(main, "Panel[3]"), text);
@@ -333,7 +328,7 @@ TEST_F(Frame, EndsALongStatusTextInDotsAndTellsAllOfItInATip)
     QApplication::sendEvent(&panel, &ask);
     EXPECT_EQ(panel.toolTip(), PlainTip(text));
     const QImage cut = panel.grab().toImage();
-    TheFrameHooks().SetPanelText(3, panel.fontMetrics().elidedText(text, Qt::ElideRight, panel.width()));
+    TheFrame()->SetPanelText(3, panel.fontMetrics().elidedText(text, Qt::ElideRight, panel.width()));
     EXPECT_EQ(panel.grab().toImage(), cut);
     QApplication::sendEvent(&panel, &ask);
     EXPECT_EQ(panel.toolTip(), "");
@@ -354,7 +349,7 @@ public:
     int Count = 0;
 };
 
-TEST_F(Frame, DrawsTheTextOfAJobAtOnce)
+TEST_F(MainFrame, DrawsTheTextOfAJobAtOnce)
 {
     MfMain& main = Start();
     QCoreApplication::processEvents();
@@ -364,7 +359,7 @@ TEST_F(Frame, DrawsTheTextOfAJobAtOnce)
     StatusClear();
 }
 
-TEST_F(Frame, SetsItsEmptyAreaApartFromItsBarsOnAnyPalette)
+TEST_F(MainFrame, SetsItsEmptyAreaApartFromItsBarsOnAnyPalette)
 {
     MfMain& main = Start();
     QPalette palette = main.palette();
@@ -377,7 +372,7 @@ TEST_F(Frame, SetsItsEmptyAreaApartFromItsBarsOnAnyPalette)
     EXPECT_GT(areaOn(0x2A), 0x2A + 10);
 }
 
-TEST_F(Frame, TabReachesEveryButtonOnce)
+TEST_F(MainFrame, TabReachesEveryButtonOnce)
 {
     MfMain& main = Start();
     SetLink(true);

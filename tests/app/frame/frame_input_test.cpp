@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QWhatsThis>
 
 namespace tarvik {
 
@@ -28,7 +29,7 @@ QMenu* OpenMenu()
 
 } // namespace
 
-TEST_F(Frame, ShowsTheHintsOfButtonsPanelsAndPictures)
+TEST_F(MainFrame, ShowsTheHintsOfButtonsPanelsAndPictures)
 {
     MfMain& main = Start();
     const std::vector<std::pair<const char*, int>> hints{ { "Cm[1]", 13802 }, { "Cm[0]", 13821 }, { "Panel[1]", 13601 },
@@ -47,7 +48,7 @@ TEST_F(Frame, ShowsTheHintsOfButtonsPanelsAndPictures)
     EXPECT_EQ(TextOf(main, "Panel[1]"), LngStr(13823));
 }
 
-TEST_F(Frame, ShowsNoHintWhileAJobHoldsTheLine)
+TEST_F(MainFrame, ShowsNoHintWhileAJobHoldsTheLine)
 {
     MfMain& main = Start();
     BeginBusy();
@@ -56,7 +57,7 @@ TEST_F(Frame, ShowsNoHintWhileAJobHoldsTheLine)
     EXPECT_EQ(TextOf(main, "Panel[1]"), "Working");
 }
 
-TEST_F(Frame, BearsItsHelpNumbers)
+TEST_F(MainFrame, BearsItsHelpNumbers)
 {
     MfMain& main = Start();
     const std::vector<std::pair<const char*, int>> numbers{ { "Cm[0]", 13822 }, { "Cm[20]", 13826 },
@@ -66,39 +67,39 @@ TEST_F(Frame, BearsItsHelpNumbers)
         EXPECT_EQ(HelpNumberOf(&FindControl(main, QLatin1String(name))), number) << name;
 }
 
-TEST_F(Frame, F1ShowsTheTopicOfTheControlWithTheFocus)
+TEST_F(MainFrame, F1ShowsTheTopicOfTheControlWithTheFocus)
 {
     Start();
     Key(Qt::Key_F1);
-    EXPECT_EQ(topics, QList<int>{ 13822 });
+    EXPECT_EQ(help.Topics, QList<int>{ 13822 });
     Cm(11).setFocus();
     Key(Qt::Key_F1);
-    EXPECT_EQ(topics, (QList<int>{ 13822, 13842 }));
+    EXPECT_EQ(help.Topics, (QList<int>{ 13822, 13842 }));
 }
 
-TEST_F(Frame, F1ShowsTheTopicOfTheHighlightedMenuEntry)
+TEST_F(MainFrame, F1ShowsTheTopicOfTheHighlightedMenuEntry)
 {
     MfMain& main = Start();
     auto* menu = main.findChild<QMenu*>("MnTools");
     menu->popup(QPoint(50, 50));
     menu->setActiveAction(&Item("MnToolsMemoryListEditor"));
     QTest::keyClick(menu, Qt::Key_F1);
-    EXPECT_EQ(topics, QList<int>{ 11995 });
+    EXPECT_EQ(help.Topics, QList<int>{ 11995 });
     menu->hide();
 }
 
-TEST_F(Frame, F1ShowsTheTopicOfAnOpenMenuWithoutHighlightedEntry)
+TEST_F(MainFrame, F1ShowsTheTopicOfAnOpenMenuWithoutHighlightedEntry)
 {
     MfMain& main = Start();
     auto* menu = main.findChild<QMenu*>("MnTools");
     menu->popup(QPoint(50, 50));
     menu->setActiveAction(nullptr);
     QTest::keyClick(menu, Qt::Key_F1);
-    EXPECT_EQ(topics, QList<int>{ 11943 });
+    EXPECT_EQ(help.Topics, QList<int>{ 11943 });
     menu->hide();
 }
 
-TEST_F(Frame, F1PassesOverAMenuThatIsOnlyUnderThePointer)
+TEST_F(MainFrame, F1PassesOverAMenuThatIsOnlyUnderThePointer)
 {
     MfMain& main = Start();
     QMenuBar& bar = *main.menuBar();
@@ -107,13 +108,13 @@ TEST_F(Frame, F1PassesOverAMenuThatIsOnlyUnderThePointer)
     QApplication::sendEvent(&bar, &move);
     ASSERT_EQ(bar.activeAction(), &Item("MnFile"));
     Key(Qt::Key_F1);
-    EXPECT_EQ(topics, QList<int>{ 13822 });
+    EXPECT_EQ(help.Topics, QList<int>{ 13822 });
     bar.setFocus();
     Key(Qt::Key_F1);
-    EXPECT_EQ(topics, (QList<int>{ 13822, 11903 }));
+    EXPECT_EQ(help.Topics, (QList<int>{ 13822, 11903 }));
 }
 
-TEST_F(Frame, ShiftIsNotHeldAnyMoreOnceAnotherProgramHasTheKeyboard)
+TEST_F(MainFrame, ShiftIsNotHeldAnyMoreOnceAnotherProgramHasTheKeyboard)
 {
     Start();
     KeyDown(Qt::Key_Shift);
@@ -123,36 +124,38 @@ TEST_F(Frame, ShiftIsNotHeldAnyMoreOnceAnotherProgramHasTheKeyboard)
     EXPECT_FALSE(Program().ShiftDown);
 }
 
-TEST_F(Frame, ShiftF1EntersWhatsThis)
+TEST_F(MainFrame, ShiftF1EntersWhatsThis)
 {
     Start();
-    int entered = 0;
-    TheHelpHooks().EnterWhatsThis = [&entered] { ++entered; };
     KeyDown(Qt::Key_Shift);
     KeyDown(Qt::Key_F1, Qt::ShiftModifier);
-    EXPECT_EQ(entered, 1);
-    EXPECT_TRUE(topics.isEmpty());
+    EXPECT_TRUE(QWhatsThis::inWhatsThisMode());
+    EXPECT_TRUE(help.Asked.isEmpty());
+    QWhatsThis::leaveWhatsThisMode();
     Item("MnHelpWhatsThis").trigger();
+    EXPECT_TRUE(QWhatsThis::inWhatsThisMode());
+    QWhatsThis::leaveWhatsThisMode();
     Cm(20).click();
-    EXPECT_EQ(entered, 3);
+    EXPECT_TRUE(QWhatsThis::inWhatsThisMode());
+    QWhatsThis::leaveWhatsThisMode();
 }
 
-TEST_F(Frame, CtrlCCopiesWhenADocumentIsActive)
+TEST_F(MainFrame, CtrlCCopiesWhenADocumentIsActive)
 {
     Start();
     int copies = 0;
     Count(Command::EditCopyGraph, copies);
     Key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(copies, 0);
-    TheDocumentHooks().State = [] { return DocumentsState{ true, false, true, false, false, false }; };
-    TheFrameHooks().MenuUpdate();
+    OpenDocument();
+    TheFrame()->MenuUpdate();
     Key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(copies, 1);
     Key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(copies, 1);
 }
 
-TEST_F(Frame, OpensTheMenuOfItsEmptyAreaWhenTheRightButtonGoesUp)
+TEST_F(MainFrame, OpensTheMenuOfItsEmptyAreaWhenTheRightButtonGoesUp)
 {
     MfMain& main = Start();
     QWidget& area = *main.ChildArea()->viewport();
@@ -168,7 +171,7 @@ TEST_F(Frame, OpensTheMenuOfItsEmptyAreaWhenTheRightButtonGoesUp)
     OpenMenu()->hide();
 }
 
-TEST_F(Frame, OpensTheMenuOfItsEmptyAreaByTheMenuKey)
+TEST_F(MainFrame, OpensTheMenuOfItsEmptyAreaByTheMenuKey)
 {
     Start();
     const QPoint at(5, 5);
@@ -182,7 +185,7 @@ TEST_F(Frame, OpensTheMenuOfItsEmptyAreaByTheMenuKey)
     EXPECT_EQ(OpenMenu(), nullptr);
 }
 
-TEST_F(Frame, OpensTheMenusOfItsBars)
+TEST_F(MainFrame, OpensTheMenusOfItsBars)
 {
     MfMain& main = Start();
     for (const auto& [bar, menu] : { std::pair("PbToolbar", "TbMn"), std::pair("PbStatusBar", "SbMn") }) {
@@ -193,7 +196,7 @@ TEST_F(Frame, OpensTheMenusOfItsBars)
     }
 }
 
-TEST_F(Frame, OpensNoMenuWhileACommandRuns)
+TEST_F(MainFrame, OpensNoMenuWhileACommandRuns)
 {
     MfMain& main = Start();
     BeginBusy();
@@ -202,15 +205,9 @@ TEST_F(Frame, OpensNoMenuWhileACommandRuns)
     EXPECT_EQ(OpenMenu(), nullptr);
 }
 
-TEST_F(Frame, TakesADropOfKnownFilesAndOpensThem)
+TEST_F(MainFrame, TakesADropOfKnownFilesAndOpensThem)
 {
     MfMain& main = Start();
-    QStringList opened;
-    TheDropHooks().IsKnownFile = [](const QString& path) { return path.endsWith(".tvm"); };
-    TheProjectHooks().FileOpen = [&opened](const QString& path) {
-        opened.append(QFileInfo(path).fileName());
-        return true;
-    };
     Store(FilePath("a.tvm"), "x");
     Store(FilePath("b.tvm"), "x");
     QMimeData data;
@@ -221,37 +218,27 @@ TEST_F(Frame, TakesADropOfKnownFilesAndOpensThem)
     QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&main, &drop);
     EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
-    EXPECT_TRUE(opened.isEmpty()) << "the other program waits";
+    EXPECT_TRUE(documents.Opened.isEmpty()) << "the other program waits";
     QCoreApplication::processEvents();
-    EXPECT_EQ(opened, (QStringList{ "a.tvm", "b.tvm" }));
+    EXPECT_EQ(documents.Opened, (QStringList{ "a.tvm", "b.tvm" }));
 }
 
-TEST_F(Frame, OpensNoMoreDroppedFilesOnceItHasClosed)
+TEST_F(MainFrame, OpensNoMoreDroppedFilesOnceItHasClosed)
 {
     MfMain& main = Start();
-    QStringList opened;
-    TheProjectHooks().FileOpen = [&](const QString& path) {
-        opened.append(QFileInfo(path).fileName());
+    documents.OnOpen = [&main](const QString&) {
         QTimer::singleShot(0, &main, [&main] { main.close(); }); // the user has not waited for the others
-        return true;
     };
-    TheDropHooks().IsKnownFile = [](const QString&) { return true; };
     Store(FilePath("a.tvm"), "x");
     Store(FilePath("b.tvm"), "x");
     DropOpenFiles({ FilePath("a.tvm"), FilePath("b.tvm") });
     EXPECT_FALSE(main.isVisible());
-    EXPECT_EQ(opened, QStringList{ "a.tvm" });
+    EXPECT_EQ(documents.Opened, QStringList{ "a.tvm" });
 }
 
-TEST_F(Frame, RefusesADropWhileACommandRuns)
+TEST_F(MainFrame, RefusesADropWhileACommandRuns)
 {
     MfMain& main = Start();
-    QStringList opened;
-    TheDropHooks().IsKnownFile = [](const QString&) { return true; };
-    TheProjectHooks().FileOpen = [&opened](const QString& path) {
-        opened.append(path);
-        return true;
-    };
     Store(FilePath("a.tvm"), "x");
     QMimeData data;
     data.setUrls({ QUrl::fromLocalFile(FilePath("a.tvm")) });
@@ -260,13 +247,12 @@ TEST_F(Frame, RefusesADropWhileACommandRuns)
     QApplication::sendEvent(&main, &drop);
     EXPECT_FALSE(drop.isAccepted());
     QCoreApplication::processEvents();
-    EXPECT_TRUE(opened.isEmpty());
+    EXPECT_TRUE(documents.Opened.isEmpty());
 }
 
-TEST_F(Frame, RefusesADragOfAnUnknownFile)
+TEST_F(MainFrame, RefusesADragOfAnUnknownFile)
 {
     MfMain& main = Start();
-    TheDropHooks().IsKnownFile = [](const QString& path) { return path.endsWith(".tvm"); };
     QMimeData data;
     data.setUrls({ QUrl::fromLocalFile("/tmp/a.exe") });
     QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);

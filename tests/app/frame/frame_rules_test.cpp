@@ -3,12 +3,14 @@
 #include "app/frame/keyboardHook.h"
 #include "app/frame/placement.h"
 #include "app/frame/tip.h"
-#include "app/help/help.h"
 #include "app/message/messageForm.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 #include "closed/loader.h"
 #include "tests/support/fakeDialog.h"
+#include "tests/support/fakeFrame.h"
+#include "tests/support/fakeFrameDocuments.h"
+#include "tests/support/fakeHelp.h"
 #include "tests/support/fixture.h"
 
 #include <QFontMetrics>
@@ -112,16 +114,6 @@ namespace {
 
 class KeyboardHook : public ProgramTest {
 protected:
-    KeyboardHook()
-    {
-        TheHelpHooks().EnterWhatsThis = [this] { ++whatsThis; };
-        TheHelpHooks().ShowTopic = [this](int number) {
-            topics.append(number);
-            return true;
-        };
-        TheMenuTracker() = [this] { return highlighted; };
-    }
-
     static bool Press(int key)
     {
         return KeyboardHookKey({ key, false, false });
@@ -135,9 +127,8 @@ protected:
         return KeyboardHookKey({ key, true, false });
     }
 
-    int whatsThis = 0;
-    QList<int> topics;
-    std::optional<int> highlighted;
+    FakeFrame frame;
+    FakeHelp help;
 };
 
 } // namespace
@@ -196,33 +187,33 @@ TEST_F(KeyboardHook, F1WithShiftEntersWhatsThisOnceAndIsSwallowed)
 {
     Press(Qt::Key_Shift);
     EXPECT_TRUE(Press(Qt::Key_F1));
-    EXPECT_EQ(whatsThis, 1);
+    EXPECT_EQ(frame.WhatsThis, 1);
     EXPECT_FALSE(Repeat(Qt::Key_F1));
-    EXPECT_EQ(whatsThis, 1);
-    EXPECT_TRUE(topics.isEmpty());
+    EXPECT_EQ(frame.WhatsThis, 1);
+    EXPECT_TRUE(help.Topics.isEmpty());
 }
 
 TEST_F(KeyboardHook, F1ShowsTheTopicOfTheHighlightedMenuEntry)
 {
-    highlighted = 11905;
+    frame.Highlighted = 11905;
     EXPECT_TRUE(Press(Qt::Key_F1));
-    EXPECT_EQ(topics, QList<int>{ 11905 });
+    EXPECT_EQ(help.Topics, QList<int>{ 11905 });
     EXPECT_FALSE(Repeat(Qt::Key_F1));
     EXPECT_FALSE(Release(Qt::Key_F1));
-    EXPECT_EQ(topics.size(), 1);
+    EXPECT_EQ(help.Topics.size(), 1);
 }
 
 TEST_F(KeyboardHook, F1OnAnEntryWithoutTopicIsSwallowedAndShowsNothing)
 {
-    highlighted = 0;
+    frame.Highlighted = 0;
     EXPECT_TRUE(Press(Qt::Key_F1));
-    EXPECT_TRUE(topics.isEmpty());
+    EXPECT_TRUE(help.Topics.isEmpty());
 }
 
 TEST_F(KeyboardHook, F1OutsideMenusIsPassedOn)
 {
     EXPECT_FALSE(Press(Qt::Key_F1));
-    EXPECT_TRUE(topics.isEmpty());
+    EXPECT_TRUE(help.Topics.isEmpty());
 }
 
 namespace {
@@ -231,11 +222,7 @@ class Drop : public ProgramTest {
 protected:
     Drop()
     {
-        TheDropHooks().IsKnownFile = [](const QString& path) { return path.endsWith(".tvm"); };
-        TheProjectHooks().FileOpen = [this](const QString& path) {
-            opened.append(QFileInfo(path).fileName());
-            return !path.endsWith("bad.tvm");
-        };
+        documents.OnOpen = [this](const QString& path) { documents.Opens = !path.endsWith("bad.tvm"); };
     }
 
     QString File(const QString& name)
@@ -244,7 +231,7 @@ protected:
         return FilePath(name);
     }
 
-    QStringList opened;
+    FakeFrameDocuments documents;
 };
 
 } // namespace
@@ -266,7 +253,7 @@ TEST_F(Drop, TakesOtherDataOnlyWhenItIsRecognised)
 {
     QMimeData data;
     EXPECT_FALSE(DropIsAllowed(data));
-    TheDropHooks().IsRecognised = [](const QMimeData&) { return true; };
+    documents.TakesData = true;
     EXPECT_TRUE(DropIsAllowed(data));
     BeginBusy();
     EXPECT_FALSE(DropIsAllowed(data));
@@ -275,20 +262,20 @@ TEST_F(Drop, TakesOtherDataOnlyWhenItIsRecognised)
 TEST_F(Drop, OpensTheKnownFilesUpToTheFirstFailure)
 {
     DropOpenFiles({ File("a.tvm"), File("b.exe"), File("c.tvm"), File("bad.tvm"), File("d.tvm") });
-    EXPECT_EQ(opened, (QStringList{ "a.tvm", "c.tvm", "bad.tvm" }));
+    EXPECT_EQ(documents.Opened, (QStringList{ "a.tvm", "c.tvm", "bad.tvm" }));
 }
 
 TEST_F(Drop, OpensNothingWhileTheProgramCanNotAct)
 {
     BeginBusy();
     DropOpenFiles({ File("a.tvm") });
-    EXPECT_TRUE(opened.isEmpty());
+    EXPECT_TRUE(documents.Opened.isEmpty());
 }
 
 TEST_F(Drop, EndsAtAFileThatIsGone)
 {
     DropOpenFiles({ FilePath("gone.tvm"), File("a.tvm") });
-    EXPECT_TRUE(opened.isEmpty());
+    EXPECT_TRUE(documents.Opened.isEmpty());
 }
 
 namespace {
@@ -345,12 +332,12 @@ TEST(MessageLayout, TextWrapsAtTheScreensWidthLess274)
 
 TEST(MessageLayout, BreaksOnlyWordsThatAreTooWide)
 {
-    const QFontMetrics metrics(QGuiApplication::font());
-    const int width = metrics.horizontalAdvance(QString(10, u'm'));
-    EXPECT_EQ(MsgBreakLongWords("short words stay", metrics, width), "short words stay");
-    const QString broken = MsgBreakLongWords(QString(25, u'm'), metrics, width);
-    EXPECT_EQ(broken.count(QChar(0x200B)), 2);
-    EXPECT_EQ(QString(broken).remove(QChar(0x200B)), QString(25, u'm'));
+    const QFont font = QGuiApplication::font();
+    const int width = QFontMetrics(font).horizontalAdvance(QString(10, u'm'));
+    EXPECT_EQ(MsgLines("short words stay", font, width).join(u' '), "short words stay");
+    const QStringList lines = MsgLines(QString(25, u'm'), font, width);
+    EXPECT_EQ(lines.size(), 3);
+    EXPECT_EQ(lines.join(QString()), QString(25, u'm'));
 }
 
 } // namespace tarvik

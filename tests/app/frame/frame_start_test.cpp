@@ -4,19 +4,20 @@
 #include "app/state/statusBar.h"
 #include "tests/app/frame/frame_form_fixture.h"
 #include "tests/support/fakeDialog.h"
+#include "tests/support/fakeInstrumentLink.h"
 
 #include <QApplication>
 #include <QLabel>
 
 namespace tarvik {
 
-TEST_F(Frame, GivesTheFirstButtonTheFocusAtTheEndOfTheStart)
+TEST_F(MainFrame, GivesTheFirstButtonTheFocusAtTheEndOfTheStart)
 {
     Start();
     EXPECT_TRUE(Cm(0).hasFocus());
 }
 
-TEST_F(Frame, StartsWithTheBarsThatTheSettingsAskFor)
+TEST_F(MainFrame, StartsWithTheBarsThatTheSettingsAskFor)
 {
     IniWriteBool(FilePath("Tarvik.ini"), "Window", "Toolbar", false);
     IniWriteBool(FilePath("Tarvik.ini"), "Window", "Statusbar", false);
@@ -27,7 +28,7 @@ TEST_F(Frame, StartsWithTheBarsThatTheSettingsAskFor)
     EXPECT_FALSE(Item("MnViewStatusBar").isChecked());
 }
 
-TEST_F(Frame, StandsWhereItStoodLast)
+TEST_F(MainFrame, StandsWhereItStoodLast)
 {
     IniWriteInt(FilePath("Tarvik.ini"), "Tarvik", "WinState", 0);
     IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinWidth", 9000);
@@ -43,7 +44,7 @@ TEST_F(Frame, StandsWhereItStoodLast)
     EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinLeft", 0), 150.0F);
 }
 
-TEST_F(Frame, GivesItsPictureToTheLogoAndFreesIt)
+TEST_F(MainFrame, GivesItsPictureToTheLogoAndFreesIt)
 {
     QSize shown;
     QSize kept;
@@ -59,14 +60,14 @@ TEST_F(Frame, GivesItsPictureToTheLogoAndFreesIt)
     EXPECT_TRUE(Find<QLabel>(*frame, "ImLogoMr").pixmap(Qt::ReturnByValue).isNull());
 }
 
-TEST_F(Frame, IsMaximisedWithoutSettings)
+TEST_F(MainFrame, IsMaximisedWithoutSettings)
 {
     MfMain& main = Start();
     EXPECT_TRUE(main.isMaximized());
     EXPECT_EQ(Program().MainWindowState, WinStateMaximised);
 }
 
-TEST_F(Frame, KeepsItsRestoredSizeWhileItIsMaximised)
+TEST_F(MainFrame, KeepsItsRestoredSizeWhileItIsMaximised)
 {
     IniWriteInt(FilePath("Tarvik.ini"), "Tarvik", "WinState", 2);
     IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinWidth", 9000);
@@ -83,7 +84,7 @@ TEST_F(Frame, KeepsItsRestoredSizeWhileItIsMaximised)
     EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinTop", 0), 300.0F);
 }
 
-TEST_F(Frame, RefusesToCloseWhileACommandRuns)
+TEST_F(MainFrame, RefusesToCloseWhileACommandRuns)
 {
     MfMain& main = Start();
     BeginBusy();
@@ -93,16 +94,32 @@ TEST_F(Frame, RefusesToCloseWhileACommandRuns)
     EXPECT_TRUE(main.close());
 }
 
-TEST_F(Frame, RefusesToCloseBeforeTheStartIsOver)
+TEST_F(MainFrame, RefusesToCloseBeforeTheStartIsOver)
 {
     bool closed = true;
-    TheProjectHooks().AutoConnect = [this, &closed](bool) { closed = frame->close(); };
+    class ClosingLink final : public FakeInstrumentLink {
+    public:
+        ClosingLink(const std::unique_ptr<MfMain>& main, bool& closed)
+            : main_(main)
+            , closed_(closed)
+        {
+        }
+        void AutoConnect(bool) override
+        {
+            closed_ = main_->close();
+        }
+
+    private:
+        const std::unique_ptr<MfMain>& main_;
+        bool& closed_;
+    };
+    ClosingLink link(frame, closed);
     Start();
     EXPECT_FALSE(closed);
     EXPECT_TRUE(frame->isVisible());
 }
 
-TEST_F(Frame, ClosesByItsExitItem)
+TEST_F(MainFrame, ClosesByItsExitItem)
 {
     MfMain& main = Start();
     Item("MnFileExit").trigger();
@@ -110,27 +127,27 @@ TEST_F(Frame, ClosesByItsExitItem)
     EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
 }
 
-TEST_F(Frame, StaysWhenAPromptWasCancelled)
+TEST_F(MainFrame, StaysWhenAPromptWasCancelled)
 {
     MfMain& main = Start();
-    TheProjectHooks().CloseAllDocuments = [] { return false; };
+    documents.Closes = false;
     EXPECT_FALSE(main.close());
     EXPECT_TRUE(main.isVisible());
     EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
 }
 
-TEST_F(Frame, LeavesNoHookBehind)
+TEST_F(MainFrame, LeavesNoHookBehind)
 {
     Start();
     frame.reset();
-    TheFrameHooks().MenuUpdate();
-    TheFrameHooks().SetStatusText("x");
+    TheFrame()->MenuUpdate();
+    TheFrame()->SetStatusText("x");
     EXPECT_TRUE(CommandRun(Command::ViewToolbar));
     ProgressStart(2);
     ProgressEnd();
 }
 
-TEST_F(Frame, EndsAtOnceWithoutALibrary)
+TEST_F(MainFrame, EndsAtOnceWithoutALibrary)
 {
     QFile::remove(FilePath(ModuleFileName(Module::ListStore)));
     Answers().Expect(12705, { ModuleFileName(Module::ListStore).toUpper() }, Ok);
@@ -139,7 +156,7 @@ TEST_F(Frame, EndsAtOnceWithoutALibrary)
     EXPECT_FALSE(frame->isVisible());
 }
 
-TEST_F(Frame, AWishToCloseDuringTheStartWaitsForItsEnd)
+TEST_F(MainFrame, AWishToCloseDuringTheStartWaitsForItsEnd)
 {
     TheSeams().StartTimer = [this](int, std::function<void()> tick) {
         frame->CloseWhenPossible();
@@ -155,7 +172,7 @@ TEST_F(Frame, AWishToCloseDuringTheStartWaitsForItsEnd)
     EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
 }
 
-TEST_F(Frame, AWishToCloseWaitsForTheEndOfACommand)
+TEST_F(MainFrame, AWishToCloseWaitsForTheEndOfACommand)
 {
     MfMain& main = Start();
     BeginBusy();
@@ -168,7 +185,7 @@ TEST_F(Frame, AWishToCloseWaitsForTheEndOfACommand)
     EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
 }
 
-TEST_F(Frame, AWishToCloseWaitsForADialog)
+TEST_F(MainFrame, AWishToCloseWaitsForADialog)
 {
     MfMain& main = Start();
     FakeDialog dialog;
@@ -183,7 +200,7 @@ TEST_F(Frame, AWishToCloseWaitsForADialog)
     EXPECT_FALSE(main.isVisible());
 }
 
-TEST_F(Frame, AWishToCloseTakesADialogAlongThatHoldsNothing)
+TEST_F(MainFrame, AWishToCloseTakesADialogAlongThatHoldsNothing)
 {
     MfMain& main = Start();
     FakeDialog dialog;
@@ -198,7 +215,7 @@ TEST_F(Frame, AWishToCloseTakesADialogAlongThatHoldsNothing)
     EXPECT_FALSE(main.isVisible());
 }
 
-TEST_F(Frame, AWishToCloseWaitsForTheDialogAboveOneThatHoldsNothing)
+TEST_F(MainFrame, AWishToCloseWaitsForTheDialogAboveOneThatHoldsNothing)
 {
     MfMain& main = Start();
     FakeDialog above;
@@ -219,21 +236,17 @@ TEST_F(Frame, AWishToCloseWaitsForTheDialogAboveOneThatHoldsNothing)
     EXPECT_FALSE(main.isVisible());
 }
 
-TEST_F(Frame, AWishToCloseIsOverWhenAPromptWasCancelled)
+TEST_F(MainFrame, AWishToCloseIsOverWhenAPromptWasCancelled)
 {
     MfMain& main = Start();
-    int prompts = 0;
-    TheProjectHooks().CloseAllDocuments = [&prompts] {
-        ++prompts;
-        return false;
-    };
+    documents.Closes = false;
     main.CloseWhenPossible();
     QCoreApplication::processEvents();
-    EXPECT_EQ(prompts, 1);
+    EXPECT_EQ(documents.CloseAlls, 1);
     BeginBusy();
     EndBusy();
     QCoreApplication::processEvents();
-    EXPECT_EQ(prompts, 1);
+    EXPECT_EQ(documents.CloseAlls, 1);
     EXPECT_TRUE(main.isVisible());
 }
 

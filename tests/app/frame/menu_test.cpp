@@ -3,6 +3,7 @@
 #include "app/state/linkState.h"
 #include "app/state/project.h"
 #include "closed/loader.h"
+#include "tests/support/fakeCommands.h"
 #include "tests/support/fixture.h"
 
 namespace tarvik {
@@ -281,7 +282,7 @@ using Commands = ProgramTest;
 TEST_F(Commands, RunBetweenBeginBusyAndEndBusy)
 {
     bool idleWithin = true;
-    TheCommandHooks()[Command::FileOpen] = [&idleWithin] { idleWithin = Program().Idle; };
+    BindCommand(Command::FileOpen, [&idleWithin] { idleWithin = Program().Idle; });
     EXPECT_TRUE(CommandRun(Command::FileOpen));
     EXPECT_FALSE(idleWithin);
     EXPECT_TRUE(Program().Idle);
@@ -290,10 +291,10 @@ TEST_F(Commands, RunBetweenBeginBusyAndEndBusy)
 TEST_F(Commands, DoNotRunWhileAnotherOneRuns)
 {
     int runs = 0;
-    TheCommandHooks()[Command::FileOpen] = [&runs] {
+    BindCommand(Command::FileOpen, [&runs] {
         ++runs;
         EXPECT_FALSE(CommandRun(Command::FileOpen));
-    };
+    });
     EXPECT_TRUE(CommandRun(Command::FileOpen));
     EXPECT_EQ(runs, 1);
 }
@@ -301,9 +302,29 @@ TEST_F(Commands, DoNotRunWhileAnotherOneRuns)
 TEST_F(Commands, TheExitRunsWhileTheProgramIsIdle)
 {
     bool canAct = false;
-    TheCommandHooks()[Command::FileExit] = [&canAct] { canAct = CanAct(); };
+    BindCommand(Command::FileExit, [&canAct] { canAct = CanAct(); });
     EXPECT_TRUE(CommandRun(Command::FileExit));
     EXPECT_TRUE(canAct);
+}
+
+TEST_F(Commands, ScopePutsBackWhatRanBefore)
+{
+    static int outer = 0;
+    static int inner = 0;
+    outer = inner = 0;
+    constexpr CommandBinding kOuter{ Command::FileOpen, [] { ++outer; } };
+    constexpr CommandBinding kInner{ Command::FileOpen, [] { ++inner; } };
+    {
+        const CommandScope first({ &kOuter, 1 });
+        {
+            const CommandScope second({ &kInner, 1 });
+            CommandRun(Command::FileOpen);
+        }
+        CommandRun(Command::FileOpen);
+    }
+    EXPECT_TRUE(CommandRun(Command::FileOpen));
+    EXPECT_EQ(outer, 1);
+    EXPECT_EQ(inner, 1);
 }
 
 TEST_F(Commands, OneThatIsNotBoundDoesNothing)

@@ -3,11 +3,13 @@
 #include "app/platform/seams.h"
 #include "app/settings/ini.h"
 #include "app/settings/settings.h"
-#include "app/state/frameHooks.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
 #include "tests/support/fakeDialog.h"
+#include "tests/support/fakeFrame.h"
+#include "tests/support/fakeFrameDocuments.h"
+#include "tests/support/fakeInstrumentLink.h"
 #include "tests/support/fixture.h"
 
 #include <QRegularExpression>
@@ -85,33 +87,80 @@ public:
     std::function<void()> WhenShown;
 };
 
+/// What start and stop ask beside their host, written into its log.
+class LoggedFrame final : public FakeFrame {
+public:
+    explicit LoggedFrame(QStringList& log)
+        : log_(log)
+    {
+        Place = FramePlacement{ WinStateNormal, QRectF(15, 30, 9000, 6000) };
+    }
+    void MoveTwips(QPointF) override
+    {
+        log_.append(QStringLiteral("settings"));
+    }
+    void MenuUpdate() override
+    {
+        if (LogsMenu)
+            log_.append(Program().Started ? QStringLiteral("menu started") : QStringLiteral("menu"));
+    }
+    bool LogsMenu = false;
+
+private:
+    QStringList& log_;
+};
+
+class LoggedDocuments final : public FakeFrameDocuments {
+public:
+    explicit LoggedDocuments(QStringList& log)
+        : log_(log)
+    {
+    }
+    void ClearTable() override
+    {
+        log_.append(QStringLiteral("clear windows"));
+    }
+    bool CloseAll() override
+    {
+        log_.append(QStringLiteral("close documents"));
+        if (OnCloseAll)
+            OnCloseAll();
+        return Closes;
+    }
+    bool Open(const QString& path) override
+    {
+        log_.append(QStringLiteral("open ") + path.mid(path.lastIndexOf(u'/') + 1));
+        return FakeFrameDocuments::Open(path);
+    }
+    std::function<void()> OnCloseAll;
+
+private:
+    QStringList& log_;
+};
+
+class LoggedLink final : public FakeInstrumentLink {
+public:
+    explicit LoggedLink(QStringList& log)
+        : log_(log)
+    {
+    }
+    void AutoConnect(bool connectedAtExit) override
+    {
+        log_.append(connectedAtExit ? QStringLiteral("connect 1") : QStringLiteral("connect 0"));
+        StartedMeanwhile = Program().Started;
+    }
+    bool StartedMeanwhile = false;
+
+private:
+    QStringList& log_;
+};
+
 class Startup : public ProgramTest {
 protected:
     Startup()
     {
         host.ProgramFolder = Folder().chopped(1);
         TheSeams().SystemBox = [this](const QString& title, const QString& text) { boxes.append(title + u'|' + text); };
-        TheProjectHooks().AutoConnect = [this](bool connected) {
-            host.Log.append(connected ? QStringLiteral("connect 1") : QStringLiteral("connect 0"));
-        };
-        TheProjectHooks().FileOpen = [this](const QString& path) {
-            host.Log.append(QStringLiteral("open ") + path.mid(path.lastIndexOf(u'/') + 1));
-            return opens;
-        };
-        TheProjectHooks().ClearWindowTable = [this] { host.Log.append(QStringLiteral("clear windows")); };
-        TheProjectHooks().CloseAllDocuments = [this] {
-            host.Log.append(QStringLiteral("close documents"));
-            return closes;
-        };
-        TheFramePlacement().ScreenSizeTwips = [] { return QSizeF(19200, 10800); };
-        TheFramePlacement().SetState = [this](int) { host.Log.append(QStringLiteral("settings")); };
-        TheFramePlacement().SetWidthTwips = [](double) {};
-        TheFramePlacement().SetHeightTwips = [](double) {};
-        TheFramePlacement().SetLeftTwips = [](double) {};
-        TheFramePlacement().SetTopTwips = [](double) {};
-        TheFramePlacement().SizeTwips = [] { return QSizeF(19200, 10800); };
-        TheFramePlacement().State = [] { return 0; };
-        TheFramePlacement().NormalRectTwips = [] { return QRectF(15, 30, 9000, 6000); };
     }
 
     bool Init()
@@ -120,9 +169,10 @@ protected:
     }
 
     FakeHost host;
+    LoggedFrame frame{ host.Log };
+    LoggedDocuments documents{ host.Log };
+    LoggedLink link{ host.Log };
     QStringList boxes;
-    bool opens = true;
-    bool closes = true;
 };
 
 } // namespace
@@ -130,7 +180,7 @@ protected:
 TEST_F(Startup, RunsEachStepOnceInOrder)
 {
     ASSERT_TRUE(Init());
-    TheFrameHooks().MenuUpdate = [this] { host.Log.append(Program().Started ? "menu started" : "menu"); };
+    frame.LogsMenu = true;
     ASSERT_TRUE(ProjectStart(host));
     const auto load = [](Module module) { return QStringLiteral("load ") + ModuleFileName(module); };
     const QStringList expected{ load(Module::General), load(Module::Language), load(Module::Channel),
@@ -310,7 +360,7 @@ TEST_F(Startup, OpensTheFileOfTheCommandLineInPlaceOfConnecting)
 TEST_F(Startup, ConnectsWhenTheFileCouldNotBeOpened)
 {
     Store(FilePath("a.tvm"), "x");
-    opens = false;
+    documents.Opens = false;
     host.Line = FilePath("a.tvm");
     ASSERT_TRUE(Init());
     ASSERT_TRUE(ProjectStart(host));
@@ -342,10 +392,9 @@ TEST_F(Startup, TellsTheConnectionWhetherTheLinkWasUpAtTheLastExit)
 TEST_F(Startup, CanActOnlyWhenItsLastStepIsDone)
 {
     ASSERT_TRUE(Init());
-    bool startedWhileConnecting = true;
-    TheProjectHooks().AutoConnect = [&](bool) { startedWhileConnecting = Program().Started; };
+    link.StartedMeanwhile = true;
     ASSERT_TRUE(ProjectStart(host));
-    EXPECT_FALSE(startedWhileConnecting);
+    EXPECT_FALSE(link.StartedMeanwhile);
     EXPECT_TRUE(CanAct());
 }
 
@@ -365,10 +414,7 @@ TEST_F(StartFile, IsOpenedBetweenBeginBusyAndEndBusy)
         EXPECT_TRUE(Program().Idle);
         ++pumps;
     };
-    TheProjectHooks().FileOpen = [&](const QString&) {
-        idle = Program().Idle;
-        return true;
-    };
+    documents.OnOpen = [&idle](const QString&) { idle = Program().Idle; };
     EXPECT_TRUE(OpenStartFile(FilePath("a.tvm")));
     EXPECT_FALSE(idle);
     EXPECT_TRUE(Program().Idle);
@@ -391,10 +437,7 @@ TEST_F(StartFile, IsRememberedByItsFullPath)
 {
     Store(FilePath("a.tvm"), "x");
     QString opened;
-    TheProjectHooks().FileOpen = [&opened](const QString& path) {
-        opened = path;
-        return true;
-    };
+    documents.OnOpen = [&opened](const QString& path) { opened = path; };
     const QString before = QDir::currentPath();
     ASSERT_TRUE(QDir::setCurrent(Folder()));
     const QString here = QDir::currentPath(); // without links
@@ -454,10 +497,9 @@ TEST_F(Shutdown, IsRefusedWithoutAWordWhileADialogIsOpen)
 TEST_F(Shutdown, ClosesTheDocumentsThenWritesTheSettings)
 {
     bool writtenBefore = true;
-    TheProjectHooks().CloseAllDocuments = [&] {
+    documents.OnCloseAll = [&] {
         writtenBefore = QFile::exists(FilePath("Tarvik.ini"));
         EXPECT_FALSE(Program().Idle);
-        return true;
     };
     EXPECT_TRUE(ProjectQueryUnload());
     EXPECT_FALSE(writtenBefore);
@@ -469,7 +511,7 @@ TEST_F(Shutdown, WritesTheSettingsAlsoWhenAPromptWasCancelled)
 {
     Store(FilePath("Tarvik.ini"), "[Window]\r\nToolbar=1\r\n");
     Program().ToolbarOn = false;
-    closes = false;
+    documents.Closes = false;
     EXPECT_FALSE(ProjectQueryUnload());
     EXPECT_FALSE(IniReadBool(FilePath("Tarvik.ini"), "Window", "Toolbar", true));
     EXPECT_TRUE(CanAct());

@@ -85,7 +85,7 @@ TEST_F(HelpViewerTest, ShowsTheIndex)
 
 TEST_F(HelpViewerTest, ShowsTheSearchWithAnEmptyBox)
 {
-    TheHelpHooks().ShowSearch(QStringLiteral("squelch"));
+    TheHelpDisplay()->ShowSearch(QStringLiteral("squelch"));
     EXPECT_EQ(Get<QLineEdit>("TbWords").text(), QStringLiteral("squelch"));
     HelpCommand(11975);
     EXPECT_EQ(Tab(), LngStr(10607));

@@ -343,28 +343,49 @@ TEST_F(MessageForm, AnswersAWrapperWithTheButtonPressed)
         EXPECT_EQ(form->HelpNumber(), kMessage);
         Click(*form, "BtYesAll");
     });
-    EXPECT_EQ(MsgAllChoices1(kMessage, "a.tvm"), Yes);
+    EXPECT_EQ(MsgAllChoices1(TextNumber<1>(kMessage), "a.tvm"), Yes);
     EXPECT_TRUE(TheMessage().YesAll);
 }
 
 TEST(MessageFormText, IsCutOnlyWhereItDoesNotFit)
 {
     const QFontMetrics metrics{ QFont() };
-    const int threeLines = MsgTextSize("1\n2\n3", metrics, 500).height();
-    EXPECT_EQ(MsgCutToHeight("1\n2\n3", metrics, 500, threeLines), "1\n2\n3");
-    const QString cut = MsgCutToHeight("1\n2\n3\n4", metrics, 500, threeLines);
-    EXPECT_TRUE(cut.startsWith("1\n2\n3")) << qPrintable(cut);
+    const int threeLines = metrics.size(0, "1\n2\n3").height();
+    EXPECT_EQ(MsgElidedText({ "1", "2", "3" }, metrics, 500, threeLines), "1\n2\n3");
+    const QString cut = MsgElidedText({ "1", "2", "3", "4" }, metrics, 500, threeLines);
+    EXPECT_EQ(cut, QString("1\n2\n3") + QChar(0x2026));
+    EXPECT_LE(metrics.size(0, cut).height(), threeLines);
+}
+
+TEST(MessageFormText, EllipsisFitsTheLineThatItEnds)
+{
+    const QFontMetrics metrics{ QFont() };
+    const QString full(20, u'm');
+    const int width = metrics.horizontalAdvance(full);
+    const QString cut = MsgElidedText({ full, full }, metrics, width, metrics.height());
     EXPECT_TRUE(cut.endsWith(QChar(0x2026)));
-    EXPECT_LE(MsgTextSize(cut, metrics, 500).height(), threeLines);
+    EXPECT_TRUE(cut.startsWith("mmm"));
+    EXPECT_LE(metrics.horizontalAdvance(cut), width);
+}
+
+TEST(MessageFormText, BreaksBetweenWordsWhereItCan)
+{
+    const QFont font;
+    const int width = qCeil(QFontMetricsF(font).horizontalAdvance("two words"));
+    EXPECT_EQ(MsgLines("two words and more", font, width), QStringList({ "two words", "and more" }));
+}
+
+TEST(MessageFormText, KeepsLineEndsAndEmptyLines)
+{
+    EXPECT_EQ(MsgLines("one\n\n  two\n", QFont(), 500), QStringList({ "one", "", "  two", "" }));
 }
 
 TEST(MessageFormText, BreaksNoCharacterInTwo)
 {
-    const QFontMetrics metrics{ QFont() };
     const QString word = QString::fromUcs4(U"\U0001F4FB").repeated(40);
-    const QString broken = MsgBreakLongWords(word, metrics, 1);
-    EXPECT_EQ(QString(broken).remove(QChar(0x200B)), word);
-    EXPECT_EQ(broken.count(QChar(0x200B)), 39);
+    const QStringList lines = MsgLines(word, QFont(), 1);
+    EXPECT_EQ(lines.join(QString()), word);
+    EXPECT_EQ(lines.size(), 40);
 }
 
 TEST(MessageFormText, LeavesRoomBesideAndBelow)

@@ -39,7 +39,7 @@ protected:
 
 TEST_F(Message, OkShowsTheExclamationMark)
 {
-    MsgOk(12765);
+    MsgOk(TextNumber<0>(12765));
     EXPECT_EQ(Last().Style, 48);
     EXPECT_EQ(Last().Text, LngStr(12765));
     EXPECT_EQ(Last().HelpNumber, 12765);
@@ -49,11 +49,11 @@ TEST_F(Message, OkShowsTheExclamationMark)
 
 TEST_F(Message, OkFillsItsArguments)
 {
-    MsgOk1(12728, "file");
+    MsgOk1(TextNumber<1>(12728), "file");
     EXPECT_EQ(Last().Style, 48);
     EXPECT_EQ(Last().Text, LngStr1(12728, "file"));
     EXPECT_EQ(Last().Args, QStringList("file"));
-    MsgOk2(12780, "file", "1");
+    MsgOk2(TextNumber<2>(12780), "file", "1");
     EXPECT_EQ(Last().Style, 48);
     EXPECT_EQ(Last().Text, LngStr2(12780, "file", "1"));
     EXPECT_EQ(Last().Args, QStringList({ "file", "1" }));
@@ -62,64 +62,64 @@ TEST_F(Message, OkFillsItsArguments)
 
 TEST_F(Message, OkWritesNumbersPlainly)
 {
-    MsgOkNum(12702, 11995);
+    MsgOkNum(TextNumber<1>(12702), 11995);
     EXPECT_EQ(Last().Args, QStringList("11995"));
     EXPECT_EQ(Last().Style, 48);
-    MsgOkNum2(12780, 0.5, 1e9);
+    MsgOkNum2(TextNumber<2>(12780), 0.5, 1e9);
     EXPECT_EQ(Last().Args, QStringList({ "0.5", "1000000000" }));
 }
 
 TEST_F(Message, QuestionsHaveTheirFixedStyles)
 {
-    EXPECT_EQ(MsgYesNo(12769), MsgResultYes);
+    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), MsgResultYes);
     EXPECT_EQ(Last().Style, 36);
     EXPECT_TRUE(Last().IsQuestion());
     EXPECT_FALSE(Last().DefaultToNo);
-    MsgYesNoDefNo(12769);
+    MsgYesNoDefNo(TextNumber<0>(12769));
     EXPECT_EQ(Last().Style, 36);
     EXPECT_TRUE(Last().DefaultToNo);
-    MsgYesNoDefNo1(12734, "file");
+    MsgYesNoDefNo1(TextNumber<1>(12734), "file");
     EXPECT_EQ(Last().Style, 36);
     EXPECT_TRUE(Last().DefaultToNo);
     EXPECT_EQ(Last().Args, QStringList("file"));
-    MsgYesNoCancel(12769);
+    MsgYesNoCancel(TextNumber<0>(12769));
     EXPECT_EQ(Last().Style, 35);
-    MsgYesNoCancel1(12734, "file");
+    MsgYesNoCancel1(TextNumber<1>(12734), "file");
     EXPECT_EQ(Last().Style, 35);
-    MsgYesNoAllCancel1(12712, "file");
+    MsgYesNoAllCancel1(TextNumber<1>(12712), "file");
     EXPECT_EQ(Last().Style, 38);
     EXPECT_FALSE(Last().DefaultToNo);
-    MsgAllChoices1(12734, "file");
+    MsgAllChoices1(TextNumber<1>(12734), "file");
     EXPECT_EQ(Last().Style, 34);
     EXPECT_TRUE(Last().DefaultToNo);
 }
 
 TEST_F(Message, DefaultToNoHoldsForOneMessage)
 {
-    MsgYesNoDefNo(12769);
+    MsgYesNoDefNo(TextNumber<0>(12769));
     EXPECT_FALSE(TheMessage().DefaultToNo);
-    MsgYesNo(12769);
+    MsgYesNo(TextNumber<0>(12769));
     EXPECT_FALSE(Last().DefaultToNo);
 }
 
 TEST_F(Message, ResultIsZeroWhileOpen)
 {
-    MsgYesNo(12769);
-    MsgYesNo(12769);
+    MsgYesNo(TextNumber<0>(12769));
+    MsgYesNo(TextNumber<0>(12769));
     EXPECT_EQ(ResultWhileOpen, MsgNone);
 }
 
 TEST_F(Message, LeftWithoutAnAnswerReturnsZero)
 {
     Answer = MsgNone;
-    EXPECT_EQ(MsgYesNo(12769), 0);
+    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), 0);
 }
 
 TEST_F(Message, WithoutAPresenterNothingIsAnswered)
 {
     MsgSetPresenter({});
     TheMessage().Result = MsgResultYes;
-    EXPECT_EQ(MsgYesNo(12769), 0);
+    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), 0);
 }
 
 TEST_F(Message, RawShowsAFinishedTextUnderItsOwnHelpNumber)
@@ -141,29 +141,29 @@ TEST_F(Message, IconIsAQuestionMarkForOneValueOnly)
 TEST_F(Message, AskOnceKeepsItsAnswer)
 {
     Answer = MsgResultNo;
-    EXPECT_EQ(MsgAskOnce(12769), MsgResultNo);
+    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResultNo);
     EXPECT_EQ(Last().Style, 36);
     Answer = MsgResultYes;
-    EXPECT_EQ(MsgAskOnce(12769), MsgResultNo);
+    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResultNo);
     EXPECT_EQ(Shown.size(), 1U);
     MsgAskOnceReset();
-    EXPECT_EQ(MsgAskOnce(12769), MsgResultYes);
+    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResultYes);
     EXPECT_EQ(Shown.size(), 2U);
 }
 
 TEST_F(Message, AskOnceAsksAgainAfterNoAnswer)
 {
     Answer = MsgNone;
-    EXPECT_EQ(MsgAskOnce(12769), MsgNone);
+    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgNone);
     Answer = MsgResultYes;
-    EXPECT_EQ(MsgAskOnce(12769), MsgResultYes);
+    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResultYes);
 }
 
 TEST_F(Message, AllFlagsOutliveTheMessage)
 {
     WhileOpen = [] { TheMessage().YesAll = true; };
-    MsgAllChoices1(12734, "a");
-    MsgOk(12765);
+    MsgAllChoices1(TextNumber<1>(12734), "a");
+    MsgOk(TextNumber<0>(12765));
     EXPECT_TRUE(TheMessage().YesAll);
 }
 
@@ -178,7 +178,7 @@ TEST_F(Message, SecondMessageWaitsForTheFirst)
         EXPECT_TRUE(done());
     };
     TheMessage().Showing = true;
-    MsgOk(12765);
+    MsgOk(TextNumber<0>(12765));
     EXPECT_TRUE(hasWaited);
     EXPECT_EQ(Shown.size(), 1U);
     EXPECT_EQ(Last().HelpNumber, 12765);
@@ -191,15 +191,15 @@ TEST_F(Message, SecondMessageLeavesTheAnswerOfTheFirst)
         TheMessage().Result = MsgResultNo;
     };
     TheMessage().Showing = true;
-    EXPECT_EQ(MsgYesNo(12769), MsgResultYes);
+    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), MsgResultYes);
     EXPECT_EQ(TheMessage().Result, MsgResultNo);
 }
 
 TEST_F(Message, AMessageThatFollowsDoesNotWait)
 {
     TheSeams().PumpUntil = [](const std::function<bool()>&) { FAIL() << "waited"; };
-    MsgOk(12765);
-    MsgOk(12765);
+    MsgOk(TextNumber<0>(12765));
+    MsgOk(TextNumber<0>(12765));
     EXPECT_EQ(Shown.size(), 2U);
 }
 

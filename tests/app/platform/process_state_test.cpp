@@ -120,6 +120,22 @@ TEST(Port, IsImplementedByAClassWithoutData)
     EXPECT_EQ(port->Greet(), "HELLO");
 }
 
+TEST(Port, ScopesNestAndPutBackWhatAnsweredBefore)
+{
+    PortOr<Greeter, NoGreeter> port;
+    LoudGreeter outer;
+    LoudGreeter inner;
+    {
+        const PortScope<Greeter> first(port, outer);
+        {
+            const PortScope<Greeter> second(port, inner);
+            EXPECT_EQ(&*port, &inner);
+        }
+        EXPECT_EQ(&*port, &outer);
+    }
+    EXPECT_EQ(port->Greet(), "nobody");
+}
+
 TEST(Port, AResetOfAllStateIncludesPorts)
 {
     PortOr<Greeter, NoGreeter> port;

@@ -1,33 +1,21 @@
 #include "app/settings/settings.h"
 
 #include "app/state/project.h"
+#include "tests/support/fakeFrame.h"
 #include "tests/support/fixture.h"
-
-#include <algorithm>
 
 namespace tarvik {
 
 class Settings : public ProgramTest {
 protected:
     /// A frame on a screen of 15360 by 11520 twips that takes no height above 11000.
-    void BindFrame()
+    FakeFrame& BindFrame()
     {
-        FramePlacementHooks& frame = TheFramePlacement();
-        frame.ScreenSizeTwips = [] { return QSizeF(15360, 11520); };
-        frame.SetState = [this](int state) { Note("state", state); };
-        frame.SetWidthTwips = [this](double width) {
-            Note("width", width);
-            Size.setWidth(width);
-        };
-        frame.SetHeightTwips = [this](double height) {
-            Note("height", height);
-            Size.setHeight(std::min(height, 11000.0));
-        };
-        frame.SetLeftTwips = [this](double left) { Note("left", left); };
-        frame.SetTopTwips = [this](double top) { Note("top", top); };
-        frame.SizeTwips = [this] { return Size; };
-        frame.State = [] { return int{ WinStateNormal }; };
-        frame.NormalRectTwips = [] { return QRectF(150, 300.5, 9000, 6000); };
+        frame_.emplace();
+        frame_->Screen = { 15360, 11520 };
+        frame_->HighestTwips = 11000;
+        frame_->Place = FramePlacement{ WinStateNormal, QRectF(150, 300.5, 9000, 6000) };
+        return *frame_;
     }
 
     void StoreIni(const QByteArray& text)
@@ -40,14 +28,8 @@ protected:
         return QString::fromUtf8(Contents(IniFileName())).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
 
-    QStringList Log; ///< what was set on the frame, in order
-    QSizeF Size;
-
 private:
-    void Note(const char* what, double value)
-    {
-        Log.append(QStringLiteral("%1 %2").arg(QLatin1String(what)).arg(value));
-    }
+    std::optional<FakeFrame> frame_;
 };
 
 TEST_F(Settings, StandBesideTheExecutable)
@@ -70,26 +52,27 @@ TEST_F(Settings, MissingFileGivesDefaults)
 
 TEST_F(Settings, FrameDefaultsFollowTheSizeAsSet)
 {
-    BindFrame();
+    const FakeFrame& frame = BindFrame();
     IniRead();
-    EXPECT_EQ(Log, QStringList({ "state 2", "width 15360", "height 11520", "left 0", "top 520" }));
+    EXPECT_EQ(Program().MainWindowState, WinStateMaximised);
+    EXPECT_EQ(frame.Placed, QStringList({ "size 15360 11520", "place 0 520" }));
 }
 
 TEST_F(Settings, FrameIsReadInItsOrder)
 {
-    BindFrame();
+    const FakeFrame& frame = BindFrame();
     StoreIni("[Tarvik]\nWinLeft=1,5\nWinTop=20.5\nWinState=0\nWinHeight=6000\nWinWidth=9000\n");
     IniRead();
-    EXPECT_EQ(Log, QStringList({ "state 0", "width 9000", "height 6000", "left 1", "top 20.5" }));
+    EXPECT_EQ(frame.Placed, QStringList({ "size 9000 6000", "place 1 20.5" }));
     EXPECT_EQ(Program().MainWindowState, WinStateNormal);
 }
 
 TEST_F(Settings, FrameLengthsStayWithinReach)
 {
-    BindFrame();
+    const FakeFrame& frame = BindFrame();
     StoreIni("[Tarvik]\nWinWidth=1e30\nWinHeight=6000\nWinLeft=-1e30\nWinTop=0\n");
     IniRead();
-    EXPECT_EQ(Log, QStringList({ "state 2", "width 1e+06", "height 6000", "left -1e+06", "top 0" }));
+    EXPECT_EQ(frame.Placed, QStringList({ "size 1e+06 6000", "place -1e+06 0" }));
 }
 
 TEST_F(Settings, FrameIsWrittenFirstWithItsNormalPlace)
@@ -148,15 +131,16 @@ TEST_F(Settings, SwitchesAreReadAndWrittenLast)
 
 TEST_F(Settings, GroupsRunBetweenLastFileAndSwitches)
 {
-    QStringList log;
-    const auto group = [&log](const char* name) {
-        return SettingsGroup{ [&log, name](const QString&) { log.append(QStringLiteral("read ") + name); },
-            [&log, name](const QString& file) {
-                EXPECT_EQ(file, IniFileName());
-                log.append(QStringLiteral("write ") + name);
-            } };
-    };
-    SettingsSetGroups({ group("a"), group("b") });
+    static QStringList log;
+    log.clear();
+    const SettingsGroup first{ [](const QString&) { log.append(QStringLiteral("read a")); },
+        [](const QString& file) {
+            EXPECT_EQ(file, IniFileName());
+            log.append(QStringLiteral("write a"));
+        } };
+    const SettingsGroup second{ [](const QString&) { log.append(QStringLiteral("read b")); },
+        [](const QString&) { log.append(QStringLiteral("write b")); } };
+    SettingsSetGroups({ first, second });
     IniRead();
     IniWrite();
     EXPECT_EQ(log, QStringList({ "read a", "read b", "write a", "write b" }));

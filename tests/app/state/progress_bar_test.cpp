@@ -1,6 +1,7 @@
 #include "app/state/progressBar.h"
 
 #include "app/platform/seams.h"
+#include "tests/support/fakeFrame.h"
 #include "tests/support/fixture.h"
 
 namespace tarvik {
@@ -9,18 +10,11 @@ class ProgressBar : public ProgramTest {
 protected:
     ProgressBar()
     {
-        ProgressHooks& hooks = TheProgressHooks();
-        hooks.Show = [this](int percent, const QString& text) {
-            EXPECT_EQ(text, QString::number(percent) + u'%');
-            Log.append(text);
-        };
-        hooks.Clear = [this] { Log.append(QStringLiteral("clear")); };
-        hooks.EnableTimer = [this](
-                                bool on) { Log.append(on ? QStringLiteral("timer on") : QStringLiteral("timer off")); };
         TheSeams().PumpEvents = [this] { ++Pumped; };
     }
 
-    QStringList Log;
+    FakeFrame frame_;
+    QStringList& Log = frame_.Progress;
     int Pumped = 0;
 };
 
@@ -30,6 +24,14 @@ TEST_F(ProgressBar, StartShowsZeroThenStartsTheTimer)
     EXPECT_EQ(Log, QStringList({ "0%", "timer on" }));
     EXPECT_TRUE(Progress().Active);
     EXPECT_EQ(Progress().PercentPerStep, 2);
+}
+
+TEST_F(ProgressBar, TextIsThePercent)
+{
+    ProgressStart(50);
+    ProgressAdd(3);
+    EXPECT_EQ(frame_.Percents, QList<int>({ 0, 6 }));
+    EXPECT_EQ(Log, QStringList({ "0%", "timer on", "6%" }));
 }
 
 TEST_F(ProgressBar, AddsStepsAndShowsWholePercents)

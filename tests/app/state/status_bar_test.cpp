@@ -51,6 +51,50 @@ TEST_F(StatusBar, EndOfBusyWithoutBeginDoesNothing)
     EXPECT_TRUE(Program().StatusHold);
 }
 
+TEST_F(StatusBar, InnerEndOfBusyLeavesTheProgramBusy)
+{
+    {
+        const BusyScope outer;
+        StatusJob("job");
+        MousePointerBusy();
+        frame_.Log.clear();
+        {
+            const BusyScope inner;
+        }
+        EXPECT_FALSE(Program().Idle);
+        EXPECT_TRUE(Program().StatusHold);
+        EXPECT_TRUE(frame_.Busy);
+        EXPECT_EQ(frame_.Status, "job");
+        EXPECT_TRUE(frame_.Log.isEmpty());
+    }
+    EXPECT_TRUE(CanAct());
+    EXPECT_FALSE(Program().StatusHold);
+    EXPECT_FALSE(frame_.Busy);
+    EXPECT_EQ(frame_.Log, QStringList({ "menu", "status:" }));
+}
+
+TEST_F(StatusBar, ScopeWithinABusyProgramLeavesItBusy)
+{
+    BeginBusy();
+    {
+        const BusyScope scope;
+    }
+    EXPECT_FALSE(Program().Idle);
+}
+
+TEST_F(StatusBar, EarlyReturnEndsBusy)
+{
+    const auto leave = [](bool early) {
+        const BusyScope busy;
+        if (early)
+            return Program().Idle;
+        return true;
+    };
+    EXPECT_FALSE(leave(true));
+    EXPECT_TRUE(Program().Idle);
+    EXPECT_EQ(frame_.Log, QStringList({ "status:", "panel4:", "menu", "menu", "status:" }));
+}
+
 TEST_F(StatusBar, IdleSetReturnsTheFormerValueWithoutSideEffects)
 {
     EXPECT_TRUE(IdleSet(false));
@@ -107,7 +151,7 @@ TEST_F(StatusBar, JobHoldsTheLineAgainstEveryOtherText)
 
 TEST_F(StatusBar, TextsByNumber)
 {
-    StatusSetId(13601);
+    StatusSetId(TextNumber<0>(13601));
     EXPECT_EQ(frame_.Status, LngStr(13601));
     for (int index = 0; index < 4; ++index) {
         StatusSetReady(index);

@@ -2,6 +2,7 @@
 #include "app/forms/form.h"
 #include "app/text/lang.h"
 #include "closed/loader.h"
+#include "tests/support/fakeInstrumentLink.h"
 #include "tests/support/fixture.h"
 
 #include <QComboBox>
@@ -127,10 +128,10 @@ TEST_F(Texts, ReadAnAtSignBeforeAMacroAsUsual)
 
 TEST_F(Texts, NameTheInstrumentByWhetherItWasRecognised)
 {
-    bool accepted = true;
-    TheLangHooks().InstrumentAccepted = [&accepted] { return accepted; };
+    FakeInstrumentLink link;
+    link.Accepted = true;
     EXPECT_EQ(LngExpandMacros(QStringLiteral("@3")), LngStr(11804));
-    accepted = false;
+    link.Accepted = false;
     EXPECT_EQ(LngExpandMacros(QStringLiteral("@3")), LngStr(11805));
     EXPECT_NE(LngStr(11804), LngStr(11805));
 }
@@ -260,13 +261,13 @@ TEST_F(Texts, ReduceTheFirstDoubledMarkOfACaption)
 
 TEST_F(Texts, NeedNoAdjustmentsInEnglish)
 {
-    EXPECT_EQ(LngCtrlSize(10709).Count, 0);
+    EXPECT_EQ(LngCtrlSize(TextNumber<0>(10709)).Count, 0);
 }
 
 TEST_F(Texts, FileAdjustmentsUnderTheTextNumberPlusTenThousand)
 {
     UseAdjustments(4);
-    EXPECT_EQ(LngCtrlSize(10709).Height, 600);
+    EXPECT_EQ(LngCtrlSize(TextNumber<0>(10709)).Height, 600);
     EXPECT_EQ(OtherAdjustments().AskedFor, 20709);
 }
 
@@ -275,7 +276,7 @@ TEST_F(Texts, MoveALabelWithFourAdjustments)
     UseAdjustments(4);
     QLabel label;
     label.setGeometry(10, 20, 30, 40);
-    LngSetCtrl(&label, 10744);
+    LngSetCtrl(&label, TextNumber<0>(10744));
     EXPECT_EQ(label.text(), QStringLiteral("Description"));
     EXPECT_EQ(label.pos(), QPoint(20, 40));
     EXPECT_GE(label.width(), 60);
@@ -287,7 +288,7 @@ TEST_F(Texts, MoveNothingWithThreeAdjustments)
     UseAdjustments(3);
     QLabel label;
     label.setGeometry(10, 20, 30, 40);
-    LngSetCtrl(&label, 10744);
+    LngSetCtrl(&label, TextNumber<0>(10744));
     EXPECT_EQ(label.geometry(), QRect(10, 20, 30, 40));
     EXPECT_EQ(label.text(), QStringLiteral("Description"));
 }
@@ -298,7 +299,7 @@ TEST_F(Texts, MoveAComboBoxWithThreeAdjustmentsAndGiveItNoText)
     QComboBox combo;
     combo.setEditable(true);
     combo.setGeometry(10, 20, 200, 40);
-    LngSetCtrl(&combo, 10744);
+    LngSetCtrl(&combo, TextNumber<0>(10744));
     EXPECT_EQ(combo.currentText(), QString());
     EXPECT_EQ(combo.pos(), QPoint(20, 40));
     EXPECT_EQ(combo.size(), QSize(230, 40));
@@ -309,13 +310,13 @@ TEST_F(Texts, ChangeTheHeightOfASimpleComboBoxOnly)
     UseAdjustments(4);
     QComboBox combo;
     combo.setGeometry(10, 20, 200, 40);
-    LngSetCtrl(&combo, 10744);
+    LngSetCtrl(&combo, TextNumber<0>(10744));
     EXPECT_EQ(combo.geometry(), QRect(20, 40, 230, 40));
     QComboBox simple;
     simple.setEditable(true);
     simple.setMaxVisibleItems(0);
     simple.setGeometry(10, 20, 200, 40);
-    LngSetCtrl(&simple, 10744);
+    LngSetCtrl(&simple, TextNumber<0>(10744));
     EXPECT_EQ(simple.geometry(), QRect(20, 40, 230, 80));
 }
 
@@ -325,10 +326,10 @@ TEST_F(Texts, MoveTheEndsOfALine)
     line.setFrameShape(QFrame::HLine);
     line.setGeometry(10, 20, 100, 50);
     UseAdjustments(3);
-    LngSetCtrl(&line, 10744);
+    LngSetCtrl(&line, TextNumber<0>(10744));
     EXPECT_EQ(line.geometry(), QRect(10, 20, 100, 50));
     UseAdjustments(4);
-    LngSetCtrl(&line, 10744);
+    LngSetCtrl(&line, TextNumber<0>(10744));
     EXPECT_EQ(line.geometry(), QRect(QPoint(20, 40), QSize(120, 70)));
 }
 
@@ -338,7 +339,7 @@ TEST_F(Texts, DoNotTakeThePlaceOfAPicture)
     picture.setPixmap(QPixmap(8, 8));
     UseAdjustments(4);
     picture.setGeometry(10, 20, 30, 40);
-    LngSetCtrl(&picture, 10744);
+    LngSetCtrl(&picture, TextNumber<0>(10744));
     EXPECT_FALSE(picture.pixmap().isNull());
     EXPECT_EQ(picture.text(), QString());
     EXPECT_EQ(picture.pos(), QPoint(20, 40));
@@ -349,14 +350,14 @@ TEST_F(Texts, LeaveAComboBoxWithTwoAdjustments)
     UseAdjustments(2);
     QComboBox combo;
     combo.setGeometry(10, 20, 200, 40);
-    LngSetCtrl(&combo, 10744);
+    LngSetCtrl(&combo, TextNumber<0>(10744));
     EXPECT_EQ(combo.geometry(), QRect(10, 20, 200, 40));
 }
 
 TEST_F(Texts, BecomeTheContentOfATextBox)
 {
     QLineEdit textBox;
-    LngSetCtrl(&textBox, 10744);
+    LngSetCtrl(&textBox, TextNumber<0>(10744));
     EXPECT_EQ(textBox.text(), QStringLiteral("Description"));
 }
 
@@ -364,8 +365,8 @@ TEST_F(Texts, AreNotGivenToListsAndScrollBars)
 {
     QListWidget list;
     QScrollBar bar;
-    LngSetCtrl(&list, 10744);
-    LngSetCtrl(&bar, 10744);
+    LngSetCtrl(&list, TextNumber<0>(10744));
+    LngSetCtrl(&bar, TextNumber<0>(10744));
     EXPECT_EQ(list.count(), 0);
     EXPECT_EQ(bar.value(), 0);
 }
@@ -375,11 +376,11 @@ TEST_F(Texts, MoveAFormOnlyWithFourAdjustments)
     QWidget form;
     form.setGeometry(10, 20, 300, 200);
     UseAdjustments(3);
-    LngSetForm(&form, 11700);
+    LngSetForm(&form, TextNumber<0>(11700));
     EXPECT_EQ(form.windowTitle(), LngStr(11700));
     EXPECT_EQ(form.geometry(), QRect(10, 20, 300, 200));
     UseAdjustments(4);
-    LngSetForm(&form, 11700);
+    LngSetForm(&form, TextNumber<0>(11700));
     EXPECT_EQ(form.size(), QSize(330, 240));
 }
 

@@ -112,33 +112,6 @@ bool IsTextNumber(int number)
     return number >= kLowestText && number <= kHighestText;
 }
 
-std::map<QString, int> Constants(const QString& code)
-{
-    static const QRegularExpression constant(QStringLiteral("\\b(\\w+)\\s*(?:=|\\{)\\s*(\\d{5})\\b"));
-    std::map<QString, int> found;
-    for (auto matches = constant.globalMatch(code); matches.hasNext();) {
-        const QRegularExpressionMatch match = matches.next();
-        found[match.captured(1)] = match.captured(2).toInt();
-    }
-    return found;
-}
-
-/// The number that a first argument stands for; 0 when only the running program knows.
-int NumberOf(const QString& argument, const std::map<QString, int>& own, const SharedConstants& shared)
-{
-    bool isNumber = false;
-    const int number = argument.toInt(&isNumber);
-    if (isNumber)
-        return number;
-    const QString name = argument.section(QStringLiteral("::"), -1);
-    for (const auto* constants : { &own, &shared }) {
-        const auto constant = constants->find(name);
-        if (constant != constants->end())
-            return constant->second;
-    }
-    return 0;
-}
-
 /// Relative path and content of every source below the folders that may show text.
 std::map<QString, QString> Sources(const QString& root)
 {
@@ -155,24 +128,6 @@ std::map<QString, QString> Sources(const QString& root)
     return sources;
 }
 
-SharedConstants ConstantsOfHeaders(const std::map<QString, QString>& sources)
-{
-    SharedConstants shared;
-    std::map<QString, int> ambiguous;
-    for (const auto& [file, source] : sources) {
-        if (!file.endsWith(QLatin1String(".h")))
-            continue;
-        for (const auto& [name, number] : Constants(WithoutCommentsAndStrings(source))) {
-            const auto [place, isNew] = shared.emplace(name, number);
-            if (!isNew && place->second != number)
-                ambiguous.emplace(name, number);
-        }
-    }
-    for (const auto& [name, number] : ambiguous)
-        shared.erase(name);
-    return shared;
-}
-
 } // namespace
 
 QString WithoutCommentsAndStrings(const QString& source)
@@ -180,11 +135,12 @@ QString WithoutCommentsAndStrings(const QString& source)
     return Blanker(source).Run();
 }
 
-void ScanSource(const QString& file, const QString& source, const SharedConstants& shared, SourceScan& scan)
+void ScanSource(const QString& file, const QString& source, SourceScan& scan)
 {
     static const QRegularExpression number(QStringLiteral("(?<![\\w.'])(\\d{5})(?![\\w.'])"));
+    static const QRegularExpression name(QStringLiteral("\\b(?:TextId|HelpId)::\\w+"));
     static const QRegularExpression call(
-        QStringLiteral("\\b(Lng\\w+|Msg\\w+|StatusSetId)\\s*\\(\\s*([\\w:]+)\\s*[,)]"));
+        QStringLiteral("\\b(Lng\\w+|Msg\\w+|StatusSetId)\\s*\\(\\s*(TextId::\\w+)\\s*[,)]"));
     const QString code = WithoutCommentsAndStrings(source);
     for (auto matches = number.globalMatch(code); matches.hasNext();) {
         const QRegularExpressionMatch match = matches.next();
@@ -192,25 +148,42 @@ void ScanSource(const QString& file, const QString& source, const SharedConstant
         if (IsTextNumber(found))
             scan.Numbers.push_back({ found, PlaceOf(file, code, match.capturedStart()) });
     }
-    const std::map<QString, int> own = Constants(code);
+    for (auto matches = name.globalMatch(code); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        scan.Names.push_back({ match.captured(), PlaceOf(file, code, match.capturedStart()) });
+    }
     for (auto matches = call.globalMatch(code); matches.hasNext();) {
         const QRegularExpressionMatch match = matches.next();
         const auto fetcher = Fetchers().find(match.captured(1));
-        const int found = NumberOf(match.captured(2), own, shared);
-        if (fetcher != Fetchers().end() && found != 0)
+        if (fetcher != Fetchers().end())
             scan.Calls.push_back(
-                { fetcher->first, found, fetcher->second, PlaceOf(file, code, match.capturedStart()) });
+                { fetcher->first, match.captured(2), fetcher->second, PlaceOf(file, code, match.capturedStart()) });
     }
 }
 
 SourceScan ScanTree(const QString& root)
 {
-    const std::map<QString, QString> sources = Sources(root);
-    const SharedConstants shared = ConstantsOfHeaders(sources);
     SourceScan scan;
-    for (const auto& [file, source] : sources)
-        ScanSource(file, source, shared, scan);
+    for (const auto& [file, source] : Sources(root))
+        ScanSource(file, source, scan);
     return scan;
+}
+
+std::vector<NamedNumber> ReadNames(const QString& root)
+{
+    static const QRegularExpression line(QStringLiteral("^(\\d{5})\t(HelpId::)?([A-Z]\\w+)$"));
+    std::vector<NamedNumber> names;
+    QFile file(root + QStringLiteral("/closed/tvlng/names.tsv"));
+    if (!file.open(QIODevice::ReadOnly))
+        return names;
+    for (const QString& text : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
+        if (text.startsWith(u'#'))
+            continue;
+        const QRegularExpressionMatch match = line.match(text);
+        const QString space = match.captured(2).isEmpty() ? QStringLiteral("TextId::") : match.captured(2);
+        names.push_back({ match.captured(1).toInt(), space + match.captured(3) });
+    }
+    return names;
 }
 
 } // namespace tarvik

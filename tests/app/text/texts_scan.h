@@ -1,5 +1,5 @@
-// tests/app/text/texts_scan.h: finds the text numbers in C++ sources, for the tests that every one of them has its
-// text.
+// tests/app/text/texts_scan.h: finds the numbers and names of texts in C++ sources, for the tests that every one of
+// them has its text.
 #pragma once
 
 #include <QString>
@@ -9,36 +9,47 @@
 
 namespace tarvik {
 
-/// A text or help number that stands in a source, outside comments and string literals.
+/// A number in the range of texts and help topics, outside comments and string literals.
 struct NumberUse {
     int Number = 0;
     QString Place; ///< "file:line"
 };
 
-/// A call of one of the functions that fetch a text, with a number that the scan could work out.
+/// A name of a text or help topic: "TextId::OverwriteFile".
+struct NameUse {
+    QString Name;
+    QString Place;
+};
+
+/// A call of one of the functions that fetch a text by its name.
 struct TextCall {
     QString Function;
-    int Number = 0;
+    QString Name;
     int Arguments = 0; ///< how many places of the text the call fills
     QString Place;
 };
 
 struct SourceScan {
     std::vector<NumberUse> Numbers;
+    std::vector<NameUse> Names;
     std::vector<TextCall> Calls;
 };
-
-/// Constants that headers share, by name. A name that stands for two numbers is left out.
-using SharedConstants = std::map<QString, int>;
 
 /// `source` with comments and the contents of string and character literals blanked, lines kept.
 QString WithoutCommentsAndStrings(const QString& source);
 
-/// Scans one source. Constants (`kName = 12734`, `Name = 12734` in an enumeration) count where a call names them;
-/// the source's own ones come before the shared ones.
-void ScanSource(const QString& file, const QString& source, const SharedConstants& shared, SourceScan& scan);
+void ScanSource(const QString& file, const QString& source, SourceScan& scan);
 
 /// Scans every source below the folders that may show text. `root` is the source tree.
 SourceScan ScanTree(const QString& root);
+
+/// A line of the table of names.
+struct NamedNumber {
+    int Number = 0;
+    QString Name; ///< with its namespace
+};
+
+/// The lines of the table of names below `root`, in their order; a line that can't be read has number 0.
+std::vector<NamedNumber> ReadNames(const QString& root);
 
 } // namespace tarvik

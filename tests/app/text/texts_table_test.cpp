@@ -33,6 +33,11 @@ std::set<int> PlacesIn(const QString& text)
     return places;
 }
 
+bool IsHelp(const NamedNumber& name)
+{
+    return name.Name.startsWith(QLatin1String("HelpId::"));
+}
+
 QString WithoutOptionalParts(QString text)
 {
     return text.remove(QRegularExpression(QStringLiteral("\\{[^}]*\\}")));
@@ -243,71 +248,113 @@ TEST_F(TextTable, NamesAKeyOnlyForTheCommandThatHasOne)
         EXPECT_EQ(LngStr(caption).contains(u'\t'), caption == 11924) << caption;
 }
 
-TEST_F(TextTable, GivesEveryNumberInTheProgramATextOrAHelpTopic)
+TEST_F(TextTable, IsReferredToByNamesAlone)
 {
-    const std::set<int> otherNumbers{ 10000 }; // what a geometry number lies behind its text number
     const SourceScan scan = ScanTree(kSourceTree);
-    EXPECT_GE(scan.Numbers.size(), 300U);
-    const std::map<int, QString> texts = AllTexts();
-    HelpFile book;
-    ASSERT_TRUE(book.Open(QStringLiteral(HELP_BOOK)));
-    for (const NumberUse& use : scan.Numbers) {
-        const bool isKnown = texts.contains(use.Number) || !book.TopicPath(use.Number).isEmpty();
-        EXPECT_TRUE(isKnown || otherNumbers.contains(use.Number)) << use.Number << " at " << use.Place.toStdString();
+    EXPECT_GE(scan.Names.size(), 500U);
+    for (const NumberUse& use : scan.Numbers)
+        ADD_FAILURE() << use.Number << " at " << use.Place.toStdString();
+}
+
+TEST_F(TextTable, HasItsNamesInTheOrderOfTheirNumbers)
+{
+    int before = 0;
+    std::set<QString> seen;
+    for (const NamedNumber& name : ReadNames(kSourceTree)) {
+        EXPECT_GT(name.Number, before) << name.Name.toStdString();
+        EXPECT_TRUE(seen.insert(name.Name).second) << name.Name.toStdString();
+        before = name.Number;
     }
 }
 
-TEST_F(TextTable, HasATextForEveryNumberThatTheProgramFetches)
+TEST_F(TextTable, HasATextOrAHelpTopicForEveryName)
 {
-    const SourceScan scan = ScanTree(kSourceTree);
-    EXPECT_GE(scan.Calls.size(), 50U);
+    const std::vector<NamedNumber> names = ReadNames(kSourceTree);
+    EXPECT_GE(names.size(), 400U);
     const std::map<int, QString> texts = AllTexts();
-    for (const TextCall& call : scan.Calls)
-        EXPECT_TRUE(texts.contains(call.Number)) << call.Number << " at " << call.Place.toStdString();
+    HelpFile book;
+    ASSERT_TRUE(book.Open(QStringLiteral(HELP_BOOK)));
+    for (const NamedNumber& name : names) {
+        EXPECT_EQ(texts.contains(name.Number), !IsHelp(name)) << name.Name.toStdString();
+        EXPECT_TRUE(!IsHelp(name) || !book.TopicPath(name.Number).isEmpty()) << name.Name.toStdString();
+    }
+}
+
+TEST_F(TextTable, HasNoNameThatTheProgramDoesNotUse)
+{
+    std::set<QString> used;
+    for (const NameUse& use : ScanTree(kSourceTree).Names)
+        used.insert(use.Name);
+    for (const NamedNumber& name : ReadNames(kSourceTree))
+        EXPECT_TRUE(used.contains(name.Name)) << name.Name.toStdString();
 }
 
 TEST_F(TextTable, HasAPlaceForEachArgumentThatTheProgramPasses)
 {
     const std::map<int, QString> texts = AllTexts();
-    for (const TextCall& call : ScanTree(kSourceTree).Calls) {
-        const auto text = texts.find(call.Number);
-        if (text == texts.end())
-            continue;
+    std::map<QString, int> numbers;
+    for (const NamedNumber& name : ReadNames(kSourceTree))
+        numbers[name.Name] = name.Number;
+    const SourceScan scan = ScanTree(kSourceTree);
+    EXPECT_GE(scan.Calls.size(), 50U);
+    for (const TextCall& call : scan.Calls) {
+        const auto text = texts.find(numbers[call.Name]);
+        ASSERT_NE(text, texts.end()) << call.Name.toStdString() << " at " << call.Place.toStdString();
         const std::set<int> offered = PlacesIn(text->second);
         const std::set<int> needed = PlacesIn(WithoutOptionalParts(text->second));
         EXPECT_GE(static_cast<int>(offered.size()), call.Arguments)
-            << call.Number << " drops an argument at " << call.Place.toStdString();
+            << call.Name.toStdString() << " drops an argument at " << call.Place.toStdString();
         EXPECT_LE(static_cast<int>(needed.size()), call.Arguments)
-            << call.Number << " misses an argument at " << call.Place.toStdString();
+            << call.Name.toStdString() << " misses an argument at " << call.Place.toStdString();
     }
 }
 
-TEST(SourceScanner, FindsNumbersAndCallsInCode)
+/// Only the first text of a run has a name; the program fetches all of them alike.
+TEST_F(TextTable, HasTheSamePlacesInAllTextsOfARun)
+{
+    const std::map<int, QString> texts = AllTexts();
+    const std::map<int, int> lastOfRuns{ { 12828, 12834 }, { 12835, 12837 }, { 12839, 12860 }, { 12861, 12866 },
+        { 12868, 12881 }, { 12882, 12883 }, { 12884, 12885 }, { 12886, 12889 }, { 12890, 12891 } };
+    for (const auto& [first, last] : lastOfRuns) {
+        for (int number = first; number <= last; ++number) {
+            EXPECT_EQ(PlacesIn(texts.at(number)), std::set<int>{ 1 }) << number;
+            EXPECT_EQ(PlacesIn(WithoutOptionalParts(texts.at(number))), std::set<int>{}) << number;
+        }
+    }
+}
+
+TEST(SourceScanner, FindsNumbersNamesAndCallsInCode)
 {
     SourceScan scan;
     ScanSource(QStringLiteral("a.cpp"),
-        QStringLiteral("constexpr int kOver = 12734;\nvoid F()\n{\n    MsgOk1(kOver, name);\n    LngStr( 10743 );\n"
-                       "    MsgYesNo(TextId::Save);\n    Table t{ 13801, 13802 };\n}\n"),
-        { { QStringLiteral("Save"), 12769 } }, scan);
-    ASSERT_EQ(scan.Numbers.size(), 4U);
+        QStringLiteral("constexpr int kOver = 12734;\nvoid F()\n{\n    MsgOk1(TextId::Over, name);\n"
+                       "    LngStr( TextId::Parting );\n    ShowHelp(HelpId::Save);\n"
+                       "    Table t{ 13801, TextId::Open };\n}\n"),
+        scan);
+    ASSERT_EQ(scan.Numbers.size(), 2U);
     EXPECT_EQ(scan.Numbers[0].Number, 12734);
-    EXPECT_EQ(scan.Numbers[3].Number, 13802);
-    ASSERT_EQ(scan.Calls.size(), 3U);
-    EXPECT_EQ(scan.Calls[0].Number, 12734);
+    EXPECT_EQ(scan.Numbers[1].Number, 13801);
+    EXPECT_EQ(scan.Numbers[1].Place, QStringLiteral("a.cpp:7"));
+    ASSERT_EQ(scan.Names.size(), 4U);
+    EXPECT_EQ(scan.Names[2].Name, QStringLiteral("HelpId::Save"));
+    EXPECT_EQ(scan.Names[2].Place, QStringLiteral("a.cpp:6"));
+    EXPECT_EQ(scan.Names[3].Name, QStringLiteral("TextId::Open"));
+    ASSERT_EQ(scan.Calls.size(), 2U);
+    EXPECT_EQ(scan.Calls[0].Name, QStringLiteral("TextId::Over"));
     EXPECT_EQ(scan.Calls[0].Arguments, 1);
     EXPECT_EQ(scan.Calls[0].Place, QStringLiteral("a.cpp:4"));
-    EXPECT_EQ(scan.Calls[1].Number, 10743);
-    EXPECT_EQ(scan.Calls[2].Number, 12769);
+    EXPECT_EQ(scan.Calls[1].Name, QStringLiteral("TextId::Parting"));
 }
 
 TEST(SourceScanner, PassesOverCommentsLiteralsAndOtherNumbers)
 {
     SourceScan scan;
     ScanSource(QStringLiteral("a.cpp"),
-        QStringLiteral("// 12734\n/* MsgOk(12735);\n12736 */ int a = 112734, b = 12'734, c = 9999, d = 14601;\n"
-                       "const char* e = \"12737 \\\" 12738\"; char f = '\\''; double g = 12739.5;\n"),
-        {}, scan);
+        QStringLiteral("// 12734 TextId::Over\n/* MsgOk(TextId::Over);\n12736 */ int a = 112734, b = 12'734, c = 9999,"
+                       " d = 14601;\nconst char* e = \"12737 \\\" 12738\"; char f = '\\''; double g = 12739.5;\n"),
+        scan);
     EXPECT_TRUE(scan.Numbers.empty());
+    EXPECT_TRUE(scan.Names.empty());
     EXPECT_TRUE(scan.Calls.empty());
 }
 

@@ -20,7 +20,7 @@ protected:
 };
 
 struct ClassRow {
-    int FileClass;
+    FileClass Class;
     const char* Noun; ///< inside the names of the operations
     int TimeoutMs;
     int ReplaceTimeoutMs;
@@ -42,9 +42,9 @@ TEST_F(ChannelCalls, GetAndPutUseTheOperationAndTimeOutOfTheClass)
 {
     for (const ClassRow& row : kClassRows) {
         fake_.Log.clear();
-        EXPECT_EQ(ChannelGet(row.FileClass, QStringLiteral("r"), Local()), kChannelOk);
-        EXPECT_EQ(ChannelPut(row.FileClass, Local(), QStringLiteral("r"), true), kChannelOk);
-        EXPECT_EQ(ChannelPut(row.FileClass, Local(), QStringLiteral("r"), false), kChannelOk);
+        EXPECT_EQ(ChannelGet(row.Class, QStringLiteral("r"), Local()), ChannelStatus::Success);
+        EXPECT_EQ(ChannelPut(row.Class, Local(), QStringLiteral("r"), true), ChannelStatus::Success);
+        EXPECT_EQ(ChannelPut(row.Class, Local(), QStringLiteral("r"), false), ChannelStatus::Success);
         const QString noun = QString::fromLatin1(row.Noun);
         EXPECT_EQ(fake_.Log,
             QStringList({ QStringLiteral("Get%1File r %2 %3").arg(noun, Local()).arg(row.TimeoutMs),
@@ -58,7 +58,7 @@ TEST_F(ChannelCalls, WalkUsesTheStartOperationOfTheClass)
     for (const ClassRow& row : kClassRows) {
         fake_.Log.clear();
         bool nothing = false;
-        EXPECT_EQ(ChannelStartFind(row.FileClass, nothing), kChannelOk);
+        EXPECT_EQ(ChannelStartFind(row.Class, nothing), ChannelStatus::Success);
         EXPECT_TRUE(nothing);
         const QString noun = *row.Noun != '\0' ? QString::fromLatin1(row.Noun) : QStringLiteral("All");
         EXPECT_EQ(fake_.Log, QStringList(QStringLiteral("StartFind%1Files").arg(noun)));
@@ -67,33 +67,33 @@ TEST_F(ChannelCalls, WalkUsesTheStartOperationOfTheClass)
 
 TEST_F(ChannelCalls, WalkDeliversRowsUpToTheLast)
 {
-    fake_.Rows = { { QStringLiteral("Müller \"1\".png"), kChannelFile, false, 2026, 11, 21, 6, 5, 4 },
-        { QStringLiteral("Old"), kChannelFolder, false, 1999, 1, 2, 0, 0, 0 } };
+    fake_.Rows = { { QStringLiteral("Müller \"1\".png"), ChannelRowType::File, false, 2026, 11, 21, 6, 5, 4 },
+        { QStringLiteral("Old"), ChannelRowType::Folder, false, 1999, 1, 2, 0, 0, 0 } };
     bool nothing = true;
-    ASSERT_EQ(ChannelStartFind(FileClassScreenShot, nothing), kChannelOk);
+    ASSERT_EQ(ChannelStartFind(FileClassScreenShot, nothing), ChannelStatus::Success);
     EXPECT_FALSE(nothing);
     ChannelRow row;
-    ASSERT_EQ(ChannelNextFile(row), kChannelOk);
+    ASSERT_EQ(ChannelNextFile(row), ChannelStatus::Success);
     EXPECT_EQ(row.Name, QStringLiteral("Müller \"1\".png"));
     EXPECT_FALSE(row.Last);
     EXPECT_EQ(row.Second, 4);
-    ASSERT_EQ(ChannelNextFile(row), kChannelOk);
-    EXPECT_EQ(row.Type, kChannelFolder);
+    ASSERT_EQ(ChannelNextFile(row), ChannelStatus::Success);
+    EXPECT_EQ(row.Type, ChannelRowType::Folder);
     EXPECT_TRUE(row.Last);
 }
 
 TEST_F(ChannelCalls, RemoveAndFindKnowTheFamiliesWithFoldersOfTheirOwn)
 {
-    fake_.Exists[QStringLiteral("n")] = { 1, kChannelFolder };
-    const std::pair<int, const char*> rows[] = { { FileClassKfactorTable, "KfactorTable" },
+    fake_.Exists[QStringLiteral("n")] = { ChannelPresence::Exists, ChannelRowType::Folder };
+    const std::pair<FileClass, const char*> rows[] = { { FileClassKfactorTable, "KfactorTable" },
         { FileClassCorrectionSet, "CorrectionSet" }, { FileClassScreenShot, "" }, { FileClassUnknown, "" } };
     for (const auto& [fileClass, noun] : rows) {
         fake_.Log.clear();
         ChannelFound found;
-        EXPECT_EQ(ChannelRemove(fileClass, QStringLiteral("n")), kChannelOk);
-        EXPECT_EQ(ChannelFind(fileClass, QStringLiteral("n"), found), kChannelOk);
-        EXPECT_EQ(found.Result, 1);
-        EXPECT_EQ(found.Type, kChannelFolder);
+        EXPECT_EQ(ChannelRemove(fileClass, QStringLiteral("n")), ChannelStatus::Success);
+        EXPECT_EQ(ChannelFind(fileClass, QStringLiteral("n"), found), ChannelStatus::Success);
+        EXPECT_EQ(found.Result, ChannelPresence::Exists);
+        EXPECT_EQ(found.Type, ChannelRowType::Folder);
         const QString find =
             *noun != '\0' ? QStringLiteral("FindIn%1Files n").arg(QLatin1String(noun)) : QStringLiteral("FindFile n");
         EXPECT_EQ(fake_.Log, QStringList({ QStringLiteral("Remove%1File n").arg(QLatin1String(noun)), find }));
@@ -104,20 +104,20 @@ TEST_F(ChannelCalls, NameThatTheInstrumentCannotSpellIsNeverSent)
 {
     const QString name = QStringLiteral("частота.tvm");
     ChannelFound found;
-    EXPECT_EQ(ChannelGet(FileClassMemoryList, name, Local()), kChannelRefused);
-    EXPECT_EQ(ChannelPut(FileClassMemoryList, Local(), name, false), kChannelRefused);
-    EXPECT_EQ(ChannelRemove(FileClassScreenShot, name), kChannelRefused);
-    EXPECT_EQ(ChannelFind(FileClassScreenShot, name, found), kChannelRefused);
-    EXPECT_EQ(ChannelRename(QStringLiteral("a"), name), kChannelRefused);
-    EXPECT_EQ(ChannelCreateDirectory(name), kChannelRefused);
-    EXPECT_EQ(ChannelSetDirectory(name), kChannelRefused);
+    EXPECT_EQ(ChannelGet(FileClassMemoryList, name, Local()), ChannelStatus::Refused);
+    EXPECT_EQ(ChannelPut(FileClassMemoryList, Local(), name, false), ChannelStatus::Refused);
+    EXPECT_EQ(ChannelRemove(FileClassScreenShot, name), ChannelStatus::Refused);
+    EXPECT_EQ(ChannelFind(FileClassScreenShot, name, found), ChannelStatus::Refused);
+    EXPECT_EQ(ChannelRename(QStringLiteral("a"), name), ChannelStatus::Refused);
+    EXPECT_EQ(ChannelCreateDirectory(name), ChannelStatus::Refused);
+    EXPECT_EQ(ChannelSetDirectory(name), ChannelStatus::Refused);
     EXPECT_TRUE(fake_.Log.isEmpty());
 }
 
 TEST_F(ChannelCalls, ConnectPassesModeAddressPortAndTimeOut)
 {
     QString identification;
-    EXPECT_EQ(ChannelConnect(QStringLiteral("172.17.75.1"), 5555, identification), kChannelOk);
+    EXPECT_EQ(ChannelConnect(QStringLiteral("172.17.75.1"), 5555, identification), ChannelStatus::Success);
     EXPECT_EQ(identification, fake_.Identification);
     EXPECT_EQ(fake_.Log, QStringList(QStringLiteral("Connect 1 172.17.75.1 5555 5000")));
     EXPECT_TRUE(ChannelIsUp());
@@ -137,9 +137,9 @@ TEST_F(ChannelCalls, OnlyALinkThatIsGoneIsEnded)
 
 TEST_F(ChannelCalls, ActiveDataSetAndStreamHaveTimeOutsOfTheirOwn)
 {
-    EXPECT_EQ(ChannelGetActive(Local()), kChannelOk);
-    EXPECT_EQ(ChannelPutActive(Local()), kChannelOk);
-    EXPECT_EQ(ChannelGetStream(Local()), kChannelOk);
+    EXPECT_EQ(ChannelGetActive(Local()), ChannelStatus::Success);
+    EXPECT_EQ(ChannelPutActive(Local()), ChannelStatus::Success);
+    EXPECT_EQ(ChannelGetStream(Local()), ChannelStatus::Success);
     EXPECT_EQ(fake_.Log,
         QStringList({ QStringLiteral("GetActiveDatasetFile %1 15000").arg(Local()),
             QStringLiteral("PutActiveDatasetFile %1 100000").arg(Local()),
@@ -148,9 +148,41 @@ TEST_F(ChannelCalls, ActiveDataSetAndStreamHaveTimeOutsOfTheirOwn)
 
 TEST_F(ChannelCalls, StatusOfTheChannelIsTheAnswer)
 {
-    fake_.Answer(QStringLiteral("GetFile"), kChannelLocalFile);
-    EXPECT_EQ(ChannelGet(FileClassScreenShot, QStringLiteral("r"), Local()), kChannelLocalFile);
+    fake_.Answer(QStringLiteral("GetFile"), ChannelStatus::LocalFile);
+    EXPECT_EQ(ChannelGet(FileClassScreenShot, QStringLiteral("r"), Local()), ChannelStatus::LocalFile);
     EXPECT_FALSE(QFile::exists(Local()));
+}
+
+TEST(ChannelWords, StatusOutsideTheFourIsAFailureOfNoKind)
+{
+    EXPECT_EQ(ChannelStatusOf(0), ChannelStatus::Success);
+    EXPECT_EQ(ChannelStatusOf(1), ChannelStatus::LinkFailed);
+    EXPECT_EQ(ChannelStatusOf(2), ChannelStatus::Refused);
+    EXPECT_EQ(ChannelStatusOf(3), ChannelStatus::LocalFile);
+    for (const int word : { -32768, -2, -1, 4, 5, 32767 })
+        EXPECT_EQ(ChannelStatusOf(static_cast<qint16>(word)), ChannelStatus::Unknown) << word;
+}
+
+TEST(ChannelWords, RowOutsideFileAndFolderIsOther)
+{
+    EXPECT_EQ(ChannelRowTypeOf(0), ChannelRowType::File);
+    EXPECT_EQ(ChannelRowTypeOf(1), ChannelRowType::Folder);
+    for (const int word : { -32768, -1, 2, 32767 })
+        EXPECT_EQ(ChannelRowTypeOf(static_cast<qint16>(word)), ChannelRowType::Other) << word;
+}
+
+TEST(ChannelWords, PresenceOutsideNoAndYesIsUnknown)
+{
+    EXPECT_EQ(ChannelPresenceOf(0), ChannelPresence::Missing);
+    EXPECT_EQ(ChannelPresenceOf(1), ChannelPresence::Exists);
+    for (const int word : { -32768, -1, 2, 7, 32767 })
+        EXPECT_EQ(ChannelPresenceOf(static_cast<qint16>(word)), ChannelPresence::Unknown) << word;
+}
+
+TEST_F(ChannelCalls, WordThatNoChannelShouldAnswerIsAFailure)
+{
+    fake_.Answer(QStringLiteral("GetFile"), static_cast<ChannelStatus>(9));
+    EXPECT_EQ(ChannelGet(FileClassScreenShot, QStringLiteral("r"), Local()), ChannelStatus::Unknown);
 }
 
 } // namespace tarvik

@@ -2,6 +2,7 @@
 
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "tests/support/fileClasses.h"
 #include "tests/support/fixture.h"
 
 namespace tarvik {
@@ -10,7 +11,7 @@ using Model = ProgramTest;
 
 TEST_F(Model, ClassSetsItsMaskAndCaptions)
 {
-    ModFileInit(3);
+    ModFileInit(FileClassMemoryList);
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);
     EXPECT_EQ(FileClasses().FileClassMask, 8);
     EXPECT_EQ(ModCaption(CaptionHintEdit), 12463);
@@ -19,31 +20,38 @@ TEST_F(Model, ClassSetsItsMaskAndCaptions)
     EXPECT_EQ(ModCaption(CaptionEditor), 10763);
 }
 
+TEST_F(Model, ClassesHaveFixedNumbers)
+{
+    EXPECT_EQ(FileClassNumber(FileClassNone), 0);
+    for (size_t at = 0; at < kClassesOfAllKinds.size(); ++at)
+        EXPECT_EQ(FileClassNumber(kClassesOfAllKinds[at]), static_cast<int>(at) + 1);
+}
+
 TEST_F(Model, EveryClassHasItsOwnCaptions)
 {
     const int first[] = { 12443, 12453, 12463, 12473, 12483, 12493 };
     const int editor[] = { 10753, 10758, 10763, 10768, 10768, 10773 }; // screen shots leave the former one
-    for (int fileClass = 1; fileClass <= 6; ++fileClass) {
+    for (const FileClass fileClass : kFileClasses) {
         ModFileInit(fileClass);
-        EXPECT_EQ(FileClasses().FileClassMask, 1 << fileClass);
+        EXPECT_EQ(FileClasses().FileClassMask, 1 << FileClassNumber(fileClass));
         for (int slot = 1; slot <= 10; ++slot)
-            EXPECT_EQ(ModCaption(static_cast<CaptionSlot>(slot)), first[fileClass - 1] + slot - 1);
-        EXPECT_EQ(ModCaption(CaptionEditor), editor[fileClass - 1]);
+            EXPECT_EQ(ModCaption(static_cast<CaptionSlot>(slot)), first[FileClassNumber(fileClass) - 1] + slot - 1);
+        EXPECT_EQ(ModCaption(CaptionEditor), editor[FileClassNumber(fileClass) - 1]);
     }
 }
 
 TEST_F(Model, ScreenShotsKeepTheEditorCaption)
 {
-    ModFileInit(1);
-    ModFileInit(5);
+    ModFileInit(FileClassAntennaList);
+    ModFileInit(FileClassScreenShot);
     EXPECT_EQ(ModCaption(CaptionEditor), 10753);
 }
 
 TEST_F(Model, UnknownClassHasNoTexts)
 {
-    ModFileInit(2);
-    for (const int fileClass : { 0, 7, -1, 99 }) {
-        ModFileInit(fileClass);
+    ModFileInit(FileClassKfactorTable);
+    for (const int number : { 0, 7, -1, 99 }) {
+        ModFileInit(static_cast<FileClass>(number));
         EXPECT_EQ(FileClasses().CurrentFileClass, FileClassUnknown);
         EXPECT_EQ(FileClasses().FileClassMask, 4);
         EXPECT_EQ(ModCaption(CaptionNoun), 0);
@@ -53,13 +61,13 @@ TEST_F(Model, UnknownClassHasNoTexts)
 
 TEST_F(Model, ExtensionsOfListsOnly)
 {
-    EXPECT_EQ(ModGetExtension(1), ".tva");
-    EXPECT_EQ(ModGetExtension(2), ".tvk");
-    EXPECT_EQ(ModGetExtension(3), ".tvm");
-    EXPECT_EQ(ModGetExtension(4), ".tvs");
-    EXPECT_EQ(ModGetExtension(6), ".tvc");
-    for (const int fileClass : { 0, 5, 7, -1 })
-        EXPECT_EQ(ModGetExtension(fileClass), "") << fileClass;
+    EXPECT_EQ(ModGetExtension(FileClassAntennaList), ".tva");
+    EXPECT_EQ(ModGetExtension(FileClassKfactorTable), ".tvk");
+    EXPECT_EQ(ModGetExtension(FileClassMemoryList), ".tvm");
+    EXPECT_EQ(ModGetExtension(FileClassSuppressList), ".tvs");
+    EXPECT_EQ(ModGetExtension(FileClassCorrectionSet), ".tvc");
+    for (const int number : { 0, 5, 7, -1 })
+        EXPECT_EQ(ModGetExtension(static_cast<FileClass>(number)), "") << number;
 }
 
 TEST_F(Model, ExtensionMatchesInAnyCase)
@@ -76,9 +84,9 @@ TEST_F(Model, ExtensionMatchesInAnyCase)
 TEST_F(Model, EveryClassMatchesItsOwnExtension)
 {
     const char* names[] = { "x.tva", "x.tvk", "x.tvm", "x.tvs", "x.png", "x.tvc" };
-    for (int fileClass = 1; fileClass <= 6; ++fileClass) {
-        for (int other = 1; other <= 6; ++other)
-            EXPECT_EQ(FileExtMatches(names[other - 1], 1 << fileClass), fileClass == other);
+    for (const FileClass fileClass : kFileClasses) {
+        for (const FileClass other : kFileClasses)
+            EXPECT_EQ(FileExtMatches(names[FileClassNumber(other) - 1], FileClassBit(fileClass)), fileClass == other);
     }
 }
 
@@ -107,15 +115,15 @@ TEST_F(Model, FolderThatIsGoneIsReplacedAtTheNextExit)
 
 TEST_F(Model, InstrumentHoldsOneListOfThreeClasses)
 {
-    for (int fileClass = 0; fileClass <= 7; ++fileClass)
-        EXPECT_EQ(ModHoldsOneList(fileClass), fileClass == 1 || fileClass == 3 || fileClass == 4) << fileClass;
+    for (int number = 0; number <= 7; ++number)
+        EXPECT_EQ(ModHoldsOneList(static_cast<FileClass>(number)), number == 1 || number == 3 || number == 4) << number;
 }
 
 TEST_F(Model, ScreenShotsAndUnknownClassesHaveFoldersOnTheInstrument)
 {
-    for (int fileClass = -1; fileClass <= 8; ++fileClass) {
-        const bool isList = fileClass >= 1 && fileClass <= 6 && fileClass != 5;
-        EXPECT_EQ(ModHasInstrFolders(fileClass), !isList) << fileClass;
+    for (int number = -1; number <= 8; ++number) {
+        const bool isList = number >= 1 && number <= 6 && number != 5;
+        EXPECT_EQ(ModHasInstrFolders(static_cast<FileClass>(number)), !isList) << number;
     }
 }
 

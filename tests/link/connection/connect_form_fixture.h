@@ -2,9 +2,10 @@
 // entries, no link.
 #pragma once
 
-#include "app/help/help.h"
 #include "link/connection/connect.h"
+#include "tests/link/connection/fakeConnectForms.h"
 #include "tests/support/fakeChannel.h"
+#include "tests/support/fakeHelp.h"
 #include "tests/support/forms.h"
 
 namespace tarvik {
@@ -17,10 +18,6 @@ protected:
         state.UsbEntry = QStringLiteral("Usb:169.254.1.1:5555");
         state.LanEntries[0] = QStringLiteral("Van:10.0.0.7:5555");
         state.LanEntries[1] = QStringLiteral("Roof:10.0.0.8:80");
-        TheHelpHooks().ShowTopic = [this](int number) {
-            topics.append(number);
-            return true;
-        };
     }
 
     void FillAllSlots()
@@ -30,8 +27,10 @@ protected:
     }
 
     FakeChannel fake;
+    FakeConnectForms forms;
     ConnectionState& state = Connection();
-    QList<int> topics;
+    FakeHelp help;
+    const QList<int>& topics = help.Topics;
 };
 
 } // namespace tarvik

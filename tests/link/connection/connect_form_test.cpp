@@ -17,7 +17,7 @@ class ConnectForm : public ConnectionForms {
 protected:
     ConnectForm()
     {
-        TheConnectHooks().ShowConnecting = [this] {
+        forms.WhileConnecting = [this] {
             tried.append(state.SelectedEntry);
             fake.Connected = connects;
             state.ConnectInProgress = false;

@@ -4,6 +4,7 @@
 #include "app/state/project.h"
 #include "app/text/lang.h"
 #include "closed/loader.h"
+#include "tests/link/connection/fakeConnectForms.h"
 #include "tests/support/fakeChannel.h"
 #include "tests/support/fixture.h"
 
@@ -175,7 +176,7 @@ TEST_F(ConnectProcedure, EmptyFieldsAreNoKnownInstrument)
 
 TEST_F(ConnectProcedure, FailedConnectEndsIt)
 {
-    for (ChannelStatus failure : { kChannelLinkFailed, kChannelRefused }) {
+    for (ChannelStatus failure : { ChannelStatus::LinkFailed, ChannelStatus::Refused }) {
         fake.Answer("Connect", failure);
         Run();
         EXPECT_EQ(status, LngStr(10422));
@@ -205,11 +206,11 @@ protected:
     ConnectStart()
     {
         fake.Connected = false;
-        TheConnectHooks().ShowDialog = [this] {
+        forms.WhileDialog = [this] {
             EXPECT_FALSE(Program().Idle);
             shown.append(QStringLiteral("dialog"));
         };
-        TheConnectHooks().ShowConnecting = [this] {
+        forms.WhileConnecting = [this] {
             EXPECT_TRUE(Connection().ConnectInProgress);
             shown.append(QStringLiteral("connecting"));
             fake.Connected = connects;
@@ -218,6 +219,7 @@ protected:
     }
 
     FakeChannel fake;
+    FakeConnectForms forms;
     bool connects = true;
     QStringList shown;
 };
@@ -269,7 +271,7 @@ TEST_F(ConnectStart, RunsOneConnectAtATime)
 
 TEST_F(ConnectStart, WithoutFormsNothingIsInProgress)
 {
-    TheConnectHooks() = {};
+    TheConnectForms().Reset();
     conStart(true);
     EXPECT_FALSE(Connection().ConnectInProgress);
     EXPECT_TRUE(Program().Idle);

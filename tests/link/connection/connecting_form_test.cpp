@@ -58,7 +58,7 @@ TEST_F(ConnectingForm, ConnectsShowsTheOutcomeAndCloses)
 
 TEST_F(ConnectingForm, FailureCanBeReadBeforeItCloses)
 {
-    fake.Answer("Connect", kChannelLinkFailed);
+    fake.Answer("Connect", ChannelStatus::LinkFailed);
     QString text;
     WhileShown = [&] { text = TextOf(form, "TbStatus"); };
     DialogShow(form);
@@ -87,7 +87,7 @@ TEST_F(ConnectingForm, CancelTakesEffectWhenTheConnectHasReturned)
 
 TEST_F(ConnectingForm, CancelOfAConnectThatFailsIsToldAsACancel)
 {
-    fake.Answer("Connect", kChannelLinkFailed);
+    fake.Answer("Connect", ChannelStatus::LinkFailed);
     QString text;
     QString debug = "?";
     WhileConnecting = [&] { Click(form, "BtCancel"); };

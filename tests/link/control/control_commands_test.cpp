@@ -48,7 +48,7 @@ TEST_F(ControlJobs, UploadDoesNothingWithoutAFile)
 
 TEST_F(ControlJobs, UploadOfSeveralFilesDoesNothingWhereTheInstrumentHoldsOneList)
 {
-    for (const int fileClass : { FileClassAntennaList, FileClassMemoryList, FileClassSuppressList }) {
+    for (const FileClass fileClass : { FileClassAntennaList, FileClassMemoryList, FileClassSuppressList }) {
         OnPc({ "a" + ModGetExtension(fileClass), "b" + ModGetExtension(fileClass) });
         Open(fileClass);
         ControlSelectAll(Control, ControlSide::Pc);
@@ -144,8 +144,8 @@ TEST_F(ControlJobs, DelKeyDoesNothingWithoutASelectionOrAfterNo)
 TEST_F(ControlJobs, DelKeyWithFoldersOnlyReachesTheEngineWhichRefusesThemRowByRow)
 {
     Open(FileClassAntennaList);
-    TransferAddRow(Control.LvInstr, "Trip", kChannelFolder, {});
-    TransferAddRow(Control.LvInstr, "Van", kChannelFolder, {});
+    TransferAddRow(Control.LvInstr, "Trip", ChannelRowType::Folder, {});
+    TransferAddRow(Control.LvInstr, "Van", ChannelRowType::Folder, {});
     Select(ControlSide::Instr, { "Trip", "Van" });
     DuringJob = TransferRunJob;
     Answers().Expect(12732, Yes);
@@ -172,7 +172,7 @@ TEST_F(ControlJobs, ButtonsThatAFailedRefreshHasLeftOffStayOff)
     OnInstr({ "b.tvk" });
     Open(FileClassKfactorTable);
     Select(ControlSide::Instr, { "b.tvk" });
-    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
     ControlRefresh(Control, ControlSide::Instr);
     Answers().Expect(12732, Yes);
     ControlDeleteByKey(Control, ControlSide::Instr);
@@ -216,7 +216,7 @@ TEST_F(ControlLists, RefreshLeavesTheButtonsOffWhenTheInstrumentDoesNotAnswer)
 {
     OnPc({ "a.tvk" });
     Open(FileClassKfactorTable);
-    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
     ControlRefresh(Control, ControlSide::Instr);
     EXPECT_EQ(Asked, QStringList({ "buttons 0" }));
     EXPECT_EQ(Instrument.Count("StartFind"), 0);
@@ -250,7 +250,7 @@ TEST_F(ControlLists, RenameMeansTheCurrentRowOfSeveralSelectedOnes)
 
 TEST_F(ControlLists, RenameOnTheInstrumentIsForScreenShotsOnly)
 {
-    for (int fileClass = FileClassAntennaList; fileClass <= FileClassCorrectionSet; ++fileClass) {
+    for (const FileClass fileClass : kFileClasses) {
         const QString name = fileClass == FileClassScreenShot ? QString("a.png") : "a" + ModGetExtension(fileClass);
         OnInstr({ name });
         Open(fileClass);
@@ -302,7 +302,7 @@ TEST_F(ControlLists, RenameOnTheInstrumentReadsTheListAgainWhateverCameOfIt)
 {
     OnInstr({ "a.png" });
     Open(FileClassScreenShot);
-    Instrument.Answer("Rename", kChannelRefused);
+    Instrument.Answer("Rename", ChannelStatus::Refused);
     Answers().Expect(12743, { "a.png" }, Ok);
     ControlRenamed(Control, ControlSide::Instr, "-a.png", "b.png");
     EXPECT_EQ(Instrument.Count("StartFindAllFiles"), 1);

@@ -18,28 +18,42 @@ ControlTest::ControlTest()
     QDir().mkdir(FilePath(QStringLiteral("pc")));
     for (QString& path : FileClasses().PcPaths)
         path = FilePath(QStringLiteral("pc"));
-    ControlView& view = Control.View;
-    view.EnableBusySet = [this](bool on) { Asked.append(QStringLiteral("buttons %1").arg(on)); };
-    view.EnableTransfers = [this](bool upload, bool download) {
-        Asked.append(QStringLiteral("transfers %1 %2").arg(upload).arg(download));
-    };
-    view.ShowBusyPointer = [this](bool busy) { Asked.append(QStringLiteral("pointer %1").arg(busy)); };
-    view.ShowCombo = [this](ControlSide side) { Asked.append(QStringLiteral("combo ") + SideName(side)); };
-    view.Close = [this] { Asked.append(QStringLiteral("close")); };
-    view.RunTransfer = [this] {
-        Asked.append(QStringLiteral("job %1 \"%2\"").arg(Transfer().TransferType).arg(Frame.Status));
-        DuringJob();
-    };
-    for (const ControlSide side : { ControlSide::Pc, ControlSide::Instr }) {
-        FileList& list = ListOf(Control, side);
-        list.View.GiveFocus = [this, side] { Asked.append(QStringLiteral("focus ") + SideName(side)); };
-        list.View.StartLabelEdit = [this, side](int row) {
-            Asked.append(QStringLiteral("edit %1 %2").arg(SideName(side)).arg(row));
-        };
-    }
+    Control.LvPc.View = &pcView_;
+    Control.LvInstr.View = &instrView_;
 }
 
-void ControlTest::Open(int fileClass)
+void ControlTest::EnableBusySet(bool on)
+{
+    Asked.append(QStringLiteral("buttons %1").arg(on));
+}
+
+void ControlTest::EnableTransfers(bool upload, bool download)
+{
+    Asked.append(QStringLiteral("transfers %1 %2").arg(upload).arg(download));
+}
+
+void ControlTest::ShowBusyPointer(bool busy)
+{
+    Asked.append(QStringLiteral("pointer %1").arg(busy));
+}
+
+void ControlTest::ShowCombo(ControlSide side)
+{
+    Asked.append(QStringLiteral("combo ") + SideName(side));
+}
+
+void ControlTest::RunTransfer()
+{
+    Asked.append(QStringLiteral("job %1 \"%2\"").arg(static_cast<int>(Transfer().TransferType)).arg(Frame.Status));
+    DuringJob();
+}
+
+void ControlTest::Close()
+{
+    Asked.append(QStringLiteral("close"));
+}
+
+void ControlTest::Open(FileClass fileClass)
 {
     ModFileInit(fileClass);
     ControlLoad(Control);
@@ -66,12 +80,12 @@ void ControlTest::OnInstr(const QStringList& names)
         ChannelRow row;
         const bool isFolder = name.startsWith(u'+');
         row.Name = isFolder ? name.mid(1) : name;
-        row.Type = isFolder ? kChannelFolder : kChannelFile;
+        row.Type = isFolder ? ChannelRowType::Folder : ChannelRowType::File;
         row.Year = 2026;
         row.Month = 3;
         row.Day = 31;
         Instrument.Rows.push_back(row);
-        Instrument.Exists[row.Name] = { 1, row.Type };
+        Instrument.Exists[row.Name] = { ChannelPresence::Exists, row.Type };
     }
 }
 

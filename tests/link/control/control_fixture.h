@@ -8,16 +8,42 @@
 #include "link/transfer/transfer.h"
 #include "tests/support/fakeChannel.h"
 #include "tests/support/fakeFrame.h"
+#include "tests/support/fileClasses.h"
 #include "tests/support/fixture.h"
 
 namespace tarvik {
 
-class ControlTest : public ProgramTest {
+/// What only the view of a list can do, written down.
+class FakeListView final : public FileListView {
+public:
+    FakeListView(QString side, QStringList& asked)
+        : side_(std::move(side))
+        , asked_(asked)
+    {
+    }
+
+    void BeginChange() override { }
+    void EndChange() override { }
+    void GiveFocus() override
+    {
+        asked_.append(QStringLiteral("focus ") + side_);
+    }
+    void StartLabelEdit(int row) override
+    {
+        asked_.append(QStringLiteral("edit %1 %2").arg(side_).arg(row));
+    }
+
+private:
+    QString side_;
+    QStringList& asked_;
+};
+
+class ControlTest : public ProgramTest, private ControlView {
 protected:
     ControlTest();
 
     /// Loads and activates the window for a class, and forgets what was asked until then.
-    void Open(int fileClass);
+    void Open(FileClass fileClass);
 
     /// Stores empty files into the PC folder of every class.
     void OnPc(const QStringList& names);
@@ -30,9 +56,20 @@ protected:
 
     FakeChannel Instrument;
     FakeFrame Frame;
-    FileControl Control;
+    FileControl Control{ *this };
     QStringList Asked; ///< of the window: "busy 1", "transfers 0 1", "job 7", "close"
     std::function<void()> DuringJob = [] {};
+
+private:
+    void EnableBusySet(bool on) override;
+    void EnableTransfers(bool upload, bool download) override;
+    void ShowBusyPointer(bool busy) override;
+    void ShowCombo(ControlSide side) override;
+    void RunTransfer() override;
+    void Close() override;
+
+    FakeListView pcView_{ QStringLiteral("pc"), Asked };
+    FakeListView instrView_{ QStringLiteral("instr"), Asked };
 };
 
 } // namespace tarvik

@@ -1,5 +1,7 @@
 // How the file control window goes from folder to folder, and what it opens.
 #include "tests/link/control/control_fixture.h"
+#include "tests/support/fakeDocuments.h"
+#include "tests/link/files/fakeDrives.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -8,14 +10,31 @@ namespace tarvik {
 
 namespace {
 
+class FakeViewer final : public ScreenShotViewer {
+public:
+    explicit FakeViewer(QStringList& asked)
+        : asked_(asked)
+    {
+        TheScreenShotViewer().Set(*this);
+    }
+
+    void Show(const QString& path, int row) override
+    {
+        asked_.append(QStringLiteral("viewer %1 %2").arg(path).arg(row));
+    }
+
+private:
+    QStringList& asked_;
+};
+
 using ControlFolders = ControlTest;
 
 class ControlEditors : public ControlTest {
 protected:
     ControlEditors()
     {
-        TheFileOpeners().OpenEditor = [this](int fileClass, const QString& path) {
-            Asked.append(QStringLiteral("editor %1 %2").arg(fileClass).arg(path));
+        Editors.OnOpen = [this](const QString& path, FileClass fileClass) {
+            Asked.append(QStringLiteral("editor %1 %2").arg(FileClassNumber(fileClass)).arg(path));
             MayClose = ControlMayClose(Control);
             DuringEditor();
             return true;
@@ -26,6 +45,7 @@ protected:
         return FilePath(QStringLiteral("pc/") + name);
     }
 
+    FakeListFiles Editors;
     bool MayClose = true;
     std::function<void()> DuringEditor = [] {};
 };
@@ -109,7 +129,7 @@ TEST_F(ControlFolders, UpOnTheInstrumentEndsAtTheRoot)
 TEST_F(ControlFolders, UpClosesTheWindowWhenTheLinkIsGone)
 {
     Open(FileClassScreenShot);
-    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
     Instrument.Gone = true;
     Answers().Expect(12704, Ok);
     ControlFolderUp(Control, ControlSide::Instr);
@@ -120,7 +140,7 @@ TEST_F(ControlFolders, UpClosesTheWindowWhenTheLinkIsGone)
 TEST_F(ControlFolders, UpKeepsTheWindowWhenTheLinkIsStillThere)
 {
     Open(FileClassScreenShot);
-    Instrument.Answer("GetCurrentDirectory", kChannelRefused);
+    Instrument.Answer("GetCurrentDirectory", ChannelStatus::Refused);
     Answers().Expect(12704, Ok);
     ControlFolderUp(Control, ControlSide::Instr);
     EXPECT_EQ(Instrument.Log, QStringList({ "GetCurrentDirectory", "CheckConnection" }));
@@ -130,10 +150,8 @@ TEST_F(ControlFolders, UpKeepsTheWindowWhenTheLinkIsStillThere)
 TEST_F(ControlFolders, TheFirstDropDownOfThePcTellsThatTheDrivesAreRead)
 {
     QString status;
-    TheDriveSource() = [&] {
-        status = Frame.Status;
-        return std::vector<Drive>{ { "/", {}, DriveKind::Fixed } };
-    };
+    FakeDrives drives;
+    drives.WhileAsked = [&] { status = Frame.Status; };
     Open(FileClassKfactorTable);
     ControlDropDown(Control, ControlSide::Pc);
     EXPECT_EQ(status, "Reading the drives...");
@@ -146,7 +164,7 @@ TEST_F(ControlFolders, TheFirstDropDownOfThePcTellsThatTheDrivesAreRead)
 
 TEST_F(ControlFolders, AChosenFolderOfThePcIsShown)
 {
-    TheDriveSource() = [] { return std::vector<Drive>{ { "/", {}, DriveKind::Fixed } }; };
+    const FakeDrives drives;
     Open(FileClassKfactorTable);
     ControlDropDown(Control, ControlSide::Pc);
     Asked.clear();
@@ -168,7 +186,7 @@ TEST_F(ControlFolders, AChosenFolderThatIsGoneLeavesTheList)
 {
     Open(FileClassScreenShot);
     ControlDropDown(Control, ControlSide::Instr);
-    Instrument.Answer("SetCurrentDirectory", kChannelRefused);
+    Instrument.Answer("SetCurrentDirectory", ChannelStatus::Refused);
     Answers().Expect(12747, Ok);
     ControlSelectFolder(Control, ControlSide::Instr, 1);
     EXPECT_EQ(Instrument.Count("StartFindAllFiles"), 0);
@@ -245,9 +263,7 @@ TEST_F(ControlEditors, ADoubleClickOnAScreenShotOpensItsViewer)
 {
     OnPc({ "a.png", "b.png" });
     Open(FileClassScreenShot);
-    TheControlHooks().ShowScreenShot = [this](const QString& path, int row) {
-        Asked.append(QStringLiteral("viewer %1 %2").arg(path).arg(row));
-    };
+    FakeViewer viewer(Asked);
     ControlOpenRow(Control, ControlSide::Pc, 1);
     EXPECT_EQ(Asked, QStringList({ "buttons 0", "viewer " + PcFile("b.png") + " 1", "buttons 1", "transfers 0 0" }));
     EXPECT_EQ(Control.ViewedRow, 1);

@@ -8,8 +8,10 @@
 #include "link/control/FolderComboBox.h"
 #include "link/documents/file.h"
 #include "link/transfer/transfer.h"
+#include "tests/link/files/fakeDrives.h"
 #include "tests/support/fakeChannel.h"
 #include "tests/support/fakeFrame.h"
+#include "tests/support/fileClasses.h"
 #include "tests/support/forms.h"
 
 #include <QDir>
@@ -25,10 +27,7 @@ protected:
         QDir().mkdir(PcFile({}));
         for (QString& path : FileClasses().PcPaths)
             path = FilePath(QStringLiteral("pc"));
-        TheDriveSource() = [] {
-            return std::vector<Drive>{ { "/", {}, DriveKind::Fixed },
-                { "/media/stick", "STICK", DriveKind::Removable } };
-        };
+        System.All.push_back({ "/media/stick", "STICK", DriveKind::Removable });
     }
 
     ~ControlForm() override
@@ -54,16 +53,16 @@ protected:
             const bool isFolder = name.startsWith(u'+');
             ChannelRow row;
             row.Name = isFolder ? name.mid(1) : name;
-            row.Type = isFolder ? kChannelFolder : kChannelFile;
+            row.Type = isFolder ? ChannelRowType::Folder : ChannelRowType::File;
             row.Year = 2026;
             row.Month = 3;
             row.Day = 31;
             Instrument.Rows.push_back(row);
-            Instrument.Exists[row.Name] = { 1, row.Type };
+            Instrument.Exists[row.Name] = { ChannelPresence::Exists, row.Type };
         }
     }
 
-    void Open(int fileClass)
+    void Open(FileClass fileClass)
     {
         ModFileInit(fileClass);
         ShowForm(form);
@@ -133,6 +132,7 @@ protected:
     }
 
     FakeChannel Instrument;
+    FakeDrives System;
     FakeFrame Frame;
     FmControlGeneral form;
 };

@@ -2,10 +2,10 @@
 #include "tests/link/control/control_form_fixture.h"
 
 #include "app/frame/commands.h"
-#include "app/help/help.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
 #include "link/bindLink.h"
+#include "tests/support/fakeHelp.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -35,7 +35,7 @@ TEST_F(ControlForm, HasItsControls)
 
 TEST_F(ControlForm, TabReachesEveryControlInReadingOrder)
 {
-    for (const int fileClass : { FileClassMemoryList, FileClassScreenShot, FileClassCorrectionSet }) {
+    for (const FileClass fileClass : { FileClassMemoryList, FileClassScreenShot, FileClassCorrectionSet }) {
         Open(fileClass);
         ExpectTabOrder(form);
         DialogEnd(form, 1);
@@ -44,7 +44,7 @@ TEST_F(ControlForm, TabReachesEveryControlInReadingOrder)
 
 TEST_F(ControlForm, NoTwoControlsAnswerToTheSameLetter)
 {
-    for (int fileClass = FileClassAntennaList; fileClass <= FileClassCorrectionSet; ++fileClass) {
+    for (const FileClass fileClass : kFileClasses) {
         Open(fileClass);
         QStringList keys;
         for (const QPushButton* button : form.findChildren<QPushButton*>()) {
@@ -59,7 +59,7 @@ TEST_F(ControlForm, NoTwoControlsAnswerToTheSameLetter)
 
 TEST_F(ControlForm, ShowsEveryText)
 {
-    for (const int fileClass : { FileClassKfactorTable, FileClassScreenShot }) {
+    for (const FileClass fileClass : { FileClassKfactorTable, FileClassScreenShot }) {
         Open(fileClass);
         ExpectNothingClipped(form);
         DialogEnd(form, 1);
@@ -68,7 +68,7 @@ TEST_F(ControlForm, ShowsEveryText)
 
 TEST_F(ControlForm, ShowsWhatEachClassHas)
 {
-    for (int fileClass = FileClassAntennaList; fileClass <= FileClassCorrectionSet; ++fileClass) {
+    for (const FileClass fileClass : kFileClasses) {
         Open(fileClass);
         const ControlRules rules = ControlRulesOf(fileClass);
         EXPECT_EQ(form.windowTitle(), LngStr(ModCaption(CaptionControlTitle)));
@@ -164,7 +164,7 @@ TEST_F(ControlForm, ListsShowRowsWithDatesAndPictures)
 
 TEST_F(ControlForm, ClosesAtOnceWithoutAnAnswerOfTheInstrument)
 {
-    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
     Answers().Expect(12703, Ok);
     ModFileInit(FileClassMemoryList);
     DialogShow(form); // comes back by itself
@@ -183,18 +183,13 @@ TEST_F(ControlForm, ClosesByItsButtonAndRemembersTheFolders)
 TEST_F(ControlForm, HelpButtonsShowTopicAndEnterWhatsThis)
 {
     Open(FileClassMemoryList);
-    int topic = 0;
-    bool entered = false;
-    TheHelpHooks().ShowTopic = [&](int number) {
-        topic = number;
-        return true;
-    };
-    TheHelpHooks().EnterWhatsThis = [&] { entered = true; };
+    FakeHelp help;
     Click(form, "BtHlp");
     Click(form, "BtWhatsThis");
     Key(form, "LvPc", Qt::Key_F1);
-    EXPECT_EQ(topic, 12471);
-    EXPECT_TRUE(entered);
+    ASSERT_FALSE(help.Topics.isEmpty());
+    EXPECT_EQ(help.Topics.last(), 12471);
+    EXPECT_EQ(Frame.WhatsThis, 1);
 }
 
 TEST_F(ControlForm, AJobRunsWithTheButtonsOffAndGivesTheFocusBack)
@@ -237,8 +232,10 @@ TEST_F(ControlForm, ShowsTenThousandRows)
 TEST_F(ControlForm, TheSixCommandsOpenItForTheirClass)
 {
     BindLink();
-    const QList<std::pair<Command, int>> commands{ { Command::Control1, 1 }, { Command::Control2, 2 },
-        { Command::Control3, 3 }, { Command::Control4, 4 }, { Command::Control5, 5 }, { Command::Control6, 6 } };
+    const QList<std::pair<Command, FileClass>> commands{ { Command::Control1, FileClassAntennaList },
+        { Command::Control2, FileClassKfactorTable }, { Command::Control3, FileClassMemoryList },
+        { Command::Control4, FileClassSuppressList }, { Command::Control5, FileClassScreenShot },
+        { Command::Control6, FileClassCorrectionSet } };
     for (const auto& [command, fileClass] : commands) {
         QString title;
         QTimer::singleShot(0, qApp, [&title] {
@@ -251,7 +248,7 @@ TEST_F(ControlForm, TheSixCommandsOpenItForTheirClass)
             EXPECT_FALSE(Program().Idle);
             window->close();
         });
-        TheCommandHooks()[command]();
+        EXPECT_TRUE(CommandRun(command));
         EXPECT_EQ(FileClasses().CurrentFileClass, fileClass);
         EXPECT_EQ(title, LngStr(ModCaption(CaptionControlTitle)));
         EXPECT_TRUE(Program().Idle);

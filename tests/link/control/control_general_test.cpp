@@ -13,7 +13,7 @@ using ControlRulesTest = ControlTest;
 using ControlLife = ControlTest;
 using ControlButtons = ControlTest;
 
-int EditNumber(int fileClass)
+int EditNumber(FileClass fileClass)
 {
     int index = -1;
     GetBtPcEditNumber(fileClass, index);
@@ -31,7 +31,7 @@ TEST_F(ControlRulesTest, NumberTheEditButtonOfEachClass)
     EXPECT_EQ(EditNumber(FileClassCorrectionSet), 4);
     EXPECT_EQ(EditNumber(FileClassScreenShot), 5);
     EXPECT_EQ(EditNumber(FileClassUnknown), 5);
-    EXPECT_EQ(EditNumber(0), 5);
+    EXPECT_EQ(EditNumber(FileClassNone), 5);
 }
 
 TEST_F(ControlRulesTest, GiveEachClassItsIcon)
@@ -46,14 +46,15 @@ TEST_F(ControlRulesTest, GiveEachClassItsIcon)
 
 TEST_F(ControlRulesTest, GiveInstrumentFoldersToScreenShotsOnly)
 {
-    for (int fileClass = FileClassAntennaList; fileClass <= FileClassCorrectionSet; ++fileClass)
+    for (const FileClass fileClass : kFileClasses)
         EXPECT_EQ(ControlRulesOf(fileClass).HasInstrFolders, fileClass == FileClassScreenShot) << fileClass;
 }
 
 TEST_F(ControlRulesTest, ShowNamesOnlyWhereTheInstrumentHoldsOneList)
 {
-    for (int fileClass = FileClassAntennaList; fileClass <= FileClassCorrectionSet; ++fileClass) {
-        const bool isOne = fileClass == 1 || fileClass == 3 || fileClass == 4;
+    for (const FileClass fileClass : kFileClasses) {
+        const bool isOne =
+            fileClass == FileClassAntennaList || fileClass == FileClassMemoryList || fileClass == FileClassSuppressList;
         const ControlRules rules = ControlRulesOf(fileClass);
         EXPECT_EQ(rules.HasDates, !isOne) << fileClass;
         EXPECT_EQ(rules.DeletesOnInstr, !isOne) << fileClass;
@@ -106,7 +107,7 @@ TEST_F(ControlLife, ShowsTheBusyPointerWhileItFillsTheLists)
 TEST_F(ControlLife, EndsTheLinkAndClosesWhenTheInstrumentDoesNotAnswer)
 {
     ModFileInit(FileClassMemoryList);
-    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
     Answers().Expect(12703, Ok);
     ControlLoad(Control);
     EXPECT_EQ(Instrument.Log, QStringList({ "GetCurrentDirectory", "Disconnect" }));
@@ -135,7 +136,7 @@ TEST_F(ControlLife, RemembersThePublicFolderWhenTheLinkIsDown)
 {
     FileClasses().InstrPaths[FileClassMemoryList] = "\\Public\\Memory List";
     Open(FileClassMemoryList);
-    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
     ControlUnload();
     EXPECT_EQ(FileClasses().InstrPaths[FileClassMemoryList], "\\Public");
 }

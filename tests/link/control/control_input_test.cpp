@@ -1,5 +1,6 @@
 // The file control window under a user's hands: selection, keys, edits of names, boxes of folders.
 #include "tests/link/control/control_form_fixture.h"
+#include "tests/support/fakeDocuments.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -104,7 +105,8 @@ TEST_F(ControlForm, ACommandByKeyEndsTheEditOfANameFirst)
 {
     OnPc({ "Van.tvc" });
     bool wasRenamed = false;
-    TheFileOpeners().OpenEditor = [&](int, const QString&) {
+    FakeListFiles editors;
+    editors.OnOpen = [&](const QString&, FileClass) {
         wasRenamed = QFile::exists(PcFile("Bus.tvc"));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // of the edit, while the editor is open
         return true;
@@ -216,7 +218,8 @@ TEST_F(ControlForm, EnterAndDoubleClickOpenARow)
 {
     OnPc({ "+folder", "Van.tvm" });
     QStringList opened;
-    TheFileOpeners().OpenEditor = [&](int, const QString& path) {
+    FakeListFiles editors;
+    editors.OnOpen = [&](const QString& path, FileClass) {
         opened.append(path);
         EXPECT_FALSE(IsEnabled("BtClose"));
         EXPECT_FALSE(IsEnabled("BtPcEdit[2]"));
@@ -239,7 +242,8 @@ TEST_F(ControlForm, EditButtonOpensTheSelectedFile)
 {
     OnPc({ "Van.tvm" });
     QString opened;
-    TheFileOpeners().OpenEditor = [&](int, const QString& path) {
+    FakeListFiles editors;
+    editors.OnOpen = [&](const QString& path, FileClass) {
         opened = path;
         return true;
     };

@@ -1,7 +1,8 @@
 // Opening by the open dialog, and converting a batch.
-#include "tests/link/documents/fakeDocuments.h"
+#include "tests/link/documents/documents_fixture.h"
 
 #include "app/state/project.h"
+#include "link/documents/file.h"
 #include "link/documents/fileFormats.h"
 
 #include <QDir>
@@ -10,6 +11,26 @@
 namespace tarvik {
 
 namespace {
+
+class LoggingWatcher final : public FileBatchWatcher {
+public:
+    explicit LoggingWatcher(QStringList& log)
+        : log_(log)
+    {
+    }
+
+    void Progress(int done, int total, const QString& source) override
+    {
+        log_.append(QStringLiteral("%1/%2 %3").arg(done).arg(total).arg(source.section('/', -1)));
+    }
+    void Prepare(int window) override
+    {
+        log_.append(QStringLiteral("prepare %1").arg(window));
+    }
+
+private:
+    QStringList& log_;
+};
 
 class FileConverting : public DocumentsTest {
 protected:
@@ -62,12 +83,12 @@ using ConvertTarget = DocumentsTest;
 TEST_F(FilesOfDialog, AsksForPictures)
 {
     SetLastFile(FilePath("x.png"));
-    FileOpenDlg(false);
+    FileOpenDlg();
     EXPECT_EQ(OpenQuestion.Title, "Open");
     EXPECT_EQ(OpenQuestion.InitialFolder, Program().LastFile.Folder);
     EXPECT_EQ(OpenQuestion.Filters, FileOpenFilters());
     EXPECT_EQ(OpenQuestion.DefaultExtension, "bmp");
-    FileOpenDlg(true);
+    FileConvertDlg(Refuse);
     EXPECT_EQ(OpenQuestion.Title, "Convert Files");
     EXPECT_EQ(OpenQuestion.DefaultExtension, "swp");
 }
@@ -75,7 +96,7 @@ TEST_F(FilesOfDialog, AsksForPictures)
 TEST_F(FilesOfDialog, OpensEachFileUpToTheFirstThatFails)
 {
     OpenAnswer = { FilePath("a.png"), FilePath("bad.png"), FilePath("c.png") };
-    FileOpenDlg(false);
+    FileOpenDlg();
     EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.png"), "open " + FilePath("bad.png") }));
     EXPECT_EQ(Program().LastFile.Name, "bad");
 }
@@ -83,21 +104,20 @@ TEST_F(FilesOfDialog, OpensEachFileUpToTheFirstThatFails)
 TEST_F(FilesOfDialog, RememberedNoEndsTheOpeningOfTheRest)
 {
     OpenAnswer = { FilePath("a.png"), FilePath("b.png") };
-    TheFileOpeners().OpenPicture = [this](const QString& path, int) {
-        Log.append(path);
+    Windows.OnOpen = [] {
         TheMessage().RememberedAnswer = MsgResultNo;
-        return true;
+        return 1;
     };
-    FileOpenDlg(false);
-    EXPECT_EQ(Log, QStringList(FilePath("a.png")));
-    FileOpenDlg(false);
+    FileOpenDlg();
+    EXPECT_EQ(Log, QStringList("open " + FilePath("a.png")));
+    FileOpenDlg();
     EXPECT_EQ(Log.size(), 2) << "a new dialog forgets the answer";
 }
 
 TEST_F(FilesOfDialog, CancelledConversionTouchesNothing)
 {
     OpenAnswer = { FilePath("a.png") };
-    FileOpenDlg(true);
+    FileConvertDlg(Refuse);
     EXPECT_TRUE(Log.isEmpty());
     EXPECT_EQ(FileConvert().Sources, OpenAnswer);
     EXPECT_EQ(Program().LastFile.Name, "a") << "the next dialog begins there";
@@ -106,19 +126,19 @@ TEST_F(FilesOfDialog, CancelledConversionTouchesNothing)
 TEST_F(FilesOfDialog, AcceptedConversionRunsOverTheFiles)
 {
     OpenAnswer = { FilePath("a.bmp") };
-    TheFileDialogHooks().ShowConvertForm = [this] {
+    FileConvertDlg([this] {
+        EXPECT_EQ(FileConvert().Sources, OpenAnswer);
         FileConvert().TargetFolder = Folder();
         FileConvert().TargetExtension = ".png";
         return true;
-    };
-    FileOpenDlg(true);
+    });
     EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.bmp"), "save 1 " + FilePath("a.png"), "close 1" }));
 }
 
 TEST_F(FileConverting, OpensSavesAndClosesOneAfterTheOther)
 {
     Sources({ "b.bmp", "a.wmf" });
-    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_EQ(FileConvertRun(), 2);
     EXPECT_EQ(Log,
         QStringList({ "open " + FilePath("b.bmp"), "save 1 " + Target("b.png"), "close 1", "open " + FilePath("a.wmf"),
             "save 2 " + Target("a.png"), "close 2" }));
@@ -127,20 +147,18 @@ TEST_F(FileConverting, OpensSavesAndClosesOneAfterTheOther)
 TEST_F(FileConverting, FileThatFailsToOpenIsPassedOver)
 {
     Sources({ "bad.bmp", "a.bmp" });
-    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(FileConvertRun(), 1);
     EXPECT_EQ(SavedNames(), QStringList("a.png"));
     EXPECT_EQ(ClosedCount(), 1);
 }
 
 TEST_F(FileConverting, ListThatOpensInItsEditorIsNoDocument)
 {
-    TheFileOpeners().OpenEditor = [](int, const QString&) { return true; };
-    TheFileOpeners().OpenListFile = [](const QString&, bool) { return true; };
-    Active = 7; // of the user
+    const FakeListFiles editors;
     Sources({ "a.tvm", "b.csv", "c.bmp" });
     Answers().Expect(12750, { "a.tvm" }, Ok);
     Answers().Expect(12750, { "b.csv" }, Ok);
-    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(FileConvertRun(), 1);
     EXPECT_EQ(Log, QStringList({ "open " + FilePath("c.bmp"), "save 1 " + Target("c.png"), "close 1" }));
 }
 
@@ -149,7 +167,7 @@ TEST_F(FileConverting, ListThatNobodyOpensIsTold)
     Sources({ "a.tvm", "b.csv", "c.txt" });
     for (const char* name : { "a.tvm", "b.csv", "c.txt" })
         Answers().Expect(12750, { QString::fromLatin1(name) }, Ok);
-    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(FileConvertRun(), 0);
     EXPECT_TRUE(Log.isEmpty());
 }
 
@@ -157,35 +175,31 @@ TEST_F(FileConverting, FileOfNoKindIsToldOnce)
 {
     Sources({ "a.doc" });
     Answers().Expect(12750, QStringList(), Ok);
-    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(FileConvertRun(), 0);
 }
 
-TEST_F(FileConverting, WhatWasOpenedIsSavedWhicheverWindowIsActive)
+TEST_F(FileConverting, WindowThatTheOpeningAnswersIsSavedAndClosed)
 {
-    TheFileOpeners().OpenPicture = [this](const QString&, int) {
-        JustOpened = 3;
-        Active = 7;
-        return true;
-    };
+    Windows.OnOpen = [] { return 3; };
     Sources({ "a.bmp" });
-    EXPECT_EQ(FileConvertRun({}), 1);
-    EXPECT_EQ(Log, QStringList({ "save 3 " + Target("a.png"), "close 3" }));
+    EXPECT_EQ(FileConvertRun(), 1);
+    EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.bmp"), "save 3 " + Target("a.png"), "close 3" }));
 }
 
 TEST_F(FileConverting, DocumentOfAnEarlierOpeningIsLeftAlone)
 {
-    JustOpened = 7;
+    EXPECT_TRUE(FileOpen(FilePath("mine.bmp"), true, true));
     Sources({ "bad.bmp" });
-    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(FileConvertRun(), 0);
     EXPECT_EQ(ClosedCount(), 0);
 }
 
 TEST_F(FileConverting, PictureIsSavedAtItsOwnSize)
 {
-    TheFileDocumentHooks().ToOwnSize = [this](int window) { Log.append(QStringLiteral("own %1").arg(window)); };
     Sources({ "a.bmp" });
-    FileConvertRun({});
-    EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.bmp"), "own 1", "save 1 " + Target("a.png"), "close 1" }));
+    FileConvertRun();
+    EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.bmp"), "save 1 " + Target("a.png"), "close 1" }));
+    EXPECT_EQ(Windows.OwnSize, QStringList("own 1 after open " + FilePath("a.bmp")));
 }
 
 TEST_F(FileConverting, TextAsTargetWritesNothing)
@@ -193,9 +207,9 @@ TEST_F(FileConverting, TextAsTargetWritesNothing)
     FileConvert().TargetExtension = ".csv";
     Sources({ "a.bmp" });
     Answers().Expect(12763, { Target("a.csv") }, Ok);
-    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(FileConvertRun(), 0);
     FileConvert().TargetExtension = ".txt";
-    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(FileConvertRun(), 0);
     EXPECT_EQ(ClosedCount(), 2);
     EXPECT_TRUE(QDir(FilePath("out")).isEmpty());
 }
@@ -205,7 +219,7 @@ TEST_F(FileConverting, ProgramThatIsToEndFinishesTheFileOnly)
     Sources({ "a.bmp", "b.bmp", "c.bmp" });
     int files = 0;
     TheSeams().PumpEvents = [&files] { Program().CloseWished = ++files == 2; };
-    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_EQ(FileConvertRun(), 2);
     EXPECT_EQ(SavedNames(), QStringList({ "a.png", "b.png" }));
     EXPECT_EQ(ClosedCount(), 2);
 }
@@ -213,7 +227,7 @@ TEST_F(FileConverting, ProgramThatIsToEndFinishesTheFileOnly)
 TEST_F(FileConverting, RemembersTheFileThatIsOpenedLast)
 {
     Sources({ "a.bmp", "b.bmp" });
-    FileConvertRun({});
+    FileConvertRun();
     EXPECT_EQ(Program().LastFile.Name, "b");
 }
 
@@ -222,11 +236,11 @@ TEST_F(FileConverting, SingleExistingTargetIsAPlainQuestion)
     Exists("a.png");
     Sources({ "a.bmp" });
     Answers().Expect(12734, { Target("a.png") }, No);
-    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(FileConvertRun(), 0);
     EXPECT_TRUE(SavedNames().isEmpty());
     EXPECT_EQ(ClosedCount(), 1);
     Answers().Expect(12734, { Target("a.png") }, Yes);
-    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(FileConvertRun(), 1);
     EXPECT_EQ(SavedNames(), QStringList("a.png"));
 }
 
@@ -235,10 +249,10 @@ TEST_F(FileConverting, SingleQuestionHasTwoButtonsAndABatchFive)
     Exists("a.png");
     Sources({ "a.bmp" });
     Answers().ExpectWhile(12734, No, [] { EXPECT_EQ(TheMessage().Buttons(), MsgButtonsYesNo); });
-    FileConvertRun({});
+    FileConvertRun();
     Sources({ "a.bmp", "bad.bmp" });
     Answers().ExpectWhile(12734, No, [] { EXPECT_EQ(TheMessage().Buttons(), MsgButtonsAllChoices); });
-    FileConvertRun({});
+    FileConvertRun();
 }
 
 TEST_F(FileConverting, EachExistingTargetIsAsked)
@@ -248,7 +262,7 @@ TEST_F(FileConverting, EachExistingTargetIsAsked)
     Sources({ "a.bmp", "b.bmp", "c.bmp" });
     Answers().Expect(12734, { Target("a.png") }, No);
     Answers().Expect(12734, { Target("b.png") }, Yes);
-    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_EQ(FileConvertRun(), 2);
     EXPECT_EQ(SavedNames(), QStringList({ "b.png", "c.png" }));
 }
 
@@ -258,11 +272,11 @@ TEST_F(FileConverting, YesForAllHoldsForThisBatchOnly)
     Exists("b.png");
     Sources({ "a.bmp", "b.bmp" });
     Answers().ExpectWhile(12734, Yes, [] { TheMessage().YesAll = true; });
-    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_EQ(FileConvertRun(), 2);
     EXPECT_FALSE(TheMessage().YesAll);
     Answers().Expect(12734, No);
     Answers().Expect(12734, No);
-    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(FileConvertRun(), 0);
 }
 
 TEST_F(FileConverting, FlagsOfAnEarlierJobDoNotCount)
@@ -271,7 +285,7 @@ TEST_F(FileConverting, FlagsOfAnEarlierJobDoNotCount)
     Sources({ "a.bmp", "bad.bmp" });
     TheMessage().YesAll = true;
     Answers().Expect(12734, No);
-    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(FileConvertRun(), 0);
 }
 
 TEST_F(FileConverting, NoForAllSkipsExistingTargetsOnly)
@@ -280,7 +294,7 @@ TEST_F(FileConverting, NoForAllSkipsExistingTargetsOnly)
     Exists("b.png");
     Sources({ "a.bmp", "b.bmp", "c.bmp" });
     Answers().ExpectWhile(12734, No, [] { TheMessage().NoAll = true; });
-    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(FileConvertRun(), 1);
     EXPECT_EQ(SavedNames(), QStringList("c.png"));
     EXPECT_EQ(ClosedCount(), 3);
 }
@@ -290,7 +304,7 @@ TEST_F(FileConverting, CancelClosesTheDocumentAndEndsTheBatch)
     Exists("b.png");
     Sources({ "a.bmp", "b.bmp", "c.bmp" });
     Answers().Expect(12734, Cancel);
-    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(FileConvertRun(), 1);
     EXPECT_EQ(Log.filter("open").size(), 2);
     EXPECT_EQ(Log.last(), "close 2");
 }
@@ -301,7 +315,7 @@ TEST_F(FileConverting, TargetThatIsTheSourceIsAskedLikeAnyOther)
     FileConvert().TargetFolder = Folder();
     Sources({ "a.png" });
     Answers().Expect(12734, { FilePath("a.png") }, Yes);
-    EXPECT_EQ(FileConvertRun({}), 1);
+    EXPECT_EQ(FileConvertRun(), 1);
 }
 
 TEST_F(FileConverting, TargetWithoutTypeFailsForEachFile)
@@ -310,29 +324,25 @@ TEST_F(FileConverting, TargetWithoutTypeFailsForEachFile)
     Sources({ "a.bmp", "b.bmp" });
     Answers().Expect(12750, Ok);
     Answers().Expect(12750, Ok);
-    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(FileConvertRun(), 0);
     EXPECT_EQ(ClosedCount(), 2);
 }
 
 TEST_F(FileConverting, WriterThatFailsDoesNotEndTheBatch)
 {
-    Outcome = PictureSaved::Failed;
+    Windows.Outcome = PictureSaved::Failed;
     Sources({ "a.bmp", "b.bmp" });
     Answers().Expect(12761, { "a.png" }, Ok);
     Answers().Expect(12761, { "b.png" }, Ok);
-    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(FileConvertRun(), 0);
     EXPECT_EQ(ClosedCount(), 2);
 }
 
 TEST_F(FileConverting, DocumentIsPreparedBeforeItIsSavedAndProgressIsTold)
 {
     Sources({ "a.bmp", "b.bmp" });
-    FileBatchHooks hooks;
-    hooks.Prepare = [this](int window) { Log.append(QStringLiteral("prepare %1").arg(window)); };
-    hooks.Progress = [this](int done, int total, const QString& source) {
-        Log.append(QStringLiteral("%1/%2 %3").arg(done).arg(total).arg(source.section('/', -1)));
-    };
-    FileConvertRun(hooks);
+    LoggingWatcher watcher(Log);
+    FileConvertRun(watcher);
     EXPECT_EQ(Log.mid(0, 4),
         QStringList({ "0/2 a.bmp", "open " + FilePath("a.bmp"), "prepare 1", "save 1 " + Target("a.png") }));
     EXPECT_TRUE(Log.contains("1/2 b.bmp"));
@@ -344,12 +354,24 @@ TEST_F(ConvertTarget, PathKeepsTheBaseName)
     EXPECT_EQ(FileTargetPath("/out/", "/in/a", ".png"), "/out/a.png");
 }
 
+namespace {
+
+QVector<int> NumbersOf(const QVector<TextNumber<0>>& texts)
+{
+    QVector<int> numbers;
+    for (const TextNumber<0> text : texts)
+        numbers.append(text.Number);
+    return numbers;
+}
+
+} // namespace
+
 TEST_F(ConvertTarget, LastRecognisedSourceGivesTheFolder)
 {
     FileConvert() = { { "/one/a.bmp", "/two/b.csv", "/three/c.doc" }, "/old", ".wmf" };
     const FileConvertProposal proposal = FileConvertPropose();
     EXPECT_EQ(proposal.Folder, QDir::toNativeSeparators("/two"));
-    EXPECT_EQ(proposal.Types, QVector<int>({ 11603, 11607, 11602, 11606, 11605, 11604 }));
+    EXPECT_EQ(NumbersOf(proposal.Types), QVector<int>({ 11603, 11607, 11602, 11606, 11605, 11604 }));
     EXPECT_EQ(proposal.Types[proposal.Selected], 11602);
     EXPECT_EQ(FileConvert().TargetFolder, "");
     EXPECT_EQ(FileConvert().TargetExtension, "");
@@ -360,7 +382,7 @@ TEST_F(ConvertTarget, WithoutARecognisedSourceATypeMustBeChosen)
     FileConvert().Sources = { "/three/c.doc", "/three/d.tvm" };
     const FileConvertProposal proposal = FileConvertPropose();
     EXPECT_EQ(proposal.Folder, "");
-    EXPECT_EQ(proposal.Types, QVector<int>({ 11603, 11607, 11602, 11606, 11605, 11604, 11005 }));
+    EXPECT_EQ(NumbersOf(proposal.Types), QVector<int>({ 11603, 11607, 11602, 11606, 11605, 11604, 11005 }));
     EXPECT_EQ(proposal.Types[proposal.Selected], 11005);
 }
 

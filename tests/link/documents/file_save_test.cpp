@@ -1,5 +1,5 @@
 // Saving a document: the formats, the save dialog, what can't be written.
-#include "tests/link/documents/fakeDocuments.h"
+#include "tests/link/documents/documents_fixture.h"
 
 #include "app/state/project.h"
 #include "link/documents/fileFormats.h"
@@ -48,10 +48,10 @@ TEST_F(FileFilters, SaveDialogSelectsTheExtensionUsedLast)
 
 TEST_F(FileFilters, FormatGoesByTheExtensionInAnyCase)
 {
-    ASSERT_NE(FileFormatOf("a/b.PnG"), nullptr);
-    EXPECT_EQ(FileFormatOf("a/b.PnG")->Kind, FileKind::Png);
-    EXPECT_EQ(FileFormatOf("a.png/b"), nullptr);
-    EXPECT_EQ(FileFormatOf("a.tvm"), nullptr);
+    ASSERT_NE(FileFormatOf(FileKindOf("a/b.PnG").Kind), nullptr);
+    EXPECT_EQ(FileFormatOf(FileKindOf("a/b.PnG").Kind)->Kind, FileKind::Png);
+    EXPECT_EQ(FileFormatOf(FileKindOf("a.png/b").Kind), nullptr);
+    EXPECT_EQ(FileFormatOf(FileKindOf("a.tvm").Kind), nullptr);
 }
 
 TEST_F(FileSaving, PictureIsWrittenByItsExtension)
@@ -62,11 +62,13 @@ TEST_F(FileSaving, PictureIsWrittenByItsExtension)
         EXPECT_EQ(path, FilePath(QString::fromLatin1(name)));
         EXPECT_EQ(Log.takeLast(), "save 7 " + path);
     }
+    EXPECT_EQ(
+        Windows.Kinds, QList<ImageKind>({ ImageKind::Bitmap, ImageKind::Png, ImageKind::Pcx, ImageKind::Metafile }));
 }
 
 TEST_F(FileSaving, DataSetUnderAPictureNameIsWrittenAsAPicture)
 {
-    DataSet = true;
+    Windows.DataSet = true;
     QString path = FilePath("diagram.png");
     EXPECT_TRUE(FileSaveAs(path, 2, true));
     EXPECT_EQ(Log, QStringList("save 2 " + path));
@@ -126,7 +128,7 @@ TEST_F(FileSaving, PathThatCanNotBeWrittenComesBackEmpty)
 
 TEST_F(FileSaving, PictureThatTheWriterRefusesComesBackEmpty)
 {
-    Outcome = PictureSaved::Failed;
+    Windows.Outcome = PictureSaved::Failed;
     QString path = FilePath("a.pcx");
     Answers().Expect(12757, { "a.pcx" }, Ok);
     EXPECT_TRUE(FileSaveAs(path, 1, false));
@@ -147,7 +149,7 @@ TEST_F(FileSaving, DialogAsksWithWhatWasUsedLast)
 
 TEST_F(FileSaving, DialogTakesATextUsedLastForNoExtension)
 {
-    DataSet = true;
+    Windows.DataSet = true;
     for (const char* name : { "a.CSV", "a.txt" }) {
         SetLastFile(FilePath(QString::fromLatin1(name)));
         FileSaveAsDlg(3);
@@ -217,11 +219,11 @@ TEST_F(FileSaving, DialogOnAPathThatCanNotBeWrittenTellsAndRemembersNothing)
 TEST_F(FileSaving, FailureOfTheWriterIsToldOnce)
 {
     SaveAnswer = FilePath("a.png");
-    Outcome = PictureSaved::Failed;
+    Windows.Outcome = PictureSaved::Failed;
     Answers().Expect(12761, { "a.png" }, Ok);
     EXPECT_FALSE(FileSaveAsDlg(3));
     SaveAnswer = FilePath("a.wmf");
-    Outcome = PictureSaved::FailedAndTold;
+    Windows.Outcome = PictureSaved::FailedAndTold;
     EXPECT_FALSE(FileSaveAsDlg(3));
 }
 

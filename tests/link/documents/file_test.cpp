@@ -1,6 +1,6 @@
 #include "link/documents/file.h"
 
-#include "link/classes/model.h"
+#include "tests/support/fakeDocuments.h"
 #include "tests/support/fixture.h"
 
 namespace tarvik {
@@ -9,15 +9,16 @@ class FileOpening : public ProgramTest {
 protected:
     FileOpening()
     {
-        FileOpeners& openers = TheFileOpeners();
-        openers.OpenEditor = [this](int fileClass, const QString& path) {
-            return Note(QStringLiteral("editor %1 %2").arg(fileClass).arg(path));
+        Editors.OnOpen = [this](const QString& path, FileClass fileClass) {
+            return Note(QStringLiteral("editor %1 %2").arg(FileClassNumber(fileClass)).arg(path));
         };
-        openers.OpenListFile = [this](const QString& path, bool show) {
+        Editors.OnOpenText = [this](const QString& path, bool show) {
             return Note(QStringLiteral("list %1 %2").arg(path).arg(show));
         };
-        openers.OpenPicture = [this](const QString& path, int kind) {
-            return Note(QStringLiteral("picture %1 %2").arg(kind).arg(path));
+        Windows.OnOpen = [this] {
+            const QString path = Windows.Log.last().section(u' ', 1);
+            const int kind = static_cast<int>(Windows.Kinds.last());
+            return Note(QStringLiteral("picture %1 %2").arg(kind).arg(path)) ? 5 : 0;
         };
     }
 
@@ -27,6 +28,8 @@ protected:
         return Succeeds;
     }
 
+    FakeDocuments Windows;
+    FakeListFiles Editors;
     QStringList Opened;
     bool Succeeds = true;
 };
@@ -84,6 +87,30 @@ TEST_F(FileOpeningWithoutOpeners, OpensNothingAndSaysNothing)
         EXPECT_FALSE(FileOpen(name, true, true));
 }
 
+TEST_F(FileOpening, PictureTellsItsWindowAndAListHasNone)
+{
+    const OpenedFile picture = FileOpenOfKind("a.png", FileKindOf("a.png"), true, true);
+    EXPECT_TRUE(picture.Success);
+    EXPECT_EQ(picture.Window, 5);
+    const OpenedFile list = FileOpenOfKind("a.tvm", FileKindOf("a.tvm"), true, true);
+    EXPECT_TRUE(list.Success);
+    EXPECT_EQ(list.Window, 0);
+}
+
+TEST_F(FileOpening, KindThatWasDecidedCountsNotTheName)
+{
+    EXPECT_TRUE(FileOpenOfKind("a.unknown", FileKindOf("a.pcx"), true, true).Success);
+    EXPECT_EQ(Opened, QStringList("picture 2 a.unknown"));
+}
+
+TEST_F(FileOpening, AbsentWindowsWriteNothing)
+{
+    TheDocuments().Reset();
+    EXPECT_EQ(TheDocuments()->Save("a.png", ImageKind::Png, 1), PictureSaved::Failed);
+    EXPECT_FALSE(TheDocuments()->IsDataSet(1));
+    EXPECT_TRUE(Windows.Log.isEmpty());
+}
+
 TEST_F(FileOpening, RememberedNoOpensNothing)
 {
     TheMessage().RememberedAnswer = MsgResultNo;
@@ -118,9 +145,11 @@ TEST_F(FileOpening, DropTestTakesEveryKindOfTheProgram)
 TEST_F(FileOpening, KindTellsTheClassOfAList)
 {
     EXPECT_EQ(FileKindOf("a.tvm").Kind, FileKind::InstrumentList);
-    EXPECT_EQ(FileKindOf("a.tvm").FileClass, FileClassMemoryList);
-    EXPECT_EQ(FileKindOf("a.png").FileClass, FileClassNone);
-    EXPECT_EQ(ImageKindOf(FileKind::ListText), 0);
+    EXPECT_EQ(FileKindOf("a.tvm").Class, FileClassMemoryList);
+    EXPECT_EQ(FileKindOf("a.png").Class, FileClassNone);
+    EXPECT_EQ(FileKindOf("a.csv").Image, ImageKind::None);
+    EXPECT_FALSE(FileKindOf("a.csv").IsPicture());
+    EXPECT_TRUE(FileKindOf("a.png").IsPicture());
 }
 
 TEST_F(FileOpening, KnownExtensionAnswersTheFlagForListsOfClassesOneToFour)

@@ -2,6 +2,7 @@
 #include "link/files/combo.h"
 
 #include "link/files/fileList.h"
+#include "tests/link/files/fakeDrives.h"
 #include "tests/support/fakeChannel.h"
 #include "tests/support/fixture.h"
 
@@ -18,12 +19,8 @@ protected:
         QDir().mkpath(FilePath(QStringLiteral("lists/van")));
         Root = QDir(Folder()).absolutePath();
         CurrentPcFolder() = Root;
-        TheDriveSource() = [this] {
-            ++Asked;
-            return std::vector<Drive>{ { QStringLiteral("/"), {}, DriveKind::Fixed },
-                { Root, QStringLiteral("Home"), DriveKind::Fixed },
-                { QStringLiteral("/media/stick"), QStringLiteral("STICK"), DriveKind::Removable } };
-        };
+        System.All = { { "/", {}, DriveKind::Fixed }, { Root, "Home", DriveKind::Fixed },
+            { "/media/stick", "STICK", DriveKind::Removable } };
     }
 
     void GoTo(const QString& below)
@@ -41,7 +38,7 @@ protected:
 
     FolderCombo Combo;
     QString Root;
-    int Asked = 0;
+    FakeDrives System;
 };
 
 class InstrCombo : public ProgramTest {
@@ -73,7 +70,7 @@ TEST_F(PcCombo, ShowsThePresentFolderAloneAtItsDepth)
     EXPECT_EQ(Combo.Items[0].Path, Root + "/lists");
     EXPECT_EQ(Combo.Selected, 0);
     EXPECT_EQ(Combo.Tag, FolderComboPresent);
-    EXPECT_EQ(Asked, 0);
+    EXPECT_EQ(System.Asked, 0);
 }
 
 TEST_F(PcCombo, ShowsARootAsADrive)
@@ -102,7 +99,7 @@ TEST_F(PcCombo, ReadsTheDrivesAtTheFirstDropDownOnly)
 {
     ComboPcDropDown(Combo);
     ComboPcDropDown(Combo);
-    EXPECT_EQ(Asked, 1);
+    EXPECT_EQ(System.Asked, 1);
 }
 
 TEST_F(PcCombo, SelectsTheDriveWhenItsRootIsThePresentFolder)
@@ -114,7 +111,7 @@ TEST_F(PcCombo, SelectsTheDriveWhenItsRootIsThePresentFolder)
 
 TEST_F(PcCombo, ShowsAFolderOutsideAllDrivesAlone)
 {
-    TheDriveSource() = [] { return std::vector<Drive>{ { "/nowhere", "N", DriveKind::Fixed } }; };
+    System.All = { { "/nowhere", "N", DriveKind::Fixed } };
     GoTo("lists");
     ComboPcDropDown(Combo);
     EXPECT_EQ(Combo.Items.size(), 1u);
@@ -176,21 +173,21 @@ TEST_F(PcCombo, StaysWhereItIsWhenTheFolderIsGone)
 
 TEST_F(InstrCombo, ShowsTheDirectoryAloneAtItsDepth)
 {
-    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
+    EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
     EXPECT_EQ(Texts(), QStringList({ ">>Screen Shots|OpenFolder" }));
 }
 
 TEST_F(InstrCombo, ShowsTheRootAsADrive)
 {
     Instrument.Directory = "\\";
-    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
+    EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
     EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive" }));
 }
 
 TEST_F(InstrCombo, ShowsABlankItemWithoutAnAnswer)
 {
-    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
-    EXPECT_EQ(ComboInstrShow(Combo), kChannelLinkFailed);
+    Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
+    EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::LinkFailed);
     EXPECT_EQ(Texts(), QStringList({ "|" }));
 }
 
@@ -220,8 +217,8 @@ TEST_F(InstrCombo, GoesUpFromTheFirstLevelToTheRoot)
 
 TEST_F(InstrCombo, TellsThatTheDirectoryAboveIsGone)
 {
-    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
-    Instrument.Answer(kSets, kChannelRefused);
+    EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
+    Instrument.Answer(kSets, ChannelStatus::Refused);
     Answers().Expect(12747, Ok);
     ComboInstrUp(Combo);
     EXPECT_EQ(Texts(), QStringList({ ">>Screen Shots|OpenFolder" }));
@@ -229,17 +226,17 @@ TEST_F(InstrCombo, TellsThatTheDirectoryAboveIsGone)
 
 TEST_F(InstrCombo, GoesNowhereWithoutAnAnswer)
 {
-    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
+    Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
     ComboInstrUp(Combo);
     EXPECT_EQ(Instrument.Count(kSets), 0);
-    Instrument.Answer(kSets, kChannelLinkFailed);
+    Instrument.Answer(kSets, ChannelStatus::LinkFailed);
     ComboInstrEnter(Combo, "Trip");
     EXPECT_TRUE(Combo.Items.empty());
 }
 
 TEST_F(InstrCombo, GrowsByTheDirectoryThatIsEntered)
 {
-    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
+    EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
     ComboInstrEnter(Combo, "Trip");
     EXPECT_EQ(Instrument.Log.last(), "SetCurrentDirectory Trip");
     EXPECT_EQ(Texts(), QStringList({ ">>Screen Shots|ClosedFolder", ">>>Trip|OpenFolder" }));
@@ -250,7 +247,7 @@ TEST_F(InstrCombo, GrowsByTheDirectoryThatIsEntered)
 TEST_F(InstrCombo, KeepsThePictureOfTheRootWhenADirectoryIsEntered)
 {
     Instrument.Directory = "\\";
-    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
+    EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
     ComboInstrEnter(Combo, "Public");
     EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive", ">Public|OpenFolder" }));
     EXPECT_EQ(Combo.Items[1].Path, "\\Public");
@@ -258,8 +255,8 @@ TEST_F(InstrCombo, KeepsThePictureOfTheRootWhenADirectoryIsEntered)
 
 TEST_F(InstrCombo, TellsThatTheDirectoryToEnterIsGone)
 {
-    EXPECT_EQ(ComboInstrShow(Combo), kChannelOk);
-    Instrument.Answer(kSets, kChannelRefused);
+    EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
+    Instrument.Answer(kSets, ChannelStatus::Refused);
     Answers().Expect(12747, Ok);
     ComboInstrEnter(Combo, "Trip");
     EXPECT_EQ(Combo.Items.size(), 1u);
@@ -276,7 +273,7 @@ TEST_F(InstrCombo, GoesToTheDirectoryOfAnItem)
 TEST_F(InstrCombo, ReadsTheChainAnewWhenTheItemsDirectoryIsGone)
 {
     ComboInstrDropDown(Combo);
-    Instrument.Answer(kSets, kChannelRefused);
+    Instrument.Answer(kSets, ChannelStatus::Refused);
     Answers().Expect(12747, Ok);
     EXPECT_FALSE(ComboInstrSelect(Combo, 0));
     EXPECT_EQ(Combo.Items.size(), 3u);
@@ -285,8 +282,8 @@ TEST_F(InstrCombo, ReadsTheChainAnewWhenTheItemsDirectoryIsGone)
 
 TEST_F(InstrCombo, SendsNothingForABlankItem)
 {
-    Instrument.Answer("GetCurrentDirectory", kChannelLinkFailed);
-    EXPECT_EQ(ComboInstrShow(Combo), kChannelLinkFailed);
+    Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
+    EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::LinkFailed);
     EXPECT_FALSE(ComboInstrSelect(Combo, 0));
     EXPECT_EQ(Instrument.Count(kSets), 0);
 }

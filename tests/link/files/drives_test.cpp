@@ -64,7 +64,7 @@ TEST_F(Drives, RootThatTheSystemTellsNothingOfIsStillADrive)
 
 TEST_F(Drives, OfThisSystemBeginWithTheRootAndHoldTheHomeFolder)
 {
-    const std::vector<Drive> drives = TheDriveSource()();
+    const std::vector<Drive> drives = TheDriveSource()->Drives();
     ASSERT_FALSE(drives.empty());
     EXPECT_TRUE(QDir(drives.front().Root).isRoot());
     EXPECT_EQ(

@@ -5,6 +5,7 @@
 #include "link/channel/channel.h"
 #include "link/classes/model.h"
 #include "link/files/fileList.h"
+#include "tests/support/fileClasses.h"
 #include "tests/support/fixture.h"
 
 #include <QDir>
@@ -13,16 +14,13 @@
 
 namespace tarvik {
 
-class FileListTest : public ProgramTest {
+class FileListTest : public ProgramTest, private FileListView {
 protected:
     FileListTest()
     {
         CurrentPcFolder() = QDir::toNativeSeparators(Folder().chopped(1));
         ModFileInit(FileClassMemoryList);
-        list_.View.BeginChange = [this] { Changes.append("begin"); };
-        list_.View.EndChange = [this] { Changes.append("end"); };
-        list_.View.GiveFocus = [this] { Log.append("focus"); };
-        list_.View.StartLabelEdit = [this](int row) { Log.append(QStringLiteral("edit %1").arg(row)); };
+        list_.View = this;
     }
 
     static int Mask()
@@ -51,12 +49,12 @@ protected:
     /// Adds a row; the disk is not touched.
     void AddFile(const QString& name, const QDate& day = QDate(2025, 1, 1), const QTime& time = QTime(12, 0))
     {
-        TransferAddRow(list_, name, kChannelFile, QDateTime(day, time));
+        TransferAddRow(list_, name, ChannelRowType::File, QDateTime(day, time));
     }
 
     void AddFolder(const QString& name)
     {
-        TransferAddRow(list_, name, kChannelFolder, {});
+        TransferAddRow(list_, name, ChannelRowType::Folder, {});
     }
 
     QStringList Names() const
@@ -90,6 +88,24 @@ protected:
     FileList list_;
     QStringList Changes; ///< drawing off and on
     QStringList Log; ///< focus and label edit
+
+private:
+    void BeginChange() override
+    {
+        Changes.append("begin");
+    }
+    void EndChange() override
+    {
+        Changes.append("end");
+    }
+    void GiveFocus() override
+    {
+        Log.append("focus");
+    }
+    void StartLabelEdit(int row) override
+    {
+        Log.append(QStringLiteral("edit %1").arg(row));
+    }
 };
 
 } // namespace tarvik

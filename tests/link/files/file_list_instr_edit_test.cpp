@@ -25,13 +25,13 @@ protected:
     void OneFile(const QString& name)
     {
         AddFile(name);
-        fake_.Exists[name] = { 1, kChannelFile };
+        fake_.Exists[name] = { ChannelPresence::Exists, ChannelRowType::File };
     }
 
     void OneFolder(const QString& name)
     {
         AddFolder(name);
-        fake_.Exists[name] = { 1, kChannelFolder };
+        fake_.Exists[name] = { ChannelPresence::Exists, ChannelRowType::Folder };
     }
 
     FakeChannel fake_;
@@ -41,7 +41,7 @@ class NewInstrFolder : public FileListTest {
 protected:
     void Take(const QString& name)
     {
-        fake_.Exists[name] = { 1, kChannelFolder };
+        fake_.Exists[name] = { ChannelPresence::Exists, ChannelRowType::Folder };
     }
 
     void TakeNumbers(int first, int last)
@@ -66,7 +66,7 @@ TEST_F(InstrRename, EmptyNameIsRefused)
 TEST_F(InstrRename, FailedLookupIsReportedAndTheLinkStays)
 {
     OneFile("a.png");
-    fake_.Answer("FindFile", kChannelRefused);
+    fake_.Answer("FindFile", ChannelStatus::Refused);
     Answers().Expect(12704, Ok);
     EXPECT_TRUE(Cancels("b.png"));
     EXPECT_EQ(fake_.Log, QStringList({ "FindFile a.png", "CheckConnection" }));
@@ -76,7 +76,7 @@ TEST_F(InstrRename, FailedLookupIsReportedAndTheLinkStays)
 TEST_F(InstrRename, FailedLookupOnAGoneLinkDisconnects)
 {
     OneFile("a.png");
-    fake_.Answer("FindFile", kChannelLinkFailed);
+    fake_.Answer("FindFile", ChannelStatus::LinkFailed);
     fake_.Gone = true;
     Answers().Expect(12704, Ok);
     EXPECT_TRUE(Cancels("b.png"));
@@ -87,7 +87,7 @@ TEST_F(InstrRename, WhatIsGoneFromTheInstrumentIsCancelledWithoutAMessage)
 {
     AddFile("a.png");
     EXPECT_TRUE(Cancels("b.png"));
-    fake_.Exists["a.png"] = { 2, kChannelFile };
+    fake_.Exists["a.png"] = { static_cast<ChannelPresence>(2), ChannelRowType::File };
     EXPECT_TRUE(Cancels("b.png"));
     EXPECT_EQ(fake_.Count("Rename"), 0);
 }
@@ -103,8 +103,8 @@ TEST_F(InstrRename, FolderTakesTheTrimmedName)
 TEST_F(InstrRename, FolderWhoseNewNameCannotBeLookedForIsLeftWithoutCancelling)
 {
     OneFolder("old");
-    fake_.Answer("FindFile", kChannelOk);
-    fake_.Answer("FindFile", kChannelRefused);
+    fake_.Answer("FindFile", ChannelStatus::Success);
+    fake_.Answer("FindFile", ChannelStatus::Refused);
     EXPECT_FALSE(Cancels("new"));
     EXPECT_EQ(fake_.Count("Rename"), 0);
     ExpectRow("old", "Fold");
@@ -127,10 +127,10 @@ TEST_F(InstrRename, FolderCannotTakeWhatIsNoNameOnTheInstrument)
 TEST_F(InstrRename, FolderCannotTakeANameInUse)
 {
     OneFolder("old");
-    fake_.Exists["new"] = { 1, kChannelFile };
+    fake_.Exists["new"] = { ChannelPresence::Exists, ChannelRowType::File };
     Answers().Expect(12730, { QStringLiteral("new") }, Ok);
     EXPECT_TRUE(Cancels("new"));
-    fake_.Exists["new"] = { 7, kChannelFile };
+    fake_.Exists["new"] = { static_cast<ChannelPresence>(7), ChannelRowType::File };
     Answers().Expect(12730, { QStringLiteral("new") }, Ok);
     EXPECT_TRUE(Cancels("new"));
     EXPECT_EQ(fake_.Count("Rename"), 0);
@@ -139,7 +139,7 @@ TEST_F(InstrRename, FolderCannotTakeANameInUse)
 TEST_F(InstrRename, FolderThatTheInstrumentRefusesIsReportedByItsOldName)
 {
     OneFolder("old");
-    fake_.Answer("Rename", kChannelRefused);
+    fake_.Answer("Rename", ChannelStatus::Refused);
     Answers().Expect(12742, { QStringLiteral("old") }, Ok);
     EXPECT_TRUE(Cancels("new"));
     ExpectRow("old", "Fold");
@@ -148,7 +148,7 @@ TEST_F(InstrRename, FolderThatTheInstrumentRefusesIsReportedByItsOldName)
 TEST_F(InstrRename, FileIsRenamedWithoutALookAtTheNewName)
 {
     OneFile("a.png");
-    fake_.Exists["b.png"] = { 1, kChannelFile };
+    fake_.Exists["b.png"] = { ChannelPresence::Exists, ChannelRowType::File };
     EXPECT_FALSE(Cancels("b.png"));
     EXPECT_EQ(fake_.Log, QStringList({ "FindFile a.png", "Rename a.png b.png" }));
 }
@@ -163,7 +163,7 @@ TEST_F(InstrRename, RenamedFileBearsTheKeyOfAFolderUntilTheListIsReadAgain)
 TEST_F(InstrRename, FileThatTheInstrumentRefusesIsReported)
 {
     OneFile("a.png");
-    fake_.Answer("Rename", kChannelRefused);
+    fake_.Answer("Rename", ChannelStatus::Refused);
     Answers().Expect(12743, { QStringLiteral("a.png") }, Ok);
     EXPECT_TRUE(Cancels("b.png"));
     ExpectRow("a.png", "a.png");
@@ -181,7 +181,7 @@ TEST_F(InstrRename, FilesOfAnotherClassAreNotRenamed)
 TEST_F(InstrRename, WhatIsNeitherFileNorFolderIsLeftWithoutCancelling)
 {
     AddFile("a.png");
-    fake_.Exists["a.png"] = { 1, 2 };
+    fake_.Exists["a.png"] = { ChannelPresence::Exists, static_cast<ChannelRowType>(2) };
     EXPECT_FALSE(Cancels("b.png"));
     EXPECT_EQ(fake_.Count("Rename"), 0);
     ExpectRow("a.png", "a.png");
@@ -212,7 +212,7 @@ TEST_F(NewInstrFolder, LastNumberThatIsTriedIsOneHundred)
 {
     Take("New Folder");
     TakeNumbers(2, 120);
-    fake_.Answer("CreateDirectory", kChannelRefused);
+    fake_.Answer("CreateDirectory", ChannelStatus::Refused);
     Answers().Expect(12740, Ok);
     TransferNewFolderInstr(list_);
     EXPECT_EQ(fake_.Count("FindFile"), 100);
@@ -222,14 +222,14 @@ TEST_F(NewInstrFolder, LastNumberThatIsTriedIsOneHundred)
 
 TEST_F(NewInstrFolder, AnotherAnswerThanTakenEndsTheSearch)
 {
-    fake_.Exists["New Folder"] = { 2, kChannelFolder };
+    fake_.Exists["New Folder"] = { static_cast<ChannelPresence>(2), ChannelRowType::Folder };
     TransferNewFolderInstr(list_);
     EXPECT_EQ(fake_.Log.last(), "CreateDirectory New Folder");
 }
 
 TEST_F(NewInstrFolder, FailedLookupIsReportedAndNothingIsMade)
 {
-    fake_.Answer("FindFile", kChannelRefused);
+    fake_.Answer("FindFile", ChannelStatus::Refused);
     Answers().Expect(12740, Ok);
     TransferNewFolderInstr(list_);
     EXPECT_EQ(fake_.Count("CreateDirectory"), 0);
@@ -241,8 +241,8 @@ TEST_F(NewInstrFolder, LinkThatFailsInTheSearchEndsIt)
 {
     Take("New Folder");
     TakeNumbers(2, 120);
-    fake_.Answer("FindFile", kChannelOk);
-    fake_.Answer("FindFile", kChannelLinkFailed);
+    fake_.Answer("FindFile", ChannelStatus::Success);
+    fake_.Answer("FindFile", ChannelStatus::LinkFailed);
     Answers().Expect(12740, Ok);
     TransferNewFolderInstr(list_);
     EXPECT_EQ(fake_.Count("FindFile"), 2);
@@ -251,7 +251,7 @@ TEST_F(NewInstrFolder, LinkThatFailsInTheSearchEndsIt)
 
 TEST_F(NewInstrFolder, RefusedFolderIsReported)
 {
-    fake_.Answer("CreateDirectory", kChannelRefused);
+    fake_.Answer("CreateDirectory", ChannelStatus::Refused);
     Answers().Expect(12740, Ok);
     TransferNewFolderInstr(list_);
     EXPECT_TRUE(list_.Rows.empty());

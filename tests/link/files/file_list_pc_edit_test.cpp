@@ -196,7 +196,7 @@ TEST_F(PcRename, FileCannotTakeTheNameOfALinkThatLeadsNowhere)
 TEST_F(PcRename, ListInTheFileTakesTheNewName)
 {
     struct Family {
-        int FileClass;
+        FileClass Class;
         decltype(TvFioApi::MemoryListClear) Clear;
         decltype(TvFioApi::MemoryListSaveFile) Save;
         decltype(TvFioApi::MemoryListLoadFile) Load;
@@ -214,8 +214,8 @@ TEST_F(PcRename, ListInTheFileTakesTheNewName)
             fio.SuppressListGetName },
     };
     for (const Family& family : families) {
-        ModFileInit(family.FileClass);
-        const QString extension = ModGetExtension(family.FileClass);
+        ModFileInit(family.Class);
+        const QString extension = ModGetExtension(family.Class);
         int16_t status = 0;
         family.Clear(&status);
         family.Save(&status, FilePath("a" + extension).toUtf8().constData());
@@ -225,10 +225,10 @@ TEST_F(PcRename, ListInTheFileTakesTheNewName)
         EXPECT_FALSE(Cancels("New name" + extension));
         family.Clear(&status);
         family.Load(&status, FilePath("New name" + extension).toUtf8().constData());
-        ASSERT_EQ(status, 0) << family.FileClass;
+        ASSERT_EQ(status, 0) << family.Class;
         char name[TVFIO_TEXT_SIZE] = {};
         family.GetName(&status, name, sizeof(name));
-        EXPECT_STREQ(name, "New name") << family.FileClass;
+        EXPECT_STREQ(name, "New name") << family.Class;
     }
 }
 

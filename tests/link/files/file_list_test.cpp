@@ -9,7 +9,7 @@ using FileLists = FileListTest;
 
 TEST_F(FileLists, FileRowBearsNameDateTimeAndSortKey)
 {
-    TransferAddRow(list_, "Plan 1.tvm", kChannelFile, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    TransferAddRow(list_, "Plan 1.tvm", ChannelRowType::File, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
     EXPECT_EQ(Row(0).Text, "Plan 1.tvm");
     EXPECT_EQ(Row(0).Key, "Plan 1.tvm");
     EXPECT_EQ(Row(0).Icon, "File");
@@ -22,7 +22,7 @@ TEST_F(FileLists, FileRowBearsNameDateTimeAndSortKey)
 
 TEST_F(FileLists, FolderRowHasNoDate)
 {
-    TransferAddRow(list_, "Old", kChannelFolder, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    TransferAddRow(list_, "Old", ChannelRowType::Folder, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
     EXPECT_EQ(Row(0).Text, "Old");
     EXPECT_EQ(Row(0).Key, "FOld");
     EXPECT_EQ(Row(0).Icon, "ClosedFolder");
@@ -49,12 +49,12 @@ TEST_F(FileLists, MarkersChooseTheIconOfADataSetOnly)
     const FileMarkers restricted{ true, true, true };
     const FileMarkers preset{ false, true, true };
     const FileMarkers locked{ false, false, true };
-    TransferAddRow(list_, "a.set", kChannelFile, {}, restricted);
-    TransferAddRow(list_, "a.set", kChannelFile, {}, preset);
-    TransferAddRow(list_, "a.set", kChannelFile, {}, locked);
-    TransferAddRow(list_, "a.set", kChannelFile, {});
-    TransferAddRow(list_, "a.SET", kChannelFile, {}, restricted);
-    TransferAddRow(list_, "a.tvm", kChannelFile, {}, restricted);
+    TransferAddRow(list_, "a.set", ChannelRowType::File, {}, restricted);
+    TransferAddRow(list_, "a.set", ChannelRowType::File, {}, preset);
+    TransferAddRow(list_, "a.set", ChannelRowType::File, {}, locked);
+    TransferAddRow(list_, "a.set", ChannelRowType::File, {});
+    TransferAddRow(list_, "a.SET", ChannelRowType::File, {}, restricted);
+    TransferAddRow(list_, "a.tvm", ChannelRowType::File, {}, restricted);
     QStringList icons;
     for (const FileListRow& row : list_.Rows)
         icons.append(row.Icon);

@@ -6,14 +6,11 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kEveryClass[] = { FileClassAntennaList, FileClassKfactorTable, FileClassMemoryList, FileClassSuppressList,
-    FileClassScreenShot, FileClassCorrectionSet };
-
 using FileListing = FileListTest;
 
 class InstrumentLists : public FileListTest {
 protected:
-    void Give(const QString& name, qint16 type, qint16 year = 2025, qint16 month = 4, qint16 day = 5)
+    void Give(const QString& name, ChannelRowType type, qint16 year = 2025, qint16 month = 4, qint16 day = 5)
     {
         ChannelRow row;
         row.Name = name;
@@ -49,7 +46,7 @@ TEST_F(FileListing, PcListShowsFoldersThenTheFilesOfTheClass)
 TEST_F(FileListing, PcListShowsFoldersForEveryClass)
 {
     MakeFolder("Sub");
-    for (const int fileClass : kEveryClass) {
+    for (const FileClass fileClass : kFileClasses) {
         ModFileInit(fileClass);
         TransferListPc(list_, Mask());
         EXPECT_EQ(Names(), QStringList({ "Sub" })) << fileClass;
@@ -113,8 +110,8 @@ TEST_F(FileListing, ListingLeavesNoCurrentRowAndDrawsOnce)
 
 TEST_F(InstrumentLists, RowsComeInTheOrderOfTheWalk)
 {
-    Give("z.tvm", kChannelFile);
-    Give("a.tvm", kChannelFile);
+    Give("z.tvm", ChannelRowType::File);
+    Give("a.tvm", ChannelRowType::File);
     TransferListInstr(list_, Mask());
     EXPECT_EQ(Names(), QStringList({ "z.tvm", "a.tvm" }));
     EXPECT_EQ(Row(0).SubItems[0], "05/04/25");
@@ -124,38 +121,38 @@ TEST_F(InstrumentLists, RowsComeInTheOrderOfTheWalk)
 
 TEST_F(InstrumentLists, FilesPassTheSameFiltersAsThoseOfThePc)
 {
-    Give("good.tvm", kChannelFile);
-    Give("two.points.tvm", kChannelFile);
-    Give("other.tva", kChannelFile);
-    Give("../up.tvm", kChannelFile);
-    Give("..\\up.tvm", kChannelFile);
+    Give("good.tvm", ChannelRowType::File);
+    Give("two.points.tvm", ChannelRowType::File);
+    Give("other.tva", ChannelRowType::File);
+    Give("../up.tvm", ChannelRowType::File);
+    Give("..\\up.tvm", ChannelRowType::File);
     TransferListInstr(list_, Mask());
     EXPECT_EQ(Names(), QStringList({ "good.tvm" }));
 }
 
 TEST_F(InstrumentLists, FoldersAreShownForScreenShotsAndUnknownClassesOnly)
 {
-    Give("Sub", kChannelFolder);
-    for (const int fileClass : { 1, 2, 3, 4, 5, 6, 7 }) {
+    Give("Sub", ChannelRowType::Folder);
+    for (const FileClass fileClass : kClassesOfAllKinds) {
         ModFileInit(fileClass);
         TransferListInstr(list_, Mask());
-        EXPECT_EQ(!list_.Rows.empty(), fileClass == 5 || fileClass == 7) << fileClass;
+        EXPECT_EQ(!list_.Rows.empty(), fileClass == FileClassScreenShot || fileClass == FileClassUnknown) << fileClass;
     }
 }
 
 TEST_F(InstrumentLists, RowOfAnotherTypeIsDropped)
 {
     ModFileInit(FileClassScreenShot);
-    Give("a.png", 2);
-    Give("b.png", -1);
-    Give("c.png", kChannelFile);
+    Give("a.png", static_cast<ChannelRowType>(2));
+    Give("b.png", static_cast<ChannelRowType>(-1));
+    Give("c.png", ChannelRowType::File);
     TransferListInstr(list_, Mask());
     EXPECT_EQ(Names(), QStringList({ "c.png" }));
 }
 
 TEST_F(InstrumentLists, LastRowIsShown)
 {
-    Give("only.tvm", kChannelFile);
+    Give("only.tvm", ChannelRowType::File);
     TransferListInstr(list_, Mask());
     EXPECT_EQ(Names(), QStringList({ "only.tvm" }));
     EXPECT_EQ(fake_.Count("GetNextFile"), 1);
@@ -164,7 +161,7 @@ TEST_F(InstrumentLists, LastRowIsShown)
 TEST_F(InstrumentLists, NothingToWalkLeavesTheListEmptyWithoutAMessage)
 {
     AddFile("old.tvm", QDate(2025, 1, 1));
-    Give("a.tvm", kChannelFile);
+    Give("a.tvm", ChannelRowType::File);
     fake_.NothingToWalk = true;
     TransferListInstr(list_, Mask());
     EXPECT_TRUE(list_.Rows.empty());
@@ -174,8 +171,8 @@ TEST_F(InstrumentLists, NothingToWalkLeavesTheListEmptyWithoutAMessage)
 TEST_F(InstrumentLists, WalkThatCannotStartLeavesTheListEmptyWithoutAMessage)
 {
     AddFile("old.tvm", QDate(2025, 1, 1));
-    Give("a.tvm", kChannelFile);
-    fake_.Answer("StartFindMemoryListFiles", kChannelLinkFailed);
+    Give("a.tvm", ChannelRowType::File);
+    fake_.Answer("StartFindMemoryListFiles", ChannelStatus::LinkFailed);
     TransferListInstr(list_, Mask());
     EXPECT_TRUE(list_.Rows.empty());
     EXPECT_EQ(fake_.Count("GetNextFile"), 0);
@@ -183,11 +180,11 @@ TEST_F(InstrumentLists, WalkThatCannotStartLeavesTheListEmptyWithoutAMessage)
 
 TEST_F(InstrumentLists, WalkThatBreaksKeepsTheRowsBefore)
 {
-    Give("a.tvm", kChannelFile);
-    Give("b.tvm", kChannelFile);
-    Give("c.tvm", kChannelFile);
-    fake_.Answer("GetNextFile", kChannelOk);
-    fake_.Answer("GetNextFile", kChannelLinkFailed);
+    Give("a.tvm", ChannelRowType::File);
+    Give("b.tvm", ChannelRowType::File);
+    Give("c.tvm", ChannelRowType::File);
+    fake_.Answer("GetNextFile", ChannelStatus::Success);
+    fake_.Answer("GetNextFile", ChannelStatus::LinkFailed);
     TransferListInstr(list_, Mask());
     EXPECT_EQ(Names(), QStringList({ "a.tvm" }));
     EXPECT_EQ(fake_.Count("GetNextFile"), 2);
@@ -195,8 +192,8 @@ TEST_F(InstrumentLists, WalkThatBreaksKeepsTheRowsBefore)
 
 TEST_F(InstrumentLists, DateThatDoesNotExistIsLeftEmpty)
 {
-    Give("a.tvm", kChannelFile, 2025, 2, 30);
-    Give("b.tvm", kChannelFile, 0, 0, 0);
+    Give("a.tvm", ChannelRowType::File, 2025, 2, 30);
+    Give("b.tvm", ChannelRowType::File, 0, 0, 0);
     TransferListInstr(list_, Mask());
     EXPECT_EQ(Dates(), QStringList({ "", "" }));
 }
@@ -205,11 +202,11 @@ TEST_F(InstrumentLists, EveryClassStartsItsOwnWalk)
 {
     const char* starts[] = { "StartFindAntennaListFiles", "StartFindKfactorTableFiles", "StartFindMemoryListFiles",
         "StartFindSuppressListFiles", "StartFindAllFiles", "StartFindCorrectionSetFiles", "StartFindAllFiles" };
-    for (int fileClass = 1; fileClass <= 7; ++fileClass) {
+    for (const FileClass fileClass : kClassesOfAllKinds) {
         fake_.Log.clear();
         ModFileInit(fileClass);
         TransferListInstr(list_, Mask());
-        EXPECT_EQ(fake_.Log, QStringList({ QString::fromLatin1(starts[fileClass - 1]) }));
+        EXPECT_EQ(fake_.Log, QStringList({ QString::fromLatin1(starts[FileClassNumber(fileClass) - 1]) }));
     }
 }
 

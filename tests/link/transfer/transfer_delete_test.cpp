@@ -62,20 +62,20 @@ TEST_F(DeleteOnInstr, EachKindOfFileHasItsOperation)
     const char* calls[] = { nullptr, "RemoveKfactorTableFile f", nullptr, nullptr, "RemoveFile f",
         "RemoveCorrectionSetFile f", "RemoveFile f" };
     AddFile(instr_, "f");
-    for (const int fileClass : kClassesOfAllKinds) {
+    for (const FileClass fileClass : kClassesOfAllKinds) {
         if (ModHoldsOneList(fileClass))
             continue;
         ModFileInit(fileClass);
         fake_.Log.clear();
         TransferDeleteInstr(instr_);
-        EXPECT_EQ(fake_.Log, QStringList({ QString::fromLatin1(calls[fileClass - 1]) }));
+        EXPECT_EQ(fake_.Log, QStringList({ QString::fromLatin1(calls[FileClassNumber(fileClass) - 1]) }));
     }
 }
 
 TEST_F(DeleteOnInstr, OneListOfItsKindCannotBeDeleted)
 {
     AddFile(instr_, "f");
-    for (const int fileClass : { FileClassAntennaList, FileClassMemoryList, FileClassSuppressList }) {
+    for (const FileClass fileClass : { FileClassAntennaList, FileClassMemoryList, FileClassSuppressList }) {
         ModFileInit(fileClass);
         Answers().Expect(12724, { QStringLiteral("f") }, Ok);
         TransferDeleteInstr(instr_);
@@ -86,13 +86,14 @@ TEST_F(DeleteOnInstr, OneListOfItsKindCannotBeDeleted)
 TEST_F(DeleteOnInstr, FoldersGoForScreenShotsAndUnknownClassesOnly)
 {
     AddFolder(instr_, "Old");
-    for (const int fileClass : kClassesOfAllKinds) {
+    for (const FileClass fileClass : kClassesOfAllKinds) {
         ModFileInit(fileClass);
         fake_.Log.clear();
         if (!ModHasInstrFolders(fileClass))
             Answers().Expect(12741, { QStringLiteral("Old") }, Ok);
         TransferDeleteInstr(instr_);
-        EXPECT_EQ(fake_.Count("RemoveDirectory Old"), fileClass == 5 || fileClass == 7 ? 1 : 0);
+        EXPECT_EQ(fake_.Count("RemoveDirectory Old"),
+            fileClass == FileClassScreenShot || fileClass == FileClassUnknown ? 1 : 0);
     }
 }
 
@@ -123,7 +124,7 @@ TEST_F(DeleteOnInstr, RefusedFolderIsReportedByNameAndTheJobGoesOn)
 {
     AddFolder(instr_, "Old");
     AddFile(instr_, "a.png");
-    fake_.Answer("RemoveDirectory", kChannelRefused);
+    fake_.Answer("RemoveDirectory", ChannelStatus::Refused);
     Answers().Expect(12741, { QStringLiteral("Old") }, Ok);
     TransferDeleteInstr(instr_);
     EXPECT_EQ(fake_.Count("RemoveFile a.png"), 1);
@@ -133,7 +134,7 @@ TEST_F(DeleteOnInstr, FailedFileIsReportedByNameAndTheJobGoesOn)
 {
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
-    for (const ChannelStatus status : { kChannelLinkFailed, kChannelRefused }) {
+    for (const ChannelStatus status : { ChannelStatus::LinkFailed, ChannelStatus::Refused }) {
         fake_.Log.clear();
         fake_.Answer("RemoveFile", status);
         Answers().Expect(12724, { QStringLiteral("a.png") }, Ok);
@@ -146,7 +147,7 @@ TEST_F(DeleteOnInstr, FailedFileIsReportedByNameAndTheJobGoesOn)
 TEST_F(DeleteOnInstr, HigherCodeOfAFileIsNotReported)
 {
     AddFile(instr_, "a.png");
-    fake_.Answer("RemoveFile", kChannelLocalFile);
+    fake_.Answer("RemoveFile", ChannelStatus::LocalFile);
     TransferDeleteInstr(instr_);
     EXPECT_EQ(fake_.Count("RemoveFile"), 1);
 }
@@ -155,7 +156,7 @@ TEST_F(DeleteOnInstr, LostLinkEndsTheJobBehindItsMessage)
 {
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
-    fake_.Answer("RemoveFile", kChannelLinkFailed);
+    fake_.Answer("RemoveFile", ChannelStatus::LinkFailed);
     fake_.Gone = true;
     Answers().Expect(12724, { QStringLiteral("a.png") }, Ok);
     TransferDeleteInstr(instr_);

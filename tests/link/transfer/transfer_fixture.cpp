@@ -16,9 +16,7 @@ TransferTest::TransferTest()
     TransferState& state = Transfer();
     state.LvPc = &pc_;
     state.LvInstr = &instr_;
-    state.Progress.SetLabel = [this](const QString& text) { Shown.append("label " + text); };
-    state.Progress.SetMaximum = [this](int maximum) { Shown.append(QStringLiteral("maximum %1").arg(maximum)); };
-    state.Progress.SetValue = [this](int value) { Shown.append(QStringLiteral("value %1").arg(value)); };
+    TheTransferProgress().Set(*this);
     TheSeams().PumpEvents = [this] { Shown.append("pump"); };
     TheSeams().MoveToTrash = [this](const QString& path) {
         if (TrashIsFull)
@@ -33,14 +31,14 @@ TransferTest::TransferTest()
 
 FileListRow& TransferTest::AddFile(FileList& list, const QString& name)
 {
-    TransferAddRow(list, name, kChannelFile, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    TransferAddRow(list, name, ChannelRowType::File, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
     list.Rows.back().Selected = true;
     return list.Rows.back();
 }
 
 FileListRow& TransferTest::AddFolder(FileList& list, const QString& name)
 {
-    TransferAddRow(list, name, kChannelFolder, {});
+    TransferAddRow(list, name, ChannelRowType::Folder, {});
     list.Rows.back().Selected = true;
     return list.Rows.back();
 }
@@ -53,7 +51,7 @@ void TransferTest::StoreLocal(const QString& name) const
 void TransferTest::StoreOnBothSides(const QString& name)
 {
     StoreLocal(name);
-    fake_.Exists[name] = { 1, kChannelFile };
+    fake_.Exists[name] = { ChannelPresence::Exists, ChannelRowType::File };
 }
 
 bool TransferTest::Exists(const QString& name) const

@@ -3,13 +3,14 @@
 #pragma once
 
 #include "tests/support/fakeChannel.h"
+#include "tests/support/fileClasses.h"
 #include "tests/support/fixture.h"
 
 #include "link/transfer/transfer.h"
 
 namespace tarvik {
 
-class TransferTest : public ProgramTest {
+class TransferTest : public ProgramTest, private TransferProgress {
 protected:
     TransferTest();
 
@@ -43,9 +44,20 @@ protected:
     FakeChannel fake_;
     FileList pc_;
     FileList instr_;
-};
 
-/// 1 to 6, and one that is no class.
-inline constexpr int kClassesOfAllKinds[] = { 1, 2, 3, 4, 5, 6, 7 };
+private:
+    void SetLabel(const QString& text) override
+    {
+        Shown.append("label " + text);
+    }
+    void SetMaximum(int maximum) override
+    {
+        Shown.append(QStringLiteral("maximum %1").arg(maximum));
+    }
+    void SetValue(int value) override
+    {
+        Shown.append(QStringLiteral("value %1").arg(value));
+    }
+};
 
 } // namespace tarvik

@@ -53,7 +53,8 @@ protected:
         Transfer().LvInstr = &instr_;
         Transfer().TransferType = TransferUpload;
         for (const char* name : { "a.png", "b.png", "c.png" }) {
-            TransferAddRow(pc_, QString::fromLatin1(name), kChannelFile, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+            TransferAddRow(
+                pc_, QString::fromLatin1(name), ChannelRowType::File, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
             pc_.Rows.back().Selected = true;
         }
     }
@@ -100,13 +101,14 @@ TEST_F(TransferForm, OpensWithTheTextsOfItsJob)
 {
     Transfer().LvPc = nullptr;
     Transfer().LvInstr = nullptr;
-    for (int type = TransferUploadOther; type <= TransferDeleteOnPc; ++type) {
-        Transfer().TransferType = static_cast<qint16>(type);
+    for (int number = 1; number <= 10; ++number) {
+        const auto job = static_cast<TransferJob>(number);
+        Transfer().TransferType = job;
         Transfer().TransferCancel = true;
         FmTransfer opened;
         TheSeams().PumpUntil = [&](const std::function<bool()>&) { // waits for the screen, before the job begins
-            EXPECT_EQ(opened.windowTitle(), LngStr(type <= 6 ? 14002 : 14003));
-            EXPECT_EQ(TextOf(opened, "Label"), LngStr1(TransferLabelId(type), " ..."));
+            EXPECT_EQ(opened.windowTitle(), LngStr(number <= 6 ? 14002 : 14003));
+            EXPECT_EQ(TextOf(opened, "Label"), LngStr1(TransferLabelId(job), " ..."));
             EXPECT_EQ(Find<QProgressBar>(opened, "progressBar").value(), 0);
             EXPECT_FALSE(Transfer().TransferCancel);
         };
@@ -147,7 +149,7 @@ TEST_F(TransferForm, ShowsTheFileInWorkAndHowFarTheJobIs)
 TEST_F(TransferForm, BarOfAJobWithoutFilesStaysAtItsStart)
 {
     pc_.Rows.clear();
-    TransferAddRow(pc_, "One", kChannelFolder, {});
+    TransferAddRow(pc_, "One", ChannelRowType::Folder, {});
     pc_.Rows.back().Selected = true;
     Answers().ExpectWhile(12744, Ok, [&] {
         EXPECT_EQ(Bar().value(), 0);
@@ -247,7 +249,7 @@ TEST_F(TransferForm, LongNameIsShortenedInTheMiddle)
 
 TEST_F(TransferForm, UnknownJobClosesTheFormAtOnce)
 {
-    Transfer().TransferType = 11;
+    Transfer().TransferType = static_cast<TransferJob>(11);
     DialogShow(form);
     EXPECT_TRUE(form.IsClosed());
     EXPECT_FALSE(DialogIsOpen());
@@ -257,7 +259,7 @@ TEST_F(TransferForm, UnknownJobClosesTheFormAtOnce)
 TEST_F(TransferForm, JobWithoutAFormShowsNothing)
 {
     DialogShow(form);
-    Transfer().Progress.SetValue(1);
+    TheTransferProgress()->SetValue(1);
     EXPECT_EQ(Bar().value(), 3);
 }
 

@@ -66,27 +66,28 @@ TEST_F(Download, EveryClassHasItsOwnOperation)
 {
     const char* calls[] = { "GetAntennaListFile", "GetKfactorTableFile", "GetMemoryListFile", "GetSuppressListFile",
         "GetFile", "GetCorrectionSetFile", "GetFile" };
-    for (const int fileClass : kClassesOfAllKinds) {
+    for (const FileClass fileClass : kClassesOfAllKinds) {
         ModFileInit(fileClass);
         instr_.Rows.clear();
         fake_.Log.clear();
-        const QString name = QStringLiteral("f%1").arg(fileClass);
+        const QString name = QStringLiteral("f%1").arg(FileClassNumber(fileClass));
         AddFile(instr_, name);
         Run();
         EXPECT_EQ(fake_.Log.size(), 1);
-        EXPECT_EQ(fake_.Count(QLatin1String(calls[fileClass - 1]) + ' ' + name), 1) << fileClass;
+        EXPECT_EQ(fake_.Count(QLatin1String(calls[FileClassNumber(fileClass) - 1]) + ' ' + name), 1) << fileClass;
     }
 }
 
 TEST_F(Download, AllButTheClassesWithOneListKeepTheirDate)
 {
-    for (const int fileClass : kClassesOfAllKinds) {
+    for (const FileClass fileClass : kClassesOfAllKinds) {
         ModFileInit(fileClass);
         instr_.Rows.clear();
-        const QString name = QStringLiteral("f%1").arg(fileClass);
+        const QString name = QStringLiteral("f%1").arg(FileClassNumber(fileClass));
         AddFile(instr_, name);
         Run();
-        const bool keeps = fileClass != 1 && fileClass != 3 && fileClass != 4;
+        const bool keeps =
+            fileClass != FileClassAntennaList && fileClass != FileClassMemoryList && fileClass != FileClassSuppressList;
         EXPECT_EQ(ChangeOf(name) == kRowDate, keeps) << fileClass;
     }
 }
@@ -129,10 +130,11 @@ TEST_F(Download, AnyOtherAnswerThanYesKeepsTheFileAndTheJobGoesOn)
 
 TEST_F(Download, ClassesWithOneListAskPlainlyForEachFile)
 {
-    for (const int fileClass : kClassesOfAllKinds) {
+    for (const FileClass fileClass : kClassesOfAllKinds) {
         ModFileInit(fileClass);
         instr_.Rows.clear();
-        const QString names[] = { QStringLiteral("a%1").arg(fileClass), QStringLiteral("b%1").arg(fileClass) };
+        const QString names[] = { QStringLiteral("a%1").arg(FileClassNumber(fileClass)),
+            QStringLiteral("b%1").arg(FileClassNumber(fileClass)) };
         QList<int> buttons;
         for (const QString& name : names) {
             StoreLocal(name);
@@ -197,7 +199,7 @@ TEST_F(Download, FailureWithTheLinkStillThereGoesOn)
 {
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
-    fake_.Answer("GetFile", kChannelRefused);
+    fake_.Answer("GetFile", ChannelStatus::Refused);
     Answers().Expect(12704, Ok);
     Run();
     EXPECT_EQ(fake_.Log, QStringList({ GetFile("a.png"), "CheckConnection", GetFile("b.png") }));
@@ -209,7 +211,7 @@ TEST_F(Download, LostLinkEndsTheJobAndDisconnects)
 {
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
-    fake_.Answer("GetFile", kChannelLinkFailed);
+    fake_.Answer("GetFile", ChannelStatus::LinkFailed);
     fake_.Gone = true;
     Answers().Expect(12704, Ok);
     Run();
@@ -343,11 +345,11 @@ TEST_F(DownloadActive, OverflowFileThatTheTrashCannotTakeEndsTheJob)
 
 TEST_F(DownloadActive, FailureIsReportedAndAGoneLinkDisconnects)
 {
-    fake_.Answer("GetActiveDatasetFile", kChannelRefused);
+    fake_.Answer("GetActiveDatasetFile", ChannelStatus::Refused);
     Answers().Expect(12704, Ok);
     TransferGetActive();
     EXPECT_EQ(fake_.Log, QStringList({ Get("Active000.set"), "CheckConnection" }));
-    fake_.Answer("GetActiveDatasetFile", kChannelLinkFailed);
+    fake_.Answer("GetActiveDatasetFile", ChannelStatus::LinkFailed);
     fake_.Gone = true;
     Answers().Expect(12704, Ok);
     TransferGetActive();

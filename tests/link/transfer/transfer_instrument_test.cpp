@@ -28,9 +28,10 @@ protected:
         Transfer().LvPc = &pc_;
         Transfer().LvInstr = &instr_;
         QString identification;
-        EXPECT_EQ(ChannelConnect(QStringLiteral("127.0.0.1"), instrument_.Port(), identification), kChannelOk);
-        EXPECT_EQ(ChannelCreateDirectory(QStringLiteral("Slow")), kChannelOk);
-        EXPECT_EQ(ChannelSetDirectory(QStringLiteral("Slow")), kChannelOk);
+        EXPECT_EQ(
+            ChannelConnect(QStringLiteral("127.0.0.1"), instrument_.Port(), identification), ChannelStatus::Success);
+        EXPECT_EQ(ChannelCreateDirectory(QStringLiteral("Slow")), ChannelStatus::Success);
+        EXPECT_EQ(ChannelSetDirectory(QStringLiteral("Slow")), ChannelStatus::Success);
         for (const char* name : { "a.png", "b.png", "c.png", "d.png" })
             StoreLocal(QString::fromLatin1(name));
         TransferListPc(pc_, FileClasses().FileClassMask, true);
@@ -51,9 +52,9 @@ protected:
     }
 
     /// `step` is called with each new position of the bar.
-    void Run(qint16 type, const std::function<void(FmTransfer& form, int done)>& step = {})
+    void Run(TransferJob job, const std::function<void(FmTransfer& form, int done)>& step = {})
     {
-        Transfer().TransferType = type;
+        Transfer().TransferType = job;
         FmTransfer form;
         QObject::connect(&Find<QProgressBar>(form, "progressBar"), &QProgressBar::valueChanged, &form, [&](int done) {
             positions_.append(done);

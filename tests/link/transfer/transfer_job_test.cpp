@@ -23,9 +23,9 @@ protected:
         AddFile(otherInstr_, "other-instr.png");
     }
 
-    void Run(qint16 type)
+    void Run(TransferJob job)
     {
-        Transfer().TransferType = type;
+        Transfer().TransferType = job;
         TransferRunJob();
     }
 
@@ -117,12 +117,13 @@ TEST_F(Job, DeletionOfTheOtherFormReadsItsSideAgain)
 
 TEST_F(Job, NumberOutsideTheTableDoesNothing)
 {
-    for (const int type : { -1, 0, 11 }) {
-        Run(static_cast<qint16>(type));
+    for (const int number : { -1, 0, 11 }) {
+        const auto job = static_cast<TransferJob>(number);
+        Run(job);
         EXPECT_TRUE(fake_.Log.isEmpty());
         EXPECT_TRUE(ReadAgain().isEmpty());
-        EXPECT_EQ(TransferLabelId(type), 0);
-        EXPECT_EQ(TransferTitleId(type), 0);
+        EXPECT_EQ(TransferLabelId(job).Number, 0);
+        EXPECT_EQ(TransferTitleId(job).Number, 0);
     }
 }
 
@@ -130,9 +131,10 @@ TEST_F(Job, FormThatIsNotOpenHasNoLists)
 {
     TransferState& state = Transfer();
     state.LvPc = state.LvInstr = state.OtherLvPc = state.OtherLvInstr = nullptr;
-    for (int type = TransferUploadOther; type <= TransferDeleteOnPc; ++type) {
-        if (type != TransferDownloadActive)
-            Run(static_cast<qint16>(type));
+    for (int number = 1; number <= 10; ++number) {
+        const auto job = static_cast<TransferJob>(number);
+        if (job != TransferDownloadActive)
+            Run(job);
     }
     EXPECT_TRUE(fake_.Log.isEmpty());
     EXPECT_TRUE(Trash.isEmpty());
@@ -157,8 +159,8 @@ TEST_F(Job, CancelledJobReadsItsListAgain)
 
 TEST_F(Job, LostLinkLeavesAnEmptyListOfTheInstrument)
 {
-    fake_.Answer("PutFile", kChannelLinkFailed);
-    fake_.Answer("StartFindAllFiles", kChannelLinkFailed);
+    fake_.Answer("PutFile", ChannelStatus::LinkFailed);
+    fake_.Answer("StartFindAllFiles", ChannelStatus::LinkFailed);
     fake_.Gone = true;
     Answers().Expect(12704, Ok);
     Run(TransferUpload);
@@ -169,9 +171,10 @@ TEST_F(Job, LostLinkLeavesAnEmptyListOfTheInstrument)
 TEST_F(Job, LabelsAndTitlesFollowTheTable)
 {
     const int labels[] = { 14006, 14007, 14010, 14011, 14008, 14008, 14006, 14007, 14008, 14008 };
-    for (int type = 1; type <= 10; ++type) {
-        EXPECT_EQ(TransferLabelId(type), labels[type - 1]) << type;
-        EXPECT_EQ(TransferTitleId(type), type <= 6 ? 14002 : 14003) << type;
+    for (int number = 1; number <= 10; ++number) {
+        const auto job = static_cast<TransferJob>(number);
+        EXPECT_EQ(TransferLabelId(job).Number, labels[number - 1]) << number;
+        EXPECT_EQ(TransferTitleId(job).Number, number <= 6 ? 14002 : 14003) << number;
     }
 }
 

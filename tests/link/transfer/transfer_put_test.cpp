@@ -119,7 +119,7 @@ TEST_F(Upload, FailedLookupEndsTheJobAndTheConnectionStays)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
-    for (const ChannelStatus status : { kChannelLinkFailed, kChannelRefused }) {
+    for (const ChannelStatus status : { ChannelStatus::LinkFailed, ChannelStatus::Refused }) {
         fake_.Log.clear();
         fake_.Answer("FindFile", status);
         fake_.Gone = true;
@@ -134,7 +134,7 @@ TEST_F(Upload, AnotherAnswerThanYesAndNoSkipsTheFileWithoutAMessage)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
-    fake_.Exists["a.png"] = { 2, kChannelFile };
+    fake_.Exists["a.png"] = { static_cast<ChannelPresence>(2), ChannelRowType::File };
     Run();
     EXPECT_EQ(fake_.Count("PutFile"), 1);
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1", "value 2" }));
@@ -210,13 +210,14 @@ TEST_F(Upload, AnswersForAllDoNotCarryToTheNextJob)
 TEST_F(Upload, ClassesWithOneListAskPlainlyWithoutALook)
 {
     const int questions[] = { 12735, 0, 12736, 12737 };
-    for (const int fileClass : { FileClassAntennaList, FileClassMemoryList, FileClassSuppressList }) {
+    for (const FileClass fileClass : { FileClassAntennaList, FileClassMemoryList, FileClassSuppressList }) {
         ModFileInit(fileClass);
         pc_.Rows.clear();
         fake_.Log.clear();
         AddFile(pc_, "list");
         int buttons = -1;
-        Answers().ExpectWhile(questions[fileClass - 1], Yes, [&buttons] { buttons = TheMessage().Buttons(); });
+        Answers().ExpectWhile(
+            questions[FileClassNumber(fileClass) - 1], Yes, [&buttons] { buttons = TheMessage().Buttons(); });
         Run();
         EXPECT_EQ(buttons, MsgButtonsYesNo);
         EXPECT_EQ(fake_.Log.size(), 1) << "neither find nor remove nor stamp";
@@ -236,7 +237,7 @@ TEST_F(Upload, OneListIsKeptOnNo)
 TEST_F(Upload, OtherClassesOfferTheButtonsForAll)
 {
     StoreOnBothSides("list");
-    for (const int fileClass : { FileClassKfactorTable, FileClassScreenShot, FileClassCorrectionSet }) {
+    for (const FileClass fileClass : { FileClassKfactorTable, FileClassScreenShot, FileClassCorrectionSet }) {
         ModFileInit(fileClass);
         pc_.Rows.clear();
         AddFile(pc_, "list");
@@ -276,15 +277,16 @@ TEST_F(Upload, CorrectionSetHasALongerTimeOutUnderANewName)
 
 TEST_F(Upload, StampsScreenShotsAndUnknownClassesOnly)
 {
-    for (const int fileClass : kClassesOfAllKinds) {
+    for (const FileClass fileClass : kClassesOfAllKinds) {
         ModFileInit(fileClass);
         pc_.Rows.clear();
         fake_.Log.clear();
         AddFile(pc_, "f");
         if (ModHoldsOneList(fileClass))
-            Answers().Expect(QList<int>{ 12735, 0, 12736, 12737 }.at(fileClass - 1), Yes);
+            Answers().Expect(QList<int>{ 12735, 0, 12736, 12737 }.at(FileClassNumber(fileClass) - 1), Yes);
         Run();
-        EXPECT_EQ(fake_.Count("Send "), fileClass == 5 || fileClass == 7 ? 2 : 0) << fileClass;
+        EXPECT_EQ(fake_.Count("Send "), fileClass == FileClassScreenShot || fileClass == FileClassUnknown ? 2 : 0)
+            << fileClass;
         EXPECT_EQ(fake_.Count("SendCommand"), 0);
     }
 }
@@ -294,7 +296,7 @@ TEST_F(Upload, OldFileThatTheInstrumentKeepsSkipsTheFile)
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
     StoreOnBothSides("a.png");
-    fake_.Answer("RemoveFile", kChannelRefused);
+    fake_.Answer("RemoveFile", ChannelStatus::Refused);
     Answers().Expect(12734, Yes);
     Answers().Expect(12746, { QStringLiteral("a.png") }, Ok);
     Run();
@@ -306,7 +308,7 @@ TEST_F(Upload, FileThatCannotBeReadLeavesTheOldOneOnTheInstrument)
 {
     AddFile(pc_, "gone.png");
     AddFile(pc_, "b.png");
-    fake_.Exists["gone.png"] = { 1, kChannelFile };
+    fake_.Exists["gone.png"] = { ChannelPresence::Exists, ChannelRowType::File };
     Answers().Expect(12704, Ok);
     Run();
     EXPECT_EQ(fake_.Count("Remove"), 0);
@@ -318,7 +320,7 @@ TEST_F(Upload, RefusedFileIsReportedByNameAndTheJobGoesOn)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
-    fake_.Answer("PutFile", kChannelRefused);
+    fake_.Answer("PutFile", ChannelStatus::Refused);
     Answers().Expect(12723, { QStringLiteral("a.png") }, Ok);
     Run();
     EXPECT_EQ(fake_.Log,
@@ -330,7 +332,7 @@ TEST_F(Upload, FailureWithTheLinkStillThereGoesOn)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
-    fake_.Answer("PutFile", kChannelLocalFile);
+    fake_.Answer("PutFile", ChannelStatus::LocalFile);
     Answers().Expect(12704, Ok);
     Run();
     EXPECT_EQ(fake_.Count("CheckConnection"), 1);
@@ -341,7 +343,7 @@ TEST_F(Upload, FailureWithTheLinkStillThereGoesOn)
 TEST_F(Upload, EventsRunBehindTheMessageOfAFailureBeforeTheLinkIsLookedAt)
 {
     AddFile(pc_, "a.png");
-    fake_.Answer("PutFile", kChannelLocalFile);
+    fake_.Answer("PutFile", ChannelStatus::LocalFile);
     qsizetype pumpsAtMessage = -1;
     qsizetype pumpsAtLook = -1;
     fake_.OnCall = [&](const QString& call) {
@@ -357,7 +359,7 @@ TEST_F(Upload, LostLinkEndsTheJobAndDisconnects)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
-    fake_.Answer("PutFile", kChannelLinkFailed);
+    fake_.Answer("PutFile", ChannelStatus::LinkFailed);
     fake_.Gone = true;
     Answers().Expect(12704, Ok);
     Run();
@@ -418,8 +420,8 @@ TEST_F(Upload, PresetAndLockedRowsAreLockedBehindTheStamp)
 TEST_F(Upload, FailedStampIsNotReported)
 {
     AddFile(pc_, "a.png");
-    fake_.Answer("Send", kChannelLinkFailed);
-    fake_.Answer("Send", kChannelLinkFailed);
+    fake_.Answer("Send", ChannelStatus::LinkFailed);
+    fake_.Answer("Send", ChannelStatus::LinkFailed);
     Run();
     EXPECT_EQ(fake_.Count("Send"), 2);
 }
@@ -474,7 +476,7 @@ TEST_F(UploadActive, FoldersAreRefused)
 
 TEST_F(UploadActive, FailedLinkDisconnectsAndEndsTheJob)
 {
-    fake_.Answer("PutActiveDatasetFile", kChannelLinkFailed);
+    fake_.Answer("PutActiveDatasetFile", ChannelStatus::LinkFailed);
     Answers().ExpectWhile(12703, Ok, [this] { EXPECT_TRUE(fake_.Connected); });
     TransferPutActive(pc_);
     EXPECT_EQ(fake_.Log, QStringList({ Put("a.set"), "Disconnect" }));
@@ -482,7 +484,7 @@ TEST_F(UploadActive, FailedLinkDisconnectsAndEndsTheJob)
 
 TEST_F(UploadActive, RefusedFileIsReportedByNameAndTheJobGoesOn)
 {
-    fake_.Answer("PutActiveDatasetFile", kChannelRefused);
+    fake_.Answer("PutActiveDatasetFile", ChannelStatus::Refused);
     Answers().Expect(12723, { QStringLiteral("a.set") }, Ok);
     TransferPutActive(pc_);
     EXPECT_EQ(fake_.Log, QStringList({ Put("a.set"), Put("b.set") }));
@@ -490,7 +492,7 @@ TEST_F(UploadActive, RefusedFileIsReportedByNameAndTheJobGoesOn)
 
 TEST_F(UploadActive, FileThatCannotBeReadIsReportedAndTheJobGoesOn)
 {
-    fake_.Answer("PutActiveDatasetFile", kChannelLocalFile);
+    fake_.Answer("PutActiveDatasetFile", ChannelStatus::LocalFile);
     Answers().Expect(12704, Ok);
     TransferPutActive(pc_);
     EXPECT_EQ(fake_.Log, QStringList({ Put("a.set"), "CheckConnection", Put("b.set") }));

@@ -6,7 +6,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kMessage = 12792;
+constexpr TextNumber<1> kMessage(12792);
 constexpr Range<double> kTens{ -10, 10 };
 
 class CsvRowsTest : public ListTest {
@@ -25,7 +25,7 @@ protected:
     /// The next check must show `kMessage` with the number of the first line.
     void ExpectRefusal()
     {
-        Answers().Expect(kMessage, { QStringLiteral("1") }, Ok);
+        Answers().Expect(kMessage.Number, { QStringLiteral("1") }, Ok);
     }
 
     CsvSource source;
@@ -63,9 +63,9 @@ TEST_F(CsvRowsTest, RefusalsNameTheLine)
     CsvRows& at = At("a\r\nb\r\n");
     at.Next();
     EXPECT_TRUE(at.Require(true, kMessage));
-    Answers().Expect(kMessage, { QStringLiteral("2") }, Ok);
+    Answers().Expect(kMessage.Number, { QStringLiteral("2") }, Ok);
     EXPECT_FALSE(at.Require(false, kMessage));
-    Answers().Expect(kMessage, { QStringLiteral("2") }, Ok);
+    Answers().Expect(kMessage.Number, { QStringLiteral("2") }, Ok);
     EXPECT_FALSE(at.Refuse(kMessage));
 }
 

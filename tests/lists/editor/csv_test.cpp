@@ -26,7 +26,7 @@ protected:
     }
     static bool ReadHeader(CsvSource& source, CsvHeader& header)
     {
-        return CsvReadHeader(source, kTextMemoryKeyword, header);
+        return CsvReadHeader(source, TextNumber<0>(10763), header);
     }
 };
 
@@ -258,7 +258,7 @@ TEST_F(Csv, AFailureAtRunTimeNamesTheFile)
 TEST_F(Csv, AWrittenFileHasHeaderAndLines)
 {
     CsvWriter writer;
-    CsvWriteHeader(writer, kTextMemoryKeyword, { "Van", QStringLiteral("roof \u20ac") });
+    CsvWriteHeader(writer, TextNumber<0>(10763), { "Van", QStringLiteral("roof \u20ac") });
     writer.Text("Used");
     writer.Integer(7);
     writer.Number(1.5);
@@ -270,7 +270,7 @@ TEST_F(Csv, AWrittenFileHasHeaderAndLines)
 TEST_F(Csv, TheWrittenDescriptionIsRecognisedByTheReader)
 {
     CsvWriter writer;
-    CsvWriteHeader(writer, kTextMemoryKeyword, { "Van", "roof" });
+    CsvWriteHeader(writer, TextNumber<0>(10763), { "Van", "roof" });
     CsvSource source = Source(writer.Bytes());
     CsvHeader header;
     ASSERT_TRUE(CsvFindSeparator(source));

@@ -1,11 +1,11 @@
 #include "tests/lists/editor/list_form_fixture.h"
 
-#include "app/help/help.h"
-#include "app/state/frameHooks.h"
 #include "app/text/lang.h"
 #include "link/classes/model.h"
 #include "lists/bindEditors.h"
 #include "lists/editor/editorGeneral.h"
+#include "tests/support/fakeFrame.h"
+#include "tests/support/fakeHelp.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -87,14 +87,10 @@ TEST_F(EditorFrameTest, ControlsBearTheirHelpNumbers)
 
 TEST_F(EditorFrameTest, HelpShowsTheTopicOfTheEditor)
 {
-    int shown = 0;
-    TheHelpHooks().ShowTopic = [&shown](int number) {
-        shown = number;
-        return true;
-    };
+    FakeHelp help;
     Open();
     Click(form, "BtHelp");
-    EXPECT_EQ(shown, 11995);
+    EXPECT_EQ(help.Topics, QList<int>{ 11995 });
 }
 
 TEST_F(EditorFrameTest, ANewListIsEmptyCleanAndUntitled)
@@ -431,8 +427,7 @@ TEST_F(EditorFrameTest, EscapeClosesByTheSameQuestion)
 TEST_F(EditorFrameTest, OpensFromItsCommandWithTheStatusBarOutOfUse)
 {
     BindListEditors();
-    QList<bool> bar;
-    TheFrameHooks().EnableStatusBar = [&bar](bool on) { bar.append(on); };
+    FakeFrame frame;
     bool seen = false;
     QTimer::singleShot(0, qApp, [&seen] {
         seen = DialogTop() != nullptr;
@@ -441,7 +436,7 @@ TEST_F(EditorFrameTest, OpensFromItsCommandWithTheStatusBarOutOfUse)
     });
     OpenEditor(FileClassMemoryList);
     EXPECT_TRUE(seen);
-    EXPECT_EQ(bar, QList<bool>({ false, true }));
+    EXPECT_EQ(frame.StatusBarEnabled, QList<bool>({ false, true }));
 }
 
 } // namespace tarvik

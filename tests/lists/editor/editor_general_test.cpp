@@ -1,8 +1,8 @@
 #include "tests/lists/list_fixture.h"
 
-#include "app/state/frameHooks.h"
 #include "link/classes/model.h"
 #include "lists/editor/editorGeneral.h"
+#include "tests/support/fakeFrame.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,9 +13,9 @@ namespace {
 
 class EditorGeneral : public ListTest {
 protected:
-    static QString& PcPath(int fileClass)
+    static QString& PcPath(FileClass fileClass)
     {
-        return FileClasses().PcPaths[static_cast<size_t>(fileClass)];
+        return FileClasses().PcPaths[fileClass];
     }
     QString Stored(const QString& name, const QByteArray& bytes)
     {
@@ -29,73 +29,74 @@ protected:
 TEST_F(EditorGeneral, OpensOnlyListTypes)
 {
     for (int type = -1; type <= 9; ++type)
-        OpenEditor(type);
-    EXPECT_EQ(Editors.Shown, QList<int>({ 1, 2, 3, 4, 6 }));
+        OpenEditor(static_cast<FileClass>(type));
+    EXPECT_EQ(Editors.Shown,
+        QList<FileClass>({ FileClassAntennaList, FileClassKfactorTable, FileClassMemoryList, FileClassSuppressList,
+            FileClassCorrectionSet }));
 }
 
 TEST_F(EditorGeneral, ATypeThatIsNoListChangesNothing)
 {
-    OpenEditor(5);
+    OpenEditor(FileClassScreenShot);
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);
 }
 
 TEST_F(EditorGeneral, ATypeWithoutEditorChangesNothing)
 {
     Editors.AreThere = false;
-    OpenEditor(1);
+    OpenEditor(FileClassAntennaList);
     EXPECT_TRUE(Editors.Shown.isEmpty());
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);
 }
 
 TEST_F(EditorGeneral, TheStatusBarIsOutOfUseWhileTheEditorIsOpen)
 {
-    QList<bool> calls;
-    TheFrameHooks().EnableStatusBar = [&calls](bool on) { calls.append(on); };
+    FakeFrame frame;
+    const QList<bool>& calls = frame.StatusBarEnabled;
     Editors.WhileShown = [&calls] { EXPECT_EQ(calls, QList<bool>({ false })); };
-    OpenEditor(3);
+    OpenEditor(FileClassMemoryList);
     EXPECT_EQ(calls, QList<bool>({ false, true }));
 }
 
 TEST_F(EditorGeneral, TheStatusBarStaysOutOfUseWhenAnEditorOpensAnother)
 {
-    bool bar = true;
-    TheFrameHooks().EnableStatusBar = [&bar](bool on) { bar = on; };
-    Editors.WhileShown = [this, &bar] {
+    FakeFrame frame;
+    Editors.WhileShown = [this, &frame] {
         if (Editors.Shown.size() == 1)
-            OpenEditor(2);
-        EXPECT_FALSE(bar);
+            OpenEditor(FileClassKfactorTable);
+        EXPECT_FALSE(frame.StatusBarEnabled.last());
     };
-    OpenEditor(1);
-    EXPECT_TRUE(bar);
-    EXPECT_EQ(Editors.Shown, QList<int>({ 1, 2 }));
+    OpenEditor(FileClassAntennaList);
+    EXPECT_TRUE(frame.StatusBarEnabled.last());
+    EXPECT_EQ(Editors.Shown, QList<FileClass>({ FileClassAntennaList, FileClassKfactorTable }));
 }
 
 TEST_F(EditorGeneral, TheTypeGivesClassAndLowerCasedExtension)
 {
-    SetEditorType(1);
+    SetEditorType(FileClassAntennaList);
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassAntennaList);
-    EXPECT_EQ(Editor().EditorType, 1);
+    EXPECT_EQ(Editor().EditorType, FileClassAntennaList);
     EXPECT_EQ(Editor().ListExtension, ".tva");
-    SetEditorType(3);
+    SetEditorType(FileClassMemoryList);
     EXPECT_EQ(Editor().ListExtension, ".tvm");
 }
 
 TEST_F(EditorGeneral, AListIsKnownByTheKeywordOfItsFirstLine)
 {
-    EXPECT_EQ(ListTypeOfFile(Stored("a.csv", "Antenna List,Van\r\n")), 1);
-    EXPECT_EQ(ListTypeOfFile(Stored("k.csv", "K-Factor Table;Dipole\r\n")), 2);
-    EXPECT_EQ(ListTypeOfFile(Stored("m.csv", "MEMORY LIST,Van\r\n")), 3);
-    EXPECT_EQ(ListTypeOfFile(Stored("s.csv", "suppress list,Van\r\n")), 4);
+    EXPECT_EQ(ListTypeOfFile(Stored("a.csv", "Antenna List,Van\r\n")), FileClassAntennaList);
+    EXPECT_EQ(ListTypeOfFile(Stored("k.csv", "K-Factor Table;Dipole\r\n")), FileClassKfactorTable);
+    EXPECT_EQ(ListTypeOfFile(Stored("m.csv", "MEMORY LIST,Van\r\n")), FileClassMemoryList);
+    EXPECT_EQ(ListTypeOfFile(Stored("s.csv", "suppress list,Van\r\n")), FileClassSuppressList);
 }
 
 TEST_F(EditorGeneral, WhatIsNoListOrCannotBeReadIsUnknown)
 {
-    EXPECT_EQ(ListTypeOfFile(Stored("x.csv", " Memory List,Van\r\n")), 7);
-    EXPECT_EQ(ListTypeOfFile(Stored("c.csv", "Correction Set,Van\r\n")), 7);
-    EXPECT_EQ(ListTypeOfFile(Stored("y.csv", "Memory\r\nMemory List")), 7);
-    EXPECT_EQ(ListTypeOfFile(Stored("e.csv", "")), 7);
-    EXPECT_EQ(ListTypeOfFile(FilePath("missing.csv")), 7);
-    EXPECT_EQ(ListTypeOfFile(Folder()), 7);
+    EXPECT_EQ(ListTypeOfFile(Stored("x.csv", " Memory List,Van\r\n")), FileClassUnknown);
+    EXPECT_EQ(ListTypeOfFile(Stored("c.csv", "Correction Set,Van\r\n")), FileClassUnknown);
+    EXPECT_EQ(ListTypeOfFile(Stored("y.csv", "Memory\r\nMemory List")), FileClassUnknown);
+    EXPECT_EQ(ListTypeOfFile(Stored("e.csv", "")), FileClassUnknown);
+    EXPECT_EQ(ListTypeOfFile(FilePath("missing.csv")), FileClassUnknown);
+    EXPECT_EQ(ListTypeOfFile(Folder()), FileClassUnknown);
 }
 
 TEST_F(EditorGeneral, AListFileOpensInItsEditor)
@@ -103,8 +104,8 @@ TEST_F(EditorGeneral, AListFileOpensInItsEditor)
     const QString path = Stored("a.csv", "Antenna List,Van\r\n");
     QString opened;
     Editors.WhileShown = [&opened] { opened = Editor().EditorOpenFile; };
-    EXPECT_EQ(OpenListFile(path, true), 1);
-    EXPECT_EQ(Editors.Shown, QList<int>({ 1 }));
+    EXPECT_EQ(OpenListFile(path, true), FileClassAntennaList);
+    EXPECT_EQ(Editors.Shown, QList<FileClass>({ FileClassAntennaList }));
     EXPECT_EQ(opened, path);
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassAntennaList);
 }
@@ -112,24 +113,24 @@ TEST_F(EditorGeneral, AListFileOpensInItsEditor)
 TEST_F(EditorGeneral, AListFileIsOnlyNamedWhenNotShown)
 {
     const QString path = Stored("a.csv", "Antenna List,Van\r\n");
-    EXPECT_EQ(OpenListFile(path, false), 1);
+    EXPECT_EQ(OpenListFile(path, false), FileClassAntennaList);
     EXPECT_TRUE(Editors.Shown.isEmpty());
     EXPECT_TRUE(Editor().EditorOpenFile.isEmpty());
-    EXPECT_EQ(OpenListFile(FilePath("missing.csv"), true), 7);
+    EXPECT_EQ(OpenListFile(FilePath("missing.csv"), true), FileClassUnknown);
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);
 }
 
 TEST_F(EditorGeneral, QuestionsBeginInAnOpenFolderElseTheRememberedElseTheProcessesOwn)
 {
     EXPECT_EQ(EditorDefaultFolder(), QDir::currentPath());
-    PcPath(3) = Folder();
+    PcPath(FileClassMemoryList) = Folder();
     EXPECT_EQ(EditorDefaultFolder(), Folder());
-    PcPath(3) = FilePath("gone");
+    PcPath(FileClassMemoryList) = FilePath("gone");
     EXPECT_EQ(EditorDefaultFolder(), QDir::currentPath());
     Editor().EditorOpenFile = QDir(Folder()).absolutePath();
     EXPECT_EQ(EditorDefaultFolder(), QDir(Folder()).absolutePath());
     Editor().EditorOpenFile = FilePath("file.tvm");
-    PcPath(3) = Folder();
+    PcPath(FileClassMemoryList) = Folder();
     EXPECT_EQ(EditorDefaultFolder(), Folder());
 }
 
@@ -145,7 +146,7 @@ TEST_F(EditorGeneral, TheOpenDialogOffersBothFormsThenCsvThenTheOwnForm)
 
 TEST_F(EditorGeneral, CorrectionSetsHaveNoCsvFilter)
 {
-    SetEditorType(6);
+    SetEditorType(FileClassCorrectionSet);
     AnswerFile({});
     EXPECT_EQ(OpenListDialog({}), QString());
     EXPECT_EQ(AskedFile.Filters, QStringList({ "Correction sets|*.tvc" }));
@@ -153,7 +154,7 @@ TEST_F(EditorGeneral, CorrectionSetsHaveNoCsvFilter)
 
 TEST_F(EditorGeneral, TheFolderQuestionNamesTheFile)
 {
-    PcPath(3) = Folder();
+    PcPath(FileClassMemoryList) = Folder();
     AnswerFolder("/there");
     EXPECT_EQ(SaveFolderDialog("Van.TVM"), "/there");
     EXPECT_TRUE(AskedFolder.Title.contains("Van.TVM"));
@@ -163,9 +164,9 @@ TEST_F(EditorGeneral, TheFolderQuestionNamesTheFile)
 TEST_F(EditorGeneral, TheFolderOfAnOpenedFileIsRemembered)
 {
     RememberFolderOfFile("/lists/Van/a.tvm");
-    EXPECT_EQ(PcPath(3), "/lists/Van");
+    EXPECT_EQ(PcPath(FileClassMemoryList), "/lists/Van");
     RememberFolder(" /lists/Other ");
-    EXPECT_EQ(PcPath(3), "/lists/Other");
+    EXPECT_EQ(PcPath(FileClassMemoryList), "/lists/Other");
 }
 
 TEST_F(EditorGeneral, AFileIsCalledAfterItsList)
@@ -180,7 +181,7 @@ TEST_F(EditorGeneral, TheExtensionAloneDecidesTheForm)
     EXPECT_TRUE(IsCsvFile("/x/a.b.CSV"));
     EXPECT_FALSE(IsCsvFile("/x/a.tvm"));
     EXPECT_FALSE(IsCsvFile("/x/csv"));
-    EXPECT_TRUE(IsCsvFile("/x/a.csv", kTextCsvExtensionOfTables));
+    EXPECT_TRUE(IsCsvFile("/x/a.csv", TextNumber<0>(11003)));
 }
 
 TEST_F(EditorGeneral, ANewFileIsWrittenWithoutAQuestion)
@@ -223,8 +224,8 @@ TEST_F(EditorGeneral, AMissingFileIsReportedWithItsName)
 
 TEST_F(EditorGeneral, ATitleNamesTheFileBehindADash)
 {
-    EXPECT_EQ(EditorTitle(10762), "Memory List Editor");
-    EXPECT_EQ(EditorTitle(10762, "Van.TVM"), "Memory List Editor - Van.TVM");
+    EXPECT_EQ(EditorTitle(TextNumber<0>(10762)), "Memory List Editor");
+    EXPECT_EQ(EditorTitle(TextNumber<0>(10762), "Van.TVM"), "Memory List Editor - Van.TVM");
 }
 
 } // namespace tarvik

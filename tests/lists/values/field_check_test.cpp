@@ -215,10 +215,10 @@ TEST_F(FieldCheck, AnEmptyIntegerCellIsReported)
 TEST_F(FieldCheck, AFieldIsClamped)
 {
     double value = 0;
-    ASSERT_TRUE(ParseFieldDouble("9e12", value, { 0, 5 }, 12792, 3));
+    ASSERT_TRUE(ParseFieldDouble("9e12", value, { 0, 5 }, TextNumber<1>(12792), 3));
     EXPECT_EQ(value, 5);
     std::int16_t number = 0;
-    ASSERT_TRUE(ParseFieldInt(" -7", number, { 0, 99 }, 12801, 3));
+    ASSERT_TRUE(ParseFieldInt(" -7", number, { 0, 99 }, TextNumber<1>(12801), 3));
     EXPECT_EQ(number, 0);
 }
 
@@ -226,11 +226,11 @@ TEST_F(FieldCheck, ABadFieldShowsTheCallersMessageWithTheLine)
 {
     double value = 4;
     Answers().Expect(12792, { QStringLiteral("17") }, Ok);
-    EXPECT_FALSE(ParseFieldDouble("x", value, kWide, 12792, 17));
+    EXPECT_FALSE(ParseFieldDouble("x", value, kWide, TextNumber<1>(12792), 17));
     EXPECT_EQ(value, 4);
     std::int16_t number = 4;
     Answers().Expect(12801, { QStringLiteral("18") }, Ok);
-    EXPECT_FALSE(ParseFieldInt("", number, { 0, 9 }, 12801, 18));
+    EXPECT_FALSE(ParseFieldInt("", number, { 0, 9 }, TextNumber<1>(12801), 18));
     EXPECT_EQ(number, 4);
 }
 

@@ -108,10 +108,10 @@ TEST_F(InstrumentLimitsTest, AStatusOfAGetterIsIgnored)
 
 TEST_F(InstrumentLimitsTest, AreReadAnewEachTimeAnEditorOpens)
 {
-    OpenEditor(3);
+    OpenEditor(FileClassMemoryList);
     EXPECT_EQ(Limits().FrequencyHz.Max, 2);
     TvFio().GetMaxFrequencyApplication = [](int16_t*, double* value) { *value = 99; };
-    OpenEditor(3);
+    OpenEditor(FileClassMemoryList);
     EXPECT_EQ(Limits().FrequencyHz.Max, 99);
 }
 

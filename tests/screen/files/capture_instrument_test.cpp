@@ -25,7 +25,8 @@ protected:
         instrument_ = std::make_unique<InstrumentProcess>(
             arguments + QStringList{ QStringLiteral("--port"), QString::fromLatin1(kFourDigitPorts) });
         QString identification;
-        ASSERT_EQ(ChannelConnect(QStringLiteral("127.0.0.1"), instrument_->Port(), identification), kChannelOk);
+        ASSERT_EQ(
+            ChannelConnect(QStringLiteral("127.0.0.1"), instrument_->Port(), identification), ChannelStatus::Success);
     }
 
     QStringList EntriesOfFolder() const
@@ -109,7 +110,7 @@ TEST_F(CaptureFromInstrument, WorksAgainOnNewLink)
     Answers().Expect(12703, Ok);
     EXPECT_EQ(FetchScreen(), -1);
     QString identification;
-    ASSERT_EQ(ChannelConnect(QStringLiteral("127.0.0.1"), instrument_->Port(), identification), kChannelOk);
+    ASSERT_EQ(ChannelConnect(QStringLiteral("127.0.0.1"), instrument_->Port(), identification), ChannelStatus::Success);
     EXPECT_GT(FetchScreen(), 0);
 }
 

@@ -7,7 +7,11 @@
 #include "screen/window/descriptionEdit.h"
 #include "tests/screen/screen_form_fixture.h"
 
+#include <QApplication>
+#include <QComboBox>
 #include <QDir>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTimer>
 
 namespace tarvik {
@@ -20,11 +24,6 @@ protected:
     {
         BindLink();
         QDir(Folder()).mkdir("out");
-        TheFileDialogHooks().ShowConvertForm = [this] {
-            FileConvert().TargetFolder = FilePath("out");
-            FileConvert().TargetExtension = ".png";
-            return true;
-        };
     }
 
     QString StorePicture(const QString& name, QSize size)
@@ -33,10 +32,21 @@ protected:
         return FilePath(name);
     }
 
-    /// Runs the menu command and chooses these files in its dialog.
+    /// Chooses these files in the dialog of the menu's command, and the folder and PNG in the form that follows.
     void Convert(const QStringList& paths)
     {
         TheSeams().OpenFiles = [paths](const OpenFilesQuestion&) { return paths; };
+        QTimer::singleShot(0, qApp, [folder = FilePath("out")] {
+            QWidget* form = nullptr;
+            ASSERT_TRUE(QTest::qWaitFor([&form] {
+                form = QApplication::activeModalWidget();
+                return form != nullptr && form->isVisible();
+            }));
+            Find<QLineEdit>(*form, "TbDir").setText(folder);
+            auto& types = Find<QComboBox>(*form, "CbType");
+            types.setCurrentIndex(types.findData(11605));
+            Find<QPushButton>(*form, "BtClose").click();
+        });
         Item("MnFileTvConvert").trigger();
     }
 

@@ -24,7 +24,7 @@ protected:
     {
         for (const char* name : { "a.png", "b.png", "c.png" }) {
             chosen_.append(FilePath(QLatin1String(name)));
-            ASSERT_TRUE(EncodePicture(chosen_.last(), ImagePng, Picture({ 8, 6 }, Qt::red)));
+            ASSERT_TRUE(EncodePicture(chosen_.last(), ImageKind::Png, Picture({ 8, 6 }, Qt::red)));
         }
     }
 
@@ -51,7 +51,7 @@ protected:
 TEST_F(OpenFiles, ExtensionOfPictureIsCaseInsensitive)
 {
     const QString path = FilePath(QStringLiteral("a.PnG"));
-    ASSERT_TRUE(EncodePicture(path, ImagePng, Picture({ 8, 6 })));
+    ASSERT_TRUE(EncodePicture(path, ImageKind::Png, Picture({ 8, 6 })));
     EXPECT_TRUE(FileOpen(path, true, true));
     EXPECT_EQ(CountOfFiles(), 1);
     EXPECT_EQ(ScreenOf(1)->SourceTag, SubtypeFile);
@@ -87,7 +87,7 @@ TEST_F(OpenFiles, NoKeepsWindowsAndSkipsOtherFiles)
     const auto documents = ScreenTable();
     const auto windows = WindowTable().Table;
     Answers().Expect(12713, {}, No); // once
-    FileOpenDlg(false);
+    FileOpenDlg();
     EXPECT_EQ(CountOfFiles(), 0);
     EXPECT_EQ(WindowTable().Active, active);
     for (size_t id = 1; id <= kDocumentsOfType; ++id) {
@@ -126,7 +126,7 @@ TEST_F(OpenFiles, YesReplacesOldestForEachFileOfSameOpening)
     ChooseThree();
     WindowAt(50).Created = QDateTime(QDate(2000, 1, 1), QTime(0, 0));
     Answers().Expect(12713, {}, Yes); // once
-    FileOpenDlg(false);
+    FileOpenDlg();
     EXPECT_EQ(Views[50].Title, QStringLiteral("a.png"));
     EXPECT_EQ(Views[1].Title, QStringLiteral("b.png"));
     EXPECT_EQ(Views[2].Title, QStringLiteral("c.png"));
@@ -139,7 +139,7 @@ TEST_F(OpenFiles, ReplacementTilesNothing)
     Fill();
     ChooseThree();
     Program().AutoTile = true;
-    TheScreenViewHooks().Arrange = [](int) { ADD_FAILURE() << "there are as many windows as before"; };
+    Views.WhenArranged = [](int) { ADD_FAILURE() << "there are as many windows as before"; };
     Answers().Expect(12713, Yes);
     EXPECT_TRUE(FileOpen(chosen_[0], true, true));
 }
@@ -161,7 +161,7 @@ TEST_F(OpenFiles, BatchWithoutFreeSlotAsksOnceAndConvertsNothing)
     FileConvert().Sources = chosen_;
     FileConvert().TargetExtension = QStringLiteral(".bmp");
     Answers().Expect(12713, {}, No); // once
-    EXPECT_EQ(FileConvertRun({}), 0);
+    EXPECT_EQ(FileConvertRun(), 0);
     EXPECT_EQ(WindowCount(0), kDocumentsOfType);
     EXPECT_EQ(QDir(Folder()).entryList(QDir::Files), (QStringList{ "a.png", "b.png", "c.png" }));
 }
@@ -173,7 +173,7 @@ TEST_F(OpenFiles, BatchReplacesOldestOnlyOnce)
     FileConvert().Sources = chosen_;
     FileConvert().TargetExtension = QStringLiteral(".bmp");
     Answers().Expect(12713, {}, Yes); // once: its window is closed with the first file
-    EXPECT_EQ(FileConvertRun({}), 3);
+    EXPECT_EQ(FileConvertRun(), 3);
     EXPECT_FALSE(WindowInUse(1));
     EXPECT_EQ(WindowCount(0), kDocumentsOfType - 1);
 }
@@ -185,7 +185,7 @@ TEST_F(OpenFiles, OpensRemainingFilesAfterUnreadableOne)
     FileConvert().Sources = chosen_;
     FileConvert().TargetExtension = QStringLiteral(".bmp");
     Answers().Expect(12760, { QStringLiteral("b.png") }, Ok);
-    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_EQ(FileConvertRun(), 2);
     EXPECT_EQ(WindowCount(0), 0);
 }
 

@@ -77,7 +77,7 @@ protected:
         QBuffer buffer(&channel_.Contents);
         buffer.open(QIODevice::WriteOnly);
         Picture().save(&buffer, "PNG");
-        TheFrameHooks().MenuUpdate();
+        TheFrame()->MenuUpdate();
     }
 
     FakeChannel channel_;
@@ -118,7 +118,7 @@ TEST_F(CaptureInWindows, IsStartedByBothMenuItemsAndButton)
 TEST_F(CaptureInWindows, LostLinkDisablesCommands)
 {
     ASSERT_TRUE(Item("MnInstrDispSc").isEnabled());
-    channel_.Answer("GetFileFromStream", kChannelLinkFailed);
+    channel_.Answer("GetFileFromStream", ChannelStatus::LinkFailed);
     Answers().Expect(12703, {}, Ok);
     Item("MnInstrDispSc").trigger();
     EXPECT_FALSE(Item("MnInstrDispSc").isEnabled());
@@ -194,7 +194,7 @@ TEST_F(OpenInWindows, BatchContinuesInBackground)
     const WindowId open = Open();
     FileConvert().Sources = { StorePicture("a.png"), StorePicture("b.png", { 30, 20 }) };
     FileConvert().TargetExtension = QStringLiteral(".bmp");
-    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_EQ(FileConvertRun(), 2);
     EXPECT_EQ(QImage(FilePath("a.bmp")).size(), QSize(300, 200));
     EXPECT_EQ(QImage(FilePath("b.bmp")).size(), QSize(30, 20));
     EXPECT_EQ(WindowCount(0), 1);
@@ -208,7 +208,7 @@ TEST_F(OpenInWindows, BatchWorksWhileWindowsAreTiled)
     Item("MnWindowAutotile").trigger();
     FileConvert().Sources = { StorePicture("a.png"), StorePicture("b.png") };
     FileConvert().TargetExtension = QStringLiteral(".bmp");
-    EXPECT_EQ(FileConvertRun({}), 2);
+    EXPECT_EQ(FileConvertRun(), 2);
     EXPECT_TRUE(QFile::exists(FilePath("b.bmp")));
     EXPECT_EQ(WindowCount(0), 2);
     EXPECT_TRUE(WindowInUse(first));

@@ -25,7 +25,7 @@ protected:
         return FilePath(QLatin1String(name));
     }
 
-    QString StorePicture(const char* name, int kind, QSize size) const
+    QString StorePicture(const char* name, ImageKind kind, QSize size) const
     {
         QImage picture(size, QImage::Format_RGB32);
         picture.fill(Qt::blue);
@@ -36,14 +36,14 @@ protected:
 
 struct KindCase {
     const char* Name;
-    int Kind;
+    ImageKind Kind;
 };
 
 constexpr std::array<KindCase, 4> kCases{ {
-    { "a.bmp", ImageBitmap },
-    { "a.pcx", ImagePcx },
-    { "a.png", ImagePng },
-    { "a.wmf", ImageMetafile },
+    { "a.bmp", ImageKind::Bitmap },
+    { "a.pcx", ImageKind::Pcx },
+    { "a.png", ImageKind::Png },
+    { "a.wmf", ImageKind::Metafile },
 } };
 
 constexpr quint32 kPaper = 0x102030; // blue, green, red
@@ -136,13 +136,14 @@ TEST_F(PictureFiles, ShowPaperWhereTransparent)
 
 TEST_F(PictureFiles, OfUnknownKindAreNeitherReadNorWritten)
 {
-    const QString path = StorePicture("a.png", ImagePng, { 20, 10 });
+    const QString path = StorePicture("a.png", ImageKind::Png, { 20, 10 });
     const QByteArray before = Contents(path);
     QImage picture(20, 10, QImage::Format_RGB32);
     picture.fill(Qt::red);
-    for (const int kind : { 0, 5 }) {
-        EXPECT_TRUE(DecodePicture(path, kind, { 20, 10 }, kPaper).isNull()) << kind;
-        EXPECT_FALSE(EncodePicture(path, kind, picture)) << kind;
+    for (const int number : { 0, 5 }) {
+        const auto kind = static_cast<ImageKind>(number);
+        EXPECT_TRUE(DecodePicture(path, kind, { 20, 10 }, kPaper).isNull()) << number;
+        EXPECT_FALSE(EncodePicture(path, kind, picture)) << number;
     }
     EXPECT_EQ(Contents(path), before);
 }
@@ -163,7 +164,7 @@ TEST_F(PictureFiles, AreUnchangedAfterFailedWrite)
 
 TEST_F(PictureFiles, LongerThanAnyPictureAreNotRead)
 {
-    for (const KindCase& kind : { KindCase{ "a.bmp", ImageBitmap }, KindCase{ "a.wmf", ImageMetafile } }) {
+    for (const KindCase& kind : { KindCase{ "a.bmp", ImageKind::Bitmap }, KindCase{ "a.wmf", ImageKind::Metafile } }) {
         QFile file(StorePicture(kind.Name, kind.Kind, { 20, 10 }));
         ASSERT_TRUE(file.resize(file.size() + 1000)); // zeros after the picture
         EXPECT_FALSE(DecodePicture(file.fileName(), kind.Kind, { 20, 10 }, kPaper).isNull()) << kind.Name;
@@ -233,7 +234,8 @@ TEST_F(PictureFiles, AreNotWrittenWithoutMemoryUnlessInPieces)
             picture.setPixel(x, y, qRgb(x & 0xFF, y & 0xFF, x * y & 0xFF));
     }
     for (const KindCase& kind : kCases) {
-        const bool isInPieces = kind.Kind == ImageBitmap || kind.Kind == ImagePcx; // which need little memory
+        const bool isInPieces =
+            kind.Kind == ImageKind::Bitmap || kind.Kind == ImageKind::Pcx; // which need little memory
         Store(File(kind.Name), "old");
         const auto write = [&] {
             LimitMemory(kLittle);

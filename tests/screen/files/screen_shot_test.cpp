@@ -66,11 +66,23 @@ TEST_F(Captures, FetchDisplayIntoWindow)
 
 TEST_F(Captures, RepaintFrameBeforeBlocking)
 {
-    TheFrameHooks().FinishPainting = [this] {
-        channel_.Log.append(QStringLiteral("Paint"));
-        EXPECT_TRUE(Frame.Busy);
-        EXPECT_FALSE(Program().Idle);
+    class PaintedFrame final : public FakeFrame {
+    public:
+        explicit PaintedFrame(QStringList& log)
+            : log_(log)
+        {
+        }
+        void FinishPainting() override
+        {
+            log_.append(QStringLiteral("Paint"));
+            EXPECT_TRUE(Busy);
+            EXPECT_FALSE(Program().Idle);
+        }
+
+    private:
+        QStringList& log_;
     };
+    PaintedFrame frame(channel_.Log);
     CaptureScreen();
     ASSERT_FALSE(channel_.Log.isEmpty());
     EXPECT_EQ(channel_.Log.first(), "Paint");
@@ -88,7 +100,7 @@ TEST_F(Captures, AskForSavingWhenClosed)
 TEST_F(Captures, AreShownInFrontWhileFrameIsActive)
 {
     EXPECT_EQ(Views[FetchScreen()].Shown, 0);
-    TheScreenViewHooks().MainFrameIsActive = [] { return true; };
+    Views.FrameIsActive = true;
     EXPECT_EQ(Views[FetchScreen()].Shown, 1);
 }
 
@@ -136,7 +148,7 @@ TEST_F(Captures, WithoutLinkDoNothing)
 
 TEST_F(Captures, BrokenTransferClosesLinkAndIsReportedOnce)
 {
-    channel_.Answer(QStringLiteral("GetFileFromStream"), kChannelLinkFailed);
+    channel_.Answer(QStringLiteral("GetFileFromStream"), ChannelStatus::LinkFailed);
     Answers().Expect(12703, {}, Ok);
     EXPECT_EQ(FetchScreen(), -1);
     EXPECT_EQ(channel_.Count(QStringLiteral("Disconnect")), 1);
@@ -147,13 +159,13 @@ TEST_F(Captures, BrokenTransferClosesLinkAndIsReportedOnce)
 
 TEST_F(Captures, AnyOtherTransferFailureClosesLinkToo)
 {
-    for (const ChannelStatus status : { kChannelRefused, kChannelLocalFile, ChannelStatus(-1) }) {
+    for (const ChannelStatus status : { ChannelStatus::Refused, ChannelStatus::LocalFile, ChannelStatus::Unknown }) {
         channel_.Connected = true;
         channel_.Answer(QStringLiteral("GetFileFromStream"), status);
         Answers().ExpectWhile(
             12703, Ok, [this] { EXPECT_FALSE(channel_.Connected) << "the link has ended when it is told"; });
-        EXPECT_EQ(FetchScreen(), -1) << status;
-        EXPECT_EQ(WindowCount(0), 0) << status;
+        EXPECT_EQ(FetchScreen(), -1) << static_cast<int>(status);
+        EXPECT_EQ(WindowCount(0), 0) << static_cast<int>(status);
     }
 }
 
@@ -182,7 +194,7 @@ TEST_F(Captures, WorkWithReadOnlyProgramFolder)
 
 TEST_F(Captures, FailureOfCommandIsIgnored)
 {
-    channel_.Answer(QStringLiteral("Send"), kChannelRefused);
+    channel_.Answer(QStringLiteral("Send"), ChannelStatus::Refused);
     EXPECT_GT(FetchScreen(), 0);
 }
 
@@ -304,19 +316,24 @@ TEST_F(Captures, CommandKeepsProgramBusy)
 
 TEST_F(Captures, PointerIsRestoredWhenCommandsAreEnabled)
 {
-    QVector<bool> wasBusy;
-    TheFrameHooks().MenuUpdate = [&] {
-        if (Program().Idle)
-            wasBusy.append(Frame.Busy);
+    class PointerFrame final : public FakeFrame {
+    public:
+        void MenuUpdate() override
+        {
+            if (Program().Idle)
+                WasBusy.append(Busy);
+        }
+        QVector<bool> WasBusy;
     };
+    PointerFrame frame;
     CaptureScreen();
-    EXPECT_EQ(wasBusy, QVector<bool>{ false });
+    EXPECT_EQ(frame.WasBusy, QVector<bool>{ false });
 }
 
 TEST_F(Captures, AutoTileFollowsNumberOfWindows)
 {
     int tiled = 0;
-    TheScreenViewHooks().Arrange = [&](int) { ++tiled; };
+    Views.WhenArranged = [&](int) { ++tiled; };
     Program().AutoTile = true;
     FetchScreen();
     EXPECT_EQ(tiled, 0);

@@ -12,7 +12,7 @@ protected:
     /// Sizes every window as a frame would, with its resize event.
     void ArrangeTo(QSize client)
     {
-        TheScreenViewHooks().Arrange = [this, client](int code) {
+        Views.WhenArranged = [this, client](int code) {
             codes_.append(code);
             for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id)) {
                 Views[id].Client = client;
@@ -108,9 +108,9 @@ TEST_F(Arranging, SingleCandidateIsSelectedWithoutForm)
 {
     const WindowId id = OpenLive();
     Open(SubtypeFile);
-    TheScreenWindowHooks().SelectWindows = [](const QVector<WindowId>&) {
+    Views.WhenOffered = [](const QVector<WindowId>& ids) {
         ADD_FAILURE();
-        return false;
+        return ids;
     };
     ChooseWindows(MaskScreen, false);
     EXPECT_EQ(TheScreenWindows().Chosen, QVector<WindowId>{ id });
@@ -130,10 +130,9 @@ TEST_F(Arranging, SeveralCandidatesAreOffered)
     const WindowId first = OpenLive();
     const WindowId second = OpenLive();
     QVector<WindowId> offered;
-    TheScreenWindowHooks().SelectWindows = [&](const QVector<WindowId>& ids) {
+    Views.WhenOffered = [&](const QVector<WindowId>& ids) {
         offered = ids;
-        TheScreenWindows().Chosen = { ids.last() };
-        return true;
+        return QVector<WindowId>{ ids.last() };
     };
     ChooseWindows(MaskAll, false);
     EXPECT_EQ(offered, (QVector<WindowId>{ second, first }));
@@ -142,12 +141,8 @@ TEST_F(Arranging, SeveralCandidatesAreOffered)
 
 TEST_F(Arranging, CancelledSelectionIsEmpty)
 {
-    OpenLive();
-    OpenLive();
-    TheScreenWindowHooks().SelectWindows = [](const QVector<WindowId>& ids) {
-        TheScreenWindows().Chosen = ids;
-        return false;
-    };
+    TheScreenWindows().Chosen = { OpenLive(), OpenLive() };
+    Views.WhenOffered = [](const QVector<WindowId>&) { return QVector<WindowId>(); };
     ChooseWindows(MaskAll, false);
     EXPECT_TRUE(TheScreenWindows().Chosen.isEmpty());
 }

@@ -14,7 +14,7 @@ class Closing : public ScreenTest {
 protected:
     Closing()
     {
-        TheScreenWindowHooks().Save = [this](WindowId id) {
+        Views.WhenSaved = [this](WindowId id) {
             saved_.append(id);
             if (saves_)
                 WindowAt(id).Modified = false;
@@ -280,7 +280,7 @@ TEST_F(Closing, CommandsAreDisabledWhileClosingWindowIsSaved)
 {
     const WindowId id = OpenModified();
     bool couldAct = true;
-    TheScreenWindowHooks().Save = [&](WindowId) {
+    Views.WhenSaved = [&](WindowId) {
         couldAct = CanAct();
         return true;
     };
@@ -297,7 +297,7 @@ TEST_F(Closing, RetilesOthers)
     Open();
     Open();
     int tiled = 0;
-    TheScreenViewHooks().Arrange = [&](int) { ++tiled; };
+    Views.WhenArranged = [&](int) { ++tiled; };
     Program().AutoTile = true;
     EXPECT_TRUE(CloseWindow(id, true));
     EXPECT_EQ(tiled, 1);
@@ -312,7 +312,7 @@ TEST_F(Closing, StoppedCloseAllRetilesRemaining)
     WindowAt(Open()).Modified = true;
     WindowSetActive(1);
     int tiled = 0;
-    TheScreenViewHooks().Arrange = [&](int) { ++tiled; };
+    Views.WhenArranged = [&](int) { ++tiled; };
     Program().AutoTile = true;
     WindowAt(2).Modified = true;
     Answers().Expect(12714, Cancel);

@@ -46,7 +46,7 @@ TEST_F(DescriptionForm, HasItsControls)
         EXPECT_EQ(TextOf(form, "LbDefault"), LngStr(10506) + " 70");
         EXPECT_TRUE(FindControl(form, "UpDown").hasFocus() || HasFocus(form, "Tb"));
         Click(form, "BtHelp");
-        EXPECT_EQ(topics, QList<int>{ 10501 });
+        EXPECT_EQ(help.Topics, QList<int>{ 10501 });
         Click(form, "BtCancel");
     });
 }
@@ -206,7 +206,7 @@ TEST_F(DescriptionForm, OpensByItsCommand)
     StatusSet(QStringLiteral("before"));
     EXPECT_TRUE(CommandRun(Command::OptionsDescription));
     EXPECT_TRUE(CanAct());
-    EXPECT_EQ(TheFrameHooks().StatusText(), "");
+    EXPECT_EQ(TheFrame()->StatusText(), "");
 }
 
 } // namespace tarvik

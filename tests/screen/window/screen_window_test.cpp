@@ -75,7 +75,7 @@ TEST_F(ScreenWindows, NewOneIsNormalAmongMaximisedOnes)
 TEST_F(ScreenWindows, NewOneIsShownWhileFrameIsActive)
 {
     EXPECT_EQ(Views[Open()].Shown, 0);
-    TheScreenViewHooks().MainFrameIsActive = [] { return true; };
+    Views.FrameIsActive = true;
     EXPECT_EQ(Views[Open()].Shown, 1);
 }
 
@@ -378,14 +378,10 @@ TEST_F(ScreenWindows, CopyPutsComposedPictureOnClipboard)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
-    QImage copied;
-    TheScreenWindowHooks().SetClipboard = [&](const QImage& image) {
-        copied = image;
-        return true;
-    };
+    Views.TakesCopies = true;
     Frame.Log.clear();
     CopyGraphics(id);
-    EXPECT_EQ(copied.size(), QSize(642, 442 + DescrHeight(id)));
+    EXPECT_EQ(Views.Copied.size(), QSize(642, 442 + DescrHeight(id)));
     EXPECT_EQ(Frame.Log.value(0), QStringLiteral("status:file.png") + LngStr(14301) + LngStr(10107));
     EXPECT_EQ(Frame.Status, QString());
 }
@@ -394,7 +390,7 @@ TEST_F(ScreenWindows, FailedCopyIsReported)
 {
     const WindowId id = Open();
     Answers().Expect(12707, {}, Ok);
-    TheScreenWindowHooks().SetClipboard = [](const QImage&) { return false; };
+    Views.TakesCopies = false;
     CopyGraphics(id);
 }
 
@@ -406,7 +402,7 @@ TEST_F(ScreenWindows, CopyWithoutWindowDoesNothing)
 
 TEST_F(ScreenWindows, WithoutFormsHaveSizeOfTheirPictures)
 {
-    TheScreenViewHooks().Load = {};
+    TheScreenDesktop().Reset();
     const WindowId id = Open(SubtypeFile, Picture({ 33, 44 }));
     EXPECT_EQ(ViewOf(id)->ClientSize(), QSize(33, 44));
     EXPECT_EQ(ViewOf(id)->GraphSize(), QSize(33, 44));

@@ -69,7 +69,7 @@ protected:
     QVector<WindowId> ids;
 };
 
-class ScreenShotViewer : public ScreenForms { };
+class ScreenShotViewerForm : public ScreenForms { };
 
 } // namespace
 
@@ -83,7 +83,7 @@ TEST_F(PaletteForm, HasItsControls)
         EXPECT_FALSE(FindControl(form, "BtHelp").isEnabled());
         EXPECT_TRUE(Find<QRadioButton>(form, "OpPalette[0]").isChecked());
         Key(Qt::Key_F1);
-        EXPECT_EQ(topics, QList<int>{ 13203 });
+        EXPECT_EQ(help.Topics, QList<int>{ 13203 });
         Click(form, "BtCancel");
     });
 }
@@ -177,7 +177,7 @@ TEST_F(PaletteForm, DoesNotOpenForDiagram)
     WindowInitialise(slot, {}, 0);
     StatusSet(QStringLiteral("before"));
     ColorDialog(); // a form would block here
-    EXPECT_EQ(TheFrameHooks().StatusText(), "");
+    EXPECT_EQ(TheFrame()->StatusText(), "");
     EXPECT_EQ(TheColorDefaults().PalNr, PaletteColour);
 }
 
@@ -185,7 +185,7 @@ TEST_F(PaletteForm, FrameShowsItsHint)
 {
     Run([&](FmPalette& form) {
         PointAt(form, "FrPalette");
-        EXPECT_EQ(TheFrameHooks().StatusText(), LngStr(13216));
+        EXPECT_EQ(TheFrame()->StatusText(), LngStr(13216));
         Click(form, "BtCancel");
     });
 }
@@ -211,7 +211,7 @@ TEST_F(SelectWindowForm, HasItsControls)
         EXPECT_EQ(form.windowTitle(), LngStr(13400));
         EXPECT_TRUE(HasFocus(form, "LxWin"));
         Click(form, "BtHelp");
-        EXPECT_EQ(topics, QList<int>{ 13401 });
+        EXPECT_EQ(help.Topics, QList<int>{ 13401 });
         Click(form, "BtCancel");
     });
 }
@@ -308,7 +308,7 @@ TEST_F(SelectWindowForm, DoesNotOpenForSingleCandidate)
     EXPECT_EQ(TheScreenWindows().Chosen, QVector<WindowId>{ ids[2] });
 }
 
-TEST_F(ScreenShotViewer, ShowsPictureUnderItsName)
+TEST_F(ScreenShotViewerForm, ShowsPictureUnderItsName)
 {
     FmScreenShotViewer form(Picture(), "Channel 16.png", frame.get());
     RunForm(form, [&] {
@@ -328,7 +328,7 @@ TEST_F(ScreenShotViewer, ShowsPictureUnderItsName)
     });
 }
 
-TEST_F(ScreenShotViewer, ShowsVeryThinPicture)
+TEST_F(ScreenShotViewerForm, ShowsVeryThinPicture)
 {
     FmScreenShotViewer form(Picture({ 30000, 3 }), "line.png", frame.get());
     RunForm(form, [&] {
@@ -338,15 +338,15 @@ TEST_F(ScreenShotViewer, ShowsVeryThinPicture)
     });
 }
 
-TEST_F(ScreenShotViewer, OpensNothingForNonPicture)
+TEST_F(ScreenShotViewerForm, OpensNothingForNonPicture)
 {
     Store(FilePath("broken.png"), "no picture");
     Answers().Expect(12760, Ok);
-    TheControlHooks().ShowScreenShot(FilePath("broken.png"), 0);
+    TheScreenShotViewer()->Show(FilePath("broken.png"), 0);
     EXPECT_TRUE(CanAct());
 }
 
-TEST_F(ScreenShotViewer, IsOpenedByFileControl)
+TEST_F(ScreenShotViewerForm, IsOpenedByFileControl)
 {
     ASSERT_TRUE(Picture().save(FilePath("shot.png")));
     QString shown;
@@ -360,7 +360,7 @@ TEST_F(ScreenShotViewer, IsOpenedByFileControl)
         Click(*form, "BtClose");
     });
     look.start(0);
-    TheControlHooks().ShowScreenShot(FilePath("shot.png"), 0);
+    TheScreenShotViewer()->Show(FilePath("shot.png"), 0);
     EXPECT_EQ(shown, "FmScreenShotViewer");
 }
 

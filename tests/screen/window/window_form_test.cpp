@@ -8,11 +8,14 @@
 #include "screen/window/closing.h"
 #include "screen/window/descriptionEdit.h"
 #include "tests/screen/screen_form_fixture.h"
+#include "tests/support/fakeFrame.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QSignalSpy>
 
 namespace tarvik {
 
@@ -81,15 +84,12 @@ TEST_F(ScreenWindowForm, OpensInPictureSizeAndShowsIt)
 
 TEST_F(ScreenWindowForm, IsDrawnOnceOnOpening)
 {
-    int drawn = 0;
-    const auto before = TheFrameHooks().SetStatusText;
-    TheFrameHooks().SetStatusText = [&](const QString& text) { drawn += text.contains(LngStr(10106)) ? 1 : 0; };
+    FakeFrame seen;
     NewDocument document;
     document.Master = Picture();
     ScreenCreate(WindowAllocate(WindowScreen, SubtypeFile), document);
     QCoreApplication::processEvents();
-    EXPECT_EQ(drawn, 1);
-    TheFrameHooks().SetStatusText = before;
+    EXPECT_EQ(seen.Log.filter(LngStr(10106)).size(), 1);
 }
 
 TEST_F(ScreenWindowForm, StatusPanelIsFilledButHidden)
@@ -190,7 +190,7 @@ TEST_F(ScreenWindowForm, F1InDescriptionFocusesPictureAndOpensTopic)
     ASSERT_TRUE(Description(id).hasFocus());
     Key(Qt::Key_F1);
     EXPECT_TRUE(Graph(id).hasFocus());
-    EXPECT_EQ(topics, QList<int>{ 14401 });
+    EXPECT_EQ(help.Topics, QList<int>{ 14401 });
 }
 
 TEST_F(ScreenWindowForm, NewWindowsDoNotCoverEachOther)
@@ -268,14 +268,12 @@ TEST_F(ScreenWindowForm, RightButtonActivatesWindow)
 TEST_F(ScreenWindowForm, CtrlCOnPictureCopiesIt)
 {
     const WindowId id = Open();
-    int copies = 0;
-    TheScreenWindowHooks().SetClipboard = [&](const QImage&) {
-        ++copies;
-        return true;
-    };
+    QGuiApplication::clipboard()->clear();
+    const QSignalSpy copies(QGuiApplication::clipboard(), &QClipboard::dataChanged);
     Graph(id).setFocus();
     QTest::keyClick(frame->windowHandle(), Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(copies, 1);
+    EXPECT_EQ(copies.count(), 1);
+    EXPECT_FALSE(QGuiApplication::clipboard()->image().isNull());
 }
 
 TEST_F(ScreenWindowForm, RightButtonBesidePictureOpensWindowMenu)
@@ -321,8 +319,6 @@ TEST_F(ScreenWindowForm, IgnoresMouseWhileCommandRuns)
 TEST_F(ScreenWindowForm, DroppedFilesGoToFrame)
 {
     ASSERT_TRUE(Picture().save(FilePath("dropped.png")));
-    TheDropHooks().IsKnownFile = FileCanBeDropped;
-    TheProjectHooks().FileOpen = [](const QString& path) { return FileOpen(path, true, true); };
     const WindowId id = Open();
     DescrSetVisible(true, id);
     int windows = 1;

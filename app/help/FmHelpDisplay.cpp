@@ -30,6 +30,38 @@ FmHelp* ReadyViewer()
     return book == nullptr ? nullptr : TheViewer().get();
 }
 
+class ViewerDisplay final : public HelpDisplay {
+public:
+    bool ShowContents() override
+    {
+        return Show([](FmHelp& viewer) { viewer.ShowContents(); });
+    }
+    bool ShowIndex() override
+    {
+        return Show([](FmHelp& viewer) { viewer.ShowIndex(); });
+    }
+    bool ShowSearch(const QString& query) override
+    {
+        return Show([&query](FmHelp& viewer) { viewer.ShowSearch(query); });
+    }
+    bool ShowTopic(int helpNumber) override
+    {
+        const HelpFile* book = TheHelpFile();
+        const QString path = book == nullptr ? QString() : book->TopicPath(helpNumber);
+        return !path.isEmpty() && Show([&path](FmHelp& viewer) { viewer.ShowPath(path); });
+    }
+
+private:
+    template <typename Action>
+    static bool Show(Action action)
+    {
+        FmHelp* viewer = ReadyViewer();
+        if (viewer != nullptr)
+            action(*viewer);
+        return viewer != nullptr;
+    }
+};
+
 } // namespace
 
 FmHelp* HelpViewer()
@@ -44,23 +76,7 @@ void CloseHelpViewer()
 
 void BindHelpViewer()
 {
-    HelpHooks& hooks = TheHelpHooks();
-    const auto withViewer = [](auto action) {
-        FmHelp* viewer = ReadyViewer();
-        if (viewer != nullptr)
-            action(*viewer);
-        return viewer != nullptr;
-    };
-    hooks.ShowContents = [withViewer] { return withViewer([](FmHelp& viewer) { viewer.ShowContents(); }); };
-    hooks.ShowIndex = [withViewer] { return withViewer([](FmHelp& viewer) { viewer.ShowIndex(); }); };
-    hooks.ShowSearch = [withViewer](const QString& query) {
-        return withViewer([&query](FmHelp& viewer) { viewer.ShowSearch(query); });
-    };
-    hooks.ShowTopic = [withViewer](int helpNumber) {
-        const HelpFile* book = TheHelpFile();
-        const QString path = book == nullptr ? QString() : book->TopicPath(helpNumber);
-        return !path.isEmpty() && withViewer([&path](FmHelp& viewer) { viewer.ShowPath(path); });
-    };
+    TheHelpDisplay().Implement<ViewerDisplay>();
 }
 
 void ShowPopupHelp(QWidget* owner, int helpNumber, QPoint position)

@@ -1,0 +1,15 @@
+// app/forms/darkColor.h: whether a colour of the palette is a dark one.
+#pragma once
+
+#include <QColor>
+
+namespace tarvik {
+
+/// True for a colour that is nearer to black than to white.
+inline bool IsDark(const QColor& color)
+{
+    constexpr int kMiddleLightness = 128;
+    return color.lightness() < kMiddleLightness;
+}
+
+} // namespace tarvik

@@ -1,0 +1,25 @@
+// app/platform/instrumentLink.h: the port to the instrument at the other end of the link, for rooms below link/.
+#pragma once
+
+#include "app/platform/port.h"
+
+namespace tarvik {
+
+/// Implemented by link/. Without it nothing is connected, and nothing connects.
+class InstrumentLink {
+public:
+    virtual ~InstrumentLink() = default;
+
+    /// The instrument that answered last was recognised.
+    virtual bool IsAccepted() const = 0;
+
+    /// While a connect runs no help is shown, and nothing is said about it.
+    virtual bool IsConnecting() const = 0;
+
+    /// Reconnects if the link was up when the program last ended, then offers the connections if it is down.
+    virtual void AutoConnect(bool connectedAtExit) = 0;
+};
+
+Port<InstrumentLink>& TheInstrumentLink();
+
+} // namespace tarvik

@@ -1,0 +1,33 @@
+// tests/support/fakeInstrumentLink.h: an instrument as rooms below link/ see it. It is in force while it lives.
+#pragma once
+
+#include "app/platform/instrumentLink.h"
+
+#include <QList>
+
+namespace tarvik {
+
+class FakeInstrumentLink : public InstrumentLink {
+public:
+    bool IsAccepted() const override
+    {
+        return Accepted;
+    }
+    bool IsConnecting() const override
+    {
+        return Connecting;
+    }
+    void AutoConnect(bool connectedAtExit) override
+    {
+        AutoConnects.append(connectedAtExit);
+    }
+
+    bool Accepted = false;
+    bool Connecting = false;
+    QList<bool> AutoConnects;
+
+private:
+    PortScope<InstrumentLink> inForce_{ TheInstrumentLink(), *this };
+};
+
+} // namespace tarvik

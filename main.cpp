@@ -17,6 +17,6 @@ int main(int argc, char** argv)
     OnCloseSignal([&frame] { frame.CloseWhenPossible(); });
     const int exitCode = frame.Load() ? QApplication::exec() : EXIT_FAILURE;
     CloseHelpViewer(); // while there is still a window system to close it on
-    MsgSetPresenter({});
+    TheMessagePresenter().Reset();
     return exitCode;
 }

@@ -152,6 +152,14 @@ BENCHMARK(BareRead)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 } // namespace
 
+class YesPresenter final : public MessagePresenter {
+public:
+    void Present(MessageRequest& request) override
+    {
+        request.Result = MsgResultYes;
+    }
+};
+
 } // namespace tarvik
 
 using namespace tarvik;
@@ -163,7 +171,7 @@ int main(int argc, char** argv)
     if (argc != 2)
         return 2;
     targetFolder = QString::fromLocal8Bit(argv[1]);
-    MsgSetPresenter([](MessageRequest& request) { request.Result = MsgResultYes; });
+    TheMessagePresenter().Implement<YesPresenter>();
     for (const Module module : { Module::Language, Module::ListStore, Module::General }) {
         if (!ModuleLoad(module, QCoreApplication::applicationDirPath() + QLatin1Char('/')))
             return 1;

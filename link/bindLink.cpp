@@ -74,10 +74,6 @@ bool ShowConvertForm()
     return form.IsAccepted();
 }
 
-void BindFiles()
-{
-}
-
 constexpr std::array kCommands{
     CommandBinding{ Command::Connect, conShowDialog },
     CommandBinding{ Command::FileOpen, FileOpenDlg },
@@ -95,7 +91,6 @@ constexpr std::array kCommands{
 void BindLink()
 {
     BindConnections();
-    BindFiles();
     CommandsBind(kCommands);
 }
 

@@ -140,9 +140,17 @@ bool SettingIsWrittenAtOnce()
 
 bool messageIsShown = false;
 
+class NotingPresenter final : public MessagePresenter {
+public:
+    void Present(MessageRequest&) override
+    {
+        messageIsShown = true;
+    }
+};
+
 void SetPresenter()
 {
-    MsgSetPresenter([](MessageRequest&) { messageIsShown = true; });
+    TheMessagePresenter().Implement<NotingPresenter>();
 }
 
 bool HasNoPresenter()
@@ -195,7 +203,7 @@ const std::vector<StateCase>& Cases()
         { "Groups", SetGroup, HasNoGroup },
         { "FunctionOf", BindConnectCommand, ConnectCommandDoesNothing },
         { "Session", BeginIniSession, SettingIsWrittenAtOnce },
-        { "Presenter", SetPresenter, HasNoPresenter },
+        { "TheMessagePresenter", SetPresenter, HasNoPresenter },
         { "TheMessage", [] { TheMessage().YesAll = true; }, [] { return !TheMessage().YesAll; } },
         { "Progress", [] { Progress().Active = true; }, [] { return !Progress().Active; } },
         { "Stack", PushDialog, [] { return !DialogIsOpen(); } },

@@ -164,12 +164,22 @@ QPushButton* FmMessage::Button(MsgButton button) const
     return buttons_[static_cast<size_t>(button)];
 }
 
-void BindMessageForm()
-{
-    MsgSetPresenter([](MessageRequest& request) {
+namespace {
+
+class MessageForms final : public MessagePresenter {
+public:
+    void Present(MessageRequest& request) override
+    {
         FmMessage form(request, QApplication::activeWindow());
         DialogShow(form);
-    });
+    }
+};
+
+} // namespace
+
+void BindMessageForm()
+{
+    TheMessagePresenter().Implement<MessageForms>();
 }
 
 } // namespace tarvik

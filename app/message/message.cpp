@@ -5,17 +5,14 @@
 #include "app/text/lang.h"
 #include "app/values/numberPicture.h"
 
-#include <utility>
-
 namespace tarvik {
 
 namespace {
 
-MessagePresenter& Presenter()
-{
-    static ProcessState<MessagePresenter> presenter;
-    return presenter.Get();
-}
+class NoPresenter final : public MessagePresenter {
+public:
+    void Present(MessageRequest&) override { }
+};
 
 constexpr int kStyleOk = MsgButtonsOk | kMsgIconExclamation;
 constexpr int kStyleYesNo = MsgButtonsYesNo | kMsgIconQuestion;
@@ -45,8 +42,7 @@ int Show(const Question& question)
     request.Args = question.Args;
     request.DefaultToNo = question.DefaultToNo;
     request.Result = MsgNone;
-    if (Presenter())
-        Presenter()(request);
+    TheMessagePresenter()->Present(request);
     request.DefaultToNo = false;
     const int answer = request.Result;
     if (waits) // whoever asked the first question has not read its answer yet
@@ -72,9 +68,10 @@ MessageRequest& TheMessage()
     return request.Get();
 }
 
-void MsgSetPresenter(MessagePresenter presenter)
+Port<MessagePresenter>& TheMessagePresenter()
 {
-    Presenter() = std::move(presenter);
+    static PortOr<MessagePresenter, NoPresenter> port;
+    return port;
 }
 
 void MsgOk(TextNumber<0> id)

@@ -2,12 +2,11 @@
 // script.
 #pragma once
 
+#include "app/platform/port.h"
 #include "app/text/textNumber.h"
 
 #include <QString>
 #include <QStringList>
-
-#include <functional>
 
 namespace tarvik {
 
@@ -53,10 +52,16 @@ struct MessageRequest {
 };
 MessageRequest& TheMessage();
 
-/// Shows the request and stores the answer in its `Result` (and `YesAll`, `NoAll`). Set by the program's composition;
-/// while none is set a message is answered with MsgNone.
-using MessagePresenter = std::function<void(MessageRequest& request)>;
-void MsgSetPresenter(MessagePresenter presenter);
+/// Shows a message: a form, a terminal, or a test's script.
+class MessagePresenter {
+public:
+    /// Stores the answer in `Result` (and `YesAll`, `NoAll`) of `request`.
+    virtual void Present(MessageRequest& request) = 0;
+
+protected:
+    ~MessagePresenter() = default;
+};
+Port<MessagePresenter>& TheMessagePresenter(); ///< without an implementation the answer is MsgNone
 
 void MsgOk(TextNumber<0> id);
 void MsgOk1(TextNumber<1> id, const QString& arg);

@@ -100,12 +100,21 @@ public:
             else if (character == ';')
                 End(false);
             else if (character != '}') // the end of a namespace
-                current_ += character;
+                Append(character);
         }
         return statements_;
     }
 
 private:
+    /// White space is one blank: the expressions below recurse by the character, and a blanked comment is long.
+    void Append(char character)
+    {
+        if (std::isspace(static_cast<unsigned char>(character)) == 0)
+            current_ += character;
+        else if (!current_.empty() && current_.back() != ' ')
+            current_ += ' ';
+    }
+
     void OpenBrace()
     {
         static const std::regex namedNamespace(R"(^\s*(inline\s+)?namespace\s+\w+(::\w+)*\s*$|^\s*extern\s*$)");

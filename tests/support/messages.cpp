@@ -6,12 +6,12 @@ namespace tarvik {
 
 MessageScript::MessageScript()
 {
-    MsgSetPresenter([this](MessageRequest& request) { Present(request); });
+    TheMessagePresenter().Set(*this);
 }
 
 MessageScript::~MessageScript()
 {
-    MsgSetPresenter({});
+    TheMessagePresenter().Reset();
 }
 
 void MessageScript::Expect(int id, int answer)

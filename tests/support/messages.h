@@ -12,7 +12,7 @@ namespace tarvik {
 
 /// Stands in for the message form. A message that is not the next expected one fails the test, and so does an
 /// expected one that never came (checked at the end of the test by the fixture).
-class MessageScript {
+class MessageScript final : private MessagePresenter {
 public:
     MessageScript();
     ~MessageScript();
@@ -35,7 +35,7 @@ private:
         int Answer = MsgNone;
         std::function<void()> During;
     };
-    void Present(MessageRequest& request);
+    void Present(MessageRequest& request) override;
 
     std::deque<Step> steps_;
 };

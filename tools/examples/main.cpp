@@ -19,12 +19,15 @@ namespace tarvik {
 namespace {
 
 /// Answers Yes to overwriting; prints any other message to standard error.
-void Present(MessageRequest& request)
-{
-    request.Result = request.IsQuestion() ? MsgResultYes : MsgResultOk;
-    if (!request.IsQuestion())
-        QTextStream(stderr) << request.HelpNumber << ": " << request.Text << '\n';
-}
+class PlainPresenter final : public MessagePresenter {
+public:
+    void Present(MessageRequest& request) override
+    {
+        request.Result = request.IsQuestion() ? MsgResultYes : MsgResultOk;
+        if (!request.IsQuestion())
+            QTextStream(stderr) << request.HelpNumber << ": " << request.Text << '\n';
+    }
+};
 
 bool WritePlan(const ChannelPlan& plan, const QString& folder)
 {
@@ -54,7 +57,7 @@ int main(int argc, char** argv)
         return 2;
     }
     Program().AppPath = QCoreApplication::applicationDirPath() + QDir::separator();
-    MsgSetPresenter(Present);
+    TheMessagePresenter().Implement<PlainPresenter>();
     for (const Module module : { Module::Language, Module::ListStore, Module::General }) {
         if (!ModuleLoad(module, Program().AppPath))
             return 1;

@@ -25,7 +25,6 @@ namespace tarvik {
 
 namespace {
 
-
 bool IsShown(const ChannelRow& row, FileClass fileClass)
 {
     if (fileClass == FileClassNone)

@@ -88,7 +88,7 @@ ExitStatus Run(const CtlArguments& arguments)
             QStringLiteral("%1: the name of a picture ends in .png, .bmp, .pcx or .wmf").arg(arguments.Operands[0]));
     if (!InputNameFits(arguments))
         return UsageError(QStringLiteral("%1: by its extension it is no file of this kind").arg(arguments.Operands[0]));
-    MsgSetPresenter([&terminal](MessageRequest& request) { terminal.Present(request); });
+    const PortScope<MessagePresenter> messages(TheMessagePresenter(), terminal);
     if (arguments.Command == CtlCommand::Text)
         PrintTexts(arguments.Operands);
     else if (arguments.Command == CtlCommand::Picture)

@@ -11,7 +11,7 @@ namespace tarvik {
 
 /// Shows messages on standard error as "FILE: NUMBER: TEXT" and answers questions. One line each: a line end inside
 /// a text becomes a blank.
-class Terminal {
+class Terminal final : public MessagePresenter {
 public:
     explicit Terminal(bool answerYes)
         : answerYes_(answerYes)
@@ -25,7 +25,7 @@ public:
     }
 
     /// Shows the request and answers it: a question with No (Yes where the user said so), the rest with OK.
-    void Present(MessageRequest& request);
+    void Present(MessageRequest& request) override;
 
     /// What no message number stands for, as "FILE: TEXT". Counts as a message.
     void Refuse(const QString& text);

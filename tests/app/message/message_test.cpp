@@ -11,19 +11,22 @@
 
 namespace tarvik {
 
-class Message : public ProgramTest {
+class Message : public ProgramTest, private MessagePresenter {
 protected:
     Message()
     {
-        MsgSetPresenter([this](MessageRequest& request) {
-            ResultWhileOpen = request.Result;
-            Shown.push_back(request);
-            request.Showing = true;
-            if (WhileOpen)
-                std::exchange(WhileOpen, {})();
-            request.Showing = false;
-            request.Result = Answer;
-        });
+        TheMessagePresenter().Set(*this);
+    }
+
+    void Present(MessageRequest& request) override
+    {
+        ResultWhileOpen = request.Result;
+        Shown.push_back(request);
+        request.Showing = true;
+        if (WhileOpen)
+            std::exchange(WhileOpen, {})();
+        request.Showing = false;
+        request.Result = Answer;
     }
 
     const MessageRequest& Last() const
@@ -117,7 +120,7 @@ TEST_F(Message, LeftWithoutAnAnswerReturnsZero)
 
 TEST_F(Message, WithoutAPresenterNothingIsAnswered)
 {
-    MsgSetPresenter({});
+    TheMessagePresenter().Reset();
     TheMessage().Result = MsgResultYes;
     EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), 0);
 }

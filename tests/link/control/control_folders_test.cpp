@@ -1,7 +1,7 @@
 // How the file control window goes from folder to folder, and what it opens.
 #include "tests/link/control/control_fixture.h"
-#include "tests/support/fakeDocuments.h"
 #include "tests/link/files/fakeDrives.h"
+#include "tests/support/fakeDocuments.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-// screen/document/view.h: interface of a document's window for the modules: the form `MfScreen`, or a stub that only
+// screen/document/view.h: interface of a document's window for the modules: the form `MfScreen`, or one that only
 // has sizes where the program has no windows. Modules decide sizes, texts and colours; the view applies them.
 #pragma once
 

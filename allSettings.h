@@ -1,4 +1,4 @@
-// allSettings.h: every group of settings that stands above the frame's own, for the program's composition.
+// allSettings.h: every group of settings above the frame's own, for the composition.
 #pragma once
 
 #include "app/settings/settings.h"

@@ -155,7 +155,7 @@ std::optional<FramePlacement> MfMain::Placement() const
 {
     QRect rect = isMaximized() || isMinimized() ? normalGeometry() : geometry();
     if (rect != placement_) // the one it began with is told as it was placed until it has stood there
-        rect.translate(frameGeometry().topLeft() - geometry().topLeft()); // where the title bar stands
+        rect.translate(frameGeometry().topLeft() - geometry().topLeft()); // where the title bar is
     const double twips = TwipsPerPixel(this);
     const int state = isMinimized() ? WinStateMinimised : isMaximized() ? WinStateMaximised : WinStateNormal;
     return FramePlacement{ state, { QPointF(rect.topLeft()) * twips, QSizeF(rect.size()) * twips } };

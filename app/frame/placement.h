@@ -1,4 +1,4 @@
-// app/frame/placement.h: where the frame stands: what the settings ask for, and what the screens can show.
+// app/frame/placement.h: where the frame is placed: what the settings ask for, and what the screens can show.
 #pragma once
 
 #include <QRect>

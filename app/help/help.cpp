@@ -32,7 +32,7 @@ public:
     }
 };
 
-/// A message about missing help must not wait behind the message that it was asked from.
+/// A message about missing help must not wait for the message that it was asked from.
 void ReportUnless(bool shown, int helpNumber)
 {
     if (!shown && !TheMessage().Showing)

@@ -55,7 +55,7 @@ ChannelStatus ChannelSendCommand(const QString& text);
 [[nodiscard]] ChannelStatus ChannelRemoveDirectory(const QString& name);
 [[nodiscard]] ChannelStatus ChannelRename(const QString& oldName, const QString& newName);
 
-/// What a name of the instrument stands for. Other is to be passed over.
+/// What a name of the instrument is. Other is to be passed over.
 enum class ChannelRowType : qint16 { File = 0, Folder = 1, Other = -1 };
 
 /// The type of a word; Other for any but 0 and 1.

@@ -13,20 +13,20 @@ def load(name):
 RATIO = {
     "start": 1.5,
     "open editor": 2.0,
-    "page down": 3.0,
-    "list": 6.0,
-    "open picture": 1.5,
-    "redraw": 2.0,
-    "redraw grey": 3.0,
+    "page down": 2.5,
+    "list": 5.0,
+    "open picture": 1.2,
+    "redraw": 1.8,
+    "redraw grey": 1.5,
     "arrange": 1.8,
     "read csv": 0.9,
     "write csv": 0.5,
     "read binary": 8.0,
     "write binary": 1.5,
-    "grey": 4.0,
+    "grey": 2.0,
     "transfer": 1.25,
     "growth": 4.0,
-    "find": 2.0,
+    "find": 1.8,
     "walk": 3.0,
 }
 
@@ -71,18 +71,21 @@ for display in ("offscreen", "xvfb"):
            "100 bare windows with such widgets")
 
 
-def best(name):
+def best(*names):
     """The shortest of the repeated runs of each benchmark, in ms."""
     figures = {}
-    for bench in load(name)["benchmarks"]:
+    for bench in (bench for name in names for bench in load(name)["benchmarks"]):
         if bench["run_type"] == "iteration":
             figures.setdefault(bench["run_name"].split("/")[0], []).append(bench["real_time"] / 1000)
     return {run: min(times) for run, times in figures.items()}
 
 
-lists = best("lists")
+# Python and the program cannot share a process, so they take turns: a slow spell of the machine meets both.
+TURNS = (1, 2, 3)
+lists = best(*(f"lists-{turn}" for turn in TURNS))
 store = best("store")
-python = {name: us / 1000 for name, us in load("yardstick").items()}
+yardsticks = [load(f"yardstick-{turn}") for turn in TURNS]
+python = {name: min(yardstick[name] for yardstick in yardsticks) / 1000 for name in yardsticks[0]}
 beside("read CSV of 1024 rows", lists["ReadCsv"], "read csv", python["PythonReadCsv"], "ms", "Python csv")
 beside("write CSV of 1024 rows", lists["WriteCsv"], "write csv", python["PythonWriteCsv"], "ms", "Python csv")
 beside("read binary of 1024 rows into the table", lists["ReadBinary"], "read binary", lists["BareRead"], "ms",

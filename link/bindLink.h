@@ -1,9 +1,9 @@
-// link/bindLink.h: for the composition: which forms the instrument link opens, and what the frame asks of it.
+// link/bindLink.h: binds the floor of the instrument link; called by the composition.
 #pragma once
 
 namespace tarvik {
 
-/// Binds the forms of the link to the frame's commands, to the start and to the modules that open them.
+/// Binds the frame's commands, and sets the ports that the link implements.
 void BindLink();
 
 } // namespace tarvik

@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-/// Runs a call of the channel on a status word. What writes none has failed.
+/// Runs a call of the channel. One that does not write the status word has failed.
 template <typename Call>
 ChannelStatus StatusOf(Call call)
 {
@@ -65,7 +65,7 @@ FileOperations OperationsOf(FileClass fileClass)
     return of;
 }
 
-/// Runs an operation on remote names, or refuses one that can't be told to the instrument.
+/// Runs an operation on remote names; refuses names that Windows-1252 can't hold.
 template <typename Call, typename... Names>
 ChannelStatus WithNames(Call call, const Names&... names)
 {
@@ -74,7 +74,7 @@ ChannelStatus WithNames(Call call, const Names&... names)
     return StatusOf([&](int16_t* err) { call(err, ToAnsi(names).constData()...); });
 }
 
-/// `word` as a value of an enumeration that counts from 0 to `last`; `other` for any other word.
+/// `word` as an enumerator from 0 to `last`, else `other`.
 template <typename Enumeration>
 Enumeration Checked(qint16 word, Enumeration last, Enumeration other)
 {

@@ -1,7 +1,7 @@
-// link/channel/channel.h: the instrument channel in the program's own types: which operation and which time-out a file
-// class has, and text as QString.
+// link/channel/channel.h: the instrument channel in the program's own types: text as QString, operation and time-out by
+// file class.
 //
-// Remote names that Windows-1252 can't hold are refused and never sent: another name would be touched.
+// Remote names that Windows-1252 can't hold are refused and never sent: they would name another file.
 #pragma once
 
 #include "link/classes/model.h"
@@ -19,8 +19,8 @@ enum class ChannelStatus : qint16 {
     Success = 0,
     LinkFailed = 1,
     Refused = 2, ///< by the instrument
-    LocalFile = 3, ///< the file of this side can't be read or written
-    Unknown = -1 ///< a word that no channel should answer; a failure
+    LocalFile = 3, ///< the local file can't be read or written
+    Unknown = -1 ///< an undefined status word; a failure
 };
 
 /// The status of a word; Unknown for any outside 0 to 3.
@@ -32,20 +32,20 @@ inline constexpr int kListTimeoutMs = 15000; ///< a file of a family
 inline constexpr int kPutActiveTimeoutMs = 100000;
 inline constexpr int kStreamTimeoutMs = 5000;
 
-/// True while the link stands; false without the channel module.
+/// True while connected; false without the channel module.
 bool ChannelIsUp();
 
-/// Connects to an IPv4 address and stores the identification. `port` is 0 to 65535.
+/// Connects to an IPv4 address and returns the instrument's identification. `port` is 0 to 65535.
 [[nodiscard]] ChannelStatus ChannelConnect(const QString& address, int port, QString& identification);
 void ChannelDisconnect();
 
-/// After a failed operation: ends the link if it is gone, and answers whether it was.
+/// After a failed operation: disconnects if the link is lost; true if it was.
 [[nodiscard]] bool ChannelEndIfGone();
 
-/// A name as a string of the instrument's command language.
+/// `name` as a quoted string of the command language.
 QString ChannelQuoted(const QString& name);
 
-/// Sends a line and reads no answer. The second one is for the commands that lock and unlock files.
+/// Sends a line and reads no answer; ChannelSendCommand is for the commands that lock and unlock files.
 ChannelStatus ChannelSend(const QString& text);
 ChannelStatus ChannelSendCommand(const QString& text);
 
@@ -55,17 +55,17 @@ ChannelStatus ChannelSendCommand(const QString& text);
 [[nodiscard]] ChannelStatus ChannelRemoveDirectory(const QString& name);
 [[nodiscard]] ChannelStatus ChannelRename(const QString& oldName, const QString& newName);
 
-/// What a name of the instrument is. Other is to be passed over.
+/// Type of a directory entry. Other is ignored.
 enum class ChannelRowType : qint16 { File = 0, Folder = 1, Other = -1 };
 
 /// The type of a word; Other for any but 0 and 1.
 ChannelRowType ChannelRowTypeOf(qint16 word);
 
-/// One row of a walk as the instrument sends it.
+/// One directory entry as the instrument sends it.
 struct ChannelRow {
     QString Name;
     ChannelRowType Type = ChannelRowType::File;
-    bool Last = false; ///< no further row follows; this one is valid
+    bool Last = false; ///< the last row of the walk; valid itself
     qint16 Year = 0; ///< four digits
     qint16 Month = 0;
     qint16 Day = 0;
@@ -74,44 +74,43 @@ struct ChannelRow {
     qint16 Second = 0;
 };
 
-/// Starts a walk of the files of a class. `nothing` is set where there is nothing to walk.
+/// Starts a walk over the files of a class. `nothing` is set when there are none.
 [[nodiscard]] ChannelStatus ChannelStartFind(FileClass fileClass, bool& nothing);
 [[nodiscard]] ChannelStatus ChannelNextFile(ChannelRow& row);
 
-/// The date and time of a row as UTC, since the instrument knows no time zone; invalid where they are no date.
+/// Date and time of a row, as UTC since the instrument has no time zone; invalid if they are no date.
 QDateTime ChannelRowTime(const ChannelRow& row);
 
-/// Walks the files of a class and appends its rows to `rows`; those that came before a failure stay there.
+/// Walks the files of a class and appends the rows to `rows`, after a failure those received before it.
 [[nodiscard]] ChannelStatus ChannelWalk(FileClass fileClass, std::vector<ChannelRow>& rows);
 
 enum class ChannelPresence : qint16 { Missing = 0, Exists = 1, Unknown = -1 };
 
-/// The presence of a word; Unknown, which is neither, for any but 0 and 1.
+/// The presence of a word; Unknown for any but 0 and 1.
 ChannelPresence ChannelPresenceOf(qint16 word);
 
-/// The answer of a find.
+/// Result of a find.
 struct ChannelFound {
     ChannelPresence Result = ChannelPresence::Missing;
     ChannelRowType Type = ChannelRowType::File;
 };
 
-/// Looks for a name in the folder of its class: K-factor tables and correction sets in their own, any other class in
-/// the current one.
+/// Looks for a name in the folder of K-factor tables or correction sets, for any other class in the current directory.
 [[nodiscard]] ChannelStatus ChannelFind(FileClass fileClass, const QString& name, ChannelFound& found);
 
-/// Fetches `remote` of a class into the file `local`, which stays as it was unless all of it came.
+/// Fetches `remote` into the file `local`, which is replaced only by a complete file.
 [[nodiscard]] ChannelStatus ChannelGet(FileClass fileClass, const QString& remote, const QString& local);
 
-/// Sends the file `local`. A correction set that takes a new name has a longer time-out than one that replaces a file.
+/// Sends the file `local`. A correction set under a new name has a longer time-out than one that replaces a file.
 [[nodiscard]] ChannelStatus ChannelPut(FileClass fileClass, const QString& local, const QString& remote, bool replaces);
 
 [[nodiscard]] ChannelStatus ChannelGetActive(const QString& local);
 [[nodiscard]] ChannelStatus ChannelPutActive(const QString& local);
 
-/// Removes a K-factor table, a correction set, or by any other class a file of the current folder.
+/// Removes a K-factor table or a correction set, for any other class a file of the current directory.
 [[nodiscard]] ChannelStatus ChannelRemove(FileClass fileClass, const QString& name);
 
-/// Stores the block that answers a text that was sent before.
+/// Stores the data block that answers the last ChannelSend.
 [[nodiscard]] ChannelStatus ChannelGetStream(const QString& local);
 
 } // namespace tarvik

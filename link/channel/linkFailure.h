@@ -3,8 +3,7 @@
 
 namespace tarvik {
 
-/// Shows message 12704 and lets events run, then looks whether the link still stands: true when it was gone, and has
-/// been ended.
+/// Shows message 12704, processes events and checks the link: true if it was lost, after disconnecting.
 [[nodiscard]] bool ReportLinkFailure();
 
 } // namespace tarvik

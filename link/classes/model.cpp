@@ -15,10 +15,10 @@ namespace tarvik {
 
 namespace {
 
-/// What is fixed of a file class.
+/// The texts of a file class.
 struct ClassTexts {
-    TextNumber<0> FirstCaption; ///< of slots 1 to 10, which follow each other
-    TextNumber<0> EditorCaption; ///< slot 11; none leaves the former value
+    TextNumber<0> FirstCaption; ///< of slots 1 to 10, which are consecutive
+    TextNumber<0> EditorCaption; ///< slot 11; none keeps the previous value
     TextNumber<0> Extension;
 };
 
@@ -32,15 +32,15 @@ constexpr std::array<ClassTexts, 6> kClassTexts{
         { TextId::CorrectionSetCaptions, TextId::CorrectionSetWord, TextId::CorrectionSetExtension } }
 };
 
-/// The classes whose folders the settings keep.
+/// The classes whose folders are stored in the settings.
 constexpr std::array kStoredClasses{ FileClassAntennaList, FileClassKfactorTable, FileClassMemoryList,
     FileClassSuppressList, FileClassCorrectionSet };
 
-/// The order in which a file's extension is compared.
+/// The order in which extensions are compared.
 constexpr std::array kMatchOrder{ FileClassScreenShot, FileClassAntennaList, FileClassKfactorTable, FileClassMemoryList,
     FileClassSuppressList, FileClassCorrectionSet };
 
-/// Null for a value that is no class.
+/// nullptr for a value that is no class.
 const ClassTexts* TextsOf(FileClass fileClass)
 {
     const bool isClass = fileClass >= FileClassAntennaList && fileClass <= FileClassCorrectionSet;
@@ -76,7 +76,7 @@ TextNumber<0> ModCaption(CaptionSlot slot)
 {
     const FileClassState& state = FileClasses();
     return TextsOf(state.CurrentFileClass) == nullptr ? TextNumber<0>()
-                                                      : state.CaptionIds[static_cast<size_t>(slot - 1)];
+                                                      : state.CaptionIds[static_cast<size_t>(slot) - 1];
 }
 
 QString ModGetExtension(FileClass fileClass)

@@ -22,7 +22,7 @@ bool IsNameCharacter(QChar character)
 
 QString Noun()
 {
-    return LngStr(ModCaption(CaptionNoun));
+    return LngStr(ModCaption(CaptionSlot::Noun));
 }
 
 } // namespace

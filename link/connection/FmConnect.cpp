@@ -22,14 +22,16 @@ namespace tarvik {
 
 namespace {
 
-enum Column { ColumnName, ColumnAddress, ColumnPort };
+constexpr int kNameColumn = 0;
+constexpr int kAddressColumn = 1;
+constexpr int kPortColumn = 2;
 
 constexpr int kNameCharacters = 34;
 constexpr int kColumnGapPx = 24;
 constexpr int kIconPx = 20;
 constexpr int kRowGapPx = 6;
 
-/// The connected row's is not pale while the list is off: it is the one thing to look at then.
+/// The icon of the connected row keeps its colours while the list is disabled.
 QIcon RowIcon(const ConnectRow& row, qreal devicePixelRatio)
 {
     QIcon icon = PictureIcon(row.Icon);
@@ -88,17 +90,17 @@ void FmConnect::BuildList()
     QHeaderView* header = LvIpAddress->header();
     header->setSectionsMovable(false);
     header->setStretchLastSection(false);
-    header->setSectionResizeMode(ColumnName, QHeaderView::Stretch);
+    header->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
     const QFontMetrics font = LvIpAddress->fontMetrics();
     const int addressWidth = font.horizontalAdvance(QStringLiteral("255.255.255.255")) + kColumnGapPx;
     const int portWidth = font.horizontalAdvance(LngStr(TextId::ConnectPortColumn)) + 2 * kColumnGapPx;
-    header->resizeSection(ColumnAddress, addressWidth);
-    header->resizeSection(ColumnPort, portWidth);
+    header->resizeSection(kAddressColumn, addressWidth);
+    header->resizeSection(kPortColumn, portWidth);
     LvIpAddress->setMinimumWidth(kNameCharacters * font.averageCharWidth() + addressWidth + portWidth);
     LvIpAddress->setMinimumHeight(
         header->sizeHint().height() + kLanEntries * (std::max(font.lineSpacing(), kIconPx) + kRowGapPx));
     connect(LvIpAddress, &QTreeWidget::itemDoubleClicked, this, [this] {
-        if (TcConnect->currentIndex() == ConnectTabLan)
+        if (CurrentTab() == ConnectTab::Lan)
             OnEdit();
     });
 }
@@ -153,7 +155,7 @@ bool FmConnect::OnLoad()
 {
     DialogPush(*this, false);
     const QSignalBlocker silent(TcConnect);
-    TcConnect->setCurrentIndex(conStartTab());
+    TcConnect->setCurrentIndex(static_cast<int>(conStartTab()));
     Connection().ConnectInProgress = false;
     ShowTab();
     return true;
@@ -164,23 +166,28 @@ bool FmConnect::QueryUnload()
     return !Connection().ConnectInProgress;
 }
 
-/// The first time the rows of the tab before would be counted.
+/// Refreshes twice, since the first time the rows of the previous tab are counted.
 void FmConnect::ShowTab()
 {
     Refresh();
     Refresh();
 }
 
+ConnectTab FmConnect::CurrentTab() const
+{
+    return static_cast<ConnectTab>(TcConnect->currentIndex());
+}
+
 void FmConnect::Refresh()
 {
-    const int tab = TcConnect->currentIndex();
+    const ConnectTab tab = CurrentTab();
     const ConnectControls controls = conControls(tab, LvIpAddress->topLevelItemCount());
     ApplyControls(controls);
     ShowRows(conRows(tab));
     if (controls.CanConnect)
         LvIpAddress->setFocus();
     else
-        BtDisc->setFocus(); // the list is off with its frame
+        BtDisc->setFocus(); // the list is disabled with its frame
 }
 
 void FmConnect::ApplyControls(const ConnectControls& controls)
@@ -202,10 +209,10 @@ void FmConnect::ShowRows(const std::vector<ConnectRow>& rows)
     LvIpAddress->clear();
     for (const ConnectRow& row : rows) {
         auto* item = new QTreeWidgetItem(LvIpAddress, { row.Fields.Name, row.Fields.Address, row.Fields.Port });
-        item->setIcon(ColumnName, RowIcon(row, devicePixelRatioF()));
-        item->setData(ColumnName, Qt::UserRole, row.Icon);
+        item->setIcon(kNameColumn, RowIcon(row, devicePixelRatioF()));
+        item->setData(kNameColumn, Qt::UserRole, row.Icon);
         if (row.Connected)
-            item->setData(ColumnName, Qt::AccessibleDescriptionRole, windowTitle());
+            item->setData(kNameColumn, Qt::AccessibleDescriptionRole, windowTitle());
         if (row.Selected)
             LvIpAddress->setCurrentItem(item);
     }
@@ -217,7 +224,7 @@ std::optional<QString> FmConnect::SelectedEntry() const
     const QTreeWidgetItem* row = LvIpAddress->currentItem();
     if (row == nullptr)
         return std::nullopt;
-    return conEntryOf({ row->text(ColumnName), row->text(ColumnAddress), row->text(ColumnPort) });
+    return conEntryOf({ row->text(kNameColumn), row->text(kAddressColumn), row->text(kPortColumn) });
 }
 
 void FmConnect::OnConnect()
@@ -258,7 +265,7 @@ void FmConnect::OnEdit()
     Refresh();
 }
 
-/// Twice, so that room for a new entry is counted in the list without the removed one.
+/// Refreshes twice, so that room for a new entry is counted without the removed row.
 void FmConnect::OnRemove()
 {
     const auto entry = SelectedEntry();

@@ -1,4 +1,4 @@
-// link/connection/FmConnect.h: the list of connections: chooses, connects, disconnects, adds, edits and removes.
+// link/connection/FmConnect.h: the list of connections: connect, disconnect, add, edit and remove.
 #pragma once
 
 #include "app/forms/form.h"
@@ -12,6 +12,7 @@ class QTreeWidget;
 
 namespace tarvik {
 
+enum class ConnectTab;
 struct ConnectControls;
 struct ConnectRow;
 
@@ -20,7 +21,7 @@ class FmConnect final : public FormBase {
 public:
     explicit FmConnect(QWidget* parent = nullptr);
 
-    /// A start may have ended here, with nobody to close it.
+    /// May still be open from the start of the program.
     bool GoesWithProgram() const override
     {
         return true;
@@ -38,11 +39,12 @@ private:
     void WatchButtons();
 
     void ShowTab();
+    [[nodiscard]] ConnectTab CurrentTab() const;
     void Refresh();
     void ApplyControls(const ConnectControls& controls);
     void ShowRows(const std::vector<ConnectRow>& rows);
 
-    /// The selected row as an entry; none in an empty list.
+    /// The selected row as an entry; nullopt in an empty list.
     [[nodiscard]] std::optional<QString> SelectedEntry() const;
     void OnConnect();
     void OnDisconnect();

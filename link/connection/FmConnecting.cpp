@@ -18,7 +18,7 @@ namespace tarvik {
 
 namespace {
 
-/// How long the outcome can be read.
+/// How long the outcome stays visible.
 constexpr int kReadOutcomeMs = 2000;
 constexpr int kReadCancelMs = 1000;
 
@@ -37,7 +37,7 @@ FmConnecting::FmConnecting(QWidget* parent)
     BuildLayout();
 }
 
-/// The status is a text box, since a foreign instrument may tell any length of itself.
+/// The status is a text box, since the identification of a foreign instrument may be of any length.
 void FmConnecting::BuildControls()
 {
     ImConnecting = NewLabel(this, "ImConnecting", {});

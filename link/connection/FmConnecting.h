@@ -1,4 +1,4 @@
-// link/connection/FmConnecting.h: runs the connect procedure and shows how it goes.
+// link/connection/FmConnecting.h: runs the connect procedure and shows its progress.
 #pragma once
 
 #include "app/forms/form.h"

@@ -16,7 +16,7 @@ namespace tarvik {
 
 namespace {
 
-/// An entry of the settings file has no more; address and port have room for what is no valid one.
+/// The longest name that the settings file can hold; address and port also have room for invalid texts.
 constexpr int kNameLength = 230;
 constexpr int kAddressLength = 39;
 constexpr int kPortLength = 8;

@@ -1,4 +1,4 @@
-// link/connection/FmConnection.h: edits one connection, or makes a new one while none is selected.
+// link/connection/FmConnection.h: edits the selected connection, or adds one while none is selected.
 #pragma once
 
 #include "app/forms/form.h"

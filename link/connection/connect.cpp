@@ -83,7 +83,7 @@ QString conEntryOf(const ConnectionFields& fields)
     return fields.Name + u':' + fields.Address + u':' + fields.Port;
 }
 
-QString conPlainAddress(const QString& address)
+QString conNormalisedAddress(const QString& address)
 {
     if (!IsAddress(address))
         return address;

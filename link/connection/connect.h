@@ -1,6 +1,6 @@
-// link/connection/connect.h: the list of instrument addresses and what is known of the instrument that answered last.
+// link/connection/connect.h: the list of instrument addresses, and what is known about the last instrument connected.
 //
-// An entry is one text, "name:address:port". A name therefore holds no colon.
+// An entry is one text, "name:address:port", so a name contains no colon.
 #pragma once
 
 #include "app/platform/port.h"
@@ -15,17 +15,17 @@ namespace tarvik {
 inline constexpr int kLanEntries = 9;
 
 struct ConnectionState {
-    std::array<QString, kLanEntries> LanEntries; ///< packed: valid entries first, in their order
-    QString UsbEntry; ///< the one entry of the USB adapter, which the user can neither add nor remove
-    QString SelectedEntry; ///< what a connect uses; empty while an entry is being added
-    bool ConnectInProgress = false; ///< from the opening of FmConnecting to the end of the procedure
-    int InstrumentAccepted = 0; ///< 1 when the instrument that answered last was recognised
+    std::array<QString, kLanEntries> LanEntries; ///< packed: valid entries first, in order
+    QString UsbEntry; ///< the fixed entry of the USB adapter
+    QString SelectedEntry; ///< the entry to connect to; empty while an entry is being added
+    bool ConnectInProgress = false; ///< from the opening of FmConnecting to the end of the connect procedure
+    int InstrumentAccepted = 0; ///< 1 if the last instrument that replied was recognised
     QString InstrumentSerial;
-    double InstrumentFirmware = 0; ///< 0 for a version that is no number
+    double InstrumentFirmware = 0; ///< 0 if the version is no number
 };
 ConnectionState& Connection();
 
-/// What an entry is made of; all empty for a text that has not three fields.
+/// The fields of an entry; all empty for a text that does not have three.
 struct ConnectionFields {
     QString Name;
     QString Address;
@@ -34,48 +34,47 @@ struct ConnectionFields {
 ConnectionFields conFieldsOf(const QString& entry);
 QString conEntryOf(const ConnectionFields& fields);
 
-/// The address of a valid entry as the channel takes it: without the blanks and leading zeros that people type. Any
-/// other text as it is.
-QString conPlainAddress(const QString& address);
+/// The address of a valid entry without blanks and leading zeros, as the channel requires it. Any other text is
+/// returned unchanged.
+QString conNormalisedAddress(const QString& address);
 
-/// The address that instruments have on delivery.
+/// The entry with the factory address.
 QString conDefaultEntry();
 
-/// Reads the entries, drops invalid ones, and puts the USB entry in order. A missing first LAN entry is the factory
-/// address; one that is there but empty stays empty. Stores whether the link was up into `Program().ConnectedAtExit`.
+/// Reads the entries, drops invalid ones and checks the USB entry. A missing first LAN entry becomes the factory
+/// address; an empty one stays empty. Sets `Program().ConnectedAtExit`.
 void conLoadSettings(const QString& iniFile);
 
-/// Writes the entries, and whether the link is up at this moment.
+/// Writes the entries, and whether the link is up now.
 void conSaveSettings(const QString& iniFile);
 
-/// True for name, an address of four numbers from 0 to 255 and a port of at most four digits. The name is not looked
-/// at and may be empty.
+/// True for a name, an address of four numbers from 0 to 255 and a port of at most four digits. The name is not checked
+/// and may be empty.
 bool conEntryValid(const QString& entry);
 
-/// Stores a new entry in the first free slot and selects it. False for an invalid entry or without a free slot.
+/// Stores an entry in the first free slot and selects it. False if it is invalid or no slot is free.
 [[nodiscard]] bool conEntryAdd(const QString& name, const QString& address, const QString& port);
 
-/// Replaces the selected entry and selects the new one. False for an invalid entry, or if none of the slots holds the
-/// selected one.
+/// Replaces the selected entry and selects the new one. False if it is invalid or the selected one is in no slot.
 [[nodiscard]] bool conEntryReplace(const QString& name, const QString& address, const QString& port);
 
-/// Empties every slot of that name, case included.
+/// Clears every slot of that name, case-sensitive.
 void conEntryRemove(const QString& name);
 
-/// Moves valid entries together and drops all others.
+/// Packs valid entries and drops all others.
 void conEntriesCompact();
 
-/// True unless a LAN slot bears that name, case included.
+/// True unless a LAN entry has that name, case-sensitive.
 bool conNameFree(const QString& name);
 
-/// The USB address is fixed: another one loses its port and is no valid entry until the next start, which restores the
-/// default.
+/// The USB address is fixed: an entry with another one loses its port, so it is invalid until the next start restores
+/// the default.
 void conUsbEntryCheck();
 
-/// The instrument as texts name it: by `accepted` the one that was recognised, or instruments in general.
+/// Name of the instrument in texts: of the recognised family if `accepted`, else of any instrument.
 QString conInstrumentName(bool accepted);
 
-/// The forms that this module opens, each until it has closed.
+/// The forms that this module opens. Each call returns when the form has closed.
 class ConnectForms {
 public:
     virtual void ShowDialog() = 0; ///< FmConnect
@@ -86,22 +85,22 @@ protected:
 };
 Port<ConnectForms>& TheConnectForms(); ///< without an implementation nothing is shown
 
-/// Opens the list of connections as one command.
+/// Opens the list of connections; busy meanwhile.
 void conShowDialog();
 
-/// Connects to the selected entry, with a form that shows how it goes. Nothing while a connect runs.
+/// Connects to the selected entry and shows the progress. Does nothing during a connect.
 void conShowConnecting();
 
-/// Reconnects if asked to, and offers the list of connections where there is no link then, unless the program has been
-/// asked to end meanwhile.
+/// Reconnects if asked to, then opens the list of connections if there is no link, unless the program has been asked to
+/// close meanwhile.
 void conStart(bool reconnect);
 
-/// Where the connect procedure tells how far it is.
+/// Receives the texts of the connect procedure.
 using ConnectDisplay = std::function<void(const QString& text)>;
 
-/// The connect procedure: connects to the selected entry and ends the link again unless maker and model of the
-/// instrument that answers are known. `status` is for the user, `debug` for whoever looks for a fault. Blocks for up
-/// to about 6 s, and lets events run between its steps.
+/// The connect procedure: connects to the selected entry, and disconnects again unless maker and model of the
+/// instrument are known. `status` is for the user, `debug` for troubleshooting. Blocks for up to about 6 s and
+/// processes events between its steps.
 void conHandleConnection(const ConnectDisplay& status, const ConnectDisplay& debug);
 
 } // namespace tarvik

@@ -11,23 +11,23 @@ namespace tarvik {
 
 namespace {
 
-std::vector<QString> EntriesOf(int tab)
+std::vector<QString> EntriesOf(ConnectTab tab)
 {
     const ConnectionState& state = Connection();
-    if (tab == ConnectTabUsb)
+    if (tab == ConnectTab::Usb)
         return { state.UsbEntry };
     return { state.LanEntries.begin(), state.LanEntries.end() };
 }
 
-QString IconOf(int tab, bool isConnected)
+QString IconOf(ConnectTab tab, bool isConnected)
 {
-    if (tab == ConnectTabUsb)
+    if (tab == ConnectTab::Usb)
         return isConnected ? QStringLiteral("UsbConnected") : QStringLiteral("UsbNotConnected");
     return isConnected ? QStringLiteral("LanConnected") : QStringLiteral("LanNotConnected");
 }
 
-/// A connection that keeps its name needs no other.
-bool NameMayBeUsed(const QString& name)
+/// True also for the unchanged name of the edited connection.
+bool CanUseName(const QString& name)
 {
     const QString& selected = Connection().SelectedEntry;
     const bool keepsName = !selected.isEmpty() && name == conFieldsOf(selected).Name;
@@ -36,27 +36,27 @@ bool NameMayBeUsed(const QString& name)
 
 } // namespace
 
-int conStartTab()
+ConnectTab conStartTab()
 {
     const ConnectionState& state = Connection();
     const bool isLan =
         std::find(state.LanEntries.begin(), state.LanEntries.end(), state.SelectedEntry) != state.LanEntries.end();
     const bool isUsed = ChannelIsUp() || Program().ConnectedAtExit;
-    return isUsed && isLan && state.SelectedEntry != state.UsbEntry ? ConnectTabLan : ConnectTabUsb;
+    return isUsed && isLan && state.SelectedEntry != state.UsbEntry ? ConnectTab::Lan : ConnectTab::Usb;
 }
 
-ConnectControls conControls(int tab, int rowsShown)
+ConnectControls conControls(ConnectTab tab, int rowsShown)
 {
     ConnectControls controls;
     controls.CanDisconnect = ChannelIsUp();
     controls.CanConnect = !controls.CanDisconnect;
     controls.CanAdd = controls.CanConnect && rowsShown < kLanEntries;
-    controls.HasEditButtons = tab == ConnectTabLan;
+    controls.HasEditButtons = tab == ConnectTab::Lan;
     controls.Title = controls.CanDisconnect ? TextId::ConnectTitleConnected : TextId::ConnectTitle;
     return controls;
 }
 
-std::vector<ConnectRow> conRows(int tab)
+std::vector<ConnectRow> conRows(ConnectTab tab)
 {
     std::vector<ConnectRow> rows;
     size_t selected = 0;
@@ -77,7 +77,7 @@ std::vector<ConnectRow> conRows(int tab)
 
 bool conEntryAccept(const ConnectionFields& fields)
 {
-    if (!NameMayBeUsed(fields.Name)) {
+    if (!CanUseName(fields.Name)) {
         MsgOk(TextId::ConnectionNameInUse);
         return false;
     }
@@ -94,7 +94,7 @@ ConnectField conFieldAtFault(const ConnectionFields& fields)
     const auto isValid = [](const QString& address, const QString& port) {
         return conEntryValid(conEntryOf({ {}, address, port }));
     };
-    if (!NameMayBeUsed(fields.Name) || fields.Name.contains(u':'))
+    if (!CanUseName(fields.Name) || fields.Name.contains(u':'))
         return ConnectField::Name;
     if (!isValid(fields.Address, QStringLiteral("0")))
         return ConnectField::Address;

@@ -1,4 +1,4 @@
-// link/connection/connectDialog.h: what the list of connections shows and allows, and what becomes of an edited
+// link/connection/connectDialog.h: the rules of the connection forms: what they show and enable, and storing an edited
 // connection.
 #pragma once
 
@@ -9,22 +9,23 @@
 
 namespace tarvik {
 
-enum ConnectTab { ConnectTabUsb = 0, ConnectTabLan = 1 };
+/// The tabs, numbered from the left.
+enum class ConnectTab { Usb = 0, Lan = 1 };
 
-/// The tab that the dialog opens with: USB, unless a LAN entry is or was connected.
-int conStartTab();
+/// The first tab shown: USB, unless a LAN entry is or was connected.
+ConnectTab conStartTab();
 
-/// What of the dialog can be used.
+/// Which controls of the dialog are enabled.
 struct ConnectControls {
-    bool CanConnect = false; ///< and choose, edit or remove a connection
+    bool CanConnect = false; ///< also select, edit and remove a connection
     bool CanDisconnect = false;
     bool CanAdd = false;
-    bool HasEditButtons = false; ///< adding, editing, removing: not for the USB entry, which is fixed
+    bool HasEditButtons = false; ///< add, edit, remove; not for the fixed USB entry
     TextNumber<0> Title;
 };
 
 /// `rowsShown` is the number of rows of the list as last shown.
-ConnectControls conControls(int tab, int rowsShown);
+ConnectControls conControls(ConnectTab tab, int rowsShown);
 
 struct ConnectRow {
     ConnectionFields Fields;
@@ -33,17 +34,16 @@ struct ConnectRow {
     bool Selected = false;
 };
 
-/// The valid entries of a tab. The one that was chosen last is selected, or else the first one, so that there is
-/// something to connect to.
-std::vector<ConnectRow> conRows(int tab);
+/// The valid entries of a tab. `Selected` is set for the selected entry, else for the first one.
+std::vector<ConnectRow> conRows(ConnectTab tab);
 
-/// Stores what was typed as the selected entry, or as a new one while none is selected. False after a message:
-/// 10451 for a name of another connection, 10435 for what can't be stored.
+/// Stores the typed fields in the selected entry, or as a new one while none is selected. False after a message: 10451
+/// if another connection has the name, 10435 if the entry can't be stored.
 [[nodiscard]] bool conEntryAccept(const ConnectionFields& fields);
 
 enum class ConnectField { Name, Address, Port };
 
-/// The field to look at after `conEntryAccept` has refused: the first one that can't stay as it is.
+/// The first invalid field, after `conEntryAccept` has refused.
 ConnectField conFieldAtFault(const ConnectionFields& fields);
 
 } // namespace tarvik

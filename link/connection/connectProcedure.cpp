@@ -24,7 +24,7 @@ constexpr std::array kMakers{ TextId::MakerShort, TextId::MakerLong };
 constexpr std::array kModels{ TextId::ModelTr100, TextId::ModelTr200, TextId::ModelTr300, TextId::ModelTr100Df,
     TextId::ModelTr200Df, TextId::ModelTr300Df };
 
-/// How long it may take until the way to an address is found again.
+/// Time for the system to find a new route to the address.
 constexpr int kRoutePauseMs = 800;
 
 /// Maker, model, serial number, firmware.
@@ -35,7 +35,7 @@ void Pump()
     TheSeams().PumpEvents();
 }
 
-/// At most four; the last one keeps its commas.
+/// At most four fields; the last one keeps its commas.
 QStringList IdentificationFields(const QString& reply)
 {
     QStringList fields = reply.split(u',');
@@ -44,7 +44,7 @@ QStringList IdentificationFields(const QString& reply)
     return fields.mid(0, kIdentificationFields - 1) << reply.section(u',', kIdentificationFields - 1);
 }
 
-/// A number without a text fits nothing.
+/// An empty text matches none.
 template <typename Numbers>
 bool IsOneOf(const QString& text, const Numbers& textNumbers)
 {
@@ -53,7 +53,7 @@ bool IsOneOf(const QString& text, const Numbers& textNumbers)
     });
 }
 
-/// Keeps what a known maker's instrument tells of itself; true if its model is known too.
+/// Stores the identification of a known maker's instrument; true if the model is known too.
 bool AcceptInstrument(const QStringList& fields)
 {
     if (fields.size() != kIdentificationFields || !IsOneOf(fields[0], kMakers))
@@ -66,7 +66,7 @@ bool AcceptInstrument(const QStringList& fields)
     return isKnownModel;
 }
 
-void JudgeAnswer(const QString& reply, const ConnectDisplay& status)
+void CheckIdentification(const QString& reply, const ConnectDisplay& status)
 {
     const QStringList fields = IdentificationFields(reply);
     if (AcceptInstrument(fields)) {
@@ -80,9 +80,9 @@ void JudgeAnswer(const QString& reply, const ConnectDisplay& status)
         status(LngStr(TextId::UnknownInstrument));
 }
 
-/// Leaves the system time to find the way to the address anew: another instrument may have had it on another network.
-/// No command is run, since systems drop a way that is gone by themselves.
-void RenewRoute(const ConnectDisplay& debug)
+/// Gives the system time to find a new route: another instrument may have had the address on another network. No
+/// command is needed, since systems drop stale routes themselves.
+void WaitForRoute(const ConnectDisplay& debug)
 {
     debug(QStringLiteral("route delete"));
     Pump();
@@ -90,7 +90,7 @@ void RenewRoute(const ConnectDisplay& debug)
     Pump();
 }
 
-/// False when the selected entry is none that a connect can be tried with.
+/// False if the selected entry is not valid.
 bool TryConnection(const ConnectDisplay& status, const ConnectDisplay& debug)
 {
     constexpr int kEntryFields = 3;
@@ -99,19 +99,19 @@ bool TryConnection(const ConnectDisplay& status, const ConnectDisplay& debug)
         return false;
     status(LngStr(TextId::ConnectingTo) + fields[0]);
     Pump();
-    RenewRoute(debug);
+    WaitForRoute(debug);
     bool isPort = false;
     const int port = fields[2].toShort(&isPort);
     if (!isPort)
         return false;
     QString reply;
-    if (ChannelConnect(conPlainAddress(fields[1]), port, reply) != ChannelStatus::Success) {
+    if (ChannelConnect(conNormalisedAddress(fields[1]), port, reply) != ChannelStatus::Success) {
         status(LngStr(TextId::ConnectionFailed));
         debug(QStringLiteral("SCPI connect not successfull."));
         return true;
     }
     debug(reply);
-    JudgeAnswer(reply, status);
+    CheckIdentification(reply, status);
     return true;
 }
 
@@ -141,7 +141,7 @@ void conShowConnecting()
         return;
     Connection().ConnectInProgress = true;
     TheConnectForms()->ShowConnecting();
-    Connection().ConnectInProgress = false; // also of a form that closed before its procedure began
+    Connection().ConnectInProgress = false; // the form may have closed before the procedure began
 }
 
 void conStart(bool reconnect)

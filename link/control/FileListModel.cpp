@@ -6,12 +6,6 @@
 
 namespace tarvik {
 
-namespace {
-
-constexpr int kColumns = FileListSort + 1;
-
-} // namespace
-
 FileListModel::FileListModel(FileList& list, QObject* parent)
     : QAbstractTableModel(parent)
     , list_(list)
@@ -35,7 +29,7 @@ int FileListModel::rowCount(const QModelIndex& parent) const
 
 int FileListModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : kColumns;
+    return parent.isValid() ? 0 : kFileColumns;
 }
 
 QVariant FileListModel::data(const QModelIndex& index, int role) const
@@ -44,7 +38,7 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const
     if (!index.isValid() || at >= list_.Rows.size())
         return {};
     const FileListRow& row = list_.Rows[at];
-    const bool isName = index.column() == FileListName;
+    const bool isName = index.column() == kFileNameColumn;
     if (role == Qt::DecorationRole && isName)
         return IconOf(row.Icon);
     if (role == Qt::DisplayRole || (role == Qt::EditRole && isName))
@@ -52,7 +46,7 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const
     return {};
 }
 
-/// A picture is drawn from its vector file each time an icon is made.
+/// Cached, since PictureIcon renders the vector file each time.
 QIcon FileListModel::IconOf(const QString& key) const
 {
     const auto found = icons_.constFind(key);
@@ -64,11 +58,11 @@ QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
     switch (section) {
-    case FileListName:
+    case kFileNameColumn:
         return LngStr(TextId::FileNameColumn);
-    case FileListDate:
+    case kFileDateColumn:
         return LngStr(TextId::FileDateColumn);
-    case FileListTime:
+    case kFileTimeColumn:
         return LngStr(TextId::FileTimeColumn);
     default:
         return QString();
@@ -78,11 +72,11 @@ QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int
 Qt::ItemFlags FileListModel::flags(const QModelIndex& index) const
 {
     const Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
-    return index.column() == FileListName ? flags | Qt::ItemIsEditable : flags;
+    return index.column() == kFileNameColumn ? flags | Qt::ItemIsEditable : flags;
 }
 
-/// What was typed is never kept here: whoever renames reads the list again. That waits for the end of the edit, since
-/// it takes the rows away from under it. A name that was left as it is has not been edited.
+/// Never stores the text: renaming reads the list again. `Renamed` is queued until the edit has ended, since it removes
+/// the row being edited. An unchanged name is no edit.
 bool FileListModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
     if (role != Qt::EditRole || !index.isValid())

@@ -1,4 +1,4 @@
-// link/control/FileListModel.h: a file list as Qt's views read it.
+// link/control/FileListModel.h: item model of a file list.
 #pragma once
 
 #include "link/files/fileList.h"

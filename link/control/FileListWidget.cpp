@@ -23,11 +23,11 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kUsualNameCharacters = 40; ///< of the longest file of an instrument, and its picture
+constexpr int kUsualNameCharacters = 40; ///< the longest file name of an instrument, and the icon
 constexpr int kUsualRows = 20;
 constexpr int kCellMarginCharacters = 3;
 
-/// An edit of a name that keeps Escape for itself, and a tip with the whole of a text that is cut off.
+/// A name editor that handles Escape itself, and tool tips for elided texts.
 class NameDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -46,8 +46,9 @@ public:
     {
         if (event->type() != QEvent::ToolTip)
             return QStyledItemDelegate::helpEvent(event, view, option, index);
-        const bool isCut = sizeHint(option, index).width() > view->visualRect(index).width();
-        QToolTip::showText(event->globalPos(), isCut ? PlainTip(index.data().toString()) : QString(), view->viewport());
+        const bool isElided = sizeHint(option, index).width() > view->visualRect(index).width();
+        QToolTip::showText(
+            event->globalPos(), isElided ? PlainTip(index.data().toString()) : QString(), view->viewport());
         return true;
     }
 };
@@ -74,8 +75,8 @@ FileListWidget::FileListWidget(FileList& list, const QString& name, QWidget* par
     header()->setStretchLastSection(false);
     header()->setSectionsClickable(true);
     header()->setSectionsMovable(false);
-    header()->setSectionResizeMode(FileListName, QHeaderView::Stretch);
-    frame_ = new QRubberBand(QRubberBand::Rectangle, viewport());
+    header()->setSectionResizeMode(kFileNameColumn, QHeaderView::Stretch);
+    rubberBand_ = new QRubberBand(QRubberBand::Rectangle, viewport());
     list_.View = this;
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &FileListWidget::OnSelectionChanged);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -95,22 +96,22 @@ void FileListWidget::ShowColumns()
     const QFontMetrics metrics = fontMetrics();
     const int margin = kCellMarginCharacters * metrics.horizontalAdvance(u'0');
     const QDateTime longestDate(QDate(2000, 12, 30), QTime()); // as a sort by date shows it
-    for (const int column : { FileListDate, FileListTime }) {
+    for (const int column : { kFileDateColumn, kFileTimeColumn }) {
         setColumnHidden(column, !list_.HasDates);
         const QString caption = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
         const int digits = metrics.horizontalAdvance(QStringLiteral("00/00/00"));
         const int mark = style()->pixelMetric(QStyle::PM_HeaderMarkSize);
-        const int date = column == FileListDate ? metrics.horizontalAdvance(IniDateText(longestDate)) : 0;
+        const int date = column == kFileDateColumn ? metrics.horizontalAdvance(IniDateText(longestDate)) : 0;
         header()->resizeSection(column, std::max({ digits, date, metrics.horizontalAdvance(caption) + mark }) + margin);
     }
-    setColumnHidden(FileListSort, true);
-    ShowSortMark();
+    setColumnHidden(kFileSortColumn, true);
+    ShowSortIndicator();
 }
 
 QSize FileListWidget::sizeHint() const
 {
     const QFontMetrics metrics = fontMetrics();
-    const int dates = header()->sectionSize(FileListDate) + header()->sectionSize(FileListTime);
+    const int dates = header()->sectionSize(kFileDateColumn) + header()->sectionSize(kFileTimeColumn);
     const int rowHeight = std::max(metrics.height(), iconSize().height()) + 2;
     return { metrics.horizontalAdvance(u'0') * kUsualNameCharacters + dates,
         header()->sizeHint().height() + rowHeight * kUsualRows };
@@ -131,13 +132,13 @@ void FileListWidget::EndChange()
         return;
     model_->EndChange();
     ShowSelection();
-    ShowSortMark();
-    doItemsLayout(); // so that the bar knows its range again
+    ShowSortIndicator();
+    doItemsLayout(); // restores the range of the scroll bar
     verticalScrollBar()->setValue(scrollBefore_);
     setUpdatesEnabled(true);
 }
 
-/// Rows beside each other become one range, so that any number of them is quick.
+/// Adjacent rows are selected as one range, for speed.
 void FileListWidget::ShowSelection()
 {
     const QScopedValueRollback showing(showing_, true);
@@ -150,26 +151,26 @@ void FileListWidget::ShowSelection()
         int last = first;
         while (last + 1 < count && list_.Rows[static_cast<size_t>(last) + 1].Selected)
             ++last;
-        selection.append({ model_->index(first, FileListName), model_->index(last, FileListSort) });
+        selection.append({ model_->index(first, kFileNameColumn), model_->index(last, kFileSortColumn) });
         first = last;
     }
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
     const bool hasCurrent = current >= 0 && current < count;
-    const QModelIndex index = hasCurrent ? model_->index(current, FileListName) : QModelIndex();
+    const QModelIndex index = hasCurrent ? model_->index(current, kFileNameColumn) : QModelIndex();
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     list_.CurrentRow = hasCurrent ? current : -1;
 }
 
-/// Folders and names are sorted by the column that nobody sees. The arrow points up for a rising order, as in the grid
-/// of the editors; the toolkit means it the other way round.
-void FileListWidget::ShowSortMark()
+/// The name column represents the hidden sort column. The arrow points up for ascending order, as in the grid of the
+/// editors; Qt's convention is the opposite.
+void FileListWidget::ShowSortIndicator()
 {
     header()->setSortIndicatorShown(list_.Sorted);
     if (!list_.Sorted)
         return;
-    const int column = list_.SortKey == FileListSort ? FileListName : list_.SortKey;
-    const bool ascends = list_.SortOrder == FileListOrder::Ascending;
-    header()->setSortIndicator(column, ascends ? Qt::DescendingOrder : Qt::AscendingOrder);
+    const int column = list_.SortKey == kFileSortColumn ? kFileNameColumn : list_.SortKey;
+    const bool isAscending = list_.SortOrder == FileListOrder::Ascending;
+    header()->setSortIndicator(column, isAscending ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void FileListWidget::OnSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
@@ -187,10 +188,10 @@ void FileListWidget::OnSelectionChanged(const QItemSelection& selected, const QI
     Q_EMIT SelectionEdited();
 }
 
-/// The name is marked up to its extension, which stays what it is.
+/// Selects the name without its extension, which can't change.
 void FileListWidget::StartLabelEdit(int row)
 {
-    const QModelIndex index = model_->index(row, FileListName);
+    const QModelIndex index = model_->index(row, kFileNameColumn);
     if (!index.isValid())
         return;
     setFocus(Qt::OtherFocusReason);
@@ -222,7 +223,7 @@ void FileListWidget::keyPressEvent(QKeyEvent* event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (state() == EditingState && (isEnter || event->key() == Qt::Key_F2))
-        event->accept(); // the edit has taken it, or goes on
+        event->accept(); // handled by the editor
     else if (isEnter)
         Q_EMIT RowOpened(ControlSelectedRow(list_));
     else if (event->key() == Qt::Key_Delete)
@@ -239,8 +240,8 @@ void FileListWidget::mousePressEvent(QMouseEvent* event)
 {
     const QPoint at = event->position().toPoint();
     if (event->button() == Qt::LeftButton && !indexAt(at).isValid()) {
-        frameStart_ = ControlInsideLimit(at, ControlFrameLimit(size()));
-        frame_->setGeometry(QRect(*frameStart_, QSize()));
+        rubberBandStart_ = ControlInsideLimit(at, ControlFrameLimit(size()));
+        rubberBand_->setGeometry(QRect(*rubberBandStart_, QSize()));
     }
     QTreeView::mousePressEvent(event);
 }
@@ -248,8 +249,8 @@ void FileListWidget::mousePressEvent(QMouseEvent* event)
 void FileListWidget::mouseMoveEvent(QMouseEvent* event)
 {
     if (event->buttons() == Qt::NoButton)
-        EndFrame();
-    if (!frameStart_) {
+        EndRubberBand();
+    if (!rubberBandStart_) {
         QTreeView::mouseMoveEvent(event);
         return;
     }
@@ -260,20 +261,20 @@ void FileListWidget::mouseMoveEvent(QMouseEvent* event)
     QMouseEvent moved(
         event->type(), inside, viewport()->mapToGlobal(inside), event->button(), event->buttons(), event->modifiers());
     QTreeView::mouseMoveEvent(&moved);
-    frame_->setGeometry(QRect(*frameStart_, inside).normalized());
-    frame_->show();
+    rubberBand_->setGeometry(QRect(*rubberBandStart_, inside).normalized());
+    rubberBand_->show();
 }
 
 void FileListWidget::mouseReleaseEvent(QMouseEvent* event)
 {
-    EndFrame();
+    EndRubberBand();
     QTreeView::mouseReleaseEvent(event);
 }
 
-void FileListWidget::EndFrame()
+void FileListWidget::EndRubberBand()
 {
-    frameStart_.reset();
-    frame_->hide();
+    rubberBandStart_.reset();
+    rubberBand_->hide();
 }
 
 } // namespace tarvik

@@ -1,5 +1,4 @@
-// link/control/FileListWidget.h: a file list on the screen: rows with pictures and columns that sort, names that can be
-// edited.
+// link/control/FileListWidget.h: the widget of a file list: rows with icons, columns to sort by, editable names.
 #pragma once
 
 #include "link/files/fileList.h"
@@ -14,20 +13,20 @@ namespace tarvik {
 
 class FileListModel;
 
-/// Shows `list`, which outlives it, as its view. What the user does comes out as signals; only
-/// the selection and the current row go into the list at once.
+/// The view of `list`, which must outlive it. The user's actions are emitted as signals; only selection and current row
+/// are stored in the list at once.
 class FileListWidget final : public QTreeView, private FileListView {
     Q_OBJECT
 public:
     FileListWidget(FileList& list, const QString& name, QWidget* parent);
 
-    /// Which columns stand there, by the list; the name column takes the room of those that don't.
+    /// Shows the columns that the list has; the name column takes the remaining width.
     void ShowColumns();
 
     void StartLabelEdit(int row) override;
 
-    /// Ends an edit that is open and keeps what was typed. `Renamed`, which otherwise waits for the next round of
-    /// events, goes out at once, also for an edit that has just ended.
+    /// Commits an open edit. Emits `Renamed` at once instead of from the event loop, also for an edit that has just
+    /// ended.
     void FinishLabelEdit();
 
     QSize sizeHint() const override;
@@ -39,7 +38,7 @@ Q_SIGNALS:
     void DeletePressed();
     void RenamePressed();
     void SelectAllPressed();
-    void Renamed(const QString& sortKey, const QString& newName); ///< the edit of a name has ended
+    void Renamed(const QString& sortKey, const QString& newName); ///< a name has been edited
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -53,18 +52,18 @@ private:
     void EndChange() override;
     void GiveFocus() override;
     void ShowSelection();
-    void ShowSortMark();
+    void ShowSortIndicator();
     void OnSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected);
-    void EndFrame();
+    void EndRubberBand();
 
     FileList& list_;
     FileListModel* model_ = nullptr;
-    int changes_ = 0; ///< BeginChange without its EndChange
+    int changes_ = 0; ///< nested BeginChange calls
     int scrollBefore_ = 0;
-    bool showing_ = false; ///< the list's selection is being taken over
-    bool mayEdit_ = false; ///< an edit starts by StartLabelEdit only
-    std::optional<QPoint> frameStart_; ///< of a selection frame, inside the viewport
-    QRubberBand* frame_ = nullptr;
+    bool showing_ = false; ///< while the list's selection is being shown
+    bool mayEdit_ = false; ///< during StartLabelEdit, which alone starts an edit
+    std::optional<QPoint> rubberBandStart_; ///< in the viewport, while a selection frame is dragged
+    QRubberBand* rubberBand_ = nullptr;
 };
 
 } // namespace tarvik

@@ -23,10 +23,10 @@ namespace tarvik {
 
 namespace {
 
-/// A control of the pane `side`, which is "Pc" or "Instr".
-QString Named(const char* before, const QString& side, const char* behind = "")
+/// Name of a control of the pane `side`, "Pc" or "Instr".
+QString NameOf(const char* prefix, const QString& side, const char* suffix = "")
 {
-    return QString::fromLatin1(before) + side + QString::fromLatin1(behind);
+    return QString::fromLatin1(prefix) + side + QString::fromLatin1(suffix);
 }
 
 QPushButton* NewNamedButton(QWidget* parent, const QString& name, const ControlTexts& texts)
@@ -58,10 +58,10 @@ void FmControlGeneral::BuildPane(Pane& pane, const QString& side)
 {
     const bool isPc = pane.Side == ControlSide::Pc;
     pane.Frame = NewFrame(
-        this, Named("Fr", side).toLatin1().constData(), { isPc ? TextId::ControlPc : TextId::ControlInstrument });
+        this, NameOf("Fr", side).toLatin1().constData(), { isPc ? TextId::ControlPc : TextId::ControlInstrument });
     auto* layout = new QVBoxLayout(pane.Frame);
     BuildFolderRow(pane, side, *layout);
-    pane.List = new FileListWidget(ListOf(control_, pane.Side), Named("Lv", side), pane.Frame);
+    pane.List = new FileListWidget(ListOf(control_, pane.Side), NameOf("Lv", side), pane.Frame);
     layout->addWidget(pane.List, 1);
     BuildCommandRow(pane, side, *layout);
 }
@@ -69,15 +69,15 @@ void FmControlGeneral::BuildPane(Pane& pane, const QString& side)
 void FmControlGeneral::BuildFolderRow(Pane& pane, const QString& side, QBoxLayout& layout)
 {
     const TextNumber<0> text = pane.Side == ControlSide::Pc ? TextId::ControlPcFolder : TextId::ControlInstrumentFolder;
-    pane.Combo = new FolderComboBox(Named("Cmb", side), pane.Frame);
+    pane.Combo = new FolderComboBox(NameOf("Cmb", side), pane.Frame);
     pane.Combo->setAccessibleName(LngStr(text));
     SetTexts(pane.Combo, text, text);
     pane.DirUp = NewFolderButton(
-        pane.Frame, Named("Bt", side, "DirUp"), TextId::ControlFolderUp, TextId::ControlFolderUpHint, "FolderUp");
-    pane.DirOpen = NewFolderButton(pane.Frame, Named("Bt", side, "DirOpen"), TextId::ControlFolderOpen,
+        pane.Frame, NameOf("Bt", side, "DirUp"), TextId::ControlFolderUp, TextId::ControlFolderUpHint, "FolderUp");
+    pane.DirOpen = NewFolderButton(pane.Frame, NameOf("Bt", side, "DirOpen"), TextId::ControlFolderOpen,
         TextId::ControlFolderOpenHint, "OpenFolder");
     pane.DirNew = NewFolderButton(
-        pane.Frame, Named("Bt", side, "DirNew"), TextId::ControlFolderNew, TextId::ControlFolderNewHint, "NewFolder");
+        pane.Frame, NameOf("Bt", side, "DirNew"), TextId::ControlFolderNew, TextId::ControlFolderNewHint, "NewFolder");
     auto* row = new QHBoxLayout;
     row->addWidget(pane.Combo, 1);
     for (QPushButton* button : { pane.DirUp, pane.DirOpen, pane.DirNew })
@@ -85,25 +85,25 @@ void FmControlGeneral::BuildFolderRow(Pane& pane, const QString& side, QBoxLayou
     layout.addLayout(row);
 }
 
-/// A button beside the box of folders bears a picture only; its text shows as a tip.
+/// A button with an icon only; its text is the tool tip.
 QPushButton* FmControlGeneral::NewFolderButton(
-    QWidget* parent, const QString& name, TextNumber<0> text, TextNumber<0> hint, const char* picture)
+    QWidget* parent, const QString& name, TextNumber<0> text, TextNumber<0> hint, const char* icon)
 {
     QPushButton* button = NewNamedButton(parent, name, { text, text, hint });
     button->setToolTip(button->text());
     button->setText({});
-    button->setIcon(PictureIcon(QString::fromLatin1(picture)));
+    button->setIcon(PictureIcon(QString::fromLatin1(icon)));
     return button;
 }
 
 void FmControlGeneral::BuildCommandRow(Pane& pane, const QString& side, QBoxLayout& layout)
 {
-    pane.Sel = NewNamedButton(pane.Frame, Named("Bt", side, "Sel"), { TextId::ControlSelectAll });
-    pane.Del = NewNamedButton(pane.Frame, Named("Bt", side, "Del"),
+    pane.Sel = NewNamedButton(pane.Frame, NameOf("Bt", side, "Sel"), { TextId::ControlSelectAll });
+    pane.Del = NewNamedButton(pane.Frame, NameOf("Bt", side, "Del"),
         { TextId::ControlDelete, TextId::ControlDelete, TextId::ControlDeleteHint });
-    pane.Ref = NewNamedButton(pane.Frame, Named("Bt", side, "Ref"),
+    pane.Ref = NewNamedButton(pane.Frame, NameOf("Bt", side, "Ref"),
         { TextId::ControlRefresh, TextId::ControlRefresh, TextId::ControlRefreshHint });
-    pane.Ren = NewNamedButton(pane.Frame, Named("Bt", side, "Ren"),
+    pane.Ren = NewNamedButton(pane.Frame, NameOf("Bt", side, "Ren"),
         { TextId::ControlRename, TextId::ControlRename, TextId::ControlRenameHint });
     auto* row = new QHBoxLayout;
     for (QPushButton* button : { pane.Sel, pane.Del, pane.Ref, pane.Ren })
@@ -112,8 +112,8 @@ void FmControlGeneral::BuildCommandRow(Pane& pane, const QString& side, QBoxLayo
     layout.addLayout(row);
 }
 
-/// One for each class that has an editor, all in the same place. They stand below the pane of the PC, whose own row of
-/// buttons would make the window too wide for a small screen.
+/// One for each class with an editor, all in the same place. They are below the PC pane, since its own row of buttons
+/// would make the window too wide for a small screen.
 void FmControlGeneral::BuildEditButtons(QBoxLayout& row)
 {
     for (size_t at = 0; at < BtPcEdit.size(); ++at) {
@@ -129,7 +129,7 @@ QBoxLayout* FmControlGeneral::BuildTransferColumn()
     BtDl = NewButton(this, "BtDl", { TextId::ControlToPc });
     BtUl->setIcon(PictureIcon(QStringLiteral("ToRight")));
     BtDl->setIcon(PictureIcon(QStringLiteral("ToLeft")));
-    BtUl->setLayoutDirection(Qt::RightToLeft); // its arrow points away from the text
+    BtUl->setLayoutDirection(Qt::RightToLeft); // the arrow points away from the text
     auto* column = new QVBoxLayout;
     column->addStretch(1);
     column->addWidget(BtUl);
@@ -156,7 +156,7 @@ QBoxLayout* FmControlGeneral::BuildFormRow()
     return row;
 }
 
-/// Controls are made in the order in which Tab reaches them.
+/// Creates the controls in tab order.
 void FmControlGeneral::BuildLayout()
 {
     QBoxLayout* transfer = BuildTransferColumn();
@@ -265,19 +265,19 @@ bool FmControlGeneral::OnLoad()
     return true;
 }
 
-/// Wide enough for names and dates, though a window takes no more than two thirds of the screen by itself.
+/// Wide enough for names and dates: the default limit of two thirds of the screen is too narrow.
 void FmControlGeneral::PrepareWindow(bool removeClose)
 {
     FormBase::PrepareWindow(removeClose);
     if (screen() == nullptr)
         return;
-    constexpr double kMostOfTheScreen = 0.95;
+    constexpr double kMaxScreenShare = 0.95;
     const QRect area = screen()->availableGeometry();
-    resize(sizeHint().boundedTo(area.size() * kMostOfTheScreen).expandedTo(size()));
+    resize(sizeHint().boundedTo(area.size() * kMaxScreenShare).expandedTo(size()));
     move(area.center() - rect().center());
 }
 
-/// What a class doesn't have isn't there. Both panes are as wide as the wider one needs.
+/// Hides the controls that the class does not have. Both panes are as wide as the wider one needs.
 void FmControlGeneral::ApplyClass()
 {
     const ControlRules rules = ControlRulesOf(FileClasses().CurrentFileClass);
@@ -301,27 +301,27 @@ void FmControlGeneral::ApplyClass()
 
 void FmControlGeneral::ApplyClassTexts()
 {
-    LngSetForm(this, ModCaption(CaptionControlTitle));
-    SetHelpNumber(ModCaption(CaptionControlTitle));
+    LngSetForm(this, ModCaption(CaptionSlot::ControlTitle));
+    SetHelpNumber(ModCaption(CaptionSlot::ControlTitle));
     const auto setBoth = [](QWidget* control, TextNumber<0> text) { SetTexts(control, text, text); };
     for (QPushButton* button : BtPcEdit)
-        setBoth(button, ModCaption(CaptionHintEdit));
-    setBoth(BtUl, ModCaption(CaptionHintUpload));
-    setBoth(BtDl, ModCaption(CaptionHintDownload));
-    setBoth(BtNew, ModCaption(CaptionHintNew));
+        setBoth(button, ModCaption(CaptionSlot::HintEdit));
+    setBoth(BtUl, ModCaption(CaptionSlot::HintUpload));
+    setBoth(BtDl, ModCaption(CaptionSlot::HintDownload));
+    setBoth(BtNew, ModCaption(CaptionSlot::HintNew));
     for (const Pane* pane : { &pc_, &instr_ }) {
-        const TextNumber<0> hint = ModCaption(pane == &pc_ ? CaptionHintPc : CaptionHintInstrument);
+        const TextNumber<0> hint = ModCaption(pane == &pc_ ? CaptionSlot::HintPc : CaptionSlot::HintInstrument);
         setBoth(pane->Frame, hint);
         setBoth(pane->List, hint);
         pane->List->setAccessibleName(LngStr(hint));
-        SetTexts(pane->Sel, ModCaption(CaptionHelpSelect), ModCaption(CaptionHintSelect));
+        SetTexts(pane->Sel, ModCaption(CaptionSlot::HelpSelect), ModCaption(CaptionSlot::HintSelect));
     }
 }
 
 void FmControlGeneral::OnActivate()
 {
     if (control_.MayWork)
-        WaitUntilPainted(); // a slow instrument leaves empty lists meanwhile, not an empty window
+        WaitUntilPainted(); // with a slow instrument the lists are empty meanwhile, not the whole window
     if (IsLoaded())
         ControlActivate(control_);
 }
@@ -349,7 +349,7 @@ std::vector<QPushButton*> FmControlGeneral::BusyButtons() const
     return buttons;
 }
 
-/// A button that loses the focus by being disabled gets it back, so that the keyboard goes on where it was.
+/// Gives the focus back to a button that lost it by being disabled.
 void FmControlGeneral::EnableBusySet(bool on)
 {
     if (!on)
@@ -366,7 +366,7 @@ void FmControlGeneral::ShowCombo(ControlSide side)
     const QString before = pane.Combo->Path();
     pane.Combo->ShowItems(ComboOf(control_, side));
     if (pane.Combo->Path() != before)
-        pane.List->scrollToTop(); // another folder begins at its first row
+        pane.List->scrollToTop();
 }
 
 FmControlGeneral::Pane& FmControlGeneral::PaneOf(ControlSide side)

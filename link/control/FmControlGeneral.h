@@ -1,5 +1,4 @@
-// link/control/FmControlGeneral.h: the file control window: the files of one class on the PC and on the instrument side
-// by side.
+// link/control/FmControlGeneral.h: the file control window: files of one class on the PC and on the instrument.
 #pragma once
 
 #include "app/forms/form.h"
@@ -18,7 +17,7 @@ namespace tarvik {
 class FileListWidget;
 class FolderComboBox;
 
-/// Shows two lists and sends every command to controlCommands.h.
+/// Shows two lists and passes every command to controlCommands.h.
 class FmControlGeneral final : public FormBase, private ControlView {
     Q_OBJECT
 public:
@@ -40,7 +39,7 @@ private:
     void RunTransfer() override;
     void Close() override;
 
-    /// The controls of one side; both have the same.
+    /// The controls of one side.
     struct Pane {
         ControlSide Side = ControlSide::Pc;
         QGroupBox* Frame = nullptr;
@@ -60,7 +59,7 @@ private:
     void BuildCommandRow(Pane& pane, const QString& side, QBoxLayout& layout);
     void BuildEditButtons(QBoxLayout& row);
     QPushButton* NewFolderButton(
-        QWidget* parent, const QString& name, TextNumber<0> text, TextNumber<0> hint, const char* picture);
+        QWidget* parent, const QString& name, TextNumber<0> text, TextNumber<0> hint, const char* icon);
     QBoxLayout* BuildTransferColumn();
     QBoxLayout* BuildFormRow();
     void BuildLayout();
@@ -69,7 +68,7 @@ private:
     void ConnectList(Pane& pane);
     void ConnectForm();
 
-    /// Runs a command once no name is being edited any more: it must not work on rows that are about to change.
+    /// Runs a command after ending the edit of a name, which would change the rows under it.
     void Run(const std::function<void()>& command);
     void FinishLabelEdits();
 
@@ -89,7 +88,7 @@ private:
     QPushButton* BtHlp = nullptr;
     QPushButton* BtWhatsThis = nullptr;
     QLabel* LbFree = nullptr;
-    QPointer<QWidget> focusBefore_; // had the focus when the buttons were disabled
+    QPointer<QWidget> focusBefore_; ///< had the focus when the buttons were disabled
 };
 
 } // namespace tarvik

@@ -29,7 +29,7 @@ class LevelDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    /// The mark of the chosen item goes over the whole width, as in any list.
+    /// The highlight covers the whole width; only icon and text are indented.
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
         QStyleOptionViewItem background(option);
@@ -84,7 +84,7 @@ void FolderComboBox::showPopup()
     QComboBox::showPopup();
 }
 
-/// A wheel that turns over the box must not go to another folder.
+/// Scrolling over the box must not change the folder.
 void FolderComboBox::wheelEvent(QWheelEvent* event)
 {
     event->ignore();

@@ -1,4 +1,4 @@
-// link/control/FolderComboBox.h: a box of folders on the screen: pictures, and items that stand in by their level.
+// link/control/FolderComboBox.h: the combo box of a FolderCombo: items with icons, indented by their level.
 #pragma once
 
 #include "link/files/combo.h"
@@ -14,7 +14,7 @@ public:
 
     void ShowItems(const FolderCombo& combo);
 
-    /// Of the selected item.
+    /// Path of the selected item.
     QString Path() const;
 
     void showPopup() override;

@@ -20,29 +20,29 @@ namespace tarvik {
 
 namespace {
 
-/// Holds the status line for a job and puts back what stood there.
-class StatusOfJob {
+/// Shows a status text during a job, then restores the previous one.
+class JobStatusScope {
 public:
-    explicit StatusOfJob(TextNumber<0> text)
+    explicit JobStatusScope(TextNumber<0> text)
         : hold_(Program().StatusHold)
         , before_(TheFrame()->StatusText())
     {
         StatusJob(LngStr(text));
     }
-    ~StatusOfJob()
+    ~JobStatusScope()
     {
         Program().StatusHold = hold_;
         TheFrame()->SetStatusText(before_);
     }
-    StatusOfJob(const StatusOfJob&) = delete;
-    StatusOfJob& operator=(const StatusOfJob&) = delete;
+    JobStatusScope(const JobStatusScope&) = delete;
+    JobStatusScope& operator=(const JobStatusScope&) = delete;
 
 private:
     bool hold_;
     QString before_;
 };
 
-/// The busy pointer while it lives.
+/// Scope guard: shows the busy pointer.
 class BusyPointer {
 public:
     explicit BusyPointer(FileControl& control)
@@ -61,7 +61,7 @@ private:
     FileControl& control_;
 };
 
-/// Buttons that act are disabled while it lives, and the window stays open. Those that were off before stay off.
+/// Scope guard: disables the busy set and keeps the window open. Buttons disabled before stay disabled.
 class BusySet {
 public:
     explicit BusySet(FileControl& control)
@@ -95,7 +95,7 @@ void RunJob(FileControl& control, TransferJob job)
 void RunJobWithStatus(FileControl& control, TransferJob job, TextNumber<0> statusText)
 {
     const BusySet busy(control);
-    const StatusOfJob status(statusText);
+    const JobStatusScope status(statusText);
     RunJob(control, job);
 }
 
@@ -115,14 +115,14 @@ void FocusAndUpdate(FileControl& control, ControlSide side)
     ControlUpdate(control);
 }
 
-/// Null without a selected row.
+/// nullptr without a selected row.
 const FileListRow* SelectedRow(const FileList& list)
 {
     const int row = ControlSelectedRow(list);
     return row < 0 ? nullptr : &list.Rows[static_cast<size_t>(row)];
 }
 
-/// What an editor changes on the PC is shown. An editor may open another one and leave that one's class behind.
+/// Runs the editor, then reads the PC's list again. Restores the file class, which an editor opened from it may change.
 void RunEditor(FileControl& control, const QString& path)
 {
     const FileClass fileClass = FileClasses().CurrentFileClass;
@@ -180,8 +180,8 @@ void PcFolderUp(FileControl& control)
     ControlUpdate(control);
 }
 
-/// The instrument did not tell its directory.
-void EndIfLinkIsGone(FileControl& control)
+/// Reports that the instrument's directory can't be read; closes the window if the link is lost.
+void CloseIfLinkIsLost(FileControl& control)
 {
     if (!ReportLinkFailure())
         return;
@@ -193,7 +193,7 @@ void InstrFolderUp(FileControl& control)
 {
     QString directory;
     if (ChannelGetDirectory(directory) != ChannelStatus::Success) {
-        EndIfLinkIsGone(control);
+        CloseIfLinkIsLost(control);
         return;
     }
     if (InstrFolderIsRoot(directory)) {
@@ -325,8 +325,8 @@ void ControlDropDown(FileControl& control, ControlSide side)
 {
     if (side == ControlSide::Instr) {
         ComboInstrDropDown(control.CmbInstr);
-    } else if (control.CmbPc.Tag == FolderComboPresent) {
-        const StatusOfJob status(TextId::StatusReadingDrives);
+    } else if (control.CmbPc.Tag == FolderComboTag::Current) {
+        const JobStatusScope status(TextId::StatusReadingDrives);
         ComboPcDropDown(control.CmbPc);
     }
     control.View.ShowCombo(side);
@@ -355,7 +355,7 @@ void ControlOpenRow(FileControl& control, ControlSide side, int row)
         return;
     const FileListRow& at = list.Rows[static_cast<size_t>(row)];
     if (TransferIsFolderRow(at)) {
-        if (ControlRenamesOn(side)) // the side has folders to enter
+        if (ControlRenamesOn(side)) // only then the side has folders to enter
             EnterFolder(control, side, QString(at.Text));
     } else if (side == ControlSide::Pc) {
         OpenFile(control, row);
@@ -366,7 +366,7 @@ void ControlEdit(FileControl& control)
 {
     const FileListRow* row = SelectedRow(control.LvPc);
     if (row == nullptr || TransferIsFolderRow(*row)) {
-        const QString noun = LngStr(ModCaption(CaptionNoun));
+        const QString noun = LngStr(ModCaption(CaptionSlot::Noun));
         MsgOk2(TextId::NoFileSelected, noun, noun);
         return;
     }

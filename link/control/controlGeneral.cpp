@@ -17,7 +17,7 @@ namespace tarvik {
 
 namespace {
 
-/// What the scroll bars and the column headers of a list take away.
+/// Room of a list's scroll bar and column header.
 constexpr int kFrameLimitRightPx = 22;
 constexpr int kFrameLimitBottomPx = 23;
 
@@ -41,13 +41,13 @@ const char* IconOf(FileClass fileClass)
     }
 }
 
-FileClass PresentClass()
+FileClass CurrentClass()
 {
     return FileClasses().CurrentFileClass;
 }
 
-/// A window that is opened anew begins anew.
-void Forget(FileControl& control)
+/// Resets the data of an earlier opening; the views stay.
+void Reset(FileControl& control)
 {
     for (FileList* list : { &control.LvPc, &control.LvInstr }) {
         FileListView* view = list->View;
@@ -64,9 +64,9 @@ public:
     void Show(const QString&, int) override { }
 };
 
-void TakePcFolder()
+void RestorePcFolder()
 {
-    const QString path = FileClasses().PcPaths[PresentClass()];
+    const QString path = FileClasses().PcPaths[CurrentClass()];
     const bool isThere = !path.isEmpty() && QFileInfo(path).isDir();
     CurrentPcFolder() = QDir::toNativeSeparators(isThere ? QDir(path).absolutePath() : QDir::currentPath());
 }
@@ -134,11 +134,11 @@ int ControlSelectedRow(const FileList& list)
 
 void ControlLoad(FileControl& control)
 {
-    Forget(control);
+    Reset(control);
     Transfer().LvPc = &control.LvPc;
     Transfer().LvInstr = &control.LvInstr;
-    control.LvPc.HasDates = control.LvInstr.HasDates = ControlRulesOf(PresentClass()).HasDates;
-    TakePcFolder();
+    control.LvPc.HasDates = control.LvInstr.HasDates = ControlRulesOf(CurrentClass()).HasDates;
+    RestorePcFolder();
     ComboPcShow(control.CmbPc);
     control.MayWork = ComboInstrShow(control.CmbInstr) == ChannelStatus::Success;
     control.View.ShowCombo(ControlSide::Pc);
@@ -171,7 +171,7 @@ void ControlUnload()
 {
     Transfer().LvPc = nullptr;
     Transfer().LvInstr = nullptr;
-    const FileClass fileClass = PresentClass();
+    const FileClass fileClass = CurrentClass();
     FileClasses().PcPaths[fileClass] = CurrentPcFolder();
     QString directory;
     const bool isRead = ChannelGetDirectory(directory) == ChannelStatus::Success;
@@ -198,13 +198,13 @@ void ControlUpdate(FileControl& control)
     if (control.ButtonsAreOff)
         return;
     const int uploads = TransferCountSelectedFiles(control.LvPc);
-    const bool mayUpload = ControlRulesOf(PresentClass()).UploadsOneFile ? uploads == 1 : uploads >= 1;
+    const bool mayUpload = ControlRulesOf(CurrentClass()).UploadsOneFile ? uploads == 1 : uploads >= 1;
     control.View.EnableTransfers(mayUpload, TransferCountSelectedFiles(control.LvInstr) >= 1);
 }
 
 bool ControlRenamesOn(ControlSide side)
 {
-    return side == ControlSide::Pc || ControlRulesOf(PresentClass()).HasInstrFolders;
+    return side == ControlSide::Pc || ControlRulesOf(CurrentClass()).HasInstrFolders;
 }
 
 QRect ControlFrameLimit(QSize inner)

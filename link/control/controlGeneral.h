@@ -1,5 +1,5 @@
-// link/control/controlGeneral.h: the rules of the file control window: what a file class changes in it, what it loads
-// and keeps, and which of its buttons are enabled. controlCommands.h has what its commands do.
+// link/control/controlGeneral.h: the rules of the file control window: what depends on the file class, loading and
+// unloading, and which buttons are enabled. Its commands are in controlCommands.h.
 #pragma once
 
 #include "app/platform/port.h"
@@ -12,36 +12,36 @@
 
 namespace tarvik {
 
-/// No element of `BtPcEdit` has this number.
+/// Not an element of `BtPcEdit`.
 inline constexpr int kNoEditButton = 5;
 inline constexpr int kEditButtons = 5;
 
-/// The element of `BtPcEdit` that edits files of a class; kNoEditButton for a class without an editor. A value that is
-/// no class is reported to the debug route.
+/// Index into `BtPcEdit` of the button that edits files of a class; kNoEditButton for a class without an editor. A
+/// value that is no class is reported to the debug channel.
 void GetBtPcEditNumber(FileClass fileClass, int& index);
 
-/// What a file class changes in the window.
+/// What depends on the file class.
 struct ControlRules {
     int EditButton = kNoEditButton;
-    QString Icon; ///< of the window, key of the image list; empty for one that is not set
-    bool HasInstrFolders = false; ///< also rename on the instrument
+    QString Icon; ///< of the window, key of the image list; empty to leave it unchanged
+    bool HasInstrFolders = false; ///< and files can be renamed on the instrument
     bool HasDates = true;
     bool DeletesOnInstr = true;
     bool MakesNew = true;
-    bool UploadsOneFile = false; ///< the instrument holds a single list of the kind
+    bool UploadsOneFile = false; ///< the instrument holds a single list of the class
 };
 ControlRules ControlRulesOf(FileClass fileClass);
 
 enum class ControlSide { Pc, Instr };
 
-/// What only the window can do.
+/// The window as its rules see it.
 class ControlView {
 public:
-    virtual void EnableBusySet(bool on) = 0; ///< the buttons that act
+    virtual void EnableBusySet(bool on) = 0; ///< the action buttons
     virtual void EnableTransfers(bool upload, bool download) = 0;
     virtual void ShowBusyPointer(bool busy) = 0;
     virtual void ShowCombo(ControlSide side) = 0; ///< its items have changed
-    virtual void RunTransfer() = 0; ///< the form of the job, until it has closed
+    virtual void RunTransfer() = 0; ///< shows the form of the job; returns when it has closed
     virtual void Close() = 0;
 
 protected:
@@ -62,14 +62,14 @@ struct FileControl {
     bool MayWork = false; ///< the instrument's directory could be read
     bool Busy = false; ///< a job or an editor runs
     bool ButtonsAreOff = false; ///< the busy set is disabled
-    int ViewedRow = -1; ///< of the screen shot shown last
+    int ViewedRow = -1; ///< row of the last screen shot viewed
     ControlView& View;
 };
 
 /// Shows the screen shots that the window opens.
 class ScreenShotViewer {
 public:
-    /// Until the viewer has closed. `row` is the file's in the list.
+    /// Returns when the viewer has closed. `row` is the row of the file.
     virtual void Show(const QString& path, int row) = 0;
 
 protected:
@@ -80,35 +80,35 @@ Port<ScreenShotViewer>& TheScreenShotViewer(); ///< without an implementation no
 FileList& ListOf(FileControl& control, ControlSide side);
 FolderCombo& ComboOf(FileControl& control, ControlSide side);
 
-/// The row that a command on one row means: the current one if it is selected, else the first that is; -1 without one.
+/// The row for a command on one row: the current row if selected, else the first selected one; -1 without one.
 int ControlSelectedRow(const FileList& list);
 
-/// Takes the folders of the present class. Without an answer of the instrument: its link is ended, message 12703, and
-/// the window may not work.
+/// Restores the folders of the current class. If the instrument does not answer: disconnects, message 12703, and
+/// `MayWork` stays false.
 void ControlLoad(FileControl& control);
 
-/// First activation: fills both lists, or closes a window that may not work.
+/// First activation: fills both lists, or closes the window unless `MayWork`.
 void ControlActivate(FileControl& control);
 
-/// False while a job, an editor or the start of a connection runs.
+/// False while a job, an editor or a connect runs.
 bool ControlMayClose(const FileControl& control);
 
 /// Remembers the folders of both sides.
 void ControlUnload();
 
-/// Fills a list anew.
+/// Refills a list.
 void ControlList(FileControl& control, ControlSide side, bool sort = false);
 
-/// Enables the buttons that act, or disables them while something runs.
+/// Enables or disables the action buttons.
 void ControlEnableBusySet(FileControl& control, bool on);
 
-/// Enables the buttons that the selection decides on, unless the busy set is disabled.
+/// Enables the transfer buttons by the selection, unless the busy set is disabled.
 void ControlUpdate(FileControl& control);
 
-/// Whether the names of a list can be edited.
+/// True if names can be edited on `side`.
 bool ControlRenamesOn(ControlSide side);
 
-/// The part of a list that a selection frame stays in; `inner` is the list's inner size.
+/// The area of a list that limits a selection frame; `inner` is the list's inner size.
 QRect ControlFrameLimit(QSize inner);
 
 /// The nearest point inside `limit`.

@@ -21,8 +21,8 @@ namespace tarvik {
 namespace {
 
 constexpr int kPathLength = 4096;
-constexpr int kLeastDirCharacters = 48;
-constexpr int kMostDirCharacters = 96;
+constexpr int kMinDirCharacters = 48;
+constexpr int kMaxDirCharacters = 96;
 
 } // namespace
 
@@ -96,14 +96,14 @@ void FmFileConvert::Browse()
         ShowFolder(folder);
 }
 
-/// The form is as wide as it takes to see all of a usual path.
+/// Widens the form to show the whole path within limits.
 void FmFileConvert::ShowFolder(const QString& folder)
 {
     const QFontMetrics metrics = TbDir->fontMetrics();
     const int character = metrics.averageCharWidth();
     TbDir->setText(folder);
-    TbDir->setMinimumWidth(std::clamp(metrics.horizontalAdvance(folder) + 3 * character,
-        kLeastDirCharacters * character, kMostDirCharacters * character));
+    TbDir->setMinimumWidth(std::clamp(metrics.horizontalAdvance(folder) + 3 * character, kMinDirCharacters * character,
+        kMaxDirCharacters * character));
 }
 
 void FmFileConvert::Accept()

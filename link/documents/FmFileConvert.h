@@ -1,4 +1,4 @@
-// link/documents/FmFileConvert.h: asks where to and as what a batch of pictures is converted.
+// link/documents/FmFileConvert.h: asks for folder and type of a conversion.
 #pragma once
 
 #include "app/forms/form.h"
@@ -12,7 +12,7 @@ class FmFileConvert final : public FormBase {
 public:
     explicit FmFileConvert(QWidget* parent = nullptr);
 
-    /// True when the form was closed with a target.
+    /// True if the form was closed with OK.
     bool IsAccepted() const
     {
         return accepted_;

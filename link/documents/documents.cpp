@@ -14,7 +14,7 @@ public:
     {
         return PictureSaved::Failed;
     }
-    void ToOwnSize(int) override { }
+    void UseOwnSize(int) override { }
     void Close(int) override { }
     bool IsDataSet(int) const override
     {

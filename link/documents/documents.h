@@ -1,5 +1,5 @@
-// link/documents/documents.h: the ports to those who open and write the files of each kind: the document windows, and
-// the list editors. Where one is absent, nothing opens and nothing is written.
+// link/documents/documents.h: the ports through which files are opened and written: document windows and list editors.
+// If one is absent, nothing opens and nothing is written.
 #pragma once
 
 #include "app/platform/port.h"
@@ -9,21 +9,21 @@
 
 namespace tarvik {
 
-/// How writing a picture ended.
-enum class PictureSaved { Written, Failed, FailedAndTold };
+/// Result of writing a picture.
+enum class PictureSaved { Written, Failed, FailedAndReported };
 
-/// The document windows. A window is named by its number, 0 for none.
+/// The document windows. A window is identified by its number, 0 for none.
 class Documents {
 public:
-    /// Opens a picture file; its window, or 0 after the failure has been reported.
+    /// Opens a picture file; returns its window, or 0 after reporting a failure.
     virtual int Open(const QString& path, ImageKind kind) = 0;
 
     virtual PictureSaved Save(const QString& path, ImageKind kind, int window) = 0;
 
-    /// From here on the document is saved at its own size, not as its window shows it.
-    virtual void ToOwnSize(int window) = 0;
+    /// From now on the document is saved at its own size instead of that of its window.
+    virtual void UseOwnSize(int window) = 0;
 
-    /// Closes without a question.
+    /// Closes without asking.
     virtual void Close(int window) = 0;
 
     [[nodiscard]] virtual bool IsDataSet(int window) const = 0;
@@ -39,8 +39,8 @@ public:
     /// Opens a list in the editor of its class; an empty path makes a new list. True on success.
     virtual bool Open(const QString& path, FileClass fileClass) = 0;
 
-    /// Opens a list text in the editor that its first line names; only looks at that line unless `show`. False for the
-    /// text of no list.
+    /// Opens a list text in the editor named by its first line; unless `show`, only checks that line. False if the text
+    /// is no list.
     virtual bool OpenText(const QString& path, bool show) = 0;
 
 protected:

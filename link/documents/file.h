@@ -1,4 +1,4 @@
-// link/documents/file.h: opening a file by its kind.
+// link/documents/file.h: opens files by their kind.
 #pragma once
 
 #include "link/documents/fileKind.h"
@@ -8,17 +8,17 @@
 namespace tarvik {
 
 /// Opens a document or list by its extension; true on success. Message 12750 for a kind that can't be opened.
-/// `resetFlag` forgets the answer that MsgAskOnce keeps; while that answer is No nothing is opened. `showFlag` false
-/// only classifies a list text.
+/// `resetFlag` clears the answer remembered by MsgAskOnce; while that is No, nothing is opened. With `showFlag` false a
+/// list text is only classified.
 bool FileOpen(const QString& path, bool resetFlag, bool showFlag);
 
-/// What opening a file came to.
+/// Result of opening a file.
 struct OpenedFile {
     bool Success = false;
-    int Window = 0; ///< of a picture; 0 for what opens elsewhere, in an editor
+    int Window = 0; ///< of a picture; 0 for a list, which opens in an editor
 };
 
-/// FileOpen for a file whose kind has been decided.
+/// FileOpen for a file of known kind.
 OpenedFile FileOpenOfKind(const QString& path, const FileKindInfo& kind, bool resetFlag, bool showFlag);
 
 } // namespace tarvik

@@ -31,8 +31,8 @@ QString WithoutSlash(const QString& folder)
     return PathNoSlash(path, u'/');
 }
 
-/// A folder that is named without a place stands in the one in which the sources were chosen; "~" is the user's own.
-QString PlacedFolder(const QString& folder)
+/// A relative folder is inside the folder of the sources; "~" is the home folder.
+QString AbsoluteFolder(const QString& folder)
 {
     if (folder == u'~' || folder.startsWith(QLatin1String("~/")))
         return QDir::homePath() + folder.mid(1);
@@ -57,7 +57,7 @@ Answer AskToReplace(const QString& target, bool isBatch)
     return answer == MsgResultNo ? Answer::Skip : Answer::Stop;
 }
 
-void ForgetAnswersForAll()
+void ClearAnswersForAll()
 {
     TheMessage().YesAll = false;
     TheMessage().NoAll = false;
@@ -83,14 +83,14 @@ public:
     }
 
 private:
-    /// Only the first file forgets what the user answered to a question that is asked once for all of them.
+    /// Only the first file clears the answer to a question that is asked once for all files.
     void Convert(const QString& source, bool isFirst, bool isBatch)
     {
         SetLastFile(source);
         const FileKindInfo kind = FileKindOf(source);
         const OpenedFile opened = FileOpenOfKind(source, kind, isFirst, true);
         if (opened.Window == 0) {
-            TellIfNotConverted(source, kind, opened);
+            ReportIfNotConverted(source, kind, opened);
             return;
         }
         watcher_.Prepare(opened.Window);
@@ -98,9 +98,9 @@ private:
         TheDocuments()->Close(opened.Window);
     }
 
-    /// A picture that can't be opened, and a file of no kind, have been reported; not so a list or a text, which may
-    /// have been seen in an editor.
-    static void TellIfNotConverted(const QString& source, const FileKindInfo& kind, const OpenedFile& opened)
+    /// Reports a list or text, which may have opened in an editor. A picture that can't be opened and a file of unknown
+    /// kind have been reported already.
+    static void ReportIfNotConverted(const QString& source, const FileKindInfo& kind, const OpenedFile& opened)
     {
         if (opened.Success || (kind.Kind != FileKind::None && !kind.IsPicture()))
             MsgOk1(TextId::UnknownFileType, QFileInfo(source).fileName());
@@ -115,8 +115,8 @@ private:
         stopped_ = answer == Answer::Stop;
         if (answer != Answer::Save)
             return;
-        const FileKindInfo kind = FileKindOf(target); // of a text nothing is written
-        TheDocuments()->ToOwnSize(window); // after the question, which lets its window be drawn
+        const FileKindInfo kind = FileKindOf(target); // a text is not written
+        TheDocuments()->UseOwnSize(window); // after the question, which processes paint events
         if (FileSaveAsKind(target, kind, window, true) && kind.IsPicture() && !target.isEmpty())
             ++converted_;
     }
@@ -176,7 +176,7 @@ bool FileMakeTargetFolder(const QString& folder)
 
 bool FileConvertAccept(const QString& folder, int type)
 {
-    const QString target = PlacedFolder(folder.trimmed());
+    const QString target = AbsoluteFolder(folder.trimmed());
     if (!FileMakeTargetFolder(target))
         return false;
     const auto& formats = FileFormats();
@@ -194,16 +194,16 @@ QString FileTargetPath(const QString& folder, const QString& source, const QStri
 
 int FileConvertRun(FileBatchWatcher& watcher)
 {
-    ForgetAnswersForAll();
+    ClearAnswersForAll();
     const int converted = Batch(watcher).Run();
-    ForgetAnswersForAll();
+    ClearAnswersForAll();
     return converted;
 }
 
 int FileConvertRun()
 {
-    FileBatchWatcher nobody;
-    return FileConvertRun(nobody);
+    FileBatchWatcher unwatched;
+    return FileConvertRun(unwatched);
 }
 
 } // namespace tarvik

@@ -1,5 +1,5 @@
-// link/documents/fileConvert.h: converting a batch of pictures: what the form `FmFileConvert` proposes and accepts, and
-// the loop.
+// link/documents/fileConvert.h: converts a batch of pictures: the rules of the form `FmFileConvert`, and the batch
+// itself.
 #pragma once
 
 #include "app/text/textNumber.h"
@@ -10,38 +10,38 @@
 
 namespace tarvik {
 
-/// What the form works on and leaves behind.
+/// Input and result of the form.
 struct FileConvertState {
     QStringList Sources; ///< full paths, in the order of the conversion
     QString TargetFolder;
-    QString TargetExtension; ///< with its point; empty when no type was chosen
+    QString TargetExtension; ///< with its point; empty if no type was chosen
 };
 FileConvertState& FileConvert();
 
-/// What the form shows when it opens.
+/// Initial values of the form.
 struct FileConvertProposal {
     QString Folder; ///< of the last source that is a document; empty without one
     QVector<TextNumber<0>> Types; ///< entries of `CbType`
     int Selected = 0;
 };
 
-/// Clears the target and looks at the sources.
+/// Clears the target and proposes one for the sources.
 FileConvertProposal FileConvertPropose();
 
-/// True for a folder that is there.
+/// True for an existing folder.
 bool FolderExists(const QString& path);
 
-/// Makes a missing target folder, one level deep. False after message 12752.
+/// Creates a missing target folder, one level deep. False after message 12752.
 [[nodiscard]] bool FileMakeTargetFolder(const QString& folder);
 
-/// Takes the form's answer: a folder, which is made where it is missing, and the text number of a type. False when the
-/// folder can't be made.
+/// Accepts the form's input: a folder, which is created if missing, and the text number of a type. False if the folder
+/// can't be created.
 [[nodiscard]] bool FileConvertAccept(const QString& folder, int type);
 
 /// Path of the converted file: the target folder, the source's base name, the target extension with its point.
 QString FileTargetPath(const QString& folder, const QString& source, const QString& extension);
 
-/// Who watches a batch; this one does nothing.
+/// Watches a batch; this base class does nothing.
 class FileBatchWatcher {
 public:
     virtual ~FileBatchWatcher() = default;
@@ -53,12 +53,11 @@ public:
     virtual void Prepare(int /*window*/) { }
 };
 
-/// Opens each source, saves it as `TargetExtension` in `TargetFolder` (a source's own folder while that is empty) and
-/// closes it. The picture keeps its own size, however large its window came out. An existing target is replaced when
-/// the user says so (12734); with one source that is Yes or No, with more of them also for all. A file that fails has
-/// reported it, and the next one follows; of one that opens elsewhere, in an editor, nothing is written, which is told
-/// (12750). Between two files events run, and the batch ends when the program is to end. Returns how many pictures were
-/// written.
+/// Opens each source, saves it as `TargetExtension` in `TargetFolder` (by default the source's folder) and closes it.
+/// Pictures are saved at their own size, not that of their window. Asks before replacing an existing target (12734),
+/// with several sources also for all of them. A failure is reported and the batch continues; a file that opens in an
+/// editor is not written and reported too (12750). Processes events between files; the batch ends when the program is
+/// to close. Returns the number of pictures written.
 int FileConvertRun(FileBatchWatcher& watcher);
 int FileConvertRun(); ///< unwatched
 

@@ -23,7 +23,7 @@ QStringList AskForFiles(bool convert)
     return TheSeams().OpenFiles(question);
 }
 
-/// Only the first file forgets what the user answered to a question that is asked once for all of them.
+/// Only the first file clears the answer to a question that is asked once for all files.
 void OpenAll(const QStringList& paths)
 {
     bool isFirst = true;

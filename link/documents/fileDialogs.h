@@ -1,15 +1,15 @@
-// link/documents/fileDialogs.h: the commands that ask for files: open, and convert.
+// link/documents/fileDialogs.h: the commands Open and Convert Files.
 #pragma once
 
 #include <functional>
 
 namespace tarvik {
 
-/// Asks for files and opens each, up to the first one that fails.
+/// Asks for files and opens each, up to the first failure.
 void FileOpenDlg();
 
-/// Asks for files, lets `askForTarget` ask for folder and type, and converts the files when that returns true. It finds
-/// the files in FileConvert() and leaves the target there, as the form FmFileConvert does.
+/// Asks for files, calls `askForTarget` for folder and type, and converts the files if that returns true.
+/// `askForTarget` finds the files in FileConvert() and stores the target there.
 void FileConvertDlg(const std::function<bool()>& askForTarget);
 
 } // namespace tarvik

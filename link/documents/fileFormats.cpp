@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-/// The order of the entries of the open dialog.
+/// The order of the open dialog's filters.
 constexpr std::array kOpenOrder{ FileKind::Bitmap, FileKind::Png, FileKind::Pcx, FileKind::Metafile };
 
 QString Pattern(const FileFormat& format)

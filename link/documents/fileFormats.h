@@ -1,4 +1,4 @@
-// link/documents/fileFormats.h: the six formats of documents, and the filters of the file dialogs made of them.
+// link/documents/fileFormats.h: the six document formats, and the file dialog filters for them.
 #pragma once
 
 #include "app/text/textNumber.h"
@@ -14,8 +14,8 @@ namespace tarvik {
 struct FileFormat {
     TextNumber<0> Extension; ///< with its point
     TextNumber<0> Name; ///< in the filter of the save dialog and in `CbType`
-    TextNumber<0> OpenName; ///< in the filter of the open dialog; none for a kind of text, which it does not offer
-    TextNumber<1> WriteFailed; ///< message for a file that can't be written; none for a kind of text
+    TextNumber<0> OpenName; ///< in the filter of the open dialog; none for texts, which it does not offer
+    TextNumber<1> WriteFailed; ///< message for a file that can't be written; none for texts
     FileKind Kind;
 
     bool IsImage() const
@@ -26,25 +26,25 @@ struct FileFormat {
 
 inline constexpr int kFileFormats = 6;
 
-/// In the order in which a conversion offers them: the two kinds of text first.
+/// In the order that a conversion offers: the two kinds of text first.
 const std::array<FileFormat, kFileFormats>& FileFormats();
 
-/// The format of a kind; null for a kind that is none.
+/// The format of a kind; nullptr if the kind is no document format.
 const FileFormat* FileFormatOf(FileKind kind);
 
 /// The extension of a format in lower case, without its point.
 QString FileExtensionOf(const FileFormat& format);
 
-/// Filters of the open dialog: all pictures together, then each kind. "description|pattern;pattern".
+/// Filters of the open dialog, "description|pattern;pattern": all pictures, then each kind.
 QStringList FileOpenFilters();
 
-/// Formats that the save dialog offers: the kinds of text for a data set window only.
+/// Formats of the save dialog; the kinds of text for data set windows only.
 QVector<FileFormat> FileSaveFormats(bool isDataSet);
 
-/// Filters of the save dialog, one for each of these formats.
+/// Filters of the save dialog, one for each format.
 QStringList FileSaveFilters(const QVector<FileFormat>& formats);
 
-/// Number of the filter, from 1, whose extension was used last; 1 when there is none. The kinds of text count as none.
+/// Number, from 1, of the filter for the extension used last; 1 without one. Kinds of text don't count.
 int FileSaveFilterIndex(const QVector<FileFormat>& formats, const QString& lastExtension);
 
 } // namespace tarvik

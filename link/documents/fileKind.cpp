@@ -17,7 +17,7 @@ struct KindText {
     FileKindInfo Info;
 };
 
-/// In the order of comparison.
+/// Compared in this order.
 constexpr std::array kKinds{
     KindText{ TextId::BmpExtension, { FileKind::Bitmap, FileClassNone, ImageKind::Bitmap } },
     KindText{ TextId::PngExtension, { FileKind::Png, FileClassNone, ImageKind::Png } },

@@ -16,7 +16,7 @@ namespace tarvik {
 
 namespace {
 
-bool TryText(FileKind kind, const QString& path)
+bool CheckText(FileKind kind, const QString& path)
 {
     if (!CanReplaceFile(path))
         return false;
@@ -62,7 +62,7 @@ bool FileSaveAsKind(QString& path, const FileKindInfo& kind, int window, bool co
         return false;
     }
     const bool isDone =
-        format->IsImage() ? SavePicture(*format, kind.Image, path, window) : TryText(format->Kind, path);
+        format->IsImage() ? SavePicture(*format, kind.Image, path, window) : CheckText(format->Kind, path);
     if (!isDone)
         path.clear();
     return true;

@@ -30,12 +30,13 @@ QString NativePath(const QString& path)
     return QDir::toNativeSeparators(path);
 }
 
-/// The folders between `root` and `path`, `path` included, top first.
+/// The folders below `root` down to and including `path`, topmost first.
 QStringList FoldersBelow(const QString& root, const QString& path)
 {
     QStringList folders;
-    for (QString at = path; at != root && !PcFolderIsRoot(at); at = PortablePath(QFileInfo(at).path()))
-        folders.prepend(at);
+    for (QString folder = path; folder != root && !PcFolderIsRoot(folder);
+         folder = PortablePath(QFileInfo(folder).path()))
+        folders.prepend(folder);
     return folders;
 }
 
@@ -44,24 +45,24 @@ FolderItem DriveItem(const Drive& drive)
     return { DriveText(drive), DriveIcon(drive.Kind), NativePath(drive.Root), 0 };
 }
 
-bool HoldsFolder(const Drive& drive, const QString& path)
+bool HasFolder(const Drive& drive, const QString& path)
 {
     return path == drive.Root || path.startsWith(PathWithSlash(drive.Root, u'/'));
 }
 
-/// The innermost drive that holds the folder; one past the last without one.
+/// Index of the innermost drive that contains the folder; the number of drives without one.
 size_t DriveOfFolder(const std::vector<Drive>& drives, const QString& path)
 {
     size_t found = drives.size();
     for (size_t at = 0; at < drives.size(); ++at) {
         const bool isInner = found == drives.size() || drives[at].Root.size() > drives[found].Root.size();
-        if (HoldsFolder(drives[at], path) && isInner)
+        if (HasFolder(drives[at], path) && isInner)
             found = at;
     }
     return found;
 }
 
-void ShowPresent(FolderCombo& combo)
+void ShowCurrent(FolderCombo& combo)
 {
     const QString path = PortablePath(CurrentPcFolder());
     if (PcFolderIsRoot(path)) {
@@ -90,8 +91,8 @@ void ShowDrives(FolderCombo& combo)
 {
     const QString path = PortablePath(CurrentPcFolder());
     const size_t owner = DriveOfFolder(combo.Drives, path);
-    if (owner == combo.Drives.size()) { // on a volume that has come since, or is none of the user's
-        ShowPresent(combo);
+    if (owner == combo.Drives.size()) { // on a volume mounted later, or not for users
+        ShowCurrent(combo);
         return;
     }
     combo.Items.clear();
@@ -126,14 +127,13 @@ void ShowBlank(FolderCombo& combo)
     combo.Selected = 0;
 }
 
-/// A directory that is parent to another one now.
 void Close(FolderItem& item)
 {
     if (!InstrFolderIsRoot(item.Path))
         item.Icon = kIconClosed;
 }
 
-/// Each directory from the root to the present one.
+/// Shows each directory from the root to the current one.
 void ShowChain(FolderCombo& combo)
 {
     QString path;
@@ -143,14 +143,14 @@ void ShowChain(FolderCombo& combo)
     }
     combo.Items = { InstrItem(path) };
     while (!InstrFolderIsRoot(path)) {
-        path = InstrFolderAbove(path);
+        path = InstrParentFolder(path);
         combo.Items.insert(combo.Items.begin(), InstrItem(path));
         Close(combo.Items.front());
     }
     combo.Selected = static_cast<int>(combo.Items.size()) - 1;
 }
 
-/// True when the instrument has gone there.
+/// True if the instrument has changed its directory.
 bool GoToInstr(const QString& path)
 {
     const ChannelStatus status = ChannelSetDirectory(path);
@@ -169,19 +169,19 @@ const FolderItem* ItemOf(const FolderCombo& combo, int item)
 
 void ComboPcShow(FolderCombo& combo)
 {
-    if (combo.Tag == FolderComboDrives)
+    if (combo.Tag == FolderComboTag::Drives)
         ShowDrives(combo);
     else
-        ShowPresent(combo);
+        ShowCurrent(combo);
 }
 
 void ComboPcDropDown(FolderCombo& combo)
 {
-    if (combo.Tag == FolderComboPresent) {
+    if (combo.Tag == FolderComboTag::Current) {
         combo.Drives = TheDriveSource()->Drives();
         for (Drive& drive : combo.Drives)
             drive.Root = PortablePath(drive.Root);
-        combo.Tag = FolderComboDrives;
+        combo.Tag = FolderComboTag::Drives;
     }
     ComboPcShow(combo);
 }
@@ -232,7 +232,7 @@ void ComboInstrDropDown(FolderCombo& combo)
 void ComboInstrUp(FolderCombo& combo)
 {
     QString path;
-    if (ChannelGetDirectory(path) == ChannelStatus::Success && GoToInstr(InstrFolderAbove(path)))
+    if (ChannelGetDirectory(path) == ChannelStatus::Success && GoToInstr(InstrParentFolder(path)))
         ShowChain(combo);
 }
 
@@ -256,7 +256,7 @@ bool ComboInstrSelect(FolderCombo& combo, int item)
     return isThere;
 }
 
-QString InstrFolderAbove(const QString& path)
+QString InstrParentFolder(const QString& path)
 {
     const qsizetype last = path.lastIndexOf(u'\\');
     return last > 0 ? path.left(last) : kInstrRoot;

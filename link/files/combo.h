@@ -1,5 +1,5 @@
-// link/files/combo.h: the two boxes of folders in the file control window, one for the PC and one for the instrument:
-// their items, and the ways from one folder to another. What a box holds is data; a control shows it.
+// link/files/combo.h: the two folder boxes of the file control window, one for the PC and one for the instrument: their
+// items, and changing the folder. Data only; FolderComboBox shows it.
 #pragma once
 
 #include "link/channel/channel.h"
@@ -20,49 +20,49 @@ struct FolderItem {
     bool operator==(const FolderItem&) const = default;
 };
 
-/// State of the PC's box.
-enum FolderComboTag { FolderComboPresent = 0, FolderComboDrives = 1 };
+/// What the PC's box lists: the current folder alone, or the drives.
+enum class FolderComboTag { Current = 0, Drives = 1 };
 
 struct FolderCombo {
     std::vector<FolderItem> Items;
     int Selected = -1;
-    int Tag = FolderComboPresent; ///< whether the drives have been filled in
-    std::vector<Drive> Drives; ///< as they were when they were filled in
+    FolderComboTag Tag = FolderComboTag::Current; ///< Drives after the first drop-down
+    std::vector<Drive> Drives; ///< as read at the first drop-down
 };
 
-/// Shows `CurrentPcFolder`: alone, or below its drive among all drives, by the tag.
+/// Shows `CurrentPcFolder` alone or, by the tag, below its drive among all drives.
 void ComboPcShow(FolderCombo& combo);
 
-/// Before the list drops down: the first time the drives are filled in.
+/// Before the list drops down; reads the drives the first time.
 void ComboPcDropDown(FolderCombo& combo);
 
-/// One folder up, or to the nearest one above that is still there; false at a root.
+/// One folder up, or to the nearest parent that still exists; false at a root.
 [[nodiscard]] bool ComboPcUp(FolderCombo& combo);
 
-/// Into a sub-folder, or to the folder of an item. One that is gone is not entered.
+/// Enters a subfolder, or the folder of an item, if it exists.
 void ComboPcEnter(FolderCombo& combo, const QString& name);
 void ComboPcSelect(FolderCombo& combo, int item);
 
-/// True for a folder that has none above it.
+/// True for a folder without a parent.
 bool PcFolderIsRoot(const QString& path);
 
-/// Shows the instrument's directory alone, or a single blank item where it can't be read.
+/// Shows the instrument's directory alone, or a single blank item if it can't be read.
 [[nodiscard]] ChannelStatus ComboInstrShow(FolderCombo& combo);
 
-/// Before the list drops down: the directory with all those above it.
+/// Before the list drops down: shows the directory with all its parents.
 void ComboInstrDropDown(FolderCombo& combo);
 
 /// One directory up. Message 12747 when the instrument doesn't have it.
 void ComboInstrUp(FolderCombo& combo);
 
-/// Into a sub-directory. Message 12747 when the instrument doesn't have it.
+/// Enters a subdirectory. Message 12747 when the instrument doesn't have it.
 void ComboInstrEnter(FolderCombo& combo, const QString& name);
 
-/// To the directory of an item; true when the list is to be read again. Message 12747 as above.
+/// Enters the directory of an item; true when the list must be read again. Message 12747 as above.
 [[nodiscard]] bool ComboInstrSelect(FolderCombo& combo, int item);
 
-/// The directory above an absolute one; the root for one of the first level and for the root.
-QString InstrFolderAbove(const QString& path);
+/// The parent of an absolute directory; the root's is the root.
+QString InstrParentFolder(const QString& path);
 
 bool InstrFolderIsRoot(const QString& path);
 

@@ -19,7 +19,7 @@ bool IsOrIsBelow(const QString& path, const QString& folder)
     return path == folder || path.startsWith(folder + u'/');
 }
 
-bool BeginsWithLetter(const QString& root)
+bool HasDriveLetter(const QString& root)
 {
     return root.size() >= 2 && root[1] == u':';
 }
@@ -35,7 +35,7 @@ bool IsDiscType(const QString& type)
     return type == QLatin1String("iso9660") || type == QLatin1String("udf") || type == QLatin1String("cdfs");
 }
 
-/// Where systems mount what a user plugs in.
+/// True below the folders where systems mount removable media.
 bool IsPluggedIn(const QString& root)
 {
     static const std::array kPlaces{ "/media", "/run/media", "/Volumes" };
@@ -64,7 +64,7 @@ Drive DriveOf(const MountedVolume& volume)
 std::vector<Drive> SystemDrives()
 {
     std::vector<Drive> drives;
-    const bool hasLetters = BeginsWithLetter(QDir::rootPath());
+    const bool hasLetters = HasDriveLetter(QDir::rootPath());
     if (!hasLetters) {
         drives.push_back(DriveAtRoot(QDir::rootPath()));
         drives.push_back({ QDir::homePath(), QDir::home().dirName(), DriveKind::Fixed });
@@ -79,7 +79,7 @@ std::vector<Drive> SystemDrives()
     return drives;
 }
 
-class System final : public DriveSource {
+class SystemDriveSource final : public DriveSource {
 public:
     std::vector<Drive> Drives() override
     {
@@ -91,7 +91,7 @@ public:
 
 bool VolumeIsForUsers(const MountedVolume& volume)
 {
-    if (BeginsWithLetter(volume.Root))
+    if (HasDriveLetter(volume.Root))
         return true;
     if (IsPluggedIn(volume.Root) || IsRemoteType(volume.FileSystem))
         return true;
@@ -127,7 +127,7 @@ QString DriveIcon(DriveKind kind)
 
 QString DriveText(const Drive& drive)
 {
-    const QString place = BeginsWithLetter(drive.Root) ? drive.Root.left(2) : QDir::toNativeSeparators(drive.Root);
+    const QString place = HasDriveLetter(drive.Root) ? drive.Root.left(2) : QDir::toNativeSeparators(drive.Root);
     const bool isNamelessRoot = drive.Name.isEmpty() && drive.Root == QLatin1String("/");
     const QString name = isNamelessRoot ? LngStr(TextId::FileSystem) : drive.Name;
     return name + QStringLiteral(" (") + place + u')';
@@ -136,14 +136,14 @@ QString DriveText(const Drive& drive)
 Drive DriveAtRoot(const QString& path)
 {
     MountedVolume volume = VolumeOf(QStorageInfo(path));
-    if (volume.Root.isEmpty()) // a container does not always tell what its root is mounted from
+    if (volume.Root.isEmpty()) // may be unknown inside a container
         volume.Root = RootWithoutSlash(path);
     return DriveOf(volume);
 }
 
 Port<DriveSource>& TheDriveSource()
 {
-    static PortOr<DriveSource, System> port;
+    static PortOr<DriveSource, SystemDriveSource> port;
     return port;
 }
 

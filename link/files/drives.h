@@ -1,5 +1,5 @@
-// link/files/drives.h: where the files of the PC begin: its drives, which on systems without drive letters are the
-// root, the home folder and the mounted volumes that a user would look into.
+// link/files/drives.h: the drives of the PC; on systems without drive letters the root, the home folder and the mounted
+// volumes that hold users' files.
 #pragma once
 
 #include "app/platform/port.h"
@@ -13,12 +13,12 @@ namespace tarvik {
 enum class DriveKind { Fixed, Removable, Remote, Cdrom };
 
 struct Drive {
-    QString Root; ///< without a separator at its end unless it is a root
-    QString Name; ///< volume name; empty for a volume without one and for a drive that isn't ready
+    QString Root; ///< without a trailing separator unless it is a root
+    QString Name; ///< volume name; empty without one and for a drive that isn't ready
     DriveKind Kind = DriveKind::Fixed;
 };
 
-/// What the system tells of a mounted volume.
+/// A mounted volume as the system reports it.
 struct MountedVolume {
     QString Root;
     QString Name;
@@ -27,18 +27,18 @@ struct MountedVolume {
     bool Ready = true;
 };
 
-/// False for what the system mounts for itself.
+/// False for volumes that the system mounts for itself.
 bool VolumeIsForUsers(const MountedVolume& volume);
 
 DriveKind DriveKindOf(const MountedVolume& volume);
 
-/// Key of the drive's picture in the image list.
+/// Key of the drive's icon in the image list.
 QString DriveIcon(DriveKind kind);
 
-/// The volume name, and the drive's letter or place in brackets.
+/// The volume name, then the drive letter or mount point in brackets.
 QString DriveText(const Drive& drive);
 
-/// The drive whose root is `path`, which is a root of the file system.
+/// The drive whose root is `path`, a root of the file system.
 Drive DriveAtRoot(const QString& path);
 
 class DriveSource {
@@ -49,6 +49,6 @@ public:
 protected:
     ~DriveSource() = default;
 };
-Port<DriveSource>& TheDriveSource(); ///< without an implementation those of the system
+Port<DriveSource>& TheDriveSource(); ///< without an implementation the drives of the system
 
 } // namespace tarvik

@@ -15,7 +15,7 @@ namespace tarvik {
 
 namespace {
 
-class NobodysView final : public FileListView {
+class AbsentFileListView final : public FileListView {
 public:
     void BeginChange() override { }
     void EndChange() override { }
@@ -29,8 +29,8 @@ QString TwoDigits(int number)
     return QString(digit(number / 10 % 10)) + digit(number % 10);
 }
 
-/// The number of two digits at a place of the text; -1 where there are others than digits.
-int TakePart(const QString& text, qsizetype at)
+/// The two-digit number at `at`; -1 if there are other characters.
+int NumberAt(const QString& text, qsizetype at)
 {
     const QChar tens = text.at(at);
     const QChar ones = text.at(at + 1);
@@ -49,7 +49,7 @@ ThreeParts PartsOf(const QString& text)
     constexpr qsizetype kSize = 8;
     if (text.size() != kSize)
         return {};
-    return { TakePart(text, 0), TakePart(text, 3), TakePart(text, 6) };
+    return { NumberAt(text, 0), NumberAt(text, 3), NumberAt(text, 6) };
 }
 
 int YearOf(int yearInCentury)
@@ -70,39 +70,39 @@ QString IconOf(const QString& name, FileMarkers markers)
     return markers.Preset ? QStringLiteral("PresetFile") : QStringLiteral("LockedFile");
 }
 
-/// What the texts of a row tell, as numbers without a time zone; invalid where they tell nothing.
-QDateTime MomentOf(const FileListRow& row)
+/// Date and time from the texts of a row, without a time zone; invalid if they can't be read.
+QDateTime DateTimeOf(const FileListRow& row)
 {
     const ThreeParts date = PartsOf(row.Tag.isEmpty() ? row.SubItems[0] : row.Tag);
     const ThreeParts time = PartsOf(row.SubItems[1]);
     const QDate day(date.Third < 0 ? -1 : YearOf(date.Third), date.Second, date.First);
-    const QTime moment(time.First, time.Second, time.Third);
-    if (!day.isValid() || !moment.isValid())
+    const QTime clock(time.First, time.Second, time.Third);
+    if (!day.isValid() || !clock.isValid())
         return {};
-    return { day, moment, Qt::UTC };
+    return { day, clock, Qt::UTC };
 }
 
-/// What a row is sorted by: for a date all its digits, the year's first.
-QString KeyOfColumn(const FileListRow& row, int column)
+/// Sort key of a row: for a date year, month, day and time.
+QString SortKeyOf(const FileListRow& row, int column)
 {
     switch (column) {
-    case FileListName:
+    case kFileNameColumn:
         return row.Text;
-    case FileListDate: {
-        const QDateTime moment = MomentOf(row);
+    case kFileDateColumn: {
+        const QDateTime moment = DateTimeOf(row);
         const QDate date = moment.date();
         return moment.isValid()
             ? QString::number(date.year()) + TwoDigits(date.month()) + TwoDigits(date.day()) + row.SubItems[1]
             : QString();
     }
-    case FileListTime:
+    case kFileTimeColumn:
         return row.SubItems[1];
     default:
         return row.SubItems[2];
     }
 }
 
-/// Puts the rows into the order of `places`; the current row stays the current one.
+/// Reorders the rows by `places`; the current row moves along.
 void Rearrange(FileList& list, const std::vector<size_t>& places)
 {
     std::vector<FileListRow> rows;
@@ -117,11 +117,11 @@ void Rearrange(FileList& list, const std::vector<size_t>& places)
     list.CurrentRow = current;
 }
 
-/// Shows the dates in the region's short form, and keeps those that were listed.
+/// Shows the dates in the region's short form and keeps the listed ones in `Tag`.
 void ShowRegionDates(FileList& list)
 {
     for (FileListRow& row : list.Rows) {
-        const QDateTime date = MomentOf(row);
+        const QDateTime date = DateTimeOf(row);
         if (!date.isValid())
             continue;
         if (row.Tag.isEmpty())
@@ -152,7 +152,7 @@ QString FileExtension(const QString& name)
 
 FileListView& NoFileListView()
 {
-    static NobodysView view;
+    static AbsentFileListView view;
     return view;
 }
 
@@ -204,15 +204,15 @@ void TransferKeepSorted(FileList& list)
     std::vector<QString> keys;
     keys.reserve(list.Rows.size());
     for (const FileListRow& row : list.Rows)
-        keys.push_back(KeyOfColumn(row, list.SortKey));
+        keys.push_back(SortKeyOf(row, list.SortKey));
 
     std::vector<size_t> places(list.Rows.size());
     std::iota(places.begin(), places.end(), size_t{ 0 });
-    const bool ascends = list.SortOrder == FileListOrder::Ascending;
+    const bool isAscending = list.SortOrder == FileListOrder::Ascending;
     std::stable_sort(places.begin(), places.end(), [&](size_t first, size_t second) {
         const int order = CompareFileNames(keys[first], keys[second]);
         if (order != 0)
-            return ascends ? order < 0 : order > 0;
+            return isAscending ? order < 0 : order > 0;
         return CompareFileNames(list.Rows[first].SubItems[2], list.Rows[second].SubItems[2]) < 0;
     });
     Rearrange(list, places);
@@ -224,7 +224,7 @@ void TransferSortBy(FileList& list, int column)
     list.SortOrder = list.SortOrder == FileListOrder::Ascending ? FileListOrder::Descending : FileListOrder::Ascending;
     list.Sorted = true;
     TransferKeepSorted(list);
-    if (column == FileListDate)
+    if (column == kFileDateColumn)
         ShowRegionDates(list);
 }
 
@@ -236,7 +236,7 @@ void TransferSortColumn(FileList& list, int column)
 
 void TransferHeaderClick(FileList& list, int column)
 {
-    TransferSortColumn(list, column == FileListName ? FileListSort : column);
+    TransferSortColumn(list, column == kFileNameColumn ? kFileSortColumn : column);
 }
 
 bool TransferAnySelected(const FileList& list)
@@ -272,7 +272,7 @@ void TransferSelectAllFiles(FileList& list)
 
 QDateTime TransferRowDate(const FileListRow& row)
 {
-    const QDateTime moment = MomentOf(row);
+    const QDateTime moment = DateTimeOf(row);
     return moment.isValid() ? QDateTime(moment.date(), moment.time()) : QDateTime();
 }
 

@@ -1,6 +1,5 @@
-// link/files/fileList.h: the list of files that the file control window shows for the PC and for the instrument: its
-// rows, how it is filled, sorted and selected. A list knows nothing of the form that shows it; what only a view can
-// do it asks of its FileListView.
+// link/files/fileList.h: the file lists of the file control window, one for the PC and one for the instrument: rows,
+// filling, sorting, selection. A list reaches the form that shows it through FileListView only.
 #pragma once
 
 #include "link/channel/channel.h"
@@ -13,24 +12,28 @@
 
 namespace tarvik {
 
-/// Columns of a list. In a list without dates the second and the third are not there.
-enum FileListColumn { FileListName = 0, FileListDate = 1, FileListTime = 2, FileListSort = 3 };
+/// Columns of a list, as its view numbers them. A list without dates hides date and time; the sort column is always
+/// hidden.
+inline constexpr int kFileNameColumn = 0;
+inline constexpr int kFileDateColumn = 1;
+inline constexpr int kFileTimeColumn = 2;
+inline constexpr int kFileSortColumn = 3;
+inline constexpr int kFileColumns = 4;
 
-/// What a row bears besides its name.
 struct FileListRow {
-    QString Text; ///< shown name
+    QString Text; ///< displayed name
     QString Key; ///< file name; for a folder "F" and the name
     QString Icon; ///< key of the frame's image list: "File", "ClosedFolder", ...
     std::array<QString, 3> SubItems; ///< date, time, sort key
-    QString Tag; ///< the date as it was listed, once a sort by date shows the region's form in its place
+    QString Tag; ///< the date as listed, once sorting by date shows the region's short form instead
     bool Selected = false;
 };
 
-/// What only the view of a list can do.
+/// The view of a list.
 class FileListView {
 public:
-    virtual void BeginChange() = 0; ///< drawing off; changes nest
-    virtual void EndChange() = 0; ///< rows and selection are taken over, drawing on
+    virtual void BeginChange() = 0; ///< stops drawing; changes nest
+    virtual void EndChange() = 0; ///< takes over rows and selection, draws again
     virtual void GiveFocus() = 0;
     virtual void StartLabelEdit(int row) = 0;
 
@@ -38,10 +41,10 @@ protected:
     ~FileListView() = default;
 };
 
-/// The view of a list that nobody shows: it does nothing.
+/// The view of a list that is not shown; does nothing.
 FileListView& NoFileListView();
 
-/// One change of a list while it lives.
+/// Scope guard: one change of a list.
 class FileListChange {
 public:
     explicit FileListChange(FileListView& view)
@@ -65,81 +68,81 @@ enum class FileListOrder { Ascending, Descending };
 struct FileList {
     std::vector<FileListRow> Rows;
     bool HasDates = true; ///< false for the classes that show names only
-    bool Sorted = false; ///< the list is kept sorted, also when it is filled anew
-    int SortKey = 0; ///< column that the list is sorted by
-    FileListOrder SortOrder = FileListOrder::Descending; ///< flips at each sort, so the first one ascends
+    bool Sorted = false; ///< the list is kept sorted, also when it is refilled
+    int SortKey = 0; ///< sort column
+    FileListOrder SortOrder = FileListOrder::Descending; ///< flips at each sort, so the first sort is ascending
     int CurrentRow = -1;
-    FileListView* View = &NoFileListView(); ///< outlives the list or is taken back; never null
+    FileListView* View = &NoFileListView(); ///< never null; reset before the view is destroyed
 };
 
-/// Of a file name, which may hold several points: what stands before the last one and behind it. Unlike those of a
-/// path they keep separators, so that a name can't pass for one of another folder.
+/// The parts of a file name before and after its last point. Separators are kept, unlike in QFileInfo, so that a name
+/// can't lead into another folder unnoticed.
 QString FileBaseName(const QString& name);
 QString FileExtension(const QString& name);
 
-/// The folder of the PC side, without a separator at its end unless it is a root.
+/// The folder of the PC side, without a trailing separator unless it is a root.
 QString& CurrentPcFolder();
 
-/// `CurrentPcFolder`, the separator and `name`; empty, which is no file's path, before there is a folder.
+/// `CurrentPcFolder`, the separator and `name`; empty while there is no folder.
 QString PcFilePath(const QString& name);
 
-/// Clears and fills `list` with the folders of `CurrentPcFolder` and the files that fit `mask`, the bits of file
-/// classes. What can't be read, is hidden, or has a name that the instrument has no letters for, isn't shown. `sort`
-/// sorts the list by its sort column.
+/// Refills `list` with the folders of `CurrentPcFolder` and the files that match `mask`, bits of file classes. Omits
+/// what can't be read, is hidden, or has a name that is invalid on the instrument. `sort` sorts the list by its sort
+/// column.
 void TransferListPc(FileList& list, int mask, bool sort = false);
 
-/// The same with the instrument's directory. Folders are shown for screen shots and unknown classes only.
+/// As above for the instrument's directory. Folders are listed for screen shots and unknown classes only.
 void TransferListInstr(FileList& list, int mask, bool sort = false);
 
-/// Markers of a row, of which the first that is set chooses the icon of a data set file.
+/// Markers of a data set file; the first one set chooses its icon.
 struct FileMarkers {
     bool Restricted = false;
     bool Preset = false;
     bool Locked = false;
 };
 
-/// Adds a row at the end. A folder has no date. What counts of `changed` are
-/// its numbers, whatever its time zone; an invalid one leaves date and time empty.
+/// Appends a row. A folder has no date. The time zone of `changed` is ignored; if it is invalid, date and time stay
+/// empty.
 void TransferAddRow(
     FileList& list, const QString& name, ChannelRowType type, const QDateTime& changed, FileMarkers markers = {});
 
 bool TransferIsFolderRow(const FileListRow& row);
 
-/// Sorts by a column; each call turns the order round. Sorting by date (then time) gives the dates the region's short
-/// form until the list is filled anew. Rows that are equal there stand in the order of their names.
+/// Sorts by a column; each call reverses the order. Sorting by date (then time) shows the dates in the region's short
+/// form until the list is refilled. Equal rows are sorted by name.
 void TransferSortColumn(FileList& list, int column);
 
-/// The same for one who has told the view that the list changes.
+/// As above, for callers between BeginChange and EndChange.
 void TransferSortBy(FileList& list, int column);
 
-/// Order of names: case counts only between names that are else the same. Below 0 where `first` comes first.
+/// Compares names; case decides only between names that are equal otherwise. Negative if `first` comes first.
 int CompareFileNames(const QString& first, const QString& second);
 
-/// Puts the rows of a list that is kept sorted into their order again, likewise without a word to the view.
+/// Sorts again if the list is kept sorted, for callers between BeginChange and EndChange.
 void TransferKeepSorted(FileList& list);
 
-/// What a click on a column header asks for: the name column sorts by the sort column, so that folders stay together.
+/// A click on a column header. The name column sorts by the sort column, which keeps folders together.
 void TransferHeaderClick(FileList& list, int column);
 
 bool TransferAnySelected(const FileList& list);
 int TransferCountSelected(const FileList& list); ///< folders too
 int TransferCountSelectedFiles(const FileList& list);
-int TransferFirstSelected(const FileList& list); ///< its index; -1 without one
+int TransferFirstSelected(const FileList& list); ///< row index; -1 without one
 
 /// Selects the files and deselects the folders.
 void TransferSelectAllFiles(FileList& list);
 
-/// Time of last change of a row as its texts tell it, local time; invalid for a folder or a date that can't be read.
-/// The century, which they don't tell, is the one that keeps the year within 80 years back and 19 ahead.
+/// Time of last change from the texts of a row, local time; invalid for a folder or an unreadable date. The century is
+/// chosen so that the year is at most 80 years back and 19 ahead.
 QDateTime TransferRowDate(const FileListRow& row);
 
-/// Renames what `row` stands for. `newName` is trimmed. `cancel` tells whether the list is to keep the old text. A
-/// renamed file of the instrument bears the key of a folder until the list is filled anew, which every caller does.
+/// Renames the file or folder of `row`. Trims `newName`. `cancel` is set if the list must keep the old text. A renamed
+/// file of the instrument has the key of a folder until the list is refilled, which every caller does.
 void TransferRenamePc(FileList& list, int row, QString& newName, bool& cancel);
 void TransferRenameInstr(FileList& list, int row, QString& newName, bool& cancel);
 
-/// Makes a folder under a name that is free, shows it and starts the edit of its name. Nothing is shown for one that
-/// could not be made; only the instrument's side tells so.
+/// Creates a folder under a free name, shows it and starts editing its name. A failure is reported (12740) on the
+/// instrument's side only.
 void TransferNewFolderPc(FileList& list);
 void TransferNewFolderInstr(FileList& list);
 

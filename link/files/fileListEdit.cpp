@@ -21,7 +21,7 @@ namespace tarvik {
 
 namespace {
 
-/// Files are looked for in the current folder, whatever the class.
+/// Looks in the current folder, whatever the class.
 constexpr FileClass kAnyFile = FileClassScreenShot;
 
 const QString kNewFolder = QStringLiteral("New Folder");
@@ -41,25 +41,25 @@ bool IsFile(const QString& name)
     return QFileInfo(PcFilePath(name)).isFile();
 }
 
-/// Also for a link that leads nowhere.
+/// True for a dangling link too.
 bool IsTaken(const QString& name)
 {
     const QFileInfo info(PcFilePath(name));
     return info.exists() || info.isSymLink();
 }
 
-bool IsSameButCase(const QString& first, const QString& second)
+bool IsSameIgnoringCase(const QString& first, const QString& second)
 {
     return first.compare(second, Qt::CaseInsensitive) == 0;
 }
 
-/// False for one that would lead into another folder.
+/// False for a name that leads into another folder.
 bool IsBareName(const QString& name)
 {
     return !name.contains(u'/') && !name.contains(QDir::separator());
 }
 
-void BearName(FileListRow& row, const QString& key, const QString& text)
+void SetName(FileListRow& row, const QString& key, const QString& text)
 {
     row.Key = key;
     row.Text = text;
@@ -73,7 +73,7 @@ bool TrimmedNameIsMissing(QString& newName)
     return newName.isEmpty();
 }
 
-/// What the list store calls a list of a class.
+/// Operations of the list store on one class.
 struct ListStoreCalls {
     FileClass Class;
     decltype(TvFioApi::MemoryListClear) Clear;
@@ -97,7 +97,7 @@ std::array<ListStoreCalls, 4> AllListStoreCalls()
     } };
 }
 
-/// Gives the list in the file the name of the file. One that can't be read stays as it is, without a message.
+/// Gives the list in the file the name of the file. A file that can't be read is left as it is, without a message.
 void RenameListInFile(const QString& path, const QString& listName)
 {
     const auto all = AllListStoreCalls();
@@ -126,22 +126,22 @@ bool RenamePcFolder(FileListRow& row, const QString& newName)
         MsgOk(TextId::FolderNotRenamed);
         return false;
     }
-    BearName(row, u'F' + newName, newName);
+    SetName(row, u'F' + newName, newName);
     return true;
 }
 
-/// True when the file may bear the new name, after a message where it may not.
-bool MayBearName(const FileListRow& row, const QString& newName)
+/// False after a message.
+bool CanTakeName(const FileListRow& row, const QString& newName)
 {
-    if (IsFolder(newName) || (IsFile(newName) && !IsSameButCase(newName, row.Key))) {
+    if (IsFolder(newName) || (IsFile(newName) && !IsSameIgnoringCase(newName, row.Key))) {
         MsgOk1(TextId::FileNameInUse, newName);
         return false;
     }
     if (!ValidNameChars(FileBaseName(newName))) {
-        MsgOk2(TextId::BadFileName, newName, LngStr(ModCaption(CaptionNoun)));
+        MsgOk2(TextId::BadFileName, newName, LngStr(ModCaption(CaptionSlot::Noun)));
         return false;
     }
-    if (!IsSameButCase(FileExtension(newName), FileExtension(row.Key))) {
+    if (!IsSameIgnoringCase(FileExtension(newName), FileExtension(row.Key))) {
         MsgOk(TextId::ExtensionNotChanged);
         return false;
     }
@@ -150,9 +150,9 @@ bool MayBearName(const FileListRow& row, const QString& newName)
 
 bool RenamePcFile(FileListRow& row, const QString& newName)
 {
-    if (!MayBearName(row, newName))
+    if (!CanTakeName(row, newName))
         return false;
-    if (IsSameButCase(newName, row.Key))
+    if (IsSameIgnoringCase(newName, row.Key))
         return true;
     if (IsTaken(newName)) {
         MsgOk1(TextId::FileNameInUse, newName);
@@ -163,11 +163,11 @@ bool RenamePcFile(FileListRow& row, const QString& newName)
         return false;
     }
     RenameListInFile(PcFilePath(newName), FileBaseName(newName));
-    BearName(row, newName, newName);
+    SetName(row, newName, newName);
     return true;
 }
 
-/// False for what is no name on the instrument, so that nothing is asked there about it.
+/// False for a name that must not be sent to the instrument.
 bool CanBeInstrName(const QString& name)
 {
     const bool hasSeparator =
@@ -175,7 +175,7 @@ bool CanBeInstrName(const QString& name)
     return IsAnsi(name) && !hasSeparator && name != QLatin1String(".") && name != QLatin1String("..");
 }
 
-/// False when the list is to keep the old text.
+/// False if the list must keep the old text.
 bool RenameInstrFolder(FileListRow& row, const QString& oldName, const QString& newName)
 {
     if (!CanBeInstrName(newName)) {
@@ -193,11 +193,11 @@ bool RenameInstrFolder(FileListRow& row, const QString& oldName, const QString& 
         MsgOk1(TextId::InstrumentFolderNotRenamed, oldName);
         return false;
     }
-    BearName(row, u'F' + newName, newName);
+    SetName(row, u'F' + newName, newName);
     return true;
 }
 
-/// The instrument itself looks whether the new name is free.
+/// The instrument itself checks whether the new name is free.
 bool RenameInstrFile(FileListRow& row, const QString& oldName, const QString& newName)
 {
     const bool mayRename = FileClasses().CurrentFileClass == FileClassScreenShot;
@@ -205,7 +205,7 @@ bool RenameInstrFile(FileListRow& row, const QString& oldName, const QString& ne
         MsgOk1(TextId::FileNotRenamed, row.Text);
         return false;
     }
-    BearName(row, u'F' + newName, newName);
+    SetName(row, u'F' + newName, newName);
     return true;
 }
 
@@ -231,7 +231,7 @@ void DeselectAll(FileList& list)
         row.Selected = false;
 }
 
-/// Shows the new folder as the only selected row, ready for its name.
+/// Shows the new folder as the only selected row and edits its name.
 void ShowNewFolder(FileList& list, const QString& name)
 {
     {
@@ -245,7 +245,7 @@ void ShowNewFolder(FileList& list, const QString& name)
     list.View->StartLabelEdit(list.CurrentRow);
 }
 
-/// Looks for a name that the instrument's folder has not; the last one that is tried counts even if it is taken.
+/// Looks for a free name in the instrument's folder; the last one tried is used even if it is taken.
 ChannelStatus FindFreeInstrName(QString& name)
 {
     constexpr int kLastNumber = 100;

@@ -19,7 +19,7 @@ bool IsListed(const QString& fileName, int mask)
 void ReadPcFolder(FileList& list, int mask)
 {
     if (CurrentPcFolder().isEmpty())
-        return; // would be the folder in which the program was started
+        return; // QDir would take the working directory
     const QFileInfoList entries = QDir(CurrentPcFolder())
                                       .entryInfoList(QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot,
                                           QDir::Name | QDir::IgnoreCase | QDir::DirsFirst);
@@ -43,7 +43,7 @@ void AddInstrRow(FileList& list, const ChannelRow& row, int mask)
 void ReadInstrFolder(FileList& list, int mask)
 {
     std::vector<ChannelRow> rows;
-    (void)ChannelWalk(FileClasses().CurrentFileClass, rows); // what came before a failure is listed
+    (void)ChannelWalk(FileClasses().CurrentFileClass, rows); // rows received before a failure are listed
     for (const ChannelRow& row : rows)
         AddInstrRow(list, row, mask);
 }
@@ -55,7 +55,7 @@ void Fill(FileList& list, int mask, bool sort, void (*read)(FileList& list, int 
     list.CurrentRow = -1;
     read(list, mask);
     if (sort)
-        TransferSortBy(list, FileListSort);
+        TransferSortBy(list, kFileSortColumn);
     else
         TransferKeepSorted(list);
 }

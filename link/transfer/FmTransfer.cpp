@@ -16,7 +16,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kLabelCharacters = 64; ///< a name of an instrument's file, and what is done to it
+constexpr int kLabelCharacters = 64; ///< an instrument's file name and the action
 
 } // namespace
 
@@ -37,8 +37,8 @@ void FmTransfer::BuildControls()
     NameControl(progressBar, QStringLiteral("progressBar"));
     BtCancel =
         NewButton(this, "BtCancel", { TextId::TransferCancel, TextId::TransferCancel, TextId::TransferCancelHint });
-    BtCancel->setCursor(Qt::ArrowCursor); // it answers while the form is busy
-    connect(BtCancel, &QPushButton::clicked, this, [this] { AskToStop(); });
+    BtCancel->setCursor(Qt::ArrowCursor); // enabled while the form is busy
+    connect(BtCancel, &QPushButton::clicked, this, [this] { RequestStop(); });
 }
 
 void FmTransfer::BuildLayout()
@@ -75,7 +75,7 @@ bool FmTransfer::OnLoad()
 
 void FmTransfer::SetMaximum(int maximum)
 {
-    progressBar->setMaximum(std::max(maximum, 1)); // 0 would be a wait
+    progressBar->setMaximum(std::max(maximum, 1)); // 0 would show an indeterminate bar
 }
 
 void FmTransfer::SetValue(int value)
@@ -83,7 +83,7 @@ void FmTransfer::SetValue(int value)
     progressBar->setValue(value);
 }
 
-/// Drawn at once: a file may take as long as its time-out, and no events run meanwhile.
+/// Repaints at once: no events are processed during the transfer of a file.
 void FmTransfer::SetLabel(const QString& text)
 {
     Label->setAccessibleName(text);
@@ -92,7 +92,7 @@ void FmTransfer::SetLabel(const QString& text)
     Label->repaint();
 }
 
-void FmTransfer::AskToStop()
+void FmTransfer::RequestStop()
 {
     SetLabel(LngStr(TextId::TransferStopping));
     Transfer().TransferCancel = true;
@@ -101,7 +101,7 @@ void FmTransfer::AskToStop()
 bool FmTransfer::QueryUnload()
 {
     if (jobRuns_)
-        AskToStop();
+        RequestStop();
     return !jobRuns_;
 }
 

@@ -1,4 +1,4 @@
-// link/transfer/FmTransfer.h: shows a job on files while it runs.
+// link/transfer/FmTransfer.h: runs a transfer job and shows its progress.
 #pragma once
 
 #include "app/forms/form.h"
@@ -8,8 +8,8 @@ class QProgressBar;
 
 namespace tarvik {
 
-/// Runs the job `TransferType` once it is on the screen, and closes when the job has ended. Until then Cancel, Escape
-/// and the close button ask the job to stop behind the file in work.
+/// Runs the job `TransferType` once it is visible, and closes when the job has ended. Until then Cancel, Escape and the
+/// close button request the job to stop after the current file.
 class FmTransfer final : public FormBase, private TransferProgress {
     Q_OBJECT
 public:
@@ -27,7 +27,7 @@ private:
     void SetLabel(const QString& text) override;
     void SetMaximum(int maximum) override;
     void SetValue(int value) override;
-    void AskToStop();
+    void RequestStop();
 
     QLabel* Label = nullptr;
     QProgressBar* progressBar = nullptr;

@@ -1,4 +1,4 @@
-// link/transfer/fileDates.h: the dates and locks that files keep when they are copied.
+// link/transfer/fileDates.h: dates and locks of copied files.
 #pragma once
 
 #include "link/classes/model.h"
@@ -8,17 +8,17 @@
 
 namespace tarvik {
 
-/// Whether a file that is fetched keeps its date: the one list of a class has none on the instrument.
+/// True if a downloaded file keeps its date; a single list of a class has none on the instrument.
 bool TransferKeepsDate(FileClass fileClass);
 
-/// Gives a PC file its time of last change (local time), and the read-only attribute if asked. Other times stay. An
-/// invalid date leaves the time as it is, and so does a file that can't be written.
+/// Sets the time of last change of a PC file (local time), and the read-only attribute if asked. The time is left
+/// unchanged if it is invalid or the file can't be written.
 void FileSetPcDate(const QString& path, const QDateTime& date, bool readOnly);
 
-/// Locks or unlocks a file on the instrument. No answer is read.
+/// Locks or unlocks a file on the instrument; reads no answer.
 void TransferSetLock(const QString& name, bool lock);
 
-/// Tells the instrument a file's time, unless that is invalid, and locks it if asked. No answer is read.
+/// Sets the date of a file on the instrument unless it is invalid, and locks it if asked; reads no answer.
 void FileSetInstrDate(const QString& name, const QDateTime& date, bool lock);
 
 } // namespace tarvik

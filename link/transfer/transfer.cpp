@@ -21,7 +21,7 @@ void ListInstr(FileList* list)
         TransferListInstr(*list, FileClasses().FileClassMask);
 }
 
-/// Of a form that isn't open there are no lists, and nothing is done.
+/// Does nothing without the lists of an open form.
 void Upload(FileList* pc, FileList* instr)
 {
     if (pc != nullptr && instr != nullptr)

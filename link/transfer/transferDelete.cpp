@@ -18,8 +18,8 @@ namespace tarvik {
 
 namespace {
 
-/// Of the classes with one folder the instrument keeps folders, and of those with one list the list.
-bool MayDelete(bool isFolder)
+/// The instrument never deletes folders of classes with a fixed folder, nor its single list of a class.
+bool CanDelete(bool isFolder)
 {
     const FileClass fileClass = FileClasses().CurrentFileClass;
     return isFolder ? ModHasInstrFolders(fileClass) : !ModHoldsOneList(fileClass);
@@ -33,18 +33,18 @@ ChannelStatus RemoveFromInstr(const FileListRow& row, bool isFolder)
 TransferNext DeleteInstrRow(const FileListRow& row)
 {
     const bool isFolder = TransferIsFolderRow(row);
-    const bool mayDelete = MayDelete(isFolder);
-    const ChannelStatus err = mayDelete ? RemoveFromInstr(row, isFolder) : ChannelStatus::LinkFailed;
+    const bool canDelete = CanDelete(isFolder);
+    const ChannelStatus err = canDelete ? RemoveFromInstr(row, isFolder) : ChannelStatus::LinkFailed;
     if (err == ChannelStatus::Success)
         return TransferNext::Count;
     if (isFolder)
         MsgOk1(TextId::FolderNotDeleted, row.Text);
     else if (err == ChannelStatus::LinkFailed || err == ChannelStatus::Refused)
         MsgOk1(TextId::InstrumentKeepsFile, row.Key);
-    return mayDelete && ChannelEndIfGone() ? TransferNext::End : TransferNext::Count;
+    return canDelete && ChannelEndIfGone() ? TransferNext::End : TransferNext::Count;
 }
 
-bool HoldsReadOnlyFile(const QString& folder)
+bool HasReadOnlyFile(const QString& folder)
 {
     QDirIterator entries(
         folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
@@ -56,13 +56,13 @@ bool HoldsReadOnlyFile(const QString& folder)
     return false;
 }
 
-/// For good. Nothing of a folder goes that holds a write-protected file.
-void DeleteAtOnce(const QFileInfo& victim)
+/// Bypasses the trash. A folder with a write-protected file is left whole.
+void DeletePermanently(const QFileInfo& entry)
 {
-    const QString path = victim.filePath();
-    if (victim.isSymLink() || !victim.isDir())
-        QFile::remove(path); // of a link only itself
-    else if (!HoldsReadOnlyFile(path))
+    const QString path = entry.filePath();
+    if (entry.isSymLink() || !entry.isDir())
+        QFile::remove(path); // a link itself, not its target
+    else if (!HasReadOnlyFile(path))
         QDir(path).removeRecursively();
 }
 
@@ -70,18 +70,18 @@ TransferNext DeletePcRow(const FileListRow& row)
 {
     const bool isFolder = TransferIsFolderRow(row);
     const QString name = isFolder ? row.Text : row.Key;
-    const QFileInfo victim(PcFilePath(name));
-    const bool isThere = isFolder ? victim.isDir() : victim.isFile();
+    const QFileInfo entry(PcFilePath(name));
+    const bool isThere = isFolder ? entry.isDir() : entry.isFile();
     if (!isThere)
         return TransferNext::Count;
-    if (HasReadOnlyAttribute(victim.filePath())) {
+    if (HasReadOnlyAttribute(entry.filePath())) {
         MsgOk1(TextId::FileIsReadOnly, name);
         return TransferNext::Count;
     }
     if (Program().ShiftDown)
-        DeleteAtOnce(victim);
+        DeletePermanently(entry);
     else
-        (void)FileRecycle(victim.filePath());
+        (void)FileRecycle(entry.filePath());
     TheSeams().PumpEvents();
     return TransferNext::Count;
 }

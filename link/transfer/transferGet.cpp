@@ -18,8 +18,8 @@ namespace {
 
 constexpr int kActiveNames = 1000;
 
-/// The old file goes into the trash. False: the row is left out.
-bool MakeWay(const QString& local, const QString& name)
+/// Moves the old file into the trash after a question. False if the row must be skipped.
+bool ConfirmAndRemoveOld(const QString& local, const QString& name)
 {
     const bool offersAll = !ModHoldsOneList(FileClasses().CurrentFileClass);
     if (!TransferMayReplace(TextId::OverwriteFile, local, offersAll))
@@ -37,7 +37,7 @@ TransferNext GetRow(const FileListRow& row)
         return TransferNext::Pass;
     }
     const QString local = PcFilePath(row.Key);
-    if (QFileInfo(local).isFile() && !MakeWay(local, row.Text))
+    if (QFileInfo(local).isFile() && !ConfirmAndRemoveOld(local, row.Text))
         return TransferNext::Count;
     const FileClass fileClass = FileClasses().CurrentFileClass;
     if (ChannelGet(fileClass, row.Key, local) != ChannelStatus::Success)
@@ -47,7 +47,7 @@ TransferNext GetRow(const FileListRow& row)
     return TransferNext::Count;
 }
 
-/// Empty when no name is free and the user keeps what the last one holds.
+/// Path for the active data set; empty if no name is free and the last file is kept.
 QString FreeActivePath()
 {
     const QString extension = LngStr(TextId::DataSetExtension);

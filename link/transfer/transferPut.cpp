@@ -15,7 +15,7 @@ namespace tarvik {
 
 namespace {
 
-/// The question that replaces a file of a class.
+/// The question before a file of a class is replaced.
 TextNumber<1> QuestionOf(FileClass fileClass)
 {
     switch (fileClass) {
@@ -30,8 +30,8 @@ TextNumber<1> QuestionOf(FileClass fileClass)
     }
 }
 
-/// Asks, and removes the old file of an instrument that would not replace it by itself. False: the row is left out.
-bool MakeWay(const FileListRow& row)
+/// Asks, then removes the old file unless the instrument replaces it itself. False if the row must be skipped.
+bool ConfirmAndRemoveOld(const FileListRow& row)
 {
     const FileClass fileClass = FileClasses().CurrentFileClass;
     const bool holdsOne = ModHoldsOneList(fileClass);
@@ -50,7 +50,7 @@ TransferNext Put(const FileListRow& row, bool replaces)
     const FileClass fileClass = FileClasses().CurrentFileClass;
     switch (ChannelPut(fileClass, PcFilePath(row.Key), row.Key, replaces)) {
     case ChannelStatus::Success:
-        if (ModHasInstrFolders(fileClass)) // the lists of the other classes bear the date of the moment
+        if (ModHasInstrFolders(fileClass)) // other classes have the date of the upload
             FileSetInstrDate(row.Key, TransferRowDate(row), TransferIsLocked(row));
         return TransferNext::Count;
     case ChannelStatus::Refused:
@@ -61,7 +61,7 @@ TransferNext Put(const FileListRow& row, bool replaces)
     }
 }
 
-/// Looked at before the instrument's file goes: what can't be read would leave it with neither.
+/// Checked before the old file is removed: an unreadable file would leave the instrument with neither.
 bool CanBeRead(const QString& local)
 {
     const QFileInfo info(local);
@@ -86,7 +86,7 @@ TransferNext PutRow(const FileListRow& row)
         return TransferNext::Count;
     if (!ModHoldsOneList(fileClass) && !CanBeRead(PcFilePath(row.Key)))
         return ReportLinkFailure() ? TransferNext::End : TransferNext::Count;
-    return MakeWay(row) ? Put(row, true) : TransferNext::Count;
+    return ConfirmAndRemoveOld(row) ? Put(row, true) : TransferNext::Count;
 }
 
 TransferNext PutActiveRow(const FileListRow& row)

@@ -12,7 +12,7 @@ namespace tarvik {
 
 namespace {
 
-/// Taken once: events run while the job does.
+/// Copies, since events are processed during the job.
 std::vector<FileListRow> SelectedRows(const FileList& list)
 {
     std::vector<FileListRow> rows;

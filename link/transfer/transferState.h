@@ -1,4 +1,4 @@
-// link/transfer/transferState.h: which job of transfer.h runs, on which lists, and what shows how far it is.
+// link/transfer/transferState.h: the running job of transfer.h, its lists and its progress display.
 #pragma once
 
 #include "app/platform/port.h"
@@ -22,7 +22,7 @@ enum class TransferJob : qint16 {
 };
 using enum TransferJob;
 
-/// What a job shows while it runs.
+/// Shows the progress of a job.
 class TransferProgress {
 public:
     virtual void SetLabel(const QString& text) = 0;

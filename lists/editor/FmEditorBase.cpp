@@ -311,7 +311,7 @@ bool FmEditorBase::Validate()
         return false;
     }
     if (TbName->text().isEmpty()) {
-        MsgOk1(TextId::ListNameMissing, LngStr(ModCaption(CaptionNoun)));
+        MsgOk1(TextId::ListNameMissing, LngStr(ModCaption(CaptionSlot::Noun)));
         return false;
     }
     return grid_->Commit() && grid_->CheckPage() && ValidateRows();

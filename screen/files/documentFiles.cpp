@@ -23,11 +23,11 @@ public:
     {
         if (ImgSave(path, kind, static_cast<WindowId>(window)))
             return PictureSaved::Written;
-        return kind == ImageKind::Metafile ? PictureSaved::FailedAndTold : PictureSaved::Failed;
+        return kind == ImageKind::Metafile ? PictureSaved::FailedAndReported : PictureSaved::Failed;
     }
 
     /// What is composed is the stretched copy, which is as large as the window came out: beside others, or maximised.
-    void ToOwnSize(int window) override
+    void UseOwnSize(int window) override
     {
         const auto id = static_cast<WindowId>(window);
         ScreenRecord* record = ScreenOf(id);

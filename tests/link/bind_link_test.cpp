@@ -17,7 +17,7 @@ namespace tarvik {
 
 namespace {
 
-/// The link as the composition binds it, without a frame.
+/// The link bound as by the composition, without a frame.
 class BoundLink : public FormTest {
 protected:
     BoundLink()
@@ -38,7 +38,7 @@ protected:
         return form == nullptr ? QString() : form->objectName();
     }
 
-    /// Closes the form of that name when it comes up.
+    /// Closes the form `name` once it is shown.
     void CloseWhenShown(const QString& name)
     {
         QTimer::singleShot(0, qApp, [this, name] {
@@ -59,7 +59,7 @@ protected:
 
 } // namespace
 
-TEST_F(BoundLink, CommandOpensTheConnections)
+TEST_F(BoundLink, CommandOpensConnections)
 {
     CloseWhenShown("FmConnect");
     EXPECT_TRUE(CommandRun(Command::Connect));
@@ -75,7 +75,7 @@ TEST_F(BoundLink, StartReconnects)
     EXPECT_TRUE(CanAct());
 }
 
-TEST_F(BoundLink, StartOffersTheConnectionsAfterAFailure)
+TEST_F(BoundLink, StartOffersConnectionsAfterFailure)
 {
     Program().ConnectedAtExit = true;
     fake.Answer("Connect", ChannelStatus::LinkFailed);
@@ -85,7 +85,7 @@ TEST_F(BoundLink, StartOffersTheConnectionsAfterAFailure)
     EXPECT_EQ(shown, QStringList{ "FmConnect" });
 }
 
-TEST_F(BoundLink, HelpIsRefusedWhileAConnectRuns)
+TEST_F(BoundLink, HelpIsRefusedDuringConnect)
 {
     FakeHelp help;
     Connection().ConnectInProgress = true;

@@ -36,7 +36,7 @@ public:
         Kinds.append(kind);
         return Outcome;
     }
-    void ToOwnSize(int window) override
+    void UseOwnSize(int window) override
     {
         OwnSize.append(QStringLiteral("own %1 after %2").arg(window).arg(Log.value(Log.size() - 1)));
     }

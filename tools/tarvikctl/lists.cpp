@@ -20,7 +20,7 @@ namespace {
 constexpr std::array kListClasses{ FileClassAntennaList, FileClassKfactorTable, FileClassMemoryList,
     FileClassSuppressList, FileClassCorrectionSet };
 
-/// The family whose binary form bears this extension.
+/// The family whose binary form has this extension.
 FileClass ClassOfExtension(const QString& path)
 {
     const auto* const found = std::find_if(kListClasses.begin(), kListClasses.end(),
@@ -28,14 +28,14 @@ FileClass ClassOfExtension(const QString& path)
     return found == kListClasses.end() ? FileClassUnknown : *found;
 }
 
-/// Noun of a family as messages use it.
+/// Noun of a family, as in messages.
 QString FamilyNoun(FileClass fileClass)
 {
     ModFileInit(fileClass);
-    return LngStr(ModCaption(CaptionNoun));
+    return LngStr(ModCaption(CaptionSlot::Noun));
 }
 
-/// Loads a file of a family that has no rows to show here. The store's word is shown when it refuses the file.
+/// Loads a file of a family whose rows can't be shown. Reports the status of the list store if it refuses the file.
 bool LoadThroughStore(FileClass fileClass, const QString& path)
 {
     const QByteArray bytes = ModulePath(path);
@@ -59,8 +59,8 @@ bool LoadThroughStore(FileClass fileClass, const QString& path)
     return status == 0;
 }
 
-/// Reads a CSV file by its first line. A line without any list's keyword is read as that of a memory list, whose
-/// reader then says what is wrong with it.
+/// Reads a CSV file by its first line. Without the keyword of a list it is read as a memory list, whose reader then
+/// reports the error.
 bool ReadCsv(const QString& path, MemoryTable& table, Terminal& terminal)
 {
     const FileClass type = ListTypeOfFile(path);
@@ -100,7 +100,7 @@ void Check(const QString& path, Terminal& terminal)
     }
     SetEditorType(binary);
     if (ListFileExists(path) && LoadThroughStore(binary, path))
-        TerminalWrite(stdout, path + QStringLiteral(": ") + LngStr(ModCaption(CaptionEditor)) + u'\n');
+        TerminalWrite(stdout, path + QStringLiteral(": ") + LngStr(ModCaption(CaptionSlot::Editor)) + u'\n');
 }
 
 void Show(const CtlArguments& arguments, Terminal& terminal)

@@ -1,4 +1,4 @@
-// The channel in the program's types: which operation, argument order and time-out each file class has.
+// The channel in the program's types: operation, argument order and time-out of each file class.
 #include "link/channel/channel.h"
 
 #include "link/classes/model.h"
@@ -21,7 +21,7 @@ protected:
 
 struct ClassRow {
     FileClass Class;
-    const char* Noun; ///< inside the names of the operations
+    const char* Noun; ///< in the names of the operations
     int TimeoutMs;
     int ReplaceTimeoutMs;
 };
@@ -38,7 +38,7 @@ constexpr ClassRow kClassRows[] = {
 
 } // namespace
 
-TEST_F(ChannelCalls, GetAndPutUseTheOperationAndTimeOutOfTheClass)
+TEST_F(ChannelCalls, GetAndPutUseOperationAndTimeoutOfClass)
 {
     for (const ClassRow& row : kClassRows) {
         fake_.Log.clear();
@@ -53,7 +53,7 @@ TEST_F(ChannelCalls, GetAndPutUseTheOperationAndTimeOutOfTheClass)
     }
 }
 
-TEST_F(ChannelCalls, WalkUsesTheStartOperationOfTheClass)
+TEST_F(ChannelCalls, WalkUsesStartOperationOfClass)
 {
     for (const ClassRow& row : kClassRows) {
         fake_.Log.clear();
@@ -65,7 +65,7 @@ TEST_F(ChannelCalls, WalkUsesTheStartOperationOfTheClass)
     }
 }
 
-TEST_F(ChannelCalls, WalkDeliversRowsUpToTheLast)
+TEST_F(ChannelCalls, WalkReturnsRowsUpToLast)
 {
     fake_.Rows = { { QStringLiteral("Müller \"1\".png"), ChannelRowType::File, false, 2026, 11, 21, 6, 5, 4 },
         { QStringLiteral("Old"), ChannelRowType::Folder, false, 1999, 1, 2, 0, 0, 0 } };
@@ -82,7 +82,7 @@ TEST_F(ChannelCalls, WalkDeliversRowsUpToTheLast)
     EXPECT_TRUE(row.Last);
 }
 
-TEST_F(ChannelCalls, RemoveAndFindKnowTheFamiliesWithFoldersOfTheirOwn)
+TEST_F(ChannelCalls, RemoveAndFindUseOperationsOfFamiliesWithOwnFolder)
 {
     fake_.Exists[QStringLiteral("n")] = { ChannelPresence::Exists, ChannelRowType::Folder };
     const std::pair<FileClass, const char*> rows[] = { { FileClassKfactorTable, "KfactorTable" },
@@ -100,7 +100,7 @@ TEST_F(ChannelCalls, RemoveAndFindKnowTheFamiliesWithFoldersOfTheirOwn)
     }
 }
 
-TEST_F(ChannelCalls, NameThatTheInstrumentCannotSpellIsNeverSent)
+TEST_F(ChannelCalls, NameOutsideWindows1252IsNeverSent)
 {
     const QString name = QStringLiteral("частота.tvm");
     ChannelFound found;
@@ -114,7 +114,7 @@ TEST_F(ChannelCalls, NameThatTheInstrumentCannotSpellIsNeverSent)
     EXPECT_TRUE(fake_.Log.isEmpty());
 }
 
-TEST_F(ChannelCalls, ConnectPassesModeAddressPortAndTimeOut)
+TEST_F(ChannelCalls, ConnectPassesModeAddressPortAndTimeout)
 {
     QString identification;
     EXPECT_EQ(ChannelConnect(QStringLiteral("172.17.75.1"), 5555, identification), ChannelStatus::Success);
@@ -123,7 +123,7 @@ TEST_F(ChannelCalls, ConnectPassesModeAddressPortAndTimeOut)
     EXPECT_TRUE(ChannelIsUp());
 }
 
-TEST_F(ChannelCalls, OnlyALinkThatIsGoneIsEnded)
+TEST_F(ChannelCalls, OnlyLostLinkIsDisconnected)
 {
     EXPECT_FALSE(ChannelEndIfGone());
     EXPECT_TRUE(ChannelIsUp());
@@ -135,7 +135,7 @@ TEST_F(ChannelCalls, OnlyALinkThatIsGoneIsEnded)
             { QStringLiteral("CheckConnection"), QStringLiteral("CheckConnection"), QStringLiteral("Disconnect") }));
 }
 
-TEST_F(ChannelCalls, ActiveDataSetAndStreamHaveTimeOutsOfTheirOwn)
+TEST_F(ChannelCalls, ActiveDataSetAndStreamHaveOwnTimeouts)
 {
     EXPECT_EQ(ChannelGetActive(Local()), ChannelStatus::Success);
     EXPECT_EQ(ChannelPutActive(Local()), ChannelStatus::Success);
@@ -146,14 +146,14 @@ TEST_F(ChannelCalls, ActiveDataSetAndStreamHaveTimeOutsOfTheirOwn)
             QStringLiteral("GetFileFromStream %1 5000").arg(Local()) }));
 }
 
-TEST_F(ChannelCalls, StatusOfTheChannelIsTheAnswer)
+TEST_F(ChannelCalls, StatusOfChannelIsReturned)
 {
     fake_.Answer(QStringLiteral("GetFile"), ChannelStatus::LocalFile);
     EXPECT_EQ(ChannelGet(FileClassScreenShot, QStringLiteral("r"), Local()), ChannelStatus::LocalFile);
     EXPECT_FALSE(QFile::exists(Local()));
 }
 
-TEST(ChannelWords, StatusOutsideTheFourIsAFailureOfNoKind)
+TEST(ChannelWords, StatusOutsideRangeIsUnknown)
 {
     EXPECT_EQ(ChannelStatusOf(0), ChannelStatus::Success);
     EXPECT_EQ(ChannelStatusOf(1), ChannelStatus::LinkFailed);
@@ -163,7 +163,7 @@ TEST(ChannelWords, StatusOutsideTheFourIsAFailureOfNoKind)
         EXPECT_EQ(ChannelStatusOf(static_cast<qint16>(word)), ChannelStatus::Unknown) << word;
 }
 
-TEST(ChannelWords, RowOutsideFileAndFolderIsOther)
+TEST(ChannelWords, RowTypeOutsideRangeIsOther)
 {
     EXPECT_EQ(ChannelRowTypeOf(0), ChannelRowType::File);
     EXPECT_EQ(ChannelRowTypeOf(1), ChannelRowType::Folder);
@@ -171,7 +171,7 @@ TEST(ChannelWords, RowOutsideFileAndFolderIsOther)
         EXPECT_EQ(ChannelRowTypeOf(static_cast<qint16>(word)), ChannelRowType::Other) << word;
 }
 
-TEST(ChannelWords, PresenceOutsideNoAndYesIsUnknown)
+TEST(ChannelWords, PresenceOutsideRangeIsUnknown)
 {
     EXPECT_EQ(ChannelPresenceOf(0), ChannelPresence::Missing);
     EXPECT_EQ(ChannelPresenceOf(1), ChannelPresence::Exists);
@@ -179,7 +179,7 @@ TEST(ChannelWords, PresenceOutsideNoAndYesIsUnknown)
         EXPECT_EQ(ChannelPresenceOf(static_cast<qint16>(word)), ChannelPresence::Unknown) << word;
 }
 
-TEST_F(ChannelCalls, WordThatNoChannelShouldAnswerIsAFailure)
+TEST_F(ChannelCalls, UndefinedStatusWordIsUnknown)
 {
     fake_.Answer(QStringLiteral("GetFile"), static_cast<ChannelStatus>(9));
     EXPECT_EQ(ChannelGet(FileClassScreenShot, QStringLiteral("r"), Local()), ChannelStatus::Unknown);

@@ -23,7 +23,7 @@ protected:
             ChannelConnect(QStringLiteral("127.0.0.1"), instrument_->Port(), identification_), ChannelStatus::Success);
     }
 
-    /// Names of a walk, folders with a line behind.
+    /// Names of a walk, folders followed by "|".
     static QStringList Walk(FileClass fileClass)
     {
         QStringList names;
@@ -74,7 +74,7 @@ TEST_F(ChannelToInstrument, WalksFoldersAndFamilies)
     EXPECT_TRUE(ChannelIsUp());
 }
 
-TEST_F(ChannelToInstrument, MovesFilesBothWays)
+TEST_F(ChannelToInstrument, TransfersFilesBothWays)
 {
     Connect();
     const QString local = FilePath(QStringLiteral("list"));
@@ -90,7 +90,7 @@ TEST_F(ChannelToInstrument, MovesFilesBothWays)
     EXPECT_EQ(Contents(FilePath(QStringLiteral("active"))), list);
 }
 
-TEST_F(ChannelToInstrument, MakesRenamesFindsAndRemoves)
+TEST_F(ChannelToInstrument, CreatesRenamesFindsAndRemoves)
 {
     Connect();
     ASSERT_EQ(ChannelSetDirectory(kScreenShots), ChannelStatus::Success);
@@ -105,7 +105,7 @@ TEST_F(ChannelToInstrument, MakesRenamesFindsAndRemoves)
     EXPECT_TRUE(ChannelIsUp());
 }
 
-TEST_F(ChannelToInstrument, ARefusedCommandNobodyAskedAboutIsNotTakenForTheNextOnes)
+TEST_F(ChannelToInstrument, UnreadRefusalDoesNotFailNextCommand)
 {
     Connect();
     ASSERT_EQ(ChannelSetDirectory(kScreenShots), ChannelStatus::Success);
@@ -114,7 +114,7 @@ TEST_F(ChannelToInstrument, ARefusedCommandNobodyAskedAboutIsNotTakenForTheNextO
     EXPECT_EQ(ChannelCreateDirectory(QStringLiteral("new")), ChannelStatus::Success);
 }
 
-TEST_F(ChannelToInstrument, LocksHold)
+TEST_F(ChannelToInstrument, LockedFileIsNotRemoved)
 {
     Connect();
     ASSERT_EQ(ChannelSetDirectory(kScreenShots), ChannelStatus::Success);
@@ -133,7 +133,7 @@ TEST_F(ChannelToInstrument, FetchesTheDisplay)
     EXPECT_TRUE(Contents(local).startsWith("\x89PNG"));
 }
 
-TEST_F(ChannelToInstrument, AnInstrumentThatIsSwitchedOffIsGone)
+TEST_F(ChannelToInstrument, DetectsInstrumentSwitchedOff)
 {
     Connect();
     instrument_->Kill();
@@ -144,12 +144,12 @@ TEST_F(ChannelToInstrument, AnInstrumentThatIsSwitchedOffIsGone)
     EXPECT_EQ(Contents(local), "old");
 }
 
-TEST_F(ChannelToInstrument, FaultsAreNoticed)
+TEST_F(ChannelToInstrument, DetectsFaults)
 {
     const QString local = FilePath(QStringLiteral("list"));
     Store(local, "old");
     for (const char* kind : { "drop=3", "garbage=3", "refuse=3" }) {
-        // The third command behind *IDN? and *CLS.
+        // The third command, after *IDN? and *CLS.
         Connect({ QStringLiteral("--fault"), QString::fromLatin1(kind) });
         const ChannelStatus expected = kind[0] == 'r' ? ChannelStatus::Refused : ChannelStatus::LinkFailed;
         EXPECT_EQ(ChannelGet(FileClassMemoryList, QStringLiteral("Marine-VHF.tvm"), local), expected) << kind;

@@ -14,10 +14,10 @@ TEST_F(Model, ClassSetsItsMaskAndCaptions)
     ModFileInit(FileClassMemoryList);
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);
     EXPECT_EQ(FileClasses().FileClassMask, 8);
-    EXPECT_EQ(ModCaption(CaptionHintEdit), 12463);
-    EXPECT_EQ(ModCaption(CaptionNoun), 12469);
-    EXPECT_EQ(ModCaption(CaptionHelpSelect), 12472);
-    EXPECT_EQ(ModCaption(CaptionEditor), 10763);
+    EXPECT_EQ(ModCaption(CaptionSlot::HintEdit), 12463);
+    EXPECT_EQ(ModCaption(CaptionSlot::Noun), 12469);
+    EXPECT_EQ(ModCaption(CaptionSlot::HelpSelect), 12472);
+    EXPECT_EQ(ModCaption(CaptionSlot::Editor), 10763);
 }
 
 TEST_F(Model, ClassesHaveFixedNumbers)
@@ -36,15 +36,15 @@ TEST_F(Model, EveryClassHasItsOwnCaptions)
         EXPECT_EQ(FileClasses().FileClassMask, 1 << FileClassNumber(fileClass));
         for (int slot = 1; slot <= 10; ++slot)
             EXPECT_EQ(ModCaption(static_cast<CaptionSlot>(slot)), first[FileClassNumber(fileClass) - 1] + slot - 1);
-        EXPECT_EQ(ModCaption(CaptionEditor), editor[FileClassNumber(fileClass) - 1]);
+        EXPECT_EQ(ModCaption(CaptionSlot::Editor), editor[FileClassNumber(fileClass) - 1]);
     }
 }
 
-TEST_F(Model, ScreenShotsKeepTheEditorCaption)
+TEST_F(Model, ScreenShotsKeepEditorCaption)
 {
     ModFileInit(FileClassAntennaList);
     ModFileInit(FileClassScreenShot);
-    EXPECT_EQ(ModCaption(CaptionEditor), 10753);
+    EXPECT_EQ(ModCaption(CaptionSlot::Editor), 10753);
 }
 
 TEST_F(Model, UnknownClassHasNoTexts)
@@ -54,8 +54,8 @@ TEST_F(Model, UnknownClassHasNoTexts)
         ModFileInit(static_cast<FileClass>(number));
         EXPECT_EQ(FileClasses().CurrentFileClass, FileClassUnknown);
         EXPECT_EQ(FileClasses().FileClassMask, 4);
-        EXPECT_EQ(ModCaption(CaptionNoun), 0);
-        EXPECT_EQ(ModCaption(CaptionEditor), 0);
+        EXPECT_EQ(ModCaption(CaptionSlot::Noun), 0);
+        EXPECT_EQ(ModCaption(CaptionSlot::Editor), 0);
     }
 }
 
@@ -90,7 +90,7 @@ TEST_F(Model, EveryClassMatchesItsOwnExtension)
     }
 }
 
-TEST_F(Model, FoldersOfScreenShotsLiveForOneRun)
+TEST_F(Model, FoldersOfScreenShotsAreNotStored)
 {
     FileClasses().PcPaths[FileClassScreenShot] = "/shots";
     FileClasses().InstrPaths[FileClassScreenShot] = "\\Shots";
@@ -101,7 +101,7 @@ TEST_F(Model, FoldersOfScreenShotsLiveForOneRun)
     EXPECT_FALSE(Contents(FilePath("x.ini")).contains("PathSs"));
 }
 
-TEST_F(Model, FolderThatIsGoneIsReplacedAtTheNextExit)
+TEST_F(Model, MissingFolderIsReplacedAtNextExit)
 {
     Store(FilePath("x.ini"), "[File]\nPcPathMl=/gone/for/good\nInstrPathMl=\n");
     ModLoadPaths(FilePath("x.ini"));

@@ -17,19 +17,19 @@ protected:
 
 } // namespace
 
-TEST_F(TextRules, ANameTakesLettersDigitsAndTheSafeCharacters)
+TEST_F(TextRules, NameTakesLettersDigitsAndSafeCharacters)
 {
     EXPECT_TRUE(ValidNameChars("ABCXYZabcxyz0189"));
     EXPECT_TRUE(ValidNameChars(" -+_=&~()[]"));
 }
 
-TEST_F(TextRules, ANameRefusesEveryOtherCharacter)
+TEST_F(TextRules, NameRefusesEveryOtherCharacter)
 {
     for (const char16_t character : u"./\\:*?\"<>|;,'#%!@\u00e4\u20ac\t")
         EXPECT_FALSE(ValidNameChars(QStringLiteral("a") + QChar(character)));
 }
 
-TEST_F(TextRules, ANameHasOneTo32Characters)
+TEST_F(TextRules, NameHasOneTo32Characters)
 {
     EXPECT_FALSE(ValidNameChars({}));
     EXPECT_TRUE(ValidNameChars("a"));
@@ -37,7 +37,7 @@ TEST_F(TextRules, ANameHasOneTo32Characters)
     EXPECT_FALSE(ValidNameChars(QString(33, u'a')));
 }
 
-TEST_F(TextRules, ABadListNameIsReportedWithTheNounOfItsClass)
+TEST_F(TextRules, BadListNameIsReportedWithNounOfClass)
 {
     Answers().Expect(12766, { QStringLiteral("memory list") }, Ok);
     EXPECT_FALSE(ValidListName("a/b"));
@@ -55,7 +55,7 @@ TEST_F(TextRules, NoneIsReservedInAnyCase)
     EXPECT_TRUE(ValidListName("nonE1"));
 }
 
-TEST_F(TextRules, FreeTextMayNotHoldSeparatorsAndQuotes)
+TEST_F(TextRules, FreeTextRefusesSeparatorsAndQuotes)
 {
     for (const char* text : { "a\"b", "a;b", "a'b", "a,b" }) {
         EXPECT_FALSE(ValidText(QString::fromLatin1(text)));

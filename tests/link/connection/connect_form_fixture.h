@@ -1,5 +1,4 @@
-// tests/link/connection/connect_form_fixture.h: what the tests of the connection forms begin with: a USB and two LAN
-// entries, no link.
+// tests/link/connection/connect_form_fixture.h: the connection forms with a USB and two LAN entries, not connected.
 #pragma once
 
 #include "link/connection/connect.h"

@@ -17,7 +17,7 @@ class ConnectForm : public ConnectionForms {
 protected:
     ConnectForm()
     {
-        forms.WhileConnecting = [this] {
+        forms.OnConnecting = [this] {
             tried.append(state.SelectedEntry);
             fake.Connected = connects;
             state.ConnectInProgress = false;
@@ -60,7 +60,7 @@ protected:
         List().setCurrentItem(List().topLevelItem(row));
     }
 
-    /// Runs what follows while the entry form is open above this one.
+    /// Calls `during` once the entry form is open above this one.
     static void InConnection(const std::function<void(QWidget& connection)>& during)
     {
         QTimer::singleShot(0, qApp, [during] {
@@ -106,7 +106,7 @@ TEST_F(ConnectForm, HasItsControls)
     });
 }
 
-TEST_F(ConnectForm, ControlsBearTheirHelpNumbers)
+TEST_F(ConnectForm, ControlsHaveTheirHelpNumbers)
 {
     Run([&] {
         EXPECT_EQ(form.HelpNumber(), 10401);
@@ -121,7 +121,7 @@ TEST_F(ConnectForm, ControlsBearTheirHelpNumbers)
     });
 }
 
-TEST_F(ConnectForm, ShowsTheUsbEntryWithoutEditButtons)
+TEST_F(ConnectForm, ShowsUsbEntryWithoutEditButtons)
 {
     Run([&] {
         EXPECT_EQ(form.windowTitle(), LngStr(10402));
@@ -134,7 +134,7 @@ TEST_F(ConnectForm, ShowsTheUsbEntryWithoutEditButtons)
     });
 }
 
-TEST_F(ConnectForm, ChangeOfTabShowsTheOtherEntries)
+TEST_F(ConnectForm, ChangeOfTabShowsOtherEntries)
 {
     Run([&] {
         ShowLan();
@@ -147,7 +147,7 @@ TEST_F(ConnectForm, ChangeOfTabShowsTheOtherEntries)
     });
 }
 
-TEST_F(ConnectForm, OpensOnTheTabOfTheLastConnection)
+TEST_F(ConnectForm, OpensOnTabOfLastConnection)
 {
     Program().ConnectedAtExit = true;
     state.SelectedEntry = state.LanEntries[1];
@@ -159,7 +159,7 @@ TEST_F(ConnectForm, OpensOnTheTabOfTheLastConnection)
     });
 }
 
-TEST_F(ConnectForm, NineEntriesLeaveNoRoomForAnother)
+TEST_F(ConnectForm, NineEntriesDisableAdd)
 {
     FillAllSlots();
     Run([&] {
@@ -174,7 +174,7 @@ TEST_F(ConnectForm, NineEntriesLeaveNoRoomForAnother)
     });
 }
 
-TEST_F(ConnectForm, NineEntriesLeaveNoRoomWhenItOpensOnThem)
+TEST_F(ConnectForm, NineEntriesDisableAddWhenItOpensOnLan)
 {
     FillAllSlots();
     Program().ConnectedAtExit = true;
@@ -204,7 +204,7 @@ TEST_F(ConnectForm, WhileConnectedOnlyDisconnects)
     });
 }
 
-TEST_F(ConnectForm, ShowsAnIconForTheStateOfEachEntry)
+TEST_F(ConnectForm, ShowsIconForStateOfEachEntry)
 {
     fake.Connected = true;
     state.SelectedEntry = state.LanEntries[1];
@@ -220,7 +220,7 @@ TEST_F(ConnectForm, ShowsAnIconForTheStateOfEachEntry)
     });
 }
 
-TEST_F(ConnectForm, ConnectsToTheSelectedRowAndCloses)
+TEST_F(ConnectForm, ConnectsToSelectedRowAndCloses)
 {
     Run([&] {
         ShowLan();
@@ -241,7 +241,7 @@ TEST_F(ConnectForm, EnterConnects)
     EXPECT_EQ(tried, QStringList{ "Usb:169.254.1.1:5555" });
 }
 
-TEST_F(ConnectForm, StaysOpenForAnotherTryWhenTheConnectFails)
+TEST_F(ConnectForm, StaysOpenWhenConnectFails)
 {
     connects = false;
     Run([&] {
@@ -270,7 +270,7 @@ TEST_F(ConnectForm, EmptyListHasNothingToConnectEditOrRemove)
     EXPECT_EQ(state.SelectedEntry, "Kept:10.0.0.1:1");
 }
 
-TEST_F(ConnectForm, AddOpensAnEmptyEntry)
+TEST_F(ConnectForm, AddOpensEmptyEntry)
 {
     state.SelectedEntry = state.LanEntries[0];
     Run([&] {
@@ -288,7 +288,7 @@ TEST_F(ConnectForm, AddOpensAnEmptyEntry)
     });
 }
 
-TEST_F(ConnectForm, RoomIsCountedInTheListAsLastShown)
+TEST_F(ConnectForm, RoomIsCountedInListAsLastShown)
 {
     FillAllSlots();
     state.LanEntries[8].clear();
@@ -304,7 +304,7 @@ TEST_F(ConnectForm, RoomIsCountedInTheListAsLastShown)
     });
 }
 
-TEST_F(ConnectForm, EditOpensTheSelectedEntry)
+TEST_F(ConnectForm, EditOpensSelectedEntry)
 {
     Run([&] {
         ShowLan();
@@ -321,7 +321,7 @@ TEST_F(ConnectForm, EditOpensTheSelectedEntry)
     });
 }
 
-TEST_F(ConnectForm, DoubleClickEditsOnTheLanTabOnly)
+TEST_F(ConnectForm, DoubleClickEditsOnLanTabOnly)
 {
     Run([&] {
         const auto doubleClick = [this](int row) {
@@ -345,7 +345,7 @@ TEST_F(ConnectForm, DoubleClickEditsOnTheLanTabOnly)
     });
 }
 
-TEST_F(ConnectForm, RemoveTakesTheEntryAndKeepsTheChoice)
+TEST_F(ConnectForm, RemoveDropsEntryAndKeepsSelectedEntry)
 {
     state.SelectedEntry = state.LanEntries[0];
     Run([&] {
@@ -357,7 +357,7 @@ TEST_F(ConnectForm, RemoveTakesTheEntryAndKeepsTheChoice)
     EXPECT_EQ(state.LanEntries[1], "");
 }
 
-TEST_F(ConnectForm, NeitherClosesNorHelpsWhileAConnectRuns)
+TEST_F(ConnectForm, NeitherClosesNorShowsHelpDuringConnect)
 {
     Run([&] {
         state.ConnectInProgress = true;
@@ -379,7 +379,7 @@ TEST_F(ConnectForm, EscapeClosesIt)
     EXPECT_TRUE(fake.Log.isEmpty());
 }
 
-TEST_F(ConnectForm, GoesWhenTheProgramIsToEnd)
+TEST_F(ConnectForm, ClosesWithProgram)
 {
     Run([&] {
         EXPECT_TRUE(form.GoesWithProgram());

@@ -3,10 +3,10 @@
 #include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
-#include "closed/loader.h"
 #include "tests/link/connection/fakeConnectForms.h"
 #include "tests/support/fakeChannel.h"
 #include "tests/support/fixture.h"
+#include "tests/support/unbindModule.h"
 
 namespace tarvik {
 
@@ -63,7 +63,7 @@ protected:
 
 } // namespace
 
-TEST_F(ConnectProcedure, TakesItsStepsInOrder)
+TEST_F(ConnectProcedure, RunsStepsInOrder)
 {
     Run();
     EXPECT_EQ(steps,
@@ -73,7 +73,7 @@ TEST_F(ConnectProcedure, TakesItsStepsInOrder)
     EXPECT_TRUE(fake.Connected);
 }
 
-TEST_F(ConnectProcedure, AddressMayBeTypedWithZerosAndBlanks)
+TEST_F(ConnectProcedure, AddressMayContainLeadingZerosAndBlanks)
 {
     Connection().SelectedEntry = "Van: 010.000.00.07 : 80";
     ASSERT_TRUE(conEntryValid(Connection().SelectedEntry));
@@ -91,7 +91,7 @@ TEST_F(ConnectProcedure, IsInProgressUntilItsEnd)
     EXPECT_FALSE(Connection().ConnectInProgress);
 }
 
-TEST_F(ConnectProcedure, KeepsWhatTheInstrumentTells)
+TEST_F(ConnectProcedure, StoresIdentification)
 {
     Answer("TARVIK,TR-100, 00123 ,4.31.7 build 2");
     EXPECT_EQ(Connection().InstrumentAccepted, 1);
@@ -127,13 +127,13 @@ TEST_F(ConnectProcedure, ModelIsTrimmedAndMakerIsNot)
     ExpectRefused(" TARVIK,TR-100,1,1", LngStr(10434) + " TARVIK TR-100");
 }
 
-TEST_F(ConnectProcedure, CaseCounts)
+TEST_F(ConnectProcedure, IsCaseSensitive)
 {
     ExpectRefused("Tarvik,TR-100,1,1", LngStr(10434) + "Tarvik TR-100");
     ExpectRefused("TARVIK,tr-100,1,1", LngStr(10434) + "TARVIK tr-100");
 }
 
-TEST_F(ConnectProcedure, OtherModelOfAKnownMakerIsNoted)
+TEST_F(ConnectProcedure, StoresIdentificationOfOtherModel)
 {
     ExpectRefused("TARVIK,TR-900,77,5.5", LngStr(10434) + "TARVIK TR-900");
     EXPECT_EQ(Connection().InstrumentAccepted, 0);
@@ -141,7 +141,7 @@ TEST_F(ConnectProcedure, OtherModelOfAKnownMakerIsNoted)
     EXPECT_DOUBLE_EQ(Connection().InstrumentFirmware, 5.5);
 }
 
-TEST_F(ConnectProcedure, OtherMakerLeavesWhatIsKnownOfTheLastInstrument)
+TEST_F(ConnectProcedure, OtherMakerKeepsPreviousIdentification)
 {
     ExpectRefused("Acme,TR-100,1,1", LngStr(10434) + "Acme TR-100");
     EXPECT_EQ(Connection().InstrumentAccepted, 7);
@@ -156,7 +156,7 @@ TEST_F(ConnectProcedure, AnswerNeedsFourFields)
     EXPECT_EQ(Connection().InstrumentAccepted, 7);
 }
 
-TEST_F(ConnectProcedure, FurtherCommasBelongToTheFourthField)
+TEST_F(ConnectProcedure, FurtherCommasBelongToFourthField)
 {
     Answer("TARVIK,TR-100,1,4.3,option 7");
     EXPECT_EQ(status, LngStr(10423));
@@ -165,10 +165,7 @@ TEST_F(ConnectProcedure, FurtherCommasBelongToTheFourthField)
 
 TEST_F(ConnectProcedure, EmptyFieldsAreNoKnownInstrument)
 {
-    TvLng().LngGetStr = [](int32_t, const char* fallback, char* out, int32_t size) {
-        qstrncpy(out, fallback, static_cast<size_t>(size));
-        return static_cast<int32_t>(qstrlen(out));
-    };
+    UnbindModule(Module::Language); // every text is empty, also the names of makers and models
     Answer(",,,");
     EXPECT_EQ(fake.Count("Disconnect"), 1);
     EXPECT_EQ(Connection().InstrumentAccepted, 7);
@@ -187,7 +184,7 @@ TEST_F(ConnectProcedure, FailedConnectEndsIt)
     EXPECT_EQ(Connection().InstrumentAccepted, 7);
 }
 
-TEST_F(ConnectProcedure, EntryThatIsNoneFailsWithoutATry)
+TEST_F(ConnectProcedure, InvalidEntryFailsWithoutConnecting)
 {
     for (const char* entry :
         { "", "Van", "Van:10.0.0.7", "Van:10.0.0.7:x", "Van:10.0.0.7:", "Van:10.0.0.7:99999", "a:b:10.0.0.7:80" }) {
@@ -206,11 +203,11 @@ protected:
     ConnectStart()
     {
         fake.Connected = false;
-        forms.WhileDialog = [this] {
+        forms.OnDialog = [this] {
             EXPECT_FALSE(Program().Idle);
             shown.append(QStringLiteral("dialog"));
         };
-        forms.WhileConnecting = [this] {
+        forms.OnConnecting = [this] {
             EXPECT_TRUE(Connection().ConnectInProgress);
             shown.append(QStringLiteral("connecting"));
             fake.Connected = connects;
@@ -226,27 +223,27 @@ protected:
 
 } // namespace
 
-TEST_F(ConnectStart, ReconnectsByItself)
+TEST_F(ConnectStart, Reconnects)
 {
     conStart(true);
     EXPECT_EQ(shown, QStringList{ "connecting" });
 }
 
-TEST_F(ConnectStart, OffersTheConnectionsWhenReconnectingFails)
+TEST_F(ConnectStart, OffersConnectionsWhenReconnectingFails)
 {
     connects = false;
     conStart(true);
     EXPECT_EQ(shown, (QStringList{ "connecting", "dialog" }));
 }
 
-TEST_F(ConnectStart, OffersTheConnectionsToWhoWasNotConnected)
+TEST_F(ConnectStart, OffersConnectionsIfNotConnectedBefore)
 {
     conStart(false);
     EXPECT_EQ(shown, QStringList{ "dialog" });
     EXPECT_TRUE(Program().Idle);
 }
 
-TEST_F(ConnectStart, OffersNothingOnceTheProgramIsToEnd)
+TEST_F(ConnectStart, OffersNothingWhileProgramCloses)
 {
     connects = false;
     Program().CloseWished = true;
@@ -254,7 +251,7 @@ TEST_F(ConnectStart, OffersNothingOnceTheProgramIsToEnd)
     EXPECT_EQ(shown, QStringList{ "connecting" });
 }
 
-TEST_F(ConnectStart, AsksNothingWhileTheLinkIsUp)
+TEST_F(ConnectStart, OffersNothingWhileLinkIsUp)
 {
     fake.Connected = true;
     conStart(false);

@@ -3,24 +3,11 @@
 
 #include "app/state/project.h"
 #include "app/text/lang.h"
-#include "closed/loader.h"
+#include "tests/support/fakeChannel.h"
 #include "tests/support/fixture.h"
+#include "tests/support/unbindModule.h"
 
 namespace tarvik {
-
-namespace {
-
-int16_t LinkIsUp()
-{
-    return 0;
-}
-
-int16_t LinkIsDown()
-{
-    return 1;
-}
-
-} // namespace
 
 class Connect : public ProgramTest {
 protected:
@@ -48,7 +35,7 @@ protected:
     }
 };
 
-TEST_F(Connect, MissingKeysTakeTheFactoryAddresses)
+TEST_F(Connect, MissingKeysTakeFactoryAddresses)
 {
     conLoadSettings(FilePath("none.ini"));
     EXPECT_EQ(Lan()[0], "Default:172.17.75.1:5555");
@@ -64,7 +51,7 @@ TEST_F(Connect, EmptyFirstEntryStaysEmpty)
     EXPECT_EQ(Lan()[0], "");
 }
 
-TEST_F(Connect, LoadingPacksTheEntriesAndDropsBadOnes)
+TEST_F(Connect, LoadingPacksEntriesAndDropsBadOnes)
 {
     Load("Connected=1\nipAddressLan0=bad\nipAddressLan3=Van:10.0.0.7:5555\nipAddressLan5=256:256.1.1.1:80\n"
          "ipAddressLan8=Roof:10.0.0.8:80\nipAddressLan9=Ninth:10.0.0.9:80\nipAddressSelected=Roof:10.0.0.8:80\n");
@@ -77,20 +64,27 @@ TEST_F(Connect, LoadingPacksTheEntriesAndDropsBadOnes)
 
 TEST_F(Connect, SavingWritesEveryKeyInOrder)
 {
+    const FakeChannel connected;
     conLoadSettings(FilePath("none.ini"));
-    TvScpi().scpiGetConnected = LinkIsUp;
     EXPECT_EQ(Saved(),
         "[connection]\nConnected=1\nipAddressLan0=Default:172.17.75.1:5555\nipAddressLan1=\nipAddressLan2=\n"
         "ipAddressLan3=\nipAddressLan4=\nipAddressLan5=\nipAddressLan6=\nipAddressLan7=\nipAddressLan8=\n"
         "ipAddressUsb0=USB (only 1 instance):169.254.1.1:5555\nipAddressSelected=\n");
 }
 
-TEST_F(Connect, SavingTellsWhetherTheLinkIsUpNow)
+TEST_F(Connect, SavesCurrentLinkState)
 {
+    FakeChannel disconnected;
+    disconnected.Connected = false;
     Program().ConnectedAtExit = true;
-    TvScpi().scpiGetConnected = LinkIsDown;
     EXPECT_TRUE(Saved().contains("Connected=0\n"));
-    ModulesReset();
+}
+
+TEST_F(Connect, LinkIsDownWithoutChannelModule)
+{
+    const FakeChannel connected;
+    EXPECT_TRUE(ChannelIsUp());
+    UnbindModule(Module::Channel);
     EXPECT_FALSE(ChannelIsUp());
 }
 
@@ -111,13 +105,13 @@ TEST_F(Connect, AddressNeedsFourNumbersUpTo255)
         EXPECT_FALSE(conEntryValid(QStringLiteral("n:%1:80").arg(QLatin1String(address)))) << address;
 }
 
-TEST_F(Connect, PlainAddressHasNeitherZerosInFrontNorBlanks)
+TEST_F(Connect, NormalisedAddressHasNoLeadingZerosOrBlanks)
 {
-    EXPECT_EQ(conPlainAddress("10.0.0.7"), "10.0.0.7");
-    EXPECT_EQ(conPlainAddress("192.168.001.010"), "192.168.1.10");
-    EXPECT_EQ(conPlainAddress(" 10. 0.0 .07 "), "10.0.0.7");
-    EXPECT_EQ(conPlainAddress("010.0.0.256"), "010.0.0.256");
-    EXPECT_EQ(conPlainAddress("rx.local"), "rx.local");
+    EXPECT_EQ(conNormalisedAddress("10.0.0.7"), "10.0.0.7");
+    EXPECT_EQ(conNormalisedAddress("192.168.001.010"), "192.168.1.10");
+    EXPECT_EQ(conNormalisedAddress(" 10. 0.0 .07 "), "10.0.0.7");
+    EXPECT_EQ(conNormalisedAddress("010.0.0.256"), "010.0.0.256");
+    EXPECT_EQ(conNormalisedAddress("rx.local"), "rx.local");
 }
 
 TEST_F(Connect, PortHasAtMostFourDigits)
@@ -126,7 +120,7 @@ TEST_F(Connect, PortHasAtMostFourDigits)
         EXPECT_FALSE(conEntryValid(QStringLiteral("n:1.1.1.1:%1").arg(QLatin1String(port)))) << port;
 }
 
-TEST_F(Connect, AddTakesTheFirstFreeSlotAndSelects)
+TEST_F(Connect, AddTakesFirstFreeSlotAndSelects)
 {
     Lan()[0] = "Van:10.0.0.7:5555";
     Lan()[1] = "rubbish";
@@ -135,7 +129,7 @@ TEST_F(Connect, AddTakesTheFirstFreeSlotAndSelects)
     EXPECT_EQ(Connection().SelectedEntry, "Roof:10.0.0.8:80");
 }
 
-TEST_F(Connect, AddRefusesInvalidEntriesAndAFullTable)
+TEST_F(Connect, AddRefusesInvalidEntriesAndFullTable)
 {
     EXPECT_FALSE(conEntryAdd("Roof", "10.0.0.300", "80"));
     EXPECT_EQ(Lan()[0], "");
@@ -145,7 +139,7 @@ TEST_F(Connect, AddRefusesInvalidEntriesAndAFullTable)
     EXPECT_EQ(Connection().SelectedEntry, "");
 }
 
-TEST_F(Connect, ReplaceChangesTheSelectedEntry)
+TEST_F(Connect, ReplaceChangesSelectedEntry)
 {
     FillAllSlots();
     Connection().SelectedEntry = Lan()[4];
@@ -154,7 +148,7 @@ TEST_F(Connect, ReplaceChangesTheSelectedEntry)
     EXPECT_EQ(Connection().SelectedEntry, "New:10.1.1.1:1");
 }
 
-TEST_F(Connect, ReplaceRefusesInvalidEntriesAndAForeignSelection)
+TEST_F(Connect, ReplaceRefusesInvalidEntriesAndForeignSelection)
 {
     FillAllSlots();
     Connection().SelectedEntry = Lan()[4];
@@ -165,7 +159,7 @@ TEST_F(Connect, ReplaceRefusesInvalidEntriesAndAForeignSelection)
     EXPECT_EQ(Connection().SelectedEntry, "Gone:1.1.1.1:1");
 }
 
-TEST_F(Connect, RemoveEmptiesEverySlotOfTheNameAndPacks)
+TEST_F(Connect, RemoveClearsEverySlotOfNameAndPacks)
 {
     Lan()[0] = "Van:10.0.0.1:1";
     Lan()[1] = "Roof:10.0.0.2:1";
@@ -186,7 +180,7 @@ TEST_F(Connect, RemovedFactoryNameIsFreeAgain)
     EXPECT_TRUE(conEntryAdd("Default", "10.0.0.1", "1"));
 }
 
-TEST_F(Connect, NameIsComparedExactlyAndWithoutTheUsbEntry)
+TEST_F(Connect, NameIsComparedExactlyAndWithoutUsbEntry)
 {
     Lan()[2] = "Van:10.0.0.1:1";
     Connection().UsbEntry = "Usb:169.254.1.1:5555";
@@ -195,7 +189,7 @@ TEST_F(Connect, NameIsComparedExactlyAndWithoutTheUsbEntry)
     EXPECT_TRUE(conNameFree("Usb"));
 }
 
-TEST_F(Connect, RemovingAllEntriesLeavesTheTableEmptyAtTheNextStart)
+TEST_F(Connect, RemovingAllEntriesLeavesTableEmptyAtNextStart)
 {
     conLoadSettings(FilePath("none.ini"));
     conEntryRemove("Default");
@@ -204,13 +198,13 @@ TEST_F(Connect, RemovingAllEntriesLeavesTheTableEmptyAtTheNextStart)
     EXPECT_EQ(Lan()[0], "");
 }
 
-TEST_F(Connect, UsbEntryWithTheFixedAddressIsKept)
+TEST_F(Connect, UsbEntryWithFixedAddressIsKept)
 {
     Load("ipAddressUsb0=My USB:169.254.1.1:80\n");
     EXPECT_EQ(Connection().UsbEntry, "My USB:169.254.1.1:80");
 }
 
-TEST_F(Connect, ForeignUsbAddressLosesItsPortAndComesBackAtTheNextStart)
+TEST_F(Connect, ForeignUsbAddressLosesPortAndIsRestoredAtNextStart)
 {
     Load("ipAddressUsb0=My USB:10.0.0.1:80\n");
     EXPECT_EQ(Connection().UsbEntry, "My USB:169.254.1.1");
@@ -220,7 +214,7 @@ TEST_F(Connect, ForeignUsbAddressLosesItsPortAndComesBackAtTheNextStart)
     EXPECT_EQ(Connection().UsbEntry, "USB (only 1 instance):169.254.1.1:5555");
 }
 
-TEST_F(Connect, OtherUsbKeysAreLeftAlone)
+TEST_F(Connect, OtherUsbKeysAreKept)
 {
     Load("ipAddressUsb1=Second:1.1.1.1:1\n");
     EXPECT_EQ(Connection().UsbEntry, "USB (only 1 instance):169.254.1.1:5555");

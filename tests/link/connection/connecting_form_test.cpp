@@ -13,7 +13,7 @@ namespace tarvik {
 
 namespace {
 
-/// The form runs by itself; tests look at it while it connects and while its outcome stands.
+/// The form runs by itself; tests inspect it while it connects and while it shows the outcome.
 class ConnectingForm : public FormTest {
 protected:
     ConnectingForm()
@@ -42,7 +42,7 @@ protected:
 
 } // namespace
 
-TEST_F(ConnectingForm, ConnectsShowsTheOutcomeAndCloses)
+TEST_F(ConnectingForm, ConnectsShowsOutcomeAndCloses)
 {
     QStringList texts;
     WhileConnecting = [&] { texts.append(TextOf(form, "TbStatus")); };
@@ -56,7 +56,7 @@ TEST_F(ConnectingForm, ConnectsShowsTheOutcomeAndCloses)
     EXPECT_EQ(fake.Log, QStringList{ "Connect 1 10.0.0.7 5555 5000" });
 }
 
-TEST_F(ConnectingForm, FailureCanBeReadBeforeItCloses)
+TEST_F(ConnectingForm, FailureIsShownBeforeItCloses)
 {
     fake.Answer("Connect", ChannelStatus::LinkFailed);
     QString text;
@@ -67,7 +67,7 @@ TEST_F(ConnectingForm, FailureCanBeReadBeforeItCloses)
     EXPECT_TRUE(form.IsClosed());
 }
 
-TEST_F(ConnectingForm, CancelTakesEffectWhenTheConnectHasReturned)
+TEST_F(ConnectingForm, CancelTakesEffectWhenConnectReturns)
 {
     QString text;
     QString debug = "?";
@@ -85,7 +85,7 @@ TEST_F(ConnectingForm, CancelTakesEffectWhenTheConnectHasReturned)
     EXPECT_FALSE(fake.Connected);
 }
 
-TEST_F(ConnectingForm, CancelOfAConnectThatFailsIsToldAsACancel)
+TEST_F(ConnectingForm, CancelOfFailedConnectIsShownAsCancel)
 {
     fake.Answer("Connect", ChannelStatus::LinkFailed);
     QString text;
@@ -102,7 +102,7 @@ TEST_F(ConnectingForm, CancelOfAConnectThatFailsIsToldAsACancel)
     EXPECT_EQ(fake.Count("Disconnect"), 1);
 }
 
-TEST_F(ConnectingForm, CancelDuringTheConnectIsHeardBehindIt)
+TEST_F(ConnectingForm, CancelQueuedDuringConnectTakesEffect)
 {
     QString text;
     WhileConnecting = [&] {
@@ -115,7 +115,7 @@ TEST_F(ConnectingForm, CancelDuringTheConnectIsHeardBehindIt)
     EXPECT_EQ(waitedMs, QList<int>{ 1000 });
 }
 
-TEST_F(ConnectingForm, CancelBeforeTheConnectDoesNotKeepItFromBeingTried)
+TEST_F(ConnectingForm, CancelBeforeConnectDoesNotPreventIt)
 {
     TheSeams().Sleep = [&](int) { Click(form, "BtCancel"); };
     DialogShow(form);
@@ -123,7 +123,7 @@ TEST_F(ConnectingForm, CancelBeforeTheConnectDoesNotKeepItFromBeingTried)
     EXPECT_EQ(waitedMs, QList<int>{ 1000 });
 }
 
-TEST_F(ConnectingForm, CancelWhileTheOutcomeStandsDisconnectsToo)
+TEST_F(ConnectingForm, CancelWhileOutcomeIsShownDisconnects)
 {
     WhileShown = [&] { Click(form, "BtCancel"); };
     DialogShow(form);
@@ -131,7 +131,7 @@ TEST_F(ConnectingForm, CancelWhileTheOutcomeStandsDisconnectsToo)
     EXPECT_FALSE(fake.Connected);
 }
 
-TEST_F(ConnectingForm, SecondRunTakesNothingFromTheFirst)
+TEST_F(ConnectingForm, SecondRunIgnoresCancelOfFirst)
 {
     WhileConnecting = [&] { Click(form, "BtCancel"); };
     DialogShow(form);

@@ -39,7 +39,7 @@ TEST_F(ConnectionForm, HasItsControls)
     });
 }
 
-TEST_F(ConnectionForm, ControlsBearTheirHelpNumbers)
+TEST_F(ConnectionForm, ControlsHaveTheirHelpNumbers)
 {
     Run([&] {
         EXPECT_EQ(form.HelpNumber(), 10436);
@@ -54,7 +54,7 @@ TEST_F(ConnectionForm, ControlsBearTheirHelpNumbers)
     });
 }
 
-TEST_F(ConnectionForm, IsEmptyForANewEntryOrOneThatIsNone)
+TEST_F(ConnectionForm, IsEmptyForNewOrInvalidEntry)
 {
     for (const char* entry : { "", "Van:10.0.0.7", "a:b:c:d" }) {
         state.SelectedEntry = QLatin1String(entry);
@@ -66,7 +66,7 @@ TEST_F(ConnectionForm, IsEmptyForANewEntryOrOneThatIsNone)
     }
 }
 
-TEST_F(ConnectionForm, DefaultFillsInTheAddressOnDelivery)
+TEST_F(ConnectionForm, DefaultFillsInFactoryAddress)
 {
     Run([&] {
         Click(form, "BtDefault");
@@ -111,7 +111,7 @@ TEST_F(ConnectionForm, InvalidAddressOrPortKeepsItOpen)
     EXPECT_EQ(state.LanEntries[2], "New:10.0.0.9:1234");
 }
 
-TEST_F(ConnectionForm, RefusalGoesToTheFieldAtFault)
+TEST_F(ConnectionForm, RefusalMovesFocusToFieldAtFault)
 {
     Run([&] {
         Fill("Van", "10.0.0.9", "5555");
@@ -131,7 +131,7 @@ TEST_F(ConnectionForm, RefusalGoesToTheFieldAtFault)
     });
 }
 
-TEST_F(ConnectionForm, CancelAndEscapeLeaveTheEntryAsItWas)
+TEST_F(ConnectionForm, CancelAndEscapeKeepEntry)
 {
     state.SelectedEntry = state.LanEntries[0];
     Run([&] {
@@ -147,7 +147,7 @@ TEST_F(ConnectionForm, CancelAndEscapeLeaveTheEntryAsItWas)
     EXPECT_EQ(state.SelectedEntry, "Van:10.0.0.7:5555");
 }
 
-TEST_F(ConnectionForm, ShowsALongNameWhole)
+TEST_F(ConnectionForm, ShowsLongNameWhole)
 {
     const QString name(228, u'x');
     state.LanEntries[0] = name + QStringLiteral(":1.1.1.1:1");

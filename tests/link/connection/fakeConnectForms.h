@@ -1,4 +1,4 @@
-// tests/link/connection/fakeConnectForms.h: the forms of the connection without a window.
+// tests/link/connection/fakeConnectForms.h: the connection forms without windows.
 #pragma once
 
 #include "link/connection/connect.h"
@@ -18,15 +18,15 @@ public:
 
     void ShowDialog() override
     {
-        WhileDialog();
+        OnDialog();
     }
     void ShowConnecting() override
     {
-        WhileConnecting();
+        OnConnecting();
     }
 
-    std::function<void()> WhileDialog = [] {};
-    std::function<void()> WhileConnecting = [] {};
+    std::function<void()> OnDialog = [] {};
+    std::function<void()> OnConnecting = [] {};
 };
 
 } // namespace tarvik

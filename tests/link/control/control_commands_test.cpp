@@ -1,4 +1,4 @@
-// What the buttons, keys and boxes of the file control window do.
+// The commands of the file control window: jobs and lists.
 #include "tests/link/control/control_fixture.h"
 
 #include "app/message/message.h"
@@ -24,7 +24,7 @@ QString Job(int type, const QString& status)
 
 } // namespace
 
-TEST_F(ControlJobs, UploadRunsWithButtonsOffAndAStatusText)
+TEST_F(ControlJobs, UploadDisablesButtonsAndShowsStatus)
 {
     OnPc({ "Van.tvm" });
     Open(FileClassMemoryList);
@@ -36,7 +36,7 @@ TEST_F(ControlJobs, UploadRunsWithButtonsOffAndAStatusText)
     EXPECT_FALSE(Program().StatusHold);
 }
 
-TEST_F(ControlJobs, UploadDoesNothingWithoutAFile)
+TEST_F(ControlJobs, UploadDoesNothingWithoutFile)
 {
     OnPc({ "+folder" });
     Open(FileClassMemoryList);
@@ -46,7 +46,7 @@ TEST_F(ControlJobs, UploadDoesNothingWithoutAFile)
     EXPECT_EQ(Asked, QStringList());
 }
 
-TEST_F(ControlJobs, UploadOfSeveralFilesDoesNothingWhereTheInstrumentHoldsOneList)
+TEST_F(ControlJobs, UploadOfSeveralFilesDoesNothingForClassesWithOneList)
 {
     for (const FileClass fileClass : { FileClassAntennaList, FileClassMemoryList, FileClassSuppressList }) {
         OnPc({ "a" + ModGetExtension(fileClass), "b" + ModGetExtension(fileClass) });
@@ -59,7 +59,7 @@ TEST_F(ControlJobs, UploadOfSeveralFilesDoesNothingWhereTheInstrumentHoldsOneLis
     }
 }
 
-TEST_F(ControlJobs, UploadTakesSeveralFilesOfOtherClasses)
+TEST_F(ControlJobs, UploadAcceptsSeveralFilesOfOtherClasses)
 {
     OnPc({ "a.tvc", "b.tvc" });
     Open(FileClassCorrectionSet);
@@ -95,7 +95,7 @@ TEST_F(ControlJobs, DeleteAsksFirst)
     EXPECT_EQ(Asked, QStringList({ "buttons 0", Job(10, kDeleting), "buttons 1", "focus pc", "transfers 1 0" }));
 }
 
-TEST_F(ControlJobs, DeleteOnTheInstrumentHasAJobOfItsOwn)
+TEST_F(ControlJobs, DeleteOnInstrumentRunsItsOwnJob)
 {
     OnInstr({ "a.tvk" });
     Open(FileClassKfactorTable);
@@ -105,7 +105,7 @@ TEST_F(ControlJobs, DeleteOnTheInstrumentHasAJobOfItsOwn)
     EXPECT_EQ(Asked, QStringList({ "buttons 0", Job(9, kDeleting), "buttons 1", "focus instr", "transfers 0 1" }));
 }
 
-TEST_F(ControlJobs, DelKeyOnThePcKeepsTheButtonsAndReadsTheListAgain)
+TEST_F(ControlJobs, DelKeyOnPcKeepsButtonsAndReadsListAgain)
 {
     OnPc({ "a.tvk" });
     Open(FileClassKfactorTable);
@@ -118,7 +118,7 @@ TEST_F(ControlJobs, DelKeyOnThePcKeepsTheButtonsAndReadsTheListAgain)
     EXPECT_EQ(Names(ControlSide::Pc), QStringList());
 }
 
-TEST_F(ControlJobs, DelKeyOnTheInstrumentDisablesTheButtonsWithoutAStatusText)
+TEST_F(ControlJobs, DelKeyOnInstrumentDisablesButtonsWithoutStatus)
 {
     OnInstr({ "a.tvk" });
     Open(FileClassKfactorTable);
@@ -130,7 +130,7 @@ TEST_F(ControlJobs, DelKeyOnTheInstrumentDisablesTheButtonsWithoutAStatusText)
     EXPECT_EQ(Names(ControlSide::Instr), QStringList());
 }
 
-TEST_F(ControlJobs, DelKeyDoesNothingWithoutASelectionOrAfterNo)
+TEST_F(ControlJobs, DelKeyDoesNothingWithoutSelectionOrAfterNo)
 {
     OnPc({ "a.tvk" });
     Open(FileClassKfactorTable);
@@ -141,7 +141,7 @@ TEST_F(ControlJobs, DelKeyDoesNothingWithoutASelectionOrAfterNo)
     EXPECT_EQ(Asked, QStringList());
 }
 
-TEST_F(ControlJobs, DelKeyWithFoldersOnlyReachesTheEngineWhichRefusesThemRowByRow)
+TEST_F(ControlJobs, DelKeyWithFoldersOnlyRunsJobThatRefusesEach)
 {
     Open(FileClassAntennaList);
     TransferAddRow(Control.LvInstr, "Trip", ChannelRowType::Folder, {});
@@ -156,7 +156,7 @@ TEST_F(ControlJobs, DelKeyWithFoldersOnlyReachesTheEngineWhichRefusesThemRowByRo
     EXPECT_EQ(Instrument.Count("Remove"), 0);
 }
 
-TEST_F(ControlJobs, DelKeyWithFoldersOnlyIsAJobOfThePcToo)
+TEST_F(ControlJobs, DelKeyWithFoldersOnlyRunsJobOnPcToo)
 {
     OnPc({ "+folder" });
     Open(FileClassAntennaList);
@@ -166,7 +166,7 @@ TEST_F(ControlJobs, DelKeyWithFoldersOnlyIsAJobOfThePcToo)
     EXPECT_TRUE(Asked.contains(Job(10, {})));
 }
 
-TEST_F(ControlJobs, ButtonsThatAFailedRefreshHasLeftOffStayOff)
+TEST_F(ControlJobs, ButtonsDisabledByFailedRefreshStayDisabled)
 {
     OnPc({ "a.tvk" });
     OnInstr({ "b.tvk" });
@@ -182,7 +182,7 @@ TEST_F(ControlJobs, ButtonsThatAFailedRefreshHasLeftOffStayOff)
     EXPECT_TRUE(ControlMayClose(Control));
 }
 
-TEST_F(ControlLists, SelectAllTakesFilesAndLeavesFolders)
+TEST_F(ControlLists, SelectAllSelectsFilesOnly)
 {
     OnPc({ "a.tvk", "b.tvk", "+folder" });
     Open(FileClassKfactorTable);
@@ -192,7 +192,7 @@ TEST_F(ControlLists, SelectAllTakesFilesAndLeavesFolders)
     EXPECT_EQ(Asked, QStringList({ "focus pc", "transfers 1 0" }));
 }
 
-TEST_F(ControlLists, RefreshReadsThePc)
+TEST_F(ControlLists, RefreshReadsPc)
 {
     Open(FileClassKfactorTable);
     OnPc({ "a.tvk" });
@@ -202,7 +202,7 @@ TEST_F(ControlLists, RefreshReadsThePc)
     EXPECT_EQ(Instrument.Log, QStringList());
 }
 
-TEST_F(ControlLists, RefreshReadsTheInstrumentIfItAnswers)
+TEST_F(ControlLists, RefreshReadsInstrumentIfItAnswers)
 {
     Open(FileClassKfactorTable);
     OnInstr({ "a.tvk" });
@@ -212,7 +212,7 @@ TEST_F(ControlLists, RefreshReadsTheInstrumentIfItAnswers)
     EXPECT_EQ(Instrument.Log.first(), "GetCurrentDirectory");
 }
 
-TEST_F(ControlLists, RefreshLeavesTheButtonsOffWhenTheInstrumentDoesNotAnswer)
+TEST_F(ControlLists, RefreshLeavesButtonsDisabledWithoutAnswer)
 {
     OnPc({ "a.tvk" });
     Open(FileClassKfactorTable);
@@ -226,7 +226,7 @@ TEST_F(ControlLists, RefreshLeavesTheButtonsOffWhenTheInstrumentDoesNotAnswer)
     EXPECT_TRUE(ControlMayClose(Control));
 }
 
-TEST_F(ControlLists, RenameStartsTheEditOfTheSelectedRow)
+TEST_F(ControlLists, RenameEditsSelectedRow)
 {
     OnPc({ "a.tvk", "b.tvk" });
     Open(FileClassKfactorTable);
@@ -237,18 +237,18 @@ TEST_F(ControlLists, RenameStartsTheEditOfTheSelectedRow)
     EXPECT_EQ(Asked, QStringList({ "focus pc", "edit pc 1" }));
 }
 
-TEST_F(ControlLists, RenameMeansTheCurrentRowOfSeveralSelectedOnes)
+TEST_F(ControlLists, RenameUsesCurrentRowIfSelected)
 {
     OnPc({ "a.tvk", "b.tvk", "c.tvk" });
     Open(FileClassKfactorTable);
     Select(ControlSide::Pc, { "a.tvk", "b.tvk" });
     Control.LvPc.CurrentRow = 1;
     EXPECT_EQ(ControlSelectedRow(Control.LvPc), 1);
-    Control.LvPc.CurrentRow = 2; // bears the focus without being selected
+    Control.LvPc.CurrentRow = 2; // has the focus but is not selected
     EXPECT_EQ(ControlSelectedRow(Control.LvPc), 0);
 }
 
-TEST_F(ControlLists, RenameOnTheInstrumentIsForScreenShotsOnly)
+TEST_F(ControlLists, RenameOnInstrumentIsForScreenShotsOnly)
 {
     for (const FileClass fileClass : kFileClasses) {
         const QString name = fileClass == FileClassScreenShot ? QString("a.png") : "a" + ModGetExtension(fileClass);
@@ -263,7 +263,7 @@ TEST_F(ControlLists, RenameOnTheInstrumentIsForScreenShotsOnly)
     }
 }
 
-TEST_F(ControlLists, TheEndOfAnEditRenamesAndReadsTheListAgain)
+TEST_F(ControlLists, EndOfEditRenamesAndReadsListAgain)
 {
     OnPc({ "a.tvc" });
     Open(FileClassCorrectionSet);
@@ -272,7 +272,7 @@ TEST_F(ControlLists, TheEndOfAnEditRenamesAndReadsTheListAgain)
     EXPECT_EQ(Asked, QStringList({ "transfers 0 0" }));
 }
 
-TEST_F(ControlLists, AFileIsNotTakenForAFolderOfTheSameKey)
+TEST_F(ControlLists, FileIsNotMistakenForFolderWithSameKey)
 {
     OnPc({ "+oo.tvc", "Foo.tvc" });
     Open(FileClassCorrectionSet);
@@ -281,7 +281,7 @@ TEST_F(ControlLists, AFileIsNotTakenForAFolderOfTheSameKey)
     EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "oo.tvc", "Bus.tvc" }));
 }
 
-TEST_F(ControlLists, ARefusedNameLeavesTheListAsItIsOnDisk)
+TEST_F(ControlLists, RefusedNameLeavesListAsOnDisk)
 {
     OnPc({ "a.tvc", "b.tvc" });
     Open(FileClassCorrectionSet);
@@ -290,7 +290,7 @@ TEST_F(ControlLists, ARefusedNameLeavesTheListAsItIsOnDisk)
     EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "a.tvc", "b.tvc" }));
 }
 
-TEST_F(ControlLists, TheEndOfAnEditOfARowThatIsGoneDoesNothing)
+TEST_F(ControlLists, EndOfEditOfMissingRowDoesNothing)
 {
     OnPc({ "a.tvc" });
     Open(FileClassCorrectionSet);
@@ -298,7 +298,7 @@ TEST_F(ControlLists, TheEndOfAnEditOfARowThatIsGoneDoesNothing)
     EXPECT_EQ(Asked, QStringList());
 }
 
-TEST_F(ControlLists, RenameOnTheInstrumentReadsTheListAgainWhateverCameOfIt)
+TEST_F(ControlLists, RenameOnInstrumentReadsListAgainEvenIfRefused)
 {
     OnInstr({ "a.png" });
     Open(FileClassScreenShot);
@@ -309,11 +309,11 @@ TEST_F(ControlLists, RenameOnTheInstrumentReadsTheListAgainWhateverCameOfIt)
     EXPECT_EQ(Names(ControlSide::Instr), QStringList({ "a.png" }));
 }
 
-TEST_F(ControlLists, ASortedListIsTurnedRoundByItsNameColumn)
+TEST_F(ControlLists, ClickOnNameColumnReversesSortedList)
 {
     OnPc({ "a.tvk", "b.tvk", "+folder" });
     Open(FileClassKfactorTable);
-    ControlHeaderClick(Control, ControlSide::Pc, FileListName);
+    ControlHeaderClick(Control, ControlSide::Pc, kFileNameColumn);
     EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "b.tvk", "a.tvk", "folder" }));
 }
 

@@ -1,5 +1,5 @@
-// tests/link/control/control_fixture.h: the file control window without its form: an instrument of made-up files, a
-// folder of the PC, and what the window is asked to do written down.
+// tests/link/control/control_fixture.h: the file control window without its form: an instrument with invented files, a
+// PC folder, and a log of what the window is asked to do.
 #pragma once
 
 #include "link/classes/model.h"
@@ -13,7 +13,7 @@
 
 namespace tarvik {
 
-/// What only the view of a list can do, written down.
+/// A list view that logs its calls.
 class FakeListView final : public FileListView {
 public:
     FakeListView(QString side, QStringList& asked)
@@ -42,13 +42,13 @@ class ControlTest : public ProgramTest, private ControlView {
 protected:
     ControlTest();
 
-    /// Loads and activates the window for a class, and forgets what was asked until then.
+    /// Loads and activates the window for a class, then clears the logs.
     void Open(FileClass fileClass);
 
     /// Stores empty files into the PC folder of every class.
     void OnPc(const QStringList& names);
 
-    /// The instrument has these files, or folders where the name begins with "+".
+    /// Puts files on the instrument, or folders if the name starts with "+".
     void OnInstr(const QStringList& names);
 
     void Select(ControlSide side, const QStringList& names);

@@ -1,4 +1,4 @@
-// How the file control window goes from folder to folder, and what it opens.
+// The commands of the file control window: folders, editors, viewer.
 #include "tests/link/control/control_fixture.h"
 #include "tests/link/files/fakeDrives.h"
 #include "tests/support/fakeDocuments.h"
@@ -52,7 +52,7 @@ protected:
 
 } // namespace
 
-TEST_F(ControlFolders, NewFolderOnThePcIsReadyForItsName)
+TEST_F(ControlFolders, NewFolderOnPcIsEdited)
 {
     Open(FileClassKfactorTable);
     ControlNewFolder(Control, ControlSide::Pc);
@@ -60,7 +60,7 @@ TEST_F(ControlFolders, NewFolderOnThePcIsReadyForItsName)
     EXPECT_EQ(Asked, QStringList({ "focus pc", "edit pc 0", "transfers 0 0" }));
 }
 
-TEST_F(ControlFolders, NewFolderOnTheInstrumentShowsTheBusyPointer)
+TEST_F(ControlFolders, NewFolderOnInstrumentShowsBusyPointer)
 {
     Open(FileClassScreenShot);
     ControlNewFolder(Control, ControlSide::Instr);
@@ -68,7 +68,7 @@ TEST_F(ControlFolders, NewFolderOnTheInstrumentShowsTheBusyPointer)
     EXPECT_EQ(Asked, QStringList({ "pointer 1", "focus instr", "edit instr 0", "pointer 0", "transfers 0 0" }));
 }
 
-TEST_F(ControlFolders, OpenEntersTheSelectedFolderOfThePc)
+TEST_F(ControlFolders, OpenEntersSelectedFolderOfPc)
 {
     OnPc({ "+folder", "a.tvk" });
     OnPc({ "folder/b.tvk" });
@@ -83,7 +83,7 @@ TEST_F(ControlFolders, OpenEntersTheSelectedFolderOfThePc)
     EXPECT_EQ(Asked, QStringList({ "pointer 1", "combo pc", "pointer 0", "transfers 0 0" }));
 }
 
-TEST_F(ControlFolders, OpenEntersTheSelectedFolderOfTheInstrument)
+TEST_F(ControlFolders, OpenEntersSelectedFolderOfInstrument)
 {
     OnInstr({ "+Trip" });
     Open(FileClassScreenShot);
@@ -94,7 +94,7 @@ TEST_F(ControlFolders, OpenEntersTheSelectedFolderOfTheInstrument)
     EXPECT_EQ(Control.CmbInstr.Items.back().Text, "Trip");
 }
 
-TEST_F(ControlFolders, UpOnThePcEndsAtTheRoot)
+TEST_F(ControlFolders, UpOnPcEndsAtRoot)
 {
     Open(FileClassKfactorTable);
     ControlFolderUp(Control, ControlSide::Pc);
@@ -108,7 +108,7 @@ TEST_F(ControlFolders, UpOnThePcEndsAtTheRoot)
     EXPECT_EQ(CurrentPcFolder(), "/");
 }
 
-TEST_F(ControlFolders, UpOnTheInstrumentGoesUpAndReadsTheList)
+TEST_F(ControlFolders, UpOnInstrumentGoesUpAndReadsList)
 {
     Open(FileClassScreenShot);
     ControlFolderUp(Control, ControlSide::Instr);
@@ -117,7 +117,7 @@ TEST_F(ControlFolders, UpOnTheInstrumentGoesUpAndReadsTheList)
     EXPECT_EQ(Asked, QStringList({ "combo instr", "transfers 0 0" }));
 }
 
-TEST_F(ControlFolders, UpOnTheInstrumentEndsAtTheRoot)
+TEST_F(ControlFolders, UpOnInstrumentEndsAtRoot)
 {
     Instrument.Directory = "\\";
     Open(FileClassScreenShot);
@@ -126,7 +126,7 @@ TEST_F(ControlFolders, UpOnTheInstrumentEndsAtTheRoot)
     EXPECT_EQ(Instrument.Log, QStringList({ "GetCurrentDirectory" }));
 }
 
-TEST_F(ControlFolders, UpClosesTheWindowWhenTheLinkIsGone)
+TEST_F(ControlFolders, UpClosesWindowWhenLinkIsLost)
 {
     Open(FileClassScreenShot);
     Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
@@ -137,7 +137,7 @@ TEST_F(ControlFolders, UpClosesTheWindowWhenTheLinkIsGone)
     EXPECT_EQ(Asked, QStringList({ "transfers 0 0", "close" }));
 }
 
-TEST_F(ControlFolders, UpKeepsTheWindowWhenTheLinkIsStillThere)
+TEST_F(ControlFolders, UpKeepsWindowWhileLinkIsUp)
 {
     Open(FileClassScreenShot);
     Instrument.Answer("GetCurrentDirectory", ChannelStatus::Refused);
@@ -147,22 +147,22 @@ TEST_F(ControlFolders, UpKeepsTheWindowWhenTheLinkIsStillThere)
     EXPECT_EQ(Asked, QStringList());
 }
 
-TEST_F(ControlFolders, TheFirstDropDownOfThePcTellsThatTheDrivesAreRead)
+TEST_F(ControlFolders, FirstDropDownOfPcShowsThatDrivesAreRead)
 {
     QString status;
     FakeDrives drives;
-    drives.WhileAsked = [&] { status = Frame.Status; };
+    drives.OnRead = [&] { status = Frame.Status; };
     Open(FileClassKfactorTable);
     ControlDropDown(Control, ControlSide::Pc);
     EXPECT_EQ(status, "Reading the drives...");
     EXPECT_EQ(Frame.Status, "");
-    EXPECT_EQ(Control.CmbPc.Tag, FolderComboDrives);
+    EXPECT_EQ(Control.CmbPc.Tag, FolderComboTag::Drives);
     status.clear();
     ControlDropDown(Control, ControlSide::Pc);
     EXPECT_EQ(status, "");
 }
 
-TEST_F(ControlFolders, AChosenFolderOfThePcIsShown)
+TEST_F(ControlFolders, ChosenFolderOfPcIsShown)
 {
     const FakeDrives drives;
     Open(FileClassKfactorTable);
@@ -173,7 +173,7 @@ TEST_F(ControlFolders, AChosenFolderOfThePcIsShown)
     EXPECT_EQ(Asked, QStringList({ "pointer 1", "combo pc", "pointer 0", "transfers 0 0" }));
 }
 
-TEST_F(ControlFolders, AChosenFolderOfTheInstrumentIsShown)
+TEST_F(ControlFolders, ChosenFolderOfInstrumentIsShown)
 {
     Open(FileClassScreenShot);
     ControlDropDown(Control, ControlSide::Instr);
@@ -182,7 +182,7 @@ TEST_F(ControlFolders, AChosenFolderOfTheInstrumentIsShown)
     EXPECT_EQ(Instrument.Count("StartFindAllFiles"), 1);
 }
 
-TEST_F(ControlFolders, AChosenFolderThatIsGoneLeavesTheList)
+TEST_F(ControlFolders, MissingChosenFolderLeavesList)
 {
     Open(FileClassScreenShot);
     ControlDropDown(Control, ControlSide::Instr);
@@ -193,7 +193,7 @@ TEST_F(ControlFolders, AChosenFolderThatIsGoneLeavesTheList)
     EXPECT_TRUE(Asked.contains("combo instr"));
 }
 
-TEST_F(ControlEditors, EditOpensTheSelectedFile)
+TEST_F(ControlEditors, EditOpensSelectedFile)
 {
     OnPc({ "Van.tvm" });
     Open(FileClassMemoryList);
@@ -206,7 +206,7 @@ TEST_F(ControlEditors, EditOpensTheSelectedFile)
     EXPECT_FALSE(MayClose) << "an editor is open";
 }
 
-TEST_F(ControlEditors, EditTellsThatNoFileIsSelected)
+TEST_F(ControlEditors, EditReportsThatNoFileIsSelected)
 {
     OnPc({ "+folder" });
     Open(FileClassMemoryList);
@@ -218,14 +218,14 @@ TEST_F(ControlEditors, EditTellsThatNoFileIsSelected)
     EXPECT_EQ(Asked, QStringList());
 }
 
-TEST_F(ControlEditors, NewOpensAnEmptyEditor)
+TEST_F(ControlEditors, NewOpensEmptyEditor)
 {
     Open(FileClassSuppressList);
     ControlNew(Control);
     EXPECT_EQ(Asked, QStringList({ "buttons 0", "editor 4 ", "buttons 1", "focus pc", "transfers 0 0" }));
 }
 
-TEST_F(ControlEditors, TheClassSurvivesAnEditorThatOpensAnotherOne)
+TEST_F(ControlEditors, FileClassSurvivesEditorOfOtherClass)
 {
     OnPc({ "a.tva" });
     Open(FileClassAntennaList);
@@ -235,7 +235,7 @@ TEST_F(ControlEditors, TheClassSurvivesAnEditorThatOpensAnotherOne)
     EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "a.tva" }));
 }
 
-TEST_F(ControlEditors, ADoubleClickEntersAFolderOrOpensAFile)
+TEST_F(ControlEditors, DoubleClickEntersFolderOrOpensFile)
 {
     OnPc({ "+folder", "Van.tvm" });
     Open(FileClassMemoryList);
@@ -249,7 +249,7 @@ TEST_F(ControlEditors, ADoubleClickEntersAFolderOrOpensAFile)
     EXPECT_EQ(Asked, QStringList());
 }
 
-TEST_F(ControlEditors, ADoubleClickOnAFileOfTheInstrumentDoesNothing)
+TEST_F(ControlEditors, DoubleClickOnFileOfInstrumentDoesNothing)
 {
     OnInstr({ "a.png", "+Trip" });
     Open(FileClassScreenShot);
@@ -259,7 +259,7 @@ TEST_F(ControlEditors, ADoubleClickOnAFileOfTheInstrumentDoesNothing)
     EXPECT_EQ(Instrument.Directory, "\\Public\\Screen Shots\\Trip");
 }
 
-TEST_F(ControlEditors, ADoubleClickOnAScreenShotOpensItsViewer)
+TEST_F(ControlEditors, DoubleClickOnScreenShotOpensViewer)
 {
     OnPc({ "a.png", "b.png" });
     Open(FileClassScreenShot);

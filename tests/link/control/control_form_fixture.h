@@ -1,4 +1,4 @@
-// tests/link/control/control_form_fixture.h: the file control window on the screen, with an instrument of made-up
+// tests/link/control/control_form_fixture.h: the form of the file control window, with an instrument with invented
 // files.
 #pragma once
 
@@ -92,20 +92,20 @@ protected:
         return rows;
     }
 
-    QPoint PlaceOf(const char* name, int row)
+    QPoint CentreOf(const char* name, int row)
     {
         return List(name).visualRect(List(name).model()->index(row, 0)).center();
     }
 
     void ClickRow(const char* name, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        QTest::mouseClick(List(name).viewport(), Qt::LeftButton, modifiers, PlaceOf(name, row));
+        QTest::mouseClick(List(name).viewport(), Qt::LeftButton, modifiers, CentreOf(name, row));
     }
 
     void DoubleClickRow(const char* name, int row)
     {
         ClickRow(name, row);
-        QTest::mouseDClick(List(name).viewport(), Qt::LeftButton, Qt::NoModifier, PlaceOf(name, row));
+        QTest::mouseDClick(List(name).viewport(), Qt::LeftButton, Qt::NoModifier, CentreOf(name, row));
     }
 
     bool IsShown(const QString& name)
@@ -123,7 +123,7 @@ protected:
         return form.findChild<QLineEdit*>("LabelEdit");
     }
 
-    /// The edit closes with one round of events, the rename comes with the next.
+    /// The edit closes in one pass of the event loop, the rename follows in the next.
     void EndLabelEdit()
     {
         QTest::keyClick(LabelEdit(), Qt::Key_Return);

@@ -1,4 +1,4 @@
-// The file control window on the screen: what each class shows, hints, help, its life.
+// The form of the file control window: controls by class, hints, help, opening and closing.
 #include "tests/link/control/control_form_fixture.h"
 
 #include "app/frame/commands.h"
@@ -42,7 +42,7 @@ TEST_F(ControlForm, TabReachesEveryControlInReadingOrder)
     }
 }
 
-TEST_F(ControlForm, NoTwoControlsAnswerToTheSameLetter)
+TEST_F(ControlForm, MnemonicsAreUnique)
 {
     for (const FileClass fileClass : kFileClasses) {
         Open(fileClass);
@@ -71,7 +71,7 @@ TEST_F(ControlForm, ShowsWhatEachClassHas)
     for (const FileClass fileClass : kFileClasses) {
         Open(fileClass);
         const ControlRules rules = ControlRulesOf(fileClass);
-        EXPECT_EQ(form.windowTitle(), LngStr(ModCaption(CaptionControlTitle)));
+        EXPECT_EQ(form.windowTitle(), LngStr(ModCaption(CaptionSlot::ControlTitle)));
         for (const QString& name : kInstrFolderControls)
             EXPECT_EQ(IsShown(name), rules.HasInstrFolders) << fileClass << name.toStdString();
         for (int at = 0; at < kEditButtons; ++at)
@@ -79,21 +79,21 @@ TEST_F(ControlForm, ShowsWhatEachClassHas)
         EXPECT_EQ(IsShown("BtInstrDel"), rules.DeletesOnInstr) << fileClass;
         EXPECT_EQ(IsShown("BtNew"), fileClass != FileClassScreenShot);
         for (const char* list : { "LvPc", "LvInstr" }) {
-            EXPECT_EQ(List(list).isColumnHidden(FileListDate), !rules.HasDates) << fileClass;
-            EXPECT_EQ(List(list).isColumnHidden(FileListTime), !rules.HasDates) << fileClass;
-            EXPECT_TRUE(List(list).isColumnHidden(FileListSort)) << fileClass;
+            EXPECT_EQ(List(list).isColumnHidden(kFileDateColumn), !rules.HasDates) << fileClass;
+            EXPECT_EQ(List(list).isColumnHidden(kFileTimeColumn), !rules.HasDates) << fileClass;
+            EXPECT_TRUE(List(list).isColumnHidden(kFileSortColumn)) << fileClass;
         }
         DialogEnd(form, 1);
     }
 }
 
-TEST_F(ControlForm, NameColumnTakesTheRoomOfTheDates)
+TEST_F(ControlForm, NameColumnFillsRoomOfDates)
 {
     Open(FileClassMemoryList);
-    EXPECT_EQ(List("LvPc").header()->sectionSize(FileListName), List("LvPc").viewport()->width());
+    EXPECT_EQ(List("LvPc").header()->sectionSize(kFileNameColumn), List("LvPc").viewport()->width());
 }
 
-TEST_F(ControlForm, RefreshTakesThePlaceOfDelete)
+TEST_F(ControlForm, RefreshTakesPlaceOfDelete)
 {
     Open(FileClassKfactorTable);
     const int place = FindControl(form, "BtInstrDel").x();
@@ -103,7 +103,7 @@ TEST_F(ControlForm, RefreshTakesThePlaceOfDelete)
     EXPECT_EQ(FindControl(form, "BtInstrRef").x(), place);
 }
 
-TEST_F(ControlForm, OpensWideEnoughForNamesWhereTheScreenHasRoom)
+TEST_F(ControlForm, OpensWideEnoughForNamesIfScreenHasRoom)
 {
     Open(FileClassKfactorTable);
     const QSize room = form.screen()->availableGeometry().size();
@@ -111,7 +111,7 @@ TEST_F(ControlForm, OpensWideEnoughForNamesWhereTheScreenHasRoom)
     EXPECT_EQ(form.width(), std::min(form.sizeHint().width(), most));
 }
 
-TEST_F(ControlForm, PanesShareTheWidth)
+TEST_F(ControlForm, PanesShareWidth)
 {
     Open(FileClassMemoryList);
     form.resize(form.width() + 301, form.height() + 100);
@@ -119,7 +119,7 @@ TEST_F(ControlForm, PanesShareTheWidth)
     EXPECT_NEAR(FindControl(form, "FrPc").width(), FindControl(form, "FrInstr").width(), 1);
 }
 
-TEST_F(ControlForm, ControlsBearTheHelpAndHintsOfTheClass)
+TEST_F(ControlForm, ControlsHaveHelpAndHintsOfClass)
 {
     Open(FileClassMemoryList);
     EXPECT_EQ(form.HelpNumber(), 12468);
@@ -133,7 +133,7 @@ TEST_F(ControlForm, ControlsBearTheHelpAndHintsOfTheClass)
     }
 }
 
-TEST_F(ControlForm, PointerShowsTheHintAndThatOfTheFrameBehindAButton)
+TEST_F(ControlForm, PointerShowsHintOfButtonThenOfPane)
 {
     Open(FileClassMemoryList);
     PointAt(form, "BtUl");
@@ -154,25 +154,25 @@ TEST_F(ControlForm, ListsShowRowsWithDatesAndPictures)
     Open(FileClassKfactorTable);
     const QAbstractItemModel& model = *List("LvInstr").model();
     ASSERT_EQ(model.rowCount(), 1);
-    EXPECT_EQ(model.index(0, FileListName).data().toString(), "a.tvk");
-    EXPECT_EQ(model.index(0, FileListDate).data().toString(), "31/03/26");
-    EXPECT_EQ(model.index(0, FileListTime).data().toString(), "00:00:00");
-    EXPECT_FALSE(model.index(0, FileListName).data(Qt::DecorationRole).value<QIcon>().isNull());
-    EXPECT_EQ(model.headerData(FileListName, Qt::Horizontal).toString(), "Name");
-    EXPECT_EQ(model.headerData(FileListDate, Qt::Horizontal).toString(), "Date");
+    EXPECT_EQ(model.index(0, kFileNameColumn).data().toString(), "a.tvk");
+    EXPECT_EQ(model.index(0, kFileDateColumn).data().toString(), "31/03/26");
+    EXPECT_EQ(model.index(0, kFileTimeColumn).data().toString(), "00:00:00");
+    EXPECT_FALSE(model.index(0, kFileNameColumn).data(Qt::DecorationRole).value<QIcon>().isNull());
+    EXPECT_EQ(model.headerData(kFileNameColumn, Qt::Horizontal).toString(), "Name");
+    EXPECT_EQ(model.headerData(kFileDateColumn, Qt::Horizontal).toString(), "Date");
 }
 
-TEST_F(ControlForm, ClosesAtOnceWithoutAnAnswerOfTheInstrument)
+TEST_F(ControlForm, ClosesAtOnceWithoutAnswer)
 {
     Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
     Answers().Expect(12703, Ok);
     ModFileInit(FileClassMemoryList);
-    DialogShow(form); // comes back by itself
+    DialogShow(form); // closes by itself
     EXPECT_TRUE(form.IsClosed());
     EXPECT_EQ(Instrument.Count("StartFind"), 0);
 }
 
-TEST_F(ControlForm, ClosesByItsButtonAndRemembersTheFolders)
+TEST_F(ControlForm, ClosesByButtonAndRemembersFolders)
 {
     Open(FileClassMemoryList);
     Click(form, "BtClose");
@@ -192,7 +192,7 @@ TEST_F(ControlForm, HelpButtonsShowTopicAndEnterWhatsThis)
     EXPECT_EQ(Frame.WhatsThis, 1);
 }
 
-TEST_F(ControlForm, AJobRunsWithTheButtonsOffAndGivesTheFocusBack)
+TEST_F(ControlForm, JobDisablesButtonsAndRestoresFocus)
 {
     OnPc({ "a.tvk" });
     Open(FileClassKfactorTable);
@@ -229,7 +229,7 @@ TEST_F(ControlForm, ShowsTenThousandRows)
     EXPECT_EQ(TransferCountSelected(*Transfer().LvInstr), 10000);
 }
 
-TEST_F(ControlForm, TheSixCommandsOpenItForTheirClass)
+TEST_F(ControlForm, SixCommandsOpenItForTheirClass)
 {
     BindLink();
     const QList<std::pair<Command, FileClass>> commands{ { Command::Control1, FileClassAntennaList },
@@ -250,7 +250,7 @@ TEST_F(ControlForm, TheSixCommandsOpenItForTheirClass)
         });
         EXPECT_TRUE(CommandRun(command));
         EXPECT_EQ(FileClasses().CurrentFileClass, fileClass);
-        EXPECT_EQ(title, LngStr(ModCaption(CaptionControlTitle)));
+        EXPECT_EQ(title, LngStr(ModCaption(CaptionSlot::ControlTitle)));
         EXPECT_TRUE(Program().Idle);
     }
 }

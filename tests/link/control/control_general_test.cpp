@@ -1,4 +1,4 @@
-// What a file class changes in the file control window, and what the window loads and keeps.
+// The rules of the file control window: what depends on the file class, loading and unloading, enabled buttons.
 #include "tests/link/control/control_fixture.h"
 
 #include "link/connection/connect.h"
@@ -22,7 +22,7 @@ int EditNumber(FileClass fileClass)
 
 } // namespace
 
-TEST_F(ControlRulesTest, NumberTheEditButtonOfEachClass)
+TEST_F(ControlRulesTest, NumberEditButtonOfEachClass)
 {
     EXPECT_EQ(EditNumber(FileClassAntennaList), 0);
     EXPECT_EQ(EditNumber(FileClassKfactorTable), 1);
@@ -50,7 +50,7 @@ TEST_F(ControlRulesTest, GiveInstrumentFoldersToScreenShotsOnly)
         EXPECT_EQ(ControlRulesOf(fileClass).HasInstrFolders, fileClass == FileClassScreenShot) << fileClass;
 }
 
-TEST_F(ControlRulesTest, ShowNamesOnlyWhereTheInstrumentHoldsOneList)
+TEST_F(ControlRulesTest, ShowOnlyNamesForClassesWithOneList)
 {
     for (const FileClass fileClass : kFileClasses) {
         const bool isOne =
@@ -63,7 +63,7 @@ TEST_F(ControlRulesTest, ShowNamesOnlyWhereTheInstrumentHoldsOneList)
     }
 }
 
-TEST_F(ControlLife, TakesTheRememberedFolderOfTheClass)
+TEST_F(ControlLife, RestoresRememberedFolderOfClass)
 {
     OnPc({ "Van.tvm", "Van.tva" });
     Open(FileClassMemoryList);
@@ -75,7 +75,7 @@ TEST_F(ControlLife, TakesTheRememberedFolderOfTheClass)
     EXPECT_FALSE(Control.LvInstr.HasDates);
 }
 
-TEST_F(ControlLife, FallsBackToTheProcessFolderWithoutAMessage)
+TEST_F(ControlLife, FallsBackToWorkingDirectoryWithoutMessage)
 {
     FileClasses().PcPaths[FileClassMemoryList] = FilePath("gone");
     Open(FileClassMemoryList);
@@ -95,7 +95,7 @@ TEST_F(ControlLife, FillsBothListsSortedWithFoldersFirst)
     EXPECT_TRUE(Control.LvPc.HasDates);
 }
 
-TEST_F(ControlLife, ShowsTheBusyPointerWhileItFillsTheLists)
+TEST_F(ControlLife, ShowsBusyPointerWhileItFillsLists)
 {
     ModFileInit(FileClassMemoryList);
     ControlLoad(Control);
@@ -104,7 +104,7 @@ TEST_F(ControlLife, ShowsTheBusyPointerWhileItFillsTheLists)
     EXPECT_EQ(Asked, QStringList({ "pointer 1", "transfers 0 0", "pointer 0" }));
 }
 
-TEST_F(ControlLife, EndsTheLinkAndClosesWhenTheInstrumentDoesNotAnswer)
+TEST_F(ControlLife, DisconnectsAndClosesWithoutAnswer)
 {
     ModFileInit(FileClassMemoryList);
     Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
@@ -120,7 +120,7 @@ TEST_F(ControlLife, EndsTheLinkAndClosesWhenTheInstrumentDoesNotAnswer)
     EXPECT_EQ(Instrument.Count("StartFind"), 0);
 }
 
-TEST_F(ControlLife, RemembersTheFoldersOfBothSides)
+TEST_F(ControlLife, RemembersFoldersOfBothSides)
 {
     Open(FileClassScreenShot);
     CurrentPcFolder() = FilePath("elsewhere");
@@ -132,7 +132,7 @@ TEST_F(ControlLife, RemembersTheFoldersOfBothSides)
     EXPECT_EQ(Transfer().LvInstr, nullptr);
 }
 
-TEST_F(ControlLife, RemembersThePublicFolderWhenTheLinkIsDown)
+TEST_F(ControlLife, RemembersPublicFolderWhenLinkIsDown)
 {
     FileClasses().InstrPaths[FileClassMemoryList] = "\\Public\\Memory List";
     Open(FileClassMemoryList);
@@ -141,7 +141,7 @@ TEST_F(ControlLife, RemembersThePublicFolderWhenTheLinkIsDown)
     EXPECT_EQ(FileClasses().InstrPaths[FileClassMemoryList], "\\Public");
 }
 
-TEST_F(ControlLife, StaysOpenWhileAJobRunsOrAConnectionStarts)
+TEST_F(ControlLife, StaysOpenDuringJobOrConnect)
 {
     Open(FileClassMemoryList);
     EXPECT_TRUE(ControlMayClose(Control));
@@ -158,7 +158,7 @@ TEST_F(ControlLife, StaysOpenWhileAJobRunsOrAConnectionStarts)
     EXPECT_TRUE(ControlMayClose(Control));
 }
 
-TEST_F(ControlButtons, UploadNeedsOneFileWhereTheInstrumentHoldsOneList)
+TEST_F(ControlButtons, UploadNeedsOneFileForClassesWithOneList)
 {
     OnPc({ "a.tva", "b.tva", "+folder" });
     Open(FileClassAntennaList);
@@ -171,7 +171,7 @@ TEST_F(ControlButtons, UploadNeedsOneFileWhereTheInstrumentHoldsOneList)
     }
 }
 
-TEST_F(ControlButtons, UploadTakesAnyNumberOfFilesOfOtherClasses)
+TEST_F(ControlButtons, UploadAcceptsAnyNumberOfFilesOfOtherClasses)
 {
     OnPc({ "a.tvk", "b.tvk", "+folder" });
     Open(FileClassKfactorTable);
@@ -183,7 +183,7 @@ TEST_F(ControlButtons, UploadTakesAnyNumberOfFilesOfOtherClasses)
     EXPECT_EQ(Asked.last(), "transfers 0 0");
 }
 
-TEST_F(ControlButtons, DownloadNeedsAFile)
+TEST_F(ControlButtons, DownloadNeedsFile)
 {
     OnInstr({ "a.png", "+folder" });
     Open(FileClassScreenShot);
@@ -195,7 +195,7 @@ TEST_F(ControlButtons, DownloadNeedsAFile)
     EXPECT_EQ(Asked.last(), "transfers 0 1");
 }
 
-TEST_F(ControlRulesTest, KeepASelectionFrameInsideTheList)
+TEST_F(ControlRulesTest, KeepSelectionFrameInsideList)
 {
     const QRect limit = ControlFrameLimit(QSize(322, 223));
     EXPECT_EQ(limit, QRect(0, 0, 300, 200));

@@ -1,4 +1,4 @@
-// The file control window under a user's hands: selection, keys, edits of names, boxes of folders.
+// User input in the file control window: selection, keys, editing names, folder boxes.
 #include "tests/link/control/control_form_fixture.h"
 #include "tests/support/fakeDocuments.h"
 
@@ -12,7 +12,7 @@
 
 namespace tarvik {
 
-TEST_F(ControlForm, SelectionOfTheUserEnablesTheTransfers)
+TEST_F(ControlForm, SelectionEnablesTransfers)
 {
     OnPc({ "a.tva", "b.tva" });
     OnInstr({ "c.tva" });
@@ -29,7 +29,7 @@ TEST_F(ControlForm, SelectionOfTheUserEnablesTheTransfers)
     EXPECT_EQ(Transfer().LvPc->CurrentRow, 1);
 }
 
-TEST_F(ControlForm, ControlAMarksTheFiles)
+TEST_F(ControlForm, ControlASelectsFiles)
 {
     OnPc({ "a.tvk", "b.tvk", "+folder" });
     Open(FileClassKfactorTable);
@@ -53,7 +53,7 @@ TEST_F(ControlForm, DelKeyAsks)
     EXPECT_TRUE(QFile::exists(PcFile("a.tvk")));
 }
 
-TEST_F(ControlForm, F2EditsTheNameUpToItsExtension)
+TEST_F(ControlForm, F2EditsNameUpToExtension)
 {
     OnPc({ "Van.tvc" });
     Open(FileClassCorrectionSet);
@@ -70,7 +70,7 @@ TEST_F(ControlForm, F2EditsTheNameUpToItsExtension)
     EXPECT_FALSE(form.IsClosed());
 }
 
-TEST_F(ControlForm, EscapeEndsTheEditOfANameAndThenTheWindow)
+TEST_F(ControlForm, EscapeEndsEditThenWindow)
 {
     OnPc({ "Van.tvc" });
     Open(FileClassCorrectionSet);
@@ -87,7 +87,7 @@ TEST_F(ControlForm, EscapeEndsTheEditOfANameAndThenTheWindow)
     EXPECT_TRUE(form.IsClosed());
 }
 
-TEST_F(ControlForm, ANameThatIsLeftByClosingTheWindowIsKept)
+TEST_F(ControlForm, ClosingWindowKeepsEditedName)
 {
     OnPc({ "Van.tvc" });
     Open(FileClassCorrectionSet);
@@ -101,14 +101,15 @@ TEST_F(ControlForm, ANameThatIsLeftByClosingTheWindowIsKept)
     EXPECT_TRUE(QFile::exists(PcFile("Bus.tvc")));
 }
 
-TEST_F(ControlForm, ACommandByKeyEndsTheEditOfANameFirst)
+TEST_F(ControlForm, CommandByKeyEndsEditFirst)
 {
     OnPc({ "Van.tvc" });
     bool wasRenamed = false;
     FakeListFiles editors;
     editors.OnOpen = [&](const QString&, FileClass) {
         wasRenamed = QFile::exists(PcFile("Bus.tvc"));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // of the edit, while the editor is open
+        QCoreApplication::sendPostedEvents(
+            nullptr, QEvent::DeferredDelete); // deletes the label edit while the editor is open
         return true;
     };
     Open(FileClassCorrectionSet);
@@ -116,13 +117,13 @@ TEST_F(ControlForm, ACommandByKeyEndsTheEditOfANameFirst)
     Key(form, "LvPc", Qt::Key_F2);
     ASSERT_NE(LabelEdit(), nullptr);
     QTest::keyClicks(LabelEdit(), "Bus");
-    Find<QPushButton>(form, "BtNew").click(); // as its letter does, which leaves the focus where it is
+    Find<QPushButton>(form, "BtNew").click(); // like its mnemonic, without moving the focus
     EXPECT_TRUE(wasRenamed);
     EXPECT_EQ(LabelEdit(), nullptr);
     EXPECT_TRUE(HasFocus(form, "LvPc"));
 }
 
-TEST_F(ControlForm, ANameThatIsLeftByTheKeyThatClosesTheWindowIsKept)
+TEST_F(ControlForm, ClosingWindowByKeyKeepsEditedName)
 {
     OnPc({ "Van.tvc" });
     Open(FileClassCorrectionSet);
@@ -135,7 +136,7 @@ TEST_F(ControlForm, ANameThatIsLeftByTheKeyThatClosesTheWindowIsKept)
     EXPECT_TRUE(QFile::exists(PcFile("Bus.tvc")));
 }
 
-TEST_F(ControlForm, F2GoesOnWithTheEditOfAName)
+TEST_F(ControlForm, F2ContinuesEdit)
 {
     OnPc({ "Van.tvc" });
     Open(FileClassCorrectionSet);
@@ -151,7 +152,7 @@ TEST_F(ControlForm, F2GoesOnWithTheEditOfAName)
     EXPECT_TRUE(QFile::exists(PcFile("Van.tvc")));
 }
 
-TEST_F(ControlForm, ANameThatIsLeftAsItIsHasNotBeenEdited)
+TEST_F(ControlForm, UnchangedNameIsNotRenamed)
 {
     OnPc({ "+Trip", "a.png" });
     OnInstr({ "+Trip", "b.png" });
@@ -161,18 +162,18 @@ TEST_F(ControlForm, ANameThatIsLeftAsItIsHasNotBeenEdited)
             ClickRow(list, row);
             Key(form, list, Qt::Key_F2);
             ASSERT_NE(LabelEdit(), nullptr);
-            EndLabelEdit(); // a message would be one too many
+            EndLabelEdit(); // an unexpected message would fail the test
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }
     }
     Click(form, "BtPcDirNew");
     ASSERT_NE(LabelEdit(), nullptr);
-    EndLabelEdit(); // the name that is offered is taken
+    EndLabelEdit(); // accepts the proposed name
     EXPECT_EQ(Rows("LvPc"), QStringList({ "New Folder", "Trip", "a.png" }));
     EXPECT_EQ(Instrument.Count("Rename"), 0);
 }
 
-TEST_F(ControlForm, ARefusedNameIsTakenBack)
+TEST_F(ControlForm, RefusedNameIsRestored)
 {
     OnPc({ "Van.tvc" });
     Open(FileClassCorrectionSet);
@@ -185,7 +186,7 @@ TEST_F(ControlForm, ARefusedNameIsTakenBack)
     EXPECT_EQ(Rows("LvPc"), QStringList({ "Van.tvc" }));
 }
 
-TEST_F(ControlForm, NoNameIsEditedOnTheInstrumentButOfScreenShots)
+TEST_F(ControlForm, OnlyScreenShotsAreEditedOnInstrument)
 {
     OnInstr({ "a.tvk" });
     Open(FileClassKfactorTable);
@@ -201,7 +202,7 @@ TEST_F(ControlForm, NoNameIsEditedOnTheInstrumentButOfScreenShots)
     EXPECT_NE(LabelEdit(), nullptr);
 }
 
-TEST_F(ControlForm, ANewFolderIsEditedAtOnce)
+TEST_F(ControlForm, NewFolderIsEditedAtOnce)
 {
     OnPc({ "a.tvk" });
     Open(FileClassKfactorTable);
@@ -214,7 +215,7 @@ TEST_F(ControlForm, ANewFolderIsEditedAtOnce)
     EXPECT_EQ(Rows("LvPc"), QStringList({ "Trip", "a.tvk" }));
 }
 
-TEST_F(ControlForm, EnterAndDoubleClickOpenARow)
+TEST_F(ControlForm, EnterAndDoubleClickOpenRow)
 {
     OnPc({ "+folder", "Van.tvm" });
     QStringList opened;
@@ -238,7 +239,7 @@ TEST_F(ControlForm, EnterAndDoubleClickOpenARow)
     EXPECT_EQ(TextOf(form, "CmbPc"), "pc");
 }
 
-TEST_F(ControlForm, EditButtonOpensTheSelectedFile)
+TEST_F(ControlForm, EditButtonOpensSelectedFile)
 {
     OnPc({ "Van.tvm" });
     QString opened;
@@ -256,34 +257,34 @@ TEST_F(ControlForm, EditButtonOpensTheSelectedFile)
     EXPECT_EQ(opened, "");
 }
 
-TEST_F(ControlForm, HeaderClicksTurnTheOrderRound)
+TEST_F(ControlForm, HeaderClicksReverseOrder)
 {
     OnPc({ "a.tvk", "b.tvk" });
     Open(FileClassKfactorTable);
     QHeaderView& header = *List("LvPc").header();
     EXPECT_TRUE(header.isSortIndicatorShown());
-    EXPECT_EQ(header.sortIndicatorSection(), FileListName);
+    EXPECT_EQ(header.sortIndicatorSection(), kFileNameColumn);
     QTest::mouseClick(header.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(40, header.height() / 2));
     EXPECT_EQ(Rows("LvPc"), QStringList({ "b.tvk", "a.tvk" }));
     EXPECT_EQ(header.sortIndicatorOrder(), Qt::AscendingOrder) << "drawn as an arrow that points down";
 }
 
-TEST_F(ControlForm, DateColumnHoldsTheFormOfTheRegion)
+TEST_F(ControlForm, DateColumnFitsDatesOfRegion)
 {
     OnInstr({ "a.tvk" });
     for (const QLocale::Language language : { QLocale::English, QLocale::Hungarian, QLocale::Japanese }) {
         SetRegion(QLocale(language));
         Open(FileClassKfactorTable);
-        TransferSortColumn(*Transfer().LvInstr, FileListDate);
+        TransferSortColumn(*Transfer().LvInstr, kFileDateColumn);
         const FileListWidget& list = List("LvInstr");
-        const QModelIndex date = list.model()->index(0, FileListDate);
+        const QModelIndex date = list.model()->index(0, kFileDateColumn);
         EXPECT_EQ(date.data().toString(), QLocale(language).toString(QDate(2026, 3, 31), QLocale::ShortFormat));
-        EXPECT_LE(list.sizeHintForIndex(date).width(), list.header()->sectionSize(FileListDate)) << language;
+        EXPECT_LE(list.sizeHintForIndex(date).width(), list.header()->sectionSize(kFileDateColumn)) << language;
         DialogEnd(form, 1);
     }
 }
 
-TEST_F(ControlForm, AListThatIsReadAgainStaysWhereItWas)
+TEST_F(ControlForm, RefreshKeepsScrollPosition)
 {
     QStringList names;
     for (int number = 0; number < 200; ++number)
@@ -296,7 +297,7 @@ TEST_F(ControlForm, AListThatIsReadAgainStaysWhereItWas)
     EXPECT_EQ(Selected("LvPc"), QStringList());
 }
 
-TEST_F(ControlForm, BoxOfPcFoldersDropsDownDrivesAndGoesThere)
+TEST_F(ControlForm, PcFolderBoxDropsDownDrivesAndEntersThem)
 {
     Open(FileClassKfactorTable);
     auto& combo = Find<FolderComboBox>(form, "CmbPc");
@@ -311,7 +312,7 @@ TEST_F(ControlForm, BoxOfPcFoldersDropsDownDrivesAndGoesThere)
     EXPECT_EQ(CurrentPcFolder(), "/");
 }
 
-TEST_F(ControlForm, ABoxOfFoldersThatIsOnlyLookedIntoLeavesTheListWhereItWas)
+TEST_F(ControlForm, DropDownKeepsScrollPosition)
 {
     QStringList names;
     for (int number = 0; number < 200; ++number)
@@ -327,14 +328,14 @@ TEST_F(ControlForm, ABoxOfFoldersThatIsOnlyLookedIntoLeavesTheListWhereItWas)
     EXPECT_EQ(List("LvPc").verticalScrollBar()->value(), 0) << "another folder";
 }
 
-TEST_F(ControlForm, ANameThatIsCutOffIsToldInATip)
+TEST_F(ControlForm, ElidedNameHasToolTip)
 {
     const QString longName = "<b>" + QString(200, u'x');
     OnPc({ "+" + longName, "+short" });
     Open(FileClassKfactorTable);
     const auto tipOf = [this](int row) {
         QWidget* area = List("LvPc").viewport();
-        const QPoint place = PlaceOf("LvPc", row);
+        const QPoint place = CentreOf("LvPc", row);
         QHelpEvent ask(QEvent::ToolTip, place, area->mapToGlobal(place));
         QApplication::sendEvent(area, &ask);
         return QToolTip::text();
@@ -343,7 +344,7 @@ TEST_F(ControlForm, ANameThatIsCutOffIsToldInATip)
     EXPECT_EQ(tipOf(0), PlainTip(longName));
 }
 
-TEST_F(ControlForm, BoxOfInstrumentFoldersDropsDownTheChain)
+TEST_F(ControlForm, InstrumentFolderBoxDropsDownParents)
 {
     Open(FileClassScreenShot);
     auto& combo = Find<FolderComboBox>(form, "CmbInstr");
@@ -356,14 +357,14 @@ TEST_F(ControlForm, BoxOfInstrumentFoldersDropsDownTheChain)
     EXPECT_EQ(combo.currentText(), "Public");
 }
 
-TEST_F(ControlForm, ASelectionFrameMarksRowsAndEndsWithTheButton)
+TEST_F(ControlForm, SelectionFrameSelectsRowsAndEndsOnRelease)
 {
     OnPc({ "a.tvk", "b.tvk" });
     Open(FileClassKfactorTable);
     QWidget* area = List("LvPc").viewport();
-    const QPoint below = PlaceOf("LvPc", 1) + QPoint(0, 20);
+    const QPoint below = CentreOf("LvPc", 1) + QPoint(0, 20);
     QTest::mousePress(area, Qt::LeftButton, Qt::NoModifier, below);
-    const QPoint above = PlaceOf("LvPc", 0);
+    const QPoint above = CentreOf("LvPc", 0);
     QMouseEvent move(QEvent::MouseMove, above, area->mapToGlobal(above), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(area, &move);
     EXPECT_EQ(Selected("LvPc"), QStringList({ "a.tvk", "b.tvk" }));

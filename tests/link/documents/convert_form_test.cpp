@@ -1,4 +1,4 @@
-// The form that asks where to and as what files are converted.
+// The form that asks for folder and type of a conversion.
 #include "tests/support/forms.h"
 
 #include "app/platform/seams.h"
@@ -45,7 +45,7 @@ TEST_F(ConvertForm, HasItsControlsInOrder)
     });
 }
 
-TEST_F(ConvertForm, LongFoldersAreSeenWhole)
+TEST_F(ConvertForm, LongFoldersAreShownWhole)
 {
     FileConvert().Sources = { "/srv/" + QString(70, u'a') + "/a.bmp" };
     RunForm(form, [this] {
@@ -70,7 +70,7 @@ TEST_F(ConvertForm, UnknownSourcesAskForAType)
     });
 }
 
-TEST_F(ConvertForm, OkLeavesFolderAndType)
+TEST_F(ConvertForm, OkStoresFolderAndType)
 {
     RunForm(form, [this] {
         Find<QComboBox>(form, "CbType").setCurrentText(LngStr(11605));
@@ -83,7 +83,7 @@ TEST_F(ConvertForm, OkLeavesFolderAndType)
     EXPECT_TRUE(QDir(FilePath("new")).exists());
 }
 
-TEST_F(ConvertForm, FolderThatCanNotBeMadeKeepsTheFormAndTheFocus)
+TEST_F(ConvertForm, FailedFolderKeepsFormOpenAndFocus)
 {
     Answers().Expect(12752, Ok);
     RunForm(form, [this] {
@@ -96,7 +96,7 @@ TEST_F(ConvertForm, FolderThatCanNotBeMadeKeepsTheFormAndTheFocus)
     EXPECT_FALSE(form.IsAccepted());
 }
 
-TEST_F(ConvertForm, CancelAndEscapeAreNoAnswer)
+TEST_F(ConvertForm, CancelAndEscapeDoNotAccept)
 {
     RunForm(form, [this] { Click(form, "BtClose"); });
     ASSERT_TRUE(form.IsAccepted());
@@ -106,7 +106,7 @@ TEST_F(ConvertForm, CancelAndEscapeAreNoAnswer)
     EXPECT_FALSE(form.IsAccepted());
 }
 
-TEST_F(ConvertForm, BrowseBeginsAtTheFolderAndFillsIt)
+TEST_F(ConvertForm, BrowseStartsAtFolderAndReplacesIt)
 {
     FolderQuestion asked;
     TheSeams().BrowseFolder = [&](const FolderQuestion& question) {

@@ -1,4 +1,4 @@
-// tests/link/documents/documents_fixture.h: documents and file dialogs for the tests of saving and converting.
+// tests/link/documents/documents_fixture.h: documents and file dialogs for tests of saving and converting.
 #pragma once
 
 #include "app/platform/seams.h"

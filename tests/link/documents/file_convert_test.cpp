@@ -1,4 +1,4 @@
-// Opening by the open dialog, and converting a batch.
+// The commands Open and Convert Files, and converting a batch.
 #include "tests/link/documents/documents_fixture.h"
 
 #include "app/state/project.h"
@@ -58,7 +58,7 @@ protected:
         Store(Target(name), "old");
     }
 
-    /// What was saved, in order.
+    /// Names of saved files, in order.
     QStringList SavedNames()
     {
         QStringList names;
@@ -93,7 +93,7 @@ TEST_F(FilesOfDialog, AsksForPictures)
     EXPECT_EQ(OpenQuestion.DefaultExtension, "swp");
 }
 
-TEST_F(FilesOfDialog, OpensEachFileUpToTheFirstThatFails)
+TEST_F(FilesOfDialog, OpensEachFileUpToFirstFailure)
 {
     OpenAnswer = { FilePath("a.png"), FilePath("bad.png"), FilePath("c.png") };
     FileOpenDlg();
@@ -101,7 +101,7 @@ TEST_F(FilesOfDialog, OpensEachFileUpToTheFirstThatFails)
     EXPECT_EQ(Program().LastFile.Name, "bad");
 }
 
-TEST_F(FilesOfDialog, RememberedNoEndsTheOpeningOfTheRest)
+TEST_F(FilesOfDialog, RememberedNoOpensNoMoreFiles)
 {
     OpenAnswer = { FilePath("a.png"), FilePath("b.png") };
     Windows.OnOpen = [] {
@@ -111,19 +111,19 @@ TEST_F(FilesOfDialog, RememberedNoEndsTheOpeningOfTheRest)
     FileOpenDlg();
     EXPECT_EQ(Log, QStringList("open " + FilePath("a.png")));
     FileOpenDlg();
-    EXPECT_EQ(Log.size(), 2) << "a new dialog forgets the answer";
+    EXPECT_EQ(Log.size(), 2) << "a new dialog clears the answer";
 }
 
-TEST_F(FilesOfDialog, CancelledConversionTouchesNothing)
+TEST_F(FilesOfDialog, CancelledConversionChangesNothing)
 {
     OpenAnswer = { FilePath("a.png") };
     FileConvertDlg(Refuse);
     EXPECT_TRUE(Log.isEmpty());
     EXPECT_EQ(FileConvert().Sources, OpenAnswer);
-    EXPECT_EQ(Program().LastFile.Name, "a") << "the next dialog begins there";
+    EXPECT_EQ(Program().LastFile.Name, "a") << "the next dialog starts there";
 }
 
-TEST_F(FilesOfDialog, AcceptedConversionRunsOverTheFiles)
+TEST_F(FilesOfDialog, AcceptedConversionConvertsFiles)
 {
     OpenAnswer = { FilePath("a.bmp") };
     FileConvertDlg([this] {
@@ -144,7 +144,7 @@ TEST_F(FileConverting, OpensSavesAndClosesOneAfterTheOther)
             "save 2 " + Target("a.png"), "close 2" }));
 }
 
-TEST_F(FileConverting, FileThatFailsToOpenIsPassedOver)
+TEST_F(FileConverting, FileThatFailsToOpenIsSkipped)
 {
     Sources({ "bad.bmp", "a.bmp" });
     EXPECT_EQ(FileConvertRun(), 1);
@@ -152,7 +152,7 @@ TEST_F(FileConverting, FileThatFailsToOpenIsPassedOver)
     EXPECT_EQ(ClosedCount(), 1);
 }
 
-TEST_F(FileConverting, ListThatOpensInItsEditorIsNoDocument)
+TEST_F(FileConverting, ListOpenedInEditorIsReported)
 {
     const FakeListFiles editors;
     Sources({ "a.tvm", "b.csv", "c.bmp" });
@@ -162,7 +162,7 @@ TEST_F(FileConverting, ListThatOpensInItsEditorIsNoDocument)
     EXPECT_EQ(Log, QStringList({ "open " + FilePath("c.bmp"), "save 1 " + Target("c.png"), "close 1" }));
 }
 
-TEST_F(FileConverting, ListThatNobodyOpensIsTold)
+TEST_F(FileConverting, UnopenedListIsReported)
 {
     Sources({ "a.tvm", "b.csv", "c.txt" });
     for (const char* name : { "a.tvm", "b.csv", "c.txt" })
@@ -171,14 +171,14 @@ TEST_F(FileConverting, ListThatNobodyOpensIsTold)
     EXPECT_TRUE(Log.isEmpty());
 }
 
-TEST_F(FileConverting, FileOfNoKindIsToldOnce)
+TEST_F(FileConverting, FileOfUnknownKindIsReportedOnce)
 {
     Sources({ "a.doc" });
     Answers().Expect(12750, QStringList(), Ok);
     EXPECT_EQ(FileConvertRun(), 0);
 }
 
-TEST_F(FileConverting, WindowThatTheOpeningAnswersIsSavedAndClosed)
+TEST_F(FileConverting, WindowReturnedByOpenIsSavedAndClosed)
 {
     Windows.OnOpen = [] { return 3; };
     Sources({ "a.bmp" });
@@ -186,7 +186,7 @@ TEST_F(FileConverting, WindowThatTheOpeningAnswersIsSavedAndClosed)
     EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.bmp"), "save 3 " + Target("a.png"), "close 3" }));
 }
 
-TEST_F(FileConverting, DocumentOfAnEarlierOpeningIsLeftAlone)
+TEST_F(FileConverting, DocumentOpenedEarlierStaysOpen)
 {
     EXPECT_TRUE(FileOpen(FilePath("mine.bmp"), true, true));
     Sources({ "bad.bmp" });
@@ -202,7 +202,7 @@ TEST_F(FileConverting, PictureIsSavedAtItsOwnSize)
     EXPECT_EQ(Windows.OwnSize, QStringList("own 1 after open " + FilePath("a.bmp")));
 }
 
-TEST_F(FileConverting, TextAsTargetWritesNothing)
+TEST_F(FileConverting, TextTargetWritesNothing)
 {
     FileConvert().TargetExtension = ".csv";
     Sources({ "a.bmp" });
@@ -214,7 +214,7 @@ TEST_F(FileConverting, TextAsTargetWritesNothing)
     EXPECT_TRUE(QDir(FilePath("out")).isEmpty());
 }
 
-TEST_F(FileConverting, ProgramThatIsToEndFinishesTheFileOnly)
+TEST_F(FileConverting, ClosingProgramCompletesCurrentFileOnly)
 {
     Sources({ "a.bmp", "b.bmp", "c.bmp" });
     int files = 0;
@@ -224,14 +224,14 @@ TEST_F(FileConverting, ProgramThatIsToEndFinishesTheFileOnly)
     EXPECT_EQ(ClosedCount(), 2);
 }
 
-TEST_F(FileConverting, RemembersTheFileThatIsOpenedLast)
+TEST_F(FileConverting, RemembersLastFileOpened)
 {
     Sources({ "a.bmp", "b.bmp" });
     FileConvertRun();
     EXPECT_EQ(Program().LastFile.Name, "b");
 }
 
-TEST_F(FileConverting, SingleExistingTargetIsAPlainQuestion)
+TEST_F(FileConverting, SingleExistingTargetIsAskedFor)
 {
     Exists("a.png");
     Sources({ "a.bmp" });
@@ -255,7 +255,7 @@ TEST_F(FileConverting, SingleQuestionHasTwoButtonsAndABatchFive)
     FileConvertRun();
 }
 
-TEST_F(FileConverting, EachExistingTargetIsAsked)
+TEST_F(FileConverting, EachExistingTargetIsAskedFor)
 {
     Exists("a.png");
     Exists("b.png");
@@ -266,7 +266,7 @@ TEST_F(FileConverting, EachExistingTargetIsAsked)
     EXPECT_EQ(SavedNames(), QStringList({ "b.png", "c.png" }));
 }
 
-TEST_F(FileConverting, YesForAllHoldsForThisBatchOnly)
+TEST_F(FileConverting, YesForAllIsValidForThisBatchOnly)
 {
     Exists("a.png");
     Exists("b.png");
@@ -279,7 +279,7 @@ TEST_F(FileConverting, YesForAllHoldsForThisBatchOnly)
     EXPECT_EQ(FileConvertRun(), 0);
 }
 
-TEST_F(FileConverting, FlagsOfAnEarlierJobDoNotCount)
+TEST_F(FileConverting, AnswersForAllOfEarlierBatchAreIgnored)
 {
     Exists("a.png");
     Sources({ "a.bmp", "bad.bmp" });
@@ -299,7 +299,7 @@ TEST_F(FileConverting, NoForAllSkipsExistingTargetsOnly)
     EXPECT_EQ(ClosedCount(), 3);
 }
 
-TEST_F(FileConverting, CancelClosesTheDocumentAndEndsTheBatch)
+TEST_F(FileConverting, CancelClosesDocumentAndEndsBatch)
 {
     Exists("b.png");
     Sources({ "a.bmp", "b.bmp", "c.bmp" });
@@ -309,7 +309,7 @@ TEST_F(FileConverting, CancelClosesTheDocumentAndEndsTheBatch)
     EXPECT_EQ(Log.last(), "close 2");
 }
 
-TEST_F(FileConverting, TargetThatIsTheSourceIsAskedLikeAnyOther)
+TEST_F(FileConverting, TargetEqualToSourceIsAskedFor)
 {
     Store(FilePath("a.png"), "old");
     FileConvert().TargetFolder = Folder();
@@ -328,7 +328,7 @@ TEST_F(FileConverting, TargetWithoutTypeFailsForEachFile)
     EXPECT_EQ(ClosedCount(), 2);
 }
 
-TEST_F(FileConverting, WriterThatFailsDoesNotEndTheBatch)
+TEST_F(FileConverting, FailedWriteDoesNotEndBatch)
 {
     Windows.Outcome = PictureSaved::Failed;
     Sources({ "a.bmp", "b.bmp" });
@@ -338,7 +338,7 @@ TEST_F(FileConverting, WriterThatFailsDoesNotEndTheBatch)
     EXPECT_EQ(ClosedCount(), 2);
 }
 
-TEST_F(FileConverting, DocumentIsPreparedBeforeItIsSavedAndProgressIsTold)
+TEST_F(FileConverting, WatcherSeesProgressAndPreparesDocumentBeforeSaving)
 {
     Sources({ "a.bmp", "b.bmp" });
     LoggingWatcher watcher(Log);
@@ -348,7 +348,7 @@ TEST_F(FileConverting, DocumentIsPreparedBeforeItIsSavedAndProgressIsTold)
     EXPECT_TRUE(Log.contains("1/2 b.bmp"));
 }
 
-TEST_F(ConvertTarget, PathKeepsTheBaseName)
+TEST_F(ConvertTarget, PathKeepsBaseName)
 {
     EXPECT_EQ(FileTargetPath("/out", "/in/tower.night.bmp", ".png"), "/out/tower.night.png");
     EXPECT_EQ(FileTargetPath("/out/", "/in/a", ".png"), "/out/a.png");
@@ -366,7 +366,7 @@ QVector<int> NumbersOf(const QVector<TextNumber<0>>& texts)
 
 } // namespace
 
-TEST_F(ConvertTarget, LastRecognisedSourceGivesTheFolder)
+TEST_F(ConvertTarget, LastRecognisedSourceDeterminesFolder)
 {
     FileConvert() = { { "/one/a.bmp", "/two/b.csv", "/three/c.doc" }, "/old", ".wmf" };
     const FileConvertProposal proposal = FileConvertPropose();
@@ -377,7 +377,7 @@ TEST_F(ConvertTarget, LastRecognisedSourceGivesTheFolder)
     EXPECT_EQ(FileConvert().TargetExtension, "");
 }
 
-TEST_F(ConvertTarget, WithoutARecognisedSourceATypeMustBeChosen)
+TEST_F(ConvertTarget, WithoutRecognisedSourceTypeMustBeChosen)
 {
     FileConvert().Sources = { "/three/c.doc", "/three/d.tvm" };
     const FileConvertProposal proposal = FileConvertPropose();
@@ -386,7 +386,7 @@ TEST_F(ConvertTarget, WithoutARecognisedSourceATypeMustBeChosen)
     EXPECT_EQ(proposal.Types[proposal.Selected], 11005);
 }
 
-TEST_F(ConvertTarget, ExtensionFollowsTheType)
+TEST_F(ConvertTarget, ExtensionFollowsType)
 {
     const std::pair<int, const char*> types[] = { { 11603, ".csv" }, { 11607, ".txt" }, { 11602, ".bmp" },
         { 11606, ".pcx" }, { 11605, ".png" }, { 11604, ".wmf" }, { 11005, "" } };
@@ -397,7 +397,7 @@ TEST_F(ConvertTarget, ExtensionFollowsTheType)
     EXPECT_EQ(FileConvert().TargetFolder, Folder());
 }
 
-TEST_F(ConvertTarget, MissingFolderIsMadeOneLevelDeep)
+TEST_F(ConvertTarget, MissingFolderIsCreatedOneLevelDeep)
 {
     EXPECT_TRUE(FileConvertAccept(" " + FilePath("new/") + " ", 11605));
     EXPECT_TRUE(QDir(FilePath("new")).exists());
@@ -412,7 +412,7 @@ TEST_F(ConvertTarget, FolderTwoLevelsDeepIsRefused)
     EXPECT_EQ(FileConvert().TargetFolder, "");
 }
 
-TEST_F(ConvertTarget, FileInTheFoldersPlaceIsRefused)
+TEST_F(ConvertTarget, FileInPlaceOfFolderIsRefused)
 {
     Store(FilePath("taken"), "x");
     Answers().Expect(12752, { "taken", "File exists" }, Ok);
@@ -420,7 +420,7 @@ TEST_F(ConvertTarget, FileInTheFoldersPlaceIsRefused)
     EXPECT_EQ(Contents(FilePath("taken")), "x");
 }
 
-TEST_F(ConvertTarget, FolderWithoutAPlaceStandsAmongTheSources)
+TEST_F(ConvertTarget, RelativeFolderIsInFolderOfSources)
 {
     SetLastFile(FilePath("a.bmp"));
     EXPECT_TRUE(FileConvertAccept("new", 11605));
@@ -428,7 +428,7 @@ TEST_F(ConvertTarget, FolderWithoutAPlaceStandsAmongTheSources)
     EXPECT_TRUE(QDir(FilePath("new")).exists());
 }
 
-TEST_F(ConvertTarget, TildeIsTheUsersFolder)
+TEST_F(ConvertTarget, TildeIsHomeFolder)
 {
     SetLastFile(FilePath("a.bmp"));
     EXPECT_TRUE(FileConvertAccept("~", 11605));
@@ -439,7 +439,7 @@ TEST_F(ConvertTarget, TildeIsTheUsersFolder)
     EXPECT_EQ(FileConvert().TargetFolder, FilePath("~out"));
 }
 
-TEST_F(ConvertTarget, RefusedFolderIsToldByItsLastName)
+TEST_F(ConvertTarget, RefusedFolderIsReportedByItsLastName)
 {
     Answers().Expect(12752, { "two", "No such file or directory" }, Ok);
     EXPECT_FALSE(FileConvertAccept(FilePath("one/two//"), 11605));

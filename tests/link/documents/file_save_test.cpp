@@ -1,4 +1,4 @@
-// Saving a document: the formats, the save dialog, what can't be written.
+// Saving a document: formats, save dialog, failures.
 #include "tests/link/documents/documents_fixture.h"
 
 #include "app/state/project.h"
@@ -24,20 +24,20 @@ TEST_F(FileFilters, OpenDialogOffersAllPicturesThenEachKind)
             "PCX picture|*.pcx", "Windows metafile|*.wmf" }));
 }
 
-TEST_F(FileFilters, SaveDialogOffersPicturesForAPicture)
+TEST_F(FileFilters, SaveDialogOffersPicturesForPicture)
 {
     EXPECT_EQ(FileSaveFilters(FileSaveFormats(false)),
         QStringList({ "Windows bitmap|*.bmp", "PCX picture|*.pcx", "PNG picture|*.png", "Windows metafile|*.wmf" }));
 }
 
-TEST_F(FileFilters, SaveDialogOffersTextsFirstForADataSet)
+TEST_F(FileFilters, SaveDialogOffersTextsFirstForDataSet)
 {
     EXPECT_EQ(FileSaveFilters(FileSaveFormats(true)),
         QStringList({ "CSV text|*.csv", "Plain text|*.txt", "Windows bitmap|*.bmp", "PCX picture|*.pcx",
             "PNG picture|*.png", "Windows metafile|*.wmf" }));
 }
 
-TEST_F(FileFilters, SaveDialogSelectsTheExtensionUsedLast)
+TEST_F(FileFilters, SaveDialogSelectsExtensionUsedLast)
 {
     EXPECT_EQ(FileSaveFilterIndex(FileSaveFormats(false), "png"), 3);
     EXPECT_EQ(FileSaveFilterIndex(FileSaveFormats(false), "PCX"), 2);
@@ -46,7 +46,7 @@ TEST_F(FileFilters, SaveDialogSelectsTheExtensionUsedLast)
     EXPECT_EQ(FileSaveFilterIndex(FileSaveFormats(true), ""), 1);
 }
 
-TEST_F(FileFilters, FormatGoesByTheExtensionInAnyCase)
+TEST_F(FileFilters, FormatFollowsExtensionInAnyCase)
 {
     ASSERT_NE(FileFormatOf(FileKindOf("a/b.PnG").Kind), nullptr);
     EXPECT_EQ(FileFormatOf(FileKindOf("a/b.PnG").Kind)->Kind, FileKind::Png);
@@ -54,7 +54,7 @@ TEST_F(FileFilters, FormatGoesByTheExtensionInAnyCase)
     EXPECT_EQ(FileFormatOf(FileKindOf("a.tvm").Kind), nullptr);
 }
 
-TEST_F(FileSaving, PictureIsWrittenByItsExtension)
+TEST_F(FileSaving, PictureIsWrittenByExtension)
 {
     for (const char* name : { "a.bmp", "a.PNG", "a.pcx", "a.wmf" }) {
         QString path = FilePath(QString::fromLatin1(name));
@@ -66,7 +66,7 @@ TEST_F(FileSaving, PictureIsWrittenByItsExtension)
         Windows.Kinds, QList<ImageKind>({ ImageKind::Bitmap, ImageKind::Png, ImageKind::Pcx, ImageKind::Metafile }));
 }
 
-TEST_F(FileSaving, DataSetUnderAPictureNameIsWrittenAsAPicture)
+TEST_F(FileSaving, DataSetWithPictureNameIsWrittenAsPicture)
 {
     Windows.DataSet = true;
     QString path = FilePath("diagram.png");
@@ -85,7 +85,7 @@ TEST_F(FileSaving, UnknownExtensionIsReported)
     EXPECT_TRUE(Log.isEmpty());
 }
 
-TEST_F(FileSaving, CsvTextIsTriedReportedAndNotWritten)
+TEST_F(FileSaving, CsvTextIsCheckedReportedAndNotWritten)
 {
     QString path = FilePath("a.csv");
     Answers().Expect(12763, { path }, Ok);
@@ -95,7 +95,7 @@ TEST_F(FileSaving, CsvTextIsTriedReportedAndNotWritten)
     EXPECT_TRUE(Log.isEmpty());
 }
 
-TEST_F(FileSaving, PlainTextIsTriedAndNotWrittenInSilence)
+TEST_F(FileSaving, PlainTextIsCheckedAndSilentlyNotWritten)
 {
     QString path = FilePath("a.txt");
     EXPECT_TRUE(FileSaveAs(path, 1, true));
@@ -112,7 +112,7 @@ TEST_F(FileSaving, TextWithoutConfirmationIsNoFormat)
     }
 }
 
-TEST_F(FileSaving, PathThatCanNotBeWrittenComesBackEmpty)
+TEST_F(FileSaving, UnwritablePathIsCleared)
 {
     for (const char* name : { "no/such/folder/a.csv", "no/such/folder/a.txt" }) {
         QString path = FilePath(QString::fromLatin1(name));
@@ -126,7 +126,7 @@ TEST_F(FileSaving, PathThatCanNotBeWrittenComesBackEmpty)
     EXPECT_TRUE(Log.isEmpty());
 }
 
-TEST_F(FileSaving, PictureThatTheWriterRefusesComesBackEmpty)
+TEST_F(FileSaving, PathOfFailedPictureIsCleared)
 {
     Windows.Outcome = PictureSaved::Failed;
     QString path = FilePath("a.pcx");
@@ -135,7 +135,7 @@ TEST_F(FileSaving, PictureThatTheWriterRefusesComesBackEmpty)
     EXPECT_TRUE(path.isEmpty());
 }
 
-TEST_F(FileSaving, DialogAsksWithWhatWasUsedLast)
+TEST_F(FileSaving, DialogProposesLastFile)
 {
     SetLastFile(FilePath("night.pcx"));
     EXPECT_FALSE(FileSaveAsDlg(3));
@@ -147,7 +147,7 @@ TEST_F(FileSaving, DialogAsksWithWhatWasUsedLast)
     EXPECT_TRUE(Log.isEmpty()) << "the dialog was cancelled";
 }
 
-TEST_F(FileSaving, DialogTakesATextUsedLastForNoExtension)
+TEST_F(FileSaving, DialogIgnoresTextUsedLast)
 {
     Windows.DataSet = true;
     for (const char* name : { "a.CSV", "a.txt" }) {
@@ -157,7 +157,7 @@ TEST_F(FileSaving, DialogTakesATextUsedLastForNoExtension)
     }
 }
 
-TEST_F(FileSaving, DialogSavesAndRemembersTheName)
+TEST_F(FileSaving, DialogSavesAndRemembersName)
 {
     SaveAnswer = "  " + FilePath("Tower.PNG") + " ";
     EXPECT_TRUE(FileSaveAsDlg(3));
@@ -166,7 +166,7 @@ TEST_F(FileSaving, DialogSavesAndRemembersTheName)
     EXPECT_EQ(Program().LastFile.Extension, "png");
 }
 
-TEST_F(FileSaving, DialogThatSavedLeavesAnEmptyStatusLine)
+TEST_F(FileSaving, DialogClearsStatusAfterSaving)
 {
     FakeFrame frame;
     frame.Status = "Saving";
@@ -175,11 +175,11 @@ TEST_F(FileSaving, DialogThatSavedLeavesAnEmptyStatusLine)
     EXPECT_EQ(frame.Status, "");
 }
 
-TEST_F(FileSaving, TextHoldsNothingOfTheDocumentWhoseNameItTakes)
+TEST_F(FileSaving, SavingAsTextDoesNotSaveDocument)
 {
     SaveAnswer = FilePath("a.csv");
     Answers().Expect(12763, { SaveAnswer }, Ok);
-    EXPECT_FALSE(FileSaveAsDlg(3)) << "a window that is to be closed stays";
+    EXPECT_FALSE(FileSaveAsDlg(3)) << "the window must stay open";
     EXPECT_EQ(Program().LastFile.Extension, "csv");
     SaveAnswer = FilePath("b.txt");
     EXPECT_FALSE(FileSaveAsDlg(3));
@@ -189,7 +189,7 @@ TEST_F(FileSaving, TextHoldsNothingOfTheDocumentWhoseNameItTakes)
     EXPECT_EQ(Program().LastFile.Name, "b");
 }
 
-TEST_F(FileSaving, DialogOnAnUnknownExtensionTellsAndRemembersNothing)
+TEST_F(FileSaving, DialogReportsUnknownExtensionAndRemembersNothing)
 {
     SaveAnswer = FilePath("a.jpeg");
     Answers().Expect(12750, QStringList(), Ok);
@@ -204,7 +204,7 @@ TEST_F(FileSaving, DialogAnsweredWithBlanksSavesNothing)
     EXPECT_TRUE(Log.isEmpty());
 }
 
-TEST_F(FileSaving, DialogOnAPathThatCanNotBeWrittenTellsAndRemembersNothing)
+TEST_F(FileSaving, DialogReportsUnwritablePathAndRemembersNothing)
 {
     const std::pair<const char*, int> kinds[] = { { "a.bmp", 12755 }, { "a.pcx", 12757 }, { "a.wmf", 12759 },
         { "a.png", 12761 } };
@@ -216,18 +216,18 @@ TEST_F(FileSaving, DialogOnAPathThatCanNotBeWrittenTellsAndRemembersNothing)
     }
 }
 
-TEST_F(FileSaving, FailureOfTheWriterIsToldOnce)
+TEST_F(FileSaving, FailureOfWriterIsReportedOnce)
 {
     SaveAnswer = FilePath("a.png");
     Windows.Outcome = PictureSaved::Failed;
     Answers().Expect(12761, { "a.png" }, Ok);
     EXPECT_FALSE(FileSaveAsDlg(3));
     SaveAnswer = FilePath("a.wmf");
-    Windows.Outcome = PictureSaved::FailedAndTold;
+    Windows.Outcome = PictureSaved::FailedAndReported;
     EXPECT_FALSE(FileSaveAsDlg(3));
 }
 
-TEST_F(FileSaving, RememberingKeepsFolderNameAndLowerCasedExtension)
+TEST_F(FileSaving, RemembersFolderNameAndLowerCaseExtension)
 {
     FileRememberPath({ "  " + FilePath("Shot.one.BMP"), FilePath("other.png") });
     EXPECT_EQ(Program().LastFile.Name, "Shot.one");

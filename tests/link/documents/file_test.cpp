@@ -34,7 +34,7 @@ protected:
     bool Succeeds = true;
 };
 
-TEST_F(FileOpening, ListsOpenTheEditorOfTheirClass)
+TEST_F(FileOpening, ListsOpenEditorOfTheirClass)
 {
     for (const char* name : { "a.tva", "a.TVK", "a.tvm", "a.tvs", "a.tvc" })
         EXPECT_TRUE(FileOpen(name, true, true));
@@ -42,14 +42,14 @@ TEST_F(FileOpening, ListsOpenTheEditorOfTheirClass)
         QStringList({ "editor 1 a.tva", "editor 2 a.TVK", "editor 3 a.tvm", "editor 4 a.tvs", "editor 6 a.tvc" }));
 }
 
-TEST_F(FileOpening, PicturesOpenADocument)
+TEST_F(FileOpening, PicturesOpenDocument)
 {
     for (const char* name : { "a.bmp", "a.PCX", "a.png", "a.wmf" })
         EXPECT_TRUE(FileOpen(name, true, true));
     EXPECT_EQ(Opened, QStringList({ "picture 1 a.bmp", "picture 2 a.PCX", "picture 3 a.png", "picture 4 a.wmf" }));
 }
 
-TEST_F(FileOpening, ListTextFollowsTheShowFlag)
+TEST_F(FileOpening, ListTextFollowsShowFlag)
 {
     FileOpen("a.csv", true, true);
     FileOpen("a.csv", true, false);
@@ -71,7 +71,7 @@ TEST_F(FileOpening, UnknownKindIsReported)
     EXPECT_TRUE(Opened.isEmpty());
 }
 
-TEST_F(FileOpening, FailureOfTheOpenerIsTheResult)
+TEST_F(FileOpening, FailureToOpenIsReturned)
 {
     Succeeds = false;
     EXPECT_FALSE(FileOpen("a.tvm", true, true));
@@ -81,13 +81,13 @@ TEST_F(FileOpening, FailureOfTheOpenerIsTheResult)
 
 using FileOpeningWithoutOpeners = ProgramTest;
 
-TEST_F(FileOpeningWithoutOpeners, OpensNothingAndSaysNothing)
+TEST_F(FileOpeningWithoutOpeners, OpensNothingWithoutMessage)
 {
     for (const char* name : { "a.tvm", "a.png", "a.csv", "a.txt" })
         EXPECT_FALSE(FileOpen(name, true, true));
 }
 
-TEST_F(FileOpening, PictureTellsItsWindowAndAListHasNone)
+TEST_F(FileOpening, PictureHasWindowAndListHasNone)
 {
     const OpenedFile picture = FileOpenOfKind("a.png", FileKindOf("a.png"), true, true);
     EXPECT_TRUE(picture.Success);
@@ -97,7 +97,7 @@ TEST_F(FileOpening, PictureTellsItsWindowAndAListHasNone)
     EXPECT_EQ(list.Window, 0);
 }
 
-TEST_F(FileOpening, KindThatWasDecidedCountsNotTheName)
+TEST_F(FileOpening, UsesGivenKindInsteadOfName)
 {
     EXPECT_TRUE(FileOpenOfKind("a.unknown", FileKindOf("a.pcx"), true, true).Success);
     EXPECT_EQ(Opened, QStringList("picture 2 a.unknown"));
@@ -120,7 +120,7 @@ TEST_F(FileOpening, RememberedNoOpensNothing)
     EXPECT_EQ(TheMessage().RememberedAnswer, MsgResultNo);
 }
 
-TEST_F(FileOpening, ResetForgetsTheRememberedAnswer)
+TEST_F(FileOpening, ResetClearsRememberedAnswer)
 {
     TheMessage().RememberedAnswer = MsgResultNo;
     EXPECT_TRUE(FileOpen("a.tvm", true, true));
@@ -133,7 +133,7 @@ TEST_F(FileOpening, RememberedYesOpens)
     EXPECT_TRUE(FileOpen("a.tvm", false, true));
 }
 
-TEST_F(FileOpening, DropTestTakesEveryKindOfTheProgram)
+TEST_F(FileOpening, EveryKnownKindCanBeDropped)
 {
     for (const char* name :
         { "a.bmp", "a.png", "a.pcx", "a.wmf", "a.csv", "a.TXT", "a.tva", "a.tvk", "a.Tvm", "a.tvs", "a.tvc" })
@@ -142,7 +142,7 @@ TEST_F(FileOpening, DropTestTakesEveryKindOfTheProgram)
         EXPECT_FALSE(FileCanBeDropped(name)) << name;
 }
 
-TEST_F(FileOpening, KindTellsTheClassOfAList)
+TEST_F(FileOpening, KindIncludesClassOfList)
 {
     EXPECT_EQ(FileKindOf("a.tvm").Kind, FileKind::InstrumentList);
     EXPECT_EQ(FileKindOf("a.tvm").Class, FileClassMemoryList);
@@ -152,7 +152,7 @@ TEST_F(FileOpening, KindTellsTheClassOfAList)
     EXPECT_TRUE(FileKindOf("a.png").IsPicture());
 }
 
-TEST_F(FileOpening, KnownExtensionAnswersTheFlagForListsOfClassesOneToFour)
+TEST_F(FileOpening, KnownExtensionReturnsFlagForListsOfClassesOneToFour)
 {
     for (const char* name : { "a.bmp", "a.png", "a.pcx", "a.wmf", "a.csv", "a.txt" })
         EXPECT_TRUE(FileKnownExtension(name, false)) << name;

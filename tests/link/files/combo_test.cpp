@@ -1,4 +1,4 @@
-// The boxes of folders: what they hold, and where they lead.
+// The folder boxes: their items, and changing the folder.
 #include "link/files/combo.h"
 
 #include "link/files/fileList.h"
@@ -59,7 +59,7 @@ const QString kSets = QStringLiteral("SetCurrentDirectory");
 
 } // namespace
 
-TEST_F(PcCombo, ShowsThePresentFolderAloneAtItsDepth)
+TEST_F(PcCombo, ShowsCurrentFolderAloneAtItsDepth)
 {
     GoTo("lists");
     ComboPcShow(Combo);
@@ -69,11 +69,11 @@ TEST_F(PcCombo, ShowsThePresentFolderAloneAtItsDepth)
     EXPECT_EQ(Combo.Items[0].Indentation, (Root + "/lists").count('/'));
     EXPECT_EQ(Combo.Items[0].Path, Root + "/lists");
     EXPECT_EQ(Combo.Selected, 0);
-    EXPECT_EQ(Combo.Tag, FolderComboPresent);
-    EXPECT_EQ(System.Asked, 0);
+    EXPECT_EQ(Combo.Tag, FolderComboTag::Current);
+    EXPECT_EQ(System.Reads, 0);
 }
 
-TEST_F(PcCombo, ShowsARootAsADrive)
+TEST_F(PcCombo, ShowsRootAsDrive)
 {
     CurrentPcFolder() = QDir::rootPath();
     ComboPcShow(Combo);
@@ -83,7 +83,7 @@ TEST_F(PcCombo, ShowsARootAsADrive)
     EXPECT_EQ(Combo.Items[0].Indentation, 0);
 }
 
-TEST_F(PcCombo, DropsDownDrivesWithTheChainBelowTheInnermostOne)
+TEST_F(PcCombo, DropsDownDrivesWithFoldersBelowInnermostOne)
 {
     GoTo("lists/van");
     ComboPcShow(Combo);
@@ -92,24 +92,24 @@ TEST_F(PcCombo, DropsDownDrivesWithTheChainBelowTheInnermostOne)
         QStringList({ "File System (/)|HardDrive", "Home (" + Root + ")|HardDrive", ">lists|ClosedFolder",
             ">>van|OpenFolder", "STICK (/media/stick)|Floppy" }));
     EXPECT_EQ(Combo.Selected, 3);
-    EXPECT_EQ(Combo.Tag, FolderComboDrives);
+    EXPECT_EQ(Combo.Tag, FolderComboTag::Drives);
 }
 
-TEST_F(PcCombo, ReadsTheDrivesAtTheFirstDropDownOnly)
+TEST_F(PcCombo, ReadsDrivesAtFirstDropDownOnly)
 {
     ComboPcDropDown(Combo);
     ComboPcDropDown(Combo);
-    EXPECT_EQ(System.Asked, 1);
+    EXPECT_EQ(System.Reads, 1);
 }
 
-TEST_F(PcCombo, SelectsTheDriveWhenItsRootIsThePresentFolder)
+TEST_F(PcCombo, SelectsDriveWhoseRootIsCurrentFolder)
 {
     ComboPcDropDown(Combo);
     EXPECT_EQ(Combo.Selected, 1);
     EXPECT_EQ(Combo.Items.size(), 3u);
 }
 
-TEST_F(PcCombo, ShowsAFolderOutsideAllDrivesAlone)
+TEST_F(PcCombo, ShowsFolderOutsideAllDrivesAlone)
 {
     System.All = { { "/nowhere", "N", DriveKind::Fixed } };
     GoTo("lists");
@@ -118,7 +118,7 @@ TEST_F(PcCombo, ShowsAFolderOutsideAllDrivesAlone)
     EXPECT_EQ(Combo.Selected, 0);
 }
 
-TEST_F(PcCombo, GoesIntoAFolderAndUpAgain)
+TEST_F(PcCombo, EntersFolderAndGoesUpAgain)
 {
     ComboPcDropDown(Combo);
     ComboPcEnter(Combo, "lists");
@@ -129,7 +129,7 @@ TEST_F(PcCombo, GoesIntoAFolderAndUpAgain)
     EXPECT_EQ(Combo.Items.size(), 3u);
 }
 
-TEST_F(PcCombo, GoesAboveTheHomeFolderButNotAboveARoot)
+TEST_F(PcCombo, GoesAboveHomeFolderButNotAboveRoot)
 {
     ComboPcDropDown(Combo);
     EXPECT_TRUE(ComboPcUp(Combo));
@@ -139,7 +139,7 @@ TEST_F(PcCombo, GoesAboveTheHomeFolderButNotAboveARoot)
     EXPECT_EQ(CurrentPcFolder(), QDir::rootPath());
 }
 
-TEST_F(PcCombo, GoesUpToTheNearestFolderThatIsStillThere)
+TEST_F(PcCombo, GoesUpToNearestExistingFolder)
 {
     GoTo("lists/van");
     ComboPcShow(Combo);
@@ -148,7 +148,7 @@ TEST_F(PcCombo, GoesUpToTheNearestFolderThatIsStillThere)
     EXPECT_EQ(CurrentPcFolder(), Root);
 }
 
-TEST_F(PcCombo, GoesToTheFolderOfAnItem)
+TEST_F(PcCombo, EntersFolderOfItem)
 {
     GoTo("lists/van");
     ComboPcDropDown(Combo);
@@ -159,7 +159,7 @@ TEST_F(PcCombo, GoesToTheFolderOfAnItem)
     EXPECT_EQ(CurrentPcFolder(), "/");
 }
 
-TEST_F(PcCombo, StaysWhereItIsWhenTheFolderIsGone)
+TEST_F(PcCombo, StaysWhenFolderIsMissing)
 {
     ComboPcEnter(Combo, "missing");
     EXPECT_EQ(CurrentPcFolder(), Root);
@@ -171,27 +171,27 @@ TEST_F(PcCombo, StaysWhereItIsWhenTheFolderIsGone)
     EXPECT_EQ(CurrentPcFolder(), Root);
 }
 
-TEST_F(InstrCombo, ShowsTheDirectoryAloneAtItsDepth)
+TEST_F(InstrCombo, ShowsDirectoryAloneAtItsDepth)
 {
     EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
     EXPECT_EQ(Texts(), QStringList({ ">>Screen Shots|OpenFolder" }));
 }
 
-TEST_F(InstrCombo, ShowsTheRootAsADrive)
+TEST_F(InstrCombo, ShowsRootAsDrive)
 {
     Instrument.Directory = "\\";
     EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
     EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive" }));
 }
 
-TEST_F(InstrCombo, ShowsABlankItemWithoutAnAnswer)
+TEST_F(InstrCombo, ShowsBlankItemWithoutAnswer)
 {
     Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
     EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::LinkFailed);
     EXPECT_EQ(Texts(), QStringList({ "|" }));
 }
 
-TEST_F(InstrCombo, DropsDownOneItemForEachLevel)
+TEST_F(InstrCombo, DropsDownOneItemPerLevel)
 {
     ComboInstrDropDown(Combo);
     EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive", ">Public|ClosedFolder", ">>Screen Shots|OpenFolder" }));
@@ -207,7 +207,7 @@ TEST_F(InstrCombo, GoesUpOneLevel)
     EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive", ">Public|OpenFolder" }));
 }
 
-TEST_F(InstrCombo, GoesUpFromTheFirstLevelToTheRoot)
+TEST_F(InstrCombo, GoesUpFromFirstLevelToRoot)
 {
     Instrument.Directory = "\\Public";
     ComboInstrUp(Combo);
@@ -215,7 +215,7 @@ TEST_F(InstrCombo, GoesUpFromTheFirstLevelToTheRoot)
     EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive" }));
 }
 
-TEST_F(InstrCombo, TellsThatTheDirectoryAboveIsGone)
+TEST_F(InstrCombo, ReportsMissingParentDirectory)
 {
     EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
     Instrument.Answer(kSets, ChannelStatus::Refused);
@@ -224,7 +224,7 @@ TEST_F(InstrCombo, TellsThatTheDirectoryAboveIsGone)
     EXPECT_EQ(Texts(), QStringList({ ">>Screen Shots|OpenFolder" }));
 }
 
-TEST_F(InstrCombo, GoesNowhereWithoutAnAnswer)
+TEST_F(InstrCombo, StaysWithoutAnswer)
 {
     Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
     ComboInstrUp(Combo);
@@ -234,7 +234,7 @@ TEST_F(InstrCombo, GoesNowhereWithoutAnAnswer)
     EXPECT_TRUE(Combo.Items.empty());
 }
 
-TEST_F(InstrCombo, GrowsByTheDirectoryThatIsEntered)
+TEST_F(InstrCombo, AppendsEnteredDirectory)
 {
     EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
     ComboInstrEnter(Combo, "Trip");
@@ -244,7 +244,7 @@ TEST_F(InstrCombo, GrowsByTheDirectoryThatIsEntered)
     EXPECT_EQ(Combo.Selected, 1);
 }
 
-TEST_F(InstrCombo, KeepsThePictureOfTheRootWhenADirectoryIsEntered)
+TEST_F(InstrCombo, KeepsIconOfRootWhenDirectoryIsEntered)
 {
     Instrument.Directory = "\\";
     EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
@@ -253,7 +253,7 @@ TEST_F(InstrCombo, KeepsThePictureOfTheRootWhenADirectoryIsEntered)
     EXPECT_EQ(Combo.Items[1].Path, "\\Public");
 }
 
-TEST_F(InstrCombo, TellsThatTheDirectoryToEnterIsGone)
+TEST_F(InstrCombo, ReportsMissingDirectoryToEnter)
 {
     EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::Success);
     Instrument.Answer(kSets, ChannelStatus::Refused);
@@ -262,7 +262,7 @@ TEST_F(InstrCombo, TellsThatTheDirectoryToEnterIsGone)
     EXPECT_EQ(Combo.Items.size(), 1u);
 }
 
-TEST_F(InstrCombo, GoesToTheDirectoryOfAnItem)
+TEST_F(InstrCombo, EntersDirectoryOfItem)
 {
     ComboInstrDropDown(Combo);
     EXPECT_TRUE(ComboInstrSelect(Combo, 1));
@@ -270,7 +270,7 @@ TEST_F(InstrCombo, GoesToTheDirectoryOfAnItem)
     EXPECT_EQ(Texts(), QStringList({ "\\|HardDrive", ">Public|OpenFolder" }));
 }
 
-TEST_F(InstrCombo, ReadsTheChainAnewWhenTheItemsDirectoryIsGone)
+TEST_F(InstrCombo, ReadsDirectoriesAgainWhenThatOfItemIsMissing)
 {
     ComboInstrDropDown(Combo);
     Instrument.Answer(kSets, ChannelStatus::Refused);
@@ -280,7 +280,7 @@ TEST_F(InstrCombo, ReadsTheChainAnewWhenTheItemsDirectoryIsGone)
     EXPECT_EQ(Combo.Selected, 2);
 }
 
-TEST_F(InstrCombo, SendsNothingForABlankItem)
+TEST_F(InstrCombo, SendsNothingForBlankItem)
 {
     Instrument.Answer("GetCurrentDirectory", ChannelStatus::LinkFailed);
     EXPECT_EQ(ComboInstrShow(Combo), ChannelStatus::LinkFailed);
@@ -288,7 +288,7 @@ TEST_F(InstrCombo, SendsNothingForABlankItem)
     EXPECT_EQ(Instrument.Count(kSets), 0);
 }
 
-TEST_F(InstrCombo, TakesAnyPathThatAnInstrumentTells)
+TEST_F(InstrCombo, HandlesAnyPathFromInstrument)
 {
     for (const char* path : { "Public\\A", "\\\\", "\\Public\\", "A", "\\\\\\A\\\\" }) {
         Instrument.Directory = QString::fromLatin1(path);

@@ -17,7 +17,7 @@ MountedVolume Mounted(const char* root, const char* device, const char* type)
 
 } // namespace
 
-TEST_F(Drives, ArePlacesThatAUserLooksInto)
+TEST_F(Drives, IncludeVolumesForUsers)
 {
     EXPECT_TRUE(VolumeIsForUsers(Mounted("/media/sonja/STICK", "/dev/sdb1", "vfat")));
     EXPECT_TRUE(VolumeIsForUsers(Mounted("/run/media/sonja/STICK", "/dev/sdb1", "vfat")));
@@ -26,7 +26,7 @@ TEST_F(Drives, ArePlacesThatAUserLooksInto)
     EXPECT_TRUE(VolumeIsForUsers(Mounted("C:/", "\\\\?\\Volume{1}", "ntfs")));
 }
 
-TEST_F(Drives, LeaveOutWhatTheSystemMountsForItself)
+TEST_F(Drives, ExcludeVolumesOfSystem)
 {
     EXPECT_FALSE(VolumeIsForUsers(Mounted("/proc", "proc", "proc")));
     EXPECT_FALSE(VolumeIsForUsers(Mounted("/run/user/1000", "tmpfs", "tmpfs")));
@@ -36,7 +36,7 @@ TEST_F(Drives, LeaveOutWhatTheSystemMountsForItself)
     EXPECT_FALSE(VolumeIsForUsers(Mounted("/mnt", "overlay", "overlay")));
 }
 
-TEST_F(Drives, BearThePictureOfTheirKind)
+TEST_F(Drives, HaveIconOfTheirKind)
 {
     const auto icon = [](const MountedVolume& volume) { return DriveIcon(DriveKindOf(volume)); };
     EXPECT_EQ(icon(Mounted("/media/sonja/STICK", "/dev/sdb1", "vfat")), "Floppy");
@@ -46,7 +46,7 @@ TEST_F(Drives, BearThePictureOfTheirKind)
     EXPECT_EQ(icon(Mounted("A:/", "", "fat")), "Floppy");
 }
 
-TEST_F(Drives, ShowTheirNameAndLetterOrPlace)
+TEST_F(Drives, ShowNameAndLetterOrMountPoint)
 {
     EXPECT_EQ(DriveText({ "C:/", "System", DriveKind::Fixed }), "System (C:)");
     EXPECT_EQ(DriveText({ "D:/", "", DriveKind::Cdrom }), " (D:)");
@@ -54,7 +54,7 @@ TEST_F(Drives, ShowTheirNameAndLetterOrPlace)
     EXPECT_EQ(DriveText({ "/", "", DriveKind::Fixed }), "File System (/)");
 }
 
-TEST_F(Drives, RootThatTheSystemTellsNothingOfIsStillADrive)
+TEST_F(Drives, IncludeRootUnknownToSystem)
 {
     const Drive drive = DriveAtRoot("/no/such/volume");
     EXPECT_EQ(drive.Root, "/no/such/volume");
@@ -62,7 +62,7 @@ TEST_F(Drives, RootThatTheSystemTellsNothingOfIsStillADrive)
     EXPECT_EQ(drive.Kind, DriveKind::Fixed);
 }
 
-TEST_F(Drives, OfThisSystemBeginWithTheRootAndHoldTheHomeFolder)
+TEST_F(Drives, StartWithRootAndIncludeHomeFolder)
 {
     const std::vector<Drive> drives = TheDriveSource()->Drives();
     ASSERT_FALSE(drives.empty());

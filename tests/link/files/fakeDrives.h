@@ -1,4 +1,4 @@
-// tests/link/files/fakeDrives.h: drives of a PC that is not there.
+// tests/link/files/fakeDrives.h: the drives of an imaginary PC.
 #pragma once
 
 #include "link/files/drives.h"
@@ -20,14 +20,14 @@ public:
 
     std::vector<Drive> Drives() override
     {
-        ++Asked;
-        WhileAsked();
+        ++Reads;
+        OnRead();
         return All;
     }
 
     std::vector<Drive> All;
-    int Asked = 0;
-    std::function<void()> WhileAsked = [] {};
+    int Reads = 0;
+    std::function<void()> OnRead = [] {};
 };
 
 } // namespace tarvik

@@ -1,5 +1,4 @@
-// tests/link/files/file_list_fixture.h: a list over a folder of the test's own, and what it asks of its view written
-// down.
+// tests/link/files/file_list_fixture.h: a list of the test's own folder with a view that logs its calls.
 #pragma once
 
 #include "link/channel/channel.h"
@@ -46,7 +45,7 @@ protected:
         ASSERT_TRUE(file.setFileTime(changed, QFileDevice::FileModificationTime));
     }
 
-    /// Adds a row; the disk is not touched.
+    /// Adds a row without a file on the disk.
     void AddFile(const QString& name, const QDate& day = QDate(2025, 1, 1), const QTime& time = QTime(12, 0))
     {
         TransferAddRow(list_, name, ChannelRowType::File, QDateTime(day, time));
@@ -86,7 +85,7 @@ protected:
     }
 
     FileList list_;
-    QStringList Changes; ///< drawing off and on
+    QStringList Changes; ///< "begin" and "end"
     QStringList Log; ///< focus and label edit
 
 private:

@@ -39,15 +39,15 @@ protected:
 
 class NewInstrFolder : public FileListTest {
 protected:
-    void Take(const QString& name)
+    void AddExisting(const QString& name)
     {
         fake_.Exists[name] = { ChannelPresence::Exists, ChannelRowType::Folder };
     }
 
-    void TakeNumbers(int first, int last)
+    void AddExistingNumbers(int first, int last)
     {
         for (int number = first; number <= last; ++number)
-            Take(QStringLiteral("New Folder (%1)").arg(number));
+            AddExisting(QStringLiteral("New Folder (%1)").arg(number));
     }
 
     FakeChannel fake_;
@@ -63,7 +63,7 @@ TEST_F(InstrRename, EmptyNameIsRefused)
     EXPECT_TRUE(fake_.Log.isEmpty());
 }
 
-TEST_F(InstrRename, FailedLookupIsReportedAndTheLinkStays)
+TEST_F(InstrRename, FailedLookupIsReportedAndKeepsLink)
 {
     OneFile("a.png");
     fake_.Answer("FindFile", ChannelStatus::Refused);
@@ -73,7 +73,7 @@ TEST_F(InstrRename, FailedLookupIsReportedAndTheLinkStays)
     EXPECT_TRUE(fake_.Connected);
 }
 
-TEST_F(InstrRename, FailedLookupOnAGoneLinkDisconnects)
+TEST_F(InstrRename, FailedLookupOnLostLinkDisconnects)
 {
     OneFile("a.png");
     fake_.Answer("FindFile", ChannelStatus::LinkFailed);
@@ -83,7 +83,7 @@ TEST_F(InstrRename, FailedLookupOnAGoneLinkDisconnects)
     EXPECT_EQ(fake_.Log, QStringList({ "FindFile a.png", "CheckConnection", "Disconnect" }));
 }
 
-TEST_F(InstrRename, WhatIsGoneFromTheInstrumentIsCancelledWithoutAMessage)
+TEST_F(InstrRename, MissingFileIsCancelledWithoutMessage)
 {
     AddFile("a.png");
     EXPECT_TRUE(Cancels("b.png"));
@@ -92,7 +92,7 @@ TEST_F(InstrRename, WhatIsGoneFromTheInstrumentIsCancelledWithoutAMessage)
     EXPECT_EQ(fake_.Count("Rename"), 0);
 }
 
-TEST_F(InstrRename, FolderTakesTheTrimmedName)
+TEST_F(InstrRename, FolderTakesTrimmedName)
 {
     OneFolder("old");
     EXPECT_FALSE(Cancels(" new "));
@@ -100,7 +100,7 @@ TEST_F(InstrRename, FolderTakesTheTrimmedName)
     ExpectRow("new", "Fnew");
 }
 
-TEST_F(InstrRename, FolderWhoseNewNameCannotBeLookedForIsLeftWithoutCancelling)
+TEST_F(InstrRename, FailedLookupOfNewFolderNameDoesNotCancel)
 {
     OneFolder("old");
     fake_.Answer("FindFile", ChannelStatus::Success);
@@ -110,7 +110,7 @@ TEST_F(InstrRename, FolderWhoseNewNameCannotBeLookedForIsLeftWithoutCancelling)
     ExpectRow("old", "Fold");
 }
 
-TEST_F(InstrRename, FolderCannotTakeWhatIsNoNameOnTheInstrument)
+TEST_F(InstrRename, FolderCannotTakeInvalidName)
 {
     OneFolder("old");
     const QStringList names{ QStringLiteral("sub\\old"), QStringLiteral("sub/old"), QStringLiteral("C:old"),
@@ -124,7 +124,7 @@ TEST_F(InstrRename, FolderCannotTakeWhatIsNoNameOnTheInstrument)
     ExpectRow("old", "Fold");
 }
 
-TEST_F(InstrRename, FolderCannotTakeANameInUse)
+TEST_F(InstrRename, FolderCannotTakeNameInUse)
 {
     OneFolder("old");
     fake_.Exists["new"] = { ChannelPresence::Exists, ChannelRowType::File };
@@ -136,7 +136,7 @@ TEST_F(InstrRename, FolderCannotTakeANameInUse)
     EXPECT_EQ(fake_.Count("Rename"), 0);
 }
 
-TEST_F(InstrRename, FolderThatTheInstrumentRefusesIsReportedByItsOldName)
+TEST_F(InstrRename, RefusedFolderIsReportedByOldName)
 {
     OneFolder("old");
     fake_.Answer("Rename", ChannelStatus::Refused);
@@ -145,7 +145,7 @@ TEST_F(InstrRename, FolderThatTheInstrumentRefusesIsReportedByItsOldName)
     ExpectRow("old", "Fold");
 }
 
-TEST_F(InstrRename, FileIsRenamedWithoutALookAtTheNewName)
+TEST_F(InstrRename, FileIsRenamedWithoutLookupOfNewName)
 {
     OneFile("a.png");
     fake_.Exists["b.png"] = { ChannelPresence::Exists, ChannelRowType::File };
@@ -153,14 +153,14 @@ TEST_F(InstrRename, FileIsRenamedWithoutALookAtTheNewName)
     EXPECT_EQ(fake_.Log, QStringList({ "FindFile a.png", "Rename a.png b.png" }));
 }
 
-TEST_F(InstrRename, RenamedFileBearsTheKeyOfAFolderUntilTheListIsReadAgain)
+TEST_F(InstrRename, RenamedFileHasKeyOfFolderUntilListIsReadAgain)
 {
     OneFile("a.png");
     EXPECT_FALSE(Cancels("b.png"));
     ExpectRow("b.png", "Fb.png");
 }
 
-TEST_F(InstrRename, FileThatTheInstrumentRefusesIsReported)
+TEST_F(InstrRename, RefusedFileIsReported)
 {
     OneFile("a.png");
     fake_.Answer("Rename", ChannelStatus::Refused);
@@ -169,7 +169,7 @@ TEST_F(InstrRename, FileThatTheInstrumentRefusesIsReported)
     ExpectRow("a.png", "a.png");
 }
 
-TEST_F(InstrRename, FilesOfAnotherClassAreNotRenamed)
+TEST_F(InstrRename, FilesOfOtherClassesAreNotRenamed)
 {
     ModFileInit(FileClassUnknown);
     OneFile("a.png");
@@ -178,7 +178,7 @@ TEST_F(InstrRename, FilesOfAnotherClassAreNotRenamed)
     EXPECT_EQ(fake_.Count("Rename"), 0);
 }
 
-TEST_F(InstrRename, WhatIsNeitherFileNorFolderIsLeftWithoutCancelling)
+TEST_F(InstrRename, OtherRowTypeDoesNotCancel)
 {
     AddFile("a.png");
     fake_.Exists["a.png"] = { ChannelPresence::Exists, static_cast<ChannelRowType>(2) };
@@ -187,7 +187,7 @@ TEST_F(InstrRename, WhatIsNeitherFileNorFolderIsLeftWithoutCancelling)
     ExpectRow("a.png", "a.png");
 }
 
-TEST_F(NewInstrFolder, IsMadeSelectedAndReadyForItsName)
+TEST_F(NewInstrFolder, IsCreatedSelectedAndEdited)
 {
     AddFile("a.png");
     Row(0).Selected = true;
@@ -200,18 +200,18 @@ TEST_F(NewInstrFolder, IsMadeSelectedAndReadyForItsName)
     EXPECT_EQ(Log, QStringList({ "focus", "edit 1" }));
 }
 
-TEST_F(NewInstrFolder, NumberBeginsAtTwo)
+TEST_F(NewInstrFolder, NumberStartsAtTwo)
 {
-    Take("New Folder");
+    AddExisting("New Folder");
     TransferNewFolderInstr(list_);
     EXPECT_EQ(fake_.Log.last(), "CreateDirectory New Folder (2)");
     EXPECT_EQ(Row(0).Text, "New Folder (2)");
 }
 
-TEST_F(NewInstrFolder, LastNumberThatIsTriedIsOneHundred)
+TEST_F(NewInstrFolder, NumberEndsAtOneHundred)
 {
-    Take("New Folder");
-    TakeNumbers(2, 120);
+    AddExisting("New Folder");
+    AddExistingNumbers(2, 120);
     fake_.Answer("CreateDirectory", ChannelStatus::Refused);
     Answers().Expect(12740, Ok);
     TransferNewFolderInstr(list_);
@@ -220,14 +220,14 @@ TEST_F(NewInstrFolder, LastNumberThatIsTriedIsOneHundred)
     EXPECT_TRUE(list_.Rows.empty());
 }
 
-TEST_F(NewInstrFolder, AnotherAnswerThanTakenEndsTheSearch)
+TEST_F(NewInstrFolder, UnknownPresenceEndsSearch)
 {
     fake_.Exists["New Folder"] = { static_cast<ChannelPresence>(2), ChannelRowType::Folder };
     TransferNewFolderInstr(list_);
     EXPECT_EQ(fake_.Log.last(), "CreateDirectory New Folder");
 }
 
-TEST_F(NewInstrFolder, FailedLookupIsReportedAndNothingIsMade)
+TEST_F(NewInstrFolder, FailedLookupIsReportedAndNothingIsCreated)
 {
     fake_.Answer("FindFile", ChannelStatus::Refused);
     Answers().Expect(12740, Ok);
@@ -237,10 +237,10 @@ TEST_F(NewInstrFolder, FailedLookupIsReportedAndNothingIsMade)
     EXPECT_TRUE(Log.isEmpty());
 }
 
-TEST_F(NewInstrFolder, LinkThatFailsInTheSearchEndsIt)
+TEST_F(NewInstrFolder, FailedLinkEndsSearch)
 {
-    Take("New Folder");
-    TakeNumbers(2, 120);
+    AddExisting("New Folder");
+    AddExistingNumbers(2, 120);
     fake_.Answer("FindFile", ChannelStatus::Success);
     fake_.Answer("FindFile", ChannelStatus::LinkFailed);
     Answers().Expect(12740, Ok);

@@ -9,7 +9,7 @@ namespace {
 
 class PcRename : public FileListTest {
 protected:
-    /// True when the list is to keep the old text.
+    /// True if the list must keep the old text.
     bool Cancels(const QString& name)
     {
         QString newName = name;
@@ -45,7 +45,7 @@ TEST_F(PcRename, EmptyNameIsRefused)
     EXPECT_TRUE(Exists("a.tvm"));
 }
 
-TEST_F(PcRename, FolderTakesTheTrimmedName)
+TEST_F(PcRename, FolderTakesTrimmedName)
 {
     OneFolder("old");
     EXPECT_FALSE(Cancels(" new "));
@@ -61,7 +61,7 @@ TEST_F(PcRename, FolderMayHaveAnyName)
     EXPECT_TRUE(Exists("a.b, with much more than thirty-two characters"));
 }
 
-TEST_F(PcRename, FolderCannotTakeTheNameOfAFolderOrAFile)
+TEST_F(PcRename, FolderCannotTakeNameOfFolderOrFile)
 {
     OneFolder("old");
     MakeFolder("taken");
@@ -88,7 +88,7 @@ TEST_F(PcRename, FolderCannotLeaveItsFolder)
     EXPECT_FALSE(Exists("sub/old"));
 }
 
-TEST_F(PcRename, FolderThatTheSystemRefusesIsReported)
+TEST_F(PcRename, FolderRefusedBySystemIsReported)
 {
     OneFolder("old");
     Answers().Expect(12739, Ok);
@@ -97,7 +97,7 @@ TEST_F(PcRename, FolderThatTheSystemRefusesIsReported)
     EXPECT_TRUE(Exists("old"));
 }
 
-TEST_F(PcRename, FileThatIsGoneGivesTheListTheFocus)
+TEST_F(PcRename, MissingFileMovesFocusToList)
 {
     AddFile("gone.tvm");
     EXPECT_TRUE(Cancels("new.tvm"));
@@ -105,7 +105,7 @@ TEST_F(PcRename, FileThatIsGoneGivesTheListTheFocus)
     ExpectRow("gone.tvm", "gone.tvm");
 }
 
-TEST_F(PcRename, FileTakesTheTrimmedName)
+TEST_F(PcRename, FileTakesTrimmedName)
 {
     ModFileInit(FileClassScreenShot);
     OneFile("a.png", "picture");
@@ -115,7 +115,7 @@ TEST_F(PcRename, FileTakesTheTrimmedName)
     EXPECT_FALSE(Exists("a.png"));
 }
 
-TEST_F(PcRename, FileCannotTakeTheNameOfAFolderOrAnotherFile)
+TEST_F(PcRename, FileCannotTakeNameOfFolderOrOtherFile)
 {
     OneFile("a.tvm");
     Store(FilePath("b.tvm"), "other");
@@ -128,7 +128,7 @@ TEST_F(PcRename, FileCannotTakeTheNameOfAFolderOrAnotherFile)
     EXPECT_TRUE(Exists("a.tvm"));
 }
 
-TEST_F(PcRename, FileNeedsANameThatTheInstrumentTakes)
+TEST_F(PcRename, FileNeedsNameValidOnInstrument)
 {
     OneFile("a.tvm");
     for (const QString& name : { QStringLiteral("a.b.tvm"), QStringLiteral(".tvm"), QString(33, u'a') + ".tvm",
@@ -140,7 +140,7 @@ TEST_F(PcRename, FileNeedsANameThatTheInstrumentTakes)
     EXPECT_TRUE(Exists("a.tvm"));
 }
 
-TEST_F(PcRename, ChangeOfCaseAloneDoesNothing)
+TEST_F(PcRename, ChangeOfCaseOnlyDoesNothing)
 {
     OneFile("a.tvm", "x");
     EXPECT_FALSE(Cancels("A.TVM"));
@@ -165,7 +165,7 @@ TEST_F(PcRename, FileKeepsItsExtension)
     EXPECT_TRUE(Exists("a.tvm"));
 }
 
-TEST_F(PcRename, NameInUseIsToldBeforeABadNameAndThatBeforeAnotherExtension)
+TEST_F(PcRename, ReportsNameInUseThenBadNameThenExtension)
 {
     OneFile("a.tvm");
     Store(FilePath("b.x.txt"), "other");
@@ -184,7 +184,7 @@ TEST_F(PcRename, ExtensionMayChangeItsCase)
     ExpectRow("b.TVM", "b.TVM");
 }
 
-TEST_F(PcRename, FileCannotTakeTheNameOfALinkThatLeadsNowhere)
+TEST_F(PcRename, FileCannotTakeNameOfDanglingLink)
 {
     OneFile("a.tvm");
     ASSERT_TRUE(QFile::link(FilePath("nowhere"), FilePath("b.tvm")));
@@ -193,7 +193,7 @@ TEST_F(PcRename, FileCannotTakeTheNameOfALinkThatLeadsNowhere)
     EXPECT_TRUE(Exists("a.tvm"));
 }
 
-TEST_F(PcRename, ListInTheFileTakesTheNewName)
+TEST_F(PcRename, ListInFileTakesNewName)
 {
     struct Family {
         FileClass Class;
@@ -232,7 +232,7 @@ TEST_F(PcRename, ListInTheFileTakesTheNewName)
     }
 }
 
-TEST_F(PcRename, FileThatHoldsNoListIsMovedAsItIs)
+TEST_F(PcRename, FileWithoutListIsRenamedUnchanged)
 {
     OneFile("a.tvm", "no list");
     EXPECT_FALSE(Cancels("b.tvm"));
@@ -240,7 +240,7 @@ TEST_F(PcRename, FileThatHoldsNoListIsMovedAsItIs)
     ExpectRow("b.tvm", "b.tvm");
 }
 
-TEST_F(PcRename, CorrectionSetsHaveNoNameInTheFile)
+TEST_F(PcRename, CorrectionSetsHaveNoNameInFile)
 {
     ModFileInit(FileClassCorrectionSet);
     const QString extension = ModGetExtension(FileClassCorrectionSet);
@@ -249,7 +249,7 @@ TEST_F(PcRename, CorrectionSetsHaveNoNameInTheFile)
     EXPECT_EQ(Contents(FilePath("b" + extension)), "set");
 }
 
-TEST_F(PcRename, RowThatIsNotThereIsCancelled)
+TEST_F(PcRename, MissingRowIsCancelled)
 {
     EXPECT_TRUE([this] {
         QString name = "b.tvm";
@@ -259,7 +259,7 @@ TEST_F(PcRename, RowThatIsNotThereIsCancelled)
     }());
 }
 
-TEST_F(NewPcFolder, IsMadeSelectedAndReadyForItsName)
+TEST_F(NewPcFolder, IsCreatedSelectedAndEdited)
 {
     AddFile("a.tvm");
     Row(0).Selected = true;
@@ -273,11 +273,11 @@ TEST_F(NewPcFolder, IsMadeSelectedAndReadyForItsName)
     EXPECT_EQ(Log, QStringList({ "focus", "edit 1" }));
 }
 
-TEST_F(NewPcFolder, StandsInItsPlaceInASortedList)
+TEST_F(NewPcFolder, IsInsertedInSortOrder)
 {
     AddFile("a.tvm");
     AddFolder("Zoo");
-    TransferSortColumn(list_, FileListSort);
+    TransferSortColumn(list_, kFileSortColumn);
     TransferNewFolderPc(list_);
     EXPECT_EQ(Row(0).Text, "New Folder");
     EXPECT_TRUE(Row(0).Selected);
@@ -285,7 +285,7 @@ TEST_F(NewPcFolder, StandsInItsPlaceInASortedList)
     EXPECT_EQ(Log, QStringList({ "focus", "edit 0" }));
 }
 
-TEST_F(NewPcFolder, NumberBeginsAtTwoAndPassesFilesToo)
+TEST_F(NewPcFolder, NumberStartsAtTwoAndSkipsFilesToo)
 {
     MakeFolder("New Folder");
     TransferNewFolderPc(list_);
@@ -304,7 +304,7 @@ TEST_F(NewPcFolder, NumberHasNoUpperBound)
     EXPECT_TRUE(Exists("New Folder (102)"));
 }
 
-TEST_F(NewPcFolder, FailureIsPassedOver)
+TEST_F(NewPcFolder, FailureIsIgnored)
 {
     CurrentPcFolder() = FilePath("gone");
     AddFile("a.tvm");

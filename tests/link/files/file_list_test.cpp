@@ -1,4 +1,4 @@
-// Rows of the lists of files: how they look, and how they are sorted, counted and selected.
+// Rows of file lists: texts, sorting, counting and selecting.
 #include "tests/link/files/file_list_fixture.h"
 
 #include "app/platform/seams.h"
@@ -7,7 +7,7 @@ namespace tarvik {
 
 using FileLists = FileListTest;
 
-TEST_F(FileLists, FileRowBearsNameDateTimeAndSortKey)
+TEST_F(FileLists, FileRowHasNameDateTimeAndSortKey)
 {
     TransferAddRow(list_, "Plan 1.tvm", ChannelRowType::File, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
     EXPECT_EQ(Row(0).Text, "Plan 1.tvm");
@@ -32,19 +32,19 @@ TEST_F(FileLists, FolderRowHasNoDate)
     EXPECT_TRUE(TransferIsFolderRow(Row(0)));
 }
 
-TEST_F(FileLists, FileNamedLikeTheKeyOfAFolderIsNoFolder)
+TEST_F(FileLists, FileNamedLikeKeyOfFolderIsNoFolder)
 {
     AddFile("FOld", QDate(2025, 1, 1));
     EXPECT_FALSE(TransferIsFolderRow(Row(0)));
 }
 
-TEST_F(FileLists, YearIsShownWithoutItsCentury)
+TEST_F(FileLists, YearIsShownWithoutCentury)
 {
     AddFile("a.tvm", QDate(2000, 12, 31));
     EXPECT_EQ(Row(0).SubItems[0], "31/12/00");
 }
 
-TEST_F(FileLists, MarkersChooseTheIconOfADataSetOnly)
+TEST_F(FileLists, MarkersChooseIconOfDataSetOnly)
 {
     const FileMarkers restricted{ true, true, true };
     const FileMarkers preset{ false, true, true };
@@ -61,7 +61,7 @@ TEST_F(FileLists, MarkersChooseTheIconOfADataSetOnly)
     EXPECT_EQ(icons, QStringList({ "RestrictedFile", "PresetFile", "LockedFile", "File", "File", "File" }));
 }
 
-TEST_F(FileLists, PathOfAFileTakesTheSeparatorOnce)
+TEST_F(FileLists, PathOfFileHasOneSeparator)
 {
     const QChar separator = QDir::separator();
     EXPECT_EQ(PcFilePath("a.tvm"), CurrentPcFolder() + separator + "a.tvm");
@@ -71,107 +71,107 @@ TEST_F(FileLists, PathOfAFileTakesTheSeparatorOnce)
     EXPECT_EQ(PcFilePath("a.tvm"), "");
 }
 
-TEST_F(FileLists, SortColumnListsFoldersFirstEachGroupByName)
+TEST_F(FileLists, SortColumnListsFoldersFirst)
 {
     AddFile("b.tvm", QDate(2025, 1, 1));
     AddFolder("z");
     AddFile("A.tvm", QDate(2025, 1, 1));
     AddFolder("Y");
-    TransferSortColumn(list_, FileListSort);
+    TransferSortColumn(list_, kFileSortColumn);
     EXPECT_EQ(Names(), QStringList({ "Y", "z", "A.tvm", "b.tvm" }));
     EXPECT_TRUE(list_.Sorted);
-    EXPECT_EQ(list_.SortKey, FileListSort);
+    EXPECT_EQ(list_.SortKey, kFileSortColumn);
     EXPECT_EQ(Changes, QStringList({ "begin", "end" }));
 }
 
-TEST_F(FileLists, EachSortTurnsTheOrderRoundWhateverTheColumn)
+TEST_F(FileLists, EachSortReversesOrderWhateverTheColumn)
 {
     AddFile("a.tvm", QDate(2025, 1, 1), QTime(8, 0));
     AddFile("b.tvm", QDate(2025, 1, 1), QTime(9, 0));
-    TransferHeaderClick(list_, FileListName);
+    TransferHeaderClick(list_, kFileNameColumn);
     EXPECT_EQ(Names(), QStringList({ "a.tvm", "b.tvm" }));
-    TransferHeaderClick(list_, FileListTime);
+    TransferHeaderClick(list_, kFileTimeColumn);
     EXPECT_EQ(Names(), QStringList({ "b.tvm", "a.tvm" }));
-    TransferHeaderClick(list_, FileListName);
+    TransferHeaderClick(list_, kFileNameColumn);
     EXPECT_EQ(Names(), QStringList({ "a.tvm", "b.tvm" }));
-    TransferHeaderClick(list_, FileListName);
+    TransferHeaderClick(list_, kFileNameColumn);
     EXPECT_EQ(Names(), QStringList({ "b.tvm", "a.tvm" }));
 }
 
-TEST_F(FileLists, RowsOfTheSameTimeStandInTheOrderOfTheirNames)
+TEST_F(FileLists, RowsOfSameTimeAreSortedByName)
 {
     for (const char* name : { "b.tvm", "c.tvm", "a.tvm" })
         AddFile(QString::fromLatin1(name));
     for (int turn = 0; turn < 2; ++turn) {
-        TransferSortColumn(list_, FileListTime);
+        TransferSortColumn(list_, kFileTimeColumn);
         EXPECT_EQ(Names(), QStringList({ "a.tvm", "b.tvm", "c.tvm" }));
     }
 }
 
-TEST_F(FileLists, ClickOnTheNameColumnSortsByTheSortColumn)
+TEST_F(FileLists, ClickOnNameColumnSortsBySortColumn)
 {
     AddFile("a.tvm", QDate(2025, 1, 1));
     AddFolder("z");
-    TransferHeaderClick(list_, FileListName);
+    TransferHeaderClick(list_, kFileNameColumn);
     EXPECT_EQ(Names(), QStringList({ "z", "a.tvm" }));
-    EXPECT_EQ(list_.SortKey, FileListSort);
+    EXPECT_EQ(list_.SortKey, kFileSortColumn);
 }
 
-TEST_F(FileLists, SortByDateGoesByTheCalendarThenByTheClock)
+TEST_F(FileLists, SortsByDateThenTime)
 {
     AddFile("c.tvm", QDate(2025, 2, 1));
     AddFile("b.tvm", QDate(2024, 12, 31));
     AddFile("d.tvm", QDate(2025, 2, 1), QTime(12, 0, 1));
     AddFile("a.tvm", QDate(1999, 12, 31));
     AddFolder("z");
-    TransferSortColumn(list_, FileListDate);
+    TransferSortColumn(list_, kFileDateColumn);
     EXPECT_EQ(Names(), QStringList({ "z", "a.tvm", "b.tvm", "c.tvm", "d.tvm" }));
-    TransferSortColumn(list_, FileListDate);
+    TransferSortColumn(list_, kFileDateColumn);
     EXPECT_EQ(Names(), QStringList({ "d.tvm", "c.tvm", "b.tvm", "a.tvm", "z" }));
 }
 
-TEST_F(FileLists, SortByDateShowsTheShortFormOfTheRegionUntilTheNextListing)
+TEST_F(FileLists, SortByDateShowsShortFormOfRegionUntilNextListing)
 {
     StoreAt("a.tvm", QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
     MakeFolder("z");
     TransferListPc(list_, Mask());
-    TransferSortColumn(list_, FileListDate);
+    TransferSortColumn(list_, kFileDateColumn);
     EXPECT_EQ(Dates(), QStringList({ "", "4/5/25" }));
-    TransferSortColumn(list_, FileListDate);
+    TransferSortColumn(list_, kFileDateColumn);
     EXPECT_EQ(Dates(), QStringList({ "4/5/25", "" }));
     EXPECT_EQ(TransferRowDate(Row(0)), QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
     TransferListPc(list_, Mask());
     EXPECT_EQ(Dates(), QStringList({ "05/04/25", "" }));
 }
 
-TEST_F(FileLists, SortByDateKeepsTheFormWhereTheRegionWritesTheSame)
+TEST_F(FileLists, SortByDateKeepsFormThatRegionSharesWithList)
 {
     SetRegion(QLocale(QLocale::Italian, QLocale::Italy));
     AddFile("a.tvm", QDate(2025, 4, 5));
-    TransferSortColumn(list_, FileListDate);
+    TransferSortColumn(list_, kFileDateColumn);
     EXPECT_EQ(Dates(), QStringList({ "05/04/25" }));
 }
 
-TEST_F(FileLists, SortedListStaysSortedWhenItIsReadAgain)
+TEST_F(FileLists, SortedListStaysSortedWhenReadAgain)
 {
     StoreAt("a.tvm", QDateTime(QDate(2025, 1, 2), QTime(1, 1)));
     StoreAt("b.tvm", QDateTime(QDate(2024, 1, 2), QTime(1, 1)));
     TransferListPc(list_, Mask(), true);
-    TransferSortColumn(list_, FileListDate);
+    TransferSortColumn(list_, kFileDateColumn);
     EXPECT_EQ(Names(), QStringList({ "a.tvm", "b.tvm" }));
     StoreAt("c.tvm", QDateTime(QDate(2024, 6, 2), QTime(1, 1)));
     TransferListPc(list_, Mask());
     EXPECT_EQ(Names(), QStringList({ "a.tvm", "c.tvm", "b.tvm" }));
-    EXPECT_EQ(list_.SortKey, FileListDate);
+    EXPECT_EQ(list_.SortKey, kFileDateColumn);
 }
 
-TEST_F(FileLists, SortMovesSelectionAndCurrentRowWithTheirRows)
+TEST_F(FileLists, SortMovesSelectionAndCurrentRow)
 {
     AddFile("b.tvm", QDate(2025, 1, 1));
     AddFile("a.tvm", QDate(2025, 1, 1));
     Row(0).Selected = true;
     list_.CurrentRow = 0;
-    TransferSortColumn(list_, FileListSort);
+    TransferSortColumn(list_, kFileSortColumn);
     EXPECT_EQ(list_.CurrentRow, 1);
     EXPECT_EQ(TransferFirstSelected(list_), 1);
 }
@@ -191,7 +191,7 @@ TEST_F(FileLists, CountsSelectedRowsWithAndWithoutFolders)
     EXPECT_EQ(TransferFirstSelected(list_), 0);
 }
 
-TEST_F(FileLists, SelectAllTakesFilesAndDropsFolders)
+TEST_F(FileLists, SelectAllSelectsFilesAndDeselectsFolders)
 {
     AddFolder("z");
     AddFile("a.tvm", QDate(2025, 1, 1));
@@ -202,7 +202,7 @@ TEST_F(FileLists, SelectAllTakesFilesAndDropsFolders)
     EXPECT_EQ(Changes, QStringList({ "begin", "end" }));
 }
 
-TEST_F(FileLists, DateOfARowIsReadDayFirstWhateverTheRegion)
+TEST_F(FileLists, DateOfRowIsReadDayFirstWhateverTheRegion)
 {
     AddFile("a.tvm", QDate(2025, 4, 5), QTime(6, 7, 8));
     for (const QLocale& region : { QLocale(QLocale::English, QLocale::UnitedStates), QLocale(QLocale::Japanese) }) {
@@ -211,7 +211,7 @@ TEST_F(FileLists, DateOfARowIsReadDayFirstWhateverTheRegion)
     }
 }
 
-TEST_F(FileLists, CenturyOfADateIsTheNearestOne)
+TEST_F(FileLists, CenturyOfDateIsNearest)
 {
     TheSeams().Now = [] { return QDateTime(QDate(2026, 6, 1), QTime(12, 0)); };
     FileListRow row;
@@ -224,7 +224,7 @@ TEST_F(FileLists, CenturyOfADateIsTheNearestOne)
     EXPECT_EQ(TransferRowDate(row).date(), QDate(2031, 2, 1));
 }
 
-TEST_F(FileLists, RowWithoutAReadableDateHasNone)
+TEST_F(FileLists, RowWithUnreadableDateHasNone)
 {
     FileListRow row;
     for (const char* date : { "", "5/4/25", "32/01/25", "01/13/25", "aa/bb/cc" }) {

@@ -1,4 +1,4 @@
-// How the lists of files are filled: what of the PC's folder and of the instrument's is shown.
+// Filling file lists: which files of the PC and of the instrument are listed.
 #include "tests/link/files/file_list_fixture.h"
 #include "tests/support/fakeChannel.h"
 
@@ -29,7 +29,7 @@ protected:
 
 } // namespace
 
-TEST_F(FileListing, PcListShowsFoldersThenTheFilesOfTheClass)
+TEST_F(FileListing, PcListShowsFoldersThenFilesOfClass)
 {
     MakeFolder("b");
     MakeFolder("A");
@@ -53,7 +53,7 @@ TEST_F(FileListing, PcListShowsFoldersForEveryClass)
     }
 }
 
-TEST_F(FileListing, PcFileWithAPointInItsBaseNameIsNotShown)
+TEST_F(FileListing, PcFileWithPointInBaseNameIsNotShown)
 {
     Store(FilePath("a.b.tvm"), "x");
     Store(FilePath("ab.tvm"), "x");
@@ -61,7 +61,7 @@ TEST_F(FileListing, PcFileWithAPointInItsBaseNameIsNotShown)
     EXPECT_EQ(Names(), QStringList({ "ab.tvm" }));
 }
 
-TEST_F(FileListing, PcFileWithLettersThatTheInstrumentLacksIsNotShown)
+TEST_F(FileListing, PcFileWithNameInvalidOnInstrumentIsNotShown)
 {
     Store(FilePath(QStringLiteral("Stra\u00dfe.tvm")), "x");
     Store(FilePath(".tvm"), "x");
@@ -72,21 +72,21 @@ TEST_F(FileListing, PcFileWithLettersThatTheInstrumentLacksIsNotShown)
     EXPECT_EQ(Names(), QStringList({ QString(32, u'a') + ".tvm" }));
 }
 
-TEST_F(FileListing, HiddenFoldersOfThePcAreNotShown)
+TEST_F(FileListing, HiddenPcFoldersAreNotShown)
 {
     MakeFolder(".cache");
     TransferListPc(list_, Mask());
     EXPECT_TRUE(list_.Rows.empty());
 }
 
-TEST_F(FileListing, EmptyPcFolderGivesNoRowAndNoMessage)
+TEST_F(FileListing, EmptyPcFolderHasNoRowsAndNoMessage)
 {
     AddFile("old.tvm", QDate(2025, 1, 1));
     TransferListPc(list_, Mask(), true);
     EXPECT_TRUE(list_.Rows.empty());
 }
 
-TEST_F(FileListing, PcFolderThatIsNotThereGivesNoRowAndNoMessage)
+TEST_F(FileListing, MissingPcFolderHasNoRowsAndNoMessage)
 {
     for (const QString& folder : { FilePath("gone"), QString() }) {
         CurrentPcFolder() = folder;
@@ -96,7 +96,7 @@ TEST_F(FileListing, PcFolderThatIsNotThereGivesNoRowAndNoMessage)
     }
 }
 
-TEST_F(FileListing, ListingLeavesNoCurrentRowAndDrawsOnce)
+TEST_F(FileListing, ListingClearsCurrentRowAndDrawsOnce)
 {
     Store(FilePath("a.tvm"), "x");
     AddFile("old.tvm", QDate(2025, 1, 1));
@@ -108,7 +108,7 @@ TEST_F(FileListing, ListingLeavesNoCurrentRowAndDrawsOnce)
     EXPECT_EQ(Changes, QStringList({ "begin", "end" }));
 }
 
-TEST_F(InstrumentLists, RowsComeInTheOrderOfTheWalk)
+TEST_F(InstrumentLists, RowsAreInOrderOfWalk)
 {
     Give("z.tvm", ChannelRowType::File);
     Give("a.tvm", ChannelRowType::File);
@@ -119,7 +119,7 @@ TEST_F(InstrumentLists, RowsComeInTheOrderOfTheWalk)
     EXPECT_EQ(fake_.Log, QStringList({ "StartFindMemoryListFiles", "GetNextFile", "GetNextFile" }));
 }
 
-TEST_F(InstrumentLists, FilesPassTheSameFiltersAsThoseOfThePc)
+TEST_F(InstrumentLists, FilesAreFilteredAsOnPc)
 {
     Give("good.tvm", ChannelRowType::File);
     Give("two.points.tvm", ChannelRowType::File);
@@ -140,7 +140,7 @@ TEST_F(InstrumentLists, FoldersAreShownForScreenShotsAndUnknownClassesOnly)
     }
 }
 
-TEST_F(InstrumentLists, RowOfAnotherTypeIsDropped)
+TEST_F(InstrumentLists, RowOfOtherTypeIsSkipped)
 {
     ModFileInit(FileClassScreenShot);
     Give("a.png", static_cast<ChannelRowType>(2));
@@ -158,7 +158,7 @@ TEST_F(InstrumentLists, LastRowIsShown)
     EXPECT_EQ(fake_.Count("GetNextFile"), 1);
 }
 
-TEST_F(InstrumentLists, NothingToWalkLeavesTheListEmptyWithoutAMessage)
+TEST_F(InstrumentLists, NothingToWalkLeavesListEmptyWithoutMessage)
 {
     AddFile("old.tvm", QDate(2025, 1, 1));
     Give("a.tvm", ChannelRowType::File);
@@ -168,7 +168,7 @@ TEST_F(InstrumentLists, NothingToWalkLeavesTheListEmptyWithoutAMessage)
     EXPECT_EQ(fake_.Count("GetNextFile"), 0);
 }
 
-TEST_F(InstrumentLists, WalkThatCannotStartLeavesTheListEmptyWithoutAMessage)
+TEST_F(InstrumentLists, FailedStartLeavesListEmptyWithoutMessage)
 {
     AddFile("old.tvm", QDate(2025, 1, 1));
     Give("a.tvm", ChannelRowType::File);
@@ -178,7 +178,7 @@ TEST_F(InstrumentLists, WalkThatCannotStartLeavesTheListEmptyWithoutAMessage)
     EXPECT_EQ(fake_.Count("GetNextFile"), 0);
 }
 
-TEST_F(InstrumentLists, WalkThatBreaksKeepsTheRowsBefore)
+TEST_F(InstrumentLists, FailedWalkKeepsRowsReceived)
 {
     Give("a.tvm", ChannelRowType::File);
     Give("b.tvm", ChannelRowType::File);
@@ -190,7 +190,7 @@ TEST_F(InstrumentLists, WalkThatBreaksKeepsTheRowsBefore)
     EXPECT_EQ(fake_.Count("GetNextFile"), 2);
 }
 
-TEST_F(InstrumentLists, DateThatDoesNotExistIsLeftEmpty)
+TEST_F(InstrumentLists, InvalidDateIsLeftEmpty)
 {
     Give("a.tvm", ChannelRowType::File, 2025, 2, 30);
     Give("b.tvm", ChannelRowType::File, 0, 0, 0);
@@ -198,7 +198,7 @@ TEST_F(InstrumentLists, DateThatDoesNotExistIsLeftEmpty)
     EXPECT_EQ(Dates(), QStringList({ "", "" }));
 }
 
-TEST_F(InstrumentLists, EveryClassStartsItsOwnWalk)
+TEST_F(InstrumentLists, EveryClassHasItsStartOperation)
 {
     const char* starts[] = { "StartFindAntennaListFiles", "StartFindKfactorTableFiles", "StartFindMemoryListFiles",
         "StartFindSuppressListFiles", "StartFindAllFiles", "StartFindCorrectionSetFiles", "StartFindAllFiles" };

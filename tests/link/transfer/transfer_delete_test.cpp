@@ -1,4 +1,4 @@
-// Deletion of selected rows on either side.
+// Deleting selected rows on either side.
 #include "tests/link/transfer/transfer_fixture.h"
 
 #include "app/platform/paths.h"
@@ -31,7 +31,7 @@ protected:
         AddFile(pc_, name);
     }
 
-    /// With a file in it.
+    /// A folder with a file in it.
     void OneFolder(const QString& name)
     {
         ASSERT_TRUE(QDir().mkdir(FilePath(name)));
@@ -72,7 +72,7 @@ TEST_F(DeleteOnInstr, EachKindOfFileHasItsOperation)
     }
 }
 
-TEST_F(DeleteOnInstr, OneListOfItsKindCannotBeDeleted)
+TEST_F(DeleteOnInstr, SingleListOfClassCannotBeDeleted)
 {
     AddFile(instr_, "f");
     for (const FileClass fileClass : { FileClassAntennaList, FileClassMemoryList, FileClassSuppressList }) {
@@ -83,7 +83,7 @@ TEST_F(DeleteOnInstr, OneListOfItsKindCannotBeDeleted)
     }
 }
 
-TEST_F(DeleteOnInstr, FoldersGoForScreenShotsAndUnknownClassesOnly)
+TEST_F(DeleteOnInstr, FoldersAreDeletedForScreenShotsAndUnknownClassesOnly)
 {
     AddFolder(instr_, "Old");
     for (const FileClass fileClass : kClassesOfAllKinds) {
@@ -97,7 +97,7 @@ TEST_F(DeleteOnInstr, FoldersGoForScreenShotsAndUnknownClassesOnly)
     }
 }
 
-TEST_F(DeleteOnInstr, FoldersOfAClassWithOneListAreRefusedRowByRow)
+TEST_F(DeleteOnInstr, FoldersOfClassWithOneListAreRefusedOneByOne)
 {
     ModFileInit(FileClassAntennaList);
     AddFolder(instr_, "One");
@@ -120,7 +120,7 @@ TEST_F(DeleteOnInstr, AllSelectedRowsAreCounted)
             "pump" }));
 }
 
-TEST_F(DeleteOnInstr, RefusedFolderIsReportedByNameAndTheJobGoesOn)
+TEST_F(DeleteOnInstr, RefusedFolderIsReportedByNameAndJobContinues)
 {
     AddFolder(instr_, "Old");
     AddFile(instr_, "a.png");
@@ -130,7 +130,7 @@ TEST_F(DeleteOnInstr, RefusedFolderIsReportedByNameAndTheJobGoesOn)
     EXPECT_EQ(fake_.Count("RemoveFile a.png"), 1);
 }
 
-TEST_F(DeleteOnInstr, FailedFileIsReportedByNameAndTheJobGoesOn)
+TEST_F(DeleteOnInstr, FailedFileIsReportedByNameAndJobContinues)
 {
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
@@ -144,7 +144,7 @@ TEST_F(DeleteOnInstr, FailedFileIsReportedByNameAndTheJobGoesOn)
     }
 }
 
-TEST_F(DeleteOnInstr, HigherCodeOfAFileIsNotReported)
+TEST_F(DeleteOnInstr, LocalFileStatusIsNotReported)
 {
     AddFile(instr_, "a.png");
     fake_.Answer("RemoveFile", ChannelStatus::LocalFile);
@@ -152,7 +152,7 @@ TEST_F(DeleteOnInstr, HigherCodeOfAFileIsNotReported)
     EXPECT_EQ(fake_.Count("RemoveFile"), 1);
 }
 
-TEST_F(DeleteOnInstr, LostLinkEndsTheJobBehindItsMessage)
+TEST_F(DeleteOnInstr, LostLinkEndsJobAfterMessage)
 {
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
@@ -163,7 +163,7 @@ TEST_F(DeleteOnInstr, LostLinkEndsTheJobBehindItsMessage)
     EXPECT_EQ(fake_.Log, QStringList({ "RemoveFile a.png", "CheckConnection", "Disconnect" }));
 }
 
-TEST_F(DeleteOnInstr, CancelWaitsForTheFileInWork)
+TEST_F(DeleteOnInstr, CancelCompletesCurrentFile)
 {
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
@@ -172,7 +172,7 @@ TEST_F(DeleteOnInstr, CancelWaitsForTheFileInWork)
     EXPECT_EQ(fake_.Log, QStringList({ "RemoveFile a.png" }));
 }
 
-TEST_F(DeleteOnPc, FilesAndFoldersGoIntoTheTrash)
+TEST_F(DeleteOnPc, FilesAndFoldersAreMovedToTrash)
 {
     OneFolder("Old");
     OneFile("a.png");
@@ -183,7 +183,7 @@ TEST_F(DeleteOnPc, FilesAndFoldersGoIntoTheTrash)
             "pump", "value 2", "pump" }));
 }
 
-TEST_F(DeleteOnPc, AnswersForAllOfAnEarlierJobAreForgottenOnEitherSide)
+TEST_F(DeleteOnPc, AnswersForAllOfEarlierJobAreClearedOnEitherSide)
 {
     for (void (*job)(FileList&) : { TransferDeletePc, TransferDeleteInstr }) {
         TheMessage().YesAll = true;
@@ -194,7 +194,7 @@ TEST_F(DeleteOnPc, AnswersForAllOfAnEarlierJobAreForgottenOnEitherSide)
     }
 }
 
-TEST_F(DeleteOnPc, OnlySelectedRowsGo)
+TEST_F(DeleteOnPc, OnlySelectedRowsAreDeleted)
 {
     OneFile("a.png");
     OneFile("b.png");
@@ -204,7 +204,7 @@ TEST_F(DeleteOnPc, OnlySelectedRowsGo)
     EXPECT_TRUE(Exists("a.png"));
 }
 
-TEST_F(DeleteOnPc, ShiftDeletesAtOnceWithoutTheTrash)
+TEST_F(DeleteOnPc, ShiftDeletesWithoutTrash)
 {
     OneFolder("Old");
     OneFile("a.png");
@@ -215,7 +215,7 @@ TEST_F(DeleteOnPc, ShiftDeletesAtOnceWithoutTheTrash)
     EXPECT_TRUE(Trash.isEmpty());
 }
 
-TEST_F(DeleteOnPc, ReadOnlyRowsAreKeptWithAMessage)
+TEST_F(DeleteOnPc, ReadOnlyRowsAreKeptWithMessage)
 {
     OneFolder("Old");
     OneFile("a.png");
@@ -232,7 +232,7 @@ TEST_F(DeleteOnPc, ReadOnlyRowsAreKeptWithAMessage)
     EXPECT_TRUE(Trash.isEmpty());
 }
 
-TEST_F(DeleteOnPc, ShiftKeepsAFolderWhole)
+TEST_F(DeleteOnPc, ShiftKeepsFolderWithReadOnlyFileWhole)
 {
     OneFolder("Old");
     ASSERT_TRUE(QDir().mkdir(FilePath("Old/sub")));
@@ -244,7 +244,7 @@ TEST_F(DeleteOnPc, ShiftKeepsAFolderWhole)
     EXPECT_TRUE(Exists("Old/sub/locked.txt"));
 }
 
-TEST_F(DeleteOnPc, ShiftOnALinkLeavesWhatItLeadsTo)
+TEST_F(DeleteOnPc, ShiftOnLinkKeepsTarget)
 {
     ASSERT_TRUE(QDir().mkdir(FilePath("kept")));
     StoreLocal("kept/inside.txt");
@@ -256,7 +256,7 @@ TEST_F(DeleteOnPc, ShiftOnALinkLeavesWhatItLeadsTo)
     EXPECT_TRUE(Exists("kept/inside.txt"));
 }
 
-TEST_F(DeleteOnPc, RowsThatAreGoneArePassedOverSilently)
+TEST_F(DeleteOnPc, MissingRowsAreSkippedSilently)
 {
     AddFile(pc_, "gone.png");
     AddFolder(pc_, "Gone");
@@ -265,7 +265,7 @@ TEST_F(DeleteOnPc, RowsThatAreGoneArePassedOverSilently)
     EXPECT_EQ(ShownOf("value").last(), "value 2");
 }
 
-TEST_F(DeleteOnPc, RowOfAFileDeletesNoFolder)
+TEST_F(DeleteOnPc, RowOfFileDeletesNoFolder)
 {
     ASSERT_TRUE(QDir().mkdir(FilePath("a.png")));
     AddFile(pc_, "a.png");
@@ -273,7 +273,7 @@ TEST_F(DeleteOnPc, RowOfAFileDeletesNoFolder)
     EXPECT_TRUE(Exists("a.png"));
 }
 
-TEST_F(DeleteOnPc, FullTrashIsPassedOver)
+TEST_F(DeleteOnPc, FullTrashIsIgnored)
 {
     TrashIsFull = true;
     OneFile("a.png");
@@ -281,7 +281,7 @@ TEST_F(DeleteOnPc, FullTrashIsPassedOver)
     EXPECT_TRUE(Exists("a.png"));
 }
 
-TEST_F(DeleteOnPc, CancelWaitsForTheFileInWork)
+TEST_F(DeleteOnPc, CancelCompletesCurrentFile)
 {
     OneFile("a.png");
     OneFile("b.png");

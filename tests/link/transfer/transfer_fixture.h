@@ -1,5 +1,5 @@
-// tests/link/transfer/transfer_fixture.h: both lists, an instrument and a trash for the jobs, and what a job shows
-// written down.
+// tests/link/transfer/transfer_fixture.h: both lists, an instrument and a trash for transfer jobs, and a log of the
+// progress shown.
 #pragma once
 
 #include "tests/support/fakeChannel.h"
@@ -14,14 +14,14 @@ class TransferTest : public ProgramTest, private TransferProgress {
 protected:
     TransferTest();
 
-    /// Adds a row to a list, selected; what stands on the disk is not touched.
+    /// Adds a selected row without a file on the disk.
     static FileListRow& AddFile(FileList& list, const QString& name);
     static FileListRow& AddFolder(FileList& list, const QString& name);
 
-    /// Stores a file of the PC that bears its own name as contents.
+    /// Stores a PC file with its own name as contents.
     void StoreLocal(const QString& name) const;
 
-    /// The instrument knows the file too, in the folder of any class.
+    /// Stores the file on the instrument too, in the folder of any class.
     void StoreOnBothSides(const QString& name);
 
     QString Local(const QString& name) const
@@ -31,14 +31,14 @@ protected:
 
     bool Exists(const QString& name) const;
 
-    /// What the trash has taken, without the path.
+    /// Names moved to the trash, without their path.
     QStringList Trash;
-    bool TrashIsFull = false; ///< takes nothing
+    bool TrashIsFull = false; ///< moving to the trash fails
 
     /// "label ...", "maximum n", "value n", "pump"
     QStringList Shown;
 
-    /// Of `Shown` what begins with `kind`.
+    /// The entries of `Shown` that start with `kind`.
     QStringList ShownOf(const QString& kind) const;
 
     FakeChannel fake_;

@@ -1,4 +1,4 @@
-// The form that shows a job while it runs.
+// The form that runs a transfer job.
 #include "tests/support/forms.h"
 
 #include "app/forms/dialog.h"
@@ -20,7 +20,7 @@ namespace tarvik {
 
 namespace {
 
-/// The text that a label showed when it was drawn last.
+/// The text of a label when last painted.
 class DrawnText final : public QObject {
 public:
     explicit DrawnText(QLabel& label)
@@ -42,7 +42,7 @@ private:
     QLabel& label_;
 };
 
-/// Runs the form over an upload of three files; `during` is called while the first one is being put.
+/// Runs the form with an upload of three files; `during` is called during the first one.
 class TransferForm : public FormTest {
 protected:
     TransferForm()
@@ -97,7 +97,7 @@ TEST_F(TransferForm, HasItsControls)
     });
 }
 
-TEST_F(TransferForm, OpensWithTheTextsOfItsJob)
+TEST_F(TransferForm, OpensWithTextsOfJob)
 {
     Transfer().LvPc = nullptr;
     Transfer().LvInstr = nullptr;
@@ -106,7 +106,7 @@ TEST_F(TransferForm, OpensWithTheTextsOfItsJob)
         Transfer().TransferType = job;
         Transfer().TransferCancel = true;
         FmTransfer opened;
-        TheSeams().PumpUntil = [&](const std::function<bool()>&) { // waits for the screen, before the job begins
+        TheSeams().PumpUntil = [&](const std::function<bool()>&) { // called before the job starts
             EXPECT_EQ(opened.windowTitle(), LngStr(number <= 6 ? 14002 : 14003));
             EXPECT_EQ(TextOf(opened, "Label"), LngStr1(TransferLabelId(job), " ..."));
             EXPECT_EQ(Find<QProgressBar>(opened, "progressBar").value(), 0);
@@ -117,7 +117,7 @@ TEST_F(TransferForm, OpensWithTheTextsOfItsJob)
     }
 }
 
-TEST_F(TransferForm, RunsTheJobOnceItIsOnTheScreenAndClosesBehindIt)
+TEST_F(TransferForm, RunsJobOnceVisibleThenCloses)
 {
     Run([&] {
         EXPECT_TRUE(form.isVisible());
@@ -130,7 +130,7 @@ TEST_F(TransferForm, RunsTheJobOnceItIsOnTheScreenAndClosesBehindIt)
     EXPECT_FALSE(DialogIsOpen());
 }
 
-TEST_F(TransferForm, ShowsTheFileInWorkAndHowFarTheJobIs)
+TEST_F(TransferForm, ShowsCurrentFileAndProgress)
 {
     QStringList labels;
     QStringList bar;
@@ -146,20 +146,20 @@ TEST_F(TransferForm, ShowsTheFileInWorkAndHowFarTheJobIs)
     EXPECT_EQ(Bar().value(), 3);
 }
 
-TEST_F(TransferForm, BarOfAJobWithoutFilesStaysAtItsStart)
+TEST_F(TransferForm, BarOfJobWithoutFilesStaysAtStart)
 {
     pc_.Rows.clear();
     TransferAddRow(pc_, "One", ChannelRowType::Folder, {});
     pc_.Rows.back().Selected = true;
     Answers().ExpectWhile(12744, Ok, [&] {
         EXPECT_EQ(Bar().value(), 0);
-        EXPECT_GT(Bar().maximum(), Bar().minimum()) << "an empty range would show a bar that wanders";
+        EXPECT_GT(Bar().maximum(), Bar().minimum()) << "an empty range would show an indeterminate bar";
     });
     DialogShow(form);
     EXPECT_TRUE(form.IsClosed());
 }
 
-TEST_F(TransferForm, CancelStopsBehindTheFileInWork)
+TEST_F(TransferForm, CancelStopsAfterCurrentFile)
 {
     const DrawnText drawn(Find<QLabel>(form, "Label"));
     Run([&] {
@@ -173,7 +173,7 @@ TEST_F(TransferForm, CancelStopsBehindTheFileInWork)
     EXPECT_EQ(fake_.Log.last(), "StartFindAllFiles");
 }
 
-TEST_F(TransferForm, DrawsTheNameOfAFileBeforeItIsMoved)
+TEST_F(TransferForm, DrawsNameOfFileBeforeTransfer)
 {
     const DrawnText drawn(Find<QLabel>(form, "Label"));
     QStringList texts;
@@ -202,7 +202,7 @@ TEST_F(TransferForm, CancelByTheKeyboard)
     EXPECT_EQ(fake_.Count("PutFile"), 1);
 }
 
-TEST_F(TransferForm, EscapeStopsTheJobAndTheFormStaysUntilItHasEnded)
+TEST_F(TransferForm, EscapeStopsJobAndFormStaysUntilItEnds)
 {
     Run([&] {
         Key(Qt::Key_Escape);
@@ -212,7 +212,7 @@ TEST_F(TransferForm, EscapeStopsTheJobAndTheFormStaysUntilItHasEnded)
     EXPECT_EQ(fake_.Count("PutFile"), 1);
 }
 
-TEST_F(TransferForm, CloseByTheFrameIsRefusedAndStopsTheJob)
+TEST_F(TransferForm, CloseEventIsRefusedAndStopsJob)
 {
     Run([&] {
         QCloseEvent event;
@@ -234,7 +234,7 @@ TEST_F(TransferForm, LaterActivationsStartNoSecondJob)
     EXPECT_EQ(fake_.Count("PutFile"), 3);
 }
 
-TEST_F(TransferForm, LongNameIsShortenedInTheMiddle)
+TEST_F(TransferForm, LongNameIsElidedInMiddle)
 {
     const QString name = QString(200, u'x') + ".png";
     pc_.Rows.resize(1);
@@ -247,7 +247,7 @@ TEST_F(TransferForm, LongNameIsShortenedInTheMiddle)
     });
 }
 
-TEST_F(TransferForm, UnknownJobClosesTheFormAtOnce)
+TEST_F(TransferForm, UnknownJobClosesFormAtOnce)
 {
     Transfer().TransferType = static_cast<TransferJob>(11);
     DialogShow(form);
@@ -256,7 +256,7 @@ TEST_F(TransferForm, UnknownJobClosesTheFormAtOnce)
     EXPECT_TRUE(fake_.Log.isEmpty());
 }
 
-TEST_F(TransferForm, JobWithoutAFormShowsNothing)
+TEST_F(TransferForm, JobWithoutFormShowsNothing)
 {
     DialogShow(form);
     TheTransferProgress()->SetValue(1);

@@ -1,11 +1,10 @@
-// Download of selected rows, and of the active data set.
+// Downloading selected rows and the active data set.
 #include "tests/link/transfer/transfer_fixture.h"
 
 #include "app/platform/paths.h"
 #include "app/values/general.h"
 #include "link/classes/model.h"
 #include "link/documents/file.h"
-#include "link/transfer/fileDates.h"
 
 #include <QDir>
 #include <QFile>
@@ -29,7 +28,7 @@ protected:
         return QStringLiteral("GetFile %1 %2 10000").arg(name, Local(name));
     }
 
-    QDateTime ChangeOf(const QString& name) const
+    QDateTime ChangedOf(const QString& name) const
     {
         return QFileInfo(FilePath(name)).lastModified();
     }
@@ -51,13 +50,13 @@ protected:
 
 } // namespace
 
-TEST_F(Download, FileIsFetchedAndStamped)
+TEST_F(Download, FileIsDownloadedWithItsDate)
 {
     AddFile(instr_, "a.png");
     Run();
     EXPECT_EQ(fake_.Log, QStringList({ GetFile("a.png") }));
     EXPECT_EQ(Contents(FilePath("a.png")), fake_.Contents);
-    EXPECT_EQ(ChangeOf("a.png"), kRowDate);
+    EXPECT_EQ(ChangedOf("a.png"), kRowDate);
     EXPECT_FALSE(HasReadOnlyAttribute(FilePath("a.png")));
     EXPECT_EQ(Shown, QStringList({ "pump", "maximum 1", "label Copying to the PC: a.png", "value 1", "pump" }));
 }
@@ -78,7 +77,7 @@ TEST_F(Download, EveryClassHasItsOwnOperation)
     }
 }
 
-TEST_F(Download, AllButTheClassesWithOneListKeepTheirDate)
+TEST_F(Download, AllButClassesWithOneListKeepDate)
 {
     for (const FileClass fileClass : kClassesOfAllKinds) {
         ModFileInit(fileClass);
@@ -88,7 +87,7 @@ TEST_F(Download, AllButTheClassesWithOneListKeepTheirDate)
         Run();
         const bool keeps =
             fileClass != FileClassAntennaList && fileClass != FileClassMemoryList && fileClass != FileClassSuppressList;
-        EXPECT_EQ(ChangeOf(name) == kRowDate, keeps) << fileClass;
+        EXPECT_EQ(ChangedOf(name) == kRowDate, keeps) << fileClass;
     }
 }
 
@@ -102,7 +101,7 @@ TEST_F(Download, FoldersAreRefusedAndNotCounted)
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1" }));
 }
 
-TEST_F(Download, FileThatExistsGoesIntoTheTrashOnYes)
+TEST_F(Download, ExistingFileIsMovedToTrashOnYes)
 {
     StoreLocal("a.png");
     AddFile(instr_, "a.png");
@@ -112,7 +111,7 @@ TEST_F(Download, FileThatExistsGoesIntoTheTrashOnYes)
     EXPECT_EQ(Contents(FilePath("a.png")), fake_.Contents);
 }
 
-TEST_F(Download, AnyOtherAnswerThanYesKeepsTheFileAndTheJobGoesOn)
+TEST_F(Download, AnyAnswerButYesKeepsFileAndJobContinues)
 {
     StoreLocal("a.png");
     AddFile(instr_, "a.png");
@@ -128,7 +127,7 @@ TEST_F(Download, AnyOtherAnswerThanYesKeepsTheFileAndTheJobGoesOn)
     EXPECT_TRUE(Trash.isEmpty());
 }
 
-TEST_F(Download, ClassesWithOneListAskPlainlyForEachFile)
+TEST_F(Download, ClassesWithOneListAskYesOrNoForEachFile)
 {
     for (const FileClass fileClass : kClassesOfAllKinds) {
         ModFileInit(fileClass);
@@ -147,7 +146,7 @@ TEST_F(Download, ClassesWithOneListAskPlainlyForEachFile)
     }
 }
 
-TEST_F(Download, YesAllReplacesTheRestByWayOfTheTrash)
+TEST_F(Download, YesAllReplacesRestThroughTrash)
 {
     for (const char* name : { "a.png", "b.png" }) {
         StoreLocal(QString::fromLatin1(name));
@@ -159,7 +158,7 @@ TEST_F(Download, YesAllReplacesTheRestByWayOfTheTrash)
     EXPECT_EQ(fake_.Count("GetFile"), 2);
 }
 
-TEST_F(Download, NoAllKeepsTheRest)
+TEST_F(Download, NoAllKeepsRest)
 {
     for (const char* name : { "a.png", "b.png" }) {
         StoreLocal(QString::fromLatin1(name));
@@ -171,7 +170,7 @@ TEST_F(Download, NoAllKeepsTheRest)
     EXPECT_EQ(fake_.Log, QStringList({ GetFile("new.png") }));
 }
 
-TEST_F(Download, AnswersForAllOfAnEarlierJobDoNotCount)
+TEST_F(Download, AnswersForAllOfEarlierJobAreIgnored)
 {
     StoreLocal("a.png");
     AddFile(instr_, "a.png");
@@ -182,7 +181,7 @@ TEST_F(Download, AnswersForAllOfAnEarlierJobDoNotCount)
     EXPECT_EQ(Contents(FilePath("a.png")), "a.png");
 }
 
-TEST_F(Download, FileThatTheTrashCannotTakeIsKeptAndNothingIsFetched)
+TEST_F(Download, FullTrashKeepsFileAndNothingIsDownloaded)
 {
     TrashIsFull = true;
     StoreLocal("a.png");
@@ -195,7 +194,7 @@ TEST_F(Download, FileThatTheTrashCannotTakeIsKeptAndNothingIsFetched)
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1" }));
 }
 
-TEST_F(Download, FailureWithTheLinkStillThereGoesOn)
+TEST_F(Download, FailureContinuesWhileLinkIsUp)
 {
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
@@ -207,7 +206,7 @@ TEST_F(Download, FailureWithTheLinkStillThereGoesOn)
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1", "value 2" }));
 }
 
-TEST_F(Download, LostLinkEndsTheJobAndDisconnects)
+TEST_F(Download, LostLinkEndsJobAndDisconnects)
 {
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
@@ -218,7 +217,7 @@ TEST_F(Download, LostLinkEndsTheJobAndDisconnects)
     EXPECT_EQ(fake_.Log, QStringList({ GetFile("a.png"), "CheckConnection", "Disconnect" }));
 }
 
-TEST_F(Download, CancelWaitsForTheFileInWork)
+TEST_F(Download, CancelCompletesCurrentFile)
 {
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
@@ -226,7 +225,7 @@ TEST_F(Download, CancelWaitsForTheFileInWork)
     Run();
     EXPECT_TRUE(Exists("a.png"));
     EXPECT_FALSE(Exists("b.png"));
-    EXPECT_EQ(ChangeOf("a.png"), kRowDate);
+    EXPECT_EQ(ChangedOf("a.png"), kRowDate);
 }
 
 TEST_F(Download, PresetAndLockedRowsBecomeReadOnly)
@@ -238,44 +237,25 @@ TEST_F(Download, PresetAndLockedRowsBecomeReadOnly)
     EXPECT_TRUE(HasReadOnlyAttribute(FilePath("a.set")));
     EXPECT_TRUE(HasReadOnlyAttribute(FilePath("b.set")));
     EXPECT_FALSE(HasReadOnlyAttribute(FilePath("c.set")));
-    EXPECT_EQ(ChangeOf("a.set"), kRowDate);
+    EXPECT_EQ(ChangedOf("a.set"), kRowDate);
 }
 
-TEST_F(Download, StampKeepsTheTimeOfTheLastAccess)
-{
-    StoreLocal("a.png");
-    const QDateTime access(QDate(2020, 1, 2), QTime(3, 4, 5));
-    QFile file(FilePath("a.png"));
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    ASSERT_TRUE(file.setFileTime(access, QFileDevice::FileAccessTime));
-    file.close();
-    FileSetPcDate(FilePath("a.png"), kRowDate, false);
-    EXPECT_EQ(QFileInfo(FilePath("a.png")).lastRead(), access);
-    EXPECT_EQ(ChangeOf("a.png"), kRowDate);
-}
-
-TEST_F(Download, StampMakesNoFile)
-{
-    FileSetPcDate(FilePath("gone.png"), kRowDate, true);
-    EXPECT_FALSE(Exists("gone.png"));
-}
-
-TEST_F(Download, RowWithoutADateKeepsTheMomentOfCopying)
+TEST_F(Download, FileWithoutDateKeepsTimeOfDownload)
 {
     AddFile(instr_, "a.png").SubItems = {};
     const QDateTime before = QDateTime::currentDateTime().addSecs(-2);
     Run();
-    EXPECT_GE(ChangeOf("a.png"), before);
+    EXPECT_GE(ChangedOf("a.png"), before);
 }
 
-TEST_F(Download, TrashTellsWhetherTheFileIsGone)
+TEST_F(Download, RecycleReportsWhetherFileIsGone)
 {
     StoreLocal("a.png");
     TrashIsFull = true;
     EXPECT_FALSE(FileRecycle(FilePath("a.png")));
     TrashIsFull = false;
     EXPECT_TRUE(FileRecycle(FilePath("a.png")));
-    EXPECT_TRUE(FileRecycle(FilePath("a.png"))) << "one that was never there is gone, too";
+    EXPECT_TRUE(FileRecycle(FilePath("a.png"))) << "a missing file counts as gone";
 }
 
 TEST_F(DownloadActive, FirstFreeNameIsTaken)
@@ -285,7 +265,7 @@ TEST_F(DownloadActive, FirstFreeNameIsTaken)
     EXPECT_EQ(fake_.Log, QStringList({ Get("Active000.set"), Get("Active001.set") }));
 }
 
-TEST_F(DownloadActive, GapInTheNamesIsFilled)
+TEST_F(DownloadActive, GapInNamesIsFilled)
 {
     StoreLocal("Active000.set");
     StoreLocal("Active002.set");
@@ -299,7 +279,7 @@ TEST_F(DownloadActive, BarShowsOneBeforeAndAfter)
     EXPECT_EQ(Shown, QStringList({ "pump", "maximum 1", "value 1", "value 1" }));
 }
 
-TEST_F(DownloadActive, ThousandFilesOfferToReplaceTheOverflowNameEvenIfItIsFree)
+TEST_F(DownloadActive, ThousandFilesAskToReplaceOverflowFileEvenIfMissing)
 {
     StoreAllNames();
     int buttons = -1;
@@ -312,7 +292,7 @@ TEST_F(DownloadActive, ThousandFilesOfferToReplaceTheOverflowNameEvenIfItIsFree)
     EXPECT_EQ(fake_.Log, QStringList({ Get("Active.000") }));
 }
 
-TEST_F(DownloadActive, OverflowFileGoesIntoTheTrashOnYes)
+TEST_F(DownloadActive, OverflowFileIsMovedToTrashOnYes)
 {
     StoreAllNames();
     StoreLocal("Active.000");
@@ -332,7 +312,7 @@ TEST_F(DownloadActive, OverflowFileIsKeptOnNo)
     EXPECT_EQ(Contents(FilePath("Active.000")), "Active.000");
 }
 
-TEST_F(DownloadActive, OverflowFileThatTheTrashCannotTakeEndsTheJob)
+TEST_F(DownloadActive, OverflowFileWithFullTrashEndsJob)
 {
     StoreAllNames();
     StoreLocal("Active.000");
@@ -343,7 +323,7 @@ TEST_F(DownloadActive, OverflowFileThatTheTrashCannotTakeEndsTheJob)
     EXPECT_TRUE(fake_.Log.isEmpty());
 }
 
-TEST_F(DownloadActive, FailureIsReportedAndAGoneLinkDisconnects)
+TEST_F(DownloadActive, FailureIsReportedAndLostLinkDisconnects)
 {
     fake_.Answer("GetActiveDatasetFile", ChannelStatus::Refused);
     Answers().Expect(12704, Ok);

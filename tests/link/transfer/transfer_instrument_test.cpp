@@ -1,4 +1,4 @@
-// Jobs on files against the simulated receiver: over a slow link, with a cancel, with the link lost.
+// Transfer jobs with the simulated receiver: a slow link, cancelling, a lost link.
 #include "app/forms/dialog.h"
 #include "link/channel/channel.h"
 #include "link/classes/model.h"
@@ -51,7 +51,7 @@ protected:
         ASSERT_TRUE(file.setFileTime(kChanged, QFileDevice::FileModificationTime));
     }
 
-    /// `step` is called with each new position of the bar.
+    /// Calls `step` with each new value of the bar.
     void Run(TransferJob job, const std::function<void(FmTransfer& form, int done)>& step = {})
     {
         Transfer().TransferType = job;
@@ -77,12 +77,12 @@ protected:
         QStringLiteral("--delay"), QStringLiteral("20") } };
     FileList pc_;
     FileList instr_;
-    QList<int> positions_; ///< of the bar, from the 0 of a form that opens
+    QList<int> positions_; ///< values of the bar, from the initial 0
 };
 
 } // namespace
 
-TEST_F(TransferToInstrument, FilesKeepContentsAndDateOnTheWayThereAndBack)
+TEST_F(TransferToInstrument, FilesKeepContentsAndDateThereAndBack)
 {
     Run(TransferUpload);
     EXPECT_EQ(positions_, QList<int>({ 0, 1, 2, 3, 4 }));
@@ -98,7 +98,7 @@ TEST_F(TransferToInstrument, FilesKeepContentsAndDateOnTheWayThereAndBack)
     EXPECT_EQ(QFileInfo(FilePath("back/c.png")).lastModified(), kChanged);
 }
 
-TEST_F(TransferToInstrument, ListsEveryExampleOfTheInstrument)
+TEST_F(TransferToInstrument, ListsEveryExampleOfInstrument)
 {
     const std::pair<FileClass, const char*> folders[] = { { FileClassAntennaList, "Antenna List" },
         { FileClassKfactorTable, "K-Factor Table" }, { FileClassMemoryList, "Memory List" },
@@ -113,17 +113,17 @@ TEST_F(TransferToInstrument, ListsEveryExampleOfTheInstrument)
     }
 }
 
-TEST_F(TransferToInstrument, CancelAnswersBetweenTheFiles)
+TEST_F(TransferToInstrument, CancelTakesEffectBetweenFiles)
 {
     Run(TransferUpload, [](FmTransfer& form, int done) {
-        if (done == 2) // comes as a user's click does, with the next events
+        if (done == 2) // queued like a user's click
             QMetaObject::invokeMethod(&Find<QPushButton>(form, "BtCancel"), "click", Qt::QueuedConnection);
     });
     EXPECT_EQ(positions_, QList<int>({ 0, 1, 2 }));
     EXPECT_EQ(NamesOf(instr_), QStringList({ "a.png", "b.png" }));
 }
 
-TEST_F(TransferToInstrument, ReplacesAndDeletesWhatIsThere)
+TEST_F(TransferToInstrument, ReplacesAndDeletesExistingFiles)
 {
     Run(TransferUpload);
     Answers().ExpectWhile(12734, Yes, [] { TheMessage().YesAll = true; });
@@ -134,7 +134,7 @@ TEST_F(TransferToInstrument, ReplacesAndDeletesWhatIsThere)
     EXPECT_TRUE(instr_.Rows.empty());
 }
 
-TEST_F(TransferToInstrument, InstrumentThatVanishesEndsTheJobAndLeavesTheListEmpty)
+TEST_F(TransferToInstrument, LostInstrumentEndsJobAndLeavesListEmpty)
 {
     Run(TransferUpload);
     positions_.clear();

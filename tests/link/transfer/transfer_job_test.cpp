@@ -1,4 +1,4 @@
-// Which job each number runs, on which lists, and which list is read again.
+// The jobs by number: their lists, and which list is read again.
 #include "tests/link/transfer/transfer_fixture.h"
 
 #include "link/classes/model.h"
@@ -29,7 +29,7 @@ protected:
         TransferRunJob();
     }
 
-    /// The lists that were read again, by their first letters: "pc instr other-pc other-instr".
+    /// Names of the lists that were read again: "pc", "instr", "other-pc", "other-instr".
     QStringList ReadAgain() const
     {
         QStringList names;
@@ -52,14 +52,14 @@ protected:
 
 } // namespace
 
-TEST_F(Job, UploadReadsTheInstrumentAgain)
+TEST_F(Job, UploadReadsInstrumentAgain)
 {
     Run(TransferUpload);
     EXPECT_EQ(fake_.Count("PutFile " + Local("pc.png")), 1);
     EXPECT_EQ(ReadAgain(), QStringList({ "instr" }));
 }
 
-TEST_F(Job, DownloadReadsThePcAgain)
+TEST_F(Job, DownloadReadsPcAgain)
 {
     Run(TransferDownload);
     EXPECT_EQ(fake_.Count("GetFile instr.png"), 1);
@@ -77,35 +77,35 @@ TEST_F(Job, DeletionReadsItsSideAgain)
     EXPECT_EQ(ReadAgain(), QStringList({ "pc", "instr" }));
 }
 
-TEST_F(Job, FirstSixWorkOnTheListsOfTheOtherForm)
+TEST_F(Job, FirstSixUseListsOfOtherForm)
 {
     Run(TransferUploadOther);
     EXPECT_EQ(fake_.Count("PutFile " + Local("other-pc.png")), 1);
     EXPECT_EQ(ReadAgain(), QStringList({ "other-instr" }));
 }
 
-TEST_F(Job, DownloadOfTheOtherFormReadsItsPcAgain)
+TEST_F(Job, DownloadOfOtherFormReadsItsPcAgain)
 {
     Run(TransferDownloadOther);
     EXPECT_EQ(fake_.Count("GetFile other-instr.png"), 1);
     EXPECT_EQ(ReadAgain(), QStringList({ "other-pc" }));
 }
 
-TEST_F(Job, UploadOfTheActiveDataSetReadsNothingAgain)
+TEST_F(Job, UploadOfActiveDataSetReadsNothingAgain)
 {
     Run(TransferUploadActive);
     EXPECT_EQ(fake_.Count("PutActiveDatasetFile " + Local("other-pc.png")), 1);
     EXPECT_TRUE(ReadAgain().isEmpty());
 }
 
-TEST_F(Job, DownloadOfTheActiveDataSetReadsThePcAgain)
+TEST_F(Job, DownloadOfActiveDataSetReadsPcAgain)
 {
     Run(TransferDownloadActive);
     EXPECT_EQ(fake_.Count("GetActiveDatasetFile"), 1);
     EXPECT_EQ(ReadAgain(), QStringList({ "other-pc" }));
 }
 
-TEST_F(Job, DeletionOfTheOtherFormReadsItsSideAgain)
+TEST_F(Job, DeletionOfOtherFormReadsItsSideAgain)
 {
     StoreLocal("other-pc.png");
     Run(TransferDeletePcOther);
@@ -115,7 +115,7 @@ TEST_F(Job, DeletionOfTheOtherFormReadsItsSideAgain)
     EXPECT_EQ(ReadAgain(), QStringList({ "other-pc", "other-instr" }));
 }
 
-TEST_F(Job, NumberOutsideTheTableDoesNothing)
+TEST_F(Job, UnknownJobDoesNothing)
 {
     for (const int number : { -1, 0, 11 }) {
         const auto job = static_cast<TransferJob>(number);
@@ -127,7 +127,7 @@ TEST_F(Job, NumberOutsideTheTableDoesNothing)
     }
 }
 
-TEST_F(Job, FormThatIsNotOpenHasNoLists)
+TEST_F(Job, JobWithoutListsDoesNothing)
 {
     TransferState& state = Transfer();
     state.LvPc = state.LvInstr = state.OtherLvPc = state.OtherLvInstr = nullptr;
@@ -140,7 +140,7 @@ TEST_F(Job, FormThatIsNotOpenHasNoLists)
     EXPECT_TRUE(Trash.isEmpty());
 }
 
-TEST_F(Job, ListIsReadAgainWithoutASort)
+TEST_F(Job, ListIsReadAgainWithoutSort)
 {
     pc_.SortOrder = FileListOrder::Ascending;
     Run(TransferDownload);
@@ -157,7 +157,7 @@ TEST_F(Job, CancelledJobReadsItsListAgain)
     EXPECT_EQ(ReadAgain(), QStringList({ "instr" }));
 }
 
-TEST_F(Job, LostLinkLeavesAnEmptyListOfTheInstrument)
+TEST_F(Job, LostLinkLeavesInstrumentListEmpty)
 {
     fake_.Answer("PutFile", ChannelStatus::LinkFailed);
     fake_.Answer("StartFindAllFiles", ChannelStatus::LinkFailed);
@@ -168,7 +168,7 @@ TEST_F(Job, LostLinkLeavesAnEmptyListOfTheInstrument)
     EXPECT_FALSE(fake_.Connected);
 }
 
-TEST_F(Job, LabelsAndTitlesFollowTheTable)
+TEST_F(Job, EachJobHasLabelAndTitle)
 {
     const int labels[] = { 14006, 14007, 14010, 14011, 14008, 14008, 14006, 14007, 14008, 14008 };
     for (int number = 1; number <= 10; ++number) {

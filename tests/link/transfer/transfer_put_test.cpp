@@ -1,9 +1,8 @@
-// Upload of selected rows, and of one as the active data set.
+// Uploading selected rows.
 #include "tests/link/transfer/transfer_fixture.h"
 
 #include "link/classes/model.h"
 #include "link/documents/file.h"
-#include "link/transfer/fileDates.h"
 
 namespace tarvik {
 
@@ -31,7 +30,7 @@ protected:
         return QStringLiteral("Send MMEM:FILE:TIME \"%1\", 6, 7, 8").arg(name);
     }
 
-    /// The message form's buttons for all: what they set is read behind the answer.
+    /// Answers with the buttons for all.
     void ExpectYesAll(int id)
     {
         Answers().ExpectWhile(id, Yes, [] { TheMessage().YesAll = true; });
@@ -43,30 +42,16 @@ protected:
     }
 };
 
-class UploadActive : public TransferTest {
-protected:
-    UploadActive()
-    {
-        AddFile(pc_, "a.set");
-        AddFile(pc_, "b.set");
-    }
-
-    QString Put(const QString& name) const
-    {
-        return QStringLiteral("PutActiveDatasetFile %1 100000").arg(Local(name));
-    }
-};
-
 } // namespace
 
-TEST_F(Upload, NewFileIsPutAtOnceAndStamped)
+TEST_F(Upload, NewFileIsUploadedWithItsDate)
 {
     AddFile(pc_, "a.png");
     Run();
     EXPECT_EQ(fake_.Log, QStringList({ "FindFile a.png", PutFile("a.png"), DateOf("a.png"), TimeOf("a.png") }));
 }
 
-TEST_F(Upload, RowsThatAreNotSelectedStay)
+TEST_F(Upload, RowsNotSelectedAreSkipped)
 {
     AddFile(pc_, "a.png").Selected = false;
     AddFile(pc_, "b.png");
@@ -85,7 +70,7 @@ TEST_F(Upload, FilesAreCountedOneByOne)
             "label Copying to the instrument: b.png", "value 2", "pump" }));
 }
 
-TEST_F(Upload, FoldersAloneAreRefusedOneByOneAndTheBarStays)
+TEST_F(Upload, FoldersOnlyAreRefusedWithoutProgress)
 {
     AddFolder(pc_, "One");
     AddFolder(pc_, "Two");
@@ -97,7 +82,7 @@ TEST_F(Upload, FoldersAloneAreRefusedOneByOneAndTheBarStays)
     EXPECT_TRUE(ShownOf("value").isEmpty());
 }
 
-TEST_F(Upload, FolderBetweenFilesIsNotCounted)
+TEST_F(Upload, FolderAmongFilesIsNotCounted)
 {
     AddFolder(pc_, "One");
     AddFile(pc_, "a.png");
@@ -107,7 +92,7 @@ TEST_F(Upload, FolderBetweenFilesIsNotCounted)
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1" }));
 }
 
-TEST_F(Upload, TargetListIsNotTouched)
+TEST_F(Upload, TargetListIsUnchanged)
 {
     AddFile(instr_, "there.png");
     AddFile(pc_, "a.png");
@@ -115,7 +100,7 @@ TEST_F(Upload, TargetListIsNotTouched)
     EXPECT_EQ(instr_.Rows.size(), 1U);
 }
 
-TEST_F(Upload, FailedLookupEndsTheJobAndTheConnectionStays)
+TEST_F(Upload, FailedLookupEndsJobAndKeepsLink)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
@@ -130,7 +115,7 @@ TEST_F(Upload, FailedLookupEndsTheJobAndTheConnectionStays)
     }
 }
 
-TEST_F(Upload, AnotherAnswerThanYesAndNoSkipsTheFileWithoutAMessage)
+TEST_F(Upload, UnknownPresenceSkipsFileWithoutMessage)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
@@ -140,7 +125,7 @@ TEST_F(Upload, AnotherAnswerThanYesAndNoSkipsTheFileWithoutAMessage)
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1", "value 2" }));
 }
 
-TEST_F(Upload, FileThatExistsIsReplacedOnYes)
+TEST_F(Upload, ExistingFileIsReplacedOnYes)
 {
     AddFile(pc_, "a.png");
     StoreOnBothSides("a.png");
@@ -151,7 +136,7 @@ TEST_F(Upload, FileThatExistsIsReplacedOnYes)
     EXPECT_EQ(ShownOf("pump").size(), 4);
 }
 
-TEST_F(Upload, AnyOtherAnswerThanYesSkipsTheFileAndTheJobGoesOn)
+TEST_F(Upload, AnyAnswerButYesSkipsFileAndJobContinues)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
@@ -165,7 +150,7 @@ TEST_F(Upload, AnyOtherAnswerThanYesSkipsTheFileAndTheJobGoesOn)
     }
 }
 
-TEST_F(Upload, YesAllReplacesTheRestWithoutAsking)
+TEST_F(Upload, YesAllReplacesRestWithoutAsking)
 {
     for (const char* name : { "a.png", "b.png", "c.png" }) {
         AddFile(pc_, QString::fromLatin1(name));
@@ -178,7 +163,7 @@ TEST_F(Upload, YesAllReplacesTheRestWithoutAsking)
     EXPECT_EQ(fake_.Count("PutFile"), 2);
 }
 
-TEST_F(Upload, NoAllSkipsTheRestThatExistsWithoutAsking)
+TEST_F(Upload, NoAllSkipsExistingFilesWithoutAsking)
 {
     for (const char* name : { "a.png", "b.png", "new.png" })
         AddFile(pc_, QString::fromLatin1(name));
@@ -191,7 +176,7 @@ TEST_F(Upload, NoAllSkipsTheRestThatExistsWithoutAsking)
     EXPECT_EQ(ShownOf("value").last(), "value 3");
 }
 
-TEST_F(Upload, AnswersForAllDoNotCarryToTheNextJob)
+TEST_F(Upload, AnswersForAllDoNotCarryOverToNextJob)
 {
     AddFile(pc_, "a.png");
     StoreOnBothSides("a.png");
@@ -201,13 +186,13 @@ TEST_F(Upload, AnswersForAllDoNotCarryToTheNextJob)
     ExpectNoAll(12734);
     Run();
     EXPECT_FALSE(TheMessage().NoAll);
-    TheMessage().YesAll = true; // left by another loop
+    TheMessage().YesAll = true; // left by another job
     Answers().Expect(12734, No);
     Run();
     EXPECT_EQ(fake_.Count("PutFile"), 1);
 }
 
-TEST_F(Upload, ClassesWithOneListAskPlainlyWithoutALook)
+TEST_F(Upload, ClassesWithOneListAskYesOrNoWithoutLookup)
 {
     const int questions[] = { 12735, 0, 12736, 12737 };
     for (const FileClass fileClass : { FileClassAntennaList, FileClassMemoryList, FileClassSuppressList }) {
@@ -225,7 +210,7 @@ TEST_F(Upload, ClassesWithOneListAskPlainlyWithoutALook)
     }
 }
 
-TEST_F(Upload, OneListIsKeptOnNo)
+TEST_F(Upload, SingleListIsKeptOnNo)
 {
     ModFileInit(FileClassAntennaList);
     AddFile(pc_, "list");
@@ -234,7 +219,7 @@ TEST_F(Upload, OneListIsKeptOnNo)
     EXPECT_TRUE(fake_.Log.isEmpty());
 }
 
-TEST_F(Upload, OtherClassesOfferTheButtonsForAll)
+TEST_F(Upload, OtherClassesOfferButtonsForAll)
 {
     StoreOnBothSides("list");
     for (const FileClass fileClass : { FileClassKfactorTable, FileClassScreenShot, FileClassCorrectionSet }) {
@@ -248,7 +233,7 @@ TEST_F(Upload, OtherClassesOfferTheButtonsForAll)
     }
 }
 
-TEST_F(Upload, KfactorTableIsLookedForReplacedAndNotStamped)
+TEST_F(Upload, KfactorTableIsLookedUpReplacedAndGetsNoDate)
 {
     ModFileInit(FileClassKfactorTable);
     AddFile(pc_, "t.tvk");
@@ -260,7 +245,7 @@ TEST_F(Upload, KfactorTableIsLookedForReplacedAndNotStamped)
             QStringLiteral("PutKfactorTableFile %1 t.tvk 15000").arg(Local("t.tvk")) }));
 }
 
-TEST_F(Upload, CorrectionSetHasALongerTimeOutUnderANewName)
+TEST_F(Upload, CorrectionSetHasLongerTimeoutUnderNewName)
 {
     ModFileInit(FileClassCorrectionSet);
     AddFile(pc_, "new.tvc");
@@ -275,7 +260,7 @@ TEST_F(Upload, CorrectionSetHasALongerTimeOutUnderANewName)
             QStringLiteral("PutCorrectionSetFile %1 old.tvc 10000").arg(Local("old.tvc")) }));
 }
 
-TEST_F(Upload, StampsScreenShotsAndUnknownClassesOnly)
+TEST_F(Upload, OnlyScreenShotsAndUnknownClassesKeepDate)
 {
     for (const FileClass fileClass : kClassesOfAllKinds) {
         ModFileInit(fileClass);
@@ -291,7 +276,7 @@ TEST_F(Upload, StampsScreenShotsAndUnknownClassesOnly)
     }
 }
 
-TEST_F(Upload, OldFileThatTheInstrumentKeepsSkipsTheFile)
+TEST_F(Upload, FailedRemovalOfOldFileSkipsFile)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
@@ -304,7 +289,7 @@ TEST_F(Upload, OldFileThatTheInstrumentKeepsSkipsTheFile)
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1", "value 2" }));
 }
 
-TEST_F(Upload, FileThatCannotBeReadLeavesTheOldOneOnTheInstrument)
+TEST_F(Upload, UnreadableFileKeepsOldOneOnInstrument)
 {
     AddFile(pc_, "gone.png");
     AddFile(pc_, "b.png");
@@ -316,7 +301,7 @@ TEST_F(Upload, FileThatCannotBeReadLeavesTheOldOneOnTheInstrument)
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1", "value 2" }));
 }
 
-TEST_F(Upload, RefusedFileIsReportedByNameAndTheJobGoesOn)
+TEST_F(Upload, RefusedFileIsReportedByNameAndJobContinues)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
@@ -328,7 +313,7 @@ TEST_F(Upload, RefusedFileIsReportedByNameAndTheJobGoesOn)
             TimeOf("b.png") }));
 }
 
-TEST_F(Upload, FailureWithTheLinkStillThereGoesOn)
+TEST_F(Upload, FailureContinuesWhileLinkIsUp)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
@@ -340,7 +325,7 @@ TEST_F(Upload, FailureWithTheLinkStillThereGoesOn)
     EXPECT_TRUE(fake_.Connected);
 }
 
-TEST_F(Upload, EventsRunBehindTheMessageOfAFailureBeforeTheLinkIsLookedAt)
+TEST_F(Upload, EventsAreProcessedBetweenFailureMessageAndLinkCheck)
 {
     AddFile(pc_, "a.png");
     fake_.Answer("PutFile", ChannelStatus::LocalFile);
@@ -355,7 +340,7 @@ TEST_F(Upload, EventsRunBehindTheMessageOfAFailureBeforeTheLinkIsLookedAt)
     EXPECT_EQ(pumpsAtLook, pumpsAtMessage + 1);
 }
 
-TEST_F(Upload, LostLinkEndsTheJobAndDisconnects)
+TEST_F(Upload, LostLinkEndsJobAndDisconnects)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
@@ -368,7 +353,7 @@ TEST_F(Upload, LostLinkEndsTheJobAndDisconnects)
     EXPECT_TRUE(ShownOf("value").isEmpty());
 }
 
-TEST_F(Upload, CancelWaitsForTheFileInWork)
+TEST_F(Upload, CancelCompletesCurrentFile)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
@@ -382,17 +367,17 @@ TEST_F(Upload, CancelWaitsForTheFileInWork)
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1" }));
 }
 
-TEST_F(Upload, JobGoesOnWithTheRowsItBeganWith)
+TEST_F(Upload, JobUsesRowsItStartedWith)
 {
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
-    fake_.OnCall = [this](const QString&) { pc_.Rows.clear(); }; // as an event between two files might
+    fake_.OnCall = [this](const QString&) { pc_.Rows.clear(); }; // as an event between files might
     Run();
     EXPECT_EQ(fake_.Count("PutFile"), 2);
     EXPECT_EQ(ShownOf("value"), QStringList({ "value 1", "value 2" }));
 }
 
-TEST_F(Upload, CancelDuringTheLastFileHasNoVisibleEffect)
+TEST_F(Upload, CancelDuringLastFileHasNoVisibleEffect)
 {
     AddFile(pc_, "a.png");
     Run();
@@ -406,7 +391,7 @@ TEST_F(Upload, CancelDuringTheLastFileHasNoVisibleEffect)
     EXPECT_EQ(Shown, shown);
 }
 
-TEST_F(Upload, PresetAndLockedRowsAreLockedBehindTheStamp)
+TEST_F(Upload, PresetAndLockedRowsAreLockedAfterDateIsSet)
 {
     AddFile(pc_, "a.set").Icon = "PresetFile";
     AddFile(pc_, "b.set").Icon = "LockedFile";
@@ -417,7 +402,7 @@ TEST_F(Upload, PresetAndLockedRowsAreLockedBehindTheStamp)
     EXPECT_EQ(fake_.Log.indexOf(TimeOf("a.set")) + 1, fake_.Log.indexOf("SendCommand SYST:SET:LOCK \"a.set\""));
 }
 
-TEST_F(Upload, FailedStampIsNotReported)
+TEST_F(Upload, FailureToSetDateIsNotReported)
 {
     AddFile(pc_, "a.png");
     fake_.Answer("Send", ChannelStatus::LinkFailed);
@@ -426,76 +411,11 @@ TEST_F(Upload, FailedStampIsNotReported)
     EXPECT_EQ(fake_.Count("Send"), 2);
 }
 
-TEST_F(Upload, RowWithoutADateIsNotStamped)
+TEST_F(Upload, RowWithoutDateSetsNone)
 {
     AddFile(pc_, "a.png").SubItems = {};
     Run();
     EXPECT_EQ(fake_.Count("Send"), 0);
-}
-
-TEST_F(Upload, LockIsTakenAndGivenBack)
-{
-    TransferSetLock("a.set", true);
-    TransferSetLock("a.set", false);
-    EXPECT_EQ(
-        fake_.Log, QStringList({ "SendCommand SYST:SET:LOCK \"a.set\"", "SendCommand SYST:SET:UNLOCK \"a.set\"" }));
-}
-
-TEST_F(Upload, QuoteInANameIsDoubledInCommands)
-{
-    FileSetInstrDate("a\"b.png", QDateTime(QDate(2025, 12, 31), QTime(23, 59, 58)), true);
-    EXPECT_EQ(fake_.Log,
-        QStringList({ "Send MMEM:FILE:DATE \"a\"\"b.png\", 2025, 12, 31",
-            "Send MMEM:FILE:TIME \"a\"\"b.png\", 23, 59, 58", "SendCommand SYST:SET:LOCK \"a\"\"b.png\"" }));
-}
-
-TEST_F(Upload, PercentInANameIsNoPlaceForANumber)
-{
-    FileSetInstrDate("a%1b%3.png", QDateTime(QDate(2025, 12, 31), QTime(23, 59, 58)), false);
-    EXPECT_EQ(fake_.Log,
-        QStringList(
-            { "Send MMEM:FILE:DATE \"a%1b%3.png\", 2025, 12, 31", "Send MMEM:FILE:TIME \"a%1b%3.png\", 23, 59, 58" }));
-}
-
-TEST_F(UploadActive, EachFileIsSentAndTheBarShowsOne)
-{
-    TransferPutActive(pc_);
-    EXPECT_EQ(fake_.Log, QStringList({ Put("a.set"), Put("b.set") }));
-    EXPECT_EQ(ShownOf("value"), QStringList({ "value 1", "value 1" }));
-    EXPECT_EQ(ShownOf("label").first(), "label Copying to the instrument: a.set");
-}
-
-TEST_F(UploadActive, FoldersAreRefused)
-{
-    pc_.Rows.clear();
-    AddFolder(pc_, "One");
-    Answers().Expect(12744, { QStringLiteral("One") }, Ok);
-    TransferPutActive(pc_);
-    EXPECT_TRUE(fake_.Log.isEmpty());
-}
-
-TEST_F(UploadActive, FailedLinkDisconnectsAndEndsTheJob)
-{
-    fake_.Answer("PutActiveDatasetFile", ChannelStatus::LinkFailed);
-    Answers().ExpectWhile(12703, Ok, [this] { EXPECT_TRUE(fake_.Connected); });
-    TransferPutActive(pc_);
-    EXPECT_EQ(fake_.Log, QStringList({ Put("a.set"), "Disconnect" }));
-}
-
-TEST_F(UploadActive, RefusedFileIsReportedByNameAndTheJobGoesOn)
-{
-    fake_.Answer("PutActiveDatasetFile", ChannelStatus::Refused);
-    Answers().Expect(12723, { QStringLiteral("a.set") }, Ok);
-    TransferPutActive(pc_);
-    EXPECT_EQ(fake_.Log, QStringList({ Put("a.set"), Put("b.set") }));
-}
-
-TEST_F(UploadActive, FileThatCannotBeReadIsReportedAndTheJobGoesOn)
-{
-    fake_.Answer("PutActiveDatasetFile", ChannelStatus::LocalFile);
-    Answers().Expect(12704, Ok);
-    TransferPutActive(pc_);
-    EXPECT_EQ(fake_.Log, QStringList({ Put("a.set"), "CheckConnection", Put("b.set") }));
 }
 
 } // namespace tarvik

@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# Sourced by the scripts at the root: what a fresh machine lacks, and builds by preset.
+# Sourced by the scripts at the root: installs missing packages, builds by preset.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-# Installs the packages of packages.txt that are missing; asks no package server when none is.
+# Installs the missing packages of packages.txt; contacts no package server if none is missing.
 install_packages() {
   local wanted present missing
   wanted=$(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' packages.txt | sort)
-  # shellcheck disable=SC2086  # one word a package
+  # shellcheck disable=SC2086  # one word per package
   present=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' $wanted 2>/dev/null | sed -n 's/^installed //p' | sort || true)
   missing=$(comm -23 <(printf '%s\n' "$wanted") <(printf '%s\n' "$present") | tr '\n' ' ')
   [ -n "$missing" ] || return 0
@@ -22,7 +22,7 @@ install_packages() {
   "${admin[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing
 }
 
-# build PRESET [TARGET...]: configures and builds; all targets when none is named.
+# build PRESET [TARGET...]: configures and builds, by default all targets.
 build() {
   local preset=$1 targets=()
   shift

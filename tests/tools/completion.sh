@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# completion.sh FILE: what the completion of tarvikctl offers.
+# completion.sh FILE: tests the bash completion of tarvikctl.
 set -u
 # shellcheck source=/dev/null
 source "$1"
@@ -10,7 +10,7 @@ mkdir lists
 touch a.tvm b.CSV c.tva d.txt e.png
 failed=0
 
-# offers EXPECTED WORD...: completes the last word.
+# offers EXPECTED WORD...: expects these completions of the last word.
 offers() {
   local expected=$1
   shift

@@ -24,6 +24,7 @@ CtlResult CtlTest::Ctl(const QStringList& arguments) const
 {
     QProcess process;
     process.setWorkingDirectory(folder_.path());
+    process.setProcessEnvironment(environment_);
     process.start(QStringLiteral(TARVIKCTL), arguments);
     EXPECT_TRUE(process.waitForFinished(60000)) << process.errorString().toStdString();
     const bool ended = process.exitStatus() == QProcess::NormalExit;

@@ -1,8 +1,9 @@
-// tests/tools/ctl.h: runs tarvikctl as a user does, in a folder of the test's own.
+// tests/tools/ctl.h: runs tarvikctl as a user does, in the test's own folder.
 #pragma once
 
 #include <QByteArray>
 #include <QJsonObject>
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -12,14 +13,24 @@
 namespace tarvik {
 
 struct CtlResult {
-    int ExitCode = -1; ///< -1 when it did not end by itself
+    int ExitCode = -1; ///< -1 if it crashed
     QString Out;
     QString Err;
 };
 
 class CtlTest : public testing::Test {
 protected:
-    /// Runs with the test's folder as the present one.
+    /// Environment of the programs that the test runs.
+    void SetEnvironment(const QString& name, const QString& value)
+    {
+        environment_.insert(name, value);
+    }
+    const QProcessEnvironment& Environment() const
+    {
+        return environment_;
+    }
+
+    /// Runs with the test's folder as working directory.
     CtlResult Ctl(const QStringList& arguments) const;
 
     /// The object that `show --json` prints.
@@ -35,9 +46,10 @@ protected:
 
 private:
     QTemporaryDir folder_;
+    QProcessEnvironment environment_ = QProcessEnvironment::systemEnvironment();
 };
 
-/// One used row of a memory list; the settings that a test does not name are the same everywhere.
+/// One used row of a memory list; all other settings are fixed.
 struct CsvRow {
     int Number = 0;
     qint64 FrequencyHz = 100000000;
@@ -45,7 +57,7 @@ struct CsvRow {
     QByteArray Status = "Active";
 };
 
-/// A memory list as a CSV file: `rows`, then unused rows up to 1024.
+/// A memory list as CSV: `rows`, then unused rows up to 1024.
 QByteArray MemoryCsv(const QByteArray& name, const QList<CsvRow>& rows);
 
 } // namespace tarvik

@@ -1,5 +1,5 @@
-// tests/tools/ctl_link_fixture.h: tarvikctl beside the simulated receiver, a program of its own on a port that the
-// system chose.
+// tests/tools/ctl_link_fixture.h: tarvikctl with the simulated receiver as a separate process on a port chosen by the
+// system.
 #pragma once
 
 #include "tests/tools/ctl.h"
@@ -55,11 +55,11 @@ protected:
         Store(kFamilyRoot + QLatin1String(name), bytes);
     }
 
-    void SetChange(const char* name, const QDateTime& change) const
+    void SetChanged(const char* name, const QDateTime& changed) const
     {
         QFile file(Path(kFamilyRoot + QLatin1String(name)));
         ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        ASSERT_TRUE(file.setFileTime(change, QFileDevice::FileModificationTime));
+        ASSERT_TRUE(file.setFileTime(changed, QFileDevice::FileModificationTime));
     }
 
     QByteArray OnInstrument(const char* name) const
@@ -78,7 +78,7 @@ protected:
         EXPECT_EQ(result.Err, QString());
     }
 
-    /// The command was not carried out, and a message with this number before its text is all that was said.
+    /// The command failed with a single message that starts with `start`, and printed nothing else.
     static void ExpectMessage(const CtlResult& result, const QString& start)
     {
         EXPECT_EQ(result.ExitCode, 1);

@@ -1,4 +1,4 @@
-// The channel plans of examples/, against frequencies looked up in the standards, and the files in the tree.
+// The channel plans of examples/, compared with the standards and with the files in the tree.
 #include "closed/loader.h"
 #include "link/classes/model.h"
 #include "link/classes/textRules.h"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# install.sh BUILD_FOLDER: the installed folder works wherever it is moved to.
+# install.sh BUILD_FOLDER: the installed folder works after being moved.
 set -eu
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT

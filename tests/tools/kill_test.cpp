@@ -1,4 +1,4 @@
-// A conversion that is killed at any moment leaves the old file or the new one.
+// A conversion killed at any moment leaves the old or the new file.
 #include "tests/tools/ctl.h"
 
 #include <QElapsedTimer>
@@ -27,8 +27,8 @@ protected:
         ASSERT_TRUE(QDir(Path({})).mkdir("out"));
     }
 
-    /// Kills conversions to one target, by turns of two lists, at moments spread over the length of a whole one.
-    void KillOverAndOver(const QString& target)
+    /// Kills conversions to one target, alternating between two lists, at random moments of a run.
+    void KillRepeatedly(const QString& target)
     {
         const std::array<QByteArray, 2> whole{ Converted("a.csv", target), Converted("b.csv", target) };
         const double runNs = RunNanoseconds(target) * 1.2;
@@ -88,15 +88,15 @@ private:
 
 } // namespace
 
-TEST_F(KilledConversion, LeavesTheOldOrTheNewBinaryFile)
+TEST_F(KilledConversion, LeavesOldOrNewBinaryFile)
 {
-    KillOverAndOver("out/target.tvm");
+    KillRepeatedly("out/target.tvm");
     EXPECT_EQ(EntriesAfterLastSave("out/target.tvm"), QStringList{ "target.tvm" });
 }
 
-TEST_F(KilledConversion, LeavesTheOldOrTheNewCsvFile)
+TEST_F(KilledConversion, LeavesOldOrNewCsvFile)
 {
-    KillOverAndOver("out/target.csv");
+    KillRepeatedly("out/target.csv");
     EXPECT_EQ(EntriesAfterLastSave("out/target.csv"), QStringList{ "target.csv" });
 }
 

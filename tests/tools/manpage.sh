@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# manpage.sh PAGE PROGRAM: the page is sound, and tells every command and option that --help tells.
+# manpage.sh PAGE PROGRAM: the page is valid and contains every command and option of --help.
 set -eu
 complaints=$(groff -man -ww -z "$1" 2>&1)
 [ -z "$complaints" ] || { echo "$complaints"; exit 1; }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# startup.sh CASE BIN SUFFIX: starts the real program in a folder of its own and looks at what it does.
-# The program needs a display; the boxes it shows are answered by keys.
+# startup.sh CASE BIN SUFFIX: starts the real program in a temporary folder and checks what it does. Needs a display;
+# message boxes are answered by keys.
 set -euo pipefail
 
 case=$1 bin=$2 suffix=$3
@@ -15,7 +15,7 @@ fail() {
   exit 1
 }
 
-# Copies the program and its modules, but none of those named.
+# Copies the program and its modules except those named.
 copy_without() {
   local file
   for file in tarvik tvgen tvlng tvscpi tvfio tvswp tvimg TARVIK.chm; do
@@ -30,12 +30,12 @@ start() {
   pid=$!
 }
 
-# True while the program runs.
+# True while the program is running.
 runs() {
   kill -0 "$pid" 2>/dev/null
 }
 
-# Waits until the command succeeds, at most 30 s, and no longer than the program runs.
+# Waits until the command succeeds, at most 30 s; fails if the program ends.
 wait_for() {
   local tries
   for ((tries = 0; tries < 300; ++tries)); do
@@ -43,33 +43,34 @@ wait_for() {
     runs || fail "ended while waiting for: $*"
     sleep 0.1
   done
-  fail "in vain: $*"
+  fail "timed out: $*"
 }
 
-# True when the program shows a window with this title and the keyboard speaks to it. A busy window manager may have
-# left the keyboard where it was; it is then asked for it.
+# True if the program shows a window with this title that has the keyboard focus. Asks the window manager for the focus if
+# the window does not have it yet.
 has_active() {
   [[ $(xdotool getactivewindow getwindowname 2>/dev/null) == "$1" ]] && return
   xdotool search --all --onlyvisible --pid "$pid" --name "^$1\$" windowactivate >/dev/null 2>&1 || true
   return 1
 }
 
-# True when the program shows no window with this title. A search that fails since a window goes meanwhile says so.
+# True if the program shows no window with this title. A search that fails because a window closes meanwhile prints an
+# error and does not count.
 has_no() {
   [[ -z $(xdotool search --all --onlyvisible --pid "$pid" --name "^$1\$" 2>&1) ]]
 }
 
-# True when the program shows any window.
+# True if the program shows any window.
 has_window() {
   xdotool search --all --onlyvisible --pid "$pid" --name . >/dev/null 2>&1
 }
 
-# True when the program shows the window of a connect, or what follows on one that fails: the first goes by itself.
+# True if the program shows the connecting window, or the list of connections after a failure.
 shows_connect() {
   xdotool search --all --onlyvisible --pid "$pid" --name '^Connect(ing)?$' >/dev/null 2>&1
 }
 
-# True when the frame is there: it alone bears the window class and can be made larger than any form.
+# True if the main frame is open: the only window titled Tarvik that is wider than any form.
 has_frame() {
   local window
   for window in $(xdotool search --all --onlyvisible --pid "$pid" --name '^Tarvik$' 2>/dev/null); do
@@ -84,7 +85,7 @@ expect_exit() {
   [[ $code == "$1" ]] || fail "exit code $code instead of $1"
 }
 
-# A start without a file ends in the list of connections, since the link was not up before.
+# Without a file the start ends in the list of connections, since the link was not up before.
 close_connections() {
   wait_for has_active Connect
   xdotool key Escape
@@ -96,36 +97,36 @@ quit() {
   expect_exit 0
 }
 
-# Settings as a program leaves them that was connected to this port.
+# Settings of a program that was connected to this port at exit.
 remember_connection() {
   local entry=Van:127.0.0.1:$1
   printf '[connection]\nConnected=1\nipAddressLan0=%s\nipAddressSelected=%s\n' "$entry" "$entry" >"$folder/Tarvik.ini"
 }
 
-# A simulated receiver that the settings remember.
+# Starts a simulated receiver and stores its connection in the settings.
 start_instrument() {
-  "$bin/tarvik-instrument" --root "$folder/root" --port 5600-9999 "$@" >"$folder/port" 2>"$folder/told" &
+  "$bin/tarvik-instrument" --root "$folder/root" --port 5600-9999 "$@" >"$folder/port" 2>"$folder/log" &
   instrument=$!
   pid=$instrument
   wait_for grep -q '^port ' "$folder/port"
   remember_connection "$(sed -n 's/^port //p' "$folder/port")"
 }
 
-# True when somebody has asked the receiver who it is.
+# True once the receiver has been asked for its identification.
 was_asked() {
-  grep -q IDN "$folder/told"
+  grep -q IDN "$folder/log"
 }
 
 expect_connected_at_exit() {
-  grep -q "^Connected=$1" "$folder/Tarvik.ini" || fail "the settings tell another state of the link"
+  grep -q "^Connected=$1" "$folder/Tarvik.ini" || fail "wrong link state in the settings"
 }
 
-# A missing or broken module that the texts need: a plain box, told on standard error too.
+# A missing or broken module that texts need: a plain message box, printed to standard error too.
 expect_plain_box() {
   wait_for has_active Tarvik
   local name=${1^^}${suffix^^}
   printf 'Tarvik: Tarvik library %s can not be loaded.\nRun setup again.\nTarvik aborted.\n' "$name" |
-    diff - <(grep -v -e QStandardPaths "$folder/errors") || fail "another text in the box"
+    diff - <(grep -v -e QStandardPaths "$folder/errors") || fail "wrong text in the message box"
   xdotool key Return
   expect_exit 1
 }
@@ -133,7 +134,7 @@ expect_plain_box() {
 # Any other module: the message form.
 expect_message() {
   wait_for has_active Tarvik
-  grep -q "can not be loaded" "$folder/errors" && fail "a plain box in place of the message form"
+  grep -q "can not be loaded" "$folder/errors" && fail "a plain message box instead of the message form"
   xdotool key Return
   expect_exit 1
 }
@@ -145,13 +146,13 @@ case $case in
     close_connections
     quit
     [[ -s $folder/Tarvik.ini ]] || fail "no settings file"
-    grep -q '^AutoTile=0' "$folder/Tarvik.ini" || fail "settings are not whole"
+    grep -q '^AutoTile=0' "$folder/Tarvik.ini" || fail "settings are incomplete"
     ;;
-  QuitsByItsCloseBox)
+  QuitsByCloseButton)
     copy_without
     start
     close_connections
-    # The close box does nothing until the start is over, which nothing shows to the outside.
+    # The close button does nothing until the start is over, which can't be seen from outside.
     while runs; do
       ! has_active Tarvik || xdotool key alt+F4
       sleep 0.1
@@ -165,8 +166,8 @@ case $case in
     start
     close_connections
     quit
-    [[ ! -e $folder/temp07.png && ! -e $folder/temp00.set ]] || fail "a temporary file is still there"
-    [[ -e $folder/temp10.png ]] || fail "a file of another name is gone"
+    [[ ! -e $folder/temp07.png && ! -e $folder/temp00.set ]] || fail "a temporary file was not removed"
+    [[ -e $folder/temp10.png ]] || fail "a file with another name was removed"
     ;;
   StartsWithoutPictureModule)
     copy_without tvimg
@@ -200,16 +201,16 @@ case $case in
     quit
     expect_connected_at_exit 1
     ;;
-  EndsOnASignalAtItsLogo)
+  EndsOnSignalDuringLogo)
     copy_without
-    remember_connection 1 # nobody listens there, and a start would end in the list of connections
+    remember_connection 1 # no server; the start would end in the list of connections
     start
     wait_for has_window
     kill "$pid"
     expect_exit 0
     expect_connected_at_exit 0
     ;;
-  EndsOnASignalWhileItConnects)
+  EndsOnSignalDuringConnect)
     copy_without
     remember_connection 1
     start
@@ -218,7 +219,7 @@ case $case in
     expect_exit 0
     expect_connected_at_exit 0
     ;;
-  EndsOnASignalInTheListOfConnections)
+  EndsOnSignalInListOfConnections)
     copy_without
     start
     wait_for has_active Connect
@@ -228,13 +229,13 @@ case $case in
     ;;
   OffersConnectionsWithoutInstrument)
     copy_without
-    remember_connection 1 # nobody listens there
+    remember_connection 1 # no server
     start
     close_connections
     quit
     expect_connected_at_exit 0
     ;;
-  OffersConnectionsForAnotherModel)
+  OffersConnectionsForOtherModel)
     copy_without
     start_instrument --model XY-9 --verbose
     start

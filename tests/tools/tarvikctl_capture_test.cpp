@@ -1,4 +1,4 @@
-// Captures of the receiver's display by tarvikctl.
+// tarvikctl capturing the receiver's display.
 #include "tests/tools/ctl_link_fixture.h"
 
 #include <QDir>
@@ -10,7 +10,7 @@
 
 namespace tarvik {
 
-TEST_F(TarvikctlLink, CapturesTheDisplay)
+TEST_F(TarvikctlLink, CapturesDisplay)
 {
     StartInstrument();
     ExpectDone(To({ "capture", "out.png" }));
@@ -18,7 +18,7 @@ TEST_F(TarvikctlLink, CapturesTheDisplay)
     EXPECT_EQ(FolderEntries(), (QStringList{ QStringLiteral("instrument"), QStringLiteral("out.png") }));
 }
 
-TEST_F(TarvikctlLink, CapturesInTheFormatOfTheName)
+TEST_F(TarvikctlLink, CapturesInFormatOfName)
 {
     StartInstrument();
     ExpectDone(To({ "capture", "out.BMP" }));
@@ -29,7 +29,7 @@ TEST_F(TarvikctlLink, CapturesInTheFormatOfTheName)
     EXPECT_TRUE(Bytes(QStringLiteral("out.wmf")).startsWith("\xd7\xcd\xc6\x9a"));
 }
 
-TEST_F(TarvikctlLink, CapturesInTheFormatThatIsAskedFor)
+TEST_F(TarvikctlLink, CapturesInRequestedFormat)
 {
     StartInstrument();
     ExpectDone(To({ "capture", "--to", "bmp", "out" }));
@@ -41,7 +41,7 @@ TEST_F(TarvikctlLink, CapturesInTheFormatThatIsAskedFor)
     EXPECT_EQ(PngSize("Tower.2024.png"), QSize(642, 442));
 }
 
-TEST_F(TarvikctlLink, CapturesIntoTheFolderThatTheSystemSeesAboveALinkedOne)
+TEST_F(TarvikctlLink, CapturesIntoRealParentOfLinkedFolder)
 {
     StartInstrument();
     ASSERT_TRUE(QDir(Path({})).mkpath("other/place"));
@@ -50,7 +50,7 @@ TEST_F(TarvikctlLink, CapturesIntoTheFolderThatTheSystemSeesAboveALinkedOne)
     EXPECT_EQ(PngSize("other/out.png"), QSize(642, 442));
 }
 
-TEST_F(TarvikctlLink, CapturesIntoAFolder)
+TEST_F(TarvikctlLink, CapturesIntoFolder)
 {
     StartInstrument();
     ExpectDone(To({ "capture", "--into", "shots", "out.png" }));
@@ -60,14 +60,14 @@ TEST_F(TarvikctlLink, CapturesIntoAFolder)
     ExpectMessage(To({ "capture", "--into", "shots", "out.png" }), QStringLiteral("out.png: 12734?: "));
 }
 
-TEST_F(TarvikctlLink, CaptureMakesOneFolderOnly)
+TEST_F(TarvikctlLink, CaptureCreatesOneLevelOfFoldersOnly)
 {
     StartInstrument();
     ExpectMessage(To({ "capture", "--into", "none/shots", "out.png" }), QStringLiteral("out.png: 12752: "));
     EXPECT_FALSE(QFile::exists(Path(QStringLiteral("none"))));
 }
 
-TEST_F(TarvikctlLink, CaptureNeedsAnInstrumentBesideAFormat)
+TEST_F(TarvikctlLink, CaptureNeedsInstrumentInAdditionToFormat)
 {
     StartInstrument();
     const CtlResult result = Ctl({ "capture", "--to", "bmp", "out" });
@@ -75,7 +75,7 @@ TEST_F(TarvikctlLink, CaptureNeedsAnInstrumentBesideAFormat)
     EXPECT_TRUE(result.Err.contains(QStringLiteral("--to is missing"))) << result.Err.toStdString();
 }
 
-TEST_F(TarvikctlLink, CapturesWithADescription)
+TEST_F(TarvikctlLink, CapturesWithDescription)
 {
     StartInstrument();
     ExpectDone(To({ "capture", "--description", "one line", "one.png" }));
@@ -85,42 +85,40 @@ TEST_F(TarvikctlLink, CapturesWithADescription)
     EXPECT_EQ(PngSize("one.png"), QSize(642, 442 + line + 1));
 }
 
-TEST_F(TarvikctlLink, CaptureIntoAPlaceThatIsNotThereIsAMessage)
+TEST_F(TarvikctlLink, CaptureReportsMissingFolder)
 {
     StartInstrument();
     ExpectMessage(To({ "capture", "none/out.pcx" }), QStringLiteral("none/out.pcx: 12757: "));
 }
 
-TEST_F(TarvikctlLink, CaptureLeavesNothingInTheFolderOfTemporaryFiles)
+TEST_F(TarvikctlLink, CaptureRemovesItsTemporaryFiles)
 {
     StartInstrument();
     ASSERT_TRUE(QDir(Path({})).mkdir(QStringLiteral("tmp")));
-    qputenv("TMPDIR", QFile::encodeName(Path(QStringLiteral("tmp"))));
+    SetEnvironment(QStringLiteral("TMPDIR"), Path(QStringLiteral("tmp")));
     ExpectDone(To({ "capture", "out.png" }));
     EXPECT_EQ(QDir(Path(QStringLiteral("tmp"))).entryList({ QStringLiteral("tarvikctl*") }), QStringList());
     Store(QStringLiteral("out.png"), "mine");
-    qputenv("TMPDIR", QFile::encodeName(Path(QStringLiteral("out.png"))));
+    SetEnvironment(QStringLiteral("TMPDIR"), Path(QStringLiteral("out.png")));
     const CtlResult result = To({ "capture", "--yes", "out.png" });
-    qunsetenv("TMPDIR");
     EXPECT_EQ(result.ExitCode, 1);
     EXPECT_TRUE(result.Err.contains(QStringLiteral("out.png: there is no place"))) << result.Err.toStdString();
     EXPECT_EQ(Bytes(QStringLiteral("out.png")), "mine");
 }
 
-TEST_F(TarvikctlLink, CaptureThatIsInterruptedWritesNothing)
+TEST_F(TarvikctlLink, InterruptedCaptureWritesNothing)
 {
     StartInstrument();
     ASSERT_TRUE(QDir(Path({})).mkdir(QStringLiteral("tmp")));
     const QDir temporary(Path(QStringLiteral("tmp")));
-    const QStringList ofProgram{ QStringLiteral("tarvikctl*") };
+    const QStringList pattern{ QStringLiteral("tarvikctl*") };
     QProcess capture;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("TMPDIR"), temporary.path());
-    capture.setProcessEnvironment(environment);
+    SetEnvironment(QStringLiteral("TMPDIR"), temporary.path());
+    capture.setProcessEnvironment(Environment());
     capture.setWorkingDirectory(Path({}));
     capture.start(QStringLiteral(TARVIKCTL), { "--to", to_, "capture", "out.png" });
     ASSERT_TRUE(capture.waitForStarted());
-    while (temporary.entryList(ofProgram).isEmpty() && capture.state() == QProcess::Running)
+    while (temporary.entryList(pattern).isEmpty() && capture.state() == QProcess::Running)
         capture.waitForFinished(1);
     const auto id = static_cast<pid_t>(capture.processId());
     ASSERT_GT(id, 0) << "ended by itself";
@@ -130,7 +128,7 @@ TEST_F(TarvikctlLink, CaptureThatIsInterruptedWritesNothing)
     EXPECT_EQ(capture.exitCode(), 1);
     EXPECT_EQ(capture.readAllStandardError(), "out.png: stopped, nothing is written\n");
     EXPECT_FALSE(QFile::exists(Path(QStringLiteral("out.png"))));
-    EXPECT_TRUE(temporary.entryList(ofProgram).isEmpty());
+    EXPECT_TRUE(temporary.entryList(pattern).isEmpty());
 }
 
 TEST_F(TarvikctlLink, CapturesInBlackAndWhite)
@@ -142,10 +140,10 @@ TEST_F(TarvikctlLink, CapturesInBlackAndWhite)
     EXPECT_FALSE(QImage(Path(QStringLiteral("colour.png"))).isGrayscale());
 }
 
-/// The fault of the receiver.
+/// The parameter is the receiver's fault.
 class TarvikctlCaptureFault : public TarvikctlLink, public testing::WithParamInterface<const char*> { };
 
-TEST_P(TarvikctlCaptureFault, LeavesTheTarget)
+TEST_P(TarvikctlCaptureFault, KeepsTarget)
 {
     StartInstrument({ "--fault", GetParam() });
     Store(QStringLiteral("out.png"), "mine");
@@ -156,7 +154,7 @@ TEST_P(TarvikctlCaptureFault, LeavesTheTarget)
 }
 INSTANTIATE_TEST_SUITE_P(Tarvikctl, TarvikctlCaptureFault, testing::Values("cut=2", "refuse=1"));
 
-TEST_F(TarvikctlLink, CaptureTakesNamesOfPicturesOnly)
+TEST_F(TarvikctlLink, CaptureAcceptsPictureNamesOnly)
 {
     StartInstrument();
     const CtlResult result = To({ "capture", "out.txt" });
@@ -164,7 +162,7 @@ TEST_F(TarvikctlLink, CaptureTakesNamesOfPicturesOnly)
     EXPECT_TRUE(result.Err.contains(QStringLiteral("out.txt: "))) << result.Err.toStdString();
 }
 
-TEST_F(TarvikctlLink, CaptureAsksBeforeItReplacesALocalFile)
+TEST_F(TarvikctlLink, CaptureAsksBeforeReplacingLocalFile)
 {
     StartInstrument();
     Store(QStringLiteral("out.png"), "mine");

@@ -1,4 +1,4 @@
-// tarvikctl on an instrument: the simulated receiver, as a program of its own, on a port that the system chose.
+// tarvikctl with an instrument.
 #include "tests/closed/scpiserver.h"
 #include "tests/tools/ctl_link_fixture.h"
 
@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-/// On an instrument whose answers the test has written down.
+/// An instrument with prepared answers.
 class TarvikctlForeign : public CtlTest {
 protected:
     CtlResult To(const QStringList& arguments) const
@@ -23,11 +23,11 @@ protected:
     ScpiServer server;
 };
 
-const QDateTime kChange(QDate(2024, 2, 29), QTime(23, 59, 58));
+const QDateTime kChanged(QDate(2024, 2, 29), QTime(23, 59, 58));
 
 } // namespace
 
-TEST_F(TarvikctlLink, PrintsTheIdentification)
+TEST_F(TarvikctlLink, PrintsIdentification)
 {
     StartInstrument();
     const CtlResult result = To({ "idn" });
@@ -36,23 +36,23 @@ TEST_F(TarvikctlLink, PrintsTheIdentification)
     EXPECT_EQ(result.Out.count(u'\n'), 1);
 }
 
-TEST_F(TarvikctlLink, TakesTheInstrumentBehindTheCommandToo)
+TEST_F(TarvikctlLink, TakesInstrumentAfterCommandToo)
 {
     StartInstrument();
     ExpectDone(Ctl({ "idn", "--to=" + to_ }));
 }
 
-TEST_F(TarvikctlLink, ListsTheFilesOfAClass)
+TEST_F(TarvikctlLink, ListsFilesOfClass)
 {
     StartInstrument();
     StoreOnInstrument("Memory List/notes.txt", "no list");
-    SetChange("Memory List/Marine.tvm", kChange);
+    SetChanged("Memory List/Marine.tvm", kChanged);
     const CtlResult result = To({ "ls", "memory" });
     ExpectDone(result);
     EXPECT_EQ(result.Out, QStringLiteral("2024-02-29 23:59:58  Marine.tvm\n"));
 }
 
-TEST_F(TarvikctlLink, ListsAnEmptyClassAsNothing)
+TEST_F(TarvikctlLink, ListsNothingForEmptyClass)
 {
     StartInstrument();
     const CtlResult result = To({ "ls", "correction" });
@@ -63,11 +63,11 @@ TEST_F(TarvikctlLink, ListsAnEmptyClassAsNothing)
 TEST_F(TarvikctlLink, ListsScreenShotsFromTheirFolder)
 {
     StartInstrument();
-    SetChange("Screen Shots/Shot, \"1\".png", kChange);
+    SetChanged("Screen Shots/Shot, \"1\".png", kChanged);
     EXPECT_EQ(To({ "ls", "screen" }).Out, QStringLiteral("2024-02-29 23:59:58  Shot, \"1\".png\n"));
 }
 
-TEST_F(TarvikctlLink, ListsThePresentDirectoryWithItsFolders)
+TEST_F(TarvikctlLink, ListsCurrentDirectoryWithItsFolders)
 {
     StartInstrument();
     const CtlResult result = To({ "ls" });
@@ -75,14 +75,14 @@ TEST_F(TarvikctlLink, ListsThePresentDirectoryWithItsFolders)
     EXPECT_TRUE(result.Out.contains(QStringLiteral("\\\n"))) << result.Out.toStdString();
 }
 
-TEST_F(TarvikctlLink, FetchesAFileUnderItsName)
+TEST_F(TarvikctlLink, DownloadsFileUnderItsName)
 {
     StartInstrument();
     ExpectDone(To({ "get", "memory", "Marine.tvm" }));
     EXPECT_EQ(Bytes(QStringLiteral("Marine.tvm")), "old list");
 }
 
-TEST_F(TarvikctlLink, FetchesAFileUnderAnotherNameOrIntoAFolder)
+TEST_F(TarvikctlLink, DownloadsFileUnderOtherNameOrIntoFolder)
 {
     StartInstrument();
     ExpectDone(To({ "get", "memory", "Marine.tvm", "other.tvm" }));
@@ -92,15 +92,15 @@ TEST_F(TarvikctlLink, FetchesAFileUnderAnotherNameOrIntoAFolder)
     EXPECT_EQ(Bytes(QStringLiteral("folder/Marine.tvm")), "old list");
 }
 
-TEST_F(TarvikctlLink, ScreenShotKeepsItsDateOnTheWayDown)
+TEST_F(TarvikctlLink, DownloadedScreenShotKeepsDate)
 {
     StartInstrument();
-    SetChange("Screen Shots/Shot, \"1\".png", kChange);
+    SetChanged("Screen Shots/Shot, \"1\".png", kChanged);
     ExpectDone(To({ "get", "screen", "Shot, \"1\".png", "shot.png" }));
-    EXPECT_EQ(QFileInfo(Path(QStringLiteral("shot.png"))).lastModified(), kChange);
+    EXPECT_EQ(QFileInfo(Path(QStringLiteral("shot.png"))).lastModified(), kChanged);
 }
 
-TEST_F(TarvikctlLink, AsksBeforeItReplacesALocalFile)
+TEST_F(TarvikctlLink, AsksBeforeReplacingLocalFile)
 {
     StartInstrument();
     Store(QStringLiteral("Marine.tvm"), "mine");
@@ -111,7 +111,7 @@ TEST_F(TarvikctlLink, AsksBeforeItReplacesALocalFile)
     EXPECT_EQ(Bytes(QStringLiteral("Marine.tvm")), "old list");
 }
 
-TEST_F(TarvikctlLink, FileThatTheInstrumentLacksLeavesTheTarget)
+TEST_F(TarvikctlLink, FileMissingOnInstrumentKeepsTarget)
 {
     StartInstrument();
     Store(QStringLiteral("out.tvm"), "mine");
@@ -121,14 +121,14 @@ TEST_F(TarvikctlLink, FileThatTheInstrumentLacksLeavesTheTarget)
     EXPECT_EQ(Bytes(QStringLiteral("out.tvm")), "mine");
 }
 
-TEST_F(TarvikctlLink, LinkThatBreaksLeavesTheTarget)
+TEST_F(TarvikctlLink, BrokenLinkWritesNothing)
 {
     StartInstrument({ "--fault", "cut=1" });
     ExpectMessage(To({ "get", "memory", "Marine.tvm", "out.tvm" }), QStringLiteral("Marine.tvm: 12704: "));
     EXPECT_EQ(FolderEntries(), QStringList{ QStringLiteral("instrument") });
 }
 
-TEST_F(TarvikctlLink, AsksBeforeItReplacesTheListOfTheInstrument)
+TEST_F(TarvikctlLink, AsksBeforeReplacingListOfInstrument)
 {
     StartInstrument();
     Store(QStringLiteral("Air.tvm"), "new list");
@@ -139,7 +139,7 @@ TEST_F(TarvikctlLink, AsksBeforeItReplacesTheListOfTheInstrument)
     EXPECT_FALSE(IsOnInstrument("Memory List/Marine.tvm"));
 }
 
-TEST_F(TarvikctlLink, SendsANewTableWithoutAQuestion)
+TEST_F(TarvikctlLink, UploadsNewTableWithoutAsking)
 {
     StartInstrument();
     Store(QStringLiteral("Loop.tvk"), "table");
@@ -147,19 +147,19 @@ TEST_F(TarvikctlLink, SendsANewTableWithoutAQuestion)
     EXPECT_EQ(OnInstrument("K-Factor Table/Loop.tvk"), "table");
 }
 
-TEST_F(TarvikctlLink, ScreenShotKeepsItsDateOnTheWayUp)
+TEST_F(TarvikctlLink, UploadedScreenShotKeepsDate)
 {
     StartInstrument();
     Store(QStringLiteral("New.png"), "shot");
     QFile file(Path(QStringLiteral("New.png")));
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.setFileTime(kChange, QFileDevice::FileModificationTime));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.setFileTime(kChanged, QFileDevice::FileModificationTime));
     ExpectDone(To({ "put", "screen", "New.png" }));
     const CtlResult result = To({ "ls", "screen" });
     ExpectDone(result);
     EXPECT_TRUE(result.Out.contains(QStringLiteral("2024-02-29 23:59:58  New.png\n"))) << result.Out.toStdString();
 }
 
-TEST_F(TarvikctlLink, AsksBeforeItReplacesATable)
+TEST_F(TarvikctlLink, AsksBeforeReplacingTable)
 {
     StartInstrument();
     StoreOnInstrument("K-Factor Table/Loop.tvk", "old");
@@ -170,7 +170,7 @@ TEST_F(TarvikctlLink, AsksBeforeItReplacesATable)
     EXPECT_EQ(OnInstrument("K-Factor Table/Loop.tvk"), "new");
 }
 
-TEST_F(TarvikctlLink, SendsNoFileOfAnotherKind)
+TEST_F(TarvikctlLink, RefusesToUploadFileOfOtherKind)
 {
     StartInstrument();
     Store(QStringLiteral("Loop.tvk"), "table");
@@ -180,34 +180,34 @@ TEST_F(TarvikctlLink, SendsNoFileOfAnotherKind)
     EXPECT_EQ(OnInstrument("Memory List/Marine.tvm"), "old list");
 }
 
-TEST_F(TarvikctlLink, SendsNoFileThatIsNotThere)
+TEST_F(TarvikctlLink, ReportsMissingFileToUpload)
 {
     StartInstrument();
     ExpectMessage(To({ "put", "--yes", "memory", "None.tvm" }), QStringLiteral("None.tvm: "));
     EXPECT_EQ(OnInstrument("Memory List/Marine.tvm"), "old list");
 }
 
-TEST_F(TarvikctlLink, RemovesAScreenShot)
+TEST_F(TarvikctlLink, RemovesScreenShot)
 {
     StartInstrument();
     ExpectDone(To({ "rm", "screen", "Shot, \"1\".png" }));
     EXPECT_FALSE(IsOnInstrument("Screen Shots/Shot, \"1\".png"));
 }
 
-TEST_F(TarvikctlLink, RemovesNoListThatTheInstrumentHoldsOnce)
+TEST_F(TarvikctlLink, RefusesToRemoveSingleListOfClass)
 {
     StartInstrument();
     ExpectMessage(To({ "rm", "memory", "Marine.tvm" }), QStringLiteral("Marine.tvm: 12724: "));
     EXPECT_TRUE(IsOnInstrument("Memory List/Marine.tvm"));
 }
 
-TEST_F(TarvikctlLink, RemovesNothingThatIsNotThere)
+TEST_F(TarvikctlLink, ReportsMissingFileToRemove)
 {
     StartInstrument();
     ExpectMessage(To({ "rm", "correction", "None.tvc" }), QStringLiteral("None.tvc: 12724: "));
 }
 
-TEST_F(TarvikctlLink, FolderIsNoTarget)
+TEST_F(TarvikctlLink, RefusesFolderAsTarget)
 {
     StartInstrument();
     ASSERT_TRUE(QDir(Path({})).mkpath(QStringLiteral("folder/Marine.tvm")));
@@ -217,16 +217,16 @@ TEST_F(TarvikctlLink, FolderIsNoTarget)
         QStringLiteral("Marine.tvm: folder/Marine.tvm is a folder"));
 }
 
-TEST_F(TarvikctlLink, NobodyThereIsAMessage)
+TEST_F(TarvikctlLink, ReportsFailedConnection)
 {
     StartInstrument({ "--fault", "drop=1" });
     ExpectMessage(To({ "idn" }), to_ + QStringLiteral(": 10422: "));
 }
 
-TEST_F(TarvikctlLink, ShowsProgressToPeopleOnly)
+TEST_F(TarvikctlLink, ShowsProgressOnTerminalOnly)
 {
     StartInstrument();
-    QProcess terminal; // gives the program a terminal of its own
+    QProcess terminal; // script runs the program in a pseudo terminal
     terminal.setWorkingDirectory(Path({}));
     terminal.start(QStringLiteral("script"),
         { "-qec", QStringLiteral("'%1' --to %2 get memory Marine.tvm").arg(QStringLiteral(TARVIKCTL), to_),
@@ -267,7 +267,7 @@ TEST_F(TarvikctlLink, RefusesWrongUsage)
     }
 }
 
-TEST_F(TarvikctlForeign, WhatATerminalWouldObeyIsNotPrinted)
+TEST_F(TarvikctlForeign, ReplacesControlCharacters)
 {
     server.Answer("maker,mo\x9D"
                   "del,1,2\n");

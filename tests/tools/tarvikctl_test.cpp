@@ -1,4 +1,4 @@
-// tarvikctl as scripts see it: output, messages by number, exit codes, files.
+// tarvikctl with lists: output, messages by number, exit codes, files.
 #include "tests/tools/ctl.h"
 
 #include <QFile>
@@ -13,7 +13,7 @@ namespace {
 
 class Tarvikctl : public CtlTest {
 protected:
-    /// Three entries whose order differs by every key.
+    /// Three rows with a different order for each key.
     void StoreThree(const QString& name) const
     {
         Store(name,
@@ -54,43 +54,43 @@ TEST_F(Tarvikctl, RefusesNoCommand)
     ExpectUsageError({}, "no command");
 }
 
-TEST_F(Tarvikctl, RefusesAnUnknownCommand)
+TEST_F(Tarvikctl, RefusesUnknownCommand)
 {
     ExpectUsageError({ "list" }, "list: no such command");
 }
 
-TEST_F(Tarvikctl, RefusesAnOptionOfAnotherCommand)
+TEST_F(Tarvikctl, RefusesOptionOfOtherCommand)
 {
     ExpectUsageError({ "check", "--json", "a.csv" }, "--json: no such option here");
 }
 
-TEST_F(Tarvikctl, RefusesAMissingOperand)
+TEST_F(Tarvikctl, RefusesMissingOperand)
 {
     ExpectUsageError({ "convert", "a.csv" }, "convert: too few arguments");
 }
 
-TEST_F(Tarvikctl, RefusesASurplusOperand)
+TEST_F(Tarvikctl, RefusesSurplusOperand)
 {
     ExpectUsageError({ "show", "a.csv", "b.csv" }, "show: too many arguments");
 }
 
-TEST_F(Tarvikctl, RefusesASortWithoutKey)
+TEST_F(Tarvikctl, RefusesSortWithoutKey)
 {
     ExpectUsageError({ "sort", "a.csv", "b.csv" }, "sort: --key is missing");
 }
 
-TEST_F(Tarvikctl, RefusesASortKeyBeyondTheLast)
+TEST_F(Tarvikctl, RefusesSortKeyOutOfRange)
 {
     ExpectUsageError({ "sort", "--key", "7", "a.csv", "b.csv" }, "--key takes a number from 0 to 6");
     ExpectUsageError({ "sort", "--key=up", "a.csv", "b.csv" }, "--key takes a number from 0 to 6");
 }
 
-TEST_F(Tarvikctl, RefusesATextNumberThatIsNone)
+TEST_F(Tarvikctl, RefusesInvalidTextNumber)
 {
     ExpectUsageError({ "text", "10844", "FM" }, "FM: not a number");
 }
 
-TEST_F(Tarvikctl, RefusesAnOutputNameOfNeitherForm)
+TEST_F(Tarvikctl, RefusesOutputNameOfNeitherForm)
 {
     StoreThree("three.csv");
     ExpectUsageError(
@@ -121,7 +121,7 @@ TEST_F(Tarvikctl, PrintsTextsAsUtf8)
     EXPECT_EQ(Ctl({ "text", "10923" }).Out, QStringLiteral("10923\tdB\u00b5V\n"));
 }
 
-TEST_F(Tarvikctl, ChecksEachFileAndGoesOnBehindABadOne)
+TEST_F(Tarvikctl, CheckContinuesAfterBadFile)
 {
     StoreThree("three.csv");
     const CtlResult result = Ctl({ "check", "missing.csv", "three.csv" });
@@ -130,7 +130,7 @@ TEST_F(Tarvikctl, ChecksEachFileAndGoesOnBehindABadOne)
     EXPECT_EQ(result.ExitCode, 1);
 }
 
-TEST_F(Tarvikctl, ChecksACsvFileByItsFirstLineWhateverItsName)
+TEST_F(Tarvikctl, ChecksCsvFileByFirstLineWhateverItsName)
 {
     StoreThree("three.txt");
     const CtlResult result = Ctl({ "check", "three.txt" });
@@ -138,7 +138,7 @@ TEST_F(Tarvikctl, ChecksACsvFileByItsFirstLineWhateverItsName)
     EXPECT_EQ(result.ExitCode, 0);
 }
 
-TEST_F(Tarvikctl, ChecksNothingIntoACsvFileOfAnUnknownKind)
+TEST_F(Tarvikctl, ReportsCsvFileOfUnknownKind)
 {
     Store("notes.csv", "Shopping,list\r\nDescription,none\r\nmilk\r\n");
     const CtlResult result = Ctl({ "check", "notes.csv" });
@@ -147,7 +147,7 @@ TEST_F(Tarvikctl, ChecksNothingIntoACsvFileOfAnUnknownKind)
     EXPECT_EQ(result.ExitCode, 1);
 }
 
-TEST_F(Tarvikctl, SaysThatItDoesNotReadCsvFilesOfOtherLists)
+TEST_F(Tarvikctl, RefusesCsvFilesOfOtherLists)
 {
     Store("set.csv", "Suppress List,set\r\nDescription,x\r\n");
     const CtlResult result = Ctl({ "check", "set.csv" });
@@ -155,7 +155,7 @@ TEST_F(Tarvikctl, SaysThatItDoesNotReadCsvFilesOfOtherLists)
     EXPECT_EQ(result.ExitCode, 1);
 }
 
-TEST_F(Tarvikctl, ReportsTheLineOfABadField)
+TEST_F(Tarvikctl, ReportsBadField)
 {
     QByteArray csv = MemoryCsv("Bad", { CsvRow(), { 1, 100000000, "second" } });
     csv.replace("Used,1,1,Active,100000000,FM", "Used,1,1,Active,100000000,XM");
@@ -165,7 +165,7 @@ TEST_F(Tarvikctl, ReportsTheLineOfABadField)
     EXPECT_EQ(result.ExitCode, 1);
 }
 
-TEST_F(Tarvikctl, RefusesACutBinaryFile)
+TEST_F(Tarvikctl, RefusesTruncatedBinaryFile)
 {
     StoreThree("three.csv");
     ASSERT_EQ(Ctl({ "convert", "three.csv", "three.tvm" }).ExitCode, 0);
@@ -176,7 +176,7 @@ TEST_F(Tarvikctl, RefusesACutBinaryFile)
     EXPECT_EQ(result.ExitCode, 1);
 }
 
-TEST_F(Tarvikctl, RefusesAMemoryListUnderTheNameOfAnotherFamily)
+TEST_F(Tarvikctl, RefusesMemoryListUnderNameOfOtherFamily)
 {
     StoreThree("three.csv");
     ASSERT_EQ(Ctl({ "convert", "three.csv", "three.tvm" }).ExitCode, 0);
@@ -198,7 +198,7 @@ TEST_F(Tarvikctl, ShowsOnlyMemoryLists)
     EXPECT_EQ(result.ExitCode, 1);
 }
 
-TEST_F(Tarvikctl, ShowsTheUsedRows)
+TEST_F(Tarvikctl, ShowsUsedRows)
 {
     StoreThree("three.csv");
     const QStringList lines = Ctl({ "show", "three.csv" }).Out.split(u'\n');
@@ -211,7 +211,7 @@ TEST_F(Tarvikctl, ShowsTheUsedRows)
     EXPECT_EQ(lines[6].simplified(), QStringLiteral("2 2 Active 200.000000 FM 12 kHz alpha"));
 }
 
-TEST_F(Tarvikctl, ShowsAllRowsOnDemand)
+TEST_F(Tarvikctl, ShowsAllRowsOnRequest)
 {
     StoreThree("three.csv");
     const QStringList lines = Ctl({ "show", "--all", "three.csv" }).Out.split(u'\n');
@@ -219,7 +219,7 @@ TEST_F(Tarvikctl, ShowsAllRowsOnDemand)
     EXPECT_EQ(lines[4 + 1023].simplified(), QStringLiteral("1023 1023 Free"));
 }
 
-TEST_F(Tarvikctl, WritesTheMembersOfARowInAFixedOrder)
+TEST_F(Tarvikctl, WritesJsonMembersInFixedOrder)
 {
     StoreThree("three.csv");
     const QString text = Ctl({ "show", "--json", "three.csv" }).Out;
@@ -235,7 +235,7 @@ TEST_F(Tarvikctl, WritesTheMembersOfARowInAFixedOrder)
             "\"frequencySpan\": 3, \"dfStep\": 19, \"dfBandwidth\": 20 },"));
 }
 
-TEST_F(Tarvikctl, WritesUnusedRowsIntoJsonOnDemand)
+TEST_F(Tarvikctl, WritesUnusedRowsAsJsonOnRequest)
 {
     StoreThree("three.csv");
     const QJsonArray rows = Json("three.csv", true)[QStringLiteral("rows")].toArray();
@@ -244,7 +244,7 @@ TEST_F(Tarvikctl, WritesUnusedRowsIntoJsonOnDemand)
     EXPECT_FALSE(rows[3][QStringLiteral("used")].toBool());
 }
 
-TEST_F(Tarvikctl, WritesAnEmptyListAsJson)
+TEST_F(Tarvikctl, WritesEmptyListAsJson)
 {
     Store("empty.csv", MemoryCsv("Empty", {}));
     EXPECT_EQ(Json("empty.csv")[QStringLiteral("rows")].toArray().size(), 0);
@@ -259,7 +259,7 @@ TEST_F(Tarvikctl, ConvertsThereAndBackWithoutLoss)
     EXPECT_EQ(Json("back.csv"), Json("three.csv"));
 }
 
-TEST_F(Tarvikctl, LeavesAnExistingTargetByItself)
+TEST_F(Tarvikctl, KeepsExistingTarget)
 {
     StoreThree("three.csv");
     Store("out.tvm", "old");
@@ -269,7 +269,7 @@ TEST_F(Tarvikctl, LeavesAnExistingTargetByItself)
     EXPECT_EQ(result.ExitCode, 1);
 }
 
-TEST_F(Tarvikctl, ReplacesAnExistingTargetWithYes)
+TEST_F(Tarvikctl, ReplacesExistingTargetWithYes)
 {
     StoreThree("three.csv");
     Store("out.tvm", "old");
@@ -279,7 +279,7 @@ TEST_F(Tarvikctl, ReplacesAnExistingTargetWithYes)
     EXPECT_EQ(result.ExitCode, 0);
 }
 
-TEST_F(Tarvikctl, LeavesAReadOnlyTargetAlsoWithYes)
+TEST_F(Tarvikctl, KeepsReadOnlyTargetEvenWithYes)
 {
     StoreThree("three.csv");
     Store("out.csv", "old");
@@ -290,7 +290,7 @@ TEST_F(Tarvikctl, LeavesAReadOnlyTargetAlsoWithYes)
     EXPECT_EQ(result.ExitCode, 1);
 }
 
-TEST_F(Tarvikctl, LeavesTheTargetWhenTheSourceIsRefused)
+TEST_F(Tarvikctl, KeepsTargetWhenSourceIsRefused)
 {
     Store("bad.csv", "Memory List,bad\r\nDescription,x\r\n");
     Store("out.tvm", "old");
@@ -298,7 +298,7 @@ TEST_F(Tarvikctl, LeavesTheTargetWhenTheSourceIsRefused)
     EXPECT_EQ(Bytes("out.tvm"), QByteArray("old"));
 }
 
-TEST_F(Tarvikctl, SaysSoWhenTheTargetsFolderIsMissing)
+TEST_F(Tarvikctl, ReportsMissingFolderOfTarget)
 {
     StoreThree("three.csv");
     for (const char* target : { "none/out.tvm", "none/out.csv" }) {
@@ -320,14 +320,14 @@ TEST_F(Tarvikctl, SortsByEachKey)
     }
 }
 
-TEST_F(Tarvikctl, SortsAFileInItsPlace)
+TEST_F(Tarvikctl, SortsFileInPlace)
 {
     StoreThree("three.csv");
     EXPECT_EQ(Ctl({ "sort", "--key=2", "--yes", "three.csv", "three.csv" }).ExitCode, 0);
     EXPECT_EQ(NumbersOf("three.csv"), QList<int>({ 2, 1, 0 }));
 }
 
-TEST_F(Tarvikctl, TakesNamesThatLookLikeOptionsBehindTwoDashes)
+TEST_F(Tarvikctl, TakesNamesLikeOptionsAfterTwoDashes)
 {
     StoreThree("-three.csv");
     const CtlResult result = Ctl({ "check", "--", "-three.csv" });
@@ -335,7 +335,7 @@ TEST_F(Tarvikctl, TakesNamesThatLookLikeOptionsBehindTwoDashes)
     EXPECT_EQ(result.ExitCode, 0);
 }
 
-TEST_F(Tarvikctl, EndsWithAMessageWithoutItsModules)
+TEST_F(Tarvikctl, ReportsMissingModules)
 {
     ASSERT_TRUE(QFile::copy(QStringLiteral(TARVIKCTL), Path("alone")));
     QProcess process;

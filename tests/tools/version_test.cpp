@@ -1,4 +1,4 @@
-// The version has one place, the build; every part of the program tells the same one.
+// Every part of the program has the version of the build.
 #include "app/state/project.h"
 #include "closed/loader.h"
 #include "tests/tools/ctl.h"
@@ -24,7 +24,7 @@ void ExpectRecord(const QString& path)
 
 } // namespace
 
-TEST_F(ProductVersion, IsThatOfTheBuild)
+TEST_F(ProductVersion, IsThatOfBuild)
 {
     EXPECT_EQ(ProductVersionText(), kVersion);
 }
@@ -36,20 +36,20 @@ TEST_F(ProductVersion, IsPrintedByTarvikctl)
     EXPECT_EQ(result.ExitCode, 0);
 }
 
-TEST_F(ProductVersion, IsInTheRecordOfEachModule)
+TEST_F(ProductVersion, IsInRecordOfEachModule)
 {
     for (const Module module :
         { Module::General, Module::Language, Module::Channel, Module::ListStore, Module::Traces, Module::Pictures })
         ExpectRecord(kBinFolder + ModuleFileName(module));
 }
 
-TEST_F(ProductVersion, IsInTheRecordOfEachExecutable)
+TEST_F(ProductVersion, IsInRecordOfEachExecutable)
 {
     for (const char* name : { "tarvik", "tarvikctl" })
         ExpectRecord(kBinFolder + QLatin1String(name) + QStringLiteral(TARVIK_EXE_SUFFIX));
 }
 
-TEST_F(ProductVersion, IsInTheManualPages)
+TEST_F(ProductVersion, IsInManualPages)
 {
     for (const char* page : { "tarvikctl.1", "tarvik-instrument.1" }) {
         QFile file(QStringLiteral(TARVIK_MAN_DIR "/") + QLatin1String(page));

@@ -22,7 +22,7 @@ namespace tarvik {
 
 namespace {
 
-enum ExitStatus { ExitDone = 0, ExitFailed = 1, ExitUsage = 2 };
+enum class ExitStatus { Done = 0, Failed = 1, Usage = 2 };
 
 int stopWriter = -1; ///< writing end of the pipe that stops the server
 
@@ -55,7 +55,7 @@ void Print(std::FILE* stream, const QString& text)
     std::fflush(stream);
 }
 
-ExitStatus Fail(const QString& what, const QString& reason, ExitStatus status = ExitFailed)
+ExitStatus Fail(const QString& what, const QString& reason, ExitStatus status = ExitStatus::Failed)
 {
     Print(stderr, QStringLiteral("tarvik-instrument: %1: %2\n").arg(what, reason));
     return status;
@@ -95,7 +95,7 @@ ExitStatus Run(const InstrumentArguments& arguments)
     const Descriptor stop = CatchStopSignals();
     Print(stdout, QStringLiteral("port %1\n").arg(server.Port()));
     const bool served = stop.IsOpen() && server.Serve(stop.Number());
-    return served ? ExitDone
+    return served ? ExitStatus::Done
                   : Fail(QStringLiteral("waiting for clients"), QString::fromLocal8Bit(std::strerror(errno)));
 }
 
@@ -113,12 +113,12 @@ int main(int argc, char** argv)
     QString error;
     if (!ReadArguments(QCoreApplication::arguments().mid(1), arguments, error)) {
         Print(stderr, QStringLiteral("tarvik-instrument: %1\nTry 'tarvik-instrument --help'.\n").arg(error));
-        return ExitUsage;
+        return static_cast<int>(ExitStatus::Usage);
     }
     if (arguments.Help || arguments.Version) {
         Print(stdout,
             arguments.Help ? InstrumentHelpText() : QStringLiteral("tarvik-instrument %1\n").arg(ProductVersionText()));
-        return ExitDone;
+        return static_cast<int>(ExitStatus::Done);
     }
-    return Run(arguments);
+    return static_cast<int>(Run(arguments));
 }

@@ -196,7 +196,7 @@ void Session::Handle(ReaderEvent event)
     else
         instrument_.ReportBad();
     if (options_.Verbose && event != ReaderEvent::BlockBegins)
-        Tell(event == ReaderEvent::Command ? reader_.Current() : Command());
+        LogCommand(event == ReaderEvent::Command ? reader_.Current() : Command());
 }
 
 void Session::CountCommand()
@@ -213,7 +213,7 @@ void Session::CountCommand()
     }
 }
 
-void Session::Tell(const Command& command)
+void Session::LogCommand(const Command& command)
 {
     std::string line = command.Header.empty() ? "(no command)" : command.Header;
     line += command.IsQuery ? "?" : "";

@@ -79,7 +79,7 @@ private:
     void Run(LinkTime now);
     void Handle(ReaderEvent event);
     void CountCommand();
-    void Tell(const Command& command);
+    void LogCommand(const Command& command);
     bool Send(LinkTime now);
 
     Descriptor socket_;

@@ -20,9 +20,9 @@ const QString kToOption = QStringLiteral("--to");
 struct CommandForm {
     const char* Name;
     CtlCommand Command;
-    const char* Options; ///< those that the command takes, parted by blanks
-    int LeastOperands;
-    int MostOperands;
+    const char* Options; ///< accepted options, separated by blanks
+    int MinOperands;
+    int MaxOperands;
 };
 
 constexpr std::array<CommandForm, 14> kForms{ {
@@ -84,7 +84,7 @@ public:
     /// `words` begins with the command.
     std::optional<CtlArguments> Run(const QStringList& words)
     {
-        if (!TakeOptions(words) || !OperandsFit() || !KeyIsGiven() || !TargetIsGiven() || !TakeClassWord())
+        if (!TakeOptions(words) || !CheckOperands() || !CheckKey() || !CheckTarget() || !TakeClassWord())
             return std::nullopt;
         return result_;
     }
@@ -126,7 +126,7 @@ private:
         });
     }
 
-    /// Of the options of all commands those of this one.
+    /// Adds the option if this command accepts it.
     void AddOption(QCommandLineParser& parser, const char* name, const QString& value) const
     {
         if (options_.contains(QLatin1String(name)))
@@ -150,7 +150,7 @@ private:
         return keyGiven_ || Fail(QStringLiteral("--key takes a number from 0 to %1").arg(kLastSortKey));
     }
 
-    /// The instrument, or the format of pictures. A capture has both: no format looks like an address.
+    /// The instrument or the picture format. A capture takes both: no format looks like an address.
     bool TakeTarget(const QString& value)
     {
         const bool isFormat =
@@ -202,7 +202,7 @@ private:
                         .arg(kLastPort));
     }
 
-    bool TargetIsGiven()
+    bool CheckTarget()
     {
         const bool isNeeded = options_.contains(QLatin1String("to"));
         const QString& given = form_.Command == CtlCommand::Picture ? result_.ImageFormat : result_.Address;
@@ -210,7 +210,7 @@ private:
             || Fail(QStringLiteral("%1: --to is missing").arg(QLatin1String(form_.Name)));
     }
 
-    /// Takes the word for a file class off the operands.
+    /// Removes the word for a file class from the operands.
     bool TakeClassWord()
     {
         if (!TakesClass(form_.Command) || result_.Operands.isEmpty())
@@ -224,16 +224,16 @@ private:
         return true;
     }
 
-    bool OperandsFit()
+    bool CheckOperands()
     {
-        if (result_.Operands.size() < form_.LeastOperands)
+        if (result_.Operands.size() < form_.MinOperands)
             return Fail(QStringLiteral("%1: too few arguments").arg(QString::fromLatin1(form_.Name)));
-        if (result_.Operands.size() > form_.MostOperands)
+        if (result_.Operands.size() > form_.MaxOperands)
             return Fail(QStringLiteral("%1: too many arguments").arg(QString::fromLatin1(form_.Name)));
-        return form_.Command != CtlCommand::Text || TextNumbersAreNumbers();
+        return form_.Command != CtlCommand::Text || CheckTextNumbers();
     }
 
-    bool TextNumbersAreNumbers()
+    bool CheckTextNumbers()
     {
         for (const QString& operand : std::as_const(result_.Operands)) {
             bool isNumber = false;
@@ -244,7 +244,7 @@ private:
         return true;
     }
 
-    bool KeyIsGiven()
+    bool CheckKey()
     {
         return form_.Command != CtlCommand::Sort || keyGiven_ || Fail(QStringLiteral("sort: --key is missing"));
     }
@@ -256,7 +256,7 @@ private:
     bool keyGiven_ = false;
 };
 
-/// Puts the instrument, where it is named first, behind the command.
+/// Moves a leading `--to` option after the command.
 QStringList CommandFirst(const QStringList& arguments)
 {
     if (arguments.isEmpty())
@@ -292,7 +292,7 @@ QString CtlHelpText()
         "       tarvikctl sort --key N [--yes] IN OUT   sort a memory list\n"
         "       tarvikctl text N...                     print the texts of these numbers\n"
         "       tarvikctl picture [OPTION...] --to FORMAT FILE...   write pictures as FORMAT\n"
-        "       tarvikctl --to INSTRUMENT idn           print what the instrument says of itself\n"
+        "       tarvikctl --to INSTRUMENT idn           print the instrument's identification\n"
         "       tarvikctl --to INSTRUMENT ls [CLASS]    list its files\n"
         "       tarvikctl --to INSTRUMENT get [--yes] CLASS NAME [OUT]   fetch a file\n"
         "       tarvikctl --to INSTRUMENT put [--yes] CLASS FILE         send a file\n"
@@ -308,13 +308,13 @@ QString CtlHelpText()
         "suppress, screen or correction.\n"
         "\n"
         "FORMAT is png, bmp, pcx or wmf. Options of picture and capture: --palette 0 colour or 1 black\n"
-        "and white, --description TEXT below the picture, --into DIR, the folder that takes the files\n"
-        "and else is that of FILE or OUT, --yes. A capture is written in the format of OUT's extension,\n"
-        "or with --to FORMAT in that one.\n"
+        "and white, --description TEXT below the picture, --into DIR, the folder to write to (by default\n"
+        "that of FILE or OUT), --yes. A capture is written in the format of OUT's extension, or in\n"
+        "FORMAT with --to FORMAT.\n"
         "\n"
         "Messages go to standard error as FILE: NUMBER: TEXT. Questions are answered No,\n"
-        "with --yes Yes. Exit status: 0 all went well, 1 a file was refused or a message\n"
-        "shown, 2 wrong usage.\n");
+        "with --yes Yes. Exit status: 0 success, 1 a file was refused or a message shown,\n"
+        "2 wrong usage.\n");
 }
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// tools/tarvikctl/arguments.h: what the command line asks for.
+// tools/tarvikctl/arguments.h: parses the command line.
 #pragma once
 
 #include "link/classes/model.h"
@@ -14,23 +14,22 @@ enum class CtlCommand { Help, Version, Text, Check, Show, Convert, Sort, Picture
 
 struct CtlArguments {
     CtlCommand Command = CtlCommand::Help;
-    QStringList Operands; ///< files, names or text numbers, as typed, without the word for a file class
+    QStringList Operands; ///< files, names or text numbers as typed, without the word for a file class
     bool Json = false;
     bool All = false; ///< unused rows too
     bool Yes = false; ///< questions are answered Yes
     int SortKey = 0; ///< 0 to 6
     QString Address; ///< of the instrument
     int Port = 0;
-    FileClass Class = FileClassNone; ///< None where none was named
-    QString ImageFormat; ///< extension of the pictures to be written, without its point; empty for that of the operand
-    QString Into; ///< folder that takes them; empty for that of each operand
-    std::optional<qint16> Palette; ///< 0 colour, 1 black and white; empty to leave it as it is
+    FileClass Class = FileClassNone; ///< FileClassNone if none is given
+    QString ImageFormat; ///< extension of the pictures to write, without its point; empty for that of the operand
+    QString Into; ///< folder to write them to; empty for that of each operand
+    std::optional<qint16> Palette; ///< 0 colour, 1 black and white; nullopt if not given
     std::optional<QString> Description;
 };
 
-/// Reads the arguments behind the program's name. Options may stand anywhere behind the command, an instrument's `--to`
-/// before it too; "--" ends them.
-/// Empty for wrong usage, and `error` then says what is wrong.
+/// Parses the arguments after the program's name. Options may be anywhere after the command, an instrument's `--to`
+/// also before it; "--" ends them. nullopt for wrong usage, with the reason in `error`.
 std::optional<CtlArguments> CtlParse(const QStringList& arguments, QString& error);
 
 /// The text of --help.

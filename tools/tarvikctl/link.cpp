@@ -32,7 +32,7 @@ bool IsShown(const ChannelRow& row, FileClass fileClass)
     return row.Type == ChannelRowType::File && FileExtMatches(row.Name, FileClassBit(fileClass));
 }
 
-/// One line: date, time, name, and a backslash behind a folder.
+/// One line: date, time, name, and a backslash after a folder.
 QString ListLine(const ChannelRow& row)
 {
     const QString end = row.Type == ChannelRowType::Folder ? QStringLiteral("\\\n") : QStringLiteral("\n");
@@ -55,16 +55,16 @@ void List(FileClass fileClass)
     }
 }
 
-/// The file that a download becomes: in a folder it keeps its name.
-QString TargetPath(const QString& wish, const QString& name)
+/// Path of a download: `out`, inside it if it is a folder, or by default `name`.
+QString TargetPath(const QString& out, const QString& name)
 {
-    if (wish.isEmpty())
+    if (out.isEmpty())
         return name;
-    return QFileInfo(wish).isDir() ? QDir(wish).filePath(name) : wish;
+    return QFileInfo(out).isDir() ? QDir(out).filePath(name) : out;
 }
 
-/// True unless a file of that name is there and shall stay, or a folder.
-bool MayBeWritten(const QString& path, Terminal& terminal)
+/// False for a folder, and for an existing file that must be kept.
+bool CanWrite(const QString& path, Terminal& terminal)
 {
     const QFileInfo file(path);
     if (file.isDir()) {
@@ -77,8 +77,8 @@ bool MayBeWritten(const QString& path, Terminal& terminal)
     return false;
 }
 
-/// When the instrument's file changed; invalid where the instrument does not tell.
-QDateTime ChangeOnInstrument(FileClass fileClass, const QString& name)
+/// Time of last change of the instrument's file; invalid if unknown.
+QDateTime ChangedOnInstrument(FileClass fileClass, const QString& name)
 {
     std::vector<ChannelRow> rows;
     if (ChannelWalk(fileClass, rows) != ChannelStatus::Success)
@@ -90,20 +90,20 @@ QDateTime ChangeOnInstrument(FileClass fileClass, const QString& name)
 
 void Download(FileClass fileClass, const QString& name, const QString& target, Terminal& terminal)
 {
-    if (!MayBeWritten(target, terminal))
+    if (!CanWrite(target, terminal))
         return;
     TheTransferProgress()->SetLabel(LngStr1(TextId::Downloading, name));
     if (ChannelGet(fileClass, name, target) != ChannelStatus::Success)
         (void)ReportLinkFailure();
     else if (TransferKeepsDate(fileClass))
-        FileSetPcDate(target, ChangeOnInstrument(fileClass, name), false);
+        FileSetPcDate(target, ChangedOnInstrument(fileClass, name), false);
 }
 
-/// A list of the one file that a job is to work on.
-FileList ListOf(const QString& name, const QDateTime& change)
+/// A list of one selected file, for a job.
+FileList ListOf(const QString& name, const QDateTime& changed)
 {
     FileList list;
-    TransferAddRow(list, name, ChannelRowType::File, change);
+    TransferAddRow(list, name, ChannelRowType::File, changed);
     list.Rows.front().Selected = true;
     return list;
 }
@@ -127,7 +127,7 @@ void Remove(const QString& name)
     TransferDeleteInstr(list);
 }
 
-/// Screen shots have no calls of their own: the instrument must stand in their folder.
+/// Screen shots have no operations of their own: their folder must be the current directory.
 bool EnterFolderOf(FileClass fileClass)
 {
     if (fileClass != FileClassScreenShot)
@@ -142,7 +142,7 @@ void Capture(const CtlArguments& arguments, Terminal& terminal)
 {
     if (!arguments.Into.isEmpty() && !FileMakeTargetFolder(arguments.Into))
         return;
-    if (MayBeWritten(CtlCaptureTarget(arguments), terminal))
+    if (CanWrite(CtlCaptureTarget(arguments), terminal))
         CtlCapture(arguments, terminal);
 }
 

@@ -1,4 +1,4 @@
-// tools/tarvikctl/link.h: the commands that work on an instrument.
+// tools/tarvikctl/link.h: the commands for an instrument.
 #pragma once
 
 #include "tools/tarvikctl/arguments.h"
@@ -9,7 +9,7 @@ namespace tarvik {
 /// True for the commands that need an instrument.
 bool CtlIsLinkCommand(CtlCommand command);
 
-/// Connects, runs the command and ends the link. What goes wrong has been shown on `terminal`.
+/// Connects, runs the command and disconnects. Reports errors on `terminal`.
 void CtlRunLink(const CtlArguments& arguments, Terminal& terminal);
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// tools/tarvikctl/lists.h: the commands that work on list files.
+// tools/tarvikctl/lists.h: the commands for list files.
 #pragma once
 
 #include "tools/tarvikctl/arguments.h"
@@ -6,10 +6,10 @@
 
 namespace tarvik {
 
-/// Runs `check`, `show`, `convert` or `sort`. What goes wrong has been shown on `terminal`.
+/// Runs `check`, `show`, `convert` or `sort`. Reports errors on `terminal`.
 void CtlRunLists(const CtlArguments& arguments, Terminal& terminal);
 
-/// True when a memory list can be written under this name: its extension is that of one of the two forms.
+/// True if `path` has the extension of one of the two forms of a memory list.
 bool CtlCanBeWritten(const QString& path);
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// tools/tarvikctl/main.cpp: the rules of the lists on the command line, without a window.
+// tools/tarvikctl/main.cpp: lists, pictures and the instrument on the command line, without a window.
 #include "app/frame/startup.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
@@ -23,7 +23,7 @@ namespace tarvik {
 
 namespace {
 
-enum ExitStatus { ExitDone = 0, ExitRefused = 1, ExitUsage = 2 };
+enum class ExitStatus { Done = 0, Refused = 1, Usage = 2 };
 
 bool LoadModules(CtlCommand command, Terminal& terminal)
 {
@@ -54,15 +54,15 @@ void PrintTexts(const QStringList& numbers)
     }
 }
 
-/// What the name of a memory list must end in is known once the texts are there.
-bool OutputNameFits(const CtlArguments& arguments)
+/// The extension of a memory list is a language text, so this is checked after loading the modules.
+bool IsOutputNameValid(const CtlArguments& arguments)
 {
     const bool writes = arguments.Command == CtlCommand::Convert || arguments.Command == CtlCommand::Sort;
     return !writes || CtlCanBeWritten(arguments.Operands[1]);
 }
 
-/// The same of a file that is to be sent.
-bool InputNameFits(const CtlArguments& arguments)
+/// As above for a file to send.
+bool IsInputNameValid(const CtlArguments& arguments)
 {
     return arguments.Command != CtlCommand::Put || FileExtMatches(arguments.Operands[0], FileClassBit(arguments.Class));
 }
@@ -70,7 +70,7 @@ bool InputNameFits(const CtlArguments& arguments)
 ExitStatus UsageError(const QString& error)
 {
     TerminalWrite(stderr, QStringLiteral("tarvikctl: %1\nTry 'tarvikctl --help'.\n").arg(error));
-    return ExitUsage;
+    return ExitStatus::Usage;
 }
 
 ExitStatus Run(const CtlArguments& arguments)
@@ -78,15 +78,15 @@ ExitStatus Run(const CtlArguments& arguments)
     Terminal terminal(arguments.Yes);
     terminal.SetFile(QStringLiteral("tarvikctl"));
     if (!LoadModules(arguments.Command, terminal))
-        return ExitRefused;
-    if (!OutputNameFits(arguments))
+        return ExitStatus::Refused;
+    if (!IsOutputNameValid(arguments))
         return UsageError(
             QStringLiteral("%1: the name of a memory list ends in %2 or %3")
                 .arg(arguments.Operands[1], ModGetExtension(FileClassMemoryList), LngStr(TextId::CsvExtension)));
     if (arguments.Command == CtlCommand::Capture && !CtlIsPictureName(CtlCaptureTarget(arguments)))
         return UsageError(
             QStringLiteral("%1: the name of a picture ends in .png, .bmp, .pcx or .wmf").arg(arguments.Operands[0]));
-    if (!InputNameFits(arguments))
+    if (!IsInputNameValid(arguments))
         return UsageError(QStringLiteral("%1: by its extension it is no file of this kind").arg(arguments.Operands[0]));
     const PortScope<MessagePresenter> messages(TheMessagePresenter(), terminal);
     if (arguments.Command == CtlCommand::Text)
@@ -97,7 +97,7 @@ ExitStatus Run(const CtlArguments& arguments)
         CtlRunLink(arguments, terminal);
     else
         CtlRunLists(arguments, terminal);
-    return terminal.HasFailed() ? ExitRefused : ExitDone;
+    return terminal.HasFailed() ? ExitStatus::Refused : ExitStatus::Done;
 }
 
 ExitStatus RunCommand(const CtlArguments& arguments)
@@ -106,38 +106,38 @@ ExitStatus RunCommand(const CtlArguments& arguments)
         return Run(arguments);
     const bool help = arguments.Command == CtlCommand::Help;
     TerminalWrite(stdout, help ? CtlHelpText() : QStringLiteral("tarvikctl %1\n").arg(ProductVersionText()));
-    return ExitDone;
+    return ExitStatus::Done;
 }
 
-/// False when the reader of standard output has not got all of it.
-bool OutputArrived()
+/// False if standard output could not be written completely.
+bool OutputWasWritten()
 {
     return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
 }
 
-/// What the platform has to say of its own is not for the reader of this program's messages.
-void KeepPlatformQuiet(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text)
+/// Suppresses Qt's own messages except errors.
+void SuppressQtMessages(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text)
 {
     if (type == QtCriticalMsg || type == QtFatalMsg)
         TerminalWrite(stderr, text + u'\n');
 }
 
-/// What stands behind the program's name.
-QStringList Words(int argc, char** argv)
+/// The arguments after the program's name.
+QStringList Arguments(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv); // knows how this platform codes them
+    const QCoreApplication application(argc, argv); // decodes them as this platform does
     return QCoreApplication::arguments().mid(1);
 }
 
-/// Fonts need more than the rest does, and no display even so. The platform sees no words: it has options of its own,
-/// and would take them for itself.
+/// Drawing text needs a QGuiApplication, though no display. The application sees the program's name only, since Qt
+/// would consume its own options.
 std::unique_ptr<QCoreApplication> NewApplication(bool draws, char** argv)
 {
-    static int onlyTheName = 1;
+    static int nameCount = 1;
     if (!draws)
-        return std::make_unique<QCoreApplication>(onlyTheName, argv);
+        return std::make_unique<QCoreApplication>(nameCount, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    return std::make_unique<QGuiApplication>(onlyTheName, argv);
+    return std::make_unique<QGuiApplication>(nameCount, argv);
 }
 
 } // namespace
@@ -148,11 +148,11 @@ using namespace tarvik;
 
 int main(int argc, char** argv)
 {
-    qInstallMessageHandler(KeepPlatformQuiet);
+    qInstallMessageHandler(SuppressQtMessages);
     QString error;
-    const auto arguments = CtlParse(Words(argc, argv), error);
+    const auto arguments = CtlParse(Arguments(argc, argv), error);
     const std::unique_ptr<QCoreApplication> application =
         NewApplication(arguments && CtlDrawsPictures(arguments->Command), argv);
     const ExitStatus status = arguments ? RunCommand(*arguments) : UsageError(error);
-    return OutputArrived() ? status : ExitRefused;
+    return static_cast<int>(OutputWasWritten() ? status : ExitStatus::Refused);
 }

@@ -26,8 +26,7 @@ namespace tarvik {
 
 namespace {
 
-/// What documents are made with: the palette that the command line asks for, and the background that the program gives
-/// every document, so that the first picture of a batch comes out as the last one does.
+/// Sets the defaults of documents: the palette of the command line, and the background of the program.
 void StartDocuments(const CtlArguments& arguments)
 {
     BindDocumentFiles();
@@ -44,7 +43,7 @@ void Describe(WindowId id, const CtlArguments& arguments, Terminal& terminal)
         terminal.Refuse(QStringLiteral("the description does not fit into ten lines, the rest of it is left out"));
 }
 
-/// FetchScreen, with its temporary file in a folder of its own: this program's may be one that only others write.
+/// FetchScreen with its temporary file in a temporary folder, since the program folder may not be writable.
 WindowId FetchIntoWindow(Terminal& terminal)
 {
     const QTemporaryDir folder;
@@ -60,19 +59,19 @@ WindowId FetchIntoWindow(Terminal& terminal)
     return id;
 }
 
-void NoteSignals()
+void StopOnSignal()
 {
     OnCloseSignal([] { Program().CloseWished = true; });
 }
 
-/// The files of a batch: what is converted, and what it was called on the command line.
+/// The files of a batch.
 struct Batch {
     QStringList Paths;
-    QStringList Names;
+    QStringList Names; ///< as given on the command line
 };
 
-/// The files that can be converted together. One that would replace another before that is read, or become the same
-/// file as another, is told and left out; one that is named again is left out.
+/// The files that can be converted together. Reports and omits a file that would replace another source, or become the
+/// same file as another; omits a file given twice.
 Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Terminal& terminal)
 {
     QStringList all;
@@ -82,7 +81,7 @@ Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Term
     for (const QString& path : all)
         sources.insert(BehindLinks(path));
     QSet<QString> seen;
-    QHash<QString, QString> targets; // and the name of what becomes each
+    QHash<QString, QString> nameByTarget;
     Batch batch;
     for (qsizetype at = 0; at < all.size(); ++at) {
         const QString& name = arguments.Operands[at];
@@ -97,10 +96,10 @@ Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Term
         seen.insert(source);
         if (replaced != BehindLinks(all[at]) && sources.contains(replaced)) {
             terminal.Refuse(QStringLiteral("would replace %1, which is to be converted itself").arg(target));
-        } else if (targets.contains(replaced)) {
-            terminal.Refuse(QStringLiteral("would become the same file as %1").arg(targets[replaced]));
+        } else if (nameByTarget.contains(replaced)) {
+            terminal.Refuse(QStringLiteral("would become the same file as %1").arg(nameByTarget[replaced]));
         } else {
-            targets[replaced] = name;
+            nameByTarget[replaced] = name;
             batch.Paths.append(all[at]);
             batch.Names.append(name);
         }
@@ -108,7 +107,7 @@ Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Term
     return batch;
 }
 
-/// Describes each picture and tells which one is in work.
+/// Adds the description to each picture and shows the progress.
 class TerminalWatcher final : public FileBatchWatcher {
 public:
     TerminalWatcher(const CtlArguments& arguments, const QStringList& names, Terminal& terminal)
@@ -152,7 +151,7 @@ void CtlRunPictures(const CtlArguments& arguments, Terminal& terminal)
     const Batch batch = BatchOf(arguments, state, terminal);
     state.Sources = batch.Paths;
 
-    NoteSignals();
+    StopOnSignal();
     StartDocuments(arguments);
     TerminalWatcher watcher(arguments, batch.Names, terminal);
     const int converted = FileConvertRun(watcher);
@@ -182,7 +181,7 @@ QString CtlCaptureTarget(const CtlArguments& arguments)
 
 void CtlCapture(const CtlArguments& arguments, Terminal& terminal)
 {
-    NoteSignals();
+    StopOnSignal();
     StartDocuments(arguments);
     terminal.ShowProgress(QStringLiteral("fetching the display"));
     const WindowId id = FetchIntoWindow(terminal);

@@ -1,4 +1,4 @@
-// tools/tarvikctl/pictures.h: the commands on pictures: the program's conversion of a batch, without a window.
+// tools/tarvikctl/pictures.h: the commands for pictures: batch conversion and captures, without a window.
 #pragma once
 
 #include "tools/tarvikctl/arguments.h"
@@ -12,17 +12,16 @@ bool CtlDrawsPictures(CtlCommand command);
 /// True for the name of a picture that can be written.
 bool CtlIsPictureName(const QString& path);
 
-/// Runs `picture`. What goes wrong has been shown on `terminal`. A signal that asks the program to end lets it finish
-/// the file that is under way; a second one ends it at once.
+/// Runs `picture`. Reports errors on `terminal`. A termination signal stops the batch after the current file; a second
+/// one ends the program at once.
 void CtlRunPictures(const CtlArguments& arguments, Terminal& terminal);
 
-/// Path of the picture that a capture becomes: the operand, with the extension of the format that was asked for, in the
-/// folder that was asked for.
+/// Path of a captured picture: the operand, with the extension of the requested format, in the requested folder.
 QString CtlCaptureTarget(const CtlArguments& arguments);
 
-/// Fetches the display of the instrument that is connected and writes it there, in the format of the extension. What
-/// goes wrong has been shown on `terminal`. A signal lets the fetch end, and nothing is written; a second one ends it
-/// at once.
+/// Fetches the display of the connected instrument and writes it to CtlCaptureTarget in the format of its extension.
+/// Reports errors on `terminal`. After a termination signal the fetch completes and nothing is written; a second one
+/// ends the program at once.
 void CtlCapture(const CtlArguments& arguments, Terminal& terminal);
 
 } // namespace tarvik

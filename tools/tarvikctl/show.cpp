@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kColumnGap = 2;
 
-/// Captions of the grid's columns and of the entry dialog's labels.
+/// Texts of the grid's columns and of the entry form's labels.
 constexpr std::array kHeaderTexts{ TextId::MemoryRowColumn, TextId::MemoryNumberColumn, TextId::EntryStatus,
     TextId::MemoryFrequencyColumn, TextId::MemoryDemodulationColumn, TextId::EntryBandwidth,
     TextId::MemoryDescriptionColumn };
@@ -49,8 +49,8 @@ QStringList RowCells(int row, const MemoryRecord& record)
         record.Description };
 }
 
-/// Numbers stand right, texts left; nothing behind the last text of a line.
-bool StandsRight(qsizetype column)
+/// True for the columns of numbers.
+bool IsRightAligned(qsizetype column)
 {
     return column == 0 || column == 1 || column == 3;
 }
@@ -67,7 +67,7 @@ QString Aligned(const std::vector<QStringList>& lines)
         QString joined;
         for (qsizetype column = 0; column < line.size(); ++column) {
             const qsizetype width = widths[static_cast<size_t>(column)];
-            joined += StandsRight(column) ? line[column].rightJustified(width) : line[column].leftJustified(width);
+            joined += IsRightAligned(column) ? line[column].rightJustified(width) : line[column].leftJustified(width);
             joined += QString(kColumnGap, u' ');
         }
         while (joined.endsWith(u' '))
@@ -84,7 +84,7 @@ QString Encoded(const QJsonValue& value)
     return QString::fromUtf8(array.sliced(1, array.size() - 2));
 }
 
-/// Members in the order given, which a QJsonObject would not keep.
+/// Members in a fixed order, which a QJsonObject would not keep.
 using Members = std::vector<std::pair<const char*, QJsonValue>>;
 
 QString Joined(const Members& members)

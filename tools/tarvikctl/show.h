@@ -7,14 +7,14 @@
 
 namespace tarvik {
 
-/// One line: what it is, its name, how many rows are used.
+/// One line: kind of list, name, number of used rows.
 QString CtlSummary(const MemoryTable& table);
 
-/// Name and description, then the columns of the editor's grid and the bandwidth. Frequencies in MHz. Unused rows
-/// only if `all`.
+/// Name and description, then the columns of the editor's grid and the bandwidth. Frequencies in MHz. Unused rows only
+/// if `all`.
 QString CtlTable(const MemoryTable& table, bool all);
 
-/// One object, its keys always in the same order, one row a line. Frequencies in Hz, settings as their codes.
+/// One object with keys in a fixed order, one line per row. Frequencies in Hz, settings as codes.
 QString CtlJson(const MemoryTable& table, bool all);
 
 } // namespace tarvik

@@ -24,7 +24,7 @@ bool ErrorIsTerminal()
 #endif
 }
 
-/// Characters of a line of the terminal on standard error.
+/// Width of the terminal on standard error, in characters.
 int TerminalColumns()
 {
     constexpr int kUsualColumns = 80;

@@ -1,4 +1,4 @@
-// tools/tarvikctl/terminal.h: the program's messages and results on a terminal.
+// tools/tarvikctl/terminal.h: messages and results on a terminal.
 #pragma once
 
 #include "app/message/message.h"
@@ -9,8 +9,8 @@
 
 namespace tarvik {
 
-/// Shows messages on standard error as "FILE: NUMBER: TEXT" and answers questions. One line each: a line end inside
-/// a text becomes a blank.
+/// Prints messages to standard error as "FILE: NUMBER: TEXT" and answers questions. One line each: line ends inside a
+/// text become blanks.
 class Terminal final : public MessagePresenter {
 public:
     explicit Terminal(bool answerYes)
@@ -18,19 +18,19 @@ public:
     {
     }
 
-    /// The file that is being worked on, as the user wrote it.
+    /// The current file, as the user wrote it.
     void SetFile(const QString& file)
     {
         file_ = file;
     }
 
-    /// Shows the request and answers it: a question with No (Yes where the user said so), the rest with OK.
+    /// Prints the request and answers it: a question with No (Yes with --yes), any other with OK.
     void Present(MessageRequest& request) override;
 
-    /// What no message number stands for, as "FILE: TEXT". Counts as a message.
+    /// Prints an error without a message number as "FILE: TEXT". Counts as a message.
     void Refuse(const QString& text);
 
-    /// The work was not done, by an answer that the user knows of.
+    /// Notes work not done because of an answer.
     void SetFailed()
     {
         hasFailed_ = true;
@@ -42,8 +42,8 @@ public:
         return wasAnsweredNo_;
     }
 
-    /// Tells people what goes on, in one line that the next one replaces and that is gone at the end; an empty text
-    /// takes it away. What is too long for the line is left out. Nothing where standard error is no terminal.
+    /// Shows progress in a line that the next call replaces; an empty text clears it. Truncated to the width of the
+    /// terminal. Does nothing if standard error is no terminal.
     void ShowProgress(const QString& text);
 
     /// True once a message was shown or work not done.
@@ -63,8 +63,7 @@ private:
 /// Writes `text` to `stream` as UTF-8.
 void TerminalWrite(std::FILE* stream, const QString& text);
 
-/// What an instrument says or a file is called, with a "?" for each character that a terminal would obey instead of
-/// showing it.
+/// `text` with a "?" for each control character.
 QString TerminalPrintable(QString text);
 
 } // namespace tarvik

@@ -119,10 +119,10 @@ void ChannelDisconnect()
     TvScpi().scpiDisconnect();
 }
 
-bool ChannelEndIfGone()
+bool ChannelDisconnectIfLost()
 {
-    constexpr qint16 kGone = 1;
-    if (TvScpi().scpiCheckConnection() != kGone)
+    constexpr qint16 kLost = 1;
+    if (TvScpi().scpiCheckConnection() != kLost)
         return false;
     TvScpi().scpiDisconnect();
     return true;

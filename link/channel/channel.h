@@ -40,7 +40,7 @@ bool ChannelIsUp();
 void ChannelDisconnect();
 
 /// After a failed operation: disconnects if the link is lost; true if it was.
-[[nodiscard]] bool ChannelEndIfGone();
+[[nodiscard]] bool ChannelDisconnectIfLost();
 
 /// `name` as a quoted string of the command language.
 QString ChannelQuoted(const QString& name);

@@ -11,7 +11,7 @@ bool ReportLinkFailure()
 {
     MsgOk(TextId::TransferFailed);
     TheSeams().PumpEvents();
-    return ChannelEndIfGone();
+    return ChannelDisconnectIfLost();
 }
 
 } // namespace tarvik

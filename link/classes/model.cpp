@@ -89,7 +89,7 @@ QString ModGetExtension(FileClass fileClass)
     return LngStr(texts->Extension);
 }
 
-bool ModHoldsOneList(FileClass fileClass)
+bool ModHasOneList(FileClass fileClass)
 {
     return fileClass == FileClassAntennaList || fileClass == FileClassMemoryList || fileClass == FileClassSuppressList;
 }

@@ -81,7 +81,7 @@ TextNumber<0> ModCaption(CaptionSlot slot);
 QString ModGetExtension(FileClass fileClass);
 
 /// True for the classes of which the instrument holds a single list: a new one replaces it whatever its name.
-bool ModHoldsOneList(FileClass fileClass);
+bool ModHasOneList(FileClass fileClass);
 
 /// True for screen shots and unknown classes, whose files are in folders that the user can choose. Any other class has
 /// one fixed folder on the instrument.

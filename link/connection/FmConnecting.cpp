@@ -81,7 +81,7 @@ void FmConnecting::BuildLayout()
 bool FmConnecting::OnLoad()
 {
     cancelled_ = false;
-    mayClose_ = false;
+    canClose_ = false;
     constexpr bool kRemoveClose = true;
     DialogPush(*this, kRemoveClose);
     BtCancel->setFocus();
@@ -90,7 +90,7 @@ bool FmConnecting::OnLoad()
 
 bool FmConnecting::QueryUnload()
 {
-    return mayClose_;
+    return canClose_;
 }
 
 void FmConnecting::OnActivate()
@@ -104,7 +104,7 @@ void FmConnecting::OnActivate()
         LbDebug->clear();
     }
     IntervalWait(cancelled_ ? kReadCancelMs : kReadOutcomeMs);
-    mayClose_ = true;
+    canClose_ = true;
     if (cancelled_)
         ChannelDisconnect();
     Unload();

@@ -25,7 +25,7 @@ private:
     QLabel* LbDebug = nullptr;
     QPushButton* BtCancel = nullptr;
     bool cancelled_ = false;
-    bool mayClose_ = false;
+    bool canClose_ = false;
 };
 
 } // namespace tarvik

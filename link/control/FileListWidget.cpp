@@ -197,7 +197,7 @@ void FileListWidget::StartLabelEdit(int row)
     setFocus(Qt::OtherFocusReason);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(index);
-    const QScopedValueRollback allowed(mayEdit_, true);
+    const QScopedValueRollback allowed(canEdit_, true);
     QTreeView::edit(index);
     auto* editor = qobject_cast<QLineEdit*>(indexWidget(index));
     const FileListRow& at = list_.Rows[static_cast<size_t>(row)];
@@ -216,7 +216,7 @@ void FileListWidget::FinishLabelEdit()
 
 bool FileListWidget::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
 {
-    return mayEdit_ && QTreeView::edit(index, trigger, event);
+    return canEdit_ && QTreeView::edit(index, trigger, event);
 }
 
 void FileListWidget::keyPressEvent(QKeyEvent* event)

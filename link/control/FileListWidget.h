@@ -61,7 +61,7 @@ private:
     int changes_ = 0; ///< nested BeginChange calls
     int scrollBefore_ = 0;
     bool showing_ = false; ///< while the list's selection is being shown
-    bool mayEdit_ = false; ///< during StartLabelEdit, which alone starts an edit
+    bool canEdit_ = false; ///< during StartLabelEdit, which alone starts an edit
     std::optional<QPoint> rubberBandStart_; ///< in the viewport, while a selection frame is dragged
     QRubberBand* rubberBand_ = nullptr;
 };

@@ -320,7 +320,7 @@ void FmControlGeneral::ApplyClassTexts()
 
 void FmControlGeneral::OnActivate()
 {
-    if (control_.MayWork)
+    if (control_.CanWork)
         WaitUntilPainted(); // with a slow instrument the lists are empty meanwhile, not the whole window
     if (IsLoaded())
         ControlActivate(control_);
@@ -329,7 +329,7 @@ void FmControlGeneral::OnActivate()
 bool FmControlGeneral::QueryUnload()
 {
     FinishLabelEdits();
-    return ControlMayClose(control_);
+    return ControlCanClose(control_);
 }
 
 void FmControlGeneral::OnUnload()

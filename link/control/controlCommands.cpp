@@ -104,7 +104,7 @@ TransferJob DeleteJob(ControlSide side)
     return side == ControlSide::Pc ? TransferDeleteOnPc : TransferDeleteOnInstr;
 }
 
-bool MayDelete(const FileList& list)
+bool ConfirmDelete(const FileList& list)
 {
     return TransferAnySelected(list) && MsgYesNo(TextId::DeleteSelected) == MsgResultYes;
 }
@@ -230,14 +230,14 @@ void ControlDelete(FileControl& control, ControlSide side)
 {
     if (!TransferAnySelected(ListOf(control, side)))
         return;
-    if (MayDelete(ListOf(control, side)))
+    if (ConfirmDelete(ListOf(control, side)))
         RunJobWithStatus(control, DeleteJob(side), TextId::StatusDeletingFiles);
     FocusAndUpdate(control, side);
 }
 
 void ControlDeleteByKey(FileControl& control, ControlSide side)
 {
-    if (!MayDelete(ListOf(control, side)))
+    if (!ConfirmDelete(ListOf(control, side)))
         return;
     if (side == ControlSide::Instr) {
         const BusySet busy(control);
@@ -273,7 +273,7 @@ void ControlRename(FileControl& control, ControlSide side)
     if (row < 0)
         return;
     list.View->GiveFocus();
-    if (ControlRenamesOn(side))
+    if (ControlCanRename(side))
         list.View->StartLabelEdit(row);
 }
 
@@ -282,7 +282,7 @@ void ControlRenamed(FileControl& control, ControlSide side, const QString& sortK
     FileList& list = ListOf(control, side);
     const auto at = std::find_if(
         list.Rows.begin(), list.Rows.end(), [&](const FileListRow& row) { return row.SubItems[2] == sortKey; });
-    if (at == list.Rows.end() || !ControlRenamesOn(side))
+    if (at == list.Rows.end() || !ControlCanRename(side))
         return;
     const auto row = static_cast<int>(at - list.Rows.begin());
     QString name = newName;
@@ -336,13 +336,13 @@ void ControlSelectFolder(FileControl& control, ControlSide side, int item)
 {
     {
         const BusyPointer busy(control);
-        bool isThere = true;
+        bool mustRead = true;
         if (side == ControlSide::Pc)
             ComboPcSelect(control.CmbPc, item);
         else
-            isThere = ComboInstrSelect(control.CmbInstr, item);
+            mustRead = ComboInstrSelect(control.CmbInstr, item);
         control.View.ShowCombo(side);
-        if (isThere)
+        if (mustRead)
             ControlList(control, side);
     }
     ControlUpdate(control);
@@ -355,7 +355,7 @@ void ControlOpenRow(FileControl& control, ControlSide side, int row)
         return;
     const FileListRow& at = list.Rows[static_cast<size_t>(row)];
     if (TransferIsFolderRow(at)) {
-        if (ControlRenamesOn(side)) // only then the side has folders to enter
+        if (ControlCanRename(side)) // only then the side has folders to enter
             EnterFolder(control, side, QString(at.Text));
     } else if (side == ControlSide::Pc) {
         OpenFile(control, row);

@@ -67,8 +67,8 @@ public:
 void RestorePcFolder()
 {
     const QString path = FileClasses().PcPaths[CurrentClass()];
-    const bool isThere = !path.isEmpty() && QFileInfo(path).isDir();
-    CurrentPcFolder() = QDir::toNativeSeparators(isThere ? QDir(path).absolutePath() : QDir::currentPath());
+    const bool exists = !path.isEmpty() && QFileInfo(path).isDir();
+    CurrentPcFolder() = QDir::toNativeSeparators(exists ? QDir(path).absolutePath() : QDir::currentPath());
 }
 
 } // namespace
@@ -101,10 +101,10 @@ ControlRules ControlRulesOf(FileClass fileClass)
     GetBtPcEditNumber(fileClass, rules.EditButton);
     rules.Icon = QString::fromLatin1(IconOf(fileClass));
     rules.HasInstrFolders = ModHasInstrFolders(fileClass);
-    rules.HasDates = !ModHoldsOneList(fileClass);
-    rules.DeletesOnInstr = !ModHoldsOneList(fileClass);
+    rules.HasDates = !ModHasOneList(fileClass);
+    rules.DeletesOnInstr = !ModHasOneList(fileClass);
     rules.MakesNew = rules.EditButton != kNoEditButton;
-    rules.UploadsOneFile = ModHoldsOneList(fileClass);
+    rules.UploadsOneFile = ModHasOneList(fileClass);
     return rules;
 }
 
@@ -126,8 +126,8 @@ FolderCombo& ComboOf(FileControl& control, ControlSide side)
 
 int ControlSelectedRow(const FileList& list)
 {
-    const bool isThere = list.CurrentRow >= 0 && static_cast<size_t>(list.CurrentRow) < list.Rows.size();
-    if (isThere && list.Rows[static_cast<size_t>(list.CurrentRow)].Selected)
+    const bool hasCurrent = list.CurrentRow >= 0 && static_cast<size_t>(list.CurrentRow) < list.Rows.size();
+    if (hasCurrent && list.Rows[static_cast<size_t>(list.CurrentRow)].Selected)
         return list.CurrentRow;
     return TransferFirstSelected(list);
 }
@@ -140,10 +140,10 @@ void ControlLoad(FileControl& control)
     control.LvPc.HasDates = control.LvInstr.HasDates = ControlRulesOf(CurrentClass()).HasDates;
     RestorePcFolder();
     ComboPcShow(control.CmbPc);
-    control.MayWork = ComboInstrShow(control.CmbInstr) == ChannelStatus::Success;
+    control.CanWork = ComboInstrShow(control.CmbInstr) == ChannelStatus::Success;
     control.View.ShowCombo(ControlSide::Pc);
     control.View.ShowCombo(ControlSide::Instr);
-    if (control.MayWork)
+    if (control.CanWork)
         return;
     ChannelDisconnect();
     MsgOk(TextId::LinkLost);
@@ -151,7 +151,7 @@ void ControlLoad(FileControl& control)
 
 void ControlActivate(FileControl& control)
 {
-    if (!control.MayWork) {
+    if (!control.CanWork) {
         control.View.Close();
         return;
     }
@@ -162,7 +162,7 @@ void ControlActivate(FileControl& control)
     control.View.ShowBusyPointer(false);
 }
 
-bool ControlMayClose(const FileControl& control)
+bool ControlCanClose(const FileControl& control)
 {
     return !control.Busy && !Connection().ConnectInProgress;
 }
@@ -198,11 +198,11 @@ void ControlUpdate(FileControl& control)
     if (control.ButtonsAreOff)
         return;
     const int uploads = TransferCountSelectedFiles(control.LvPc);
-    const bool mayUpload = ControlRulesOf(CurrentClass()).UploadsOneFile ? uploads == 1 : uploads >= 1;
-    control.View.EnableTransfers(mayUpload, TransferCountSelectedFiles(control.LvInstr) >= 1);
+    const bool canUpload = ControlRulesOf(CurrentClass()).UploadsOneFile ? uploads == 1 : uploads >= 1;
+    control.View.EnableTransfers(canUpload, TransferCountSelectedFiles(control.LvInstr) >= 1);
 }
 
-bool ControlRenamesOn(ControlSide side)
+bool ControlCanRename(ControlSide side)
 {
     return side == ControlSide::Pc || ControlRulesOf(CurrentClass()).HasInstrFolders;
 }

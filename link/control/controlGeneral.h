@@ -59,7 +59,7 @@ struct FileControl {
     FileList LvInstr;
     FolderCombo CmbPc;
     FolderCombo CmbInstr;
-    bool MayWork = false; ///< the instrument's directory could be read
+    bool CanWork = false; ///< the instrument's directory could be read
     bool Busy = false; ///< a job or an editor runs
     bool ButtonsAreOff = false; ///< the busy set is disabled
     int ViewedRow = -1; ///< row of the last screen shot viewed
@@ -84,14 +84,14 @@ FolderCombo& ComboOf(FileControl& control, ControlSide side);
 int ControlSelectedRow(const FileList& list);
 
 /// Restores the folders of the current class. If the instrument does not answer: disconnects, message 12703, and
-/// `MayWork` stays false.
+/// `CanWork` stays false.
 void ControlLoad(FileControl& control);
 
-/// First activation: fills both lists, or closes the window unless `MayWork`.
+/// First activation: fills both lists, or closes the window unless `CanWork`.
 void ControlActivate(FileControl& control);
 
 /// False while a job, an editor or a connect runs.
-bool ControlMayClose(const FileControl& control);
+bool ControlCanClose(const FileControl& control);
 
 /// Remembers the folders of both sides.
 void ControlUnload();
@@ -106,7 +106,7 @@ void ControlEnableBusySet(FileControl& control, bool on);
 void ControlUpdate(FileControl& control);
 
 /// True if names can be edited on `side`.
-bool ControlRenamesOn(ControlSide side);
+bool ControlCanRename(ControlSide side);
 
 /// The area of a list that limits a selection frame; `inner` is the list's inner size.
 QRect ControlFrameLimit(QSize inner);

@@ -161,8 +161,8 @@ bool GoToInstr(const QString& path)
 
 const FolderItem* ItemOf(const FolderCombo& combo, int item)
 {
-    const bool isThere = item >= 0 && static_cast<size_t>(item) < combo.Items.size();
-    return isThere ? &combo.Items[static_cast<size_t>(item)] : nullptr;
+    const bool exists = item >= 0 && static_cast<size_t>(item) < combo.Items.size();
+    return exists ? &combo.Items[static_cast<size_t>(item)] : nullptr;
 }
 
 } // namespace
@@ -251,9 +251,9 @@ void ComboInstrEnter(FolderCombo& combo, const QString& name)
 bool ComboInstrSelect(FolderCombo& combo, int item)
 {
     const FolderItem* chosen = ItemOf(combo, item);
-    const bool isThere = chosen != nullptr && !chosen->Path.isEmpty() && GoToInstr(chosen->Path);
+    const bool isEntered = chosen != nullptr && !chosen->Path.isEmpty() && GoToInstr(chosen->Path);
     ShowChain(combo);
-    return isThere;
+    return isEntered;
 }
 
 QString InstrParentFolder(const QString& path)

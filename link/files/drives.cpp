@@ -71,9 +71,9 @@ std::vector<Drive> SystemDrives()
     }
     for (const QStorageInfo& info : QStorageInfo::mountedVolumes()) {
         const MountedVolume volume = VolumeOf(info);
-        const bool isThere = std::any_of(
+        const bool isListed = std::any_of(
             drives.begin(), drives.end(), [&volume](const Drive& drive) { return drive.Root == volume.Root; });
-        if (!isThere && VolumeIsForUsers(volume))
+        if (!isListed && VolumeIsForUsers(volume))
             drives.push_back(DriveOf(volume));
     }
     return drives;

@@ -200,8 +200,8 @@ bool RenameInstrFolder(FileListRow& row, const QString& oldName, const QString& 
 /// The instrument itself checks whether the new name is free.
 bool RenameInstrFile(FileListRow& row, const QString& oldName, const QString& newName)
 {
-    const bool mayRename = FileClasses().CurrentFileClass == FileClassScreenShot;
-    if (!mayRename || ChannelRename(oldName, newName) != ChannelStatus::Success) {
+    const bool canRename = FileClasses().CurrentFileClass == FileClassScreenShot;
+    if (!canRename || ChannelRename(oldName, newName) != ChannelStatus::Success) {
         MsgOk1(TextId::FileNotRenamed, row.Text);
         return false;
     }

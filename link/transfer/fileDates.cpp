@@ -22,7 +22,7 @@ QString StampCommand(const char* what, const QString& name, std::initializer_lis
 
 bool TransferKeepsDate(FileClass fileClass)
 {
-    return !ModHoldsOneList(fileClass);
+    return !ModHasOneList(fileClass);
 }
 
 void TransferSetLock(const QString& name, bool lock)

@@ -22,7 +22,7 @@ namespace {
 bool CanDelete(bool isFolder)
 {
     const FileClass fileClass = FileClasses().CurrentFileClass;
-    return isFolder ? ModHasInstrFolders(fileClass) : !ModHoldsOneList(fileClass);
+    return isFolder ? ModHasInstrFolders(fileClass) : !ModHasOneList(fileClass);
 }
 
 ChannelStatus RemoveFromInstr(const FileListRow& row, bool isFolder)
@@ -41,7 +41,7 @@ TransferNext DeleteInstrRow(const FileListRow& row)
         MsgOk1(TextId::FolderNotDeleted, row.Text);
     else if (err == ChannelStatus::LinkFailed || err == ChannelStatus::Refused)
         MsgOk1(TextId::InstrumentKeepsFile, row.Key);
-    return canDelete && ChannelEndIfGone() ? TransferNext::End : TransferNext::Count;
+    return canDelete && ChannelDisconnectIfLost() ? TransferNext::End : TransferNext::Count;
 }
 
 bool HasReadOnlyFile(const QString& folder)
@@ -71,8 +71,8 @@ TransferNext DeletePcRow(const FileListRow& row)
     const bool isFolder = TransferIsFolderRow(row);
     const QString name = isFolder ? row.Text : row.Key;
     const QFileInfo entry(PcFilePath(name));
-    const bool isThere = isFolder ? entry.isDir() : entry.isFile();
-    if (!isThere)
+    const bool exists = isFolder ? entry.isDir() : entry.isFile();
+    if (!exists)
         return TransferNext::Count;
     if (HasReadOnlyAttribute(entry.filePath())) {
         MsgOk1(TextId::FileIsReadOnly, name);
@@ -90,14 +90,14 @@ TransferNext DeletePcRow(const FileListRow& row)
 
 void TransferDeleteInstr(FileList& list)
 {
-    TransferForgetAnswers();
-    TransferEachRow(list, TransferCountSelected(list), TextId::Deleting, DeleteInstrRow);
+    TransferClearAnswers();
+    TransferForEachRow(list, TransferCountSelected(list), TextId::Deleting, DeleteInstrRow);
 }
 
 void TransferDeletePc(FileList& list)
 {
-    TransferForgetAnswers();
-    TransferEachRow(list, TransferCountSelected(list), TextId::Deleting, DeletePcRow);
+    TransferClearAnswers();
+    TransferForEachRow(list, TransferCountSelected(list), TextId::Deleting, DeletePcRow);
 }
 
 bool FileRecycle(const QString& path)

@@ -21,8 +21,8 @@ constexpr int kActiveNames = 1000;
 /// Moves the old file into the trash after a question. False if the row must be skipped.
 bool ConfirmAndRemoveOld(const QString& local, const QString& name)
 {
-    const bool offersAll = !ModHoldsOneList(FileClasses().CurrentFileClass);
-    if (!TransferMayReplace(TextId::OverwriteFile, local, offersAll))
+    const bool offersAll = !ModHasOneList(FileClasses().CurrentFileClass);
+    if (!TransferConfirmReplace(TextId::OverwriteFile, local, offersAll))
         return false;
     if (FileRecycle(local))
         return true;
@@ -58,7 +58,7 @@ QString FreeActivePath()
     }
     const QString name = QStringLiteral("Active.000");
     QString path = PcFilePath(name);
-    if (!TransferMayReplace(TextId::OverwriteFile, path, false))
+    if (!TransferConfirmReplace(TextId::OverwriteFile, path, false))
         return {};
     if (FileRecycle(path))
         return path;
@@ -70,14 +70,14 @@ QString FreeActivePath()
 
 void TransferGetFiles(FileList& source, FileList& /*target*/)
 {
-    TransferForgetAnswers();
-    TransferEachRow(source, TransferCountSelectedFiles(source), TextId::Downloading, GetRow);
+    TransferClearAnswers();
+    TransferForEachRow(source, TransferCountSelectedFiles(source), TextId::Downloading, GetRow);
 }
 
 void TransferGetActive()
 {
     TransferProgress& progress = *TheTransferProgress();
-    TransferForgetAnswers();
+    TransferClearAnswers();
     TheSeams().PumpEvents();
     progress.SetMaximum(1);
     progress.SetValue(1);

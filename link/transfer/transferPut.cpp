@@ -34,8 +34,8 @@ TextNumber<1> QuestionOf(FileClass fileClass)
 bool ConfirmAndRemoveOld(const FileListRow& row)
 {
     const FileClass fileClass = FileClasses().CurrentFileClass;
-    const bool holdsOne = ModHoldsOneList(fileClass);
-    if (!TransferMayReplace(QuestionOf(fileClass), row.Key, !holdsOne))
+    const bool holdsOne = ModHasOneList(fileClass);
+    if (!TransferConfirmReplace(QuestionOf(fileClass), row.Key, !holdsOne))
         return false;
     TheSeams().PumpEvents();
     const ChannelStatus err = holdsOne ? ChannelStatus::Success : ChannelRemove(fileClass, row.Key);
@@ -76,7 +76,7 @@ TransferNext PutRow(const FileListRow& row)
     }
     const FileClass fileClass = FileClasses().CurrentFileClass;
     ChannelFound found{ ChannelPresence::Exists, ChannelRowType::File };
-    if (!ModHoldsOneList(fileClass) && ChannelFind(fileClass, row.Key, found) != ChannelStatus::Success) {
+    if (!ModHasOneList(fileClass) && ChannelFind(fileClass, row.Key, found) != ChannelStatus::Success) {
         MsgOk(TextId::LinkLost);
         return TransferNext::End;
     }
@@ -84,7 +84,7 @@ TransferNext PutRow(const FileListRow& row)
         return Put(row, false);
     if (found.Result != ChannelPresence::Exists)
         return TransferNext::Count;
-    if (!ModHoldsOneList(fileClass) && !CanBeRead(PcFilePath(row.Key)))
+    if (!ModHasOneList(fileClass) && !CanBeRead(PcFilePath(row.Key)))
         return ReportLinkFailure() ? TransferNext::End : TransferNext::Count;
     return ConfirmAndRemoveOld(row) ? Put(row, true) : TransferNext::Count;
 }
@@ -113,15 +113,15 @@ TransferNext PutActiveRow(const FileListRow& row)
 
 void TransferPutFiles(FileList& source, FileList& /*target*/)
 {
-    TransferForgetAnswers();
-    TransferEachRow(source, TransferCountSelectedFiles(source), TextId::Uploading, PutRow);
-    TransferForgetAnswers();
+    TransferClearAnswers();
+    TransferForEachRow(source, TransferCountSelectedFiles(source), TextId::Uploading, PutRow);
+    TransferClearAnswers();
 }
 
 void TransferPutActive(FileList& source)
 {
-    TransferForgetAnswers();
-    TransferEachRow(source, TransferCountSelectedFiles(source), TextId::Uploading, PutActiveRow);
+    TransferClearAnswers();
+    TransferForEachRow(source, TransferCountSelectedFiles(source), TextId::Uploading, PutActiveRow);
 }
 
 } // namespace tarvik

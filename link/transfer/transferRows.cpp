@@ -23,7 +23,7 @@ std::vector<FileListRow> SelectedRows(const FileList& list)
 
 } // namespace
 
-void TransferEachRow(const FileList& list, int maximum, TextNumber<1> label,
+void TransferForEachRow(const FileList& list, int maximum, TextNumber<1> label,
     const std::function<TransferNext(const FileListRow& row)>& work)
 {
     const TransferState& state = Transfer();
@@ -44,13 +44,13 @@ void TransferEachRow(const FileList& list, int maximum, TextNumber<1> label,
     }
 }
 
-void TransferForgetAnswers()
+void TransferClearAnswers()
 {
     TheMessage().YesAll = false;
     TheMessage().NoAll = false;
 }
 
-bool TransferMayReplace(TextNumber<1> question, const QString& name, bool offersAll)
+bool TransferConfirmReplace(TextNumber<1> question, const QString& name, bool offersAll)
 {
     if (TheMessage().YesAll || TheMessage().NoAll)
         return TheMessage().YesAll;

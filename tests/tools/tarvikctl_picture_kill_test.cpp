@@ -67,9 +67,9 @@ TEST_F(CtlPicture, KillLeavesOldOrNewFile)
                 process.waitForFinished(0);
             process.kill();
             process.waitForFinished();
-            const bool isThere = QFile::exists(Path(target));
-            ASSERT_TRUE(isThere || turn % 2 == 1);
-            const QByteArray left = isThere ? Bytes(target) : QByteArray("old");
+            const bool exists = QFile::exists(Path(target));
+            ASSERT_TRUE(exists || turn % 2 == 1);
+            const QByteArray left = exists ? Bytes(target) : QByteArray("old");
             ASSERT_TRUE(left == "old" || left == whole) << format << ", " << left.size() << " bytes";
             kept += left == "old" ? 1 : 0;
         }

@@ -44,7 +44,7 @@ void List(FileClass fileClass)
 {
     std::vector<ChannelRow> rows;
     if (ChannelWalk(fileClass, rows) != ChannelStatus::Success) {
-        MsgOk(ChannelEndIfGone() ? TextId::LinkLost : TextId::TransferFailed);
+        MsgOk(ChannelDisconnectIfLost() ? TextId::LinkLost : TextId::TransferFailed);
         return;
     }
     std::sort(rows.begin(), rows.end(),
@@ -71,7 +71,7 @@ bool CanWrite(const QString& path, Terminal& terminal)
         terminal.Refuse(QStringLiteral("%1 is a folder").arg(path));
         return false;
     }
-    if (!file.exists() || TransferMayReplace(TextId::OverwriteFile, file.fileName(), false))
+    if (!file.exists() || TransferConfirmReplace(TextId::OverwriteFile, file.fileName(), false))
         return true;
     terminal.SetFailed();
     return false;

@@ -125,10 +125,10 @@ TEST_F(ChannelCalls, ConnectPassesModeAddressPortAndTimeout)
 
 TEST_F(ChannelCalls, OnlyLostLinkIsDisconnected)
 {
-    EXPECT_FALSE(ChannelEndIfGone());
+    EXPECT_FALSE(ChannelDisconnectIfLost());
     EXPECT_TRUE(ChannelIsUp());
     fake_.Gone = true;
-    EXPECT_TRUE(ChannelEndIfGone());
+    EXPECT_TRUE(ChannelDisconnectIfLost());
     EXPECT_FALSE(ChannelIsUp());
     EXPECT_EQ(fake_.Log,
         QStringList(

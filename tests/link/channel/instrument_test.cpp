@@ -140,7 +140,7 @@ TEST_F(ChannelToInstrument, DetectsInstrumentSwitchedOff)
     const QString local = FilePath(QStringLiteral("list"));
     Store(local, "old");
     EXPECT_EQ(ChannelGet(FileClassMemoryList, QStringLiteral("Marine-VHF.tvm"), local), ChannelStatus::LinkFailed);
-    EXPECT_TRUE(ChannelEndIfGone());
+    EXPECT_TRUE(ChannelDisconnectIfLost());
     EXPECT_EQ(Contents(local), "old");
 }
 
@@ -153,7 +153,7 @@ TEST_F(ChannelToInstrument, DetectsFaults)
         Connect({ QStringLiteral("--fault"), QString::fromLatin1(kind) });
         const ChannelStatus expected = kind[0] == 'r' ? ChannelStatus::Refused : ChannelStatus::LinkFailed;
         EXPECT_EQ(ChannelGet(FileClassMemoryList, QStringLiteral("Marine-VHF.tvm"), local), expected) << kind;
-        EXPECT_EQ(ChannelEndIfGone(), kind[0] != 'r') << kind;
+        EXPECT_EQ(ChannelDisconnectIfLost(), kind[0] != 'r') << kind;
         EXPECT_EQ(Contents(local), "old") << kind;
         ChannelDisconnect();
     }

@@ -116,7 +116,7 @@ TEST_F(Model, MissingFolderIsReplacedAtNextExit)
 TEST_F(Model, InstrumentHoldsOneListOfThreeClasses)
 {
     for (int number = 0; number <= 7; ++number)
-        EXPECT_EQ(ModHoldsOneList(static_cast<FileClass>(number)), number == 1 || number == 3 || number == 4) << number;
+        EXPECT_EQ(ModHasOneList(static_cast<FileClass>(number)), number == 1 || number == 3 || number == 4) << number;
 }
 
 TEST_F(Model, ScreenShotsAndUnknownClassesHaveFoldersOnTheInstrument)

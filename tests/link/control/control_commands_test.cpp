@@ -110,7 +110,7 @@ TEST_F(ControlJobs, DelKeyOnPcKeepsButtonsAndReadsListAgain)
     OnPc({ "a.tvk" });
     Open(FileClassKfactorTable);
     Select(ControlSide::Pc, { "a.tvk" });
-    DuringJob = [this] { EXPECT_FALSE(ControlMayClose(Control)); };
+    DuringJob = [this] { EXPECT_FALSE(ControlCanClose(Control)); };
     QFile::remove(FilePath("pc/a.tvk"));
     Answers().Expect(12732, Yes);
     ControlDeleteByKey(Control, ControlSide::Pc);
@@ -179,7 +179,7 @@ TEST_F(ControlJobs, ButtonsDisabledByFailedRefreshStayDisabled)
     EXPECT_TRUE(Asked.contains(Job(9, {})));
     ControlOpenRow(Control, ControlSide::Pc, 0);
     EXPECT_FALSE(Asked.contains("buttons 1"));
-    EXPECT_TRUE(ControlMayClose(Control));
+    EXPECT_TRUE(ControlCanClose(Control));
 }
 
 TEST_F(ControlLists, SelectAllSelectsFilesOnly)
@@ -223,7 +223,7 @@ TEST_F(ControlLists, RefreshLeavesButtonsDisabledWithoutAnswer)
     Select(ControlSide::Pc, { "a.tvk" });
     ControlUpdate(Control);
     EXPECT_EQ(Asked, QStringList({ "buttons 0" })) << "not even a selection enables one";
-    EXPECT_TRUE(ControlMayClose(Control));
+    EXPECT_TRUE(ControlCanClose(Control));
 }
 
 TEST_F(ControlLists, RenameEditsSelectedRow)

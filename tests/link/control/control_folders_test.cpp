@@ -35,7 +35,7 @@ protected:
     {
         Editors.OnOpen = [this](const QString& path, FileClass fileClass) {
             Asked.append(QStringLiteral("editor %1 %2").arg(FileClassNumber(fileClass)).arg(path));
-            MayClose = ControlMayClose(Control);
+            CanClose = ControlCanClose(Control);
             DuringEditor();
             return true;
         };
@@ -46,7 +46,7 @@ protected:
     }
 
     FakeListFiles Editors;
-    bool MayClose = true;
+    bool CanClose = true;
     std::function<void()> DuringEditor = [] {};
 };
 
@@ -203,7 +203,7 @@ TEST_F(ControlEditors, EditOpensSelectedFile)
     EXPECT_EQ(
         Asked, QStringList({ "buttons 0", "editor 3 " + PcFile("Van.tvm"), "buttons 1", "focus pc", "transfers 0 0" }));
     EXPECT_EQ(Names(ControlSide::Pc), QStringList({ "Bus.tvm", "Van.tvm" }));
-    EXPECT_FALSE(MayClose) << "an editor is open";
+    EXPECT_FALSE(CanClose) << "an editor is open";
 }
 
 TEST_F(ControlEditors, EditReportsThatNoFileIsSelected)

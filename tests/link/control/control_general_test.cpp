@@ -113,7 +113,7 @@ TEST_F(ControlLife, DisconnectsAndClosesWithoutAnswer)
     EXPECT_EQ(Instrument.Log, QStringList({ "GetCurrentDirectory", "Disconnect" }));
     ASSERT_EQ(Control.CmbInstr.Items.size(), 1u);
     EXPECT_EQ(Control.CmbInstr.Items[0].Text, "");
-    EXPECT_FALSE(Control.MayWork);
+    EXPECT_FALSE(Control.CanWork);
     Asked.clear();
     ControlActivate(Control);
     EXPECT_EQ(Asked, QStringList({ "close" }));
@@ -144,18 +144,18 @@ TEST_F(ControlLife, RemembersPublicFolderWhenLinkIsDown)
 TEST_F(ControlLife, StaysOpenDuringJobOrConnect)
 {
     Open(FileClassMemoryList);
-    EXPECT_TRUE(ControlMayClose(Control));
+    EXPECT_TRUE(ControlCanClose(Control));
     Connection().ConnectInProgress = true;
-    EXPECT_FALSE(ControlMayClose(Control));
+    EXPECT_FALSE(ControlCanClose(Control));
     Connection().ConnectInProgress = false;
     OnPc({ "Van.tvm" });
     ControlRefresh(Control, ControlSide::Pc);
     Select(ControlSide::Pc, { "Van.tvm" });
-    bool mayClose = true;
-    DuringJob = [&] { mayClose = ControlMayClose(Control); };
+    bool canClose = true;
+    DuringJob = [&] { canClose = ControlCanClose(Control); };
     ControlUpload(Control);
-    EXPECT_FALSE(mayClose);
-    EXPECT_TRUE(ControlMayClose(Control));
+    EXPECT_FALSE(canClose);
+    EXPECT_TRUE(ControlCanClose(Control));
 }
 
 TEST_F(ControlButtons, UploadNeedsOneFileForClassesWithOneList)

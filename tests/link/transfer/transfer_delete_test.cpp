@@ -63,7 +63,7 @@ TEST_F(DeleteOnInstr, EachKindOfFileHasItsOperation)
         "RemoveCorrectionSetFile f", "RemoveFile f" };
     AddFile(instr_, "f");
     for (const FileClass fileClass : kClassesOfAllKinds) {
-        if (ModHoldsOneList(fileClass))
+        if (ModHasOneList(fileClass))
             continue;
         ModFileInit(fileClass);
         fake_.Log.clear();

@@ -141,7 +141,7 @@ TEST_F(Download, ClassesWithOneListAskYesOrNoForEachFile)
             Answers().ExpectWhile(12734, No, [&buttons] { buttons.append(TheMessage().Buttons()); });
         }
         Run();
-        const int expected = ModHoldsOneList(fileClass) ? MsgButtonsYesNo : MsgButtonsAllChoices;
+        const int expected = ModHasOneList(fileClass) ? MsgButtonsYesNo : MsgButtonsAllChoices;
         EXPECT_EQ(buttons, QList<int>({ expected, expected })) << fileClass;
     }
 }

@@ -267,7 +267,7 @@ TEST_F(Upload, OnlyScreenShotsAndUnknownClassesKeepDate)
         pc_.Rows.clear();
         fake_.Log.clear();
         AddFile(pc_, "f");
-        if (ModHoldsOneList(fileClass))
+        if (ModHasOneList(fileClass))
             Answers().Expect(QList<int>{ 12735, 0, 12736, 12737 }.at(FileClassNumber(fileClass) - 1), Yes);
         Run();
         EXPECT_EQ(fake_.Count("Send "), fileClass == FileClassScreenShot || fileClass == FileClassUnknown ? 2 : 0)

@@ -9,6 +9,7 @@
 #include "screen/window/descriptionEdit.h"
 #include "screen/window/palette.h"
 #include "tests/support/screens.h"
+#include "tests/support/unbindModule.h"
 
 #include <QFile>
 
@@ -75,18 +76,6 @@ protected:
     QStringList EntriesOfFolder() const
     {
         return QDir(Folder()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-    }
-
-    /// Unbinds the image library; no other library is needed here.
-    static void UnbindLibrary()
-    {
-        ModulesReset();
-        TvGen().Size = sizeof(TvGenApi);
-        TvGenBind(&TvGen());
-        ModuleMarkBound(Module::General);
-        TvLng().Size = sizeof(TvLngApi);
-        TvLngBind(&TvLng());
-        ModuleMarkBound(Module::Language);
     }
 };
 
@@ -217,7 +206,7 @@ TEST_F(Documents, WithoutLibraryNothingHappens)
 {
     const QString path = StorePattern("a.png", ImageKind::Png);
     const WindowId id = Open();
-    UnbindLibrary();
+    UnbindModule(Module::Pictures);
     EXPECT_NE(OpenFile(path, ImageKind::Png).Result, 0);
     EXPECT_EQ(WindowCount(0), 1);
     EXPECT_FALSE(ImgSave(File("b.png"), ImageKind::Png, id));

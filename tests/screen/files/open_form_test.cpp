@@ -1,12 +1,12 @@
 // Opening pictures in real windows: replacing windows, and with the frame in the background.
 #include "app/platform/seams.h"
 #include "app/text/lang.h"
-#include "closed/loader.h"
 #include "link/documents/file.h"
 #include "link/documents/fileConvert.h"
 #include "screen/window/descriptionEdit.h"
 #include "tests/screen/screen_form_fixture.h"
 #include "tests/support/fakeChannel.h"
+#include "tests/support/unbindModule.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -32,18 +32,6 @@ protected:
         QString path = FilePath(QLatin1String(name));
         EXPECT_TRUE(Picture(size).save(path, "PNG"));
         return path;
-    }
-
-    static void UnbindPictureLibrary()
-    {
-        const auto texts = TvLng();
-        const auto general = TvGen();
-        ModulesReset();
-        TvImg() = {};
-        TvLng() = texts;
-        TvGen() = general;
-        ModuleMarkBound(Module::Language);
-        ModuleMarkBound(Module::General);
     }
 
     /// Replaces the oldest window by a picture of 300 by 200 pixels.
@@ -88,7 +76,7 @@ protected:
 TEST_F(OpenInWindows, PictureLibraryIsRetriedUntilFound)
 {
     const QString path = StorePicture("a.png");
-    UnbindPictureLibrary();
+    UnbindModule(Module::Pictures);
     EXPECT_FALSE(FileOpen(path, true, true)) << "without a word";
     EXPECT_EQ(WindowCount(0), 0);
     const QString name = ModuleFileName(Module::Pictures);

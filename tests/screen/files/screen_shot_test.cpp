@@ -2,12 +2,12 @@
 
 #include "app/message/message.h"
 #include "app/text/lang.h"
-#include "closed/loader.h"
 #include "screen/document/color.h"
 #include "screen/files/pictureFile.h"
 #include "screen/window/closing.h"
 #include "tests/support/fakeChannel.h"
 #include "tests/support/screens.h"
+#include "tests/support/unbindModule.h"
 
 #include <QBuffer>
 
@@ -29,20 +29,6 @@ protected:
     QString Temporary(int number = 0) const
     {
         return FilePath(QStringLiteral("temp%1.png").arg(number, 2, 10, QLatin1Char('0')));
-    }
-
-    void UnbindLibrary()
-    {
-        TvImg() = {};
-        const auto general = TvGen();
-        const auto texts = TvLng();
-        const auto link = TvScpi();
-        ModulesReset();
-        TvGen() = general;
-        TvLng() = texts;
-        TvScpi() = link;
-        for (const Module module : { Module::General, Module::Language, Module::Channel })
-            ModuleMarkBound(module);
     }
 
     FakeChannel channel_;
@@ -283,16 +269,16 @@ TEST_F(Captures, WithoutTemporaryNameFailSilently)
 
 TEST_F(Captures, WithoutLibraryNothingIsFetched)
 {
-    UnbindLibrary();
+    UnbindModule(Module::Pictures);
     CaptureScreen();
     EXPECT_EQ(channel_.Log, QStringList());
 }
 
 TEST_F(Captures, LibraryLostDuringTransferOpensNoWindow)
 {
-    channel_.OnCall = [this](const QString& call) {
+    channel_.OnCall = [](const QString& call) {
         if (call.startsWith(QStringLiteral("GetFileFromStream")))
-            UnbindLibrary();
+            UnbindModule(Module::Pictures);
     };
     EXPECT_EQ(FetchScreen(), -1);
     EXPECT_EQ(WindowCount(0), 0);

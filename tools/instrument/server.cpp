@@ -14,10 +14,14 @@ namespace {
 
 constexpr int kWaitingConnections = 16;
 
+void SetOption(int socket, int level, int option, int value)
+{
+    (void)::setsockopt(socket, level, option, &value, sizeof value);
+}
+
 void SwitchOn(int socket, int level, int option)
 {
-    const int on = 1;
-    (void)::setsockopt(socket, level, option, &on, sizeof on);
+    SetOption(socket, level, option, 1);
 }
 
 bool BindAndListen(int socket, const sockaddr_in& address)
@@ -27,6 +31,17 @@ bool BindAndListen(int socket, const sockaddr_in& address)
 }
 
 } // namespace
+
+void WatchForLostClient(int socket)
+{
+    constexpr int kProbes = 4;
+    constexpr int kProbeSeconds = kLostClientSeconds / (kProbes + 2);
+    SwitchOn(socket, SOL_SOCKET, SO_KEEPALIVE);
+    SetOption(socket, IPPROTO_TCP, TCP_KEEPIDLE, kLostClientSeconds - kProbes * kProbeSeconds);
+    SetOption(socket, IPPROTO_TCP, TCP_KEEPINTVL, kProbeSeconds);
+    SetOption(socket, IPPROTO_TCP, TCP_KEEPCNT, kProbes);
+    SetOption(socket, IPPROTO_TCP, TCP_USER_TIMEOUT, kLostClientSeconds * 1000);
+}
 
 Server::Server(Instrument& instrument, const LinkOptions& options)
     : instrument_(instrument)
@@ -104,7 +119,7 @@ void Server::AcceptClient()
     if (!socket.IsOpen() || session_ != nullptr)
         return;
     SwitchOn(socket.Number(), IPPROTO_TCP, TCP_NODELAY);
-    SwitchOn(socket.Number(), SOL_SOCKET, SO_KEEPALIVE);
+    WatchForLostClient(socket.Number());
     session_ = std::make_unique<Session>(std::move(socket), instrument_, plan_, options_);
 }
 

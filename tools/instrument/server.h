@@ -10,6 +10,12 @@
 
 namespace tarvik {
 
+/// A client whose machine or network has vanished is given up after so long.
+inline constexpr int kLostClientSeconds = 60;
+
+/// Has the system look for a silent client's end of the connection: left alone it would do so after two hours.
+void WatchForLostClient(int socket);
+
 class Server {
 public:
     /// Both must outlive this.

@@ -27,6 +27,13 @@ QByteArray Printable(std::string_view line)
     return text.toLocal8Bit();
 }
 
+/// Whole milliseconds, at least 0, that are no shorter than `time`.
+int MillisecondsUp(LinkTime::duration time)
+{
+    const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(time).count();
+    return static_cast<int>(std::max<std::int64_t>(milliseconds, 0));
+}
+
 bool WouldWait(int systemError)
 {
     return systemError == EAGAIN || systemError == EWOULDBLOCK || systemError == EINTR;
@@ -131,9 +138,11 @@ int Session::TimeoutMs(LinkTime now)
     if (!answers_.IsEmpty() && !isStalled_ && sending_.WaitMs(now) > 0)
         atMost(sending_.WaitMs(now));
     if (!input_.empty() && !isStalled_ && now < due_)
-        atMost(static_cast<int>(std::chrono::ceil<std::chrono::milliseconds>(due_ - now).count()));
+        atMost(MillisecondsUp(due_ - now));
     else if (MayRun(now))
         atMost(0);
+    if (peerIsDone_ && !answers_.IsEmpty())
+        atMost(MillisecondsUp(readUntil_ + kReadingPatience - now));
     return timeoutMs;
 }
 
@@ -147,7 +156,7 @@ bool Session::Service(short events, LinkTime now)
     Run(now);
     if ((isStalled_ && peerIsDone_) || (!isStalled_ && !Send(now)))
         return false;
-    if (isDropped_ && answers_.IsEmpty())
+    if ((isDropped_ && answers_.IsEmpty()) || HasLostPatience(now))
         return false;
     return !(inputEnded_ && input_.empty() && answers_.IsEmpty());
 }
@@ -223,6 +232,14 @@ void Session::LogCommand(const Command& command)
     std::fprintf(stderr, "%s: %s\n", Printable(line).constData(), error.c_str());
 }
 
+/// A client that reads nothing must not keep the others waiting for its end.
+bool Session::HasLostPatience(LinkTime now)
+{
+    if (!peerIsDone_ || answers_.IsEmpty())
+        readUntil_ = now;
+    return now - readUntil_ >= kReadingPatience;
+}
+
 bool Session::Send(LinkTime now)
 {
     while (!answers_.IsEmpty()) {
@@ -234,6 +251,7 @@ bool Session::Send(LinkTime now)
         if (count < 0)
             return WouldWait(errno);
         sending_.Passed(static_cast<size_t>(count));
+        readUntil_ = now;
         answers_.Sent(static_cast<size_t>(count));
     }
     return true;

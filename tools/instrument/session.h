@@ -15,6 +15,9 @@ namespace tarvik {
 
 using LinkTime = std::chrono::steady_clock::time_point;
 
+/// How long a client that has stopped sending may leave answers unread.
+inline constexpr std::chrono::milliseconds kReadingPatience{ 10000 };
+
 /// Limits the rate in bytes per second.
 class RateLimit {
 public:
@@ -66,7 +69,8 @@ public:
     /// Does all work that does not block. False if the session is over.
     [[nodiscard]] bool Service(short events, LinkTime now);
 
-    /// The client will send no more, but answers are still pending.
+    /// The client will send no more, but answers are still pending. It keeps its place until it has read them, and for
+    /// kReadingPatience after the last byte that it read.
     bool IsEnding() const
     {
         return peerIsDone_;
@@ -81,6 +85,7 @@ private:
     void CountCommand();
     void LogCommand(const Command& command);
     bool Send(LinkTime now);
+    bool HasLostPatience(LinkTime now);
 
     Descriptor socket_;
     Instrument& instrument_;
@@ -93,6 +98,7 @@ private:
     std::string buffer_; ///< bytes received last
     std::string_view input_; ///< the part of it not consumed yet
     LinkTime due_{}; ///< input is not processed before
+    LinkTime readUntil_{}; ///< when the client last took bytes or had none to take
     bool peerIsDone_ = false;
     bool inputEnded_ = false;
     bool isDropped_ = false;

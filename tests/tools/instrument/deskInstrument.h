@@ -31,6 +31,11 @@ public:
     /// Content of a file on the disk; "(none)" if it does not exist.
     std::string Content(const std::string& name) const;
 
+    Instrument& Unit()
+    {
+        return instrument_;
+    }
+
     Storage& Disk()
     {
         return storage_;

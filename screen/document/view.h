@@ -59,7 +59,7 @@ using ScreenViewOwner = std::shared_ptr<ScreenView>;
 /// Where the windows of documents lie: the frame's area, and the desktop around it.
 class ScreenDesktop {
 public:
-    /// Creates the view of a new window, never null. It is visible at once, behind the others until Show; sizes,
+    /// Creates the view of a new window, never null. It is visible at once, below the other windows until Show; sizes,
     /// picture and texts follow.
     virtual ScreenViewOwner Load(WindowId id) = 0;
 

@@ -18,8 +18,8 @@ namespace tarvik {
 
 namespace {
 
-constexpr QSize kLeastRoom(320, 200);
-constexpr double kMostOfScreen = 0.8;
+constexpr QSize kMinStageSizePx(320, 200);
+constexpr double kMaxShareOfScreen = 0.8;
 
 } // namespace
 
@@ -38,7 +38,7 @@ void FmScreenShotViewer::BuildControls()
 {
     stage_ = new QWidget(this);
     NameControl(stage_, QStringLiteral("Stage"));
-    stage_->setMinimumSize(kLeastRoom);
+    stage_->setMinimumSize(kMinStageSizePx);
     PbGraph = new PictureBox(stage_, "PbGraph", [this](QSize devicePixels) { return Stretch(picture_, devicePixels); });
     BtClose = NewButton(this, "BtClose", { TextId::ControlClose, TextId::ControlClose, TextId::ControlCloseHint });
     BtHelp = NewButton(this, "BtHelp", { TextId::ControlHelp, TextId::ControlHelp, TextId::ControlHelpHint });
@@ -59,10 +59,9 @@ void FmScreenShotViewer::BuildLayout()
 bool FmScreenShotViewer::OnLoad()
 {
     DialogPush(*this, false);
-    const QSize room = screen()->availableSize() * kMostOfScreen;
-    const QSize around = size() - stage_->size();
-    const QSize shown = SizeIn(room - around);
-    resize(shown.expandedTo(kLeastRoom) + around);
+    const QSize maxSize = screen()->availableSize() * kMaxShareOfScreen;
+    const QSize margins = size() - stage_->size();
+    resize(FittedSize(maxSize - margins).expandedTo(kMinStageSizePx) + margins);
     move(screen()->availableGeometry().center() - rect().center());
     BtClose->setFocus();
     return true;
@@ -75,24 +74,22 @@ void FmScreenShotViewer::resizeEvent(QResizeEvent* event)
     PlacePicture();
 }
 
-/// Of the picture in a room. A line stays one, however thin.
-QSize FmScreenShotViewer::SizeIn(QSize room) const
+QSize FmScreenShotViewer::FittedSize(QSize available) const
 {
-    const QSize fitted = picture_.size().scaled(room, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    const QSize fitted = picture_.size().scaled(available, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
     return picture_.size().boundedTo(fitted);
 }
 
-/// In the middle.
 void FmScreenShotViewer::PlacePicture()
 {
-    QRect place(QPoint(), SizeIn(stage_->size()));
-    place.moveCenter(stage_->rect().center());
-    PbGraph->setGeometry(place);
+    QRect geometry(QPoint(), FittedSize(stage_->size()));
+    geometry.moveCenter(stage_->rect().center());
+    PbGraph->setGeometry(geometry);
 }
 
 void ShowScreenShot(const QString& path)
 {
-    const QImage picture = ImgRead(path, ImageKind::Png); // screen shots have no other form
+    const QImage picture = ImgRead(path, ImageKind::Png); // the only kind of screen shots
     if (picture.isNull())
         return;
     FmScreenShotViewer form(picture, QFileInfo(path).fileName(), QApplication::activeWindow());

@@ -1,4 +1,4 @@
-// screen/files/FmScreenShotViewer.h: shows a screen shot of the PC over the window it was chosen in.
+// screen/files/FmScreenShotViewer.h: shows a screen shot file of the PC.
 #pragma once
 
 #include "app/forms/form.h"
@@ -9,7 +9,7 @@ namespace tarvik {
 
 class PictureBox;
 
-/// The picture as large as the window lets it be, in its own aspect and never larger than it is.
+/// Shows a picture centred, scaled down to the window if needed, in its aspect ratio.
 class FmScreenShotViewer final : public FormBase {
     Q_OBJECT
 public:
@@ -22,17 +22,17 @@ protected:
 private:
     void BuildControls();
     void BuildLayout();
-    QSize SizeIn(QSize room) const;
+    QSize FittedSize(QSize available) const; ///< of the picture, at least 1 by 1
     void PlacePicture();
 
     QImage picture_;
-    QWidget* stage_ = nullptr; ///< the room of the picture
+    QWidget* stage_ = nullptr; ///< area of the picture
     PictureBox* PbGraph = nullptr;
     QPushButton* BtClose = nullptr;
     QPushButton* BtHelp = nullptr;
 };
 
-/// Shows a file; one that can't be read is reported.
+/// Shows a PNG file, or the message if it can't be read.
 void ShowScreenShot(const QString& path);
 
 } // namespace tarvik

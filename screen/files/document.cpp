@@ -18,7 +18,7 @@ namespace tarvik {
 
 namespace {
 
-/// Number of the text for an image that can't be read.
+/// Message for a picture that can't be read.
 TextNumber<1> UnreadableText(ImageKind kind)
 {
     switch (kind) {
@@ -39,8 +39,8 @@ OpenedImage Refuse(const QString& path, ImageKind kind)
     return {};
 }
 
-/// Invalid for a file that does not tell.
-QDateTime DateOf(const QString& path)
+/// Last change of a file; invalid if unknown.
+QDateTime FileDate(const QString& path)
 {
     int16_t year = 0;
     int16_t month = 0;
@@ -77,12 +77,12 @@ WindowId ImgShow(const PictureToShow& picture)
 
 OpenedImage ImgOpen(const QString& path, ImageKind kind, qint16 subtype)
 {
-    if (!PictureLibraryIsThere())
+    if (!LoadPictureLibrary())
         return {};
     const std::optional<QSize> size = PictureSize(path);
     if (!size)
         return Refuse(path, kind);
-    const WindowId id = ImgShow({ path, kind, *size, subtype, QFileInfo(path).fileName(), DateOf(path), false });
+    const WindowId id = ImgShow({ path, kind, *size, subtype, QFileInfo(path).fileName(), FileDate(path), false });
     if (id == kNotDecoded)
         return Refuse(path, kind);
     return { id == 0 ? 1 : 0, id };
@@ -90,7 +90,7 @@ OpenedImage ImgOpen(const QString& path, ImageKind kind, qint16 subtype)
 
 bool ImgSave(const QString& path, ImageKind kind, WindowId id)
 {
-    if (kind == ImageKind::None || !PictureLibraryIsThere())
+    if (kind == ImageKind::None || !LoadPictureLibrary())
         return false;
     ScreenStatus(id, TextId::StatusSavingPicture);
     const QImage whole = ComposeWindow(id);
@@ -111,7 +111,7 @@ bool ImgSave(const QString& path, ImageKind kind, WindowId id)
 
 QImage ImgRead(const QString& path, ImageKind kind)
 {
-    if (!PictureLibraryIsThere())
+    if (!LoadPictureLibrary())
         return {};
     const std::optional<QSize> size = PictureSize(path);
     QImage picture = size ? DecodePicture(path, kind, *size, PaperOfNewDocument()) : QImage();

@@ -1,4 +1,4 @@
-// screen/files/document.h: pictures from files in windows, and windows in files.
+// screen/files/document.h: opens picture files in windows and saves windows as picture files.
 #pragma once
 
 #include "link/documents/fileKind.h"
@@ -9,22 +9,22 @@
 
 namespace tarvik {
 
-/// A picture file on its way into a window.
+/// A picture file to show in a window.
 struct PictureToShow {
     QString Path;
     ImageKind Kind = ImageKind::None;
-    QSize Size; ///< as PictureSize tells it
+    QSize Size; ///< from PictureSize
     qint16 Subtype = SubtypeFile;
-    QString Title; ///< on the status line, while there is no window
-    QDateTime Date; ///< invalid for the present moment
+    QString Title; ///< for the status line while loading
+    QDateTime Date; ///< invalid: now
     bool Modified = false;
 };
 
-/// What ImgShow answers when the picture can't be decoded.
+/// Result of ImgShow if the picture can't be decoded.
 inline constexpr WindowId kNotDecoded = -1;
 
-/// Decodes a picture and shows it in a window, whose id is the answer. 0 without a slot, as WindowAllocate has told. A
-/// window that was to give way is only replaced by a picture that could be decoded.
+/// Decodes a picture and shows it in a window, whose id is returned. 0 without a free slot, after the message of
+/// WindowAllocate. An existing window is replaced only if the picture could be decoded.
 WindowId ImgShow(const PictureToShow& picture);
 
 struct OpenedImage {
@@ -32,19 +32,17 @@ struct OpenedImage {
     WindowId Id = 0;
 };
 
-/// Opens an image of a kind in a window of the given subtype. Non-zero when no window came to be: a
-/// file that can't be read has been reported by its kind's text, with its name; without the image library nothing is
-/// said.
+/// Opens a picture file in a window of the given subtype. `Result` is not 0 if no window was opened: after the message
+/// of its kind if the file can't be read, without a message if the image library is missing.
 OpenedImage ImgOpen(const QString& path, ImageKind kind, qint16 subtype);
 
-/// Writes the composed picture of a window (picture, description) as an image of a kind and clears the
-/// modified mark; the window of a file then bears the new name. False, with the mark as it was, when nothing was
-/// written: the kind is none, the library is not there, or writing failed, which is told of a metafile
-/// (12759).
+/// Writes the composed picture of a window (with description), clears the modified flag and, for the window of a file,
+/// sets the caption to the new name. False, with the flag unchanged, if the kind is None, the library is missing or
+/// writing failed; the last is reported for metafiles only (12759).
 [[nodiscard]] bool ImgSave(const QString& path, ImageKind kind, WindowId id);
 
-/// Decodes an image of a kind without a window, transparent places in the paper of a new document. Null when that
-/// fails, which has been told as ImgOpen tells it.
+/// Decodes a picture without a window; transparent pixels get the paper colour of a new document. Null on failure, with
+/// the messages of ImgOpen.
 QImage ImgRead(const QString& path, ImageKind kind);
 
 } // namespace tarvik

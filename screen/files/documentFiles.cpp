@@ -26,7 +26,7 @@ public:
         return kind == ImageKind::Metafile ? PictureSaved::FailedAndReported : PictureSaved::Failed;
     }
 
-    /// What is composed is the stretched copy, which is as large as the window came out: beside others, or maximised.
+    /// Composing uses the stretched copy, whose size is that of a tiled or maximised window.
     void UseOwnSize(int window) override
     {
         const auto id = static_cast<WindowId>(window);

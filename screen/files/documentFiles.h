@@ -1,5 +1,4 @@
-// screen/files/documentFiles.h: for the composition: binds opening, saving and converting of files to the screen
-// documents. Works with and without windows on the screen.
+// screen/files/documentFiles.h: binds the port `Documents`, for the composition. Works with and without forms.
 #pragma once
 
 namespace tarvik {

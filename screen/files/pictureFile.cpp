@@ -18,16 +18,15 @@ namespace tarvik {
 
 namespace {
 
-/// The largest bitmap and its header; no file of another kind that is read here needs more.
-constexpr int kMostPixels = TVIMG_MAX_PIXELS;
-constexpr qint64 kLargestFile = qint64{ 4 } * kMostPixels + 0x10000;
+/// The largest bitmap with its header; no other kind that is read here needs more.
+constexpr qint64 kMaxFileBytes = qint64{ 4 } * TVIMG_MAX_PIXELS + 0x10000;
 
 constexpr int16_t kPlainMode = 1;
 
-QByteArray ReadWhole(const QString& path)
+QByteArray ReadWholeFile(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestFile)
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxFileBytes)
         return {};
     return file.readAll();
 }
@@ -38,8 +37,8 @@ TvImgContext ContextOf(QImage& picture)
         static_cast<int32_t>(picture.bytesPerLine() / 4) };
 }
 
-/// The same for a picture that is only read, whose pixels may be shared.
-TvImgContext ContextToRead(const QImage& picture)
+/// For a picture that the library only reads; does not detach shared pixels.
+TvImgContext ReadOnlyContextOf(const QImage& picture)
 {
     return { reinterpret_cast<uint32_t*>(const_cast<uchar*>(picture.constBits())), picture.width(), picture.height(),
         static_cast<int32_t>(picture.bytesPerLine() / 4) };
@@ -68,7 +67,7 @@ QImage DecodeByLibrary(const QString& path, ImageKind kind, QSize size, quint32 
     return decoded ? picture : QImage();
 }
 
-/// A file may have been replaced since its size was asked for.
+/// The file may have been replaced since its size was read.
 QImage IfOfSize(const std::optional<QImage>& picture, QSize size)
 {
     return picture && picture->size() == size ? *picture : QImage();
@@ -77,7 +76,7 @@ QImage IfOfSize(const std::optional<QImage>& picture, QSize size)
 bool WriteByLibrary(const QString& path, ImageKind kind, const QImage& picture)
 {
     const QByteArray name = ModulePath(path);
-    const TvImgContext context = ContextToRead(picture);
+    const TvImgContext context = ReadOnlyContextOf(picture);
     ProgressStart(picture.height());
     const int16_t result = kind == ImageKind::Png
         ? TvImg().ImgDcToPng(name.constData(), &context, picture.width(), picture.height())
@@ -97,9 +96,9 @@ QImage Decode(const QString& path, ImageKind kind, QSize size, quint32 paper)
 {
     switch (kind) {
     case ImageKind::Bitmap:
-        return IfOfSize(ReadBitmap(ReadWhole(path), ColorOf(paper)), size);
+        return IfOfSize(ReadBitmap(ReadWholeFile(path), ColorOf(paper)), size);
     case ImageKind::Metafile:
-        return IfOfSize(ReadMetafile(ReadWhole(path), ColorOf(paper)), size);
+        return IfOfSize(ReadMetafile(ReadWholeFile(path), ColorOf(paper)), size);
     case ImageKind::Png:
     case ImageKind::Pcx:
         return DecodeByLibrary(path, kind, size, paper);
@@ -125,7 +124,7 @@ bool Encode(const QString& path, ImageKind kind, const QImage& picture)
 
 } // namespace
 
-bool PictureLibraryIsThere()
+bool LoadPictureLibrary()
 {
     return ModuleIsBound(Module::Pictures) || ModuleLoad(Module::Pictures, Program().AppPath);
 }
@@ -138,7 +137,7 @@ std::optional<QSize> PictureSize(const QString& path)
     return QSize(info.Width, info.Height);
 }
 
-// Memory that is not to be had is a failure like any other, and no reason to lose what is open beside the picture.
+// Running out of memory for a picture must not end the program with its open documents.
 
 QImage DecodePicture(const QString& path, ImageKind kind, QSize size, quint32 paper)
 {

@@ -1,5 +1,5 @@
-// screen/files/pictureFile.h: pictures from and into files of the four kinds: PNG and PCX through the image library,
-// bitmaps and metafiles by modules of this folder.
+// screen/files/pictureFile.h: decodes and encodes picture files: PNG and PCX by the image library, bitmaps and
+// metafiles by the rooms bitmap and metafile.
 #pragma once
 
 #include "link/documents/fileKind.h"
@@ -11,19 +11,19 @@
 
 namespace tarvik {
 
-/// True while the image library is bound. It is looked for when a picture is first handled, and again each time it was
-/// not there. The calls below need it.
-[[nodiscard]] bool PictureLibraryIsThere();
+/// Loads the image library unless it is bound; tries again at each call. True if bound, which the functions below
+/// require.
+[[nodiscard]] bool LoadPictureLibrary();
 
-/// Width and height of a picture of any kind, by its content, in pixels; nothing for a file that is none, or of absurd
-/// size.
+/// Width and height in pixels, from the content of a file of any kind; nothing for other files and beyond the limits of
+/// the library.
 std::optional<QSize> PictureSize(const QString& path);
 
-/// Decodes a picture of that size; transparent places show `paper` (0x00BBGGRR). The progress box counts lines.
-/// Format_RGB32; null for a file that is not whole or of another kind or size.
+/// Decodes a picture of that size to Format_RGB32; transparent pixels get `paper` (0x00BBGGRR). The progress box counts
+/// lines. Null for a file that is damaged or of another kind or size.
 QImage DecodePicture(const QString& path, ImageKind kind, QSize size, quint32 paper);
 
-/// Writes a picture whole or not at all; false, with the file as it was, when that fails.
+/// Replaces the file whole or not at all; false if it is unchanged.
 [[nodiscard]] bool EncodePicture(const QString& path, ImageKind kind, const QImage& picture);
 
 } // namespace tarvik

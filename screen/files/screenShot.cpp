@@ -27,7 +27,7 @@ constexpr WindowId kFailed = -1;
 const QString kFetchCommand = QStringLiteral("DISP:WIND:FETC?");
 const QString kExtension = QStringLiteral("png");
 
-/// The instrument takes its time before its display is on the way.
+/// Pauses because the instrument needs time to prepare its picture.
 ChannelStatus FetchInto(const QString& path)
 {
     ChannelSend(kFetchCommand);
@@ -36,8 +36,8 @@ ChannelStatus FetchInto(const QString& path)
     return ChannelGetStream(path);
 }
 
-/// Where a capture stands for a moment: in the program's folder, or where nothing can be written there, in one that
-/// goes with this.
+/// Temporary file of a capture: in the program's folder, or if that is not writable, in a temporary folder, removed
+/// with this object.
 class TemporaryFile {
 public:
     explicit TemporaryFile(const QString& name)
@@ -58,15 +58,15 @@ private:
     QString path_;
 };
 
-/// The file of a capture in a window of its own, which is modified: the picture is nowhere else.
+/// Shows a captured file in a new window, marked modified, and deletes the file.
 WindowId ShowCapture(const QString& path)
 {
-    if (!PictureLibraryIsThere())
+    if (!LoadPictureLibrary())
         return kFailed;
     const std::optional<QSize> size = PictureSize(path);
     if (!size)
         return kFailed;
-    MsgAskOnceReset(); // what the user answered about files does not count here
+    MsgAskOnceReset(); // answers given while opening files do not apply
     const WindowId id =
         ImgShow({ path, ImageKind::Png, *size, SubtypeLive, LngStr(TextId::LiveScreen), QDateTime(), true });
     if (id <= 0)
@@ -75,19 +75,18 @@ WindowId ShowCapture(const QString& path)
     return id;
 }
 
-/// The frame's pointer shows that it works.
-class FramePointer {
+class FrameBusyPointer {
 public:
-    FramePointer()
+    FrameBusyPointer()
     {
         TheFrame()->ShowBusyPointer(true);
     }
-    ~FramePointer()
+    ~FrameBusyPointer()
     {
         TheFrame()->ShowBusyPointer(false);
     }
-    FramePointer(const FramePointer&) = delete;
-    FramePointer& operator=(const FramePointer&) = delete;
+    FrameBusyPointer(const FrameBusyPointer&) = delete;
+    FrameBusyPointer& operator=(const FrameBusyPointer&) = delete;
 };
 
 } // namespace
@@ -111,10 +110,10 @@ WindowId FetchScreen()
 
 void CaptureScreen()
 {
-    if (!PictureLibraryIsThere())
+    if (!LoadPictureLibrary())
         return;
     const BusyScope busy;
-    const FramePointer pointer;
+    const FrameBusyPointer pointer;
     FetchScreen();
 }
 

@@ -1,4 +1,4 @@
-// screen/files/screenShot.h: the instrument's display as a picture in a window.
+// screen/files/screenShot.h: captures the instrument's display.
 #pragma once
 
 #include "screen/document/window.h"
@@ -7,16 +7,16 @@
 
 namespace tarvik {
 
-/// Fetches the instrument's display into a new window, which takes 2 s and up to 5 s more, without events. -1 on any
-/// failure: without a link, without a name for the temporary file, without a window or for a picture that can't be read
-/// nothing is said; a transfer that breaks ends the link and is told (12703).
+/// Fetches the instrument's display into a new window. Blocks for 2 s plus up to 5 s. -1 on failure: a broken transfer
+/// closes the link and is reported (12703); without a link, a temporary name, a window or a readable picture there is
+/// no message.
 WindowId FetchScreen();
 
-/// The command: FetchScreen with the program busy. Nothing without the image library.
+/// The command: FetchScreen with the program busy. Does nothing without the image library.
 void CaptureScreen();
 
-/// Name of a temporary file, "temp00" to "temp09" and the extension, in the program's folder: the first one that is
-/// free or whose file can be deleted; empty when there is none.
+/// The first name from "temp00" to "temp09", with the extension, that is free in the program's folder or whose file can
+/// be deleted; empty if there is none.
 QString TemporaryName(const QString& extension);
 
 } // namespace tarvik

@@ -1,9 +1,9 @@
-// lists/bindEditors.h: for the composition: which form edits which list.
+// lists/bindEditors.h: binds the list editors, for the composition.
 #pragma once
 
 namespace tarvik {
 
-/// Gives `OpenEditor` its forms, and binds the editors to the port of list files and to the frame's commands.
+/// Sets the ports `ListEditors` and `ListFiles` and binds the editors' commands.
 void BindListEditors();
 
 } // namespace tarvik

@@ -108,7 +108,7 @@ QWidget* FmEditorBase::BuildFrameCommands()
     layout->addStretch(1);
     for (QPushButton* button : { BtHelp, BtClose })
         layout->addWidget(button);
-    // What these do throws a bad cell away or asks first; a check would only hold the user up.
+    // These discard a bad cell or ask first: checking it would only be in the way.
     for (QPushButton* button : { BtNew, BtOpen, BtHelp, BtClose })
         LeaveFreely(button);
     return commands;
@@ -126,7 +126,7 @@ void FmEditorBase::Connect()
     connect(CbExt, &QComboBox::currentIndexChanged, this, &FmEditorBase::OnHeadChanged);
     for (QLineEdit* textBox : { TbName, TbDescr })
         EnterAsTab(textBox);
-    // A name that nobody has touched is judged when the list is saved, so that an empty one can be left.
+    // An unmodified name is not checked until the list is saved: the field of a new list can be left empty.
     CheckOnLeave(TbName, [this] { return !TbName->isModified() || CheckName(); });
     CheckOnLeave(TbDescr, [this] { return CheckDescription(); });
 }
@@ -178,7 +178,7 @@ void FmEditorBase::OnUnload()
     Editor().EditorOpenFile.clear();
 }
 
-/// True when nothing is lost by going on: no changes, saved, or given up. A question left without an answer stops.
+/// True if no change is lost: none made, saved, or discarded by the user. False if the question is dismissed.
 bool FmEditorBase::SaveChangesFirst()
 {
     if (!Editor().EditorDirty)

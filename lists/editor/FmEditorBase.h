@@ -1,5 +1,5 @@
-// lists/editor/FmEditorBase.h: the frame of the list editors: name, description and file form of the list, the commands
-// New, Open, Save, Close and Help with their questions, the title and the mark of unsaved changes.
+// lists/editor/FmEditorBase.h: base of the list editors: name, description and file format of the list, the commands
+// New, Open, Save, Close and Help with their questions, the title and the modified flag.
 #pragma once
 
 #include "app/forms/form.h"
@@ -11,52 +11,51 @@ class QHBoxLayout;
 
 namespace tarvik {
 
-/// What tells one editor from another in the frame.
+/// What differs between editors in the base form.
 struct EditorFrame {
     const char* Name; ///< class name of the form
     FileClass ListType;
     TextNumber<0> TitleText;
     int HelpNumber; ///< of the form itself
-    int HelpTopic; ///< what the Help button shows
+    int HelpTopic; ///< of the Help button
     TextNumber<0> NameText; ///< of LbName
     const char* ListFrameName;
     TextNumber<0> ListFrameText;
 };
 
-/// An editor adds its commands with `AddCommand`, and answers for its rows. Everything it does to them goes through
-/// the store and file modules.
+/// A derived editor adds its commands with `AddCommand` and implements its rows by means of the list modules.
 class FmEditorBase : public FormBase, protected GridRows {
     Q_OBJECT
 public:
     FmEditorBase(const EditorFrame& frame, const GridShape& shape, std::vector<GridColumn> columns, QWidget* parent);
 
-    /// The Save button's work. True when the list stands in its file.
+    /// The Save button: checks the list, asks for a folder and writes it. True if written.
     bool Save();
 
-    /// A key in a cell, and the focus into a cell; columns and rows count from 0.
+    /// Forward to the grid; columns and rows count from 0.
     void CellKeyDown(int column, int key, int shift);
     void CellSetFocus(int row, int column);
 
 protected:
-    /// Empties the rows.
+    /// Clears all rows.
     virtual void ClearRows() = 0;
 
-    /// Reads a file into the rows and `name`, `description`. False, after a message, leaves the rows empty.
+    /// Reads a file into the rows, `name` and `description`. False, after a message, with the rows empty.
     virtual bool ReadList(const QString& path, QString& name, QString& description) = 0;
 
-    /// Writes the rows; may take back what the store keeps of them.
+    /// Writes the rows. They then are as the store keeps them. False after a message.
     virtual bool WriteList(const QString& path, const QString& name, const QString& description) = 0;
 
-    /// What an editor checks before a save besides name, description and the cells of the page.
+    /// Further checks before a save, after name, description and the visible cells.
     virtual bool ValidateRows()
     {
         return true;
     }
 
-    /// Fills what the editor has of its own, while the form loads.
+    /// Fills the derived editor's own controls while the form loads.
     virtual void OnEditorLoad() { }
 
-    /// The rows have been filled anew as a whole.
+    /// All rows have been replaced or reordered.
     virtual void OnListShown() { }
 
     void RowOpened(int) override { }
@@ -73,11 +72,11 @@ protected:
     QString ListName() const;
     QString ListDescription() const;
 
-    /// Shows the rows from the first one on.
+    /// Refills the grid and scrolls to the first row.
     void ShowFromTop();
 
-    /// Adds a command of the editor to the row below the grid, left to right; Tab reaches it behind the grid and
-    /// before the commands of the frame.
+    /// Adds a command to the row below the grid, left to right; in the tab order it is after the grid and before the
+    /// commands at the right.
     void AddCommand(QWidget* command);
     void AddCommandSpace();
 
@@ -105,7 +104,7 @@ private:
     bool WriteTo(const QString& folder);
 
     EditorFrame frame_;
-    bool filling_ = false; // the form itself fills its head
+    bool filling_ = false; // changes of the head are the form's own
     bool NameInvalid = false;
     EditorGrid* grid_ = nullptr;
     QHBoxLayout* commandRow_ = nullptr;

@@ -30,10 +30,10 @@ bool Refuse(TextNumber<0> message)
     return false;
 }
 
-/// Appends `number`, as `CsvNumberText` tells; `decimal` zero is the form with point and blank.
+/// See `CsvNumberText`; `decimal` zero: point and leading blank.
 void AppendNumber(QByteArray& bytes, double number, char decimal)
 {
-    // The longest is the smallest negative denormal: a sign, "0.", 323 zeros and a digit.
+    // Longest: the smallest negative denormal, with sign, "0.", 323 zeros and a digit.
     std::array<char, 400> digits;
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed).ptr;
     if (decimal == 0) {
@@ -82,7 +82,7 @@ void CsvFields::Split(QByteArrayView line, char separator)
     const char* const end = line.data() + line.size();
     for (const char* at = line.data();;) {
         const char* const fieldEnd = std::find(at, end, separator);
-        if (count_ < kMost)
+        if (count_ < kMaxFields)
             fields_[static_cast<size_t>(count_)] = QByteArrayView(at, fieldEnd - at);
         ++count_;
         if (fieldEnd == end)
@@ -98,10 +98,10 @@ bool CsvLoadFile(const QString& path, CsvSource& source)
     if (!ListFileExists(path))
         return false;
     QFile file(path);
-    const bool opened = file.open(QIODevice::ReadOnly) && file.size() <= kLargestCsvBytes;
+    const bool opened = file.open(QIODevice::ReadOnly) && file.size() <= kMaxCsvBytes;
     if (opened)
-        source.Bytes = file.read(kLargestCsvBytes + 1); // one more, for a file that grows or has no size
-    const bool isRead = opened && file.error() == QFileDevice::NoError && source.Bytes.size() <= kLargestCsvBytes;
+        source.Bytes = file.read(kMaxCsvBytes + 1); // one more: the file may grow, or have no size
+    const bool isRead = opened && file.error() == QFileDevice::NoError && source.Bytes.size() <= kMaxCsvBytes;
     if (!isRead)
         MsgOk1(TextId::FileWorkFailed, source.FileName);
     return isRead;
@@ -135,7 +135,7 @@ bool CsvReadHeader(CsvSource& source, TextNumber<0> keyword, CsvHeader& header)
     if (!CsvNextLine(source, fields) || fields.Count() < 2)
         return Refuse(TextId::CsvBadSecondLine);
     QString description;
-    // Not the word that is written: in every language the two must be the same.
+    // Read and written by different texts, which must be the same in every language.
     if (FromAnsi(fields.At(0)) == LngStr(TextId::DescriptionLabel)) {
         if (!ValidText(fields.At(1)))
             return Refuse(TextId::CsvBadDescription);

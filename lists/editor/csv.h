@@ -1,5 +1,5 @@
-// lists/editor/csv.h: the text form that four of the five lists share. Single-byte text (Windows-1252), lines ended by
-// CR LF, no quoting and no escape: a keyword line with the list's name, a description line, then the lines of the rows.
+// lists/editor/csv.h: the CSV format of four of the five lists: Windows-1252, lines ended by CR LF, no quoting or
+// escaping; a line with keyword and list name, a description line, then one line per row.
 #pragma once
 
 #include "app/text/textNumber.h"
@@ -14,23 +14,24 @@
 
 namespace tarvik {
 
-/// No list comes near this size; a larger file is refused before it is read.
-inline constexpr qint64 kLargestCsvBytes = qint64{ 16 } * 1024 * 1024;
+/// Far above any list; a larger file is refused before it is read.
+inline constexpr qint64 kMaxCsvBytes = qint64{ 16 } * 1024 * 1024;
 
-/// True when the extension text of the present file class is the CSV extension 11003: then files follow the region.
+/// True if the extension of the current file class is the CSV extension (11003): files then have the region's
+/// separators.
 bool CsvUseLocaleForm();
 
-/// "," or, in the region's form, its list separator.
+/// ",", or the region's list separator if `CsvUseLocaleForm`.
 char CsvListSeparator();
 
-/// A number as files hold it: with a point and a blank in front of zero and positive numbers; in the region's form
-/// with its decimal character and no blank. Every digit that tells the number from its neighbours is written.
+/// `number` in fixed notation with as many digits as are needed to read the same value back: with a point, and a blank
+/// before zero and positive numbers; if `CsvUseLocaleForm`, with the region's decimal character and no blank.
 QByteArray CsvNumberText(double number);
 
-/// Fields of one line. A line with more fields than any list has keeps its true count; the surplus is not held.
+/// Fields of one line. `Count` includes fields beyond kMaxFields, which are not kept.
 class CsvFields {
 public:
-    static constexpr qsizetype kMost = 32;
+    static constexpr qsizetype kMaxFields = 32;
 
     void Split(QByteArrayView line, char separator);
 
@@ -39,21 +40,21 @@ public:
         return count_;
     }
 
-    /// Empty for a field that the line does not have.
+    /// Empty for a missing field.
     QByteArrayView At(qsizetype index) const
     {
-        return index < count_ && index < kMost ? fields_[static_cast<size_t>(index)] : QByteArrayView();
+        return index < count_ && index < kMaxFields ? fields_[static_cast<size_t>(index)] : QByteArrayView();
     }
 
 private:
-    std::array<QByteArrayView, kMost> fields_;
+    std::array<QByteArrayView, kMaxFields> fields_;
     qsizetype count_ = 0;
 };
 
-/// A CSV file in memory and the place in it. Views of its fields live as long as `Bytes` stays.
+/// A CSV file in memory and the read position. Fields are views into `Bytes`.
 struct CsvSource {
     QByteArray Bytes;
-    QString FileName; ///< for messages, without folder
+    QString FileName; ///< without folder, for messages
     qsizetype At = 0; ///< start of the next line
     char Separator = ',';
 };
@@ -61,8 +62,8 @@ struct CsvSource {
 /// Reads the whole file. False after message 12780 for a missing file, 12819 for one that can't be read.
 [[nodiscard]] bool CsvLoadFile(const QString& path, CsvSource& source);
 
-/// The last ";" or "," of the first line. False after 12775 for a file without two ended lines, 12776 for a first
-/// line without separator.
+/// Sets `Separator` to the last ";" or "," of the first line. False after 12775 for a file of fewer than two complete
+/// lines, 12776 for a first line without separator.
 [[nodiscard]] bool CsvFindSeparator(CsvSource& source);
 
 struct CsvHeader {
@@ -70,20 +71,20 @@ struct CsvHeader {
     QString Description;
 };
 
-/// Takes name and description from the first lines and leaves `source.At` at the first row. False after the message
-/// of what is wrong (12777 to 12779, those of `ValidListName`). A description beyond 32 characters is cut.
+/// Reads name and description and leaves `source.At` at the first row. False after a message (12777 to 12779, or from
+/// `ValidListName`). The description is cut to 32 characters.
 [[nodiscard]] bool CsvReadHeader(CsvSource& source, TextNumber<0> keyword, CsvHeader& header);
 
-/// The next line that ends in CR LF. False behind the last one; what stands behind the last CR LF is no line.
+/// Reads the next line. False after the last one; text after the last CR LF is ignored.
 bool CsvNextLine(CsvSource& source, CsvFields& fields);
 
-/// Runs a reader's or writer's work. An exception in it shows 12819 with `fileName` and answers false.
+/// Runs `work`. An exception shows 12819 with `fileName`; false.
 [[nodiscard]] bool CsvGuard(const QString& fileName, const std::function<bool()>& work);
 
 /// Builds a file in memory.
 class CsvWriter {
 public:
-    /// Takes the separator and the number form that hold now.
+    /// Uses the separator and number format of the current file class.
     explicit CsvWriter(qsizetype expectedBytes = 0);
 
     void Text(QByteArrayView field);
@@ -101,27 +102,27 @@ private:
 
     QByteArray bytes_;
     char separator_;
-    char decimal_; ///< zero: the form with point and leading blank
+    char decimal_; ///< zero: point and leading blank
     bool atLineStart_ = true;
 };
 
-/// True for a text that comes back whole as a field of a file.
+/// True for a text that can be read back from a field of a file.
 bool CsvCanHold(const QString& text);
 
-/// True for a header that the reader takes back: a name of blanks, which it trims, is none. False after a message.
+/// True for a header that can be read back. A name of blanks can't, as the reader trims it. False after a message.
 [[nodiscard]] bool CsvCanHold(const CsvHeader& header);
 
 /// Keyword line and description line.
 void CsvWriteHeader(CsvWriter& writer, TextNumber<0> keyword, const CsvHeader& header);
 
-/// Puts the written file in the place of `path`, whole or not at all; a failure shows 12819 with the file's name.
+/// Replaces `path` whole or not at all. False after 12819 with the file's name.
 [[nodiscard]] bool CsvSaveFile(const QString& path, const CsvWriter& writer);
 
-/// Loads a file and has `read` take it, all under `CsvGuard`.
+/// Loads a file and passes it to `read`, under `CsvGuard`.
 [[nodiscard]] bool CsvReadFile(const QString& path, const std::function<bool(CsvSource&)>& read);
 
-/// Has `build` make the file, where `MayWriteFile` allows it, and saves it, all under `CsvGuard`. Nothing is saved when
-/// `build` answers nothing, which it does after a message.
+/// If `MayWriteFile`, saves what `build` returns, under `CsvGuard`. Nothing is saved if `build` returns nothing, after
+/// its message.
 [[nodiscard]] bool CsvWriteFile(const QString& path, const std::function<std::optional<CsvWriter>()>& build);
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// lists/editor/csvRows.h: the rows of a list's CSV file, field by field, with the checks that all lists share.
+// lists/editor/csvRows.h: reads the rows of a list's CSV file field by field, with the checks common to all lists.
 #pragma once
 
 #include "app/text/textNumber.h"
@@ -8,11 +8,11 @@
 
 namespace tarvik {
 
-/// Walks the lines after the header. A check that fails shows its message with the number of the line, and answers
-/// false. A field that the line does not have reads as an empty one.
+/// Iterates over the lines after the header. A failed check returns false after its message with the line number. A
+/// missing field reads as empty.
 class CsvRows {
 public:
-    /// `source` is at the first row, and outlives the walk.
+    /// `source` is at the first row and outlives this.
     explicit CsvRows(CsvSource& source)
         : source_(source)
     {
@@ -21,7 +21,7 @@ public:
     /// Moves to the next line; false after the last one.
     bool Next();
 
-    /// Number of the present line, counted from 1; after the last one the count of all lines.
+    /// Number of the current line, from 1; after the last one the number of lines.
     int Line() const
     {
         return line_;
@@ -42,17 +42,17 @@ public:
         return condition || Refuse(message);
     }
 
-    /// Message 12781: the file has more lines than its list has rows.
+    /// Message 12781: more lines than the list has rows.
     bool RefuseLength() const;
 
-    /// A number without limits. Shows nothing.
+    /// A number without limits. No message.
     bool Number(qsizetype column, double& value) const;
 
-    /// Numbers, clamped into `limits`.
+    /// Numbers, clamped to `limits`.
     bool Real(qsizetype column, double& value, Range<double> limits, TextNumber<1> message) const;
     bool Integer(qsizetype column, std::int16_t& value, Range<std::int16_t> limits, TextNumber<1> message) const;
 
-    /// The code of a text, which must be one of `texts`.
+    /// A text that must be one of `texts`; `value` gets its code.
     template <typename Code>
     bool Coded(qsizetype column, Code& value, const CodeTexts& texts, TextNumber<1> message) const
     {

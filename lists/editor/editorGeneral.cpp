@@ -21,7 +21,7 @@ namespace tarvik {
 
 namespace {
 
-/// Texts of the list types that have a CSV form.
+/// Texts of the list types that have a CSV format.
 struct CsvListTexts {
     FileClass Type;
     TextNumber<0> Keyword;
@@ -41,7 +41,7 @@ public:
     void ShowEditor(FileClass) override { }
 };
 
-/// True where "A" and "a" name the same file.
+/// Of the file system.
 bool IgnoresCase()
 {
 #if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
@@ -65,21 +65,21 @@ QStringList OpenFilters()
     return filters;
 }
 
-/// Takes the status bar out of use for as long as an editor is open. One editor may open another.
-class StatusBarOff {
+/// Disables the status bar while an editor is open. Nests, as one editor may open another.
+class OpenEditorScope {
 public:
-    StatusBarOff()
+    OpenEditorScope()
         : wasOpen_(std::exchange(Editor().EditorIsOpen, true))
     {
         TheFrame()->EnableStatusBar(false);
     }
-    ~StatusBarOff()
+    ~OpenEditorScope()
     {
         Editor().EditorIsOpen = wasOpen_;
         TheFrame()->EnableStatusBar(!wasOpen_);
     }
-    StatusBarOff(const StatusBarOff&) = delete;
-    StatusBarOff& operator=(const StatusBarOff&) = delete;
+    OpenEditorScope(const OpenEditorScope&) = delete;
+    OpenEditorScope& operator=(const OpenEditorScope&) = delete;
 
 private:
     bool wasOpen_;
@@ -110,7 +110,7 @@ void OpenEditor(FileClass listType)
         return;
     ReadInstrumentLimits();
     SetEditorType(listType);
-    const StatusBarOff off;
+    const OpenEditorScope scope;
     TheListEditors()->ShowEditor(listType);
 }
 
@@ -123,11 +123,11 @@ void SetEditorType(FileClass listType)
 
 FileClass ListTypeOfFile(const QString& path)
 {
-    constexpr qint64 kLongerThanAnyKeyword = 256;
+    constexpr qint64 kMaxKeywordBytes = 256;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return FileClassUnknown;
-    const QString start = FromAnsi(file.read(kLongerThanAnyKeyword));
+    const QString start = FromAnsi(file.read(kMaxKeywordBytes));
     for (const CsvListTexts& list : kCsvLists) {
         const QString keyword = LngStr(list.Keyword);
         if (!keyword.isEmpty() && start.startsWith(keyword, Qt::CaseInsensitive))

@@ -1,5 +1,5 @@
-// lists/editor/editorGeneral.h: what the five list editors share: which list is edited, where its files lie, what may
-// be written over, and how an editor is opened.
+// lists/editor/editorGeneral.h: common rules of the five list editors: type of list, folders and names of files, what
+// may be overwritten, opening an editor.
 #pragma once
 
 #include "app/platform/port.h"
@@ -15,74 +15,72 @@ namespace tarvik {
 struct EditorState {
     bool EditorDirty = false; ///< unsaved changes in the open editor
     bool EditorIsOpen = false; ///< set by OpenEditor
-    QString EditorOpenFile; ///< file an editor opens while it loads; empty for a new list; cleared when it closes
-    FileClass EditorType = FileClassNone; ///< of the edited list; SetEditorType
-    QString ListExtension; ///< lower-cased extension of that class, with its point; SetEditorType
+    QString EditorOpenFile; ///< file to open when the editor loads, empty for a new list; cleared on close
+    FileClass EditorType = FileClassNone; ///< class of the edited list; see SetEditorType
+    QString ListExtension; ///< of that class, in lower case, with its point
     QString KfactorFileName; ///< result of a nested K-factor editor
     QString CorrectionSetFileName; ///< result of a nested correction set editor
 };
 EditorState& Editor();
 
-/// True for the file classes that an editor accepts: 1 to 4 and 6.
+/// True for the file classes that are lists: 1 to 4 and 6.
 bool IsListType(FileClass listType);
 
-/// The port to the editors' forms, which lie in rooms above this one. List types are those of `IsListType`.
+/// Port to the editors' forms. List types are those of `IsListType`.
 class ListEditors {
 public:
     virtual bool HasEditor(FileClass listType) const = 0;
 
-    /// Shows the editor of a list type that has one until it is closed.
+    /// Shows the editor of a list type that has one; returns when it is closed.
     virtual void ShowEditor(FileClass listType) = 0;
 
 protected:
     ~ListEditors() = default;
 };
 
-Port<ListEditors>& TheListEditors(); ///< without an implementation there are no editors
+Port<ListEditors>& TheListEditors(); ///< absent implementation: no editors
 
-/// Opens the editor of a list type; a type without one is ignored. Refreshes the limits, and takes the frame's status
-/// bar out of use while the form is open.
+/// Reads the limits and shows the editor of a list type, with the frame's status bar disabled. A type without an editor
+/// is ignored.
 void OpenEditor(FileClass listType);
 
-/// Makes `listType` the present file class and derives the list extension.
+/// Makes `listType` the current file class and sets the list extension.
 void SetEditorType(FileClass listType);
 
-/// Which list a CSV file holds, by the keyword that begins its first line, ignoring case: one of the classes 1 to 4, or
-/// FileClassUnknown.
+/// Class of a CSV file by the keyword at its start, ignoring case: 1 to 4, or FileClassUnknown.
 FileClass ListTypeOfFile(const QString& path);
 
-/// The same; when it is a list and `show` is set, opens it in its editor.
+/// As above; a list is opened in its editor if `show` is set.
 FileClass OpenListFile(const QString& path, bool show);
 
-/// Folder in which a file question of the present type begins.
+/// Initial folder of file dialogs for the current type.
 QString EditorDefaultFolder();
 
-/// Asks for a list file of the present type; empty when the user cancelled.
+/// Asks for a list file of the current type; empty if cancelled.
 QString OpenListDialog(const QString& initialFolder);
 
-/// Asks for the folder of a list that is saved under `fileName`; empty when the user cancelled.
+/// Asks for the folder in which to save `fileName`; empty if cancelled.
 QString SaveFolderDialog(const QString& fileName);
 
-/// Remembers the folder of `path`, or `folder` itself, for the present type: trimmed, and upper-cased where the file
+/// Remembers the folder of `path`, or `folder` itself, for the current type: trimmed, and in upper case where the file
 /// system ignores case.
 void RememberFolderOfFile(const QString& path);
 void RememberFolder(const QString& folder);
 
-/// Path of a list in `folder`: the file always bears the list's name, then the extension in lower case.
+/// Path of a list in `folder`: the list's name and the extension in lower case.
 QString ListFilePath(const QString& folder, const QString& listName, const QString& extension);
 
-/// The form of a list file by its name: CSV when the extension equals the last three characters of the text, which is
-/// CsvExtensionOfTables for the suppress list and the K-factor table.
+/// True if the extension of `path` equals the last three characters of the text, ignoring case. The text is
+/// CsvExtensionOfTables for suppress lists and K-factor tables.
 bool IsCsvFile(const QString& path, TextNumber<0> extensionText = TextId::CsvExtension);
 
-/// The start that all writers share. False, after message 12728, for a read-only file; false, silently, when the user
-/// does not let an existing file be replaced (12734).
+/// False, after 12728, for a read-only file, and if the user refuses to replace an existing file (question 12734).
 [[nodiscard]] bool MayWriteFile(const QString& path);
 
-/// The start that all readers share: message 12780 for a file that does not exist.
+/// False, after 12780, for a file that does not exist.
 [[nodiscard]] bool ListFileExists(const QString& path);
 
-/// Title of an editor: `titleText`, and the file's name behind text 10743 where there is one.
+/// Title of an editor: `titleText`, followed by text 10743 and `fileName` unless that is empty.
 QString EditorTitle(TextNumber<0> titleText, const QString& fileName = {});
 
 } // namespace tarvik

@@ -14,9 +14,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kMarkWholeText = 9999;
-
-/// Rows that a key moves by; 0 for a key that is the cell's own.
+/// Rows that a key moves by; 0 for other keys.
 int StepOfKey(int key, int page)
 {
     switch (key) {
@@ -169,7 +167,7 @@ void EditorGrid::FillRows(bool force)
         const QScopedValueRollback filling(filling_, true);
         pendingRow_ = -1;
         for (int index = 0; index < shape_.VisibleRows; ++index) {
-            const bool used = rows_.RowIsUsed(topRow_ + index);
+            const bool used = rows_.IsRowUsed(topRow_ + index);
             for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
                 Cell& cell = CellAt(index, column);
                 FillCell(cell, used);
@@ -178,7 +176,7 @@ void EditorGrid::FillRows(bool force)
         }
     }
     for (Cell& cell : cells_)
-        Colour(cell);
+        ColourCell(cell);
 }
 
 void EditorGrid::FillCell(Cell& cell, bool used)
@@ -189,7 +187,7 @@ void EditorGrid::FillCell(Cell& cell, bool used)
         static_cast<QLabel*>(cell.Control)->setText(QString::number(row + shape_.FirstLabel));
         break;
     case CellKind::Check:
-        static_cast<QCheckBox*>(cell.Control)->setChecked(used && rows_.CellIsChecked(row, cell.Column));
+        static_cast<QCheckBox*>(cell.Control)->setChecked(used && rows_.IsCellChecked(row, cell.Column));
         break;
     default:
         auto* textBox = static_cast<QLineEdit*>(cell.Control);
@@ -209,15 +207,15 @@ void EditorGrid::RefreshCells(int row, const std::vector<int>& columns)
         return;
     const QScopedValueRollback filling(filling_, true);
     for (const int column : columns)
-        FillCell(CellAt(index, column), rows_.RowIsUsed(row));
+        FillCell(CellAt(index, column), rows_.IsRowUsed(row));
 }
 
-void EditorGrid::Colour(Cell& cell)
+void EditorGrid::ColourCell(Cell& cell)
 {
     if (columns_[static_cast<size_t>(cell.Column)].Kind == CellKind::RowLabel)
         return;
     CellState state = CellState::Plain;
-    if (shape_.MarksRow && topRow_ + cell.Index == currentRow_)
+    if (shape_.HighlightsRow && topRow_ + cell.Index == currentRow_)
         state = CellState::CurrentRow;
     if (cell.Control == focused_)
         state = CellState::Focused;
@@ -230,7 +228,7 @@ void EditorGrid::Colour(Cell& cell)
 void EditorGrid::ColourRow(int index)
 {
     for (int column = 0; index >= 0 && column < static_cast<int>(columns_.size()); ++column)
-        Colour(CellAt(index, column));
+        ColourCell(CellAt(index, column));
 }
 
 void EditorGrid::SetCurrent(int row, int column)
@@ -269,7 +267,7 @@ void EditorGrid::CellSetFocus(int row, int column)
     control->setFocus(Qt::OtherFocusReason);
     SetCurrent(row, column);
     if (auto* textBox = qobject_cast<QLineEdit*>(control))
-        textBox->setSelection(0, kMarkWholeText);
+        textBox->selectAll();
 }
 
 bool EditorGrid::Commit()
@@ -299,7 +297,7 @@ bool EditorGrid::CheckVisibleCell(int index, int column)
     const int row = topRow_ + index;
     auto* textBox = qobject_cast<QLineEdit*>(CellAt(index, column).Control);
     QString text = textBox == nullptr ? QString() : textBox->text();
-    if (textBox != nullptr && rows_.RowIsUsed(row) && !rows_.CheckCell(row, column, text))
+    if (textBox != nullptr && rows_.IsRowUsed(row) && !rows_.CheckCell(row, column, text))
         return false;
     if (row == pendingRow_ && column == pendingColumn_)
         pendingRow_ = -1;
@@ -368,8 +366,8 @@ void EditorGrid::ResetCurrent()
     currentRow_ = 0;
     if (HasInput(currentColumn_))
         return;
-    const auto isTyped = [](const GridColumn& column) { return column.MaxLength > 0; };
-    currentColumn_ = static_cast<int>(std::find_if(columns_.begin(), columns_.end(), isTyped) - columns_.begin());
+    const auto isEditable = [](const GridColumn& column) { return column.MaxLength > 0; };
+    currentColumn_ = static_cast<int>(std::find_if(columns_.begin(), columns_.end(), isEditable) - columns_.begin());
 }
 
 void EditorGrid::FocusCurrent()

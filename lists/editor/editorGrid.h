@@ -1,5 +1,5 @@
-// lists/editor/editorGrid.h: the grid of the list editors: a page of real cells over a longer table. It knows columns
-// and rows, not what they mean: the editor answers for the contents.
+// lists/editor/editorGrid.h: the grid of the list editors: one page of cell controls that scrolls over a longer table.
+// The contents come from the editor (`GridRows`).
 #pragma once
 
 #include "app/text/textNumber.h"
@@ -17,43 +17,43 @@ enum class CellKind {
     RowLabel, ///< the row's number
     Check, ///< a check box without text
     Text,
-    Number ///< a text with its digits to the right
+    Number ///< right-aligned text
 };
 
-/// A column; its place in the description is its number.
+/// A column; its index in the list of columns is its number.
 struct GridColumn {
-    const char* Name; ///< control name of its cells, without the index
+    const char* Name; ///< of its cells, without the index
     CellKind Kind;
     TextNumber<0> HeaderText;
-    int MaxLength; ///< characters that a text cell takes; 0 for one that only shows
-    int WidthDigits; ///< width, in digits of the font; the last column takes what is left
-    bool Sorts = false; ///< a click on its header means something
+    int MaxLength; ///< characters that can be typed; 0: read-only
+    int WidthDigits; ///< width in digits of the font; the last column takes the rest
+    bool Sorts = false; ///< its header can be clicked
 };
 
 struct GridShape {
     int Rows;
     int FirstLabel = 0; ///< label of row 0
     int VisibleRows = 20;
-    bool MarksRow = false; ///< the current row has a colour of its own
-    bool PlainWindowText = false; ///< plain cells show their text in the window-text instead of the button-text colour
+    bool HighlightsRow = false; ///< the current row has its own colour
+    bool PlainWindowText = false; ///< plain cells use the window-text instead of the button-text colour
     int CellHelp = 0; ///< help number of headers and cells
 };
 
-/// What an editor answers its grid.
+/// Contents and reactions of a grid, implemented by the editor.
 class GridRows {
 public:
     virtual ~GridRows() = default;
 
-    virtual bool RowIsUsed(int row) const = 0;
+    virtual bool IsRowUsed(int row) const = 0;
     virtual QString CellText(int row, int column) const = 0;
-    virtual bool CellIsChecked(int row, int column) const = 0;
+    virtual bool IsCellChecked(int row, int column) const = 0;
 
-    /// The user has changed a cell. Not called while the grid fills itself.
+    /// The user has changed a cell. Not called while the grid is being filled.
     virtual void TextChanged(int row, int column, const QString& text) = 0;
     virtual void CheckChanged(int row, int column, bool checked) = 0;
 
-    /// The focus leaves a cell of a used row: checks `text`, takes it over and answers how the cell shows it.
-    /// False, after a message, keeps the focus.
+    /// The focus leaves a cell of a used row: checks `text`, stores it and sets it to what the cell shows. False, after
+    /// a message, keeps the focus.
     virtual bool CheckCell(int row, int column, QString& text) = 0;
 
     virtual void RowSelected(int row) = 0;
@@ -67,14 +67,9 @@ public:
     /// `rows` outlives the grid.
     EditorGrid(QWidget* parent, GridRows& rows, const GridShape& shape, std::vector<GridColumn> columns);
 
-    /// Shows the page at the scroll bar's value. The same page is not filled again, only marked, unless `force`.
+    /// Shows the page at the scroll bar's value. If that page is shown already, only the colours are updated, unless
+    /// `force`.
     void FillRows(bool force);
-
-    /// True while cells are being filled: their changes mean nothing.
-    bool Filling() const
-    {
-        return filling_;
-    }
 
     int TopRow() const
     {
@@ -89,37 +84,37 @@ public:
         return currentColumn_;
     }
 
-    /// A key in a cell: Up, Down, Enter and the page keys change the row; true when it was one of them.
+    /// Up, Down, Enter and the page keys change the row; true if `key` is one of them.
     bool CellKeyDown(int column, int key, int shift);
 
-    /// Gives the focus to a cell of the shown page and marks its text. Columns without input are ignored.
+    /// Moves the focus to a visible cell and selects its text. Columns without input are ignored.
     void CellSetFocus(int row, int column);
 
-    /// Checks what was typed into a cell and not yet taken over. False keeps the focus there.
+    /// Checks the cell that is being edited. False keeps the focus there.
     [[nodiscard]] bool Commit();
 
-    /// Checks the cells of the used rows of this page, top down. False with the focus on the first bad one.
+    /// Checks the visible cells of used rows, top down. False with the focus on the first bad one.
     [[nodiscard]] bool CheckPage();
 
-    /// Writes these cells of a shown row anew.
+    /// Refills these cells of a row, if it is visible.
     void RefreshCells(int row, const std::vector<int>& columns);
 
-    /// Moves to the first page without asking for the focus.
+    /// Scrolls to the first page without moving the focus.
     void ScrollToTop();
 
-    /// Brings the current row into view.
+    /// Scrolls the current row into view.
     void ShowCurrentRow();
 
-    /// Makes row 0 the current one again, in the same column, or at first in the one that is typed into.
+    /// Makes row 0 the current one. Keeps the column if it has input, else takes the first editable one.
     void ResetCurrent();
 
-    /// Gives the focus back to the current cell, or to the grid when that is out of view.
+    /// Moves the focus to the current cell, or to the grid if that is not visible.
     void FocusCurrent();
 
-    /// The control that Tab reaches last.
+    /// Last cell in the tab order.
     QWidget* LastInput() const;
 
-    /// The arrow on a header; column -1 for none.
+    /// Shows the sort arrow on a header; column -1: on none.
     void ShowSortMark(int column, bool ascending);
 
     QSize sizeHint() const override;
@@ -157,7 +152,7 @@ private:
     QString CellName(int index, int column) const;
 
     void FillCell(Cell& cell, bool used);
-    void Colour(Cell& cell);
+    void ColourCell(Cell& cell);
     void ColourRow(int index);
     void SetCurrent(int row, int column);
     bool CheckVisibleCell(int index, int column);
@@ -176,17 +171,17 @@ private:
     std::vector<GridHeader*> headers_; // children of the grid
     std::vector<Cell> cells_; // row by row; the controls are children of the grid
     QHash<const QObject*, int> placeOf_; // index into cells_
-    QWidget* focused_ = nullptr; // the cell with the focus, also while another window is on top
+    QWidget* focused_ = nullptr; // the cell with the focus, also while another window is active
     QScrollBar* VScroll1 = nullptr;
     CellPalettes palettes_;
     int topRow_ = -1;
     int currentRow_ = 0;
     int currentColumn_ = 0;
-    int wheelTurn_ = 0; // of the wheel, not yet a whole row
-    int pendingRow_ = -1; // a cell whose text the editor has not checked yet
+    int wheelDelta_ = 0; // remainder of less than a row
+    int pendingRow_ = -1; // edited cell that is not checked yet; -1: none
     int pendingColumn_ = -1;
     bool filling_ = false;
-    bool moving_ = false; // the grid itself moves the scroll bar
+    bool moving_ = false; // the scroll bar is moved by the grid
 };
 
 } // namespace tarvik

@@ -14,7 +14,7 @@ namespace {
 constexpr QRgb kCurrentRowColour = 0xFFBBBB55;
 constexpr QRgb kFocusedColour = 0xFFEEEE88;
 constexpr int kTextMarginPx = 5;
-constexpr int kEditMarginPx = 2; ///< what a line edit keeps free by itself
+constexpr int kEditMarginPx = 2; ///< built into QLineEdit
 
 QPalette CellPalette(QPalette palette, const QColor& background, const QColor& text)
 {
@@ -25,14 +25,14 @@ QPalette CellPalette(QPalette palette, const QColor& background, const QColor& t
     return palette;
 }
 
-/// The system's window text where it can be read on the fixed light backgrounds.
+/// The system's text colour if it is dark, else black.
 QColor TextOnFixedBackground(const QPalette& palette)
 {
     const QColor text = palette.color(QPalette::Active, QPalette::Text);
     return IsDark(text) ? text : QColor(Qt::black);
 }
 
-/// Colours of a check box that stands out of its cell: white on the fixed backgrounds, a visible frame on dark ones.
+/// Makes a check box visible in its cell: white on the fixed backgrounds, with a light frame on dark ones.
 QPalette IndicatorPalette(QPalette cell, const QPalette& system)
 {
     if (cell.color(QPalette::Base) != system.color(QPalette::Base)) {

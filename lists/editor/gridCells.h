@@ -1,5 +1,4 @@
-// lists/editor/gridCells.h: the controls that a list editor's grid is made of, light enough to be filled and drawn by
-// the page.
+// lists/editor/gridCells.h: the controls of a list editor's grid, cheap enough to refill and repaint a page per key.
 #pragma once
 
 #include <QCheckBox>
@@ -10,17 +9,17 @@
 
 namespace tarvik {
 
-/// Colours of a cell. The backgrounds of a marked row and of a focused cell are fixed light ones.
+/// Selects the colours of a cell. The backgrounds of CurrentRow and Focused are fixed and light.
 enum class CellState { Plain, CurrentRow, Focused };
 inline constexpr int kCellStates = 3;
 using CellPalettes = std::array<QPalette, kCellStates>;
 
-/// The colours of each state, made from the system's `palette`: plain cells in the window colour with button-text (or,
-/// with `plainWindowText`, window-text) colour; the others in window-text colour on BB BB 55 and EE EE 88. Where the
-/// system writes light on dark, text on these two is black, since light text could not be read on them.
+/// Palettes by state, derived from the system's `palette`: plain cells with button-text (with `plainWindowText`:
+/// window-text) colour on the base colour; the others with window-text colour on BB BB 55 and EE EE 88. If the system's
+/// text is light, text on these two is black.
 CellPalettes MakeCellPalettes(const QPalette& palette, bool plainWindowText);
 
-/// Text cell: a line edit without frame.
+/// Text cell.
 class GridText final : public QLineEdit {
     Q_OBJECT
 public:
@@ -30,7 +29,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// Check box cell: the box in the middle of the cell, all of which can be clicked.
+/// Check box cell: the box is centred, the whole cell can be clicked.
 class GridCheck final : public QCheckBox {
     Q_OBJECT
 public:
@@ -41,7 +40,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// Number of a row, left of its cells.
+/// Number of a row.
 class GridRowLabel final : public QLabel {
     Q_OBJECT
 public:
@@ -53,7 +52,7 @@ protected:
 
 enum class SortMark { None, Up, Down };
 
-/// Header of a column, drawn as the system draws headers.
+/// Header of a column, in the system's style.
 class GridHeader final : public QLabel {
     Q_OBJECT
 public:

@@ -1,4 +1,4 @@
-// Events and geometry of the grid.
+// Events and layout of the grid.
 #include "lists/editor/editorGrid.h"
 
 #include <QApplication>
@@ -18,9 +18,8 @@ constexpr int kRowPaddingPx = 8;
 constexpr int kHeaderPaddingPx = 12;
 constexpr int kColumnPaddingPx = 14;
 
-/// True when the focus moves within the program's windows by the user's or the program's doing, not because another
-/// window or a menu is on top for a while.
-bool FocusReallyMoves(const QEvent* event)
+/// False if another window or a menu takes the focus only for a while.
+bool IsFocusMoved(const QEvent* event)
 {
     const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
@@ -42,9 +41,9 @@ bool EditorGrid::OnCellEvent(Cell& cell, QEvent* event)
         SetCurrent(topRow_ + cell.Index, cell.Column);
         return false;
     case QEvent::FocusOut:
-        if (FocusReallyMoves(event)) {
+        if (IsFocusMoved(event)) {
             focused_ = nullptr;
-            Colour(cell);
+            ColourCell(cell);
         }
         return false;
     case QEvent::KeyPress:
@@ -66,7 +65,7 @@ bool EditorGrid::OnCellKey(const Cell& cell, const QKeyEvent* event)
 
 bool EditorGrid::OnRowClicked(const Cell& cell)
 {
-    const int row = topRow_ + cell.Index; // a failed check may scroll
+    const int row = topRow_ + cell.Index; // before Commit, which may scroll
     if (Commit())
         CellSetFocus(row, currentColumn_);
     return true;
@@ -75,7 +74,7 @@ bool EditorGrid::OnRowClicked(const Cell& cell)
 bool EditorGrid::OnDoubleClick(const Cell& cell)
 {
     if (columns_[static_cast<size_t>(cell.Column)].Kind == CellKind::Check)
-        return false; // two quick clicks are two changes
+        return false; // toggles twice
     const int row = topRow_ + cell.Index;
     if (Commit())
         rows_.RowOpened(row);
@@ -90,12 +89,12 @@ void EditorGrid::keyPressEvent(QKeyEvent* event)
 
 void EditorGrid::wheelEvent(QWheelEvent* event)
 {
-    constexpr int kNotch = 120; // eighths of a degree
+    constexpr int kWheelNotch = 120; // eighths of a degree
     const int rows = QApplication::wheelScrollLines();
-    wheelTurn_ += event->angleDelta().y() * rows;
-    VScroll1->setValue(VScroll1->value() - wheelTurn_ / kNotch);
-    wheelTurn_ %= kNotch; // fine turns of a touch pad add up
-    event->accept(); // at the table's ends the wheel moves nothing else
+    wheelDelta_ += event->angleDelta().y() * rows;
+    VScroll1->setValue(VScroll1->value() - wheelDelta_ / kWheelNotch);
+    wheelDelta_ %= kWheelNotch; // small deltas of a touch pad add up
+    event->accept(); // also at the table's ends: no parent scrolls
 }
 
 void EditorGrid::changeEvent(QEvent* event)
@@ -112,7 +111,7 @@ void EditorGrid::changeEvent(QEvent* event)
         updateGeometry();
 }
 
-/// The lines between the cells; all else is covered by controls.
+/// Draws the lines between the cells; controls cover the rest.
 void EditorGrid::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

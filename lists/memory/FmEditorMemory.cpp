@@ -8,7 +8,6 @@
 #include "lists/memory/fmEditorMemoryListProp.h"
 #include "lists/memory/memoryCells.h"
 #include "lists/memory/memoryEntry.h"
-#include "lists/memory/memoryList.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
@@ -25,7 +24,7 @@ constexpr int kFrequencyLength = 13;
 GridShape MemoryGrid()
 {
     GridShape shape{ kMemoryRows };
-    shape.MarksRow = true;
+    shape.HighlightsRow = true;
     shape.CellHelp = HelpId::MemoryEditorCell;
     return shape;
 }
@@ -100,7 +99,7 @@ bool FmEditorMemory::WriteList(const QString& path, const QString& name, const Q
     return WriteMemoryList(path, table_);
 }
 
-bool FmEditorMemory::RowIsUsed(int row) const
+bool FmEditorMemory::IsRowUsed(int row) const
 {
     return table_.Row(row).Used;
 }
@@ -110,7 +109,7 @@ QString FmEditorMemory::CellText(int row, int column) const
     return MemoryCellText(table_.Row(row), column);
 }
 
-bool FmEditorMemory::CellIsChecked(int row, int) const
+bool FmEditorMemory::IsCellChecked(int row, int) const
 {
     return table_.Row(row).Status != 0;
 }
@@ -142,7 +141,7 @@ bool FmEditorMemory::CheckCell(int row, int column, QString& text)
     const MemoryRecord before = table_.Row(row);
     const bool passed = CheckMemoryCell(table_.Row(row), column, text);
     if (table_.Row(row) != before)
-        SetDirty(); // a value beyond the limits is corrected also when nobody typed in its cell
+        SetDirty(); // a value outside the limits is clamped even if its cell was not edited
     return passed;
 }
 
@@ -158,10 +157,10 @@ void FmEditorMemory::RowOpened(int)
 
 void FmEditorMemory::HeaderClicked(int column)
 {
-    const int key = MemorySortKeyOfHeader(column, CbSort->currentIndex());
-    if (key < 0 || !Grid().Commit())
+    const std::optional<MemorySortKey> key = MemorySortKeyOfHeader(column, SortKey());
+    if (!key || !Grid().Commit())
         return;
-    CbSort->setCurrentIndex(key);
+    CbSort->setCurrentIndex(static_cast<int>(*key));
     OnSort();
     Grid().FocusCurrent();
 }
@@ -172,8 +171,7 @@ void FmEditorMemory::OnSort()
         return;
     SetDirty();
     ShowFromTop();
-    const int key = CbSort->currentIndex();
-    Grid().ShowSortMark(MemoryHeaderOfSortKey(key), MemorySortIsAscending(key));
+    Grid().ShowSortMark(MemoryHeaderOfSortKey(SortKey()), IsAscending(SortKey()));
 }
 
 bool FmEditorMemory::SortMemoryList()
@@ -181,7 +179,12 @@ bool FmEditorMemory::SortMemoryList()
     table_.MemoryListName = ListName();
     table_.MemoryListDescription = ListDescription();
     const BusyPointer busy(*this);
-    return tarvik::SortMemoryList(table_, CbSort->currentIndex());
+    return tarvik::SortMemoryList(table_, SortKey());
+}
+
+MemorySortKey FmEditorMemory::SortKey() const
+{
+    return static_cast<MemorySortKey>(CbSort->currentIndex());
 }
 
 void FmEditorMemory::ShowEditorDialog()
@@ -194,11 +197,11 @@ void FmEditorMemory::ShowEditorDialog()
     MemoryEntry() = before;
     fmEditorMemoryListProp dialog(this);
     const bool isCancelled = DialogShow(dialog) != 0;
-    table_.Row(row) = MemoryEntry(); // also after a cancel: what a refused OK had taken stays
+    table_.Row(row) = MemoryEntry(); // also if cancelled: a refused OK has stored some values
     if (table_.Row(row).Used && !before.Used)
         UseMemoryRow(table_, row);
     if (!isCancelled && table_.Row(row) != before)
-        SetDirty(); // OK on an unused row changes it though no control was touched
+        SetDirty(); // OK on an unused row changes it even if no control was changed
     Grid().FillRows(true);
     RowSelected(row);
     Grid().FocusCurrent();

@@ -2,17 +2,17 @@
 #pragma once
 
 #include "lists/editor/FmEditorBase.h"
-#include "lists/memory/memoryRecord.h"
+#include "lists/memory/memoryList.h"
 
 namespace tarvik {
 
-/// Edits one memory list: the three most used columns in place, all fields in the entry dialog.
+/// Edits one memory list: status, frequency and description in the grid, all fields in the entry dialog.
 class FmEditorMemory final : public FmEditorBase {
     Q_OBJECT
 public:
     explicit FmEditorMemory(QWidget* parent = nullptr);
 
-    /// Sorts the rows by the key that `CbSort` shows; false after a message.
+    /// Sorts the rows by the key selected in `CbSort`; false after a message.
     bool SortMemoryList();
 
     /// Opens the entry dialog for the current row.
@@ -25,9 +25,9 @@ protected:
     void OnEditorLoad() override;
     void OnListShown() override;
 
-    bool RowIsUsed(int row) const override;
+    bool IsRowUsed(int row) const override;
     QString CellText(int row, int column) const override;
-    bool CellIsChecked(int row, int column) const override;
+    bool IsCellChecked(int row, int column) const override;
     void TextChanged(int row, int column, const QString& text) override;
     void CheckChanged(int row, int column, bool checked) override;
     bool CheckCell(int row, int column, QString& text) override;
@@ -40,6 +40,7 @@ private:
     void OnSort();
     void OnDelete();
     void OnChanged(int row, int column);
+    MemorySortKey SortKey() const;
 
     MemoryTable table_;
     QComboBox* CbSort = nullptr;

@@ -24,7 +24,7 @@ constexpr int kNumberLength = 13;
 constexpr int kStatusAccepted = 0;
 constexpr int kStatusCancelled = 1;
 
-/// Keeps cursor and mark of a text that stays the same.
+/// Keeps cursor and selection if the text does not change.
 void ShowText(QLineEdit* textBox, const QString& text)
 {
     if (textBox->text() != text)
@@ -181,7 +181,7 @@ bool fmEditorMemoryListProp::OnLoad()
     DialogPush(*this, false);
     setWindowTitle(MemoryEntryTitle());
     {
-        const QScopedValueRollback dirty(Editor().EditorDirty); // filling the controls is no change
+        const QScopedValueRollback dirty(Editor().EditorDirty); // filling the controls changes nothing
         ShowFields(FieldsOfMemoryEntry());
     }
     TbFrequency->setFocus(Qt::TabFocusReason);
@@ -267,7 +267,7 @@ QWidget* fmEditorMemoryListProp::ControlOf(MemoryEntryField field) const
 
 void fmEditorMemoryListProp::OnOk()
 {
-    if (!CheckFocused(this)) // a mnemonic takes the focus from no control
+    if (!CheckFocused(this)) // a mnemonic does not move the focus
         return;
     MemoryEntryFields fields = Fields();
     const MemoryEntryField failed = AcceptMemoryEntry(fields);

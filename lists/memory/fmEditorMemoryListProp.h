@@ -41,7 +41,7 @@ private:
     void OnDelete();
 
     bool dirtyBefore_ = false;
-    bool accepted_ = false; // ended by OK or Delete
+    bool accepted_ = false; // closed by OK or Delete
     QLineEdit* TbFrequency = nullptr;
     QComboBox* CbModulation = nullptr;
     QComboBox* CbBandwidth = nullptr;

@@ -37,16 +37,16 @@ bool CheckDescription(MemoryRecord& record, const QString& text)
 
 QString MemoryCellText(const MemoryRecord& record, int column)
 {
-    if (column == MemoryColumnNumber)
+    if (column == kMemoryColumnNumber)
         return CellText(record.Number, kNumberCell);
     if (!record.Used)
         return {};
     switch (column) {
-    case MemoryColumnFrequency:
+    case kMemoryColumnFrequency:
         return CellText(record.Frequency, kMegahertzCell);
-    case MemoryColumnDemodulation:
+    case kMemoryColumnDemodulation:
         return CodeToStr(kDemodulationCodes, record.Demodulation);
-    case MemoryColumnDescription:
+    case kMemoryColumnDescription:
         return record.Description;
     default:
         return {};
@@ -55,15 +55,15 @@ QString MemoryCellText(const MemoryRecord& record, int column)
 
 bool CheckMemoryCell(MemoryRecord& record, int column, QString& text)
 {
-    if (column == MemoryColumnFrequency)
+    if (column == kMemoryColumnFrequency)
         return CheckFrequency(record, text);
-    return column != MemoryColumnDescription || CheckDescription(record, text);
+    return column != kMemoryColumnDescription || CheckDescription(record, text);
 }
 
 std::vector<int> ColumnsOfNewMemoryRow(int typedColumn)
 {
-    std::vector<int> columns{ MemoryColumnNumber, MemoryColumnStatus, MemoryColumnDemodulation,
-        MemoryColumnDescription };
+    std::vector<int> columns{ kMemoryColumnNumber, kMemoryColumnStatus, kMemoryColumnDemodulation,
+        kMemoryColumnDescription };
     std::erase(columns, typedColumn);
     return columns;
 }

@@ -1,29 +1,26 @@
-// lists/memory/memoryCells.h: what the cells of the memory grid show and take.
+// lists/memory/memoryCells.h: contents and checks of the memory grid's cells.
 #pragma once
 
 #include "lists/memory/memoryRecord.h"
 
 namespace tarvik {
 
-/// Columns of the grid; headers and controls are numbered by them.
-enum MemoryColumn {
-    MemoryColumnRow = 0,
-    MemoryColumnStatus = 1, ///< check box
-    MemoryColumnNumber = 2,
-    MemoryColumnFrequency = 3,
-    MemoryColumnDemodulation = 4,
-    MemoryColumnDescription = 5
-};
+/// Indexes of the grid's columns, part of the names of headers and cells.
+inline constexpr int kMemoryColumnStatus = 1; ///< check box
+inline constexpr int kMemoryColumnNumber = 2;
+inline constexpr int kMemoryColumnFrequency = 3;
+inline constexpr int kMemoryColumnDemodulation = 4;
+inline constexpr int kMemoryColumnDescription = 5;
 
-/// Text of a cell. An unused row shows its number only.
+/// Text of a cell. An unused row shows only its number.
 QString MemoryCellText(const MemoryRecord& record, int column);
 
-/// Checks what stands in a cell of a used row and takes it over; `text` becomes what the cell shows. A frequency that
-/// reads as the stored one leaves its digits below 1 Hz alone. False after a message.
+/// Checks the text of a cell of a used row, stores the value and sets `text` to what the cell shows. If a frequency's
+/// text has not changed, its fraction of a Hz is kept. False after a message.
 [[nodiscard]] bool CheckMemoryCell(MemoryRecord& record, int column, QString& text);
 
-/// The cells that show the record's values when typing in `typedColumn` brings a row to life. The frequency is not
-/// one of them: the user owes it.
+/// Columns to refill when a change in `typedColumn` makes the row used: all but that one and the frequency, which the
+/// user still has to type.
 std::vector<int> ColumnsOfNewMemoryRow(int typedColumn);
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// The CSV form of a memory list: 1024 lines of 19 columns, unused rows included.
+// The CSV format of a memory list: 1024 lines of 19 fields, unused rows included.
 #include "app/message/message.h"
 #include "app/text/ansi.h"
 #include "app/text/textId.h"
@@ -14,11 +14,12 @@ namespace tarvik {
 
 namespace {
 
-constexpr qsizetype kColumnsAtLeast = 12;
+constexpr qsizetype kMinColumns = 12;
 
-/// A line as this program writes it, for the size of the file in memory.
+/// For reserving memory.
 constexpr qsizetype kTypicalLineBytes = 160;
 
+/// Indexes of the fields of a line.
 enum Column : qsizetype {
     ColumnUsed,
     ColumnLine,
@@ -41,7 +42,7 @@ enum Column : qsizetype {
     ColumnDfBandwidth
 };
 
-/// The texts of all codes, fetched once for a file.
+/// The texts of all codes, fetched once per file.
 struct MemoryTexts {
     CodeTexts Used{ kUsedStatusCodes };
     CodeTexts Status{ kMemoryStatusCodes };
@@ -86,15 +87,15 @@ private:
 
     bool ReadRow(MemoryRecord& record)
     {
-        return ReadPlace() && ReadNumber(record) && ReadReceiver(record) && ReadSwitches(record)
+        return CheckLineNumber() && ReadNumber(record) && ReadReceiver(record) && ReadSwitches(record)
             && CheckReceiver(record) && ReadDescription(record) && ReadDirectionFinding(record);
     }
 
-    bool ReadPlace() const
+    bool CheckLineNumber() const
     {
         double line = 0;
-        const bool inPlace = rows_.Number(ColumnLine, line) && line == Row();
-        return rows_.Require(inPlace && rows_.FieldCount() >= kColumnsAtLeast, TextId::CsvBadLine);
+        const bool isInOrder = rows_.Number(ColumnLine, line) && line == Row();
+        return rows_.Require(isInOrder && rows_.FieldCount() >= kMinColumns, TextId::CsvBadLine);
     }
 
     bool ReadNumber(MemoryRecord& record)
@@ -141,8 +142,8 @@ private:
             || rows_.Text(ColumnDescription, record.Description, kTextLength, TextId::CsvBadEntryDescription);
     }
 
-    /// All of these columns or none. The DF squelch is read with the texts of the plain squelch, so that a third
-    /// value, which the writer knows, is refused.
+    /// All of these columns or none. The DF squelch is read with the texts of the receiver's squelch, so its third
+    /// value, Gate, is written but refused here.
     bool ReadDirectionFinding(MemoryRecord& record) const
     {
         if (rows_.FieldCount() <= ColumnDfSquelchStatus)
@@ -189,8 +190,8 @@ void WriteRow(CsvWriter& writer, const MemoryTexts& texts, int row, std::int16_t
     writer.EndLine();
 }
 
-/// A file with a field that holds a separator, or with one number twice, could not be read back.
-bool CanBeReadBack(const MemoryTable& table, const CsvHeader& header, int rowWithNumberTwice)
+/// False, after a message, if a text contains a separator or a number occurs twice.
+bool CanBeReadBack(const MemoryTable& table, const CsvHeader& header, int duplicateRow)
 {
     if (!CsvCanHold(header))
         return false;
@@ -200,18 +201,18 @@ bool CanBeReadBack(const MemoryTable& table, const CsvHeader& header, int rowWit
         MsgOkNum(TextId::CsvBadEntryDescription, row + 1);
         return false;
     }
-    if (rowWithNumberTwice >= 0)
-        MsgOkNum(TextId::CsvBadMemoryNumber, rowWithNumberTwice + 1);
-    return rowWithNumberTwice < 0;
+    if (duplicateRow >= 0)
+        MsgOkNum(TextId::CsvBadMemoryNumber, duplicateRow + 1);
+    return duplicateRow < 0;
 }
 
-/// A file in memory, or nothing after a message.
+/// The file in memory; nothing after a message.
 std::optional<CsvWriter> BuildFile(const MemoryTable& table)
 {
-    int rowWithNumberTwice = -1;
-    const std::vector<std::int16_t> numbers = DistinctMemoryNumbers(table, rowWithNumberTwice);
+    int duplicateRow = -1;
+    const std::vector<std::int16_t> numbers = DistinctMemoryNumbers(table, duplicateRow);
     const CsvHeader header{ table.MemoryListName, table.MemoryListDescription };
-    if (!CanBeReadBack(table, header, rowWithNumberTwice))
+    if (!CanBeReadBack(table, header, duplicateRow))
         return {};
     const MemoryTexts texts;
     CsvWriter writer(kMemoryRows * kTypicalLineBytes);

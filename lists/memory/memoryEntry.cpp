@@ -13,10 +13,10 @@ namespace tarvik {
 
 namespace {
 
-/// The last demodulation that the dialog shows as it is.
+/// Demodulations above it are shown as 0.
 constexpr int kLastShownDemodulation = 3;
 
-/// Checks a text; a value whose text did not change keeps the digits that the text does not show.
+/// Checks and stores a number. If the text has not changed, `value` keeps digits that the text does not show.
 bool CheckReal(QString& text, double& value, Range<double> limits, const CellFormat& format)
 {
     const QString shown = CellText(value, format);
@@ -54,7 +54,7 @@ bool CheckDescription(const QString& text)
     return false;
 }
 
-bool Allow(std::int16_t allowed, TextNumber<0> message)
+bool Require(std::int16_t allowed, TextNumber<0> message)
 {
     if (allowed == 0)
         MsgOk(message);
@@ -71,41 +71,41 @@ bool CheckPair(MemoryEntryField field, const MemoryEntryFields& fields)
     const TvFioApi& store = TvFio();
     switch (field) {
     case MemoryEntryField::Bandwidth:
-        return Allow(store.CheckBandwidthAndDemodulation(Code(fields.Bandwidth), Code(fields.Demodulation)),
+        return Require(store.CheckBandwidthAndDemodulation(Code(fields.Bandwidth), Code(fields.Demodulation)),
             TextId::BandwidthNotPossible);
     case MemoryEntryField::AfcStatus:
-        return Allow(store.CheckAutoFreqControlAndDemodulation(Code(fields.AfcStatus), Code(fields.Demodulation)),
+        return Require(store.CheckAutoFreqControlAndDemodulation(Code(fields.AfcStatus), Code(fields.Demodulation)),
             TextId::AfcNotPossible);
     case MemoryEntryField::FrequencySpan:
-        return Allow(
+        return Require(
             store.CheckIfPanSpanAndIfPanStep(Code(fields.FrequencySpan), Code(fields.DfStep)), TextId::SpanNotPossible);
     default:
         return true;
     }
 }
 
-/// The index of a combo box; one without a selection leaves the code as it is.
+/// Stores the index of a combo box; without a selection the code is unchanged.
 template <typename Integer>
-void Take(int index, Integer& code)
+void StoreIndex(int index, Integer& code)
 {
     if (index >= 0)
         code = static_cast<Integer>(index);
 }
 
-void TakeRemaining(const MemoryEntryFields& fields, MemoryRecord& record)
+void StoreRemaining(const MemoryEntryFields& fields, MemoryRecord& record)
 {
-    Take(fields.Bandwidth, record.Bandwidth);
-    Take(fields.Demodulation, record.Demodulation);
-    Take(fields.SquelchStatus, record.SquelchStatus);
-    Take(fields.AttenuatorStatus, record.AttenuatorStatus);
-    Take(fields.AfcStatus, record.AfcStatus);
+    StoreIndex(fields.Bandwidth, record.Bandwidth);
+    StoreIndex(fields.Demodulation, record.Demodulation);
+    StoreIndex(fields.SquelchStatus, record.SquelchStatus);
+    StoreIndex(fields.AttenuatorStatus, record.AttenuatorStatus);
+    StoreIndex(fields.AfcStatus, record.AfcStatus);
     record.Description = fields.Description;
-    Take(fields.Status, record.Status);
+    StoreIndex(fields.Status, record.Status);
     record.Used = true;
-    Take(fields.DfSquelchStatus, record.DfSquelchStatus);
-    Take(fields.FrequencySpan, record.FrequencySpan);
-    Take(fields.DfStep, record.DfStep);
-    Take(fields.DfBandwidth, record.DfBandwidth);
+    StoreIndex(fields.DfSquelchStatus, record.DfSquelchStatus);
+    StoreIndex(fields.FrequencySpan, record.FrequencySpan);
+    StoreIndex(fields.DfStep, record.DfStep);
+    StoreIndex(fields.DfBandwidth, record.DfBandwidth);
 }
 
 } // namespace
@@ -148,7 +148,7 @@ bool CheckMemoryEntryField(MemoryEntryField field, MemoryEntryFields& fields)
 {
     if (field == MemoryEntryField::Description)
         return CheckDescription(fields.Description);
-    MemoryRecord scratch = MemoryEntry(); // leaving a control stores nothing yet
+    MemoryRecord scratch = MemoryEntry(); // nothing is stored before OK
     return CheckNumber(field, fields, scratch);
 }
 
@@ -160,7 +160,7 @@ MemoryEntryField AcceptMemoryEntry(MemoryEntryFields& fields)
         if (!CheckNumber(field, fields, MemoryEntry()) || !CheckPair(field, fields))
             return field;
     }
-    TakeRemaining(fields, MemoryEntry());
+    StoreRemaining(fields, MemoryEntry());
     return Field::None;
 }
 

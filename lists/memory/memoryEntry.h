@@ -1,14 +1,14 @@
-// lists/memory/memoryEntry.h: the entry that the entry dialog edits, and the rules of its OK.
+// lists/memory/memoryEntry.h: the memory entry in the entry dialog, and the dialog's rules.
 #pragma once
 
 #include "lists/memory/memoryRecord.h"
 
 namespace tarvik {
 
-/// The caller puts a row here, runs the dialog, and takes the row back, whatever the dialog ended with.
+/// The edited entry. The caller copies a row here, shows the dialog, and copies the row back even if it is cancelled.
 MemoryRecord& MemoryEntry();
 
-/// What the dialog's controls show: texts of the text boxes, indexes of the combo boxes (each index is a code).
+/// Contents of the dialog's controls: texts of text boxes, indexes of combo boxes, which are codes.
 struct MemoryEntryFields {
     QString Frequency; ///< MHz
     int Demodulation = 0;
@@ -28,7 +28,7 @@ struct MemoryEntryFields {
     int DfBandwidth = 0;
 };
 
-/// The controls that a check can fail on; None when all passed.
+/// The controls whose check can fail; None: all passed.
 enum class MemoryEntryField {
     None,
     Frequency,
@@ -42,20 +42,20 @@ enum class MemoryEntryField {
     Description
 };
 
-/// `MemoryEntry` as the dialog shows it. Demodulations above 3 show as the first one, and OK then stores that.
+/// `MemoryEntry` as shown in the dialog. Demodulations above 3 are shown as 0, which OK then stores.
 MemoryEntryFields FieldsOfMemoryEntry();
 
-/// Title of the dialog: with the entry's number.
+/// Title of the dialog, with the entry's number.
 QString MemoryEntryTitle();
 
-/// Checks one text control on leaving; `fields` gets the text as it is then shown. False after a message.
+/// Checks a text box when the focus leaves it, and formats its text in `fields`. Stores nothing. False after a message.
 [[nodiscard]] bool CheckMemoryEntryField(MemoryEntryField field, MemoryEntryFields& fields);
 
-/// OK: runs the checks in their order and stores the values. The first failure shows its message and names the
-/// control; the numbers that passed before it stay in `MemoryEntry`, also when the dialog is cancelled afterwards.
+/// OK: checks the fields in order and stores the values. Returns the first control that fails, after its message;
+/// numbers that passed before it stay in `MemoryEntry`, even if the dialog is then cancelled.
 [[nodiscard]] MemoryEntryField AcceptMemoryEntry(MemoryEntryFields& fields);
 
-/// Delete: an unused row, all numbers 0.
+/// Delete: makes it an unused row with all numbers 0.
 void DeleteMemoryEntry();
 
 } // namespace tarvik

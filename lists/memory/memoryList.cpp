@@ -13,7 +13,7 @@ namespace {
 
 struct MemoryFamily {
     using Table = MemoryTable;
-    static constexpr StorePlaces kPlaces{};
+    static constexpr StoreSlots kSlots{};
 
     static auto& Name(auto& table)
     {
@@ -84,7 +84,7 @@ bool OpenMemoryList(const QString& path, MemoryTable& table)
     const bool isRead = IsCsvFile(path) ? ReadMemoryListCSVFile(path, table) : ReadMemoryListMRFile(path, table);
     if (!isRead) {
         table = {};
-        static_cast<void>(ClearMemoryList(table)); // a failure has been shown, and the table is empty in any case
+        static_cast<void>(ClearMemoryList(table)); // after a failure the table is empty anyway
     }
     return isRead;
 }
@@ -112,40 +112,46 @@ bool WriteMemoryListMRFile(const QString& path)
     return MayWriteFile(path) && SaveStore<MemoryFamily>(path);
 }
 
-bool SortMemoryList(MemoryTable& table, int key)
+bool SortMemoryList(MemoryTable& table, MemorySortKey key)
 {
     return SortStore<MemoryFamily>(table, TvFio().MemoryListSort, static_cast<std::int16_t>(key));
 }
 
-int MemorySortKeyOfHeader(int column, int present)
+std::optional<MemorySortKey> MemorySortKeyOfHeader(int column, MemorySortKey current)
 {
-    for (const int ascending : { MemorySortNumberUp, MemorySortFrequencyUp, MemorySortDescriptionUp }) {
-        if (MemoryHeaderOfSortKey(ascending) == column)
-            return present == ascending ? ascending + 1 : ascending;
+    const auto toggle = [current](MemorySortKey up, MemorySortKey down) { return current == up ? down : up; };
+    switch (column) {
+    case kMemoryColumnNumber:
+        return toggle(MemorySortKey::NumberUp, MemorySortKey::NumberDown);
+    case kMemoryColumnFrequency:
+        return toggle(MemorySortKey::FrequencyUp, MemorySortKey::FrequencyDown);
+    case kMemoryColumnDescription:
+        return toggle(MemorySortKey::DescriptionUp, MemorySortKey::DescriptionDown);
+    default:
+        return std::nullopt;
     }
-    return -1;
 }
 
-int MemoryHeaderOfSortKey(int key)
+int MemoryHeaderOfSortKey(MemorySortKey key)
 {
     switch (key) {
-    case MemorySortNumberUp:
-    case MemorySortNumberDown:
-        return MemoryColumnNumber;
-    case MemorySortFrequencyUp:
-    case MemorySortFrequencyDown:
-        return MemoryColumnFrequency;
-    case MemorySortDescriptionUp:
-    case MemorySortDescriptionDown:
-        return MemoryColumnDescription;
+    case MemorySortKey::NumberUp:
+    case MemorySortKey::NumberDown:
+        return kMemoryColumnNumber;
+    case MemorySortKey::FrequencyUp:
+    case MemorySortKey::FrequencyDown:
+        return kMemoryColumnFrequency;
+    case MemorySortKey::DescriptionUp:
+    case MemorySortKey::DescriptionDown:
+        return kMemoryColumnDescription;
     default:
         return -1;
     }
 }
 
-bool MemorySortIsAscending(int key)
+bool IsAscending(MemorySortKey key)
 {
-    return key == MemorySortNumberUp || key == MemorySortFrequencyUp || key == MemorySortDescriptionUp;
+    return key == MemorySortKey::NumberUp || key == MemorySortKey::FrequencyUp || key == MemorySortKey::DescriptionUp;
 }
 
 } // namespace tarvik

@@ -14,7 +14,7 @@ bool IsNumber(std::int16_t number)
     return number >= 0 && number < kMemoryRows;
 }
 
-/// Numbers of the rows other than `row`, of the used ones only if `usedOnly`.
+/// Numbers of all rows but `row`; with `usedOnly`, of used ones.
 Numbers NumbersOfOthers(const MemoryTable& table, int row, bool usedOnly)
 {
     Numbers taken;
@@ -37,9 +37,9 @@ std::int16_t LowestFree(const Numbers& taken)
 
 } // namespace
 
-std::vector<std::int16_t> DistinctMemoryNumbers(const MemoryTable& table, int& second)
+std::vector<std::int16_t> DistinctMemoryNumbers(const MemoryTable& table, int& duplicateRow)
 {
-    second = -1;
+    duplicateRow = -1;
     Numbers taken;
     std::vector<std::int16_t> numbers(kMemoryRows);
     const auto take = [&](int row) {
@@ -51,8 +51,8 @@ std::vector<std::int16_t> DistinctMemoryNumbers(const MemoryTable& table, int& s
         return true;
     };
     for (int row = 0; row < kMemoryRows; ++row) {
-        if (table.Row(row).Used && !take(row) && second < 0)
-            second = row;
+        if (table.Row(row).Used && !take(row) && duplicateRow < 0)
+            duplicateRow = row;
     }
     std::vector<int> without;
     for (int row = 0; row < kMemoryRows; ++row) {

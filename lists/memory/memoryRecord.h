@@ -1,4 +1,4 @@
-// lists/memory/memoryRecord.h: one stored receiver setting, and the table of 1024 of them.
+// lists/memory/memoryRecord.h: a memory entry, i.e. one stored receiver setting, and the table of 1024 of them.
 #pragma once
 
 #include <QString>
@@ -28,7 +28,7 @@ struct MemoryRecord {
     std::int16_t FrequencySpan = 0;
     std::int16_t DfStep = 0;
     std::int32_t DfBandwidth = 0; ///< the first of the file's three reserved fields
-    std::int32_t Reserved2 = 0; ///< kept as they are
+    std::int32_t Reserved2 = 0; ///< Reserved2 and Reserved3 are kept unchanged
     std::int32_t Reserved3 = 0;
 
     bool operator==(const MemoryRecord&) const = default;
@@ -36,7 +36,7 @@ struct MemoryRecord {
 
 inline constexpr int kMemoryRows = 1024;
 
-/// A list as an editor holds it: always `kMemoryRows` rows, used or not.
+/// A list in an editor: always `kMemoryRows` rows, used or not.
 struct MemoryTable {
     QString MemoryListName;
     QString MemoryListDescription;
@@ -54,13 +54,12 @@ struct MemoryTable {
     bool operator==(const MemoryTable&) const = default;
 };
 
-/// Brings an unused row to life. It keeps its number unless a used row bears that one already (Delete in the entry
-/// dialog sets it to 0): then it takes the lowest number that no row bears, since two rows with one number can't be
-/// read back from a CSV file.
+/// Makes an unused row used. It keeps its number unless another used row has the same one (Delete in the entry dialog
+/// sets it to 0); then it gets the lowest number that no row has, as a CSV file can't have a number twice.
 void UseMemoryRow(MemoryTable& table, int row);
 
-/// The number of each row for a file in which no two rows may bear the same one. Unused rows give way: they take the
-/// lowest numbers left. When two used rows bear the same number, `second` is the later one; else it is -1.
-std::vector<std::int16_t> DistinctMemoryNumbers(const MemoryTable& table, int& second);
+/// The numbers of all rows for a file in which they must be distinct. Unused rows whose number is taken get the lowest
+/// ones left. `duplicateRow` is the first used row with the number of an earlier one, or -1.
+std::vector<std::int16_t> DistinctMemoryNumbers(const MemoryTable& table, int& duplicateRow);
 
 } // namespace tarvik

@@ -13,7 +13,7 @@ namespace tarvik {
 
 namespace {
 
-/// A failed check reports as asked and answers false.
+/// Shows `message` if `report` is set; false.
 bool Refuse(TextNumber<0> message, bool report)
 {
     if (report)
@@ -29,8 +29,8 @@ bool ReadCell(const QString& text, double& number, CellReport report)
     return StrToDoubleChecked(text, number) || Refuse(TextId::NotANumber, report.Bad);
 }
 
-/// `number` times `scale`. A product that misses a whole number only by the binary form of the decimal digits becomes
-/// that number, so that MHz typed with six decimals are whole Hz.
+/// `number` times `scale`. A product within rounding error of a whole number becomes that number: MHz typed with six
+/// decimals give whole Hz.
 double Scaled(double number, double scale)
 {
     constexpr double kRelativeError = 4 * std::numeric_limits<double>::epsilon();
@@ -55,9 +55,9 @@ QChar DecimalSeparator()
 bool StrToDouble(const QString& text, double& value)
 {
     QString plain = text;
-    const QChar mark = DecimalSeparator();
-    if (mark != u'.' && mark != u',') // a locale with a mark of its own
-        plain.replace(mark, u'.');
+    const QChar separator = DecimalSeparator();
+    if (separator != u'.' && separator != u',')
+        plain.replace(separator, u'.');
     return ReadNumber(plain.toLatin1(), value);
 }
 

@@ -1,4 +1,4 @@
-// lists/values/fieldCheck.h: typed and stored numbers: both decimal notations, limits, and the messages of bad input.
+// lists/values/fieldCheck.h: checks of numbers typed into cells and read from files: notation, limits, messages.
 #pragma once
 
 #include "app/text/textNumber.h"
@@ -9,50 +9,49 @@
 
 namespace tarvik {
 
-/// Second character of one half as the locale writes it.
+/// The decimal separator of the locale.
 QChar DecimalSeparator();
 
-/// Takes both notations, as `ReadNumber` does, and the locale's own mark: "1.234,5" and "1234.5" are the same number,
-/// and "1,000.5" is 1.0005. False leaves `value` alone.
+/// `ReadNumber` for typed text, which may also have the locale's decimal separator. False leaves `value` unchanged.
 [[nodiscard]] bool StrToDouble(const QString& text, double& value);
 
-/// The same for text that `IsNumberText` takes for a number.
+/// As above, but false unless `IsNumberText(text)`.
 [[nodiscard]] bool StrToDoubleChecked(const QString& text, double& value);
 
-/// The same for a field of a file, without the way over QString.
+/// As above for a field of a file, without conversion to QString.
 [[nodiscard]] bool StrToDoubleChecked(QByteArrayView text, double& value);
 
-/// What a check of a cell reports.
+/// Which failures of a cell check show a message.
 struct CellReport {
-    bool Empty = true; ///< message 12771 for an empty text
-    bool Bad = true; ///< message 12765 for a text that is no number
+    bool Empty = true; ///< empty text: 12771
+    bool Bad = true; ///< not a number: 12765
 };
 
-/// How a cell shows its number: picture of the text, and how many units of the model one unit of the text is.
+/// How a cell shows its number: the number picture, and the stored value of 1 in the cell.
 struct CellFormat {
     const char* Picture = "#0";
     double Scale = 1.0;
 };
-inline constexpr CellFormat kMegahertzCell{ "#0.000000", 1000000.0 }; ///< MHz in the cell, Hz in the model
+inline constexpr CellFormat kMegahertzCell{ "#0.000000", 1000000.0 }; ///< MHz in the cell, Hz stored
 inline constexpr CellFormat kLevelCell{ "#0.00", 1.0 };
 
 /// `value` as a cell shows it.
 QString CellText(double value, const CellFormat& format);
 
-/// Checks `text`; the number times the scale, clamped into `limits`, goes into `value` and, formatted, back into
-/// `text`. False leaves both alone, after the message that `report` asks for.
+/// Reads `text`, scales it, clamps it to `limits`, stores it in `value` and formats `text`. False leaves both
+/// unchanged, after the message that `report` selects.
 [[nodiscard]] bool CheckCellScaled(
     QString& text, double& value, Range<double> limits, const CellFormat& format, CellReport report = {});
 
-/// The same without a scale.
+/// As above with scale 1.
 [[nodiscard]] bool CheckCellDouble(
     QString& text, double& value, Range<double> limits, const char* picture, CellReport report = {});
 
-/// The same for a whole number, rounded after clamping, halves away from zero.
+/// As above for an integer: clamped, then rounded, halves away from zero.
 [[nodiscard]] bool CheckCellInt(
     QString& text, std::int16_t& value, Range<std::int16_t> limits, const char* picture, CellReport report = {});
 
-/// Field of a CSV line: clamped into `limits`. A field that is no number shows `messageId` with `line`.
+/// Reads a field of a CSV line, clamped to `limits`. False, after `message` with `line`, if it is not a number.
 [[nodiscard]] bool ParseFieldDouble(
     QByteArrayView field, double& value, Range<double> limits, TextNumber<1> message, int line);
 [[nodiscard]] bool ParseFieldInt(

@@ -1,20 +1,20 @@
-// lists/values/limits.h: the value limits of the present instrument generation, as the list store publishes them.
+// lists/values/limits.h: limits of values for the current instrument generation, as the list store publishes them.
 #pragma once
 
 #include <cstdint>
 
 namespace tarvik {
 
-/// Both ends belong to the range.
+/// Both ends are included.
 template <typename Number>
 struct Range {
     Number Min{};
     Number Max{};
 };
 
-/// Process-wide. Values outside these ranges are no errors where they are typed or read: they are clamped.
+/// Process-wide. Typed or read values outside these ranges are clamped, not refused.
 struct InstrumentLimits {
-    Range<double> FrequencyHz; ///< every frequency in every list
+    Range<double> FrequencyHz; ///< of every list
     Range<double> AntennaConverterOffsetHz;
     Range<double> KFactorLevel; ///< dB/m
     Range<double> SquelchLevel; ///< dBuV
@@ -23,13 +23,13 @@ struct InstrumentLimits {
     Range<std::int16_t> AntennaNr;
     Range<std::int16_t> AntennaCode;
     Range<double> NorthOffset; ///< degrees
-    Range<std::int16_t> AntennaBitPattern; ///< read and kept: the bit fields are bounded by their choice of four
+    Range<std::int16_t> AntennaBitPattern; ///< not used: the bit fields offer four choices
     std::int16_t MaxAntennasIncluded = 0; ///< exclusive
-    Range<std::int16_t> MemoryNr; ///< the CSV reader counts from 0 whatever the minimum is
+    Range<std::int16_t> MemoryNr; ///< the CSV reader accepts numbers from 0, whatever the minimum
 };
 InstrumentLimits& Limits();
 
-/// Refills `Limits()` from the store, in the record's order. A limit that can't be had keeps its value.
+/// Reads `Limits()` from the store, in the order of the fields. Without the store they keep their values.
 void ReadInstrumentLimits();
 
 } // namespace tarvik

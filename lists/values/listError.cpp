@@ -12,7 +12,7 @@ namespace tarvik {
 
 namespace {
 
-/// A run of statuses whose texts are numbered in the same order.
+/// A range of statuses whose texts have consecutive numbers in the same order.
 struct StatusRun {
     int First;
     int Last;

@@ -1,6 +1,6 @@
-// lists/values/storeWalk.h: the way of a list between an editor's table and the list store, the same for the four
-// families whose records are read by index: head, records field by field, load, save, sort. Every failure has been
-// shown when an operation answers false. A correction set passes whole tables to the store and needs no walk.
+// lists/values/storeWalk.h: copies a list between an editor's table and the list store, and loads, saves and sorts it,
+// for the four families whose records are accessed by index. An operation that returns false has shown its message. A
+// correction set is passed as whole tables and does not use this.
 #pragma once
 
 #include "app/platform/paths.h"
@@ -18,7 +18,7 @@ namespace tarvik {
 template <typename... Parameters>
 using StoreCall = void (*)(std::int16_t* status, Parameters...);
 
-/// Runs calls of the store one after another until the first failure, which it shows with `Item`.
+/// Makes calls to the store until the first failure, which it reports with `Item`.
 class StoreRun {
 public:
     int Item = kNoItem;
@@ -33,7 +33,7 @@ public:
         return status_ == 0;
     }
 
-    /// Getters of the list's and of a record's text.
+    /// Gets a text of the list or of a record.
     bool Text(StoreCall<char*, std::int32_t> call, QString& text);
     bool Text(StoreCall<std::int16_t, char*, std::int32_t> call, std::int16_t index, QString& text);
 
@@ -46,7 +46,7 @@ private:
     std::int16_t status_ = 0;
 };
 
-/// The list calls of one family. Of `Commit` and `Insert` it has one.
+/// The list calls of one family, with either `Commit` or `Insert`.
 struct ListCalls {
     StoreCall<> Clear;
     StoreCall<const char*> LoadFile;
@@ -55,29 +55,29 @@ struct ListCalls {
     StoreCall<const char*> SetName;
     StoreCall<char*, std::int32_t> GetDescription;
     StoreCall<const char*> SetDescription;
-    StoreCall<std::int16_t*> GetCount; ///< of places, or of the entries of a dense table
-    StoreCall<std::int16_t> Commit = nullptr; ///< puts the staged fields into a place
+    StoreCall<std::int16_t*> GetCount; ///< number of slots, or of the entries of a dense table
+    StoreCall<std::int16_t> Commit = nullptr; ///< stores the fields set before in a slot
     StoreCall<> Insert = nullptr; ///< appends an entry to a dense table, whose setters take its index
 };
 
-/// How the store's places meet the rows of a table.
-struct StorePlaces {
+/// How slots of the store map to rows of a table.
+struct StoreSlots {
     int FirstIndex = 0; ///< of row 0
-    int FirstItemRead = 1; ///< number of row 0 in messages while reading
+    int FirstItemRead = 1; ///< number of row 0 in messages on reading
     int FirstItemWritten = 1;
-    bool UnusedHaveFields = true; ///< false: an unused place is not read, and its row is an empty record
+    bool UnusedHaveFields = true; ///< false: unused slots are not read; their rows are empty records
 };
 
 // A family is a type with these static members:
 //
-//     using Table = ...;                            // what an editor holds
+//     using Table = ...;                            // an editor's table
 //     auto& Name(auto& table);                      // QString of the table
 //     auto& Description(auto& table);
 //     auto& Rows(auto& table);                      // container of records, each with `bool Used`
-//     StorePlaces kPlaces;
+//     StoreSlots kSlots;
 //     ListCalls Calls();                            // fetched for each operation
-//     void VisitFields(auto& visit, auto& record);  // visit(getter, setter, field) for each field in the store's
-//                                                   // order, with one visit.Used among them
+//     void VisitFields(auto& visit, auto& record);  // visit(getter, setter, field) for each field, in the store's
+//                                                   // order, and once visit.Used
 
 /// Reads one record.
 class RecordReader {
@@ -110,7 +110,7 @@ public:
         ended_ = !used && !readsUnused_;
     }
 
-    /// Of a dense table.
+    /// Dense table: every entry is used.
     void Used(bool& used)
     {
         used = true;
@@ -123,7 +123,7 @@ private:
     bool ended_ = false;
 };
 
-/// Writes one record, which is used.
+/// Writes one used record.
 class RecordWriter {
 public:
     RecordWriter(StoreRun& run, int index)
@@ -160,32 +160,32 @@ private:
     std::int16_t index_;
 };
 
-/// Empties the store's list and names it.
+/// Clears the store's list and sets its name and description.
 bool BeginStoreList(StoreRun& run, const ListCalls& calls, const QString& name, const QString& description);
 
-/// Copies the store's current list into `table`. After a failure the table holds what was read until then.
+/// Copies the store's current list into `table`. After a failure `table` is partly read.
 template <typename Family>
 [[nodiscard]] bool ReadStore(typename Family::Table& table)
 {
-    constexpr StorePlaces kPlaces = Family::kPlaces;
+    constexpr StoreSlots kSlots = Family::kSlots;
     const ListCalls calls = Family::Calls();
     auto& rows = Family::Rows(table);
     StoreRun run;
     std::int16_t count = 0;
     run.Text(calls.GetName, Family::Name(table));
     run.Text(calls.GetDescription, Family::Description(table));
-    if (run(calls.GetCount, &count) && !kPlaces.UnusedHaveFields)
+    if (run(calls.GetCount, &count) && !kSlots.UnusedHaveFields)
         std::fill(rows.begin(), rows.end(), std::decay_t<decltype(rows.front())>());
-    const int held = std::min(count - kPlaces.FirstIndex, static_cast<int>(rows.size()));
+    const int held = std::min(count - kSlots.FirstIndex, static_cast<int>(rows.size()));
     for (int row = 0; row < held && run.Succeeded(); ++row) {
-        run.Item = row + kPlaces.FirstItemRead;
-        RecordReader reader(run, row + kPlaces.FirstIndex, kPlaces.UnusedHaveFields);
+        run.Item = row + kSlots.FirstItemRead;
+        RecordReader reader(run, row + kSlots.FirstIndex, kSlots.UnusedHaveFields);
         Family::VisitFields(reader, rows[static_cast<size_t>(row)]);
     }
     return run.Succeeded();
 }
 
-/// Makes name, description and used rows of `table` the store's current list.
+/// Replaces the store's current list by name, description and used rows of `table`.
 template <typename Family>
 [[nodiscard]] bool WriteStore(const typename Family::Table& table)
 {
@@ -199,8 +199,8 @@ template <typename Family>
         const auto& record = rows[static_cast<size_t>(row)];
         if (!record.Used)
             continue;
-        run.Item = row + Family::kPlaces.FirstItemWritten;
-        const int index = calls.Insert != nullptr ? entries++ : row + Family::kPlaces.FirstIndex;
+        run.Item = row + Family::kSlots.FirstItemWritten;
+        const int index = calls.Insert != nullptr ? entries++ : row + Family::kSlots.FirstIndex;
         if (calls.Insert != nullptr)
             run(calls.Insert);
         RecordWriter writer(run, index);
@@ -211,7 +211,7 @@ template <typename Family>
     return run.Succeeded();
 }
 
-/// Empties the store's list and copies it into `table`, which then has the store's defaults.
+/// Clears the store's list and copies it into `table`, which then has the store's defaults.
 template <typename Family>
 [[nodiscard]] bool ClearStore(typename Family::Table& table)
 {
@@ -235,7 +235,7 @@ template <typename Family>
     return run(Family::Calls().SaveFile, ModulePath(path).constData());
 }
 
-/// Sorts `table` with a call of the store. After a failure the table is as it was.
+/// Sorts `table` with a call of the store. A failure leaves `table` unchanged.
 template <typename Family, typename... Parameters>
 [[nodiscard]] bool SortStore(typename Family::Table& table, StoreCall<Parameters...> sort, Parameters... arguments)
 {

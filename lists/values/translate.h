@@ -1,4 +1,4 @@
-// lists/values/translate.h: the codes of receiver settings and their texts.
+// lists/values/translate.h: codes of receiver settings and their texts.
 #pragma once
 
 #include "app/text/textId.h"
@@ -10,15 +10,15 @@
 
 namespace tarvik {
 
-/// One setting: its codes count from 0, its texts stand in the order of the codes.
+/// One setting. Codes start at 0; the texts have consecutive numbers in the order of the codes.
 struct CodeTable {
     TextNumber<0> FirstText;
     int Count;
-    TextNumber<0> UnknownText; ///< of a code out of range; none for an empty one
-    int NoMatch; ///< code of a text that is none of the table's
+    TextNumber<0> UnknownText; ///< of a code out of range; none: empty text
+    int NoMatch; ///< code of an unknown text
 };
 
-/// Settings with few values: an unknown code is empty, an unknown text -1.
+/// Short tables: an unknown code has no text, an unknown text has code -1.
 inline constexpr CodeTable kMemoryStatusCodes{ TextId::MemoryStatusCodes, 2, {}, -1 };
 inline constexpr CodeTable kSquelchStatusCodes{ TextId::SquelchStatusCodes, 2, {}, -1 };
 inline constexpr CodeTable kAttenuatorStatusCodes{ TextId::AttenuatorStatusCodes, 2, {}, -1 };
@@ -26,7 +26,7 @@ inline constexpr CodeTable kAfcStatusCodes{ TextId::AfcStatusCodes, 2, {}, -1 };
 inline constexpr CodeTable kUsedStatusCodes{ TextId::UsedStatusCodes, 2, {}, -1 };
 inline constexpr CodeTable kDfSquelchStatusCodes{ TextId::DfSquelchStatusCodes, 3, {}, -1 };
 
-/// Settings with many values: an unknown code is text 13500, an unknown text one past the last code.
+/// Long tables: an unknown code has text 13500, an unknown text the code after the last.
 inline constexpr CodeTable kDemodulationCodes{ TextId::DemodulationCodes, 8, TextId::UnknownCode, 8 };
 inline constexpr CodeTable kBandwidthCodes{ TextId::BandwidthCodes, 16, TextId::UnknownCode, 16 };
 inline constexpr CodeTable kFrequencySpanCodes{ TextId::FrequencySpanCodes, 13, TextId::UnknownCode, 13 };
@@ -49,7 +49,7 @@ int StrToAttenuatorStatus(const QString& text);
 int StrToAFCStatus(const QString& text);
 int StrToUsedStatus(const QString& text); ///< 0 free, 1 used
 
-/// The texts of a table as a file holds them, fetched once: for readers and writers of whole lists.
+/// The texts of a table in the encoding of files, fetched once per file.
 class CodeTexts {
 public:
     explicit CodeTexts(const CodeTable& table);
@@ -66,7 +66,7 @@ private:
     CodeTable table_;
     std::vector<QByteArray> texts_;
     QByteArray unknown_;
-    mutable size_t recent_ = 0; ///< where the last search ended: neighbouring rows are alike
+    mutable size_t recent_ = 0; ///< last code found: adjacent rows are often alike
 };
 
 } // namespace tarvik

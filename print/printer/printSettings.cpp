@@ -53,7 +53,7 @@ void PrintLoadSettings(const QString& iniFile)
         settings.Layout[slot] = ReadSlot(iniFile, SlotPrefix(slot));
 }
 
-/// The keys stand in the file by kind, then by slot.
+/// In the file the keys are ordered by kind, then by slot.
 void PrintSaveSettings(const QString& iniFile)
 {
     const PrintSettings& settings = ThePrintSettings();

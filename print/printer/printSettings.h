@@ -1,4 +1,4 @@
-// print/printer/printSettings.h: what of printing outlives a run: the preview's size, and margins and layout of page 0.
+// print/printer/printSettings.h: stored print settings: size of the preview, margins and layout of page 0.
 #pragma once
 
 #include "app/settings/ini.h"
@@ -11,10 +11,10 @@ namespace tarvik {
 
 inline constexpr int kSlotsPerPage = 10;
 
-/// A remembered place on the page.
+/// A stored position on the page.
 struct PageSlot {
-    qint32 Type = 0; ///< window type that it is for; 0 none
-    IniRect Rectangle; ///< inches on the sheet; all -1 while undefined
+    qint32 Type = 0; ///< window type; 0: none
+    IniRect Rectangle; ///< inches on the sheet; all -1: undefined
     bool Title = true;
     bool Outline = true;
     qint32 Order = 0; ///< stacking order, lowest drawn first
@@ -33,7 +33,7 @@ struct PrintSettings {
     float PreviewHeight = 0;
     bool PreviewMaximized = false;
     PageMargins Margins;
-    bool Title = false; ///< of a window without a slot
+    bool Title = false; ///< Title and Border apply to windows without a slot
     bool Border = true;
     std::array<PageSlot, kSlotsPerPage> Layout;
 };

@@ -116,7 +116,7 @@ void Rewrite(const CtlArguments& arguments, Terminal& terminal)
     MemoryTable table;
     if (!ReadMemory(arguments.Operands[0], table, terminal))
         return;
-    if (arguments.Command == CtlCommand::Sort && !SortMemoryList(table, arguments.SortKey))
+    if (arguments.Command == CtlCommand::Sort && !SortMemoryList(table, static_cast<MemorySortKey>(arguments.SortKey)))
         return;
     terminal.SetFile(arguments.Operands[1]);
     if (!WriteMemoryList(arguments.Operands[1], table))

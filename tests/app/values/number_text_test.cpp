@@ -7,13 +7,18 @@ namespace tarvik {
 namespace {
 
 /// -1 for a text that is refused.
-double NumberIn(const char* text)
+double NumberIn(const QByteArray& text)
 {
     double value = -1;
     const bool isRead = ReadNumber(text, value);
-    EXPECT_EQ(isRead, value != -1) << text;
+    EXPECT_EQ(isRead, value != -1) << text.constData();
     return value;
 }
+
+struct NumberCase {
+    const char* Text;
+    double Number;
+};
 
 } // namespace
 
@@ -33,27 +38,41 @@ TEST(NumberText, ABlankThatIsNoneInAFileIsOneInTypedText)
     EXPECT_EQ(NumberIn("\xA0 12"), -1);
 }
 
-TEST(NumberText, EitherMarkIsTheDecimalOne)
+TEST(NumberText, ReadsNumberAtStartInEitherNotation)
 {
-    EXPECT_EQ(NumberIn("12,5"), 12.5);
-    EXPECT_EQ(NumberIn("12.5"), 12.5);
-    EXPECT_EQ(NumberIn("1.234,5"), 1234.5);
-    EXPECT_EQ(NumberIn("1,234.5"), 1.2345);
+    for (const NumberCase& number : {
+             NumberCase{ "12,5", 12.5 },
+             { "12.5", 12.5 },
+             { "1.234,5", 1234.5 },
+             { "1234.5", 1234.5 },
+             { "1,234.5", 1.2345 },
+             { "1,000.5", 1.0005 },
+             { ".5", 0.5 },
+             { "5.", 5 },
+             { "+7", 7 },
+             { " -5.25 ", -5.25 },
+             { "1e3", 1000 },
+             { "1e3x", 1000 },
+             { "12 MHz", 12 },
+             { " +12 MHz 7", 12 },
+             { "146.5 entries", 146.5 },
+             { "12.5 MHz, about", 12.5 },
+         })
+        EXPECT_EQ(NumberIn(number.Text), number.Number) << number.Text;
 }
 
-TEST(NumberText, ANumberEndsAtItsFirstForeignCharacter)
+TEST(NumberText, RefusesAnythingElse)
 {
-    EXPECT_EQ(NumberIn(" +12 MHz 7"), 12);
-    EXPECT_EQ(NumberIn("1e3x"), 1000);
-}
-
-TEST(NumberText, WhatIsNoOneNumberIsRefused)
-{
-    for (const char* text :
-        { "", "abc", "abc12", "-", " -e ", "+-.,", "- 5", "1 2", "1.2.3", "1,2,3", "12-5", "+-3", "1e999" })
+    for (const char* text : { "", " ", "abc", "abc12", "MHz 12", "-", "- e", " -e ", "+-.,", "- 5", "1 2", "1.2.3",
+             "1,2,3", "12-5", "+-3", "--3", "1e999" })
         EXPECT_EQ(NumberIn(text), -1) << text;
-    EXPECT_EQ(NumberIn(QByteArray(400, '0').constData()), 0);
-    EXPECT_EQ(NumberIn(QByteArray(401, '0').constData()), -1);
+}
+
+TEST(NumberText, Takes400Characters)
+{
+    EXPECT_EQ(NumberIn(QByteArray(400, '0')), 0);
+    EXPECT_EQ(NumberIn(QByteArray(401, '0')), -1);
+    EXPECT_EQ(NumberIn(QByteArray(100000, '1')), -1);
 }
 
 } // namespace tarvik

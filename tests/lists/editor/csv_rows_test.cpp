@@ -34,7 +34,7 @@ protected:
 
 } // namespace
 
-TEST_F(CsvRowsTest, LinesAreCountedFromOne)
+TEST_F(CsvRowsTest, LineNumbersStartAtOne)
 {
     CsvRows& at = At("a,b\r\nc\r\nrest");
     EXPECT_EQ(at.Line(), 1);
@@ -48,7 +48,7 @@ TEST_F(CsvRowsTest, LinesAreCountedFromOne)
     EXPECT_EQ(at.Line(), 2);
 }
 
-TEST_F(CsvRowsTest, TheWalkBeginsWhereTheHeaderEnds)
+TEST_F(CsvRowsTest, StartsAfterHeader)
 {
     source.Bytes = "header\r\nrow\r\n";
     source.At = 8;
@@ -58,7 +58,7 @@ TEST_F(CsvRowsTest, TheWalkBeginsWhereTheHeaderEnds)
     EXPECT_EQ(walk.Line(), 1);
 }
 
-TEST_F(CsvRowsTest, RefusalsNameTheLine)
+TEST_F(CsvRowsTest, RefusalShowsLineNumber)
 {
     CsvRows& at = At("a\r\nb\r\n");
     at.Next();
@@ -69,14 +69,14 @@ TEST_F(CsvRowsTest, RefusalsNameTheLine)
     EXPECT_FALSE(at.Refuse(kMessage));
 }
 
-TEST_F(CsvRowsTest, TooManyLinesAreReportedWithTheFile)
+TEST_F(CsvRowsTest, TooManyLinesAreReportedWithFileName)
 {
     const CsvRows& at = At("a\r\n");
     Answers().Expect(12781, { QStringLiteral("a.csv"), QStringLiteral("1") }, Ok);
     EXPECT_FALSE(at.RefuseLength());
 }
 
-TEST_F(CsvRowsTest, ANumberWithoutLimitsShowsNothing)
+TEST_F(CsvRowsTest, NumberWithoutLimitsShowsNoMessage)
 {
     const CsvRows& at = At("x, 1e300,-2.5\r\n");
     double value = 7;
@@ -111,7 +111,7 @@ TEST_F(CsvRowsTest, IntegersAreClampedAndRounded)
     EXPECT_EQ(value, 9);
 }
 
-TEST_F(CsvRowsTest, WhatIsNoNumberIsRefusedAndChangesNothing)
+TEST_F(CsvRowsTest, NonNumberIsRefusedAndChangesNothing)
 {
     const CsvRows& at = At("x\r\n");
     double real = 7;
@@ -126,7 +126,7 @@ TEST_F(CsvRowsTest, WhatIsNoNumberIsRefusedAndChangesNothing)
     EXPECT_EQ(integer, 7);
 }
 
-TEST_F(CsvRowsTest, ATextGivesItsCode)
+TEST_F(CsvRowsTest, TextGivesItsCode)
 {
     const CodeTexts demodulations{ kDemodulationCodes };
     const CsvRows& at = At(QByteArray("x,") + demodulations.TextOf(5).toByteArray() + "\r\n");
@@ -135,7 +135,7 @@ TEST_F(CsvRowsTest, ATextGivesItsCode)
     EXPECT_EQ(code, 5);
 }
 
-TEST_F(CsvRowsTest, ATextWithoutCodeIsRefusedAndChangesNothing)
+TEST_F(CsvRowsTest, UnknownTextIsRefusedAndChangesNothing)
 {
     const CodeTexts demodulations{ kDemodulationCodes };
     const CodeTexts used{ kUsedStatusCodes };
@@ -148,7 +148,7 @@ TEST_F(CsvRowsTest, ATextWithoutCodeIsRefusedAndChangesNothing)
     }
 }
 
-TEST_F(CsvRowsTest, FreeTextIsCut)
+TEST_F(CsvRowsTest, LongTextIsCut)
 {
     const CsvRows& at = At("roof \xE4\r\n");
     QString text;
@@ -160,7 +160,7 @@ TEST_F(CsvRowsTest, FreeTextIsCut)
     EXPECT_EQ(text, "");
 }
 
-TEST_F(CsvRowsTest, FreeTextWithAForbiddenCharacterIsRefused)
+TEST_F(CsvRowsTest, TextWithForbiddenCharacterIsRefused)
 {
     const CsvRows& at = At("ro;of\r\n");
     QString text;

@@ -48,7 +48,7 @@ private:
 
 } // namespace
 
-TEST_F(Csv, FilesHaveCommasAndPointsWhateverTheRegion)
+TEST_F(Csv, FilesHaveCommasAndPointsInAnyRegion)
 {
     TheSeams().Region = [] { return QLocale(QLocale::German); };
     EXPECT_FALSE(CsvUseLocaleForm());
@@ -56,7 +56,7 @@ TEST_F(Csv, FilesHaveCommasAndPointsWhateverTheRegion)
     EXPECT_EQ(CsvNumberText(0.5), " 0.5");
 }
 
-TEST_F(CsvOfRegion, AListThatIsItselfCsvFollowsTheRegion)
+TEST_F(CsvOfRegion, CsvExtensionOfClassSelectsRegionFormat)
 {
     EXPECT_TRUE(CsvUseLocaleForm());
     EXPECT_EQ(CsvListSeparator(), ';');
@@ -64,14 +64,14 @@ TEST_F(CsvOfRegion, AListThatIsItselfCsvFollowsTheRegion)
     EXPECT_EQ(CsvNumberText(-0.5), "-0,5");
 }
 
-TEST_F(Csv, NumbersBeginWithABlankUnlessNegative)
+TEST_F(Csv, NonNegativeNumbersHaveLeadingBlank)
 {
     EXPECT_EQ(CsvNumberText(0), " 0");
     EXPECT_EQ(CsvNumberText(145500000), " 145500000");
     EXPECT_EQ(CsvNumberText(-12.25), "-12.25");
 }
 
-TEST_F(Csv, NumbersAreWrittenWithoutExponentAndWithEveryDigit)
+TEST_F(Csv, NumbersHaveNoExponentAndAllDigits)
 {
     EXPECT_EQ(CsvNumberText(8e9), " 8000000000");
     EXPECT_EQ(CsvNumberText(0.01), " 0.01");
@@ -80,13 +80,13 @@ TEST_F(Csv, NumbersAreWrittenWithoutExponentAndWithEveryDigit)
     EXPECT_EQ(CsvNumberText(std::nextafter(1.0, 2.0)), " 1.0000000000000002");
 }
 
-TEST_F(Csv, TheLongestNumbersFit)
+TEST_F(Csv, LongestNumbersFitBuffer)
 {
     EXPECT_EQ(CsvNumberText(-1.7976931348623157e308).size(), 310);
     EXPECT_EQ(CsvNumberText(-5e-324).size(), 327);
 }
 
-TEST_F(Csv, ALineIsSplitAtEverySeparator)
+TEST_F(Csv, LineIsSplitAtEverySeparator)
 {
     CsvFields fields;
     fields.Split("a,,c,", ',');
@@ -100,7 +100,7 @@ TEST_F(Csv, ALineIsSplitAtEverySeparator)
     EXPECT_EQ(fields.Count(), 1);
 }
 
-TEST_F(Csv, ThereIsNoQuoting)
+TEST_F(Csv, QuotesAreOrdinaryCharacters)
 {
     CsvFields fields;
     fields.Split("\"a,b\"", ',');
@@ -108,7 +108,7 @@ TEST_F(Csv, ThereIsNoQuoting)
     EXPECT_EQ(fields.At(0), QByteArrayView("\"a"));
 }
 
-TEST_F(Csv, ALineOfVeryManyFieldsKeepsItsCount)
+TEST_F(Csv, CountIncludesSurplusFields)
 {
     CsvFields fields;
     fields.Split(QByteArray(100000, ','), ',');
@@ -116,7 +116,7 @@ TEST_F(Csv, ALineOfVeryManyFieldsKeepsItsCount)
     EXPECT_TRUE(fields.At(50000).isEmpty());
 }
 
-TEST_F(Csv, LinesEndInCrLfOnly)
+TEST_F(Csv, OnlyCrLfEndsLines)
 {
     CsvSource source = Source("a\nb,c\rd\r\ne\r\nrest");
     CsvFields fields;
@@ -128,14 +128,14 @@ TEST_F(Csv, LinesEndInCrLfOnly)
     EXPECT_FALSE(CsvNextLine(source, fields));
 }
 
-TEST_F(Csv, AMissingFileIsReported)
+TEST_F(Csv, MissingFileIsReported)
 {
     CsvSource source;
     Answers().Expect(12780, { QStringLiteral("gone.csv"), QStringLiteral("1") }, Ok);
     EXPECT_FALSE(CsvLoadFile(FilePath("gone.csv"), source));
 }
 
-TEST_F(Csv, AFileIsReadWhole)
+TEST_F(Csv, FileIsReadWhole)
 {
     Store(FilePath("a.csv"), "x\r\n");
     CsvSource source;
@@ -144,18 +144,18 @@ TEST_F(Csv, AFileIsReadWhole)
     EXPECT_EQ(source.FileName, "a.csv");
 }
 
-TEST_F(Csv, AFileBeyondAllBoundsIsRefusedUnread)
+TEST_F(Csv, HugeFileIsRefusedUnread)
 {
     QFile file(FilePath("huge.csv"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_TRUE(file.resize(kLargestCsvBytes + 1)); // takes no disk space
+    ASSERT_TRUE(file.resize(kMaxCsvBytes + 1)); // takes no disk space
     CsvSource source;
     Answers().Expect(12819, { QStringLiteral("huge.csv") }, Ok);
     EXPECT_FALSE(CsvLoadFile(FilePath("huge.csv"), source));
     EXPECT_TRUE(source.Bytes.isEmpty());
 }
 
-TEST_F(Csv, TheLastSeparatorOfTheFirstLineWins)
+TEST_F(Csv, LastSeparatorOfFirstLineIsUsed)
 {
     CsvSource source = Source("Memory List;Van,x\r\nDescription,d\r\n");
     ASSERT_TRUE(CsvFindSeparator(source));
@@ -165,7 +165,7 @@ TEST_F(Csv, TheLastSeparatorOfTheFirstLineWins)
     EXPECT_EQ(source.Separator, ';');
 }
 
-TEST_F(Csv, AFileOfLessThanTwoEndedLinesIsTooShort)
+TEST_F(Csv, FileNeedsTwoCompleteLines)
 {
     for (const char* bytes : { "", "Memory List,Van", "Memory List,Van\r\n", "Memory List,Van\r\nDescription,d" }) {
         CsvSource source = Source(bytes);
@@ -174,14 +174,14 @@ TEST_F(Csv, AFileOfLessThanTwoEndedLinesIsTooShort)
     }
 }
 
-TEST_F(Csv, AFirstLineWithoutSeparatorIsRefused)
+TEST_F(Csv, FirstLineWithoutSeparatorIsRefused)
 {
     CsvSource source = Source("Memory List\r\nDescription,d\r\n");
     Answers().Expect(12776, QStringList(), Ok);
     EXPECT_FALSE(CsvFindSeparator(source));
 }
 
-TEST_F(Csv, TheHeaderGivesNameAndDescription)
+TEST_F(Csv, HeaderHasNameAndDescription)
 {
     CsvSource source = Source("Memory List, Van 7 \r\nDescription,roof \xE4\r\nrow\r\n");
     CsvHeader header;
@@ -191,7 +191,7 @@ TEST_F(Csv, TheHeaderGivesNameAndDescription)
     EXPECT_EQ(source.Bytes.mid(source.At), "row\r\n");
 }
 
-TEST_F(Csv, WithoutADescriptionLineTheRowsBeginBehindTheKeywordLine)
+TEST_F(Csv, WithoutDescriptionRowsFollowKeywordLine)
 {
     CsvSource source = Source("Memory List,Van\r\nUsed,0\r\n");
     CsvHeader header;
@@ -200,7 +200,7 @@ TEST_F(Csv, WithoutADescriptionLineTheRowsBeginBehindTheKeywordLine)
     EXPECT_EQ(source.Bytes.mid(source.At), "Used,0\r\n");
 }
 
-TEST_F(Csv, AWrongOrLoneKeywordIsRefused)
+TEST_F(Csv, WrongOrLoneKeywordIsRefused)
 {
     for (const char* line : { "memory list,Van", "Memory List", "Suppress List,Van", " Memory List,Van" }) {
         CsvSource source = Source(QByteArray(line) + "\r\nDescription,d\r\n");
@@ -210,7 +210,7 @@ TEST_F(Csv, AWrongOrLoneKeywordIsRefused)
     }
 }
 
-TEST_F(Csv, TheNameOfTheListMustBeValid)
+TEST_F(Csv, InvalidListNameIsRefused)
 {
     CsvHeader header;
     CsvSource source = Source("Memory List,a.b\r\nDescription,d\r\n");
@@ -223,7 +223,7 @@ TEST_F(Csv, TheNameOfTheListMustBeValid)
     EXPECT_TRUE(ReadHeader(source, header));
 }
 
-TEST_F(Csv, ASecondLineOfOneFieldIsRefused)
+TEST_F(Csv, SecondLineOfOneFieldIsRefused)
 {
     CsvSource source = Source("Memory List,Van\r\nDescription\r\n");
     CsvHeader header;
@@ -231,7 +231,7 @@ TEST_F(Csv, ASecondLineOfOneFieldIsRefused)
     EXPECT_FALSE(ReadHeader(source, header));
 }
 
-TEST_F(Csv, ADescriptionWithAForbiddenCharacterIsRefused)
+TEST_F(Csv, DescriptionWithForbiddenCharacterIsRefused)
 {
     CsvSource source = Source("Memory List,Van\r\nDescription,a;b\r\n");
     CsvHeader header;
@@ -239,7 +239,7 @@ TEST_F(Csv, ADescriptionWithAForbiddenCharacterIsRefused)
     EXPECT_FALSE(ReadHeader(source, header));
 }
 
-TEST_F(Csv, ADescriptionIsCutTo32Characters)
+TEST_F(Csv, DescriptionIsCutTo32Characters)
 {
     CsvSource source = Source("Memory List,Van\r\nDescription," + QByteArray(50, 'x') + "\r\n");
     CsvHeader header;
@@ -247,7 +247,7 @@ TEST_F(Csv, ADescriptionIsCutTo32Characters)
     EXPECT_EQ(header.Description, QString(32, u'x'));
 }
 
-TEST_F(Csv, AFailureAtRunTimeNamesTheFile)
+TEST_F(Csv, ExceptionIsReportedWithFileName)
 {
     Answers().Expect(12819, { QStringLiteral("a.csv") }, Ok);
     EXPECT_FALSE(CsvGuard("a.csv", []() -> bool { throw std::bad_alloc(); }));
@@ -255,7 +255,7 @@ TEST_F(Csv, AFailureAtRunTimeNamesTheFile)
     EXPECT_FALSE(CsvGuard("a.csv", [] { return false; }));
 }
 
-TEST_F(Csv, AWrittenFileHasHeaderAndLines)
+TEST_F(Csv, WrittenFileHasHeaderAndLines)
 {
     CsvWriter writer;
     CsvWriteHeader(writer, TextNumber<0>(10763), { "Van", QStringLiteral("roof \u20ac") });
@@ -267,7 +267,7 @@ TEST_F(Csv, AWrittenFileHasHeaderAndLines)
     EXPECT_EQ(writer.Bytes(), "Memory List,Van\r\nDescription,roof \x80\r\nUsed,7, 1.5,\r\n");
 }
 
-TEST_F(Csv, TheWrittenDescriptionIsRecognisedByTheReader)
+TEST_F(Csv, WrittenDescriptionLineIsRecognisedByReader)
 {
     CsvWriter writer;
     CsvWriteHeader(writer, TextNumber<0>(10763), { "Van", "roof" });
@@ -278,7 +278,7 @@ TEST_F(Csv, TheWrittenDescriptionIsRecognisedByTheReader)
     EXPECT_EQ(header.Description, "roof");
 }
 
-TEST_F(Csv, AFileThatCannotBeWrittenIsReportedAndLeavesNothing)
+TEST_F(Csv, FailedWriteIsReportedAndLeavesNoFile)
 {
     CsvWriter writer;
     writer.Text("x");
@@ -287,7 +287,7 @@ TEST_F(Csv, AFileThatCannotBeWrittenIsReportedAndLeavesNothing)
     EXPECT_TRUE(QDir(Folder()).isEmpty());
 }
 
-TEST_F(Csv, SavingReplacesTheFileAndLeavesNothingElse)
+TEST_F(Csv, SavingReplacesFileAndLeavesNoOther)
 {
     Store(FilePath("a.csv"), "old");
     CsvWriter writer;
@@ -297,14 +297,14 @@ TEST_F(Csv, SavingReplacesTheFileAndLeavesNothingElse)
     EXPECT_EQ(QDir(Folder()).entryList(QDir::Files | QDir::Hidden), QStringList({ "a.csv" }));
 }
 
-TEST_F(Csv, TextsWithASeparatorOrALineEndCannotBeHeld)
+TEST_F(Csv, TextsWithSeparatorOrLineEndCannotBeHeld)
 {
     EXPECT_TRUE(CsvCanHold(QStringLiteral("roof 1.5")));
     for (const char* text : { "a,b", "a;b", "a\"b", "a'b", "a\nb" })
         EXPECT_FALSE(CsvCanHold(QString::fromLatin1(text))) << text;
 }
 
-TEST_F(Csv, AHeaderThatTheReaderWouldRefuseCannotBeHeld)
+TEST_F(Csv, HeaderThatReaderRefusesCannotBeHeld)
 {
     EXPECT_TRUE(CsvCanHold(CsvHeader{ "Van", "roof" }));
     Answers().Expect(12766, Ok);
@@ -313,7 +313,7 @@ TEST_F(Csv, AHeaderThatTheReaderWouldRefuseCannotBeHeld)
     EXPECT_FALSE(CsvCanHold(CsvHeader{ "Van", "a,b" }));
 }
 
-TEST_F(Csv, AFileIsLoadedForItsReader)
+TEST_F(Csv, ReaderGetsLoadedFile)
 {
     Store(FilePath("a.csv"), "x\r\n");
     QByteArray seen;
@@ -325,7 +325,7 @@ TEST_F(Csv, AFileIsLoadedForItsReader)
     EXPECT_FALSE(CsvReadFile(FilePath("a.csv"), [](CsvSource&) { return false; }));
 }
 
-TEST_F(Csv, AFailureInAReaderNamesTheFile)
+TEST_F(Csv, ExceptionInReaderIsReportedWithFileName)
 {
     Store(FilePath("a.csv"), "x\r\n");
     Answers().Expect(12819, { QStringLiteral("a.csv") }, Ok);
@@ -337,7 +337,7 @@ TEST_F(Csv, AFailureInAReaderNamesTheFile)
     }));
 }
 
-TEST_F(Csv, AFileIsWrittenWhereItMayBeReplaced)
+TEST_F(Csv, FileIsWrittenOnlyIfItMayBeReplaced)
 {
     const auto build = [] {
         CsvWriter writer;
@@ -355,7 +355,7 @@ TEST_F(Csv, AFileIsWrittenWhereItMayBeReplaced)
     EXPECT_EQ(Contents(FilePath("a.csv")), "new");
 }
 
-TEST_F(Csv, AListThatCannotBeBuiltIsNotWritten)
+TEST_F(Csv, NothingIsWrittenIfBuildingFails)
 {
     EXPECT_FALSE(CsvWriteFile(FilePath("a.csv"), [] { return std::optional<CsvWriter>(); }));
     Answers().Expect(12819, { QStringLiteral("a.csv") }, Ok);

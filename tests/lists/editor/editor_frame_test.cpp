@@ -55,13 +55,13 @@ TEST_F(EditorFrameTest, HasItsControls)
     EXPECT_EQ(form.objectName(), "FmEditorMemory");
 }
 
-TEST_F(EditorFrameTest, TabReachesEveryControlInReadingOrder)
+TEST_F(EditorFrameTest, TabOrderIsReadingOrder)
 {
     Open(StoredList({ 0 }));
     ExpectTabOrder(form);
 }
 
-TEST_F(EditorFrameTest, ShowsEveryText)
+TEST_F(EditorFrameTest, NoTextIsClipped)
 {
     Open();
     ExpectNothingClipped(form);
@@ -74,7 +74,7 @@ TEST_F(EditorFrameTest, ShowsEveryText)
     EXPECT_EQ(TextOf(form, "LbDescr"), LngStr(10744) + LngStr(10746));
 }
 
-TEST_F(EditorFrameTest, ControlsBearTheirHelpNumbers)
+TEST_F(EditorFrameTest, ControlsHaveTheirHelpNumbers)
 {
     Open();
     EXPECT_EQ(form.HelpNumber(), 10738);
@@ -85,7 +85,7 @@ TEST_F(EditorFrameTest, ControlsBearTheirHelpNumbers)
         EXPECT_EQ(HelpNumberOf(&FindControl(form, name)), number) << name.toStdString();
 }
 
-TEST_F(EditorFrameTest, HelpShowsTheTopicOfTheEditor)
+TEST_F(EditorFrameTest, HelpShowsTopicOfEditor)
 {
     FakeHelp help;
     Open();
@@ -93,7 +93,7 @@ TEST_F(EditorFrameTest, HelpShowsTheTopicOfTheEditor)
     EXPECT_EQ(help.Topics, QList<int>{ 11995 });
 }
 
-TEST_F(EditorFrameTest, ANewListIsEmptyCleanAndUntitled)
+TEST_F(EditorFrameTest, NewListIsEmptyUnmodifiedAndUntitled)
 {
     Editor().EditorDirty = true;
     Open();
@@ -106,7 +106,7 @@ TEST_F(EditorFrameTest, ANewListIsEmptyCleanAndUntitled)
     EXPECT_TRUE(HasFocus(form, "TbName"));
 }
 
-TEST_F(EditorFrameTest, AFileIsOpenedWhileTheFormLoads)
+TEST_F(EditorFrameTest, OpensFileOnLoad)
 {
     Open(StoredList({ 3 }));
     EXPECT_EQ(form.windowTitle(), kTitle + " - Van.tvm");
@@ -118,7 +118,7 @@ TEST_F(EditorFrameTest, AFileIsOpenedWhileTheFormLoads)
     EXPECT_TRUE(Cell(3, 0).hasFocus());
 }
 
-TEST_F(EditorFrameTest, ACsvFileShowsItsForm)
+TEST_F(EditorFrameTest, CsvFileSelectsCsvExtension)
 {
     Open(StoredList({ 3 }, "Van.csv"));
     EXPECT_EQ(Ext().currentIndex(), 1);
@@ -126,7 +126,7 @@ TEST_F(EditorFrameTest, ACsvFileShowsItsForm)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
-TEST_F(EditorFrameTest, AFileThatCannotBeReadUnloadsTheForm)
+TEST_F(EditorFrameTest, UnreadableFileClosesForm)
 {
     Answers().Expect(12780, { QStringLiteral("gone.tvm"), QStringLiteral("1") }, Ok);
     Open(FilePath("gone.tvm"));
@@ -135,7 +135,7 @@ TEST_F(EditorFrameTest, AFileThatCannotBeReadUnloadsTheForm)
     EXPECT_TRUE(Editor().EditorOpenFile.isEmpty());
 }
 
-TEST_F(EditorFrameTest, TheOpenedFileIsForgottenWhenTheEditorCloses)
+TEST_F(EditorFrameTest, ClosingForgetsOpenedFile)
 {
     const QString path = StoredList({ 3 });
     Open(path);
@@ -146,7 +146,7 @@ TEST_F(EditorFrameTest, TheOpenedFileIsForgottenWhenTheEditorCloses)
     EXPECT_FALSE(DialogIsOpen());
 }
 
-TEST_F(EditorFrameTest, HeadChangesAreUnsavedAndTakeTheFileOutOfTheTitle)
+TEST_F(EditorFrameTest, HeadChangeSetsDirtyAndRemovesFileFromTitle)
 {
     const QString path = StoredList({ 3 });
     Open(path);
@@ -160,7 +160,7 @@ TEST_F(EditorFrameTest, HeadChangesAreUnsavedAndTakeTheFileOutOfTheTitle)
     EXPECT_EQ(form.windowTitle(), kTitle);
 }
 
-TEST_F(EditorFrameTest, ABadNameKeepsTheFocus)
+TEST_F(EditorFrameTest, BadNameKeepsFocus)
 {
     Open();
     Type(form, "TbName", "a.b");
@@ -169,14 +169,14 @@ TEST_F(EditorFrameTest, ABadNameKeepsTheFocus)
     EXPECT_TRUE(HasFocus(form, "TbName"));
 }
 
-TEST_F(EditorFrameTest, AnUntouchedEmptyNameCanBeLeft)
+TEST_F(EditorFrameTest, UnmodifiedEmptyNameCanBeLeft)
 {
     Open();
     QTest::keyClick(&FindControl(form, "TbName"), Qt::Key_Tab);
     EXPECT_TRUE(HasFocus(form, "CbExt"));
 }
 
-TEST_F(EditorFrameTest, ABadDescriptionKeepsTheFocus)
+TEST_F(EditorFrameTest, BadDescriptionKeepsFocus)
 {
     Open();
     Type(form, "TbDescr", "a;b");
@@ -185,7 +185,7 @@ TEST_F(EditorFrameTest, ABadDescriptionKeepsTheFocus)
     EXPECT_TRUE(HasFocus(form, "TbDescr"));
 }
 
-TEST_F(EditorFrameTest, EnterInATextBoxActsAsTab)
+TEST_F(EditorFrameTest, EnterInTextBoxActsAsTab)
 {
     Open();
     Type(form, "TbName", "Van");
@@ -212,7 +212,7 @@ TEST_F(EditorFrameTest, NewWithoutChangesDoesNotAsk)
     EXPECT_EQ(CellText(3, 0), "");
 }
 
-TEST_F(EditorFrameTest, NewStopsWhenTheSaveFails)
+TEST_F(EditorFrameTest, NewStopsIfSaveFails)
 {
     OpenChanged();
     AnswerFolder({});
@@ -222,7 +222,7 @@ TEST_F(EditorFrameTest, NewStopsWhenTheSaveFails)
     EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(EditorFrameTest, AQuestionLeftWithoutAnAnswerThrowsNothingAway)
+TEST_F(EditorFrameTest, DismissedQuestionDiscardsNothing)
 {
     OpenChanged();
     Answers().Expect(12769, MsgNone);
@@ -231,7 +231,7 @@ TEST_F(EditorFrameTest, AQuestionLeftWithoutAnAnswerThrowsNothingAway)
     EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(EditorFrameTest, OpenReadsTheChosenFileAndRemembersItsFolder)
+TEST_F(EditorFrameTest, OpenReadsChosenFileAndRemembersItsFolder)
 {
     const QString path = StoredList({ 4 });
     Open();
@@ -243,7 +243,7 @@ TEST_F(EditorFrameTest, OpenReadsTheChosenFileAndRemembersItsFolder)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
-TEST_F(EditorFrameTest, OpenWithoutAnAnswerChangesNothing)
+TEST_F(EditorFrameTest, CancelledOpenChangesNothing)
 {
     Open(StoredList({ 4 }));
     AnswerFile({});
@@ -253,7 +253,7 @@ TEST_F(EditorFrameTest, OpenWithoutAnAnswerChangesNothing)
     EXPECT_EQ(CellText(3, 4), "104.000000");
 }
 
-TEST_F(EditorFrameTest, AFailedOpenLeavesAnEmptyCleanList)
+TEST_F(EditorFrameTest, FailedOpenLeavesEmptyUnmodifiedList)
 {
     Open(StoredList({ 4 }));
     Store(FilePath("bad.csv"), "x");
@@ -278,7 +278,7 @@ TEST_F(EditorFrameTest, OpenAsksAboutUnsavedChanges)
     EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(EditorFrameTest, SaveWritesTheFileUnderTheListsName)
+TEST_F(EditorFrameTest, SaveNamesFileAfterList)
 {
     Open(StoredList({ 4 }, "other.tvm"));
     TypeCell(3, 4, "250");
@@ -294,7 +294,7 @@ TEST_F(EditorFrameTest, SaveWritesTheFileUnderTheListsName)
     EXPECT_EQ(read.Row(4).Frequency, 250e6);
 }
 
-TEST_F(EditorFrameTest, SaveAsCsvHasTheExtensionInLowerCase)
+TEST_F(EditorFrameTest, CsvIsSavedWithLowerCaseExtension)
 {
     Open(StoredList({ 4 }, "other.tvm"));
     Ext().setCurrentIndex(1);
@@ -304,7 +304,7 @@ TEST_F(EditorFrameTest, SaveAsCsvHasTheExtensionInLowerCase)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
-TEST_F(EditorFrameTest, CancellingTheFolderQuestionKeepsChangesAndRows)
+TEST_F(EditorFrameTest, CancelledFolderDialogKeepsChangesAndRows)
 {
     OpenChanged();
     AnswerFolder({});
@@ -314,7 +314,7 @@ TEST_F(EditorFrameTest, CancellingTheFolderQuestionKeepsChangesAndRows)
     EXPECT_EQ(form.windowTitle(), kTitle);
 }
 
-TEST_F(EditorFrameTest, AFailedWriteKeepsChangesAndRows)
+TEST_F(EditorFrameTest, FailedWriteKeepsChangesAndRows)
 {
     OpenChanged();
     AnswerFolder(FilePath("no folder"));
@@ -325,7 +325,7 @@ TEST_F(EditorFrameTest, AFailedWriteKeepsChangesAndRows)
     EXPECT_EQ(form.windowTitle(), kTitle);
 }
 
-TEST_F(EditorFrameTest, SaveRefusesABadNameBeforeAnyQuestion)
+TEST_F(EditorFrameTest, SaveRefusesBadNameBeforeAnyQuestion)
 {
     Open(StoredList({ 4 }));
     AnswerFolder(Folder());
@@ -338,7 +338,7 @@ TEST_F(EditorFrameTest, SaveRefusesABadNameBeforeAnyQuestion)
     EXPECT_EQ(FolderQuestions, 0);
 }
 
-TEST_F(EditorFrameTest, SaveRefusesABadDescription)
+TEST_F(EditorFrameTest, SaveRefusesBadDescription)
 {
     Open(StoredList({ 4 }));
     AnswerFolder(Folder());
@@ -367,7 +367,7 @@ TEST_F(EditorFrameTest, SaveChecksNameThenDescriptionThenCells)
     EXPECT_TRUE(Cell(5, 4).hasFocus());
 }
 
-TEST_F(EditorFrameTest, SaveChecksTheCellsOfThePage)
+TEST_F(EditorFrameTest, SaveChecksVisibleCells)
 {
     Open(StoredList({ 4, 6 }));
     AnswerFolder(Folder());
@@ -391,7 +391,7 @@ TEST_F(EditorFrameTest, CloseAsksAndSavesOnYes)
     EXPECT_EQ(read.Row(0).Frequency, 250e6);
 }
 
-TEST_F(EditorFrameTest, CloseGivesUpOnNo)
+TEST_F(EditorFrameTest, CloseDiscardsChangesOnNo)
 {
     OpenChanged();
     Answers().Expect(12769, No);
@@ -399,7 +399,7 @@ TEST_F(EditorFrameTest, CloseGivesUpOnNo)
     EXPECT_TRUE(form.IsClosed());
 }
 
-TEST_F(EditorFrameTest, CloseIsRefusedOnCancelAndWhenTheSaveFails)
+TEST_F(EditorFrameTest, CloseIsRefusedOnCancelAndFailedSave)
 {
     OpenChanged();
     Answers().Expect(12769, Cancel);
@@ -413,7 +413,7 @@ TEST_F(EditorFrameTest, CloseIsRefusedOnCancelAndWhenTheSaveFails)
     EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(EditorFrameTest, EscapeClosesByTheSameQuestion)
+TEST_F(EditorFrameTest, EscapeAsksLikeClose)
 {
     OpenChanged();
     Answers().Expect(12769, Cancel);
@@ -424,7 +424,7 @@ TEST_F(EditorFrameTest, EscapeClosesByTheSameQuestion)
     EXPECT_TRUE(form.IsClosed());
 }
 
-TEST_F(EditorFrameTest, OpensFromItsCommandWithTheStatusBarOutOfUse)
+TEST_F(EditorFrameTest, CommandOpensEditorWithStatusBarDisabled)
 {
     BindListEditors();
     FakeFrame frame;

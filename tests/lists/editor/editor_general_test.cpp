@@ -35,13 +35,13 @@ TEST_F(EditorGeneral, OpensOnlyListTypes)
             FileClassCorrectionSet }));
 }
 
-TEST_F(EditorGeneral, ATypeThatIsNoListChangesNothing)
+TEST_F(EditorGeneral, NonListTypeChangesNothing)
 {
     OpenEditor(FileClassScreenShot);
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);
 }
 
-TEST_F(EditorGeneral, ATypeWithoutEditorChangesNothing)
+TEST_F(EditorGeneral, TypeWithoutEditorChangesNothing)
 {
     Editors.AreThere = false;
     OpenEditor(FileClassAntennaList);
@@ -49,7 +49,7 @@ TEST_F(EditorGeneral, ATypeWithoutEditorChangesNothing)
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);
 }
 
-TEST_F(EditorGeneral, TheStatusBarIsOutOfUseWhileTheEditorIsOpen)
+TEST_F(EditorGeneral, StatusBarIsDisabledWhileEditorIsOpen)
 {
     FakeFrame frame;
     const QList<bool>& calls = frame.StatusBarEnabled;
@@ -58,7 +58,7 @@ TEST_F(EditorGeneral, TheStatusBarIsOutOfUseWhileTheEditorIsOpen)
     EXPECT_EQ(calls, QList<bool>({ false, true }));
 }
 
-TEST_F(EditorGeneral, TheStatusBarStaysOutOfUseWhenAnEditorOpensAnother)
+TEST_F(EditorGeneral, StatusBarStaysDisabledWhileNestedEditorCloses)
 {
     FakeFrame frame;
     Editors.WhileShown = [this, &frame] {
@@ -71,7 +71,7 @@ TEST_F(EditorGeneral, TheStatusBarStaysOutOfUseWhenAnEditorOpensAnother)
     EXPECT_EQ(Editors.Shown, QList<FileClass>({ FileClassAntennaList, FileClassKfactorTable }));
 }
 
-TEST_F(EditorGeneral, TheTypeGivesClassAndLowerCasedExtension)
+TEST_F(EditorGeneral, TypeSetsFileClassAndLowerCaseExtension)
 {
     SetEditorType(FileClassAntennaList);
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassAntennaList);
@@ -81,7 +81,7 @@ TEST_F(EditorGeneral, TheTypeGivesClassAndLowerCasedExtension)
     EXPECT_EQ(Editor().ListExtension, ".tvm");
 }
 
-TEST_F(EditorGeneral, AListIsKnownByTheKeywordOfItsFirstLine)
+TEST_F(EditorGeneral, ListTypeIsFoundByKeyword)
 {
     EXPECT_EQ(ListTypeOfFile(Stored("a.csv", "Antenna List,Van\r\n")), FileClassAntennaList);
     EXPECT_EQ(ListTypeOfFile(Stored("k.csv", "K-Factor Table;Dipole\r\n")), FileClassKfactorTable);
@@ -89,7 +89,7 @@ TEST_F(EditorGeneral, AListIsKnownByTheKeywordOfItsFirstLine)
     EXPECT_EQ(ListTypeOfFile(Stored("s.csv", "suppress list,Van\r\n")), FileClassSuppressList);
 }
 
-TEST_F(EditorGeneral, WhatIsNoListOrCannotBeReadIsUnknown)
+TEST_F(EditorGeneral, OtherAndUnreadableFilesAreUnknown)
 {
     EXPECT_EQ(ListTypeOfFile(Stored("x.csv", " Memory List,Van\r\n")), FileClassUnknown);
     EXPECT_EQ(ListTypeOfFile(Stored("c.csv", "Correction Set,Van\r\n")), FileClassUnknown);
@@ -99,7 +99,7 @@ TEST_F(EditorGeneral, WhatIsNoListOrCannotBeReadIsUnknown)
     EXPECT_EQ(ListTypeOfFile(Folder()), FileClassUnknown);
 }
 
-TEST_F(EditorGeneral, AListFileOpensInItsEditor)
+TEST_F(EditorGeneral, ListFileOpensInItsEditor)
 {
     const QString path = Stored("a.csv", "Antenna List,Van\r\n");
     QString opened;
@@ -110,7 +110,7 @@ TEST_F(EditorGeneral, AListFileOpensInItsEditor)
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassAntennaList);
 }
 
-TEST_F(EditorGeneral, AListFileIsOnlyNamedWhenNotShown)
+TEST_F(EditorGeneral, ListFileIsOnlyIdentifiedUnlessShown)
 {
     const QString path = Stored("a.csv", "Antenna List,Van\r\n");
     EXPECT_EQ(OpenListFile(path, false), FileClassAntennaList);
@@ -120,7 +120,7 @@ TEST_F(EditorGeneral, AListFileIsOnlyNamedWhenNotShown)
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassMemoryList);
 }
 
-TEST_F(EditorGeneral, QuestionsBeginInAnOpenFolderElseTheRememberedElseTheProcessesOwn)
+TEST_F(EditorGeneral, DialogsStartInOpenThenRememberedThenCurrentFolder)
 {
     EXPECT_EQ(EditorDefaultFolder(), QDir::currentPath());
     PcPath(FileClassMemoryList) = Folder();
@@ -134,7 +134,7 @@ TEST_F(EditorGeneral, QuestionsBeginInAnOpenFolderElseTheRememberedElseTheProces
     EXPECT_EQ(EditorDefaultFolder(), Folder());
 }
 
-TEST_F(EditorGeneral, TheOpenDialogOffersBothFormsThenCsvThenTheOwnForm)
+TEST_F(EditorGeneral, OpenDialogOffersBothFormatsThenCsvThenBinary)
 {
     AnswerFile("/x/list.tvm");
     EXPECT_EQ(OpenListDialog("/start"), "/x/list.tvm");
@@ -152,7 +152,7 @@ TEST_F(EditorGeneral, CorrectionSetsHaveNoCsvFilter)
     EXPECT_EQ(AskedFile.Filters, QStringList({ "Correction sets|*.tvc" }));
 }
 
-TEST_F(EditorGeneral, TheFolderQuestionNamesTheFile)
+TEST_F(EditorGeneral, FolderDialogShowsFileName)
 {
     PcPath(FileClassMemoryList) = Folder();
     AnswerFolder("/there");
@@ -161,7 +161,7 @@ TEST_F(EditorGeneral, TheFolderQuestionNamesTheFile)
     EXPECT_EQ(AskedFolder.Start, Folder());
 }
 
-TEST_F(EditorGeneral, TheFolderOfAnOpenedFileIsRemembered)
+TEST_F(EditorGeneral, FolderOfOpenedFileIsRemembered)
 {
     RememberFolderOfFile("/lists/Van/a.tvm");
     EXPECT_EQ(PcPath(FileClassMemoryList), "/lists/Van");
@@ -169,13 +169,13 @@ TEST_F(EditorGeneral, TheFolderOfAnOpenedFileIsRemembered)
     EXPECT_EQ(PcPath(FileClassMemoryList), "/lists/Other");
 }
 
-TEST_F(EditorGeneral, AFileIsCalledAfterItsList)
+TEST_F(EditorGeneral, FileIsNamedAfterList)
 {
     EXPECT_EQ(ListFilePath("/lists", "Van", ".TVM"), "/lists/Van.tvm");
     EXPECT_EQ(ListFilePath("/", "Van", ".CSV"), "/Van.csv");
 }
 
-TEST_F(EditorGeneral, TheExtensionAloneDecidesTheForm)
+TEST_F(EditorGeneral, ExtensionAloneDecidesFormat)
 {
     EXPECT_TRUE(IsCsvFile("/x/a.csv"));
     EXPECT_TRUE(IsCsvFile("/x/a.b.CSV"));
@@ -184,12 +184,12 @@ TEST_F(EditorGeneral, TheExtensionAloneDecidesTheForm)
     EXPECT_TRUE(IsCsvFile("/x/a.csv", TextNumber<0>(11003)));
 }
 
-TEST_F(EditorGeneral, ANewFileIsWrittenWithoutAQuestion)
+TEST_F(EditorGeneral, NewFileIsWrittenWithoutQuestion)
 {
     EXPECT_TRUE(MayWriteFile(FilePath("new.tvm")));
 }
 
-TEST_F(EditorGeneral, AnExistingFileIsReplacedOnYesOnly)
+TEST_F(EditorGeneral, ExistingFileIsReplacedOnYesOnly)
 {
     const QString path = Stored("old.tvm", "x");
     Answers().Expect(12734, { QStringLiteral("old.tvm") }, No);
@@ -200,14 +200,14 @@ TEST_F(EditorGeneral, AnExistingFileIsReplacedOnYesOnly)
     EXPECT_TRUE(MayWriteFile(path));
 }
 
-TEST_F(EditorGeneral, TheQuestionToReplaceStandsOnNo)
+TEST_F(EditorGeneral, ReplaceQuestionDefaultsToNo)
 {
     const QString path = Stored("old.tvm", "x");
     Answers().ExpectWhile(12734, No, [] { EXPECT_TRUE(TheMessage().DefaultToNo); });
     EXPECT_FALSE(MayWriteFile(path));
 }
 
-TEST_F(EditorGeneral, AReadOnlyFileIsRefusedWithItsPath)
+TEST_F(EditorGeneral, ReadOnlyFileIsReportedWithPath)
 {
     const QString path = Stored("old.tvm", "x");
     ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner));
@@ -215,14 +215,14 @@ TEST_F(EditorGeneral, AReadOnlyFileIsRefusedWithItsPath)
     EXPECT_FALSE(MayWriteFile(path));
 }
 
-TEST_F(EditorGeneral, AMissingFileIsReportedWithItsName)
+TEST_F(EditorGeneral, MissingFileIsReportedWithName)
 {
     EXPECT_TRUE(ListFileExists(Stored("there.tvm", "x")));
     Answers().Expect(12780, { QStringLiteral("gone.tvm"), QStringLiteral("1") }, Ok);
     EXPECT_FALSE(ListFileExists(FilePath("gone.tvm")));
 }
 
-TEST_F(EditorGeneral, ATitleNamesTheFileBehindADash)
+TEST_F(EditorGeneral, TitleHasFileNameAfterDash)
 {
     EXPECT_EQ(EditorTitle(TextNumber<0>(10762)), "Memory List Editor");
     EXPECT_EQ(EditorTitle(TextNumber<0>(10762), "Van.TVM"), "Memory List Editor - Van.TVM");

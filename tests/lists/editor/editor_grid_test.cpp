@@ -50,7 +50,7 @@ protected:
 
 } // namespace
 
-TEST_F(Grid, ShowsTwentyRowsAndScrollsToTheLastOne)
+TEST_F(Grid, ShowsTwentyRowsAndScrollsToLast)
 {
     Open();
     EXPECT_EQ(Bar().minimum(), 0);
@@ -73,7 +73,7 @@ TEST_F(Grid, CellsAreNamedByColumnAndRow)
     EXPECT_EQ(Cell(1, 0).accessibleName(), "Suppressed 100");
 }
 
-TEST_F(Grid, DownUpAndEnterMoveByOneRow)
+TEST_F(Grid, DownUpAndEnterMoveOneRow)
 {
     Open();
     form.CellSetFocus(5, 3);
@@ -85,7 +85,7 @@ TEST_F(Grid, DownUpAndEnterMoveByOneRow)
     EXPECT_EQ(FocusedRow(3), 6);
 }
 
-TEST_F(Grid, PageKeysMoveByTwentyRows)
+TEST_F(Grid, PageKeysMoveTwentyRows)
 {
     Open();
     form.CellSetFocus(3, 5);
@@ -97,7 +97,7 @@ TEST_F(Grid, PageKeysMoveByTwentyRows)
     EXPECT_EQ(Bar().value(), 3); // the target
 }
 
-TEST_F(Grid, PageDownNearTheEndGoesToTheLastRow)
+TEST_F(Grid, PageDownNearEndGoesToLastRow)
 {
     Open();
     Scroll(1004);
@@ -108,7 +108,7 @@ TEST_F(Grid, PageDownNearTheEndGoesToTheLastRow)
     EXPECT_EQ(FocusedRow(3), 1023);
 }
 
-TEST_F(Grid, UpOnTheFirstRowStaysThere)
+TEST_F(Grid, UpOnFirstRowStaysThere)
 {
     Open();
     form.CellSetFocus(0, 3);
@@ -117,7 +117,7 @@ TEST_F(Grid, UpOnTheFirstRowStaysThere)
     EXPECT_EQ(Bar().value(), 0);
 }
 
-TEST_F(Grid, ArrowsLeaveACheckBoxUnchanged)
+TEST_F(Grid, ArrowsDoNotToggleCheckBox)
 {
     Open();
     form.CellSetFocus(2, 1);
@@ -129,7 +129,7 @@ TEST_F(Grid, ArrowsLeaveACheckBoxUnchanged)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
-TEST_F(Grid, OtherKeysAreTheCells)
+TEST_F(Grid, OtherKeysAreLeftToCell)
 {
     Open(StoredList({ 0 }));
     form.CellSetFocus(0, 3);
@@ -139,7 +139,7 @@ TEST_F(Grid, OtherKeysAreTheCells)
     EXPECT_EQ(FocusedRow(3), 0);
 }
 
-TEST_F(Grid, TheFocusMarksTheWholeTextOfTheCell)
+TEST_F(Grid, FocusSelectsWholeTextOfCell)
 {
     Open(StoredList({ 0, 1 }));
     form.CellSetFocus(0, 3);
@@ -147,7 +147,7 @@ TEST_F(Grid, TheFocusMarksTheWholeTextOfTheCell)
     EXPECT_EQ(Find<QLineEdit>(form, CellName(3, 1)).selectedText(), "101.000000");
 }
 
-TEST_F(Grid, ColumnsWithoutInputAreNoTarget)
+TEST_F(Grid, ColumnsWithoutInputGetNoFocus)
 {
     Open();
     form.CellSetFocus(0, 3);
@@ -156,7 +156,7 @@ TEST_F(Grid, ColumnsWithoutInputAreNoTarget)
     EXPECT_EQ(FocusedRow(3), 0);
 }
 
-TEST_F(Grid, TheCurrentRowAndTheFocusedCellHaveTheirColours)
+TEST_F(Grid, CurrentRowAndFocusedCellHaveOwnColours)
 {
     Open();
     form.CellSetFocus(5, 3);
@@ -170,7 +170,7 @@ TEST_F(Grid, TheCurrentRowAndTheFocusedCellHaveTheirColours)
     EXPECT_EQ(CellColour(3, 6), kFocused);
 }
 
-TEST_F(Grid, ACellThatLosesTheFocusGoesBackToTheColourOfItsRow)
+TEST_F(Grid, CellWithoutFocusHasColourOfItsRow)
 {
     Open();
     form.CellSetFocus(5, 3);
@@ -178,7 +178,7 @@ TEST_F(Grid, ACellThatLosesTheFocusGoesBackToTheColourOfItsRow)
     EXPECT_EQ(CellColour(3, 5), kMarked);
 }
 
-TEST_F(Grid, TheMarkFollowsItsRowWhenThePageScrolls)
+TEST_F(Grid, HighlightFollowsRowOnScroll)
 {
     Open();
     form.CellSetFocus(5, 3);
@@ -192,7 +192,7 @@ TEST_F(Grid, TheMarkFollowsItsRowWhenThePageScrolls)
     EXPECT_EQ(CellColour(5, 5), kMarked);
 }
 
-TEST_F(Grid, AnArrowBringsARowBackThatWasScrolledAway)
+TEST_F(Grid, ArrowScrollsCurrentRowIntoView)
 {
     Open();
     form.CellSetFocus(5, 3);
@@ -202,7 +202,7 @@ TEST_F(Grid, AnArrowBringsARowBackThatWasScrolledAway)
     EXPECT_EQ(Bar().value(), 6);
 }
 
-TEST_F(Grid, PlainTextIsButtonTextAndMarkedTextIsWindowText)
+TEST_F(Grid, PlainCellsUseButtonTextAndColouredOnesWindowText)
 {
     Open();
     form.CellSetFocus(5, 3);
@@ -210,7 +210,7 @@ TEST_F(Grid, PlainTextIsButtonTextAndMarkedTextIsWindowText)
     EXPECT_EQ(Cell(5, 5).palette().color(QPalette::Text), form.palette().color(QPalette::Text));
 }
 
-TEST_F(Grid, LightSystemTextBecomesBlackOnTheFixedBackgrounds)
+TEST_F(Grid, LightSystemTextIsBlackOnFixedBackgrounds)
 {
     QPalette dark;
     dark.setColor(QPalette::Base, Qt::black);
@@ -225,7 +225,7 @@ TEST_F(Grid, LightSystemTextBecomesBlackOnTheFixedBackgrounds)
     EXPECT_EQ(MakeCellPalettes(dark, true)[0].color(QPalette::Text), QColor(Qt::white));
 }
 
-TEST_F(Grid, AClickOnALabelMakesItsRowCurrent)
+TEST_F(Grid, ClickOnLabelMakesRowCurrent)
 {
     Open();
     form.CellSetFocus(0, 3);
@@ -235,7 +235,7 @@ TEST_F(Grid, AClickOnALabelMakesItsRowCurrent)
     EXPECT_EQ(FocusedRow(3), 6);
 }
 
-TEST_F(Grid, TheWheelScrollsOverTheCells)
+TEST_F(Grid, WheelScrollsOverCells)
 {
     Open();
     QWidget& cell = Cell(3, 5);
@@ -247,7 +247,7 @@ TEST_F(Grid, TheWheelScrollsOverTheCells)
     EXPECT_EQ(Bar().value(), QApplication::wheelScrollLines());
 }
 
-TEST_F(Grid, FillingIsNoChange)
+TEST_F(Grid, FillingReportsNoChange)
 {
     Open(StoredList({ 0, 5, 30, 1023 }));
     Scroll(500);
@@ -256,7 +256,7 @@ TEST_F(Grid, FillingIsNoChange)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
-TEST_F(Grid, ABadCellKeepsTheFocusOnTab)
+TEST_F(Grid, BadCellKeepsFocusOnTab)
 {
     Open(StoredList({ 0 }));
     TypeCell(3, 0, "abc");
@@ -266,7 +266,7 @@ TEST_F(Grid, ABadCellKeepsTheFocusOnTab)
     EXPECT_EQ(CellText(3, 0), "abc");
 }
 
-TEST_F(Grid, ABadCellKeepsTheFocusOnAnArrow)
+TEST_F(Grid, BadCellKeepsFocusOnArrow)
 {
     Open(StoredList({ 0, 1 }));
     TypeCell(3, 0, "");
@@ -275,7 +275,7 @@ TEST_F(Grid, ABadCellKeepsTheFocusOnAnArrow)
     EXPECT_TRUE(Cell(3, 0).hasFocus());
 }
 
-TEST_F(Grid, ABadCellKeepsTheFocusOnAClickElsewhere)
+TEST_F(Grid, BadCellKeepsFocusOnClickElsewhere)
 {
     Open(StoredList({ 0, 1 }));
     TypeCell(3, 0, "abc");
@@ -284,7 +284,7 @@ TEST_F(Grid, ABadCellKeepsTheFocusOnAClickElsewhere)
     EXPECT_TRUE(Cell(3, 0).hasFocus());
 }
 
-TEST_F(Grid, TheClickThatABadCellHoldsBackDoesNothing)
+TEST_F(Grid, ClickAwayFromBadCellIsIgnored)
 {
     Open(StoredList({ 0 }));
     TypeCell(3, 0, "abc");
@@ -297,7 +297,7 @@ TEST_F(Grid, TheClickThatABadCellHoldsBackDoesNothing)
     EXPECT_EQ(CellText(3, 0), "120.000000");
 }
 
-TEST_F(Grid, ABadCellIsNotScrolledAway)
+TEST_F(Grid, BadCellPreventsScrolling)
 {
     Open(StoredList({ 0 }));
     TypeCell(3, 0, "abc");
@@ -308,7 +308,7 @@ TEST_F(Grid, ABadCellIsNotScrolledAway)
     EXPECT_TRUE(Cell(3, 0).hasFocus());
 }
 
-TEST_F(Grid, WhatWasTypedIsTakenOverBeforeThePageScrolls)
+TEST_F(Grid, EditedCellIsStoredBeforeScrolling)
 {
     Open(StoredList({ 0 }));
     TypeCell(3, 0, "250,5");
@@ -317,7 +317,7 @@ TEST_F(Grid, WhatWasTypedIsTakenOverBeforeThePageScrolls)
     EXPECT_EQ(CellText(3, 0), "250.500000");
 }
 
-TEST_F(Grid, ACharacterThatNoFileCanHoldIsNotTaken)
+TEST_F(Grid, CharacterOutsideWindows1252IsRejected)
 {
     Open(StoredList({ 0 }));
     auto& box = Find<QLineEdit>(form, CellName(5, 0));
@@ -330,7 +330,7 @@ TEST_F(Grid, ACharacterThatNoFileCanHoldIsNotTaken)
     EXPECT_EQ(box.text(), QStringLiteral("a\u20ac"));
 }
 
-TEST_F(Grid, ManyPageKeysEndOnTheLastRow)
+TEST_F(Grid, RepeatedPageDownEndsOnLastRow)
 {
     Open(StoredList({ 0 }));
     form.CellSetFocus(0, 3);

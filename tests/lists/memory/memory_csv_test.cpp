@@ -64,7 +64,7 @@ protected:
 
 } // namespace
 
-TEST_F(MemoryCsv, AFileHasTwoHeaderLinesAnd1024Rows)
+TEST_F(MemoryCsv, FileHasTwoHeaderLinesAnd1024Rows)
 {
     ASSERT_EQ(lines.size(), 1026);
     EXPECT_EQ(lines[0], "Memory List,Test");
@@ -72,7 +72,7 @@ TEST_F(MemoryCsv, AFileHasTwoHeaderLinesAnd1024Rows)
     EXPECT_EQ(lines[2].split(',').size(), 19);
 }
 
-TEST_F(MemoryCsv, ALineHasItsNineteenColumns)
+TEST_F(MemoryCsv, LineHasNineteenFields)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "Test";
@@ -97,7 +97,7 @@ TEST_F(MemoryCsv, ALineHasItsNineteenColumns)
         "Used,3,99,Suppressed, 145500000,AM,12 kHz,-12.5,On,9,On,On,Tower \xE4,Gate, 3, 0.25,80 MHz,500 kHz,500 kHz");
 }
 
-TEST_F(MemoryCsv, AWrittenListComesBack)
+TEST_F(MemoryCsv, ListRoundTrips)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "Van 7";
@@ -113,7 +113,7 @@ TEST_F(MemoryCsv, AWrittenListComesBack)
     EXPECT_EQ(read, table);
 }
 
-TEST_F(MemoryCsv, ADeletedRowIsWrittenAsUnused)
+TEST_F(MemoryCsv, DeletedRowIsWrittenAsUnused)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "Van";
@@ -126,7 +126,7 @@ TEST_F(MemoryCsv, ADeletedRowIsWrittenAsUnused)
     EXPECT_TRUE(written[kFirstRow + 2].startsWith("Free,2,2,"));
 }
 
-TEST_F(MemoryCsv, AListWithARowDeletedInTheDialogCanBeReadBack)
+TEST_F(MemoryCsv, ListWithRowDeletedInDialogCanBeReadBack)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "Van";
@@ -138,7 +138,7 @@ TEST_F(MemoryCsv, AListWithARowDeletedInTheDialogCanBeReadBack)
     EXPECT_TRUE(OpenMemoryList(path, read));
 }
 
-TEST_F(MemoryCsv, SemicolonsAndDecimalCommasReadTheSame)
+TEST_F(MemoryCsv, SemicolonsAndDecimalCommasAreRead)
 {
     const MemoryTable expected = Read();
     for (QByteArray& line : lines)
@@ -149,7 +149,7 @@ TEST_F(MemoryCsv, SemicolonsAndDecimalCommasReadTheSame)
     EXPECT_EQ(Read(), expected);
 }
 
-TEST_F(MemoryCsv, FieldsAreTaken)
+TEST_F(MemoryCsv, EveryFieldIsRead)
 {
     lines[kFirstRow + 4] =
         "Used,4,4,Suppressed, 145500000,AM,12 kHz,-12.5,On,9,On,On,Tower,On, 3, 0.25,80 MHz,25 kHz,50 Hz";
@@ -174,7 +174,7 @@ TEST_F(MemoryCsv, FieldsAreTaken)
     EXPECT_EQ(record.DfBandwidth, 0);
 }
 
-TEST_F(MemoryCsv, TwelveColumnsLeaveTheDirectionFinderAtItsDefaults)
+TEST_F(MemoryCsv, TwelveFieldsLeaveDirectionFinderAtDefaults)
 {
     const MemoryRecord defaults = EmptyMemoryTable().Row(4);
     lines[kFirstRow + 4] = "Used,4,4,Active, 145500000,FM,15 kHz, 0,Off,0,Off,Off";
@@ -187,25 +187,25 @@ TEST_F(MemoryCsv, TwelveColumnsLeaveTheDirectionFinderAtItsDefaults)
     EXPECT_EQ(record.DfBandwidth, defaults.DfBandwidth);
 }
 
-TEST_F(MemoryCsv, ThirteenColumnsGiveTheDescriptionToo)
+TEST_F(MemoryCsv, ThirteenFieldsIncludeDescription)
 {
     lines[kFirstRow + 4] = "Used,4,4,Active, 145500000,FM,15 kHz, 0,Off,0,Off,Off,Tower";
     EXPECT_EQ(Read().Row(4).Description, "Tower");
 }
 
-TEST_F(MemoryCsv, WithFourteenColumnsAllOfTheDirectionFinderMustBeThere)
+TEST_F(MemoryCsv, FourteenFieldsRequireWholeDirectionFinder)
 {
     lines[kFirstRow + 4] = "Used,4,4,Active, 145500000,FM,15 kHz, 0,Off,0,Off,Off,Tower,Off";
     ExpectRefused(12807, { QStringLiteral("5") });
 }
 
-TEST_F(MemoryCsv, ALineWithElevenColumnsIsRefused)
+TEST_F(MemoryCsv, ElevenFieldsAreRefused)
 {
     lines[kFirstRow + 4] = "Used,4,4,Active, 145500000,FM,15 kHz, 0,Off,0,Off";
     ExpectRefused(12782, { QStringLiteral("5") });
 }
 
-TEST_F(MemoryCsv, ALineThatIsNotInItsPlaceIsRefused)
+TEST_F(MemoryCsv, LineOutOfOrderIsRefused)
 {
     ExpectBadField(1, "5", 12782);
     ExpectBadField(1, "4.5", 12782);
@@ -213,7 +213,7 @@ TEST_F(MemoryCsv, ALineThatIsNotInItsPlaceIsRefused)
     ExpectBadField(1, "", 12782);
 }
 
-TEST_F(MemoryCsv, EachBadFieldHasItsMessage)
+TEST_F(MemoryCsv, BadFieldShowsItsMessage)
 {
     ExpectBadField(2, "x", 12795);
     ExpectBadField(0, "used", 12805);
@@ -241,7 +241,7 @@ TEST_F(MemoryCsv, FieldsOfUnusedLinesAreCheckedToo)
     ExpectBadField(5, "XM", 12797);
 }
 
-TEST_F(MemoryCsv, OfSeveralBadFieldsTheOneThatIsReadFirstIsReported)
+TEST_F(MemoryCsv, FirstOfSeveralBadFieldsIsReported)
 {
     struct Step {
         int Column;
@@ -262,28 +262,28 @@ TEST_F(MemoryCsv, OfSeveralBadFieldsTheOneThatIsReadFirstIsReported)
     }
 }
 
-TEST_F(MemoryCsv, ABandwidthThatTheDemodulationDoesNotTakeIsRefused)
+TEST_F(MemoryCsv, BandwidthThatDoesNotFitDemodulationIsRefused)
 {
     SetField(4, 5, "USB");
     SetField(4, 6, "500 kHz");
     ExpectRefused(12811, { QStringLiteral("5") });
 }
 
-TEST_F(MemoryCsv, AfcWithADemodulationThatHasNoneIsRefused)
+TEST_F(MemoryCsv, AfcThatDoesNotFitDemodulationIsRefused)
 {
     SetField(4, 5, "IQ");
     SetField(4, 11, "On");
     ExpectRefused(12812, { QStringLiteral("5") });
 }
 
-TEST_F(MemoryCsv, ASpanThatDoesNotFitTheStepIsRefused)
+TEST_F(MemoryCsv, SpanThatDoesNotFitStepIsRefused)
 {
     SetField(4, 16, "80 MHz");
     SetField(4, 17, "0.625 Hz");
     ExpectRefused(12814, { QStringLiteral("5") });
 }
 
-TEST_F(MemoryCsv, TheThirdDfSquelchValueIsWrittenAndRefusedOnReading)
+TEST_F(MemoryCsv, ThirdDfSquelchValueIsWrittenButRefusedOnReading)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "Van";
@@ -299,7 +299,7 @@ TEST_F(MemoryCsv, RefusesSecondLineWithSameNumber)
     ExpectRefused(12795, { QStringLiteral("10") });
 }
 
-TEST_F(MemoryCsv, NumbersAreClampedBetweenZeroAndTheHighestOne)
+TEST_F(MemoryCsv, NumbersAreClampedToZeroAndMaximum)
 {
     SetField(0, 2, "-5");
     SetField(1023, 2, "5000");
@@ -308,7 +308,7 @@ TEST_F(MemoryCsv, NumbersAreClampedBetweenZeroAndTheHighestOne)
     EXPECT_EQ(table.Row(1023).Number, 1023);
 }
 
-TEST_F(MemoryCsv, ValuesOutsideTheLimitsAreCorrected)
+TEST_F(MemoryCsv, ValuesOutsideLimitsAreClamped)
 {
     SetField(4, 4, " 99e9");
     SetField(4, 7, " 999");
@@ -348,25 +348,25 @@ TEST_F(MemoryCsv, EachValueHasItsOwnLimits)
     EXPECT_EQ(table.Row(5).DfMeasurementTime, 50);
 }
 
-TEST_F(MemoryCsv, TheLowestMemoryNumberOfTheStoreIsNotUsed)
+TEST_F(MemoryCsv, MinimumNumberOfStoreIsIgnored)
 {
     Limits().MemoryNr = { 1, 1023 };
     EXPECT_EQ(Read().Row(0).Number, 0);
 }
 
-TEST_F(MemoryCsv, TheHighestMemoryNumberIsTheStores)
+TEST_F(MemoryCsv, MaximumNumberIsThatOfStore)
 {
     Limits().MemoryNr.Max = 1022; // to which the number of the last row is clamped, and the row before bears it
     ExpectRefused(12795, { QStringLiteral("1024") });
 }
 
-TEST_F(MemoryCsv, ALongDescriptionIsCut)
+TEST_F(MemoryCsv, LongDescriptionIsCut)
 {
     SetField(4, 12, QByteArray(60, 'x'));
     EXPECT_EQ(Read().Row(4).Description, QString(32, u'x'));
 }
 
-TEST_F(MemoryCsv, AListWithoutDescriptionLineIsRead)
+TEST_F(MemoryCsv, ListWithoutDescriptionLineIsRead)
 {
     lines.removeAt(1);
     const MemoryTable table = Read();
@@ -374,7 +374,7 @@ TEST_F(MemoryCsv, AListWithoutDescriptionLineIsRead)
     EXPECT_EQ(table.MemoryListDescription, "");
 }
 
-TEST_F(MemoryCsv, ALastRowWithoutLineEndIsLost)
+TEST_F(MemoryCsv, LastRowWithoutLineEndIsIgnored)
 {
     const QString path = FilePath("list.csv");
     QByteArray bytes = JoinLines(lines);
@@ -386,19 +386,19 @@ TEST_F(MemoryCsv, ALastRowWithoutLineEndIsLost)
     EXPECT_EQ(table, EmptyMemoryTable());
 }
 
-TEST_F(MemoryCsv, ARowTooFewIsRefusedAtTheEnd)
+TEST_F(MemoryCsv, MissingRowIsRefused)
 {
     lines.removeLast();
     ExpectRefused(12817, {});
 }
 
-TEST_F(MemoryCsv, ARowTooManyIsRefused)
+TEST_F(MemoryCsv, SurplusRowIsRefused)
 {
     lines.append(lines.last());
     ExpectRefused(12781, { QStringLiteral("list.csv"), QStringLiteral("1") });
 }
 
-TEST_F(MemoryCsv, HeaderFailuresLeaveAnEmptyList)
+TEST_F(MemoryCsv, HeaderFailuresLeaveEmptyList)
 {
     lines[0] = "Memory List";
     ExpectRefused(12776, {});
@@ -410,14 +410,14 @@ TEST_F(MemoryCsv, HeaderFailuresLeaveAnEmptyList)
     ExpectRefused(12775, {});
 }
 
-TEST_F(MemoryCsv, AMissingFileIsReported)
+TEST_F(MemoryCsv, MissingFileIsReported)
 {
     MemoryTable table;
     Answers().Expect(12780, { QStringLiteral("gone.csv"), QStringLiteral("1") }, Ok);
     EXPECT_FALSE(OpenMemoryList(FilePath("gone.csv"), table));
 }
 
-TEST_F(MemoryCsv, AnExistingFileIsReplacedOnYesOnly)
+TEST_F(MemoryCsv, ExistingFileIsReplacedOnYesOnly)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "Van";
@@ -431,7 +431,7 @@ TEST_F(MemoryCsv, AnExistingFileIsReplacedOnYesOnly)
     EXPECT_TRUE(Contents(path).startsWith("Memory List,Van\r\n"));
 }
 
-TEST_F(MemoryCsv, AFileThatCannotBeWrittenIsReported)
+TEST_F(MemoryCsv, FailedWriteIsReported)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "Van";
@@ -439,7 +439,7 @@ TEST_F(MemoryCsv, AFileThatCannotBeWrittenIsReported)
     EXPECT_FALSE(WriteMemoryList(FilePath("no folder/list.csv"), table));
 }
 
-TEST_F(MemoryCsv, ATextThatAFileCannotCarryIsNotWritten)
+TEST_F(MemoryCsv, TextThatFileCannotHoldIsNotWritten)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "Van";
@@ -454,7 +454,7 @@ TEST_F(MemoryCsv, ATextThatAFileCannotCarryIsNotWritten)
     EXPECT_FALSE(QFile::exists(path));
 }
 
-TEST_F(MemoryCsv, ANameThatTheReaderWouldRefuseIsNotWritten)
+TEST_F(MemoryCsv, NameThatReaderRefusesIsNotWritten)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "  "; // a valid name of a list, but a reader trims it
@@ -464,7 +464,7 @@ TEST_F(MemoryCsv, ANameThatTheReaderWouldRefuseIsNotWritten)
     EXPECT_FALSE(QFile::exists(path));
 }
 
-TEST_F(MemoryCsv, TwoUsedRowsOfOneNumberAreNotWritten)
+TEST_F(MemoryCsv, DuplicateNumberOfUsedRowsIsNotWritten)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "Van";

@@ -58,7 +58,7 @@ protected:
 
 } // namespace
 
-TEST_F(MemoryEditor, AnUnusedRowShowsItsNumberOnly)
+TEST_F(MemoryEditor, UnusedRowShowsOnlyItsNumber)
 {
     Open();
     EXPECT_EQ(CellText(2, 5), "5");
@@ -68,7 +68,7 @@ TEST_F(MemoryEditor, AnUnusedRowShowsItsNumberOnly)
     EXPECT_FALSE(CanDelete());
 }
 
-TEST_F(MemoryEditor, AUsedRowShowsItsFields)
+TEST_F(MemoryEditor, UsedRowShowsItsFields)
 {
     Open(StoredList({ 5 }));
     EXPECT_EQ(CellText(2, 5), "5");
@@ -77,7 +77,7 @@ TEST_F(MemoryEditor, AUsedRowShowsItsFields)
     EXPECT_EQ(CellText(5, 5), "Row 5");
 }
 
-TEST_F(MemoryEditor, TypingAFrequencyBringsARowToLifeWithItsNumber)
+TEST_F(MemoryEditor, TypedFrequencyMakesRowUsedWithItsNumber)
 {
     Open();
     TypeCell(3, 5, "145,5");
@@ -93,7 +93,7 @@ TEST_F(MemoryEditor, TypingAFrequencyBringsARowToLifeWithItsNumber)
     EXPECT_EQ(record.Frequency, 145500000);
 }
 
-TEST_F(MemoryEditor, TypingADescriptionBringsARowToLifeThatOwesItsFrequency)
+TEST_F(MemoryEditor, TypedDescriptionMakesRowUsedWithoutFrequency)
 {
     Open();
     TypeCell(5, 5, "Tower");
@@ -107,7 +107,7 @@ TEST_F(MemoryEditor, TypingADescriptionBringsARowToLifeThatOwesItsFrequency)
     EXPECT_TRUE(Cell(3, 5).hasFocus());
 }
 
-TEST_F(MemoryEditor, TheCheckBoxStoresTheStatusAtOnce)
+TEST_F(MemoryEditor, CheckBoxStoresStatusAtOnce)
 {
     Open(StoredList({ 5 }));
     Find<QCheckBox>(form, CellName(1, 5)).click();
@@ -115,7 +115,7 @@ TEST_F(MemoryEditor, TheCheckBoxStoresTheStatusAtOnce)
     EXPECT_EQ(Saved().Row(5).Status, 1);
 }
 
-TEST_F(MemoryEditor, TheCheckBoxBringsARowToLife)
+TEST_F(MemoryEditor, CheckBoxMakesRowUsed)
 {
     Open();
     Find<QCheckBox>(form, CellName(1, 5)).click();
@@ -124,7 +124,7 @@ TEST_F(MemoryEditor, TheCheckBoxBringsARowToLife)
     EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(MemoryEditor, AValueBeyondTheLimitsIsReplacedInItsCell)
+TEST_F(MemoryEditor, ValueOutsideLimitsIsClampedInCell)
 {
     Open(StoredList({ 5 }));
     TypeCell(3, 5, "9000");
@@ -132,7 +132,7 @@ TEST_F(MemoryEditor, AValueBeyondTheLimitsIsReplacedInItsCell)
     EXPECT_EQ(CellText(3, 5), "8000.000000");
 }
 
-TEST_F(MemoryEditor, ABadDescriptionKeepsTheFocus)
+TEST_F(MemoryEditor, BadDescriptionKeepsFocus)
 {
     Open(StoredList({ 5 }));
     TypeCell(5, 5, "a,b");
@@ -141,7 +141,7 @@ TEST_F(MemoryEditor, ABadDescriptionKeepsTheFocus)
     EXPECT_TRUE(Cell(5, 5).hasFocus());
 }
 
-TEST_F(MemoryEditor, DeleteFreesTheRowAndKeepsItsNumber)
+TEST_F(MemoryEditor, DeleteMakesRowUnusedAndKeepsItsNumber)
 {
     Open(StoredList({ 4, 5, 6 }));
     form.CellSetFocus(5, 3);
@@ -158,7 +158,7 @@ TEST_F(MemoryEditor, DeleteFreesTheRowAndKeepsItsNumber)
     EXPECT_TRUE(saved.Row(6).Used);
 }
 
-TEST_F(MemoryEditor, DeleteDoesNotHoldUpOnABadCell)
+TEST_F(MemoryEditor, DeleteIgnoresBadCell)
 {
     Open(StoredList({ 5 }));
     TypeCell(3, 5, "abc");
@@ -166,7 +166,7 @@ TEST_F(MemoryEditor, DeleteDoesNotHoldUpOnABadCell)
     EXPECT_EQ(CellText(3, 5), "");
 }
 
-TEST_F(MemoryEditor, ADeletedRowComesBackWithItsNumber)
+TEST_F(MemoryEditor, DeletedRowIsUsedAgainWithItsNumber)
 {
     Open(StoredList({ 5 }));
     form.CellSetFocus(5, 3);
@@ -178,7 +178,7 @@ TEST_F(MemoryEditor, ADeletedRowComesBackWithItsNumber)
     EXPECT_TRUE(Saved().Row(5).Used);
 }
 
-TEST_F(MemoryEditor, ABadFrequencyOutsideThePageDoesNotStopASave)
+TEST_F(MemoryEditor, BadFrequencyOutsidePageDoesNotPreventSave)
 {
     const QString path = StoredList({ 0, 500 });
     MemoryTable table;
@@ -190,7 +190,7 @@ TEST_F(MemoryEditor, ABadFrequencyOutsideThePageDoesNotStopASave)
     EXPECT_EQ(Saved().Row(500).Frequency, 1);
 }
 
-TEST_F(MemoryEditor, AValueBeyondTheLimitsIsAnUnsavedChangeOnceItIsCorrected)
+TEST_F(MemoryEditor, ClampingStoredValueSetsDirty)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "Van";
@@ -204,7 +204,7 @@ TEST_F(MemoryEditor, AValueBeyondTheLimitsIsAnUnsavedChangeOnceItIsCorrected)
     EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(MemoryEditor, AnUntouchedCellIsNoUnsavedChange)
+TEST_F(MemoryEditor, UnchangedCellDoesNotSetDirty)
 {
     Open(StoredList({ 5 }));
     form.CellSetFocus(5, 3);
@@ -213,7 +213,7 @@ TEST_F(MemoryEditor, AnUntouchedCellIsNoUnsavedChange)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
-TEST_F(MemoryEditor, ADeletedRowShowsNoStatusAndComesBackWithIt)
+TEST_F(MemoryEditor, DeletedRowHidesStatusUntilUsedAgain)
 {
     Open(StoredList({ 5 }));
     Find<QCheckBox>(form, CellName(1, 5)).click();
@@ -224,7 +224,7 @@ TEST_F(MemoryEditor, ADeletedRowShowsNoStatusAndComesBackWithIt)
     EXPECT_TRUE(IsChecked(5));
 }
 
-TEST_F(MemoryEditor, ThePointerIsBusyDuringASort)
+TEST_F(MemoryEditor, PointerIsBusyDuringSort)
 {
     Open(StoredList({ 5 }));
     static Qt::CursorShape shape;
@@ -245,7 +245,7 @@ TEST_F(MemoryEditor, SortOffersSevenKeys)
         EXPECT_EQ(Sort().itemText(key), LngStr(10817 + key));
 }
 
-TEST_F(MemoryEditor, SortOrdersTheListAndGoesToItsTop)
+TEST_F(MemoryEditor, SortOrdersListAndScrollsToTop)
 {
     Open(StoredList({ 30, 200, 900 }));
     Find<QScrollBar>(form, "VScroll1").setValue(500);
@@ -258,7 +258,7 @@ TEST_F(MemoryEditor, SortOrdersTheListAndGoesToItsTop)
     EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(MemoryEditor, AFailedSortKeepsRowsAndPage)
+TEST_F(MemoryEditor, FailedSortKeepsRowsAndPage)
 {
     Open(StoredList({ 30 }));
     Find<QScrollBar>(form, "VScroll1").setValue(20);
@@ -299,7 +299,7 @@ TEST_F(MemoryEditor, OtherHeadersDoNothing)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
-TEST_F(MemoryEditor, ADoubleClickOpensTheEntry)
+TEST_F(MemoryEditor, DoubleClickOpensEntry)
 {
     Open(StoredList({ 5 }));
     for (const QString& name : { CellName(3, 5), CellName(0, 5), CellName(4, 5) }) {
@@ -315,7 +315,7 @@ TEST_F(MemoryEditor, ADoubleClickOpensTheEntry)
     }
 }
 
-TEST_F(MemoryEditor, AnEntryEditedInTheDialogIsShownAndUnsaved)
+TEST_F(MemoryEditor, EntryEditedInDialogIsShownAndSetsDirty)
 {
     Open(StoredList({ 5 }));
     form.CellSetFocus(5, 3);
@@ -330,7 +330,7 @@ TEST_F(MemoryEditor, AnEntryEditedInTheDialogIsShownAndUnsaved)
     EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(MemoryEditor, OkOnAnUntouchedUnusedRowIsAnUnsavedChange)
+TEST_F(MemoryEditor, OkOnUnusedRowSetsDirty)
 {
     Open();
     form.CellSetFocus(5, 3);
@@ -341,7 +341,7 @@ TEST_F(MemoryEditor, OkOnAnUntouchedUnusedRowIsAnUnsavedChange)
     EXPECT_TRUE(CanDelete());
 }
 
-TEST_F(MemoryEditor, CancelInTheDialogChangesNothing)
+TEST_F(MemoryEditor, CancelInDialogChangesNothing)
 {
     Open(StoredList({ 5 }));
     form.CellSetFocus(5, 3);
@@ -354,7 +354,7 @@ TEST_F(MemoryEditor, CancelInTheDialogChangesNothing)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
-TEST_F(MemoryEditor, ACancelAfterARefusedOkLeavesTheNumbersButNoUnsavedChange)
+TEST_F(MemoryEditor, CancelAfterRefusedOkKeepsNumbersWithoutDirty)
 {
     Open(StoredList({ 5 }));
     form.CellSetFocus(5, 3);
@@ -372,7 +372,7 @@ TEST_F(MemoryEditor, ACancelAfterARefusedOkLeavesTheNumbersButNoUnsavedChange)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
-TEST_F(MemoryEditor, DeleteInTheDialogEmptiesTheRowAndItsNumber)
+TEST_F(MemoryEditor, DeleteInDialogClearsRowAndItsNumber)
 {
     Open(StoredList({ 0, 5 }));
     form.CellSetFocus(5, 3);
@@ -385,7 +385,7 @@ TEST_F(MemoryEditor, DeleteInTheDialogEmptiesTheRowAndItsNumber)
     EXPECT_EQ(CellText(2, 5), "5");
 }
 
-TEST_F(MemoryEditor, ABadCellIsCorrectedBeforeTheDialogOpens)
+TEST_F(MemoryEditor, BadCellPreventsOpeningDialog)
 {
     Open(StoredList({ 5 }));
     TypeCell(3, 5, "abc");
@@ -394,7 +394,7 @@ TEST_F(MemoryEditor, ABadCellIsCorrectedBeforeTheDialogOpens)
     EXPECT_TRUE(Cell(3, 5).hasFocus());
 }
 
-TEST_F(MemoryEditor, SaveInBothFormsAndReadBack)
+TEST_F(MemoryEditor, SavesInBothFormatsAndReadsBack)
 {
     Open(StoredList({ 5, 1023 }));
     QDir().mkpath(FilePath("out"));

@@ -58,7 +58,7 @@ TEST_F(MemoryEntryForm, HasItsControls)
         1);
 }
 
-TEST_F(MemoryEntryForm, EachLabelHasItsText)
+TEST_F(MemoryEntryForm, LabelsHaveTheirTexts)
 {
     const QList<std::pair<QString, int>> texts{ { "BtHelp", 10733 }, { "BtCancel", 10707 }, { "BtOk", 10705 },
         { "BtDelete", 10711 }, { "LbFreq", 10912 }, { "LbModu", 10913 }, { "LbBandwidth", 10914 },
@@ -75,7 +75,7 @@ TEST_F(MemoryEntryForm, EachLabelHasItsText)
     });
 }
 
-TEST_F(MemoryEntryForm, EachComboOffersItsTextsInTheOrderOfTheirCodes)
+TEST_F(MemoryEntryForm, CombosOfferTextsInOrderOfCodes)
 {
     struct Offer {
         const char* Combo;
@@ -97,7 +97,7 @@ TEST_F(MemoryEntryForm, EachComboOffersItsTextsInTheOrderOfTheirCodes)
     });
 }
 
-TEST_F(MemoryEntryForm, ControlsBearTheirHelpNumbers)
+TEST_F(MemoryEntryForm, ControlsHaveTheirHelpNumbers)
 {
     Run([&] {
         EXPECT_EQ(form.HelpNumber(), 10739);
@@ -113,7 +113,7 @@ TEST_F(MemoryEntryForm, ControlsBearTheirHelpNumbers)
     });
 }
 
-TEST_F(MemoryEntryForm, ShowsTheEntry)
+TEST_F(MemoryEntryForm, ShowsEntry)
 {
     MemoryEntry().DfStep = 33;
     Run([&] {
@@ -127,7 +127,7 @@ TEST_F(MemoryEntryForm, ShowsTheEntry)
     });
 }
 
-TEST_F(MemoryEntryForm, ADemodulationAboveThreeOpensAsTheFirstAndOkStoresThat)
+TEST_F(MemoryEntryForm, DemodulationAboveThreeIsShownAsFirstAndStored)
 {
     MemoryEntry().Demodulation = 5;
     EXPECT_EQ(Run([&] {
@@ -138,7 +138,7 @@ TEST_F(MemoryEntryForm, ADemodulationAboveThreeOpensAsTheFirstAndOkStoresThat)
     EXPECT_EQ(MemoryEntry().Demodulation, 0);
 }
 
-TEST_F(MemoryEntryForm, AnyChangeIsUnsaved)
+TEST_F(MemoryEntryForm, AnyChangeSetsDirty)
 {
     Run([&] {
         Choose("CbStatus", 1);
@@ -149,7 +149,7 @@ TEST_F(MemoryEntryForm, AnyChangeIsUnsaved)
     EXPECT_EQ(MemoryEntry().Status, 1);
 }
 
-TEST_F(MemoryEntryForm, CancelLeavesTheEntryAndTheMarkOfChangesAsTheyWere)
+TEST_F(MemoryEntryForm, CancelRestoresEntryAndDirty)
 {
     const MemoryRecord before = MemoryEntry();
     EXPECT_EQ(Run([&] {
@@ -162,14 +162,14 @@ TEST_F(MemoryEntryForm, CancelLeavesTheEntryAndTheMarkOfChangesAsTheyWere)
     EXPECT_EQ(MemoryEntry(), before);
 }
 
-TEST_F(MemoryEntryForm, CancelDoesNotClearAnEarlierMark)
+TEST_F(MemoryEntryForm, CancelKeepsEarlierDirty)
 {
     Editor().EditorDirty = true;
     Run([&] { Click(form, "BtCancel"); });
     EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(MemoryEntryForm, EscapeAndTheCloseButtonCancel)
+TEST_F(MemoryEntryForm, EscapeAndCloseButtonCancel)
 {
     EXPECT_EQ(Run([&] {
         Type(form, "TbFrequency", "300");
@@ -186,7 +186,7 @@ TEST_F(MemoryEntryForm, EscapeAndTheCloseButtonCancel)
     EXPECT_EQ(MemoryEntry().Frequency, 145500000);
 }
 
-TEST_F(MemoryEntryForm, CancelDoesNotHoldUpOnABadNumber)
+TEST_F(MemoryEntryForm, CancelIgnoresBadNumber)
 {
     Run([&] {
         Type(form, "TbFrequency", "abc");
@@ -195,7 +195,7 @@ TEST_F(MemoryEntryForm, CancelDoesNotHoldUpOnABadNumber)
     EXPECT_EQ(MemoryEntry().Frequency, 145500000);
 }
 
-TEST_F(MemoryEntryForm, LeavingANumberFormatsIt)
+TEST_F(MemoryEntryForm, LeavingNumberFormatsIt)
 {
     Run([&] {
         Type(form, "TbFrequency", "145,25");
@@ -212,7 +212,7 @@ TEST_F(MemoryEntryForm, LeavingANumberFormatsIt)
     });
 }
 
-TEST_F(MemoryEntryForm, ABadNumberKeepsTheFocus)
+TEST_F(MemoryEntryForm, BadNumberKeepsFocus)
 {
     Run([&] {
         for (const char* name :
@@ -228,7 +228,7 @@ TEST_F(MemoryEntryForm, ABadNumberKeepsTheFocus)
     });
 }
 
-TEST_F(MemoryEntryForm, ABadDescriptionKeepsTheFocus)
+TEST_F(MemoryEntryForm, BadDescriptionKeepsFocus)
 {
     Run([&] {
         Type(form, "TbDescription", "a;b");
@@ -239,7 +239,7 @@ TEST_F(MemoryEntryForm, ABadDescriptionKeepsTheFocus)
     });
 }
 
-TEST_F(MemoryEntryForm, EnteringATextMarksAllOfIt)
+TEST_F(MemoryEntryForm, EnteringTextSelectsAll)
 {
     Run([&] {
         Key(form, "CbBandwidth", Qt::Key_Tab);
@@ -251,7 +251,7 @@ TEST_F(MemoryEntryForm, EnteringATextMarksAllOfIt)
     });
 }
 
-TEST_F(MemoryEntryForm, APairThatIsRefusedKeepsTheDialogOpen)
+TEST_F(MemoryEntryForm, RefusedPairKeepsDialogOpen)
 {
     Run([&] {
         Choose("CbModulation", 5);
@@ -275,7 +275,7 @@ TEST_F(MemoryEntryForm, APairThatIsRefusedKeepsTheDialogOpen)
     });
 }
 
-TEST_F(MemoryEntryForm, AFailureLeavesEarlierNumbersInTheEntryThatCancelDoesNotTakeBack)
+TEST_F(MemoryEntryForm, CancelKeepsNumbersStoredByRefusedOk)
 {
     Run([&] {
         Type(form, "TbFrequency", "300");
@@ -290,7 +290,7 @@ TEST_F(MemoryEntryForm, AFailureLeavesEarlierNumbersInTheEntryThatCancelDoesNotT
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
-TEST_F(MemoryEntryForm, DeleteEmptiesTheEntry)
+TEST_F(MemoryEntryForm, DeleteClearsEntry)
 {
     Run([&] { Click(form, "BtDelete"); });
     EXPECT_EQ(MemoryEntry(), MemoryRecord());

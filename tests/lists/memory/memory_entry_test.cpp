@@ -24,7 +24,7 @@ protected:
 
 } // namespace
 
-TEST_F(MemoryEntryRules, TheFieldsShowTheEntry)
+TEST_F(MemoryEntryRules, FieldsShowEntry)
 {
     MemoryRecord& entry = MemoryEntry();
     entry.Frequency = 145500000;
@@ -41,7 +41,7 @@ TEST_F(MemoryEntryRules, TheFieldsShowTheEntry)
     EXPECT_EQ(MemoryEntryTitle(), "Memory Entry - 7");
 }
 
-TEST_F(MemoryEntryRules, DemodulationsAboveThreeShowAsTheFirstOne)
+TEST_F(MemoryEntryRules, DemodulationsAboveThreeAreShownAsFirst)
 {
     for (int code = 0; code < 8; ++code) {
         MemoryEntry().Demodulation = static_cast<std::int16_t>(code);
@@ -49,7 +49,7 @@ TEST_F(MemoryEntryRules, DemodulationsAboveThreeShowAsTheFirstOne)
     }
 }
 
-TEST_F(MemoryEntryRules, OkStoresTheFirstDemodulationForTheOnesAboveThree)
+TEST_F(MemoryEntryRules, OkStoresFirstDemodulationForThoseAboveThree)
 {
     MemoryEntry().Demodulation = 5;
     MemoryEntryFields fields = FieldsOfMemoryEntry();
@@ -57,7 +57,7 @@ TEST_F(MemoryEntryRules, OkStoresTheFirstDemodulationForTheOnesAboveThree)
     EXPECT_EQ(MemoryEntry().Demodulation, 0);
 }
 
-TEST_F(MemoryEntryRules, OkTakesEveryField)
+TEST_F(MemoryEntryRules, OkStoresEveryField)
 {
     MemoryEntryFields fields;
     fields.Frequency = "145,5";
@@ -100,7 +100,7 @@ TEST_F(MemoryEntryRules, OkTakesEveryField)
     EXPECT_EQ(fields.Frequency, "145.500000");
 }
 
-TEST_F(MemoryEntryRules, OkOnUntouchedFieldsKeepsEveryDigit)
+TEST_F(MemoryEntryRules, OkOnUnchangedFieldsKeepsEveryDigit)
 {
     MemoryEntry().Frequency = 145500000.25;
     MemoryEntry().DfMeasurementTime = 0.015;
@@ -110,7 +110,7 @@ TEST_F(MemoryEntryRules, OkOnUntouchedFieldsKeepsEveryDigit)
     EXPECT_EQ(MemoryEntry().DfMeasurementTime, 0.015);
 }
 
-TEST_F(MemoryEntryRules, OkBringsAnUnusedEntryToLife)
+TEST_F(MemoryEntryRules, OkMakesEntryUsed)
 {
     ASSERT_FALSE(MemoryEntry().Used);
     MemoryEntryFields fields = FieldsOfMemoryEntry();
@@ -118,7 +118,7 @@ TEST_F(MemoryEntryRules, OkBringsAnUnusedEntryToLife)
     EXPECT_TRUE(MemoryEntry().Used);
 }
 
-TEST_F(MemoryEntryRules, ValuesOutsideTheLimitsAreClamped)
+TEST_F(MemoryEntryRules, ValuesOutsideLimitsAreClamped)
 {
     MemoryEntryFields fields = FieldsOfMemoryEntry();
     fields.Frequency = "99999";
@@ -154,7 +154,7 @@ TEST_F(MemoryEntryRules, EachValueHasItsOwnLimits)
     EXPECT_EQ(MemoryEntry().DfSquelchLevel, 40);
 }
 
-TEST_F(MemoryEntryRules, OfSeveralFailuresOfOkTheFirstCheckIsReported)
+TEST_F(MemoryEntryRules, OkReportsFirstOfSeveralFailures)
 {
     using Field = MemoryEntryField;
     MemoryEntryFields fields = FieldsOfMemoryEntry();
@@ -185,7 +185,7 @@ TEST_F(MemoryEntryRules, OfSeveralFailuresOfOkTheFirstCheckIsReported)
     EXPECT_FALSE(MemoryEntry().Used);
 }
 
-TEST_F(MemoryEntryRules, ALaterFailureLeavesTheEarlierNumbersInTheEntry)
+TEST_F(MemoryEntryRules, FailureKeepsEarlierNumbersInEntry)
 {
     MemoryEntryFields fields = FieldsOfMemoryEntry();
     fields.Frequency = "200";
@@ -199,7 +199,7 @@ TEST_F(MemoryEntryRules, ALaterFailureLeavesTheEarlierNumbersInTheEntry)
     EXPECT_EQ(MemoryEntry().Description, "");
 }
 
-TEST_F(MemoryEntryRules, LeavingAFieldStoresNothing)
+TEST_F(MemoryEntryRules, LeavingFieldStoresNothing)
 {
     const MemoryRecord before = MemoryEntry();
     MemoryEntryFields fields = FieldsOfMemoryEntry();
@@ -209,7 +209,7 @@ TEST_F(MemoryEntryRules, LeavingAFieldStoresNothing)
     EXPECT_EQ(MemoryEntry(), before);
 }
 
-TEST_F(MemoryEntryRules, ADescriptionWithAForbiddenCharacterIsReported)
+TEST_F(MemoryEntryRules, DescriptionWithForbiddenCharacterIsReported)
 {
     MemoryEntryFields fields = FieldsOfMemoryEntry();
     fields.Description = "a;b";
@@ -217,7 +217,7 @@ TEST_F(MemoryEntryRules, ADescriptionWithAForbiddenCharacterIsReported)
     EXPECT_FALSE(CheckMemoryEntryField(MemoryEntryField::Description, fields));
 }
 
-TEST_F(MemoryEntryRules, DeleteLeavesAnUnusedRowOfZeros)
+TEST_F(MemoryEntryRules, DeleteLeavesUnusedRowOfZeros)
 {
     MemoryEntry().Used = true;
     DeleteMemoryEntry();
@@ -225,45 +225,45 @@ TEST_F(MemoryEntryRules, DeleteLeavesAnUnusedRowOfZeros)
     EXPECT_EQ(MemoryEntry().Number, 0);
 }
 
-TEST_F(MemoryCells, AnUnusedRowShowsItsNumberOnly)
+TEST_F(MemoryCells, UnusedRowShowsOnlyItsNumber)
 {
-    EXPECT_EQ(MemoryCellText(record, MemoryColumnNumber), "7");
-    for (const int column : { MemoryColumnFrequency, MemoryColumnDemodulation, MemoryColumnDescription })
+    EXPECT_EQ(MemoryCellText(record, kMemoryColumnNumber), "7");
+    for (const int column : { kMemoryColumnFrequency, kMemoryColumnDemodulation, kMemoryColumnDescription })
         EXPECT_EQ(MemoryCellText(record, column), "");
 }
 
-TEST_F(MemoryCells, AUsedRowShowsItsFields)
+TEST_F(MemoryCells, UsedRowShowsItsFields)
 {
     record.Used = true;
     record.Frequency = 145500000;
     record.Demodulation = 1;
     record.Description = "Tower";
-    EXPECT_EQ(MemoryCellText(record, MemoryColumnFrequency), "145.500000");
-    EXPECT_EQ(MemoryCellText(record, MemoryColumnDemodulation), "AM");
-    EXPECT_EQ(MemoryCellText(record, MemoryColumnDescription), "Tower");
+    EXPECT_EQ(MemoryCellText(record, kMemoryColumnFrequency), "145.500000");
+    EXPECT_EQ(MemoryCellText(record, kMemoryColumnDemodulation), "AM");
+    EXPECT_EQ(MemoryCellText(record, kMemoryColumnDescription), "Tower");
 }
 
-TEST_F(MemoryCells, ACheckedFrequencyIsStoredAndFormatted)
+TEST_F(MemoryCells, CheckedFrequencyIsStoredAndFormatted)
 {
     QString text = "145,5";
-    EXPECT_TRUE(CheckMemoryCell(record, MemoryColumnFrequency, text));
+    EXPECT_TRUE(CheckMemoryCell(record, kMemoryColumnFrequency, text));
     EXPECT_EQ(record.Frequency, 145500000);
     EXPECT_EQ(text, "145.500000");
 }
 
-TEST_F(MemoryCells, AnUntouchedFrequencyKeepsItsDigits)
+TEST_F(MemoryCells, UnchangedFrequencyKeepsItsDigits)
 {
     record.Frequency = 145500000.25;
     QString text = "145.500000";
-    EXPECT_TRUE(CheckMemoryCell(record, MemoryColumnFrequency, text));
+    EXPECT_TRUE(CheckMemoryCell(record, kMemoryColumnFrequency, text));
     EXPECT_EQ(record.Frequency, 145500000.25);
 }
 
-TEST_F(MemoryCells, ABadDescriptionIsReportedAndNotStored)
+TEST_F(MemoryCells, BadDescriptionIsReportedAndNotStored)
 {
     QString text = "a,b";
     Answers().Expect(12764, QStringList(), Ok);
-    EXPECT_FALSE(CheckMemoryCell(record, MemoryColumnDescription, text));
+    EXPECT_FALSE(CheckMemoryCell(record, kMemoryColumnDescription, text));
     EXPECT_EQ(record.Description, "");
 }
 

@@ -129,14 +129,14 @@ private:
 
 } // namespace
 
-TEST_F(MemoryStoreCalls, AListIsHandedOverInTheStoresOrder)
+TEST_F(MemoryStoreCalls, ListIsWrittenInOrderOfStore)
 {
     UseRow(table, 9, 1e8);
     EXPECT_TRUE(WriteMemoryListDll(table));
     EXPECT_EQ(calls, Expected({ "Clear", "SetName", "SetDescription", "MemItemNumber" }, { "SetData" }));
 }
 
-TEST_F(MemoryStoreCalls, AFileIsLoadedInTheStoresOrder)
+TEST_F(MemoryStoreCalls, FileIsLoadedInOrderOfStore)
 {
     Store(FilePath("Van.tvm"), "any");
     EXPECT_TRUE(ReadMemoryListMRFile(FilePath("Van.tvm"), table));
@@ -146,7 +146,7 @@ TEST_F(MemoryStoreCalls, AFileIsLoadedInTheStoresOrder)
             {}));
 }
 
-TEST_F(MemoryStoreCalls, NothingIsAskedAfterTheFirstFailure)
+TEST_F(MemoryStoreCalls, NoCallFollowsFirstFailure)
 {
     UseRow(table, 9, 1e8);
     UseRow(table, 10, 1e8);
@@ -157,7 +157,7 @@ TEST_F(MemoryStoreCalls, NothingIsAskedAfterTheFirstFailure)
     EXPECT_EQ(calls, std::vector<std::string>({ "Clear", "SetName", "SetDescription", "MemItemNumber" }));
 }
 
-TEST_F(MemoryListStore, AnEmptyListHasOneNumberForEachRow)
+TEST_F(MemoryListStore, EmptyListNumbersItsRows)
 {
     const MemoryTable empty = EmptyMemoryTable();
     EXPECT_TRUE(empty.MemoryListName.isEmpty());
@@ -169,7 +169,7 @@ TEST_F(MemoryListStore, AnEmptyListHasOneNumberForEachRow)
     EXPECT_EQ(numbers.size(), 1024U);
 }
 
-TEST_F(MemoryListStore, EveryFieldGoesThroughTheStore)
+TEST_F(MemoryListStore, EveryFieldRoundTripsThroughStore)
 {
     table.Row(40) = FullRecord();
     ASSERT_TRUE(WriteMemoryListDll(table));
@@ -180,7 +180,7 @@ TEST_F(MemoryListStore, EveryFieldGoesThroughTheStore)
     EXPECT_EQ(read.Row(40), FullRecord());
 }
 
-TEST_F(MemoryListStore, UnusedRowsAreSkippedAndGapsStay)
+TEST_F(MemoryListStore, UnusedRowsAreSkippedAndGapsKept)
 {
     UseRow(table, 1000, 1e8);
     table.Row(3).Frequency = 2e8; // not used
@@ -192,7 +192,7 @@ TEST_F(MemoryListStore, UnusedRowsAreSkippedAndGapsStay)
     EXPECT_EQ(std::count_if(read.Rows.begin(), read.Rows.end(), [](const MemoryRecord& at) { return at.Used; }), 1);
 }
 
-TEST_F(MemoryListStore, AFailedRowIsNamedCountedFromOne)
+TEST_F(MemoryListStore, FailedRowIsReportedCountedFromOne)
 {
     UseRow(table, 4, 1e8);
     RefuseFrequencies();
@@ -200,14 +200,14 @@ TEST_F(MemoryListStore, AFailedRowIsNamedCountedFromOne)
     EXPECT_FALSE(WriteMemoryListDll(table));
 }
 
-TEST_F(MemoryListStore, AFailureOfTheListHasNoItem)
+TEST_F(MemoryListStore, ListFailureHasNoItem)
 {
     TvFio().MemoryListSetName = [](int16_t* status, const char*) { *status = 8; };
     Answers().Expect(12828, QStringList(), Ok);
     EXPECT_FALSE(WriteMemoryListDll(table));
 }
 
-TEST_F(MemoryListStore, ReadingEndsAtTheFirstError)
+TEST_F(MemoryListStore, ReadingStopsAtFirstError)
 {
     static int asked = 0;
     asked = 0;
@@ -220,7 +220,7 @@ TEST_F(MemoryListStore, ReadingEndsAtTheFirstError)
     EXPECT_EQ(asked, 1);
 }
 
-TEST_F(MemoryListStore, ABinaryFileKeepsTheWholeList)
+TEST_F(MemoryListStore, ListRoundTripsThroughBinaryFile)
 {
     table.Row(0) = FullRecord();
     UseRow(table, 1023, 8e9, "last");
@@ -232,7 +232,7 @@ TEST_F(MemoryListStore, ABinaryFileKeepsTheWholeList)
     EXPECT_EQ(read.Row(0), FullRecord());
 }
 
-TEST_F(MemoryListStore, AListWithoutUsedRowsIsAValidFile)
+TEST_F(MemoryListStore, ListWithoutUsedRowsIsValidFile)
 {
     const QString path = FilePath("Van.tvm");
     ASSERT_TRUE(WriteMemoryList(path, table));
@@ -242,7 +242,7 @@ TEST_F(MemoryListStore, AListWithoutUsedRowsIsAValidFile)
     EXPECT_TRUE(std::none_of(read.Rows.begin(), read.Rows.end(), [](const MemoryRecord& at) { return at.Used; }));
 }
 
-TEST_F(MemoryListStore, AFolderWithForeignLettersIsFound)
+TEST_F(MemoryListStore, FolderNameMayHaveOtherScripts)
 {
     const QString folder = FilePath(QStringLiteral("\u4e00 \u00e4"));
     ASSERT_TRUE(QDir().mkpath(folder));
@@ -252,7 +252,7 @@ TEST_F(MemoryListStore, AFolderWithForeignLettersIsFound)
     EXPECT_TRUE(OpenMemoryList(folder + "/Van.tvm", read));
 }
 
-TEST_F(MemoryListStore, AMissingFileLeavesAnEmptyList)
+TEST_F(MemoryListStore, MissingFileLeavesEmptyList)
 {
     UseRow(table, 2, 1e8);
     Answers().Expect(12780, { QStringLiteral("gone.tvm"), QStringLiteral("1") }, Ok);
@@ -260,7 +260,7 @@ TEST_F(MemoryListStore, AMissingFileLeavesAnEmptyList)
     EXPECT_EQ(table, EmptyMemoryTable());
 }
 
-TEST_F(MemoryListStore, AFileThatIsNoListLeavesAnEmptyList)
+TEST_F(MemoryListStore, InvalidFileLeavesEmptyList)
 {
     UseRow(table, 2, 1e8);
     Store(FilePath("bad.tvm"), "this is no list");
@@ -269,7 +269,7 @@ TEST_F(MemoryListStore, AFileThatIsNoListLeavesAnEmptyList)
     EXPECT_EQ(table, EmptyMemoryTable());
 }
 
-TEST_F(MemoryListStore, RowsTheStoreRefusesAreReportedWithThePath)
+TEST_F(MemoryListStore, RowsRefusedByStoreAreReportedWithPath)
 {
     UseRow(table, 0, 1e8);
     const MemoryTable before = table;
@@ -281,7 +281,7 @@ TEST_F(MemoryListStore, RowsTheStoreRefusesAreReportedWithThePath)
     EXPECT_FALSE(QFile::exists(FilePath("Van.tvm")));
 }
 
-TEST_F(MemoryListStore, AfterASaveTheTableHoldsWhatTheStoreKeeps)
+TEST_F(MemoryListStore, SavedTableIsAsStoreKeepsIt)
 {
     const QString path = FilePath("Van.tvm");
     UseRow(table, 0, 1e8);
@@ -291,7 +291,7 @@ TEST_F(MemoryListStore, AfterASaveTheTableHoldsWhatTheStoreKeeps)
     EXPECT_EQ(table.Row(0).Frequency, 1e8);
 }
 
-TEST_F(MemoryListStore, AnExistingFileStaysWhenItMayNotBeReplaced)
+TEST_F(MemoryListStore, ExistingFileIsKeptOnNo)
 {
     const QString path = FilePath("Van.tvm");
     Store(path, "old");
@@ -303,7 +303,7 @@ TEST_F(MemoryListStore, AnExistingFileStaysWhenItMayNotBeReplaced)
     EXPECT_EQ(table, before);
 }
 
-TEST_F(MemoryListStore, AReadOnlyFileIsRefusedInBothForms)
+TEST_F(MemoryListStore, ReadOnlyFileIsRefusedInBothFormats)
 {
     for (const char* name : { "Van.tvm", "Van.csv" }) {
         const QString path = FilePath(name);
@@ -315,7 +315,7 @@ TEST_F(MemoryListStore, AReadOnlyFileIsRefusedInBothForms)
     }
 }
 
-TEST_F(MemoryListStore, AFailedWriteIsReportedByTheStoreAndLeavesTheRows)
+TEST_F(MemoryListStore, FailedWriteIsReportedAndKeepsRows)
 {
     const QString path = FilePath("no folder/Van.tvm");
     UseRow(table, 0, 1e8);
@@ -325,49 +325,60 @@ TEST_F(MemoryListStore, AFailedWriteIsReportedByTheStoreAndLeavesTheRows)
     EXPECT_EQ(table, before);
 }
 
-TEST_F(MemoryListStore, SortingBringsTheUsedRowsToTheFront)
+TEST_F(MemoryListStore, SortingPutsUsedRowsFirst)
 {
     UseRow(table, 500, 3e8, "c");
     UseRow(table, 600, 1e8, "B");
     UseRow(table, 700, 2e8, "a");
-    ASSERT_TRUE(SortMemoryList(table, MemorySortFrequencyUp));
+    ASSERT_TRUE(SortMemoryList(table, MemorySortKey::FrequencyUp));
     EXPECT_EQ(table.Row(0).Frequency, 1e8);
     EXPECT_EQ(table.Row(2).Frequency, 3e8);
     EXPECT_FALSE(table.Row(3).Used);
     EXPECT_EQ(table.Row(0).Number, 600);
-    ASSERT_TRUE(SortMemoryList(table, MemorySortDescriptionUp));
+    ASSERT_TRUE(SortMemoryList(table, MemorySortKey::DescriptionUp));
     EXPECT_EQ(table.Row(0).Description, "a");
     EXPECT_EQ(table.Row(1).Description, "B");
     EXPECT_EQ(table.MemoryListName, "Van");
     EXPECT_EQ(table.MemoryListDescription, QStringLiteral("roof \u00e4"));
 }
 
-TEST_F(MemoryListStore, AFailedSortKeepsTheRows)
+TEST_F(MemoryListStore, FailedSortKeepsRows)
 {
     UseRow(table, 500, 3e8);
     const MemoryTable before = table;
     Answers().Expect(12838, QStringList(), Ok);
-    EXPECT_FALSE(SortMemoryList(table, 7));
+    EXPECT_FALSE(SortMemoryList(table, static_cast<MemorySortKey>(7)));
     EXPECT_EQ(table, before);
     RefuseFrequencies();
     Answers().Expect(12840, { QStringLiteral("501") }, Ok);
-    EXPECT_FALSE(SortMemoryList(table, 0));
+    EXPECT_FALSE(SortMemoryList(table, MemorySortKey::Status));
     EXPECT_EQ(table, before);
 }
 
-TEST_F(MemoryListStore, AHeaderTogglesBetweenItsTwoKeys)
+TEST_F(MemoryListStore, HeaderTogglesBetweenItsTwoKeys)
 {
-    EXPECT_EQ(MemorySortKeyOfHeader(2, 0), 1);
-    EXPECT_EQ(MemorySortKeyOfHeader(2, 1), 2);
-    EXPECT_EQ(MemorySortKeyOfHeader(2, 2), 1);
-    EXPECT_EQ(MemorySortKeyOfHeader(3, 1), 3);
-    EXPECT_EQ(MemorySortKeyOfHeader(3, 3), 4);
-    EXPECT_EQ(MemorySortKeyOfHeader(5, 5), 6);
+    using Key = MemorySortKey;
+    EXPECT_EQ(MemorySortKeyOfHeader(2, Key::Status), Key::NumberUp);
+    EXPECT_EQ(MemorySortKeyOfHeader(2, Key::NumberUp), Key::NumberDown);
+    EXPECT_EQ(MemorySortKeyOfHeader(2, Key::NumberDown), Key::NumberUp);
+    EXPECT_EQ(MemorySortKeyOfHeader(3, Key::NumberUp), Key::FrequencyUp);
+    EXPECT_EQ(MemorySortKeyOfHeader(3, Key::FrequencyUp), Key::FrequencyDown);
+    EXPECT_EQ(MemorySortKeyOfHeader(5, Key::DescriptionUp), Key::DescriptionDown);
     for (const int column : { -1, 0, 1, 4, 6 })
-        EXPECT_EQ(MemorySortKeyOfHeader(column, 1), -1);
+        EXPECT_EQ(MemorySortKeyOfHeader(column, Key::NumberUp), std::nullopt);
 }
 
-TEST_F(MemoryListStore, ARowThatComesAliveKeepsItsNumber)
+TEST_F(MemoryListStore, SortKeysHaveTheNumbersOfTheStore)
+{
+    using Key = MemorySortKey;
+    std::int16_t number = 0;
+    for (const Key key : { Key::Status, Key::NumberUp, Key::NumberDown, Key::FrequencyUp, Key::FrequencyDown,
+             Key::DescriptionUp, Key::DescriptionDown })
+        EXPECT_EQ(static_cast<std::int16_t>(key), number++);
+    EXPECT_EQ(number, kMemorySortKeys);
+}
+
+TEST_F(MemoryListStore, RowKeepsItsNumberWhenUsed)
 {
     table.Row(8).Number = 5;
     table.Row(5).Number = 8;
@@ -376,7 +387,7 @@ TEST_F(MemoryListStore, ARowThatComesAliveKeepsItsNumber)
     EXPECT_EQ(table.Row(8).Number, 5);
 }
 
-TEST_F(MemoryListStore, ARowThatComesAliveWithATakenNumberGetsTheOneThatIsMissing)
+TEST_F(MemoryListStore, RowWithTakenNumberGetsLowestFreeOne)
 {
     UseMemoryRow(table, 0);
     table.Row(7).Number = 0; // as Delete in the entry dialog leaves it
@@ -385,7 +396,7 @@ TEST_F(MemoryListStore, ARowThatComesAliveWithATakenNumberGetsTheOneThatIsMissin
     EXPECT_EQ(table.Row(7).Number, 7);
 }
 
-TEST_F(MemoryListStore, WhenEveryNumberIsBorneTheLowestUnusedRowGivesItsOwn)
+TEST_F(MemoryListStore, RowGetsLowestNumberOfUnusedRowsIfNoneIsFree)
 {
     UseMemoryRow(table, 0);
     for (int row = 2; row < kMemoryRows; ++row)
@@ -396,25 +407,25 @@ TEST_F(MemoryListStore, WhenEveryNumberIsBorneTheLowestUnusedRowGivesItsOwn)
     EXPECT_EQ(table.Row(1).Number, 9);
 }
 
-TEST_F(MemoryListStore, NumbersOfAFileAreDistinct)
+TEST_F(MemoryListStore, NumbersForFileAreDistinct)
 {
     UseRow(table, 3, 1e8).Number = 900;
     table.Row(900).Number = 900;
     table.Row(10).Number = 0;
-    int second = 0;
-    const std::vector<std::int16_t> numbers = DistinctMemoryNumbers(table, second);
-    EXPECT_EQ(second, -1);
+    int duplicateRow = 0;
+    const std::vector<std::int16_t> numbers = DistinctMemoryNumbers(table, duplicateRow);
+    EXPECT_EQ(duplicateRow, -1);
     EXPECT_EQ(numbers[3], 900);
     EXPECT_EQ(std::set<std::int16_t>(numbers.begin(), numbers.end()).size(), 1024U);
 }
 
-TEST_F(MemoryListStore, TwoUsedRowsOfOneNumberAreTold)
+TEST_F(MemoryListStore, DuplicateNumberOfUsedRowsIsReported)
 {
     UseRow(table, 3, 1e8).Number = 5;
     UseRow(table, 9, 1e8).Number = 5;
-    int second = -1;
-    static_cast<void>(DistinctMemoryNumbers(table, second));
-    EXPECT_EQ(second, 9);
+    int duplicateRow = -1;
+    static_cast<void>(DistinctMemoryNumbers(table, duplicateRow));
+    EXPECT_EQ(duplicateRow, 9);
 }
 
 } // namespace tarvik

@@ -1,6 +1,7 @@
 #include "tests/lists/list_fixture.h"
 
 #include "app/values/general.h"
+#include "app/values/numberText.h"
 #include "lists/values/fieldCheck.h"
 
 #include <QLocale>
@@ -17,75 +18,28 @@ protected:
         EXPECT_TRUE(StrToDoubleChecked(text, value)) << text.toStdString();
         return value;
     }
-    static bool IsRefused(const QString& text)
-    {
-        double value = -1;
-        const bool refused = !StrToDoubleChecked(text, value);
-        EXPECT_EQ(value == -1, refused);
-        return refused;
-    }
 };
 
 constexpr Range<double> kWide{ -1e12, 1e12 };
 
 } // namespace
 
-TEST_F(FieldCheck, BothDecimalNotationsGiveTheSameNumber)
+TEST_F(FieldCheck, TypedTextAndFileFieldsAreReadByReadNumber)
 {
-    EXPECT_EQ(Number("12,5"), 12.5);
-    EXPECT_EQ(Number("12.5"), 12.5);
-    EXPECT_EQ(Number("1.234,5"), 1234.5);
-    EXPECT_EQ(Number("1234.5"), 1234.5);
-}
-
-TEST_F(FieldCheck, TheCommaWinsOverThePoint)
-{
-    EXPECT_EQ(Number("1,234.5"), 1.2345);
-    EXPECT_EQ(Number("1,000.5"), 1.0005);
-}
-
-TEST_F(FieldCheck, SignsBlanksAndExponentsAreTaken)
-{
-    EXPECT_EQ(Number(" -5.25 "), -5.25);
-    EXPECT_EQ(Number("+7"), 7);
-    EXPECT_EQ(Number("1e3"), 1000);
-    EXPECT_EQ(Number(".5"), 0.5);
-    EXPECT_EQ(Number("5."), 5);
-}
-
-TEST_F(FieldCheck, TextBehindTheNumberIsPassedOver)
-{
-    EXPECT_EQ(Number("12 MHz"), 12);
-    EXPECT_EQ(Number("146.5 entries"), 146.5);
-}
-
-TEST_F(FieldCheck, APointBehindTheNumbersUnitDoesNotChangeTheNumber)
-{
-    EXPECT_EQ(Number("12.5 MHz, about"), 12.5);
-}
-
-TEST_F(FieldCheck, WhatIsNoNumberIsRefused)
-{
-    for (const char* text : { "", " ", "abc", "MHz 12", "- e", "1.2.3", "1,2,3", "12-5", "+-3", "--3", "1 2", "1e999" })
-        EXPECT_TRUE(IsRefused(QString::fromLatin1(text))) << text;
-}
-
-TEST_F(FieldCheck, AnEndlessRunOfDigitsIsRefused)
-{
-    EXPECT_TRUE(IsRefused(QString(100000, u'1')));
-}
-
-TEST_F(FieldCheck, FieldsOfFilesAreJudgedLikeTypedText)
-{
-    for (const char* text : { "12,5", " 146000000", "1.234,5", "abc", "", "12 MHz", "1 2", "-", "5e" }) {
+    for (const char* text : { "12,5", " 146000000", "1.234,5", "1,000.5", " -5.25 ", "12 MHz", "12.5 MHz, about", "",
+             "abc", "MHz 12", "1 2", "1.2.3", "-", "5e", "--3", "1e999" }) {
+        double expected = -1;
         double typed = -1;
-        double read = -1;
-        EXPECT_EQ(StrToDoubleChecked(QString::fromLatin1(text), typed), StrToDoubleChecked(QByteArrayView(text), read));
-        EXPECT_EQ(typed, read) << text;
+        double field = -1;
+        const bool isNumber = ReadNumber(text, expected);
+        EXPECT_EQ(StrToDoubleChecked(QString::fromLatin1(text), typed), isNumber) << text;
+        EXPECT_EQ(StrToDoubleChecked(QByteArrayView(text), field), isNumber) << text;
+        EXPECT_EQ(typed, expected) << text;
+        EXPECT_EQ(field, expected) << text;
     }
 }
 
-TEST_F(FieldCheck, ARegionWithADecimalCommaTakesBothNotationsToo)
+TEST_F(FieldCheck, RegionWithDecimalCommaAcceptsBothNotations)
 {
     TheSeams().Region = [] { return QLocale(QLocale::German); };
     EXPECT_EQ(DecimalSeparator(), u',');
@@ -99,7 +53,7 @@ TEST_F(FieldCheck, ARegionWithADecimalCommaTakesBothNotationsToo)
     EXPECT_EQ(hertz, 145500000.0);
 }
 
-TEST_F(FieldCheck, ARegionWithAMarkOfItsOwnReadsWhatItWrites)
+TEST_F(FieldCheck, RegionWithOtherDecimalSeparatorReadsWhatItWrites)
 {
     TheSeams().Region = [] { return QLocale(QLocale::Arabic, QLocale::Egypt); };
     ASSERT_NE(DecimalSeparator(), u'.');
@@ -111,7 +65,7 @@ TEST_F(FieldCheck, ARegionWithAMarkOfItsOwnReadsWhatItWrites)
     EXPECT_EQ(hertz, 145500000.0);
 }
 
-TEST_F(FieldCheck, MegahertzBecomeHertzAndComeBackInTheFormat)
+TEST_F(FieldCheck, MegahertzAreStoredAsHertzAndFormatted)
 {
     QString text = QStringLiteral("145,5");
     double hertz = 0;
@@ -120,7 +74,7 @@ TEST_F(FieldCheck, MegahertzBecomeHertzAndComeBackInTheFormat)
     EXPECT_EQ(text, "145.500000");
 }
 
-TEST_F(FieldCheck, MegahertzWithSixDecimalsAreWholeHertz)
+TEST_F(FieldCheck, MegahertzWithSixDecimalsGiveWholeHertz)
 {
     for (int hertz = 8'000'001; hertz < 8'000'000'00; hertz += 7'654'321) {
         QString text =
@@ -131,7 +85,7 @@ TEST_F(FieldCheck, MegahertzWithSixDecimalsAreWholeHertz)
     }
 }
 
-TEST_F(FieldCheck, AValueOutsideTheLimitsIsReplacedInTheCellWithoutAMessage)
+TEST_F(FieldCheck, ValueOutsideLimitsIsClampedWithoutMessage)
 {
     QString text = QStringLiteral("9000");
     double hertz = 0;
@@ -144,7 +98,7 @@ TEST_F(FieldCheck, AValueOutsideTheLimitsIsReplacedInTheCellWithoutAMessage)
     EXPECT_EQ(text, "0.008000");
 }
 
-TEST_F(FieldCheck, AnEmptyCellIsReportedAndNothingChanges)
+TEST_F(FieldCheck, EmptyCellIsReportedAndChangesNothing)
 {
     QString text;
     double value = 7;
@@ -154,7 +108,7 @@ TEST_F(FieldCheck, AnEmptyCellIsReportedAndNothingChanges)
     EXPECT_TRUE(text.isEmpty());
 }
 
-TEST_F(FieldCheck, ABadCellIsReportedAndNothingChanges)
+TEST_F(FieldCheck, BadCellIsReportedAndChangesNothing)
 {
     QString text = QStringLiteral("abc");
     double value = 7;
@@ -164,7 +118,7 @@ TEST_F(FieldCheck, ABadCellIsReportedAndNothingChanges)
     EXPECT_EQ(text, "abc");
 }
 
-TEST_F(FieldCheck, ReportsCanBeSwitchedOff)
+TEST_F(FieldCheck, MessagesCanBeSuppressed)
 {
     double value = 7;
     QString empty;
@@ -173,7 +127,7 @@ TEST_F(FieldCheck, ReportsCanBeSwitchedOff)
     EXPECT_FALSE(CheckCellDouble(bad, value, kWide, "#0.00", { true, false }));
 }
 
-TEST_F(FieldCheck, ADoubleCellHasNoScale)
+TEST_F(FieldCheck, DoubleCellIsNotScaled)
 {
     QString text = QStringLiteral("12,345");
     double value = 0;
@@ -182,7 +136,7 @@ TEST_F(FieldCheck, ADoubleCellHasNoScale)
     EXPECT_EQ(text, "12.35");
 }
 
-TEST_F(FieldCheck, AClosingPointIsRemoved)
+TEST_F(FieldCheck, TrailingPointIsRemoved)
 {
     QString text = QStringLiteral("12");
     double value = 0;
@@ -190,7 +144,7 @@ TEST_F(FieldCheck, AClosingPointIsRemoved)
     EXPECT_EQ(text, "12");
 }
 
-TEST_F(FieldCheck, AnIntegerCellIsClampedThenRounded)
+TEST_F(FieldCheck, IntegerCellIsClampedThenRounded)
 {
     std::int16_t value = 0;
     QString text = QStringLiteral("2.5");
@@ -203,7 +157,7 @@ TEST_F(FieldCheck, AnIntegerCellIsClampedThenRounded)
     EXPECT_EQ(text, "99");
 }
 
-TEST_F(FieldCheck, AnEmptyIntegerCellIsReported)
+TEST_F(FieldCheck, EmptyIntegerCellIsReported)
 {
     std::int16_t value = 3;
     QString text;
@@ -212,7 +166,7 @@ TEST_F(FieldCheck, AnEmptyIntegerCellIsReported)
     EXPECT_EQ(value, 3);
 }
 
-TEST_F(FieldCheck, AFieldIsClamped)
+TEST_F(FieldCheck, FieldIsClamped)
 {
     double value = 0;
     ASSERT_TRUE(ParseFieldDouble("9e12", value, { 0, 5 }, TextNumber<1>(12792), 3));
@@ -222,7 +176,7 @@ TEST_F(FieldCheck, AFieldIsClamped)
     EXPECT_EQ(number, 0);
 }
 
-TEST_F(FieldCheck, ABadFieldShowsTheCallersMessageWithTheLine)
+TEST_F(FieldCheck, BadFieldShowsMessageOfCallerWithLine)
 {
     double value = 4;
     Answers().Expect(12792, { QStringLiteral("17") }, Ok);

@@ -70,7 +70,7 @@ class ListErrorTest : public ListTest { };
 
 } // namespace
 
-TEST_F(InstrumentLimitsTest, AreReadInTheStoresOrder)
+TEST_F(InstrumentLimitsTest, AreReadInOrder)
 {
     ReadInstrumentLimits();
     std::vector<std::string> expected;
@@ -80,7 +80,7 @@ TEST_F(InstrumentLimitsTest, AreReadInTheStoresOrder)
     EXPECT_EQ(calls, expected);
 }
 
-TEST_F(InstrumentLimitsTest, EachGoesIntoItsOwnField)
+TEST_F(InstrumentLimitsTest, EachIsStoredInItsField)
 {
     ReadInstrumentLimits();
     const InstrumentLimits& limits = Limits();
@@ -100,13 +100,13 @@ TEST_F(InstrumentLimitsTest, EachGoesIntoItsOwnField)
     EXPECT_EQ(limits.MemoryNr.Max, 23);
 }
 
-TEST_F(InstrumentLimitsTest, AStatusOfAGetterIsIgnored)
+TEST_F(InstrumentLimitsTest, StatusOfGetterIsIgnored)
 {
     ReadInstrumentLimits(); // every getter above fails with status 5
     EXPECT_EQ(Limits().MemoryNr.Max, 23);
 }
 
-TEST_F(InstrumentLimitsTest, AreReadAnewEachTimeAnEditorOpens)
+TEST_F(InstrumentLimitsTest, AreReadWheneverEditorOpens)
 {
     OpenEditor(FileClassMemoryList);
     EXPECT_EQ(Limits().FrequencyHz.Max, 2);
@@ -120,24 +120,24 @@ TEST_F(ListErrorTest, SuccessShowsNothing)
     ShowListError(0, kNoItem, true);
 }
 
-TEST_F(ListErrorTest, NothingIsShownWhenNotAsked)
+TEST_F(ListErrorTest, NothingIsShownUnlessRequested)
 {
     ShowListError(23, 4, false);
 }
 
-TEST_F(ListErrorTest, WithoutItemTheTextStandsAlone)
+TEST_F(ListErrorTest, WithoutItemMessageHasNoArgument)
 {
     Answers().Expect(12840, QStringList(), Ok);
     ShowListError(23, kNoItem, true);
 }
 
-TEST_F(ListErrorTest, AnItemIsTheArgument)
+TEST_F(ListErrorTest, ItemIsArgumentOfMessage)
 {
     Answers().Expect(12840, { QStringLiteral("0") }, Ok);
     ShowListError(23, 0, true);
 }
 
-TEST_F(ListErrorTest, EachListedStatusHasItsText)
+TEST_F(ListErrorTest, EachKnownStatusHasItsMessage)
 {
     const std::vector<std::array<int, 3>> runs{ { 8, 14, 12828 }, { 16, 16, 12838 }, { 18, 20, 12835 },
         { 22, 43, 12839 }, { 44, 57, 12868 }, { 60, 61, 12882 }, { 65, 66, 12884 }, { 70, 71, 12890 },
@@ -150,7 +150,7 @@ TEST_F(ListErrorTest, EachListedStatusHasItsText)
     }
 }
 
-TEST_F(ListErrorTest, AStatusWithoutTextShowsTheStoresOwnWords)
+TEST_F(ListErrorTest, OtherStatusShowsDescriptionOfStore)
 {
     TvFio().GetExceptionStringTV = [](int16_t* status, char* out, int32_t size) {
         EXPECT_EQ(*status, 0);

@@ -56,16 +56,18 @@ struct TestFamily {
     }
 };
 
-/// Every place is read; places and items count from 0.
+/// The calls that every family has, under its prefix.
+#define COMMON_CALLS(Prefix)                                                                                           \
+    TvFio().Prefix##Clear, TvFio().Prefix##LoadFile, TvFio().Prefix##SaveFile, TvFio().Prefix##GetName,                \
+        TvFio().Prefix##SetName, TvFio().Prefix##GetDescription, TvFio().Prefix##SetDescription
+
+/// Every slot is read; slots and items start at 0.
 struct SuppressFamily : TestFamily {
-    static constexpr StorePlaces kPlaces{ 0, 0, 0 };
+    static constexpr StoreSlots kSlots{ 0, 0, 0 };
 
     static ListCalls Calls()
     {
-        const TvFioApi& store = TvFio();
-        return { store.SuppressListClear, store.SuppressListLoadFile, store.SuppressListSaveFile,
-            store.SuppressListGetName, store.SuppressListSetName, store.SuppressListGetDescription,
-            store.SuppressListSetDescription, store.SuppressListGetMaxNumberOfItems, store.SuppressSetData };
+        return { COMMON_CALLS(SuppressList), TvFio().SuppressListGetMaxNumberOfItems, TvFio().SuppressSetData };
     }
     static void VisitFields(auto& visit, auto& record)
     {
@@ -78,16 +80,13 @@ struct SuppressFamily : TestFamily {
     }
 };
 
-/// Only used places are read; places count from 1.
+/// Only used slots are read; slots start at 1.
 struct AntennaFamily : TestFamily {
-    static constexpr StorePlaces kPlaces{ 1, 1, 1, false };
+    static constexpr StoreSlots kSlots{ 1, 1, 1, false };
 
     static ListCalls Calls()
     {
-        const TvFioApi& store = TvFio();
-        return { store.AntennaListClear, store.AntennaListLoadFile, store.AntennaListSaveFile, store.AntennaListGetName,
-            store.AntennaListSetName, store.AntennaListGetDescription, store.AntennaListSetDescription,
-            store.AntennaListGetMaxNumberOfItems, store.AntennaSetData };
+        return { COMMON_CALLS(AntennaList), TvFio().AntennaListGetMaxNumberOfItems, TvFio().AntennaSetData };
     }
     static void VisitFields(auto& visit, auto& record)
     {
@@ -100,16 +99,13 @@ struct AntennaFamily : TestFamily {
     }
 };
 
-/// A dense table, whose setters take an index.
+/// A dense table: its setters take an index.
 struct KfactorFamily : TestFamily {
-    static constexpr StorePlaces kPlaces{ 0, 0, 1, false };
+    static constexpr StoreSlots kSlots{ 0, 0, 1, false };
 
     static ListCalls Calls()
     {
-        const TvFioApi& store = TvFio();
-        return { store.KfactorTableClear, store.KfactorTableLoadFile, store.KfactorTableSaveFile,
-            store.KfactorTableGetName, store.KfactorTableSetName, store.KfactorTableGetDescription,
-            store.KfactorTableSetDescription, store.KfactorTableGetNumberOfKFactors, nullptr, store.KfactorInsert };
+        return { COMMON_CALLS(KfactorTable), TvFio().KfactorTableGetNumberOfKFactors, nullptr, TvFio().KfactorInsert };
     }
     static void VisitFields(auto& visit, auto& record)
     {
@@ -119,6 +115,15 @@ struct KfactorFamily : TestFamily {
         visit(store.KfactorGetPassive, store.KfactorSetPassive, record.Second);
     }
 };
+
+#undef COMMON_CALLS
+
+/// A call of the store that fails with status 23.
+template <typename... Parameters>
+void Fail(std::int16_t* status, Parameters...)
+{
+    *status = 23;
+}
 
 std::vector<std::string> calls; // NOLINT: the store's calls are plain functions
 std::vector<int> indexes; // NOLINT
@@ -138,7 +143,7 @@ protected:
     }
 
     template <typename Family>
-    void ExpectComesBack()
+    void ExpectRoundTrip()
     {
         ASSERT_TRUE(WriteStore<Family>(table));
         TestTable read;
@@ -148,26 +153,40 @@ protected:
         EXPECT_EQ(read.Rows, table.Rows);
     }
 
+    /// A failure of an item shows 12840 with its number.
+    template <typename Family>
+    void ExpectWriteFails(const QString& item)
+    {
+        Answers().Expect(12840, { item }, Ok);
+        EXPECT_FALSE(WriteStore<Family>(table));
+    }
+    template <typename Family>
+    void ExpectReadFails(const QString& item)
+    {
+        Answers().Expect(12840, { item }, Ok);
+        EXPECT_FALSE(ReadStore<Family>(table));
+    }
+
     TestTable table;
 };
 
 } // namespace
 
-TEST_F(StoreWalk, UsedRowsComeBackAtTheirPlaces)
+TEST_F(StoreWalk, UsedRowsRoundTripAtTheirIndexes)
 {
     table.Use(0, 1e8, QStringLiteral("Tower \u00e4"));
     table.Use(99, 2e8);
-    ExpectComesBack<SuppressFamily>();
+    ExpectRoundTrip<SuppressFamily>();
 }
 
-TEST_F(StoreWalk, AListWithoutUsedRowsComesBackEmpty)
+TEST_F(StoreWalk, ListWithoutUsedRowsRoundTrips)
 {
-    ExpectComesBack<SuppressFamily>();
-    ExpectComesBack<AntennaFamily>();
-    ExpectComesBack<KfactorFamily>();
+    ExpectRoundTrip<SuppressFamily>();
+    ExpectRoundTrip<AntennaFamily>();
+    ExpectRoundTrip<KfactorFamily>();
 }
 
-TEST_F(StoreWalk, FieldsAreSetInTheirOrderAndThenCommitted)
+TEST_F(StoreWalk, FieldsAreSetInOrderThenCommitted)
 {
     table.Use(7, 1e8);
     TvFio().SuppressListClear = [](int16_t*) { calls.push_back("Clear"); };
@@ -184,39 +203,31 @@ TEST_F(StoreWalk, FieldsAreSetInTheirOrderAndThenCommitted)
             { "Clear", "SetName", "SetDescription", "Include", "Start", "Stop", "Description", "Commit 7" }));
 }
 
-TEST_F(StoreWalk, AFailedRowHasTheNumberThatItsFamilyCountsBy)
+TEST_F(StoreWalk, WriteFailureShowsRowNumberOfFamily)
 {
     table.Use(4, 1e8);
-    TvFio().SuppressSetStopFrequency = [](int16_t* status, double) { *status = 23; };
-    Answers().Expect(12840, { QStringLiteral("4") }, Ok);
-    EXPECT_FALSE(WriteStore<SuppressFamily>(table));
-    TvFio().AntennaSetStopFrequency = [](int16_t* status, double) { *status = 23; };
-    Answers().Expect(12840, { QStringLiteral("5") }, Ok);
-    EXPECT_FALSE(WriteStore<AntennaFamily>(table));
-    TvFio().KfactorSetPassive = [](int16_t* status, int16_t, double) { *status = 23; };
-    Answers().Expect(12840, { QStringLiteral("5") }, Ok);
-    EXPECT_FALSE(WriteStore<KfactorFamily>(table));
+    TvFio().SuppressSetStopFrequency = Fail;
+    TvFio().AntennaSetStopFrequency = Fail;
+    TvFio().KfactorSetPassive = Fail;
+    ExpectWriteFails<SuppressFamily>("4");
+    ExpectWriteFails<AntennaFamily>("5");
+    ExpectWriteFails<KfactorFamily>("5");
 }
 
-TEST_F(StoreWalk, AFailedPlaceHasTheNumberThatItsFamilyCountsBy)
+TEST_F(StoreWalk, ReadFailureShowsRowNumberOfFamily)
 {
     table.Use(0, 1e8);
-    TvFio().SuppressGetStopFrequency = [](int16_t* status, int16_t, double*) { *status = 23; };
-    Answers().Expect(12840, { QStringLiteral("0") }, Ok);
-    EXPECT_FALSE(ReadStore<SuppressFamily>(table));
-    table.Use(0, 1e8);
     ASSERT_TRUE(WriteStore<AntennaFamily>(table));
-    TvFio().AntennaGetStopFrequency = [](int16_t* status, int16_t, double*) { *status = 23; };
-    Answers().Expect(12840, { QStringLiteral("1") }, Ok);
-    EXPECT_FALSE(ReadStore<AntennaFamily>(table));
-    table.Use(0, 1e8);
     ASSERT_TRUE(WriteStore<KfactorFamily>(table));
-    TvFio().KfactorGetPassive = [](int16_t* status, int16_t, double*) { *status = 23; };
-    Answers().Expect(12840, { QStringLiteral("0") }, Ok);
-    EXPECT_FALSE(ReadStore<KfactorFamily>(table));
+    TvFio().SuppressGetStopFrequency = Fail;
+    TvFio().AntennaGetStopFrequency = Fail;
+    TvFio().KfactorGetPassive = Fail;
+    ExpectReadFails<SuppressFamily>("0");
+    ExpectReadFails<AntennaFamily>("1");
+    ExpectReadFails<KfactorFamily>("0");
 }
 
-TEST_F(StoreWalk, NothingIsAskedAfterAFailure)
+TEST_F(StoreWalk, NoCallFollowsFailure)
 {
     table.Use(4, 1e8);
     table.Use(5, 1e8);
@@ -226,12 +237,11 @@ TEST_F(StoreWalk, NothingIsAskedAfterAFailure)
     };
     TvFio().SuppressSetStopFrequency = [](int16_t*, double) { calls.push_back("Stop"); };
     TvFio().SuppressSetData = [](int16_t*, int16_t) { calls.push_back("Commit"); };
-    Answers().Expect(12840, { QStringLiteral("4") }, Ok);
-    EXPECT_FALSE(WriteStore<SuppressFamily>(table));
+    ExpectWriteFails<SuppressFamily>("4");
     EXPECT_EQ(calls, std::vector<std::string>({ "Start" }));
 }
 
-TEST_F(StoreWalk, AFailureOfTheListHasNoNumber)
+TEST_F(StoreWalk, ListFailureShowsNoNumber)
 {
     TvFio().SuppressListSetDescription = [](int16_t* status, const char*) { *status = 10; };
     Answers().Expect(12830, QStringList(), Ok);
@@ -241,27 +251,27 @@ TEST_F(StoreWalk, AFailureOfTheListHasNoNumber)
     EXPECT_FALSE(ReadStore<SuppressFamily>(table));
 }
 
-TEST_F(StoreWalk, UnusedPlacesKeepTheirFieldsOrAreEmptyByTheirFamily)
+TEST_F(StoreWalk, UnusedSlotsAreReadOrEmptyAsFamilySays)
 {
-    static int asked = 0;
-    asked = 0;
+    static int reads = 0;
+    reads = 0;
     TvFio().SuppressGetInclude = [](int16_t*, int16_t, int16_t* value) { *value = 9; };
-    TvFio().AntennaGetInclude = [](int16_t*, int16_t, int16_t*) { ++asked; };
+    TvFio().AntennaGetInclude = [](int16_t*, int16_t, int16_t*) { ++reads; };
     for (TestRecord& record : table.Rows)
         record = { true, 3, 4, 5, QStringLiteral("old") };
     ASSERT_TRUE(ReadStore<SuppressFamily>(table));
     EXPECT_EQ(table.Rows[50], (TestRecord{ false, 9, 0, 0, QString() }));
     table.Rows[50].Text = QStringLiteral("old");
     ASSERT_TRUE(ReadStore<AntennaFamily>(table));
-    EXPECT_EQ(asked, 0);
+    EXPECT_EQ(reads, 0);
     EXPECT_EQ(table.Rows, TestTable().Rows);
 }
 
-TEST_F(StoreWalk, PlacesMayCountFromOne)
+TEST_F(StoreWalk, SlotIndexesMayStartAtOne)
 {
     table.Use(0, 1e8, QStringLiteral("first"));
     table.Use(98, 2e8, QStringLiteral("last"));
-    ExpectComesBack<AntennaFamily>();
+    ExpectRoundTrip<AntennaFamily>();
     TvFio().AntennaGetUsed = [](int16_t*, int16_t index, int16_t*) { indexes.push_back(index); };
     ASSERT_TRUE(ReadStore<AntennaFamily>(table));
     ASSERT_EQ(indexes.size(), 99U);
@@ -274,7 +284,7 @@ TEST_F(StoreWalk, PlacesMayCountFromOne)
     EXPECT_EQ(indexes, std::vector<int>({ 1 }));
 }
 
-TEST_F(StoreWalk, ADenseTableClosesItsGaps)
+TEST_F(StoreWalk, DenseTableClosesGaps)
 {
     table.Use(3, 1e8).Include = 0;
     table.Use(50, 2e8).Include = 0;
@@ -288,7 +298,7 @@ TEST_F(StoreWalk, ADenseTableClosesItsGaps)
         EXPECT_EQ(read.Rows[row], TestRecord()) << row;
 }
 
-TEST_F(StoreWalk, ATableWithFewerRowsThanTheStoreTakesWhatItHolds)
+TEST_F(StoreWalk, SmallTableIsFilledFromLargerStore)
 {
     table.Use(0, 1e8);
     table.Use(99, 2e8);
@@ -300,7 +310,7 @@ TEST_F(StoreWalk, ATableWithFewerRowsThanTheStoreTakesWhatItHolds)
     EXPECT_EQ(small.Rows.size(), 10U);
 }
 
-TEST_F(StoreWalk, ClearingTakesTheStoresDefaults)
+TEST_F(StoreWalk, ClearingReadsDefaultsOfStore)
 {
     table.Use(0, 1e8);
     ASSERT_TRUE(WriteStore<SuppressFamily>(table));
@@ -309,7 +319,7 @@ TEST_F(StoreWalk, ClearingTakesTheStoresDefaults)
     EXPECT_EQ(table.Rows, TestTable().Rows);
 }
 
-TEST_F(StoreWalk, AFileKeepsTheList)
+TEST_F(StoreWalk, ListRoundTripsThroughFile)
 {
     table.Use(5, 1e8, QStringLiteral("x"));
     ASSERT_TRUE(WriteStore<SuppressFamily>(table));
@@ -322,7 +332,7 @@ TEST_F(StoreWalk, AFileKeepsTheList)
     EXPECT_FALSE(LoadStore<AntennaFamily>(FilePath("Van.tvs"), read));
 }
 
-TEST_F(StoreWalk, SortingTakesTheRowsBack)
+TEST_F(StoreWalk, SortingReadsRowsBack)
 {
     table.Use(5, 3e8);
     table.Use(9, 1e8);
@@ -332,7 +342,7 @@ TEST_F(StoreWalk, SortingTakesTheRowsBack)
     EXPECT_EQ(table.Name, "Van");
 }
 
-TEST_F(StoreWalk, AFailedSortLeavesTheRowsAndHasNoNumber)
+TEST_F(StoreWalk, FailedSortKeepsRowsAndShowsNoNumber)
 {
     table.Use(5, 3e8);
     const std::vector<TestRecord> before = table.Rows;

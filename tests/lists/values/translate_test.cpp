@@ -8,7 +8,7 @@ namespace {
 class Translate : public ListTest { };
 } // namespace
 
-TEST_F(Translate, EveryCodeComesBackFromItsText)
+TEST_F(Translate, EveryCodeRoundTripsThroughText)
 {
     for (const CodeTable& table : { kMemoryStatusCodes, kSquelchStatusCodes, kAttenuatorStatusCodes, kAfcStatusCodes,
              kUsedStatusCodes, kDfSquelchStatusCodes, kDemodulationCodes, kBandwidthCodes, kFrequencySpanCodes,
@@ -21,7 +21,7 @@ TEST_F(Translate, EveryCodeComesBackFromItsText)
     }
 }
 
-TEST_F(Translate, ACodeOutOfRangeIsUnknownOrEmpty)
+TEST_F(Translate, CodeOutOfRangeIsUnknownOrEmpty)
 {
     EXPECT_EQ(CodeToStr(kDemodulationCodes, 8), "?");
     EXPECT_EQ(CodeToStr(kBandwidthCodes, -1), "?");
@@ -36,7 +36,7 @@ TEST_F(Translate, ACodeOutOfRangeIsUnknownOrEmpty)
     EXPECT_EQ(DFSquelchStatusToStr(3), "");
 }
 
-TEST_F(Translate, AnUnknownTextIsMinusOneOrOnePastTheLast)
+TEST_F(Translate, UnknownTextIsMinusOneOrOnePastLast)
 {
     EXPECT_EQ(StrToMemoryStatus("x"), -1);
     EXPECT_EQ(StrToSquelchStatus("x"), -1);
@@ -51,7 +51,7 @@ TEST_F(Translate, AnUnknownTextIsMinusOneOrOnePastTheLast)
     EXPECT_EQ(CodeTexts(kDfBandwidthCodes).CodeOf("x"), 33);
 }
 
-TEST_F(Translate, TheNamedConversionsUseTheirTexts)
+TEST_F(Translate, NamedConversionsUseTheirTexts)
 {
     EXPECT_EQ(MemoryStatusToStr(0), "Active");
     EXPECT_EQ(MemoryStatusToStr(1), "Suppressed");

@@ -10,7 +10,7 @@ namespace tarvik {
 
 namespace {
 
-/// nullptr for a widget that is no control, or only part of one.
+/// nullptr for a widget that is not a control, or only part of one.
 const QMetaObject* KindOf(const QWidget& widget)
 {
     for (const QMetaObject* kind = widget.metaObject(); kind != nullptr; kind = kind->superClass()) {

@@ -1,4 +1,4 @@
-// bench/bareForm.h: what a form costs at least: bare widgets of the same kinds in the same places.
+// bench/bareForm.h: the minimum cost of a form: bare widgets of the same classes with the same geometry.
 #pragma once
 
 #include <QDialog>
@@ -10,8 +10,8 @@ namespace tarvik {
 
 /// One control of a form.
 struct BareControl {
-    const QMetaObject* Kind = nullptr; ///< the class of Qt that it is or descends from
-    QRect Place; ///< in the form
+    const QMetaObject* Kind = nullptr; ///< its Qt base class
+    QRect Place; ///< geometry in the form
     QString Text; ///< of a line edit, a label or a button
     bool HasFrame = false; ///< a line edit
 };
@@ -24,13 +24,13 @@ struct BareFormPlan {
 /// Visible line edits, labels, buttons, check boxes, combo boxes and scroll bars of `form`.
 BareFormPlan PlanOf(const QWidget& form);
 
-/// A dialog of such controls, with no rule and no layout.
+/// A dialog of such controls, without rules or layout.
 class BareForm final : public QDialog {
     Q_OBJECT
 public:
     explicit BareForm(const BareFormPlan& plan);
 
-    /// Gives the line edits, in the order of the plan they were made from, the texts of another plan of the same form.
+    /// Sets the texts of the line edits to those of another plan of the same form.
     void ShowTexts(const BareFormPlan& plan);
 
 private:

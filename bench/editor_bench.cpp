@@ -1,6 +1,6 @@
-// bench/editor_bench.cpp: the memory editor on a full list: opening to the first picture, and Page Down to the finished
-// repaint; beside them the same of a bare dialog of as many widgets in the same places. Prints one JSON object with
-// medians in ms. Takes the list as its argument.
+// bench/editor_bench.cpp LIST: the memory editor with a full list: from opening to the first paint, and from Page Down
+// to the end of the repaint; compared with a bare dialog of the same widgets. Prints one JSON object with medians in
+// ms.
 #include "bench/bareForm.h"
 #include "bench/firstPaint.h"
 #include "bench/timing.h"
@@ -30,7 +30,7 @@ constexpr int kOpenings = 15;
 constexpr int kPages = 45;
 constexpr double kNsPerMs = 1e6;
 
-/// Counts the line edits that are painted.
+/// Counts the paint events of line edits.
 class PaintCount final : public QObject {
 public:
     explicit PaintCount(const QWidget& form)
@@ -45,7 +45,7 @@ public:
         return false;
     }
 
-    /// Until what `act` changes has been painted.
+    /// Duration of `act` and the repaint that it causes.
     template <typename Act>
     double Ms(Act act)
     {
@@ -71,7 +71,7 @@ struct Figures {
     std::vector<double> BarePage;
 };
 
-/// Opens the editor and closes it when it has been painted; `opened` runs in between.
+/// Opens the editor, calls `opened` when it has been painted, and closes it.
 double OpenMs(const QString& list, const std::function<void(FmEditorMemory&)>& opened)
 {
     QElapsedTimer timer;
@@ -88,7 +88,7 @@ double OpenMs(const QString& list, const std::function<void(FmEditorMemory&)>& o
     return ms;
 }
 
-/// Reads the file, and shows as many bare widgets as the editor has.
+/// Reads the file and shows a bare dialog.
 double BareOpenMs(const QString& list, const BareFormPlan& plan)
 {
     bool isPainted = false;
@@ -109,7 +109,7 @@ double BareOpenMs(const QString& list, const BareFormPlan& plan)
     return ms;
 }
 
-/// Page Down through the list, and the texts of two pages shown by turns by bare widgets.
+/// Alternates Page Down in the editor with setting the texts of two pages in a bare dialog.
 void MeasurePages(FmEditorMemory& form, Figures& figures)
 {
     const auto pageDown = [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown); };
@@ -154,7 +154,7 @@ int main(int argc, char** argv)
     const QString list = QString::fromLocal8Bit(argv[1]);
     Figures figures;
     BareFormPlan plan;
-    (void)OpenMs(list, [&plan](FmEditorMemory& form) { plan = PlanOf(form); }); // loads fonts and pictures too
+    (void)OpenMs(list, [&plan](FmEditorMemory& form) { plan = PlanOf(form); }); // also loads fonts and pictures
     for (int opening = 0; opening < kOpenings; ++opening) {
         const bool last = opening + 1 == kOpenings;
         figures.BareOpen.push_back(BareOpenMs(list, plan));

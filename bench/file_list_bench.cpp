@@ -1,6 +1,6 @@
-// bench/file_list_bench.cpp: a list of 10,000 files of the instrument, whose walk takes no time here, to the finished
-// repaint of the list on the screen; and all of them selected. Beside it as many names, made and sorted, in a bare
-// view. Prints one JSON object with medians in ms, and the slowest.
+// bench/file_list_bench.cpp: fills the file list with 10,000 files of the instrument, whose listing takes no time here,
+// to the end of the repaint; and selects all of them. Compared with as many names, made and sorted, in a bare view.
+// Prints one JSON object with medians and maximum in ms.
 #include "bench/timing.h"
 #include "closed/loader.h"
 #include "composition.h"
@@ -21,11 +21,11 @@ namespace {
 
 constexpr int kFiles = 10000;
 constexpr int kRounds = 9;
-constexpr int kStride = 7919; ///< a prime, so that each number comes once
+constexpr int kStride = 7919; ///< prime, so each number occurs once
 
 int walked = 0;
 
-/// A walk out of memory: names in no order, as an instrument may tell them.
+/// A listing from memory, unsorted as an instrument's may be.
 void BindWalk()
 {
     TvScpiApi& scpi = TvScpi();

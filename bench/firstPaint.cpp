@@ -22,7 +22,7 @@ FirstPaint::FirstPaint(QWidget& window, std::function<void()> painted)
 bool FirstPaint::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == &window_ && event->type() == QEvent::Paint && painted_) {
-        // The children are painted behind the window, in the same turn of the loop.
+        // The children are painted after the window, in the same iteration of the event loop.
         QTimer::singleShot(0, std::exchange(painted_, {}));
     }
     return false;

@@ -1,4 +1,4 @@
-// bench/firstPaint.h: the moment at which a window has been painted for the first time.
+// bench/firstPaint.h: reports when a window has been painted for the first time.
 #pragma once
 
 #include <QWidget>
@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-/// Calls `painted` once, from the message loop, when `window` has been shown and its first picture is complete.
+/// Calls `painted` once, from the event loop, when `window` and its children have been painted.
 class FirstPaint final : public QObject {
     Q_OBJECT
 public:
@@ -20,11 +20,10 @@ private:
     std::function<void()> painted_;
 };
 
-/// Writes the clock of CLOCK_MONOTONIC in ns, less `withoutNs`, and the peak memory in KiB to standard output and ends
-/// the process at once.
+/// Writes CLOCK_MONOTONIC in ns, less `withoutNs`, and the peak memory in KiB to standard output and exits immediately.
 [[noreturn]] void ReportStart(qint64 withoutNs);
 
-/// The clock of CLOCK_MONOTONIC in ns.
+/// CLOCK_MONOTONIC.
 qint64 MonotonicNs();
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// bench/grey_bench.cpp: the conversion to black and white beside a copy of the same bytes, on a picture of 1280 by 720.
+// bench/grey_bench.cpp: converts a picture of 1280 by 720 to black and white, compared with copying the same bytes.
 #include "screen/bitmap/stretch.h"
 
 #include <benchmark/benchmark.h>
@@ -10,7 +10,7 @@ namespace tarvik {
 
 namespace {
 
-/// A screen of the receiver: noise over a dark ground.
+/// A receiver's display: noise on a dark background.
 QImage Screen()
 {
     QImage picture(1280, 720, QImage::Format_RGB32);

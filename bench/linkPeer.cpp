@@ -50,7 +50,7 @@ std::string Catalogue(int entries)
     return line + '\n';
 }
 
-/// Name, size and time of last change of each file in `folder`, as they are now.
+/// Name, size and time of last change of each file in `folder`.
 std::string BareCatalogue(const std::string& folder)
 {
     std::string line;
@@ -68,7 +68,7 @@ std::string BareCatalogue(const std::string& folder)
     return line + '\n';
 }
 
-/// Answers one client.
+/// Serves one client.
 class Session {
 public:
     Session(int client, const std::string& source, const std::string& target, const std::string& catalogue)
@@ -108,7 +108,7 @@ private:
         return true;
     }
 
-    /// Stores the block whose head stands at `block` in what was received.
+    /// Stores the data block whose header is at `block` in the received text.
     bool TakeBlock(size_t block, std::string& line)
     {
         line.clear();

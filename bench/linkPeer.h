@@ -1,5 +1,5 @@
-// bench/linkPeer.h: the other end of the link benchmarks, in a process of its own: as little of an instrument as can be
-// measured against, and the bare ways of moving the same bytes.
+// bench/linkPeer.h: the other end of the link benchmarks, in its own process: a minimal instrument, and bare transfers
+// of the same bytes.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace tarvik {
 
-/// What the bare ways and the peer move at once, in bytes.
+/// Bytes per call in bare transfers and in the peer.
 inline constexpr size_t kMoveBytes = size_t{ 256 } << 10;
 
 struct LinkPeer {
@@ -21,13 +21,13 @@ struct LinkPeer {
 LinkPeer StartLinkPeer(const std::string& source, const std::string& target, int entries);
 void StopLinkPeer(const LinkPeer& peer);
 
-/// Starts an instrument program on a port of its choice, with its files below `root`.
+/// Starts an instrument program on a port of its choice, with its files in `root`.
 LinkPeer StartInstrument(const std::string& program, const std::string& root);
 
 /// A bare connection to the peer.
 int ConnectToPeer(uint16_t port);
 
-/// Move `bytes` bytes between a file and a socket. False when less comes.
+/// Move `bytes` bytes between a file and a socket. False if fewer are received.
 bool MoveToSocket(const std::string& path, int socket, uint64_t bytes);
 bool MoveToFile(int socket, const std::string& path, uint64_t bytes);
 

@@ -1,6 +1,6 @@
-// bench/link_bench.cpp: the channel to the instrument: 64 MiB down and up, a find, a listing of 10,000 files; beside
-// them the same bytes moved from file to file over a bare socket, a bare line there and back, and a bare walk of the
-// same files. Takes the folder for its files, prints JSON.
+// bench/link_bench.cpp FOLDER INSTRUMENT: the channel to the instrument: 64 MiB down and up, a find, a listing of
+// 10,000 files; compared with the same bytes over a bare socket, a bare line there and back, and a bare listing of the
+// same files. Keeps its files in FOLDER and prints JSON.
 #include "bench/linkPeer.h"
 #include "bench/timing.h"
 #include "closed/tvscpi.h"
@@ -46,7 +46,7 @@ double PeakMebibytes()
     return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
-/// By how much `work` raises the peak memory of a process in which nothing else has raised it.
+/// Growth of the peak memory by `work`, in its own process.
 template <typename Work>
 double GrowthMebibytes(Work work)
 {
@@ -130,7 +130,7 @@ void BareUpload(int socket)
         "bare upload failed");
 }
 
-/// Asks the peer for the files of `shots` and takes its line apart.
+/// Gets the listing of `shots` from the peer and splits it.
 void BareWalk(int socket, const std::string& shots)
 {
     Require(SendText(socket, "WALK " + shots + '\n'), "no walk");
@@ -192,8 +192,8 @@ struct Figures {
     double ListMs = 1e9;
 };
 
-/// The best of several runs each. The channel's own way takes turns with the bare one, so that both meet the same
-/// machine; the peer serves one client at a time.
+/// The best of several runs each, alternating between channel and bare socket, so both run under the same conditions.
+/// The peer serves one client at a time.
 void MeasureTransfers(const LinkPeer& peer, Figures& figures)
 {
     for (int i = 0; i < kTransfers; ++i) {
@@ -248,7 +248,7 @@ void MeasureRoundTrips(const LinkPeer& peer, Figures& figures)
     }
 }
 
-/// Fills the instrument's folder of screen shots and goes there.
+/// Fills the instrument's folder of screen shots and makes it the current one.
 LinkPeer StartFilledInstrument(const std::string& program)
 {
     const std::string root = folder + "/instrument";

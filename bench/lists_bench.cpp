@@ -1,6 +1,5 @@
-// bench/lists_bench.cpp: a memory list of 1024 entries between its table and its files: reading both forms, writing
-// CSV; beside the binary form its bare reading. Takes the folder to write in as its first argument. The binary file
-// alone, and what its flush costs, is in store_bench.cpp.
+// bench/lists_bench.cpp FOLDER: reads a memory list of 1024 entries from a binary and a CSV file, writes it as CSV to
+// FOLDER, and reads the binary file without checks for comparison. store_bench.cpp measures the list store alone.
 #include "app/message/message.h"
 #include "closed/loader.h"
 #include "link/classes/model.h"
@@ -51,7 +50,7 @@ void WriteCsv(benchmark::State& state)
     }
 }
 
-/// The file into the store, and the store's rows into the table.
+/// File to store, store to table.
 void ReadBinary(benchmark::State& state)
 {
     MemoryTable table;
@@ -61,7 +60,7 @@ void ReadBinary(benchmark::State& state)
     }
 }
 
-/// Takes the next number off `at`.
+/// Reads a number at `at` and advances `at`.
 template <typename Number>
 void Take(const char*& at, Number& number)
 {
@@ -69,7 +68,7 @@ void Take(const char*& at, Number& number)
     at += sizeof number;
 }
 
-/// The fields of a record as docs/file-formats.md has them, and no check of any.
+/// Reads the fields of a record (docs/file-formats.md) without checks.
 void TakeRecord(const char* at, MemoryTable& table)
 {
     quint16 place = 0;
@@ -97,7 +96,7 @@ void TakeRecord(const char* at, MemoryTable& table)
         Take(at, *field);
 }
 
-/// The records of the file, in the least that reads them: the bytes, their check sum, the fields.
+/// The minimum that reads the records of the file: bytes, checksum, fields.
 bool ReadBare(MemoryTable& table)
 {
     constexpr qsizetype kHeaderBytes = 20;

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""pictures.py BIN FOLDER: converts twenty screens in a batch by tarvikctl, by ImageMagick's mogrify and by the bare
-libraries in one process, by turns, and prints the shortest time of each (ms) and the sizes of the files (bytes) as one
-JSON object. The folder had better be in memory."""
+"""pictures.py BIN FOLDER: converts twenty screens in a batch alternately with tarvikctl, ImageMagick's mogrify
+and the bare libraries in one process. Prints the shortest time of each (ms) and the size of the files (bytes) as one
+JSON object. FOLDER should be on a RAM disk."""
 import glob
 import json
 import os
@@ -11,7 +11,7 @@ import sys
 import time
 
 RUNS = 7
-# The program of the distribution, whatever stands before it in the path.
+# The distribution's program, whatever else is in the path.
 MOGRIFY = "/usr/bin/mogrify" if os.path.exists("/usr/bin/mogrify") else shutil.which("mogrify")
 
 

@@ -1,6 +1,5 @@
 // bench_pictures make FOLDER                 writes twenty screens with noise, grid and text: FOLDER/00.bmp to 19.bmp
-// bench_pictures bare FORMAT FOLDER FILE...  decodes each file and encodes it as png or pcx into FOLDER, and nothing
-// else
+// bench_pictures bare FORMAT FOLDER FILE...  only decodes each file and encodes it as png or pcx in FOLDER
 #include "bench/receiverScreen.h"
 #include "closed/tvimg.h"
 

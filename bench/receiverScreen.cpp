@@ -12,10 +12,10 @@ namespace {
 
 constexpr int kWidth = kReceiverScreen.width();
 constexpr int kHeight = kReceiverScreen.height();
-constexpr int kWaterfallTop = 460; ///< below it, a line of noise for each moment
+constexpr int kWaterfallTop = 460; ///< below it one line of noise per time step
 constexpr int kStations = 12;
 
-/// A level of 0 to 255 as a waterfall shows it: blue, green, yellow, red.
+/// Colour of a level of 0 to 255: blue, green, yellow, red.
 QRgb WaterfallColor(int level)
 {
     return qRgb(std::clamp(3 * level - 300, 0, 255), std::clamp(2 * level - 100, 0, 255),

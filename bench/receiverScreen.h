@@ -1,4 +1,4 @@
-// bench/receiverScreen.h: what a receiver shows, for figures about pictures.
+// bench/receiverScreen.h: pictures of a receiver's display, for benchmarks of pictures.
 #pragma once
 
 #include <QImage>
@@ -7,7 +7,7 @@ namespace tarvik {
 
 inline constexpr QSize kReceiverScreen(1280, 720);
 
-/// A grid, a trace and text over a waterfall of noise; the same one for a number on every machine.
+/// Grid, trace, text and a waterfall of noise; `number` selects the picture, which is the same on every machine.
 QImage ReceiverScreen(unsigned number);
 
 } // namespace tarvik

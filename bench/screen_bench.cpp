@@ -1,7 +1,6 @@
-// bench/screen_bench.cpp: document windows in the whole frame: a PNG file to its painted window, beside the bare decode
-// of the same file; the redraw of a window of that size, beside a bare widget that paints the same picture; the
-// arranging of a hundred of them, beside a hundred bare windows with such widgets. Prints one JSON object with ms:
-// medians, and of the arrangements the slowest one.
+// bench/screen_bench.cpp: document windows in the frame: from a PNG file to its painted window, compared with decoding
+// the file; redrawing the window, compared with a bare widget that paints the same picture; arranging 100 windows,
+// compared with 100 bare windows with such widgets. Prints one JSON object in ms: medians, and the slowest arrangement.
 #include "app/frame/MfMain.h"
 #include "app/state/project.h"
 #include "bench/receiverScreen.h"
@@ -33,11 +32,11 @@ namespace tarvik {
 
 namespace {
 
-constexpr QSize kFrame(1400, 900); // the picture has room, with the borders of its window
+constexpr QSize kFrame(1400, 900); // larger than picture and window borders
 constexpr int kRounds = 25;
 constexpr int kWindows = 100;
-constexpr int kPatienceMs = 30000;
-constexpr int kArrangements = 3; ///< times that each way of arranging is tried
+constexpr int kTimeoutMs = 30000;
+constexpr int kArrangements = 3; ///< repetitions per arrangement
 
 TvImgContext ContextOf(QImage& picture)
 {
@@ -45,7 +44,7 @@ TvImgContext ContextOf(QImage& picture)
         static_cast<int32_t>(picture.bytesPerLine() / 4) };
 }
 
-/// Counts the widgets of a name that are painted.
+/// Counts the paint events of widgets with a name.
 class PaintCount final : public QObject {
 public:
     explicit PaintCount(QLatin1String name)
@@ -61,14 +60,14 @@ public:
         return false;
     }
 
-    /// Until one of them, and with it all that are seen, has been painted after `act`.
+    /// Duration until one of them, and with it all visible ones, has been painted after `act`.
     template <typename Act>
     double Ms(Act act)
     {
         pictures_ = 0;
         return MsOf([&] {
             act();
-            const QDeadlineTimer deadline(kPatienceMs);
+            const QDeadlineTimer deadline(kTimeoutMs);
             while (pictures_ == 0) {
                 QCoreApplication::processEvents();
                 if (deadline.hasExpired())
@@ -82,13 +81,13 @@ private:
     int pictures_ = 0;
 };
 
-/// A picture in the size of the widget, and no more.
+/// Paints a picture scaled to the widget, and nothing else.
 class BarePicture final : public QWidget {
 public:
     static constexpr QLatin1String kName{ "BarePicture" };
 
     explicit BarePicture(const QImage& picture)
-        : picture_(picture.copy()) // each has its own, as documents have
+        : picture_(picture.copy()) // each its own copy, like documents
     {
         setObjectName(kName);
         setAttribute(Qt::WA_OpaquePaintEvent);
@@ -96,7 +95,7 @@ public:
 
     QSize sizeHint() const override
     {
-        return picture_.size(); // of a cascaded window
+        return picture_.size(); // for cascaded windows
     }
 
     void ShowColours()
@@ -145,7 +144,7 @@ public:
         return TvImg().ImgDcToPng(path_.toLocal8Bit().constData(), &context, picture.width(), picture.height()) == 0;
     }
 
-    /// By the library alone, into the form that windows show.
+    /// With libpng alone, in the format that windows use.
     double LibraryDecode()
     {
         QImage picture(kReceiverScreen, QImage::Format_RGB32);
@@ -162,7 +161,7 @@ public:
         });
     }
 
-    /// By the program's own decoder.
+    /// With the program's decoder.
     double OwnDecode()
     {
         QImage picture(kReceiverScreen, QImage::Format_RGB32);
@@ -207,7 +206,7 @@ private:
     PaintCount painted_{ QLatin1String("PbGraph") };
 };
 
-/// A bare area of child windows with such pictures.
+/// A bare MDI area of windows with such widgets.
 class BareArea {
 public:
     explicit BareArea(QSize size)
@@ -301,7 +300,7 @@ void BenchHundredWindows(ScreenBench& bench, BareArea& bare)
         std::vector<double> others;
         for (int round = 0; round < kArrangements; ++round) {
             const int other = code == ArrangeCascade ? ArrangeTileHorizontally : ArrangeCascade;
-            ArrangeWindows(other); // so that there is something to move
+            ArrangeWindows(other); // so the windows have to move
             bare.Place(other);
             QCoreApplication::processEvents();
             own.push_back(bench.Arrange(code));
@@ -341,7 +340,7 @@ int main(int argc, char** argv)
     ScreenBench bench(files.path());
     if (!bench.StoreFile())
         return 1;
-    bench.Open(); // the first one also loads fonts and pictures
+    bench.Open(); // the first time also loads fonts and pictures
     ScreenBench::Close();
     BareArea bare(frame.size());
     BenchOneWindow(bench, bare);

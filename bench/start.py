@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Starts the program and the bare window by turns, and prints the medians of the time from the start of the process to
-the first picture (ms) and of the peak memory (MiB) as one JSON object."""
+"""Starts the program and the bare window alternately. Prints the medians of the time from process start to first paint
+(ms) and of the peak memory (MiB) as one JSON object."""
 import json
 import statistics
 import subprocess

@@ -1,5 +1,5 @@
-// bench/start_bare.cpp: the yardstick of the start: a bare main window with a child window area, as many menus and a
-// tool bar with as many buttons, and nothing behind them.
+// bench/start_bare.cpp: reference for the start time: a bare main window with an MDI area and as many menus and tool
+// buttons as the program, without functions.
 #include "app/frame/menu.h"
 #include "bench/firstPaint.h"
 

@@ -1,5 +1,5 @@
-// bench/start_tarvik.cpp: the program's start to the first picture of its frame. What the logo takes is left out: its
-// timer ends it at once, and the time between its appearance and its end is taken off.
+// bench/start_tarvik.cpp: from the program's start to the first paint of its frame, without the logo: its timer expires
+// immediately, and the time during which it is visible is subtracted.
 #include "app/frame/MfMain.h"
 #include "app/platform/seams.h"
 #include "bench/firstPaint.h"

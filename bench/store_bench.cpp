@@ -1,5 +1,5 @@
-// The list store alone: reading and writing the binary file of a memory list of 1024 entries, and beside them a bare
-// write, flush and rename of as many bytes. Takes the folder to write in as its first argument.
+// bench/store_bench.cpp FOLDER: the list store alone: reads and writes the binary file of a memory list of 1024 entries
+// in FOLDER, compared with a bare write, flush and rename of as many bytes.
 #include "closed/tvfio.h"
 
 #include <benchmark/benchmark.h>
@@ -98,7 +98,7 @@ void BareReplace(benchmark::State& state)
     }
 }
 
-/// The same, and the folder flushed, so that the new name outlasts a power cut too.
+/// As above, with the folder flushed, so the new name survives a power failure.
 void BareReplaceToLast(benchmark::State& state)
 {
     const std::vector<char> bytes = SavedBytes();

@@ -1,4 +1,4 @@
-// bench/timing.h: how long something takes, and the middle of several such times.
+// bench/timing.h: duration of a call, and the median of several.
 #pragma once
 
 #include <algorithm>
@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-/// Runs `act` and gives the time that it took in ms.
+/// Duration of `act` in ms.
 template <typename Act>
 double MsOf(Act act)
 {

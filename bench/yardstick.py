@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Times Python's csv module on the bytes of a list file: reads every field as text, writes them back.
+"""Times Python's csv module on a list file: reads every field as text, and writes them all.
 
-Prints one JSON object with the best of many runs in microseconds. Writing replaces the file whole: write, flush,
-rename, as the program does."""
+Prints one JSON object with the best of many runs in microseconds. Like the program, it writes a new file, flushes it
+and renames it."""
 import csv
 import json
 import os

@@ -1,4 +1,4 @@
-// tests/lists/list_fixture.h: start values of the list modules, and the lists that tests begin with.
+// tests/lists/list_fixture.h: fixture of the list modules, and lists for tests.
 #pragma once
 
 #include "tests/support/fileClasses.h"
@@ -14,7 +14,7 @@
 
 namespace tarvik {
 
-/// Editors of all list types, which only note that they are shown.
+/// Editors of all list types, which only record that they are shown.
 class FakeEditors final : public ListEditors {
 public:
     bool HasEditor(FileClass) const override
@@ -32,14 +32,14 @@ public:
     std::function<void()> WhileShown = [] {};
 };
 
-/// Start values of the list modules, and answers to the file questions.
+/// Selects the memory list, with the store's limits and fake editors; answers file dialogs.
 class ListStart {
 public:
     ListStart();
     ListStart(const ListStart&) = delete;
     ListStart& operator=(const ListStart&) = delete;
 
-    /// Answers the folder browser with `folder` and keeps the question.
+    /// Answers folder dialogs with `folder`, file dialogs with `path`; the questions are recorded.
     void AnswerFolder(const QString& folder);
     void AnswerFile(const QString& path);
 
@@ -52,13 +52,13 @@ public:
 
 class ListTest : public ProgramTest, protected ListStart { };
 
-/// A table of the store's start values.
+/// A table with the store's defaults.
 MemoryTable EmptyMemoryTable();
 
-/// Brings `row` to life with a frequency and a description.
+/// Makes `row` used, with a frequency and a description.
 MemoryRecord& UseRow(MemoryTable& table, int row, double frequencyHz, const QString& description = {});
 
-/// The lines of a memory list's CSV file, without line ends: two header lines, then 1024.
+/// The lines of a memory list's CSV file, without line ends: kHeaderLines, then 1024 rows.
 QByteArrayList MemoryCsvLines(const MemoryTable& table);
 QByteArrayList MemoryCsvLines();
 QByteArray JoinLines(const QByteArrayList& lines);

@@ -30,7 +30,7 @@ protected:
     }
 };
 
-/// A language whose memory lists bear the CSV extension, so that files follow the region.
+/// A language in which memory lists have the CSV extension, so files have the region's separators.
 class CsvOfRegion : public Csv {
 protected:
     CsvOfRegion()

@@ -35,7 +35,7 @@ protected:
     {
         return FileClasses().PcPaths[FileClassMemoryList];
     }
-    /// An editor with one changed row, and a name.
+    /// Opens a named list and changes a row.
     void OpenChanged()
     {
         Open(StoredList({ 0 }));

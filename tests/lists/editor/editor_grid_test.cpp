@@ -242,7 +242,7 @@ TEST_F(Grid, WheelScrollsOverCells)
     const QPoint centre = cell.rect().center();
     QWheelEvent event(
         centre, cell.mapToGlobal(centre), {}, { 0, -120 }, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&event); // only those of the system climb to the parent
+    QSpontaneKeyEvent::setSpontaneous(&event); // only spontaneous events propagate to the parent
     qApp->notify(&cell, &event);
     EXPECT_EQ(Bar().value(), QApplication::wheelScrollLines());
 }
@@ -293,7 +293,7 @@ TEST_F(Grid, ClickAwayFromBadCellIsIgnored)
     EXPECT_TRUE(Cell(3, 0).hasFocus());
     Answers().Verify();
     TypeCell(3, 0, "120");
-    Click(form, "BtSort"); // and the next click is a click again
+    Click(form, "BtSort"); // the next click works
     EXPECT_EQ(CellText(3, 0), "120.000000");
 }
 

@@ -1,4 +1,4 @@
-// tests/lists/editor/list_form_fixture.h: the memory list editor on the screen, and lists on disk for it.
+// tests/lists/editor/list_form_fixture.h: the memory list editor, and list files for it.
 #pragma once
 
 #include "tests/lists/list_fixture.h"
@@ -10,13 +10,13 @@ namespace tarvik {
 
 class ListFormTest : public FormTest, protected ListStart {
 protected:
-    /// Path of a memory list "Van" with these rows in use, each at 100 MHz plus its row in MHz.
+    /// Writes a memory list "Van" with these rows used, row n at 100 + n MHz; returns its path.
     QString StoredList(const QList<int>& rows, const QString& name = QStringLiteral("Van.tvm"));
 
-    /// Opens an editor for a new list, or for `path`.
+    /// Shows the editor with a new list, or with `path`.
     void Open(const QString& path = {});
 
-    /// Control name of a cell of a visible row.
+    /// Control name of the cell in visible row `index`.
     static QString CellName(int column, int index);
 
     QWidget& Cell(int column, int index);
@@ -25,7 +25,7 @@ protected:
     QColor CellColour(int column, int index);
     bool IsChecked(int index);
 
-    /// Ends the editor, giving up its changes.
+    /// Closes the editor without saving.
     void GiveUp();
 
     FmEditorMemory form;

@@ -31,7 +31,7 @@ protected:
         lines[kFirstRow + row] = WithField(lines[kFirstRow + row], column, field);
     }
 
-    /// Reads the lines and expects them to be taken.
+    /// Reads the lines, which must succeed.
     MemoryTable Read()
     {
         MemoryTable table;
@@ -39,7 +39,7 @@ protected:
         return table;
     }
 
-    /// Reads the lines and expects `messageId` with `args`, and an empty list.
+    /// Reads the lines, which must show `messageId` with `args` and leave an empty list.
     void ExpectRefused(int messageId, const QStringList& args)
     {
         MemoryTable table = EmptyMemoryTable();
@@ -50,7 +50,7 @@ protected:
         EXPECT_EQ(table, EmptyMemoryTable());
     }
 
-    /// A bad field in row 4 is refused with the line's number.
+    /// A bad field in row 4 must show `messageId` with the line number.
     void ExpectBadField(int column, const QByteArray& field, int messageId)
     {
         const QByteArrayList before = lines;
@@ -248,7 +248,7 @@ TEST_F(MemoryCsv, FirstOfSeveralBadFieldsIsReported)
         const char* Field;
         int MessageId;
     };
-    // From the last check to the first; what was broken before stays broken. 0 only prepares the next step.
+    // From the last check to the first; earlier errors remain. 0 only prepares the next step.
     const std::vector<Step> steps{ { 18, "x", 12896 }, { 16, "80 MHz", 0 }, { 17, "0.625 Hz", 12814 },
         { 17, "x", 12810 }, { 16, "x", 12809 }, { 15, "x", 12808 }, { 14, "x", 12807 }, { 13, "x", 12806 },
         { 12, "a'b", 12804 }, { 5, "IQ", 0 }, { 11, "On", 12812 }, { 5, "USB", 12811 }, { 11, "x", 12803 },
@@ -356,7 +356,7 @@ TEST_F(MemoryCsv, MinimumNumberOfStoreIsIgnored)
 
 TEST_F(MemoryCsv, MaximumNumberIsThatOfStore)
 {
-    Limits().MemoryNr.Max = 1022; // to which the number of the last row is clamped, and the row before bears it
+    Limits().MemoryNr.Max = 1022; // the last row's number is clamped to it, which the row before has
     ExpectRefused(12795, { QStringLiteral("1024") });
 }
 
@@ -457,7 +457,7 @@ TEST_F(MemoryCsv, TextThatFileCannotHoldIsNotWritten)
 TEST_F(MemoryCsv, NameThatReaderRefusesIsNotWritten)
 {
     MemoryTable table = EmptyMemoryTable();
-    table.MemoryListName = "  "; // a valid name of a list, but a reader trims it
+    table.MemoryListName = "  "; // a valid list name, but trimmed by the reader
     const QString path = FilePath("list.csv");
     Answers().Expect(12766, { QStringLiteral("memory list") }, Ok);
     EXPECT_FALSE(WriteMemoryListCSVFile(path, table));

@@ -29,7 +29,7 @@ protected:
     {
         return Find<QPushButton>(form, "BtDel").isEnabled();
     }
-    /// What the editor would write.
+    /// Saves the list and reads it back.
     MemoryTable Saved()
     {
         const QString folder = FilePath("saved/");
@@ -45,7 +45,7 @@ protected:
     {
         return Find<QComboBox>(form, "CbSort");
     }
-    /// Does `during` to the entry dialog once it is open.
+    /// Runs `during` on the entry dialog when it is open.
     static void InDialog(const std::function<void(QWidget&)>& during)
     {
         QTimer::singleShot(0, qApp, [during] {
@@ -381,7 +381,7 @@ TEST_F(MemoryEditor, DeleteInDialogClearsRowAndItsNumber)
     EXPECT_EQ(CellText(2, 5), "0");
     EXPECT_EQ(CellText(3, 5), "");
     EXPECT_TRUE(Editor().EditorDirty);
-    TypeCell(3, 5, "200"); // number 0 is another row's
+    TypeCell(3, 5, "200"); // row 0 has number 0
     EXPECT_EQ(CellText(2, 5), "5");
 }
 

@@ -162,7 +162,7 @@ TEST_F(MemoryEntryRules, OkReportsFirstOfSeveralFailures)
         Answers().Expect(messageId, QStringList(), Ok);
         EXPECT_EQ(AcceptMemoryEntry(fields), field);
     };
-    // From the last check to the first; what was broken before stays broken.
+    // From the last check to the first; earlier errors remain.
     fields.FrequencySpan = 12;
     fields.DfStep = 0;
     expectFailure(Field::FrequencySpan, 12818);

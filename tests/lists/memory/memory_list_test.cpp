@@ -16,7 +16,7 @@ namespace {
 
 std::vector<std::string> calls; // NOLINT: the store's calls are plain functions
 
-/// Each field with a value of its own.
+/// A different value in each field.
 MemoryRecord FullRecord()
 {
     MemoryRecord record;
@@ -61,7 +61,7 @@ protected:
     MemoryTable table;
 };
 
-/// The store writes down what it is asked instead of doing it.
+/// The store only records its calls.
 class MemoryStoreCalls : public MemoryListStore {
 protected:
     MemoryStoreCalls()

@@ -1,4 +1,4 @@
-// composition.cpp: the one place that sees every folder.
+// composition.cpp: the one place that includes every floor.
 #include "composition.h"
 
 #include "allSettings.h"
@@ -16,8 +16,8 @@ namespace tarvik {
 
 namespace {
 
-/// What lower folders ask of higher ones.
-void BindFolders()
+/// Sets the ports of all floors, and the groups of settings.
+void BindFloors()
 {
     BindLink();
     BindScreen();
@@ -33,7 +33,7 @@ void ComposeProgram()
     QApplication::setWindowIcon(ProgramIcon());
     BindPlatformSeams();
     BindMessageForm();
-    BindFolders();
+    BindFloors();
 }
 
 } // namespace tarvik

@@ -1,9 +1,9 @@
-// composition.h: binds what lower folders ask of higher ones, for every program that has the main frame.
+// composition.h: sets the ports, seams and settings of every program with the main frame.
 #pragma once
 
 namespace tarvik {
 
-/// Binds dialogs, message form, texts, openers, editors, help and settings. Needs the application object.
+/// Binds dialogs, message form, openers, editors, help and settings. Needs the application object.
 void ComposeProgram();
 
 } // namespace tarvik

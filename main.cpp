@@ -16,7 +16,7 @@ int main(int argc, char** argv)
     MfMain frame(QApplication::applicationDirPath());
     OnCloseSignal([&frame] { frame.CloseWhenPossible(); });
     const int exitCode = frame.Load() ? QApplication::exec() : EXIT_FAILURE;
-    CloseHelpViewer(); // while there is still a window system to close it on
+    CloseHelpViewer(); // before the window system is gone
     TheMessagePresenter().Reset();
     return exitCode;
 }

@@ -155,7 +155,7 @@ class YesPresenter final : public MessagePresenter {
 public:
     void Present(MessageRequest& request) override
     {
-        request.Result = MsgResultYes;
+        request.Result = MsgResult::Yes;
     }
 };
 

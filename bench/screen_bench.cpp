@@ -331,7 +331,7 @@ int main(int argc, char** argv)
     const QTemporaryDir files;
     MfMain frame(folder);
     frame.BuildTexts();
-    Program().MainWindowState = WinStateNormal;
+    Program().MainWindowState = WinState::Normal;
     frame.ShowFrame();
     frame.resize(kFrame);
     Program().Started = true;

@@ -42,7 +42,7 @@ DocumentsState StateOfDocuments()
     DocumentsState state;
     for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id)) {
         const ScreenView* view = ViewOf(id);
-        const bool isMinimised = view != nullptr && view->State() == WinStateMinimised;
+        const bool isMinimised = view != nullptr && view->State() == WinState::Minimised;
         (isMinimised ? state.AnyMinimised : state.AnyShown) = true;
     }
     const WindowId active = ActiveWindow();
@@ -50,7 +50,7 @@ DocumentsState StateOfDocuments()
     if (!state.Active)
         return state;
     const ScreenView* view = ViewOf(active);
-    state.ActiveIsMaximised = view != nullptr && view->State() == WinStateMaximised;
+    state.ActiveIsMaximised = view != nullptr && view->State() == WinState::Maximised;
     state.ActiveAtDefaultSize = AtDefaultSize(active);
     state.DescriptionVisible = WindowAt(active).DescriptionVisible;
     return state;

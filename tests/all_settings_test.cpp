@@ -38,7 +38,7 @@ protected:
     }
 };
 
-TEST_F(AllSettings, EveryKeyIsWrittenInItsOrder)
+TEST_F(AllSettings, EveryKeyIsWrittenInOrder)
 {
     QStringList expected(
         { "[File]", "Path", "Name", "PcPathAl", "PcPathKf", "PcPathMl", "PcPathSl", "PcPathCs", "InstrPathAl",
@@ -91,7 +91,7 @@ TEST_F(AllSettings, PrintDefaults)
     }
 }
 
-TEST_F(AllSettings, PrintValuesComeAndGo)
+TEST_F(AllSettings, PrintValuesAreReadAndWritten)
 {
     ReadFrom("[Print]\nPreview Width=9000.5\nPreview Height=7000\nPreview Maximized=1\nPage Bottom=0.25\n"
              "Page Top=0.5\nPage Right=0.75\nPage Left=1\nTitle=1\nBorder=0\nPict3Title=0\nPict3Border=0\n"
@@ -133,7 +133,7 @@ TEST_F(AllSettings, ScreenDefaults)
     EXPECT_EQ(TheColorDefaults().PalNr, PaletteColour);
 }
 
-TEST_F(AllSettings, ScreenValuesComeAndGo)
+TEST_F(AllSettings, ScreenValuesAreReadAndWritten)
 {
     const QByteArray screen("[Screen]\nViewDescr=1\nColBg=16777214\nColFg=1\nColMg=2\nColTx=3\nPalNr=1\n");
     ReadFrom(screen);
@@ -154,7 +154,7 @@ TEST_F(AllSettings, ColourBeyondWhiteIsTheDefaultOfItsKey)
     EXPECT_EQ(TheColorDefaults().Foreground, 0U);
 }
 
-TEST_F(AllSettings, FolderThatIsGoneIsTheProgramFolderFromNowOn)
+TEST_F(AllSettings, MissingFolderIsReplacedByTheProgramFolder)
 {
     ReadFrom("[File]\nPcPathMl=/gone\n");
     EXPECT_EQ(FileClasses().PcPaths[FileClassMemoryList], Program().AppPath);

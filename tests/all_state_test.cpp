@@ -1,4 +1,4 @@
-// Every state of the program is back at its start value before each test.
+// ResetAllState resets every state of the program.
 #include "app/forms/dialog.h"
 #include "app/frame/KeyboardFilter.h"
 #include "app/frame/commands.h"
@@ -53,14 +53,14 @@ namespace tarvik {
 
 namespace {
 
-/// How a test changes a state, and how it sees that the state has its start value.
+/// How to change a state, and to check that it has its start value.
 struct StateCase {
     const char* Function; ///< that returns the state
     void (*Change)();
     bool (*IsAtStart)();
 };
 
-/// Outlives the state that a case changes.
+/// In a folder that outlives the state of a case.
 QString TemporaryFile(const QString& name)
 {
     static const QTemporaryDir folder;
@@ -77,7 +77,7 @@ void PressArrow()
     filter.Remove();
 }
 
-/// Its timer never ends.
+/// Its timer never expires.
 void BeginWait()
 {
     TheSeams().StartTimer = [](int, const std::function<void()>&) {};
@@ -140,7 +140,7 @@ bool SettingIsWrittenAtOnce()
 
 bool messageIsShown = false;
 
-class NotingPresenter final : public MessagePresenter {
+class RecordingPresenter final : public MessagePresenter {
 public:
     void Present(MessageRequest&) override
     {
@@ -150,13 +150,13 @@ public:
 
 void SetPresenter()
 {
-    TheMessagePresenter().Implement<NotingPresenter>();
+    TheMessagePresenter().Implement<RecordingPresenter>();
 }
 
 bool HasNoPresenter()
 {
     messageIsShown = false;
-    MsgRaw(MsgButtonsOk, "text", 0);
+    MsgRaw(MsgStyle(MsgButtons::Ok, MsgIcon::Exclamation), "text", 0);
     return !messageIsShown;
 }
 
@@ -262,13 +262,13 @@ const std::map<std::string, const char*>& Exceptions()
         { "app/platform/closeSignal.cpp pipe", "the system's signals reach the program through it as long as it runs" },
         { "app/platform/processState.cpp registry", "the list of all states" },
         { "app/platform/port.h implementation", "holds no data, as its class is checked to" },
-        { "link/files/fileList.cpp view", "the view of lists that nobody shows; holds no data" },
-        { "app/frame/MfMain.cpp current", "set by the frame's construction, cleared by its end" },
+        { "link/files/fileList.cpp view", "the view of lists without a form; holds no data" },
+        { "app/frame/MfMain.cpp current", "set by the frame's constructor, cleared by its destructor" },
     };
     return exceptions;
 }
 
-bool IsRegistered(const LastingVariable& variable)
+bool IsRegistered(const StaticVariable& variable)
 {
     return variable.Type.find("ProcessState<") != std::string::npos
         || variable.Type.find("PortOr<") != std::string::npos;
@@ -292,28 +292,28 @@ std::vector<std::filesystem::path> ProductSources()
 }
 
 /// By file and name. Reads the tree once.
-std::map<std::string, LastingVariable> ReadLastingVariables()
+std::map<std::string, StaticVariable> ReadStaticVariables()
 {
-    std::map<std::string, LastingVariable> found;
+    std::map<std::string, StaticVariable> found;
     for (const std::filesystem::path& source : ProductSources()) {
         std::ifstream in(source);
         const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-        for (const LastingVariable& variable : LastingVariablesOf(text))
+        for (const StaticVariable& variable : StaticVariablesOf(text))
             found.emplace(
                 source.lexically_relative(STATE_SOURCE_TREE).generic_string() + ' ' + variable.Name, variable);
     }
     return found;
 }
 
-const std::map<std::string, LastingVariable>& LastingVariables()
+const std::map<std::string, StaticVariable>& StaticVariables()
 {
-    static const std::map<std::string, LastingVariable> found = ReadLastingVariables();
+    static const std::map<std::string, StaticVariable> found = ReadStaticVariables();
     return found;
 }
 
 } // namespace
 
-TEST_P(AllState, IsBackAtItsStartValueAfterAReset)
+TEST_P(AllState, HasItsStartValueAfterAReset)
 {
     const StateCase& state = GetParam();
     ASSERT_TRUE(state.IsAtStart());
@@ -327,7 +327,7 @@ INSTANTIATE_TEST_SUITE_P(Every, AllState, testing::ValuesIn(Cases()), NameOf);
 
 TEST(StateOfTheSources, RegistersItself)
 {
-    const auto& found = LastingVariables();
+    const auto& found = StaticVariables();
     ASSERT_GT(found.size(), 20U);
     for (const auto& [place, variable] : found) {
         EXPECT_TRUE(IsRegistered(variable) || Exceptions().contains(place))
@@ -337,13 +337,13 @@ TEST(StateOfTheSources, RegistersItself)
         EXPECT_TRUE(found.contains(place)) << place << " is no longer there";
 }
 
-/// A port has no value of its own; its reset is proved with its class.
+/// Ports have no value; the tests of Port cover their reset.
 TEST(StateOfTheSources, HasACaseEach)
 {
     std::set<std::string> proved;
     for (const StateCase& state : Cases())
         proved.insert(state.Function);
-    for (const auto& [place, variable] : LastingVariables()) {
+    for (const auto& [place, variable] : StaticVariables()) {
         const bool isState = variable.Type.find("ProcessState<") != std::string::npos;
         if (isState) {
             EXPECT_TRUE(proved.contains(variable.Function)) << place << ": " << variable.Function << " has no case";

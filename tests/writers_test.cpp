@@ -1,4 +1,4 @@
-// Every form of file that the program writes is written whole or not at all, whatever fails.
+// Every file that the program writes is written whole or not at all, whatever fails.
 #include "app/message/message.h"
 #include "app/platform/NewFileDevice.h"
 #include "app/settings/ini.h"
@@ -31,18 +31,18 @@ using tvfile::FailingFileSystem;
 
 class WritersTest;
 
-/// A form of file, and what a user sees of its writing.
+/// A format of file, and what a user sees of its writing.
 struct Form {
     const char* Name;
     const char* File;
-    bool (WritersTest::*Write)(const QString& path); ///< true if the file is said to be written
+    bool (WritersTest::*Write)(const QString& path); ///< true on success
     bool AsksToReplace; ///< 12734
-    int FailureText; ///< 0 for none: nothing is said
-    bool TellsStoreText; ///< in the place of the file's name
-    size_t TrialBytes; ///< written before for a trial
+    int FailureText; ///< 0 for none
+    bool ReportsStoreText; ///< instead of the file's name
+    size_t TrialBytes; ///< written first, as a trial
 };
 
-/// A step that fails, and what the list store says of it.
+/// A failing step, and the text of the list store for it.
 struct Fault {
     const char* Name;
     void (*Arrange)(FailingFileSystem& disk);
@@ -108,7 +108,7 @@ protected:
         return QDir(Folder()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
     }
 
-    /// Writes where all is well; what is said of an older file is expected.
+    /// Writes without a fault and expects the question about an older file.
     QByteArray WrittenBytes(const Form& form)
     {
         const QString path = FilePath(form.File);
@@ -129,17 +129,17 @@ protected:
             Answers().Expect(12734, { QLatin1String(form.File) }, Yes);
     }
 
-    /// Writes where something fails, which the form's own message tells, or nothing.
+    /// Writes with a fault and expects the format's own message, if any.
     void FailToWrite(const Form& form, const char* storeText)
     {
         ExpectQuestion(form);
         if (form.FailureText != 0)
-            Answers().Expect(form.FailureText, { QLatin1String(form.TellsStoreText ? storeText : form.File) }, Ok);
+            Answers().Expect(form.FailureText, { QLatin1String(form.ReportsStoreText ? storeText : form.File) }, Ok);
         EXPECT_FALSE((this->*form.Write)(FilePath(form.File)));
         Answers().Verify();
     }
 
-    /// No two files of pages are alike: they tell when they were made.
+    /// PDF files differ by their time of creation.
     void ExpectWhole(const Form& form, const QByteArray& whole)
     {
         const QByteArray found = Contents(FilePath(form.File));
@@ -202,7 +202,7 @@ const std::array<Fault, 7> kFaults{ {
         "The old file cannot be replaced; it is unchanged. Access is denied." },
 } };
 
-/// So that a failed case prints its name and not bytes.
+/// Prints names instead of bytes.
 void PrintTo(const Form& form, std::ostream* out)
 {
     *out << form.Name;
@@ -243,7 +243,7 @@ INSTANTIATE_TEST_SUITE_P(
     Writers, EveryFormAndFault, testing::Combine(testing::ValuesIn(kForms), testing::ValuesIn(kFaults)), &CaseName);
 INSTANTIATE_TEST_SUITE_P(Writers, EveryForm, testing::ValuesIn(kForms), &FormName);
 
-TEST_P(EveryFormAndFault, LeavesTheOldFileAndNothingElse)
+TEST_P(EveryFormAndFault, LeavesOnlyTheOldFile)
 {
     StoreOld(TheForm());
     FailingFileSystem disk;
@@ -252,7 +252,7 @@ TEST_P(EveryFormAndFault, LeavesTheOldFileAndNothingElse)
     ExpectOldAlone(TheForm());
 }
 
-TEST_P(EveryFormAndFault, LeavesNothingWhereNoFileWas)
+TEST_P(EveryFormAndFault, LeavesNoNewFile)
 {
     FailingFileSystem disk;
     TheFault().Arrange(disk);
@@ -260,7 +260,7 @@ TEST_P(EveryFormAndFault, LeavesNothingWhereNoFileWas)
     EXPECT_EQ(Names(), QStringList());
 }
 
-TEST_P(EveryForm, LeavesTheOldFileOnADiskThatFillsUpAtAnyByte)
+TEST_P(EveryForm, LeavesTheOldFileWhenTheDiskFillsUpAtAnyByte)
 {
     StoreOld(GetParam());
     const size_t bytes = static_cast<size_t>(WrittenBytes(GetParam()).size()) + GetParam().TrialBytes;
@@ -275,7 +275,7 @@ TEST_P(EveryForm, LeavesTheOldFileOnADiskThatFillsUpAtAnyByte)
     }
 }
 
-TEST_P(EveryForm, GetsAllItsBytesToADiskThatTakesAFewAtATime)
+TEST_P(EveryForm, WritesAllBytesInSmallChunks)
 {
     StoreOld(GetParam());
     const QByteArray whole = WrittenBytes(GetParam());
@@ -286,7 +286,7 @@ TEST_P(EveryForm, GetsAllItsBytesToADiskThatTakesAFewAtATime)
     ExpectWholeAlone(GetParam(), whole);
 }
 
-TEST_P(EveryForm, TriesAgainWhenItsNewFileIsTakenForALeftOver)
+TEST_P(EveryForm, RetriesWhenItsNewFileIsRemovedAsALeftOver)
 {
     StoreOld(GetParam());
     const QByteArray whole = WrittenBytes(GetParam());
@@ -303,7 +303,7 @@ TEST_P(EveryForm, TriesAgainWhenItsNewFileIsTakenForALeftOver)
     ExpectWholeAlone(GetParam(), whole);
 }
 
-TEST_P(EveryForm, IsOnTheDiskBeforeItTakesTheOldFilesPlaceAndItsFolderAfterwards)
+TEST_P(EveryForm, FlushesTheFileBeforeReplacingAndTheFolderAfter)
 {
     const QString path = FilePath(GetParam().File);
     StoreOld(GetParam());
@@ -321,7 +321,7 @@ TEST_P(EveryForm, IsOnTheDiskBeforeItTakesTheOldFilesPlaceAndItsFolderAfterwards
     EXPECT_EQ(disk.FolderFlushes, 1);
 }
 
-TEST_P(EveryForm, IsInItsPlaceAlsoWhereAFolderCanNotBeFlushed)
+TEST_P(EveryForm, SucceedsWhenTheFolderCannotBeFlushed)
 {
     StoreOld(GetParam());
     const QByteArray whole = WrittenBytes(GetParam());
@@ -334,7 +334,7 @@ TEST_P(EveryForm, IsInItsPlaceAlsoWhereAFolderCanNotBeFlushed)
 
 #if defined(Q_OS_UNIX)
 
-TEST_P(EveryForm, WaitsForAnotherProcessThatWritesTheSameFile)
+TEST_P(EveryForm, WaitsForAnotherWriterOfTheSameFile)
 {
     StoreOld(GetParam());
     const QByteArray whole = WrittenBytes(GetParam());
@@ -352,7 +352,7 @@ TEST_P(EveryForm, WaitsForAnotherProcessThatWritesTheSameFile)
     ExpectWholeAlone(GetParam(), whole);
 }
 
-TEST_P(EveryForm, KilledLeavesTheOldFileAndTheNextClearsTheRest)
+TEST_P(EveryForm, LeavesTheOldFileWhenKilledAndTheNextRunCleansUp)
 {
     StoreOld(GetParam());
     const QByteArray whole = WrittenBytes(GetParam());

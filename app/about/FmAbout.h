@@ -1,4 +1,4 @@
-// app/about/FmAbout.h: tells product and version, and opens the list of installed files.
+// app/about/FmAbout.h: shows product and version, and opens the list of installed files.
 #pragma once
 
 #include "app/forms/form.h"

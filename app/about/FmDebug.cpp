@@ -12,7 +12,7 @@ namespace tarvik {
 
 namespace {
 
-/// The form serves the makers only, so its words stand here and not among the texts.
+/// Only developers see this form, so its texts are not in the table of texts.
 QPushButton* NewDebugButton(QWidget* parent, const char* name, const QString& text)
 {
     QPushButton* button = NewButton(parent, name, {});

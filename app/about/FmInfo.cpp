@@ -52,7 +52,7 @@ void FmInfo::BuildControls()
     connect(BtClose, &QPushButton::clicked, this, [this] { Unload(); });
 }
 
-/// The widest name sets the first stop; the headings stand over their columns.
+/// The widest entries set the tab stops, and the headings align with them.
 void FmInfo::FillInfo()
 {
     QStringList names{ LbFileName->text() };
@@ -73,7 +73,7 @@ void FmInfo::FillInfo()
     LbFileName->setContentsMargins(edge, 0, 0, 0);
     LbFileName->setFixedWidth(edge + first);
     LbFileVer->setFixedWidth(second - first);
-    const int lines = TbInfo->blockCount() + 1; // the bar stays away only with a line to spare
+    const int lines = TbInfo->blockCount() + 1; // a spare line avoids the scroll bar
     TbInfo->setMinimumSize(second + LbProdVer->sizeHint().width() + 2 * edge + kColumnGapPx,
         lines * TbInfo->fontMetrics().lineSpacing() + 2 * edge);
 }

@@ -1,4 +1,4 @@
-// app/about/FmLogo.h: the picture that shows while the program starts.
+// app/about/FmLogo.h: the picture shown while the program starts.
 #pragma once
 
 #include "app/forms/form.h"

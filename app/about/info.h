@@ -9,7 +9,7 @@
 
 namespace tarvik {
 
-/// One file. Both versions are text 11712 when the file isn't there or tells none.
+/// One file. Both versions are text 11712 if the file is missing or has none.
 struct InfoRow {
     QString Name;
     QString FileVersion;
@@ -23,7 +23,7 @@ std::vector<InfoRow> InfoRows();
 /// The rows as lines: name, tab, file version, tab, product version, CR LF.
 QString InfoText();
 
-/// Product version as a sentence; a pre-release tag that is not empty follows behind a blank.
+/// Product version as a sentence, followed by a blank and the pre-release tag if there is one.
 QString AboutVersionText(const QString& preRelease);
 
 } // namespace tarvik

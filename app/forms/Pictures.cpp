@@ -11,7 +11,7 @@
 #include <QStyle>
 #include <QSvgRenderer>
 
-// Outside of any namespace, as the macro wants it.
+// Outside any namespace, as the macro requires.
 static void InitResources()
 {
     Q_INIT_RESOURCE(pictures);
@@ -35,7 +35,7 @@ QByteArray ReadPicture(const QString& name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Lines that follow the text are drawn in `currentColor`, which the renderer itself does not know.
+/// Lines that follow the text are drawn in `currentColor`, which the renderer does not support.
 QByteArray InColour(QByteArray picture, const QColor& text)
 {
     return picture.replace("currentColor", text.name().toLatin1());
@@ -48,7 +48,7 @@ QByteArray InOneColour(const QByteArray& picture, const QColor& colour)
     return InColour(QString::fromUtf8(picture).replace(colours, colour.name()).toUtf8(), colour);
 }
 
-/// Other styles only tint a highlighted item, and leave its text as it was.
+/// Other styles only tint a highlighted item and keep the colour of its text.
 bool StyleFillsHighlight()
 {
     const QString style = QApplication::style()->name();
@@ -71,7 +71,7 @@ public:
     {
     }
 
-    /// Pixel by pixel: at a scale between two whole ones that is up to half a pixel more than the room, and sharp.
+    /// One to one in device pixels, to be sharp; at a fractional scale that exceeds `rect` by up to half a pixel.
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
         const qreal scale = painter->device()->devicePixelRatioF();
@@ -97,7 +97,7 @@ private:
     /// What the picture is drawn with. A menu paints the picture of its highlighted item as an active one.
     struct Look {
         QColor Colour; ///< of the lines that follow the text
-        bool OneColour = false; ///< all else is drawn in it too
+        bool OneColour = false; ///< everything else has it too
         bool Pale = false;
     };
 
@@ -109,7 +109,7 @@ private:
         return { palette.color(QPalette::WindowText), false, mode == QIcon::Disabled };
     }
 
-    /// Drawn once for all that show it in this size and look: title bars and buttons are painted often.
+    /// Cached by size and look, since title bars and buttons are painted often.
     QPixmap Drawn(const QSize& devicePixels, qreal scale, QIcon::Mode mode) const
     {
         if (devicePixels.isEmpty())

@@ -1,4 +1,4 @@
-// app/forms/controlValues.h: what is asked of a control itself.
+// app/forms/controlValues.h: widths of texts in a control, and states of options.
 #pragma once
 
 #include <QStringList>

@@ -21,9 +21,9 @@ namespace tarvik {
 namespace {
 
 constexpr double kTwipsPerInch = 1440.0;
-constexpr double kUsualDotsPerInch = 96.0;
+constexpr double kDefaultDotsPerInch = 96.0;
 
-/// The hint of the nearest control around `control`.
+/// The hint of the nearest parent that has one.
 TextNumber<0> HintAround(const QWidget* control)
 {
     for (const QWidget* at = control; at != nullptr && !at->isWindow();) {
@@ -35,8 +35,8 @@ TextNumber<0> HintAround(const QWidget* control)
     return {};
 }
 
-/// Shows the control's hint on the status line while the pointer is over it. A pointer that leaves a control inside
-/// another one is over that one; if it has left both, the outer one hears of it next.
+/// Shows the control's hint on the status line while the pointer is over it. A pointer that leaves a nested
+/// control is over the outer one; if it has left both, the outer one gets the next Leave event.
 class HintFilter final : public QObject {
 public:
     explicit HintFilter(QWidget* control)
@@ -65,7 +65,7 @@ public:
     }
 };
 
-/// A label that shows a picture is a picture: a text would take its place.
+/// Keeps a picture, which a text would replace.
 void SetLabelText(QLabel* label, const QString& text)
 {
     if (label->pixmap().isNull())
@@ -92,7 +92,7 @@ void SetTextByKind(QWidget* control, const QString& text)
         multiLine->setPlainText(text);
 }
 
-/// A layout keeps no free positions, so a wider control is one with a greater least size.
+/// A layout sets positions, so a wider control also gets a larger minimum size.
 void AdjustGeometry(QWidget* control, const GeometryAdjustment& by, bool withHeight)
 {
     const int width = PixelsFromTwips(control, by.Width);
@@ -150,7 +150,7 @@ void SetControlHint(QWidget* control, TextNumber<0> hint)
 double TwipsPerPixel(const QWidget* control)
 {
     const QScreen* screen = control->screen();
-    return kTwipsPerInch / (screen == nullptr ? kUsualDotsPerInch : screen->logicalDotsPerInch());
+    return kTwipsPerInch / (screen == nullptr ? kDefaultDotsPerInch : screen->logicalDotsPerInch());
 }
 
 int PixelsFromTwips(const QWidget* control, double twips)

@@ -1,11 +1,11 @@
-// app/forms/darkColor.h: whether a colour of the palette is a dark one.
+// app/forms/darkColor.h: whether a colour of the palette is dark.
 #pragma once
 
 #include <QColor>
 
 namespace tarvik {
 
-/// True for a colour that is nearer to black than to white.
+/// True for a colour closer to black than to white.
 inline bool IsDark(const QColor& color)
 {
     constexpr int kMiddleLightness = 128;

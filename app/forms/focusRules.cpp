@@ -10,12 +10,12 @@ namespace tarvik {
 
 namespace {
 
-constexpr const char* kLeaveFreelyProperty = "LeaveFreely";
+constexpr const char* kSkipLeaveCheckProperty = "SkipLeaveCheck";
 
-/// Eats the mouse press that is on its way to the control which did not get the focus.
-class PressEater final : public QObject {
+/// Swallows the mouse press of the control that did not get the focus.
+class PressSwallower final : public QObject {
 public:
-    PressEater()
+    PressSwallower()
         : QObject(qApp)
     {
         qApp->installEventFilter(this);
@@ -50,7 +50,7 @@ public:
             return false;
         control_->setFocus(Qt::OtherFocusReason);
         if (reason == Qt::MouseFocusReason)
-            new PressEater;
+            new PressSwallower;
         return true;
     }
 
@@ -73,7 +73,7 @@ private:
             || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
         const QWidget* next = QApplication::focusWidget();
         return byUser && next != nullptr && next != control_ && next->window() == control_->window()
-            && !next->property(kLeaveFreelyProperty).toBool();
+            && !next->property(kSkipLeaveCheckProperty).toBool();
     }
 
     QWidget* control_;
@@ -98,7 +98,7 @@ public:
     }
 };
 
-class MarkFilter final : public QObject {
+class SelectAllFilter final : public QObject {
 public:
     using QObject::QObject;
 
@@ -106,24 +106,24 @@ public:
     {
         if (event->type() == QEvent::FocusIn) {
             const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-            marks_ = reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
-            if (marks_)
+            selects_ = reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+            if (selects_)
                 static_cast<QLineEdit*>(watched)->selectAll();
         }
-        // The release of the click that brought the focus: the press has put the cursor and dropped the mark.
-        if (event->type() == QEvent::MouseButtonRelease && marks_) {
-            marks_ = false;
+        // The release of the click that gave the focus: its press has set the cursor and cleared the selection.
+        if (event->type() == QEvent::MouseButtonRelease && selects_) {
+            selects_ = false;
             auto* textBox = static_cast<QLineEdit*>(watched);
             if (!textBox->hasSelectedText())
                 textBox->selectAll();
         }
         if (event->type() == QEvent::KeyPress)
-            marks_ = false;
+            selects_ = false;
         return false;
     }
 
 private:
-    bool marks_ = false;
+    bool selects_ = false;
 };
 
 } // namespace
@@ -133,9 +133,9 @@ void CheckOnLeave(QWidget* control, std::function<bool()> check)
     new LeaveCheck(control, std::move(check));
 }
 
-void LeaveFreely(QWidget* control)
+void SkipLeaveCheck(QWidget* control)
 {
-    control->setProperty(kLeaveFreelyProperty, true);
+    control->setProperty(kSkipLeaveCheckProperty, true);
 }
 
 bool CheckFocused(const QWidget* window)
@@ -158,9 +158,9 @@ void EnterAsTab(QLineEdit* textBox)
     textBox->installEventFilter(new EnterFilter(textBox));
 }
 
-void MarkTextOnEnter(QLineEdit* textBox)
+void SelectAllOnFocus(QLineEdit* textBox)
 {
-    textBox->installEventFilter(new MarkFilter(textBox));
+    textBox->installEventFilter(new SelectAllFilter(textBox));
 }
 
 } // namespace tarvik

@@ -60,7 +60,7 @@ void FormBase::Unload()
         return;
     bool closes = false;
     {
-        // A query that shows a message must not be asked again by what the message lets run.
+        // A query that shows a message must not run again from an event during the message.
         const QScopedValueRollback refusing(refusing_, true);
         closes = QueryUnload();
     }

@@ -1,4 +1,4 @@
-// app/forms/form.h: the base of every dialog form: its life on the dialog stack, and the helpers that make its
+// app/forms/form.h: the base of every dialog form: its life cycle on the dialog stack, and the helpers that make its
 // controls.
 #pragma once
 
@@ -45,7 +45,7 @@ public:
         return !loaded_;
     }
 
-    /// Help number of the form itself: what F1 shows where no control has a number of its own.
+    /// Help number of the form itself: what F1 shows for controls without one.
     int HelpNumber() const;
 
 protected:
@@ -66,8 +66,8 @@ protected:
 
     void SetHelpNumber(TopicNumber topic);
 
-    /// Runs events until the form has been painted, but not for long: for an activation whose work keeps it from being
-    /// painted. A form that can't be seen is not waited for to the end.
+    /// Processes events until the form has been painted, for half a second at most (a form may be hidden). For an
+    /// activation whose work would delay the painting.
     void WaitUntilPainted();
 
     void closeEvent(QCloseEvent* event) override;
@@ -124,7 +124,7 @@ void SetControlHelp(QWidget* control, TopicNumber help);
 /// Property of a control that holds its hint number.
 inline constexpr const char* kHintNumberProperty = "HintNumber";
 
-/// Shows text `hint` on the status line while the pointer is over `control`; may be called again with another one.
+/// Shows text `hint` on the status line while the pointer is over `control`. A later call replaces it.
 void SetControlHint(QWidget* control, TextNumber<0> hint);
 
 /// Twips in one pixel of the control's screen: 15 at 96 dpi.
@@ -136,14 +136,14 @@ int PixelsFromTwips(const QWidget* control, double twips);
 /// none. Adjustments of the geometry apply when 4 exist (a combo box: at least 3); those of a line move its two ends.
 void LngSetCtrl(QWidget* control, TextNumber<0> id);
 
-/// Property of a form that holds by how much (QSize, pixels) its language makes it larger than its layout does.
+/// Property of a form: QSize in pixels by which its language enlarges it beyond its layout.
 inline constexpr const char* kGrowthProperty = "LanguageGrowth";
 
-/// The same for a form: its window title, moved and sized when exactly 4 adjustments exist. A form whose layout fixes
-/// its size stays at that size, which grows with its controls.
+/// As LngSetCtrl for a form: sets its title; moves and sizes it if exactly 4 adjustments exist. A form whose layout
+/// fixes its size stays at that size, which grows with its controls.
 void LngSetForm(QWidget* form, TextNumber<0> id);
 
-/// Names a control: object name, and an accessible name taken from `label` where the control shows no text.
+/// Sets the object name, and the accessible name if there is none yet.
 void NameControl(QWidget* control, const QString& name);
 
 /// Makers of controls. Each returns a child of `parent` under its given name, with texts and help set.
@@ -160,10 +160,10 @@ void BindLabel(QLabel* label, QWidget* control);
 /// `text` without mnemonic marks and without a closing colon, for accessible names.
 QString PlainCaption(const QString& text);
 
-/// The tool tip that shows `text` as it stands: a name may look like markup. Empty for an empty text.
+/// The tool tip that shows `text` literally, since a name may look like markup. Empty for an empty text.
 QString PlainTip(const QString& text);
 
-/// Takes only text that Windows-1252 can hold, so that nothing typed is lost on its way into a file.
+/// Restricts the input to Windows-1252, so that a file keeps all of it.
 void LimitToAnsi(QLineEdit* textBox);
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// app/forms/formLayout.h: what forms are laid out with.
+// app/forms/formLayout.h: layouts that forms share.
 #pragma once
 
 #include <initializer_list>
@@ -13,7 +13,7 @@ namespace tarvik {
 /// The column of a form's contents, with kFormMarginPx around it.
 QVBoxLayout* NewFormColumn(QWidget* form);
 
-/// The last row of a form: its buttons at the right, those of `left` at the left.
+/// The last row of a form: `buttons` on the right, `left` on the left.
 QHBoxLayout* NewButtonRow(std::initializer_list<QPushButton*> buttons, std::initializer_list<QPushButton*> left = {});
 
 } // namespace tarvik

@@ -12,7 +12,7 @@ class FmTip final : public QWidget {
 public:
     explicit FmTip(QWidget* parent);
 
-    /// Shows `text` for the button that stands at `button` on the screen.
+    /// Shows `text` for the button at `button` on the screen.
     void ShowTip(const QString& text, const QRect& button);
 
 private:

@@ -23,7 +23,7 @@ namespace {
 bool PicturesFit(const QWidget* widget)
 {
     const QStyle* style = widget->style();
-    return MenuPicturesAreDrawn(style->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, widget),
+    return HasMenuPictures(style->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, widget),
         style->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, widget));
 }
 
@@ -69,7 +69,7 @@ void FrameMenus::AddEntry(const MenuEntry& entry, QMenu* menu)
     actions_[action->objectName()] = action;
     connect(action, &QAction::triggered, this, [this, command = entry.Run] {
         CommandRun(command);
-        ShowToggles(); // a checkable action has switched its mark by itself, whatever the command did
+        ShowToggles(); // a checkable action has toggled its mark, whatever the command did
     });
     connect(action, &QAction::hovered, this, [entry] {
         if (const TextNumber<0> hint = MenuHint(entry, LinkIsUp()); !hint.IsNone())
@@ -79,7 +79,7 @@ void FrameMenus::AddEntry(const MenuEntry& entry, QMenu* menu)
     });
 }
 
-/// A menu shows what stands behind a tab as the item's key; the key itself belongs to the frame's key handler.
+/// A menu shows the text after a tab as the item's key; the frame's key handler handles the key itself.
 void FrameMenus::SetEntryText(QAction* action, TextNumber<0> text, int help)
 {
     const QString caption = LngStr(text);

@@ -20,18 +20,18 @@ public:
     /// Makes the menus without texts. Their parent is `frame`.
     explicit FrameMenus(QMainWindow* frame);
 
-    /// Captions, help numbers and pictures; to be called once the texts are up.
+    /// Sets captions, help numbers and pictures, once texts are available.
     void SetTexts();
 
     void Apply(const MenuOutcome& outcome);
 
-    /// The check marks of what the program state switches: tool bar, status bar, automatic tiling.
+    /// Updates the check marks of tool bar, status bar, automatic tiling and description.
     void ShowToggles();
 
-    /// Opens pop-up `name` at a place on the screen, if the program can act.
+    /// Opens pop-up `name` at screen position `at`, if the program can act.
     void Popup(const QString& name, const QPoint& at);
 
-    /// Help number of the entry that is highlighted in an open menu or in the menu bar; empty while there is none.
+    /// Help number of the highlighted entry of an open menu or the menu bar; empty without one.
     std::optional<int> HighlightedHelp() const;
 
 private:

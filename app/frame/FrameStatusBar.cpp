@@ -24,7 +24,7 @@ constexpr std::array<TextNumber<0>, kStatusPanels> kPanelHints{ TextId::StatusBa
 
 constexpr int kProgressPanel = 2;
 
-/// A text that is too long ends in dots, and does not widen the frame. All of it is in the tip.
+/// Elides a long text instead of widening the frame; the tip has the whole text.
 class StatusPanel final : public QLabel {
 public:
     using QLabel::QLabel;
@@ -107,7 +107,7 @@ QLabel* FrameStatusBar::NewConnectionPicture(const char* name, const QString& pi
     return label;
 }
 
-/// Drawn anew when the palette changes, since their lines follow its text colour.
+/// Redrawn when the palette changes, since their lines have its text colour.
 void FrameStatusBar::ShowConnectionPictures()
 {
     for (QLabel* label : { ImConnect, ImNoConnect }) {

@@ -27,7 +27,7 @@ public:
 
     void ShowLinkState(bool linkUp);
 
-    /// Takes the panels out of use, while an editor is open.
+    /// Disables the panels, as while an editor is open.
     void EnablePanels(bool enabled);
 
     ProgressPicture* Progress() const

@@ -115,12 +115,12 @@ void FrameToolbar::Apply(const MenuOutcome& outcome)
     QWidget* focus = window()->focusWidget();
     WriteStates(outcome);
     if (focus != nullptr && focus->parentWidget() == Cm.front()->parentWidget() && !focus->isEnabled()) {
-        switchedOff_ = focus;
+        disabledFocus_ = focus;
         focusMeanwhile_ = window()->focusWidget();
-    } else if (switchedOff_ != nullptr && switchedOff_->isEnabled()) {
-        if (focus == focusMeanwhile_) // else the command has given it away
-            switchedOff_->setFocus();
-        switchedOff_ = nullptr;
+    } else if (disabledFocus_ != nullptr && disabledFocus_->isEnabled()) {
+        if (focus == focusMeanwhile_) // else the command has moved it
+            disabledFocus_->setFocus();
+        disabledFocus_ = nullptr;
     }
 }
 

@@ -22,11 +22,11 @@ public:
 
     void SetTexts();
 
-    /// Places the buttons in their groups; once.
+    /// Places the buttons in their groups. Called once.
     void LayOut();
 
-    /// Writes a button's state only where it differs, so that nothing flickers. A button that had the focus when it was
-    /// switched off, as all are while a command runs, gets it back when it is switched on.
+    /// Writes only states that differ, to avoid flicker. A button that is disabled with the focus on it, as while a
+    /// command runs, gets the focus back when it is enabled.
     void Apply(const MenuOutcome& outcome);
 
     void FocusFirstButton();
@@ -50,8 +50,8 @@ private:
     FmTip* tip_ = nullptr;
     TipCounter counter_;
     bool linkUp_ = false;
-    QWidget* switchedOff_ = nullptr; ///< the button that had the focus
-    QPointer<QWidget> focusMeanwhile_; ///< what has it since then
+    QWidget* disabledFocus_ = nullptr; ///< the button that was disabled with the focus on it
+    QPointer<QWidget> focusMeanwhile_; ///< has had the focus since
 };
 
 } // namespace tarvik

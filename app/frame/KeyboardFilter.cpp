@@ -21,8 +21,8 @@ namespace tarvik {
 
 namespace {
 
-/// An event goes to its window, then to the widget with the focus, then to that one's parents: one object all the
-/// way. The top bit of its time marks it as handled.
+/// The same event object goes to its window, to the widget with the focus, and to that widget's parents. The top bit of
+/// its timestamp marks it as handled.
 constexpr quint64 kHandledMark = quint64(1) << 63;
 
 bool& ArrowHeld()
@@ -43,7 +43,7 @@ bool FocusKeepsEscape()
     return focus != nullptr && focus->property(kKeepsEscapeProperty).toBool();
 }
 
-/// A list, a menu, a mode or an edit in place that ends by Escape.
+/// True if Escape ends a list, a menu, a mode or an in-place edit.
 bool EscapeEndsSomethingElse()
 {
     return QApplication::activePopupWidget() != nullptr || QWhatsThis::inWhatsThisMode() || FocusKeepsEscape();
@@ -89,7 +89,7 @@ bool KeyboardFilter::eventFilter(QObject* watched, QEvent* event)
         return false;
     case QEvent::ApplicationDeactivate:
         ArrowHeld() = false;
-        Program().ShiftDown = false; // its release goes to another program, and what is deleted with it is gone
+        Program().ShiftDown = false; // its release goes to another program
         escapeIsOurs_ = false;
         return false;
     case QEvent::QueryWhatsThis:
@@ -120,7 +120,7 @@ bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
     return key.Key == Qt::Key_F1 && goesDown && ShowTopicOf(watched);
 }
 
-/// What comes before a key goes down. A list that drops down closes on this one, so that the key itself finds none.
+/// Precedes the key press. A drop-down list closes on it, so that the key press finds no list.
 void KeyboardFilter::NoteEscape(QKeyEvent& event)
 {
     if (event.key() != Qt::Key_Escape || (event.timestamp() & kHandledMark) != 0)
@@ -130,7 +130,7 @@ void KeyboardFilter::NoteEscape(QKeyEvent& event)
 }
 
 /// An Escape that closes a list, a menu or a file dialog, ends an edit in place, or leaves the What's This mode, must
-/// not close the form below as well, neither at once nor with its release.
+/// not close the form below as well, neither on press nor on release.
 bool KeyboardFilter::IsOurEscape(const QKeyEvent& event)
 {
     if (event.type() == QEvent::KeyRelease)
@@ -157,7 +157,7 @@ bool KeyboardFilter::PopUpHelpOf(QObject* watched, QPoint position)
     return help != 0;
 }
 
-/// A menu tells what its enabled items do; but it is a grey one that makes a user ask.
+/// A menu shows help only for enabled items, but users ask about disabled ones.
 bool KeyboardFilter::PopUpHelpOfDisabledItem(QObject* watched, const QMouseEvent& event)
 {
     auto* menu = QWhatsThis::inWhatsThisMode() ? qobject_cast<QMenu*>(watched) : nullptr;

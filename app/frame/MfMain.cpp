@@ -36,13 +36,13 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kChildAreaPercent = 130; // how far its lightness is from the window colour's
+constexpr int kChildAreaPercent = 130; // lightness, relative to the window colour
 
-Qt::WindowStates WindowStateOf(int winState)
+Qt::WindowStates WindowStateOf(WinState state)
 {
-    if (winState == WinStateMaximised)
+    if (state == WinState::Maximised)
         return Qt::WindowMaximized;
-    return winState == WinStateMinimised ? Qt::WindowMinimized : Qt::WindowNoState;
+    return state == WinState::Minimised ? Qt::WindowMinimized : Qt::WindowNoState;
 }
 
 MfMain* current = nullptr;
@@ -87,7 +87,7 @@ MfMain::MfMain(const QString& programFolder)
 
 MfMain::~MfMain()
 {
-    disconnect(MdiArea, nullptr, this, nullptr); // child windows are activated and left while the base closes
+    disconnect(MdiArea, nullptr, this, nullptr); // the base class activates child windows while it closes
     current = nullptr;
 }
 
@@ -95,7 +95,8 @@ void MfMain::BuildAreas()
 {
     MdiArea = new QMdiArea(this);
     MdiArea->setObjectName(QStringLiteral("MdiArea"));
-    MdiArea->setActivationOrder(QMdiArea::ActivationHistoryOrder); // behind one that closes the one before it is active
+    MdiArea->setActivationOrder(
+        QMdiArea::ActivationHistoryOrder); // a closed window gives way to the one used before it
     MdiArea->viewport()->installEventFilter(this);
     MdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded); // a picture may be larger than the area
     MdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -124,7 +125,7 @@ void MfMain::BuildAreas()
     ImLogoMr->hide();
 }
 
-/// Set apart from the bars around it and, on a dark palette, from the menus, which are the darkest there.
+/// Contrasts with the bars and, on a dark palette, with the menus, which are darkest there.
 void MfMain::ColourChildArea()
 {
     const QColor window = palette().color(QPalette::Window);
@@ -148,24 +149,24 @@ bool MfMain::Load()
 
 void MfMain::CloseWhenPossible()
 {
-    Program().CloseWished = true;
-    PursueCloseWish();
+    Program().CloseRequested = true;
+    TryPendingClose();
 }
 
-/// What may close does so from the message loop, since this runs in the midst of a dialog's end as well.
-void MfMain::PursueCloseWish()
+/// Closes from the message loop, since this also runs while a dialog unloads.
+void MfMain::TryPendingClose()
 {
     ProgramState& program = Program();
-    if (!program.CloseWished)
+    if (!program.CloseRequested)
         return;
     QTimer::singleShot(0, this, [this, &program] {
-        if (!program.CloseWished)
+        if (!program.CloseRequested)
             return;
         DialogForm* dialog = DialogTop();
-        if (dialog != nullptr && dialog->GoesWithProgram()) {
+        if (dialog != nullptr && dialog->CanCloseUnasked()) {
             dialog->Unload();
         } else if (program.Started && CanAct()) {
-            program.CloseWished = false; // who cancels a prompt now has decided to stay
+            program.CloseRequested = false; // cancelling a prompt now withdraws it
             close();
         }
     });
@@ -225,13 +226,13 @@ void MfMain::ApplyBars()
     menus_->ShowToggles();
 }
 
-/// The child windows are arranged anew when the room for them has changed.
+/// Rearranges the child windows if their area has changed.
 void MfMain::ShowBar(QWidget* bar, bool on)
 {
     if (bar->isHidden() == !on)
         return;
     bar->setVisible(on);
-    layout()->activate(); // the room changes now, not with the next event
+    layout()->activate(); // resizes the area now, not on the next event
     TheFrameDocuments()->Retile();
 }
 
@@ -246,9 +247,9 @@ void MfMain::ShowFrame()
         const QRect placed = PlacementOnScreens(placement_, screens);
         placement_ = { placed.topLeft(), PlacedSize(placed, screens, QSize(2 * border, 2 * border + title)) };
         resize(placement_.size());
-        move(placement_.topLeft()); // of the title bar, which would lie above the screen otherwise
+        move(placement_.topLeft()); // of the title bar, which would be off the screen otherwise
     }
-    setWindowState(WindowStateOf(Program().MainWindowState)); // behind the geometry, which would end it
+    setWindowState(WindowStateOf(Program().MainWindowState)); // after the geometry, which would reset it
     setVisible(true);
     toolbar_->StartTips();
 }
@@ -283,7 +284,7 @@ void MfMain::keyPressEvent(QKeyEvent* event)
 
 void MfMain::closeEvent(QCloseEvent* event)
 {
-    if (!Program().Started || !ProjectQueryUnload()) { // a start runs to its end
+    if (!Program().Started || !ProjectQueryUnload()) { // start-up can't be interrupted
         event->ignore();
         return;
     }
@@ -293,7 +294,7 @@ void MfMain::closeEvent(QCloseEvent* event)
         QCoreApplication::exit(0);
 }
 
-/// The menu key opens the frame's menu: one of its entries stands in no other menu.
+/// The menu key opens the frame's menu: one of its entries is in no other menu.
 void MfMain::contextMenuEvent(QContextMenuEvent* event)
 {
     if (event->reason() == QContextMenuEvent::Keyboard)
@@ -303,7 +304,7 @@ void MfMain::contextMenuEvent(QContextMenuEvent* event)
 
 QMenu* MfMain::createPopupMenu()
 {
-    return nullptr; // the bars have menus of their own
+    return nullptr; // the bars have their own menus
 }
 
 bool MfMain::eventFilter(QObject* watched, QEvent* event)
@@ -311,7 +312,7 @@ bool MfMain::eventFilter(QObject* watched, QEvent* event)
     return PopupForBar(watched, event) || QMainWindow::eventFilter(watched, event);
 }
 
-/// `ClMn` opens when the button goes up over the empty area, the menus of the bars when it goes down.
+/// `ClMn` opens on release over the empty area, the menus of the bars on press.
 bool MfMain::PopupForBar(QObject* watched, QEvent* event)
 {
     const bool isArea = watched == MdiArea->viewport() && event->type() == QEvent::MouseButtonRelease;

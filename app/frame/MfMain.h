@@ -1,5 +1,5 @@
-// app/frame/MfMain.h: the main frame. It is the start object: loading it runs the whole start-up, and it lives until
-// the process ends. It shows and passes on; the rules are in startup.h, menu.h, tip.h and dropFiles.h.
+// app/frame/MfMain.h: the main frame. Loading it runs the whole start-up, and it lives until the process ends. The
+// rules are in startup.h, menu.h, tip.h and dropFiles.h.
 #pragma once
 
 #include "app/frame/commands.h"
@@ -26,20 +26,20 @@ public:
     explicit MfMain(const QString& programFolder);
     ~MfMain() override;
 
-    /// The frame while it lives; null before and behind.
+    /// The frame; nullptr before construction and after destruction.
     static MfMain* Current();
 
-    /// The load event: start-up from the first step to the last. False ends the process.
+    /// The load event: the whole start-up. False ends the process.
     [[nodiscard]] bool Load();
 
-    /// Closes as the close box does. A wish that comes during the start, a command or a dialog waits for its end, and
-    /// dialogs that hold nothing of the user's go at once.
+    /// Closes as the close box does. During start-up, a command or a dialog the request is pending until that ends;
+    /// dialogs without user data close at once.
     void CloseWhenPossible();
 
-    /// Opens a right-click menu at a place on the screen, if the program can act.
+    /// Opens right-click menu `name` at screen position `at`, if the program can act.
     void Popup(const QString& name, const QPoint& at);
 
-    /// What a child window does with a key of its own: Ctrl+C copies. True when the key has run a command.
+    /// Handles a key of a child window: Ctrl+C copies. True if the key has run a command.
     bool FrameKeyDown(const QKeyEvent& event);
 
     QMdiArea* ChildArea() const
@@ -94,12 +94,12 @@ protected:
 private:
     void BuildAreas();
     void ColourChildArea();
-    void PursueCloseWish();
+    void TryPendingClose();
     void ShowBar(QWidget* bar, bool on);
     bool PopupForBar(QObject* watched, QEvent* event);
     void ReturnFocus();
 
-    PortScope<Frame> inForce_{ TheFrame(), *this };
+    PortScope<Frame> framePort_{ TheFrame(), *this };
     CommandScope commands_;
     QString programFolder_;
     QMdiArea* MdiArea = nullptr;
@@ -109,7 +109,7 @@ private:
     FrameStatusBar* statusBar_ = nullptr;
     KeyboardFilter* keyboard_ = nullptr;
     QTimer* TmProgress = nullptr;
-    QRect placement_; ///< restored: the place of the title bar, the size of what it stands over; from the settings
+    QRect placement_; ///< restored, from the settings: position of the title bar, size without it
 };
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// The frame as a port: what rooms below ask it. And what is dropped on it.
+// The frame as the implementation of its port; drag and drop.
 #include "app/frame/MfMain.h"
 
 #include "app/about/FmAbout.h"
@@ -45,10 +45,10 @@ void Accept(QDropEvent* event)
 
 } // namespace
 
-/// Runs at each change of what the program can do.
+/// Called at each change of what the program can do.
 void MfMain::MenuUpdate()
 {
-    PursueCloseWish();
+    TryPendingClose();
     const auto outcome = MenuCompute(MenuInputNow(), Program().MenusDisabled);
     if (!outcome)
         return;
@@ -58,8 +58,7 @@ void MfMain::MenuUpdate()
     TheFrameDocuments()->Enable(outcome->MenusEnabled);
 }
 
-/// True while the keyboard speaks to the frame, and from the end of a dialog until the window system says who is next:
-/// no other program has taken over meanwhile.
+/// Also true after a dialog until the window system activates the next window, as long as no other program is active.
 bool MfMain::HasActivation() const
 {
     const bool nobodyHas = QApplication::activeWindow() == nullptr;
@@ -76,7 +75,7 @@ void MfMain::CloseTip()
     toolbar_->CloseTip();
 }
 
-/// A closed menu stays in sight until the window system has answered.
+/// A closed menu stays visible until the window system has processed its requests.
 void MfMain::FinishPainting()
 {
     QGuiApplication::sync();
@@ -154,10 +153,10 @@ void MfMain::MoveTwips(QPointF leftTop)
 std::optional<FramePlacement> MfMain::Placement() const
 {
     QRect rect = isMaximized() || isMinimized() ? normalGeometry() : geometry();
-    if (rect != placement_) // the one it began with is told as it was placed until it has stood there
+    if (rect != placement_) // else it has never moved from its stored position
         rect.translate(frameGeometry().topLeft() - geometry().topLeft()); // where the title bar is
     const double twips = TwipsPerPixel(this);
-    const int state = isMinimized() ? WinStateMinimised : isMaximized() ? WinStateMaximised : WinStateNormal;
+    const WinState state = isMinimized() ? WinState::Minimised : isMaximized() ? WinState::Maximised : WinState::Normal;
     return FramePlacement{ state, { QPointF(rect.topLeft()) * twips, QSizeF(rect.size()) * twips } };
 }
 
@@ -177,8 +176,8 @@ void MfMain::dragMoveEvent(QDragMoveEvent* event)
         event->ignore();
 }
 
-/// The files open once the drag is over: the program that they come from waits for the end of this event, and an
-/// editor would keep it waiting until it is closed.
+/// Opens the files after the event: the program that they come from waits for it, and an editor would block until it is
+/// closed.
 void MfMain::dropEvent(QDropEvent* event)
 {
     if (!DropIsAllowedFor(*event->mimeData())) {

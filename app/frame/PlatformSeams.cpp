@@ -23,7 +23,7 @@ namespace tarvik {
 
 namespace {
 
-/// On this platform there is no eye to read a box and no hand to close it.
+/// True for platforms where nobody can read or close a box.
 bool HasNoDisplay()
 {
     return QGuiApplication::platformName() == QLatin1String("offscreen")
@@ -32,8 +32,7 @@ bool HasNoDisplay()
 
 constexpr QSize kDialogSize(820, 500);
 
-/// So large that names, sizes, kinds and dates of files are read without dragging columns. A desktop's own dialog has
-/// no such list, and sees to its size itself.
+/// Makes names, sizes, kinds and dates of files fit their columns. A native dialog has no such list and its own size.
 void ShowWholeEntries(QFileDialog& dialog)
 {
     const auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
@@ -57,7 +56,7 @@ QString BrowseFolder(const FolderQuestion& question)
     return dialog.selectedFiles().value(0);
 }
 
-/// Filters are "description|pattern" pairs with patterns parted by semicolons, the dialog's by blanks.
+/// Filters are "description|pattern" pairs with patterns separated by semicolons, the dialog's by blanks.
 QStringList DialogFilters(const QStringList& filters)
 {
     QStringList shown;
@@ -96,14 +95,14 @@ QStringList OpenFiles(const OpenFilesQuestion& question)
     return AskToOpen(question, QFileDialog::ExistingFiles);
 }
 
-/// The extension that a filter of the save dialog stands for.
+/// The extension of a filter.
 QString ExtensionOfFilter(const QString& filter)
 {
     return QFileInfo(filter.section(u'|', 1).section(u';', 0, 0)).suffix();
 }
 
-/// A save dialog to which only an extension that files have is one: in "Tower.2024" it sees none, and adds that of the
-/// filter before it looks for a file of this name.
+/// A save dialog that recognises only known extensions: "Tower.2024" has none, so the filter's is added before the
+/// check for an existing file.
 class SaveDialog final : public QFileDialog {
 public:
     explicit SaveDialog(const SaveFileQuestion& question)
@@ -124,10 +123,10 @@ public:
             selectFile(question.FileName + u'.' + defaultSuffix());
     }
 
-    /// What is looked for is what will be written: whoever gets a path from this dialog takes the blanks off its ends.
+    /// Checks for the file that will be written: callers trim the path.
     void accept() override
     {
-        auto* edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); // not there in a desktop's own dialog
+        auto* edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); // a native dialog has none
         if (edit != nullptr) {
             const QString name = WithExtension(edit->text().trimmed());
             if (name != edit->text())
@@ -152,8 +151,7 @@ private:
         return name + u'.' + defaultSuffix();
     }
 
-    /// A number behind the last point counts the files of a series, whatever else it may be an extension of. A name
-    /// without a point is left to the toolkit.
+    /// A number after the last point numbers a series and is no extension. The toolkit completes names without a point.
     bool LacksExtension(const QFileInfo& file) const
     {
         const QString end = file.suffix();
@@ -179,7 +177,7 @@ QString SaveFile(const SaveFileQuestion& question)
     return dialog.selectedFiles().value(0);
 }
 
-/// Told on standard error as well: this box speaks of a program that can't start, perhaps to a script.
+/// Also prints to standard error: the program can't start, and a script may have run it.
 void SystemBox(const QString& title, const QString& text)
 {
     QString shown = text;

@@ -1,4 +1,4 @@
-// app/frame/PlatformSeams.h: the dialogs and services of the window system, put into the seams.
+// app/frame/PlatformSeams.h: binds the seams to the dialogs and services of the window system.
 #pragma once
 
 namespace tarvik {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kWidthPx = 140;
 constexpr int kBarInsetPx = 1;
-// Black and white can both be read on the track: the character at the bar's end stands on both.
+// Black and white are both legible on the track, since the character at the end of the bar overlaps both.
 constexpr QColor kTrack(0xA3, 0xAD, 0xB7);
 constexpr QColor kBar(0x1B, 0x55, 0x98);
 constexpr QColor kEdge(0x6B, 0x76, 0x82);
@@ -51,7 +51,7 @@ void ProgressPicture::paintEvent(QPaintEvent* event)
     if (percent_ < 0)
         return;
     QPainter painter(this);
-    painter.fillRect(rect(), kTrack); // a ground of its own: black characters must stay readable on a dark palette
+    painter.fillRect(rect(), kTrack); // black characters must be legible on a dark palette too
     const int barWidth = ProgressBarWidth(width(), percent_);
     painter.fillRect(QRect(0, kBarInsetPx, barWidth, height() - 2 * kBarInsetPx), kBar);
     painter.setPen(kEdge);

@@ -6,7 +6,7 @@
 
 namespace tarvik {
 
-/// What a menu item or tool bar button runs. A number behind a name is a file class or an arrangement.
+/// What a menu item or tool bar button runs. A number after a name is a file class or an arrangement.
 enum class Command {
     None,
     FileOpen,
@@ -63,11 +63,10 @@ struct CommandBinding {
     CommandFunction Function; ///< not null
 };
 
-/// Each owner binds the commands of its part once, at start, for the rest of the process. A command of a part that the
-/// program lacks does nothing.
+/// Each floor binds its commands once at start, for the rest of the process. A command that is not bound does nothing.
 void CommandsBind(std::span<const CommandBinding> bindings);
 
-/// Binds commands for its own lifetime, then puts back what they ran before. Scopes nest.
+/// Binds commands for its own lifetime, then restores the former bindings. Scopes nest.
 class CommandScope {
 public:
     explicit CommandScope(std::span<const CommandBinding> bindings);
@@ -79,8 +78,8 @@ private:
     std::vector<CommandBinding> before_;
 };
 
-/// Runs a command between BeginBusy and EndBusy, if the program can act; true if it ran. The exit runs without the
-/// two, since it asks the same gate itself.
+/// Runs a command between BeginBusy and EndBusy, if the program can act; true if it ran. The exit runs without
+/// them, since it checks CanAct itself.
 bool CommandRun(Command command);
 
 } // namespace tarvik

@@ -34,7 +34,7 @@ void DropOpenFiles(const QStringList& files)
     for (const QString& file : files) {
         if (CanOpen(file) && !OpenStartFile(file))
             return;
-        if (Program().Ended) // events have run: the user may not have waited for the others
+        if (Program().Ended) // events have run, so the user may have closed the frame
             return;
     }
 }

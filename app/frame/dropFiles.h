@@ -8,14 +8,14 @@ class QMimeData;
 
 namespace tarvik {
 
-/// True when the frame may take these files: the program can act and one of them passes the file test.
+/// True if the program can act and one of the files passes the file test.
 bool DropIsAllowed(const QStringList& files);
 
-/// The same for data of any other kind.
+/// As above, for data of any other kind.
 bool DropIsAllowed(const QMimeData& data);
 
-/// Opens each file that passes the file test as the command line would; the first that fails ends it, and so does the
-/// end of the program between two of them. Nothing while the program cannot act.
+/// Opens each file that passes the file test, as from the command line. Stops at the first failure, or when the program
+/// ends. No effect while the program can't act.
 void DropOpenFiles(const QStringList& files);
 
 } // namespace tarvik

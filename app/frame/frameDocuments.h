@@ -25,11 +25,11 @@ public:
     virtual ~FrameDocuments() = default;
 
     virtual DocumentsState State() const = 0;
-    virtual void Enable(bool enabled) = 0; ///< whether their windows hear the mouse
-    virtual void Retile() = 0; ///< the room for child windows has changed
+    virtual void Enable(bool enabled) = 0; ///< whether their windows accept the mouse
+    virtual void Retile() = 0; ///< the area for child windows has changed size
     virtual void CheckPendingResize() = 0; ///< on each tick of the frame's tip timer
     virtual void ClearTable() = 0;
-    virtual bool CloseAll() = 0; ///< with prompts; false when one was cancelled
+    virtual bool CloseAll() = 0; ///< with prompts; false if one was cancelled
 
     virtual bool Open(const QString& path) = 0; ///< a document or a list; true on success
     virtual bool CanOpen(const QString& path) const = 0; ///< the file test of a drop

@@ -8,15 +8,15 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kLeastCheckPx = 13;
+constexpr int kMinCheckPx = 13;
 
-/// A valid window is active and its description can be shown beside the picture.
-bool DescriptionIsPossible(const DocumentsState& documents)
+/// True if a valid window is active and has room for its description.
+bool CanShowDescription(const DocumentsState& documents)
 {
     return documents.Active && !documents.ActiveIsMaximised;
 }
 
-bool CanActNow(const MenuInput& input)
+bool HasStartedAndCanAct(const MenuInput& input)
 {
     return input.Started && input.CanAct;
 }
@@ -26,7 +26,7 @@ bool CanActNow(const MenuInput& input)
 bool RuleHolds(EnableRule rule, const MenuInput& input)
 {
     const DocumentsState& documents = input.Documents;
-    const bool act = CanActNow(input);
+    const bool act = HasStartedAndCanAct(input);
     const bool doc = act && documents.Active;
     switch (rule) {
     case EnableRule::Untouched:
@@ -44,9 +44,9 @@ bool RuleHolds(EnableRule rule, const MenuInput& input)
     case EnableRule::OffDefaultSize:
         return doc && !documents.ActiveAtDefaultSize;
     case EnableRule::Description:
-        return act && DescriptionIsPossible(documents);
+        return act && CanShowDescription(documents);
     case EnableRule::DescriptionShown:
-        return act && DescriptionIsPossible(documents) && documents.DescriptionVisible;
+        return act && CanShowDescription(documents) && documents.DescriptionVisible;
     case EnableRule::Never:
         return false;
     }
@@ -62,7 +62,7 @@ std::optional<bool> MenuOutcome::Entry(const MenuEntry& entry) const
 
 std::optional<MenuOutcome> MenuCompute(const MenuInput& input, bool& menusDisabled)
 {
-    const bool act = CanActNow(input);
+    const bool act = HasStartedAndCanAct(input);
     if (!act && menusDisabled && input.Started)
         return std::nullopt;
     menusDisabled = !act;
@@ -113,9 +113,9 @@ QString FrameCaption(const QString& text, bool isNtFamily)
     return isNtFamily ? text + u' ' : text;
 }
 
-bool MenuPicturesAreDrawn(int checkWidthPx, int checkHeightPx)
+bool HasMenuPictures(int checkWidthPx, int checkHeightPx)
 {
-    return checkWidthPx >= kLeastCheckPx && checkHeightPx >= kLeastCheckPx;
+    return checkWidthPx >= kMinCheckPx && checkHeightPx >= kMinCheckPx;
 }
 
 } // namespace tarvik

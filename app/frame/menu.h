@@ -16,15 +16,15 @@ namespace tarvik {
 
 /// When a menu item or button is enabled. Items of a menu follow their rule only while their menu is enabled.
 enum class EnableRule {
-    Untouched, ///< enabled from birth, never changed
+    Untouched, ///< enabled from the start, never changed
     Act, ///< the program has started and can act
     Document, ///< and a document window is active
     Link, ///< and the link is up
     Shown, ///< and a document window is not minimised
     Minimised, ///< and a document window is minimised
-    OffDefaultSize, ///< and the active document window has not its default size
+    OffDefaultSize, ///< and the active document window does not have its default size
     Description, ///< and the active document window is not maximised
-    DescriptionShown, ///< the same, and its description is visible
+    DescriptionShown, ///< and its description is visible too
     Never
 };
 
@@ -37,7 +37,7 @@ struct MenuEntry {
     int Help; ///< help number
     Command Run;
     EnableRule When;
-    int Picture; ///< index of the tool bar button that bears the same picture
+    int Picture; ///< index of the tool bar button with the same picture
     bool HasCheck; ///< the item shows a state
 };
 
@@ -53,10 +53,10 @@ const std::vector<MenuGroup>& MenuBarTable();
 /// the main entry whose name it repeats.
 const std::vector<MenuGroup>& PopupTable();
 
-/// The main menu's item `name`, null without one.
+/// Item `name` of the menu bar; null without one.
 const MenuEntry* MenuFind(const QString& name);
 
-/// The pop-up `name`, null without one.
+/// Pop-up `name`; null without one.
 const MenuGroup* PopupFind(const QString& name);
 
 inline constexpr int kToolButtons = 21;
@@ -73,7 +73,7 @@ struct ToolButton {
 /// `Cm[0]` to `Cm[20]`.
 const std::array<ToolButton, kToolButtons>& ToolBarTable();
 
-/// The groups of buttons from left to right; buttons that stand in none are never shown.
+/// The groups of buttons from left to right; buttons in no group are never shown.
 const std::vector<std::vector<int>>& ToolBarGroups();
 
 inline constexpr int kToolButtonPitchTwips = 360;
@@ -96,8 +96,8 @@ TextNumber<0> MenuHint(const MenuEntry& entry, bool linkUp);
 /// A caption as the system shows it: the NT family has one blank at the end.
 QString FrameCaption(const QString& text, bool isNtFamily);
 
-/// Pictures are drawn beside menu items only where the system's check mark is at least 13 pixels in both directions.
-bool MenuPicturesAreDrawn(int checkWidthPx, int checkHeightPx);
+/// Menu items have pictures only if the system's check mark is at least 13 pixels wide and high.
+bool HasMenuPictures(int checkWidthPx, int checkHeightPx);
 
 struct MenuInput {
     bool Started = false;
@@ -109,7 +109,7 @@ struct MenuInput {
 /// The state as it is now.
 MenuInput MenuInputNow();
 
-/// What an update writes. Empty optionals stand for what it leaves as it is.
+/// What an update writes. An empty optional leaves its item unchanged.
 struct MenuOutcome {
     bool MenusEnabled = false; ///< every entry of the menu bar
     std::array<bool, kToolButtons> Buttons{};
@@ -119,17 +119,17 @@ struct MenuOutcome {
     std::optional<bool> DescriptionChecked;
     bool LinkUp = false; ///< which connection picture is visible
 
-    /// State of a menu's item, empty when it is left as it is.
+    /// State of a menu's item; empty if it is unchanged.
     std::optional<bool> Entry(const MenuEntry& entry) const;
 
     MenuInput Input;
 };
 
-/// Recomputes everything. Empty when the menus are already off and stay so. `menusDisabled` is what the last update
-/// left behind; it is brought up to date.
+/// Recomputes everything. Empty if the menus are already off and stay so. `menusDisabled` is the result of the last
+/// update, and is updated.
 std::optional<MenuOutcome> MenuCompute(const MenuInput& input, bool& menusDisabled);
 
-/// True if `rule` holds, whatever the state of the menu.
+/// True if `rule` holds, whether or not its menu is enabled.
 bool RuleHolds(EnableRule rule, const MenuInput& input);
 
 } // namespace tarvik

@@ -100,7 +100,7 @@ MenuEntry Twin(const char* name, const char* main)
     return entry;
 }
 
-/// The same, running a command of its own.
+/// As above, with another command.
 MenuEntry Twin(const char* name, const char* main, Command run)
 {
     MenuEntry entry = Twin(name, main);
@@ -126,7 +126,7 @@ std::vector<MenuEntry> FrameAreaItems()
         Twin("ClMnInstrConnect", "MnInstrConnect") };
 }
 
-/// Printing from a document's own menu always goes by way of the preview.
+/// A document's menu always prints through the preview.
 std::vector<MenuGroup> MakePopups()
 {
     return { { Popup("ClMn"), FrameAreaItems() },

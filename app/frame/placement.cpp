@@ -10,13 +10,13 @@ QRect PlacementOnScreens(const QRect& asked, const QVector<QRect>& screens)
         return asked;
     const auto holds = [&asked](const QRect& screen) {
         const QRect seen = screen & asked;
-        return seen.width() >= std::min(kLeastVisiblePx.width(), asked.width())
-            && seen.height() >= std::min(kLeastVisiblePx.height(), asked.height()) && asked.top() >= screen.top();
+        return seen.width() >= std::min(kMinVisiblePx.width(), asked.width())
+            && seen.height() >= std::min(kMinVisiblePx.height(), asked.height()) && asked.top() >= screen.top();
     };
     if (!asked.isEmpty() && std::any_of(screens.begin(), screens.end(), holds))
         return asked;
     const QRect& home = screens.front();
-    QRect placed(asked.topLeft(), asked.size().boundedTo(home.size()).expandedTo(kLeastVisiblePx));
+    QRect placed(asked.topLeft(), asked.size().boundedTo(home.size()).expandedTo(kMinVisiblePx));
     placed.moveLeft(std::clamp(placed.left(), home.left(), home.right() - placed.width() + 1));
     placed.moveTop(std::clamp(placed.top(), home.top(), home.bottom() - placed.height() + 1));
     return placed;

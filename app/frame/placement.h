@@ -1,4 +1,4 @@
-// app/frame/placement.h: where the frame is placed: what the settings ask for, and what the screens can show.
+// app/frame/placement.h: fits the stored position of the frame to the present screens.
 #pragma once
 
 #include <QRect>
@@ -7,14 +7,14 @@
 
 namespace tarvik {
 
-/// Least part of the frame that must be on a screen, so that the user can take hold of it.
-inline constexpr QSize kLeastVisiblePx{ 120, 40 };
+/// Part of the frame that must be on a screen, so that the user can grab it.
+inline constexpr QSize kMinVisiblePx{ 120, 40 };
 
 /// `asked` where enough of it is on one of `screens`; else moved, and made smaller if need be, onto the first one.
 QRect PlacementOnScreens(const QRect& asked, const QVector<QRect>& screens);
 
-/// The size inside the borders of a frame that is `placed` so. One that takes a whole screen, as it does without
-/// settings, leaves room for its title bar and borders, which take `borders`: its lower edge is seen as well.
+/// The size inside the borders of a frame at `placed`. If it fills a screen, as it does without settings, `borders`
+/// (title bar and borders) is subtracted, so that its lower edge is visible.
 QSize PlacedSize(const QRect& placed, const QVector<QRect>& screens, QSize borders);
 
 } // namespace tarvik

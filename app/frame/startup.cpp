@@ -32,7 +32,7 @@ QString WithSeparator(const QString& folder)
     return native.endsWith(QDir::separator()) ? native : native + QDir::separator();
 }
 
-void SetPlaces(const ProjectHost& host)
+void SetPaths(const ProjectHost& host)
 {
     ProgramState& program = Program();
     const QString folder = QDir::toNativeSeparators(host.ExecutableFolder());
@@ -42,7 +42,7 @@ void SetPlaces(const ProjectHost& host)
     TheCommonDialog() = { program.HelpFilePath, kHelpCommandContext, folder };
 }
 
-/// The texts come from one of the two, so the report of either can't use them.
+/// Without these there are no texts, not even for the report.
 bool IsNeededForTexts(Module module)
 {
     return module == Module::General || module == Module::Language;
@@ -79,7 +79,7 @@ void RemoveTemporaryFiles()
     }
 }
 
-void TellPreRelease()
+void ReportPreRelease()
 {
     if (ProductPreRelease().isEmpty())
         return;
@@ -87,10 +87,10 @@ void TellPreRelease()
         Program().ProgramTitle + u' ' + ProductVersionNumbers() + u' ' + ProductVersionText());
 }
 
-/// Neither begins when the program has been asked to end meanwhile: both wait for the user.
+/// Neither starts after a close request, since both wait for the user.
 void OpenFileOrConnect()
 {
-    if (Program().CloseWished || OpenStartFile(Program().CommandLine))
+    if (Program().CloseRequested || OpenStartFile(Program().CommandLine))
         return;
     TheInstrumentLink()->AutoConnect(Program().ConnectedAtExit);
 }
@@ -130,7 +130,7 @@ bool ProjectInit(ProjectHost& host)
     program.CommandLine = host.CommandLine();
     program.ProgramTitle = ProductTitle();
     DialogReset();
-    SetPlaces(host);
+    SetPaths(host);
     program.Idle = true;
     if (!LoadModules(host))
         return false;
@@ -152,7 +152,7 @@ bool ProjectStart(ProjectHost& host)
     host.ApplyBars();
     RemoveTemporaryFiles();
     host.ShowFrame();
-    TellPreRelease();
+    ReportPreRelease();
     OpenFileOrConnect();
     Program().Started = true;
     TheFrame()->MenuUpdate();
@@ -169,8 +169,8 @@ bool OpenStartFile(const QString& path)
     if (name.isEmpty() || !CanBeRead(name))
         return false;
 
-    // It is remembered beyond this run, which may begin in another folder.
-    name = QFileInfo(WithoutStepsUp(name)).absoluteFilePath();
+    // Stored for later runs, which may start in another folder.
+    name = QFileInfo(ResolveParentSteps(name)).absoluteFilePath();
     SetLastFile(name);
     const bool opened = OpenWhileBusy(name);
     TheSeams().PumpEvents();

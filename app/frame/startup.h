@@ -1,4 +1,4 @@
-// app/frame/startup.h: the road from process start to the message loop, and from the close of the frame to process end.
+// app/frame/startup.h: start-up to the message loop, and shutdown from the close of the frame.
 #pragma once
 
 #include "closed/loader.h"
@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-/// What start and stop ask of the frame. Every step is asked once, in the order of these operations.
+/// What start-up and shutdown call on the frame, each once, in this order.
 class ProjectHost {
 public:
     virtual ~ProjectHost() = default;
@@ -25,7 +25,7 @@ public:
     virtual void RemoveKeyboardHook() = 0;
 };
 
-/// The frame's file dialogs: what they show where a caller says nothing else.
+/// Defaults of the frame's file dialogs.
 struct CommonDialog {
     QString HelpFile;
     int HelpCommand = 0;
@@ -33,27 +33,26 @@ struct CommonDialog {
 };
 CommonDialog& TheCommonDialog();
 
-/// What a user reads where a module is missing without which there are no texts. A carriage return parts the lines.
+/// The message for a missing module without which there are no texts. Lines are separated by carriage returns.
 QString ModuleMissingText(Module module);
 
-/// The first half: state, folders, the library checks, settings, texts. False ends the process at once: a library is
-/// missing, and the user has been told of each one that is.
+/// The first half: state, folders, the library checks, settings, texts. False ends the process at once: libraries
+/// are missing, and each has been reported.
 [[nodiscard]] bool ProjectInit(ProjectHost& host);
 
 /// The second half: logo, keyboard hook, left-over files, the frame, the start file or else the connection. False
 /// ends the process.
 [[nodiscard]] bool ProjectStart(ProjectHost& host);
 
-/// Opens the file that a command line names, with or without a pair of double quotes around it. False, without a
-/// word to the user, when there is none that can be read; else what opening it returned. A relative name is taken from
-/// the folder that the process works in.
+/// Opens the file of a command line, with or without a pair of double quotes around it. False without a message if it
+/// can't be read, else the result of opening it. A relative name starts at the current folder.
 [[nodiscard]] bool OpenStartFile(const QString& path);
 
-/// Asked when the frame is about to close; false refuses. Settings are written whether or not the documents could
+/// Called when the frame is about to close; false refuses. Settings are written whether or not the documents could
 /// be closed.
 [[nodiscard]] bool ProjectQueryUnload();
 
-/// The frame closes: link and keyboard hook are given back.
+/// The frame closes: disconnects and removes the keyboard hook.
 void ProjectUnload(ProjectHost& host);
 
 } // namespace tarvik

@@ -10,7 +10,7 @@ namespace tarvik {
 namespace {
 
 constexpr int kTicksToShow = 10;
-constexpr int kCountAfterMove = 20; ///< the pointer knows its way: the next tip follows at once
+constexpr int kCountAfterMove = 20; ///< the next tip shows on the next tick
 constexpr int kCountForgotten = 11;
 
 constexpr int kLeftOfButtonPx = 2;

@@ -7,7 +7,7 @@
 
 namespace tarvik {
 
-/// The tip's timer: its first tick comes late, every further one after the short interval.
+/// Intervals of the tip's timer: to its first tick, and between further ones.
 inline constexpr int kTipFirstIntervalMs = 1000;
 inline constexpr int kTipIntervalMs = 50;
 
@@ -16,8 +16,7 @@ inline constexpr int kNoButton = -1;
 /// Counts the ticks that the pointer rests on a button.
 class TipCounter {
 public:
-    /// One tick with the pointer over `button`, or over none. Returns the button whose tip is to be shown, kNoButton
-    /// when none is.
+    /// One tick with the pointer over `button` or kNoButton. Returns the button whose tip shows, or kNoButton.
     int Tick(int button);
 
     int Count() const
@@ -30,10 +29,10 @@ private:
     int last_ = kNoButton;
 };
 
-/// A button's tip, with the shortcut behind a blank when the text for it gives one.
+/// A button's tip, followed by a blank and the shortcut if its text has one.
 QString TipText(const QString& tip);
 
-/// Place of the tip on the screen: under `button`, as large as `text` and a little more, kept from the right edge.
+/// Screen rectangle of the tip: under `button`, slightly larger than `text`, clear of the right edge.
 QRect TipRect(const QRect& button, const QSize& text, const QRect& screen);
 
 } // namespace tarvik

@@ -32,12 +32,10 @@ namespace tarvik {
 
 namespace {
 
-enum Tab { kContentsTab, kIndexTab, kSearchTab };
-
 constexpr int kPathRole = Qt::UserRole;
-constexpr int kLongestQuery = 200;
-constexpr QSize kFirstSize(940, 660);
-constexpr int kSideWidth = 300;
+constexpr int kMaxQueryLength = 200;
+constexpr QSize kInitialSize(940, 660);
+constexpr int kSideWidthPx = 300;
 
 /// Shows pages of the book and nothing from anywhere else.
 class PageView final : public QTextBrowser {
@@ -64,7 +62,7 @@ private:
     const HelpFile& book_;
 };
 
-/// Rows with some air, cut at the right border instead of scrolled.
+/// Spaced rows, elided instead of scrolled.
 class RowDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -109,12 +107,12 @@ FmHelp::FmHelp(const HelpFile& book)
     halves->addWidget(BuildSide());
     halves->addWidget(BuildPage());
     halves->setStretchFactor(1, 1);
-    halves->setSizes({ kSideWidth, kFirstSize.width() - kSideWidth });
+    halves->setSizes({ kSideWidthPx, kInitialSize.width() - kSideWidthPx });
     auto* frame = new QVBoxLayout(this);
     frame->setContentsMargins(8, 8, 8, 8);
     frame->addWidget(halves);
     BuildShortcuts();
-    resize(kFirstSize.boundedTo(screen()->availableSize() * 9 / 10));
+    resize(kInitialSize.boundedTo(screen()->availableSize() * 9 / 10));
     BrPage->setSource(QUrl(home_));
 }
 
@@ -129,11 +127,11 @@ QWidget* FmHelp::BuildSide()
     return TcHelp;
 }
 
-/// A tab that was chosen is ready to be typed into; but arrow keys on the tabs themselves go on to the next one.
-void FmHelp::FocusTab(int tab)
+/// Moves the focus into the chosen tab, unless the tab bar has it: arrow keys go on to the next tab.
+void FmHelp::FocusTab(int index)
 {
     if (focusWidget() != TcHelp->tabBar())
-        std::array<QWidget*, 3>{ TvContents, TbKeyword, TbWords }.at(static_cast<size_t>(tab))->setFocus();
+        std::array<QWidget*, 3>{ TvContents, TbKeyword, TbWords }.at(static_cast<size_t>(index))->setFocus();
 }
 
 QWidget* FmHelp::BuildContents()
@@ -155,7 +153,7 @@ QWidget* FmHelp::BuildIndex()
 {
     auto* tab = new QWidget;
     auto* label = NewLabel(tab, "LbKeyword", { TextId::HelpKeyword });
-    TbKeyword = NewTextBox(tab, "TbKeyword", 0, kLongestQuery);
+    TbKeyword = NewTextBox(tab, "TbKeyword", 0, kMaxQueryLength);
     BindLabel(label, TbKeyword);
     LxIndex = new QListWidget(tab);
     PrepareList(LxIndex, "LxIndex", TextId::HelpKeywordList);
@@ -175,7 +173,7 @@ QWidget* FmHelp::BuildSearch()
 {
     auto* tab = new QWidget;
     auto* label = NewLabel(tab, "LbWords", { TextId::HelpWords });
-    TbWords = NewTextBox(tab, "TbWords", 0, kLongestQuery);
+    TbWords = NewTextBox(tab, "TbWords", 0, kMaxQueryLength);
     TbWords->setClearButtonEnabled(true);
     BindLabel(label, TbWords);
     LxFound = new QListWidget(tab);
@@ -236,7 +234,7 @@ void FmHelp::BuildShortcuts()
     add(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { BtBack->click(); });
     add(QKeySequence(Qt::ALT | Qt::Key_Right), [this] { BtForward->click(); });
     add(QKeySequence(Qt::ALT | Qt::Key_Home), [this] { BtHome->click(); });
-    add(QKeySequence(QKeySequence::Find), [this] { Present(kSearchTab, TbWords); });
+    add(QKeySequence(QKeySequence::Find), [this] { ShowTab(Tab::Search, TbWords); });
     add(QKeySequence(QKeySequence::ZoomIn), [this] { BrPage->zoomIn(); });
     add(QKeySequence(QKeySequence::ZoomOut), [this] { BrPage->zoomOut(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_0), [this] { BrPage->setFont({}); });
@@ -317,31 +315,31 @@ void FmHelp::PageChanged(const QUrl& page)
 
 void FmHelp::ShowContents()
 {
-    Present(kContentsTab, TvContents);
+    ShowTab(Tab::Contents, TvContents);
 }
 
 void FmHelp::ShowIndex()
 {
-    Present(kIndexTab, TbKeyword);
+    ShowTab(Tab::Index, TbKeyword);
 }
 
 void FmHelp::ShowSearch(const QString& query)
 {
     TbWords->setText(query == QLatin1String(kHelpSearchQuery) ? QString() : query);
-    Present(kSearchTab, TbWords);
+    ShowTab(Tab::Search, TbWords);
 }
 
 void FmHelp::ShowPath(const QString& path)
 {
     BrPage->setSource(QUrl(path));
-    Present(kContentsTab, BrPage);
+    ShowTab(Tab::Contents, BrPage);
 }
 
-void FmHelp::Present(int tab, QWidget* focus)
+void FmHelp::ShowTab(Tab tab, QWidget* focus)
 {
-    TcHelp->setCurrentIndex(tab);
+    TcHelp->setCurrentIndex(static_cast<int>(tab));
     winId(); // the window must exist before a dialog can own it
-    BelongTo(QApplication::activeModalWidget());
+    SetOwner(QApplication::activeModalWidget());
     if (isMinimized())
         showNormal();
     show();
@@ -355,17 +353,17 @@ QWindow* FmHelp::Owner() const
     return windowHandle() == nullptr ? nullptr : windowHandle()->transientParent();
 }
 
-/// A modal dialog lets only the windows through that belong to it.
-void FmHelp::BelongTo(QWidget* dialog)
+/// A modal dialog blocks all windows that it does not own.
+void FmHelp::SetOwner(QWidget* dialog)
 {
     QWindow* owner = dialog == nullptr ? nullptr : dialog->windowHandle();
     if (windowHandle() == nullptr || windowHandle()->transientParent() == owner)
         return;
-    const bool showAnew = blocked_ && isVisible();
-    if (showAnew)
-        hide(); // what is blocked is worked out when a window is shown
+    const bool mustReshow = blocked_ && isVisible();
+    if (mustReshow)
+        hide(); // blocking is determined when a window is shown
     windowHandle()->setTransientParent(owner);
-    if (showAnew)
+    if (mustReshow)
         show();
 }
 
@@ -380,7 +378,7 @@ bool FmHelp::eventFilter(QObject* watched, QEvent* event)
     if (isShown)
         windowHandle()->setTransientParent(dialog->windowHandle());
     else
-        QTimer::singleShot(0, this, [this] { BelongTo(QApplication::activeModalWidget()); });
+        QTimer::singleShot(0, this, [this] { SetOwner(QApplication::activeModalWidget()); });
     return false;
 }
 

@@ -1,5 +1,4 @@
-// app/help/FmHelp.h: the help viewer: contents, index and search of the help book beside its pages, and the pop-up
-// texts.
+// app/help/FmHelp.h: the help viewer (contents, index, search and pages of the help book) and pop-up help.
 #pragma once
 
 #include "app/help/helpFile.h"
@@ -16,7 +15,7 @@ class QTreeWidget;
 
 namespace tarvik {
 
-/// A window of its own that stays usable while dialogs are open. Rules and reading are in helpFile.h.
+/// A separate window that stays usable while dialogs are open. helpFile.h reads the book.
 class FmHelp final : public QWidget {
     Q_OBJECT
 public:
@@ -28,7 +27,7 @@ public:
     void ShowSearch(const QString& query);
     void ShowPath(const QString& path);
 
-    /// The dialog that the viewer belongs to at the moment; null without an open dialog.
+    /// The dialog that owns the viewer at present; null without an open dialog.
     QWindow* Owner() const;
 
 protected:
@@ -40,8 +39,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    enum class Tab { Contents, Index, Search }; // left to right
+
     QWidget* BuildSide();
-    void FocusTab(int tab);
+    void FocusTab(int index);
     QWidget* BuildContents();
     QWidget* BuildIndex();
     QWidget* BuildSearch();
@@ -53,12 +54,12 @@ private:
     void FindKeyword(const QString& start);
     void RunSearch(const QString& query);
     void PageChanged(const QUrl& page);
-    void Present(int tab, QWidget* focus);
-    void BelongTo(QWidget* dialog);
+    void ShowTab(Tab tab, QWidget* focus);
+    void SetOwner(QWidget* dialog);
 
     const HelpFile& book_;
     QString home_;
-    bool blocked_ = false; ///< a dialog keeps the viewer from its events
+    bool blocked_ = false; ///< a modal dialog blocks the viewer's events
     QTabWidget* TcHelp = nullptr;
     QTreeWidget* TvContents = nullptr;
     QLineEdit* TbKeyword = nullptr;
@@ -72,7 +73,7 @@ private:
     QTextBrowser* BrPage = nullptr;
 };
 
-/// The help commands show their pages in the viewer from now on.
+/// Makes the viewer the display of the help commands.
 void BindHelpViewer();
 
 /// The open or hidden viewer; null before it was first shown.

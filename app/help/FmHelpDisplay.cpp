@@ -1,4 +1,4 @@
-// The one help viewer of the program and what the help commands ask of it; the What's This mode.
+// The help viewer as the display of the help commands, and the What's This mode.
 #include "app/help/FmHelp.h"
 
 #include "app/forms/form.h"
@@ -21,7 +21,7 @@ std::unique_ptr<FmHelp>& TheViewer()
     return viewer.Get();
 }
 
-/// The viewer over the book that is installed now; null without a readable book.
+/// The viewer of the installed book; null if the book can't be read.
 FmHelp* ReadyViewer()
 {
     const HelpFile* book = TheHelpFile();
@@ -84,7 +84,7 @@ void ShowPopupHelp(QWidget* owner, int helpNumber, QPoint position)
     QWhatsThis::showText(position, PopupHelpText(helpNumber).toHtmlEscaped(), owner);
 }
 
-/// A menu shows the texts of its own items; they are fetched now, so that the book stays unread until it is needed.
+/// Menus show the texts of their items. They are set only now, so that the book is not read earlier.
 void EnterWhatsThisMode()
 {
     for (const QWidget* window : QApplication::topLevelWidgets()) {

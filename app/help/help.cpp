@@ -32,7 +32,7 @@ public:
     }
 };
 
-/// A message about missing help must not wait for the message that it was asked from.
+/// A message about missing help must not wait for the message on which the user pressed F1.
 void ReportUnless(bool shown, int helpNumber)
 {
     if (!shown && !TheMessage().Showing)

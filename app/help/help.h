@@ -1,4 +1,4 @@
-// app/help/help.h: the help commands, and the port to the help viewer, so that a module can ask for a topic.
+// app/help/help.h: the help commands, and the port to the help viewer.
 #pragma once
 
 #include "app/platform/port.h"
@@ -7,8 +7,8 @@
 
 namespace tarvik {
 
-/// The help viewer; each answers false when it can't show what was asked. Implemented beside `FmHelp`; without a viewer
-/// nothing can be shown.
+/// The help viewer; each operation returns false if it can't show the request. Implemented by FmHelpDisplay.cpp;
+/// without a viewer nothing can be shown.
 class HelpDisplay {
 public:
     virtual ~HelpDisplay() = default;
@@ -19,16 +19,16 @@ public:
 };
 Port<HelpDisplay>& TheHelpDisplay();
 
-/// What the search command asks the viewer for: nobody's words, so the viewer shows its search page with an empty box.
+/// Query of the search command, which the viewer shows as an empty search box.
 inline constexpr const char* kHelpSearchQuery = "help-1";
 
 /// The help commands of the frame by help number: 11901 About, 11971 contents, 11973 index, 11975 search,
-/// 11979 the maker's site. Any other number does nothing. When the viewer can't show the contents, the index or the
+/// 11979 the maker's site. Any other number has no effect. If the viewer can't show the contents, the index or the
 /// search page and no message is showing: message 12702 with the number.
 void HelpCommand(int id);
 
-/// Shows the topic of a help number, unless help is refused at this moment. When the viewer can't and no message is
-/// showing: message 12702 with the number.
+/// Shows the topic of a help number, unless the program is connecting. If the viewer can't and no message is showing:
+/// message 12702 with the number.
 void ShowHelp(int helpNumber);
 
 } // namespace tarvik

@@ -18,9 +18,9 @@ namespace tarvik {
 
 namespace {
 
-constexpr qsizetype kLargestBook = 64 << 20; // bytes, also of all its files unpacked
-constexpr qsizetype kMostFiles = 10'000;
-constexpr int kDeepestLevel = 16;
+constexpr qsizetype kMaxBookBytes = 64 << 20; // bytes, also of all its files unpacked
+constexpr qsizetype kMaxFiles = 10'000;
+constexpr int kMaxLevel = 16;
 
 using Files = QHash<QString, QByteArray>;
 
@@ -32,11 +32,11 @@ struct CloseBook {
 };
 using BookHandle = std::unique_ptr<chmFile, CloseBook>;
 
-/// The unpacker trusts the tables inside a book, so a book goes to it only as it left the build.
+/// The unpacker trusts the tables in a book, so it gets only books with an intact seal.
 bool IsSealed(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestBook || file.size() <= kHelpSealSize)
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxBookBytes || file.size() <= kHelpSealSize)
         return false;
     const QByteArray bytes = file.readAll();
     return bytes.endsWith(HelpSeal(bytes.chopped(kHelpSealSize)));
@@ -44,16 +44,16 @@ bool IsSealed(const QString& path)
 
 struct Unpacking {
     Files Found;
-    qsizetype LeftBytes = kLargestBook;
+    qsizetype LeftBytes = kMaxBookBytes;
     bool Failed = false;
 };
 
 int Unpack(chmFile* book, chmUnitInfo* unit, void* context)
 {
     auto& unpacking = *static_cast<Unpacking*>(context);
-    const auto length = static_cast<qsizetype>(std::min<quint64>(unit->length, kLargestBook + 1));
+    const auto length = static_cast<qsizetype>(std::min<quint64>(unit->length, kMaxBookBytes + 1));
     unpacking.LeftBytes -= length;
-    unpacking.Failed = unpacking.LeftBytes < 0 || unpacking.Found.size() >= kMostFiles;
+    unpacking.Failed = unpacking.LeftBytes < 0 || unpacking.Found.size() >= kMaxFiles;
     if (unpacking.Failed)
         return CHM_ENUMERATOR_FAILURE;
     QByteArray bytes(length, '\0');
@@ -91,7 +91,7 @@ QString PlainText(const QString& html)
     return WithoutEntities(QString(html).replace(tag, QStringLiteral(" "))).simplified();
 }
 
-/// Entries of a site map, the form of contents and index. The depth is that of the lists around an entry.
+/// Entries of a site map, the format of contents and index. The level of an entry is the depth of its list.
 std::vector<HelpTopic> ReadSiteMap(const QByteArray& map)
 {
     static const QRegularExpression mark(
@@ -112,7 +112,7 @@ std::vector<HelpTopic> ReadSiteMap(const QByteArray& map)
         else if (match.captured(2).compare(QLatin1String("Local"), Qt::CaseInsensitive) == 0)
             entry.Path = WithoutEntities(match.captured(3));
         else if (what == QLatin1String("/object")) {
-            entry.Level = std::clamp(depth, 0, kDeepestLevel);
+            entry.Level = std::clamp(depth, 0, kMaxLevel);
             if (!entry.Title.isEmpty() && !entry.Path.isEmpty())
                 entries.push_back(entry);
             entry = {};
@@ -121,7 +121,7 @@ std::vector<HelpTopic> ReadSiteMap(const QByteArray& map)
     return entries;
 }
 
-/// "number<TAB>path" a line.
+/// Lines of "number<TAB>path".
 QHash<int, QString> ReadTopicPaths(const QByteArray& table)
 {
     QHash<int, QString> paths;
@@ -130,7 +130,7 @@ QHash<int, QString> ReadTopicPaths(const QByteArray& table)
     return paths;
 }
 
-/// ".topic number" before the lines of its text.
+/// A line ".topic number", then the lines of its text.
 QHash<int, QString> ReadPopupTexts(const QByteArray& table)
 {
     QHash<int, QString> texts;
@@ -237,7 +237,7 @@ std::optional<FileVersion> HelpFile::Version() const
     return VersionIn(files_);
 }
 
-/// Cuts every page of the contents at its titles; a title with what follows it is one topic of the search.
+/// Splits every page of the contents at its titles; each part is one topic of the search.
 void HelpFile::ReadSections()
 {
     static const QRegularExpression title(QStringLiteral("<(h1|h2|dt)\\s[^>]*id=\"([^\"]+)\"[^>]*>"));

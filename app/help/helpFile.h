@@ -19,11 +19,11 @@ struct HelpTopic {
     int Level = 0; ///< depth in the contents, from 0
 };
 
-/// A help book, wholly in memory once it is open. The file may be changed or removed afterwards.
+/// A help book, held in memory once it is open. The file may be changed or removed afterwards.
 class HelpFile {
 public:
-    /// Reads the book at `path`. False when it is missing, larger than any book of ours, damaged, or no help book;
-    /// the object is then empty.
+    /// Reads the book at `path`. False if it is missing, too large, damaged, or no help book; the object is then
+    /// empty.
     [[nodiscard]] bool Open(const QString& path);
 
     bool IsOpen() const
@@ -37,24 +37,24 @@ public:
         return contents_;
     }
 
-    /// Keywords in the order of the alphabet.
+    /// Keywords in alphabetical order.
     const std::vector<HelpTopic>& Index() const
     {
         return index_;
     }
 
-    /// A page, style sheet or picture. An anchor behind the path and a leading slash are passed over.
+    /// A page, style sheet or picture. An anchor after the path and a leading slash are ignored.
     std::optional<QByteArray> Page(const QString& path) const;
 
-    /// Topics that hold every word of `query`, in any case and as part of a longer word; pages and parts of pages with
-    /// a word in their heading first, else in reading order. None for a query without words.
+    /// Topics that contain every word of `query`, ignoring case and also inside longer words; first those with a word
+    /// in their heading, else in reading order. Empty for a query without words.
     std::vector<HelpTopic> Search(const QString& query) const;
 
     /// Empty for a number without topic or pop-up text.
     QString TopicPath(int helpNumber) const;
     QString PopupText(int helpNumber) const;
 
-    /// Title of the topic at `path`; empty for one that the book does not have.
+    /// Title of the topic at `path`; empty if the book has none.
     QString TitleOf(const QString& path) const;
 
     std::optional<FileVersion> Version() const;
@@ -63,23 +63,22 @@ private:
     struct Section {
         HelpTopic Topic;
         QString Text; ///< plain text with the title, lower-case
-        bool IsHeading = false; ///< of a page or a part of it
+        bool IsHeading = false; ///< its title is a heading, not a term
     };
     void ReadSections();
 
     QHash<QString, QByteArray> files_; ///< by path without leading slash
     std::vector<HelpTopic> contents_;
     std::vector<HelpTopic> index_;
-    std::vector<Section> sections_; ///< what the search looks through
+    std::vector<Section> sections_; ///< what the search reads
     QHash<int, QString> topicPaths_;
     QHash<int, QString> popupTexts_;
 };
 
-/// The book at `Program().HelpFilePath`, opened when it is first asked for and again when that path has changed;
-/// null when it cannot be opened.
+/// The book at `Program().HelpFilePath`, opened on first use and when the path has changed; null if it can't be opened.
 const HelpFile* TheHelpFile();
 
-/// What the pop-up of a help number says: its pop-up text, else the title of its topic, else that there is no help.
+/// Text of the pop-up for a help number: its pop-up text, else the title of its topic, else that there is no help.
 QString PopupHelpText(int helpNumber);
 
 /// Version of the help book at `path`.

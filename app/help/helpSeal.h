@@ -1,4 +1,4 @@
-// app/help/helpSeal.h: the seal at the end of the help book, by which a damaged book is told before it is unpacked.
+// app/help/helpSeal.h: the seal at the end of the help book, which detects damage before the book is unpacked.
 #pragma once
 
 #include <QByteArray>
@@ -6,7 +6,7 @@
 
 namespace tarvik {
 
-/// Bytes that stand behind `content`: a mark and the SHA-256 of the content. Readers of such books pass over them.
+/// The bytes after `content`: a mark and the SHA-256 of the content. Other readers of such books ignore them.
 inline QByteArray HelpSeal(const QByteArray& content)
 {
     return QByteArray("TarvikHelpSeal01") + QCryptographicHash::hash(content, QCryptographicHash::Sha256);

@@ -52,7 +52,7 @@ void FmMessage::BuildButtons()
     for (int at = 0; at < kMsgButtonCount; ++at) {
         const auto button = static_cast<MsgButton>(at);
         const MsgButtonInfo info = MsgButtonInfoOf(button);
-        QPushButton* control = NewButton(this, info.Name, { info.Text }); // F1 there is about the message
+        QPushButton* control = NewButton(this, info.Name, { info.Text }); // F1 explains the message
         control->setAutoDefault(true);
         connect(control, &QPushButton::clicked, this, [this, button] { Press(button); });
         buttons_[static_cast<size_t>(at)] = control;
@@ -60,7 +60,7 @@ void FmMessage::BuildButtons()
     Button(MsgButton::Ok)->installEventFilter(this);
 }
 
-/// The row of buttons and the row of text are each centred, so the narrower one stands in the middle of the wider.
+/// The rows of buttons and of text are each centred.
 void FmMessage::BuildLayout()
 {
     auto* text = new QHBoxLayout;
@@ -97,7 +97,7 @@ bool FmMessage::OnLoad()
     ImExcl->setVisible(!request_.IsQuestion());
     ShowText();
     ShowButtons();
-    DialogPush(*this, !MsgMayClose(request_.Style));
+    DialogPush(*this, !MsgMayClose(request_.Buttons()));
     return true;
 }
 
@@ -113,7 +113,7 @@ void FmMessage::ShowText()
 
 void FmMessage::ShowButtons()
 {
-    const std::vector<MsgButton> set = MsgButtonSet(request_.Style);
+    const std::vector<MsgButton> set = MsgButtonSet(request_.Buttons());
     for (QPushButton* button : buttons_)
         button->setVisible(false);
     for (const MsgButton button : set)
@@ -137,7 +137,7 @@ void FmMessage::OnUnload()
 
 void FmMessage::closeEvent(QCloseEvent* event)
 {
-    if (MsgMayClose(request_.Style))
+    if (MsgMayClose(request_.Buttons()))
         FormBase::closeEvent(event);
     else
         event->ignore();
@@ -147,7 +147,7 @@ bool FmMessage::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress && IsCharacterKey(*static_cast<QKeyEvent*>(event))) {
         request_.Result = kMsgResultOfCharacter;
-        DialogEnd(*this, kMsgResultOfCharacter);
+        DialogEnd(*this, static_cast<int>(kMsgResultOfCharacter));
         return true;
     }
     return FormBase::eventFilter(watched, event);
@@ -156,7 +156,7 @@ bool FmMessage::eventFilter(QObject* watched, QEvent* event)
 void FmMessage::Press(MsgButton button)
 {
     MsgAnswer(request_, button);
-    DialogEnd(*this, request_.Result);
+    DialogEnd(*this, static_cast<int>(request_.Result));
 }
 
 QPushButton* FmMessage::Button(MsgButton button) const

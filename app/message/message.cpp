@@ -14,13 +14,13 @@ public:
     void Present(MessageRequest&) override { }
 };
 
-constexpr int kStyleOk = MsgButtonsOk | kMsgIconExclamation;
-constexpr int kStyleYesNo = MsgButtonsYesNo | kMsgIconQuestion;
-constexpr int kStyleYesNoCancel = MsgButtonsYesNoCancel | kMsgIconQuestion;
-constexpr int kStyleYesNoNoAllCancel = MsgButtonsYesNoNoAllCancel | kMsgIconQuestion;
-constexpr int kStyleAllChoices = MsgButtonsAllChoices | kMsgIconQuestion;
+constexpr int kStyleOk = MsgStyle(MsgButtons::Ok, MsgIcon::Exclamation);
+constexpr int kStyleYesNo = MsgStyle(MsgButtons::YesNo, MsgIcon::Question);
+constexpr int kStyleYesNoCancel = MsgStyle(MsgButtons::YesNoCancel, MsgIcon::Question);
+constexpr int kStyleYesNoNoAllCancel = MsgStyle(MsgButtons::YesNoNoAllCancel, MsgIcon::Question);
+constexpr int kStyleAllChoices = MsgStyle(MsgButtons::AllChoices, MsgIcon::Question);
 
-/// What is asked. It is kept apart from the request until a message that is still showing has been answered.
+/// Kept apart from the request until a message that is still showing has been answered.
 struct Question {
     int Style = 0;
     QString Text;
@@ -29,33 +29,33 @@ struct Question {
     bool DefaultToNo = false;
 };
 
-int Show(const Question& question)
+MsgResult Show(const Question& question)
 {
     MessageRequest& request = TheMessage();
     const bool waits = request.Showing;
     if (waits)
         TheSeams().PumpUntil([&request] { return !request.Showing; });
-    const int answerBefore = request.Result;
+    const MsgResult answerBefore = request.Result;
     request.Style = question.Style;
     request.Text = question.Text;
     request.HelpNumber = question.HelpNumber;
     request.Args = question.Args;
     request.DefaultToNo = question.DefaultToNo;
-    request.Result = MsgNone;
+    request.Result = MsgResult::None;
     TheMessagePresenter()->Present(request);
     request.DefaultToNo = false;
-    const int answer = request.Result;
-    if (waits) // whoever asked the first question has not read its answer yet
+    const MsgResult answer = request.Result;
+    if (waits) // the caller of the first message has not read its answer yet
         request.Result = answerBefore;
     return answer;
 }
 
-int Ask(int style, TextNumber<0> id, bool defaultToNo = false)
+MsgResult Ask(int style, TextNumber<0> id, bool defaultToNo = false)
 {
     return Show({ style, LngStr(id), id.Number, {}, defaultToNo });
 }
 
-int Ask1(int style, TextNumber<1> id, const QString& arg, bool defaultToNo = false)
+MsgResult Ask1(int style, TextNumber<1> id, const QString& arg, bool defaultToNo = false)
 {
     return Show({ style, LngStr1(id, arg), id.Number, { arg }, defaultToNo });
 }
@@ -99,55 +99,55 @@ void MsgOkNum2(TextNumber<2> id, double number1, double number2)
     MsgOk2(id, PlainNumberText(number1), PlainNumberText(number2));
 }
 
-int MsgYesNo(TextNumber<0> id)
+MsgResult MsgYesNo(TextNumber<0> id)
 {
     return Ask(kStyleYesNo, id);
 }
 
-int MsgYesNoDefNo(TextNumber<0> id)
+MsgResult MsgYesNoDefNo(TextNumber<0> id)
 {
     return Ask(kStyleYesNo, id, true);
 }
 
-int MsgYesNoDefNo1(TextNumber<1> id, const QString& arg)
+MsgResult MsgYesNoDefNo1(TextNumber<1> id, const QString& arg)
 {
     return Ask1(kStyleYesNo, id, arg, true);
 }
 
-int MsgYesNoCancel(TextNumber<0> id)
+MsgResult MsgYesNoCancel(TextNumber<0> id)
 {
     return Ask(kStyleYesNoCancel, id);
 }
 
-int MsgYesNoCancel1(TextNumber<1> id, const QString& arg)
+MsgResult MsgYesNoCancel1(TextNumber<1> id, const QString& arg)
 {
     return Ask1(kStyleYesNoCancel, id, arg);
 }
 
-int MsgYesNoAllCancel1(TextNumber<1> id, const QString& arg)
+MsgResult MsgYesNoAllCancel1(TextNumber<1> id, const QString& arg)
 {
     return Ask1(kStyleYesNoNoAllCancel, id, arg);
 }
 
-int MsgAllChoices1(TextNumber<1> id, const QString& arg)
+MsgResult MsgAllChoices1(TextNumber<1> id, const QString& arg)
 {
     return Ask1(kStyleAllChoices, id, arg, true);
 }
 
-int MsgAskOnce(TextNumber<0> id)
+MsgResult MsgAskOnce(TextNumber<0> id)
 {
     MessageRequest& request = TheMessage();
-    if (request.RememberedAnswer == MsgNone)
+    if (request.RememberedAnswer == MsgResult::None)
         request.RememberedAnswer = MsgYesNo(id);
     return request.RememberedAnswer;
 }
 
 void MsgAskOnceReset()
 {
-    TheMessage().RememberedAnswer = MsgNone;
+    TheMessage().RememberedAnswer = MsgResult::None;
 }
 
-int MsgRaw(int style, const QString& text, int helpId)
+MsgResult MsgRaw(int style, const QString& text, int helpId)
 {
     return Show({ style, text, helpId, {}, false });
 }

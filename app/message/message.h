@@ -1,5 +1,4 @@
-// app/message/message.h: every message box, by text number. What shows it is a presenter: a form, a terminal, a test's
-// script.
+// app/message/message.h: message boxes by text number. A presenter shows them: a form, a terminal, a test's script.
 #pragma once
 
 #include "app/platform/port.h"
@@ -10,49 +9,53 @@
 
 namespace tarvik {
 
-/// Result codes. 0 is a message form that was left without an answer, which no caller treats as Yes.
-enum MsgResult { MsgNone = 0, MsgResultOk = 1, MsgResultCancel = 2, MsgResultYes = 6, MsgResultNo = 7 };
+/// Answer to a message. None means that the form closed without an answer, which no caller treats as Yes.
+enum class MsgResult { None = 0, Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
 /// Bits 0 to 2 of a style: the buttons, left to right.
-enum MsgButtons {
-    MsgButtonsOk = 0, ///< the only set that the system menu may close
-    MsgButtonsOkCancel = 1,
-    MsgButtonsAllChoices = 2, ///< Yes, Yes All, No, No All, Cancel
-    MsgButtonsYesNoCancel = 3,
-    MsgButtonsYesNo = 4,
-    MsgButtonsOkFixed = 5,
-    MsgButtonsYesNoNoAllCancel = 6
+enum class MsgButtons {
+    Ok = 0, ///< the only set that the system menu may close
+    OkCancel = 1,
+    AllChoices = 2, ///< Yes, Yes All, No, No All, Cancel
+    YesNoCancel = 3,
+    YesNo = 4,
+    OkFixed = 5,
+    YesNoNoAllCancel = 6
 };
 
-/// Bits 4 to 6 of a style: the icon; any value but the question shows the exclamation mark.
-inline constexpr int kMsgIconQuestion = 32;
-inline constexpr int kMsgIconExclamation = 48;
+/// Bits 4 to 6 of a style: the icon. Any value but Question shows the exclamation mark.
+enum class MsgIcon { Question = 32, Exclamation = 48 };
+
+constexpr int MsgStyle(MsgButtons buttons, MsgIcon icon)
+{
+    return static_cast<int>(buttons) | static_cast<int>(icon);
+}
 
 /// The message request, one for the process.
 struct MessageRequest {
     bool Showing = false;
     int Style = 0;
-    QString Text; ///< finished: arguments filled, macros expanded
+    QString Text; ///< arguments filled in, macros expanded
     int HelpNumber = 0; ///< the text number, unless MsgRaw was given another
-    QStringList Args; ///< what was filled into the text, for presenters that report by number
-    int Result = MsgNone;
+    QStringList Args; ///< the arguments in the text, for presenters that report by number
+    MsgResult Result = MsgResult::None;
     bool YesAll = false;
     bool NoAll = false;
-    int RememberedAnswer = MsgNone;
+    MsgResult RememberedAnswer = MsgResult::None;
     bool DefaultToNo = false;
 
-    int Buttons() const
+    /// May be a value without a name: a style is any number.
+    MsgButtons Buttons() const
     {
-        return Style & 7;
+        return static_cast<MsgButtons>(Style & 7);
     }
     bool IsQuestion() const
     {
-        return (Style & 112) == kMsgIconQuestion;
+        return static_cast<MsgIcon>(Style & 112) == MsgIcon::Question;
     }
 };
 MessageRequest& TheMessage();
 
-/// Shows a message: a form, a terminal, or a test's script.
 class MessagePresenter {
 public:
     /// Stores the answer in `Result` (and `YesAll`, `NoAll`) of `request`.
@@ -61,26 +64,26 @@ public:
 protected:
     ~MessagePresenter() = default;
 };
-Port<MessagePresenter>& TheMessagePresenter(); ///< without an implementation the answer is MsgNone
+Port<MessagePresenter>& TheMessagePresenter(); ///< without an implementation the answer is MsgResult::None
 
 void MsgOk(TextNumber<0> id);
 void MsgOk1(TextNumber<1> id, const QString& arg);
 void MsgOk2(TextNumber<2> id, const QString& arg1, const QString& arg2);
 void MsgOkNum(TextNumber<1> id, double number);
 void MsgOkNum2(TextNumber<2> id, double number1, double number2);
-int MsgYesNo(TextNumber<0> id);
-int MsgYesNoDefNo(TextNumber<0> id);
-int MsgYesNoDefNo1(TextNumber<1> id, const QString& arg);
-int MsgYesNoCancel(TextNumber<0> id);
-int MsgYesNoCancel1(TextNumber<1> id, const QString& arg);
-int MsgYesNoAllCancel1(TextNumber<1> id, const QString& arg);
-int MsgAllChoices1(TextNumber<1> id, const QString& arg);
+MsgResult MsgYesNo(TextNumber<0> id);
+MsgResult MsgYesNoDefNo(TextNumber<0> id);
+MsgResult MsgYesNoDefNo1(TextNumber<1> id, const QString& arg);
+MsgResult MsgYesNoCancel(TextNumber<0> id);
+MsgResult MsgYesNoCancel1(TextNumber<1> id, const QString& arg);
+MsgResult MsgYesNoAllCancel1(TextNumber<1> id, const QString& arg);
+MsgResult MsgAllChoices1(TextNumber<1> id, const QString& arg);
 
 /// Asks Yes or No once and keeps the answer until MsgAskOnceReset.
-int MsgAskOnce(TextNumber<0> id);
+MsgResult MsgAskOnce(TextNumber<0> id);
 void MsgAskOnceReset();
 
-/// The shared end of all of these. Waits, yielding to the message loop, while another message is showing.
-int MsgRaw(int style, const QString& text, int helpId);
+/// What all of the above call. Waits, yielding to the message loop, while another message is showing.
+MsgResult MsgRaw(int style, const QString& text, int helpId);
 
 } // namespace tarvik

@@ -14,12 +14,12 @@ namespace tarvik {
 namespace {
 
 constexpr int kScreenReservePx = 274;
-constexpr int kLeastWrapPx = 200;
+constexpr int kMinWrapPx = 200;
 constexpr int kHeightReservePx = 160;
-constexpr int kLeastTextHeightPx = 100;
+constexpr int kMinTextHeightPx = 100;
 constexpr QChar kEllipsis(0x2026);
 
-QString WithoutBlanksAtEnd(QString line)
+QString WithoutTrailingBlanks(QString line)
 {
     while (line.endsWith(u' '))
         line.chop(1);
@@ -36,50 +36,50 @@ MsgButtonInfo MsgButtonInfoOf(MsgButton button)
     return kInfos[static_cast<size_t>(button)];
 }
 
-std::vector<MsgButton> MsgButtonSet(int style)
+std::vector<MsgButton> MsgButtonSet(MsgButtons set)
 {
     using enum MsgButton;
-    switch (style & 7) {
-    case MsgButtonsOkCancel:
+    switch (set) {
+    case MsgButtons::OkCancel:
         return { Ok, Cancel };
-    case MsgButtonsAllChoices:
+    case MsgButtons::AllChoices:
         return { Yes, YesAll, No, NoAll, Cancel };
-    case MsgButtonsYesNoCancel:
+    case MsgButtons::YesNoCancel:
         return { Yes, No, Cancel };
-    case MsgButtonsYesNo:
+    case MsgButtons::YesNo:
         return { Yes, No };
-    case MsgButtonsYesNoNoAllCancel:
+    case MsgButtons::YesNoNoAllCancel:
         return { Yes, No, NoAll, Cancel };
     default:
         return { Ok };
     }
 }
 
-bool MsgMayClose(int style)
+bool MsgMayClose(MsgButtons set)
 {
-    return (style & 7) == MsgButtonsOk;
+    return set == MsgButtons::Ok;
 }
 
 void MsgAnswer(MessageRequest& request, MsgButton button)
 {
     switch (button) {
     case MsgButton::Ok:
-        request.Result = MsgResultOk;
+        request.Result = MsgResult::Ok;
         break;
     case MsgButton::YesAll:
         request.YesAll = true;
         [[fallthrough]];
     case MsgButton::Yes:
-        request.Result = MsgResultYes;
+        request.Result = MsgResult::Yes;
         break;
     case MsgButton::NoAll:
         request.NoAll = true;
         [[fallthrough]];
     case MsgButton::No:
-        request.Result = MsgResultNo;
+        request.Result = MsgResult::No;
         break;
     case MsgButton::Cancel:
-        request.Result = MsgResultCancel;
+        request.Result = MsgResult::Cancel;
         break;
     }
 }
@@ -93,7 +93,7 @@ int MsgRowWidthPx(const std::vector<int>& buttonWidthsPx)
 
 int MsgWrapWidthPx(int screenWidthPx)
 {
-    return std::max(kLeastWrapPx, screenWidthPx - kScreenReservePx);
+    return std::max(kMinWrapPx, screenWidthPx - kScreenReservePx);
 }
 
 QStringList MsgLines(const QString& text, const QFont& font, int wrapWidthPx)
@@ -108,7 +108,7 @@ QStringList MsgLines(const QString& text, const QFont& font, int wrapWidthPx)
         layout.beginLayout();
         for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
             line.setLineWidth(wrapWidthPx);
-            lines.append(WithoutBlanksAtEnd(paragraph.mid(line.textStart(), line.textLength())));
+            lines.append(WithoutTrailingBlanks(paragraph.mid(line.textStart(), line.textLength())));
         }
         layout.endLayout();
     }
@@ -127,7 +127,7 @@ QString MsgElidedText(QStringList lines, const QFontMetrics& metrics, int wrapWi
 
 int MsgTextHeightPx(int screenHeightPx)
 {
-    return std::max(kLeastTextHeightPx, screenHeightPx - kHeightReservePx);
+    return std::max(kMinTextHeightPx, screenHeightPx - kHeightReservePx);
 }
 
 } // namespace tarvik

@@ -1,5 +1,4 @@
-// app/message/messageForm.h: the message form's rules: which buttons a style has, what each answers, how wide things
-// are.
+// app/message/messageForm.h: the rules of the message form: buttons, answers, widths.
 #pragma once
 
 #include "app/message/message.h"
@@ -24,17 +23,17 @@ struct MsgButtonInfo {
 };
 MsgButtonInfo MsgButtonInfoOf(MsgButton button);
 
-/// Buttons of a style, left to right. A set that does not exist shows a single OK.
-std::vector<MsgButton> MsgButtonSet(int style);
+/// The buttons of a set, left to right. A set that does not exist shows a single OK.
+std::vector<MsgButton> MsgButtonSet(MsgButtons set);
 
 /// True for the one set that the system menu may close.
-bool MsgMayClose(int style);
+bool MsgMayClose(MsgButtons set);
 
-/// Stores what pressing `button` answers.
+/// Stores the answer of `button`.
 void MsgAnswer(MessageRequest& request, MsgButton button);
 
-/// What a character key answers that is typed while OK has the focus.
-inline constexpr int kMsgResultOfCharacter = MsgResultCancel;
+/// Answer of a character key that is typed while OK has the focus.
+inline constexpr MsgResult kMsgResultOfCharacter = MsgResult::Cancel;
 
 inline constexpr int kMsgGapPx = 16; ///< between two buttons, and each margin of the row
 
@@ -48,11 +47,10 @@ int MsgWrapWidthPx(int screenWidthPx);
 /// line are left out.
 QStringList MsgLines(const QString& text, const QFont& font, int wrapWidthPx);
 
-/// `lines` as one text. Lines that do not fit `heightPx` are left out, and the last line then ends in an ellipsis: the
-/// buttons stay on the screen under a text without end.
+/// `lines` as one text, elided to fit `heightPx`, so that the buttons stay on the screen under any text.
 QString MsgElidedText(QStringList lines, const QFontMetrics& metrics, int wrapWidthPx, int heightPx);
 
-/// Height that a screen leaves to the text; the rest is for title bar, margins and buttons.
+/// Height available to the text on a screen; the rest is for title bar, margins and buttons.
 int MsgTextHeightPx(int screenHeightPx);
 
 } // namespace tarvik

@@ -8,7 +8,7 @@ namespace tarvik {
 
 namespace {
 
-/// Writers of pictures and pages hand over lines and words.
+/// Writers of pictures and pages write in small pieces.
 constexpr size_t kPieceBytes = size_t{ 256 } << 10;
 
 } // namespace
@@ -20,7 +20,7 @@ NewFileDevice::NewFileDevice(const QString& path)
 
 bool NewFileDevice::open(OpenMode mode)
 {
-    if (mode != WriteOnly || std::exchange(isBegun_, true))
+    if (mode != WriteOnly || std::exchange(wasOpened_, true))
         return false;
     isWhole_ = file_.Begin(path_).Ok();
     return isWhole_ && QIODevice::open(mode | Unbuffered);

@@ -8,22 +8,21 @@
 
 namespace tarvik {
 
-/// Writes a file that takes the place of `path` on `Commit`, flushed to the disk, as closed/files does it. Without a
-/// commit, and after any failure, `path` is what it was and nothing is left beside it. Sequential and write-only; it is
-/// opened once, and may be closed before the commit. A write that fails makes the commit fail too, so that a writer
-/// which looks at no result can be trusted.
+/// Writes a file that replaces `path` on `Commit`, flushed to the disk, by closed/files. Without a commit, and after
+/// any failure, `path` is unchanged and no temporary file remains. Sequential and write-only; opens once, and may be
+/// closed before the commit. A failed write makes the commit fail too, so a writer need not check each write.
 class NewFileDevice final : public QIODevice {
 public:
     explicit NewFileDevice(const QString& path);
 
-    /// `mode` is WriteOnly. False where no file can be made for `path`.
+    /// `mode` is WriteOnly. False if no file can be created for `path`.
     [[nodiscard]] bool open(OpenMode mode) override;
     bool isSequential() const override
     {
         return true;
     }
 
-    /// True if the file is in its place, with all that was written.
+    /// True if the file is in place with everything written.
     [[nodiscard]] bool Commit();
 
 protected:
@@ -36,8 +35,8 @@ private:
     std::string path_;
     tvfile::NewFile file_;
     tvfile::Bytes piece_;
-    bool isBegun_ = false;
-    bool isWhole_ = false; ///< nothing that was written is lost
+    bool wasOpened_ = false;
+    bool isWhole_ = false; ///< open, and no write has failed
 };
 
 } // namespace tarvik

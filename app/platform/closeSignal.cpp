@@ -19,7 +19,7 @@ namespace tarvik {
 
 namespace {
 
-/// A handler may do next to nothing: it writes a byte here, and the message loop reads it.
+/// A signal handler may do very little: it writes a byte here, and the message loop reads it.
 std::array<int, 2>& Pipe()
 {
     static std::array<int, 2> pipe{ -1, -1 };
@@ -28,17 +28,17 @@ std::array<int, 2>& Pipe()
 
 void Wake(int)
 {
-    const int interrupted = errno; // whatever runs at this moment may be about to read it
+    const int interrupted = errno; // the interrupted code may be about to read it
     const char byte = 0;
     [[maybe_unused]] const ssize_t written = ::write(Pipe()[1], &byte, 1);
     errno = interrupted;
 }
 
-/// A program in the background of a script, or one that outlives its terminal.
+/// True for a background job of a script, or a program that outlives its terminal.
 bool IsIgnored(int signal)
 {
-    struct sigaction present { };
-    return ::sigaction(signal, nullptr, &present) == 0 && present.sa_handler == SIG_IGN;
+    struct sigaction current { };
+    return ::sigaction(signal, nullptr, &current) == 0 && current.sa_handler == SIG_IGN;
 }
 
 } // namespace
@@ -56,7 +56,7 @@ void OnCloseSignal(std::function<void()> close)
     });
     struct sigaction action { };
     action.sa_handler = Wake;
-    action.sa_flags = SA_RESETHAND | SA_RESTART; // the second signal finds the system's own handler
+    action.sa_flags = SA_RESETHAND | SA_RESTART; // the second signal gets the default handler
     for (const int signal : { SIGTERM, SIGINT, SIGHUP }) {
         if (!IsIgnored(signal))
             ::sigaction(signal, &action, nullptr);

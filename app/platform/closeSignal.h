@@ -1,14 +1,13 @@
-// app/platform/closeSignal.h: the system's wish that the program end (logging off, a service manager, Ctrl+C in a
-// terminal).
+// app/platform/closeSignal.h: requests of the system to end the program: log-off, service manager, Ctrl+C.
 #pragma once
 
 #include <functional>
 
 namespace tarvik {
 
-/// Calls `close` from the message loop when the first such wish arrives. The same one again ends the process at once,
-/// since a dialog may keep the first waiting. A signal that the process was started to ignore stays ignored. Nothing on
-/// systems without signals.
+/// Calls `close` from the message loop on the first request. The same signal again ends the process at once, since a
+/// dialog may delay the first. A signal that the process ignored from its start stays ignored. No effect on systems
+/// without signals.
 void OnCloseSignal(std::function<void()> close);
 
 } // namespace tarvik

@@ -1,16 +1,16 @@
-// app/platform/debug.h: the debug channel: checks that must never fail, and reports for whoever looks for a fault.
+// app/platform/debug.h: the debug channel: assertions and reports for developers.
 #pragma once
 
 #include <QString>
 
 namespace tarvik {
 
-/// Checks that must never fail; both do nothing in the delivered program.
+/// Both do nothing in the delivered program.
 void DebugAssert(const char* name, bool condition);
 void DebugReport(const char* name);
 
-/// What a diagnostic build says in a plain system box before it gives up, and before that about an error. The delivered
-/// program says neither.
+/// What a diagnostic build shows in a plain system box on a failed assertion and on an error. The delivered program
+/// shows neither.
 QString DebugFailureText(const QString& name, const QString& text);
 QString DebugErrorText(int number, const QString& description);
 

@@ -5,15 +5,15 @@
 
 namespace tarvik {
 
-/// Implemented by link/. Without it nothing is connected, and nothing connects.
+/// Implemented by link/. Without it nothing is or gets connected.
 class InstrumentLink {
 public:
     virtual ~InstrumentLink() = default;
 
-    /// The instrument that answered last was recognised.
+    /// True if the instrument that answered last was recognised.
     virtual bool IsAccepted() const = 0;
 
-    /// While a connect runs no help is shown, and nothing is said about it.
+    /// True while the program connects: help requests are ignored then.
     virtual bool IsConnecting() const = 0;
 
     /// Reconnects if the link was up when the program last ended, then offers the connections if it is down.

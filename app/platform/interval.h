@@ -1,13 +1,13 @@
-// app/platform/interval.h: the program's wait, during which the message loop goes on.
+// app/platform/interval.h: a wait that keeps the message loop running.
 #pragma once
 
 namespace tarvik {
 
-/// Longest single run of the wait's timer; a longer wait goes in pieces.
+/// Longest interval of the timer; a longer wait takes several.
 inline constexpr int kIntervalPieceMs = 60000;
 
-/// Yields to the message loop for `milliseconds`; 0 returns at once. A wait that is asked for while another one runs
-/// does not restart the timer and ends with it.
+/// Runs the message loop for `milliseconds`; 0 returns at once. A nested wait does not restart the timer and ends with
+/// the outer one.
 void IntervalWait(int milliseconds);
 
 } // namespace tarvik

@@ -41,7 +41,7 @@ void SetReadOnlyAttribute(const QString& path)
     QFile::setPermissions(path, QFileInfo(path).permissions() & ~kAnyWriter);
 }
 
-QString WithoutStepsUp(const QString& name)
+QString ResolveParentSteps(const QString& name)
 {
     const QString up = QStringLiteral("..");
     if (!QDir::fromNativeSeparators(name).split(u'/').contains(up))
@@ -49,20 +49,20 @@ QString WithoutStepsUp(const QString& name)
     const QFileInfo info(name);
     if (info.fileName() == up && info.exists())
         return info.canonicalFilePath();
-    return InRealFolder(name);
+    return ResolveFolder(name);
 }
 
-QString InRealFolder(const QString& path)
+QString ResolveFolder(const QString& path)
 {
     const QFileInfo info(path);
     const QString folder = QDir(info.path()).canonicalPath();
     return folder.isEmpty() ? path : QDir(folder).filePath(info.fileName());
 }
 
-QString BehindLinks(const QString& path)
+QString ResolveLinks(const QString& path)
 {
     std::string file = ModulePath(path).toStdString();
-    return tvfile::FollowLinks(file) == 0 ? InRealFolder(QString::fromStdString(file)) : path;
+    return tvfile::FollowLinks(file) == 0 ? ResolveFolder(QString::fromStdString(file)) : path;
 }
 
 } // namespace tarvik

@@ -13,17 +13,17 @@ QByteArray ModulePath(const QString& path);
 bool HasReadOnlyAttribute(const QString& path);
 void SetReadOnlyAttribute(const QString& path);
 
-/// True for a file that no writer replaces: it has the read-only attribute, or this user may not write it.
+/// True for a file that no writer may replace: it is read-only, or this user has no permission to write it.
 bool IsWriteProtected(const QString& path);
 
-/// A name whose steps up ("..") are taken as the system takes them: from behind a link they lead into the folder above
-/// the one that it leads to, and shortening the text would miss that. Absolute then; any other name stays as it is.
-QString WithoutStepsUp(const QString& name);
+/// Resolves ".." as the system does: "link/.." is the parent of the link's target, not of the link. Absolute if `name`
+/// has such a step, else unchanged.
+QString ResolveParentSteps(const QString& name);
 
-/// The same path with its folder named without links; as it is where there is no such folder.
-QString InRealFolder(const QString& path);
+/// Resolves links in the folder of `path`, not in its last part. Unchanged if the folder does not exist.
+QString ResolveFolder(const QString& path);
 
-/// The one name of a file, whatever links lead to it; one that is not there yet has it too.
-QString BehindLinks(const QString& path);
+/// The path of a file without links, the same for every link to it. The file need not exist.
+QString ResolveLinks(const QString& path);
 
 } // namespace tarvik

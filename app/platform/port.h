@@ -25,7 +25,7 @@ public:
         current_ = &implementation;
     }
 
-    /// Sets the one instance of a class that holds no data of its own.
+    /// Sets a static instance of a class without data.
     template <typename Stateless>
     void Implement()
     {
@@ -53,7 +53,7 @@ private:
     Interface* current_;
 };
 
-/// Sets an implementation for its own lifetime, then puts back what answered before. Scopes of one port nest.
+/// Sets an implementation for its own lifetime, then restores the former one. Scopes of one port nest.
 template <typename Interface>
 class PortScope {
 public:

@@ -9,7 +9,7 @@ namespace {
 
 std::vector<RegisteredState*>& Registry()
 {
-    static std::vector<RegisteredState*> registry; // made by the first state, so it ends after all of them
+    static std::vector<RegisteredState*> registry; // created by the first state, so destroyed after all of them
     return registry;
 }
 
@@ -27,7 +27,7 @@ RegisteredState::~RegisteredState()
 
 void ResetAllState()
 {
-    const std::vector<RegisteredState*> states = Registry(); // the end of an old value may register another state
+    const std::vector<RegisteredState*> states = Registry(); // destroying an old value may register another state
     std::for_each(states.rbegin(), states.rend(), [](RegisteredState* state) { state->Reset(); });
 }
 

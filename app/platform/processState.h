@@ -1,5 +1,5 @@
-// app/platform/processState.h: state that lives as long as the program and registers itself, so that one call puts all
-// of it back to its start value.
+// app/platform/processState.h: state that lives as long as the program and registers itself, so that one call resets
+// all of it.
 #pragma once
 
 #include <utility>
@@ -19,8 +19,8 @@ protected:
     ~RegisteredState();
 };
 
-/// Puts every registered state back to its start value, the youngest first. A form that a state owns is released by
-/// this, so that it must not happen inside one of the form's own events.
+/// Resets every registered state to its start value, newest first. Deletes forms that a state owns, so it must not be
+/// called from an event of such a form.
 void ResetAllState();
 
 /// The one instance of a module's state, a static of the function that returns it:
@@ -31,7 +31,7 @@ void ResetAllState();
 ///         return state.Get();
 ///     }
 ///
-/// `start` makes the start value; without it that is a default-constructed one.
+/// `start` makes the start value, a default-constructed one unless given.
 template <typename State>
 class ProcessState final : public RegisteredState {
 public:
@@ -48,7 +48,7 @@ public:
         return value_;
     }
 
-    /// The old value is released last: what its end does finds the start value.
+    /// Destroys the old value last, so that its destructor finds the start value.
     void Reset() override
     {
         [[maybe_unused]] const State old = std::exchange(value_, start_());

@@ -1,4 +1,4 @@
-// app/platform/replaceFile.h: writes a file so that at any moment the old or the new one is there whole.
+// app/platform/replaceFile.h: replaces a file whole or not at all.
 #pragma once
 
 #include <QByteArrayView>
@@ -6,13 +6,12 @@
 
 namespace tarvik {
 
-/// Puts `bytes` into the place of `path`, as closed/files does it. False, with the old file as it was, when the folder
-/// can't be written, the disk is full, or the file is write-protected (also for a user whom the system would let
-/// through), a folder, or busy.
+/// Replaces `path` by `bytes`, through closed/files. False, with the old file unchanged, if the folder can't be
+/// written, the disk is full, or `path` is write-protected (even where the system would allow it), a folder, or busy.
 [[nodiscard]] bool ReplaceFile(const QString& path, QByteArrayView bytes);
 
-/// True if a file of this name can be made, or the one that is there be replaced: a blank is written beside it for a
-/// trial. What is there stays as it is, and a process that is killed in the middle leaves no file of this name.
+/// True if a file of this name can be created, or the existing one replaced. Tries it by writing one byte to a
+/// temporary file in the same folder; `path` itself is not touched, even if the process is killed.
 [[nodiscard]] bool CanReplaceFile(const QString& path);
 
 } // namespace tarvik

@@ -34,7 +34,7 @@ Seams Defaults()
         std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
     };
     seams.Region = [] {
-        static const QLocale system = QLocale::system(); // asking it reads the environment anew each time
+        static const QLocale system = QLocale::system(); // reads the environment, so only once
         return system;
     };
     seams.ExecutablePath = [] { return QCoreApplication::applicationFilePath(); };

@@ -1,4 +1,4 @@
-// app/platform/seams.h: what the program asks of the outside world, so that a test can answer in its place.
+// app/platform/seams.h: the program's calls to the outside world, which tests replace.
 #pragma once
 
 #include <QDateTime>
@@ -11,29 +11,29 @@
 
 namespace tarvik {
 
-/// The question of the folder browser.
+/// Request to the folder browser.
 struct FolderQuestion {
     QString Title;
     QString Start; ///< folder selected at open
 };
 
-/// The question of an open dialog. `Filters` are "description|pattern" pairs, the first one selected.
+/// Request to an open dialog. `Filters` are "description|pattern" pairs, the first one selected.
 struct OpenFileQuestion {
     QString Title;
     QString InitialFolder;
     QStringList Filters;
 };
 
-/// The question of an open dialog that takes several files of one folder.
+/// Request to an open dialog for several files of one folder.
 struct OpenFilesQuestion {
     QString Title;
     QString InitialFolder;
     QStringList Filters; ///< as above
-    QString DefaultExtension; ///< of a name that is typed without one; no point
+    QString DefaultExtension; ///< for a name typed without one; no point
 };
 
-/// The question of a save dialog, which asks before it lets an existing file be replaced. A name without an extension
-/// gets that of the selected filter, the proposed one as well as one that is typed.
+/// Request to a save dialog, which confirms the replacement of an existing file. A name without an extension, proposed
+/// or typed, gets that of the selected filter.
 struct SaveFileQuestion {
     QString Title;
     QString InitialFolder;
@@ -43,20 +43,20 @@ struct SaveFileQuestion {
     int HelpNumber = 0;
 };
 
-/// Every member has a default that works without a display: no dialog is answered, time is the system's.
+/// Every member has a default that works without a display: dialogs are cancelled, time is the system's.
 struct Seams {
     std::function<QDateTime()> Now;
 
-    /// Runs the events that wait and returns.
+    /// Processes pending events.
     std::function<void()> PumpEvents;
 
-    /// Runs events, sleeping between them, until `done` answers true.
+    /// Processes events, sleeping between them, until `done` returns true.
     std::function<void(const std::function<bool()>& done)> PumpUntil;
 
     /// Calls `tick` once, `milliseconds` from now, from the message loop.
     std::function<void(int milliseconds, std::function<void()> tick)> StartTimer;
 
-    /// Stops the thread, without events.
+    /// Blocks the thread without processing events.
     std::function<void(int milliseconds)> Sleep;
 
     /// Full path, or empty when the user cancelled.
@@ -65,10 +65,10 @@ struct Seams {
     std::function<QStringList(const OpenFilesQuestion&)> OpenFiles; ///< full paths
     std::function<QString(const SaveFileQuestion&)> SaveFile;
 
-    /// A plain system box with the exclamation icon, for what is said before texts are up.
+    /// A plain system box with the exclamation icon, for messages before texts are available.
     std::function<void(const QString& title, const QString& text)> SystemBox;
 
-    /// The region whose date, number and measurement habits the program follows.
+    /// The region whose formats for dates, numbers and measures apply.
     std::function<QLocale()> Region;
 
     /// Full path of the running program.

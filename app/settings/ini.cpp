@@ -18,8 +18,8 @@ namespace tarvik {
 
 namespace {
 
-constexpr qint64 kLargestFile = 1 << 20;
-constexpr quint32 kLargestColour = 0xFFFFFF;
+constexpr qint64 kMaxFileBytes = 1 << 20;
+constexpr quint32 kMaxColour = 0xFFFFFF;
 constexpr int kSingleDigits = 7;
 
 struct LoadedFile {
@@ -34,11 +34,11 @@ LoadedFile Load(const QString& path)
     QFile file(path);
     if (!file.exists())
         return loaded;
-    loaded.IsReplaceable = file.size() <= kLargestFile && file.open(QIODevice::ReadOnly);
+    loaded.IsReplaceable = file.size() <= kMaxFileBytes && file.open(QIODevice::ReadOnly);
     if (!loaded.IsReplaceable)
         return loaded;
-    const QByteArray bytes = file.read(kLargestFile + 1); // the file may have grown, or be no regular file
-    loaded.IsReplaceable = file.error() == QFile::NoError && bytes.size() <= kLargestFile;
+    const QByteArray bytes = file.read(kMaxFileBytes + 1); // the file may have grown, or be no regular file
+    loaded.IsReplaceable = file.error() == QFile::NoError && bytes.size() <= kMaxFileBytes;
     if (loaded.IsReplaceable)
         loaded.Content = IniFile::Parse(bytes);
     return loaded;
@@ -156,7 +156,7 @@ quint8 IniReadByte(const QString& file, const QString& section, const QString& k
 quint32 IniReadColour(const QString& file, const QString& section, const QString& key, quint32 fallback)
 {
     const qint64 colour = Whole(NumberOf(file, section, key, fallback));
-    return colour < 0 || colour > kLargestColour ? fallback : static_cast<quint32>(colour);
+    return colour < 0 || colour > kMaxColour ? fallback : static_cast<quint32>(colour);
 }
 
 qint16 IniReadInt(const QString& file, const QString& section, const QString& key, qint16 fallback)
@@ -227,7 +227,7 @@ void IniWriteString(const QString& file, const QString& section, const QString& 
     }
     LoadedFile loaded = Load(file);
     loaded.Content.SetValue(section, key, value.trimmed());
-    static_cast<void>(Store(loaded)); // a setting that can't be kept is not reported
+    static_cast<void>(Store(loaded)); // a setting that can't be stored is not reported
 }
 
 void IniWriteRect(const QString& file, const QString& section, const QString& prefix, const IniRect& value)

@@ -1,7 +1,7 @@
-// app/settings/ini.h: the settings file, value by value. The habits of the system's region come with it.
+// app/settings/ini.h: the settings file, value by value; includes the formats of the system's region.
 //
-// Nothing here reports anything: a file that can't be read gives the defaults, one that can't be written stays as it
-// is. A file of more than 1 MiB is no settings file: it is neither read nor replaced.
+// Errors are not reported: an unreadable file gives the defaults, an unwritable one stays unchanged. A file of more
+// than 1 MiB is neither read nor replaced.
 #pragma once
 
 #include "app/values/region.h"
@@ -10,9 +10,9 @@
 
 namespace tarvik {
 
-/// Reads and writes `file` as one: every reader and writer that names the same file uses the copy in memory, until the
-/// session ends. `Commit` replaces the file whole, once. Without a session each reader reads the file anew, and each
-/// writer replaces it. Sessions don't nest; the newest one counts.
+/// Loads `file`: its readers and writers use the copy in memory until the session ends. `Commit` replaces the file
+/// whole. Without a session each reader reads the file, and each writer replaces it. Sessions don't nest; the newest
+/// one counts.
 class IniSession {
 public:
     explicit IniSession(const QString& file);
@@ -20,15 +20,15 @@ public:
     IniSession(const IniSession&) = delete;
     IniSession& operator=(const IniSession&) = delete;
 
-    /// False when the file could not be replaced: it is as it was.
+    /// False if the file could not be replaced; it is unchanged.
     [[nodiscard]] bool Commit();
 };
 
-/// Longest text, in characters, that a reader returns; the rest of a value is cut.
+/// Longest text, in characters, that a reader returns; longer values are truncated.
 inline constexpr int kIniTextLimit = 255;
 
-/// A number as the settings know it: blanks, a sign, digits, one point and an exponent; the first other character ends
-/// it. 0 for a text without a number. No region applies.
+/// Parses blanks, a sign, digits, one point and an exponent, up to the first other character. 0 without a number.
+/// Independent of the region.
 double IniNumber(QStringView text);
 
 /// Four lengths; -1 each when nothing is stored.
@@ -39,8 +39,8 @@ struct IniRect {
     float Height = -1;
 };
 
-/// Readers. A key that is missing gives the default; a key without a value gives 0 or an empty text. Fractions are cut
-/// off whole numbers, and of a number too large for its type the low bits remain.
+/// Readers. A key that is missing gives the default; a key without a value gives 0 or an empty text. Whole
+/// numbers lose their fraction, and numbers too large for their type keep the low bits.
 bool IniReadBool(const QString& file, const QString& section, const QString& key, bool fallback); ///< true only for 1
 quint8 IniReadByte(const QString& file, const QString& section, const QString& key, quint8 fallback);
 quint32 IniReadColour(const QString& file, const QString& section, const QString& key,
@@ -61,7 +61,7 @@ IniRect IniReadRect(const QString& file, const QString& section, const QString& 
 QString IniReadModelPcPath(const QString& file, int fileClass);
 QString IniReadModelInstrPath(const QString& file, int fileClass);
 
-/// Writers. Numbers bear a point whatever the region; a single has at most 7 digits.
+/// Writers. Numbers have a point in every region; a single has at most 7 digits.
 void IniWriteBool(const QString& file, const QString& section, const QString& key, bool value);
 void IniWriteByte(const QString& file, const QString& section, const QString& key, quint8 value);
 void IniWriteColour(const QString& file, const QString& section, const QString& key, quint32 value);

@@ -16,7 +16,7 @@ constexpr const char* kNativeLineEnd = "\n";
 
 constexpr QByteArrayView kByteOrderMark("\xEF\xBB\xBF");
 
-/// The part of a line that counts: without byte order mark, up to the first zero.
+/// The significant part of a line: without byte order mark, up to the first zero.
 QByteArrayView Relevant(QByteArrayView text)
 {
     if (text.startsWith(kByteOrderMark))
@@ -30,7 +30,7 @@ QString Decoded(QByteArrayView bytes)
     if (!bytes.isValidUtf8())
         return FromAnsi(bytes);
     const QString text = QString::fromUtf8(bytes);
-    return bytes.startsWith(kByteOrderMark) ? QChar(0xFEFF) + text : text; // the conversion drops a mark in front
+    return bytes.startsWith(kByteOrderMark) ? QChar(0xFEFF) + text : text; // the conversion drops a leading mark
 }
 
 QString Folded(QByteArrayView name)
@@ -161,7 +161,7 @@ size_t IniFile::SectionNamed(const QString& section)
     return sections_.size() - 1;
 }
 
-/// Returns the place of the new line. Blank lines that part the section from the next one stay behind it.
+/// Returns the index of the new line. Blank lines at the end of the section stay after it.
 size_t IniFile::AddLine(Section& section, const QByteArray& text)
 {
     auto place = section.Lines.end();

@@ -1,5 +1,4 @@
-// app/settings/iniFile.h: a text of `[section]` and `key=value` lines, changed key by key without touching anything
-// else.
+// app/settings/iniFile.h: edits a text of `[section]` and `key=value` lines by key and keeps everything else.
 #pragma once
 
 #include <QByteArray>
@@ -11,22 +10,21 @@
 
 namespace tarvik {
 
-/// The file in memory. Sections and keys are found whatever their case; of keys with the same name the first one
-/// counts. Lines that are no section and no key (comments, which begin with ";", and anything else) are kept byte for
-/// byte, in their place, and so are line ends and a byte order mark.
+/// The file in memory. Names of sections and keys ignore case; the first of equal keys counts. Other lines (comments
+/// begin with ";"), line ends and a byte order mark are kept byte for byte.
 ///
 /// Values are read as UTF-8, or as Windows-1252 where a line is not valid UTF-8, and written as UTF-8. Blanks around a
-/// value don't count; one pair of quotes around it is dropped on reading.
+/// value are ignored; one pair of quotes around it is dropped on reading.
 class IniFile {
 public:
-    /// Any bytes make a file: what can't be understood is a foreign line.
+    /// Accepts any bytes: what is neither section nor key is kept as a foreign line.
     static IniFile Parse(const QByteArray& bytes);
 
-    /// Nothing when there is no such key; an empty text when there is one without a value.
+    /// Empty if there is no such key; an empty text for a key without a value.
     std::optional<QString> Value(const QString& section, const QString& key) const;
 
-    /// Changes the key where it stands, else adds it behind the last line of its section, else adds section and key at
-    /// the end. A line that holds the value already stays as it is. Line breaks and zeros in a value become blanks.
+    /// Changes the key in place, else appends it to its section, else appends section and key to the file. A line that
+    /// already has the value is unchanged. Line breaks and zeros in a value become blanks.
     void SetValue(const QString& section, const QString& key, const QString& value);
 
     QByteArray Bytes() const;
@@ -37,7 +35,7 @@ private:
         QByteArray End; ///< empty, LF or CR LF
     };
     struct Section {
-        std::vector<Line> Lines; ///< the first is the header; the text before all headers has none
+        std::vector<Line> Lines; ///< the first is the header, except before the first header
     };
     struct Place {
         size_t Section = 0;

@@ -23,7 +23,7 @@ struct ClassFolder {
 constexpr std::array<ClassFolder, 6> kFolders{ { { "Al", "Antenna List" }, { "Kf", "K-Factor Table" },
     { "Ml", "Memory List" }, { "Sl", "Suppress List" }, { "Ss", "Screen Shots" }, { "Cs", "Correction Set" } } };
 
-/// Null, reported under `routine`, for a number that is no file class.
+/// Null for a number that is no file class, reported for `routine`.
 const ClassFolder* FolderOf(int fileClass, const char* routine)
 {
     if (fileClass < 1 || fileClass > static_cast<int>(kFolders.size())) {

@@ -30,19 +30,27 @@ std::vector<SettingsGroup>& Groups()
     return groups.Get();
 }
 
-/// Beyond this no screen reaches, and a frame could not turn the length into pixels.
-constexpr double kLargestTwips = 1'000'000;
+/// Larger than any screen, and safe to convert to pixels.
+constexpr double kMaxTwips = 1'000'000;
 
 double ReadLength(const QString& file, const QString& key, double fallback)
 {
     const float twips = IniReadSingle(file, ProductTitle(), key, static_cast<float>(fallback));
-    return std::clamp(static_cast<double>(twips), -kLargestTwips, kLargestTwips);
+    return std::clamp(static_cast<double>(twips), -kMaxTwips, kMaxTwips);
+}
+
+/// A number that no state has counts as normal.
+WinState WinStateOf(qint16 stored)
+{
+    const auto state = static_cast<WinState>(stored);
+    return state == WinState::Minimised || state == WinState::Maximised ? state : WinState::Normal;
 }
 
 void ReadFrame(const QString& file)
 {
     ProgramState& program = Program();
-    program.MainWindowState = IniReadInt(file, ProductTitle(), kStateKey, WinStateMaximised);
+    program.MainWindowState =
+        WinStateOf(IniReadInt(file, ProductTitle(), kStateKey, static_cast<qint16>(WinState::Maximised)));
     const QSizeF screen = TheFrame()->ScreenTwips();
     const double width = ReadLength(file, kWidthKey, screen.width());
     const QSizeF size = TheFrame()->ResizeTwips({ width, ReadLength(file, kHeightKey, screen.height()) });
@@ -50,7 +58,7 @@ void ReadFrame(const QString& file)
     TheFrame()->MoveTwips({ left, ReadLength(file, kTopKey, screen.height() - size.height()) });
 }
 
-/// Without a frame its keys are left as they are.
+/// Without a frame its keys are unchanged.
 void WriteFrame(const QString& file)
 {
     const std::optional<FramePlacement> placement = TheFrame()->Placement();

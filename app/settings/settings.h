@@ -20,10 +20,10 @@ void SettingsSetGroups(std::vector<SettingsGroup> groups);
 /// `AppPath` + "Tarvik" + ".ini".
 QString IniFileName();
 
-/// Reads every key, in the file's order; missing ones take their defaults. Nothing is reported.
+/// Reads every key, in the file's order; missing ones get their defaults. Errors are not reported.
 void IniRead();
 
-/// Writes every key, replacing the file whole; foreign lines and comments survive. Nothing is reported.
+/// Writes every key, replacing the file whole; foreign lines and comments are kept. Errors are not reported.
 void IniWrite();
 
 } // namespace tarvik

@@ -1,11 +1,11 @@
-// app/state/dialogStack.h: which dialogs are open, oldest first. dialog.h moves forms on and off.
+// app/state/dialogStack.h: which dialogs are open, oldest first. dialog.h pushes and pops forms.
 #pragma once
 
 #include <vector>
 
 namespace tarvik {
 
-/// What the stack needs of a form. The form outlives its stay on the stack.
+/// What the stack needs of a form. The form outlives its time on the stack.
 class DialogForm {
 public:
     virtual ~DialogForm() = default;
@@ -14,19 +14,19 @@ public:
     /// loading is not shown.
     virtual void RunDialog(bool blocking) = 0;
 
-    /// True while the form's window has the activation.
+    /// True while the form's window is active.
     virtual bool HasActivation() const = 0;
 
     /// Asks the form to close; it may refuse.
     virtual void Unload() = 0;
 
-    /// True for a form that holds nothing of the user's: it is unloaded when the system wants the program to end.
-    virtual bool GoesWithProgram() const
+    /// True for a form without user data, which is unloaded when the system asks the program to end.
+    virtual bool CanCloseUnasked() const
     {
         return false;
     }
 
-    /// Centres the form on its screen and trims its system menu; `removeClose` takes the close entry out.
+    /// Centres the form on its screen and trims its system menu; `removeClose` removes the close entry.
     virtual void PrepareWindow(bool removeClose) = 0;
 
     /// Shows or clears the busy pointer on this form.
@@ -35,7 +35,7 @@ public:
 
 void DialogStackPush(DialogForm& form);
 
-/// The newest form leaves; nothing on an empty stack.
+/// Pops the newest form, if any.
 void DialogStackPop();
 
 /// Empties the stack without touching its forms.
@@ -43,10 +43,10 @@ void DialogReset();
 
 bool DialogIsOpen();
 
-/// True when the active window is one of the forms on the stack.
+/// True if the active window is a form on the stack.
 bool DialogIsActive();
 
-/// The newest form, null without one.
+/// The newest form; null if there is none.
 DialogForm* DialogTop();
 
 /// Oldest first.

@@ -1,7 +1,8 @@
-// app/state/frame.h: the port to the main frame: what rooms below it ask it to show, and what they ask it.
+// app/state/frame.h: the port to the main frame, for the rooms below it.
 #pragma once
 
 #include "app/platform/port.h"
+#include "app/state/project.h"
 
 #include <QRectF>
 #include <QString>
@@ -15,7 +16,7 @@ inline constexpr int kStatusPanels = 4;
 
 /// Where the frame is, for the settings.
 struct FramePlacement {
-    int State = 0; ///< a WinState
+    WinState State = WinState::Normal;
     QRectF NormalTwips; ///< the restored rectangle, also while maximised
 };
 
@@ -29,7 +30,7 @@ public:
     virtual void ShowBusyPointer(bool busy) = 0;
     virtual void CloseTip() = 0;
 
-    /// Before a command stops the thread: the menu that started it goes from the screen, the rest is painted.
+    /// Called before a command blocks the thread: hides the menu that started it and paints the rest.
     virtual void FinishPainting() = 0;
 
     virtual QString StatusText() const = 0;
@@ -41,12 +42,12 @@ public:
     virtual void ClearProgress() = 0;
     virtual void EnableProgressTimer(bool on) = 0; ///< its tick calls ProgressRefresh
 
-    /// Help number of the highlighted menu entry, 0 for one without a topic; empty while no menu shows.
+    /// Help number of the highlighted menu entry, 0 for one without a topic; empty while no menu is open.
     virtual std::optional<int> HighlightedHelp() const = 0;
     virtual void EnterWhatsThis() = 0;
     virtual void ShowAbout() = 0;
 
-    virtual QSizeF ScreenTwips() const = 0; ///< the room that its screen has
+    virtual QSizeF ScreenTwips() const = 0; ///< available size of its screen
     virtual QSizeF ResizeTwips(QSizeF size) = 0; ///< returns the size as set, which may differ
     virtual void MoveTwips(QPointF leftTop) = 0;
     virtual std::optional<FramePlacement> Placement() const = 0; ///< empty without a frame

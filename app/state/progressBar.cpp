@@ -12,11 +12,11 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kAll = 100;
+constexpr int kFullPercent = 100;
 
 int Percent(const ProgressState& state)
 {
-    return static_cast<int>(Clamp(state.PercentPerStep * state.WorkCounter, 0.0, double{ kAll }));
+    return static_cast<int>(Clamp(state.PercentPerStep * state.WorkCounter, 0.0, double{ kFullPercent }));
 }
 
 } // namespace
@@ -29,7 +29,7 @@ ProgressState& Progress()
 
 void ProgressStart(qint32 total)
 {
-    Progress() = { true, 0, total, total < 1 ? 0.0 : double{ kAll } / total, -1 };
+    Progress() = { true, 0, total, total < 1 ? 0.0 : double{ kFullPercent } / total, -1 };
     ProgressRefresh();
     TheFrame()->EnableProgressTimer(true);
 }
@@ -69,7 +69,7 @@ void ProgressRefresh()
 
 int ProgressBarWidth(int width, int percent)
 {
-    return static_cast<int>(qint64{ width } * percent / kAll);
+    return static_cast<int>(qint64{ width } * percent / kFullPercent);
 }
 
 std::vector<ProgressCharacter> ProgressCharacters(

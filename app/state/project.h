@@ -14,8 +14,8 @@ int ProductSecondBuild();
 QString ProductVersionNumbers(); ///< major, minor and build joined by points
 QString ProductPreRelease(); ///< empty in a released build
 
-/// Frame states as the settings file stores them.
-enum WinState { WinStateNormal = 0, WinStateMinimised = 1, WinStateMaximised = 2 };
+/// State of a window; the numbers are those of the settings file.
+enum class WinState : qint16 { Normal = 0, Minimised = 1, Maximised = 2 };
 
 /// The file last opened or saved. `Folder` ends in the separator.
 struct LastFileName {
@@ -28,14 +28,14 @@ struct LastFileName {
 /// Process-wide state; each member names its writer.
 struct ProgramState {
     bool Started = false; ///< start-up has finished; its last steps
-    bool CloseWished = false; ///< the system has asked the program to end, and it can't act yet; the frame
-    bool Ended = false; ///< the frame has closed: nothing new begins; ProjectUnload
+    bool CloseRequested = false; ///< the system has asked the program to end, and it can't act yet; the frame
+    bool Ended = false; ///< the frame has closed: no new work starts; ProjectUnload
     QString ProgramTitle; ///< title of messages and of the frame; start-up
     QString AppPath; ///< executable's folder, always ending in the separator; start-up
     QString CommandLine; ///< the arguments joined by blanks; start-up
     QString HelpFilePath; ///< start-up
-    QString PopupHelpSource; ///< where the What's This texts stand inside the help file; start-up
-    int MainWindowState = WinStateMaximised; ///< settings
+    QString PopupHelpSource; ///< place of the What's This texts inside the help file; start-up
+    WinState MainWindowState = WinState::Maximised; ///< settings
     int DialogResult = 1; ///< status of the dialog that closed last; DialogEnd
     bool NonModalDialogs = false; ///< nothing sets it in this version
     bool Idle = true; ///< false while a command runs; BeginBusy, EndBusy
@@ -50,7 +50,7 @@ struct ProgramState {
 };
 ProgramState& Program();
 
-/// True when no dialog is open and no command runs: the only gate for commands.
+/// True if no dialog is open and no command runs: the only gate for commands.
 bool CanAct();
 
 /// Splits a full path into `LastFile`.
@@ -60,7 +60,7 @@ void SetLastFile(const QString& path);
 inline constexpr int kTemporaryFiles = 10;
 QString TemporaryFileName(int number, const QString& extension);
 
-/// Name of the help file, which stands in `AppPath`.
+/// Name of the help file in `AppPath`.
 QString HelpFileName();
 
 } // namespace tarvik

@@ -7,10 +7,10 @@
 
 namespace tarvik {
 
-/// A command starts: not idle any more, status text and fourth panel cleared. Nothing if one already runs.
+/// A command starts: clears `Idle`, the status text and the fourth panel. No effect if one already runs.
 void BeginBusy();
 
-/// The command has ended: idle, status text, hold and pointer cleared. Nothing if none runs.
+/// The command has ended: sets `Idle`, clears status text, hold and busy pointer. No effect if none runs.
 void EndBusy();
 
 /// Busy for its lifetime. Scopes nest: the one that made the program busy makes it idle again.
@@ -28,20 +28,20 @@ private:
 /// Sets `Idle` without side effects and returns its former value.
 bool IdleSet(bool value);
 
-/// Shows `text` when no job holds the line, and the frame or a form on the stack has the activation (an empty
-/// text is always shown).
+/// Shows `text` if no job holds the line and the frame or a form on the stack is active; an empty text needs no
+/// activation.
 void StatusSet(const QString& text);
 void StatusSetId(TextNumber<0> id);
 
 /// The ready texts 10600 to 10603.
 void StatusSetReady(int index);
 
-/// A job takes the line: `text` is shown whatever the state.
+/// Holds the line for a job and shows `text`, whatever is active.
 void StatusJob(const QString& text);
 
 void StatusClear();
 
-/// Shows the busy pointer, on the top dialog or else the frame, while a job holds the line; puts it back otherwise.
+/// Shows the busy pointer, on the top dialog or else the frame, while a job holds the line, else the normal one.
 void MousePointerBusy();
 
 } // namespace tarvik

@@ -12,7 +12,7 @@ QByteArray ToAnsi(const QString& text);
 /// The text of Windows-1252 bytes. The five unassigned bytes become the C1 characters of the same value.
 QString FromAnsi(QByteArrayView bytes);
 
-/// True if `character` has a place in Windows-1252, so that it survives the way into a file and back.
+/// True if Windows-1252 has `character`, so that a file keeps it.
 bool IsAnsi(QChar character);
 bool IsAnsi(const QString& text);
 

@@ -15,24 +15,24 @@ namespace tarvik {
 
 namespace {
 
-/// A control's geometry is filed under its text number plus this.
+/// A control's geometry is stored under its text number plus this.
 constexpr int kGeometryOffset = 10'000;
 
 using TextBuffer = std::array<char, TVLNG_MAX_TEXT>;
 
-/// A module is free to say more than it wrote; nothing outside the buffer is read.
+/// A module may return a wrong length; nothing outside the buffer is read.
 QString RawText(const TextBuffer& buffer, int32_t length)
 {
     return FromAnsi(QByteArrayView(buffer.data(), std::clamp<int32_t>(length, 0, TVLNG_MAX_TEXT - 1)));
 }
 
-QString Taken(const TextBuffer& buffer, int32_t length)
+QString Expanded(const TextBuffer& buffer, int32_t length)
 {
     return LngExpandMacros(RawText(buffer, length));
 }
 
-/// Arguments on their way through the module, which takes 8-bit text. One that this way would change, such as a file
-/// name in another script or with a macro's sign in it, travels as a mark and is put in at the end.
+/// Passes arguments through the module, which takes 8-bit text. One that this would change, such as a file name in
+/// another script or with a macro's sign, is passed as a control character and substituted at the end.
 class Arguments {
 public:
     QByteArray Pass(const QString& argument)
@@ -43,7 +43,7 @@ public:
         return { 1, static_cast<char>(held_.size()) };
     }
 
-    QString PutIn(const QString& text) const
+    QString Substitute(const QString& text) const
     {
         QString result;
         for (const QChar character : text) {
@@ -62,7 +62,7 @@ private:
         return IsAnsi(character) && character >= u' ' && character != u'@';
     }
 
-    QStringList held_; ///< by their mark, from character 1
+    QStringList held_; ///< by their control character, from 1
 };
 
 /// The text of the macro character.
@@ -83,8 +83,8 @@ TextNumber<0> MacroText(QChar character)
     }
 }
 
-/// Replaces the macros of one text and those in their replacements. A replacement that leads back to itself keeps
-/// the pair as it stands, and so do all pairs past a number that no sensible text reaches: texts come from outside.
+/// Replaces the macros of one text and those in their replacements. A macro inside its own replacement stays, and so do
+/// all macros beyond a limit that no sensible text reaches: texts are external data.
 class MacroExpansion {
 public:
     QString Expand(const QString& text)
@@ -128,7 +128,7 @@ QString LngStr(TextNumber<0> id)
     if (!ModuleIsBound(Module::Language))
         return {};
     TextBuffer buffer{};
-    return Taken(buffer, TvLng().LngGetStr(id.Number, "", buffer.data(), TVLNG_MAX_TEXT));
+    return Expanded(buffer, TvLng().LngGetStr(id.Number, "", buffer.data(), TVLNG_MAX_TEXT));
 }
 
 QString LngStr1(TextNumber<1> id, const QString& arg)
@@ -139,7 +139,7 @@ QString LngStr1(TextNumber<1> id, const QString& arg)
     Arguments arguments;
     const QByteArray passed = arguments.Pass(arg);
     const int32_t length = TvLng().LngGetStr1Arg(id.Number, "", passed.constData(), buffer.data(), TVLNG_MAX_TEXT);
-    return arguments.PutIn(Taken(buffer, length));
+    return arguments.Substitute(Expanded(buffer, length));
 }
 
 QString LngStr2(TextNumber<2> id, const QString& arg1, const QString& arg2)
@@ -152,7 +152,7 @@ QString LngStr2(TextNumber<2> id, const QString& arg1, const QString& arg2)
     const QByteArray second = arguments.Pass(arg2);
     const int32_t length =
         TvLng().LngGetStr2Arg(id.Number, "", first.constData(), second.constData(), buffer.data(), TVLNG_MAX_TEXT);
-    return arguments.PutIn(Taken(buffer, length));
+    return arguments.Substitute(Expanded(buffer, length));
 }
 
 QString LngExpandMacros(const QString& text)

@@ -5,15 +5,15 @@
 namespace tarvik {
 
 /// Number of a text that is shown with at least `Least` and at most `Most` arguments; 0 is none. A name has the range
-/// that its text has in the table. A function that fills N places takes a TextNumber<N>, so that a name whose text has
-/// fewer places, or needs more, does not compile.
+/// of its text in the table. A function that fills N placeholders takes a TextNumber<N>, so that a name whose text has
+/// fewer, or needs more, does not compile.
 template <int Least, int Most = Least>
 struct TextNumber {
     int Number = 0;
 
     constexpr TextNumber() = default;
 
-    /// For a number that only the running program knows.
+    /// For a number known only at run time.
     constexpr explicit TextNumber(int number)
         : Number(number)
     {
@@ -32,7 +32,7 @@ struct TextNumber {
 
     friend constexpr bool operator==(TextNumber, TextNumber) = default;
 
-    /// The text that follows `first` by `index` in the table and has the same places.
+    /// The text `index` numbers after `first`, which has the same placeholders.
     friend constexpr TextNumber operator+(TextNumber first, int index)
     {
         return TextNumber(first.Number + index);

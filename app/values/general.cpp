@@ -17,7 +17,7 @@ bool IsNumberText(const QString& text)
 
 bool IsMetric()
 {
-    return TheSeams().Region().measurementSystem() != QLocale::ImperialUSSystem; // the British page is metric
+    return TheSeams().Region().measurementSystem() != QLocale::ImperialUSSystem; // British paper is metric
 }
 
 bool IsNtFamily()
@@ -75,7 +75,7 @@ bool FileToBin(const QString& path)
 {
     TheSeams().MoveToTrash(path);
     const QFileInfo file(path);
-    return !file.exists() && !file.isSymLink(); // a link into nowhere is still there itself
+    return !file.exists() && !file.isSymLink(); // a dangling link still exists
 }
 
 QString BrowseFolder(const QString& title, const QString& start)

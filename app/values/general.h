@@ -8,17 +8,17 @@
 
 namespace tarvik {
 
-/// True for a text with at least one digit before the first character that no number holds. What follows a number is
-/// not looked at, since the conversion ends at the same place.
+/// True for a text with at least one digit before its first character that can't be part of a number. The rest is
+/// ignored, as the conversion ends there too.
 bool IsNumberText(const QString& text);
 
-/// True where the region measures in metres.
+/// True if the region uses the metric system.
 bool IsMetric();
 
 /// True on a system of the NT family.
 bool IsNtFamily();
 
-/// Of equal numbers the second one.
+/// Equal numbers return the second one.
 template <typename Number>
 constexpr Number SmallestOf(Number a, Number b)
 {
@@ -38,7 +38,7 @@ constexpr Number Clamp(Number value, Number low, Number high)
     return SmallestOf(LargestOf(value, low), high);
 }
 
-/// Both ends belong to the range.
+/// The range includes both ends.
 template <typename Number>
 constexpr bool InRange(Number value, Number low, Number high)
 {
@@ -55,7 +55,7 @@ constexpr void Swap(Value& a, Value& b)
 /// of 0.
 int ScaleClamped(int value, int numerator, int denominator);
 
-/// The nearest multiple of `step`, halves upwards. A step of 0, or the largest double as value, gives the value.
+/// The nearest multiple of `step`, halves upwards. A step of 0, or the largest double, returns the value itself.
 double RoundToStep(double value, double step);
 
 double MmFromInch(double inches);
@@ -65,7 +65,7 @@ int ArrayLength(const QStringList& array);
 QStringList ArrayNew(int length); ///< empty texts
 QStringList ArrayJoin(const QStringList& first, const QStringList& second);
 
-/// Moves a file into the trash. True when it is gone from its place.
+/// Moves a file to the trash. True if `path` no longer exists.
 bool FileToBin(const QString& path);
 
 /// Asks for a folder; `start` is selected at open. Empty when the user cancelled.

@@ -48,7 +48,7 @@ bool IsZero(const DecimalDigits& decimal)
     return decimal.Digits == "0";
 }
 
-/// Adds one to the last digit; a carry out of the first digit makes the number one digit longer in front.
+/// Adds one to the last digit; a carry out of the first digit adds a digit.
 void RaiseLastDigit(DecimalDigits& decimal)
 {
     auto digit = decimal.Digits.rbegin();
@@ -75,7 +75,7 @@ void RoundTo(DecimalDigits& decimal, int decimals)
         return;
     }
     decimal.Digits.resize(static_cast<size_t>(std::max(kept, 0)));
-    if (decimal.Digits.empty()) { // 0.7 to no decimals: the raised digit stands one place higher
+    if (decimal.Digits.empty()) { // 0.7 to no decimals: the digit is now one place higher
         decimal.Digits = "1";
         ++decimal.FirstPower;
     } else if (up) {
@@ -93,9 +93,9 @@ QChar DigitAt(const DecimalDigits& decimal, int power)
 
 /// What a picture asks for.
 struct Picture {
-    int LeastIntegers = 0;
-    int LeastDecimals = 0;
-    int MostDecimals = 0;
+    int MinIntegers = 0;
+    int MinDecimals = 0;
+    int MaxDecimals = 0;
     bool HasPoint = false;
 };
 
@@ -106,11 +106,11 @@ Picture ReadPicture(QStringView text)
         if (character == u'.')
             picture.HasPoint = true;
         else if (picture.HasPoint && (character == u'0' || character == u'#')) {
-            ++picture.MostDecimals;
+            ++picture.MaxDecimals;
             if (character == u'0')
-                picture.LeastDecimals = picture.MostDecimals;
-        } else if (character == u'0' || picture.LeastIntegers > 0)
-            ++picture.LeastIntegers;
+                picture.MinDecimals = picture.MaxDecimals;
+        } else if (character == u'0' || picture.MinIntegers > 0)
+            ++picture.MinIntegers;
     }
     return picture;
 }
@@ -126,11 +126,11 @@ QString Written(const DecimalDigits& decimal, const Picture& picture, QStringVie
     if (decimal.Negative)
         text.append(u'-');
     const int integers = IsZero(decimal) ? 0 : decimal.FirstPower + 1;
-    for (int power = std::max(integers, picture.LeastIntegers) - 1; power >= 0; --power)
+    for (int power = std::max(integers, picture.MinIntegers) - 1; power >= 0; --power)
         text.append(DigitAt(decimal, power));
     if (picture.HasPoint)
         text.append(point);
-    const int decimals = std::max(DecimalsOf(decimal), picture.LeastDecimals);
+    const int decimals = std::max(DecimalsOf(decimal), picture.MinDecimals);
     for (int place = 1; place <= decimals; ++place)
         text.append(DigitAt(decimal, -place));
     return text;
@@ -144,7 +144,7 @@ QString FormatPicture(double value, QStringView picture)
         return {};
     const Picture wanted = ReadPicture(picture);
     DecimalDigits decimal = DigitsOf(value, kSignificantDigits);
-    RoundTo(decimal, wanted.MostDecimals);
+    RoundTo(decimal, wanted.MaxDecimals);
     return Written(decimal, wanted, wanted.HasPoint ? IniDecimalChar() : QString());
 }
 

@@ -5,14 +5,14 @@
 
 namespace tarvik {
 
-/// `value` by a picture of "0" (digit always shown), "#" (digit shown when needed) and one ".", which comes out as the
-/// region's decimal character, even with no digit behind it. Rounds to nearest, halves away from zero, on the number's
-/// 15 significant decimal digits, so that 0.0000005 in "#0.000000" is 0.000001. A result of zero bears no sign; a value
-/// that is no number gives an empty text.
+/// Formats `value` by a picture of "0" (digit always shown), "#" (digit shown if needed) and one ".", which becomes the
+/// region's decimal character, even with no digit after it. Rounds to nearest, halves away from zero, on 15 significant
+/// decimal digits, so that 0.0000005 in "#0.000000" is 0.000001. A zero result has no sign; infinity and NaN give an
+/// empty text.
 QString FormatPicture(double value, QStringView picture);
 
-/// `value` in plain notation with a point and no exponent, with at most `significantDigits` (1 to 17) digits; trailing
-/// zeros behind the point are left out. No region applies.
+/// `value` in plain notation with a point and no exponent, with at most `significantDigits` (1 to 17) digits and no
+/// trailing zeros after the point. Independent of the region.
 QString PlainNumberText(double value, int significantDigits = 15);
 
 } // namespace tarvik

@@ -8,7 +8,7 @@ namespace tarvik {
 
 namespace {
 
-/// Longer runs of digits are no numbers that anybody typed or a program wrote.
+/// Nobody types, and no program writes, a longer number.
 constexpr qsizetype kLongestNumber = 400;
 
 char16_t Unit(QChar character)

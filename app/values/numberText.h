@@ -1,4 +1,4 @@
-// app/values/numberText.h: the one grammar of numbers that users type and list files hold, in both decimal notations.
+// app/values/numberText.h: the grammar of numbers in typed text and list files, in both decimal notations.
 #pragma once
 
 #include <QByteArrayView>
@@ -7,12 +7,12 @@
 namespace tarvik {
 
 /// True for a text with at least one digit before its first character other than a digit, sign, "e", ".", "," or blank.
-/// White space in front counts for nothing.
+/// Leading white space is ignored.
 bool HoldsNumber(QStringView text);
 
-/// The number at the start of `text`, in front of the first such character. With a "," every "." is dropped and the
-/// comma is the decimal mark. False, with `value` as it was, without a number, for one that a double can't hold, and
-/// where digits, signs, points or commas follow the number.
+/// Reads the number at the start of `text`, before the first such character. With a "," every "." is dropped and the
+/// comma is the decimal mark. False, with `value` unchanged, if there is no number, if a double can't hold it, or if
+/// digits, signs, points or commas follow it.
 [[nodiscard]] bool ReadNumber(QByteArrayView text, double& value);
 
 } // namespace tarvik

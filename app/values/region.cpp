@@ -6,7 +6,7 @@ namespace tarvik {
 
 namespace {
 
-/// Without the mark of the time zone, which the long time of the region ends or begins with.
+/// `format` without the time zone, with which the long time of a region may start or end.
 QString WithoutTimeZone(QString format)
 {
     format.remove(QStringLiteral("(t)"));

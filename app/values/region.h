@@ -1,4 +1,4 @@
-// app/values/region.h: the habits of the system's region.
+// app/values/region.h: formats of the system's region.
 #pragma once
 
 #include <QDateTime>
@@ -6,14 +6,14 @@
 
 namespace tarvik {
 
-/// Order of the parts in the region's short date: 0 month first, 1 day first, 2 year first; -1 if it can't be told.
+/// Order of the parts in the region's short date: 0 month first, 1 day first, 2 year first; -1 if unknown.
 int IniDateOrder();
 
-/// The region's decimal character, "." where it has none.
+/// The region's decimal character, "." if it has none.
 QString IniDecimalChar();
 
-/// What parts the fields of a list. The regions that the system knows don't name it, so it follows the habit of
-/// spreadsheets: ";" where the decimal character is a comma, "," where it is a point; ";" when no region is set.
+/// Separator of the fields of a list. System locales have none, so it is that of spreadsheets: ";" if the decimal
+/// character is a comma, "," if it is a point; ";" if no region is set.
 QString IniListSeparator();
 
 /// Name of the system's default printer, trimmed; empty without one.

@@ -34,8 +34,7 @@ bool IsDigit(QChar character)
     return character >= u'0' && character <= u'9';
 }
 
-/// Reads the digits from `at` on, and skips what is no digit behind them. False without digits, or for a number that
-/// 16 bits can't hold.
+/// Reads digits from `at`, then skips to the next digit. False without digits or for a number beyond 16 bits.
 bool TakeNumber(const QString& text, qsizetype& at, int& number)
 {
     const qsizetype start = at;
@@ -104,7 +103,7 @@ int StrDigitPower(const QString& text, DigitPowerMode mode)
         if (character == u'0')
             continue;
         noted = power;
-        if (mode == DigitPowerHighest || (mode == DigitPowerFirstFraction && power < 0))
+        if (mode == DigitPowerMode::Highest || (mode == DigitPowerMode::FirstFraction && power < 0))
             break;
     }
     return noted;

@@ -22,7 +22,7 @@ public:
     explicit FmConnect(QWidget* parent = nullptr);
 
     /// May still be open from the start of the program.
-    bool GoesWithProgram() const override
+    bool CanCloseUnasked() const override
     {
         return true;
     }

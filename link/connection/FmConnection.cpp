@@ -43,7 +43,7 @@ QLayout* FmConnection::BuildFields()
         QLabel* caption = NewLabel(this, label, { text });
         QLineEdit* textBox = NewTextBox(this, name, text, length);
         BindLabel(caption, textBox);
-        MarkTextOnEnter(textBox);
+        SelectAllOnFocus(textBox);
         const int row = fields->rowCount();
         fields->addWidget(caption, row, 0);
         fields->addWidget(textBox, row, 1);

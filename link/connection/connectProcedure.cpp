@@ -148,7 +148,7 @@ void conStart(bool reconnect)
 {
     if (reconnect)
         conShowConnecting();
-    if (!ChannelIsUp() && !Program().CloseWished)
+    if (!ChannelIsUp() && !Program().CloseRequested)
         conShowDialog();
 }
 

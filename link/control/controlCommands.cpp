@@ -106,7 +106,7 @@ TransferJob DeleteJob(ControlSide side)
 
 bool ConfirmDelete(const FileList& list)
 {
-    return TransferAnySelected(list) && MsgYesNo(TextId::DeleteSelected) == MsgResultYes;
+    return TransferAnySelected(list) && MsgYesNo(TextId::DeleteSelected) == MsgResult::Yes;
 }
 
 void FocusAndUpdate(FileControl& control, ControlSide side)

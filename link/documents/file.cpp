@@ -15,7 +15,7 @@ OpenedFile FileOpenOfKind(const QString& path, const FileKindInfo& kind, bool re
 {
     if (resetFlag)
         MsgAskOnceReset();
-    if (TheMessage().RememberedAnswer == MsgResultNo)
+    if (TheMessage().RememberedAnswer == MsgResult::No)
         return {};
     switch (kind.Kind) {
     case FileKind::None:

@@ -50,11 +50,11 @@ Answer AskToReplace(const QString& target, bool isBatch)
         return Answer::Save;
     if (TheMessage().NoAll)
         return Answer::Skip;
-    const int answer =
+    const MsgResult answer =
         isBatch ? MsgAllChoices1(TextId::OverwriteFile, target) : MsgYesNoDefNo1(TextId::OverwriteFile, target);
-    if (answer == MsgResultYes)
+    if (answer == MsgResult::Yes)
         return Answer::Save;
-    return answer == MsgResultNo ? Answer::Skip : Answer::Stop;
+    return answer == MsgResult::No ? Answer::Skip : Answer::Stop;
 }
 
 void ClearAnswersForAll()
@@ -74,7 +74,7 @@ public:
     int Run()
     {
         const QStringList sources = FileConvert().Sources;
-        for (int done = 0; done < sources.size() && !stopped_ && !Program().CloseWished; ++done) {
+        for (int done = 0; done < sources.size() && !stopped_ && !Program().CloseRequested; ++done) {
             watcher_.Progress(done, static_cast<int>(sources.size()), sources[done]);
             Convert(sources[done], done == 0, sources.size() > 1);
             TheSeams().PumpEvents();

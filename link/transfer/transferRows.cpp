@@ -54,8 +54,8 @@ bool TransferConfirmReplace(TextNumber<1> question, const QString& name, bool of
 {
     if (TheMessage().YesAll || TheMessage().NoAll)
         return TheMessage().YesAll;
-    const int answer = offersAll ? MsgAllChoices1(question, name) : MsgYesNoDefNo1(question, name);
-    return answer == MsgResultYes;
+    const MsgResult answer = offersAll ? MsgAllChoices1(question, name) : MsgYesNoDefNo1(question, name);
+    return answer == MsgResult::Yes;
 }
 
 bool TransferIsLocked(const FileListRow& row)

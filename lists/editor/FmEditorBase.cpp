@@ -110,7 +110,7 @@ QWidget* FmEditorBase::BuildFrameCommands()
         layout->addWidget(button);
     // These discard a bad cell or ask first: checking it would only be in the way.
     for (QPushButton* button : { BtNew, BtOpen, BtHelp, BtClose })
-        LeaveFreely(button);
+        SkipLeaveCheck(button);
     return commands;
 }
 
@@ -169,8 +169,8 @@ bool FmEditorBase::QueryUnload()
 {
     if (!Editor().EditorDirty)
         return true;
-    const int answer = MsgYesNoCancel(TextId::SaveList);
-    return answer == MsgResultYes ? Save() : answer == MsgResultNo;
+    const MsgResult answer = MsgYesNoCancel(TextId::SaveList);
+    return answer == MsgResult::Yes ? Save() : answer == MsgResult::No;
 }
 
 void FmEditorBase::OnUnload()
@@ -183,8 +183,8 @@ bool FmEditorBase::SaveChangesFirst()
 {
     if (!Editor().EditorDirty)
         return true;
-    const int answer = MsgYesNo(TextId::SaveList);
-    return answer == MsgResultYes ? Save() : answer == MsgResultNo;
+    const MsgResult answer = MsgYesNo(TextId::SaveList);
+    return answer == MsgResult::Yes ? Save() : answer == MsgResult::No;
 }
 
 void FmEditorBase::OnNew()

@@ -200,7 +200,7 @@ bool MayWriteFile(const QString& path)
         MsgOk1(TextId::FileIsReadOnly, path);
         return false;
     }
-    return MsgYesNoDefNo1(TextId::OverwriteFile, file.fileName()) == MsgResultYes;
+    return MsgYesNoDefNo1(TextId::OverwriteFile, file.fileName()) == MsgResult::Yes;
 }
 
 bool ListFileExists(const QString& path)

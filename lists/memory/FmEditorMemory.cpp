@@ -55,7 +55,7 @@ void FmEditorMemory::BuildCommands()
     BtEdit = NewButton(list, "BtEdit", { TextId::EditorEdit, TextId::EditorEditHint });
     BtDel = NewButton(list, "BtDel", { TextId::EditorDelete, TextId::EditorDeleteHint });
     CbSort->setAccessibleName(LngStr(TextId::EditorSortHint));
-    LeaveFreely(BtDel);
+    SkipLeaveCheck(BtDel);
     AddCommand(CbSort);
     AddCommand(BtSort);
     AddCommandSpace();

@@ -55,7 +55,7 @@ QLineEdit* fmEditorMemoryListProp::AddText(QGridLayout* layout, const char* labe
     QLineEdit* textBox = NewTextBox(parent, name, HelpId::MemoryEntryValue, length);
     BindLabel(caption, textBox);
     EnterAsTab(textBox);
-    MarkTextOnEnter(textBox);
+    SelectAllOnFocus(textBox);
     layout->addWidget(caption, row, 0);
     layout->addWidget(textBox, row, 1);
     if (unit != nullptr)
@@ -140,7 +140,7 @@ QWidget* fmEditorMemoryListProp::BuildButtons()
     for (QPushButton* button : { BtOk, BtCancel, BtHelp })
         layout->addWidget(button);
     for (QPushButton* button : { BtDelete, BtCancel, BtHelp })
-        LeaveFreely(button);
+        SkipLeaveCheck(button);
     connect(BtDelete, &QPushButton::clicked, this, &fmEditorMemoryListProp::OnDelete);
     connect(BtOk, &QPushButton::clicked, this, &fmEditorMemoryListProp::OnOk);
     connect(BtCancel, &QPushButton::clicked, this, [this] { DialogEnd(*this, kStatusCancelled); });

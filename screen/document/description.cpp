@@ -72,7 +72,7 @@ bool DescrVisible(WindowId id)
     if (!WindowInUse(id) || !WindowAt(id).DescriptionVisible)
         return false;
     const ScreenView* view = ViewOf(id);
-    return view == nullptr || view->State() != WinStateMaximised;
+    return view == nullptr || view->State() != WinState::Maximised;
 }
 
 QFont DescrFont(qint16 windowType)

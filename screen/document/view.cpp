@@ -1,7 +1,6 @@
 #include "screen/document/view.h"
 
 #include "app/platform/processState.h"
-#include "app/state/project.h"
 
 #include <array>
 
@@ -12,9 +11,9 @@ namespace {
 /// A window that is never shown and always has the requested size.
 class SizesView final : public ScreenView {
 public:
-    int State() const override
+    WinState State() const override
     {
-        return WinStateNormal;
+        return WinState::Normal;
     }
     void SetNormal() override { }
     void Show() override { }

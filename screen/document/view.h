@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/platform/port.h"
+#include "app/state/project.h"
 #include "screen/document/window.h"
 
 #include <QImage>
@@ -25,7 +26,7 @@ class ScreenView {
 public:
     virtual ~ScreenView() = default;
 
-    virtual int State() const = 0; ///< WinState of app/state/project.h
+    virtual WinState State() const = 0;
     virtual void SetNormal() = 0;
     virtual void Show() = 0; ///< raises the window and gives it the focus
 

@@ -195,7 +195,7 @@ WindowSlot WindowAllocate(qint16 type, qint16 subtype)
     const WindowId oldest = OldestOf(type);
     if (oldest == 0)
         return TakeFreeSlot(type, subtype, 1);
-    if (MsgAskOnce(TextId::ReplaceOldestWindow) != MsgResultYes)
+    if (MsgAskOnce(TextId::ReplaceOldestWindow) != MsgResult::Yes)
         return {};
     return { oldest, subtype, true };
 }

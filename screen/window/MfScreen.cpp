@@ -164,16 +164,16 @@ void MfScreen::Release()
     unloaded_ = true;
 }
 
-int MfScreen::State() const
+WinState MfScreen::State() const
 {
     if (state_.testFlag(Qt::WindowMinimized))
-        return WinStateMinimised;
-    return state_.testFlag(Qt::WindowMaximized) ? WinStateMaximised : WinStateNormal;
+        return WinState::Minimised;
+    return state_.testFlag(Qt::WindowMaximized) ? WinState::Maximised : WinState::Normal;
 }
 
 bool MfScreen::MayResize() const
 {
-    return State() == WinStateNormal;
+    return State() == WinState::Normal;
 }
 
 void MfScreen::SetNormal()

@@ -46,7 +46,7 @@ public:
     /// Detaches the window from the modules.
     void Release();
 
-    int State() const override;
+    WinState State() const override;
     void SetNormal() override;
     void Show() override;
     QSize ClientSize() const override;

@@ -16,7 +16,7 @@ void SetAllToDefaultSize()
 {
     for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id)) {
         const ScreenView* view = ViewOf(id);
-        if (view != nullptr && view->State() == WinStateNormal)
+        if (view != nullptr && view->State() == WinState::Normal)
             SetDefaultSize(id);
     }
 }

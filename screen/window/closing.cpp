@@ -31,15 +31,15 @@ QVector<WindowId> UnsavedOf(WindowId id)
 }
 
 /// Asks whether to save; No without a question after "No All".
-int AskWhetherToSave(WindowId id, bool single)
+MsgResult AskWhetherToSave(WindowId id, bool single)
 {
     if (WindowTable().NoQuestions)
-        return MsgResultNo;
+        return MsgResult::No;
     const auto text = id == 0 ? TextId::SaveBeforeClosing : TextId::SaveChanges;
     const QString title = ScreenTitle(id);
     if (single || WindowCount(0) == 1)
         return MsgYesNoCancel1(text, title);
-    const int answer = MsgYesNoAllCancel1(text, title);
+    const MsgResult answer = MsgYesNoAllCancel1(text, title);
     WindowTable().NoQuestions = TheMessage().NoAll;
     return answer;
 }
@@ -97,9 +97,9 @@ bool CloseQuestion(WindowId id, bool single)
     if (unsaved.isEmpty())
         return true;
     switch (AskWhetherToSave(asked, single)) {
-    case MsgResultYes:
+    case MsgResult::Yes:
         return Save(unsaved);
-    case MsgResultNo:
+    case MsgResult::No:
         for (const WindowId each : unsaved)
             WindowAt(each).Modified = false;
         return true;

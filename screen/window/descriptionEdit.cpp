@@ -59,12 +59,12 @@ void DescrSetVisible(bool visible, WindowId id)
     const ScreenView* view = ViewOf(id);
     if (!WindowInUse(id) || view == nullptr)
         return;
-    if (visible && view->State() == WinStateMaximised) {
+    if (visible && view->State() == WinState::Maximised) {
         WindowAt(id).Description.clear();
         ShowText(id);
     }
     WindowAt(id).DescriptionVisible = visible;
-    if (view->State() == WinStateMinimised)
+    if (view->State() == WinState::Minimised)
         return;
     DescrResize(id);
     DrawScreenWindow(id);
@@ -111,11 +111,11 @@ void DescrResize(WindowId id)
     ScreenView* view = ViewOf(id);
     if (!WindowInUse(id) || view == nullptr || WindowAt(id).InResize)
         return;
-    if (view->State() == WinStateMinimised) {
+    if (view->State() == WinState::Minimised) {
         ApplySize(id);
         return;
     }
-    if (view->State() == WinStateMaximised)
+    if (view->State() == WinState::Maximised)
         return;
     const QScopedValueRollback resizing(WindowAt(id).InResize, true);
     const int height = view->GraphSize().height() + DescrHeight(id) + StatusHeight(id);

@@ -27,7 +27,7 @@ constexpr quint32 kInk = 0x000000;
 bool IsMinimised(WindowId id)
 {
     const ScreenView* view = ViewOf(id);
-    return view != nullptr && view->State() == WinStateMinimised;
+    return view != nullptr && view->State() == WinState::Minimised;
 }
 
 QSize DefaultGraph(WindowId id)
@@ -151,7 +151,7 @@ void SizeNewWindow(WindowId id)
     const QSize wished(placement.ClientWidth, placement.ClientHeight);
     {
         const QScopedValueRollback resizing(WindowAt(id).InResize, true);
-        if (isPlaced && view->State() != WinStateMaximised)
+        if (isPlaced && view->State() != WinState::Maximised)
             view->MoveTo({ placement.Left, placement.Top });
         view->SetClientSize(wished == QSize(0, 0) ? size : wished);
     }
@@ -177,7 +177,7 @@ void FitWindow(WindowId id)
     ScreenView* view = ViewOf(id);
     if (view == nullptr || IsMinimised(id))
         return;
-    if (view->State() == WinStateNormal) {
+    if (view->State() == WinState::Normal) {
         const QSize client = view->ClientSize();
         const QSize fitted = FitClient({ MasterSize(id), client, view->GraphSize(), DescrHeight(id), StatusHeight(id),
             TheScreenWindows().Arranging });
@@ -229,7 +229,7 @@ void DrawScreenWindow(WindowId id)
 bool AtDefaultSize(WindowId id)
 {
     const ScreenView* view = ViewOf(id);
-    return WindowInUse(id) && view != nullptr && view->State() == WinStateNormal
+    return WindowInUse(id) && view != nullptr && view->State() == WinState::Normal
         && view->GraphSize() == DefaultGraph(id);
 }
 

@@ -11,14 +11,13 @@
 
 namespace {
 
-/// A top folder and its rooms, lowest first. A floor without rooms is not looked into.
+/// A top folder and its rooms, lowest first. A floor without rooms counts as one.
 struct Floor {
     std::string_view Name;
     std::vector<std::string_view> Rooms;
 };
 
-/// Lowest first. What lies in a floor outside of its rooms binds them and is above them; files at the root compose the
-/// program and are above all floors.
+/// Lowest first. Files of a floor outside its rooms are above them, and files at the root above all floors.
 const std::vector<Floor>& Floors()
 {
     static const std::vector<Floor> floors{
@@ -49,7 +48,7 @@ std::string FirstFolder(const std::string& path)
     return slash == std::string::npos ? std::string() : path.substr(0, slash);
 }
 
-/// Place in the order: floor, then room. Nothing for a folder that is not ordered.
+/// Rank by floor, then room. Empty for a folder that has none.
 std::optional<std::pair<size_t, size_t>> Rank(const std::string& path)
 {
     const auto& floors = Floors();
@@ -163,7 +162,7 @@ private:
             || rules_.WidgetHeaders.contains(name);
     }
 
-    /// Joins each source with the headers among its includes whose functions it defines.
+    /// Joins each source with the included headers whose functions it defines.
     void TieModules()
     {
         std::map<std::string, ScopeNames> names;
@@ -219,31 +218,30 @@ private:
             }
         }
         for (const auto& [module, unused] : neighbours_) {
-            std::vector<std::string> road;
-            FollowCircle(module, road);
+            std::vector<std::string> trail;
+            FollowCircle(module, trail);
         }
     }
 
-    /// Reports each circle once: the walk never leaves it unless it ends at the module where it was entered, and
-    /// modules that were left are not entered again.
-    void FollowCircle(const std::string& module, std::vector<std::string>& road)
+    /// Depth-first search that visits each module once, so that each circle is reported once.
+    void FollowCircle(const std::string& module, std::vector<std::string>& trail)
     {
-        const auto at = std::find(road.begin(), road.end(), module);
-        if (at != road.end()) {
+        const auto at = std::find(trail.begin(), trail.end(), module);
+        if (at != trail.end()) {
             std::string circle;
-            for (auto step = at; step != road.end(); ++step)
+            for (auto step = at; step != trail.end(); ++step)
                 circle += *step + " -> ";
             findings_.push_back("circle: " + circle + module);
             return;
         }
         if (!visited_.insert(module).second)
             return;
-        road.push_back(module);
+        trail.push_back(module);
         if (const auto found = neighbours_.find(module); found != neighbours_.end()) {
             for (const std::string& next : found->second)
-                FollowCircle(next, road);
+                FollowCircle(next, trail);
         }
-        road.pop_back();
+        trail.pop_back();
     }
 
     const SourceTree& tree_;

@@ -1,5 +1,4 @@
-// tests/layers/includes.h: reads the includes of a source tree and tells which of them break the order of floors and
-// rooms.
+// tests/layers/includes.h: finds includes of a source tree that break the order of floors and rooms.
 #pragma once
 
 #include <map>
@@ -10,13 +9,13 @@
 /// Contents of source files by their path from the root of the tree.
 using SourceTree = std::map<std::string, std::string>;
 
-/// What decides beside the tree itself.
+/// What the build knows about the tree.
 struct LayerRules {
     std::set<std::string> ModuleSources; ///< files that are built without widgets
     std::set<std::string> WidgetHeaders; ///< names of headers that only forms may include
 };
 
-/// One line for each finding; empty for a tree in order. Found are:
+/// One line for each finding:
 /// - an include that points up, or from one list editor's room into another's;
 /// - an include that does not start at a folder of the tree;
 /// - a file in a folder of a floor that is no room;
@@ -25,5 +24,5 @@ struct LayerRules {
 ///   them into one module, so that what it includes counts for all of them.
 std::vector<std::string> FindBrokenLayers(const SourceTree& tree, const LayerRules& rules);
 
-/// Reads the sources of the folders that are ordered, and those at the root.
+/// Reads the sources of all floors, and those at the root.
 SourceTree ReadSourceTree(const std::string& root);

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Each line of a file that the build wrote.
+/// The lines of a file that the build wrote.
 std::vector<std::string> Lines(const std::string& path)
 {
     std::ifstream in(path);
@@ -33,7 +33,7 @@ std::set<std::string> NamesIn(const std::string& folder)
     return names;
 }
 
-/// Headers that only the widget libraries have: some names forward to a header of a lower library.
+/// Headers of the widget libraries only: some forward to a lower library.
 std::set<std::string> WidgetHeaders()
 {
     std::set<std::string> names;
@@ -81,7 +81,7 @@ TEST(Layers, IncludesOfTheTreePointOnlyDown)
     EXPECT_TRUE(findings.empty()) << Joined(findings);
 }
 
-TEST(Layers, KnowTheModulesAndTheWidgetHeadersOfThisBuild)
+TEST(Layers, HaveTheModulesAndWidgetHeadersOfThisBuild)
 {
     EXPECT_TRUE(ModuleSources().contains("app/message/message.cpp"));
     EXPECT_FALSE(ModuleSources().contains("app/forms/form.cpp"));
@@ -162,7 +162,7 @@ TEST(LayerCheck, FindsAnIncludeOfAHigherRoom)
         std::vector<std::string>({ "app/text/lang.cpp:1: app/frame/menu.h points up" }));
 }
 
-TEST(LayerCheck, WhatBindsAFloorIsAboveItsRooms)
+TEST(LayerCheck, BindersAreAboveTheRoomsOfTheirFloor)
 {
     const SourceTree tree{ { "link/bindLink.cpp", "#include \"link/files/drives.h\"\n" },
         { "link/control/controlGeneral.cpp", "#include \"link/bindLink.h\"\n" },
@@ -171,7 +171,7 @@ TEST(LayerCheck, WhatBindsAFloorIsAboveItsRooms)
         std::vector<std::string>({ "link/control/controlGeneral.cpp:1: link/bindLink.h points up" }));
 }
 
-TEST(LayerCheck, FindsAFileOutsideOfRooms)
+TEST(LayerCheck, FindsAFileOutsideRooms)
 {
     const SourceTree tree{ { "app/misc/a.cpp", "" }, { "app/text/deep/b.cpp", "" } };
     EXPECT_EQ(FindBrokenLayers(tree, FakeRules()),
@@ -217,7 +217,7 @@ TEST(LayerCheck, FindsACircleThatASourceClosesForAClassWhoseMembersItDefines)
         std::vector<std::string>({ "circle: app/frame/Frame -> app/frame/bar -> app/frame/Frame" }));
 }
 
-TEST(LayerCheck, CallsAndUnnamedNamespacesTieNothing)
+TEST(LayerCheck, CallsAndUnnamedNamespacesJoinNothing)
 {
     const SourceTree tree{ { "app/text/a.h", "void A();\nvoid Help();\n" }, { "app/text/b.h", "void B();\n" },
         { "app/text/b.cpp", "#include \"app/text/a.h\"\nnamespace {\nvoid Help() { }\n}\nvoid B()\n{\n    A();\n}\n" },
@@ -255,9 +255,9 @@ void Defined() { }
     EXPECT_EQ(names.MembersOf, (std::set<std::string>{ "Point", "Ahead" }));
 }
 
-TEST(SourceText, FindsVariablesThatLast)
+TEST(SourceText, FindsStaticVariables)
 {
-    const std::vector<LastingVariable> found = LastingVariablesOf(R"(namespace tarvik {
+    const std::vector<StaticVariable> found = StaticVariablesOf(R"(namespace tarvik {
 namespace {
 const QString kSection = QStringLiteral("File");
 constexpr std::array kNumbers{ 1, 2 };
@@ -285,7 +285,7 @@ State& TheState()
 }
 )");
     std::vector<std::string> names;
-    for (const LastingVariable& variable : found)
+    for (const StaticVariable& variable : found)
         names.push_back(variable.Name + ":" + std::to_string(variable.Line));
     EXPECT_EQ(names,
         (std::vector<std::string>{

@@ -78,7 +78,7 @@ private:
     size_t at_ = 0;
 };
 
-/// Splits code into what stands at namespace scope. A statement ends in a semicolon or in a body, which is left out.
+/// Splits code into its statements at namespace scope. A statement ends with a semicolon or a body, which is left out.
 class Statements {
 public:
     struct Statement {
@@ -106,7 +106,7 @@ public:
     }
 
 private:
-    /// White space is one blank: the expressions below recurse by the character, and a blanked comment is long.
+    /// Collapses white space: the regular expressions recurse per character, and a blanked comment is long.
     void Append(char character)
     {
         if (std::isspace(static_cast<unsigned char>(character)) == 0)
@@ -161,8 +161,8 @@ private:
     std::vector<Statement> statements_;
 };
 
-/// Where the parameters of a function begin: the first parenthesis outside of template arguments; npos without one, and
-/// for a variable with an initialiser.
+/// Position of a function's parameters: the first parenthesis outside template arguments; npos without one, and for a
+/// variable with an initialiser.
 size_t ParametersAt(const std::string& statement)
 {
     int depth = 0;
@@ -194,7 +194,7 @@ bool IsDeclaration(const std::string& type)
     return !std::regex_search(type, other);
 }
 
-/// "int& Count()" of a line that begins a function; empty for any other.
+/// Name of the function that a line begins; empty for any other line.
 std::string FunctionBegunBy(const std::string& line)
 {
     static const std::regex function(R"(^[A-Za-z][^=;]*?(\w+)\([^;]*$)");
@@ -255,12 +255,12 @@ ScopeNames NamesAtNamespaceScope(const std::string& text)
     return names;
 }
 
-std::vector<LastingVariable> LastingVariablesOf(const std::string& text)
+std::vector<StaticVariable> StaticVariablesOf(const std::string& text)
 {
     static const std::regex ofFunction(R"(^\s+(static\s[^(){}=;]*[\s*&>])([a-z]\w*)\s*[;={(\[])");
     static const std::regex ofNamespace(R"(^([A-Za-z][^(){}=;]*[\s*&>])([a-z]\w*)\s*[;={\[])");
     std::istringstream code(CodeOnly(text).Run());
-    std::vector<LastingVariable> variables;
+    std::vector<StaticVariable> variables;
     std::string function;
     int number = 0;
     for (std::string line; std::getline(code, line);) {

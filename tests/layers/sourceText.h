@@ -1,5 +1,5 @@
-// tests/layers/sourceText.h: what a C++ source says at namespace scope: its includes, and the functions and types that
-// it declares or defines there. Reads text as this tree is formatted; it is no parser of the language.
+// tests/layers/sourceText.h: includes of a C++ source, and the functions, types and variables at its namespace scope.
+// Relies on the formatting of this tree; it is no parser of the language.
 #pragma once
 
 #include <set>
@@ -23,13 +23,12 @@ struct ScopeNames {
 /// Unnamed namespaces are left out: what they hold belongs to no header.
 ScopeNames NamesAtNamespaceScope(const std::string& text);
 
-struct LastingVariable {
+struct StaticVariable {
     std::string Type;
     std::string Name;
-    std::string Function; ///< whose static it is, or which is the last one before it
+    std::string Function; ///< whose static it is, or the last one before it
     int Line = 0; ///< from 1
 };
 
-/// Variables that outlive every call and can change: statics of functions and classes, and what stands at namespace
-/// scope, without constants.
-std::vector<LastingVariable> LastingVariablesOf(const std::string& text);
+/// Mutable variables of static storage: statics of functions and classes, and variables at namespace scope.
+std::vector<StaticVariable> StaticVariablesOf(const std::string& text);

@@ -13,7 +13,7 @@ public:
     bool Active = false;
     bool RefusesToClose = false;
     bool RemovesClose = false;
-    bool Goes = false; ///< when the program is to end
+    bool ClosesUnasked = false; ///< when the program is to end
 
     bool WasBlocking = false;
     bool WasUnloaded = false;
@@ -43,9 +43,9 @@ public:
         DialogPop();
     }
 
-    bool GoesWithProgram() const override
+    bool CanCloseUnasked() const override
     {
-        return Goes;
+        return ClosesUnasked;
     }
 
     void PrepareWindow(bool removeClose) override

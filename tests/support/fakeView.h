@@ -14,7 +14,7 @@ namespace tarvik {
 
 class FakeView final : public ScreenView {
 public:
-    int WindowState = WinStateNormal;
+    WinState WindowState = WinState::Normal;
     QSize Client{ 300, 200 };
     QSize Graph{ 0, 0 };
     QPoint Place{ -1, -1 };
@@ -33,13 +33,13 @@ public:
     std::function<void()> OnSized = [] {}; ///< what a real window raises
     std::function<void()> OnFilled = [] {};
 
-    int State() const override
+    WinState State() const override
     {
         return WindowState;
     }
     void SetNormal() override
     {
-        WindowState = WinStateNormal;
+        WindowState = WinState::Normal;
     }
     void Show() override
     {
@@ -51,7 +51,7 @@ public:
     }
     void SetClientSize(QSize size) override
     {
-        if (WindowState == WinStateMaximised)
+        if (WindowState == WinState::Maximised)
             return;
         Client = size.expandedTo(Smallest);
         ++Sizings;
@@ -150,7 +150,7 @@ public:
         return WhenOffered(offered);
     }
 
-    int FirstState = WinStateNormal;
+    WinState FirstState = WinState::Normal;
     int Loaded = 0;
     bool FrameIsActive = false;
     bool TakesCopies = false;

@@ -14,17 +14,17 @@ MessageScript::~MessageScript()
     TheMessagePresenter().Reset();
 }
 
-void MessageScript::Expect(int id, int answer)
+void MessageScript::Expect(int id, MsgResult answer)
 {
     steps_.push_back({ id, false, {}, answer, {} });
 }
 
-void MessageScript::Expect(int id, const QStringList& args, int answer)
+void MessageScript::Expect(int id, const QStringList& args, MsgResult answer)
 {
     steps_.push_back({ id, true, args, answer, {} });
 }
 
-void MessageScript::ExpectWhile(int id, int answer, std::function<void()> during)
+void MessageScript::ExpectWhile(int id, MsgResult answer, std::function<void()> during)
 {
     steps_.push_back({ id, false, {}, answer, std::move(during) });
 }

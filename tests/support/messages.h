@@ -18,11 +18,11 @@ public:
     ~MessageScript();
 
     /// Expects message `id` next and answers it. `args`, where given, must equal the arguments of the message.
-    void Expect(int id, int answer);
-    void Expect(int id, const QStringList& args, int answer);
+    void Expect(int id, MsgResult answer);
+    void Expect(int id, const QStringList& args, MsgResult answer);
 
     /// The same; `during` runs while the message is showing.
-    void ExpectWhile(int id, int answer, std::function<void()> during);
+    void ExpectWhile(int id, MsgResult answer, std::function<void()> during);
 
     /// Fails the test for each message that is still expected.
     void Verify();
@@ -32,7 +32,7 @@ private:
         int Id = 0;
         bool HasArgs = false;
         QStringList Args;
-        int Answer = MsgNone;
+        MsgResult Answer = MsgResult::None;
         std::function<void()> During;
     };
     void Present(MessageRequest& request) override;
@@ -40,9 +40,9 @@ private:
     std::deque<Step> steps_;
 };
 
-inline constexpr int Ok = MsgResultOk;
-inline constexpr int Cancel = MsgResultCancel;
-inline constexpr int Yes = MsgResultYes;
-inline constexpr int No = MsgResultNo;
+inline constexpr MsgResult Ok = MsgResult::Ok;
+inline constexpr MsgResult Cancel = MsgResult::Cancel;
+inline constexpr MsgResult Yes = MsgResult::Yes;
+inline constexpr MsgResult No = MsgResult::No;
 
 } // namespace tarvik

@@ -23,7 +23,7 @@ class PlainPresenter final : public MessagePresenter {
 public:
     void Present(MessageRequest& request) override
     {
-        request.Result = request.IsQuestion() ? MsgResultYes : MsgResultOk;
+        request.Result = request.IsQuestion() ? MsgResult::Yes : MsgResult::Ok;
         if (!request.IsQuestion())
             QTextStream(stderr) << request.HelpNumber << ": " << request.Text << '\n';
     }

@@ -61,7 +61,7 @@ WindowId FetchIntoWindow(Terminal& terminal)
 
 void StopOnSignal()
 {
-    OnCloseSignal([] { Program().CloseWished = true; });
+    OnCloseSignal([] { Program().CloseRequested = true; });
 }
 
 /// The files of a batch.
@@ -76,25 +76,26 @@ Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Term
 {
     QStringList all;
     for (const QString& operand : arguments.Operands)
-        all.append(QFileInfo(WithoutStepsUp(operand)).absoluteFilePath());
+        all.append(QFileInfo(ResolveParentSteps(operand)).absoluteFilePath());
     QSet<QString> sources;
     for (const QString& path : all)
-        sources.insert(BehindLinks(path));
+        sources.insert(ResolveLinks(path));
     QSet<QString> seen;
     QHash<QString, QString> nameByTarget;
     Batch batch;
     for (qsizetype at = 0; at < all.size(); ++at) {
         const QString& name = arguments.Operands[at];
-        const QString folder = state.TargetFolder.isEmpty() ? QFileInfo(all[at]).path()
-                                                            : QDir(WithoutStepsUp(state.TargetFolder)).absolutePath();
+        const QString folder = state.TargetFolder.isEmpty()
+            ? QFileInfo(all[at]).path()
+            : QDir(ResolveParentSteps(state.TargetFolder)).absolutePath();
         const QString target = QDir::cleanPath(FileTargetPath(folder, all[at], state.TargetExtension));
-        const QString replaced = BehindLinks(target);
-        const QString source = InRealFolder(all[at]);
+        const QString replaced = ResolveLinks(target);
+        const QString source = ResolveFolder(all[at]);
         terminal.SetFile(name);
         if (seen.contains(source))
             continue;
         seen.insert(source);
-        if (replaced != BehindLinks(all[at]) && sources.contains(replaced)) {
+        if (replaced != ResolveLinks(all[at]) && sources.contains(replaced)) {
             terminal.Refuse(QStringLiteral("would replace %1, which is to be converted itself").arg(target));
         } else if (nameByTarget.contains(replaced)) {
             terminal.Refuse(QStringLiteral("would become the same file as %1").arg(nameByTarget[replaced]));
@@ -158,7 +159,7 @@ void CtlRunPictures(const CtlArguments& arguments, Terminal& terminal)
     terminal.ShowProgress({});
     if (converted < batch.Paths.size())
         terminal.SetFailed();
-    if (Program().CloseWished) {
+    if (Program().CloseRequested) {
         terminal.SetFile(QStringLiteral("tarvikctl"));
         terminal.Refuse(QStringLiteral("stopped, %1 of %2 files are written").arg(converted).arg(batch.Paths.size()));
     }
@@ -176,7 +177,7 @@ QString CtlCaptureTarget(const CtlArguments& arguments)
     if (!arguments.ImageFormat.isEmpty())
         name = (CtlIsPictureName(name) ? out.completeBaseName() : name) + u'.' + arguments.ImageFormat;
     const QString folder = arguments.Into.isEmpty() ? out.path() : arguments.Into;
-    return QDir::cleanPath(QDir(WithoutStepsUp(folder)).filePath(name));
+    return QDir::cleanPath(QDir(ResolveParentSteps(folder)).filePath(name));
 }
 
 void CtlCapture(const CtlArguments& arguments, Terminal& terminal)
@@ -191,7 +192,7 @@ void CtlCapture(const CtlArguments& arguments, Terminal& terminal)
         return;
     Describe(id, arguments, terminal);
     QString path = QFileInfo(CtlCaptureTarget(arguments)).absoluteFilePath();
-    if (Program().CloseWished)
+    if (Program().CloseRequested)
         terminal.Refuse(QStringLiteral("stopped, nothing is written"));
     else if (!FileSaveAs(path, id, true) || path.isEmpty())
         terminal.SetFailed();

@@ -58,11 +58,11 @@ void Terminal::Present(MessageRequest& request)
     const QString start = QStringLiteral(": %1%2: ").arg(request.HelpNumber).arg(mark);
     TerminalWrite(stderr, TerminalPrintable(file_ + start + text) + u'\n');
     if (question)
-        request.Result = answerYes_ ? MsgResultYes : MsgResultNo;
+        request.Result = answerYes_ ? MsgResult::Yes : MsgResult::No;
     else
-        request.Result = MsgResultOk;
+        request.Result = MsgResult::Ok;
     hasFailed_ = hasFailed_ || !question;
-    wasAnsweredNo_ = wasAnsweredNo_ || request.Result == MsgResultNo;
+    wasAnsweredNo_ = wasAnsweredNo_ || request.Result == MsgResult::No;
 }
 
 void Terminal::Refuse(const QString& text)

@@ -15,11 +15,11 @@ namespace tarvik {
 
 namespace {
 
-/// A file that bears a version record, as an executable or module does.
+/// A file with a version record, like an executable or module.
 QByteArray FileWithVersion(quint16 build)
 {
     const TvVersionRecord record = TV_VERSION_RECORD(1, 2, build, 4);
-    return "code before" + QByteArray(reinterpret_cast<const char*>(&record), sizeof record) + "and behind";
+    return "code before" + QByteArray(reinterpret_cast<const char*>(&record), sizeof record) + "code after";
 }
 
 void FirmwareOf(int16_t* status, char* out, int32_t outSize)
@@ -53,7 +53,7 @@ protected:
     }
 };
 
-TEST_F(Info, ListsNineFilesInTheirOrder)
+TEST_F(Info, ListsNineFilesInOrder)
 {
     const auto name = [](Module module) { return ModuleFileName(module); };
     EXPECT_EQ(Names(),
@@ -61,7 +61,7 @@ TEST_F(Info, ListsNineFilesInTheirOrder)
             name(Module::Traces), name(Module::Channel), name(Module::ListStore), name(Module::ListStore) + " fw" }));
 }
 
-TEST_F(Info, ReadsTheVersionsOutOfTheFiles)
+TEST_F(Info, ReadsTheVersionsFromTheFiles)
 {
     Store(FilePath("program"), FileWithVersion(3));
     Store(FilePath(ModuleFileName(Module::Pictures)), FileWithVersion(7));
@@ -71,7 +71,7 @@ TEST_F(Info, ReadsTheVersionsOutOfTheFiles)
     EXPECT_EQ(rows[3].FileVersion, "1.2.7.4");
 }
 
-TEST_F(Info, MissingFileShowsItInBothColumns)
+TEST_F(Info, ShowsNoVersionOfAMissingFile)
 {
     const auto rows = InfoRows();
     EXPECT_NE(LngStr(11712), "");
@@ -81,7 +81,7 @@ TEST_F(Info, MissingFileShowsItInBothColumns)
     }
 }
 
-TEST_F(Info, FileWithoutAVersionShowsItToo)
+TEST_F(Info, ShowsNoVersionOfAFileWithoutOne)
 {
     Store(FilePath("program"), "no record here");
     EXPECT_EQ(InfoRows()[0].FileVersion, LngStr(11712));
@@ -94,13 +94,13 @@ TEST_F(Info, FirmwareComesFromTheListStoreWithoutAnInstrument)
     EXPECT_EQ(InfoRows()[8].ProductVersion, "V04.30");
 }
 
-TEST_F(Info, FirmwareThatIsNotToldShowsTheTextForNone)
+TEST_F(Info, ShowsNoFirmwareVersionAfterAFailure)
 {
     TvFio().GetTvFwVersion = FirmwareFails;
     EXPECT_EQ(InfoRows()[8].FileVersion, LngStr(11712));
 }
 
-TEST_F(Info, HelpBookTellsItsVersionItself)
+TEST_F(Info, ReadsTheVersionOfTheHelpBook)
 {
     Program().HelpFilePath = FilePath("TARVIK.chm");
     EXPECT_EQ(InfoRows()[1].FileVersion, LngStr(11712));
@@ -111,7 +111,7 @@ TEST_F(Info, HelpBookTellsItsVersionItself)
     EXPECT_EQ(InfoRows()[1].ProductVersion, version->Product);
 }
 
-TEST_F(Info, TextPartsItsColumnsByTabs)
+TEST_F(Info, TextSeparatesColumnsByTabs)
 {
     Store(FilePath("program"), FileWithVersion(3));
     const QStringList lines = InfoText().split("\r\n");
@@ -120,13 +120,13 @@ TEST_F(Info, TextPartsItsColumnsByTabs)
     EXPECT_EQ(lines[9], "");
 }
 
-TEST_F(Info, VersionSentenceBearsThePreReleaseTagBehindABlank)
+TEST_F(Info, VersionSentenceEndsWithThePreReleaseTag)
 {
     EXPECT_EQ(AboutVersionText({}), LngStr1(10014, ProductVersionText()));
     EXPECT_EQ(AboutVersionText("beta 2"), LngStr1(10014, ProductVersionText()) + " beta 2");
 }
 
-TEST_F(Info, FileThatIsThereWithAZeroVersionShowsIt)
+TEST_F(Info, ShowsAZeroVersion)
 {
     TvVersionRecord zero = TV_VERSION_RECORD(0, 0, 0, 0);
     std::ranges::fill(zero.ProductVersion, 0);

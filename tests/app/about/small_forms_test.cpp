@@ -135,7 +135,7 @@ TEST_F(Info, ShowsAllFilesWithoutScrolling)
     DialogEnd(form, 0);
 }
 
-TEST_F(Info, OpensWithoutThePictureModuleAndSaysSo)
+TEST_F(Info, ShowsThatThePictureModuleIsMissing)
 {
     FmInfo form; // the test's folder holds no module
     ShowForm(form);
@@ -145,7 +145,7 @@ TEST_F(Info, OpensWithoutThePictureModuleAndSaysSo)
     DialogEnd(form, 0);
 }
 
-TEST_F(Info, StopsItsTabsBehindTheWidestName)
+TEST_F(Info, HasItsTabStopAfterTheWidestName)
 {
     FmInfo form;
     ShowForm(form);
@@ -191,7 +191,7 @@ TEST_F(Logo, EndsWithStatus0AfterOneTickOf5000Milliseconds)
     EXPECT_TRUE(form.IsClosed());
 }
 
-TEST_F(Logo, TakesTheSizeOfItsPictureAndStandsOnTheStack)
+TEST_F(Logo, HasTheSizeOfItsPictureAndIsOnTheStack)
 {
     TheSeams().StartTimer = [](int, const std::function<void()>&) {};
     FmLogo form{ QPixmap(240, 130) };
@@ -202,7 +202,7 @@ TEST_F(Logo, TakesTheSizeOfItsPictureAndStandsOnTheStack)
     DialogEnd(form, 0);
 }
 
-TEST_F(Logo, OutlivesATickThatComesTooLate)
+TEST_F(Logo, IgnoresALateTick)
 {
     std::function<void()> tick;
     TheSeams().StartTimer = [&tick](int, std::function<void()> action) { tick = std::move(action); };
@@ -217,7 +217,7 @@ TEST_F(Logo, OutlivesATickThatComesTooLate)
     EXPECT_FALSE(DialogIsOpen());
 }
 
-TEST_F(DebugForm, NamesTheFunctionAndGoesOn)
+TEST_F(DebugForm, NamesTheFunctionAndContinues)
 {
     for (const char* button : { "BtRetry", "BtIgnore" }) {
         FmDebug form("MnBmpShow");
@@ -243,7 +243,7 @@ TEST_F(TipForm, ShowsItsTextUnderTheButtonAndOnTheScreen)
     EXPECT_EQ(tip.geometry().right(), screenRight - 4);
 }
 
-TEST(ProgramPictures, EachToolButtonHasOneAndNoTwoAreAlike)
+TEST(ProgramPictures, AreDifferentOnEachToolButton)
 {
     std::set<QString> seen;
     for (const ToolButton& button : ToolBarTable()) {
@@ -281,7 +281,7 @@ TEST(ProgramPictures, FollowTheColourOfTheText)
     EXPECT_EQ(icon.pixmap(24, 24).toImage(), first);
 }
 
-TEST(ProgramPictures, AreDrawnOnceForAllThatShowThem)
+TEST(ProgramPictures, AreCached)
 {
     const QPixmap one = PictureIcon("MDI_SCREEN").pixmap(QSize(16, 16), 1);
     EXPECT_EQ(PictureIcon("MDI_SCREEN").pixmap(QSize(16, 16), 1).cacheKey(), one.cacheKey());
@@ -316,12 +316,12 @@ TEST(ProgramPictures, AreSharpAtAnyScaleOfTheScreen)
     }
 }
 
-TEST(ProgramPictures, WithoutRoomAreNotDrawn)
+TEST(ProgramPictures, AreNotDrawnInAnEmptySize)
 {
     EXPECT_TRUE(PictureIcon("print").pixmap(QSize(0, 16), 1).isNull());
 }
 
-TEST(ProgramPictures, TakeTheColourOfTheTextInAHighlightedMenuItem)
+TEST(ProgramPictures, HaveTheTextColourInAHighlightedMenuItem)
 {
     const QPalette before = QGuiApplication::palette();
     QPalette palette = before;

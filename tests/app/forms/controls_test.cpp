@@ -1,4 +1,4 @@
-// What every form shares: its controls under the hand of a language, their hints, and Escape.
+// What every form has: controls adjusted by the language, their hints, and Escape.
 #include "app/text/lang.h"
 #include "closed/loader.h"
 #include "tests/support/fakeFrame.h"
@@ -56,7 +56,7 @@ protected:
 
 } // namespace
 
-TEST_F(FormControls, NothingMovesWithThreeAdjustmentsButAComboBox)
+TEST_F(FormControls, ThreeAdjustmentsMoveOnlyAComboBox)
 {
     Adjust(3);
     QWidget form;
@@ -101,7 +101,7 @@ TEST_F(FormControls, FourAdjustmentsMakeAFormLargerThanItsLayout)
     DialogEnd(same, 0);
 }
 
-TEST_F(FormControls, TheBusyPointerLastsAsLongAsTheOutermostGuard)
+TEST_F(FormControls, BusyPointerLastsAsLongAsTheOutermostGuard)
 {
     SizedForm form;
     const auto isBusy = [&form] { return form.cursor().shape() == Qt::WaitCursor; };
@@ -136,7 +136,7 @@ TEST_F(FormControls, TwipsAre15InAPixelAt96DotsPerInch)
 
 namespace {
 
-/// A form with a list, to try what a pop-up does to Escape.
+/// A form with a drop-down list.
 class ListForm final : public FormBase {
 public:
     ListForm()
@@ -181,7 +181,7 @@ TEST_F(Escape, ClosesOneFormForEachPressAndRelease)
     EXPECT_TRUE(lower.IsClosed());
 }
 
-TEST_F(Escape, IsSeenOnceThoughWidgetsAndWindowGetIt)
+TEST_F(Escape, IsHandledOnceThoughWidgetsAndWindowGetIt)
 {
     ListForm lower;
     ListForm upper;

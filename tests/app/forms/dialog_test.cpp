@@ -28,7 +28,7 @@ TEST_F(Dialog, ClosedByOtherMeansReturnsOne)
     EXPECT_EQ(DialogShow(form), 1);
 }
 
-TEST_F(Dialog, PutsTheResultOfTheOuterDialogBack)
+TEST_F(Dialog, RestoresTheResultOfTheOuterDialog)
 {
     Program().DialogResult = 9;
     FakeDialog form;
@@ -51,7 +51,7 @@ TEST_F(Dialog, NestedDialogsKeepTheirOwnStatus)
     EXPECT_EQ(innerStatus, 4);
 }
 
-TEST_F(Dialog, HidesTheStatusOfAJobAndBringsItBack)
+TEST_F(Dialog, HidesAndRestoresTheStatusOfAJob)
 {
     StatusJob("working");
     FakeDialog form;
@@ -68,7 +68,7 @@ TEST_F(Dialog, HidesTheStatusOfAJobAndBringsItBack)
     EXPECT_EQ(frame_.Status, "working");
 }
 
-TEST_F(Dialog, BringsAPlainStatusTextBack)
+TEST_F(Dialog, RestoresAPlainStatusText)
 {
     StatusSet("hint");
     FakeDialog form;
@@ -77,7 +77,7 @@ TEST_F(Dialog, BringsAPlainStatusTextBack)
     EXPECT_EQ(frame_.Status, "hint");
 }
 
-TEST_F(Dialog, BringsOnlyTheTextOfAJobBackWhileAnotherProgramIsActive)
+TEST_F(Dialog, RestoresOnlyTheTextOfAJobWhileAnotherProgramIsActive)
 {
     StatusSet("hint");
     FakeDialog form;
@@ -116,7 +116,7 @@ TEST_F(Dialog, PushPreparesTheWindowAndUpdatesTheMenus)
     EXPECT_EQ(frame_.Log, QStringList("menu"));
 }
 
-TEST_F(Dialog, PushKeepsTheCloseEntryUnlessTold)
+TEST_F(Dialog, PushKeepsTheCloseEntry)
 {
     FakeDialog form;
     DialogPush(form, false);

@@ -1,4 +1,4 @@
-// tests/app/frame/frame_form_fixture.h: the whole frame after a start, for the tests of what it shows and what it does.
+// tests/app/frame/frame_form_fixture.h: the whole frame after start-up.
 #pragma once
 
 #include "app/frame/MfMain.h"
@@ -24,7 +24,7 @@ namespace tarvik {
 
 inline bool linkIsUp = false;
 
-/// The whole frame after a start, in a folder of its own with the real modules.
+/// The whole frame after start-up, in its own folder with the real modules.
 class MainFrame : public FormTest {
 protected:
     MainFrame()
@@ -42,7 +42,7 @@ protected:
         frame.reset();
     }
 
-    /// Starts the program; the frame has the activation afterwards.
+    /// Starts the program; the frame is active afterwards.
     MfMain& Start()
     {
         frame = std::make_unique<MfMain>(Folder().chopped(1));
@@ -78,7 +78,7 @@ protected:
         BindCommand(command, [&runs] { ++runs; });
     }
 
-    /// What the menus see of a document that is active.
+    /// Gives the menus an active document.
     void OpenDocument(bool descriptionVisible = false)
     {
         documents.Now = { true, false, true, false, false, descriptionVisible };

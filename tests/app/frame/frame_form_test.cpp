@@ -28,7 +28,7 @@ TEST_F(MainFrame, StartsWithAllItsControlsUnderTheirNames)
     EXPECT_EQ(main.windowTitle(), LngStr(11800));
 }
 
-TEST_F(MainFrame, EveryItemBearsItsCaptionAndHelpNumber)
+TEST_F(MainFrame, EveryItemHasItsCaptionAndHelpNumber)
 {
     Start();
     const auto expectItem = [this](const MenuEntry& entry) {
@@ -47,7 +47,7 @@ TEST_F(MainFrame, EveryItemBearsItsCaptionAndHelpNumber)
     }
 }
 
-TEST_F(MainFrame, MnemonicsOfAMenuDoNotRepeat)
+TEST_F(MainFrame, MnemonicsOfAMenuAreUnique)
 {
     Start();
     for (const auto* table : { &MenuBarTable(), &PopupTable() }) {
@@ -130,7 +130,7 @@ TEST_F(MainFrame, RunsTheCommandOfAnItemAndOfAButton)
     EXPECT_EQ(editors, 2);
 }
 
-TEST_F(MainFrame, TellsApartPrintingByMenuAndByButton)
+TEST_F(MainFrame, DistinguishesPrintingByMenuAndByButton)
 {
     Start();
     OpenDocument();
@@ -145,7 +145,7 @@ TEST_F(MainFrame, TellsApartPrintingByMenuAndByButton)
     EXPECT_EQ(printsNow, 1);
 }
 
-TEST_F(MainFrame, HidesTheToolBarByItsOwnMenuAndSavesThat)
+TEST_F(MainFrame, HidesTheToolBarByItsMenuAndSavesThat)
 {
     MfMain& main = Start();
     int room = main.ChildArea()->height();
@@ -197,7 +197,7 @@ TEST_F(MainFrame, UpdatesItsMenusWhenAChildIsActivated)
     EXPECT_TRUE(Cm(2).isEnabled());
 }
 
-TEST_F(MainFrame, GivesTheFocusBackToTheActiveChildAfterEachButtonButTheLast)
+TEST_F(MainFrame, ReturnsTheFocusToTheActiveChildAfterAnyButtonButTheLast)
 {
     MfMain& main = Start();
     auto* box = new QLineEdit;
@@ -223,7 +223,7 @@ TEST_F(MainFrame, LeavesTheFocusOnItsButtonWithoutAChild)
     EXPECT_TRUE(Cm(11).hasFocus());
 }
 
-TEST_F(MainFrame, LeavesTheFocusWhereACommandHasPutIt)
+TEST_F(MainFrame, LeavesTheFocusWhereACommandSetIt)
 {
     MfMain& main = Start();
     auto* box = new QLineEdit;
@@ -293,7 +293,7 @@ TEST_F(MainFrame, DrawsTheProgressWithWhiteAndBlackCharacters)
     EXPECT_EQ(picture.grab().toImage(), empty);
 }
 
-TEST_F(MainFrame, TipTimerStartsSlowAndGoesOnFast)
+TEST_F(MainFrame, TipTimerSpeedsUpAfterTheFirstTick)
 {
     MfMain& main = Start();
     auto* timer = main.findChild<QTimer*>("TmTips");
@@ -304,7 +304,7 @@ TEST_F(MainFrame, TipTimerStartsSlowAndGoesOnFast)
     EXPECT_EQ(documents.ResizeChecks, before + 1);
 }
 
-TEST_F(MainFrame, TakesItsStatusBarOutOfUseWhileAnEditorIsOpen)
+TEST_F(MainFrame, DisablesItsStatusBarWhileAnEditorIsOpen)
 {
     MfMain& main = Start();
     TheFrame()->EnableStatusBar(false);
@@ -313,7 +313,7 @@ TEST_F(MainFrame, TakesItsStatusBarOutOfUseWhileAnEditorIsOpen)
     EXPECT_TRUE(FindControl(main, "StatusBar").isEnabled());
 }
 
-TEST_F(MainFrame, EndsALongStatusTextInDotsAndTellsAllOfItInATip)
+TEST_F(MainFrame, ElidesALongStatusTextAndShowsAllOfItInATip)
 {
     MfMain& main = Start();
     const int width = main.width();
@@ -334,7 +334,7 @@ TEST_F(MainFrame, EndsALongStatusTextInDotsAndTellsAllOfItInATip)
     EXPECT_EQ(panel.toolTip(), "");
 }
 
-/// Paints of a control.
+/// Counts the paint events of a control.
 class PaintCounter final : public QObject {
 public:
     explicit PaintCounter(QWidget& control)
@@ -359,7 +359,7 @@ TEST_F(MainFrame, DrawsTheTextOfAJobAtOnce)
     StatusClear();
 }
 
-TEST_F(MainFrame, SetsItsEmptyAreaApartFromItsBarsOnAnyPalette)
+TEST_F(MainFrame, HasAnEmptyAreaInAnotherColourOnAnyPalette)
 {
     MfMain& main = Start();
     QPalette palette = main.palette();

@@ -57,7 +57,7 @@ TEST_F(MainFrame, ShowsNoHintWhileAJobHoldsTheLine)
     EXPECT_EQ(TextOf(main, "Panel[1]"), "Working");
 }
 
-TEST_F(MainFrame, BearsItsHelpNumbers)
+TEST_F(MainFrame, HasItsHelpNumbers)
 {
     MfMain& main = Start();
     const std::vector<std::pair<const char*, int>> numbers{ { "Cm[0]", 13822 }, { "Cm[20]", 13826 },
@@ -99,7 +99,7 @@ TEST_F(MainFrame, F1ShowsTheTopicOfAnOpenMenuWithoutHighlightedEntry)
     menu->hide();
 }
 
-TEST_F(MainFrame, F1PassesOverAMenuThatIsOnlyUnderThePointer)
+TEST_F(MainFrame, F1IgnoresAMenuThatIsOnlyUnderThePointer)
 {
     MfMain& main = Start();
     QMenuBar& bar = *main.menuBar();
@@ -114,7 +114,7 @@ TEST_F(MainFrame, F1PassesOverAMenuThatIsOnlyUnderThePointer)
     EXPECT_EQ(help.Topics, (QList<int>{ 13822, 11903 }));
 }
 
-TEST_F(MainFrame, ShiftIsNotHeldAnyMoreOnceAnotherProgramHasTheKeyboard)
+TEST_F(MainFrame, ForgetsShiftWhenAnotherProgramGetsTheKeyboard)
 {
     Start();
     KeyDown(Qt::Key_Shift);
@@ -155,7 +155,7 @@ TEST_F(MainFrame, CtrlCCopiesWhenADocumentIsActive)
     EXPECT_EQ(copies, 1);
 }
 
-TEST_F(MainFrame, OpensTheMenuOfItsEmptyAreaWhenTheRightButtonGoesUp)
+TEST_F(MainFrame, OpensTheMenuOfItsEmptyAreaOnRightButtonRelease)
 {
     MfMain& main = Start();
     QWidget& area = *main.ChildArea()->viewport();
@@ -227,7 +227,7 @@ TEST_F(MainFrame, OpensNoMoreDroppedFilesOnceItHasClosed)
 {
     MfMain& main = Start();
     documents.OnOpen = [&main](const QString&) {
-        QTimer::singleShot(0, &main, [&main] { main.close(); }); // the user has not waited for the others
+        QTimer::singleShot(0, &main, [&main] { main.close(); }); // the user does not wait for the others
     };
     Store(FilePath("a.tvm"), "x");
     Store(FilePath("b.tvm"), "x");

@@ -25,7 +25,7 @@ namespace {
 
 class Tip : public ProgramTest {
 protected:
-    /// The last of `ticks` ticks over `button`.
+    /// The result of the last of `ticks` ticks over `button`.
     int Ticks(int ticks, int button)
     {
         int shown = kNoButton;
@@ -64,7 +64,7 @@ TEST_F(Tip, ForgetsAtOnceWhenThePointerLeavesAfterAFirstTip)
     EXPECT_EQ(Ticks(1, 3), kNoButton);
 }
 
-TEST_F(Tip, FallsTo11AndFromThereTo0AfterAMove)
+TEST_F(Tip, CountsDownTo11ThenForgetsAfterAMove)
 {
     Ticks(10, 3);
     Ticks(1, 4);
@@ -74,7 +74,7 @@ TEST_F(Tip, FallsTo11AndFromThereTo0AfterAMove)
     EXPECT_EQ(counter.Count(), 0);
 }
 
-TEST_F(Tip, ShowsAtOnceWhenThePointerComesBackSoonAfterAMove)
+TEST_F(Tip, ShowsAtOnceWhenThePointerReturnsSoonAfterAMove)
 {
     Ticks(10, 3);
     Ticks(2, 4);
@@ -92,13 +92,13 @@ TEST_F(Tip, EndsWithTheShortcutWhenItsTextGivesOne)
     EXPECT_EQ(TipText("Open"), "Open (F1)");
 }
 
-TEST_F(Tip, StandsUnderTheButtonAndIsALittleLargerThanItsText)
+TEST_F(Tip, IsUnderTheButtonAndSlightlyLargerThanItsText)
 {
     const QRect tip = TipRect(QRect(100, 50, 24, 24), QSize(60, 14), QRect(0, 0, 1280, 800));
     EXPECT_EQ(tip, QRect(98, 61 + 18, 65, 17));
 }
 
-TEST_F(Tip, MovesLeftWhenItWouldEndLessThan4PixelsFromTheRightEdge)
+TEST_F(Tip, KeepsFourPixelsFromTheRightEdge)
 {
     const QRect screen(0, 0, 1280, 800);
     const auto rightGap = [&screen](int buttonLeft) {
@@ -167,7 +167,7 @@ TEST_F(KeyboardHook, EscapeWorksOnRepeatAndOnReleaseToo)
     }
 }
 
-TEST_F(KeyboardHook, PressAndReleaseOfEscapeCloseOneOfTwoDialogsEach)
+TEST_F(KeyboardHook, PressAndReleaseOfEscapeEachCloseADialog)
 {
     FakeDialog lower;
     FakeDialog upper;
@@ -272,7 +272,7 @@ TEST_F(Drop, OpensNothingWhileTheProgramCanNotAct)
     EXPECT_TRUE(documents.Opened.isEmpty());
 }
 
-TEST_F(Drop, EndsAtAFileThatIsGone)
+TEST_F(Drop, StopsAtAMissingFile)
 {
     DropOpenFiles({ FilePath("gone.tvm"), File("a.tvm") });
     EXPECT_TRUE(documents.Opened.isEmpty());
@@ -291,7 +291,7 @@ TEST(Placement, KeepsARectangleThatIsOnAScreen)
     EXPECT_EQ(PlacementOnScreens(QRect(1700, 900, 800, 600), kTwoScreens), QRect(1700, 900, 800, 600));
 }
 
-TEST(Placement, BringsAFrameBackThatNoScreenShows)
+TEST(Placement, MovesAnInvisibleFrameOntoAScreen)
 {
     EXPECT_EQ(PlacementOnScreens(QRect(5000, 100, 800, 600), kTwoScreens), QRect(1120, 100, 800, 600));
     EXPECT_EQ(PlacementOnScreens(QRect(-3000, -3000, 800, 600), kTwoScreens), QRect(0, 0, 800, 600));
@@ -302,14 +302,14 @@ TEST(Placement, KeepsTheTitleBarOnTheScreen)
     EXPECT_EQ(PlacementOnScreens(QRect(100, -200, 800, 600), kTwoScreens), QRect(100, 0, 800, 600));
 }
 
-TEST(Placement, MakesAFrameFitThatIsTooLargeOrEmpty)
+TEST(Placement, FitsAFrameThatIsTooLargeOrEmpty)
 {
     EXPECT_EQ(PlacementOnScreens(QRect(9000, 9000, 4000, 3000), kTwoScreens), QRect(0, 0, 1920, 1080));
-    EXPECT_EQ(PlacementOnScreens(QRect(10, 10, 0, 0), kTwoScreens).size(), kLeastVisiblePx);
+    EXPECT_EQ(PlacementOnScreens(QRect(10, 10, 0, 0), kTwoScreens).size(), kMinVisiblePx);
     EXPECT_EQ(PlacementOnScreens(QRect(1, 2, 3, 4), {}), QRect(1, 2, 3, 4));
 }
 
-TEST(Placement, LeavesRoomForTheBordersOfAFrameAsLargeAsAScreen)
+TEST(Placement, SubtractsTheBordersOfAFrameAsLargeAsAScreen)
 {
     const QSize borders(8, 30);
     EXPECT_EQ(PlacedSize(QRect({ 0, 0 }, kTwoScreens.first().size()), kTwoScreens, borders), QSize(1912, 1050));

@@ -1,4 +1,4 @@
-// How the frame comes up and goes down.
+// How the frame opens and closes.
 #include "app/settings/ini.h"
 #include "app/state/progressBar.h"
 #include "app/state/statusBar.h"
@@ -11,13 +11,13 @@
 
 namespace tarvik {
 
-TEST_F(MainFrame, GivesTheFirstButtonTheFocusAtTheEndOfTheStart)
+TEST_F(MainFrame, FocusesTheFirstButtonAfterTheStart)
 {
     Start();
     EXPECT_TRUE(Cm(0).hasFocus());
 }
 
-TEST_F(MainFrame, StartsWithTheBarsThatTheSettingsAskFor)
+TEST_F(MainFrame, ShowsTheBarsOfTheSettings)
 {
     IniWriteBool(FilePath("Tarvik.ini"), "Window", "Toolbar", false);
     IniWriteBool(FilePath("Tarvik.ini"), "Window", "Statusbar", false);
@@ -28,7 +28,7 @@ TEST_F(MainFrame, StartsWithTheBarsThatTheSettingsAskFor)
     EXPECT_FALSE(Item("MnViewStatusBar").isChecked());
 }
 
-TEST_F(MainFrame, StandsWhereItStoodLast)
+TEST_F(MainFrame, OpensWhereItWasLast)
 {
     IniWriteInt(FilePath("Tarvik.ini"), "Tarvik", "WinState", 0);
     IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinWidth", 9000);
@@ -44,7 +44,7 @@ TEST_F(MainFrame, StandsWhereItStoodLast)
     EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinLeft", 0), 150.0F);
 }
 
-TEST_F(MainFrame, GivesItsPictureToTheLogoAndFreesIt)
+TEST_F(MainFrame, ShowsItsPictureInTheLogoAndFreesIt)
 {
     QSize shown;
     QSize kept;
@@ -64,7 +64,7 @@ TEST_F(MainFrame, IsMaximisedWithoutSettings)
 {
     MfMain& main = Start();
     EXPECT_TRUE(main.isMaximized());
-    EXPECT_EQ(Program().MainWindowState, WinStateMaximised);
+    EXPECT_EQ(Program().MainWindowState, WinState::Maximised);
 }
 
 TEST_F(MainFrame, KeepsItsRestoredSizeWhileItIsMaximised)
@@ -94,7 +94,7 @@ TEST_F(MainFrame, RefusesToCloseWhileACommandRuns)
     EXPECT_TRUE(main.close());
 }
 
-TEST_F(MainFrame, RefusesToCloseBeforeTheStartIsOver)
+TEST_F(MainFrame, RefusesToCloseDuringTheStart)
 {
     bool closed = true;
     class ClosingLink final : public FakeInstrumentLink {
@@ -136,7 +136,7 @@ TEST_F(MainFrame, StaysWhenAPromptWasCancelled)
     EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
 }
 
-TEST_F(MainFrame, LeavesNoHookBehind)
+TEST_F(MainFrame, UnbindsItselfOnDestruction)
 {
     Start();
     frame.reset();
@@ -156,7 +156,7 @@ TEST_F(MainFrame, EndsAtOnceWithoutALibrary)
     EXPECT_FALSE(frame->isVisible());
 }
 
-TEST_F(MainFrame, AWishToCloseDuringTheStartWaitsForItsEnd)
+TEST_F(MainFrame, CloseRequestWaitsForTheEndOfTheStart)
 {
     TheSeams().StartTimer = [this](int, std::function<void()> tick) {
         frame->CloseWhenPossible();
@@ -172,7 +172,7 @@ TEST_F(MainFrame, AWishToCloseDuringTheStartWaitsForItsEnd)
     EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
 }
 
-TEST_F(MainFrame, AWishToCloseWaitsForTheEndOfACommand)
+TEST_F(MainFrame, CloseRequestWaitsForTheEndOfACommand)
 {
     MfMain& main = Start();
     BeginBusy();
@@ -185,7 +185,7 @@ TEST_F(MainFrame, AWishToCloseWaitsForTheEndOfACommand)
     EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
 }
 
-TEST_F(MainFrame, AWishToCloseWaitsForADialog)
+TEST_F(MainFrame, CloseRequestWaitsForADialog)
 {
     MfMain& main = Start();
     FakeDialog dialog;
@@ -200,11 +200,11 @@ TEST_F(MainFrame, AWishToCloseWaitsForADialog)
     EXPECT_FALSE(main.isVisible());
 }
 
-TEST_F(MainFrame, AWishToCloseTakesADialogAlongThatHoldsNothing)
+TEST_F(MainFrame, CloseRequestClosesADialogWithoutUserData)
 {
     MfMain& main = Start();
     FakeDialog dialog;
-    dialog.Goes = true;
+    dialog.ClosesUnasked = true;
     dialog.WhileOpen = [&main, &dialog] {
         main.CloseWhenPossible();
         QCoreApplication::processEvents();
@@ -215,7 +215,7 @@ TEST_F(MainFrame, AWishToCloseTakesADialogAlongThatHoldsNothing)
     EXPECT_FALSE(main.isVisible());
 }
 
-TEST_F(MainFrame, AWishToCloseWaitsForTheDialogAboveOneThatHoldsNothing)
+TEST_F(MainFrame, CloseRequestWaitsForADialogAboveOneWithoutUserData)
 {
     MfMain& main = Start();
     FakeDialog above;
@@ -224,7 +224,7 @@ TEST_F(MainFrame, AWishToCloseWaitsForTheDialogAboveOneThatHoldsNothing)
         QCoreApplication::processEvents();
     };
     FakeDialog below;
-    below.Goes = true;
+    below.ClosesUnasked = true;
     below.WhileOpen = [&above, &below] {
         DialogShow(above);
         EXPECT_FALSE(below.WasUnloaded);
@@ -236,7 +236,7 @@ TEST_F(MainFrame, AWishToCloseWaitsForTheDialogAboveOneThatHoldsNothing)
     EXPECT_FALSE(main.isVisible());
 }
 
-TEST_F(MainFrame, AWishToCloseIsOverWhenAPromptWasCancelled)
+TEST_F(MainFrame, CloseRequestEndsWithACancelledPrompt)
 {
     MfMain& main = Start();
     documents.Closes = false;

@@ -73,7 +73,7 @@ int PictureAt(const char* menu, size_t position)
 
 } // namespace
 
-TEST_F(MenuTable, HoldsEachGivenItemInOrderWithItsNumbers)
+TEST_F(MenuTable, HasEachGivenItemInOrderWithItsNumbers)
 {
     const std::vector<const MenuEntry*> entries = AllEntries(MenuBarTable());
     ASSERT_EQ(entries.size(), kGivenItems.size());
@@ -93,7 +93,7 @@ TEST_F(MenuTable, EveryItemOfAMenuRunsACommand)
     }
 }
 
-TEST_F(MenuTable, PopupsHoldTheirGivenEntries)
+TEST_F(MenuTable, PopupsHaveTheirGivenEntries)
 {
     EXPECT_EQ(NamesOf("ClMn"),
         (QStringList{ "ClMnFileOpen", "ClMnViewToolbar", "ClMnViewStatusBar", "ClMnInstrDispSc",
@@ -110,7 +110,7 @@ TEST_F(MenuTable, PopupsHoldTheirGivenEntries)
     EXPECT_EQ(PopupFind("MnFile"), nullptr);
 }
 
-TEST_F(MenuTable, TwinsRunAndBearWhatTheirMainEntryDoes)
+TEST_F(MenuTable, TwinsMatchTheirMainEntries)
 {
     const std::vector<std::array<const char*, 3>> twins{ { "ClMn", "ClMnFileOpen", "MnFileOpen" },
         { "ClMn", "ClMnViewToolbar", "MnViewToolbar" }, { "ClMn", "ClMnViewStatusBar", "MnViewStatusBar" },
@@ -157,7 +157,7 @@ TEST_F(MenuTable, ScreenShotControlIsTheOnlyWayToClass5)
         EXPECT_NE(button.Run, Command::Control5);
 }
 
-TEST_F(MenuTable, PicturesStandAtTheirPositions)
+TEST_F(MenuTable, PicturesAreAtTheirPositions)
 {
     EXPECT_EQ(PictureAt("MnFile", 0), 1);
     EXPECT_EQ(PictureAt("MnFile", 2), 2);
@@ -175,7 +175,7 @@ TEST_F(MenuTable, PicturesStandAtTheirPositions)
     EXPECT_EQ(PictureAt("ScMn", 2), 5);
 }
 
-TEST_F(MenuTable, ToolBarHoldsItsGivenNumbers)
+TEST_F(MenuTable, ToolBarHasItsGivenNumbers)
 {
     struct Row {
         int Index;
@@ -199,7 +199,7 @@ TEST_F(MenuTable, ToolBarHoldsItsGivenNumbers)
     }
 }
 
-TEST_F(MenuTable, ToolBarStandsInItsGroups)
+TEST_F(MenuTable, ToolBarHasItsGroups)
 {
     const std::vector<std::vector<int>> groups{ { 0 }, { 1, 2, 3, 4, 5 }, { 16 }, { 6, 7, 8, 9, 10 },
         { 11, 12, 13, 14, 15 }, { 20 } };
@@ -216,7 +216,7 @@ TEST_F(MenuTable, AnItemShowsTheHintOfTheButtonWithItsCommand)
     EXPECT_EQ(MenuHint(*MenuFind("MnFile"), false), 0);
 }
 
-TEST_F(MenuTable, TheHintOfConnectingTellsTheLink)
+TEST_F(MenuTable, HintOfConnectingDependsOnTheLink)
 {
     EXPECT_EQ(MenuHint(*MenuFind("MnInstrConnect"), false), 13821);
     EXPECT_EQ(MenuHint(*MenuFind("MnInstrConnect"), true), 13823);
@@ -224,17 +224,17 @@ TEST_F(MenuTable, TheHintOfConnectingTellsTheLink)
     EXPECT_EQ(MenuHint(*MenuFind("MnFileOpen"), true), 13802);
 }
 
-TEST_F(MenuTable, CaptionsEndInABlankOnTheNtFamilyOnly)
+TEST_F(MenuTable, CaptionsEndWithABlankOnlyOnTheNtFamily)
 {
     EXPECT_EQ(FrameCaption("&Open...", true), "&Open... ");
     EXPECT_EQ(FrameCaption("&Open...", false), "&Open...");
 }
 
-TEST_F(MenuTable, PicturesNeedACheckMarkOf13PixelsBothWays)
+TEST_F(MenuTable, PicturesNeedACheckMarkOf13By13Pixels)
 {
-    EXPECT_TRUE(MenuPicturesAreDrawn(13, 13));
-    EXPECT_FALSE(MenuPicturesAreDrawn(12, 13));
-    EXPECT_FALSE(MenuPicturesAreDrawn(13, 12));
+    EXPECT_TRUE(HasMenuPictures(13, 13));
+    EXPECT_FALSE(HasMenuPictures(12, 13));
+    EXPECT_FALSE(HasMenuPictures(13, 12));
 }
 
 } // namespace tarvik

@@ -32,7 +32,7 @@ protected:
         return MenuCompute(input, disabled).value();
     }
 
-    /// True, false, or empty for an item that is left as it is.
+    /// Empty for an item that is unchanged.
     static std::optional<bool> State(const MenuInput& input, const char* name)
     {
         return Compute(input).Entry(*MenuFind(QLatin1String(name)));
@@ -215,7 +215,7 @@ TEST_F(MenuUpdate, ButtonsWithoutCommandStayOffInEveryState)
     ExpectButtons(MenuInput(), { 17, 18, 19 }, false);
 }
 
-TEST_F(MenuUpdate, ItemsOfADisabledMenuAreLeftAsTheyAre)
+TEST_F(MenuUpdate, ItemsOfADisabledMenuAreUnchanged)
 {
     MenuInput input = AllOn();
     input.CanAct = false;
@@ -223,7 +223,7 @@ TEST_F(MenuUpdate, ItemsOfADisabledMenuAreLeftAsTheyAre)
         EXPECT_EQ(State(input, name), std::nullopt) << name;
 }
 
-TEST_F(MenuUpdate, ConnectCaptionTellsTheLink)
+TEST_F(MenuUpdate, ConnectCaptionDependsOnTheLink)
 {
     MenuInput input = AllOn();
     EXPECT_EQ(Compute(input).Connect.Text, 11940);
@@ -237,7 +237,7 @@ TEST_F(MenuUpdate, ConnectCaptionTellsTheLink)
     EXPECT_FALSE(Compute(input).LinkUp);
 }
 
-TEST_F(MenuUpdate, SecondUpdateWithMenusOffDoesNothing)
+TEST_F(MenuUpdate, SecondUpdateWithMenusOffHasNoEffect)
 {
     MenuInput input = AllOn();
     input.CanAct = false;
@@ -250,7 +250,7 @@ TEST_F(MenuUpdate, SecondUpdateWithMenusOffDoesNothing)
     EXPECT_FALSE(disabled);
 }
 
-TEST_F(MenuUpdate, BeforeTheStartEachUpdateSwitchesOff)
+TEST_F(MenuUpdate, EachUpdateBeforeTheStartSwitchesOff)
 {
     MenuInput input;
     bool disabled = true;
@@ -307,7 +307,7 @@ TEST_F(Commands, TheExitRunsWhileTheProgramIsIdle)
     EXPECT_TRUE(canAct);
 }
 
-TEST_F(Commands, ScopePutsBackWhatRanBefore)
+TEST_F(Commands, ScopeRestoresTheFormerBinding)
 {
     static int outer = 0;
     static int inner = 0;
@@ -327,7 +327,7 @@ TEST_F(Commands, ScopePutsBackWhatRanBefore)
     EXPECT_EQ(inner, 1);
 }
 
-TEST_F(Commands, OneThatIsNotBoundDoesNothing)
+TEST_F(Commands, UnboundCommandDoesNothing)
 {
     EXPECT_TRUE(CommandRun(Command::OptionsColor));
     EXPECT_TRUE(Program().Idle);

@@ -1,4 +1,4 @@
-// The toolkit's own file dialogs behind the seams, answered as a user does.
+// The toolkit's file dialogs, through the seams.
 #include "app/forms/form.h"
 #include "app/frame/PlatformSeams.h"
 #include "app/platform/seams.h"
@@ -56,7 +56,7 @@ protected:
         return TheSeams().SaveFile(question);
     }
 
-    /// The same, with a name typed over the proposed one, and Enter.
+    /// As Save, with a name typed over the proposed one, and Enter.
     QString SaveTyped(const QString& name)
     {
         return Save([&name] {
@@ -105,7 +105,7 @@ TEST_F(PlatformDialogs, SaveWithoutANameProposesNone)
     EXPECT_EQ(proposed, "");
 }
 
-TEST_F(PlatformDialogs, ProposedNameWithPointsStaysWhole)
+TEST_F(PlatformDialogs, ProposedNameKeepsItsPoints)
 {
     question.FileName = "Tower.2024.night";
     EXPECT_EQ(Save([] { static_cast<QDialog&>(Dialog()).accept(); }), FilePath("Tower.2024.night.png"));
@@ -128,7 +128,7 @@ TEST_F(PlatformDialogs, TypedExtensionStays)
     EXPECT_EQ(SaveTyped("mast.jpeg"), FilePath("mast.jpeg")) << "of another kind, which the caller refuses";
 }
 
-TEST_F(PlatformDialogs, OtherFilterGivesItsExtension)
+TEST_F(PlatformDialogs, OtherFilterChangesTheExtension)
 {
     EXPECT_EQ(Save([] {
         QTest::keyClick(Dialog().findChild<QComboBox*>("fileTypeCombo"), Qt::Key_Up);
@@ -139,7 +139,7 @@ TEST_F(PlatformDialogs, OtherFilterGivesItsExtension)
         FilePath("mast.pcx"));
 }
 
-TEST_F(PlatformDialogs, ExistingFileOfTheCompletedNameIsAskedFor)
+TEST_F(PlatformDialogs, ConfirmsReplacingAFileOfTheCompletedName)
 {
     Store(FilePath("Tower.2024.png"), "old");
     for (const char* typed : { "Tower.2024", " Tower.2024.png ", "Tower.2024.png" }) {
@@ -152,7 +152,7 @@ TEST_F(PlatformDialogs, ExistingFileOfTheCompletedNameIsAskedFor)
                 }
             });
         });
-        EXPECT_EQ(SaveTyped(QString::fromLatin1(typed)), "") << "not to be replaced, and then cancelled";
+        EXPECT_EQ(SaveTyped(QString::fromLatin1(typed)), "") << "refused, then cancelled";
         EXPECT_TRUE(asked.contains("Tower.2024.png")) << typed;
     }
 }
@@ -170,7 +170,7 @@ TEST_F(PlatformDialogs, FolderWithAPointIsEntered)
     EXPECT_EQ(entered, FilePath("Tower.2024"));
 }
 
-TEST_F(PlatformDialogs, OpenTakesSeveralFilesAndBeginsWithTheFirstFilter)
+TEST_F(PlatformDialogs, OpenReturnsSeveralFilesAndSelectsTheFirstFilter)
 {
     Store(FilePath("a.png"), "a");
     Store(FilePath("b.bmp"), "b");

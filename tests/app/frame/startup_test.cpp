@@ -1,181 +1,13 @@
 #include "app/forms/dialog.h"
-#include "app/frame/startup.h"
-#include "app/platform/seams.h"
 #include "app/settings/ini.h"
-#include "app/settings/settings.h"
-#include "app/state/project.h"
-#include "app/state/statusBar.h"
 #include "app/text/lang.h"
+#include "tests/app/frame/startup_fixture.h"
 #include "tests/support/fakeDialog.h"
-#include "tests/support/fakeFrame.h"
-#include "tests/support/fakeFrameDocuments.h"
-#include "tests/support/fakeInstrumentLink.h"
-#include "tests/support/fixture.h"
 
+#include <QDir>
 #include <QRegularExpression>
 
-#include <set>
-
-#if defined(Q_OS_UNIX)
-#include <sys/resource.h>
-#endif
-
 namespace tarvik {
-
-namespace {
-
-/// A frame that writes down what it is asked.
-class FakeHost final : public ProjectHost {
-public:
-    QString Line;
-    QString ProgramFolder;
-    std::set<Module> Missing;
-    int LogoStatus = 0;
-    QStringList Log;
-
-    QString CommandLine() const override
-    {
-        return Line;
-    }
-    QString ExecutableFolder() const override
-    {
-        return ProgramFolder;
-    }
-    bool LoadModule(Module module, const QString& folder) override
-    {
-        Log.append(QStringLiteral("load ") + ModuleFileName(module));
-        Folders.insert(folder);
-        return !Missing.contains(module);
-    }
-    void BuildTexts() override
-    {
-        Log.append(QStringLiteral("texts"));
-    }
-    int ShowLogo() override
-    {
-        Log.append(QStringLiteral("logo"));
-        return LogoStatus;
-    }
-    void FreeLogo() override
-    {
-        Log.append(QStringLiteral("free logo"));
-    }
-    void InstallKeyboardHook() override
-    {
-        Log.append(QStringLiteral("hook"));
-    }
-    void ApplyBars() override
-    {
-        Log.append(QStringLiteral("bars"));
-    }
-    void ShowFrame() override
-    {
-        Log.append(QStringLiteral("show"));
-        if (WhenShown)
-            WhenShown();
-    }
-    void FocusFirstButton() override
-    {
-        Log.append(QStringLiteral("focus"));
-    }
-    void RemoveKeyboardHook() override
-    {
-        Log.append(QStringLiteral("unhook"));
-    }
-
-    std::set<QString> Folders;
-    std::function<void()> WhenShown;
-};
-
-/// What start and stop ask beside their host, written into its log.
-class LoggedFrame final : public FakeFrame {
-public:
-    explicit LoggedFrame(QStringList& log)
-        : log_(log)
-    {
-        Place = FramePlacement{ WinStateNormal, QRectF(15, 30, 9000, 6000) };
-    }
-    void MoveTwips(QPointF) override
-    {
-        log_.append(QStringLiteral("settings"));
-    }
-    void MenuUpdate() override
-    {
-        if (LogsMenu)
-            log_.append(Program().Started ? QStringLiteral("menu started") : QStringLiteral("menu"));
-    }
-    bool LogsMenu = false;
-
-private:
-    QStringList& log_;
-};
-
-class LoggedDocuments final : public FakeFrameDocuments {
-public:
-    explicit LoggedDocuments(QStringList& log)
-        : log_(log)
-    {
-    }
-    void ClearTable() override
-    {
-        log_.append(QStringLiteral("clear windows"));
-    }
-    bool CloseAll() override
-    {
-        log_.append(QStringLiteral("close documents"));
-        if (OnCloseAll)
-            OnCloseAll();
-        return Closes;
-    }
-    bool Open(const QString& path) override
-    {
-        log_.append(QStringLiteral("open ") + path.mid(path.lastIndexOf(u'/') + 1));
-        return FakeFrameDocuments::Open(path);
-    }
-    std::function<void()> OnCloseAll;
-
-private:
-    QStringList& log_;
-};
-
-class LoggedLink final : public FakeInstrumentLink {
-public:
-    explicit LoggedLink(QStringList& log)
-        : log_(log)
-    {
-    }
-    void AutoConnect(bool connectedAtExit) override
-    {
-        log_.append(connectedAtExit ? QStringLiteral("connect 1") : QStringLiteral("connect 0"));
-        StartedMeanwhile = Program().Started;
-    }
-    bool StartedMeanwhile = false;
-
-private:
-    QStringList& log_;
-};
-
-class Startup : public ProgramTest {
-protected:
-    Startup()
-    {
-        host.ProgramFolder = Folder().chopped(1);
-        TheSeams().SystemBox = [this](const QString& title, const QString& text) { boxes.append(title + u'|' + text); };
-    }
-
-    bool Init()
-    {
-        return ProjectInit(host);
-    }
-
-    FakeHost host;
-    LoggedFrame frame{ host.Log };
-    LoggedDocuments documents{ host.Log };
-    LoggedLink link{ host.Log };
-    QStringList boxes;
-};
-
-} // namespace
 
 TEST_F(Startup, RunsEachStepOnceInOrder)
 {
@@ -191,7 +23,7 @@ TEST_F(Startup, RunsEachStepOnceInOrder)
     EXPECT_TRUE(boxes.isEmpty());
 }
 
-TEST_F(Startup, PutsTheStateToItsStart)
+TEST_F(Startup, ResetsTheProgramState)
 {
     Program().Started = true;
     Program().NonModalDialogs = true;
@@ -210,7 +42,7 @@ TEST_F(Startup, PutsTheStateToItsStart)
     EXPECT_EQ(Program().ProgramTitle, LngStr(11800));
 }
 
-TEST_F(Startup, FindsItsPlacesBesideTheExecutable)
+TEST_F(Startup, FindsItsFilesInTheFolderOfTheExecutable)
 {
     ASSERT_TRUE(Init());
     EXPECT_EQ(Program().AppPath, Folder());
@@ -229,7 +61,7 @@ TEST_F(Startup, AddsNoSecondSeparatorToTheFolder)
     EXPECT_EQ(Program().AppPath, Folder());
 }
 
-TEST_F(Startup, TriesAllFiveLibrariesAfterOneHasFailed)
+TEST_F(Startup, LoadsAllFiveLibrariesAfterAFailure)
 {
     host.Missing = { Module::General };
     EXPECT_FALSE(Init());
@@ -237,7 +69,7 @@ TEST_F(Startup, TriesAllFiveLibrariesAfterOneHasFailed)
     EXPECT_EQ(host.Log.last(), QStringLiteral("load ") + ModuleFileName(Module::Traces));
 }
 
-TEST_F(Startup, TellsOfTheTextLibrariesInAPlainBoxUnderTheBuiltInTitle)
+TEST_F(Startup, ReportsAMissingTextLibraryInASystemBox)
 {
     for (const Module module : { Module::General, Module::Language }) {
         boxes.clear();
@@ -249,7 +81,7 @@ TEST_F(Startup, TellsOfTheTextLibrariesInAPlainBoxUnderTheBuiltInTitle)
     }
 }
 
-TEST_F(Startup, TellsOfEachOtherLibraryByMessage12705)
+TEST_F(Startup, ReportsAnyOtherLibraryByMessage12705)
 {
     for (const Module module : { Module::Channel, Module::ListStore, Module::Traces }) {
         host.Missing = { module };
@@ -260,7 +92,7 @@ TEST_F(Startup, TellsOfEachOtherLibraryByMessage12705)
     EXPECT_TRUE(boxes.isEmpty());
 }
 
-TEST_F(Startup, TellsOfEveryMissingLibrary)
+TEST_F(Startup, ReportsEveryMissingLibrary)
 {
     host.Missing = { Module::General, Module::Channel, Module::Traces };
     Answers().Expect(12705, { ModuleFileName(Module::Channel).toUpper() }, Ok);
@@ -269,7 +101,7 @@ TEST_F(Startup, TellsOfEveryMissingLibrary)
     EXPECT_EQ(boxes.size(), 1);
 }
 
-TEST_F(Startup, ShowsNoEmptyMessageWhenTheTextsAreMissingToo)
+TEST_F(Startup, ReportsInASystemBoxWhenTheTextsAreMissingToo)
 {
     ModulesReset();
     host.Missing = { Module::Language, Module::Channel };
@@ -278,7 +110,7 @@ TEST_F(Startup, ShowsNoEmptyMessageWhenTheTextsAreMissingToo)
     EXPECT_TRUE(boxes[1].contains(ModuleFileName(Module::Channel).toUpper())) << boxes[1].toStdString();
 }
 
-TEST_F(Startup, DoesNothingMoreWithoutItsLibraries)
+TEST_F(Startup, StopsWithoutItsLibraries)
 {
     host.Missing = { Module::General };
     EXPECT_FALSE(Init());
@@ -286,7 +118,7 @@ TEST_F(Startup, DoesNothingMoreWithoutItsLibraries)
     EXPECT_FALSE(host.Log.contains("texts"));
 }
 
-TEST_F(Startup, NeverHonoursAStoredAutoTile)
+TEST_F(Startup, IgnoresAStoredAutoTile)
 {
     IniWriteBool(FilePath("Tarvik.ini"), "Window", "AutoTile", true);
     ASSERT_TRUE(Init());
@@ -295,7 +127,7 @@ TEST_F(Startup, NeverHonoursAStoredAutoTile)
     EXPECT_FALSE(IniReadBool(FilePath("Tarvik.ini"), "Window", "AutoTile", true));
 }
 
-TEST_F(Startup, WritesAutoTileBackWhenTheUserSwitchedItOn)
+TEST_F(Startup, WritesAutoTileWhenSwitchedOn)
 {
     ASSERT_TRUE(Init());
     Program().AutoTile = true;
@@ -303,19 +135,19 @@ TEST_F(Startup, WritesAutoTileBackWhenTheUserSwitchedItOn)
     EXPECT_TRUE(IniReadBool(FilePath("Tarvik.ini"), "Window", "AutoTile", false));
 }
 
-TEST_F(Startup, NeitherOpensNorConnectsOnceTheProgramIsToEnd)
+TEST_F(Startup, NeitherOpensNorConnectsAfterACloseRequest)
 {
     Store(FilePath("plan.tvm"), "x");
     host.Line = FilePath("plan.tvm");
     ASSERT_TRUE(Init());
-    host.WhenShown = [] { Program().CloseWished = true; };
+    host.WhenShown = [] { Program().CloseRequested = true; };
     ASSERT_TRUE(ProjectStart(host));
     EXPECT_TRUE(Program().Started);
-    EXPECT_TRUE(Program().CloseWished);
+    EXPECT_TRUE(Program().CloseRequested);
     EXPECT_TRUE(host.Log.filter(QRegularExpression(QStringLiteral("^(open|connect) "))).isEmpty());
 }
 
-TEST_F(Startup, EndsWhenTheLogoEndsWith3)
+TEST_F(Startup, EndsWithLogoStatus3)
 {
     ASSERT_TRUE(Init());
     host.Log.clear();
@@ -325,7 +157,7 @@ TEST_F(Startup, EndsWhenTheLogoEndsWith3)
     EXPECT_FALSE(Program().Started);
 }
 
-TEST_F(Startup, GoesOnWhenTheLogoWasClosedByOtherMeans)
+TEST_F(Startup, ContinuesWithAnyOtherLogoStatus)
 {
     ASSERT_TRUE(Init());
     host.LogoStatus = 1;
@@ -345,7 +177,7 @@ TEST_F(Startup, RemovesLeftOverTemporaryFilesBeforeTheFrameShows)
     EXPECT_EQ(whenShown, (QStringList{ "temp03.csv", "temp10.png", "temp7.png" }));
 }
 
-TEST_F(Startup, OpensTheFileOfTheCommandLineInPlaceOfConnecting)
+TEST_F(Startup, OpensTheFileOfTheCommandLineInsteadOfConnecting)
 {
     Store(FilePath("my list.tvm"), "x");
     host.Line = u'"' + FilePath("my list.tvm") + u'"';
@@ -368,7 +200,7 @@ TEST_F(Startup, ConnectsWhenTheFileCouldNotBeOpened)
     EXPECT_TRUE(host.Log.contains("connect 0"));
 }
 
-TEST_F(Startup, ConnectsWithoutAWordWhenTheCommandLineNamesNoFile)
+TEST_F(Startup, ConnectsSilentlyWhenTheCommandLineNamesNoFile)
 {
     for (const QString& line : { QString(), FilePath("no such.tvm"), QStringLiteral("\""), QStringLiteral("\"\""),
              QStringLiteral("  "), Folder() }) {
@@ -381,7 +213,7 @@ TEST_F(Startup, ConnectsWithoutAWordWhenTheCommandLineNamesNoFile)
     }
 }
 
-TEST_F(Startup, TellsTheConnectionWhetherTheLinkWasUpAtTheLastExit)
+TEST_F(Startup, PassesOnWhetherTheLinkWasUpAtTheLastExit)
 {
     ASSERT_TRUE(Init());
     Program().ConnectedAtExit = true;
@@ -389,149 +221,13 @@ TEST_F(Startup, TellsTheConnectionWhetherTheLinkWasUpAtTheLastExit)
     EXPECT_TRUE(host.Log.contains("connect 1"));
 }
 
-TEST_F(Startup, CanActOnlyWhenItsLastStepIsDone)
+TEST_F(Startup, CanActOnlyAfterItsLastStep)
 {
     ASSERT_TRUE(Init());
-    link.StartedMeanwhile = true;
+    link.WasStarted = true;
     ASSERT_TRUE(ProjectStart(host));
-    EXPECT_FALSE(link.StartedMeanwhile);
+    EXPECT_FALSE(link.WasStarted);
     EXPECT_TRUE(CanAct());
-}
-
-namespace {
-
-using StartFile = Startup;
-using Shutdown = Startup;
-
-} // namespace
-
-TEST_F(StartFile, IsOpenedBetweenBeginBusyAndEndBusy)
-{
-    Store(FilePath("a.tvm"), "x");
-    bool idle = true;
-    int pumps = 0;
-    TheSeams().PumpEvents = [&] {
-        EXPECT_TRUE(Program().Idle);
-        ++pumps;
-    };
-    documents.OnOpen = [&idle](const QString&) { idle = Program().Idle; };
-    EXPECT_TRUE(OpenStartFile(FilePath("a.tvm")));
-    EXPECT_FALSE(idle);
-    EXPECT_TRUE(Program().Idle);
-    EXPECT_EQ(pumps, 1);
-}
-
-TEST_F(StartFile, LosesOnePairOfQuotesAndTheBlanksAround)
-{
-    Store(FilePath("a b.tvm"), "x");
-    EXPECT_TRUE(OpenStartFile(FilePath("a b.tvm")));
-    EXPECT_TRUE(OpenStartFile(u'"' + FilePath("a b.tvm") + u'"'));
-    EXPECT_TRUE(OpenStartFile(QStringLiteral("\"  ") + FilePath("a b.tvm") + QStringLiteral(" \"")));
-    EXPECT_TRUE(OpenStartFile(QStringLiteral("  ") + FilePath("a b.tvm")));
-    EXPECT_FALSE(OpenStartFile(QStringLiteral("\"\"") + FilePath("a b.tvm") + QStringLiteral("\"\"")));
-    EXPECT_FALSE(OpenStartFile(u'"' + FilePath("a b.tvm")));
-    EXPECT_FALSE(OpenStartFile(QStringLiteral(" \"") + FilePath("a b.tvm") + u'"'));
-}
-
-TEST_F(StartFile, IsRememberedByItsFullPath)
-{
-    Store(FilePath("a.tvm"), "x");
-    QString opened;
-    documents.OnOpen = [&opened](const QString& path) { opened = path; };
-    const QString before = QDir::currentPath();
-    ASSERT_TRUE(QDir::setCurrent(Folder()));
-    const QString here = QDir::currentPath(); // without links
-    EXPECT_TRUE(OpenStartFile(QStringLiteral("a.tvm")));
-    ASSERT_TRUE(QDir::setCurrent(before));
-    EXPECT_EQ(opened, here + "/a.tvm");
-    EXPECT_EQ(Program().LastFile.Folder, QDir::toNativeSeparators(here + '/'));
-    EXPECT_EQ(Program().LastFile.Path, here + "/a.tvm");
-}
-
-#if defined(Q_OS_UNIX)
-
-TEST_F(StartFile, ThatCannotBeReadIsPassedOverWithoutAWord)
-{
-    Store(FilePath("a.tvm"), "x");
-    SetLastFile(FilePath("before.tvm"));
-    rlimit before{};
-    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
-    const rlimit none{ 0, before.rlim_max }; // so that no more files can be opened, not even by the administrator
-    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
-    const bool opened = OpenStartFile(FilePath("a.tvm"));
-    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
-    EXPECT_FALSE(opened);
-    EXPECT_TRUE(host.Log.isEmpty());
-    EXPECT_EQ(Program().LastFile.Name, "before");
-}
-
-#endif
-
-TEST_F(StartFile, LeavesTheLastFileAloneWhenThereIsNoSuchFile)
-{
-    SetLastFile(FilePath("before.tvm"));
-    EXPECT_FALSE(OpenStartFile(FilePath("none.tvm")));
-    EXPECT_EQ(Program().LastFile.Name, "before");
-}
-
-TEST_F(Shutdown, IsRefusedWithoutAWordWhileACommandRuns)
-{
-    BeginBusy();
-    EXPECT_FALSE(ProjectQueryUnload());
-    EXPECT_TRUE(host.Log.isEmpty());
-    EXPECT_FALSE(QFile::exists(FilePath("Tarvik.ini")));
-}
-
-TEST_F(Shutdown, IsRefusedWithoutAWordWhileADialogIsOpen)
-{
-    FakeDialog dialog;
-    DialogPush(dialog, false);
-    EXPECT_FALSE(ProjectQueryUnload());
-    EXPECT_TRUE(host.Log.isEmpty());
-    EXPECT_FALSE(QFile::exists(FilePath("Tarvik.ini")));
-    EXPECT_FALSE(dialog.WasUnloaded);
-    DialogPop();
-    EXPECT_TRUE(ProjectQueryUnload());
-}
-
-TEST_F(Shutdown, ClosesTheDocumentsThenWritesTheSettings)
-{
-    bool writtenBefore = true;
-    documents.OnCloseAll = [&] {
-        writtenBefore = QFile::exists(FilePath("Tarvik.ini"));
-        EXPECT_FALSE(Program().Idle);
-    };
-    EXPECT_TRUE(ProjectQueryUnload());
-    EXPECT_FALSE(writtenBefore);
-    EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
-    EXPECT_TRUE(Program().Idle);
-}
-
-TEST_F(Shutdown, WritesTheSettingsAlsoWhenAPromptWasCancelled)
-{
-    Store(FilePath("Tarvik.ini"), "[Window]\r\nToolbar=1\r\n");
-    Program().ToolbarOn = false;
-    documents.Closes = false;
-    EXPECT_FALSE(ProjectQueryUnload());
-    EXPECT_FALSE(IniReadBool(FilePath("Tarvik.ini"), "Window", "Toolbar", true));
-    EXPECT_TRUE(CanAct());
-}
-
-TEST_F(Shutdown, GivesBackTheLinkThenTheHook)
-{
-    static QStringList* log = nullptr;
-    log = &host.Log;
-    TvScpi().scpiDisconnect = [] { log->append(QStringLiteral("disconnect")); };
-    ProjectUnload(host);
-    EXPECT_EQ(host.Log, QStringList({ "disconnect", "unhook" }));
-    EXPECT_TRUE(Program().Ended);
-}
-
-TEST_F(Shutdown, GivesBackTheHookWithoutAChannel)
-{
-    ModulesReset();
-    ProjectUnload(host);
-    EXPECT_EQ(host.Log, QStringList{ "unhook" });
 }
 
 } // namespace tarvik

@@ -1,4 +1,4 @@
-// The help commands: which one asks the viewer for what, and what is said when it can't.
+// The help commands: their requests to the viewer, and the message when it fails.
 #include "app/help/help.h"
 #include "app/platform/seams.h"
 #include "tests/support/fakeFrame.h"
@@ -63,14 +63,14 @@ TEST_F(HelpCommands, ShowTheTopicOfANumber)
     EXPECT_EQ(help_->Asked, QStringList({ "topic 10738" }));
 }
 
-TEST_F(HelpCommands, TellTheNumberOfATopicThatCannotBeShown)
+TEST_F(HelpCommands, ReportATopicThatCannotBeShown)
 {
     help_->CanShow = false;
     Answers().Expect(12702, { QStringLiteral("10738") }, Ok);
     ShowHelp(10738);
 }
 
-TEST_F(HelpCommands, TellTheNumberOfACommandThatFailed)
+TEST_F(HelpCommands, ReportACommandThatFailed)
 {
     help_->CanShow = false;
     for (int number : { 11971, 11973, 11975 }) {
@@ -79,7 +79,7 @@ TEST_F(HelpCommands, TellTheNumberOfACommandThatFailed)
     }
 }
 
-TEST_F(HelpCommands, TellTheNumberWithoutViewer)
+TEST_F(HelpCommands, ReportTheNumberWithoutViewer)
 {
     help_.reset();
     Answers().Expect(12702, { QStringLiteral("11971") }, Ok);

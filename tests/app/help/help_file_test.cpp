@@ -23,8 +23,8 @@ protected:
         EXPECT_TRUE(book_.Open(kBook));
     }
 
-    /// True if the page exists and has the anchor behind "#".
-    bool LeadsSomewhere(const QString& path) const
+    /// True if the page exists and has the anchor after "#".
+    bool IsResolved(const QString& path) const
     {
         const std::optional<QByteArray> page = book_.Page(path);
         const QString anchor = path.section(u'#', 1);
@@ -34,7 +34,7 @@ protected:
     void ExpectTopic(int helpNumber) const
     {
         const QString path = book_.TopicPath(helpNumber);
-        EXPECT_TRUE(!path.isEmpty() && LeadsSomewhere(path)) << helpNumber << " -> " << path.toStdString();
+        EXPECT_TRUE(!path.isEmpty() && IsResolved(path)) << helpNumber << " -> " << path.toStdString();
         EXPECT_FALSE(book_.PopupText(helpNumber).isEmpty()) << helpNumber;
         EXPECT_FALSE(book_.TitleOf(path).isEmpty()) << helpNumber;
     }
@@ -75,13 +75,13 @@ TEST_F(HelpBook, BeginsItsContentsWithTheHomePage)
     EXPECT_EQ(book_.Contents()[1].Level, 1);
 }
 
-TEST_F(HelpBook, LeadsFromContentsAndIndexToATopic)
+TEST_F(HelpBook, ResolvesEveryEntryOfContentsAndIndex)
 {
     ASSERT_GT(book_.Index().size(), 80U);
     for (const auto* topics : { &book_.Contents(), &book_.Index() }) {
         for (const HelpTopic& topic : *topics) {
             EXPECT_FALSE(topic.Title.isEmpty());
-            EXPECT_TRUE(LeadsSomewhere(topic.Path)) << topic.Path.toStdString();
+            EXPECT_TRUE(IsResolved(topic.Path)) << topic.Path.toStdString();
         }
     }
 }
@@ -167,13 +167,13 @@ TEST_F(HelpBook, HasATopicForEachMessage)
     ExpectTopic(10451);
 }
 
-TEST_F(HelpBook, NamesTopicsAsTheProgramNamesThem)
+TEST_F(HelpBook, NamesTopicsLikeTheProgram)
 {
     EXPECT_EQ(book_.TitleOf(book_.TopicPath(11905)), QStringLiteral("Open"));
     EXPECT_TRUE(book_.TitleOf(book_.TopicPath(12769)).contains(LngStr(12769)));
 }
 
-TEST_F(HelpBook, LeavesNoPlaceholderInAPage)
+TEST_F(HelpBook, HasNoPlaceholderInAPage)
 {
     static const QRegularExpression leftOver(QStringLiteral("\\{\\{|%\\d|@\\d"));
     for (const HelpTopic& topic : book_.Contents())
@@ -188,7 +188,7 @@ TEST_F(HelpBook, HasNothingForOtherNumbers)
     }
 }
 
-TEST_F(HelpBook, BearsTheVersionOfTheProgram)
+TEST_F(HelpBook, HasTheVersionOfTheProgram)
 {
     ASSERT_TRUE(book_.Version());
     EXPECT_EQ(book_.Version()->File, ProductVersionText() + QStringLiteral(".0"));
@@ -197,7 +197,7 @@ TEST_F(HelpBook, BearsTheVersionOfTheProgram)
     EXPECT_EQ(ReadHelpVersion(kBook)->File, book_.Version()->File);
 }
 
-TEST_F(HelpBook, GivesAPageWithOrWithoutSlashAndAnchor)
+TEST_F(HelpBook, FindsAPageWithOrWithoutSlashAndAnchor)
 {
     const std::optional<QByteArray> page = book_.Page(QStringLiteral("index.html"));
     ASSERT_TRUE(page);
@@ -212,7 +212,7 @@ TEST_F(HelpBook, HasNoPageOutsideItself)
         EXPECT_FALSE(book_.Page(QString::fromLatin1(path))) << path;
 }
 
-TEST_F(HelpBook, FindsTopicsThatHoldEveryWord)
+TEST_F(HelpBook, FindsTopicsThatContainEveryWord)
 {
     const QStringList both = Paths(book_.Search(QStringLiteral("  DECIMAL   comma ")));
     EXPECT_TRUE(both.contains(QStringLiteral("editors.html#numbers")));
@@ -245,7 +245,7 @@ TEST_F(HelpBook, SearchesTextAndNotMarkup)
     EXPECT_TRUE(book_.Search(QStringLiteral("data-help")).empty());
 }
 
-TEST_F(HelpBook, IsOpenedWhereTheProgramSaysAndAgainWhenThatChanges)
+TEST_F(HelpBook, IsReopenedWhenItsPathChanges)
 {
     Program().HelpFilePath = FilePath(QStringLiteral("none.chm"));
     EXPECT_EQ(TheHelpFile(), nullptr);
@@ -263,7 +263,7 @@ TEST_F(HelpBook, PopsUpTheFirstParagraphOfATopic)
     EXPECT_FALSE(PopupHelpText(10825).contains(u'<'));
 }
 
-TEST_F(HelpBook, PopsUpThatThereIsNoHelpForANumber)
+TEST_F(HelpBook, PopsUpThatANumberHasNoHelp)
 {
     Program().HelpFilePath = kBook;
     EXPECT_EQ(PopupHelpText(14301), LngStr1(12702, QStringLiteral("14301")));
@@ -289,7 +289,7 @@ TEST_F(DamagedHelpBook, IsRefusedWithAnyByteChanged)
     }
 }
 
-TEST_F(DamagedHelpBook, IsRefusedWhenCutOrLonger)
+TEST_F(DamagedHelpBook, IsRefusedWhenTruncatedOrLonger)
 {
     const QByteArray whole = Contents(kBook);
     for (qsizetype size : { qsizetype(0), qsizetype(1), kHelpSealSize, whole.size() / 2, whole.size() - 1 })
@@ -308,7 +308,7 @@ TEST_F(DamagedHelpBook, IsRefusedWhenSealedButNoBook)
         ExpectRefused(content + HelpSeal(content));
 }
 
-TEST_F(DamagedHelpBook, LeavesNothingOfTheBookBefore)
+TEST_F(DamagedHelpBook, LeavesNothingOfTheFormerBook)
 {
     HelpFile book;
     ASSERT_TRUE(book.Open(kBook));
@@ -319,7 +319,7 @@ TEST_F(DamagedHelpBook, LeavesNothingOfTheBookBefore)
     EXPECT_TRUE(book.Search(QStringLiteral("list")).empty());
 }
 
-TEST_F(DamagedHelpBook, IsNotMissedOnceItWasRead)
+TEST_F(DamagedHelpBook, IsNotNeededOnceRead)
 {
     const QString copy = FilePath(QStringLiteral("book.chm"));
     ASSERT_TRUE(QFile::copy(kBook, copy));

@@ -1,4 +1,4 @@
-// The help viewer: what its commands show, its keys, and that dialogs leave it usable.
+// The help viewer: its commands and keys, and its use while dialogs are open.
 #include "app/forms/form.h"
 #include "app/frame/KeyboardFilter.h"
 #include "app/help/FmHelp.h"
@@ -108,14 +108,14 @@ TEST_F(HelpViewerTest, ScrollsToTheTopic)
     EXPECT_GT(Get<QTextBrowser>("BrPage").verticalScrollBar()->value(), 0);
 }
 
-TEST_F(HelpViewerTest, TellsANumberWithoutTopic)
+TEST_F(HelpViewerTest, ReportsANumberWithoutTopic)
 {
     Answers().Expect(12702, { QStringLiteral("14301") }, Ok);
     ShowHelp(14301);
     EXPECT_EQ(HelpViewer(), nullptr);
 }
 
-TEST_F(HelpViewerTest, TellsWhenThereIsNoBook)
+TEST_F(HelpViewerTest, ReportsAMissingBook)
 {
     Program().HelpFilePath = FilePath(QStringLiteral("none.chm"));
     for (int command : { 11971, 11973, 11975 }) {
@@ -135,7 +135,7 @@ TEST_F(HelpViewerTest, KeepsOneWindow)
     EXPECT_EQ(Page(), QStringLiteral("memory.html#memory"));
 }
 
-TEST_F(HelpViewerTest, FindsWhileWordsAreTyped)
+TEST_F(HelpViewerTest, SearchesWhileTyping)
 {
     HelpCommand(11975);
     QTest::keyClicks(&Get<QLineEdit>("TbWords"), QStringLiteral("decimal comma"));
@@ -156,7 +156,7 @@ TEST_F(HelpViewerTest, OpensTheFirstTopicFoundOnEnter)
     EXPECT_TRUE(HelpViewer()->isVisible());
 }
 
-TEST_F(HelpViewerTest, GoesToTheKeywordThatIsTyped)
+TEST_F(HelpViewerTest, SelectsTheTypedKeyword)
 {
     HelpCommand(11973);
     QTest::keyClicks(&Get<QLineEdit>("TbKeyword"), QStringLiteral("sEpa"));
@@ -165,7 +165,7 @@ TEST_F(HelpViewerTest, GoesToTheKeywordThatIsTyped)
     EXPECT_EQ(Page(), QStringLiteral("csv.html#rules"));
 }
 
-TEST_F(HelpViewerTest, OpensTheKeywordThatIsClicked)
+TEST_F(HelpViewerTest, OpensTheClickedKeyword)
 {
     HelpCommand(11973);
     auto& list = Get<QListWidget>("LxIndex");
@@ -222,7 +222,7 @@ TEST_F(HelpViewerTest, StaysUsableWhenOpenedFromADialog)
     EXPECT_EQ(Page(), QStringLiteral("index.html#welcome"));
 }
 
-TEST_F(HelpViewerTest, StaysUsableWhenADialogOpensBesideIt)
+TEST_F(HelpViewerTest, StaysUsableWhenADialogOpens)
 {
     ShowHelp(10702);
     Settle();
@@ -238,7 +238,7 @@ TEST_F(HelpViewerTest, StaysUsableWhenADialogOpensBesideIt)
     EXPECT_EQ(hidden.count(), 0) << "the viewer flickered";
 }
 
-TEST_F(HelpViewerTest, OutlivesTheDialogThatItWasOpenedFrom)
+TEST_F(HelpViewerTest, OutlivesTheDialogItWasOpenedFrom)
 {
     {
         QDialog below;
@@ -271,7 +271,7 @@ TEST_F(HelpViewerTest, ShowsNothingFromOutsideTheBook)
     EXPECT_FALSE(page.toPlainText().contains(QLatin1String("secret")));
 }
 
-TEST_F(HelpViewerTest, TakesTheDarkStyleOnADarkPalette)
+TEST_F(HelpViewerTest, UsesTheDarkStyleOnADarkPalette)
 {
     HelpCommand(11971);
     auto& page = Get<QTextBrowser>("BrPage");
@@ -311,7 +311,7 @@ TEST_F(HelpViewerTest, ReachesItsControlsByTab)
         EXPECT_TRUE(reached.contains(QLatin1String(name))) << name << " in " << reached.join(u' ').toStdString();
 }
 
-TEST_F(HelpViewerTest, TakesTheFocusIntoATabThatIsChosen)
+TEST_F(HelpViewerTest, MovesTheFocusIntoTheChosenTab)
 {
     ShowHelp(10702);
     EXPECT_EQ(HelpViewer()->focusWidget(), &Get<QTextBrowser>("BrPage"));

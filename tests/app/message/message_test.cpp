@@ -36,8 +36,8 @@ protected:
 
     std::vector<MessageRequest> Shown;
     std::function<void()> WhileOpen;
-    int Answer = MsgResultYes;
-    int ResultWhileOpen = -1;
+    MsgResult Answer = MsgResult::Yes;
+    MsgResult ResultWhileOpen = MsgResult::Ok;
 };
 
 TEST_F(Message, OkShowsTheExclamationMark)
@@ -63,7 +63,7 @@ TEST_F(Message, OkFillsItsArguments)
     EXPECT_EQ(Last().HelpNumber, 12780);
 }
 
-TEST_F(Message, OkWritesNumbersPlainly)
+TEST_F(Message, OkShowsPlainNumbers)
 {
     MsgOkNum(TextNumber<1>(12702), 11995);
     EXPECT_EQ(Last().Args, QStringList("11995"));
@@ -74,7 +74,7 @@ TEST_F(Message, OkWritesNumbersPlainly)
 
 TEST_F(Message, QuestionsHaveTheirFixedStyles)
 {
-    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), MsgResultYes);
+    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), MsgResult::Yes);
     EXPECT_EQ(Last().Style, 36);
     EXPECT_TRUE(Last().IsQuestion());
     EXPECT_FALSE(Last().DefaultToNo);
@@ -97,7 +97,7 @@ TEST_F(Message, QuestionsHaveTheirFixedStyles)
     EXPECT_TRUE(Last().DefaultToNo);
 }
 
-TEST_F(Message, DefaultToNoHoldsForOneMessage)
+TEST_F(Message, DefaultToNoAppliesToOneMessage)
 {
     MsgYesNoDefNo(TextNumber<0>(12769));
     EXPECT_FALSE(TheMessage().DefaultToNo);
@@ -105,61 +105,61 @@ TEST_F(Message, DefaultToNoHoldsForOneMessage)
     EXPECT_FALSE(Last().DefaultToNo);
 }
 
-TEST_F(Message, ResultIsZeroWhileOpen)
+TEST_F(Message, HasNoResultWhileOpen)
 {
     MsgYesNo(TextNumber<0>(12769));
     MsgYesNo(TextNumber<0>(12769));
-    EXPECT_EQ(ResultWhileOpen, MsgNone);
+    EXPECT_EQ(ResultWhileOpen, MsgResult::None);
 }
 
-TEST_F(Message, LeftWithoutAnAnswerReturnsZero)
+TEST_F(Message, ReturnsNoneWithoutAnAnswer)
 {
-    Answer = MsgNone;
-    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), 0);
+    Answer = MsgResult::None;
+    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), MsgResult::None);
 }
 
-TEST_F(Message, WithoutAPresenterNothingIsAnswered)
+TEST_F(Message, ReturnsNoneWithoutAPresenter)
 {
     TheMessagePresenter().Reset();
-    TheMessage().Result = MsgResultYes;
-    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), 0);
+    TheMessage().Result = MsgResult::Yes;
+    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), MsgResult::None);
 }
 
-TEST_F(Message, RawShowsAFinishedTextUnderItsOwnHelpNumber)
+TEST_F(Message, RawShowsItsTextAndHelpNumber)
 {
-    EXPECT_EQ(MsgRaw(MsgButtonsOkCancel | kMsgIconQuestion, "text", 77), MsgResultYes);
+    EXPECT_EQ(MsgRaw(MsgStyle(MsgButtons::OkCancel, MsgIcon::Question), "text", 77), MsgResult::Yes);
     EXPECT_EQ(Last().Text, "text");
     EXPECT_EQ(Last().HelpNumber, 77);
-    EXPECT_EQ(Last().Buttons(), MsgButtonsOkCancel);
+    EXPECT_EQ(Last().Buttons(), MsgButtons::OkCancel);
 }
 
-TEST_F(Message, IconIsAQuestionMarkForOneValueOnly)
+TEST_F(Message, OnlyOneIconIsAQuestion)
 {
     for (const int icon : { 0, 16, 48, 64, 96 }) {
-        MsgRaw(icon | MsgButtonsYesNo, "text", 1);
+        MsgRaw(icon | static_cast<int>(MsgButtons::YesNo), "text", 1);
         EXPECT_FALSE(Last().IsQuestion()) << icon;
     }
 }
 
 TEST_F(Message, AskOnceKeepsItsAnswer)
 {
-    Answer = MsgResultNo;
-    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResultNo);
+    Answer = MsgResult::No;
+    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResult::No);
     EXPECT_EQ(Last().Style, 36);
-    Answer = MsgResultYes;
-    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResultNo);
+    Answer = MsgResult::Yes;
+    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResult::No);
     EXPECT_EQ(Shown.size(), 1U);
     MsgAskOnceReset();
-    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResultYes);
+    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResult::Yes);
     EXPECT_EQ(Shown.size(), 2U);
 }
 
 TEST_F(Message, AskOnceAsksAgainAfterNoAnswer)
 {
-    Answer = MsgNone;
-    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgNone);
-    Answer = MsgResultYes;
-    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResultYes);
+    Answer = MsgResult::None;
+    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResult::None);
+    Answer = MsgResult::Yes;
+    EXPECT_EQ(MsgAskOnce(TextNumber<0>(12769)), MsgResult::Yes);
 }
 
 TEST_F(Message, AllFlagsOutliveTheMessage)
@@ -177,7 +177,7 @@ TEST_F(Message, SecondMessageWaitsForTheFirst)
         hasWaited = true;
         EXPECT_FALSE(done());
         TheMessage().Showing = false; // the user answers the first message
-        TheMessage().Result = MsgResultNo;
+        TheMessage().Result = MsgResult::No;
         EXPECT_TRUE(done());
     };
     TheMessage().Showing = true;
@@ -191,14 +191,14 @@ TEST_F(Message, SecondMessageLeavesTheAnswerOfTheFirst)
 {
     TheSeams().PumpUntil = [](const std::function<bool()>&) {
         TheMessage().Showing = false;
-        TheMessage().Result = MsgResultNo;
+        TheMessage().Result = MsgResult::No;
     };
     TheMessage().Showing = true;
-    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), MsgResultYes);
-    EXPECT_EQ(TheMessage().Result, MsgResultNo);
+    EXPECT_EQ(MsgYesNo(TextNumber<0>(12769)), MsgResult::Yes);
+    EXPECT_EQ(TheMessage().Result, MsgResult::No);
 }
 
-TEST_F(Message, AMessageThatFollowsDoesNotWait)
+TEST_F(Message, FollowingMessageDoesNotWait)
 {
     TheSeams().PumpUntil = [](const std::function<bool()>&) { FAIL() << "waited"; };
     MsgOk(TextNumber<0>(12765));

@@ -13,22 +13,22 @@
 
 namespace tarvik {
 
-// Each test in a process of its own: a signal's handler belongs to all of it.
+// Each test runs in its own process, since signal handlers are process-wide.
 
 namespace {
 
-int wishes = 0;
+int requests = 0;
 
 void Watch()
 {
-    OnCloseSignal([] { ++wishes; });
+    OnCloseSignal([] { ++requests; });
 }
 
-int WishesAfterEvents()
+int RequestsAfterEvents()
 {
     for (int at = 0; at < 3; ++at)
         QCoreApplication::processEvents();
-    return wishes;
+    return requests;
 }
 
 void ExitWith(bool holds)
@@ -46,58 +46,58 @@ TEST(CloseSignal, RunsFromTheMessageLoop)
         const auto run = [signal] {
             Watch();
             std::raise(signal);
-            const bool waits = wishes == 0;
-            ExitWith(waits && WishesAfterEvents() == 1);
+            const bool isPending = requests == 0;
+            ExitWith(isPending && RequestsAfterEvents() == 1);
         };
         EXPECT_EXIT(run(), kHolds, "") << signal;
     }
 }
 
-TEST(CloseSignal, OneWishIsMadeOfSeveralSignals)
+TEST(CloseSignal, RepeatedSignalsRequestCloseOnce)
 {
     const auto run = [] {
         Watch();
         std::raise(SIGTERM);
         std::raise(SIGHUP);
-        const int before = WishesAfterEvents();
+        const int before = RequestsAfterEvents();
         std::raise(SIGINT);
-        ExitWith(before == 1 && WishesAfterEvents() == 1);
+        ExitWith(before == 1 && RequestsAfterEvents() == 1);
     };
     EXPECT_EXIT(run(), kHolds, "");
 }
 
-TEST(CloseSignal, TheSameSignalAgainEndsTheProcess)
+TEST(CloseSignal, EndsTheProcessOnTheSameSignalAgain)
 {
     const auto run = [] {
         Watch();
         std::raise(SIGTERM);
-        static_cast<void>(WishesAfterEvents());
+        static_cast<void>(RequestsAfterEvents());
         std::raise(SIGTERM);
         ExitWith(false);
     };
     EXPECT_EXIT(run(), testing::KilledBySignal(SIGTERM), "");
 }
 
-TEST(CloseSignal, ASignalThatIsIgnoredStaysIgnored)
+TEST(CloseSignal, KeepsIgnoredSignalsIgnored)
 {
     const auto run = [] {
         std::signal(SIGHUP, SIG_IGN);
         Watch();
         std::raise(SIGHUP);
         std::raise(SIGHUP);
-        const int before = WishesAfterEvents();
+        const int before = RequestsAfterEvents();
         std::raise(SIGTERM);
-        ExitWith(before == 0 && WishesAfterEvents() == 1);
+        ExitWith(before == 0 && RequestsAfterEvents() == 1);
     };
     EXPECT_EXIT(run(), kHolds, "");
 }
 
-TEST(CloseSignal, LeavesTheErrorOfWhatItInterrupts)
+TEST(CloseSignal, PreservesTheErrorOfTheInterruptedCode)
 {
     const auto run = [] {
         Watch();
         for (int handle = 3; handle < 256; ++handle)
-            ::close(handle); // so that the handler fails
+            ::close(handle); // makes the handler fail
         errno = ENOTDIR;
         std::raise(SIGTERM);
         ExitWith(errno == ENOTDIR);

@@ -8,7 +8,7 @@
 
 namespace tarvik {
 
-/// Timers that run off as soon as someone waits.
+/// Timers that expire as soon as the program waits.
 class Interval : public ProgramTest {
 protected:
     Interval()
@@ -45,19 +45,19 @@ TEST_F(Interval, NegativeReturnsAtOnce)
     EXPECT_TRUE(Started.empty());
 }
 
-TEST_F(Interval, UpToAMinuteRunsInOnePiece)
+TEST_F(Interval, TakesOneTimerUpToAMinute)
 {
     IntervalWait(60000);
     EXPECT_EQ(Started, std::vector<int>({ 60000 }));
 }
 
-TEST_F(Interval, LongerWaitRunsInPiecesOfAMinute)
+TEST_F(Interval, SplitsALongerWaitIntoMinutes)
 {
     IntervalWait(130001);
     EXPECT_EQ(Started, std::vector<int>({ 60000, 60000, 10001 }));
 }
 
-TEST_F(Interval, WaitInsideAWaitDoesNotRestartTheTimer)
+TEST_F(Interval, NestedWaitDoesNotRestartTheTimer)
 {
     WhileWaiting = [] { IntervalWait(500); };
     IntervalWait(2000);

@@ -18,7 +18,7 @@ protected:
     }
 };
 
-TEST_F(NewFileDeviceTest, PutsAllThatWasWrittenInItsPlace)
+TEST_F(NewFileDeviceTest, ReplacesTheFileWithAllThatWasWritten)
 {
     const QByteArray large(1'000'000, 'x');
     Store(FilePath("a"), "old");
@@ -43,7 +43,7 @@ TEST_F(NewFileDeviceTest, MayBeClosedBeforeItsCommit)
     EXPECT_EQ(Contents(FilePath("a")), "new");
 }
 
-TEST_F(NewFileDeviceTest, WithoutACommitLeavesTheOldFileAndNothingElse)
+TEST_F(NewFileDeviceTest, WithoutACommitLeavesOnlyTheOldFile)
 {
     Store(FilePath("a"), "old");
     {
@@ -68,7 +68,7 @@ TEST_F(NewFileDeviceTest, CommitsOnce)
     EXPECT_EQ(Contents(FilePath("a")), "");
 }
 
-TEST_F(NewFileDeviceTest, IsSequentialAndWrittenOnly)
+TEST_F(NewFileDeviceTest, IsSequentialAndWriteOnly)
 {
     NewFileDevice file(FilePath("a"));
     EXPECT_FALSE(file.open(QIODevice::ReadOnly));
@@ -80,7 +80,7 @@ TEST_F(NewFileDeviceTest, IsSequentialAndWrittenOnly)
     EXPECT_FALSE(file.open(QIODevice::WriteOnly)) << "a second time";
 }
 
-TEST_F(NewFileDeviceTest, DoesNotOpenWhatCanNotBeReplaced)
+TEST_F(NewFileDeviceTest, DoesNotOpenAnIrreplaceableFile)
 {
     Store(FilePath("a"), "old");
     QFile::setPermissions(FilePath("a"), QFile::ReadOwner);
@@ -94,7 +94,7 @@ TEST_F(NewFileDeviceTest, DoesNotOpenWhatCanNotBeReplaced)
     EXPECT_EQ(Names(), QStringList("a"));
 }
 
-TEST_F(NewFileDeviceTest, DoesNotCommitWhatWasLostOnTheWay)
+TEST_F(NewFileDeviceTest, DoesNotCommitAfterAFailedWrite)
 {
     tvfile::FailingFileSystem disk;
     NewFileDevice file(FilePath("a"));

@@ -35,7 +35,7 @@ struct LoudGreeter final : Greeter {
     }
 };
 
-/// Notes what a state holds at the moment in which a value of it ends.
+/// The value of a state at the time when its old value is destroyed.
 std::vector<int>& CountsAtEnd()
 {
     static std::vector<int> counts;
@@ -66,7 +66,7 @@ TEST(ProcessState, ResetMakesTheStartValue)
     EXPECT_EQ(state.Get(), 7);
 }
 
-TEST(ProcessState, TheYoungestIsResetFirst)
+TEST(ProcessState, ResetsTheNewestFirst)
 {
     CountsAtEnd().clear();
     static int* older = nullptr;
@@ -80,7 +80,7 @@ TEST(ProcessState, TheYoungestIsResetFirst)
     EXPECT_EQ(first.Get(), 1);
 }
 
-TEST(ProcessState, TheOldValueEndsAfterTheStartValueIsThere)
+TEST(ProcessState, DestroysTheOldValueAfterSettingTheStartValue)
 {
     static ProcessState<Owner>* state = nullptr;
     static bool wasEmpty = false;
@@ -91,7 +91,7 @@ TEST(ProcessState, TheOldValueEndsAfterTheStartValueIsThere)
     EXPECT_TRUE(wasEmpty);
 }
 
-TEST(ProcessState, OneThatHasEndedIsNotReset)
+TEST(ProcessState, IsNotResetAfterDestruction)
 {
     static int starts = 0;
     {
@@ -102,7 +102,7 @@ TEST(ProcessState, OneThatHasEndedIsNotReset)
     EXPECT_EQ(starts, 1);
 }
 
-TEST(Port, AnswersAsAbsentUntilItIsSet)
+TEST(Port, UsesTheAbsentImplementationUntilSet)
 {
     PortOr<Greeter, NoGreeter> owner;
     Port<Greeter>& port = owner;
@@ -113,14 +113,14 @@ TEST(Port, AnswersAsAbsentUntilItIsSet)
     EXPECT_EQ(&*port, &loud);
 }
 
-TEST(Port, IsImplementedByAClassWithoutData)
+TEST(Port, TakesAnImplementationWithoutData)
 {
     PortOr<Greeter, NoGreeter> port;
     port.Implement<LoudGreeter>();
     EXPECT_EQ(port->Greet(), "HELLO");
 }
 
-TEST(Port, ScopesNestAndPutBackWhatAnsweredBefore)
+TEST(Port, ScopesNestAndRestoreTheFormerImplementation)
 {
     PortOr<Greeter, NoGreeter> port;
     LoudGreeter outer;
@@ -136,7 +136,7 @@ TEST(Port, ScopesNestAndPutBackWhatAnsweredBefore)
     EXPECT_EQ(port->Greet(), "nobody");
 }
 
-TEST(Port, AResetOfAllStateIncludesPorts)
+TEST(Port, IsResetWithAllState)
 {
     PortOr<Greeter, NoGreeter> port;
     LoudGreeter loud;

@@ -20,7 +20,7 @@ protected:
     }
 };
 
-TEST_F(ReplaceFileTest, MakesAFileThatEveryoneMayReadAsUsual)
+TEST_F(ReplaceFileTest, CreatesAFileWithTheUsualPermissions)
 {
     QFile plain(FilePath("plain"));
     ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
@@ -50,7 +50,7 @@ TEST_F(ReplaceFileTest, RefusesAReadOnlyFile)
     EXPECT_EQ(Names(), QStringList("a"));
 }
 
-TEST_F(ReplaceFileTest, RefusesAFolderAndAPlaceThatIsNotThere)
+TEST_F(ReplaceFileTest, RefusesAFolderAndAMissingFolder)
 {
     EXPECT_FALSE(ReplaceFile(Folder(), "x"));
     EXPECT_FALSE(ReplaceFile(FilePath("none/a"), "x"));
@@ -66,7 +66,7 @@ TEST_F(ReplaceFileTest, FollowsALink)
     EXPECT_EQ(Contents(FilePath("target")), "new");
 }
 
-TEST_F(ReplaceFileTest, MakesTheFileThatALinkLeadsTo)
+TEST_F(ReplaceFileTest, CreatesTheTargetOfALink)
 {
     ASSERT_TRUE(QFile::link(FilePath("target"), FilePath("link")));
     EXPECT_TRUE(CanReplaceFile(FilePath("link")));
@@ -81,7 +81,7 @@ TEST_F(ReplaceFileTest, RefusesAnEmptyPath)
     EXPECT_FALSE(ReplaceFile({}, "new"));
 }
 
-TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeftAboveALinkedFolder)
+TEST_F(ReplaceFileTest, RemovesLeftOversOfAKilledWriterAboveALinkedFolder)
 {
     ASSERT_TRUE(QDir(Folder()).mkpath("other/place"));
     ASSERT_TRUE(QFile::link(FilePath("other/place"), FilePath("here")));
@@ -90,7 +90,7 @@ TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeftAboveALinkedFolder)
     EXPECT_EQ(QDir(FilePath("other")).entryList(QDir::Files | QDir::Hidden), QStringList("a"));
 }
 
-TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeft)
+TEST_F(ReplaceFileTest, RemovesLeftOversOfAKilledWriter)
 {
     Store(FilePath(".a.tvnew"), "half");
     const QStringList others{ ".a.movie.tvnew", ".a.tvnew.2", ".ab.tvnew", "a.txt" };
@@ -100,13 +100,13 @@ TEST_F(ReplaceFileTest, ClearsWhatAKilledWriterLeft)
     EXPECT_EQ(Names(), QStringList(others.mid(0, 3)) + QStringList({ "a", "a.txt" }));
 }
 
-TEST_F(ReplaceFileTest, WritesNothingAsAnEmptyFile)
+TEST_F(ReplaceFileTest, WritesAnEmptyFile)
 {
     ASSERT_TRUE(ReplaceFile(FilePath("a"), {}));
     EXPECT_EQ(QFileInfo(FilePath("a")).size(), 0);
 }
 
-TEST_F(ReplaceFileTest, TakesTheLongestNames)
+TEST_F(ReplaceFileTest, AcceptsTheLongestNames)
 {
     const QString ascii(251, u'n');
     const QString greek(125, QChar(0x03B1));
@@ -118,7 +118,7 @@ TEST_F(ReplaceFileTest, TakesTheLongestNames)
     EXPECT_EQ(Names().size(), 2);
 }
 
-TEST_F(ReplaceFileTest, TryingLeavesEverythingAsItIs)
+TEST_F(ReplaceFileTest, TrialLeavesTheFolderUnchanged)
 {
     Store(FilePath("a.png"), "old");
     EXPECT_TRUE(CanReplaceFile(FilePath("a.png")));
@@ -127,7 +127,7 @@ TEST_F(ReplaceFileTest, TryingLeavesEverythingAsItIs)
     EXPECT_EQ(Names(), QStringList("a.png"));
 }
 
-TEST_F(ReplaceFileTest, FolderReadOnlyFileAndMissingPlaceCanNotBeReplaced)
+TEST_F(ReplaceFileTest, TrialFailsForFolderReadOnlyFileAndMissingFolder)
 {
     ASSERT_TRUE(QDir(Folder()).mkdir("a.png"));
     EXPECT_FALSE(CanReplaceFile(FilePath("a.png")));
@@ -142,7 +142,7 @@ TEST_F(ReplaceFileTest, FolderReadOnlyFileAndMissingPlaceCanNotBeReplaced)
 
 namespace {
 
-/// While it lives, no file takes more than `bytes`: what a full disk does to a writer.
+/// Limits files to `bytes` during its lifetime, as a full disk does.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t bytes)
@@ -167,7 +167,7 @@ private:
 
 } // namespace
 
-TEST_F(ReplaceFileTest, RefusesWhatIsNoFile)
+TEST_F(ReplaceFileTest, RefusesAPipe)
 {
     ASSERT_EQ(mkfifo(qPrintable(FilePath("pipe")), 0600), 0);
     EXPECT_FALSE(CanReplaceFile(FilePath("pipe")));
@@ -176,10 +176,10 @@ TEST_F(ReplaceFileTest, RefusesWhatIsNoFile)
         QStringList("pipe"));
 }
 
-TEST_F(ReplaceFileTest, LeavesTheOldFileAndNothingElseOnAFullDisk)
+TEST_F(ReplaceFileTest, LeavesOnlyTheOldFileOnAFullDisk)
 {
     Store(FilePath("a"), "old");
-    for (const qsizetype size : { 1000, 100000 }) { // in the buffer, and past it
+    for (const qsizetype size : { 1000, 100000 }) { // below and above the size of the buffer
         const FullDisk disk(500);
         EXPECT_FALSE(ReplaceFile(FilePath("a"), QByteArray(size, 'x'))) << size;
     }
@@ -187,7 +187,7 @@ TEST_F(ReplaceFileTest, LeavesTheOldFileAndNothingElseOnAFullDisk)
     EXPECT_EQ(Names(), QStringList("a"));
 }
 
-TEST_F(ReplaceFileTest, NothingCanBeReplacedOnADiskWithoutRoomForAByte)
+TEST_F(ReplaceFileTest, TrialFailsOnAFullDisk)
 {
     Store(FilePath("a"), "old");
     const FullDisk disk(0);

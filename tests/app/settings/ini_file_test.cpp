@@ -26,7 +26,7 @@ QString Read(const QByteArray& bytes, const QString& section, const QString& key
 
 } // namespace
 
-TEST(IniFile, ReturnsForeignBytesUntouched)
+TEST(IniFile, KeepsForeignBytes)
 {
     const QByteArray bytes =
         Literal("\xEF\xBB\xBF; a comment\r\n\n[A]\nx = 1 \r\nno key\n=no name\n[unclosed\n\0zero\n[B\xE4]\n\xFF\xFE");
@@ -38,7 +38,7 @@ TEST(IniFile, FindsSectionAndKeyInAnyCase)
     EXPECT_EQ(Read("[File]\nPcPathMl=/lists\n", "fILE", "pcpathML"), "/lists");
 }
 
-TEST(IniFile, TellsAMissingKeyFromAnEmptyOne)
+TEST(IniFile, DistinguishesMissingAndEmptyKeys)
 {
     const IniFile file = IniFile::Parse("[A]\nempty=\n");
     EXPECT_EQ(file.Value("A", "empty"), QString());
@@ -67,7 +67,7 @@ TEST(IniFile, FirstOfEqualKeysCounts)
     EXPECT_EQ(Changed("[A]\nk=1\nK=2\n", "a", "K", "9"), QByteArray("[A]\nk=9\nK=2\n"));
 }
 
-TEST(IniFile, KeysOutsideSectionsAndInCommentsAreNotThere)
+TEST(IniFile, IgnoresKeysOutsideSectionsAndInComments)
 {
     const IniFile file = IniFile::Parse("k=1\n[A]\n;k=2\n ; k=3\n");
     EXPECT_FALSE(file.Value("", "k").has_value());
@@ -75,7 +75,7 @@ TEST(IniFile, KeysOutsideSectionsAndInCommentsAreNotThere)
     EXPECT_FALSE(file.Value("A", ";k").has_value());
 }
 
-TEST(IniFile, KeyMayHoldEqualsSignInItsValue)
+TEST(IniFile, KeepsEqualsSignsInAValue)
 {
     EXPECT_EQ(Read("[A]\nk=a=b\n", "A", "k"), "a=b");
 }
@@ -86,20 +86,20 @@ TEST(IniFile, ChangesOnlyTheLineOfTheKey)
         QByteArray("; top\r\n[A]\r\nx=1\r\n  k  =  new\r\n; end\r\n[B]\r\nk=1\r\n"));
 }
 
-TEST(IniFile, LeavesALineThatHoldsTheValueAlready)
+TEST(IniFile, LeavesALineThatAlreadyHasTheValue)
 {
     const QByteArray bytes("[A]\nk = \"same\"   \n");
     EXPECT_EQ(Changed(bytes, "A", "k", "same"), bytes);
 }
 
-TEST(IniFile, AddsAKeyBehindTheLastLineOfItsSection)
+TEST(IniFile, AppendsAKeyToItsSection)
 {
     EXPECT_EQ(Changed("[A]\nx=1\n; note\n\n[B]\n", "A", "k", "2"), QByteArray("[A]\nx=1\n; note\nk=2\n\n[B]\n"));
     EXPECT_EQ(Changed("[A]", "A", "k", "2"), QByteArray("[A]\nk=2\n"));
     EXPECT_EQ(Changed("[A]\n\n\n", "A", "k", "2"), QByteArray("[A]\nk=2\n\n\n"));
 }
 
-TEST(IniFile, AddsASectionAtTheEndWithTheLineEndOfTheFile)
+TEST(IniFile, AppendsASectionWithTheLineEndOfTheFile)
 {
     EXPECT_EQ(Changed("[A]\r\nx=1", "B", "k", "2"), QByteArray("[A]\r\nx=1\r\n[B]\r\nk=2\r\n"));
 }
@@ -128,14 +128,14 @@ TEST(IniFile, ReadsBackEveryValueThatItWrites)
     }
 }
 
-TEST(IniFile, LineBreaksInAValueCannotMakeNewLines)
+TEST(IniFile, ReplacesLineBreaksInAValue)
 {
     const QByteArray bytes = Changed({}, "A", "k", QStringLiteral("a\r\n[B]\nx=1") + QChar(0) + "z");
     EXPECT_EQ(Read(bytes, "A", "k"), "a  [B] x=1 z");
     EXPECT_FALSE(IniFile::Parse(bytes).Value("B", "x").has_value());
 }
 
-TEST(IniFile, ReadsOlderSingleByteLinesBesideUtf8)
+TEST(IniFile, ReadsSingleByteLinesAmongUtf8)
 {
     const QByteArray bytes("[A]\nold=\xD6rtlich\nnew=\xC3\x96rtlich\n");
     EXPECT_EQ(Read(bytes, "A", "old"), QStringLiteral("Örtlich"));
@@ -143,7 +143,7 @@ TEST(IniFile, ReadsOlderSingleByteLinesBesideUtf8)
     EXPECT_TRUE(Changed(bytes, "A", "new", "x").contains("old=\xD6rtlich\n"));
 }
 
-TEST(IniFile, SeesTheFirstSectionBehindAByteOrderMark)
+TEST(IniFile, FindsTheFirstSectionAfterAByteOrderMark)
 {
     EXPECT_EQ(Read("\xEF\xBB\xBF[A]\nk=1\n", "A", "k"), "1");
 }
@@ -153,7 +153,7 @@ TEST(IniFile, EndsALineAtAZero)
     EXPECT_EQ(Read(Literal("[A]\nk=ab\0cd\n"), "A", "k"), "ab");
 }
 
-TEST(IniFile, StandsMissingBracketsAndLongLines)
+TEST(IniFile, HandlesMissingBracketsAndLongLines)
 {
     QByteArray bytes("[\n]\n[]\n[[A]\n");
     bytes += QByteArray(300000, '[') + '\n' + QByteArray(300000, '=') + '\n' + "k=" + QByteArray(300000, 'x');

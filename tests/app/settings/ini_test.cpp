@@ -22,7 +22,7 @@ protected:
     }
 };
 
-TEST_F(Ini, NumberEndsAtTheFirstForeignCharacter)
+TEST_F(Ini, NumberEndsAtTheFirstOtherCharacter)
 {
     EXPECT_EQ(IniNumber(u"1,5"), 1);
     EXPECT_EQ(IniNumber(u"  12abc"), 12);
@@ -48,7 +48,7 @@ TEST_F(Ini, NumberIsZeroWithoutDigits)
         EXPECT_EQ(IniNumber(text), 0) << QStringView(text).toString().toStdString();
 }
 
-TEST_F(Ini, NumberBeyondItsTypeIsTheLargestOne)
+TEST_F(Ini, NumberOutOfRangeIsTheLargestOne)
 {
     EXPECT_EQ(IniNumber(u"1e999"), std::numeric_limits<double>::max());
     EXPECT_EQ(IniNumber(u"-1e999"), -std::numeric_limits<double>::max());
@@ -98,7 +98,7 @@ TEST_F(Ini, WholeNumbersLoseTheirFractionAndKeepTheLowBits)
     EXPECT_EQ(IniReadLong(file, "S", "c", 0), 65537);
     EXPECT_EQ(IniReadLong(file, "S", "d", 0), 1);
     EXPECT_EQ(IniReadLong(file, "S", "missing", -7), -7);
-    IniReadLong(file, "S", "e", 0); // defined, whatever it is
+    IniReadLong(file, "S", "e", 0); // must only be defined
 }
 
 TEST_F(Ini, SingleStaysFinite)
@@ -110,7 +110,7 @@ TEST_F(Ini, SingleStaysFinite)
     EXPECT_EQ(IniReadSingle(file, "S", "missing", 0.1F), 0.1F);
 }
 
-TEST_F(Ini, StringTellsItsLengthAndEndsAtTheBuffer)
+TEST_F(Ini, StringReturnsItsLengthAndIsTruncated)
 {
     const QString file = With("a= text \nempty=\nlong=" + QByteArray(300, 'x'));
     QString out;
@@ -123,7 +123,7 @@ TEST_F(Ini, StringTellsItsLengthAndEndsAtTheBuffer)
     EXPECT_EQ(IniReadString(file, "S", "long", "", out), kIniTextLimit);
 }
 
-TEST_F(Ini, RectTakesAFarLeftEdgeAsUndefined)
+TEST_F(Ini, RectTreatsAFarLeftEdgeAsUndefined)
 {
     const QString file = With("PLeft=-5\nPTop=-5\nPWidth=2.5");
     const IniRect rect = IniReadRect(file, "S", "P");
@@ -186,7 +186,7 @@ TEST_F(Ini, SessionWithoutCommitChangesNothing)
     EXPECT_EQ(IniReadInt(file, "S", "a", 0), 1);
 }
 
-TEST_F(Ini, UnwritableFileStaysSilently)
+TEST_F(Ini, UnwritableFileStaysUnchanged)
 {
     const QString file = With("a=1");
     QFile::setPermissions(file, QFile::ReadOwner);
@@ -194,7 +194,7 @@ TEST_F(Ini, UnwritableFileStaysSilently)
     EXPECT_EQ(Written(), "[S]\na=1\n");
 }
 
-TEST_F(Ini, FileTooLargeForSettingsIsLeftAlone)
+TEST_F(Ini, FileTooLargeForSettingsStaysUnchanged)
 {
     const QString file = With("a=1\n;" + QByteArray(1 << 20, 'x'));
     const QByteArray before = Written();
@@ -203,7 +203,7 @@ TEST_F(Ini, FileTooLargeForSettingsIsLeftAlone)
     EXPECT_EQ(Written(), before);
 }
 
-TEST_F(Ini, PcFolderThatIsGoneIsTheProgramFolder)
+TEST_F(Ini, MissingPcFolderIsTheProgramFolder)
 {
     Store(FilePath("x.ini"), "[File]\nPcPathMl=" + FilePath("gone").toUtf8() + "\n");
     EXPECT_EQ(IniReadModelPcPath(FilePath("x.ini"), 3), Program().AppPath);
@@ -217,7 +217,7 @@ TEST_F(Ini, PcFolderThatIsAFileIsTheProgramFolder)
     EXPECT_EQ(IniReadModelPcPath(FilePath("x.ini"), 1), Program().AppPath);
 }
 
-TEST_F(Ini, PcFolderThatExistsIsTaken)
+TEST_F(Ini, ExistingPcFolderIsUsed)
 {
     ASSERT_TRUE(QDir(Folder()).mkdir("Örtlich"));
     const QString folder = FilePath("Örtlich");
@@ -258,7 +258,7 @@ TEST_F(Ini, InstrumentFolderMayBeAnywhere)
     EXPECT_EQ(Contents(FilePath("x.ini")).trimmed(), "[File]\nInstrPathMl=");
 }
 
-TEST_F(Ini, RegionTellsOrderOfTheDate)
+TEST_F(Ini, RegionHasAnOrderOfTheDate)
 {
     EXPECT_EQ(IniDateOrder(), 0);
     SetRegion(QLocale(QLocale::German, QLocale::Germany));
@@ -267,7 +267,7 @@ TEST_F(Ini, RegionTellsOrderOfTheDate)
     EXPECT_EQ(IniDateOrder(), 2);
 }
 
-TEST_F(Ini, RegionTellsDecimalCharacterAndListSeparator)
+TEST_F(Ini, RegionHasDecimalCharacterAndListSeparator)
 {
     EXPECT_EQ(IniDecimalChar(), ".");
     EXPECT_EQ(IniListSeparator(), ",");
@@ -279,7 +279,7 @@ TEST_F(Ini, RegionTellsDecimalCharacterAndListSeparator)
     EXPECT_EQ(IniListSeparator(), ";");
 }
 
-TEST_F(Ini, RegionWritesShortDateAndTimeWithSeconds)
+TEST_F(Ini, RegionFormatsShortDateAndTimeWithSeconds)
 {
     const QDateTime moment(QDate(2024, 3, 5), QTime(14, 7, 9));
     EXPECT_EQ(IniDateText(moment), "3/5/24");

@@ -8,13 +8,13 @@ namespace tarvik {
 
 class Settings : public ProgramTest {
 protected:
-    /// A frame on a screen of 15360 by 11520 twips that takes no height above 11000.
+    /// A frame on a screen of 15360 by 11520 twips with a maximum height of 11000.
     FakeFrame& BindFrame()
     {
         frame_.emplace();
         frame_->Screen = { 15360, 11520 };
         frame_->HighestTwips = 11000;
-        frame_->Place = FramePlacement{ WinStateNormal, QRectF(150, 300.5, 9000, 6000) };
+        frame_->Place = FramePlacement{ WinState::Normal, QRectF(150, 300.5, 9000, 6000) };
         return *frame_;
     }
 
@@ -32,7 +32,7 @@ private:
     std::optional<FakeFrame> frame_;
 };
 
-TEST_F(Settings, StandBesideTheExecutable)
+TEST_F(Settings, AreInTheFolderOfTheExecutable)
 {
     EXPECT_EQ(IniFileName(), Program().AppPath + "Tarvik.ini");
 }
@@ -41,7 +41,7 @@ TEST_F(Settings, MissingFileGivesDefaults)
 {
     BindFrame();
     IniRead();
-    EXPECT_EQ(Program().MainWindowState, WinStateMaximised);
+    EXPECT_EQ(Program().MainWindowState, WinState::Maximised);
     EXPECT_TRUE(Program().ToolbarOn);
     EXPECT_TRUE(Program().StatusBarOn);
     EXPECT_FALSE(Program().AutoTile);
@@ -50,24 +50,34 @@ TEST_F(Settings, MissingFileGivesDefaults)
     EXPECT_FALSE(QFileInfo::exists(IniFileName()));
 }
 
-TEST_F(Settings, FrameDefaultsFollowTheSizeAsSet)
+TEST_F(Settings, FrameDefaultsFollowTheActualSize)
 {
     const FakeFrame& frame = BindFrame();
     IniRead();
-    EXPECT_EQ(Program().MainWindowState, WinStateMaximised);
+    EXPECT_EQ(Program().MainWindowState, WinState::Maximised);
     EXPECT_EQ(frame.Placed, QStringList({ "size 15360 11520", "place 0 520" }));
 }
 
-TEST_F(Settings, FrameIsReadInItsOrder)
+TEST_F(Settings, FrameIsSizedBeforeItIsMoved)
 {
     const FakeFrame& frame = BindFrame();
     StoreIni("[Tarvik]\nWinLeft=1,5\nWinTop=20.5\nWinState=0\nWinHeight=6000\nWinWidth=9000\n");
     IniRead();
     EXPECT_EQ(frame.Placed, QStringList({ "size 9000 6000", "place 1 20.5" }));
-    EXPECT_EQ(Program().MainWindowState, WinStateNormal);
+    EXPECT_EQ(Program().MainWindowState, WinState::Normal);
 }
 
-TEST_F(Settings, FrameLengthsStayWithinReach)
+TEST_F(Settings, TakesAnUnknownFrameStateForNormal)
+{
+    for (const auto& [stored, state] : { std::pair("1", WinState::Minimised), std::pair("2", WinState::Maximised),
+             std::pair("3", WinState::Normal), std::pair("-1", WinState::Normal) }) {
+        StoreIni(QByteArray("[Tarvik]\nWinState=") + stored + '\n');
+        IniRead();
+        EXPECT_EQ(Program().MainWindowState, state) << stored;
+    }
+}
+
+TEST_F(Settings, FrameLengthsAreLimited)
 {
     const FakeFrame& frame = BindFrame();
     StoreIni("[Tarvik]\nWinWidth=1e30\nWinHeight=6000\nWinLeft=-1e30\nWinTop=0\n");
@@ -83,7 +93,7 @@ TEST_F(Settings, FrameIsWrittenFirstWithItsNormalPlace)
         QStringList({ "[Tarvik]", "WinState=0", "WinLeft=150", "WinTop=300.5", "WinWidth=9000", "WinHeight=6000" }));
 }
 
-TEST_F(Settings, WithoutAFrameItsKeysStay)
+TEST_F(Settings, KeysOfTheFrameStayWithoutAFrame)
 {
     StoreIni("[Tarvik]\nWinLeft=7\n");
     IniRead();
@@ -146,7 +156,7 @@ TEST_F(Settings, GroupsRunBetweenLastFileAndSwitches)
     EXPECT_EQ(log, QStringList({ "read a", "read b", "write a", "write b" }));
 }
 
-TEST_F(Settings, ForeignLinesSurvive)
+TEST_F(Settings, ForeignLinesAreKept)
 {
     StoreIni("; my notes\n[Window]\nToolbar=1\nLater=5\n\n[Other]\nx=1\n");
     IniRead();

@@ -54,7 +54,7 @@ TEST_F(ProgressBar, RedrawsOnlyWhenThePercentChanges)
     EXPECT_EQ(Log, QStringList({ "1%", "2%" }));
 }
 
-TEST_F(ProgressBar, LetsEventsRunAfterEachRedraw)
+TEST_F(ProgressBar, ProcessesEventsAfterEachRedraw)
 {
     ProgressStart(100);
     ProgressAdd(1);
@@ -84,7 +84,7 @@ TEST_F(ProgressBar, TotalBelowOneShowsZero)
     EXPECT_EQ(Log, QStringList({ "0%", "timer on", "0%", "timer on" }));
 }
 
-TEST_F(ProgressBar, TimerSeesStepsThatADecoderAdded)
+TEST_F(ProgressBar, TimerShowsStepsThatADecoderAdded)
 {
     ProgressStart(10);
     Log.clear();
@@ -103,7 +103,7 @@ TEST_F(ProgressBar, EndStopsTheTimerShowsTheLastPercentAndClears)
     EXPECT_FALSE(Progress().Active);
 }
 
-TEST_F(ProgressBar, NothingHappensWithoutAJob)
+TEST_F(ProgressBar, HasNoEffectWithoutAJob)
 {
     ProgressAdd(5);
     ProgressRefresh();
@@ -121,7 +121,7 @@ TEST_F(ProgressBar, StartBeginsANewJob)
     EXPECT_EQ(Log.last(2), QStringList({ "0%", "timer on" }));
 }
 
-TEST_F(ProgressBar, BarIsTheWholePartOfTheWidth)
+TEST_F(ProgressBar, BarWidthIsRoundedDown)
 {
     EXPECT_EQ(ProgressBarWidth(139, 50), 69);
     EXPECT_EQ(ProgressBarWidth(139, 0), 0);

@@ -17,17 +17,17 @@ TEST_F(Project, VersionTextIsItsThreeNumbers)
     EXPECT_EQ(HelpFileName(), "TARVIK.chm");
 }
 
-TEST_F(Project, ResetPutsTheStartValuesBack)
+TEST_F(Project, ResetRestoresTheStartValues)
 {
     Program().Idle = false;
     Program().AutoTile = true;
-    Program().MainWindowState = WinStateNormal;
+    Program().MainWindowState = WinState::Normal;
     Program().LastFile.Name = "x";
     ResetAllState();
     EXPECT_TRUE(Program().Idle);
     EXPECT_FALSE(Program().Started);
     EXPECT_FALSE(Program().AutoTile);
-    EXPECT_EQ(Program().MainWindowState, WinStateMaximised);
+    EXPECT_EQ(Program().MainWindowState, WinState::Maximised);
     EXPECT_EQ(Program().DialogResult, 1);
     EXPECT_EQ(Program().LastFile.Name, "");
 }

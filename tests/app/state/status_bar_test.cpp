@@ -21,7 +21,7 @@ TEST_F(StatusBar, BusyClearsTextAndFourthPanelThenUpdatesTheMenus)
     EXPECT_EQ(frame_.Log, QStringList({ "status:", "panel4:", "menu" }));
 }
 
-TEST_F(StatusBar, BusyTwiceDoesNothingMore)
+TEST_F(StatusBar, SecondBeginBusyHasNoEffect)
 {
     BeginBusy();
     frame_.Log.clear();
@@ -42,7 +42,7 @@ TEST_F(StatusBar, EndOfBusyUpdatesTheMenusThenClearsTheLine)
     EXPECT_EQ(frame_.Log, QStringList({ "menu", "status:" }));
 }
 
-TEST_F(StatusBar, EndOfBusyWithoutBeginDoesNothing)
+TEST_F(StatusBar, EndOfBusyWithoutBeginHasNoEffect)
 {
     StatusJob("job");
     frame_.Log.clear();
@@ -102,7 +102,7 @@ TEST_F(StatusBar, IdleSetReturnsTheFormerValueWithoutSideEffects)
     EXPECT_TRUE(frame_.Log.isEmpty());
 }
 
-TEST_F(StatusBar, ActionIsPossibleOnlyWithoutDialogAndCommand)
+TEST_F(StatusBar, CanActOnlyWithoutDialogAndCommand)
 {
     EXPECT_TRUE(CanAct());
     FakeDialog form;
@@ -113,7 +113,7 @@ TEST_F(StatusBar, ActionIsPossibleOnlyWithoutDialogAndCommand)
     EXPECT_FALSE(CanAct());
 }
 
-TEST_F(StatusBar, TextNeedsTheActivation)
+TEST_F(StatusBar, TextNeedsAnActiveWindow)
 {
     frame_.Active = false;
     frame_.Status = "old";

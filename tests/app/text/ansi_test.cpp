@@ -4,7 +4,7 @@
 
 namespace tarvik {
 
-TEST(Ansi, EveryByteComesBackAsItWas)
+TEST(Ansi, ConvertsEveryByteBack)
 {
     QByteArray bytes;
     for (int byte = 0; byte < 256; ++byte)
@@ -12,18 +12,18 @@ TEST(Ansi, EveryByteComesBackAsItWas)
     EXPECT_EQ(ToAnsi(FromAnsi(bytes)), bytes);
 }
 
-TEST(Ansi, KnowsTheCharactersBetweenAsciiAndLatin)
+TEST(Ansi, ConvertsCharactersOutsideLatin1)
 {
     EXPECT_EQ(FromAnsi("\x80\x99\x9F"), QStringLiteral("€™Ÿ"));
     EXPECT_EQ(ToAnsi(QStringLiteral("€µÄ")), QByteArray("\x80\xB5\xC4"));
 }
 
-TEST(Ansi, CharactersOutsideBecomeQuestionMarks)
+TEST(Ansi, ReplacesOtherCharactersByQuestionMarks)
 {
     EXPECT_EQ(ToAnsi(QStringLiteral("aЖ漢z")), QByteArray("a??z"));
 }
 
-TEST(Ansi, TellsWhatSurvives)
+TEST(Ansi, RecognisesItsCharacters)
 {
     EXPECT_TRUE(IsAnsi(QStringLiteral("dBµV €")));
     EXPECT_FALSE(IsAnsi(QStringLiteral("Ω")));

@@ -1,4 +1,4 @@
-// What does not compile: texts with another count of places than the call fills, and bare numbers.
+// What does not compile: bare numbers, and texts whose number of placeholders differs from what the call fills.
 #include "app/message/message.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
@@ -133,7 +133,7 @@ static_assert(!IsShownWithTwo<int>);
 
 } // namespace
 
-TEST(TextNumbers, KeepTheNumberUnderAnotherRange)
+TEST(TextNumbers, KeepTheirNumberInAnotherRange)
 {
     EXPECT_EQ(TextId::OverwriteFile.Number, 12734);
     EXPECT_EQ(TextNumber<1>(TextId::SaveChanges).Number, 12714);
@@ -141,7 +141,7 @@ TEST(TextNumbers, KeepTheNumberUnderAnotherRange)
     EXPECT_EQ(TopicNumber(HelpId::About).Number, 10001);
 }
 
-TEST(TextNumbers, CountThroughARun)
+TEST(TextNumbers, IndexARun)
 {
     EXPECT_EQ((TextId::BandwidthCodes + 3).Number, 10831);
     EXPECT_EQ(TextId::BandwidthCodes + 0, TextId::BandwidthCodes);

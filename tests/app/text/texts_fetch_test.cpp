@@ -22,7 +22,7 @@ namespace tarvik {
 
 namespace {
 
-/// Stands in for another language module.
+/// The texts of a fake language module.
 std::map<int32_t, QByteArray>& OtherTexts()
 {
     static std::map<int32_t, QByteArray> texts;
@@ -105,12 +105,12 @@ TEST_F(Texts, AreEmptyWithoutLanguageModule)
     EXPECT_EQ(LngExpandMacros(QStringLiteral("a@1b")), QStringLiteral("ab"));
 }
 
-TEST_F(Texts, KeepAnAtSignBeforeABlank)
+TEST_F(Texts, KeepAnAtSignFollowedByABlank)
 {
     EXPECT_EQ(LngExpandMacros(QStringLiteral("100 @ 5")), QStringLiteral("100 @ 5"));
 }
 
-TEST_F(Texts, KeepAnAtSignBeforeOtherCharactersAndAtTheEnd)
+TEST_F(Texts, KeepAnAtSignFollowedByAnotherCharacterOrTheEnd)
 {
     EXPECT_EQ(LngExpandMacros(QStringLiteral("@0 @6 a@b @")), QStringLiteral("@0 @6 a@b @"));
 }
@@ -121,12 +121,12 @@ TEST_F(Texts, ReplaceEachMacro)
         LngExpandMacros(QStringLiteral("@1|@2|@4|@5")), QStringLiteral("Tarvik|Tarvik|Tarvik|Tarvik Instruments"));
 }
 
-TEST_F(Texts, ReadAnAtSignBeforeAMacroAsUsual)
+TEST_F(Texts, ExpandAMacroAfterAnAtSign)
 {
     EXPECT_EQ(LngExpandMacros(QStringLiteral("@@1")), QStringLiteral("@Tarvik"));
 }
 
-TEST_F(Texts, NameTheInstrumentByWhetherItWasRecognised)
+TEST_F(Texts, NameARecognisedInstrument)
 {
     FakeInstrumentLink link;
     link.Accepted = true;
@@ -136,7 +136,7 @@ TEST_F(Texts, NameTheInstrumentByWhetherItWasRecognised)
     EXPECT_NE(LngStr(11804), LngStr(11805));
 }
 
-TEST_F(Texts, NameTheInstrumentAsUnknownWithoutLink)
+TEST_F(Texts, NameAnUnknownInstrumentWithoutLink)
 {
     EXPECT_EQ(LngExpandMacros(QStringLiteral("@3")), LngStr(11805));
 }
@@ -147,19 +147,19 @@ TEST_F(Texts, ExpandMacrosInsideReplacements)
     EXPECT_EQ(LngExpandMacros(QStringLiteral("@5")), QStringLiteral("<[T]>"));
 }
 
-TEST_F(Texts, EndAReplacementThatHoldsItself)
+TEST_F(Texts, DoNotExpandAMacroInsideItself)
 {
     UseOtherLanguage({ { 11806, "x@1" } });
     EXPECT_EQ(LngStr(11806), QStringLiteral("xx@1"));
 }
 
-TEST_F(Texts, EndReplacementsThatHoldEachOther)
+TEST_F(Texts, DoNotExpandMacrosThatContainEachOther)
 {
     UseOtherLanguage({ { 11802, "a@5" }, { 11803, "b@4" } });
     EXPECT_EQ(LngExpandMacros(QStringLiteral("@4")), QStringLiteral("ab@4"));
 }
 
-TEST_F(Texts, EndReplacementsThatMultiply)
+TEST_F(Texts, LimitMultiplyingReplacements)
 {
     const QByteArray manyFives = QByteArray("@5").repeated(2000);
     const QByteArray manyOnes = QByteArray("@1").repeated(2000);
@@ -167,12 +167,12 @@ TEST_F(Texts, EndReplacementsThatMultiply)
     EXPECT_LT(LngExpandMacros(QStringLiteral("@4")).size(), 100000);
 }
 
-TEST_F(Texts, TakeArgumentsAsTheyAre)
+TEST_F(Texts, InsertArgumentsUnchanged)
 {
     EXPECT_EQ(FromModule(10102, "%2", "7"), QStringLiteral("Printing page %2 of 7..."));
 }
 
-TEST_F(Texts, LeaveMacroSignsInAnArgument)
+TEST_F(Texts, KeepMacrosInAnArgument)
 {
     EXPECT_EQ(LngStr1(12714, QStringLiteral("a@1.tvm")), QStringLiteral("Save the changes to “a@1.tvm”?"));
     EXPECT_EQ(LngStr2(12749, QStringLiteral("@4"), QStringLiteral("x@5")),
@@ -218,32 +218,32 @@ TEST_F(Texts, ShowAnOptionalPartOnlyWithItsArgument)
     EXPECT_EQ(LngStr(12714), QStringLiteral("Save the changes?"));
 }
 
-TEST_F(Texts, DropAPlaceWithoutArgument)
+TEST_F(Texts, DropAPlaceholderWithoutArgument)
 {
     EXPECT_EQ(LngStr(10014), QStringLiteral("Version "));
 }
 
-TEST_F(Texts, PutArgumentsWhereTheTextWantsThem)
+TEST_F(Texts, InsertArgumentsInTheOrderOfTheText)
 {
     EXPECT_EQ(LngStr2(12749, QStringLiteral("100"), QStringLiteral("40")),
         QStringLiteral("Enter a whole number from 40 to 100."));
 }
 
-TEST_F(Texts, CutATextThatTheBufferCannotHold)
+TEST_F(Texts, TruncateATextLongerThanTheBuffer)
 {
     std::array<char, 6> out{};
     EXPECT_EQ(TvLng().LngGetStr(10744, "", out.data(), 6), 5);
     EXPECT_STREQ(out.data(), "Descr");
 }
 
-TEST_F(Texts, FallBackOnlyWithoutText)
+TEST_F(Texts, UseTheFallbackOnlyWithoutText)
 {
     std::array<char, 20> out{};
     (void)TvLng().LngGetStr1Arg(9999, "no {of %2 }%1", "text", out.data(), 20);
     EXPECT_STREQ(out.data(), "no text");
 }
 
-TEST_F(Texts, TrustNoLengthFromTheModule)
+TEST_F(Texts, IgnoreAWrongLengthFromTheModule)
 {
     TvLng().LngGetStr = [](int32_t, const char*, char* out, int32_t) -> int32_t {
         std::memcpy(out, "ab", 3);
@@ -252,7 +252,7 @@ TEST_F(Texts, TrustNoLengthFromTheModule)
     EXPECT_LT(LngStr(11800).size(), TVLNG_MAX_TEXT);
 }
 
-TEST_F(Texts, ReduceTheFirstDoubledMarkOfACaption)
+TEST_F(Texts, RemoveTheFirstDoubledAmpersandOfACaption)
 {
     EXPECT_EQ(LngUnescapeMenu(QStringLiteral("a&&b&&c")), QStringLiteral("ab&&c"));
     EXPECT_EQ(LngUnescapeMenu(QStringLiteral("a&b")), QStringLiteral("a&b"));
@@ -264,7 +264,7 @@ TEST_F(Texts, NeedNoAdjustmentsInEnglish)
     EXPECT_EQ(LngCtrlSize(TextNumber<0>(10709)).Count, 0);
 }
 
-TEST_F(Texts, FileAdjustmentsUnderTheTextNumberPlusTenThousand)
+TEST_F(Texts, HaveAdjustmentsAtTheTextNumberPlusTenThousand)
 {
     UseAdjustments(4);
     EXPECT_EQ(LngCtrlSize(TextNumber<0>(10709)).Height, 600);
@@ -333,7 +333,7 @@ TEST_F(Texts, MoveTheEndsOfALine)
     EXPECT_EQ(line.geometry(), QRect(QPoint(20, 40), QSize(120, 70)));
 }
 
-TEST_F(Texts, DoNotTakeThePlaceOfAPicture)
+TEST_F(Texts, DoNotReplaceAPicture)
 {
     QLabel picture;
     picture.setPixmap(QPixmap(8, 8));
@@ -361,7 +361,7 @@ TEST_F(Texts, BecomeTheContentOfATextBox)
     EXPECT_EQ(textBox.text(), QStringLiteral("Description"));
 }
 
-TEST_F(Texts, AreNotGivenToListsAndScrollBars)
+TEST_F(Texts, AreNotSetOnListsAndScrollBars)
 {
     QListWidget list;
     QScrollBar bar;

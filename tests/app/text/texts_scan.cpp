@@ -14,7 +14,7 @@ constexpr std::array kFolders{ "app", "link", "screen", "lists", "print", "tools
 constexpr int kLowestText = 10000;
 constexpr int kHighestText = 14600;
 
-/// Functions that fetch a text by their first argument, and the places they fill.
+/// Functions that fetch a text by their first argument, and the number of placeholders they fill.
 const std::map<QString, int>& Fetchers()
 {
     static const std::map<QString, int> fetchers{ { "LngStr", 0 }, { "LngStr1", 1 }, { "LngStr2", 2 }, { "MsgOk", 0 },
@@ -24,7 +24,7 @@ const std::map<QString, int>& Fetchers()
     return fetchers;
 }
 
-/// Blanks what is no code, one character at a time.
+/// Blanks comments and literals.
 class Blanker {
 public:
     explicit Blanker(const QString& source)

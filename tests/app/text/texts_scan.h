@@ -1,5 +1,4 @@
-// tests/app/text/texts_scan.h: finds the numbers and names of texts in C++ sources, for the tests that every one of
-// them has its text.
+// tests/app/text/texts_scan.h: finds the numbers and names of texts in C++ sources, to test that each has its text.
 #pragma once
 
 #include <QString>
@@ -25,7 +24,7 @@ struct NameUse {
 struct TextCall {
     QString Function;
     QString Name;
-    int Arguments = 0; ///< how many places of the text the call fills
+    int Arguments = 0; ///< number of placeholders that the call fills
     QString Place;
 };
 

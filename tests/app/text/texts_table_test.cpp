@@ -1,4 +1,4 @@
-// The English texts as a table: what they say is free, what they must hold is not.
+// The table of English texts: fixed texts, placeholders, mnemonics, names.
 #include "app/help/helpFile.h"
 #include "app/text/lang.h"
 #include "closed/tvlng/table.h"
@@ -43,7 +43,7 @@ QString WithoutOptionalParts(QString text)
     return text.remove(QRegularExpression(QStringLiteral("\\{[^}]*\\}")));
 }
 
-/// The letter behind the mnemonic mark, lower-case; null without one.
+/// The letter after the mnemonic mark, lower-case; null without one.
 QChar MnemonicOf(const QString& caption)
 {
     const QString single = QString(caption).remove(QStringLiteral("&&"));
@@ -92,7 +92,7 @@ TEST_F(TextTable, HoldsTheTextsThatFilesAndInstrumentsDependOn)
     }
 }
 
-TEST_F(TextTable, StandsInTheOrderOfItsNumbers)
+TEST_F(TextTable, IsSortedByNumber)
 {
     const QByteArray table = Contents(kSourceTree + QStringLiteral("/closed/tvlng/en.tsv"));
     int last = 0;
@@ -108,12 +108,12 @@ TEST_F(TextTable, StandsInTheOrderOfItsNumbers)
     EXPECT_EQ(count, kTvTextCount);
 }
 
-TEST_F(TextTable, NamesTheDescriptionLineAlikeForWritingAndReading)
+TEST_F(TextTable, HasOneNameForTheWrittenAndTheReadDescriptionLine)
 {
     EXPECT_EQ(LngStr(10744), LngStr(11000));
 }
 
-TEST_F(TextTable, ShowsNoPlaceThatACallerLeftUnfilled)
+TEST_F(TextTable, ShowsNoUnfilledPlaceholder)
 {
     for (const auto& [number, text] : AllTexts()) {
         EXPECT_FALSE(LngStr(number).contains(u'%') && number != 14137) << number << ": " << text.toStdString();
@@ -121,30 +121,30 @@ TEST_F(TextTable, ShowsNoPlaceThatACallerLeftUnfilled)
     }
 }
 
-TEST_F(TextTable, HasNoDoubleBlankAndNoStrayBlankAtAnEnd)
+TEST_F(TextTable, HasNoDoubleOrOuterBlanks)
 {
-    const std::set<int> meantToBe{ 10421, 10434, 10743, 14301 };
+    const std::set<int> exceptions{ 10421, 10434, 10743, 14301 };
     for (const auto& [number, text] : AllTexts()) {
-        if (meantToBe.contains(number))
+        if (exceptions.contains(number))
             continue;
         EXPECT_EQ(text, text.trimmed()) << number;
         EXPECT_FALSE(text.contains(QLatin1String("  "))) << number;
     }
 }
 
-TEST_F(TextTable, EndsEveryMessageAsASentenceOrQuestion)
+TEST_F(TextTable, EndsEveryMessageWithAFullStopOrQuestionMark)
 {
     const std::set<int> titles{ 12753 };
     for (const auto& [number, text] : AllTexts()) {
         if (number < 12702 || number > 12896 || titles.contains(number))
             continue;
-        const bool endsWell = text.endsWith(u'.') || text.endsWith(u'?') || text.endsWith(QLatin1String("%1"))
+        const bool isSentence = text.endsWith(u'.') || text.endsWith(u'?') || text.endsWith(QLatin1String("%1"))
             || text.endsWith(QLatin1String("%2"));
-        EXPECT_TRUE(endsWell && !text.endsWith(QLatin1String(".."))) << number << ": " << text.toStdString();
+        EXPECT_TRUE(isSentence && !text.endsWith(QLatin1String(".."))) << number << ": " << text.toStdString();
     }
 }
 
-TEST_F(TextTable, ClosesBracesAndNumbersPlacesFromOne)
+TEST_F(TextTable, ClosesBracesAndNumbersPlaceholdersFromOne)
 {
     for (const auto& [number, text] : AllTexts()) {
         EXPECT_EQ(text.count(u'{'), text.count(u'}')) << number;
@@ -153,7 +153,7 @@ TEST_F(TextTable, ClosesBracesAndNumbersPlacesFromOne)
     }
 }
 
-TEST_F(TextTable, TellsUnitsApartByTheirText)
+TEST_F(TextTable, HasDistinctUnits)
 {
     std::map<QString, int> units;
     for (int number = 14116; number <= 14162; ++number) {
@@ -179,7 +179,7 @@ TEST_F(TextTable, HasTextsForEveryStatusWordOfTheListStore)
     }
 }
 
-TEST_F(TextTable, SharesNoMnemonicWithinAMenu)
+TEST_F(TextTable, HasUniqueMnemonicsInEachMenu)
 {
     ExpectUniqueMnemonics("menu bar", { 11902, 11922, 11926, 11934, 11942, 11944, 11950, 11968 });
     ExpectUniqueMnemonics("File", EvenNumbers(11904, 11920));
@@ -192,7 +192,7 @@ TEST_F(TextTable, SharesNoMnemonicWithinAMenu)
     ExpectUniqueMnemonics("Help", Joined({ 11900 }, EvenNumbers(11970, 11978)));
 }
 
-TEST_F(TextTable, SharesNoMnemonicWithinAPopUp)
+TEST_F(TextTable, HasUniqueMnemonicsInEachPopUp)
 {
     const std::vector<int> frame = Joined({ 11904, 11930, 11932, 11936, 12000 }, EvenNumbers(11980, 11988));
     ExpectUniqueMnemonics("frame, not connected", Joined(frame, { 11938 }));
@@ -201,7 +201,7 @@ TEST_F(TextTable, SharesNoMnemonicWithinAPopUp)
     ExpectUniqueMnemonics("data set window", { 11918, 11924, 11928, 11946, 11948 });
 }
 
-TEST_F(TextTable, SharesNoMnemonicWithinAForm)
+TEST_F(TextTable, HasUniqueMnemonicsInEachForm)
 {
     const std::vector<int> editor{ 10709, 10733, 10717, 10713, 10715 };
     ExpectUniqueMnemonics("memory list", Joined(editor, { 10723, 10741, 10711, 10763, 10744 }));
@@ -228,13 +228,13 @@ TEST_F(TextTable, SharesNoMnemonicWithinAForm)
     ExpectUniqueMnemonics("help viewer", { 10605, 10606, 10607, 10614, 10608, 10610, 10612 });
 }
 
-TEST_F(TextTable, GivesAMnemonicToEveryMenuCaption)
+TEST_F(TextTable, HasAMnemonicInEveryMenuCaption)
 {
     for (int caption = 11900; caption <= 12000; caption += 2)
         EXPECT_FALSE(MnemonicOf(LngStr(caption)).isNull()) << caption;
 }
 
-TEST_F(TextTable, MarksTheCommandsThatOpenADialog)
+TEST_F(TextTable, HasDotsAfterTheCommandsThatOpenADialog)
 {
     const std::set<int> dialogs{ 11900, 11904, 11908, 11910, 11912, 11914, 11916, 11918, 11938, 11940, 11946, 11948,
         11980, 11982, 11984, 11986, 11988, 11990, 11992, 11994, 11996, 11998, 12000 };
@@ -242,13 +242,13 @@ TEST_F(TextTable, MarksTheCommandsThatOpenADialog)
         EXPECT_EQ(LngStr(caption).endsWith(QLatin1String("...")), dialogs.contains(caption)) << caption;
 }
 
-TEST_F(TextTable, NamesAKeyOnlyForTheCommandThatHasOne)
+TEST_F(TextTable, NamesAKeyOnlyForCopying)
 {
     for (int caption = 11900; caption <= 12000; caption += 2)
         EXPECT_EQ(LngStr(caption).contains(u'\t'), caption == 11924) << caption;
 }
 
-TEST_F(TextTable, IsReferredToByNamesAlone)
+TEST_F(TextTable, IsReferencedByNameOnly)
 {
     const SourceScan scan = ScanTree(kSourceTree);
     EXPECT_GE(scan.Names.size(), 500U);
@@ -256,7 +256,7 @@ TEST_F(TextTable, IsReferredToByNamesAlone)
         ADD_FAILURE() << use.Number << " at " << use.Place.toStdString();
 }
 
-TEST_F(TextTable, HasItsNamesInTheOrderOfTheirNumbers)
+TEST_F(TextTable, HasItsNamesSortedByNumber)
 {
     int before = 0;
     std::set<QString> seen;
@@ -280,7 +280,7 @@ TEST_F(TextTable, HasATextOrAHelpTopicForEveryName)
     }
 }
 
-TEST_F(TextTable, HasNoNameThatTheProgramDoesNotUse)
+TEST_F(TextTable, HasNoUnusedName)
 {
     std::set<QString> used;
     for (const NameUse& use : ScanTree(kSourceTree).Names)
@@ -289,7 +289,7 @@ TEST_F(TextTable, HasNoNameThatTheProgramDoesNotUse)
         EXPECT_TRUE(used.contains(name.Name)) << name.Name.toStdString();
 }
 
-TEST_F(TextTable, HasAPlaceForEachArgumentThatTheProgramPasses)
+TEST_F(TextTable, HasAPlaceholderForEachArgument)
 {
     const std::map<int, QString> texts = AllTexts();
     std::map<QString, int> numbers;
@@ -309,8 +309,8 @@ TEST_F(TextTable, HasAPlaceForEachArgumentThatTheProgramPasses)
     }
 }
 
-/// Only the first text of a run has a name; the program fetches all of them alike.
-TEST_F(TextTable, HasTheSamePlacesInAllTextsOfARun)
+/// Only the first text of a run has a name.
+TEST_F(TextTable, HasTheSamePlaceholdersInAllTextsOfARun)
 {
     const std::map<int, QString> texts = AllTexts();
     const std::map<int, int> lastOfRuns{ { 12828, 12834 }, { 12835, 12837 }, { 12839, 12860 }, { 12861, 12866 },
@@ -346,7 +346,7 @@ TEST(SourceScanner, FindsNumbersNamesAndCallsInCode)
     EXPECT_EQ(scan.Calls[1].Name, QStringLiteral("TextId::Parting"));
 }
 
-TEST(SourceScanner, PassesOverCommentsLiteralsAndOtherNumbers)
+TEST(SourceScanner, IgnoresCommentsLiteralsAndOtherNumbers)
 {
     SourceScan scan;
     ScanSource(QStringLiteral("a.cpp"),

@@ -14,7 +14,7 @@ namespace tarvik {
 
 using General = ProgramTest;
 
-TEST_F(General, NumberTextNeedsADigitBeforeForeignCharacters)
+TEST_F(General, NumberTextNeedsADigitBeforeOtherCharacters)
 {
     for (const char* text : { "12", " 12 ", "12abc", "-1.5e3", "1,000.5", "- 5", "+,.e7" })
         EXPECT_TRUE(IsNumberText(text)) << text;
@@ -22,7 +22,7 @@ TEST_F(General, NumberTextNeedsADigitBeforeForeignCharacters)
         EXPECT_FALSE(IsNumberText(text)) << text;
 }
 
-TEST_F(General, MeasureFollowsTheRegion)
+TEST_F(General, MetricFollowsTheRegion)
 {
     EXPECT_FALSE(IsMetric());
     SetRegion(QLocale(QLocale::German, QLocale::Germany));
@@ -110,7 +110,7 @@ TEST_F(General, ArraysOfTexts)
     EXPECT_EQ(ArrayJoin({}, {}), QStringList());
 }
 
-TEST_F(General, FileToBinTellsWhetherTheFileIsGone)
+TEST_F(General, FileToBinReturnsWhetherTheFileIsGone)
 {
     Store(FilePath("a"), "x");
     TheSeams().MoveToTrash = [](const QString&) { return true; };
@@ -119,14 +119,14 @@ TEST_F(General, FileToBinTellsWhetherTheFileIsGone)
     EXPECT_TRUE(FileToBin(FilePath("a")));
 }
 
-TEST_F(General, FileToBinSeesALinkThatLeadsNowhere)
+TEST_F(General, FileToBinDetectsADanglingLink)
 {
     ASSERT_TRUE(QFile::link(FilePath("gone"), FilePath("link")));
     TheSeams().MoveToTrash = [](const QString&) { return false; };
     EXPECT_FALSE(FileToBin(FilePath("link")));
 }
 
-TEST_F(General, ReadOnlyAttributeIsThatNobodyMayWrite)
+TEST_F(General, ReadOnlyMeansThatNobodyMayWrite)
 {
     Store(FilePath("a"), "x");
     EXPECT_FALSE(HasReadOnlyAttribute(FilePath("a")));
@@ -138,21 +138,21 @@ TEST_F(General, ReadOnlyAttributeIsThatNobodyMayWrite)
     EXPECT_EQ(Contents(FilePath("a")), "x");
 }
 
-TEST_F(General, StepsUpFromBehindALinkLeadWhereTheSystemLeads)
+TEST_F(General, ResolvesParentStepsThroughLinks)
 {
     const QString folder = QFileInfo(Folder()).canonicalFilePath();
     ASSERT_TRUE(QDir(folder).mkpath("other/place"));
     ASSERT_TRUE(QFile::link(folder + "/other/place", folder + "/here"));
-    EXPECT_EQ(WithoutStepsUp(folder + "/here/../a"), folder + "/other/a");
-    EXPECT_EQ(WithoutStepsUp(folder + "/here/.."), folder + "/other");
-    EXPECT_EQ(WithoutStepsUp(folder + "/here/a..b"), folder + "/here/a..b");
-    EXPECT_EQ(WithoutStepsUp("a"), "a");
-    EXPECT_EQ(WithoutStepsUp(folder + "/gone/../a"), folder + "/gone/../a");
+    EXPECT_EQ(ResolveParentSteps(folder + "/here/../a"), folder + "/other/a");
+    EXPECT_EQ(ResolveParentSteps(folder + "/here/.."), folder + "/other");
+    EXPECT_EQ(ResolveParentSteps(folder + "/here/a..b"), folder + "/here/a..b");
+    EXPECT_EQ(ResolveParentSteps("a"), "a");
+    EXPECT_EQ(ResolveParentSteps(folder + "/gone/../a"), folder + "/gone/../a");
 }
 
-TEST_F(General, BrowseFolderHandsTitleAndStartOver)
+TEST_F(General, BrowseFolderPassesTitleAndStart)
 {
-    EXPECT_EQ(BrowseFolder("Title", "/start"), ""); // nobody answers yet
+    EXPECT_EQ(BrowseFolder("Title", "/start"), ""); // not bound yet
     FolderQuestion asked;
     TheSeams().BrowseFolder = [&asked](const FolderQuestion& question) {
         asked = question;

@@ -7,7 +7,7 @@ namespace tarvik {
 
 using Picture = ProgramTest;
 
-TEST_F(Picture, ShowsAlwaysDigitsAndLeavesOptionalOnesOut)
+TEST_F(Picture, ShowsMandatoryAndOmitsOptionalDigits)
 {
     EXPECT_EQ(FormatPicture(446.00625, u"#0.000000"), "446.006250");
     EXPECT_EQ(FormatPicture(446.00625, u"0.######"), "446.00625");
@@ -36,7 +36,7 @@ TEST_F(Picture, RoundsHalvesAwayFromZeroOnDecimalDigits)
     EXPECT_EQ(FormatPicture(9.96, u"0.0"), "10.0");
 }
 
-TEST_F(Picture, RoundsTheNoiseOfArithmeticAway)
+TEST_F(Picture, RoundsArithmeticErrorsAway)
 {
     EXPECT_EQ(FormatPicture(0.1 + 0.2, u"0.####################"), "0.3");
     EXPECT_EQ(FormatPicture(1.005 * 1000, u"0.##"), "1005.");
@@ -49,7 +49,7 @@ TEST_F(Picture, KeepsEveryHertzOfTheWholeRange)
     EXPECT_EQ(FormatPicture(-20000000000.0 / 1000000, u"#0.000000"), "-20000.000000");
 }
 
-TEST_F(Picture, ZeroBearsNoSign)
+TEST_F(Picture, ZeroHasNoSign)
 {
     EXPECT_EQ(FormatPicture(-0.0, u"0.0"), "0.0");
     EXPECT_EQ(FormatPicture(-0.04, u"0.0"), "0.0");
@@ -61,7 +61,7 @@ TEST_F(Picture, WritesTheDecimalCharacterOfTheRegion)
     EXPECT_EQ(FormatPicture(1234.5, u"0.00"), "1234,50");
 }
 
-TEST_F(Picture, StandsTheExtremesOfItsType)
+TEST_F(Picture, HandlesExtremeValues)
 {
     EXPECT_EQ(FormatPicture(std::numeric_limits<double>::max(), u"0").size(), 309);
     EXPECT_EQ(FormatPicture(std::numeric_limits<double>::denorm_min(), u"0.00"), "0.00");

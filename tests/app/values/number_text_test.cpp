@@ -22,7 +22,7 @@ struct NumberCase {
 
 } // namespace
 
-TEST(NumberText, ADigitBeforeForeignCharactersIsNeeded)
+TEST(NumberText, NeedsADigitBeforeOtherCharacters)
 {
     for (const char* text : { "12", " 12 ", "\t12", "12abc", "-1.5e3", "- 5", "+,.e7" }) {
         EXPECT_TRUE(HoldsNumber(QString::fromLatin1(text))) << text;

@@ -6,8 +6,8 @@ namespace tarvik {
 
 namespace {
 
-/// What the date parser handed to the general module.
-QByteArray& HandedDate()
+/// The text that the date parser passed to the general module.
+QByteArray& PassedDate()
 {
     static QByteArray text;
     return text;
@@ -15,9 +15,9 @@ QByteArray& HandedDate()
 
 int16_t TakeDate(const char* text, double* date)
 {
-    HandedDate() = text;
+    PassedDate() = text;
     *date = 45356; // 2024-03-05
-    return HandedDate() == "2 31 2024" ? 1 : 0;
+    return PassedDate() == "2 31 2024" ? 1 : 0;
 }
 
 } // namespace
@@ -26,7 +26,7 @@ class Strings : public ProgramTest {
 protected:
     Strings()
     {
-        HandedDate().clear();
+        PassedDate().clear();
         TvGen().GenStrToDate = TakeDate;
     }
 
@@ -36,7 +36,7 @@ protected:
         bool ok = false;
         const QDate date = StrToDate(text, ok);
         EXPECT_EQ(ok, date.isValid());
-        return ok ? QString::fromLatin1(HandedDate()) : QStringLiteral("refused");
+        return ok ? QString::fromLatin1(PassedDate()) : QStringLiteral("refused");
     }
 };
 
@@ -61,31 +61,31 @@ TEST_F(Strings, PrefixFollowsThePower)
 
 TEST_F(Strings, DigitPowerFindsHighestFirstFractionAndLowest)
 {
-    EXPECT_EQ(StrDigitPower("0120.0340", DigitPowerHighest), 2);
-    EXPECT_EQ(StrDigitPower("0120.0340", DigitPowerFirstFraction), -2);
-    EXPECT_EQ(StrDigitPower("0120.0340", DigitPowerLowest), -3);
+    EXPECT_EQ(StrDigitPower("0120.0340", DigitPowerMode::Highest), 2);
+    EXPECT_EQ(StrDigitPower("0120.0340", DigitPowerMode::FirstFraction), -2);
+    EXPECT_EQ(StrDigitPower("0120.0340", DigitPowerMode::Lowest), -3);
 }
 
 TEST_F(Strings, DigitPowerCountsTheExponent)
 {
-    EXPECT_EQ(StrDigitPower("1.5E-7", DigitPowerHighest), -7);
-    EXPECT_EQ(StrDigitPower("1.5E-7", DigitPowerLowest), -8);
-    EXPECT_EQ(StrDigitPower("2E+3", DigitPowerHighest), 3);
+    EXPECT_EQ(StrDigitPower("1.5E-7", DigitPowerMode::Highest), -7);
+    EXPECT_EQ(StrDigitPower("1.5E-7", DigitPowerMode::Lowest), -8);
+    EXPECT_EQ(StrDigitPower("2E+3", DigitPowerMode::Highest), 3);
 }
 
-TEST_F(Strings, DigitPowerWithoutASignificantDigitIsThatOfTheLastOne)
+TEST_F(Strings, DigitPowerOfZeroIsThatOfItsLastDigit)
 {
-    EXPECT_EQ(StrDigitPower("0", DigitPowerHighest), 0);
-    EXPECT_EQ(StrDigitPower("0.00", DigitPowerLowest), -2);
-    EXPECT_EQ(StrDigitPower("", DigitPowerHighest), 0);
+    EXPECT_EQ(StrDigitPower("0", DigitPowerMode::Highest), 0);
+    EXPECT_EQ(StrDigitPower("0.00", DigitPowerMode::Lowest), -2);
+    EXPECT_EQ(StrDigitPower("", DigitPowerMode::Highest), 0);
 }
 
-TEST_F(Strings, DigitPowerWithoutAFractionIsThatOfTheLastSignificantDigit)
+TEST_F(Strings, DigitPowerWithoutAFractionIsThatOfTheLastNonZeroDigit)
 {
-    EXPECT_EQ(StrDigitPower("1200", DigitPowerFirstFraction), 2);
+    EXPECT_EQ(StrDigitPower("1200", DigitPowerMode::FirstFraction), 2);
 }
 
-TEST_F(Strings, ReplaceDoesNotReadWhatItPutIn)
+TEST_F(Strings, ReplaceDoesNotSearchReplacements)
 {
     EXPECT_EQ(StrReplace("aXaX", "X", "XX"), "aXXaXX");
     EXPECT_EQ(StrReplace("aaa", "aa", "b"), "ba");
@@ -125,16 +125,16 @@ TEST_F(Strings, DateWithDayFirst)
     EXPECT_EQ(Parsed("5.3.2024"), "3 5 2024");
 }
 
-TEST_F(Strings, DateWithYearFirstTurnsTheThirdNumberToTheFront)
+TEST_F(Strings, DateWithYearFirstMovesTheThirdNumberToTheFront)
 {
     SetRegion(QLocale(QLocale::Swedish, QLocale::Sweden));
-    EXPECT_EQ(Parsed("2024-03-05"), "5 3 2024"); // turned to 5 2024 3, then the year leaves the day's place
+    EXPECT_EQ(Parsed("2024-03-05"), "5 3 2024"); // 5 2024 3, then day and year are exchanged
     EXPECT_EQ(Parsed("24-03-05"), "5 24 3");
-    EXPECT_EQ(Parsed("05/03/24"), "5 24 3"); // 24 5 3, then month and day change places
+    EXPECT_EQ(Parsed("05/03/24"), "5 24 3"); // 24 5 3, then month and day are exchanged
     EXPECT_EQ(Parsed("2024-03-25"), "2024 25 3");
 }
 
-TEST_F(Strings, DateWithYearFirstAndADayAboveTwelveIsNone)
+TEST_F(Strings, DateWithYearFirstAndADayAboveTwelveIsRefused)
 {
     BindModules();
     SetRegion(QLocale(QLocale::Swedish, QLocale::Sweden));
@@ -160,7 +160,7 @@ TEST_F(Strings, DateExchangesNumbersThatDoNotFitTheirPlace)
     EXPECT_EQ(Parsed("2024-3-5"), "3 5 2024");
 }
 
-TEST_F(Strings, DateTakesAnythingBetweenItsNumbers)
+TEST_F(Strings, DateAllowsAnySeparators)
 {
     EXPECT_EQ(Parsed(" 3 . of 5 - 2024 "), "3 5 2024");
 }
@@ -171,7 +171,7 @@ TEST_F(Strings, DateNeedsThreeNumbers)
     EXPECT_EQ(Parsed("3/5"), "refused");
     EXPECT_EQ(Parsed("May 5 2024"), "refused");
     EXPECT_EQ(Parsed("3/5/99999"), "refused");
-    EXPECT_EQ(HandedDate(), "");
+    EXPECT_EQ(PassedDate(), "");
 }
 
 TEST_F(Strings, DateThatDoesNotExistIsRefused)

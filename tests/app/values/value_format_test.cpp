@@ -26,14 +26,14 @@ protected:
         return { text, unit };
     }
 
-    /// The result that bears the prefix of `prefixId` (0 for none).
+    /// The result with the prefix `prefixId` (0 for none).
     static Result Is(const char* text, int prefixId, int unitId)
     {
         return { QString::fromLatin1(text), (prefixId == 0 ? QString() : LngStr(prefixId)) + LngStr(unitId) };
     }
 };
 
-TEST_F(ValueFormat, UnitsDifferFromEachOther)
+TEST_F(ValueFormat, UnitsAreDistinct)
 {
     QStringList units;
     for (int id = 14116; id <= 14162; ++id)
@@ -42,7 +42,7 @@ TEST_F(ValueFormat, UnitsDifferFromEachOther)
     EXPECT_EQ(units.removeDuplicates(), 0);
 }
 
-TEST_F(ValueFormat, FrequencyTakesThePrefixThatSuitsIt)
+TEST_F(ValueFormat, FrequencyGetsItsPrefix)
 {
     EXPECT_EQ(Formatted(1234, 14116), Is("1.234", 14108, 14116));
     EXPECT_EQ(Formatted(1200000, 14116), Is("1.2", 14109, 14116));
@@ -57,7 +57,7 @@ TEST_F(ValueFormat, FrequencyBelowAThousandHasNoDecimals)
     EXPECT_EQ(Formatted(0.5, 14116), Is("500", 14107, 14116));
 }
 
-TEST_F(ValueFormat, WithoutAutoPrefixNoneAppears)
+TEST_F(ValueFormat, HasNoPrefixWithoutAutoPrefix)
 {
     EXPECT_EQ(Formatted(1234567, 14116, false), Is("1234567", 0, 14116));
     EXPECT_EQ(Formatted(0.0012, 14117, false), Is("0.0012", 0, 14117));
@@ -96,7 +96,7 @@ TEST_F(ValueFormat, OtherUnitsHaveTheirOwnDecimals)
     EXPECT_EQ(Formatted(99.6, 14137), Is("100", 0, 14137));
 }
 
-TEST_F(ValueFormat, UnitsWithoutAWayOfTheirOwnHaveNeitherDecimalsNorPrefix)
+TEST_F(ValueFormat, UnitsWithoutAFormatHaveNeitherDecimalsNorPrefix)
 {
     const std::set<int> own{ 14116, 14117, 14118, 14125, 14129, 14131, 14145, 14146, 14147, 14148, 14150, 14151, 14152,
         14153, 14154, 14157, 14160, 14162 };
@@ -107,7 +107,7 @@ TEST_F(ValueFormat, UnitsWithoutAWayOfTheirOwnHaveNeitherDecimalsNorPrefix)
     }
 }
 
-TEST_F(ValueFormat, EachWritingKnowsItsUnitsWithoutPrefix)
+TEST_F(ValueFormat, EachFormatHasItsUnitsWithoutPrefix)
 {
     const std::set<int> never{ 14118, 14119, 14120, 14121, 14122, 14123, 14125, 14126, 14127, 14130, 14131, 14132,
         14137, 14138, 14145, 14146, 14147 };
@@ -134,7 +134,7 @@ TEST_F(ValueFormat, EmptyUnitTakesAPrefixOnlyWithSignificantDigits)
     EXPECT_EQ(unit, "k");
 }
 
-TEST_F(ValueFormat, ValueOfExactlyOneKeepsItsPower)
+TEST_F(ValueFormat, ValueOfOneKeepsItsPower)
 {
     QString unit;
     EXPECT_EQ(StrValueFixed(1, 0, -3, LngStr(14148), unit), "1000");
@@ -202,14 +202,14 @@ TEST_F(ValueFormat, FixedCountsBytesBy1024)
     EXPECT_EQ(unit, "MB");
 }
 
-TEST_F(ValueFormat, FixedMarksAPowerWithoutPrefix)
+TEST_F(ValueFormat, FixedShowsAQuestionMarkForAPowerWithoutPrefix)
 {
     QString unit;
     StrValueFixed(1, 0, 4, LngStr(14116), unit);
     EXPECT_EQ(unit, "?Hz");
 }
 
-TEST_F(ValueFormat, OptionalLeavesZerosAndPointOut)
+TEST_F(ValueFormat, OptionalOmitsZerosAndPoint)
 {
     QString unit;
     EXPECT_EQ(StrValueOptional(5000, 0, 3, LngStr(14116), unit), "5");
@@ -236,7 +236,7 @@ TEST_F(ValueFormat, SignificantWithDigitsFarBelowThePointKeepsOneDecimal)
     EXPECT_EQ(StrValueSignificant(1.25e-27, 4, LngStr(14117), unit, false), "0");
 }
 
-TEST_F(ValueFormat, SignificantWritesDigitsDownToTheTwentySeventhPlace)
+TEST_F(ValueFormat, SignificantHasDigitsDownToThe27thDecimal)
 {
     QString unit;
     EXPECT_EQ(StrValueSignificant(3e-27, 4, LngStr(14117), unit, false), "0." + QString(26, '0') + '3');

@@ -382,7 +382,7 @@ TEST_F(ConnectForm, EscapeClosesIt)
 TEST_F(ConnectForm, ClosesWithProgram)
 {
     Run([&] {
-        EXPECT_TRUE(form.GoesWithProgram());
+        EXPECT_TRUE(form.CanCloseUnasked());
         form.Unload();
         EXPECT_TRUE(form.IsClosed());
     });

@@ -246,7 +246,7 @@ TEST_F(ConnectStart, OffersConnectionsIfNotConnectedBefore)
 TEST_F(ConnectStart, OffersNothingWhileProgramCloses)
 {
     connects = false;
-    Program().CloseWished = true;
+    Program().CloseRequested = true;
     conStart(true);
     EXPECT_EQ(shown, QStringList{ "connecting" });
 }

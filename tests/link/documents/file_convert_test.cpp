@@ -105,7 +105,7 @@ TEST_F(FilesOfDialog, RememberedNoOpensNoMoreFiles)
 {
     OpenAnswer = { FilePath("a.png"), FilePath("b.png") };
     Windows.OnOpen = [] {
-        TheMessage().RememberedAnswer = MsgResultNo;
+        TheMessage().RememberedAnswer = MsgResult::No;
         return 1;
     };
     FileOpenDlg();
@@ -218,7 +218,7 @@ TEST_F(FileConverting, ClosingProgramCompletesCurrentFileOnly)
 {
     Sources({ "a.bmp", "b.bmp", "c.bmp" });
     int files = 0;
-    TheSeams().PumpEvents = [&files] { Program().CloseWished = ++files == 2; };
+    TheSeams().PumpEvents = [&files] { Program().CloseRequested = ++files == 2; };
     EXPECT_EQ(FileConvertRun(), 2);
     EXPECT_EQ(SavedNames(), QStringList({ "a.png", "b.png" }));
     EXPECT_EQ(ClosedCount(), 2);
@@ -248,10 +248,10 @@ TEST_F(FileConverting, SingleQuestionHasTwoButtonsAndABatchFive)
 {
     Exists("a.png");
     Sources({ "a.bmp" });
-    Answers().ExpectWhile(12734, No, [] { EXPECT_EQ(TheMessage().Buttons(), MsgButtonsYesNo); });
+    Answers().ExpectWhile(12734, No, [] { EXPECT_EQ(TheMessage().Buttons(), MsgButtons::YesNo); });
     FileConvertRun();
     Sources({ "a.bmp", "bad.bmp" });
-    Answers().ExpectWhile(12734, No, [] { EXPECT_EQ(TheMessage().Buttons(), MsgButtonsAllChoices); });
+    Answers().ExpectWhile(12734, No, [] { EXPECT_EQ(TheMessage().Buttons(), MsgButtons::AllChoices); });
     FileConvertRun();
 }
 

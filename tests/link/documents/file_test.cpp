@@ -113,23 +113,23 @@ TEST_F(FileOpening, AbsentWindowsWriteNothing)
 
 TEST_F(FileOpening, RememberedNoOpensNothing)
 {
-    TheMessage().RememberedAnswer = MsgResultNo;
+    TheMessage().RememberedAnswer = MsgResult::No;
     EXPECT_FALSE(FileOpen("a.tvm", false, true));
     EXPECT_FALSE(FileOpen("a.unknown", false, true));
     EXPECT_TRUE(Opened.isEmpty());
-    EXPECT_EQ(TheMessage().RememberedAnswer, MsgResultNo);
+    EXPECT_EQ(TheMessage().RememberedAnswer, MsgResult::No);
 }
 
 TEST_F(FileOpening, ResetClearsRememberedAnswer)
 {
-    TheMessage().RememberedAnswer = MsgResultNo;
+    TheMessage().RememberedAnswer = MsgResult::No;
     EXPECT_TRUE(FileOpen("a.tvm", true, true));
-    EXPECT_EQ(TheMessage().RememberedAnswer, MsgNone);
+    EXPECT_EQ(TheMessage().RememberedAnswer, MsgResult::None);
 }
 
 TEST_F(FileOpening, RememberedYesOpens)
 {
-    TheMessage().RememberedAnswer = MsgResultYes;
+    TheMessage().RememberedAnswer = MsgResult::Yes;
     EXPECT_TRUE(FileOpen("a.tvm", false, true));
 }
 

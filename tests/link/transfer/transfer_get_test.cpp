@@ -116,7 +116,7 @@ TEST_F(Download, AnyAnswerButYesKeepsFileAndJobContinues)
     StoreLocal("a.png");
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
-    for (const int answer : { No, Cancel, 0 }) {
+    for (const MsgResult answer : { No, Cancel, MsgResult::None }) {
         QFile::remove(FilePath("b.png"));
         fake_.Log.clear();
         Answers().Expect(12734, { Local("a.png") }, answer);
@@ -134,15 +134,15 @@ TEST_F(Download, ClassesWithOneListAskYesOrNoForEachFile)
         instr_.Rows.clear();
         const QString names[] = { QStringLiteral("a%1").arg(FileClassNumber(fileClass)),
             QStringLiteral("b%1").arg(FileClassNumber(fileClass)) };
-        QList<int> buttons;
+        QList<MsgButtons> buttons;
         for (const QString& name : names) {
             StoreLocal(name);
             AddFile(instr_, name);
             Answers().ExpectWhile(12734, No, [&buttons] { buttons.append(TheMessage().Buttons()); });
         }
         Run();
-        const int expected = ModHasOneList(fileClass) ? MsgButtonsYesNo : MsgButtonsAllChoices;
-        EXPECT_EQ(buttons, QList<int>({ expected, expected })) << fileClass;
+        const MsgButtons expected = ModHasOneList(fileClass) ? MsgButtons::YesNo : MsgButtons::AllChoices;
+        EXPECT_EQ(buttons, QList<MsgButtons>({ expected, expected })) << fileClass;
     }
 }
 
@@ -282,13 +282,13 @@ TEST_F(DownloadActive, BarShowsOneBeforeAndAfter)
 TEST_F(DownloadActive, ThousandFilesAskToReplaceOverflowFileEvenIfMissing)
 {
     StoreAllNames();
-    int buttons = -1;
+    auto buttons = MsgButtons::Ok;
     Answers().ExpectWhile(12734, Yes, [&buttons] {
         buttons = TheMessage().Buttons();
         EXPECT_EQ(TheMessage().Args, QStringList({ PcFilePath("Active.000") }));
     });
     TransferGetActive();
-    EXPECT_EQ(buttons, MsgButtonsYesNo);
+    EXPECT_EQ(buttons, MsgButtons::YesNo);
     EXPECT_EQ(fake_.Log, QStringList({ Get("Active.000") }));
 }
 

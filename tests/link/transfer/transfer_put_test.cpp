@@ -141,7 +141,7 @@ TEST_F(Upload, AnyAnswerButYesSkipsFileAndJobContinues)
     AddFile(pc_, "a.png");
     AddFile(pc_, "b.png");
     StoreOnBothSides("a.png");
-    for (const int answer : { No, Cancel, 0 }) {
+    for (const MsgResult answer : { No, Cancel, MsgResult::None }) {
         fake_.Log.clear();
         Answers().Expect(12734, { QStringLiteral("a.png") }, answer);
         Run();
@@ -200,11 +200,11 @@ TEST_F(Upload, ClassesWithOneListAskYesOrNoWithoutLookup)
         pc_.Rows.clear();
         fake_.Log.clear();
         AddFile(pc_, "list");
-        int buttons = -1;
+        auto buttons = MsgButtons::Ok;
         Answers().ExpectWhile(
             questions[FileClassNumber(fileClass) - 1], Yes, [&buttons] { buttons = TheMessage().Buttons(); });
         Run();
-        EXPECT_EQ(buttons, MsgButtonsYesNo);
+        EXPECT_EQ(buttons, MsgButtons::YesNo);
         EXPECT_EQ(fake_.Log.size(), 1) << "neither find nor remove nor stamp";
         EXPECT_TRUE(fake_.Log.first().startsWith("Put")) << fileClass;
     }
@@ -226,10 +226,10 @@ TEST_F(Upload, OtherClassesOfferButtonsForAll)
         ModFileInit(fileClass);
         pc_.Rows.clear();
         AddFile(pc_, "list");
-        int buttons = -1;
+        auto buttons = MsgButtons::Ok;
         Answers().ExpectWhile(12734, No, [&buttons] { buttons = TheMessage().Buttons(); });
         Run();
-        EXPECT_EQ(buttons, MsgButtonsAllChoices);
+        EXPECT_EQ(buttons, MsgButtons::AllChoices);
     }
 }
 

@@ -225,7 +225,7 @@ TEST_F(EditorFrameTest, NewStopsIfSaveFails)
 TEST_F(EditorFrameTest, DismissedQuestionDiscardsNothing)
 {
     OpenChanged();
-    Answers().Expect(12769, MsgNone);
+    Answers().Expect(12769, MsgResult::None);
     Click(form, "BtNew");
     EXPECT_EQ(TextOf(form, "TbName"), "Van");
     EXPECT_TRUE(Editor().EditorDirty);

@@ -194,7 +194,7 @@ TEST_F(EditorGeneral, ExistingFileIsReplacedOnYesOnly)
     const QString path = Stored("old.tvm", "x");
     Answers().Expect(12734, { QStringLiteral("old.tvm") }, No);
     EXPECT_FALSE(MayWriteFile(path));
-    Answers().Expect(12734, { QStringLiteral("old.tvm") }, MsgNone);
+    Answers().Expect(12734, { QStringLiteral("old.tvm") }, MsgResult::None);
     EXPECT_FALSE(MayWriteFile(path));
     Answers().Expect(12734, { QStringLiteral("old.tvm") }, Yes);
     EXPECT_TRUE(MayWriteFile(path));

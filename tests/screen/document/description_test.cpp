@@ -70,10 +70,10 @@ TEST_F(Descriptions, AreVisibleUnlessMaximised)
 {
     const WindowId id = Shown({});
     EXPECT_TRUE(DescrVisible(id));
-    Views[id].WindowState = WinStateMaximised;
+    Views[id].WindowState = WinState::Maximised;
     EXPECT_FALSE(DescrVisible(id));
     EXPECT_EQ(DescrHeight(id), 0);
-    Views[id].WindowState = WinStateMinimised;
+    Views[id].WindowState = WinState::Minimised;
     EXPECT_TRUE(DescrVisible(id));
     WindowAt(id).DescriptionVisible = false;
     EXPECT_FALSE(DescrVisible(id));

@@ -106,7 +106,7 @@ TEST_F(WindowSlots, HundredAndFirstAsksAndNoKeepsAllWindows)
 TEST_F(WindowSlots, DismissedMessageIsNotYes)
 {
     Fill(WindowScreen);
-    Answers().Expect(12713, {}, MsgNone);
+    Answers().Expect(12713, {}, MsgResult::None);
     EXPECT_EQ(WindowAllocate(WindowScreen, SubtypeFile).Id, 0);
 }
 

@@ -113,7 +113,7 @@ TEST_F(OpenFiles, NextOpeningAsksAgain)
 {
     Fill();
     ChooseThree();
-    for (const int answer : { No, Yes, No }) {
+    for (const MsgResult answer : { No, Yes, No }) {
         Answers().Expect(12713, {}, answer);
         EXPECT_EQ(FileOpen(chosen_[0], true, true), answer == Yes);
     }
@@ -148,7 +148,7 @@ TEST_F(OpenFiles, DismissedQuestionIsAskedAgain)
 {
     Fill();
     ChooseThree();
-    Answers().Expect(12713, MsgNone);
+    Answers().Expect(12713, MsgResult::None);
     EXPECT_FALSE(FileOpen(chosen_[0], true, true));
     Answers().Expect(12713, Yes);
     EXPECT_TRUE(FileOpen(chosen_[0], false, true));

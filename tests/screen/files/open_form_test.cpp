@@ -44,7 +44,7 @@ protected:
 
     void ExpectNewPictureIn(WindowId id)
     {
-        EXPECT_EQ(Window(id).State(), WinStateNormal);
+        EXPECT_EQ(Window(id).State(), WinState::Normal);
         EXPECT_TRUE(Child(id).isVisible());
         EXPECT_EQ(Window(id).size(), QSize(300, 200));
         EXPECT_EQ(Shown(id).size(), DevicePixels(id));
@@ -131,7 +131,7 @@ TEST_F(CaptureInWindows, MaximisedWindowsDoNotStretchCapture)
     Item("MnInstrDispSc").trigger();
     Child(1).showMaximized();
     Item("MnInstrDispSc").trigger();
-    EXPECT_EQ(Window(2).State(), WinStateNormal);
+    EXPECT_EQ(Window(2).State(), WinState::Normal);
     EXPECT_EQ(Window(2).size(), QSize(642, 442));
 }
 

@@ -214,7 +214,7 @@ TEST_F(Captures, AskIndependentlyOfAnswersAboutFiles)
 {
     for (int count = 0; count < kDocumentsOfType; ++count)
         Open();
-    for (const int before : { No, Yes }) {
+    for (const MsgResult before : { No, Yes }) {
         TheMessage().RememberedAnswer = before;
         Answers().Expect(12713, {}, No);
         EXPECT_EQ(FetchScreen(), -1);

@@ -42,9 +42,9 @@ TEST_F(Arranging, CascadeRestoresDefaultSizes)
 TEST_F(Arranging, CascadeKeepsMinimisedWindows)
 {
     const WindowId id = Open();
-    Views[id].WindowState = WinStateMinimised;
+    Views[id].WindowState = WinState::Minimised;
     ArrangeWindows(ArrangeCascade);
-    EXPECT_EQ(Views[id].WindowState, WinStateMinimised);
+    EXPECT_EQ(Views[id].WindowState, WinState::Minimised);
 }
 
 TEST_F(Arranging, TilesKeepHeightOrWidth)

@@ -35,7 +35,7 @@ protected:
         return { ScreenTitle(id) };
     }
 
-    static int Buttons()
+    static MsgButtons Buttons()
     {
         return TheMessage().Buttons();
     }
@@ -71,7 +71,7 @@ TEST_F(Closing, AsksForSingleWindow)
     const QStringList title = TitleOf(id);
     Answers().Expect(12714, title, Cancel);
     EXPECT_FALSE(CloseWindow(id, true));
-    EXPECT_EQ(Buttons(), MsgButtonsYesNoCancel);
+    EXPECT_EQ(Buttons(), MsgButtons::YesNoCancel);
     EXPECT_TRUE(WindowInUse(id));
     EXPECT_TRUE(WindowIsModified(id));
 }
@@ -79,7 +79,7 @@ TEST_F(Closing, AsksForSingleWindow)
 TEST_F(Closing, DismissedQuestionKeepsWindow)
 {
     const WindowId id = OpenModified();
-    Answers().Expect(12714, MsgNone);
+    Answers().Expect(12714, MsgResult::None);
     EXPECT_FALSE(CloseWindow(id, true));
     EXPECT_TRUE(WindowInUse(id));
 }
@@ -133,7 +133,7 @@ TEST_F(Closing, AllWindowsWithOneOpenAsksForSingleWindow)
     const WindowId id = OpenModified();
     Answers().Expect(12714, TitleOf(id), No);
     EXPECT_TRUE(CloseQuestion(0, false));
-    EXPECT_EQ(Buttons(), MsgButtonsYesNoCancel);
+    EXPECT_EQ(Buttons(), MsgButtons::YesNoCancel);
     EXPECT_FALSE(WindowIsModified(id));
 }
 
@@ -144,7 +144,7 @@ TEST_F(Closing, AllWindowsHaveTheirOwnQuestion)
     Open();
     Answers().Expect(12712, { QString() }, Yes);
     EXPECT_TRUE(CloseQuestion(0, false));
-    EXPECT_EQ(Buttons(), MsgButtonsYesNoNoAllCancel);
+    EXPECT_EQ(Buttons(), MsgButtons::YesNoNoAllCancel);
     EXPECT_EQ(saved_, (QVector<WindowId>{ first, second }));
 }
 
@@ -154,7 +154,7 @@ TEST_F(Closing, OneOfSeveralHasNoChoiceForAll)
     OpenModified();
     Answers().Expect(12714, TitleOf(id), No);
     EXPECT_TRUE(CloseQuestion(id, false));
-    EXPECT_EQ(Buttons(), MsgButtonsYesNoNoAllCancel);
+    EXPECT_EQ(Buttons(), MsgButtons::YesNoNoAllCancel);
 }
 
 TEST_F(Closing, AllAskForEachAndLastWithoutChoiceForAll)
@@ -162,7 +162,7 @@ TEST_F(Closing, AllAskForEachAndLastWithoutChoiceForAll)
     OpenModified();
     OpenModified();
     Answers().Expect(12714, No);
-    Answers().ExpectWhile(12714, No, [] { EXPECT_EQ(TheMessage().Buttons(), MsgButtonsYesNoCancel); });
+    Answers().ExpectWhile(12714, No, [] { EXPECT_EQ(TheMessage().Buttons(), MsgButtons::YesNoCancel); });
     EXPECT_TRUE(CloseAllWindows());
     EXPECT_EQ(WindowCount(0), 0);
 }

@@ -79,7 +79,7 @@ TEST_F(DescriptionEditing, HidingKeepsText)
 TEST_F(DescriptionEditing, ShowingInMaximisedWindowClearsText)
 {
     DescrTextChanged(id_, QStringLiteral("text"));
-    Views[id_].WindowState = WinStateMaximised;
+    Views[id_].WindowState = WinState::Maximised;
     Views[id_].Description = QStringLiteral("text");
     DescrSetVisible(true, id_);
     EXPECT_EQ(Record().Description, QString());
@@ -91,14 +91,14 @@ TEST_F(DescriptionEditing, HidingInMaximisedWindowKeepsText)
 {
     DescrTextChanged(id_, QStringLiteral("text"));
     Record().DescriptionVisible = true;
-    Views[id_].WindowState = WinStateMaximised;
+    Views[id_].WindowState = WinState::Maximised;
     DescrSetVisible(false, id_);
     EXPECT_EQ(Record().Description, QStringLiteral("text"));
 }
 
 TEST_F(DescriptionEditing, MinimisedWindowIsNotDrawn)
 {
-    Views[id_].WindowState = WinStateMinimised;
+    Views[id_].WindowState = WinState::Minimised;
     const int drawings = Views[id_].Drawings;
     const QSize client = Views[id_].Client;
     DescrSetVisible(true, id_);
@@ -226,7 +226,7 @@ TEST_F(DescriptionEditing, ChangedColumnsKeepPictureSize)
 
 TEST_F(DescriptionEditing, MinimisedWindowIsNotResizedByText)
 {
-    Views[id_].WindowState = WinStateMinimised;
+    Views[id_].WindowState = WinState::Minimised;
     Record().ResizePending = true;
     const int before = Views[id_].Sizings;
     DescrTextChanged(id_, QStringLiteral("a\nb"));
@@ -237,7 +237,7 @@ TEST_F(DescriptionEditing, MinimisedWindowIsNotResizedByText)
 TEST_F(DescriptionEditing, PictureIsFittedIfWindowCannotGrow)
 {
     DescrSetVisible(true, id_);
-    Views[id_].WindowState = WinStateNormal;
+    Views[id_].WindowState = WinState::Normal;
     Views[id_].OnSized = [this] { Views[id_].Client.setHeight(442); };
     const int drawings = Views[id_].Drawings;
     DescrTextChanged(id_, QStringLiteral("a\nb"));

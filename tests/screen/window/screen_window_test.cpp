@@ -35,9 +35,9 @@ TEST_F(ScreenWindows, DefaultSizeIsThatOfNormalWindow)
 {
     const WindowId id = Open();
     EXPECT_TRUE(AtDefaultSize(id));
-    for (const int state : { WinStateMinimised, WinStateMaximised }) {
+    for (const WinState state : { WinState::Minimised, WinState::Maximised }) {
         Views[id].WindowState = state;
-        EXPECT_FALSE(AtDefaultSize(id)) << state;
+        EXPECT_FALSE(AtDefaultSize(id)) << static_cast<int>(state);
     }
 }
 
@@ -45,7 +45,7 @@ TEST_F(ScreenWindows, PlacementIsIgnoredWhileMaximised)
 {
     const WindowId id = Open();
     WindowAt(id).Placement.Left = 40;
-    Views[id].WindowState = WinStateMaximised;
+    Views[id].WindowState = WinState::Maximised;
     SizeNewWindow(id);
     EXPECT_EQ(Views[id].Place, QPoint(-1, -1));
 }
@@ -66,9 +66,9 @@ TEST_F(ScreenWindows, PlacementMovesAndResizes)
 
 TEST_F(ScreenWindows, NewOneIsNormalAmongMaximisedOnes)
 {
-    Views.FirstState = WinStateMaximised;
+    Views.FirstState = WinState::Maximised;
     const WindowId id = Open();
-    EXPECT_EQ(Views[id].WindowState, WinStateNormal);
+    EXPECT_EQ(Views[id].WindowState, WinState::Normal);
     EXPECT_EQ(Views[id].Client, QSize(642, 442));
 }
 
@@ -91,11 +91,11 @@ TEST_F(ScreenWindows, NewOneIsActiveAndHasOwnerTag)
 TEST_F(ScreenWindows, ReusedOneGetsNewSize)
 {
     const WindowId id = Open();
-    Views[id].WindowState = WinStateMaximised;
+    Views[id].WindowState = WinState::Maximised;
     WindowAt(id).TitleTemplate = QStringLiteral("mine");
     ScreenCreate({ id, SubtypeLive, true }, { Picture({ 100, 50 }), QDateTime(), QStringLiteral("x"), true });
     EXPECT_EQ(Views.Loaded, 1);
-    EXPECT_EQ(Views[id].WindowState, WinStateNormal);
+    EXPECT_EQ(Views[id].WindowState, WinState::Normal);
     EXPECT_EQ(Views[id].Client, QSize(100, 50));
     EXPECT_EQ(Views[id].Graph, QSize(100, 50));
     EXPECT_EQ(Views[id].Title, QStringLiteral("mine"));
@@ -230,7 +230,7 @@ TEST_F(ScreenWindows, MaximisedOneFillsItsWindow)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
-    Views[id].WindowState = WinStateMaximised;
+    Views[id].WindowState = WinState::Maximised;
     Views[id].Client = { 1000, 500 };
     ScreenResized(id, false);
     EXPECT_EQ(Views[id].Client, QSize(1000, 500));
@@ -242,7 +242,7 @@ TEST_F(ScreenWindows, MinimisedOneIsUnchanged)
 {
     const WindowId id = Open();
     const int drawings = Views[id].Drawings;
-    Views[id].WindowState = WinStateMinimised;
+    Views[id].WindowState = WinState::Minimised;
     Views[id].Client = { 160, 20 };
     WindowAt(id).ResizePending = true;
     ScreenResized(id, false);
@@ -358,12 +358,12 @@ TEST_F(ScreenWindows, DefaultSizeIsThatOfPicture)
 TEST_F(ScreenWindows, DefaultSizeRestoresMaximisedWindow)
 {
     const WindowId id = Open();
-    Views[id].WindowState = WinStateMaximised;
+    Views[id].WindowState = WinState::Maximised;
     Views[id].Client = { 1000, 500 };
     ScreenResized(id, false);
     EXPECT_FALSE(AtDefaultSize(id));
     SetDefaultSize(id);
-    EXPECT_EQ(Views[id].WindowState, WinStateNormal);
+    EXPECT_EQ(Views[id].WindowState, WinState::Normal);
     EXPECT_EQ(Views[id].Graph, QSize(642, 442));
 }
 
@@ -406,7 +406,7 @@ TEST_F(ScreenWindows, WithoutFormsHaveSizeOfTheirPictures)
     const WindowId id = Open(SubtypeFile, Picture({ 33, 44 }));
     EXPECT_EQ(ViewOf(id)->ClientSize(), QSize(33, 44));
     EXPECT_EQ(ViewOf(id)->GraphSize(), QSize(33, 44));
-    EXPECT_EQ(ViewOf(id)->State(), WinStateNormal);
+    EXPECT_EQ(ViewOf(id)->State(), WinState::Normal);
     EXPECT_EQ(ViewOf(id)->Caption(), QStringLiteral("file.png"));
     DescrSetVisible(true, id);
     EXPECT_EQ(ViewOf(id)->ClientSize(), QSize(33, 44 + DescrHeight(id)));

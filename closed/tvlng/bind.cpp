@@ -17,7 +17,7 @@ const char* FindText(int32_t id)
     return found != end && found->Number == id ? found->Text : nullptr;
 }
 
-/// Collects a text in a buffer of limited size.
+/// Appends text to a buffer of limited size.
 class Output {
 public:
     Output(char* out, int32_t size)
@@ -49,7 +49,7 @@ private:
 
 using Arguments = std::array<const char*, 3>;
 
-/// Index of the argument whose place begins at `at`, or -1.
+/// Index of the argument whose placeholder is at `at`, or -1.
 int PlaceAt(std::string_view text, size_t at)
 {
     const bool isPlace = text[at] == '%' && at + 1 < text.size() && text[at + 1] >= '1' && text[at + 1] <= '3';
@@ -61,7 +61,7 @@ const char* ArgumentOf(const Arguments& arguments, int place)
     return arguments[static_cast<size_t>(place)];
 }
 
-/// True if every place in `part` has its argument.
+/// True if every placeholder in `part` has an argument.
 bool IsFilled(std::string_view part, const Arguments& arguments)
 {
     for (size_t at = 0; at < part.size(); ++at) {
@@ -72,7 +72,7 @@ bool IsFilled(std::string_view part, const Arguments& arguments)
     return true;
 }
 
-/// Writes a text without braces. What an argument holds is not read again.
+/// Appends a text without braces. Placeholders in arguments are not replaced.
 void AddPart(Output& output, std::string_view part, const Arguments& arguments)
 {
     for (size_t at = 0; at < part.size(); ++at) {

@@ -1,6 +1,6 @@
-// Turns a table "number<TAB>name" into a C++ header with one constant for each name. The type of a text's name holds
-// how many places the text has in the table of texts. The header is written only when it changes, so that a change of
-// a wording compiles nothing.
+// Turns a table "number<TAB>name" into a C++ header with one constant for each name. The type of the constant
+// holds the number of placeholders of its text. The header is written only if it changes, so that a change of wording
+// recompiles nothing.
 #include "closed/tvlng/readTable.h"
 
 #include <cstdlib>
@@ -18,7 +18,7 @@ using Table = std::map<int, std::string>;
 
 constexpr std::string_view kHelpPrefix = "HelpId::";
 
-/// How many of the places %1 to %3 `text` has.
+/// Number of different placeholders (%1 to %3) in `text`.
 int PlacesOf(const std::string& text)
 {
     int places = 0;
@@ -27,7 +27,7 @@ int PlacesOf(const std::string& text)
     return places;
 }
 
-/// Parts in braces are shown only with their arguments.
+/// Removes parts in braces, which are shown only with their arguments.
 std::string WithoutOptionalParts(std::string text)
 {
     for (size_t open = text.find('{'); open != std::string::npos; open = text.find('{', open)) {

@@ -1,5 +1,5 @@
-// Turns a table "number<TAB>text" (UTF-8) into a C++ source with the texts in Windows-1252. A number that occurs twice,
-// or a character that Windows-1252 lacks, ends the build with a message.
+// Turns a table "number<TAB>text" (UTF-8) into a C++ source with the texts in Windows-1252. Duplicate numbers and
+// characters outside Windows-1252 are build errors.
 #include "closed/tvlng/readTable.h"
 
 #include <array>
@@ -40,7 +40,7 @@ unsigned AnsiByte(unsigned code)
     throw std::runtime_error("a character outside Windows-1252");
 }
 
-/// `\n` and `\t` inside a text stand for a line end and a tab.
+/// `\n` and `\t` in a text mean a line end and a tab.
 std::string Literal(const std::string& text)
 {
     std::string literal;

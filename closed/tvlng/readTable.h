@@ -1,10 +1,10 @@
-// closed/tvlng/readTable.h: reads a table "number<TAB>content", for the programs that generate sources from it.
+// closed/tvlng/readTable.h: reads a table "number<TAB>content" for the generators of sources.
 #pragma once
 
 #include <istream>
 #include <map>
 #include <string>
 
-/// The lines of the table by their number; empty lines and those that begin with # are left out. Throws
-/// std::runtime_error for a line without tab and for a number that occurs twice.
+/// The lines of the table by number, without empty lines and lines that start with #. Throws std::runtime_error for a
+/// line without a tab and for a duplicate number.
 std::map<int, std::string> ReadTable(std::istream& in);

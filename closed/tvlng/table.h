@@ -1,4 +1,4 @@
-// closed/tvlng/table.h: the texts as they are built into the module, sorted by number.
+// closed/tvlng/table.h: the texts built into the module, sorted by number.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-# Turns the table of texts into a source file, and the names of texts into a header for the program.
+# Generates a source file from the table of texts, and a header from the names of the texts.
 add_library(tvlng_readtable OBJECT tvlng/readTable.cpp)
 target_link_libraries(tvlng_readtable PRIVATE tarvik_options)
 foreach(maker maketable makenames)

@@ -24,12 +24,12 @@ struct ClassTexts {
 
 /// By file class, from 1.
 constexpr std::array<ClassTexts, 6> kClassTexts{
-    { { TextId::AntennaListCaptions, TextId::AntennaListWord, TextId::AntennaListExtension },
-        { TextId::KfactorTableCaptions, TextId::KfactorTableWord, TextId::KfactorTableExtension },
-        { TextId::MemoryListCaptions, TextId::MemoryListWord, TextId::MemoryListExtension },
-        { TextId::SuppressListCaptions, TextId::SuppressListWord, TextId::SuppressListExtension },
+    { { TextId::AntennaListCaptions, TextId::AntennaListKeyword, TextId::AntennaListExtension },
+        { TextId::KfactorTableCaptions, TextId::KfactorTableKeyword, TextId::KfactorTableExtension },
+        { TextId::MemoryListCaptions, TextId::MemoryListKeyword, TextId::MemoryListExtension },
+        { TextId::SuppressListCaptions, TextId::SuppressListKeyword, TextId::SuppressListExtension },
         { TextId::ScreenShotCaptions, {}, TextId::PngExtension },
-        { TextId::CorrectionSetCaptions, TextId::CorrectionSetWord, TextId::CorrectionSetExtension } }
+        { TextId::CorrectionSetCaptions, TextId::CorrectionSetKeyword, TextId::CorrectionSetExtension } }
 };
 
 /// The classes whose folders are stored in the settings.

@@ -40,7 +40,7 @@ TransferNext DeleteInstrRow(const FileListRow& row)
     if (isFolder)
         MsgOk1(TextId::FolderNotDeleted, row.Text);
     else if (err == ChannelStatus::LinkFailed || err == ChannelStatus::Refused)
-        MsgOk1(TextId::InstrumentKeepsFile, row.Key);
+        MsgOk1(TextId::InstrumentFileNotDeleted, row.Key);
     return canDelete && ChannelDisconnectIfLost() ? TransferNext::End : TransferNext::Count;
 }
 

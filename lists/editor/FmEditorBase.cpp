@@ -52,7 +52,7 @@ QWidget* FmEditorBase::BuildHead()
     CbExt = NewCombo(head, "CbExt", HelpId::EditorName);
     CbExt->setAccessibleName(PlainCaption(LngStr(TextId::ChooseFileType)));
     QLabel* descriptionLabel = NewLabel(head, "LbDescr", {});
-    descriptionLabel->setText(LngStr(TextId::DescriptionWord) + LngStr(TextId::Colon));
+    descriptionLabel->setText(LngStr(TextId::DescriptionKeyword) + LngStr(TextId::Colon));
     descriptionLabel->setAccessibleName(PlainCaption(descriptionLabel->text()));
     TbDescr = NewTextBox(head, "TbDescr", HelpId::EditorDescription, kTextLength);
     BindLabel(nameLabel, TbName);

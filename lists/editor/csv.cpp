@@ -103,7 +103,7 @@ bool CsvLoadFile(const QString& path, CsvSource& source)
         source.Bytes = file.read(kMaxCsvBytes + 1); // one more: the file may grow, or have no size
     const bool isRead = opened && file.error() == QFileDevice::NoError && source.Bytes.size() <= kMaxCsvBytes;
     if (!isRead)
-        MsgOk1(TextId::FileWorkFailed, source.FileName);
+        MsgOk1(TextId::UnexpectedFileError, source.FileName);
     return isRead;
 }
 
@@ -162,7 +162,7 @@ bool CsvGuard(const QString& fileName, const std::function<bool()>& work)
     try {
         return work();
     } catch (const std::exception&) {
-        MsgOk1(TextId::FileWorkFailed, fileName);
+        MsgOk1(TextId::UnexpectedFileError, fileName);
         return false;
     }
 }
@@ -212,7 +212,7 @@ void CsvWriteHeader(CsvWriter& writer, TextNumber<0> keyword, const CsvHeader& h
     writer.Text(ToAnsi(LngStr(keyword)));
     writer.Text(ToAnsi(header.Name));
     writer.EndLine();
-    writer.Text(ToAnsi(LngStr(TextId::DescriptionWord)));
+    writer.Text(ToAnsi(LngStr(TextId::DescriptionKeyword)));
     writer.Text(ToAnsi(header.Description));
     writer.EndLine();
 }
@@ -233,7 +233,7 @@ bool CsvSaveFile(const QString& path, const CsvWriter& writer)
 {
     if (ReplaceFile(path, writer.Bytes()))
         return true;
-    MsgOk1(TextId::FileWorkFailed, QFileInfo(path).fileName());
+    MsgOk1(TextId::UnexpectedFileError, QFileInfo(path).fileName());
     return false;
 }
 

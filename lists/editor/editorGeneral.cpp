@@ -27,10 +27,11 @@ struct CsvListTexts {
     TextNumber<0> Keyword;
     TextNumber<0> Filter;
 };
-constexpr std::array kCsvLists{ CsvListTexts{ FileClassAntennaList, TextId::AntennaListWord, TextId::AntennaListFiles },
-    CsvListTexts{ FileClassKfactorTable, TextId::KfactorTableWord, TextId::KfactorTableFiles },
-    CsvListTexts{ FileClassMemoryList, TextId::MemoryListWord, TextId::MemoryListFiles },
-    CsvListTexts{ FileClassSuppressList, TextId::SuppressListWord, TextId::SuppressListFiles } };
+constexpr std::array kCsvLists{ CsvListTexts{
+                                    FileClassAntennaList, TextId::AntennaListKeyword, TextId::AntennaListFiles },
+    CsvListTexts{ FileClassKfactorTable, TextId::KfactorTableKeyword, TextId::KfactorTableFiles },
+    CsvListTexts{ FileClassMemoryList, TextId::MemoryListKeyword, TextId::MemoryListFiles },
+    CsvListTexts{ FileClassSuppressList, TextId::SuppressListKeyword, TextId::SuppressListFiles } };
 
 class NoEditors final : public ListEditors {
 public:

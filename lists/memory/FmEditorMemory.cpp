@@ -18,7 +18,7 @@ namespace tarvik {
 namespace {
 
 constexpr EditorFrame kFrame{ "FmEditorMemory", FileClassMemoryList, TextId::MemoryEditorTitle, HelpId::MemoryEditor,
-    HelpId::CommandMemoryListEditor, TextId::MemoryListWord, "FrMemoryLst", TextId::MemoryEntries };
+    HelpId::CommandMemoryListEditor, TextId::MemoryListKeyword, "FrMemoryLst", TextId::MemoryEntries };
 constexpr int kFrequencyLength = 13;
 
 GridShape MemoryGrid()

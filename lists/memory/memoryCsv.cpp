@@ -216,7 +216,7 @@ std::optional<CsvWriter> BuildFile(const MemoryTable& table)
         return {};
     const MemoryTexts texts;
     CsvWriter writer(kMemoryRows * kTypicalLineBytes);
-    CsvWriteHeader(writer, TextId::MemoryListWord, header);
+    CsvWriteHeader(writer, TextId::MemoryListKeyword, header);
     for (int row = 0; row < kMemoryRows; ++row)
         WriteRow(writer, texts, row, numbers[static_cast<size_t>(row)], table.Row(row));
     return writer;
@@ -238,7 +238,7 @@ bool ReadMemoryListCsv(CsvSource& source, MemoryTable& table)
 {
     CsvHeader header;
     const bool hasHeader =
-        ClearMemoryList(table) && CsvFindSeparator(source) && CsvReadHeader(source, TextId::MemoryListWord, header);
+        ClearMemoryList(table) && CsvFindSeparator(source) && CsvReadHeader(source, TextId::MemoryListKeyword, header);
     if (!hasHeader || !MemoryCsvReader(source, table).ReadRows())
         return false;
     table.MemoryListName = header.Name;

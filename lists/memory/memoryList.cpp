@@ -98,7 +98,7 @@ bool WriteMemoryList(const QString& path, MemoryTable& table)
 {
     MemoryTable kept = table;
     if (!WriteMemoryListDll(table) || !ReadMemoryListDll(kept)) {
-        MsgOk1(TextId::RowsNotTaken, path);
+        MsgOk1(TextId::RowsNotAccepted, path);
         return false;
     }
     const bool isWritten = IsCsvFile(path) ? WriteMemoryListCSVFile(path, kept) : WriteMemoryListMRFile(path);

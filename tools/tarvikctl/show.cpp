@@ -113,7 +113,8 @@ QString CtlSummary(const MemoryTable& table)
 {
     const auto used = std::count_if(table.Rows.begin(), table.Rows.end(), [](const auto& row) { return row.Used; });
     return QStringLiteral("%1 %2: %3 of %4 rows used")
-        .arg(LngStr(TextId::MemoryListWord), table.MemoryListName, QString::number(used), QString::number(kMemoryRows));
+        .arg(LngStr(TextId::MemoryListKeyword), table.MemoryListName, QString::number(used),
+            QString::number(kMemoryRows));
 }
 
 QString CtlTable(const MemoryTable& table, bool all)

@@ -1,4 +1,4 @@
-# Language level, warnings and places of the build, in one interface target.
+# Language level, warnings and output folders of the build, in the interface target tarvik_options.
 
 option(TARVIK_TESTS "Build the tests" ON)
 option(TARVIK_FUZZ "Build the fuzz targets (needs clang)" OFF)
@@ -15,8 +15,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
-  # The precompiled headers are large: without the cache of inodes each of them is hashed for every source anew, and a
-  # build from nothing takes a quarter longer.
+  # The precompiled headers are large: without the inode cache they are hashed again for every source, and a full build
+  # takes a quarter longer.
   set(CMAKE_CXX_COMPILER_LAUNCHER
       ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
       CCACHE_INODECACHE=1 CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CCACHE_PROGRAM})
@@ -31,19 +31,19 @@ else()
   target_compile_options(tarvik_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 endif()
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-  # The same meaning of -Wconversion as with the other compiler.
+  # Makes -Wconversion mean the same as with GCC.
   target_compile_options(tarvik_options INTERFACE -Wno-sign-conversion)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # GCC 12 sees overflows in optimised copies of short strings where there are none; the other builds keep the checks.
+  # False positives of GCC 12 in optimised copies of short strings; the other builds keep these warnings.
   target_compile_options(
     tarvik_options INTERFACE "$<$<CONFIG:Release>:-Wno-array-bounds;-Wno-restrict;-Wno-stringop-overflow;-Wno-stringop-overread>")
-  # A precompiled header that ccache can tell apart.
+  # Lets ccache distinguish precompiled headers.
   target_compile_options(tarvik_options INTERFACE -fpch-preprocess)
 endif()
 if(TARVIK_SANITIZE)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # The sanitizers' own code misleads this check, in the standard library's headers too.
+    # False positives caused by the code of the sanitizers, in the standard library too.
     target_compile_options(tarvik_options INTERFACE -Wno-maybe-uninitialized)
   endif()
   target_compile_options(tarvik_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
@@ -56,10 +56,10 @@ if(TARVIK_FUZZ)
   target_link_options(tarvik_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# Everything that runs stands in one folder, as it does when installed: executables, modules, help.
+# All executables, modules and the help are built into one folder, as they are installed.
 set(TARVIK_BIN_DIR ${CMAKE_BINARY_DIR}/bin)
 
-# Puts an executable or module into that folder, built and installed.
+# Builds an executable or module into that folder and installs it.
 function(tarvik_place target)
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TARVIK_BIN_DIR} LIBRARY_OUTPUT_DIRECTORY
                                                                                          ${TARVIK_BIN_DIR})

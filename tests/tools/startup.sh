@@ -244,10 +244,10 @@ case $case in
     quit
     expect_connected_at_exit 0
     ;;
-  Missing-* | Text-*)
+  MissingModule-* | InvalidModule-*)
     module=${case#*-}
     copy_without "$module"
-    [[ $case == Text-* ]] && echo "no library" >"$folder/$module$suffix"
+    [[ $case == InvalidModule-* ]] && echo "no library" >"$folder/$module$suffix"
     start
     if [[ $module == tvgen || $module == tvlng ]]; then
       expect_plain_box "$module"

@@ -14,8 +14,8 @@ for round in first second; do
   demonstration=$!
   # The frame can be closed once the program has connected, but not while it asks for a connection.
   close_frame "$demonstration"
-  wait "$demonstration" || fail "$round time: it ends with status $?"
-  grep -q '^Connected=1' "$folder/demo/Tarvik.ini" || fail "$round time: it was not connected at its end"
-  ! grep -qE 'ipAddressLan1=[[:graph:]]' "$folder/demo/Tarvik.ini" || fail "$round time: the entry stands there twice"
+  wait "$demonstration" || fail "$round run: it exits with status $?"
+  grep -q '^Connected=1' "$folder/demo/Tarvik.ini" || fail "$round run: it was not connected at exit"
+  ! grep -qE 'ipAddressLan1=[[:graph:]]' "$folder/demo/Tarvik.ini" || fail "$round run: the connection is listed twice"
 done
 [ -f "$folder/demo/receiver/Public/Memory List/Marine-VHF.tvm" ] || fail "the receiver has no files"

@@ -19,8 +19,8 @@ demonstrate() {
   local entry
   entry=$(sed -n 's/^ipAddressSelected=\(Simulated receiver:127\.0\.0\.1:[0-9]*\)\r$/\1/p' "$settings")
   [ -n "$entry" ] || fail "$1: the receiver is not selected"
-  [ "$(grep -c "^ipAddressLan.=$entry" "$settings")" = 1 ] || fail "$1: the receiver does not stand there once"
-  [ "$(grep -c 'Simulated receiver' "$settings")" = 2 ] || fail "$1: the receiver stands there more than once"
+  [ "$(grep -c "^ipAddressLan.=$entry" "$settings")" = 1 ] || fail "$1: the receiver is not listed once"
+  [ "$(grep -c 'Simulated receiver' "$settings")" = 2 ] || fail "$1: the receiver is listed more than once"
   grep -q '^Connected=1' "$settings" || fail "$1: it would not connect by itself"
 }
 fail() {

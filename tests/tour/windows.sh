@@ -45,7 +45,7 @@ escape_from() {
 close_frame() {
   local -r end=$((SECONDS + patience_s))
   while kill -0 "$1" 2>/dev/null; do
-    ((SECONDS < end)) || fail "the frame does not close; the keyboard speaks to '$(xdotool getactivewindow getwindowname)'"
+    ((SECONDS < end)) || fail "the frame does not close; the active window is '$(xdotool getactivewindow getwindowname)'"
     ! has_keyboard '^Tarvik *$' || xdotool key --clearmodifiers alt+F4
     sleep 0.1
   done

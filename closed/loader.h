@@ -1,4 +1,4 @@
-// closed/loader.h: finds, loads and binds the closed modules beside the executable.
+// closed/loader.h: finds, loads and binds the closed modules in the folder of the executable.
 #pragma once
 
 #include "closed/tvfio.h"

@@ -1,9 +1,9 @@
-/* closed/module.h: what every closed module shares: how it exports, how it is bound, how it tells its version.
+/* closed/module.h: exports, binding and version of closed modules.
 
-   A module is a shared library beside the executable. It exports two symbols: the function `VbLoad`, which fills
-   the caller's table of operations, and the data `TvModuleVersion`, which is read from the file without loading it.
-   Plain C types only; text is single-byte (Windows-1252) and paths are UTF-8, closed by a zero. No exception leaves
-   a module. */
+   A module is a shared library in the folder of the executable. It exports two symbols: the function `VbLoad`, which
+   fills the caller's table of operations, and the data `TvModuleVersion`, which is read from the file without loading
+   it. Only plain C types; text is Windows-1252 and paths are UTF-8, both zero-terminated. No exception leaves a
+   module. */
 #pragma once
 
 #include <stdint.h>
@@ -20,16 +20,16 @@
 #define TV_EXTERN_C
 #endif
 
-/* The version record. It stands in the data of each module and of the executables; a reader finds it by `Magic`.
-   Each version is four numbers, most significant first. */
+/* The version record in the data of each module and executable, found by `Magic`. Each version is four numbers, most
+   significant first. */
 typedef struct TvVersionRecord {
     char Magic[16];
     uint16_t FileVersion[4];
     uint16_t ProductVersion[4];
 } TvVersionRecord;
 
-/* Where the record's text is written by a compiler only; whoever searches for it joins it at run time,
-   so that the searching program does not find its own literal. */
+/* Not a string literal: a program that searches for the mark builds it at run time, so that it does not find its own
+   copy. */
 #define TV_VERSION_MAGIC                                                                                               \
     {                                                                                                                  \
         'T', 'v', '-', 'V', 'e', 'r', 's', 'i', 'o', 'n', '-', 'M', 'a', 'r', 'k', '\x01'                              \
@@ -44,8 +44,7 @@ typedef struct TvVersionRecord {
         }                                                                                                              \
     }
 
-/* Puts the two exports of a module into its entry file: `bind`, of the form `int16_t bind(Api*)`, and the four numbers
-   of its file version. */
+/* Defines the two exports of a module, from `int16_t bind(Api*)` and the four numbers of its file version. */
 #define TV_MODULE(Api, bind, ...)                                                                                      \
     TV_EXTERN_C TV_EXPORT const TvVersionRecord TvModuleVersion = TV_VERSION_RECORD(__VA_ARGS__);                      \
     TV_EXTERN_C TV_EXPORT int16_t VbLoad(void* api)                                                                    \

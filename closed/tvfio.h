@@ -3,23 +3,22 @@
    The store holds one current list for each family, process-wide. A calling sequence is: Clear, LoadFile, then the
    getters; or Clear, SetName, SetDescription, then for each used row the field setters and the commit, then SaveFile.
 
-   Status words: 0 is success, anything else the number of an exception whose text GetExceptionStringTV returns (the
-   numbers and their meanings are told in tvfio/status.h). Nothing that a call stores counts after another status.
-   After a failed load the current list is empty; after a failed save the file is what it was before.
+   Status words: 0 is success, anything else the number of an exception whose text GetExceptionStringTV returns (see
+   tvfio/status.h for the numbers). Outputs are valid only after status 0. After a failed load the current list is
+   empty; after a failed save the file is unchanged.
 
    Paths are UTF-8, so that every file name can be passed; all other text is single-byte (Windows-1252). A getter of
-   text writes at most `outSize` bytes with the closing zero; a longer text is cut and gives a status.
+   text writes at most `outSize` bytes with the terminating zero; a longer text is cut and gives a status.
 
    Indexes count from 0; antenna index 0 is never used. Frequencies and offsets are in Hz, levels in dB/m or dBuV,
-   times in seconds, angles in degrees. Numbers must be finite and codes inside their tables; the limits of the
-   instrument generation are published here and kept by the editors, not by the store.
+   times in seconds, angles in degrees. Numbers must be finite and codes in their tables; the limits of the
+   instrument generation are available here but enforced by the editors, not by the store.
 
-   The field setters of antennas, memory entries and suppressed ranges fill one staging record, and the commit puts it
-   into a place and begins a fresh record of defaults. A place that is not used can be read and answers the defaults:
+   The field setters of antennas, memory entries and suppressed ranges fill one staging record; the commit copies it to
+   an index and resets the staging record to its defaults. Unused indexes can be read and have the default values:
    zeros and empty texts, or for a memory entry FM at 100 MHz with 15 kHz bandwidth, switches off, 0.5 s measurement
-   time, 1 MHz span, 1 kHz step and 15 kHz DF bandwidth. The number of an unused memory place is its own index unless
-   a used entry bears that number, and then one of the numbers left over, in ascending order: the numbers of unused
-   places differ from all others. */
+   time, 1 MHz span, 1 kHz step and 15 kHz DF bandwidth. The number of an unused memory entry is its own index; if a
+   used entry has that number, it is one of the remaining numbers, in ascending order. All numbers differ. */
 #pragma once
 
 #include "closed/module.h"
@@ -27,11 +26,11 @@
 #define TVFIO_MAX_NAME 32 /* characters of a list's name, description, and of a record's texts */
 #define TVFIO_MAX_LINK_NAME 40 /* characters of the name of a linked K-factor table or correction set */
 #define TVFIO_MAX_ANGLES 1000 /* angles of one azimuth entry */
-#define TVFIO_TEXT_SIZE 256 /* a buffer of this size holds every text of the store */
+#define TVFIO_TEXT_SIZE 256 /* sufficient for every text of the store */
 #define TVFIO_CORR_ENTRIES 1000 /* entries in each table of a correction set */
 
-/* Records of a correction set: little-endian, packed to 4 bytes. Their numbers may stand at odd places in memory, so
-   they are copied and never referred to. */
+/* Records of a correction set: little-endian, packed to 4 bytes. Their members can be misaligned: copy them, do not
+   take references. */
 #pragma pack(push, 4)
 
 typedef struct KfactorCorrEntry { /* 28 bytes */
@@ -49,11 +48,11 @@ typedef struct OmniphaseEntry { /* 20 bytes */
     double PhaseDegrees;
 } OmniphaseEntry;
 
-typedef struct AzimuthEntry { /* 16 bytes before the list of angles, which is a block of its own */
+typedef struct AzimuthEntry { /* 16 bytes before the pointer to the angles, which are a separate block */
     int16_t Used;
     int16_t AngleCount;
     double FrequencyHz;
-    double* AnglesDegrees; /* belongs to the entry; made by AntCorrNewAngles, released by AntCorrFreeAngles */
+    double* AnglesDegrees; /* owned by the entry; created by AntCorrNewAngles, released by AntCorrFreeAngles */
 } AzimuthEntry;
 
 #pragma pack(pop)
@@ -75,7 +74,7 @@ typedef struct CorrModIdent {
     char Text[TVFIO_MAX_NAME + 1];
 } CorrModIdent;
 
-/* Every operation, as X(result, name, (arguments)). The table of pointers below is made from this list. */
+/* Every operation, as X(result, name, (arguments)). The table of pointers below is generated from this list. */
 
 #define TVFIO_LIST_OPERATIONS(X, Family)                                                                               \
     X(void, Family##Clear, (int16_t * status))                                                                         \

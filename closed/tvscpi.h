@@ -17,16 +17,16 @@
 #include "closed/module.h"
 
 #define TVSCPI_MAX_NAME 255 /* characters of a file name */
-#define TVSCPI_TEXT_SIZE 1024 /* a buffer of this size holds every name, path and identification */
+#define TVSCPI_TEXT_SIZE 1024 /* sufficient for every name, path and identification */
 #define TVSCPI_DEFAULT_TIMEOUT_MS 5000
 #define TVSCPI_MAX_BLOCK (256LL * 1024 * 1024) /* bytes; a longer block is refused before anything is stored */
 
 enum TvScpiStatus { TvScpiOk = 0, TvScpiLinkFailed = 1, TvScpiRefused = 2, TvScpiLocalFile = 3 };
 
-/* Every operation, as X(result, name, (arguments)). The table of pointers below is made from this list. */
+/* Every operation, as X(result, name, (arguments)). The table of pointers below is generated from this list. */
 
-/* `mode` is 1. `host` is an IPv4 address. The reply is the instrument's identification. A link that stands is ended
-   first. */
+/* `mode` is 1. `host` is an IPv4 address. The reply is the instrument's identification. An existing link is
+   closed first. */
 #define TVSCPI_LINK_OPERATIONS(X)                                                                                      \
     X(void, scpiConnect,                                                                                               \
         (int16_t * err, int16_t mode, const char* host, int16_t port, int32_t timeoutMs, char* reply,                  \
@@ -47,8 +47,8 @@ enum TvScpiStatus { TvScpiOk = 0, TvScpiLinkFailed = 1, TvScpiRefused = 2, TvScp
     X(void, scpiCreateDirectory, (int16_t * err, const char* name))                                                    \
     X(void, scpiRemoveDirectory, (int16_t * err, const char* name))
 
-/* Starts a walk of the current directory, or for a family of that family's own directory. A non-zero status: nothing
-   to walk. `usedBytes` and `freeBytes` tell of the instrument's storage. */
+/* Starts a search of the current directory or, for a family, of the directory of the family. A non-zero status means
+   that it is empty. `usedBytes` and `freeBytes` refer to the storage of the instrument. */
 #define TVSCPI_START_FIND(X, name)                                                                                     \
     X(void, name, (int16_t * err, int16_t * status, int64_t * usedBytes, int64_t * freeBytes))
 
@@ -69,7 +69,7 @@ enum TvScpiStatus { TvScpiOk = 0, TvScpiLinkFailed = 1, TvScpiRefused = 2, TvScp
 #define TVSCPI_PUT(X, name) X(void, name, (int16_t * err, const char* local, const char* remote, int32_t timeoutMs))
 #define TVSCPI_REMOVE(X, name) X(void, name, (int16_t * err, const char* remote))
 
-/* 1: the name exists, and `*type` is 1 for a folder and 0 for a file; 0: it does not. */
+/* 1 if the name exists; `*type` is then 1 for a folder and 0 for a file. 0 if it does not. */
 #define TVSCPI_FIND(X, name) X(int16_t, name, (int16_t * err, const char* remote, int16_t* type))
 
 #define TVSCPI_FILE_OPERATIONS(X)                                                                                      \

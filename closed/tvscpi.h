@@ -8,7 +8,8 @@
    instrument's current directory, without a path; a name with a control character is refused with 2 and never sent.
    A text result is written into the caller's buffer with its closing zero; one that does not fit is a failure of the
    link, since no valid answer is that long. Time-outs are milliseconds and cover the whole operation; an operation
-   without one has TVSCPI_DEFAULT_TIMEOUT_MS.
+   without one has TVSCPI_DEFAULT_TIMEOUT_MS. A walk is the exception: its catalogue may be long and the line slow, so
+   that time counts from the last byte received, up to TVSCPI_LONGEST_WALK_MS in all.
 
    A download is written beside its target and takes the target's place when it is complete: after any failure the
    target is what it was. */
@@ -19,6 +20,7 @@
 #define TVSCPI_MAX_NAME 255 /* characters of a file name */
 #define TVSCPI_TEXT_SIZE 1024 /* sufficient for every name, path and identification */
 #define TVSCPI_DEFAULT_TIMEOUT_MS 5000
+#define TVSCPI_LONGEST_WALK_MS 100000 /* an instrument that trickles for ever must not block its caller for ever */
 #define TVSCPI_MAX_BLOCK (256LL * 1024 * 1024) /* bytes; a longer block is refused before anything is stored */
 
 enum TvScpiStatus { TvScpiOk = 0, TvScpiLinkFailed = 1, TvScpiRefused = 2, TvScpiLocalFile = 3 };

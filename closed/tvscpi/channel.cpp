@@ -148,7 +148,11 @@ Status Channel::Command(const std::string& command)
 
 Status Channel::Ask(const std::string& query, size_t longest, const Taker& take)
 {
-    const Deadline deadline(DefaultTimeoutMs);
+    return Ask(query, longest, take, Deadline(DefaultTimeoutMs));
+}
+
+Status Channel::Ask(const std::string& query, size_t longest, const Taker& take, const Deadline& deadline)
+{
     if (!IsReady() || !SendAll(Exchange(query), deadline))
         return Drop();
     Inbox inbox(*wire_, buffer_, deadline);
@@ -266,14 +270,15 @@ Status Channel::StartWalk(const std::string& query, Catalogue& totals)
 {
     walk_ = {};
     nextEntry_ = 0;
-    return Ask(query, kMaxCatalogueBytes, [this, &totals](std::string_view line) {
+    const auto take = [this, &totals](std::string_view line) {
         std::optional<Catalogue> catalogue = ParseCatalogue(line);
         if (!catalogue)
             return false;
         walk_ = std::move(catalogue->Entries);
         totals = std::move(*catalogue);
         return true;
-    });
+    };
+    return Ask(query, kMaxCatalogueBytes, take, Deadline(DefaultTimeoutMs, TVSCPI_LONGEST_WALK_MS));
 }
 
 Status Channel::NextEntry(CatalogueEntry& entry)

@@ -43,6 +43,7 @@ public:
     /// and returns false for an invalid line.
     using Taker = std::function<bool(std::string_view)>;
     [[nodiscard]] Status Ask(const std::string& query, size_t longest, const Taker& take);
+    [[nodiscard]] Status Ask(const std::string& query, size_t longest, const Taker& take, const Deadline& deadline);
 
     /// Queries a block and stores it in the file `local`, which is unchanged unless the whole block arrives.
     [[nodiscard]] Status Download(const std::string& query, const char* local, int32_t timeoutMs);
@@ -53,7 +54,8 @@ public:
     /// Sends a command whose last argument is a block: `start`, then the contents of the file `local`.
     [[nodiscard]] Status Upload(const std::string& start, const char* local, int32_t timeoutMs);
 
-    /// Queries a catalogue, which `NextEntry` then returns entry by entry.
+    /// Queries a catalogue, which `NextEntry` then returns entry by entry. The time-out counts from the last byte
+    /// received, since a long catalogue takes longer than any short answer.
     [[nodiscard]] Status StartWalk(const std::string& query, Catalogue& totals);
     [[nodiscard]] bool HasNextEntry() const
     {

@@ -13,6 +13,7 @@ bool Inbox::Fill()
     size_t got = 0;
     if (!wire_.Receive(buffer_, got, deadline_))
         return false;
+    deadline_.Restart();
     begin_ = 0;
     end_ = got;
     return true;

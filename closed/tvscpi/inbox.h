@@ -11,7 +11,7 @@ namespace tvscpi {
 /// be used any more then.
 class Inbox {
 public:
-    /// Uses `buffer` as scratch memory.
+    /// Uses `buffer` as scratch memory. Received bytes restart the deadline.
     Inbox(Wire& wire, std::span<uint8_t> buffer, const Deadline& deadline)
         : wire_(wire)
         , buffer_(buffer)
@@ -43,7 +43,7 @@ private:
 
     Wire& wire_;
     std::span<uint8_t> buffer_;
-    const Deadline& deadline_;
+    Deadline deadline_;
     size_t begin_ = 0;
     size_t end_ = 0;
 };

@@ -11,28 +11,48 @@ namespace tvscpi {
 
 using tvfile::ByteView;
 
+using Clock = std::chrono::steady_clock;
+
+/// The clock of deadlines, which a test replaces.
+inline Clock::time_point (*NowOfDeadlines)() = &Clock::now;
+
 /// Deadline of one operation, however many sends and receives it takes.
 class Deadline {
 public:
     explicit Deadline(int32_t timeoutMs)
-        : end_(Clock::now() + std::chrono::milliseconds(std::max(timeoutMs, 0)))
+        : Deadline(timeoutMs, timeoutMs)
     {
+    }
+
+    /// Passes after `silenceMs` without a received byte, and at the latest after `longestMs`.
+    Deadline(int32_t silenceMs, int32_t longestMs)
+        : silence_(std::max(silenceMs, 0))
+        , last_(NowOfDeadlines() + std::chrono::milliseconds(std::max(longestMs, 0)))
+    {
+        Restart();
+    }
+
+    /// A byte has been received.
+    void Restart()
+    {
+        end_ = std::min(NowOfDeadlines() + silence_, last_);
     }
 
     /// Rounded up, so that a wait of that time does not end early; 0 after the deadline.
     [[nodiscard]] int LeftMs() const
     {
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end_ - Clock::now()).count();
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end_ - NowOfDeadlines()).count();
         return static_cast<int>(std::clamp<int64_t>(left, 0, INT_MAX));
     }
 
     [[nodiscard]] bool IsOver() const
     {
-        return Clock::now() >= end_;
+        return NowOfDeadlines() >= end_;
     }
 
 private:
-    using Clock = std::chrono::steady_clock;
+    std::chrono::milliseconds silence_;
+    Clock::time_point last_;
     Clock::time_point end_;
 };
 

@@ -9,11 +9,41 @@
 
 namespace tvscpi {
 
+/// The clock of deadlines, which moves only when a scripted wire or the test moves it.
+class FakeClock {
+public:
+    FakeClock()
+    {
+        now_ = {};
+        NowOfDeadlines = [] { return now_; };
+    }
+    FakeClock(const FakeClock&) = delete;
+    FakeClock& operator=(const FakeClock&) = delete;
+    ~FakeClock()
+    {
+        NowOfDeadlines = &Clock::now;
+    }
+
+    static void Pass(std::chrono::milliseconds time)
+    {
+        now_ += time;
+    }
+
+    static std::chrono::milliseconds Elapsed()
+    {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(now_.time_since_epoch());
+    }
+
+private:
+    static inline Clock::time_point now_;
+};
+
 /// State shared between a test and its wire, which the channel owns.
 struct WireScript {
     std::deque<std::string> Answers; ///< one arrives after each complete request, in order
     std::string Sent;
     size_t MaxPiece = SIZE_MAX; ///< maximum bytes per receive
+    std::chrono::milliseconds PieceTime{ 0 }; ///< passes on the fake clock before each receive
     size_t SendLimit = SIZE_MAX; ///< sending fails after this many bytes
     size_t Sends = 0;
     bool IsClosed = false; ///< by the instrument
@@ -42,8 +72,11 @@ public:
         return true;
     }
 
-    bool Receive(std::span<uint8_t> room, size_t& got, const Deadline&) override
+    bool Receive(std::span<uint8_t> room, size_t& got, const Deadline& deadline) override
     {
+        FakeClock::Pass(script_.PieceTime);
+        if (deadline.IsOver())
+            return false;
         got = std::min({ room.size(), script_.Arrived.size(), script_.MaxPiece });
         std::memcpy(room.data(), script_.Arrived.data(), got);
         script_.Arrived.erase(0, got);

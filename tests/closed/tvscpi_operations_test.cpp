@@ -268,3 +268,15 @@ TEST_F(ScpiOperations, EveryOperationFailsWithoutLink)
     EXPECT_EQ(Call(scpi.scpiPutFile, Path().c_str(), "a", 1000), kLinkFailed);
     EXPECT_EQ(FolderNames(), Names{});
 }
+
+TEST_F(ScpiOperations, TimeOutOfShortAnswerCoversWholeOperation)
+{
+    const tvscpi::FakeClock clock;
+    Answer(std::string("1,FILE\n") + kNoError);
+    script.MaxPiece = 1;
+    script.PieceTime = std::chrono::milliseconds(1000);
+    int16_t type = -1;
+    EXPECT_EQ(Call(scpi.scpiFindFile, "a", &type), kLinkFailed);
+    EXPECT_EQ(clock.Elapsed(), std::chrono::milliseconds(5000));
+    EXPECT_FALSE(IsUp());
+}

@@ -251,3 +251,14 @@ TEST_F(ScpiTransfers, EmptyBlockOfStreamIsEmptyFile)
     EXPECT_EQ(Call(scpi.scpiGetFileFromStream, Path().c_str(), 5000), kOk);
     EXPECT_EQ(Contents(Path()), "");
 }
+
+TEST_F(ScpiTransfers, TimeOutOfDownloadCoversWholeFile)
+{
+    const tvscpi::FakeClock clock;
+    Answer(Block(std::string(100, 'x')) + '\n' + kNoError);
+    script.MaxPiece = 1;
+    script.PieceTime = std::chrono::milliseconds(1000);
+    EXPECT_EQ(Call(scpi.scpiGetFile, "a", Path().c_str(), 10000), kLinkFailed);
+    EXPECT_EQ(clock.Elapsed(), std::chrono::milliseconds(10000));
+    EXPECT_FALSE(IsUp());
+}

@@ -61,6 +61,14 @@ std::string Entry(const std::string& name, const std::string& type = "FILE")
     return ",\"" + name + "\"," + type + kStamp;
 }
 
+std::string Shots(int count)
+{
+    std::string entries;
+    for (int i = 0; i < count; ++i)
+        entries += Entry("Shot" + std::to_string(i) + ".png");
+    return entries;
+}
+
 } // namespace
 
 TEST_F(ScpiWalk, WalksEachStore)
@@ -157,4 +165,34 @@ TEST_F(ScpiWalk, RefusedWalkEndsPreviousWalk)
     EXPECT_EQ(Call(scpi.scpiStartFindAllFiles, &nothing, nullptr, nullptr), kRefused);
     EXPECT_NE(nothing, 0);
     EXPECT_EQ(Next().Status, kRefused);
+}
+
+TEST_F(ScpiWalk, SlowLineDeliversLongCatalogue)
+{
+    const tvscpi::FakeClock clock;
+    script.MaxPiece = 400; // 40 kB/s
+    script.PieceTime = std::chrono::milliseconds(10);
+    EXPECT_EQ(Walk(Shots(6000)).size(), 6000U);
+    EXPECT_GT(clock.Elapsed(), std::chrono::milliseconds(TVSCPI_DEFAULT_TIMEOUT_MS));
+}
+
+TEST_F(ScpiWalk, SilenceEndsWalk)
+{
+    const tvscpi::FakeClock clock;
+    script.MaxPiece = 100;
+    script.PieceTime = std::chrono::milliseconds(TVSCPI_DEFAULT_TIMEOUT_MS - 1);
+    EXPECT_EQ(Start(Shots(10)), kOk);
+    script.PieceTime = std::chrono::milliseconds(TVSCPI_DEFAULT_TIMEOUT_MS);
+    EXPECT_EQ(Start(Shots(10)), kLinkFailed);
+    EXPECT_FALSE(IsUp());
+}
+
+TEST_F(ScpiWalk, TricklingInstrumentEndsWalk)
+{
+    const tvscpi::FakeClock clock;
+    script.MaxPiece = 1;
+    script.PieceTime = std::chrono::milliseconds(1000);
+    EXPECT_EQ(Start(Shots(6000)), kLinkFailed);
+    EXPECT_EQ(clock.Elapsed(), std::chrono::milliseconds(TVSCPI_LONGEST_WALK_MS));
+    EXPECT_FALSE(IsUp());
 }

@@ -5,6 +5,7 @@
 #include "app/text/ansi.h"
 #include "closed/loader.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tarvik {
@@ -126,6 +127,15 @@ bool ChannelDisconnectIfLost()
         return false;
     TvScpi().scpiDisconnect();
     return true;
+}
+
+bool ChannelIsName(const QString& name)
+{
+    const bool isPlain = std::all_of(name.begin(), name.end(), [](QChar character) {
+        return character.category() != QChar::Other_Control && !QStringLiteral("\\/:").contains(character);
+    });
+    const bool isFolderStep = name == QLatin1String(".") || name == QLatin1String("..");
+    return isPlain && IsAnsi(name) && !isFolderStep && !name.isEmpty() && name.size() <= TVSCPI_MAX_NAME;
 }
 
 QString ChannelQuoted(const QString& name)

@@ -42,6 +42,10 @@ void ChannelDisconnect();
 /// After a failed operation: disconnects if the link is lost; true if it was.
 [[nodiscard]] bool ChannelDisconnectIfLost();
 
+/// True for a name that can be sent: 1 to 255 characters of Windows-1252, none of them a control character or one that
+/// separates the parts of a path.
+bool ChannelIsName(const QString& name);
+
 /// `name` as a quoted string of the command language.
 QString ChannelQuoted(const QString& name);
 

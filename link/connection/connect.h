@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/platform/port.h"
+#include "app/text/textNumber.h"
 
 #include <QString>
 
@@ -73,6 +74,15 @@ void conUsbEntryCheck();
 
 /// Name of the instrument in texts: of the recognised family if `accepted`, else of any instrument.
 QString conInstrumentName(bool accepted);
+
+/// Why an instrument is refused.
+struct InstrumentRefusal {
+    TextNumber<0> Id; ///< none if it is accepted
+    QString Text; ///< of `Id`, with the instrument's maker and model if it says them
+};
+
+/// Judges an instrument by its identification, and stores serial number and firmware if its maker is known.
+InstrumentRefusal conCheckIdentification(const QString& identification);
 
 /// The forms that this module opens. Each call returns when the form has closed.
 class ConnectForms {

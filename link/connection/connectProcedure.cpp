@@ -66,18 +66,15 @@ bool AcceptInstrument(const QStringList& fields)
     return isKnownModel;
 }
 
-void CheckIdentification(const QString& reply, const ConnectDisplay& status)
+void ShowOutcome(const QString& reply, const ConnectDisplay& status)
 {
-    const QStringList fields = IdentificationFields(reply);
-    if (AcceptInstrument(fields)) {
+    const InstrumentRefusal refusal = conCheckIdentification(reply);
+    if (refusal.Id.IsNone()) {
         status(LngStr(TextId::Connected));
         return;
     }
     ChannelDisconnect();
-    if (fields.size() == kIdentificationFields)
-        status(LngStr(TextId::UnsupportedInstrument) + fields[0] + u' ' + fields[1]);
-    else
-        status(LngStr(TextId::UnknownInstrument));
+    status(refusal.Text);
 }
 
 /// Gives the system time to find a new route: another instrument may have had the address on another network. No
@@ -111,7 +108,7 @@ bool TryConnection(const ConnectDisplay& status, const ConnectDisplay& debug)
         return true;
     }
     debug(reply);
-    CheckIdentification(reply, status);
+    ShowOutcome(reply, status);
     return true;
 }
 
@@ -122,6 +119,16 @@ public:
 };
 
 } // namespace
+
+InstrumentRefusal conCheckIdentification(const QString& identification)
+{
+    const QStringList fields = IdentificationFields(identification);
+    if (AcceptInstrument(fields))
+        return {};
+    if (fields.size() != kIdentificationFields)
+        return { TextId::UnknownInstrument, LngStr(TextId::UnknownInstrument) };
+    return { TextId::UnsupportedInstrument, LngStr(TextId::UnsupportedInstrument) + fields[0] + u' ' + fields[1] };
+}
 
 Port<ConnectForms>& TheConnectForms()
 {

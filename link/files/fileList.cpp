@@ -272,8 +272,7 @@ void TransferSelectAllFiles(FileList& list)
 
 QDateTime TransferRowDate(const FileListRow& row)
 {
-    const QDateTime moment = DateTimeOf(row);
-    return moment.isValid() ? QDateTime(moment.date(), moment.time()) : QDateTime();
+    return DateTimeOf(row);
 }
 
 } // namespace tarvik

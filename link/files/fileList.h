@@ -132,8 +132,8 @@ int TransferFirstSelected(const FileList& list); ///< row index; -1 without one
 /// Selects the files and deselects the folders.
 void TransferSelectAllFiles(FileList& list);
 
-/// Time of last change from the texts of a row, local time; invalid for a folder or an unreadable date. The century is
-/// chosen so that the year is at most 80 years back and 19 ahead.
+/// Date and time of last change from the texts of a row, as UTC since a row has no time zone; invalid for a folder or
+/// an unreadable date. The century is chosen so that the year is at most 80 years back and 19 ahead.
 QDateTime TransferRowDate(const FileListRow& row);
 
 /// Renames the file or folder of `row`. Trims `newName`. `cancel` is set if the list must keep the old text. A renamed

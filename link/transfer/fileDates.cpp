@@ -18,6 +18,17 @@ QString StampCommand(const char* what, const QString& name, std::initializer_lis
     return command;
 }
 
+/// The moment that clocks here show as `date`. In an hour that daylight saving skips, a clock that was not put forward
+/// shows it.
+QDateTime LocalMoment(const QDateTime& date)
+{
+    const QDateTime local(date.date(), date.time());
+    if (local.isValid())
+        return local;
+    const QDateTime dayBefore(date.date().addDays(-1), date.time());
+    return { date.date(), date.time(), Qt::OffsetFromUTC, dayBefore.offsetFromUtc() };
+}
+
 } // namespace
 
 bool TransferKeepsDate(FileClass fileClass)
@@ -35,7 +46,7 @@ void FileSetPcDate(const QString& path, const QDateTime& date, bool readOnly)
 {
     QFile file(path);
     if (date.isValid() && file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
-        file.setFileTime(QDateTime(date.date(), date.time()), QFileDevice::FileModificationTime);
+        file.setFileTime(LocalMoment(date), QFileDevice::FileModificationTime);
         file.close();
     }
     if (readOnly)

@@ -33,6 +33,7 @@ protected:
 
     void StartInstrument(const QStringList& options = {})
     {
+        instrument_.setProcessEnvironment(Environment());
         instrument_.start(QStringLiteral(TARVIK_INSTRUMENT),
             QStringList{ QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--root"),
                 Path(QStringLiteral("instrument")), QStringLiteral("--serial"), QStringLiteral("4711") }

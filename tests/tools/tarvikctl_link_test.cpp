@@ -7,6 +7,9 @@
 #include <QFileInfo>
 #include <QProcess>
 
+#include <array>
+#include <csignal>
+
 namespace tarvik {
 
 namespace {
@@ -14,16 +17,45 @@ namespace {
 /// An instrument with prepared answers.
 class TarvikctlForeign : public CtlTest {
 protected:
+    QString Address() const
+    {
+        return QStringLiteral("127.0.0.1:%1").arg(static_cast<quint16>(server.Port()));
+    }
+
     CtlResult To(const QStringList& arguments) const
     {
-        const auto port = static_cast<quint16>(server.Port());
-        return Ctl(QStringList{ QStringLiteral("--to"), QStringLiteral("127.0.0.1:%1").arg(port) } + arguments);
+        return Ctl(QStringList{ QStringLiteral("--to"), Address() } + arguments);
+    }
+
+    /// The instrument that identifies itself in this way gets no command but the query.
+    void ExpectRefused(const char* identification, const QStringList& arguments, const QString& message)
+    {
+        server.Clear();
+        server.Answer(std::string(identification) + '\n');
+        const CtlResult result = To(arguments);
+        EXPECT_EQ(result.ExitCode, 1);
+        EXPECT_EQ(result.Err, Address() + QStringLiteral(": ") + message + u'\n');
+        EXPECT_EQ(server.Received(), "*IDN?\n");
     }
 
     ScpiServer server;
 };
 
 const QDateTime kChanged(QDate(2024, 2, 29), QTime(23, 59, 58));
+
+/// Time zones, each with a time that the clock there skips and the moment it means.
+struct SkippedTime {
+    const char* Zone;
+    QString Shown;
+    QString Utc;
+};
+
+const std::array kSkippedTimes{
+    SkippedTime{ "CET-1CEST,M3.5.0/2,M10.5.0/3", "2024-03-31 02:30:00", "2024-03-31T01:30:00Z" },
+    SkippedTime{ "EST5EDT,M3.2.0/2,M11.1.0/2", "2024-03-10 02:59:59", "2024-03-10T07:59:59Z" },
+    SkippedTime{ "<-03>3<-02>,M11.1.0/0,M2.3.0/0", "2018-11-04 00:00:01", "2018-11-04T03:00:01Z" },
+    SkippedTime{ "<+1030>-10:30<+11>-11,M10.1.0/2,M4.1.0/2", "2024-10-06 02:15:00", "2024-10-05T15:45:00Z" },
+};
 
 } // namespace
 
@@ -267,6 +299,44 @@ TEST_F(TarvikctlLink, RefusesWrongUsage)
     }
 }
 
+TEST_F(TarvikctlLink, SkippedHourIsListedAndStamped)
+{
+    SetEnvironment("TZ", "UTC0");
+    StartInstrument();
+    for (const SkippedTime& time : kSkippedTimes) {
+        QDateTime shown = QDateTime::fromString(time.Shown, "yyyy-MM-dd HH:mm:ss");
+        shown.setTimeSpec(Qt::UTC);
+        SetChanged("Screen Shots/Shot, \"1\".png", shown);
+        SetEnvironment("TZ", time.Zone);
+        EXPECT_EQ(To({ "ls", "screen" }).Out, time.Shown + "  Shot, \"1\".png\n") << time.Zone;
+        ExpectDone(To({ "get", "--yes", "screen", "Shot, \"1\".png", QLatin1String(time.Zone, 4) + ".png" }));
+        EXPECT_EQ(QFileInfo(Path(QLatin1String(time.Zone, 4) + ".png")).lastModified().toUTC().toString(Qt::ISODate),
+            time.Utc)
+            << time.Zone;
+    }
+}
+
+TEST_F(TarvikctlLink, RepeatedHourKeepsItsClockTime)
+{
+    const QString zone = "CET-1CEST,M3.5.0/2,M10.5.0/3";
+    SetEnvironment("TZ", "UTC0");
+    StartInstrument();
+    SetEnvironment("TZ", zone);
+    for (const int hour : { 0, 1 }) { // both are half past two there
+        const QDateTime changed(QDate(2024, 10, 27), QTime(hour, 30), Qt::UTC);
+        Store("New.png", "shot");
+        QFile file(Path("New.png"));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.setFileTime(changed, QFileDevice::FileModificationTime));
+        file.close();
+        ASSERT_EQ(To({ "put", "--yes", "screen", "New.png" }).ExitCode, 0);
+        EXPECT_TRUE(To({ "ls", "screen" }).Out.contains("2024-10-27 02:30:00  New.png\n"));
+        ExpectDone(To({ "get", "screen", "New.png", QStringLiteral("back%1.png").arg(hour) }));
+        const QDateTime back = QFileInfo(Path(QStringLiteral("back%1.png").arg(hour))).lastModified().toUTC();
+        EXPECT_EQ(back.date(), changed.date());
+        EXPECT_TRUE(back.time() == QTime(0, 30) || back.time() == QTime(1, 30)) << back.toString().toStdString();
+    }
+}
+
 TEST_F(TarvikctlForeign, ReplacesControlCharacters)
 {
     server.Answer("maker,mo\x9D"
@@ -276,6 +346,70 @@ TEST_F(TarvikctlForeign, ReplacesControlCharacters)
     server.Answer("1,2,\"a\x90"
                   "b\",FILE,5,2024,1,2,3,4,5\n0,\"No error\"\n");
     EXPECT_EQ(To({ "ls" }).Out, QStringLiteral("2024-01-02 03:04:05  a?b\n"));
+}
+
+TEST_F(TarvikctlForeign, OtherInstrumentIsNeverChanged)
+{
+    const QString other = QStringLiteral("10434: This instrument is not supported: Acme Box 7");
+    const QString unknown = QStringLiteral("10433: The device is not a known instrument.");
+    Store(QStringLiteral("Loop.tvk"), "table");
+    Store(QStringLiteral("Air.tvm"), "list");
+    Store(QStringLiteral("New.png"), "shot");
+    for (const QStringList& change : { QStringList{ "put", "--yes", "kfactor", "Loop.tvk" },
+             QStringList{ "put", "--yes", "memory", "Air.tvm" }, QStringList{ "put", "--yes", "screen", "New.png" },
+             QStringList{ "rm", "correction", "Loop.tvc" }, QStringList{ "rm", "screen", "New.png" } }) {
+        ExpectRefused("Acme,Box 7,1,2", change, other);
+        ExpectRefused("SSH-2.0-server", change, unknown);
+    }
+}
+
+TEST_F(TarvikctlForeign, IdnPrintsWhatItMet)
+{
+    ExpectRefused("Acme,Box 7,1,2", { "idn" }, QStringLiteral("10434: This instrument is not supported: Acme Box 7"));
+    server.Answer("Acme,Box 7,1,2\n");
+    EXPECT_EQ(To({ "idn" }).Out, QStringLiteral("Acme,Box 7,1,2\n"));
+    server.Answer("TARVIK,TR-300,1,2\n");
+    const CtlResult known = To({ "idn" });
+    EXPECT_EQ(known.ExitCode, 0);
+    EXPECT_EQ(known.Err, QString());
+}
+
+TEST_F(TarvikctlLink, SaysThatNameCannotBeSent)
+{
+    StartInstrument();
+    for (const QString& name : { QString::fromUtf8("\u65E5\u672C.tvk"), QStringLiteral("a:b.tvk"),
+             QStringLiteral("a\\b.tvk"), QStringLiteral("a\tb.tvk"), QString(250, u'x') + QStringLiteral("yz.tvk") }) {
+        Store(name.left(240), "table");
+        QString shown = name;
+        shown.replace(u'\t', u'?');
+        const QString start = shown + QStringLiteral(": 12721: \u201C") + shown
+            + QStringLiteral("\u201D is not a valid name for this K-factor table. ");
+        ExpectMessage(To({ "put", "kfactor", name }), start);
+        ExpectMessage(To({ "get", "kfactor", name, "out.tvk" }), start);
+        ExpectMessage(To({ "rm", "kfactor", name }), start);
+    }
+    EXPECT_FALSE(QFile::exists(Path(QStringLiteral("out.tvk"))));
+}
+
+TEST_F(TarvikctlLink, InterruptedDownloadLeavesNothing)
+{
+    StartInstrument({ "--rate", "20000" });
+    StoreOnInstrument("Screen Shots/Long.png", QByteArray(1000000, 'x'));
+    const QStringList before = FolderEntries();
+    for (const int signal : { SIGINT, SIGTERM, SIGHUP }) {
+        QProcess process;
+        process.setWorkingDirectory(Path({}));
+        process.start(QStringLiteral(TARVIKCTL), { "--to", to_, "get", "screen", "Long.png" });
+        ASSERT_TRUE(process.waitForStarted());
+        while (FolderEntries() == before)
+            ASSERT_FALSE(process.waitForFinished(5)) << process.readAllStandardError().toStdString();
+        ASSERT_EQ(::kill(static_cast<pid_t>(process.processId()), signal), 0);
+        ASSERT_TRUE(process.waitForFinished(60000));
+        EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
+        EXPECT_EQ(process.exitCode(), signal);
+        EXPECT_EQ(process.readAllStandardError(), QByteArray());
+        EXPECT_EQ(FolderEntries(), before);
+    }
 }
 
 } // namespace tarvik

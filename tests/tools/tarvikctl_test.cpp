@@ -105,6 +105,14 @@ TEST_F(Tarvikctl, PrintsTextsByNumber)
     EXPECT_EQ(result.ExitCode, 0);
 }
 
+TEST_F(Tarvikctl, PrintsTextsWithTheirPlaces)
+{
+    EXPECT_EQ(Ctl({ "text", "12734", "12749", "12754" }).Out,
+        QStringLiteral("12734\t\u201C%1\u201D already exists. Replace it?\n"
+                       "12749\tEnter a whole number from %2 to %1.\n"
+                       "12754\tThe bitmap \u201C%1\u201D cannot be read.\n"));
+}
+
 TEST_F(Tarvikctl, PrintsEveryTextOnOneLine)
 {
     QStringList arguments{ "text" };

@@ -7,12 +7,14 @@
 #include "link/channel/channel.h"
 #include "link/channel/linkFailure.h"
 #include "link/classes/model.h"
+#include "link/connection/connect.h"
 #include "link/documents/file.h"
 #include "link/documents/fileConvert.h"
 #include "link/transfer/fileDates.h"
 #include "link/transfer/transfer.h"
 #include "link/transfer/transferRows.h"
 #include "lists/editor/editorGeneral.h"
+#include "tools/tarvikctl/interrupt.h"
 #include "tools/tarvikctl/pictures.h"
 
 #include <QDir>
@@ -77,7 +79,7 @@ bool CanWrite(const QString& path, Terminal& terminal)
     return false;
 }
 
-/// Time of last change of the instrument's file; invalid if unknown.
+/// Time of last change of the instrument's file; invalid if it says none.
 QDateTime ChangedOnInstrument(FileClass fileClass, const QString& name)
 {
     std::vector<ChannelRow> rows;
@@ -88,15 +90,22 @@ QDateTime ChangedOnInstrument(FileClass fileClass, const QString& name)
     return row == rows.end() ? QDateTime() : ChannelRowTime(*row);
 }
 
-void Download(FileClass fileClass, const QString& name, const QString& target, Terminal& terminal)
+/// Reads the date before the file, so that a lost link leaves no file without its date.
+void Download(const CtlArguments& arguments, const QString& name, const QString& target, Terminal& terminal)
 {
     if (!CanWrite(target, terminal))
         return;
+    InterruptClosesLink(arguments.Address, arguments.Port);
     TheTransferProgress()->SetLabel(LngStr1(TextId::Downloading, name));
-    if (ChannelGet(fileClass, name, target) != ChannelStatus::Success)
+    const bool keepsDate = TransferKeepsDate(arguments.Class);
+    const QDateTime changed = keepsDate ? ChangedOnInstrument(arguments.Class, name) : QDateTime();
+    const ChannelStatus err = ChannelGet(arguments.Class, name, target);
+    terminal.ShowProgress({});
+    EndIfInterrupted();
+    if (err != ChannelStatus::Success)
         (void)ReportLinkFailure();
-    else if (TransferKeepsDate(fileClass))
-        FileSetPcDate(target, ChangedOnInstrument(fileClass, name), false);
+    else if (keepsDate)
+        FileSetPcDate(target, changed, false);
 }
 
 /// A list of one selected file, for a job.
@@ -138,6 +147,42 @@ bool EnterFolderOf(FileClass fileClass)
     return err == ChannelStatus::Success;
 }
 
+/// The name on the instrument that a command is about; empty if there is none.
+QString RemoteName(const CtlArguments& arguments)
+{
+    switch (arguments.Command) {
+    case CtlCommand::Get:
+    case CtlCommand::Rm:
+        return arguments.Operands[0];
+    case CtlCommand::Put:
+        return QFileInfo(arguments.Operands[0]).fileName();
+    default:
+        return {};
+    }
+}
+
+/// False after a message for a name that cannot be sent.
+bool CanSendName(const CtlArguments& arguments, Terminal& terminal)
+{
+    const QString name = RemoteName(arguments);
+    if (name.isEmpty() || ChannelIsName(name))
+        return true;
+    terminal.SetFile(arguments.Operands[0]);
+    MsgOk2(TextId::BadFileName, name, LngStr(ModCaption(CaptionSlot::Noun)));
+    return false;
+}
+
+/// Nothing is changed on what may be no receiver of the family; anything may be looked at.
+bool MayRun(CtlCommand command, const QString& identification)
+{
+    const InstrumentRefusal refusal = conCheckIdentification(identification);
+    const bool judges = command == CtlCommand::Idn || command == CtlCommand::Put || command == CtlCommand::Rm;
+    if (refusal.Id.IsNone() || !judges)
+        return true;
+    MsgRaw(MsgStyle(MsgButtons::Ok, MsgIcon::Exclamation), refusal.Text, refusal.Id.Number);
+    return false;
+}
+
 void Capture(const CtlArguments& arguments, Terminal& terminal)
 {
     if (!arguments.Into.isEmpty() && !FileMakeTargetFolder(arguments.Into))
@@ -150,19 +195,19 @@ void RunConnected(const CtlArguments& arguments, const QString& identification, 
 {
     const FileClass fileClass = arguments.Class;
     const QStringList& operands = arguments.Operands;
-    ModFileInit(fileClass);
-    if (!EnterFolderOf(fileClass))
+    if (arguments.Command == CtlCommand::Idn)
+        TerminalWrite(stdout, TerminalPrintable(identification) + u'\n');
+    if (!MayRun(arguments.Command, identification) || !EnterFolderOf(fileClass))
         return;
     switch (arguments.Command) {
     case CtlCommand::Idn:
-        TerminalWrite(stdout, TerminalPrintable(identification) + u'\n');
         break;
     case CtlCommand::Ls:
         List(fileClass);
         break;
     case CtlCommand::Get:
         terminal.SetFile(operands[0]);
-        Download(fileClass, operands[0], TargetPath(operands.value(1), operands[0]), terminal);
+        Download(arguments, operands[0], TargetPath(operands.value(1), operands[0]), terminal);
         break;
     case CtlCommand::Put:
         terminal.SetFile(operands[0]);
@@ -206,6 +251,9 @@ bool CtlIsLinkCommand(CtlCommand command)
 
 void CtlRunLink(const CtlArguments& arguments, Terminal& terminal)
 {
+    ModFileInit(arguments.Class);
+    if (!CanSendName(arguments, terminal))
+        return;
     terminal.SetFile(QStringLiteral("%1:%2").arg(arguments.Address).arg(arguments.Port));
     QString identification;
     if (ChannelConnect(arguments.Address, arguments.Port, identification) != ChannelStatus::Success) {

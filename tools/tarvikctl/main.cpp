@@ -42,11 +42,12 @@ bool LoadModules(CtlCommand command, Terminal& terminal)
     return true;
 }
 
-/// One line for each number; line ends and tabs inside a text are written as \n and \t.
+/// One line for each number, with the text's own places %1 and %2; line ends and tabs inside a text are written as \n
+/// and \t.
 void PrintTexts(const QStringList& numbers)
 {
     for (const QString& number : numbers) {
-        QString text = LngStr(TextNumber<0>(number.toInt()));
+        QString text = LngStr2(TextNumber<2>(number.toInt()), QStringLiteral("%1"), QStringLiteral("%2"));
         text.replace(u'\\', QStringLiteral("\\\\"));
         text.replace(QStringLiteral("\n"), QStringLiteral("\\n"));
         text.replace(QStringLiteral("\t"), QStringLiteral("\\t"));

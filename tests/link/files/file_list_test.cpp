@@ -9,7 +9,7 @@ using FileLists = FileListTest;
 
 TEST_F(FileLists, FileRowHasNameDateTimeAndSortKey)
 {
-    TransferAddRow(list_, "Plan 1.tvm", ChannelRowType::File, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    TransferAddRow(list_, "Plan 1.tvm", ChannelRowType::File, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8), Qt::UTC));
     EXPECT_EQ(Row(0).Text, "Plan 1.tvm");
     EXPECT_EQ(Row(0).Key, "Plan 1.tvm");
     EXPECT_EQ(Row(0).Icon, "File");
@@ -22,7 +22,7 @@ TEST_F(FileLists, FileRowHasNameDateTimeAndSortKey)
 
 TEST_F(FileLists, FolderRowHasNoDate)
 {
-    TransferAddRow(list_, "Old", ChannelRowType::Folder, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    TransferAddRow(list_, "Old", ChannelRowType::Folder, QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8), Qt::UTC));
     EXPECT_EQ(Row(0).Text, "Old");
     EXPECT_EQ(Row(0).Key, "FOld");
     EXPECT_EQ(Row(0).Icon, "ClosedFolder");
@@ -132,14 +132,14 @@ TEST_F(FileLists, SortsByDateThenTime)
 
 TEST_F(FileLists, SortByDateShowsShortFormOfRegionUntilNextListing)
 {
-    StoreAt("a.tvm", QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    StoreAt("a.tvm", QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8), Qt::UTC));
     MakeFolder("z");
     TransferListPc(list_, Mask());
     TransferSortColumn(list_, kFileDateColumn);
     EXPECT_EQ(Dates(), QStringList({ "", "4/5/25" }));
     TransferSortColumn(list_, kFileDateColumn);
     EXPECT_EQ(Dates(), QStringList({ "4/5/25", "" }));
-    EXPECT_EQ(TransferRowDate(Row(0)), QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+    EXPECT_EQ(TransferRowDate(Row(0)), QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8), Qt::UTC));
     TransferListPc(list_, Mask());
     EXPECT_EQ(Dates(), QStringList({ "05/04/25", "" }));
 }
@@ -207,7 +207,7 @@ TEST_F(FileLists, DateOfRowIsReadDayFirstWhateverTheRegion)
     AddFile("a.tvm", QDate(2025, 4, 5), QTime(6, 7, 8));
     for (const QLocale& region : { QLocale(QLocale::English, QLocale::UnitedStates), QLocale(QLocale::Japanese) }) {
         SetRegion(region);
-        EXPECT_EQ(TransferRowDate(Row(0)), QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8)));
+        EXPECT_EQ(TransferRowDate(Row(0)), QDateTime(QDate(2025, 4, 5), QTime(6, 7, 8), Qt::UTC));
     }
 }
 

@@ -6,12 +6,40 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <ctime>
+
 namespace tarvik {
 
 namespace {
 
 using PcFileDates = TransferTest;
 using InstrFileDates = TransferTest;
+
+/// The time zone of the process, put back at the end.
+class TimeZone {
+public:
+    explicit TimeZone(const char* zone)
+        : before_(qgetenv("TZ"))
+        , wasSet_(qEnvironmentVariableIsSet("TZ"))
+    {
+        qputenv("TZ", zone);
+        ::tzset();
+    }
+    TimeZone(const TimeZone&) = delete;
+    TimeZone& operator=(const TimeZone&) = delete;
+    ~TimeZone()
+    {
+        if (wasSet_)
+            qputenv("TZ", before_);
+        else
+            qunsetenv("TZ");
+        ::tzset();
+    }
+
+private:
+    QByteArray before_;
+    bool wasSet_;
+};
 
 const QDateTime kChanged(QDate(2025, 4, 5), QTime(6, 7, 8));
 
@@ -34,6 +62,17 @@ TEST_F(PcFileDates, MissingFileIsNotCreated)
 {
     FileSetPcDate(FilePath("gone.png"), kChanged, true);
     EXPECT_FALSE(Exists("gone.png"));
+}
+
+TEST_F(PcFileDates, SkippedHourIsStamped)
+{
+    const TimeZone berlin("CET-1CEST,M3.5.0/2,M10.5.0/3");
+    StoreLocal("a.png");
+    FileListRow& row = AddFile(instr_, "a.png");
+    row.SubItems = { "31/03/24", "02:30:00", {} };
+    FileSetPcDate(FilePath("a.png"), TransferRowDate(row), false);
+    EXPECT_EQ(
+        QFileInfo(FilePath("a.png")).lastModified().toUTC(), QDateTime(QDate(2024, 3, 31), QTime(1, 30), Qt::UTC));
 }
 
 TEST_F(InstrFileDates, LocksAndUnlocks)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Prints the figures that bench/run collected in a folder as one table, each beside what it must not exceed."""
+"""Prints the figures that bench/run collected in a folder as one table, each with its limit and its counterpart."""
 import json
 import sys
 
@@ -33,12 +33,12 @@ RATIO = {
 rows = []
 
 
-def row(what, value, limit, unit, beside=""):
+def row(what, value, limit, unit, counterpart=""):
     verdict = "" if limit is None else ("ok" if value <= limit else "TOO MUCH")
-    rows.append((what, f"{value:.2f} {unit}", "" if limit is None else f"{limit:.2f} {unit}", verdict, beside))
+    rows.append((what, f"{value:.2f} {unit}", "" if limit is None else f"{limit:.2f} {unit}", verdict, counterpart))
 
 
-def beside(what, value, kind, bare, unit, counterpart, more=""):
+def compared(what, value, kind, bare, unit, counterpart, more=""):
     """A row whose limit is its counterpart's figure of the same run times the ratio of its kind."""
     row(what, value, RATIO[kind] * bare, unit, f"{counterpart} {bare:.2f} {unit}{more}")
 
@@ -46,28 +46,28 @@ def beside(what, value, kind, bare, unit, counterpart, more=""):
 for display in ("offscreen", "xvfb"):
     start = load(f"start-{display}")
     for column, (what, unit) in enumerate((("start to first paint", "ms"), ("peak memory at first paint", "MiB"))):
-        beside(f"{what}, {display}", start["start_tarvik"][column], "start", start["start_bare"][column], unit,
+        compared(f"{what}, {display}", start["start_tarvik"][column], "start", start["start_bare"][column], unit,
                "bare window")
     editor = load(f"editor-{display}")
-    beside(f"open the editor on 1024 rows, {display}", editor["open"], "open editor", editor["bareOpen"], "ms",
+    compared(f"open the editor on 1024 rows, {display}", editor["open"], "open editor", editor["bareOpen"], "ms",
            "as many bare widgets")
-    beside(f"Page Down to finished repaint, {display}", editor["pageDown"], "page down", editor["barePage"], "ms",
+    compared(f"Page Down to finished repaint, {display}", editor["pageDown"], "page down", editor["barePage"], "ms",
            "as many bare line edits", f"; slowest {editor['slowestPageDown']:.2f} ms")
 
     fileList = load(f"fileList-{display}")
-    beside(f"10,000 files in the list on the screen, {display}", fileList["show"], "list", fileList["bareShow"], "ms",
+    compared(f"10,000 files in the list on the screen, {display}", fileList["show"], "list", fileList["bareShow"], "ms",
            "as many names in a bare view",
            f"; slowest {fileList['slowestShow']:.2f} ms, all of them selected {fileList['selectAll']:.2f} ms")
 
     screen = load(f"screen-{display}")
-    beside(f"open a PNG of 1280 x 720 to its painted window, {display}", screen["open"], "open picture",
+    compared(f"open a PNG of 1280 x 720 to its painted window, {display}", screen["open"], "open picture",
            screen["bareDecode"], "ms", "bare decode by the library",
            f"; by own code {screen['ownDecode']:.2f} ms; beside 99 windows {screen['openHundredth']:.2f} ms")
-    beside(f"redraw of that window in colour, {display}", screen["redraw"], "redraw", screen["bareRedraw"], "ms",
+    compared(f"redraw of that window in colour, {display}", screen["redraw"], "redraw", screen["bareRedraw"], "ms",
            "bare widget with that picture")
-    beside(f"redraw of that window in black and white, {display}", screen["redrawGrey"], "redraw grey",
+    compared(f"redraw of that window in black and white, {display}", screen["redrawGrey"], "redraw grey",
            screen["bareRedrawGrey"], "ms", "bare widget with that picture in grey")
-    beside(f"arrange 100 such windows, {display}", screen["arrange"], "arrange", screen["bareArrange"], "ms",
+    compared(f"arrange 100 such windows, {display}", screen["arrange"], "arrange", screen["bareArrange"], "ms",
            "100 bare windows with such widgets")
 
 
@@ -86,26 +86,26 @@ lists = best(*(f"lists-{turn}" for turn in TURNS))
 store = best("store")
 yardsticks = [load(f"yardstick-{turn}") for turn in TURNS]
 python = {name: min(yardstick[name] for yardstick in yardsticks) / 1000 for name in yardsticks[0]}
-beside("read CSV of 1024 rows", lists["ReadCsv"], "read csv", python["PythonReadCsv"], "ms", "Python csv")
-beside("write CSV of 1024 rows", lists["WriteCsv"], "write csv", python["PythonWriteCsv"], "ms", "Python csv")
-beside("read binary of 1024 rows into the table", lists["ReadBinary"], "read binary", lists["BareRead"], "ms",
+compared("read CSV of 1024 rows", lists["ReadCsv"], "read csv", python["PythonReadCsv"], "ms", "Python csv")
+compared("write CSV of 1024 rows", lists["WriteCsv"], "write csv", python["PythonWriteCsv"], "ms", "Python csv")
+compared("read binary of 1024 rows into the table", lists["ReadBinary"], "read binary", lists["BareRead"], "ms",
        "bare bytes, check sum and fields", f"; store alone {store['Load']:.2f} ms")
-beside("write binary of 1024 rows to disk", store["Save"], "write binary", store["BareReplaceToLast"], "ms",
+compared("write binary of 1024 rows to disk", store["Save"], "write binary", store["BareReplaceToLast"], "ms",
        "bare write, flush, rename, folder flushed too", f"; without the last {store['BareReplace']:.2f} ms")
 
 grey = best("grey")
-beside("conversion of 1280 x 720 to black and white", grey["GreyConvert"], "grey", grey["GreyCopy"], "ms",
+compared("conversion of 1280 x 720 to black and white", grey["GreyConvert"], "grey", grey["GreyCopy"], "ms",
        "a copy of the bytes")
 
 link = load("link")
 for way, bare in (("download", "bareDownload"), ("upload", "bareUpload")):
-    beside(f"{way} of 64 MiB", link[way], "transfer", link[bare], "ms", "bare file to socket to file")
+    compared(f"{way} of 64 MiB", link[way], "transfer", link[bare], "ms", "bare file to socket to file")
     row(f"{way} of 64 MiB, simulated receiver", link["instrument" + way.title()], None, "ms")
-beside("growth of peak memory by these transfers", link["growth"], "growth", link["bareGrowth"], "MiB",
+compared("growth of peak memory by these transfers", link["growth"], "growth", link["bareGrowth"], "MiB",
        "bare file to socket to file")
-beside("find of a file", link["find"], "find", link["bareLine"], "us", "bare line there and back")
+compared("find of a file", link["find"], "find", link["bareLine"], "us", "bare line there and back")
 row("find of a file, simulated receiver", link["instrumentFind"], None, "us")
-beside("walk of 10,000 files, simulated receiver", link["instrumentListing"], "walk", link["bareWalk"], "ms",
+compared("walk of 10,000 files, simulated receiver", link["instrumentListing"], "walk", link["bareWalk"], "ms",
        "bare walk, line and words", f"; catalogue at hand {link['listing']:.1f} ms")
 
 MOGRIFY_SHARE = {"bmp to png": 0.25, "pcx to png": 0.25, "png to pcx": 0.8}
@@ -117,7 +117,7 @@ for way, figures in load("pictures").items():
         row(f"size of them, {way}", sizes["tarvikctl"] / 2**20, 1.05 * sizes["mogrify"] / 2**20, "MiB",
             f"mogrify {sizes['mogrify'] / 2**20:.2f} MiB")
 
-print("| what | figure | at most | | beside |")
+print("| what | figure | at most | | counterpart |")
 print("|---|---|---|---|---|")
 for cells in rows:
     print("| " + " | ".join(cells) + " |")

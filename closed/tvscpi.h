@@ -11,8 +11,8 @@
    without one has TVSCPI_DEFAULT_TIMEOUT_MS. A walk is the exception: its catalogue may be long and the line slow, so
    that time counts from the last byte received, up to TVSCPI_LONGEST_WALK_MS in all.
 
-   A download is written beside its target and takes the target's place when it is complete: after any failure the
-   target is what it was. */
+   A download is written to a temporary file in the target's folder and renamed when complete: after any failure the
+   target is unchanged. */
 #pragma once
 
 #include "closed/module.h"

@@ -13,7 +13,7 @@ enum class ReplaceStep {
     NotRegular, ///< the path is neither file nor folder
     ReadOnly, ///< the file is write-protected
     Busy, ///< another process is replacing the same file
-    Create, ///< no file can be created beside it
+    Create, ///< no file can be created in its folder
     Write,
     Replace, ///< the new file could not replace the old one
 };
@@ -27,9 +27,9 @@ struct ReplaceResult {
     }
 };
 
-/// A new file beside `path` that replaces it when complete. Until then, and after any failure, `path` is unchanged.
-/// The temporary name depends on `path` alone, so that the next process removes what a killed one has left; if
-/// another process is writing the same file, it waits for a while. Links are followed, also to a missing file; an
+/// A new file in the folder of `path` that replaces it when complete. Until then, and after any failure, `path` is
+/// unchanged. The temporary name depends on `path` alone, so that the next process removes what a killed one has left;
+/// if another process is writing the same file, it waits for a while. Links are followed, also to a missing file; an
 /// existing file keeps its permissions, a new one gets the user's default.
 class NewFile {
 public:

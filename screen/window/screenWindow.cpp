@@ -148,12 +148,12 @@ void SizeNewWindow(WindowId id)
     record.DefaultHeight = size.height();
     const WindowPlacement& placement = record.Placement;
     const bool isPlaced = placement.Left != kPlacedBySystem || placement.Top != kPlacedBySystem;
-    const QSize wished(placement.ClientWidth, placement.ClientHeight);
+    const QSize placed(placement.ClientWidth, placement.ClientHeight);
     {
         const QScopedValueRollback resizing(WindowAt(id).InResize, true);
         if (isPlaced && view->State() != WinState::Maximised)
             view->MoveTo({ placement.Left, placement.Top });
-        view->SetClientSize(wished == QSize(0, 0) ? size : wished);
+        view->SetClientSize(placed == QSize(0, 0) ? size : placed);
     }
     ApplySize(id);
 }

@@ -24,8 +24,8 @@ int SizeOfGroup(int count, int groups, int at)
 QRect Cell(QSize room, int column, int columns, int row, int rows)
 {
     const QPoint leftTop(Part(room.width(), column, columns), Part(room.height(), row, rows));
-    const QPoint behind(Part(room.width(), column + 1, columns), Part(room.height(), row + 1, rows));
-    return { leftTop, behind - QPoint(1, 1) };
+    const QPoint rightBottom(Part(room.width(), column + 1, columns), Part(room.height(), row + 1, rows));
+    return { leftTop, rightBottom - QPoint(1, 1) };
 }
 
 int StepsThatFit(QSize window, QSize room, int step)

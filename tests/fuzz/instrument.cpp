@@ -17,21 +17,21 @@ constexpr std::uint64_t kDiskBytes = 64 * 1024;
 std::string Events(std::string_view bytes, size_t pieceBytes)
 {
     MessageReader reader;
-    std::string told;
+    std::string events;
     while (!bytes.empty()) {
         std::string_view piece = bytes.substr(0, pieceBytes);
         bytes.remove_prefix(piece.size());
         for (auto event = reader.Next(piece); event != ReaderEvent::NeedsBytes; event = reader.Next(piece)) {
             if (event == ReaderEvent::BlockBytes) {
-                told += reader.BlockPiece();
+                events += reader.BlockPiece();
                 continue;
             }
-            told += static_cast<char>(event);
+            events += static_cast<char>(event);
             if (event != ReaderEvent::Bad)
-                told += reader.Current().Header;
+                events += reader.Current().Header;
         }
     }
-    return told;
+    return events;
 }
 
 void Require(bool condition)

@@ -1,4 +1,4 @@
-// tests/support/fakeView.h: document windows without a form: what they were told is written down.
+// tests/support/fakeView.h: document windows without a form; they record their calls.
 #pragma once
 
 #include "app/state/project.h"

@@ -45,7 +45,7 @@ QRect PlaceIn(const QWidget* control, const QWidget& form)
     return { control->mapTo(&form, QPoint()), control->size() };
 }
 
-/// The second stands to the right in the same row, or lower.
+/// The second is to the right in the same row, or lower.
 bool IsReadAfter(const QRect& first, const QRect& second)
 {
     const bool isSameRow = first.top() < second.center().y() && second.top() < first.center().y();

@@ -35,7 +35,7 @@ InstrumentProcess::InstrumentProcess(const QStringList& arguments)
     process_.start(QStringLiteral(TARVIK_INSTRUMENT), all);
     while (!process_.canReadLine() && process_.waitForReadyRead(kPatienceMs)) { }
     const QString line = QString::fromLatin1(process_.readLine()).trimmed();
-    EXPECT_TRUE(line.startsWith(QLatin1String("port "))) << line.toStdString() << Told().toStdString();
+    EXPECT_TRUE(line.startsWith(QLatin1String("port "))) << line.toStdString() << StandardError().toStdString();
     port_ = line.section(u' ', 1).toInt();
 }
 
@@ -63,7 +63,7 @@ void InstrumentProcess::Kill()
     process_.waitForFinished(kPatienceMs);
 }
 
-QString InstrumentProcess::Told()
+QString InstrumentProcess::StandardError()
 {
     return QString::fromLocal8Bit(process_.readAllStandardError());
 }

@@ -33,14 +33,14 @@ public:
     /// Asks it to end and answers its exit code; -1 if it does not.
     int Stop();
 
-    /// Waits until it has ended by itself, and answers the same.
+    /// Waits until it exits by itself; returns the same.
     int WaitForEnd();
 
     /// Ends it as a power cut would.
     void Kill();
 
-    /// What it has told on standard error; complete once it has ended.
-    QString Told();
+    /// What it wrote to standard error; complete once it has ended.
+    QString StandardError();
 
 private:
     QTemporaryDir folder_;

@@ -1,4 +1,4 @@
-// tests/tour/results.h: checks what the tour leaves behind.
+// tests/tour/results.h: checks the files that the tour wrote.
 #pragma once
 
 #include <QString>

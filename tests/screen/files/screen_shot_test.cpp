@@ -149,7 +149,7 @@ TEST_F(Captures, AnyOtherTransferFailureClosesLinkToo)
         channel_.Connected = true;
         channel_.Answer(QStringLiteral("GetFileFromStream"), status);
         Answers().ExpectWhile(
-            12703, Ok, [this] { EXPECT_FALSE(channel_.Connected) << "the link has ended when it is told"; });
+            12703, Ok, [this] { EXPECT_FALSE(channel_.Connected) << "the link ends before the message"; });
         EXPECT_EQ(FetchScreen(), -1) << static_cast<int>(status);
         EXPECT_EQ(WindowCount(0), 0) << static_cast<int>(status);
     }

@@ -46,7 +46,7 @@ protected:
         process.setWorkingDirectory(Folder());
         process.start(program, arguments);
         const bool ended = process.waitForFinished(kPatienceMs);
-        EXPECT_TRUE(ended) << "does " << program.toStdString() << " stand there? packages.txt names its package";
+        EXPECT_TRUE(ended) << program.toStdString() << " is missing? packages.txt names its package";
         EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
         return process.readAllStandardOutput();
     }

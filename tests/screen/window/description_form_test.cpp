@@ -157,7 +157,7 @@ TEST_F(DescriptionInWindow, NarrowWindowFollowsCaret)
     const WindowId id = OpenWithDescription();
     Window(id).SetClientSize({ 250, Window(id).height() });
     DescriptionBox& box = Description(id);
-    EXPECT_EQ(box.x(), 0) << "the first letter will stand at the edge";
+    EXPECT_EQ(box.x(), 0) << "the first letter will be at the edge";
     QTest::keyClicks(&box, "ab");
     EXPECT_EQ(box.x(), 0);
     QTest::keyClicks(&box, QString(58, u'c'));

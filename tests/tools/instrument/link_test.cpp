@@ -117,8 +117,8 @@ TEST(InstrumentProgram, LogsCommandsIfVerbose)
     WireClient client(instrument.Port());
     EXPECT_EQ(client.Ask("MMEM:CDIR \"x\";CDIR?"), "\"\\\"");
     EXPECT_EQ(instrument.Stop(), 0);
-    EXPECT_TRUE(instrument.Told().contains("MMEM:CDIR x: -256,\"File name not found\"\n"))
-        << instrument.Told().toStdString();
+    EXPECT_TRUE(instrument.StandardError().contains("MMEM:CDIR x: -256,\"File name not found\"\n"))
+        << instrument.StandardError().toStdString();
 }
 
 TEST(InstrumentProgram, UsageErrorsAreReportedWithExitCode)
@@ -140,7 +140,8 @@ TEST(InstrumentProgram, EscapesControlCharactersInLog)
     WireClient client(instrument.Port());
     EXPECT_EQ(client.Ask("MMEM:CDIR \"a\x1B]0;b\x07\x9D\";CDIR?"), "\"\\\"");
     EXPECT_EQ(instrument.Stop(), 0);
-    EXPECT_TRUE(instrument.Told().contains("MMEM:CDIR a?]0;b??: -257,")) << instrument.Told().toStdString();
+    EXPECT_TRUE(instrument.StandardError().contains("MMEM:CDIR a?]0;b??: -257,"))
+        << instrument.StandardError().toStdString();
 }
 
 TEST(InstrumentProgram, RefusesRootThatIsNotAFolder)

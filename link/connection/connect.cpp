@@ -61,7 +61,14 @@ QString ReadText(const QString& iniFile, const QString& key, const QString& fall
 {
     QString text;
     IniReadString(iniFile, kSection, key, fallback, text);
-    return text;
+    const bool isQuoted = text.size() > 1 && text.startsWith(u'"') && text.endsWith(u'"');
+    return isQuoted ? text.sliced(1, text.size() - 2) : text;
+}
+
+/// An entry with blanks around it is quoted, since the settings file drops them.
+void WriteText(const QString& iniFile, const QString& key, const QString& text)
+{
+    IniWriteString(iniFile, kSection, key, text.trimmed() == text ? text : u'"' + text + u'"');
 }
 
 } // namespace
@@ -116,9 +123,9 @@ void conSaveSettings(const QString& iniFile)
     const ConnectionState& state = Connection();
     IniWriteBool(iniFile, kSection, QStringLiteral("Connected"), ChannelIsUp());
     for (int slot = 0; slot < kLanEntries; ++slot)
-        IniWriteString(iniFile, kSection, LanKey(slot), state.LanEntries[static_cast<size_t>(slot)]);
-    IniWriteString(iniFile, kSection, QStringLiteral("ipAddressUsb0"), state.UsbEntry);
-    IniWriteString(iniFile, kSection, QStringLiteral("ipAddressSelected"), state.SelectedEntry);
+        WriteText(iniFile, LanKey(slot), state.LanEntries[static_cast<size_t>(slot)]);
+    WriteText(iniFile, QStringLiteral("ipAddressUsb0"), state.UsbEntry);
+    WriteText(iniFile, QStringLiteral("ipAddressSelected"), state.SelectedEntry);
 }
 
 bool conEntryValid(const QString& entry)

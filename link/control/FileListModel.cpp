@@ -4,6 +4,11 @@
 #include "app/text/lang.h"
 #include "app/text/textId.h"
 
+#include <QEvent>
+#include <QGuiApplication>
+
+#include <utility>
+
 namespace tarvik {
 
 FileListModel::FileListModel(FileList& list, QObject* parent)
@@ -84,10 +89,36 @@ bool FileListModel::setData(const QModelIndex& index, const QVariant& value, int
     const FileListRow& row = list_.Rows[static_cast<size_t>(index.row())];
     const QString newName = value.toString();
     if (newName != row.Text) {
-        QMetaObject::invokeMethod(
-            this, [this, key = row.SubItems[2], newName] { Q_EMIT Renamed(key, newName); }, Qt::QueuedConnection);
+        rename_ = Rename{ row.SubItems[2], newName };
+        QMetaObject::invokeMethod(this, &FileListModel::RenameAfterClick, Qt::QueuedConnection);
     }
     return false;
+}
+
+/// A click that ended the edit is completed first: a message between press and release would swallow it.
+void FileListModel::RenameAfterClick()
+{
+    if (QGuiApplication::mouseButtons() == Qt::NoButton)
+        FinishRename();
+    else
+        qApp->installEventFilter(this);
+}
+
+bool FileListModel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonRelease) {
+        qApp->removeEventFilter(this);
+        QMetaObject::invokeMethod(this, &FileListModel::RenameAfterClick, Qt::QueuedConnection);
+    }
+    return QAbstractTableModel::eventFilter(watched, event);
+}
+
+void FileListModel::FinishRename()
+{
+    if (!rename_)
+        return;
+    const Rename rename = *std::exchange(rename_, {});
+    Q_EMIT Renamed(rename.SortKey, rename.NewName);
 }
 
 } // namespace tarvik

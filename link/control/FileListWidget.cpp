@@ -5,7 +5,6 @@
 #include "link/control/FileListModel.h"
 #include "link/control/controlGeneral.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -211,7 +210,7 @@ void FileListWidget::FinishLabelEdit()
         commitData(editor);
         closeEditor(editor, QAbstractItemDelegate::NoHint);
     }
-    QCoreApplication::sendPostedEvents(model_, QEvent::MetaCall);
+    model_->FinishRename();
 }
 
 bool FileListWidget::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)

@@ -21,7 +21,7 @@ void ReadPcFolder(FileList& list, int mask)
     if (CurrentPcFolder().isEmpty())
         return; // QDir would take the working directory
     const QFileInfoList entries = QDir(CurrentPcFolder())
-                                      .entryInfoList(QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot,
+                                      .entryInfoList(QDir::Dirs | QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot,
                                           QDir::Name | QDir::IgnoreCase | QDir::DirsFirst);
     for (const QFileInfo& entry : entries) {
         const QString name = entry.fileName();

@@ -41,7 +41,10 @@ TransferNext DeleteInstrRow(const FileListRow& row)
         MsgOk1(TextId::FolderNotDeleted, row.Text);
     else if (err == ChannelStatus::LinkFailed || err == ChannelStatus::Refused)
         MsgOk1(TextId::InstrumentFileNotDeleted, row.Key);
-    return canDelete && ChannelDisconnectIfLost() ? TransferNext::End : TransferNext::Count;
+    if (!canDelete || !ChannelDisconnectIfLost())
+        return TransferNext::Count;
+    MsgOk(TextId::LinkLost);
+    return TransferNext::End;
 }
 
 bool HasReadOnlyFile(const QString& folder)

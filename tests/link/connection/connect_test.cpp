@@ -72,6 +72,21 @@ TEST_F(Connect, SavingWritesEveryKeyInOrder)
         "ipAddressUsb0=USB (only 1 instance):169.254.1.1:5555\nipAddressSelected=\n");
 }
 
+TEST_F(Connect, BlanksAroundEntryAreKept)
+{
+    const QStringList entries{ "  Van:10.0.0.7:80", "Bus:10.0.0.8:80 ", "\u00A0Car\":10.0.0.9:80",
+        "\"Air:10.0.0.6:80" };
+    for (qsizetype slot = 0; slot < entries.size(); ++slot)
+        Lan()[static_cast<size_t>(slot)] = entries[slot];
+    Connection().SelectedEntry = entries[0];
+    conSaveSettings(FilePath("x.ini"));
+    Lan() = {};
+    Connection().SelectedEntry.clear();
+    conLoadSettings(FilePath("x.ini"));
+    EXPECT_EQ(QStringList(Lan().begin(), Lan().begin() + entries.size()), entries);
+    EXPECT_EQ(Connection().SelectedEntry, entries[0]);
+}
+
 TEST_F(Connect, SavesCurrentLinkState)
 {
     FakeChannel disconnected;

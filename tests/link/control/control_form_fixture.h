@@ -17,6 +17,7 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QTest>
+#include <QWindow>
 
 namespace tarvik {
 

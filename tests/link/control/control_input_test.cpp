@@ -186,6 +186,42 @@ TEST_F(ControlForm, RefusedNameIsRestored)
     EXPECT_EQ(Rows("LvPc"), QStringList({ "Van.tvc" }));
 }
 
+TEST_F(ControlForm, ClickOverRefusedNameCounts)
+{
+    OnPc({ "Van.tvc" });
+    Open(FileClassCorrectionSet);
+    ClickRow("LvPc", 0);
+    Key(form, "LvPc", Qt::Key_F2);
+    ASSERT_NE(LabelEdit(), nullptr);
+    LabelEdit()->setText("Van.txt");
+    QWindow* window = form.windowHandle();
+    QWidget& close = FindControl(form, "BtClose");
+    const QPoint at = close.mapTo(&form, close.rect().center());
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, at); // a message here would fail the test
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(form.IsClosed());
+    Answers().Expect(12748, Ok);
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, at);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(ControlForm, ClickElsewhereEndsEdit)
+{
+    OnPc({ "Van.tvc" });
+    Open(FileClassCorrectionSet);
+    ClickRow("LvPc", 0);
+    Key(form, "LvPc", Qt::Key_F2);
+    ASSERT_NE(LabelEdit(), nullptr);
+    LabelEdit()->setText("Bus.tvc");
+    QWidget& list = *List("LvInstr").viewport();
+    QTest::mouseClick(form.windowHandle(), Qt::LeftButton, Qt::NoModifier, list.mapTo(&form, list.rect().center()));
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Rows("LvPc"), QStringList({ "Bus.tvc" }));
+}
+
 TEST_F(ControlForm, OnlyScreenShotsAreEditedOnInstrument)
 {
     OnInstr({ "a.tvk" });

@@ -72,11 +72,12 @@ TEST_F(FileListing, PcFileWithNameInvalidOnInstrumentIsNotShown)
     EXPECT_EQ(Names(), QStringList({ QString(32, u'a') + ".tvm" }));
 }
 
-TEST_F(FileListing, HiddenPcFoldersAreNotShown)
+TEST_F(FileListing, HiddenPcFoldersAreShown)
 {
     MakeFolder(".cache");
+    Store(FilePath(".hidden.tvm"), "x");
     TransferListPc(list_, Mask());
-    EXPECT_TRUE(list_.Rows.empty());
+    EXPECT_EQ(Names(), QStringList({ ".cache" }));
 }
 
 TEST_F(FileListing, EmptyPcFolderHasNoRowsAndNoMessage)

@@ -152,13 +152,14 @@ TEST_F(DeleteOnInstr, LocalFileStatusIsNotReported)
     EXPECT_EQ(fake_.Count("RemoveFile"), 1);
 }
 
-TEST_F(DeleteOnInstr, LostLinkEndsJobAfterMessage)
+TEST_F(DeleteOnInstr, LostLinkIsNamedAndEndsJob)
 {
     AddFile(instr_, "a.png");
     AddFile(instr_, "b.png");
     fake_.Answer("RemoveFile", ChannelStatus::LinkFailed);
     fake_.Gone = true;
     Answers().Expect(12724, { QStringLiteral("a.png") }, Ok);
+    Answers().Expect(12703, Ok);
     TransferDeleteInstr(instr_);
     EXPECT_EQ(fake_.Log, QStringList({ "RemoveFile a.png", "CheckConnection", "Disconnect" }));
 }

@@ -189,16 +189,16 @@ public:
         QCoreApplication::processEvents();
     }
 
-    double Redraw(qint16 palette)
+    double Redraw(PaletteNumber palette)
     {
         const WindowId id = WindowTable().Active;
         PaletteStore(palette, id);
         return painted_.Ms([id] { DrawScreenWindow(id); });
     }
 
-    double Arrange(int code)
+    double Arrange(Arrangement arrangement)
     {
-        return painted_.Ms([code] { ArrangeWindows(code); });
+        return painted_.Ms([arrangement] { ArrangeWindows(arrangement); });
     }
 
 private:
@@ -237,14 +237,14 @@ public:
         return painted_.Ms([this] { Picture().ShowGrey(); });
     }
 
-    double Arrange(int code)
+    double Arrange(Arrangement arrangement)
     {
-        return painted_.Ms([this, code] { Place(code); });
+        return painted_.Ms([this, arrangement] { Place(arrangement); });
     }
 
-    void Place(int code)
+    void Place(Arrangement arrangement)
     {
-        if (code == ArrangeCascade)
+        if (arrangement == Arrangement::Cascade)
             area_.cascadeSubWindows();
         else
             area_.tileSubWindows();
@@ -274,11 +274,11 @@ void BenchOneWindow(ScreenBench& bench, BareArea& bare)
         library.push_back(bench.LibraryDecode());
         own.push_back(bench.OwnDecode());
         open.push_back(bench.Open());
-        redraw.push_back(bench.Redraw(PaletteColour));
-        redrawGrey.push_back(bench.Redraw(PaletteBlackAndWhite));
+        redraw.push_back(bench.Redraw(PaletteNumber::Colour));
+        redrawGrey.push_back(bench.Redraw(PaletteNumber::BlackAndWhite));
         bareRedraw.push_back(bare.Redraw());
         bareRedrawGrey.push_back(bare.RedrawGrey());
-        PaletteStore(PaletteColour, WindowTable().Active);
+        PaletteStore(PaletteNumber::Colour, WindowTable().Active);
         ScreenBench::Close();
     }
     std::printf("{\"bareDecode\": %.3f, \"ownDecode\": %.3f, \"open\": %.3f, \"redraw\": %.3f, \"redrawGrey\": %.3f, "
@@ -295,16 +295,18 @@ void BenchHundredWindows(ScreenBench& bench, BareArea& bare)
     bare.Open(kWindows - 1);
     double slowest = 0;
     double bareSlowest = 0;
-    for (const int code : { ArrangeTileHorizontally, ArrangeTileVertically, ArrangeCascade }) {
+    for (const Arrangement arrangement :
+        { Arrangement::TileHorizontally, Arrangement::TileVertically, Arrangement::Cascade }) {
         std::vector<double> own;
         std::vector<double> others;
         for (int round = 0; round < kArrangements; ++round) {
-            const int other = code == ArrangeCascade ? ArrangeTileHorizontally : ArrangeCascade;
+            const Arrangement other =
+                arrangement == Arrangement::Cascade ? Arrangement::TileHorizontally : Arrangement::Cascade;
             ArrangeWindows(other); // so the windows have to move
             bare.Place(other);
             QCoreApplication::processEvents();
-            own.push_back(bench.Arrange(code));
-            others.push_back(bare.Arrange(code));
+            own.push_back(bench.Arrange(arrangement));
+            others.push_back(bare.Arrange(arrangement));
         }
         slowest = std::max(slowest, Median(own));
         bareSlowest = std::max(bareSlowest, Median(others));

@@ -130,7 +130,7 @@ TEST_F(AllSettings, ScreenDefaults)
     EXPECT_EQ(TheColorDefaults().Foreground, 0U);
     EXPECT_EQ(TheColorDefaults().Marker, 0xFFFFFFU);
     EXPECT_EQ(TheColorDefaults().Text, 0U);
-    EXPECT_EQ(TheColorDefaults().PalNr, PaletteColour);
+    EXPECT_EQ(TheColorDefaults().PalNr, PaletteNumber::Colour);
 }
 
 TEST_F(AllSettings, ScreenValuesAreReadAndWritten)
@@ -142,7 +142,7 @@ TEST_F(AllSettings, ScreenValuesAreReadAndWritten)
     EXPECT_EQ(TheColorDefaults().Foreground, 1U);
     EXPECT_EQ(TheColorDefaults().Marker, 2U);
     EXPECT_EQ(TheColorDefaults().Text, 3U);
-    EXPECT_EQ(TheColorDefaults().PalNr, PaletteBlackAndWhite);
+    EXPECT_EQ(TheColorDefaults().PalNr, PaletteNumber::BlackAndWhite);
     IniWrite();
     EXPECT_TRUE(Text().startsWith(screen));
 }

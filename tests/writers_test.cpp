@@ -57,7 +57,7 @@ public:
         table_.MemoryListName = QStringLiteral("Van");
         UseRow(table_, 0, 1e8, QStringLiteral("Channel"));
         EXPECT_TRUE(WriteMemoryListDll(table_));
-        window_ = Open(SubtypeFile, Colourful());
+        window_ = Open(WindowSubtype::File, Colourful());
     }
 
     bool WriteList(const QString& path)

@@ -36,9 +36,9 @@ void StoreOne(quint32 colour, WindowId id, int index)
     DefaultOf(index) = colour;
 }
 
-quint32 Paper(qint16 palette, quint32 background)
+quint32 Paper(PaletteNumber palette, quint32 background)
 {
-    return palette == PaletteColour ? background : kWhite;
+    return palette == PaletteNumber::Colour ? background : kWhite;
 }
 
 } // namespace
@@ -50,7 +50,8 @@ void ColorLoadSettings(const QString& iniFile)
         IniReadColour(iniFile, kSection, QStringLiteral("ColFg"), kFresh.Foreground),
         IniReadColour(iniFile, kSection, QStringLiteral("ColMg"), kFresh.Marker),
         IniReadColour(iniFile, kSection, QStringLiteral("ColTx"), kFresh.Text),
-        IniReadInt(iniFile, kSection, QStringLiteral("PalNr"), kFresh.PalNr) };
+        static_cast<PaletteNumber>(
+            IniReadInt(iniFile, kSection, QStringLiteral("PalNr"), static_cast<qint16>(kFresh.PalNr))) };
 }
 
 void ColorSaveSettings(const QString& iniFile)
@@ -60,7 +61,7 @@ void ColorSaveSettings(const QString& iniFile)
     IniWriteColour(iniFile, kSection, QStringLiteral("ColFg"), defaults.Foreground);
     IniWriteColour(iniFile, kSection, QStringLiteral("ColMg"), defaults.Marker);
     IniWriteColour(iniFile, kSection, QStringLiteral("ColTx"), defaults.Text);
-    IniWriteInt(iniFile, kSection, QStringLiteral("PalNr"), defaults.PalNr);
+    IniWriteInt(iniFile, kSection, QStringLiteral("PalNr"), static_cast<qint16>(defaults.PalNr));
 }
 
 quint32 ColorGet(WindowId id, int index)
@@ -78,17 +79,17 @@ void ColorStore(quint32 colour, WindowId id, int index)
         StoreOne(colour, id, ColourText);
 }
 
-void PaletteStore(qint16 number, WindowId id)
+void PaletteStore(PaletteNumber number, WindowId id)
 {
     if (ScreenRecord* record = ScreenOf(id))
         record->PalNr = number;
     TheColorDefaults().PalNr = number;
 }
 
-qint16 PaletteOf(WindowId id)
+PaletteNumber PaletteOf(WindowId id)
 {
     const ScreenRecord* record = ScreenOf(id);
-    return record == nullptr ? qint16{ PaletteColour } : record->PalNr;
+    return record == nullptr ? PaletteNumber::Colour : record->PalNr;
 }
 
 quint32 PaperColor(WindowId id)

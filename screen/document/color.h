@@ -20,10 +20,10 @@ quint32 ColorGet(WindowId id, int index);
 void ColorStore(quint32 colour, WindowId id, int index);
 
 /// As above for the palette number.
-void PaletteStore(qint16 number, WindowId id);
+void PaletteStore(PaletteNumber number, WindowId id);
 
-/// PaletteColour if the window is not a screen.
-qint16 PaletteOf(WindowId id);
+/// PaletteNumber::Colour if the window is not a screen.
+PaletteNumber PaletteOf(WindowId id);
 
 /// Background and text colour around the picture. 0x00BBGGRR.
 quint32 PaperColor(WindowId id);

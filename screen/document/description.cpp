@@ -45,12 +45,12 @@ void DescrSaveSettings(const QString& iniFile)
     IniWriteByte(iniFile, kSection, kViewKey, TheDescriptionDefaults().ViewDescr);
 }
 
-DescriptionColumns DescrColumnsOf(qint16 windowType)
+DescriptionColumns DescrColumnsOf(WindowType windowType)
 {
     switch (windowType) {
-    case WindowDataSet:
+    case WindowType::DataSet:
         return { WindowDefaultColumns(windowType), 60, 110 };
-    case WindowScreen:
+    case WindowType::Screen:
         return { WindowDefaultColumns(windowType), 40, 100 };
     default:
         return {};
@@ -75,14 +75,14 @@ bool DescrVisible(WindowId id)
     return view == nullptr || view->State() != WinState::Maximised;
 }
 
-QFont DescrFont(qint16 windowType)
+QFont DescrFont(WindowType windowType)
 {
     QFont font(QStringLiteral("Courier New"));
     font.setStyleHint(QFont::TypeWriter);
     font.setFixedPitch(true);
     font.setPixelSize(kFontPixels);
     font.setStyleStrategy(QFont::NoSubpixelAntialias);
-    font.setBold(windowType == WindowScreen);
+    font.setBold(windowType == WindowType::Screen);
     return font;
 }
 

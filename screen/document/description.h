@@ -33,7 +33,7 @@ struct DescriptionColumns {
     int Least = 0;
     int Most = 0;
 };
-DescriptionColumns DescrColumnsOf(qint16 windowType);
+DescriptionColumns DescrColumnsOf(WindowType windowType);
 
 /// Validates a number of columns as typed; `value` is set only if it is valid.
 [[nodiscard]] bool ValidInt(const QString& text, const DescriptionColumns& limits, int& value);
@@ -43,7 +43,7 @@ bool DescrVisible(WindowId id);
 
 /// Font of the block: 9 points at 96 pixels per inch, so that a text wraps alike on every screen and in a saved
 /// picture; bold in a screen window. Without subpixel antialiasing, which suits one screen only.
-QFont DescrFont(qint16 windowType);
+QFont DescrFont(WindowType windowType);
 
 /// Text width of a window's columns, and line height, in pixels.
 int DescrWidth(WindowId id);

@@ -68,11 +68,11 @@ QSize FitDragged(const FitInput& input, const Aspect& aspect, QSize client)
 QSize Fitted(const FitInput& input, const Aspect& aspect, QSize client)
 {
     switch (input.Arranging) {
-    case ArrangeCascade:
+    case Arrangement::Cascade:
         return client;
-    case ArrangeTileHorizontally:
+    case Arrangement::TileHorizontally:
         return aspect.ByHeight(client);
-    case ArrangeTileVertically: {
+    case Arrangement::TileVertically: {
         const QSize byWidth = aspect.ByWidth(client.width());
         return byWidth.height() > client.height() ? aspect.ByHeight(client) : byWidth;
     }

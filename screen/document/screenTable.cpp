@@ -24,7 +24,7 @@ void ScreenTableClear()
 
 ScreenRecord* ScreenOf(WindowId id)
 {
-    if (WindowTypeOf(id) != WindowScreen)
+    if (WindowTypeOf(id) != WindowType::Screen)
         return nullptr;
     return &ScreenTable().at(static_cast<size_t>(WindowDocumentIndex(id)));
 }

@@ -14,8 +14,8 @@ namespace tarvik {
 enum ColourIndex { ColourBackground = 0, ColourForeground = 1, ColourMarker = 2, ColourText = 3 };
 inline constexpr int kColours = 4;
 
-/// Palettes of a document.
-enum PaletteNumber : qint16 { PaletteColour = 0, PaletteBlackAndWhite = 1 };
+/// Palettes of a document. The settings file may have other values, which are kept.
+enum class PaletteNumber : qint16 { Colour = 0, BlackAndWhite = 1 };
 
 /// Defaults of a new document: the values set last. Colours are 0x00BBGGRR.
 struct ColorDefaults {
@@ -23,17 +23,17 @@ struct ColorDefaults {
     quint32 Foreground = 0; ///< `ColFg`
     quint32 Marker = 0xFFFFFF; ///< `ColMg`
     quint32 Text = 0; ///< `ColTx`
-    qint16 PalNr = PaletteColour;
+    PaletteNumber PalNr = PaletteNumber::Colour;
 };
 ColorDefaults& TheColorDefaults();
 
 struct ScreenRecord {
-    qint16 SourceTag = 0; ///< the window subtype on creation
+    WindowSubtype SourceTag = WindowSubtype::Live; ///< the window subtype on creation
     qint16 DocumentIndex = 0;
     QDateTime Date; ///< of the file, or the time of opening or capture
     std::array<quint32, kColours> Colours{}; ///< 0x00BBGGRR
     qint16 ZoomState = 0;
-    qint16 PalNr = PaletteColour;
+    PaletteNumber PalNr = PaletteNumber::Colour;
     QImage Master; ///< the picture at its original size, shown by `PbDefGraph`. Format_RGB32
     QImage Graph; ///< the scaled copy, shown by `PbGraph`. Format_RGB32
 };

@@ -71,7 +71,7 @@ public:
     {
         return false;
     }
-    void Arrange(int) override { }
+    void Arrange(Arrangement) override { }
     bool SetClipboard(const QImage&) override
     {
         return false;

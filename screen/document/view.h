@@ -4,6 +4,7 @@
 
 #include "app/platform/port.h"
 #include "app/state/project.h"
+#include "screen/document/fit.h"
 #include "screen/document/window.h"
 
 #include <QImage>
@@ -66,8 +67,8 @@ public:
 
     virtual bool MainFrameIsActive() = 0;
 
-    /// Moves and sizes the windows: 0 cascade, 1 and 2 tile, 3 icons.
-    virtual void Arrange(int code) = 0;
+    /// Moves and sizes the windows.
+    virtual void Arrange(Arrangement arrangement) = 0;
 
     /// False when the clipboard does not take the picture.
     virtual bool SetClipboard(const QImage& picture) = 0;

@@ -16,19 +16,19 @@ namespace tarvik {
 namespace {
 
 struct TypeRules {
-    qint16 Type = WindowFree;
+    WindowType Type = WindowType::Free;
     int MostDocuments = 0;
     qint16 Columns = 0; ///< of the description
     QSize ClientSize; ///< default, pixels
 };
 
 constexpr std::array<TypeRules, 2> kTypeRules{ {
-    { WindowDataSet, kDocumentsOfType, 90, QSize(792, 560) },
-    { WindowScreen, kDocumentsOfType, 70, QSize(642, 442) },
+    { WindowType::DataSet, kDocumentsOfType, 90, QSize(792, 560) },
+    { WindowType::Screen, kDocumentsOfType, 70, QSize(642, 442) },
 } };
 
 /// Null for a type that has no documents.
-const TypeRules* RulesOf(qint16 type)
+const TypeRules* RulesOf(WindowType type)
 {
     const auto* const found = std::find_if(
         kTypeRules.begin(), kTypeRules.end(), [type](const TypeRules& rules) { return rules.Type == type; });
@@ -45,7 +45,7 @@ QVector<WindowId> WindowsInUse()
 }
 
 /// The lowest document index that no window of the type uses; 0 if all are used.
-qint16 FreeDocumentIndex(qint16 type)
+qint16 FreeDocumentIndex(WindowType type)
 {
     const TypeRules* rules = RulesOf(type);
     const int last = rules == nullptr ? 0 : rules->MostDocuments;
@@ -61,7 +61,7 @@ qint16 FreeDocumentIndex(qint16 type)
     return 0;
 }
 
-WindowSlot TakeFreeSlot(qint16 type, qint16 subtype, qint16 documentIndex)
+WindowSlot TakeFreeSlot(WindowType type, WindowSubtype subtype, qint16 documentIndex)
 {
     for (WindowId id = 1; id <= kWindowSlots; ++id) {
         if (WindowInUse(id))
@@ -77,7 +77,7 @@ WindowSlot TakeFreeSlot(qint16 type, qint16 subtype, qint16 documentIndex)
     return {};
 }
 
-WindowId OldestOf(qint16 type)
+WindowId OldestOf(WindowType type)
 {
     WindowId oldest = 0;
     for (const WindowId id : WindowsInUse()) {
@@ -97,7 +97,7 @@ QString DefaultTemplate()
 
 QString TypeName(WindowId id)
 {
-    if (WindowTypeOf(id) == WindowDataSet)
+    if (WindowTypeOf(id) == WindowType::DataSet)
         return LngStr(TextId::Diagram);
     return LngStr(WindowIsFileImage(id) ? TextId::Picture : TextId::LiveScreen);
 }
@@ -129,7 +129,7 @@ bool WindowIsValid(WindowId id)
 
 bool WindowInUse(WindowId id)
 {
-    return WindowIsValid(id) && WindowTable().Table[static_cast<size_t>(id)].Type != WindowFree;
+    return WindowIsValid(id) && WindowTable().Table[static_cast<size_t>(id)].Type != WindowType::Free;
 }
 
 WindowRecord& WindowAt(WindowId id)
@@ -138,9 +138,9 @@ WindowRecord& WindowAt(WindowId id)
     return WindowTable().Table[static_cast<size_t>(id)];
 }
 
-qint16 WindowTypeOf(WindowId id)
+WindowType WindowTypeOf(WindowId id)
 {
-    return WindowInUse(id) ? WindowAt(id).Type : qint16{ WindowFree };
+    return WindowInUse(id) ? WindowAt(id).Type : WindowType::Free;
 }
 
 qint16 WindowDocumentIndex(WindowId id)
@@ -148,14 +148,14 @@ qint16 WindowDocumentIndex(WindowId id)
     return WindowInUse(id) ? WindowAt(id).DocumentIndex : qint16(0);
 }
 
-qint16 WindowSubtypeOf(WindowId id)
+WindowSubtype WindowSubtypeOf(WindowId id)
 {
-    return WindowInUse(id) ? WindowAt(id).Subtype : qint16(0);
+    return WindowInUse(id) ? WindowAt(id).Subtype : WindowSubtype::Live;
 }
 
 bool WindowIsFileImage(WindowId id)
 {
-    return WindowTypeOf(id) == WindowScreen && WindowSubtypeOf(id) == SubtypeFile;
+    return WindowTypeOf(id) == WindowType::Screen && WindowSubtypeOf(id) == WindowSubtype::File;
 }
 
 bool WindowIsModified(WindowId id)
@@ -175,11 +175,16 @@ WindowId WindowNext(WindowId id)
     return 0;
 }
 
-int WindowCount(int type)
+int WindowCount()
+{
+    return static_cast<int>(WindowsInUse().size());
+}
+
+int WindowCount(WindowType type)
 {
     const QVector<WindowId> ids = WindowsInUse();
     return static_cast<int>(
-        std::count_if(ids.begin(), ids.end(), [type](WindowId id) { return type == 0 || WindowTypeOf(id) == type; }));
+        std::count_if(ids.begin(), ids.end(), [type](WindowId id) { return WindowTypeOf(id) == type; }));
 }
 
 void WindowSetActive(WindowId id)
@@ -188,7 +193,7 @@ void WindowSetActive(WindowId id)
         WindowTable().Active = id;
 }
 
-WindowSlot WindowAllocate(qint16 type, qint16 subtype)
+WindowSlot WindowAllocate(WindowType type, WindowSubtype subtype)
 {
     if (const qint16 index = FreeDocumentIndex(type); index != 0)
         return TakeFreeSlot(type, subtype, index);
@@ -232,13 +237,13 @@ void WindowFreeSlot(WindowId id)
         WindowTable().Active = 0;
 }
 
-QSize WindowDefaultSize(qint16 type, QSize formSize)
+QSize WindowDefaultSize(WindowType type, QSize formSize)
 {
     const TypeRules* rules = RulesOf(type);
     return rules == nullptr ? formSize : rules->ClientSize;
 }
 
-qint16 WindowDefaultColumns(qint16 type)
+qint16 WindowDefaultColumns(WindowType type)
 {
     const TypeRules* rules = RulesOf(type);
     return rules == nullptr ? qint16(0) : rules->Columns;
@@ -259,7 +264,7 @@ QVector<WindowId> WindowsFor(int mask, bool withImages)
 {
     QVector<WindowId> ids;
     for (const WindowId id : WindowsInUse()) {
-        const bool meetsMask = (WindowTypeOf(id) & mask) != 0;
+        const bool meetsMask = (static_cast<int>(WindowTypeOf(id)) & mask) != 0;
         if (meetsMask && (mask == MaskAll || withImages || !WindowIsFileImage(id)))
             ids.append(id);
     }

@@ -16,8 +16,8 @@ using WindowId = qint16;
 inline constexpr int kWindowSlots = 200;
 inline constexpr int kDocumentsOfType = 100;
 
-enum WindowType : qint16 { WindowFree = 0, WindowDataSet = 1, WindowScreen = 2 };
-enum WindowSubtype : qint16 { SubtypeLive = 0, SubtypeDataSet = 1, SubtypeFile = 4 };
+enum class WindowType : qint16 { Free = 0, DataSet = 1, Screen = 2 };
+enum class WindowSubtype : qint16 { Live = 0, DataSet = 1, File = 4 };
 
 /// Left and top of a window that the window system places.
 inline constexpr qint32 kPlacedBySystem = 32767;
@@ -37,7 +37,7 @@ inline constexpr int kTitleTemplateLength = 56;
 inline constexpr int kDescriptionLength = 1120;
 
 struct WindowRecord {
-    qint16 Type = WindowFree;
+    WindowType Type = WindowType::Free;
     qint16 DocumentIndex = 0; ///< 1-based: index of the screen document or data set window
     bool GraphicsValid = false; ///< the picture exists; redraws are ignored before
     bool InResize = false; ///< resized by the program: resize events are ignored
@@ -48,7 +48,7 @@ struct WindowRecord {
     QString TitleTemplate; ///< at most kTitleTemplateLength characters
     bool Modified = false;
     bool ResizePending = false; ///< resized while the left mouse button was down
-    qint16 Subtype = 0;
+    WindowSubtype Subtype = WindowSubtype::Live;
     bool DescriptionVisible = false;
     QString Description; ///< at most kDescriptionLength characters, lines separated by "\r\n", no trailing blanks
     qint16 DescriptionColumns = 0;
@@ -74,14 +74,15 @@ bool WindowInUse(WindowId id);
 /// The record of a window in use; any other id is a programming error.
 WindowRecord& WindowAt(WindowId id);
 
-/// The queries below return 0, false or empty for an id that is not in use.
-qint16 WindowTypeOf(WindowId id);
+/// The queries below return Free, Live, 0, false or empty for an id that is not in use.
+WindowType WindowTypeOf(WindowId id);
 qint16 WindowDocumentIndex(WindowId id);
-qint16 WindowSubtypeOf(WindowId id);
+WindowSubtype WindowSubtypeOf(WindowId id);
 bool WindowIsFileImage(WindowId id); ///< a screen window of a picture from a file
 bool WindowIsModified(WindowId id); ///< with id 0: any window
 WindowId WindowNext(WindowId id); ///< the next window in use; start with 0, ends with 0
-int WindowCount(int type); ///< 0 counts all types
+int WindowCount(); ///< of all types
+int WindowCount(WindowType type);
 
 /// Activates a window in use; any other id is ignored.
 void WindowSetActive(WindowId id);
@@ -89,14 +90,14 @@ void WindowSetActive(WindowId id);
 /// Slot for a new window. `Id` is 0 if there is none.
 struct WindowSlot {
     WindowId Id = 0;
-    qint16 Subtype = 0;
+    WindowSubtype Subtype = WindowSubtype::Live;
     bool Reused = false; ///< the oldest window is replaced
 };
 
 /// Finds a slot for a new window: text 12711 if all are in use, question 12713 if the type has no document index
 /// left. The question is asked once for all files chosen together; other callers call MsgAskOnceReset first. Type and
 /// index of a fresh slot are set. A window to be replaced keeps its index and stays as it is until WindowInitialise.
-WindowSlot WindowAllocate(qint16 type, qint16 subtype);
+WindowSlot WindowAllocate(WindowType type, WindowSubtype subtype);
 
 /// Fills the record of an allocated slot and activates it. A reused window keeps its title template and description.
 void WindowInitialise(const WindowSlot& slot, const WindowPlacement& placement, qint16 ownerTag);
@@ -105,16 +106,16 @@ void WindowInitialise(const WindowSlot& slot, const WindowPlacement& placement, 
 void WindowFreeSlot(WindowId id);
 
 /// Default client size of a type, pixels; `formSize` if the type has none.
-QSize WindowDefaultSize(qint16 type, QSize formSize);
+QSize WindowDefaultSize(WindowType type, QSize formSize);
 
 /// Description columns of a new window.
-qint16 WindowDefaultColumns(qint16 type);
+qint16 WindowDefaultColumns(WindowType type);
 
 /// Caption of a window from its template, the type's name and the date and time of its document (empty texts for the
 /// null date).
 QString WindowTitle(WindowId id, const QDateTime& documentDate);
 
-/// Which windows a selection offers.
+/// Which windows a selection offers: one bit for each WindowType, by its value.
 enum WindowTypeMask { MaskDataSet = 1, MaskScreen = 2, MaskAll = 3 };
 
 /// Windows whose type matches the mask, newest first. Pictures from files are included with MaskAll or `withImages`.

@@ -58,7 +58,7 @@ QDateTime FileDate(const QString& path)
 
 WindowId ImgShow(const PictureToShow& picture)
 {
-    const WindowSlot slot = WindowAllocate(WindowScreen, picture.Subtype);
+    const WindowSlot slot = WindowAllocate(WindowType::Screen, picture.Subtype);
     if (slot.Id == 0)
         return 0;
     StatusSet(picture.Title + LngStr(TextId::WindowTitleSeparator) + LngStr(TextId::StatusLoadingPicture));
@@ -75,7 +75,7 @@ WindowId ImgShow(const PictureToShow& picture)
     return slot.Id;
 }
 
-OpenedImage ImgOpen(const QString& path, ImageKind kind, qint16 subtype)
+OpenedImage ImgOpen(const QString& path, ImageKind kind, WindowSubtype subtype)
 {
     if (!LoadPictureLibrary())
         return {};

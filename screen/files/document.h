@@ -14,7 +14,7 @@ struct PictureToShow {
     QString Path;
     ImageKind Kind = ImageKind::None;
     QSize Size; ///< from PictureSize
-    qint16 Subtype = SubtypeFile;
+    WindowSubtype Subtype = WindowSubtype::File;
     QString Title; ///< for the status line while loading
     QDateTime Date; ///< invalid: now
     bool Modified = false;
@@ -34,7 +34,7 @@ struct OpenedImage {
 
 /// Opens a picture file in a window of the given subtype. `Result` is not 0 if no window was opened: after the message
 /// of its kind if the file can't be read, without a message if the image library is missing.
-OpenedImage ImgOpen(const QString& path, ImageKind kind, qint16 subtype);
+OpenedImage ImgOpen(const QString& path, ImageKind kind, WindowSubtype subtype);
 
 /// Writes the composed picture of a window (with description), clears the modified flag and, for the window of a file,
 /// sets the caption to the new name. False, with the flag unchanged, if the kind is None, the library is missing or

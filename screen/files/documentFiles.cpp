@@ -15,7 +15,7 @@ class ScreenDocuments final : public Documents {
 public:
     int Open(const QString& path, ImageKind kind) override
     {
-        const OpenedImage image = ImgOpen(path, kind, SubtypeFile);
+        const OpenedImage image = ImgOpen(path, kind, WindowSubtype::File);
         return image.Result == 0 ? image.Id : 0;
     }
 
@@ -42,7 +42,7 @@ public:
 
     bool IsDataSet(int window) const override
     {
-        return WindowTypeOf(static_cast<WindowId>(window)) == WindowDataSet;
+        return WindowTypeOf(static_cast<WindowId>(window)) == WindowType::DataSet;
     }
 };
 

@@ -68,7 +68,7 @@ WindowId ShowCapture(const QString& path)
         return kFailed;
     MsgAskOnceReset(); // answers given while opening files do not apply
     const WindowId id =
-        ImgShow({ path, ImageKind::Png, *size, SubtypeLive, LngStr(TextId::LiveScreen), QDateTime(), true });
+        ImgShow({ path, ImageKind::Png, *size, WindowSubtype::Live, LngStr(TextId::LiveScreen), QDateTime(), true });
     if (id <= 0)
         return kFailed;
     QFile::remove(path);

@@ -25,11 +25,11 @@ constexpr std::array<std::array<uchar, 8>, 6> kHatches{ {
 } };
 
 /// Lengths of dashes and gaps in pixels, by pen style.
-const QVector<qreal>& Dashes(int style)
+const QVector<qreal>& Dashes(MetafilePen::Line style)
 {
     static const std::array<QVector<qreal>, 4> kDashes{ QVector<qreal>{ 18, 6 }, { 3, 3 }, { 9, 6, 3, 6 },
         { 9, 3, 3, 3, 3, 3 } };
-    return kDashes[static_cast<size_t>(style - MetafilePen::Dash)];
+    return kDashes[static_cast<size_t>(style) - static_cast<size_t>(MetafilePen::Line::Dash)];
 }
 
 /// The 20 colours of the default palette.
@@ -188,7 +188,7 @@ QPainter::CompositionMode MetafileContext::ModeOf(int rop2)
 QPen MetafileContext::PenToPaint() const
 {
     const MetafilePen& pen = *State.Pen;
-    if (pen.Style == MetafilePen::None)
+    if (pen.Style == MetafilePen::Line::None)
         return Qt::NoPen;
     const auto width = std::max<int>(1, static_cast<int>(std::lround(State.Mapping.Across(pen.Width))));
     QPen paint(Colour(pen.Colour), width);
@@ -198,7 +198,7 @@ QPen MetafileContext::PenToPaint() const
         return paint;
     }
     paint.setCapStyle(Qt::FlatCap); // thin lines exclude the last point
-    if (pen.Style >= MetafilePen::Dash && pen.Style <= MetafilePen::DashDotDot)
+    if (pen.Style >= MetafilePen::Line::Dash && pen.Style <= MetafilePen::Line::DashDotDot)
         paint.setDashPattern(Dashes(pen.Style));
     return paint;
 }
@@ -206,13 +206,13 @@ QPen MetafileContext::PenToPaint() const
 QBrush MetafileContext::BrushToPaint(const MetafileBrush& brush) const
 {
     switch (brush.Style) {
-    case MetafileBrush::None:
+    case MetafileBrush::Kind::None:
         return Qt::NoBrush;
-    case MetafileBrush::Hatched: {
+    case MetafileBrush::Kind::Hatched: {
         const QColor gap = State.Opaque ? Colour(State.BackColour) : QColor(Qt::transparent);
         return QBrush(Hatch(brush.Hatch, Colour(brush.Colour), gap));
     }
-    case MetafileBrush::Pattern: {
+    case MetafileBrush::Kind::Pattern: {
         QImage pattern = brush.Picture;
         if (pattern.format() == QImage::Format_Mono)
             pattern.setColorTable({ Colour(State.TextColour).rgb(), Colour(State.BackColour).rgb() });

@@ -23,8 +23,8 @@ namespace tarvik {
 using MetafileColour = quint32;
 
 struct MetafilePen {
-    enum Line { Solid = 0, Dash = 1, Dot = 2, DashDot = 3, DashDotDot = 4, None = 5, InsideFrame = 6 };
-    int Style = Solid;
+    enum class Line { Solid = 0, Dash = 1, Dot = 2, DashDot = 3, DashDotDot = 4, None = 5, InsideFrame = 6 };
+    Line Style = Line::Solid; ///< unknown values of a file are drawn solid
     int Width = 0; ///< logical units; 0 means one pixel
     MetafileColour Colour = 0;
     Qt::PenCapStyle Cap = Qt::RoundCap;
@@ -32,8 +32,8 @@ struct MetafilePen {
 };
 
 struct MetafileBrush {
-    enum Kind { Solid, None, Hatched, Pattern };
-    Kind Style = Solid;
+    enum class Kind { Solid, None, Hatched, Pattern };
+    Kind Style = Kind::Solid;
     MetafileColour Colour = 0xFFFFFF;
     int Hatch = 0; ///< 0 to 5: horizontal, vertical, falling, rising, cross, diagonal cross
     QImage Picture; ///< Format_RGB32 for a pattern; Format_Mono if text and background colour apply

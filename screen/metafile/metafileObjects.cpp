@@ -22,7 +22,7 @@ bool CreatePen(MetafileContext& context, const MetafileParameters& p)
 {
     constexpr int kLineMask = 0x000F;
     MetafilePen pen;
-    pen.Style = p.Word(0) & kLineMask;
+    pen.Style = static_cast<MetafilePen::Line>(p.Word(0) & kLineMask);
     pen.Width = p.Signed(1);
     pen.Colour = p.Long(3);
     const int cap = p.Word(0) & 0x0F00;
@@ -38,9 +38,9 @@ bool CreateBrush(MetafileContext& context, const MetafileParameters& p)
     MetafileBrush brush;
     brush.Colour = p.Long(1);
     if (p.Word(0) == Hollow)
-        brush.Style = MetafileBrush::None;
+        brush.Style = MetafileBrush::Kind::None;
     else if (p.Word(0) == Hatched) {
-        brush.Style = MetafileBrush::Hatched;
+        brush.Style = MetafileBrush::Kind::Hatched;
         brush.Hatch = p.Word(3);
     }
     return CreateOf(context, brush);
@@ -51,7 +51,7 @@ bool CreatePatternOf(MetafileContext& context, const std::optional<QImage>& pict
     if (!picture || !context.KeepPixels(qint64{ picture->width() } * picture->height()))
         return false;
     MetafileBrush brush;
-    brush.Style = MetafileBrush::Pattern;
+    brush.Style = MetafileBrush::Kind::Pattern;
     brush.Picture = *picture;
     return CreateOf(context, brush);
 }

@@ -58,7 +58,7 @@ std::optional<QRectF> Figure(MetafileContext& context, const MetafileParameters&
     QRectF outline = Outline(pixels);
     const MetafilePen& pen = *context.State.Pen;
     const double half = (std::round(context.State.Mapping.Across(pen.Width)) - 1) / 2;
-    if (pen.Style == MetafilePen::InsideFrame && half > 0) {
+    if (pen.Style == MetafilePen::Line::InsideFrame && half > 0) {
         const double across = std::min(half, outline.width() / 2);
         const double down = std::min(half, outline.height() / 2);
         outline.adjust(across, down, -across, -down);

@@ -126,21 +126,21 @@ void ScrollHome(const QMdiArea& area)
 
 } // namespace
 
-void ArrangeChildWindows(QMdiArea& area, int code)
+void ArrangeChildWindows(QMdiArea& area, Arrangement arrangement)
 {
-    if (code != ArrangeIcons)
+    if (arrangement != Arrangement::Icons)
         RestoreMaximised(area);
     ScrollHome(area);
     const Children all = InTableOrder(area);
     const Children icons = FilterMinimised(all, true);
     const Children windows = FilterMinimised(all, false);
     area.viewport()->setUpdatesEnabled(false); // repaint once, after all moves
-    if (code == ArrangeCascade)
+    if (arrangement == Arrangement::Cascade)
         Cascade(area, windows);
-    else if (code == ArrangeIcons)
+    else if (arrangement == Arrangement::Icons)
         PlaceIcons(icons, RoomWithinScrollBars(area, windows));
     else
-        TileInView(area, windows, icons, code == ArrangeTileHorizontally);
+        TileInView(area, windows, icons, arrangement == Arrangement::TileHorizontally);
     area.viewport()->setUpdatesEnabled(true);
 }
 

@@ -1,6 +1,8 @@
 // screen/window/ChildWindows.h: arranges the child windows of the frame, and places new ones.
 #pragma once
 
+#include "screen/document/fit.h"
+
 #include <QPoint>
 
 class QMdiArea;
@@ -12,9 +14,9 @@ namespace tarvik {
 /// Property of a child window's content that holds its window id.
 inline constexpr const char* kTagProperty = "Tag";
 
-/// Moves and resizes the document windows: 0 cascade (moves only, the active one in front), 1 stacked vertically, 2
-/// side by side, 3 minimised ones along the bottom edge.
-void ArrangeChildWindows(QMdiArea& area, int code);
+/// Moves and resizes the document windows. Cascading only moves them, with the active one in front; icons are the
+/// minimised windows, along the bottom edge.
+void ArrangeChildWindows(QMdiArea& area, Arrangement arrangement);
 
 /// Restores a maximised window to its normal size.
 void RestoreMaximised(QMdiArea& area);

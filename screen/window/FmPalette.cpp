@@ -17,12 +17,17 @@ namespace tarvik {
 
 namespace {
 
-QRadioButton* NewOption(QWidget* parent, int index, TextNumber<0> text)
+constexpr size_t IndexOf(PaletteNumber number)
+{
+    return static_cast<size_t>(number);
+}
+
+QRadioButton* NewOption(QWidget* parent, PaletteNumber number, TextNumber<0> text)
 {
     auto* option = new QRadioButton(parent);
     LngSetCtrl(option, text);
     option->setAccessibleName(PlainCaption(option->text()));
-    NameControl(option, QStringLiteral("OpPalette[%1]").arg(index));
+    NameControl(option, QStringLiteral("OpPalette[%1]").arg(IndexOf(number)));
     SetControlHelp(option, text);
     return option;
 }
@@ -41,8 +46,8 @@ FmPalette::FmPalette(QWidget* parent)
 void FmPalette::BuildControls()
 {
     FrPalette = NewFrame(this, "FrPalette", { TextId::PaletteFrame, TextId::PaletteFrame, TextId::PaletteFrameHint });
-    OpPalette = { NewOption(FrPalette, PaletteColour, TextId::PaletteColour),
-        NewOption(FrPalette, PaletteBlackAndWhite, TextId::PaletteBlackAndWhite) };
+    OpPalette = { NewOption(FrPalette, PaletteNumber::Colour, TextId::PaletteColour),
+        NewOption(FrPalette, PaletteNumber::BlackAndWhite, TextId::PaletteBlackAndWhite) };
     for (QRadioButton* option : OpPalette)
         connect(option, &QRadioButton::clicked, this, [this] { Choose(); });
     BtClose = NewButton(this, "BtClose", { TextId::PaletteClose, TextId::PaletteClose, TextId::PaletteCloseHint });
@@ -75,8 +80,8 @@ bool FmPalette::OnLoad()
 {
     keeps_ = false;
     choice_.emplace(WindowTable().Active);
-    QRadioButton* present =
-        OpPalette[choice_->Remembered() == PaletteBlackAndWhite ? PaletteBlackAndWhite : PaletteColour];
+    QRadioButton* present = OpPalette[IndexOf(
+        choice_->Remembered() == PaletteNumber::BlackAndWhite ? PaletteNumber::BlackAndWhite : PaletteNumber::Colour)];
     present->setChecked(true);
     DialogPush(*this, false);
     present->setFocus();
@@ -85,7 +90,8 @@ bool FmPalette::OnLoad()
 
 void FmPalette::Choose()
 {
-    choice_->Choose(OpPalette[PaletteColour]->isChecked() ? PaletteColour : PaletteBlackAndWhite);
+    const bool isColour = OpPalette[IndexOf(PaletteNumber::Colour)]->isChecked();
+    choice_->Choose(isColour ? PaletteNumber::Colour : PaletteNumber::BlackAndWhite);
 }
 
 void FmPalette::OnUnload()
@@ -97,7 +103,7 @@ void FmPalette::OnUnload()
 void ColorDialog()
 {
     const WindowId id = WindowTable().Active;
-    if (WindowTypeOf(id) == WindowScreen) {
+    if (WindowTypeOf(id) == WindowType::Screen) {
         FmPalette form(QApplication::activeWindow());
         DialogShow(form);
     }

@@ -37,10 +37,10 @@ public:
         return MfMain::Current() != nullptr && MfMain::Current()->HasActivation();
     }
 
-    void Arrange(int code) override
+    void Arrange(Arrangement arrangement) override
     {
         if (MfMain* frame = MfMain::Current())
-            ArrangeChildWindows(*frame->ChildArea(), code);
+            ArrangeChildWindows(*frame->ChildArea(), arrangement);
     }
 
     bool SetClipboard(const QImage& picture) override

@@ -23,13 +23,13 @@ void SetAllToDefaultSize()
 
 } // namespace
 
-void ArrangeWindows(int code)
+void ArrangeWindows(Arrangement arrangement)
 {
     {
-        const QScopedValueRollback arranging(TheScreenWindows().Arranging, code);
-        TheScreenDesktop()->Arrange(code);
+        const QScopedValueRollback arranging(TheScreenWindows().Arranging, arrangement);
+        TheScreenDesktop()->Arrange(arrangement);
     }
-    if (code == ArrangeCascade)
+    if (arrangement == Arrangement::Cascade)
         SetAllToDefaultSize();
 }
 
@@ -42,8 +42,8 @@ void ToggleAutoTile()
 
 void RetileIfAutoTile()
 {
-    if (Program().AutoTile && !TheScreenWindows().ClosingAll && WindowCount(0) > 1)
-        ArrangeWindows(ArrangeTileHorizontally);
+    if (Program().AutoTile && !TheScreenWindows().ClosingAll && WindowCount() > 1)
+        ArrangeWindows(Arrangement::TileHorizontally);
 }
 
 void ChooseWindows(int mask, bool withImages)

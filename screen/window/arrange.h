@@ -5,8 +5,8 @@
 
 namespace tarvik {
 
-/// 0 cascade, which restores every window's default size, 1 tile horizontally, 2 tile vertically, 3 arrange icons.
-void ArrangeWindows(int code);
+/// Arranges all windows; cascading restores their default sizes.
+void ArrangeWindows(Arrangement arrangement);
 void ToggleAutoTile();
 
 /// Call when the number of windows or the available area has changed: tiles more than one window if auto-tile is on.

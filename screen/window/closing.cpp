@@ -24,7 +24,7 @@ QVector<WindowId> UnsavedOf(WindowId id)
     QVector<WindowId> ids;
     for (WindowId each = WindowNext(0); each != 0; each = WindowNext(each)) {
         const bool isMeant = id == 0 || each == id;
-        if (isMeant && WindowIsModified(each) && WindowTypeOf(each) != WindowDataSet)
+        if (isMeant && WindowIsModified(each) && WindowTypeOf(each) != WindowType::DataSet)
             ids.append(each);
     }
     return ids;
@@ -37,7 +37,7 @@ MsgResult AskWhetherToSave(WindowId id, bool single)
         return MsgResult::No;
     const auto text = id == 0 ? TextId::SaveBeforeClosing : TextId::SaveChanges;
     const QString title = ScreenTitle(id);
-    if (single || WindowCount(0) == 1)
+    if (single || WindowCount() == 1)
         return MsgYesNoCancel1(text, title);
     const MsgResult answer = MsgYesNoAllCancel1(text, title);
     WindowTable().NoQuestions = TheMessage().NoAll;
@@ -58,7 +58,7 @@ bool Save(const QVector<WindowId>& ids)
 bool CloseEach()
 {
     const QScopedValueRollback closing(TheScreenWindows().ClosingAll, true);
-    while (WindowCount(0) > 0) {
+    while (WindowCount() > 0) {
         const WindowId active = WindowTable().Active;
         if (!CloseWindow(WindowInUse(active) ? active : WindowNext(0), false))
             return false;
@@ -71,7 +71,7 @@ bool CloseEach()
 void ShowHintWhenIdle(int milliseconds)
 {
     TheSeams().StartTimer(milliseconds, [] {
-        if (WindowCount(0) > 0)
+        if (WindowCount() > 0)
             return;
         if (Program().Idle)
             StatusSetId(TextId::PressF1ForHelp);
@@ -92,7 +92,7 @@ void ShowNoWindowHint()
 
 bool CloseQuestion(WindowId id, bool single)
 {
-    const WindowId asked = WindowCount(0) == 1 ? WindowNext(0) : id;
+    const WindowId asked = WindowCount() == 1 ? WindowNext(0) : id;
     const QVector<WindowId> unsaved = UnsavedOf(asked);
     if (unsaved.isEmpty())
         return true;
@@ -149,7 +149,7 @@ void ScreenUnloaded(WindowId id)
     ViewDrop(id);
     ScreenFree(id);
     WindowFreeSlot(id);
-    if (WindowCount(0) == 0)
+    if (WindowCount() == 0)
         ShowNoWindowHint();
     else
         RetileIfAutoTile();

@@ -11,7 +11,7 @@ void ColorSet(quint32 colour, WindowId id, int index, bool redraw)
         DrawScreenWindow(id);
 }
 
-void PaletteSet(qint16 number, WindowId id, bool redraw)
+void PaletteSet(PaletteNumber number, WindowId id, bool redraw)
 {
     PaletteStore(number, id);
     if (redraw)
@@ -20,7 +20,7 @@ void PaletteSet(qint16 number, WindowId id, bool redraw)
 
 bool BlackAndWhite()
 {
-    return PaletteOf(WindowTable().Active) == PaletteBlackAndWhite;
+    return PaletteOf(WindowTable().Active) == PaletteNumber::BlackAndWhite;
 }
 
 PaletteChoice::PaletteChoice(WindowId id)
@@ -29,7 +29,7 @@ PaletteChoice::PaletteChoice(WindowId id)
 {
 }
 
-void PaletteChoice::Choose(qint16 number)
+void PaletteChoice::Choose(PaletteNumber number)
 {
     PaletteSet(number, id_, true);
 }

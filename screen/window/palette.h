@@ -9,7 +9,7 @@ namespace tarvik {
 void ColorSet(quint32 colour, WindowId id, int index, bool redraw);
 
 /// As PaletteStore; `redraw` shows the effect at once.
-void PaletteSet(qint16 number, WindowId id, bool redraw);
+void PaletteSet(PaletteNumber number, WindowId id, bool redraw);
 
 /// The program-wide black-and-white flag, which follows the active document.
 bool BlackAndWhite();
@@ -20,20 +20,20 @@ public:
     /// Remembers the current palette of the window.
     explicit PaletteChoice(WindowId id);
 
-    qint16 Remembered() const
+    PaletteNumber Remembered() const
     {
         return remembered_;
     }
 
     /// An option was clicked: stores and draws it.
-    void Choose(qint16 number);
+    void Choose(PaletteNumber number);
 
     /// Restores the remembered palette.
     void Cancel();
 
 private:
     WindowId id_;
-    qint16 remembered_;
+    PaletteNumber remembered_;
 };
 
 } // namespace tarvik

@@ -103,7 +103,7 @@ void ScreenResized(WindowId id, bool leftButtonDown)
         return;
     WindowRecord& record = WindowAt(id);
     ScreenWindowState& state = TheScreenWindows();
-    if (record.GraphicsValid && state.Arranging == ArrangeNone && leftButtonDown) {
+    if (record.GraphicsValid && state.Arranging == Arrangement::None && leftButtonDown) {
         record.ResizePending = true;
         state.ResizePending = true;
         return;
@@ -196,7 +196,7 @@ QImage ScreenPicture(WindowId id, QSize size)
     if (record == nullptr)
         return {};
     QImage graph = Stretch(record->Master, size);
-    if (record->PalNr == PaletteBlackAndWhite)
+    if (record->PalNr == PaletteNumber::BlackAndWhite)
         ConvertToBlackAndWhite(graph);
     return graph;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/text/textNumber.h"
+#include "screen/document/fit.h"
 #include "screen/document/screenTable.h"
 
 #include <QImage>
@@ -15,7 +16,7 @@ inline constexpr quint32 kDocumentBackground = 0xCECFCE;
 
 /// State of the module.
 struct ScreenWindowState {
-    int Arranging = 65535; ///< Arrangement in progress
+    Arrangement Arranging = Arrangement::None; ///< in progress
     bool ResizePending = false;
     int PendingTicks = 0; ///< ticks that a resize has been delayed by a held mouse button
     bool ClosingAll = false; ///< do not retile after each window

@@ -99,7 +99,7 @@ public:
         CheckDirections();
         CheckWidgets();
         TieModules();
-        CheckCircles();
+        CheckCycles();
         return findings_;
     }
 
@@ -207,7 +207,7 @@ private:
             joined_[from] = to;
     }
 
-    void CheckCircles()
+    void CheckCycles()
     {
         for (const auto& [path, includes] : includes_) {
             const std::string module = ModuleOf(WithoutExtension(path));
@@ -219,19 +219,19 @@ private:
         }
         for (const auto& [module, unused] : neighbours_) {
             std::vector<std::string> trail;
-            FollowCircle(module, trail);
+            FollowCycle(module, trail);
         }
     }
 
-    /// Depth-first search that visits each module once, so that each circle is reported once.
-    void FollowCircle(const std::string& module, std::vector<std::string>& trail)
+    /// Depth-first search that visits each module once, so that each cycle is reported once.
+    void FollowCycle(const std::string& module, std::vector<std::string>& trail)
     {
         const auto at = std::find(trail.begin(), trail.end(), module);
         if (at != trail.end()) {
-            std::string circle;
+            std::string cycle;
             for (auto step = at; step != trail.end(); ++step)
-                circle += *step + " -> ";
-            findings_.push_back("circle: " + circle + module);
+                cycle += *step + " -> ";
+            findings_.push_back("cycle: " + cycle + module);
             return;
         }
         if (!visited_.insert(module).second)
@@ -239,7 +239,7 @@ private:
         trail.push_back(module);
         if (const auto found = neighbours_.find(module); found != neighbours_.end()) {
             for (const std::string& next : found->second)
-                FollowCircle(next, trail);
+                FollowCycle(next, trail);
         }
         trail.pop_back();
     }

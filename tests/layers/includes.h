@@ -20,7 +20,7 @@ struct LayerRules {
 /// - an include that does not start at a folder of the tree;
 /// - a file in a folder of a floor that is no room;
 /// - an include that brings a widget into a module, directly or through headers of the tree;
-/// - a circle of modules. A module is a header and its source; a source that defines functions of further headers ties
+/// - a cycle of modules. A module is a header and its source; a source that defines functions of further headers ties
 ///   them into one module, so that what it includes counts for all of them.
 std::vector<std::string> FindBrokenLayers(const SourceTree& tree, const LayerRules& rules);
 

@@ -186,15 +186,15 @@ TEST(LayerCheck, EditorsDoNotReachIntoEachOther)
         std::vector<std::string>({ "lists/antenna/a.cpp:1: lists/memory/m.h reaches into another editor's room" }));
 }
 
-TEST(LayerCheck, FindsACircleWithinARoom)
+TEST(LayerCheck, FindsACycleWithinARoom)
 {
     const SourceTree tree{ { "app/text/a.cpp", "#include \"app/text/b.h\"\n" },
         { "app/text/b.cpp", "#include \"app/text/c.h\"\n" }, { "app/text/c.h", "#include \"app/text/a.h\"\n" } };
     EXPECT_EQ(FindBrokenLayers(tree, FakeRules()),
-        std::vector<std::string>({ "circle: app/text/a -> app/text/b -> app/text/c -> app/text/a" }));
+        std::vector<std::string>({ "cycle: app/text/a -> app/text/b -> app/text/c -> app/text/a" }));
 }
 
-TEST(LayerCheck, FindsACircleThatASourceClosesForAHeaderWhoseFunctionItDefines)
+TEST(LayerCheck, FindsACycleThatASourceClosesForAHeaderWhoseFunctionItDefines)
 {
     const SourceTree tree{ { "link/files/job.h", "namespace tarvik {\n/// Sends.\nvoid JobPut(int list);\n}\n" },
         { "link/files/jobPut.cpp",
@@ -204,17 +204,17 @@ TEST(LayerCheck, FindsACircleThatASourceClosesForAHeaderWhoseFunctionItDefines)
         { "link/files/dates.cpp",
             "#include \"link/files/dates.h\"\n#include \"link/files/job.h\"\nvoid SetDate() { }\n" } };
     EXPECT_EQ(FindBrokenLayers(tree, FakeRules()),
-        std::vector<std::string>({ "circle: link/files/dates -> link/files/job -> link/files/dates" }));
+        std::vector<std::string>({ "cycle: link/files/dates -> link/files/job -> link/files/dates" }));
 }
 
-TEST(LayerCheck, FindsACircleThatASourceClosesForAClassWhoseMembersItDefines)
+TEST(LayerCheck, FindsACycleThatASourceClosesForAClassWhoseMembersItDefines)
 {
     const SourceTree tree{ { "app/frame/Frame.h", "class Frame {\n    void Bind();\n};\n" },
         { "app/frame/FrameHooks.cpp",
             "#include \"app/frame/Frame.h\"\n#include \"app/frame/bar.h\"\nvoid Frame::Bind()\n{\n}\n" },
         { "app/frame/bar.cpp", "#include \"app/frame/Frame.h\"\n#include \"app/frame/bar.h\"\n" } };
     EXPECT_EQ(FindBrokenLayers(tree, FakeRules()),
-        std::vector<std::string>({ "circle: app/frame/Frame -> app/frame/bar -> app/frame/Frame" }));
+        std::vector<std::string>({ "cycle: app/frame/Frame -> app/frame/bar -> app/frame/Frame" }));
 }
 
 TEST(LayerCheck, CallsAndUnnamedNamespacesJoinNothing)

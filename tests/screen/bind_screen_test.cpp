@@ -21,7 +21,7 @@ TEST_F(BoundScreen, OpensPictureFilesInWindows)
 {
     ASSERT_TRUE(Picture().save(FilePath("one.png")));
     EXPECT_TRUE(FileOpen(FilePath("one.png"), true, true));
-    ASSERT_EQ(WindowCount(WindowScreen), 1);
+    ASSERT_EQ(WindowCount(WindowType::Screen), 1);
     const WindowId id = WindowTable().Active;
     EXPECT_EQ(Child(id).windowTitle(), "one.png");
     EXPECT_EQ(Document(id).Master, Picture());
@@ -70,7 +70,7 @@ TEST_F(BoundScreen, CopyIsDisabledWithoutWindow)
 TEST_F(BoundScreen, CaptureWithoutInstrumentDoesNothing)
 {
     EXPECT_TRUE(CommandRun(Command::LiveScreen));
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
     EXPECT_TRUE(CanAct());
 }
 

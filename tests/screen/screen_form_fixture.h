@@ -39,13 +39,13 @@ protected:
     }
 
     /// Opens a window. That of a file has its own caption.
-    WindowId Open(qint16 subtype = SubtypeFile, const QImage& picture = Picture())
+    WindowId Open(WindowSubtype subtype = WindowSubtype::File, const QImage& picture = Picture())
     {
-        const WindowSlot slot = WindowAllocate(WindowScreen, subtype);
+        const WindowSlot slot = WindowAllocate(WindowType::Screen, subtype);
         NewDocument document;
         document.Master = picture;
         document.Caption = QStringLiteral("picture %1.png").arg(slot.Id);
-        document.Modified = subtype == SubtypeLive;
+        document.Modified = subtype == WindowSubtype::Live;
         ScreenCreate(slot, document);
         QCoreApplication::processEvents();
         return slot.Id;

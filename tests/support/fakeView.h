@@ -132,9 +132,9 @@ public:
     {
         return FrameIsActive;
     }
-    void Arrange(int code) override
+    void Arrange(Arrangement arrangement) override
     {
-        WhenArranged(code);
+        WhenArranged(arrangement);
     }
     bool SetClipboard(const QImage& picture) override
     {
@@ -155,7 +155,7 @@ public:
     bool FrameIsActive = false;
     bool TakesCopies = false;
     QImage Copied; ///< last
-    std::function<void(int code)> WhenArranged = [](int) {};
+    std::function<void(Arrangement)> WhenArranged = [](Arrangement) {};
     std::function<bool(WindowId)> WhenSaved = [](WindowId id) { return FileSaveAsDlg(id); };
     std::function<QVector<WindowId>(const QVector<WindowId>&)> WhenOffered = [](const QVector<WindowId>&) {
         return QVector<WindowId>();

@@ -33,22 +33,22 @@ protected:
     }
 
     /// A window with a picture, as the loaders make it.
-    static WindowId Open(qint16 subtype = SubtypeFile, const QImage& picture = Picture())
+    static WindowId Open(WindowSubtype subtype = WindowSubtype::File, const QImage& picture = Picture())
     {
-        const WindowSlot slot = WindowAllocate(WindowScreen, subtype);
+        const WindowSlot slot = WindowAllocate(WindowType::Screen, subtype);
         ScreenCreate(slot, { picture, QDateTime(), QStringLiteral("file.png"), false });
         return slot.Id;
     }
 
     static WindowId OpenLive(const QImage& picture = Picture())
     {
-        return Open(SubtypeLive, picture);
+        return Open(WindowSubtype::Live, picture);
     }
 
     /// A slot of a type without a view, as a diagram takes it.
-    static WindowId TakeSlot(qint16 type = WindowDataSet)
+    static WindowId TakeSlot(WindowType type = WindowType::DataSet)
     {
-        const WindowSlot slot = WindowAllocate(type, SubtypeDataSet);
+        const WindowSlot slot = WindowAllocate(type, WindowSubtype::DataSet);
         WindowInitialise(slot, {}, 0);
         return slot.Id;
     }

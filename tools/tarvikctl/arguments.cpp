@@ -170,7 +170,7 @@ private:
     {
         if (value != QLatin1String("0") && value != QLatin1String("1"))
             return Fail(QStringLiteral("--palette takes 0 for colour or 1 for black and white"));
-        result_.Palette = static_cast<qint16>(value.toInt());
+        result_.Palette = static_cast<PaletteNumber>(value.toInt());
         return true;
     }
 

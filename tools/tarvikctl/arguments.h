@@ -2,6 +2,7 @@
 #pragma once
 
 #include "link/classes/model.h"
+#include "screen/document/screenTable.h"
 
 #include <QString>
 #include <QStringList>
@@ -24,7 +25,7 @@ struct CtlArguments {
     FileClass Class = FileClassNone; ///< FileClassNone if none is given
     QString ImageFormat; ///< extension of the pictures to write, without its point; empty for that of the operand
     QString Into; ///< folder to write them to; empty for that of each operand
-    std::optional<qint16> Palette; ///< 0 colour, 1 black and white; nullopt if not given
+    std::optional<PaletteNumber> Palette; ///< nullopt if not given
     std::optional<QString> Description;
 };
 

@@ -31,7 +31,7 @@ void StartDocuments(const CtlArguments& arguments)
 {
     BindDocumentFiles();
     TheColorDefaults().Background = kDocumentBackground;
-    TheColorDefaults().PalNr = arguments.Palette.value_or(PaletteColour);
+    TheColorDefaults().PalNr = arguments.Palette.value_or(PaletteNumber::Colour);
 }
 
 void Describe(WindowId id, const CtlArguments& arguments, Terminal& terminal)

@@ -3,13 +3,19 @@
 
 namespace tarvik {
 
+namespace {
+
+constexpr auto kUnknownPalette = static_cast<PaletteNumber>(5);
+
+} // namespace
+
 using DocumentColours = ScreenTest;
 
 TEST_F(DocumentColours, AreZeroForNonScreenWindow)
 {
     TheColorDefaults().Background = 0x123456;
     EXPECT_EQ(ColorGet(0, ColourBackground), 0u);
-    EXPECT_EQ(ColorGet(TakeSlot(WindowDataSet), ColourBackground), 0u);
+    EXPECT_EQ(ColorGet(TakeSlot(WindowType::DataSet), ColourBackground), 0u);
     EXPECT_EQ(ColorGet(Open(), 4), 0u);
     EXPECT_EQ(ColorGet(Open(), -1), 0u);
 }
@@ -37,11 +43,11 @@ TEST_F(DocumentColours, EachBecomesDefaultOfNewDocuments)
     const WindowId id = Open();
     ColorStore(0x010203, id, ColourBackground);
     ColorStore(0x040506, id, ColourMarker);
-    PaletteStore(PaletteBlackAndWhite, id);
+    PaletteStore(PaletteNumber::BlackAndWhite, id);
     EXPECT_EQ(TheColorDefaults().Background, 0x010203u);
     EXPECT_EQ(TheColorDefaults().Marker, 0x040506u);
-    EXPECT_EQ(TheColorDefaults().PalNr, PaletteBlackAndWhite);
-    EXPECT_EQ(PaletteOf(id), PaletteBlackAndWhite);
+    EXPECT_EQ(TheColorDefaults().PalNr, PaletteNumber::BlackAndWhite);
+    EXPECT_EQ(PaletteOf(id), PaletteNumber::BlackAndWhite);
 }
 
 TEST_F(DocumentColours, SetDefaultsWithoutDocument)
@@ -49,9 +55,9 @@ TEST_F(DocumentColours, SetDefaultsWithoutDocument)
     ColorStore(0x010203, 0, ColourMarker);
     EXPECT_EQ(TheColorDefaults().Marker, 0x010203u);
     ColorStore(0x010203, 0, 9);
-    PaletteStore(PaletteBlackAndWhite, 0);
-    EXPECT_EQ(TheColorDefaults().PalNr, PaletteBlackAndWhite);
-    EXPECT_EQ(PaletteOf(0), PaletteColour);
+    PaletteStore(PaletteNumber::BlackAndWhite, 0);
+    EXPECT_EQ(TheColorDefaults().PalNr, PaletteNumber::BlackAndWhite);
+    EXPECT_EQ(PaletteOf(0), PaletteNumber::Colour);
 }
 
 TEST_F(DocumentColours, PaperIsBackgroundInColourAndWhiteOtherwise)
@@ -59,9 +65,9 @@ TEST_F(DocumentColours, PaperIsBackgroundInColourAndWhiteOtherwise)
     const WindowId id = Open();
     ColorStore(0x010203, id, ColourBackground);
     EXPECT_EQ(PaperColor(id), 0x010203u);
-    PaletteStore(PaletteBlackAndWhite, id);
+    PaletteStore(PaletteNumber::BlackAndWhite, id);
     EXPECT_EQ(PaperColor(id), 0xFFFFFFu);
-    PaletteStore(5, id);
+    PaletteStore(kUnknownPalette, id);
     EXPECT_EQ(PaperColor(id), 0xFFFFFFu);
 }
 
@@ -76,7 +82,7 @@ TEST_F(DocumentColours, TransparentPixelsOfNewDocumentShowItsPaper)
 {
     TheColorDefaults().Background = 0x010203;
     EXPECT_EQ(PaperOfNewDocument(), 0x010203u);
-    TheColorDefaults().PalNr = PaletteBlackAndWhite;
+    TheColorDefaults().PalNr = PaletteNumber::BlackAndWhite;
     EXPECT_EQ(PaperOfNewDocument(), 0xFFFFFFu);
 }
 

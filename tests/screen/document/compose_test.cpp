@@ -64,7 +64,7 @@ TEST_F(Composing, EmptyDescriptionIsBlank)
 
 TEST_F(Composing, TextStartsAsInWindow)
 {
-    const WindowId id = Open(SubtypeFile, Picture({ 900, 100 }));
+    const WindowId id = Open(WindowSubtype::File, Picture({ 900, 100 }));
     DescrSetVisible(true, id);
     DescrSetText(id, QStringLiteral("x"));
     const QImage whole = ComposeWindow(id);
@@ -77,7 +77,7 @@ TEST_F(Composing, TextStartsAsInWindow)
 
 TEST_F(Composing, TextOfNarrowPictureStartsAtEdge)
 {
-    const WindowId id = Open(SubtypeFile, Picture({ 100, 100 }));
+    const WindowId id = Open(WindowSubtype::File, Picture({ 100, 100 }));
     DescrSetVisible(true, id);
     DescrSetText(id, QStringLiteral("x"));
     const QImage whole = ComposeWindow(id);
@@ -94,9 +94,9 @@ TEST_F(Composing, GlyphHigherThanLineStaysOutOfPicture)
 
 TEST_F(Composing, BlackAndWhiteHasWhitePaper)
 {
-    const WindowId id = Open(SubtypeFile, Picture({ 200, 100 }, Qt::white));
+    const WindowId id = Open(WindowSubtype::File, Picture({ 200, 100 }, Qt::white));
     DescrSetVisible(true, id);
-    PaletteSet(PaletteBlackAndWhite, id, true);
+    PaletteSet(PaletteNumber::BlackAndWhite, id, true);
     const QImage whole = ComposeWindow(id);
     EXPECT_EQ(CountDifferent(whole, 0, 100, Qt::black), 0);
     EXPECT_EQ(CountDifferent(whole, 101, whole.height(), Qt::white), 0);
@@ -106,7 +106,7 @@ TEST_F(Composing, TextHasNoColouredEdges)
 {
     const WindowId id = Open();
     DescrSetVisible(true, id);
-    PaletteSet(PaletteBlackAndWhite, id, true);
+    PaletteSet(PaletteNumber::BlackAndWhite, id, true);
     DescrSetText(id, QStringLiteral("The quick brown fox"));
     const QImage whole = ComposeWindow(id);
     EXPECT_TRUE(whole.copy(0, 443, whole.width(), whole.height() - 443).isGrayscale());
@@ -115,7 +115,7 @@ TEST_F(Composing, TextHasNoColouredEdges)
 TEST_F(Composing, WithoutPictureGivesNull)
 {
     EXPECT_TRUE(ComposeWindow(0).isNull());
-    EXPECT_TRUE(ComposeWindow(TakeSlot(WindowScreen)).isNull());
+    EXPECT_TRUE(ComposeWindow(TakeSlot(WindowType::Screen)).isNull());
 }
 
 } // namespace tarvik

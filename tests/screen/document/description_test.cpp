@@ -18,7 +18,7 @@ protected:
         return id;
     }
 
-    static bool IsValid(const QString& text, qint16 type)
+    static bool IsValid(const QString& text, WindowType type)
     {
         int value = 0;
         return ValidInt(text, DescrColumnsOf(type), value);
@@ -34,11 +34,11 @@ QString Letters(qsizetype count)
 
 TEST_F(Descriptions, ColumnLimitsDependOnType)
 {
-    const DescriptionColumns screen = DescrColumnsOf(WindowScreen);
+    const DescriptionColumns screen = DescrColumnsOf(WindowType::Screen);
     EXPECT_EQ(screen.Default, 70);
     EXPECT_EQ(screen.Least, 40);
     EXPECT_EQ(screen.Most, 100);
-    const DescriptionColumns diagram = DescrColumnsOf(WindowDataSet);
+    const DescriptionColumns diagram = DescrColumnsOf(WindowType::DataSet);
     EXPECT_EQ(diagram.Default, 90);
     EXPECT_EQ(diagram.Least, 60);
     EXPECT_EQ(diagram.Most, 110);
@@ -46,23 +46,23 @@ TEST_F(Descriptions, ColumnLimitsDependOnType)
 
 TEST_F(Descriptions, ColumnLimitsAreInclusive)
 {
-    EXPECT_FALSE(IsValid(QStringLiteral("39"), WindowScreen));
-    EXPECT_TRUE(IsValid(QStringLiteral("40"), WindowScreen));
-    EXPECT_TRUE(IsValid(QStringLiteral("100"), WindowScreen));
-    EXPECT_FALSE(IsValid(QStringLiteral("101"), WindowScreen));
-    EXPECT_FALSE(IsValid(QStringLiteral("59"), WindowDataSet));
-    EXPECT_TRUE(IsValid(QStringLiteral("60"), WindowDataSet));
-    EXPECT_TRUE(IsValid(QStringLiteral("110"), WindowDataSet));
-    EXPECT_FALSE(IsValid(QStringLiteral("111"), WindowDataSet));
+    EXPECT_FALSE(IsValid(QStringLiteral("39"), WindowType::Screen));
+    EXPECT_TRUE(IsValid(QStringLiteral("40"), WindowType::Screen));
+    EXPECT_TRUE(IsValid(QStringLiteral("100"), WindowType::Screen));
+    EXPECT_FALSE(IsValid(QStringLiteral("101"), WindowType::Screen));
+    EXPECT_FALSE(IsValid(QStringLiteral("59"), WindowType::DataSet));
+    EXPECT_TRUE(IsValid(QStringLiteral("60"), WindowType::DataSet));
+    EXPECT_TRUE(IsValid(QStringLiteral("110"), WindowType::DataSet));
+    EXPECT_FALSE(IsValid(QStringLiteral("111"), WindowType::DataSet));
 }
 
 TEST_F(Descriptions, ColumnsAreA16BitInteger)
 {
     int value = 5;
-    EXPECT_TRUE(ValidInt(QStringLiteral(" 70 "), DescrColumnsOf(WindowScreen), value));
+    EXPECT_TRUE(ValidInt(QStringLiteral(" 70 "), DescrColumnsOf(WindowType::Screen), value));
     EXPECT_EQ(value, 70);
     for (const char* text : { "", " ", "x", "70x", "7 0", "70.5", "65606", "99999999999" })
-        EXPECT_FALSE(ValidInt(QLatin1String(text), DescrColumnsOf(WindowScreen), value)) << text;
+        EXPECT_FALSE(ValidInt(QLatin1String(text), DescrColumnsOf(WindowType::Screen), value)) << text;
     EXPECT_EQ(value, 70);
 }
 
@@ -93,10 +93,10 @@ TEST_F(Descriptions, HeightIsLinesPlusOnePixel)
 
 TEST_F(Descriptions, FontIsBoldInScreenWindowsOnly)
 {
-    EXPECT_TRUE(DescrFont(WindowScreen).bold());
-    EXPECT_FALSE(DescrFont(WindowDataSet).bold());
-    EXPECT_EQ(DescrFont(WindowScreen).family(), QLatin1String("Courier New"));
-    EXPECT_EQ(DescrFont(WindowScreen).pixelSize(), 12); // 9 points
+    EXPECT_TRUE(DescrFont(WindowType::Screen).bold());
+    EXPECT_FALSE(DescrFont(WindowType::DataSet).bold());
+    EXPECT_EQ(DescrFont(WindowType::Screen).family(), QLatin1String("Courier New"));
+    EXPECT_EQ(DescrFont(WindowType::Screen).pixelSize(), 12); // 9 points
 }
 
 TEST_F(Descriptions, LineHoldsExactNumberOfColumns)

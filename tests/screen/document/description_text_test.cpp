@@ -11,7 +11,7 @@ namespace {
 
 QFont Font()
 {
-    return DescrFont(WindowScreen);
+    return DescrFont(WindowType::Screen);
 }
 
 int WidthOf(int columns)

@@ -18,7 +18,7 @@ constexpr double kAspect = 642.0 / 442.0;
 
 FitInput Dragged(QSize client, QSize graph, int description = 0)
 {
-    return { kMaster, client, graph, description, 0, ArrangeNone };
+    return { kMaster, client, graph, description, 0, Arrangement::None };
 }
 
 /// Equal to the picture's aspect ratio within a pixel.
@@ -47,19 +47,20 @@ TEST(Fit, ChangedHeightSetsWidth)
 
 TEST(Fit, SufficientHeightKeepsTileWidth)
 {
-    EXPECT_EQ(FitClient({ kMaster, { 1000, 688 + 57 }, kMaster, 57, 0, ArrangeTileVertically }), QSize(1000, 688 + 57));
+    EXPECT_EQ(
+        FitClient({ kMaster, { 1000, 688 + 57 }, kMaster, 57, 0, Arrangement::TileVertically }), QSize(1000, 688 + 57));
 }
 
 TEST(Fit, StatusPanelCountsLikeDescription)
 {
     const QSize wider(652, 442 + 57 + 20 + 5);
-    EXPECT_EQ(FitClient({ kMaster, wider, kMaster, 57, 20, ArrangeNone }), QSize(652, 449 + 57 + 20));
+    EXPECT_EQ(FitClient({ kMaster, wider, kMaster, 57, 20, Arrangement::None }), QSize(652, 449 + 57 + 20));
 }
 
 TEST(Fit, EmptyClientBecomesOnePixel)
 {
-    EXPECT_EQ(FitClient({ kMaster, { 0, 0 }, kMaster, 0, 0, ArrangeCascade }), QSize(1, 1));
-    EXPECT_EQ(FitClient({ kMaster, { -3, 5 }, kMaster, 0, 0, ArrangeTileVertically }), QSize(1, 1));
+    EXPECT_EQ(FitClient({ kMaster, { 0, 0 }, kMaster, 0, 0, Arrangement::Cascade }), QSize(1, 1));
+    EXPECT_EQ(FitClient({ kMaster, { -3, 5 }, kMaster, 0, 0, Arrangement::TileVertically }), QSize(1, 1));
 }
 
 TEST(Fit, LargerDifferenceLeads)
@@ -119,51 +120,54 @@ TEST(Fit, OfFittedWindowChangesNothing)
 
 TEST(Fit, OtherPictureOfSameSizeIsFittedByHeight)
 {
-    EXPECT_EQ(FitClient({ QSize(100, 50), QSize(200, 200), QSize(200, 200), 0, 0, ArrangeNone }), QSize(400, 200));
+    EXPECT_EQ(
+        FitClient({ QSize(100, 50), QSize(200, 200), QSize(200, 200), 0, 0, Arrangement::None }), QSize(400, 200));
 }
 
 TEST(Fit, CascadeKeepsSize)
 {
-    EXPECT_EQ(FitClient({ kMaster, QSize(500, 10), kMaster, 15, 0, ArrangeCascade }), QSize(500, 10));
+    EXPECT_EQ(FitClient({ kMaster, QSize(500, 10), kMaster, 15, 0, Arrangement::Cascade }), QSize(500, 10));
 }
 
 TEST(Fit, TilingHorizontallyKeepsHeight)
 {
-    EXPECT_EQ(FitClient({ kMaster, QSize(900, 221), kMaster, 0, 0, ArrangeTileHorizontally }), QSize(321, 221));
-    EXPECT_EQ(FitClient({ kMaster, QSize(10, 221), kMaster, 0, 0, ArrangeTileHorizontally }), QSize(321, 221));
-    EXPECT_EQ(FitClient({ kMaster, QSize(900, 221 + 15), kMaster, 15, 0, ArrangeTileHorizontally }), QSize(335, 236));
+    EXPECT_EQ(FitClient({ kMaster, QSize(900, 221), kMaster, 0, 0, Arrangement::TileHorizontally }), QSize(321, 221));
+    EXPECT_EQ(FitClient({ kMaster, QSize(10, 221), kMaster, 0, 0, Arrangement::TileHorizontally }), QSize(321, 221));
+    EXPECT_EQ(
+        FitClient({ kMaster, QSize(900, 221 + 15), kMaster, 15, 0, Arrangement::TileHorizontally }), QSize(335, 236));
 }
 
 TEST(Fit, TilingVerticallyKeepsWidthIfHeightSuffices)
 {
-    EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 0, 0, ArrangeTileVertically }), QSize(321, 221));
-    EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 15, 0, ArrangeTileVertically }), QSize(321, 236));
-    EXPECT_EQ(FitClient({ kMaster, QSize(321, 221), kMaster, 0, 0, ArrangeTileVertically }), QSize(321, 221));
-    EXPECT_EQ(FitClient({ kMaster, QSize(642, 221), kMaster, 0, 0, ArrangeTileVertically }), QSize(321, 221));
-    EXPECT_EQ(FitClient({ kMaster, QSize(642, 236), kMaster, 15, 0, ArrangeTileVertically }), QSize(332, 236));
+    EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 0, 0, Arrangement::TileVertically }), QSize(321, 221));
+    EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 15, 0, Arrangement::TileVertically }), QSize(321, 236));
+    EXPECT_EQ(FitClient({ kMaster, QSize(321, 221), kMaster, 0, 0, Arrangement::TileVertically }), QSize(321, 221));
+    EXPECT_EQ(FitClient({ kMaster, QSize(642, 221), kMaster, 0, 0, Arrangement::TileVertically }), QSize(321, 221));
+    EXPECT_EQ(FitClient({ kMaster, QSize(642, 236), kMaster, 15, 0, Arrangement::TileVertically }), QSize(332, 236));
 }
 
 TEST(Fit, StatusHeightCountsLikeDescription)
 {
-    EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 15, 5, ArrangeTileVertically }), QSize(321, 241));
+    EXPECT_EQ(FitClient({ kMaster, QSize(321, 600), kMaster, 15, 5, Arrangement::TileVertically }), QSize(321, 241));
 }
 
 TEST(Fit, NothingIsSmallerThanOnePixel)
 {
-    EXPECT_EQ(FitClient({ kMaster, QSize(1, 1), kMaster, 141, 0, ArrangeTileHorizontally }), QSize(1, 1));
-    EXPECT_EQ(FitClient({ QSize(30000, 1), QSize(10, 10), QSize(10, 10), 0, 0, ArrangeTileVertically }), QSize(10, 1));
+    EXPECT_EQ(FitClient({ kMaster, QSize(1, 1), kMaster, 141, 0, Arrangement::TileHorizontally }), QSize(1, 1));
+    EXPECT_EQ(
+        FitClient({ QSize(30000, 1), QSize(10, 10), QSize(10, 10), 0, 0, Arrangement::TileVertically }), QSize(10, 1));
 }
 
 TEST(Fit, PictureStaysWithinLimits)
 {
     const QSize strip(2000, 1);
-    EXPECT_EQ(FitClient({ strip, QSize(600, 280), strip, 0, 0, ArrangeTileHorizontally }), QSize(32767, 16));
-    EXPECT_EQ(FitClient({ strip, QSize(2000, 100), strip, 0, 0, ArrangeNone }), QSize(32767, 16));
+    EXPECT_EQ(FitClient({ strip, QSize(600, 280), strip, 0, 0, Arrangement::TileHorizontally }), QSize(32767, 16));
+    EXPECT_EQ(FitClient({ strip, QSize(2000, 100), strip, 0, 0, Arrangement::None }), QSize(32767, 16));
     const QSize line(1, 2000);
-    EXPECT_EQ(FitClient({ line, QSize(400, 2000), line, 0, 0, ArrangeNone }), QSize(16, 32000));
+    EXPECT_EQ(FitClient({ line, QSize(400, 2000), line, 0, 0, Arrangement::None }), QSize(16, 32000));
     const QSize large(16384, 8192);
-    EXPECT_EQ(FitClient({ large, QSize(16390, 8192), large, 0, 0, ArrangeNone }), large);
-    EXPECT_EQ(FitClient({ large, large, large, 0, 0, ArrangeNone }), large);
+    EXPECT_EQ(FitClient({ large, QSize(16390, 8192), large, 0, 0, Arrangement::None }), large);
+    EXPECT_EQ(FitClient({ large, large, large, 0, 0, Arrangement::None }), large);
 }
 
 TEST(Fit, DragKeepsUsableTitleBar)
@@ -177,13 +181,13 @@ TEST(Fit, DragKeepsUsableTitleBar)
 TEST(Fit, DragOfSmallPictureStopsAtItsWidth)
 {
     const QSize small(40, 20);
-    EXPECT_EQ(FitClient({ small, QSize(40, 1), small, 0, 0, ArrangeNone }), small);
-    EXPECT_EQ(FitClient({ small, QSize(60, 20), small, 0, 0, ArrangeNone }), QSize(60, 30));
+    EXPECT_EQ(FitClient({ small, QSize(40, 1), small, 0, 0, Arrangement::None }), small);
+    EXPECT_EQ(FitClient({ small, QSize(60, 20), small, 0, 0, Arrangement::None }), QSize(60, 30));
 }
 
 TEST(Fit, WithoutPictureKeepsSize)
 {
-    EXPECT_EQ(FitClient({ QSize(), QSize(300, 200), QSize(), 0, 0, ArrangeNone }), QSize(300, 200));
+    EXPECT_EQ(FitClient({ QSize(), QSize(300, 200), QSize(), 0, 0, Arrangement::None }), QSize(300, 200));
 }
 
 TEST(Fit, PictureFillsAreaAboveDescription)

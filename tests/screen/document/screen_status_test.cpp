@@ -67,7 +67,7 @@ TEST_F(StatusPanel, UsesPaperAndTextColourOfDocument)
     StatusColours(id);
     EXPECT_EQ(Views[id].Paper, 0x010203u);
     EXPECT_EQ(Views[id].Ink, 0x040506u);
-    PaletteStore(PaletteBlackAndWhite, id);
+    PaletteStore(PaletteNumber::BlackAndWhite, id);
     StatusColours(id);
     EXPECT_EQ(Views[id].Paper, 0xFFFFFFu);
 }
@@ -75,7 +75,7 @@ TEST_F(StatusPanel, UsesPaperAndTextColourOfDocument)
 TEST_F(StatusPanel, WindowIsPictureAndDescriptionForAnyDocument)
 {
     for (const QSize size : { QSize(642, 442), QSize(3, 500), QSize(500, 3), QSize(1, 1) }) {
-        const WindowId id = Open(SubtypeFile, Picture(size));
+        const WindowId id = Open(WindowSubtype::File, Picture(size));
         EXPECT_EQ(Views[id].Client.height(), Views[id].Graph.height());
         DescrSetVisible(true, id);
         EXPECT_EQ(Views[id].Client.height(), Views[id].Graph.height() + DescrHeight(id));

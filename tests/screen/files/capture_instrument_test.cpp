@@ -55,7 +55,7 @@ TEST_F(CaptureFromInstrument, OpensNewWindowEachTime)
     Connect();
     EXPECT_GT(FetchScreen(), 0);
     EXPECT_GT(FetchScreen(), 0);
-    EXPECT_EQ(WindowCount(WindowScreen), 2);
+    EXPECT_EQ(WindowCount(WindowType::Screen), 2);
 }
 
 TEST_F(CaptureFromInstrument, FaultsAreReportedOnceAndCloseLink)
@@ -66,7 +66,7 @@ TEST_F(CaptureFromInstrument, FaultsAreReportedOnceAndCloseLink)
         Answers().Expect(12703, {}, Ok);
         EXPECT_EQ(FetchScreen(), -1) << fault;
         EXPECT_FALSE(ChannelIsUp()) << fault;
-        EXPECT_EQ(WindowCount(0), 0) << fault;
+        EXPECT_EQ(WindowCount(), 0) << fault;
         EXPECT_EQ(EntriesOfFolder(), QStringList()) << fault;
     }
 }
@@ -87,7 +87,7 @@ TEST_F(CaptureFromInstrument, DisconnectDuringCaptureIsReportedOnce)
     Answers().Expect(12703, {}, Ok);
     EXPECT_EQ(FetchScreen(), -1);
     EXPECT_FALSE(ChannelIsUp());
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
     EXPECT_EQ(EntriesOfFolder(), QStringList());
 }
 
@@ -99,7 +99,7 @@ TEST_F(CaptureFromInstrument, LostLinkKeepsExistingWindows)
     const QImage shown = ScreenOf(first)->Graph;
     Answers().Expect(12703, {}, Ok);
     EXPECT_EQ(FetchScreen(), -1);
-    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_EQ(WindowCount(), 1);
     EXPECT_EQ(ScreenOf(first)->Graph, shown);
     EXPECT_TRUE(WindowIsModified(first));
 }

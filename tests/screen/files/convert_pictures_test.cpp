@@ -68,7 +68,7 @@ TEST_F(ConvertInFrame, KeepsPixelsAndClosesWindowOfEveryPicture)
         EXPECT_EQ(Written(base + ".png"), QImage(FilePath(base + ".bmp")).convertToFormat(QImage::Format_RGB32))
             << name;
     }
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
     EXPECT_TRUE(CanAct());
 }
 
@@ -85,7 +85,7 @@ TEST_F(ConvertInFrame, TiledAndMaximisedWindowsKeepPixels)
     QFile::remove(FilePath("out/a.png"));
     Convert({ source });
     EXPECT_EQ(Written("a.png"), Picture());
-    EXPECT_EQ(WindowCount(0), 2);
+    EXPECT_EQ(WindowCount(), 2);
 }
 
 TEST_F(ConvertInFrame, WindowDrawnDuringQuestionKeepsPixels)
@@ -101,7 +101,7 @@ TEST_F(ConvertInFrame, WindowDrawnDuringQuestionKeepsPixels)
 
 TEST_F(ConvertInFrame, UnsavedDocumentsAreUnchanged)
 {
-    const WindowId mine = Open(SubtypeLive);
+    const WindowId mine = Open(WindowSubtype::Live);
     Answers().Expect(12754, { "gone.bmp" }, Ok);
     Convert({ StorePicture("a.bmp", { 20, 10 }), FilePath("gone.bmp") });
     EXPECT_TRUE(WindowInUse(mine));
@@ -111,7 +111,7 @@ TEST_F(ConvertInFrame, UnsavedDocumentsAreUnchanged)
 
 TEST_F(ConvertInFrame, OtherExtensionKeepsUnsavedDocumentOpen)
 {
-    const WindowId mine = Open(SubtypeLive);
+    const WindowId mine = Open(WindowSubtype::Live);
     TheSeams().SaveFile = [this](const SaveFileQuestion&) { return FilePath("out/a.txt"); };
     Answers().Expect(12714, Yes);
     EXPECT_FALSE(CloseWindow(mine, true));

@@ -70,7 +70,7 @@ protected:
 
     static OpenedImage OpenFile(const QString& path, ImageKind kind)
     {
-        return ImgOpen(path, kind, SubtypeFile);
+        return ImgOpen(path, kind, WindowSubtype::File);
     }
 
     QStringList EntriesOfFolder() const
@@ -121,7 +121,7 @@ TEST_F(Documents, UnreadableFileShowsMessageOfItsKindAndNoWindow)
         Store(File(kind.Name), "no picture at all");
         Answers().Expect(kind.Unreadable, { QLatin1String(kind.Name) }, Ok);
         EXPECT_NE(OpenFile(File(kind.Name), kind.Kind).Result, 0) << kind.Name;
-        EXPECT_EQ(WindowCount(0), 0) << kind.Name;
+        EXPECT_EQ(WindowCount(), 0) << kind.Name;
         EXPECT_EQ(Views.Loaded, 0) << kind.Name;
     }
 }
@@ -140,7 +140,7 @@ TEST_F(Documents, TruncatedFileShowsMessageOfItsKindAndNoWindow)
         Store(path, whole.left(whole.size() - whole.size() / 3));
         Answers().Expect(kind.Unreadable, { QLatin1String(kind.Name) }, Ok);
         EXPECT_NE(OpenFile(path, kind.Kind).Result, 0) << kind.Name;
-        EXPECT_EQ(WindowCount(0), 0) << kind.Name;
+        EXPECT_EQ(WindowCount(), 0) << kind.Name;
         EXPECT_EQ(Frame.Status, QString());
         EXPECT_FALSE(Progress().Active);
     }
@@ -151,16 +151,16 @@ TEST_F(Documents, MisnamedFileShowsMessageOfItsExtension)
     const QString path = StorePattern("a.png", ImageKind::Bitmap);
     Answers().Expect(12760, { QStringLiteral("a.png") }, Ok);
     EXPECT_NE(OpenFile(path, ImageKind::Png).Result, 0);
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
 }
 
 TEST_F(Documents, FullTableIsReported)
 {
     for (WindowId id = 1; id <= kWindowSlots; ++id)
-        WindowTable().Table[static_cast<size_t>(id)].Type = WindowDataSet;
+        WindowTable().Table[static_cast<size_t>(id)].Type = WindowType::DataSet;
     Answers().Expect(12711, {}, Ok);
     EXPECT_NE(OpenFile(StorePattern("a.png", ImageKind::Png), ImageKind::Png).Result, 0);
-    EXPECT_EQ(WindowCount(WindowDataSet), 200);
+    EXPECT_EQ(WindowCount(WindowType::DataSet), 200);
 }
 
 TEST_F(Documents, HundredAndFirstReplacesOldest)
@@ -181,7 +181,7 @@ TEST_F(Documents, HundredAndFirstReplacesOldest)
     EXPECT_EQ(Views[oldest].Client, QSize(37, 21));
     EXPECT_EQ(Views[oldest].Title, QStringLiteral("a.png"));
     EXPECT_TRUE(WindowIsFileImage(oldest));
-    EXPECT_EQ(WindowCount(0), 100);
+    EXPECT_EQ(WindowCount(), 100);
     EXPECT_EQ(Views.Loaded, 100);
 }
 
@@ -198,7 +198,7 @@ TEST_F(Documents, OldestStaysIfNewOneCannotBeRead)
     EXPECT_NE(OpenFile(path, ImageKind::Png).Result, 0);
     EXPECT_TRUE(WindowInUse(oldest));
     EXPECT_EQ(ScreenOf(oldest)->Master, Picture());
-    EXPECT_EQ(WindowSubtypeOf(oldest), SubtypeLive);
+    EXPECT_EQ(WindowSubtypeOf(oldest), WindowSubtype::Live);
     EXPECT_TRUE(WindowIsModified(oldest));
 }
 
@@ -208,7 +208,7 @@ TEST_F(Documents, WithoutLibraryNothingHappens)
     const WindowId id = Open();
     UnbindModule(Module::Pictures);
     EXPECT_NE(OpenFile(path, ImageKind::Png).Result, 0);
-    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_EQ(WindowCount(), 1);
     EXPECT_FALSE(ImgSave(File("b.png"), ImageKind::Png, id));
     EXPECT_FALSE(QFile::exists(File("b.png")));
 }
@@ -225,13 +225,13 @@ TEST_F(Documents, LoadingShowsAndClearsStatusLine)
 TEST_F(Documents, AutoTileFollowsNumberOfWindows)
 {
     const QString path = StorePattern("a.png", ImageKind::Png);
-    QVector<int> codes;
-    Views.WhenArranged = [&](int code) { codes.append(code); };
+    QVector<Arrangement> arrangements;
+    Views.WhenArranged = [&](Arrangement arrangement) { arrangements.append(arrangement); };
     Program().AutoTile = true;
     OpenFile(path, ImageKind::Png);
-    EXPECT_TRUE(codes.isEmpty());
+    EXPECT_TRUE(arrangements.isEmpty());
     OpenFile(path, ImageKind::Png);
-    EXPECT_EQ(codes, QVector<int>{ 1 });
+    EXPECT_EQ(arrangements, QVector{ Arrangement::TileHorizontally });
 }
 
 TEST_F(Documents, TransparentPixelsShowBackground)
@@ -242,7 +242,7 @@ TEST_F(Documents, TransparentPixelsShowBackground)
     ASSERT_TRUE(picture.save(File("a.png")));
     TheColorDefaults().Background = 0x102030;
     EXPECT_EQ(ScreenOf(OpenFile(File("a.png"), ImageKind::Png).Id)->Master.pixelColor(0, 0), QColor(0x30, 0x20, 0x10));
-    TheColorDefaults().PalNr = PaletteBlackAndWhite;
+    TheColorDefaults().PalNr = PaletteNumber::BlackAndWhite;
     EXPECT_EQ(ScreenOf(OpenFile(File("a.png"), ImageKind::Png).Id)->Master.pixelColor(0, 0), QColor(Qt::white));
 }
 
@@ -257,7 +257,7 @@ TEST_F(Documents, ProgressCountsLinesOfPcx)
 
 TEST_F(Documents, ProgressCountsSavedLines)
 {
-    const WindowId id = Open(SubtypeFile, Pattern());
+    const WindowId id = Open(WindowSubtype::File, Pattern());
     ProgressCounts counts;
     EXPECT_TRUE(ImgSave(File("a.png"), ImageKind::Png, id));
     EXPECT_TRUE(ImgSave(File("a.pcx"), ImageKind::Pcx, id));
@@ -267,7 +267,7 @@ TEST_F(Documents, ProgressCountsSavedLines)
 
 TEST_F(Documents, AreSavedInEachFormat)
 {
-    const WindowId id = Open(SubtypeFile, Pattern());
+    const WindowId id = Open(WindowSubtype::File, Pattern());
     for (const KindCase& kind : kCases) {
         EXPECT_TRUE(ImgSave(File(kind.Name), kind.Kind, id)) << kind.Name;
         EXPECT_EQ(DecodePicture(File(kind.Name), kind.Kind, { 37, 21 }, 0), Pattern()) << kind.Name;
@@ -277,7 +277,7 @@ TEST_F(Documents, AreSavedInEachFormat)
 
 TEST_F(Documents, AreSavedWithDescription)
 {
-    const WindowId id = Open(SubtypeFile, Pattern());
+    const WindowId id = Open(WindowSubtype::File, Pattern());
     DescrSetVisible(true, id);
     DescrSetText(id, QStringLiteral("text"));
     ASSERT_TRUE(ImgSave(File("a.png"), ImageKind::Png, id));
@@ -340,8 +340,8 @@ TEST_F(Documents, OtherExtensionsAreNotWritten)
 
 TEST_F(Documents, BlackAndWhiteIsSavedAsDisplayed)
 {
-    const WindowId id = Open(SubtypeFile, Picture({ 4, 4 }, Qt::white));
-    PaletteSet(PaletteBlackAndWhite, id, true);
+    const WindowId id = Open(WindowSubtype::File, Picture({ 4, 4 }, Qt::white));
+    PaletteSet(PaletteNumber::BlackAndWhite, id, true);
     ASSERT_TRUE(ImgSave(File("a.png"), ImageKind::Png, id));
     EXPECT_EQ(DecodePicture(File("a.png"), ImageKind::Png, { 4, 4 }, 0), Picture({ 4, 4 }, Qt::black));
 }
@@ -349,7 +349,7 @@ TEST_F(Documents, BlackAndWhiteIsSavedAsDisplayed)
 TEST_F(Documents, OpenAndSaveNamesOfAnyScript)
 {
     const QString path = FilePath(QString::fromUtf8("Übersicht 受信 ✓.png"));
-    const WindowId id = Open(SubtypeFile, Pattern());
+    const WindowId id = Open(WindowSubtype::File, Pattern());
     ASSERT_TRUE(ImgSave(path, ImageKind::Png, id));
     EXPECT_EQ(OpenFile(path, ImageKind::Png).Result, 0);
 }

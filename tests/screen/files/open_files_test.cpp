@@ -32,7 +32,7 @@ protected:
     static void Fill()
     {
         for (int count = 0; count < kDocumentsOfType; ++count)
-            Open(SubtypeLive, Picture({ 4, 4 }));
+            Open(WindowSubtype::Live, Picture({ 4, 4 }));
     }
 
     static int CountOfFiles()
@@ -54,7 +54,7 @@ TEST_F(OpenFiles, ExtensionOfPictureIsCaseInsensitive)
     ASSERT_TRUE(EncodePicture(path, ImageKind::Png, Picture({ 8, 6 })));
     EXPECT_TRUE(FileOpen(path, true, true));
     EXPECT_EQ(CountOfFiles(), 1);
-    EXPECT_EQ(ScreenOf(1)->SourceTag, SubtypeFile);
+    EXPECT_EQ(ScreenOf(1)->SourceTag, WindowSubtype::File);
     EXPECT_EQ(Views[1].Title, QStringLiteral("a.PnG"));
 }
 
@@ -62,14 +62,14 @@ TEST_F(OpenFiles, UnknownExtensionOpensNoWindow)
 {
     Answers().Expect(12750, {}, Ok);
     EXPECT_FALSE(FileOpen(FilePath(QStringLiteral("a.gif")), true, true));
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
 }
 
 TEST_F(OpenFiles, MissingFileShowsMessageOfItsKind)
 {
     Answers().Expect(12758, { QStringLiteral("a.wmf") }, Ok);
     EXPECT_FALSE(FileOpen(FilePath(QStringLiteral("a.wmf")), true, true));
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
 }
 
 TEST_F(OpenFiles, FolderNamedLikePictureIsRefused)
@@ -93,7 +93,7 @@ TEST_F(OpenFiles, NoKeepsWindowsAndSkipsOtherFiles)
     for (size_t id = 1; id <= kDocumentsOfType; ++id) {
         EXPECT_EQ(ScreenTable()[id].Master, documents[id].Master);
         EXPECT_EQ(WindowTable().Table[id].Created, windows[id].Created);
-        EXPECT_EQ(WindowTable().Table[id].Subtype, SubtypeLive);
+        EXPECT_EQ(WindowTable().Table[id].Subtype, WindowSubtype::Live);
     }
 }
 
@@ -131,7 +131,7 @@ TEST_F(OpenFiles, YesReplacesOldestForEachFileOfSameOpening)
     EXPECT_EQ(Views[1].Title, QStringLiteral("b.png"));
     EXPECT_EQ(Views[2].Title, QStringLiteral("c.png"));
     EXPECT_EQ(CountOfFiles(), 3);
-    EXPECT_EQ(WindowCount(0), kDocumentsOfType);
+    EXPECT_EQ(WindowCount(), kDocumentsOfType);
 }
 
 TEST_F(OpenFiles, ReplacementTilesNothing)
@@ -139,7 +139,7 @@ TEST_F(OpenFiles, ReplacementTilesNothing)
     Fill();
     ChooseThree();
     Program().AutoTile = true;
-    Views.WhenArranged = [](int) { ADD_FAILURE() << "there are as many windows as before"; };
+    Views.WhenArranged = [](Arrangement) { ADD_FAILURE() << "there are as many windows as before"; };
     Answers().Expect(12713, Yes);
     EXPECT_TRUE(FileOpen(chosen_[0], true, true));
 }
@@ -162,7 +162,7 @@ TEST_F(OpenFiles, BatchWithoutFreeSlotAsksOnceAndConvertsNothing)
     FileConvert().TargetExtension = QStringLiteral(".bmp");
     Answers().Expect(12713, {}, No); // once
     EXPECT_EQ(FileConvertRun(), 0);
-    EXPECT_EQ(WindowCount(0), kDocumentsOfType);
+    EXPECT_EQ(WindowCount(), kDocumentsOfType);
     EXPECT_EQ(QDir(Folder()).entryList(QDir::Files), (QStringList{ "a.png", "b.png", "c.png" }));
 }
 
@@ -175,7 +175,7 @@ TEST_F(OpenFiles, BatchReplacesOldestOnlyOnce)
     Answers().Expect(12713, {}, Yes); // once: its window is closed with the first file
     EXPECT_EQ(FileConvertRun(), 3);
     EXPECT_FALSE(WindowInUse(1));
-    EXPECT_EQ(WindowCount(0), kDocumentsOfType - 1);
+    EXPECT_EQ(WindowCount(), kDocumentsOfType - 1);
 }
 
 TEST_F(OpenFiles, OpensRemainingFilesAfterUnreadableOne)
@@ -186,7 +186,7 @@ TEST_F(OpenFiles, OpensRemainingFilesAfterUnreadableOne)
     FileConvert().TargetExtension = QStringLiteral(".bmp");
     Answers().Expect(12760, { QStringLiteral("b.png") }, Ok);
     EXPECT_EQ(FileConvertRun(), 2);
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
 }
 
 } // namespace tarvik

@@ -21,7 +21,7 @@ protected:
     void Fill()
     {
         for (int count = 0; count < kDocumentsOfType; ++count) {
-            const WindowSlot slot = WindowAllocate(WindowScreen, SubtypeLive);
+            const WindowSlot slot = WindowAllocate(WindowType::Screen, WindowSubtype::Live);
             ScreenCreate(slot, { Picture({ 40, 30 }), QDateTime(), QString(), true });
         }
         QCoreApplication::processEvents();
@@ -78,7 +78,7 @@ TEST_F(OpenInWindows, PictureLibraryIsRetriedUntilFound)
     const QString path = StorePicture("a.png");
     UnbindModule(Module::Pictures);
     EXPECT_FALSE(FileOpen(path, true, true)) << "without a word";
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
     const QString name = ModuleFileName(Module::Pictures);
     ASSERT_TRUE(QFile::link(QStringLiteral(TARVIK_MODULES "/") + name, FilePath(name)));
     EXPECT_TRUE(FileOpen(path, true, true));
@@ -90,7 +90,7 @@ TEST_F(CaptureInWindows, IsStartedByBothMenuItemsAndButton)
     Item("MnInstrDispSc").trigger();
     Item("ClMnInstrDispSc").trigger();
     Cm(16).click();
-    ASSERT_EQ(WindowCount(WindowScreen), 3);
+    ASSERT_EQ(WindowCount(WindowType::Screen), 3);
     EXPECT_EQ(channel_.Count("Send DISP:WIND:FETC?"), 3);
     for (WindowId id = 1; id <= 3; ++id) {
         EXPECT_EQ(Shown(id).size(), DevicePixels(id));
@@ -123,7 +123,7 @@ TEST_F(CaptureInWindows, ClosingAsksAndCancelKeepsPicture)
     Answers().Expect(12714, No);
     Child(1).close();
     QCoreApplication::processEvents();
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
 }
 
 TEST_F(CaptureInWindows, MaximisedWindowsDoNotStretchCapture)
@@ -185,20 +185,20 @@ TEST_F(OpenInWindows, BatchContinuesInBackground)
     EXPECT_EQ(FileConvertRun(), 2);
     EXPECT_EQ(QImage(FilePath("a.bmp")).size(), QSize(300, 200));
     EXPECT_EQ(QImage(FilePath("b.bmp")).size(), QSize(30, 20));
-    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_EQ(WindowCount(), 1);
     EXPECT_TRUE(WindowInUse(open));
 }
 
 TEST_F(OpenInWindows, BatchWorksWhileWindowsAreTiled)
 {
     const WindowId first = Open();
-    const WindowId second = Open(SubtypeLive);
+    const WindowId second = Open(WindowSubtype::Live);
     Item("MnWindowAutotile").trigger();
     FileConvert().Sources = { StorePicture("a.png"), StorePicture("b.png") };
     FileConvert().TargetExtension = QStringLiteral(".bmp");
     EXPECT_EQ(FileConvertRun(), 2);
     EXPECT_TRUE(QFile::exists(FilePath("b.bmp")));
-    EXPECT_EQ(WindowCount(0), 2);
+    EXPECT_EQ(WindowCount(), 2);
     EXPECT_TRUE(WindowInUse(first));
     EXPECT_TRUE(WindowIsModified(second));
 }

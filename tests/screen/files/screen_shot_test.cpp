@@ -42,7 +42,7 @@ TEST_F(Captures, FetchDisplayIntoWindow)
     ASSERT_EQ(id, 1);
     EXPECT_EQ(ScreenOf(id)->Master, Picture({ 64, 48 }));
     EXPECT_EQ(Views[id].Client, QSize(64, 48));
-    EXPECT_EQ(WindowSubtypeOf(id), SubtypeLive);
+    EXPECT_EQ(WindowSubtypeOf(id), WindowSubtype::Live);
     EXPECT_EQ(ScreenOf(id)->Date, moment_);
     EXPECT_EQ(Views[id].Title, WindowTitle(id, moment_)) << "the temporary name is not seen";
     EXPECT_EQ(channel_.Log,
@@ -121,7 +121,7 @@ TEST_F(Captures, OpenOneWindowEach)
     const WindowId first = FetchScreen();
     const WindowId second = FetchScreen();
     EXPECT_NE(first, second);
-    EXPECT_EQ(WindowCount(WindowScreen), 2);
+    EXPECT_EQ(WindowCount(WindowType::Screen), 2);
 }
 
 TEST_F(Captures, WithoutLinkDoNothing)
@@ -129,7 +129,7 @@ TEST_F(Captures, WithoutLinkDoNothing)
     channel_.Connected = false;
     EXPECT_EQ(FetchScreen(), -1);
     EXPECT_EQ(channel_.Log, QStringList());
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
 }
 
 TEST_F(Captures, BrokenTransferClosesLinkAndIsReportedOnce)
@@ -140,7 +140,7 @@ TEST_F(Captures, BrokenTransferClosesLinkAndIsReportedOnce)
     EXPECT_EQ(channel_.Count(QStringLiteral("Disconnect")), 1);
     EXPECT_EQ(channel_.Count(QStringLiteral("GetFileFromStream")), 1) << "no second try";
     EXPECT_FALSE(channel_.Connected);
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
 }
 
 TEST_F(Captures, AnyOtherTransferFailureClosesLinkToo)
@@ -151,7 +151,7 @@ TEST_F(Captures, AnyOtherTransferFailureClosesLinkToo)
         Answers().ExpectWhile(
             12703, Ok, [this] { EXPECT_FALSE(channel_.Connected) << "the link ends before the message"; });
         EXPECT_EQ(FetchScreen(), -1) << static_cast<int>(status);
-        EXPECT_EQ(WindowCount(0), 0) << static_cast<int>(status);
+        EXPECT_EQ(WindowCount(), 0) << static_cast<int>(status);
     }
 }
 
@@ -188,7 +188,7 @@ TEST_F(Captures, UnreadablePictureIsSkippedAndItsFileKept)
 {
     channel_.Contents = "no picture";
     EXPECT_EQ(FetchScreen(), -1);
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
     EXPECT_TRUE(QFile::exists(Temporary()));
     EXPECT_TRUE(channel_.Connected);
 }
@@ -197,7 +197,7 @@ TEST_F(Captures, TruncatedPictureOpensNoWindow)
 {
     channel_.Contents.chop(20);
     EXPECT_EQ(FetchScreen(), -1);
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
     EXPECT_EQ(Frame.Status, QString());
 }
 
@@ -206,7 +206,7 @@ TEST_F(Captures, PictureOfAbsurdSizeIsSkipped)
     // The width in the first chunk of a PNG file.
     channel_.Contents.replace(16, 4, QByteArray::fromHex("7fffffff"));
     EXPECT_EQ(FetchScreen(), -1);
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
     EXPECT_TRUE(QFile::exists(Temporary()));
 }
 
@@ -219,13 +219,13 @@ TEST_F(Captures, AskIndependentlyOfAnswersAboutFiles)
         Answers().Expect(12713, {}, No);
         EXPECT_EQ(FetchScreen(), -1);
     }
-    EXPECT_EQ(WindowSubtypeOf(1), SubtypeFile);
+    EXPECT_EQ(WindowSubtypeOf(1), WindowSubtype::File);
 }
 
 TEST_F(Captures, FullTableIsReported)
 {
     for (WindowId id = 1; id <= kWindowSlots; ++id)
-        WindowTable().Table[static_cast<size_t>(id)].Type = WindowDataSet;
+        WindowTable().Table[static_cast<size_t>(id)].Type = WindowType::DataSet;
     Answers().Expect(12711, {}, Ok);
     EXPECT_EQ(FetchScreen(), -1);
 }
@@ -240,7 +240,7 @@ TEST_F(Captures, HundredAndFirstReplacesOldestOrNothing)
     EXPECT_TRUE(WindowIsFileImage(oldest));
     Answers().Expect(12713, {}, Yes);
     EXPECT_EQ(FetchScreen(), oldest);
-    EXPECT_EQ(WindowSubtypeOf(oldest), SubtypeLive);
+    EXPECT_EQ(WindowSubtypeOf(oldest), WindowSubtype::Live);
     EXPECT_TRUE(WindowIsModified(oldest));
 }
 
@@ -281,7 +281,7 @@ TEST_F(Captures, LibraryLostDuringTransferOpensNoWindow)
             UnbindModule(Module::Pictures);
     };
     EXPECT_EQ(FetchScreen(), -1);
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
 }
 
 TEST_F(Captures, CommandKeepsProgramBusy)
@@ -297,7 +297,7 @@ TEST_F(Captures, CommandKeepsProgramBusy)
     EXPECT_FALSE(wasIdle);
     EXPECT_FALSE(Frame.Busy);
     EXPECT_TRUE(Program().Idle);
-    EXPECT_EQ(WindowCount(WindowScreen), 1);
+    EXPECT_EQ(WindowCount(WindowType::Screen), 1);
 }
 
 TEST_F(Captures, PointerIsRestoredWhenCommandsAreEnabled)
@@ -319,7 +319,7 @@ TEST_F(Captures, PointerIsRestoredWhenCommandsAreEnabled)
 TEST_F(Captures, AutoTileFollowsNumberOfWindows)
 {
     int tiled = 0;
-    Views.WhenArranged = [&](int) { ++tiled; };
+    Views.WhenArranged = [&](Arrangement) { ++tiled; };
     Program().AutoTile = true;
     FetchScreen();
     EXPECT_EQ(tiled, 0);

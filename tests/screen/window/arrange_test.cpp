@@ -12,8 +12,8 @@ protected:
     /// Sizes every window as a frame would, with its resize event.
     void ArrangeTo(QSize client)
     {
-        Views.WhenArranged = [this, client](int code) {
-            codes_.append(code);
+        Views.WhenArranged = [this, client](Arrangement arrangement) {
+            arrangements_.append(arrangement);
             for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id)) {
                 Views[id].Client = client;
                 ScreenResized(id, true);
@@ -21,7 +21,7 @@ protected:
         };
     }
 
-    QVector<int> codes_;
+    QVector<Arrangement> arrangements_;
 };
 
 } // namespace
@@ -29,10 +29,10 @@ protected:
 TEST_F(Arranging, CascadeRestoresDefaultSizes)
 {
     const WindowId first = Open();
-    const WindowId second = Open(SubtypeFile, Picture({ 100, 50 }));
+    const WindowId second = Open(WindowSubtype::File, Picture({ 100, 50 }));
     ArrangeTo({ 400, 300 });
-    ArrangeWindows(ArrangeCascade);
-    EXPECT_EQ(codes_, QVector<int>{ 0 });
+    ArrangeWindows(Arrangement::Cascade);
+    EXPECT_EQ(arrangements_, QVector{ Arrangement::Cascade });
     EXPECT_EQ(Views[first].Client, QSize(642, 442));
     EXPECT_EQ(Views[first].Graph, QSize(642, 442));
     EXPECT_EQ(Views[second].Client, QSize(100, 50));
@@ -43,7 +43,7 @@ TEST_F(Arranging, CascadeKeepsMinimisedWindows)
 {
     const WindowId id = Open();
     Views[id].WindowState = WinState::Minimised;
-    ArrangeWindows(ArrangeCascade);
+    ArrangeWindows(Arrangement::Cascade);
     EXPECT_EQ(Views[id].WindowState, WinState::Minimised);
 }
 
@@ -51,11 +51,11 @@ TEST_F(Arranging, TilesKeepHeightOrWidth)
 {
     const WindowId id = Open();
     ArrangeTo({ 900, 221 });
-    ArrangeWindows(ArrangeTileHorizontally);
+    ArrangeWindows(Arrangement::TileHorizontally);
     EXPECT_EQ(Views[id].Client, QSize(321, 221));
     EXPECT_EQ(ScreenOf(id)->Graph.size(), QSize(321, 221));
     ArrangeTo({ 321, 900 });
-    ArrangeWindows(ArrangeTileVertically);
+    ArrangeWindows(Arrangement::TileVertically);
     EXPECT_EQ(Views[id].Client, QSize(321, 221));
 }
 
@@ -63,9 +63,9 @@ TEST_F(Arranging, ResizesWindowsEvenWhileMouseButtonIsDown)
 {
     const WindowId id = Open();
     ArrangeTo({ 900, 221 });
-    ArrangeWindows(ArrangeTileHorizontally);
+    ArrangeWindows(Arrangement::TileHorizontally);
     EXPECT_FALSE(WindowAt(id).ResizePending);
-    EXPECT_EQ(TheScreenWindows().Arranging, 65535);
+    EXPECT_EQ(TheScreenWindows().Arranging, Arrangement::None);
 }
 
 TEST_F(Arranging, AutoTileTogglesAndTilesAtOnce)
@@ -75,11 +75,11 @@ TEST_F(Arranging, AutoTileTogglesAndTilesAtOnce)
     ArrangeTo({ 900, 221 });
     ToggleAutoTile();
     EXPECT_TRUE(Program().AutoTile);
-    EXPECT_EQ(codes_, QVector<int>{ 1 });
+    EXPECT_EQ(arrangements_, QVector{ Arrangement::TileHorizontally });
     Frame.Log.clear();
     ToggleAutoTile();
     EXPECT_FALSE(Program().AutoTile);
-    EXPECT_EQ(codes_, QVector<int>{ 1 });
+    EXPECT_EQ(arrangements_, QVector{ Arrangement::TileHorizontally });
     EXPECT_TRUE(Frame.Log.contains(QStringLiteral("menu")));
 }
 
@@ -89,10 +89,10 @@ TEST_F(Arranging, AutoTileIgnoresSingleWindow)
     ArrangeTo({ 900, 221 });
     Program().AutoTile = true;
     RetileIfAutoTile();
-    EXPECT_TRUE(codes_.isEmpty());
+    EXPECT_TRUE(arrangements_.isEmpty());
     Open();
     RetileIfAutoTile();
-    EXPECT_EQ(codes_, QVector<int>{ 1 });
+    EXPECT_EQ(arrangements_, QVector{ Arrangement::TileHorizontally });
 }
 
 TEST_F(Arranging, NothingIsTiledUnlessEnabled)
@@ -101,13 +101,13 @@ TEST_F(Arranging, NothingIsTiledUnlessEnabled)
     Open();
     ArrangeTo({ 900, 221 });
     RetileIfAutoTile();
-    EXPECT_TRUE(codes_.isEmpty());
+    EXPECT_TRUE(arrangements_.isEmpty());
 }
 
 TEST_F(Arranging, SingleCandidateIsSelectedWithoutForm)
 {
     const WindowId id = OpenLive();
-    Open(SubtypeFile);
+    Open(WindowSubtype::File);
     Views.WhenOffered = [](const QVector<WindowId>& ids) {
         ADD_FAILURE();
         return ids;

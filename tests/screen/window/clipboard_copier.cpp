@@ -42,7 +42,7 @@ bool LoadModules(const QString& folder)
 
 void OpenWithDescription()
 {
-    const WindowSlot slot = WindowAllocate(WindowScreen, SubtypeFile);
+    const WindowSlot slot = WindowAllocate(WindowType::Screen, WindowSubtype::File);
     NewDocument document;
     document.Master = Picture();
     ScreenCreate(slot, document);

@@ -61,7 +61,7 @@ TEST_F(Closing, FreesWindowAndDocument)
     EXPECT_FALSE(WindowInUse(id));
     EXPECT_EQ(ViewOf(id), nullptr);
     EXPECT_TRUE(ScreenTable()[1].Master.isNull());
-    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_EQ(WindowCount(), 1);
 }
 
 TEST_F(Closing, AsksForSingleWindow)
@@ -122,7 +122,7 @@ TEST_F(Closing, UnmodifiedWindowClosesWithoutQuestion)
 
 TEST_F(Closing, DataSetClosesWithoutQuestion)
 {
-    const WindowId id = TakeSlot(WindowDataSet);
+    const WindowId id = TakeSlot(WindowType::DataSet);
     WindowAt(id).Modified = true;
     EXPECT_TRUE(CloseWindow(id, true));
     EXPECT_FALSE(WindowInUse(id));
@@ -164,7 +164,7 @@ TEST_F(Closing, AllAskForEachAndLastWithoutChoiceForAll)
     Answers().Expect(12714, No);
     Answers().ExpectWhile(12714, No, [] { EXPECT_EQ(TheMessage().Buttons(), MsgButtons::YesNoCancel); });
     EXPECT_TRUE(CloseAllWindows());
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
 }
 
 TEST_F(Closing, AllStartWithActiveOne)
@@ -174,7 +174,7 @@ TEST_F(Closing, AllStartWithActiveOne)
     WindowSetActive(first);
     Answers().Expect(12714, TitleOf(first), Cancel);
     EXPECT_FALSE(CloseAllWindows());
-    EXPECT_EQ(WindowCount(0), 2);
+    EXPECT_EQ(WindowCount(), 2);
 }
 
 TEST_F(Closing, AllStopAtFirstThatStays)
@@ -185,7 +185,7 @@ TEST_F(Closing, AllStopAtFirstThatStays)
     Answers().Expect(12714, No);
     Answers().Expect(12714, Cancel);
     EXPECT_FALSE(CloseAllWindows());
-    EXPECT_EQ(WindowCount(0), 2);
+    EXPECT_EQ(WindowCount(), 2);
 }
 
 TEST_F(Closing, NoForAllSuppressesQuestions)
@@ -195,7 +195,7 @@ TEST_F(Closing, NoForAllSuppressesQuestions)
     OpenModified();
     Answers().ExpectWhile(12714, No, [] { TheMessage().NoAll = true; });
     EXPECT_TRUE(CloseAllWindows());
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
     EXPECT_TRUE(saved_.isEmpty());
     EXPECT_FALSE(TheMessage().NoAll);
     EXPECT_FALSE(WindowTable().NoQuestions);
@@ -208,7 +208,7 @@ TEST_F(Closing, NoForAllOfOtherJobIsIgnored)
     OpenModified();
     Answers().Expect(12714, Cancel);
     EXPECT_FALSE(CloseAllWindows());
-    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_EQ(WindowCount(), 1);
 }
 
 TEST_F(Closing, EventsAreProcessedBetweenWindows)
@@ -297,7 +297,7 @@ TEST_F(Closing, RetilesOthers)
     Open();
     Open();
     int tiled = 0;
-    Views.WhenArranged = [&](int) { ++tiled; };
+    Views.WhenArranged = [&](Arrangement) { ++tiled; };
     Program().AutoTile = true;
     EXPECT_TRUE(CloseWindow(id, true));
     EXPECT_EQ(tiled, 1);
@@ -312,12 +312,12 @@ TEST_F(Closing, StoppedCloseAllRetilesRemaining)
     WindowAt(Open()).Modified = true;
     WindowSetActive(1);
     int tiled = 0;
-    Views.WhenArranged = [&](int) { ++tiled; };
+    Views.WhenArranged = [&](Arrangement) { ++tiled; };
     Program().AutoTile = true;
     WindowAt(2).Modified = true;
     Answers().Expect(12714, Cancel);
     EXPECT_FALSE(CloseAllWindows());
-    EXPECT_EQ(WindowCount(0), 2);
+    EXPECT_EQ(WindowCount(), 2);
     EXPECT_EQ(tiled, 1);
 }
 
@@ -328,7 +328,7 @@ TEST_F(Closing, TwiceHasNoFurtherEffect)
     DropWindow(id);
     DropWindow(id);
     ScreenUnloaded(id);
-    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_EQ(WindowCount(), 1);
 }
 
 } // namespace tarvik

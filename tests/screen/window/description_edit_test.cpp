@@ -250,7 +250,7 @@ TEST_F(DescriptionEditing, IgnoresWindowThatIsGone)
     DescrTextChanged(100, QStringLiteral("a"));
     DescrSetVisible(true, 100);
     EXPECT_FALSE(DescrSetText(100, QStringLiteral("a")));
-    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_EQ(WindowCount(), 1);
 }
 
 TEST_F(DescriptionEditing, SetTextSetsWholeText)
@@ -378,7 +378,7 @@ TEST_F(DescriptionEditing, LimitsDependOnType)
 {
     EXPECT_EQ(DescriptionChoice(id_).Limits().Default, 70);
     EXPECT_EQ(DescriptionChoice(id_).Columns(), 70);
-    const WindowId diagram = TakeSlot(WindowDataSet);
+    const WindowId diagram = TakeSlot(WindowType::DataSet);
     EXPECT_EQ(DescriptionChoice(diagram).Limits().Default, 90);
     DescriptionChoice choice(diagram);
     Answers().Expect(12749, { QStringLiteral("110"), QStringLiteral("60") }, Ok);

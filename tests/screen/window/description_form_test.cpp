@@ -413,7 +413,7 @@ TEST_F(DescriptionInWindow, HidingKeepsUndoHistory)
 
 TEST_F(DescriptionInWindow, StaysVisibleBelowPictureHigherThanArea)
 {
-    const WindowId id = Open(SubtypeFile, Picture(QSize(300, 1400)));
+    const WindowId id = Open(WindowSubtype::File, Picture(QSize(300, 1400)));
     const QWidget& seen = *frame->ChildArea()->viewport();
     const auto lowerEdge = [&] { return Description(id).mapTo(&seen, QPoint(0, Description(id).height())).y(); };
     Item("MnViewDescription").trigger();

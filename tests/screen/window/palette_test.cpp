@@ -5,12 +5,14 @@ namespace tarvik {
 
 namespace {
 
+constexpr auto kUnknownPalette = static_cast<PaletteNumber>(5);
+
 class Palettes : public ScreenTest {
 protected:
     /// Opens a drawn window with a picture of one colour.
     void Show(QColor colour)
     {
-        id_ = Open(SubtypeFile, Picture({ 4, 4 }, colour));
+        id_ = Open(WindowSubtype::File, Picture({ 4, 4 }, colour));
     }
 
     QColor ShownColour() const
@@ -26,17 +28,17 @@ protected:
 TEST_F(Palettes, WhiteBecomesBlackAndBlackBecomesWhite)
 {
     Show(Qt::white);
-    PaletteSet(PaletteBlackAndWhite, id_, true);
+    PaletteSet(PaletteNumber::BlackAndWhite, id_, true);
     EXPECT_EQ(ShownColour(), QColor(Qt::black));
     Show(Qt::black);
-    PaletteSet(PaletteBlackAndWhite, id_, true);
+    PaletteSet(PaletteNumber::BlackAndWhite, id_, true);
     EXPECT_EQ(ShownColour(), QColor(Qt::white));
 }
 
 TEST_F(Palettes, RedHasTheWeightOfBlue)
 {
     Show(Qt::red);
-    PaletteSet(PaletteBlackAndWhite, id_, true);
+    PaletteSet(PaletteNumber::BlackAndWhite, id_, true);
     const int grey = 255 - 29; // 0.114 * 255 = 29.07
     EXPECT_EQ(ShownColour(), QColor(grey, grey, grey));
 }
@@ -44,16 +46,16 @@ TEST_F(Palettes, RedHasTheWeightOfBlue)
 TEST_F(Palettes, ColourReturnsWithoutReload)
 {
     Show(Qt::green);
-    PaletteSet(PaletteBlackAndWhite, id_, true);
+    PaletteSet(PaletteNumber::BlackAndWhite, id_, true);
     EXPECT_EQ(ScreenOf(id_)->Master.pixelColor(0, 0), QColor(Qt::green));
-    PaletteSet(PaletteColour, id_, true);
+    PaletteSet(PaletteNumber::Colour, id_, true);
     EXPECT_EQ(ShownColour(), QColor(Qt::green));
 }
 
 TEST_F(Palettes, SecondDrawingDoesNotInvertAgain)
 {
     Show(Qt::white);
-    PaletteSet(PaletteBlackAndWhite, id_, true);
+    PaletteSet(PaletteNumber::BlackAndWhite, id_, true);
     DrawScreenWindow(id_);
     EXPECT_EQ(ShownColour(), QColor(Qt::black));
 }
@@ -62,10 +64,10 @@ TEST_F(Palettes, AreStoredWithoutRedrawIfNotRequested)
 {
     Show(Qt::white);
     const int drawings = Views[id_].Drawings;
-    PaletteSet(PaletteBlackAndWhite, id_, false);
+    PaletteSet(PaletteNumber::BlackAndWhite, id_, false);
     ColorSet(0x010203, id_, ColourMarker, false);
     EXPECT_EQ(Views[id_].Drawings, drawings);
-    EXPECT_EQ(PaletteOf(id_), PaletteBlackAndWhite);
+    EXPECT_EQ(PaletteOf(id_), PaletteNumber::BlackAndWhite);
     EXPECT_EQ(ColorGet(id_, ColourMarker), 0x010203u);
     ColorSet(0x010204, id_, ColourMarker, true);
     EXPECT_EQ(Views[id_].Drawings, drawings + 1);
@@ -76,23 +78,23 @@ TEST_F(Palettes, ChoiceTakesEffectAtOnce)
 {
     Show(Qt::white);
     PaletteChoice choice(id_);
-    EXPECT_EQ(choice.Remembered(), PaletteColour);
+    EXPECT_EQ(choice.Remembered(), PaletteNumber::Colour);
     EXPECT_FALSE(BlackAndWhite());
-    choice.Choose(PaletteBlackAndWhite);
+    choice.Choose(PaletteNumber::BlackAndWhite);
     EXPECT_EQ(ShownColour(), QColor(Qt::black));
     EXPECT_TRUE(BlackAndWhite());
-    EXPECT_EQ(TheColorDefaults().PalNr, PaletteBlackAndWhite);
+    EXPECT_EQ(TheColorDefaults().PalNr, PaletteNumber::BlackAndWhite);
 }
 
 TEST_F(Palettes, CancelRestoresPalette)
 {
     Show(Qt::white);
     PaletteChoice choice(id_);
-    choice.Choose(PaletteBlackAndWhite);
+    choice.Choose(PaletteNumber::BlackAndWhite);
     choice.Cancel();
     EXPECT_EQ(ShownColour(), QColor(Qt::white));
-    EXPECT_EQ(PaletteOf(id_), PaletteColour);
-    EXPECT_EQ(TheColorDefaults().PalNr, PaletteColour);
+    EXPECT_EQ(PaletteOf(id_), PaletteNumber::Colour);
+    EXPECT_EQ(TheColorDefaults().PalNr, PaletteNumber::Colour);
     EXPECT_FALSE(BlackAndWhite());
 }
 
@@ -111,7 +113,7 @@ TEST_F(Palettes, FlagFollowsActiveDocument)
     const WindowId first = id_;
     Show(Qt::white);
     EXPECT_FALSE(BlackAndWhite());
-    PaletteSet(PaletteBlackAndWhite, first, true);
+    PaletteSet(PaletteNumber::BlackAndWhite, first, true);
     EXPECT_FALSE(BlackAndWhite()) << "another document is the active one";
     WindowSetActive(first);
     EXPECT_TRUE(BlackAndWhite());
@@ -124,7 +126,7 @@ TEST_F(Palettes, FlagFollowsActiveDocument)
 TEST_F(Palettes, AnyOtherNumberIsColourOnWhite)
 {
     Show(Qt::green);
-    PaletteSet(5, id_, true);
+    PaletteSet(kUnknownPalette, id_, true);
     EXPECT_EQ(ShownColour(), QColor(Qt::green));
     EXPECT_EQ(PaperColor(id_), 0xFFFFFFu);
     EXPECT_FALSE(BlackAndWhite());

@@ -13,7 +13,7 @@ using ScreenWindows = ScreenTest;
 
 TEST_F(ScreenWindows, NewOneHasSizeOfItsPicture)
 {
-    const WindowId id = Open(SubtypeFile, Picture({ 900, 300 }));
+    const WindowId id = Open(WindowSubtype::File, Picture({ 900, 300 }));
     EXPECT_EQ(Views[id].Client, QSize(900, 300));
     EXPECT_EQ(Views[id].Graph, QSize(900, 300));
     EXPECT_EQ(WindowAt(id).DefaultWidth, 900);
@@ -93,7 +93,7 @@ TEST_F(ScreenWindows, ReusedOneGetsNewSize)
     const WindowId id = Open();
     Views[id].WindowState = WinState::Maximised;
     WindowAt(id).TitleTemplate = QStringLiteral("mine");
-    ScreenCreate({ id, SubtypeLive, true }, { Picture({ 100, 50 }), QDateTime(), QStringLiteral("x"), true });
+    ScreenCreate({ id, WindowSubtype::Live, true }, { Picture({ 100, 50 }), QDateTime(), QStringLiteral("x"), true });
     EXPECT_EQ(Views.Loaded, 1);
     EXPECT_EQ(Views[id].WindowState, WinState::Normal);
     EXPECT_EQ(Views[id].Client, QSize(100, 50));
@@ -104,10 +104,10 @@ TEST_F(ScreenWindows, ReusedOneGetsNewSize)
 
 TEST_F(ScreenWindows, ReusedOneOfSameSizeGetsNewAspect)
 {
-    const WindowId id = Open(SubtypeFile, Picture({ 200, 100 }));
+    const WindowId id = Open(WindowSubtype::File, Picture({ 200, 100 }));
     Views[id].Client = { 300, 150 };
     ApplySize(id);
-    ScreenCreate({ id, SubtypeFile, true }, { Picture({ 300, 150 }), QDateTime(), QString(), false });
+    ScreenCreate({ id, WindowSubtype::File, true }, { Picture({ 300, 150 }), QDateTime(), QString(), false });
     EXPECT_EQ(Views[id].Client, QSize(300, 150));
     EXPECT_EQ(ScreenOf(id)->Graph, Picture({ 300, 150 }));
 }
@@ -115,7 +115,7 @@ TEST_F(ScreenWindows, ReusedOneOfSameSizeGetsNewAspect)
 TEST_F(ScreenWindows, DateIsThatOfFileOrNow)
 {
     const QDateTime date(QDate(2020, 1, 2), QTime(3, 4, 5));
-    const WindowSlot slot = WindowAllocate(WindowScreen, SubtypeFile);
+    const WindowSlot slot = WindowAllocate(WindowType::Screen, WindowSubtype::File);
     ScreenCreate(slot, { Picture(), date, QString(), false });
     EXPECT_EQ(ScreenOf(slot.Id)->Date, date);
     EXPECT_EQ(ScreenOf(Open())->Date, moment_);
@@ -134,7 +134,7 @@ TEST_F(ScreenWindows, LiveOneShowsTitleAndFileShowsName)
 
 TEST_F(ScreenWindows, DrawingForcesColours)
 {
-    TheColorDefaults() = { 1, 2, 3, 4, PaletteColour };
+    TheColorDefaults() = { 1, 2, 3, 4, PaletteNumber::Colour };
     const WindowId id = Open();
     EXPECT_EQ(ColorGet(id, ColourBackground), 0xCECFCEu);
     EXPECT_EQ(ColorGet(id, ColourForeground), 0u);
@@ -403,7 +403,7 @@ TEST_F(ScreenWindows, CopyWithoutWindowDoesNothing)
 TEST_F(ScreenWindows, WithoutFormsHaveSizeOfTheirPictures)
 {
     TheScreenDesktop().Reset();
-    const WindowId id = Open(SubtypeFile, Picture({ 33, 44 }));
+    const WindowId id = Open(WindowSubtype::File, Picture({ 33, 44 }));
     EXPECT_EQ(ViewOf(id)->ClientSize(), QSize(33, 44));
     EXPECT_EQ(ViewOf(id)->GraphSize(), QSize(33, 44));
     EXPECT_EQ(ViewOf(id)->State(), WinState::Normal);

@@ -17,6 +17,8 @@ namespace tarvik {
 
 namespace {
 
+constexpr auto kUnknownPalette = static_cast<PaletteNumber>(5);
+
 class PaletteForm : public ScreenForms {
 protected:
     PaletteForm()
@@ -108,8 +110,8 @@ TEST_F(PaletteForm, CloseKeepsChoice)
         Click(form, "OpPalette[1]");
         Click(form, "BtClose");
     });
-    EXPECT_EQ(Document(id).PalNr, PaletteBlackAndWhite);
-    EXPECT_EQ(TheColorDefaults().PalNr, PaletteBlackAndWhite);
+    EXPECT_EQ(Document(id).PalNr, PaletteNumber::BlackAndWhite);
+    EXPECT_EQ(TheColorDefaults().PalNr, PaletteNumber::BlackAndWhite);
     Run([&](FmPalette& form) {
         EXPECT_TRUE(Find<QRadioButton>(form, "OpPalette[1]").isChecked());
         Click(form, "BtClose");
@@ -127,7 +129,7 @@ TEST_F(PaletteForm, CancelAndEscapeRestorePalette)
                 Click(form, "BtCancel");
             EXPECT_TRUE(form.IsClosed());
         });
-        EXPECT_EQ(Document(id).PalNr, PaletteColour);
+        EXPECT_EQ(Document(id).PalNr, PaletteNumber::Colour);
         EXPECT_EQ(Document(id).Graph, Picture());
     }
 }
@@ -151,13 +153,13 @@ TEST_F(PaletteForm, ArrowKeysChooseAtOnceAndTabReachesButtons)
 
 TEST_F(PaletteForm, ShowsPictureForInvalidPalette)
 {
-    PaletteStore(5, id);
+    PaletteStore(kUnknownPalette, id);
     Run([&](FmPalette& form) {
         EXPECT_TRUE(Find<QRadioButton>(form, "OpPalette[0]").isChecked());
         Click(form, "OpPalette[1]");
         Click(form, "BtCancel");
     });
-    EXPECT_EQ(Document(id).PalNr, 5);
+    EXPECT_EQ(Document(id).PalNr, kUnknownPalette);
     EXPECT_EQ(Document(id).Graph, Picture());
 }
 
@@ -168,17 +170,17 @@ TEST_F(PaletteForm, EnterKeepsChoice)
         Key(Qt::Key_Return);
         EXPECT_TRUE(form.IsClosed());
     });
-    EXPECT_EQ(Document(id).PalNr, PaletteBlackAndWhite);
+    EXPECT_EQ(Document(id).PalNr, PaletteNumber::BlackAndWhite);
 }
 
 TEST_F(PaletteForm, DoesNotOpenForDiagram)
 {
-    const WindowSlot slot = WindowAllocate(WindowDataSet, SubtypeDataSet);
+    const WindowSlot slot = WindowAllocate(WindowType::DataSet, WindowSubtype::DataSet);
     WindowInitialise(slot, {}, 0);
     StatusSet(QStringLiteral("before"));
     ColorDialog(); // a form would block here
     EXPECT_EQ(TheFrame()->StatusText(), "");
-    EXPECT_EQ(TheColorDefaults().PalNr, PaletteColour);
+    EXPECT_EQ(TheColorDefaults().PalNr, PaletteNumber::Colour);
 }
 
 TEST_F(PaletteForm, FrameShowsItsHint)

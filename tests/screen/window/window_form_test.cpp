@@ -87,14 +87,14 @@ TEST_F(ScreenWindowForm, IsDrawnOnceOnOpening)
     FakeFrame seen;
     NewDocument document;
     document.Master = Picture();
-    ScreenCreate(WindowAllocate(WindowScreen, SubtypeFile), document);
+    ScreenCreate(WindowAllocate(WindowType::Screen, WindowSubtype::File), document);
     QCoreApplication::processEvents();
     EXPECT_EQ(seen.Log.filter(LngStr(10106)).size(), 1);
 }
 
 TEST_F(ScreenWindowForm, StatusPanelIsFilledButHidden)
 {
-    MfScreen& window = Window(Open(SubtypeLive));
+    MfScreen& window = Window(Open(WindowSubtype::Live));
     EXPECT_EQ(TextOf(window, "TbStatHead[1]"), LngStr(14501));
     EXPECT_NE(TextOf(window, "TbStatHead[0]"), "");
     EXPECT_NE(TextOf(window, "TbStatHead[2]"), "");
@@ -130,7 +130,7 @@ TEST_F(ScreenWindowForm, PanelAndDescriptionUseDocumentColours)
 TEST_F(ScreenWindowForm, CaptionIsFileNameOrTitle)
 {
     const WindowId file = Open();
-    const WindowId live = Open(SubtypeLive);
+    const WindowId live = Open(WindowSubtype::Live);
     EXPECT_EQ(Child(file).windowTitle(), "picture 1.png");
     EXPECT_TRUE(Child(live).windowTitle().startsWith(LngStr(14500) + LngStr(14301)));
     EXPECT_EQ(Graph(file).accessibleName(), "picture 1.png");
@@ -147,7 +147,7 @@ TEST_F(ScreenWindowForm, CaptionShowsPlaceholderCharactersLiterally)
 TEST_F(ScreenWindowForm, IconDistinguishesLiveScreensFromFiles)
 {
     const QImage file = Child(Open()).windowIcon().pixmap(32).toImage();
-    const QImage live = Child(Open(SubtypeLive)).windowIcon().pixmap(32).toImage();
+    const QImage live = Child(Open(WindowSubtype::Live)).windowIcon().pixmap(32).toImage();
     EXPECT_FALSE(file.isNull());
     EXPECT_FALSE(live.isNull());
     EXPECT_NE(file, live);
@@ -177,7 +177,7 @@ TEST_F(ScreenWindowForm, HelpNumbersDependOnKind)
     EXPECT_EQ(HelpNumberOf(&Child(file)), 14401);
     EXPECT_EQ(HelpNumberOf(&Description(file)), 14402);
     EXPECT_EQ(HelpNumberOf(&FindControl(Window(file), "TbStatus")), 14504);
-    const WindowId live = Open(SubtypeLive);
+    const WindowId live = Open(WindowSubtype::Live);
     EXPECT_EQ(HelpNumberOf(&Graph(live)), 14502);
     EXPECT_EQ(HelpNumberOf(&Description(live)), 14503);
 }
@@ -324,7 +324,7 @@ TEST_F(ScreenWindowForm, DroppedFilesGoToFrame)
     int windows = 1;
     for (QWidget* at : { &Graph(id), static_cast<QWidget*>(&Description(id)) }) {
         Drop(*at, FilePath("dropped.png"));
-        EXPECT_EQ(WindowCount(0), ++windows);
+        EXPECT_EQ(WindowCount(), ++windows);
     }
     EXPECT_EQ(WindowAt(id).Description, "");
 }
@@ -364,7 +364,7 @@ TEST_F(ScreenWindowForm, ClosedDialogLeavesFrameActive)
 
 TEST_F(ScreenWindowForm, CloseBoxAsksForLiveScreen)
 {
-    const WindowId id = Open(SubtypeLive);
+    const WindowId id = Open(WindowSubtype::Live);
     Answers().Expect(12714, Cancel);
     EXPECT_FALSE(Child(id).close());
     EXPECT_TRUE(WindowInUse(id));
@@ -379,7 +379,7 @@ TEST_F(ScreenWindowForm, SlotOfClosedWindowIsReusableAtOnce)
     const WindowId first = Open();
     const WindowSlot slot = [first] {
         DropWindow(first);
-        return WindowAllocate(WindowScreen, SubtypeFile);
+        return WindowAllocate(WindowType::Screen, WindowSubtype::File);
     }();
     ASSERT_EQ(slot.Id, first);
     NewDocument document;
@@ -405,13 +405,13 @@ TEST_F(ScreenWindowForm, RefusesToCloseWhileCommandRuns)
 TEST_F(ScreenWindowForm, CommandClosesActiveOne)
 {
     const WindowId first = Open();
-    const WindowId second = Open(SubtypeLive);
+    const WindowId second = Open(WindowSubtype::Live);
     Answers().Expect(12714, No);
     Item("MnWindowClose").trigger();
     EXPECT_FALSE(WindowInUse(second));
     EXPECT_EQ(WindowTable().Active, first);
     Item("MnFileClose").trigger();
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
     QCoreApplication::processEvents();
     EXPECT_TRUE(frame->ChildArea()->subWindowList().isEmpty());
 }
@@ -433,26 +433,26 @@ TEST_F(ScreenWindowForm, ClosingActivatesPreviouslyActiveOne)
 
 TEST_F(ScreenWindowForm, CloseAllStopsAtFirstThatStays)
 {
-    const WindowId live = Open(SubtypeLive);
+    const WindowId live = Open(WindowSubtype::Live);
     Open();
     Answers().Expect(12714, Cancel);
     Item("MnWindowCloseAll").trigger();
-    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_EQ(WindowCount(), 1);
     EXPECT_TRUE(WindowInUse(live));
     Answers().Expect(12714, No);
     Item("MnWindowCloseAll").trigger();
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
 }
 
 TEST_F(ScreenWindowForm, ProgramAsksForWindowsBeforeExit)
 {
-    Open(SubtypeLive);
+    Open(WindowSubtype::Live);
     Answers().Expect(12714, Cancel);
     EXPECT_FALSE(frame->close());
-    EXPECT_EQ(WindowCount(0), 1);
+    EXPECT_EQ(WindowCount(), 1);
     Answers().Expect(12714, No);
     EXPECT_TRUE(frame->close());
-    EXPECT_EQ(WindowCount(0), 0);
+    EXPECT_EQ(WindowCount(), 0);
 }
 
 TEST_F(ScreenWindowForm, OldestOfHundredIsReplacedInPlace)
@@ -460,13 +460,13 @@ TEST_F(ScreenWindowForm, OldestOfHundredIsReplacedInPlace)
     QVector<WindowId> ids;
     for (int count = 0; count < kDocumentsOfType; ++count) {
         TheSeams().Now = [count] { return QDateTime(QDate(2026, 1, 1), QTime(0, 0)).addSecs(count); };
-        ids.append(Open(SubtypeFile, Picture(QSize(64, 48))));
+        ids.append(Open(WindowSubtype::File, Picture(QSize(64, 48))));
     }
     QMdiSubWindow* oldest = &Child(ids[0]);
     oldest->showMaximized();
     TheSeams().Now = [] { return QDateTime(QDate(2026, 1, 2), QTime(0, 0)); };
     Answers().Expect(12713, Yes);
-    const WindowId id = Open(SubtypeLive, Picture(QSize(400, 300)));
+    const WindowId id = Open(WindowSubtype::Live, Picture(QSize(400, 300)));
     EXPECT_EQ(id, ids[0]);
     EXPECT_EQ(&Child(id), oldest);
     EXPECT_FALSE(oldest->isMaximized());

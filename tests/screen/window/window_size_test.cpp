@@ -162,7 +162,7 @@ TEST_F(ScreenWindowSize, ChangesWhileMinimisedAreShownAfterwards)
 {
     const WindowId id = Open();
     Child(id).showMinimized();
-    PaletteStore(PaletteBlackAndWhite, id);
+    PaletteStore(PaletteNumber::BlackAndWhite, id);
     Child(id).showNormal();
     QImage expected = Picture();
     ConvertToBlackAndWhite(expected);
@@ -171,7 +171,7 @@ TEST_F(ScreenWindowSize, ChangesWhileMinimisedAreShownAfterwards)
 
 TEST_F(ScreenWindowSize, CascadeRestoresEveryDefaultSize)
 {
-    const QVector<WindowId> ids{ Open(), Open(SubtypeFile, Picture(QSize(300, 400))), Open() };
+    const QVector<WindowId> ids{ Open(), Open(WindowSubtype::File, Picture(QSize(300, 400))), Open() };
     DescrSetVisible(true, ids[2]);
     DragAndRelease(ids[2], QPoint(90, 0));
     Item("MnWindowTileHoriz").trigger();
@@ -214,7 +214,7 @@ TEST_F(ScreenWindowSize, CascadePutsActiveWindowInFront)
 
 TEST_F(ScreenWindowSize, AreaScrollsToHiddenWindowsAndBackWhenTiled)
 {
-    const QVector<WindowId> ids{ Open(SubtypeFile, Picture(QSize(2000, 1500))), Open() };
+    const QVector<WindowId> ids{ Open(WindowSubtype::File, Picture(QSize(2000, 1500))), Open() };
     QScrollBar* bar = frame->ChildArea()->horizontalScrollBar();
     EXPECT_TRUE(bar->isVisible());
     bar->setValue(bar->maximum());
@@ -232,7 +232,7 @@ TEST_F(ScreenWindowSize, TilesStacked)
     ExpectTiled(ids);
     for (const WindowId id : ids)
         EXPECT_EQ(Child(id).x(), 0);
-    EXPECT_EQ(TheScreenWindows().Arranging, ArrangeNone);
+    EXPECT_EQ(TheScreenWindows().Arranging, Arrangement::None);
 }
 
 TEST_F(ScreenWindowSize, TilesSideBySide)
@@ -284,7 +284,7 @@ TEST_F(ScreenWindowSize, TilingRestoresMaximisedAndKeepsMinimisedWindows)
 TEST_F(ScreenWindowSize, TilingLeavesRoomForScrollBar)
 {
     const QImage wide = Picture(QSize(900, 90));
-    const QVector<WindowId> ids{ Open(SubtypeFile, wide), Open(SubtypeFile, wide), Open() };
+    const QVector<WindowId> ids{ Open(WindowSubtype::File, wide), Open(WindowSubtype::File, wide), Open() };
     Child(ids[2]).showMinimized();
     Item("MnWindowTileHoriz").trigger();
     QCoreApplication::processEvents();
@@ -333,7 +333,7 @@ TEST_F(ScreenWindowSize, ClosingMaximisedWindowTilesOthers)
     frame->ChildArea()->activeSubWindow()->showMaximized();
     Item("MnWindowClose").trigger();
     QCoreApplication::processEvents();
-    ASSERT_EQ(WindowCount(0), 2);
+    ASSERT_EQ(WindowCount(), 2);
     ExpectTiled(WindowsFor(MaskAll, true));
 }
 
@@ -368,7 +368,7 @@ TEST_F(ScreenWindowSize, TilesHundredWindowsWithoutOverlap)
 {
     QVector<WindowId> ids;
     for (int count = 0; count < kDocumentsOfType; ++count)
-        ids.append(Open(SubtypeFile, Picture(QSize(128, 72))));
+        ids.append(Open(WindowSubtype::File, Picture(QSize(128, 72))));
     Item("MnWindowTileVert").trigger();
     ExpectTiled(ids);
     Item("MnWindowTileHoriz").trigger();
@@ -381,7 +381,7 @@ TEST_F(ScreenWindowSize, TilesHundredWindowsWithoutOverlap)
 
 TEST_F(ScreenWindowSize, PictureIsSharpAtDoubleScale)
 {
-    const WindowId id = Open(SubtypeFile, Picture(QSize(800, 600)));
+    const WindowId id = Open(WindowSubtype::File, Picture(QSize(800, 600)));
     DragAndRelease(id, QPoint(-400, 0));
     EXPECT_EQ(Shown(id), Stretch(Document(id).Master, DevicePixels(id)));
 }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* kSkipLeaveCheckProperty = "SkipLeaveCheck";
 
-/// Swallows the mouse press of the control that did not get the focus.
+/// Swallows the mouse press of the control that did not get the focus, and the context menu that the press asks for.
 class PressSwallower final : public QObject {
 public:
     PressSwallower()
@@ -23,12 +23,19 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (!watched->isWidgetType() || event->type() != QEvent::MouseButtonPress)
+        if (!watched->isWidgetType())
             return false;
-        qApp->removeEventFilter(this);
-        deleteLater();
+        if (event->type() == QEvent::ContextMenu)
+            return pressed_;
+        if (event->type() != QEvent::MouseButtonPress || pressed_)
+            return false;
+        pressed_ = true;
+        deleteLater(); // once the system's event has been handled
         return true;
     }
+
+private:
+    bool pressed_ = false;
 };
 
 class LeaveCheck final : public QObject {

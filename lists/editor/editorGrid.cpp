@@ -71,7 +71,10 @@ void EditorGrid::BuildHeaders()
         header->setAccessibleName(PlainCaption(header->text()));
         header->setAlignment(AlignmentOf(description.Kind));
         SetControlHelp(header, shape_.CellHelp);
-        connect(header, &GridHeader::Clicked, this, [this, column] { rows_.HeaderClicked(column); });
+        connect(header, &GridHeader::Clicked, this, [this, column] {
+            if (MayLeaveFocus())
+                rows_.HeaderClicked(column);
+        });
         headers_.push_back(header);
     }
 }
@@ -125,6 +128,7 @@ void EditorGrid::BuildScrollBar()
     SetControlHelp(VScroll1, shape_.CellHelp);
     VScroll1->setRange(0, shape_.Rows - shape_.VisibleRows);
     VScroll1->setPageStep(shape_.VisibleRows);
+    VScroll1->installEventFilter(this);
     connect(VScroll1, &QScrollBar::valueChanged, this, &EditorGrid::OnScroll);
 }
 
@@ -279,6 +283,11 @@ bool EditorGrid::Commit()
         return true;
     CellSetFocus(row, column);
     return false;
+}
+
+bool EditorGrid::MayLeaveFocus()
+{
+    return Commit() && CheckFocused(window());
 }
 
 bool EditorGrid::CheckPage()

@@ -93,6 +93,10 @@ public:
     /// Checks the cell that is being edited. False keeps the focus there.
     [[nodiscard]] bool Commit();
 
+    /// Checks the edited cell and the focused control of the form, for clicks and commands that move the focus without
+    /// Qt's focus change by mouse or Tab. False keeps the focus there.
+    [[nodiscard]] bool MayLeaveFocus();
+
     /// Checks the visible cells of used rows, top down. False with the focus on the first bad one.
     [[nodiscard]] bool CheckPage();
 
@@ -161,6 +165,7 @@ private:
     void OnCheck(int index, int column, bool checked);
     void ScrollTo(int topRow);
     bool OnCellEvent(Cell& cell, QEvent* event);
+    bool OnScrollBarEvent(const QEvent* event);
     bool OnCellKey(const Cell& cell, const QKeyEvent* event);
     bool OnRowClicked(const Cell& cell);
     bool OnDoubleClick(const Cell& cell);

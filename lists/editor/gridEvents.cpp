@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -29,6 +30,8 @@ bool IsFocusMoved(const QEvent* event)
 
 bool EditorGrid::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == VScroll1)
+        return OnScrollBarEvent(event);
     Cell* cell = CellOf(watched);
     return cell != nullptr && OnCellEvent(*cell, event);
 }
@@ -57,6 +60,22 @@ bool EditorGrid::OnCellEvent(Cell& cell, QEvent* event)
     }
 }
 
+/// Swallows the press or wheel that would scroll away from a bad cell: the bar would lose the release to the message,
+/// and repeat the press for ever.
+bool EditorGrid::OnScrollBarEvent(const QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        return static_cast<const QMouseEvent*>(event)->button() != Qt::RightButton && !Commit();
+    case QEvent::ContextMenu: // follows the press of the right button
+    case QEvent::Wheel:
+        return !Commit();
+    default:
+        return false;
+    }
+}
+
 bool EditorGrid::OnCellKey(const Cell& cell, const QKeyEvent* event)
 {
     const Qt::KeyboardModifiers others = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
@@ -66,7 +85,7 @@ bool EditorGrid::OnCellKey(const Cell& cell, const QKeyEvent* event)
 bool EditorGrid::OnRowClicked(const Cell& cell)
 {
     const int row = topRow_ + cell.Index; // before Commit, which may scroll
-    if (Commit())
+    if (MayLeaveFocus())
         CellSetFocus(row, currentColumn_);
     return true;
 }
@@ -76,7 +95,7 @@ bool EditorGrid::OnDoubleClick(const Cell& cell)
     if (columns_[static_cast<size_t>(cell.Column)].Kind == CellKind::Check)
         return false; // toggles twice
     const int row = topRow_ + cell.Index;
-    if (Commit())
+    if (MayLeaveFocus())
         rows_.RowOpened(row);
     return true;
 }

@@ -158,7 +158,7 @@ void FmEditorMemory::RowOpened(int)
 void FmEditorMemory::HeaderClicked(int column)
 {
     const std::optional<MemorySortKey> key = MemorySortKeyOfHeader(column, SortKey());
-    if (!key || !Grid().Commit())
+    if (!key)
         return;
     CbSort->setCurrentIndex(static_cast<int>(*key));
     OnSort();
@@ -189,7 +189,7 @@ MemorySortKey FmEditorMemory::SortKey() const
 
 void FmEditorMemory::ShowEditorDialog()
 {
-    if (!Grid().Commit())
+    if (!Grid().MayLeaveFocus())
         return;
     Grid().ShowCurrentRow();
     const int row = Grid().CurrentRow();

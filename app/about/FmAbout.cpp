@@ -47,7 +47,7 @@ void FmAbout::BuildLabels()
     LbUse1 = NewLabel(this, "LbUse1", { TextId::AboutPurpose });
     LbCopy = NewLabel(this, "LbCopy", { TextId::AboutCopyright });
     LbVers = NewLabel(this, "LbVers", { TextId::AboutVersion });
-    LbVers->setText(AboutVersionText(ProductPreRelease()));
+    LbVers->setText(AboutVersionText(Program().PreRelease));
     LbVers->setAccessibleName(LbVers->text());
     LbVers->setTextInteractionFlags(Qt::TextSelectableByMouse);
 }

@@ -81,7 +81,7 @@ void RemoveTemporaryFiles()
 
 void ReportPreRelease()
 {
-    if (ProductPreRelease().isEmpty())
+    if (Program().PreRelease.isEmpty())
         return;
     MsgOk1(TextId::PreReleaseVersion,
         Program().ProgramTitle + u' ' + ProductVersionNumbers() + u' ' + ProductVersionText());

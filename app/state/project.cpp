@@ -60,11 +60,6 @@ QString ProductVersionNumbers()
     return QStringLiteral("%1.%2.%3").arg(ProductMajor()).arg(ProductMinor()).arg(ProductBuild());
 }
 
-QString ProductPreRelease()
-{
-    return {};
-}
-
 ProgramState& Program()
 {
     static ProcessState<ProgramState> state;

@@ -12,7 +12,6 @@ int ProductMinor();
 int ProductBuild();
 int ProductSecondBuild();
 QString ProductVersionNumbers(); ///< major, minor and build joined by points
-QString ProductPreRelease(); ///< empty in a released build
 
 /// State of a window; the numbers are those of the settings file.
 enum class WinState : qint16 { Normal = 0, Minimised = 1, Maximised = 2 };
@@ -30,6 +29,7 @@ struct ProgramState {
     bool Started = false; ///< start-up has finished; its last steps
     bool CloseRequested = false; ///< the system has asked the program to end, and it can't act yet; the frame
     bool Ended = false; ///< the frame has closed: no new work starts; ProjectUnload
+    QString PreRelease; ///< tag after the version; nothing sets it in this version
     QString ProgramTitle; ///< title of messages and of the frame; start-up
     QString AppPath; ///< executable's folder, always ending in the separator; start-up
     QString CommandLine; ///< the arguments joined by blanks; start-up

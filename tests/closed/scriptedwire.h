@@ -44,6 +44,7 @@ struct WireScript {
     std::string Sent;
     size_t MaxPiece = SIZE_MAX; ///< maximum bytes per receive
     std::chrono::milliseconds PieceTime{ 0 }; ///< passes on the fake clock before each receive
+    int LeftMs = -1; ///< of the deadline of the last send or receive, before it
     size_t SendLimit = SIZE_MAX; ///< sending fails after this many bytes
     size_t Sends = 0;
     bool IsClosed = false; ///< by the instrument
@@ -58,8 +59,9 @@ public:
     {
     }
 
-    bool Send(ByteView bytes, const Deadline&) override
+    bool Send(ByteView bytes, const Deadline& deadline) override
     {
+        script_.LeftMs = deadline.LeftMs();
         ++script_.Sends;
         if (script_.Sent.size() + bytes.size() > script_.SendLimit)
             return false;
@@ -74,6 +76,7 @@ public:
 
     bool Receive(std::span<uint8_t> room, size_t& got, const Deadline& deadline) override
     {
+        script_.LeftMs = deadline.LeftMs();
         FakeClock::Pass(script_.PieceTime);
         if (deadline.IsOver())
             return false;

@@ -248,3 +248,20 @@ TEST_F(ScpiFaults, AnswerWithOneChangedByteGivesWholeFileOrNone)
         }
     }
 }
+
+TEST_F(ScriptedScpiTest, EveryOperationHasItsTimeOut)
+{
+    constexpr int32_t kGivenMs = 7777;
+    const tvscpi::FakeClock clock;
+    Store(Path(), "old");
+    for (const Operation& operation : Operations()) {
+        Connect();
+        Answer(operation.Answer);
+        EXPECT_EQ(operation.Run(scpi, Path(), kGivenMs), kOk) << operation.Name;
+        const bool isTransfer = operation.Name.starts_with("scpiGet") || operation.Name.starts_with("scpiPut");
+        const bool isGiven = isTransfer && operation.Name != "scpiGetCurrentDirectory";
+        EXPECT_EQ(script.LeftMs, isGiven ? kGivenMs : 5000) << operation.Name;
+    }
+    EXPECT_EQ(Call(scpi.scpiSend, "*RST"), kOk);
+    EXPECT_EQ(script.LeftMs, 5000);
+}

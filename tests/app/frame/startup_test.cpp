@@ -177,6 +177,20 @@ TEST_F(Startup, RemovesLeftOverTemporaryFilesBeforeTheFrameShows)
     EXPECT_EQ(whenShown, (QStringList{ "temp03.csv", "temp10.png", "temp7.png" }));
 }
 
+TEST_F(Startup, ReportsPreReleaseBetweenFrameAndConnection)
+{
+    ASSERT_TRUE(Init());
+    Program().PreRelease = "beta 2";
+    const QString version = "Tarvik " + ProductVersionNumbers() + ' ' + ProductVersionText();
+    host.Log.clear();
+    Answers().ExpectWhile(12706, Ok, [this] { host.Log.append("message"); });
+    ASSERT_TRUE(ProjectStart(host));
+    EXPECT_TRUE(TheMessage().Text.startsWith(version + " is a pre-release version")) << TheMessage().Text.toStdString();
+    const qsizetype message = host.Log.indexOf("message");
+    EXPECT_GT(message, host.Log.indexOf("show"));
+    EXPECT_LT(message, host.Log.indexOf("connect 0"));
+}
+
 TEST_F(Startup, OpensTheFileOfTheCommandLineInsteadOfConnecting)
 {
     Store(FilePath("my list.tvm"), "x");

@@ -13,7 +13,7 @@ TEST_F(Project, VersionTextIsItsThreeNumbers)
         ProductVersionText(), QStringLiteral("%1.%2.%3").arg(ProductMajor()).arg(ProductMinor()).arg(ProductBuild()));
     EXPECT_EQ(ProductTitle(), "Tarvik");
     EXPECT_EQ(ProductSecondBuild(), 0);
-    EXPECT_EQ(ProductPreRelease(), "");
+    EXPECT_EQ(Program().PreRelease, "");
     EXPECT_EQ(HelpFileName(), "TARVIK.chm");
 }
 

@@ -3,7 +3,6 @@
 #include "app/frame/keyboardHook.h"
 #include "app/frame/placement.h"
 #include "app/frame/tip.h"
-#include "app/message/messageForm.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 #include "closed/loader.h"
@@ -13,8 +12,6 @@
 #include "tests/support/fakeHelp.h"
 #include "tests/support/fixture.h"
 
-#include <QFontMetrics>
-#include <QGuiApplication>
 #include <QMimeData>
 
 #include <cstring>
@@ -315,29 +312,6 @@ TEST(Placement, SubtractsTheBordersOfAFrameAsLargeAsAScreen)
     EXPECT_EQ(PlacedSize(QRect({ 0, 0 }, kTwoScreens.first().size()), kTwoScreens, borders), QSize(1912, 1050));
     EXPECT_EQ(PlacedSize(QRect(0, 0, 1920, 1079), kTwoScreens, borders), QSize(1920, 1079));
     EXPECT_EQ(PlacedSize(QRect(5, 5, 800, 600), kTwoScreens, borders), QSize(800, 600));
-}
-
-TEST(MessageLayout, RowIsTheButtonsTheirGapsAndBothMargins)
-{
-    EXPECT_EQ(MsgRowWidthPx({ 80 }), 80 + 32);
-    EXPECT_EQ(MsgRowWidthPx({ 80, 90, 100 }), 270 + 2 * 16 + 32);
-    EXPECT_EQ(MsgRowWidthPx({}), 32);
-}
-
-TEST(MessageLayout, TextWrapsAtTheScreensWidthLess274)
-{
-    EXPECT_EQ(MsgWrapWidthPx(1280), 1006);
-    EXPECT_EQ(MsgWrapWidthPx(300), 200);
-}
-
-TEST(MessageLayout, BreaksOnlyWordsThatAreTooWide)
-{
-    const QFont font = QGuiApplication::font();
-    const int width = QFontMetrics(font).horizontalAdvance(QString(10, u'm'));
-    EXPECT_EQ(MsgLines("short words stay", font, width).join(u' '), "short words stay");
-    const QStringList lines = MsgLines(QString(25, u'm'), font, width);
-    EXPECT_EQ(lines.size(), 3);
-    EXPECT_EQ(lines.join(QString()), QString(25, u'm'));
 }
 
 } // namespace tarvik

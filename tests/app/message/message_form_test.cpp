@@ -375,6 +375,15 @@ TEST(MessageFormText, BreaksBetweenWordsWhereItCan)
     EXPECT_EQ(MsgLines("two words and more", font, width), QStringList({ "two words", "and more" }));
 }
 
+TEST(MessageFormText, BreaksWordsThatAreTooWide)
+{
+    const QFont font;
+    const int width = QFontMetrics(font).horizontalAdvance(QString(10, u'm'));
+    const QStringList lines = MsgLines(QString(25, u'm'), font, width);
+    EXPECT_EQ(lines.size(), 3);
+    EXPECT_EQ(lines.join(QString()), QString(25, u'm'));
+}
+
 TEST(MessageFormText, KeepsLineEndsAndEmptyLines)
 {
     EXPECT_EQ(MsgLines("one\n\n  two\n", QFont(), 500), QStringList({ "one", "", "  two", "" }));
@@ -391,6 +400,7 @@ TEST(MessageFormText, DoesNotSplitCharacters)
 TEST(MessageFormText, LeavesSpaceForMarginsAndButtons)
 {
     EXPECT_EQ(MsgWrapWidthPx(1920), 1646);
+    EXPECT_EQ(MsgWrapWidthPx(300), 200);
     EXPECT_EQ(MsgTextHeightPx(1080), 920);
     EXPECT_GT(MsgWrapWidthPx(100), 0);
     EXPECT_GT(MsgTextHeightPx(100), 0);
@@ -398,6 +408,7 @@ TEST(MessageFormText, LeavesSpaceForMarginsAndButtons)
 
 TEST(MessageFormText, ButtonRowHasGapsAndMargins)
 {
+    EXPECT_EQ(MsgRowWidthPx({}), 32);
     EXPECT_EQ(MsgRowWidthPx({ 80 }), 80 + 32);
     EXPECT_EQ(MsgRowWidthPx({ 80, 90, 100 }), 270 + 2 * 16 + 32);
 }

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <csignal>
+#include <utility>
 
 namespace tarvik {
 
@@ -130,6 +131,16 @@ TEST_F(TarvikctlLink, DownloadedScreenShotKeepsDate)
     SetChanged("Screen Shots/Shot, \"1\".png", kChanged);
     ExpectDone(To({ "get", "screen", "Shot, \"1\".png", "shot.png" }));
     EXPECT_EQ(QFileInfo(Path(QStringLiteral("shot.png"))).lastModified(), kChanged);
+}
+
+TEST_F(TarvikctlLink, DownloadedFileHasItsOwnDate)
+{
+    StartInstrument();
+    for (const char* name : { "Screen Shots/A.png", "Screen Shots/B.png", "Screen Shots/Z.png" })
+        StoreOnInstrument(name, "shot");
+    SetChanged("Screen Shots/B.png", kChanged);
+    ExpectDone(To({ "get", "screen", "B.png" }));
+    EXPECT_EQ(QFileInfo(Path(QStringLiteral("B.png"))).lastModified(), kChanged);
 }
 
 TEST_F(TarvikctlLink, AsksBeforeReplacingLocalFile)
@@ -316,6 +327,24 @@ TEST_F(TarvikctlLink, SkippedHourIsListedAndStamped)
     }
 }
 
+TEST_F(TarvikctlLink, InstrumentTakesTimesAsItsOwn)
+{
+    SetEnvironment("TZ", "CET-1CEST,M3.5.0/2,M10.5.0/3");
+    StartInstrument();
+    SetEnvironment("TZ", "UTC0");
+    Store("New.png", "shot");
+    for (const auto& [sent, listed] :
+        { std::pair{ QDateTime(QDate(2024, 7, 1), QTime(12, 0), Qt::UTC), "2024-07-01 12:00" },
+            std::pair{ QDateTime(QDate(2024, 1, 1), QTime(12, 0), Qt::UTC), "2024-01-01 12:00" },
+            std::pair{ QDateTime(QDate(2024, 3, 31), QTime(2, 30), Qt::UTC), "2024-03-31 03:30" } }) {
+        QFile file(Path("New.png"));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.setFileTime(sent, QFileDevice::FileModificationTime));
+        file.close();
+        ASSERT_EQ(To({ "put", "--yes", "screen", "New.png" }).ExitCode, 0);
+        EXPECT_TRUE(To({ "ls", "screen" }).Out.contains(listed + QStringLiteral(":00  New.png\n"))) << listed;
+    }
+}
+
 TEST_F(TarvikctlLink, RepeatedHourKeepsItsClockTime)
 {
     const QString zone = "CET-1CEST,M3.5.0/2,M10.5.0/3";
@@ -346,6 +375,15 @@ TEST_F(TarvikctlForeign, ReplacesControlCharacters)
     server.Answer("1,2,\"a\x90"
                   "b\",FILE,5,2024,1,2,3,4,5\n0,\"No error\"\n");
     EXPECT_EQ(To({ "ls" }).Out, QStringLiteral("2024-01-02 03:04:05  a?b\n"));
+}
+
+TEST_F(TarvikctlForeign, ListsByName)
+{
+    server.Answer("maker,model,1,2\n");
+    server.Answer("1,2,\"b\",FILE,5,2024,1,2,3,4,5,\"C\",DIR,0,2024,1,2,3,4,5,\"A\",FILE,5,2024,1,2,3,4,5\n"
+                  "0,\"No error\"\n");
+    EXPECT_EQ(
+        To({ "ls" }).Out, QStringLiteral("2024-01-02 03:04:05  A\n2024-01-02 03:04:05  b\n2024-01-02 03:04:05  C\\\n"));
 }
 
 TEST_F(TarvikctlForeign, OtherInstrumentIsNeverChanged)
@@ -391,25 +429,59 @@ TEST_F(TarvikctlLink, SaysThatNameCannotBeSent)
     EXPECT_FALSE(QFile::exists(Path(QStringLiteral("out.tvk"))));
 }
 
-TEST_F(TarvikctlLink, InterruptedDownloadLeavesNothing)
-{
-    StartInstrument({ "--rate", "20000" });
-    StoreOnInstrument("Screen Shots/Long.png", QByteArray(1000000, 'x'));
-    const QStringList before = FolderEntries();
-    for (const int signal : { SIGINT, SIGTERM, SIGHUP }) {
-        QProcess process;
+/// A download that can be observed while it runs.
+class RunningDownload : public TarvikctlLink {
+protected:
+    /// Starts it and waits until it writes.
+    void Start(qsizetype bytes)
+    {
+        StartInstrument({ "--rate", "20000" });
+        StoreOnInstrument("Screen Shots/Long.png", QByteArray(bytes, 'x'));
+        Restart();
+    }
+
+    void Restart()
+    {
+        before = FolderEntries();
         process.setWorkingDirectory(Path({}));
         process.start(QStringLiteral(TARVIKCTL), { "--to", to_, "get", "screen", "Long.png" });
         ASSERT_TRUE(process.waitForStarted());
         while (FolderEntries() == before)
             ASSERT_FALSE(process.waitForFinished(5)) << process.readAllStandardError().toStdString();
+    }
+
+    void Send(int signal)
+    {
         ASSERT_EQ(::kill(static_cast<pid_t>(process.processId()), signal), 0);
         ASSERT_TRUE(process.waitForFinished(60000));
+        EXPECT_EQ(process.readAllStandardError(), QByteArray());
+    }
+
+    QProcess process;
+    QStringList before;
+};
+
+TEST_F(RunningDownload, InterruptedLeavesNothing)
+{
+    Start(1000000);
+    for (const int signal : { SIGINT, SIGTERM, SIGHUP }) {
+        if (process.state() == QProcess::NotRunning)
+            Restart();
+        Send(signal);
         EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
         EXPECT_EQ(process.exitCode(), signal);
-        EXPECT_EQ(process.readAllStandardError(), QByteArray());
         EXPECT_EQ(FolderEntries(), before);
     }
+}
+
+TEST_F(RunningDownload, IgnoredSignalDoesNotStopIt)
+{
+    process.setChildProcessModifier([] { std::signal(SIGINT, SIG_IGN); });
+    Start(20000);
+    Send(SIGINT);
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 0);
+    EXPECT_EQ(Bytes(QStringLiteral("Long.png")), QByteArray(20000, 'x'));
 }
 
 } // namespace tarvik

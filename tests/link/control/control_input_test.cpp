@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QToolTip>
+#include <QWheelEvent>
 
 namespace tarvik {
 
@@ -346,6 +347,23 @@ TEST_F(ControlForm, PcFolderBoxDropsDownDrivesAndEntersThem)
     combo.setCurrentIndex(0);
     Q_EMIT combo.activated(0);
     EXPECT_EQ(CurrentPcFolder(), "/");
+}
+
+TEST_F(ControlForm, WheelOverFolderBoxKeepsFolder)
+{
+    Open(FileClassKfactorTable);
+    auto& combo = Find<FolderComboBox>(form, "CmbPc");
+    combo.showPopup();
+    combo.hidePopup();
+    const QString folder = CurrentPcFolder();
+    const QPointF at = combo.rect().center();
+    for (const int turn : { 120, -120 }) {
+        QWheelEvent event(
+            at, combo.mapToGlobal(at), {}, { 0, turn }, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&combo, &event);
+        EXPECT_EQ(combo.currentText(), "pc");
+        EXPECT_EQ(CurrentPcFolder(), folder);
+    }
 }
 
 TEST_F(ControlForm, DropDownKeepsScrollPosition)

@@ -2,6 +2,8 @@
 #include "app/state/statusBar.h"
 #include "app/text/ansi.h"
 #include "app/text/lang.h"
+#include "app/values/numberText.h"
+#include "app/values/region.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -15,6 +17,8 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QValidator>
+
+#include <algorithm>
 
 namespace tarvik {
 
@@ -62,6 +66,18 @@ public:
     State validate(QString& input, int&) const override
     {
         return IsAnsi(input) ? Acceptable : Invalid;
+    }
+};
+
+class NumberValidator final : public QValidator {
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& input, int&) const override
+    {
+        const QChar mark = IniDecimalChar().front();
+        const auto isAllowed = [mark](QChar character) { return IsAnsi(character) || IsNumberSign(character, mark); };
+        return std::all_of(input.begin(), input.end(), isAllowed) ? Acceptable : Invalid;
     }
 };
 
@@ -271,6 +287,11 @@ QString PlainTip(const QString& text)
 void LimitToAnsi(QLineEdit* textBox)
 {
     textBox->setValidator(new AnsiValidator(textBox));
+}
+
+void LimitToNumber(QLineEdit* textBox)
+{
+    textBox->setValidator(new NumberValidator(textBox));
 }
 
 } // namespace tarvik

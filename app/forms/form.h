@@ -166,4 +166,7 @@ QString PlainTip(const QString& text);
 /// Restricts the input to Windows-1252, so that a file keeps all of it.
 void LimitToAnsi(QLineEdit* textBox);
 
+/// As above for a number, which may also have the characters of `PlainNumber`.
+void LimitToNumber(QLineEdit* textBox);
+
 } // namespace tarvik

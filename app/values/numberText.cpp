@@ -52,6 +52,28 @@ bool IsSpace(char character)
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
+bool IsDigitOfAnyScript(QChar character)
+{
+    return character.category() == QChar::Number_DecimalDigit && !IsDigit(Unit(character));
+}
+
+bool IsMinus(QChar character)
+{
+    return character == QChar(0x2212);
+}
+
+bool IsDecimalMark(QChar character, QChar ofRegion)
+{
+    const bool isPlain = character == u'.' || character == u',';
+    return !isPlain && (character == ofRegion || character == QChar(0x066B));
+}
+
+/// Written around a number or its sign in regions that write from right to left.
+bool IsDirectionMark(QChar character)
+{
+    return character == QChar(0x200E) || character == QChar(0x200F) || character == QChar(0x061C);
+}
+
 template <typename Text>
 Text NumberPart(Text text)
 {
@@ -66,6 +88,27 @@ bool HoldsNumber(QStringView text)
 {
     const QStringView part = NumberPart(text);
     return std::any_of(part.begin(), part.end(), [](QChar character) { return IsDigit(Unit(character)); });
+}
+
+bool IsNumberSign(QChar character, QChar decimalMark)
+{
+    return IsDigitOfAnyScript(character) || IsMinus(character) || IsDirectionMark(character)
+        || IsDecimalMark(character, decimalMark);
+}
+
+QString PlainNumber(QString typed, QChar decimalMark)
+{
+    const QChar plainMark = typed.contains(u',') ? u',' : u'.'; // a second mark is an error, not a group mark
+    for (QChar& character : typed) {
+        if (IsDigitOfAnyScript(character))
+            character = QChar(u'0' + character.digitValue());
+        else if (IsMinus(character))
+            character = u'-';
+        else if (IsDecimalMark(character, decimalMark))
+            character = plainMark;
+    }
+    typed.removeIf(IsDirectionMark);
+    return typed;
 }
 
 bool ReadNumber(QByteArrayView text, double& value)

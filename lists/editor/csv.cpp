@@ -49,8 +49,8 @@ char DecimalOfFiles()
 {
     if (!CsvUseLocaleForm())
         return 0;
-    const QByteArray decimal = ToAnsi(IniDecimalChar());
-    return decimal.isEmpty() ? '.' : decimal.front();
+    const QString decimal = IniDecimalChar();
+    return IsAnsi(decimal) ? ToAnsi(decimal).front() : '.'; // a file has no other characters
 }
 
 } // namespace

@@ -115,7 +115,7 @@ QWidget* EditorGrid::BuildCell(int index, int column)
         return text;
     }
     text->setMaxLength(description.MaxLength);
-    LimitToAnsi(text);
+    description.Kind == CellKind::Number ? LimitToNumber(text) : LimitToAnsi(text);
     connect(text, &QLineEdit::textChanged, this,
         [this, index, column](const QString& changed) { OnText(index, column, changed); });
     return text;

@@ -155,6 +155,8 @@ void fmEditorMemoryListProp::WatchChanges()
         connect(textBox, &QLineEdit::textChanged, this, changed);
     for (QComboBox* combo : findChildren<QComboBox*>())
         connect(combo, &QComboBox::currentIndexChanged, this, changed);
+    for (QLineEdit* number : { TbFrequency, TbSquelchVal, TbAttennaNumber, TbDFSquelchVal, TbDFMeasurementTime })
+        LimitToNumber(number);
     CheckLeaving(TbFrequency, MemoryEntryField::Frequency);
     CheckLeaving(TbSquelchVal, MemoryEntryField::SquelchLevel);
     CheckLeaving(TbAttennaNumber, MemoryEntryField::AntennaNumber);

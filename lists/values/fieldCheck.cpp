@@ -54,16 +54,12 @@ QChar DecimalSeparator()
 
 bool StrToDouble(const QString& text, double& value)
 {
-    QString plain = text;
-    const QChar separator = DecimalSeparator();
-    if (separator != u'.' && separator != u',')
-        plain.replace(separator, u'.');
-    return ReadNumber(plain.toLatin1(), value);
+    return ReadNumber(PlainNumber(text, DecimalSeparator()).toLatin1(), value);
 }
 
 bool StrToDoubleChecked(const QString& text, double& value)
 {
-    return IsNumberText(text) && StrToDouble(text, value);
+    return IsNumberText(PlainNumber(text, DecimalSeparator())) && StrToDouble(text, value);
 }
 
 bool StrToDoubleChecked(QByteArrayView text, double& value)

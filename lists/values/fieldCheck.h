@@ -12,10 +12,10 @@ namespace tarvik {
 /// The decimal separator of the locale.
 QChar DecimalSeparator();
 
-/// `ReadNumber` for typed text, which may also have the locale's decimal separator. False leaves `value` unchanged.
+/// `ReadNumber` for typed text, which may also have the characters of `PlainNumber`. False leaves `value` unchanged.
 [[nodiscard]] bool StrToDouble(const QString& text, double& value);
 
-/// As above, but false unless `IsNumberText(text)`.
+/// As above, but false unless it is an `IsNumberText`.
 [[nodiscard]] bool StrToDoubleChecked(const QString& text, double& value);
 
 /// As above for a field of a file, without conversion to QString.

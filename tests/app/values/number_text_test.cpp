@@ -61,6 +61,28 @@ TEST(NumberText, ReadsNumberAtStartInEitherNotation)
         EXPECT_EQ(NumberIn(number.Text), number.Number) << number.Text;
 }
 
+TEST(NumberText, CharactersOfRegionsBecomePlainOnes)
+{
+    constexpr QChar kArabic(0x066B);
+    EXPECT_EQ(PlainNumber(QStringLiteral("100\u066B5"), kArabic), "100.5");
+    EXPECT_EQ(PlainNumber(QStringLiteral("100\u066B5"), u'.'), "100.5");
+    EXPECT_EQ(PlainNumber(QStringLiteral("1,000\u066B5"), kArabic), "1,000,5");
+    EXPECT_EQ(PlainNumber(QStringLiteral("1'5"), u'\''), "1.5");
+    EXPECT_EQ(PlainNumber(QStringLiteral("1.234,5"), u','), "1.234,5");
+    EXPECT_EQ(PlainNumber(QStringLiteral("\u2212\u0661\u06F2\u0967"), u'.'), "-121");
+    EXPECT_EQ(PlainNumber(QStringLiteral("\u200E-\u200E5\u200F\u061C"), u'.'), "-5");
+    EXPECT_EQ(PlainNumber(QStringLiteral("7\u00B2 \u066C"), u'.'), QStringLiteral("7\u00B2 \u066C"));
+}
+
+TEST(NumberText, OnlyThoseCharactersAreNumberSigns)
+{
+    for (const char16_t sign : { u'\u066B', u'\u2212', u'\u0661', u'\u06F9', u'\u200E', u'\u200F', u'\u061C' })
+        EXPECT_TRUE(IsNumberSign(sign, u'.')) << int(sign);
+    for (const char16_t other : { u'1', u'.', u',', u'-', u'\u00B2', u'\u066C', u'\u6F22' })
+        EXPECT_FALSE(IsNumberSign(other, u',')) << int(other);
+    EXPECT_TRUE(IsNumberSign(u'\'', u'\''));
+}
+
 TEST(NumberText, RefusesAnythingElse)
 {
     for (const char* text : { "", " ", "abc", "abc12", "MHz 12", "-", "- e", " -e ", "+-.,", "- 5", "1 2", "1.2.3",

@@ -3,6 +3,7 @@
 #include "closed/loader.h"
 #include "lists/editor/csv.h"
 #include "lists/editor/editorGeneral.h"
+#include "lists/values/fieldCheck.h"
 
 #include <QDir>
 #include <QFile>
@@ -54,6 +55,21 @@ TEST_F(Csv, FilesHaveCommasAndPointsInAnyRegion)
     EXPECT_FALSE(CsvUseLocaleForm());
     EXPECT_EQ(CsvListSeparator(), ',');
     EXPECT_EQ(CsvNumberText(0.5), " 0.5");
+}
+
+TEST_F(CsvOfRegion, EveryRegionReadsTheNumbersItWrites)
+{
+    for (const QLocale& region :
+        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+        TheSeams().Region = [region] { return region; };
+        for (const double number : { 0.0, 0.5, -130.25, 145500000.125, 8e9 }) {
+            const QByteArray text = CsvNumberText(number);
+            double read = -1;
+            EXPECT_TRUE(StrToDoubleChecked(QByteArrayView(text), read)) << text.constData();
+            EXPECT_EQ(read, number) << region.name().toStdString();
+            EXPECT_FALSE(text.contains(CsvListSeparator())) << region.name().toStdString();
+        }
+    }
 }
 
 TEST_F(CsvOfRegion, CsvExtensionOfClassSelectsRegionFormat)

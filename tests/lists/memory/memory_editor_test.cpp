@@ -93,6 +93,32 @@ TEST_F(MemoryEditor, TypedFrequencyMakesRowUsedWithItsNumber)
     EXPECT_EQ(record.Frequency, 145500000);
 }
 
+TEST_F(MemoryEditor, DecimalMarkThatCellShowsCanBeTyped)
+{
+    SetRegion(QLocale(QLocale::Persian, QLocale::Iran));
+    Open(StoredList({ 5 }));
+    ASSERT_EQ(CellText(3, 5), QStringLiteral("105\u066B000000"));
+    TypeCell(3, 5, "100");
+    QTest::sendKeyEvent(QTest::Click, &Cell(3, 5), Qt::Key_unknown, QStringLiteral("\u066B"), Qt::NoModifier);
+    QTest::keyClicks(&Cell(3, 5), QStringLiteral("5"));
+    Key(Qt::Key_Down);
+    EXPECT_EQ(CellText(3, 5), QStringLiteral("100\u066B500000"));
+    Find<QLineEdit>(form, "TbName").setText("Van");
+    EXPECT_EQ(Saved().Row(5).Frequency, 100500000);
+}
+
+TEST_F(MemoryEditor, CellTakesNoOtherCharacters)
+{
+    Open(StoredList({ 5 }));
+    TypeCell(3, 5, "100");
+    for (const QString& text : { QStringLiteral("\u066C"), QStringLiteral("\u6F22") })
+        QTest::sendKeyEvent(QTest::Click, &Cell(3, 5), Qt::Key_unknown, text, Qt::NoModifier);
+    EXPECT_EQ(CellText(3, 5), "100");
+    TypeCell(5, 5, "Van");
+    QTest::sendKeyEvent(QTest::Click, &Cell(5, 5), Qt::Key_unknown, QStringLiteral("\u066B"), Qt::NoModifier);
+    EXPECT_EQ(CellText(5, 5), "Van");
+}
+
 TEST_F(MemoryEditor, TypedDescriptionMakesRowUsedWithoutFrequency)
 {
     Open();

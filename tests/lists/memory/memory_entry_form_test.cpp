@@ -58,6 +58,25 @@ TEST_F(MemoryEntryForm, HasItsControls)
         1);
 }
 
+TEST_F(MemoryEntryForm, NumbersTakeTheDecimalMarkThatTheyShow)
+{
+    SetRegion(QLocale(QLocale::Arabic, QLocale::Egypt));
+    Run([&] {
+        for (const char* name :
+            { "TbFrequency", "TbSquelchVal", "TbAttennaNumber", "TbDFSquelchVal", "TbDFMeasurementTime" }) {
+            auto& box = Find<QLineEdit>(form, name);
+            box.selectAll();
+            box.insert(QStringLiteral("40\u066B5"));
+            EXPECT_EQ(box.text(), QStringLiteral("40\u066B5")) << name;
+        }
+        Find<QLineEdit>(form, "TbAttennaNumber").setText("1");
+        Find<QLineEdit>(form, "TbDFMeasurementTime").setText("1");
+        Click(form, "BtOk");
+    });
+    EXPECT_EQ(MemoryEntry().Frequency, 40500000);
+    EXPECT_EQ(MemoryEntry().SquelchLevel, 40.5);
+}
+
 TEST_F(MemoryEntryForm, LabelsHaveTheirTexts)
 {
     const QList<std::pair<QString, int>> texts{ { "BtHelp", 10733 }, { "BtCancel", 10707 }, { "BtOk", 10705 },

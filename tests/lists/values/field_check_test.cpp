@@ -5,6 +5,7 @@
 #include "lists/values/fieldCheck.h"
 
 #include <QLocale>
+#include <QSet>
 
 namespace tarvik {
 
@@ -63,6 +64,49 @@ TEST_F(FieldCheck, RegionWithOtherDecimalSeparatorReadsWhatItWrites)
     ASSERT_TRUE(CheckCellScaled(text, hertz, kWide, kMegahertzCell));
     ASSERT_TRUE(CheckCellScaled(text, hertz, kWide, kMegahertzCell));
     EXPECT_EQ(hertz, 145500000.0);
+}
+
+TEST_F(FieldCheck, EveryRegionReadsWhatItsCellsShow)
+{
+    QSet<QChar> marks;
+    for (const QLocale& region :
+        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+        SetRegion(region);
+        marks.insert(DecimalSeparator());
+        for (const CellFormat& format : { kMegahertzCell, kLevelCell, CellFormat{ "##0", 1.0 } }) {
+            for (const double value : { 0.0, 1.0, 12.0, -5.0, 20e6, 145.5e6, 1234567890.0, 8e9, -130.25, 1e12 }) {
+                QString text = CellText(value, format);
+                const QString shown = text;
+                double read = 0;
+                ASSERT_TRUE(CheckCellScaled(text, read, kWide, format)) << region.name().toStdString();
+                EXPECT_EQ(text, shown) << region.name().toStdString() << ' ' << value;
+            }
+        }
+    }
+    EXPECT_EQ(marks, (QSet<QChar>{ u'.', u',', QChar(0x066B) }));
+}
+
+TEST_F(FieldCheck, EveryRegionReadsItsOwnDigitsAndMinus)
+{
+    for (QLocale region : QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+        if (region.zeroDigit().size() > 1)
+            continue; // outside the characters that a cell holds
+        SetRegion(region);
+        region.setNumberOptions(QLocale::OmitGroupSeparator);
+        const QString typed = region.toString(100.5, 'f', 1);
+        EXPECT_EQ(Number(typed), 100.5) << region.name().toStdString();
+        EXPECT_EQ(Number(region.negativeSign() + typed), -100.5) << region.name().toStdString();
+    }
+}
+
+TEST_F(FieldCheck, ArabicDecimalMarkIsOneInEveryRegion)
+{
+    EXPECT_EQ(Number(QStringLiteral("100\u066B5")), 100.5);
+    double value = 7;
+    EXPECT_FALSE(StrToDoubleChecked(QStringLiteral("1,000\u066B5"), value));
+    EXPECT_FALSE(StrToDoubleChecked(QStringLiteral("1.000\u066B5"), value));
+    EXPECT_FALSE(StrToDoubleChecked(QStringLiteral("1\u066B000\u066B5"), value));
+    EXPECT_EQ(value, 7);
 }
 
 TEST_F(FieldCheck, MegahertzAreStoredAsHertzAndFormatted)

@@ -32,6 +32,15 @@ public:
     {
         return Connection().InstrumentAccepted == 1;
     }
+    QString Name() const override
+    {
+        return conFieldsOf(Connection().SelectedEntry).Name;
+    }
+    QString Address() const override
+    {
+        const ConnectionFields fields = conFieldsOf(Connection().SelectedEntry);
+        return fields.Address + u':' + fields.Port;
+    }
     bool IsConnecting() const override
     {
         return Connection().ConnectInProgress;

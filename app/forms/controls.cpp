@@ -223,6 +223,7 @@ QPushButton* NewButton(QWidget* parent, const char* name, const ControlTexts& te
 QLabel* NewLabel(QWidget* parent, const char* name, const ControlTexts& texts)
 {
     auto* label = Prepared(new QLabel(parent), name, texts);
+    label->setTextFormat(Qt::PlainText); // a name in it may look like markup
     label->setAccessibleName(PlainCaption(label->text()));
     return label;
 }

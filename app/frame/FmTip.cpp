@@ -17,6 +17,7 @@ FmTip::FmTip(QWidget* parent)
     setAttribute(Qt::WA_ShowWithoutActivating);
     LbTip = new QLabel(this);
     LbTip->setObjectName(QStringLiteral("LbTip"));
+    LbTip->setTextFormat(Qt::PlainText);
     LbTip->setAlignment(Qt::AlignCenter);
     LbTip->setFrameShape(QFrame::Box);
     LbTip->setAutoFillBackground(true);

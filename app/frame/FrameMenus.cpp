@@ -12,6 +12,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QStyle>
@@ -39,6 +41,7 @@ FrameMenus::FrameMenus(QMainWindow* frame)
         AddGroup(group, menu);
         frame->menuBar()->addMenu(menu);
     }
+    connect(Action("MnWindow")->menu(), &QMenu::aboutToShow, this, &FrameMenus::ListWindows);
     for (const MenuGroup& group : PopupTable()) {
         auto* menu = new QMenu(frame);
         AddGroup(group, menu);
@@ -80,9 +83,9 @@ void FrameMenus::AddEntry(const MenuEntry& entry, QMenu* menu)
 }
 
 /// A menu shows the text after a tab as the item's key; the frame's key handler handles the key itself.
-void FrameMenus::SetEntryText(QAction* action, TextNumber<0> text, int help)
+void FrameMenus::SetEntryText(QAction* action, TextNumber<0> text, int help, Command run)
 {
-    const QString caption = LngStr(text);
+    const QString caption = CaptionWithKey(LngStr(text), run);
     action->setText(FrameCaption(caption, IsNtFamily()));
     action->setProperty(kHelpNumberProperty, help);
 }
@@ -96,7 +99,7 @@ void FrameMenus::SetTexts()
         for (const MenuEntry& entry : group.Items) {
             if (entry.Name == nullptr)
                 continue;
-            SetEntryText(Action(entry.Name), entry.Text, entry.Help);
+            SetEntryText(Action(entry.Name), entry.Text, entry.Help, entry.Run);
             if (pictures && entry.Picture != kNoPicture) {
                 const auto& button = ToolBarTable()[static_cast<size_t>(entry.Picture)];
                 Action(entry.Name)->setIcon(MenuPictureIcon(QString::fromLatin1(button.Picture)));
@@ -129,6 +132,38 @@ void FrameMenus::Apply(const MenuOutcome& outcome)
         Action("MnViewDescription")->setEnabled(*outcome.DescriptionEnabled);
     if (outcome.DescriptionChecked)
         Action("MnViewDescription")->setChecked(*outcome.DescriptionChecked);
+}
+
+void FrameMenus::ListWindows()
+{
+    qDeleteAll(windowList_);
+    windowList_.clear();
+    const auto windows = frame_->findChild<QMdiArea*>()->subWindowList();
+    if (windows.isEmpty())
+        return;
+    QMenu* menu = Action("MnWindow")->menu();
+    windowList_.append(menu->addSeparator());
+    for (int at = 0; at < windows.size(); ++at)
+        AddWindow(menu, windows[at], at + 1);
+}
+
+void FrameMenus::AddWindow(QMenu* menu, QMdiSubWindow* window, int number)
+{
+    constexpr int kLastKey = 9;
+    const QString key = number > kLastKey ? QString() : QStringLiteral("&");
+    QString title = window->windowTitle();
+    QAction* action = menu->addAction(key + QStringLiteral("%1 %2").arg(number).arg(title.replace(u'&', u"&&"_qs)));
+    action->setObjectName(QStringLiteral("MnWindowList[%1]").arg(number));
+    action->setProperty(kHelpNumberProperty, HelpId::WindowList);
+    action->setCheckable(true);
+    action->setChecked(window == window->mdiArea()->activeSubWindow());
+    connect(action, &QAction::hovered, this, [] { StatusSetId(TextId::WindowListHint); });
+    connect(action, &QAction::triggered, window, [window] {
+        if (window->isMinimized())
+            window->showNormal();
+        window->mdiArea()->setActiveSubWindow(window);
+    });
+    windowList_.append(action);
 }
 
 void FrameMenus::SetConnectCaption(const ConnectCaption& caption)

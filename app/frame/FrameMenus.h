@@ -10,6 +10,7 @@
 
 class QAction;
 class QMainWindow;
+class QMdiSubWindow;
 class QMenu;
 
 namespace tarvik {
@@ -37,7 +38,9 @@ public:
 private:
     void AddGroup(const MenuGroup& group, QMenu* menu);
     void AddEntry(const MenuEntry& entry, QMenu* menu);
-    void SetEntryText(QAction* action, TextNumber<0> text, int help);
+    void SetEntryText(QAction* action, TextNumber<0> text, int help, Command run = Command::None);
+    void ListWindows();
+    void AddWindow(QMenu* menu, QMdiSubWindow* window, int number);
     void SetConnectCaption(const ConnectCaption& caption);
     void SetPopupStates(const MenuGroup& group);
     QAction* Action(const char* name) const;
@@ -45,6 +48,7 @@ private:
     QMainWindow* frame_;
     QHash<QString, QAction*> actions_; ///< by entry name; a menu's own action under the menu's name
     QHash<QString, QMenu*> popups_;
+    QList<QAction*> windowList_; ///< at the end of the Window menu; made when it opens
 };
 
 } // namespace tarvik

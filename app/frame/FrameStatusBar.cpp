@@ -3,6 +3,7 @@
 #include "app/forms/Pictures.h"
 #include "app/forms/form.h"
 #include "app/frame/ProgressPicture.h"
+#include "app/platform/instrumentLink.h"
 #include "app/text/lang.h"
 #include "app/text/textId.h"
 
@@ -23,6 +24,7 @@ constexpr std::array<TextNumber<0>, kStatusPanels> kPanelHints{ TextId::StatusBa
     TextId::StatusBarProgressHint, TextId::StatusBarInstrumentHint, TextId::StatusBarCommandHint };
 
 constexpr int kProgressPanel = 2;
+constexpr int kInstrumentPanel = 3;
 
 /// Elides a long text instead of widening the frame; the tip has the whole text.
 class StatusPanel final : public QLabel {
@@ -137,6 +139,7 @@ void FrameStatusBar::SetTexts()
     SetStatusControl(progress_, TextId::StatusBarProgressHint, HelpId::StatusBarProgress);
     SetStatusControl(ImConnect, TextId::StatusBarConnectedHint, HelpId::StatusBarConnected);
     SetStatusControl(ImNoConnect, TextId::StatusBarNotConnectedHint, HelpId::StatusBarNotConnected);
+    ImNoConnect->setToolTip(PlainTip(LngStr(TextId::StatusBarNotConnectedHint)));
 }
 
 void FrameStatusBar::SetPanelText(int panel, const QString& text)
@@ -154,6 +157,11 @@ void FrameStatusBar::ShowLinkState(bool linkUp)
 {
     ImConnect->setVisible(linkUp);
     ImNoConnect->setVisible(!linkUp);
+    const QString name = TheInstrumentLink()->Name();
+    const QString connection = LngStr2(TextId::StatusBarConnectedTo, name, TheInstrumentLink()->Address());
+    ImConnect->setToolTip(PlainTip(connection));
+    ImConnect->setAccessibleName(connection);
+    SetPanelText(kInstrumentPanel, linkUp ? name : QString());
 }
 
 void FrameStatusBar::EnablePanels(bool enabled)

@@ -25,6 +25,7 @@ public:
     void SetPanelText(int panel, const QString& text);
     QString PanelText(int panel) const;
 
+    /// The connection picture and, in panel 3, the name of the connection.
     void ShowLinkState(bool linkUp);
 
     /// Disables the panels, as while an editor is open.

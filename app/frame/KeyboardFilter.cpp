@@ -9,6 +9,7 @@
 #include "app/state/project.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
@@ -117,6 +118,8 @@ bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
     if (KeyboardHookKey(key))
         return true;
     const bool goesDown = !key.Released && !key.AutoRepeat;
+    if (key.Key == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier && goesDown)
+        return OpenMenuOf(watched);
     return key.Key == Qt::Key_F1 && goesDown && ShowTopicOf(watched);
 }
 
@@ -146,6 +149,19 @@ bool KeyboardFilter::ShowTopicOf(QObject* watched)
     if (help != 0)
         ShowHelp(help);
     return help != 0;
+}
+
+/// As the Menu key does, for keyboards without one.
+bool KeyboardFilter::OpenMenuOf(QObject* watched)
+{
+    QWidget* control = ControlOf(watched);
+    if (QApplication::focusWidget() != nullptr) // the event goes to the window first
+        control = QApplication::focusWidget();
+    if (control == nullptr || QApplication::activePopupWidget() != nullptr)
+        return false;
+    const QPoint at = control->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, at, control->mapToGlobal(at));
+    return QApplication::sendEvent(control, &menu) && menu.isAccepted();
 }
 
 bool KeyboardFilter::PopUpHelpOf(QObject* watched, QPoint position)

@@ -28,6 +28,7 @@ private:
     void NoteEscape(QKeyEvent& event);
     bool IsOurEscape(const QKeyEvent& event);
     bool ShowTopicOf(QObject* watched);
+    bool OpenMenuOf(QObject* watched);
     bool PopUpHelpOf(QObject* watched, QPoint position);
     bool PopUpHelpOfDisabledItem(QObject* watched, const QMouseEvent& event);
 

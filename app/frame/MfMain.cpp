@@ -4,6 +4,7 @@
 #include "app/forms/Pictures.h"
 #include "app/forms/darkColor.h"
 #include "app/forms/form.h"
+#include "app/frame/ChildArea.h"
 #include "app/frame/FrameMenus.h"
 #include "app/frame/FrameStatusBar.h"
 #include "app/frame/FrameToolbar.h"
@@ -30,6 +31,7 @@
 #include <QThread>
 #include <QTimer>
 
+#include <algorithm>
 #include <array>
 
 namespace tarvik {
@@ -93,7 +95,7 @@ MfMain::~MfMain()
 
 void MfMain::BuildAreas()
 {
-    MdiArea = new QMdiArea(this);
+    MdiArea = new tarvik::ChildArea(this);
     MdiArea->setObjectName(QStringLiteral("MdiArea"));
     MdiArea->setActivationOrder(
         QMdiArea::ActivationHistoryOrder); // a closed window gives way to the one used before it
@@ -265,6 +267,11 @@ void MfMain::ReturnFocus()
         child->setFocus();
 }
 
+QMdiArea* MfMain::ChildArea() const
+{
+    return MdiArea;
+}
+
 void MfMain::Popup(const QString& name, const QPoint& at)
 {
     menus_->Popup(name, at);
@@ -272,8 +279,13 @@ void MfMain::Popup(const QString& name, const QPoint& at)
 
 bool MfMain::FrameKeyDown(const QKeyEvent& event)
 {
-    const bool isCopy = event.key() == Qt::Key_C && event.modifiers() == Qt::ControlModifier;
-    return isCopy && RuleHolds(EnableRule::Document, MenuInputNow()) && CommandRun(Command::EditCopyGraph);
+    if (MdiArea->StepKey(event))
+        return true;
+    const auto& keys = FrameKeys();
+    const auto key =
+        std::find_if(keys.begin(), keys.end(), [&event](const FrameKey& one) { return one.Key == event.key(); });
+    return key != keys.end() && event.modifiers() == Qt::ControlModifier && RuleHolds(key->When, MenuInputNow())
+        && CommandRun(key->Run);
 }
 
 void MfMain::keyPressEvent(QKeyEvent* event)

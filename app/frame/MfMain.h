@@ -14,6 +14,7 @@ class QTimer;
 
 namespace tarvik {
 
+class ChildArea;
 class FrameMenus;
 class FrameStatusBar;
 class FrameToolbar;
@@ -39,13 +40,11 @@ public:
     /// Opens right-click menu `name` at screen position `at`, if the program can act.
     void Popup(const QString& name, const QPoint& at);
 
-    /// Handles a key of a child window: Ctrl+C copies. True if the key has run a command.
+    /// Handles a key that nothing in the frame has taken: `FrameKeys`, and the steps between child windows. True if it
+    /// did.
     bool FrameKeyDown(const QKeyEvent& event);
 
-    QMdiArea* ChildArea() const
-    {
-        return MdiArea;
-    }
+    QMdiArea* ChildArea() const;
 
     QString CommandLine() const override;
     QString ExecutableFolder() const override;
@@ -102,7 +101,7 @@ private:
     PortScope<Frame> framePort_{ TheFrame(), *this };
     CommandScope commands_;
     QString programFolder_;
-    QMdiArea* MdiArea = nullptr;
+    tarvik::ChildArea* MdiArea = nullptr;
     QLabel* ImLogoMr = nullptr;
     FrameMenus* menus_ = nullptr;
     FrameToolbar* toolbar_ = nullptr;

@@ -4,6 +4,8 @@
 #include "app/state/project.h"
 #include "app/text/textId.h"
 
+#include <algorithm>
+
 namespace tarvik {
 
 namespace {
@@ -106,6 +108,13 @@ TextNumber<0> MenuHint(const MenuEntry& entry, bool linkUp)
             return button.Hint;
     }
     return {};
+}
+
+QString CaptionWithKey(const QString& caption, Command run)
+{
+    const auto& keys = FrameKeys();
+    const bool hasKey = std::any_of(keys.begin(), keys.end(), [run](const FrameKey& key) { return key.Run == run; });
+    return hasKey ? caption : caption.section(u'\t', 0, 0);
 }
 
 QString FrameCaption(const QString& text, bool isNtFamily)

@@ -82,6 +82,17 @@ inline constexpr int kToolGroupGapTwips = 120;
 inline constexpr int kToolButtonConnect = 0;
 inline constexpr int kToolButtonWhatsThis = 20;
 
+/// A key of the frame, pressed with Ctrl.
+struct FrameKey {
+    int Key; ///< Qt::Key
+    Command Run;
+    EnableRule When;
+};
+const std::array<FrameKey, 6>& FrameKeys();
+
+/// The caption without the key after its tab, unless `run` is the command of a key.
+QString CaptionWithKey(const QString& caption, Command run);
+
 /// Caption and help number of `MnInstrConnect` and its twin.
 struct ConnectCaption {
     TextNumber<0> Text;

@@ -2,6 +2,8 @@
 #include "app/frame/menu.h"
 #include "app/text/textId.h"
 
+#include <QtCore/qnamespace.h>
+
 namespace tarvik {
 
 namespace {
@@ -224,6 +226,15 @@ const std::array<ToolButton, kToolButtons>& ToolBarTable()
         { Command::HelpWhatsThis, TextId::ToolWhatsThis, TextId::ToolWhatsThisHint, HelpId::ToolWhatsThis, Rule::Act,
             "whatsthis" },
     } };
+    return table;
+}
+
+const std::array<FrameKey, 6>& FrameKeys()
+{
+    static constexpr std::array<FrameKey, 6> table{ { { Qt::Key_C, Command::EditCopyGraph, Rule::Document },
+        { Qt::Key_O, Command::FileOpen, Rule::Act }, { Qt::Key_P, Command::FilePrint, Rule::Document },
+        { Qt::Key_Q, Command::FileExit, Rule::Act }, { Qt::Key_S, Command::FileSaveAs, Rule::Document },
+        { Qt::Key_W, Command::FileClose, Rule::Document } } };
     return table;
 }
 

@@ -198,9 +198,9 @@ QWidget* FmHelp::BuildPage()
     BtBack = NewButton(side, "BtBack", { TextId::HelpBack });
     BtForward = NewButton(side, "BtForward", { TextId::HelpForward });
     BtHome = NewButton(side, "BtHome", { TextId::HelpHome });
-    BtBack->setToolTip(LngStr(TextId::HelpBackHint));
-    BtForward->setToolTip(LngStr(TextId::HelpForwardHint));
-    BtHome->setToolTip(LngStr(TextId::HelpHomeHint));
+    BtBack->setToolTip(PlainTip(LngStr(TextId::HelpBackHint)));
+    BtForward->setToolTip(PlainTip(LngStr(TextId::HelpForwardHint)));
+    BtHome->setToolTip(PlainTip(LngStr(TextId::HelpHomeHint)));
     BrPage = new PageView(book_, side);
     NameControl(BrPage, QStringLiteral("BrPage"));
     BrPage->setAccessibleName(LngStr(TextId::HelpTopicColumn));
@@ -261,7 +261,7 @@ void FmHelp::FillList(QListWidget* list, const std::vector<HelpTopic>& topics)
         auto* item =
             new QListWidgetItem(needsPage ? topic.Title + LngStr(TextId::TitleSeparator) + page : topic.Title, list);
         item->setData(kPathRole, topic.Path);
-        item->setToolTip(item->text());
+        item->setToolTip(PlainTip(item->text()));
     }
 }
 

@@ -81,7 +81,7 @@ void BindHelpViewer()
 
 void ShowPopupHelp(QWidget* owner, int helpNumber, QPoint position)
 {
-    QWhatsThis::showText(position, PopupHelpText(helpNumber).toHtmlEscaped(), owner);
+    QWhatsThis::showText(position, PlainTip(PopupHelpText(helpNumber)), owner);
 }
 
 /// Menus show the texts of their items. They are set only now, so that the book is not read earlier.
@@ -91,7 +91,7 @@ void EnterWhatsThisMode()
         for (QAction* action : window->findChildren<QAction*>()) {
             const int help = action->property(kHelpNumberProperty).toInt();
             if (help != 0)
-                action->setWhatsThis(PopupHelpText(help).toHtmlEscaped());
+                action->setWhatsThis(PlainTip(PopupHelpText(help)));
         }
     }
     QWhatsThis::enterWhatsThisMode();

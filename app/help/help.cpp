@@ -4,13 +4,12 @@
 #include "app/platform/instrumentLink.h"
 #include "app/platform/seams.h"
 #include "app/state/frame.h"
+#include "app/text/lang.h"
 #include "app/text/textId.h"
 
 namespace tarvik {
 
 namespace {
-
-constexpr const char* kMakerSite = "https://www.tarvik.example/support";
 
 class NoHelp final : public HelpDisplay {
 public:
@@ -39,6 +38,15 @@ void ReportUnless(bool shown, int helpNumber)
         MsgOkNum(TextId::NoHelpForTopic, helpNumber);
 }
 
+void OpenSupport()
+{
+    const QString site = LngStr(TextId::SupportSite);
+    if (site.isEmpty())
+        ReportUnless(TheHelpDisplay()->ShowTopic(HelpId::CommandSupport), HelpId::CommandSupport);
+    else if (!TheSeams().OpenUrl(QUrl(site)))
+        MsgOk1(TextId::AddressNotOpened, site);
+}
+
 } // namespace
 
 Port<HelpDisplay>& TheHelpDisplay()
@@ -63,7 +71,7 @@ void HelpCommand(int id)
         ReportUnless(TheHelpDisplay()->ShowSearch(QString::fromLatin1(kHelpSearchQuery)), id);
         break;
     case HelpId::CommandSupport:
-        (void)TheSeams().OpenUrl(QUrl(QString::fromLatin1(kMakerSite)));
+        OpenSupport();
         break;
     default:
         break;

@@ -23,8 +23,9 @@ Port<HelpDisplay>& TheHelpDisplay();
 inline constexpr const char* kHelpSearchQuery = "help-1";
 
 /// The help commands of the frame by help number: 11901 About, 11971 contents, 11973 index, 11975 search,
-/// 11979 the maker's site. Any other number has no effect. If the viewer can't show the contents, the index or the
-/// search page and no message is showing: message 12702 with the number.
+/// 11979 support: the web site of text 12010, or its topic if that text is empty. Any other number has no effect. If
+/// the viewer can't show a page and no message is showing: message 12702 with the number; 12930 if the site can't be
+/// opened.
 void HelpCommand(int id);
 
 /// Shows the topic of a help number, unless the program is connecting. If the viewer can't and no message is showing:

@@ -10,6 +10,14 @@ public:
     {
         return false;
     }
+    QString Name() const override
+    {
+        return {};
+    }
+    QString Address() const override
+    {
+        return {};
+    }
     bool IsConnecting() const override
     {
         return false;

@@ -3,6 +3,8 @@
 
 #include "app/platform/port.h"
 
+#include <QString>
+
 namespace tarvik {
 
 /// Implemented by link/. Without it nothing is or gets connected.
@@ -12,6 +14,10 @@ public:
 
     /// True if the instrument that answered last was recognised.
     virtual bool IsAccepted() const = 0;
+
+    /// Name and address ("10.0.0.7:5555") of the connection in use, or of the last one.
+    virtual QString Name() const = 0;
+    virtual QString Address() const = 0;
 
     /// True while the program connects: help requests are ignored then.
     virtual bool IsConnecting() const = 0;

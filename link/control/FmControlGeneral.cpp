@@ -90,7 +90,7 @@ QPushButton* FmControlGeneral::NewFolderButton(
     QWidget* parent, const QString& name, TextNumber<0> text, TextNumber<0> hint, const char* icon)
 {
     QPushButton* button = NewNamedButton(parent, name, { text, text, hint });
-    button->setToolTip(button->text());
+    button->setToolTip(PlainTip(button->text()));
     button->setText({});
     button->setIcon(PictureIcon(QString::fromLatin1(icon)));
     return button;

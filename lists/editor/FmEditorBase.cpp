@@ -153,7 +153,7 @@ bool FmEditorBase::OnLoad()
 void FmEditorBase::ShowButtonTips()
 {
     for (QPushButton* button : findChildren<QPushButton*>())
-        button->setToolTip(LngStr(TextNumber<0>(HelpNumberOf(button))));
+        button->setToolTip(PlainTip(LngStr(TextNumber<0>(HelpNumberOf(button)))));
 }
 
 void FmEditorBase::FillCbExt()

@@ -67,6 +67,12 @@ TEST_F(BoundLink, CommandOpensConnections)
     EXPECT_TRUE(CanAct());
 }
 
+TEST_F(BoundLink, InstrumentHasNameAndAddressOfItsConnection)
+{
+    EXPECT_EQ(TheInstrumentLink()->Name(), "Van");
+    EXPECT_EQ(TheInstrumentLink()->Address(), "10.0.0.7:5555");
+}
+
 TEST_F(BoundLink, StartReconnects)
 {
     TheInstrumentLink()->AutoConnect(true);

@@ -13,6 +13,14 @@ public:
     {
         return Accepted;
     }
+    QString Name() const override
+    {
+        return ConnectionName;
+    }
+    QString Address() const override
+    {
+        return ConnectionAddress;
+    }
     bool IsConnecting() const override
     {
         return Connecting;
@@ -22,6 +30,8 @@ public:
         AutoConnects.append(connectedAtExit);
     }
 
+    QString ConnectionName;
+    QString ConnectionAddress;
     bool Accepted = false;
     bool Connecting = false;
     QList<bool> AutoConnects;

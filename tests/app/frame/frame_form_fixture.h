@@ -16,6 +16,8 @@
 #include "tests/support/forms.h"
 
 #include <QAction>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -76,6 +78,20 @@ protected:
     static void Count(Command command, int& runs)
     {
         BindCommand(command, [&runs] { ++runs; });
+    }
+
+    /// Opens `count` child windows, titled "Window 1" and so on; the last one is active.
+    QList<QMdiSubWindow*> OpenWindows(int count)
+    {
+        QList<QMdiSubWindow*> windows;
+        for (int number = 1; number <= count; ++number) {
+            auto* content = new QWidget;
+            content->setFocusPolicy(Qt::StrongFocus);
+            windows.append(frame->ChildArea()->addSubWindow(content));
+            windows.back()->setWindowTitle(QStringLiteral("Window %1").arg(number));
+            windows.back()->show();
+        }
+        return windows;
     }
 
     /// Gives the menus an active document.

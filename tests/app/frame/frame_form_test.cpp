@@ -4,6 +4,7 @@
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
 #include "tests/app/frame/frame_form_fixture.h"
+#include "tests/support/fakeInstrumentLink.h"
 
 #include <QApplication>
 #include <QHelpEvent>
@@ -34,7 +35,7 @@ TEST_F(MainFrame, EveryItemHasItsCaptionAndHelpNumber)
     const auto expectItem = [this](const MenuEntry& entry) {
         if (entry.Name == nullptr || entry.Text == 0)
             return;
-        EXPECT_EQ(Item(entry.Name).text(), LngStr(entry.Text)) << entry.Name;
+        EXPECT_EQ(Item(entry.Name).text(), CaptionWithKey(LngStr(entry.Text), entry.Run)) << entry.Name;
         EXPECT_EQ(Item(entry.Name).property(kHelpNumberProperty).toInt(), entry.Help) << entry.Name;
         EXPECT_EQ(Item(entry.Name).icon().isNull(), entry.Picture == kNoPicture) << entry.Name;
     };
@@ -311,6 +312,27 @@ TEST_F(MainFrame, DisablesItsStatusBarWhileAnEditorIsOpen)
     EXPECT_FALSE(FindControl(main, "StatusBar").isEnabled());
     TheFrame()->EnableStatusBar(true);
     EXPECT_TRUE(FindControl(main, "StatusBar").isEnabled());
+}
+
+TEST_F(MainFrame, NamesTheConnectedInstrument)
+{
+    FakeInstrumentLink instrument;
+    instrument.ConnectionName = QStringLiteral("Van <2>");
+    instrument.ConnectionAddress = QStringLiteral("10.0.0.7:5555");
+    MfMain& main = Start();
+    SetLink(true);
+    QWidget& picture = FindControl(main, "ImConnect");
+    const QString connection = QStringLiteral("Connected to “Van <2>” at 10.0.0.7:5555");
+    EXPECT_EQ(picture.toolTip(), PlainTip(connection));
+    EXPECT_EQ(picture.accessibleName(), connection);
+    EXPECT_EQ(TextOf(main, "Panel[3]"), "Van <2>");
+    SetLink(false);
+    EXPECT_EQ(TextOf(main, "Panel[3]"), "");
+    EXPECT_EQ(FindControl(main, "ImNoConnect").toolTip(), PlainTip(LngStr(13609)));
+    instrument.ConnectionName = QStringLiteral("Tower");
+    SetLink(true);
+    EXPECT_EQ(TextOf(main, "Panel[3]"), "Tower");
+    EXPECT_TRUE(picture.accessibleName().contains(QLatin1String("Tower")));
 }
 
 TEST_F(MainFrame, ElidesALongStatusTextAndShowsAllOfItInATip)

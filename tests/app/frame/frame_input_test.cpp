@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QWhatsThis>
 
 namespace tarvik {
@@ -153,6 +154,131 @@ TEST_F(MainFrame, CtrlCCopiesWhenADocumentIsActive)
     EXPECT_EQ(copies, 1);
     Key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(copies, 1);
+}
+
+TEST_F(MainFrame, KeysRunTheirCommands)
+{
+    Start();
+    static std::vector<Command> ran;
+    ran.clear();
+    static constexpr std::array kBound{ CommandBinding{ Command::FileOpen, [] { ran.push_back(Command::FileOpen); } },
+        CommandBinding{ Command::FileSaveAs, [] { ran.push_back(Command::FileSaveAs); } },
+        CommandBinding{ Command::FilePrint, [] { ran.push_back(Command::FilePrint); } },
+        CommandBinding{ Command::FileClose, [] { ran.push_back(Command::FileClose); } },
+        CommandBinding{ Command::FileExit, [] { ran.push_back(Command::FileExit); } } };
+    const CommandScope bound(kBound);
+    const auto press = [] {
+        ran.clear();
+        for (const Qt::Key key : { Qt::Key_O, Qt::Key_S, Qt::Key_P, Qt::Key_W, Qt::Key_Q }) {
+            Key(key, Qt::ControlModifier);
+            Key(key);
+            Key(key, Qt::ControlModifier | Qt::ShiftModifier);
+        }
+    };
+    press();
+    EXPECT_EQ(ran, (std::vector{ Command::FileOpen, Command::FileExit }));
+    OpenDocument();
+    TheFrame()->MenuUpdate();
+    press();
+    EXPECT_EQ(ran,
+        (std::vector{
+            Command::FileOpen, Command::FileSaveAs, Command::FilePrint, Command::FileClose, Command::FileExit }));
+    const BusyScope busy;
+    press();
+    EXPECT_TRUE(ran.empty());
+}
+
+TEST_F(MainFrame, MenusShowTheKeysOfTheirCommands)
+{
+    Start();
+    for (const auto& [item, key] : { std::pair("MnFileOpen", "Ctrl+O"), std::pair("MnFileSaveAs", "Ctrl+S"),
+             std::pair("MnFilePrint", "Ctrl+P"), std::pair("MnFileClose", "Ctrl+W"), std::pair("MnFileExit", "Ctrl+Q"),
+             std::pair("MnEditCopyGraph", "Ctrl+C"), std::pair("ScMnEditCopyGraphics", "Ctrl+C") })
+        EXPECT_EQ(Item(item).text().section(u'\t', 1), QLatin1String(key)) << item;
+    for (const char* item : { "ScMnFilePrint", "SwMnFilePrint", "MnWindowClose" })
+        EXPECT_FALSE(Item(item).text().contains(u'\t')) << item << " has no key: it runs another command";
+}
+
+TEST_F(MainFrame, CtrlTabWalksThroughAllWindows)
+{
+    MfMain& main = Start();
+    const QList<QMdiSubWindow*> windows = OpenWindows(3);
+    QMdiArea& area = *main.ChildArea();
+    ASSERT_EQ(area.activeSubWindow(), windows[2]);
+    QList<qsizetype> walk;
+    const auto step = [&](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        Key(key, modifiers);
+        walk.append(windows.indexOf(area.activeSubWindow()));
+    };
+    for (int at = 0; at < 4; ++at)
+        step(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(walk, (QList<qsizetype>{ 0, 1, 2, 0 }));
+    for (int at = 0; at < 3; ++at)
+        step(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(walk.sliced(4), (QList<qsizetype>{ 2, 1, 0 }));
+    Cm(0).setFocus();
+    step(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(walk.back(), 1) << "the focus is in the tool bar";
+    const BusyScope busy;
+    step(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(walk.back(), 1);
+}
+
+TEST_F(MainFrame, CtrlTabWithoutWindowsDoesNothing)
+{
+    Start();
+    Key(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_TRUE(Cm(0).hasFocus());
+}
+
+TEST_F(MainFrame, WindowMenuListsTheOpenWindows)
+{
+    MfMain& main = Start();
+    auto* menu = main.findChild<QMenu*>("MnWindow");
+    const auto itemsBefore = menu->actions().size();
+    const auto open = [menu] {
+        Q_EMIT menu->aboutToShow();
+        return menu->findChildren<QAction*>(QRegularExpression("^MnWindowList"));
+    };
+    EXPECT_TRUE(open().isEmpty());
+    EXPECT_EQ(menu->actions().size(), itemsBefore);
+
+    const QList<QMdiSubWindow*> windows = OpenWindows(10);
+    windows[1]->setWindowTitle("a & b");
+    windows[3]->showMinimized();
+    main.ChildArea()->setActiveSubWindow(windows[2]);
+    QList<QAction*> items = open();
+    ASSERT_EQ(items.size(), 10);
+    EXPECT_EQ(menu->actions().size(), itemsBefore + 11);
+    EXPECT_EQ(items[0]->text(), "&1 Window 1");
+    EXPECT_EQ(items[1]->text(), "&2 a && b");
+    EXPECT_EQ(items[9]->text(), "10 Window 10");
+    for (const QAction* item : items)
+        EXPECT_EQ(item->isChecked(), item == items[2]);
+    EXPECT_EQ(items[0]->property(kHelpNumberProperty).toInt(), 12013);
+    items[0]->hover();
+    EXPECT_EQ(TextOf(main, "Panel[1]"), LngStr(12012));
+
+    items[3]->trigger();
+    EXPECT_EQ(main.ChildArea()->activeSubWindow(), windows[3]);
+    EXPECT_FALSE(windows[3]->isMinimized());
+    delete windows[0];
+    items = open();
+    ASSERT_EQ(items.size(), 9);
+    EXPECT_EQ(items[0]->text(), "&1 a && b");
+    EXPECT_TRUE(items[2]->isChecked());
+}
+
+TEST_F(MainFrame, ShiftF10OpensTheMenuOfItsEmptyArea)
+{
+    Start();
+    Key(Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_NE(OpenMenu(), nullptr);
+    EXPECT_EQ(OpenMenu()->objectName(), "ClMn");
+    OpenMenu()->hide();
+    Key(Qt::Key_F10);
+    Key(Qt::Key_F10, Qt::ControlModifier);
+    EXPECT_EQ(OpenMenu(), nullptr);
 }
 
 TEST_F(MainFrame, OpensTheMenuOfItsEmptyAreaOnRightButtonRelease)

@@ -1,6 +1,7 @@
 // The help commands: their requests to the viewer, and the message when it fails.
 #include "app/help/help.h"
 #include "app/platform/seams.h"
+#include "closed/loader.h"
 #include "tests/support/fakeFrame.h"
 #include "tests/support/fakeHelp.h"
 #include "tests/support/fixture.h"
@@ -15,13 +16,24 @@ protected:
     {
         TheSeams().OpenUrl = [this](const QUrl& url) {
             urls_.append(url.toString());
-            return true;
+            return opens_;
+        };
+    }
+
+    /// A language whose text 12010 is that of 11504, ".bmp".
+    static void SetSite()
+    {
+        static decltype(TvLngApi::LngGetStr) real = nullptr;
+        real = TvLng().LngGetStr;
+        TvLng().LngGetStr = [](int32_t id, const char* fallback, char* out, int32_t size) {
+            return real(id == 12010 ? 11504 : id, fallback, out, size);
         };
     }
 
     FakeFrame frame_;
     std::optional<FakeHelp> help_{ std::in_place };
     QStringList urls_;
+    bool opens_ = true;
 };
 
 } // namespace
@@ -41,11 +53,31 @@ TEST_F(HelpCommands, AskTheFrameForAbout)
     EXPECT_EQ(help_->Asked, QStringList());
 }
 
-TEST_F(HelpCommands, OpenTheMakersSite)
+TEST_F(HelpCommands, ShowTheTopicOfSupportWithoutASite)
 {
     HelpCommand(11979);
-    ASSERT_EQ(urls_.size(), 1);
-    EXPECT_TRUE(urls_[0].startsWith(QLatin1String("https://")));
+    EXPECT_EQ(help_->Asked, QStringList({ "topic 11979" }));
+    EXPECT_EQ(urls_, QStringList());
+    help_->CanShow = false;
+    Answers().Expect(12702, { QStringLiteral("11979") }, Ok);
+    HelpCommand(11979);
+}
+
+TEST_F(HelpCommands, OpenTheSiteOfSupport)
+{
+    SetSite();
+    HelpCommand(11979);
+    EXPECT_EQ(urls_, QStringList({ ".bmp" }));
+    EXPECT_EQ(help_->Asked, QStringList());
+}
+
+TEST_F(HelpCommands, ReportASiteThatCannotBeOpened)
+{
+    SetSite();
+    opens_ = false;
+    Answers().Expect(12930, { QStringLiteral(".bmp") }, Ok);
+    HelpCommand(11979);
+    EXPECT_EQ(urls_.size(), 1);
 }
 
 TEST_F(HelpCommands, IgnoreOtherNumbers)

@@ -21,6 +21,7 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTextBrowser>
+#include <QTextDocumentFragment>
 #include <QTreeWidget>
 #include <QWhatsThis>
 #include <QWindow>
@@ -360,6 +361,28 @@ TEST_F(HelpViewerTest, PopsUpTheTextOfAHelpNumber)
     QWhatsThis::hideText();
 }
 
+TEST_F(HelpViewerTest, PopsUpTextWithMarkupCharactersAsItIs)
+{
+    const QString text = PopupHelpText(11979);
+    ASSERT_TRUE(text.contains(u'>'));
+    QWidget owner;
+    owner.show();
+    const auto shown = [&] {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        const auto popup = std::ranges::find_if(
+            windows, [](const QWidget* window) { return window->inherits("QWhatsThat") && window->isVisible(); });
+        return popup == windows.end() ? QImage() : (*popup)->grab().toImage();
+    };
+    QWhatsThis::showText(QPoint(10, 10), PlainTip(text), &owner);
+    const QImage expected = shown();
+    ASSERT_FALSE(expected.isNull());
+    QWhatsThis::hideText();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ShowPopupHelp(&owner, 11979, QPoint(10, 10));
+    EXPECT_EQ(shown(), expected);
+    QWhatsThis::hideText();
+}
+
 TEST_F(HelpViewerTest, PopsUpTheTextOfAButtonInWhatsThisModeInsteadOfPressingIt)
 {
     KeyboardFilter filter;
@@ -385,7 +408,8 @@ TEST_F(HelpViewerTest, PopsUpTheTextOfAMenuItemInWhatsThisModeInsteadOfRunningIt
     action->setProperty(kHelpNumberProperty, 11905);
     QSignalSpy triggered(action, &QAction::triggered);
     EnterWhatsThisMode();
-    EXPECT_EQ(action->whatsThis(), PopupHelpText(11905));
+    EXPECT_EQ(action->whatsThis(), PlainTip(PopupHelpText(11905)));
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(action->whatsThis()).toPlainText(), PopupHelpText(11905));
     menu.popup(QPoint(10, 10));
     QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
     EXPECT_TRUE(IsPoppedUp());

@@ -91,6 +91,21 @@ close_connections() {
   xdotool key Escape
 }
 
+# True if a window with this title has the focus; else presses the key in the frame.
+shows_after() {
+  has_no "$2" || { has_active "$2"; return; }
+  ! has_active Tarvik || xdotool key "$1"
+  sleep 0.5
+  return 1
+}
+
+# True if no window has this title; else presses Escape in it.
+closes_by_escape() {
+  has_no "$1" && return
+  ! has_active "$1" || xdotool key Escape
+  return 1
+}
+
 quit() {
   wait_for has_frame
   kill "$pid"
@@ -191,6 +206,25 @@ case $case in
     wait_for has_no "Memory List Editor - my own list.tvm"
     quit
     grep -q '^Name=my own list.tvm' "$folder/Tarvik.ini" || fail "the file is not remembered"
+    ;;
+  KeysRunCommands)
+    copy_without
+    convert -size 60x40 xc:navy "$folder/a.png"
+    start "$folder/a.png"
+    wait_for has_frame
+    wait_for shows_after ctrl+o Open # the start ends unseen
+    wait_for closes_by_escape Open
+    wait_for shows_after ctrl+s "Save As"
+    wait_for closes_by_escape "Save As"
+    wait_for has_active Tarvik
+    xdotool key ctrl+w
+    xdotool key ctrl+s # nothing is left to save: were the window still open, this dialog would keep the next key
+    wait_for shows_after ctrl+o Open
+    has_no "Save As" || fail "Ctrl+W does not close the window"
+    wait_for closes_by_escape Open
+    wait_for has_active Tarvik
+    xdotool key ctrl+q
+    expect_exit 0
     ;;
   Reconnects)
     copy_without

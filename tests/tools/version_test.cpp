@@ -51,7 +51,7 @@ TEST_F(ProductVersion, IsInRecordOfEachExecutable)
 
 TEST_F(ProductVersion, IsInManualPages)
 {
-    for (const char* page : { "tarvikctl.1", "tarvik-instrument.1" }) {
+    for (const char* page : { "tarvik.1", "tarvikctl.1", "tarvik-instrument.1" }) {
         QFile file(QStringLiteral(TARVIK_MAN_DIR "/") + QLatin1String(page));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << page;
         EXPECT_TRUE(QString::fromUtf8(file.readLine()).contains(QStringLiteral("\"Tarvik %1\"").arg(kVersion))) << page;

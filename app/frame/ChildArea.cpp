@@ -21,7 +21,8 @@ bool ChildArea::StepKey(const QKeyEvent& event)
 bool ChildArea::eventFilter(QObject* watched, QEvent* event)
 {
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-    if (!isKey)
+    const auto* control = qobject_cast<QWidget*>(watched);
+    if (!isKey || control == nullptr || !isAncestorOf(control)) // tabs of other windows have these keys too
         return QMdiArea::eventFilter(watched, event);
     return StepKey(*static_cast<QKeyEvent*>(event));
 }

@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QRegularExpression>
+#include <QTabWidget>
 #include <QWhatsThis>
 
 namespace tarvik {
@@ -222,6 +223,23 @@ TEST_F(MainFrame, CtrlTabWalksThroughAllWindows)
     const BusyScope busy;
     step(Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(walk.back(), 1);
+}
+
+TEST_F(MainFrame, CtrlTabInAnotherWindowIsNotForTheFrame)
+{
+    MfMain& main = Start();
+    const QList<QMdiSubWindow*> windows = OpenWindows(2);
+    QTabWidget tabs;
+    tabs.addTab(new QWidget, "a");
+    tabs.addTab(new QWidget, "b");
+    tabs.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&tabs));
+    tabs.setFocus();
+    Key(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(tabs.currentIndex(), 1);
+    tabs.close();
+    main.activateWindow();
+    EXPECT_EQ(main.ChildArea()->activeSubWindow(), windows[1]);
 }
 
 TEST_F(MainFrame, CtrlTabWithoutWindowsDoesNothing)

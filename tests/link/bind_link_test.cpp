@@ -6,6 +6,7 @@
 #include "link/bindLink.h"
 #include "link/connection/connect.h"
 #include "tests/support/fakeChannel.h"
+#include "tests/support/fakeDocuments.h"
 #include "tests/support/fakeHelp.h"
 #include "tests/support/forms.h"
 
@@ -71,6 +72,17 @@ TEST_F(BoundLink, InstrumentHasNameAndAddressOfItsConnection)
 {
     EXPECT_EQ(TheInstrumentLink()->Name(), "Van");
     EXPECT_EQ(TheInstrumentLink()->Address(), "10.0.0.7:5555");
+}
+
+TEST_F(BoundLink, CancelledConversionOpensNothing)
+{
+    const FakeDocuments documents;
+    Store(FilePath("a.bmp"), {});
+    TheSeams().OpenFiles = [this](const OpenFilesQuestion&) { return QStringList{ FilePath("a.bmp") }; };
+    CloseWhenShown("FmFileConvert");
+    EXPECT_TRUE(CommandRun(Command::FileConvert));
+    EXPECT_EQ(shown, QStringList{ "FmFileConvert" });
+    EXPECT_EQ(documents.Log, QStringList());
 }
 
 TEST_F(BoundLink, StartReconnects)

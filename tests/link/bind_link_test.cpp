@@ -4,6 +4,7 @@
 #include "app/state/project.h"
 #include "app/text/lang.h"
 #include "link/bindLink.h"
+#include "link/classes/model.h"
 #include "link/connection/connect.h"
 #include "tests/support/fakeChannel.h"
 #include "tests/support/fakeDocuments.h"
@@ -112,6 +113,33 @@ TEST_F(BoundLink, HelpIsRefusedDuringConnect)
     Connection().ConnectInProgress = false;
     ShowHelp(10301);
     EXPECT_EQ(help.Topics, QList<int>{ 10301 });
+}
+
+TEST_F(BoundLink, InstrumentIsAcceptedOnlyIfRecognised)
+{
+    for (const int accepted : { 0, 1, 2 }) {
+        Connection().InstrumentAccepted = accepted;
+        EXPECT_EQ(TheInstrumentLink()->IsAccepted(), accepted == 1);
+    }
+}
+
+TEST_F(BoundLink, ControlCommandsOpenTheirFileClass)
+{
+    fake.Connected = true;
+    const std::vector<std::pair<Command, FileClass>> commands{ { Command::Control1, FileClassAntennaList },
+        { Command::Control2, FileClassKfactorTable }, { Command::Control3, FileClassMemoryList },
+        { Command::Control4, FileClassSuppressList }, { Command::Control5, FileClassScreenShot },
+        { Command::Control6, FileClassCorrectionSet } };
+    for (const auto& [command, fileClass] : commands) {
+        QTimer closer;
+        closer.callOnTimeout([] {
+            if (auto* form = dynamic_cast<FormBase*>(QApplication::activeModalWidget()))
+                form->Unload();
+        });
+        closer.start(0);
+        EXPECT_TRUE(CommandRun(command));
+        EXPECT_EQ(FileClasses().CurrentFileClass, fileClass);
+    }
 }
 
 } // namespace tarvik

@@ -407,4 +407,23 @@ TEST_F(MainFrame, RefusesADragOfAnUnknownFile)
     EXPECT_FALSE(move.isAccepted());
 }
 
+TEST_F(MainFrame, ClosedMenuLeavesNoHint)
+{
+    MfMain& main = Start();
+    auto* menu = main.findChild<QMenu*>("MnFile");
+    menu->popup(QPoint(50, 50));
+    Item("MnFileOpen").hover();
+    EXPECT_EQ(TextOf(main, "Panel[1]"), LngStr(13802));
+    menu->hide();
+    EXPECT_EQ(TextOf(main, "Panel[1]"), "");
+}
+
+TEST_F(MainFrame, HelpItemsShowTheirPages)
+{
+    Start();
+    for (const char* item : { "MnHelpContents", "MnHelpIndex", "MnHelpSearch", "MnHelpSupport" })
+        Item(item).trigger();
+    EXPECT_EQ(help.Asked, (QStringList{ "contents", "index", "search help-1", "topic 11979" }));
+}
+
 } // namespace tarvik

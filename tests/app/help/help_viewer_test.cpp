@@ -6,6 +6,7 @@
 #include "app/state/project.h"
 #include "app/text/lang.h"
 #include "tests/support/fixture.h"
+#include "tests/support/forms.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -436,6 +437,20 @@ TEST_F(HelpViewerTest, PopsUpTheTextOfADisabledMenuItemInWhatsThisMode)
     EXPECT_FALSE(QWhatsThis::inWhatsThisMode());
     QWhatsThis::hideText();
     filter.Remove();
+}
+
+TEST_F(HelpViewerTest, KeysChangeTheSizeOfTheText)
+{
+    HelpCommand(11971);
+    const auto& page = Find<QTextBrowser>(*HelpViewer(), "BrPage");
+    const double normal = page.font().pointSizeF();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(HelpViewer()));
+    Key(Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_LT(page.font().pointSizeF(), normal);
+    Key(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(page.font().pointSizeF(), normal);
+    Key(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_GT(page.font().pointSizeF(), normal);
 }
 
 } // namespace tarvik

@@ -384,4 +384,16 @@ TEST_F(Texts, MoveAFormOnlyWithFourAdjustments)
     EXPECT_EQ(form.size(), QSize(330, 240));
 }
 
+TEST_F(Texts, StopsExpandingMacrosAtItsLimit)
+{
+    const QString text = LngExpandMacros(QStringLiteral("@1").repeated(70));
+    EXPECT_EQ(text, LngStr(11800).repeated(64) + QStringLiteral("@1").repeated(6));
+}
+
+TEST_F(Texts, KeepsControlCharactersOfArguments)
+{
+    const QString text = LngStr2(TextNumber<2>(13611), QStringLiteral("\u0416"), QStringLiteral("\u0001"));
+    EXPECT_EQ(text, QStringLiteral("Connected to \u201C\u0416\u201D at \u0001"));
+}
+
 } // namespace tarvik

@@ -1,9 +1,9 @@
 #include "app/platform/seams.h"
 
 #include "app/platform/processState.h"
+#include "app/platform/trash.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QThread>
 #include <QTimer>
 
@@ -39,7 +39,7 @@ Seams Defaults()
     };
     seams.ExecutablePath = [] { return QCoreApplication::applicationFilePath(); };
     seams.DefaultPrinter = [] { return QString(); };
-    seams.MoveToTrash = [](const QString& path) { return QFile::moveToTrash(path); };
+    seams.MoveToTrash = tarvik::MoveToTrash;
     seams.OpenUrl = [](const QUrl&) { return false; };
     seams.ArrowKeyIsHeld = [] { return false; };
     return seams;

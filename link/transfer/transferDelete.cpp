@@ -69,6 +69,20 @@ void DeletePermanently(const QFileInfo& entry)
         QDir(path).removeRecursively();
 }
 
+/// Where the trash can't take it, the user decides.
+void Recycle(const QFileInfo& entry, const QString& name)
+{
+    if (FileRecycle(entry.filePath()))
+        return;
+    const bool canDelete = !IsWriteProtected(entry.path());
+    if (canDelete && !TransferConfirmReplace(TextId::DeletePermanently, name, true))
+        return;
+    if (canDelete)
+        DeletePermanently(entry);
+    if (entry.isSymLink() || QFileInfo::exists(entry.filePath()))
+        MsgOk1(TextId::NotDeleted, name);
+}
+
 TransferNext DeletePcRow(const FileListRow& row)
 {
     const bool isFolder = TransferIsFolderRow(row);
@@ -84,7 +98,7 @@ TransferNext DeletePcRow(const FileListRow& row)
     if (Program().ShiftDown)
         DeletePermanently(entry);
     else
-        (void)FileRecycle(entry.filePath());
+        Recycle(entry, name);
     TheSeams().PumpEvents();
     return TransferNext::Count;
 }

@@ -274,11 +274,48 @@ TEST_F(DeleteOnPc, RowOfFileDeletesNoFolder)
     EXPECT_TRUE(Exists("a.png"));
 }
 
-TEST_F(DeleteOnPc, FullTrashIsIgnored)
+TEST_F(DeleteOnPc, AsksWhereTheTrashCannotTakeAFile)
 {
     TrashIsFull = true;
     OneFile("a.png");
+    Answers().Expect(12897, { QStringLiteral("a.png") }, No);
     TransferDeletePc(pc_);
+    EXPECT_TRUE(Exists("a.png"));
+    Answers().Expect(12897, { QStringLiteral("a.png") }, Yes);
+    TransferDeletePc(pc_);
+    EXPECT_FALSE(Exists("a.png"));
+}
+
+TEST_F(DeleteOnPc, AsksOnceForAllThatTheTrashCannotTake)
+{
+    TrashIsFull = true;
+    OneFolder("Old");
+    OneFile("a.png");
+    Answers().ExpectWhile(12897, Yes, [] { TheMessage().YesAll = true; });
+    TransferDeletePc(pc_);
+    EXPECT_FALSE(Exists("Old"));
+    EXPECT_FALSE(Exists("a.png"));
+}
+
+TEST_F(DeleteOnPc, SaysWhatCannotBeDeletedPermanentlyEither)
+{
+    TrashIsFull = true;
+    OneFolder("Old");
+    Protect("Old/inside.txt");
+    Answers().Expect(12897, { QStringLiteral("Old") }, Yes);
+    Answers().Expect(12898, { QStringLiteral("Old") }, Ok);
+    TransferDeletePc(pc_);
+    EXPECT_TRUE(Exists("Old/inside.txt"));
+}
+
+TEST_F(DeleteOnPc, SaysThatNothingCanBeDeletedInAProtectedFolder)
+{
+    TrashIsFull = true;
+    OneFile("a.png");
+    Protect("");
+    Answers().Expect(12898, { QStringLiteral("a.png") }, Ok);
+    TransferDeletePc(pc_);
+    QFile::setPermissions(Folder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     EXPECT_TRUE(Exists("a.png"));
 }
 

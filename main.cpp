@@ -6,15 +6,33 @@
 #include "composition.h"
 
 #include <QApplication>
+#include <QSessionManager>
 
 using namespace tarvik;
+
+namespace {
+
+/// Without the user's attention nothing can be asked, and the documents stay as they are.
+void AnswerLogOff(MfMain& frame, QSessionManager& session)
+{
+    if (!session.allowsInteraction())
+        return;
+    if (!frame.CloseForLogOff())
+        session.cancel();
+    session.release();
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     ComposeProgram();
     MfMain frame(QApplication::applicationDirPath());
-    OnCloseSignal([&frame] { frame.CloseWhenPossible(); });
+    OnCloseSignal([&frame] { frame.CloseWhenPossible(); }, RepeatedSignal::Requests);
+    QObject::connect(
+        &application, &QGuiApplication::commitDataRequest, &frame,
+        [&frame](QSessionManager& session) { AnswerLogOff(frame, session); }, Qt::DirectConnection);
     const int exitCode = frame.Load() ? QApplication::exec() : EXIT_FAILURE;
     CloseHelpViewer(); // before the window system is gone
     TheMessagePresenter().Reset();

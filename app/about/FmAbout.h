@@ -10,6 +10,11 @@ class FmAbout final : public FormBase {
 public:
     explicit FmAbout(QWidget* parent = nullptr);
 
+    bool CanCloseUnasked() const override
+    {
+        return true;
+    }
+
 protected:
     bool OnLoad() override;
 

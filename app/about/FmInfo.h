@@ -10,6 +10,11 @@ class FmInfo final : public FormBase {
 public:
     explicit FmInfo(QWidget* parent = nullptr);
 
+    bool CanCloseUnasked() const override
+    {
+        return true;
+    }
+
 protected:
     bool OnLoad() override;
 

@@ -9,6 +9,7 @@
 #include "app/frame/FrameStatusBar.h"
 #include "app/frame/FrameToolbar.h"
 #include "app/frame/KeyboardFilter.h"
+#include "app/frame/PlatformSeams.h"
 #include "app/frame/menu.h"
 #include "app/frame/placement.h"
 #include "app/help/FmHelp.h"
@@ -26,6 +27,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QStyle>
 #include <QThread>
@@ -151,27 +153,47 @@ bool MfMain::Load()
 
 void MfMain::CloseWhenPossible()
 {
+    if (closing_)
+        return;
     Program().CloseRequested = true;
+    CloseSystemBox();
     TryPendingClose();
 }
 
 /// Closes from the message loop, since this also runs while a dialog unloads.
 void MfMain::TryPendingClose()
 {
+    if (Program().CloseRequested)
+        QTimer::singleShot(0, this, &MfMain::FollowCloseRequest);
+}
+
+void MfMain::FollowCloseRequest()
+{
     ProgramState& program = Program();
-    if (!program.CloseRequested)
+    if (!program.CloseRequested || closing_)
         return;
-    QTimer::singleShot(0, this, [this, &program] {
-        if (!program.CloseRequested)
-            return;
-        DialogForm* dialog = DialogTop();
-        if (dialog != nullptr && dialog->CanCloseUnasked()) {
-            dialog->Unload();
-        } else if (program.Started && CanAct()) {
-            program.CloseRequested = false; // cancelling a prompt now withdraws it
-            close();
-        }
-    });
+    DialogForm* dialog = DialogTop();
+    if (dialog != nullptr && dialog->CanCloseUnasked()) {
+        dialog->Unload();
+        program.CloseRequested = DialogTop() != dialog;
+    } else if (program.Started && CanAct()) {
+        program.CloseRequested = false; // cancelling a prompt now withdraws it
+        close();
+    }
+}
+
+bool MfMain::CloseForLogOff()
+{
+    if (closing_)
+        return false; // the prompts are not answered yet
+    DialogForm* dialog = DialogTop();
+    while (dialog != nullptr && dialog->CanCloseUnasked()) {
+        dialog->Unload();
+        if (DialogTop() == dialog)
+            return false;
+        dialog = DialogTop();
+    }
+    return !Program().Started || close(); // nothing is unsaved during the start
 }
 
 QString MfMain::CommandLine() const
@@ -294,9 +316,15 @@ void MfMain::keyPressEvent(QKeyEvent* event)
         QMainWindow::keyPressEvent(event);
 }
 
+bool MfMain::QueryClose()
+{
+    const QScopedValueRollback closing(closing_, true);
+    return ProjectQueryUnload();
+}
+
 void MfMain::closeEvent(QCloseEvent* event)
 {
-    if (!Program().Started || !ProjectQueryUnload()) { // start-up can't be interrupted
+    if (!Program().Started || !QueryClose()) { // start-up can't be interrupted
         event->ignore();
         return;
     }

@@ -34,8 +34,13 @@ public:
     [[nodiscard]] bool Load();
 
     /// Closes as the close box does. During start-up, a command or a dialog the request is pending until that ends;
-    /// dialogs without user data close at once.
+    /// dialogs without user data close at once. A refusal ends the request. While the prompts of an earlier close are
+    /// open, they are the answer to this one too.
     void CloseWhenPossible();
+
+    /// Closes as the close box does, after dialogs without user data, before it returns. False if the user cancelled or
+    /// something else is running, so that the session must go on.
+    [[nodiscard]] bool CloseForLogOff();
 
     /// Opens right-click menu `name` at screen position `at`, if the program can act.
     void Popup(const QString& name, const QPoint& at);
@@ -94,6 +99,8 @@ private:
     void BuildAreas();
     void ColourChildArea();
     void TryPendingClose();
+    void FollowCloseRequest();
+    bool QueryClose();
     void ShowBar(QWidget* bar, bool on);
     bool PopupForBar(QObject* watched, QEvent* event);
     void ReturnFocus();
@@ -108,6 +115,7 @@ private:
     FrameStatusBar* statusBar_ = nullptr;
     KeyboardFilter* keyboard_ = nullptr;
     QTimer* TmProgress = nullptr;
+    bool closing_ = false; ///< documents are being closed, maybe with prompts
     QRect placement_; ///< restored, from the settings: position of the title bar, size without it
 };
 

@@ -4,6 +4,7 @@
 #include "app/frame/KeyboardFilter.h"
 #include "app/frame/startup.h"
 #include "app/platform/seams.h"
+#include "app/state/project.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -177,20 +178,29 @@ QString SaveFile(const SaveFileQuestion& question)
     return dialog.selectedFiles().value(0);
 }
 
+const QString kSystemBox = QStringLiteral("SystemBox");
+
 /// Also prints to standard error: the program can't start, and a script may have run it.
 void SystemBox(const QString& title, const QString& text)
 {
     QString shown = text;
     shown.replace(u'\r', u'\n');
     std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(shown));
-    if (HasNoDisplay())
+    if (HasNoDisplay() || Program().CloseRequested)
         return;
     QMessageBox box(QMessageBox::Warning, title, shown, QMessageBox::Ok);
-    box.setObjectName(QStringLiteral("SystemBox"));
+    box.setObjectName(kSystemBox);
     box.exec();
 }
 
 } // namespace
+
+void CloseSystemBox()
+{
+    QWidget* box = QApplication::activeModalWidget();
+    if (box != nullptr && box->objectName() == kSystemBox)
+        box->close();
+}
 
 void BindPlatformSeams()
 {

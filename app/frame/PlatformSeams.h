@@ -5,4 +5,7 @@ namespace tarvik {
 
 void BindPlatformSeams();
 
+/// Closes the box of the SystemBox seam, if it is open.
+void CloseSystemBox();
+
 } // namespace tarvik

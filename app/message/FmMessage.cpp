@@ -153,6 +153,11 @@ bool FmMessage::eventFilter(QObject* watched, QEvent* event)
     return FormBase::eventFilter(watched, event);
 }
 
+bool FmMessage::CanCloseUnasked() const
+{
+    return MsgButtonSet(request_.Buttons()).size() == 1;
+}
+
 void FmMessage::Press(MsgButton button)
 {
     MsgAnswer(request_, button);

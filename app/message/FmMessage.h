@@ -16,6 +16,9 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+    /// A question waits for its answer.
+    bool CanCloseUnasked() const override;
+
 protected:
     bool OnLoad() override;
     void OnUnload() override;

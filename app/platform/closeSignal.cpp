@@ -34,6 +34,12 @@ void Wake(int)
     errno = interrupted;
 }
 
+void Drain()
+{
+    std::array<char, 64> bytes{};
+    while (::read(Pipe()[0], bytes.data(), bytes.size()) > 0) { }
+}
+
 /// True for a background job of a script, or a program that outlives its terminal.
 bool IsIgnored(int signal)
 {
@@ -43,20 +49,24 @@ bool IsIgnored(int signal)
 
 } // namespace
 
-void OnCloseSignal(std::function<void()> close)
+void OnCloseSignal(std::function<void()> close, RepeatedSignal repeated)
 {
     if (Pipe()[0] >= 0 || ::pipe(Pipe().data()) != 0)
         return;
-    for (const int end : Pipe())
+    for (const int end : Pipe()) {
         ::fcntl(end, F_SETFD, FD_CLOEXEC);
+        ::fcntl(end, F_SETFL, O_NONBLOCK); // a full pipe must not stop the handler
+    }
     auto* notifier = new QSocketNotifier(Pipe()[0], QSocketNotifier::Read, QCoreApplication::instance());
-    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [notifier, run = std::move(close)] {
-        notifier->setEnabled(false);
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [run = std::move(close)] {
+        Drain();
         run();
     });
     struct sigaction action { };
     action.sa_handler = Wake;
-    action.sa_flags = SA_RESETHAND | SA_RESTART; // the second signal gets the default handler
+    action.sa_flags = SA_RESTART;
+    if (repeated == RepeatedSignal::Kills)
+        action.sa_flags |= static_cast<int>(SA_RESETHAND); // the second signal gets the default handler
     for (const int signal : { SIGTERM, SIGINT, SIGHUP }) {
         if (!IsIgnored(signal))
             ::sigaction(signal, &action, nullptr);
@@ -69,7 +79,7 @@ void OnCloseSignal(std::function<void()> close)
 
 namespace tarvik {
 
-void OnCloseSignal(std::function<void()>) { }
+void OnCloseSignal(std::function<void()>, RepeatedSignal) { }
 
 } // namespace tarvik
 

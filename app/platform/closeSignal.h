@@ -5,9 +5,14 @@
 
 namespace tarvik {
 
-/// Calls `close` from the message loop on the first request. The same signal again ends the process at once, since a
-/// dialog may delay the first. A signal that the process ignored from its start stays ignored. No effect on systems
-/// without signals.
-void OnCloseSignal(std::function<void()> close);
+/// What a signal does that arrives again.
+enum class RepeatedSignal {
+    Requests, ///< as the first one
+    Kills ///< ends the process at once
+};
+
+/// Calls `close` from the message loop on every request; those that arrive before it runs count as one. A signal that
+/// the process ignored from its start stays ignored. No effect on systems without signals.
+void OnCloseSignal(std::function<void()> close, RepeatedSignal repeated);
 
 } // namespace tarvik

@@ -163,6 +163,11 @@ bool FmConnect::OnLoad()
 
 bool FmConnect::QueryUnload()
 {
+    return CanCloseUnasked();
+}
+
+bool FmConnect::CanCloseUnasked() const
+{
     return !Connection().ConnectInProgress;
 }
 

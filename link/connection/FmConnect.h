@@ -22,10 +22,7 @@ public:
     explicit FmConnect(QWidget* parent = nullptr);
 
     /// May still be open from the start of the program.
-    bool CanCloseUnasked() const override
-    {
-        return true;
-    }
+    bool CanCloseUnasked() const override;
 
 protected:
     bool OnLoad() override;

@@ -29,6 +29,12 @@ public:
     /// ended.
     void FinishLabelEdit();
 
+    /// True while a name is being edited.
+    bool HasOpenLabel() const
+    {
+        return state() == EditingState;
+    }
+
     QSize sizeHint() const override;
 
 Q_SIGNALS:

@@ -332,6 +332,11 @@ bool FmControlGeneral::QueryUnload()
     return ControlCanClose(control_);
 }
 
+bool FmControlGeneral::CanCloseUnasked() const
+{
+    return ControlCanClose(control_) && !pc_.List->HasOpenLabel() && !instr_.List->HasOpenLabel();
+}
+
 void FmControlGeneral::OnUnload()
 {
     ControlUnload();

@@ -25,6 +25,9 @@ public:
 
     void PrepareWindow(bool removeClose) override;
 
+    /// A job, or a name that is being typed, keeps it open.
+    bool CanCloseUnasked() const override;
+
 protected:
     bool OnLoad() override;
     void OnActivate() override;

@@ -15,6 +15,11 @@ class FmScreenShotViewer final : public FormBase {
 public:
     FmScreenShotViewer(const QImage& picture, const QString& name, QWidget* parent = nullptr);
 
+    bool CanCloseUnasked() const override
+    {
+        return true;
+    }
+
 protected:
     bool OnLoad() override;
     void resizeEvent(QResizeEvent* event) override;

@@ -17,6 +17,11 @@ class FmPalette final : public FormBase {
 public:
     explicit FmPalette(QWidget* parent = nullptr);
 
+    bool CanCloseUnasked() const override
+    {
+        return true;
+    }
+
 protected:
     bool OnLoad() override;
     void OnUnload() override;

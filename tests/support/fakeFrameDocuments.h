@@ -35,6 +35,8 @@ public:
     bool CloseAll() override
     {
         ++CloseAlls;
+        if (OnClose)
+            OnClose();
         return Closes;
     }
     bool Open(const QString& path) override
@@ -64,6 +66,7 @@ public:
     bool Opens = true;
     bool TakesData = false;
     std::function<void()> OnRetile;
+    std::function<void()> OnClose; ///< the time of the prompts
     std::function<void(const QString& path)> OnOpen;
 
 private:

@@ -61,7 +61,7 @@ WindowId FetchIntoWindow(Terminal& terminal)
 
 void StopOnSignal()
 {
-    OnCloseSignal([] { Program().CloseRequested = true; });
+    OnCloseSignal([] { Program().CloseRequested = true; }, RepeatedSignal::Kills);
 }
 
 /// The files of a batch.

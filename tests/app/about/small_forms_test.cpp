@@ -39,6 +39,14 @@ using Info = About;
 
 } // namespace
 
+TEST_F(About, AboutAndVersionsCloseWithTheProgram)
+{
+    FmAbout about;
+    EXPECT_TRUE(about.CanCloseUnasked());
+    FmInfo versions;
+    EXPECT_TRUE(versions.CanCloseUnasked());
+}
+
 TEST_F(About, ShowsProductUseCopyrightAndVersion)
 {
     FmAbout form;

@@ -1,4 +1,5 @@
 // How the frame opens and closes.
+#include "app/platform/closeSignal.h"
 #include "app/settings/ini.h"
 #include "app/state/progressBar.h"
 #include "app/state/statusBar.h"
@@ -8,6 +9,11 @@
 
 #include <QApplication>
 #include <QLabel>
+
+#if defined(Q_OS_UNIX)
+#include <csignal>
+#include <unistd.h>
+#endif
 
 namespace tarvik {
 
@@ -248,6 +254,117 @@ TEST_F(MainFrame, CloseRequestEndsWithACancelledPrompt)
     QCoreApplication::processEvents();
     EXPECT_EQ(documents.CloseAlls, 1);
     EXPECT_TRUE(main.isVisible());
+}
+
+TEST_F(MainFrame, CloseRequestsDuringThePromptsAreAnsweredByThem)
+{
+    MfMain& main = Start();
+    documents.Closes = false;
+    documents.OnClose = [&main] {
+        main.CloseWhenPossible();
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(main.CloseForLogOff());
+    };
+    main.CloseWhenPossible();
+    QCoreApplication::processEvents();
+    TheFrame()->MenuUpdate();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(documents.CloseAlls, 1);
+    main.CloseWhenPossible();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(documents.CloseAlls, 2);
+    EXPECT_TRUE(main.isVisible());
+}
+
+TEST_F(MainFrame, CloseRequestEndsWithADialogThatRefuses)
+{
+    MfMain& main = Start();
+    FakeDialog dialog;
+    dialog.ClosesUnasked = true;
+    dialog.RefusesToClose = true;
+    dialog.WhileOpen = [&main, &dialog] {
+        main.CloseWhenPossible();
+        QCoreApplication::processEvents();
+        dialog.RefusesToClose = false;
+    };
+    DialogShow(dialog);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(main.isVisible());
+}
+
+#if defined(Q_OS_UNIX)
+
+TEST_F(MainFrame, EachEndSignalOfARunAsks)
+{
+    MfMain& main = Start();
+    OnCloseSignal([] { MfMain::Current()->CloseWhenPossible(); }, RepeatedSignal::Requests);
+    documents.Closes = false;
+    int expected = 0;
+    for (const int signal : { SIGTERM, SIGTERM, SIGINT, SIGHUP, SIGTERM }) {
+        ::kill(::getpid(), signal);
+        ++expected;
+        ASSERT_TRUE(QTest::qWaitFor([&] { return documents.CloseAlls == expected; })) << expected;
+        EXPECT_TRUE(main.isVisible());
+    }
+    documents.Closes = true;
+    ::kill(::getpid(), SIGTERM);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !main.isVisible(); }));
+}
+
+#endif
+
+TEST_F(MainFrame, LogOffClosesAndAsksForDocuments)
+{
+    MfMain& main = Start();
+    documents.Closes = false;
+    EXPECT_FALSE(main.CloseForLogOff());
+    EXPECT_EQ(documents.CloseAlls, 1);
+    EXPECT_TRUE(main.isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(documents.CloseAlls, 1) << "a cancelled log-off does not come true later";
+    documents.Closes = true;
+    EXPECT_TRUE(main.CloseForLogOff());
+    EXPECT_FALSE(main.isVisible());
+    EXPECT_TRUE(QFile::exists(FilePath("Tarvik.ini")));
+}
+
+TEST_F(MainFrame, LogOffStopsWhileSomethingRuns)
+{
+    MfMain& main = Start();
+    {
+        const BusyScope busy;
+        EXPECT_FALSE(main.CloseForLogOff());
+    }
+    FakeDialog dialog;
+    dialog.WhileOpen = [&main] { EXPECT_FALSE(main.CloseForLogOff()); };
+    DialogShow(dialog);
+    EXPECT_EQ(documents.CloseAlls, 0);
+    EXPECT_TRUE(main.isVisible());
+}
+
+TEST_F(MainFrame, LogOffClosesDialogsWithoutUserData)
+{
+    MfMain& main = Start();
+    FakeDialog above;
+    above.ClosesUnasked = true;
+    above.WhileOpen = [&main] { EXPECT_TRUE(main.CloseForLogOff()); };
+    FakeDialog below;
+    below.ClosesUnasked = true;
+    below.WhileOpen = [&above] { DialogShow(above); };
+    DialogShow(below);
+    EXPECT_TRUE(above.WasUnloaded);
+    EXPECT_TRUE(below.WasUnloaded);
+    EXPECT_FALSE(main.isVisible());
+}
+
+TEST_F(MainFrame, LogOffIsNotStoppedByTheStart)
+{
+    TheSeams().StartTimer = [this](int, std::function<void()> tick) {
+        EXPECT_TRUE(frame->CloseForLogOff());
+        QTimer::singleShot(0, qApp, std::move(tick)); // ends the logo
+    };
+    Start();
+    EXPECT_EQ(documents.CloseAlls, 0);
 }
 
 } // namespace tarvik

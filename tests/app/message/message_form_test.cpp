@@ -413,4 +413,15 @@ TEST(MessageFormText, ButtonRowHasGapsAndMargins)
     EXPECT_EQ(MsgRowWidthPx({ 80, 90, 100 }), 270 + 2 * 16 + 32);
 }
 
+TEST_F(MessageForm, ClosesWithTheProgramUnlessItAsks)
+{
+    for (int buttons = 0; buttons <= 6; ++buttons) {
+        RunStyle(buttons, [&](FmMessage& form) {
+            EXPECT_EQ(form.CanCloseUnasked(), VisibleButtons(form).size() == 1) << buttons;
+            form.Unload();
+            EXPECT_TRUE(form.IsClosed());
+        });
+    }
+}
+
 } // namespace tarvik

@@ -19,9 +19,9 @@ namespace {
 
 int requests = 0;
 
-void Watch()
+void Watch(RepeatedSignal repeated = RepeatedSignal::Requests)
 {
-    OnCloseSignal([] { ++requests; });
+    OnCloseSignal([] { ++requests; }, repeated);
 }
 
 int RequestsAfterEvents()
@@ -53,23 +53,48 @@ TEST(CloseSignal, RunsFromTheMessageLoop)
     }
 }
 
-TEST(CloseSignal, RepeatedSignalsRequestCloseOnce)
+TEST(CloseSignal, SignalsBeforeTheMessageLoopRequestCloseOnce)
 {
     const auto run = [] {
         Watch();
         std::raise(SIGTERM);
         std::raise(SIGHUP);
-        const int before = RequestsAfterEvents();
-        std::raise(SIGINT);
-        ExitWith(before == 1 && RequestsAfterEvents() == 1);
+        std::raise(SIGTERM);
+        ExitWith(RequestsAfterEvents() == 1);
     };
     EXPECT_EXIT(run(), kHolds, "");
 }
 
-TEST(CloseSignal, EndsTheProcessOnTheSameSignalAgain)
+TEST(CloseSignal, EachLaterSignalIsANewRequest)
 {
     const auto run = [] {
         Watch();
+        int expected = 0;
+        for (const int signal : { SIGTERM, SIGTERM, SIGINT, SIGHUP, SIGHUP, SIGINT, SIGTERM }) {
+            std::raise(signal);
+            if (RequestsAfterEvents() != ++expected)
+                ExitWith(false);
+        }
+        ExitWith(true);
+    };
+    EXPECT_EXIT(run(), kHolds, "");
+}
+
+TEST(CloseSignal, NoNumberOfSignalsStopsTheProcess)
+{
+    const auto run = [] {
+        Watch();
+        for (int at = 0; at < 100'000; ++at) // more than a pipe holds
+            std::raise(SIGTERM);
+        ExitWith(RequestsAfterEvents() == 1);
+    };
+    EXPECT_EXIT(run(), kHolds, "");
+}
+
+TEST(CloseSignal, EndsTheProcessOnTheSameSignalAgainIfAskedTo)
+{
+    const auto run = [] {
+        Watch(RepeatedSignal::Kills);
         std::raise(SIGTERM);
         static_cast<void>(RequestsAfterEvents());
         std::raise(SIGTERM);

@@ -429,4 +429,14 @@ TEST_F(ControlForm, SelectionFrameSelectsRowsAndEndsOnRelease)
         EXPECT_FALSE(frame->inherits("QRubberBand") && frame->isVisible());
 }
 
+TEST_F(ControlForm, ClosesWithTheProgramUnlessANameIsBeingTyped)
+{
+    OnPc({ "a.tvk" });
+    Open(FileClassKfactorTable);
+    EXPECT_TRUE(form.CanCloseUnasked());
+    ClickRow("LvPc", 0);
+    Key(form, "LvPc", Qt::Key_F2);
+    EXPECT_FALSE(form.CanCloseUnasked());
+}
+
 } // namespace tarvik

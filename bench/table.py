@@ -117,6 +117,12 @@ for way, figures in load("pictures").items():
         row(f"size of them, {way}", sizes["tarvikctl"] / 2**20, 1.05 * sizes["mogrify"] / 2**20, "MiB",
             f"mogrify {sizes['mogrify'] / 2**20:.2f} MiB")
 
+convert = load("convert")
+row("1,000 screens to PNG by Convert Files", convert["ms"], 1.1 * convert["tarvikctl"], "ms",
+    f"tarvikctl {convert['tarvikctl']:.2f} ms")
+row("growth of peak memory by these conversions", convert["growth"], convert["growthOfFew"] + 20, "MiB",
+    f"by ten of them {convert['growthOfFew']:.2f} MiB")
+
 print("| what | figure | at most | | counterpart |")
 print("|---|---|---|---|---|")
 for cells in rows:

@@ -8,6 +8,7 @@
 #include "link/connection/FmConnecting.h"
 #include "link/connection/connect.h"
 #include "link/control/FmControlGeneral.h"
+#include "link/documents/FmConvertProgress.h"
 #include "link/documents/FmFileConvert.h"
 #include "link/documents/fileDialogs.h"
 
@@ -83,10 +84,17 @@ bool ShowConvertForm()
     return form.IsAccepted();
 }
 
+BatchResult ConvertWithProgress()
+{
+    FmConvertProgress form(QApplication::activeWindow());
+    DialogShow(form);
+    return form.Result();
+}
+
 constexpr std::array kCommands{
     CommandBinding{ Command::Connect, conShowDialog },
     CommandBinding{ Command::FileOpen, FileOpenDlg },
-    CommandBinding{ Command::FileConvert, [] { FileConvertDlg(ShowConvertForm); } },
+    CommandBinding{ Command::FileConvert, [] { FileConvertDlg(ShowConvertForm, ConvertWithProgress); } },
     CommandBinding{ Command::Control1, [] { OpenFileControl(FileClassAntennaList); } },
     CommandBinding{ Command::Control2, [] { OpenFileControl(FileClassKfactorTable); } },
     CommandBinding{ Command::Control3, [] { OpenFileControl(FileClassMemoryList); } },

@@ -8,6 +8,7 @@
 #include "link/documents/fileConvert.h"
 
 #include <QBoxLayout>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -52,12 +53,16 @@ QLayout* FmFileConvert::BuildFields()
     BtBrowse->setAutoDefault(false);
     connect(BtBrowse, &QPushButton::clicked, this, [this] { Browse(); });
 
+    CkBlackAndWhite = NewCheckBox(
+        this, "CkBlackAndWhite", { TextId::ConvertBlackAndWhite, HelpId::Convert, TextId::ConvertBlackAndWhiteHint });
+
     auto* fields = new QGridLayout;
     fields->addWidget(LbType, 0, 0);
     fields->addWidget(CbType, 0, 1, Qt::AlignLeft);
     fields->addWidget(LbDir, 1, 0);
     fields->addWidget(TbDir, 1, 1);
     fields->addWidget(BtBrowse, 1, 2);
+    fields->addWidget(CkBlackAndWhite, 2, 1, Qt::AlignLeft);
     return fields;
 }
 
@@ -85,6 +90,7 @@ bool FmFileConvert::OnLoad()
         CbType->addItem(LngStr(type), type.Number);
     CbType->setCurrentIndex(proposal.Selected);
     ShowFolder(proposal.Folder);
+    CkBlackAndWhite->setChecked(proposal.BlackAndWhite);
     CbType->setFocus(Qt::TabFocusReason);
     return true;
 }
@@ -109,7 +115,7 @@ void FmFileConvert::ShowFolder(const QString& folder)
 void FmFileConvert::Accept()
 {
     TbDir->setText(TbDir->text().trimmed());
-    if (!FileConvertAccept(TbDir->text(), CbType->currentData().toInt())) {
+    if (!FileConvertAccept(TbDir->text(), CbType->currentData().toInt(), CkBlackAndWhite->isChecked())) {
         TbDir->setFocus();
         return;
     }

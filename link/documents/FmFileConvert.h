@@ -31,6 +31,7 @@ private:
     QComboBox* CbType = nullptr;
     QLineEdit* TbDir = nullptr;
     QPushButton* BtBrowse = nullptr;
+    QCheckBox* CkBlackAndWhite = nullptr;
     bool accepted_ = false;
 };
 

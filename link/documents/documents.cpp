@@ -16,6 +16,12 @@ public:
     }
     void UseOwnSize(int) override { }
     void Close(int) override { }
+    bool IsBlackAndWhite() const override
+    {
+        return false;
+    }
+    void BeginBatch(std::optional<bool>) override { }
+    void EndBatch() override { }
     bool IsDataSet(int) const override
     {
         return false;

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace tarvik {
 
 /// Result of writing a picture.
@@ -25,6 +27,14 @@ public:
 
     /// Closes without asking.
     virtual void Close(int window) = 0;
+
+    /// True if new pictures are shown in black and white.
+    [[nodiscard]] virtual bool IsBlackAndWhite() const = 0;
+
+    /// Until EndBatch, which restores the present state, documents open without a window of their own: in the given
+    /// palette, or in that of new documents.
+    virtual void BeginBatch(std::optional<bool> blackAndWhite) = 0;
+    virtual void EndBatch() = 0;
 
     [[nodiscard]] virtual bool IsDataSet(int window) const = 0;
 

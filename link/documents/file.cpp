@@ -4,6 +4,8 @@
 #include "app/text/textId.h"
 #include "link/documents/documents.h"
 
+#include <QFileInfo>
+
 namespace tarvik {
 
 bool FileOpen(const QString& path, bool resetFlag, bool showFlag)
@@ -19,7 +21,7 @@ OpenedFile FileOpenOfKind(const QString& path, const FileKindInfo& kind, bool re
         return {};
     switch (kind.Kind) {
     case FileKind::None:
-        MsgOk(TextId::UnknownFileType);
+        MsgOk1(TextId::UnknownFileType, QFileInfo(path).fileName());
         return {};
     case FileKind::ListText:
         return { TheListFiles()->OpenText(path, showFlag) };

@@ -1,6 +1,7 @@
 #include "link/documents/fileConvert.h"
 
 #include "app/message/message.h"
+#include "app/platform/paths.h"
 #include "app/platform/processState.h"
 #include "app/platform/seams.h"
 #include "app/state/project.h"
@@ -14,10 +15,13 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
+#include <QSet>
 
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace tarvik {
 
@@ -63,6 +67,27 @@ void ClearAnswersForAll()
     TheMessage().NoAll = false;
 }
 
+/// Documents open without windows for the guard's lifetime.
+class BatchDocuments {
+public:
+    BatchDocuments()
+    {
+        TheDocuments()->BeginBatch(FileConvert().BlackAndWhite);
+    }
+    ~BatchDocuments()
+    {
+        TheDocuments()->EndBatch();
+    }
+    BatchDocuments(const BatchDocuments&) = delete;
+    BatchDocuments& operator=(const BatchDocuments&) = delete;
+};
+
+QString TargetOf(const QString& source, const QString& folder, const QString& extension)
+{
+    const QString into = folder.isEmpty() ? QFileInfo(source).path() : QDir(ResolveParentSteps(folder)).absolutePath();
+    return QDir::cleanPath(FileTargetPath(into, source, extension));
+}
+
 /// One run over the sources.
 class Batch {
 public:
@@ -71,25 +96,46 @@ public:
     {
     }
 
-    int Run()
+    BatchResult Run()
     {
-        const QStringList sources = FileConvert().Sources;
-        for (int done = 0; done < sources.size() && !stopped_ && !Program().CloseRequested; ++done) {
-            watcher_.Progress(done, static_cast<int>(sources.size()), sources[done]);
-            Convert(sources[done], done == 0, sources.size() > 1);
+        const FileConvertState state = FileConvert();
+        const QVector<BatchFile> files = FileConvertPlan(state.Sources, state.TargetFolder, state.TargetExtension);
+        result_.Total = static_cast<int>(files.size());
+        const BatchDocuments batch;
+        for (int done = 0; done < result_.Total && MayContinue(); ++done) {
+            const BatchFile& file = files[done];
+            watcher_.Progress(done, result_.Total, state.Sources[file.Source]);
+            if (file.Clash == BatchClash::None)
+                Convert(state.Sources[file.Source], result_.Total > 1);
+            else
+                LeaveOut(file, state.Sources);
             TheSeams().PumpEvents();
         }
-        return converted_;
+        return result_;
     }
 
 private:
+    bool MayContinue()
+    {
+        return !stopped_ && !Program().CloseRequested && !watcher_.IsCancelled();
+    }
+
+    void LeaveOut(const BatchFile& file, const QStringList& sources)
+    {
+        ++result_.LeftOut;
+        const auto text =
+            file.Clash == BatchClash::ReplacesSource ? TextId::ConvertReplacesSource : TextId::ConvertSameTarget;
+        MsgOk2(text, QFileInfo(sources[file.Source]).fileName(), QFileInfo(sources[file.With]).fileName());
+    }
+
     /// Only the first file clears the answer to a question that is asked once for all files.
-    void Convert(const QString& source, bool isFirst, bool isBatch)
+    void Convert(const QString& source, bool isBatch)
     {
         SetLastFile(source);
         const FileKindInfo kind = FileKindOf(source);
-        const OpenedFile opened = FileOpenOfKind(source, kind, isFirst, true);
+        const OpenedFile opened = FileOpenOfKind(source, kind, std::exchange(isFirst_, false), true);
         if (opened.Window == 0) {
+            ++result_.Failed;
             ReportIfNotConverted(source, kind, opened);
             return;
         }
@@ -113,16 +159,19 @@ private:
         QString target = FileTargetPath(folder, source, state.TargetExtension);
         const Answer answer = AskToReplace(target, isBatch);
         stopped_ = answer == Answer::Stop;
-        if (answer != Answer::Save)
+        if (answer != Answer::Save) {
+            ++result_.LeftOut;
             return;
+        }
         const FileKindInfo kind = FileKindOf(target); // a text is not written
         TheDocuments()->UseOwnSize(window); // after the question, which processes paint events
-        if (FileSaveAsKind(target, kind, window, true) && kind.IsPicture() && !target.isEmpty())
-            ++converted_;
+        const bool isWritten = FileSaveAsKind(target, kind, window, true) && kind.IsPicture() && !target.isEmpty();
+        ++(isWritten ? result_.Converted : result_.Failed);
     }
 
     FileBatchWatcher& watcher_;
-    int converted_ = 0;
+    BatchResult result_;
+    bool isFirst_ = true;
     bool stopped_ = false;
 };
 
@@ -153,6 +202,7 @@ FileConvertProposal FileConvertPropose()
         proposal.Selected = static_cast<int>(proposal.Types.size());
         proposal.Types.append(TextId::ChooseFileType);
     }
+    proposal.BlackAndWhite = TheDocuments()->IsBlackAndWhite();
     return proposal;
 }
 
@@ -174,8 +224,12 @@ bool FileMakeTargetFolder(const QString& folder)
     return false;
 }
 
-bool FileConvertAccept(const QString& folder, int type)
+bool FileConvertAccept(const QString& folder, int type, bool blackAndWhite)
 {
+    if (folder.trimmed().isEmpty()) {
+        MsgOk(TextId::ConvertFolderMissing);
+        return false;
+    }
     const QString target = AbsoluteFolder(folder.trimmed());
     if (!FileMakeTargetFolder(target))
         return false;
@@ -184,6 +238,7 @@ bool FileConvertAccept(const QString& folder, int type)
         std::find_if(formats.begin(), formats.end(), [type](const FileFormat& at) { return at.Name.Number == type; });
     FileConvert().TargetFolder = target;
     FileConvert().TargetExtension = found == formats.end() ? QString() : LngStr(found->Extension);
+    FileConvert().BlackAndWhite = blackAndWhite;
     return true;
 }
 
@@ -192,15 +247,51 @@ QString FileTargetPath(const QString& folder, const QString& source, const QStri
     return PathWithSlash(QDir::fromNativeSeparators(folder), u'/') + QFileInfo(source).completeBaseName() + extension;
 }
 
-int FileConvertRun(FileBatchWatcher& watcher)
+QVector<BatchFile> FileConvertPlan(const QStringList& sources, const QString& folder, const QString& extension)
 {
-    ClearAnswersForAll();
-    const int converted = Batch(watcher).Run();
-    ClearAnswersForAll();
-    return converted;
+    const bool isPicture = FileKindOf(u'x' + extension).IsPicture();
+    QHash<QString, int> sourceByPath;
+    for (int at = static_cast<int>(sources.size()) - 1; at >= 0; --at)
+        sourceByPath[ResolveLinks(sources[at])] = at;
+    QHash<QString, int> sourceByTarget;
+    QSet<QString> seen;
+    QVector<BatchFile> files;
+    for (int at = 0; at < sources.size(); ++at) {
+        const QString named = ResolveFolder(sources[at]);
+        if (seen.contains(named))
+            continue;
+        seen.insert(named);
+        BatchFile file{ at, TargetOf(sources[at], folder, extension) };
+        const QString target = ResolveLinks(file.Target);
+        if (isPicture && target != ResolveLinks(sources[at]) && sourceByPath.contains(target)) {
+            file.Clash = BatchClash::ReplacesSource;
+            file.With = sourceByPath[target];
+        } else if (isPicture && sourceByTarget.contains(target)) {
+            file.Clash = BatchClash::SameTarget;
+            file.With = sourceByTarget[target];
+        } else {
+            sourceByTarget[target] = at;
+        }
+        files.append(file);
+    }
+    return files;
 }
 
-int FileConvertRun()
+BatchResult FileConvertRun(FileBatchWatcher& watcher)
+{
+    ClearAnswersForAll();
+    const BatchResult result = Batch(watcher).Run();
+    ClearAnswersForAll();
+    return result;
+}
+
+QString FileConvertResultText(const BatchResult& result)
+{
+    return LngStr2(TextId::ConvertResult, QString::number(result.Converted), QString::number(result.Total)) + u'\n'
+        + LngStr2(TextId::ConvertResultRest, QString::number(result.LeftOut), QString::number(result.Failed));
+}
+
+BatchResult FileConvertRun()
 {
     FileBatchWatcher unwatched;
     return FileConvertRun(unwatched);

@@ -1,11 +1,11 @@
 #include "link/documents/fileDialogs.h"
 
+#include "app/message/message.h"
 #include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
 #include "app/text/textId.h"
 #include "link/documents/file.h"
-#include "link/documents/fileConvert.h"
 #include "link/documents/fileFormats.h"
 #include "link/documents/fileSave.h"
 
@@ -44,15 +44,19 @@ void FileOpenDlg()
     OpenAll(paths);
 }
 
-void FileConvertDlg(const std::function<bool()>& askForTarget)
+void FileConvertDlg(const std::function<bool()>& askForTarget, const std::function<BatchResult()>& convert)
 {
     const QStringList paths = AskForFiles(true);
     if (paths.isEmpty())
         return;
     FileRememberPath(paths);
     FileConvert().Sources = paths;
-    if (askForTarget())
-        FileConvertRun();
+    if (!askForTarget())
+        return;
+    const BatchResult result = convert();
+    if (result.Total > 1 && !Program().CloseRequested)
+        MsgRaw(MsgStyle(MsgButtons::Ok, MsgIcon::Exclamation), FileConvertResultText(result),
+            TextId::ConvertResult.Number);
 }
 
 } // namespace tarvik

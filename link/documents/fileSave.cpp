@@ -58,7 +58,7 @@ bool FileSaveAsKind(QString& path, const FileKindInfo& kind, int window, bool co
 {
     const FileFormat* format = FileFormatOf(kind.Kind);
     if (format == nullptr || (!format->IsImage() && !confirm)) {
-        MsgOk(TextId::UnknownFileType);
+        MsgOk1(TextId::UnknownFileType, QFileInfo(path).fileName());
         return false;
     }
     const bool isDone =

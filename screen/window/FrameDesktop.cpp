@@ -6,6 +6,7 @@
 #include "screen/window/ChildWindows.h"
 #include "screen/window/FmSelectWindow.h"
 #include "screen/window/MfScreen.h"
+#include "screen/window/screenWindow.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -23,7 +24,7 @@ public:
     ScreenViewOwner Load(WindowId id) override
     {
         MfMain* frame = MfMain::Current();
-        if (frame == nullptr)
+        if (frame == nullptr || TheScreenWindows().Batch)
             return LoadSizesView();
         QPointer<MfScreen> window = new MfScreen(id, *frame);
         return { window.data(), [window](ScreenView*) {

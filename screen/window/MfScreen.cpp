@@ -76,6 +76,7 @@ MfScreen::MfScreen(WindowId id, MfMain& frame)
 MfScreen::~MfScreen()
 {
     unloaded_ = true;
+    dying_ = true;
     if (ViewOf(id_) == this)
         ViewDrop(id_);
 }
@@ -157,11 +158,12 @@ void MfScreen::SetHelp(bool imageFromFile)
     SetControlHelp(TbDescription, imageFromFile ? HelpId::ImageDescription : HelpId::LiveScreenDescription);
 }
 
+/// At once: a deferred deletion would wait for the end of the running command.
 void MfScreen::Release()
 {
-    if (!unloaded_)
-        child_->deleteLater();
     unloaded_ = true;
+    if (!dying_)
+        delete child_;
 }
 
 WinState MfScreen::State() const
@@ -374,6 +376,7 @@ void MfScreen::closeEvent(QCloseEvent* event)
     event->accept();
     if (std::exchange(unloaded_, true))
         return;
+    dying_ = true;
     ScreenUnloaded(id_);
 }
 

@@ -43,7 +43,7 @@ public:
     /// Moves the caret into the description if that is visible.
     void EditDescription();
 
-    /// Detaches the window from the modules.
+    /// Ends the window: deletes it unless it is being destroyed or handles its own close event.
     void Release();
 
     WinState State() const override;
@@ -106,6 +106,7 @@ private:
     bool placed_ = false; ///< position set by the document, not the window system
     bool shown_ = false;
     bool unloaded_ = false;
+    bool dying_ = false; ///< its deletion is under way
 };
 
 } // namespace tarvik

@@ -42,7 +42,7 @@ void ToggleAutoTile()
 
 void RetileIfAutoTile()
 {
-    if (Program().AutoTile && !TheScreenWindows().ClosingAll && WindowCount() > 1)
+    if (Program().AutoTile && !TheScreenWindows().ClosingAll && !TheScreenWindows().Batch && WindowCount() > 1)
         ArrangeWindows(Arrangement::TileHorizontally);
 }
 

@@ -149,6 +149,12 @@ void ScreenUnloaded(WindowId id)
     ViewDrop(id);
     ScreenFree(id);
     WindowFreeSlot(id);
+    if (!TheScreenWindows().Batch)
+        UpdateAfterClosing();
+}
+
+void UpdateAfterClosing()
+{
     if (WindowCount() == 0)
         ShowNoWindowHint();
     else

@@ -16,6 +16,9 @@ namespace tarvik {
 /// Closes a window without a question, unsaved or not.
 void DropWindow(WindowId id);
 
+/// After windows have closed: retiles the others, or shows the hint that there are none.
+void UpdateAfterClosing();
+
 // Events of the window, raised by its form.
 
 /// The user closes a window directly; true allows it. Never while a command runs.

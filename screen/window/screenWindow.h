@@ -9,10 +9,18 @@
 #include <QImage>
 #include <QString>
 
+#include <optional>
+
 namespace tarvik {
 
 /// Background of every document in the colour palette once it has been drawn, regardless of the settings. 0x00BBGGRR.
 inline constexpr quint32 kDocumentBackground = 0xCECFCE;
+
+/// State before a batch of conversions.
+struct ScreenBatch {
+    WindowId Active = 0;
+    PaletteNumber PalNr = PaletteNumber::Colour; ///< of new documents
+};
 
 /// State of the module.
 struct ScreenWindowState {
@@ -20,6 +28,8 @@ struct ScreenWindowState {
     bool ResizePending = false;
     int PendingTicks = 0; ///< ticks that a resize has been delayed by a held mouse button
     bool ClosingAll = false; ///< do not retile after each window
+    /// During a batch documents open without a window, and the other windows stay as they are.
+    std::optional<ScreenBatch> Batch;
     bool StoringDescription = false; ///< the program is setting a description: ignore changes of the control
     QVector<WindowId> Chosen; ///< by the last selection, in list order
 };

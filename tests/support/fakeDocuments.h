@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <gtest/gtest.h>
+
 #include <functional>
 
 namespace tarvik {
@@ -44,6 +46,21 @@ public:
     {
         Log.append(QStringLiteral("close %1").arg(window));
     }
+    bool IsBlackAndWhite() const override
+    {
+        return BlackAndWhite;
+    }
+    void BeginBatch(std::optional<bool> blackAndWhite) override
+    {
+        EXPECT_FALSE(InBatch);
+        InBatch = true;
+        BatchPalette = blackAndWhite;
+    }
+    void EndBatch() override
+    {
+        EXPECT_TRUE(InBatch);
+        InBatch = false;
+    }
     bool IsDataSet(int /*window*/) const override
     {
         return DataSet;
@@ -51,6 +68,9 @@ public:
 
     int Opened = 0;
     bool DataSet = false;
+    bool BlackAndWhite = false;
+    bool InBatch = false;
+    std::optional<bool> BatchPalette; ///< of the last batch
     PictureSaved Outcome = PictureSaved::Written;
     QStringList Log;
     QStringList OwnSize; ///< windows brought to their own size, and the line of the log before

@@ -16,8 +16,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QHash>
-#include <QSet>
 #include <QTemporaryDir>
 
 #include <utility>
@@ -77,31 +75,19 @@ Batch BatchOf(const CtlArguments& arguments, const FileConvertState& state, Term
     QStringList all;
     for (const QString& operand : arguments.Operands)
         all.append(QFileInfo(ResolveParentSteps(operand)).absoluteFilePath());
-    QSet<QString> sources;
-    for (const QString& path : all)
-        sources.insert(ResolveLinks(path));
-    QSet<QString> seen;
-    QHash<QString, QString> nameByTarget;
     Batch batch;
-    for (qsizetype at = 0; at < all.size(); ++at) {
-        const QString& name = arguments.Operands[at];
-        const QString folder = state.TargetFolder.isEmpty()
-            ? QFileInfo(all[at]).path()
-            : QDir(ResolveParentSteps(state.TargetFolder)).absolutePath();
-        const QString target = QDir::cleanPath(FileTargetPath(folder, all[at], state.TargetExtension));
-        const QString replaced = ResolveLinks(target);
-        const QString source = ResolveFolder(all[at]);
+    for (const BatchFile& file : FileConvertPlan(all, state.TargetFolder, state.TargetExtension)) {
+        const QString& name = arguments.Operands[file.Source];
         terminal.SetFile(name);
-        if (seen.contains(source))
-            continue;
-        seen.insert(source);
-        if (replaced != ResolveLinks(all[at]) && sources.contains(replaced)) {
-            terminal.Refuse(QStringLiteral("would replace %1, which is to be converted itself").arg(target));
-        } else if (nameByTarget.contains(replaced)) {
-            terminal.Refuse(QStringLiteral("would become the same file as %1").arg(nameByTarget[replaced]));
-        } else {
-            nameByTarget[replaced] = name;
-            batch.Paths.append(all[at]);
+        switch (file.Clash) {
+        case BatchClash::ReplacesSource:
+            terminal.Refuse(QStringLiteral("would replace %1, which is to be converted itself").arg(file.Target));
+            break;
+        case BatchClash::SameTarget:
+            terminal.Refuse(QStringLiteral("would become the same file as %1").arg(arguments.Operands[file.With]));
+            break;
+        case BatchClash::None:
+            batch.Paths.append(all[file.Source]);
             batch.Names.append(name);
         }
     }
@@ -155,7 +141,7 @@ void CtlRunPictures(const CtlArguments& arguments, Terminal& terminal)
     StopOnSignal();
     StartDocuments(arguments);
     TerminalWatcher watcher(arguments, batch.Names, terminal);
-    const int converted = FileConvertRun(watcher);
+    const int converted = FileConvertRun(watcher).Converted;
     terminal.ShowProgress({});
     if (converted < batch.Paths.size())
         terminal.SetFailed();

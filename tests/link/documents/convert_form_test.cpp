@@ -3,13 +3,18 @@
 
 #include "app/platform/seams.h"
 #include "app/text/lang.h"
+#include "link/documents/FmConvertProgress.h"
 #include "link/documents/FmFileConvert.h"
 #include "link/documents/fileConvert.h"
+#include "tests/support/fakeDocuments.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 
 namespace tarvik {
 
@@ -27,7 +32,28 @@ protected:
         return QDir::toNativeSeparators(Folder().chopped(1));
     }
 
+    FakeDocuments windows;
     FmFileConvert form;
+};
+
+/// Converts three files; `During` is called while each is open.
+class ConvertProgressForm : public FormTest {
+protected:
+    ConvertProgressForm()
+    {
+        FileConvert().Sources = { FilePath("a.bmp"), FilePath("b.bmp"), FilePath("c.bmp") };
+        FileConvert().TargetFolder = Folder();
+        FileConvert().TargetExtension = ".png";
+        windows.OnOpen = [this] {
+            During(++opened);
+            return opened;
+        };
+    }
+
+    FakeDocuments windows;
+    int opened = 0;
+    std::function<void(int)> During = [](int) {};
+    FmConvertProgress form;
 };
 
 } // namespace
@@ -35,7 +61,8 @@ protected:
 TEST_F(ConvertForm, HasItsControlsInOrder)
 {
     RunForm(form, [this] {
-        ExpectControls(form, { "CbType", "TbDir", "BtBrowse", "LbType", "LbDir", "BtClose", "BtCancel", "BtHelp" });
+        ExpectControls(form,
+            { "CbType", "TbDir", "BtBrowse", "CkBlackAndWhite", "LbType", "LbDir", "BtClose", "BtCancel", "BtHelp" });
         ExpectTabOrder(form);
         ExpectNothingClipped(form);
         EXPECT_EQ(form.HelpNumber(), 11401);
@@ -83,6 +110,34 @@ TEST_F(ConvertForm, OkStoresFolderAndType)
     EXPECT_TRUE(QDir(FilePath("new")).exists());
 }
 
+TEST_F(ConvertForm, ShowsPaletteOfNewDocumentsAndStoresChoice)
+{
+    windows.BlackAndWhite = true;
+    RunForm(form, [this] {
+        EXPECT_TRUE(Find<QCheckBox>(form, "CkBlackAndWhite").isChecked());
+        Click(form, "BtClose");
+    });
+    EXPECT_EQ(FileConvert().BlackAndWhite, true);
+    RunForm(form, [this] {
+        Click(form, "CkBlackAndWhite");
+        Click(form, "BtClose");
+    });
+    EXPECT_EQ(FileConvert().BlackAndWhite, false);
+    EXPECT_TRUE(windows.BlackAndWhite) << "of windows";
+}
+
+TEST_F(ConvertForm, EmptyFolderKeepsFormOpenAndFocus)
+{
+    Answers().Expect(11426, Ok);
+    RunForm(form, [this] {
+        Type(form, "TbDir", " ");
+        Click(form, "BtClose");
+        EXPECT_TRUE(form.IsLoaded());
+        EXPECT_TRUE(HasFocus(form, "TbDir"));
+        Click(form, "BtCancel");
+    });
+}
+
 TEST_F(ConvertForm, FailedFolderKeepsFormOpenAndFocus)
 {
     Answers().Expect(12752, Ok);
@@ -123,6 +178,51 @@ TEST_F(ConvertForm, BrowseStartsAtFolderAndReplacesIt)
     });
     EXPECT_EQ(asked.Title, LngStr(12753));
     EXPECT_EQ(asked.Start, FolderText());
+}
+
+TEST_F(ConvertProgressForm, ShowsCountNameAndProgress)
+{
+    QStringList seen;
+    During = [&](int file) {
+        if (file == 1) {
+            ExpectControls(form, { "LbCount", "LbName", "progressBar", "BtCancel" });
+            ExpectTabOrder(form);
+            ExpectNothingClipped(form);
+            EXPECT_EQ(form.HelpNumber(), 11401);
+            EXPECT_TRUE(form.isVisible());
+            EXPECT_EQ(form.windowTitle(), LngStr(11416));
+        }
+        const auto& bar = Find<QProgressBar>(form, "progressBar");
+        seen.append(QStringLiteral("%1, %2, %3 of %4")
+                        .arg(TextOf(form, "LbCount"), TextOf(form, "LbName"))
+                        .arg(bar.value())
+                        .arg(bar.maximum()));
+    };
+    DialogShow(form);
+    EXPECT_EQ(seen, QStringList({ "1 of 3, a.bmp, 0 of 3", "2 of 3, b.bmp, 1 of 3", "3 of 3, c.bmp, 2 of 3" }));
+    EXPECT_TRUE(form.IsClosed());
+    EXPECT_EQ(form.Result().Converted, 3);
+}
+
+TEST_F(ConvertProgressForm, EndsAfterCurrentFileByButtonEscapeAndClose)
+{
+    const QVector<std::function<void()>> ways{ [this] { Click(form, "BtCancel"); },
+        [this] { Key(form, "BtCancel", Qt::Key_Escape); }, [this] { form.close(); } };
+    for (const auto& cancel : ways) {
+        opened = 0;
+        During = [&](int file) {
+            if (file != 2)
+                return;
+            cancel();
+            EXPECT_FALSE(form.IsClosed());
+            EXPECT_EQ(TextOf(form, "LbName"), LngStr(11421));
+        };
+        DialogShow(form);
+        EXPECT_TRUE(form.IsClosed());
+        EXPECT_EQ(form.Result().Converted, 2);
+        EXPECT_EQ(form.Result().Total, 3);
+        EXPECT_EQ(windows.Log.last(), "close 2");
+    }
 }
 
 } // namespace tarvik

@@ -2,6 +2,7 @@
 #include "tests/link/documents/documents_fixture.h"
 
 #include "app/state/project.h"
+#include "app/text/lang.h"
 #include "link/documents/file.h"
 #include "link/documents/fileFormats.h"
 
@@ -75,7 +76,24 @@ protected:
     }
 };
 
-using FilesOfDialog = DocumentsTest;
+class FilesOfDialog : public DocumentsTest {
+protected:
+    static BatchResult Unused()
+    {
+        ADD_FAILURE() << "nothing is to be converted";
+        return {};
+    }
+    static BatchResult Run()
+    {
+        return FileConvertRun();
+    }
+    bool ToPng()
+    {
+        FileConvert().TargetFolder = Folder();
+        FileConvert().TargetExtension = ".png";
+        return true;
+    }
+};
 using ConvertTarget = DocumentsTest;
 
 } // namespace
@@ -88,7 +106,7 @@ TEST_F(FilesOfDialog, AsksForPictures)
     EXPECT_EQ(OpenQuestion.InitialFolder, Program().LastFile.Folder);
     EXPECT_EQ(OpenQuestion.Filters, FileOpenFilters());
     EXPECT_EQ(OpenQuestion.DefaultExtension, "bmp");
-    FileConvertDlg(Refuse);
+    FileConvertDlg(Refuse, Unused);
     EXPECT_EQ(OpenQuestion.Title, "Convert Files");
     EXPECT_EQ(OpenQuestion.DefaultExtension, "swp");
 }
@@ -117,7 +135,7 @@ TEST_F(FilesOfDialog, RememberedNoOpensNoMoreFiles)
 TEST_F(FilesOfDialog, CancelledConversionChangesNothing)
 {
     OpenAnswer = { FilePath("a.png") };
-    FileConvertDlg(Refuse);
+    FileConvertDlg(Refuse, Unused);
     EXPECT_TRUE(Log.isEmpty());
     EXPECT_EQ(FileConvert().Sources, OpenAnswer);
     EXPECT_EQ(Program().LastFile.Name, "a") << "the next dialog starts there";
@@ -126,19 +144,39 @@ TEST_F(FilesOfDialog, CancelledConversionChangesNothing)
 TEST_F(FilesOfDialog, AcceptedConversionConvertsFiles)
 {
     OpenAnswer = { FilePath("a.bmp") };
-    FileConvertDlg([this] {
-        EXPECT_EQ(FileConvert().Sources, OpenAnswer);
-        FileConvert().TargetFolder = Folder();
-        FileConvert().TargetExtension = ".png";
-        return true;
-    });
+    FileConvertDlg(
+        [this] {
+            EXPECT_EQ(FileConvert().Sources, OpenAnswer);
+            FileConvert().TargetFolder = Folder();
+            FileConvert().TargetExtension = ".png";
+            return true;
+        },
+        Run);
     EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.bmp"), "save 1 " + FilePath("a.png"), "close 1" }));
+}
+
+TEST_F(FilesOfDialog, ResultOfSeveralFilesIsShown)
+{
+    OpenAnswer = { FilePath("a.bmp"), FilePath("bad.bmp"), FilePath("c.bmp"), FilePath("d.bmp") };
+    Store(FilePath("c.png"), "old");
+    Answers().Expect(12734, No);
+    Answers().ExpectWhile(
+        11422, Ok, [] { EXPECT_EQ(TheMessage().Text, LngStr2(11422, "2", "4") + '\n' + LngStr2(11423, "1", "1")); });
+    FileConvertDlg([this] { return ToPng(); }, Run);
+}
+
+TEST_F(FilesOfDialog, ResultIsNotShownIfProgramIsToClose)
+{
+    OpenAnswer = { FilePath("a.bmp"), FilePath("b.bmp") };
+    TheSeams().PumpEvents = [] { Program().CloseRequested = true; };
+    FileConvertDlg([this] { return ToPng(); }, Run);
+    EXPECT_EQ(Log.filter("save").size(), 1);
 }
 
 TEST_F(FileConverting, OpensSavesAndClosesOneAfterTheOther)
 {
     Sources({ "b.bmp", "a.wmf" });
-    EXPECT_EQ(FileConvertRun(), 2);
+    EXPECT_EQ(FileConvertRun().Converted, 2);
     EXPECT_EQ(Log,
         QStringList({ "open " + FilePath("b.bmp"), "save 1 " + Target("b.png"), "close 1", "open " + FilePath("a.wmf"),
             "save 2 " + Target("a.png"), "close 2" }));
@@ -147,7 +185,7 @@ TEST_F(FileConverting, OpensSavesAndClosesOneAfterTheOther)
 TEST_F(FileConverting, FileThatFailsToOpenIsSkipped)
 {
     Sources({ "bad.bmp", "a.bmp" });
-    EXPECT_EQ(FileConvertRun(), 1);
+    EXPECT_EQ(FileConvertRun().Converted, 1);
     EXPECT_EQ(SavedNames(), QStringList("a.png"));
     EXPECT_EQ(ClosedCount(), 1);
 }
@@ -158,7 +196,7 @@ TEST_F(FileConverting, ListOpenedInEditorIsReported)
     Sources({ "a.tvm", "b.csv", "c.bmp" });
     Answers().Expect(12750, { "a.tvm" }, Ok);
     Answers().Expect(12750, { "b.csv" }, Ok);
-    EXPECT_EQ(FileConvertRun(), 1);
+    EXPECT_EQ(FileConvertRun().Converted, 1);
     EXPECT_EQ(Log, QStringList({ "open " + FilePath("c.bmp"), "save 1 " + Target("c.png"), "close 1" }));
 }
 
@@ -167,22 +205,22 @@ TEST_F(FileConverting, UnopenedListIsReported)
     Sources({ "a.tvm", "b.csv", "c.txt" });
     for (const char* name : { "a.tvm", "b.csv", "c.txt" })
         Answers().Expect(12750, { QString::fromLatin1(name) }, Ok);
-    EXPECT_EQ(FileConvertRun(), 0);
+    EXPECT_EQ(FileConvertRun().Converted, 0);
     EXPECT_TRUE(Log.isEmpty());
 }
 
-TEST_F(FileConverting, FileOfUnknownKindIsReportedOnce)
+TEST_F(FileConverting, FileOfUnknownKindIsReportedOnceByName)
 {
     Sources({ "a.doc" });
-    Answers().Expect(12750, QStringList(), Ok);
-    EXPECT_EQ(FileConvertRun(), 0);
+    Answers().Expect(12750, { "a.doc" }, Ok);
+    EXPECT_EQ(FileConvertRun().Converted, 0);
 }
 
 TEST_F(FileConverting, WindowReturnedByOpenIsSavedAndClosed)
 {
     Windows.OnOpen = [] { return 3; };
     Sources({ "a.bmp" });
-    EXPECT_EQ(FileConvertRun(), 1);
+    EXPECT_EQ(FileConvertRun().Converted, 1);
     EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.bmp"), "save 3 " + Target("a.png"), "close 3" }));
 }
 
@@ -190,7 +228,7 @@ TEST_F(FileConverting, DocumentOpenedEarlierStaysOpen)
 {
     EXPECT_TRUE(FileOpen(FilePath("mine.bmp"), true, true));
     Sources({ "bad.bmp" });
-    EXPECT_EQ(FileConvertRun(), 0);
+    EXPECT_EQ(FileConvertRun().Converted, 0);
     EXPECT_EQ(ClosedCount(), 0);
 }
 
@@ -207,9 +245,9 @@ TEST_F(FileConverting, TextTargetWritesNothing)
     FileConvert().TargetExtension = ".csv";
     Sources({ "a.bmp" });
     Answers().Expect(12763, { Target("a.csv") }, Ok);
-    EXPECT_EQ(FileConvertRun(), 0);
+    EXPECT_EQ(FileConvertRun().Converted, 0);
     FileConvert().TargetExtension = ".txt";
-    EXPECT_EQ(FileConvertRun(), 0);
+    EXPECT_EQ(FileConvertRun().Converted, 0);
     EXPECT_EQ(ClosedCount(), 2);
     EXPECT_TRUE(QDir(FilePath("out")).isEmpty());
 }
@@ -219,9 +257,118 @@ TEST_F(FileConverting, ClosingProgramCompletesCurrentFileOnly)
     Sources({ "a.bmp", "b.bmp", "c.bmp" });
     int files = 0;
     TheSeams().PumpEvents = [&files] { Program().CloseRequested = ++files == 2; };
-    EXPECT_EQ(FileConvertRun(), 2);
+    EXPECT_EQ(FileConvertRun().Converted, 2);
     EXPECT_EQ(SavedNames(), QStringList({ "a.png", "b.png" }));
     EXPECT_EQ(ClosedCount(), 2);
+}
+
+TEST_F(FileConverting, CancelEndsBatchAfterCurrentFile)
+{
+    class Cancelling final : public FileBatchWatcher {
+    public:
+        void Prepare(int window) override
+        {
+            cancelled_ = window == 2;
+        }
+        bool IsCancelled() override
+        {
+            return cancelled_;
+        }
+
+    private:
+        bool cancelled_ = false;
+    };
+    Sources({ "a.bmp", "b.bmp", "c.bmp" });
+    Cancelling watcher;
+    const BatchResult result = FileConvertRun(watcher);
+    EXPECT_EQ(result.Converted, 2);
+    EXPECT_EQ(result.Total, 3);
+    EXPECT_EQ(Log.last(), "close 2");
+}
+
+TEST_F(FileConverting, SourceIsNotReplacedByOtherSource)
+{
+    Store(FilePath("a.png"), "original");
+    FileConvert().TargetFolder = Folder();
+    Sources({ "a.bmp", "a.png" });
+    Answers().Expect(11424, { "a.bmp", "a.png" }, Ok);
+    Answers().ExpectWhile(12734, Yes, [] { TheMessage().YesAll = true; });
+    const BatchResult result = FileConvertRun();
+    EXPECT_EQ(Log, QStringList({ "open " + FilePath("a.png"), "save 1 " + FilePath("a.png"), "close 1" }));
+    EXPECT_EQ(result.Converted, 1);
+    EXPECT_EQ(result.LeftOut, 1);
+    EXPECT_EQ(result.Failed, 0);
+}
+
+TEST_F(FileConverting, SourceIsNotReplacedThroughLink)
+{
+    Store(FilePath("a.png"), "original");
+    ASSERT_TRUE(QFile::link(Folder(), FilePath("link")));
+    FileConvert().TargetFolder = FilePath("link");
+    Sources({ "a.bmp", "a.png" });
+    Answers().Expect(11424, { "a.bmp", "a.png" }, Ok);
+    Answers().Expect(12734, Yes);
+    EXPECT_EQ(FileConvertRun().Converted, 1);
+    EXPECT_EQ(SavedNames(), QStringList("a.png"));
+    EXPECT_EQ(Log.filter("open"), QStringList("open " + FilePath("a.png")));
+}
+
+TEST_F(FileConverting, SecondSourceOfATargetIsLeftOut)
+{
+    Sources({ "a.bmp", "a.pcx", "b.bmp" });
+    Answers().Expect(11425, { "a.pcx", "a.bmp" }, Ok);
+    const BatchResult result = FileConvertRun();
+    EXPECT_EQ(SavedNames(), QStringList({ "a.png", "b.png" }));
+    EXPECT_EQ(result.LeftOut, 1);
+}
+
+TEST_F(FileConverting, SourceNamedTwiceIsConvertedOnce)
+{
+    Sources({ "a.bmp", "a.bmp" });
+    const BatchResult result = FileConvertRun();
+    EXPECT_EQ(result.Total, 1);
+    EXPECT_EQ(result.Converted, 1);
+}
+
+TEST_F(FileConverting, LeftOutFirstFileKeepsOldAnswersFromTheNext)
+{
+    TheMessage().RememberedAnswer = MsgResult::No;
+    Store(FilePath("a.png"), "original");
+    FileConvert().TargetFolder = Folder();
+    Sources({ "a.bmp", "a.png" });
+    Answers().Expect(11424, Ok);
+    Answers().Expect(12734, Yes);
+    EXPECT_EQ(FileConvertRun().Converted, 1);
+}
+
+TEST_F(FileConverting, CountsFilesByOutcome)
+{
+    Exists("a.png");
+    Sources({ "a.bmp", "bad.bmp", "c.bmp", "d.tvm", "e.bmp" });
+    Answers().Expect(12734, No);
+    Answers().Expect(12750, { "d.tvm" }, Ok);
+    const BatchResult result = FileConvertRun();
+    EXPECT_EQ(result.Total, 5);
+    EXPECT_EQ(result.Converted, 2);
+    EXPECT_EQ(result.LeftOut, 1);
+    EXPECT_EQ(result.Failed, 2);
+}
+
+TEST_F(FileConverting, DocumentsKnowBatchAndItsPalette)
+{
+    bool wasInBatch = false;
+    Windows.OnOpen = [&] {
+        wasInBatch = Windows.InBatch;
+        return 1;
+    };
+    Sources({ "a.bmp" });
+    FileConvertRun();
+    EXPECT_TRUE(wasInBatch);
+    EXPECT_FALSE(Windows.InBatch);
+    EXPECT_EQ(Windows.BatchPalette, std::nullopt);
+    FileConvert().BlackAndWhite = true;
+    FileConvertRun();
+    EXPECT_EQ(Windows.BatchPalette, true);
 }
 
 TEST_F(FileConverting, RemembersLastFileOpened)
@@ -236,11 +383,11 @@ TEST_F(FileConverting, SingleExistingTargetIsAskedFor)
     Exists("a.png");
     Sources({ "a.bmp" });
     Answers().Expect(12734, { Target("a.png") }, No);
-    EXPECT_EQ(FileConvertRun(), 0);
+    EXPECT_EQ(FileConvertRun().Converted, 0);
     EXPECT_TRUE(SavedNames().isEmpty());
     EXPECT_EQ(ClosedCount(), 1);
     Answers().Expect(12734, { Target("a.png") }, Yes);
-    EXPECT_EQ(FileConvertRun(), 1);
+    EXPECT_EQ(FileConvertRun().Converted, 1);
     EXPECT_EQ(SavedNames(), QStringList("a.png"));
 }
 
@@ -262,7 +409,7 @@ TEST_F(FileConverting, EachExistingTargetIsAskedFor)
     Sources({ "a.bmp", "b.bmp", "c.bmp" });
     Answers().Expect(12734, { Target("a.png") }, No);
     Answers().Expect(12734, { Target("b.png") }, Yes);
-    EXPECT_EQ(FileConvertRun(), 2);
+    EXPECT_EQ(FileConvertRun().Converted, 2);
     EXPECT_EQ(SavedNames(), QStringList({ "b.png", "c.png" }));
 }
 
@@ -272,11 +419,11 @@ TEST_F(FileConverting, YesForAllIsValidForThisBatchOnly)
     Exists("b.png");
     Sources({ "a.bmp", "b.bmp" });
     Answers().ExpectWhile(12734, Yes, [] { TheMessage().YesAll = true; });
-    EXPECT_EQ(FileConvertRun(), 2);
+    EXPECT_EQ(FileConvertRun().Converted, 2);
     EXPECT_FALSE(TheMessage().YesAll);
     Answers().Expect(12734, No);
     Answers().Expect(12734, No);
-    EXPECT_EQ(FileConvertRun(), 0);
+    EXPECT_EQ(FileConvertRun().Converted, 0);
 }
 
 TEST_F(FileConverting, AnswersForAllOfEarlierBatchAreIgnored)
@@ -285,7 +432,7 @@ TEST_F(FileConverting, AnswersForAllOfEarlierBatchAreIgnored)
     Sources({ "a.bmp", "bad.bmp" });
     TheMessage().YesAll = true;
     Answers().Expect(12734, No);
-    EXPECT_EQ(FileConvertRun(), 0);
+    EXPECT_EQ(FileConvertRun().Converted, 0);
 }
 
 TEST_F(FileConverting, NoForAllSkipsExistingTargetsOnly)
@@ -294,7 +441,7 @@ TEST_F(FileConverting, NoForAllSkipsExistingTargetsOnly)
     Exists("b.png");
     Sources({ "a.bmp", "b.bmp", "c.bmp" });
     Answers().ExpectWhile(12734, No, [] { TheMessage().NoAll = true; });
-    EXPECT_EQ(FileConvertRun(), 1);
+    EXPECT_EQ(FileConvertRun().Converted, 1);
     EXPECT_EQ(SavedNames(), QStringList("c.png"));
     EXPECT_EQ(ClosedCount(), 3);
 }
@@ -304,7 +451,7 @@ TEST_F(FileConverting, CancelClosesDocumentAndEndsBatch)
     Exists("b.png");
     Sources({ "a.bmp", "b.bmp", "c.bmp" });
     Answers().Expect(12734, Cancel);
-    EXPECT_EQ(FileConvertRun(), 1);
+    EXPECT_EQ(FileConvertRun().Converted, 1);
     EXPECT_EQ(Log.filter("open").size(), 2);
     EXPECT_EQ(Log.last(), "close 2");
 }
@@ -315,16 +462,16 @@ TEST_F(FileConverting, TargetEqualToSourceIsAskedFor)
     FileConvert().TargetFolder = Folder();
     Sources({ "a.png" });
     Answers().Expect(12734, { FilePath("a.png") }, Yes);
-    EXPECT_EQ(FileConvertRun(), 1);
+    EXPECT_EQ(FileConvertRun().Converted, 1);
 }
 
 TEST_F(FileConverting, TargetWithoutTypeFailsForEachFile)
 {
     FileConvert().TargetExtension.clear();
     Sources({ "a.bmp", "b.bmp" });
-    Answers().Expect(12750, Ok);
-    Answers().Expect(12750, Ok);
-    EXPECT_EQ(FileConvertRun(), 0);
+    Answers().Expect(12750, { "a" }, Ok);
+    Answers().Expect(12750, { "b" }, Ok);
+    EXPECT_EQ(FileConvertRun().Converted, 0);
     EXPECT_EQ(ClosedCount(), 2);
 }
 
@@ -334,7 +481,7 @@ TEST_F(FileConverting, FailedWriteDoesNotEndBatch)
     Sources({ "a.bmp", "b.bmp" });
     Answers().Expect(12761, { "a.png" }, Ok);
     Answers().Expect(12761, { "b.png" }, Ok);
-    EXPECT_EQ(FileConvertRun(), 0);
+    EXPECT_EQ(FileConvertRun().Converted, 0);
     EXPECT_EQ(ClosedCount(), 2);
 }
 
@@ -368,7 +515,7 @@ QVector<int> NumbersOf(const QVector<TextNumber<0>>& texts)
 
 TEST_F(ConvertTarget, LastRecognisedSourceDeterminesFolder)
 {
-    FileConvert() = { { "/one/a.bmp", "/two/b.csv", "/three/c.doc" }, "/old", ".wmf" };
+    FileConvert() = { { "/one/a.bmp", "/two/b.csv", "/three/c.doc" }, "/old", ".wmf", {} };
     const FileConvertProposal proposal = FileConvertPropose();
     EXPECT_EQ(proposal.Folder, QDir::toNativeSeparators("/two"));
     EXPECT_EQ(NumbersOf(proposal.Types), QVector<int>({ 11603, 11607, 11602, 11606, 11605, 11604 }));
@@ -391,7 +538,7 @@ TEST_F(ConvertTarget, ExtensionFollowsType)
     const std::pair<int, const char*> types[] = { { 11603, ".csv" }, { 11607, ".txt" }, { 11602, ".bmp" },
         { 11606, ".pcx" }, { 11605, ".png" }, { 11604, ".wmf" }, { 11005, "" } };
     for (const auto& [type, extension] : types) {
-        EXPECT_TRUE(FileConvertAccept(Folder(), type));
+        EXPECT_TRUE(FileConvertAccept(Folder(), type, false));
         EXPECT_EQ(FileConvert().TargetExtension, extension);
     }
     EXPECT_EQ(FileConvert().TargetFolder, Folder());
@@ -399,7 +546,7 @@ TEST_F(ConvertTarget, ExtensionFollowsType)
 
 TEST_F(ConvertTarget, MissingFolderIsCreatedOneLevelDeep)
 {
-    EXPECT_TRUE(FileConvertAccept(" " + FilePath("new/") + " ", 11605));
+    EXPECT_TRUE(FileConvertAccept(" " + FilePath("new/") + " ", 11605, false));
     EXPECT_TRUE(QDir(FilePath("new")).exists());
     EXPECT_EQ(FileConvert().TargetFolder, FilePath("new/"));
 }
@@ -407,7 +554,7 @@ TEST_F(ConvertTarget, MissingFolderIsCreatedOneLevelDeep)
 TEST_F(ConvertTarget, FolderTwoLevelsDeepIsRefused)
 {
     Answers().Expect(12752, { "two", "No such file or directory" }, Ok);
-    EXPECT_FALSE(FileConvertAccept(FilePath("one/two"), 11605));
+    EXPECT_FALSE(FileConvertAccept(FilePath("one/two"), 11605, false));
     EXPECT_FALSE(QDir(FilePath("one")).exists());
     EXPECT_EQ(FileConvert().TargetFolder, "");
 }
@@ -416,14 +563,25 @@ TEST_F(ConvertTarget, FileInPlaceOfFolderIsRefused)
 {
     Store(FilePath("taken"), "x");
     Answers().Expect(12752, { "taken", "File exists" }, Ok);
-    EXPECT_FALSE(FileConvertAccept(FilePath("taken"), 11605));
+    EXPECT_FALSE(FileConvertAccept(FilePath("taken"), 11605, false));
     EXPECT_EQ(Contents(FilePath("taken")), "x");
+}
+
+TEST_F(ConvertTarget, PaletteIsThatOfNewDocumentsUntilChosen)
+{
+    EXPECT_FALSE(FileConvertPropose().BlackAndWhite);
+    Windows.BlackAndWhite = true;
+    EXPECT_TRUE(FileConvertPropose().BlackAndWhite);
+    EXPECT_TRUE(FileConvertAccept(Folder(), 11605, false));
+    EXPECT_EQ(FileConvert().BlackAndWhite, false);
+    EXPECT_TRUE(FileConvertAccept(Folder(), 11605, true));
+    EXPECT_EQ(FileConvert().BlackAndWhite, true);
 }
 
 TEST_F(ConvertTarget, RelativeFolderIsInFolderOfSources)
 {
     SetLastFile(FilePath("a.bmp"));
-    EXPECT_TRUE(FileConvertAccept("new", 11605));
+    EXPECT_TRUE(FileConvertAccept("new", 11605, false));
     EXPECT_EQ(FileConvert().TargetFolder, FilePath("new"));
     EXPECT_TRUE(QDir(FilePath("new")).exists());
 }
@@ -431,18 +589,18 @@ TEST_F(ConvertTarget, RelativeFolderIsInFolderOfSources)
 TEST_F(ConvertTarget, TildeIsHomeFolder)
 {
     SetLastFile(FilePath("a.bmp"));
-    EXPECT_TRUE(FileConvertAccept("~", 11605));
+    EXPECT_TRUE(FileConvertAccept("~", 11605, false));
     EXPECT_EQ(FileConvert().TargetFolder, QDir::homePath());
-    EXPECT_TRUE(FileConvertAccept("~/", 11605));
+    EXPECT_TRUE(FileConvertAccept("~/", 11605, false));
     EXPECT_EQ(FileConvert().TargetFolder, QDir::homePath() + '/');
-    EXPECT_TRUE(FileConvertAccept("~out", 11605));
+    EXPECT_TRUE(FileConvertAccept("~out", 11605, false));
     EXPECT_EQ(FileConvert().TargetFolder, FilePath("~out"));
 }
 
 TEST_F(ConvertTarget, RefusedFolderIsReportedByItsLastName)
 {
     Answers().Expect(12752, { "two", "No such file or directory" }, Ok);
-    EXPECT_FALSE(FileConvertAccept(FilePath("one/two//"), 11605));
+    EXPECT_FALSE(FileConvertAccept(FilePath("one/two//"), 11605, false));
 }
 
 TEST_F(ConvertTarget, RootIsAFolder)
@@ -454,8 +612,8 @@ TEST_F(ConvertTarget, RootIsAFolder)
 
 TEST_F(ConvertTarget, EmptyFolderIsRefused)
 {
-    Answers().Expect(12752, Ok);
-    EXPECT_FALSE(FileConvertAccept("   ", 11605));
+    Answers().Expect(11426, Ok);
+    EXPECT_FALSE(FileConvertAccept("   ", 11605, false));
 }
 
 } // namespace tarvik

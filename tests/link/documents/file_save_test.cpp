@@ -192,7 +192,7 @@ TEST_F(FileSaving, SavingAsTextDoesNotSaveDocument)
 TEST_F(FileSaving, DialogReportsUnknownExtensionAndRemembersNothing)
 {
     SaveAnswer = FilePath("a.jpeg");
-    Answers().Expect(12750, QStringList(), Ok);
+    Answers().Expect(12750, { "a.jpeg" }, Ok);
     EXPECT_FALSE(FileSaveAsDlg(3));
     EXPECT_EQ(Program().LastFile.Name, "");
 }

@@ -64,9 +64,9 @@ TEST_F(FileOpening, OtherTextIsOnlyClassified)
 
 TEST_F(FileOpening, UnknownKindIsReported)
 {
-    Answers().Expect(12750, QStringList(), Ok);
-    EXPECT_FALSE(FileOpen("a.swp", true, true));
-    Answers().Expect(12750, Ok);
+    Answers().Expect(12750, { "a.swp" }, Ok);
+    EXPECT_FALSE(FileOpen("/folder/a.swp", true, true));
+    Answers().Expect(12750, { "a" }, Ok);
     EXPECT_FALSE(FileOpen("a", true, true));
     EXPECT_TRUE(Opened.isEmpty());
 }

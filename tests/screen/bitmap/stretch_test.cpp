@@ -50,4 +50,20 @@ TEST(Stretching, FillsTheWholeSize)
     }
 }
 
+TEST(Stretching, ReductionKeepsThinLines)
+{
+    for (int line = 0; line < 30; ++line) {
+        QImage picture(30, 30, QImage::Format_RGB32);
+        picture.fill(Qt::white);
+        for (int along = 0; along < 30; ++along) {
+            picture.setPixel(line, along, 0xFF000000U);
+            picture.setPixel(along, line, 0xFF000000U);
+        }
+        const QImage reduced = Stretch(picture, { 10, 10 });
+        const int other = line / 3 == 5 ? 2 : 5; // away from the crossing
+        EXPECT_LT(qGray(reduced.pixel(line / 3, other)), 215) << "upright line at " << line;
+        EXPECT_LT(qGray(reduced.pixel(other, line / 3)), 215) << "level line at " << line;
+    }
+}
+
 } // namespace tarvik

@@ -60,7 +60,7 @@ TEST_F(OpenFiles, ExtensionOfPictureIsCaseInsensitive)
 
 TEST_F(OpenFiles, UnknownExtensionOpensNoWindow)
 {
-    Answers().Expect(12750, {}, Ok);
+    Answers().Expect(12750, { QStringLiteral("a.gif") }, Ok);
     EXPECT_FALSE(FileOpen(FilePath(QStringLiteral("a.gif")), true, true));
     EXPECT_EQ(WindowCount(), 0);
 }
@@ -161,7 +161,7 @@ TEST_F(OpenFiles, BatchWithoutFreeSlotAsksOnceAndConvertsNothing)
     FileConvert().Sources = chosen_;
     FileConvert().TargetExtension = QStringLiteral(".bmp");
     Answers().Expect(12713, {}, No); // once
-    EXPECT_EQ(FileConvertRun(), 0);
+    EXPECT_EQ(FileConvertRun().Converted, 0);
     EXPECT_EQ(WindowCount(), kDocumentsOfType);
     EXPECT_EQ(QDir(Folder()).entryList(QDir::Files), (QStringList{ "a.png", "b.png", "c.png" }));
 }
@@ -173,7 +173,7 @@ TEST_F(OpenFiles, BatchReplacesOldestOnlyOnce)
     FileConvert().Sources = chosen_;
     FileConvert().TargetExtension = QStringLiteral(".bmp");
     Answers().Expect(12713, {}, Yes); // once: its window is closed with the first file
-    EXPECT_EQ(FileConvertRun(), 3);
+    EXPECT_EQ(FileConvertRun().Converted, 3);
     EXPECT_FALSE(WindowInUse(1));
     EXPECT_EQ(WindowCount(), kDocumentsOfType - 1);
 }
@@ -185,7 +185,7 @@ TEST_F(OpenFiles, OpensRemainingFilesAfterUnreadableOne)
     FileConvert().Sources = chosen_;
     FileConvert().TargetExtension = QStringLiteral(".bmp");
     Answers().Expect(12760, { QStringLiteral("b.png") }, Ok);
-    EXPECT_EQ(FileConvertRun(), 2);
+    EXPECT_EQ(FileConvertRun().Converted, 2);
     EXPECT_EQ(WindowCount(), 0);
 }
 

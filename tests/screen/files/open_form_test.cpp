@@ -3,6 +3,7 @@
 #include "app/text/lang.h"
 #include "link/documents/file.h"
 #include "link/documents/fileConvert.h"
+#include "link/documents/fileSave.h"
 #include "screen/window/descriptionEdit.h"
 #include "tests/screen/screen_form_fixture.h"
 #include "tests/support/fakeChannel.h"
@@ -83,6 +84,18 @@ TEST_F(OpenInWindows, PictureLibraryIsRetriedUntilFound)
     ASSERT_TRUE(QFile::link(QStringLiteral(TARVIK_MODULES "/") + name, FilePath(name)));
     EXPECT_TRUE(FileOpen(path, true, true));
     EXPECT_EQ(Document(1).Master, Picture({ 300, 200 }));
+}
+
+TEST_F(OpenInWindows, SaveWithoutPictureLibraryEndsWithoutMessage)
+{
+    const WindowId id = Open();
+    UnbindModule(Module::Pictures);
+    for (const char* name : { "a.png", "a.pcx", "a.bmp", "a.wmf" }) {
+        QString path = FilePath(name);
+        EXPECT_TRUE(FileSaveAs(path, id, true));
+        EXPECT_EQ(path, "") << name;
+        EXPECT_FALSE(QFile::exists(FilePath(name)));
+    }
 }
 
 TEST_F(CaptureInWindows, IsStartedByBothMenuItemsAndButton)
@@ -182,7 +195,7 @@ TEST_F(OpenInWindows, BatchContinuesInBackground)
     const WindowId open = Open();
     FileConvert().Sources = { StorePicture("a.png"), StorePicture("b.png", { 30, 20 }) };
     FileConvert().TargetExtension = QStringLiteral(".bmp");
-    EXPECT_EQ(FileConvertRun(), 2);
+    EXPECT_EQ(FileConvertRun().Converted, 2);
     EXPECT_EQ(QImage(FilePath("a.bmp")).size(), QSize(300, 200));
     EXPECT_EQ(QImage(FilePath("b.bmp")).size(), QSize(30, 20));
     EXPECT_EQ(WindowCount(), 1);
@@ -196,7 +209,7 @@ TEST_F(OpenInWindows, BatchWorksWhileWindowsAreTiled)
     Item("MnWindowAutotile").trigger();
     FileConvert().Sources = { StorePicture("a.png"), StorePicture("b.png") };
     FileConvert().TargetExtension = QStringLiteral(".bmp");
-    EXPECT_EQ(FileConvertRun(), 2);
+    EXPECT_EQ(FileConvertRun().Converted, 2);
     EXPECT_TRUE(QFile::exists(FilePath("b.bmp")));
     EXPECT_EQ(WindowCount(), 2);
     EXPECT_TRUE(WindowInUse(first));

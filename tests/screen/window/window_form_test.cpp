@@ -15,6 +15,7 @@
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QSignalSpy>
 
 namespace tarvik {
@@ -491,6 +492,28 @@ TEST_F(ScreenWindowForm, FrameMayCloseWithWindowsOpen)
     const WindowId id = Open();
     frame.reset();
     EXPECT_EQ(ViewOf(id), nullptr);
+}
+
+TEST_F(ScreenWindowForm, IsDeletedWhenClosedByCommand)
+{
+    const WindowId id = Open();
+    const QPointer<QMdiSubWindow> child = &Child(id);
+    const QPointer<MfScreen> window = &Window(id);
+    const BusyScope busy;
+    DropWindow(id);
+    EXPECT_TRUE(child.isNull());
+    EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(ScreenWindowForm, IsDeletedAfterItsOwnCloseEvent)
+{
+    const WindowId id = Open();
+    const QPointer<QMdiSubWindow> child = &Child(id);
+    child->close();
+    EXPECT_FALSE(WindowInUse(id));
+    EXPECT_FALSE(child.isNull()) << "in its own event";
+    QCoreApplication::sendPostedEvents(child, QEvent::DeferredDelete);
+    EXPECT_TRUE(child.isNull());
 }
 
 } // namespace tarvik

@@ -1,0 +1,78 @@
+// bench/convert_bench.cpp: the command Convert Files in the frame, to PNG. Prints one JSON object: the time of the
+// batch in ms, and the growth of the peak memory by it in MiB.
+//
+// bench_convert FOLDER FILE...
+#include "app/frame/MfMain.h"
+#include "app/state/project.h"
+#include "app/state/statusBar.h"
+#include "bench/timing.h"
+#include "closed/loader.h"
+#include "composition.h"
+#include "link/documents/FmConvertProgress.h"
+#include "link/documents/fileConvert.h"
+
+#include <QApplication>
+#include <QtTest/QTest>
+
+#include <cstdio>
+
+#include <sys/resource.h>
+
+namespace tarvik {
+
+namespace {
+
+constexpr QSize kFrame(1400, 900);
+
+double PeakMiB()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_maxrss) / 1024;
+}
+
+int Run(const QStringList& arguments)
+{
+    ComposeProgram();
+    const QString folder = QApplication::applicationDirPath() + QLatin1Char('/');
+    for (const Module module : { Module::General, Module::Language, Module::Pictures }) {
+        if (!ModuleLoad(module, folder))
+            return EXIT_FAILURE;
+    }
+    MfMain frame(folder);
+    frame.BuildTexts();
+    Program().MainWindowState = WinState::Normal;
+    frame.ShowFrame();
+    frame.resize(kFrame);
+    Program().Started = true;
+    if (!QTest::qWaitForWindowActive(&frame))
+        return EXIT_FAILURE;
+
+    FileConvert().TargetFolder = arguments[1];
+    FileConvert().TargetExtension = QStringLiteral(".png");
+    FileConvert().Sources = arguments.mid(2);
+    const double before = PeakMiB();
+    BatchResult result;
+    const double ms = MsOf([&result] {
+        const BusyScope busy;
+        FmConvertProgress form(QApplication::activeWindow());
+        DialogShow(form);
+        result = form.Result();
+    });
+    std::printf("{\"ms\": %.1f, \"growth\": %.1f}\n", ms, PeakMiB() - before);
+    return result.Converted == result.Total ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+
+} // namespace tarvik
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() > 2)
+        return tarvik::Run(arguments);
+    (void)std::fprintf(stderr, "usage: bench_convert FOLDER FILE...\n");
+    return 2;
+}

@@ -112,8 +112,9 @@ std::vector<TourStep> ConvertSteps(const QString& folder)
                 Type(form, "TbDir", folder + QString::fromLatin1(kTourConverted));
                 Click(form, "BtClose");
             }),
-        // Both sources have the same base name, so the second one asks.
-        ClickOn("convert-existing", "FmMessage", "BtYes"),
+        // Both sources have the same base name, so the second one is left out.
+        ClickOn("convert-clash", "FmMessage", "BtOk"),
+        ClickOn("convert-result", "FmMessage", "BtOk"),
         OnFrame("converted", "MnWindowCloseAll", 1),
     };
 }

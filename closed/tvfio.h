@@ -48,11 +48,11 @@ typedef struct OmniphaseEntry { /* 20 bytes */
     double PhaseDegrees;
 } OmniphaseEntry;
 
-typedef struct AzimuthEntry { /* 16 bytes before the pointer to the angles, which are a separate block */
+typedef struct AzimuthEntry { /* 16 bytes on every platform: the list of angles is a handle, as a pointer may need 8 */
     int16_t Used;
-    int16_t AngleCount;
+    int16_t Reserved;
     double FrequencyHz;
-    double* AnglesDegrees; /* owned by the entry; created by AntCorrNewAngles, released by AntCorrFreeAngles */
+    int32_t Angles; /* handle, owned by the entry; see AntCorrNewAngles. 0: no angles */
 } AzimuthEntry;
 
 #pragma pack(pop)
@@ -165,10 +165,13 @@ typedef struct CorrModIdent {
 
 /* Correction sets: the status is the result. Every array holds TVFIO_CORR_ENTRIES entries, used or not, and a count is
    the number of the used ones among them. Getting a table fills the whole array, used entries first; the angles of an
-   azimuth entry are a new block then, which the caller releases (the pointers that were in the array are overwritten).
+   azimuth entry are a new list then, which the caller releases (the handles that were in the array are overwritten).
    Sorting looks at the whole array, refuses a wrong count, orders the used entries by frequency before the unused ones
-   in the array itself, and takes them over as the current table; the angles stay the caller's. The file name is the
-   last part of the path of the last load or save, as UTF-8; empty for a new set. */
+   in the array itself, and takes them over as the current table; the angles stay the caller's. AntCorrNewAngles makes a
+   list of zeros and returns its handle, or 0 for a count outside 1 to TVFIO_MAX_ANGLES and if memory runs out.
+   AntCorrGetAngles returns the angles of a list, in degrees, and their number; a null pointer and 0 for the handle 0
+   and for one that is not in use. They can be changed, and are valid until AntCorrFreeAngles. The file name is the last
+   part of the path of the last load or save, as UTF-8; empty for a new set. */
 #define TVFIO_CORRECTION_OPERATIONS(X)                                                                                 \
     X(int16_t, AntCorrClear, (void))                                                                                   \
     X(int16_t, AntCorrLoadFile, (const char* path))                                                                    \
@@ -183,8 +186,9 @@ typedef struct CorrModIdent {
     X(int16_t, AntCorrSortKFactor, (KfactorCorrEntry * entries, int16_t count))                                        \
     X(int16_t, AntCorrSortOmniphase, (OmniphaseEntry * entries, int16_t count))                                        \
     X(int16_t, AntCorrSortAzimuth, (AzimuthEntry * entries, int16_t count))                                            \
-    X(double*, AntCorrNewAngles, (int16_t count))                                                                      \
-    X(void, AntCorrFreeAngles, (double* angles))
+    X(int32_t, AntCorrNewAngles, (int16_t count))                                                                      \
+    X(double*, AntCorrGetAngles, (int32_t angles, int16_t * count))                                                    \
+    X(void, AntCorrFreeAngles, (int32_t angles))
 
 #define TVFIO_LIMIT(X, Name, Type)                                                                                     \
     X(void, GetMin##Name, (int16_t * status, Type * value))                                                            \

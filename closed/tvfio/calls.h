@@ -69,26 +69,33 @@ void CallClear(int16_t* status)
     Answer(status, FioStatus::Ok);
 }
 
-/// Replaces the current list by the contents of a file. After a failure the current list is empty.
-template <typename List>
-[[nodiscard]] FioStatus LoadBytes(ByteView file)
+/// Replaces the current list by what `fill` reads into the empty list. After a failure, also for lack of memory, the
+/// current list is empty.
+template <typename List, typename Fill>
+[[nodiscard]] FioStatus LoadCurrent(Fill fill)
 {
     List& list = List::Current();
     list.Clear();
-    const FioStatus result = list.Decode(file);
+    const FioStatus result = Guarded([&list, &fill] { return fill(list); });
     if (result != FioStatus::Ok)
         list.Clear();
     return result;
 }
 
+/// As above, from the contents of a file.
+template <typename List>
+[[nodiscard]] FioStatus LoadBytes(ByteView file)
+{
+    return LoadCurrent<List>([file](List& list) { return list.Decode(file); });
+}
+
 template <typename List>
 void CallLoadFile(int16_t* status, const char* path)
 {
-    List::Current().Clear();
-    Answer(status, Guarded([path] {
+    Answer(status, LoadCurrent<List>([path](List& list) {
         Bytes bytes;
         const FioStatus result = ReadFileBytes(path, bytes);
-        return result == FioStatus::Ok ? LoadBytes<List>(bytes) : result;
+        return result == FioStatus::Ok ? list.Decode(bytes) : result;
     }));
 }
 

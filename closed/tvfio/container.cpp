@@ -3,6 +3,8 @@
 #include "closed/tvfio/crc32.h"
 
 #include <algorithm>
+#include <bitset>
+#include <limits>
 #include <string>
 
 namespace tvfio {
@@ -108,17 +110,18 @@ FioStatus ReadListFile(ByteView file, Family family, Sections& sections)
 {
     if (const FioStatus status = CheckHeader(file, family); status != FioStatus::Ok)
         return status;
+    std::bitset<std::numeric_limits<uint16_t>::max() + 1> found; // also of sections of a later version
     ByteReader reader(file.subspan(kHeaderBytes));
     while (reader.Remaining() > 0) {
         const size_t id = reader.Int<uint16_t>();
         const ByteView content = reader.Take(reader.Int<uint32_t>());
         if (reader.Failed())
             return Fail(FioStatus::FileStructure);
-        if (id >= sections.size())
-            continue;
-        if (sections[id].has_value())
+        if (found.test(id))
             return Fail(FioStatus::FileStructure);
-        sections[id] = content;
+        found.set(id);
+        if (id < sections.size())
+            sections[id] = content;
     }
     return FioStatus::Ok;
 }

@@ -2,7 +2,8 @@
 #include "closed/tvfio/calls.h"
 #include "closed/tvfio/correctionset.h"
 
-#include <cstdlib>
+#include <limits>
+#include <map>
 
 namespace tvfio {
 
@@ -30,14 +31,55 @@ FioStatus ToRecord(const OmniphaseEntry& entry, CorrPhaseRecord& record)
                                                                           : FioStatus::CorrectionOmniphaseEntry;
 }
 
+/// Lists of angles by handle.
+using AngleLists = std::map<int32_t, std::vector<double>>;
+
+AngleLists& Angles()
+{
+    static AngleLists lists;
+    return lists;
+}
+
+int32_t NewAngles(int16_t count)
+{
+    if (count <= 0 || count > TVFIO_MAX_ANGLES)
+        return 0;
+    try {
+        // The lowest free handle after the highest in use; the handles wrap around.
+        AngleLists& lists = Angles();
+        int32_t handle = lists.empty() ? 0 : lists.rbegin()->first;
+        do
+            handle = handle == std::numeric_limits<int32_t>::max() ? 1 : handle + 1;
+        while (lists.contains(handle));
+        lists.emplace(handle, static_cast<size_t>(count));
+        return handle;
+    } catch (const std::bad_alloc&) {
+        return 0;
+    }
+}
+
+double* GetAngles(int32_t angles, int16_t* count)
+{
+    const auto found = Angles().find(angles);
+    const bool exists = found != Angles().end();
+    if (count != nullptr)
+        *count = exists ? static_cast<int16_t>(found->second.size()) : int16_t{ 0 };
+    return exists ? found->second.data() : nullptr;
+}
+
+void FreeAngles(int32_t angles)
+{
+    Angles().erase(angles);
+}
+
 FioStatus ToRecord(const AzimuthEntry& entry, CorrAzimuthRecord& record)
 {
-    const int count = entry.AngleCount;
-    if (count < 0 || count > TVFIO_MAX_ANGLES || (count > 0 && entry.AnglesDegrees == nullptr))
+    int16_t count = 0;
+    const double* angles = GetAngles(entry.Angles, &count);
+    if (entry.Angles != 0 && angles == nullptr)
         return FioStatus::CorrectionAngleCount;
     record.Frequency = entry.FrequencyHz;
-    if (count > 0)
-        record.Angles.assign(entry.AnglesDegrees, entry.AnglesDegrees + count);
+    record.Angles.assign(angles, angles + count);
     const bool sound = std::isfinite(record.Frequency)
         && std::all_of(record.Angles.begin(), record.Angles.end(), [](double angle) { return std::isfinite(angle); });
     return sound ? FioStatus::Ok : FioStatus::CorrectionAzimuthEntry;
@@ -55,27 +97,14 @@ bool ToEntry(const CorrPhaseRecord& record, OmniphaseEntry& entry)
     return true;
 }
 
-double* NewAngles(int16_t count)
-{
-    if (count <= 0 || count > TVFIO_MAX_ANGLES)
-        return nullptr;
-    return static_cast<double*>(std::calloc(static_cast<size_t>(count), sizeof(double)));
-}
-
-void FreeAngles(double* angles)
-{
-    std::free(angles);
-}
-
 /// False if memory for the angles runs out.
 bool ToEntry(const CorrAzimuthRecord& record, AzimuthEntry& entry)
 {
-    const auto count = static_cast<int16_t>(record.Angles.size());
-    double* angles = NewAngles(count);
-    if (count > 0 && angles == nullptr)
+    const int32_t angles = NewAngles(static_cast<int16_t>(record.Angles.size()));
+    if (angles == 0 && !record.Angles.empty())
         return false;
-    std::copy(record.Angles.begin(), record.Angles.end(), angles);
-    entry = { 1, count, record.Frequency, angles };
+    std::copy(record.Angles.begin(), record.Angles.end(), GetAngles(angles, nullptr));
+    entry = { 1, 0, record.Frequency, angles };
     return true;
 }
 
@@ -88,7 +117,7 @@ void Erase(Entry* entries, size_t)
 void Erase(AzimuthEntry* entries, size_t filled)
 {
     for (size_t i = 0; i < filled; ++i)
-        FreeAngles(entries[i].AnglesDegrees);
+        FreeAngles(entries[i].Angles);
     std::fill_n(entries, TVFIO_CORR_ENTRIES, AzimuthEntry{});
 }
 
@@ -156,14 +185,13 @@ int16_t ClearSet()
 
 int16_t LoadSet(const char* path)
 {
-    CorrectionSet::Current().Clear();
-    return Word(Guarded([path] {
+    return Word(LoadCurrent<CorrectionSet>([path](CorrectionSet& set) {
         Bytes bytes;
         FioStatus status = ReadFileBytes(path, bytes);
         if (status == FioStatus::Ok)
-            status = LoadBytes<CorrectionSet>(bytes);
+            status = set.Decode(bytes);
         if (status == FioStatus::Ok)
-            CorrectionSet::Current().FileName = tvfile::FileNameOfPath(path);
+            set.FileName = tvfile::FileNameOfPath(path);
         return status;
     }));
 }
@@ -217,6 +245,7 @@ void BindCorrectionCalls(TvFioApi& api)
     api.AntCorrSortOmniphase = SortTable<&CorrectionSet::Omniphase, OmniphaseEntry>;
     api.AntCorrSortAzimuth = SortTable<&CorrectionSet::Azimuth, AzimuthEntry>;
     api.AntCorrNewAngles = NewAngles;
+    api.AntCorrGetAngles = GetAngles;
     api.AntCorrFreeAngles = FreeAngles;
 }
 

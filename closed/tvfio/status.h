@@ -86,7 +86,7 @@ enum class FioStatus : int16_t {
     CorrectionKfactorEntry = 79, ///< a frequency or level is not a number
     CorrectionOmniphaseEntry = 80, ///< a frequency or phase is not a number
     CorrectionAzimuthEntry = 81, ///< a frequency or angle is not a number
-    CorrectionAngleCount = 82, ///< more than TVFIO_MAX_ANGLES angles, or none where a count is given
+    CorrectionAngleCount = 82, ///< more than TVFIO_MAX_ANGLES angles, or a list of angles that is not in use
 
     // Files; the store's own text is shown.
     FileIsNoList = 15, ///< not a file of this store

@@ -38,19 +38,20 @@ protected:
     ~CorrectionStore() override
     {
         for (const AzimuthEntry& entry : azimuth)
-            fio.AntCorrFreeAngles(entry.AnglesDegrees);
+            fio.AntCorrFreeAngles(entry.Angles);
     }
 
     void PutAngles(size_t row, double frequencyHz, const std::vector<double>& angles)
     {
-        const auto angleCount = static_cast<int16_t>(angles.size());
-        azimuth[row] = { 1, angleCount, frequencyHz, fio.AntCorrNewAngles(angleCount) };
-        std::copy(angles.begin(), angles.end(), azimuth[row].AnglesDegrees);
+        azimuth[row] = { 1, 0, frequencyHz, fio.AntCorrNewAngles(static_cast<int16_t>(angles.size())) };
+        std::copy(angles.begin(), angles.end(), fio.AntCorrGetAngles(azimuth[row].Angles, nullptr));
     }
 
-    [[nodiscard]] std::vector<double> Angles(size_t row) const
+    [[nodiscard]] std::vector<double> Angles(const AzimuthEntry& entry) const
     {
-        return { azimuth[row].AnglesDegrees, azimuth[row].AnglesDegrees + azimuth[row].AngleCount };
+        int16_t angleCount = -1;
+        const double* angles = fio.AntCorrGetAngles(entry.Angles, &angleCount);
+        return { angles, angles + angleCount };
     }
 
     std::vector<KfactorCorrEntry> kfactor;
@@ -69,8 +70,10 @@ TEST_F(CorrectionStore, EntriesHaveThePackedLayout)
     EXPECT_EQ(offsetof(KfactorCorrEntry, PassiveLevel), 20U);
     EXPECT_EQ(sizeof(OmniphaseEntry), 20U);
     EXPECT_EQ(offsetof(OmniphaseEntry, PhaseDegrees), 12U);
+    EXPECT_EQ(sizeof(AzimuthEntry), 16U);
+    EXPECT_EQ(offsetof(AzimuthEntry, Reserved), 2U);
     EXPECT_EQ(offsetof(AzimuthEntry, FrequencyHz), 4U);
-    EXPECT_EQ(offsetof(AzimuthEntry, AnglesDegrees), 12U);
+    EXPECT_EQ(offsetof(AzimuthEntry, Angles), 12U);
 }
 
 TEST_F(CorrectionStore, NewSetHasDefaultHeaderAndIdentity)
@@ -149,23 +152,21 @@ TEST_F(CorrectionStore, SortMovesAnglesWithTheirEntry)
     PutAngles(1, 20e6, { 12, -5.5 });
     PutAngles(2, 10e6, {});
     EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 2), kOk);
-    EXPECT_EQ(azimuth[0].AngleCount, 0);
-    EXPECT_EQ(Angles(1), (std::vector<double>{ 12, -5.5 }));
-    double* const unused = azimuth[2].AnglesDegrees;
-    EXPECT_EQ(unused, nullptr);
+    EXPECT_TRUE(Angles(azimuth[0]).empty());
+    EXPECT_EQ(Angles(azimuth[1]), (std::vector<double>{ 12, -5.5 }));
+    EXPECT_EQ(int32_t{ azimuth[2].Angles }, 0);
 }
 
 TEST_F(CorrectionStore, GetAzimuthsCopiesAngles)
 {
     PutAngles(0, 10e6, { 1, 2, 3 });
     EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), kOk);
-    azimuth[0].AnglesDegrees[0] = 99;
+    fio.AntCorrGetAngles(azimuth[0].Angles, nullptr)[0] = 99;
     std::vector<AzimuthEntry> stored(TVFIO_CORR_ENTRIES);
     EXPECT_EQ(fio.AntCorrGetAzimuth(stored.data(), &count), kOk);
     ASSERT_EQ(count, 1);
-    EXPECT_EQ(stored[0].AngleCount, 3);
-    EXPECT_EQ(stored[0].AnglesDegrees[0], 1);
-    fio.AntCorrFreeAngles(stored[0].AnglesDegrees);
+    EXPECT_EQ(Angles(stored[0]), (std::vector<double>{ 1, 2, 3 }));
+    fio.AntCorrFreeAngles(stored[0].Angles);
 }
 
 TEST_F(CorrectionStore, RefusesCountOtherThanNumberOfUsedEntries)
@@ -188,24 +189,45 @@ TEST_F(CorrectionStore, RefusesInvalidEntries)
     EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), Word(FioStatus::CorrectionAzimuthEntry));
 }
 
-TEST_F(CorrectionStore, RefusesAngleCountWithoutAngles)
+TEST_F(CorrectionStore, RefusesAnglesThatAreNotInUse)
 {
-    azimuth[0] = { 1, 5, 10e6, nullptr };
+    PutAngles(0, 10e6, { 1, 2 });
+    fio.AntCorrFreeAngles(azimuth[0].Angles);
     EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), Word(FioStatus::CorrectionAngleCount));
-    azimuth[0] = { 1, -1, 10e6, nullptr };
+    azimuth[0].Angles = -1;
     EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), Word(FioStatus::CorrectionAngleCount));
 }
 
-TEST_F(CorrectionStore, AllocatesAnglesForValidCountsOnly)
+TEST_F(CorrectionStore, ReservedWordIsIgnoredAndCleared)
 {
-    EXPECT_EQ(fio.AntCorrNewAngles(0), nullptr);
-    EXPECT_EQ(fio.AntCorrNewAngles(-1), nullptr);
-    EXPECT_EQ(fio.AntCorrNewAngles(TVFIO_MAX_ANGLES + 1), nullptr);
-    double* angles = fio.AntCorrNewAngles(TVFIO_MAX_ANGLES);
-    ASSERT_NE(angles, nullptr);
-    EXPECT_EQ(angles[TVFIO_MAX_ANGLES - 1], 0);
+    PutAngles(0, 10e6, { 1, 2 });
+    azimuth[0].Reserved = 0x7FFF;
+    EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), kOk);
+    std::vector<AzimuthEntry> stored(TVFIO_CORR_ENTRIES);
+    stored[0].Reserved = 5;
+    EXPECT_EQ(fio.AntCorrGetAzimuth(stored.data(), &count), kOk);
+    EXPECT_EQ(Angles(stored[0]), (std::vector<double>{ 1, 2 }));
+    EXPECT_EQ(int16_t{ stored[0].Reserved }, 0);
+    fio.AntCorrFreeAngles(stored[0].Angles);
+}
+
+TEST_F(CorrectionStore, MakesAnglesForValidCountsOnly)
+{
+    EXPECT_EQ(fio.AntCorrNewAngles(0), 0);
+    EXPECT_EQ(fio.AntCorrNewAngles(-1), 0);
+    EXPECT_EQ(fio.AntCorrNewAngles(TVFIO_MAX_ANGLES + 1), 0);
+    const int32_t angles = fio.AntCorrNewAngles(TVFIO_MAX_ANGLES);
+    ASSERT_NE(angles, 0);
+    EXPECT_EQ(fio.AntCorrGetAngles(angles, &count)[TVFIO_MAX_ANGLES - 1], 0);
+    EXPECT_EQ(count, TVFIO_MAX_ANGLES);
+    const int32_t others = fio.AntCorrNewAngles(1);
+    EXPECT_NE(others, angles);
     fio.AntCorrFreeAngles(angles);
-    fio.AntCorrFreeAngles(nullptr);
+    EXPECT_EQ(fio.AntCorrGetAngles(angles, &count), nullptr);
+    EXPECT_EQ(count, 0);
+    EXPECT_NE(fio.AntCorrGetAngles(others, &count), nullptr);
+    fio.AntCorrFreeAngles(others);
+    fio.AntCorrFreeAngles(0);
 }
 
 TEST_F(CorrectionStore, RefusedHeaderKeepsOldOne)
@@ -233,7 +255,7 @@ TEST_F(CorrectionStore, SavedSetRoundTrips)
     EXPECT_EQ(fio.AntCorrSortOmniphase(omniphase.data(), 1), kOk);
     PutAngles(0, 10e6, { 12, -5.5, 360 });
     EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 1), kOk);
-    fio.AntCorrFreeAngles(azimuth[0].AnglesDegrees);
+    fio.AntCorrFreeAngles(azimuth[0].Angles);
     ASSERT_EQ(fio.AntCorrSaveFile(Path("loop.tvc").c_str()), kOk);
     EXPECT_EQ(fio.AntCorrClear(), kOk);
     ASSERT_EQ(fio.AntCorrLoadFile(Path("loop.tvc").c_str()), kOk);
@@ -249,7 +271,7 @@ TEST_F(CorrectionStore, SavedSetRoundTrips)
     EXPECT_EQ(double{ omniphase[0].PhaseDegrees }, -12.5);
     EXPECT_EQ(fio.AntCorrGetAzimuth(azimuth.data(), &count), kOk);
     EXPECT_EQ(count, 1);
-    EXPECT_EQ(Angles(0), (std::vector<double>{ 12, -5.5, 360 }));
+    EXPECT_EQ(Angles(azimuth[0]), (std::vector<double>{ 12, -5.5, 360 }));
 }
 
 TEST_F(CorrectionStore, FileNameIsThatOfLastLoadOrSave)

@@ -178,6 +178,26 @@ TYPED_TEST(HostileFile, ASectionThatStandsTwiceIsRefused)
     EXPECT_EQ(this->Load(Repaired(file)), FioStatus::FileStructure);
 }
 
+TYPED_TEST(HostileFile, UnknownSectionThatOccursTwiceIsRefused)
+{
+    Bytes file = SampleFile<TypeParam>();
+    const Bytes later{ 0x34, 0x12, 3, 0, 0, 0, 'n', 'e', 'w' };
+    file.insert(file.end(), later.begin(), later.end());
+    file.insert(file.end(), later.begin(), later.end());
+    RepairHeader(file);
+    EXPECT_EQ(this->Load(file), FioStatus::FileStructure);
+}
+
+TYPED_TEST(HostileFile, ListIsEmptyIfMemoryRunsOutWhileLoading)
+{
+    const FioStatus status = LoadCurrent<TypeParam>([](TypeParam& list) -> FioStatus {
+        FillSample(list);
+        throw std::bad_alloc();
+    });
+    EXPECT_EQ(status, FioStatus::OutOfMemory);
+    EXPECT_EQ(TypeParam::Current().Encode(), EmptyFile<TypeParam>());
+}
+
 TYPED_TEST(HostileFile, AMissingSectionIsRefused)
 {
     Bytes file = SampleFile<TypeParam>();

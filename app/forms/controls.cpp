@@ -1,4 +1,6 @@
 #include "app/forms/form.h"
+
+#include "app/forms/focusRules.h"
 #include "app/state/statusBar.h"
 #include "app/text/ansi.h"
 #include "app/text/lang.h"
@@ -238,7 +240,9 @@ QLineEdit* NewTextBox(QWidget* parent, const char* name, TopicNumber help, int m
 
 QComboBox* NewCombo(QWidget* parent, const char* name, TopicNumber help)
 {
-    return Prepared(new QComboBox(parent), name, { {}, help, {} });
+    auto* combo = Prepared(new QComboBox(parent), name, { {}, help, {} });
+    WheelNeedsFocus(combo);
+    return combo;
 }
 
 QCheckBox* NewCheckBox(QWidget* parent, const char* name, const ControlTexts& texts)

@@ -105,6 +105,19 @@ public:
     }
 };
 
+class WheelFilter final : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus())
+            return false;
+        event->ignore(); // left to the parent
+        return true;
+    }
+};
+
 class SelectAllFilter final : public QObject {
 public:
     using QObject::QObject;
@@ -163,6 +176,12 @@ bool CheckFocused(const QWidget* window)
 void EnterAsTab(QLineEdit* textBox)
 {
     textBox->installEventFilter(new EnterFilter(textBox));
+}
+
+void WheelNeedsFocus(QWidget* control)
+{
+    control->setFocusPolicy(Qt::StrongFocus);
+    control->installEventFilter(new WheelFilter(control));
 }
 
 void SelectAllOnFocus(QLineEdit* textBox)

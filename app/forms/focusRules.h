@@ -25,4 +25,8 @@ void EnterAsTab(QLineEdit* textBox);
 /// Selects the whole text when the text box gets the focus.
 void SelectAllOnFocus(QLineEdit* textBox);
 
+/// Lets the wheel change the value of a combo or spin box only while it has the focus, which the wheel does not give to
+/// it. Otherwise its form scrolls.
+void WheelNeedsFocus(QWidget* control);
+
 } // namespace tarvik

@@ -7,12 +7,23 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QTimer>
 #include <QVariant>
 
 namespace tarvik {
+
+namespace {
+
+bool IsPlainEnter(const QKeyEvent& event)
+{
+    const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    return isEnter && !event.isAutoRepeat() && (event.modifiers() & ~Qt::KeypadModifier) == 0;
+}
+
+} // namespace
 
 FormBase::FormBase(const char* name, QWidget* parent)
     : QDialog(parent)
@@ -154,6 +165,8 @@ void FormBase::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape)
         event->accept(); // the keyboard hook has seen it
+    else if (auto* button = qobject_cast<QPushButton*>(focusWidget()); button != nullptr && IsPlainEnter(*event))
+        button->click(); // not the form's default button
     else
         QDialog::keyPressEvent(event);
 }

@@ -52,6 +52,7 @@ FolderComboBox::FolderComboBox(const QString& name, QWidget* parent)
     : QComboBox(parent)
 {
     NameControl(this, name);
+    setFocusPolicy(Qt::StrongFocus); // not by the wheel
     setItemDelegate(new LevelDelegate(this));
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(kUsualCharacters);

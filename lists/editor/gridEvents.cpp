@@ -92,8 +92,8 @@ bool EditorGrid::OnRowClicked(const Cell& cell)
 
 bool EditorGrid::OnDoubleClick(const Cell& cell)
 {
-    if (columns_[static_cast<size_t>(cell.Column)].Kind == CellKind::Check)
-        return false; // toggles twice
+    if (auto* check = qobject_cast<QCheckBox*>(cell.Control))
+        check->toggle(); // back to before the first click
     const int row = topRow_ + cell.Index;
     if (MayLeaveFocus())
         rows_.RowOpened(row);

@@ -1,5 +1,6 @@
 #include "screen/window/ColumnsBox.h"
 
+#include "app/forms/focusRules.h"
 #include "app/forms/form.h"
 
 #include <QLineEdit>
@@ -20,6 +21,7 @@ ColumnsBox::ColumnsBox(QWidget* parent)
     NameControl(this, QStringLiteral("UpDown"));
     NameControl(lineEdit(), QStringLiteral("Tb"));
     lineEdit()->setMaxLength(kMaxDigits);
+    WheelNeedsFocus(this);
     connect(
         lineEdit(), &QLineEdit::textChanged, this, qOverload<>(&QWidget::update)); // the arrows depend on the number
 }

@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWhatsThis>
+#include <QWheelEvent>
 
 namespace tarvik {
 
@@ -244,6 +245,72 @@ TEST_F(Escape, ThatLeavesTheWhatsThisModeLeavesItsFormOpen)
     ASSERT_FALSE(form.IsClosed());
     Key(Qt::Key_Escape);
     EXPECT_TRUE(form.IsClosed());
+}
+
+namespace {
+
+/// A form with a default button, another button and a combo box.
+class ButtonForm final : public FormBase {
+public:
+    ButtonForm()
+        : FormBase("ButtonForm")
+    {
+        auto* layout = new QVBoxLayout(this);
+        for (const char* name : { "BtFirst", "BtSecond" }) {
+            QPushButton* button = NewButton(this, name, {});
+            connect(button, &QPushButton::clicked, this, [this, name] { Pressed.append(QLatin1String(name)); });
+            layout->addWidget(button);
+        }
+        Find<QPushButton>(*this, "BtFirst").setDefault(true);
+        QComboBox* combo = NewCombo(this, "CbList", {});
+        combo->addItems({ "a", "b", "c" });
+        combo->setCurrentIndex(1);
+        layout->addWidget(combo);
+    }
+    bool OnLoad() override
+    {
+        DialogPush(*this, false);
+        return true;
+    }
+
+    QStringList Pressed;
+};
+
+void Wheel(QWidget& control)
+{
+    const QPoint centre = control.rect().center();
+    QWheelEvent event(
+        centre, control.mapToGlobal(centre), {}, { 0, -120 }, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&control, &event);
+}
+
+} // namespace
+
+TEST_F(FormControls, EnterPressesTheFocusedButton)
+{
+    ButtonForm form;
+    ShowForm(form);
+    Key(form, "BtSecond", Qt::Key_Return);
+    Key(form, "BtSecond", Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(form.Pressed, QStringList({ "BtSecond", "BtSecond" }));
+    Key(form, "CbList", Qt::Key_Return);
+    EXPECT_EQ(form.Pressed.last(), "BtFirst"); // the default button
+    form.Unload();
+}
+
+TEST_F(FormControls, WheelChangesAComboBoxOnlyWhileItHasTheFocus)
+{
+    ButtonForm form;
+    ShowForm(form);
+    auto& combo = Find<QComboBox>(form, "CbList");
+    FindControl(form, "BtFirst").setFocus();
+    Wheel(combo);
+    EXPECT_EQ(combo.currentIndex(), 1);
+    EXPECT_TRUE(HasFocus(form, "BtFirst"));
+    combo.setFocus();
+    Wheel(combo);
+    EXPECT_EQ(combo.currentIndex(), 2);
+    form.Unload();
 }
 
 } // namespace tarvik

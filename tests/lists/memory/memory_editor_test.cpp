@@ -341,6 +341,23 @@ TEST_F(MemoryEditor, DoubleClickOpensEntry)
     }
 }
 
+TEST_F(MemoryEditor, DoubleClickOnCheckBoxOpensEntryAndKeepsTheStatus)
+{
+    Open(StoredList({ 5 }));
+    bool isShown = false;
+    InDialog([&isShown](QWidget& dialog) {
+        isShown = true;
+        EXPECT_EQ(Find<QComboBox>(dialog, "CbStatus").currentIndex(), 0);
+        Click(dialog, "BtCancel");
+    });
+    QWidget& cell = Cell(1, 5);
+    QTest::mouseClick(&cell, Qt::LeftButton);
+    EXPECT_TRUE(IsChecked(5));
+    QTest::mouseDClick(&cell, Qt::LeftButton);
+    EXPECT_TRUE(isShown);
+    EXPECT_FALSE(IsChecked(5));
+}
+
 TEST_F(MemoryEditor, EntryEditedInDialogIsShownAndSetsDirty)
 {
     Open(StoredList({ 5 }));

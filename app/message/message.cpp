@@ -79,6 +79,11 @@ void MsgOk(TextNumber<0> id)
     Ask(kStyleOk, id);
 }
 
+void MsgOkPrecise(TopicNumber id, const QString& text)
+{
+    MsgRaw(MsgStyle(MsgButtons::Ok, MsgIcon::Exclamation), text, id.Number);
+}
+
 void MsgOk1(TextNumber<1> id, const QString& arg)
 {
     Ask1(kStyleOk, id, arg);

@@ -83,6 +83,9 @@ MsgResult MsgAllChoices1(TextNumber<1> id, const QString& arg);
 MsgResult MsgAskOnce(TextNumber<0> id);
 void MsgAskOnceReset();
 
+/// Shows `text`, which is more precise than text `id`, under that number.
+void MsgOkPrecise(TopicNumber id, const QString& text);
+
 /// What all of the above call. Waits, yielding to the message loop, while another message is showing.
 MsgResult MsgRaw(int style, const QString& text, int helpId);
 

@@ -20,6 +20,13 @@ bool IsNameCharacter(QChar character)
     return isLetter || isDigit || QStringView(u" -+_=&~()[]").contains(character);
 }
 
+/// Quotes and separators of a CSV file, and the control characters that the list store refuses: all but the tab.
+bool IsForbidden(ushort code)
+{
+    return code == u'"' || code == u';' || code == u'\'' || code == u',' || (code < 0x20 && code != u'\t')
+        || code == 0x7F;
+}
+
 QString Noun()
 {
     return LngStr(ModCaption(CaptionSlot::Noun));
@@ -47,14 +54,13 @@ bool ValidListName(const QString& name)
 
 bool ValidText(const QString& text)
 {
-    return std::none_of(
-        text.begin(), text.end(), [](QChar character) { return QStringView(u"\";',").contains(character); });
+    return std::none_of(text.begin(), text.end(), [](QChar character) { return IsForbidden(character.unicode()); });
 }
 
 bool ValidText(QByteArrayView text)
 {
     return std::none_of(
-        text.begin(), text.end(), [](char character) { return QByteArrayView("\";',").contains(character); });
+        text.begin(), text.end(), [](char character) { return IsForbidden(static_cast<unsigned char>(character)); });
 }
 
 } // namespace tarvik

@@ -1,20 +1,22 @@
 #include "lists/editor/csv.h"
 
 #include "app/message/message.h"
+#include "app/platform/paths.h"
 #include "app/platform/replaceFile.h"
 #include "app/text/ansi.h"
 #include "app/text/lang.h"
 #include "app/text/textId.h"
 #include "app/values/region.h"
 #include "app/values/strings.h"
+#include "closed/files/files.h"
 #include "link/classes/model.h"
 #include "link/classes/textRules.h"
 #include "lists/editor/editorGeneral.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <exception>
 
@@ -30,12 +32,70 @@ bool Refuse(TextNumber<0> message)
     return false;
 }
 
+/// `text` instead of the text of `message`, under its number.
+bool Refuse(TopicNumber message, const QString& text)
+{
+    MsgOkPrecise(message, text);
+    return false;
+}
+
+/// 12819 for a file that can't be read or written, with the reason if the system names a usual one.
+bool RefuseFile(const QString& path, int error)
+{
+    struct Reason {
+        int Error;
+        TextNumber<1> Text;
+    };
+    constexpr std::array kReasons
+    {
+        Reason{ EFBIG, TextId::ListFileTooLarge }, Reason{ ENOSPC, TextId::ListDiskFull },
+#if defined(EDQUOT)
+            Reason{ EDQUOT, TextId::ListDiskFull },
+#endif
+            Reason{ ENOENT, TextId::ListFolderMissing }, Reason{ ENOTDIR, TextId::ListFolderMissing },
+            Reason{ EISDIR, TextId::FileIsFolder }, Reason{ EINVAL, TextId::FileNotOrdinary },
+            Reason{ EACCES, TextId::FileAccessDenied }, Reason{ EPERM, TextId::FileAccessDenied },
+            Reason{ EROFS, TextId::FileAccessDenied }, Reason
+        {
+            EBUSY, TextId::ListFileBusy
+        }
+    };
+    const auto reason =
+        std::find_if(kReasons.begin(), kReasons.end(), [error](const Reason& entry) { return entry.Error == error; });
+    const QString name = QFileInfo(path).fileName();
+    if (reason != kReasons.end())
+        return Refuse(TextId::UnexpectedFileError, LngStr1(reason->Text, name));
+    MsgOk1(TextId::UnexpectedFileError, name);
+    return false;
+}
+
+/// UTF-8 or UTF-16, either byte order.
+bool HasByteOrderMark(QByteArrayView bytes)
+{
+    return bytes.startsWith("\xEF\xBB\xBF") || bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
+}
+
+/// For a file without enough CR LF.
+bool RefuseTooShort(const QByteArray& bytes)
+{
+    const qsizetype pairs = bytes.count(kLineEnd);
+    if (HasByteOrderMark(bytes))
+        return Refuse(TextId::CsvTooShort, LngStr(TextId::CsvByteOrderMark));
+    if (bytes.count('\n') > pairs)
+        return Refuse(TextId::CsvTooShort, LngStr(TextId::CsvLineEndsLf));
+    if (bytes.count('\r') > pairs)
+        return Refuse(TextId::CsvTooShort, LngStr(TextId::CsvLineEndsCr));
+    return Refuse(TextId::CsvTooShort);
+}
+
 /// See `CsvNumberText`; `decimal` zero: point and leading blank.
 void AppendNumber(QByteArray& bytes, double number, char decimal)
 {
     // Longest: the smallest negative denormal, with sign, "0.", 323 zeros and a digit.
     std::array<char, 400> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed).ptr;
+    const double unsignedZero = number + 0.0; // -0 is written as 0
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), unsignedZero, std::chars_format::fixed).ptr;
     if (decimal == 0) {
         if (digits.front() != '-')
             bytes.append(' ');
@@ -97,14 +157,12 @@ bool CsvLoadFile(const QString& path, CsvSource& source)
     source.FileName = QFileInfo(path).fileName();
     if (!ListFileExists(path))
         return false;
-    QFile file(path);
-    const bool opened = file.open(QIODevice::ReadOnly) && file.size() <= kMaxCsvBytes;
-    if (opened)
-        source.Bytes = file.read(kMaxCsvBytes + 1); // one more: the file may grow, or have no size
-    const bool isRead = opened && file.error() == QFileDevice::NoError && source.Bytes.size() <= kMaxCsvBytes;
-    if (!isRead)
-        MsgOk1(TextId::UnexpectedFileError, source.FileName);
-    return isRead;
+    tvfile::Bytes bytes;
+    const int error = tvfile::ReadWholeFile(ModulePath(path).toStdString(), size_t{ kMaxCsvBytes }, bytes);
+    if (error != 0)
+        return RefuseFile(path, error);
+    source.Bytes = QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
+    return true;
 }
 
 bool CsvFindSeparator(CsvSource& source)
@@ -112,7 +170,7 @@ bool CsvFindSeparator(CsvSource& source)
     const qsizetype firstEnd = source.Bytes.indexOf(kLineEnd);
     const bool hasThreeLines = firstEnd >= 0 && source.Bytes.indexOf(kLineEnd, firstEnd + kLineEnd.size()) >= 0;
     if (!hasThreeLines)
-        return Refuse(TextId::CsvTooShort);
+        return RefuseTooShort(source.Bytes);
     const QByteArrayView first = QByteArrayView(source.Bytes).first(firstEnd);
     const auto last =
         std::find_if(first.rbegin(), first.rend(), [](char character) { return character == ';' || character == ','; });
@@ -125,8 +183,10 @@ bool CsvFindSeparator(CsvSource& source)
 bool CsvReadHeader(CsvSource& source, TextNumber<0> keyword, CsvHeader& header)
 {
     CsvFields fields;
-    if (!CsvNextLine(source, fields) || fields.Count() < 2 || FromAnsi(fields.At(0)) != LngStr(keyword))
-        return Refuse(TextId::CsvBadKeyword);
+    if (!CsvNextLine(source, fields) || fields.Count() < 2 || FromAnsi(fields.At(0)) != LngStr(keyword)) {
+        return HasByteOrderMark(source.Bytes) ? Refuse(TextId::CsvBadKeyword, LngStr(TextId::CsvByteOrderMark))
+                                              : Refuse(TextId::CsvBadKeyword);
+    }
     const QString name = FromAnsi(fields.At(1)).trimmed();
     if (!ValidListName(name))
         return false;
@@ -217,24 +277,17 @@ void CsvWriteHeader(CsvWriter& writer, TextNumber<0> keyword, const CsvHeader& h
     writer.EndLine();
 }
 
-bool CsvCanHold(const QString& text)
-{
-    return ValidText(text) && !text.contains(u'\n');
-}
-
 bool CsvCanHold(const CsvHeader& header)
 {
     if (!ValidListName(header.Name.trimmed()))
         return false;
-    return CsvCanHold(header.Description) || Refuse(TextId::ForbiddenCharacter);
+    return ValidText(header.Description) || Refuse(TextId::ForbiddenCharacter);
 }
 
 bool CsvSaveFile(const QString& path, const CsvWriter& writer)
 {
-    if (ReplaceFile(path, writer.Bytes()))
-        return true;
-    MsgOk1(TextId::UnexpectedFileError, QFileInfo(path).fileName());
-    return false;
+    int error = 0;
+    return ReplaceFile(path, writer.Bytes(), &error) || RefuseFile(path, error);
 }
 
 bool CsvReadFile(const QString& path, const std::function<bool(CsvSource&)>& read)

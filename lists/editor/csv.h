@@ -106,9 +106,6 @@ private:
     bool atLineStart_ = true;
 };
 
-/// True for a text that can be read back from a field of a file.
-bool CsvCanHold(const QString& text);
-
 /// True for a header that can be read back. A name of blanks can't, as the reader trims it. False after a message.
 [[nodiscard]] bool CsvCanHold(const CsvHeader& header);
 

@@ -145,6 +145,7 @@ FileClass OpenListFile(const QString& path, bool show)
     ModFileInit(type);
     Editor().EditorOpenFile = path;
     OpenEditor(type);
+    Editor().EditorOpenFile.clear(); // also without an editor for the type
     return type;
 }
 
@@ -209,7 +210,12 @@ bool ListFileExists(const QString& path)
     const QFileInfo file(path);
     if (file.isFile())
         return true;
-    MsgOk2(TextId::FileNotFound, file.fileName(), QStringLiteral("1"));
+    if (file.isDir())
+        MsgOkPrecise(TextId::FileNotFound, LngStr1(TextId::FileIsFolder, path));
+    else if (file.exists())
+        MsgOkPrecise(TextId::FileNotFound, LngStr1(TextId::FileNotOrdinary, path));
+    else
+        MsgOk2(TextId::FileNotFound, file.fileName(), QStringLiteral("1"));
     return false;
 }
 

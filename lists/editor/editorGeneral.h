@@ -77,7 +77,7 @@ bool IsCsvFile(const QString& path, TextNumber<0> extensionText = TextId::CsvExt
 /// False, after 12728, for a read-only file, and if the user refuses to replace an existing file (question 12734).
 [[nodiscard]] bool MayWriteFile(const QString& path);
 
-/// False, after 12780, for a file that does not exist.
+/// False, after 12780, for a file that does not exist, a folder or a device.
 [[nodiscard]] bool ListFileExists(const QString& path);
 
 /// Title of an editor: `titleText`, followed by text 10743 and `fileName` unless that is empty.

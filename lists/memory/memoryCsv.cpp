@@ -196,7 +196,7 @@ bool CanBeReadBack(const MemoryTable& table, const CsvHeader& header, int duplic
     if (!CsvCanHold(header))
         return false;
     for (int row = 0; row < kMemoryRows; ++row) {
-        if (CsvCanHold(table.Row(row).Description))
+        if (ValidText(table.Row(row).Description))
             continue;
         MsgOkNum(TextId::CsvBadEntryDescription, row + 1);
         return false;

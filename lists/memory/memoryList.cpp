@@ -62,6 +62,21 @@ struct MemoryFamily {
     }
 };
 
+/// If a used row has the number of another one, as a binary file may, asks whether to give the later rows free numbers.
+/// False if they keep them.
+bool MakeNumbersDistinct(MemoryTable& table)
+{
+    int duplicateRow = -1;
+    DistinctMemoryNumbers(table, duplicateRow);
+    if (duplicateRow < 0)
+        return true;
+    const QString number = QString::number(table.Row(duplicateRow).Number);
+    if (MsgYesNoDefNo1(TextId::RenumberMemories, number) != MsgResult::Yes)
+        return false;
+    RenumberDuplicates(table);
+    return true;
+}
+
 } // namespace
 
 bool ClearMemoryList(MemoryTable& table)
@@ -101,6 +116,8 @@ bool WriteMemoryList(const QString& path, MemoryTable& table)
         MsgOk1(TextId::RowsNotAccepted, path);
         return false;
     }
+    if (IsCsvFile(path) && !MakeNumbersDistinct(kept))
+        return false;
     const bool isWritten = IsCsvFile(path) ? WriteMemoryListCSVFile(path, kept) : WriteMemoryListMRFile(path);
     if (isWritten)
         table = std::move(kept);

@@ -66,6 +66,13 @@ std::vector<std::int16_t> DistinctMemoryNumbers(const MemoryTable& table, int& d
     return numbers;
 }
 
+void RenumberDuplicates(MemoryTable& table)
+{
+    int row = -1;
+    while (DistinctMemoryNumbers(table, row), row >= 0)
+        table.Row(row).Number = LowestFree(NumbersOfOthers(table, row, true));
+}
+
 void UseMemoryRow(MemoryTable& table, int row)
 {
     MemoryRecord& record = table.Row(row);

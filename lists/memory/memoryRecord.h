@@ -58,6 +58,9 @@ struct MemoryTable {
 /// sets it to 0); then it gets the lowest number that no row has, as a CSV file can't have a number twice.
 void UseMemoryRow(MemoryTable& table, int row);
 
+/// Gives used rows with the number of an earlier one the lowest numbers that no used row has.
+void RenumberDuplicates(MemoryTable& table);
+
 /// The numbers of all rows for a file in which they must be distinct. Unused rows whose number is taken get the lowest
 /// ones left. `duplicateRow` is the first used row with the number of an earlier one, or -1.
 std::vector<std::int16_t> DistinctMemoryNumbers(const MemoryTable& table, int& duplicateRow);

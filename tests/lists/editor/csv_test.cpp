@@ -1,6 +1,8 @@
 #include "tests/lists/list_fixture.h"
 
+#include "app/text/lang.h"
 #include "closed/loader.h"
+#include "link/classes/textRules.h"
 #include "lists/editor/csv.h"
 #include "lists/editor/editorGeneral.h"
 #include "lists/values/fieldCheck.h"
@@ -18,6 +20,12 @@ namespace {
 
 class Csv : public ListTest {
 protected:
+    /// Expects message `id` with the more precise text `text`.
+    void ExpectText(int id, int text, const QString& name = {})
+    {
+        Answers().ExpectWhile(
+            id, Ok, [text, name] { EXPECT_EQ(TheMessage().Text, LngStr1(TextNumber<1>(text), name)); });
+    }
     static CsvSource Source(const QByteArray& bytes, char separator = ',')
     {
         CsvSource source;
@@ -84,6 +92,7 @@ TEST_F(Csv, NonNegativeNumbersHaveLeadingBlank)
 {
     EXPECT_EQ(CsvNumberText(0), " 0");
     EXPECT_EQ(CsvNumberText(145500000), " 145500000");
+    EXPECT_EQ(CsvNumberText(-0.0), " 0");
     EXPECT_EQ(CsvNumberText(-12.25), "-12.25");
 }
 
@@ -166,7 +175,7 @@ TEST_F(Csv, HugeFileIsRefusedUnread)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     ASSERT_TRUE(file.resize(kMaxCsvBytes + 1)); // takes no disk space
     CsvSource source;
-    Answers().Expect(12819, { QStringLiteral("huge.csv") }, Ok);
+    ExpectText(12819, 12905, "huge.csv");
     EXPECT_FALSE(CsvLoadFile(FilePath("huge.csv"), source));
     EXPECT_TRUE(source.Bytes.isEmpty());
 }
@@ -187,6 +196,42 @@ TEST_F(Csv, FileNeedsTwoCompleteLines)
         CsvSource source = Source(bytes);
         Answers().Expect(12775, QStringList(), Ok);
         EXPECT_FALSE(CsvFindSeparator(source)) << bytes;
+    }
+}
+
+TEST_F(Csv, OtherLineEndsAndUnicodeAreNamed)
+{
+    const QList<std::pair<QByteArray, int>> files{ { "Memory List,Van\nDescription,d\n", 12900 },
+        { "Memory List,Van\r\nDescription,d\nx\n", 12900 }, { "Memory List,Van\rDescription,d\r", 12901 },
+        { "\xEF\xBB\xBFMemory List,Van\n", 12902 }, { QByteArray("\xFF\xFEM\0\r\0\n\0", 8), 12902 },
+        { QByteArray("\xFE\xFF\0M\0\r\0\n", 8), 12902 } };
+    for (const auto& [bytes, text] : files) {
+        CsvSource source = Source(bytes);
+        ExpectText(12775, text);
+        EXPECT_FALSE(CsvFindSeparator(source)) << text;
+    }
+    CsvSource source = Source("\xEF\xBB\xBFMemory List,Van\r\nDescription,d\r\n");
+    CsvHeader header;
+    ExpectText(12777, 12902);
+    EXPECT_FALSE(ReadHeader(source, header));
+}
+
+TEST_F(Csv, FolderAndDeviceAreNamed)
+{
+    CsvSource source;
+    ExpectText(12780, 12903, Folder());
+    EXPECT_FALSE(CsvLoadFile(Folder(), source));
+    ExpectText(12780, 12904, "/dev/null");
+    EXPECT_FALSE(CsvLoadFile("/dev/null", source));
+}
+
+TEST_F(Csv, ControlCharactersInDescriptionAreForbidden)
+{
+    for (const char character : { '\0', '\x1B', '\n', '\x01', '\x7F' }) {
+        CsvSource source = Source("Memory List,Van\r\nDescription,a" + QByteArray(1, character) + "b\r\n");
+        CsvHeader header;
+        Answers().Expect(12779, QStringList(), Ok);
+        EXPECT_FALSE(ReadHeader(source, header)) << int(character);
     }
 }
 
@@ -298,7 +343,7 @@ TEST_F(Csv, FailedWriteIsReportedAndLeavesNoFile)
 {
     CsvWriter writer;
     writer.Text("x");
-    Answers().Expect(12819, { QStringLiteral("a.csv") }, Ok);
+    ExpectText(12819, 12907, "a.csv");
     EXPECT_FALSE(CsvSaveFile(FilePath("no folder/a.csv"), writer));
     EXPECT_TRUE(QDir(Folder()).isEmpty());
 }
@@ -315,9 +360,9 @@ TEST_F(Csv, SavingReplacesFileAndLeavesNoOther)
 
 TEST_F(Csv, TextsWithSeparatorOrLineEndCannotBeHeld)
 {
-    EXPECT_TRUE(CsvCanHold(QStringLiteral("roof 1.5")));
+    EXPECT_TRUE(ValidText(QStringLiteral("roof 1.5")));
     for (const char* text : { "a,b", "a;b", "a\"b", "a'b", "a\nb" })
-        EXPECT_FALSE(CsvCanHold(QString::fromLatin1(text))) << text;
+        EXPECT_FALSE(ValidText(QString::fromLatin1(text))) << text;
 }
 
 TEST_F(Csv, HeaderThatReaderRefusesCannotBeHeld)

@@ -110,6 +110,14 @@ TEST_F(EditorGeneral, ListFileOpensInItsEditor)
     EXPECT_EQ(FileClasses().CurrentFileClass, FileClassAntennaList);
 }
 
+TEST_F(EditorGeneral, ListWithoutEditorLeavesNoFileToOpen)
+{
+    Editors.AreThere = false;
+    EXPECT_EQ(OpenListFile(Stored("a.csv", "Antenna List,Van\r\n"), true), FileClassAntennaList);
+    EXPECT_TRUE(Editor().EditorOpenFile.isEmpty());
+    EXPECT_TRUE(Editors.Shown.isEmpty());
+}
+
 TEST_F(EditorGeneral, ListFileIsOnlyIdentifiedUnlessShown)
 {
     const QString path = Stored("a.csv", "Antenna List,Van\r\n");

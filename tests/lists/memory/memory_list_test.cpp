@@ -428,4 +428,34 @@ TEST_F(MemoryListStore, DuplicateNumberOfUsedRowsIsReported)
     EXPECT_EQ(duplicateRow, 9);
 }
 
+TEST_F(MemoryListStore, ListWithEqualNumbersIsSavedAsCsvAfterAQuestion)
+{
+    const QString path = FilePath("Van.csv");
+    UseRow(table, 3, 1e8).Number = 5;
+    UseRow(table, 9, 2e8).Number = 5;
+    UseRow(table, 10, 3e8).Number = 0;
+    Answers().Expect(12910, { QStringLiteral("5") }, No);
+    EXPECT_FALSE(WriteMemoryList(path, table));
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_EQ(table.Row(9).Number, 5);
+
+    Answers().Expect(12910, { QStringLiteral("5") }, Yes);
+    ASSERT_TRUE(WriteMemoryList(path, table));
+    EXPECT_EQ(table.Row(3).Number, 5);
+    EXPECT_EQ(table.Row(9).Number, 1); // the lowest free one
+    EXPECT_EQ(table.Row(10).Number, 0);
+    MemoryTable read;
+    ASSERT_TRUE(OpenMemoryList(path, read));
+    EXPECT_EQ(read.Row(9).Number, 1);
+    EXPECT_EQ(read.Row(9).Frequency, 2e8);
+}
+
+TEST_F(MemoryListStore, BinaryListKeepsEqualNumbers)
+{
+    UseRow(table, 3, 1e8).Number = 5;
+    UseRow(table, 9, 2e8).Number = 5;
+    ASSERT_TRUE(WriteMemoryList(FilePath("Van.tvm"), table));
+    EXPECT_EQ(table.Row(9).Number, 5);
+}
+
 } // namespace tarvik

@@ -2,6 +2,7 @@
 #include "app/forms/dialog.h"
 #include "app/frame/KeyboardFilter.h"
 #include "app/frame/commands.h"
+#include "app/frame/recentFiles.h"
 #include "app/frame/startup.h"
 #include "app/help/FmHelp.h"
 #include "app/help/help.h"
@@ -202,6 +203,7 @@ const std::vector<StateCase>& Cases()
         { "ArrowHeld", PressArrow, [] { return !KeyboardFilter::ArrowKeyIsHeld(); } },
         { "Groups", SetGroup, HasNoGroup },
         { "FunctionOf", BindConnectCommand, ConnectCommandDoesNothing },
+        { "Files", [] { RecentFileAdd(QStringLiteral("/a.png")); }, [] { return RecentFiles().isEmpty(); } },
         { "Session", BeginIniSession, SettingIsWrittenAtOnce },
         { "TheMessagePresenter", SetPresenter, HasNoPresenter },
         { "TheMessage", [] { TheMessage().YesAll = true; }, [] { return !TheMessage().YesAll; } },

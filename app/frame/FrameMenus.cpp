@@ -2,12 +2,14 @@
 
 #include "app/forms/Pictures.h"
 #include "app/forms/form.h"
+#include "app/frame/RecentFilesMenu.h"
 #include "app/state/linkState.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
 #include "app/text/textId.h"
 #include "app/values/general.h"
+#include "app/values/strings.h"
 
 #include <QAction>
 #include <QApplication>
@@ -41,6 +43,7 @@ FrameMenus::FrameMenus(QMainWindow* frame)
         AddGroup(group, menu);
         frame->menuBar()->addMenu(menu);
     }
+    Action("MnFileRecent")->setMenu(new RecentFilesMenu(Action("MnFile")->menu()));
     connect(Action("MnWindow")->menu(), &QMenu::aboutToShow, this, &FrameMenus::ListWindows);
     for (const MenuGroup& group : PopupTable()) {
         auto* menu = new QMenu(frame);
@@ -151,8 +154,7 @@ void FrameMenus::AddWindow(QMenu* menu, QMdiSubWindow* window, int number)
 {
     constexpr int kLastKey = 9;
     const QString key = number > kLastKey ? QString() : QStringLiteral("&");
-    QString title = window->windowTitle();
-    QAction* action = menu->addAction(key + QStringLiteral("%1 %2").arg(number).arg(title.replace(u'&', u"&&"_qs)));
+    QAction* action = menu->addAction(key + QStringLiteral("%1 ").arg(number) + StrCaption(window->windowTitle()));
     action->setObjectName(QStringLiteral("MnWindowList[%1]").arg(number));
     action->setProperty(kHelpNumberProperty, HelpId::WindowList);
     action->setCheckable(true);

@@ -1,5 +1,6 @@
 #include "app/frame/menu.h"
 
+#include "app/frame/recentFiles.h"
 #include "app/state/linkState.h"
 #include "app/state/project.h"
 #include "app/text/textId.h"
@@ -49,6 +50,8 @@ bool RuleHolds(EnableRule rule, const MenuInput& input)
         return act && CanShowDescription(documents);
     case EnableRule::DescriptionShown:
         return act && CanShowDescription(documents) && documents.DescriptionVisible;
+    case EnableRule::RecentFiles:
+        return act && input.HasRecentFiles;
     case EnableRule::Never:
         return false;
     }
@@ -86,7 +89,7 @@ std::optional<MenuOutcome> MenuCompute(const MenuInput& input, bool& menusDisabl
 
 MenuInput MenuInputNow()
 {
-    return { Program().Started, CanAct(), LinkIsUp(), TheFrameDocuments()->State() };
+    return { Program().Started, CanAct(), LinkIsUp(), TheFrameDocuments()->State(), !RecentFiles().isEmpty() };
 }
 
 ConnectCaption ConnectCaptionFor(bool linkUp)

@@ -25,6 +25,7 @@ enum class EnableRule {
     OffDefaultSize, ///< and the active document window does not have its default size
     Description, ///< and the active document window is not maximised
     DescriptionShown, ///< and its description is visible too
+    RecentFiles, ///< and a file was opened or saved in this run
     Never
 };
 
@@ -115,6 +116,7 @@ struct MenuInput {
     bool CanAct = false;
     bool LinkUp = false;
     DocumentsState Documents;
+    bool HasRecentFiles = false;
 };
 
 /// The state as it is now.

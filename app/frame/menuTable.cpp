@@ -41,6 +41,7 @@ std::vector<MenuGroup> MakeMenuBar()
                 kSeparator,
                 Item("MnFilePrintPreview", TextId::MenuFilePrintPreview, Command::FilePrintPreview, Rule::Document, 4),
                 Item("MnFilePrint", TextId::MenuFilePrint, Command::FilePrint, Rule::Document, 3), kSeparator,
+                Item("MnFileRecent", TextId::MenuFileRecent, Command::None, Rule::RecentFiles), kSeparator,
                 Item("MnFileExit", TextId::MenuFileExit, Command::FileExit, Rule::Untouched) } },
         { Menu("MnEdit", TextId::MenuEdit),
             { Item("MnEditCopyGraph", TextId::MenuEditCopyGraphics, Command::EditCopyGraph, Rule::Document, 5) } },

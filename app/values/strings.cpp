@@ -115,6 +115,12 @@ QString StrReplace(const QString& text, const QString& find, const QString& repl
     return find.isEmpty() ? replaced : replaced.replace(find, replacement);
 }
 
+/// A menu shows the text after a tab as the item's key.
+QString StrCaption(QString text)
+{
+    return text.replace(u'\t', u' ').replace(u'&', QLatin1String("&&"));
+}
+
 bool StrEqualNoCase(const QString& a, const QString& b)
 {
     return a.trimmed().compare(b.trimmed(), Qt::CaseInsensitive) == 0;

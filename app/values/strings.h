@@ -45,6 +45,9 @@ int StrDigitPower(const QString& text, DigitPowerMode mode);
 /// Replaces every `find` from left to right; replacements are not searched again.
 QString StrReplace(const QString& text, const QString& find, const QString& replacement);
 
+/// The caption of a menu item that shows `text`, such as a file name, without a mnemonic or a key.
+QString StrCaption(QString text);
+
 /// Compares both trimmed, ignoring case.
 bool StrEqualNoCase(const QString& a, const QString& b);
 

@@ -1,5 +1,6 @@
 #include "link/documents/file.h"
 
+#include "app/frame/recentFiles.h"
 #include "app/message/message.h"
 #include "app/text/textId.h"
 #include "link/documents/documents.h"
@@ -10,7 +11,10 @@ namespace tarvik {
 
 bool FileOpen(const QString& path, bool resetFlag, bool showFlag)
 {
-    return FileOpenOfKind(path, FileKindOf(path), resetFlag, showFlag).Success;
+    const OpenedFile opened = FileOpenOfKind(path, FileKindOf(path), resetFlag, showFlag);
+    if (opened.Window != 0)
+        RecentFileAdd(path);
+    return opened.Success;
 }
 
 OpenedFile FileOpenOfKind(const QString& path, const FileKindInfo& kind, bool resetFlag, bool showFlag)

@@ -9,7 +9,7 @@ namespace tarvik {
 
 /// Opens a document or list by its extension; true on success. Message 12750 for a kind that can't be opened.
 /// `resetFlag` clears the answer remembered by MsgAskOnce; while that is No, nothing is opened. With `showFlag` false a
-/// list text is only classified.
+/// list text is only classified. A picture becomes a recent file; a list does when its editor has read it.
 bool FileOpen(const QString& path, bool resetFlag, bool showFlag);
 
 /// Result of opening a file.

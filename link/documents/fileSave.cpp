@@ -1,5 +1,6 @@
 #include "link/documents/fileSave.h"
 
+#include "app/frame/recentFiles.h"
 #include "app/message/message.h"
 #include "app/platform/replaceFile.h"
 #include "app/platform/seams.h"
@@ -77,6 +78,8 @@ bool FileSaveAsDlg(int window)
         return false;
     FileRememberPath({ path });
     StatusClear();
+    if (kind.IsPicture())
+        RecentFileAdd(path);
     return kind.IsPicture();
 }
 

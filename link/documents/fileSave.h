@@ -16,8 +16,8 @@ bool FileSaveAs(QString& path, int window, bool confirm);
 /// FileSaveAs for a path of known kind.
 bool FileSaveAsKind(QString& path, const FileKindInfo& kind, int window, bool confirm);
 
-/// The save command of a document: asks for name and format, writes, remembers the name. True if a picture was written;
-/// false for a text, which does not save the document.
+/// The save command of a document: asks for name and format, writes, remembers the name; a picture becomes a recent
+/// file. True if a picture was written; false for a text, which does not save the document.
 bool FileSaveAsDlg(int window);
 
 /// Remembers folder, name and extension of the first path.

@@ -1,6 +1,7 @@
 #include "lists/editor/FmEditorBase.h"
 
 #include "app/forms/focusRules.h"
+#include "app/frame/recentFiles.h"
 #include "app/help/help.h"
 #include "app/message/message.h"
 #include "app/text/lang.h"
@@ -229,6 +230,7 @@ bool FmEditorBase::OpenPath(const QString& path)
     }
     ShowFromTop();
     ShowTitle(QFileInfo(path).fileName());
+    RecentFileAdd(path);
     return true;
 }
 
@@ -330,11 +332,11 @@ bool FmEditorBase::Save()
 
 bool FmEditorBase::WriteTo(const QString& folder)
 {
+    const QString path = ListFilePath(folder, TbName->text(), CbExt->currentText());
     bool isWritten = false;
     {
         const BusyPointer busy(*this);
-        isWritten =
-            WriteList(ListFilePath(folder, TbName->text(), CbExt->currentText()), TbName->text(), TbDescr->text());
+        isWritten = WriteList(path, TbName->text(), TbDescr->text());
     }
     if (!isWritten)
         return false;
@@ -342,6 +344,7 @@ bool FmEditorBase::WriteTo(const QString& folder)
     ShowTitle(TbName->text() + CbExt->currentText());
     Editor().EditorDirty = false;
     RememberFolder(folder);
+    RecentFileAdd(path);
     return true;
 }
 

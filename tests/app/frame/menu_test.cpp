@@ -23,6 +23,7 @@ protected:
         input.Documents.AnyMinimised = true;
         input.Documents.AnyShown = true;
         input.Documents.DescriptionVisible = true;
+        input.HasRecentFiles = true;
         return input;
     }
 
@@ -140,6 +141,14 @@ TEST_F(MenuUpdate, ItemsWithoutARuleAreNeverTouched)
             }
         }
     }
+}
+
+TEST_F(MenuUpdate, RecentFilesNeedOne)
+{
+    MenuInput input = AllOn();
+    ExpectStates(input, { "MnFileRecent" }, true);
+    input.HasRecentFiles = false;
+    ExpectStates(input, { "MnFileRecent" }, false);
 }
 
 TEST_F(MenuUpdate, ArrangingNeedsAWindowThatIsNotMinimised)

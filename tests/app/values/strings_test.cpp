@@ -174,6 +174,12 @@ TEST_F(Strings, DateNeedsThreeNumbers)
     EXPECT_EQ(PassedDate(), "");
 }
 
+TEST_F(Strings, CaptionHasNeitherMnemonicNorKey)
+{
+    EXPECT_EQ(StrCaption("a & b\tc&.png"), "a && b c&&.png");
+    EXPECT_EQ(StrCaption(""), "");
+}
+
 TEST_F(Strings, DateThatDoesNotExistIsRefused)
 {
     EXPECT_EQ(Parsed("31/2/2024"), "refused");

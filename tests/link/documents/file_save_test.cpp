@@ -1,6 +1,7 @@
 // Saving a document: formats, save dialog, failures.
 #include "tests/link/documents/documents_fixture.h"
 
+#include "app/frame/recentFiles.h"
 #include "app/state/project.h"
 #include "link/documents/fileFormats.h"
 #include "tests/support/fakeFrame.h"
@@ -164,6 +165,28 @@ TEST_F(FileSaving, DialogSavesAndRemembersName)
     EXPECT_EQ(Log, QStringList("save 3 " + FilePath("Tower.PNG")));
     EXPECT_EQ(Program().LastFile.Name, "Tower");
     EXPECT_EQ(Program().LastFile.Extension, "png");
+}
+
+TEST_F(FileSaving, SavedPictureBecomesRecentFile)
+{
+    SaveAnswer = FilePath("Tower.PNG") + ' ';
+    EXPECT_TRUE(FileSaveAsDlg(3));
+    EXPECT_EQ(RecentFiles(), QStringList(FilePath("Tower.PNG")));
+}
+
+TEST_F(FileSaving, WhatIsNotWrittenIsNoRecentFile)
+{
+    SaveAnswer = FilePath("a.png");
+    Windows.Outcome = PictureSaved::FailedAndReported;
+    EXPECT_FALSE(FileSaveAsDlg(3));
+    SaveAnswer = FilePath("a.txt");
+    EXPECT_FALSE(FileSaveAsDlg(3));
+    SaveAnswer = FilePath("a.csv");
+    Answers().Expect(12763, Ok);
+    EXPECT_FALSE(FileSaveAsDlg(3));
+    SaveAnswer.clear();
+    EXPECT_FALSE(FileSaveAsDlg(3));
+    EXPECT_TRUE(RecentFiles().isEmpty());
 }
 
 TEST_F(FileSaving, DialogClearsStatusAfterSaving)

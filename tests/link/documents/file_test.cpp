@@ -1,5 +1,6 @@
 #include "link/documents/file.h"
 
+#include "app/frame/recentFiles.h"
 #include "tests/support/fakeDocuments.h"
 #include "tests/support/fixture.h"
 
@@ -131,6 +132,25 @@ TEST_F(FileOpening, RememberedYesOpens)
 {
     TheMessage().RememberedAnswer = MsgResult::Yes;
     EXPECT_TRUE(FileOpen("a.tvm", false, true));
+}
+
+TEST_F(FileOpening, PictureThatOpensBecomesRecentFile)
+{
+    EXPECT_TRUE(FileOpen("/folder/a.png", true, true));
+    EXPECT_EQ(RecentFiles(), QStringList("/folder/a.png"));
+    FileOpen("/folder/a.tvm", true, true); // the editor knows whether it could be read
+    FileOpen("/folder/a.txt", true, true);
+    Succeeds = false;
+    FileOpen("/folder/b.png", true, true);
+    Answers().Expect(12750, Ok);
+    FileOpen("/folder/c.xyz", true, true);
+    EXPECT_EQ(RecentFiles(), QStringList("/folder/a.png"));
+}
+
+TEST_F(FileOpening, SourceOfConversionIsNoRecentFile)
+{
+    FileOpenOfKind("/folder/a.png", FileKindOf("a.png"), true, true);
+    EXPECT_TRUE(RecentFiles().isEmpty());
 }
 
 TEST_F(FileOpening, EveryKnownKindCanBeDropped)

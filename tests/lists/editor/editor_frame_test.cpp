@@ -1,5 +1,6 @@
 #include "tests/lists/editor/list_form_fixture.h"
 
+#include "app/frame/recentFiles.h"
 #include "app/text/lang.h"
 #include "link/classes/model.h"
 #include "lists/bindEditors.h"
@@ -292,6 +293,31 @@ TEST_F(EditorFrameTest, SaveNamesFileAfterList)
     MemoryTable read;
     ASSERT_TRUE(OpenMemoryList(FilePath("Van.tvm"), read));
     EXPECT_EQ(read.Row(4).Frequency, 250e6);
+}
+
+TEST_F(EditorFrameTest, ListsReadAndSavedBecomeRecentFiles)
+{
+    const QString read = StoredList({ 4 }, "other.tvm");
+    Open(read);
+    EXPECT_EQ(RecentFiles(), QStringList(read));
+    AnswerFolder(Folder().chopped(1));
+    EXPECT_TRUE(form.Save());
+    EXPECT_EQ(RecentFiles(), QStringList({ FilePath("Van.tvm"), read }));
+}
+
+TEST_F(EditorFrameTest, ListThatIsNotReadOrSavedIsNoRecentFile)
+{
+    Store(FilePath("bad.csv"), "x");
+    Open();
+    for (const auto& [name, message] : { std::pair("bad.csv", 12775), std::pair("gone.tvm", 12780) }) {
+        AnswerFile(FilePath(name));
+        Answers().Expect(message, Ok);
+        Click(form, "BtOpen");
+    }
+    Type(form, "TbName", "Van");
+    AnswerFolder({});
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(RecentFiles().isEmpty());
 }
 
 TEST_F(EditorFrameTest, CsvIsSavedWithLowerCaseExtension)

@@ -4,6 +4,7 @@
 #include "lists/editor/editorGeneral.h"
 #include "tests/lists/editor/list_form_fixture.h"
 #include "tests/support/fakeHelp.h"
+#include "tests/support/realInput.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -18,16 +19,6 @@
 namespace tarvik {
 
 namespace {
-
-/// Runs xdotool while this program handles its events.
-void XDo(const QStringList& arguments)
-{
-    QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
-    EXPECT_TRUE(process.waitForStarted());
-    EXPECT_TRUE(QTest::qWaitFor([&process] { return process.state() == QProcess::NotRunning; }, 10000));
-    EXPECT_EQ(process.exitCode(), 0) << arguments.join(' ').toStdString();
-}
 
 /// The program's own message form; Enter answers it as soon as it has the keyboard.
 class RealMessages final : public MessagePresenter {
@@ -75,11 +66,6 @@ protected:
             GiveUp();
     }
 
-    static bool Reaches(const std::function<bool()>& state)
-    {
-        return QTest::qWaitFor(state, 10000);
-    }
-
     QScrollBar& Bar()
     {
         return Find<QScrollBar>(form, "VScroll1");
@@ -88,8 +74,7 @@ protected:
     /// Moves the pointer to a position of `control` and clicks.
     void ClickAt(const QWidget& control, const QPoint& position, const QString& button = QStringLiteral("1"))
     {
-        const QPoint at = control.mapToGlobal(position);
-        XDo({ "mousemove", QString::number(at.x()), QString::number(at.y()), "click", button });
+        XClick(control.mapToGlobal(position), button);
     }
     void ClickOn(const QString& name, const QString& button = QStringLiteral("1"))
     {

@@ -27,6 +27,7 @@ struct Question {
     int HelpNumber = 0;
     QStringList Args;
     bool DefaultToNo = false;
+    int PreciseText = 0;
 };
 
 MsgResult Show(const Question& question)
@@ -40,6 +41,7 @@ MsgResult Show(const Question& question)
     request.Text = question.Text;
     request.HelpNumber = question.HelpNumber;
     request.Args = question.Args;
+    request.PreciseText = question.PreciseText;
     request.DefaultToNo = question.DefaultToNo;
     request.Result = MsgResult::None;
     TheMessagePresenter()->Present(request);
@@ -79,9 +81,14 @@ void MsgOk(TextNumber<0> id)
     Ask(kStyleOk, id);
 }
 
-void MsgOkPrecise(TopicNumber id, const QString& text)
+void MsgOkPrecise(TopicNumber id, TextNumber<0> text)
 {
-    MsgRaw(MsgStyle(MsgButtons::Ok, MsgIcon::Exclamation), text, id.Number);
+    Show({ kStyleOk, LngStr(text), id.Number, {}, false, text.Number });
+}
+
+void MsgOkPrecise1(TopicNumber id, TextNumber<1> text, const QString& arg)
+{
+    Show({ kStyleOk, LngStr1(text, arg), id.Number, { arg }, false, text.Number });
 }
 
 void MsgOk1(TextNumber<1> id, const QString& arg)

@@ -38,6 +38,7 @@ struct MessageRequest {
     QString Text; ///< arguments filled in, macros expanded
     int HelpNumber = 0; ///< the text number, unless MsgRaw was given another
     QStringList Args; ///< the arguments in the text, for presenters that report by number
+    int PreciseText = 0; ///< number of the text if it is another one than `HelpNumber`, for the same presenters; else 0
     MsgResult Result = MsgResult::None;
     bool YesAll = false;
     bool NoAll = false;
@@ -84,7 +85,8 @@ MsgResult MsgAskOnce(TextNumber<0> id);
 void MsgAskOnceReset();
 
 /// Shows `text`, which is more precise than text `id`, under that number.
-void MsgOkPrecise(TopicNumber id, const QString& text);
+void MsgOkPrecise(TopicNumber id, TextNumber<0> text);
+void MsgOkPrecise1(TopicNumber id, TextNumber<1> text, const QString& arg);
 
 /// What all of the above call. Waits, yielding to the message loop, while another message is showing.
 MsgResult MsgRaw(int style, const QString& text, int helpId);

@@ -4,9 +4,20 @@ namespace tvfio {
 
 namespace {
 
-bool IsControl(unsigned char letter)
+/// Control characters but the tab, and the bytes that Windows-1252 leaves unassigned.
+bool IsForbidden(unsigned char letter)
 {
-    return (letter < 0x20 && letter != '\t') || letter == 0x7F;
+    switch (letter) {
+    case 0x7F:
+    case 0x81:
+    case 0x8D:
+    case 0x8F:
+    case 0x90:
+    case 0x9D:
+        return true;
+    default:
+        return letter < 0x20 && letter != '\t';
+    }
 }
 
 /// The lower-case form of a Windows-1252 letter.
@@ -33,9 +44,9 @@ FioStatus CheckText(std::string_view text, const TextRule& rule)
 {
     if (text.size() > static_cast<size_t>(rule.MaxLength))
         return rule.TooLong;
-    const bool hasControl = std::any_of(
-        text.begin(), text.end(), [](char letter) { return IsControl(static_cast<unsigned char>(letter)); });
-    return hasControl ? rule.Characters : FioStatus::Ok;
+    const bool isRefused = std::any_of(
+        text.begin(), text.end(), [](char letter) { return IsForbidden(static_cast<unsigned char>(letter)); });
+    return isRefused ? rule.Characters : FioStatus::Ok;
 }
 
 int CompareNoCase(std::string_view left, std::string_view right)

@@ -17,7 +17,8 @@ struct TextRule {
     FioStatus Characters;
 };
 
-/// Checks `text` against `rule`: Windows-1252 without control characters other than tab.
+/// Checks `text` against `rule`: Windows-1252 without control characters other than tab, and without the five bytes
+/// that it leaves unassigned.
 [[nodiscard]] FioStatus CheckText(std::string_view text, const TextRule& rule);
 
 /// Compares two Windows-1252 texts, ignoring case: negative, zero or positive.

@@ -20,11 +20,25 @@ bool IsNameCharacter(QChar character)
     return isLetter || isDigit || QStringView(u" -+_=&~()[]").contains(character);
 }
 
-/// Quotes and separators of a CSV file, and the control characters that the list store refuses: all but the tab.
+/// Quotes and separators of a CSV file, and what the list store refuses: control characters but the tab, and the five
+/// that Windows-1252 leaves unassigned.
 bool IsForbidden(ushort code)
 {
-    return code == u'"' || code == u';' || code == u'\'' || code == u',' || (code < 0x20 && code != u'\t')
-        || code == 0x7F;
+    switch (code) {
+    case u'"':
+    case u';':
+    case u'\'':
+    case u',':
+    case 0x7F:
+    case 0x81:
+    case 0x8D:
+    case 0x8F:
+    case 0x90:
+    case 0x9D:
+        return true;
+    default:
+        return code < 0x20 && code != u'\t';
+    }
 }
 
 QString Noun()

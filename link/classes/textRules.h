@@ -15,7 +15,8 @@ bool ValidNameChars(const QString& name);
 /// the noun of the current file class.
 [[nodiscard]] bool ValidListName(const QString& name);
 
-/// None of the four characters that a CSV file can't contain: double quote, semicolon, apostrophe, comma. No message.
+/// None of the characters that a CSV file can't contain (double quote, semicolon, apostrophe, comma), no control
+/// character but the tab, and none of the five that Windows-1252 leaves unassigned. No message.
 bool ValidText(const QString& text);
 bool ValidText(QByteArrayView text);
 

@@ -33,7 +33,7 @@ bool Refuse(TextNumber<0> message)
 }
 
 /// `text` instead of the text of `message`, under its number.
-bool Refuse(TopicNumber message, const QString& text)
+bool Refuse(TopicNumber message, TextNumber<0> text)
 {
     MsgOkPrecise(message, text);
     return false;
@@ -64,8 +64,9 @@ bool RefuseFile(const QString& path, int error)
         std::find_if(kReasons.begin(), kReasons.end(), [error](const Reason& entry) { return entry.Error == error; });
     const QString name = QFileInfo(path).fileName();
     if (reason != kReasons.end())
-        return Refuse(TextId::UnexpectedFileError, LngStr1(reason->Text, name));
-    MsgOk1(TextId::UnexpectedFileError, name);
+        MsgOkPrecise1(TextId::UnexpectedFileError, reason->Text, name);
+    else
+        MsgOk1(TextId::UnexpectedFileError, name);
     return false;
 }
 
@@ -80,11 +81,11 @@ bool RefuseTooShort(const QByteArray& bytes)
 {
     const qsizetype pairs = bytes.count(kLineEnd);
     if (HasByteOrderMark(bytes))
-        return Refuse(TextId::CsvTooShort, LngStr(TextId::CsvByteOrderMark));
+        return Refuse(TextId::CsvTooShort, TextId::CsvByteOrderMark);
     if (bytes.count('\n') > pairs)
-        return Refuse(TextId::CsvTooShort, LngStr(TextId::CsvLineEndsLf));
+        return Refuse(TextId::CsvTooShort, TextId::CsvLineEndsLf);
     if (bytes.count('\r') > pairs)
-        return Refuse(TextId::CsvTooShort, LngStr(TextId::CsvLineEndsCr));
+        return Refuse(TextId::CsvTooShort, TextId::CsvLineEndsCr);
     return Refuse(TextId::CsvTooShort);
 }
 
@@ -184,7 +185,7 @@ bool CsvReadHeader(CsvSource& source, TextNumber<0> keyword, CsvHeader& header)
 {
     CsvFields fields;
     if (!CsvNextLine(source, fields) || fields.Count() < 2 || FromAnsi(fields.At(0)) != LngStr(keyword)) {
-        return HasByteOrderMark(source.Bytes) ? Refuse(TextId::CsvBadKeyword, LngStr(TextId::CsvByteOrderMark))
+        return HasByteOrderMark(source.Bytes) ? Refuse(TextId::CsvBadKeyword, TextId::CsvByteOrderMark)
                                               : Refuse(TextId::CsvBadKeyword);
     }
     const QString name = FromAnsi(fields.At(1)).trimmed();

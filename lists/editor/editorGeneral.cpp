@@ -211,9 +211,9 @@ bool ListFileExists(const QString& path)
     if (file.isFile())
         return true;
     if (file.isDir())
-        MsgOkPrecise(TextId::FileNotFound, LngStr1(TextId::FileIsFolder, path));
+        MsgOkPrecise1(TextId::FileNotFound, TextId::FileIsFolder, path);
     else if (file.exists())
-        MsgOkPrecise(TextId::FileNotFound, LngStr1(TextId::FileNotOrdinary, path));
+        MsgOkPrecise1(TextId::FileNotFound, TextId::FileNotOrdinary, path);
     else
         MsgOk2(TextId::FileNotFound, file.fileName(), QStringLiteral("1"));
     return false;

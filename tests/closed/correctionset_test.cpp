@@ -125,6 +125,50 @@ TEST_F(CorrectionStore, SortMovesUsedEntriesToFrontOfArrayAndSet)
     EXPECT_EQ(stored[3].Used, 0);
 }
 
+TEST_F(CorrectionStore, SetHasItsTablesByFrequency)
+{
+    for (const size_t row : { 2U, 1U, 0U }) {
+        const double frequencyHz = 30e6 - 10e6 * static_cast<double>(row);
+        kfactor[row] = { 1, 0, frequencyHz, 0, 0 };
+        omniphase[row] = { 1, 0, frequencyHz, 0 };
+        PutAngles(row, frequencyHz, { frequencyHz });
+    }
+    EXPECT_EQ(fio.AntCorrSortKFactor(kfactor.data(), 3), kOk);
+    EXPECT_EQ(fio.AntCorrSortOmniphase(omniphase.data(), 3), kOk);
+    EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 3), kOk);
+    for (const AzimuthEntry& entry : azimuth)
+        fio.AntCorrFreeAngles(entry.Angles);
+    EXPECT_EQ(fio.AntCorrGetKFactor(kfactor.data(), &count), kOk);
+    EXPECT_EQ(fio.AntCorrGetOmniphase(omniphase.data(), &count), kOk);
+    EXPECT_EQ(fio.AntCorrGetAzimuth(azimuth.data(), &count), kOk);
+    for (size_t row = 0; row < 3; ++row) {
+        const double frequencyHz = 10e6 + 10e6 * static_cast<double>(row);
+        EXPECT_EQ(double{ kfactor[row].FrequencyHz }, frequencyHz);
+        EXPECT_EQ(double{ omniphase[row].FrequencyHz }, frequencyHz);
+        EXPECT_EQ(double{ azimuth[row].FrequencyHz }, frequencyHz);
+        EXPECT_EQ(Angles(azimuth[row]), std::vector<double>{ frequencyHz });
+    }
+}
+
+TEST_F(CorrectionStore, TablesAreReadOverOlderEntries)
+{
+    for (const size_t row : { 0U, 1U, 999U }) {
+        kfactor[row] = { 1, 7, 1e6, 2, 3 };
+        omniphase[row] = { 1, 7, 1e6, 2 };
+        azimuth[row] = { 1, 7, 1e6, 12345 };
+    }
+    EXPECT_EQ(fio.AntCorrGetKFactor(kfactor.data(), &count), kOk);
+    EXPECT_EQ(fio.AntCorrGetOmniphase(omniphase.data(), &count), kOk);
+    EXPECT_EQ(fio.AntCorrGetAzimuth(azimuth.data(), &count), kOk);
+    const auto isEmpty = [](const auto& entry) {
+        const std::remove_cvref_t<decltype(entry)> empty{};
+        return std::memcmp(&entry, &empty, sizeof empty) == 0;
+    };
+    EXPECT_TRUE(std::all_of(kfactor.begin(), kfactor.end(), isEmpty));
+    EXPECT_TRUE(std::all_of(omniphase.begin(), omniphase.end(), isEmpty));
+    EXPECT_TRUE(std::all_of(azimuth.begin(), azimuth.end(), isEmpty));
+}
+
 TEST_F(CorrectionStore, SortIsStableInArrayAndSet)
 {
     for (size_t i = 0; i < TVFIO_CORR_ENTRIES; ++i)

@@ -383,6 +383,9 @@ TEST_F(HostileRecord, RefusesTextsTooLongOrWithZero)
     EXPECT_EQ(LoadBytes<MemoryList>(withName(std::string(32, 'x'))), FioStatus::Ok);
     EXPECT_EQ(LoadBytes<MemoryList>(withName(std::string(33, 'x'))), FioStatus::FileRecord);
     EXPECT_EQ(LoadBytes<MemoryList>(withName(std::string_view("a\0b", 3))), FioStatus::FileRecord);
+    EXPECT_EQ(LoadBytes<MemoryList>(withName("a\x9D"
+                                             "b")),
+        FioStatus::FileRecord);
 }
 
 TEST_F(HostileRecord, RefusesCorrectionSetWithoutMarker)
@@ -393,6 +396,16 @@ TEST_F(HostileRecord, RefusesCorrectionSetWithoutMarker)
     *marker = 'X';
     RepairHeader(file);
     EXPECT_EQ(LoadBytes<CorrectionSet>(file), FioStatus::FileStructure);
+}
+
+TEST_F(HostileRecord, RefusesMoreAnglesThanAnEntryHolds)
+{
+    CorrectionSet set;
+    set.Azimuth = { { 1e6, std::vector<double>(TVFIO_MAX_ANGLES, 1.0) } };
+    EXPECT_EQ(LoadBytes<CorrectionSet>(set.Encode()), FioStatus::Ok);
+    set.Azimuth.front().Angles.push_back(1.0);
+    EXPECT_EQ(LoadBytes<CorrectionSet>(set.Encode()), FioStatus::FileRecord);
+    EXPECT_TRUE(CorrectionSet::Current().Azimuth.empty());
 }
 
 TEST_F(HostileRecord, RefusesAngleCountAboveNumberOfAngles)

@@ -214,6 +214,12 @@ TEST_F(MemoryStore, RefusesTooLongTexts)
     EXPECT_EQ(Call(fio.MemoryListSetDescription, "bell\a"), FioStatus::ListDescriptionCharacters);
     EXPECT_EQ(Call(fio.MemorySetDescription, "123456789012345678901234567890123"), FioStatus::MemoryDescriptionTooLong);
     EXPECT_EQ(Call(fio.MemorySetDescription, "escape\x1B"), FioStatus::MemoryDescriptionCharacters);
+    for (int byte = 0x80; byte < 0x100; ++byte) {
+        const bool isUnassigned = byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 || byte == 0x9D;
+        EXPECT_EQ(Call(fio.MemorySetDescription, std::string(1, static_cast<char>(byte)).c_str()),
+            isUnassigned ? FioStatus::MemoryDescriptionCharacters : FioStatus::Ok)
+            << byte;
+    }
     EXPECT_EQ(Call(fio.MemorySetDescription, nullptr), FioStatus::MissingArgument);
 }
 

@@ -14,9 +14,31 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
+
+#if defined(__linux__)
+#include <sys/syscall.h>
+#endif
 
 using tvfile::FailingFileSystem;
 using tvfile::TemporaryPath;
+
+#if defined(__linux__)
+
+namespace {
+
+std::vector<std::filesystem::path> flushed; // NOLINT: of a plain function
+
+} // namespace
+
+/// In the place of the system's.
+extern "C" int fsync(int file)
+{
+    flushed.push_back(std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file)));
+    return static_cast<int>(::syscall(SYS_fsync, file));
+}
+
+#endif
 
 namespace {
 
@@ -334,3 +356,28 @@ TEST_F(Saving, LoadedListSurvivesRemovalOfItsFile)
     ASSERT_EQ(::unlink(Path("list").c_str()), 0);
     EXPECT_EQ(MemoryList::Current().Encode(), sample);
 }
+
+#if defined(__linux__)
+
+TEST_F(Saving, FlushesTheNewFileThenItsFolder)
+{
+    const std::string path = std::filesystem::canonical(Path(".")) / "a.tvm";
+    flushed.clear();
+    ASSERT_EQ(Save(path), FioStatus::Ok);
+    const std::vector<std::filesystem::path> expected{ TemporaryPath(path), std::filesystem::path(path).parent_path() };
+    EXPECT_EQ(flushed, expected);
+}
+
+TEST_F(Saving, FlushesTheCurrentFolderForABareName)
+{
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(Path("."));
+    flushed.clear();
+    EXPECT_EQ(Save("a.tvm"), FioStatus::Ok);
+    const std::filesystem::path folder = std::filesystem::current_path();
+    std::filesystem::current_path(before);
+    const std::vector<std::filesystem::path> expected{ folder / TemporaryPath("a.tvm"), folder };
+    EXPECT_EQ(flushed, expected);
+}
+
+#endif

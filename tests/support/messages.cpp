@@ -1,8 +1,19 @@
 #include "tests/support/messages.h"
 
+#include "app/text/lang.h"
+
 #include <gtest/gtest.h>
 
 namespace tarvik {
+
+namespace {
+
+QString TextOf(int number, const QStringList& args)
+{
+    return args.isEmpty() ? LngStr(TextNumber<0>(number)) : LngStr1(TextNumber<1>(number), args.first());
+}
+
+} // namespace
 
 MessageScript::MessageScript()
 {
@@ -16,17 +27,22 @@ MessageScript::~MessageScript()
 
 void MessageScript::Expect(int id, MsgResult answer)
 {
-    steps_.push_back({ id, false, {}, answer, {} });
+    steps_.push_back({ id, false, {}, answer, {}, 0 });
 }
 
 void MessageScript::Expect(int id, const QStringList& args, MsgResult answer)
 {
-    steps_.push_back({ id, true, args, answer, {} });
+    steps_.push_back({ id, true, args, answer, {}, 0 });
+}
+
+void MessageScript::ExpectPrecise(int id, int text, const QStringList& args, MsgResult answer)
+{
+    steps_.push_back({ id, true, args, answer, {}, text });
 }
 
 void MessageScript::ExpectWhile(int id, MsgResult answer, std::function<void()> during)
 {
-    steps_.push_back({ id, false, {}, answer, std::move(during) });
+    steps_.push_back({ id, false, {}, answer, std::move(during), 0 });
 }
 
 void MessageScript::Verify()
@@ -46,6 +62,10 @@ void MessageScript::Present(MessageRequest& request)
     const Step step = steps_.front();
     steps_.pop_front();
     EXPECT_EQ(step.Id, request.HelpNumber) << request.Text.toStdString();
+    EXPECT_EQ(step.PreciseText, request.PreciseText) << request.Text.toStdString();
+    if (step.PreciseText != 0) {
+        EXPECT_EQ(request.Text, TextOf(step.PreciseText, step.Args));
+    }
     if (step.HasArgs) {
         EXPECT_EQ(step.Args, request.Args) << "arguments " << shown.toStdString();
     }

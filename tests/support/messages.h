@@ -21,6 +21,9 @@ public:
     void Expect(int id, MsgResult answer);
     void Expect(int id, const QStringList& args, MsgResult answer);
 
+    /// Expects message `id` with the more precise text `text` and its arguments. The others expect the text of `id`.
+    void ExpectPrecise(int id, int text, const QStringList& args, MsgResult answer);
+
     /// The same; `during` runs while the message is showing.
     void ExpectWhile(int id, MsgResult answer, std::function<void()> during);
 
@@ -34,6 +37,7 @@ private:
         QStringList Args;
         MsgResult Answer = MsgResult::None;
         std::function<void()> During;
+        int PreciseText = 0;
     };
     void Present(MessageRequest& request) override;
 

@@ -63,6 +63,24 @@ TEST_F(Message, OkFillsItsArguments)
     EXPECT_EQ(Last().HelpNumber, 12780);
 }
 
+TEST_F(Message, PreciseTextIsRecordedWithItsArguments)
+{
+    MsgOkPrecise(TextNumber<0>(12775), TextNumber<0>(12900));
+    EXPECT_EQ(Last().Style, 48);
+    EXPECT_EQ(Last().Text, LngStr(12900));
+    EXPECT_EQ(Last().HelpNumber, 12775);
+    EXPECT_EQ(Last().PreciseText, 12900);
+    EXPECT_EQ(Last().Args, QStringList());
+    MsgOkPrecise1(TextNumber<1>(12819), TextNumber<1>(12906), "file");
+    EXPECT_EQ(Last().Style, 48);
+    EXPECT_EQ(Last().Text, LngStr1(12906, "file"));
+    EXPECT_EQ(Last().HelpNumber, 12819);
+    EXPECT_EQ(Last().PreciseText, 12906);
+    EXPECT_EQ(Last().Args, QStringList("file"));
+    MsgOk1(TextNumber<1>(12819), "file");
+    EXPECT_EQ(Last().PreciseText, 0);
+}
+
 TEST_F(Message, OkShowsPlainNumbers)
 {
     MsgOkNum(TextNumber<1>(12702), 11995);

@@ -1,10 +1,15 @@
 #include "tests/lists/list_fixture.h"
+#include "tests/support/ownNamespace.h"
 
 #include "closed/loader.h"
 #include "lists/editor/editorGeneral.h"
 #include "lists/values/limits.h"
 
+#include <QDir>
 #include <QFile>
+
+#include <cstdio>
+#include <cstdlib>
 
 namespace tarvik {
 
@@ -230,6 +235,10 @@ TEST_F(MemoryCsv, BadFieldShowsItsMessage)
     ExpectBadField(12, QByteArray("a\0b", 3), 12804);
     ExpectBadField(12, "a\x1B[31mb", 12804);
     ExpectBadField(12, "a\nb", 12804);
+    ExpectBadField(12,
+        "a\x9D"
+        "b",
+        12804);
     ExpectBadField(13, "x", 12806);
     ExpectBadField(14, "x", 12807);
     ExpectBadField(15, "x", 12808);
@@ -438,9 +447,36 @@ TEST_F(MemoryCsv, FailedWriteIsReported)
 {
     MemoryTable table = EmptyMemoryTable();
     table.MemoryListName = "Van";
-    Answers().ExpectWhile(12819, Ok, [] { EXPECT_TRUE(TheMessage().Text.contains("list.csv")); });
+    Answers().ExpectPrecise(12819, 12907, { QStringLiteral("list.csv") }, Ok);
     EXPECT_FALSE(WriteMemoryList(FilePath("no folder/list.csv"), table));
 }
+
+#if defined(Q_OS_LINUX)
+
+/// On a real disk of a few kilobytes.
+TEST_F(MemoryCsv, FullDiskIsReportedAndLeavesTheOldFile)
+{
+    MemoryTable table = EmptyMemoryTable();
+    table.MemoryListName = "Van";
+    ASSERT_TRUE(QDir().mkpath(FilePath("disk")));
+    const auto fill = [&] {
+        EnterOwnNamespace();
+        MountFresh(FilePath("disk"), "size=32k");
+        const QString path = FilePath("disk/list.csv");
+        Store(path, "old");
+        Answers().Expect(12734, { QStringLiteral("list.csv") }, Yes);
+        Answers().ExpectPrecise(12819, 12906, { QStringLiteral("list.csv") }, Ok);
+        EXPECT_FALSE(WriteMemoryList(path, table));
+        Answers().Verify();
+        EXPECT_EQ(Contents(path), "old");
+        EXPECT_EQ(QDir(FilePath("disk")).entryList(QDir::Files | QDir::Hidden | QDir::System), QStringList("list.csv"));
+        std::fflush(stdout);
+        std::_Exit(HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
+    };
+    EXPECT_EXIT(fill(), testing::ExitedWithCode(EXIT_SUCCESS), "");
+}
+
+#endif
 
 TEST_F(MemoryCsv, TextThatFileCannotHoldIsNotWritten)
 {

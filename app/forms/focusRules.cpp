@@ -40,10 +40,11 @@ private:
 
 class LeaveCheck final : public QObject {
 public:
-    LeaveCheck(QWidget* control, std::function<bool()> check)
+    LeaveCheck(QWidget* control, std::function<bool()> check, bool knowsExceptions)
         : QObject(control)
         , control_(control)
         , check_(std::move(check))
+        , knowsExceptions_(knowsExceptions)
     {
         control->installEventFilter(this);
     }
@@ -80,11 +81,12 @@ private:
             || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
         const QWidget* next = QApplication::focusWidget();
         return byUser && next != nullptr && next != control_ && next->window() == control_->window()
-            && !next->property(kSkipLeaveCheckProperty).toBool();
+            && !(knowsExceptions_ && next->property(kSkipLeaveCheckProperty).toBool());
     }
 
     QWidget* control_;
     std::function<bool()> check_;
+    bool knowsExceptions_;
     bool running_ = false;
 };
 
@@ -150,7 +152,12 @@ private:
 
 void CheckOnLeave(QWidget* control, std::function<bool()> check)
 {
-    new LeaveCheck(control, std::move(check));
+    new LeaveCheck(control, std::move(check), true);
+}
+
+void CheckOnEveryLeave(QWidget* control, std::function<bool()> check)
+{
+    new LeaveCheck(control, std::move(check), false);
 }
 
 void SkipLeaveCheck(QWidget* control)

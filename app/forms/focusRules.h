@@ -12,6 +12,9 @@ namespace tarvik {
 /// focus and swallows the click that would have moved it. A change to another window runs no check.
 void CheckOnLeave(QWidget* control, std::function<bool()> check);
 
+/// As above, also by controls of `SkipLeaveCheck`, which don't discard this input.
+void CheckOnEveryLeave(QWidget* control, std::function<bool()> check);
+
 /// Lets `control` take the focus without such a check: buttons that close, cancel, show help, or discard the input.
 void SkipLeaveCheck(QWidget* control);
 

@@ -20,7 +20,7 @@ namespace {
 bool IsPlainEnter(const QKeyEvent& event)
 {
     const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    return isEnter && !event.isAutoRepeat() && (event.modifiers() & ~Qt::KeypadModifier) == 0;
+    return isEnter && (event.modifiers() & ~Qt::KeypadModifier) == 0;
 }
 
 } // namespace

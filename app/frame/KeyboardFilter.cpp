@@ -50,6 +50,15 @@ bool EscapeEndsSomethingElse()
     return QApplication::activePopupWidget() != nullptr || QWhatsThis::inWhatsThisMode() || FocusKeepsEscape();
 }
 
+/// A held Enter would answer the message that its first press has caused, and cause it again. Texts of several lines
+/// take it.
+bool IsUselessRepeat(const QKeyEvent& event)
+{
+    const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    const QWidget* focus = QApplication::focusWidget();
+    return isEnter && event.isAutoRepeat() && !(focus != nullptr && focus->inputMethodHints() & Qt::ImhMultiLine);
+}
+
 QWidget* ControlOf(QObject* watched)
 {
     if (auto* control = qobject_cast<QWidget*>(watched))
@@ -110,6 +119,8 @@ bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
     const bool isRepeatedRelease = event.type() == QEvent::KeyRelease && event.isAutoRepeat();
     if ((event.timestamp() & kHandledMark) != 0 || isRepeatedRelease) // a held key has not been released
         return false;
+    if (IsUselessRepeat(event))
+        return true;
     event.setTimestamp(event.timestamp() | kHandledMark);
     NoteArrow(event);
     if (event.key() == Qt::Key_Escape && !IsOurEscape(event))

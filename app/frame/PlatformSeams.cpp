@@ -1,5 +1,6 @@
 #include "app/frame/PlatformSeams.h"
 
+#include "app/forms/focusRules.h"
 #include "app/forms/form.h"
 #include "app/frame/KeyboardFilter.h"
 #include "app/frame/startup.h"
@@ -7,6 +8,7 @@
 #include "app/state/project.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -45,11 +47,19 @@ void ShowWholeEntries(QFileDialog& dialog)
     dialog.resize(kDialogSize.boundedTo(dialog.screen()->availableSize()));
 }
 
+/// Common to all file dialogs.
+void Prepare(QFileDialog& dialog)
+{
+    ShowWholeEntries(dialog);
+    for (QComboBox* combo : dialog.findChildren<QComboBox*>())
+        WheelNeedsFocus(combo);
+}
+
 QString BrowseFolder(const FolderQuestion& question)
 {
     QFileDialog dialog(QApplication::activeWindow(), question.Title, question.Start);
     dialog.setObjectName(QStringLiteral("FolderBrowser"));
-    ShowWholeEntries(dialog);
+    Prepare(dialog);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     if (dialog.exec() != QDialog::Accepted)
@@ -78,7 +88,7 @@ QStringList AskToOpen(const OpenFilesQuestion& question, QFileDialog::FileMode m
 {
     QFileDialog dialog(QApplication::activeWindow(), question.Title, FolderOf(question.InitialFolder));
     dialog.setObjectName(QStringLiteral("OpenDialog"));
-    ShowWholeEntries(dialog);
+    Prepare(dialog);
     dialog.setFileMode(mode);
     dialog.setNameFilters(DialogFilters(question.Filters));
     dialog.setDefaultSuffix(question.DefaultExtension);
@@ -111,7 +121,7 @@ public:
         , filters_(question.Filters)
     {
         setObjectName(QStringLiteral("SaveDialog"));
-        ShowWholeEntries(*this);
+        Prepare(*this);
         setAcceptMode(QFileDialog::AcceptSave);
         setFileMode(QFileDialog::AnyFile);
         const QStringList shown = DialogFilters(filters_);

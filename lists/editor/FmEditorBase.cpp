@@ -109,7 +109,7 @@ QWidget* FmEditorBase::BuildFrameCommands()
     layout->addStretch(1);
     for (QPushButton* button : { BtHelp, BtClose })
         layout->addWidget(button);
-    // These discard a bad cell or ask first: checking it would only be in the way.
+    // These discard a bad cell or ask first: checking it would only be in the way. Name and description are checked.
     for (QPushButton* button : { BtNew, BtOpen, BtHelp, BtClose })
         SkipLeaveCheck(button);
     return commands;
@@ -120,16 +120,16 @@ void FmEditorBase::Connect()
     connect(BtNew, &QPushButton::clicked, this, &FmEditorBase::OnNew);
     connect(BtOpen, &QPushButton::clicked, this, &FmEditorBase::OnOpen);
     connect(BtSave, &QPushButton::clicked, this, &FmEditorBase::Save);
-    connect(BtClose, &QPushButton::clicked, this, &FmEditorBase::Unload);
-    connect(BtHelp, &QPushButton::clicked, this, [this] { ShowHelp(frame_.HelpTopic); });
+    connect(BtClose, &QPushButton::clicked, this, &FmEditorBase::OnClose);
+    connect(BtHelp, &QPushButton::clicked, this, &FmEditorBase::OnHelp);
     connect(TbName, &QLineEdit::textChanged, this, &FmEditorBase::OnHeadChanged);
     connect(TbDescr, &QLineEdit::textChanged, this, &FmEditorBase::OnHeadChanged);
     connect(CbExt, &QComboBox::currentIndexChanged, this, &FmEditorBase::OnHeadChanged);
     for (QLineEdit* textBox : { TbName, TbDescr })
         EnterAsTab(textBox);
     // An unmodified name is not checked until the list is saved: the field of a new list can be left empty.
-    CheckOnLeave(TbName, [this] { return !TbName->isModified() || CheckName(); });
-    CheckOnLeave(TbDescr, [this] { return CheckDescription(); });
+    CheckOnEveryLeave(TbName, [this] { return !TbName->isModified() || CheckName(); });
+    CheckOnEveryLeave(TbDescr, [this] { return CheckDescription(); });
 }
 
 bool FmEditorBase::OnLoad()
@@ -188,9 +188,27 @@ bool FmEditorBase::SaveChangesFirst()
     return answer == MsgResult::Yes ? Save() : answer == MsgResult::No;
 }
 
+bool FmEditorBase::MayLeaveHead()
+{
+    const QWidget* focused = focusWidget();
+    return (focused != TbName && focused != TbDescr) || CheckFocused(this);
+}
+
+void FmEditorBase::OnClose()
+{
+    if (MayLeaveHead())
+        Unload();
+}
+
+void FmEditorBase::OnHelp()
+{
+    if (MayLeaveHead())
+        ShowHelp(frame_.HelpTopic);
+}
+
 void FmEditorBase::OnNew()
 {
-    if (!SaveChangesFirst())
+    if (!MayLeaveHead() || !SaveChangesFirst())
         return;
     ShowTitle();
     ShowEmptyList();
@@ -199,7 +217,7 @@ void FmEditorBase::OnNew()
 
 void FmEditorBase::OnOpen()
 {
-    if (!SaveChangesFirst())
+    if (!MayLeaveHead() || !SaveChangesFirst())
         return;
     const QString path = OpenListDialog(EditorDefaultFolder());
     if (path.isEmpty())

@@ -82,6 +82,10 @@ protected:
 
     void SetDirty();
 
+    /// Checks name or description if it has the focus, for commands that do not check a cell. False keeps the focus
+    /// there.
+    [[nodiscard]] bool MayLeaveHead();
+
 private:
     QWidget* BuildHead();
     QWidget* BuildList(const GridShape& shape, std::vector<GridColumn> columns);
@@ -92,6 +96,8 @@ private:
 
     void OnNew();
     void OnOpen();
+    void OnClose();
+    void OnHelp();
     void OnHeadChanged();
     bool OpenPath(const QString& path);
     void ShowEmptyList();

@@ -167,7 +167,7 @@ void FmEditorMemory::HeaderClicked(int column)
 
 void FmEditorMemory::OnSort()
 {
-    if (!Grid().Commit() || !SortMemoryList())
+    if (!Grid().MayLeaveFocus() || !SortMemoryList())
         return;
     SetDirty();
     ShowFromTop();
@@ -209,6 +209,8 @@ void FmEditorMemory::ShowEditorDialog()
 
 void FmEditorMemory::OnDelete()
 {
+    if (!MayLeaveHead())
+        return;
     Grid().ShowCurrentRow();
     table_.Row(Grid().CurrentRow()).Used = false;
     Grid().FillRows(true);

@@ -8,12 +8,15 @@
 #include <QComboBox>
 #include <QEnterEvent>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <QWindow>
+#include <QtTest/qtestspontaneevent.h>
 
 namespace tarvik {
 
@@ -145,6 +148,22 @@ void KeyUp(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     if (QGuiApplication::focusWindow() != nullptr)
         QTest::keyRelease(ActiveWindow(), key, modifiers);
+}
+
+void RepeatKey(Qt::Key key)
+{
+    const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, isEnter ? QStringLiteral("\r") : QString(), true);
+    QApplication::sendEvent(ActiveWindow(), &event);
+}
+
+void Wheel(QWidget& control, int delta)
+{
+    const QPoint centre = control.rect().center();
+    QWheelEvent event(
+        centre, control.mapToGlobal(centre), {}, { 0, delta }, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event); // only spontaneous events propagate to the parent
+    qApp->notify(&control, &event);
 }
 
 void PointAt(QWidget& form, const QString& name)

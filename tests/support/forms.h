@@ -53,6 +53,12 @@ void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void KeyDown(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void KeyUp(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
+/// One repeat of a held key.
+void RepeatKey(Qt::Key key);
+
+/// Turns the wheel over the control, in eighths of a degree.
+void Wheel(QWidget& control, int delta = -120);
+
 /// Moves the pointer onto the control, and off it.
 void PointAt(QWidget& form, const QString& name);
 void PointAway(QWidget& form, const QString& name);

@@ -14,7 +14,6 @@
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWhatsThis>
-#include <QWheelEvent>
 
 namespace tarvik {
 
@@ -276,14 +275,6 @@ public:
     QStringList Pressed;
 };
 
-void Wheel(QWidget& control)
-{
-    const QPoint centre = control.rect().center();
-    QWheelEvent event(
-        centre, control.mapToGlobal(centre), {}, { 0, -120 }, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&control, &event);
-}
-
 } // namespace
 
 TEST_F(FormControls, EnterPressesTheFocusedButton)
@@ -296,6 +287,35 @@ TEST_F(FormControls, EnterPressesTheFocusedButton)
     Key(form, "CbList", Qt::Key_Return);
     EXPECT_EQ(form.Pressed.last(), "BtFirst"); // the default button
     form.Unload();
+}
+
+TEST_F(FormControls, HeldEnterPressesAButtonOnce)
+{
+    ButtonForm form;
+    ShowForm(form);
+    for (const char* name : { "BtFirst", "BtSecond", "CbList" }) { // the last presses the default button
+        FindControl(form, name).setFocus();
+        form.Pressed.clear();
+        KeyDown(Qt::Key_Return);
+        for (int repeat = 0; repeat < 3; ++repeat) {
+            RepeatKey(Qt::Key_Return);
+            RepeatKey(Qt::Key_Enter);
+        }
+        EXPECT_EQ(form.Pressed.size(), 1) << name;
+    }
+    form.Unload();
+}
+
+TEST_F(FormControls, HeldEnterMakesLines)
+{
+    SizedForm form;
+    ShowForm(form);
+    auto& box = *form.findChild<QPlainTextEdit*>();
+    box.setFocus();
+    KeyDown(Qt::Key_Return);
+    RepeatKey(Qt::Key_Return);
+    EXPECT_EQ(box.toPlainText(), "\n\n");
+    DialogEnd(form, 0);
 }
 
 TEST_F(FormControls, WheelChangesAComboBoxOnlyWhileItHasTheFocus)

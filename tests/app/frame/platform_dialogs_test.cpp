@@ -139,6 +139,34 @@ TEST_F(PlatformDialogs, OtherFilterChangesTheExtension)
         FilePath("mast.pcx"));
 }
 
+TEST_F(PlatformDialogs, WheelChangesABoxOnlyWhileItHasTheFocus)
+{
+    const auto turn = [] {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&Dialog()));
+        auto& types = *Dialog().findChild<QComboBox*>("fileTypeCombo");
+        auto& folders = *Dialog().findChild<QComboBox*>("lookInCombo");
+        const QString folder = Dialog().directory().absolutePath();
+        const int type = types.currentIndex();
+        const int other = type > 0 ? type - 1 : type + 1;
+        Name().setFocus();
+        Wheel(types, type > 0 ? 120 : -120);
+        EXPECT_EQ(types.currentIndex(), type);
+        for (const int delta : { 120, -120 })
+            Wheel(folders, delta);
+        EXPECT_EQ(Dialog().directory().absolutePath(), folder);
+        EXPECT_TRUE(Name().hasFocus());
+        types.setFocus();
+        Wheel(types, type > 0 ? 120 : -120);
+        EXPECT_EQ(types.currentIndex(), other);
+    };
+    Save(turn);
+    QTimer::singleShot(0, qApp, [&turn] {
+        turn();
+        Dialog().reject();
+    });
+    TheSeams().OpenFile({ "Open", Folder(), { "All|*", "Windows bitmap|*.bmp" } });
+}
+
 TEST_F(PlatformDialogs, ConfirmsReplacingAFileOfTheCompletedName)
 {
     Store(FilePath("Tower.2024.png"), "old");

@@ -197,6 +197,23 @@ TEST_F(MessageForm, EndsWithOkOnEnterBecauseTheButtonTakesIt)
     EXPECT_EQ(TheMessage().Result, Ok);
 }
 
+/// The press has shown the message.
+TEST_F(MessageForm, StaysWhileEnterIsHeld)
+{
+    for (const int style : { 48, 36 }) {
+        RunStyle(style, [](FmMessage& form) {
+            for (int repeat = 0; repeat < 3; ++repeat) {
+                RepeatKey(Qt::Key_Return);
+                RepeatKey(Qt::Key_Enter);
+            }
+            KeyUp(Qt::Key_Return);
+            EXPECT_FALSE(form.IsClosed());
+            Key(Qt::Key_Return);
+            EXPECT_TRUE(form.IsClosed());
+        });
+    }
+}
+
 TEST_F(MessageForm, StaysWhenACharacterIsTypedOnAnotherButton)
 {
     RunStyle(36, [](FmMessage& form) {

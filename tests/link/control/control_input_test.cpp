@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QToolTip>
-#include <QWheelEvent>
 
 namespace tarvik {
 
@@ -356,13 +355,15 @@ TEST_F(ControlForm, WheelOverFolderBoxKeepsFolder)
     combo.showPopup();
     combo.hidePopup();
     const QString folder = CurrentPcFolder();
-    const QPointF at = combo.rect().center();
-    for (const int turn : { 120, -120 }) {
-        QWheelEvent event(
-            at, combo.mapToGlobal(at), {}, { 0, turn }, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&combo, &event);
-        EXPECT_EQ(combo.currentText(), "pc");
-        EXPECT_EQ(CurrentPcFolder(), folder);
+    QWidget& list = List("LvPc");
+    for (QWidget* focused : { &list, static_cast<QWidget*>(&combo) }) {
+        focused->setFocus();
+        for (const int turn : { 120, -120 }) {
+            Wheel(combo, turn);
+            EXPECT_EQ(combo.currentText(), "pc");
+            EXPECT_EQ(CurrentPcFolder(), folder);
+            EXPECT_TRUE(focused->hasFocus());
+        }
     }
 }
 

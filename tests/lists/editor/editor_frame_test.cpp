@@ -12,6 +12,8 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -127,6 +129,16 @@ TEST_F(EditorFrameTest, CsvFileSelectsCsvExtension)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
+TEST_F(EditorFrameTest, ExtensionIsThatOfTheFileReadLast)
+{
+    const QString binary = StoredList({ 3 });
+    Open(StoredList({ 3 }, "Van.csv"));
+    AnswerFile(binary);
+    Click(form, "BtOpen");
+    EXPECT_EQ(Ext().currentIndex(), 0);
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
 TEST_F(EditorFrameTest, UnreadableFileClosesForm)
 {
     Answers().Expect(12780, { QStringLiteral("gone.tvm"), QStringLiteral("1") }, Ok);
@@ -159,6 +171,11 @@ TEST_F(EditorFrameTest, HeadChangeSetsDirtyAndRemovesFileFromTitle)
     Ext().setCurrentIndex(1);
     EXPECT_TRUE(Editor().EditorDirty);
     EXPECT_EQ(form.windowTitle(), kTitle);
+    GiveUp();
+    Open(path);
+    Find<QLineEdit>(form, "TbName").setText("Car");
+    EXPECT_TRUE(Editor().EditorDirty);
+    EXPECT_EQ(form.windowTitle(), kTitle);
 }
 
 TEST_F(EditorFrameTest, BadNameKeepsFocus)
@@ -184,6 +201,98 @@ TEST_F(EditorFrameTest, BadDescriptionKeepsFocus)
     Answers().Expect(12764, QStringList(), Ok);
     QTest::keyClick(&FindControl(form, "TbDescr"), Qt::Key_Tab);
     EXPECT_TRUE(HasFocus(form, "TbDescr"));
+}
+
+namespace {
+
+/// The commands that do not check a cell.
+class EveryOtherCommand : public EditorFrameTest, public testing::WithParamInterface<const char*> {
+protected:
+    /// The command must not run.
+    void ExpectListUntouched()
+    {
+        EXPECT_FALSE(form.IsClosed());
+        EXPECT_EQ(CellText(3, 0), "100.000000");
+        EXPECT_EQ(FileQuestions, 0);
+        EXPECT_TRUE(help_.Topics.isEmpty());
+    }
+
+    FakeHelp help_;
+};
+
+std::string CommandName(const testing::TestParamInfo<const char*>& info)
+{
+    return info.param;
+}
+
+} // namespace
+
+TEST_P(EveryOtherCommand, KeepsFocusInBadName)
+{
+    Open(StoredList({ 0 }));
+    AnswerFile({});
+    Type(form, "TbName", "a.b");
+    Answers().Expect(12766, { QStringLiteral("memory list") }, Ok);
+    Click(form, GetParam());
+    EXPECT_TRUE(HasFocus(form, "TbName"));
+    ExpectListUntouched();
+}
+
+TEST_P(EveryOtherCommand, KeepsFocusInBadDescription)
+{
+    Open(StoredList({ 0 }));
+    AnswerFile({});
+    Type(form, "TbDescr", "a;b");
+    Answers().Expect(12764, QStringList(), Ok);
+    Click(form, GetParam());
+    EXPECT_TRUE(HasFocus(form, "TbDescr"));
+    ExpectListUntouched();
+}
+
+TEST_P(EveryOtherCommand, ChecksHeadWhenCalledByItsMnemonic)
+{
+    Open(StoredList({ 0 }));
+    AnswerFile({});
+    for (const auto& [name, message] : { std::pair("TbName", 12766), std::pair("TbDescr", 12764) }) {
+        const QString good = TextOf(form, name);
+        Type(form, name, "a;b");
+        Answers().Expect(message, Ok);
+        Find<QPushButton>(form, GetParam()).click(); // moves no focus
+        EXPECT_TRUE(HasFocus(form, name));
+        ExpectListUntouched();
+        Type(form, name, good);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EditorFrame, EveryOtherCommand, testing::Values("BtNew", "BtOpen", "BtClose", "BtHelp", "BtDel"), &CommandName);
+
+TEST_F(EditorFrameTest, SortChecksHeadWhenCalledByItsMnemonic)
+{
+    Open(StoredList({ 0, 1 }));
+    Find<QComboBox>(form, "CbSort").setCurrentIndex(4);
+    Type(form, "TbName", "a.b");
+    Answers().Expect(12766, Ok);
+    Find<QPushButton>(form, "BtSort").click();
+    EXPECT_TRUE(HasFocus(form, "TbName"));
+    EXPECT_EQ(CellText(3, 0), "100.000000");
+}
+
+/// No button is the default one: Enter belongs to cells and text boxes.
+TEST_F(EditorFrameTest, EnterPressesTheFocusedButtonAlone)
+{
+    FakeHelp help;
+    Open(StoredList({ 0, 1 }));
+    Find<QComboBox>(form, "CbSort").setCurrentIndex(4);
+    for (const char* box : { "CbExt", "CbSort" })
+        Key(form, box, Qt::Key_Return);
+    EXPECT_EQ(CellText(3, 0), "100.000000");
+    EXPECT_FALSE(Editor().EditorDirty);
+    Key(form, "BtHelp", Qt::Key_Return);
+    EXPECT_EQ(help.Topics, QList<int>{ 11995 });
+    Key(form, "BtSort", Qt::Key_Return);
+    EXPECT_EQ(CellText(3, 0), "101.000000");
+    EXPECT_FALSE(form.IsClosed());
 }
 
 TEST_F(EditorFrameTest, EnterInTextBoxActsAsTab)
@@ -266,6 +375,7 @@ TEST_F(EditorFrameTest, FailedOpenLeavesEmptyUnmodifiedList)
     EXPECT_EQ(TextOf(form, "TbDescr"), "");
     EXPECT_EQ(CellText(3, 4), "");
     EXPECT_FALSE(Editor().EditorDirty);
+    EXPECT_EQ(QDir(PcPath()), QDir(Folder())); // the folder that was chosen
 }
 
 TEST_F(EditorFrameTest, OpenAsksAboutUnsavedChanges)
@@ -285,7 +395,7 @@ TEST_F(EditorFrameTest, SaveNamesFileAfterList)
     TypeCell(3, 4, "250");
     AnswerFolder(Folder());
     EXPECT_TRUE(form.Save());
-    EXPECT_TRUE(AskedFolder.Title.contains("Van.TVM"));
+    EXPECT_EQ(AskedFolder.Title, LngStr1(10775, "Van.TVM"));
     EXPECT_TRUE(QFile::exists(FilePath("Van.tvm")));
     EXPECT_EQ(form.windowTitle(), kTitle + " - Van.TVM");
     EXPECT_FALSE(Editor().EditorDirty);
@@ -326,6 +436,7 @@ TEST_F(EditorFrameTest, CsvIsSavedWithLowerCaseExtension)
     Ext().setCurrentIndex(1);
     AnswerFolder(Folder());
     Click(form, "BtSave");
+    EXPECT_EQ(AskedFolder.Title, LngStr1(10775, "Van.CSV"));
     EXPECT_TRUE(Contents(FilePath("Van.csv")).startsWith("Memory List,Van\r\n"));
     EXPECT_FALSE(Editor().EditorDirty);
 }
@@ -401,6 +512,19 @@ TEST_F(EditorFrameTest, SaveChecksVisibleCells)
     Answers().Expect(12764, Ok);
     EXPECT_FALSE(form.Save());
     EXPECT_TRUE(Cell(5, 6).hasFocus());
+    EXPECT_EQ(FolderQuestions, 0);
+}
+
+TEST_F(EditorFrameTest, SaveChecksWholePageThatIsShown)
+{
+    Open(StoredList({ 30, 49 }));
+    AnswerFolder(Folder());
+    Find<QScrollBar>(form, "VScroll1").setValue(30);
+    Find<QLineEdit>(form, "TbCol5[19]").setText("a,b");
+    Answers().Expect(12764, Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(Cell(5, 19).hasFocus());
+    EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), 30);
     EXPECT_EQ(FolderQuestions, 0);
 }
 

@@ -7,8 +7,6 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
-#include <QWheelEvent>
-#include <QtTest/qtestspontaneevent.h>
 
 namespace tarvik {
 
@@ -81,8 +79,36 @@ TEST_F(Grid, DownUpAndEnterMoveOneRow)
     EXPECT_EQ(FocusedRow(3), 6);
     KeyIn(3, Qt::Key_Return);
     EXPECT_EQ(FocusedRow(3), 7);
+    KeyIn(3, Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(FocusedRow(3), 8);
     KeyIn(3, Qt::Key_Up);
-    EXPECT_EQ(FocusedRow(3), 6);
+    EXPECT_EQ(FocusedRow(3), 7);
+}
+
+TEST_F(Grid, HeldEnterMovesOnce)
+{
+    Open(StoredList({ 0 }));
+    form.CellSetFocus(0, 3);
+    Key(Qt::Key_Return);
+    for (int repeat = 0; repeat < 3; ++repeat)
+        RepeatKey(Qt::Key_Return);
+    EXPECT_EQ(FocusedRow(3), 1);
+    for (int repeat = 0; repeat < 3; ++repeat)
+        RepeatKey(Qt::Key_Down);
+    EXPECT_EQ(FocusedRow(3), 4);
+}
+
+TEST_F(Grid, HeldEnterReportsBadCellOnce)
+{
+    Open(StoredList({ 0 }));
+    TypeCell(3, 0, "abc");
+    Answers().Expect(12765, Ok);
+    Key(Qt::Key_Return);
+    for (int repeat = 0; repeat < 3; ++repeat) {
+        RepeatKey(Qt::Key_Return);
+        RepeatKey(Qt::Key_Enter);
+    }
+    EXPECT_TRUE(Cell(3, 0).hasFocus());
 }
 
 TEST_F(Grid, PageKeysMoveTwentyRows)
@@ -178,6 +204,37 @@ TEST_F(Grid, CellWithoutFocusHasColourOfItsRow)
     EXPECT_EQ(CellColour(3, 5), kMarked);
 }
 
+TEST_F(Grid, OtherWindowLeavesCellAsItIs)
+{
+    Open(StoredList({ 0 }));
+    TypeCell(3, 0, "abc");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other)); // without a message
+    EXPECT_EQ(CellColour(3, 0), kFocused);
+    Answers().Expect(12765, Ok);
+    Scroll(100); // still the edited cell
+    EXPECT_EQ(Bar().value(), 0);
+    EXPECT_EQ(CellText(3, 0), "abc");
+}
+
+/// Nothing but the focus says that the cell is being edited.
+TEST_F(Grid, EmptyCellOfUsedRowIsCheckedAfterVisitOfOtherWindow)
+{
+    Open();
+    TypeCell(5, 0, "Tower"); // uses the row, which has no frequency
+    Key(Qt::Key_Backtab, Qt::ShiftModifier);
+    ASSERT_TRUE(Cell(3, 0).hasFocus());
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    Answers().Expect(12771, Ok);
+    Scroll(100);
+    EXPECT_EQ(Bar().value(), 0);
+}
+
 TEST_F(Grid, HighlightFollowsRowOnScroll)
 {
     Open();
@@ -238,13 +295,26 @@ TEST_F(Grid, ClickOnLabelMakesRowCurrent)
 TEST_F(Grid, WheelScrollsOverCells)
 {
     Open();
-    QWidget& cell = Cell(3, 5);
-    const QPoint centre = cell.rect().center();
-    QWheelEvent event(
-        centre, cell.mapToGlobal(centre), {}, { 0, -120 }, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&event); // only spontaneous events propagate to the parent
-    qApp->notify(&cell, &event);
+    Wheel(Cell(3, 5), -120);
     EXPECT_EQ(Bar().value(), QApplication::wheelScrollLines());
+}
+
+/// Wheels of a high resolution and touch pads report parts of a notch.
+TEST_F(Grid, PartsOfAWheelNotchAddUp)
+{
+    const int rows = QApplication::wheelScrollLines();
+    Open();
+    for (int turn = 1; turn <= 16; ++turn) {
+        Wheel(Cell(3, 5), -15);
+        EXPECT_EQ(Bar().value(), turn * 15 * rows / 120) << turn;
+    }
+    EXPECT_EQ(Bar().value(), 2 * rows);
+    for (int turn = 0; turn < 4; ++turn)
+        Wheel(Cell(3, 5), 30);
+    EXPECT_EQ(Bar().value(), rows);
+    Wheel(Cell(3, 5), -30); // back and forth within a row
+    Wheel(Cell(3, 5), 30);
+    EXPECT_EQ(Bar().value(), rows);
 }
 
 TEST_F(Grid, FillingReportsNoChange)

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QProcess>
 #include <QScrollBar>
@@ -20,7 +21,7 @@ namespace tarvik {
 
 namespace {
 
-/// The program's own message form; Enter answers it as soon as it has the keyboard.
+/// The program's own message form; Enter answers it as soon as it has the keyboard and `IsReady`.
 class RealMessages final : public MessagePresenter {
 public:
     void Present(MessageRequest& request) override
@@ -31,16 +32,38 @@ public:
         poll.callOnTimeout([&] {
             if (QGuiApplication::focusWindow() != form.windowHandle() || QGuiApplication::focusWindow() == nullptr)
                 return;
+            if (!IsReady())
+                return;
             poll.stop();
-            QProcess::startDetached(QStringLiteral("xdotool"), { "key", "--clearmodifiers", "Return" });
+            QProcess::startDetached(QStringLiteral("xdotool"), Keys);
         });
         poll.start(1);
         DialogShow(form);
         ++Answered;
     }
 
+    std::function<bool()> IsReady = [] { return true; };
+    QStringList Keys{ "key", "--clearmodifiers", "Return" };
     QList<int> Shown;
     int Answered = 0;
+};
+
+/// Counts the repeats of a held Enter that reach the program.
+class RepeatCounter final : public QObject {
+public:
+    RepeatCounter()
+    {
+        qApp->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress && watched->isWindowType()) {
+            const auto* key = static_cast<QKeyEvent*>(event);
+            Count += key->isAutoRepeat() && key->key() == Qt::Key_Return ? 1 : 0;
+        }
+        return false;
+    }
+    int Count = 0;
 };
 
 /// Gives access to the action that a pressed part of a scroll bar repeats.
@@ -321,7 +344,36 @@ TEST_F(LeavingBadCell, ByCloseOfTitleBarAsksThenKeepsCell)
     EXPECT_EQ(CellText(3, 0), "abc");
 }
 
-/// A bad name and a bad description, by what takes no focus.
+class HeldEnter : public RealMouse { };
+
+TEST_F(HeldEnter, ReportsBadCellOnce)
+{
+    TypeBadFrequency();
+    RepeatCounter repeats;
+    messages_.IsReady = [&repeats] { return repeats.Count >= 20; };
+    messages_.Keys = QStringList{ "keyup", "Return", "keydown", "Return" }; // answered, and held again
+    XDo({ "keydown", "Return" });
+    EXPECT_TRUE(Reaches([&repeats] { return repeats.Count >= 40; }));
+    XDo({ "keyup", "Return" });
+    ExpectBadCellKept();
+    ExpectGoesOn();
+}
+
+TEST_F(HeldEnter, ReportsBadNameOnce)
+{
+    ClickOn("TbName");
+    XDo({ "key", "ctrl+a", "type", "a.b" });
+    RepeatCounter repeats;
+    messages_.IsReady = [&repeats] { return repeats.Count >= 20; };
+    messages_.Keys = QStringList{ "keyup", "Return", "keydown", "Return" };
+    XDo({ "keydown", "Return" });
+    EXPECT_TRUE(Reaches([&repeats] { return repeats.Count >= 40; }));
+    XDo({ "keyup", "Return" });
+    ExpectOneMessage(12766);
+    EXPECT_TRUE(HasFocus(form, "TbName"));
+}
+
+/// A bad name and a bad description, by every way that could skip the check.
 class LeavingBadHead : public RealMouse, public testing::WithParamInterface<const char*> { };
 
 TEST_P(LeavingBadHead, KeepsNameWithMessage)
@@ -332,6 +384,8 @@ TEST_P(LeavingBadHead, KeepsNameWithMessage)
     ClickOn(GetParam());
     ExpectOneMessage(12766);
     EXPECT_TRUE(Reaches([this] { return HasFocus(form, "TbName"); }));
+    EXPECT_FALSE(form.IsClosed());
+    EXPECT_EQ(CellText(3, 0), "100.000000");
     EXPECT_EQ(Find<QComboBox>(form, "CbSort").currentIndex(), 0);
 }
 
@@ -343,9 +397,12 @@ TEST_P(LeavingBadHead, KeepsDescriptionWithMessage)
     ClickOn(GetParam());
     ExpectOneMessage(12764);
     EXPECT_TRUE(Reaches([this] { return HasFocus(form, "TbDescr"); }));
+    EXPECT_FALSE(form.IsClosed());
+    EXPECT_EQ(CellText(3, 0), "100.000000");
     EXPECT_EQ(Find<QComboBox>(form, "CbSort").currentIndex(), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Click, LeavingBadHead, testing::Values("LbCol0[2]", "TbCol4[2]", "LbHdr3"));
+INSTANTIATE_TEST_SUITE_P(Click, LeavingBadHead,
+    testing::Values("LbCol0[2]", "TbCol4[2]", "LbHdr3", "BtNew", "BtOpen", "BtClose", "BtHelp", "BtDel"));
 
 } // namespace tarvik

@@ -4,6 +4,7 @@
 #include "closed/loader.h"
 #include "lists/editor/editorGeneral.h"
 #include "lists/memory/fmEditorMemoryListProp.h"
+#include "tests/support/fakeHelp.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -184,6 +185,51 @@ TEST_F(MemoryEditor, DeleteMakesRowUnusedAndKeepsItsNumber)
     EXPECT_TRUE(saved.Row(6).Used);
 }
 
+TEST_F(MemoryEditor, DeleteScrollsToItsRow)
+{
+    Open(StoredList({ 5, 500 }));
+    form.CellSetFocus(5, 3);
+    Find<QScrollBar>(form, "VScroll1").setValue(500);
+    Click(form, "BtDel");
+    EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), 5);
+    EXPECT_TRUE(Cell(3, 0).hasFocus());
+    EXPECT_EQ(CellText(3, 0), "");
+    const MemoryTable saved = Saved();
+    EXPECT_FALSE(saved.Row(5).Used);
+    EXPECT_TRUE(saved.Row(500).Used);
+}
+
+TEST_F(MemoryEditor, EditScrollsToItsRow)
+{
+    Open(StoredList({ 5, 500 }));
+    for (const auto& [top, expectedTop] : { std::pair(500, 5), std::pair(0, 0) }) {
+        Find<QScrollBar>(form, "VScroll1").setValue(0);
+        form.CellSetFocus(5, 3);
+        Find<QScrollBar>(form, "VScroll1").setValue(top);
+        QString title;
+        InDialog([&](QWidget& dialog) {
+            title = dialog.windowTitle();
+            EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), expectedTop);
+            Type(dialog, "TbFrequency", "300");
+            Click(dialog, "BtOk");
+        });
+        Click(form, "BtEdit");
+        EXPECT_EQ(title, "Memory Entry - 5");
+        EXPECT_EQ(form.focusWidget(), &Cell(3, 5 - expectedTop));
+    }
+    Find<QScrollBar>(form, "VScroll1").setValue(500);
+    form.CellSetFocus(510, 3);
+    Find<QScrollBar>(form, "VScroll1").setValue(0);
+    InDialog([&](QWidget& dialog) {
+        EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), 491); // the row is the last one of the page
+        Click(dialog, "BtCancel");
+    });
+    Click(form, "BtEdit");
+    const MemoryTable saved = Saved();
+    EXPECT_EQ(saved.Row(5).Frequency, 300e6);
+    EXPECT_EQ(saved.Row(500).Frequency, 600e6);
+}
+
 TEST_F(MemoryEditor, DeleteIgnoresBadCell)
 {
     Open(StoredList({ 5 }));
@@ -282,6 +328,33 @@ TEST_F(MemoryEditor, SortOrdersListAndScrollsToTop)
     EXPECT_EQ(CellText(3, 2), "130.000000");
     EXPECT_EQ(CellText(3, 3), "");
     EXPECT_TRUE(Editor().EditorDirty);
+}
+
+/// A mnemonic leaves the focus in the cell.
+TEST_F(MemoryEditor, SortTakesEditedCellFirst)
+{
+    Open(StoredList({ 0, 1, 2 }));
+    Sort().setCurrentIndex(3);
+    TypeCell(3, 0, "250");
+    Find<QPushButton>(form, "BtSort").click();
+    EXPECT_EQ(CellText(3, 0), "101.000000");
+    EXPECT_EQ(CellText(3, 2), "250.000000");
+    TypeCell(3, 0, "abc");
+    Answers().Expect(12765, Ok);
+    Find<QPushButton>(form, "BtSort").click();
+    EXPECT_TRUE(Cell(3, 0).hasFocus());
+    EXPECT_EQ(CellText(3, 0), "abc");
+}
+
+TEST_F(MemoryEditor, SortTakesCellThatWasLeftForHelp)
+{
+    FakeHelp help;
+    Open(StoredList({ 0, 1 }));
+    Sort().setCurrentIndex(3);
+    TypeCell(3, 0, "250");
+    Click(form, "BtHelp");
+    Click(form, "BtSort");
+    EXPECT_EQ(CellText(3, 1), "250.000000");
 }
 
 TEST_F(MemoryEditor, FailedSortKeepsRowsAndPage)
@@ -426,6 +499,21 @@ TEST_F(MemoryEditor, DeleteInDialogClearsRowAndItsNumber)
     EXPECT_TRUE(Editor().EditorDirty);
     TypeCell(3, 5, "200"); // row 0 has number 0
     EXPECT_EQ(CellText(2, 5), "5");
+}
+
+TEST_F(MemoryEditor, OkOnRowDeletedInDialogGivesItAFreeNumber)
+{
+    Open(StoredList({ 0, 5 }));
+    form.CellSetFocus(5, 3);
+    InDialog([](QWidget& dialog) { Click(dialog, "BtDelete"); });
+    Click(form, "BtEdit");
+    InDialog([](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Memory Entry - 0"); // as the other row
+        Click(dialog, "BtOk");
+    });
+    Click(form, "BtEdit");
+    EXPECT_EQ(CellText(2, 5), "5");
+    EXPECT_EQ(Saved().Row(5).Number, 5);
 }
 
 TEST_F(MemoryEditor, BadCellPreventsOpeningDialog)

@@ -1,4 +1,5 @@
 #include "tests/lists/list_fixture.h"
+#include "tests/support/fakeHelp.h"
 #include "tests/support/forms.h"
 
 #include "app/text/lang.h"
@@ -229,6 +230,26 @@ TEST_F(MemoryEntryForm, LeavingNumberFormatsIt)
         EXPECT_TRUE(HasFocus(form, "CbAttnStatus"));
         Click(form, "BtCancel");
     });
+}
+
+/// No button is the default one: Enter belongs to the text boxes.
+TEST_F(MemoryEntryForm, EnterPressesTheFocusedButtonAlone)
+{
+    FakeHelp help;
+    EXPECT_EQ(Run([&] {
+        Key(form, "CbModulation", Qt::Key_Return);
+        Key(form, "CbStatus", Qt::Key_Enter, Qt::KeypadModifier);
+        Key(form, "BtHelp", Qt::Key_Return);
+        EXPECT_FALSE(form.IsClosed());
+        EXPECT_EQ(help.Topics.size(), 1);
+        Key(form, "BtCancel", Qt::Key_Return);
+        EXPECT_TRUE(form.IsClosed());
+    }),
+        1);
+    EXPECT_EQ(Run([&] { Key(form, "BtOk", Qt::Key_Return); }), 0);
+    EXPECT_EQ(MemoryEntry().Frequency, 145500000);
+    Run([&] { Key(form, "BtDelete", Qt::Key_Return); });
+    EXPECT_EQ(MemoryEntry(), MemoryRecord());
 }
 
 TEST_F(MemoryEntryForm, BadNumberKeepsFocus)

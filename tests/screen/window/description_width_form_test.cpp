@@ -195,6 +195,25 @@ TEST_F(DescriptionForm, DisablesArrowsAtLimits)
     });
 }
 
+TEST_F(DescriptionForm, WheelStepsTheColumnsOnlyWhileTheyHaveTheFocus)
+{
+    Run([&](FmDescription& form) {
+        QWidget& box = FindControl(form, "UpDown");
+        auto& columns = Find<QLineEdit>(form, "Tb");
+        columns.setText("50");
+        for (QWidget* over : { &box, static_cast<QWidget*>(&columns) }) {
+            FindControl(form, "BtDefault").setFocus();
+            Wheel(*over);
+            EXPECT_EQ(columns.text(), "50");
+            EXPECT_TRUE(HasFocus(form, "BtDefault"));
+        }
+        box.setFocus();
+        Wheel(box);
+        EXPECT_EQ(columns.text(), "49");
+        Click(form, "BtCancel");
+    });
+}
+
 TEST_F(DescriptionForm, OpensByItsCommand)
 {
     QTimer::singleShot(0, qApp, [] {

@@ -17,9 +17,10 @@ void AnswerLogOff(MfMain& frame, QSessionManager& session)
 {
     if (!session.allowsInteraction())
         return;
-    if (!frame.CloseForLogOff())
-        session.cancel();
-    session.release();
+    if (frame.CloseForLogOff())
+        session.release();
+    else
+        session.cancel(); // after a release it would be too late: that answers that the log-off may go on
 }
 
 } // namespace

@@ -168,6 +168,21 @@ TEST_F(Saving, GivesUpIfOtherProcessNeverEnds)
     EXPECT_EQ(Contents(busy), old);
 }
 
+TEST_F(Saving, SecondWriterIsKeptOutUntilTheFirstHasEnded)
+{
+    const std::string path = Path("list");
+    FailingFileSystem disk;
+    disk.AtFlush = [&] {
+        disk.AtFlush = nullptr;
+        tvfile::NewFile second;
+        EXPECT_EQ(second.Begin(path).Step, tvfile::ReplaceStep::Busy);
+    };
+    EXPECT_EQ(Save(path), FioStatus::Ok);
+    EXPECT_EQ(Contents(path), sample);
+    tvfile::NewFile third;
+    EXPECT_TRUE(third.Begin(path).Ok());
+}
+
 TEST_F(Saving, ConcurrentSavesLeaveOneWholeFile)
 {
     constexpr int kSaves = 60;

@@ -56,6 +56,15 @@ protected:
 
 } // namespace
 
+TEST_F(FormControls, FormOpensInTheMiddleOfTheScreen)
+{
+    SizedForm form;
+    form.move(5, 5);
+    ShowForm(form);
+    const QPoint off = QRect(form.pos(), form.size()).center() - form.screen()->availableGeometry().center();
+    EXPECT_LE(off.manhattanLength(), 2);
+}
+
 TEST_F(FormControls, ThreeAdjustmentsMoveOnlyAComboBox)
 {
     Adjust(3);

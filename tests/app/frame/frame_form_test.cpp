@@ -1,4 +1,5 @@
 #include "app/about/FmLogo.h"
+#include "app/frame/tip.h"
 #include "app/settings/ini.h"
 #include "app/state/progressBar.h"
 #include "app/state/statusBar.h"
@@ -7,10 +8,14 @@
 #include "tests/support/fakeInstrumentLink.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QHelpEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QScreen>
 #include <QWhatsThis>
 
 namespace tarvik {
@@ -292,6 +297,55 @@ TEST_F(MainFrame, DrawsTheProgressWithWhiteAndBlackCharacters)
     ProgressEnd();
     EXPECT_FALSE(main.findChild<QTimer*>("TmProgress")->isActive());
     EXPECT_EQ(picture.grab().toImage(), empty);
+}
+
+TEST_F(MainFrame, HasTheTitleOfTheProgram)
+{
+    MfMain& main = Start();
+    Program().ProgramTitle = "Fake";
+    main.BuildTexts();
+    EXPECT_EQ(main.windowTitle(), "Fake");
+    EXPECT_EQ(main.accessibleName(), "Fake");
+    EXPECT_EQ(main.menuBar()->accessibleName(), "Fake");
+}
+
+TEST_F(MainFrame, ShowsTheTipOfTheButtonUnderThePointer)
+{
+    MfMain& main = Start();
+    auto* timer = main.findChild<QTimer*>("TmTips");
+    EXPECT_TRUE(timer->isActive());
+    const auto tick = [timer](int times) {
+        for (int at = 0; at < times; ++at)
+            QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection, QGenericArgument());
+    };
+    timer->stop(); // only the ticks of the test count
+    QWidget& tip = FindControl(main, "FmTip");
+    QCursor::setPos(Cm(1).mapToGlobal(Cm(1).rect().center()));
+    tick(9);
+    EXPECT_FALSE(tip.isVisible());
+    tick(1);
+    EXPECT_TRUE(tip.isVisible());
+    EXPECT_EQ(TextOf(main, "LbTip"), TipText(LngStr(13801)));
+    EXPECT_EQ(tip.geometry(),
+        TipRect(QRect(Cm(1).mapToGlobal(QPoint()), Cm(1).size()),
+            Find<QLabel>(main, "LbTip").fontMetrics().size(Qt::TextSingleLine, TipText(LngStr(13801))),
+            main.screen()->geometry()));
+    QCursor::setPos(main.mapToGlobal(main.rect().center()));
+    tick(1);
+    EXPECT_FALSE(tip.isVisible());
+}
+
+TEST_F(MainFrame, ClosesTheTipForACommandADialogAndAnotherProgram)
+{
+    MfMain& main = Start();
+    main.findChild<QTimer*>("TmTips")->stop();
+    QWidget& tip = FindControl(main, "FmTip");
+    tip.show();
+    Cm(13).click();
+    EXPECT_FALSE(tip.isVisible());
+    tip.show();
+    TheFrame()->CloseTip();
+    EXPECT_FALSE(tip.isVisible());
 }
 
 TEST_F(MainFrame, TipTimerSpeedsUpAfterTheFirstTick)

@@ -367,6 +367,31 @@ TEST_F(MainFrame, TakesADropOfKnownFilesAndOpensThem)
     EXPECT_EQ(documents.Opened, (QStringList{ "a.tvm", "b.tvm" }));
 }
 
+TEST_F(MainFrame, TakesADropAsACopyWhateverIsOffered)
+{
+    MfMain& main = Start();
+    Store(FilePath("a.tvm"), "x");
+    QMimeData data;
+    data.setUrls({ QUrl::fromLocalFile(FilePath("a.tvm")) });
+    const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
+    QDragEnterEvent enter(QPoint(10, 10), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+    enter.setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(&main, &enter);
+    EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
+    QDragMoveEvent move(QPoint(20, 20), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+    move.setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(&main, &move);
+    EXPECT_TRUE(move.isAccepted());
+    EXPECT_EQ(move.dropAction(), Qt::CopyAction);
+    QDropEvent drop(QPointF(20, 20), offered, &data, Qt::LeftButton, Qt::ShiftModifier);
+    drop.setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(&main, &drop);
+    EXPECT_TRUE(drop.isAccepted());
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "or the other program deletes the file";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(documents.Opened, QStringList{ "a.tvm" });
+}
+
 TEST_F(MainFrame, OpensNoMoreDroppedFilesOnceItHasClosed)
 {
     MfMain& main = Start();

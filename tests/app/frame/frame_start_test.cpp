@@ -90,6 +90,20 @@ TEST_F(MainFrame, KeepsItsRestoredSizeWhileItIsMaximised)
     EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinTop", 0), 300.0F);
 }
 
+TEST_F(MainFrame, SavesThatItWasMinimisedWithItsRestoredSize)
+{
+    IniWriteInt(FilePath("Tarvik.ini"), "Tarvik", "WinState", 0);
+    IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinWidth", 9000);
+    IniWriteSingle(FilePath("Tarvik.ini"), "Tarvik", "WinHeight", 6000);
+    MfMain& main = Start();
+    main.showMinimized();
+    ASSERT_TRUE(main.isMinimized());
+    main.close();
+    EXPECT_EQ(IniReadInt(FilePath("Tarvik.ini"), "Tarvik", "WinState", 0), 1);
+    EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinWidth", 0), 9000.0F);
+    EXPECT_EQ(IniReadSingle(FilePath("Tarvik.ini"), "Tarvik", "WinHeight", 0), 6000.0F);
+}
+
 TEST_F(MainFrame, RefusesToCloseWhileACommandRuns)
 {
     MfMain& main = Start();

@@ -198,6 +198,39 @@ TEST_F(PlatformDialogs, FolderWithAPointIsEntered)
     EXPECT_EQ(entered, FilePath("Tower.2024"));
 }
 
+TEST_F(PlatformDialogs, EscapeClosesOnlyTheDialogAboveAForm)
+{
+    class PlainForm final : public FormBase {
+    public:
+        PlainForm()
+            : FormBase("PlainForm")
+        {
+        }
+        bool OnLoad() override
+        {
+            DialogPush(*this, false);
+            return true;
+        }
+    };
+    PlainForm form;
+    ShowForm(form);
+    bool wasOpen = false;
+    EXPECT_EQ(Save([&] {
+        ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::focusWidget() == &Name(); }));
+        wasOpen = true;
+        KeyDown(Qt::Key_Escape);
+        EXPECT_EQ(QApplication::activeModalWidget(), &form);
+    }),
+        "");
+    EXPECT_TRUE(wasOpen);
+    form.activateWindow(); // as a window manager does
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    KeyUp(Qt::Key_Escape);
+    EXPECT_FALSE(form.IsClosed());
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(form.IsClosed());
+}
+
 TEST_F(PlatformDialogs, OpenReturnsSeveralFilesAndSelectsTheFirstFilter)
 {
     Store(FilePath("a.png"), "a");

@@ -67,6 +67,14 @@ TEST(IniFile, FirstOfEqualKeysCounts)
     EXPECT_EQ(Changed("[A]\nk=1\nK=2\n", "a", "K", "9"), QByteArray("[A]\nk=9\nK=2\n"));
 }
 
+TEST(IniFile, SecondSectionOfANameContinuesTheFirst)
+{
+    const QByteArray bytes("[A]\nx=1\n[B]\ny=2\n[a]\nz=3\n");
+    EXPECT_EQ(Read(bytes, "A", "z"), "3");
+    EXPECT_EQ(Changed(bytes, "A", "z", "4"), QByteArray("[A]\nx=1\n[B]\ny=2\n[a]\nz=4\n"));
+    EXPECT_EQ(Changed(bytes, "A", "k", "5"), QByteArray("[A]\nx=1\nk=5\n[B]\ny=2\n[a]\nz=3\n"));
+}
+
 TEST(IniFile, IgnoresKeysOutsideSectionsAndInComments)
 {
     const IniFile file = IniFile::Parse("k=1\n[A]\n;k=2\n ; k=3\n");

@@ -93,19 +93,20 @@ bool BindModule(Module module, BindEntry entry)
     return false;
 }
 
-/// False for a truncated library, as an interrupted copy leaves it: the dynamic loader trusts the sizes in the header
+/// True for a truncated library, as an interrupted copy leaves it: the dynamic loader trusts the sizes in the header
 /// and would touch pages that do not exist.
-bool IsWholeLibrary(const QString& path)
+bool IsTruncatedLibrary([[maybe_unused]] const QString& path)
 {
 #if defined(Q_OS_LINUX)
     QFile file(path);
     ElfW(Ehdr) head{};
     if (!file.open(QIODevice::ReadOnly) || file.read(reinterpret_cast<char*>(&head), sizeof head) != sizeof head)
-        return false;
+        return false; // the loader says why
     // The section header table is the last thing in the file.
-    return head.e_shoff + quint64{ head.e_shnum } * head.e_shentsize <= static_cast<quint64>(file.size());
+    return std::memcmp(head.e_ident, ELFMAG, SELFMAG) == 0
+        && head.e_shoff + quint64{ head.e_shnum } * head.e_shentsize > static_cast<quint64>(file.size());
 #else
-    return QFileInfo::exists(path);
+    return false;
 #endif
 }
 
@@ -133,23 +134,29 @@ QString ModuleFileName(Module module)
     return QString::fromLatin1(kBaseNames[static_cast<size_t>(module)]) + ModuleSuffix();
 }
 
-bool ModuleLoad(Module module, const QString& folder)
+ModuleLoadResult ModuleLoad(Module module, const QString& folder)
 {
     const QString path = folder + ModuleFileName(module);
-    if (!QFileInfo(path).isFile() || !IsWholeLibrary(path))
-        return false;
+    if (!QFileInfo(path).isFile())
+        return { QStringLiteral("%1: there is no such file").arg(path) };
+    if (IsTruncatedLibrary(path))
+        return { QStringLiteral("%1: the file is incomplete").arg(path) };
 
     // The bound operations point into the library: it stays mapped after QLibrary goes out of scope.
     QLibrary library(path);
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     if (!library.load())
-        return false;
+        return { library.errorString() };
+    ModuleLoadResult result;
     const auto entry = reinterpret_cast<BindEntry>(library.resolve("VbLoad"));
-    const bool isBound = entry != nullptr && BindModule(module, entry);
-    library.unload();
-    if (isBound)
+    if (entry == nullptr)
+        result.Reason = QStringLiteral("%1: the library has no entry point VbLoad").arg(path);
+    else if (!BindModule(module, entry))
+        result.Reason = QStringLiteral("%1: the library is of another version").arg(path);
+    else
         ModuleMarkBound(module);
-    return isBound;
+    library.unload();
+    return result;
 }
 
 bool ModuleIsBound(Module module)

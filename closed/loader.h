@@ -24,9 +24,18 @@ inline constexpr std::array kModulesCheckedAtStart{ Module::General, Module::Lan
 /// File name with the platform's suffix, for example "tvgen.so".
 QString ModuleFileName(Module module);
 
-/// Loads `module` from `folder` and binds its operations. False if the file is missing, is not a library, has no
+/// The outcome of loading a module; true if it is bound.
+struct ModuleLoadResult {
+    QString Reason; ///< of a failure, with the path of the file; in the words of the system where it has some
+    explicit operator bool() const
+    {
+        return Reason.isEmpty();
+    }
+};
+
+/// Loads `module` from `folder` and binds its operations. Fails if the file is missing, is not a library, has no
 /// `VbLoad`, or refuses the table; earlier bindings then stay valid.
-[[nodiscard]] bool ModuleLoad(Module module, const QString& folder);
+[[nodiscard]] ModuleLoadResult ModuleLoad(Module module, const QString& folder);
 
 /// True once the operations of `module` are bound.
 bool ModuleIsBound(Module module);

@@ -206,7 +206,7 @@ QString MfMain::ExecutableFolder() const
     return programFolder_;
 }
 
-bool MfMain::LoadModule(Module module, const QString& folder)
+ModuleLoadResult MfMain::LoadModule(Module module, const QString& folder)
 {
     return ModuleLoad(module, folder);
 }

@@ -53,7 +53,7 @@ public:
 
     QString CommandLine() const override;
     QString ExecutableFolder() const override;
-    bool LoadModule(Module module, const QString& folder) override;
+    ModuleLoadResult LoadModule(Module module, const QString& folder) override;
     void BuildTexts() override;
     int ShowLogo() override;
     void FreeLogo() override;

@@ -20,7 +20,6 @@
 #include <QTreeView>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace tarvik {
 
@@ -190,15 +189,11 @@ QString SaveFile(const SaveFileQuestion& question)
 
 const QString kSystemBox = QStringLiteral("SystemBox");
 
-/// Also prints to standard error: the program can't start, and a script may have run it.
 void SystemBox(const QString& title, const QString& text)
 {
-    QString shown = text;
-    shown.replace(u'\r', u'\n');
-    std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(shown));
     if (HasNoDisplay() || Program().CloseRequested)
         return;
-    QMessageBox box(QMessageBox::Warning, title, shown, QMessageBox::Ok);
+    QMessageBox box(QMessageBox::Warning, title, QString(text).replace(u'\r', u'\n'), QMessageBox::Ok);
     box.setObjectName(kSystemBox);
     box.exec();
 }

@@ -48,24 +48,28 @@ bool IsNeededForTexts(Module module)
     return module == Module::General || module == Module::Language;
 }
 
-void ReportMissing(Module module)
+void ReportMissing(Module module, const QString& reason)
 {
     const QString name = ModuleFileName(module).toUpper();
-    const bool hasText = !LngStr1(TextId::LibraryMissing, name).isEmpty();
-    if (!IsNeededForTexts(module) && hasText) {
+    const QString text = LngStr1(TextId::LibraryMissing, name);
+    const bool usesTexts = !IsNeededForTexts(module) && !text.isEmpty();
+    // Also to standard error: a script may have run the program.
+    const QString shown = usesTexts ? text : ModuleMissingText(module);
+    TheSeams().PrintError(Program().ProgramTitle + QStringLiteral(": ") + shown + u'\r' + reason);
+    if (usesTexts)
         MsgOk1(TextId::LibraryMissing, name);
-        return;
-    }
-    TheSeams().SystemBox(Program().ProgramTitle, ModuleMissingText(module));
+    else
+        TheSeams().SystemBox(Program().ProgramTitle, shown);
 }
 
 bool LoadModules(ProjectHost& host)
 {
     bool allLoaded = true;
     for (const Module module : kModulesCheckedAtStart) {
-        if (host.LoadModule(module, Program().AppPath))
+        const ModuleLoadResult result = host.LoadModule(module, Program().AppPath);
+        if (result)
             continue;
-        ReportMissing(module);
+        ReportMissing(module, result.Reason);
         allLoaded = false;
     }
     return allLoaded;
@@ -85,6 +89,12 @@ void ReportPreRelease()
         return;
     MsgOk1(TextId::PreReleaseVersion,
         Program().ProgramTitle + u' ' + ProductVersionNumbers() + u' ' + ProductVersionText());
+}
+
+void ReportUnkeptSettings()
+{
+    if (!Program().CloseRequested && !IniHasPlace())
+        MsgOk1(TextId::SettingsNotSaved, QFileInfo(IniFileName()).path());
 }
 
 /// Neither starts after a close request, since both wait for the user.
@@ -153,6 +163,7 @@ bool ProjectStart(ProjectHost& host)
     RemoveTemporaryFiles();
     host.ShowFrame();
     ReportPreRelease();
+    ReportUnkeptSettings();
     OpenFileOrConnect();
     Program().Started = true;
     TheFrame()->MenuUpdate();

@@ -14,7 +14,7 @@ public:
 
     virtual QString CommandLine() const = 0; ///< the arguments joined by blanks
     virtual QString ExecutableFolder() const = 0;
-    [[nodiscard]] virtual bool LoadModule(Module module, const QString& folder) = 0;
+    [[nodiscard]] virtual ModuleLoadResult LoadModule(Module module, const QString& folder) = 0;
     virtual void BuildTexts() = 0; ///< captions, help numbers, tool bar, status bar
     virtual int ShowLogo() = 0; ///< returns the logo's dialog status
     virtual void FreeLogo() = 0; ///< the picture is not needed again

@@ -30,8 +30,10 @@ Seams Defaults()
     seams.OpenFile = [](const OpenFileQuestion&) { return QString(); };
     seams.OpenFiles = [](const OpenFilesQuestion&) { return QStringList(); };
     seams.SaveFile = [](const SaveFileQuestion&) { return QString(); };
-    seams.SystemBox = [](const QString& title, const QString& text) {
-        std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
+    seams.SystemBox = [](const QString&, const QString&) {};
+    seams.PrintError = [](const QString& text) {
+        QString lines = text;
+        std::fprintf(stderr, "%s\n", qPrintable(lines.replace(u'\r', u'\n')));
     };
     seams.Region = [] {
         static const QLocale system = QLocale::system(); // reads the environment, so only once

@@ -68,6 +68,9 @@ struct Seams {
     /// A plain system box with the exclamation icon, for messages before texts are available.
     std::function<void(const QString& title, const QString& text)> SystemBox;
 
+    /// Prints lines, separated by carriage returns or line feeds, to standard error.
+    std::function<void(const QString& text)> PrintError;
+
     /// The region whose formats for dates, numbers and measures apply.
     std::function<QLocale()> Region;
 

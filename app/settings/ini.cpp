@@ -1,13 +1,14 @@
 #include "app/settings/ini.h"
 
+#include "app/platform/paths.h"
 #include "app/platform/processState.h"
 #include "app/platform/replaceFile.h"
 #include "app/settings/iniFile.h"
 #include "app/values/numberPicture.h"
-
-#include <QFile>
+#include "closed/files/files.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -18,7 +19,7 @@ namespace tarvik {
 
 namespace {
 
-constexpr qint64 kMaxFileBytes = 1 << 20;
+constexpr size_t kMaxFileBytes = 1 << 20;
 constexpr quint32 kMaxColour = 0xFFFFFF;
 constexpr int kSingleDigits = 7;
 
@@ -31,16 +32,12 @@ struct LoadedFile {
 LoadedFile Load(const QString& path)
 {
     LoadedFile loaded{ path, {}, true };
-    QFile file(path);
-    if (!file.exists())
-        return loaded;
-    loaded.IsReplaceable = file.size() <= kMaxFileBytes && file.open(QIODevice::ReadOnly);
-    if (!loaded.IsReplaceable)
-        return loaded;
-    const QByteArray bytes = file.read(kMaxFileBytes + 1); // the file may have grown, or be no regular file
-    loaded.IsReplaceable = file.error() == QFile::NoError && bytes.size() <= kMaxFileBytes;
-    if (loaded.IsReplaceable)
-        loaded.Content = IniFile::Parse(bytes);
+    tvfile::Bytes bytes;
+    const int error = tvfile::ReadWholeFile(ModulePath(path).toStdString(), kMaxFileBytes, bytes);
+    loaded.IsReplaceable = error == 0 || error == ENOENT;
+    if (error == 0)
+        loaded.Content = IniFile::Parse(
+            QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())));
     return loaded;
 }
 

@@ -1,7 +1,7 @@
 // app/settings/ini.h: the settings file, value by value; includes the formats of the system's region.
 //
 // Errors are not reported: an unreadable file gives the defaults, an unwritable one stays unchanged. A file of more
-// than 1 MiB is neither read nor replaced.
+// than 1 MiB, and what is no regular file, is neither read nor replaced.
 #pragma once
 
 #include "app/values/region.h"

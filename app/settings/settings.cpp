@@ -1,12 +1,15 @@
 #include "app/settings/settings.h"
 
+#include "app/platform/paths.h"
 #include "app/platform/processState.h"
 #include "app/settings/ini.h"
 #include "app/state/frame.h"
 #include "app/state/project.h"
 #include "app/values/strings.h"
 
+#include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <utility>
@@ -28,6 +31,33 @@ std::vector<SettingsGroup>& Groups()
 {
     static ProcessState<std::vector<SettingsGroup>> groups;
     return groups.Get();
+}
+
+QString FileName()
+{
+    return ProductTitle() + QStringLiteral(".ini");
+}
+
+QString SiteFileName()
+{
+    return Program().AppPath + FileName();
+}
+
+QString UserFileName()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return QDir::toNativeSeparators(folder + QStringLiteral("/tarvik/") + FileName());
+}
+
+QString FolderOf(const QString& file)
+{
+    return QFileInfo(file).path();
+}
+
+/// True if a new file can be created in the folder of `file`, or of the file that it links to.
+bool CanBeCreated(const QString& file)
+{
+    return QFileInfo(FolderOf(ResolveLinks(file))).isWritable();
 }
 
 /// Larger than any screen, and safe to convert to pixels.
@@ -118,12 +148,21 @@ void SettingsSetGroups(std::vector<SettingsGroup> groups)
 
 QString IniFileName()
 {
-    return Program().AppPath + ProductTitle() + QStringLiteral(".ini");
+    const QString site = SiteFileName();
+    const bool isDevice = QFileInfo::exists(site) && !QFileInfo(site).isFile(); // linked on purpose: nothing is kept
+    return isDevice || CanBeCreated(site) ? site : UserFileName();
+}
+
+bool IniHasPlace()
+{
+    const QString file = IniFileName();
+    return file == SiteFileName() || (QDir().mkpath(FolderOf(file)) && CanBeCreated(file));
 }
 
 void IniRead()
 {
-    const QString file = IniFileName();
+    const QString own = IniFileName();
+    const QString file = QFileInfo::exists(own) ? own : SiteFileName();
     const IniSession session(file);
     ReadFrame(file);
     ReadLastFile(file);
@@ -135,6 +174,7 @@ void IniRead()
 void IniWrite()
 {
     const QString file = IniFileName();
+    QDir().mkpath(FolderOf(file)); // of the user; if it can't be made, the commit fails
     IniSession session(file);
     WriteFrame(file);
     WriteLastFile(file);

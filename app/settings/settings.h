@@ -17,10 +17,15 @@ struct SettingsGroup {
 /// connection, screen. Set by the program's composition.
 void SettingsSetGroups(std::vector<SettingsGroup> groups);
 
-/// `AppPath` + "Tarvik" + ".ini".
+/// `AppPath` + "Tarvik" + ".ini". If the user can't write that folder, "tarvik/Tarvik.ini" in the user's folder for
+/// settings.
 QString IniFileName();
 
-/// Reads every key, in the file's order; missing ones get their defaults. Errors are not reported.
+/// False if the user can write neither folder, so that settings are lost at exit. Creates the user's folder if needed.
+[[nodiscard]] bool IniHasPlace();
+
+/// Reads every key, in the file's order; missing ones get their defaults. A user who has no file yet starts with the
+/// one in `AppPath`. Errors are not reported.
 void IniRead();
 
 /// Writes every key, replacing the file whole; foreign lines and comments are kept. Errors are not reported.

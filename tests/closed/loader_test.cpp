@@ -68,6 +68,37 @@ TEST_F(Loader, BoundOperationsWork)
     EXPECT_EQ(count, 1024);
 }
 
+TEST_F(Loader, EachFailureHasItsReason)
+{
+    const auto path = [this](Module module) { return Folder() + ModuleFileName(module); };
+    const auto reason = [this](Module module) { return ModuleLoad(module, Folder()).Reason.toStdString(); };
+    EXPECT_EQ(reason(Module::General), path(Module::General).toStdString() + ": there is no such file");
+    QFile whole(QString::fromUtf8(TVGEN_FILE));
+    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    Write(ModuleFileName(Module::General), whole.readAll().chopped(1));
+    EXPECT_EQ(reason(Module::General), path(Module::General).toStdString() + ": the file is incomplete");
+    Install(REFUSING_FILE, Module::Language);
+    EXPECT_EQ(reason(Module::Language), path(Module::Language).toStdString() + ": the library is of another version");
+    Install(WITHOUT_ENTRY_FILE, Module::Channel);
+    EXPECT_EQ(reason(Module::Channel), path(Module::Channel).toStdString() + ": the library has no entry point VbLoad");
+    Install(TVFIO_FILE, Module::ListStore);
+    EXPECT_EQ(reason(Module::ListStore), "");
+}
+
+#if defined(Q_OS_LINUX)
+
+TEST_F(Loader, ReasonIsThatOfTheDynamicLoader)
+{
+    const QString path = Folder() + ModuleFileName(Module::General);
+    const auto reason = [this] { return ModuleLoad(Module::General, Folder()).Reason; };
+    Write(ModuleFileName(Module::General), "no library at all\n");
+    EXPECT_TRUE(reason().contains(path + ": file too short")) << reason().toStdString();
+    Write(ModuleFileName(Module::General), QByteArray(1000, 'x'));
+    EXPECT_TRUE(reason().contains(path + ": invalid ELF header")) << reason().toStdString();
+}
+
+#endif
+
 TEST_F(Loader, MissingFileIsNotBound)
 {
     EXPECT_FALSE(ModuleLoad(Module::General, Folder()));

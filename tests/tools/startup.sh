@@ -7,7 +7,8 @@ case=$1 bin=$2 suffix=$3
 folder=$(mktemp -d)
 pid=''
 instrument=''
-trap 'kill -9 ${pid:-} ${instrument:-} 2>/dev/null || true; rm -rf "$folder"' EXIT
+as_user=(env)
+trap 'kill -9 ${pid:-} ${instrument:-} 2>/dev/null || true; chmod -R u+w "$folder"; rm -rf "$folder"' EXIT
 
 fail() {
   echo "$case: $*" >&2
@@ -26,8 +27,23 @@ copy_without() {
 }
 
 start() {
-  "$folder/tarvik" "$@" 2>"$folder/errors" &
+  "${as_user[@]}" "$folder/tarvik" "$@" 2>"$folder/errors" &
   pid=$!
+}
+
+# From here on the program runs as a user who can't write its folder. The folder of that user is $home.
+install_for_others() {
+  home=$folder/home
+  mkdir "$home"
+  touch "$folder/errors"
+  chmod 755 "$folder"
+  as_user=(env -u XDG_CONFIG_HOME HOME="$home")
+  if [[ $(id -u) == 0 ]]; then
+    chown 65534 "$home"
+    as_user+=(setpriv --reuid=65534 --regid=65534 --clear-groups)
+  else
+    chmod a-w "$folder"
+  fi
 }
 
 # True while the program is running.
@@ -85,6 +101,12 @@ expect_exit() {
   [[ $code == "$1" ]] || fail "exit code $code instead of $1"
 }
 
+# True if a message is open above the frame.
+has_message() {
+  [[ $(xdotool search --all --onlyvisible --pid "$pid" --name '^Tarvik$' 2>/dev/null | wc -l) == 2 ]] &&
+    has_frame && has_active Tarvik
+}
+
 # Without a file the start ends in the list of connections, since the link was not up before.
 close_connections() {
   wait_for has_active Connect
@@ -136,12 +158,19 @@ expect_connected_at_exit() {
   grep -q "^Connected=$1" "$folder/Tarvik.ini" || fail "wrong link state in the settings"
 }
 
-# A missing or broken module that texts need: a plain message box, printed to standard error too.
+# The message is printed to standard error, with the reason in a line below it.
+expect_printed() {
+  local reason="$folder/$module$suffix: there is no such file"
+  [[ $case != InvalidModule-* ]] ||
+    reason="Cannot load library $folder/$module$suffix: ($folder/$module$suffix: file too short)"
+  printf "$1\n%s\n" "${module^^}${suffix^^}" "$reason" |
+    diff - <(grep -v -e QStandardPaths "$folder/errors") || fail "wrong text on standard error"
+}
+
+# A missing or broken module that texts need: a plain message box.
 expect_plain_box() {
   wait_for has_active Tarvik
-  local name=${1^^}${suffix^^}
-  printf 'Tarvik: Tarvik library %s can not be loaded.\nRun setup again.\nTarvik aborted.\n' "$name" |
-    diff - <(grep -v -e QStandardPaths "$folder/errors") || fail "wrong text in the message box"
+  expect_printed 'Tarvik: Tarvik library %s can not be loaded.\nRun setup again.\nTarvik aborted.'
   xdotool key Return
   expect_exit 1
 }
@@ -149,7 +178,7 @@ expect_plain_box() {
 # Any other module: the message form.
 expect_message() {
   wait_for has_active Tarvik
-  grep -q "can not be loaded" "$folder/errors" && fail "a plain message box instead of the message form"
+  expect_printed 'Tarvik: The library %s cannot be loaded.\nRun the setup again.\nTarvik ends now.'
   xdotool key Return
   expect_exit 1
 }
@@ -174,6 +203,28 @@ case $case in
     done
     expect_exit 0
     [[ -s $folder/Tarvik.ini ]] || fail "no settings file"
+    ;;
+  KeepsSettingsOfEachUser)
+    copy_without
+    printf '[Window]\nToolbar=0\n' >"$folder/Tarvik.ini"
+    install_for_others
+    start
+    close_connections
+    quit
+    grep -q '^Toolbar=0' "$home/.config/tarvik/Tarvik.ini" || fail "it does not start with the settings of the site"
+    grep -q '^AutoTile=0' "$home/.config/tarvik/Tarvik.ini" || fail "settings are incomplete"
+    [[ $(wc -l <"$folder/Tarvik.ini") == 2 ]] || fail "the settings of the site are changed"
+    ;;
+  SaysThatSettingsAreNotSaved)
+    copy_without
+    install_for_others
+    chmod 555 "$home"
+    start
+    wait_for has_message
+    xdotool key Return
+    close_connections
+    quit
+    [[ -z $(ls -A "$home") && ! -e $folder/Tarvik.ini ]] || fail "settings are saved after all"
     ;;
   RemovesTemporaryFiles)
     copy_without
@@ -284,7 +335,7 @@ case $case in
     [[ $case == InvalidModule-* ]] && echo "no library" >"$folder/$module$suffix"
     start
     if [[ $module == tvgen || $module == tvlng ]]; then
-      expect_plain_box "$module"
+      expect_plain_box
     else
       expect_message
     fi

@@ -59,8 +59,11 @@ int main(int argc, char** argv)
     Program().AppPath = QCoreApplication::applicationDirPath() + QDir::separator();
     TheMessagePresenter().Implement<PlainPresenter>();
     for (const Module module : { Module::Language, Module::ListStore, Module::General }) {
-        if (!ModuleLoad(module, Program().AppPath))
+        const ModuleLoadResult result = ModuleLoad(module, Program().AppPath);
+        if (!result) {
+            QTextStream(stderr) << result.Reason << '\n';
             return 1;
+        }
     }
     ReadInstrumentLimits();
     SetEditorType(FileClassMemoryList);

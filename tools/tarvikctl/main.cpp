@@ -34,9 +34,10 @@ bool LoadModules(CtlCommand command, Terminal& terminal)
         modules.push_back(Module::Pictures);
     Program().AppPath = QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();
     for (const Module module : modules) {
-        if (ModuleLoad(module, Program().AppPath))
+        const ModuleLoadResult result = ModuleLoad(module, Program().AppPath);
+        if (result)
             continue;
-        terminal.Refuse(ModuleMissingText(module).replace(u'\r', u' '));
+        terminal.Refuse(ModuleMissingText(module).replace(u'\r', u' ') + u' ' + result.Reason);
         return false;
     }
     return true;

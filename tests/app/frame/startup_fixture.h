@@ -30,11 +30,11 @@ public:
     {
         return ProgramFolder;
     }
-    bool LoadModule(Module module, const QString& folder) override
+    ModuleLoadResult LoadModule(Module module, const QString& folder) override
     {
         Log.append(QStringLiteral("load ") + ModuleFileName(module));
         Folders.insert(folder);
-        return !Missing.contains(module);
+        return { Missing.contains(module) ? "reason of " + ModuleFileName(module) : QString() };
     }
     void BuildTexts() override
     {
@@ -150,6 +150,7 @@ protected:
     {
         host.ProgramFolder = Folder().chopped(1);
         TheSeams().SystemBox = [this](const QString& title, const QString& text) { boxes.append(title + u'|' + text); };
+        TheSeams().PrintError = [this](const QString& text) { printed.append(text); };
     }
 
     bool Init()
@@ -162,6 +163,7 @@ protected:
     LoggedDocuments documents{ host.Log };
     LoggedLink link{ host.Log };
     QStringList boxes;
+    QStringList printed; ///< to standard error
 };
 
 } // namespace tarvik

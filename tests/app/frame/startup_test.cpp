@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QRegularExpression>
 
+#include <cstdio>
+
 namespace tarvik {
 
 TEST_F(Startup, RunsEachStepOnceInOrder)
@@ -40,6 +42,15 @@ TEST_F(Startup, ResetsTheProgramState)
     EXPECT_FALSE(DialogIsOpen());
     EXPECT_EQ(Program().CommandLine, "some text");
     EXPECT_EQ(Program().ProgramTitle, LngStr(11800));
+}
+
+TEST_F(Startup, TakesItsTitleFromTheLanguage)
+{
+    TvLng().LngGetStr = [](int32_t id, const char*, char* out, int32_t outSize) -> int32_t {
+        return std::snprintf(out, static_cast<size_t>(outSize), "text %d", id);
+    };
+    ASSERT_TRUE(Init());
+    EXPECT_EQ(Program().ProgramTitle, "text 11800");
 }
 
 TEST_F(Startup, FindsItsFilesInTheFolderOfTheExecutable)
@@ -90,6 +101,19 @@ TEST_F(Startup, ReportsAnyOtherLibraryByMessage12705)
         Answers().Verify();
     }
     EXPECT_TRUE(boxes.isEmpty());
+}
+
+TEST_F(Startup, PrintsTheReasonAfterTheText)
+{
+    host.Missing = { Module::Language, Module::ListStore };
+    const QString missing = ModuleFileName(Module::ListStore);
+    Answers().Expect(12705, { missing.toUpper() }, Ok);
+    EXPECT_FALSE(Init());
+    EXPECT_EQ(printed,
+        QStringList(
+            { "Tarvik: " + ModuleMissingText(Module::Language) + "\rreason of " + ModuleFileName(Module::Language),
+                "Tarvik: " + LngStr1(12705, missing.toUpper()) + "\rreason of " + missing }));
+    EXPECT_EQ(boxes, QStringList{ "Tarvik|" + ModuleMissingText(Module::Language) }) << "without the reason";
 }
 
 TEST_F(Startup, ReportsEveryMissingLibrary)
@@ -189,6 +213,31 @@ TEST_F(Startup, ReportsPreReleaseBetweenFrameAndConnection)
     const qsizetype message = host.Log.indexOf("message");
     EXPECT_GT(message, host.Log.indexOf("show"));
     EXPECT_LT(message, host.Log.indexOf("connect 0"));
+}
+
+TEST_F(Startup, SaysThatSettingsCannotBeSaved)
+{
+    Store(FilePath("config"), "a file");
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(FilePath("config")));
+    ASSERT_TRUE(Init());
+    Program().AppPath = FilePath("gone/");
+    host.Log.clear();
+    Answers().ExpectWhile(12931, Ok, [this] { host.Log.append("message"); });
+    ASSERT_TRUE(ProjectStart(host));
+    EXPECT_EQ(TheMessage().Args, QStringList{ FilePath("config/tarvik") });
+    const qsizetype message = host.Log.indexOf("message");
+    EXPECT_GT(message, host.Log.indexOf("show"));
+    EXPECT_LT(message, host.Log.indexOf("connect 0"));
+}
+
+TEST_F(Startup, SaysNothingOfSettingsAfterACloseRequest)
+{
+    Store(FilePath("config"), "a file");
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(FilePath("config")));
+    ASSERT_TRUE(Init());
+    Program().AppPath = FilePath("gone/");
+    host.WhenShown = [] { Program().CloseRequested = true; };
+    EXPECT_TRUE(ProjectStart(host));
 }
 
 TEST_F(Startup, OpensTheFileOfTheCommandLineInsteadOfConnecting)

@@ -7,8 +7,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <cstdio>
-#include <cstdlib>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -16,8 +14,8 @@ namespace tarvik {
 
 namespace {
 
-/// Each test runs in a process that may mount volumes and has no rights beyond those of an ordinary user. Without
-/// mounts of its own, "home" with the home trash is on the volume of everything else.
+/// Each test runs in a process that has no rights beyond those of an ordinary user. Without mounts of its own, "home"
+/// with the home trash is on the volume of everything else.
 class Trash : public ProgramTest {
 protected:
     Trash()
@@ -64,22 +62,29 @@ protected:
         return text.section('\n' + key + '=', 1).section('\n', 0, 0);
     }
 
-    /// Runs `body` in a namespace, after `prepare` has mounted what it needs. A trash that loops runs out of its
-    /// seconds.
-    template <typename Prepare, typename Body>
-    void InOwnProcess(Prepare prepare, Body body) const
+    /// A trash that loops runs out of its seconds.
+    static void LimitTime()
     {
-        const auto run = [&] {
+        const rlimit seconds{ 10, 10 };
+        setrlimit(RLIMIT_CPU, &seconds);
+    }
+
+    template <typename Body>
+    static void InOwnProcess(Body body)
+    {
+        RunUnprivileged(LimitTime, body);
+    }
+
+    /// As above, in a namespace, after `prepare` has mounted what the test needs.
+    template <typename Prepare, typename Body>
+    static void InOwnProcess(Prepare prepare, Body body)
+    {
+        const auto mount = [&] {
+            LimitTime();
             EnterOwnNamespace();
             prepare();
-            DropRights();
-            const rlimit seconds{ 10, 10 };
-            setrlimit(RLIMIT_CPU, &seconds);
-            body();
-            std::fflush(stdout);
-            std::_Exit(HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
         };
-        EXPECT_EXIT(run(), testing::ExitedWithCode(EXIT_SUCCESS), "");
+        RunUnprivileged(mount, body);
     }
 
     void ExpectEmpty(const QString& trash) const
@@ -93,51 +98,48 @@ protected:
 
 TEST_F(Trash, TakesAFileWithItsDescription)
 {
-    InOwnProcess([] {},
-        [&] {
-            EXPECT_TRUE(Move("volume/a b.txt"));
-            EXPECT_EQ(Names("volume"), QStringList());
-            EXPECT_EQ(Contents(FilePath("home/Trash/files/a b.txt")), "one");
-            const QString folder = QFileInfo(FilePath("volume")).canonicalFilePath();
-            EXPECT_EQ(InfoOf("home/Trash", "a b.txt", "Path"), folder + "/a%20b.txt");
-            const QDateTime deleted =
-                QDateTime::fromString(InfoOf("home/Trash", "a b.txt", "DeletionDate"), "yyyy-MM-ddTHH:mm:ss");
-            EXPECT_TRUE(deleted.isValid());
-            struct stat status { };
-            EXPECT_EQ(::stat(qPrintable(FilePath("home/Trash")), &status), 0);
-            EXPECT_EQ(status.st_mode & 0777U, 0700U);
-        });
+    InOwnProcess([&] {
+        EXPECT_TRUE(Move("volume/a b.txt"));
+        EXPECT_EQ(Names("volume"), QStringList());
+        EXPECT_EQ(Contents(FilePath("home/Trash/files/a b.txt")), "one");
+        const QString folder = QFileInfo(FilePath("volume")).canonicalFilePath();
+        EXPECT_EQ(InfoOf("home/Trash", "a b.txt", "Path"), folder + "/a%20b.txt");
+        const QDateTime deleted =
+            QDateTime::fromString(InfoOf("home/Trash", "a b.txt", "DeletionDate"), "yyyy-MM-ddTHH:mm:ss");
+        EXPECT_TRUE(deleted.isValid());
+        struct stat status { };
+        EXPECT_EQ(::stat(qPrintable(FilePath("home/Trash")), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777U, 0700U);
+    });
 }
 
 TEST_F(Trash, ReplacesNothing)
 {
-    InOwnProcess([] {},
-        [&] {
-            for (const char* text : { "one", "two", "three" }) {
-                Store(FilePath("volume/a b.txt"), text);
-                EXPECT_TRUE(Move("volume/a b.txt"));
-            }
-            QStringList texts;
-            for (const QString& name : Names("home/Trash/files")) {
-                texts.append(QString::fromUtf8(Contents(FilePath("home/Trash/files/" + name))));
-                EXPECT_TRUE(InfoOf("home/Trash", name, "Path").endsWith("/a%20b.txt"));
-            }
-            texts.sort();
-            EXPECT_EQ(texts, QStringList({ "one", "three", "two" }));
-        });
+    InOwnProcess([&] {
+        for (const char* text : { "one", "two", "three" }) {
+            Store(FilePath("volume/a b.txt"), text);
+            EXPECT_TRUE(Move("volume/a b.txt"));
+        }
+        QStringList texts;
+        for (const QString& name : Names("home/Trash/files")) {
+            texts.append(QString::fromUtf8(Contents(FilePath("home/Trash/files/" + name))));
+            EXPECT_TRUE(InfoOf("home/Trash", name, "Path").endsWith("/a%20b.txt"));
+        }
+        texts.sort();
+        EXPECT_EQ(texts, QStringList({ "one", "three", "two" }));
+    });
 }
 
 TEST_F(Trash, KeepsAFileWithoutDescription)
 {
     MakeFolder("home/Trash/files");
     Store(FilePath("home/Trash/files/a b.txt"), "older");
-    InOwnProcess([] {},
-        [&] {
-            EXPECT_TRUE(Move("volume/a b.txt"));
-            EXPECT_EQ(Contents(FilePath("home/Trash/files/a b.txt")), "older");
-            EXPECT_EQ(Names("home/Trash/files").size(), 2);
-            EXPECT_EQ(Names("home/Trash/info").size(), 1);
-        });
+    InOwnProcess([&] {
+        EXPECT_TRUE(Move("volume/a b.txt"));
+        EXPECT_EQ(Contents(FilePath("home/Trash/files/a b.txt")), "older");
+        EXPECT_EQ(Names("home/Trash/files").size(), 2);
+        EXPECT_EQ(Names("home/Trash/info").size(), 1);
+    });
 }
 
 TEST_F(Trash, TakesFoldersLinksAndTheLongestNames)
@@ -147,16 +149,15 @@ TEST_F(Trash, TakesFoldersLinksAndTheLongestNames)
     ASSERT_TRUE(QFile::link(FilePath("home"), FilePath("volume/link")));
     const QString name = QStringLiteral("volume/") + QString(127, QChar(0x03B1)) + 'n'; // 255 bytes
     Store(FilePath(name), "long");
-    InOwnProcess([] {},
-        [&] {
-            EXPECT_TRUE(Move("volume/Old/"));
-            EXPECT_TRUE(Move("volume/link"));
-            EXPECT_TRUE(Move(name));
-            EXPECT_EQ(Names("volume"), QStringList("a b.txt"));
-            EXPECT_EQ(Contents(FilePath("home/Trash/files/Old/sub/x")), "x");
-            EXPECT_TRUE(QFileInfo(FilePath("home/Trash/files/link")).isSymLink());
-            EXPECT_EQ(Names("home/Trash/files").size(), 3);
-        });
+    InOwnProcess([&] {
+        EXPECT_TRUE(Move("volume/Old/"));
+        EXPECT_TRUE(Move("volume/link"));
+        EXPECT_TRUE(Move(name));
+        EXPECT_EQ(Names("volume"), QStringList("a b.txt"));
+        EXPECT_EQ(Contents(FilePath("home/Trash/files/Old/sub/x")), "x");
+        EXPECT_TRUE(QFileInfo(FilePath("home/Trash/files/link")).isSymLink());
+        EXPECT_EQ(Names("home/Trash/files").size(), 3);
+    });
 }
 
 TEST_F(Trash, GivesUpWhereItsFoldersCannotBeWritten)
@@ -165,12 +166,11 @@ TEST_F(Trash, GivesUpWhereItsFoldersCannotBeWritten)
     MakeFolder("home/Trash/info");
     for (const char* part : { "home/Trash/info", "home/Trash/files" }) {
         SetMode(part, 0500);
-        InOwnProcess([] {},
-            [&] {
-                EXPECT_FALSE(Move("volume/a b.txt"));
-                EXPECT_EQ(Contents(FilePath("volume/a b.txt")), "one");
-                ExpectEmpty("home/Trash");
-            });
+        InOwnProcess([&] {
+            EXPECT_FALSE(Move("volume/a b.txt"));
+            EXPECT_EQ(Contents(FilePath("volume/a b.txt")), "one");
+            ExpectEmpty("home/Trash");
+        });
         SetMode(part, 0700);
     }
 }
@@ -178,37 +178,34 @@ TEST_F(Trash, GivesUpWhereItsFoldersCannotBeWritten)
 TEST_F(Trash, IsNowhereElseWhereHomeCannotBeWritten)
 {
     SetMode("home", 0500);
-    InOwnProcess([] {},
-        [&] {
-            EXPECT_FALSE(Move("volume/a b.txt"));
-            EXPECT_EQ(Names("."), QStringList({ "home", "volume" }));
-            EXPECT_EQ(Names("home"), QStringList());
-            EXPECT_EQ(Names("volume"), QStringList("a b.txt"));
-        });
+    InOwnProcess([&] {
+        EXPECT_FALSE(Move("volume/a b.txt"));
+        EXPECT_EQ(Names("."), QStringList({ "home", "volume" }));
+        EXPECT_EQ(Names("home"), QStringList());
+        EXPECT_EQ(Names("volume"), QStringList("a b.txt"));
+    });
     SetMode("home", 0700);
 }
 
 TEST_F(Trash, GivesUpWhereTheFileCannotBeRemoved)
 {
     SetMode("volume", 0500);
-    InOwnProcess([] {},
-        [&] {
-            EXPECT_FALSE(Move("volume/a b.txt"));
-            ExpectEmpty("home/Trash");
-            EXPECT_EQ(Names("volume"), QStringList("a b.txt"));
-        });
+    InOwnProcess([&] {
+        EXPECT_FALSE(Move("volume/a b.txt"));
+        ExpectEmpty("home/Trash");
+        EXPECT_EQ(Names("volume"), QStringList("a b.txt"));
+    });
     SetMode("volume", 0700);
 }
 
 TEST_F(Trash, IsNotMovedIntoItself)
 {
-    InOwnProcess([] {},
-        [&] {
-            EXPECT_FALSE(Move("home"));
-            EXPECT_FALSE(Move("none"));
-            EXPECT_FALSE(TheSeams().MoveToTrash("/"));
-            ExpectEmpty("home/Trash");
-        });
+    InOwnProcess([&] {
+        EXPECT_FALSE(Move("home"));
+        EXPECT_FALSE(Move("none"));
+        EXPECT_FALSE(TheSeams().MoveToTrash("/"));
+        ExpectEmpty("home/Trash");
+    });
 }
 
 TEST_F(Trash, OfAnotherVolumeIsInItsTopFolder)

@@ -3,7 +3,16 @@
 #include "app/state/project.h"
 #include "tests/support/fixture.h"
 
+#include <array>
 #include <limits>
+
+#if defined(Q_OS_UNIX)
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace tarvik {
 
@@ -202,6 +211,46 @@ TEST_F(Ini, FileTooLargeForSettingsStaysUnchanged)
     IniWriteInt(file, "S", "a", 2);
     EXPECT_EQ(Written(), before);
 }
+
+#if defined(Q_OS_UNIX)
+
+TEST_F(Ini, NeitherReadsNorReplacesAPipe)
+{
+    ASSERT_EQ(::mkfifo(qPrintable(FilePath("pipe")), 0600), 0);
+    ASSERT_TRUE(QFile::link(FilePath("pipe"), FilePath("x.ini")));
+    EXPECT_EQ(IniReadInt(FilePath("x.ini"), "S", "k", 5), 5) << "and does not wait for a writer";
+    // A writer is there, and what it has written stays in the pipe.
+    const int pipe = ::open(qPrintable(FilePath("pipe")), O_RDWR | O_NONBLOCK);
+    ASSERT_EQ(::write(pipe, "[S]\nk=7\n", 8), 8);
+    EXPECT_EQ(IniReadInt(FilePath("x.ini"), "S", "k", 5), 5);
+    IniWriteInt(FilePath("x.ini"), "S", "k", 6);
+    std::array<char, 16> left{};
+    EXPECT_EQ(::read(pipe, left.data(), left.size()), 8);
+    ::close(pipe);
+    EXPECT_TRUE(QFileInfo(FilePath("x.ini")).isSymLink());
+}
+
+TEST_F(Ini, NeitherReadsNorReplacesADevice)
+{
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_EQ(::grantpt(terminal), 0);
+    ASSERT_EQ(::unlockpt(terminal), 0);
+    const QString device = QString::fromLocal8Bit(::ptsname(terminal));
+    const int user = ::open(qPrintable(device), O_RDWR | O_NOCTTY); // keeps the characters
+    ASSERT_GE(user, 0);
+    ASSERT_TRUE(QFile::link(device, FilePath("x.ini")));
+    ASSERT_EQ(::write(terminal, "[S]\nk=7\n", 8), 8);
+    EXPECT_EQ(IniReadInt(FilePath("x.ini"), "S", "k", 5), 5);
+    IniWriteInt(FilePath("x.ini"), "S", "k", 6);
+    int waiting = 0;
+    EXPECT_EQ(::ioctl(user, FIONREAD, &waiting), 0);
+    EXPECT_EQ(waiting, 8);
+    EXPECT_TRUE(QFileInfo(FilePath("x.ini")).isSymLink());
+    ::close(user);
+    ::close(terminal);
+}
+
+#endif
 
 TEST_F(Ini, MissingPcFolderIsTheProgramFolder)
 {

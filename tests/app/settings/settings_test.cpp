@@ -8,6 +8,11 @@ namespace tarvik {
 
 class Settings : public ProgramTest {
 protected:
+    Settings()
+    {
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(FilePath("config")));
+    }
+
     /// A frame on a screen of 15360 by 11520 twips with a maximum height of 11000.
     FakeFrame& BindFrame()
     {
@@ -172,7 +177,10 @@ TEST_F(Settings, UnwritableFileKeepsTheLastSettings)
     QFile::setPermissions(IniFileName(), QFile::ReadOwner);
     Program().ToolbarOn = false;
     IniWrite();
+    EXPECT_EQ(IniFileName(), Program().AppPath + "Tarvik.ini");
     EXPECT_EQ(Contents(IniFileName()), "[Window]\nToolbar=1\n");
+    EXPECT_TRUE(IniHasPlace());
+    EXPECT_FALSE(QFileInfo::exists(FilePath("config")));
 }
 
 } // namespace tarvik

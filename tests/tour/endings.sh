@@ -8,8 +8,8 @@ here=$(cd "$(dirname "$0")" && pwd)
 case=$1
 folder=$(mktemp -d)
 program=
-manager_PID=
-trap 'kill -9 $program $manager_PID 2>/dev/null || true; rm -rf "$folder"' EXIT
+session=
+trap 'kill -9 $program $session 2>/dev/null || true; rm -rf "$folder"' EXIT
 cp "$2"/tarvik "$2"/tv*.* "$2"/TARVIK.chm "$folder"
 convert -size 800x400 xc:navy "$folder/a.png"
 
@@ -115,6 +115,7 @@ case $case in
     ;;
   AsksBeforeLogOff)
     coproc manager { exec python3 "$here/session_manager.py"; }
+    session=$manager_PID
     read -r -t "$patience_s" SESSION_MANAGER <&"${manager[0]}" || fail "$case: there is no session manager"
     export SESSION_MANAGER
     start
@@ -133,7 +134,7 @@ case $case in
     expect_event agrees
     expect_exit
     exec {manager[1]}>&-
-    wait "$manager_PID"
+    wait "$session"
     ;;
   *)
     fail "no such case"

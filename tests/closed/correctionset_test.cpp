@@ -1,3 +1,4 @@
+#include "tests/closed/scarcememory.h"
 #include "tests/closed/storefixture.h"
 
 #include <cstring>
@@ -272,6 +273,27 @@ TEST_F(CorrectionStore, MakesAnglesForValidCountsOnly)
     EXPECT_NE(fio.AntCorrGetAngles(others, &count), nullptr);
     fio.AntCorrFreeAngles(others);
     fio.AntCorrFreeAngles(0);
+}
+
+TEST_F(CorrectionStore, TableForWhichMemoryRunsOutIsEmpty)
+{
+    PutAngles(0, 10e6, std::vector<double>(10));
+    PutAngles(1, 20e6, std::vector<double>(TVFIO_MAX_ANGLES));
+    EXPECT_EQ(fio.AntCorrSortAzimuth(azimuth.data(), 2), kOk);
+    for (size_t row : { 0U, 1U })
+        fio.AntCorrFreeAngles(azimuth[row].Angles);
+    const int32_t next = fio.AntCorrNewAngles(1);
+    fio.AntCorrFreeAngles(next);
+    {
+        const ScarceMemory memory(TVFIO_MAX_ANGLES * sizeof(double));
+        EXPECT_EQ(fio.AntCorrGetAzimuth(azimuth.data(), &count), Word(FioStatus::OutOfMemory));
+    }
+    EXPECT_EQ(count, 0);
+    EXPECT_TRUE(
+        std::none_of(azimuth.begin(), azimuth.end(), [](const AzimuthEntry& entry) { return entry.Used != 0; }));
+    EXPECT_EQ(int32_t{ azimuth[0].Angles }, 0);
+    EXPECT_EQ(fio.AntCorrNewAngles(1), next); // the first list of angles is free again
+    fio.AntCorrFreeAngles(next);
 }
 
 TEST_F(CorrectionStore, RefusedHeaderKeepsOldOne)

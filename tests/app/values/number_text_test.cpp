@@ -97,4 +97,11 @@ TEST(NumberText, Takes400Characters)
     EXPECT_EQ(NumberIn(QByteArray(100000, '1')), -1);
 }
 
+TEST(PlainNumberOfRegion, HasPointForMarkOfRegion)
+{
+    EXPECT_EQ(PlainNumber("1'5", u'\''), "1.5");
+    EXPECT_EQ(PlainNumber("1,2'5", u'\''), "1,2,5"); // an error
+    EXPECT_EQ(PlainNumber("1'5", u'.'), "1'5");
+}
+
 } // namespace tarvik

@@ -355,6 +355,23 @@ TEST_F(Csv, FailedWriteIsReportedAndLeavesNoFile)
     EXPECT_TRUE(QDir(Folder()).isEmpty());
 }
 
+TEST_F(Csv, ReasonsOfFailedWriteAreNamed)
+{
+    CsvWriter writer;
+    writer.Text("x");
+    ASSERT_TRUE(QDir(Folder()).mkdir("a.csv"));
+    Answers().ExpectPrecise(12819, 12903, { "a.csv" }, Ok);
+    EXPECT_FALSE(CsvSaveFile(FilePath("a.csv"), writer));
+    Answers().ExpectPrecise(12819, 12904, { "null" }, Ok);
+    EXPECT_FALSE(CsvSaveFile("/dev/null", writer));
+    Store(FilePath("b.csv"), "old");
+    ASSERT_TRUE(QFile::setPermissions(FilePath("b.csv"), QFile::ReadOwner));
+    Answers().ExpectPrecise(12819, 12908, { "b.csv" }, Ok);
+    EXPECT_FALSE(CsvSaveFile(FilePath("b.csv"), writer));
+    Answers().ExpectPrecise(12819, 12907, { "c.csv" }, Ok);
+    EXPECT_FALSE(CsvSaveFile(FilePath("b.csv/c.csv"), writer));
+}
+
 TEST_F(Csv, SavingReplacesFileAndLeavesNoOther)
 {
     Store(FilePath("a.csv"), "old");

@@ -3,19 +3,14 @@
 #include "app/frame/recentFiles.h"
 #include "app/text/lang.h"
 #include "link/classes/model.h"
-#include "lists/bindEditors.h"
 #include "lists/editor/editorGeneral.h"
-#include "tests/support/fakeFrame.h"
-#include "tests/support/fakeHelp.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
-#include <QTimer>
 
 namespace tarvik {
 
@@ -88,14 +83,6 @@ TEST_F(EditorFrameTest, ControlsHaveTheirHelpNumbers)
         EXPECT_EQ(HelpNumberOf(&FindControl(form, name)), number) << name.toStdString();
 }
 
-TEST_F(EditorFrameTest, HelpShowsTopicOfEditor)
-{
-    FakeHelp help;
-    Open();
-    Click(form, "BtHelp");
-    EXPECT_EQ(help.Topics, QList<int>{ 11995 });
-}
-
 TEST_F(EditorFrameTest, NewListIsEmptyUnmodifiedAndUntitled)
 {
     Editor().EditorDirty = true;
@@ -119,6 +106,20 @@ TEST_F(EditorFrameTest, OpensFileOnLoad)
     EXPECT_EQ(CellText(3, 3), "103.000000");
     EXPECT_FALSE(Editor().EditorDirty);
     EXPECT_TRUE(Cell(3, 0).hasFocus());
+}
+
+TEST_F(EditorFrameTest, FormSetsItsTypeAndShowsTextsFromTheirStart)
+{
+    MemoryTable table = EmptyMemoryTable();
+    table.MemoryListName = QString(32, u'W');
+    table.MemoryListDescription = QString(32, u'W');
+    ASSERT_TRUE(WriteMemoryList(FilePath("long.tvm"), table));
+    SetEditorType(FileClassAntennaList);
+    Open(FilePath("long.tvm"));
+    EXPECT_EQ(Editor().EditorType, FileClassMemoryList);
+    EXPECT_EQ(Ext().itemText(0), ".TVM");
+    EXPECT_EQ(Find<QLineEdit>(form, "TbName").cursorPosition(), 0);
+    EXPECT_EQ(Find<QLineEdit>(form, "TbDescr").cursorPosition(), 0);
 }
 
 TEST_F(EditorFrameTest, CsvFileSelectsCsvExtension)
@@ -201,98 +202,6 @@ TEST_F(EditorFrameTest, BadDescriptionKeepsFocus)
     Answers().Expect(12764, QStringList(), Ok);
     QTest::keyClick(&FindControl(form, "TbDescr"), Qt::Key_Tab);
     EXPECT_TRUE(HasFocus(form, "TbDescr"));
-}
-
-namespace {
-
-/// The commands that do not check a cell.
-class EveryOtherCommand : public EditorFrameTest, public testing::WithParamInterface<const char*> {
-protected:
-    /// The command must not run.
-    void ExpectListUntouched()
-    {
-        EXPECT_FALSE(form.IsClosed());
-        EXPECT_EQ(CellText(3, 0), "100.000000");
-        EXPECT_EQ(FileQuestions, 0);
-        EXPECT_TRUE(help_.Topics.isEmpty());
-    }
-
-    FakeHelp help_;
-};
-
-std::string CommandName(const testing::TestParamInfo<const char*>& info)
-{
-    return info.param;
-}
-
-} // namespace
-
-TEST_P(EveryOtherCommand, KeepsFocusInBadName)
-{
-    Open(StoredList({ 0 }));
-    AnswerFile({});
-    Type(form, "TbName", "a.b");
-    Answers().Expect(12766, { QStringLiteral("memory list") }, Ok);
-    Click(form, GetParam());
-    EXPECT_TRUE(HasFocus(form, "TbName"));
-    ExpectListUntouched();
-}
-
-TEST_P(EveryOtherCommand, KeepsFocusInBadDescription)
-{
-    Open(StoredList({ 0 }));
-    AnswerFile({});
-    Type(form, "TbDescr", "a;b");
-    Answers().Expect(12764, QStringList(), Ok);
-    Click(form, GetParam());
-    EXPECT_TRUE(HasFocus(form, "TbDescr"));
-    ExpectListUntouched();
-}
-
-TEST_P(EveryOtherCommand, ChecksHeadWhenCalledByItsMnemonic)
-{
-    Open(StoredList({ 0 }));
-    AnswerFile({});
-    for (const auto& [name, message] : { std::pair("TbName", 12766), std::pair("TbDescr", 12764) }) {
-        const QString good = TextOf(form, name);
-        Type(form, name, "a;b");
-        Answers().Expect(message, Ok);
-        Find<QPushButton>(form, GetParam()).click(); // moves no focus
-        EXPECT_TRUE(HasFocus(form, name));
-        ExpectListUntouched();
-        Type(form, name, good);
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    EditorFrame, EveryOtherCommand, testing::Values("BtNew", "BtOpen", "BtClose", "BtHelp", "BtDel"), &CommandName);
-
-TEST_F(EditorFrameTest, SortChecksHeadWhenCalledByItsMnemonic)
-{
-    Open(StoredList({ 0, 1 }));
-    Find<QComboBox>(form, "CbSort").setCurrentIndex(4);
-    Type(form, "TbName", "a.b");
-    Answers().Expect(12766, Ok);
-    Find<QPushButton>(form, "BtSort").click();
-    EXPECT_TRUE(HasFocus(form, "TbName"));
-    EXPECT_EQ(CellText(3, 0), "100.000000");
-}
-
-/// No button is the default one: Enter belongs to cells and text boxes.
-TEST_F(EditorFrameTest, EnterPressesTheFocusedButtonAlone)
-{
-    FakeHelp help;
-    Open(StoredList({ 0, 1 }));
-    Find<QComboBox>(form, "CbSort").setCurrentIndex(4);
-    for (const char* box : { "CbExt", "CbSort" })
-        Key(form, box, Qt::Key_Return);
-    EXPECT_EQ(CellText(3, 0), "100.000000");
-    EXPECT_FALSE(Editor().EditorDirty);
-    Key(form, "BtHelp", Qt::Key_Return);
-    EXPECT_EQ(help.Topics, QList<int>{ 11995 });
-    Key(form, "BtSort", Qt::Key_Return);
-    EXPECT_EQ(CellText(3, 0), "101.000000");
-    EXPECT_FALSE(form.IsClosed());
 }
 
 TEST_F(EditorFrameTest, EnterInTextBoxActsAsTab)
@@ -521,6 +430,7 @@ TEST_F(EditorFrameTest, SaveChecksWholePageThatIsShown)
     AnswerFolder(Folder());
     Find<QScrollBar>(form, "VScroll1").setValue(30);
     Find<QLineEdit>(form, "TbCol5[19]").setText("a,b");
+    Find<QLineEdit>(form, "TbCol5[0]").setText("edited last");
     Answers().Expect(12764, Ok);
     EXPECT_FALSE(form.Save());
     EXPECT_TRUE(Cell(5, 19).hasFocus());
@@ -572,21 +482,6 @@ TEST_F(EditorFrameTest, EscapeAsksLikeClose)
     Answers().Expect(12769, No);
     KeyDown(Qt::Key_Escape);
     EXPECT_TRUE(form.IsClosed());
-}
-
-TEST_F(EditorFrameTest, CommandOpensEditorWithStatusBarDisabled)
-{
-    BindListEditors();
-    FakeFrame frame;
-    bool seen = false;
-    QTimer::singleShot(0, qApp, [&seen] {
-        seen = DialogTop() != nullptr;
-        if (seen)
-            DialogTop()->Unload();
-    });
-    OpenEditor(FileClassMemoryList);
-    EXPECT_TRUE(seen);
-    EXPECT_EQ(frame.StatusBarEnabled, QList<bool>({ false, true }));
 }
 
 } // namespace tarvik

@@ -3,7 +3,6 @@
 #include "app/text/lang.h"
 #include "closed/loader.h"
 #include "lists/editor/editorGeneral.h"
-#include "lists/memory/fmEditorMemoryListProp.h"
 #include "tests/support/fakeHelp.h"
 
 #include <QApplication>
@@ -13,7 +12,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
-#include <QTimer>
 
 namespace tarvik {
 
@@ -45,15 +43,6 @@ protected:
     QComboBox& Sort()
     {
         return Find<QComboBox>(form, "CbSort");
-    }
-    /// Runs `during` on the entry dialog when it is open.
-    static void InDialog(const std::function<void(QWidget&)>& during)
-    {
-        QTimer::singleShot(0, qApp, [during] {
-            auto* dialog = dynamic_cast<fmEditorMemoryListProp*>(DialogTop());
-            ASSERT_NE(dialog, nullptr);
-            during(*dialog);
-        });
     }
 };
 
@@ -197,37 +186,6 @@ TEST_F(MemoryEditor, DeleteScrollsToItsRow)
     const MemoryTable saved = Saved();
     EXPECT_FALSE(saved.Row(5).Used);
     EXPECT_TRUE(saved.Row(500).Used);
-}
-
-TEST_F(MemoryEditor, EditScrollsToItsRow)
-{
-    Open(StoredList({ 5, 500 }));
-    for (const auto& [top, expectedTop] : { std::pair(500, 5), std::pair(0, 0) }) {
-        Find<QScrollBar>(form, "VScroll1").setValue(0);
-        form.CellSetFocus(5, 3);
-        Find<QScrollBar>(form, "VScroll1").setValue(top);
-        QString title;
-        InDialog([&](QWidget& dialog) {
-            title = dialog.windowTitle();
-            EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), expectedTop);
-            Type(dialog, "TbFrequency", "300");
-            Click(dialog, "BtOk");
-        });
-        Click(form, "BtEdit");
-        EXPECT_EQ(title, "Memory Entry - 5");
-        EXPECT_EQ(form.focusWidget(), &Cell(3, 5 - expectedTop));
-    }
-    Find<QScrollBar>(form, "VScroll1").setValue(500);
-    form.CellSetFocus(510, 3);
-    Find<QScrollBar>(form, "VScroll1").setValue(0);
-    InDialog([&](QWidget& dialog) {
-        EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), 491); // the row is the last one of the page
-        Click(dialog, "BtCancel");
-    });
-    Click(form, "BtEdit");
-    const MemoryTable saved = Saved();
-    EXPECT_EQ(saved.Row(5).Frequency, 300e6);
-    EXPECT_EQ(saved.Row(500).Frequency, 600e6);
 }
 
 TEST_F(MemoryEditor, DeleteIgnoresBadCell)
@@ -389,6 +347,40 @@ TEST_F(MemoryEditor, HeadersSortAtOnceAndToggle)
     EXPECT_EQ(Sort().currentIndex(), 5);
 }
 
+TEST_F(MemoryEditor, SortMarkGoesWithChangeAndWithOtherList)
+{
+    const QString path = StoredList({ 1, 2 });
+    Open(path);
+    const auto mark = [this] { return Find<GridHeader>(form, "LbHdr3").Mark(); };
+    Click(form, "LbHdr3");
+    EXPECT_EQ(mark(), SortMark::Up);
+    TypeCell(3, 0, "250");
+    EXPECT_EQ(mark(), SortMark::None);
+    Click(form, "LbHdr3");
+    EXPECT_EQ(mark(), SortMark::Down);
+    AnswerFile(path);
+    Answers().Expect(12769, No);
+    Click(form, "BtOpen");
+    EXPECT_EQ(mark(), SortMark::None);
+}
+
+TEST_F(MemoryEditor, SavedListIsShownAsItWasWritten)
+{
+    MemoryTable table = EmptyMemoryTable();
+    table.MemoryListName = "Van";
+    UseRow(table, 3, 1e8).Number = 5;
+    UseRow(table, 5, 2e8).Number = 5;
+    ASSERT_TRUE(WriteMemoryList(FilePath("Van.tvm"), table));
+    Open(FilePath("Van.tvm"));
+    EXPECT_EQ(CellText(2, 5), "5");
+    Find<QComboBox>(form, "CbExt").setCurrentIndex(1);
+    AnswerFolder(Folder());
+    Answers().Expect(12910, { QStringLiteral("5") }, Yes);
+    EXPECT_TRUE(form.Save());
+    EXPECT_EQ(CellText(2, 3), "5");
+    EXPECT_EQ(CellText(2, 5), "0");
+}
+
 TEST_F(MemoryEditor, OtherHeadersDoNothing)
 {
     Open(StoredList({ 1 }));
@@ -396,133 +388,6 @@ TEST_F(MemoryEditor, OtherHeadersDoNothing)
         Click(form, header);
     EXPECT_EQ(Sort().currentIndex(), 0);
     EXPECT_FALSE(Editor().EditorDirty);
-}
-
-TEST_F(MemoryEditor, DoubleClickOpensEntry)
-{
-    Open(StoredList({ 5 }));
-    for (const QString& name : { CellName(3, 5), CellName(0, 5), CellName(4, 5) }) {
-        QString title;
-        InDialog([&title](QWidget& dialog) {
-            title = dialog.windowTitle();
-            Click(dialog, "BtCancel");
-        });
-        QWidget& cell = FindControl(form, name);
-        QTest::mouseClick(&cell, Qt::LeftButton);
-        QTest::mouseDClick(&cell, Qt::LeftButton);
-        EXPECT_EQ(title, "Memory Entry - 5");
-    }
-}
-
-TEST_F(MemoryEditor, DoubleClickOnCheckBoxOpensEntryAndKeepsTheStatus)
-{
-    Open(StoredList({ 5 }));
-    bool isShown = false;
-    InDialog([&isShown](QWidget& dialog) {
-        isShown = true;
-        EXPECT_EQ(Find<QComboBox>(dialog, "CbStatus").currentIndex(), 0);
-        Click(dialog, "BtCancel");
-    });
-    QWidget& cell = Cell(1, 5);
-    QTest::mouseClick(&cell, Qt::LeftButton);
-    EXPECT_TRUE(IsChecked(5));
-    QTest::mouseDClick(&cell, Qt::LeftButton);
-    EXPECT_TRUE(isShown);
-    EXPECT_FALSE(IsChecked(5));
-}
-
-TEST_F(MemoryEditor, EntryEditedInDialogIsShownAndSetsDirty)
-{
-    Open(StoredList({ 5 }));
-    form.CellSetFocus(5, 3);
-    InDialog([](QWidget& dialog) {
-        Type(dialog, "TbFrequency", "300");
-        Find<QComboBox>(dialog, "CbModulation").setCurrentIndex(1);
-        Click(dialog, "BtOk");
-    });
-    Click(form, "BtEdit");
-    EXPECT_EQ(CellText(3, 5), "300.000000");
-    EXPECT_EQ(CellText(4, 5), "AM");
-    EXPECT_TRUE(Editor().EditorDirty);
-}
-
-TEST_F(MemoryEditor, OkOnUnusedRowSetsDirty)
-{
-    Open();
-    form.CellSetFocus(5, 3);
-    InDialog([](QWidget& dialog) { Click(dialog, "BtOk"); });
-    Click(form, "BtEdit");
-    EXPECT_EQ(CellText(4, 5), "FM");
-    EXPECT_TRUE(Editor().EditorDirty);
-    EXPECT_TRUE(CanDelete());
-}
-
-TEST_F(MemoryEditor, CancelInDialogChangesNothing)
-{
-    Open(StoredList({ 5 }));
-    form.CellSetFocus(5, 3);
-    InDialog([](QWidget& dialog) {
-        Type(dialog, "TbFrequency", "300");
-        Click(dialog, "BtCancel");
-    });
-    Click(form, "BtEdit");
-    EXPECT_EQ(CellText(3, 5), "105.000000");
-    EXPECT_FALSE(Editor().EditorDirty);
-}
-
-TEST_F(MemoryEditor, CancelAfterRefusedOkKeepsNumbersWithoutDirty)
-{
-    Open(StoredList({ 5 }));
-    form.CellSetFocus(5, 3);
-    Answers().Expect(12815, Ok);
-    InDialog([](QWidget& dialog) {
-        Type(dialog, "TbFrequency", "300");
-        Find<QComboBox>(dialog, "CbModulation").setCurrentIndex(5);
-        Find<QComboBox>(dialog, "CbBandwidth").setCurrentIndex(15);
-        Click(dialog, "BtOk");
-        Click(dialog, "BtCancel");
-    });
-    Click(form, "BtEdit");
-    EXPECT_EQ(CellText(3, 5), "300.000000");
-    EXPECT_EQ(CellText(4, 5), "FM");
-    EXPECT_FALSE(Editor().EditorDirty);
-}
-
-TEST_F(MemoryEditor, DeleteInDialogClearsRowAndItsNumber)
-{
-    Open(StoredList({ 0, 5 }));
-    form.CellSetFocus(5, 3);
-    InDialog([](QWidget& dialog) { Click(dialog, "BtDelete"); });
-    Click(form, "BtEdit");
-    EXPECT_EQ(CellText(2, 5), "0");
-    EXPECT_EQ(CellText(3, 5), "");
-    EXPECT_TRUE(Editor().EditorDirty);
-    TypeCell(3, 5, "200"); // row 0 has number 0
-    EXPECT_EQ(CellText(2, 5), "5");
-}
-
-TEST_F(MemoryEditor, OkOnRowDeletedInDialogGivesItAFreeNumber)
-{
-    Open(StoredList({ 0, 5 }));
-    form.CellSetFocus(5, 3);
-    InDialog([](QWidget& dialog) { Click(dialog, "BtDelete"); });
-    Click(form, "BtEdit");
-    InDialog([](QWidget& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), "Memory Entry - 0"); // as the other row
-        Click(dialog, "BtOk");
-    });
-    Click(form, "BtEdit");
-    EXPECT_EQ(CellText(2, 5), "5");
-    EXPECT_EQ(Saved().Row(5).Number, 5);
-}
-
-TEST_F(MemoryEditor, BadCellPreventsOpeningDialog)
-{
-    Open(StoredList({ 5 }));
-    TypeCell(3, 5, "abc");
-    Answers().Expect(12765, Ok);
-    form.ShowEditorDialog();
-    EXPECT_TRUE(Cell(3, 5).hasFocus());
 }
 
 TEST_F(MemoryEditor, SavesInBothFormatsAndReadsBack)

@@ -8,6 +8,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 
 namespace tarvik {
@@ -182,6 +183,17 @@ TEST_F(MemoryEntryForm, CancelRestoresEntryAndDirty)
     EXPECT_EQ(MemoryEntry(), before);
 }
 
+TEST_F(MemoryEntryForm, CancelAfterEarlierOkRestoresDirty)
+{
+    Run([&] { Click(form, "BtOk"); });
+    Editor().EditorDirty = false;
+    Run([&] {
+        Type(form, "TbFrequency", "300");
+        Click(form, "BtCancel");
+    });
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
 TEST_F(MemoryEntryForm, CancelKeepsEarlierDirty)
 {
     Editor().EditorDirty = true;
@@ -277,6 +289,19 @@ TEST_F(MemoryEntryForm, BadDescriptionKeepsFocus)
         EXPECT_TRUE(HasFocus(form, "TbDescription"));
         Click(form, "BtCancel");
     });
+}
+
+TEST_F(MemoryEntryForm, OkChecksDescriptionWhenCalledByItsMnemonic)
+{
+    Run([&] {
+        Type(form, "TbDescription", "a;b");
+        Answers().Expect(12764, QStringList(), Ok);
+        Find<QPushButton>(form, "BtOk").click(); // moves no focus
+        EXPECT_FALSE(form.IsClosed());
+        EXPECT_TRUE(HasFocus(form, "TbDescription"));
+        Click(form, "BtCancel");
+    });
+    EXPECT_EQ(MemoryEntry().Description, "Tower");
 }
 
 TEST_F(MemoryEntryForm, EnteringTextSelectsAll)

@@ -355,6 +355,28 @@ TEST_F(MemoryListStore, FailedSortKeepsRows)
     EXPECT_EQ(table, before);
 }
 
+TEST_F(MemoryListStore, FailedReadAfterSortKeepsRows)
+{
+    UseRow(table, 500, 3e8);
+    UseRow(table, 600, 1e8);
+    const MemoryTable before = table;
+    TvFio().MemoryGetReserved3 = [](int16_t* status, int16_t index, int32_t*) { *status = index == 1 ? 32 : 0; };
+    Answers().Expect(12849, { QStringLiteral("2") }, Ok);
+    EXPECT_FALSE(SortMemoryList(table, MemorySortKey::FrequencyUp));
+    EXPECT_EQ(table, before);
+}
+
+TEST_F(MemoryListStore, TableIsEmptyEvenIfStoreCannotBeCleared)
+{
+    UseRow(table, 2, 1e8);
+    Store(FilePath("Van.tvm"), "any");
+    TvFio().MemoryListClear = [](int16_t* status) { *status = 8; };
+    Answers().Expect(12828, QStringList(), Ok);
+    Answers().Expect(12828, QStringList(), Ok);
+    EXPECT_FALSE(OpenMemoryList(FilePath("Van.tvm"), table));
+    EXPECT_EQ(table, MemoryTable());
+}
+
 TEST_F(MemoryListStore, HeaderTogglesBetweenItsTwoKeys)
 {
     using Key = MemorySortKey;

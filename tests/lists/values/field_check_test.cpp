@@ -232,4 +232,13 @@ TEST_F(FieldCheck, BadFieldShowsMessageOfCallerWithLine)
     EXPECT_EQ(number, 4);
 }
 
+TEST_F(FieldCheck, CellDoesNotEndInAMark)
+{
+    const CellFormat format{ "#0.##", 1.0 };
+    EXPECT_EQ(CellText(12, format), "12");
+    SetRegion(QLocale(QLocale::German));
+    EXPECT_EQ(CellText(12, format), "12");
+    EXPECT_EQ(CellText(12.5, format), "12,5");
+}
+
 } // namespace tarvik

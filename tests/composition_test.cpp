@@ -56,12 +56,15 @@ protected:
     /// Runs `act` once the dialog of this name is open; the logo may come first.
     void WhenOpen(const char* name, std::function<void()> act)
     {
+        ++expected_;
         QTimer::singleShot(0, &pending_, [this, name, act = std::move(act)] {
             const QWidget* dialog = QApplication::activeModalWidget();
             if (dialog == nullptr || dialog->objectName() == QLatin1String("FmLogo")) {
+                --expected_;
                 WhenOpen(name, act);
                 return;
             }
+            --expected_;
             answered.append(dialog->objectName());
             EXPECT_EQ(dialog->objectName(), QLatin1String(name));
             act();
@@ -74,8 +77,17 @@ protected:
         WhenOpen(name, [] { QApplication::activeModalWidget()->close(); });
     }
 
+    /// Runs the command of a menu item, which opens no dialog but the expected ones.
     void Trigger(const char* item)
     {
+        if (expected_ == 0)
+            QTimer::singleShot(0, &pending_, [] {
+                QWidget* dialog = QApplication::activeModalWidget();
+                if (dialog == nullptr)
+                    return;
+                ADD_FAILURE() << "unexpected: " << dialog->objectName().toStdString();
+                dialog->close();
+            });
         frame->findChild<QAction*>(QLatin1String(item))->trigger();
     }
 
@@ -103,6 +115,7 @@ protected:
     QStringList answered; ///< the names of the dialogs
 
 private:
+    int expected_ = 0; ///< dialogs that have not opened yet
     QObject pending_; ///< its pending calls end with it
 };
 

@@ -65,7 +65,7 @@ wait_for() {
 # True if the program shows a window with this title that has the keyboard focus. Asks the window manager for the focus if
 # the window does not have it yet.
 has_active() {
-  [[ $(xdotool getactivewindow getwindowname 2>/dev/null) == "$1" ]] && return
+  [[ $(xdotool getactivewindow getwindowname 2>/dev/null) =~ ^$1$ ]] && return
   xdotool search --all --onlyvisible --pid "$pid" --name "^$1\$" windowactivate >/dev/null 2>&1 || true
   return 1
 }
@@ -113,10 +113,12 @@ close_connections() {
   xdotool key Escape
 }
 
-# True if a window with this title has the focus; else presses the key in the frame.
+# shows_after KEYS TITLE [WINDOW]: true if a window with this title has the focus; else presses the keys in the frame, or
+# in a window with that title.
 shows_after() {
   has_no "$2" || { has_active "$2"; return; }
-  ! has_active Tarvik || xdotool key "$1"
+  # shellcheck disable=SC2086  # one word per key
+  ! has_active "${3:-Tarvik}" || xdotool key $1
   sleep 0.5
   return 1
 }
@@ -276,6 +278,17 @@ case $case in
     wait_for has_active Tarvik
     xdotool key ctrl+q
     expect_exit 0
+    ;;
+  EscapeClosesOnlyTheDialogAboveAForm)
+    copy_without
+    cp "$(dirname "$0")/../../examples/PMR446.tvm" "$folder/list.tvm"
+    start "$folder/list.tvm"
+    for _ in first second; do # the editor is still there if it opens the dialog again
+      wait_for shows_after alt+s "Save .* in this folder" "Memory List Editor.*"
+      wait_for closes_by_escape "Save .* in this folder"
+    done
+    wait_for closes_by_escape "Memory List Editor.*"
+    quit
     ;;
   Reconnects)
     copy_without

@@ -17,6 +17,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTimer>
@@ -45,6 +46,16 @@ TEST_F(About, AboutAndVersionsCloseWithTheProgram)
     EXPECT_TRUE(about.CanCloseUnasked());
     FmInfo versions;
     EXPECT_TRUE(versions.CanCloseUnasked());
+}
+
+TEST_F(About, EnterClosesAbout)
+{
+    FmAbout form;
+    ShowForm(form);
+    EXPECT_TRUE(Find<QPushButton>(form, "BtClose").isDefault());
+    EXPECT_TRUE(HasFocus(form, "BtClose"));
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(form.IsClosed());
 }
 
 TEST_F(About, ShowsProductUseCopyrightAndVersion)

@@ -1,6 +1,8 @@
 // What every form has: controls adjusted by the language, their hints, and Escape.
+#include "app/state/project.h"
 #include "app/text/lang.h"
 #include "closed/loader.h"
+#include "tests/support/fakeDialog.h"
 #include "tests/support/fakeFrame.h"
 #include "tests/support/forms.h"
 
@@ -63,6 +65,46 @@ TEST_F(FormControls, FormOpensInTheMiddleOfTheScreen)
     ShowForm(form);
     const QPoint off = QRect(form.pos(), form.size()).center() - form.screen()->availableGeometry().center();
     EXPECT_LE(off.manhattanLength(), 2);
+}
+
+TEST_F(FormControls, EscapeInAnotherDialogDoesNotCloseTheFormBelowOnItsRelease)
+{
+    QWidget other; // has the keyboard, as a file dialog above the form
+    FakeDialog form;
+    DialogPush(form, false);
+    QTest::keyPress(&other, Qt::Key_Escape);
+    form.Active = true;
+    QTest::keyRelease(&other, Qt::Key_Escape);
+    EXPECT_FALSE(form.WasUnloaded);
+    QTest::keyPress(&other, Qt::Key_Escape);
+    EXPECT_TRUE(form.WasUnloaded);
+}
+
+TEST_F(FormControls, ReleasesOfAHeldKeyAreNotReleases)
+{
+    QWidget other;
+    QTest::keyPress(&other, Qt::Key_Shift);
+    QKeyEvent repeated(QEvent::KeyRelease, Qt::Key_Down, Qt::ShiftModifier, {}, true);
+    QApplication::sendEvent(&other, &repeated);
+    EXPECT_TRUE(Program().ShiftDown);
+    QTest::keyRelease(&other, Qt::Key_Shift);
+    EXPECT_FALSE(Program().ShiftDown);
+}
+
+TEST_F(FormControls, PointerThatLeavesANestedControlIsOverTheOuterOne)
+{
+    FakeFrame frame;
+    frame.Active = true;
+    QWidget form;
+    QWidget outer(&form);
+    QWidget inner(&outer);
+    SetControlHint(&outer, TextNumber<0>(13601));
+    SetControlHint(&inner, TextNumber<0>(13602));
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&inner, &leave);
+    EXPECT_EQ(frame.Status, LngStr(13601));
+    QApplication::sendEvent(&outer, &leave);
+    EXPECT_EQ(frame.Status, "");
 }
 
 TEST_F(FormControls, ThreeAdjustmentsMoveOnlyAComboBox)

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 #include <QWhatsThis>
@@ -252,6 +253,50 @@ TEST_F(MainFrame, ChecksTheDescriptionOfTheActiveWindow)
         EXPECT_EQ(Item("MnViewDescription").isChecked(), isVisible);
         EXPECT_EQ(Item("MnOptionsDescr").isEnabled(), isVisible);
     }
+}
+
+TEST_F(MainFrame, PopUpMenusOfAWindowShowWhetherItsDescriptionIsVisible)
+{
+    MfMain& main = Start();
+    for (const bool isVisible : { true, false }) {
+        OpenDocument(isVisible);
+        for (const char* menu : { "ScMn", "SwMn" }) {
+            main.Popup(QLatin1String(menu), QPoint(50, 50));
+            const QString item = QLatin1String(menu) + QStringLiteral("ViewDescription");
+            EXPECT_EQ(Item(qPrintable(item)).isChecked(), isVisible) << menu;
+            if (QWidget* popup = QApplication::activePopupWidget())
+                popup->hide();
+        }
+    }
+}
+
+TEST_F(MainFrame, ConnectionPicturesFollowThePalette)
+{
+    MfMain& main = Start();
+    auto& picture = Find<QLabel>(main, "ImNoConnect");
+    const QImage light = picture.pixmap(Qt::ReturnByValue).toImage();
+    QPalette dark = main.palette();
+    dark.setColor(QPalette::WindowText, Qt::white);
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::ButtonText, Qt::white);
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(dark);
+    QCoreApplication::processEvents();
+    EXPECT_NE(picture.pixmap(Qt::ReturnByValue).toImage(), light);
+    QApplication::setPalette(before);
+}
+
+TEST_F(MainFrame, ShowsNoTipBelowAMenu)
+{
+    MfMain& main = Start();
+    auto* timer = main.findChild<QTimer*>("TmTips");
+    timer->stop(); // only the ticks of the test count
+    QCursor::setPos(Cm(1).mapToGlobal(Cm(1).rect().center()));
+    main.findChild<QMenu*>("MnFile")->popup(main.mapToGlobal(QPoint(50, 50)));
+    for (int tick = 0; tick < 12; ++tick)
+        QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection, QGenericArgument());
+    EXPECT_FALSE(FindControl(main, "FmTip").isVisible());
+    main.findChild<QMenu*>("MnFile")->hide();
 }
 
 TEST_F(MainFrame, ResetsTheCaptionOfTheLiveScreenWhileTheLinkIsUp)

@@ -198,6 +198,19 @@ TEST_F(PlatformDialogs, FolderWithAPointIsEntered)
     EXPECT_EQ(entered, FilePath("Tower.2024"));
 }
 
+TEST_F(PlatformDialogs, FolderBrowserShowsAndReturnsFolders)
+{
+    ASSERT_TRUE(QDir(Folder()).mkdir("lists"));
+    QTimer::singleShot(0, qApp, [this] {
+        EXPECT_EQ(Dialog().windowTitle(), "Target");
+        EXPECT_EQ(Dialog().fileMode(), QFileDialog::Directory);
+        EXPECT_TRUE(Dialog().testOption(QFileDialog::ShowDirsOnly));
+        Name().setText("lists");
+        static_cast<QDialog&>(Dialog()).accept();
+    });
+    EXPECT_EQ(TheSeams().BrowseFolder({ "Target", Folder() }), FilePath("lists"));
+}
+
 TEST_F(PlatformDialogs, EscapeClosesOnlyTheDialogAboveAForm)
 {
     class PlainForm final : public FormBase {

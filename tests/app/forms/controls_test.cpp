@@ -1,6 +1,7 @@
 // What every form has: controls adjusted by the language, their hints, and Escape.
 #include "app/state/project.h"
 #include "app/text/lang.h"
+#include "app/text/textId.h"
 #include "closed/loader.h"
 #include "tests/support/fakeDialog.h"
 #include "tests/support/fakeFrame.h"
@@ -57,6 +58,46 @@ protected:
 };
 
 } // namespace
+
+TEST_F(FormControls, FormAsksOnceWhetherItMayClose)
+{
+    class AskingForm final : public FormBase {
+    public:
+        AskingForm()
+            : FormBase("AskingForm")
+        {
+        }
+        bool OnLoad() override
+        {
+            DialogPush(*this, false);
+            return true;
+        }
+        bool QueryUnload() override
+        {
+            if (++Questions < 5)
+                Unload(); // as an end signal during the question does
+            return true;
+        }
+        int Questions = 0;
+    };
+    AskingForm form;
+    ShowForm(form);
+    form.Unload();
+    EXPECT_EQ(form.Questions, 1);
+    EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(FormControls, WheelOverABoxWithoutTheFocusIsLeftToItsParent)
+{
+    QWidget form;
+    QComboBox* box = NewCombo(&form, "CbBox", HelpId::About);
+    box->addItems({ "one", "two" });
+    QWheelEvent wheel(
+        QPointF(5, 5), QPointF(5, 5), {}, { 0, -120 }, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(box, &wheel);
+    EXPECT_FALSE(wheel.isAccepted());
+    EXPECT_EQ(box->currentIndex(), 0);
+}
 
 TEST_F(FormControls, FormOpensInTheMiddleOfTheScreen)
 {

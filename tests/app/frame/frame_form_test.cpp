@@ -14,7 +14,6 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 #include <QWhatsThis>
@@ -284,19 +283,6 @@ TEST_F(MainFrame, ConnectionPicturesFollowThePalette)
     QCoreApplication::processEvents();
     EXPECT_NE(picture.pixmap(Qt::ReturnByValue).toImage(), light);
     QApplication::setPalette(before);
-}
-
-TEST_F(MainFrame, ShowsNoTipBelowAMenu)
-{
-    MfMain& main = Start();
-    auto* timer = main.findChild<QTimer*>("TmTips");
-    timer->stop(); // only the ticks of the test count
-    QCursor::setPos(Cm(1).mapToGlobal(Cm(1).rect().center()));
-    main.findChild<QMenu*>("MnFile")->popup(main.mapToGlobal(QPoint(50, 50)));
-    for (int tick = 0; tick < 12; ++tick)
-        QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection, QGenericArgument());
-    EXPECT_FALSE(FindControl(main, "FmTip").isVisible());
-    main.findChild<QMenu*>("MnFile")->hide();
 }
 
 TEST_F(MainFrame, ResetsTheCaptionOfTheLiveScreenWhileTheLinkIsUp)

@@ -3,6 +3,7 @@
 #include "tests/app/frame/frame_form_fixture.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
@@ -441,6 +442,19 @@ TEST_F(MainFrame, ClosedMenuLeavesNoHint)
     EXPECT_EQ(TextOf(main, "Panel[1]"), LngStr(13802));
     menu->hide();
     EXPECT_EQ(TextOf(main, "Panel[1]"), "");
+}
+
+TEST_F(MainFrame, ShowsNoTipBelowAMenu)
+{
+    MfMain& main = Start();
+    auto* timer = main.findChild<QTimer*>("TmTips");
+    timer->stop(); // only the ticks of the test count
+    QCursor::setPos(Cm(1).mapToGlobal(Cm(1).rect().center()));
+    main.findChild<QMenu*>("MnFile")->popup(main.mapToGlobal(QPoint(50, 50)));
+    for (int tick = 0; tick < 12; ++tick)
+        QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection, QGenericArgument());
+    EXPECT_FALSE(FindControl(main, "FmTip").isVisible());
+    main.findChild<QMenu*>("MnFile")->hide();
 }
 
 TEST_F(MainFrame, HelpItemsShowTheirPages)

@@ -78,7 +78,7 @@ TEST_F(BindEditors, FileOfClassWithoutEditorIsForgotten)
 TEST_F(BindEditors, TextFileOpensInItsEditorIfItIsToBeShown)
 {
     const QString path = StoredList({ 3 }, "Van.csv");
-    EXPECT_TRUE(TheListFiles()->OpenText(path, false));
+    ExpectNoDialog([&] { EXPECT_TRUE(TheListFiles()->OpenText(path, false)); });
     EXPECT_EQ(TitleShownBy([&] { EXPECT_TRUE(TheListFiles()->OpenText(path, true)); }), "Memory List Editor - Van.csv");
     Store(FilePath("other.csv"), "a,b\r\n");
     EXPECT_FALSE(TheListFiles()->OpenText(FilePath("other.csv"), true));

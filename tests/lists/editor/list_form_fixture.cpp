@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QTimer>
 
 namespace tarvik {
 
@@ -55,6 +56,21 @@ QColor ListFormTest::CellColour(int column, int index)
 bool ListFormTest::IsChecked(int index)
 {
     return Find<QCheckBox>(form, CellName(1, index)).isChecked();
+}
+
+void ListFormTest::ExpectNoDialog(const std::function<void()>& action)
+{
+    const DialogForm* const before = DialogTop();
+    QTimer closing;
+    closing.setSingleShot(true);
+    closing.callOnTimeout([before] {
+        if (DialogTop() == before)
+            return;
+        ADD_FAILURE() << "a dialog opens";
+        DialogEnd(*DialogTop(), -1);
+    });
+    closing.start(0);
+    action();
 }
 
 void ListFormTest::GiveUp()

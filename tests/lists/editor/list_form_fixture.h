@@ -6,6 +6,8 @@
 
 #include "lists/memory/FmEditorMemory.h"
 
+#include <functional>
+
 namespace tarvik {
 
 class ListFormTest : public FormTest, protected ListStart {
@@ -24,6 +26,9 @@ protected:
     void TypeCell(int column, int index, const QString& text);
     QColor CellColour(int column, int index);
     bool IsChecked(int index);
+
+    /// Runs `action`. A dialog that it opens fails the test and is closed.
+    static void ExpectNoDialog(const std::function<void()>& action);
 
     /// Closes the editor without saving.
     void GiveUp();

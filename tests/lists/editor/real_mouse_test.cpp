@@ -193,9 +193,18 @@ TEST_F(LeavingBadCell, BySliderOfScrollBar)
 TEST_F(LeavingBadCell, ByMenuOfScrollBar)
 {
     TypeBadFrequency();
+    bool hadMenu = false;
+    QTimer closing; // a menu would wait for an answer
+    closing.callOnTimeout([&hadMenu] {
+        QWidget* menu = QApplication::activePopupWidget();
+        hadMenu = hadMenu || menu != nullptr;
+        if (menu != nullptr)
+            menu->close();
+    });
+    closing.start(1);
     ClickAt(Bar(), PartOfBar(QStyle::SC_ScrollBarAddPage), "3");
     ExpectBadCellKept();
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_FALSE(hadMenu);
     ExpectGoesOn();
 }
 

@@ -50,13 +50,15 @@ bool EscapeEndsSomethingElse()
     return QApplication::activePopupWidget() != nullptr || QWhatsThis::inWhatsThisMode() || FocusKeepsEscape();
 }
 
-/// A held Enter would answer the message that its first press has caused, and cause it again. Texts of several lines
-/// take it.
-bool IsUselessRepeat(const QKeyEvent& event)
+bool IsEnter(const QKeyEvent& event)
 {
-    const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+bool FocusTakesLines()
+{
     const QWidget* focus = QApplication::focusWidget();
-    return isEnter && event.isAutoRepeat() && !(focus != nullptr && focus->inputMethodHints() & Qt::ImhMultiLine);
+    return focus != nullptr && focus->inputMethodHints() & Qt::ImhMultiLine;
 }
 
 QWidget* ControlOf(QObject* watched)
@@ -119,8 +121,8 @@ bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
     const bool isRepeatedRelease = event.type() == QEvent::KeyRelease && event.isAutoRepeat();
     if ((event.timestamp() & kHandledMark) != 0 || isRepeatedRelease) // a held key has not been released
         return false;
-    if (IsUselessRepeat(event))
-        return true;
+    if (IsEnter(event) && IsRepeat(event) && !FocusTakesLines())
+        return true; // it would answer the message that the first press has caused, and cause it again
     event.setTimestamp(event.timestamp() | kHandledMark);
     NoteArrow(event);
     if (event.key() == Qt::Key_Escape && !IsOurEscape(event))
@@ -132,6 +134,17 @@ bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
     if (key.Key == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier && goesDown)
         return OpenMenuOf(watched);
     return key.Key == Qt::Key_F1 && goesDown && ShowTopicOf(watched);
+}
+
+/// Under X the toolkit finds a repeat only if release and press are in its queue together. They have the same time.
+bool KeyboardFilter::IsRepeat(const QKeyEvent& event)
+{
+    static const bool isX = QGuiApplication::platformName() == QLatin1String("xcb");
+    if (event.type() == QEvent::KeyRelease)
+        releasedAt_ = event.timestamp();
+    else if (event.isAutoRepeat() || (isX && releasedAt_ != 0 && event.timestamp() == releasedAt_))
+        return true;
+    return false;
 }
 
 /// Precedes the key press. A drop-down list closes on it, so that the key press finds no list.

@@ -25,6 +25,7 @@ public:
 
 private:
     bool OnKey(QObject* watched, QKeyEvent& event);
+    bool IsRepeat(const QKeyEvent& event); ///< of Enter
     void NoteEscape(QKeyEvent& event);
     bool IsOurEscape(const QKeyEvent& event);
     bool ShowTopicOf(QObject* watched);
@@ -32,6 +33,7 @@ private:
     bool PopUpHelpOf(QObject* watched, QPoint position);
     bool PopUpHelpOfDisabledItem(QObject* watched, const QMouseEvent& event);
 
+    quint64 releasedAt_ = 0; ///< time stamp of the last release of Enter; 0: none
     bool escapeIsOurs_ = false; ///< the Escape that is held went down in a form and not in a pop-up or file dialog
     bool escapeHadOther_ = false; ///< the Escape that is about to go down had something else to end
 };

@@ -48,18 +48,17 @@ public:
     int Answered = 0;
 };
 
-/// Counts the repeats of a held Enter that reach the program.
-class RepeatCounter final : public QObject {
+/// Counts the presses of Enter, repeats included, that reach the program.
+class EnterCounter final : public QObject {
 public:
-    RepeatCounter()
+    EnterCounter()
     {
         qApp->installEventFilter(this);
     }
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (event->type() == QEvent::KeyPress && watched->isWindowType()) {
-            const auto* key = static_cast<QKeyEvent*>(event);
-            Count += key->isAutoRepeat() && key->key() == Qt::Key_Return ? 1 : 0;
+            Count += static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ? 1 : 0;
         }
         return false;
     }
@@ -353,17 +352,29 @@ TEST_F(LeavingBadCell, ByCloseOfTitleBarAsksThenKeepsCell)
     EXPECT_EQ(CellText(3, 0), "abc");
 }
 
-class HeldEnter : public RealMouse { };
+/// Enter is held, and held again to answer the message.
+class HeldEnter : public RealMouse {
+protected:
+    void HoldTwice()
+    {
+        const EnterCounter presses;
+        messages_.IsReady = [&presses] {
+            if (presses.Count < 20)
+                return false;
+            QProcess::execute(QStringLiteral("xdotool"), { "keyup", "Return" });
+            return true;
+        };
+        messages_.Keys = QStringList{ "keydown", "Return" };
+        XDo({ "keydown", "Return" });
+        EXPECT_TRUE(Reaches([&presses] { return presses.Count >= 40; }));
+        XDo({ "keyup", "Return" });
+    }
+};
 
 TEST_F(HeldEnter, ReportsBadCellOnce)
 {
     TypeBadFrequency();
-    RepeatCounter repeats;
-    messages_.IsReady = [&repeats] { return repeats.Count >= 20; };
-    messages_.Keys = QStringList{ "keyup", "Return", "keydown", "Return" }; // answered, and held again
-    XDo({ "keydown", "Return" });
-    EXPECT_TRUE(Reaches([&repeats] { return repeats.Count >= 40; }));
-    XDo({ "keyup", "Return" });
+    HoldTwice();
     ExpectBadCellKept();
     ExpectGoesOn();
 }
@@ -372,12 +383,7 @@ TEST_F(HeldEnter, ReportsBadNameOnce)
 {
     ClickOn("TbName");
     XDo({ "key", "ctrl+a", "type", "a.b" });
-    RepeatCounter repeats;
-    messages_.IsReady = [&repeats] { return repeats.Count >= 20; };
-    messages_.Keys = QStringList{ "keyup", "Return", "keydown", "Return" };
-    XDo({ "keydown", "Return" });
-    EXPECT_TRUE(Reaches([&repeats] { return repeats.Count >= 40; }));
-    XDo({ "keyup", "Return" });
+    HoldTwice();
     ExpectOneMessage(12766);
     EXPECT_TRUE(HasFocus(form, "TbName"));
 }

@@ -80,8 +80,7 @@ void FmConvertProgress::Progress(int done, int total, const QString& source)
     progressBar->setMaximum(total);
     progressBar->setValue(done);
     ShowCount(done + 1, total);
-    if (!cancelled_)
-        ShowName(QFileInfo(source).fileName());
+    ShowName(QFileInfo(source).fileName());
     repaint();
 }
 

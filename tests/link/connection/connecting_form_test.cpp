@@ -71,7 +71,11 @@ TEST_F(ConnectingForm, CancelTakesEffectWhenConnectReturns)
 {
     QString text;
     QString debug = "?";
-    WhileConnecting = [&] { Click(form, "BtCancel"); };
+    WhileConnecting = [&] {
+        EXPECT_TRUE(FindControl(form, "BtCancel").isEnabled());
+        Click(form, "BtCancel");
+        EXPECT_FALSE(FindControl(form, "BtCancel").isEnabled());
+    };
     WhileShown = [&] {
         text = TextOf(form, "TbStatus");
         debug = TextOf(form, "LbDebug");

@@ -6,6 +6,7 @@
 #include "link/documents/FmConvertProgress.h"
 #include "link/documents/FmFileConvert.h"
 #include "link/documents/fileConvert.h"
+#include "tests/support/drawnText.h"
 #include "tests/support/fakeDocuments.h"
 
 #include <QCheckBox>
@@ -202,6 +203,37 @@ TEST_F(ConvertProgressForm, ShowsCountNameAndProgress)
     EXPECT_EQ(seen, QStringList({ "1 of 3, a.bmp, 0 of 3", "2 of 3, b.bmp, 1 of 3", "3 of 3, c.bmp, 2 of 3" }));
     EXPECT_TRUE(form.IsClosed());
     EXPECT_EQ(form.Result().Converted, 3);
+}
+
+TEST_F(ConvertProgressForm, DrawsNameBeforeFileIsOpened)
+{
+    const DrawnText drawn(Find<QLabel>(form, "LbName"));
+    QStringList texts;
+    During = [&](int) { texts.append(drawn.Text); };
+    DialogShow(form);
+    EXPECT_EQ(texts, QStringList({ "a.bmp", "b.bmp", "c.bmp" }));
+}
+
+TEST_F(ConvertProgressForm, DrawsAtOnceThatItStops)
+{
+    const DrawnText drawn(Find<QLabel>(form, "LbName"));
+    During = [&](int) {
+        Click(form, "BtCancel");
+        EXPECT_EQ(drawn.Text, LngStr(11421));
+    };
+    DialogShow(form);
+    EXPECT_EQ(opened, 1);
+}
+
+TEST_F(ConvertProgressForm, IsBusyButForCancel)
+{
+    During = [&](int) {
+        EXPECT_EQ(form.cursor().shape(), Qt::WaitCursor);
+        EXPECT_EQ(FindControl(form, "BtCancel").cursor().shape(), Qt::ArrowCursor);
+    };
+    DialogShow(form);
+    EXPECT_EQ(opened, 3);
+    EXPECT_EQ(form.cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(ConvertProgressForm, EndsAfterCurrentFileByButtonEscapeAndClose)

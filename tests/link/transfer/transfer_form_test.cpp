@@ -8,6 +8,7 @@
 #include "link/classes/model.h"
 #include "link/transfer/FmTransfer.h"
 #include "link/transfer/transfer.h"
+#include "tests/support/drawnText.h"
 #include "tests/support/fakeChannel.h"
 
 #include <QCloseEvent>
@@ -19,28 +20,6 @@
 namespace tarvik {
 
 namespace {
-
-/// The text of a label when last painted.
-class DrawnText final : public QObject {
-public:
-    explicit DrawnText(QLabel& label)
-        : label_(label)
-    {
-        label.installEventFilter(this);
-    }
-
-    QString Text;
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint)
-            Text = label_.text();
-        return QObject::eventFilter(watched, event);
-    }
-
-private:
-    QLabel& label_;
-};
 
 /// Runs the form with an upload of three files; `during` is called during the first one.
 class TransferForm : public FormTest {
@@ -123,6 +102,7 @@ TEST_F(TransferForm, RunsJobOnceVisibleThenCloses)
         EXPECT_TRUE(form.isVisible());
         EXPECT_TRUE(form.isActiveWindow());
         EXPECT_EQ(form.cursor().shape(), Qt::WaitCursor);
+        EXPECT_EQ(FindControl(form, "BtCancel").cursor().shape(), Qt::ArrowCursor) << "it can be clicked";
         EXPECT_EQ(DialogTop(), &form);
     });
     EXPECT_EQ(fake_.Count("PutFile"), 3);

@@ -281,6 +281,7 @@ TEST_F(DescriptionInWindow, UndoDoesNotRestoreTextTooWide)
     QTest::keyClicks(&box, "short");
     WindowAt(id).DescriptionColumns = 40;
     ApplySize(id);
+    EXPECT_FALSE(box.document()->isUndoAvailable());
     box.undo();
     EXPECT_EQ(box.Text(), "short");
     QTest::keyClicks(&box, "er");

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sys/syscall.h>
@@ -34,6 +35,24 @@ std::ptrdiff_t OpenFiles(qint64 processId)
     return std::distance(begin(files), end(files));
 }
 
+/// The timer of the instrument's end of a connection, by the system's list of sockets: 2 while it watches for a lost
+/// client, 1 while it waits for a confirmation.
+unsigned TimerOfConnection(int port)
+{
+    constexpr unsigned kEstablished = 1;
+    std::ifstream sockets("/proc/net/tcp");
+    std::string line;
+    while (std::getline(sockets, line)) {
+        unsigned localPort = 0;
+        unsigned state = 0;
+        unsigned timer = 0;
+        if (std::sscanf(line.c_str(), " %*d: %*8x:%4x %*8x:%*4x %2x %*8x:%*8x %2x", &localPort, &state, &timer) == 3
+            && localPort == static_cast<unsigned>(port) && state == kEstablished)
+            return timer;
+    }
+    return 0;
+}
+
 /// True if the main thread of the process is blocked.
 bool IsWaiting(qint64 processId)
 {
@@ -51,6 +70,16 @@ TEST(InstrumentProgram, AnswersOnPrintedPort)
         { "--maker", "Tarvik Instruments", "--model=TR-300", "--serial", "77", "--firmware", "1.25" });
     WireClient client(instrument.Port());
     EXPECT_EQ(client.Ask("*IDN?"), "Tarvik Instruments,TR-300,77,1.25");
+}
+
+TEST(InstrumentProgram, WatchesForLostClient)
+{
+    const InstrumentProcess instrument;
+    WireClient client(instrument.Port());
+    ASSERT_TRUE(client.IsServed());
+    while (TimerOfConnection(instrument.Port()) == 1)
+        std::this_thread::yield();
+    EXPECT_EQ(TimerOfConnection(instrument.Port()), 2U);
 }
 
 TEST(InstrumentProgram, UsesFirstFreePortOfRange)

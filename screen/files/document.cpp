@@ -61,7 +61,8 @@ WindowId ImgShow(const PictureToShow& picture)
     const WindowSlot slot = WindowAllocate(WindowType::Screen, picture.Subtype);
     if (slot.Id == 0)
         return 0;
-    StatusSet(picture.Title + LngStr(TextId::WindowTitleSeparator) + LngStr(TextId::StatusLoadingPicture));
+    if (!TheScreenWindows().Batch)
+        StatusSet(picture.Title + LngStr(TextId::WindowTitleSeparator) + LngStr(TextId::StatusLoadingPicture));
     const QImage master = DecodePicture(picture.Path, picture.Kind, picture.Size, PaperOfNewDocument());
     if (master.isNull()) {
         if (!slot.Reused)

@@ -9,6 +9,7 @@
 #include "screen/document/color.h"
 #include "screen/metafile/metafileReader.h"
 #include "screen/metafile/metafileWriter.h"
+#include "screen/window/screenWindow.h"
 
 #include <QFile>
 
@@ -44,6 +45,23 @@ TvImgContext ReadOnlyContextOf(const QImage& picture)
         static_cast<int32_t>(picture.bytesPerLine() / 4) };
 }
 
+/// The frame's progress box for one picture. A batch has a form for all of them, and need not paint the box twice a
+/// file.
+class PictureProgress {
+public:
+    explicit PictureProgress(int lines)
+    {
+        if (!TheScreenWindows().Batch)
+            ProgressStart(lines);
+    }
+    ~PictureProgress()
+    {
+        ProgressEnd();
+    }
+    PictureProgress(const PictureProgress&) = delete;
+    PictureProgress& operator=(const PictureProgress&) = delete;
+};
+
 bool DecodePcx(const QByteArray& path, QSize size, const TvImgContext& context)
 {
     int32_t width = 0;
@@ -60,10 +78,9 @@ QImage DecodeByLibrary(const QString& path, ImageKind kind, QSize size, quint32 
     picture.fill(ColorOf(paper));
     const QByteArray name = ModulePath(path);
     const TvImgContext context = ContextOf(picture);
-    ProgressStart(size.height());
+    const PictureProgress progress(size.height());
     const bool decoded =
         kind == ImageKind::Png ? TvImg().ImgPngToDc(name.constData(), &context) == 0 : DecodePcx(name, size, context);
-    ProgressEnd();
     return decoded ? picture : QImage();
 }
 
@@ -77,12 +94,11 @@ bool WriteByLibrary(const QString& path, ImageKind kind, const QImage& picture)
 {
     const QByteArray name = ModulePath(path);
     const TvImgContext context = ReadOnlyContextOf(picture);
-    ProgressStart(picture.height());
+    const PictureProgress progress(picture.height());
     const int16_t result = kind == ImageKind::Png
         ? TvImg().ImgDcToPng(name.constData(), &context, picture.width(), picture.height())
         : TvImg().ImgDcToPcx(
             name.constData(), &context, picture.width(), picture.height(), kPlainMode, &Progress().WorkCounter);
-    ProgressEnd();
     return result == 0;
 }
 

@@ -264,7 +264,8 @@ QString ScreenTitle(WindowId id)
 
 void ScreenStatus(WindowId id, TextNumber<0> text)
 {
-    StatusSet(ScreenTitle(id) + LngStr(TextId::WindowTitleSeparator) + LngStr(text));
+    if (!TheScreenWindows().Batch) // its form shows the file
+        StatusSet(ScreenTitle(id) + LngStr(TextId::WindowTitleSeparator) + LngStr(text));
 }
 
 void ScreenStatusClear()

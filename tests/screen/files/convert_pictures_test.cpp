@@ -1,5 +1,6 @@
 // Batch conversion of pictures in the frame, with windows and menu.
 #include "app/platform/seams.h"
+#include "app/state/progressBar.h"
 #include "link/bindLink.h"
 #include "link/documents/fileConvert.h"
 #include "link/documents/fileDialogs.h"
@@ -121,6 +122,21 @@ TEST_F(ConvertInFrame, OpensNoWindowsAndKeepsActiveOne)
     EXPECT_EQ(most, 2) << "the windows that were open";
     EXPECT_EQ(WindowTable().Active, active);
     EXPECT_TRUE(WindowInUse(mine));
+}
+
+TEST_F(ConvertInFrame, FrameShowsNeitherStatusNorProgressOfEachFile)
+{
+    int pumps = 0;
+    const auto pump = TheSeams().PumpEvents;
+    TheSeams().PumpEvents = [&] {
+        pump();
+        ++pumps;
+        EXPECT_FALSE(Progress().Active);
+        EXPECT_EQ(TextOf(*frame, "Panel[1]"), "");
+    };
+    Answers().Expect(11422, Ok);
+    Convert({ StorePicture("a.bmp", { 642, 442 }), StorePicture("b.bmp", { 642, 442 }) });
+    EXPECT_GE(pumps, 2);
 }
 
 TEST_F(ConvertInFrame, AutomaticTilingWaitsForEndOfBatch)

@@ -1,7 +1,7 @@
-// bench/convert_bench.cpp: the command Convert Files in the frame, to PNG. Prints one JSON object: the time of the
-// batch in ms, and the growth of the peak memory by it in MiB.
+// bench/convert_bench.cpp: the command Convert Files in the frame, beside windows that are tiled automatically. Prints
+// one JSON object: the time of the batch in ms, and the growth of the peak memory by it in MiB.
 //
-// bench_convert FOLDER FILE...
+// bench_convert EXTENSION WINDOWS FOLDER FILE...
 #include "app/frame/MfMain.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
@@ -9,6 +9,7 @@
 #include "closed/loader.h"
 #include "composition.h"
 #include "link/documents/FmConvertProgress.h"
+#include "link/documents/file.h"
 #include "link/documents/fileConvert.h"
 
 #include <QApplication>
@@ -31,6 +32,18 @@ double PeakMiB()
     return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
+/// Opens the first `count` of the sources.
+bool OpenWindows(int count)
+{
+    Program().AutoTile = true;
+    for (int at = 0; at < count; ++at) {
+        if (!FileOpen(FileConvert().Sources.value(at), true, true))
+            return false;
+    }
+    QCoreApplication::processEvents();
+    return true;
+}
+
 int Run(const QStringList& arguments)
 {
     ComposeProgram();
@@ -48,9 +61,11 @@ int Run(const QStringList& arguments)
     if (!QTest::qWaitForWindowActive(&frame))
         return EXIT_FAILURE;
 
-    FileConvert().TargetFolder = arguments[1];
-    FileConvert().TargetExtension = QStringLiteral(".png");
-    FileConvert().Sources = arguments.mid(2);
+    FileConvert().TargetFolder = arguments[3];
+    FileConvert().TargetExtension = u'.' + arguments[1];
+    FileConvert().Sources = arguments.mid(4);
+    if (!OpenWindows(arguments[2].toInt()))
+        return EXIT_FAILURE;
     const double before = PeakMiB();
     BatchResult result;
     const double ms = MsOf([&result] {
@@ -71,8 +86,8 @@ int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() > 2)
+    if (arguments.size() > 4)
         return tarvik::Run(arguments);
-    (void)std::fprintf(stderr, "usage: bench_convert FOLDER FILE...\n");
+    (void)std::fprintf(stderr, "usage: bench_convert EXTENSION WINDOWS FOLDER FILE...\n");
     return 2;
 }

@@ -1,5 +1,6 @@
 // tarvikctl with an instrument.
 #include "tests/closed/scpiserver.h"
+#include "tests/support/endSignals.h"
 #include "tests/tools/ctl_link_fixture.h"
 
 #include <QDir>
@@ -432,6 +433,11 @@ TEST_F(TarvikctlLink, SaysThatNameCannotBeSent)
 /// A download that can be observed while it runs.
 class RunningDownload : public TarvikctlLink {
 protected:
+    RunningDownload()
+    {
+        process.setChildProcessModifier(RestoreEndSignals);
+    }
+
     /// Starts it and waits until it writes.
     void Start(qsizetype bytes)
     {

@@ -9,6 +9,11 @@ namespace {
 
 std::atomic<size_t> smallestRefused = std::numeric_limits<size_t>::max();
 
+void* Allocate(size_t bytes)
+{
+    return bytes < smallestRefused ? std::malloc(bytes == 0 ? 1 : bytes) : nullptr;
+}
+
 } // namespace
 
 ScarceMemory::ScarceMemory(size_t bytes)
@@ -21,14 +26,19 @@ ScarceMemory::~ScarceMemory()
     smallestRefused = std::numeric_limits<size_t>::max();
 }
 
-// All other forms of `new` and `delete` call these.
+// The forms for arrays call these, but the sanitizers have one of their own for nothrow.
 
 void* operator new(size_t bytes)
 {
-    void* const memory = bytes < smallestRefused ? std::malloc(bytes == 0 ? 1 : bytes) : nullptr;
+    void* const memory = Allocate(bytes);
     if (memory == nullptr)
         throw std::bad_alloc();
     return memory;
+}
+
+void* operator new(size_t bytes, const std::nothrow_t&) noexcept
+{
+    return Allocate(bytes);
 }
 
 void operator delete(void* memory) noexcept

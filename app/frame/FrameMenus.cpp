@@ -74,7 +74,8 @@ void FrameMenus::AddEntry(const MenuEntry& entry, QMenu* menu)
     action->setCheckable(entry.HasCheck);
     actions_[action->objectName()] = action;
     connect(action, &QAction::triggered, this, [this, command = entry.Run] {
-        CommandRun(command);
+        if (!CommandRun(command))
+            CommandRunOnDialog(command);
         ShowToggles(); // a checkable action has toggled its mark, whatever the command did
     });
     connect(action, &QAction::hovered, this, [entry] {
@@ -190,7 +191,7 @@ void FrameMenus::ShowToggles()
 void FrameMenus::Popup(const QString& name, const QPoint& at)
 {
     const MenuGroup* group = PopupFind(name);
-    if (group == nullptr || !CanAct())
+    if (group == nullptr || (!CanAct() && !CanActOnDialog()))
         return;
     SetPopupStates(*group);
     popups_[name]->popup(at);
@@ -198,7 +199,8 @@ void FrameMenus::Popup(const QString& name, const QPoint& at)
 
 void FrameMenus::SetPopupStates(const MenuGroup& group)
 {
-    const MenuInput input = MenuInputNow();
+    MenuInput input = MenuInputNow();
+    input.CanAct = input.CanAct || CanActOnDialog();
     for (const MenuEntry& entry : group.Items) {
         if (entry.Name != nullptr && entry.When != EnableRule::Untouched)
             Action(entry.Name)->setEnabled(RuleHolds(entry.When, input));

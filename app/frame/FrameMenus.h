@@ -29,7 +29,7 @@ public:
     /// Updates the check marks of tool bar, status bar, automatic tiling and description.
     void ShowToggles();
 
-    /// Opens pop-up `name` at screen position `at`, if the program can act.
+    /// Opens pop-up `name` at screen position `at`, if the program, or the document in the newest dialog, can act.
     void Popup(const QString& name, const QPoint& at);
 
     /// Help number of the highlighted entry of an open menu or the menu bar; empty without one.

@@ -57,6 +57,15 @@ void Toggle(bool& bar)
     current->ApplyBars();
 }
 
+/// Null if the event is no key of the frame.
+const FrameKey* KeyOf(const QKeyEvent& event)
+{
+    const auto& keys = FrameKeys();
+    const auto* key =
+        std::find_if(keys.begin(), keys.end(), [&event](const FrameKey& one) { return one.Key == event.key(); });
+    return key != keys.end() && event.modifiers() == Qt::ControlModifier ? key : nullptr;
+}
+
 /// Bound while the frame lives.
 constexpr std::array kCommands{
     CommandBinding{ Command::FileExit, [] { current->close(); } },
@@ -303,11 +312,14 @@ bool MfMain::FrameKeyDown(const QKeyEvent& event)
 {
     if (MdiArea->StepKey(event))
         return true;
-    const auto& keys = FrameKeys();
-    const auto key =
-        std::find_if(keys.begin(), keys.end(), [&event](const FrameKey& one) { return one.Key == event.key(); });
-    return key != keys.end() && event.modifiers() == Qt::ControlModifier && RuleHolds(key->When, MenuInputNow())
-        && CommandRun(key->Run);
+    const FrameKey* key = KeyOf(event);
+    return key != nullptr && RuleHolds(key->When, MenuInputNow()) && CommandRun(key->Run);
+}
+
+bool MfMain::DialogKeyDown(const QKeyEvent& event)
+{
+    const FrameKey* key = KeyOf(event);
+    return key != nullptr && key->When == EnableRule::Document && CommandRunOnDialog(key->Run);
 }
 
 void MfMain::keyPressEvent(QKeyEvent* event)

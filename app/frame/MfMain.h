@@ -42,12 +42,16 @@ public:
     /// something else is running, so that the session must go on.
     [[nodiscard]] bool CloseForLogOff();
 
-    /// Opens right-click menu `name` at screen position `at`, if the program can act.
+    /// Opens right-click menu `name` at screen position `at`, if the program, or the document in the newest dialog, can
+    /// act.
     void Popup(const QString& name, const QPoint& at);
 
     /// Handles a key that nothing in the frame has taken: `FrameKeys`, and the steps between child windows. True if it
     /// did.
     bool FrameKeyDown(const QKeyEvent& event);
+
+    /// As above for a dialog that is the window of a document: the keys of commands on documents.
+    bool DialogKeyDown(const QKeyEvent& event);
 
     QMdiArea* ChildArea() const;
 

@@ -1,8 +1,11 @@
 #include "app/frame/commands.h"
 
 #include "app/platform/processState.h"
+#include "app/state/dialogStack.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
+
+#include <QScopedValueRollback>
 
 #include <array>
 #include <optional>
@@ -53,6 +56,26 @@ bool CommandRun(Command command)
     std::optional<BusyScope> busy;
     if (command != Command::FileExit)
         busy.emplace();
+    FunctionOf(command)();
+    return true;
+}
+
+bool CanActOnDialog()
+{
+    const DialogForm* dialog = DialogTop();
+    return dialog != nullptr && dialog->IsDocument() && !Program().DialogBusy;
+}
+
+bool CommandRunOnDialog(Command command)
+{
+    if (!CanActOnDialog())
+        return false;
+    if (command == Command::FileClose) { // a form stays open while a command runs on it
+        DialogTop()->Unload();
+        return true;
+    }
+    const BusyScope busy;
+    const QScopedValueRollback runs(Program().DialogBusy, true);
     FunctionOf(command)();
     return true;
 }

@@ -82,4 +82,11 @@ private:
 /// them, since it checks CanAct itself.
 bool CommandRun(Command command);
 
+/// True if the newest dialog is the window of a document and no command runs on it.
+bool CanActOnDialog();
+
+/// As CommandRun for a command on the document whose window is the newest dialog, if CanActOnDialog. Closing ends that
+/// dialog.
+bool CommandRunOnDialog(Command command);
+
 } // namespace tarvik

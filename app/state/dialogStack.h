@@ -26,6 +26,12 @@ public:
         return false;
     }
 
+    /// True for a form that is the window of a document: commands on the document run while it is the newest dialog.
+    virtual bool IsDocument() const
+    {
+        return false;
+    }
+
     /// Centres the form on its screen and trims its system menu; `removeClose` removes the close entry.
     virtual void PrepareWindow(bool removeClose) = 0;
 

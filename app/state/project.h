@@ -39,6 +39,7 @@ struct ProgramState {
     int DialogResult = 1; ///< status of the dialog that closed last; DialogEnd
     bool NonModalDialogs = false; ///< nothing sets it in this version
     bool Idle = true; ///< false while a command runs; BeginBusy, EndBusy
+    bool DialogBusy = false; ///< a command runs on the document in the newest dialog; CommandRunOnDialog
     bool StatusHold = false; ///< a running job owns the status text; StatusJob
     bool ShiftDown = false; ///< keyboard hook
     bool MenusDisabled = false; ///< MenuUpdate

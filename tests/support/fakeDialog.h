@@ -14,6 +14,7 @@ public:
     bool RefusesToClose = false;
     bool RemovesClose = false;
     bool ClosesUnasked = false; ///< when the program is to end
+    bool ShowsDocument = false;
 
     bool WasBlocking = false;
     bool WasUnloaded = false;
@@ -46,6 +47,11 @@ public:
     bool CanCloseUnasked() const override
     {
         return ClosesUnasked;
+    }
+
+    bool IsDocument() const override
+    {
+        return ShowsDocument;
     }
 
     void PrepareWindow(bool removeClose) override

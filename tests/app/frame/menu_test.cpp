@@ -4,6 +4,7 @@
 #include "app/state/project.h"
 #include "closed/loader.h"
 #include "tests/support/fakeCommands.h"
+#include "tests/support/fakeDialog.h"
 #include "tests/support/fixture.h"
 
 namespace tarvik {
@@ -340,6 +341,78 @@ TEST_F(Commands, UnboundCommandDoesNothing)
 {
     EXPECT_TRUE(CommandRun(Command::OptionsColor));
     EXPECT_TRUE(Program().Idle);
+}
+
+TEST_F(Commands, RunOnADocumentThatIsTheNewestDialog)
+{
+    std::vector<bool> idle;
+    BindCommand(Command::EditCopyGraph, [&idle] { idle.push_back(Program().Idle); });
+    FakeDialog dialog;
+    EXPECT_FALSE(CommandRunOnDialog(Command::EditCopyGraph)) << "there is none";
+    dialog.WhileOpen = [] { EXPECT_FALSE(CommandRunOnDialog(Command::EditCopyGraph)) << "it is no document"; };
+    DialogShow(dialog);
+    FakeDialog document;
+    document.ShowsDocument = true;
+    document.WhileOpen = [] {
+        EXPECT_FALSE(CanAct());
+        EXPECT_FALSE(CommandRun(Command::EditCopyGraph));
+        EXPECT_TRUE(CommandRunOnDialog(Command::EditCopyGraph));
+        FakeDialog above;
+        above.WhileOpen = [] { EXPECT_FALSE(CommandRunOnDialog(Command::EditCopyGraph)); };
+        DialogShow(above);
+    };
+    DialogShow(document);
+    EXPECT_EQ(idle, std::vector<bool>{ false });
+    EXPECT_TRUE(Program().Idle);
+}
+
+TEST_F(Commands, OnADialogRunWithinACommandOfTheProgram)
+{
+    int copies = 0;
+    BindCommand(Command::EditCopyGraph, [&copies] { ++copies; });
+    BindCommand(Command::Editor2, [] {
+        FakeDialog document;
+        document.ShowsDocument = true;
+        document.WhileOpen = [] { EXPECT_TRUE(CommandRunOnDialog(Command::EditCopyGraph)); };
+        DialogShow(document);
+        EXPECT_FALSE(Program().Idle) << "the outer one still runs";
+    });
+    EXPECT_TRUE(CommandRun(Command::Editor2));
+    EXPECT_EQ(copies, 1);
+}
+
+TEST_F(Commands, OnADialogDoNotNest)
+{
+    int copies = 0;
+    BindCommand(Command::EditCopyGraph, [&copies] { ++copies; });
+    BindCommand(Command::FileSaveAs, [] {
+        EXPECT_FALSE(CanActOnDialog());
+        EXPECT_FALSE(CommandRunOnDialog(Command::EditCopyGraph));
+        EXPECT_FALSE(CommandRunOnDialog(Command::FileClose));
+    });
+    FakeDialog document;
+    document.ShowsDocument = true;
+    document.WhileOpen = [&] {
+        EXPECT_TRUE(CommandRunOnDialog(Command::FileSaveAs));
+        EXPECT_FALSE(document.WasUnloaded);
+        EXPECT_TRUE(CanActOnDialog());
+    };
+    DialogShow(document);
+    EXPECT_EQ(copies, 0);
+}
+
+TEST_F(Commands, ClosingADocumentThatIsADialogUnloadsIt)
+{
+    int closes = 0;
+    BindCommand(Command::FileClose, [&closes] { ++closes; });
+    FakeDialog document;
+    document.ShowsDocument = true;
+    document.WhileOpen = [&] {
+        EXPECT_TRUE(CommandRunOnDialog(Command::FileClose));
+        EXPECT_TRUE(document.WasUnloaded);
+    };
+    DialogShow(document);
+    EXPECT_EQ(closes, 0) << "the frame's command is for its own windows";
 }
 
 } // namespace tarvik

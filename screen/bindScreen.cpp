@@ -7,6 +7,7 @@
 #include "link/control/controlGeneral.h"
 #include "link/documents/file.h"
 #include "link/documents/fileSave.h"
+#include "screen/diagram/FmDatasetViewer.h"
 #include "screen/document/description.h"
 #include "screen/document/fit.h"
 #include "screen/document/screenTable.h"
@@ -41,6 +42,8 @@ DocumentsState StateOfDocuments()
 {
     DocumentsState state;
     for (WindowId id = WindowNext(0); id != 0; id = WindowNext(id)) {
+        if (WindowTypeOf(id) != WindowType::Screen)
+            continue; // only child windows of the frame are arranged
         const ScreenView* view = ViewOf(id);
         const bool isMinimised = view != nullptr && view->State() == WinState::Minimised;
         (isMinimised ? state.AnyMinimised : state.AnyShown) = true;
@@ -103,8 +106,8 @@ void ToggleDescription()
 {
     const WindowId id = ActiveWindow();
     DescrToggle(id);
-    if (auto* window = dynamic_cast<MfScreen*>(ViewOf(id)))
-        window->EditDescription();
+    if (ScreenView* view = ViewOf(id))
+        view->EditDescription();
 }
 
 void DescriptionDialog()
@@ -152,6 +155,7 @@ public:
 void BindScreen()
 {
     BindScreenDesktop();
+    BindDatasetForms();
     TheFrameDocuments().Implement<ScreenDocuments>();
     BindDocumentFiles();
     CommandsBind(kCommands);

@@ -26,6 +26,7 @@
 #include "lists/memory/memoryEntry.h"
 #include "lists/values/limits.h"
 #include "print/printer/printSettings.h"
+#include "screen/diagram/diagram.h"
 #include "screen/document/description.h"
 #include "screen/document/screenTable.h"
 #include "screen/document/view.h"
@@ -193,6 +194,26 @@ bool HasStartSeams()
     return TheSeams().SaveFile({}).isEmpty();
 }
 
+void MakeDiagram()
+{
+    MultiTraceInput input;
+    input.PointCount = 1;
+    input.SeriesCount = 1;
+    DatasetTable()[1] = DiagramOf(input);
+}
+
+bool HasNoTraceBlock()
+{
+    uint32_t size = 0;
+    return TraceBlockOf(1, &size) == nullptr;
+}
+
+void TakeTraceBlock()
+{
+    Trace trace{};
+    EXPECT_TRUE(TraceFill(trace, { 1, 2 }));
+}
+
 const std::vector<StateCase>& Cases()
 {
     static const std::vector<StateCase> cases{
@@ -226,6 +247,8 @@ const std::vector<StateCase>& Cases()
             [] { return TheColorDefaults().Marker == 0xFFFFFF; } },
         { "ScreenTable", [] { ScreenTable()[1].Master = QImage(1, 1, QImage::Format_RGB32); },
             [] { return ScreenTable()[1].Master.isNull(); } },
+        { "DatasetTable", MakeDiagram, [] { return DatasetTable()[1] == nullptr; } },
+        { "TraceBlocks", TakeTraceBlock, HasNoTraceBlock },
         { "TheViews", [] { ViewLoad(1); }, [] { return ViewOf(1) == nullptr; } },
         { "TheDescriptionDefaults", [] { TheDescriptionDefaults().ViewDescr = 1; },
             [] { return TheDescriptionDefaults().ViewDescr == 0; } },

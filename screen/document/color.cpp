@@ -81,20 +81,21 @@ void ColorStore(quint32 colour, WindowId id, int index)
 
 void PaletteStore(PaletteNumber number, WindowId id)
 {
-    if (ScreenRecord* record = ScreenOf(id))
-        record->PalNr = number;
+    if (DocumentPicture* picture = PictureOf(id))
+        picture->PalNr = number;
     TheColorDefaults().PalNr = number;
 }
 
 PaletteNumber PaletteOf(WindowId id)
 {
-    const ScreenRecord* record = ScreenOf(id);
-    return record == nullptr ? PaletteNumber::Colour : record->PalNr;
+    const DocumentPicture* picture = PictureOf(id);
+    return picture == nullptr ? PaletteNumber::Colour : picture->PalNr;
 }
 
 quint32 PaperColor(WindowId id)
 {
-    return Paper(PaletteOf(id), ColorGet(id, ColourBackground));
+    const bool isDiagram = WindowTypeOf(id) == WindowType::DataSet;
+    return Paper(PaletteOf(id), isDiagram ? kDiagramBackground : ColorGet(id, ColourBackground));
 }
 
 quint32 TextColor(WindowId id)

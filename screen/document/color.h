@@ -22,10 +22,13 @@ void ColorStore(quint32 colour, WindowId id, int index);
 /// As above for the palette number.
 void PaletteStore(PaletteNumber number, WindowId id);
 
-/// PaletteNumber::Colour if the window is not a screen.
+/// PaletteNumber::Colour if the window has no picture.
 PaletteNumber PaletteOf(WindowId id);
 
-/// Background and text colour around the picture. 0x00BBGGRR.
+/// Background of a diagram in the colour palette. 0x00BBGGRR.
+inline constexpr quint32 kDiagramBackground = 0xCECBCE;
+
+/// Background and text colour around the picture; a data set has those of its diagram. 0x00BBGGRR.
 quint32 PaperColor(WindowId id);
 quint32 TextColor(WindowId id);
 

@@ -31,10 +31,10 @@ void PaintDescription(QPainter& painter, WindowId id, QSize whole)
 
 QImage ComposeWindow(WindowId id)
 {
-    const ScreenRecord* record = ScreenOf(id);
-    if (record == nullptr || !WindowAt(id).GraphicsValid)
+    const DocumentPicture* picture = PictureOf(id);
+    if (picture == nullptr || !WindowAt(id).GraphicsValid)
         return {};
-    const QImage& graph = record->Graph;
+    const QImage& graph = picture->Graph;
     const int below = StatusHeight(id) + DescrHeight(id);
     if (below == 0)
         return graph;

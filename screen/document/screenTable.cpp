@@ -2,6 +2,7 @@
 
 #include "app/platform/processState.h"
 #include "app/platform/seams.h"
+#include "screen/bitmap/stretch.h"
 
 namespace tarvik {
 
@@ -20,6 +21,19 @@ std::array<ScreenRecord, kDocumentsOfType + 1>& ScreenTable()
 void ScreenTableClear()
 {
     ScreenTable() = {};
+}
+
+QSize ScreenRecord::OwnSize() const
+{
+    return Master.size();
+}
+
+QImage ScreenRecord::Draw(QSize devicePixels, double /*scale*/) const
+{
+    QImage picture = Stretch(Master, devicePixels);
+    if (PalNr == PaletteNumber::BlackAndWhite)
+        ConvertToBlackAndWhite(picture);
+    return picture;
 }
 
 ScreenRecord* ScreenOf(WindowId id)
@@ -50,6 +64,26 @@ void ScreenFree(WindowId id)
 {
     if (ScreenRecord* record = ScreenOf(id))
         *record = {};
+}
+
+DocumentPicture* PictureOf(WindowId id)
+{
+    if (WindowTypeOf(id) == WindowType::DataSet)
+        return DatasetTable().at(static_cast<size_t>(WindowDocumentIndex(id))).get();
+    return ScreenOf(id);
+}
+
+void PictureFree(WindowId id)
+{
+    if (WindowTypeOf(id) == WindowType::DataSet)
+        DatasetTable().at(static_cast<size_t>(WindowDocumentIndex(id))).reset();
+    ScreenFree(id);
+}
+
+DatasetPictures& DatasetTable()
+{
+    static ProcessState<DatasetPictures> table;
+    return table.Get();
 }
 
 } // namespace tarvik

@@ -3,6 +3,7 @@
 #include "app/platform/processState.h"
 
 #include <array>
+#include <utility>
 
 namespace tarvik {
 
@@ -118,6 +119,11 @@ ScreenView& ViewLoad(WindowId id)
     if (!view)
         view = TheScreenDesktop()->Load(id);
     return *view;
+}
+
+void ViewSet(WindowId id, ScreenViewOwner view)
+{
+    TheViews().at(static_cast<size_t>(id)) = std::move(view);
 }
 
 void ViewDrop(WindowId id)

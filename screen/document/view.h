@@ -1,5 +1,5 @@
-// screen/document/view.h: interface of a document's window for the modules: the form `MfScreen`, or one that only
-// has sizes where the program has no windows. Modules decide sizes, texts and colours; the view applies them.
+// screen/document/view.h: interface of a document's window for the modules: a form, or an object that only has sizes
+// where the program has no windows. Modules decide sizes, texts and colours; the view applies them.
 #pragma once
 
 #include "app/platform/port.h"
@@ -46,6 +46,9 @@ public:
     /// Sets the text of `TbDescription`, lines separated by "\r\n", without a change event; the caret moves to its
     /// end.
     virtual void SetDescription(const QString& text) = 0;
+
+    /// Moves the caret into `TbDescription` if that is visible.
+    virtual void EditDescription() { }
     virtual void LayOutDescription(const DescriptionLayout& layout) = 0;
     virtual void SetColours(quint32 paper, quint32 text) = 0; ///< 0x00BBGGRR
     virtual void FillStatus(const QString& date, const QString& text, const QString& time) = 0;
@@ -61,8 +64,8 @@ using ScreenViewOwner = std::shared_ptr<ScreenView>;
 /// Where the windows of documents lie: the frame's area, and the desktop around it.
 class ScreenDesktop {
 public:
-    /// Creates the view of a new window, never null. It is visible at once, below the other windows until Show; sizes,
-    /// picture and texts follow.
+    /// Creates the view of a new screen window, never null. It is visible at once, below the other windows until Show;
+    /// sizes, picture and texts follow.
     virtual ScreenViewOwner Load(WindowId id) = 0;
 
     virtual bool MainFrameIsActive() = 0;
@@ -94,6 +97,9 @@ ScreenView* ViewOf(WindowId id);
 
 /// The view of a window, created on demand.
 ScreenView& ViewLoad(WindowId id);
+
+/// Gives a window the view that shows it.
+void ViewSet(WindowId id, ScreenViewOwner view);
 
 /// Releases the view of a window.
 void ViewDrop(WindowId id);

@@ -36,9 +36,9 @@ public:
     void UseOwnSize(int window) override
     {
         const auto id = static_cast<WindowId>(window);
-        ScreenRecord* record = ScreenOf(id);
-        if (record != nullptr && record->Graph.size() != record->Master.size())
-            record->Graph = ScreenPicture(id, record->Master.size());
+        DocumentPicture* picture = PictureOf(id);
+        if (picture != nullptr && !picture->OwnSize().isEmpty() && picture->Graph.size() != picture->OwnSize())
+            picture->Graph = picture->Draw(picture->OwnSize(), 1);
     }
 
     void Close(int window) override

@@ -103,7 +103,7 @@ void FmPalette::OnUnload()
 void ColorDialog()
 {
     const WindowId id = WindowTable().Active;
-    if (WindowTypeOf(id) == WindowType::Screen) {
+    if (PictureOf(id) != nullptr) {
         FmPalette form(QApplication::activeWindow());
         DialogShow(form);
     }

@@ -18,6 +18,13 @@ namespace {
 constexpr int kWidthCharacters = 44;
 constexpr int kRowsSeen = 8;
 
+QString PictureNameOf(WindowId id)
+{
+    if (WindowTypeOf(id) == WindowType::DataSet)
+        return QStringLiteral("MDI_DIAGRAM");
+    return WindowIsFileImage(id) ? QStringLiteral("MDI_IMAGE") : QStringLiteral("MDI_SCREEN");
+}
+
 } // namespace
 
 FmSelectWindow::FmSelectWindow(const QVector<WindowId>& offered, QWidget* parent)
@@ -79,8 +86,8 @@ void FmSelectWindow::FillList()
     LxWin->clear();
     for (const WindowId id : offered_) {
         const ScreenView* view = ViewOf(id);
-        const QString picture = WindowIsFileImage(id) ? QStringLiteral("MDI_IMAGE") : QStringLiteral("MDI_SCREEN");
-        auto* row = new QListWidgetItem(PictureIcon(picture), view == nullptr ? QString() : view->Caption(), LxWin);
+        auto* row =
+            new QListWidgetItem(PictureIcon(PictureNameOf(id)), view == nullptr ? QString() : view->Caption(), LxWin);
         row->setToolTip(PlainTip(row->text())); // long captions are elided
         if (id == WindowTable().Active)
             LxWin->setCurrentItem(row); // the most likely choice; this selects it

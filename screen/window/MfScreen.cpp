@@ -5,17 +5,15 @@
 #include "app/frame/MfMain.h"
 #include "app/state/frame.h"
 #include "app/state/project.h"
-#include "app/text/lang.h"
 #include "app/text/textId.h"
 #include "screen/document/color.h"
-#include "screen/document/description.h"
 #include "screen/document/screenTable.h"
 #include "screen/window/ChildWindowStyle.h"
 #include "screen/window/ChildWindows.h"
 #include "screen/window/DescriptionBox.h"
+#include "screen/window/DocumentControls.h"
 #include "screen/window/PictureBox.h"
 #include "screen/window/closing.h"
-#include "screen/window/descriptionEdit.h"
 #include "screen/window/screenWindow.h"
 
 #include <QApplication>
@@ -38,22 +36,6 @@ QString TitleOf(QString caption)
     return caption.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
 }
 
-QFrame* NewLine(QWidget* parent, const char* name)
-{
-    auto* line = new QFrame(parent);
-    NameControl(line, QString::fromLatin1(name));
-    line->setFrameStyle(static_cast<int>(QFrame::HLine) | static_cast<int>(QFrame::Plain));
-    line->setFixedHeight(1);
-    return line;
-}
-
-void SetColour(QWidget* widget, QPalette::ColorRole role, const QColor& colour)
-{
-    QPalette colours = widget->palette();
-    colours.setColor(role, colour);
-    widget->setPalette(colours);
-}
-
 constexpr Qt::WindowStates kSizeStates = Qt::WindowMinimized | Qt::WindowMaximized;
 
 } // namespace
@@ -66,8 +48,7 @@ MfScreen::MfScreen(WindowId id, MfMain& frame)
     setProperty(kTagProperty, id);
     setAutoFillBackground(true);
     setMinimumSize(1, 1);
-    BuildPicture();
-    BuildDescription();
+    BuildDocument();
     BuildStatus();
     BuildWindow();
     SetHelp(WindowIsFileImage(id));
@@ -81,31 +62,19 @@ MfScreen::~MfScreen()
         ViewDrop(id_);
 }
 
-void MfScreen::BuildPicture()
+void MfScreen::BuildDocument()
 {
     PbDefGraph = new PictureBox(this, "PbDefGraph", [this](QSize) {
         const ScreenRecord* document = ScreenOf(id_);
         return document == nullptr ? QImage() : document->Master;
     });
     PbDefGraph->hide();
-    PbGraph = new PictureBox(this, "PbGraph", [this](QSize devicePixels) { return DrawnPicture(id_, devicePixels); });
-    PbGraph->setFocusPolicy(Qt::StrongFocus);
+    controls_ = new DocumentControls(this, id_);
+    PbGraph = controls_->PbGraph;
+    TbDescription = controls_->TbDescription;
     setFocusPolicy(Qt::ClickFocus); // a click outside the picture activates the window too
     setFocusProxy(PbGraph);
-}
-
-void MfScreen::BuildDescription()
-{
-    LnDescr = NewLine(this, "LnDescr");
-    LnDescr->hide();
-    TbDescription = new DescriptionBox(this);
-    TbDescription->setAccessibleName(LngStr(TextId::DescriptionLabel));
-    TbDescription->hide();
-    TbDescription->installEventFilter(this);
-    connect(TbDescription, &DescriptionBox::Edited, this, [this](const QString& text) {
-        DescrTextChanged(id_, text);
-        ShowDescription();
-    });
+    connect(TbDescription, &DescriptionBox::Edited, this, &MfScreen::ShowDescription);
 }
 
 /// The panel has no height and is invisible.
@@ -118,7 +87,7 @@ void MfScreen::BuildStatus()
     TbStatus = new QLineEdit(this);
     NameControl(TbStatus, QStringLiteral("TbStatus"));
     TbStatus->setReadOnly(true);
-    LnStatus = NewLine(this, "LnStatus");
+    LnStatus = NewDocumentLine(this, "LnStatus");
     for (QWidget* control : StatusPanel())
         SetControlHelp(control, HelpId::LiveScreenStatus);
     HideStatus();
@@ -292,29 +261,19 @@ void MfScreen::ShowDescription()
     ScrollToLowerEdge(area, { TbDescription->mapTo(area.viewport(), QPoint()), TbDescription->size() });
 }
 
-/// If the box with the focus is hidden, the focus stays in the window.
 void MfScreen::LayOutDescription(const DescriptionLayout& layout)
 {
-    if (!layout.Visible && TbDescription == frame_.focusWidget())
-        PbGraph->setFocus();
-    TbDescription->SetPlace(layout.Text, DescrFont(WindowTypeOf(id_)));
-    LnDescr->setGeometry(0, layout.LineTop, width(), 1);
-    TbDescription->setVisible(layout.Visible);
-    LnDescr->setVisible(layout.Visible);
+    controls_->LayOutDescription(layout);
 }
 
 void MfScreen::SetColours(quint32 paper, quint32 text)
 {
-    const std::pair wanted(paper, text);
-    if (std::exchange(colours_, wanted) == wanted)
+    if (!controls_->SetColours(paper, text))
         return;
-    SetColour(this, QPalette::Window, ColorOf(paper));
-    for (QWidget* control :
-        std::initializer_list<QWidget*>{ LnDescr, LnStatus, TbStatHead[0], TbStatHead[1], TbStatHead[2] })
-        SetColour(control, QPalette::WindowText, ColorOf(text));
-    TbDescription->SetColours(ColorOf(paper), ColorOf(text));
-    SetColour(TbStatus, QPalette::Base, ColorOf(paper));
-    SetColour(TbStatus, QPalette::Text, ColorOf(text));
+    for (QWidget* control : std::initializer_list<QWidget*>{ LnStatus, TbStatHead[0], TbStatHead[1], TbStatHead[2] })
+        SetDocumentColour(control, QPalette::WindowText, ColorOf(text));
+    SetDocumentColour(TbStatus, QPalette::Base, ColorOf(paper));
+    SetDocumentColour(TbStatus, QPalette::Text, ColorOf(text));
 }
 
 void MfScreen::FillStatus(const QString& date, const QString& text, const QString& time)
@@ -350,12 +309,8 @@ void MfScreen::StateChanged(Qt::WindowStates before, Qt::WindowStates now)
 
 bool MfScreen::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == child_) {
-        if (event->type() == QEvent::WindowStateChange)
-            state_ = child_->windowState();
-    } else if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1) {
-        PbGraph->setFocus(); // so that help refers to the window
-    }
+    if (watched == child_ && event->type() == QEvent::WindowStateChange)
+        state_ = child_->windowState();
     return QWidget::eventFilter(watched, event);
 }
 

@@ -8,7 +8,6 @@
 
 #include <array>
 #include <optional>
-#include <utility>
 
 class QFrame;
 class QLabel;
@@ -18,6 +17,7 @@ class QMdiSubWindow;
 namespace tarvik {
 
 class DescriptionBox;
+class DocumentControls;
 class MfMain;
 class PictureBox;
 
@@ -40,9 +40,6 @@ public:
         return child_;
     }
 
-    /// Moves the caret into the description if that is visible.
-    void EditDescription();
-
     /// Ends the window: deletes it unless it is being destroyed or handles its own close event.
     void Release();
 
@@ -59,6 +56,7 @@ public:
     void SetCaption(const QString& caption) override;
     void SetIcon(bool imageFromFile) override;
     void SetDescription(const QString& text) override;
+    void EditDescription() override;
     void LayOutDescription(const DescriptionLayout& layout) override;
     void SetColours(quint32 paper, quint32 text) override;
     void FillStatus(const QString& date, const QString& text, const QString& time) override;
@@ -75,8 +73,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    void BuildPicture();
-    void BuildDescription();
+    void BuildDocument();
     void BuildStatus();
     void BuildWindow();
     QList<QWidget*> StatusPanel() const;
@@ -92,9 +89,9 @@ private:
     /// State of the child window as last reported: its own flag is off while a maximised window follows the size of
     /// the area.
     Qt::WindowStates state_;
+    DocumentControls* controls_ = nullptr;
     PictureBox* PbDefGraph = nullptr;
     PictureBox* PbGraph = nullptr;
-    QFrame* LnDescr = nullptr;
     DescriptionBox* TbDescription = nullptr;
     std::array<QLabel*, 3> TbStatHead{};
     QLineEdit* TbStatus = nullptr;
@@ -102,7 +99,6 @@ private:
     QString caption_;
     QSize sized_; ///< set by the program while hidden, when the user can't resize it
     std::optional<bool> imageFromFile_; ///< determines the icon
-    std::optional<std::pair<quint32, quint32>> colours_; ///< background and text as shown
     bool placed_ = false; ///< position set by the document, not the window system
     bool shown_ = false;
     bool unloaded_ = false;

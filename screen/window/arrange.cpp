@@ -42,7 +42,8 @@ void ToggleAutoTile()
 
 void RetileIfAutoTile()
 {
-    if (Program().AutoTile && !TheScreenWindows().ClosingAll && !TheScreenWindows().Batch && WindowCount() > 1)
+    if (Program().AutoTile && !TheScreenWindows().ClosingAll && !TheScreenWindows().Batch
+        && WindowCount(WindowType::Screen) > 1)
         ArrangeWindows(Arrangement::TileHorizontally);
 }
 

@@ -9,7 +9,8 @@ namespace tarvik {
 void ArrangeWindows(Arrangement arrangement);
 void ToggleAutoTile();
 
-/// Call when the number of windows or the available area has changed: tiles more than one window if auto-tile is on.
+/// Call when the number of windows or the available area has changed: tiles more than one child window of the frame if
+/// auto-tile is on.
 void RetileIfAutoTile();
 
 /// Offers windows (see WindowsFor) and stores the selected ones in `Chosen`; a single candidate is selected without a

@@ -146,11 +146,16 @@ void ScreenUnloaded(WindowId id)
 {
     if (!WindowInUse(id))
         return;
+    const bool isChild = WindowTypeOf(id) == WindowType::Screen;
     ViewDrop(id);
-    ScreenFree(id);
+    PictureFree(id);
     WindowFreeSlot(id);
-    if (!TheScreenWindows().Batch)
+    if (TheScreenWindows().Batch)
+        return;
+    if (isChild)
         UpdateAfterClosing();
+    else if (WindowCount() == 0) // the frame's windows don't move when a data set closes
+        StatusSetId(TextId::PressF1ForHelp);
 }
 
 void UpdateAfterClosing()

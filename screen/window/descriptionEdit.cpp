@@ -56,7 +56,7 @@ void RefitPicture(WindowId id, ScreenView& view)
 
 void DescrSetVisible(bool visible, WindowId id)
 {
-    const ScreenView* view = ViewOf(id);
+    ScreenView* view = ViewOf(id);
     if (!WindowInUse(id) || view == nullptr)
         return;
     if (visible && view->State() == WinState::Maximised) {
@@ -67,6 +67,7 @@ void DescrSetVisible(bool visible, WindowId id)
     if (view->State() == WinState::Minimised)
         return;
     DescrResize(id);
+    RefitPicture(id, *view); // in a window that can't become higher
     DrawScreenWindow(id);
 }
 

@@ -9,7 +9,6 @@
 #include "app/text/lang.h"
 #include "app/text/textId.h"
 #include "link/connection/connect.h"
-#include "screen/bitmap/stretch.h"
 #include "screen/document/color.h"
 #include "screen/document/compose.h"
 #include "screen/document/description.h"
@@ -44,24 +43,28 @@ QSize RequestedSize(WindowId id, const ScreenView& view)
     return { placement.RequestedWidth, placement.RequestedHeight };
 }
 
-QSize MasterSize(WindowId id)
+QSize OwnSize(WindowId id)
 {
-    const ScreenRecord* record = ScreenOf(id);
-    return record == nullptr ? QSize() : record->Master.size();
+    const DocumentPicture* picture = PictureOf(id);
+    return picture == nullptr ? QSize() : picture->OwnSize();
 }
 
+/// The background and the text of a screen have these colours regardless of the settings, and they become the defaults.
 void ForceColours(WindowId id)
 {
+    if (ScreenOf(id) == nullptr)
+        return;
     ColorStore(kDocumentBackground, id, ColourBackground);
     ColorStore(kInk, id, ColourText);
     ColorStore(kInk, id, ColourForeground);
 }
 
-/// Draws what is around the picture.
+/// Draws what is around the picture. Pictures from files and data sets keep their names as captions.
 void DrawRest(WindowId id, ScreenView& view)
 {
-    if (!WindowIsFileImage(id))
-        view.SetCaption(WindowTitle(id, ScreenOf(id)->Date));
+    const ScreenRecord* screen = ScreenOf(id);
+    if (screen != nullptr && !WindowIsFileImage(id))
+        view.SetCaption(WindowTitle(id, screen->Date));
     view.SetIcon(WindowIsFileImage(id));
     StatusFill(id);
     StatusColours(id);
@@ -179,7 +182,7 @@ void FitWindow(WindowId id)
         return;
     if (view->State() == WinState::Normal) {
         const QSize client = view->ClientSize();
-        const QSize fitted = FitClient({ MasterSize(id), client, view->GraphSize(), DescrHeight(id), StatusHeight(id),
+        const QSize fitted = FitClient({ OwnSize(id), client, view->GraphSize(), DescrHeight(id), StatusHeight(id),
             TheScreenWindows().Arranging });
         if (fitted != client)
             view->SetClientSize(fitted);
@@ -190,36 +193,31 @@ void FitWindow(WindowId id)
     DrawScreenWindow(id);
 }
 
-QImage ScreenPicture(WindowId id, QSize size)
-{
-    const ScreenRecord* record = ScreenOf(id);
-    if (record == nullptr)
-        return {};
-    QImage graph = Stretch(record->Master, size);
-    if (record->PalNr == PaletteNumber::BlackAndWhite)
-        ConvertToBlackAndWhite(graph);
-    return graph;
-}
-
 QImage DrawnPicture(WindowId id, QSize devicePixels)
 {
-    const ScreenRecord* record = ScreenOf(id);
-    return record != nullptr && record->Graph.size() == devicePixels ? record->Graph : ScreenPicture(id, devicePixels);
+    const DocumentPicture* picture = PictureOf(id);
+    if (picture == nullptr)
+        return {};
+    if (picture->Graph.size() == devicePixels)
+        return picture->Graph;
+    const ScreenView* view = ViewOf(id);
+    const int width = view == nullptr ? 0 : view->GraphSize().width();
+    return picture->Draw(devicePixels, width == 0 ? 1.0 : static_cast<double>(devicePixels.width()) / width);
 }
 
 void DrawScreenWindow(WindowId id)
 {
-    ScreenRecord* record = ScreenOf(id);
+    DocumentPicture* picture = PictureOf(id);
     ScreenView* view = ViewOf(id);
-    if (record == nullptr || view == nullptr || !WindowAt(id).GraphicsValid)
+    if (picture == nullptr || view == nullptr || !WindowAt(id).GraphicsValid)
         return;
     ScreenStatus(id, TextId::StatusDrawingPicture);
     ForceColours(id);
-    QImage graph = ScreenPicture(id, view->GraphSize());
+    QImage graph = picture->Draw(view->GraphSize(), 1);
     if (graph.isNull()) {
         DebugReport("DrawScreenWindow");
     } else {
-        record->Graph = std::move(graph);
+        picture->Graph = std::move(graph);
         view->GraphChanged();
         DrawRest(id, *view);
     }

@@ -64,10 +64,8 @@ void ApplySize(WindowId id);
 void FitWindow(WindowId id);
 void DrawScreenWindow(WindowId id); ///< ignored before the graphics are valid
 
-/// The document's picture in its palette, scaled to a size; null if memory runs out.
-QImage ScreenPicture(WindowId id, QSize size);
-
-/// As above for the window: reuses the picture drawn last if the size matches.
+/// The document's picture in its palette for a window that is sharp at this size: the one drawn last if it has that
+/// size. Null without a document and if memory runs out.
 QImage DrawnPicture(WindowId id, QSize devicePixels);
 
 /// Client size in pixels in which the picture has its default size, description included.

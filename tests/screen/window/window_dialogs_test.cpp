@@ -173,7 +173,7 @@ TEST_F(PaletteForm, EnterKeepsChoice)
     EXPECT_EQ(Document(id).PalNr, PaletteNumber::BlackAndWhite);
 }
 
-TEST_F(PaletteForm, DoesNotOpenForDiagram)
+TEST_F(PaletteForm, DoesNotOpenForDiagramThatIsNotDrawnYet)
 {
     const WindowSlot slot = WindowAllocate(WindowType::DataSet, WindowSubtype::DataSet);
     WindowInitialise(slot, {}, 0);

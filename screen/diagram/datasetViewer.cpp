@@ -3,6 +3,7 @@
 #include "app/message/message.h"
 #include "app/state/frame.h"
 #include "app/state/statusBar.h"
+#include "app/text/textId.h"
 #include "closed/loader.h"
 #include "link/connection/connect.h"
 #include "screen/diagram/diagram.h"
@@ -99,6 +100,8 @@ bool DatasetShow(const MultiTraceInput& input)
         return false;
     const bool shown = TheDatasetForms()->ShowModal(id, input.Name);
     DropWindow(id);
+    if (WindowCount() == 0)
+        StatusSetId(TextId::PressF1ForHelp); // the dialog has restored the status line
     return shown;
 }
 

@@ -140,7 +140,7 @@ private:
     void PlaceTitle()
     {
         const QString title = metrics_.elidedText(text_.Title, Qt::ElideRight, picture_.width() - 2 * gap_);
-        Add(title, PlaceOf(title, (picture_.width() - WidthOf(title)) / 2, 0));
+        Add(title, PlaceOf(title, (picture_.width() - WidthOf(title)) / 2, gap_ / 2));
     }
 
     /// Centred below the grid lines; those at the ends stay in the picture.
@@ -210,7 +210,7 @@ private:
         const int separator = WidthOf(text_.LegendSeparator);
         const int taken = count * (sampleWidth + gap_) + (count - 1) * separator;
         const int nameWidth = (layout_.Plot.width() - taken) / std::max(count, 1);
-        const int top = lineHeight_ + gap_;
+        const int top = lineHeight_ + gap_ + gap_ / 2;
         int left = layout_.Plot.left();
         for (int at = 0; at < count; ++at) {
             const QRect sample(left, top, sampleWidth, lineHeight_);

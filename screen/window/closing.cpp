@@ -152,10 +152,8 @@ void ScreenUnloaded(WindowId id)
     WindowFreeSlot(id);
     if (TheScreenWindows().Batch)
         return;
-    if (isChild)
+    if (isChild) // the frame's windows don't move when a data set closes
         UpdateAfterClosing();
-    else if (WindowCount() == 0) // the frame's windows don't move when a data set closes
-        StatusSetId(TextId::PressF1ForHelp);
 }
 
 void UpdateAfterClosing()

@@ -123,6 +123,22 @@ TEST_F(DatasetForm, IsNoChildWindowOfTheFrame)
     EXPECT_TRUE(Item("MnFile").isEnabled());
 }
 
+TEST_F(DatasetForm, IsNotArrangedByTheFramesMenu)
+{
+    Run([&](FmDatasetViewer&) {
+        EXPECT_TRUE(TheFrameDocuments()->State().Active);
+        EXPECT_FALSE(TheFrameDocuments()->State().AnyShown);
+        EXPECT_FALSE(TheFrameDocuments()->State().AnyMinimised);
+    });
+}
+
+TEST_F(DatasetForm, LastWindowShowsTheHint)
+{
+    TheFrame()->SetStatusText(QString());
+    Run([](FmDatasetViewer&) {});
+    EXPECT_EQ(TheFrame()->StatusText(), LngStr(11801));
+}
+
 TEST_F(DatasetForm, FormerWindowIsActiveAfterwards)
 {
     const WindowId first = Open();

@@ -61,9 +61,9 @@ TEST_F(Diagrams, SeeAllOfTheirData)
     EXPECT_EQ(diagram->Content.View.XFirst, 30e6);
     EXPECT_EQ(diagram->Content.View.XLast, 1000e6);
     EXPECT_EQ(diagram->Content.View.XStep, 970e6 / 631);
-    EXPECT_EQ(diagram->Content.View.YBottom, double(set.YBottom));
-    EXPECT_EQ(diagram->Content.View.YTop, double(set.YTop));
-    EXPECT_EQ(diagram->Content.View.YStep, double(set.YStep));
+    EXPECT_EQ(diagram->Content.View.YBottom, +set.YBottom);
+    EXPECT_EQ(diagram->Content.View.YTop, +set.YTop);
+    EXPECT_EQ(diagram->Content.View.YStep, +set.YStep);
     EXPECT_FALSE(diagram->Content.View.Flags[0]);
     EXPECT_FALSE(diagram->Content.View.Flags[1]);
 }

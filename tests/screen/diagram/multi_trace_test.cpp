@@ -71,6 +71,7 @@ Points UnevenPoints(int count, double scale)
     return points;
 }
 
+/// Numbers of a set are passed by value, as `+number`: its layout aligns them to four bytes only.
 class MultiTraces : public ProgramTest {
 protected:
     static MultiTraceInput Input(const std::vector<MultiTracePoint>& points, int series)
@@ -297,9 +298,9 @@ TEST_F(MultiTraces, RangeIsThatOfAllSeriesInUse)
     const std::optional<OwnedTraces> traces =
         ConvertTraces(Input({ { 1, { 5, 40, 900 } }, { 2, { -10, 7, 900 } } }, 2));
     ASSERT_TRUE(traces.has_value());
-    EXPECT_DOUBLE_EQ(traces->Set.YBottom, -10);
-    EXPECT_DOUBLE_EQ(traces->Set.YStep, 5);
-    EXPECT_DOUBLE_EQ(traces->Set.YTop, 40);
+    EXPECT_DOUBLE_EQ(+traces->Set.YBottom, -10);
+    EXPECT_DOUBLE_EQ(+traces->Set.YStep, 5);
+    EXPECT_DOUBLE_EQ(+traces->Set.YTop, 40);
     EXPECT_EQ(traces->Set.Traces[2].InUse, 0);
     EXPECT_EQ(traces->Set.Traces[2].Handle, 0U);
 }
@@ -309,27 +310,27 @@ TEST_F(MultiTraces, SinglePointGetsARangeOfOneUnit)
     const std::optional<OwnedTraces> traces = ConvertTraces(Input({ { 85e6, { 7 } } }, 1));
     ASSERT_TRUE(traces.has_value());
     EXPECT_EQ(SamplesOf(traces->Set.Traces[0]), std::vector<double>(630, 7));
-    EXPECT_EQ(traces->Set.XStep, 0);
-    EXPECT_DOUBLE_EQ(traces->Set.YStep, 0.1);
-    EXPECT_EQ(traces->Set.YBottom, 7);
-    EXPECT_DOUBLE_EQ(traces->Set.YTop, 8);
+    EXPECT_EQ(+traces->Set.XStep, 0);
+    EXPECT_DOUBLE_EQ(+traces->Set.YStep, 0.1);
+    EXPECT_EQ(+traces->Set.YBottom, 7);
+    EXPECT_DOUBLE_EQ(+traces->Set.YTop, 8);
 }
 
 TEST_F(MultiTraces, FlatCurveGetsARangeOfOneUnit)
 {
     const std::optional<OwnedTraces> traces = ConvertTraces(Input({ { 1, { -3 } }, { 2, { -3 } }, { 9, { -3 } } }, 1));
     ASSERT_TRUE(traces.has_value());
-    EXPECT_DOUBLE_EQ(traces->Set.YStep, 0.1);
-    EXPECT_DOUBLE_EQ(traces->Set.YTop, -2);
+    EXPECT_DOUBLE_EQ(+traces->Set.YStep, 0.1);
+    EXPECT_DOUBLE_EQ(+traces->Set.YTop, -2);
 }
 
 TEST_F(MultiTraces, FallingXKeepsItsOrder)
 {
     const std::optional<OwnedTraces> traces = ConvertTraces(Input({ { 661, { 1 } }, { 30, { 2 } } }, 1));
     ASSERT_TRUE(traces.has_value());
-    EXPECT_EQ(traces->Set.XFirst, 661);
-    EXPECT_EQ(traces->Set.XLast, 30);
-    EXPECT_DOUBLE_EQ(traces->Set.XStep, -1);
+    EXPECT_EQ(+traces->Set.XFirst, 661);
+    EXPECT_EQ(+traces->Set.XLast, 30);
+    EXPECT_DOUBLE_EQ(+traces->Set.XStep, -1);
     EXPECT_EQ(SamplesOf(traces->Set.Traces[0]).front(), 1);
 }
 

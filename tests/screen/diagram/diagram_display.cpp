@@ -66,16 +66,21 @@ QImage Screen()
     return QGuiApplication::primaryScreen()->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-/// True if a widget on the screen looks like a picture. Where its left top corner is half a pixel away from a pixel of
-/// the scaled desktop, its position is off by one.
+/// True if a widget on the screen looks like a picture. Where its edges are half a pixel away from a pixel of the
+/// scaled desktop, its position is off by one, and the last pixels may be outside the screen.
 bool ShowsPicture(const QWidget& widget, const QImage& picture)
 {
-    const QPoint at = (QPointF(widget.mapToGlobal(QPoint())) * widget.devicePixelRatioF()).toPoint();
+    constexpr int kMostOutside = 2;
+    const QPoint corner = (QPointF(widget.mapToGlobal(QPoint())) * widget.devicePixelRatioF()).toPoint();
     QImage screen = Screen();
     screen.setDevicePixelRatio(1);
-    for (const QPoint off : { QPoint(0, 0), QPoint(1, 0), QPoint(0, 1), QPoint(1, 1) }) {
-        if (screen.copy(QRect(at + off, picture.size())) == picture
-            || screen.copy(QRect(at - off, picture.size())) == picture)
+    for (const QPoint off :
+        { QPoint(0, 0), QPoint(1, 0), QPoint(0, 1), QPoint(-1, 0), QPoint(0, -1), QPoint(-1, -1) }) {
+        const QPoint at = corner + off;
+        const QRect seen = QRect(at, picture.size()) & screen.rect();
+        const QSize outside = picture.size() - seen.size();
+        if (outside.width() <= kMostOutside && outside.height() <= kMostOutside
+            && screen.copy(seen) == picture.copy(seen.translated(-at)))
             return true;
     }
     return false;
@@ -117,8 +122,12 @@ private:
 
     void ExpectPicture(const char* what)
     {
-        const QSize size = (QSizeF(graph_->size()) * graph_->devicePixelRatioF()).toSize();
-        WaitFor([&] { return ShowsPicture(*graph_, DrawnPicture(id_, size)); }, what);
+        WaitFor(
+            [&] {
+                const QSize size = (QSizeF(graph_->size()) * graph_->devicePixelRatioF()).toSize();
+                return ShowsPicture(*graph_, DrawnPicture(id_, size));
+            },
+            what);
     }
 
     /// Opens the pop-up menu and clicks an entry.

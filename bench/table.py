@@ -19,6 +19,8 @@ RATIO = {
     "redraw": 1.8,
     "redraw grey": 1.5,
     "arrange": 1.8,
+    "traces": 0.2,
+    "view": 0.5,
     "read csv": 0.9,
     "write csv": 0.5,
     "read binary": 8.0,
@@ -69,6 +71,13 @@ for display in ("offscreen", "xvfb"):
            screen["bareRedrawGrey"], "ms", "bare widget with that picture in grey")
     compared(f"arrange 100 such windows, {display}", screen["arrange"], "arrange", screen["bareArrange"], "ms",
            "100 bare windows with such widgets")
+
+    diagram = load(f"diagram-{display}")
+    compared(f"three traces of 630 samples at 1600 x 1000, {display}", diagram["traces"], "traces",
+           diagram["bareTraces"], "ms", "antialiased polylines",
+           f"; noise over the whole height {diagram['noise']:.2f} ms")
+    compared(f"diagram of 1000 rows to its painted window, {display}", diagram["view"], "view", diagram["bareView"], "ms",
+           "bare dialog with polylines and labels")
 
 
 def best(*names):

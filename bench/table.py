@@ -20,7 +20,7 @@ RATIO = {
     "redraw grey": 1.5,
     "arrange": 1.8,
     "traces": 0.2,
-    "view": 0.5,
+    "view": 0.8,
     "read csv": 0.9,
     "write csv": 0.5,
     "read binary": 8.0,

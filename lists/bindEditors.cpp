@@ -2,8 +2,12 @@
 
 #include "app/frame/commands.h"
 #include "link/documents/documents.h"
+#include "lists/antenna/FmEditorAntenna.h"
+#include "lists/correction/FmEditorCorrectionSet.h"
 #include "lists/editor/editorGeneral.h"
+#include "lists/kfactor/FmEditorKfactor.h"
 #include "lists/memory/FmEditorMemory.h"
+#include "lists/suppress/FmEditorSuppress.h"
 
 #include <QApplication>
 
@@ -25,7 +29,11 @@ struct EditorForm {
     FileClass ListType;
     void (*Show)();
 };
-constexpr std::array kEditorForms{ EditorForm{ FileClassMemoryList, ShowForm<FmEditorMemory> } };
+constexpr std::array kEditorForms{ EditorForm{ FileClassAntennaList, ShowForm<FmEditorAntenna> },
+    EditorForm{ FileClassKfactorTable, ShowForm<FmEditorKfactor> },
+    EditorForm{ FileClassMemoryList, ShowForm<FmEditorMemory> },
+    EditorForm{ FileClassSuppressList, ShowForm<FmEditorSuppress> },
+    EditorForm{ FileClassCorrectionSet, ShowForm<FmEditorCorrectionSet> } };
 
 class EditorForms final : public ListEditors {
 public:
@@ -37,6 +45,14 @@ public:
     {
         Find(listType)->Show();
     }
+    bool ReadKfactorBand(const QString& path, double& firstHz, double& lastHz) override
+    {
+        if (!LoadKfactorFile(path, Kfactors()))
+            return false;
+        if (FirstKfactorFrequency(Kfactors(), firstHz))
+            LastKfactorFrequency(Kfactors(), lastHz);
+        return true;
+    }
 
 private:
     static decltype(kEditorForms)::const_iterator Find(FileClass listType)
@@ -46,7 +62,11 @@ private:
     }
 };
 
-constexpr std::array kCommands{ CommandBinding{ Command::Editor3, [] { OpenEditor(FileClassMemoryList); } } };
+constexpr std::array kCommands{ CommandBinding{ Command::Editor1, [] { OpenEditor(FileClassAntennaList); } },
+    CommandBinding{ Command::Editor2, [] { OpenEditor(FileClassKfactorTable); } },
+    CommandBinding{ Command::Editor3, [] { OpenEditor(FileClassMemoryList); } },
+    CommandBinding{ Command::Editor4, [] { OpenEditor(FileClassSuppressList); } },
+    CommandBinding{ Command::Editor6, [] { OpenEditor(FileClassCorrectionSet); } } };
 
 class EditedFiles final : public ListFiles {
 public:

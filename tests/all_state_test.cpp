@@ -23,6 +23,7 @@
 #include "link/files/fileList.h"
 #include "link/transfer/transferState.h"
 #include "lists/editor/editorGeneral.h"
+#include "lists/kfactor/kfactorTable.h"
 #include "lists/memory/memoryEntry.h"
 #include "lists/values/limits.h"
 #include "print/printer/printSettings.h"
@@ -256,6 +257,7 @@ const std::vector<StateCase>& Cases()
             [] { return !TheScreenWindows().ClosingAll; } },
         { "Limits", ReadInstrumentLimits, [] { return Limits().FrequencyHz.Max == 0; } },
         { "Editor", [] { Editor().EditorDirty = true; }, [] { return !Editor().EditorDirty; } },
+        { "Kfactors", [] { Kfactors().Count = 1; }, [] { return Kfactors().Count == 0; } },
         { "MemoryEntry", [] { MemoryEntry().Frequency = 1; }, [] { return MemoryEntry().Frequency == 0; } },
         { "ThePrintSettings", [] { ThePrintSettings().Border = false; }, [] { return ThePrintSettings().Border; } },
     };

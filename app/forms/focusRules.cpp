@@ -58,7 +58,7 @@ public:
             return false;
         control_->setFocus(Qt::OtherFocusReason);
         if (reason == Qt::MouseFocusReason)
-            new PressSwallower;
+            SwallowPress();
         return true;
     }
 
@@ -149,6 +149,11 @@ private:
 };
 
 } // namespace
+
+void SwallowPress()
+{
+    new PressSwallower;
+}
 
 void CheckOnLeave(QWidget* control, std::function<bool()> check)
 {

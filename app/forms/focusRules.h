@@ -22,6 +22,10 @@ void SkipLeaveCheck(QWidget* control);
 /// or there is none.
 [[nodiscard]] bool CheckFocused(const QWidget* window);
 
+/// Swallows the mouse press that is being handled, and the context menu that it asks for: of a control that may not get
+/// the focus.
+void SwallowPress();
+
 /// Enter in this text box moves on to the next control, as Tab does.
 void EnterAsTab(QLineEdit* textBox);
 

@@ -1,15 +1,24 @@
 #include "closed/tvfio/suppresslist.h"
 
+#include <tuple>
 #include <utility>
 
 namespace tvfio {
 
 namespace {
 
+/// Included ranges come before excluded ones, any other setting last.
+int RankOfInclude(int16_t include)
+{
+    return include == 1 ? 0 : include == 0 ? 1 : 2;
+}
+
 bool ComesBefore(const SuppressRecord& left, const SuppressRecord& right)
 {
-    return left.StartFrequency != right.StartFrequency ? left.StartFrequency < right.StartFrequency
-                                                       : left.StopFrequency < right.StopFrequency;
+    const auto key = [](const SuppressRecord& range) {
+        return std::tuple(range.StartFrequency, range.StopFrequency, RankOfInclude(range.Include));
+    };
+    return key(left) < key(right);
 }
 
 /// Extends the last range of `merged` with the same setting as `next`, if the two meet.

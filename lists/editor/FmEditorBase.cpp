@@ -1,57 +1,35 @@
 #include "lists/editor/FmEditorBase.h"
 
 #include "app/forms/focusRules.h"
-#include "app/frame/recentFiles.h"
-#include "app/help/help.h"
 #include "app/message/message.h"
 #include "app/text/lang.h"
-#include "app/text/textId.h"
-#include "link/classes/model.h"
 #include "link/classes/textRules.h"
-#include "lists/editor/editorGeneral.h"
 
 #include <QComboBox>
-#include <QDir>
-#include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QScopedValueRollback>
 
 namespace tarvik {
 
-namespace {
-
-constexpr int kExtList = 0;
-constexpr int kExtCsv = 1;
-
-} // namespace
-
-FmEditorBase::FmEditorBase(
-    const EditorFrame& frame, const GridShape& shape, std::vector<GridColumn> columns, QWidget* parent)
-    : FormBase(frame.Name, parent)
-    , frame_(frame)
+FmEditorBase::FmEditorBase(const EditorFrame& frame, const EditorHead& head, const GridShape& shape,
+    std::vector<GridColumn> columns, QWidget* parent)
+    : FmEditorFrame(frame, parent)
 {
-    SetHelpNumber(frame_.HelpNumber);
-    auto* layout = new QGridLayout(this);
-    layout->addWidget(BuildHead(), 0, 0);
-    layout->addWidget(BuildList(shape, std::move(columns)), 1, 0);
-    layout->addWidget(BuildFrameCommands(), 0, 1, 2, 1);
-    layout->setRowStretch(1, 1);
-    layout->setColumnStretch(0, 1);
-    Connect();
+    QWidget* top = BuildHead(head);
+    Arrange(top, BuildList(head, shape, std::move(columns)));
+    ConnectHead();
 }
 
-QWidget* FmEditorBase::BuildHead()
+QWidget* FmEditorBase::BuildHead(const EditorHead& texts)
 {
     auto* head = new QWidget(this);
     auto* layout = new QGridLayout(head);
     layout->setContentsMargins({});
-    QLabel* nameLabel = NewLabel(head, "LbName", { frame_.NameText });
+    QLabel* nameLabel = NewLabel(head, "LbName", { texts.NameText });
     TbName = NewTextBox(head, "TbName", HelpId::EditorName, kTextLength);
-    CbExt = NewCombo(head, "CbExt", HelpId::EditorName);
-    CbExt->setAccessibleName(PlainCaption(LngStr(TextId::ChooseFileType)));
+    QComboBox* format = NewExtCombo(head);
     QLabel* descriptionLabel = NewLabel(head, "LbDescr", {});
     descriptionLabel->setText(LngStr(TextId::DescriptionKeyword) + LngStr(TextId::Colon));
     descriptionLabel->setAccessibleName(PlainCaption(descriptionLabel->text()));
@@ -60,7 +38,7 @@ QWidget* FmEditorBase::BuildHead()
     BindLabel(descriptionLabel, TbDescr);
     layout->addWidget(nameLabel, 0, 0);
     layout->addWidget(TbName, 0, 1);
-    layout->addWidget(CbExt, 0, 2);
+    layout->addWidget(format, 0, 2);
     layout->addWidget(descriptionLabel, 1, 0);
     layout->addWidget(TbDescr, 1, 1);
     layout->setColumnStretch(3, 1);
@@ -68,18 +46,21 @@ QWidget* FmEditorBase::BuildHead()
     return head;
 }
 
-QWidget* FmEditorBase::BuildList(const GridShape& shape, std::vector<GridColumn> columns)
+QWidget* FmEditorBase::BuildList(const EditorHead& texts, const GridShape& shape, std::vector<GridColumn> columns)
 {
-    QGroupBox* list = NewFrame(this, frame_.ListFrameName, { frame_.ListFrameText });
+    auto* row = new QWidget(this);
+    listRow_ = new QHBoxLayout(row);
+    listRow_->setContentsMargins({});
+    QGroupBox* list = NewFrame(row, texts.ListFrameName, { texts.ListFrameText });
+    listRow_->addWidget(list, 1);
     auto* layout = new QVBoxLayout(list);
     grid_ = new EditorGrid(list, *this, shape, std::move(columns));
-    grid_->setObjectName(QStringLiteral("Grid"));
     lastInTabOrder_ = grid_->LastInput();
     commandRow_ = new QHBoxLayout;
     layout->addWidget(grid_);
     layout->addLayout(commandRow_);
     layout->addStretch(1);
-    return list;
+    return row;
 }
 
 void FmEditorBase::AddCommand(QWidget* command)
@@ -94,161 +75,52 @@ void FmEditorBase::AddCommandSpace()
     commandRow_->addStretch(1);
 }
 
-QWidget* FmEditorBase::BuildFrameCommands()
+void FmEditorBase::AddPanel(QWidget* panel)
 {
-    auto* commands = new QWidget(this);
-    auto* layout = new QVBoxLayout(commands);
-    layout->setContentsMargins({});
-    BtNew = NewButton(commands, "BtNew", { TextId::EditorNew, TextId::EditorNewHint });
-    BtOpen = NewButton(commands, "BtOpen", { TextId::EditorOpen, TextId::EditorOpenHint });
-    BtSave = NewButton(commands, "BtSave", { TextId::EditorSave, TextId::EditorSaveHint });
-    BtHelp = NewButton(commands, "BtHelp", { TextId::EditorHelp, TextId::EditorHelpHint });
-    BtClose = NewButton(commands, "BtClose", { TextId::EditorClose, TextId::EditorCloseHint });
-    for (QPushButton* button : { BtNew, BtOpen, BtSave })
-        layout->addWidget(button);
-    layout->addStretch(1);
-    for (QPushButton* button : { BtHelp, BtClose })
-        layout->addWidget(button);
-    // These discard a bad cell or ask first: checking it would only be in the way. Name and description are checked.
-    for (QPushButton* button : { BtNew, BtOpen, BtHelp, BtClose })
-        SkipLeaveCheck(button);
-    return commands;
+    listRow_->addWidget(panel);
+    for (QWidget* control : panel->findChildren<QWidget*>()) {
+        if (!(control->focusPolicy() & Qt::TabFocus))
+            continue;
+        setTabOrder(lastInTabOrder_, control);
+        lastInTabOrder_ = control;
+    }
 }
 
-void FmEditorBase::Connect()
+void FmEditorBase::ConnectHead()
 {
-    connect(BtNew, &QPushButton::clicked, this, &FmEditorBase::OnNew);
-    connect(BtOpen, &QPushButton::clicked, this, &FmEditorBase::OnOpen);
-    connect(BtSave, &QPushButton::clicked, this, &FmEditorBase::Save);
-    connect(BtClose, &QPushButton::clicked, this, &FmEditorBase::OnClose);
-    connect(BtHelp, &QPushButton::clicked, this, &FmEditorBase::OnHelp);
-    connect(TbName, &QLineEdit::textChanged, this, &FmEditorBase::OnHeadChanged);
-    connect(TbDescr, &QLineEdit::textChanged, this, &FmEditorBase::OnHeadChanged);
-    connect(CbExt, &QComboBox::currentIndexChanged, this, &FmEditorBase::OnHeadChanged);
-    for (QLineEdit* textBox : { TbName, TbDescr })
+    for (QLineEdit* textBox : { TbName, TbDescr }) {
+        connect(textBox, &QLineEdit::textChanged, this, &FmEditorBase::OnHeadChanged);
         EnterAsTab(textBox);
+    }
     // An unmodified name is not checked until the list is saved: the field of a new list can be left empty.
     CheckOnEveryLeave(TbName, [this] { return !TbName->isModified() || CheckName(); });
     CheckOnEveryLeave(TbDescr, [this] { return CheckDescription(); });
 }
 
-bool FmEditorBase::OnLoad()
+void FmEditorBase::FocusStart(bool isNew)
 {
-    DialogPush(*this, false);
-    SetEditorType(frame_.ListType);
-    FillCbExt();
-    OnEditorLoad();
-    ShowEmptyList();
-    ShowTitle();
-    ShowButtonTips();
-    const bool isNew = Editor().EditorOpenFile.isEmpty();
-    const bool isOpen = isNew || OpenPath(Editor().EditorOpenFile);
-    Editor().EditorDirty = false;
     if (isNew)
         TbName->setFocus();
     else
         grid_->FocusCurrent();
-    return isOpen;
 }
 
-void FmEditorBase::ShowButtonTips()
-{
-    for (QPushButton* button : findChildren<QPushButton*>())
-        button->setToolTip(PlainTip(LngStr(TextNumber<0>(HelpNumberOf(button)))));
-}
-
-void FmEditorBase::FillCbExt()
-{
-    const QScopedValueRollback filling(filling_, true);
-    CbExt->clear();
-    CbExt->addItem(Editor().ListExtension.toUpper());
-    if (frame_.ListType != FileClassCorrectionSet)
-        CbExt->addItem(LngStr(TextId::CsvExtension));
-}
-
-bool FmEditorBase::QueryUnload()
-{
-    if (!Editor().EditorDirty)
-        return true;
-    const MsgResult answer = MsgYesNoCancel(TextId::SaveList);
-    return answer == MsgResult::Yes ? Save() : answer == MsgResult::No;
-}
-
-void FmEditorBase::OnUnload()
-{
-    Editor().EditorOpenFile.clear();
-}
-
-/// True if no change is lost: none made, saved, or discarded by the user. False if the question is dismissed.
-bool FmEditorBase::SaveChangesFirst()
-{
-    if (!Editor().EditorDirty)
-        return true;
-    const MsgResult answer = MsgYesNo(TextId::SaveList);
-    return answer == MsgResult::Yes ? Save() : answer == MsgResult::No;
-}
-
-bool FmEditorBase::MayLeaveHead()
-{
-    const QWidget* focused = focusWidget();
-    return (focused != TbName && focused != TbDescr) || CheckFocused(this);
-}
-
-void FmEditorBase::OnClose()
-{
-    if (MayLeaveHead())
-        Unload();
-}
-
-void FmEditorBase::OnHelp()
-{
-    if (MayLeaveHead())
-        ShowHelp(frame_.HelpTopic);
-}
-
-void FmEditorBase::OnNew()
-{
-    if (!MayLeaveHead() || !SaveChangesFirst())
-        return;
-    ShowTitle();
-    ShowEmptyList();
-    Editor().EditorDirty = false;
-}
-
-void FmEditorBase::OnOpen()
-{
-    if (!MayLeaveHead() || !SaveChangesFirst())
-        return;
-    const QString path = OpenListDialog(EditorDefaultFolder());
-    if (path.isEmpty())
-        return;
-    OpenPath(path);
-    Editor().EditorDirty = false;
-    RememberFolderOfFile(path);
-}
-
-bool FmEditorBase::OpenPath(const QString& path)
+bool FmEditorBase::ReadFile(const QString& path)
 {
     QString name;
     QString description;
-    bool isRead = false;
-    {
-        const BusyPointer busy(*this);
-        isRead = ReadList(path, name, description);
-    }
-    if (!isRead) {
-        ShowEmptyList();
-        ShowTitle();
+    if (!ReadList(path, name, description))
         return false;
-    }
     ShowHead(name, description);
-    {
-        const QScopedValueRollback filling(filling_, true);
-        CbExt->setCurrentIndex(IsCsvFile(path) ? kExtCsv : kExtList);
-    }
     ShowFromTop();
-    ShowTitle(QFileInfo(path).fileName());
-    RecentFileAdd(path);
+    return true;
+}
+
+bool FmEditorBase::WriteFile(const QString& path)
+{
+    if (!WriteList(path, TbName->text(), TbDescr->text()))
+        return false;
+    grid_->FillRows(true);
     return true;
 }
 
@@ -261,7 +133,7 @@ void FmEditorBase::ShowEmptyList()
 
 void FmEditorBase::ShowHead(const QString& name, const QString& description)
 {
-    const QScopedValueRollback filling(filling_, true);
+    const auto filling = Filling();
     NameInvalid = false;
     for (QLineEdit* textBox : { TbName, TbDescr }) {
         textBox->setText(textBox == TbName ? name : description);
@@ -278,24 +150,6 @@ void FmEditorBase::ShowFromTop()
     OnListShown();
 }
 
-void FmEditorBase::OnHeadChanged()
-{
-    if (filling_)
-        return;
-    ShowTitle();
-    SetDirty();
-}
-
-void FmEditorBase::SetDirty()
-{
-    Editor().EditorDirty = true;
-}
-
-void FmEditorBase::ShowTitle(const QString& fileName)
-{
-    setWindowTitle(EditorTitle(frame_.TitleText, fileName));
-}
-
 QString FmEditorBase::ListName() const
 {
     return TbName->text();
@@ -304,6 +158,12 @@ QString FmEditorBase::ListName() const
 QString FmEditorBase::ListDescription() const
 {
     return TbDescr->text();
+}
+
+bool FmEditorBase::MayLeaveHead()
+{
+    const QWidget* focused = focusWidget();
+    return (focused != TbName && focused != TbDescr) || CheckFocused(this);
 }
 
 bool FmEditorBase::CheckName()
@@ -320,7 +180,7 @@ bool FmEditorBase::CheckDescription()
     return false;
 }
 
-bool FmEditorBase::Validate()
+bool FmEditorBase::ValidateHead()
 {
     if (!CheckName()) {
         TbName->setFocus();
@@ -334,36 +194,17 @@ bool FmEditorBase::Validate()
         MsgOk1(TextId::ListNameMissing, LngStr(ModCaption(CaptionSlot::Noun)));
         return false;
     }
-    return grid_->Commit() && grid_->CheckPage() && ValidateRows();
-}
-
-bool FmEditorBase::Save()
-{
-    if (!Validate())
-        return false;
-    const QString folder = SaveFolderDialog(TbName->text() + CbExt->currentText().toUpper());
-    if (!folder.isEmpty() && WriteTo(folder))
-        return true;
-    ShowTitle();
-    return false;
-}
-
-bool FmEditorBase::WriteTo(const QString& folder)
-{
-    const QString path = ListFilePath(folder, TbName->text(), CbExt->currentText());
-    bool isWritten = false;
-    {
-        const BusyPointer busy(*this);
-        isWritten = WriteList(path, TbName->text(), TbDescr->text());
-    }
-    if (!isWritten)
-        return false;
-    grid_->FillRows(true);
-    ShowTitle(TbName->text() + CbExt->currentText());
-    Editor().EditorDirty = false;
-    RememberFolder(folder);
-    RecentFileAdd(path);
     return true;
+}
+
+bool FmEditorBase::ValidatePage()
+{
+    return grid_->Commit() && grid_->CheckPage();
+}
+
+bool FmEditorBase::Validate()
+{
+    return ValidateHead() && ValidatePage();
 }
 
 void FmEditorBase::CellKeyDown(int column, int key, int shift)

@@ -1,10 +1,8 @@
-// lists/editor/FmEditorBase.h: base of the list editors: name, description and file format of the list, the commands
-// New, Open, Save, Close and Help with their questions, the title and the modified flag.
+// lists/editor/FmEditorBase.h: base of the editors of antenna, K-factor, memory and suppress lists: name and
+// description of the list, and one grid with commands below it.
 #pragma once
 
-#include "app/forms/form.h"
-#include "app/text/textNumber.h"
-#include "link/classes/model.h"
+#include "lists/editor/FmEditorFrame.h"
 #include "lists/editor/editorGrid.h"
 
 class QHBoxLayout;
@@ -12,25 +10,18 @@ class QHBoxLayout;
 namespace tarvik {
 
 /// What differs between editors in the base form.
-struct EditorFrame {
-    const char* Name; ///< class name of the form
-    FileClass ListType;
-    TextNumber<0> TitleText;
-    int HelpNumber; ///< of the form itself
-    int HelpTopic; ///< of the Help button
+struct EditorHead {
     TextNumber<0> NameText; ///< of LbName
     const char* ListFrameName;
     TextNumber<0> ListFrameText;
 };
 
 /// A derived editor adds its commands with `AddCommand` and implements its rows by means of the list modules.
-class FmEditorBase : public FormBase, protected GridRows {
+class FmEditorBase : public FmEditorFrame, protected GridRows {
     Q_OBJECT
 public:
-    FmEditorBase(const EditorFrame& frame, const GridShape& shape, std::vector<GridColumn> columns, QWidget* parent);
-
-    /// The Save button: checks the list, asks for a folder and writes it. True if written.
-    bool Save();
+    FmEditorBase(const EditorFrame& frame, const EditorHead& head, const GridShape& shape,
+        std::vector<GridColumn> columns, QWidget* parent);
 
     /// Forward to the grid; columns and rows count from 0.
     void CellKeyDown(int column, int key, int shift);
@@ -46,31 +37,27 @@ protected:
     /// Writes the rows. They then are as the store keeps them. False after a message.
     virtual bool WriteList(const QString& path, const QString& name, const QString& description) = 0;
 
-    /// Further checks before a save, after name, description and the visible cells.
-    virtual bool ValidateRows()
-    {
-        return true;
-    }
-
-    /// Fills the derived editor's own controls while the form loads.
-    virtual void OnEditorLoad() { }
-
     /// All rows have been replaced or reordered.
     virtual void OnListShown() { }
 
+    /// Name, description, then the cells of the visible rows.
+    bool Validate() override;
+
+    /// The steps of the validation. False after a message, with the focus on the control at fault.
+    [[nodiscard]] bool ValidateHead();
+    [[nodiscard]] bool ValidatePage();
+
     void RowOpened(int) override { }
     void HeaderClicked(int) override { }
-
-    bool OnLoad() final;
-    bool QueryUnload() final;
-    void OnUnload() final;
 
     EditorGrid& Grid()
     {
         return *grid_;
     }
-    QString ListName() const;
+    bool MayLeaveHead() final;
+    QString ListName() const final;
     QString ListDescription() const;
+    void ShowHead(const QString& name, const QString& description);
 
     /// Refills the grid and scrolls to the first row.
     void ShowFromTop();
@@ -80,49 +67,28 @@ protected:
     void AddCommand(QWidget* command);
     void AddCommandSpace();
 
-    void SetDirty();
-
-    /// Checks name or description if it has the focus, for commands that do not check a cell. False keeps the focus
-    /// there.
-    [[nodiscard]] bool MayLeaveHead();
+    /// Adds a panel at the right of the list. In the tab order it is after the commands added so far.
+    void AddPanel(QWidget* panel);
 
 private:
-    QWidget* BuildHead();
-    QWidget* BuildList(const GridShape& shape, std::vector<GridColumn> columns);
-    QWidget* BuildFrameCommands();
-    void Connect();
-    void FillCbExt();
-    void ShowButtonTips();
+    QWidget* BuildHead(const EditorHead& head);
+    QWidget* BuildList(const EditorHead& head, const GridShape& shape, std::vector<GridColumn> columns);
+    void ConnectHead();
 
-    void OnNew();
-    void OnOpen();
-    void OnClose();
-    void OnHelp();
-    void OnHeadChanged();
-    bool OpenPath(const QString& path);
-    void ShowEmptyList();
-    void ShowHead(const QString& name, const QString& description);
-    bool SaveChangesFirst();
-    bool Validate();
+    void ShowEmptyList() final;
+    bool ReadFile(const QString& path) final;
+    bool WriteFile(const QString& path) final;
+    void FocusStart(bool isNew) final;
     bool CheckName();
     bool CheckDescription();
-    void ShowTitle(const QString& fileName = {});
-    bool WriteTo(const QString& folder);
 
-    EditorFrame frame_;
-    bool filling_ = false; // changes of the head are the form's own
     bool NameInvalid = false;
     EditorGrid* grid_ = nullptr;
+    QHBoxLayout* listRow_ = nullptr;
     QHBoxLayout* commandRow_ = nullptr;
     QWidget* lastInTabOrder_ = nullptr; // of the grid and the commands below it
     QLineEdit* TbName = nullptr;
     QLineEdit* TbDescr = nullptr;
-    QComboBox* CbExt = nullptr;
-    QPushButton* BtNew = nullptr;
-    QPushButton* BtOpen = nullptr;
-    QPushButton* BtSave = nullptr;
-    QPushButton* BtClose = nullptr;
-    QPushButton* BtHelp = nullptr;
 };
 
 } // namespace tarvik

@@ -287,8 +287,13 @@ bool CsvCanHold(const CsvHeader& header)
 
 bool CsvSaveFile(const QString& path, const CsvWriter& writer)
 {
+    return CsvSaveBytes(path, writer.Bytes());
+}
+
+bool CsvSaveBytes(const QString& path, QByteArrayView bytes)
+{
     int error = 0;
-    return ReplaceFile(path, writer.Bytes(), &error) || RefuseFile(path, error);
+    return ReplaceFile(path, bytes, &error) || RefuseFile(path, error);
 }
 
 bool CsvReadFile(const QString& path, const std::function<bool(CsvSource&)>& read)

@@ -114,6 +114,7 @@ void CsvWriteHeader(CsvWriter& writer, TextNumber<0> keyword, const CsvHeader& h
 
 /// Replaces `path` whole or not at all. False after 12819 with the file's name.
 [[nodiscard]] bool CsvSaveFile(const QString& path, const CsvWriter& writer);
+[[nodiscard]] bool CsvSaveBytes(const QString& path, QByteArrayView bytes);
 
 /// Loads a file and passes it to `read`, under `CsvGuard`.
 [[nodiscard]] bool CsvReadFile(const QString& path, const std::function<bool(CsvSource&)>& read);

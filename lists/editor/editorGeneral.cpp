@@ -15,7 +15,6 @@
 #include <QFileInfo>
 
 #include <array>
-#include <utility>
 
 namespace tarvik {
 
@@ -40,6 +39,10 @@ public:
         return false;
     }
     void ShowEditor(FileClass) override { }
+    bool ReadKfactorBand(const QString&, double&, double&) override
+    {
+        return false;
+    }
 };
 
 /// Of the file system.
@@ -66,24 +69,34 @@ QStringList OpenFilters()
     return filters;
 }
 
-/// Disables the status bar while an editor is open. Nests, as one editor may open another.
+/// Disables the status bar while an editor is open. An editor that another one opens gets a state of its own, but for
+/// its result.
 class OpenEditorScope {
 public:
     OpenEditorScope()
-        : wasOpen_(std::exchange(Editor().EditorIsOpen, true))
+        : outer_(Editor())
     {
+        EditorState& state = Editor();
+        if (outer_.EditorIsOpen)
+            state.EditorOpenFile.clear();
+        state.EditorIsOpen = true;
         TheFrame()->EnableStatusBar(false);
     }
     ~OpenEditorScope()
     {
-        Editor().EditorIsOpen = wasOpen_;
-        TheFrame()->EnableStatusBar(!wasOpen_);
+        EditorState& state = Editor();
+        state.EditorIsOpen = outer_.EditorIsOpen;
+        if (outer_.EditorIsOpen) {
+            state.EditorDirty = outer_.EditorDirty;
+            state.EditorOpenFile = outer_.EditorOpenFile;
+        }
+        TheFrame()->EnableStatusBar(!outer_.EditorIsOpen);
     }
     OpenEditorScope(const OpenEditorScope&) = delete;
     OpenEditorScope& operator=(const OpenEditorScope&) = delete;
 
 private:
-    bool wasOpen_;
+    EditorState outer_;
 };
 
 } // namespace
@@ -110,9 +123,15 @@ void OpenEditor(FileClass listType)
     if (!IsListType(listType) || !TheListEditors()->HasEditor(listType))
         return;
     ReadInstrumentLimits();
+    const bool isNested = Editor().EditorIsOpen;
+    const FileClass outer = Editor().EditorType;
     SetEditorType(listType);
-    const OpenEditorScope scope;
-    TheListEditors()->ShowEditor(listType);
+    {
+        const OpenEditorScope scope;
+        TheListEditors()->ShowEditor(listType);
+    }
+    if (isNested)
+        SetEditorType(outer);
 }
 
 void SetEditorType(FileClass listType)
@@ -120,6 +139,17 @@ void SetEditorType(FileClass listType)
     ModFileInit(listType);
     Editor().EditorType = listType;
     Editor().ListExtension = ModGetExtension(FileClasses().CurrentFileClass).toLower();
+}
+
+EditorTypeScope::EditorTypeScope(FileClass listType)
+    : outer_(Editor().EditorType)
+{
+    SetEditorType(listType);
+}
+
+EditorTypeScope::~EditorTypeScope()
+{
+    SetEditorType(outer_);
 }
 
 FileClass ListTypeOfFile(const QString& path)

@@ -18,8 +18,9 @@ struct EditorState {
     QString EditorOpenFile; ///< file to open when the editor loads, empty for a new list; cleared on close
     FileClass EditorType = FileClassNone; ///< class of the edited list; see SetEditorType
     QString ListExtension; ///< of that class, in lower case, with its point
-    QString KfactorFileName; ///< result of a nested K-factor editor
+    QString KfactorFileName; ///< result of a nested K-factor editor: name and extension of the file it shows
     QString CorrectionSetFileName; ///< result of a nested correction set editor
+    QString ResultFolder; ///< folder of the file that such a result names
 };
 EditorState& Editor();
 
@@ -34,6 +35,10 @@ public:
     /// Shows the editor of a list type that has one; returns when it is closed.
     virtual void ShowEditor(FileClass listType) = 0;
 
+    /// Reads the K-factor table `path` and gets its first and last frequency, which are unchanged if it is empty. False
+    /// after a message.
+    virtual bool ReadKfactorBand(const QString& path, double& firstHz, double& lastHz) = 0;
+
 protected:
     ~ListEditors() = default;
 };
@@ -41,11 +46,23 @@ protected:
 Port<ListEditors>& TheListEditors(); ///< absent implementation: no editors
 
 /// Reads the limits and shows the editor of a list type, with the frame's status bar disabled. A type without an editor
-/// is ignored.
+/// is ignored. An editor that another one opens starts with a new list and leaves the other's state as it was.
 void OpenEditor(FileClass listType);
 
 /// Makes `listType` the current file class and sets the list extension.
 void SetEditorType(FileClass listType);
+
+/// Edits another list type while it exists, for the file dialogs and the editor of a linked list.
+class EditorTypeScope {
+public:
+    explicit EditorTypeScope(FileClass listType);
+    ~EditorTypeScope();
+    EditorTypeScope(const EditorTypeScope&) = delete;
+    EditorTypeScope& operator=(const EditorTypeScope&) = delete;
+
+private:
+    FileClass outer_;
+};
 
 /// Class of a CSV file by the keyword at its start, ignoring case: 1 to 4, or FileClassUnknown.
 FileClass ListTypeOfFile(const QString& path);

@@ -14,6 +14,8 @@ namespace tarvik {
 
 namespace {
 
+constexpr int kReadOnlyLength = 32767; ///< no limit, as nothing can be typed
+
 /// Rows that a key moves by; 0 for other keys.
 int StepOfKey(int key, int page)
 {
@@ -44,13 +46,24 @@ Qt::Alignment AlignmentOf(CellKind kind)
 
 } // namespace
 
+bool GridRows::IsCellInvalid(int, int) const
+{
+    return false;
+}
+
+bool GridRows::MayLeaveRow(int)
+{
+    return true;
+}
+
 EditorGrid::EditorGrid(QWidget* parent, GridRows& rows, const GridShape& shape, std::vector<GridColumn> columns)
     : QWidget(parent)
     , rows_(rows)
     , shape_(shape)
     , columns_(std::move(columns))
-    , palettes_(MakeCellPalettes(palette(), shape.PlainWindowText))
+    , palettes_(MakeCellPalettes(palette(), { shape.HighlightsRow, shape.PlainWindowText }))
 {
+    setObjectName(QString::fromLatin1(shape_.Name));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     BuildHeaders();
@@ -66,7 +79,8 @@ void EditorGrid::BuildHeaders()
     for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
         const GridColumn& description = columns_[static_cast<size_t>(column)];
         auto* header = new GridHeader(this, description.Sorts);
-        NameControl(header, QStringLiteral("LbHdr%1").arg(column));
+        const QString name = QString::fromLatin1(description.HeaderName);
+        NameControl(header, name.isEmpty() ? QStringLiteral("LbHdr%1").arg(column) : name);
         LngSetCtrl(header, description.HeaderText);
         header->setAccessibleName(PlainCaption(header->text()));
         header->setAlignment(AlignmentOf(description.Kind));
@@ -92,7 +106,7 @@ void EditorGrid::BuildRow(int index)
         if (columns_[static_cast<size_t>(column)].Kind != CellKind::RowLabel)
             control->setPalette(palettes_.front());
         placeOf_.insert(control, static_cast<int>(cells_.size()));
-        cells_.push_back({ control, index, column, CellState::Plain });
+        cells_.push_back({ control, dynamic_cast<GridTextCell*>(control), index, column, CellState::Plain });
     }
 }
 
@@ -107,24 +121,41 @@ QWidget* EditorGrid::BuildCell(int index, int column)
             check, &QCheckBox::toggled, this, [this, index, column](bool checked) { OnCheck(index, column, checked); });
         return check;
     }
+    if (description.Kind == CellKind::Lines)
+        return BuildLines(index, column);
     auto* text = new GridText(this);
     text->setAlignment(AlignmentOf(description.Kind));
     if (!HasInput(column)) {
         text->setReadOnly(true);
         text->setFocusPolicy(Qt::NoFocus);
+        text->SetLimit(kReadOnlyLength);
         return text;
     }
-    text->setMaxLength(description.MaxLength);
+    text->SetLimit(LengthOfCell(description, index));
     description.Kind == CellKind::Number ? LimitToNumber(text) : LimitToAnsi(text);
     connect(text, &QLineEdit::textChanged, this,
         [this, index, column](const QString& changed) { OnText(index, column, changed); });
     return text;
 }
 
+QWidget* EditorGrid::BuildLines(int index, int column)
+{
+    auto* lines = new GridLines(this);
+    lines->SetLimit(LengthOfCell(columns_[static_cast<size_t>(column)], index));
+    connect(lines, &GridLines::Edited, this,
+        [this, index, column](const QString& changed) { OnText(index, column, changed); });
+    return lines;
+}
+
+int EditorGrid::LengthOfCell(const GridColumn& column, int index) const
+{
+    return index < shape_.VisibleRows - column.ShortCells ? column.MaxLength : column.ShortLength;
+}
+
 void EditorGrid::BuildScrollBar()
 {
     VScroll1 = new QScrollBar(Qt::Vertical, this);
-    NameControl(VScroll1, QStringLiteral("VScroll1"));
+    NameControl(VScroll1, QString::fromLatin1(shape_.ScrollBarName));
     SetControlHelp(VScroll1, shape_.CellHelp);
     VScroll1->setRange(0, shape_.Rows - shape_.VisibleRows);
     VScroll1->setPageStep(shape_.VisibleRows);
@@ -141,6 +172,11 @@ bool EditorGrid::HasInput(int column) const
 }
 
 EditorGrid::Cell& EditorGrid::CellAt(int index, int column)
+{
+    return cells_[static_cast<size_t>(index) * columns_.size() + static_cast<size_t>(column)];
+}
+
+const EditorGrid::Cell& EditorGrid::CellAt(int index, int column) const
 {
     return cells_[static_cast<size_t>(index) * columns_.size() + static_cast<size_t>(column)];
 }
@@ -194,12 +230,7 @@ void EditorGrid::FillCell(Cell& cell, bool used)
         static_cast<QCheckBox*>(cell.Control)->setChecked(used && rows_.IsCellChecked(row, cell.Column));
         break;
     default:
-        auto* textBox = static_cast<QLineEdit*>(cell.Control);
-        const QString text = rows_.CellText(row, cell.Column);
-        if (textBox->text() != text)
-            textBox->setText(text);
-        if (!textBox->hasFocus())
-            textBox->setCursorPosition(0);
+        cell.Input->SetText(rows_.CellText(row, cell.Column));
         break;
     }
 }
@@ -214,15 +245,21 @@ void EditorGrid::RefreshCells(int row, const std::vector<int>& columns)
         FillCell(CellAt(index, column), rows_.IsRowUsed(row));
 }
 
+CellState EditorGrid::StateOf(const Cell& cell) const
+{
+    const int row = topRow_ + cell.Index;
+    if (cell.Control == focused_)
+        return CellState::Focused;
+    if (rows_.IsCellInvalid(row, cell.Column))
+        return CellState::Invalid;
+    return shape_.HighlightsRow && row == currentRow_ ? CellState::CurrentRow : CellState::Plain;
+}
+
 void EditorGrid::ColourCell(Cell& cell)
 {
     if (columns_[static_cast<size_t>(cell.Column)].Kind == CellKind::RowLabel)
         return;
-    CellState state = CellState::Plain;
-    if (shape_.HighlightsRow && topRow_ + cell.Index == currentRow_)
-        state = CellState::CurrentRow;
-    if (cell.Control == focused_)
-        state = CellState::Focused;
+    const CellState state = StateOf(cell);
     if (state == cell.State)
         return;
     cell.State = state;
@@ -252,14 +289,16 @@ bool EditorGrid::CellKeyDown(int column, int key, int)
     if (step == 0)
         return false;
     const int target = std::clamp(currentRow_ + step, 0, shape_.Rows - 1);
-    if (target == currentRow_ || !Commit())
+    if (target == currentRow_ || !Commit() || !rows_.MayLeaveRow(currentRow_))
         return true;
-    if (target < topRow_)
-        ScrollTo(target);
-    else if (target >= topRow_ + shape_.VisibleRows)
-        ScrollTo(target - shape_.VisibleRows + 1);
-    CellSetFocus(target, column);
+    GoTo(target, column);
     return true;
+}
+
+void EditorGrid::GoTo(int row, int column)
+{
+    ScrollIntoView(row);
+    CellSetFocus(row, column);
 }
 
 void EditorGrid::CellSetFocus(int row, int column)
@@ -267,11 +306,11 @@ void EditorGrid::CellSetFocus(int row, int column)
     const int index = IndexOfRow(row);
     if (index < 0 || !HasInput(column))
         return;
-    QWidget* control = CellAt(index, column).Control;
-    control->setFocus(Qt::OtherFocusReason);
+    const Cell& cell = CellAt(index, column);
+    cell.Control->setFocus(Qt::OtherFocusReason);
     SetCurrent(row, column);
-    if (auto* textBox = qobject_cast<QLineEdit*>(control))
-        textBox->selectAll();
+    if (cell.Input != nullptr)
+        cell.Input->SelectAll();
 }
 
 bool EditorGrid::Commit()
@@ -304,16 +343,19 @@ bool EditorGrid::CheckPage()
 bool EditorGrid::CheckVisibleCell(int index, int column)
 {
     const int row = topRow_ + index;
-    auto* textBox = qobject_cast<QLineEdit*>(CellAt(index, column).Control);
-    QString text = textBox == nullptr ? QString() : textBox->text();
-    if (textBox != nullptr && rows_.IsRowUsed(row) && !rows_.CheckCell(row, column, text))
+    Cell& cell = CellAt(index, column);
+    if (cell.Input == nullptr)
+        return true;
+    QString text = cell.Input->Text();
+    if (rows_.IsRowUsed(row) && !rows_.CheckCell(row, column, text))
         return false;
     if (row == pendingRow_ && column == pendingColumn_)
         pendingRow_ = -1;
-    if (textBox == nullptr || textBox->text() == text)
+    ColourCell(cell);
+    if (cell.Input->Text() == text)
         return true;
     const QScopedValueRollback filling(filling_, true);
-    textBox->setText(text);
+    cell.Input->SetText(text);
     return true;
 }
 
@@ -324,6 +366,14 @@ void EditorGrid::OnText(int index, int column, const QString& text)
     pendingRow_ = topRow_ + index;
     pendingColumn_ = column;
     rows_.TextChanged(topRow_ + index, column, text);
+    ColourRow(index);
+}
+
+QString EditorGrid::TextInCell(int row, int column) const
+{
+    const int index = IndexOfRow(row);
+    const GridTextCell* input = index < 0 ? nullptr : CellAt(index, column).Input;
+    return input == nullptr ? QString() : input->Text();
 }
 
 void EditorGrid::OnCheck(int index, int column, bool checked)
@@ -362,12 +412,29 @@ void EditorGrid::ScrollToTop()
     VScroll1->setValue(0);
 }
 
+void EditorGrid::ShowText(int row, int column, const QString& text)
+{
+    const QScopedValueRollback filling(filling_, true);
+    if (const int index = IndexOfRow(row); index >= 0)
+        CellAt(index, column).Input->SetText(text);
+}
+
+void EditorGrid::TurnPage(bool up)
+{
+    VScroll1->setValue(VScroll1->value() + (up ? -shape_.VisibleRows : shape_.VisibleRows));
+}
+
 void EditorGrid::ShowCurrentRow()
 {
-    if (currentRow_ < topRow_)
-        ScrollTo(currentRow_);
-    else if (currentRow_ >= topRow_ + shape_.VisibleRows)
-        ScrollTo(currentRow_ - shape_.VisibleRows + 1);
+    ScrollIntoView(currentRow_);
+}
+
+void EditorGrid::ScrollIntoView(int row)
+{
+    if (row < topRow_)
+        ScrollTo(row);
+    else if (row >= topRow_ + shape_.VisibleRows)
+        ScrollTo(row - shape_.VisibleRows + 1);
 }
 
 void EditorGrid::ResetCurrent()

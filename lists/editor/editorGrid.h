@@ -17,7 +17,8 @@ enum class CellKind {
     RowLabel, ///< the row's number
     Check, ///< a check box without text
     Text,
-    Number ///< right-aligned text
+    Number, ///< right-aligned text
+    Lines ///< text of several lines
 };
 
 /// A column; its index in the list of columns is its number.
@@ -28,15 +29,22 @@ struct GridColumn {
     int MaxLength; ///< characters that can be typed; 0: read-only
     int WidthDigits; ///< width in digits of the font; the last column takes the rest
     bool Sorts = false; ///< its header can be clicked
+    const char* HeaderName = nullptr; ///< name of its header; null: LbHdr with the column's number
+    int ShortCells = 0; ///< the cells of this many visible rows, from the last, take only `ShortLength` characters
+    int ShortLength = 0;
 };
 
 struct GridShape {
     int Rows;
     int FirstLabel = 0; ///< label of row 0
     int VisibleRows = 20;
+    int LinesPerRow = 1; ///< lines of text that a row shows
     bool HighlightsRow = false; ///< the current row has its own colour
     bool PlainWindowText = false; ///< plain cells use the window-text instead of the button-text colour
+    bool IgnoresWheel = false; ///< the form handles the wheel, see `TurnPage`
     int CellHelp = 0; ///< help number of headers and cells
+    const char* Name = "Grid";
+    const char* ScrollBarName = "VScroll1";
 };
 
 /// Contents and reactions of a grid, implemented by the editor.
@@ -55,6 +63,13 @@ public:
     /// The focus leaves a cell of a used row: checks `text`, stores it and sets it to what the cell shows. False, after
     /// a message, keeps the focus.
     virtual bool CheckCell(int row, int column, QString& text) = 0;
+
+    /// An invalid cell has its own colour.
+    virtual bool IsCellInvalid(int row, int column) const;
+
+    /// Another row is about to become the current one. False, after a message, refuses; the implementation moves the
+    /// focus to what is wrong.
+    virtual bool MayLeaveRow(int row);
 
     virtual void RowSelected(int row) = 0;
     virtual void RowOpened(int row) = 0; ///< double click
@@ -90,6 +105,9 @@ public:
     /// Moves the focus to a visible cell and selects its text. Columns without input are ignored.
     void CellSetFocus(int row, int column);
 
+    /// As above, with the row scrolled into view.
+    void GoTo(int row, int column);
+
     /// Checks the cell that is being edited. False keeps the focus there.
     [[nodiscard]] bool Commit();
 
@@ -99,6 +117,15 @@ public:
 
     /// Checks the visible cells of used rows, top down. False with the focus on the first bad one.
     [[nodiscard]] bool CheckPage();
+
+    /// Text of a cell of a visible row, as it is typed; empty for other rows and check boxes.
+    QString TextInCell(int row, int column) const;
+
+    /// Shows a text in a cell of a visible row, as long as it has not been stored.
+    void ShowText(int row, int column, const QString& text);
+
+    /// Moves the view by a page.
+    void TurnPage(bool up);
 
     /// Refills these cells of a row, if it is visible.
     void RefreshCells(int row, const std::vector<int>& columns);
@@ -135,6 +162,7 @@ protected:
 private:
     struct Cell {
         QWidget* Control = nullptr;
+        GridTextCell* Input = nullptr; ///< the control; null for a row label or check box
         int Index = 0; ///< visible row
         int Column = 0;
         CellState State = CellState::Plain;
@@ -143,6 +171,8 @@ private:
     void BuildHeaders();
     void BuildRow(int index);
     QWidget* BuildCell(int index, int column);
+    QWidget* BuildLines(int index, int column);
+    int LengthOfCell(const GridColumn& column, int index) const;
     void BuildScrollBar();
     void LayOut();
     int RowHeightPx() const;
@@ -151,10 +181,12 @@ private:
 
     Cell& CellAt(int index, int column);
     Cell* CellOf(const QObject* control);
+    const Cell& CellAt(int index, int column) const;
     int IndexOfRow(int row) const; ///< visible row, or -1
     bool HasInput(int column) const;
     QString CellName(int index, int column) const;
 
+    CellState StateOf(const Cell& cell) const;
     void FillCell(Cell& cell, bool used);
     void ColourCell(Cell& cell);
     void ColourRow(int index);
@@ -164,9 +196,11 @@ private:
     void OnText(int index, int column, const QString& text);
     void OnCheck(int index, int column, bool checked);
     void ScrollTo(int topRow);
+    void ScrollIntoView(int row);
     bool OnCellEvent(Cell& cell, QEvent* event);
     bool OnScrollBarEvent(const QEvent* event);
     bool OnCellKey(const Cell& cell, const QKeyEvent* event);
+    bool OnFocusIn(Cell& cell, Qt::FocusReason reason);
     bool OnRowClicked(const Cell& cell);
     bool OnDoubleClick(const Cell& cell);
 

@@ -2,17 +2,26 @@
 
 #include "app/forms/darkColor.h"
 
+#include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QStyleOptionButton>
 #include <QStyleOptionHeader>
 #include <QStylePainter>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QWheelEvent>
+
+#include <algorithm>
 
 namespace tarvik {
 
 namespace {
 
 constexpr QRgb kCurrentRowColour = 0xFFBBBB55;
-constexpr QRgb kFocusedColour = 0xFFEEEE88;
+constexpr QRgb kFocusedInRowColour = 0xFFEEEE88;
+constexpr QRgb kFocusedColour = 0xFFDDDD77;
+constexpr QRgb kInvalidColour = 0xFFDD7777;
 constexpr int kTextMarginPx = 5;
 constexpr int kEditMarginPx = 2; ///< built into QLineEdit
 
@@ -25,10 +34,10 @@ QPalette CellPalette(QPalette palette, const QColor& background, const QColor& t
     return palette;
 }
 
-/// The system's text colour if it is dark, else black.
-QColor TextOnFixedBackground(const QPalette& palette)
+/// The system's colour if it is dark, else black.
+QColor TextOnFixedBackground(const QPalette& palette, QPalette::ColorRole role)
 {
-    const QColor text = palette.color(QPalette::Active, QPalette::Text);
+    const QColor text = palette.color(QPalette::Active, role);
     return IsDark(text) ? text : QColor(Qt::black);
 }
 
@@ -47,13 +56,18 @@ QPalette IndicatorPalette(QPalette cell, const QPalette& system)
 
 } // namespace
 
-CellPalettes MakeCellPalettes(const QPalette& palette, bool plainWindowText)
+CellPalettes MakeCellPalettes(const QPalette& palette, const CellColours& colours)
 {
-    const QColor plainText = palette.color(QPalette::Active, plainWindowText ? QPalette::Text : QPalette::ButtonText);
-    const QColor text = TextOnFixedBackground(palette);
-    return { CellPalette(palette, palette.color(QPalette::Active, QPalette::Base), plainText),
-        CellPalette(palette, QColor::fromRgb(kCurrentRowColour), text),
-        CellPalette(palette, QColor::fromRgb(kFocusedColour), text) };
+    const auto fixed = [&palette](QRgb background, QPalette::ColorRole text) {
+        return CellPalette(palette, QColor::fromRgb(background), TextOnFixedBackground(palette, text));
+    };
+    const QPalette::ColorRole plainText = colours.PlainWindowText ? QPalette::Text : QPalette::ButtonText;
+    return { CellPalette(
+                 palette, palette.color(QPalette::Active, QPalette::Base), palette.color(QPalette::Active, plainText)),
+        fixed(kCurrentRowColour, QPalette::Text),
+        colours.HighlightsRow ? fixed(kFocusedInRowColour, QPalette::Text)
+                              : fixed(kFocusedColour, QPalette::ButtonText),
+        fixed(kInvalidColour, QPalette::ButtonText) };
 }
 
 GridText::GridText(QWidget* parent)
@@ -62,6 +76,32 @@ GridText::GridText(QWidget* parent)
     setFrame(false);
     setTextMargins(kTextMarginPx - kEditMarginPx, 0, kTextMarginPx - kEditMarginPx, 0);
     setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+QString GridText::Text() const
+{
+    return text();
+}
+
+void GridText::SetText(const QString& shown)
+{
+    if (text() != shown) {
+        setMaxLength(std::max(limit_, static_cast<int>(shown.size()))); // else it would be cut
+        setText(shown);
+    }
+    if (!hasFocus())
+        setCursorPosition(0);
+}
+
+void GridText::SelectAll()
+{
+    selectAll();
+}
+
+void GridText::SetLimit(int length)
+{
+    limit_ = length;
+    setMaxLength(length);
 }
 
 void GridText::paintEvent(QPaintEvent* event)
@@ -75,6 +115,85 @@ void GridText::paintEvent(QPaintEvent* event)
     painter.setPen(palette().color(QPalette::Text));
     const QRect area = rect().adjusted(kTextMarginPx, 0, -kTextMarginPx, 0);
     painter.drawText(area, int(alignment()) | Qt::TextSingleLine, text());
+}
+
+GridLines::GridLines(QWidget* parent)
+    : QPlainTextEdit(parent)
+{
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setTabChangesFocus(true);
+    setAcceptDrops(false);
+    document()->setDocumentMargin(kTextMarginPx - 1);
+    setViewportMargins(0, 0, 0, kTextMarginPx - 1); // no part of a further line
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
+    connect(this, &QPlainTextEdit::textChanged, this, [this] { Q_EMIT Edited(Text()); });
+}
+
+QString GridLines::Text() const
+{
+    return document()->toRawText().replace(QChar::ParagraphSeparator, u' ');
+}
+
+void GridLines::SetText(const QString& text)
+{
+    if (Text() != text)
+        setPlainText(text);
+    if (!hasFocus())
+        moveCursor(QTextCursor::Start);
+}
+
+void GridLines::SelectAll()
+{
+    selectAll();
+}
+
+void GridLines::SetLimit(int length)
+{
+    limit_ = length;
+}
+
+bool GridLines::IsCaretInFirstLine() const
+{
+    QTextCursor caret = textCursor();
+    return !caret.movePosition(QTextCursor::Up);
+}
+
+bool GridLines::IsCaretInLastLine() const
+{
+    QTextCursor caret = textCursor();
+    return !caret.movePosition(QTextCursor::Down);
+}
+
+/// Characters that can be inserted, over the selection if there is one.
+int GridLines::Room() const
+{
+    const QTextCursor caret = textCursor();
+    const auto selected = caret.selectionEnd() - caret.selectionStart();
+    return std::max(0, limit_ - static_cast<int>(Text().size()) + selected);
+}
+
+void GridLines::insertFromMimeData(const QMimeData* source)
+{
+    insertPlainText(source->text().simplified().left(Room()));
+}
+
+void GridLines::keyPressEvent(QKeyEvent* event)
+{
+    const QString typed = event->text();
+    const bool isCharacter = !typed.isEmpty() && typed.front().isPrint();
+    if (isCharacter && Room() < typed.size())
+        return;
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+/// The grid turns its pages; the caret scrolls the text.
+void GridLines::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
 }
 
 GridCheck::GridCheck(QWidget* parent)

@@ -4,29 +4,87 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 
 #include <array>
 
 namespace tarvik {
 
-/// Selects the colours of a cell. The backgrounds of CurrentRow and Focused are fixed and light.
-enum class CellState { Plain, CurrentRow, Focused };
-inline constexpr int kCellStates = 3;
+/// Selects the colours of a cell. All backgrounds but that of Plain are fixed and light.
+enum class CellState { Plain, CurrentRow, Focused, Invalid };
+inline constexpr int kCellStates = 4;
 using CellPalettes = std::array<QPalette, kCellStates>;
 
-/// Palettes by state, derived from the system's `palette`: plain cells with button-text (with `plainWindowText`:
-/// window-text) colour on the base colour; the others with window-text colour on BB BB 55 and EE EE 88. If the system's
-/// text is light, text on these two is black.
-CellPalettes MakeCellPalettes(const QPalette& palette, bool plainWindowText);
+/// Which colours the cells of a grid have.
+struct CellColours {
+    bool HighlightsRow = false; ///< EE EE 88 and window text instead of DD DD 77 and button text for the focused cell
+    bool PlainWindowText = false; ///< window text instead of button text for plain cells
+};
 
-/// Text cell.
-class GridText final : public QLineEdit {
+/// Palettes by state, derived from the system's `palette`: plain cells on the base colour, the current row BB BB 55,
+/// invalid cells DD 77 77. If the system's text is light, text on a fixed background is black.
+CellPalettes MakeCellPalettes(const QPalette& palette, const CellColours& colours);
+
+/// A cell that shows text.
+class GridTextCell {
+public:
+    virtual QString Text() const = 0;
+
+    /// The cell shows the beginning of the text unless it has the focus.
+    virtual void SetText(const QString& text) = 0;
+    virtual void SelectAll() = 0;
+
+    /// Characters that can be typed. A longer text that has been set is kept.
+    virtual void SetLimit(int length) = 0;
+
+protected:
+    ~GridTextCell() = default;
+};
+
+/// Text cell of one line.
+class GridText final : public QLineEdit, public GridTextCell {
     Q_OBJECT
 public:
     explicit GridText(QWidget* parent);
 
+    QString Text() const override;
+    void SetText(const QString& text) override;
+    void SelectAll() override;
+    void SetLimit(int length) override;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    int limit_ = 0;
+};
+
+/// Text cell that wraps one paragraph over several lines and scrolls with the caret. Line ends become blanks.
+class GridLines final : public QPlainTextEdit, public GridTextCell {
+    Q_OBJECT
+public:
+    explicit GridLines(QWidget* parent);
+
+    QString Text() const override;
+    void SetText(const QString& text) override;
+    void SelectAll() override;
+    void SetLimit(int length) override;
+
+    bool IsCaretInFirstLine() const;
+    bool IsCaretInLastLine() const;
+
+Q_SIGNALS:
+    void Edited(const QString& text);
+
+protected:
+    void insertFromMimeData(const QMimeData* source) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    int Room() const;
+
+    int limit_ = 0;
 };
 
 /// Check box cell: the box is centred, the whole cell can be clicked.

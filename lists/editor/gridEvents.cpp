@@ -1,6 +1,8 @@
 // Events and layout of the grid.
 #include "lists/editor/editorGrid.h"
 
+#include "app/forms/focusRules.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -26,6 +28,15 @@ bool IsFocusMoved(const QEvent* event)
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
 }
 
+/// Up and Down move within the lines of a cell before they leave it.
+bool MovesInLines(const QWidget* control, int key)
+{
+    const auto* lines = qobject_cast<const GridLines*>(control);
+    return lines != nullptr
+        && ((key == Qt::Key_Up && !lines->IsCaretInFirstLine())
+            || (key == Qt::Key_Down && !lines->IsCaretInLastLine()));
+}
+
 } // namespace
 
 bool EditorGrid::eventFilter(QObject* watched, QEvent* event)
@@ -40,9 +51,7 @@ bool EditorGrid::OnCellEvent(Cell& cell, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::FocusIn:
-        focused_ = cell.Control;
-        SetCurrent(topRow_ + cell.Index, cell.Column);
-        return false;
+        return OnFocusIn(cell, static_cast<QFocusEvent*>(event)->reason());
     case QEvent::FocusOut:
         if (IsFocusMoved(event)) {
             focused_ = nullptr;
@@ -58,6 +67,22 @@ bool EditorGrid::OnCellEvent(Cell& cell, QEvent* event)
     default:
         return false;
     }
+}
+
+/// The user goes to another row, by mouse or Tab. True if the current one may not be left.
+bool EditorGrid::OnFocusIn(Cell& cell, Qt::FocusReason reason)
+{
+    const int row = topRow_ + cell.Index;
+    const bool byUser = reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason
+        || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+    if (byUser && row != currentRow_ && !rows_.MayLeaveRow(currentRow_)) {
+        if (reason == Qt::MouseFocusReason)
+            SwallowPress();
+        return true;
+    }
+    focused_ = cell.Control;
+    SetCurrent(row, cell.Column);
+    return false;
 }
 
 /// Swallows the press or wheel that would scroll away from a bad cell: the bar would lose the release to the message,
@@ -79,13 +104,15 @@ bool EditorGrid::OnScrollBarEvent(const QEvent* event)
 bool EditorGrid::OnCellKey(const Cell& cell, const QKeyEvent* event)
 {
     const Qt::KeyboardModifiers others = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    return others == Qt::NoModifier && CellKeyDown(cell.Column, event->key(), event->modifiers().toInt());
+    if (others != Qt::NoModifier || MovesInLines(cell.Control, event->key()))
+        return false;
+    return CellKeyDown(cell.Column, event->key(), event->modifiers().toInt());
 }
 
 bool EditorGrid::OnRowClicked(const Cell& cell)
 {
     const int row = topRow_ + cell.Index; // before Commit, which may scroll
-    if (MayLeaveFocus())
+    if (MayLeaveFocus() && (row == currentRow_ || rows_.MayLeaveRow(currentRow_)))
         CellSetFocus(row, currentColumn_);
     return true;
 }
@@ -108,6 +135,10 @@ void EditorGrid::keyPressEvent(QKeyEvent* event)
 
 void EditorGrid::wheelEvent(QWheelEvent* event)
 {
+    if (shape_.IgnoresWheel) {
+        event->ignore();
+        return;
+    }
     constexpr int kWheelNotch = 120; // eighths of a degree
     const int rows = QApplication::wheelScrollLines();
     wheelDelta_ += event->angleDelta().y() * rows;
@@ -120,7 +151,7 @@ void EditorGrid::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        palettes_ = MakeCellPalettes(palette(), shape_.PlainWindowText);
+        palettes_ = MakeCellPalettes(palette(), { shape_.HighlightsRow, shape_.PlainWindowText });
         for (const Cell& cell : cells_) {
             if (columns_[static_cast<size_t>(cell.Column)].Kind != CellKind::RowLabel)
                 cell.Control->setPalette(palettes_[static_cast<size_t>(cell.State)]);
@@ -151,7 +182,8 @@ void EditorGrid::resizeEvent(QResizeEvent*)
 
 int EditorGrid::RowHeightPx() const
 {
-    return fontMetrics().height() + kRowPaddingPx;
+    return shape_.LinesPerRow * fontMetrics().lineSpacing() + fontMetrics().height() - fontMetrics().lineSpacing()
+        + kRowPaddingPx;
 }
 
 int EditorGrid::HeaderHeightPx() const

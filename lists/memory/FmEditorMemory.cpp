@@ -13,12 +13,15 @@
 #include <QComboBox>
 #include <QPushButton>
 
+#include <utility>
+
 namespace tarvik {
 
 namespace {
 
 constexpr EditorFrame kFrame{ "FmEditorMemory", FileClassMemoryList, TextId::MemoryEditorTitle, HelpId::MemoryEditor,
-    HelpId::CommandMemoryListEditor, TextId::MemoryListKeyword, "FrMemoryLst", TextId::MemoryEntries };
+    HelpId::CommandMemoryListEditor };
+constexpr EditorHead kHead{ TextId::MemoryListKeyword, "FrMemoryLst", TextId::MemoryEntries };
 constexpr int kFrequencyLength = 13;
 
 GridShape MemoryGrid()
@@ -42,7 +45,7 @@ std::vector<GridColumn> MemoryGridColumns()
 } // namespace
 
 FmEditorMemory::FmEditorMemory(QWidget* parent)
-    : FmEditorBase(kFrame, MemoryGrid(), MemoryGridColumns(), parent)
+    : FmEditorBase(kFrame, kHead, MemoryGrid(), MemoryGridColumns(), parent)
 {
     BuildCommands();
 }
@@ -116,33 +119,43 @@ bool FmEditorMemory::IsCellChecked(int row, int) const
 
 void FmEditorMemory::TextChanged(int row, int column, const QString&)
 {
-    OnChanged(row, column);
+    OnTyped(row, column);
 }
 
 void FmEditorMemory::CheckChanged(int row, int column, bool checked)
 {
-    OnChanged(row, column);
-    table_.Row(row).Status = checked ? 1 : 0;
+    OnTyped(row, column);
+    EditRow(table_.Rows, row, *this, [checked](MemoryRecord& record) { record.Status = checked ? 1 : 0; });
 }
 
-void FmEditorMemory::OnChanged(int row, int column)
+void FmEditorMemory::OnTyped(int row, int column)
 {
-    SetDirty();
+    SetDirty(); // the record gets a text when its cell is left
     Grid().ShowSortMark(-1, true);
     if (table_.Row(row).Used)
         return;
-    UseMemoryRow(table_, row);
-    BtDel->setEnabled(true);
+    UseRow(row);
     Grid().RefreshCells(row, ColumnsOfNewMemoryRow(column));
 }
 
+void FmEditorMemory::UseRow(int row)
+{
+    EditRow(table_.Rows, row, *this, [&](MemoryRecord&) { UseMemoryRow(table_, row); });
+}
+
+/// A value outside the limits is clamped even if its cell was not edited.
 bool FmEditorMemory::CheckCell(int row, int column, QString& text)
 {
-    const MemoryRecord before = table_.Row(row);
-    const bool passed = CheckMemoryCell(table_.Row(row), column, text);
-    if (table_.Row(row) != before)
-        SetDirty(); // a value outside the limits is clamped even if its cell was not edited
+    bool passed = false;
+    EditRow(table_.Rows, row, *this, [&](MemoryRecord& record) { passed = CheckMemoryCell(record, column, text); });
     return passed;
+}
+
+void FmEditorMemory::RowChanged(int row, const MemoryRecord&, const MemoryRecord& after)
+{
+    SetDirty();
+    if (row == Grid().CurrentRow())
+        BtDel->setEnabled(after.Used);
 }
 
 void FmEditorMemory::RowSelected(int row)
@@ -193,18 +206,25 @@ void FmEditorMemory::ShowEditorDialog()
         return;
     Grid().ShowCurrentRow();
     const int row = Grid().CurrentRow();
-    const MemoryRecord before = table_.Row(row);
-    MemoryEntry() = before;
+    MemoryEntry() = table_.Row(row);
     fmEditorMemoryListProp dialog(this);
     const bool isCancelled = DialogShow(dialog) != 0;
-    table_.Row(row) = MemoryEntry(); // also if cancelled: a refused OK has stored some values
-    if (table_.Row(row).Used && !before.Used)
-        UseMemoryRow(table_, row);
-    if (!isCancelled && table_.Row(row) != before)
-        SetDirty(); // OK on an unused row changes it even if no control was changed
+    const bool wasDirty = Editor().EditorDirty;
+    TakeEntry(row); // also if cancelled: a refused OK has stored some values
+    if (isCancelled)
+        Editor().EditorDirty = wasDirty;
     Grid().FillRows(true);
     RowSelected(row);
     Grid().FocusCurrent();
+}
+
+void FmEditorMemory::TakeEntry(int row)
+{
+    EditRow(table_.Rows, row, *this, [&](MemoryRecord& record) {
+        const bool wasUsed = std::exchange(record, MemoryEntry()).Used;
+        if (record.Used && !wasUsed)
+            UseMemoryRow(table_, row);
+    });
 }
 
 void FmEditorMemory::OnDelete()
@@ -212,7 +232,7 @@ void FmEditorMemory::OnDelete()
     if (!MayLeaveHead())
         return;
     Grid().ShowCurrentRow();
-    table_.Row(Grid().CurrentRow()).Used = false;
+    EditRow(table_.Rows, Grid().CurrentRow(), *this, [](MemoryRecord& record) { record.Used = false; });
     Grid().FillRows(true);
     Grid().FocusCurrent();
     SetDirty();

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "lists/editor/FmEditorBase.h"
+#include "lists/editor/rowChanges.h"
 #include "lists/memory/memoryList.h"
 
 namespace tarvik {
 
 /// Edits one memory list: status, frequency and description in the grid, all fields in the entry dialog.
-class FmEditorMemory final : public FmEditorBase {
+class FmEditorMemory final : public FmEditorBase, private RowChanges<MemoryRecord> {
     Q_OBJECT
 public:
     explicit FmEditorMemory(QWidget* parent = nullptr);
@@ -34,12 +35,15 @@ protected:
     void RowSelected(int row) override;
     void RowOpened(int row) override;
     void HeaderClicked(int column) override;
+    void RowChanged(int row, const MemoryRecord& before, const MemoryRecord& after) override;
 
 private:
     void BuildCommands();
     void OnSort();
     void OnDelete();
-    void OnChanged(int row, int column);
+    void OnTyped(int row, int column);
+    void UseRow(int row);
+    void TakeEntry(int row);
     MemorySortKey SortKey() const;
 
     MemoryTable table_;

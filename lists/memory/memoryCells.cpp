@@ -1,8 +1,6 @@
 #include "lists/memory/memoryCells.h"
 
-#include "app/message/message.h"
 #include "app/text/textId.h"
-#include "link/classes/textRules.h"
 #include "lists/values/fieldCheck.h"
 #include "lists/values/translate.h"
 
@@ -11,27 +9,6 @@ namespace tarvik {
 namespace {
 
 constexpr CellFormat kNumberCell{ "##0", 1.0 };
-
-bool CheckFrequency(MemoryRecord& record, QString& text)
-{
-    const QString shown = CellText(record.Frequency, kMegahertzCell);
-    double value = 0;
-    if (!CheckCellScaled(text, value, Limits().FrequencyHz, kMegahertzCell))
-        return false;
-    if (text != shown)
-        record.Frequency = value;
-    return true;
-}
-
-bool CheckDescription(MemoryRecord& record, const QString& text)
-{
-    if (!ValidText(text)) {
-        MsgOk(TextId::ForbiddenCharacter);
-        return false;
-    }
-    record.Description = text;
-    return true;
-}
 
 } // namespace
 
@@ -56,8 +33,8 @@ QString MemoryCellText(const MemoryRecord& record, int column)
 bool CheckMemoryCell(MemoryRecord& record, int column, QString& text)
 {
     if (column == kMemoryColumnFrequency)
-        return CheckFrequency(record, text);
-    return column != kMemoryColumnDescription || CheckDescription(record, text);
+        return CheckStoredCell(text, record.Frequency, Limits().FrequencyHz, kMegahertzCell);
+    return column != kMemoryColumnDescription || CheckCellText(text, record.Description);
 }
 
 std::vector<int> ColumnsOfNewMemoryRow(int typedColumn)

@@ -111,11 +111,9 @@ bool ReadMemoryListMRFile(const QString& path, MemoryTable& table)
 
 bool WriteMemoryList(const QString& path, MemoryTable& table)
 {
-    MemoryTable kept = table;
-    if (!WriteMemoryListDll(table) || !ReadMemoryListDll(kept)) {
-        MsgOk1(TextId::RowsNotAccepted, path);
+    MemoryTable kept;
+    if (!PassThroughStore<MemoryFamily>(path, table, kept))
         return false;
-    }
     if (IsCsvFile(path) && !MakeNumbersDistinct(kept))
         return false;
     const bool isWritten = IsCsvFile(path) ? WriteMemoryListCSVFile(path, kept) : WriteMemoryListMRFile(path);

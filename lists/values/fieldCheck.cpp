@@ -5,6 +5,7 @@
 #include "app/values/general.h"
 #include "app/values/numberText.h"
 #include "app/values/strings.h"
+#include "link/classes/textRules.h"
 
 #include <cmath>
 #include <limits>
@@ -85,6 +86,17 @@ bool CheckCellScaled(QString& text, double& value, Range<double> limits, const C
     return true;
 }
 
+bool CheckStoredCell(QString& text, double& value, Range<double> limits, const CellFormat& format)
+{
+    const QString shown = CellText(value, format);
+    double typed = 0;
+    if (!CheckCellScaled(text, typed, limits, format))
+        return false;
+    if (text != shown)
+        value = typed;
+    return true;
+}
+
 bool CheckCellDouble(QString& text, double& value, Range<double> limits, const char* picture, CellReport report)
 {
     return CheckCellScaled(text, value, limits, { picture, 1.0 }, report);
@@ -98,6 +110,16 @@ bool CheckCellInt(
         return false;
     value = RoundToInt16(number, limits);
     text = CellText(value, { picture, 1.0 });
+    return true;
+}
+
+bool CheckCellText(const QString& text, QString& value)
+{
+    if (!ValidText(text)) {
+        MsgOk(TextId::ForbiddenCharacter);
+        return false;
+    }
+    value = text;
     return true;
 }
 

@@ -43,13 +43,19 @@ QString CellText(double value, const CellFormat& format);
 [[nodiscard]] bool CheckCellScaled(
     QString& text, double& value, Range<double> limits, const CellFormat& format, CellReport report = {});
 
-/// As above with scale 1.
+/// As above for the cell of a stored value: a text that has not changed keeps the digits that the cell does not show.
+[[nodiscard]] bool CheckStoredCell(QString& text, double& value, Range<double> limits, const CellFormat& format);
+
+/// As CheckCellScaled with scale 1.
 [[nodiscard]] bool CheckCellDouble(
     QString& text, double& value, Range<double> limits, const char* picture, CellReport report = {});
 
 /// As above for an integer: clamped, then rounded, halves away from zero.
 [[nodiscard]] bool CheckCellInt(
     QString& text, std::int16_t& value, Range<std::int16_t> limits, const char* picture, CellReport report = {});
+
+/// Stores a free text; false, after message 12764, if it has a forbidden character.
+[[nodiscard]] bool CheckCellText(const QString& text, QString& value);
 
 /// Reads a field of a CSV line, clamped to `limits`. False, after `message` with `line`, if it is not a number.
 [[nodiscard]] bool ParseFieldDouble(

@@ -1,6 +1,8 @@
 #include "lists/values/storeWalk.h"
 
+#include "app/message/message.h"
 #include "app/text/ansi.h"
+#include "app/text/textId.h"
 
 #include <array>
 
@@ -44,6 +46,12 @@ bool BeginStoreList(StoreRun& run, const ListCalls& calls, const QString& name, 
 {
     return run(calls.Clear) && run(calls.SetName, ToAnsi(name).constData())
         && run(calls.SetDescription, ToAnsi(description).constData());
+}
+
+bool RefuseRows(const QString& path)
+{
+    MsgOk1(TextId::RowsNotAccepted, path);
+    return false;
 }
 
 } // namespace tarvik

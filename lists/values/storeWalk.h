@@ -163,6 +163,9 @@ private:
 /// Clears the store's list and sets its name and description.
 bool BeginStoreList(StoreRun& run, const ListCalls& calls, const QString& name, const QString& description);
 
+/// Message 12726; false.
+bool RefuseRows(const QString& path);
+
 /// Copies the store's current list into `table`. After a failure `table` is partly read.
 template <typename Family>
 [[nodiscard]] bool ReadStore(typename Family::Table& table)
@@ -233,6 +236,16 @@ template <typename Family>
 {
     StoreRun run;
     return run(Family::Calls().SaveFile, ModulePath(path).constData());
+}
+
+/// Copies `table` into the store's current list and back into `kept`: the list as the store holds it. False after
+/// message 12726 with `path`, the file that was to be written.
+template <typename Family>
+[[nodiscard]] bool PassThroughStore(
+    const QString& path, const typename Family::Table& table, typename Family::Table& kept)
+{
+    kept = table;
+    return (WriteStore<Family>(table) && ReadStore<Family>(kept)) || RefuseRows(path);
 }
 
 /// Sorts `table` with a call of the store. A failure leaves `table` unchanged.

@@ -99,7 +99,7 @@ TEST_F(SuppressStore, GapsAndUnknownIncludeWordSurviveSaving)
     EXPECT_EQ(At(5), (Range{ 1, 4e6, 3e6, "b" }));
 }
 
-TEST_F(SuppressStore, SortByStartThenStopIsStable)
+TEST_F(SuppressStore, SortByStartThenStopThenIncludedFirstIsStable)
 {
     Put(9, { 1, 5e6, 9e6, "late" });
     Put(10, { 0, 5e6, 6e6, "first" });
@@ -108,7 +108,7 @@ TEST_F(SuppressStore, SortByStartThenStopIsStable)
     EXPECT_EQ(Call(fio.SuppressListSort), FioStatus::Ok);
     EXPECT_EQ(Ranges(),
         (std::vector<Range>{
-            { 1, 1e6, 2e6, "low" }, { 0, 5e6, 6e6, "first" }, { 1, 5e6, 6e6, "second" }, { 1, 5e6, 9e6, "late" } }));
+            { 1, 1e6, 2e6, "low" }, { 1, 5e6, 6e6, "second" }, { 0, 5e6, 6e6, "first" }, { 1, 5e6, 9e6, "late" } }));
 }
 
 TEST_F(SuppressStore, SortOfLongListIsStable)

@@ -25,7 +25,7 @@ protected:
         QTimer closing;
         closing.setSingleShot(true);
         closing.callOnTimeout([&title] {
-            auto* editor = dynamic_cast<FmEditorMemory*>(DialogTop());
+            auto* editor = dynamic_cast<FormBase*>(DialogTop());
             ASSERT_NE(editor, nullptr);
             title = editor->windowTitle();
             editor->Unload();
@@ -38,9 +38,30 @@ protected:
 
 } // namespace
 
-TEST_F(BindEditors, CommandOpensTheMemoryListEditor)
+TEST_F(BindEditors, EachCommandOpensItsEditor)
 {
-    EXPECT_EQ(TitleShownBy([] { EXPECT_TRUE(CommandRun(Command::Editor3)); }), "Memory List Editor");
+    const QList<std::pair<Command, QString>> editors{ { Command::Editor1, "Antenna List Editor" },
+        { Command::Editor2, "K-Factor Table Editor" }, { Command::Editor3, "Memory List Editor" },
+        { Command::Editor4, "Suppress List Editor" }, { Command::Editor6, "Correction Set Editor" } };
+    for (const auto& [command, title] : editors)
+        EXPECT_EQ(TitleShownBy([command = command] { EXPECT_TRUE(CommandRun(command)); }), title);
+}
+
+TEST_F(BindEditors, BandOfATableIsThatOfItsFirstAndLastRow)
+{
+    SetEditorType(FileClassKfactorTable);
+    Store(FilePath("Mast.csv"),
+        "K-Factor Table,Mast\r\nDescription,\r\n1,30000000,1,1\r\n2,20000000,1,1\r\n3,85000000,1,1\r\n");
+    double first = 1;
+    double last = 2;
+    EXPECT_TRUE(TheListEditors()->ReadKfactorBand(FilePath("Mast.csv"), first, last));
+    EXPECT_EQ(first, 30e6);
+    EXPECT_EQ(last, 85e6);
+    Store(FilePath("Empty.csv"), "K-Factor Table,Mast\r\nDescription,\r\n");
+    EXPECT_TRUE(TheListEditors()->ReadKfactorBand(FilePath("Empty.csv"), first, last));
+    EXPECT_EQ(first, 30e6);
+    Answers().Expect(12780, { QStringLiteral("gone.tvk"), QStringLiteral("1") }, Ok);
+    EXPECT_FALSE(TheListEditors()->ReadKfactorBand(FilePath("gone.tvk"), first, last));
 }
 
 TEST_F(BindEditors, EditorBelongsToTheActiveWindow)
@@ -70,7 +91,7 @@ TEST_F(BindEditors, ListFileOpensInItsEditor)
 
 TEST_F(BindEditors, FileOfClassWithoutEditorIsForgotten)
 {
-    EXPECT_TRUE(TheListFiles()->Open(FilePath("a.tva"), FileClassAntennaList));
+    EXPECT_TRUE(TheListFiles()->Open(FilePath("a.tvp"), FileClassScreenShot));
     EXPECT_TRUE(Editor().EditorOpenFile.isEmpty());
     EXPECT_EQ(DialogTop(), nullptr);
 }

@@ -11,6 +11,8 @@
 #include <QByteArrayList>
 
 #include <functional>
+#include <optional>
+#include <tuple>
 
 namespace tarvik {
 
@@ -26,9 +28,19 @@ public:
         Shown.append(listType);
         WhileShown();
     }
+    bool ReadKfactorBand(const QString& path, double& firstHz, double& lastHz) override
+    {
+        ReadTables.append(path);
+        if (Band.has_value())
+            std::tie(firstHz, lastHz) = *Band;
+        return TableIsReadable;
+    }
 
     bool AreThere = true;
     QList<FileClass> Shown;
+    QStringList ReadTables;
+    std::optional<std::pair<double, double>> Band;
+    bool TableIsReadable = true;
     std::function<void()> WhileShown = [] {};
 };
 

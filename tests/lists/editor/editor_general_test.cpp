@@ -236,4 +236,45 @@ TEST_F(EditorGeneral, TitleHasFileNameAfterDash)
     EXPECT_EQ(EditorTitle(TextNumber<0>(10762), "Van.TVM"), "Memory List Editor - Van.TVM");
 }
 
+TEST_F(EditorGeneral, NestedEditorLeavesTheOuterOneAsItWas)
+{
+    FakeFrame frame;
+    Editor().EditorOpenFile = QStringLiteral("/lists/Sites.tva");
+    Editors.WhileShown = [&] {
+        if (Editors.Shown.size() == 2) {
+            EXPECT_TRUE(Editor().EditorOpenFile.isEmpty()) << "it would open the outer one's file";
+            EXPECT_EQ(FileClasses().CurrentFileClass, FileClassKfactorTable);
+            Editor().EditorDirty = true;
+            Editor().EditorOpenFile = QStringLiteral("/lists/Mast.tvk");
+            Editor().KfactorFileName = QStringLiteral("Mast.tvk");
+            return;
+        }
+        Editor().EditorDirty = false;
+        OpenEditor(FileClassKfactorTable);
+        EXPECT_FALSE(Editor().EditorDirty);
+        EXPECT_EQ(Editor().EditorOpenFile, "/lists/Sites.tva");
+        EXPECT_EQ(Editor().EditorType, FileClassAntennaList);
+        EXPECT_EQ(FileClasses().CurrentFileClass, FileClassAntennaList);
+        EXPECT_EQ(Editor().ListExtension, ".tva");
+        EXPECT_EQ(Editor().KfactorFileName, "Mast.tvk");
+        EXPECT_TRUE(Editor().EditorIsOpen);
+        EXPECT_FALSE(frame.StatusBarEnabled.last());
+    };
+    OpenEditor(FileClassAntennaList);
+    EXPECT_EQ(Editors.Shown, (QList<FileClass>{ FileClassAntennaList, FileClassKfactorTable }));
+    EXPECT_FALSE(Editor().EditorIsOpen);
+    EXPECT_TRUE(frame.StatusBarEnabled.last());
+}
+
+TEST_F(EditorGeneral, TypeScopeComesBackToTheOuterType)
+{
+    SetEditorType(FileClassAntennaList);
+    {
+        const EditorTypeScope scope(FileClassCorrectionSet);
+        EXPECT_EQ(Editor().ListExtension, ".tvc");
+    }
+    EXPECT_EQ(Editor().EditorType, FileClassAntennaList);
+    EXPECT_EQ(Editor().ListExtension, ".tva");
+}
+
 } // namespace tarvik

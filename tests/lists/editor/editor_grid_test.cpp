@@ -273,13 +273,13 @@ TEST_F(Grid, LightSystemTextIsBlackOnFixedBackgrounds)
     dark.setColor(QPalette::Base, Qt::black);
     dark.setColor(QPalette::Text, Qt::white);
     dark.setColor(QPalette::ButtonText, QColor(0xEE, 0xEE, 0xEE));
-    const CellPalettes palettes = MakeCellPalettes(dark, false);
+    const CellPalettes palettes = MakeCellPalettes(dark, { true, false });
     EXPECT_EQ(palettes[0].color(QPalette::Text), QColor(0xEE, 0xEE, 0xEE));
     EXPECT_EQ(palettes[1].color(QPalette::Text), QColor(Qt::black));
     EXPECT_EQ(palettes[2].color(QPalette::Text), QColor(Qt::black));
     EXPECT_EQ(palettes[1].color(QPalette::Base), kMarked);
     EXPECT_EQ(palettes[2].color(QPalette::Base), kFocused);
-    EXPECT_EQ(MakeCellPalettes(dark, true)[0].color(QPalette::Text), QColor(Qt::white));
+    EXPECT_EQ(MakeCellPalettes(dark, { true, true })[0].color(QPalette::Text), QColor(Qt::white));
 }
 
 TEST_F(Grid, ClickOnLabelMakesRowCurrent)

@@ -19,12 +19,6 @@ QString ListFormTest::StoredList(const QList<int>& rows, const QString& name)
     return FilePath(name);
 }
 
-void ListFormTest::Open(const QString& path)
-{
-    Editor().EditorOpenFile = path;
-    ShowForm(form);
-}
-
 QString ListFormTest::CellName(int column, int index)
 {
     const QString prefix = column == 0 ? QStringLiteral("LbCol")
@@ -71,13 +65,6 @@ void ListFormTest::ExpectNoDialog(const std::function<void()>& action)
     });
     closing.start(0);
     action();
-}
-
-void ListFormTest::GiveUp()
-{
-    Editor().EditorDirty = false;
-    form.Unload();
-    EXPECT_TRUE(form.IsClosed());
 }
 
 } // namespace tarvik

@@ -1,8 +1,7 @@
 // tests/lists/editor/list_form_fixture.h: the memory list editor, and list files for it.
 #pragma once
 
-#include "tests/lists/list_fixture.h"
-#include "tests/support/forms.h"
+#include "tests/lists/editor/editor_form_fixture.h"
 
 #include "lists/memory/FmEditorMemory.h"
 
@@ -10,13 +9,10 @@
 
 namespace tarvik {
 
-class ListFormTest : public FormTest, protected ListStart {
+class ListFormTest : public EditorFormTest<FmEditorMemory> {
 protected:
     /// Writes a memory list "Van" with these rows used, row n at 100 + n MHz; returns its path.
     QString StoredList(const QList<int>& rows, const QString& name = QStringLiteral("Van.tvm"));
-
-    /// Shows the editor with a new list, or with `path`.
-    void Open(const QString& path = {});
 
     /// Control name of the cell in visible row `index`.
     static QString CellName(int column, int index);
@@ -29,11 +25,6 @@ protected:
 
     /// Runs `action`. A dialog that it opens fails the test and is closed.
     static void ExpectNoDialog(const std::function<void()>& action);
-
-    /// Closes the editor without saving.
-    void GiveUp();
-
-    FmEditorMemory form;
 };
 
 } // namespace tarvik

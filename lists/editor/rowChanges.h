@@ -1,0 +1,30 @@
+// lists/editor/rowChanges.h: the one way in which an editor changes the rows of its table.
+#pragma once
+
+#include <vector>
+
+namespace tarvik {
+
+/// Learns of each change to a row.
+template <typename Record>
+class RowChanges {
+public:
+    /// `before` and `after` differ.
+    virtual void RowChanged(int row, const Record& before, const Record& after) = 0;
+
+protected:
+    ~RowChanges() = default;
+};
+
+/// Lets `edit(record)` change a row, and reports it if it has.
+template <typename Record, typename Edit>
+void EditRow(std::vector<Record>& rows, int row, RowChanges<Record>& changes, Edit edit)
+{
+    Record& record = rows[static_cast<size_t>(row)];
+    const Record before = record;
+    edit(record);
+    if (!(record == before))
+        changes.RowChanged(row, before, record);
+}
+
+} // namespace tarvik

@@ -1,0 +1,205 @@
+#include "tests/lists/editor/editor_form_fixture.h"
+#include "tests/support/fakeHelp.h"
+
+#include "lists/suppress/FmEditorSuppress.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QScrollBar>
+#include <QTest>
+
+namespace tarvik {
+
+namespace {
+
+class SuppressEditor : public EditorFormTest<FmEditorSuppress> {
+protected:
+    void TypeAndLeave(const QString& name, const QString& text)
+    {
+        TypeIn(name, text);
+        Key(Qt::Key_Tab);
+    }
+    QString StoredList(const QString& fileName, const QList<std::pair<double, double>>& ranges)
+    {
+        SuppressTable table;
+        table.Name = QStringLiteral("Bands");
+        table.Description = QStringLiteral("fm");
+        for (qsizetype row = 0; row < ranges.size(); ++row)
+            table.Row(static_cast<int>(row)) = { true, kInclude, ranges.at(row).first, ranges.at(row).second, {} };
+        EXPECT_TRUE(WriteSuppressFile(FilePath(fileName), table));
+        return FilePath(fileName);
+    }
+    bool IsChecked(int index)
+    {
+        return Find<QCheckBox>(form, QStringLiteral("CbCol1[%1]").arg(index)).isChecked();
+    }
+    int TopRow()
+    {
+        return Find<QScrollBar>(form, "VScroll1").value();
+    }
+};
+
+} // namespace
+
+TEST_F(SuppressEditor, HasItsControls)
+{
+    Open();
+    ExpectControls(form,
+        { "TbName", "TbDescr", "CbExt", "BtNew", "BtOpen", "BtSave", "BtClose", "BtHelp", "BtSort", "BtSortMerge",
+            "BtDelete", "VScroll1", "LbCol0[0]", "CbCol1[19]", "TbCol2[0]", "TbCol3[19]", "TbCol4[0]" });
+    EXPECT_EQ(form.objectName(), "FmEditorSuppress");
+    EXPECT_EQ(form.windowTitle(), "Suppress List Editor");
+    EXPECT_EQ(TextIn("LbCol0[0]"), "0");
+    EXPECT_EQ(TextIn("LbCol0[5]"), "5");
+    EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").maximum(), 80);
+    EXPECT_EQ(Find<QComboBox>(form, "CbExt").itemText(0), ".TVS");
+    ExpectNothingClipped(form);
+}
+
+TEST_F(SuppressEditor, TabOrderIsReadingOrder)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 } }));
+    ExpectTabOrder(form);
+}
+
+TEST_F(SuppressEditor, HelpShowsItsTopic)
+{
+    FakeHelp help;
+    Open();
+    Click(form, "BtHelp");
+    EXPECT_EQ(help.Topics, QList<int>{ 11997 });
+}
+
+TEST_F(SuppressEditor, RowIsUsedWhileCheckedOrFilled)
+{
+    Open();
+    EXPECT_FALSE(IsEnabled("BtDelete"));
+    form.CellSetFocus(2, 1);
+    Click(form, "CbCol1[2]");
+    EXPECT_TRUE(IsChecked(2));
+    EXPECT_TRUE(IsEnabled("BtDelete"));
+    EXPECT_TRUE(Editor().EditorDirty);
+    TypeIn("TbCol4[2]", "x");
+    Click(form, "CbCol1[2]");
+    EXPECT_TRUE(IsEnabled("BtDelete"));
+    TypeIn("TbCol4[2]", "");
+    EXPECT_FALSE(IsEnabled("BtDelete"));
+}
+
+TEST_F(SuppressEditor, CellsAreCheckedWhenLeft)
+{
+    Open();
+    TypeAndLeave("TbCol2[0]", "9000");
+    EXPECT_EQ(TextIn("TbCol2[0]"), "8000.000000");
+    TypeIn("TbCol4[0]", "a;b");
+    Answers().Expect(12764, QStringList(), Ok);
+    Key(Qt::Key_Tab);
+    EXPECT_TRUE(IsFocused("TbCol4[0]"));
+}
+
+TEST_F(SuppressEditor, LastFourDescriptionsTakeTwentyCharacters)
+{
+    Open();
+    TypeIn("TbCol4[15]", QString(40, u'a'));
+    EXPECT_EQ(TextIn("TbCol4[15]").size(), 32);
+    TypeIn("TbCol4[16]", QString(40, u'a'));
+    EXPECT_EQ(TextIn("TbCol4[16]").size(), 20);
+}
+
+TEST_F(SuppressEditor, DeleteClearsFocusedRow)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 }, { 3e6, 4e6 } }));
+    form.CellSetFocus(1, 2);
+    Click(form, "BtDelete");
+    EXPECT_EQ(TextIn("TbCol2[1]"), "");
+    EXPECT_FALSE(IsChecked(1));
+    EXPECT_FALSE(IsEnabled("BtDelete"));
+    EXPECT_TRUE(IsChecked(0));
+    EXPECT_TRUE(Editor().EditorDirty);
+}
+
+TEST_F(SuppressEditor, StartAboveStopIsSavedButRefusedFromCsv)
+{
+    Open();
+    TypeAndLeave("TbName", "Bands");
+    TypeAndLeave("TbCol2[0]", "20");
+    TypeAndLeave("TbCol3[0]", "10");
+    Find<QComboBox>(form, "CbExt").setCurrentIndex(1);
+    AnswerFolder(Folder());
+    ASSERT_TRUE(form.Save());
+    EXPECT_FALSE(Editor().EditorDirty);
+    EXPECT_EQ(form.windowTitle(), "Suppress List Editor - Bands.csv");
+    GiveUp();
+    Answers().Expect(12813, { QStringLiteral("1") }, Ok);
+    Open(FilePath("Bands.csv"));
+    EXPECT_EQ(TextIn("TbCol2[0]"), "20.000000");
+}
+
+TEST_F(SuppressEditor, SaveChecksVisibleCellsOnly)
+{
+    Open();
+    TypeAndLeave("TbName", "Bands");
+    TypeAndLeave("TbCol2[0]", "20"); // stop stays empty
+    Answers().Expect(12771, QStringList(), Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(IsFocused("TbCol3[0]"));
+    form.CellSetFocus(0, 2);
+    Find<QScrollBar>(form, "VScroll1").setValue(50);
+    AnswerFolder(Folder());
+    EXPECT_TRUE(form.Save());
+}
+
+TEST_F(SuppressEditor, SavedRowsAreThoseOfTheStore)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 } }));
+    TypeAndLeave("TbCol4[7]", "alone");
+    TypeAndLeave("TbCol2[7]", "5");
+    TypeAndLeave("TbCol3[7]", "6");
+    AnswerFolder(Folder());
+    Answers().Expect(12734, { QStringLiteral("Bands.tvs") }, Yes);
+    ASSERT_TRUE(form.Save());
+    EXPECT_EQ(TextIn("TbCol4[7]"), "alone");
+    GiveUp();
+    Open(FilePath("Bands.tvs"));
+    EXPECT_EQ(TextIn("TbCol2[7]"), "5.000000");
+    EXPECT_EQ(TextIn("TbCol2[1]"), "");
+}
+
+TEST_F(SuppressEditor, SortAndMergeShowTheirRowsFromTheTop)
+{
+    Open(StoredList("Bands.tvs", { { 5e6, 6e6 }, { 1e6, 5e6 } }));
+    Find<QScrollBar>(form, "VScroll1").setValue(30);
+    Click(form, "BtSort");
+    EXPECT_EQ(TopRow(), 0);
+    EXPECT_EQ(TextIn("TbCol2[0]"), "1.000000");
+    EXPECT_TRUE(Editor().EditorDirty);
+    Click(form, "BtSortMerge");
+    EXPECT_EQ(TextIn("TbCol3[0]"), "6.000000");
+    EXPECT_EQ(TextIn("TbCol2[1]"), "");
+    EXPECT_EQ(TextIn("TbName"), "Bands");
+    EXPECT_EQ(TextIn("TbDescr"), "fm");
+}
+
+TEST_F(SuppressEditor, SortValidatesFirst)
+{
+    for (const QString button : { "BtSort", "BtSortMerge" }) {
+        Open();
+        Answers().Expect(12766, { QStringLiteral("suppress list") }, Ok);
+        Click(form, button);
+        EXPECT_TRUE(IsFocused("TbName"));
+        EXPECT_FALSE(Editor().EditorDirty);
+        GiveUp();
+    }
+}
+
+TEST_F(SuppressEditor, UnknownSettingNeedsTheUsersChoiceBeforeItsRowIsIncluded)
+{
+    Store(FilePath("Bands.csv"), "Suppress List,Bands\r\nDescription,\r\n0,maybe,1000000,2000000,\r\n");
+    Open(FilePath("Bands.csv"));
+    EXPECT_FALSE(IsChecked(0));
+    EXPECT_EQ(TextIn("TbCol2[0]"), "1.000000");
+    Click(form, "CbCol1[0]");
+    EXPECT_TRUE(IsChecked(0));
+}
+
+} // namespace tarvik

@@ -28,7 +28,7 @@ _tarvikctl() {
 
   local command=${words[0]-}
   if [ -z "$command" ]; then
-    local commands="check show convert sort picture text --to --version --help"
+    local commands="check show convert sort plot picture text --to --version --help"
     [ -n "$instrument" ] && commands="idn ls get put rm capture"
     mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current")
     return
@@ -51,14 +51,19 @@ _tarvikctl() {
     mapfile -t COMPREPLY < <(compgen -d -- "$current")
     return
     ;;
-  --description) return ;;
+  --table)
+    mapfile -t COMPREPLY < <(compgen -W "kfactor omniphase" -- "$current")
+    return
+    ;;
+  --description | --size) return ;;
   esac
-  local options="" classes="" extensions="tvm|csv"
+  local options="" classes="" extensions="tva|tvk|tvm|tvs|tvc|csv|json"
   case $command in
-  check) extensions="tva|tvk|tvm|tvs|tvc|csv" ;;
+  check) ;;
   show) options="--json --all" ;;
   convert) options="--yes" ;;
-  sort) options="--key --yes" ;;
+  sort) options="--key --merge --yes" ;;
+  plot) options="--table --size --values --yes" extensions="tvk|tvc|csv|json" ;;
   picture) options="--palette --description --into --to --yes" extensions="bmp|png|pcx|wmf" ;;
   ls | rm) classes=needed ;;
   get | put) options="--yes" classes=needed ;;

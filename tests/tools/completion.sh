@@ -23,12 +23,16 @@ offers() {
 }
 
 offers "check convert" c
-offers "picture" p
+offers "picture plot" p
 offers "--help --to --version" --
 offers "--all --json" show -
-offers "--key --yes" sort --
+offers "--key --merge --yes" sort --
+offers "--size --table --values --yes" plot --
+offers "kfactor omniphase" plot --table ""
+offers "" plot --size ""
+offers "b.CSV lists" plot ""
 offers "0 1 2 3 4 5 6" sort --key ""
-offers "a.tvm b.CSV lists" convert ""
+offers "a.tvm b.CSV c.tva lists" convert ""
 offers "a.tvm b.CSV c.tva lists" check ""
 offers "" text ""
 offers "" --to ""

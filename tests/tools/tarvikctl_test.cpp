@@ -76,7 +76,7 @@ TEST_F(Tarvikctl, RefusesSurplusOperand)
 
 TEST_F(Tarvikctl, RefusesSortWithoutKey)
 {
-    ExpectUsageError({ "sort", "a.csv", "b.csv" }, "sort: --key is missing");
+    ExpectUsageError({ "sort", "a.csv", "b.csv" }, "sort: --key or --merge is missing");
 }
 
 TEST_F(Tarvikctl, RefusesSortKeyOutOfRange)
@@ -93,8 +93,8 @@ TEST_F(Tarvikctl, RefusesInvalidTextNumber)
 TEST_F(Tarvikctl, RefusesOutputNameOfNeitherForm)
 {
     StoreThree("three.csv");
-    ExpectUsageError(
-        { "convert", "three.csv", "three.tvk" }, "three.tvk: the name of a memory list ends in .tvm or .csv");
+    ExpectUsageError({ "convert", "three.csv", "three.txt" },
+        "three.txt: the name of a list ends in .tva, .tvk, .tvm, .tvs, .tvc, .csv or .json");
     EXPECT_EQ(FolderEntries(), QStringList{ "three.csv" });
 }
 
@@ -155,14 +155,6 @@ TEST_F(Tarvikctl, ReportsCsvFileOfUnknownKind)
     EXPECT_EQ(result.ExitCode, 1);
 }
 
-TEST_F(Tarvikctl, RefusesCsvFilesOfOtherLists)
-{
-    Store("set.csv", "Suppress List,set\r\nDescription,x\r\n");
-    const CtlResult result = Ctl({ "check", "set.csv" });
-    EXPECT_TRUE(result.Err.startsWith("set.csv: CSV file of a ")) << result.Err.toStdString();
-    EXPECT_EQ(result.ExitCode, 1);
-}
-
 TEST_F(Tarvikctl, ReportsBadField)
 {
     QByteArray csv = MemoryCsv("Bad", { CsvRow(), { 1, 100000000, "second" } });
@@ -194,16 +186,6 @@ TEST_F(Tarvikctl, RefusesMemoryListUnderNameOfOtherFamily)
         EXPECT_TRUE(result.Err.startsWith(QLatin1String(name) + QStringLiteral(": 128"))) << result.Err.toStdString();
         EXPECT_EQ(result.ExitCode, 1);
     }
-}
-
-TEST_F(Tarvikctl, ShowsOnlyMemoryLists)
-{
-    Store("x.tva", "any");
-    const CtlResult result = Ctl({ "show", "x.tva" });
-    EXPECT_TRUE(result.Err.startsWith("x.tva: ")) << result.Err.toStdString();
-    EXPECT_TRUE(result.Err.contains("only memory lists")) << result.Err.toStdString();
-    EXPECT_EQ(result.Out, QString());
-    EXPECT_EQ(result.ExitCode, 1);
 }
 
 TEST_F(Tarvikctl, ShowsUsedRows)

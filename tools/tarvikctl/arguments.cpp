@@ -25,14 +25,15 @@ struct CommandForm {
     int MaxOperands;
 };
 
-constexpr std::array<CommandForm, 14> kForms{ {
+constexpr std::array<CommandForm, 15> kForms{ {
     { "--help", CtlCommand::Help, "", 0, 0 },
     { "--version", CtlCommand::Version, "", 0, 0 },
     { "text", CtlCommand::Text, "", 1, INT_MAX },
     { "check", CtlCommand::Check, "", 1, INT_MAX },
     { "show", CtlCommand::Show, "json all", 1, 1 },
     { "convert", CtlCommand::Convert, "yes", 2, 2 },
-    { "sort", CtlCommand::Sort, "key yes", 2, 2 },
+    { "sort", CtlCommand::Sort, "key merge yes", 2, 2 },
+    { "plot", CtlCommand::Plot, "table size values yes", 1, 2 },
     { "picture", CtlCommand::Picture, "palette description yes to into", 1, INT_MAX },
     { "idn", CtlCommand::Idn, "to", 0, 0 },
     { "ls", CtlCommand::Ls, "to", 0, 1 },
@@ -103,13 +104,14 @@ private:
 
     bool TakeOptions(const QStringList& words)
     {
-        static constexpr std::array<ValueOption, 5> kValueOptions{ { { "key", &Parser::TakeKey },
+        static constexpr std::array<ValueOption, 7> kValueOptions{ { { "key", &Parser::TakeKey },
             { "to", &Parser::TakeTarget }, { "palette", &Parser::TakePalette },
-            { "description", &Parser::TakeDescription }, { "into", &Parser::TakeFolder } } };
+            { "description", &Parser::TakeDescription }, { "into", &Parser::TakeFolder },
+            { "table", &Parser::TakeTable }, { "size", &Parser::TakeSize } } };
         QCommandLineParser parser;
         for (const ValueOption& option : kValueOptions)
             AddOption(parser, option.Name, QStringLiteral("value"));
-        for (const char* flag : { "json", "all", "yes" })
+        for (const char* flag : { "json", "all", "yes", "merge", "values" })
             AddOption(parser, flag, {});
         if (!parser.parse(words))
             return Fail(ErrorOf(parser));
@@ -117,6 +119,8 @@ private:
         result_.Json = given.contains(QStringLiteral("json"));
         result_.All = given.contains(QStringLiteral("all"));
         result_.Yes = given.contains(QStringLiteral("yes"));
+        result_.Merge = given.contains(QStringLiteral("merge"));
+        result_.Values = given.contains(QStringLiteral("values"));
         result_.Operands = parser.positionalArguments();
         return std::all_of(kValueOptions.begin(), kValueOptions.end(), [&](const ValueOption& option) {
             const QString name = QString::fromLatin1(option.Name);
@@ -178,6 +182,26 @@ private:
     {
         result_.Description = value;
         return true;
+    }
+
+    bool TakeTable(const QString& value)
+    {
+        result_.PlotOmniphase = value == QLatin1String("omniphase");
+        return result_.PlotOmniphase || value == QLatin1String("kfactor")
+            || Fail(QStringLiteral("--table takes kfactor or omniphase"));
+    }
+
+    /// As WxH.
+    bool TakeSize(const QString& value)
+    {
+        constexpr int kLeastPx = 64;
+        constexpr int kMostPx = 8192;
+        bool isWidth = false;
+        bool isHeight = false;
+        result_.PlotSize = { value.section(u'x', 0, 0).toInt(&isWidth), value.section(u'x', 1).toInt(&isHeight) };
+        const auto isSide = [](int px) { return px >= kLeastPx && px <= kMostPx; };
+        return (isWidth && isHeight && isSide(result_.PlotSize.width()) && isSide(result_.PlotSize.height()))
+            || Fail(QStringLiteral("--size takes WIDTHxHEIGHT, each from %1 to %2").arg(kLeastPx).arg(kMostPx));
     }
 
     bool TakeFolder(const QString& value)
@@ -246,7 +270,9 @@ private:
 
     bool CheckKey()
     {
-        return form_.Command != CtlCommand::Sort || keyGiven_ || Fail(QStringLiteral("sort: --key is missing"));
+        return form_.Command != CtlCommand::Sort || keyGiven_ != result_.Merge
+            || Fail(result_.Merge ? QStringLiteral("sort: --key and --merge exclude each other")
+                                  : QStringLiteral("sort: --key or --merge is missing"));
     }
 
     const CommandForm& form_;
@@ -289,7 +315,8 @@ QString CtlHelpText()
         "Usage: tarvikctl check FILE...                 read each file and report\n"
         "       tarvikctl show [--json] [--all] FILE    print the list; --all: unused rows too\n"
         "       tarvikctl convert [--yes] IN OUT        write IN in the form of OUT's extension\n"
-        "       tarvikctl sort --key N [--yes] IN OUT   sort a memory list\n"
+        "       tarvikctl sort (--key N | --merge) [--yes] IN OUT   sort a list; --merge: a suppress list\n"
+        "       tarvikctl plot [OPTION...] FILE [OUT.png]   draw a K-factor table or correction set\n"
         "       tarvikctl text N...                     print the texts of these numbers\n"
         "       tarvikctl picture [OPTION...] --to FORMAT FILE...   write pictures as FORMAT\n"
         "       tarvikctl --to INSTRUMENT idn           print the instrument's identification\n"
@@ -301,8 +328,13 @@ QString CtlHelpText()
         "       tarvikctl --version\n"
         "       tarvikctl --help\n"
         "\n"
-        "Sort keys: 0 status then number; 1, 2 number up, down; 3, 4 frequency up, down;\n"
-        "5, 6 description up, down.\n"
+        "Lists are memory, antenna, kfactor, suppress and correction, as binary file, CSV (but not\n"
+        "correction) or JSON, by extension. Sort keys of a memory list: 0 status then number; 1, 2 number\n"
+        "up, down; 3, 4 frequency up, down; 5, 6 description up, down. Other lists have key 0, an antenna\n"
+        "list has none.\n"
+        "\n"
+        "Options of plot: --table kfactor (default) or omniphase, --size WIDTHxHEIGHT (792x560), --values\n"
+        "prints the numbers as JSON instead, --yes.\n"
         "\n"
         "INSTRUMENT is ADDRESS[:PORT], an IPv4 address. CLASS is antenna, kfactor, memory,\n"
         "suppress, screen or correction.\n"

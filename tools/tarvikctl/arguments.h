@@ -4,6 +4,7 @@
 #include "link/classes/model.h"
 #include "screen/document/screenTable.h"
 
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -11,7 +12,23 @@
 
 namespace tarvik {
 
-enum class CtlCommand { Help, Version, Text, Check, Show, Convert, Sort, Picture, Idn, Ls, Get, Put, Rm, Capture };
+enum class CtlCommand {
+    Help,
+    Version,
+    Text,
+    Check,
+    Show,
+    Convert,
+    Sort,
+    Plot,
+    Picture,
+    Idn,
+    Ls,
+    Get,
+    Put,
+    Rm,
+    Capture
+};
 
 struct CtlArguments {
     CtlCommand Command = CtlCommand::Help;
@@ -20,6 +37,10 @@ struct CtlArguments {
     bool All = false; ///< unused rows too
     bool Yes = false; ///< questions are answered Yes
     int SortKey = 0; ///< 0 to 6
+    bool Merge = false; ///< sort and merge
+    bool Values = false; ///< of a diagram instead of its picture
+    bool PlotOmniphase = false; ///< this table of a correction set instead of the K-factors
+    QSize PlotSize{ 792, 560 }; ///< pixels
     QString Address; ///< of the instrument
     int Port = 0;
     FileClass Class = FileClassNone; ///< FileClassNone if none is given

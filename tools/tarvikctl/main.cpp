@@ -10,6 +10,7 @@
 #include "tools/tarvikctl/link.h"
 #include "tools/tarvikctl/lists.h"
 #include "tools/tarvikctl/pictures.h"
+#include "tools/tarvikctl/plot.h"
 #include "tools/tarvikctl/terminal.h"
 
 #include <QDir>
@@ -32,6 +33,8 @@ bool LoadModules(CtlCommand command, Terminal& terminal)
         modules.push_back(Module::Channel);
     if (CtlDrawsPictures(command))
         modules.push_back(Module::Pictures);
+    if (command == CtlCommand::Plot)
+        modules.push_back(Module::Traces);
     Program().AppPath = QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();
     for (const Module module : modules) {
         const ModuleLoadResult result = ModuleLoad(module, Program().AppPath);
@@ -56,7 +59,7 @@ void PrintTexts(const QStringList& numbers)
     }
 }
 
-/// The extension of a memory list is a language text, so this is checked after loading the modules.
+/// The extensions of lists are language texts, so this is checked after loading the modules.
 bool IsOutputNameValid(const CtlArguments& arguments)
 {
     const bool writes = arguments.Command == CtlCommand::Convert || arguments.Command == CtlCommand::Sort;
@@ -82,9 +85,8 @@ ExitStatus Run(const CtlArguments& arguments)
     if (!LoadModules(arguments.Command, terminal))
         return ExitStatus::Refused;
     if (!IsOutputNameValid(arguments))
-        return UsageError(
-            QStringLiteral("%1: the name of a memory list ends in %2 or %3")
-                .arg(arguments.Operands[1], ModGetExtension(FileClassMemoryList), LngStr(TextId::CsvExtension)));
+        return UsageError(QStringLiteral("%1: the name of a list ends in .tva, .tvk, .tvm, .tvs, .tvc, .csv or .json")
+                              .arg(arguments.Operands[1]));
     if (arguments.Command == CtlCommand::Capture && !CtlIsPictureName(CtlCaptureTarget(arguments)))
         return UsageError(
             QStringLiteral("%1: the name of a picture ends in .png, .bmp, .pcx or .wmf").arg(arguments.Operands[0]));
@@ -95,6 +97,8 @@ ExitStatus Run(const CtlArguments& arguments)
         PrintTexts(arguments.Operands);
     else if (arguments.Command == CtlCommand::Picture)
         CtlRunPictures(arguments, terminal);
+    else if (arguments.Command == CtlCommand::Plot)
+        CtlRunPlot(arguments, terminal);
     else if (CtlIsLinkCommand(arguments.Command))
         CtlRunLink(arguments, terminal);
     else
@@ -122,6 +126,11 @@ void SuppressQtMessages(QtMsgType type, const QMessageLogContext& /*context*/, c
 {
     if (type == QtCriticalMsg || type == QtFatalMsg)
         TerminalWrite(stderr, text + u'\n');
+}
+
+bool DrawsText(CtlCommand command)
+{
+    return command == CtlCommand::Plot || CtlDrawsPictures(command);
 }
 
 /// The arguments after the program's name.
@@ -154,7 +163,7 @@ int main(int argc, char** argv)
     QString error;
     const auto arguments = CtlParse(Arguments(argc, argv), error);
     const std::unique_ptr<QCoreApplication> application =
-        NewApplication(arguments && CtlDrawsPictures(arguments->Command), argv);
+        NewApplication(arguments && DrawsText(arguments->Command), argv);
     const ExitStatus status = arguments ? RunCommand(*arguments) : UsageError(error);
     return static_cast<int>(OutputWasWritten() ? status : ExitStatus::Refused);
 }

@@ -62,6 +62,7 @@ void Terminal::Present(MessageRequest& request)
     else
         request.Result = MsgResult::Ok;
     hasFailed_ = hasFailed_ || !question;
+    messages_ += question ? 0 : 1;
     wasAnsweredNo_ = wasAnsweredNo_ || request.Result == MsgResult::No;
 }
 
@@ -70,6 +71,7 @@ void Terminal::Refuse(const QString& text)
     ShowProgress({});
     TerminalWrite(stderr, TerminalPrintable(file_ + QStringLiteral(": ") + text) + u'\n');
     hasFailed_ = true;
+    ++messages_;
 }
 
 void TerminalWrite(std::FILE* stream, const QString& text)

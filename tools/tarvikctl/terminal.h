@@ -36,6 +36,12 @@ public:
         hasFailed_ = true;
     }
 
+    /// Messages shown and errors printed so far.
+    int Messages() const
+    {
+        return messages_;
+    }
+
     /// True once a question was answered with No.
     bool WasAnsweredNo() const
     {
@@ -56,6 +62,7 @@ private:
     QString file_;
     bool answerYes_ = false;
     bool hasFailed_ = false;
+    int messages_ = 0;
     bool wasAnsweredNo_ = false;
     bool hasProgress_ = false;
 };

@@ -1,0 +1,328 @@
+// tarvikctl with lists of all families: forms, JSON, sort, plot.
+#include "tests/tools/ctl.h"
+
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace tarvik {
+
+namespace {
+
+const QByteArray kTable = "K-Factor Table,Mast\r\nDescription,north\r\n1,30000000,1.25,2\r\n2,85000000,3,4\r\n"
+                          "3,70000000,-5.5,6\r\n";
+const QByteArray kRanges = "Suppress List,Bands\r\nDescription,fm\r\n0,Include,88000000,108000000,fm\r\n"
+                           "5,Include,108000000,110000000,\r\n7,Exclude,100000000,101000000,test\r\n";
+const QByteArray kAntennas = "Antenna List,Site\r\nDescription,roof\r\n"
+                             "1,Yes,Dipole,30000000,90000000,-1000000,10,01,Mast,7,12.5,Array\r\n"
+                             "9,No,Whip,1000000,30000000,0,00,00,,0,0,\r\n";
+const QByteArray kSet = R"({ "family": "correction", "name": "Array",
+  "header": { "antennaName": "Dipole", "manufacturerName": "Works", "antennaCode": 7, "version": 3,
+    "startFrequency": 30000000, "stopFrequency": 90000000, "year": 2026, "month": 11, "day": 22 },
+  "kfactor": [ { "row": 0, "frequency": 40000000, "passive": 1.234, "active": 2 },
+    { "row": 3, "frequency": 30000000.5, "passive": 3, "active": 4 } ],
+  "omniphase": [],
+  "azimuth": [ { "row": 0, "frequency": 30000000, "angles": [1, 2.125] },
+    { "row": 1, "frequency": 40000000, "angles": [] } ] })";
+
+class CtlLists : public CtlTest {
+protected:
+    QJsonObject Object(const QString& name) const
+    {
+        return QJsonDocument::fromJson(Bytes(name)).object();
+    }
+
+    /// `convert` of a JSON text fails with this message.
+    void ExpectRefused(const QByteArray& json, const QString& message) const
+    {
+        Store("in.json", json);
+        const CtlResult result = Ctl({ "convert", "in.json", "out.json" });
+        EXPECT_EQ(result.ExitCode, 1) << json.constData();
+        EXPECT_TRUE(result.Err.startsWith(QStringLiteral("in.json: ") + message)) << result.Err.toStdString();
+        EXPECT_FALSE(FolderEntries().contains("out.json"));
+    }
+
+    void ExpectDone(const QStringList& arguments) const
+    {
+        const CtlResult result = Ctl(arguments);
+        EXPECT_EQ(result.ExitCode, 0) << arguments.join(u' ').toStdString();
+        EXPECT_EQ(result.Err, QString()) << arguments.join(u' ').toStdString();
+    }
+
+    /// The list in all its forms has the same JSON as `file`.
+    void ExpectSameInAllForms(const QString& file, const QStringList& extensions) const
+    {
+        const QJsonObject expected = Json(file);
+        QString before = file;
+        for (const QString& extension : extensions) {
+            const QString name = QStringLiteral("copy.") + extension;
+            ExpectDone({ "convert", before, name });
+            EXPECT_EQ(Json(name), expected) << extension.toStdString();
+            before = name;
+        }
+    }
+};
+
+} // namespace
+
+TEST_F(CtlLists, CheckReportsEveryFamily)
+{
+    Store("k.csv", kTable);
+    Store("s.csv", kRanges);
+    Store("a.csv", kAntennas);
+    Store("c.json", kSet);
+    const CtlResult result = Ctl({ "check", "k.csv", "s.csv", "a.csv", "c.json" });
+    EXPECT_EQ(result.Out,
+        "k.csv: K-Factor Table Mast: 3 of 1000 rows used\ns.csv: Suppress List Bands: 3 of 100 rows used\n"
+        "a.csv: Antenna List Site: 2 of 99 rows used\n"
+        "c.json: Correction Set Array: 2 kfactor, 0 omniphase, 2 azimuth entries\n");
+    EXPECT_EQ(result.ExitCode, 0);
+}
+
+TEST_F(CtlLists, RowsHaveTheirMembers)
+{
+    Store("a.csv", kAntennas);
+    const QJsonObject antenna = Json("a.csv");
+    EXPECT_EQ(antenna["family"].toString(), "antenna");
+    EXPECT_EQ(antenna["description"].toString(), "roof");
+    EXPECT_EQ(antenna["rows"][0].toObject(),
+        (QJsonObject{ { "row", 0 }, { "include", 1 }, { "name", "Dipole" }, { "startFrequency", 30e6 },
+            { "stopFrequency", 90e6 }, { "frequencyOffset", -1e6 }, { "passiveBits", 2 }, { "activeBits", 1 },
+            { "kfactorTable", "Mast" }, { "antennaCode", 7 }, { "northOffset", 12.5 }, { "correctionSet", "Array" } }));
+    EXPECT_EQ(antenna["rows"][1]["row"].toInt(), 8);
+    Store("s.csv", kRanges);
+    EXPECT_EQ(Json("s.csv")["rows"][1].toObject(),
+        (QJsonObject{ { "row", 5 }, { "include", 1 }, { "startFrequency", 108e6 }, { "stopFrequency", 110e6 },
+            { "description", "" } }));
+    Store("k.csv", kTable);
+    EXPECT_EQ(Json("k.csv")["rows"][2].toObject(),
+        (QJsonObject{ { "row", 2 }, { "frequency", 70e6 }, { "passive", -5.5 }, { "active", 6 } }));
+    EXPECT_EQ(Json("k.csv", true)["rows"].toArray().size(), 1000);
+    Store("c.json", kSet);
+    EXPECT_EQ(Json("c.json"), Object("c.json"));
+}
+
+TEST_F(CtlLists, EveryFormHoldsTheWholeList)
+{
+    Store("k.csv", kTable);
+    ExpectSameInAllForms("k.csv", { "tvk", "json", "csv" });
+}
+
+TEST_F(CtlLists, SuppressListsKeepTheirRowsInEveryForm)
+{
+    Store("s.csv", kRanges);
+    ExpectSameInAllForms("s.csv", { "tvs", "json", "csv" });
+}
+
+TEST_F(CtlLists, AntennaListsKeepTheirRowsInEveryForm)
+{
+    Store("a.csv", kAntennas);
+    ExpectSameInAllForms("a.csv", { "tva", "json", "csv" });
+}
+
+TEST_F(CtlLists, MemoryListsAreReadFromJson)
+{
+    Store("m.csv", MemoryCsv("Van", { { 0, 145500000, "Tower" }, { 1, 100000000, "Base", "Suppressed" } }));
+    ExpectSameInAllForms("m.csv", { "json", "tvm", "csv" });
+}
+
+TEST_F(CtlLists, CorrectionSetsAreSortedWhenTheyAreWritten)
+{
+    Store("c.json", kSet);
+    ExpectDone({ "convert", "c.json", "Array.tvc" });
+    const QJsonObject set = Json("Array.tvc");
+    EXPECT_EQ(set["name"].toString(), "Array");
+    EXPECT_EQ(set["header"].toObject(), Object("c.json")["header"].toObject());
+    EXPECT_EQ(set["kfactor"][0].toObject(),
+        (QJsonObject{ { "row", 0 }, { "frequency", 30000000.5 }, { "passive", 3 }, { "active", 4 } }));
+    EXPECT_EQ(set["kfactor"][1]["passive"].toDouble(), 1.234);
+    EXPECT_EQ(set["azimuth"][0]["angles"].toArray(), (QJsonArray{ 1, 2.125 }));
+    ExpectDone({ "convert", "Array.tvc", "again.json" });
+    EXPECT_EQ(Object("again.json"), set);
+}
+
+TEST_F(CtlLists, UnknownMissingAndMistypedMembersAreNamed)
+{
+    const QByteArray row = R"({ "row": 0, "frequency": 30000000, "passive": 1, "active": 2 })";
+    const auto table = [](const QByteArray& rows) {
+        return QByteArray(R"({ "family": "kfactor", "name": "Mast", "description": "", "rows": [ )") + rows + " ] }";
+    };
+    ExpectRefused(table(row + R"(, { "row": 1, "frequncy": 1, "passive": 1, "active": 2 })"),
+        "rows[1]: \"frequncy\" is not known");
+    ExpectRefused(table(row + R"(, { "row": 1, "passive": 1, "active": 2 })"), "rows[1]: \"frequency\" is missing");
+    ExpectRefused(table(row + R"(, { "row": 1, "frequency": "1", "passive": 1, "active": 2 })"),
+        "rows[1]: \"frequency\" is not a number");
+    ExpectRefused(table(row + R"(, { "row": 1.5, "frequency": 1, "passive": 1, "active": 2 })"),
+        "rows[1]: \"row\" is not a whole number");
+    ExpectRefused(table(row + ", " + row), "rows[1]: row 0 occurs twice");
+    ExpectRefused(table(R"({ "row": 1000, "frequency": 30000000, "passive": 1, "active": 2 })"),
+        "rows[0]: the list has no row 1000");
+    ExpectRefused(table("7"), "rows[0]: not an object");
+    ExpectRefused(R"({ "family": "kfactor", "name": 7, "description": "", "rows": [] })", "\"name\" is not a string");
+    ExpectRefused(R"({ "family": "kfactors" })", "\"family\" is not memory, antenna, kfactor, suppress or correction");
+    ExpectRefused("[]", "not a JSON object");
+    ExpectRefused("{ \"family\":\n x }", "line 2: ");
+}
+
+TEST_F(CtlLists, ValuesOfJsonPassTheChecksOfCsv)
+{
+    const QByteArray start = R"({ "family": "suppress", "name": "Bands", "description": "", "rows": [ )";
+    ExpectRefused(
+        start + R"({ "row": 0, "include": 1, "startFrequency": 2e6, "stopFrequency": 1e6, "description": "" }]})",
+        "12813: Data line 1");
+    ExpectRefused(
+        start + R"({ "row": 0, "include": 1, "startFrequency": 1e6, "stopFrequency": 2e6, "description": "a;b" }]})",
+        "12804: Data line 1");
+    ExpectRefused(R"({ "family": "suppress", "name": "none", "description": "", "rows": [] })", "12770");
+    Store("clamped.json",
+        start + R"({ "row": 0, "include": 1, "startFrequency": 1, "stopFrequency": 9e9, "description": "" }]})");
+    ExpectDone({ "convert", "clamped.json", "clamped.tvs" });
+    EXPECT_EQ(Json("clamped.tvs")["rows"][0]["startFrequency"].toDouble(), 8000);
+    EXPECT_EQ(Json("clamped.tvs")["rows"][0]["stopFrequency"].toDouble(), 8e9);
+}
+
+TEST_F(CtlLists, WhatTheEditorWouldNotSaveIsRefused)
+{
+    Store("one.csv", "K-Factor Table,Mast\r\nDescription,\r\n1,30000000,1,1\r\n");
+    EXPECT_TRUE(Ctl({ "convert", "one.csv", "one.tvk" }).Err.startsWith("one.csv: 12772: "));
+    Store("twice.csv", "K-Factor Table,Mast\r\nDescription,\r\n1,30000000,1,1\r\n2,30000000,1,1\r\n");
+    EXPECT_TRUE(Ctl({ "sort", "--key", "0", "twice.csv", "twice.tvk" }).Err.startsWith("twice.csv: 12768: "));
+    QByteArray many = "Antenna List,Site\r\nDescription,\r\n";
+    for (int row = 1; row <= 8; ++row)
+        many += QByteArray::number(row) + ",Yes,A,30000000,90000000\r\n";
+    Store("many.csv", many);
+    EXPECT_TRUE(Ctl({ "convert", "many.csv", "many.tva" }).Err.startsWith("many.csv: 12774: "));
+    Store("c.json",
+        QByteArray(kSet).replace(
+            "\"omniphase\": []", R"("omniphase": [ { "row": 0, "frequency": 30000000, "phase": 1 } ])"));
+    EXPECT_TRUE(Ctl({ "convert", "c.json", "c.tvc" }).Err.startsWith("c.json: 12772: "));
+    EXPECT_EQ(FolderEntries().filter(".tv"), QStringList());
+}
+
+TEST_F(CtlLists, ListWithABadLineIsNeitherShownNorConverted)
+{
+    Store("bad.csv", kTable + "9,40000000,1,1\r\n");
+    for (const QStringList& arguments : { QStringList{ "check", "bad.csv" }, QStringList{ "show", "bad.csv" },
+             QStringList{ "convert", "bad.csv", "out.tvk" } }) {
+        const CtlResult result = Ctl(arguments);
+        EXPECT_TRUE(result.Err.startsWith("bad.csv: 12782: ")) << result.Err.toStdString();
+        EXPECT_EQ(result.Out, QString());
+        EXPECT_EQ(result.ExitCode, 1);
+    }
+}
+
+TEST_F(CtlLists, SortsByTheKeysOfTheFamily)
+{
+    Store("k.csv", kTable);
+    ExpectDone({ "sort", "--key", "0", "k.csv", "k.tvk" });
+    EXPECT_EQ(Json("k.tvk")["rows"][1]["frequency"].toDouble(), 70e6);
+    Store("s.csv", kRanges);
+    ExpectDone({ "sort", "--key", "0", "s.csv", "s.json" });
+    EXPECT_EQ(Object("s.json")["rows"].toArray().size(), 3);
+    ExpectDone({ "sort", "--merge", "s.csv", "merged.tvs" });
+    const QJsonArray merged = Json("merged.tvs")["rows"].toArray();
+    ASSERT_EQ(merged.size(), 2);
+    EXPECT_EQ(merged[0]["stopFrequency"].toDouble(), 110e6);
+    Store("c.json", kSet);
+    ExpectDone({ "sort", "--key", "0", "c.json", "c2.json" });
+    EXPECT_EQ(Object("c2.json")["kfactor"][0]["frequency"].toDouble(), 30000000.5);
+}
+
+TEST_F(CtlLists, RefusesSortThatTheFamilyLacks)
+{
+    Store("a.csv", kAntennas);
+    Store("k.csv", kTable);
+    EXPECT_EQ(Ctl({ "sort", "--key", "0", "a.csv", "b.csv" }).Err, "a.csv: an antenna list has no sort\n");
+    EXPECT_EQ(
+        Ctl({ "sort", "--key", "1", "k.csv", "b.csv" }).Err, "k.csv: the last sort key of this kind of list is 0\n");
+    EXPECT_EQ(Ctl({ "sort", "--merge", "k.csv", "b.csv" }).Err, "k.csv: --merge is for suppress lists\n");
+    EXPECT_EQ(Ctl({ "sort", "--merge", "--key", "0", "k.csv", "b.csv" }).ExitCode, 2);
+}
+
+TEST_F(CtlLists, RefusesTargetOfAnotherFamily)
+{
+    Store("k.csv", kTable);
+    Store("c.json", kSet);
+    EXPECT_EQ(Ctl({ "convert", "k.csv", "k.tvm" }).Err, "k.tvm: by its extension it is no file of this kind\n");
+    EXPECT_EQ(Ctl({ "convert", "c.json", "c.csv" }).Err, "c.csv: by its extension it is no file of this kind\n");
+    EXPECT_EQ(FolderEntries(), (QStringList{ "c.json", "k.csv" }));
+}
+
+TEST_F(CtlLists, AsksBeforeReplacingJson)
+{
+    Store("k.csv", kTable);
+    Store("k.json", "before");
+    EXPECT_EQ(Ctl({ "convert", "k.csv", "k.json" }).ExitCode, 1);
+    EXPECT_EQ(Bytes("k.json"), "before");
+    EXPECT_EQ(Ctl({ "convert", "--yes", "k.csv", "k.json" }).ExitCode, 0);
+    EXPECT_EQ(Object("k.json"), Json("k.csv"));
+}
+
+TEST_F(CtlLists, PlotWritesThePictureBesideTheTable)
+{
+    Store("k.csv", kTable);
+    ExpectDone({ "plot", "k.csv" });
+    EXPECT_EQ(QImage::fromData(Bytes("k.png")).size(), QSize(792, 560));
+    ExpectDone({ "plot", "--size", "320x200", "k.csv", "small.png" });
+    const QImage small = QImage::fromData(Bytes("small.png"));
+    EXPECT_EQ(small.size(), QSize(320, 200));
+    bool hasRed = false;
+    for (int y = 0; y < small.height(); ++y) {
+        for (int x = 0; x < small.width(); ++x)
+            hasRed = hasRed || small.pixelColor(x, y) == QColor(Qt::red);
+    }
+    EXPECT_TRUE(hasRed);
+}
+
+TEST_F(CtlLists, PlotPrintsTheNumbers)
+{
+    Store("k.csv", kTable);
+    const QJsonObject plot = QJsonDocument::fromJson(Ctl({ "plot", "--values", "k.csv" }).Out.toUtf8()).object();
+    EXPECT_EQ(plot["name"].toString(), "Mast");
+    EXPECT_EQ(plot["points"].toInt(), 3);
+    EXPECT_EQ(plot["series"].toInt(), 2);
+    EXPECT_EQ(plot["xFirst"].toDouble(), 30e6);
+    EXPECT_EQ(plot["xLast"].toDouble(), 85e6);
+    EXPECT_DOUBLE_EQ(plot["xStep"].toDouble(), 55e6 / 631);
+    EXPECT_EQ(plot["yBottom"].toDouble(), -5.5);
+    EXPECT_DOUBLE_EQ(plot["yStep"].toDouble(), 1.1);
+    EXPECT_DOUBLE_EQ(plot["yTop"].toDouble(), 5.5);
+    const QJsonArray traces = plot["traces"].toArray();
+    ASSERT_EQ(traces.size(), 2);
+    EXPECT_EQ(traces[0]["colour"].toString(), "#FF0000");
+    EXPECT_EQ(traces[1]["colour"].toString(), "#F7F310");
+    ASSERT_EQ(traces[0]["samples"].toArray().size(), 630);
+    EXPECT_EQ(traces[0]["samples"][0].toDouble(), 1.25);
+    EXPECT_EQ(traces[1]["samples"][629].toDouble(), 4);
+    EXPECT_EQ(FolderEntries(), QStringList{ "k.csv" });
+}
+
+TEST_F(CtlLists, PlotOfACorrectionSetSelectsTheTable)
+{
+    Store("c.json",
+        QByteArray(kSet).replace("\"omniphase\": []",
+            R"("omniphase": [ { "row": 0, "frequency": 30000000, "phase": 90 },
+                           { "row": 1, "frequency": 40000000, "phase": -90 } ])"));
+    const auto numbers = [this](const QString& table) {
+        return QJsonDocument::fromJson(Ctl({ "plot", "--table", table, "--values", "c.json" }).Out.toUtf8()).object();
+    };
+    EXPECT_EQ(numbers("kfactor")["traces"][0]["samples"][0].toDouble(), 3);
+    EXPECT_EQ(numbers("omniphase")["traces"][0]["samples"][629].toDouble(), -90);
+    EXPECT_EQ(numbers("omniphase")["traces"][1]["samples"][629].toDouble(), 0);
+}
+
+TEST_F(CtlLists, PlotRefusesWhatHasNoDiagram)
+{
+    Store("a.csv", kAntennas);
+    Store("k.csv", kTable);
+    Store("c.json", kSet);
+    EXPECT_EQ(Ctl({ "plot", "a.csv" }).Err, "a.csv: this kind of list has no such diagram\n");
+    EXPECT_EQ(Ctl({ "plot", "--table", "omniphase", "k.csv" }).Err, "k.csv: this kind of list has no such diagram\n");
+    EXPECT_EQ(Ctl({ "plot", "--table", "omniphase", "c.json" }).Err, "c.json: there is nothing to show\n");
+    for (const QStringList& wrong : { QStringList{ "plot", "--table", "azimuth", "k.csv" },
+             QStringList{ "plot", "--size", "10", "k.csv" }, QStringList{ "plot", "--size", "63x100", "k.csv" } })
+        EXPECT_EQ(Ctl(wrong).ExitCode, 2) << wrong.join(u' ').toStdString();
+    EXPECT_EQ(FolderEntries().filter(".png"), QStringList());
+}
+
+} // namespace tarvik

@@ -116,7 +116,7 @@ private:
     {
         if (folder_.isEmpty())
             return;
-        QTest::qWait(300); // for the window manager
+        QCoreApplication::processEvents();
         Require(Screen().save(QStringLiteral("%1/%2.png").arg(folder_, QLatin1String(name))), "no picture saved");
     }
 

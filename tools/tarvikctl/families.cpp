@@ -24,8 +24,46 @@ QStringList TitlesOf(std::initializer_list<TextNumber<0>> captions)
     return titles;
 }
 
-struct MemoryFamily {
-    using Table = MemoryTable;
+/// What most families have in common.
+template <typename TableType>
+struct PlainFamily {
+    using Table = TableType;
+
+    static Table NewTable()
+    {
+        return {};
+    }
+    static auto& Name(auto& table)
+    {
+        return table.Name;
+    }
+    static auto& Description(auto& table)
+    {
+        return table.Description;
+    }
+    static auto& Rows(auto& table)
+    {
+        return table.Rows;
+    }
+    static bool MayBeSaved(const Table&)
+    {
+        return true;
+    }
+    static bool Sort(Table&, int)
+    {
+        return false;
+    }
+    static bool SortAndMerge(Table&)
+    {
+        return false;
+    }
+    static std::optional<MultiTraceInput> DiagramInput(const Table&)
+    {
+        return {};
+    }
+};
+
+struct MemoryFamily : PlainFamily<MemoryTable> {
     static constexpr FileClass kClass = FileClassMemoryList;
 
     static TextNumber<0> Keyword()
@@ -46,10 +84,6 @@ struct MemoryFamily {
     {
         return table.MemoryListDescription;
     }
-    static auto& Rows(auto& table)
-    {
-        return table.Rows;
-    }
     static bool Read(const QString& path, Table& table)
     {
         return OpenMemoryList(path, table);
@@ -66,10 +100,6 @@ struct MemoryFamily {
     {
         return MemoryListCsv(table);
     }
-    static bool MayBeSaved(const Table&)
-    {
-        return true;
-    }
     static bool Write(const QString& path, Table& table)
     {
         return WriteMemoryList(path, table);
@@ -77,14 +107,6 @@ struct MemoryFamily {
     static bool Sort(Table& table, int key)
     {
         return SortMemoryList(table, static_cast<MemorySortKey>(key));
-    }
-    static std::optional<MultiTraceInput> DiagramInput(const Table&)
-    {
-        return {};
-    }
-    static bool SortAndMerge(Table&)
-    {
-        return false;
     }
 
     static void VisitFields(auto& visit, auto& record)
@@ -130,25 +152,12 @@ struct MemoryFamily {
     }
 };
 
-struct KfactorFamily {
-    using Table = KfactorTable;
+struct KfactorFamily : PlainFamily<KfactorTable> {
     static constexpr FileClass kClass = FileClassKfactorTable;
 
     static TextNumber<0> Keyword()
     {
         return TextId::KfactorTableKeyword;
-    }
-    static Table NewTable()
-    {
-        return {};
-    }
-    static auto& Name(auto& table)
-    {
-        return table.Name;
-    }
-    static auto& Description(auto& table)
-    {
-        return table.Description;
     }
     static auto& Rows(auto& table)
     {
@@ -186,10 +195,6 @@ struct KfactorFamily {
     {
         return KfactorDiagram(table, table.Name);
     }
-    static bool SortAndMerge(Table&)
-    {
-        return false;
-    }
 
     static void VisitFields(auto& visit, auto& entry)
     {
@@ -216,29 +221,12 @@ struct KfactorFamily {
     }
 };
 
-struct SuppressFamily {
-    using Table = SuppressTable;
+struct SuppressFamily : PlainFamily<SuppressTable> {
     static constexpr FileClass kClass = FileClassSuppressList;
 
     static TextNumber<0> Keyword()
     {
         return TextId::SuppressListKeyword;
-    }
-    static Table NewTable()
-    {
-        return {};
-    }
-    static auto& Name(auto& table)
-    {
-        return table.Name;
-    }
-    static auto& Description(auto& table)
-    {
-        return table.Description;
-    }
-    static auto& Rows(auto& table)
-    {
-        return table.Rows;
     }
     static bool Read(const QString& path, Table& table)
     {
@@ -256,10 +244,6 @@ struct SuppressFamily {
     {
         return SuppressCsv(table);
     }
-    static bool MayBeSaved(const Table&)
-    {
-        return true;
-    }
     static bool Write(const QString& path, Table& table)
     {
         return WriteSuppressFile(path, table);
@@ -267,10 +251,6 @@ struct SuppressFamily {
     static bool Sort(Table& table, int)
     {
         return SortSuppressRows(table);
-    }
-    static std::optional<MultiTraceInput> DiagramInput(const Table&)
-    {
-        return {};
     }
     static bool SortAndMerge(Table& table)
     {
@@ -302,29 +282,12 @@ struct SuppressFamily {
     }
 };
 
-struct AntennaFamily {
-    using Table = AntennaTable;
+struct AntennaFamily : PlainFamily<AntennaTable> {
     static constexpr FileClass kClass = FileClassAntennaList;
 
     static TextNumber<0> Keyword()
     {
         return TextId::AntennaListKeyword;
-    }
-    static Table NewTable()
-    {
-        return {};
-    }
-    static auto& Name(auto& table)
-    {
-        return table.Name;
-    }
-    static auto& Description(auto& table)
-    {
-        return table.Description;
-    }
-    static auto& Rows(auto& table)
-    {
-        return table.Rows;
     }
     static bool Read(const QString& path, Table& table)
     {
@@ -349,18 +312,6 @@ struct AntennaFamily {
     static bool Write(const QString& path, const Table& table)
     {
         return WriteAntennaFile(path, table);
-    }
-    static bool Sort(Table&, int)
-    {
-        return false;
-    }
-    static std::optional<MultiTraceInput> DiagramInput(const Table&)
-    {
-        return {};
-    }
-    static bool SortAndMerge(Table&)
-    {
-        return false;
     }
 
     static void VisitFields(auto& visit, auto& row)

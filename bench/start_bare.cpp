@@ -1,6 +1,6 @@
 // bench/start_bare.cpp: reference for the start time: a bare main window with an MDI area and as many menus and tool
 // buttons as the program, without functions.
-#include "app/frame/menu.h"
+#include "app/menu/menu.h"
 #include "bench/firstPaint.h"
 
 #include <QAction>

@@ -1,6 +1,6 @@
 #include "link/bindLink.h"
 
-#include "app/frame/commands.h"
+#include "app/menu/commands.h"
 #include "app/platform/instrumentLink.h"
 #include "app/state/statusBar.h"
 #include "link/classes/model.h"

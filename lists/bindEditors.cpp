@@ -1,6 +1,6 @@
 #include "lists/bindEditors.h"
 
-#include "app/frame/commands.h"
+#include "app/menu/commands.h"
 #include "link/documents/documents.h"
 #include "lists/antenna/FmEditorAntenna.h"
 #include "lists/correction/FmEditorCorrectionSet.h"

@@ -1,8 +1,8 @@
 #include "screen/bindScreen.h"
 
 #include "app/frame/MfMain.h"
-#include "app/frame/commands.h"
-#include "app/frame/frameDocuments.h"
+#include "app/menu/commands.h"
+#include "app/menu/frameDocuments.h"
 #include "app/state/project.h"
 #include "link/control/controlGeneral.h"
 #include "link/documents/file.h"

@@ -1,8 +1,8 @@
 // app/frame/FrameToolbar.h: the frame's tool bar: the buttons `Cm[0]` to `Cm[20]` and their tips.
 #pragma once
 
-#include "app/frame/menu.h"
 #include "app/frame/tip.h"
+#include "app/menu/menu.h"
 #include "app/text/textNumber.h"
 
 #include <QPointer>

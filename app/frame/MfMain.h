@@ -2,8 +2,8 @@
 // rules are in startup.h, menu.h, tip.h and dropFiles.h.
 #pragma once
 
-#include "app/frame/commands.h"
 #include "app/frame/startup.h"
+#include "app/menu/commands.h"
 #include "app/state/frame.h"
 
 #include <QMainWindow>

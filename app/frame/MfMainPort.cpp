@@ -3,13 +3,13 @@
 
 #include "app/about/FmAbout.h"
 #include "app/forms/form.h"
-#include "app/frame/FrameMenus.h"
 #include "app/frame/FrameStatusBar.h"
 #include "app/frame/FrameToolbar.h"
 #include "app/frame/ProgressPicture.h"
 #include "app/frame/dropFiles.h"
 #include "app/help/FmHelp.h"
 #include "app/help/help.h"
+#include "app/menu/FrameMenus.h"
 #include "app/state/project.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "app/frame/dropFiles.h"
 
-#include "app/frame/frameDocuments.h"
 #include "app/frame/startup.h"
+#include "app/menu/frameDocuments.h"
 #include "app/state/project.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "app/frame/startup.h"
 
 #include "app/forms/dialog.h"
-#include "app/frame/frameDocuments.h"
+#include "app/menu/frameDocuments.h"
 #include "app/message/message.h"
 #include "app/platform/instrumentLink.h"
 #include "app/platform/paths.h"

@@ -1,6 +1,6 @@
 #include "link/documents/file.h"
 
-#include "app/frame/recentFiles.h"
+#include "app/menu/recentFiles.h"
 #include "app/message/message.h"
 #include "app/text/textId.h"
 #include "link/documents/documents.h"

@@ -1,6 +1,6 @@
 #include "link/documents/fileSave.h"
 
-#include "app/frame/recentFiles.h"
+#include "app/menu/recentFiles.h"
 #include "app/message/message.h"
 #include "app/platform/replaceFile.h"
 #include "app/platform/seams.h"

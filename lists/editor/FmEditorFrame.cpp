@@ -1,8 +1,8 @@
 #include "lists/editor/FmEditorFrame.h"
 
 #include "app/forms/focusRules.h"
-#include "app/frame/recentFiles.h"
 #include "app/help/help.h"
+#include "app/menu/recentFiles.h"
 #include "app/message/message.h"
 #include "app/text/lang.h"
 

@@ -2,7 +2,7 @@
 
 #include "app/forms/Pictures.h"
 #include "app/frame/MfMain.h"
-#include "app/frame/commands.h"
+#include "app/menu/commands.h"
 #include "app/state/project.h"
 #include "app/text/textId.h"
 #include "screen/diagram/datasetViewer.h"

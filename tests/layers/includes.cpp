@@ -22,7 +22,9 @@ const std::vector<Floor>& Floors()
 {
     static const std::vector<Floor> floors{
         { "closed", {} },
-        { "app", { "platform", "text", "values", "state", "settings", "forms", "message", "help", "about", "frame" } },
+        { "app",
+            { "platform", "text", "values", "state", "settings", "forms", "message", "help", "about", "menu",
+                "frame" } },
         { "link", { "classes", "channel", "connection", "files", "transfer", "documents", "control" } },
         { "screen", { "bitmap", "metafile", "document", "window", "diagram", "files" } },
         { "lists", { "values", "editor", "memory", "suppress", "antenna", "kfactor", "correction" } },

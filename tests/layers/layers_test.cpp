@@ -156,10 +156,10 @@ TEST(LayerCheck, FindsAWidgetThatAHeaderBringsIntoAModule)
 
 TEST(LayerCheck, FindsAnIncludeOfAHigherRoom)
 {
-    const SourceTree tree{ { "app/text/lang.cpp", "#include \"app/frame/menu.h\"\n" },
-        { "app/frame/menu.cpp", "#include \"app/text/ansi.h\"\n" } };
+    const SourceTree tree{ { "app/text/lang.cpp", "#include \"app/menu/menu.h\"\n" },
+        { "app/menu/menu.cpp", "#include \"app/text/ansi.h\"\n" } };
     EXPECT_EQ(FindBrokenLayers(tree, FakeRules()),
-        std::vector<std::string>({ "app/text/lang.cpp:1: app/frame/menu.h points up" }));
+        std::vector<std::string>({ "app/text/lang.cpp:1: app/menu/menu.h points up" }));
 }
 
 TEST(LayerCheck, BindersAreAboveTheRoomsOfTheirFloor)

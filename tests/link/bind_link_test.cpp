@@ -1,4 +1,4 @@
-#include "app/frame/commands.h"
+#include "app/menu/commands.h"
 #include "app/platform/instrumentLink.h"
 #include "app/platform/seams.h"
 #include "app/state/project.h"

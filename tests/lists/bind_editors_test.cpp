@@ -1,5 +1,5 @@
 // How the program reaches the list editors.
-#include "app/frame/commands.h"
+#include "app/menu/commands.h"
 #include "link/documents/documents.h"
 #include "lists/bindEditors.h"
 #include "tests/lists/editor/list_form_fixture.h"

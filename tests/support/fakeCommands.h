@@ -1,7 +1,7 @@
 // tests/support/fakeCommands.h: binds a command to what a test wants to see.
 #pragma once
 
-#include "app/frame/commands.h"
+#include "app/menu/commands.h"
 
 #include <array>
 #include <functional>

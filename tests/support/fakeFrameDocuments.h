@@ -1,7 +1,7 @@
 // tests/support/fakeFrameDocuments.h: open documents as the frame sees them. In force while it lives.
 #pragma once
 
-#include "app/frame/frameDocuments.h"
+#include "app/menu/frameDocuments.h"
 
 #include <QFileInfo>
 #include <QList>

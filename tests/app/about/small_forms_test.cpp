@@ -5,7 +5,7 @@
 #include "app/about/info.h"
 #include "app/forms/Pictures.h"
 #include "app/frame/FmTip.h"
-#include "app/frame/menu.h"
+#include "app/menu/menu.h"
 #include "app/platform/seams.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"

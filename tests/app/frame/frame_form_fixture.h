@@ -2,9 +2,9 @@
 #pragma once
 
 #include "app/frame/MfMain.h"
-#include "app/frame/commands.h"
 #include "app/frame/dropFiles.h"
-#include "app/frame/menu.h"
+#include "app/menu/commands.h"
+#include "app/menu/menu.h"
 #include "app/platform/seams.h"
 #include "app/settings/settings.h"
 #include "app/state/frame.h"

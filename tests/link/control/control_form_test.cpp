@@ -1,7 +1,7 @@
 // The form of the file control window: controls by class, hints, help, opening and closing.
 #include "tests/link/control/control_form_fixture.h"
 
-#include "app/frame/commands.h"
+#include "app/menu/commands.h"
 #include "app/state/project.h"
 #include "app/text/lang.h"
 #include "link/bindLink.h"

@@ -1,7 +1,7 @@
 // Saving a document: formats, save dialog, failures.
 #include "tests/link/documents/documents_fixture.h"
 
-#include "app/frame/recentFiles.h"
+#include "app/menu/recentFiles.h"
 #include "app/state/project.h"
 #include "link/documents/fileFormats.h"
 #include "tests/support/fakeFrame.h"

@@ -1,6 +1,6 @@
 #include "link/documents/file.h"
 
-#include "app/frame/recentFiles.h"
+#include "app/menu/recentFiles.h"
 #include "tests/support/fakeDocuments.h"
 #include "tests/support/fixture.h"
 

@@ -1,6 +1,6 @@
 #include "tests/lists/editor/list_form_fixture.h"
 
-#include "app/frame/recentFiles.h"
+#include "app/menu/recentFiles.h"
 #include "app/text/lang.h"
 #include "link/classes/model.h"
 #include "lists/editor/editorGeneral.h"

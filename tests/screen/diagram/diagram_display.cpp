@@ -2,7 +2,7 @@
 // description, copy, black and white, maximise, save, close. With a folder, leaves pictures of the screen there. Needs
 // a display with a window manager.
 #include "app/frame/MfMain.h"
-#include "app/frame/commands.h"
+#include "app/menu/commands.h"
 #include "app/platform/seams.h"
 #include "app/state/dialogStack.h"
 #include "app/state/project.h"

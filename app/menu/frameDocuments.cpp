@@ -1,4 +1,4 @@
-#include "app/frame/frameDocuments.h"
+#include "app/menu/frameDocuments.h"
 
 namespace tarvik {
 

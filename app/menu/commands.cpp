@@ -1,4 +1,4 @@
-#include "app/frame/commands.h"
+#include "app/menu/commands.h"
 
 #include "app/platform/processState.h"
 #include "app/state/dialogStack.h"

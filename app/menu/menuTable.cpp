@@ -1,5 +1,5 @@
 // The table itself: the menu bar, the pop-ups and the tool bar. A row's position is its place in the menu.
-#include "app/frame/menu.h"
+#include "app/menu/menu.h"
 #include "app/text/textId.h"
 
 #include <QtCore/qnamespace.h>

@@ -1,4 +1,4 @@
-// app/frame/RecentFilesMenu.h: the sub-menu of the recent files. Its items are made when it opens.
+// app/menu/RecentFilesMenu.h: the sub-menu of the recent files. Its items are made when it opens.
 #pragma once
 
 #include <QMenu>

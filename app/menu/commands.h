@@ -1,4 +1,4 @@
-// app/frame/commands.h: every command of the frame, and the table of what each runs.
+// app/menu/commands.h: every command of the frame, and the table of what each runs.
 #pragma once
 
 #include <span>

@@ -1,4 +1,4 @@
-// app/frame/recentFiles.h: the files that were opened or saved last, which the File menu offers. Kept for one run: the
+// app/menu/recentFiles.h: the files that were opened or saved last, which the File menu offers. Kept for one run: the
 // settings file has no keys for them.
 #pragma once
 

@@ -1,7 +1,7 @@
-// app/frame/FrameMenus.h: the frame's menu bar and right-click menus, made from the table of menu.h.
+// app/menu/FrameMenus.h: the frame's menu bar and right-click menus, made from the table of menu.h.
 #pragma once
 
-#include "app/frame/menu.h"
+#include "app/menu/menu.h"
 #include "app/text/textNumber.h"
 
 #include <QHash>

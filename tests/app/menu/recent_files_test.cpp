@@ -1,5 +1,5 @@
 // The list of recent files, and what opening one does.
-#include "app/frame/recentFiles.h"
+#include "app/menu/recentFiles.h"
 
 #include "app/state/dialogStack.h"
 #include "app/state/project.h"

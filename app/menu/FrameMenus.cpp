@@ -1,8 +1,8 @@
-#include "app/frame/FrameMenus.h"
+#include "app/menu/FrameMenus.h"
 
 #include "app/forms/Pictures.h"
 #include "app/forms/form.h"
-#include "app/frame/RecentFilesMenu.h"
+#include "app/menu/RecentFilesMenu.h"
 #include "app/state/linkState.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"

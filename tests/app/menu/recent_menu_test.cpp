@@ -1,5 +1,5 @@
 // The sub-menu of the recent files in the frame.
-#include "app/frame/recentFiles.h"
+#include "app/menu/recentFiles.h"
 #include "app/text/lang.h"
 #include "tests/app/frame/frame_form_fixture.h"
 

@@ -1,5 +1,5 @@
 // The recent files in the menu bar with a real mouse and keyboard. Runs on a display with a window manager.
-#include "app/frame/recentFiles.h"
+#include "app/menu/recentFiles.h"
 #include "tests/app/frame/frame_form_fixture.h"
 #include "tests/support/realInput.h"
 

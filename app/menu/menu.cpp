@@ -1,6 +1,6 @@
-#include "app/frame/menu.h"
+#include "app/menu/menu.h"
 
-#include "app/frame/recentFiles.h"
+#include "app/menu/recentFiles.h"
 #include "app/state/linkState.h"
 #include "app/state/project.h"
 #include "app/text/textId.h"

@@ -1,9 +1,9 @@
-// app/frame/menu.h: the one table of menu items, tool bar buttons and their pop-up twins, and the rules of what is
+// app/menu/menu.h: the one table of menu items, tool bar buttons and their pop-up twins, and the rules of what is
 // enabled.
 #pragma once
 
-#include "app/frame/commands.h"
-#include "app/frame/frameDocuments.h"
+#include "app/menu/commands.h"
+#include "app/menu/frameDocuments.h"
 #include "app/text/textNumber.h"
 
 #include <QString>

@@ -1,4 +1,4 @@
-// app/frame/frameDocuments.h: the port to the open documents: what the frame asks of them.
+// app/menu/frameDocuments.h: the port to the open documents: what the frame asks of them.
 #pragma once
 
 #include "app/platform/port.h"

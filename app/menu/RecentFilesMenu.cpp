@@ -1,8 +1,8 @@
-#include "app/frame/RecentFilesMenu.h"
+#include "app/menu/RecentFilesMenu.h"
 
 #include "app/forms/form.h"
-#include "app/frame/menu.h"
-#include "app/frame/recentFiles.h"
+#include "app/menu/menu.h"
+#include "app/menu/recentFiles.h"
 #include "app/state/frame.h"
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"

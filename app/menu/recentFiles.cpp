@@ -1,6 +1,6 @@
-#include "app/frame/recentFiles.h"
+#include "app/menu/recentFiles.h"
 
-#include "app/frame/frameDocuments.h"
+#include "app/menu/frameDocuments.h"
 #include "app/platform/paths.h"
 #include "app/platform/processState.h"
 #include "app/state/project.h"

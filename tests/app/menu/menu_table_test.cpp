@@ -1,4 +1,4 @@
-#include "app/frame/menu.h"
+#include "app/menu/menu.h"
 #include "app/text/lang.h"
 #include "tests/support/fixture.h"
 

@@ -1,5 +1,5 @@
-#include "app/frame/commands.h"
-#include "app/frame/menu.h"
+#include "app/menu/commands.h"
+#include "app/menu/menu.h"
 #include "app/state/linkState.h"
 #include "app/state/project.h"
 #include "closed/loader.h"

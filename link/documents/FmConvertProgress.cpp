@@ -1,6 +1,7 @@
 #include "link/documents/FmConvertProgress.h"
 
 #include "app/forms/formLayout.h"
+#include "app/platform/seams.h"
 #include "app/text/lang.h"
 #include "app/text/textId.h"
 
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -37,6 +39,11 @@ FmConvertProgress::FmConvertProgress(QWidget* parent)
     BtCancel->setCursor(Qt::ArrowCursor); // enabled while the form is busy
     connect(BtCancel, &QPushButton::clicked, this, [this] { Unload(); });
 
+    showLater_ = new QTimer(this); // for a message that the file causes
+    showLater_->setSingleShot(true);
+    showLater_->setInterval(kConvertShowIntervalMs);
+    connect(showLater_, &QTimer::timeout, this, [this] { ShowProgress(); });
+
     QVBoxLayout* form = NewFormColumn(this);
     form->addWidget(LbName);
     form->addWidget(progressBar);
@@ -52,6 +59,7 @@ bool FmConvertProgress::OnLoad()
     result_ = {};
     cancelled_ = false;
     runs_ = true;
+    shownAt_ = {};
     const auto total = static_cast<int>(FileConvert().Sources.size());
     progressBar->setRange(0, std::max(total, 1)); // 0 would show an indeterminate bar
     progressBar->setValue(0);
@@ -74,13 +82,40 @@ void FmConvertProgress::ShowName(const QString& name)
     LbName->setText(fontMetrics().elidedText(name, Qt::ElideMiddle, width));
 }
 
-/// Repaints at once: no events may be processed during the conversion of a file.
 void FmConvertProgress::Progress(int done, int total, const QString& source)
 {
-    progressBar->setMaximum(total);
-    progressBar->setValue(done);
-    ShowCount(done + 1, total);
-    ShowName(QFileInfo(source).fileName());
+    done_ = done;
+    total_ = total;
+    source_ = source;
+    if (IsTimeToShow() || QFileInfo(source).size() >= kConvertLongFile)
+        ShowProgress();
+    else
+        showLater_->start();
+}
+
+/// A file that took long to open will take long to save.
+void FmConvertProgress::Prepare(int /*window*/)
+{
+    if (showLater_->isActive() && IsTimeToShow())
+        ShowProgress();
+}
+
+/// Also after the clock was set back.
+bool FmConvertProgress::IsTimeToShow() const
+{
+    const qint64 passed = shownAt_.msecsTo(TheSeams().Now());
+    return !shownAt_.isValid() || passed < 0 || passed >= kConvertShowIntervalMs;
+}
+
+/// Repaints at once: no events may be processed during the conversion of a file.
+void FmConvertProgress::ShowProgress()
+{
+    showLater_->stop();
+    shownAt_ = TheSeams().Now();
+    progressBar->setMaximum(total_);
+    progressBar->setValue(done_);
+    ShowCount(done_ + 1, total_);
+    ShowName(QFileInfo(source_).fileName());
     repaint();
 }
 
@@ -93,6 +128,7 @@ bool FmConvertProgress::QueryUnload()
 {
     if (runs_) {
         cancelled_ = true;
+        showLater_->stop();
         ShowName(LngStr(TextId::ConvertStopping));
         LbName->repaint();
     }
@@ -106,6 +142,7 @@ void FmConvertProgress::OnActivate()
         const BusyPointer busy(*this);
         result_ = FileConvertRun(*this);
     }
+    showLater_->stop();
     runs_ = false;
     Unload();
 }

@@ -4,9 +4,18 @@
 #include "app/forms/form.h"
 #include "link/documents/fileConvert.h"
 
+#include <QDateTime>
+
 class QProgressBar;
+class QTimer;
 
 namespace tarvik {
+
+/// Shortest time between two files that are shown. Painting each of many short files would take a tenth of the batch.
+inline constexpr int kConvertShowIntervalMs = 40;
+
+/// A file of this size is always shown: it takes longer than the interval.
+inline constexpr qint64 kConvertLongFile = 16 << 20;
 
 /// Runs the batch once it is visible, and closes when the batch has ended. Until then Cancel, Escape and the close
 /// button end the batch after the current file.
@@ -28,7 +37,10 @@ protected:
 
 private:
     void Progress(int done, int total, const QString& source) override;
+    void Prepare(int window) override;
     bool IsCancelled() override;
+    bool IsTimeToShow() const;
+    void ShowProgress();
     void ShowCount(int number, int total);
     void ShowName(const QString& name);
 
@@ -36,6 +48,11 @@ private:
     QLabel* LbName = nullptr;
     QProgressBar* progressBar = nullptr;
     QPushButton* BtCancel = nullptr;
+    QTimer* showLater_ = nullptr;
+    QDateTime shownAt_;
+    int done_ = 0;
+    int total_ = 0;
+    QString source_;
     BatchResult result_;
     bool runs_ = false;
     bool cancelled_ = false;

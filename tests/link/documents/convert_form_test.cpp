@@ -13,9 +13,14 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QTimer>
+#include <QtTest/QTest>
+
+#include <algorithm>
 
 namespace tarvik {
 
@@ -45,13 +50,17 @@ protected:
         FileConvert().Sources = { FilePath("a.bmp"), FilePath("b.bmp"), FilePath("c.bmp") };
         FileConvert().TargetFolder = Folder();
         FileConvert().TargetExtension = ".png";
+        TheSeams().Now = [this] { return now; };
         windows.OnOpen = [this] {
             During(++opened);
+            now = now.addMSecs(openingMs);
             return opened;
         };
     }
 
     FakeDocuments windows;
+    QDateTime now = QDateTime::fromSecsSinceEpoch(1'800'000'000, Qt::UTC);
+    qint64 openingMs = kConvertShowIntervalMs;
     int opened = 0;
     std::function<void(int)> During = [](int) {};
     FmConvertProgress form;
@@ -212,6 +221,85 @@ TEST_F(ConvertProgressForm, DrawsNameBeforeFileIsOpened)
     During = [&](int) { texts.append(drawn.Text); };
     DialogShow(form);
     EXPECT_EQ(texts, QStringList({ "a.bmp", "b.bmp", "c.bmp" }));
+}
+
+TEST_F(ConvertProgressForm, ShortFilesAreNotAllDrawn)
+{
+    FileConvert().Sources = { FilePath("a.bmp"), FilePath("b.bmp"), FilePath("c.bmp"), FilePath("d.bmp"),
+        FilePath("e.bmp"), FilePath("f.bmp") };
+    openingMs = kConvertShowIntervalMs / 4;
+    const DrawnText drawn(Find<QLabel>(form, "LbName"));
+    QStringList texts;
+    During = [&](int) {
+        texts.append(drawn.Text + u' ' + QString::number(Find<QProgressBar>(form, "progressBar").value()));
+    };
+    DialogShow(form);
+    EXPECT_EQ(texts, QStringList({ "a.bmp 0", "a.bmp 0", "a.bmp 0", "a.bmp 0", "d.bmp 3", "d.bmp 3" }));
+    EXPECT_EQ(form.Result().Converted, 6);
+}
+
+TEST_F(ConvertProgressForm, EachBatchDrawsItsFirstFile)
+{
+    openingMs = 1;
+    DialogShow(form);
+    const DrawnText drawn(Find<QLabel>(form, "LbName"));
+    FileConvert().Sources = { FilePath("x.bmp") };
+    During = [&](int) { EXPECT_EQ(drawn.Text, "x.bmp"); };
+    DialogShow(form);
+    EXPECT_EQ(opened, 4);
+}
+
+TEST_F(ConvertProgressForm, DrawsFilesAfterClockWasSetBack)
+{
+    openingMs = -3'600'000;
+    const DrawnText drawn(Find<QLabel>(form, "LbName"));
+    QStringList texts;
+    During = [&](int) { texts.append(drawn.Text); };
+    DialogShow(form);
+    EXPECT_EQ(texts, QStringList({ "a.bmp", "b.bmp", "c.bmp" }));
+}
+
+TEST_F(ConvertProgressForm, DrawsLargeFileBeforeItIsOpened)
+{
+    openingMs = 1;
+    for (const QString name : { "b.bmp", "c.bmp" }) {
+        QFile file(FilePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(file.resize(kConvertLongFile - (name == "c.bmp" ? 1 : 0)));
+    }
+    const DrawnText drawn(Find<QLabel>(form, "LbName"));
+    QStringList texts;
+    During = [&](int) { texts.append(drawn.Text); };
+    DialogShow(form);
+    EXPECT_EQ(texts, QStringList({ "a.bmp", "b.bmp", "b.bmp" }));
+}
+
+/// As when a message asks whether to replace it.
+TEST_F(ConvertProgressForm, DrawsShortFileThatWaits)
+{
+    openingMs = 1;
+    During = [&](int file) {
+        const QString name = QChar(u'a' + file - 1) + QStringLiteral(".bmp");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return TextOf(form, "LbName") == name; }));
+    };
+    DialogShow(form);
+    EXPECT_EQ(opened, 3);
+}
+
+TEST_F(ConvertProgressForm, NoNameReplacesThatItStops)
+{
+    openingMs = 1;
+    During = [&](int file) {
+        if (file != 2)
+            return;
+        Click(form, "BtCancel");
+        now = now.addSecs(1);
+        const auto timers = form.findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+        EXPECT_TRUE(std::none_of(timers.begin(), timers.end(), [](const QTimer* timer) { return timer->isActive(); }));
+    };
+    DialogShow(form);
+    EXPECT_EQ(TextOf(form, "LbName"), LngStr(11421));
+    EXPECT_EQ(opened, 2);
 }
 
 TEST_F(ConvertProgressForm, DrawsAtOnceThatItStops)

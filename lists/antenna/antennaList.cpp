@@ -18,22 +18,8 @@ namespace {
 constexpr std::array kPatterns{ "00", "01", "10", "11" };
 
 /// Index 0 of the store is never used.
-struct AntennaFamily {
-    using Table = AntennaTable;
+struct AntennaFamily : ListFamily<AntennaTable> {
     static constexpr StoreSlots kSlots{ 1, 1, 1, false };
-
-    static auto& Name(auto& table)
-    {
-        return table.Name;
-    }
-    static auto& Description(auto& table)
-    {
-        return table.Description;
-    }
-    static auto& Rows(auto& table)
-    {
-        return table.Rows;
-    }
 
     static ListCalls Calls()
     {

@@ -2,6 +2,8 @@
 // that returns false has shown its message.
 #pragma once
 
+#include "lists/values/listTable.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -33,23 +35,7 @@ struct AntennaRow {
 inline constexpr int kAntennaRows = 99;
 inline constexpr int kLinkNameLength = 40;
 
-/// Always `kAntennaRows` rows, used or not.
-struct AntennaTable {
-    QString Name;
-    QString Description;
-    std::vector<AntennaRow> Rows = std::vector<AntennaRow>(kAntennaRows);
-
-    AntennaRow& Row(int row)
-    {
-        return Rows[static_cast<size_t>(row)];
-    }
-    const AntennaRow& Row(int row) const
-    {
-        return Rows[static_cast<size_t>(row)];
-    }
-
-    bool operator==(const AntennaTable&) const = default;
-};
+struct AntennaTable : ListTable<AntennaRow, kAntennaRows> { };
 
 inline constexpr int kBitPatterns = 4;
 

@@ -131,14 +131,13 @@ bool FmEditorKfactor::HasText(int row)
 void FmEditorKfactor::TextChanged(int row, int, const QString&)
 {
     SetDirty(); // the entry gets the value when the cell is left
-    EditRow(Kfactors().Entries, row, *this, [&](KfactorEntry& entry) { entry.Used = HasText(row); });
+    EditRow(Kfactors().Rows, row, *this, [&](KfactorEntry& entry) { entry.Used = HasText(row); });
 }
 
 bool FmEditorKfactor::CheckCell(int row, int column, QString& text)
 {
     bool passed = false;
-    EditRow(
-        Kfactors().Entries, row, *this, [&](KfactorEntry& entry) { passed = CheckKfactorCell(entry, column, text); });
+    EditRow(Kfactors().Rows, row, *this, [&](KfactorEntry& entry) { passed = CheckKfactorCell(entry, column, text); });
     return passed;
 }
 
@@ -160,7 +159,7 @@ void FmEditorKfactor::OnDelete()
     if (!MayLeaveHead())
         return;
     Grid().ShowCurrentRow();
-    EditRow(Kfactors().Entries, Grid().CurrentRow(), *this, [](KfactorEntry& entry) { entry.Used = false; });
+    EditRow(Kfactors().Rows, Grid().CurrentRow(), *this, [](KfactorEntry& entry) { entry.Used = false; });
     Grid().FillRows(true);
     Grid().FocusCurrent();
 }

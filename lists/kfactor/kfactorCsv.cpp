@@ -41,7 +41,7 @@ void ReadKfactorCsvLines(CsvSource& source, KfactorTable& table)
     table.Count = 0;
     while (ReadEntry(rows, table))
         ++table.Count;
-    std::fill(table.Entries.begin() + table.Count, table.Entries.end(), KfactorEntry());
+    std::fill(table.Rows.begin() + table.Count, table.Rows.end(), KfactorEntry());
 }
 
 std::optional<CsvWriter> BuildFile(const KfactorTable& table)

@@ -13,22 +13,8 @@ namespace tarvik {
 
 namespace {
 
-struct KfactorFamily {
-    using Table = KfactorTable;
+struct KfactorFamily : ListFamily<KfactorTable> {
     static constexpr StoreSlots kSlots{ 0, 0, 1, false };
-
-    static auto& Name(auto& table)
-    {
-        return table.Name;
-    }
-    static auto& Description(auto& table)
-    {
-        return table.Description;
-    }
-    static auto& Rows(auto& table)
-    {
-        return table.Entries;
-    }
 
     static ListCalls Calls()
     {
@@ -139,8 +125,8 @@ bool KfactorMayBeSaved(const KfactorTable& table)
 
 int UsedKfactorRows(const KfactorTable& table)
 {
-    return static_cast<int>(std::count_if(
-        table.Entries.begin(), table.Entries.end(), [](const KfactorEntry& entry) { return entry.Used; }));
+    return static_cast<int>(
+        std::count_if(table.Rows.begin(), table.Rows.end(), [](const KfactorEntry& entry) { return entry.Used; }));
 }
 
 int DuplicateKfactorRow(const KfactorTable& table)

@@ -2,10 +2,10 @@
 // that returns false has shown its message.
 #pragma once
 
+#include "lists/values/listTable.h"
+
 #include <QByteArray>
 #include <QString>
-
-#include <vector>
 
 namespace tarvik {
 
@@ -23,21 +23,8 @@ struct KfactorEntry {
 inline constexpr int kKfactorRows = 1000;
 inline constexpr int kFewestKfactorRows = 2; ///< of a table that can be saved
 
-/// Always `kKfactorRows` rows, used or not.
-struct KfactorTable {
-    QString Name;
-    QString Description;
-    std::vector<KfactorEntry> Entries = std::vector<KfactorEntry>(kKfactorRows);
+struct KfactorTable : ListTable<KfactorEntry, kKfactorRows> {
     int Count = 0; ///< rows filled by the last read or sort: 0 to Count - 1; not updated by editing
-
-    KfactorEntry& Row(int row)
-    {
-        return Entries[static_cast<size_t>(row)];
-    }
-    const KfactorEntry& Row(int row) const
-    {
-        return Entries[static_cast<size_t>(row)];
-    }
 };
 
 /// The table of the editor, which the antenna editor loads as well to learn its first and last frequency.

@@ -11,8 +11,7 @@ namespace tarvik {
 
 namespace {
 
-struct MemoryFamily {
-    using Table = MemoryTable;
+struct MemoryFamily : ListFamily<MemoryTable> {
     static constexpr StoreSlots kSlots{};
 
     static auto& Name(auto& table)
@@ -22,10 +21,6 @@ struct MemoryFamily {
     static auto& Description(auto& table)
     {
         return table.MemoryListDescription;
-    }
-    static auto& Rows(auto& table)
-    {
-        return table.Rows;
     }
 
     static ListCalls Calls()

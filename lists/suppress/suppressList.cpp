@@ -10,22 +10,8 @@ namespace tarvik {
 
 namespace {
 
-struct SuppressFamily {
-    using Table = SuppressTable;
+struct SuppressFamily : ListFamily<SuppressTable> {
     static constexpr StoreSlots kSlots{ 0, 0, 0, true };
-
-    static auto& Name(auto& table)
-    {
-        return table.Name;
-    }
-    static auto& Description(auto& table)
-    {
-        return table.Description;
-    }
-    static auto& Rows(auto& table)
-    {
-        return table.Rows;
-    }
 
     static ListCalls Calls()
     {

@@ -2,11 +2,12 @@
 // of both formats. An operation that returns false has shown its message.
 #pragma once
 
+#include "lists/values/listTable.h"
+
 #include <QByteArray>
 #include <QString>
 
 #include <cstdint>
-#include <vector>
 
 namespace tarvik {
 
@@ -28,23 +29,7 @@ struct SuppressRow {
 
 inline constexpr int kSuppressRows = 100;
 
-/// Always `kSuppressRows` rows, used or not.
-struct SuppressTable {
-    QString Name;
-    QString Description;
-    std::vector<SuppressRow> Rows = std::vector<SuppressRow>(kSuppressRows);
-
-    SuppressRow& Row(int row)
-    {
-        return Rows[static_cast<size_t>(row)];
-    }
-    const SuppressRow& Row(int row) const
-    {
-        return Rows[static_cast<size_t>(row)];
-    }
-
-    bool operator==(const SuppressTable&) const = default;
-};
+struct SuppressTable : ListTable<SuppressRow, kSuppressRows> { };
 
 /// Empty for a value that is neither.
 QString IncludeToStr(std::int16_t include);

@@ -68,16 +68,31 @@ struct StoreSlots {
     bool UnusedHaveFields = true; ///< false: unused slots are not read; their rows are empty records
 };
 
-// A family is a type with these static members:
+// A family is derived from ListFamily and has these static members:
 //
-//     using Table = ...;                            // an editor's table
-//     auto& Name(auto& table);                      // QString of the table
-//     auto& Description(auto& table);
-//     auto& Rows(auto& table);                      // container of records, each with `bool Used`
 //     StoreSlots kSlots;
 //     ListCalls Calls();                            // fetched for each operation
 //     void VisitFields(auto& visit, auto& record);  // visit(getter, setter, field) for each field, in the store's
 //                                                   // order, and once visit.Used
+
+/// The parts of a table. Its rows are records with a `bool Used`.
+template <typename TableType>
+struct ListFamily {
+    using Table = TableType;
+
+    static auto& Name(auto& table)
+    {
+        return table.Name;
+    }
+    static auto& Description(auto& table)
+    {
+        return table.Description;
+    }
+    static auto& Rows(auto& table)
+    {
+        return table.Rows;
+    }
+};
 
 /// Reads one record.
 class RecordReader {

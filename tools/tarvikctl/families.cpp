@@ -159,10 +159,6 @@ struct KfactorFamily : PlainFamily<KfactorTable> {
     {
         return TextId::KfactorTableKeyword;
     }
-    static auto& Rows(auto& table)
-    {
-        return table.Entries;
-    }
     static bool Read(const QString& path, Table& table)
     {
         return LoadKfactorFile(path, table);

@@ -26,7 +26,7 @@ protected:
     {
         KfactorTable table;
         table.Name = QStringLiteral("Mast");
-        std::copy(entries.begin(), entries.end(), table.Entries.begin());
+        std::copy(entries.begin(), entries.end(), table.Rows.begin());
         return table;
     }
 };

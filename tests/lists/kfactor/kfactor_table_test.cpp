@@ -98,7 +98,7 @@ TEST_F(Kfactor, CsvHeaderFailureLeavesEmptyTable)
     Store(FilePath("x.csv"), "Memory List,Mast\r\nDescription,\r\n1,30000000,1,1\r\n");
     Answers().Expect(12777, QStringList(), Ok);
     EXPECT_FALSE(LoadKfactorFile(FilePath("x.csv"), table));
-    EXPECT_EQ(table.Entries, KfactorTable().Entries);
+    EXPECT_EQ(table.Rows, KfactorTable().Rows);
     EXPECT_EQ(table.Name, "");
 }
 

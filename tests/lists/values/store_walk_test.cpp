@@ -39,22 +39,7 @@ struct TestTable {
     }
 };
 
-struct TestFamily {
-    using Table = TestTable;
-
-    static auto& Name(auto& table)
-    {
-        return table.Name;
-    }
-    static auto& Description(auto& table)
-    {
-        return table.Description;
-    }
-    static auto& Rows(auto& table)
-    {
-        return table.Rows;
-    }
-};
+struct TestFamily : ListFamily<TestTable> { };
 
 /// The calls that every family has, under its prefix.
 #define COMMON_CALLS(Prefix)                                                                                           \

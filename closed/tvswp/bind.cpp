@@ -108,10 +108,10 @@ Drawing DrawingOf(std::vector<Point> line, size_t position, uint32_t colour, dou
     return { std::move(line), std::move(outline), std::move(core), markers };
 }
 
-void Paint(const Canvas& canvas, Drawing& drawing)
+void Paint(const Canvas& canvas, const Drawing& drawing, StrokeScratch& scratch)
 {
-    drawing.Outline.Paint(canvas, drawing.Markers.OutlineColour);
-    drawing.Core.Paint(canvas, drawing.Markers.Colour);
+    drawing.Outline.Paint(canvas, drawing.Markers.OutlineColour, scratch);
+    drawing.Core.Paint(canvas, drawing.Markers.Colour, scratch);
     PaintMarkers(canvas, drawing.Line, drawing.Markers);
 }
 
@@ -128,8 +128,9 @@ void Draw(const TvSwpContext& context, const TraceSet& traces, TvSwpBlock block)
             drawings.push_back(
                 DrawingOf(LineOf(samples, traces, canvas), at, PixelOf(trace.Colour), context.Scale, canvas));
     }
-    for (Drawing& drawing : drawings)
-        Paint(canvas, drawing);
+    StrokeScratch scratch(canvas);
+    for (const Drawing& drawing : drawings)
+        Paint(canvas, drawing, scratch);
 }
 
 int16_t DrawTraces(const TvSwpContext* context, const TraceSet* traces, TvSwpBlock block)

@@ -20,7 +20,7 @@ double DistanceFrom(Marker shape, double radius, double x, double y)
     case Marker::Triangle:
         return std::max(y, kHalfRoot3 * std::abs(x) - 0.5 * y) - kTriangle * radius;
     default:
-        return std::hypot(x, y) - radius;
+        return std::sqrt(x * x + y * y) - radius;
     }
 }
 
@@ -35,6 +35,8 @@ void PaintShape(const Canvas& canvas, Point centre, const MarkerStyle& style)
         for (int column = firstColumn; column < endColumn; ++column) {
             const double distance =
                 DistanceFrom(style.Shape, style.Radius, column + 0.5 - centre.X, row + 0.5 - centre.Y);
+            if (distance >= 0.5 + style.Outline)
+                continue;
             canvas.Blend(column, row, style.OutlineColour, 0.5 + style.Outline - distance);
             canvas.Blend(column, row, style.Colour, 0.5 - distance);
         }

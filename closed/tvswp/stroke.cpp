@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace tvswp {
@@ -14,6 +15,9 @@ constexpr int kSlices = 4;
 
 /// Columns painted together: their pixels of one row share a cache line.
 constexpr int kTileColumns = 16;
+
+/// Columns that are skipped together where nothing is covered.
+constexpr int kGroupColumns = 4;
 
 /// Rows after the last one that an interval can change.
 constexpr int kSpareRows = 2;
@@ -29,7 +33,9 @@ struct Slices {
 Slices SlicesBetween(double fromX, double toX, size_t count)
 {
     const auto limited = [count](double x) {
-        return static_cast<int>(std::clamp(std::ceil(x * kSlices - 0.5), 0.0, static_cast<double>(count)));
+        const double place = std::clamp(x * kSlices - 0.5, 0.0, static_cast<double>(count));
+        const auto whole = static_cast<int>(place);
+        return whole + (static_cast<double>(whole) < place ? 1 : 0);
     };
     return { limited(fromX), limited(toX) };
 }
@@ -57,25 +63,55 @@ double ShiftOf(double slope, double radius)
     return radius * slope / std::sqrt(1 + slope * slope);
 }
 
-/// Adds an edge of an interval: from `row` on, with its fraction, the slice is covered, or with a negative sign no
-/// longer.
-void AddEdge(int* changes, float row, int sign)
+/// Adds an edge of an interval to the changes of a column: from `row` on, with its fraction, the slice is covered, or
+/// with a negative sign no longer.
+void AddEdge(int16_t* changes, float row, int sign)
 {
     constexpr int kWhole = kWholeCoverage / kSlices;
     const auto whole = static_cast<int>(row); // not negative
     const auto fraction = static_cast<int>((row - static_cast<float>(whole)) * kWhole + 0.5F);
-    changes[static_cast<ptrdiff_t>(whole) * kTileColumns] += sign * (kWhole - fraction);
-    changes[static_cast<ptrdiff_t>(whole + 1) * kTileColumns] += sign * fraction;
+    int16_t* change = changes + static_cast<ptrdiff_t>(whole) * kTileColumns;
+    change[0] = static_cast<int16_t>(change[0] + sign * (kWhole - fraction));
+    change[kTileColumns] = static_cast<int16_t>(change[kTileColumns] + sign * fraction);
+}
+
+/// Covered parts of the pixels of one row of a tile.
+using TileCoverage = std::array<int16_t, kTileColumns>;
+
+/// Goes on to the next row, and clears its changes.
+void Advance(TileCoverage& covered, int16_t* changes)
+{
+    for (size_t at = 0; at < kTileColumns; ++at)
+        covered[at] = static_cast<int16_t>(covered[at] + changes[at]);
+    std::memset(changes, 0, sizeof covered);
+}
+
+void PaintRow(uint32_t* pixels, uint32_t colour, const TileCoverage& covered, int columns)
+{
+    for (int group = 0; group < columns; group += kGroupColumns) {
+        uint64_t parts = 0;
+        static_assert(sizeof parts == kGroupColumns * sizeof(int16_t));
+        std::memcpy(&parts, &covered[static_cast<size_t>(group)], sizeof parts);
+        const int end = parts == 0 ? group : std::min(group + kGroupColumns, columns);
+        for (int at = group; at < end; ++at) {
+            if (const auto part = static_cast<uint32_t>(covered[static_cast<size_t>(at)]); part != 0)
+                pixels[at] = Mixed(colour, pixels[at], part);
+        }
+    }
 }
 
 } // namespace
+
+StrokeScratch::StrokeScratch(const Canvas& canvas)
+    : changes_(static_cast<size_t>(canvas.EndRow() - canvas.FirstRow() + kSpareRows) * kTileColumns)
+{
+}
 
 /// The edge of the area consists of the tangents along the segments and, on the outer side of each bend and at both
 /// ends, arcs between the tangents.
 Stroke::Stroke(const std::vector<Point>& line, double radius, const Canvas& canvas)
     : tops_(static_cast<size_t>(canvas.Width()) * kSlices, kNowhere)
     , bottoms_(tops_.size(), -kNowhere)
-    , changes_(static_cast<size_t>(canvas.EndRow() - canvas.FirstRow() + kSpareRows) * kTileColumns)
 {
     AddJoint(line.front(), -radius, ShiftOf(SlopeOf(line[0], line[1]), radius), radius);
     AddJoint(line.front(), radius, ShiftOf(SlopeOf(line[0], line[1]), radius), radius);
@@ -126,49 +162,42 @@ void Stroke::AddJoint(Point joint, double shiftBefore, double shiftAfter, double
     }
 }
 
-void Stroke::Paint(const Canvas& canvas, uint32_t colour)
+void Stroke::Paint(const Canvas& canvas, uint32_t colour, StrokeScratch& scratch) const
 {
-    for (int tile = canvas.FirstColumn(); tile < canvas.EndColumn(); tile += kTileColumns)
-        PaintTile(canvas, colour, tile, std::min(kTileColumns, canvas.EndColumn() - tile));
+    const int rows = canvas.EndRow() - canvas.FirstRow();
+    for (int tile = canvas.FirstColumn(); tile < canvas.EndColumn(); tile += kTileColumns) {
+        const int columns = std::min(kTileColumns, canvas.EndColumn() - tile);
+        const Rows changed = AddEdges(canvas, tile, columns, scratch);
+        TileCoverage covered{};
+        for (int row = changed.First; row < changed.End; ++row) {
+            Advance(covered, &scratch.changes_[static_cast<size_t>(row) * kTileColumns]);
+            if (row < rows)
+                PaintRow(canvas.At(tile, canvas.FirstRow() + row), colour, covered, columns);
+        }
+    }
 }
 
-void Stroke::PaintTile(const Canvas& canvas, uint32_t colour, int tile, int columns)
+/// Adds the intervals of a tile to the changes; returns the rows that have any.
+Stroke::Rows Stroke::AddEdges(const Canvas& canvas, int tile, int columns, StrokeScratch& scratch) const
 {
     const int rows = canvas.EndRow() - canvas.FirstRow();
     const auto limited = [&](float y) {
         return std::clamp(y - static_cast<float>(canvas.FirstRow()), 0.0F, static_cast<float>(rows));
     };
-    int first = rows;
-    int end = 0;
+    Rows changed{ rows, 0 };
     for (int at = 0; at < columns * kSlices; ++at) {
         const auto slice = static_cast<size_t>(tile * kSlices + at);
         const float top = limited(tops_[slice]);
         const float bottom = limited(bottoms_[slice]);
         if (top >= bottom)
             continue;
-        AddEdge(&changes_[static_cast<size_t>(at / kSlices)], top, 1);
-        AddEdge(&changes_[static_cast<size_t>(at / kSlices)], bottom, -1);
-        first = std::min(first, static_cast<int>(top));
-        end = std::max(end, static_cast<int>(bottom) + kSpareRows);
+        int16_t* changes = &scratch.changes_[static_cast<size_t>(at / kSlices)];
+        AddEdge(changes, top, 1);
+        AddEdge(changes, bottom, -1);
+        changed.First = std::min(changed.First, static_cast<int>(top));
+        changed.End = std::max(changed.End, static_cast<int>(bottom) + kSpareRows);
     }
-
-    std::array<int, kTileColumns> covered{};
-    for (int row = first; row < end; ++row) {
-        int* changes = &changes_[static_cast<size_t>(row) * kTileColumns];
-        for (size_t at = 0; at < kTileColumns; ++at)
-            covered[at] += changes[at];
-        std::fill_n(changes, kTileColumns, 0);
-        if (row >= rows)
-            continue;
-        uint32_t* pixel = canvas.At(tile, canvas.FirstRow() + row);
-        for (int at = 0; at < columns; ++at) {
-            const int part = covered[static_cast<size_t>(at)];
-            if (part == kWholeCoverage)
-                pixel[at] = colour;
-            else if (part != 0)
-                pixel[at] = Mixed(colour, pixel[at], static_cast<uint32_t>(part));
-        }
-    }
+    return changed;
 }
 
 } // namespace tvswp

@@ -1,4 +1,4 @@
-// The channel plans of examples/, compared with the standards and with the files in the tree.
+// The channel plans of examples/, compared with the standards, and all files in the tree with the generator.
 #include "closed/loader.h"
 #include "link/classes/model.h"
 #include "link/classes/textRules.h"
@@ -182,13 +182,16 @@ TEST_F(Examples, FilesInTreeMatchGenerator)
     generator.start(QStringLiteral(TARVIK_EXAMPLES), { Folder() });
     ASSERT_TRUE(generator.waitForFinished(60000));
     ASSERT_EQ(generator.exitCode(), 0) << generator.readAllStandardError().toStdString();
-    const QStringList filter{ "*.tvm", "*.csv" };
-    const QStringList written = QDir(Folder()).entryList(filter, QDir::Files, QDir::Name);
-    EXPECT_EQ(written.size(), 20);
-    EXPECT_EQ(QDir(EXAMPLES_FOLDER).entryList(filter, QDir::Files, QDir::Name), written);
-    for (const QString& name : written)
-        EXPECT_TRUE(Contents(FilePath(name)) == Contents(QStringLiteral(EXAMPLES_FOLDER "/") + name))
-            << name.toStdString();
+    const QStringList filter{ "*.tv?", "*.csv" };
+    const auto filesIn = [&filter](const QString& folder) { return QDir(folder).entryList(filter, QDir::Files); };
+    for (const auto& [folder, count] : { std::pair{ QString(), 24 }, { QStringLiteral("antennas/"), 14 } }) {
+        const QString inTree = QStringLiteral(EXAMPLES_FOLDER "/") + folder;
+        const QStringList written = filesIn(FilePath(folder));
+        EXPECT_EQ(written.size(), count);
+        EXPECT_EQ(filesIn(inTree), written);
+        for (const QString& name : written)
+            EXPECT_TRUE(Contents(FilePath(folder + name)) == Contents(inTree + name)) << name.toStdString();
+    }
 }
 
 TEST_F(Examples, BothFormatsHoldSameList)

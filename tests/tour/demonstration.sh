@@ -19,3 +19,7 @@ for round in first second; do
   ! grep -qE 'ipAddressLan1=[[:graph:]]' "$folder/demo/Tarvik.ini" || fail "$round run: the connection is listed twice"
 done
 [ -f "$folder/demo/receiver/Public/Memory List/Marine-VHF.tvm" ] || fail "the receiver has no files"
+for list in "Memory List/PMR446.tvm" "Suppress List/Broadcast-Bands.tvs" "Antenna List/Monitoring-Site.tva" \
+  "K-Factor Table/Biconical.tvk" "Correction Set/Biconical.tvc"; do
+  [ -f "$folder/demo/$list" ] || fail "the PC has no $list"
+done

@@ -6,6 +6,8 @@
 #include "lists/editor/editorGeneral.h"
 #include "lists/memory/memoryList.h"
 #include "lists/values/limits.h"
+#include "tools/examples/antennas.h"
+#include "tools/examples/bands.h"
 #include "tools/examples/plans.h"
 
 #include <QCoreApplication>
@@ -29,17 +31,74 @@ public:
     }
 };
 
+/// Calls `write` with the paths of both formats of a list.
+template <typename Write>
+bool WriteBothFormats(FileClass fileClass, const QString& folder, const QString& name, Write write)
+{
+    SetEditorType(fileClass);
+    const QString base = folder + QLatin1Char('/') + name;
+    return write(base + ModGetExtension(fileClass)) && write(base + QStringLiteral(".csv"));
+}
+
 bool WritePlan(const ChannelPlan& plan, const QString& folder)
 {
     MemoryTable empty;
     if (plan.Channels.size() > static_cast<size_t>(kMemoryRows) || !ClearMemoryList(empty))
         return false;
-    for (const QString& extension : { ModGetExtension(FileClassMemoryList), QStringLiteral(".csv") }) {
+    return WriteBothFormats(FileClassMemoryList, folder, plan.Name, [&](const QString& path) {
         MemoryTable table = TableOfPlan(plan, empty);
-        if (!WriteMemoryList(folder + QLatin1Char('/') + plan.Name + extension, table))
+        return WriteMemoryList(path, table);
+    });
+}
+
+bool WriteCorrectionSet(const ExampleAntenna& antenna, const QString& folder)
+{
+    SetEditorType(FileClassCorrectionSet);
+    CorrSet set;
+    FillCorrSet(antenna, set);
+    for (const CorrTableId table : kCorrTables) {
+        if (!SortCorrRecords(table, set.Records))
             return false;
     }
-    return true;
+    return SetCorrHeader(set)
+        && SaveCorrSet(folder + QLatin1Char('/') + antenna.Name + ModGetExtension(FileClassCorrectionSet));
+}
+
+/// The linked files share a folder of their own.
+bool WriteAntennas(const QString& parent)
+{
+    const QString folder = parent + QStringLiteral("/antennas");
+    if (!QDir().mkpath(folder))
+        return false;
+    for (const ExampleAntenna& antenna : AllAntennas()) {
+        const KfactorTable table = TableOfAntenna(antenna);
+        const auto write = [&table](const QString& path) { return WriteKfactorFile(path, table); };
+        if (!WriteBothFormats(FileClassKfactorTable, folder, antenna.Name, write)
+            || !WriteCorrectionSet(antenna, folder))
+            return false;
+    }
+    const AntennaTable site = SiteOfAntennas();
+    return WriteBothFormats(
+        FileClassAntennaList, folder, site.Name, [&site](const QString& path) { return WriteAntennaFile(path, site); });
+}
+
+bool WriteBands(SuppressTable& table, const QString& folder)
+{
+    return WriteBothFormats(FileClassSuppressList, folder, table.Name,
+        [&table](const QString& path) { return WriteSuppressFile(path, table); });
+}
+
+bool WriteAll(const QString& folder)
+{
+    for (const ChannelPlan& plan : AllPlans()) {
+        if (!WritePlan(plan, folder))
+            return false;
+    }
+    for (SuppressTable& bands : AllBandLists()) {
+        if (!WriteBands(bands, folder))
+            return false;
+    }
+    return WriteAntennas(folder);
 }
 
 } // namespace
@@ -66,10 +125,5 @@ int main(int argc, char** argv)
         }
     }
     ReadInstrumentLimits();
-    SetEditorType(FileClassMemoryList);
-    for (const ChannelPlan& plan : AllPlans()) {
-        if (!WritePlan(plan, arguments[1]))
-            return 1;
-    }
-    return 0;
+    return WriteAll(arguments[1]) ? 0 : 1;
 }

@@ -88,7 +88,11 @@ bool ReadAntennaFile(const QString& path, AntennaTable& table)
 
 bool ReadAntennaMRFile(const QString& path, AntennaTable& table)
 {
-    return ListFileExists(path) && LoadStore<AntennaFamily>(path, table);
+    if (!ListFileExists(path) || !LoadStore<AntennaFamily>(path, table))
+        return false;
+    for (AntennaRow& row : table.Rows)
+        row.Include = row.Include != 0 ? 1 : 0; // the store keeps -1 as well
+    return true;
 }
 
 bool WriteAntennaFile(const QString& path, const AntennaTable& table)

@@ -72,6 +72,25 @@ bool CheckCode(QString& text, std::int16_t& code)
     return false;
 }
 
+/// Loads a file into the store and copies the set; the first status that is not 0.
+std::int16_t FetchSet(const QString& path, CorrSet& set, char (&name)[TVFIO_TEXT_SIZE])
+{
+    const TvFioApi& store = TvFio();
+    std::int16_t count = 0;
+    std::int16_t status = store.AntCorrLoadFile(ModulePath(path).constData());
+    if (status == 0)
+        status = store.AntCorrGetHeader(&set.Header);
+    if (status == 0)
+        status = store.AntCorrGetModIdent(&set.Identity);
+    if (status == 0)
+        status = store.AntCorrGetKFactor(set.Records.KFactor.data(), &count);
+    if (status == 0)
+        status = store.AntCorrGetOmniphase(set.Records.Omniphase.data(), &count);
+    if (status == 0)
+        status = store.AntCorrGetAzimuth(set.Records.Azimuth.data(), &count);
+    return status == 0 ? store.AntCorrGetFileName(name, TVFIO_TEXT_SIZE) : status;
+}
+
 } // namespace
 
 CorrSet::CorrSet()
@@ -84,6 +103,8 @@ void CorrSet::Clear()
     const TvFioApi& store = TvFio();
     FileName.clear();
     Records.Clear();
+    Header = {}; // in case the store hands out none
+    Identity = {};
     store.AntCorrClear();
     store.AntCorrGetHeader(&Header);
     store.AntCorrGetModIdent(&Identity);
@@ -127,21 +148,19 @@ bool CheckCorrBox(CorrBox box, CorrHeaderTexts& texts, CorrSet& set)
 
 bool LoadCorrSet(const QString& path, CorrSet& set)
 {
-    const TvFioApi& store = TvFio();
+    return ReadCorrSet(path, set) == 0;
+}
+
+std::int16_t ReadCorrSet(const QString& path, CorrSet& set)
+{
     set.Clear();
-    std::int16_t counts[3] = {};
     char name[TVFIO_TEXT_SIZE] = {};
-    const bool isRead = CorrLoadStatus(path) == 0 && store.AntCorrGetHeader(&set.Header) == 0
-        && store.AntCorrGetModIdent(&set.Identity) == 0
-        && store.AntCorrGetKFactor(set.Records.KFactor.data(), &counts[0]) == 0
-        && store.AntCorrGetOmniphase(set.Records.Omniphase.data(), &counts[1]) == 0
-        && store.AntCorrGetAzimuth(set.Records.Azimuth.data(), &counts[2]) == 0
-        && store.AntCorrGetFileName(name, TVFIO_TEXT_SIZE) == 0;
-    if (isRead)
+    const std::int16_t status = FetchSet(path, set, name);
+    if (status == 0)
         set.FileName = QFileInfo(QString::fromUtf8(name)).completeBaseName();
     else
         set.Clear();
-    return isRead;
+    return status;
 }
 
 bool SetCorrHeader(const CorrSet& set)
@@ -156,11 +175,6 @@ bool SetCorrHeader(const CorrSet& set)
 bool SaveCorrSet(const QString& path)
 {
     return MayWriteFile(path) && StoreCorrSet(path) == 0;
-}
-
-std::int16_t CorrLoadStatus(const QString& path)
-{
-    return TvFio().AntCorrLoadFile(ModulePath(path).constData());
 }
 
 std::int16_t StoreCorrSet(const QString& path)

@@ -42,8 +42,10 @@ CorrHeaderTexts CorrHeaderTextsOf(const CorrSet& set);
 /// Checks one box and stores its value in the header; the text becomes what the box shows. False after a message.
 [[nodiscard]] bool CheckCorrBox(CorrBox box, CorrHeaderTexts& texts, CorrSet& set);
 
-/// Replaces the store's current set and `set` by a file. False, without a message, with an empty set.
+/// Replaces the store's current set and `set` by a file. False, without a message, with an empty set; the other one
+/// returns the store's status.
 [[nodiscard]] bool LoadCorrSet(const QString& path, CorrSet& set);
+[[nodiscard]] std::int16_t ReadCorrSet(const QString& path, CorrSet& set);
 
 /// Hands the header to the store. False after the message "Error setting header".
 [[nodiscard]] bool SetCorrHeader(const CorrSet& set);
@@ -51,8 +53,7 @@ CorrHeaderTexts CorrHeaderTextsOf(const CorrSet& set);
 /// Writes the store's current set; asks before replacing a file. False without a message when the store fails.
 [[nodiscard]] bool SaveCorrSet(const QString& path);
 
-/// Status of the store for loading a file into its current set, and for writing that set.
-std::int16_t CorrLoadStatus(const QString& path);
+/// Status of the store for writing its current set.
 std::int16_t StoreCorrSet(const QString& path);
 
 /// Sets the texts of a header, cut to its fields.

@@ -95,15 +95,14 @@ double ValueIn(const AzimuthEntry&, int)
     return 0;
 }
 
-/// Stores the value of a cell; false, without a message, if it is none. A text that shows the value of the record keeps
-/// the digits that the cell does not show.
+/// Stores the value of a cell; false, without a message, if it is none or cannot be stored. A text that shows the value
+/// of the record keeps the digits that the cell does not show.
 bool StoreCell(CorrTableId table, CorrRecords& records, int row, int column, QString text)
 {
     if (IsAngleList(table, column)) {
         const auto angles = AzimuthParse(text, kAngleSeparator);
-        if (angles.has_value() && text != AzimuthFormat(CorrAngles(records, row)))
-            SetCorrAngles(records, row, *angles);
-        return angles.has_value();
+        return angles.has_value()
+            && (text == AzimuthFormat(CorrAngles(records, row)) || SetCorrAngles(records, row, *angles));
     }
     const NumberColumn shown = NumberColumnOf(table, column);
     const double before = CorrValue(table, records, row, column);
@@ -307,14 +306,18 @@ void SetCorrEntryUsed(CorrTableId table, CorrRecords& records, int row, bool use
     VisitTable(table, records, [&](auto& entries) { entries[static_cast<size_t>(row)].Used = used ? 1 : 0; });
 }
 
-void SetCorrAngles(CorrRecords& records, int row, const std::vector<double>& angles)
+bool SetCorrAngles(CorrRecords& records, int row, const std::vector<double>& angles)
 {
     const TvFioApi& store = TvFio();
     AzimuthEntry& entry = records.Azimuth[static_cast<size_t>(row)];
     store.AntCorrFreeAngles(entry.Angles);
-    entry.Angles = store.AntCorrNewAngles(static_cast<std::int16_t>(angles.size()));
-    if (double* stored = store.AntCorrGetAngles(entry.Angles, nullptr); stored != nullptr)
-        std::copy(angles.begin(), angles.end(), stored);
+    const size_t count = std::min(angles.size(), size_t{ TVFIO_MAX_ANGLES } + 1);
+    entry.Angles = store.AntCorrNewAngles(static_cast<std::int16_t>(count));
+    double* const stored = store.AntCorrGetAngles(entry.Angles, nullptr);
+    if (stored == nullptr)
+        return angles.empty();
+    std::copy(angles.begin(), angles.end(), stored);
+    return true;
 }
 
 } // namespace tarvik

@@ -93,7 +93,9 @@ double CorrValue(CorrTableId table, const CorrRecords& records, int row, int col
 std::vector<double> CorrAngles(const CorrRecords& records, int row);
 bool IsCorrEntryUsed(CorrTableId table, const CorrRecords& records, int row);
 void SetCorrValue(CorrTableId table, CorrRecords& records, int row, int column, double value);
-void SetCorrAngles(CorrRecords& records, int row, const std::vector<double>& angles);
 void SetCorrEntryUsed(CorrTableId table, CorrRecords& records, int row, bool used);
+
+/// False, with no angles, if the store has no memory for them, or they are more than TVFIO_MAX_ANGLES.
+[[nodiscard]] bool SetCorrAngles(CorrRecords& records, int row, const std::vector<double>& angles);
 
 } // namespace tarvik

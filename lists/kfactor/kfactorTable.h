@@ -25,6 +25,8 @@ inline constexpr int kFewestKfactorRows = 2; ///< of a table that can be saved
 
 struct KfactorTable : ListTable<KfactorEntry, kKfactorRows> {
     int Count = 0; ///< rows filled by the last read or sort: 0 to Count - 1; not updated by editing
+
+    bool operator==(const KfactorTable&) const = default;
 };
 
 /// The table of the editor, which the antenna editor loads as well to learn its first and last frequency.

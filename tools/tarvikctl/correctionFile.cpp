@@ -105,10 +105,9 @@ public:
     {
         if (!ListFileExists(path))
             return false;
-        if (LoadCorrSet(path, set_))
-            return true;
-        ShowListError(CorrLoadStatus(path), kNoItem, true); // the editor says nothing
-        return false;
+        const std::int16_t status = ReadCorrSet(path, set_);
+        ShowListError(status, kNoItem, true); // the editor says nothing
+        return status == 0;
     }
 
     QString ReadJson(const QJsonObject& list) override
@@ -270,16 +269,19 @@ private:
                 error = place + QStringLiteral(": row %1 occurs twice").arg(row);
             else if (error.isEmpty() && entry.Angles.size() > TVFIO_MAX_ANGLES)
                 error = place + QStringLiteral(": more than %1 angles").arg(TVFIO_MAX_ANGLES);
+            if (error.isEmpty() && !Store(table, row, entry))
+                error = place + QStringLiteral(": no memory for its angles");
             if (!error.isEmpty())
                 return error;
-            Store(table, row, entry);
         }
         return {};
     }
 
-    void Store(CorrTableId table, int row, const EntryMembers& entry)
+    /// False if memory for the angles runs out.
+    [[nodiscard]] bool Store(CorrTableId table, int row, const EntryMembers& entry)
     {
         CorrRecords& records = set_.Records;
+        bool isStored = true;
         SetCorrValue(table, records, row, kCorrFrequency, Clamped(entry.Frequency, Limits().FrequencyHz));
         if (table == CorrTableId::KFactor) {
             SetCorrValue(table, records, row, kCorrPassive, Clamped(entry.Passive, Limits().KFactorLevel));
@@ -290,9 +292,10 @@ private:
             std::vector<double> angles = entry.Angles;
             for (double& angle : angles)
                 angle = Clamped(angle, kDegrees);
-            SetCorrAngles(records, row, angles);
+            isStored = SetCorrAngles(records, row, angles);
         }
         SetCorrEntryUsed(table, records, row, true);
+        return isStored;
     }
 
     CorrSet set_;

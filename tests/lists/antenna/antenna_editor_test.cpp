@@ -238,6 +238,19 @@ TEST_F(AntennaForm, FrequencyOutsideTheLimitsIsShown)
     EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), 21);
 }
 
+TEST_F(AntennaForm, StopOutsideTheLimitsIsShown)
+{
+    QList<AntennaRow> rows(3, FullRow());
+    rows[2].StopFrequency = 9e9;
+    OpenList(rows);
+    Answers().Expect(12773, QStringList(), Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(HasFocus(form, "TbStopFreq"));
+    EXPECT_EQ(TextIn("TbStopFreq"), "9000.000000");
+    EXPECT_EQ(FolderQuestions, 0);
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
 TEST_F(AntennaForm, EighthIncludedAntennaIsRefused)
 {
     OpenList(QList<AntennaRow>(8, FullRow()));

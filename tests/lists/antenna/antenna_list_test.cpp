@@ -80,6 +80,20 @@ TEST_F(Antenna, BinaryRowsKeepTheirPlaces)
     EXPECT_EQ(read, table);
 }
 
+TEST_F(Antenna, BothNotationsOfTheIncludeFlagAreCountedAndWritten)
+{
+    AntennaTable table = List(QList<AntennaRow>(8, FullRow()));
+    for (AntennaRow& row : table.Rows)
+        row.Include = row.Used ? -1 : 0;
+    ASSERT_TRUE(WriteAntennaFile(FilePath("Site.tva"), table));
+    AntennaTable read;
+    ASSERT_TRUE(ReadAntennaFile(FilePath("Site.tva"), read));
+    EXPECT_EQ(read.Row(7).Include, 1);
+    EXPECT_TRUE(AntennaCsv(read).contains("8,Yes,"));
+    Answers().Expect(12774, QStringList(), Ok);
+    EXPECT_TRUE(ValidateAntennaRows(read.Rows).has_value());
+}
+
 TEST_F(Antenna, IndexZeroOfTheStoreIsNeitherReadNorWritten)
 {
     static TvFioApi real;

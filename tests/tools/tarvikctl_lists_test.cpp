@@ -162,6 +162,51 @@ TEST_F(CtlLists, UnknownMissingAndMistypedMembersAreNamed)
     ExpectRefused(R"({ "family": "kfactors" })", "\"family\" is not memory, antenna, kfactor, suppress or correction");
     ExpectRefused("[]", "not a JSON object");
     ExpectRefused("{ \"family\":\n x }", "line 2: ");
+    ExpectRefused(
+        table(R"({ "row": 0, "row": 1, "frequency": 1, "passive": 1, "active": 2 })"), "rows[0]: \"row\" occurs twice");
+    ExpectRefused("{ \"family\": \"kfactor\",\n \"name\": \"\xE4\" }", "line 2: invalid UTF8 string");
+    ExpectRefused(QByteArray(5000, '['), "line 1: too deeply nested document");
+}
+
+TEST_F(CtlLists, RefusedJsonLeavesTheTargetAsItWas)
+{
+    const QByteArray bad = R"({ "family": "kfactor", "name": "Mast", "description": "", "rows": [ 7 ] })";
+    Store("in.json", bad);
+    for (const QString target : { "out.tvk", "out.csv", "out.json", "in.json" }) {
+        if (target != "in.json")
+            Store(target, "before");
+        for (const QStringList& command :
+            { QStringList{ "convert", "--yes" }, QStringList{ "sort", "--key", "0", "--yes" } }) {
+            const CtlResult result = Ctl(command + QStringList{ "in.json", target });
+            EXPECT_EQ(result.ExitCode, 1);
+            EXPECT_EQ(result.Out, "");
+            EXPECT_EQ(result.Err, "in.json: rows[0]: not an object\n");
+        }
+        EXPECT_EQ(Bytes(target), target == "in.json" ? bad : QByteArray("before"));
+    }
+    EXPECT_EQ(FolderEntries().size(), 4);
+}
+
+TEST_F(CtlLists, DamagedCorrectionSetIsReportedByEveryCommand)
+{
+    Store("c.json", kSet);
+    ExpectDone({ "convert", "c.json", "c.tvc" });
+    const QByteArray whole = Bytes("c.tvc");
+    QByteArray flipped = whole;
+    flipped[flipped.size() / 2] = static_cast<char>(flipped[flipped.size() / 2] ^ 1);
+    for (const QByteArray& damaged : { whole.chopped(1), flipped }) {
+        Store("bad.tvc", damaged);
+        for (const QStringList& command : { QStringList{ "check", "bad.tvc" }, QStringList{ "show", "bad.tvc" },
+                 QStringList{ "convert", "bad.tvc", "out.json" }, QStringList{ "plot", "bad.tvc", "out.png" },
+                 QStringList{ "sort", "--key", "0", "bad.tvc", "out.tvc" } }) {
+            const CtlResult result = Ctl(command);
+            EXPECT_EQ(result.ExitCode, 1) << command.first().toStdString();
+            EXPECT_EQ(result.Out, "");
+            EXPECT_TRUE(result.Err.startsWith("bad.tvc: 12827: ")) << result.Err.toStdString();
+            EXPECT_EQ(result.Err.count(u'\n'), 1);
+        }
+    }
+    EXPECT_EQ(FolderEntries().filter("out"), QStringList());
 }
 
 TEST_F(CtlLists, ValuesOfJsonPassTheChecksOfCsv)

@@ -1,6 +1,9 @@
 #include "tools/tarvikctl/jsonText.h"
 
+#include "app/text/ansi.h"
+
 #include <QJsonDocument>
+#include <QSet>
 
 #include <cmath>
 #include <limits>
@@ -14,6 +17,83 @@ QString Encoded(const QJsonValue& value)
     const QByteArray array = QJsonDocument(QJsonArray{ value }).toJson(QJsonDocument::Compact);
     return QString::fromUtf8(array.sliced(1, array.size() - 2));
 }
+
+/// Finds a key that occurs twice in an object, in a text that is valid JSON. The parser keeps the last one silently.
+class DuplicateFinder {
+public:
+    explicit DuplicateFinder(const QByteArray& text)
+        : text_(text)
+    {
+    }
+
+    /// What is wrong, or an empty text.
+    QString Find()
+    {
+        for (; at_ < text_.size(); ++at_) {
+            const char character = text_[at_];
+            if (character == '{' || character == '[')
+                levels_.push_back({ character == '[', character == '{', 0, {}, {} });
+            else if (character == '}' || character == ']')
+                levels_.pop_back();
+            else if (character == ',')
+                NextItem();
+            else if (character == '"' && !TakeString())
+                return Complaint();
+        }
+        return {};
+    }
+
+private:
+    /// An array or object that contains the current place.
+    struct Level {
+        bool IsArray;
+        bool ExpectsKey;
+        int Index; ///< of the item of an array
+        QString Key; ///< of the member of an object
+        QSet<QString> Keys;
+    };
+
+    void NextItem()
+    {
+        Level& level = levels_.back();
+        level.ExpectsKey = !level.IsArray;
+        ++level.Index;
+    }
+
+    /// Moves to the end of a string; false if it is a key that occurs twice.
+    bool TakeString()
+    {
+        const qsizetype start = at_;
+        for (++at_; text_[at_] != '"'; ++at_)
+            at_ += text_[at_] == '\\' ? 1 : 0;
+        Level& level = levels_.back();
+        if (!level.ExpectsKey)
+            return true;
+        level.ExpectsKey = false;
+        const QByteArray quoted = text_.sliced(start, at_ + 1 - start);
+        level.Key = QJsonDocument::fromJson('[' + quoted + ']').array().first().toString();
+        const bool isNew = !level.Keys.contains(level.Key);
+        level.Keys.insert(level.Key);
+        return isNew;
+    }
+
+    QString Complaint() const
+    {
+        QString place;
+        for (size_t depth = 0; depth + 1 < levels_.size(); ++depth) {
+            const Level& level = levels_[depth];
+            place += level.IsArray ? QStringLiteral("[%1]").arg(level.Index)
+                                   : (place.isEmpty() ? QString() : QStringLiteral(".")) + level.Key;
+        }
+        if (!place.isEmpty())
+            place += QStringLiteral(": ");
+        return place + JsonString(levels_.back().Key) + QStringLiteral(" occurs twice");
+    }
+
+    const QByteArray& text_;
+    qsizetype at_ = 0;
+    std::vector<Level> levels_;
+};
 
 } // namespace
 
@@ -116,6 +196,8 @@ void JsonReader::operator()(const char* key, QString& value)
     if (!member.isUndefined() && !member.isString())
         Fail(QLatin1String(key), "is not a string");
     value = member.toString();
+    if (!IsAnsi(value) || value.contains(QChar::Null))
+        Fail(QLatin1String(key), "has a character that no list can hold");
 }
 
 void JsonReader::operator()(const char* key, QJsonArray& values)
@@ -179,7 +261,7 @@ QString ParseJson(const QByteArray& text, QJsonObject& object)
     if (!document.isObject())
         return QStringLiteral("not a JSON object");
     object = document.object();
-    return {};
+    return DuplicateFinder(text).Find();
 }
 
 } // namespace tarvik

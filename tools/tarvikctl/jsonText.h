@@ -32,8 +32,8 @@ private:
     QStringList members_;
 };
 
-/// Visits the fields of a record and reads them from an object. An error is a member of another type, else one that no
-/// field has taken, else one that is missing.
+/// Visits the fields of a record and reads them from an object. An error is a member of another type, or a text that a
+/// list cannot hold, else a member that no field has taken, else one that is missing.
 class JsonReader {
 public:
     /// `place` names the object in errors, e.g. "row 3"; empty for the outermost one.
@@ -73,7 +73,8 @@ QString JsonString(const QString& text);
 /// Objects as an array, one a line; `indent` is that of the array's own line.
 QString JsonRows(const QStringList& objects, const QString& indent);
 
-/// The one object of a JSON text; an empty error, else what is wrong with it.
+/// The one object of a JSON text; an empty error, else what is wrong with it. A key that occurs twice in an object is
+/// an error.
 QString ParseJson(const QByteArray& text, QJsonObject& object);
 
 } // namespace tarvik

@@ -21,18 +21,7 @@ constexpr std::array kListClasses{ FileClassAntennaList, FileClassKfactorTable, 
 QString ReadJson(const QString& path, ReadList& read)
 {
     CsvSource source;
-    if (!CsvLoadFile(path, source))
-        return {};
-    QJsonObject list;
-    const QString error = ParseJson(source.Bytes, list);
-    if (!error.isEmpty())
-        return error;
-    const QJsonValue family = list.take(QStringLiteral("family"));
-    read.Class = ClassOfFamilyWord(family.toString());
-    if (read.Class == FileClassUnknown)
-        return QStringLiteral("\"family\" is not memory, antenna, kfactor, suppress or correction");
-    read.List = NewListFile(read.Class);
-    return read.List->ReadJson(list);
+    return CsvLoadFile(path, source) ? ReadListJson(source.Bytes, read) : QString();
 }
 
 /// Without the keyword of a list a CSV file is read as a memory list, whose reader then reports the error.
@@ -63,6 +52,20 @@ ReadList ReadListFile(const QString& path, Terminal& terminal)
     if (terminal.Messages() != messages)
         read.List.reset();
     return read;
+}
+
+QString ReadListJson(const QByteArray& text, ReadList& read)
+{
+    QJsonObject list;
+    const QString error = ParseJson(text, list);
+    if (!error.isEmpty())
+        return error;
+    const QJsonValue family = list.take(QStringLiteral("family"));
+    read.Class = ClassOfFamilyWord(family.toString());
+    if (read.Class == FileClassUnknown)
+        return QStringLiteral("\"family\" is not memory, antenna, kfactor, suppress or correction");
+    read.List = NewListFile(read.Class);
+    return read.List->ReadJson(list);
 }
 
 FileClass ClassOfExtension(const QString& path)

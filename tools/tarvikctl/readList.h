@@ -15,6 +15,10 @@ struct ReadList {
 /// file of which a data line is refused is not taken over.
 ReadList ReadListFile(const QString& path, Terminal& terminal);
 
+/// Reads the text of a JSON file. An empty text, or what is wrong with it; values that a family refuses show their
+/// messages.
+QString ReadListJson(const QByteArray& text, ReadList& read);
+
 /// The family whose binary form has this extension; FileClassUnknown for another one.
 FileClass ClassOfExtension(const QString& path);
 

@@ -1,4 +1,4 @@
-#include "closed/tvfio/kfactortable.h"
+#include "tests/fuzz/listFiles.h"
 #include "tests/fuzz/liststore.h"
 
 namespace tarvik {
@@ -6,6 +6,7 @@ namespace tarvik {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     FuzzList<tvfio::KfactorTable>({ data, size });
+    FuzzListFile<KfactorFiles>({ data, size });
     return 0;
 }
 

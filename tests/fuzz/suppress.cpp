@@ -1,4 +1,4 @@
-#include "closed/tvfio/suppresslist.h"
+#include "tests/fuzz/listFiles.h"
 #include "tests/fuzz/liststore.h"
 
 namespace tarvik {
@@ -6,6 +6,7 @@ namespace tarvik {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     FuzzList<tvfio::SuppressList>({ data, size });
+    FuzzListFile<SuppressFiles>({ data, size });
     return 0;
 }
 

@@ -76,7 +76,8 @@ void AntennaPanel::AddUnit(QGridLayout& layout, const char* name, TextNumber<0> 
     layout.addWidget(NewLabel(layout.parentWidget(), name, { unit }), layout.rowCount() - 1, 2);
 }
 
-QComboBox* AntennaPanel::AddBits(QGridLayout& layout, const char* labelName, TextNumber<0> text, const char* name)
+QComboBox* AntennaPanel::AddBits(
+    QGridLayout& layout, const char* labelName, TextNumber<0> text, const char* name, AntennaBits bits)
 {
     QWidget* parent = layout.parentWidget();
     QLabel* label = NewLabel(parent, labelName, { text });
@@ -87,9 +88,9 @@ QComboBox* AntennaPanel::AddBits(QGridLayout& layout, const char* labelName, Tex
     const int row = layout.rowCount();
     layout.addWidget(label, row, 0);
     layout.addWidget(combo, row, 1, Qt::AlignLeft);
-    connect(combo, &QComboBox::currentIndexChanged, this, [this] {
+    connect(combo, &QComboBox::currentIndexChanged, this, [this, bits](int pattern) {
         if (!filling_)
-            Q_EMIT BitsEdited(CbPassiveBits->currentIndex(), CbActiveBits->currentIndex());
+            Q_EMIT BitsEdited(bits, pattern);
     });
     return combo;
 }
@@ -106,8 +107,9 @@ void AntennaPanel::BuildBoxes(QGridLayout& layout)
     AddBox(layout, "LbFreqOffset", TextId::AntennaFrequencyOffset, AntennaField::FrequencyOffset, "TbFreqOffset",
         kFrequencyLength);
     AddUnit(layout, "LbOffsetUnit", TextId::Megahertz);
-    CbPassiveBits = AddBits(layout, "LbPassiveBits", TextId::AntennaPassiveBits, "CbPassiveBits");
-    CbActiveBits = AddBits(layout, "LbActiveBits", TextId::AntennaActiveBits, "CbActiveBits");
+    CbPassiveBits =
+        AddBits(layout, "LbPassiveBits", TextId::AntennaPassiveBits, "CbPassiveBits", &AntennaRow::PassiveBits);
+    CbActiveBits = AddBits(layout, "LbActiveBits", TextId::AntennaActiveBits, "CbActiveBits", &AntennaRow::ActiveBits);
     AddBox(layout, "LbAntennaCode", TextId::AntennaCode, AntennaField::Code, "TbAntennaCode", kCodeLength);
     AddBox(layout, "LbNorthOffset", TextId::AntennaNorthOffset, AntennaField::NorthOffset, "TbNorthOffset",
         kNorthOffsetLength);

@@ -33,7 +33,7 @@ public:
 
 Q_SIGNALS:
     void Edited(AntennaField field);
-    void BitsEdited(int passive, int active);
+    void BitsEdited(AntennaBits bits, int pattern);
 
 private:
     void BuildBoxes(QGridLayout& layout);
@@ -41,7 +41,8 @@ private:
     void AlignBoxes();
     QLineEdit* AddBox(QGridLayout& layout, const char* labelName, TextNumber<0> label, AntennaField field,
         const char* name, int length);
-    QComboBox* AddBits(QGridLayout& layout, const char* labelName, TextNumber<0> label, const char* name);
+    QComboBox* AddBits(
+        QGridLayout& layout, const char* labelName, TextNumber<0> label, const char* name, AntennaBits bits);
     void AddUnit(QGridLayout& layout, const char* name, TextNumber<0> unit);
 
     std::array<QLineEdit*, 8> boxes_{};

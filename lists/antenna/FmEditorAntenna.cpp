@@ -98,11 +98,7 @@ bool FmEditorAntenna::Validate()
 {
     if (!ValidateHead() || !Grid().Commit())
         return false;
-    if (!CheckField(AntennaField::Name)) {
-        panel_->BoxOf(AntennaField::Name)->setFocus();
-        return false;
-    }
-    if (!LineValid() || !CheckFocused(this))
+    if (!AreValid(std::array{ AntennaField::Name }) || !LineValid() || !AreValid(kAntennaTexts))
         return false;
     const auto refusal = ValidateAntennaRows(table_.Rows);
     Grid().FillRows(true);
@@ -124,9 +120,12 @@ void FmEditorAntenna::OnListShown()
 
 bool FmEditorAntenna::LineValid()
 {
-    if (!table_.Row(selected_).Used)
-        return true;
-    for (const AntennaField field : kAntennaNumbers) {
+    return AreValid(kAntennaNumbers);
+}
+
+bool FmEditorAntenna::AreValid(std::span<const AntennaField> fields)
+{
+    for (const AntennaField field : fields) {
         if (CheckField(field))
             continue;
         panel_->BoxOf(field)->setFocus();
@@ -147,9 +146,10 @@ bool FmEditorAntenna::CheckField(AntennaField field)
     return passed;
 }
 
+/// The texts are checked as well: buttons that skip the check of a box can have the focus.
 bool FmEditorAntenna::MayLeaveRow(int)
 {
-    return LineValid();
+    return LineValid() && AreValid(kAntennaTexts);
 }
 
 void FmEditorAntenna::RowSelected(int row)
@@ -217,13 +217,10 @@ void FmEditorAntenna::OnFieldEdited(AntennaField field)
         Grid().ShowText(selected_, kColumnName, panel_->BoxOf(field)->text());
 }
 
-void FmEditorAntenna::OnBitsEdited(int passive, int active)
+void FmEditorAntenna::OnBitsEdited(AntennaBits bits, int pattern)
 {
     UseRow(selected_);
-    EditRow(table_.Rows, selected_, *this, [&](AntennaRow& row) {
-        row.PassiveBits = static_cast<std::int16_t>(passive);
-        row.ActiveBits = static_cast<std::int16_t>(active);
-    });
+    EditRow(table_.Rows, selected_, *this, [&](AntennaRow& row) { row.*bits = static_cast<std::int16_t>(pattern); });
 }
 
 void FmEditorAntenna::RowChanged(int row, const AntennaRow&, const AntennaRow& after)

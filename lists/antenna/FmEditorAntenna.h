@@ -5,6 +5,8 @@
 #include "lists/editor/FmEditorBase.h"
 #include "lists/editor/rowChanges.h"
 
+#include <span>
+
 namespace tarvik {
 
 /// Edits one antenna list: number, mark and name in the grid, all properties of the selected row in the panel.
@@ -42,9 +44,14 @@ private:
     void ConnectPanel();
     void OnDelete();
     void OnFieldEdited(AntennaField field);
-    void OnBitsEdited(int passive, int active);
+    void OnBitsEdited(AntennaBits bits, int pattern);
     void UseRow(int row);
     bool CheckField(AntennaField field);
+
+    /// Checks these boxes and stores them in the selected row. False, after a message, with the focus on the first one
+    /// at fault.
+    bool AreValid(std::span<const AntennaField> fields);
+
     void OnSelectKfactor();
     void OnNewKfactor();
     void OnSelectCorrectionSet();

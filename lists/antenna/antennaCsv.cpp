@@ -161,7 +161,7 @@ bool CanBeReadBack(const AntennaTable& table, const CsvHeader& header)
 void WriteRow(CsvWriter& writer, const CodeTexts& includeTexts, int number, const AntennaRow& row)
 {
     writer.Integer(number);
-    writer.Text(includeTexts.TextOf(row.Include));
+    writer.Text(includeTexts.TextOf(row.Include != 0 ? 1 : 0));
     writer.Text(ToAnsi(row.Name));
     writer.Number(row.StartFrequency);
     writer.Number(row.StopFrequency);

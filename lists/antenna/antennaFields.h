@@ -31,6 +31,9 @@ QString AntennaFieldText(const AntennaRow& row, AntennaField field);
 /// Checks the text of a box, stores the value and sets `text` to what the box shows. False after a message.
 [[nodiscard]] bool CheckAntennaField(AntennaRow& row, AntennaField field, QString& text);
 
+/// One of the two bit patterns of a row.
+using AntennaBits = std::int16_t AntennaRow::*;
+
 /// Choices of the two combo boxes of bits.
 struct BitChoices {
     int Passive = 0;

@@ -112,7 +112,7 @@ std::optional<AntennaRefusal> ValidateAntennaRows(std::vector<AntennaRow>& rows)
         AntennaRow& row = rows[static_cast<size_t>(number)];
         if (!row.Used)
             continue;
-        included += row.Include;
+        included += row.Include != 0 ? 1 : 0;
         if (row.Include != 0 && included >= Limits().MaxAntennasIncluded) {
             MsgOk(TextId::TooManyAntennasIncluded);
             return AntennaRefusal{ AntennaFault::TooManyIncluded, number };

@@ -79,7 +79,10 @@ bool FmEditorSuppress::WriteList(const QString& path, const QString& name, const
 {
     table_.Name = name;
     table_.Description = description;
-    return WriteSuppressFile(path, table_);
+    const bool isWritten = WriteSuppressFile(path, table_);
+    ShowHead(table_.Name, table_.Description); // as the store has returned them, also if nothing is written
+    Grid().FillRows(true);
+    return isWritten;
 }
 
 bool FmEditorSuppress::IsRowUsed(int row) const

@@ -370,4 +370,98 @@ TEST_F(CtlLists, PlotRefusesWhatHasNoDiagram)
     EXPECT_EQ(FolderEntries().filter(".png"), QStringList());
 }
 
+TEST_F(CtlLists, PlotChecksItsOwnTableOnly)
+{
+    Store("c.json",
+        QByteArray(kSet).replace(
+            "\"omniphase\": []", R"("omniphase": [ { "row": 0, "frequency": 30000000, "phase": 90 } ])"));
+    EXPECT_EQ(Ctl({ "plot", "--values", "c.json" }).ExitCode, 0);
+    EXPECT_TRUE(Ctl({ "plot", "--table", "omniphase", "--values", "c.json" }).Err.startsWith("c.json: 12772: "));
+    Store("k.csv", "K-Factor Table,Mast\r\nDescription,\r\n1,30000000,1,1\r\n2,30000000,1,1\r\n");
+    EXPECT_TRUE(Ctl({ "plot", "k.csv" }).Err.startsWith("k.csv: 12768: "));
+    EXPECT_EQ(FolderEntries().filter(".png"), QStringList());
+}
+
+TEST_F(CtlLists, PlotAsksBeforeReplacingAPicture)
+{
+    Store("k.csv", kTable);
+    Store("k.png", "before");
+    const CtlResult refused = Ctl({ "plot", "k.csv" });
+    EXPECT_EQ(refused.ExitCode, 1);
+    EXPECT_TRUE(refused.Err.startsWith("./k.png: 12734?: ")) << refused.Err.toStdString();
+    EXPECT_EQ(Bytes("k.png"), "before");
+    EXPECT_EQ(Ctl({ "plot", "--yes", "k.csv" }).ExitCode, 0);
+    EXPECT_EQ(QImage::fromData(Bytes("k.png")).size(), QSize(792, 560));
+}
+
+TEST_F(CtlLists, ShowPrintsRangesAndAntennasInColumns)
+{
+    Store("s.csv", kRanges);
+    EXPECT_EQ(Ctl({ "show", "s.csv" }).Out.split(u'\n'),
+        (QStringList{ "Suppress List Bands: 3 of 100 rows used", "fm", "",
+            "Row  Include  Start (MHz)  Stop (MHz)  Description", "  0  Include    88.000000  108.000000  fm",
+            "  5  Include   108.000000  110.000000", "  7  Exclude   100.000000  101.000000  test", "" }));
+    Store("a.csv", kAntennas);
+    EXPECT_EQ(Ctl({ "show", "a.csv" }).Out.split(u'\n'),
+        (QStringList{ "Antenna List Site: 2 of 99 rows used", "roof", "",
+            "No.  Include  Name    Start frequency  Stop frequency  K-factor table  Correction set",
+            "  1  Yes      Dipole        30.000000       90.000000  Mast            Array",
+            "  9  No       Whip           1.000000       30.000000", "" }));
+    EXPECT_TRUE(Ctl({ "show", "--all", "a.csv" }).Out.contains("\n  2\n  3\n"));
+}
+
+TEST_F(CtlLists, ControlCharactersOfJsonMakeNoNewLines)
+{
+    const QByteArray start = R"({ "family": "antenna", "name": "Site", "description": "", "rows": [ { "row": 0,
+        "include": 1, "name": ")";
+    const QByteArray end = R"(", "startFrequency": 3e7, "stopFrequency": 9e7, "frequencyOffset": 0, "passiveBits": 0,
+        "activeBits": 0, "kfactorTable": "", "antennaCode": 0, "northOffset": 0, "correctionSet": "" } ] })";
+    ExpectRefused(start + R"(x\r\n7)" + end, "12788: Data line 1");
+    ExpectRefused(
+        QByteArray(start + "x" + end).replace(R"("description": "")", R"("description": "a\r\n7,Yes")"), "12764");
+    ExpectRefused(QByteArray(start + "x" + end).replace(R"("name": "Site")", R"("name": "Site\r\n7")"), "12766");
+}
+
+TEST_F(CtlLists, AnyFlagThatIsNotZeroIncludesAnAntenna)
+{
+    Store("a.csv", kAntennas);
+    ExpectDone({ "convert", "a.csv", "a.json" });
+    Store("b.json", Bytes("a.json").replace("\"include\": 1", "\"include\": -1"));
+    ExpectDone({ "convert", "b.json", "b.tva" });
+    EXPECT_EQ(Json("b.tva"), Json("a.csv"));
+}
+
+TEST_F(CtlLists, UnknownMembersOfTheListAreNamed)
+{
+    ExpectRefused(R"({ "family": "suppress", "name": "Bands", "description": "", "rows": [], "extra": 1 })",
+        "\"extra\" is not known");
+    ExpectRefused(R"({ "family": "antenna", "name": "Site", "rows": [] })", "\"description\" is missing");
+    ExpectRefused(
+        R"({ "family": "antenna", "name": "Site", "description": "", "rows": {} })", "\"rows\" is not an array");
+    ExpectRefused(
+        R"({ "family": "suppress", "name": "Bands", "description": "", "rows": [
+            { "row": 99, "include": true, "startFrequency": 1e6, "stopFrequency": 2e6, "description": "" } ] })",
+        "rows[0]: \"include\" is not a number");
+}
+
+TEST_F(CtlLists, AntennasThatTheEditorWouldNotSaveAreRefused)
+{
+    Store("a.csv", "Antenna List,Site\r\nDescription,\r\n1,Yes,Short\r\n");
+    EXPECT_TRUE(Ctl({ "convert", "a.csv", "a.tva" }).Err.startsWith("a.csv: 12773: "));
+    EXPECT_EQ(FolderEntries(), QStringList{ "a.csv" });
+}
+
+TEST_F(CtlLists, SortKeepsNameAndDescriptionAndClosesGaps)
+{
+    Store("s.csv", kRanges);
+    ExpectDone({ "sort", "--key", "0", "s.csv", "sorted.csv" });
+    EXPECT_EQ(Bytes("sorted.csv"),
+        "Suppress List,Bands\r\nDescription,fm\r\n0,Include, 88000000, 108000000,fm\r\n"
+        "1,Exclude, 100000000, 101000000,test\r\n2,Include, 108000000, 110000000,\r\n");
+    ExpectDone({ "sort", "--merge", "s.csv", "merged.csv" });
+    EXPECT_EQ(Bytes("merged.csv"),
+        "Suppress List,Bands\r\nDescription,fm\r\n0,Include, 88000000, 110000000,fm\r\n"
+        "1,Exclude, 100000000, 101000000,test\r\n");
+}
+
 } // namespace tarvik

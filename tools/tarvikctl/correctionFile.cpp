@@ -156,10 +156,15 @@ public:
         return status == 0;
     }
 
+    bool PrepareDiagram(bool omniphase) override
+    {
+        const CorrTableId table = PlottedTable(omniphase);
+        return !CheckCorrDuplicates(table, set_.Records).has_value() && SortCorrRecords(table, set_.Records);
+    }
+
     std::optional<MultiTraceInput> DiagramInput(bool omniphase) const override
     {
-        const CorrTableId table = omniphase ? CorrTableId::Omniphase : CorrTableId::KFactor;
-        return CorrectionDiagram(table, set_.Records, set_.FileName);
+        return CorrectionDiagram(PlottedTable(omniphase), set_.Records, set_.FileName);
     }
 
     QString Summary() const override
@@ -194,6 +199,11 @@ public:
     }
 
 private:
+    static CorrTableId PlottedTable(bool omniphase)
+    {
+        return omniphase ? CorrTableId::Omniphase : CorrTableId::KFactor;
+    }
+
     QStringList Objects(CorrTableId table, bool all) const
     {
         QStringList objects;

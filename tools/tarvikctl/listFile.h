@@ -37,6 +37,13 @@ public:
         return false;
     }
 
+    /// What the editor's view button does first: checks and sorts the table.
+    [[nodiscard]] virtual bool PrepareDiagram(bool omniphase)
+    {
+        static_cast<void>(omniphase);
+        return MayBeSaved() && Sort(0);
+    }
+
     /// The diagram of a sorted list, or nothing for a family without one. `omniphase`: that table of a correction set.
     virtual std::optional<MultiTraceInput> DiagramInput(bool omniphase) const
     {

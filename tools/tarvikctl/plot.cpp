@@ -91,7 +91,7 @@ void CtlRunPlot(const CtlArguments& arguments, Terminal& terminal)
         terminal.Refuse(QStringLiteral("this kind of list has no such diagram"));
         return;
     }
-    if (!read.List->MayBeSaved() || !read.List->Sort(0))
+    if (!read.List->PrepareDiagram(arguments.PlotOmniphase))
         return;
     const auto input = read.List->DiagramInput(arguments.PlotOmniphase);
     const auto diagram = DiagramOf(*input);

@@ -1,79 +1,11 @@
-#include "tests/lists/antenna/antenna_fixture.h"
+#include "tests/lists/antenna/antenna_form_fixture.h"
 #include "tests/support/fakeHelp.h"
-#include "tests/support/forms.h"
-
-#include "lists/antenna/FmEditorAntenna.h"
 
 #include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
 
 namespace tarvik {
-
-namespace {
-
-class AntennaForm : public AntennaTest<FormTest> {
-protected:
-    ~AntennaForm() override
-    {
-        if (!form.IsClosed())
-            GiveUp();
-    }
-    void Open(const QString& path = {})
-    {
-        Editor().EditorIsOpen = true; // as OpenEditor does
-        Editor().EditorOpenFile = path;
-        ShowForm(form);
-    }
-    void OpenList(const QList<AntennaRow>& rows)
-    {
-        EXPECT_TRUE(WriteAntennaFile(FilePath("Site.tva"), List(rows)));
-        Open(FilePath("Site.tva"));
-    }
-    void GiveUp()
-    {
-        Editor().EditorDirty = false;
-        form.Unload();
-        EXPECT_TRUE(form.IsClosed());
-    }
-    void TypeAndLeave(const QString& name, const QString& text)
-    {
-        Type(form, name, text);
-        Key(Qt::Key_Tab);
-    }
-    QString TextIn(const QString& name)
-    {
-        return TextOf(form, name);
-    }
-    int Choice(const QString& name)
-    {
-        return Find<QComboBox>(form, name).currentIndex();
-    }
-    QColor Background(const QString& name)
-    {
-        return FindControl(form, name).palette().color(QPalette::Base);
-    }
-    AntennaTable Saved()
-    {
-        AntennaTable table;
-        EXPECT_TRUE(ReadAntennaFile(FilePath("Site.tva"), table));
-        return table;
-    }
-    void ExpectSaved()
-    {
-        AnswerFolder(Folder());
-        if (QFile::exists(FilePath("Site.tva")))
-            Answers().Expect(12734, { QStringLiteral("Site.tva") }, Yes);
-        EXPECT_TRUE(form.Save());
-    }
-
-    FmEditorAntenna form;
-};
-
-} // namespace
 
 TEST_F(AntennaForm, HasItsControls)
 {
@@ -108,39 +40,6 @@ TEST_F(AntennaForm, HelpShowsItsTopic)
     Open();
     Click(form, "BtHelp");
     EXPECT_EQ(help.Topics, QList<int>{ 11991 });
-}
-
-TEST_F(AntennaForm, PanelShowsTheSelectedRow)
-{
-    AntennaRow second = FullRow();
-    second.Name = "Whip";
-    second.PassiveBits = 3;
-    OpenList({ FullRow(), second });
-    EXPECT_EQ(TextIn("TbAntennaName"), "Dipole");
-    EXPECT_EQ(TextIn("TbFreqOffset"), "-1.000000");
-    EXPECT_EQ(TextIn("TbKfactor"), "Mast");
-    EXPECT_EQ(Choice("CbPassiveBits"), 2);
-    EXPECT_TRUE(FindControl(form, "BtDelete").isEnabled());
-    Click(form, "LbCol0[1]");
-    EXPECT_EQ(TextIn("TbAntennaName"), "Whip");
-    EXPECT_EQ(Choice("CbPassiveBits"), 3);
-    EXPECT_EQ(Background("TbCol3[0]"), form.palette().color(QPalette::Base));
-    EXPECT_EQ(Background("CbCol1[1]"), QColor(0xBB, 0xBB, 0x55));
-    Click(form, "LbCol0[5]");
-    EXPECT_FALSE(FindControl(form, "BtDelete").isEnabled());
-    EXPECT_EQ(TextIn("TbKfactor"), "");
-    EXPECT_FALSE(Editor().EditorDirty);
-}
-
-TEST_F(AntennaForm, EditingUsesTheRow)
-{
-    Open();
-    Type(form, "TbAntennaName", "Log");
-    EXPECT_EQ(TextIn("TbCol3[0]"), "Log");
-    EXPECT_TRUE(FindControl(form, "BtDelete").isEnabled());
-    EXPECT_TRUE(Editor().EditorDirty);
-    Type(form, "TbCol3[0]", "Horn");
-    EXPECT_EQ(TextIn("TbAntennaName"), "Horn");
 }
 
 TEST_F(AntennaForm, EveryPropertyReachesTheFile)
@@ -191,14 +90,6 @@ TEST_F(AntennaForm, LineOfUnusedRowIsValid)
 {
     Open();
     EXPECT_TRUE(form.LineValid());
-}
-
-TEST_F(AntennaForm, EnterInPanelActsAsTab)
-{
-    OpenList({ FullRow() });
-    FindControl(form, "TbStartFreq").setFocus();
-    Key(Qt::Key_Return);
-    EXPECT_TRUE(HasFocus(form, "TbStopFreq"));
 }
 
 TEST_F(AntennaForm, DeleteResetsTheRowAndIsNoUnsavedChange)
@@ -259,79 +150,72 @@ TEST_F(AntennaForm, EighthIncludedAntennaIsRefused)
     EXPECT_EQ(FolderQuestions, 0);
 }
 
-TEST_F(AntennaForm, NewTableIsLinkedWithItsBand)
+TEST_F(AntennaForm, CsvFileShowsItsForm)
 {
-    OpenList({ FullRow() });
-    Editors.WhileShown = [this] {
-        EXPECT_EQ(FileClasses().CurrentFileClass, FileClassKfactorTable);
-        EXPECT_EQ(Editor().KfactorFileName, "");
-        Editor().KfactorFileName = "Whip.tvk";
-        Editor().ResultFolder = "/tables";
+    EXPECT_TRUE(WriteAntennaFile(FilePath("Site.csv"), List({ FullRow() })));
+    Open(FilePath("Site.csv"));
+    EXPECT_EQ(Choice("CbExt"), 1);
+    EXPECT_EQ(form.windowTitle(), "Antenna List Editor - Site.csv");
+}
+
+TEST_F(AntennaForm, SaveChecksNameDescriptionThenTheAntenna)
+{
+    OpenList(QList<AntennaRow>(8, FullRow()));
+    const auto expectRefused = [this](int message, const QStringList& arguments, const QString& focused) {
+        Answers().Expect(message, arguments, Ok);
+        EXPECT_FALSE(form.Save());
+        EXPECT_TRUE(HasFocus(form, focused)) << focused.toStdString();
     };
-    Editors.Band = { 20e6, 80e6 };
-    Click(form, "BtNewKfactor");
-    EXPECT_EQ(Editors.Shown, QList<FileClass>{ FileClassKfactorTable });
-    EXPECT_EQ(Editors.ReadTables, QStringList{ "/tables/Whip.tvk" });
-    EXPECT_EQ(TextIn("TbKfactor"), "Whip");
-    EXPECT_EQ(TextIn("TbStartFreq"), "20.000000");
-    EXPECT_EQ(TextIn("TbStopFreq"), "80.000000");
-    EXPECT_EQ(FileClasses().CurrentFileClass, FileClassAntennaList);
+    const auto setText = [this](const QString& name, const QString& text) { // without leaving a box
+        Find<QLineEdit>(form, name).setText(text);
+    };
+    for (const QString name : { "TbName", "TbDescr", "TbAntennaName" })
+        setText(name, "a;b");
+    setText("TbStartFreq", "x");
+    expectRefused(12766, { QStringLiteral("antenna list") }, "TbName");
+    setText("TbName", "None");
+    expectRefused(12770, { QStringLiteral("antenna list") }, "TbName");
+    setText("TbName", "Site");
+    expectRefused(12764, {}, "TbDescr");
+    setText("TbDescr", "roof");
+    expectRefused(12764, {}, "TbAntennaName");
+    setText("TbAntennaName", "Dipole");
+    expectRefused(12765, {}, "TbStartFreq");
+    setText("TbStartFreq", "30");
+    expectRefused(12774, {}, "TbStartFreq");
+}
+
+TEST_F(AntennaForm, BadTextKeepsTheFocus)
+{
+    for (const QString name : { "TbAntennaName", "TbCol3[0]", "TbKfactor", "TbCorrectionSet", "TbDescr" }) {
+        OpenList({ FullRow() });
+        Type(form, name, "it's");
+        Answers().Expect(12764, QStringList(), Ok);
+        Key(Qt::Key_Tab);
+        EXPECT_TRUE(HasFocus(form, name)) << name.toStdString();
+        GiveUp();
+        QFile::remove(FilePath("Site.tva"));
+    }
+}
+
+TEST_F(AntennaForm, DeleteLeavesUnsavedChangesUnsaved)
+{
+    OpenList({ FullRow(), FullRow() });
+    Type(form, "TbAntennaName", "x");
+    Click(form, "BtDelete");
     EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(AntennaForm, NewTableThatCannotBeReadIsLinkedWithoutBand)
+TEST_F(AntennaForm, SwappedFrequenciesOfAnotherRowAreShown)
 {
-    OpenList({ FullRow() });
-    Editors.WhileShown = [] { Editor().KfactorFileName = "Whip.csv"; };
-    Editors.TableIsReadable = false;
-    Editors.Band = { 20e6, 80e6 };
-    Click(form, "BtNewKfactor");
-    EXPECT_EQ(TextIn("TbKfactor"), "Whip");
+    AntennaRow reversed = FullRow();
+    std::swap(reversed.StartFrequency, reversed.StopFrequency);
+    OpenList({ FullRow(), reversed });
+    AnswerFolder({});
+    EXPECT_FALSE(form.Save());
+    Click(form, "LbCol0[1]");
     EXPECT_EQ(TextIn("TbStartFreq"), "30.000000");
-}
-
-TEST_F(AntennaForm, NestedEditorWithoutResultChangesNothing)
-{
-    OpenList({ FullRow() });
-    Editor().KfactorFileName = "before.tvk";
-    Click(form, "BtNewKfactor");
-    Click(form, "BtNewCorrectionSet");
-    EXPECT_EQ(TextIn("TbKfactor"), "Mast");
-    EXPECT_EQ(TextIn("TbCorrectionSet"), "Array");
-    EXPECT_EQ(Editors.ReadTables, QStringList());
-    EXPECT_FALSE(Editor().EditorDirty);
-}
-
-TEST_F(AntennaForm, SelectedTableMustBeReadable)
-{
-    OpenList({ FullRow() });
-    AnswerFile(FilePath("Whip.tvk"));
-    Editors.TableIsReadable = false;
-    Click(form, "BtSelectKfactor");
-    EXPECT_EQ(TextIn("TbKfactor"), "Mast");
-    EXPECT_EQ(FileClasses().PcPaths[FileClassKfactorTable], "");
-    Editors.TableIsReadable = true; // an empty table: the band stays
-    Click(form, "BtSelectKfactor");
-    EXPECT_EQ(TextIn("TbKfactor"), "Whip");
-    EXPECT_EQ(TextIn("TbStartFreq"), "30.000000");
-    EXPECT_EQ(FileClasses().PcPaths[FileClassKfactorTable] + u'/', Folder());
-    EXPECT_EQ(FileClasses().CurrentFileClass, FileClassAntennaList);
-}
-
-TEST_F(AntennaForm, CorrectionSetsAreLinkedByName)
-{
-    OpenList({ FullRow() });
-    AnswerFile(FilePath("Loop.tvc"));
-    Click(form, "BtSelectCorrectionSet");
-    EXPECT_EQ(AskedFile.Filters, QStringList{ "Correction sets|*.tvc" });
-    EXPECT_EQ(TextIn("TbCorrectionSet"), "Loop");
-    EXPECT_EQ(TextIn("TbStartFreq"), "30.000000");
-    EXPECT_EQ(FileClasses().PcPaths[FileClassCorrectionSet] + u'/', Folder());
-    Editors.WhileShown = [] { Editor().CorrectionSetFileName = "Array 2.tvc"; };
-    Click(form, "BtNewCorrectionSet");
-    EXPECT_EQ(TextIn("TbCorrectionSet"), "Array 2");
-    ExpectSaved();
-    EXPECT_EQ(Saved().Row(0).CorrectionSetName, "Array 2");
+    EXPECT_EQ(TextIn("TbStopFreq"), "90.000000");
 }
 
 } // namespace tarvik

@@ -308,4 +308,125 @@ TEST_F(Antenna, ActiveBitsOutOfRangeResetThePassiveChoice)
     EXPECT_EQ(row.ActiveBits, 1);
 }
 
+TEST_F(Antenna, FileWithoutDescriptionMayHaveOneLineMore)
+{
+    QByteArrayList lines{ "Antenna List,Site" };
+    for (int line = 0; line < 100; ++line)
+        lines.append("1,Yes,Line" + QByteArray::number(line) + ",1000000,2000000");
+    Store(FilePath("Site.csv"), JoinLines(lines));
+    AntennaTable table;
+    EXPECT_TRUE(ReadAntennaFile(FilePath("Site.csv"), table));
+    EXPECT_EQ(table.Row(0).Name, "Line99");
+    Store(FilePath("Site.csv"), JoinLines(lines + QByteArrayList{ "1,Yes,Ignored,1000000,2000000" }));
+    Answers().Expect(12781, { QStringLiteral("Site.csv"), QStringLiteral("1") }, Ok);
+    EXPECT_TRUE(ReadAntennaFile(FilePath("Site.csv"), table));
+    EXPECT_EQ(table.Row(0).Name, "Line99");
+}
+
+TEST_F(Antenna, BadLineKeepsTheFieldsReadBefore)
+{
+    Answers().Expect(12785, { QStringLiteral("1") }, Ok);
+    AntennaRow row = ReadLines({ "1,Yes,x,1000000,?" }).Row(0);
+    EXPECT_FALSE(row.Used) << "the frequencies come first";
+    EXPECT_EQ(row.StartFrequency, 1e6);
+    EXPECT_EQ(row.Name, "");
+    Answers().Expect(12788, { QStringLiteral("1") }, Ok);
+    row = ReadLines({ "1,Yes,it's,1000000,2000000,-1000000,01" }).Row(0);
+    EXPECT_TRUE(row.Used);
+    EXPECT_EQ(row.Include, 1);
+    EXPECT_EQ(row.FrequencyOffset, -1e6);
+    EXPECT_EQ(row.PassiveBits, 0);
+}
+
+TEST_F(Antenna, RowNumberOfLineIsCutToAnInteger)
+{
+    const AntennaTable table = ReadLines({ "99.9,Yes,Last", "1.5,Yes,First" });
+    EXPECT_EQ(table.Row(98).Name, "Last");
+    EXPECT_EQ(table.Row(0).Name, "First");
+    ExpectReported(12783, "0.9,Yes,x");
+}
+
+TEST_F(Antenna, CsvClampsItsNumbers)
+{
+    const AntennaRow row = ReadLines({ "1,Yes,x,1,9e9,-30e9,00,00,k,999,400,c" }).Row(0);
+    EXPECT_EQ(row.StartFrequency, 8000);
+    EXPECT_EQ(row.StopFrequency, 8e9);
+    EXPECT_EQ(row.FrequencyOffset, -20e9);
+    EXPECT_EQ(row.AntennaCode, 255);
+    EXPECT_EQ(row.NorthOffset, 359.9);
+}
+
+TEST_F(Antenna, AnyFlagThatIsNotZeroIncludes)
+{
+    QList<AntennaRow> rows(8, FullRow());
+    for (AntennaRow& row : rows)
+        row.Include = -1; // which a binary file may hold
+    ASSERT_TRUE(WriteAntennaFile(FilePath("Site.tva"), List(rows)));
+    ASSERT_TRUE(WriteAntennaFile(FilePath("Site.csv"), List(rows)));
+    for (const QString name : { "Site.tva", "Site.csv" }) {
+        AntennaTable table;
+        ASSERT_TRUE(ReadAntennaFile(FilePath(name), table));
+        EXPECT_EQ(table.Row(7).Include, 1) << name.toStdString();
+    }
+    Answers().Expect(12774, QStringList(), Ok);
+    AntennaTable table = List(rows);
+    EXPECT_TRUE(ValidateAntennaRows(table.Rows).has_value());
+}
+
+TEST_F(Antenna, StoreFailureOnReadingNamesTheIndex)
+{
+    ASSERT_TRUE(WriteAntennaFile(FilePath("Site.tva"), List({ FullRow(), FullRow() })));
+    TvFio().AntennaGetNorthOffset = [](int16_t* status, int16_t index, double*) { *status = index == 2 ? 23 : 0; };
+    AntennaTable table;
+    Answers().Expect(12840, { QStringLiteral("2") }, Ok);
+    EXPECT_FALSE(ReadAntennaFile(FilePath("Site.tva"), table));
+    EXPECT_EQ(table, AntennaTable());
+    TvFio().AntennaListGetDescription = [](int16_t* status, char*, int32_t) { *status = 10; };
+    Answers().Expect(12830, QStringList(), Ok);
+    EXPECT_FALSE(ReadAntennaFile(FilePath("Site.tva"), table));
+}
+
+TEST_F(Antenna, FieldsGoToTheStoreInTheirOrder)
+{
+    static QStringList calls;
+    calls.clear();
+    TvFioApi& store = TvFio();
+    store.AntennaSetInclude = [](int16_t*, int16_t) { calls.append("include"); };
+    store.AntennaSetName = [](int16_t*, const char*) { calls.append("name"); };
+    store.AntennaSetStartFrequency = [](int16_t*, double) { calls.append("start"); };
+    store.AntennaSetStopFrequency = [](int16_t*, double) { calls.append("stop"); };
+    store.AntennaSetDefFrequencyOffset = [](int16_t*, double) { calls.append("offset"); };
+    store.AntennaSetPassiveBits = [](int16_t*, int16_t) { calls.append("passive"); };
+    store.AntennaSetActiveBits = [](int16_t*, int16_t) { calls.append("active"); };
+    store.AntennaSetKFactorTableName = [](int16_t*, const char*) { calls.append("kfactor"); };
+    store.AntennaSetAntennaCode = [](int16_t*, int16_t) { calls.append("code"); };
+    store.AntennaSetNorthOffset = [](int16_t*, double) { calls.append("north"); };
+    store.AntennaSetCorrectionSetName = [](int16_t*, const char*) { calls.append("correction"); };
+    store.AntennaSetData = [](int16_t*, int16_t index) { calls.append(QString::number(index)); };
+    ASSERT_TRUE(WriteAntennaFile(FilePath("Site.tva"), List({ FullRow() })));
+    EXPECT_EQ(calls,
+        (QStringList{ "include", "name", "start", "stop", "offset", "passive", "active", "kfactor", "code", "north",
+            "correction", "1" }));
+}
+
+TEST_F(Antenna, FrequencyOfAnEarlierRowIsRefusedBeforeLaterInclusions)
+{
+    AntennaTable table = List(QList<AntennaRow>(9, FullRow()));
+    table.Row(2).StartFrequency = 0;
+    Answers().Expect(12773, QStringList(), Ok);
+    const auto refusal = ValidateAntennaRows(table.Rows);
+    ASSERT_TRUE(refusal.has_value());
+    EXPECT_EQ(refusal->Row, 2);
+}
+
+TEST_F(Antenna, FrequenciesAtTheLimitsAreAccepted)
+{
+    AntennaTable table = List({ FullRow(), FullRow() });
+    table.Row(0).StartFrequency = Limits().FrequencyHz.Min;
+    table.Row(0).StopFrequency = Limits().FrequencyHz.Max;
+    table.Row(1).Used = false;
+    table.Row(1).StartFrequency = 0;
+    EXPECT_FALSE(ValidateAntennaRows(table.Rows).has_value());
+}
+
 } // namespace tarvik

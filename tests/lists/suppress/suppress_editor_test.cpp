@@ -1,6 +1,7 @@
 #include "tests/lists/editor/editor_form_fixture.h"
 #include "tests/support/fakeHelp.h"
 
+#include "closed/loader.h"
 #include "lists/suppress/FmEditorSuppress.h"
 
 #include <QCheckBox>
@@ -200,6 +201,126 @@ TEST_F(SuppressEditor, UnknownSettingNeedsTheUsersChoiceBeforeItsRowIsIncluded)
     EXPECT_EQ(TextIn("TbCol2[0]"), "1.000000");
     Click(form, "CbCol1[0]");
     EXPECT_TRUE(IsChecked(0));
+}
+
+TEST_F(SuppressEditor, CellsTakeTheirLengths)
+{
+    Open();
+    for (const QString name : { "TbCol2[0]", "TbCol2[19]", "TbCol3[0]", "TbCol3[19]" })
+        EXPECT_EQ(Find<QLineEdit>(form, name).maxLength(), 13) << name.toStdString();
+}
+
+TEST_F(SuppressEditor, CsvFileShowsItsForm)
+{
+    Open(StoredList("Bands.csv", { { 1e6, 2e6 } }));
+    EXPECT_EQ(Find<QComboBox>(form, "CbExt").currentText(), ".csv");
+    EXPECT_EQ(form.windowTitle(), "Suppress List Editor - Bands.csv");
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
+TEST_F(SuppressEditor, OpenOffersSuppressLists)
+{
+    Open();
+    AnswerFile(StoredList("Bands.tvs", { { 1e6, 2e6 } }));
+    Click(form, "BtOpen");
+    EXPECT_EQ(AskedFile.Filters,
+        (QStringList{ "CSV and .TVS files|*.csv;*.tvs", "CSV files|*.csv", "Suppress lists|*.tvs" }));
+    EXPECT_EQ(TextIn("TbDescr"), "fm");
+}
+
+TEST_F(SuppressEditor, SaveChecksNameThenDescriptionThenCells)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 } }));
+    const auto expectRefused = [this](int message, const QString& focused) {
+        Answers().Expect(message, Ok);
+        EXPECT_FALSE(form.Save());
+        EXPECT_TRUE(IsFocused(focused)) << focused.toStdString();
+    };
+    for (const QString name : { "TbName", "TbDescr", "TbCol2[0]" }) // by a program, so that no leaving checks it
+        Find<QLineEdit>(form, name).setText("a;b");
+    expectRefused(12766, "TbName");
+    Find<QLineEdit>(form, "TbName").setText("Bands");
+    expectRefused(12764, "TbDescr");
+    Find<QLineEdit>(form, "TbDescr").setText("");
+    expectRefused(12765, "TbCol2[0]");
+    EXPECT_EQ(FolderQuestions, 0);
+}
+
+TEST_F(SuppressEditor, FirstBadCellOfThePageGetsTheFocus)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 }, { 3e6, 4e6 } }));
+    const auto clear = [this](const QString& name) { // by a program, so that no leaving checks it
+        const QSignalBlocker blocker(&FindControl(form, name));
+        Find<QLineEdit>(form, name).setText("");
+    };
+    for (const QString name : { "TbCol2[1]", "TbCol3[0]", "TbCol3[1]" })
+        clear(name);
+    for (const QString name : { "TbCol3[0]", "TbCol2[1]", "TbCol3[1]" }) {
+        Answers().Expect(12771, QStringList(), Ok);
+        EXPECT_FALSE(form.Save());
+        EXPECT_TRUE(IsFocused(name)) << name.toStdString();
+        Find<QLineEdit>(form, name).setText("7");
+    }
+    EXPECT_EQ(FolderQuestions, 0);
+}
+
+TEST_F(SuppressEditor, RowOfADescriptionOnlyIsUsedAndNeedsItsFrequencies)
+{
+    Open();
+    TypeAndLeave("TbName", "Bands");
+    TypeAndLeave("TbCol4[3]", "fm");
+    Answers().Expect(12771, QStringList(), Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(IsFocused("TbCol2[3]"));
+}
+
+TEST_F(SuppressEditor, HeadShowsWhatTheStoreHolds)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 } }));
+    TvFio().SuppressListGetDescription = [](int16_t*, char* text, int32_t) { std::strcpy(text, "kept"); };
+    TvFio().SuppressGetStopFrequency = [](int16_t*, int16_t, double* stopHz) { *stopHz = 3e6; };
+    AnswerFolder(Folder());
+    Answers().Expect(12734, { QStringLiteral("Bands.tvs") }, No);
+    EXPECT_FALSE(form.Save());
+    EXPECT_EQ(TextIn("TbName"), "Bands");
+    EXPECT_EQ(TextIn("TbDescr"), "kept");
+    EXPECT_EQ(TextIn("TbCol3[0]"), "3.000000");
+}
+
+TEST_F(SuppressEditor, FailedSortKeepsRowsAndIsNoChange)
+{
+    static FmEditorSuppress* shown = nullptr;
+    shown = &form;
+    TvFio().SuppressListSort = [](int16_t* status) {
+        EXPECT_EQ(shown->cursor().shape(), Qt::WaitCursor);
+        *status = 16;
+    };
+    TvFio().SuppressListSortAndMerge = TvFio().SuppressListSort;
+    Open(StoredList("Bands.tvs", { { 5e6, 6e6 }, { 1e6, 5e6 } }));
+    Find<QScrollBar>(form, "VScroll1").setValue(30);
+    for (const QString button : { "BtSort", "BtSortMerge" }) {
+        Answers().Expect(12838, QStringList(), Ok);
+        Click(form, button);
+        EXPECT_FALSE(Editor().EditorDirty);
+        EXPECT_EQ(TopRow(), 30);
+        EXPECT_EQ(form.cursor().shape(), Qt::ArrowCursor);
+    }
+    Find<QScrollBar>(form, "VScroll1").setValue(0);
+    EXPECT_EQ(TextIn("TbCol2[0]"), "5.000000");
+}
+
+TEST_F(SuppressEditor, DeletedRowIsNotSaved)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 }, { 3e6, 4e6 } }));
+    form.CellSetFocus(0, 2);
+    Click(form, "BtDelete");
+    AnswerFolder(Folder());
+    Answers().Expect(12734, { QStringLiteral("Bands.tvs") }, Yes);
+    ASSERT_TRUE(form.Save());
+    SuppressTable table;
+    ASSERT_TRUE(ReadSuppressFile(FilePath("Bands.tvs"), table));
+    EXPECT_EQ(table.Row(0), SuppressRow());
+    EXPECT_EQ(table.Row(1).StartFrequency, 3e6);
 }
 
 } // namespace tarvik

@@ -1,5 +1,6 @@
 #include "tests/lists/list_fixture.h"
 
+#include "closed/loader.h"
 #include "lists/suppress/suppressList.h"
 
 #include <QFile>
@@ -196,6 +197,78 @@ TEST_F(Suppress, EmptyListStaysEmptyWhenSortedOrMerged)
     EXPECT_TRUE(SortSuppressRows(table));
     EXPECT_TRUE(SortAndMergeSuppressRows(table));
     EXPECT_EQ(table, List({}));
+}
+
+TEST_F(Suppress, CsvBadLineKeepsTheFieldsReadBefore)
+{
+    Answers().Expect(12785, { QStringLiteral("1") }, Ok);
+    EXPECT_EQ(ReadLines({ "1,Include,1000000,?,fm" }).Row(1), Range(kInclude, 1e6, 0));
+    Answers().Expect(12813, { QStringLiteral("1") }, Ok);
+    EXPECT_EQ(ReadLines({ "1,Exclude,2000000,1000000,fm" }).Row(1), Range(kExclude, 2e6, 1e6, "fm"));
+    Answers().Expect(12804, { QStringLiteral("1") }, Ok);
+    EXPECT_TRUE(ReadLines({ "1,Exclude,2000000,1000000,it's" }).Row(1).Used) << "before the range is checked";
+}
+
+TEST_F(Suppress, CsvRowNumberIsCutToAnInteger)
+{
+    const SuppressTable table =
+        ReadLines({ "99.9,Include,1000000,2000000,last", "-0.5,Include,1000000,2000000,first" });
+    EXPECT_EQ(table.Row(99).Description, "last");
+    EXPECT_EQ(table.Row(0).Description, "first");
+}
+
+TEST_F(Suppress, CsvRangeOfOneFrequencyIsRead)
+{
+    EXPECT_EQ(ReadLines({ "0,Include,1000000,1000000," }).Row(0), Range(kInclude, 1e6, 1e6));
+}
+
+TEST_F(Suppress, UnknownSettingIsKeptInBothForms)
+{
+    for (const QString name : { "Bands.csv", "Bands.tvs" }) {
+        SuppressTable table = List({ Range(kUnknownInclude, 1e6, 2e6, "maybe") });
+        ASSERT_TRUE(WriteSuppressFile(FilePath(name), table));
+        ASSERT_TRUE(ReadSuppressFile(FilePath(name), table));
+        EXPECT_EQ(table.Row(0), Range(255, 1e6, 2e6, "maybe"));
+    }
+}
+
+TEST_F(Suppress, RowThatTheStoreDoesNotReturnIsReportedWithTheFile)
+{
+    TvFio().SuppressGetInclude = [](int16_t* status, int16_t index, int16_t*) { *status = index == 3 ? 23 : 0; };
+    SuppressTable table = List({ Range(kInclude, 1e6, 2e6) });
+    const SuppressTable before = table;
+    for (const QString name : { "Bands.csv", "Bands.tvs" }) {
+        Answers().Expect(12840, { QStringLiteral("3") }, Ok);
+        Answers().Expect(12726, { FilePath(name) }, Ok);
+        EXPECT_FALSE(WriteSuppressFile(FilePath(name), table));
+        EXPECT_FALSE(QFile::exists(FilePath(name)));
+    }
+    EXPECT_EQ(table, before);
+}
+
+TEST_F(Suppress, BinaryReadFailureEmptiesTheTable)
+{
+    Store(FilePath("Bands.tvs"), "damaged");
+    SuppressTable table = List({ Range(kInclude, 1e6, 2e6) });
+    Answers().Expect(12827, Ok);
+    EXPECT_FALSE(ReadSuppressFile(FilePath("Bands.tvs"), table));
+    EXPECT_EQ(table, SuppressTable());
+}
+
+TEST_F(Suppress, FieldsGoToTheStoreInTheirOrder)
+{
+    static QStringList calls;
+    calls.clear();
+    TvFioApi& store = TvFio();
+    store.SuppressSetInclude = [](int16_t*, int16_t) { calls.append("include"); };
+    store.SuppressSetStartFrequency = [](int16_t*, double) { calls.append("start"); };
+    store.SuppressSetStopFrequency = [](int16_t*, double) { calls.append("stop"); };
+    store.SuppressSetDescription = [](int16_t*, const char*) { calls.append("description"); };
+    store.SuppressSetData = [](int16_t*, int16_t index) { calls.append(QString::number(index)); };
+    SuppressTable table;
+    table.Row(7).Used = true;
+    EXPECT_TRUE(WriteSuppressListDll(table));
+    EXPECT_EQ(calls, (QStringList{ "include", "start", "stop", "description", "7" }));
 }
 
 } // namespace tarvik

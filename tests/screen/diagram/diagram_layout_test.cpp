@@ -309,4 +309,44 @@ TEST_F(DiagramLayouts, LongTitlesAndNamesAreElided)
     EXPECT_TRUE(texts.contains("Active"));
 }
 
+TEST_F(DiagramLayouts, BandsGrowWithThePicture)
+{
+    const DiagramText none;
+    for (const QSize size : { QSize(792, 560), QSize(1584, 1120), QSize(2560, 1440), QSize(400, 560) }) {
+        const DiagramLayout layout = LayOutDiagram(none, size, 1);
+        const int lines = 3 * QFontMetrics(layout.Font).height();
+        const int side = lines + 5 * size.width() / 792;
+        EXPECT_EQ(layout.Plot.left(), side);
+        EXPECT_NEAR(layout.Plot.right() + 1, size.width() - side, 1);
+        EXPECT_EQ(layout.Plot.top(), lines + 3 * size.height() / 560);
+    }
+}
+
+TEST_F(DiagramLayouts, SpanIsMadeEvenByOneMore)
+{
+    for (int side = 400; side < 404; ++side) {
+        const DiagramLayout layout = LayOutDiagram({}, { side, side }, 1);
+        const int lines = 3 * QFontMetrics(layout.Font).height();
+        const int width = side - 2 * (lines + 5 * side / 792);
+        const int height = side - 2 * (lines + 3 * side / 560);
+        EXPECT_EQ(layout.Plot.width(), width + width % 2);
+        EXPECT_EQ(layout.Plot.height(), height + height % 2);
+    }
+}
+
+TEST_F(DiagramLayouts, LegendIsInTheOrderOfTheTraces)
+{
+    const DiagramLayout layout = LayOutDiagram(TextOf(KfactorInput(10, 3)), { 792, 560 }, 1);
+    ASSERT_EQ(layout.Samples.size(), 3);
+    int before = 0;
+    const std::array names{ QStringLiteral("Passive"), QStringLiteral("Active"), QStringLiteral("Third") };
+    for (int at = 0; at < 3; ++at) {
+        EXPECT_EQ(layout.Samples[at].Trace, at);
+        EXPECT_GT(layout.Samples[at].Place.left(), before);
+        EXPECT_GT(PlaceOf(layout, names[static_cast<size_t>(at)]).left(), layout.Samples[at].Place.right());
+        before = PlaceOf(layout, names[static_cast<size_t>(at)]).right();
+    }
+    EXPECT_EQ(TextsIn(layout).count(QStringLiteral(" : ")), 2);
+}
+
 } // namespace tarvik

@@ -5,7 +5,7 @@
 #include "tests/support/fixture.h"
 #include "tests/support/unbindModule.h"
 
-#include <QElapsedTimer>
+#include <cstring>
 
 namespace tarvik {
 
@@ -221,6 +221,60 @@ TEST_F(Diagrams, ReleaseTheirBlocks)
     diagram.reset();
     for (uint32_t each = 1; each < handle + 10; ++each)
         EXPECT_EQ(TraceBlockOf(each, &size), nullptr);
+}
+
+TEST_F(Diagrams, ModuleOfTracesDrawsIntoThePlot)
+{
+    static QList<TvSwpContext> contexts;
+    static TraceSet drawn;
+    contexts.clear();
+    const std::unique_ptr<Diagram> diagram = DiagramOf(KfactorInput(200, 2));
+    TvSwp().SwpDrawTraces = [](const TvSwpContext* context, const TraceSet* traces, TvSwpBlock block) -> int16_t {
+        if (contexts.isEmpty())
+            drawn = *traces;
+        contexts.append(*context);
+        for (const Trace& trace : traces->Traces) {
+            uint32_t size = 0;
+            EXPECT_EQ(block(trace.Handle, &size) != nullptr, trace.InUse == 1);
+            EXPECT_EQ(size, trace.InUse == 1 ? 5040U : 0U);
+        }
+        return 0;
+    };
+    diagram->Draw(2 * kSize, 2);
+    const DiagramLayout layout = LayoutOf(*diagram, 2 * kSize, 2);
+    ASSERT_EQ(contexts.size(), 3) << "the plot, then a sample of each trace";
+    const TvSwpContext& plot = contexts.front();
+    EXPECT_EQ(QSize(plot.Width, plot.Height), 2 * kSize);
+    EXPECT_EQ(QRect(plot.Left, plot.Top, plot.Right - plot.Left, plot.Bottom - plot.Top), layout.Plot);
+    EXPECT_EQ(plot.Scale, 2);
+    EXPECT_EQ(std::memcmp(&drawn, &diagram->Traces.Set, sizeof drawn), 0);
+    EXPECT_EQ(QPoint(contexts[1].Left, contexts[1].Top), layout.Samples[0].Place.topLeft());
+}
+
+TEST_F(Diagrams, HaveNoTracesIfTheirModuleFails)
+{
+    const std::unique_ptr<Diagram> diagram = DiagramOf(KfactorInput());
+    TvSwp().SwpDrawTraces = [](const TvSwpContext*, const TraceSet*, TvSwpBlock) -> int16_t { return 1; };
+    const QImage picture = diagram->Draw(kSize, 1);
+    EXPECT_EQ(Count(picture, kRed), 0);
+    EXPECT_GT(Count(picture, kGrid), 1000);
+    UnbindModule(Module::Traces);
+    EXPECT_EQ(picture, diagram->Draw(kSize, 1));
+}
+
+TEST_F(Diagrams, BlackAndWhiteTracesAreBlackToTheirModule)
+{
+    static QList<quint32> colours;
+    colours.clear();
+    std::unique_ptr<Diagram> diagram = DiagramOf(KfactorInput(200, 2));
+    TvSwp().SwpDrawTraces = [](const TvSwpContext*, const TraceSet* traces, TvSwpBlock) -> int16_t {
+        colours.append(traces->Traces[0].Colour);
+        return 0;
+    };
+    diagram->PalNr = PaletteNumber::BlackAndWhite;
+    diagram->Draw(kSize, 1);
+    EXPECT_EQ(colours.front(), 0U);
+    EXPECT_EQ(diagram->Traces.Set.Traces[0].Colour, 0x0000FFU);
 }
 
 } // namespace tarvik

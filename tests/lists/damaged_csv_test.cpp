@@ -2,7 +2,7 @@
 // with its number and ends the reading; all values that were read are within their limits.
 #include "tests/lists/listFamilies.h"
 #include "tests/lists/list_fixture.h"
-#include "tests/lists/messageLog.h"
+#include "tests/support/messageLog.h"
 
 #include <QFile>
 

@@ -2,7 +2,7 @@
 #include "tests/closed/samples.h"
 #include "tests/lists/listFamilies.h"
 #include "tests/lists/list_fixture.h"
-#include "tests/lists/messageLog.h"
+#include "tests/support/messageLog.h"
 
 #include "closed/files/filesystem.h"
 #include "closed/loader.h"

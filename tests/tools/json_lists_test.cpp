@@ -1,7 +1,7 @@
 // Lists as JSON, read without the program around: every error names the key and the row.
 #include "tests/closed/samples.h"
-#include "tests/lists/messageLog.h"
 #include "tests/support/fixture.h"
+#include "tests/support/messageLog.h"
 
 #include "closed/loader.h"
 #include "lists/editor/editorGeneral.h"

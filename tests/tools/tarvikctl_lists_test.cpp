@@ -185,6 +185,12 @@ TEST_F(CtlLists, RefusedJsonLeavesTheTargetAsItWas)
         EXPECT_EQ(Bytes(target), target == "in.json" ? bad : QByteArray("before"));
     }
     EXPECT_EQ(FolderEntries().size(), 4);
+    for (const QStringList& command : { QStringList{ "check", "in.json" }, QStringList{ "show", "in.json" } }) {
+        const CtlResult result = Ctl(command);
+        EXPECT_EQ(result.ExitCode, 1);
+        EXPECT_EQ(result.Out, "");
+        EXPECT_EQ(result.Err, "in.json: rows[0]: not an object\n");
+    }
 }
 
 TEST_F(CtlLists, DamagedCorrectionSetIsReportedByEveryCommand)

@@ -1,4 +1,4 @@
-// tests/lists/messageLog.h: records messages, for tests that look at them afterwards.
+// tests/support/messageLog.h: records messages, for tests that look at them afterwards.
 #pragma once
 
 #include "app/message/message.h"

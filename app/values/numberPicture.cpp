@@ -122,15 +122,16 @@ int DecimalsOf(const DecimalDigits& decimal)
 
 QString Written(const DecimalDigits& decimal, const Picture& picture, QStringView point)
 {
+    const int integers = std::max(IsZero(decimal) ? 0 : decimal.FirstPower + 1, picture.MinIntegers);
+    const int decimals = std::max(DecimalsOf(decimal), picture.MinDecimals);
     QString text;
+    text.reserve(1 + std::max(integers, 0) + point.size() + decimals);
     if (decimal.Negative)
         text.append(u'-');
-    const int integers = IsZero(decimal) ? 0 : decimal.FirstPower + 1;
-    for (int power = std::max(integers, picture.MinIntegers) - 1; power >= 0; --power)
+    for (int power = integers - 1; power >= 0; --power)
         text.append(DigitAt(decimal, power));
     if (picture.HasPoint)
         text.append(point);
-    const int decimals = std::max(DecimalsOf(decimal), picture.MinDecimals);
     for (int place = 1; place <= decimals; ++place)
         text.append(DigitAt(decimal, -place));
     return text;

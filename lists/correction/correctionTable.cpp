@@ -100,17 +100,21 @@ double ValueIn(const AzimuthEntry&, int)
 bool StoreCell(CorrTableId table, CorrRecords& records, int row, int column, QString text)
 {
     if (IsAngleList(table, column)) {
+        if (text == AzimuthFormat(CorrAngles(records, row)))
+            return true;
         const auto angles = AzimuthParse(text, kAngleSeparator);
-        return angles.has_value()
-            && (text == AzimuthFormat(CorrAngles(records, row)) || SetCorrAngles(records, row, *angles));
+        return angles.has_value() && SetCorrAngles(records, row, *angles);
     }
     const NumberColumn shown = NumberColumnOf(table, column);
     const double before = CorrValue(table, records, row, column);
+    const bool isInBounds = before >= shown.Bounds.Min && before <= shown.Bounds.Max;
+    const QString textBefore = IsCorrEntryUsed(table, records, row) ? CellText(before, shown.Format) : QString();
+    if (isInBounds && !textBefore.isEmpty() && text == textBefore)
+        return true;
     double value = 0;
     if (!CheckCellScaled(text, value, shown.Bounds, shown.Format, { false, false }))
         return false;
-    const bool keepsDigits = IsCorrEntryUsed(table, records, row) && text == CellText(before, shown.Format);
-    SetCorrValue(table, records, row, column, keepsDigits ? before : value);
+    SetCorrValue(table, records, row, column, text == textBefore ? before : value);
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "app/text/textId.h"
 #include "app/values/general.h"
 #include "app/values/numberText.h"
+#include "app/values/region.h"
 #include "app/values/strings.h"
 #include "link/classes/textRules.h"
 
@@ -50,7 +51,7 @@ std::int16_t RoundToInt16(double number, Range<std::int16_t> limits)
 
 QChar DecimalSeparator()
 {
-    return FormatPicture(0.5, QStringLiteral("0.0")).at(1);
+    return IniDecimalChar().front();
 }
 
 bool StrToDouble(const QString& text, double& value)
@@ -60,7 +61,8 @@ bool StrToDouble(const QString& text, double& value)
 
 bool StrToDoubleChecked(const QString& text, double& value)
 {
-    return IsNumberText(PlainNumber(text, DecimalSeparator())) && StrToDouble(text, value);
+    const QString plain = PlainNumber(text, DecimalSeparator());
+    return IsNumberText(plain) && ReadNumber(plain.toLatin1(), value);
 }
 
 bool StrToDoubleChecked(QByteArrayView text, double& value)
@@ -71,8 +73,9 @@ bool StrToDoubleChecked(QByteArrayView text, double& value)
 QString CellText(double value, const CellFormat& format)
 {
     QString text = FormatPicture(value / format.Scale, QString::fromLatin1(format.Picture));
-    if (text.endsWith(u'.') || text.endsWith(DecimalSeparator()))
-        text.chop(1);
+    const bool endsWithDigit = !text.isEmpty() && text.back() >= u'0' && text.back() <= u'9';
+    if (!endsWithDigit)
+        text.chop(1); // the decimal separator
     return text;
 }
 

@@ -9,6 +9,9 @@
 #include "app/settings/settings.h"
 #include "app/text/lang.h"
 #include "closed/loader.h"
+#include "link/documents/documents.h"
+#include "lists/editor/editorGeneral.h"
+#include "screen/diagram/traceBlocks.h"
 #include "screen/files/FmScreenShotViewer.h"
 #include "tests/support/forms.h"
 
@@ -20,6 +23,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMimeData>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -202,6 +206,40 @@ TEST_F(Composition, EverySettingIsWrittenAtExit)
     const QByteArray text = Contents(FilePath("Tarvik.ini"));
     for (const char* section : { "[Tarvik]", "[File]", "[Print]", "[connection]", "[Screen]", "[Window]" })
         EXPECT_TRUE(text.contains(section)) << section;
+}
+
+/// Widgets, blocks of samples and lists of angles that one turn leaves behind would add up over a day.
+TEST_F(Composition, EditorsAndDiagramsReleaseEverything)
+{
+    const auto turn = [this](const char* form, const char* view, const QString& file, FileClass fileClass) {
+        answered.clear();
+        WhenOpen(form, [this, view] {
+            Answer("FmDatasetViewer");
+            QWidget* editor = QApplication::activeModalWidget();
+            QTest::mouseClick(editor->findChild<QPushButton*>(QLatin1String(view)), Qt::LeftButton);
+            Editor().EditorDirty = false; // the sort of a correction set is a change
+            editor->close();
+        });
+        EXPECT_TRUE(TheListFiles()->Open(QStringLiteral(EXAMPLES_FOLDER "/antennas/") + file, fileClass));
+        EXPECT_EQ(answered, (QStringList{ QLatin1String(form), "FmDatasetViewer" }));
+    };
+    const auto bothTurns = [&turn] {
+        turn("FmEditorKfactor", "BtView", "Biconical.tvk", FileClassKfactorTable);
+        turn("FmEditorCorrectionSet", "KT_BtView", "Biconical.tvc", FileClassCorrectionSet);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    bothTurns();
+    const qsizetype widgets = QApplication::allWidgets().size();
+    for (int round = 0; round < 5; ++round)
+        bothTurns();
+    EXPECT_EQ(QApplication::allWidgets().size(), widgets);
+    for (uint32_t handle = 1; handle < 100; ++handle) {
+        uint32_t size = 0;
+        EXPECT_EQ(TraceBlockOf(handle, &size), nullptr) << handle;
+    }
+    const std::int32_t angles = TvFio().AntCorrNewAngles(1);
+    EXPECT_EQ(angles, 1) << "a list is still there";
+    TvFio().AntCorrFreeAngles(angles);
 }
 
 } // namespace tarvik

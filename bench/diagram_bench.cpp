@@ -3,19 +3,16 @@
 // lines and labels. Prints one JSON object in ms: medians.
 #include "app/frame/MfMain.h"
 #include "app/state/project.h"
+#include "bench/paintWatch.h"
 #include "bench/timing.h"
 #include "closed/loader.h"
 #include "composition.h"
 #include "screen/diagram/datasetViewer.h"
 
 #include <QApplication>
-#include <QDialog>
 #include <QPainter>
-#include <QPolygonF>
-#include <QTimer>
 #include <QtTest/QTest>
 
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <random>
@@ -25,13 +22,8 @@ namespace tarvik {
 namespace {
 
 constexpr QSize kPicture(1600, 1000);
-constexpr QSize kWindow(792, 560);
 constexpr int kRounds = 51;
 constexpr int kRows = 1000;
-constexpr int kLabels = 30;
-
-using Clock = std::chrono::steady_clock;
-
 /// A table of three series: rising curves with ripples and, if wanted, noise over the whole range.
 MultiTraceInput Table(bool isNoise)
 {
@@ -51,33 +43,6 @@ MultiTraceInput Table(bool isNoise)
                                       : 8 + 5 * series + 12 * part + 3 * std::sin(30 * part + series);
     }
     return input;
-}
-
-/// The traces as points of a picture.
-std::vector<QPolygonF> LinesOf(const TraceSet& set, QSize size)
-{
-    std::vector<QPolygonF> lines;
-    for (const Trace& trace : set.Traces) {
-        uint32_t bytes = 0;
-        const auto* samples = static_cast<const double*>(TraceBlockOf(trace.Handle, &bytes));
-        QPolygonF line;
-        for (int at = 0; at < kTraceSamples; ++at)
-            line.append({ size.width() * at / 629.0,
-                size.height() * (1 - (samples[at] - set.YBottom) / (set.YTop - set.YBottom)) });
-        lines.push_back(line);
-    }
-    return lines;
-}
-
-void DrawLines(QPainter& painter, const std::vector<QPolygonF>& lines)
-{
-    painter.setRenderHint(QPainter::Antialiasing);
-    for (const QPolygonF& line : lines) {
-        painter.setPen(QPen(Qt::black, 4)); // the outline
-        painter.drawPolyline(line);
-        painter.setPen(QPen(Qt::red, 2));
-        painter.drawPolyline(line);
-    }
 }
 
 /// Medians for the module and, unless it is noise, which takes it minutes, for the painter.
@@ -106,70 +71,6 @@ std::pair<double, double> BenchTraces(bool isNoise)
     return { Median(own), Median(bare) };
 }
 
-/// Notes when a widget of a name is painted, and closes its window.
-class PaintWatch final : public QObject {
-public:
-    explicit PaintWatch(const QString& name)
-        : name_(name)
-    {
-        qApp->installEventFilter(this);
-    }
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint && watched->objectName() == name_ && !isPainted_) {
-            isPainted_ = true;
-            QTimer::singleShot(0, qApp, [this, window = static_cast<QWidget*>(watched)->window()] {
-                painted_ = Clock::now();
-                window->close();
-            });
-        }
-        return false;
-    }
-
-    /// Duration from the start of `show` until the painting is finished.
-    template <typename Show>
-    double Ms(Show show)
-    {
-        isPainted_ = false;
-        const auto start = Clock::now();
-        show();
-        if (!isPainted_)
-            qFatal("not painted");
-        return std::chrono::duration<double, std::milli>(painted_ - start).count();
-    }
-
-private:
-    QString name_;
-    bool isPainted_ = false;
-    Clock::time_point painted_;
-};
-
-/// Draws lines and labels, and nothing else.
-class BareDiagram final : public QWidget {
-public:
-    BareDiagram(std::vector<QPolygonF> lines, QWidget* parent)
-        : QWidget(parent)
-        , lines_(std::move(lines))
-    {
-        setObjectName(QStringLiteral("BareDiagram"));
-        resize(kWindow);
-    }
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override
-    {
-        QPainter painter(this);
-        painter.fillRect(rect(), Qt::lightGray);
-        for (int label = 0; label < kLabels; ++label)
-            painter.drawText(10 + label * 20, 20 + label * 15, QString::number(label * 12.3));
-        DrawLines(painter, lines_);
-    }
-
-private:
-    std::vector<QPolygonF> lines_;
-};
-
 std::pair<double, double> BenchView(QWidget* frame)
 {
     const MultiTraceInput input = Table(false);
@@ -183,12 +84,7 @@ std::pair<double, double> BenchView(QWidget* frame)
             if (!DatasetShow(input))
                 qFatal("not shown");
         }));
-        bareMs.push_back(bare.Ms([&] {
-            QDialog dialog(frame);
-            dialog.resize(kWindow);
-            new BareDiagram(LinesOf(traces.Set, kWindow), &dialog);
-            dialog.exec();
-        }));
+        bareMs.push_back(bare.Ms([&] { ShowBareDiagram(traces.Set, frame); }));
     }
     return { Median(ownMs), Median(bareMs) };
 }

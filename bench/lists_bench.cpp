@@ -1,9 +1,12 @@
 // bench/lists_bench.cpp FOLDER: reads a memory list of 1024 entries from a binary and a CSV file, writes it as CSV to
-// FOLDER, and reads the binary file without checks for comparison. store_bench.cpp measures the list store alone.
+// FOLDER, and reads the binary file without checks for comparison; looks for equal frequencies in tables of 1000 rows.
+// store_bench.cpp measures the list store alone.
 #include "app/message/message.h"
 #include "closed/loader.h"
 #include "link/classes/model.h"
+#include "lists/correction/correctionTable.h"
 #include "lists/editor/editorGeneral.h"
+#include "lists/kfactor/kfactorTable.h"
 #include "lists/memory/memoryList.h"
 #include "lists/values/limits.h"
 
@@ -12,6 +15,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <zlib.h>
@@ -144,10 +148,56 @@ void BareRead(benchmark::State& state)
         state.SkipWithError("not what the program reads");
 }
 
+double FrequencyOf(int row)
+{
+    return 30e6 + ((row * 7) % kKfactorRows) * 970137.5; // in no order
+}
+
+void KfactorDuplicates(benchmark::State& state)
+{
+    KfactorTable table;
+    for (int row = 0; row < kKfactorRows; ++row)
+        table.Row(row) = { true, FrequencyOf(row), 1, 2 };
+    for (auto _ : state) {
+        if (!KfactorMayBeSaved(table))
+            state.SkipWithError("refused");
+    }
+}
+
+void CorrectionDuplicates(benchmark::State& state)
+{
+    CorrRecords records;
+    for (int row = 0; row < kCorrRows; ++row) {
+        SetCorrEntryUsed(CorrTableId::KFactor, records, row, true);
+        SetCorrValue(CorrTableId::KFactor, records, row, kCorrFrequency, FrequencyOf(row));
+    }
+    for (auto _ : state) {
+        if (CheckCorrDuplicates(CorrTableId::KFactor, records).has_value())
+            state.SkipWithError("refused");
+    }
+}
+
+/// Sorts the frequencies and compares neighbours.
+void BareDuplicates(benchmark::State& state)
+{
+    std::vector<double> frequencies(kKfactorRows);
+    for (int row = 0; row < kKfactorRows; ++row)
+        frequencies[static_cast<size_t>(row)] = FrequencyOf(row);
+    for (auto _ : state) {
+        std::vector<double> sorted = frequencies;
+        std::sort(sorted.begin(), sorted.end());
+        if (std::adjacent_find(sorted.begin(), sorted.end()) != sorted.end())
+            state.SkipWithError("found");
+    }
+}
+
 BENCHMARK(ReadCsv)->Unit(benchmark::kMicrosecond)->UseRealTime();
 BENCHMARK(WriteCsv)->Unit(benchmark::kMicrosecond)->UseRealTime();
 BENCHMARK(ReadBinary)->Unit(benchmark::kMicrosecond)->UseRealTime();
 BENCHMARK(BareRead)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(KfactorDuplicates)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(CorrectionDuplicates)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(BareDuplicates)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 } // namespace
 

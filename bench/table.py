@@ -13,14 +13,24 @@ def load(name):
 RATIO = {
     "start": 1.5,
     "open editor": 2.0,
+    "open list": 3.0,
+    "open correction set": 5.0,
     "page down": 2.5,
     "list": 5.0,
     "open picture": 1.2,
     "redraw": 1.8,
     "redraw grey": 1.5,
     "arrange": 1.8,
-    "traces": 0.2,
+    "traces": 0.15,
     "view": 0.8,
+    "sort table": 0.6,
+    "save table": 0.5,
+    "view table": 0.5,
+    "sort correction set": 1.6,
+    "save correction set": 3.0,
+    "view correction set": 0.8,
+    "duplicates": 12.0,
+    "turns": 1.1,
     "read csv": 0.9,
     "write csv": 0.5,
     "read binary": 8.0,
@@ -32,6 +42,9 @@ RATIO = {
     "walk": 3.0,
 }
 
+# What a user is made to wait at most, in ms, whatever the machine.
+AT_MOST = {"open": 80, "work": 100, "traces": 3, "duplicates": 2}
+
 rows = []
 
 
@@ -40,9 +53,10 @@ def row(what, value, limit, unit, counterpart=""):
     rows.append((what, f"{value:.2f} {unit}", "" if limit is None else f"{limit:.2f} {unit}", verdict, counterpart))
 
 
-def compared(what, value, kind, bare, unit, counterpart, more=""):
-    """A row whose limit is its counterpart's figure of the same run times the ratio of its kind."""
-    row(what, value, RATIO[kind] * bare, unit, f"{counterpart} {bare:.2f} {unit}{more}")
+def compared(what, value, kind, bare, unit, counterpart, more="", at_most=None):
+    """A row whose limit is its counterpart's figure of the same run times the ratio of its kind, and `at_most`."""
+    limit = RATIO[kind] * bare
+    row(what, value, limit if at_most is None else min(limit, at_most), unit, f"{counterpart} {bare:.2f} {unit}{more}")
 
 
 for display in ("offscreen", "xvfb"):
@@ -52,7 +66,7 @@ for display in ("offscreen", "xvfb"):
                "bare window")
     editor = load(f"editor-{display}")
     compared(f"open the editor on 1024 rows, {display}", editor["open"], "open editor", editor["bareOpen"], "ms",
-           "as many bare widgets")
+           "as many bare widgets", at_most=AT_MOST["open"])
     compared(f"Page Down to finished repaint, {display}", editor["pageDown"], "page down", editor["barePage"], "ms",
            "as many bare line edits", f"; slowest {editor['slowestPageDown']:.2f} ms")
 
@@ -75,9 +89,34 @@ for display in ("offscreen", "xvfb"):
     diagram = load(f"diagram-{display}")
     compared(f"three traces of 630 samples at 1600 x 1000, {display}", diagram["traces"], "traces",
            diagram["bareTraces"], "ms", "antialiased polylines",
-           f"; noise over the whole height {diagram['noise']:.2f} ms")
+           f"; noise over the whole height {diagram['noise']:.2f} ms",
+           at_most=AT_MOST["traces"])
     compared(f"diagram of 1000 rows to its painted window, {display}", diagram["view"], "view", diagram["bareView"], "ms",
            "bare dialog with polylines and labels")
+
+    tables = load(f"tables-{display}")
+    for name, what, kind in (("antenna", "antenna lists on 99 rows", "open list"),
+                             ("suppress", "suppress lists on 100 rows", "open list"),
+                             ("kfactor", "K-factor tables on 1000 rows", "open list"),
+                             ("correction", "correction sets on three tables of 1000 rows", "open correction set")):
+        compared(f"open the editor of {what}, {display}", tables[f"{name}Open"], kind, tables[f"{name}BareOpen"], "ms",
+                 "as many bare widgets", at_most=AT_MOST["open"])
+    for name, what, kind in (("kfactor", "K-factor table of 1000 rows", "table"),
+                             ("correction", "correction set of 1000 rows", "correction set")):
+        for act in ("sort", "save"):
+            figure = act.title()
+            compared(f"{act} a {what} to finished repaint, {display}", tables[name + figure], f"{act} {kind}",
+                     tables[f"{name}Bare{figure}"], "ms", "the texts read, sorted and shown, the file written to save",
+                     at_most=AT_MOST["work"])
+        compared(f"view a {what} to its painted diagram, {display}", tables[f"{name}View"], f"view {kind}",
+                 tables[f"{name}BareView"], "ms", "the texts sorted, bare dialog with polylines and labels",
+                 at_most=AT_MOST["work"])
+
+turns = load("turns")
+compared("a table opened, viewed and closed, the last 100 of 1,000 times", turns["lastTurns"], "turns",
+         turns["firstTurns"], "ms", "the first 100")
+row("growth of memory by the last 900 times", turns["growthOfOthers"], turns["growthOfFirst"] + 2, "MiB",
+    f"by the first 100 {turns['growthOfFirst']:.2f} MiB")
 
 
 def best(*names):
@@ -101,6 +140,10 @@ compared("read binary of 1024 rows into the table", lists["ReadBinary"], "read b
        "bare bytes, check sum and fields", f"; store alone {store['Load']:.2f} ms")
 compared("write binary of 1024 rows to disk", store["Save"], "write binary", store["BareReplaceToLast"], "ms",
        "bare write, flush, rename, folder flushed too", f"; without the last {store['BareReplace']:.2f} ms")
+
+for name, what in (("KfactorDuplicates", "K-factor table"), ("CorrectionDuplicates", "table of a correction set")):
+    compared(f"duplicate check of a {what} of 1000 rows", lists[name], "duplicates", lists["BareDuplicates"], "ms",
+             "bare sort of the frequencies", at_most=AT_MOST["duplicates"])
 
 grey = best("grey")
 compared("conversion of 1280 x 720 to black and white", grey["GreyConvert"], "grey", grey["GreyCopy"], "ms",

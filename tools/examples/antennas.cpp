@@ -188,7 +188,7 @@ KfactorTable TableOfAntenna(const ExampleAntenna& antenna)
     return table;
 }
 
-void FillCorrSet(const ExampleAntenna& antenna, CorrSet& set)
+bool FillCorrSet(const ExampleAntenna& antenna, CorrSet& set)
 {
     set.Clear();
     set.FileName = antenna.Name;
@@ -207,8 +207,10 @@ void FillCorrSet(const ExampleAntenna& antenna, CorrSet& set)
         SetCorrValue(CorrTableId::KFactor, set.Records, row, kCorrPassive, response.PassiveDb);
         SetCorrValue(CorrTableId::KFactor, set.Records, row, kCorrActive, response.ActiveDb);
         SetCorrValue(CorrTableId::Omniphase, set.Records, row, kCorrPhase, response.PhaseDegrees);
-        SetCorrAngles(set.Records, row++, response.Angles);
+        if (!SetCorrAngles(set.Records, row++, response.Angles))
+            return false;
     }
+    return true;
 }
 
 AntennaTable SiteOfAntennas()

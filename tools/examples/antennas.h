@@ -40,8 +40,8 @@ std::vector<ExampleAntenna> AllAntennas();
 
 KfactorTable TableOfAntenna(const ExampleAntenna& antenna);
 
-/// Replaces `set` by the correction set of an antenna.
-void FillCorrSet(const ExampleAntenna& antenna, CorrSet& set);
+/// Replaces `set` by the correction set of an antenna. False if memory runs out.
+[[nodiscard]] bool FillCorrSet(const ExampleAntenna& antenna, CorrSet& set);
 
 /// The list of all antennas.
 AntennaTable SiteOfAntennas();

@@ -55,7 +55,8 @@ bool WriteCorrectionSet(const ExampleAntenna& antenna, const QString& folder)
 {
     SetEditorType(FileClassCorrectionSet);
     CorrSet set;
-    FillCorrSet(antenna, set);
+    if (!FillCorrSet(antenna, set))
+        return false;
     for (const CorrTableId table : kCorrTables) {
         if (!SortCorrRecords(table, set.Records))
             return false;

@@ -84,7 +84,8 @@ QString WriteCorrections(const QString& path)
             SetCorrValue(table, set.Records, row, kCorrPassive, LevelOf(row));
             SetCorrValue(table, set.Records, row, kCorrActive, LevelOf(row) - 9);
             if (table == CorrTableId::Azimuth)
-                SetCorrAngles(set.Records, row, { 0.25, 45.5, 89.75, 135, 180.5, 224.75, 270.25, 315.5 });
+                isWritten = SetCorrAngles(set.Records, row, { 0.25, 45.5, 89.75, 135, 180.5, 224.75, 270.25, 315.5 })
+                    && isWritten;
         }
         isWritten = isWritten && SortCorrRecords(table, set.Records);
     }

@@ -236,4 +236,36 @@ TEST_F(StoreCalls, CorrectionSetIsReadInOrder)
     EXPECT_EQ(calls, QStringList({ "SetHeader", "SaveFile" }));
 }
 
+TEST_F(StoreCalls, WalkThatFailsHalfwayLeavesAnEmptyList)
+{
+    AntennaTable antennas;
+    antennas.Row(0).Used = antennas.Row(3).Used = true;
+    antennas.Name = "Site";
+    ASSERT_TRUE(WriteAntennaFile(FilePath("a.tva"), antennas));
+    TvFio().AntennaGetNorthOffset = [](int16_t* status, int16_t index, double*) { *status = index == 4 ? 12 : 0; };
+    Answers().Expect(12832, { "4" }, Ok);
+    EXPECT_FALSE(ReadAntennaFile(FilePath("a.tva"), antennas));
+    EXPECT_EQ(antennas, AntennaTable());
+
+    KfactorTable factors;
+    factors.Row(0) = factors.Row(1) = { true, 30e6, 1, 2 };
+    factors.Name = "Mast";
+    ASSERT_TRUE(WriteKfactorFile(FilePath("k.tvk"), factors));
+    TvFio().KfactorGetActive = [](int16_t* status, int16_t index, double*) { *status = index == 1 ? 43 : 0; };
+    Answers().Expect(12860, { "1" }, Ok);
+    EXPECT_FALSE(LoadKfactorFile(FilePath("k.tvk"), factors));
+    EXPECT_EQ(factors, KfactorTable());
+
+    SuppressTable ranges;
+    ranges.Row(0) = ranges.Row(3) = { true, kInclude, 1e6, 2e6, {} };
+    ranges.Name = "Bands";
+    ASSERT_TRUE(WriteSuppressFile(FilePath("s.tvs"), ranges));
+    TvFio().SuppressGetDescription = [](int16_t* status, int16_t index, char*, int32_t) {
+        *status = index == 99 ? 13 : 0; // unused slots are read as well
+    };
+    Answers().Expect(12833, { "99" }, Ok);
+    EXPECT_FALSE(ReadSuppressFile(FilePath("s.tvs"), ranges));
+    EXPECT_EQ(ranges, SuppressTable());
+}
+
 } // namespace tarvik

@@ -1,69 +1,9 @@
-// tarvikctl with lists of all families: forms, JSON, sort, plot.
-#include "tests/tools/ctl.h"
+// tarvikctl with lists of all families: forms, JSON, sort.
+#include "tests/tools/ctl_lists.h"
 
-#include <QImage>
 #include <QJsonArray>
-#include <QJsonDocument>
 
 namespace tarvik {
-
-namespace {
-
-const QByteArray kTable = "K-Factor Table,Mast\r\nDescription,north\r\n1,30000000,1.25,2\r\n2,85000000,3,4\r\n"
-                          "3,70000000,-5.5,6\r\n";
-const QByteArray kRanges = "Suppress List,Bands\r\nDescription,fm\r\n0,Include,88000000,108000000,fm\r\n"
-                           "5,Include,108000000,110000000,\r\n7,Exclude,100000000,101000000,test\r\n";
-const QByteArray kAntennas = "Antenna List,Site\r\nDescription,roof\r\n"
-                             "1,Yes,Dipole,30000000,90000000,-1000000,10,01,Mast,7,12.5,Array\r\n"
-                             "9,No,Whip,1000000,30000000,0,00,00,,0,0,\r\n";
-const QByteArray kSet = R"({ "family": "correction", "name": "Array",
-  "header": { "antennaName": "Dipole", "manufacturerName": "Works", "antennaCode": 7, "version": 3,
-    "startFrequency": 30000000, "stopFrequency": 90000000, "year": 2026, "month": 11, "day": 22 },
-  "kfactor": [ { "row": 0, "frequency": 40000000, "passive": 1.234, "active": 2 },
-    { "row": 3, "frequency": 30000000.5, "passive": 3, "active": 4 } ],
-  "omniphase": [],
-  "azimuth": [ { "row": 0, "frequency": 30000000, "angles": [1, 2.125] },
-    { "row": 1, "frequency": 40000000, "angles": [] } ] })";
-
-class CtlLists : public CtlTest {
-protected:
-    QJsonObject Object(const QString& name) const
-    {
-        return QJsonDocument::fromJson(Bytes(name)).object();
-    }
-
-    /// `convert` of a JSON text fails with this message.
-    void ExpectRefused(const QByteArray& json, const QString& message) const
-    {
-        Store("in.json", json);
-        const CtlResult result = Ctl({ "convert", "in.json", "out.json" });
-        EXPECT_EQ(result.ExitCode, 1) << json.constData();
-        EXPECT_TRUE(result.Err.startsWith(QStringLiteral("in.json: ") + message)) << result.Err.toStdString();
-        EXPECT_FALSE(FolderEntries().contains("out.json"));
-    }
-
-    void ExpectDone(const QStringList& arguments) const
-    {
-        const CtlResult result = Ctl(arguments);
-        EXPECT_EQ(result.ExitCode, 0) << arguments.join(u' ').toStdString();
-        EXPECT_EQ(result.Err, QString()) << arguments.join(u' ').toStdString();
-    }
-
-    /// The list in all its forms has the same JSON as `file`.
-    void ExpectSameInAllForms(const QString& file, const QStringList& extensions) const
-    {
-        const QJsonObject expected = Json(file);
-        QString before = file;
-        for (const QString& extension : extensions) {
-            const QString name = QStringLiteral("copy.") + extension;
-            ExpectDone({ "convert", before, name });
-            EXPECT_EQ(Json(name), expected) << extension.toStdString();
-            before = name;
-        }
-    }
-};
-
-} // namespace
 
 TEST_F(CtlLists, CheckReportsEveryFamily)
 {
@@ -193,28 +133,6 @@ TEST_F(CtlLists, RefusedJsonLeavesTheTargetAsItWas)
     }
 }
 
-TEST_F(CtlLists, DamagedCorrectionSetIsReportedByEveryCommand)
-{
-    Store("c.json", kSet);
-    ExpectDone({ "convert", "c.json", "c.tvc" });
-    const QByteArray whole = Bytes("c.tvc");
-    QByteArray flipped = whole;
-    flipped[flipped.size() / 2] = static_cast<char>(flipped[flipped.size() / 2] ^ 1);
-    for (const QByteArray& damaged : { whole.chopped(1), flipped }) {
-        Store("bad.tvc", damaged);
-        for (const QStringList& command : { QStringList{ "check", "bad.tvc" }, QStringList{ "show", "bad.tvc" },
-                 QStringList{ "convert", "bad.tvc", "out.json" }, QStringList{ "plot", "bad.tvc", "out.png" },
-                 QStringList{ "sort", "--key", "0", "bad.tvc", "out.tvc" } }) {
-            const CtlResult result = Ctl(command);
-            EXPECT_EQ(result.ExitCode, 1) << command.first().toStdString();
-            EXPECT_EQ(result.Out, "");
-            EXPECT_TRUE(result.Err.startsWith("bad.tvc: 12827: ")) << result.Err.toStdString();
-            EXPECT_EQ(result.Err.count(u'\n'), 1);
-        }
-    }
-    EXPECT_EQ(FolderEntries().filter("out"), QStringList());
-}
-
 TEST_F(CtlLists, ValuesOfJsonPassTheChecksOfCsv)
 {
     const QByteArray start = R"({ "family": "suppress", "name": "Bands", "description": "", "rows": [ )";
@@ -247,6 +165,12 @@ TEST_F(CtlLists, WhatTheEditorWouldNotSaveIsRefused)
         QByteArray(kSet).replace(
             "\"omniphase\": []", R"("omniphase": [ { "row": 0, "frequency": 30000000, "phase": 1 } ])"));
     EXPECT_TRUE(Ctl({ "convert", "c.json", "c.tvc" }).Err.startsWith("c.json: 12772: "));
+    Store("equal.json", QByteArray(kSet).replace("30000000.5", "40000000"));
+    EXPECT_TRUE(Ctl({ "convert", "equal.json", "c.tvc" }).Err.startsWith("equal.json: 12895: "));
+    Store("nameless.json", QByteArray(kSet).replace("\"Dipole\"", "\"\""));
+    EXPECT_TRUE(Ctl({ "convert", "nameless.json", "c.tvc" }).Err.startsWith("nameless.json: 12767: "));
+    Store("none.json", QByteArray(kSet).replace("\"Array\"", "\"none\""));
+    EXPECT_TRUE(Ctl({ "convert", "none.json", "c.tvc" }).Err.startsWith("none.json: 12770: "));
     EXPECT_EQ(FolderEntries().filter(".tv"), QStringList());
 }
 
@@ -307,97 +231,6 @@ TEST_F(CtlLists, AsksBeforeReplacingJson)
     EXPECT_EQ(Bytes("k.json"), "before");
     EXPECT_EQ(Ctl({ "convert", "--yes", "k.csv", "k.json" }).ExitCode, 0);
     EXPECT_EQ(Object("k.json"), Json("k.csv"));
-}
-
-TEST_F(CtlLists, PlotWritesThePictureBesideTheTable)
-{
-    Store("k.csv", kTable);
-    ExpectDone({ "plot", "k.csv" });
-    EXPECT_EQ(QImage::fromData(Bytes("k.png")).size(), QSize(792, 560));
-    ExpectDone({ "plot", "--size", "320x200", "k.csv", "small.png" });
-    const QImage small = QImage::fromData(Bytes("small.png"));
-    EXPECT_EQ(small.size(), QSize(320, 200));
-    bool hasRed = false;
-    for (int y = 0; y < small.height(); ++y) {
-        for (int x = 0; x < small.width(); ++x)
-            hasRed = hasRed || small.pixelColor(x, y) == QColor(Qt::red);
-    }
-    EXPECT_TRUE(hasRed);
-}
-
-TEST_F(CtlLists, PlotPrintsTheNumbers)
-{
-    Store("k.csv", kTable);
-    const QJsonObject plot = QJsonDocument::fromJson(Ctl({ "plot", "--values", "k.csv" }).Out.toUtf8()).object();
-    EXPECT_EQ(plot["name"].toString(), "Mast");
-    EXPECT_EQ(plot["points"].toInt(), 3);
-    EXPECT_EQ(plot["series"].toInt(), 2);
-    EXPECT_EQ(plot["xFirst"].toDouble(), 30e6);
-    EXPECT_EQ(plot["xLast"].toDouble(), 85e6);
-    EXPECT_DOUBLE_EQ(plot["xStep"].toDouble(), 55e6 / 631);
-    EXPECT_EQ(plot["yBottom"].toDouble(), -5.5);
-    EXPECT_DOUBLE_EQ(plot["yStep"].toDouble(), 1.1);
-    EXPECT_DOUBLE_EQ(plot["yTop"].toDouble(), 5.5);
-    const QJsonArray traces = plot["traces"].toArray();
-    ASSERT_EQ(traces.size(), 2);
-    EXPECT_EQ(traces[0]["colour"].toString(), "#FF0000");
-    EXPECT_EQ(traces[1]["colour"].toString(), "#F7F310");
-    ASSERT_EQ(traces[0]["samples"].toArray().size(), 630);
-    EXPECT_EQ(traces[0]["samples"][0].toDouble(), 1.25);
-    EXPECT_EQ(traces[1]["samples"][629].toDouble(), 4);
-    EXPECT_EQ(FolderEntries(), QStringList{ "k.csv" });
-}
-
-TEST_F(CtlLists, PlotOfACorrectionSetSelectsTheTable)
-{
-    Store("c.json",
-        QByteArray(kSet).replace("\"omniphase\": []",
-            R"("omniphase": [ { "row": 0, "frequency": 30000000, "phase": 90 },
-                           { "row": 1, "frequency": 40000000, "phase": -90 } ])"));
-    const auto numbers = [this](const QString& table) {
-        return QJsonDocument::fromJson(Ctl({ "plot", "--table", table, "--values", "c.json" }).Out.toUtf8()).object();
-    };
-    EXPECT_EQ(numbers("kfactor")["traces"][0]["samples"][0].toDouble(), 3);
-    EXPECT_EQ(numbers("omniphase")["traces"][0]["samples"][629].toDouble(), -90);
-    EXPECT_EQ(numbers("omniphase")["traces"][1]["samples"][629].toDouble(), 0);
-}
-
-TEST_F(CtlLists, PlotRefusesWhatHasNoDiagram)
-{
-    Store("a.csv", kAntennas);
-    Store("k.csv", kTable);
-    Store("c.json", kSet);
-    EXPECT_EQ(Ctl({ "plot", "a.csv" }).Err, "a.csv: this kind of list has no such diagram\n");
-    EXPECT_EQ(Ctl({ "plot", "--table", "omniphase", "k.csv" }).Err, "k.csv: this kind of list has no such diagram\n");
-    EXPECT_EQ(Ctl({ "plot", "--table", "omniphase", "c.json" }).Err, "c.json: there is nothing to show\n");
-    for (const QStringList& wrong : { QStringList{ "plot", "--table", "azimuth", "k.csv" },
-             QStringList{ "plot", "--size", "10", "k.csv" }, QStringList{ "plot", "--size", "63x100", "k.csv" } })
-        EXPECT_EQ(Ctl(wrong).ExitCode, 2) << wrong.join(u' ').toStdString();
-    EXPECT_EQ(FolderEntries().filter(".png"), QStringList());
-}
-
-TEST_F(CtlLists, PlotChecksItsOwnTableOnly)
-{
-    Store("c.json",
-        QByteArray(kSet).replace(
-            "\"omniphase\": []", R"("omniphase": [ { "row": 0, "frequency": 30000000, "phase": 90 } ])"));
-    EXPECT_EQ(Ctl({ "plot", "--values", "c.json" }).ExitCode, 0);
-    EXPECT_TRUE(Ctl({ "plot", "--table", "omniphase", "--values", "c.json" }).Err.startsWith("c.json: 12772: "));
-    Store("k.csv", "K-Factor Table,Mast\r\nDescription,\r\n1,30000000,1,1\r\n2,30000000,1,1\r\n");
-    EXPECT_TRUE(Ctl({ "plot", "k.csv" }).Err.startsWith("k.csv: 12768: "));
-    EXPECT_EQ(FolderEntries().filter(".png"), QStringList());
-}
-
-TEST_F(CtlLists, PlotAsksBeforeReplacingAPicture)
-{
-    Store("k.csv", kTable);
-    Store("k.png", "before");
-    const CtlResult refused = Ctl({ "plot", "k.csv" });
-    EXPECT_EQ(refused.ExitCode, 1);
-    EXPECT_TRUE(refused.Err.startsWith("./k.png: 12734?: ")) << refused.Err.toStdString();
-    EXPECT_EQ(Bytes("k.png"), "before");
-    EXPECT_EQ(Ctl({ "plot", "--yes", "k.csv" }).ExitCode, 0);
-    EXPECT_EQ(QImage::fromData(Bytes("k.png")).size(), QSize(792, 560));
 }
 
 TEST_F(CtlLists, ShowPrintsRangesAndAntennasInColumns)

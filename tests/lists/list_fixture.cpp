@@ -1,9 +1,12 @@
 #include "tests/lists/list_fixture.h"
 
+#include "closed/loader.h"
 #include "link/classes/model.h"
 #include "lists/values/limits.h"
 
 #include <QTemporaryDir>
+
+#include <cstdio>
 
 namespace tarvik {
 
@@ -29,6 +32,22 @@ void ListStart::AnswerFile(const QString& path)
         AskedFile = question;
         ++FileQuestions;
         return path;
+    };
+}
+
+void ShowTextNumbers()
+{
+    TvLng().LngGetStr = [](std::int32_t id, const char*, char* out, std::int32_t outSize) -> std::int32_t {
+        return std::snprintf(out, static_cast<size_t>(outSize), "text %d", id);
+    };
+}
+
+void SeparateCsvExtensions()
+{
+    static const auto texts = TvLng().LngGetStr;
+    TvLng().LngGetStr = [](std::int32_t id, const char* fallback, char* out, std::int32_t outSize) -> std::int32_t {
+        return id == 11003 ? std::snprintf(out, static_cast<size_t>(outSize), ".txt")
+                           : texts(id, fallback, out, outSize);
     };
 }
 

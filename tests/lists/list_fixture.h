@@ -62,6 +62,12 @@ public:
     int FileQuestions = 0;
 };
 
+/// Every text becomes "text" and its number, for forms that are built afterwards.
+void ShowTextNumbers();
+
+/// The CSV extension of K-factor tables and suppress lists becomes ".txt"; that of the other lists stays.
+void SeparateCsvExtensions();
+
 class ListTest : public ProgramTest, protected ListStart { };
 
 /// A table with the store's defaults.

@@ -2,9 +2,11 @@
 #include "tests/lists/kfactor/kfactor_fixture.h"
 #include "tests/support/fakeHelp.h"
 
+#include "closed/loader.h"
 #include "lists/kfactor/FmEditorKfactor.h"
 
 #include <QComboBox>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 
@@ -54,6 +56,26 @@ TEST_F(KfactorEditor, HasItsControls)
     ExpectNothingClipped(form);
 }
 
+TEST_F(KfactorEditor, HeadersHaveTheirTexts)
+{
+    ShowTextNumbers();
+    FmEditorKfactor other;
+    EXPECT_EQ(TextOf(other, "LbHdr1"), "text 10776");
+    EXPECT_EQ(TextOf(other, "LbHdr2"), "text 10777");
+    EXPECT_EQ(TextOf(other, "LbHdr3"), "text 10778");
+}
+
+TEST_F(KfactorEditor, CellsTakeTheirLengths)
+{
+    Open();
+    const QList<qsizetype> lengths{ 13, 6, 6 };
+    for (int column = 1; column <= 3; ++column) {
+        const QString name = QStringLiteral("TbCol%1[0]").arg(column);
+        TypeIn(name, QString(20, u'1'));
+        EXPECT_EQ(TextIn(name).size(), lengths.at(column - 1)) << column;
+    }
+}
+
 TEST_F(KfactorEditor, TabOrderIsReadingOrder)
 {
     Open(StoredTable("Mast.tvk", { 30e6, 40e6 }));
@@ -80,6 +102,24 @@ TEST_F(KfactorEditor, TypingInEmptyRowUsesItAndClearingFreesIt)
     TypeIn("TbCol2[3]", "");
     EXPECT_FALSE(Kfactors().Row(3).Used);
     EXPECT_FALSE(IsEnabled("BtDelete"));
+}
+
+TEST_F(KfactorEditor, TypingInUsedRowIsAChange)
+{
+    Open(StoredTable("Mast.tvk", { 30e6, 40e6 }));
+    EXPECT_FALSE(Editor().EditorDirty);
+    TypeIn("TbCol2[1]", "7");
+    EXPECT_TRUE(Editor().EditorDirty);
+    EXPECT_EQ(Kfactors().Row(1).Passive, 1) << "the cell has not been left";
+}
+
+TEST_F(KfactorEditor, RowEmptiedByTypingKeepsItsFrequency)
+{
+    Open(StoredTable("Mast.tvk", { 30e6, 40e6, 50e6 }));
+    for (const QString name : { "TbCol1[1]", "TbCol2[1]", "TbCol3[1]" })
+        TypeIn(name, "");
+    EXPECT_FALSE(Kfactors().Row(1).Used);
+    EXPECT_EQ(Kfactors().Row(1).Frequency, 40e6);
 }
 
 TEST_F(KfactorEditor, CellsReachTheTableWhenLeft)
@@ -140,6 +180,72 @@ TEST_F(KfactorEditor, FrequencyOfDeletedRowIsRefusedFurtherDown)
     Answers().Expect(12734, { QStringLiteral("Mast.tvk") }, Yes);
     EXPECT_TRUE(form.Save());
     EXPECT_FALSE(Editor().EditorDirty);
+}
+
+TEST_F(KfactorEditor, DeletedRowThatIsUsedAgainIsRefusedWithItsOldFrequency)
+{
+    Open(StoredTable("Mast.tvk", { 30e6, 40e6, 50e6 }));
+    form.CellSetFocus(1, 1);
+    Click(form, "BtDelete");
+    TypeIn("TbCol1[0]", "40");
+    Key(Qt::Key_Tab);
+    TypeIn("TbCol2[1]", "5");
+    Find<QScrollBar>(form, "VScroll1").setValue(100); // the empty cells of the row are out of view
+    Answers().Expect(12768, { QStringLiteral("2") }, Ok);
+    EXPECT_FALSE(form.Save());
+}
+
+TEST_F(KfactorEditor, DeleteScrollsToTheCurrentRowAndStaysThere)
+{
+    Open(StoredTable("Mast.tvk", { 30e6, 40e6, 50e6 }));
+    form.CellSetFocus(1, 1);
+    Find<QScrollBar>(form, "VScroll1").setValue(100);
+    Click(form, "BtDelete");
+    EXPECT_FALSE(Kfactors().Row(1).Used);
+    EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), 1);
+    EXPECT_TRUE(IsFocused("TbCol1[0]"));
+}
+
+TEST_F(KfactorEditor, DeleteChecksHeadWhenCalledByItsMnemonic)
+{
+    Open(StoredTable("Mast.tvk", { 30e6, 40e6 }));
+    TypeIn("TbName", "a.b");
+    Answers().Expect(12766, Ok);
+    Find<QPushButton>(form, "BtDelete").click();
+    EXPECT_TRUE(IsFocused("TbName"));
+    EXPECT_TRUE(Kfactors().Row(0).Used);
+}
+
+TEST_F(KfactorEditor, MissingEntriesAreReportedInTheFirstVisibleRow)
+{
+    Open();
+    TypeIn("TbName", "Mast");
+    Find<QScrollBar>(form, "VScroll1").setValue(40);
+    Answers().Expect(12772, QStringList(), Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(IsFocused("TbCol2[0]"));
+    EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), 40);
+}
+
+TEST_F(KfactorEditor, RefusedSaveKeepsTheTitle)
+{
+    Open(StoredTable("Mast.tvk", { 85e6, 30e6, 85e6 }));
+    Answers().Expect(12768, Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_EQ(form.windowTitle(), "K-Factor Table Editor - Mast.tvk");
+}
+
+TEST_F(KfactorEditor, FileHoldsNameAndDescription)
+{
+    Open(StoredTable("Mast.tvk", { 30e6, 40e6 }));
+    TypeIn("TbName", "Whip");
+    TypeIn("TbDescr", "south");
+    AnswerFolder(Folder());
+    ASSERT_TRUE(form.Save());
+    KfactorTable read;
+    ASSERT_TRUE(LoadKfactorFile(FilePath("Whip.tvk"), read));
+    EXPECT_EQ(read.Name, "Whip");
+    EXPECT_EQ(read.Description, "south");
 }
 
 TEST_F(KfactorEditor, EntriesAreCountedBeforeCellsAreChecked)
@@ -226,6 +332,31 @@ TEST_F(KfactorEditor, SortOrdersRowsAndLeavesDirtyAlone)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
+TEST_F(KfactorEditor, SortLeavesUnsavedChangesMarked)
+{
+    Open(StoredTable("Mast.tvk", { 85e6, 30e6 }));
+    TypeIn("TbName", "Whip");
+    Click(form, "BtSort");
+    EXPECT_TRUE(Editor().EditorDirty);
+    EXPECT_EQ(TextIn("TbName"), "Whip");
+    EXPECT_EQ(Kfactors().Name, "Whip");
+}
+
+TEST_F(KfactorEditor, PointerIsBusyDuringSort)
+{
+    Open(StoredTable("Mast.tvk", { 85e6, 30e6 }));
+    static Qt::CursorShape shape = Qt::ArrowCursor;
+    static QWidget* busy = nullptr;
+    busy = &form;
+    TvFio().KfactorTableSort = [](std::int16_t* status) {
+        shape = busy->cursor().shape();
+        *status = 0;
+    };
+    Click(form, "BtSort");
+    EXPECT_EQ(shape, Qt::WaitCursor);
+    EXPECT_EQ(form.cursor().shape(), Qt::ArrowCursor);
+}
+
 TEST_F(KfactorEditor, ViewSortsTheTableAndShowsItUnderTheTitle)
 {
     FakeDatasetForms diagrams;
@@ -250,6 +381,10 @@ TEST_F(KfactorEditor, CsvFormIsDecidedByTheTablesExtensionText)
     EXPECT_EQ(Find<QComboBox>(form, "CbExt").currentIndex(), 1);
     EXPECT_EQ(form.windowTitle(), "K-Factor Table Editor - Mast.csv");
     EXPECT_EQ(TextIn("TbDescr"), "north");
+    SeparateCsvExtensions();
+    AnswerFile(StoredTable("Mast.txt", { 30e6, 85e6 }));
+    Click(form, "BtOpen");
+    EXPECT_EQ(Find<QComboBox>(form, "CbExt").currentIndex(), 1);
 }
 
 TEST_F(KfactorEditor, ResultIsNameOfUnchangedTable)

@@ -44,6 +44,24 @@ TEST_F(Kfactor, CsvReadsEntriesInOrderOfNumber)
     EXPECT_EQ(table.Row(2), KfactorEntry());
 }
 
+TEST_F(Kfactor, ExtensionTextOfTablesDecidesTheFormat)
+{
+    SeparateCsvExtensions();
+    const KfactorTable table = Table({ Entry(30e6, 1, 2), Entry(40e6, 3, 4) });
+    for (const auto& [name, isCsv] : { std::pair("Mast.txt", true), std::pair("Mast.csv", false) }) {
+        ASSERT_TRUE(WriteKfactorFile(FilePath(name), table));
+        EXPECT_EQ(Contents(FilePath(name)).startsWith("K-Factor Table,Mast\r\n"), isCsv) << name;
+        KfactorTable read;
+        ASSERT_TRUE(LoadKfactorFile(FilePath(name), read)) << name;
+        EXPECT_EQ(read.Rows, table.Rows) << name;
+    }
+}
+
+TEST_F(Kfactor, CsvTakesTheWholePartOfANumber)
+{
+    EXPECT_EQ(ReadLines({ "1.9,30000000,1,1", "2.0,40000000,1,1" }).Count, 2);
+}
+
 TEST_F(Kfactor, CsvEndsAtNumberOutOfOrderAndKeepsEarlierEntries)
 {
     Answers().Expect(12782, { QStringLiteral("3") }, Ok);
@@ -156,6 +174,31 @@ TEST_F(Kfactor, WritingAsksBeforeReplacing)
     }
 }
 
+TEST_F(Kfactor, KeptFileLeavesTheStoreAlone)
+{
+    ASSERT_TRUE(WriteKFactorDll(Table({ Entry(30e6, 1, 1) })));
+    Store(FilePath("Mast.tvk"), "before");
+    Answers().Expect(12734, No);
+    EXPECT_FALSE(WriteKFactorMRFile(FilePath("Mast.tvk"), Table({ Entry(qQNaN(), 1, 1) })));
+    KfactorTable held;
+    ASSERT_TRUE(ReadKfactorFromStore(held));
+    EXPECT_EQ(held.Row(0), Entry(30e6, 1, 1));
+}
+
+TEST_F(Kfactor, StoreFailureOnReadingHasTheIndex)
+{
+    ASSERT_TRUE(WriteKFactorDll(Table({ Entry(30e6, 1, 1), Entry(40e6, 1, 1), Entry(50e6, 1, 1) })));
+    TvFio().KfactorGetActive = [](std::int16_t* status, std::int16_t index, double* value) {
+        *status = index == 1 ? 75 : 0;
+        *value = 9;
+    };
+    Answers().Expect(12889, { QStringLiteral("1") }, Ok);
+    KfactorTable table;
+    EXPECT_FALSE(ReadKfactorFromStore(table));
+    EXPECT_EQ(table.Row(0), Entry(30e6, 1, 9));
+    EXPECT_FALSE(table.Row(2).Used);
+}
+
 TEST_F(Kfactor, StoreFailureOnWritingNamesTheRow)
 {
     KfactorTable table = Table({ Entry(30e6, 1, 1) });
@@ -187,6 +230,11 @@ TEST_F(Kfactor, FailedSortLeavesTableUnchanged)
     EXPECT_FALSE(SortKfactorRows(table));
     EXPECT_EQ(table.Row(0), Entry(85e6, 1, 1));
     EXPECT_EQ(table.Count, 2);
+    TvFio().KfactorTableSort = [](std::int16_t* status) { *status = 75; };
+    table.Row(1) = Entry(30e6, 1, 1);
+    Answers().Expect(12889, QStringList(), Ok); // no row is to blame
+    EXPECT_FALSE(SortKfactorRows(table));
+    EXPECT_EQ(table.Row(1), Entry(30e6, 1, 1));
 }
 
 TEST_F(Kfactor, FirstAndLastFrequencyAreThoseOfTheLastRead)
@@ -214,6 +262,8 @@ TEST_F(Kfactor, DuplicateCountsEarlierRowsThatAreNotUsed)
     table.Row(2).Frequency = 50e6;
     table.Row(0).Frequency = 40e6; // an unused row further down does not count
     EXPECT_EQ(DuplicateKfactorRow(table), -1);
+    table.Row(7) = Entry(0, 1, 1); // that of an empty row above it
+    EXPECT_EQ(DuplicateKfactorRow(table), 7);
 }
 
 TEST_F(Kfactor, UnchangedCellKeepsDigitsThatItDoesNotShow)
@@ -240,6 +290,8 @@ TEST_F(Kfactor, DiagramHasBothFactorsOverFrequency)
     EXPECT_EQ(diagram.Name, "title");
     EXPECT_EQ(diagram.PointCount, 2);
     EXPECT_EQ(diagram.SeriesCount, 2);
+    EXPECT_EQ(diagram.SeriesNames[0], "Passive (dB/m)");
+    EXPECT_EQ(diagram.SeriesNames[1], "Active (dB/m)");
     EXPECT_EQ(static_cast<int>(diagram.XUnit), 10);
     EXPECT_EQ(static_cast<int>(diagram.YUnit), 25);
     EXPECT_EQ(diagram.Points[1].X, 40e6);

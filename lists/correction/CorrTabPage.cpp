@@ -203,6 +203,8 @@ void CorrTabPage::RowChanged(int row, const CorrRow&, const CorrRow& after)
 
 void CorrTabPage::OnDelete()
 {
+    if (!CheckFocused(window()))
+        return;
     grid_->ShowCurrentRow();
     EditRow(rows_, grid_->CurrentRow(), *this, [](CorrRow& cells) { cells = {}; });
     grid_->FillRows(true);

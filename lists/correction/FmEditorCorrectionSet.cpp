@@ -81,8 +81,14 @@ QWidget* FmEditorCorrectionSet::BuildTabs()
         CsTab->addTab(page, LngStr(captions[index]));
         connect(page, &CorrTabPage::Edited, this, &FmEditorCorrectionSet::SetDirty);
         connect(page, &CorrTabPage::FaultFound, this, [this, page] { CsTab->setCurrentWidget(page); });
-        connect(page, &CorrTabPage::SortClicked, this, [this, page] { SortTab(*page); });
-        connect(page, &CorrTabPage::ViewClicked, this, [this, page] { ViewCorrTab(*page); });
+        connect(page, &CorrTabPage::SortClicked, this, [this, page] {
+            if (MayLeaveHead())
+                SortTab(*page);
+        });
+        connect(page, &CorrTabPage::ViewClicked, this, [this, page] {
+            if (MayLeaveHead())
+                ViewCorrTab(*page);
+        });
     }
     connect(CsTab, &QTabWidget::currentChanged, this, &FmEditorCorrectionSet::OnTab);
     return CsTab;
@@ -245,11 +251,15 @@ void FmEditorCorrectionSet::ShowSet()
     CsTab->setCurrentIndex(0);
 }
 
+/// A click on a tab does not take the focus first: what is being edited is checked here.
 void FmEditorCorrectionSet::OnTab()
 {
+    for (CorrTabPage* page : pages_)
+        static_cast<void>(page->Grid().Commit()); // a bad cell becomes invalid
     auto& page = Page(static_cast<CorrTableId>(CsTab->currentIndex()));
     page.Grid().FillRows(true);
-    page.Grid().CellSetFocus(page.Grid().TopRow(), kCorrFrequency + 1);
+    if (MayLeaveHead())
+        page.Grid().CellSetFocus(page.Grid().TopRow(), kCorrFrequency + 1);
 }
 
 void FmEditorCorrectionSet::MouseWheel(int, int delta, int x, int y)

@@ -198,7 +198,7 @@ private:
     void ScrollTo(int topRow);
     void ScrollIntoView(int row);
     bool OnCellEvent(Cell& cell, QEvent* event);
-    bool OnScrollBarEvent(const QEvent* event);
+    bool OnScrollBarEvent(QEvent* event);
     bool OnCellKey(const Cell& cell, const QKeyEvent* event);
     bool OnFocusIn(Cell& cell, Qt::FocusReason reason);
     bool OnRowClicked(const Cell& cell);

@@ -87,15 +87,19 @@ bool EditorGrid::OnFocusIn(Cell& cell, Qt::FocusReason reason)
 
 /// Swallows the press or wheel that would scroll away from a bad cell: the bar would lose the release to the message,
 /// and repeat the press for ever.
-bool EditorGrid::OnScrollBarEvent(const QEvent* event)
+bool EditorGrid::OnScrollBarEvent(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        return static_cast<const QMouseEvent*>(event)->button() != Qt::RightButton && !Commit();
+        return static_cast<QMouseEvent*>(event)->button() != Qt::RightButton && !Commit();
     case QEvent::ContextMenu: // follows the press of the right button
-    case QEvent::Wheel:
         return !Commit();
+    case QEvent::Wheel:
+        if (!shape_.IgnoresWheel)
+            return !Commit();
+        event->ignore(); // left to the form
+        return true;
     default:
         return false;
     }

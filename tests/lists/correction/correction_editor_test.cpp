@@ -1,76 +1,14 @@
-#include "tests/lists/correction/correction_fixture.h"
-#include "tests/lists/editor/editor_form_fixture.h"
+#include "tests/lists/correction/correction_form_fixture.h"
 #include "tests/support/fakeHelp.h"
 
-#include "lists/correction/FmEditorCorrectionSet.h"
+#include "app/text/lang.h"
+#include "closed/loader.h"
 
 #include <QApplication>
 #include <QComboBox>
-#include <QGroupBox>
-#include <QScrollBar>
-#include <QTabWidget>
-#include <QTest>
-#include <QWheelEvent>
+#include <QPushButton>
 
 namespace tarvik {
-
-namespace {
-
-const QColor kInvalid(0xDD, 0x77, 0x77);
-const QColor kFocused(0xDD, 0xDD, 0x77);
-
-/// Gives the fixture of sets a form.
-class CorrectionForm : public CorrectionTest<FormTest> {
-protected:
-    ~CorrectionForm() override
-    {
-        if (!form.IsClosed())
-            GiveUp();
-    }
-    void Open(const QString& path = {})
-    {
-        Editor().EditorOpenFile = path;
-        ShowForm(form);
-    }
-    void GiveUp()
-    {
-        Editor().EditorDirty = false;
-        form.Unload();
-        EXPECT_TRUE(form.IsClosed());
-    }
-    void TypeAndLeave(const QString& name, const QString& text)
-    {
-        Type(form, name, text);
-        Key(Qt::Key_Tab);
-    }
-    void TypeHeader()
-    {
-        TypeAndLeave("TbFileName", "Mast");
-        TypeAndLeave("TbAntName", "Dipole");
-    }
-    void TypeRow(int index, const QString& frequency, const QString& passive, const QString& active)
-    {
-        TypeAndLeave(QStringLiteral("KT_TbCol_freq[%1]").arg(index), frequency);
-        TypeAndLeave(QStringLiteral("KT_TbCol_passive[%1]").arg(index), passive);
-        TypeAndLeave(QStringLiteral("KT_TbCol_active[%1]").arg(index), active);
-    }
-    QTabWidget& Tabs()
-    {
-        return Find<QTabWidget>(form, "CsTab");
-    }
-    QColor Background(const QString& name)
-    {
-        return FindControl(form, name).palette().color(QPalette::Base);
-    }
-    int TopRow(const QString& bar)
-    {
-        return Find<QScrollBar>(form, bar).value();
-    }
-
-    FmEditorCorrectionSet form;
-};
-
-} // namespace
 
 TEST_F(CorrectionForm, HasItsControls)
 {
@@ -130,41 +68,6 @@ TEST_F(CorrectionForm, DamagedFileClosesTheForm)
     EXPECT_TRUE(form.IsClosed());
 }
 
-TEST_F(CorrectionForm, IncompleteRowIsMarkedAndBlocksSortAndSave)
-{
-    Open();
-    TypeHeader();
-    TypeAndLeave("KT_TbCol_freq[3]", "85");
-    EXPECT_EQ(Background("KT_TbCol_passive[3]"), kFocused);
-    EXPECT_EQ(Background("KT_TbCol_active[3]"), kInvalid);
-    Answers().Expect(12894, { QStringLiteral("4") }, Ok);
-    Click(form, "KT_BtSort");
-    EXPECT_TRUE(HasFocus(form, "KT_TbCol_passive[3]"));
-    Answers().Expect(12894, { QStringLiteral("4") }, Ok);
-    EXPECT_FALSE(form.Save());
-    EXPECT_EQ(FolderQuestions, 0);
-}
-
-TEST_F(CorrectionForm, BadCellIsMarkedAndKeepsNoFocus)
-{
-    Open();
-    TypeAndLeave("KT_TbCol_freq[0]", "x");
-    EXPECT_TRUE(HasFocus(form, "KT_TbCol_passive[0]"));
-    EXPECT_EQ(Background("KT_TbCol_freq[0]"), kInvalid);
-}
-
-TEST_F(CorrectionForm, DeleteEmptiesTheCurrentRow)
-{
-    Open(StoredSet("Mast.tvc"));
-    Tabs().setCurrentIndex(1);
-    EXPECT_TRUE(HasFocus(form, "OP_TbCol_freq[0]"));
-    EXPECT_TRUE(FindControl(form, "OP_BtDelete").isEnabled());
-    Click(form, "OP_BtDelete");
-    EXPECT_EQ(TextOf(form, "OP_TbCol_deg[0]"), "");
-    EXPECT_FALSE(FindControl(form, "OP_BtDelete").isEnabled());
-    EXPECT_TRUE(Editor().EditorDirty);
-}
-
 TEST_F(CorrectionForm, HeaderIsValidatedInItsOrder)
 {
     Open();
@@ -190,37 +93,169 @@ TEST_F(CorrectionForm, HeaderBoxIsCheckedOnLeaving)
     EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(CorrectionForm, EmptyTablesDoNotHinderSaveButOneEntryDoes)
+TEST_F(CorrectionForm, HeaderBoxesAreCheckedInOrder)
+{
+    Open(StoredSet("Mast.tvc"));
+    struct Step {
+        const char* Box;
+        const char* Bad;
+        const char* Good;
+        int Message;
+        QStringList Args;
+    };
+    const QList<Step> steps{ { "TbFileName", "none", "Mast", 12770, { "correction set" } },
+        { "TbAntName", "", "Dipole", 12767, { "Antenna" } }, { "TbAntCode", "x", "7", 12765, {} },
+        { "TbStartFreq", "x", "30", 12765, {} }, { "TbStopFreq", "", "40", 12765, {} },
+        { "TbManufacturerName", "a;b", "Works", 12767, { "Manufacturer" } } };
+    for (const Step& step : steps)
+        Type(form, step.Box, step.Bad);
+    for (const Step& step : steps) {
+        Answers().Expect(step.Message, step.Args, Ok);
+        if (step.Message == 12770)
+            Answers().Expect(12767, step.Args, Ok);
+        EXPECT_FALSE(form.Save());
+        EXPECT_TRUE(HasFocus(form, step.Box)) << step.Box;
+        Answers().Verify();
+        Type(form, step.Box, step.Good);
+    }
+    EXPECT_EQ(FolderQuestions, 0);
+}
+
+TEST_F(CorrectionForm, BadNameOfTheSetCanBeLeft)
+{
+    Open();
+    Type(form, "TbFileName", "a.b");
+    Key(Qt::Key_Tab);
+    EXPECT_FALSE(HasFocus(form, "TbFileName"));
+    Key(form, "TbAntName", Qt::Key_Tab); // empty, and not edited
+    EXPECT_FALSE(HasFocus(form, "TbAntName"));
+}
+
+TEST_F(CorrectionForm, NameOfTheSetRemovesTheFileFromTheTitle)
+{
+    Open(StoredSet("Mast.tvc"));
+    Type(form, "TbManufacturerName", "Other");
+    EXPECT_EQ(form.windowTitle(), "Correction Set Editor - Mast.tvc");
+    Editor().EditorDirty = false;
+    Type(form, "TbFileName", "Whip");
+    EXPECT_EQ(form.windowTitle(), "Correction Set Editor");
+    EXPECT_TRUE(Editor().EditorDirty);
+}
+
+TEST_F(CorrectionForm, HeaderBoxesTakeTheirLengths)
+{
+    Open();
+    for (const char* box : { "TbFileName", "TbAntName", "TbManufacturerName" }) {
+        Type(form, box, QString(40, u'a'));
+        EXPECT_EQ(TextOf(form, box).size(), 32) << box;
+    }
+}
+
+TEST_F(CorrectionForm, EnterInHeaderBoxActsAsTab)
+{
+    Open(StoredSet("Mast.tvc"));
+    for (const char* box :
+        { "TbFileName", "TbAntName", "TbAntCode", "TbManufacturerName", "TbStartFreq", "TbStopFreq" }) {
+        Key(form, box, Qt::Key_Tab);
+        const QWidget* next = QApplication::focusWidget();
+        Key(form, box, Qt::Key_Return);
+        EXPECT_FALSE(HasFocus(form, box)) << box;
+        EXPECT_EQ(QApplication::focusWidget(), next) << box;
+    }
+}
+
+TEST_F(CorrectionForm, CommandsOfATabCheckTheHeadWhenCalledByTheirMnemonics)
+{
+    FakeDatasetForms diagrams;
+    Open(StoredSet("Mast.tvc"));
+    for (const char* button : { "KT_BtSort", "KT_BtView", "KT_BtDelete" }) {
+        Type(form, "TbAntCode", "x");
+        Editor().EditorDirty = false;
+        Answers().Expect(12765, Ok);
+        Find<QPushButton>(form, button).click(); // moves no focus
+        EXPECT_TRUE(HasFocus(form, "TbAntCode")) << button;
+        EXPECT_FALSE(Editor().EditorDirty) << button;
+        EXPECT_EQ(TextOf(form, "KT_TbCol_freq[0]"), "30.000000") << button;
+    }
+    EXPECT_EQ(diagrams.Names, QStringList());
+}
+
+TEST_F(CorrectionForm, HeaderIsHandedOverAfterTheTables)
 {
     Open();
     TypeHeader();
+    TvFio().AntCorrSetHeader = [](const CorrHeader*) -> std::int16_t { return 82; };
     TypeRow(0, "85", "1", "2");
     Answers().Expect(12772, QStringList(), Ok);
     EXPECT_FALSE(form.Save());
+    Answers().Verify();
     TypeRow(1, "30", "3", "4");
-    AnswerFolder(Folder());
-    ASSERT_TRUE(form.Save());
-    EXPECT_FALSE(Editor().EditorDirty);
-    EXPECT_EQ(form.windowTitle(), "Correction Set Editor - Mast.TVC");
-    EXPECT_EQ(TextOf(form, "KT_TbCol_freq[0]"), "30.000000"); // saving sorts
-    GiveUp();
-    CorrSet saved;
-    ASSERT_TRUE(LoadCorrSet(FilePath("Mast.tvc"), saved));
-    EXPECT_EQ(UsedCorrEntries(CorrTableId::KFactor, saved.Records), 2);
-    EXPECT_EQ(UsedCorrEntries(CorrTableId::Omniphase, saved.Records), 0);
-    EXPECT_EQ(saved.Header.StartFrequencyHz, 8000);
+    Answers().Expect(11999, QStringList(), Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_EQ(TheMessage().Text, "Error setting header");
+    EXPECT_EQ(FolderQuestions, 0);
+    EXPECT_TRUE(Editor().EditorDirty);
 }
 
-TEST_F(CorrectionForm, FaultOnAnotherTabIsShown)
+TEST_F(CorrectionForm, FolderQuestionNamesTheFile)
 {
     Open(StoredSet("Mast.tvc"));
-    Tabs().setCurrentIndex(2);
-    TypeAndLeave("AZ_TbCol_freq[1]", "x");
-    Tabs().setCurrentIndex(0);
-    Answers().Expect(12894, { QStringLiteral("2") }, Ok);
+    Type(form, "TbFileName", "Whip");
+    AnswerFolder({});
     EXPECT_FALSE(form.Save());
-    EXPECT_EQ(Tabs().currentIndex(), 2);
-    EXPECT_TRUE(HasFocus(form, "AZ_TbCol_freq[1]"));
+    EXPECT_EQ(AskedFolder.Title, LngStr1(10775, "Whip.TVC"));
+    EXPECT_EQ(form.windowTitle(), "Correction Set Editor");
+    EXPECT_TRUE(Editor().EditorDirty);
+}
+
+TEST_F(CorrectionForm, ResultIsSetByTheSaveOnClosing)
+{
+    Open(StoredSet("Mast.tvc"));
+    Type(form, "TbFileName", "Whip");
+    AnswerFolder(Folder());
+    Answers().Expect(12769, Yes);
+    form.Unload();
+    EXPECT_TRUE(form.IsClosed());
+    EXPECT_EQ(Editor().CorrectionSetFileName, "Whip.tvc");
+    EXPECT_EQ(Editor().ResultFolder, Folder());
+}
+
+TEST_F(CorrectionForm, ResultIsEmptyWithoutNameOrWithDiscardedChanges)
+{
+    Editor().CorrectionSetFileName = QStringLiteral("before");
+    Open();
+    form.Unload();
+    EXPECT_EQ(Editor().CorrectionSetFileName, "");
+    Open(StoredSet("Mast.tvc"));
+    Type(form, "TbManufacturerName", "Other");
+    Answers().Expect(12769, No);
+    form.Unload();
+    EXPECT_EQ(Editor().CorrectionSetFileName, "");
+}
+
+TEST_F(CorrectionForm, NewSetHasTheDefaultsAfterAnother)
+{
+    Open(StoredSet("Mast.tvc"));
+    Click(form, "BtNew");
+    EXPECT_EQ(TextOf(form, "TbAntCode"), "0");
+    EXPECT_EQ(TextOf(form, "TbStartFreq"), "0");
+    EXPECT_EQ(TextOf(form, "TbStopFreq"), "0");
+    EXPECT_EQ(TextOf(form, "TbManufacturerName"), "");
+    for (const char* cell : { "KT_TbCol_active[1]", "OP_TbCol_deg[1]" })
+        EXPECT_EQ(TextOf(form, cell), "") << cell;
+    EXPECT_EQ(Find<GridLines>(form, "AZ_TbCol_azimuth[1]").Text(), "");
+}
+
+TEST_F(CorrectionForm, UnreadableFileLeavesAnEmptySetWithoutMessage)
+{
+    Open(StoredSet("Mast.tvc"));
+    Store(FilePath("bad.tvc"), "no set");
+    AnswerFile(FilePath("bad.tvc"));
+    Click(form, "BtOpen");
+    EXPECT_EQ(form.windowTitle(), "Correction Set Editor");
+    EXPECT_EQ(TextOf(form, "TbFileName"), "");
+    EXPECT_EQ(TextOf(form, "KT_TbCol_freq[0]"), "");
+    EXPECT_FALSE(Editor().EditorDirty);
 }
 
 TEST_F(CorrectionForm, SaveFailureShowsNothingAndKeepsTheChanges)
@@ -244,43 +279,6 @@ TEST_F(CorrectionForm, NewStartsAnEmptySetOnTheFirstTab)
     EXPECT_EQ(Tabs().currentIndex(), 0);
     EXPECT_EQ(form.windowTitle(), "Correction Set Editor");
     EXPECT_FALSE(Editor().EditorDirty);
-}
-
-TEST_F(CorrectionForm, WheelOverTheFrameTurnsAPage)
-{
-    Open(StoredSet("Mast.tvc"));
-    const auto centreOf = [this](const QString& name) {
-        QWidget& control = FindControl(form, name);
-        return control.mapToGlobal(control.rect().center());
-    };
-    const QPoint frame = centreOf("KFactorGroup");
-    form.MouseWheel(0, -120, frame.x(), frame.y());
-    EXPECT_EQ(TopRow("KT_VScroll"), 20);
-    form.MouseWheel(0, -60, frame.x(), frame.y());
-    EXPECT_EQ(TopRow("KT_VScroll"), 20); // half a notch
-    form.MouseWheel(0, -60, frame.x(), frame.y());
-    EXPECT_EQ(TopRow("KT_VScroll"), 40);
-    form.MouseWheel(0, 120, frame.x(), frame.y());
-    EXPECT_EQ(TopRow("KT_VScroll"), 20);
-    const QPoint head = centreOf("TbAntName");
-    form.MouseWheel(0, 120, head.x(), head.y());
-    EXPECT_EQ(TopRow("KT_VScroll"), 20);
-    Tabs().setCurrentIndex(2);
-    const QPoint azimuth = centreOf("AzimuthGroup");
-    form.MouseWheel(0, -120, azimuth.x(), azimuth.y());
-    EXPECT_EQ(TopRow("AZ_VScroll"), 9);
-    EXPECT_EQ(TopRow("KT_VScroll"), 20);
-}
-
-TEST_F(CorrectionForm, ViewSortsAndShowsTheTabsTable)
-{
-    FakeDatasetForms diagrams;
-    Open(StoredSet("Mast.tvc"));
-    Click(form, "KT_BtView");
-    Tabs().setCurrentIndex(1);
-    Click(form, "OP_BtView");
-    EXPECT_EQ(diagrams.Names, QStringList(2, "Correction Set Editor - Mast.tvc"));
-    EXPECT_TRUE(Editor().EditorDirty); // sorting is a change
 }
 
 TEST_F(CorrectionForm, ResultIsNameOfUnchangedSet)

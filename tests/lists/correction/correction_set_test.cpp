@@ -115,6 +115,43 @@ TEST_F(CorrSetTest, UnreadableFileLeavesEmptySetWithoutMessage)
     EXPECT_EQ(UsedCorrEntries(CorrTableId::KFactor, set.Records), 0);
 }
 
+TEST_F(CorrSetTest, LoadingReleasesTheAnglesOfTheSetBefore)
+{
+    const QString path = StoredSet("Array 2.tvc");
+    ASSERT_TRUE(LoadCorrSet(path, set));
+    EXPECT_EQ(set.FileName, "Array 2");
+    const std::int32_t first = set.Records.Azimuth[0].Angles;
+    ASSERT_TRUE(LoadCorrSet(path, set));
+    EXPECT_EQ(set.Records.Azimuth[0].Angles, first) << "the handle is free again";
+}
+
+TEST_F(CorrSetTest, FrequencyOutsideTheLimitsIsCorrectedEvenUnchanged)
+{
+    CorrHeaderTexts texts = CorrHeaderTextsOf(set);
+    EXPECT_TRUE(CheckCorrBox(CorrBox::StopFreq, texts, set));
+    EXPECT_EQ(set.Header.StopFrequencyHz, 8000);
+    EXPECT_EQ(texts.StopFrequency, "0.008000");
+}
+
+TEST_F(CorrSetTest, VersionAndDateAreKeptFromTheFile)
+{
+    set.Header.Version = 3;
+    set.Header.Year = 2026;
+    set.Header.Month = 11;
+    set.Header.Day = 22;
+    ASSERT_TRUE(SetCorrHeader(set));
+    ASSERT_TRUE(SaveCorrSet(FilePath("Dated.tvc")));
+    ASSERT_TRUE(LoadCorrSet(StoredSet("Mast.tvc"), set));
+    EXPECT_EQ(set.Header.Version, 1);
+    ASSERT_TRUE(LoadCorrSet(FilePath("Dated.tvc"), set));
+    for (const CorrBox box : kCorrBoxes)
+        EXPECT_TRUE(CheckCorrBox(box, Texts, set));
+    EXPECT_EQ(set.Header.Version, 3);
+    EXPECT_EQ(set.Header.Year, 2026);
+    EXPECT_EQ(set.Header.Month, 11);
+    EXPECT_EQ(set.Header.Day, 22);
+}
+
 TEST_F(CorrSetTest, RefusedHeaderHasAPlainMessage)
 {
     set.Header.StartFrequencyHz = qQNaN();

@@ -89,6 +89,27 @@ TEST_F(CorrTable, EmptyCellsOfUsedRowAreInvalid)
     EXPECT_EQ(row, CorrRow());
 }
 
+TEST_F(CorrTable, CellStaysInvalidUntilItIsLeft)
+{
+    CorrRow row;
+    QString text = "1";
+    TypeCorrCell(row, kKFactor, kCorrFrequency, "3");
+    TypeCorrCell(row, kKFactor, kCorrPassive, text);
+    EXPECT_TRUE(row.Invalid[kCorrPassive]);
+    LeaveCorrCell(row, kKFactor, kCorrPassive, text);
+    EXPECT_FALSE(row.Invalid[kCorrPassive]);
+}
+
+TEST_F(CorrTable, LeftCellOfUsedRowMustNotBeEmpty)
+{
+    CorrRow row;
+    QString text;
+    TypeCorrCell(row, kAzimuth, kCorrFrequency, "3");
+    row.Invalid = {};
+    LeaveCorrCell(row, kAzimuth, kCorrAngles, text);
+    EXPECT_TRUE(row.Invalid[kCorrAngles]);
+}
+
 TEST_F(CorrTable, LeftCellIsJudgedByItsKindWithoutMessage)
 {
     CorrRow row;
@@ -111,6 +132,9 @@ TEST_F(CorrTable, ValidationReportsFirstInvalidCell)
     const auto rows = Rows(kKFactor, { { "30", "1", "2" }, { "40", "", "2" } });
     Answers().Expect(12894, { QStringLiteral("2") }, Ok);
     ExpectFault(ValidateCorrTab(kKFactor, rows, records), 1, kCorrPassive);
+    const auto several = Rows(kKFactor, { { "30", "1", "" }, { "", "1", "2" } });
+    Answers().Expect(12894, { QStringLiteral("1") }, Ok);
+    ExpectFault(ValidateCorrTab(kKFactor, several, records), 0, kCorrActive); // row by row
 }
 
 TEST_F(CorrTable, ValidationReportsCellThatDoesNotParse)
@@ -181,6 +205,23 @@ TEST_F(CorrTable, DeletedRowKeepsItsFrequencyInForce)
     ExpectFault(CheckCorrDuplicates(kOmniphase, records), 0, 0);
 }
 
+TEST_F(CorrTable, FirstOfSeveralEarlierRowsIsReported)
+{
+    for (const size_t row : { 1U, 3U, 5U })
+        records.Omniphase[row] = { static_cast<std::int16_t>(row == 5 ? 1 : 0), 0, 30e6, 0 };
+    records.Omniphase[0] = { 1, 0, 40e6, 0 };
+    Answers().Expect(12895, { QStringLiteral("2"), QStringLiteral("6") }, Ok);
+    ExpectFault(CheckCorrDuplicates(kOmniphase, records), 1, 0);
+}
+
+TEST_F(CorrTable, NewRowHasNoDigitsOfADeletedOne)
+{
+    records.KFactor[0] = { 0, 0, 30000000.25, 1.2345, -2.3456 };
+    ASSERT_FALSE(ValidateCorrTab(kKFactor, Rows(kKFactor, { { "30", "-2.35", "1.23" } }), records).has_value());
+    EXPECT_EQ(CorrValue(kKFactor, records, 0, kCorrFrequency), 30e6);
+    EXPECT_EQ(CorrValue(kKFactor, records, 0, kCorrPassive), -2.35);
+}
+
 TEST_F(CorrTable, SortPassesCountOfUsedEntriesAndRefillsCells)
 {
     auto rows = Rows(kKFactor, { { "85", "1", "2" } });
@@ -208,9 +249,11 @@ TEST_F(CorrTable, AnglesAreReleasedWithTheTable)
         ASSERT_FALSE(ValidateCorrTab(kAzimuth, Rows(kAzimuth, { { "30", "1" } }), others).has_value());
         handle = others.Azimuth[0].Angles;
         EXPECT_NE(TvFio().AntCorrGetAngles(handle, nullptr), nullptr);
+        const std::int32_t replaced = handle;
         ASSERT_FALSE(ValidateCorrTab(kAzimuth, Rows(kAzimuth, { { "30", "2" } }), others).has_value());
         EXPECT_EQ(CorrAngles(others, 0), (std::vector<double>{ 2 }));
         handle = others.Azimuth[0].Angles;
+        EXPECT_TRUE(handle == replaced || TvFio().AntCorrGetAngles(replaced, nullptr) == nullptr);
     }
     EXPECT_EQ(TvFio().AntCorrGetAngles(handle, nullptr), nullptr);
 }
@@ -237,6 +280,7 @@ TEST_F(CorrTable, DiagramOfPhaseHasASecondSeriesOfZeros)
     const MultiTraceInput diagram = CorrectionDiagram(kOmniphase, records, "title");
     EXPECT_EQ(static_cast<int>(diagram.YUnit), 11);
     EXPECT_EQ(diagram.SeriesCount, 2);
+    EXPECT_EQ(diagram.SeriesNames[1], "");
     EXPECT_EQ(diagram.Points[1].Y[0], -90);
     EXPECT_EQ(diagram.Points[1].Y[1], 0);
 }

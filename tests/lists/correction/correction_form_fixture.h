@@ -1,0 +1,65 @@
+// tests/lists/correction/correction_form_fixture.h: drives the correction set editor.
+#pragma once
+
+#include "tests/lists/correction/correction_fixture.h"
+#include "tests/lists/editor/editor_form_fixture.h"
+
+#include "lists/correction/FmEditorCorrectionSet.h"
+
+#include <QScrollBar>
+#include <QTabWidget>
+
+namespace tarvik {
+
+/// Gives the fixture of sets a form.
+class CorrectionForm : public CorrectionTest<FormTest> {
+protected:
+    ~CorrectionForm() override
+    {
+        if (!form.IsClosed())
+            GiveUp();
+    }
+    void Open(const QString& path = {})
+    {
+        Editor().EditorOpenFile = path;
+        ShowForm(form);
+    }
+    void GiveUp()
+    {
+        Editor().EditorDirty = false;
+        form.Unload();
+        EXPECT_TRUE(form.IsClosed());
+    }
+    void TypeAndLeave(const QString& name, const QString& text)
+    {
+        Type(form, name, text);
+        Key(Qt::Key_Tab);
+    }
+    void TypeHeader()
+    {
+        TypeAndLeave("TbFileName", "Mast");
+        TypeAndLeave("TbAntName", "Dipole");
+    }
+    void TypeRow(int index, const QString& frequency, const QString& passive, const QString& active)
+    {
+        TypeAndLeave(QStringLiteral("KT_TbCol_freq[%1]").arg(index), frequency);
+        TypeAndLeave(QStringLiteral("KT_TbCol_passive[%1]").arg(index), passive);
+        TypeAndLeave(QStringLiteral("KT_TbCol_active[%1]").arg(index), active);
+    }
+    QTabWidget& Tabs()
+    {
+        return Find<QTabWidget>(form, "CsTab");
+    }
+    QColor Background(const QString& name)
+    {
+        return FindControl(form, name).palette().color(QPalette::Base);
+    }
+    int TopRow(const QString& bar)
+    {
+        return Find<QScrollBar>(form, bar).value();
+    }
+
+    FmEditorCorrectionSet form;
+};
+
+} // namespace tarvik

@@ -95,6 +95,10 @@ TEST_F(ExampleAntennas, LogPeriodicHasItsGainAndBeam)
     ASSERT_EQ(response.Angles.size(), 2u);
     EXPECT_NEAR(response.Angles[1], 31.4, 0.1);
     EXPECT_EQ(response.PhaseDegrees, 0); // the active region is at the front
+    // 9.03 ns at 215 MHz: 2 x 0.157 / (1 - 0.865) of the difference of the periods of 215 and 1300 MHz.
+    const double slope =
+        Antenna("Log-Periodic").At(220e6).PhaseDegrees - Antenna("Log-Periodic").At(210e6).PhaseDegrees;
+    EXPECT_NEAR(std::remainder(slope, 360), -360 * 10e6 * 9.029e-9, 0.1);
 }
 
 TEST_F(ExampleAntennas, BiconicalIsBestAtItsResonance)

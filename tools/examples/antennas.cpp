@@ -80,7 +80,8 @@ constexpr double kLogPeriodicLastMhz = 1300;
 /// Log-periodic array of dipoles, horizontal: R. L. Carrel's optimum design for 8 dBi, a scale factor of 0.865 and a
 /// spacing factor of 0.157 (C. A. Balanis, Antenna Theory, chapter 11.4), matched. Its active region is where the
 /// dipoles are half a wavelength long, wavelength / (4 tan alpha) from the apex with tan alpha = (1 - scale) / (4
-/// spacing). The wave travels there from the front dipole, and back along the boom. The pattern is that of a half-wave
+/// spacing). The wave travels there from the front dipole, and back along the boom: the phase is the integral of this
+/// delay from the highest frequency, where it is 0. The pattern is that of a half-wave
 /// dipole times a cardioid to the power that gives the directivity, by J. D. Kraus: 41253 / (product of the half-power
 /// widths).
 struct LogPeriodicPattern {
@@ -121,8 +122,9 @@ AntennaResponse LogPeriodic(double frequencyHz)
     constexpr double kQuarterOverTangent = kSpacing / (1 - kScale); // of a wavelength
     static const std::vector<double> angles = HalfPowerDirections(
         [pattern = LogPeriodicPatternFor(kGainDbi)](double degrees) { return pattern.Field(degrees); });
-    const double frontShare = frequencyHz / (kLogPeriodicLastMhz * kMegahertz);
-    return Passive(AntennaFactorOfGain(frequencyHz, kGainDbi), -720 * kQuarterOverTangent * (1 - frontShare), angles);
+    const double share = frequencyHz / (kLogPeriodicLastMhz * kMegahertz);
+    return Passive(
+        AntennaFactorOfGain(frequencyHz, kGainDbi), 720 * kQuarterOverTangent * (share - 1 - std::log(share)), angles);
 }
 
 /// A vertical rod of 1 m and a radius of 3 mm over a large ground plane. CISPR 16-1-6 gives its effective height,

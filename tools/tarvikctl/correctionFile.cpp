@@ -248,7 +248,7 @@ private:
         HeaderMembers members;
         JsonReader reader(object, QStringLiteral("header"));
         VisitHeader(reader, members);
-        const QString error = reader.Finish();
+        QString error = reader.Finish();
         CorrHeader& header = set_.Header;
         SetCorrTexts(members.AntennaName, members.ManufacturerName, header);
         header.AntennaCode = std::clamp(members.AntennaCode, Limits().AntennaCode.Min, Limits().AntennaCode.Max);

@@ -57,7 +57,7 @@ ReadList ReadListFile(const QString& path, Terminal& terminal)
 QString ReadListJson(const QByteArray& text, ReadList& read)
 {
     QJsonObject list;
-    const QString error = ParseJson(text, list);
+    QString error = ParseJson(text, list);
     if (!error.isEmpty())
         return error;
     const QJsonValue family = list.take(QStringLiteral("family"));

@@ -130,7 +130,7 @@ private:
                                 : std::decay_t<decltype(Family::Rows(table_).front())>();
         record.Used = true;
         Family::VisitFields(reader, record);
-        const QString error = reader.Finish();
+        QString error = reader.Finish();
         if (!error.isEmpty())
             return error;
         if (!isInTable)

@@ -1,6 +1,5 @@
 #include "screen/diagram/datasetViewer.h"
 
-#include "app/message/message.h"
 #include "app/state/frame.h"
 #include "app/state/statusBar.h"
 #include "app/text/textId.h"
@@ -52,7 +51,6 @@ void DropFormerDiagrams()
 
 WindowId TakeWindow()
 {
-    MsgAskOnceReset();
     const WindowSlot slot = WindowAllocate(WindowType::DataSet, WindowSubtype::DataSet);
     if (slot.Id == 0)
         return 0;

@@ -221,8 +221,10 @@ private:
             const QString name = Elided(text_.Legend[static_cast<size_t>(at)], nameWidth);
             Add(name, PlaceOf(name, left, top));
             left += WidthOf(name);
-            if (at + 1 < count)
-                Add(text_.LegendSeparator, PlaceOf(text_.LegendSeparator, left, top));
+            const QRect between = PlaceOf(text_.LegendSeparator, left, top);
+            if (at + 1 == count || between.right() > layout_.Plot.right())
+                return;
+            Add(text_.LegendSeparator, between);
             left += separator;
         }
     }

@@ -128,6 +128,9 @@ TEST_F(CtlTables, PlotWritesThePictureBesideTheTable)
     Store("k.csv", kTable);
     ExpectDone({ "plot", "k.csv" });
     EXPECT_EQ(QImage::fromData(Bytes("k.png")).size(), QSize(792, 560));
+    Store("k.v2.csv", kTable);
+    ExpectDone({ "plot", "k.v2.csv" });
+    EXPECT_TRUE(FolderEntries().contains("k.v2.png"));
     ExpectDone({ "plot", "--size", "320x200", "k.csv", "small.png" });
     const QImage small = QImage::fromData(Bytes("small.png"));
     EXPECT_EQ(small.size(), QSize(320, 200));

@@ -2,6 +2,7 @@
 #include "tests/support/fakeHelp.h"
 
 #include <QCheckBox>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 
@@ -216,6 +217,25 @@ TEST_F(AntennaForm, SwappedFrequenciesOfAnotherRowAreShown)
     Click(form, "LbCol0[1]");
     EXPECT_EQ(TextIn("TbStartFreq"), "30.000000");
     EXPECT_EQ(TextIn("TbStopFreq"), "90.000000");
+}
+
+TEST_F(AntennaForm, BadNameInTheGridKeepsItsFocusOnSaving)
+{
+    OpenList({ FullRow() });
+    Type(form, "TbCol3[0]", "it's");
+    Answers().Expect(12764, QStringList(), Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(HasFocus(form, "TbCol3[0]"));
+}
+
+TEST_F(AntennaForm, DeleteByKeyChecksTheHeadFirst)
+{
+    OpenList({ FullRow() });
+    Type(form, "TbName", "a;b");
+    Answers().Expect(12766, Ok);
+    Find<QPushButton>(form, "BtDelete").click(); // takes no focus
+    EXPECT_TRUE(HasFocus(form, "TbName"));
+    EXPECT_EQ(TextIn("TbCol3[0]"), "Dipole");
 }
 
 } // namespace tarvik

@@ -112,4 +112,38 @@ TEST_F(AntennaForm, NewCorrectionSetOpensItsEditor)
     EXPECT_EQ(Editor().EditorType, FileClassAntennaList);
 }
 
+TEST_F(AntennaForm, LinkUsesAnEmptyRow)
+{
+    Open();
+    AnswerFile(FilePath("Loop.tvc"));
+    Click(form, "BtSelectCorrectionSet");
+    EXPECT_TRUE(Editor().EditorDirty);
+    EXPECT_TRUE(FindControl(form, "BtDelete").isEnabled());
+    EXPECT_EQ(TextIn("TbCorrectionSet"), "Loop");
+}
+
+TEST_F(AntennaForm, LinkIsTheBaseNameOfTheFile)
+{
+    OpenList({ FullRow() });
+    for (const auto& [file, name] : { std::pair(QStringLiteral("Loop.v2.tvc"), QStringLiteral("Loop.v2")),
+             std::pair(QString(50, u'x') + QStringLiteral(".tvc"), QString(40, u'x')) }) {
+        AnswerFile(FilePath(file));
+        Click(form, "BtSelectCorrectionSet");
+        EXPECT_EQ(TextIn("TbCorrectionSet"), name);
+    }
+}
+
+TEST_F(AntennaForm, LinkWithAForbiddenCharacterIsReportedAtOnce)
+{
+    OpenList({ FullRow() });
+    AnswerFile(FilePath("it's.tvc"));
+    Answers().Expect(12764, QStringList(), Ok);
+    Click(form, "BtSelectCorrectionSet");
+    EXPECT_EQ(TextIn("TbCorrectionSet"), "it's");
+    Answers().Verify();
+    Answers().Expect(12764, QStringList(), Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(HasFocus(form, "TbCorrectionSet"));
+}
+
 } // namespace tarvik

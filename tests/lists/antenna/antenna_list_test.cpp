@@ -205,9 +205,10 @@ TEST_F(Antenna, WritingAsksBeforeReplacing)
 
 TEST_F(Antenna, TextThatCsvCannotHoldIsRefused)
 {
-    AntennaTable table = List({ FullRow(), FullRow() });
-    table.Row(1).CorrectionSetName = "a;b";
-    Answers().Expect(12791, { QStringLiteral("2") }, Ok);
+    AntennaTable table = List({ FullRow() });
+    table.Row(5) = FullRow();
+    table.Row(5).CorrectionSetName = "a;b";
+    Answers().Expect(12791, { QStringLiteral("2") }, Ok); // data line
     EXPECT_FALSE(WriteAntennaFile(FilePath("Site.csv"), table));
     table.Row(0).Name = "a,b";
     Answers().Expect(12788, { QStringLiteral("1") }, Ok);
@@ -427,6 +428,20 @@ TEST_F(Antenna, FrequenciesAtTheLimitsAreAccepted)
     table.Row(1).Used = false;
     table.Row(1).StartFrequency = 0;
     EXPECT_FALSE(ValidateAntennaRows(table.Rows).has_value());
+}
+
+TEST_F(Antenna, LinkNamesOfFullLengthAreKept)
+{
+    AntennaTable table = List({ FullRow() });
+    table.Row(0).Name = QString(32, u'n');
+    table.Row(0).KfactorTableName = QString(40, u'k');
+    table.Row(0).CorrectionSetName = QString(40, u'c');
+    for (const QString name : { "Site.csv", "Site.tva" }) {
+        ASSERT_TRUE(WriteAntennaFile(FilePath(name), table));
+        AntennaTable read;
+        ASSERT_TRUE(ReadAntennaFile(FilePath(name), read));
+        EXPECT_EQ(read, table) << name.toStdString();
+    }
 }
 
 } // namespace tarvik

@@ -6,6 +6,8 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 
@@ -321,6 +323,86 @@ TEST_F(SuppressEditor, DeletedRowIsNotSaved)
     ASSERT_TRUE(ReadSuppressFile(FilePath("Bands.tvs"), table));
     EXPECT_EQ(table.Row(0), SuppressRow());
     EXPECT_EQ(table.Row(1).StartFrequency, 3e6);
+}
+
+TEST_F(SuppressEditor, CheckedRowStaysUsedWithoutTexts)
+{
+    Open();
+    Click(form, "CbCol1[2]");
+    TypeIn("TbCol4[2]", "x");
+    TypeIn("TbCol4[2]", "");
+    EXPECT_TRUE(IsEnabled("BtDelete"));
+}
+
+TEST_F(SuppressEditor, EachTextKeepsTheRowUsed)
+{
+    for (const QString name : { "TbCol2[4]", "TbCol3[4]", "TbCol4[4]" }) {
+        Open();
+        TypeIn(name, "5");
+        EXPECT_TRUE(IsEnabled("BtDelete")) << name.toStdString();
+        TypeIn(name, "");
+        EXPECT_FALSE(IsEnabled("BtDelete")) << name.toStdString();
+        GiveUp();
+    }
+}
+
+TEST_F(SuppressEditor, TypingIsAnUnsavedChangeAtOnce)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 } }));
+    EXPECT_FALSE(Editor().EditorDirty);
+    TypeIn("TbCol2[0]", "1.5");
+    EXPECT_TRUE(Editor().EditorDirty);
+}
+
+TEST_F(SuppressEditor, ChangeOfAnotherRowLeavesTheDeleteButton)
+{
+    Open();
+    Find<QCheckBox>(form, "CbCol1[5]").setChecked(true);
+    EXPECT_FALSE(IsEnabled("BtDelete"));
+}
+
+TEST_F(SuppressEditor, SortKeepsTheTypedHeadAndShowsThatOfTheStore)
+{
+    Open(StoredList("Bands.tvs", { { 5e6, 6e6 }, { 1e6, 5e6 } }));
+    TypeAndLeave("TbDescr", "typed");
+    Click(form, "BtSort");
+    EXPECT_EQ(TextIn("TbDescr"), "typed");
+    TvFio().SuppressListGetDescription = [](int16_t*, char* text, int32_t) { std::strcpy(text, "kept"); };
+    Click(form, "BtSortMerge");
+    EXPECT_EQ(TextIn("TbDescr"), "kept");
+}
+
+TEST_F(SuppressEditor, SavedFileHasTheHead)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 } }));
+    TypeAndLeave("TbDescr", "new");
+    AnswerFolder(Folder());
+    Answers().Expect(12734, { QStringLiteral("Bands.tvs") }, Yes);
+    ASSERT_TRUE(form.Save());
+    SuppressTable table;
+    ASSERT_TRUE(ReadSuppressFile(FilePath("Bands.tvs"), table));
+    EXPECT_EQ(table.Name, "Bands");
+    EXPECT_EQ(table.Description, "new");
+}
+
+TEST_F(SuppressEditor, DeleteByKeyChecksTheHeadFirst)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 } }));
+    TypeIn("TbName", "a;b");
+    Answers().Expect(12766, Ok);
+    Find<QPushButton>(form, "BtDelete").click(); // takes no focus
+    EXPECT_TRUE(IsFocused("TbName"));
+    EXPECT_EQ(TextIn("TbCol2[0]"), "1.000000");
+}
+
+TEST_F(SuppressEditor, FormIsThatOfTheExtensionTextOfTables)
+{
+    static auto real = TvLng().LngGetStr;
+    TvLng().LngGetStr = [](int32_t id, const char* fallback, char* out, int32_t size) {
+        return real(id == 11003 ? 10770 : id, fallback, out, size); // another language: CSV files end in .tvc
+    };
+    Open(StoredList("Bands.tvc", { { 1e6, 2e6 } }));
+    EXPECT_EQ(Find<QComboBox>(form, "CbExt").currentIndex(), 1);
 }
 
 } // namespace tarvik

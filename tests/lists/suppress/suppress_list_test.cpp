@@ -158,8 +158,9 @@ TEST_F(Suppress, WritingAsksBeforeReplacing)
 
 TEST_F(Suppress, DescriptionThatCsvCannotHoldIsRefused)
 {
-    SuppressTable table = List({ Range(kInclude, 1e6, 2e6), Range(kInclude, 1e6, 2e6, "a;b") });
-    Answers().Expect(12804, { QStringLiteral("2") }, Ok);
+    SuppressTable table = List({ Range(kInclude, 1e6, 2e6) });
+    table.Row(5) = Range(kInclude, 1e6, 2e6, "a;b");
+    Answers().Expect(12804, { QStringLiteral("2") }, Ok); // data line
     EXPECT_FALSE(WriteSuppressFile(FilePath("Bands.csv"), table));
     EXPECT_FALSE(QFile::exists(FilePath("Bands.csv")));
 }
@@ -269,6 +270,31 @@ TEST_F(Suppress, FieldsGoToTheStoreInTheirOrder)
     table.Row(7).Used = true;
     EXPECT_TRUE(WriteSuppressListDll(table));
     EXPECT_EQ(calls, (QStringList{ "include", "start", "stop", "description", "7" }));
+}
+
+TEST_F(Suppress, RowsReadBeforeAStoreFailureAreNotKept)
+{
+    SuppressTable table = List({ Range(kInclude, 1e6, 2e6) });
+    ASSERT_TRUE(WriteSuppressFile(FilePath("Bands.tvs"), table));
+    TvFio().SuppressGetStopFrequency = [](int16_t* status, int16_t index, double*) { *status = index == 3 ? 23 : 0; };
+    Answers().Expect(12840, { QStringLiteral("3") }, Ok);
+    EXPECT_FALSE(ReadSuppressFile(FilePath("Bands.tvs"), table));
+    EXPECT_EQ(table, SuppressTable());
+}
+
+TEST_F(Suppress, CsvFormIsDecidedByTheExtensionTextOfTables)
+{
+    static auto real = TvLng().LngGetStr;
+    TvLng().LngGetStr = [](int32_t id, const char* fallback, char* out, int32_t size) {
+        return real(id == 11003 ? 10770 : id, fallback, out, size); // another language: CSV files end in .tvc
+    };
+    SuppressTable table = List({ Range(kInclude, 1e6, 2e6) });
+    ASSERT_TRUE(WriteSuppressFile(FilePath("Bands.tvc"), table));
+    EXPECT_TRUE(Contents(FilePath("Bands.tvc")).startsWith("Suppress List,"));
+    ASSERT_TRUE(ReadSuppressFile(FilePath("Bands.tvc"), table));
+    EXPECT_EQ(table.Row(0), Range(kInclude, 1e6, 2e6));
+    ASSERT_TRUE(WriteSuppressFile(FilePath("Bands.csv"), table));
+    EXPECT_FALSE(Contents(FilePath("Bands.csv")).startsWith("Suppress List,"));
 }
 
 } // namespace tarvik

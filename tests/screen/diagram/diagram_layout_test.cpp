@@ -7,6 +7,8 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include <set>
+
 namespace tarvik {
 
 namespace {
@@ -347,6 +349,53 @@ TEST_F(DiagramLayouts, LegendIsInTheOrderOfTheTraces)
         before = PlaceOf(layout, names[static_cast<size_t>(at)]).right();
     }
     EXPECT_EQ(TextsIn(layout).count(QStringLiteral(" : ")), 2);
+}
+
+TEST_F(DiagramLayouts, LabelsOfXAreApartAndAsManyAsFit)
+{
+    const DiagramText text = TextOf(Between(20123456, 20987654));
+    std::set<qsizetype> counts;
+    for (int width = 320; width <= 2560; width += 20) {
+        const DiagramLayout layout = LayOutDiagram(text, { width, 560 }, 1);
+        const int gap = QFontMetrics(layout.Font).height() / 4;
+        QVector<QRect> places;
+        for (const DiagramLabel& label : layout.Labels) {
+            if (std::count(text.XLabels.begin(), text.XLabels.end(), label.Text) > 0)
+                places.append(label.Place);
+        }
+        for (qsizetype at = 1; at < places.size(); ++at)
+            EXPECT_GE(places[at].left() - places[at - 1].right() - 1, gap) << width;
+        counts.insert(places.size());
+    }
+    EXPECT_EQ(counts, (std::set<qsizetype>{ 3, 6, 11 })) << "all, every second, every fifth";
+}
+
+TEST_F(DiagramLayouts, LabelsOfTheEndsStayInThePicture)
+{
+    DiagramText text;
+    text.XLabels.front() = QString(24, u'1');
+    text.XLabels.back() = QString(24, u'2');
+    const DiagramLayout layout = LayOutDiagram(text, { 792, 560 }, 1);
+    EXPECT_EQ(PlaceOf(layout, text.XLabels.front()).left(), 0);
+    EXPECT_EQ(PlaceOf(layout, text.XLabels.back()).right(), 791);
+}
+
+TEST_F(DiagramLayouts, LegendStaysAboveThePlot)
+{
+    std::vector<QSize> sizes = Sizes();
+    for (int width = 60; width < 320; width += 7)
+        sizes.emplace_back(width, 200);
+    for (const DiagramText& text : Texts()) {
+        for (const QSize& size : sizes) {
+            const DiagramLayout layout = LayOutDiagram(text, size, 1);
+            for (const DiagramSample& sample : layout.Samples)
+                EXPECT_LE(sample.Place.right(), layout.Plot.right()) << size.width();
+            for (const DiagramLabel& label : layout.Labels) {
+                const bool isName = !layout.Samples.isEmpty() && label.Place.top() == layout.Samples[0].Place.top();
+                EXPECT_TRUE(!isName || label.Place.right() <= layout.Plot.right() + 1) << size.width();
+            }
+        }
+    }
 }
 
 } // namespace tarvik

@@ -264,9 +264,8 @@ bool FmEditorAntenna::TakeBand(const QString& path)
 /// Links the selected antenna to a file, by its base name.
 void FmEditorAntenna::Link(AntennaField field, const QString& fileName)
 {
-    QString name = QFileInfo(fileName).completeBaseName().left(kLinkNameLength);
     UseRow(selected_);
-    panel_->SetText(field, name);
+    panel_->SetText(field, QFileInfo(fileName).completeBaseName());
     static_cast<void>(CheckField(field)); // a name that is no valid text is reported and stays in the box
 }
 

@@ -238,4 +238,46 @@ TEST_F(AntennaForm, DeleteByKeyChecksTheHeadFirst)
     EXPECT_EQ(TextIn("TbCol3[0]"), "Dipole");
 }
 
+TEST_F(AntennaForm, DeleteShowsItsRowAndKeepsTheCell)
+{
+    OpenList({ FullRow(), FullRow() });
+    form.CellSetFocus(1, 2);
+    Find<QScrollBar>(form, "VScroll1").setValue(30);
+    Click(form, "BtDelete");
+    EXPECT_EQ(Find<QScrollBar>(form, "VScroll1").value(), 1);
+    EXPECT_TRUE(HasFocus(form, "TbCol3[0]"));
+    EXPECT_EQ(TextIn("TbCol3[0]"), "");
+}
+
+TEST_F(AntennaForm, DeleteDiscardsABadBox)
+{
+    OpenList({ FullRow() });
+    Type(form, "TbStopFreq", "x");
+    Click(form, "BtDelete");
+    EXPECT_EQ(TextIn("TbStopFreq"), "0.000000");
+    EXPECT_EQ(TextIn("TbNorthOffset"), "0.0");
+    EXPECT_EQ(Choice("CbPassiveBits"), 0);
+    EXPECT_FALSE(FindControl(form, "BtDelete").isEnabled());
+}
+
+TEST_F(AntennaForm, SelectedRowAndFocusedCellHaveTheirColours)
+{
+    OpenList({ FullRow(), FullRow() });
+    form.CellSetFocus(1, 2);
+    EXPECT_EQ(Background("TbCol3[1]"), QColor(0xEE, 0xEE, 0x88));
+    EXPECT_EQ(Background("CbCol1[1]"), QColor(0xBB, 0xBB, 0x55));
+    EXPECT_EQ(Background("CbCol1[0]"), form.palette().color(QPalette::Base));
+}
+
+TEST_F(AntennaForm, CheckUsesTheRow)
+{
+    Open();
+    form.CellSetFocus(3, 1);
+    Click(form, "CbCol1[3]");
+    EXPECT_TRUE(FindControl(form, "BtDelete").isEnabled());
+    EXPECT_TRUE(Editor().EditorDirty);
+    Click(form, "CbCol1[3]");
+    EXPECT_TRUE(FindControl(form, "BtDelete").isEnabled()) << "it stays used";
+}
+
 } // namespace tarvik

@@ -146,4 +146,10 @@ TEST_F(AntennaForm, LinkWithAForbiddenCharacterIsReportedAtOnce)
     EXPECT_TRUE(HasFocus(form, "TbCorrectionSet"));
 }
 
+TEST_F(AntennaForm, EditOfACorrectionSetHasNoAction)
+{
+    OpenList({ FullRow() });
+    EXPECT_FALSE(FindControl(form, "BtCorrectionSetEdit").isEnabled());
+}
+
 } // namespace tarvik

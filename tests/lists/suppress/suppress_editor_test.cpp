@@ -405,4 +405,34 @@ TEST_F(SuppressEditor, FormIsThatOfTheExtensionTextOfTables)
     EXPECT_EQ(Find<QComboBox>(form, "CbExt").currentIndex(), 1);
 }
 
+TEST_F(SuppressEditor, DeleteShowsItsRowAndKeepsTheCell)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 }, { 3e6, 4e6 } }));
+    form.CellSetFocus(1, 3);
+    Find<QScrollBar>(form, "VScroll1").setValue(30);
+    Click(form, "BtDelete");
+    EXPECT_EQ(TopRow(), 1);
+    EXPECT_TRUE(IsFocused("TbCol3[0]"));
+    EXPECT_EQ(TextIn("TbCol3[0]"), "");
+}
+
+TEST_F(SuppressEditor, DeleteDiscardsABadCell)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 } }));
+    TypeIn("TbCol2[0]", "x");
+    Click(form, "BtDelete");
+    EXPECT_EQ(TextIn("TbCol2[0]"), "");
+    EXPECT_FALSE(IsEnabled("BtDelete"));
+}
+
+TEST_F(SuppressEditor, FocusedCellHasItsColour)
+{
+    Open();
+    form.CellSetFocus(3, 2);
+    EXPECT_EQ(Background("TbCol2[3]"), QColor(0xDD, 0xDD, 0x77));
+    EXPECT_EQ(Background("TbCol3[3]"), form.palette().color(QPalette::Base));
+    EXPECT_EQ(
+        FindControl(form, "TbCol3[3]").palette().color(QPalette::Text), form.palette().color(QPalette::ButtonText));
+}
+
 } // namespace tarvik

@@ -119,4 +119,18 @@ TEST_F(DatasetForm, OtherMouseButtonsOpenNoPopup)
     });
 }
 
+TEST_F(DatasetForm, HidesTheDescriptionAlsoIfMaximisingKeepsTheSize)
+{
+    Run([&](FmDatasetViewer& form) {
+        DescrSetVisible(true, id);
+        DescrSetText(id, QStringLiteral("mast"));
+        form.setGeometry(form.screen()->availableGeometry());
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(Description(form).isVisible());
+        form.showMaximized();
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(Description(form).isVisible());
+    });
+}
+
 } // namespace tarvik

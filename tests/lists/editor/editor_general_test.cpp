@@ -1,7 +1,9 @@
 #include "tests/lists/list_fixture.h"
 
+#include "closed/loader.h"
 #include "link/classes/model.h"
 #include "lists/editor/editorGeneral.h"
+#include "lists/values/limits.h"
 #include "tests/support/fakeFrame.h"
 
 #include <QDir>
@@ -234,6 +236,19 @@ TEST_F(EditorGeneral, TitleHasFileNameAfterDash)
 {
     EXPECT_EQ(EditorTitle(TextNumber<0>(10762)), "Memory List Editor");
     EXPECT_EQ(EditorTitle(TextNumber<0>(10762), "Van.TVM"), "Memory List Editor - Van.TVM");
+}
+
+TEST_F(EditorGeneral, LimitsAreReadEachTimeAnEditorOpens)
+{
+    OpenEditor(FileClassMemoryList);
+    TvFio().GetMaxKFactorLevel = [](std::int16_t* status, double* value) {
+        *status = 0;
+        *value = 55;
+    };
+    double shown = 0;
+    Editors.WhileShown = [&shown] { shown = Limits().KFactorLevel.Max; };
+    OpenEditor(FileClassMemoryList);
+    EXPECT_EQ(shown, 55);
 }
 
 TEST_F(EditorGeneral, NestedEditorLeavesTheOuterOneAsItWas)

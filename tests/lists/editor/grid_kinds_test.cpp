@@ -134,6 +134,17 @@ TEST_F(GridKinds, InvalidCellHasItsColourUnlessFocused)
     EXPECT_EQ(Background("KT_TbCol", 2), QColor(0xDD, 0x77, 0x77));
 }
 
+TEST_F(GridKinds, CellsHaveTheButtonTextColourInEveryState)
+{
+    const QColor buttonText(80, 0, 0);
+    QPalette system;
+    system.setColor(QPalette::Text, QColor(0, 0, 80));
+    system.setColor(QPalette::ButtonText, buttonText);
+    const CellPalettes cells = MakeCellPalettes(system, {});
+    for (const CellState state : { CellState::Plain, CellState::Focused, CellState::Invalid })
+        EXPECT_EQ(cells[static_cast<size_t>(state)].color(QPalette::Text), buttonText) << static_cast<int>(state);
+}
+
 TEST_F(GridKinds, OtherCellsOfTheRowAreColouredWhileTyping)
 {
     Show();

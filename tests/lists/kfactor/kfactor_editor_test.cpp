@@ -332,6 +332,37 @@ TEST_F(KfactorEditor, SortOrdersRowsAndLeavesDirtyAlone)
     EXPECT_FALSE(Editor().EditorDirty);
 }
 
+TEST_F(KfactorEditor, FirstRowIsTheCurrentOneAfterSort)
+{
+    Open(StoredTable("Mast.tvk", { 85e6, 30e6 }));
+    form.CellSetFocus(5, 1);
+    EXPECT_FALSE(IsEnabled("BtDelete"));
+    Click(form, "BtSort");
+    EXPECT_TRUE(IsEnabled("BtDelete"));
+}
+
+TEST_F(KfactorEditor, PageIsCheckedRowByRow)
+{
+    Open(StoredTable("Mast.tvk", { 30e6, 40e6, 50e6, 60e6 }));
+    TypeIn("TbCol3[1]", "");
+    TypeIn("TbCol1[2]", "x");
+    TypeIn("TbCol1[3]", "61");
+    Answers().Expect(12771, QStringList(), Ok);
+    EXPECT_FALSE(form.Save());
+    EXPECT_TRUE(IsFocused("TbCol3[1]"));
+}
+
+TEST_F(KfactorEditor, DiscardedChangesAreForgottenWhenAnotherTableOpens)
+{
+    Open(StoredTable("Mast.tvk", { 30e6, 40e6 }));
+    TypeIn("TbDescr", "south");
+    AnswerFile(StoredTable("Whip.tvk", { 50e6, 60e6 }));
+    Answers().Expect(12769, No);
+    Click(form, "BtOpen");
+    EXPECT_EQ(TextIn("TbCol1[0]"), "50.000000");
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
 TEST_F(KfactorEditor, SortLeavesUnsavedChangesMarked)
 {
     Open(StoredTable("Mast.tvk", { 85e6, 30e6 }));

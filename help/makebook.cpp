@@ -193,9 +193,12 @@ std::vector<Topic> TopicsOf(const std::string& body, const std::string& page, in
     for (size_t at = 0; (at = body.find('<', at)) != std::string::npos; ++at) {
         const std::string element = body.substr(at + 1, 2);
         const size_t tagEnd = body.find('>', at);
-        if ((element != "h1" && element != "h2" && element != "dt") || tagEnd == std::string::npos)
-            continue;
         const std::string tag = body.substr(at, tagEnd - at);
+        if ((element != "h1" && element != "h2" && element != "dt") || tagEnd == std::string::npos) {
+            if (!Attribute(tag, "data-help").empty() || !Attribute(tag, "data-keys").empty())
+                Fail(page + ": no topic: " + tag);
+            continue;
+        }
         const std::string id = Attribute(tag, "id");
         if (id.empty())
             Fail(page + ": a topic without id: " + tag);

@@ -3,6 +3,7 @@
 
 #include "app/forms/Pictures.h"
 #include "app/frame/MfMain.h"
+#include "app/frame/startup.h"
 #include "app/help/FmHelp.h"
 #include "app/message/message.h"
 #include "app/platform/seams.h"
@@ -10,7 +11,11 @@
 #include "app/text/lang.h"
 #include "closed/loader.h"
 #include "link/documents/documents.h"
+#include "lists/antenna/antennaList.h"
+#include "lists/correction/correctionSet.h"
 #include "lists/editor/editorGeneral.h"
+#include "lists/kfactor/kfactorTable.h"
+#include "lists/suppress/suppressList.h"
 #include "screen/diagram/traceBlocks.h"
 #include "screen/files/FmScreenShotViewer.h"
 #include "tests/support/forms.h"
@@ -149,6 +154,8 @@ TEST_F(Composition, MenuItemsOpenTheirForms)
 {
     const std::vector<std::pair<const char*, const char*>> forms{ { "MnHelpAbout", "FmAbout" },
         { "MnInstrConnect", "FmConnect" }, { "MnToolsMemoryListEditor", "FmEditorMemory" },
+        { "MnToolsAntennaListEditor", "FmEditorAntenna" }, { "MnToolsKfactorEditor", "FmEditorKfactor" },
+        { "MnToolsSuppressListEditor", "FmEditorSuppress" }, { "MnToolsCorrectionSetEditor", "FmEditorCorrectionSet" },
         { "MnFileOpen", "OpenDialog" }, { "MnFileTvConvert", "OpenDialog" } };
     for (const auto& [item, form] : forms) {
         Answer(form);
@@ -178,6 +185,36 @@ TEST_F(Composition, DroppedListOpensInItsEditor)
     Answer("FmEditorMemory");
     Drop(QStringLiteral(EXAMPLES_FOLDER "/PMR446.tvm"));
     EXPECT_EQ(answered, QStringList{ "FmEditorMemory" });
+}
+
+TEST_F(Composition, ListOfEachKindOpensInItsEditor)
+{
+    KfactorTable table;
+    AntennaTable antennas;
+    SuppressTable ranges;
+    CorrSet set;
+    table.Name = antennas.Name = ranges.Name = QStringLiteral("List");
+    table.Row(0) = { true, 30e6, 1, 2 };
+    table.Row(1) = { true, 40e6, 1, 2 };
+    for (const char* extension : { ".tvk", ".csv" }) {
+        ASSERT_TRUE(WriteKfactorFile(FilePath("table") + extension, table));
+        ASSERT_TRUE(WriteAntennaFile(FilePath("antennas") + (extension[1] == 't' ? ".tva" : ".csv"), antennas));
+        ASSERT_TRUE(WriteSuppressFile(FilePath("ranges") + (extension[1] == 't' ? ".tvs" : ".csv"), ranges));
+    }
+    ASSERT_TRUE(SetCorrHeader(set));
+    ASSERT_TRUE(SaveCorrSet(FilePath("set.tvc")));
+    const std::vector<std::pair<const char*, const char*>> files{ { "table.tvk", "FmEditorKfactor" },
+        { "table.csv", "FmEditorKfactor" }, { "antennas.tva", "FmEditorAntenna" },
+        { "antennas.csv", "FmEditorAntenna" }, { "ranges.tvs", "FmEditorSuppress" },
+        { "ranges.csv", "FmEditorSuppress" }, { "set.tvc", "FmEditorCorrectionSet" } };
+    for (const auto& [file, form] : files) {
+        answered.clear();
+        Answer(form);
+        Drop(FilePath(file));
+        Answer(form);
+        EXPECT_TRUE(OpenStartFile(FilePath(file))); // as from the command line
+        EXPECT_EQ(answered, QStringList({ form, form })) << file;
+    }
 }
 
 TEST_F(Composition, ViewerOfScreenShotsEndsWithTheProgram)

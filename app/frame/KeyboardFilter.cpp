@@ -128,7 +128,7 @@ bool KeyboardFilter::OnKey(QObject* watched, QKeyEvent& event)
     if (event.key() == Qt::Key_Escape && !IsOurEscape(event))
         return false;
     const HookKey key{ event.key(), event.type() == QEvent::KeyRelease, event.isAutoRepeat() };
-    if (KeyboardHookKey(key))
+    if (PassToHook(key))
         return true;
     const bool goesDown = !key.Released && !key.AutoRepeat;
     if (key.Key == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier && goesDown)
@@ -161,10 +161,25 @@ void KeyboardFilter::NoteEscape(QKeyEvent& event)
 bool KeyboardFilter::IsOurEscape(const QKeyEvent& event)
 {
     if (event.type() == QEvent::KeyRelease)
-        return std::exchange(escapeIsOurs_, false);
+        return std::exchange(escapeIsOurs_, false) && escapeDepth_ == 0; // else it would answer the question
     const bool isForOther = std::exchange(escapeHadOther_, false) || EscapeEndsSomethingElse();
     escapeIsOurs_ = !isForOther && (DialogIsActive() || !DialogIsOpen());
     return escapeIsOurs_;
+}
+
+/// An Escape that closes a form may ask a question. Neither its own release nor that of the Escape that answers it
+/// closes anything.
+bool KeyboardFilter::PassToHook(const HookKey& key)
+{
+    if (key.Key != Qt::Key_Escape)
+        return KeyboardHookKey(key);
+    escapeWasNested_ = escapeDepth_ > 0;
+    ++escapeDepth_;
+    const bool isSwallowed = KeyboardHookKey(key);
+    --escapeDepth_;
+    if (escapeDepth_ == 0 && std::exchange(escapeWasNested_, false))
+        escapeIsOurs_ = false;
+    return isSwallowed;
 }
 
 bool KeyboardFilter::ShowTopicOf(QObject* watched)

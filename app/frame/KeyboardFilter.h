@@ -10,6 +10,8 @@ class QMouseEvent;
 
 namespace tarvik {
 
+struct HookKey;
+
 class KeyboardFilter final : public QObject {
     Q_OBJECT
 public:
@@ -28,6 +30,7 @@ private:
     bool IsRepeat(const QKeyEvent& event); ///< of Enter
     void NoteEscape(QKeyEvent& event);
     bool IsOurEscape(const QKeyEvent& event);
+    bool PassToHook(const HookKey& key);
     bool ShowTopicOf(QObject* watched);
     bool OpenMenuOf(QObject* watched);
     bool PopUpHelpOf(QObject* watched, QPoint position);
@@ -35,6 +38,8 @@ private:
 
     quint64 releasedAt_ = 0; ///< time stamp of the last release of Enter; 0: none
     bool escapeIsOurs_ = false; ///< the Escape that is held went down in a form and not in a pop-up or file dialog
+    int escapeDepth_ = 0; ///< Escapes that are being handled; one that asks a question runs an event loop
+    bool escapeWasNested_ = false; ///< one of them has ended another
     bool escapeHadOther_ = false; ///< the Escape that is about to go down had something else to end
 };
 

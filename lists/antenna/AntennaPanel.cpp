@@ -24,6 +24,7 @@ constexpr int kCodeLength = 3;
 constexpr int kNorthOffsetLength = 5;
 constexpr int kLinkWidthDigits = 26;
 constexpr TopicNumber kTopic = HelpId::CommandAntennaListEditor;
+constexpr TopicNumber kLinkTopic = TextId::AntennaSelectKfactorHint;
 
 } // namespace
 
@@ -57,12 +58,13 @@ QLineEdit* AntennaPanel::AddBox(
 {
     QWidget* parent = layout.parentWidget();
     QLabel* label = NewLabel(parent, labelName, { text });
-    QLineEdit* box = NewTextBox(parent, name, kTopic, length);
+    const bool isLink = field == AntennaField::KfactorTable || field == AntennaField::CorrectionSet;
+    QLineEdit* box = NewTextBox(parent, name, isLink ? kLinkTopic : kTopic, length);
     BindLabel(label, box);
     EnterAsTab(box);
     const int row = layout.rowCount();
     layout.addWidget(label, row, 0);
-    layout.addWidget(box, row, 1);
+    layout.addWidget(box, row, 1, 1, field == AntennaField::Name ? 2 : 1); // a name has no unit
     boxes_[static_cast<size_t>(field)] = box;
     connect(box, &QLineEdit::textChanged, this, [this, field] {
         if (!filling_)
@@ -132,7 +134,7 @@ void AntennaPanel::BuildLinks(QGridLayout& layout)
         for (QPushButton* button : buttons)
             row->addWidget(button);
         row->addStretch(1);
-        inside.addLayout(row, inside.rowCount(), 0, 1, 2);
+        inside.addLayout(row, inside.rowCount(), 1);
     };
 
     QGridLayout* kfactor = addFrame("FrKfactorTable");

@@ -6,7 +6,6 @@
 #include "app/text/textId.h"
 
 #include <QBoxLayout>
-#include <QGroupBox>
 #include <QPushButton>
 
 namespace tarvik {
@@ -96,8 +95,10 @@ CorrTabPage::CorrTabPage(QWidget* parent, CorrTableId table, CorrRecords& record
 {
     const TabTexts texts = TextsOf(table);
     auto* layout = new QVBoxLayout(this);
-    group_ = NewFrame(this, texts.GroupName, {});
+    layout->setContentsMargins({});
+    group_ = new QWidget(this);
     group_->setAccessibleName(PlainCaption(LngStr(texts.Caption))); // the tab shows it
+    NameControl(group_, QString::fromLatin1(texts.GroupName));
     layout->addWidget(group_);
     auto* inside = new QVBoxLayout(group_);
     grid_ = new EditorGrid(group_, *this, texts.Shape, texts.Columns);
@@ -115,11 +116,17 @@ void CorrTabPage::BuildCommands(QWidget* list)
     auto* commands = new QHBoxLayout;
     auto* sort = newButton("BtSort", { TextId::EditorSort, TextId::EditorSortHint });
     commands->addWidget(sort);
-    connect(sort, &QPushButton::clicked, this, &CorrTabPage::SortClicked);
+    connect(sort, &QPushButton::clicked, this, [this] {
+        if (CheckFocused(window())) // a mnemonic moves no focus
+            Q_EMIT SortClicked();
+    });
     if (table_ != CorrTableId::Azimuth) {
         auto* view = newButton("BtView", { TextId::EditorView, TextId::EditorViewHint });
         commands->addWidget(view);
-        connect(view, &QPushButton::clicked, this, &CorrTabPage::ViewClicked);
+        connect(view, &QPushButton::clicked, this, [this] {
+            if (CheckFocused(window()))
+                Q_EMIT ViewClicked();
+        });
     }
     commands->addStretch(1);
     delete_ = newButton("BtDelete", { TextId::EditorDelete, TextId::EditorDeleteHint });

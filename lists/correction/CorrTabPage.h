@@ -8,7 +8,6 @@
 
 #include <QWidget>
 
-class QGroupBox;
 class QPushButton;
 
 namespace tarvik {
@@ -37,7 +36,7 @@ public:
     {
         return *grid_;
     }
-    QGroupBox& Group()
+    QWidget& Group()
     {
         return *group_;
     }
@@ -71,7 +70,7 @@ private:
     CorrTableId table_;
     CorrRecords& records_;
     std::vector<CorrRow> rows_ = std::vector<CorrRow>(kCorrRows);
-    QGroupBox* group_ = nullptr;
+    QWidget* group_ = nullptr;
     EditorGrid* grid_ = nullptr;
     QPushButton* delete_ = nullptr;
 };

@@ -8,10 +8,11 @@
 
 #include <QComboBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QWheelEvent>
 
@@ -73,6 +74,8 @@ QWidget* FmEditorCorrectionSet::BuildTabs()
 {
     CsTab = new QTabWidget(this);
     NameControl(CsTab, QStringLiteral("CsTab"));
+    CsTab->tabBar()->setFocusPolicy(Qt::StrongFocus); // a click on a tab leaves the focused control, which is checked
+    CsTab->tabBar()->setAccessibleName(LngStr(TextId::CorrectionSetKeyword));
     const std::array captions{ TextId::CorrKFactorTab, TextId::CorrOmniphaseTab, TextId::CorrAzimuthTab };
     for (const CorrTableId table : kCorrTables) {
         const auto index = static_cast<size_t>(table);
@@ -249,17 +252,22 @@ void FmEditorCorrectionSet::ShowSet()
         page->Refill();
     const QSignalBlocker silence(CsTab);
     CsTab->setCurrentIndex(0);
+    shownTab_ = 0;
 }
 
-/// A click on a tab does not take the focus first: what is being edited is checked here.
+/// A mnemonic takes no focus first: what is being edited is checked here.
 void FmEditorCorrectionSet::OnTab()
 {
-    for (CorrTabPage* page : pages_)
-        static_cast<void>(page->Grid().Commit()); // a bad cell becomes invalid
-    auto& page = Page(static_cast<CorrTableId>(CsTab->currentIndex()));
+    if (!MayLeaveHead()) {
+        const QSignalBlocker silence(CsTab);
+        CsTab->setCurrentIndex(shownTab_);
+        return;
+    }
+    static_cast<void>(pages_[static_cast<size_t>(shownTab_)]->Grid().Commit()); // never refuses: a bad cell is marked
+    shownTab_ = CsTab->currentIndex();
+    auto& page = Page(static_cast<CorrTableId>(shownTab_));
     page.Grid().FillRows(true);
-    if (MayLeaveHead())
-        page.Grid().CellSetFocus(page.Grid().TopRow(), kCorrFrequency + 1);
+    page.Grid().CellSetFocus(page.Grid().TopRow(), kCorrFrequency + 1);
 }
 
 void FmEditorCorrectionSet::MouseWheel(int, int delta, int x, int y)
@@ -268,7 +276,7 @@ void FmEditorCorrectionSet::MouseWheel(int, int delta, int x, int y)
     const int notches = wheelDelta_ / kWheelNotch;
     wheelDelta_ %= kWheelNotch; // small deltas of a touch pad add up
     for (CorrTabPage* page : pages_) {
-        QGroupBox& group = page->Group();
+        QWidget& group = page->Group();
         const QRect place(group.mapToGlobal(QPoint()), group.size());
         if (notches != 0 && group.isVisible() && place.contains(x, y))
             page->Grid().TurnPage(notches > 0);

@@ -56,6 +56,7 @@ private:
     QLineEdit* TbAntCode = nullptr;
     QLineEdit* TbStartFreq = nullptr;
     QLineEdit* TbStopFreq = nullptr;
+    int shownTab_ = 0;
     int wheelDelta_ = 0; // remainder of less than a notch
 };
 

@@ -27,7 +27,7 @@ struct GridColumn {
     CellKind Kind;
     TextNumber<0> HeaderText;
     int MaxLength; ///< characters that can be typed; 0: read-only
-    int WidthDigits; ///< width in digits of the font; the last column takes the rest
+    int WidthDigits; ///< width in digits of the font; a last column of text, or all columns of numbers take the rest
     bool Sorts = false; ///< its header can be clicked
     const char* HeaderName = nullptr; ///< name of its header; null: LbHdr with the column's number
     int ShortCells = 0; ///< the cells of this many visible rows, from the last, take only `ShortLength` characters
@@ -178,6 +178,7 @@ private:
     int RowHeightPx() const;
     int HeaderHeightPx() const;
     int ColumnWidthPx(const GridColumn& column) const;
+    int SharePx() const;
 
     Cell& CellAt(int index, int column);
     Cell* CellOf(const QObject* control);

@@ -70,6 +70,12 @@ CellPalettes MakeCellPalettes(const QPalette& palette, const CellColours& colour
         fixed(kInvalidColour, QPalette::ButtonText) };
 }
 
+bool IsFocusMoved(const QFocusEvent& event)
+{
+    const Qt::FocusReason reason = event.reason();
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
+}
+
 GridText::GridText(QWidget* parent)
     : QLineEdit(parent)
 {
@@ -174,6 +180,22 @@ int GridLines::Room() const
     const QTextCursor caret = textCursor();
     const auto selected = caret.selectionEnd() - caret.selectionStart();
     return std::max(0, limit_ - static_cast<int>(Text().size()) + selected);
+}
+
+/// As in a text box, Tab selects the text.
+void GridLines::focusInEvent(QFocusEvent* event)
+{
+    QPlainTextEdit::focusInEvent(event);
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        selectAll();
+}
+
+/// Shows the beginning of the text, without a selection.
+void GridLines::focusOutEvent(QFocusEvent* event)
+{
+    QPlainTextEdit::focusOutEvent(event);
+    if (IsFocusMoved(*event))
+        moveCursor(QTextCursor::Start);
 }
 
 void GridLines::insertFromMimeData(const QMimeData* source)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -24,6 +25,9 @@ struct CellColours {
 /// Palettes by state, derived from the system's `palette`: plain cells on the base colour, the current row BB BB 55,
 /// invalid cells DD 77 77. If the system's text is light, text on a fixed background is black.
 CellPalettes MakeCellPalettes(const QPalette& palette, const CellColours& colours);
+
+/// False if another window or a menu takes the focus only for a while.
+bool IsFocusMoved(const QFocusEvent& event);
 
 /// A cell that shows text.
 class GridTextCell {
@@ -77,6 +81,8 @@ Q_SIGNALS:
     void Edited(const QString& text);
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;

@@ -21,13 +21,6 @@ constexpr int kRowPaddingPx = 8;
 constexpr int kHeaderPaddingPx = 12;
 constexpr int kColumnPaddingPx = 14;
 
-/// False if another window or a menu takes the focus only for a while.
-bool IsFocusMoved(const QEvent* event)
-{
-    const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
-}
-
 /// Up and Down move within the lines of a cell before they leave it.
 bool MovesInLines(const QWidget* control, int key)
 {
@@ -53,7 +46,7 @@ bool EditorGrid::OnCellEvent(Cell& cell, QEvent* event)
     case QEvent::FocusIn:
         return OnFocusIn(cell, static_cast<QFocusEvent*>(event)->reason());
     case QEvent::FocusOut:
-        if (IsFocusMoved(event)) {
+        if (IsFocusMoved(*static_cast<QFocusEvent*>(event))) {
             focused_ = nullptr;
             ColourCell(cell);
         }
@@ -214,16 +207,29 @@ QSize EditorGrid::minimumSizeHint() const
     return sizeHint();
 }
 
+/// What each column of numbers gets of the width that is left. A last column of text takes all of it.
+int EditorGrid::SharePx() const
+{
+    const auto isNumber = [](const GridColumn& column) { return column.Kind == CellKind::Number; };
+    if (!isNumber(columns_.back()))
+        return 0;
+    const auto sharing = static_cast<int>(std::count_if(columns_.begin(), columns_.end(), isNumber));
+    return std::max(0, width() - sizeHint().width()) / sharing;
+}
+
 void EditorGrid::LayOut()
 {
     const int scrollLeft = width() - VScroll1->sizeHint().width();
     const int headerBottom = kLinePx + HeaderHeightPx();
     const int rowHeight = RowHeightPx();
+    const int share = SharePx();
     int left = kLinePx;
     for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
+        const GridColumn& description = columns_[static_cast<size_t>(column)];
         const bool isLast = column + 1 == static_cast<int>(columns_.size());
-        const int columnWidth =
-            isLast ? scrollLeft - kLinePx - left : ColumnWidthPx(columns_[static_cast<size_t>(column)]);
+        const int columnWidth = isLast
+            ? scrollLeft - kLinePx - left
+            : ColumnWidthPx(description) + (description.Kind == CellKind::Number ? share : 0);
         headers_[static_cast<size_t>(column)]->setGeometry(left, kLinePx, columnWidth, HeaderHeightPx());
         for (int index = 0; index < shape_.VisibleRows; ++index) {
             const int top = headerBottom + index * (rowHeight + kLinePx);

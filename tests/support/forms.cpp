@@ -12,11 +12,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTabBar>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QWindow>
 #include <QtTest/qtestspontaneevent.h>
+
+#include <map>
 
 namespace tarvik {
 
@@ -234,6 +237,33 @@ void ExpectTabOrder(QWidget& form)
     for (int at = 1; at < reached.size(); ++at) {
         EXPECT_TRUE(IsReadAfter(PlaceIn(reached[at - 1], form), PlaceIn(reached[at], form)))
             << NameOf(reached[at - 1]) << " comes before " << NameOf(reached[at]);
+    }
+}
+
+void ExpectMnemonics(QWidget& form)
+{
+    std::map<QString, std::string> taken;
+    const auto take = [&taken](const QString& caption, const std::string& name, bool isNeeded) {
+        const QString keys = QKeySequence::mnemonic(caption).toString();
+        if (keys.isEmpty()) {
+            EXPECT_FALSE(isNeeded) << name << " has no mnemonic";
+            return;
+        }
+        const auto [at, isFree] = taken.emplace(keys, name);
+        EXPECT_TRUE(isFree) << name << " and " << at->second << " share " << keys.toStdString();
+    };
+    for (const QWidget* control : form.findChildren<QWidget*>()) {
+        if (!control->isVisible())
+            continue;
+        const auto* button = qobject_cast<const QAbstractButton*>(control);
+        const auto* label = qobject_cast<const QLabel*>(control);
+        const auto* tabs = qobject_cast<const QTabBar*>(control);
+        if (button != nullptr && !button->text().isEmpty())
+            take(button->text(), NameOf(control), button->isEnabled());
+        else if (label != nullptr && label->buddy() != nullptr)
+            take(label->text(), NameOf(control), false);
+        for (int tab = 0; tabs != nullptr && tab < tabs->count(); ++tab)
+            take(tabs->tabText(tab), NameOf(control), true);
     }
 }
 

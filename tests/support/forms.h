@@ -74,6 +74,9 @@ void ExpectControls(QWidget& form, const QStringList& names);
 /// Tab reaches every control that can take the focus once, in reading order, and each has an accessible name.
 void ExpectTabOrder(QWidget& form);
 
+/// Each push button that can be pressed and each tab has a mnemonic, and no two controls of the form share one.
+void ExpectMnemonics(QWidget& form);
+
 /// No label, button or frame title is wider or higher than its control.
 void ExpectNothingClipped(QWidget& form);
 

@@ -250,7 +250,56 @@ public:
 
 class Escape : public FormTest { };
 
+/// Asks before it closes; the answer is always no.
+class AskingForm final : public FormBase {
+public:
+    AskingForm()
+        : FormBase("AskingForm")
+    {
+    }
+    int Questions = 0;
+    std::function<void(FormBase& question)> During;
+
+protected:
+    bool OnLoad() override
+    {
+        DialogPush(*this, false);
+        return true;
+    }
+    bool QueryUnload() override
+    {
+        ++Questions;
+        ListForm question;
+        RunForm(question, [&] { During(question); });
+        return false;
+    }
+};
+
 } // namespace
+
+TEST_F(Escape, AnswersAQuestionOnlyIfPressedAgain)
+{
+    AskingForm form;
+    form.During = [](FormBase& question) {
+        KeyUp(Qt::Key_Escape);
+        EXPECT_FALSE(question.IsClosed());
+        KeyDown(Qt::Key_Escape);
+        EXPECT_TRUE(question.IsClosed());
+    };
+    ShowForm(form);
+    KeyDown(Qt::Key_Escape);
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    KeyUp(Qt::Key_Escape); // of the answer
+    EXPECT_EQ(form.Questions, 1);
+    form.During = [](FormBase& question) {
+        KeyUp(Qt::Key_Escape);
+        question.Unload();
+    };
+    KeyDown(Qt::Key_Escape);
+    EXPECT_EQ(form.Questions, 2);
+    DialogEnd(form, 0);
+}
 
 TEST_F(Escape, ClosesAFormThatHasNoCancelButton)
 {

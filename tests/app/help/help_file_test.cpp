@@ -128,6 +128,17 @@ TEST_F(HelpBook, HasATopicForEditorAndEntryDialog)
         ExpectTopic(number);
 }
 
+TEST_F(HelpBook, HasATopicForTheOtherEditorsAndTheDiagram)
+{
+    for (int number : { 10720, 10722, 10726, 10728, 10730, 10732, 10735, 10736, 10737, 10749, 10752, 10757, 10767,
+             10772, 13505, 13506 })
+        ExpectTopic(number);
+    for (int number = 10776; number <= 10809; ++number)
+        ExpectTopic(number);
+    for (int number = 10930; number <= 10933; ++number)
+        ExpectTopic(number);
+}
+
 TEST_F(HelpBook, HasATopicForTheConnectionForms)
 {
     for (int number = 10300; number <= 10303; ++number)

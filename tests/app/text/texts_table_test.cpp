@@ -213,7 +213,8 @@ TEST_F(TextTable, HasUniqueMnemonicsInEachForm)
     ExpectUniqueMnemonics("antenna list",
         Joined(Joined(editor, { 10711, 10725, 10727, 10729, 10731, 10748 }),
             { 10790, 10791, 10792, 10793, 10794, 10795, 10796, 10797, 10798, 10799 }));
-    ExpectUniqueMnemonics("correction set", Joined(editor, { 10711, 10721, 10723, 10805, 10806, 10807, 10808, 10809 }));
+    ExpectUniqueMnemonics("correction set",
+        Joined(editor, { 10711, 10721, 10723, 10735, 10736, 10737, 10805, 10806, 10807, 10808, 10809 }));
     ExpectUniqueMnemonics("about", { 10004, 10006, 10009 });
     ExpectUniqueMnemonics("versions", { 11709, 11710 });
     ExpectUniqueMnemonics("message", { 13100, 13101, 13103, 13105, 13110, 13112 });

@@ -35,6 +35,28 @@ TEST_F(AntennaForm, TabReachesEveryControl)
     ExpectTabOrder(form);
 }
 
+TEST_F(AntennaForm, CommandsHaveTheirMnemonics)
+{
+    OpenList({ FullRow() });
+    ExpectMnemonics(form);
+}
+
+TEST_F(AntennaForm, ControlsHaveTheirTopics)
+{
+    Open();
+    const QList<std::pair<QString, int>> topics{ { "TbName", 10764 }, { "CbExt", 10764 }, { "TbDescr", 10745 },
+        { "LbHdr0", 11991 }, { "LbCol0[3]", 11991 }, { "CbCol1[0]", 11991 }, { "TbCol3[9]", 11991 },
+        { "VScroll1", 11991 }, { "FrAntennaLst", 11991 }, { "FrProperties", 11991 }, { "TbAntennaName", 11991 },
+        { "TbStartFreq", 11991 }, { "TbStopFreq", 11991 }, { "TbFreqOffset", 11991 }, { "CbPassiveBits", 11991 },
+        { "CbActiveBits", 11991 }, { "TbAntennaCode", 11991 }, { "TbNorthOffset", 11991 }, { "TbKfactor", 10726 },
+        { "BtSelectKfactor", 10726 }, { "BtNewKfactor", 10728 }, { "TbCorrectionSet", 10726 },
+        { "BtSelectCorrectionSet", 10730 }, { "BtNewCorrectionSet", 10732 }, { "BtCorrectionSetEdit", 10749 },
+        { "BtDelete", 10712 }, { "BtNew", 10718 }, { "BtOpen", 10714 }, { "BtSave", 10716 }, { "BtHelp", 10734 },
+        { "BtClose", 10710 } };
+    for (const auto& [name, topic] : topics)
+        EXPECT_EQ(HelpNumberOf(&FindControl(form, name)), topic) << name.toStdString();
+}
+
 TEST_F(AntennaForm, HelpShowsItsTopic)
 {
     FakeHelp help;

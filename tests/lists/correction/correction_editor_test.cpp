@@ -41,6 +41,37 @@ TEST_F(CorrectionForm, NothingIsClippedOnAnyTab)
     }
 }
 
+TEST_F(CorrectionForm, TabOrderIsReadingOrderOnEachTab)
+{
+    Open(StoredSet("Mast.tvc"));
+    for (int tab = 0; tab < 3; ++tab) {
+        Tabs().setCurrentIndex(tab);
+        ExpectTabOrder(form);
+    }
+}
+
+TEST_F(CorrectionForm, CommandsOfEachTabHaveTheirMnemonics)
+{
+    Open(StoredSet("Mast.tvc"));
+    for (int tab = 0; tab < 3; ++tab) {
+        Tabs().setCurrentIndex(tab);
+        ExpectMnemonics(form);
+    }
+}
+
+TEST_F(CorrectionForm, ControlsHaveTheirTopics)
+{
+    Open();
+    const QList<std::pair<QString, int>> topics{ { "CbExt", 10764 }, { "TbFileName", 11999 }, { "TbAntName", 11999 },
+        { "TbManufacturerName", 11999 }, { "TbAntCode", 11999 }, { "TbStartFreq", 11999 }, { "TbStopFreq", 11999 },
+        { "CsTab", 11999 }, { "KT_LbHdr_freq", 11999 }, { "KT_TbCol_passive[0]", 11999 }, { "OP_TbCol_deg[19]", 11999 },
+        { "AZ_TbCol_azimuth[8]", 11999 }, { "AZ_VScroll", 11999 }, { "KT_BtSort", 10724 }, { "OP_BtView", 10722 },
+        { "AZ_BtDelete", 10712 }, { "BtNew", 10718 }, { "BtOpen", 10714 }, { "BtSave", 10716 }, { "BtHelp", 10734 },
+        { "BtClose", 10710 } };
+    for (const auto& [name, topic] : topics)
+        EXPECT_EQ(HelpNumberOf(&FindControl(form, name)), topic) << name.toStdString();
+}
+
 TEST_F(CorrectionForm, HelpShowsItsTopic)
 {
     FakeHelp help;

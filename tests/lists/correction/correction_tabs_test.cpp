@@ -20,9 +20,13 @@ class CorrectionTabs : public CorrectionForm {
 protected:
     void ClickTab(int index)
     {
+        ClickWithoutCheck(index);
+        EXPECT_EQ(Tabs().currentIndex(), index);
+    }
+    void ClickWithoutCheck(int index)
+    {
         auto& bar = *Tabs().tabBar();
         QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(index).center());
-        EXPECT_EQ(Tabs().currentIndex(), index);
     }
     GridLines& Angles(int index)
     {
@@ -211,8 +215,9 @@ TEST_F(CorrectionTabs, TabClickKeepsTheFocusInABadHeaderBox)
     Open(StoredSet("Mast.tvc"));
     Type(form, "TbAntCode", "x");
     Answers().Expect(12765, Ok);
-    ClickTab(1);
+    ClickWithoutCheck(1);
     EXPECT_TRUE(HasFocus(form, "TbAntCode"));
+    EXPECT_EQ(Tabs().currentIndex(), 0);
 }
 
 TEST_F(CorrectionTabs, TabClickGoesToTheFirstCellInView)

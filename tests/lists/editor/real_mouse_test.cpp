@@ -1,10 +1,10 @@
 // Leaving a bad cell with a real mouse and keyboard: xdotool sends the events through the display server. Runs on a
 // display with a window manager.
-#include "app/message/FmMessage.h"
+#include "tests/lists/editor/real_input_fixture.h"
+
 #include "lists/editor/editorGeneral.h"
 #include "tests/lists/editor/list_form_fixture.h"
 #include "tests/support/fakeHelp.h"
-#include "tests/support/realInput.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -13,40 +13,12 @@
 #include <QProcess>
 #include <QScrollBar>
 #include <QStyle>
-#include <QStyleOptionSlider>
 #include <QTest>
 #include <QTimer>
 
 namespace tarvik {
 
 namespace {
-
-/// The program's own message form; Enter answers it as soon as it has the keyboard and `IsReady`.
-class RealMessages final : public MessagePresenter {
-public:
-    void Present(MessageRequest& request) override
-    {
-        Shown.append(request.HelpNumber);
-        FmMessage form(request, QApplication::activeWindow());
-        QTimer poll;
-        poll.callOnTimeout([&] {
-            if (QGuiApplication::focusWindow() != form.windowHandle() || QGuiApplication::focusWindow() == nullptr)
-                return;
-            if (!IsReady())
-                return;
-            poll.stop();
-            QProcess::startDetached(QStringLiteral("xdotool"), Keys);
-        });
-        poll.start(1);
-        DialogShow(form);
-        ++Answered;
-    }
-
-    std::function<bool()> IsReady = [] { return true; };
-    QStringList Keys{ "key", "--clearmodifiers", "Return" };
-    QList<int> Shown;
-    int Answered = 0;
-};
 
 /// Counts the presses of Enter, repeats included, that reach the program.
 class EnterCounter final : public QObject {
@@ -104,17 +76,9 @@ protected:
         ClickAt(control, control.rect().center(), button);
     }
 
-    /// The centre of a part of the scroll bar.
     QPoint PartOfBar(QStyle::SubControl part)
     {
-        QStyleOptionSlider option;
-        option.initFrom(&Bar());
-        option.orientation = Qt::Vertical;
-        option.maximum = Bar().maximum();
-        option.pageStep = Bar().pageStep();
-        option.sliderPosition = option.sliderValue = Bar().value();
-        option.subControls = QStyle::SC_All;
-        return Bar().style()->subControlRect(QStyle::CC_ScrollBar, &option, part, &Bar()).center();
+        return tarvik::PartOfBar(Bar(), part);
     }
 
     void TypeBadFrequency()

@@ -82,6 +82,24 @@ TEST_F(KfactorEditor, TabOrderIsReadingOrder)
     ExpectTabOrder(form);
 }
 
+TEST_F(KfactorEditor, CommandsHaveTheirMnemonics)
+{
+    Open(StoredTable("Mast.tvk", { 30e6, 40e6 }));
+    ExpectMnemonics(form);
+}
+
+TEST_F(KfactorEditor, ControlsHaveTheirTopics)
+{
+    Open();
+    const QList<std::pair<QString, int>> topics{ { "TbName", 10764 }, { "CbExt", 10764 }, { "TbDescr", 10745 },
+        { "LbHdr0", 11993 }, { "LbCol0[3]", 11993 }, { "TbCol1[0]", 11993 }, { "TbCol2[9]", 11993 },
+        { "TbCol3[19]", 11993 }, { "VScroll1", 11993 }, { "FrKfactors", 11993 }, { "BtSort", 10724 },
+        { "BtView", 10722 }, { "BtDelete", 10712 }, { "BtNew", 10718 }, { "BtOpen", 10714 }, { "BtSave", 10716 },
+        { "BtHelp", 10734 }, { "BtClose", 10710 } };
+    for (const auto& [name, topic] : topics)
+        EXPECT_EQ(HelpNumberOf(&FindControl(form, name)), topic) << name.toStdString();
+}
+
 TEST_F(KfactorEditor, HelpShowsItsTopic)
 {
     FakeHelp help;

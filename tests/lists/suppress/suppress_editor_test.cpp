@@ -65,6 +65,24 @@ TEST_F(SuppressEditor, TabOrderIsReadingOrder)
     ExpectTabOrder(form);
 }
 
+TEST_F(SuppressEditor, CommandsHaveTheirMnemonics)
+{
+    Open(StoredList("Bands.tvs", { { 1e6, 2e6 } }));
+    ExpectMnemonics(form);
+}
+
+TEST_F(SuppressEditor, ControlsHaveTheirTopics)
+{
+    Open();
+    const QList<std::pair<QString, int>> topics{ { "TbName", 10764 }, { "CbExt", 10764 }, { "TbDescr", 10745 },
+        { "LbHdr0", 11997 }, { "LbCol0[3]", 11997 }, { "CbCol1[0]", 11997 }, { "TbCol2[9]", 11997 },
+        { "TbCol4[19]", 11997 }, { "VScroll1", 11997 }, { "FrSuppressLst", 11997 }, { "BtSort", 10724 },
+        { "BtSortMerge", 10720 }, { "BtDelete", 10712 }, { "BtNew", 10718 }, { "BtOpen", 10714 }, { "BtSave", 10716 },
+        { "BtHelp", 10734 }, { "BtClose", 10710 } };
+    for (const auto& [name, topic] : topics)
+        EXPECT_EQ(HelpNumberOf(&FindControl(form, name)), topic) << name.toStdString();
+}
+
 TEST_F(SuppressEditor, HelpShowsItsTopic)
 {
     FakeHelp help;

@@ -69,7 +69,8 @@ void AddEdge(int16_t* changes, float row, int sign)
 {
     constexpr int kWhole = kWholeCoverage / kSlices;
     const auto whole = static_cast<int>(row); // not negative
-    const auto fraction = static_cast<int>((row - static_cast<float>(whole)) * kWhole + 0.5F);
+    const auto halves = static_cast<int>((row - static_cast<float>(whole)) * (2 * kWhole));
+    const int fraction = (halves + 1) / 2;
     int16_t* change = changes + static_cast<ptrdiff_t>(whole) * kTileColumns;
     change[0] = static_cast<int16_t>(change[0] + sign * (kWhole - fraction));
     change[kTileColumns] = static_cast<int16_t>(change[kTileColumns] + sign * fraction);
@@ -186,7 +187,7 @@ Stroke::Rows Stroke::AddEdges(const Canvas& canvas, int tile, int columns, Strok
     };
     Rows changed{ rows, 0 };
     for (int at = 0; at < columns * kSlices; ++at) {
-        const auto slice = static_cast<size_t>(tile * kSlices + at);
+        const auto slice = static_cast<size_t>(tile) * kSlices + static_cast<size_t>(at);
         const float top = limited(tops_[slice]);
         const float bottom = limited(bottoms_[slice]);
         if (top >= bottom)

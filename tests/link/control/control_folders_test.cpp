@@ -249,6 +249,23 @@ TEST_F(ControlEditors, DoubleClickEntersFolderOrOpensFile)
     EXPECT_EQ(Asked, QStringList());
 }
 
+TEST_F(ControlEditors, DoubleClickAndEditOpenTheEditorOfEachClass)
+{
+    const QList<std::pair<FileClass, QString>> files{ { FileClassAntennaList, "a.tva" },
+        { FileClassKfactorTable, "a.tvk" }, { FileClassMemoryList, "a.tvm" }, { FileClassSuppressList, "a.tvs" },
+        { FileClassCorrectionSet, "a.tvc" } };
+    for (const auto& [fileClass, name] : files) {
+        OnPc({ name });
+        Open(fileClass);
+        const QString opened = QStringLiteral("editor %1 ").arg(FileClassNumber(fileClass)) + PcFile(name);
+        ControlOpenRow(Control, ControlSide::Pc, static_cast<int>(Names(ControlSide::Pc).indexOf(name)));
+        EXPECT_EQ(Asked.count(opened), 1) << name.toStdString();
+        Select(ControlSide::Pc, { name });
+        ControlEdit(Control);
+        EXPECT_EQ(Asked.count(opened), 2) << name.toStdString();
+    }
+}
+
 TEST_F(ControlEditors, DoubleClickOnFileOfInstrumentDoesNothing)
 {
     OnInstr({ "a.png", "+Trip" });

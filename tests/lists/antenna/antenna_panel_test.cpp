@@ -142,4 +142,15 @@ TEST_F(AntennaForm, ChoiceOfBitsChangesItsOwnBitsOnly)
     EXPECT_EQ(Saved().Row(0), FullRow());
 }
 
+TEST_F(AntennaForm, BoxesOfAnUnusedRowAreNotChecked)
+{
+    Open();
+    FindControl(form, "TbStartFreq").setFocus();
+    Key(Qt::Key_Tab);
+    EXPECT_TRUE(HasFocus(form, "TbStopFreq"));
+    EXPECT_TRUE(form.LineValid());
+    EXPECT_EQ(TextIn("TbStartFreq"), "0.000000") << "not raised to the limit";
+    EXPECT_FALSE(Editor().EditorDirty);
+}
+
 } // namespace tarvik

@@ -398,4 +398,12 @@ TEST_F(DiagramLayouts, LegendStaysAboveThePlot)
     }
 }
 
+TEST_F(DiagramLayouts, FallingFrequenciesHaveThePrefixOfTheFirst)
+{
+    const DiagramText text = TextOf(Between(3e9, 9000));
+    EXPECT_EQ(text.XCaption, "Frequency : MHz");
+    EXPECT_EQ(text.XLabels.front(), "3000");
+    EXPECT_EQ(text.XLabels.back(), "0.009");
+}
+
 } // namespace tarvik

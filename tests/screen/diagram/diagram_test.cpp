@@ -176,6 +176,7 @@ TEST_F(Diagrams, BlackAndWhiteIsBlackOnWhite)
     const QImage picture = diagram->Draw(kSize, 1);
     EXPECT_EQ(picture.pixel(0, 0), 0xFFFFFFFF);
     EXPECT_GT(Count(picture, 0xFF000000), 2000);
+    EXPECT_GT(Count(picture, 0xFFC8C8C8), 2000) << "the grid";
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x)
             ASSERT_TRUE(qIsGray(picture.pixel(x, y)));

@@ -100,7 +100,11 @@ bool FmEditorAntenna::Validate()
         return false;
     if (!AreValid(std::array{ AntennaField::Name }) || !LineValid() || !AreValid(kAntennaTexts))
         return false;
-    const auto refusal = ValidateAntennaRows(table_.Rows);
+    const auto refusal = [this] {
+        const QScopedValueRollback dirty(
+            Editor().EditorDirty); // swapping start and stop is no change to be asked about
+        return EditRows(table_.Rows, *this, [this] { return ValidateAntennaRows(table_.Rows); });
+    }();
     Grid().FillRows(true);
     SelectAntennaRow(selected_, true); // start and stop may have been swapped
     if (!refusal.has_value())
@@ -161,7 +165,8 @@ void FmEditorAntenna::SelectAntennaRow(int row, bool force)
 {
     if (row != selected_ || force) {
         selected_ = row;
-        panel_->ShowRow(table_.Row(row));
+        const QScopedValueRollback dirty(Editor().EditorDirty); // nor is resetting bits that are out of range
+        EditRow(table_.Rows, row, *this, [this](AntennaRow& record) { panel_->ShowRow(record); });
     }
     BtDelete->setEnabled(table_.Row(row).Used);
 }

@@ -139,6 +139,11 @@ void CorrTabPage::BuildCommands(QWidget* list)
 void CorrTabPage::Refill()
 {
     rows_ = CorrRowsOf(table_, records_);
+    ShowFromTop();
+}
+
+void CorrTabPage::ShowFromTop()
+{
     grid_->ResetCurrent();
     grid_->ScrollToTop();
     grid_->FillRows(true);
@@ -165,7 +170,11 @@ bool CorrTabPage::Sort()
 {
     if (!SortCorrRecords(table_, records_))
         return false;
-    Refill();
+    EditRows(rows_, *this, [this] {
+        rows_ = CorrRowsOf(table_, records_);
+        return true;
+    });
+    ShowFromTop();
     return true;
 }
 

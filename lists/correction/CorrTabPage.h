@@ -49,6 +49,7 @@ Q_SIGNALS:
 
 private:
     void BuildCommands(QWidget* list);
+    void ShowFromTop();
     void OnDelete();
     bool ShowFault(const CorrFault& fault);
 

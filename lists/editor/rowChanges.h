@@ -27,4 +27,17 @@ void EditRow(std::vector<Record>& rows, int row, RowChanges<Record>& changes, Ed
         changes.RowChanged(row, before, record);
 }
 
+/// Lets `edit()` change any rows, and reports those that it has, in their order. Returns what `edit` returns.
+template <typename Record, typename Edit>
+auto EditRows(std::vector<Record>& rows, RowChanges<Record>& changes, Edit edit)
+{
+    const std::vector<Record> before = rows;
+    auto result = edit();
+    for (size_t row = 0; row < rows.size(); ++row) {
+        if (!(rows[row] == before[row]))
+            changes.RowChanged(static_cast<int>(row), before[row], rows[row]);
+    }
+    return result;
+}
+
 } // namespace tarvik

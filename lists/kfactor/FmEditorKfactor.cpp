@@ -1,4 +1,5 @@
 #include "lists/kfactor/FmEditorKfactor.h"
+#include "lists/editor/editorGeneral.h"
 
 #include "app/forms/focusRules.h"
 #include "app/message/message.h"
@@ -7,6 +8,7 @@
 #include "screen/diagram/datasetViewer.h"
 
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 #include <array>
 
@@ -170,7 +172,8 @@ bool FmEditorKfactor::SortKfactorTable()
         return false;
     TakeHead(ListName(), ListDescription());
     const BusyPointer busy(*this);
-    if (!SortKfactorRows(Kfactors()))
+    const QScopedValueRollback dirty(Editor().EditorDirty); // sorting is no change to be asked about
+    if (!EditRows(Kfactors().Rows, *this, [] { return SortKfactorRows(Kfactors()); }))
         return false;
     ShowFromTop();
     return true;

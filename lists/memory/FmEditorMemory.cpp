@@ -1,4 +1,5 @@
 #include "lists/memory/FmEditorMemory.h"
+#include "lists/editor/editorGeneral.h"
 
 #include "app/forms/focusRules.h"
 #include "app/text/lang.h"
@@ -12,6 +13,7 @@
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -99,7 +101,8 @@ bool FmEditorMemory::WriteList(const QString& path, const QString& name, const Q
 {
     table_.MemoryListName = name;
     table_.MemoryListDescription = description;
-    return WriteMemoryList(path, table_);
+    const QScopedValueRollback dirty(Editor().EditorDirty);
+    return EditRows(table_.Rows, *this, [&] { return WriteMemoryList(path, table_); });
 }
 
 bool FmEditorMemory::IsRowUsed(int row) const
@@ -192,7 +195,8 @@ bool FmEditorMemory::SortMemoryList()
     table_.MemoryListName = ListName();
     table_.MemoryListDescription = ListDescription();
     const BusyPointer busy(*this);
-    return tarvik::SortMemoryList(table_, SortKey());
+    const QScopedValueRollback dirty(Editor().EditorDirty); // set by the caller
+    return EditRows(table_.Rows, *this, [this] { return tarvik::SortMemoryList(table_, SortKey()); });
 }
 
 MemorySortKey FmEditorMemory::SortKey() const

@@ -1,10 +1,12 @@
 #include "lists/suppress/FmEditorSuppress.h"
+#include "lists/editor/editorGeneral.h"
 
 #include "app/forms/focusRules.h"
 #include "link/classes/textRules.h"
 #include "lists/suppress/suppressCells.h"
 
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <array>
@@ -79,7 +81,8 @@ bool FmEditorSuppress::WriteList(const QString& path, const QString& name, const
 {
     table_.Name = name;
     table_.Description = description;
-    const bool isWritten = WriteSuppressFile(path, table_);
+    const QScopedValueRollback dirty(Editor().EditorDirty);
+    const bool isWritten = EditRows(table_.Rows, *this, [&] { return WriteSuppressFile(path, table_); });
     ShowHead(table_.Name, table_.Description); // as the store has returned them, also if nothing is written
     Grid().FillRows(true);
     return isWritten;
@@ -168,11 +171,13 @@ bool FmEditorSuppress::Sort(bool (*sort)(SuppressTable& table))
     table_.Name = ListName();
     table_.Description = ListDescription();
     const BusyPointer busy(*this);
-    if (!sort(table_))
+    const bool wasDirty = Editor().EditorDirty;
+    const bool isSorted = EditRows(table_.Rows, *this, [&] { return sort(table_); });
+    Editor().EditorDirty = wasDirty || isSorted;
+    if (!isSorted)
         return false;
     ShowHead(table_.Name, table_.Description);
     ShowFromTop();
-    SetDirty();
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "app/platform/seams.h"
 #include "composition.h"
 #include "tests/tour/instrument.h"
+#include "tests/tour/listSteps.h"
 #include "tests/tour/player.h"
 #include "tests/tour/results.h"
 #include "tests/tour/screenSteps.h"
@@ -77,7 +78,9 @@ int Play(const QString& pictureFolder, const QString& workFolder)
     }
     const QString shotFolder = programFolder + QStringLiteral("Screen Shots/");
     QDir::setCurrent(shotFolder); // initial folder of the file control window for a class without its own folder
-    TourPlayer player(TourSteps(pcFolder, workFolder + QStringLiteral("pictures/"), instrument), pictureFolder);
+    const TourFolders folders{ pcFolder, workFolder + QStringLiteral("lists/"),
+        workFolder + QStringLiteral("pictures/") };
+    TourPlayer player(TourSteps(folders, instrument), pictureFolder);
     ShortenTimers(player);
     player.Start();
     MfMain frame(workFolder + QStringLiteral("program"));
@@ -86,8 +89,8 @@ int Play(const QString& pictureFolder, const QString& workFolder)
     const int result = QApplication::exec();
     if (result != EXIT_SUCCESS || !player.IsDone())
         return EXIT_FAILURE;
-    return CheckTourResults(pcFolder, shotFolder, instrument)
-            && CheckScreenResults(workFolder + QStringLiteral("pictures/"))
+    return CheckTourResults(pcFolder, shotFolder, instrument) && CheckScreenResults(folders.Pictures)
+            && CheckListResults(folders.OtherLists)
         ? EXIT_SUCCESS
         : EXIT_FAILURE;
 }
@@ -108,7 +111,7 @@ int main(int argc, char** argv)
     EmptyFolder(pictureFolder);
     QTemporaryDir work;
     const QString workFolder = work.path() + u'/';
-    for (const char* name : { "program", "program/Memory List", "program/Screen Shots", "home", "pictures" })
+    for (const char* name : { "program", "program/Memory List", "program/Screen Shots", "home", "lists", "pictures" })
         QDir(workFolder).mkdir(QString::fromLatin1(name));
     qputenv("XDG_DATA_HOME", QFile::encodeName(workFolder + QStringLiteral("home"))); // location of the trash
     LinkProgram(workFolder + QStringLiteral("program/"));

@@ -2,6 +2,7 @@
 
 #include "tests/tour/controls.h"
 #include "tests/tour/instrument.h"
+#include "tests/tour/listSteps.h"
 #include "tests/tour/screenSteps.h"
 
 #include <QComboBox>
@@ -216,13 +217,13 @@ std::vector<TourStep> EndSteps()
 
 } // namespace
 
-std::vector<TourStep> TourSteps(const QString& folder, const QString& shotFolder, TourInstrument& instrument)
+std::vector<TourStep> TourSteps(const TourFolders& folders, TourInstrument& instrument)
 {
     std::vector<TourStep> steps;
-    for (const std::vector<TourStep>& part : { FetchSteps(), EditSteps(), SaveSteps(folder), SendSteps(),
+    for (const std::vector<TourStep>& part : { FetchSteps(), EditSteps(), SaveSteps(folders.MemoryLists), SendSteps(),
              OpenShotsSteps(), CleanUpSteps("LvPc", "BtPcDirNew", "BtPcRen", "BtPcDel"),
              CleanUpSteps("LvInstr", "BtInstrDirNew", "BtInstrRen", "BtInstrDel"), LostSteps(instrument),
-             ScreenSteps(shotFolder), EndSteps() })
+             ScreenSteps(folders.Pictures), ListSteps(folders.OtherLists), EndSteps() })
         steps.insert(steps.end(), part.begin(), part.end());
     return steps;
 }

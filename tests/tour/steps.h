@@ -1,5 +1,6 @@
 // tests/tour/steps.h: the main tasks: connect, fetch the memory list, edit and sort it, save it in both formats, send
-// it back, clean up the screen shots, reconnect after a lost link, and work with pictures of the display.
+// it back, clean up the screen shots, reconnect after a lost link, work with pictures of the display, and edit one list
+// of each other kind.
 #pragma once
 
 #include "tests/tour/player.h"
@@ -16,7 +17,14 @@ inline constexpr const char* kTourListName = "Tour";
 /// The list on the instrument at the start.
 inline constexpr const char* kTourFirstList = "Marine-VHF.tvm";
 
-/// Lists of the PC are in `folder`, pictures in `shotFolder`. `instrument` is running; steps stop and restart it.
-std::vector<TourStep> TourSteps(const QString& folder, const QString& shotFolder, TourInstrument& instrument);
+/// Where the steps save, by folders that end in the separator.
+struct TourFolders {
+    QString MemoryLists;
+    QString OtherLists;
+    QString Pictures;
+};
+
+/// `instrument` is running; steps stop and restart it.
+std::vector<TourStep> TourSteps(const TourFolders& folders, TourInstrument& instrument);
 
 } // namespace tarvik

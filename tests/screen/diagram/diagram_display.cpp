@@ -1,6 +1,6 @@
-// diagram_display [FOLDER]: shows a diagram above the frame on a real display and works with it as a user does: menu,
-// description, copy, black and white, maximise, save, close. With a folder, leaves pictures of the screen there. Needs
-// a display with a window manager.
+// diagram_display [FOLDER]: shows a diagram above the frame and its tiled windows on a real display and works with it
+// as a user does: menu, description, copy, selection of windows, smallest size, black and white, maximise, save, close.
+// With a folder, leaves pictures of the screen there. Needs a display with a window manager.
 #include "app/frame/MfMain.h"
 #include "app/menu/commands.h"
 #include "app/platform/seams.h"
@@ -12,12 +12,14 @@
 #include "screen/diagram/datasetViewer.h"
 #include "screen/document/compose.h"
 #include "screen/files/pictureFile.h"
+#include "screen/window/arrange.h"
 #include "screen/window/screenWindow.h"
 #include "tests/screen/diagram/diagram_fixture.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
@@ -35,6 +37,7 @@ namespace tarvik {
 namespace {
 
 constexpr int kLongestMs = 20000;
+constexpr int kPictures = 2;
 
 void Require(bool condition, const char* what)
 {
@@ -104,6 +107,8 @@ public:
         Shoot("plain");
         TypeDescription();
         Copy();
+        SelectWindows();
+        Shrink();
         Maximise();
         Save();
         ChooseBlackAndWhite();
@@ -162,6 +167,36 @@ private:
         Require(copied == ComposeWindow(id_), "another picture is on the clipboard");
     }
 
+    void SelectWindows()
+    {
+        QTimer::singleShot(0, form_, [this] {
+            WaitFor([this] { return DialogTop() != form_; }, "no selection of windows");
+            auto* select = dynamic_cast<FormBase*>(DialogTop());
+            Require(select != nullptr && select->objectName() == QLatin1String("FmSelectWindow"), "another form");
+            Require(QTest::qWaitForWindowActive(select, kLongestMs), "the selection does not become active");
+            const auto* list = select->findChild<QListWidget*>(QStringLiteral("LxWin"));
+            Require(list->count() == 1 + kPictures, "the list has other windows");
+            Require(list->currentItem()->text() == form_->windowTitle(), "the diagram is not the current window");
+            Shoot("selection");
+            select->findChild<QPushButton*>(QStringLiteral("BtOk"))->click();
+        });
+        ChooseWindows(MaskAll, true);
+        Require(TheScreenWindows().Chosen == QVector<WindowId>{ id_ }, "other windows are chosen");
+        WaitFor([this] { return form_->isActiveWindow(); }, "the viewer does not become active again");
+    }
+
+    void Shrink()
+    {
+        const QSize before = form_->size();
+        form_->resize(1, 1);
+        WaitFor([this] { return form_->size() == form_->minimumSize(); }, "the window is not as small as it can be");
+        Require(graph_->size() == QSize(320, 200), "the picture has another smallest size");
+        ExpectPicture("the smallest window shows another picture");
+        Shoot("smallest");
+        form_->resize(before);
+        WaitFor([&] { return form_->size() == before; }, "the window does not return to its size");
+    }
+
     void Maximise()
     {
         const QSize before = graph_->size();
@@ -211,6 +246,20 @@ private:
     WindowId id_ = 0;
 };
 
+/// Pictures in windows of the frame, side by side.
+void TilePictures()
+{
+    for (int at = 0; at < kPictures; ++at) {
+        const WindowSlot slot = WindowAllocate(WindowType::Screen, WindowSubtype::File);
+        NewDocument document;
+        document.Master = QImage(640, 440, QImage::Format_RGB32);
+        document.Master.fill(QColor(40, 60 + 80 * at, 90));
+        document.Caption = QStringLiteral("picture %1.png").arg(at + 1);
+        ScreenCreate(slot, document);
+    }
+    ArrangeWindows(Arrangement::TileVertically);
+}
+
 } // namespace
 
 } // namespace tarvik
@@ -231,9 +280,10 @@ int main(int argc, char** argv)
     frame.InstallKeyboardHook();
     Program().Started = true;
     Require(QTest::qWaitForWindowActive(&frame, kLongestMs), "the frame does not become active");
+    TilePictures();
     Walk walk(QApplication::arguments().value(1));
     QTimer::singleShot(0, &frame, [&walk] { walk.Run(); });
     Require(DatasetShow(KfactorInput(200, 3)), "nothing was shown");
-    Require(CanAct() && WindowCount() == 0, "something stays open");
+    Require(CanAct() && WindowCount() == kPictures, "something stays open");
     return EXIT_SUCCESS;
 }

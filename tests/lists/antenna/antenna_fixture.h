@@ -7,9 +7,9 @@
 
 namespace tarvik {
 
-/// Starts with the antenna list as the current list type.
+/// Starts with the antenna list as the current list type. `Base` has a ListStart.
 template <typename Base>
-class AntennaTest : public Base, protected ListStart {
+class AntennaTest : public Base {
 protected:
     AntennaTest()
     {

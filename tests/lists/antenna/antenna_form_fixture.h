@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tests/lists/antenna/antenna_fixture.h"
-#include "tests/support/forms.h"
+#include "tests/lists/editor/editor_form_fixture.h"
 
 #include "lists/antenna/FmEditorAntenna.h"
 
@@ -12,46 +12,21 @@
 
 namespace tarvik {
 
-class AntennaForm : public AntennaTest<FormTest> {
+class AntennaForm : public AntennaTest<EditorFormTest<FmEditorAntenna>> {
 protected:
-    ~AntennaForm() override
-    {
-        if (!form.IsClosed())
-            GiveUp();
-    }
     void Open(const QString& path = {})
     {
         Editor().EditorIsOpen = true; // as OpenEditor does
-        Editor().EditorOpenFile = path;
-        ShowForm(form);
+        EditorFormTest::Open(path);
     }
     void OpenList(const QList<AntennaRow>& rows)
     {
         EXPECT_TRUE(WriteAntennaFile(FilePath("Site.tva"), List(rows)));
         Open(FilePath("Site.tva"));
     }
-    void GiveUp()
-    {
-        Editor().EditorDirty = false;
-        form.Unload();
-        EXPECT_TRUE(form.IsClosed());
-    }
-    void TypeAndLeave(const QString& name, const QString& text)
-    {
-        Type(form, name, text);
-        Key(Qt::Key_Tab);
-    }
-    QString TextIn(const QString& name)
-    {
-        return TextOf(form, name);
-    }
     int Choice(const QString& name)
     {
         return Find<QComboBox>(form, name).currentIndex();
-    }
-    QColor Background(const QString& name)
-    {
-        return FindControl(form, name).palette().color(QPalette::Base);
     }
     AntennaTable Saved()
     {
@@ -66,8 +41,6 @@ protected:
             Answers().Expect(12734, { QStringLiteral("Site.tva") }, Yes);
         EXPECT_TRUE(form.Save());
     }
-
-    FmEditorAntenna form;
 };
 
 } // namespace tarvik

@@ -10,7 +10,7 @@ namespace tarvik {
 
 namespace {
 
-class Antenna : public AntennaTest<ProgramTest> {
+class Antenna : public AntennaTest<ListTest> {
 protected:
     /// Reads a CSV file of these data lines, whose errors are reported and end the reading.
     AntennaTable ReadLines(const QByteArrayList& lines)

@@ -16,19 +16,12 @@ namespace tarvik {
 
 namespace {
 
-class RealAntennaEditor : public RealEditor<FmEditorAntenna> {
+class RealAntennaEditor : public AntennaTest<RealEditor<FmEditorAntenna>> {
 protected:
     /// Opens a list of three antennas.
     void OpenList()
     {
-        using Lists = AntennaTest<FormTest>;
-        struct Access : Lists {
-            using Lists::FullRow;
-            using Lists::List;
-        };
-        SetEditorType(FileClassAntennaList);
-        const AntennaTable list = Access::List(QList<AntennaRow>(3, Access::FullRow()));
-        ASSERT_TRUE(WriteAntennaFile(FilePath("Site.tva"), list));
+        ASSERT_TRUE(WriteAntennaFile(FilePath("Site.tva"), List(QList<AntennaRow>(3, FullRow()))));
         Editor().EditorIsOpen = true; // as OpenEditor does
         OpenActive(FilePath("Site.tva"));
     }

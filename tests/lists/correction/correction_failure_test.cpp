@@ -1,14 +1,10 @@
 // Failures of the list store and of the disk in the editor of correction sets. Loading and saving fail silently.
 #include "tests/closed/failingfilesystem.h"
-#include "tests/lists/correction/correction_fixture.h"
-#include "tests/support/forms.h"
+#include "tests/lists/correction/correction_form_fixture.h"
 
 #include "closed/loader.h"
-#include "lists/correction/FmEditorCorrectionSet.h"
 
 #include <QDir>
-#include <QScrollBar>
-#include <QTabWidget>
 
 namespace tarvik {
 
@@ -29,7 +25,7 @@ const QList<Arrangement> kLoadFailures{ [] { TvFio().AntCorrLoadFile = Fail; }, 
 const QList<Arrangement> kSortFailures{ [] { TvFio().AntCorrSortKFactor = Fail; },
     [] { TvFio().AntCorrSortOmniphase = Fail; }, [] { TvFio().AntCorrSortAzimuth = Fail; } };
 
-class CorrectionFailure : public CorrectionTest<FormTest> {
+class CorrectionFailure : public CorrectionForm {
 protected:
     CorrectionFailure()
         : path(StoredSet("Mast.tvc"))
@@ -38,21 +34,10 @@ protected:
     {
         AnswerFolder(Folder());
     }
-    ~CorrectionFailure() override
-    {
-        Editor().EditorDirty = false;
-        if (!form.IsClosed())
-            form.Unload();
-    }
 
-    void Open()
-    {
-        Editor().EditorOpenFile = path;
-        ShowForm(form);
-    }
     void OpenChanged()
     {
-        Open();
+        Open(path);
         Type(form, "TbManufacturerName", "Other");
     }
     void ExpectUnsaved(const QString& title)
@@ -76,7 +61,6 @@ protected:
     }
 
     const QString kTitle = "Correction Set Editor";
-    FmEditorCorrectionSet form;
     QString path;
     QByteArray original;
     TvFioApi intact;
@@ -86,7 +70,7 @@ protected:
 
 TEST_F(CorrectionFailure, EachFailedCallOfALoadLeavesAnEmptyFormWithoutMessage)
 {
-    Open();
+    Open(path);
     AnswerFile(path);
     for (const Arrangement arrange : kLoadFailures) {
         Click(form, "BtOpen");
@@ -109,7 +93,7 @@ TEST_F(CorrectionFailure, EachFailedCallOfALoadClosesAFormThatOpensWithTheFile)
 {
     for (const Arrangement arrange : kLoadFailures) {
         arrange();
-        Open();
+        Open(path);
         TvFio() = intact;
         EXPECT_TRUE(form.IsClosed());
         EXPECT_EQ(Editor().CorrectionSetFileName, "");
@@ -120,7 +104,7 @@ TEST_F(CorrectionFailure, EachFailedCallOfALoadClosesAFormThatOpensWithTheFile)
 TEST_F(CorrectionFailure, FailedSortIsReportedAndChangesNothing)
 {
     const QStringList buttons{ "KT_BtSort", "OP_BtSort", "AZ_BtSort" };
-    Open();
+    Open(path);
     for (int tab = 0; tab < buttons.size(); ++tab) {
         Find<QTabWidget>(form, "CsTab").setCurrentIndex(tab);
         kSortFailures.at(tab)();

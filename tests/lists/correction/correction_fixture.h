@@ -7,9 +7,9 @@
 
 namespace tarvik {
 
-/// Starts with the correction set as the current list type.
+/// Starts with the correction set as the current list type. `Base` has a ListStart.
 template <typename Base>
-class CorrectionTest : public Base, protected ListStart {
+class CorrectionTest : public Base {
 protected:
     CorrectionTest()
     {

@@ -11,30 +11,8 @@
 
 namespace tarvik {
 
-/// Gives the fixture of sets a form.
-class CorrectionForm : public CorrectionTest<FormTest> {
+class CorrectionForm : public CorrectionTest<EditorFormTest<FmEditorCorrectionSet>> {
 protected:
-    ~CorrectionForm() override
-    {
-        if (!form.IsClosed())
-            GiveUp();
-    }
-    void Open(const QString& path = {})
-    {
-        Editor().EditorOpenFile = path;
-        ShowForm(form);
-    }
-    void GiveUp()
-    {
-        Editor().EditorDirty = false;
-        form.Unload();
-        EXPECT_TRUE(form.IsClosed());
-    }
-    void TypeAndLeave(const QString& name, const QString& text)
-    {
-        Type(form, name, text);
-        Key(Qt::Key_Tab);
-    }
     void TypeHeader()
     {
         TypeAndLeave("TbFileName", "Mast");
@@ -50,16 +28,10 @@ protected:
     {
         return Find<QTabWidget>(form, "CsTab");
     }
-    QColor Background(const QString& name)
-    {
-        return FindControl(form, name).palette().color(QPalette::Base);
-    }
     int TopRow(const QString& bar)
     {
         return Find<QScrollBar>(form, bar).value();
     }
-
-    FmEditorCorrectionSet form;
 };
 
 } // namespace tarvik

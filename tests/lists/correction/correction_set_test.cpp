@@ -8,7 +8,7 @@ namespace tarvik {
 
 namespace {
 
-class CorrSetTest : public CorrectionTest<ProgramTest> {
+class CorrSetTest : public CorrectionTest<ListTest> {
 protected:
     void ExpectRefused(CorrBox box, int message, const QStringList& args)
     {

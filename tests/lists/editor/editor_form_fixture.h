@@ -56,6 +56,11 @@ protected:
     {
         Type(form, name, text);
     }
+    void TypeAndLeave(const QString& name, const QString& text)
+    {
+        TypeIn(name, text);
+        Key(Qt::Key_Tab);
+    }
     bool IsEnabled(const QString& name)
     {
         return FindControl(form, name).isEnabled();

@@ -7,9 +7,9 @@
 
 namespace tarvik {
 
-/// Starts with the K-factor table as the current list type.
+/// Starts with the K-factor table as the current list type. `Base` has a ListStart.
 template <typename Base>
-class KfactorTest : public Base, protected ListStart {
+class KfactorTest : public Base {
 protected:
     KfactorTest()
     {

@@ -11,7 +11,7 @@ namespace tarvik {
 
 namespace {
 
-class Kfactor : public KfactorTest<ProgramTest> {
+class Kfactor : public KfactorTest<ListTest> {
 protected:
     /// Reads a CSV file of these data lines, whose errors are reported and end the reading.
     KfactorTable ReadLines(const QByteArrayList& lines)

@@ -17,11 +17,6 @@ namespace {
 
 class SuppressEditor : public EditorFormTest<FmEditorSuppress> {
 protected:
-    void TypeAndLeave(const QString& name, const QString& text)
-    {
-        TypeIn(name, text);
-        Key(Qt::Key_Tab);
-    }
     QString StoredList(const QString& fileName, const QList<std::pair<double, double>>& ranges)
     {
         SuppressTable table;

@@ -10,7 +10,7 @@
 namespace tarvik {
 
 /// Edits one antenna list: number, mark and name in the grid, all properties of the selected row in the panel.
-class FmEditorAntenna final : public FmEditorBase, private RowChanges<AntennaRow> {
+class FmEditorAntenna final : public FmEditorBase, public RowChanges<AntennaRow> {
     Q_OBJECT
 public:
     explicit FmEditorAntenna(QWidget* parent = nullptr);

@@ -12,7 +12,7 @@ class QPushButton;
 
 namespace tarvik {
 
-class CorrTabPage final : public QWidget, private GridRows, private RowChanges<CorrRow> {
+class CorrTabPage final : public QWidget, private GridRows, public RowChanges<CorrRow> {
     Q_OBJECT
 public:
     /// `records` outlive the page.

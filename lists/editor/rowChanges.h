@@ -12,8 +12,24 @@ public:
     /// `before` and `after` differ.
     virtual void RowChanged(int row, const Record& before, const Record& after) = 0;
 
+    /// Another one that learns of each change as well; nullptr for none.
+    void SetObserver(RowChanges* observer)
+    {
+        observer_ = observer;
+    }
+
+    void Report(int row, const Record& before, const Record& after)
+    {
+        RowChanged(row, before, after);
+        if (observer_ != nullptr)
+            observer_->Report(row, before, after);
+    }
+
 protected:
     ~RowChanges() = default;
+
+private:
+    RowChanges* observer_ = nullptr;
 };
 
 /// Lets `edit(record)` change a row, and reports it if it has.
@@ -24,7 +40,7 @@ void EditRow(std::vector<Record>& rows, int row, RowChanges<Record>& changes, Ed
     const Record before = record;
     edit(record);
     if (!(record == before))
-        changes.RowChanged(row, before, record);
+        changes.Report(row, before, record);
 }
 
 /// Lets `edit()` change any rows, and reports those that it has, in their order. Returns what `edit` returns.
@@ -35,7 +51,7 @@ auto EditRows(std::vector<Record>& rows, RowChanges<Record>& changes, Edit edit)
     auto result = edit();
     for (size_t row = 0; row < rows.size(); ++row) {
         if (!(rows[row] == before[row]))
-            changes.RowChanged(static_cast<int>(row), before[row], rows[row]);
+            changes.Report(static_cast<int>(row), before[row], rows[row]);
     }
     return result;
 }

@@ -8,7 +8,7 @@
 namespace tarvik {
 
 /// Edits `Kfactors()`. A row is used while one of its cells has a text.
-class FmEditorKfactor final : public FmEditorBase, private RowChanges<KfactorEntry> {
+class FmEditorKfactor final : public FmEditorBase, public RowChanges<KfactorEntry> {
     Q_OBJECT
 public:
     explicit FmEditorKfactor(QWidget* parent = nullptr);

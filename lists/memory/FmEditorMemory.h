@@ -8,7 +8,7 @@
 namespace tarvik {
 
 /// Edits one memory list: status, frequency and description in the grid, all fields in the entry dialog.
-class FmEditorMemory final : public FmEditorBase, private RowChanges<MemoryRecord> {
+class FmEditorMemory final : public FmEditorBase, public RowChanges<MemoryRecord> {
     Q_OBJECT
 public:
     explicit FmEditorMemory(QWidget* parent = nullptr);

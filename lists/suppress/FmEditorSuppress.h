@@ -8,7 +8,7 @@
 namespace tarvik {
 
 /// Edits one suppress list. A row is used while its box is checked or one of its cells has a text.
-class FmEditorSuppress final : public FmEditorBase, private RowChanges<SuppressRow> {
+class FmEditorSuppress final : public FmEditorBase, public RowChanges<SuppressRow> {
     Q_OBJECT
 public:
     explicit FmEditorSuppress(QWidget* parent = nullptr);

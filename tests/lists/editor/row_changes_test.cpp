@@ -47,4 +47,23 @@ TEST(RowChanges, EachRowThatASortChangesIsReported)
     EXPECT_EQ(log.Changes, std::vector<Change>({ { 0, "c", "a" }, { 2, "a", "c" } }));
 }
 
+TEST(RowChanges, ObserverLearnsOfEachChange)
+{
+    Rows rows{ "b", "a" };
+    Log log;
+    Log observer;
+    log.SetObserver(&observer);
+    EditRow(rows, 0, log, [](std::string& row) { row = "c"; });
+    EditRows(rows, log, [&rows] {
+        rows = { "a", "c" };
+        return true;
+    });
+    EXPECT_EQ(observer.Changes, std::vector<Change>({ { 0, "b", "c" }, { 0, "c", "a" }, { 1, "a", "c" } }));
+    EXPECT_EQ(log.Changes, observer.Changes);
+    log.SetObserver(nullptr);
+    EditRow(rows, 0, log, [](std::string& row) { row = "d"; });
+    EXPECT_EQ(observer.Changes.size(), 3U);
+    EXPECT_EQ(log.Changes.size(), 4U);
+}
+
 } // namespace tarvik

@@ -2,7 +2,7 @@
 
 #include "link/classes/model.h"
 #include "link/connection/connect.h"
-#include "print/printer/printSettings.h"
+#include "print/page/printSettings.h"
 #include "screen/document/color.h"
 #include "screen/document/description.h"
 

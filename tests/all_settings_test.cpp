@@ -3,7 +3,8 @@
 #include "app/state/project.h"
 #include "link/classes/model.h"
 #include "link/connection/connect.h"
-#include "print/printer/printSettings.h"
+#include "print/page/pageTable.h"
+#include "print/page/printSettings.h"
 #include "screen/document/color.h"
 #include "screen/document/description.h"
 #include "tests/support/fixture.h"
@@ -47,7 +48,7 @@ TEST_F(AllSettings, EveryKeyIsWrittenInOrder)
     const QList<QStringList> perSlot(
         { { "Title" }, { "Border" }, { "Left", "Top", "Width", "Height" }, { "Type" }, { "Order" } });
     for (const QStringList& names : perSlot) {
-        for (int slot = 0; slot < kSlotsPerPage; ++slot) {
+        for (int slot = 0; slot < kWindowsPerPage; ++slot) {
             for (const QString& name : names)
                 expected.append(QStringLiteral("Pict%1%2").arg(slot).arg(name));
         }
@@ -78,10 +79,10 @@ TEST_F(AllSettings, PrintDefaults)
     const PrintSettings& print = ThePrintSettings();
     EXPECT_EQ(print.PreviewWidth, 0);
     EXPECT_FALSE(print.PreviewMaximized);
-    EXPECT_EQ(print.Margins.Left, 0);
+    EXPECT_EQ(PresentPage().Margins.Left, 0);
     EXPECT_FALSE(print.Title);
     EXPECT_TRUE(print.Border);
-    for (const PageSlot& slot : print.Layout) {
+    for (const PageSlot& slot : PresentPage().Layout) {
         EXPECT_TRUE(slot.Title);
         EXPECT_TRUE(slot.Outline);
         EXPECT_EQ(slot.Rectangle.Left, -1);
@@ -100,13 +101,13 @@ TEST_F(AllSettings, PrintValuesAreReadAndWritten)
     EXPECT_EQ(print.PreviewWidth, 9000.5F);
     EXPECT_EQ(print.PreviewHeight, 7000);
     EXPECT_TRUE(print.PreviewMaximized);
-    EXPECT_EQ(print.Margins.Bottom, 0.25F);
-    EXPECT_EQ(print.Margins.Top, 0.5F);
-    EXPECT_EQ(print.Margins.Right, 0.75F);
-    EXPECT_EQ(print.Margins.Left, 1);
+    EXPECT_EQ(PresentPage().Margins.Bottom, 0.25F);
+    EXPECT_EQ(PresentPage().Margins.Top, 0.5F);
+    EXPECT_EQ(PresentPage().Margins.Right, 0.75F);
+    EXPECT_EQ(PresentPage().Margins.Left, 1);
     EXPECT_TRUE(print.Title);
     EXPECT_FALSE(print.Border);
-    const PageSlot& slot = print.Layout[3];
+    const PageSlot& slot = PresentPage().Layout[3];
     EXPECT_FALSE(slot.Title);
     EXPECT_FALSE(slot.Outline);
     EXPECT_EQ(slot.Rectangle.Left, -1);

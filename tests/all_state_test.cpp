@@ -26,7 +26,8 @@
 #include "lists/kfactor/kfactorTable.h"
 #include "lists/memory/memoryEntry.h"
 #include "lists/values/limits.h"
-#include "print/printer/printSettings.h"
+#include "print/page/pageTable.h"
+#include "print/page/printSettings.h"
 #include "screen/diagram/diagram.h"
 #include "screen/document/description.h"
 #include "screen/document/screenTable.h"
@@ -259,6 +260,7 @@ const std::vector<StateCase>& Cases()
         { "Editor", [] { Editor().EditorDirty = true; }, [] { return !Editor().EditorDirty; } },
         { "Kfactors", [] { Kfactors().Count = 1; }, [] { return Kfactors().Count == 0; } },
         { "MemoryEntry", [] { MemoryEntry().Frequency = 1; }, [] { return MemoryEntry().Frequency == 0; } },
+        { "ThePages", [] { ThePages().Present = 3; }, [] { return ThePages().Present == 0; } },
         { "ThePrintSettings", [] { ThePrintSettings().Border = false; }, [] { return ThePrintSettings().Border; } },
     };
     return cases;

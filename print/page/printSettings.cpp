@@ -1,6 +1,8 @@
-#include "print/printer/printSettings.h"
+#include "print/page/printSettings.h"
 
 #include "app/platform/processState.h"
+#include "app/settings/ini.h"
+#include "print/page/pageTable.h"
 
 namespace tarvik {
 
@@ -40,34 +42,36 @@ PrintSettings& ThePrintSettings()
 void PrintLoadSettings(const QString& iniFile)
 {
     PrintSettings& settings = ThePrintSettings();
+    PageRecord& page = PresentPage();
     settings.PreviewWidth = ReadLength(iniFile, "Preview Width");
     settings.PreviewHeight = ReadLength(iniFile, "Preview Height");
     settings.PreviewMaximized = IniReadBool(iniFile, kSection, QStringLiteral("Preview Maximized"), false);
-    settings.Margins.Bottom = ReadLength(iniFile, "Page Bottom");
-    settings.Margins.Top = ReadLength(iniFile, "Page Top");
-    settings.Margins.Right = ReadLength(iniFile, "Page Right");
-    settings.Margins.Left = ReadLength(iniFile, "Page Left");
+    page.Margins.Bottom = ReadLength(iniFile, "Page Bottom");
+    page.Margins.Top = ReadLength(iniFile, "Page Top");
+    page.Margins.Right = ReadLength(iniFile, "Page Right");
+    page.Margins.Left = ReadLength(iniFile, "Page Left");
     settings.Title = IniReadBool(iniFile, kSection, QStringLiteral("Title"), false);
     settings.Border = IniReadBool(iniFile, kSection, QStringLiteral("Border"), true);
-    for (size_t slot = 0; slot < settings.Layout.size(); ++slot)
-        settings.Layout[slot] = ReadSlot(iniFile, SlotPrefix(slot));
+    for (size_t slot = 0; slot < page.Layout.size(); ++slot)
+        page.Layout[slot] = ReadSlot(iniFile, SlotPrefix(slot));
 }
 
 /// In the file the keys are ordered by kind, then by slot.
 void PrintSaveSettings(const QString& iniFile)
 {
     const PrintSettings& settings = ThePrintSettings();
-    const auto& layout = settings.Layout;
+    const PageRecord& page = PresentPage();
+    const PageSlots& layout = page.Layout;
     const auto writeLength = [&iniFile](const char* key, float value) {
         IniWriteSingle(iniFile, kSection, QLatin1String(key), value);
     };
     writeLength("Preview Width", settings.PreviewWidth);
     writeLength("Preview Height", settings.PreviewHeight);
     IniWriteBool(iniFile, kSection, QStringLiteral("Preview Maximized"), settings.PreviewMaximized);
-    writeLength("Page Bottom", settings.Margins.Bottom);
-    writeLength("Page Top", settings.Margins.Top);
-    writeLength("Page Right", settings.Margins.Right);
-    writeLength("Page Left", settings.Margins.Left);
+    writeLength("Page Bottom", page.Margins.Bottom);
+    writeLength("Page Top", page.Margins.Top);
+    writeLength("Page Right", page.Margins.Right);
+    writeLength("Page Left", page.Margins.Left);
     IniWriteBool(iniFile, kSection, QStringLiteral("Title"), settings.Title);
     IniWriteBool(iniFile, kSection, QStringLiteral("Border"), settings.Border);
     for (size_t slot = 0; slot < layout.size(); ++slot)

@@ -22,11 +22,11 @@ struct DiagramColours {
     bool BlackTraces;
 };
 
-DiagramColours ColoursOf(const Diagram& diagram)
+DiagramColours ColoursOf(const DiagramStyle& style, PaletteNumber palette)
 {
-    if (diagram.PalNr == PaletteNumber::BlackAndWhite)
+    if (palette == PaletteNumber::BlackAndWhite)
         return { kWhite, kPrintedGrid, true };
-    return { diagram.Style.Background, diagram.Style.Label, false };
+    return { style.Background, style.Label, false };
 }
 
 void PaintGrid(QPainter& painter, const DiagramLayout& layout, const DiagramStyle& style, const QColor& colour)
@@ -103,10 +103,20 @@ Diagram::Diagram(const MultiTraceInput& input, OwnedTraces traces)
 
 QImage Diagram::Draw(QSize devicePixels, double scale) const
 {
+    return DrawIn(PalNr, devicePixels, scale);
+}
+
+QImage Diagram::ForPage(QSize devicePixels, double scale, bool blackAndWhite) const
+{
+    return DrawIn(blackAndWhite ? PaletteNumber::BlackAndWhite : PalNr, devicePixels, scale);
+}
+
+QImage Diagram::DrawIn(PaletteNumber palette, QSize devicePixels, double scale) const
+{
     QImage picture(devicePixels, QImage::Format_RGB32);
     if (picture.isNull())
         return {};
-    const DiagramColours colours = ColoursOf(*this);
+    const DiagramColours colours = ColoursOf(Style, palette);
     const DiagramLayout layout = LayOutDiagram(DiagramTextOf(Content), devicePixels, scale);
     TraceSet traces = Traces.Set;
     if (colours.BlackTraces) {

@@ -31,10 +31,14 @@ public:
     /// Grid, traces, frame, axis labels, legend and title. In black and white the traces are black on white paper and
     /// differ by their markers. Without the module of traces there are none.
     QImage Draw(QSize devicePixels, double scale) const override;
+    QImage ForPage(QSize devicePixels, double scale, bool blackAndWhite) const override;
 
     DiagramContent Content;
     OwnedTraces Traces;
     DiagramStyle Style;
+
+private:
+    QImage DrawIn(PaletteNumber palette, QSize devicePixels, double scale) const;
 };
 
 /// The diagram of a table, in the palette of new documents; null if ConvertTraces gives nothing.

@@ -21,6 +21,10 @@ public:
     /// runs out.
     virtual QImage Draw(QSize devicePixels, double scale) const = 0;
 
+    /// The picture for a page, in black and white if asked or by its palette: at its original size, or drawn for that
+    /// size in device pixels. Format_RGB32; null if memory runs out.
+    virtual QImage ForPage(QSize devicePixels, double scale, bool blackAndWhite) const = 0;
+
     PaletteNumber PalNr = PaletteNumber::Colour;
     QImage Graph; ///< as drawn last for the window, shown by `PbGraph`. Format_RGB32
 

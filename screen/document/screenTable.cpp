@@ -36,6 +36,15 @@ QImage ScreenRecord::Draw(QSize devicePixels, double /*scale*/) const
     return picture;
 }
 
+/// Converted from the colours of the picture, so that a palette in black and white does not invert it twice.
+QImage ScreenRecord::ForPage(QSize /*devicePixels*/, double /*scale*/, bool blackAndWhite) const
+{
+    QImage picture = Master;
+    if (blackAndWhite || PalNr == PaletteNumber::BlackAndWhite)
+        ConvertToBlackAndWhite(picture);
+    return picture;
+}
+
 ScreenRecord* ScreenOf(WindowId id)
 {
     if (WindowTypeOf(id) != WindowType::Screen)

@@ -36,6 +36,7 @@ struct ScreenRecord final : DocumentPicture {
 
     QSize OwnSize() const override;
     QImage Draw(QSize devicePixels, double scale) const override; ///< the scaled copy
+    QImage ForPage(QSize devicePixels, double scale, bool blackAndWhite) const override;
 };
 
 /// Documents by index, 1 to kDocumentsOfType; element 0 is unused.

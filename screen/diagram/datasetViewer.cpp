@@ -8,6 +8,7 @@
 #include "screen/diagram/diagram.h"
 #include "screen/document/view.h"
 #include "screen/window/closing.h"
+#include "screen/window/screenWindow.h"
 
 #include <utility>
 
@@ -42,7 +43,6 @@ private:
     WindowId active_;
 };
 
-/// There is one diagram at a time.
 void DropFormerDiagrams()
 {
     for (const WindowId id : WindowsFor(MaskDataSet, true))
@@ -62,8 +62,11 @@ WindowId TakeWindow()
     return slot.Id;
 }
 
+/// There is one diagram at a time on the screen.
+enum class Former { Drop, Keep };
+
 /// The window of the diagram, without a view yet; 0 without one.
-WindowId MakeDiagram(const MultiTraceInput& input)
+WindowId MakeDiagram(const MultiTraceInput& input, Former former)
 {
     const BusyScope busy;
     if (!ModuleIsBound(Module::Traces))
@@ -71,7 +74,8 @@ WindowId MakeDiagram(const MultiTraceInput& input)
     std::unique_ptr<Diagram> diagram = DiagramOf(input);
     if (diagram == nullptr)
         return 0;
-    DropFormerDiagrams();
+    if (former == Former::Drop)
+        DropFormerDiagrams();
     const WindowId id = TakeWindow();
     if (id == 0)
         return 0;
@@ -90,10 +94,21 @@ Port<DatasetForms>& TheDatasetForms()
     return port;
 }
 
+WindowId DatasetOpen(const MultiTraceInput& input)
+{
+    const WindowId id = MakeDiagram(input, Former::Keep);
+    if (id == 0)
+        return 0;
+    ViewSet(id, LoadSizesView());
+    SizeNewWindow(id);
+    ViewOf(id)->SetCaption(input.Name);
+    return id;
+}
+
 bool DatasetShow(const MultiTraceInput& input)
 {
     const ActiveWindowKeeper keeper;
-    const WindowId id = MakeDiagram(input);
+    const WindowId id = MakeDiagram(input, Former::Drop);
     if (id == 0)
         return false;
     const bool shown = TheDatasetForms()->ShowModal(id, input.Name);

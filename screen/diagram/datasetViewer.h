@@ -13,6 +13,10 @@ namespace tarvik {
 /// out.
 bool DatasetShow(const MultiTraceInput& input);
 
+/// Opens `input` as a diagram in a window of its own, beside those that are open, without a form. 0 where DatasetShow
+/// is false.
+WindowId DatasetOpen(const MultiTraceInput& input);
+
 /// The forms of data sets.
 class DatasetForms {
 public:

@@ -291,6 +291,17 @@ QStringList CommandFirst(const QStringList& arguments)
     return arguments.mid(words, 1) + arguments.mid(0, words) + arguments.mid(words + 1);
 }
 
+std::optional<CtlArguments> ParsePrint(const QStringList& words, QString& error)
+{
+    const auto print = PrintParse(words, error);
+    if (!print)
+        return std::nullopt;
+    CtlArguments arguments;
+    arguments.Command = CtlCommand::Print;
+    arguments.Print = *print;
+    return arguments;
+}
+
 } // namespace
 
 std::optional<CtlArguments> CtlParse(const QStringList& arguments, QString& error)
@@ -300,6 +311,8 @@ std::optional<CtlArguments> CtlParse(const QStringList& arguments, QString& erro
         error = QStringLiteral("no command");
         return std::nullopt;
     }
+    if (words.front() == QLatin1String("print"))
+        return ParsePrint(words, error);
     const auto* const form = std::find_if(kForms.begin(), kForms.end(),
         [&words](const CommandForm& each) { return words.front() == QLatin1String(each.Name); });
     if (form == kForms.end()) {

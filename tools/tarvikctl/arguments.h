@@ -3,6 +3,7 @@
 
 #include "link/classes/model.h"
 #include "screen/document/screenTable.h"
+#include "tools/tarvikctl/printArguments.h"
 
 #include <QSize>
 #include <QString>
@@ -22,6 +23,7 @@ enum class CtlCommand {
     Sort,
     Plot,
     Picture,
+    Print,
     Idn,
     Ls,
     Get,
@@ -48,6 +50,7 @@ struct CtlArguments {
     QString Into; ///< folder to write them to; empty for that of each operand
     std::optional<PaletteNumber> Palette; ///< nullopt if not given
     std::optional<QString> Description;
+    PrintArguments Print; ///< of the command print, which uses no other member
 };
 
 /// Parses the arguments after the program's name. Options may be anywhere after the command, an instrument's `--to`

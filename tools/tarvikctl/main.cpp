@@ -11,6 +11,7 @@
 #include "tools/tarvikctl/lists.h"
 #include "tools/tarvikctl/pictures.h"
 #include "tools/tarvikctl/plot.h"
+#include "tools/tarvikctl/print.h"
 #include "tools/tarvikctl/terminal.h"
 
 #include <QDir>
@@ -33,7 +34,7 @@ bool LoadModules(CtlCommand command, Terminal& terminal)
         modules.push_back(Module::Channel);
     if (CtlDrawsPictures(command))
         modules.push_back(Module::Pictures);
-    if (command == CtlCommand::Plot)
+    if (command == CtlCommand::Plot || command == CtlCommand::Print)
         modules.push_back(Module::Traces);
     Program().AppPath = QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();
     for (const Module module : modules) {
@@ -97,6 +98,8 @@ ExitStatus Run(const CtlArguments& arguments)
         PrintTexts(arguments.Operands);
     else if (arguments.Command == CtlCommand::Picture)
         CtlRunPictures(arguments, terminal);
+    else if (arguments.Command == CtlCommand::Print)
+        CtlRunPrint(arguments.Print, terminal);
     else if (arguments.Command == CtlCommand::Plot)
         CtlRunPlot(arguments, terminal);
     else if (CtlIsLinkCommand(arguments.Command))

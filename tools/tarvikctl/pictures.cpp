@@ -32,12 +32,12 @@ void StartDocuments(const CtlArguments& arguments)
     TheColorDefaults().PalNr = arguments.Palette.value_or(PaletteNumber::Colour);
 }
 
-void Describe(WindowId id, const CtlArguments& arguments, Terminal& terminal)
+void Describe(WindowId id, const std::optional<QString>& description, Terminal& terminal)
 {
-    if (!arguments.Description)
+    if (!description)
         return;
     DescrSetVisible(true, id);
-    if (!DescrSetText(id, *arguments.Description))
+    if (!DescrSetText(id, *description))
         terminal.Refuse(QStringLiteral("the description does not fit into ten lines, the rest of it is left out"));
 }
 
@@ -111,7 +111,7 @@ public:
     }
     void Prepare(int window) override
     {
-        Describe(static_cast<WindowId>(window), arguments_, terminal_);
+        Describe(static_cast<WindowId>(window), arguments_.Description, terminal_);
     }
 
 private:
@@ -124,7 +124,18 @@ private:
 
 bool CtlDrawsPictures(CtlCommand command)
 {
-    return command == CtlCommand::Picture || command == CtlCommand::Capture;
+    return command == CtlCommand::Picture || command == CtlCommand::Capture || command == CtlCommand::Print;
+}
+
+WindowId CtlOpenPicture(const QString& path, const std::optional<QString>& description, Terminal& terminal)
+{
+    const OpenedFile opened = FileOpenOfKind(QFileInfo(path).absoluteFilePath(), FileKindOf(path), true, true);
+    const auto id = static_cast<WindowId>(opened.Window);
+    if (id != 0)
+        Describe(id, description, terminal);
+    else if (!terminal.HasFailed())
+        terminal.Refuse(QStringLiteral("can't be opened"));
+    return id;
 }
 
 void CtlRunPictures(const CtlArguments& arguments, Terminal& terminal)
@@ -176,7 +187,7 @@ void CtlCapture(const CtlArguments& arguments, Terminal& terminal)
     TheSeams().PumpEvents();
     if (id <= 0)
         return;
-    Describe(id, arguments, terminal);
+    Describe(id, arguments.Description, terminal);
     QString path = QFileInfo(CtlCaptureTarget(arguments)).absoluteFilePath();
     if (Program().CloseRequested)
         terminal.Refuse(QStringLiteral("stopped, nothing is written"));

@@ -1,6 +1,7 @@
 // tools/tarvikctl/pictures.h: the commands for pictures: batch conversion and captures, without a window.
 #pragma once
 
+#include "screen/document/window.h"
 #include "tools/tarvikctl/arguments.h"
 #include "tools/tarvikctl/terminal.h"
 
@@ -11,6 +12,9 @@ bool CtlDrawsPictures(CtlCommand command);
 
 /// True for the name of a picture that can be written.
 bool CtlIsPictureName(const QString& path);
+
+/// Opens a picture in a window, with a description if given. 0 after a message.
+WindowId CtlOpenPicture(const QString& path, const std::optional<QString>& description, Terminal& terminal);
 
 /// Runs `picture`. Reports errors on `terminal`. A termination signal stops the batch after the current file; a second
 /// one ends the program at once.

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "print/page/pageTable.h"
-#include "print/page/sheet.h"
+#include "print/printer/sheet.h"
 
 #include <QFont>
 #include <QRect>

@@ -1,9 +1,9 @@
 // print/page/printJob.h: prints windows, or the pages of the preview as they are.
 #pragma once
 
-#include "print/page/pageDevice.h"
 #include "print/page/pageFill.h"
 #include "print/page/pageTable.h"
+#include "print/printer/pageDevice.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 // print/printer/PdfPages.h: pages as a PDF file. Pictures are stored without loss in their own pixels, texts as text.
 #pragma once
 
-#include "print/page/pageDevice.h"
+#include "print/printer/pageDevice.h"
 
 #include <QIODevice>
 

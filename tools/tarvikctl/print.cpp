@@ -10,6 +10,7 @@
 #include "print/page/printSettings.h"
 #include "print/preview/pagination.h"
 #include "print/printer/PdfPages.h"
+#include "print/printer/cupsPrinters.h"
 #include "screen/diagram/datasetViewer.h"
 #include "screen/document/screenTable.h"
 #include "screen/files/documentFiles.h"
@@ -19,6 +20,9 @@
 #include "tools/tarvikctl/readList.h"
 
 #include <QFileInfo>
+#include <QTemporaryFile>
+
+#include <optional>
 
 namespace tarvik {
 
@@ -109,6 +113,26 @@ std::vector<PageRecord> LayOutPages(
     return PagesOfPreview(sheet);
 }
 
+QString TitleOf(const PrintArguments& arguments)
+{
+    return QFileInfo(arguments.Files.front()).completeBaseName();
+}
+
+/// A PDF of the pages, on an open device. False after a message.
+bool WritePages(const PrintArguments& arguments, const std::vector<PageRecord>& pages, const Sheet& sheet,
+    QIODevice& device, Terminal& terminal)
+{
+    PdfPages pdf(device, sheet);
+    TerminalPrintWatcher watcher(terminal);
+    const PrintResult result = PrintPages(pdf, pages, sheet, TitleOf(arguments), watcher);
+    terminal.ShowProgress({});
+    if (result == PrintResult::Cancelled)
+        terminal.Refuse(QStringLiteral("stopped, nothing is printed"));
+    else if (result == PrintResult::Failed)
+        terminal.Refuse(QStringLiteral("can't be written"));
+    return result == PrintResult::Printed;
+}
+
 void WritePdf(const PrintArguments& arguments, const std::vector<PageRecord>& pages, Terminal& terminal)
 {
     terminal.SetFile(arguments.Pdf);
@@ -117,22 +141,42 @@ void WritePdf(const PrintArguments& arguments, const std::vector<PageRecord>& pa
         return;
     }
     NewFileDevice file(arguments.Pdf);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!file.open(QIODevice::WriteOnly))
         terminal.Refuse(QStringLiteral("can't be written"));
+    else if (WritePages(arguments, pages, arguments.Paper, file, terminal) && !file.Commit())
+        terminal.Refuse(QStringLiteral("can't be written"));
+}
+
+void SendToPrinter(
+    const PrintArguments& arguments, const std::vector<PageRecord>& pages, const Sheet& sheet, Terminal& terminal)
+{
+    terminal.SetFile(ThePrinter().Printer);
+    QTemporaryFile file;
+    if (!file.open()) {
+        terminal.Refuse(QStringLiteral("there is no place for a temporary file"));
         return;
     }
-    PrintResult result = PrintResult::Failed;
-    {
-        PdfPages pdf(file, arguments.Paper);
-        TerminalPrintWatcher watcher(terminal);
-        const QString title = QFileInfo(arguments.Files.front()).completeBaseName();
-        result = PrintPages(pdf, pages, arguments.Paper, title, watcher);
-    }
-    terminal.ShowProgress({});
-    if (result == PrintResult::Cancelled)
-        terminal.Refuse(QStringLiteral("stopped, nothing is written"));
-    else if (result == PrintResult::Failed || !file.Commit())
-        terminal.Refuse(QStringLiteral("can't be written"));
+    if (!WritePages(arguments, pages, sheet, file, terminal))
+        return;
+    file.close();
+    const QString error = ThePrinterSystem()->Send(ThePrinter(), TitleOf(arguments), file.fileName());
+    if (!error.isEmpty())
+        terminal.Refuse(error);
+}
+
+/// The sheet of the PDF or of the chosen printer; nothing after a message.
+std::optional<Sheet> SheetOf(const PrintArguments& arguments, Terminal& terminal)
+{
+    if (!arguments.Pdf.isEmpty() || (arguments.Layout && arguments.Printer.isEmpty()))
+        return arguments.Paper;
+    terminal.SetFile(arguments.Printer.isEmpty() ? QStringLiteral("tarvikctl") : arguments.Printer);
+    if (!arguments.Printer.isEmpty())
+        ThePrinter().Printer = arguments.Printer;
+    ThePrinter().Paper = arguments.PaperKeyword;
+    ThePrinter().Landscape = arguments.Landscape;
+    if (!CheckPrinter())
+        return {};
+    return PrinterSheet();
 }
 
 } // namespace
@@ -142,15 +186,23 @@ void CtlRunPrint(const PrintArguments& arguments, Terminal& terminal)
     ReadInstrumentLimits();
     OnCloseSignal([] { Program().CloseRequested = true; }, RepeatedSignal::Kills);
     BindDocumentFiles();
+    ThePrinterSystem().Implement<CupsPrinters>();
     if (!LoadSettings(arguments, terminal))
+        return;
+    const auto sheet = SheetOf(arguments, terminal);
+    if (!sheet)
         return;
     const QVector<WindowId> windows = OpenAll(arguments, terminal);
     if (windows.isEmpty())
         return;
-    const std::vector<PageRecord> pages = LayOutPages(arguments, windows, arguments.Paper);
+    const std::vector<PageRecord> pages = LayOutPages(arguments, windows, *sheet);
     if (arguments.Layout)
-        TerminalWrite(stdout, LayoutText(arguments.Paper, pages, windows, arguments.Files));
-    else if (!pages.empty())
+        TerminalWrite(stdout, LayoutText(*sheet, pages, windows, arguments.Files));
+    else if (pages.empty())
+        terminal.SetFailed();
+    else if (arguments.Pdf.isEmpty())
+        SendToPrinter(arguments, pages, *sheet, terminal);
+    else
         WritePdf(arguments, pages, terminal);
 }
 

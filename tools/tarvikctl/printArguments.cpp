@@ -22,10 +22,12 @@ constexpr float kMostInches = 100;
 struct PaperName {
     const char* Name;
     QPageSize::PageSizeId Size;
+    const char* Keyword;
 };
 
-constexpr std::array<PaperName, 5> kPapers{ { { "A3", QPageSize::A3 }, { "A4", QPageSize::A4 }, { "A5", QPageSize::A5 },
-    { "Letter", QPageSize::Letter }, { "Legal", QPageSize::Legal } } };
+constexpr std::array<PaperName, 5> kPapers{ { { "A3", QPageSize::A3, "iso_a3_297x420mm" },
+    { "A4", QPageSize::A4, "iso_a4_210x297mm" }, { "A5", QPageSize::A5, "iso_a5_148x210mm" },
+    { "Letter", QPageSize::Letter, "na_letter_8.5x11in" }, { "Legal", QPageSize::Legal, "na_legal_8.5x14in" } } };
 
 PerAxis InchesOf(QPageSize::PageSizeId id)
 {
@@ -101,7 +103,8 @@ private:
             }
         }
         const auto isSet = [&parser](const char* flag) { return parser.isSet(QString::fromLatin1(flag)); };
-        if (isSet("landscape"))
+        result_.Landscape = isSet("landscape");
+        if (result_.Landscape)
             std::swap(result_.Paper.Paper.X, result_.Paper.Paper.Y);
         result_.Arrange = isSet("arrange");
         result_.BlackAndWhite = isSet("bw");
@@ -141,6 +144,7 @@ private:
         if (found == kPapers.end())
             return Fail(QStringLiteral("--paper takes A3, A4, A5, Letter or Legal"));
         result_.Paper.Paper = InchesOf(found->Size);
+        result_.PaperKeyword = QString::fromLatin1(found->Keyword);
         return true;
     }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "print/page/pageTable.h"
-#include "print/page/sheet.h"
+#include "print/printer/sheet.h"
 
 #include <QString>
 #include <QStringList>
@@ -15,6 +15,8 @@ struct PrintArguments {
     QStringList Files;
     QString Pdf; ///< to write; empty for a printer
     QString Printer; ///< a queue; empty for the default one
+    QString PaperKeyword; ///< of the printing system
+    bool Landscape = false;
     Sheet Paper; ///< of a PDF
     std::optional<PageMargins> Margins;
     QString Settings; ///< a settings file; empty for none

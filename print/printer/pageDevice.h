@@ -1,7 +1,7 @@
-// print/page/pageDevice.h: where pages are printed: a PDF file or the queue of a printer.
+// print/printer/pageDevice.h: where pages are printed: a PDF file or the queue of a printer.
 #pragma once
 
-#include "print/page/sheet.h"
+#include "print/printer/sheet.h"
 
 #include <QString>
 

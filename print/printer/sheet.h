@@ -1,4 +1,4 @@
-// print/page/sheet.h: what the layout of pages knows of a printer, in inches and dots.
+// print/printer/sheet.h: what the layout of pages knows of a printer, in inches and dots.
 #pragma once
 
 namespace tarvik {

@@ -1,0 +1,95 @@
+#include "print/printer/printers.h"
+
+#include "app/message/message.h"
+#include "app/platform/processState.h"
+#include "app/text/textId.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarvik {
+
+namespace {
+
+class NoPrinters final : public PrinterSystem {
+public:
+    QStringList Names() const override
+    {
+        return {};
+    }
+    QString DefaultName() const override
+    {
+        return {};
+    }
+    std::optional<PrinterAbilities> AbilitiesOf(const QString&) const override
+    {
+        return {};
+    }
+    QString Send(const PrinterChoice&, const QString&, const QString&) override
+    {
+        return QStringLiteral("no printer");
+    }
+};
+
+const PaperSize* PaperOf(const PrinterAbilities& abilities, const QString& keyword)
+{
+    const auto find = [&abilities](const QString& at) -> const PaperSize* {
+        const auto found = std::find_if(abilities.Papers.begin(), abilities.Papers.end(),
+            [&at](const PaperSize& paper) { return paper.Keyword == at; });
+        return found == abilities.Papers.end() ? nullptr : &*found;
+    };
+    const PaperSize* paper = find(keyword);
+    return paper == nullptr ? find(abilities.DefaultPaper) : paper;
+}
+
+} // namespace
+
+Port<PrinterSystem>& ThePrinterSystem()
+{
+    static PortOr<PrinterSystem, NoPrinters> port;
+    return port;
+}
+
+PrinterChoice& ThePrinter()
+{
+    static ProcessState<PrinterChoice> printer;
+    PrinterChoice& choice = printer.Get();
+    if (choice.Printer.isEmpty())
+        choice.Printer = ThePrinterSystem()->DefaultName();
+    return choice;
+}
+
+bool CheckPrinter()
+{
+    const QString& name = ThePrinter().Printer;
+    if (name.isEmpty()) {
+        MsgOk(TextId::NoDefaultPrinter);
+        return false;
+    }
+    if (ThePrinterSystem()->AbilitiesOf(name).has_value())
+        return true;
+    MsgOk(TextId::PrinterNotAvailable);
+    return false;
+}
+
+Sheet PrinterSheet()
+{
+    Sheet sheet;
+    const PrinterChoice& choice = ThePrinter();
+    const auto abilities = ThePrinterSystem()->AbilitiesOf(choice.Printer);
+    if (!abilities)
+        return sheet;
+    if (abilities->DotsPerInch > 0)
+        sheet.DotsPerInch = { abilities->DotsPerInch, abilities->DotsPerInch };
+    if (const PaperSize* paper = PaperOf(*abilities, choice.Paper); paper != nullptr) {
+        sheet.Paper = paper->Size;
+        sheet.Offset = paper->Offset;
+    }
+    if (choice.Landscape) {
+        std::swap(sheet.Paper.X, sheet.Paper.Y);
+        std::swap(sheet.Offset.X, sheet.Offset.Y);
+    }
+    return sheet;
+}
+
+} // namespace tarvik

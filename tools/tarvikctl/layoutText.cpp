@@ -6,6 +6,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <array>
+#include <charconv>
+
 namespace tarvik {
 
 namespace {
@@ -13,7 +16,9 @@ namespace {
 /// The shortest number that reads back as the same 32-bit float.
 double Shortest(float value)
 {
-    return QString::number(value, 'g', QLocale::FloatingPointShortest).toDouble();
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    return QByteArray(text.data(), end - text.data()).toDouble();
 }
 
 QJsonObject Axes(const PerAxis& value)

@@ -2,6 +2,7 @@
 
 #include "app/platform/NewFileDevice.h"
 #include "app/platform/closeSignal.h"
+#include "app/platform/paths.h"
 #include "app/state/project.h"
 #include "app/text/textId.h"
 #include "lists/editor/editorGeneral.h"
@@ -136,8 +137,8 @@ bool WritePages(const PrintArguments& arguments, const std::vector<PageRecord>& 
 void WritePdf(const PrintArguments& arguments, const std::vector<PageRecord>& pages, Terminal& terminal)
 {
     terminal.SetFile(arguments.Pdf);
-    if (!MayWriteFile(arguments.Pdf)) {
-        terminal.SetFailed();
+    if (IsWriteProtected(arguments.Pdf)) {
+        MsgOk1(TextId::FileIsReadOnly, arguments.Pdf);
         return;
     }
     NewFileDevice file(arguments.Pdf);

@@ -15,7 +15,7 @@ _tarvikctl() {
   local words=() instrument=""
   i=1
   while ((i < last)); do
-    if [ "${typed[i]}" = --to ] && [ "${words[0]-}" != picture ] && [ "$instrument${words[0]-}" != givencapture ]; then
+    if [ "${typed[i]}" = --to ] && [ "${words[0]-}" != picture ] && [ "${words[0]-}" != print ] && [ "$instrument${words[0]-}" != givencapture ]; then
       instrument=given
       i=$((i + 2))
       while [ "${typed[i]-}" = : ]; do i=$((i + 2)); done
@@ -28,7 +28,7 @@ _tarvikctl() {
 
   local command=${words[0]-}
   if [ -z "$command" ]; then
-    local commands="check show convert sort plot picture text --to --version --help"
+    local commands="check show convert sort plot picture print text --to --version --help"
     [ -n "$instrument" ] && commands="idn ls get put rm capture"
     mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current")
     return
@@ -37,7 +37,25 @@ _tarvikctl() {
     mapfile -t COMPREPLY < <(compgen -W "0 1 2 3 4 5 6" -- "$current")
     return
   fi
+  if [ "$command $previous" = "print --to" ]; then
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -f -X '!*.pdf' -- "$current")
+    return
+  fi
   case $previous in
+  --paper)
+    mapfile -t COMPREPLY < <(compgen -W "A3 A4 A5 Letter Legal" -- "$current")
+    return
+    ;;
+  --printer)
+    mapfile -t COMPREPLY < <(compgen -W "$(lpstat -e 2>/dev/null)" -- "$current")
+    return
+    ;;
+  --settings)
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -f -- "$current")
+    return
+    ;;
   --palette)
     mapfile -t COMPREPLY < <(compgen -W "0 1" -- "$current")
     return
@@ -55,7 +73,7 @@ _tarvikctl() {
     mapfile -t COMPREPLY < <(compgen -W "kfactor omniphase" -- "$current")
     return
     ;;
-  --description | --size) return ;;
+  --description | --size | --margins | --offset | --dpi | --per-page) return ;;
   esac
   local options="" classes="" extensions="tva|tvk|tvm|tvs|tvc|csv|json"
   case $command in
@@ -65,6 +83,11 @@ _tarvikctl() {
   sort) options="--key --merge --yes" ;;
   plot) options="--table --size --values --yes" extensions="tvk|tvc|csv|json" ;;
   picture) options="--palette --description --into --to --yes" extensions="bmp|png|pcx|wmf" ;;
+  print)
+    options="--to --printer --paper --landscape --margins --offset --dpi --settings --per-page --arrange --title"
+    options+=" --no-title --outline --no-outline --bw --description --layout"
+    extensions="bmp|png|pcx|wmf|tvk|csv"
+    ;;
   ls | rm) classes=needed ;;
   get | put) options="--yes" classes=needed ;;
   capture) options="--palette --description --into --to --yes" extensions="bmp|png|pcx|wmf" ;;

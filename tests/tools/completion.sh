@@ -23,10 +23,12 @@ offers() {
 }
 
 offers "check convert" c
-offers "picture plot" p
+offers "picture plot print" p
 offers "--help --to --version" --
 offers "--all --json" show -
 offers "--key --merge --yes" sort --
+offers "A3 A4 A5" print --paper A
+offers "--no-outline --no-title" print --no
 offers "--size --table --values --yes" plot --
 offers "kfactor omniphase" plot --table ""
 offers "" plot --size ""

@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QValidator>
 
@@ -126,9 +127,9 @@ void AdjustGeometry(QWidget* control, const GeometryAdjustment& by, bool withHei
 }
 
 template <typename Control>
-Control* Prepared(Control* control, const char* name, const ControlTexts& texts)
+Control* Prepared(Control* control, const QString& name, const ControlTexts& texts)
 {
-    NameControl(control, QString::fromLatin1(name));
+    NameControl(control, name);
     if (!texts.Text.IsNone())
         LngSetCtrl(control, texts.Text);
     if (texts.Help.Number != 0)
@@ -216,7 +217,7 @@ void NameControl(QWidget* control, const QString& name)
 
 QPushButton* NewButton(QWidget* parent, const char* name, const ControlTexts& texts)
 {
-    auto* button = Prepared(new QPushButton(parent), name, texts);
+    auto* button = Prepared(new QPushButton(parent), QString::fromLatin1(name), texts);
     button->setAutoDefault(false);
     button->setAccessibleName(PlainCaption(button->text()));
     return button;
@@ -224,7 +225,7 @@ QPushButton* NewButton(QWidget* parent, const char* name, const ControlTexts& te
 
 QLabel* NewLabel(QWidget* parent, const char* name, const ControlTexts& texts)
 {
-    auto* label = Prepared(new QLabel(parent), name, texts);
+    auto* label = Prepared(new QLabel(parent), QString::fromLatin1(name), texts);
     label->setTextFormat(Qt::PlainText); // a name in it may look like markup
     label->setAccessibleName(PlainCaption(label->text()));
     return label;
@@ -232,7 +233,7 @@ QLabel* NewLabel(QWidget* parent, const char* name, const ControlTexts& texts)
 
 QLineEdit* NewTextBox(QWidget* parent, const char* name, TopicNumber help, int maxLength)
 {
-    auto* textBox = Prepared(new QLineEdit(parent), name, { {}, help, {} });
+    auto* textBox = Prepared(new QLineEdit(parent), QString::fromLatin1(name), { {}, help, {} });
     textBox->setMaxLength(maxLength);
     LimitToAnsi(textBox);
     return textBox;
@@ -240,22 +241,29 @@ QLineEdit* NewTextBox(QWidget* parent, const char* name, TopicNumber help, int m
 
 QComboBox* NewCombo(QWidget* parent, const char* name, TopicNumber help)
 {
-    auto* combo = Prepared(new QComboBox(parent), name, { {}, help, {} });
+    auto* combo = Prepared(new QComboBox(parent), QString::fromLatin1(name), { {}, help, {} });
     WheelNeedsFocus(combo);
     return combo;
 }
 
 QCheckBox* NewCheckBox(QWidget* parent, const char* name, const ControlTexts& texts)
 {
-    auto* check = Prepared(new QCheckBox(parent), name, texts);
+    auto* check = Prepared(new QCheckBox(parent), QString::fromLatin1(name), texts);
     if (!check->text().isEmpty())
         check->setAccessibleName(PlainCaption(check->text()));
     return check;
 }
 
+QRadioButton* NewOption(QWidget* parent, const QString& name, const ControlTexts& texts)
+{
+    auto* option = Prepared(new QRadioButton(parent), name, texts);
+    option->setAccessibleName(PlainCaption(option->text()));
+    return option;
+}
+
 QGroupBox* NewFrame(QWidget* parent, const char* name, const ControlTexts& texts)
 {
-    auto* frame = Prepared(new QGroupBox(parent), name, texts);
+    auto* frame = Prepared(new QGroupBox(parent), QString::fromLatin1(name), texts);
     frame->setAccessibleName(PlainCaption(frame->title()));
     return frame;
 }

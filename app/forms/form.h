@@ -15,6 +15,7 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
+class QRadioButton;
 
 namespace tarvik {
 
@@ -152,6 +153,7 @@ QLabel* NewLabel(QWidget* parent, const char* name, const ControlTexts& texts);
 QLineEdit* NewTextBox(QWidget* parent, const char* name, TopicNumber help, int maxLength);
 QComboBox* NewCombo(QWidget* parent, const char* name, TopicNumber help);
 QCheckBox* NewCheckBox(QWidget* parent, const char* name, const ControlTexts& texts);
+QRadioButton* NewOption(QWidget* parent, const QString& name, const ControlTexts& texts);
 QGroupBox* NewFrame(QWidget* parent, const char* name, const ControlTexts& texts);
 
 /// Binds a label to the control it names: buddy for its mnemonic, and the control's accessible name.

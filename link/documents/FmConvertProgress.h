@@ -1,12 +1,11 @@
 // link/documents/FmConvertProgress.h: runs the batch of a conversion and shows its progress.
 #pragma once
 
-#include "app/forms/form.h"
+#include "app/forms/ProgressForm.h"
 #include "link/documents/fileConvert.h"
 
 #include <QDateTime>
 
-class QProgressBar;
 class QTimer;
 
 namespace tarvik {
@@ -17,9 +16,8 @@ inline constexpr int kConvertShowIntervalMs = 40;
 /// A file of this size is always shown: it takes longer than the interval.
 inline constexpr qint64 kConvertLongFile = 16 << 20;
 
-/// Runs the batch once it is visible, and closes when the batch has ended. Until then Cancel, Escape and the close
-/// button end the batch after the current file.
-class FmConvertProgress final : public FormBase, private FileBatchWatcher {
+/// Cancel ends the batch after the current file.
+class FmConvertProgress final : public ProgressForm, private FileBatchWatcher {
     Q_OBJECT
 public:
     explicit FmConvertProgress(QWidget* parent = nullptr);
@@ -32,8 +30,8 @@ public:
 
 protected:
     bool OnLoad() override;
-    bool QueryUnload() override;
-    void OnActivate() override;
+    void RunJob() override;
+    void RequestStop() override;
 
 private:
     void Progress(int done, int total, const QString& source) override;
@@ -42,19 +40,14 @@ private:
     bool IsTimeToShow() const;
     void ShowProgress();
     void ShowCount(int number, int total);
-    void ShowName(const QString& name);
 
     QLabel* LbCount = nullptr;
-    QLabel* LbName = nullptr;
-    QProgressBar* progressBar = nullptr;
-    QPushButton* BtCancel = nullptr;
     QTimer* showLater_ = nullptr;
     QDateTime shownAt_;
     int done_ = 0;
     int total_ = 0;
     QString source_;
     BatchResult result_;
-    bool runs_ = false;
     bool cancelled_ = false;
 };
 

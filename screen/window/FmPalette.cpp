@@ -22,14 +22,9 @@ constexpr size_t IndexOf(PaletteNumber number)
     return static_cast<size_t>(number);
 }
 
-QRadioButton* NewOption(QWidget* parent, PaletteNumber number, TextNumber<0> text)
+QRadioButton* NewPaletteOption(QWidget* parent, PaletteNumber number, TextNumber<0> text)
 {
-    auto* option = new QRadioButton(parent);
-    LngSetCtrl(option, text);
-    option->setAccessibleName(PlainCaption(option->text()));
-    NameControl(option, QStringLiteral("OpPalette[%1]").arg(IndexOf(number)));
-    SetControlHelp(option, text);
-    return option;
+    return NewOption(parent, QStringLiteral("OpPalette[%1]").arg(IndexOf(number)), { text, text });
 }
 
 } // namespace
@@ -46,8 +41,8 @@ FmPalette::FmPalette(QWidget* parent)
 void FmPalette::BuildControls()
 {
     FrPalette = NewFrame(this, "FrPalette", { TextId::PaletteFrame, TextId::PaletteFrame, TextId::PaletteFrameHint });
-    OpPalette = { NewOption(FrPalette, PaletteNumber::Colour, TextId::PaletteColour),
-        NewOption(FrPalette, PaletteNumber::BlackAndWhite, TextId::PaletteBlackAndWhite) };
+    OpPalette = { NewPaletteOption(FrPalette, PaletteNumber::Colour, TextId::PaletteColour),
+        NewPaletteOption(FrPalette, PaletteNumber::BlackAndWhite, TextId::PaletteBlackAndWhite) };
     for (QRadioButton* option : OpPalette)
         connect(option, &QRadioButton::clicked, this, [this] { Choose(); });
     BtClose = NewButton(this, "BtClose", { TextId::PaletteClose, TextId::PaletteClose, TextId::PaletteCloseHint });

@@ -81,7 +81,7 @@ public:
     {
         return false;
     }
-    QVector<WindowId> SelectWindows(const QVector<WindowId>&) override
+    QVector<WindowId> SelectWindows(const QVector<WindowId>&, WindowId) override
     {
         return {};
     }

@@ -79,8 +79,9 @@ public:
     /// The save command of a document; true when it was saved.
     virtual bool Save(WindowId id) = 0;
 
-    /// Which of several windows the user chooses, in the order of the choice; empty when cancelled.
-    virtual QVector<WindowId> SelectWindows(const QVector<WindowId>& offered) = 0;
+    /// Which of several windows the user chooses, in the order of the choice; empty when cancelled. `marked` is
+    /// selected at first.
+    virtual QVector<WindowId> SelectWindows(const QVector<WindowId>& offered, WindowId marked) = 0;
 
 protected:
     ~ScreenDesktop() = default;

@@ -27,9 +27,10 @@ QString PictureNameOf(WindowId id)
 
 } // namespace
 
-FmSelectWindow::FmSelectWindow(const QVector<WindowId>& offered, QWidget* parent)
+FmSelectWindow::FmSelectWindow(const QVector<WindowId>& offered, WindowId marked, QWidget* parent)
     : FormBase("FmSelectWindow", parent)
     , offered_(offered)
+    , marked_(marked)
 {
     LngSetForm(this, TextId::SelectWindowsTitle);
     SetHelpNumber(HelpId::SelectWindows);
@@ -89,8 +90,8 @@ void FmSelectWindow::FillList()
         auto* row =
             new QListWidgetItem(PictureIcon(PictureNameOf(id)), view == nullptr ? QString() : view->Caption(), LxWin);
         row->setToolTip(PlainTip(row->text())); // long captions are elided
-        if (id == WindowTable().Active)
-            LxWin->setCurrentItem(row); // the most likely choice; this selects it
+        if (id == marked_)
+            LxWin->setCurrentItem(row); // this selects it
     }
     BtOk->setEnabled(!LxWin->selectedItems().isEmpty());
 }

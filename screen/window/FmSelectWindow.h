@@ -8,11 +8,12 @@ class QListWidget;
 
 namespace tarvik {
 
-/// Offers windows by their captions. `Chosen` holds the accepted ones in list order; empty after Cancel.
+/// Offers windows by their captions; `marked` is selected at first. `Chosen` holds the accepted ones in list order;
+/// empty after Cancel.
 class FmSelectWindow final : public FormBase {
     Q_OBJECT
 public:
-    explicit FmSelectWindow(const QVector<WindowId>& offered, QWidget* parent = nullptr);
+    FmSelectWindow(const QVector<WindowId>& offered, WindowId marked, QWidget* parent = nullptr);
 
     const QVector<WindowId>& Chosen() const
     {
@@ -29,6 +30,7 @@ private:
     void OnOk();
 
     QVector<WindowId> offered_;
+    WindowId marked_;
     QVector<WindowId> chosen_;
     QListWidget* LxWin = nullptr;
     QPushButton* BtAll = nullptr;

@@ -57,9 +57,9 @@ public:
         return FileSaveAsDlg(id);
     }
 
-    QVector<WindowId> SelectWindows(const QVector<WindowId>& offered) override
+    QVector<WindowId> SelectWindows(const QVector<WindowId>& offered, WindowId marked) override
     {
-        FmSelectWindow form(offered, QApplication::activeWindow());
+        FmSelectWindow form(offered, marked, QApplication::activeWindow());
         DialogShow(form);
         return form.Chosen();
     }

@@ -49,6 +49,11 @@ void RetileIfAutoTile()
 
 void ChooseWindows(int mask, bool withImages)
 {
+    ChooseWindows(mask, withImages, WindowTable().Active);
+}
+
+void ChooseWindows(int mask, bool withImages, WindowId marked)
+{
     const QVector<WindowId> offered = WindowsFor(mask, withImages);
     QVector<WindowId>& chosen = TheScreenWindows().Chosen;
     if (offered.size() <= 1) {
@@ -56,7 +61,7 @@ void ChooseWindows(int mask, bool withImages)
         return;
     }
     chosen.clear();
-    chosen = TheScreenDesktop()->SelectWindows(offered);
+    chosen = TheScreenDesktop()->SelectWindows(offered, marked);
 }
 
 } // namespace tarvik

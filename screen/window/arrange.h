@@ -14,7 +14,10 @@ void ToggleAutoTile();
 void RetileIfAutoTile();
 
 /// Offers windows (see WindowsFor) and stores the selected ones in `Chosen`; a single candidate is selected without a
-/// form.
+/// form. The active window is the most likely choice.
 void ChooseWindows(int mask, bool withImages);
+
+/// As above with another window selected at first.
+void ChooseWindows(int mask, bool withImages, WindowId marked);
 
 } // namespace tarvik

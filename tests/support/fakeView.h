@@ -145,7 +145,7 @@ public:
     {
         return WhenSaved(id);
     }
-    QVector<WindowId> SelectWindows(const QVector<WindowId>& offered) override
+    QVector<WindowId> SelectWindows(const QVector<WindowId>& offered, WindowId /*marked*/) override
     {
         return WhenOffered(offered);
     }

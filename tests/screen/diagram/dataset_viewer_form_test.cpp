@@ -295,7 +295,7 @@ TEST_F(DatasetForm, SelectionListsItWithItsCaption)
 {
     Open();
     Run([&](FmDatasetViewer& form) {
-        FmSelectWindow select(WindowsFor(MaskAll, true), &form);
+        FmSelectWindow select(WindowsFor(MaskAll, true), WindowTable().Active, &form);
         ShowForm(select);
         auto& list = Find<QListWidget>(select, "LxWin");
         ASSERT_EQ(list.count(), 2);

@@ -55,7 +55,7 @@ protected:
     /// The selected windows.
     QVector<WindowId> Run(const std::function<void(FmSelectWindow&)>& during)
     {
-        FmSelectWindow form(WindowsFor(MaskAll, true), frame.get());
+        FmSelectWindow form(WindowsFor(MaskAll, true), WindowTable().Active, frame.get());
         RunForm(form, [&] { during(form); });
         return form.Chosen();
     }

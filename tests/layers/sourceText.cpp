@@ -40,9 +40,13 @@ private:
         return std::string_view(text_).substr(at_).starts_with(what);
     }
 
+    /// In a number; the prefix of a character literal is a word without a digit in front.
     bool IsDigitSeparator() const
     {
-        return at_ > 0 && std::isxdigit(static_cast<unsigned char>(text_[at_ - 1])) != 0;
+        size_t word = at_;
+        while (word > 0 && (std::isalnum(static_cast<unsigned char>(text_[word - 1])) != 0 || text_[word - 1] == '\''))
+            --word;
+        return std::isdigit(static_cast<unsigned char>(text_[word])) != 0;
     }
 
     void BlankUntil(size_t end)

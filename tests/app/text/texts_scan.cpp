@@ -55,9 +55,13 @@ private:
         return QStringView(text_).mid(at_).startsWith(what);
     }
 
+    /// In a number; the prefix of a character literal is a word without a digit in front.
     bool IsDigitSeparator() const
     {
-        return at_ > 0 && text_[at_ - 1].isLetterOrNumber();
+        qsizetype word = at_;
+        while (word > 0 && (text_[word - 1].isLetterOrNumber() || text_[word - 1] == u'\''))
+            --word;
+        return text_[word].isDigit();
     }
 
     void Blank()

@@ -8,6 +8,7 @@
 #include "app/message/FmMessage.h"
 #include "link/bindLink.h"
 #include "lists/bindEditors.h"
+#include "print/bindPrint.h"
 #include "screen/bindScreen.h"
 
 #include <QApplication>
@@ -22,6 +23,7 @@ void BindFloors()
     BindLink();
     BindScreen();
     BindListEditors();
+    BindPrint();
     BindHelpViewer();
     SettingsSetGroups(AllSettingsGroups());
 }

@@ -30,6 +30,8 @@ RATIO = {
     "save correction set": 3.0,
     "view correction set": 0.8,
     "duplicates": 12.0,
+    "print page": 1.2,
+    "print pages": 1.1,
     "turns": 1.1,
     "read csv": 0.9,
     "write csv": 0.5,
@@ -43,7 +45,7 @@ RATIO = {
 }
 
 # What a user is made to wait at most, in ms, whatever the machine.
-AT_MOST = {"open": 80, "work": 100, "traces": 3, "duplicates": 2}
+AT_MOST = {"open": 80, "work": 100, "traces": 3, "duplicates": 2, "preview": 300, "preview redraw": 16}
 
 rows = []
 
@@ -111,6 +113,15 @@ for display in ("offscreen", "xvfb"):
         compared(f"view a {what} to its painted diagram, {display}", tables[f"{name}View"], f"view {kind}",
                  tables[f"{name}BareView"], "ms", "the texts sorted, bare dialog with polylines and labels",
                  at_most=AT_MOST["work"])
+
+    pages = load(f"print-{display}")
+    compared(f"a page with a screen of 1280 x 720 to PDF, {display}", pages["page"], "print page", pages["barePage"],
+             "ms", "bare lossless page")
+    compared(f"100 such pages, {display}", pages["pages"], "print pages", pages["barePages"], "ms", "100 bare pages")
+    row(f"growth of peak memory by them, {display}", pages["growth"], pages["growthOfFew"] + 2, "MiB",
+        f"by ten of them {pages['growthOfFew']:.2f} MiB")
+    row(f"open the preview on 100 windows, {display}", pages["open"], AT_MOST["preview"], "ms")
+    row(f"slowest redraw of the preview after a drag, {display}", pages["redraw"], AT_MOST["preview redraw"], "ms")
 
 turns = load("turns")
 compared("a table opened, viewed and closed, the last 100 of 1,000 times", turns["lastTurns"], "turns",

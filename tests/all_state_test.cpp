@@ -27,7 +27,10 @@
 #include "lists/memory/memoryEntry.h"
 #include "lists/values/limits.h"
 #include "print/page/pageTable.h"
+#include "print/page/printCommand.h"
 #include "print/page/printSettings.h"
+#include "print/printer/jobWatch.h"
+#include "print/printer/printers.h"
 #include "screen/diagram/diagram.h"
 #include "screen/document/description.h"
 #include "screen/document/screenTable.h"
@@ -261,6 +264,10 @@ const std::vector<StateCase>& Cases()
         { "Kfactors", [] { Kfactors().Count = 1; }, [] { return Kfactors().Count == 0; } },
         { "MemoryEntry", [] { MemoryEntry().Frequency = 1; }, [] { return MemoryEntry().Frequency == 0; } },
         { "ThePages", [] { ThePages().Present = 3; }, [] { return ThePages().Present == 0; } },
+        { "ThePrinter", [] { ThePrinter().Copies = 2; }, [] { return ThePrinter().Copies == 1; } },
+        { "TheJobWatch", [] { TheJobWatch().TimerRuns = true; }, [] { return !TheJobWatch().TimerRuns; } },
+        { "ThePrintCommand", [] { ThePrintCommand().PdfFolder = QStringLiteral("x"); },
+            [] { return ThePrintCommand().PdfFolder.isEmpty(); } },
         { "ThePrintSettings", [] { ThePrintSettings().Border = false; }, [] { return ThePrintSettings().Border; } },
     };
     return cases;
@@ -293,6 +300,9 @@ const std::map<std::string, const char*>& Exceptions()
         { "app/platform/processState.cpp registry", "the list of all states" },
         { "app/platform/port.h implementation", "holds no data, as its class is checked to" },
         { "link/files/fileList.cpp view", "the view of lists without a form; holds no data" },
+        { "print/bindPrint.cpp printers", "the queues of the system and the file printer; holds no data" },
+        { "print/printer/cupsQueues.cpp queues", "the queues of the system; holds no data" },
+        { "print/printer/printers.cpp system", "the system without printers; holds no data" },
         { "app/frame/MfMain.cpp current", "set by the frame's constructor, cleared by its destructor" },
     };
     return exceptions;

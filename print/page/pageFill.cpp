@@ -11,7 +11,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr int kOrderShift = 8;
 constexpr size_t kWindowTypes = 3;
 
 bool IsOfType(const PageSlot& slot, WindowType type)
@@ -49,7 +48,8 @@ int OrderOf(const PageSlot& slot, int numberOfType)
         std::clamp<qint64>(order, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
-/// Places one entry of a page; those before it are placed.
+/// Places one entry of a page; those before it are placed. The place of a diagram in a slot is the user's, in any
+/// proportion.
 class Placing {
 public:
     Placing(PageRecord& page, PageEntry& entry, const Sheet& sheet, const EntryDefaults& defaults)
@@ -63,9 +63,10 @@ public:
 
     void Run()
     {
-        if (!PlaceInSlot())
+        const bool isInSlot = PlaceInSlot();
+        if (!isInSlot)
             PlaceWithoutSlot();
-        const bool keepsAspect = true;
+        const bool keepsAspect = !isInSlot || entry_.Extent.Type == WindowType::Screen;
         entry_.Rectangle = Fitted(entry_.Rectangle, Aspect(), keepsAspect, area_);
     }
 
@@ -192,6 +193,19 @@ void AddToPage(PageRecord& page, const PageWindow& window, const Sheet& sheet, c
     Placing(page, entry, sheet, defaults).Run();
     ++page.Count;
     page.FrontEntry = HighestEntry(page);
+}
+
+void RepairPages(const Sheet& sheet)
+{
+    for (PageRecord& page : ThePages().Table) {
+        page.Margins = RepairedMargins(page.Margins, sheet);
+        const SheetRect area = PrintableArea(sheet, page.Margins);
+        for (PageEntry& entry : page.InUse()) {
+            const bool keepsAspect = entry.Extent.Type == WindowType::Screen;
+            entry.Rectangle = Fitted(entry.Rectangle, AspectOf(entry.Extent, entry.Shares), keepsAspect, area);
+            entry.Repaint = true;
+        }
+    }
 }
 
 } // namespace tarvik

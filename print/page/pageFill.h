@@ -24,6 +24,9 @@ struct EntryDefaults {
 /// Order of an entry without a slot: in front of all that have one.
 inline constexpr int kOrderWithoutSlot = 5120;
 
+/// In a slot the order is that of the slot plus one more of these steps for each window of the type.
+inline constexpr int kOrderShift = 8;
+
 inline constexpr float kStackGapInches = 0.1F;
 inline constexpr float kCascadeStepInches = 0.2F;
 
@@ -40,5 +43,8 @@ void FillPage(PageRecord& page, std::span<const PageWindow> windows, const Sheet
 
 /// Adds a window to a page that has room.
 void AddToPage(PageRecord& page, const PageWindow& window, const Sheet& sheet, const EntryDefaults& defaults);
+
+/// Repairs the margins of every page of the table, and fits its windows into them.
+void RepairPages(const Sheet& sheet);
 
 } // namespace tarvik

@@ -38,7 +38,15 @@ WindowExtent WindowExtentOf(WindowId id);
 /// can't be drawn stays blank. The painter is unchanged on return.
 void PaintPage(QPainter& painter, const PageRecord& page, const Sheet& sheet);
 
-/// Draws one entry at a place in dots: title, picture, description and box.
-void PaintEntry(QPainter& painter, const PageEntry& entry, const QRect& device, bool blackAndWhite);
+/// What differs between a printed entry and one in the preview.
+struct EntryStyle {
+    bool BlackAndWhite = false;
+    bool Box = true; ///< draws the outline of an entry that has one
+    bool OwnPixels = true; ///< the device scales the picture; else it is scaled for a screen
+};
+
+/// Draws one entry at a place in dots: title, picture, description and box. The box ends under the last line of the
+/// description.
+void PaintEntry(QPainter& painter, const PageEntry& entry, const QRect& device, const EntryStyle& style);
 
 } // namespace tarvik

@@ -30,6 +30,15 @@ int HighestEntry(const PageRecord& page)
     return page.Count == 0 ? kNoEntry : DrawingOrder(page)[static_cast<size_t>(page.Count - 1)];
 }
 
+void BringToFront(PageRecord& page, int entry)
+{
+    auto order = DrawingOrder(page);
+    std::stable_partition(order.begin(), order.begin() + page.Count, [entry](int at) { return at != entry; });
+    for (int rank = 0; rank < page.Count; ++rank)
+        page.Entries[static_cast<size_t>(order[static_cast<size_t>(rank)])].Order = rank;
+    page.FrontEntry = entry;
+}
+
 std::array<int, kWindowsPerPage> DrawingOrder(const PageRecord& page)
 {
     std::array<int, kWindowsPerPage> order{};

@@ -48,7 +48,7 @@ struct SheetRect {
 struct WindowExtent {
     WindowType Type = WindowType::Free;
     QSize Graph; ///< `PbGraph`
-    int DescriptionHeight = 0; ///< with its line; 0 while it is not visible
+    int DescriptionHeight = 0; ///< with its line; 0 without
 };
 
 /// Parts of an entry's height, which add up to 1.
@@ -114,6 +114,9 @@ void ClearPage(PageRecord& page);
 
 /// The entry that is drawn last; kNoEntry on an empty page.
 int HighestEntry(const PageRecord& page);
+
+/// Brings an entry to the front; the others keep their order among themselves. Orders become the ranks from 0.
+void BringToFront(PageRecord& page, int entry);
 
 /// Indices of the entries as they are drawn.
 std::array<int, kWindowsPerPage> DrawingOrder(const PageRecord& page);

@@ -20,8 +20,7 @@ public:
 
 enum class PrintResult { Printed, Cancelled, Failed };
 
-/// Pages of a list of windows by the layout and margins of the present page, which is changed by it. The pages have the
-/// palette of the present page.
+/// Pages of a list of windows by layout, margins and palette of the present page.
 std::vector<PageRecord> PagesOfWindows(std::vector<PageWindow> windows, const Sheet& sheet);
 
 /// The pages of the table that show a window, filled again from their layouts.

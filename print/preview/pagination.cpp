@@ -5,13 +5,21 @@
 #include "print/page/pageLayout.h"
 #include "print/page/printJob.h"
 #include "print/preview/autoArrange.h"
+#include "screen/window/arrange.h"
 
 #include <algorithm>
+#include <limits>
+#include <numeric>
 #include <utility>
 
 namespace tarvik {
 
 namespace {
+
+constexpr int kMostOrder = std::numeric_limits<qint16>::max();
+
+/// More than placing adds for the last window of a page.
+constexpr int kOrderSpread = (kWindowsPerPage + 1) << kOrderShift;
 
 PageRecord& PageAt(int number)
 {
@@ -35,11 +43,58 @@ bool RefusePages()
     return false;
 }
 
+bool IsOnPresentPage(WindowId window)
+{
+    const auto entries = PresentPage().InUse();
+    return std::any_of(
+        entries.begin(), entries.end(), [window](const PageEntry& entry) { return entry.Window == window; });
+}
+
+int EntriesInUse()
+{
+    const auto& table = ThePages().Table;
+    return std::accumulate(
+        table.begin(), table.end(), 0, [](int sum, const PageRecord& page) { return sum + page.Count; });
+}
+
 void ClearAllPages()
 {
     for (PageRecord& page : ThePages().Table)
         ClearPage(page);
     ThePages().Present = 0;
+}
+
+void StoreSlots(PageRecord& page)
+{
+    page.Layout = {};
+    for (int at = 0; at < page.Count; ++at) {
+        const PageEntry& entry = page.Entries[static_cast<size_t>(at)];
+        const SheetRect& place = entry.Rectangle;
+        page.Layout[static_cast<size_t>(at)] = { static_cast<qint32>(entry.Extent.Type),
+            { place.Left, place.Top, place.Width, place.Height }, entry.Title, entry.Outline, entry.Order };
+    }
+}
+
+/// True if the windows of a page, placed by its layout, are stacked as they are now. Orders beyond the range of the
+/// settings are spread anew.
+bool RefillsInSameOrder(const PageRecord& page, const Sheet& sheet)
+{
+    std::vector<PageWindow> windows;
+    for (const PageEntry& entry : page.InUse())
+        windows.push_back({ entry.Window, entry.Extent });
+    PageRecord refilled = page;
+    FillPage(refilled, windows, sheet, DefaultsOfEntries());
+    const int front = HighestEntry(refilled);
+    return DrawingOrder(refilled) == DrawingOrder(page)
+        && (front == kNoEntry || refilled.Entries[static_cast<size_t>(front)].Order <= kMostOrder);
+}
+
+/// Orders so far apart that what placing adds for the windows of one type doesn't change the stacking.
+void SpreadSlotOrders(PageRecord& page)
+{
+    const auto order = DrawingOrder(page);
+    for (int rank = 0; rank < page.Count; ++rank)
+        page.Layout[static_cast<size_t>(order[static_cast<size_t>(rank)])].Order = rank * kOrderSpread;
 }
 
 } // namespace
@@ -114,6 +169,32 @@ bool AddWindows(std::span<const PageWindow> windows, int perPage, const Sheet& s
     return true;
 }
 
+int OpenPages(const Sheet& sheet)
+{
+    QVector<WindowId> windows = WindowsFor(MaskAll, true);
+    const auto active = std::find(windows.begin(), windows.end(), WindowTable().Active);
+    if (active != windows.end())
+        std::rotate(windows.begin(), active, active + 1);
+    BuildPages(PageWindowsOf(windows), sheet);
+    int perPage = 1;
+    for (const PageRecord& page : ThePages().Table)
+        perPage = std::max(perPage, page.Count);
+    return perPage;
+}
+
+bool AddChosenWindows(int perPage, const Sheet& sheet)
+{
+    const QVector<WindowId> offered = WindowsFor(MaskAll, true);
+    const auto marked = std::find_if_not(offered.begin(), offered.end(), IsOnPresentPage);
+    if (offered.size() == 1 && marked == offered.end())
+        return false;
+    ChooseWindows(MaskAll, true, marked == offered.end() ? WindowId{ 0 } : *marked);
+    const std::vector<PageWindow> chosen = PageWindowsOf(TheScreenWindows().Chosen);
+    const int before = EntriesInUse();
+    AddWindows(chosen, perPage, sheet);
+    return EntriesInUse() > before;
+}
+
 void RemoveFrontEntry()
 {
     PageState& pages = ThePages();
@@ -132,29 +213,12 @@ void RemoveFrontEntry()
     pages.Present = std::min(pages.Present, PagesInUse() - 1);
 }
 
-void RepairPages(const Sheet& sheet)
+void StoreLayout(const Sheet& sheet)
 {
     for (PageRecord& page : ThePages().Table) {
-        page.Margins = RepairedMargins(page.Margins, sheet);
-        const SheetRect area = PrintableArea(sheet, page.Margins);
-        for (PageEntry& entry : page.InUse()) {
-            const bool keepsAspect = entry.Extent.Type == WindowType::Screen;
-            entry.Rectangle = Fitted(entry.Rectangle, AspectOf(entry.Extent, entry.Shares), keepsAspect, area);
-            entry.Repaint = true;
-        }
-    }
-}
-
-void StoreLayout()
-{
-    for (PageRecord& page : ThePages().Table) {
-        page.Layout = {};
-        for (int at = 0; at < page.Count; ++at) {
-            const PageEntry& entry = page.Entries[static_cast<size_t>(at)];
-            const SheetRect& place = entry.Rectangle;
-            page.Layout[static_cast<size_t>(at)] = { static_cast<qint32>(entry.Extent.Type),
-                { place.Left, place.Top, place.Width, place.Height }, entry.Title, entry.Outline, entry.Order };
-        }
+        StoreSlots(page);
+        if (!RefillsInSameOrder(page, sheet))
+            SpreadSlotOrders(page);
     }
 }
 

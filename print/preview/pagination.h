@@ -30,14 +30,20 @@ void ArrangePages(const Sheet& sheet);
 /// the table is full; the windows before are added.
 bool AddWindows(std::span<const PageWindow> windows, int perPage, const Sheet& sheet);
 
+/// Lays out the pages of all open windows, the active one first, and presents the first page. Returns the number of
+/// windows on a page: as many as the fullest one has.
+int OpenPages(const Sheet& sheet);
+
+/// Offers the open windows, marking the first one that is not on the present page, and adds those that the user
+/// chooses; a single one is added without a question unless it is there. False if nothing was added.
+bool AddChosenWindows(int perPage, const Sheet& sheet);
+
 /// Removes the front entry of the present page. A page left empty is removed from the table, unless it is the only one;
 /// the one before is then presented if it was the last.
 void RemoveFrontEntry();
 
-/// Repairs the margins of every page with windows, and fits the entries into them.
-void RepairPages(const Sheet& sheet);
-
-/// Copies the entries of every page into its layout; the other slots become empty.
-void StoreLayout();
+/// Copies the entries of every page into its layout, so that filling it again gives the same page; the other slots
+/// become empty.
+void StoreLayout(const Sheet& sheet);
 
 } // namespace tarvik

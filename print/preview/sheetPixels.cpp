@@ -12,6 +12,9 @@ namespace {
 /// How far around an entry it still counts as hit, and how far inside its edges begin.
 constexpr int kReachPx = 2;
 
+/// Whole pixels turned into inches are the same pixels again.
+constexpr float kCutTolerancePx = 0.001F;
+
 bool IsLeft(Handle part)
 {
     return part == Handle::Left || part == Handle::TopLeft || part == Handle::BottomLeft;
@@ -78,7 +81,8 @@ float PixelsPerInch(const Sheet& sheet, QSize preview)
 
 QRect PixelsOf(const SheetRect& rectangle, float pixelsPerInch)
 {
-    const auto cut = [pixelsPerInch](float inches) { return static_cast<int>(inches * pixelsPerInch); };
+    const auto cut = [pixelsPerInch](
+                         float inches) { return static_cast<int>(inches * pixelsPerInch + kCutTolerancePx); };
     return { cut(rectangle.Left), cut(rectangle.Top), cut(rectangle.Width), cut(rectangle.Height) };
 }
 

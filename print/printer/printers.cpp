@@ -2,7 +2,9 @@
 
 #include "app/message/message.h"
 #include "app/platform/processState.h"
+#include "app/platform/seams.h"
 #include "app/text/textId.h"
+#include "app/values/region.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,7 +13,7 @@ namespace tarvik {
 
 namespace {
 
-class NoPrinters final : public PrinterSystem {
+class EmptySystem final : public PrinterSystem {
 public:
     QStringList Names() const override
     {
@@ -25,9 +27,17 @@ public:
     {
         return {};
     }
-    QString Send(const PrinterChoice&, const QString&, const QString&) override
+    bool PrintsToFile(const QString&) const override
     {
-        return QStringLiteral("no printer");
+        return false;
+    }
+    SentJob Send(const PrinterChoice&, const QString&, const QString&) override
+    {
+        return { 0, QStringLiteral("no printer") };
+    }
+    JobState StateOf(const QString&, int) const override
+    {
+        return JobState::Done;
     }
 };
 
@@ -46,8 +56,20 @@ const PaperSize* PaperOf(const PrinterAbilities& abilities, const QString& keywo
 
 Port<PrinterSystem>& ThePrinterSystem()
 {
-    static PortOr<PrinterSystem, NoPrinters> port;
+    static PortOr<PrinterSystem, EmptySystem> port;
     return port;
+}
+
+PrinterSystem& NoPrinters()
+{
+    static EmptySystem system;
+    return system;
+}
+
+void UsePrinters(PrinterSystem& system)
+{
+    ThePrinterSystem().Set(system);
+    TheSeams().DefaultPrinter = [] { return ThePrinterSystem()->DefaultName(); };
 }
 
 PrinterChoice& ThePrinter()
@@ -55,7 +77,7 @@ PrinterChoice& ThePrinter()
     static ProcessState<PrinterChoice> printer;
     PrinterChoice& choice = printer.Get();
     if (choice.Printer.isEmpty())
-        choice.Printer = ThePrinterSystem()->DefaultName();
+        choice.Printer = IniDefaultPrinter();
     return choice;
 }
 
@@ -72,10 +94,9 @@ bool CheckPrinter()
     return false;
 }
 
-Sheet PrinterSheet()
+Sheet SheetOf(const PrinterChoice& choice)
 {
     Sheet sheet;
-    const PrinterChoice& choice = ThePrinter();
     const auto abilities = ThePrinterSystem()->AbilitiesOf(choice.Printer);
     if (!abilities)
         return sheet;
@@ -90,6 +111,11 @@ Sheet PrinterSheet()
         std::swap(sheet.Offset.X, sheet.Offset.Y);
     }
     return sheet;
+}
+
+Sheet PrinterSheet()
+{
+    return SheetOf(ThePrinter());
 }
 
 } // namespace tarvik

@@ -47,6 +47,14 @@ struct PrinterChoice {
     PrintQuality Quality = PrintQuality::Normal;
 };
 
+/// A job in a queue. Without an error `Id` is its number there.
+struct SentJob {
+    int Id = 0;
+    QString Error; ///< why it was not sent
+};
+
+enum class JobState { Waiting, Done, Cancelled, Failed };
+
 /// Access to the printing system.
 class PrinterSystem {
 public:
@@ -58,12 +66,25 @@ public:
     /// Nothing for a printer that has vanished.
     virtual std::optional<PrinterAbilities> AbilitiesOf(const QString& printer) const = 0;
 
-    /// Sends a PDF file as a job; an empty text, or why it failed.
-    virtual QString Send(const PrinterChoice& choice, const QString& title, const QString& pdfPath) = 0;
+    /// True for a printer whose pages go to a PDF file of the user's choice, not to a queue.
+    virtual bool PrintsToFile(const QString& printer) const = 0;
+
+    /// Sends a PDF file to a queue.
+    virtual SentJob Send(const PrinterChoice& choice, const QString& title, const QString& pdfPath) = 0;
+
+    /// Done also for a job that the queue no longer knows.
+    virtual JobState StateOf(const QString& printer, int job) const = 0;
 };
 
 /// Without an implementation there is no printer.
 Port<PrinterSystem>& ThePrinterSystem();
+
+/// A system without any printer.
+PrinterSystem& NoPrinters();
+
+/// Sets the printing system, and the name of its default printer as the system's. `system` lives as long as the
+/// program.
+void UsePrinters(PrinterSystem& system);
 
 /// The printer in use: at first the system's default one with its default paper. Kept for the run.
 PrinterChoice& ThePrinter();
@@ -71,7 +92,10 @@ PrinterChoice& ThePrinter();
 /// Message 12708 without a default printer, 12709 if the one in use has vanished.
 [[nodiscard]] bool CheckPrinter();
 
-/// The sheet of the printer in use; that without a printer if it has vanished.
+/// The sheet of a printer with a choice of paper; that without a printer if it has vanished.
+Sheet SheetOf(const PrinterChoice& choice);
+
+/// That of the printer in use.
 Sheet PrinterSheet();
 
 } // namespace tarvik

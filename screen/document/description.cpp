@@ -116,7 +116,14 @@ int DescrLineCount(WindowId id)
 
 int DescrHeight(WindowId id)
 {
-    return DescrVisible(id) ? std::max(DescrLineCount(id), 1) * DescrLineHeight(id) + kSeparatorHeight : 0;
+    return DescrVisible(id) ? DescrPrintedHeight(id) : 0;
+}
+
+int DescrPrintedHeight(WindowId id)
+{
+    if (!WindowInUse(id) || !WindowAt(id).DescriptionVisible)
+        return 0;
+    return std::max(DescrLineCount(id), 1) * DescrLineHeight(id) + kSeparatorHeight;
 }
 
 DescriptionLayout DescrLayout(WindowId id, QSize client)

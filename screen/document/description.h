@@ -61,6 +61,9 @@ int DescrLineCount(WindowId id);
 /// Height of the block and its separator line, in pixels; 0 while it is not visible.
 int DescrHeight(WindowId id);
 
+/// As above on a printed page, which shows the block of a maximised window too.
+int DescrPrintedHeight(WindowId id);
+
 /// Position of the block in a window of this client size: centred, even if it is wider and overlaps on both sides.
 /// Below the bottom edge while not visible.
 DescriptionLayout DescrLayout(WindowId id, QSize client);

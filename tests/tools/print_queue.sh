@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# print_queue.sh TARVIKCTL PICTURE: prints to a queue of a scheduler of its own, which stores its jobs as files.
+# print_queue.sh TARVIKCTL QUEUE_PROBE PICTURE: prints to a queue of a scheduler of its own, which stores its jobs as files.
 set -eu
 ctl=$1
-picture=$2
+probe=$2
+picture=$3
 folder=$(mktemp -d)
 server=
 trap '[ -z "$server" ] || kill "$server"; wait; rm -rf "$folder"' EXIT
@@ -19,7 +20,8 @@ cat "$6" >"${DEVICE_URI#store:}/$3.part"
 echo "$5" >"${DEVICE_URI#store:}/$3.options"
 mv "${DEVICE_URI#store:}/$3.part" "${DEVICE_URI#store:}/$3.pdf"
 END
-chmod 755 "$folder/bin/backend/store"
+printf '#!/bin/sh\n[ $# != 0 ] || { echo "direct broken \\"Unknown\\" \\"Broken\\""; exit 0; }\nexit 1\n' >"$folder/bin/backend/broken"
+chmod 755 "$folder/bin/backend/store" "$folder/bin/backend/broken"
 cat >"$folder/cups-files.conf" <<END
 ServerRoot $folder/root
 RequestRoot $folder/spool
@@ -139,6 +141,31 @@ for page in 000 001; do
   compare -metric AE "picture-$page.png" one.png null: 2>difference || fail "other pixels: $(cat difference)"
 done
 [ -f picture-000.png ] || fail "no picture"
+
+# What becomes of jobs: one that waits and is cancelled, one whose printer fails, one that is printed.
+[ "$("$probe" list)" = 'evidence*' ] || fail "other queues: $("$probe" list)"
+expect() {
+  until [ "$("$probe" state "$2" "$3")" != waiting ]; do
+    kill -0 "$server" || fail "the scheduler has ended"
+    read -rt 0.05 <> <(:) || true
+  done
+  [ "$("$probe" state "$2" "$3")" = "$1" ] || fail "job $3 is $("$probe" state "$2" "$3"), not $1"
+}
+cupsdisable evidence
+job=$("$probe" send evidence jobs/one.pdf)
+[ "$("$probe" state evidence "$job")" = waiting ] || fail "the job does not wait"
+cancel "$job"
+expect cancelled evidence "$job"
+cupsenable evidence
+job=$("$probe" send evidence jobs/one.pdf)
+expect 'done' evidence "$job"
+[ "$("$probe" state evidence 9999)" = 'done' ] || fail "an unknown job is not over"
+lpadmin -p broken -v broken:nothing -P "$folder/evidence.ppd" -o printer-error-policy=abort-job -E 2>/dev/null
+job=$("$probe" send broken jobs/one.pdf)
+expect failed broken "$job"
+lpadmin -x broken
+if "$probe" send gone jobs/one.pdf 2>errors; then fail "sent to a queue that does not exist"; fi
+[ -s errors ] || fail "no reason"
 
 # A queue that has vanished, and a system without any.
 if "$ctl" print --printer gone one.png 2>errors; then fail "printed to a queue that does not exist"; fi

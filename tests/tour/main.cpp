@@ -113,6 +113,7 @@ int main(int argc, char** argv)
     const QString workFolder = work.path() + u'/';
     for (const char* name : { "program", "program/Memory List", "program/Screen Shots", "home", "lists", "pictures" })
         QDir(workFolder).mkdir(QString::fromLatin1(name));
+    qputenv("CUPS_SERVER", "localhost:1"); // no queues: the pages go to a file
     qputenv("XDG_DATA_HOME", QFile::encodeName(workFolder + QStringLiteral("home"))); // location of the trash
     LinkProgram(workFolder + QStringLiteral("program/"));
 

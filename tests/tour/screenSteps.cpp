@@ -1,12 +1,15 @@
 #include "tests/tour/screenSteps.h"
 
+#include "print/preview/SheetView.h"
 #include "tests/tour/controls.h"
 
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QTest>
 
 #include <cstdio>
 
@@ -119,6 +122,50 @@ std::vector<TourStep> ConvertSteps(const QString& folder)
     };
 }
 
+/// Moves the selected window of the preview with the mouse.
+void DragSelected(QWidget& preview)
+{
+    auto& sheet = Control<SheetView>(preview, QStringLiteral("PbPreview"));
+    const QPoint from = sheet.Edit().SelectedPixels().center();
+    const QPoint to = from + QPoint(12, 20);
+    QTest::mousePress(&sheet, Qt::LeftButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, QPointF(to), sheet.mapToGlobal(QPointF(to)), Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&sheet, &move);
+    QTest::mouseRelease(&sheet, Qt::LeftButton, {}, to);
+}
+
+/// Three pictures in the preview, one moved; then on two pages, printed to a PDF file.
+std::vector<TourStep> PrintSteps(const QString& folder)
+{
+    const QString batch = u'"' + Saved(folder, "png") + QStringLiteral("\" \"") + Saved(folder, "pcx")
+        + QStringLiteral("\" \"") + Saved(folder, "wmf") + u'"';
+    const auto typePerPage = [](const char* number) {
+        return [number](QWidget& form) { Type(form, "TbNrOfWindows", QString::fromLatin1(number)); };
+    };
+    return {
+        OnFrame("", "MnFileOpen", 0),
+        ChooseFile("OpenDialog", batch),
+        OnFrame("", "MnFilePageSetup", 3),
+        ClickOn("page-setup", "FmPageSetup", "BtPrinter"),
+        ClickOn("printer-setup", "FmPrintSetup", "BtCancel"),
+        ClickOn("", "FmPageSetup", "BtOk"),
+        OnFrame("", "MnFilePrintPreview", 3),
+        OnForm("preview", "FmPreview", typePerPage("3")),
+        OnForm("preview-arranged", "FmPreview", DragSelected),
+        OnForm("preview-dragged", "FmPreview", typePerPage("2")),
+        ClickOn("preview-two-pages", "FmPreview", "BtPrint"),
+        ChooseFile("SaveDialog", folder + QString::fromLatin1(kTourPages)),
+        ClickOn("", "FmPreview", "BtClose"),
+        OnFrame("printed", "MnWindowCloseAll", 3),
+    };
+}
+
+int PagesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? static_cast<int>(file.readAll().count("/Type /Page\n")) : 0;
+}
+
 bool Require(bool condition, const QString& what)
 {
     if (!condition)
@@ -131,7 +178,8 @@ bool Require(bool condition, const QString& what)
 std::vector<TourStep> ScreenSteps(const QString& folder)
 {
     std::vector<TourStep> steps;
-    for (const std::vector<TourStep>& part : { CaptureSteps(), SaveSteps(folder), ConvertSteps(folder) })
+    for (const std::vector<TourStep>& part :
+        { CaptureSteps(), SaveSteps(folder), ConvertSteps(folder), PrintSteps(folder) })
         steps.insert(steps.end(), part.begin(), part.end());
     return steps;
 }
@@ -146,7 +194,8 @@ bool CheckScreenResults(const QString& folder)
     return Require(!png.isNull() && png.allGray(), QStringLiteral("the saved picture is not grey"))
         && Require(png == bitmap, QStringLiteral("PNG and bitmap differ"))
         && Require(png == converted, QStringLiteral("the converted picture differs"))
-        && Require(QFile::exists(Saved(folder, "wmf")), QStringLiteral("no metafile"));
+        && Require(QFile::exists(Saved(folder, "wmf")), QStringLiteral("no metafile"))
+        && Require(PagesOf(folder + QString::fromLatin1(kTourPages)) == 2, QStringLiteral("not two printed pages"));
 }
 
 } // namespace tarvik

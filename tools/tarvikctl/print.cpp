@@ -1,17 +1,15 @@
 #include "tools/tarvikctl/print.h"
 
-#include "app/platform/NewFileDevice.h"
 #include "app/platform/closeSignal.h"
 #include "app/platform/paths.h"
 #include "app/state/project.h"
 #include "app/text/textId.h"
 #include "lists/editor/editorGeneral.h"
 #include "lists/values/limits.h"
-#include "print/page/printJob.h"
+#include "print/page/printOutput.h"
 #include "print/page/printSettings.h"
 #include "print/preview/pagination.h"
-#include "print/printer/PdfPages.h"
-#include "print/printer/cupsPrinters.h"
+#include "print/printer/queues.h"
 #include "screen/diagram/datasetViewer.h"
 #include "screen/document/screenTable.h"
 #include "screen/files/documentFiles.h"
@@ -21,7 +19,6 @@
 #include "tools/tarvikctl/readList.h"
 
 #include <QFileInfo>
-#include <QTemporaryFile>
 
 #include <optional>
 
@@ -110,7 +107,7 @@ std::vector<PageRecord> LayOutPages(
         ArrangePages(sheet);
     else if (!Repaginate(arguments.PerPage, sheet))
         return {};
-    StoreLayout();
+    StoreLayout(sheet);
     return PagesOfPreview(sheet);
 }
 
@@ -119,50 +116,32 @@ QString TitleOf(const PrintArguments& arguments)
     return QFileInfo(arguments.Files.front()).completeBaseName();
 }
 
-/// A PDF of the pages, on an open device. False after a message.
-bool WritePages(const PrintArguments& arguments, const std::vector<PageRecord>& pages, const Sheet& sheet,
-    QIODevice& device, Terminal& terminal)
+/// Reports what did not print.
+void Tell(const PrintOutcome& outcome, Terminal& terminal)
 {
-    PdfPages pdf(device, sheet);
-    TerminalPrintWatcher watcher(terminal);
-    const PrintResult result = PrintPages(pdf, pages, sheet, TitleOf(arguments), watcher);
     terminal.ShowProgress({});
-    if (result == PrintResult::Cancelled)
+    if (outcome.Result == PrintResult::Cancelled)
         terminal.Refuse(QStringLiteral("stopped, nothing is printed"));
-    else if (result == PrintResult::Failed)
-        terminal.Refuse(QStringLiteral("can't be written"));
-    return result == PrintResult::Printed;
+    else if (outcome.Result == PrintResult::Failed)
+        terminal.Refuse(outcome.Reason.isEmpty() ? QStringLiteral("can't be written") : outcome.Reason);
 }
 
-void WritePdf(const PrintArguments& arguments, const std::vector<PageRecord>& pages, Terminal& terminal)
+void WritePdf(const QString& path, const PrintRun& run, Terminal& terminal)
 {
-    terminal.SetFile(arguments.Pdf);
-    if (IsWriteProtected(arguments.Pdf)) {
-        MsgOk1(TextId::FileIsReadOnly, arguments.Pdf);
+    terminal.SetFile(path);
+    if (IsWriteProtected(path)) {
+        MsgOk1(TextId::FileIsReadOnly, path);
         return;
     }
-    NewFileDevice file(arguments.Pdf);
-    if (!file.open(QIODevice::WriteOnly))
-        terminal.Refuse(QStringLiteral("can't be written"));
-    else if (WritePages(arguments, pages, arguments.Paper, file, terminal) && !file.Commit())
-        terminal.Refuse(QStringLiteral("can't be written"));
+    TerminalPrintWatcher watcher(terminal);
+    Tell(PrintToFile(run, path, watcher), terminal);
 }
 
-void SendToPrinter(
-    const PrintArguments& arguments, const std::vector<PageRecord>& pages, const Sheet& sheet, Terminal& terminal)
+void SendToPrinter(const PrintRun& run, Terminal& terminal)
 {
     terminal.SetFile(ThePrinter().Printer);
-    QTemporaryFile file;
-    if (!file.open()) {
-        terminal.Refuse(QStringLiteral("there is no place for a temporary file"));
-        return;
-    }
-    if (!WritePages(arguments, pages, sheet, file, terminal))
-        return;
-    file.close();
-    const QString error = ThePrinterSystem()->Send(ThePrinter(), TitleOf(arguments), file.fileName());
-    if (!error.isEmpty())
-        terminal.Refuse(error);
+    TerminalPrintWatcher watcher(terminal);
+    Tell(PrintToQueue(run, watcher), terminal);
 }
 
 /// The sheet of the PDF or of the chosen printer; nothing after a message.
@@ -187,7 +166,7 @@ void CtlRunPrint(const PrintArguments& arguments, Terminal& terminal)
     ReadInstrumentLimits();
     OnCloseSignal([] { Program().CloseRequested = true; }, RepeatedSignal::Kills);
     BindDocumentFiles();
-    ThePrinterSystem().Implement<CupsPrinters>();
+    UsePrinters(SystemQueues());
     if (!LoadSettings(arguments, terminal))
         return;
     const auto sheet = SheetOf(arguments, terminal);
@@ -196,15 +175,15 @@ void CtlRunPrint(const PrintArguments& arguments, Terminal& terminal)
     const QVector<WindowId> windows = OpenAll(arguments, terminal);
     if (windows.isEmpty())
         return;
-    const std::vector<PageRecord> pages = LayOutPages(arguments, windows, *sheet);
+    const PrintRun run{ LayOutPages(arguments, windows, *sheet), *sheet, TitleOf(arguments) };
     if (arguments.Layout)
-        TerminalWrite(stdout, LayoutText(*sheet, pages, windows, arguments.Files));
-    else if (pages.empty())
+        TerminalWrite(stdout, LayoutText(*sheet, run.Pages, windows, arguments.Files));
+    else if (run.Pages.empty())
         terminal.SetFailed();
     else if (arguments.Pdf.isEmpty())
-        SendToPrinter(arguments, pages, *sheet, terminal);
+        SendToPrinter(run, terminal);
     else
-        WritePdf(arguments, pages, terminal);
+        WritePdf(arguments.Pdf, run, terminal);
 }
 
 } // namespace tarvik

@@ -1,9 +1,9 @@
 #include "tools/tarvikctl/printArguments.h"
 
-#include <QCommandLineParser>
-#include <QPageSize>
+#include "print/printer/paperSizes.h"
 
-#include <algorithm>
+#include <QCommandLineParser>
+
 #include <array>
 #include <cmath>
 #include <utility>
@@ -15,27 +15,7 @@ namespace {
 
 constexpr int kLeastDpi = 36;
 constexpr int kMostDpi = 2400;
-constexpr float kPdfOffset = 0.25F;
-constexpr float kPdfDotsPerInch = 300;
 constexpr float kMostInches = 100;
-
-struct PaperName {
-    const char* Name;
-    QPageSize::PageSizeId Size;
-    const char* Keyword;
-};
-
-constexpr std::array<PaperName, 5> kPapers{ { { "A3", QPageSize::A3, "iso_a3_297x420mm" },
-    { "A4", QPageSize::A4, "iso_a4_210x297mm" }, { "A5", QPageSize::A5, "iso_a5_148x210mm" },
-    { "Letter", QPageSize::Letter, "na_letter_8.5x11in" }, { "Legal", QPageSize::Legal, "na_legal_8.5x14in" } } };
-
-PerAxis InchesOf(QPageSize::PageSizeId id)
-{
-    const QSizeF size = QPageSize(id).definitionSize();
-    const bool isMetric = QPageSize(id).definitionUnits() == QPageSize::Millimeter;
-    const double perInch = isMetric ? 25.4 : 1;
-    return { static_cast<float>(size.width() / perInch), static_cast<float>(size.height() / perInch) };
-}
 
 /// `count` numbers from 0 to kMostInches, separated by commas; empty for anything else.
 std::vector<float> LengthsOf(const QString& value, qsizetype count)
@@ -59,7 +39,7 @@ public:
     {
         result_.Paper.Offset = { kPdfOffset, kPdfOffset };
         result_.Paper.DotsPerInch = { kPdfDotsPerInch, kPdfDotsPerInch };
-        result_.Paper.Paper = InchesOf(QPageSize::A4);
+        result_.Paper.Paper = NamedPapers()[kPaperA4].Inches;
     }
 
     std::optional<PrintArguments> Run(const QStringList& words)
@@ -138,12 +118,10 @@ private:
 
     bool TakePaper(const QString& value)
     {
-        const auto* const found = std::find_if(kPapers.begin(), kPapers.end(), [&value](const PaperName& paper) {
-            return value.compare(QLatin1String(paper.Name), Qt::CaseInsensitive) == 0;
-        });
-        if (found == kPapers.end())
+        const NamedPaper* found = PaperNamed(value);
+        if (found == nullptr)
             return Fail(QStringLiteral("--paper takes A3, A4, A5, Letter or Legal"));
-        result_.Paper.Paper = InchesOf(found->Size);
+        result_.Paper.Paper = found->Inches;
         result_.PaperKeyword = QString::fromLatin1(found->Keyword);
         return true;
     }

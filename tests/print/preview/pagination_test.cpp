@@ -2,6 +2,7 @@
 #include "print/preview/pagination.h"
 
 #include "print/page/pageLayout.h"
+#include "print/page/printJob.h"
 #include "print/page/printSettings.h"
 #include "tests/support/fixture.h"
 #include "tests/support/messages.h"
@@ -202,7 +203,7 @@ TEST_F(Pagination, StoredLayoutIsThatOfTheEntries)
     Page(0).Entries[1].Outline = false;
     Page(0).Entries[1].Title = true;
     Page(0).Entries[1].Order = 77;
-    StoreLayout();
+    StoreLayout(sheet);
     const PageSlot& slot = Page(0).Layout[1];
     EXPECT_EQ(slot.Type, 2);
     EXPECT_EQ(slot.Rectangle.Left, 1);
@@ -217,6 +218,45 @@ TEST_F(Pagination, StoredLayoutIsThatOfTheEntries)
         EXPECT_EQ(Page(0).Layout[rest].Rectangle.Width, -1);
     }
     EXPECT_EQ(Page(1).Layout[0].Type, 0);
+}
+
+TEST_F(Pagination, RefilledPageIsStackedAsItWasStored)
+{
+    for (size_t at = 0; at < 3; ++at)
+        Page(0).Layout[at] = ScreenSlot();
+    BuildPages(Screens(3), sheet);
+    BringToFront(Page(0), 0); // the slots alone would bring the last one to the front
+    const auto stacked = DrawingOrder(Page(0));
+    StoreLayout(sheet);
+    const std::vector<PageRecord> printed = PagesOfPreview(sheet);
+    ASSERT_EQ(printed.size(), 1U);
+    EXPECT_EQ(DrawingOrder(printed[0]), stacked);
+    EXPECT_EQ(printed[0].FrontEntry, 0);
+    for (int turn = 0; turn < 1000; ++turn) {
+        BuildPages(Screens(3), sheet);
+        ASSERT_EQ(DrawingOrder(Page(0)), stacked) << turn;
+        StoreLayout(sheet);
+    }
+}
+
+TEST_F(Pagination, StoredOrdersStayInTheRangeOfTheSettings)
+{
+    for (size_t at = 0; at < 3; ++at)
+        Page(0).Layout[at] = ScreenSlot();
+    for (int turn = 0; turn < 1000; ++turn) {
+        BuildPages(Screens(3), sheet);
+        StoreLayout(sheet);
+        for (const PageSlot& slot : Page(0).Layout)
+            ASSERT_LE(slot.Order, 32767) << turn;
+    }
+}
+
+TEST_F(Pagination, DiagramKeepsTheRectangleOfItsSlot)
+{
+    BuildPages({ { 7, { WindowType::DataSet, { 200, 100 }, 0 } } }, sheet);
+    Page(0).Entries[0].Rectangle = { 1, 1, 5, 6 };
+    StoreLayout(sheet);
+    EXPECT_EQ(PagesOfPreview(sheet)[0].Entries[0].Rectangle, (SheetRect{ 1, 1, 5, 6 }));
 }
 
 } // namespace tarvik

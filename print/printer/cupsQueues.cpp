@@ -1,4 +1,4 @@
-#include "print/printer/cupsPrinters.h"
+#include "print/printer/queues.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -173,6 +173,31 @@ private:
     const Destination& at_;
 };
 
+struct FreeAnswer {
+    void operator()(ipp_t* answer) const
+    {
+        ippDelete(answer);
+    }
+};
+
+/// Of the answer's number, which is 0 for a job that is not known.
+JobState JobStateOf(int state)
+{
+    switch (static_cast<ipp_jstate_t>(state)) {
+    case IPP_JSTATE_PENDING:
+    case IPP_JSTATE_HELD:
+    case IPP_JSTATE_PROCESSING:
+    case IPP_JSTATE_STOPPED:
+        return JobState::Waiting;
+    case IPP_JSTATE_CANCELED:
+        return JobState::Cancelled;
+    case IPP_JSTATE_ABORTED:
+        return JobState::Failed;
+    default:
+        return JobState::Done;
+    }
+}
+
 QString LastError()
 {
     return QString::fromUtf8(cupsLastErrorString());
@@ -190,19 +215,27 @@ bool SendFile(QFile& file)
     }
 }
 
-} // namespace
+class CupsQueues final : public PrinterSystem {
+public:
+    QStringList Names() const override;
+    QString DefaultName() const override;
+    std::optional<PrinterAbilities> AbilitiesOf(const QString& printer) const override;
+    bool PrintsToFile(const QString& printer) const override;
+    SentJob Send(const PrinterChoice& choice, const QString& title, const QString& pdfPath) override;
+    JobState StateOf(const QString& printer, int job) const override;
+};
 
-QStringList CupsPrinters::Names() const
+QStringList CupsQueues::Names() const
 {
     return Destinations().Names();
 }
 
-QString CupsPrinters::DefaultName() const
+QString CupsQueues::DefaultName() const
 {
     return Destinations().DefaultName();
 }
 
-std::optional<PrinterAbilities> CupsPrinters::AbilitiesOf(const QString& printer) const
+std::optional<PrinterAbilities> CupsQueues::AbilitiesOf(const QString& printer) const
 {
     const Destinations destinations;
     const Destination at(destinations.Find(printer));
@@ -222,15 +255,20 @@ std::optional<PrinterAbilities> CupsPrinters::AbilitiesOf(const QString& printer
     return abilities;
 }
 
-QString CupsPrinters::Send(const PrinterChoice& choice, const QString& title, const QString& pdfPath)
+bool CupsQueues::PrintsToFile(const QString& /*printer*/) const
+{
+    return false;
+}
+
+SentJob CupsQueues::Send(const PrinterChoice& choice, const QString& title, const QString& pdfPath)
 {
     const Destinations destinations;
     const Destination at(destinations.Find(choice.Printer));
     if (at.Support == nullptr)
-        return LastError();
+        return { 0, LastError() };
     QFile file(pdfPath);
     if (!file.open(QIODevice::ReadOnly))
-        return file.errorString();
+        return { 0, file.errorString() };
     JobOptions options(at);
     options.Add(CUPS_MEDIA, choice.Paper.toUtf8());
     options.Add(CUPS_COPIES, QByteArray::number(choice.Copies));
@@ -243,16 +281,37 @@ QString CupsPrinters::Send(const PrinterChoice& choice, const QString& title, co
     if (cupsCreateDestJob(
             CUPS_HTTP_DEFAULT, at.Dest, at.Support.get(), &job, name.constData(), options.Count, options.Options)
         != IPP_STATUS_OK)
-        return LastError();
+        return { 0, LastError() };
     const bool isSent = cupsStartDestDocument(CUPS_HTTP_DEFAULT, at.Dest, at.Support.get(), job, name.constData(),
                             CUPS_FORMAT_PDF, 0, nullptr, 1)
             == HTTP_STATUS_CONTINUE
         && SendFile(file);
     if (cupsFinishDestDocument(CUPS_HTTP_DEFAULT, at.Dest, at.Support.get()) == IPP_STATUS_OK && isSent)
-        return {};
+        return { job, {} };
     const QString error = LastError();
     cupsCancelDestJob(CUPS_HTTP_DEFAULT, at.Dest, job);
-    return error;
+    return { 0, error };
+}
+
+JobState CupsQueues::StateOf(const QString& printer, int job) const
+{
+    char uri[HTTP_MAX_URI];
+    httpAssembleURIf(HTTP_URI_CODING_ALL, uri, sizeof(uri), "ipp", nullptr, "localhost", 0, "/printers/%s",
+        printer.toUtf8().constData());
+    ipp_t* request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri);
+    ippAddInteger(request, IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", job);
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr, "job-state");
+    const std::unique_ptr<ipp_t, FreeAnswer> answer(cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/"));
+    return JobStateOf(ippGetInteger(ippFindAttribute(answer.get(), "job-state", IPP_TAG_ENUM), 0));
+}
+
+} // namespace
+
+PrinterSystem& SystemQueues()
+{
+    static CupsQueues queues;
+    return queues;
 }
 
 } // namespace tarvik

@@ -8,6 +8,7 @@
 #include "app/state/statusBar.h"
 #include "app/text/lang.h"
 #include "app/text/textId.h"
+#include "link/documents/fileKind.h"
 #include "print/printer/jobWatch.h"
 #include "print/printer/printers.h"
 #include "screen/document/view.h"
@@ -76,11 +77,11 @@ QString TitleOf(const std::vector<PageRecord>& pages)
     return view == nullptr ? Program().ProgramTitle : view->Caption();
 }
 
-/// A file name; the user may change it.
+/// A proposal without an ending, so that it gets that of PDF files.
 QString FileNameOf(const QString& title)
 {
-    static const QString kForbidden = QStringLiteral("/\\:*?\"<>|");
-    QString name = QFileInfo(title).completeBaseName();
+    static const QString kForbidden = QStringLiteral("/\\:*?\"<>|.");
+    QString name = FileKindOf(title).IsPicture() ? QFileInfo(title).completeBaseName() : title;
     for (QChar& character : name) {
         if (kForbidden.contains(character) || !character.isPrint())
             character = u'-';

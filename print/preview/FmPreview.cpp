@@ -311,6 +311,7 @@ void FmPreview::ShowState()
     ChOutline->setChecked(selected == nullptr ? ThePrintSettings().Border : selected->Outline);
     ChTitle->setChecked(selected == nullptr ? ThePrintSettings().Title : selected->Title);
     ChBw->setChecked(page.BlackAndWhite);
+    BtAdd->setEnabled(CanAddWindows());
     BtDel->setEnabled(selected != nullptr);
     BtDflt->setEnabled(selected != nullptr);
     BtPrint->setEnabled(PagesInUse() > 0);

@@ -182,12 +182,18 @@ int OpenPages(const Sheet& sheet)
     return perPage;
 }
 
-bool AddChosenWindows(int perPage, const Sheet& sheet)
+bool CanAddWindows()
 {
     const QVector<WindowId> offered = WindowsFor(MaskAll, true);
-    const auto marked = std::find_if_not(offered.begin(), offered.end(), IsOnPresentPage);
-    if (offered.size() == 1 && marked == offered.end())
+    return offered.size() > 1 || (offered.size() == 1 && !IsOnPresentPage(offered.first()));
+}
+
+bool AddChosenWindows(int perPage, const Sheet& sheet)
+{
+    if (!CanAddWindows())
         return false;
+    const QVector<WindowId> offered = WindowsFor(MaskAll, true);
+    const auto marked = std::find_if_not(offered.begin(), offered.end(), IsOnPresentPage);
     ChooseWindows(MaskAll, true, marked == offered.end() ? WindowId{ 0 } : *marked);
     const std::vector<PageWindow> chosen = PageWindowsOf(TheScreenWindows().Chosen);
     const int before = EntriesInUse();

@@ -34,6 +34,9 @@ bool AddWindows(std::span<const PageWindow> windows, int perPage, const Sheet& s
 /// windows on a page: as many as the fullest one has.
 int OpenPages(const Sheet& sheet);
 
+/// True if AddChosenWindows has something to add or to offer.
+bool CanAddWindows();
+
 /// Offers the open windows, marking the first one that is not on the present page, and adds those that the user
 /// chooses; a single one is added without a question unless it is there. False if nothing was added.
 bool AddChosenWindows(int perPage, const Sheet& sheet);

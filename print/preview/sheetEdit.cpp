@@ -84,7 +84,7 @@ SheetChange SheetEdit::DragTo(QPoint point)
         return SheetChange::None;
     const PageEntry& entry = *Selected();
     const DragStep step{ part_, point - last_, double{ AspectOf(entry.Extent, entry.Shares) }, KeepsAspect(entry) };
-    const QRect area = PixelsOf(PrintableArea(sheet_, PresentPage().Margins), Scale());
+    const QRect area = PixelsAround(PrintableArea(sheet_, PresentPage().Margins), Scale());
     const QRect moved = Dragged(frame_, step, area);
     last_ = point;
     if (moved == frame_)

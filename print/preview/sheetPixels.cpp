@@ -86,6 +86,13 @@ QRect PixelsOf(const SheetRect& rectangle, float pixelsPerInch)
     return { cut(rectangle.Left), cut(rectangle.Top), cut(rectangle.Width), cut(rectangle.Height) };
 }
 
+QRect PixelsAround(const SheetRect& rectangle, float pixelsPerInch)
+{
+    const QRect cut = PixelsOf(rectangle, pixelsPerInch);
+    const auto end = [pixelsPerInch](float inches) { return qCeil(inches * pixelsPerInch - kCutTolerancePx); };
+    return { cut.topLeft(), QPoint(end(rectangle.Right()) - 1, end(rectangle.Bottom()) - 1) };
+}
+
 SheetRect InchesOf(const QRect& pixels, float pixelsPerInch, QSize preview)
 {
     const QRect clipped = pixels.intersected(QRect(QPoint(), preview));

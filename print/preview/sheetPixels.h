@@ -39,6 +39,9 @@ float PixelsPerInch(const Sheet& sheet, QSize preview);
 /// Inches to pixels, each value cut to a whole number.
 QRect PixelsOf(const SheetRect& rectangle, float pixelsPerInch);
 
+/// The smallest whole pixels around it, in which those of every rectangle inside it lie.
+QRect PixelsAround(const SheetRect& rectangle, float pixelsPerInch);
+
 /// The reverse, after clipping to the sheet.
 SheetRect InchesOf(const QRect& pixels, float pixelsPerInch, QSize preview);
 

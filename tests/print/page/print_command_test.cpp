@@ -242,6 +242,14 @@ TEST_F(PrintCommand, PdfFileIsAskedForAndWritten)
     EXPECT_TRUE(queues.Sent.isEmpty());
 }
 
+TEST_F(PrintCommand, ProposedFileNameKeepsTheWholeTitle)
+{
+    OpenTitled("Live Screen 22.11.2026 17:19");
+    ThePrinter().Printer = "PDF file";
+    PrintWindows(PrintMode::Active);
+    EXPECT_EQ(question.FileName, "Live Screen 22-11-2026 17-19");
+}
+
 TEST_F(PrintCommand, FolderOfThePdfFilesIsRemembered)
 {
     OpenTitled("one.png");

@@ -333,6 +333,20 @@ TEST_F(Preview, InsertOffersTheWindowsAndMarksAMissingOne)
     });
 }
 
+TEST_F(Preview, SingleWindowIsAddedWithoutQuestion)
+{
+    Child(ids[0]).close();
+    Child(ids[1]).close();
+    Run([&](FmPreview& form) {
+        EXPECT_FALSE(FindControl(form, "BtAdd").isEnabled()) << "it is on the page";
+        Click(form, "BtDel");
+        EXPECT_EQ(Page(0).Count, 0);
+        Click(form, "BtAdd");
+        EXPECT_EQ(Windows(), QVector<WindowId>{ ids[2] });
+        Click(form, "BtCancel");
+    });
+}
+
 TEST_F(Preview, FullPagePassesWindowsOn)
 {
     Run([&](FmPreview& form) {

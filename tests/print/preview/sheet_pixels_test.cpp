@@ -179,4 +179,16 @@ TEST(Drag, StepOutsideTheAreaIsRefused)
     EXPECT_EQ(move(Handle::Top, { 0, -1 }), kEntry);
 }
 
+TEST(SheetPixels, PixelsAroundAnAreaHoldThoseOfWhatIsInIt)
+{
+    EXPECT_EQ(PixelsAround({ 1, 1, 2, 1 }, 50), QRect(50, 50, 100, 50));
+    const SheetRect area{ 0.249F, 0.249F, 0.999F, 0.999F };
+    const QRect around = PixelsAround(area, 47.3F);
+    for (int step = 0; step < 100; ++step) {
+        const float left = area.Left + 0.005F * static_cast<float>(step);
+        const SheetRect inside{ left, left, area.Right() - left, area.Bottom() - left };
+        EXPECT_TRUE(around.contains(PixelsOf(inside, 47.3F))) << step;
+    }
+}
+
 } // namespace tarvik

@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionSlider>
+#include <QWindow>
 
 namespace tarvik {
 
@@ -35,6 +36,7 @@ protected:
         FmPreview form(frame.get());
         RunForm(form, [&] {
             ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+            ASSERT_TRUE(Reaches([&form] { return form.windowHandle()->frameMargins().top() > 0; })); // and in its place
             Type(form, "TbNrOfWindows", QString::number(perPage));
             during(form);
             form.Unload();
@@ -58,10 +60,10 @@ protected:
         ASSERT_TRUE(Reaches([&view] { return view.Edit().IsDragging(); }));
     }
 
-    static void PullTo(SheetView& view, QPoint at)
+    static void Pull(SheetView& view, QPoint by)
     {
         const QRect before = view.Edit().SelectedPixels();
-        XMove(view.mapToGlobal(at));
+        XDo({ "mousemove_relative", "--", QString::number(by.x()), QString::number(by.y()) });
         ASSERT_TRUE(Reaches([&] { return view.Edit().SelectedPixels() != before; }));
     }
 
@@ -82,12 +84,12 @@ TEST_F(RealPreview, DragMovesAndSizesAWindow)
         SheetView& view = View(form);
         const QRect before = Front().Pixels;
         Hold(view, before.center());
-        PullTo(view, before.center() + QPoint(0, 7));
+        Pull(view, { 0, 7 });
         LetGo(view);
         EXPECT_EQ(Front().Pixels.topLeft(), before.topLeft() + QPoint(0, 7));
         const QRect moved = Front().Pixels;
         Hold(view, moved.bottomRight());
-        PullTo(view, moved.bottomRight() - QPoint(20, 5));
+        Pull(view, { -20, -5 });
         LetGo(view);
         EXPECT_EQ(Front().Pixels.width(), moved.width() - 20);
         EXPECT_EQ(Front().Pixels.topLeft(), moved.topLeft());
@@ -100,7 +102,7 @@ TEST_F(RealPreview, EscapeDuringADragLeavesTheFormOpen)
         SheetView& view = View(form);
         const SheetRect before = Front().Rectangle;
         Hold(view, Front().Pixels.center());
-        PullTo(view, Front().Pixels.center() + QPoint(0, 7));
+        Pull(view, { 0, 7 });
         XDo({ "key", "Escape" });
         EXPECT_TRUE(Reaches([&view] { return !view.Edit().IsDragging(); }));
         XDo({ "mouseup", "1" });

@@ -75,8 +75,8 @@ void StoreSlots(PageRecord& page)
     }
 }
 
-/// True if the windows of a page, placed by its layout, are stacked as they are now. Orders beyond the range of the
-/// settings are spread anew.
+/// True if the windows of a page, placed by its layout, are stacked as they are now, and their orders are in the
+/// range of the settings.
 bool RefillsInSameOrder(const PageRecord& page, const Sheet& sheet)
 {
     std::vector<PageWindow> windows;

@@ -57,7 +57,7 @@ std::vector<Row> Vector(const Rows& rows)
 
 // A case stores a list with three used rows, 0 to 2, and names the controls of the editor: `RowEdits` are edits of
 // row 0 (the key that leaves a cell of the antenna list selects the next row), `NewRow` is one of row 4, and `Unsort`
-// moves row 0 behind all others in the order of a button.
+// moves row 0 after all others in the order of a button.
 
 struct AntennaCase {
     using Form = FmEditorAntenna;

@@ -2,9 +2,9 @@
 // one JSON object: the time of the batch in ms, and the growth of the peak memory by it in MiB.
 //
 // bench_convert EXTENSION WINDOWS FOLDER FILE...
-#include "app/frame/MfMain.h"
 #include "app/state/project.h"
 #include "app/state/statusBar.h"
+#include "bench/benchFrame.h"
 #include "bench/timing.h"
 #include "closed/loader.h"
 #include "composition.h"
@@ -13,7 +13,6 @@
 #include "link/documents/fileConvert.h"
 
 #include <QApplication>
-#include <QtTest/QTest>
 
 #include <cstdio>
 
@@ -22,8 +21,6 @@
 namespace tarvik {
 
 namespace {
-
-constexpr QSize kFrame(1400, 900);
 
 double PeakMiB()
 {
@@ -53,12 +50,7 @@ int Run(const QStringList& arguments)
             return EXIT_FAILURE;
     }
     MfMain frame(folder);
-    frame.BuildTexts();
-    Program().MainWindowState = WinState::Normal;
-    frame.ShowFrame();
-    frame.resize(kFrame);
-    Program().Started = true;
-    if (!QTest::qWaitForWindowActive(&frame))
+    if (!ShowBenchFrame(frame))
         return EXIT_FAILURE;
 
     FileConvert().TargetFolder = arguments[3];

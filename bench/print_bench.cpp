@@ -3,8 +3,7 @@
 // ms, and the growth of the peak memory by ten and by a hundred pages in MiB.
 //
 // bench_print FOLDER
-#include "app/frame/MfMain.h"
-#include "app/state/project.h"
+#include "bench/benchFrame.h"
 #include "bench/paintWatch.h"
 #include "bench/receiverScreen.h"
 #include "bench/timing.h"
@@ -34,7 +33,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr QSize kFrame(1400, 900);
 constexpr int kRounds = 7;
 constexpr int kFewPages = 10;
 constexpr int kManyPages = 100;
@@ -180,12 +178,7 @@ int Run(const QString& target)
             return EXIT_FAILURE;
     }
     MfMain frame(folder);
-    frame.BuildTexts();
-    Program().MainWindowState = WinState::Normal;
-    frame.ShowFrame();
-    frame.resize(kFrame);
-    Program().Started = true;
-    if (!QTest::qWaitForWindowActive(&frame))
+    if (!ShowBenchFrame(frame))
         return EXIT_FAILURE;
     OpenWindows();
     Compare(1, 1, target); // the first time also loads fonts

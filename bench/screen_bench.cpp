@@ -1,8 +1,7 @@
 // bench/screen_bench.cpp: document windows in the frame: from a PNG file to its painted window, compared with decoding
 // the file; redrawing the window, compared with a bare widget that paints the same picture; arranging 100 windows,
 // compared with 100 bare windows with such widgets. Prints one JSON object in ms: medians, and the slowest arrangement.
-#include "app/frame/MfMain.h"
-#include "app/state/project.h"
+#include "bench/benchFrame.h"
 #include "bench/receiverScreen.h"
 #include "bench/timing.h"
 #include "closed/loader.h"
@@ -32,7 +31,6 @@ namespace tarvik {
 
 namespace {
 
-constexpr QSize kFrame(1400, 900); // larger than picture and window borders
 constexpr int kRounds = 25;
 constexpr int kWindows = 100;
 constexpr int kTimeoutMs = 30000;
@@ -332,12 +330,7 @@ int main(int argc, char** argv)
     }
     const QTemporaryDir files;
     MfMain frame(folder);
-    frame.BuildTexts();
-    Program().MainWindowState = WinState::Normal;
-    frame.ShowFrame();
-    frame.resize(kFrame);
-    Program().Started = true;
-    if (!QTest::qWaitForWindowActive(&frame))
+    if (!ShowBenchFrame(frame))
         return 1;
     ScreenBench bench(files.path());
     if (!bench.StoreFile())
